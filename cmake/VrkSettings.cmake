@@ -1,0 +1,42 @@
+# Settings of every target: the language, the warnings, the sanitizers, the linker.
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOUIC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+# All libraries and programs of a build tree lie in one place each, as they do when installed.
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
+endif()
+
+find_program(VRK_CCACHE ccache)
+if(VRK_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${VRK_CCACHE}")
+endif()
+
+add_library(vrk_settings INTERFACE)
+target_compile_options(vrk_settings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Woverloaded-virtual -Wnon-virtual-dtor
+    -Wsuggest-override -Werror)
+target_compile_definitions(vrk_settings INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_MESSAGELOGCONTEXT)
+if(VRK_SANITIZE)
+    target_compile_options(vrk_settings INTERFACE -fsanitize=${VRK_SANITIZE} -fno-sanitize-recover=all
+                           -fno-omit-frame-pointer)
+    target_link_options(vrk_settings INTERFACE -fsanitize=${VRK_SANITIZE})
+endif()
+
+find_program(VRK_MOLD mold)
+if(VRK_MOLD)
+    target_link_options(vrk_settings INTERFACE -fuse-ld=mold)
+endif()

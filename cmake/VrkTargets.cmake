@@ -1,0 +1,37 @@
+# The build's own vocabulary.
+#
+#   vrk_floor(NAME USES floor... LINKS target...)
+#       One floor of the platform, from all sources of the current folder: the object library vrk_NAME with its
+#       folder as include directory. It sees the headers of the floors it USES, and of no others.
+#
+#   vrk_testing_library(NAME floor...)
+#       The objects of the floors once more as a static library, so that tests reach what the shared libraries hide.
+#       Never link it into a program that also links the shared libraries.
+
+function(vrk_floor name)
+    cmake_parse_arguments(ARG "" "" "USES;LINKS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h"
+         "${CMAKE_CURRENT_SOURCE_DIR}/*.ui" "${CMAKE_CURRENT_SOURCE_DIR}/*.qrc")
+    add_library(vrk_${name} OBJECT ${sources})
+    target_include_directories(vrk_${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+    foreach(floor IN LISTS ARG_USES)
+        target_include_directories(vrk_${name} PUBLIC
+            "$<TARGET_PROPERTY:vrk_${floor},INTERFACE_INCLUDE_DIRECTORIES>")
+    endforeach()
+    target_link_libraries(vrk_${name} PUBLIC ${ARG_LINKS} PRIVATE vrk_settings)
+    set_target_properties(vrk_${name} PROPERTIES LINKER_LANGUAGE CXX)
+endfunction()
+
+function(vrk_testing_library name)
+    set(objects)
+    add_library(${name} STATIC)
+    target_link_libraries(${name} PUBLIC vrk_settings)
+    foreach(floor IN LISTS ARGN)
+        target_sources(${name} PRIVATE $<TARGET_OBJECTS:vrk_${floor}>)
+        target_include_directories(${name} PUBLIC
+            "$<TARGET_PROPERTY:vrk_${floor},INTERFACE_INCLUDE_DIRECTORIES>")
+        target_link_libraries(${name} PUBLIC
+            "$<TARGET_PROPERTY:vrk_${floor},INTERFACE_LINK_LIBRARIES>")
+    endforeach()
+    set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+endfunction()

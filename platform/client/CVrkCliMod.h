@@ -1,0 +1,95 @@
+#pragma once
+
+#include "HFNCliParam.h"
+#include "VrkExport.h"
+
+#include <QAbstractButton>
+#include <QIcon>
+#include <QMainWindow>
+#include <QVariant>
+#include <QVariantList>
+#include <deque>
+
+class CVrkCliApp;
+class CVrkCliSes;
+
+/// Base of all modules: a window that the host drives through the virtual operations below. Their order is part of
+/// the contract with plug-ins and must not change.
+class VRK_EXPORT CVrkCliMod : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit CVrkCliMod(CVrkCliApp* app);
+    ~CVrkCliMod() override;
+
+    /// Takes a log line; the module that is the application's log sink gets those of all modules.
+    virtual void LogFile(int level, QString func, QString text);
+    virtual bool ModuleStart();
+    virtual void ModuleStop();
+    /// The host's knock: change events wait. Modules answer with MessageGet().
+    virtual int MessageOn();
+    /// One message. The block belongs to the caller.
+    virtual int MessageData(HFNCliParam* block);
+    virtual void SetError(QString text);
+    virtual void SetParamMod(QString name, QString value);
+    virtual void GetParamMod(QString name, QString& value);
+    virtual int SetParamCommand(QString command);
+    virtual int SetParamProfile(QString profile);
+    virtual QString GetParamProfile();
+    virtual void SetParamState(QString state);
+    virtual QString GetParamState();
+    virtual void ParentResizeOn(int width, int height);
+    virtual QVariantList GetAlarmsList();
+    virtual void AppIdleEvent();
+    virtual void ModSesReconnect();
+    virtual void ModDataEditPost();
+    virtual void ModDataEditCancel();
+
+public slots:
+    virtual void slot_modNotify(QString name, QVariant value);
+    virtual void slot_toolFinished();
+    virtual void slot_popMessageBoxClicked(QAbstractButton* button);
+    virtual void slot_endRestructure();
+
+public:
+    CVrkCliApp* app() const { return m_app; }
+    /// The application's session.
+    CVrkCliSes* session() const;
+    /// The module that receives the log lines of all; this one when the host named none.
+    CVrkCliMod* logSink();
+
+    void SetModTitle(QString title, QString subtitle);
+    /// Edit state: the title gets a star, and the host asks before it closes the window.
+    void SetIsEdit(bool edit);
+    bool isEdit() const { return m_edit; }
+    QString moduleTitle() const { return m_title; }
+    /// The host's named icons: a resource path as it stands, a bare name under ":/vrk/". Null icon when unknown.
+    QIcon icon(const QString& name);
+    /// The look that all modules share.
+    void setModuleStyle();
+    /// Delivers this module's waiting events through MessageData, in order, and returns their count. Does nothing
+    /// when called from inside a delivery or a request.
+    int MessageGet();
+
+signals:
+    void titleChanged(const QString& title, const QString& subtitle);
+    void editStateChanged(bool edit);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+    CVrkCliApp* m_app;
+    QString m_name;
+
+private:
+    friend class CVrkCliApp;
+
+    std::deque<HFNCliParam*> m_waiting; ///< blocks shared with other modules are counted by the application
+    QString m_title;
+    QString m_subtitle;
+    bool m_edit = false;
+};
+
+/// What a plug-in exports under this plain name: makes the module called \a name, or gives null.
+using CppCliModuleFunction = CVrkCliMod* (*)(CVrkCliApp* app, const char* name);

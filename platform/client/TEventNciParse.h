@@ -1,0 +1,20 @@
+#pragma once
+
+#include "HFNCliParam.h"
+#include "MDArray.h"
+
+#include <QString>
+
+/// Numbers of change events.
+enum EventNumber { EventInserted = 601, EventChanged = 602, EventDeleted = 603 };
+
+/// A change event taken apart once, for all that look at it. The pointers point into the parameter block.
+struct TEventNciParse {
+    HFNCliParam* parameterBlock = nullptr;
+    int eventNumber = 0;
+    char* recordKey = nullptr;  ///< KeyLink of the row
+    char* sourceText = nullptr; ///< "NCI:<Table>,<number>"
+    QString tableName;          ///< empty when the source text has no comma
+    MDRRecordType recordType;   ///< fields of recordData; empty for 603
+    MDRData recordData;         ///< the row as sent, with marks on the changed fields
+};

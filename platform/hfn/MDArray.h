@@ -1,0 +1,235 @@
+#pragma once
+
+/// Record arrays: in-memory tables of typed fields whose records carry change flags and are ordered by keys.
+///
+/// Conventions of this floor
+/// 1. Nothing throws. Operations return a code (MDRCode, 0 is success) or a pointer that is null on failure.
+/// 2. Null handles, foreign records and indexes out of range are answered by a code or null, never by a crash.
+/// 3. An array owns its records and its fields' descriptions. A record's address never changes until it is deleted.
+/// 4. Field numbers, key numbers and positions count from 0.
+/// 5. Text is bytes of the session's code page, NUL-terminated, its length told apart; times are HfnTime (HfnTime.h).
+/// 6. All use is on one thread; there are no locks.
+
+#include "VrkExport.h"
+
+#include <QByteArray>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+class MDArray;
+struct HFNCliParam;
+
+/// Type codes of fields and values. The numbers stand in descriptor rows and in packed bytes.
+enum MDRType : std::uint8_t {
+    mdr_TNone = 0,   ///< no value
+    mdr_TBool = 1,   ///< boolean, in MDRVar::value.number
+    mdr_TByte = 2,   ///< unsigned byte, in MDRVar::value.number
+    mdr_TInt32 = 5,  ///< signed 32-bit integer, in MDRVar::value.number
+    mdr_TDouble = 8, ///< double, in MDRVar::value.real; all times
+    mdr_TChar = 9,   ///< text of an advised width, in MDRVar::value.text
+    mdr_TMemo = 10,  ///< long text, in MDRVar::value.text
+    mdr_TBlob = 11,  ///< binary data, in MDRVar::value.text
+};
+
+/// Codes of array operations.
+enum MDRCode : int {
+    mdr_Ok = 0,
+    mdr_Invalid = -1,      ///< a null handle, a position out of range, a malformed descriptor
+    mdr_TypeMismatch = -2, ///< a value that the field's type cannot take
+    mdr_Assign = -3,       ///< an answer was void or the array's own (CMDArray::assign)
+    mdr_Full = -4,         ///< more fields or keys than an array can have
+    mdr_Foreign = -5,      ///< the record belongs to another array
+    mdr_Packed = -6,       ///< packed bytes that are damaged, truncated or of another version
+    mdr_Source = -7,       ///< the bytes of a stored blob could not be fetched
+};
+
+/// Flags of a record: what CVrkCliSes::SqlUpdate does with it.
+enum MDRFlag : std::uint8_t {
+    ROW_INSERT = 1, ///< a new row
+    ROW_UPDATE = 2, ///< the fields with the user mark are written; the key field names the row
+    ROW_DELETE = 4, ///< the row with this key is removed
+};
+
+/// One row of a descriptor table, as constant tables of fields hold it: 66 bytes without padding.
+struct MDRFieldDescr {
+    char name[64];      ///< NUL-padded, ASCII
+    std::uint8_t width; ///< bytes of a mdr_TChar field, 0 for all other kinds
+    std::uint8_t type;  ///< MDRType
+};
+static_assert(sizeof(MDRFieldDescr) == 66, "descriptor rows are packed");
+
+/// Description of a key: field names joined by ';', each optionally followed by ":0x4" for falling order, as in
+/// "DepartmentKey;startTime:0x4". An empty text is the order of entry.
+struct MDRKeyDescr {
+    char fields[384];
+    int flags;
+};
+
+/// Handle of a field: its name, its type and its ordinal. It works on every record that has a field of this type at
+/// this ordinal, so handles of one array may be used on records of another with the same leading fields. The name is
+/// the first member: a handle also reads as its name.
+struct MDRField {
+    char name[64];
+    std::uint8_t width;
+    std::uint8_t type;
+    std::uint8_t ordinal;
+};
+
+/// A value in transit. The pointer of a text or blob that MDRGetVal hands out points into the record and is valid
+/// until the record changes.
+struct MDRVar {
+    struct Text {
+        std::int32_t length;
+        const char* data;
+    };
+    union Value {
+        std::int32_t number; ///< mdr_TInt32, mdr_TByte, mdr_TBool
+        double real;         ///< mdr_TDouble
+        Text text;           ///< mdr_TChar, mdr_TMemo, mdr_TBlob
+    };
+
+    std::uint8_t type = mdr_TNone;
+    std::uint8_t isNull = 0;
+    Value value = {};
+};
+
+/// One record. Arrays make and own them (MDARecNew); a stand-alone one on the stack is prepared with MDRRecInit and
+/// filled from packed bytes with MDRRecSet. Its destructor frees what it holds.
+struct VRK_EXPORT MDRData {
+    struct Body; ///< values, null states and user marks, in one allocation
+
+    MDRData() = default;
+    ~MDRData();
+    MDRData(const MDRData&) = delete;
+    MDRData& operator=(const MDRData&) = delete;
+
+    MDArray* owner = nullptr; ///< null for a stand-alone record and for a deleted one
+    std::uint8_t flags = 0;   ///< MDRFlag
+    std::uint8_t state = 0;   ///< fresh, posted, edited: kept by the array
+    std::uint64_t entry = 0;  ///< place in the order of entry: kept by the array
+    Body* body = nullptr;
+    MDRData* origin = nullptr; ///< of an edited version: the posted record that it will replace
+};
+
+/// Field descriptions derived from a packed record (MDRTypGen). Read them with MDRFldByName and MDRFldByNum.
+struct VRK_EXPORT MDRRecordType {
+    MDRRecordType() = default;
+    ~MDRRecordType();
+    MDRRecordType(const MDRRecordType&) = delete;
+    MDRRecordType& operator=(const MDRRecordType&) = delete;
+
+    int count = 0;
+    MDRField* fields = nullptr; ///< owned
+};
+
+/// Where a blob's bytes come from when they stay in the store until they are read.
+class VRK_EXPORT MDRBlobSource
+{
+public:
+    virtual ~MDRBlobSource();
+    /// Fetches the bytes; false when they are gone or the store does not answer.
+    virtual bool read(QByteArray& bytes) const = 0;
+};
+
+/// Records in order of entry, as an index or a key hands them out. Valid until the array changes.
+struct MDRRange {
+    MDRData* const* data = nullptr;
+    std::size_t count = 0;
+    MDRData* const* begin() const { return data; }
+    MDRData* const* end() const { return data + count; }
+};
+
+/// \name Arrays
+/// @{
+VRK_EXPORT int MDACreate(MDArray** array, int reserved);
+VRK_EXPORT void MDADestroy(MDArray* array);
+/// Appends \a count fields in order; mdr_Full beyond 255. Records that are already there get them as null.
+VRK_EXPORT int MDAFldAdd(MDArray* array, int count, const MDRFieldDescr* fields);
+/// Adds a key as the last one (\a count is 1) and orders all records by it.
+VRK_EXPORT int MDAKeyAdd(MDArray* array, int count, const MDRKeyDescr* key);
+VRK_EXPORT int MDAKeyDel(MDArray* array, int key);
+/// Number of fields, 0 to 255.
+VRK_EXPORT int MDAFldCount(const MDArray* array);
+VRK_EXPORT int MDAKeyCount(const MDArray* array);
+/// Number of records that \a key sees: all of them. 0 when there is no such key.
+VRK_EXPORT int MDAKeyRecCount(const MDArray* array, int key);
+/// The record at a position of a key's order, or null. O(1) or O(log n).
+VRK_EXPORT MDRData* MDARec(const MDArray* array, int key, int position);
+/// The position of a posted record in a key's order, or -1. O(log n).
+VRK_EXPORT int MDARecPos(const MDArray* array, int key, const MDRData* record);
+/// A fresh record: all fields null, in no key yet. Post it or discard it with MDARecDel.
+VRK_EXPORT MDRData* MDARecNew(MDArray* array);
+/// An editable version of a posted record with its values, flags and user marks. A second call hands out the same
+/// version, fresh again; an edit may be abandoned. The posted record is unchanged until MDARecPost.
+VRK_EXPORT MDRData* MDARecEdit(MDRData* record);
+/// Enters a fresh record into all keys, or swaps an edited version into the record it came from, which keeps its
+/// address and its place in the order of entry. \a posted gets the final address.
+VRK_EXPORT int MDARecPost(MDRData* record, MDRData** posted);
+/// Removes a posted record, or discards a fresh one. Its pointer may still be asked with MDARecArr, which gives null.
+VRK_EXPORT int MDARecDel(MDRData* record);
+/// Exact search: \a values holds as many values side by side as the key has fields. Null when nothing is found, the
+/// key has no fields, or a value is null. Of equal ones the first in order of entry.
+VRK_EXPORT MDRData* MDARecSeekV(const MDArray* array, int key, const MDRVar* values, int reserved);
+/// All records whose field holds this text, in order of entry, found through an index that the array makes at the
+/// first call and keeps current. Made for fields that are no key of the array.
+VRK_EXPORT MDRRange MDARecsWith(MDArray* array, const char* field, const char* text);
+/// The array that owns the record; null for a deleted or stand-alone record.
+VRK_EXPORT MDArray* MDARecArr(const MDRData* record);
+/// Removes all records, keeps fields and keys.
+VRK_EXPORT int MDAClearRec(MDArray* array);
+/// Removes records, keys and fields.
+VRK_EXPORT int MDAClearAll(MDArray* array);
+/// Replaces the destination's fields, and with \a flag 1 its records, by the source's. A destination with keys keeps
+/// them, sorted anew; one without takes the source's. Blobs that stay in the store are not fetched.
+VRK_EXPORT int MDACopy(MDArray* destination, const MDArray* source, int flag);
+/// Makes an array received from the server writable. Answers arrive writable here, so it does nothing but check.
+VRK_EXPORT int MDAUnpackForWrite(MDArray* array);
+/// Fills a freshly created array from the packed form, a NUL-terminated ASCII text. mdr_Packed leaves it empty.
+VRK_EXPORT int HFNArrayUnPack(MDArray* array, const char* packed, int flag);
+/// The packed form of an array: fields, keys, records with values, flags and marks.
+VRK_EXPORT QByteArray HFNArrayPack(const MDArray* array);
+/// @}
+
+/// \name Fields and records
+/// @{
+/// Field by name, ASCII case ignored, or null.
+VRK_EXPORT const MDRField* MDRFldByName(const MDArray* array, const char* name);
+VRK_EXPORT const MDRField* MDRFldByName(const MDRRecordType* type, const char* name);
+VRK_EXPORT const MDRField* MDRFldByNum(const MDArray* array, int index);
+VRK_EXPORT const MDRField* MDRFldByNum(const MDRRecordType* type, int index);
+/// Fills the value; null fields give the field's type and isNull 1. A blob in the store is fetched here.
+VRK_EXPORT int MDRGetVal(const MDRField* field, const MDRData* record, MDRVar* value);
+/// Stores the value, text is copied. isNull with any type stores null; text kinds convert among themselves and so do
+/// numbers; anything else is mdr_TypeMismatch. Posted records are changed in their keys too.
+VRK_EXPORT int MDRSetVal(const MDRField* field, MDRData* record, const MDRVar* value);
+VRK_EXPORT int MDRSetUser(const MDRField* field, MDRData* record, int mark);
+VRK_EXPORT int MDRIsUser(const MDRField* field, const MDRData* record, bool* mark);
+VRK_EXPORT int MDRIsNull(const MDRField* field, const MDRData* record, bool* null);
+/// Replaces the flags of the record.
+VRK_EXPORT int MDRSetFlags(MDRData* record, int flags);
+/// Leaves a blob in the store: \a length bytes that \a source fetches when MDRGetVal asks for them.
+VRK_EXPORT int MDRSetBlobSource(const MDRField* field, MDRData* record, std::int32_t length,
+                                std::shared_ptr<const MDRBlobSource> source);
+/// Length of a blob without fetching it; 0 for null.
+VRK_EXPORT int MDRBlobLength(const MDRField* field, const MDRData* record, std::int32_t* length);
+/// @}
+
+/// \name Parameter blocks and packed records
+/// @{
+VRK_EXPORT int MDRGetAsInt32(const MDRField* field, const HFNCliParam* block, int* value);
+/// The text points into the block.
+VRK_EXPORT int MDRGetTextPtr(const MDRField* field, const HFNCliParam* block, char** text);
+/// The bytes point into the block.
+VRK_EXPORT int MDRGetTextRef(const MDRField* field, const HFNCliParam* block, int* length, const char** data);
+
+VRK_EXPORT void MDRTypInit(MDRRecordType* type);
+/// Derives the field description from a record that MDRRecSet filled. \a source is "NCI".
+VRK_EXPORT int MDRTypGen(MDRRecordType* type, const char* source, const MDRData* record);
+VRK_EXPORT void MDRTypFree(MDRRecordType* type);
+VRK_EXPORT void MDRRecInit(MDRData* record);
+/// Fills a stand-alone record from packed bytes; mdr_Packed leaves it empty.
+VRK_EXPORT int MDRRecSet(MDRData* record, const char* packed, int length);
+/// The packed form of one record, with its field descriptions, flags and marks.
+VRK_EXPORT QByteArray MDRRecPack(const MDRData* record);
+/// @}

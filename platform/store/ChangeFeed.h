@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Store.h"
+
+#include <QObject>
+#include <QTimer>
+
+/// Follows the change log of a store: wakes up on hints, reads what came after its position and hands it on, every
+/// change once and in order of commit. The hint is only a hint: a slow poll stands behind it.
+class ChangeFeed : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \a store must outlive the feed.
+    explicit ChangeFeed(Store* store, QObject* parent = nullptr);
+
+    /// Begins behind the present end of the log.
+    bool start(StoreError* error);
+    void stop();
+    ChangePosition position() const { return m_position; }
+    /// An own write was committed: read soon, from the event loop and never from inside the request.
+    void wake();
+    /// Reads now; returns the number of changes delivered.
+    int poll();
+
+signals:
+    void arrived(const QVector<StoreChange>& changes);
+    /// The link is gone; the feed goes on trying and says found() when it has caught up.
+    void lost(const StoreError& error);
+    void found();
+    /// The history is another one: modules must start anew.
+    void restarted();
+
+private:
+    Store* m_store;
+    ChangePosition m_position;
+    QTimer m_timer;
+    bool m_lost = false;
+};

@@ -1,0 +1,112 @@
+#pragma once
+
+#include "MDArray.h"
+#include "StoreError.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QVariant>
+#include <QVector>
+#include <memory>
+#include <vector>
+
+class QTextCodec;
+
+/// Where a reader of the change log stands. Numbers are contiguous within an epoch, one for each transaction, in the
+/// order of commits; the epoch changes when the history is another (a restore).
+struct ChangePosition {
+    QByteArray epoch;
+    qint64 number = 0;
+};
+
+/// One changed row out of the change log.
+struct StoreChange {
+    qint64 number = 0;       ///< of the transaction
+    int event = 0;           ///< 601 inserted, 602 changed, 603 deleted
+    QByteArray table;        ///< its declared name
+    QByteArray key;          ///< KeyLink of the row
+    QByteArray packedRecord; ///< for MDRRecSet: all fields in order, marks on the changed ones; empty for 603
+};
+
+/// A login that the store knows.
+struct StoreLogin {
+    QByteArray key; ///< row of Users
+    QString login;
+    QString name; ///< person's name as shown
+};
+
+/// A department in which a login has a live row in Workers.
+struct StoreDepartment {
+    QByteArray key;
+    QString name;
+    QByteArray organizationKey;
+    QString organizationName;
+};
+
+/// Flagged records of one table, in the order in which they are to be written.
+struct StoreWrite {
+    QByteArray table;
+    const MDArray* records = nullptr;
+};
+
+/// Everything that a session asks of a database. One connection, one thread. Texts in records are bytes of the
+/// store's code page; the database holds Unicode, and the store converts both ways.
+class Store
+{
+public:
+    struct Options {
+        int deadlineMs = 15000;     ///< of one request
+        bool createMissing = false; ///< only StoreAdmin::init makes new stores
+        bool loader = false;        ///< the role of imports and demo data, outside the rules of the journal
+    };
+
+    /// Opens "sqlite:///absolute/path" or "postgresql://...". Null, and \a error says why.
+    static std::unique_ptr<Store> open(const QString& url, const Options& options, StoreError* error);
+    virtual ~Store() = default;
+
+    /// Code page of the texts in records; a property of the store.
+    virtual QTextCodec* codec() const = 0;
+    /// IANA name of the time zone in which the store's times are shown and typed.
+    virtual QByteArray timeZone() const = 0;
+
+    /// The logins that may be chosen without a password; empty where the engine has its own authentication.
+    virtual QVector<StoreLogin> logins() = 0;
+    /// Makes \a login the one that writes are judged by and logged under. False: no such login.
+    virtual bool signIn(const QString& login, StoreLogin* user, StoreError* error) = 0;
+    /// Departments of a login, by name.
+    virtual QVector<StoreDepartment> departments(const QByteArray& userKey) = 0;
+    virtual bool hasRight(const QByteArray& right) = 0;
+    /// The server's present time as HfnTime; 0 when it cannot be had.
+    virtual double serverTime() = 0;
+
+    /// Runs one select, read-only, as it stands. The answer, owned by the caller, has the declared field names and
+    /// types and the order-of-entry key, also when it has no rows. Blobs stay in the store until they are read.
+    virtual MDArray* select(const QByteArray& sqlUtf8, StoreError* error) = 0;
+    /// Writes all batches in one transaction, in their order. \a batchKey is kept in the change log and makes a
+    /// repeated call with the same key do nothing. Success means: on the disk.
+    virtual bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error) = 0;
+
+    /// The end of the change log at this moment.
+    virtual bool position(ChangePosition* position, StoreError* error) = 0;
+    /// Appends the changes after \a position, whole transactions in order of commit, at most about \a limit rows, and
+    /// moves the position on. False with Lost, or with NotAStore when the history is another one.
+    virtual bool changesAfter(ChangePosition* position, int limit, QVector<StoreChange>* changes,
+                              StoreError* error) = 0;
+    /// Cheap: true when somebody may have written since the last call.
+    virtual bool hasNews() = 0;
+
+    /// A named file of the store, such as folder "options", name "OperLogOptions". False when it is not there.
+    virtual bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* error) = 0;
+
+    /// \name What server scripts see: a table ordered by one of the keys that the store declares for it (key 0 is
+    /// KeyLink, key 1 of LogbookWorkshifts is "DepartmentKey;startTime:0x4"), within one consistent read.
+    /// @{
+    virtual bool beginRead(StoreError* error) = 0;
+    virtual void endRead() = 0;
+    virtual qint64 rowCount(const QByteArray& table) = 0;
+    /// Index of the first row that is not ordered before \a values; rowCount() when all are.
+    virtual qint64 seek(const QByteArray& table, int key, const QVariantList& values, bool* exact) = 0;
+    /// Fields of the row at an index by declared name; texts as Unicode, null fields invalid.
+    virtual QVariantMap row(const QByteArray& table, int key, qint64 index) = 0;
+    /// @}
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Store.h"
+
+#include <QStringList>
+
+/// What an administrator does with a store; vrk-admin is a thin shell over it.
+namespace StoreAdmin
+{
+/// Version of the schema that this program writes and reads.
+int schemaVersion();
+
+/// Makes a new, empty store; refuses to touch anything that is already there.
+bool init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error);
+
+/// One finding of a check.
+struct Finding {
+    enum Grade { Note, Fault } grade = Fault;
+    QString text;
+};
+/// Looks through the whole store: integrity of the file, references, states of records, the change log and its chain.
+/// An empty answer, or notes only, is a clean store. False when the check itself could not be done.
+bool check(const QString& url, QVector<Finding>* findings, StoreError* error);
+
+/// Copies a store in use into a new file and checks the copy.
+bool backup(const QString& url, const QString& file, StoreError* error);
+
+/// \name Logins, rights, files
+/// @{
+bool addUser(const QString& url, const QString& login, const QString& name, StoreError* error);
+bool removeUser(const QString& url, const QString& login, StoreError* error);
+bool grant(const QString& url, const QString& login, const QByteArray& right, bool given, StoreError* error);
+QVector<QByteArray> rights(const QString& url, const QString& login, StoreError* error);
+bool putFile(const QString& url, const QString& folder, const QString& name, const QByteArray& content,
+             StoreError* error);
+QStringList files(const QString& url, StoreError* error);
+bool removeFile(const QString& url, const QString& folder, const QString& name, StoreError* error);
+/// @}
+} // namespace StoreAdmin

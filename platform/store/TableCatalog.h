@@ -1,0 +1,29 @@
+#pragma once
+
+#include "MDArray.h"
+
+#include <QByteArray>
+#include <QVector>
+
+/// One column as the store declares it, in the order of the descriptor table.
+struct CatalogField {
+    QByteArray name;
+    MDRType type;
+    int width;
+};
+
+/// One table of the store.
+struct CatalogTable {
+    QByteArray name;
+    QVector<CatalogField> fields;
+    QVector<QByteArray> keys; ///< in the format of MDRKeyDescr; key 0 is "KeyLink"
+};
+
+/// All tables that the store offers, under their declared names: the journal's, the reference tables, the tables of
+/// the earlier journal. The schema of both engines, the names in answers and events, and the checks come from here.
+namespace TableCatalog
+{
+const QVector<CatalogTable>& tables();
+/// By name, ASCII case ignored; null when there is no such table.
+const CatalogTable* table(const QByteArray& name);
+} // namespace TableCatalog
