@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that a step needs and that are not there yet: dependencies.sh build|test|check ...
+set -euo pipefail
+
+build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclarative5-dev libsqlite3-dev librsvg2-bin
+       fonts-dejavu-core fonts-liberation tzdata ca-certificates"
+test="libboost-dev sqlite3 python3"
+check="clang-format-14 git"
+bench="libbenchmark-dev"
+
+wanted=()
+for step in "$@"; do
+    read -ra names <<<"$(eval echo "\$$step")"
+    wanted+=("${names[@]}")
+done
+
+missing=()
+for package in "${wanted[@]}"; do
+    [[ "$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null)" == "install ok installed" ]] || missing+=("$package")
+done
+[[ ${#missing[@]} -eq 0 ]] && exit 0
+
+as_root=()
+if [[ $(id -u) -ne 0 ]]; then
+    command -v sudo >/dev/null || {
+        echo "These packages are missing and only root can install them: ${missing[*]}" >&2
+        exit 1
+    }
+    as_root=(sudo)
+fi
+echo "Installing ${#missing[@]} packages: ${missing[*]}"
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+if ! { "${as_root[@]}" apt-get update -qq &&
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+        "${missing[@]}"; } >"$log" 2>&1; then
+    cat "$log" >&2
+    echo "The packages could not be installed." >&2
+    exit 1
+fi
