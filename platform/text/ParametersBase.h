@@ -1,0 +1,29 @@
+#pragma once
+
+#include "VrkExport.h"
+
+#include <QByteArray>
+
+class CModelTable;
+class CVrkCliMod;
+
+/// Knows the standard parameters of templates: the base parameters with their groups, and the parameters of
+/// equipment. It adds them to the parameter tables in memory; the rows carry no flag, so that they are never
+/// sent to the server.
+class VRK_EXPORT ParametersBase
+{
+public:
+    /// Texts are made in the code page of the module's session.
+    explicit ParametersBase(CVrkCliMod* module);
+
+    /// Adds the groups to \a categories (TemplateParamCategories) and the parameters to \a parameters
+    /// (TemplateParams): keys "$base.<name>", each html one parameter. Rows that are there already stay as
+    /// they are. True adds the parameters of equipment as well.
+    void createBaseParameters(CModelTable* categories, CModelTable* parameters, bool withEquipment);
+    /// Adds the parameters of equipment to \a table, under the group with this key, or their own for an empty
+    /// key. A table without fields gets those of TemplateParams and the order of entry.
+    void createBaseEquipmentsParameter(CModelTable* table, QByteArray categoryKey);
+
+private:
+    CVrkCliMod* m_module;
+};

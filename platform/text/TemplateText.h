@@ -1,0 +1,36 @@
+#pragma once
+
+#include "VrkExport.h"
+
+#include <QString>
+#include <QTextCharFormat>
+#include <QVector>
+
+class QTextDocument;
+
+/// What a reader sees of the html of a template or a record. All functions take the html decoded from the
+/// session's code page. They know what template texts are made of: paragraphs and line breaks, bold, italic,
+/// underlined, struck-out, raised and lowered passages, parameters. Everything else in the markup is passed
+/// over; colours and fonts are those of the theme.
+namespace TemplateText
+{
+/// A passage of one look.
+struct Run {
+    QString text;           ///< line breaks are "\n", no-break blanks stand as such
+    QTextCharFormat format; ///< only what the markup asks for
+    int parameter = -1;     ///< index of the parameter whose shown text this is, -1 outside of parameters
+};
+
+/// The visible passages in order. Each parameter has at least one run, an empty one when it shows nothing.
+VRK_EXPORT QVector<Run> runs(const QString& html);
+
+/// The visible text in one string: parameters with their shown texts, no-break blanks as blanks. Made for
+/// role 0, search, sorting and copying; a few microseconds a record.
+VRK_EXPORT QString plain(const QString& html);
+
+/// Replaces the document's content by the rendered text, for painting and measuring. \a parameter is laid
+/// over the look of shown texts of parameters. Font, width and margin are the document's own. No undo, no
+/// layout happens here.
+VRK_EXPORT void fill(QTextDocument* document, const QString& html,
+                     const QTextCharFormat& parameter = QTextCharFormat());
+} // namespace TemplateText
