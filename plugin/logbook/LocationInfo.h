@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QMap>
+#include <QObject>
+#include <QString>
+
+class CModelTable;
+class CStringParams;
+
+/// Who and where the user is: login, worker, department, organization, type of organization; and the way to
+/// the reference tables that all tabs share. Filled once; later changes of the tables do not change the keys.
+class LocationInfo : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit LocationInfo(QObject* parent = nullptr);
+
+    /// Enter a reference table under its name. The tables are not owned.
+    void setWorkersTable(CModelTable* table);
+    void setDepartmentsTable(CModelTable* table);
+    void setOrganizationsTable(CModelTable* table);
+    void setOrgTypesTable(CModelTable* table);
+    /// The reference table of this name, or null.
+    CModelTable* table(const QString& name) const;
+
+    /// Takes the keys from the login's parameters and looks the rest up in the tables, which must be set.
+    void init(const CStringParams& params);
+    /// True when user, worker, department or organization is not known.
+    bool hasError() const;
+    /// What is not known, in the user's words: the first of user, worker, department, organization; else
+    /// empty.
+    QString errorString() const;
+
+    QString workerKey() const { return m_workerKey; }
+    QString departmentKey() const { return m_departmentKey; }
+    QString organizationKey() const { return m_organizationKey; }
+    QString orgTypeKey() const { return m_orgTypeKey; }
+
+    /// Set a key as it is, without a check: for tabs of other departments.
+    void setWorkerKey(const QString& key) { m_workerKey = key; }
+    void setDepartmentKey(const QString& key) { m_departmentKey = key; }
+    void setOrganizationKey(const QString& key) { m_organizationKey = key; }
+
+    /// The worker that a login is in a department: the first live row of Workers, or empty.
+    QString workerKey(const QString& userKey, const QString& departmentKey) const;
+    /// Type of an organization, or empty.
+    QString orgTypeKey(const QString& organizationKey) const;
+
+    /// Writes all keys to the debug log.
+    void printInfo() const;
+
+private:
+    QString m_userKey;
+    QString m_workerKey;
+    QString m_departmentKey;
+    QString m_organizationKey;
+    QString m_orgTypeKey;
+    QMap<QString, CModelTable*> m_tables;
+};

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "CMDArray.h"
+#include "TEventNciParse.h"
+
+#include <memory>
+#include <QModelIndexList>
+#include <QWidget>
+
+class CModelTable;
+class CVrkCliMod;
+class LocationInfo;
+class QAction;
+class VrkTableTool;
+
+namespace Ui
+{
+class LogBookTab;
+}
+
+/// Base of the pages of the journal window: the form with the record table, the panes of comments and files
+/// and the search bar, and the helpers by which a page finds and changes its records.
+class LogBookTab : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit LogBookTab(QWidget* parent = nullptr);
+    ~LogBookTab() override;
+
+    /// Loads the page. \a location stays with its owner and outlives the page's use of it.
+    virtual void init(CVrkCliMod* module, LocationInfo* location) = 0;
+    /// A change event; false when it does not apply to this page.
+    virtual bool MessageData(TEventNciParse* event) = 0;
+
+    /// Events go to pages after init only.
+    bool isInit() const { return m_isInit; }
+    /// What init was given, or null.
+    LocationInfo* location() const { return m_location; }
+    /// The record under the current row, or null.
+    MDRData* currentRecord() const;
+
+    /// Shows the search bar and moves the focus there, or hides and empties it.
+    void switchVisibleSearch();
+
+protected:
+    /// The first record with this KeyLink, or null; also null for a null table and an empty key.
+    MDRData* recordByKeyLink(CModelTable* table, const char* key) const;
+    /// Takes the marked fields of the event's row over into \a record, field by position, and posts it.
+    /// Returns the posted record; null when there is nothing to change.
+    MDRData* changeRecord(CMDArray* array, MDRData* record, TEventNciParse* event) const;
+    MDRData* changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event) const;
+
+    std::unique_ptr<Ui::LogBookTab> m_ui;
+    QAction* m_allReaded; ///< "mark all as read", in the menu of readedCommentButton
+    CVrkCliMod* m_module = nullptr;
+    LocationInfo* m_location = nullptr;
+    VrkTableTool* m_tableTool = nullptr; ///< made by the page in init
+    bool m_isInit = false;
+
+private:
+    void configureForm();
+    QModelIndexList matcheIndexes(const QString& text) const;
+    void setCurrentIndex(const QModelIndex& index);
+    void search(const QString& text);
+    void searchUp();
+    void searchDown();
+    void searchNext();
+};

@@ -1,0 +1,195 @@
+#pragma once
+
+#include "CModelTable.h"
+#include "LogBookTab.h"
+#include "RecordCensus.h"
+#include "RecordPreparer.h"
+
+#include <QDateTime>
+#include <QVector>
+
+class CommentsPane;
+class CPopMessageBox;
+class CRowBatch;
+class FilesPane;
+class FilterByStatus;
+class QAbstractButton;
+class QMenu;
+class RecordCreatorDialog;
+class WorkshiftDurationControl;
+
+/// The journal of one department: its current workshift, live, or a workshift or an interval of the archive.
+/// Loads the tables, mends them by change events, and writes what the user does with records. An action
+/// changes nothing here: it writes to the server, and the table follows by the change event.
+class LogBookWidget : public LogBookTab
+{
+    Q_OBJECT
+
+public:
+    enum Mode { NothingLoaded = 0, RealTime = 1, ArchiveInterval = 2, ArchiveWorkshift = 3 };
+
+    explicit LogBookWidget(QWidget* parent = nullptr);
+    ~LogBookWidget() override;
+
+    /// Loads the current workshift and makes the page ready.
+    void init(CVrkCliMod* module, LocationInfo* location) override;
+    bool MessageData(TEventNciParse* event) override;
+    /// Reads the options of the duration control from the server; called for the home page only.
+    void uploadWorkshiftDurationControl();
+
+    /// "department, organization".
+    QString title() const;
+    /// A Mode.
+    int mode() const { return m_mode; }
+    /// The workshift shown, or null; always null in an interval.
+    MDRData* currentWorkshift() const { return m_currentWorkshift; }
+    /// Its key, or empty.
+    QString workshiftKeyLink() const;
+    /// Bounds of the interval or of the workshift shown; invalid when there is none.
+    QDateTime displayedPeriodStart() const;
+    QDateTime displayedPeriodEnd() const;
+    /// A table of this page, else a reference table; null for an unknown name.
+    CModelTable* table(const QString& name);
+
+    /// \name What may be done now. They read memory only, and cost the same whatever the number of records.
+    /// @{
+    bool isOpenWorkshift() const;
+    /// Not quite the opposite of isOpenWorkshift: true without a workshift.
+    bool isCloseWorkshift() const;
+    /// The user opened the workshift shown or is in its crew.
+    bool isWorkerInWorkshift() const;
+    bool isEditableWorkshift() const;
+    bool isSelectedWorkshift() const;
+    bool isRecordCreatable() const;
+    bool isHideDraft() const;
+    bool isRecordDraft() const;
+    bool isRecordDeletable() const;
+    bool isRecordSignable(MDRData* record) const;
+    bool isRecordSignable() const;
+    bool isExistNoSign() const;
+    bool isExistDrafts() const;
+    bool isExistMyDrafts() const;
+    bool isRecordCopyable() const;
+    bool isRecordPastable() const;
+    bool isRecordHasOrigin() const;
+    bool isFirstMarkSetted() const;
+    bool isSecondMarkSetted() const;
+    bool isFirstMarkSettable() const;
+    bool isSecondMarkSettable() const;
+    bool isTimeExecutionChangable() const;
+    /// @}
+
+public slots:
+    /// Shows the current workshift; does nothing when it is shown already.
+    void uploadRealTimeWorkshift();
+    /// Shows a workshift of the archive.
+    void uploadRecordsIn(const QString& workshiftKey);
+    /// Shows the records made in an interval.
+    void uploadRecordsIn(const QDateTime& from, const QDateTime& to);
+
+    void createRecordRequest();
+    void editRecordRequest();
+    void deleteRecordRequest();
+    void deleteMyDraftsRequest();
+    void deleteAllDraftsRequest();
+    void approveRecordRequest();
+    void approveRecord();
+    void approveMyRecordsRequest();
+    void approveAllRecordsRequest();
+    void signRecordRequest();
+    void signAllRecordsRequest();
+    void goToOriginRecord();
+
+signals:
+    /// Mode, workshift or crew changed: everything that shows them has to ask anew.
+    void statusChanged();
+    void recordUpdated();
+    void recordAdded();
+    /// The current row moved to this record (null: to none).
+    void changedSelectedRecord(MDRData* record);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private slots: // by name: showMsgBox takes the slot's name
+    void closeMsgBox(QAbstractButton* button);
+    void deleteRecordAnswer(QAbstractButton* button);
+    void approveRecordAnswer(QAbstractButton* button);
+
+private:
+    // LogBookWidget_init.cpp
+    void initTables();
+    void configureTableTool();
+    void configureContextMenu();
+    void createDialogs();
+    void createConnections();
+    void showRecordMenu(const QPoint& pos);
+    void updateRecordsFilter();
+    /// Takes the question off: true when it was answered with yes.
+    bool isConfirmed(QAbstractButton* button);
+
+    // LogBookWidget_hfn.cpp
+    void uploadCurrentWorkshift();
+    void uploadOpenWorkshift();
+    void uploadWorkshift(const QString& key);
+    void uploadWorkersWorkshiftTable();
+    void uploadRecordsWorkshift();
+    void uploadRecordsInterval(const QDateTime& from, const QDateTime& to);
+    void uploadCommentsRecords();
+    void uploadFilesRecords();
+    void uploadShiftsTable();
+    void uploadRolesTable();
+    void uploadWorkerRolesTable();
+    void uploadTemplatesTable();
+    MDArray* repackRequest(CMDArray* answer);
+    void clearTables(std::initializer_list<CModelTable*> tables);
+    void finishLoad();
+    void reloadPanes(MDRData* record);
+    bool request(CMDArray& holder, const QString& sql, const char* signature) const;
+    void uploadByRecords(CModelTable& target, const char* signature);
+    void prepareRecords();
+    void prepareRecord(MDRData* record);
+
+    // LogBookWidget_events.cpp
+    bool isSuitableNCI(TEventNciParse* event) const;
+    bool insertRow(TEventNciParse* event);
+    bool changeRow(TEventNciParse* event);
+    bool deleteRow(TEventNciParse* event);
+    void updateAttachments(CModelTable& attachments, const QByteArray& recordKey);
+    void reloadTemplates();
+    void closeShiftDialogs();
+
+    // LogBookWidget_annex.cpp
+    bool deleteRecord(MDRData* record);
+    bool setRecordDeleted(MDRData* record);
+    void reportFailedDeletion();
+    bool send(CRowBatch& batch);
+
+    Mode m_mode = NothingLoaded;
+    CModelTable m_workshifts;
+    CModelTable m_crew;
+    CModelTable m_records;
+    CModelTable m_comments;
+    CModelTable m_files;
+    CModelTable m_shifts;
+    CModelTable m_roles;
+    CModelTable m_workerRoles;
+    CModelTable m_categories;
+    CModelTable m_templates;
+    MDRData* m_currentWorkshift = nullptr; ///< in m_workshifts
+    QDateTime m_intervalStart;
+    QDateTime m_intervalEnd;
+    RecordPreparer m_preparer;
+    RecordCensus m_census;
+    FilterByStatus* m_draftsFilter = nullptr;
+    CommentsPane* m_commentsPane = nullptr;
+    FilesPane* m_filesPane = nullptr;
+    WorkshiftDurationControl* m_durationControl = nullptr;
+    QMenu* m_recordMenu = nullptr;
+    QAction* m_originAction = nullptr;
+    QAction* m_approveAction = nullptr;
+    QAction* m_signAction = nullptr;
+    CPopMessageBox* m_messageBox = nullptr;
+    RecordCreatorDialog* m_recordCreator = nullptr;
+    QVector<QWidget*> m_shiftDialogs; ///< those that a closed workshift closes
+};

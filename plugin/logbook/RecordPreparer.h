@@ -1,0 +1,30 @@
+#pragma once
+
+#include "CModelTable.h"
+
+/// Fills the three fields of a page's records that exist in the client only: object, comment and file. Holds
+/// the page's tables, which keep their addresses; a table's array may be replaced.
+class RecordPreparer
+{
+public:
+    RecordPreparer(CModelTable& records, CModelTable& comments, CModelTable& files);
+
+    /// All three, of every record.
+    void prepareRecords();
+    /// All three, of one record.
+    void prepareRecord(MDRData* record);
+    /// object: substation and line out of the record's text, as "substation/line". Untouched when it names
+    /// neither.
+    void prepareRecordHtml(MDRData* record);
+    /// comment: whether the record has a comment.
+    void prepareRecordComment(MDRData* record);
+    /// file: whether the record has a file.
+    void prepareRecordFile(MDRData* record);
+
+private:
+    void markOwned(MDRData* record, const char* field, CModelTable& owned);
+
+    CModelTable& m_records;
+    CModelTable& m_comments;
+    CModelTable& m_files;
+};
