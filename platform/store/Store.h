@@ -3,17 +3,17 @@
 #include "MDArray.h"
 #include "StoreError.h"
 
+#include <memory>
 #include <QByteArray>
 #include <QString>
 #include <QVariant>
 #include <QVector>
-#include <memory>
 #include <vector>
 
 class QTextCodec;
 
-/// Where a reader of the change log stands. Numbers are contiguous within an epoch, one for each transaction, in the
-/// order of commits; the epoch changes when the history is another (a restore).
+/// Where a reader of the change log stands. Numbers are contiguous within an epoch, one for each transaction,
+/// in the order of commits; the epoch changes when the history is another (a restore).
 struct ChangePosition {
     QByteArray epoch;
     qint64 number = 0;
@@ -21,11 +21,13 @@ struct ChangePosition {
 
 /// One changed row out of the change log.
 struct StoreChange {
-    qint64 number = 0;       ///< of the transaction
-    int event = 0;           ///< 601 inserted, 602 changed, 603 deleted
-    QByteArray table;        ///< its declared name
-    QByteArray key;          ///< KeyLink of the row
-    QByteArray packedRecord; ///< for MDRRecSet: all fields in order, marks on the changed ones; empty for 603
+    qint64 number = 0; ///< of the transaction
+    int event = 0;     ///< 601 inserted, 602 changed, 603 deleted
+    QByteArray table;  ///< its declared name
+    QByteArray key;    ///< KeyLink of the row
+    /// For MDRRecSet: all fields in order, marks on the changed ones; empty for 603. Blobs are null in it,
+    /// marked when they changed: Store::blob fetches the bytes by key.
+    QByteArray packedRecord;
 };
 
 /// A login that the store knows.
@@ -49,8 +51,8 @@ struct StoreWrite {
     const MDArray* records = nullptr;
 };
 
-/// Everything that a session asks of a database. One connection, one thread. Texts in records are bytes of the
-/// store's code page; the database holds Unicode, and the store converts both ways.
+/// Everything that a session asks of a database. One connection, one thread. Texts in records are bytes of
+/// the store's code page; the database holds Unicode, and the store converts both ways.
 class Store
 {
 public:
@@ -58,6 +60,7 @@ public:
         int deadlineMs = 15000;     ///< of one request
         bool createMissing = false; ///< only StoreAdmin::init makes new stores
         bool loader = false;        ///< the role of imports and demo data, outside the rules of the journal
+        qint64 memoryGuard = Q_INT64_C(2) << 30; ///< bytes that the answer of one select may hold
     };
 
     /// Opens "sqlite:///absolute/path" or "postgresql://...". Null, and \a error says why.
@@ -79,27 +82,35 @@ public:
     /// The server's present time as HfnTime; 0 when it cannot be had.
     virtual double serverTime() = 0;
 
-    /// Runs one select, read-only, as it stands. The answer, owned by the caller, has the declared field names and
-    /// types and the order-of-entry key, also when it has no rows. Blobs stay in the store until they are read.
+    /// Runs one select, read-only, as it stands. The answer, owned by the caller, has the declared field
+    /// names and types and the order-of-entry key, also when it has no rows. Blobs stay in the store until
+    /// they are read.
     virtual MDArray* select(const QByteArray& sqlUtf8, StoreError* error) = 0;
-    /// Writes all batches in one transaction, in their order. \a batchKey is kept in the change log and makes a
-    /// repeated call with the same key do nothing. Success means: on the disk.
-    virtual bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error) = 0;
+    /// Fetches the bytes of one blob, such as "fileData" of "LogbookFiles"; a null one is a null QByteArray.
+    /// False when there is no such row or the store does not answer.
+    virtual bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key,
+                      QByteArray* bytes, StoreError* error) = 0;
+    /// Writes all batches in one transaction, in their order. \a batchKey is kept in the change log and makes
+    /// a repeated call with the same key do nothing. Success means: on the disk.
+    virtual bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey,
+                       StoreError* error) = 0;
 
     /// The end of the change log at this moment.
     virtual bool position(ChangePosition* position, StoreError* error) = 0;
-    /// Appends the changes after \a position, whole transactions in order of commit, at most about \a limit rows, and
-    /// moves the position on. False with Lost, or with NotAStore when the history is another one.
+    /// Appends the changes after \a position, whole transactions in order of commit, at most about \a limit
+    /// rows, and moves the position on. False with Lost, or with NotAStore when the history is another one.
     virtual bool changesAfter(ChangePosition* position, int limit, QVector<StoreChange>* changes,
                               StoreError* error) = 0;
     /// Cheap: true when somebody may have written since the last call.
     virtual bool hasNews() = 0;
 
-    /// A named file of the store, such as folder "options", name "OperLogOptions". False when it is not there.
+    /// A named file of the store, such as folder "options", name "OperLogOptions". False when it is not
+    /// there.
     virtual bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* error) = 0;
 
-    /// \name What server scripts see: a table ordered by one of the keys that the store declares for it (key 0 is
-    /// KeyLink, key 1 of LogbookWorkshifts is "DepartmentKey;startTime:0x4"), within one consistent read.
+    /// \name What server scripts see: a table ordered by one of the keys that the store declares for it (key
+    /// 0 is KeyLink, key 1 of LogbookWorkshifts is "DepartmentKey;startTime:0x4"), within one consistent
+    /// read.
     /// @{
     virtual bool beginRead(StoreError* error) = 0;
     virtual void endRead() = 0;
