@@ -4,18 +4,22 @@
 ///
 /// Conventions of this floor
 /// 1. Nothing throws. Operations return a code (MDRCode, 0 is success) or a pointer that is null on failure.
-/// 2. Null handles, foreign records and indexes out of range are answered by a code or null, never by a crash.
-/// 3. An array owns its records and its fields' descriptions. A record's address never changes until it is deleted.
+/// 2. Null handles, foreign records and indexes out of range are answered by a code or null, never by a
+/// crash.
+/// 3. An array owns its records and its fields' descriptions. A record's address never changes until it is
+/// deleted.
 /// 4. Field numbers, key numbers and positions count from 0.
-/// 5. Text is bytes of the session's code page, NUL-terminated, its length told apart; times are HfnTime (HfnTime.h).
+/// 5. Text is bytes of the session's code page, NUL-terminated, its length told apart; times are HfnTime
+/// (HfnTime.h).
 /// 6. All use is on one thread; there are no locks.
 
 #include "VrkExport.h"
 
-#include <QByteArray>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <QByteArray>
+#include <vector>
 
 class MDArray;
 struct HFNCliParam;
@@ -38,7 +42,7 @@ enum MDRCode : int {
     mdr_Invalid = -1,      ///< a null handle, a position out of range, a malformed descriptor
     mdr_TypeMismatch = -2, ///< a value that the field's type cannot take
     mdr_Assign = -3,       ///< an answer was void or the array's own (CMDArray::assign)
-    mdr_Full = -4,         ///< more fields or keys than an array can have
+    mdr_Full = -4,         ///< more fields, keys or bytes than an array or a record can have
     mdr_Foreign = -5,      ///< the record belongs to another array
     mdr_Packed = -6,       ///< packed bytes that are damaged, truncated or of another version
     mdr_Source = -7,       ///< the bytes of a stored blob could not be fetched
@@ -59,16 +63,18 @@ struct MDRFieldDescr {
 };
 static_assert(sizeof(MDRFieldDescr) == 66, "descriptor rows are packed");
 
-/// Description of a key: field names joined by ';', each optionally followed by ":0x4" for falling order, as in
-/// "DepartmentKey;startTime:0x4". An empty text is the order of entry.
+/// Description of a key: field names joined by ';', each optionally followed by ":0x4" for falling order, as
+/// in "DepartmentKey;startTime:0x4". An empty text is the order of entry. Null is the least value, then
+/// numbers by value, texts by their bytes as unsigned; equal ones stand in order of entry. Blobs cannot be
+/// ordered.
 struct MDRKeyDescr {
     char fields[384];
     int flags;
 };
 
-/// Handle of a field: its name, its type and its ordinal. It works on every record that has a field of this type at
-/// this ordinal, so handles of one array may be used on records of another with the same leading fields. The name is
-/// the first member: a handle also reads as its name.
+/// Handle of a field: its name, its type and its ordinal. It works on every record that has a field of this
+/// type at this ordinal, so handles of one array may be used on records of another with the same leading
+/// fields. The name is the first member: a handle also reads as its name.
 struct MDRField {
     char name[64];
     std::uint8_t width;
@@ -76,8 +82,8 @@ struct MDRField {
     std::uint8_t ordinal;
 };
 
-/// A value in transit. The pointer of a text or blob that MDRGetVal hands out points into the record and is valid
-/// until the record changes.
+/// A value in transit. The pointer of a text or blob that MDRGetVal hands out points into the record and is
+/// valid until the record changes.
 struct MDRVar {
     struct Text {
         std::int32_t length;
@@ -94,8 +100,8 @@ struct MDRVar {
     Value value = {};
 };
 
-/// One record. Arrays make and own them (MDARecNew); a stand-alone one on the stack is prepared with MDRRecInit and
-/// filled from packed bytes with MDRRecSet. Its destructor frees what it holds.
+/// One record. Arrays make and own them (MDARecNew); a stand-alone one on the stack is prepared with
+/// MDRRecInit and filled from packed bytes with MDRRecSet. Its destructor frees what it holds.
 struct VRK_EXPORT MDRData {
     struct Body; ///< values, null states and user marks, in one allocation
 
@@ -109,7 +115,8 @@ struct VRK_EXPORT MDRData {
     std::uint8_t state = 0;   ///< fresh, posted, edited: kept by the array
     std::uint64_t entry = 0;  ///< place in the order of entry: kept by the array
     Body* body = nullptr;
-    MDRData* origin = nullptr; ///< of an edited version: the posted record that it will replace
+    MDRData* partner =
+        nullptr; ///< the edited version of a posted record, the posted record of an edited version
 };
 
 /// Field descriptions derived from a packed record (MDRTypGen). Read them with MDRFldByName and MDRFldByNum.
@@ -144,7 +151,9 @@ struct MDRRange {
 /// @{
 VRK_EXPORT int MDACreate(MDArray** array, int reserved);
 VRK_EXPORT void MDADestroy(MDArray* array);
-/// Appends \a count fields in order; mdr_Full beyond 255. Records that are already there get them as null.
+/// Appends \a count fields in order, all or none; mdr_Full beyond 255. Records that are already there get
+/// them as null. Of several fields with one name MDRFldByName finds the first. Handles stay valid as long as
+/// the array lives.
 VRK_EXPORT int MDAFldAdd(MDArray* array, int count, const MDRFieldDescr* fields);
 /// Adds a key as the last one (\a count is 1) and orders all records by it.
 VRK_EXPORT int MDAKeyAdd(MDArray* array, int count, const MDRKeyDescr* key);
@@ -160,34 +169,43 @@ VRK_EXPORT MDRData* MDARec(const MDArray* array, int key, int position);
 VRK_EXPORT int MDARecPos(const MDArray* array, int key, const MDRData* record);
 /// A fresh record: all fields null, in no key yet. Post it or discard it with MDARecDel.
 VRK_EXPORT MDRData* MDARecNew(MDArray* array);
-/// An editable version of a posted record with its values, flags and user marks. A second call hands out the same
-/// version, fresh again; an edit may be abandoned. The posted record is unchanged until MDARecPost.
+/// An editable version of a posted record with its values, flags and user marks. A second call hands out the
+/// same version, fresh again; an edit may be abandoned. The posted record is unchanged until MDARecPost.
 VRK_EXPORT MDRData* MDARecEdit(MDRData* record);
-/// Enters a fresh record into all keys, or swaps an edited version into the record it came from, which keeps its
-/// address and its place in the order of entry. \a posted gets the final address.
+/// Enters a fresh record into all keys, or swaps an edited version into the record it came from, which keeps
+/// its address and its place in the order of entry. \a posted gets the final address, null on failure; it may
+/// be null.
 VRK_EXPORT int MDARecPost(MDRData* record, MDRData** posted);
-/// Removes a posted record, or discards a fresh one. Its pointer may still be asked with MDARecArr, which gives null.
+/// Removes a posted record with its edited version, or discards a fresh or edited one. The pointer may still
+/// be asked with MDARecArr, which gives null.
 VRK_EXPORT int MDARecDel(MDRData* record);
-/// Exact search: \a values holds as many values side by side as the key has fields. Null when nothing is found, the
-/// key has no fields, or a value is null. Of equal ones the first in order of entry.
+/// Exact search: \a values holds as many values side by side as the key has fields. Null when nothing is
+/// found, the key has no fields, or a value is null. Of equal ones the first in order of entry.
 VRK_EXPORT MDRData* MDARecSeekV(const MDArray* array, int key, const MDRVar* values, int reserved);
-/// All records whose field holds this text, in order of entry, found through an index that the array makes at the
-/// first call and keeps current. Made for fields that are no key of the array.
+/// All records whose field holds this text, in order of entry, found through an index that the array makes at
+/// the first call and keeps current. Made for fields that are no key of the array.
 VRK_EXPORT MDRRange MDARecsWith(MDArray* array, const char* field, const char* text);
+/// All posted records in order of entry, with or without keys. O(n log n): for whole passes, not for single
+/// steps.
+VRK_EXPORT std::vector<MDRData*> MDARecsByEntry(const MDArray* array);
 /// The array that owns the record; null for a deleted or stand-alone record.
 VRK_EXPORT MDArray* MDARecArr(const MDRData* record);
-/// Removes all records, keeps fields and keys.
+/// Removes all records, fresh and edited ones too; keeps fields and keys.
 VRK_EXPORT int MDAClearRec(MDArray* array);
 /// Removes records, keys and fields.
 VRK_EXPORT int MDAClearAll(MDArray* array);
-/// Replaces the destination's fields, and with \a flag 1 its records, by the source's. A destination with keys keeps
-/// them, sorted anew; one without takes the source's. Blobs that stay in the store are not fetched.
+/// Replaces the destination's fields, and with \a flag 1 its records, by the source's. A destination with
+/// keys keeps them, sorted anew (a key field that is gone drops out of its key); one without takes the
+/// source's. Blobs that stay in the store are not fetched. An array is not copied onto itself (mdr_Invalid).
 VRK_EXPORT int MDACopy(MDArray* destination, const MDArray* source, int flag);
-/// Makes an array received from the server writable. Answers arrive writable here, so it does nothing but check.
+/// Makes an array received from the server writable. Answers arrive writable here, so it does nothing but
+/// check.
 VRK_EXPORT int MDAUnpackForWrite(MDArray* array);
-/// Fills a freshly created array from the packed form, a NUL-terminated ASCII text. mdr_Packed leaves it empty.
+/// Replaces the content of an array by the packed form, a NUL-terminated ASCII text. mdr_Packed leaves it
+/// empty.
 VRK_EXPORT int HFNArrayUnPack(MDArray* array, const char* packed, int flag);
-/// The packed form of an array: fields, keys, records with values, flags and marks.
+/// The packed form of an array: fields, keys, records with values, flags and marks. Stored blobs are fetched;
+/// empty when one of them cannot be.
 VRK_EXPORT QByteArray HFNArrayPack(const MDArray* array);
 /// @}
 
@@ -198,10 +216,13 @@ VRK_EXPORT const MDRField* MDRFldByName(const MDArray* array, const char* name);
 VRK_EXPORT const MDRField* MDRFldByName(const MDRRecordType* type, const char* name);
 VRK_EXPORT const MDRField* MDRFldByNum(const MDArray* array, int index);
 VRK_EXPORT const MDRField* MDRFldByNum(const MDRRecordType* type, int index);
-/// Fills the value; null fields give the field's type and isNull 1. A blob in the store is fetched here.
+/// Fills the value; null fields give the field's type and isNull 1. A blob in the store is fetched here and
+/// kept; mdr_Source leaves the value null. Without such a field in the record only the type of \a value
+/// becomes 0.
 VRK_EXPORT int MDRGetVal(const MDRField* field, const MDRData* record, MDRVar* value);
-/// Stores the value, text is copied. isNull with any type stores null; text kinds convert among themselves and so do
-/// numbers; anything else is mdr_TypeMismatch. Posted records are changed in their keys too.
+/// Stores the value, text is copied. isNull with any type stores null; text kinds convert among themselves
+/// and so do numbers (doubles to the nearest integer, any but 0 to true); anything else, and a number that
+/// the field cannot hold, is mdr_TypeMismatch. Posted records are changed in their keys too.
 VRK_EXPORT int MDRSetVal(const MDRField* field, MDRData* record, const MDRVar* value);
 VRK_EXPORT int MDRSetUser(const MDRField* field, MDRData* record, int mark);
 VRK_EXPORT int MDRIsUser(const MDRField* field, const MDRData* record, bool* mark);
@@ -217,6 +238,9 @@ VRK_EXPORT int MDRBlobLength(const MDRField* field, const MDRData* record, std::
 
 /// \name Parameter blocks and packed records
 /// @{
+
+/// These three give 0, an empty text and no bytes when the field is null or the call fails; never a null
+/// pointer.
 VRK_EXPORT int MDRGetAsInt32(const MDRField* field, const HFNCliParam* block, int* value);
 /// The text points into the block.
 VRK_EXPORT int MDRGetTextPtr(const MDRField* field, const HFNCliParam* block, char** text);
@@ -230,6 +254,7 @@ VRK_EXPORT void MDRTypFree(MDRRecordType* type);
 VRK_EXPORT void MDRRecInit(MDRData* record);
 /// Fills a stand-alone record from packed bytes; mdr_Packed leaves it empty.
 VRK_EXPORT int MDRRecSet(MDRData* record, const char* packed, int length);
-/// The packed form of one record, with its field descriptions, flags and marks.
+/// The packed form of one record, with its field descriptions, flags and marks; empty when it has no fields
+/// or a stored blob cannot be fetched.
 VRK_EXPORT QByteArray MDRRecPack(const MDRData* record);
 /// @}
