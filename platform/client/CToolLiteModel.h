@@ -8,6 +8,7 @@
 #include <string>
 
 /// Fetches whole reference tables into a CLiteModel, each with KeyLink as key 0; Tables has nameLat as key 1.
+/// A table that cannot be had is missing from the model, the others arrive.
 class VRK_EXPORT CToolLiteModel : public CVrkToolObject
 {
     Q_OBJECT

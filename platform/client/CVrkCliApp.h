@@ -3,16 +3,17 @@
 #include "CStringParams.h"
 #include "VrkExport.h"
 
+#include <functional>
+#include <memory>
 #include <QObject>
 #include <QVector>
-#include <memory>
 
 class CVrkCliMod;
 class CVrkCliSes;
 
-/// The client application: holds the session and the login's parameters, knows the modules, and hands them their
-/// change events from the event loop. One place watches over all editors: a character that the session's code page
-/// cannot carry is replaced by its nearest kin or left out, and said so.
+/// The client application: holds the session and the login's parameters, knows the modules, and hands them
+/// their change events from the event loop. One place watches over all editors: a character that the
+/// session's code page cannot carry is replaced by its nearest kin or left out, and said so.
 class VRK_EXPORT CVrkCliApp : public QObject
 {
     Q_OBJECT
@@ -32,18 +33,31 @@ public:
     QVector<CVrkCliMod*> modules() const;
     /// True while change events are being delivered to a module.
     bool isDelivering() const;
+    /// Reads what the server has told by now and delivers it to all modules before it returns, the own writes
+    /// included; for the host after a save. Returns the number of events read; 0 from inside a delivery or a
+    /// request.
+    int fetchEvents();
+
+    /// Decides whether a module's window may close, such as by asking about its edit state. Without a guard
+    /// windows close.
+    void setCloseGuard(std::function<bool(CVrkCliMod*)> guard);
 
     /// Parameters of the login: "KEYLINK", "DEPARTMENTKEY", "ORGANIZATIONKEY".
     CStringParams m_user_params;
 
 signals:
-    /// Text that was typed or pasted had characters the code page cannot carry; \a notice says what became of them.
+    /// Text that was typed or pasted had characters the code page cannot carry; \a notice says what became of
+    /// them.
     void textAdjusted(const QString& notice);
     /// The last of the waiting events was delivered.
     void eventsDelivered();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     friend class CVrkCliMod;
+    void deliver();
     struct Private;
     std::unique_ptr<Private> d;
 };

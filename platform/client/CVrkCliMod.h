@@ -3,18 +3,20 @@
 #include "HFNCliParam.h"
 #include "VrkExport.h"
 
+#include <deque>
+#include <memory>
 #include <QAbstractButton>
+#include <QHash>
 #include <QIcon>
 #include <QMainWindow>
 #include <QVariant>
 #include <QVariantList>
-#include <deque>
 
 class CVrkCliApp;
 class CVrkCliSes;
 
-/// Base of all modules: a window that the host drives through the virtual operations below. Their order is part of
-/// the contract with plug-ins and must not change.
+/// Base of all modules: a window that the host drives through the virtual operations below. Their order is
+/// part of the contract with plug-ins and must not change.
 class VRK_EXPORT CVrkCliMod : public QMainWindow
 {
     Q_OBJECT
@@ -23,7 +25,8 @@ public:
     explicit CVrkCliMod(CVrkCliApp* app);
     ~CVrkCliMod() override;
 
-    /// Takes a log line; the module that is the application's log sink gets those of all modules.
+    /// Takes a log line: function signature and sentence. The base hands it to the application's log sink,
+    /// and as the sink itself, or without one, writes a warning to the message log of Qt.
     virtual void LogFile(int level, QString func, QString text);
     virtual bool ModuleStart();
     virtual void ModuleStop();
@@ -64,19 +67,23 @@ public:
     void SetIsEdit(bool edit);
     bool isEdit() const { return m_edit; }
     QString moduleTitle() const { return m_title; }
-    /// The host's named icons: a resource path as it stands, a bare name under ":/vrk/". Null icon when unknown.
+    /// The host's named icons: a resource path as it stands, a bare name under ":/vrk/". Null icon when
+    /// unknown.
     QIcon icon(const QString& name);
     /// The look that all modules share.
     void setModuleStyle();
-    /// Delivers this module's waiting events through MessageData, in order, and returns their count. Does nothing
-    /// when called from inside a delivery or a request.
+    /// Delivers this module's waiting events through MessageData, in order, and returns their count. Called
+    /// from inside a delivery or a request it delivers nothing and returns 0.
     int MessageGet();
 
 signals:
     void titleChanged(const QString& title, const QString& subtitle);
     void editStateChanged(bool edit);
+    /// The window was closed: the host may delete the module.
+    void closed();
 
 protected:
+    /// Asks the application's close guard, and stays open when it says no.
     void closeEvent(QCloseEvent* event) override;
 
     CVrkCliApp* m_app;
@@ -85,7 +92,10 @@ protected:
 private:
     friend class CVrkCliApp;
 
-    std::deque<HFNCliParam*> m_waiting; ///< blocks shared with other modules are counted by the application
+    void showTitle();
+
+    std::deque<std::shared_ptr<HFNCliParam>> m_waiting; ///< shared with the other modules
+    QHash<QString, QString> m_parameters;
     QString m_title;
     QString m_subtitle;
     bool m_edit = false;

@@ -5,8 +5,8 @@
 #include "MDArray.h"
 #include "VrkExport.h"
 
-#include <QObject>
 #include <memory>
+#include <QObject>
 #include <vector>
 
 class ChangeFeed;
@@ -14,9 +14,9 @@ class QTextCodec;
 class Store;
 struct StoreError;
 
-/// The session: the only road to the server. All requests are synchronous and answer within the session's deadline; a
-/// long one shows the wait cursor and no event is delivered from inside it. After a missed deadline the session is
-/// down and requests fail at once until the link is found again.
+/// The session: the only road to the server. All requests are synchronous and answer within the session's
+/// deadline; a long one shows the wait cursor and no event is delivered from inside it. After a missed
+/// deadline the session is down and requests fail at once until the link is found again.
 class VRK_EXPORT CVrkCliSes : public QObject
 {
     Q_OBJECT
@@ -29,24 +29,32 @@ public:
     /// Code page of all texts in records.
     QTextCodec* codec() const;
 
-    /// Runs a select (UTF-8) and returns an array that the caller owns, or null.
+    /// Runs one select (UTF-8) as it stands and returns an array that the caller owns, or null.
     MDArray* SqlRequest(const char* sql);
-    /// Writes every flagged record of \a array in order of entry, in one transaction; inside a block the records are
-    /// copied and written at its end. \a flag is true and \a result null in all calls. True: the rows are on the disk.
+    /// Writes every flagged record of \a array in order of entry, in one transaction; inside a block the
+    /// records are copied and written at its end. \a flag is true and \a result null in all calls. True: the
+    /// rows are on the disk.
     bool SqlUpdate(const char* table, MDArray* array, bool flag, HFNCliParam** result);
-    /// Sends a named packet; \a result is filled at once or by WaitResult. The only packet is "FileGet".
+    /// Sends a named packet and fills \a result at once. The only packet is "FileGet" with "<folder>;<name>"
+    /// in the code page: an array of one record with folder, name, size, content; a code other than 0 when
+    /// there is no such file. False: no packet of this name, or the server cannot be reached; \a result is
+    /// null then.
     bool PacketExec(const char* name, const unsigned char* data, int length, HFNCliParam** result);
-    /// Waits for the answer; -1 waits as long as the session's deadline.
+    /// True when the answer is there; -1 waits as long as the session's deadline. Answers arrive with
+    /// PacketExec, so there is nothing left to wait for.
     bool WaitResult(HFNCliParam** result, int timeout);
-    /// Frees a block of PacketExec or WaitResult.
+    /// Frees a block that PacketExec or takeEvents gave out. Null, and a block that is free already, are
+    /// passed over.
     void PrmFree(HFNCliParam* block);
-    /// Opens a block: SqlUpdate calls are collected until BlockEnd.
+    /// Opens a block: SqlUpdate calls are collected until BlockEnd. A block inside a block is a part of it:
+    /// its end writes nothing yet, and dropping it drops its own part only.
     void BlockBeg();
-    /// Writes the block in one transaction, or drops it when \a commit is false. False: nothing was written.
+    /// Writes the block in one transaction, in the order given, or drops it when \a commit is false. False:
+    /// no block is open, or nothing was written; the block is closed either way.
     bool BlockEnd(bool commit, HFNCliParam** result);
     /// Non-zero when the user has the right.
     int OperationRights(const char* right);
-    /// The server's present time.
+    /// The server's present time. While the server cannot be reached: reckoned on from the last answer.
     double GetHfnTime();
     /// The server's present time in the zone of the process.
     QDateTime HfnTimeToSesTime();
@@ -54,9 +62,20 @@ public:
 
     /// Starts the delivery of change events.
     bool startEvents();
-    /// Events that wait for delivery; the receiver owns the blocks and frees them with PrmFree. Used by CVrkCliApp.
+    /// Events that wait for delivery; the receiver owns the blocks and frees them with PrmFree. Used by
+    /// CVrkCliApp.
     std::vector<HFNCliParam*> takeEvents();
+    /// Asks the server at once what has changed; the events then wait for takeEvents. Returns their number.
+    int pollEvents();
     bool isConnected() const;
+    /// True inside a request.
+    bool isBusy() const;
+    /// Blocks that were given out and not freed yet.
+    int openBlocks() const;
+    /// For MDRSetBlobSource: where the bytes of a row's blob come from. Rows that arrive with an event carry
+    /// none.
+    std::shared_ptr<const MDRBlobSource> blobSource(const QByteArray& table, const QByteArray& field,
+                                                    const QByteArray& key);
     /// Why the last failed request failed, in the user's words; empty after a success.
     QString lastErrorText() const;
     /// For the server scripts (CVrkToolCalcExec) only.

@@ -14,11 +14,13 @@ class VRK_EXPORT CVrkToolObject : public QObject
 public:
     /// Result of a run that came to its end.
     static constexpr int Done = 2;
+    /// Result of a run that broke off.
+    static constexpr int Failed = 3;
 
     explicit CVrkToolObject(CVrkCliMod* module);
     ~CVrkToolObject() override;
 
-    /// Runs the tool; false is synchronous, the only way asked for. Done when it ran to its end.
+    /// Runs the tool, always synchronously; callers pass false. Done when it ran to its end.
     virtual int Perform(bool asynchronous) = 0;
 
 protected:

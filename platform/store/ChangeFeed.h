@@ -23,6 +23,8 @@ public:
     void wake();
     /// Reads now; returns the number of changes delivered.
     int poll();
+    /// A request of the session found the link gone: as if a poll had, lost() is sent and the feed tries on.
+    void reportLost(const StoreError& error);
 
 signals:
     void arrived(const QVector<StoreChange>& changes);

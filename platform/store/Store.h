@@ -3,6 +3,7 @@
 #include "MDArray.h"
 #include "StoreError.h"
 
+#include <functional>
 #include <memory>
 #include <QByteArray>
 #include <QString>
@@ -67,6 +68,10 @@ public:
     static std::unique_ptr<Store> open(const QString& url, const Options& options, StoreError* error);
     virtual ~Store() = default;
 
+    /// Called on this thread now and then while a request takes its time, for a sign of life on the screen.
+    /// It must not call the store and run no event loop.
+    void setProgress(std::function<void()> progress) { m_progress = std::move(progress); }
+
     /// Code page of the texts in records; a property of the store.
     virtual QTextCodec* codec() const = 0;
     /// IANA name of the time zone in which the store's times are shown and typed.
@@ -91,7 +96,8 @@ public:
     virtual bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key,
                       QByteArray* bytes, StoreError* error) = 0;
     /// Writes all batches in one transaction, in their order. \a batchKey is kept in the change log and makes
-    /// a repeated call with the same key do nothing. Success means: on the disk.
+    /// a repeated call with the same key do nothing. Success means: on the disk. Without a flagged record
+    /// there is nothing to do: success, and no transaction.
     virtual bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey,
                        StoreError* error) = 0;
 
@@ -120,4 +126,7 @@ public:
     /// Fields of the row at an index by declared name; texts as Unicode, null fields invalid.
     virtual QVariantMap row(const QByteArray& table, int key, qint64 index) = 0;
     /// @}
+
+protected:
+    std::function<void()> m_progress; ///< may be empty
 };
