@@ -1,0 +1,18 @@
+#pragma once
+
+#include "CMDArray.h"
+
+#include <QString>
+
+class QTextCodec;
+class VrkTableModel;
+
+/// What the table model passes to a cell conversion: one field of one record, asked for one role.
+struct AbstractHfnCellData {
+    const QTextCodec* codec = nullptr; ///< of the texts in the record; null: UTF-8
+    CMDArray* array = nullptr;
+    MDRData* record = nullptr;
+    int field = -1; ///< number of the field in the array
+    int role = Qt::DisplayRole;
+    const VrkTableModel* model = nullptr; ///< keeps decoded texts; null outside of a table
+};

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "CPopTemplate.h"
+
+#include <QDialogButtonBox>
+#include <QString>
+
+class QLabel;
+
+/// Icons of message boxes.
+enum TMessageBoxIcon {
+    MessageIconError = 1,
+    MessageIconQuestion = 2,
+    MessageIconWarning = 3,
+    MessageIconInformation = 4,
+};
+
+/// Buttons of message boxes.
+enum TMessageBoxType {
+    MessageTypeOk = 2,    ///< a single confirming button
+    MessageTypeYesNo = 5, ///< a question; guards the window under the box
+};
+
+/// The message box. One serves a module or a tab for all its messages: setMessage(), show(), and the answer
+/// comes to a slot connected to the button box's clicked(QAbstractButton*). A slot first disconnects that
+/// signal as a whole, then closes the box, and goes on only if ButtonRole() of a button that is not null
+/// gives 5.
+class VRK_EXPORT CPopMessageBox : public CPopTemplate
+{
+    Q_OBJECT
+
+public:
+    explicit CPopMessageBox(QWidget* parent);
+    ~CPopMessageBox() override;
+
+    /// Fills the box for a new message; slots of an earlier one are disconnected, for its answer was never
+    /// given. \a slot is null or the SLOT() signature of a slot of the parent, which gets the answer.
+    void setMessage(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
+                    const char* slot = nullptr);
+    QDialogButtonBox* buttonBox() const { return m_buttons; }
+    /// The role in the sense of QDialogButtonBox::ButtonRole, 5 for yes; -1 for null and foreign buttons.
+    int ButtonRole(QAbstractButton* button) const;
+
+    QString title() const { return windowTitle(); }
+    QString text() const;
+    TMessageBoxIcon icon() const { return m_icon; }
+    TMessageBoxType type() const { return m_type; }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    /// A box closed by its frame or by Escape answers with a null button.
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QLabel* m_iconLabel;
+    QLabel* m_textLabel;
+    QDialogButtonBox* m_buttons;
+    TMessageBoxIcon m_icon = MessageIconInformation;
+    TMessageBoxType m_type = MessageTypeOk;
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "VrkExport.h"
+
+#include <memory>
+#include <QWidget>
+
+class PopGuard;
+
+/// Base of all dialogs: a pop-up over the module's window. A window of its own, not modal, no larger than the
+/// screen; it is hidden and shown again, never destroyed before its parent. Keys do nothing by themselves.
+class VRK_EXPORT CPopTemplate : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// \a flag is -1 in all calls and has no effect.
+    explicit CPopTemplate(QWidget* parent, int flag = -1);
+    ~CPopTemplate() override;
+
+    /// Centres the window over its parent's window, on the screen as a whole.
+    void moveToCenter();
+    /// Asks for a guard: while the dialog is visible, mouse and keys do not reach the window under it. For
+    /// questions and small value dialogs whose answer goes to the record that is current below.
+    void setGuarding(bool guarding);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    std::unique_ptr<PopGuard> m_guard;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QMetaType>
+#include <QString>
+#include <QStringList>
+
+/// Items of the organization structure.
+namespace OrgStruct
+{
+/// Kinds of items; joined, the kinds that may be selected.
+enum ItemType {
+    None = 0,
+    OrgType = 1,
+    Organization = 2,
+    Department = 4,
+    Person = 8,
+};
+
+/// A worker in plain values.
+struct Worker {
+    QString keyLink;
+    QString firstName;
+    QString lastName;
+    QString patronymicName;
+    QStringList roles; ///< names of his roles; empty where the tree does not load them
+    int group = 0;     ///< safety group, 0 for none
+};
+
+/// What the user has chosen. The keys of all levels above the item are set too, where there are such.
+struct SelectedItem {
+    int type = None;
+    QString orgTypeKey;
+    QString organizationKey;
+    QString departmentKey;
+    Worker worker; ///< for Person
+};
+} // namespace OrgStruct
+
+Q_DECLARE_METATYPE(OrgStruct::SelectedItem)

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "VrkExport.h"
+
+#include <memory>
+#include <QColor>
+#include <QIcon>
+#include <QObject>
+#include <QString>
+
+class QTableView;
+class QTextDocument;
+
+/// Turns what a table view shows (visible columns in their visual order, all rows of its model) into a
+/// document that can be looked at, printed and saved as PDF.
+class VRK_EXPORT VrkPreview : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit VrkPreview(QObject* parent = nullptr);
+    ~VrkPreview() override;
+
+    /// Not owned.
+    void setView(QTableView* view);
+    void setWindowIcon(const QIcon& icon);
+    void setWindowTitle(const QString& title);
+    void setHeaderBackgroundColor(QColor color);
+    /// An upper bound of a column's width, in pixels of the view; it spares the last visible column, which
+    /// gets the rest of the page.
+    void setMaxColummnWidth(int width);
+    /// A text at the end of the document.
+    void setFooter(const QString& text);
+    /// Makes the document anew and opens the preview window.
+    void showDocument();
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
