@@ -17,6 +17,9 @@ struct CatalogTable {
     QByteArray name;
     QVector<CatalogField> fields;
     QVector<QByteArray> keys; ///< in the format of MDRKeyDescr; key 0 is "KeyLink"
+
+    /// Index of a field by name, ASCII case ignored; -1 when there is none.
+    int fieldIndex(const QByteArray& field) const;
 };
 
 /// All tables that the store offers, under their declared names: the journal's, the reference tables, the tables of
