@@ -1,0 +1,202 @@
+#include "CVrkLogBook.h"
+
+#include "CLiteModel.h"
+#include "CPopMessageBox.h"
+#include "CToolLiteModel.h"
+#include "CVrkCliApp.h"
+#include "EventParse.h"
+#include "LocationInfo.h"
+#include "LogBookWidget.h"
+#include "OrgStructDialog.h"
+#include "ui_CVrkLogBook.h"
+
+#include <QDialogButtonBox>
+#include <QToolButton>
+
+CVrkLogBook::CVrkLogBook(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::CVrkLogBook)
+{
+    if (objectName().isEmpty())
+        setObjectName(QStringLiteral("CVrkLogBook"));
+    resize(1219, 602);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setStyleSheet(QString());
+    const QSize size = this->size();
+    m_form->setupUi(this);
+    resize(size);
+    setModuleStyle();
+    configureAddButton();
+}
+
+CVrkLogBook::~CVrkLogBook()
+{
+    // The tabs read the reference tables until they are gone themselves.
+    m_form->logbooks->disconnect(this);
+    while (m_form->logbooks->count() > 0)
+        delete m_form->logbooks->widget(0);
+}
+
+bool CVrkLogBook::ModuleStart()
+{
+    setModuleName(tr("Оперативный журнал"));
+    uploadHfnTables();
+    if (hasErrorUpload()) {
+        m_addButton->setEnabled(false);
+        showError(tr("Не удалось загрузить данные!"));
+        return false;
+    }
+
+    m_location = new LocationInfo(this);
+    m_location->setWorkersTable(m_workers);
+    m_location->setDepartmentsTable(m_departments);
+    m_location->setOrganizationsTable(m_organizations);
+    m_location->setOrgTypesTable(m_orgTypes);
+    m_location->init(m_app->m_user_params);
+    if (m_location->hasError()) {
+        m_addButton->setEnabled(false);
+        showError(m_location->errorString());
+        return false;
+    }
+
+    home()->init(this, m_location);
+    configureToolBar();
+    configureTabBar();
+    createDialogs();
+    createConnections();
+    return true;
+}
+
+void CVrkLogBook::ModuleStop() {}
+
+int CVrkLogBook::MessageOn()
+{
+    return MessageGet();
+}
+
+int CVrkLogBook::MessageData(HFNCliParam* block)
+{
+    TEventNciParse event;
+    if (!parseChangeEvent(block, &event))
+        return 0;
+    for (int i = 0; i < m_form->logbooks->count(); ++i) {
+        auto* tab = qobject_cast<LogBookTab*>(m_form->logbooks->widget(i));
+        if (tab && tab->isInit())
+            tab->MessageData(&event);
+    }
+    MDRTypFree(&event.recordType);
+    return 1;
+}
+
+int CVrkLogBook::SetParamCommand(QString)
+{
+    return 0;
+}
+
+int CVrkLogBook::SetParamProfile(QString)
+{
+    return 0;
+}
+
+QString CVrkLogBook::GetParamProfile()
+{
+    return {};
+}
+
+void CVrkLogBook::SetParamState(QString) {}
+
+QString CVrkLogBook::GetParamState()
+{
+    return {};
+}
+
+void CVrkLogBook::AppIdleEvent() {}
+
+/// Meant: the tabs keep what they hold and go on from the next change event.
+void CVrkLogBook::ModSesReconnect() {}
+
+void CVrkLogBook::ModDataEditPost() {}
+
+void CVrkLogBook::ModDataEditCancel() {}
+
+void CVrkLogBook::setModuleName(const QString& name)
+{
+    m_name = name;
+    SetModTitle(name, QString());
+}
+
+void CVrkLogBook::writeLog(const QString& func, const QString& text)
+{
+    logSink()->LogFile(2, func, text);
+}
+
+void CVrkLogBook::showError(const QString& text)
+{
+    if (!m_messageBox)
+        m_messageBox = new CPopMessageBox(this);
+    m_messageBox->setMessage(tr("Ошибка"), QStringLiteral("<center>%1</center>").arg(text),
+                             TMessageBoxIcon(1), TMessageBoxType(2), SLOT(closeMsgBox(QAbstractButton*)));
+    m_messageBox->show();
+}
+
+void CVrkLogBook::closeMsgBox(QAbstractButton*)
+{
+    if (m_messageBox)
+        m_messageBox->close();
+}
+
+void CVrkLogBook::uploadHfnTables()
+{
+    CToolLiteModel tool(this);
+    tool.setObjectName(QStringLiteral("LiteModel"));
+    tool.m_names << QStringLiteral("Workers") << QStringLiteral("Departments")
+                 << QStringLiteral("Organizations") << QStringLiteral("OrgTypes");
+    tool.Perform(false);
+    m_model.reset(tool.m_model);
+    tool.m_model = nullptr;
+    if (!m_model)
+        return;
+
+    m_workers = m_model->GetTableByName("Workers");
+    m_departments = m_model->GetTableByName("Departments");
+    m_organizations = m_model->GetTableByName("Organizations");
+    m_orgTypes = m_model->GetTableByName("OrgTypes");
+}
+
+void CVrkLogBook::prepareHfnTables()
+{
+    for (CModelTable* table : {m_departments, m_organizations, m_workers}) {
+        table->data.KeyAdd("KeyLink", 0);
+        while (MDAKeyCount(table->data.array) > 1)
+            table->data.lastError = MDAKeyDel(table->data.array, 0);
+    }
+}
+
+bool CVrkLogBook::hasErrorUpload()
+{
+    const std::pair<CModelTable*, const char*> tables[] = {{m_departments, "Departments"},
+                                                           {m_organizations, "Organizations"},
+                                                           {m_workers, "Workers"},
+                                                           {m_orgTypes, "OrgTypes"}};
+    for (const auto& [table, name] : tables) {
+        if (!table) {
+            writeLog(QStringLiteral("bool CVrkLogBook::hasErrorUpload()"),
+                     tr("Не удалось загрузить таблицу %1").arg(QLatin1String(name)));
+            return true;
+        }
+    }
+    return false;
+}
+
+LogBookWidget* CVrkLogBook::home() const
+{
+    return m_form->homeLogbook;
+}
+
+LogBookTab* CVrkLogBook::currentTab() const
+{
+    return qobject_cast<LogBookTab*>(m_form->logbooks->currentWidget());
+}
+
+LogBookWidget* CVrkLogBook::currentLogBook() const
+{
+    return qobject_cast<LogBookWidget*>(m_form->logbooks->currentWidget());
+}

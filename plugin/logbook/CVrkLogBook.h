@@ -1,0 +1,155 @@
+#pragma once
+
+#include "CVrkCliMod.h"
+
+#include <memory>
+
+class CLiteModel;
+class CModelTable;
+class CPopMessageBox;
+class LocationInfo;
+class LogBookTab;
+class LogBookWidget;
+class OrgStructDialog;
+class QAction;
+class QLabel;
+class QToolBar;
+class QToolButton;
+namespace OrgStruct
+{
+struct SelectedItem;
+}
+namespace Ui
+{
+class CVrkLogBook;
+}
+
+/// The window "Оперативный журнал": one tab a department's journal and one tool bar. The first tab, home, is
+/// the journal of the user's own department: records are made and changed, and shifts opened and closed, only
+/// there. What the bar changes it changes at home; what it shows it shows in the tab in front.
+class CVrkLogBook : public CVrkCliMod
+{
+    Q_OBJECT
+
+public:
+    explicit CVrkLogBook(CVrkCliApp* app);
+    ~CVrkLogBook() override;
+
+    /// Loads the reference tables, finds out who and where the user is, loads the home tab. False leaves the
+    /// window up with an error box, the home tab empty and no tool bar.
+    bool ModuleStart() override;
+    void ModuleStop() override;
+    int MessageOn() override;
+    /// Gives a change event to every initialised tab, in tab order; returns 1, and 0 for anything else.
+    int MessageData(HFNCliParam* block) override;
+    int SetParamCommand(QString command) override;
+    int SetParamProfile(QString profile) override;
+    QString GetParamProfile() override;
+    void SetParamState(QString state) override;
+    QString GetParamState() override;
+    void AppIdleEvent() override;
+    void ModSesReconnect() override;
+    void ModDataEditPost() override;
+    void ModDataEditCancel() override;
+
+    /// Opens the journal of a department in a tab of its own, or brings the one that is open to the front.
+    void appendLogbook(const QString& organizationKey, const QString& departmentKey);
+
+    /// The four reference tables; null until they have been loaded.
+    CModelTable* workersTable() const { return m_workers; }
+    CModelTable* departmentsTable() const { return m_departments; }
+    CModelTable* organizationsTable() const { return m_organizations; }
+    CModelTable* orgTypesTable() const { return m_orgTypes; }
+
+public slots:
+    /// Closes a tab and deletes it; the home tab stays.
+    void closeLogbook(int index);
+    /// Ties the tool bar to the tab at \a index.
+    void switchingToLogBook(int index);
+
+private slots:
+    void closeMsgBox(QAbstractButton* button);
+
+private:
+    void setModuleName(const QString& name);
+    void writeLog(const QString& func, const QString& text);
+    void showError(const QString& text);
+
+    void uploadHfnTables();
+    /// Sets KeyLink as the only key of Departments, Organizations and Workers. Stands ready for a host whose
+    /// tables come without it; ours gives that key, so nothing calls this.
+    void prepareHfnTables();
+    bool hasErrorUpload();
+
+    void configureAddButton();
+    void configureToolBar();
+    void hideUnbuilt();
+    void configureTabBar();
+    void createDialogs();
+    void createConnections();
+    QToolButton* appendButton(const QString& name, const QString& icon, const QString& toolTip);
+
+    void requestAppendLogbook();
+    void comeBackRequest();
+    void workshiftButtonClicked();
+
+    LogBookWidget* home() const;
+    LogBookWidget* currentLogBook() const;
+    LogBookTab* currentTab() const;
+
+    void updateActionsOpenWorkshift(LogBookWidget* logbook);
+    void updateActionsCloseWorkshift(LogBookWidget* logbook);
+    void updateActionsInfoWorkshift(LogBookWidget* logbook);
+    void updateActionsAppendWorker(LogBookWidget* logbook);
+    void updateActionCreateRecord(LogBookWidget* logbook);
+    void updateActionDeleteRecord(LogBookWidget* logbook);
+    void updateActionApproveRecord(LogBookWidget* logbook);
+    void updateActionSignRecord(LogBookWidget* logbook);
+    void updateActionTimeExec(LogBookWidget* logbook);
+    void updateControlsState(LogBookWidget* logbook);
+    void updateStatusWorkshift(LogBookTab* tab);
+    void updateIntervalWorkshift(LogBookWidget* logbook);
+    void updateLogBookState(LogBookWidget* logbook);
+    void disableToolBar();
+
+    std::unique_ptr<Ui::CVrkLogBook> m_form;
+    std::unique_ptr<CLiteModel> m_model;
+    CModelTable* m_workers = nullptr;
+    CModelTable* m_departments = nullptr;
+    CModelTable* m_organizations = nullptr;
+    CModelTable* m_orgTypes = nullptr;
+    LocationInfo* m_location = nullptr;
+    OrgStructDialog* m_orgStructDialog = nullptr;
+    CPopMessageBox* m_messageBox = nullptr;
+
+    QToolButton* m_addButton = nullptr;
+    QToolBar* m_toolBar = nullptr;
+    QToolButton* m_timeButton = nullptr;
+    QToolButton* m_workshiftButton = nullptr;
+    QToolButton* m_createButton = nullptr;
+    QToolButton* m_deleteButton = nullptr;
+    QToolButton* m_approveButton = nullptr;
+    QToolButton* m_signButton = nullptr;
+    QToolButton* m_executionButton = nullptr;
+    QToolButton* m_commentsButton = nullptr;
+    QToolButton* m_reportButton = nullptr;
+    QToolButton* m_searchButton = nullptr;
+    QLabel* m_intervalLabel = nullptr;
+    QLabel* m_statusLabel = nullptr;
+
+    QAction* m_currentWorkshiftAction = nullptr;
+    QAction* m_chooseWorkshiftAction = nullptr;
+    QAction* m_chooseIntervalAction = nullptr;
+    QAction* m_openWorkshiftAction = nullptr;
+    QAction* m_closeWorkshiftAction = nullptr;
+    QAction* m_appendWorkerAction = nullptr;
+    QAction* m_infoWorkshiftAction = nullptr;
+    QAction* m_deleteRecordAction = nullptr;
+    QAction* m_deleteMyDraftsAction = nullptr;
+    QAction* m_deleteAllDraftsAction = nullptr;
+    QAction* m_approveRecordAction = nullptr;
+    QAction* m_approveMyRecordsAction = nullptr;
+    QAction* m_approveAllRecordsAction = nullptr;
+    QAction* m_signRecordAction = nullptr;
+    QAction* m_signAllRecordsAction = nullptr;
+};

@@ -1,0 +1,136 @@
+#include "CVrkLogBook.h"
+
+#include "CModelTable.h"
+#include "LocationInfo.h"
+#include "LogBookWidget.h"
+#include "OrgStructDialog.h"
+#include "OrgStructWidget.h"
+#include "ui_CVrkLogBook.h"
+
+#include <QAction>
+#include <QTabBar>
+#include <QToolButton>
+
+namespace
+{
+/// Type of the items of the organisation structure that are departments.
+constexpr int departmentType = 4;
+} // namespace
+
+void CVrkLogBook::configureAddButton()
+{
+    m_addButton = new QToolButton(m_form->logbooks);
+    m_addButton->setObjectName(QStringLiteral("addButton"));
+    m_addButton->setIcon(QIcon(QStringLiteral(":/icons/add_blue.png")));
+    m_addButton->setIconSize(QSize(25, 24));
+    m_addButton->setToolTip(tr("Добавить журнал подразделения"));
+    m_addButton->setStyleSheet(QStringLiteral("QToolButton {border: none; background-color: transparent;}"));
+
+    m_form->logbooks->setMovable(true);
+    m_form->logbooks->setTabsClosable(true);
+    m_form->logbooks->setStyleSheet(QStringLiteral("QTabBar::tab { height: 27px; }"));
+    m_form->logbooks->setCornerWidget(m_addButton, Qt::TopLeftCorner);
+}
+
+void CVrkLogBook::configureTabBar()
+{
+    m_form->logbooks->setTabText(0, home()->title());
+    m_form->logbooks->setTabIcon(0, QIcon(QStringLiteral(":/icons/home.png")));
+    for (QTabBar::ButtonPosition side : {QTabBar::LeftSide, QTabBar::RightSide})
+        m_form->logbooks->tabBar()->setTabButton(0, side, nullptr);
+    switchingToLogBook(0);
+}
+
+void CVrkLogBook::createDialogs()
+{
+    m_orgStructDialog = new OrgStructDialog(this, -1);
+    m_orgStructDialog->widget()->init(this);
+}
+
+void CVrkLogBook::requestAppendLogbook()
+{
+    // A cancelled choice leaves its connection behind, which would answer the next one as well.
+    disconnect(m_orgStructDialog, &OrgStructDialog::itemSelected, this, nullptr);
+    connect(m_orgStructDialog, &OrgStructDialog::itemSelected, this,
+            [this](const OrgStruct::SelectedItem& item) {
+                disconnect(m_orgStructDialog, &OrgStructDialog::itemSelected, this, nullptr);
+                if (item.type == departmentType)
+                    appendLogbook(item.organizationKey, item.departmentKey);
+            });
+    m_orgStructDialog->widget()->setSelectionType(departmentType);
+    m_orgStructDialog->widget()->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_orgStructDialog->show();
+}
+
+void CVrkLogBook::appendLogbook(const QString& organizationKey, const QString& departmentKey)
+{
+    for (int i = 0; i < m_form->logbooks->count(); ++i) {
+        auto* logbook = qobject_cast<LogBookWidget*>(m_form->logbooks->widget(i));
+        if (logbook && logbook->location()->organizationKey() == organizationKey &&
+            logbook->location()->departmentKey() == departmentKey) {
+            m_form->logbooks->setCurrentWidget(logbook);
+            return;
+        }
+    }
+
+    auto* logbook = new LogBookWidget(this);
+    auto* location = new LocationInfo(logbook);
+    location->setWorkersTable(m_workers);
+    location->setDepartmentsTable(m_departments);
+    location->setOrganizationsTable(m_organizations);
+    location->setWorkerKey(home()->location()->workerKey());
+    location->setOrganizationKey(organizationKey);
+    location->setDepartmentKey(departmentKey);
+    location->printInfo();
+    logbook->init(this, location);
+
+    const int index = m_form->logbooks->insertTab(m_form->logbooks->count(), logbook, logbook->title());
+    m_form->logbooks->setCurrentIndex(index);
+}
+
+void CVrkLogBook::closeLogbook(int index)
+{
+    QWidget* tab = m_form->logbooks->widget(index);
+    if (!tab || tab == home())
+        return;
+    m_form->logbooks->removeTab(index);
+    delete tab;
+}
+
+void CVrkLogBook::switchingToLogBook(int index)
+{
+    // Meant: nothing is connected in this direction, so nothing is taken away here. The connections of tabs
+    // visited earlier stay, and a visa reaches all of them.
+    for (QAction* action : {m_signRecordAction, m_signAllRecordsAction})
+        QObject::disconnect(this, nullptr, action, nullptr);
+    for (int i = 0; i < m_form->logbooks->count(); ++i) {
+        if (auto* other = qobject_cast<LogBookWidget*>(m_form->logbooks->widget(i)))
+            QObject::disconnect(this, nullptr, other, nullptr);
+    }
+
+    auto* logbook = qobject_cast<LogBookWidget*>(m_form->logbooks->widget(index));
+    if (!logbook) {
+        disableToolBar();
+        if (auto* tab = qobject_cast<LogBookTab*>(m_form->logbooks->widget(index)))
+            updateStatusWorkshift(tab);
+        return;
+    }
+
+    m_reportButton->setEnabled(true);
+    m_timeButton->setEnabled(true);
+    updateLogBookState(logbook);
+
+    connect(logbook, &LogBookWidget::statusChanged, logbook, [this] {
+        if (LogBookWidget* current = currentLogBook())
+            updateLogBookState(current);
+    });
+    const auto refreshControls = [this] {
+        if (LogBookWidget* current = currentLogBook())
+            updateControlsState(current);
+    };
+    connect(logbook, &LogBookWidget::recordUpdated, logbook, refreshControls);
+    connect(logbook, &LogBookWidget::recordAdded, logbook, refreshControls);
+    connect(logbook, &LogBookWidget::changedSelectedRecord, logbook, refreshControls);
+    connect(m_signRecordAction, &QAction::triggered, logbook, &LogBookWidget::signRecordRequest);
+    connect(m_signAllRecordsAction, &QAction::triggered, logbook, &LogBookWidget::signAllRecordsRequest);
+}
