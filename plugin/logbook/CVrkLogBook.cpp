@@ -58,6 +58,7 @@ bool CVrkLogBook::ModuleStart()
     }
 
     home()->init(this, m_location);
+    home()->uploadWorkshiftDurationControl();
     configureToolBar();
     configureTabBar();
     createDialogs();
