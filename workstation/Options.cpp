@@ -1,0 +1,64 @@
+#include "Options.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+bool Options::parse(const QStringList& arguments, QString* message, int* exitCode)
+{
+    const auto tr = [](const char* text) { return QCoreApplication::translate("Options", text); };
+    QCommandLineParser parser;
+    parser.setApplicationDescription(tr("Рабочее место диспетчера: оперативный журнал."));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, tr("Показать эту справку."));
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                     tr("Показать версию."));
+    const QCommandLineOption storeOption(QStringLiteral("store"),
+                                         tr("Хранилище: sqlite:///путь или postgresql://сервер/база."),
+                                         QStringLiteral("URL"));
+    const QCommandLineOption userOption(
+        QStringLiteral("user"), tr("Имя для входа. Без него программа спросит."), QStringLiteral("LOGIN"));
+    const QCommandLineOption departmentOption(QStringLiteral("department"),
+                                              tr("Подразделение, если их у пользователя несколько."),
+                                              QStringLiteral("NAME"));
+    const QCommandLineOption moduleOption(QStringLiteral("module"),
+                                          tr("Модуль: logbook, template или converter."),
+                                          QStringLiteral("NAME"), module);
+    const QCommandLineOption pluginOption(QStringLiteral("plugin"), tr("Библиотека модулей."),
+                                          QStringLiteral("FILE"));
+    const QCommandLineOption tourOption(QStringLiteral("tour"),
+                                        tr("Показать журнал на примере и сохранить картинки в папку."),
+                                        QStringLiteral("DIR"));
+    parser.addOptions(
+        {help, version, storeOption, userOption, departmentOption, moduleOption, pluginOption, tourOption});
+
+    *exitCode = 0;
+    if (!parser.parse(arguments)) {
+        *message = parser.errorText();
+        *exitCode = 2;
+        return false;
+    }
+    if (parser.isSet(help)) {
+        *message = parser.helpText();
+        return false;
+    }
+    if (parser.isSet(version)) {
+        *message = QStringLiteral("vrk-workstation ") + QCoreApplication::applicationVersion();
+        return false;
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        *message = tr("Лишний аргумент: %1").arg(parser.positionalArguments().constFirst());
+        *exitCode = 2;
+        return false;
+    }
+    store = parser.value(storeOption);
+    user = parser.value(userOption);
+    department = parser.value(departmentOption);
+    module = parser.value(moduleOption);
+    plugin = parser.value(pluginOption);
+    tour = parser.value(tourOption);
+    if (store.isEmpty() && tour.isEmpty()) {
+        *message = tr("Укажите хранилище: --store sqlite:///путь/к/файлу");
+        *exitCode = 2;
+        return false;
+    }
+    return true;
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// What the command line asks of the workstation.
+struct Options {
+    QString store;      ///< URL
+    QString user;       ///< login; empty: ask
+    QString department; ///< name or key; empty: the only one, or ask
+    QString module = QStringLiteral("logbook");
+    QString plugin; ///< library to load; empty: libVrkLogBook.so.2 beside the program's libraries
+    QString tour;   ///< folder for the pictures of the tour; empty: no tour
+
+    /// Reads the arguments (the program's name first). False: \a message is to be shown and the program ends,
+    /// with \a exitCode 0 for help and version, 2 for wrong arguments.
+    bool parse(const QStringList& arguments, QString* message, int* exitCode);
+};

@@ -1,0 +1,89 @@
+#include "SignInDialog.h"
+
+#include "ui_SignInDialog.h"
+
+#include <QPushButton>
+#include <QSettings>
+
+namespace
+{
+const char* const lastLogin = "signIn/login";
+const char* const lastDepartment = "signIn/department";
+
+void select(QComboBox* combo, const QVariant& data)
+{
+    const int index = combo->findData(data);
+    if (index >= 0)
+        combo->setCurrentIndex(index);
+}
+} // namespace
+
+SignInDialog::SignInDialog(SignIn* signIn, const QString& login, const QString& department, QWidget* parent)
+    : QDialog(parent), m_signIn(signIn), m_department(department), m_form(new Ui::SignInDialog)
+{
+    m_form->setupUi(this);
+    m_form->buttonBox->button(QDialogButtonBox::Ok)->setText(tr("Войти"));
+    m_form->buttonBox->button(QDialogButtonBox::Cancel)->setText(tr("Отмена"));
+
+    for (const SignIn::Login& known : signIn->logins()) {
+        if (login.isEmpty() || known.login == login)
+            m_form->loginCombo->addItem(QStringLiteral("%1 (%2)").arg(known.name, known.login), known.login);
+    }
+    select(m_form->loginCombo, QSettings().value(QLatin1String(lastLogin)));
+    m_form->loginCombo->setEnabled(m_form->loginCombo->count() > 1);
+
+    connect(m_form->loginCombo, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &SignInDialog::loginChosen);
+    connect(m_form->buttonBox, &QDialogButtonBox::accepted, this, &SignInDialog::accept);
+    connect(m_form->buttonBox, &QDialogButtonBox::rejected, this, &SignInDialog::reject);
+    loginChosen();
+    m_form->buttonBox->button(QDialogButtonBox::Ok)->setDefault(true);
+}
+
+SignInDialog::~SignInDialog() = default;
+
+QByteArray SignInDialog::departmentKey() const
+{
+    return m_form->departmentCombo->currentData().toByteArray();
+}
+
+QByteArray SignInDialog::departmentOf(const SignIn& signIn, const QString& department)
+{
+    const QVector<SignIn::Department> known = signIn.departments();
+    for (const SignIn::Department& one : known) {
+        if (one.name.compare(department, Qt::CaseInsensitive) == 0 ||
+            QString::fromUtf8(one.key) == department)
+            return one.key;
+    }
+    return department.isEmpty() && known.size() == 1 ? known.constFirst().key : QByteArray();
+}
+
+void SignInDialog::loginChosen()
+{
+    m_form->departmentCombo->clear();
+    const bool known = m_signIn->signIn(m_form->loginCombo->currentData().toString());
+    const QVector<SignIn::Department> departments =
+        known ? m_signIn->departments() : QVector<SignIn::Department>();
+    for (const SignIn::Department& one : departments)
+        m_form->departmentCombo->addItem(QStringLiteral("%1, %2").arg(one.name, one.organizationName),
+                                         one.key);
+    select(m_form->departmentCombo, QSettings().value(QLatin1String(lastDepartment)));
+    const QByteArray wanted = departmentOf(*m_signIn, m_department);
+    if (!wanted.isEmpty())
+        select(m_form->departmentCombo, wanted);
+
+    m_form->departmentCombo->setEnabled(departments.size() > 1);
+    m_form->noticeLabel->setText(
+        !known                  ? m_signIn->errorText()
+        : departments.isEmpty() ? tr("Для этого пользователя не заведён сотрудник ни в одном подразделении.")
+                                : QString());
+    m_form->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(known && !departments.isEmpty());
+}
+
+void SignInDialog::accept()
+{
+    QSettings settings;
+    settings.setValue(QLatin1String(lastLogin), m_form->loginCombo->currentData());
+    settings.setValue(QLatin1String(lastDepartment), m_form->departmentCombo->currentData());
+    QDialog::accept();
+}

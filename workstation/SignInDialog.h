@@ -1,0 +1,37 @@
+#pragma once
+
+#include "SignIn.h"
+
+#include <memory>
+#include <QDialog>
+
+namespace Ui
+{
+class SignInDialog;
+}
+
+/// Asks who works, and in which department where there are several. The last choice is offered first.
+class SignInDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// \a signIn has an open store; \a login and \a department fix a choice that is already made.
+    SignInDialog(SignIn* signIn, const QString& login, const QString& department, QWidget* parent = nullptr);
+    ~SignInDialog() override;
+
+    /// Key of the chosen department; empty for a login without one.
+    QByteArray departmentKey() const;
+
+    /// The department called \a department (name or key), else the only one. Empty when a choice has to be
+    /// made.
+    static QByteArray departmentOf(const SignIn& signIn, const QString& department);
+
+private:
+    void loginChosen();
+    void accept() override;
+
+    SignIn* m_signIn;
+    QString m_department;
+    std::unique_ptr<Ui::SignInDialog> m_form;
+};
