@@ -1,0 +1,142 @@
+#include "StatusLine.h"
+
+#include "CVrkCliSes.h"
+
+#include <QDateTime>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QStyle>
+#include <QToolButton>
+
+namespace
+{
+constexpr int noticeMs = 12000;
+/// The server is asked for its time once in so many seconds; in between our own clock carries it on.
+constexpr int secondsBetweenSynchronizations = 60;
+
+QLabel* panel(const QString& name, QHBoxLayout* layout, int stretch = 0)
+{
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    layout->addWidget(label, stretch);
+    return label;
+}
+} // namespace
+
+StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& department, QWidget* parent)
+    : QWidget(parent), m_session(session)
+{
+    setObjectName(QStringLiteral("statusLine"));
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(6, 0, 6, 0);
+    layout->setSpacing(8);
+    m_connectionIcon = panel(QStringLiteral("connectionIcon"), layout);
+    m_connectionLabel = panel(QStringLiteral("connectionLabel"), layout);
+    panel(QStringLiteral("userLabel"), layout)->setText(QStringLiteral("%1, %2").arg(user, department));
+
+    m_messageLabel = panel(QStringLiteral("messageLabel"), layout, 1);
+    m_messageLabel->setTextFormat(Qt::PlainText);
+    m_messageLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_acknowledgeButton = new QToolButton;
+    m_acknowledgeButton->setObjectName(QStringLiteral("acknowledgeButton"));
+    m_acknowledgeButton->setText(tr("Понятно"));
+    m_acknowledgeButton->setToolTip(tr("Убрать сообщения о неудачах (Ctrl + Shift + K)"));
+    m_acknowledgeButton->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_K);
+    layout->addWidget(m_acknowledgeButton);
+
+    m_clockLabel = panel(QStringLiteral("clockLabel"), layout);
+    m_clockLabel->setToolTip(tr("Время сервера"));
+
+    connect(m_acknowledgeButton, &QToolButton::clicked, this, &StatusLine::acknowledge);
+    connect(session, &CVrkCliSes::requestFailed, this, &StatusLine::requestFailed);
+    connect(session, &CVrkCliSes::connectionChanged, this, &StatusLine::showConnection);
+    connect(session, &CVrkCliSes::historyChanged, this, [this] {
+        addFailure(tr("Хранилище восстановлено из копии: закройте программу и откройте её снова."));
+    });
+
+    m_noticeTimer.setSingleShot(true);
+    m_noticeTimer.setInterval(noticeMs);
+    connect(&m_noticeTimer, &QTimer::timeout, this, [this] {
+        m_notice.clear();
+        showMessage();
+    });
+    m_clockTimer.setInterval(1000);
+    connect(&m_clockTimer, &QTimer::timeout, this, [this] {
+        if (++m_ticks % secondsBetweenSynchronizations == 0)
+            synchronizeClock();
+        showClock();
+    });
+    m_clockTimer.start();
+
+    showConnection(session->isConnected());
+    showMessage();
+    synchronizeClock();
+    showClock();
+}
+
+void StatusLine::addFailure(const QString& text)
+{
+    m_failures << QStringLiteral("%1 %2").arg(QTime::currentTime().toString(QStringLiteral("hh:mm:ss")),
+                                              text);
+    showMessage();
+}
+
+void StatusLine::showNotice(const QString& text)
+{
+    m_notice = text;
+    m_noticeTimer.start();
+    showMessage();
+}
+
+void StatusLine::requestFailed(bool write, const QString& table, const QString& reason)
+{
+    Q_UNUSED(table)
+    addFailure((write ? tr("Не записано: %1") : tr("Не прочитано: %1")).arg(reason));
+}
+
+void StatusLine::showConnection(bool connected)
+{
+    const QString icon =
+        connected ? QStringLiteral(":/vrk/connected.png") : QStringLiteral(":/vrk/disconnected.png");
+    const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    m_connectionIcon->setPixmap(QIcon(icon).pixmap(side, side));
+    m_connectionLabel->setText(connected ? tr("Подключено") : tr("Нет связи с хранилищем"));
+}
+
+void StatusLine::showMessage()
+{
+    m_acknowledgeButton->setVisible(!m_failures.isEmpty());
+    QString text = m_notice;
+    if (!m_failures.isEmpty()) {
+        text = m_failures.constLast();
+        if (m_failures.size() > 1)
+            text += tr(" (и ещё %1)").arg(m_failures.size() - 1);
+    }
+    m_messageLabel->setText(text);
+    m_messageLabel->setToolTip(m_failures.isEmpty() ? m_notice : m_failures.join(QLatin1Char('\n')));
+
+    // A colour of its own beside the words: legible on light and dark grounds.
+    m_messageLabel->setStyleSheet(
+        m_failures.isEmpty() ? QString()
+                             : QStringLiteral("color: white; background: #B3261E; padding: 1px 6px;"));
+}
+
+void StatusLine::acknowledge()
+{
+    m_failures.clear();
+    showMessage();
+}
+
+void StatusLine::synchronizeClock()
+{
+    const double now = m_session->GetHfnTime();
+    if (now > 0)
+        m_serverAhead = QDateTime::currentDateTime().msecsTo(HfnTime_to_DateTime(now, -1));
+}
+
+void StatusLine::showClock()
+{
+    m_clockLabel->setText(
+        QDateTime::currentDateTime().addMSecs(m_serverAhead).toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")));
+}

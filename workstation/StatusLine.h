@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QTime>
+#include <QTimer>
+#include <QWidget>
+
+class CVrkCliSes;
+class QLabel;
+class QToolButton;
+
+/// The line at the foot of every window: is the store there, who works where, what time the server has; and
+/// each request that was refused or failed, with time and reason, until the user acknowledges it.
+class StatusLine : public QWidget
+{
+    Q_OBJECT
+
+public:
+    StatusLine(CVrkCliSes* session, const QString& user, const QString& department,
+               QWidget* parent = nullptr);
+
+    /// A failure that stays until it is acknowledged. The same text again is counted, not repeated.
+    void addFailure(const QString& text);
+    /// A notice that goes by itself; it never covers a failure.
+    void showNotice(const QString& text);
+    /// Failures not yet acknowledged, oldest first.
+    QStringList failures() const { return m_failures; }
+
+private:
+    void requestFailed(bool write, const QString& table, const QString& reason);
+    void showConnection(bool connected);
+    void showMessage();
+    void acknowledge();
+    void synchronizeClock();
+    void showClock();
+
+    CVrkCliSes* m_session;
+    QLabel* m_connectionIcon;
+    QLabel* m_connectionLabel;
+    QLabel* m_messageLabel;
+    QToolButton* m_acknowledgeButton;
+    QLabel* m_clockLabel;
+    QStringList m_failures;
+    QString m_notice;
+    QTimer m_noticeTimer;
+    QTimer m_clockTimer;
+    qint64 m_serverAhead = 0; ///< milliseconds by which the server's clock is ahead of ours
+    int m_ticks = 0;
+};
