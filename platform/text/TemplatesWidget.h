@@ -4,11 +4,23 @@
 #include "VrkExport.h"
 
 #include <memory>
+#include <QSet>
 #include <QStringList>
 #include <QWidget>
 
 class CModelTable;
+class QAction;
+class QKeyEvent;
+class QModelIndex;
 class QTextCodec;
+class QTimer;
+class TemplateFavourites;
+class TemplatesModel;
+struct TemplatesSource;
+namespace Ui
+{
+class TemplatesWidget;
+}
 
 /// The tree of template categories and templates that a department may use, with a search line above it:
 /// first the templates used lately and the pinned ones (when a user is told), then those of the department,
@@ -72,6 +84,34 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct Private;
-    std::unique_ptr<Private> d;
+    void markStale();
+    void refresh();
+    void arrange();
+    void restoreExpanded(const QModelIndex& parent);
+    bool isOpenByDefault(const QModelIndex& branch) const;
+    void filter(const QString& query);
+    void highlight(const QModelIndex& index);
+    void highlightChosen();
+    void follow(const QModelIndex& index);
+    void choose(const QModelIndex& index);
+    void activate(const QModelIndex& index);
+    void setChosen(const QString& key, const QString& group);
+    void noteExpanded(const QModelIndex& branch, bool expanded);
+    bool searchKey(QKeyEvent* event);
+    bool treeKey(QKeyEvent* event);
+    void showMenu(const QPoint& position);
+    void togglePinned();
+
+    std::unique_ptr<Ui::TemplatesWidget> m_form;
+    TemplatesModel* m_model;
+    std::unique_ptr<TemplatesSource> m_source;
+    std::unique_ptr<TemplateFavourites> m_favourites;
+    QAction* m_pinAction;
+    QTimer* m_refreshTimer;
+    QSet<QString> m_toggled; ///< keys of branches that the user opened or closed against their default
+    QString m_userKey;
+    QString m_chosen;      ///< key of the chosen template
+    QString m_chosenGroup; ///< where in the tree it was chosen
+    bool m_stale = true;
+    bool m_arranging = false; ///< the tree is changed by the widget, not by the user
 };

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QHash>
+#include <QIcon>
+#include <QStringList>
+#include <vector>
+
+class CModelTable;
+class QTextCodec;
+
+/// What the tree of templates is built from. Nothing is owned.
+struct TemplatesSource {
+    QTextCodec* codec = nullptr;
+    CModelTable* categories = nullptr;
+    CModelTable* templates = nullptr;
+    CModelTable* departments = nullptr;
+    CModelTable* orgTypes = nullptr;
+    QString departmentKey;
+    QString orgTypeKey;
+    QStringList props;        ///< template properties asked for
+    bool propsPresent = true; ///< all of them are there, or none
+    QStringList recent;
+    QStringList pinned;
+};
+
+/// The tree shown by TemplatesWidget: groups, in them categories by name, then templates by name. It is built
+/// in one pass and holds keys and names only, so that the tables may change under it until the next
+/// rebuild(). A template may stand at several places: in its category, among the recent and among the pinned
+/// ones.
+class TemplatesModel : public QAbstractItemModel
+{
+    Q_OBJECT
+
+public:
+    enum Role {
+        KeyRole = Qt::UserRole, ///< KeyLink of a category or template, a fixed name of a group
+        TemplateRole,           ///< true for a template
+    };
+
+    explicit TemplatesModel(QObject* parent = nullptr);
+
+    void rebuild(const TemplatesSource& source);
+    /// Shows only templates in whose name, or the names of whose categories, all words of the query are
+    /// found, and the categories that hold them.
+    void setFilter(const QString& query);
+    bool isFiltered() const { return !m_parts.isEmpty(); }
+    int templateCount() const { return m_templateCount; } ///< in the levels, whatever the filter
+    int shownCount() const { return m_shownCount; }       ///< in the levels, under the filter
+
+    /// The first shown template of the levels.
+    QModelIndex firstTemplate() const;
+    /// The template shown next after (\a step 1) or before (-1) an index in the order of the tree.
+    QModelIndex nextTemplate(const QModelIndex& from, int step) const;
+    /// The first shown template in whose name the query begins a word, otherwise the first shown one.
+    QModelIndex bestMatch() const;
+    /// Where a template is shown: at \a near's group when it is there, otherwise in its category.
+    QModelIndex indexOf(const QString& templateKey, const QString& nearGroup = QString()) const;
+    bool contains(const QString& templateKey) const { return m_places.contains(templateKey); }
+    /// The key of the group in which an index stands.
+    QString groupOf(const QModelIndex& index) const;
+
+    QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
+    QModelIndex parent(const QModelIndex& index) const override;
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    enum class Kind { Root, Favourites, Level, Category, Template };
+    struct Node {
+        Kind kind = Kind::Root;
+        int parent = -1; ///< smaller than the node's own number, -1 for the root
+        QString key;
+        QString name;
+        QString folded;
+        std::vector<int> shown; ///< children under the filter, in order
+        int row = -1;           ///< among the parent's shown children, -1 when hidden
+        int order = 0;          ///< number of shown templates that stand before it in the tree
+    };
+    class Builder;
+
+    void applyFilter();
+    void numberTemplates(int node);
+    QModelIndex indexOfNode(int node) const;
+    int nodeOf(const QModelIndex& index) const;
+    int groupNode(int node) const;
+
+    const QIcon m_folderIcon;
+    const QIcon m_templateIcon;
+    std::vector<Node> m_nodes;                 ///< the root first; siblings in the order of the tree
+    std::vector<int> m_order;                  ///< shown templates in the order of the tree
+    QHash<QString, std::vector<int>> m_places; ///< nodes of each template, its category first
+    QStringList m_parts;
+    bool m_hideEmpty = false;
+    int m_templateCount = 0;
+    int m_shownCount = 0;
+};
