@@ -1,0 +1,85 @@
+#include "Command.h"
+
+#include "BackupCommand.h"
+#include "CheckCommand.h"
+#include "DemoCommand.h"
+#include "FileCommand.h"
+#include "InitCommand.h"
+#include "RightCommand.h"
+#include "StoreError.h"
+#include "UserCommand.h"
+
+namespace
+{
+bool isHelp(const QString& argument)
+{
+    return argument == QLatin1String("--help") || argument == QLatin1String("-h") ||
+           argument == QLatin1String("help");
+}
+
+void printHelp(QTextStream& out, const std::vector<std::unique_ptr<Command>>& commands)
+{
+    out << QStringLiteral("vrk-admin: хранилища оперативного журнала\n\n"
+                          "Использование: vrk-admin КОМАНДА [АРГУМЕНТЫ]\n"
+                          "               vrk-admin КОМАНДА --help\n\nКоманды:\n");
+    for (const auto& command : commands)
+        out << QStringLiteral("  %1 %2\n").arg(command->name(), -8).arg(command->summary());
+    out << QStringLiteral(
+        "\nURL хранилища: sqlite:///полный/путь/к/файлу\n"
+        "Код завершения: 0 успех, 1 не удалось, 2 неверные аргументы, 3 проверка нашла ошибки.\n");
+}
+} // namespace
+
+Command::ExitCode Command::wrongUsage(Streams& streams) const
+{
+    streams.err << usage();
+    return WrongUsage;
+}
+
+Command::ExitCode Command::fail(Streams& streams, const StoreError& error)
+{
+    streams.err << error.text << QLatin1Char('\n');
+    if (!error.detail.isEmpty())
+        streams.err << QLatin1Char('(') << error.detail << QStringLiteral(")\n");
+    return Failed;
+}
+
+Command::ExitCode Command::outcome(bool done, Streams& streams, const StoreError& error)
+{
+    return done ? Success : fail(streams, error);
+}
+
+std::vector<std::unique_ptr<Command>> adminCommands()
+{
+    std::vector<std::unique_ptr<Command>> commands;
+    commands.push_back(std::make_unique<InitCommand>());
+    commands.push_back(std::make_unique<DemoCommand>());
+    commands.push_back(std::make_unique<CheckCommand>());
+    commands.push_back(std::make_unique<BackupCommand>());
+    commands.push_back(std::make_unique<UserCommand>());
+    commands.push_back(std::make_unique<RightCommand>());
+    commands.push_back(std::make_unique<FileCommand>());
+    return commands;
+}
+
+Command::ExitCode runAdmin(const QStringList& arguments, Streams& streams)
+{
+    const auto commands = adminCommands();
+    if (arguments.isEmpty() || isHelp(arguments.constFirst())) {
+        printHelp(arguments.isEmpty() ? streams.err : streams.out, commands);
+        return arguments.isEmpty() ? Command::WrongUsage : Command::Success;
+    }
+    for (const auto& command : commands) {
+        if (command->name() != arguments.constFirst())
+            continue;
+        const QStringList rest = arguments.mid(1);
+        if (!rest.isEmpty() && isHelp(rest.constFirst())) {
+            streams.out << command->usage();
+            return Command::Success;
+        }
+        return command->run(rest, streams);
+    }
+    streams.err << QStringLiteral("Нет команды «%1».\n\n").arg(arguments.constFirst());
+    printHelp(streams.err, commands);
+    return Command::WrongUsage;
+}

@@ -1,0 +1,97 @@
+#include "DemoCommand.h"
+
+#include "DemoStore.h"
+#include "StoreError.h"
+
+#include <chrono>
+#include <QDateTime>
+#include <thread>
+
+namespace
+{
+constexpr int secondsBetweenLiveRecords = 15;
+
+QString describe(DemoStore::State state)
+{
+    switch (state) {
+    case DemoStore::State::Current:
+        return QStringLiteral("Демонстрационный журнал на месте.\n");
+    case DemoStore::State::Ended:
+        return QStringLiteral("Смена демонстрационного журнала закончилась: журнал записан заново.\n");
+    case DemoStore::State::Touched:
+        return QStringLiteral(
+            "Смена демонстрационного журнала закончилась: она закрыта, открыта новая, записи сохранены.\n");
+    case DemoStore::State::Empty:
+    case DemoStore::State::Foreign:
+        break;
+    }
+    return {};
+}
+} // namespace
+
+QString DemoCommand::summary() const
+{
+    return QStringLiteral("заполнить хранилище демонстрационным журналом");
+}
+
+QString DemoCommand::usage() const
+{
+    return QStringLiteral(
+        "vrk-admin demo URL [--live [--count N]]\n"
+        "  Заполняет новое хранилище демонстрационным журналом или обновляет прежний.\n"
+        "  Хранилище с чужими данными не трогает.\n"
+        "  --live   писать в открытую смену по записи каждые 15 секунд, как второе рабочее место\n"
+        "  --count  остановиться после стольких записей\n");
+}
+
+Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& streams)
+{
+    QString url;
+    bool live = false;
+    int count = -1;
+    for (int i = 0; i < arguments.size(); ++i) {
+        bool number = true;
+        if (arguments[i] == QLatin1String("--live"))
+            live = true;
+        else if (arguments[i] == QLatin1String("--count") && i + 1 < arguments.size())
+            count = arguments[++i].toInt(&number);
+        else if (url.isEmpty() && !arguments[i].startsWith(QLatin1Char('-')))
+            url = arguments[i];
+        else
+            return wrongUsage(streams);
+        if (!number || count < -1)
+            return wrongUsage(streams);
+    }
+    if (url.isEmpty() || (count >= 0 && !live))
+        return wrongUsage(streams);
+
+    const auto now = [] { return QDateTime::currentSecsSinceEpoch(); };
+    StoreError error;
+    for (int n = 0; live && n != count; ++n) {
+        if (!DemoStore::writeLiveRecord(url, now(), n, &error))
+            return fail(streams, error);
+        streams.out << QStringLiteral("Запись %1 внесена\n").arg(n + 1);
+        streams.out.flush();
+        if (n + 1 != count)
+            std::this_thread::sleep_for(std::chrono::seconds(secondsBetweenLiveRecords));
+    }
+    if (live)
+        return Success;
+
+    DemoStore::State state = DemoStore::State::Empty;
+    if (!DemoStore::state(url, now(), &state, &error)) {
+        if (error.code != StoreError::Missing)
+            return fail(streams, error);
+        state = DemoStore::State::Empty;
+    }
+    if (state != DemoStore::State::Empty && state != DemoStore::State::Foreign) {
+        if (!DemoStore::renew(url, now(), &error))
+            return fail(streams, error);
+        streams.out << describe(state);
+        return Success;
+    }
+    if (!DemoStore::fill(url, now(), &error)) // refuses a store with foreign data
+        return fail(streams, error);
+    streams.out << QStringLiteral("Демонстрационный журнал записан.\n");
+    return Success;
+}

@@ -1,0 +1,65 @@
+#include "FileCommand.h"
+
+#include "StoreAdmin.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+QString FileCommand::summary() const
+{
+    return QStringLiteral("именованные файлы хранилища, например options;OperLogOptions");
+}
+
+QString FileCommand::usage() const
+{
+    return QStringLiteral("vrk-admin file URL list\n"
+                          "vrk-admin file URL put FOLDER NAME FILE\n"
+                          "vrk-admin file URL get FOLDER NAME FILE\n"
+                          "vrk-admin file URL remove FOLDER NAME\n");
+}
+
+Command::ExitCode FileCommand::run(const QStringList& arguments, Streams& streams)
+{
+    if (arguments.size() < 2)
+        return wrongUsage(streams);
+    const QString& url = arguments[0];
+    const QString& verb = arguments[1];
+    StoreError error;
+
+    if (verb == QLatin1String("list") && arguments.size() == 2) {
+        const QStringList names = StoreAdmin::files(url, &error);
+        if (error)
+            return fail(streams, error);
+        for (const QString& name : names)
+            streams.out << name << QLatin1Char('\n');
+        return Success;
+    }
+    if (verb == QLatin1String("remove") && arguments.size() == 4)
+        return outcome(StoreAdmin::removeFile(url, arguments[2], arguments[3], &error), streams, error);
+    if (arguments.size() != 5)
+        return wrongUsage(streams);
+
+    const QString& path = arguments[4];
+    const auto cannot = [&](const QString& what, const QString& why) {
+        streams.err << QStringLiteral("Не удалось %1 файл %2: %3\n").arg(what, path, why);
+        return Failed;
+    };
+    if (verb == QLatin1String("put")) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            return cannot(QStringLiteral("прочитать"), file.errorString());
+        return outcome(StoreAdmin::putFile(url, arguments[2], arguments[3], file.readAll(), &error), streams,
+                       error);
+    }
+    if (verb != QLatin1String("get"))
+        return wrongUsage(streams);
+
+    const auto store = Store::open(url, {}, &error);
+    QByteArray content;
+    if (!store || !store->file(arguments[2], arguments[3], &content, &error))
+        return fail(streams, error);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+        return cannot(QStringLiteral("записать"), file.errorString());
+    return Success;
+}

@@ -1,0 +1,46 @@
+#include "InitCommand.h"
+
+#include "StoreAdmin.h"
+
+#include <QTimeZone>
+
+QString InitCommand::summary() const
+{
+    return QStringLiteral("создать новое пустое хранилище");
+}
+
+QString InitCommand::usage() const
+{
+    return QStringLiteral(
+        "vrk-admin init URL [--codec NAME] [--time-zone NAME]\n"
+        "  Создаёт новое пустое хранилище; существующее не трогает.\n"
+        "  --codec      кодовая страница текстов: Windows-1251 (по умолчанию) или UTF-8\n"
+        "  --time-zone  часовой пояс журнала, например Europe/Moscow; по умолчанию пояс этой машины\n");
+}
+
+Command::ExitCode InitCommand::run(const QStringList& arguments, Streams& streams)
+{
+    QByteArray codec = "Windows-1251";
+    QByteArray zone = QTimeZone::systemTimeZoneId();
+    QString url;
+    for (int i = 0; i < arguments.size(); ++i) {
+        const bool hasValue = i + 1 < arguments.size();
+        if (arguments[i] == QLatin1String("--codec") && hasValue)
+            codec = arguments[++i].toUtf8();
+        else if (arguments[i] == QLatin1String("--time-zone") && hasValue)
+            zone = arguments[++i].toUtf8();
+        else if (url.isEmpty() && !arguments[i].startsWith(QLatin1Char('-')))
+            url = arguments[i];
+        else
+            return wrongUsage(streams);
+    }
+    if (url.isEmpty())
+        return wrongUsage(streams);
+
+    StoreError error;
+    if (!StoreAdmin::init(url, codec, zone, &error))
+        return fail(streams, error);
+    streams.out << QStringLiteral("Создано хранилище %1 (кодовая страница %2, часовой пояс %3)\n")
+                       .arg(url, QString::fromUtf8(codec), QString::fromUtf8(zone));
+    return Success;
+}

@@ -1,0 +1,15 @@
+#include "Command.h"
+
+#include <cstdio>
+#include <QCoreApplication>
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication application(argc, argv);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    out.setCodec("UTF-8");
+    err.setCodec("UTF-8");
+    Streams streams{out, err};
+    return runAdmin(QCoreApplication::arguments().mid(1), streams);
+}
