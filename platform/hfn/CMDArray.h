@@ -11,7 +11,8 @@ public:
     CMDArray(const CMDArray&) = delete;
     CMDArray& operator=(const CMDArray&) = delete;
 
-    /// Takes over an answer of the server. Null or the present array: lastError becomes mdr_Assign, nothing changes.
+    /// Takes over an answer of the server. Null or the present array: lastError becomes mdr_Assign, nothing
+    /// changes.
     CMDArray& operator=(MDArray* answer);
 
     /// Adds a key (format of MDRKeyDescr) as the last one; returns the code.

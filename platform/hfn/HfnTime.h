@@ -4,8 +4,8 @@
 
 #include <QDateTime>
 
-/// HfnTime is a time as a double: whole seconds since 1970-01-01 00:00 UTC; 0 is no time. Ten significant digits
-/// express it exactly. A time of day is stored as its seconds since midnight and is never converted.
+/// HfnTime is a time as a double: whole seconds since 1970-01-01 00:00 UTC; 0 is no time. Ten significant
+/// digits express it exactly. A time of day is stored as its seconds since midnight and is never converted.
 /// Shown times are in the time zone of the process.
 
 VRK_EXPORT double DateTime_To_HfnTime(const QDateTime& time);

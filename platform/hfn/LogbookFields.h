@@ -1,6 +1,7 @@
 #pragma once
 
-/// Descriptor tables of the journal: the fields of its tables in the order in which server and client agree on them.
+/// Descriptor tables of the journal: the fields of its tables in the order in which server and client agree
+/// on them.
 
 #include "MDArray.h"
 

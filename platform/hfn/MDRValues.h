@@ -4,8 +4,8 @@
 
 #include "CMDArray.h"
 
-#include <QByteArray>
 #include <cstring>
+#include <QByteArray>
 
 namespace MDRValue
 {
@@ -24,7 +24,10 @@ inline MDRVar text(const char* bytes, int length, MDRType type = mdr_TChar)
     value.value.text = {length, bytes};
     return value;
 }
-inline MDRVar text(const char* bytes) { return text(bytes, static_cast<int>(std::strlen(bytes))); }
+inline MDRVar text(const char* bytes)
+{
+    return text(bytes, static_cast<int>(std::strlen(bytes)));
+}
 inline MDRVar text(const QByteArray& bytes, MDRType type = mdr_TChar)
 {
     return text(bytes.constData(), bytes.size(), type);
@@ -38,7 +41,10 @@ inline MDRVar number(std::int32_t number, MDRType type = mdr_TInt32)
     value.value.number = number;
     return value;
 }
-inline MDRVar boolean(bool flag) { return number(flag ? 1 : 0, mdr_TBool); }
+inline MDRVar boolean(bool flag)
+{
+    return number(flag ? 1 : 0, mdr_TBool);
+}
 inline MDRVar real(double number)
 {
     MDRVar value;
@@ -52,7 +58,10 @@ inline bool isText(const MDRVar& value)
     return value.type == mdr_TChar || value.type == mdr_TMemo || value.type == mdr_TBlob;
 }
 /// Present: a text that is not null and not empty.
-inline bool hasText(const MDRVar& value) { return isText(value) && !value.isNull && value.value.text.length > 0; }
+inline bool hasText(const MDRVar& value)
+{
+    return isText(value) && !value.isNull && value.value.text.length > 0;
+}
 /// Present: a time that is not null and not zero.
 inline bool hasTime(const MDRVar& value)
 {
@@ -61,7 +70,8 @@ inline bool hasTime(const MDRVar& value)
 /// The text's bytes without a copy, valid as long as the record is unchanged; empty when absent.
 inline QByteArray bytes(const MDRVar& value)
 {
-    return hasText(value) ? QByteArray::fromRawData(value.value.text.data, value.value.text.length) : QByteArray();
+    return hasText(value) ? QByteArray::fromRawData(value.value.text.data, value.value.text.length)
+                          : QByteArray();
 }
 /// A copy of the text's bytes; empty when absent.
 inline QByteArray copy(const MDRVar& value)
@@ -70,8 +80,8 @@ inline QByteArray copy(const MDRVar& value)
 }
 } // namespace MDRValue
 
-/// An array of changed rows on its way to the server: the fields of one table and the order-of-entry key, without
-/// which an array would count as empty. Destroyed with its scope.
+/// An array of changed rows on its way to the server: the fields of one table and the order-of-entry key,
+/// without which an array would count as empty. Destroyed with its scope.
 class VRK_EXPORT CRowBatch : public CMDArray
 {
 public:

@@ -1,0 +1,62 @@
+#include "CMDArray.h"
+
+#include <cstring>
+
+CMDArray& CMDArray::operator=(MDArray* answer)
+{
+    if (answer == nullptr || answer == array) {
+        lastError = mdr_Assign;
+        return *this;
+    }
+    MDADestroy(array);
+    array = answer;
+    lastError = mdr_Ok;
+    return *this;
+}
+
+int CMDArray::KeyAdd(const char* fields, int flags)
+{
+    MDRKeyDescr descriptor = {};
+    const std::size_t length = fields != nullptr ? std::strlen(fields) : 0;
+    if (fields == nullptr || length >= sizeof descriptor.fields) {
+        lastError = mdr_Invalid;
+        return lastError;
+    }
+    std::memcpy(descriptor.fields, fields, length);
+    descriptor.flags = flags;
+    lastError = MDAKeyAdd(array, 1, &descriptor);
+    return lastError;
+}
+
+MDRData* CMDArray::RecPost(MDRData* record)
+{
+    if (record == nullptr || MDARecArr(record) != array) {
+        lastError = mdr_Foreign;
+        return nullptr;
+    }
+    MDRData* posted = nullptr;
+    lastError = MDARecPost(record, &posted);
+    return posted;
+}
+
+void CMDArray::SetValF(MDRData* record, const char* name, const MDRVar& value)
+{
+    if (record == nullptr || MDARecArr(record) != array) {
+        lastError = mdr_Foreign;
+        return;
+    }
+    const MDRField* field = MDRFldByName(array, name);
+    if (field == nullptr)
+        return;
+    lastError = MDRSetVal(field, record, &value);
+    MDRSetUser(field, record, 1);
+}
+
+void CMDArray::GetVal(const MDRData* record, const char* name, MDRVar& value) const
+{
+    const MDRField* field = MDRFldByName(array, name);
+    if (field == nullptr)
+        value.type = mdr_TNone;
+    else
+        MDRGetVal(field, record, &value);
+}

@@ -1,0 +1,6 @@
+#include "CModelTable.h"
+
+CModelTable::CModelTable(const std::string& tableName) : name(tableName)
+{
+    data.lastError = MDACreate(&data.array, 0);
+}

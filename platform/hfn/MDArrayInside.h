@@ -1,0 +1,75 @@
+#pragma once
+
+#include "FieldIndex.h"
+#include "RecordOrder.h"
+#include "RecordPool.h"
+
+#include <bitset>
+
+/// A record array from within: fields, headers of records, keys and indexes, and what keeps them in step. Its
+/// operations expect checked arguments; the flat functions check.
+class MDArray
+{
+public:
+    using Marks = std::bitset<FieldSet::maxCount + 1>;
+
+    const FieldSet& fields() const { return *m_fields; }
+    int addFields(int count, const MDRFieldDescr* fields) { return m_fields->add(count, fields); }
+    /// Replaces the fields. There are no records; handles of the former fields stay readable.
+    void replaceFields(const FieldSet& fields);
+
+    int addKey(const MDRKeyDescr& descriptor);
+    void removeKey(int key);
+    int keyCount() const { return static_cast<int>(m_keys.size()); }
+    /// Null when there is no such key.
+    const RecordOrder* key(int key) const;
+
+    MDRData* makeRecord();
+    MDRData* edit(MDRData* posted);
+    void post(MDRData* fresh);
+    /// Swaps the edited version into its record, which it returns.
+    MDRData* postEdited(MDRData* edited);
+    void remove(MDRData* record);
+    void removeAll();
+    void removeKeys();
+    std::vector<MDRData*> recordsByEntry() const;
+    void copyKeys(const MDArray& source);
+    /// Takes over another array's posted records; the fields are the same, there are no records yet. mdr_Full
+    /// when memory runs out, and then takes none.
+    int copyRecords(const MDArray& source);
+
+    /// The records whose text field holds this text.
+    MDRRange recordsWith(int ordinal, const char* text);
+
+    /// Room for the body of a record of this array.
+    int ensureBody(MDRData* record);
+    /// Calls \a change, which alters one field of a record, and keeps keys and indexes right.
+    template <typename Change>
+    int alter(MDRData* record, int ordinal, Change change)
+    {
+        if (record->state != RecordPosted || !m_watched[static_cast<std::size_t>(ordinal)])
+            return change();
+        leave(record, ordinal);
+        const int code = change();
+        enter(record, ordinal);
+        return code;
+    }
+
+private:
+    /// Takes the record out of the keys and indexes that depend on the field, and back in.
+    void leave(MDRData* record, int ordinal);
+    void enter(MDRData* record, int ordinal);
+    void watchFields();
+
+    std::unique_ptr<FieldSet> m_fields = std::make_unique<FieldSet>();
+    std::vector<std::unique_ptr<FieldSet>> m_formerFields;
+    std::vector<std::unique_ptr<RecordOrder>> m_keys;
+    std::vector<std::unique_ptr<FieldIndex>> m_indexes;
+    Marks m_watched; ///< fields that a key or an index depends on
+    RecordPool m_pool;
+    std::uint64_t m_lastEntry = 0;
+    std::size_t m_textHint = 0; ///< about what the texts of a record took lately
+};
+
+/// The fields of a record, whether it is part of an array or stands alone; null when it has none.
+const FieldSet* MDRFieldsOf(const MDRData* record);

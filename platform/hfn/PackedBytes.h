@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <QByteArray>
+
+/// Writes a packed form: a tag, the version, the length and the content, and a checksum over all of it.
+/// Numbers are little-endian.
+class PackedWriter
+{
+public:
+    explicit PackedWriter(const char (&tag)[5]);
+
+    void byte(std::uint8_t value);
+    void number(std::uint32_t value);
+    void real(double value);
+    void text(const char* data, std::int32_t length);
+    /// Completes the form.
+    QByteArray finish();
+
+private:
+    QByteArray m_bytes;
+};
+
+/// Reads a packed form and trusts nothing in it: what is missing reads as zero and makes ok() false for good.
+class PackedReader
+{
+public:
+    /// ok() is false at once when the bytes are not an undamaged form with this tag in the present version.
+    PackedReader(const char (&tag)[5], const char* data, qint64 size);
+
+    bool ok() const { return m_ok; }
+    /// Everything was read, and nothing was missing.
+    bool finished() const { return m_ok && m_next == m_end; }
+
+    std::uint8_t byte();
+    std::uint32_t number();
+    double real();
+    /// The bytes lie in the packed form.
+    const char* text(std::int32_t* length);
+
+private:
+    const char* take(qint64 count);
+
+    const char* m_next = nullptr;
+    const char* m_end = nullptr;
+    bool m_ok = false;
+};

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "RecordBody.h"
+
+/// Where a record stands in its array (MDRData::state).
+enum RecordState : std::uint8_t {
+    RecordVoid = 0, ///< deleted, or never part of an array
+    RecordFresh,    ///< from MDARecNew, in no key
+    RecordPosted,   ///< in all keys
+    RecordEdited,   ///< the editable version of a posted one
+};
+
+/// The headers of an array's records. Their addresses are never used twice: whoever still holds a deleted
+/// record can see that it is deleted, as long as the array lives. What remains of dead headers costs
+/// addresses, not memory.
+class RecordPool
+{
+public:
+    RecordPool() = default;
+    ~RecordPool();
+    RecordPool(const RecordPool&) = delete;
+    RecordPool& operator=(const RecordPool&) = delete;
+
+    /// A fresh record; null when memory runs out.
+    MDRData* make(MDArray* owner);
+    /// Turns a record into a deleted one.
+    static void kill(MDRData* record);
+    void killAll();
+    /// All records in this state, in the order in which they were made.
+    std::vector<MDRData*> all(RecordState state) const;
+
+private:
+    struct Chunk {
+        MDRData* records = nullptr;
+        std::uint32_t begin = 0; ///< those before it are dead
+        std::uint32_t used = 0;
+        std::uint32_t capacity = 0;
+    };
+
+    static void retire(const Chunk& chunk);
+
+    std::vector<Chunk> m_chunks;
+    std::vector<Chunk> m_dead;
+    std::uint32_t m_nextCapacity = 8;
+};
