@@ -13,16 +13,14 @@
 /// process, through the store like any other rows, and copied for each object; it disappears with the object.
 /// Code page Windows-1251, time zone Europe/Moscow. `now()` is the second in which the set was made.
 ///
-/// Logins (table Users): key "USER_<LOGIN>"
-/// | login      | rows of Workers (key)                       | who |
-/// |------------|---------------------------------------------|--------------------------------------------------|
-/// | ivanov     | WORKER_IVANOV in DEP_CDS, group 5           | opened SHIFT_CDS_OPEN; Иванов Иван Иванович |
-/// | petrov     | WORKER_PETROV in DEP_CDS, group 4           | crew of SHIFT_CDS_OPEN; Петров Пётр Петрович
-/// | | sidorova   | WORKER_SIDOROVA in DEP_CDS, group 5         | chief, not in the shift; right
-/// ADMINISTRATOR     | | smirnov    | WORKER_SMIRNOV_ZAR in DEP_ZAR, group 0      | opened SHIFT_ZAR_OPEN; |
-/// |            | WORKER_SMIRNOV_ODS in DEP_ODS               | two departments; ADMINISTRATOR_OPERLOG_LOCAL
-/// | | kuznetsov  | WORKER_KUZNETSOV in DEP_CDS, deleted        | author of a record of the past shift | |
-/// viewer     | none                                        | a login without a worker |
+/// Logins (table Users), key "USER_<LOGIN>":
+/// - ivanov: WORKER_IVANOV in DEP_CDS, group 5, Иванов Иван Иванович; opened SHIFT_CDS_OPEN
+/// - petrov: WORKER_PETROV in DEP_CDS, group 4, Петров Пётр Петрович; crew of SHIFT_CDS_OPEN
+/// - sidorova: WORKER_SIDOROVA in DEP_CDS, group 5; chief, not in the shift; right ADMINISTRATOR
+/// - smirnov: WORKER_SMIRNOV_ZAR in DEP_ZAR, group 0, opened SHIFT_ZAR_OPEN; WORKER_SMIRNOV_ODS in DEP_ODS; right
+///   ADMINISTRATOR_OPERLOG_LOCAL
+/// - kuznetsov: WORKER_KUZNETSOV in DEP_CDS, deleted; author of a record of the past shift
+/// - viewer: a login without a worker
 ///
 /// Organizations: ORG_CENTER (type TYPE_CENTER), ORG_NETS (type TYPE_NETS). Departments: DEP_ODS "ОДС" of
 /// ORG_CENTER (no open shift), DEP_CDS "ЦДС" and below it DEP_ZAR "Заречная диспетчерская группа" of
@@ -36,16 +34,16 @@
 /// WORKER_IVANOV, CREW_PAST_2 WORKER_KUZNETSOV (opening), CREW_PAST_3 WORKER_PETROV (taking over, opening
 /// false).
 ///
-/// Records of SHIFT_CDS_OPEN, from the oldest:
-/// | key                | author          | status | what is special |
-/// |--------------------|-----------------|--------|--------------------------------------------------------------|
-/// | REC_OPENING        | WORKER_IVANOV   | 0      | made from TPL_OPEN; comment COM_UNREAD | | REC_MESSAGE
-/// | WORKER_IVANOV   | 0      | ReceiverWorkerKey WORKER_SMIRNOV_ZAR, direction 1            | | REC_REPLACED
-/// | WORKER_IVANOV   | 2      | made from TPL_ORDER, struck out                              | |
-/// REC_SUCCESSOR      | WORKER_IVANOV   | 0      | OriginRecordKey REC_REPLACED, executionTime | | REC_ORDER
-/// | WORKER_PETROV   | 0      | made from TPL_ORDER, not executed; comment COM_READ          | | REC_TRIP |
-/// WORKER_PETROV   | 0      | first marker, visa of WORKER_SIDOROVA, FILE_TEXT, FILE_IMAGE | |
-/// REC_DRAFT_IVANOV   | WORKER_IVANOV   | 1      | | | REC_DRAFT_PETROV   | WORKER_PETROV   | 1      | |
+/// Records of SHIFT_CDS_OPEN, from the oldest (author; status; what is special):
+/// - REC_OPENING (WORKER_IVANOV; 0): made from TPL_OPEN; comment COM_UNREAD
+/// - REC_MESSAGE (WORKER_IVANOV; 0): ReceiverWorkerKey WORKER_SMIRNOV_ZAR, direction 1
+/// - REC_REPLACED (WORKER_IVANOV; 2): made from TPL_ORDER, struck out
+/// - REC_SUCCESSOR (WORKER_IVANOV; 0): OriginRecordKey REC_REPLACED, executionTime
+/// - REC_ORDER (WORKER_PETROV; 0): made from TPL_ORDER, not executed; comment COM_READ
+/// - REC_TRIP (WORKER_PETROV; 0): first marker, visa of WORKER_SIDOROVA, FILE_TEXT, FILE_IMAGE
+/// - REC_DRAFT_IVANOV (WORKER_IVANOV; 1)
+/// - REC_DRAFT_PETROV (WORKER_PETROV; 1)
+///
 /// Elsewhere: REC_PAST_1 (WORKER_IVANOV, comment COM_PAST), REC_PAST_2 (WORKER_KUZNETSOV) in SHIFT_CDS_PAST,
 /// REC_ZAR (WORKER_SMIRNOV_ZAR) in SHIFT_ZAR_OPEN. Comments: COM_UNREAD of WORKER_PETROV, COM_READ of
 /// WORKER_IVANOV, COM_PAST of WORKER_SIDOROVA (unread). Files: FILE_TEXT "осциллограмма.txt", FILE_IMAGE
