@@ -52,12 +52,16 @@ signals:
     /// The last of the waiting events was delivered.
     void eventsDelivered();
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     friend class CVrkCliMod;
-    void deliver();
+    void addModule(CVrkCliMod* module);
+    void removeModule(CVrkCliMod* module);
+    bool mayClose(CVrkCliMod* module) const;
+    /// Hands the module its waiting events; 0 from inside a delivery or a request.
+    int deliverTo(CVrkCliMod* module);
+    /// Shares out the session's waiting events and knocks at the modules. Returns the number of events.
+    int deliver();
+
     struct Private;
     std::unique_ptr<Private> d;
 };

@@ -92,8 +92,6 @@ protected:
 private:
     friend class CVrkCliApp;
 
-    void showTitle();
-
     std::deque<std::shared_ptr<HFNCliParam>> m_waiting; ///< shared with the other modules
     QHash<QString, QString> m_parameters;
     QString m_title;

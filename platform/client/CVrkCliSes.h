@@ -72,6 +72,8 @@ public:
     bool isBusy() const;
     /// Blocks that were given out and not freed yet.
     int openBlocks() const;
+    /// Fetches the bytes of one blob, such as "fileData" of "LogbookFiles"; null for a null one.
+    bool readBlob(const QByteArray& table, const QByteArray& field, const QByteArray& key, QByteArray* bytes);
     /// For MDRSetBlobSource: where the bytes of a row's blob come from. Rows that arrive with an event carry
     /// none.
     std::shared_ptr<const MDRBlobSource> blobSource(const QByteArray& table, const QByteArray& field,
@@ -91,6 +93,8 @@ signals:
     void historyChanged();
 
 private:
+    void connectFeed();
+
     struct Private;
     std::unique_ptr<Private> d;
 };

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QWidget>
+
+/// The sign of life of a long request: after 0.3 s the wait cursor, and a strip along the top of the active
+/// window that is painted directly. It runs no event loop, so nothing else happens meanwhile.
+class BusyStrip
+{
+public:
+    static constexpr int delayMs = 300;
+
+    ~BusyStrip() { end(); }
+
+    void begin();
+    /// Called now and then while the request runs; shows the strip when it is time, and moves it on.
+    void tick();
+    void end();
+
+private:
+    QElapsedTimer m_since; ///< valid between begin() and end()
+    QElapsedTimer m_painted;
+    QPointer<QWidget> m_strip;
+    bool m_shown = false;
+};

@@ -1,0 +1,154 @@
+#include "CVrkCliApp.h"
+
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "EditorGuard.h"
+
+#include <QPointer>
+#include <QScopedValueRollback>
+
+struct CVrkCliApp::Private {
+    std::unique_ptr<CVrkCliSes> session;
+    EditorGuard guard;
+    QPointer<CVrkCliMod> sink;
+    QVector<CVrkCliMod*> modules;
+    std::function<bool(CVrkCliMod*)> closeGuard;
+    bool delivering = false;
+    bool missed = false; ///< events came while a module was being served
+};
+
+CVrkCliApp::CVrkCliApp(QObject* parent) : QObject(parent), d(std::make_unique<Private>())
+{
+    connect(&d->guard, &EditorGuard::textAdjusted, this, &CVrkCliApp::textAdjusted);
+}
+
+CVrkCliApp::~CVrkCliApp()
+{
+    for (CVrkCliMod* module : qAsConst(d->modules)) {
+        module->m_waiting.clear();
+        module->m_app = nullptr;
+    }
+}
+
+void CVrkCliApp::setSession(std::unique_ptr<CVrkCliSes> session)
+{
+    for (CVrkCliMod* module : qAsConst(d->modules))
+        module->m_waiting.clear();
+    d->session = std::move(session);
+    d->guard.setCodec(d->session ? d->session->codec() : nullptr);
+    if (!d->session)
+        return;
+    // Queued: whatever the session is doing when it hears of events comes to its end first.
+    connect(d->session.get(), &CVrkCliSes::eventsWaiting, this, &CVrkCliApp::deliver, Qt::QueuedConnection);
+    connect(d->session.get(), &CVrkCliSes::connectionChanged, this, [this](bool connected) {
+        const QVector<QPointer<CVrkCliMod>> modules(d->modules.begin(), d->modules.end());
+        for (const QPointer<CVrkCliMod>& module : modules) {
+            if (connected && module)
+                module->ModSesReconnect();
+        }
+    });
+    d->session->startEvents();
+}
+
+CVrkCliSes* CVrkCliApp::session() const
+{
+    return d->session.get();
+}
+
+void CVrkCliApp::setLogSink(CVrkCliMod* module)
+{
+    d->sink = module;
+}
+
+CVrkCliMod* CVrkCliApp::logSink() const
+{
+    return d->sink;
+}
+
+QVector<CVrkCliMod*> CVrkCliApp::modules() const
+{
+    return d->modules;
+}
+
+void CVrkCliApp::addModule(CVrkCliMod* module)
+{
+    d->modules.append(module);
+}
+
+void CVrkCliApp::removeModule(CVrkCliMod* module)
+{
+    d->modules.removeOne(module);
+}
+
+void CVrkCliApp::setCloseGuard(std::function<bool(CVrkCliMod*)> guard)
+{
+    d->closeGuard = std::move(guard);
+}
+
+bool CVrkCliApp::mayClose(CVrkCliMod* module) const
+{
+    return !d->closeGuard || d->closeGuard(module);
+}
+
+bool CVrkCliApp::isDelivering() const
+{
+    return d->delivering;
+}
+
+int CVrkCliApp::fetchEvents()
+{
+    if (!d->session || d->delivering || d->session->isBusy())
+        return 0;
+    d->session->pollEvents();
+    return deliver();
+}
+
+int CVrkCliApp::deliver()
+{
+    if (!d->session || d->delivering || d->session->isBusy()) {
+        d->missed = true;
+        return 0;
+    }
+    d->missed = false;
+    const std::vector<HFNCliParam*> events = d->session->takeEvents();
+    const QPointer<CVrkCliSes> owner = d->session.get();
+    for (HFNCliParam* event : events) {
+        const std::shared_ptr<HFNCliParam> shared(event, [owner](HFNCliParam* block) {
+            if (owner)
+                owner->PrmFree(block);
+        });
+        for (CVrkCliMod* module : qAsConst(d->modules))
+            module->m_waiting.push_back(shared);
+    }
+    const QVector<QPointer<CVrkCliMod>> modules(d->modules.begin(), d->modules.end());
+    for (const QPointer<CVrkCliMod>& module : modules) {
+        if (module && !module->m_waiting.empty())
+            module->MessageOn();
+    }
+    if (!events.empty())
+        emit eventsDelivered();
+    return static_cast<int>(events.size());
+}
+
+int CVrkCliApp::deliverTo(CVrkCliMod* module)
+{
+    if (d->delivering || (d->session && d->session->isBusy()))
+        return 0;
+    int delivered = 0;
+    {
+        const QScopedValueRollback<bool> delivering(d->delivering, true);
+        const QPointer<CVrkCliMod> alive(module); // a message may be the end of its module
+        while (alive && !module->m_waiting.empty()) {
+            const std::shared_ptr<HFNCliParam> block = module->m_waiting.front();
+            module->m_waiting.pop_front();
+            module->MessageData(block.get());
+            ++delivered;
+        }
+    }
+    if (d->missed) {
+        d->missed = false;
+        QMetaObject::invokeMethod(
+            this, [this] { deliver(); }, Qt::QueuedConnection);
+    }
+    return delivered;
+}

@@ -1,0 +1,242 @@
+#include "CVrkCliSes_p.h"
+
+#include "GenGuid32.h"
+#include "MDRValues.h"
+
+#include <QDebug>
+#include <QTextCodec>
+
+namespace
+{
+const MDRFieldDescr fileFields[] = {
+    {"folder", 100, mdr_TChar},
+    {"name", 100, mdr_TChar},
+    {"size", 0, mdr_TInt32},
+    {"content", 0, mdr_TBlob},
+};
+constexpr int fileMissing = 1; ///< return code of "FileGet"
+
+QByteArray packedFile(const QByteArray& folder, const QByteArray& name, const QByteArray& content)
+{
+    CRowBatch file(fileFields, 4);
+    MDRData* row = MDARecNew(file.array);
+    file.SetValF(row, "folder", MDRValue::text(folder));
+    file.SetValF(row, "name", MDRValue::text(name));
+    file.SetValF(row, "size", MDRValue::number(content.size()));
+    file.SetValF(row, "content", MDRValue::text(content, mdr_TBlob));
+    file.RecPost(row);
+    return HFNArrayPack(file.array);
+}
+
+/// Reads a blob through the session's store. It may outlive the session and finds nothing then.
+class SessionBlob : public MDRBlobSource
+{
+public:
+    SessionBlob(CVrkCliSes* session, const QByteArray& table, const QByteArray& field, const QByteArray& key)
+        : m_session(session), m_table(table), m_field(field), m_key(key)
+    {
+    }
+    bool read(QByteArray& bytes) const override
+    {
+        return m_session && m_session->readBlob(m_table, m_field, m_key, &bytes);
+    }
+
+private:
+    QPointer<CVrkCliSes> m_session;
+    QByteArray m_table;
+    QByteArray m_field;
+    QByteArray m_key;
+};
+} // namespace
+
+CVrkCliSes::CVrkCliSes(std::unique_ptr<Store> store, QObject* parent)
+    : QObject(parent), d(std::make_unique<Private>())
+{
+    d->q = this;
+    d->store = std::move(store);
+    d->store->setProgress([this] { d->strip.tick(); });
+    d->feed = std::make_unique<ChangeFeed>(d->store.get());
+    connectFeed();
+}
+
+CVrkCliSes::~CVrkCliSes()
+{
+    for (HFNCliParam* block : d->waiting)
+        delete block;
+    for (HFNCliParam* block : d->given)
+        delete block;
+}
+
+bool CVrkCliSes::Private::fail(const char* function, const StoreError& error, const QString& what, bool write,
+                               const QByteArray& table)
+{
+    lastError = error.text;
+    qWarning().noquote() << function << error.text << error.detail << what;
+    if (error.code == StoreError::Lost && connected) {
+        setConnected(false);
+        if (started)
+            feed->reportLost(error);
+    }
+    emit q->requestFailed(write, QString::fromUtf8(table), error.text);
+    return false;
+}
+
+StoreError CVrkCliSes::Private::noLink()
+{
+    return {StoreError::Lost, tr("Нет связи с сервером."), QString()};
+}
+
+QTextCodec* CVrkCliSes::codec() const
+{
+    return d->store->codec();
+}
+
+Store* CVrkCliSes::store() const
+{
+    return d->store.get();
+}
+
+bool CVrkCliSes::isConnected() const
+{
+    return d->connected;
+}
+
+bool CVrkCliSes::isBusy() const
+{
+    return d->requests > 0;
+}
+
+QString CVrkCliSes::lastErrorText() const
+{
+    return d->lastError;
+}
+
+MDArray* CVrkCliSes::SqlRequest(const char* sql)
+{
+    StoreError error = Private::noLink();
+    MDArray* answer = nullptr;
+    if (d->connected) {
+        Private::Request request(d.get());
+        error.clear();
+        answer = d->store->select(QByteArray(sql), &error);
+    }
+    if (answer)
+        d->lastError.clear();
+    else
+        d->fail(Q_FUNC_INFO, error, QString::fromUtf8(sql));
+    return answer;
+}
+
+int CVrkCliSes::OperationRights(const char* right)
+{
+    if (!d->connected)
+        return 0;
+    Private::Request request(d.get());
+    return d->store->hasRight(QByteArray(right)) ? 1 : 0;
+}
+
+bool CVrkCliSes::PacketExec(const char* name, const unsigned char* data, int length, HFNCliParam** result)
+{
+    if (!result)
+        return false;
+    *result = nullptr;
+    const QByteArray argument =
+        data && length > 0 ? QByteArray(reinterpret_cast<const char*>(data), length) : QByteArray();
+    const QString text = codec()->toUnicode(argument);
+    if (qstrcmp(name, "FileGet") != 0) {
+        const StoreError unknown{StoreError::BadRequest, tr("Неизвестный запрос к серверу."), QString()};
+        return d->fail(Q_FUNC_INFO, unknown, QString::fromUtf8(name));
+    }
+
+    const QString folder = text.section(QLatin1Char(';'), 0, 0);
+    const QString file = text.section(QLatin1Char(';'), 1);
+    QByteArray content;
+    StoreError error = Private::noLink();
+    bool found = false;
+    if (d->connected) {
+        Private::Request request(d.get());
+        error.clear();
+        found = d->store->file(folder, file, &content, &error);
+    }
+    if (found) {
+        *result = d->give(HFNCliParam::answer(
+            0, packedFile(codec()->fromUnicode(folder), codec()->fromUnicode(file), content)));
+    } else if (!error || error.code == StoreError::Missing) {
+        *result = d->give(HFNCliParam::answer(fileMissing, QByteArray()));
+    } else {
+        return d->fail(Q_FUNC_INFO, error, text);
+    }
+    d->lastError.clear();
+    return true;
+}
+
+bool CVrkCliSes::WaitResult(HFNCliParam** result, int)
+{
+    return result && *result;
+}
+
+HFNCliParam* CVrkCliSes::Private::give(HFNCliParam* answer)
+{
+    given.insert(answer);
+    return answer;
+}
+
+void CVrkCliSes::PrmFree(HFNCliParam* block)
+{
+    if (d->given.erase(block) > 0)
+        delete block;
+}
+
+int CVrkCliSes::openBlocks() const
+{
+    return static_cast<int>(d->given.size());
+}
+
+double CVrkCliSes::GetHfnTime()
+{
+    double time = 0;
+    if (d->connected) {
+        Private::Request request(d.get());
+        time = d->store->serverTime();
+    }
+    if (time > 0) {
+        d->serverTime = time;
+        d->sinceServerTime.start();
+        return time;
+    }
+    if (d->serverTime > 0)
+        return d->serverTime + static_cast<double>(d->sinceServerTime.elapsed() / 1000);
+    return static_cast<double>(QDateTime::currentSecsSinceEpoch());
+}
+
+QDateTime CVrkCliSes::HfnTimeToSesTime()
+{
+    return HfnTimeToSesTime(GetHfnTime());
+}
+
+QDateTime CVrkCliSes::HfnTimeToSesTime(double time)
+{
+    return HfnTime_to_DateTime(time, -1);
+}
+
+bool CVrkCliSes::readBlob(const QByteArray& table, const QByteArray& field, const QByteArray& key,
+                          QByteArray* bytes)
+{
+    StoreError error = Private::noLink();
+    bool found = false;
+    if (d->connected) {
+        Private::Request request(d.get());
+        error.clear();
+        found = d->store->blob(table, field, key, bytes, &error);
+    }
+    if (!found)
+        return d->fail(Q_FUNC_INFO, error, QString::fromUtf8(table + '.' + field + ' ' + key));
+    d->lastError.clear();
+    return true;
+}
+
+std::shared_ptr<const MDRBlobSource> CVrkCliSes::blobSource(const QByteArray& table, const QByteArray& field,
+                                                            const QByteArray& key)
+{
+    return std::make_shared<SessionBlob>(this, table, field, key);
+}

@@ -1,0 +1,56 @@
+#include "CVrkCliSes_p.h"
+
+#include <QScopedValueRollback>
+
+void CVrkCliSes::connectFeed()
+{
+    connect(d->feed.get(), &ChangeFeed::arrived, this, [this](const QVector<StoreChange>& changes) {
+        for (const StoreChange& change : changes) {
+            const QByteArray source = "NCI:" + change.table + ',' + QByteArray::number(change.number);
+            d->waiting.push_back(HFNCliParam::event(change.event, change.key, source, change.packedRecord));
+        }
+        if (!d->polling)
+            emit eventsWaiting();
+    });
+    connect(d->feed.get(), &ChangeFeed::lost, this, [this] { d->setConnected(false); });
+    connect(d->feed.get(), &ChangeFeed::found, this, [this] { d->setConnected(true); });
+    connect(d->feed.get(), &ChangeFeed::restarted, this, &CVrkCliSes::historyChanged);
+}
+
+void CVrkCliSes::Private::setConnected(bool up)
+{
+    // Without the feed nobody would find the link again: each request tries for itself.
+    if (up == connected || !started)
+        return;
+    connected = up;
+    emit q->connectionChanged(up);
+}
+
+bool CVrkCliSes::startEvents()
+{
+    if (d->started)
+        return true;
+    StoreError error;
+    if (!d->feed->start(&error))
+        return d->fail(Q_FUNC_INFO, error, QString());
+    d->started = true;
+    return true;
+}
+
+std::vector<HFNCliParam*> CVrkCliSes::takeEvents()
+{
+    std::vector<HFNCliParam*> events(d->waiting.begin(), d->waiting.end());
+    d->waiting.clear();
+    for (HFNCliParam* block : events)
+        d->give(block);
+    return events;
+}
+
+int CVrkCliSes::pollEvents()
+{
+    if (!d->started || d->requests > 0)
+        return 0;
+    const QScopedValueRollback<bool> polling(d->polling, true);
+    d->feed->poll();
+    return static_cast<int>(d->waiting.size());
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "BusyStrip.h"
+#include "ChangeFeed.h"
+#include "CMDArray.h"
+#include "CVrkCliSes.h"
+#include "Store.h"
+
+#include <deque>
+#include <unordered_set>
+
+/// What the parts of the session share.
+struct CVrkCliSes::Private {
+    /// A write that waits for the end of its block.
+    struct Write {
+        QByteArray table;
+        std::unique_ptr<CMDArray> records;
+    };
+
+    /// Stands as long as a request runs.
+    class Request
+    {
+    public:
+        explicit Request(Private* session) : m_session(session)
+        {
+            if (m_session->requests++ == 0)
+                m_session->strip.begin();
+        }
+        ~Request()
+        {
+            if (--m_session->requests == 0)
+                m_session->strip.end();
+        }
+        Request(const Request&) = delete;
+        Request& operator=(const Request&) = delete;
+
+    private:
+        Private* m_session;
+    };
+
+    /// Tells log and user why a request failed and takes the session down when the link is gone. Always
+    /// false.
+    bool fail(const char* function, const StoreError& error, const QString& what, bool write = false,
+              const QByteArray& table = QByteArray());
+    /// The failure of every request while the session is down.
+    static StoreError noLink();
+    void setConnected(bool up);
+    bool apply(const char* function, const std::vector<StoreWrite>& writes);
+    /// Enters the block among those that PrmFree frees.
+    HFNCliParam* give(HFNCliParam* answer);
+
+    CVrkCliSes* q = nullptr;
+    std::unique_ptr<Store> store;
+    std::unique_ptr<ChangeFeed> feed; ///< ends before the store
+    bool started = false;
+    bool connected = true;
+    bool polling = false;
+    int requests = 0;
+    BusyStrip strip;
+    QString lastError;
+
+    std::vector<Write> block;
+    std::vector<std::size_t> blockStarts; ///< of the open blocks, the outermost first
+
+    std::deque<HFNCliParam*> waiting;
+    std::unordered_set<HFNCliParam*> given;
+
+    double serverTime = 0; ///< the last answer
+    QElapsedTimer sinceServerTime;
+};

@@ -1,0 +1,148 @@
+#include "CVrkToolCalcExec.h"
+
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "ScriptHost.h"
+#include "Store.h"
+
+#include <QDebug>
+#include <QJSEngine>
+#include <QPointer>
+
+namespace
+{
+/// Gives the scripts their names and runs one: `_run(script, arguments)` is empty after a run that came to
+/// its end, and tells the error otherwise. `exit` is a property of the global object whose reading throws.
+const char* const language = R"js(
+var var_Nil = 0, var_Int = 1, var_Dbl = 2, var_Str = 3, var_Arr = 4;
+var Result;
+function type(x) {
+    if (typeof x === "number") return var_Dbl;
+    if (typeof x === "boolean") return var_Int;
+    if (typeof x === "string") return var_Str;
+    return Array.isArray(x) ? var_Arr : var_Nil;
+}
+function _ModelTableByName(name) { return _host.modelTableByName(name); }
+function CTblRecCount(table) { return _host.recordCount(table); }
+function CTblRecSeek(table, key, values) { return _host.seekRecord(table, key, values); }
+function CTblRec(table, key, index) { return _host.record(table, key, index); }
+function CRecFldGet(record, field) { return _host.fieldValue(record, field); }
+var _run = (function (global) {
+    var leave = {};
+    Object.defineProperty(global, "exit", { get: function () { throw leave; } });
+    return function (script, values) {
+        try {
+            script.apply(null, values);
+        } catch (error) {
+            if (error !== leave)
+                return "" + error + (error && error.lineNumber ? " (line " + error.lineNumber + ")" : "");
+}
+return "";
+}
+;
+})(this);
+)js";
+
+QJSValue toScript(QJSEngine* engine, const CVar& var)
+{
+    switch (var.type) {
+    case CVar::Int:
+    case CVar::Double:
+        return QJSValue(var.number);
+    case CVar::String:
+        return QJSValue(QString::fromUtf8(var.text));
+    case CVar::Array: {
+        QJSValue array = engine->newArray(static_cast<uint>(var.elements.size()));
+        for (std::size_t i = 0; i < var.elements.size(); ++i)
+            array.setProperty(static_cast<quint32>(i), toScript(engine, var.elements[i]));
+        return array;
+    }
+    default:
+        return QJSValue(QJSValue::NullValue);
+    }
+}
+
+CVar fromScript(const QJSValue& value)
+{
+    CVar var;
+    if (value.isNumber() || value.isBool()) {
+        var.type = value.isBool() ? CVar::Int : CVar::Double;
+        var.number = value.toNumber();
+    } else if (value.isString()) {
+        var.type = CVar::String;
+        var.text = value.toString().toUtf8();
+    } else if (value.isArray()) {
+        var.type = CVar::Array;
+        const quint32 length = value.property(QStringLiteral("length")).toUInt();
+        for (quint32 i = 0; i < length; ++i)
+            var.elements.push_back(fromScript(value.property(i)));
+    }
+    return var;
+}
+
+/// One consistent read of the store, ended with its scope.
+class ConsistentRead
+{
+public:
+    explicit ConsistentRead(Store* store) : m_store(store), m_begun(store->beginRead(&m_error)) {}
+    ~ConsistentRead()
+    {
+        if (m_begun)
+            m_store->endRead();
+    }
+    ConsistentRead(const ConsistentRead&) = delete;
+    ConsistentRead& operator=(const ConsistentRead&) = delete;
+    bool begun() const { return m_begun; }
+    const StoreError& error() const { return m_error; }
+
+private:
+    Store* m_store;
+    StoreError m_error;
+    bool m_begun;
+};
+} // namespace
+
+CVrkToolCalcExec::CVrkToolCalcExec(CVrkCliMod* module) : CVrkToolObject(module)
+{
+    setObjectName(QStringLiteral("CalcExec"));
+    CVarInit(&m_input, 1);
+    CVarInit(&m_output, 1);
+}
+
+CVrkToolCalcExec::~CVrkToolCalcExec()
+{
+    CVarClear(&m_input, 1);
+    CVarClear(&m_output, 1);
+}
+
+int CVrkToolCalcExec::Perform(bool)
+{
+    CVarClear(&m_output, 1);
+    CVrkCliSes* session = m_module ? m_module->session() : nullptr;
+    if (!session || !session->isConnected())
+        return Failed;
+
+    const ConsistentRead read(session->store());
+    if (!read.begun()) {
+        qWarning().noquote() << Q_FUNC_INFO << read.error().text << read.error().detail;
+        return Failed;
+    }
+    QJSEngine engine;
+    engine.globalObject().setProperty(QStringLiteral("_host"),
+                                      engine.newQObject(new ScriptHost(&engine, session->store())));
+    engine.evaluate(QString::fromLatin1(language));
+
+    // The line break keeps a comment at the end of the script from swallowing the bracket.
+    const QJSValue script = engine.evaluate(QStringLiteral("(function ") + m_script + QStringLiteral("\n)"));
+    QString error = script.toString();
+    if (script.isCallable()) {
+        QJSValue run = engine.globalObject().property(QStringLiteral("_run"));
+        error = run.call({script, toScript(&engine, m_input)}).toString();
+    }
+    if (!error.isEmpty()) {
+        qWarning().noquote() << Q_FUNC_INFO << error;
+        return Failed;
+    }
+    m_output = fromScript(engine.globalObject().property(QStringLiteral("Result")));
+    return Done;
+}

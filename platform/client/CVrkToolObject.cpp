@@ -1,0 +1,5 @@
+#include "CVrkToolObject.h"
+
+CVrkToolObject::CVrkToolObject(CVrkCliMod* module) : m_module(module) {}
+
+CVrkToolObject::~CVrkToolObject() = default;

@@ -1,0 +1,120 @@
+#include "SignIn.h"
+
+#include "CVrkCliApp.h"
+#include "CVrkCliSes.h"
+#include "Store.h"
+
+#include <ctime>
+#include <QCoreApplication>
+
+struct SignIn::Private {
+    static QString tr(const char* text) { return QCoreApplication::translate("SignIn", text); }
+    bool fail(const QString& text)
+    {
+        error = text;
+        return false;
+    }
+
+    std::unique_ptr<Store> store;
+    StoreLogin user;
+    QVector<StoreDepartment> departments;
+    bool signedIn = false;
+    QString error;
+};
+
+SignIn::SignIn() : d(std::make_unique<Private>()) {}
+
+SignIn::~SignIn() = default;
+
+QString SignIn::errorText() const
+{
+    return d->error;
+}
+
+bool SignIn::open(const QString& url)
+{
+    *d = Private();
+    StoreError error;
+    d->store = Store::open(url, Store::Options(), &error);
+    if (!d->store)
+        return d->fail(error.text);
+    if (!d->store->codec()) {
+        d->store.reset();
+        return d->fail(Private::tr("Кодовая страница журнала неизвестна этой системе."));
+    }
+    qputenv("TZ", d->store->timeZone());
+    tzset();
+    return true;
+}
+
+QVector<SignIn::Login> SignIn::logins() const
+{
+    QVector<Login> found;
+    if (!d->store)
+        return found;
+    const QVector<StoreLogin> logins = d->store->logins();
+    for (const StoreLogin& login : logins)
+        found.append({login.login, login.name});
+    return found;
+}
+
+bool SignIn::signIn(const QString& login)
+{
+    d->signedIn = false;
+    d->departments.clear();
+    d->user = StoreLogin();
+    d->error.clear();
+    if (!d->store)
+        return d->fail(Private::tr("Журнал не открыт."));
+    StoreError error;
+    if (!d->store->signIn(login, &d->user, &error))
+        return d->fail(error ? error.text : Private::tr("Пользователь «%1» не найден.").arg(login));
+    d->departments = d->store->departments(d->user.key);
+    d->signedIn = true;
+    return true;
+}
+
+QString SignIn::userName() const
+{
+    return d->user.name;
+}
+
+QVector<SignIn::Department> SignIn::departments() const
+{
+    QVector<Department> found;
+    for (const StoreDepartment& department : qAsConst(d->departments))
+        found.append(
+            {department.key, department.name, department.organizationKey, department.organizationName});
+    return found;
+}
+
+bool SignIn::enter(CVrkCliApp* app, const QByteArray& departmentKey)
+{
+    d->error.clear();
+    if (!d->store || !d->signedIn)
+        return d->fail(Private::tr("Вход в журнал не выполнен."));
+
+    StoreDepartment chosen;
+    if (departmentKey.isEmpty()) {
+        if (d->departments.size() > 1)
+            return d->fail(Private::tr("Не выбрано подразделение."));
+        chosen = d->departments.value(0);
+    } else {
+        for (const StoreDepartment& department : qAsConst(d->departments)) {
+            if (department.key == departmentKey)
+                chosen = department;
+        }
+        if (chosen.key.isEmpty())
+            return d->fail(Private::tr("Пользователь не работает в выбранном подразделении."));
+    }
+
+    auto session = std::make_unique<CVrkCliSes>(std::move(d->store));
+    d->signedIn = false;
+    if (!session->startEvents())
+        return d->fail(session->lastErrorText());
+    app->setSession(std::move(session));
+    app->m_user_params.setValue(QStringLiteral("KEYLINK"), QString::fromUtf8(d->user.key));
+    app->m_user_params.setValue(QStringLiteral("DEPARTMENTKEY"), QString::fromUtf8(chosen.key));
+    app->m_user_params.setValue(QStringLiteral("ORGANIZATIONKEY"), QString::fromUtf8(chosen.organizationKey));
+    return true;
+}
