@@ -30,8 +30,9 @@ function(vrk_testing_library name)
         target_sources(${name} PRIVATE $<TARGET_OBJECTS:vrk_${floor}>)
         target_include_directories(${name} PUBLIC
             "$<TARGET_PROPERTY:vrk_${floor},INTERFACE_INCLUDE_DIRECTORIES>")
+        # Without the floor's private entries, which stand there as link-only ones and mean nothing to others.
         target_link_libraries(${name} PUBLIC
-            "$<TARGET_PROPERTY:vrk_${floor},INTERFACE_LINK_LIBRARIES>")
+            "$<FILTER:$<TARGET_PROPERTY:vrk_${floor},INTERFACE_LINK_LIBRARIES>,EXCLUDE,LINK_ONLY>")
     endforeach()
     set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
 endfunction()
