@@ -71,6 +71,8 @@ public:
             if (!m_unseen.empty()) {
                 if (token.kind == Scanner::Close && Scanner::equals(token.name, m_unseen))
                     m_unseen = std::string_view();
+                if (m_scanner.parameterLink(token).found)
+                    m_sink.parameter(m_count++, Looks()); // counted, for the numbers are those of the parser
             } else if (token.kind == Scanner::Text) {
                 text(m_scanner.view(token));
             } else if (token.kind == Scanner::Open) {
