@@ -55,6 +55,7 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
     module = parser.value(moduleOption);
     plugin = parser.value(pluginOption);
     tour = parser.value(tourOption);
+    theme = parser.value(themeOption);
     if (store.isEmpty() && tour.isEmpty()) {
         *message = tr("Укажите хранилище: --store sqlite:///путь/к/файлу");
         *exitCode = 2;

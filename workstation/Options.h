@@ -9,6 +9,7 @@ struct Options {
     QString user;       ///< login; empty: ask
     QString department; ///< name or key; empty: the only one, or ask
     QString module = QStringLiteral("logbook");
+    QString theme;  ///< light, dark or system; empty: as last time
     QString plugin; ///< library to load; empty: libVrkLogBook.so.2 beside the program's libraries
     QString tour;   ///< folder for the pictures of the tour; empty: no tour
 

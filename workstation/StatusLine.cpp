@@ -1,6 +1,7 @@
 #include "StatusLine.h"
 
 #include "CVrkCliSes.h"
+#include "Theme.h"
 
 #include <QDateTime>
 #include <QHBoxLayout>
@@ -44,6 +45,15 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     m_acknowledgeButton->setToolTip(tr("Убрать сообщения о неудачах (Ctrl + Shift + K)"));
     m_acknowledgeButton->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_K);
     layout->addWidget(m_acknowledgeButton);
+
+    m_themeButton = new QToolButton;
+    m_themeButton->setObjectName(QStringLiteral("themeButton"));
+    m_themeButton->setAutoRaise(true);
+    m_themeButton->setText(tr("День/ночь"));
+    m_themeButton->setToolTip(tr("Светлые или тёмные цвета (Ctrl + Shift + D)"));
+    m_themeButton->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_D);
+    layout->addWidget(m_themeButton);
+    connect(m_themeButton, &QToolButton::clicked, this, [] { Theme::toggle(); });
 
     m_clockLabel = panel(QStringLiteral("clockLabel"), layout);
     m_clockLabel->setToolTip(tr("Время сервера"));

@@ -38,6 +38,7 @@ private:
     QLabel* m_connectionLabel;
     QLabel* m_messageLabel;
     QToolButton* m_acknowledgeButton;
+    QToolButton* m_themeButton;
     QLabel* m_clockLabel;
     QStringList m_failures;
     QString m_notice;

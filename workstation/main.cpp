@@ -1,5 +1,6 @@
 #include "LogWriter.h"
 #include "Options.h"
+#include "Theme.h"
 #include "Workstation.h"
 
 #include <cstdio>
@@ -35,6 +36,12 @@ int main(int argc, char* argv[])
         return exitCode;
     }
 
+    if (!Theme::apply(options.theme.isEmpty() ? Theme::remembered() : options.theme)) {
+        std::fprintf(
+            stderr, "%s\n",
+            qUtf8Printable(QCoreApplication::translate("main", "Нет темы «%1».").arg(options.theme)));
+        return 2;
+    }
     LogWriter log(LogWriter::defaultFile());
     Workstation workstation(&log);
     if (!workstation.enter(options))
