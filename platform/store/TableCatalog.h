@@ -24,6 +24,9 @@ struct CatalogTable {
 
 /// All tables that the store offers, under their declared names: the journal's, the reference tables, the tables of
 /// the earlier journal. The schema of both engines, the names in answers and events, and the checks come from here.
+///
+/// Equipment.kind is "substation", "line", "bay" or any other word; substations and lines have parameters of their own
+/// in templates. ParentKey leads from a bay to its substation; voltage is a text such as "110 кВ".
 namespace TableCatalog
 {
 const QVector<CatalogTable>& tables();
