@@ -60,6 +60,7 @@ protected:
 
 private:
     void configureForm();
+    void leaveInStore(const MDRField* field, MDRData* record, const TEventNciParse* event) const;
     QModelIndexList matcheIndexes(const QString& text) const;
     void setCurrentIndex(const QModelIndex& index);
     void search(const QString& text);

@@ -1,22 +1,25 @@
 #pragma once
 
 #include "CModelTable.h"
+#include "CPopMessageBox.h"
+#include "DurationOptions.h"
 #include "LogBookTab.h"
 #include "RecordCensus.h"
 #include "RecordPreparer.h"
 
+#include <initializer_list>
 #include <QDateTime>
+#include <QTimer>
 #include <QVector>
 
 class CommentsPane;
-class CPopMessageBox;
 class CRowBatch;
 class FilesPane;
 class FilterByStatus;
 class QAbstractButton;
 class QMenu;
+class RecordColumns;
 class RecordCreatorDialog;
-class WorkshiftDurationControl;
 
 /// The journal of one department: its current workshift, live, or a workshift or an interval of the archive.
 /// Loads the tables, mends them by change events, and writes what the user does with records. An action
@@ -109,6 +112,7 @@ signals:
     void changedSelectedRecord(MDRData* record);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private slots: // by name: showMsgBox takes the slot's name
@@ -119,17 +123,22 @@ private slots: // by name: showMsgBox takes the slot's name
 private:
     // LogBookWidget_init.cpp
     void initTables();
+    void configurePanes();
     void configureTableTool();
     void configureContextMenu();
     void createDialogs();
     void createConnections();
     void showRecordMenu(const QPoint& pos);
+    void reloadPanes(MDRData* record);
     void updateRecordsFilter();
-    /// Takes the question off: true when it was answered with yes.
+    void showMsgBox(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
+                    const char* slot);
+    /// Takes the box off; true when its question was answered with yes.
     bool isConfirmed(QAbstractButton* button);
 
     // LogBookWidget_hfn.cpp
     void uploadCurrentWorkshift();
+    void uploadShownWorkshift();
     void uploadOpenWorkshift();
     void uploadWorkshift(const QString& key);
     void uploadWorkersWorkshiftTable();
@@ -141,29 +150,44 @@ private:
     void uploadRolesTable();
     void uploadWorkerRolesTable();
     void uploadTemplatesTable();
+    /// Runs a select into a table. A failure is logged under the signature and leaves the table as it was.
+    bool request(CModelTable& table, const QString& sql, const char* signature) const;
+    void uploadByRecords(CModelTable& target, const char* signature);
+    void uploadOfDepartment(CModelTable& target, const char* signature);
     MDArray* repackRequest(CMDArray* answer);
     void clearTables(std::initializer_list<CModelTable*> tables);
     void finishLoad();
-    void reloadPanes(MDRData* record);
-    bool request(CMDArray& holder, const QString& sql, const char* signature) const;
-    void uploadByRecords(CModelTable& target, const char* signature);
     void prepareRecords();
     void prepareRecord(MDRData* record);
 
     // LogBookWidget_events.cpp
-    bool isSuitableNCI(TEventNciParse* event) const;
+    /// The event concerns the department of this page. Compares table names with case, unlike the dispatch.
+    bool isSuitableNCI(TEventNciParse* event);
+    CModelTable* eventTable(const TEventNciParse* event);
     bool insertRow(TEventNciParse* event);
+    bool insertAttachment(CModelTable& table, TEventNciParse* event);
     bool changeRow(TEventNciParse* event);
     bool deleteRow(TEventNciParse* event);
-    void updateAttachments(CModelTable& attachments, const QByteArray& recordKey);
+    MDRData* recordOf(const MDRData* attachment);
+    void updateAttachments(const CModelTable& table, MDRData* record);
     void reloadTemplates();
     void closeShiftDialogs();
 
+    // LogBookWidget_duration.cpp
+    void startDurationControl();
+    void controlWorkshiftDuration();
+    void showNotifyWorkshiftLimit();
+
     // LogBookWidget_annex.cpp
+    bool send(CRowBatch& batch);
+    void showError(const QString& title, const QString& text);
+    void showRecordCreator(MDRData* record);
     bool deleteRecord(MDRData* record);
     bool setRecordDeleted(MDRData* record);
-    void reportFailedDeletion();
-    bool send(CRowBatch& batch);
+    QVector<MDRData*> drafts(bool onlyMine) const;
+    void deleteDrafts(bool onlyMine, const char* signature);
+    void approveDrafts(bool onlyMine, const char* signature);
+    void addVisa(CRowBatch& batch, const MDRData* record) const;
 
     Mode m_mode = NothingLoaded;
     CModelTable m_workshifts;
@@ -182,9 +206,12 @@ private:
     RecordPreparer m_preparer;
     RecordCensus m_census;
     FilterByStatus* m_draftsFilter = nullptr;
+    RecordColumns* m_columns = nullptr;
     CommentsPane* m_commentsPane = nullptr;
     FilesPane* m_filesPane = nullptr;
-    WorkshiftDurationControl* m_durationControl = nullptr;
+    DurationOptions m_durationOptions;
+    QTimer m_controlTimer;
+    QTimer m_repeatTimer;
     QMenu* m_recordMenu = nullptr;
     QAction* m_originAction = nullptr;
     QAction* m_approveAction = nullptr;

@@ -1,0 +1,106 @@
+#include "MessageListDelegate.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QTextOption>
+
+namespace
+{
+int heightOf(const QRect& rect)
+{
+    return rect.bottom() - rect.top() + 1;
+}
+
+void drawLine(QPainter* painter, const QRect& rect, const QFont& font, const QPen& pen, const QString& text,
+              const QTextOption& layout)
+{
+    painter->save();
+    painter->setFont(font);
+    painter->setPen(pen);
+    painter->drawText(QRectF(rect), text, layout);
+    painter->restore();
+}
+} // namespace
+
+MessageListDelegate::MessageListDelegate(QObject* parent) : QStyledItemDelegate(parent) {}
+
+int MessageListDelegate::messageTextHeight(const QStyleOptionViewItem& option, const QString& text) const
+{
+    return heightOf(option.fontMetrics.boundingRect(option.rect, Qt::TextWordWrap, text));
+}
+
+int MessageListDelegate::messageBlockSpacing(const QStyleOptionViewItem& option) const
+{
+    return option.fontMetrics.height() / 2;
+}
+
+QSize MessageListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    // Roles that the items do not carry, and meant so: an empty text still has the height of a line.
+    constexpr int authorMeasure = 28;
+    constexpr int dateMeasure = 27;
+    const QRect author =
+        option.fontMetrics.boundingRect(option.rect, Qt::AlignLeft, index.data(authorMeasure).toString());
+    const QRect date =
+        option.fontMetrics.boundingRect(option.rect, Qt::AlignRight, index.data(dateMeasure).toString());
+    return QSize(option.rect.width(), heightOf(author) + messageBlockSpacing(option) +
+                                          messageTextHeight(option, index.data().toString()) +
+                                          heightOf(date));
+}
+
+void MessageListDelegate::drawStyleSheet(QPainter* painter, const QStyleOptionViewItem& option,
+                                         const QModelIndex& index) const
+{
+    QStyleOptionViewItem item(option);
+    initStyleOption(&item, index);
+    item.text.clear();
+    const QStyle* style = option.widget ? option.widget->style() : QApplication::style();
+    style->drawControl(QStyle::CE_ItemViewItem, &item, painter, option.widget);
+}
+
+void MessageListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                const QModelIndex& index) const
+{
+    if (!index.isValid()) {
+        QStyledItemDelegate::paint(painter, option, index);
+        return;
+    }
+    drawStyleSheet(painter, option, index);
+
+    const QString message = index.data().toString();
+    const bool isRead = index.data(CommentIsReadRole).toBool();
+    const bool isMine = index.data(CommentIsMineRole).toBool();
+    QString author = index.data(CommentAuthorRole).toString();
+    if (isMine)
+        author += QStringLiteral(" (Вы)");
+
+    const int line = option.fontMetrics.height();
+    const int textTop = line + messageBlockSpacing(option);
+    const int textHeight = messageTextHeight(option, message);
+    const int dateTop = textTop + textHeight;
+    const int width = option.rect.right() - option.rect.left() - 2;
+
+    QFont authorFont = option.font;
+    authorFont.setWeight(QFont::Bold);
+    authorFont.setPointSize(option.font.pointSize() - 1);
+    QFont dateFont = option.font;
+    dateFont.setPointSize(option.font.pointSize() - 1);
+
+    painter->save();
+    painter->translate(option.rect.left() + 1, option.rect.top() + 1);
+    drawLine(painter, QRect(0, 0, width, line), authorFont,
+             isMine ? QPen(QColor(QStringLiteral("#309AC7"))) : painter->pen(), author, QTextOption());
+    QTextOption wrapped;
+    wrapped.setWrapMode(QTextOption::WordWrap);
+    drawLine(painter, QRect(0, textTop, width, textHeight), option.font, painter->pen(), message, wrapped);
+    drawLine(painter, QRect(0, dateTop, isRead ? width - line - 4 : width, line), dateFont,
+             QPen(QColor(QStringLiteral("#3E403E"))), index.data(CommentTimeRole).toString(),
+             QTextOption(Qt::AlignRight));
+    // Drawn for an unread comment too: there it lies behind the right edge, where nothing shows.
+    const QPixmap mark = QPixmap(QStringLiteral(":/icons/readed.png"))
+                             .scaled(line, line, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    painter->save();
+    painter->drawPixmap(QRect(isRead ? width - line : width + 4, dateTop, line, line), mark);
+    painter->restore();
+    painter->restore();
+}

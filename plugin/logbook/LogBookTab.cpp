@@ -1,0 +1,110 @@
+#include "LogBookTab.h"
+
+#include "CModelTable.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "MDRValues.h"
+#include "MessageListDelegate.h"
+#include "ui_LogBookTab.h"
+#include "VrkTableTool.h"
+
+#include <QAction>
+
+LogBookTab::LogBookTab(QWidget* parent)
+    : QWidget(parent),
+      m_ui(new Ui::LogBookTab),
+      m_allReaded(new QAction(tr("Отметить все как прочитанные"), this))
+{
+    m_ui->setupUi(this);
+    configureForm();
+
+    connect(m_ui->closeSearchButton, &QToolButton::clicked, m_ui->searchWidget, &QWidget::close);
+    connect(m_ui->upSearchButton, &QToolButton::clicked, this, &LogBookTab::searchUp);
+    connect(m_ui->downSearchButton, &QToolButton::clicked, this, &LogBookTab::searchDown);
+    connect(m_ui->searchEdit, &QLineEdit::textChanged, this, &LogBookTab::search);
+    connect(m_ui->searchEdit, &QLineEdit::returnPressed, this, &LogBookTab::searchNext);
+}
+
+LogBookTab::~LogBookTab() = default;
+
+void LogBookTab::configureForm()
+{
+    const auto configureButton = [](QToolButton* button, const char* icon, const QString& tip) {
+        button->setIcon(QIcon(QLatin1String(":/icons/") + QLatin1String(icon)));
+        button->setToolTip(tip);
+        button->setEnabled(false);
+    };
+    configureButton(m_ui->createCommentButton, "add.png", tr("Добавить комментарий"));
+    configureButton(m_ui->deleteCommentButton, "delete.png", tr("Удалить комментарий"));
+    configureButton(m_ui->readedCommentButton, "readed.png", tr("Отметить как прочитанный"));
+    configureButton(m_ui->createFileButton, "add.png", tr("Добавить файл..."));
+    configureButton(m_ui->deleteFileButton, "delete.png", tr("Удалить файл"));
+    configureButton(m_ui->saveFileButton, "save.png", tr("Сохранить файл..."));
+    configureButton(m_ui->upSearchButton, "up-arrow.png", QString());
+    configureButton(m_ui->downSearchButton, "down-arrow.png", QString());
+
+    m_ui->readedCommentButton->setPopupMode(QToolButton::MenuButtonPopup);
+    m_ui->readedCommentButton->addAction(m_allReaded);
+    m_ui->closeSearchButton->setIcon(QIcon(QStringLiteral(":/icons/close.png")));
+    m_ui->searchEdit->addAction(QIcon(QStringLiteral(":/icons/search.png")), QLineEdit::LeadingPosition);
+    m_ui->searchEdit->setPlaceholderText(tr("Поиск..."));
+    m_ui->searchEdit->setClearButtonEnabled(true);
+    m_ui->additionalTab->setTabIcon(0, QIcon(QStringLiteral(":/icons/comment.png")));
+    m_ui->additionalTab->setTabIcon(1, QIcon(QStringLiteral(":/icons/affix.png")));
+    m_ui->commentsList->setAlternatingRowColors(true);
+    m_ui->commentsList->setItemDelegate(new MessageListDelegate(this));
+    // The table takes the room that is left; the panes keep their width.
+    m_ui->splitter->setStretchFactor(0, 1);
+    m_ui->searchWidget->hide();
+}
+
+MDRData* LogBookTab::currentRecord() const
+{
+    return m_tableTool ? m_tableTool->currentRecord() : nullptr;
+}
+
+MDRData* LogBookTab::recordByKeyLink(CModelTable* table, const char* key) const
+{
+    if (!table || !key || *key == '\0' || table->data.RecCount() == 0)
+        return nullptr;
+    const MDRRange found = MDARecsWith(table->data.array, "KeyLink", key);
+    return found.count > 0 ? found.data[0] : nullptr;
+}
+
+MDRData* LogBookTab::changeRecord(CMDArray* array, MDRData* record, TEventNciParse* event) const
+{
+    if (!array || !record)
+        return nullptr;
+    for (int i = 0; i < event->recordType.count; ++i) {
+        const MDRField* field = MDRFldByNum(&event->recordType, i);
+        bool isMarked = false;
+        MDRIsUser(field, &event->recordData, &isMarked);
+        if (!isMarked)
+            continue;
+        bool isNull = false;
+        MDRIsNull(field, &event->recordData, &isNull);
+        // By position: the handle is of the event's type.
+        if (isNull && field->type == mdr_TBlob) {
+            leaveInStore(field, record, event);
+            continue;
+        }
+        MDRVar value = MDRValue::null();
+        if (!isNull)
+            MDRGetVal(field, &event->recordData, &value);
+        MDRSetVal(field, record, &value);
+    }
+    return array->RecPost(record);
+}
+
+void LogBookTab::leaveInStore(const MDRField* field, MDRData* record, const TEventNciParse* event) const
+{
+    // Events carry no contents of files: the store gives them when they are asked for.
+    MDRSetBlobSource(
+        field, record, 0,
+        m_module->session()->blobSource(event->tableName.toLatin1(), field->name, event->recordKey));
+}
+
+MDRData* LogBookTab::changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event) const
+{
+    return table ? changeRecord(&table->data, record, event) : nullptr;
+}

@@ -1,0 +1,67 @@
+#include "LogBookWidget.h"
+
+#include "CommentsPane.h"
+#include "CPopMessageBox.h"
+#include "CVrkCliMod.h"
+#include "FilesPane.h"
+#include "LocationInfo.h"
+#include "LogbookTables.h"
+#include "RecordColumns.h"
+#include "RecordCreatorDialog.h"
+#include "ui_LogBookTab.h"
+#include "VrkTableTool.h"
+
+#include <QKeyEvent>
+
+LogBookWidget::LogBookWidget(QWidget* parent)
+    : LogBookTab(parent),
+      m_workshifts(LogbookTable::Workshifts),
+      m_crew(LogbookTable::WorkersWorkshift),
+      m_records(LogbookTable::Records),
+      m_comments(LogbookTable::Comments),
+      m_files(LogbookTable::Files),
+      m_shifts(LogbookTable::Shifts),
+      m_roles(LogbookTable::Roles),
+      m_workerRoles(LogbookTable::WorkerRoles),
+      m_categories(LogbookTable::CatsTemplate),
+      m_templates(LogbookTable::Templates),
+      m_preparer(m_records, m_comments, m_files)
+{
+}
+
+LogBookWidget::~LogBookWidget()
+{
+    // They belong to the module's window, but hold tables of this page. The view goes before the tables too.
+    delete m_messageBox;
+    delete m_recordCreator;
+    delete m_tableTool;
+}
+
+CModelTable* LogBookWidget::table(const QString& name)
+{
+    for (CModelTable* own : {&m_workshifts, &m_crew, &m_records, &m_comments, &m_files, &m_shifts, &m_roles,
+                             &m_workerRoles, &m_categories, &m_templates})
+        if (name == QLatin1String(own->name.c_str()))
+            return own;
+    return m_location ? m_location->table(name) : nullptr;
+}
+
+void LogBookWidget::changeEvent(QEvent* event)
+{
+    LogBookTab::changeEvent(event);
+    if (event->type() == QEvent::FontChange && m_columns)
+        m_columns->setFont(font());
+}
+
+void LogBookWidget::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Delete) {
+        // A list that has the focus takes the key for itself, also when it has nothing to delete.
+        const bool isInPane = m_ui->filesTable->hasFocus() || m_ui->commentsList->hasFocus();
+        if (!isInPane && isRecordDeletable())
+            deleteRecordRequest();
+    }
+    if (event->key() == Qt::Key_Home || event->key() == Qt::Key_HomePage)
+        uploadRealTimeWorkshift();
+    QWidget::keyPressEvent(event);
+}

@@ -1,0 +1,212 @@
+#include "CommentsPane.h"
+#include "FilesPane.h"
+#include "LocationInfo.h"
+#include "LogbookFields.h"
+#include "LogbookTables.h"
+#include "LogBookWidget.h"
+#include "RecordCreatorDialog.h"
+#include "RecordValue.h"
+#include "VrkTableModel.h"
+#include "VrkTableTool.h"
+
+bool LogBookWidget::MessageData(TEventNciParse* event)
+{
+    m_recordCreator->MessageData(event);
+
+    switch (event->eventNumber) {
+    case EventInserted:
+        return insertRow(event);
+    case EventChanged:
+        return changeRow(event);
+    case EventDeleted:
+        return deleteRow(event);
+    default:
+        return true;
+    }
+}
+
+CModelTable* LogBookWidget::eventTable(const TEventNciParse* event)
+{
+    for (CModelTable* own :
+         {&m_workshifts, &m_crew, &m_records, &m_comments, &m_files, &m_categories, &m_templates})
+        if (event->tableName.compare(QLatin1String(own->name.c_str()), Qt::CaseInsensitive) == 0)
+            return own;
+    return nullptr;
+}
+
+bool LogBookWidget::insertRow(TEventNciParse* event)
+{
+    CModelTable* table = isSuitableNCI(event) ? eventTable(event) : nullptr;
+    if (!table)
+        return false;
+    const bool isLive = table == &m_workshifts || table == &m_crew || table == &m_records;
+    if (isLive && m_mode != RealTime)
+        return false;
+    if (recordByKeyLink(table, event->recordKey)) // a load brought the row already
+        return table == &m_records || table == &m_comments || table == &m_files;
+
+    if (table == &m_comments || table == &m_files)
+        return insertAttachment(*table, event);
+    if (table == &m_records)
+        m_tableTool->model()->beginAppendRows(1);
+    MDRData* row = changeRecord(table, MDARecNew(table->data.array), event);
+    if (table == &m_workshifts) {
+        m_currentWorkshift = row;
+        updateRecordsFilter();
+        uploadCurrentWorkshift();
+    } else if (table == &m_crew) {
+        updateRecordsFilter();
+        emit statusChanged();
+    } else if (table == &m_records) {
+        prepareRecord(row);
+        m_tableTool->model()->endAppendRows();
+        m_tableTool->setCurrentRecord(row);
+        emit recordAdded();
+    } else {
+        reloadTemplates();
+    }
+    return true;
+}
+
+bool LogBookWidget::insertAttachment(CModelTable& table, TEventNciParse* event)
+{
+    // Whose it is decides before a row is made: the bytes of other departments' files are never asked for.
+    MDRVar key;
+    MDRGetVal(MDRFldByName(&event->recordType, "RecordKey"), &event->recordData, &key);
+    MDRData* record = MDRValue::hasText(key) ? recordByKeyLink(&m_records, key.value.text.data) : nullptr;
+    if (!record)
+        return true;
+    changeRecord(&table, MDARecNew(table.data.array), event);
+    updateAttachments(table, record);
+    return true;
+}
+
+bool LogBookWidget::changeRow(TEventNciParse* event)
+{
+    CModelTable* table = eventTable(event);
+    if (!table || table == &m_crew)
+        return true;
+    MDRData* row = recordByKeyLink(table, event->recordKey);
+    if (!row)
+        return false;
+    changeRecord(table, MDARecEdit(row), event); // the row keeps its address
+
+    if (table == &m_workshifts) {
+        updateRecordsFilter();
+        if (isCloseWorkshift())
+            closeShiftDialogs();
+        if (row != m_currentWorkshift)
+            return true;
+        startDurationControl();
+        emit statusChanged();
+    } else if (table == &m_records) {
+        prepareRecord(row);
+        m_tableTool->updateView(row);
+        emit recordUpdated();
+    } else if (table == &m_comments || table == &m_files) {
+        updateAttachments(*table, recordOf(row));
+    } else if (table == &m_categories || table == &m_templates) {
+        reloadTemplates();
+    }
+    return true;
+}
+
+bool LogBookWidget::deleteRow(TEventNciParse* event)
+{
+    CModelTable* table = eventTable(event);
+    if (!table || table == &m_workshifts || table == &m_crew)
+        return true;
+    MDRData* row = recordByKeyLink(table, event->recordKey);
+    if (!row)
+        return false;
+
+    CMDArray& rows = table->data;
+    if (table == &m_records) {
+        m_census.remove(row); // before the current row moves and the tool bar asks
+        m_tableTool->model()->beginRemoveRecord(row);
+        rows.lastError = MDARecDel(row);
+        m_tableTool->model()->endRemoveRecord();
+    } else if (table == &m_comments || table == &m_files) {
+        MDRData* record = recordOf(row);
+        rows.lastError = MDARecDel(row);
+        updateAttachments(*table, record);
+    } else {
+        // A fresh row is deleted and the one found stays until the next load; that is meant.
+        rows.lastError = MDARecDel(MDARecNew(rows.array));
+        reloadTemplates();
+    }
+    return true;
+}
+
+MDRData* LogBookWidget::recordOf(const MDRData* attachment)
+{
+    const MDRVar key = recordValue(attachment, "RecordKey");
+    return MDRValue::hasText(key) ? recordByKeyLink(&m_records, key.value.text.data) : nullptr;
+}
+
+void LogBookWidget::updateAttachments(const CModelTable& table, MDRData* record)
+{
+    if (!record)
+        return;
+    const bool isComment = &table == &m_comments;
+    if (isComment)
+        m_preparer.prepareRecordComment(record);
+    else
+        m_preparer.prepareRecordFile(record);
+    m_tableTool->updateView(record);
+    if (record != currentRecord())
+        return;
+    if (isComment)
+        m_commentsPane->reload(record);
+    else
+        m_filesPane->reload(record);
+}
+
+void LogBookWidget::reloadTemplates()
+{
+    m_recordCreator->reloadTemplates();
+}
+
+void LogBookWidget::closeShiftDialogs()
+{
+    for (QWidget* dialog : m_shiftDialogs)
+        if (dialog->isVisible())
+            dialog->close();
+}
+
+bool LogBookWidget::isSuitableNCI(TEventNciParse* event)
+{
+    const auto isTable = [&](const char* name) { return event->tableName == QLatin1String(name); };
+    // Comments and files are sorted out later, by their record.
+    if (isTable(LogbookTable::Comments) || isTable(LogbookTable::Files) ||
+        isTable(LogbookTable::CatsTemplate) || isTable(LogbookTable::Templates))
+        return true;
+
+    const MDRFieldDescr* fields = nullptr;
+    int count = 0;
+    const char* workshiftField = nullptr; // null: the row is the workshift itself
+    if (isTable(LogbookTable::Workshifts)) {
+        fields = LogbookWorkshiftFields;
+        count = fieldCount(LogbookWorkshiftFields);
+    } else if (isTable(LogbookTable::WorkersWorkshift)) {
+        fields = LogbookWorkersWorkshiftFields;
+        count = fieldCount(LogbookWorkersWorkshiftFields);
+        workshiftField = "WorkshiftKey";
+    } else if (isTable(LogbookTable::Records)) {
+        fields = LogbookRecordFields;
+        count = fieldCount(LogbookRecordFields);
+        workshiftField = "ShiftKey";
+    } else {
+        return false;
+    }
+
+    CRowBatch rows(fields, count);
+    const MDRData* row = changeRecord(&rows, MDARecNew(rows.array), event);
+    if (workshiftField) {
+        const MDRVar key = recordValue(row, workshiftField);
+        row = MDRValue::hasText(key) ? recordByKeyLink(&m_workshifts, key.value.text.data) : nullptr;
+    }
+    const MDRVar department = recordValue(row, "DepartmentKey");
+    return MDRValue::hasText(department) &&
+           MDRValue::bytes(department) == m_location->departmentKey().toUtf8();
+}

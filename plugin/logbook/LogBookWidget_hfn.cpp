@@ -1,0 +1,282 @@
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "HfnTime.h"
+#include "LocationInfo.h"
+#include "LogbookTables.h"
+#include "LogBookWidget.h"
+#include "LogText.h"
+#include "MDRValues.h"
+#include "VrkTableModel.h"
+#include "VrkTableTool.h"
+
+namespace
+{
+/// Makes KeyLink the only key.
+void setKeyLinkAsKey(CMDArray& table)
+{
+    table.KeyAdd("KeyLink", 0);
+    while (MDAKeyCount(table.array) > 1)
+        table.lastError = MDAKeyDel(table.array, 0);
+}
+
+/// The keys of all rows as a list for IN: quoted, joined by commas.
+QString quotedKeys(const CMDArray& table)
+{
+    QByteArray list;
+    MDRVar key;
+    for (int i = 0; i < table.RecCount(); ++i) {
+        table.GetVal(MDARec(table.array, 0, i), "KeyLink", key);
+        if (!list.isEmpty())
+            list += ',';
+        list += '\'' + MDRValue::bytes(key) + '\'';
+    }
+    return QString::fromUtf8(list);
+}
+
+QString sqlTime(const QDateTime& time)
+{
+    return QString::number(DateTime_To_HfnTime(time), 'g', 10);
+}
+} // namespace
+
+void LogBookWidget::uploadRealTimeWorkshift()
+{
+    if (m_mode == RealTime)
+        return;
+    m_mode = RealTime;
+    m_currentWorkshift = nullptr;
+
+    m_tableTool->model()->beginResetModel();
+    clearTables({&m_workshifts, &m_crew, &m_records, &m_comments, &m_files, &m_shifts, &m_roles,
+                 &m_workerRoles, &m_categories, &m_templates});
+    uploadOpenWorkshift();
+    uploadWorkersWorkshiftTable();
+    uploadRecordsWorkshift();
+    uploadCommentsRecords();
+    uploadFilesRecords();
+    uploadShiftsTable();
+    uploadRolesTable();
+    uploadWorkerRolesTable();
+    uploadTemplatesTable();
+    prepareRecords();
+    finishLoad();
+}
+
+void LogBookWidget::uploadCurrentWorkshift()
+{
+    m_tableTool->model()->beginResetModel();
+    clearTables({&m_crew, &m_records, &m_comments, &m_files});
+    uploadShownWorkshift();
+    finishLoad();
+}
+
+void LogBookWidget::uploadRecordsIn(const QString& workshiftKey)
+{
+    m_mode = ArchiveWorkshift;
+    m_currentWorkshift = nullptr;
+
+    m_tableTool->model()->beginResetModel();
+    clearTables({&m_workshifts, &m_crew, &m_records, &m_comments, &m_files});
+    uploadWorkshift(workshiftKey);
+    if (m_workshifts.data.RecCount() == 1)
+        m_currentWorkshift = MDARec(m_workshifts.data.array, 0, 0);
+    uploadShownWorkshift();
+    finishLoad();
+}
+
+void LogBookWidget::uploadRecordsIn(const QDateTime& from, const QDateTime& to)
+{
+    m_intervalStart = from;
+    m_intervalEnd = to;
+    m_mode = ArchiveInterval;
+    m_currentWorkshift = nullptr;
+
+    m_tableTool->model()->beginResetModel();
+    clearTables({&m_workshifts, &m_crew, &m_records, &m_comments, &m_files});
+    uploadRecordsInterval(from, to);
+    uploadCommentsRecords();
+    uploadFilesRecords();
+    prepareRecords();
+    finishLoad();
+}
+
+void LogBookWidget::uploadShownWorkshift()
+{
+    uploadWorkersWorkshiftTable();
+    uploadRecordsWorkshift();
+    uploadCommentsRecords();
+    uploadFilesRecords();
+    uploadRolesTable();
+    uploadWorkerRolesTable();
+    uploadTemplatesTable();
+    prepareRecords();
+}
+
+void LogBookWidget::clearTables(std::initializer_list<CModelTable*> tables)
+{
+    m_census.clear();
+    for (CModelTable* table : tables)
+        table->data.lastError = MDAClearRec(table->data.array);
+}
+
+void LogBookWidget::finishLoad()
+{
+    m_tableTool->model()->endResetModel();
+    m_tableTool->setCurrentFirst();
+    if (!currentRecord())
+        reloadPanes(nullptr); // an empty table moves no current row, and the panes would keep what they show
+    updateRecordsFilter();
+    emit statusChanged();
+}
+
+bool LogBookWidget::request(CModelTable& table, const QString& sql, const char* signature) const
+{
+    table.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
+    if (table.data.lastError == mdr_Ok)
+        return true;
+    LogText::warn(QLatin1String(signature), tr("error SQL query execution [%1]").arg(sql));
+    return false;
+}
+
+void LogBookWidget::uploadOpenWorkshift()
+{
+    if (m_location->departmentKey().isEmpty())
+        return;
+    const QString sql = QString::fromLatin1(LogbookSql::OpenWorkshift)
+                            .arg(QLatin1String(LogbookTable::Workshifts), QStringLiteral("DepartmentKey"),
+                                 m_location->departmentKey(), QStringLiteral("CloseWorkerKey"));
+    request(m_workshifts, sql, "void LogBookWidget::uploadOpenWorkshift()");
+    setKeyLinkAsKey(m_workshifts);
+    m_workshifts.data.KeyAdd("createdAt", 0);
+    m_currentWorkshift = MDARec(m_workshifts.data.array, 1, 0);
+}
+
+void LogBookWidget::uploadWorkshift(const QString& key)
+{
+    if (key.isEmpty())
+        return;
+    const QString sql = QString::fromLatin1(LogbookSql::ByField)
+                            .arg(QLatin1String(LogbookTable::Workshifts), QStringLiteral("KeyLink"), key);
+    request(m_workshifts, sql, "void LogBookWidget::uploadWorkshift(const QString&)");
+    setKeyLinkAsKey(m_workshifts);
+}
+
+void LogBookWidget::uploadWorkersWorkshiftTable()
+{
+    if (!m_currentWorkshift)
+        return;
+    const QString sql = QString::fromLatin1(LogbookSql::WorkersWorkshift)
+                            .arg(QLatin1String(LogbookTable::WorkersWorkshift), workshiftKeyLink());
+    request(m_crew, sql, "void LogBookWidget::uploadWorkersWorkshiftTable()");
+    setKeyLinkAsKey(m_crew);
+}
+
+void LogBookWidget::uploadRecordsWorkshift()
+{
+    const QString workshift = workshiftKeyLink();
+    if (workshift.isEmpty())
+        return;
+    const QString sql = QString::fromLatin1(LogbookSql::ByField)
+                            .arg(QLatin1String(LogbookTable::Records), QStringLiteral("ShiftKey"), workshift);
+    CModelTable answer(LogbookTable::Records);
+    if (request(answer, sql, "void LogBookWidget::uploadRecordsWorkshift()"))
+        repackRequest(&answer.data);
+}
+
+void LogBookWidget::uploadRecordsInterval(const QDateTime& from, const QDateTime& to)
+{
+    const QString sql =
+        QString::fromLatin1(LogbookSql::RecordsInterval)
+            .arg(QLatin1String(LogbookTable::Records), QLatin1String(LogbookTable::Workshifts),
+                 QStringLiteral("KeyLink"), QStringLiteral("ShiftKey"), QStringLiteral("DepartmentKey"),
+                 m_location->departmentKey(), QStringLiteral("recordTime"), sqlTime(from), sqlTime(to));
+    CModelTable answer(LogbookTable::Records);
+    if (request(answer, sql, "void LogBookWidget::uploadRecordsInterval(const QDateTime&, const QDateTime&)"))
+        repackRequest(&answer.data);
+}
+
+void LogBookWidget::uploadCommentsRecords()
+{
+    uploadByRecords(m_comments, "void LogBookWidget::uploadCommentsRecords()");
+}
+
+void LogBookWidget::uploadFilesRecords()
+{
+    uploadByRecords(m_files, "void LogBookWidget::uploadFilesRecords()");
+}
+
+void LogBookWidget::uploadByRecords(CModelTable& target, const char* signature)
+{
+    if (m_records.data.RecCount() == 0)
+        return;
+    const QString sql =
+        QString::fromLatin1(LogbookSql::ByRecords)
+            .arg(QString::fromStdString(target.name), QStringLiteral("RecordKey"), quotedKeys(m_records));
+    request(target, sql, signature);
+}
+
+void LogBookWidget::uploadShiftsTable()
+{
+    uploadOfDepartment(m_shifts, "void LogBookWidget::uploadShiftsTable()");
+}
+
+void LogBookWidget::uploadRolesTable()
+{
+    uploadOfDepartment(m_roles, "void LogBookWidget::uploadRolesTable()");
+}
+
+void LogBookWidget::uploadOfDepartment(CModelTable& target, const char* signature)
+{
+    if (m_location->departmentKey().isEmpty())
+        return;
+    const QString sql = QString::fromLatin1(LogbookSql::OfDepartment)
+                            .arg(QString::fromStdString(target.name), m_location->departmentKey());
+    request(target, sql, signature);
+    setKeyLinkAsKey(target);
+}
+
+void LogBookWidget::uploadWorkerRolesTable()
+{
+    if (m_roles.data.RecCount() == 0)
+        return;
+    const QString sql = QString::fromLatin1(LogbookSql::WorkerRoles)
+                            .arg(QLatin1String(LogbookTable::WorkerRoles), quotedKeys(m_roles));
+    request(m_workerRoles, sql, "void LogBookWidget::uploadWorkerRolesTable()");
+    setKeyLinkAsKey(m_workerRoles);
+}
+
+void LogBookWidget::uploadTemplatesTable()
+{
+    for (CModelTable* table : {&m_categories, &m_templates})
+        request(*table, QString::fromLatin1(LogbookSql::Templates).arg(QString::fromStdString(table->name)),
+                "void LogBookWidget::uploadTemplatesTable()");
+}
+
+MDArray* LogBookWidget::repackRequest(CMDArray* answer)
+{
+    CMDArray& records = m_records.data;
+    const int fields = MDAFldCount(answer->array);
+    for (int i = 0; i < answer->RecCount(); ++i) {
+        const MDRData* source = MDARec(answer->array, 0, i);
+        MDRData* record = MDARecNew(records.array);
+        for (int number = 0; number < fields; ++number) {
+            MDRVar value;
+            MDRGetVal(MDRFldByNum(answer->array, number), source, &value);
+            MDRSetVal(MDRFldByNum(records.array, number), record, &value);
+        }
+        records.RecPost(record);
+    }
+    return answer->array;
+}
+
+void LogBookWidget::prepareRecords()
+{
+    for (int i = 0; i < m_records.data.RecCount(); ++i)
+        prepareRecord(MDARec(m_records.data.array, 0, i));
+}
+
+void LogBookWidget::prepareRecord(MDRData* record)
+{
+    m_preparer.prepareRecord(record);
+    m_census.put(record);
+}

@@ -1,0 +1,178 @@
+#include "CommentsPane.h"
+#include "CPopMessageBox.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "FilesPane.h"
+#include "Filters.h"
+#include "LocationInfo.h"
+#include "LogbookFields.h"
+#include "LogbookTables.h"
+#include "LogBookWidget.h"
+#include "RecordColumns.h"
+#include "RecordCreatorDialog.h"
+#include "ui_LogBookTab.h"
+#include "VrkTableProxyModel.h"
+#include "VrkTableTool.h"
+
+#include <QAction>
+#include <QMenu>
+
+void LogBookWidget::init(CVrkCliMod* module, LocationInfo* location)
+{
+    m_module = module;
+    m_location = location;
+    m_isInit = true;
+    m_census.setWorkerKey(location->workerKey().toUtf8());
+    initTables();
+
+    m_draftsFilter = new FilterByStatus(this);
+    m_draftsFilter->setEnabled(false);
+    m_tableTool = new VrkTableTool(this);
+    m_tableTool->setTableView(m_ui->recordsTable);
+    m_tableTool->setCMDArray(&m_records.data);
+    m_tableTool->setDefaultSettingsView();
+    m_tableTool->proxy()->setFilterRows(m_draftsFilter);
+    configurePanes();
+    connect(m_ui->recordsTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this] { emit changedSelectedRecord(currentRecord()); });
+
+    uploadRealTimeWorkshift();
+    configureTableTool();
+    configureContextMenu();
+    createDialogs();
+    createConnections();
+    updateRecordsFilter();
+    reloadPanes(currentRecord()); // the load moved the current row before anybody listened
+    startDurationControl();
+}
+
+void LogBookWidget::initTables()
+{
+    struct Shape {
+        CModelTable& table;
+        const MDRFieldDescr* fields;
+        int count;
+        const char* key;
+    };
+    // Tables that events add rows to have their fields before the first answer, so that a failed select does not
+    // leave rows without fields.
+    const Shape shapes[] = {
+        {m_workshifts, LogbookWorkshiftFields, fieldCount(LogbookWorkshiftFields), "KeyLink"},
+        {m_crew, LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields), "KeyLink"},
+        {m_records, LogbookRecordExtFields, fieldCount(LogbookRecordExtFields), ""},
+        {m_comments, LogbookCommentFields, fieldCount(LogbookCommentFields), ""},
+        {m_files, LogbookFilesFields, fieldCount(LogbookFilesFields), ""},
+        {m_categories, LogbookCatsTemplateFields, fieldCount(LogbookCatsTemplateFields), ""},
+        {m_templates, LogbookTemplatesFields, fieldCount(LogbookTemplatesFields), ""},
+    };
+    for (const Shape& shape : shapes) {
+        CMDArray& rows = shape.table.data;
+        rows.lastError = MDAFldAdd(rows.array, shape.count, shape.fields);
+        rows.KeyAdd(shape.key, 0);
+    }
+}
+
+void LogBookWidget::configurePanes()
+{
+    QTextCodec* codec = m_module->session()->codec();
+    const QString owner = QStringLiteral("LogBookWidget");
+    m_commentsPane = new CommentsPane(m_ui->commentsList, {owner, &m_comments, m_location, codec}, this);
+    m_filesPane = new FilesPane(m_ui->filesTable, {owner, &m_files, codec}, this);
+    // The panes are for reading: what would change comments and files is not offered.
+    for (QToolButton* button :
+         {m_ui->createCommentButton, m_ui->deleteCommentButton, m_ui->readedCommentButton,
+          m_ui->createFileButton, m_ui->deleteFileButton, m_ui->saveFileButton})
+        button->hide();
+}
+
+void LogBookWidget::reloadPanes(MDRData* record)
+{
+    m_commentsPane->reload(record);
+    m_filesPane->reload(record);
+}
+
+void LogBookWidget::configureTableTool()
+{
+    m_columns = new RecordColumns(m_module->session(),
+                                  m_location->table(QLatin1String(LogbookTable::Workers)), font(), this);
+    m_columns->configure(m_tableTool);
+}
+
+void LogBookWidget::configureContextMenu()
+{
+    m_ui->recordsTable->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_recordMenu = new QMenu(m_ui->recordsTable);
+    m_recordMenu->setObjectName(QStringLiteral("recordMenu"));
+    m_approveAction =
+        m_recordMenu->addAction(QIcon(QStringLiteral(":/icons/apply.png")), tr("Утвердить текущую запись"));
+    m_signAction = m_recordMenu->addAction(QIcon(QStringLiteral(":/icons/sign.png")),
+                                           tr("Поставить визу на текущую запись"));
+    m_originAction =
+        m_recordMenu->addAction(QIcon(QStringLiteral(":/icons/star.png")), tr("Перейти к первичной записи"));
+}
+
+void LogBookWidget::showRecordMenu(const QPoint& pos)
+{
+    m_originAction->setEnabled(isRecordHasOrigin());
+    m_approveAction->setEnabled(isRecordDraft());
+    m_signAction->setEnabled(isRecordSignable());
+    m_recordMenu->popup(m_ui->recordsTable->viewport()->mapToGlobal(pos));
+}
+
+void LogBookWidget::createDialogs()
+{
+    // The module is the parent: dialogs ask their parent for the session.
+    m_messageBox = new CPopMessageBox(m_module);
+
+    m_recordCreator = new RecordCreatorDialog(m_module, -1);
+    m_recordCreator->init(m_module);
+    m_recordCreator->setRecordsTable(&m_records);
+    m_recordCreator->setWorkerKey(m_location->workerKey());
+    m_recordCreator->setDepartmentKey(m_location->departmentKey());
+    m_recordCreator->setOrgTypeKey(m_location->orgTypeKey());
+
+    m_shiftDialogs = {m_recordCreator};
+}
+
+void LogBookWidget::createConnections()
+{
+    connect(&m_controlTimer, &QTimer::timeout, this, &LogBookWidget::controlWorkshiftDuration);
+    connect(&m_repeatTimer, &QTimer::timeout, this, &LogBookWidget::showNotifyWorkshiftLimit);
+    connect(m_ui->recordsTable, &QWidget::customContextMenuRequested, this, &LogBookWidget::showRecordMenu);
+    connect(m_originAction, &QAction::triggered, this, &LogBookWidget::goToOriginRecord);
+    connect(m_approveAction, &QAction::triggered, this, &LogBookWidget::approveRecordRequest);
+    connect(m_signAction, &QAction::triggered, this, &LogBookWidget::signRecordRequest);
+    connect(m_ui->recordsTable, &QAbstractItemView::doubleClicked, this, [this] {
+        if (isRecordDeletable()) // the same rule: a record not deleted, in an open workshift with the user in it
+            editRecordRequest();
+    });
+    connect(m_ui->recordsTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& index) { reloadPanes(m_tableTool->recordByIndex(index)); });
+}
+
+void LogBookWidget::updateRecordsFilter()
+{
+    m_draftsFilter->setEnabled(isHideDraft());
+}
+
+void LogBookWidget::showMsgBox(const QString& title, const QString& text, TMessageBoxIcon icon,
+                               TMessageBoxType type, const char* slot)
+{
+    m_messageBox->setMessage(title, text, icon, type, nullptr);
+    connect(m_messageBox->buttonBox(), SIGNAL(clicked(QAbstractButton*)), this, slot);
+    m_messageBox->resize(350, 110);
+    m_messageBox->show();
+}
+
+void LogBookWidget::closeMsgBox(QAbstractButton* button)
+{
+    isConfirmed(button);
+}
+
+bool LogBookWidget::isConfirmed(QAbstractButton* button)
+{
+    // Disconnected first: the next question in the same box has another slot.
+    disconnect(m_messageBox->buttonBox(), &QDialogButtonBox::clicked, nullptr, nullptr);
+    m_messageBox->close();
+    return button && m_messageBox->ButtonRole(button) == QDialogButtonBox::YesRole;
+}

@@ -1,0 +1,53 @@
+#include "RecordCensus.h"
+
+#include "LogbookFields.h"
+#include "RecordValue.h"
+
+bool RecordCensus::isDraft(const MDRData* record)
+{
+    return hasStatus(record, StatusDraft);
+}
+
+bool RecordCensus::isAuthor(const MDRData* record, const QByteArray& workerKey)
+{
+    const MDRVar author = recordValue(record, "WorkerKey");
+    return MDRValue::hasText(author) && MDRValue::bytes(author) == workerKey;
+}
+
+bool RecordCensus::isSignable(const MDRData* record, const QByteArray& workerKey)
+{
+    return hasStatus(record, StatusApproved) && MDRValue::hasText(recordValue(record, "WorkerKey")) &&
+           !isAuthor(record, workerKey);
+}
+
+void RecordCensus::put(const MDRData* record)
+{
+    remove(record);
+    int traits = 0;
+    if (isDraft(record))
+        traits = isAuthor(record, m_workerKey) ? Draft | MyDraft : Draft;
+    else if (isSignable(record, m_workerKey))
+        traits = Signable;
+    if (traits == 0)
+        return;
+    m_traits.insert(record, traits);
+    count(traits, 1);
+}
+
+void RecordCensus::remove(const MDRData* record)
+{
+    count(m_traits.take(record), -1);
+}
+
+void RecordCensus::clear()
+{
+    m_traits.clear();
+    m_drafts = m_myDrafts = m_signable = 0;
+}
+
+void RecordCensus::count(int traits, int step)
+{
+    m_drafts += traits & Draft ? step : 0;
+    m_myDrafts += traits & MyDraft ? step : 0;
+    m_signable += traits & Signable ? step : 0;
+}
