@@ -15,7 +15,7 @@ function(vrk_floor name)
     add_library(vrk_${name} OBJECT ${sources})
     target_include_directories(vrk_${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
     foreach(floor IN LISTS ARG_USES)
-        target_include_directories(vrk_${name} PUBLIC
+        target_include_directories(vrk_${name} PRIVATE
             "$<TARGET_PROPERTY:vrk_${floor},INTERFACE_INCLUDE_DIRECTORIES>")
     endforeach()
     target_link_libraries(vrk_${name} PUBLIC ${ARG_LINKS} PRIVATE vrk_settings)

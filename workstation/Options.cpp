@@ -27,8 +27,11 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
     const QCommandLineOption tourOption(QStringLiteral("tour"),
                                         tr("Показать журнал на примере и сохранить картинки в папку."),
                                         QStringLiteral("DIR"));
-    parser.addOptions(
-        {help, version, storeOption, userOption, departmentOption, moduleOption, pluginOption, tourOption});
+    const QCommandLineOption themeOption(QStringLiteral("theme"),
+                                         tr("Цвета: light, dark или system (как на рабочем столе)."),
+                                         QStringLiteral("NAME"));
+    parser.addOptions({themeOption, help, version, storeOption, userOption, departmentOption, moduleOption,
+                       pluginOption, tourOption});
 
     *exitCode = 0;
     if (!parser.parse(arguments)) {

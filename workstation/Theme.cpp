@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPalette>
 #include <QSettings>
+#include <QStyle>
 #include <QStyleFactory>
 
 namespace
