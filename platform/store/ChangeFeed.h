@@ -35,8 +35,13 @@ signals:
     void restarted();
 
 private:
+    void reportFound();
+    void beginAnew();
+
     Store* m_store;
     ChangePosition m_position;
     QTimer m_timer;
     bool m_lost = false;
+    bool m_isWoken = false;
+    bool m_isPolling = false;
 };

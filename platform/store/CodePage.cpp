@@ -1,8 +1,8 @@
 #include "CodePage.h"
 
-#include <QTextCodec>
 #include <cstdint>
 #include <cstring>
+#include <QTextCodec>
 
 namespace
 {
@@ -24,8 +24,14 @@ int asciiRun(const char* text, const char* end)
     return static_cast<int>(at - text);
 }
 
-bool isTail(char byte) { return (static_cast<unsigned char>(byte) & 0xC0u) == 0x80u; }
-unsigned bits(char byte, unsigned mask) { return static_cast<unsigned char>(byte) & mask; }
+bool isTail(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0u) == 0x80u;
+}
+unsigned bits(char byte, unsigned mask)
+{
+    return static_cast<unsigned char>(byte) & mask;
+}
 } // namespace
 
 std::unique_ptr<CodePage> CodePage::create(const QByteArray& name)

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
 #include <array>
 #include <memory>
+#include <QByteArray>
+#include <QString>
 
 class QTextCodec;
 
@@ -31,6 +31,6 @@ private:
         char length;
         char bytes[3];
     };
-    std::array<Utf8, 256> m_toUtf8 = {};   ///< of each byte
+    std::array<Utf8, 256> m_toUtf8 = {};    ///< of each byte
     std::array<char, 65536> m_fromBmp = {}; ///< of each character, "?" for what is not there
 };

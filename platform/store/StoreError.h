@@ -6,20 +6,20 @@
 struct StoreError {
     enum Code {
         None,
-        BadUrl,       ///< not a store URL, or an engine that is not there
-        Missing,      ///< no such file or database
-        NotAStore,    ///< a file or database that is not ours
-        TooNew,       ///< made by a newer version: text names the version needed
-        TooOld,       ///< needs an upgrade
-        Locked,       ///< another process holds the lock for too long
-        ReadOnly,     ///< cannot be written
-        Lost,         ///< the connection is gone or a deadline has passed
-        Full,         ///< the disk is full
-        TooLarge,     ///< more than the memory guard or the limit of a value allows
-        Refused,      ///< a rule of the journal or a missing right
-        NoSuchRow,    ///< an update of an absent row
-        BadRequest,   ///< a select or write that the engine cannot take
-        Internal,     ///< anything else
+        BadUrl,     ///< not a store URL, or an engine that is not there
+        Missing,    ///< no such file or database
+        NotAStore,  ///< a file or database that is not ours
+        TooNew,     ///< made by a newer version: text names the version needed
+        TooOld,     ///< needs an upgrade
+        Locked,     ///< another process holds the lock for too long
+        ReadOnly,   ///< cannot be written
+        Lost,       ///< the connection is gone or a deadline has passed
+        Full,       ///< the disk is full
+        TooLarge,   ///< more than the memory guard or the limit of a value allows
+        Refused,    ///< a rule of the journal or a missing right
+        NoSuchRow,  ///< an update of an absent row
+        BadRequest, ///< a select or write that the engine cannot take
+        Internal,   ///< anything else
     };
 
     Code code = None;

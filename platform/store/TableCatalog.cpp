@@ -16,12 +16,30 @@ CatalogTable described(const char* name, const MDRFieldDescr (&fields)[N], QVect
     return table;
 }
 
-CatalogField key(const char* name) { return {name, mdr_TChar, 32}; }
-CatalogField name(const char* name) { return {name, mdr_TChar, 100}; }
-CatalogField memo(const char* name) { return {name, mdr_TMemo, 0}; }
-CatalogField flag(const char* name) { return {name, mdr_TBool, 0}; }
-CatalogField time(const char* name) { return {name, mdr_TDouble, 0}; }
-CatalogField number(const char* name) { return {name, mdr_TInt32, 0}; }
+CatalogField key(const char* name)
+{
+    return {name, mdr_TChar, 32};
+}
+CatalogField name(const char* name)
+{
+    return {name, mdr_TChar, 100};
+}
+CatalogField memo(const char* name)
+{
+    return {name, mdr_TMemo, 0};
+}
+CatalogField flag(const char* name)
+{
+    return {name, mdr_TBool, 0};
+}
+CatalogField time(const char* name)
+{
+    return {name, mdr_TDouble, 0};
+}
+CatalogField number(const char* name)
+{
+    return {name, mdr_TInt32, 0};
+}
 
 CatalogTable reference(const char* name, QVector<CatalogField> fields, QVector<QByteArray> moreKeys = {})
 {
@@ -62,8 +80,8 @@ QVector<CatalogTable> makeTables()
         reference("OperLogCategories",
                   {key("ParentKey"), key("OrgTypeKey"), key("DepartmentKey"), name("name_")}),
         reference("OperLogTemplates",
-                  {key("CategoryKey"), name("name_"), memo("text_"), flag("canStartShift"), flag("canEndShift"),
-                   flag("isNecessaryFinishTime"), name("icon"), name("completingIcon"),
+                  {key("CategoryKey"), name("name_"), memo("text_"), flag("canStartShift"),
+                   flag("canEndShift"), flag("isNecessaryFinishTime"), name("icon"), name("completingIcon"),
                    name("completingCommand")}),
         reference("OperLogTemplateParams",
                   {name("nameLoc"), name("nameLat"), memo("param"), key("TableKey"), key("FieldTypeKey")}),
@@ -94,4 +112,18 @@ int CatalogTable::fieldIndex(const QByteArray& field) const
         if (qstricmp(fields.at(i).name, field) == 0)
             return i;
     return -1;
+}
+
+QVector<MDRFieldDescr> CatalogTable::descriptors() const
+{
+    QVector<MDRFieldDescr> rows;
+    rows.reserve(fields.size());
+    for (const CatalogField& field : fields) {
+        MDRFieldDescr row = {};
+        qstrncpy(row.name, field.name.constData(), sizeof row.name);
+        row.width = static_cast<std::uint8_t>(field.width);
+        row.type = field.type;
+        rows.append(row);
+    }
+    return rows;
 }

@@ -20,6 +20,8 @@ struct CatalogTable {
 
     /// Index of a field by name, ASCII case ignored; -1 when there is none.
     int fieldIndex(const QByteArray& field) const;
+    /// The fields as MDAFldAdd takes them.
+    QVector<MDRFieldDescr> descriptors() const;
 };
 
 /// All tables that the store offers, under their declared names: the journal's, the reference tables, the tables of

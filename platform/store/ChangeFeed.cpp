@@ -1,0 +1,103 @@
+#include "ChangeFeed.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr int pollMs = 100;         // for what other processes write
+constexpr int slowestPollMs = 2000; // while the store is gone
+constexpr int changesAtOnce = 1000;
+} // namespace
+
+ChangeFeed::ChangeFeed(Store* store, QObject* parent) : QObject(parent), m_store(store)
+{
+    m_timer.setInterval(pollMs);
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        if (m_lost || m_store->hasNews())
+            poll();
+    });
+}
+
+bool ChangeFeed::start(StoreError* error)
+{
+    if (!m_store->position(&m_position, error))
+        return false;
+    m_lost = false;
+    m_timer.start(pollMs);
+    return true;
+}
+
+void ChangeFeed::stop()
+{
+    m_timer.stop();
+}
+
+void ChangeFeed::wake()
+{
+    if (m_isWoken)
+        return;
+    m_isWoken = true;
+    QTimer::singleShot(0, this, [this] {
+        m_isWoken = false;
+        if (m_timer.isActive())
+            poll();
+    });
+}
+
+int ChangeFeed::poll()
+{
+    if (m_isPolling)
+        return 0; // called by a receiver: the poll that is under way goes on to the end of the log
+    m_isPolling = true;
+    int delivered = 0;
+    for (;;) {
+        QVector<StoreChange> changes;
+        StoreError error;
+        if (!m_store->changesAfter(&m_position, changesAtOnce, &changes, &error)) {
+            m_isPolling = false;
+            if (error.code == StoreError::NotAStore)
+                beginAnew();
+            else
+                reportLost(error);
+            return delivered;
+        }
+        if (changes.isEmpty())
+            break;
+        delivered += changes.size();
+        emit arrived(changes);
+    }
+    m_isPolling = false;
+    reportFound();
+    return delivered;
+}
+
+void ChangeFeed::reportLost(const StoreError& error)
+{
+    if (m_timer.isActive())
+        m_timer.setInterval(m_lost ? std::min(2 * m_timer.interval(), slowestPollMs) : pollMs);
+    if (m_lost)
+        return;
+    m_lost = true;
+    emit lost(error);
+}
+
+void ChangeFeed::reportFound()
+{
+    if (!m_lost)
+        return;
+    m_lost = false;
+    if (m_timer.isActive())
+        m_timer.setInterval(pollMs);
+    emit found();
+}
+
+void ChangeFeed::beginAnew()
+{
+    StoreError error;
+    if (!m_store->position(&m_position, &error)) {
+        reportLost(error);
+        return;
+    }
+    reportFound();
+    emit restarted();
+}

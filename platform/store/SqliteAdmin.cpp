@@ -1,0 +1,175 @@
+#include "SqliteAdmin.h"
+
+#include "CodePage.h"
+#include "GenGuid32.h"
+#include "SqliteCheck.h"
+#include "SqliteConnection.h"
+#include "SqliteSchema.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTimeZone>
+
+namespace
+{
+constexpr int deadlineMs = 15000;
+
+bool refuse(StoreError* error, StoreError::Code code, const QString& text)
+{
+    *error = {code, text, QString()};
+    return false;
+}
+
+bool setProperty(SqliteConnection& connection, const QByteArray& name, const QByteArray& value,
+                 StoreError* error)
+{
+    SqliteStatement statement =
+        connection.prepare("INSERT OR REPLACE INTO StoreProperties (name, value) VALUES (?, ?)");
+    statement.bind(1, name).bind(2, value);
+    if (statement.run())
+        return true;
+    *error = connection.lastError();
+    return false;
+}
+
+void removeWithLogs(const QString& file)
+{
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"})
+        QFile::remove(file + QLatin1String(suffix));
+}
+
+/// Gives the copy a history of its own and looks it through. The connection is closed on return, so that everything
+/// lies in the one file.
+bool finishCopy(const QString& copy, StoreError* error)
+{
+    const auto connection = SqliteConnection::open(copy, SqliteConnection::ReadWrite, deadlineMs, error);
+    if (!connection || !setProperty(*connection, "epoch", GenGuid32(), error))
+        return false;
+    QVector<StoreAdmin::Finding> findings;
+    if (!SqliteCheck::engine(*connection, &findings, error) ||
+        !SqliteCheck::log(*connection, &findings, error))
+        return false;
+    if (!findings.isEmpty())
+        return refuse(error, StoreError::Internal,
+                      QString::fromUtf8("Копия не прошла проверку: %1").arg(findings.first().text));
+    return connection->exec("PRAGMA wal_checkpoint(TRUNCATE)", error);
+}
+} // namespace
+
+bool SqliteAdmin::init(const QString& file, const QByteArray& codecName, const QByteArray& timeZone,
+                       StoreError* error)
+{
+    const auto codePage = CodePage::create(codecName);
+    if (!codePage)
+        return refuse(
+            error, StoreError::BadRequest,
+            QString::fromUtf8("Кодировка «%1» не поддерживается.").arg(QString::fromLatin1(codecName)));
+    if (!QTimeZone(timeZone).isValid())
+        return refuse(error, StoreError::BadRequest,
+                      QString::fromUtf8("Часовой пояс «%1» неизвестен.").arg(QString::fromLatin1(timeZone)));
+
+    const auto connection = SqliteConnection::open(file, SqliteConnection::Create, deadlineMs, error);
+    if (!connection) {
+        return false;
+    }
+    const bool done =
+        connection->exec("BEGIN IMMEDIATE", error) && SqliteSchema::install(*connection, error) &&
+        setProperty(*connection, "codec", codecName, error) &&
+        setProperty(*connection, "timeZone", timeZone, error) &&
+        setProperty(*connection, "epoch", GenGuid32(), error) && connection->exec("COMMIT", error);
+    if (!done)
+        removeWithLogs(file);
+    return done;
+}
+
+bool SqliteAdmin::check(const QString& file, QVector<StoreAdmin::Finding>* findings, StoreError* error)
+{
+    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOnly, deadlineMs, error);
+    // One transaction, so that all looks see the same moment of a store in use.
+    if (!connection || !connection->exec("BEGIN", error))
+        return false;
+    return SqliteCheck::place(*connection, findings) && SqliteCheck::engine(*connection, findings, error) &&
+           SqliteCheck::schema(*connection, findings, error) &&
+           SqliteCheck::content(*connection, findings, error) &&
+           SqliteCheck::log(*connection, findings, error);
+}
+
+bool SqliteAdmin::backup(const QString& file, const QString& copy, StoreError* error)
+{
+    const QFileInfo target(copy);
+    if (target.exists() || target.isSymLink())
+        return refuse(error, StoreError::BadRequest,
+                      QString::fromUtf8("Файл «%1» уже существует.").arg(copy));
+    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadWrite, deadlineMs, error);
+    if (!connection)
+        return false;
+    // Under another name until it is whole and looked through, so that half a copy is never taken for one.
+    const QString draft = copy + QStringLiteral(".part");
+    removeWithLogs(draft);
+    const QByteArray draftName = draft.toUtf8();
+    SqliteStatement vacuum = connection->prepare("VACUUM INTO ?");
+    vacuum.bind(1, draftName);
+    bool done = vacuum.run();
+    if (!done)
+        *error = connection->lastError();
+    done = done && finishCopy(draft, error);
+    if (done && !QFile::rename(draft, copy))
+        done = refuse(error, StoreError::ReadOnly, QString::fromUtf8("Файл «%1» нельзя создать.").arg(copy));
+    if (!done)
+        removeWithLogs(draft);
+    return done;
+}
+
+bool SqliteAdmin::putFile(const QString& file, const QString& folder, const QString& name,
+                          const QByteArray& content, StoreError* error)
+{
+    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadWrite, deadlineMs, error);
+    if (!connection)
+        return false;
+    const QByteArray folderBytes = folder.toUtf8();
+    const QByteArray nameBytes = name.toUtf8();
+    SqliteStatement statement =
+        connection->prepare("INSERT OR REPLACE INTO StoreFiles (folder, name, content) VALUES (?, ?, ?)");
+    statement.bind(1, folderBytes)
+        .bind(2, nameBytes)
+        .bindBlob(3, content.isNull() ? QByteArray("") : content);
+    if (statement.run())
+        return true;
+    *error = connection->lastError();
+    return false;
+}
+
+QStringList SqliteAdmin::files(const QString& file, StoreError* error)
+{
+    QStringList names;
+    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOnly, deadlineMs, error);
+    if (!connection)
+        return names;
+    SqliteStatement rows =
+        connection->prepare("SELECT folder || '/' || name FROM StoreFiles ORDER BY folder, name");
+    while (rows.step())
+        names.append(QString::fromUtf8(rows.bytes(0)));
+    if (rows.code() != SQLITE_DONE)
+        *error = connection->lastError();
+    return names;
+}
+
+bool SqliteAdmin::removeFile(const QString& file, const QString& folder, const QString& name,
+                             StoreError* error)
+{
+    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadWrite, deadlineMs, error);
+    if (!connection)
+        return false;
+    const QByteArray folderBytes = folder.toUtf8();
+    const QByteArray nameBytes = name.toUtf8();
+    SqliteStatement statement = connection->prepare("DELETE FROM StoreFiles WHERE folder = ? AND name = ?");
+    statement.bind(1, folderBytes).bind(2, nameBytes);
+    if (!statement.run()) {
+        *error = connection->lastError();
+        return false;
+    }
+    if (sqlite3_changes(connection->handle()) == 0)
+        return refuse(error, StoreError::NoSuchRow,
+                      QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name));
+    return true;
+}

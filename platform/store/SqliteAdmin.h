@@ -1,0 +1,15 @@
+#pragma once
+
+#include "StoreAdmin.h"
+
+/// What StoreAdmin does with a store in a SQLite file. The contracts are those of StoreAdmin.
+namespace SqliteAdmin
+{
+bool init(const QString& file, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error);
+bool check(const QString& file, QVector<StoreAdmin::Finding>* findings, StoreError* error);
+bool backup(const QString& file, const QString& copy, StoreError* error);
+bool putFile(const QString& file, const QString& folder, const QString& name, const QByteArray& content,
+             StoreError* error);
+QStringList files(const QString& file, StoreError* error);
+bool removeFile(const QString& file, const QString& folder, const QString& name, StoreError* error);
+} // namespace SqliteAdmin

@@ -1,0 +1,254 @@
+#include "SqliteCheck.h"
+
+#include "SqliteConnection.h"
+#include "SqliteSchema.h"
+#include "TableCatalog.h"
+#include "TransactionChain.h"
+
+#include <QCryptographicHash>
+#include <QHash>
+#include <QMap>
+#include <QStorageInfo>
+
+namespace
+{
+using StoreAdmin::Finding;
+
+void add(QVector<Finding>* findings, Finding::Grade grade, const char* text,
+         const QByteArray& first = QByteArray(), const QByteArray& second = QByteArray())
+{
+    QString whole = QString::fromUtf8(text);
+    whole.replace(QLatin1String("%1"), QString::fromUtf8(first));
+    whole.replace(QLatin1String("%2"), QString::fromUtf8(second));
+    findings->append({grade, whole});
+}
+
+/// One finding for each row of the answer, its first two columns put into the text.
+bool addRows(SqliteConnection& connection, const QByteArray& sql, Finding::Grade grade, const char* text,
+             QVector<Finding>* findings, StoreError* error)
+{
+    SqliteStatement rows = connection.prepare(sql);
+    while (rows.step())
+        add(findings, grade, text, rows.bytes(0),
+            sqlite3_column_count(rows.handle()) > 1 ? rows.bytes(1) : QByteArray());
+    if (rows.code() == SQLITE_DONE)
+        return true;
+    *error = connection.lastError();
+    return false;
+}
+
+struct Reference {
+    const char* table;
+    const char* field;
+    const char* target;
+    Finding::Grade grade;
+};
+
+// People come and go, so a worker who is not there is only noted.
+const Reference references[] = {
+    {"LogbookWorkshifts", "DepartmentKey", "Departments", Finding::Fault},
+    {"LogbookWorkshifts", "OpenWorkerKey", "Workers", Finding::Note},
+    {"LogbookWorkshifts", "CloseWorkerKey", "Workers", Finding::Note},
+    {"LogbookWorkersWorkshift", "WorkerKey", "Workers", Finding::Note},
+    {"LogbookRecords", "WorkerKey", "Workers", Finding::Note},
+    {"LogbookRecords", "VisaWorkerKey", "Workers", Finding::Note},
+    {"LogbookRecords", "ReceiverWorkerKey", "Workers", Finding::Note},
+    {"LogbookRecords", "SecondMarkWorkerKey", "Workers", Finding::Note},
+    {"LogbookRecords", "OriginRecordKey", "LogbookRecords", Finding::Note},
+    {"LogbookComments", "WorkerKey", "Workers", Finding::Note},
+    {"LogbookFiles", "WorkerKey", "Workers", Finding::Note},
+    {"LogbookCatsTemplate", "OrgTypeKey", "OrgTypes", Finding::Fault},
+    {"LogbookCatsTemplate", "DepartmentKey", "Departments", Finding::Fault},
+    {"UserRights", "UserKey", "Users", Finding::Fault},
+    {"Workers", "UserKey", "Users", Finding::Fault},
+    {"Workers", "DepartmentKey", "Departments", Finding::Fault},
+    {"Departments", "OrganizationKey", "Organizations", Finding::Fault},
+    {"Departments", "ParentKey", "Departments", Finding::Fault},
+    {"Organizations", "OrgTypeKey", "OrgTypes", Finding::Fault},
+    {"Organizations", "ParentKey", "Organizations", Finding::Fault},
+    {"Shifts", "DepartmentKey", "Departments", Finding::Fault},
+    {"Roles", "DepartmentKey", "Departments", Finding::Fault},
+    {"WorkerRoles", "RoleKey", "Roles", Finding::Fault},
+    {"WorkerRoles", "WorkerKey", "Workers", Finding::Fault},
+    {"Fields", "TablesKey", "Tables", Finding::Fault},
+    {"Equipment", "ParentKey", "Equipment", Finding::Fault},
+    {"Equipment", "DepartmentKey", "Departments", Finding::Fault},
+};
+
+const char* const trees[] = {"LogbookCatsTemplate", "TemplateParamCategories", "Departments", "Organizations",
+                             "Equipment"};
+
+/// Everything that the schema consists of, by name.
+QMap<QByteArray, QByteArray> objects(SqliteConnection& connection)
+{
+    QMap<QByteArray, QByteArray> all;
+    SqliteStatement rows = connection.prepare("SELECT type || ' ' || name, sql FROM sqlite_schema"
+                                              " WHERE sql IS NOT NULL AND name NOT LIKE 'sqlite_%'");
+    while (rows.step())
+        all.insert(rows.bytes(0), rows.bytes(1));
+    return all;
+}
+
+QByteArray hashOf(const QByteArray& row)
+{
+    return QCryptographicHash::hash(row, QCryptographicHash::Md5);
+}
+
+/// What the log says the rows of a table are, as hashes by key.
+bool loggedRows(SqliteConnection& connection, const QByteArray& table, QHash<QByteArray, QByteArray>* rows)
+{
+    SqliteStatement entries =
+        connection.prepare("SELECT rowKey, newRow FROM ChangeLog WHERE tableName = ? ORDER BY entry");
+    entries.bind(1, table);
+    while (entries.step()) {
+        if (entries.isNull(1))
+            rows->remove(entries.bytes(0));
+        else
+            rows->insert(entries.bytes(0), hashOf(entries.bytes(1)));
+    }
+    return entries.code() == SQLITE_DONE;
+}
+} // namespace
+
+bool SqliteCheck::place(SqliteConnection& connection, QVector<Finding>* findings)
+{
+    static const QList<QByteArray> remote = {"nfs",   "nfs4", "cifs", "smb",        "smb3",           "smbfs",
+                                             "ncpfs", "afs",  "9p",   "fuse.sshfs", "fuse.glusterfs", "ceph"};
+    const QByteArray kind = QStorageInfo(connection.file()).fileSystemType();
+    if (remote.contains(kind.toLower()))
+        add(findings, Finding::Note,
+            "Файл хранилища лежит на сетевой файловой системе (%1): одновременная работа программ может его "
+            "повредить.",
+            kind);
+    return true;
+}
+
+bool SqliteCheck::engine(SqliteConnection& connection, QVector<Finding>* findings, StoreError* error)
+{
+    SqliteStatement integrity = connection.prepare("PRAGMA integrity_check");
+    while (integrity.step())
+        if (integrity.bytes(0) != "ok")
+            add(findings, Finding::Fault, "Файл повреждён: %1.", integrity.bytes(0));
+    if (integrity.code() != SQLITE_DONE) {
+        *error = connection.lastError();
+        return false;
+    }
+    return addRows(connection, "SELECT \"table\", parent FROM pragma_foreign_key_check", Finding::Fault,
+                   "Строка таблицы «%1» ссылается на строку таблицы «%2», которой нет.", findings, error);
+}
+
+bool SqliteCheck::schema(SqliteConnection& connection, QVector<Finding>* findings, StoreError* error)
+{
+    const auto fresh =
+        SqliteConnection::open(QStringLiteral(":memory:"), SqliteConnection::Create, 1000, error);
+    if (!fresh || !SqliteSchema::install(*fresh, error))
+        return false;
+    const QMap<QByteArray, QByteArray> wanted = objects(*fresh);
+    const QMap<QByteArray, QByteArray> present = objects(connection);
+    for (auto object = wanted.cbegin(); object != wanted.cend(); ++object) {
+        if (!present.contains(object.key()))
+            add(findings, Finding::Fault, "В схеме хранилища недостаёт «%1».", object.key());
+        else if (present.value(object.key()) != object.value())
+            add(findings, Finding::Fault, "В схеме хранилища изменено «%1».", object.key());
+    }
+    for (auto object = present.cbegin(); object != present.cend(); ++object)
+        if (!wanted.contains(object.key()))
+            add(findings, Finding::Fault, "В схеме хранилища есть лишнее «%1».", object.key());
+    return true;
+}
+
+bool SqliteCheck::content(SqliteConnection& connection, QVector<Finding>* findings, StoreError* error)
+{
+    for (const Reference& reference : references) {
+        const QByteArray table(reference.table);
+        const QByteArray field(reference.field);
+        const QByteArray sql = "SELECT '" + table + "." + field + "', KeyLink FROM " + table +
+                               " AS T WHERE coalesce(" + field +
+                               ", '') <> '' AND NOT EXISTS (SELECT 1 FROM " + reference.target +
+                               " AS P WHERE P.KeyLink = T." + field + ")";
+        if (!addRows(connection, sql, reference.grade,
+                     "Поле «%1» строки «%2» указывает на строку, которой нет.", findings, error))
+            return false;
+    }
+    for (const char* tree : trees) {
+        // Walking down from the roots reaches every row but those that hang in a circle.
+        const QByteArray table(tree);
+        const QByteArray sql =
+            "WITH RECURSIVE reached (k) AS (SELECT KeyLink FROM " + table +
+            " WHERE coalesce(ParentKey, '') = '' OR ParentKey NOT IN (SELECT KeyLink FROM " + table +
+            ") UNION SELECT T.KeyLink FROM reached JOIN " + table +
+            " AS T ON T.ParentKey = reached.k) SELECT '" + table + "', KeyLink FROM " + table +
+            " WHERE KeyLink NOT IN (SELECT k FROM reached)";
+        if (!addRows(connection, sql, Finding::Fault, "Строка «%2» таблицы «%1» лежит внутри самой себя.",
+                     findings, error))
+            return false;
+    }
+    return addRows(connection,
+                   "SELECT KeyLink, coalesce(status, 'NULL') FROM LogbookRecords"
+                   " WHERE coalesce(status, -1) NOT IN (0, 1, 2)",
+                   Finding::Fault, "У записи «%1» недопустимое состояние %2.", findings, error) &&
+           addRows(connection, "SELECT KeyLink FROM LogbookRecords WHERE coalesce(ShiftKey, '') = ''",
+                   Finding::Fault, "Запись «%1» не принадлежит ни одной смене.", findings, error) &&
+           addRows(connection,
+                   "SELECT KeyLink FROM LogbookWorkshifts AS W"
+                   " WHERE NOT EXISTS (SELECT 1 FROM LogbookWorkersWorkshift WHERE WorkshiftKey = W.KeyLink)"
+                   " OR NOT EXISTS (SELECT 1 FROM LogbookRecords WHERE ShiftKey = W.KeyLink)",
+                   Finding::Note, "Смена «%1» не имеет состава или записей: её открытие было прервано.",
+                   findings, error) &&
+           addRows(connection, "SELECT number FROM CurrentTransaction", Finding::Fault,
+                   "Осталась строка незавершённой транзакции %1.", findings, error);
+}
+
+bool SqliteCheck::log(SqliteConnection& connection, QVector<Finding>* findings, StoreError* error)
+{
+    SqliteStatement heads = connection.prepare(
+        "SELECT number, batchKey, login, loader, time, chain FROM ChangeTransactions ORDER BY number");
+    qint64 expected = 1;
+    while (heads.step()) {
+        const TransactionChain::Head head{heads.integer(0), heads.bytes(1), heads.bytes(2),
+                                          heads.integer(3) != 0, heads.real(4)};
+        if (head.number != expected)
+            add(findings, Finding::Fault, "В журнале изменений нет транзакций с %1 по %2.",
+                QByteArray::number(expected), QByteArray::number(head.number - 1));
+        QByteArray chain;
+        if (!TransactionChain::next(connection, head, &chain))
+            break;
+        if (chain != heads.bytes(5))
+            add(findings, Finding::Fault, "Транзакция %1 журнала изменений изменена после записи.",
+                QByteArray::number(head.number));
+        expected = head.number + 1;
+    }
+    if (heads.code() != SQLITE_DONE) {
+        *error = connection.lastError();
+        return false;
+    }
+    if (!addRows(connection,
+                 "SELECT DISTINCT number FROM ChangeLog"
+                 " WHERE number NOT IN (SELECT number FROM ChangeTransactions)",
+                 Finding::Fault, "Строки журнала изменений не принадлежат ни одной транзакции (%1).",
+                 findings, error))
+        return false;
+
+    for (const CatalogTable& table : TableCatalog::tables()) {
+        QHash<QByteArray, QByteArray> logged;
+        QByteArray columns;
+        for (const CatalogField& field : table.fields)
+            columns += (columns.isEmpty() ? "" : ", ") + field.name;
+        SqliteStatement rows =
+            connection.prepare("SELECT KeyLink, vrk_row(" + columns + ") FROM " + table.name);
+        bool read = loggedRows(connection, table.name, &logged);
+        while (read && rows.step()) {
+            if (logged.take(rows.bytes(0)) != hashOf(rows.bytes(1)))
+                add(findings, Finding::Fault, "Строка «%2» таблицы «%1» изменена в обход журнала изменений.",
+                    table.name, rows.bytes(0));
+        }
+        if (!read || rows.code() != SQLITE_DONE) {
+            *error = connection.lastError();
+            return false;
+        }
+        for (auto lost = logged.cbegin(); lost != logged.cend(); ++lost)
+            add(findings, Finding::Fault, "Строка «%2» таблицы «%1» исчезла в обход журнала изменений.",
+                table.name, lost.key());
+    }
+    return true;
+}

@@ -1,0 +1,272 @@
+#include "SqliteConnection.h"
+
+#include "ChangeRow.h"
+#include "SqliteSchema.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace
+{
+constexpr int cachedStatements = 128;
+constexpr int stepsBetweenLooks = 20000; // of the engine's machine: well under a millisecond
+
+QString sentence(const char* text, const QString& file)
+{
+    return QString::fromUtf8(text).replace(QLatin1String("%1"), file);
+}
+} // namespace
+
+// Statements
+
+SqliteStatement::~SqliteStatement()
+{
+    if (m_cached) {
+        sqlite3_reset(m_statement);
+        sqlite3_clear_bindings(m_statement);
+    } else {
+        sqlite3_finalize(m_statement);
+    }
+}
+
+SqliteStatement& SqliteStatement::bind(int parameter, const QByteArray& text)
+{
+    sqlite3_bind_text(m_statement, parameter, text.constData(), text.size(), SQLITE_STATIC);
+    return *this;
+}
+
+SqliteStatement& SqliteStatement::bindBlob(int parameter, const QByteArray& bytes)
+{
+    sqlite3_bind_blob(m_statement, parameter, bytes.constData(), bytes.size(), SQLITE_STATIC);
+    return *this;
+}
+
+SqliteStatement& SqliteStatement::bind(int parameter, qint64 number)
+{
+    sqlite3_bind_int64(m_statement, parameter, number);
+    return *this;
+}
+
+SqliteStatement& SqliteStatement::bind(int parameter, double number)
+{
+    sqlite3_bind_double(m_statement, parameter, number);
+    return *this;
+}
+
+bool SqliteStatement::step()
+{
+    m_code = m_statement ? sqlite3_step(m_statement) : SQLITE_ERROR;
+    return m_code == SQLITE_ROW;
+}
+
+bool SqliteStatement::run()
+{
+    while (step()) {
+    }
+    return m_code == SQLITE_DONE;
+}
+
+void SqliteStatement::reset()
+{
+    sqlite3_reset(m_statement);
+}
+
+QByteArray SqliteStatement::bytes(int column) const
+{
+    if (isNull(column))
+        return QByteArray();
+    const char* data = static_cast<const char*>(sqlite3_column_blob(m_statement, column));
+    const int length = sqlite3_column_bytes(m_statement, column);
+    return length > 0 ? QByteArray(data, length) : QByteArray("");
+}
+
+// Connections
+
+std::unique_ptr<SqliteConnection> SqliteConnection::open(const QString& file, Mode mode, int deadlineMs,
+                                                         StoreError* error)
+{
+    const QFileInfo info(file);
+    const auto fail = [&](StoreError::Code code, const char* text) {
+        *error = {code, sentence(text, file), QString()};
+        return nullptr;
+    };
+    if (mode == Create && (info.exists() || info.isSymLink()))
+        return fail(StoreError::BadRequest, "Файл «%1» уже существует.");
+    if (mode != Create && !info.exists())
+        return fail(StoreError::Missing, "Файл хранилища «%1» не найден.");
+    if (mode != Create && !info.isFile())
+        return fail(StoreError::NotAStore, "«%1» не является файлом хранилища журнала.");
+    if (mode == Create && !info.absoluteDir().exists())
+        return fail(StoreError::Missing, "Папка для файла «%1» не найдена.");
+
+    std::unique_ptr<SqliteConnection> connection(new SqliteConnection(file, deadlineMs));
+    int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    flags |= mode == ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    if (mode == Create)
+        flags |= SQLITE_OPEN_CREATE;
+    const int code = sqlite3_open_v2(file.toUtf8().constData(), &connection->m_db, flags, nullptr);
+    if (code != SQLITE_OK) {
+        *error = errorOf(code, file, QString::fromUtf8(sqlite3_errstr(code)));
+        return nullptr;
+    }
+    if (!connection->setUp(mode, error))
+        return nullptr;
+    return connection;
+}
+
+bool SqliteConnection::setUp(Mode mode, StoreError* error)
+{
+    setBusyTimeout(m_deadlineMs);
+    sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(m_db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(m_db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(m_db, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
+    ChangeRow::installFunction(m_db);
+
+    if (mode != Create) {
+        if (sqlite3_db_readonly(m_db, "main") == 1 && mode == ReadWrite) {
+            *error = errorOf(SQLITE_READONLY, m_file, QString());
+            return false;
+        }
+        SqliteStatement mark = prepare("PRAGMA application_id");
+        if (!mark.step()) {
+            *error = lastError();
+            return false;
+        }
+        if (mark.integer(0) != ApplicationId) {
+            *error = {StoreError::NotAStore, sentence("Файл «%1» не является хранилищем журнала.", m_file),
+                      QStringLiteral("application_id %1").arg(mark.integer(0))};
+            return false;
+        }
+        *error = SqliteSchema::versionError(static_cast<int>(number("PRAGMA user_version")), m_file);
+        if (*error)
+            return false;
+    }
+    QByteArray settings = "PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL;";
+    settings += mode == ReadOnly ? "PRAGMA query_only = ON;" : "PRAGMA journal_mode = WAL;";
+    return exec(settings, error);
+}
+
+SqliteConnection::~SqliteConnection()
+{
+    for (sqlite3_stmt* statement : qAsConst(m_statements))
+        sqlite3_finalize(statement);
+    sqlite3_close_v2(m_db);
+}
+
+SqliteStatement SqliteConnection::cached(const QByteArray& sql)
+{
+    const auto found = m_statements.constFind(sql);
+    if (found != m_statements.constEnd())
+        return SqliteStatement(found.value(), true);
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v3(m_db, sql.constData(), sql.size() + 1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    const bool keep = statement && m_statements.size() < cachedStatements;
+    if (keep)
+        m_statements.insert(sql, statement);
+    return SqliteStatement(statement, keep);
+}
+
+SqliteStatement SqliteConnection::prepare(const QByteArray& sql)
+{
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(m_db, sql.constData(), sql.size() + 1, &statement, nullptr);
+    return SqliteStatement(statement, false);
+}
+
+bool SqliteConnection::exec(const QByteArray& sql, StoreError* error)
+{
+    if (sqlite3_exec(m_db, sql.constData(), nullptr, nullptr, nullptr) == SQLITE_OK)
+        return true;
+    if (error)
+        *error = lastError();
+    return false;
+}
+
+qint64 SqliteConnection::number(const QByteArray& sql)
+{
+    SqliteStatement statement = prepare(sql);
+    return statement.step() ? statement.integer(0) : 0;
+}
+
+void SqliteConnection::startDeadline(std::function<void()> progress)
+{
+    m_clock.start();
+    m_progress = std::move(progress);
+    sqlite3_progress_handler(m_db, stepsBetweenLooks, onProgress, this);
+}
+
+void SqliteConnection::stopDeadline()
+{
+    sqlite3_progress_handler(m_db, 0, nullptr, nullptr);
+}
+
+int SqliteConnection::onProgress(void* connection)
+{
+    auto* self = static_cast<SqliteConnection*>(connection);
+    if (self->m_progress)
+        self->m_progress();
+    return self->m_clock.hasExpired(self->m_deadlineMs) ? 1 : 0;
+}
+
+bool SqliteConnection::hasMoved() const
+{
+    int moved = 0;
+    return sqlite3_file_control(m_db, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved != 0;
+}
+
+StoreError SqliteConnection::lastError() const
+{
+    return errorOf(sqlite3_extended_errcode(m_db), m_file, QString::fromUtf8(sqlite3_errmsg(m_db)));
+}
+
+StoreError SqliteConnection::errorOf(int code, const QString& file, const QString& detail)
+{
+    const auto make = [&](StoreError::Code kind, const char* text) {
+        return StoreError{kind, sentence(text, file), QStringLiteral("SQLite %1: %2").arg(code).arg(detail)};
+    };
+    switch (code) {
+    case SQLITE_CONSTRAINT_TRIGGER:
+        return {StoreError::Refused, detail, QStringLiteral("SQLite %1").arg(code)}; // the rule's own text
+    case SQLITE_CONSTRAINT_FOREIGNKEY:
+        return make(StoreError::Refused,
+                    "Строка связана с другими строками, или строки, на которую она ссылается, нет.");
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_UNIQUE:
+        return make(StoreError::BadRequest, "Строка с таким ключом уже есть.");
+    default:
+        break;
+    }
+    switch (code & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return make(StoreError::Locked, "Файл хранилища «%1» слишком долго занят другой программой.");
+    case SQLITE_FULL:
+        return make(StoreError::Full, "На диске с файлом хранилища «%1» закончилось место.");
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+        return make(StoreError::ReadOnly, "Файл хранилища «%1» доступен только для чтения.");
+    case SQLITE_CANTOPEN:
+        return make(StoreError::ReadOnly, "Нет доступа к файлу хранилища «%1» или к его папке.");
+    case SQLITE_NOTADB:
+        return make(StoreError::NotAStore, "Файл «%1» не является хранилищем журнала.");
+    case SQLITE_CORRUPT:
+        return make(StoreError::NotAStore, "Файл хранилища «%1» повреждён.");
+    case SQLITE_IOERR:
+        return make(StoreError::Lost, "Ошибка чтения или записи файла хранилища «%1».");
+    case SQLITE_INTERRUPT:
+        return make(StoreError::Lost, "Запрос к хранилищу «%1» не уложился в отведённое время.");
+    case SQLITE_TOOBIG:
+    case SQLITE_NOMEM:
+        return make(StoreError::TooLarge, "Данные слишком велики для хранилища «%1».");
+    case SQLITE_AUTH:
+        return make(StoreError::BadRequest, "Запрос может только читать данные.");
+    case SQLITE_ERROR:
+    case SQLITE_CONSTRAINT:
+    case SQLITE_MISMATCH:
+    case SQLITE_RANGE:
+        return make(StoreError::BadRequest, "Хранилище не может выполнить запрос.");
+    default:
+        return make(StoreError::Internal, "Внутренняя ошибка хранилища «%1».");
+    }
+}

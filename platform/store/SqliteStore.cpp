@@ -1,0 +1,169 @@
+#include "SqliteStore.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+
+namespace
+{
+StoreLogin loginOf(const SqliteStatement& row)
+{
+    return {row.bytes(0), QString::fromUtf8(row.bytes(1)), QString::fromUtf8(row.bytes(2))};
+}
+} // namespace
+
+std::unique_ptr<Store> SqliteStore::open(const QString& file, const Options& options, StoreError* error)
+{
+    std::unique_ptr<SqliteStore> store(new SqliteStore(file, options));
+    if (!store->connect(error))
+        return nullptr;
+    return store;
+}
+
+SqliteStore::~SqliteStore()
+{
+    *m_self = nullptr;
+}
+
+bool SqliteStore::connect(StoreError* error)
+{
+    m_read.reset();
+    m_write = SqliteConnection::open(m_file, SqliteConnection::ReadWrite, m_options.deadlineMs, error);
+    if (!m_write)
+        return false;
+    m_read = SqliteConnection::open(m_file, SqliteConnection::ReadOnly, m_options.deadlineMs, error);
+    if (!m_read) {
+        m_write.reset();
+        return false;
+    }
+    std::unique_ptr<CodePage> codePage = CodePage::create(property("codec"));
+    const bool sameCodec = codePage && (!m_codePage || m_codePage->codec() == codePage->codec());
+    if (!sameCodec) {
+        m_read.reset();
+        m_write.reset();
+        *error = {StoreError::NotAStore,
+                  QString::fromUtf8("Кодировка хранилища «%1» не поддерживается.").arg(m_file), QString()};
+        return false;
+    }
+    if (!m_codePage) {
+        m_codePage = std::move(codePage);
+        m_packer = std::make_unique<ChangePacker>(m_codePage.get());
+        m_timeZone = property("timeZone");
+    }
+    m_dataVersion = -1;
+    m_inRead = false;
+    // The login that was signed in before the file went away must be there again, under its key.
+    StoreLogin again;
+    return m_user.login.isEmpty() || signIn(m_user.login, &again, error);
+}
+
+bool SqliteStore::ready(StoreError* error)
+{
+    if (m_write && !m_write->hasMoved())
+        return true;
+    if (!QFileInfo::exists(m_file)) {
+        *error = {StoreError::Lost, QString::fromUtf8("Файл хранилища «%1» исчез.").arg(m_file), QString()};
+        return false;
+    }
+    if (connect(error))
+        return true;
+    error->code = StoreError::Lost;
+    return false;
+}
+
+QByteArray SqliteStore::property(const char* name)
+{
+    SqliteStatement statement = m_write->prepare("SELECT value FROM StoreProperties WHERE name = ?");
+    statement.bind(1, QByteArray::fromRawData(name, static_cast<int>(qstrlen(name))));
+    return statement.step() ? statement.bytes(0) : QByteArray();
+}
+
+bool SqliteStore::fail(const SqliteConnection& connection, StoreError* error) const
+{
+    *error = connection.lastError();
+    return false;
+}
+
+QVector<StoreLogin> SqliteStore::logins()
+{
+    QVector<StoreLogin> all;
+    StoreError error;
+    if (!ready(&error))
+        return all;
+    SqliteStatement rows = m_read->cached(
+        "SELECT KeyLink, login, name_ FROM Users WHERE coalesce(deleted_, 0) = 0 ORDER BY login");
+    while (rows.step())
+        all.append(loginOf(rows));
+    return all;
+}
+
+bool SqliteStore::signIn(const QString& login, StoreLogin* user, StoreError* error)
+{
+    if (m_user.login.isEmpty() && !ready(error))
+        return false;
+    const QByteArray name = login.toUtf8();
+    SqliteStatement row = m_read->cached(
+        "SELECT KeyLink, login, name_ FROM Users WHERE login = ? AND coalesce(deleted_, 0) = 0");
+    row.bind(1, name);
+    if (row.step()) {
+        m_user = loginOf(row);
+        *user = m_user;
+        return true;
+    }
+    if (row.code() != SQLITE_DONE)
+        return fail(*m_read, error);
+    *error = {StoreError::Refused, QString::fromUtf8("Пользователь «%1» не найден.").arg(login), QString()};
+    return false;
+}
+
+QVector<StoreDepartment> SqliteStore::departments(const QByteArray& userKey)
+{
+    QVector<StoreDepartment> all;
+    StoreError error;
+    if (!ready(&error))
+        return all;
+    SqliteStatement rows =
+        m_read->cached("SELECT DISTINCT D.KeyLink, D.name_, O.KeyLink, O.name_ FROM Workers AS W"
+                       " JOIN Departments AS D ON D.KeyLink = W.DepartmentKey"
+                       " LEFT JOIN Organizations AS O ON O.KeyLink = D.OrganizationKey"
+                       " WHERE W.UserKey = ? AND coalesce(W.deleted_, 0) = 0 ORDER BY D.name_, D.KeyLink");
+    rows.bind(1, userKey);
+    while (rows.step())
+        all.append({rows.bytes(0), QString::fromUtf8(rows.bytes(1)), rows.bytes(2),
+                    QString::fromUtf8(rows.bytes(3))});
+    return all;
+}
+
+bool SqliteStore::hasRight(const QByteArray& right)
+{
+    StoreError error;
+    if (!ready(&error))
+        return false;
+    SqliteStatement row = m_read->cached("SELECT 1 FROM UserRights WHERE UserKey = ? AND rightName = ?");
+    row.bind(1, m_user.key).bind(2, right);
+    return row.step();
+}
+
+double SqliteStore::serverTime()
+{
+    // The server is this very computer.
+    return static_cast<double>(QDateTime::currentSecsSinceEpoch());
+}
+
+bool SqliteStore::file(const QString& folder, const QString& name, QByteArray* content, StoreError* error)
+{
+    if (!ready(error))
+        return false;
+    const QByteArray folderBytes = folder.toUtf8();
+    const QByteArray nameBytes = name.toUtf8();
+    SqliteStatement row = m_read->cached("SELECT content FROM StoreFiles WHERE folder = ? AND name = ?");
+    row.bind(1, folderBytes).bind(2, nameBytes);
+    if (row.step()) {
+        *content = row.bytes(0);
+        return true;
+    }
+    if (row.code() != SQLITE_DONE)
+        return fail(*m_read, error);
+    *error = {StoreError::NoSuchRow, QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name),
+              QString()};
+    return false;
+}

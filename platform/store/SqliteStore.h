@@ -1,0 +1,74 @@
+#pragma once
+
+#include "ChangePacker.h"
+#include "CodePage.h"
+#include "SqliteConnection.h"
+#include "Store.h"
+
+struct AnswerShape;
+
+/// A store in one SQLite file, for the processes of one computer. Two connections: one that writes, each transaction
+/// taken at its beginning (BEGIN IMMEDIATE), and one that can only read. When the file is replaced or comes back after
+/// it was gone, the next request opens it anew.
+class SqliteStore : public Store
+{
+public:
+    static std::unique_ptr<Store> open(const QString& file, const Options& options, StoreError* error);
+    ~SqliteStore() override;
+
+    QTextCodec* codec() const override { return m_codePage->codec(); }
+    QByteArray timeZone() const override { return m_timeZone; }
+
+    QVector<StoreLogin> logins() override;
+    bool signIn(const QString& login, StoreLogin* user, StoreError* error) override;
+    QVector<StoreDepartment> departments(const QByteArray& userKey) override;
+    bool hasRight(const QByteArray& right) override;
+    double serverTime() override;
+
+    MDArray* select(const QByteArray& sqlUtf8, StoreError* error) override;
+    bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key, QByteArray* bytes,
+              StoreError* error) override;
+    bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error) override;
+
+    bool position(ChangePosition* position, StoreError* error) override;
+    bool changesAfter(ChangePosition* position, int limit, QVector<StoreChange>* changes,
+                      StoreError* error) override;
+    bool hasNews() override;
+
+    bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* error) override;
+
+    bool beginRead(StoreError* error) override;
+    void endRead() override;
+    qint64 rowCount(const QByteArray& table) override;
+    qint64 seek(const QByteArray& table, int key, const QVariantList& values, bool* exact) override;
+    QVariantMap row(const QByteArray& table, int key, qint64 index) override;
+
+private:
+    SqliteStore(const QString& file, const Options& options) : m_file(file), m_options(options) {}
+
+    bool connect(StoreError* error);
+    /// Opens the file anew when it is no longer where it was. Called first by every request.
+    bool ready(StoreError* error);
+    QByteArray property(const char* name);
+    bool fail(const SqliteConnection& connection, StoreError* error) const;
+
+    bool writeBatch(const StoreWrite& write, StoreError* error);
+    bool closeTransaction(qint64 number, const QByteArray& batchKey, StoreError* error);
+    MDArray* answerOf(SqliteStatement& statement, AnswerShape* shape, StoreError* error);
+    bool addRow(SqliteStatement& statement, const AnswerShape& shape, MDArray* answer, qint64* held,
+                StoreError* error);
+
+    QString m_file;
+    Options m_options;
+    std::unique_ptr<SqliteConnection> m_write;
+    std::unique_ptr<SqliteConnection> m_read;
+    std::unique_ptr<CodePage> m_codePage;
+    std::unique_ptr<ChangePacker> m_packer;
+    QByteArray m_timeZone;
+    StoreLogin m_user;
+    qint64 m_dataVersion = -1;
+    bool m_inRead = false;
+    QByteArray m_recoded; ///< kept between fields, so that texts of an answer cost no allocation
+    /// What blob sources hold of the store: it is null when the store is gone.
+    std::shared_ptr<SqliteStore*> m_self = std::make_shared<SqliteStore*>(this);
+};

@@ -1,0 +1,71 @@
+#include "SqliteStore.h"
+#include "TableCatalog.h"
+
+bool SqliteStore::position(ChangePosition* position, StoreError* error)
+{
+    if (!ready(error))
+        return false;
+    SqliteStatement row = m_read->cached("SELECT (SELECT value FROM StoreProperties WHERE name = 'epoch'),"
+                                         " (SELECT coalesce(max(number), 0) FROM ChangeTransactions)");
+    if (!row.step())
+        return fail(*m_read, error);
+    *position = {row.bytes(0), row.integer(1)};
+    return true;
+}
+
+bool SqliteStore::changesAfter(ChangePosition* position, int limit, QVector<StoreChange>* changes,
+                               StoreError* error)
+{
+    ChangePosition end;
+    if (!this->position(&end, error))
+        return false;
+    if (end.epoch != position->epoch || end.number < position->number) {
+        *error = {
+            StoreError::NotAStore,
+            QString::fromUtf8("Хранилище «%1» заменено другим: данные нужно загрузить заново.").arg(m_file),
+            QString()};
+        return false;
+    }
+    // What is committed while we read is left for the next call: the transactions up to the end are whole.
+    SqliteStatement rows =
+        m_read->cached("SELECT number, event, tableName, rowKey, oldRow, newRow FROM ChangeLog"
+                       " WHERE number > ? AND number <= ? ORDER BY number, entry");
+    rows.bind(1, position->number).bind(2, end.number);
+    int taken = 0;
+    qint64 current = position->number;
+    while (rows.step()) {
+        const qint64 number = rows.integer(0);
+        if (number != current && taken >= limit) {
+            position->number = current;
+            return true;
+        }
+        current = number;
+        const CatalogTable* table = TableCatalog::table(rows.bytes(2));
+        if (!table)
+            continue; // a table of a newer schema is nobody's here
+        StoreChange change;
+        change.number = number;
+        change.event = static_cast<int>(rows.integer(1));
+        change.table = table->name;
+        change.key = rows.bytes(3);
+        change.packedRecord = m_packer->pack(*table, rows.bytes(4), rows.bytes(5));
+        changes->append(change);
+        ++taken;
+    }
+    if (rows.code() != SQLITE_DONE)
+        return fail(*m_read, error);
+    position->number = end.number;
+    return true;
+}
+
+bool SqliteStore::hasNews()
+{
+    if (!m_read || m_read->hasMoved())
+        return true; // the reader finds out what is wrong
+    SqliteStatement row = m_read->cached("PRAGMA data_version");
+    const qint64 version = row.step() ? row.integer(0) : -1;
+    if (version == m_dataVersion && version >= 0)
+        return false;
+    m_dataVersion = version;
+    return true;
+}

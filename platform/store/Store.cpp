@@ -1,0 +1,11 @@
+#include "SqliteStore.h"
+#include "StoreUrl.h"
+
+std::unique_ptr<Store> Store::open(const QString& url, const Options& options, StoreError* error)
+{
+    const StoreUrl parsed(url);
+    if (parsed.engine == StoreUrl::Sqlite)
+        return SqliteStore::open(parsed.file, options, error);
+    *error = parsed.error();
+    return nullptr;
+}

@@ -1,0 +1,151 @@
+#include "GenGuid32.h"
+#include "MDRValues.h"
+#include "StoreAdmin.h"
+#include "TableCatalog.h"
+
+#include <QTextCodec>
+
+namespace
+{
+/// A store in the role of imports. Texts of the selects below are keys, logins and names of rights.
+std::unique_ptr<Store> openLoader(const QString& url, StoreError* error)
+{
+    Store::Options options;
+    options.loader = true;
+    return Store::open(url, options, error);
+}
+
+QByteArray quoted(const QByteArray& text)
+{
+    return "'" + QByteArray(text).replace("'", "''") + "'";
+}
+
+/// The first field of every row of a select.
+QVector<QByteArray> column(Store& store, const QByteArray& sql, StoreError* error)
+{
+    QVector<QByteArray> values;
+    CMDArray answer;
+    answer = store.select(sql, error);
+    for (int i = 0; answer.array && i < answer.RecCount(); ++i) {
+        MDRVar value;
+        MDRGetVal(MDRFldByNum(answer.array, 0), MDARec(answer.array, 0, i), &value);
+        values.append(MDRValue::copy(value));
+    }
+    return values;
+}
+
+bool write(Store& store, const char* table, const CRowBatch& batch, StoreError* error)
+{
+    return store.apply({{table, batch.array}}, GenGuid32(), error);
+}
+
+CRowBatch batchOf(const char* table)
+{
+    const QVector<MDRFieldDescr> fields = TableCatalog::table(table)->descriptors();
+    return CRowBatch(fields.constData(), fields.size());
+}
+
+bool noSuchLogin(const QString& login, StoreError* error)
+{
+    if (!*error)
+        *error = {StoreError::NoSuchRow, QString::fromUtf8("Пользователь «%1» не найден.").arg(login),
+                  QString()};
+    return false;
+}
+
+QByteArray userKey(Store& store, const QString& login, bool deletedToo, StoreError* error)
+{
+    QByteArray sql = "SELECT KeyLink FROM Users WHERE login = " + quoted(login.toUtf8());
+    if (!deletedToo)
+        sql += " AND coalesce(deleted_, 0) = 0";
+    return column(store, sql, error).value(0);
+}
+} // namespace
+
+bool StoreAdmin::addUser(const QString& url, const QString& login, const QString& name, StoreError* error)
+{
+    if (login.trimmed().isEmpty()) {
+        *error = {StoreError::BadRequest, QString::fromUtf8("Имя для входа не задано."), QString()};
+        return false;
+    }
+    const auto store = openLoader(url, error);
+    if (!store)
+        return false;
+    if (!userKey(*store, login, false, error).isEmpty()) {
+        *error = {StoreError::BadRequest, QString::fromUtf8("Пользователь «%1» уже есть.").arg(login),
+                  QString()};
+        return false;
+    }
+    if (*error)
+        return false;
+    // A login that was removed comes back as the same person.
+    const QByteArray former = userKey(*store, login, true, error);
+    CRowBatch batch = batchOf("Users");
+    MDRData* row =
+        batch.newRow(former.isEmpty() ? ROW_INSERT : ROW_UPDATE, former.isEmpty() ? GenGuid32() : former);
+    const QByteArray loginBytes = store->codec()->fromUnicode(login);
+    const QByteArray nameBytes = store->codec()->fromUnicode(name);
+    batch.SetValF(row, "login", MDRValue::text(loginBytes));
+    batch.SetValF(row, "name_", MDRValue::text(nameBytes));
+    batch.SetValF(row, "deleted_", MDRValue::boolean(false));
+    batch.RecPost(row);
+    return write(*store, "Users", batch, error);
+}
+
+bool StoreAdmin::removeUser(const QString& url, const QString& login, StoreError* error)
+{
+    const auto store = openLoader(url, error);
+    if (!store)
+        return false;
+    const QByteArray key = userKey(*store, login, false, error);
+    if (key.isEmpty())
+        return noSuchLogin(login, error);
+    CRowBatch batch = batchOf("Users");
+    MDRData* row = batch.newRow(ROW_UPDATE, key);
+    batch.SetValF(row, "deleted_", MDRValue::boolean(true));
+    batch.RecPost(row);
+    return write(*store, "Users", batch, error);
+}
+
+bool StoreAdmin::grant(const QString& url, const QString& login, const QByteArray& right, bool given,
+                       StoreError* error)
+{
+    const auto store = openLoader(url, error);
+    if (!store)
+        return false;
+    const QByteArray user = userKey(*store, login, false, error);
+    if (user.isEmpty())
+        return noSuchLogin(login, error);
+    const QByteArray present = column(*store,
+                                      "SELECT KeyLink FROM UserRights WHERE UserKey = " + quoted(user) +
+                                          " AND rightName = " + quoted(right),
+                                      error)
+                                   .value(0);
+    if (*error)
+        return false;
+    if (present.isEmpty() != given)
+        return true; // as it should be already
+    CRowBatch batch = batchOf("UserRights");
+    MDRData* row = batch.newRow(given ? ROW_INSERT : ROW_DELETE, given ? GenGuid32() : present);
+    if (given) {
+        batch.SetValF(row, "UserKey", MDRValue::text(user));
+        batch.SetValF(row, "rightName", MDRValue::text(right));
+    }
+    batch.RecPost(row);
+    return write(*store, "UserRights", batch, error);
+}
+
+QVector<QByteArray> StoreAdmin::rights(const QString& url, const QString& login, StoreError* error)
+{
+    const auto store = openLoader(url, error);
+    if (!store)
+        return {};
+    const QByteArray user = userKey(*store, login, false, error);
+    if (user.isEmpty()) {
+        noSuchLogin(login, error);
+        return {};
+    }
+    return column(*store,
+                  "SELECT rightName FROM UserRights WHERE UserKey = " + quoted(user) + " ORDER BY rightName",
+                  error);
+}

@@ -1,0 +1,32 @@
+#include "StoreUrl.h"
+
+#include <QUrl>
+
+StoreUrl::StoreUrl(const QString& address) : url(address)
+{
+    const QString sqlite = QStringLiteral("sqlite://");
+    if (url.startsWith(sqlite + QLatin1Char('/'))) {
+        engine = Sqlite;
+        file = QUrl::fromPercentEncoding(url.mid(sqlite.size()).toUtf8());
+    } else if (url.startsWith(QLatin1String("postgresql://")) ||
+               url.startsWith(QLatin1String("postgres://"))) {
+        engine = PostgreSql;
+    }
+}
+
+StoreError StoreUrl::error() const
+{
+    switch (engine) {
+    case Sqlite:
+        return StoreError();
+    case PostgreSql:
+        return {StoreError::BadUrl,
+                QString::fromUtf8("Хранилище PostgreSQL в этой сборке программы недоступно: «%1».").arg(url),
+                QString()};
+    default:
+        return {
+            StoreError::BadUrl,
+            QString::fromUtf8("Адрес хранилища «%1» не понят: ожидается sqlite:///путь/к/файлу.").arg(url),
+            QString()};
+    }
+}

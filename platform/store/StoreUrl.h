@@ -1,0 +1,16 @@
+#pragma once
+
+#include "StoreError.h"
+
+/// The address of a store taken apart: "sqlite:///absolute/path" (percent-encoded where needed), "postgresql://...".
+struct StoreUrl {
+    enum Engine { None, Sqlite, PostgreSql };
+
+    explicit StoreUrl(const QString& url);
+    /// Why no store can be opened under this address.
+    StoreError error() const;
+
+    QString url;
+    Engine engine = None;
+    QString file; ///< of SQLite
+};

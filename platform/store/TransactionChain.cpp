@@ -1,0 +1,39 @@
+#include "TransactionChain.h"
+
+#include "SqliteConnection.h"
+
+#include <cstring>
+#include <QCryptographicHash>
+
+namespace
+{
+/// Each part is preceded by its length, so that parts cannot flow into one another; null differs from empty.
+void add(QCryptographicHash* hash, const QByteArray& part)
+{
+    const QByteArray length = part.isNull() ? QByteArray("-:") : QByteArray::number(part.size()) + ':';
+    hash->addData(length);
+    hash->addData(part);
+}
+} // namespace
+
+bool TransactionChain::next(SqliteConnection& connection, const Head& head, QByteArray* chain)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    SqliteStatement before = connection.cached("SELECT chain FROM ChangeTransactions WHERE number = ?");
+    before.bind(1, head.number - 1);
+    add(&hash, before.step() ? before.bytes(0) : QByteArray());
+    add(&hash, QByteArray::number(head.number));
+    add(&hash, head.batchKey);
+    add(&hash, head.login);
+    add(&hash, head.loader ? "loader" : "person");
+    add(&hash, QByteArray::number(head.time, 'g', 17));
+
+    SqliteStatement rows = connection.cached(
+        "SELECT tableName, rowKey, event, oldRow, newRow FROM ChangeLog WHERE number = ? ORDER BY entry");
+    rows.bind(1, head.number);
+    while (rows.step())
+        for (int column = 0; column < 5; ++column)
+            add(&hash, rows.bytes(column));
+    *chain = hash.result();
+    return rows.code() == SQLITE_DONE;
+}
