@@ -58,8 +58,7 @@ void MDRData_test::valuesOfEveryKindComeBack()
     QCOMPARE(array.set(record, "number", MDRValue::number(std::numeric_limits<int>::min())), int(mdr_Ok));
     QCOMPARE(array.set(record, "time", MDRValue::real(1795000000.25)), int(mdr_Ok));
     QCOMPARE(array.set(record, "text_", MDRValue::text("memo")), int(mdr_Ok));
-    QCOMPARE(array.set(record, "data", MDRValue::text(QByteArray::fromRawData("a\0b", 3), mdr_TBlob)),
-             int(mdr_Ok));
+    QCOMPARE(array.set(record, "data", MDRValue::text("a\0b", 3, mdr_TBlob)), int(mdr_Ok));
     for (const MDRData* r : {array.post(record), MDARecEdit(record)}) {
         QCOMPARE(array.text(r), QByteArray("key"));
         QCOMPARE(array.get(r, "flag").value.number, 1);
@@ -272,12 +271,13 @@ void MDRData_test::textsOfTheSameRecordMayBeCopiedWithinIt()
     inside.value.text = {4, inside.value.text.data + 3};
     array.set(record, "KeyLink", inside);
     QCOMPARE(array.text(record), QByteArray("3456"));
-    array.set(record, "KeyLink", MDRValue::text(QByteArray(5000, 'a')));
+    const QByteArray large(5000, 'a');
+    array.set(record, "KeyLink", MDRValue::text(large));
     array.set(record, "text_", array.get(record, "KeyLink"));
-    QCOMPARE(array.text(record, "text_"), QByteArray(5000, 'a'));
+    QCOMPARE(array.text(record, "text_"), large);
     array.set(record, "data", array.get(record, "text_"));
-    QCOMPARE(array.text(record, "data"), QByteArray(5000, 'a'));
-    QCOMPARE(array.text(record, "KeyLink"), QByteArray(5000, 'a'));
+    QCOMPARE(array.text(record, "data"), large);
+    QCOMPARE(array.text(record, "KeyLink"), large);
 }
 
 void MDRData_test::manyChangesOfTextsKeepAllTheOthers()
