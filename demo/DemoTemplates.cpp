@@ -1,0 +1,300 @@
+#include "DemoTemplates.h"
+
+#include "HtmlParser.h"
+
+#include <QFile>
+#include <QMap>
+#include <QSet>
+
+// Outside of any namespace, as the macro asks for.
+static void openResources()
+{
+    Q_INIT_RESOURCE(demo);
+}
+
+namespace
+{
+using Property = std::pair<std::string, std::string>;
+
+/// What stands between the braces of a parameter.
+struct Parameter {
+    QString type;
+    bool optional = false;
+    QString label;
+    QString more;
+};
+
+bool readParameter(const QString& text, Parameter* parameter)
+{
+    const int colon = text.indexOf(QLatin1Char(':'));
+    if (colon <= 0)
+        return false;
+    parameter->type = text.left(colon);
+    parameter->optional = parameter->type.endsWith(QLatin1Char('?'));
+    if (parameter->optional)
+        parameter->type.chop(1);
+    const QString rest = text.mid(colon + 1);
+    const int semicolon = rest.indexOf(QLatin1Char(';'));
+    parameter->label = rest.left(semicolon).trimmed();
+    parameter->more = semicolon < 0 ? QString() : rest.mid(semicolon + 1);
+    return !parameter->label.isEmpty();
+}
+
+std::string parameterHtml(const Parameter& parameter, int index)
+{
+    std::vector<Property> properties{{"name", parameter.type.toStdString()},
+                                     {"idx", std::to_string(index)},
+                                     {"locname", parameter.label.toStdString()}};
+    if (parameter.type == QLatin1String("datetime"))
+        properties.emplace_back("format", parameter.more.toStdString());
+    if (parameter.type == QLatin1String("list")) {
+        std::vector<std::string> values;
+        for (const QString& value : parameter.more.split(QLatin1Char('|')))
+            values.push_back(value.toStdString());
+        properties.emplace_back("list", HtmlParser::createListProperty(values));
+    }
+    if (parameter.optional)
+        properties.emplace_back("optional", "1");
+    return HtmlParser::createParameter(properties, parameter.label.toStdString());
+}
+
+/// Reads one template after the other; knows the line for the error.
+class Reader
+{
+public:
+    Reader(const QString& notation, QVector<DemoTemplate>* templates)
+        : m_lines(notation.split(QLatin1Char('\n'))), m_templates(templates)
+    {
+    }
+
+    bool read(QString* error)
+    {
+        for (m_number = 0; m_number < m_lines.size() && m_error.isEmpty(); ++m_number)
+            readLine(m_lines.at(m_number));
+        if (m_error.isEmpty())
+            finish();
+        if (!m_error.isEmpty() && error)
+            *error = QStringLiteral("line %1: %2").arg(m_number).arg(m_error);
+        return m_error.isEmpty();
+    }
+
+private:
+    void readLine(const QString& line)
+    {
+        if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+            return;
+        if (line.startsWith(QLatin1String("== "))) {
+            finish();
+            m_open = true;
+            m_current.name = line.mid(3).trimmed();
+            return;
+        }
+        if (!m_open) {
+            m_error = QStringLiteral("nothing is open");
+            return;
+        }
+        if (line.startsWith(QLatin1String("  "))) {
+            m_text += QLatin1Char('\n') + line.mid(2);
+            return;
+        }
+        const int colon = line.indexOf(QLatin1String(": "));
+        if (colon < 0)
+            m_error = QStringLiteral("no value");
+        else if (line.startsWith(QLatin1String("~ ")))
+            m_current.samples.insert(line.mid(2, colon - 2),
+                                     line.mid(colon + 2).split(QStringLiteral(" | ")));
+        else
+            readValue(line.left(colon), line.mid(colon + 2).trimmed());
+    }
+
+    void readValue(const QString& word, const QString& value)
+    {
+        if (word == QLatin1String("level"))
+            readLevel(value);
+        else if (word == QLatin1String("category"))
+            m_current.categories = value.split(QStringLiteral(" / "));
+        else if (word == QLatin1String("flags"))
+            readFlags(value);
+        else if (word == QLatin1String("first_mark"))
+            m_current.firstMark = marker(value);
+        else if (word == QLatin1String("second_mark"))
+            m_current.secondMark = marker(value);
+        else if (word == QLatin1String("command"))
+            m_current.command = value;
+        else if (word == QLatin1String("text"))
+            m_text = value;
+        else
+            m_error = QStringLiteral("unknown word \"%1\"").arg(word);
+    }
+
+    void readLevel(const QString& value)
+    {
+        const int open = value.indexOf(QChar(0xab));
+        const int close = value.indexOf(QChar(0xbb));
+        m_current.owner = open > 0 && close > open ? value.mid(open + 1, close - open - 1) : QString();
+        m_leveled = true;
+        if (value == QStringLiteral("Общие"))
+            m_current.level = DemoTemplate::Common;
+        else if (value.startsWith(QStringLiteral("Тип «")) && !m_current.owner.isEmpty())
+            m_current.level = DemoTemplate::OrgType;
+        else if (value.startsWith(QStringLiteral("Подразделение «")) && !m_current.owner.isEmpty())
+            m_current.level = DemoTemplate::Department;
+        else
+            m_error = QStringLiteral("unknown level \"%1\"").arg(value);
+    }
+
+    void readFlags(const QString& value)
+    {
+        static const QSet<QString> known{QStringLiteral("open_wshift"), QStringLiteral("close_wshift"),
+                                         QStringLiteral("time_exec")};
+        m_current.flags = value.split(QStringLiteral(", "));
+        for (const QString& flag : qAsConst(m_current.flags))
+            if (!known.contains(flag))
+                m_error = QStringLiteral("unknown flag \"%1\"").arg(flag);
+    }
+
+    QString marker(const QString& label)
+    {
+        const QString path = DemoTemplates::markerPath(label);
+        if (path.isEmpty())
+            m_error = QStringLiteral("unknown marker \"%1\"").arg(label);
+        return path;
+    }
+
+    /// Completes the template that is open and takes it in.
+    void finish()
+    {
+        if (!m_open || !m_error.isEmpty())
+            return;
+        const QString name = m_current.name;
+        if (!m_leveled || m_current.categories.isEmpty() || m_text.isEmpty())
+            m_error = QStringLiteral("\"%1\" lacks level, category or text").arg(name);
+        else if (!m_current.command.isEmpty() && m_current.secondMark.isEmpty())
+            m_error = QStringLiteral("\"%1\" has a command without second marker").arg(name);
+        if (m_error.isEmpty())
+            m_current.html = DemoTemplates::html(m_text, &m_error);
+        if (m_error.isEmpty())
+            checkSamples();
+        if (m_error.isEmpty())
+            setProperties();
+        m_templates->append(m_current);
+        m_current = DemoTemplate();
+        m_text.clear();
+        m_leveled = false;
+    }
+
+    void checkSamples()
+    {
+        static const QSet<QString> sampled{QStringLiteral("text"), QStringLiteral("signalName"),
+                                           QStringLiteral("signalNum")};
+        const HtmlParser parser(m_current.html);
+        QSet<QString> labels;
+        for (unsigned i = 0; i < parser.countParameters(); ++i)
+            if (sampled.contains(QString::fromStdString(parser.propertyNameValue(i))))
+                labels.insert(QString::fromStdString(parser.propertyValue(i, "locname")));
+        for (const QString& label : qAsConst(labels))
+            if (!m_current.samples.contains(label))
+                m_error = QStringLiteral("\"%1\" has no samples for \"%2\"").arg(m_current.name, label);
+        for (auto sample = m_current.samples.cbegin(); sample != m_current.samples.cend(); ++sample)
+            if (!labels.contains(sample.key()))
+                m_error = QStringLiteral("\"%1\" has samples for no parameter \"%2\"")
+                              .arg(m_current.name, sample.key());
+    }
+
+    void setProperties()
+    {
+        HtmlParser parser(m_current.html);
+        for (const QString& flag : qAsConst(m_current.flags))
+            parser.setTemplateProperty(flag.toStdString(), true);
+        if (!m_current.firstMark.isEmpty())
+            parser.setTemplateProperty("first_mark", m_current.firstMark.toStdString());
+        if (!m_current.secondMark.isEmpty())
+            parser.setTemplateProperty("second_mark", m_current.secondMark.toStdString());
+        if (!m_current.command.isEmpty())
+            parser.setTemplateProperty("command", m_current.command.toStdString());
+        m_current.html = parser.readyHtml(true);
+    }
+
+    const QStringList m_lines;
+    QVector<DemoTemplate>* m_templates;
+    int m_number = 0;
+    QString m_error;
+    bool m_open = false;
+    bool m_leveled = false;
+    QString m_text;
+    DemoTemplate m_current;
+};
+} // namespace
+
+QVector<DemoTemplate> DemoTemplates::builtIn()
+{
+    openResources();
+    QFile file(QStringLiteral(":/demo/templates.txt"));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("The demo has lost its templates");
+    QVector<DemoTemplate> templates;
+    QString error;
+    if (!parse(QString::fromUtf8(file.readAll()), &templates, &error))
+        qFatal("The demo's templates cannot be read: %s", qPrintable(error));
+    return templates;
+}
+
+bool DemoTemplates::parse(const QString& notation, QVector<DemoTemplate>* templates, QString* error)
+{
+    return Reader(notation, templates).read(error);
+}
+
+std::string DemoTemplates::html(const QString& text, QString* error)
+{
+    std::string result;
+    QString fixed;
+    const auto flush = [&] {
+        result += HtmlParser::escaped(fixed.toStdString());
+        fixed.clear();
+    };
+    QMap<QChar, bool> open;
+    QHash<QString, int> count;
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar sign = text.at(i);
+        if (sign == QLatin1Char('{')) {
+            flush();
+            const int end = text.indexOf(QLatin1Char('}'), i);
+            Parameter parameter;
+            if (end < 0 || !readParameter(text.mid(i + 1, end - i - 1), &parameter)) {
+                if (error)
+                    *error = QStringLiteral("a parameter without end or label: \"%1\"").arg(text.mid(i, 40));
+                return {};
+            }
+            result += parameterHtml(parameter, count[parameter.type]++);
+            i = end;
+        } else if (sign == QLatin1Char('*') || sign == QLatin1Char('~')) {
+            flush();
+            bool& inside = open[sign];
+            if (inside)
+                result += "</span>";
+            else
+                result += sign == QLatin1Char('*') ? "<span style=\" font-weight:600;\">"
+                                                   : "<span style=\" text-decoration: line-through;\">";
+            inside = !inside;
+        } else {
+            fixed += sign;
+        }
+    }
+    flush();
+    return result;
+}
+
+QString DemoTemplates::markerPath(const QString& label)
+{
+    static const QHash<QString, QString> paths{
+        {QStringLiteral("Авария"), QStringLiteral(":/markers/exclamation_mark.png")},
+        {QStringLiteral("Допуск бригады"), QStringLiteral(":/markers/worker_red.png")},
+        {QStringLiteral("Завершение работ бригады"), QStringLiteral(":/markers/worker_blue.png")},
+        {QStringLiteral("Передача вышестоящей организации"), QStringLiteral(":/markers/arrow_up_blue.png")},
+        {QStringLiteral("Передача от вышестоящей организации"),
+         QStringLiteral(":/markers/arrow_down_red.png")},
+        {QStringLiteral("Снято заземление"), QStringLiteral(":/markers/thunder_blue.png")},
+        {QStringLiteral("Установлено заземление"), QStringLiteral(":/markers/thunder_red.png")},
+    };
+    return paths.value(label);
+}

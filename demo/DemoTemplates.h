@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+#include <string>
+
+/// One record template of the demo, as the notation of templates.txt tells it.
+struct DemoTemplate {
+    enum Level { Common, OrgType, Department };
+
+    Level level = Common;
+    QString owner;          ///< name of the type or department; empty for common ones
+    QStringList categories; ///< from the top down, at least one
+    QString name;
+    QStringList flags; ///< "open_wshift", "close_wshift", "time_exec"
+    QString firstMark; ///< path of the marker, empty for none
+    QString secondMark;
+    QString command;
+    std::string html;                    ///< UTF-8, parameters and template properties included
+    QHash<QString, QStringList> samples; ///< by label
+};
+
+/// Reads the notation in which the templates of the demo are written; templates.txt tells it.
+namespace DemoTemplates
+{
+/// The templates that are built in.
+QVector<DemoTemplate> builtIn();
+
+/// Appends the templates of \a notation. False, and \a error names the line: an unknown word, a parameter
+/// without label, a text parameter without samples, samples without parameter, a command without second
+/// marker.
+bool parse(const QString& notation, QVector<DemoTemplate>* templates, QString* error);
+
+/// The html (UTF-8) of a text in the notation: parameters, *bold*, ~struck out~, line breaks.
+std::string html(const QString& text, QString* error);
+
+/// The resource path of a marker by its label; empty for an unknown one.
+QString markerPath(const QString& label);
+} // namespace DemoTemplates
