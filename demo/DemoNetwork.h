@@ -1,0 +1,98 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+#include <QVector>
+
+class DemoWriter;
+
+/// One person of the demo: a row of Workers.
+struct DemoPerson {
+    QByteArray key;
+    QString lastName;
+    QString firstName;
+    QString patronymicName;
+    int group = 0; ///< of electrical safety, 0 for none
+    QString role;
+    QString login;     ///< empty for most
+    bool gone = false; ///< deleted_: has left, but stands in old records
+
+    QString shortName() const; ///< surname and initials
+    QString fullName() const;
+    QString nameWithGroup() const;
+};
+
+/// One substation with its bays.
+struct DemoSubstation {
+    QByteArray key;
+    QString name;
+    QString voltage;
+    int department = 0;
+    QVector<QPair<QByteArray, QString>> bays; ///< key, name
+};
+
+/// One line between two substations; the same one twice for a line that only begins here.
+struct DemoLine {
+    QByteArray key;
+    QString name;
+    QString voltage;
+    int from = 0;
+    int to = 0;
+};
+
+/// One department and what its dispatchers work with.
+struct DemoDepartment {
+    QByteArray key;
+    QString name;
+    int organization = 0;
+    QVector<DemoPerson> people; ///< the first ones up to crewSize() stand the shifts
+    int onShift = 0;            ///< how many of them stand the shifts
+    QVector<int> substations;
+};
+
+struct DemoOrganization {
+    QByteArray key;
+    QString name;
+    QByteArray typeKey;
+};
+
+/// The invented network: organizations, departments, people, substations, lines, bays. Nobody and nothing in it is
+/// real.
+class DemoNetwork
+{
+public:
+    enum DepartmentIndex { Ods, Cds, Zarechnaya, Lugovaya, Plant, DepartmentCount };
+
+    DemoNetwork();
+
+    /// Writes the reference tables: types, organizations, departments, logins, workers, roles, timetables, equipment.
+    void write(DemoWriter* writer) const;
+
+    const DemoDepartment& department(int index) const { return m_departments.at(index); }
+    const DemoOrganization& organizationOf(int department) const;
+    const QVector<DemoOrganization>& organizations() const { return m_organizations; }
+    const QVector<DemoSubstation>& substations() const { return m_substations; }
+    const QVector<DemoLine>& lines() const { return m_lines; }
+    /// The person of a login in a department; ends the program when there is none.
+    const DemoPerson& person(const QString& login, int department = Cds) const;
+    /// By surname, in any department; ends the program when there is none.
+    const DemoPerson& byLastName(const QString& lastName) const;
+    /// The key behind a shown name (a person in any form, equipment, a department, an organization), or empty.
+    QByteArray keyOf(const QString& shown) const { return m_keys.value(shown); }
+    QByteArray orgTypeKey(const QString& name) const;
+    QByteArray departmentKey(const QString& name) const;
+
+private:
+    void makePeople();
+    void makeSubstations();
+    void makeLines();
+    void makeBays();
+    void index();
+
+    QVector<DemoOrganization> m_organizations;
+    QVector<DemoDepartment> m_departments;
+    QVector<DemoSubstation> m_substations;
+    QVector<DemoLine> m_lines;
+    QHash<QString, QByteArray> m_keys;
+};

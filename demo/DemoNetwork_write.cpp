@@ -1,0 +1,119 @@
+#include "DemoKey.h"
+#include "DemoNetwork.h"
+#include "DemoStore.h"
+#include "DemoWriter.h"
+
+#include <QSet>
+
+namespace
+{
+constexpr int hour = 3600;
+
+void writeUser(DemoWriter* writer, const QString& login, const QString& name)
+{
+    writer->insert("Users", demoKey(QStringLiteral("user ") + login),
+                   {{"login", login}, {"name_", name}, {"deleted_", false}});
+}
+
+void writeRights(DemoWriter* writer, const QString& login, const QStringList& rights)
+{
+    const QByteArray user = demoKey(QStringLiteral("user ") + login);
+    for (const QString& right : rights)
+        writer->insert("UserRights", demoKey(QStringLiteral("right %1 %2").arg(login, right)),
+                       {{"UserKey", user}, {"rightName", right}});
+}
+
+void writePeople(DemoWriter* writer, const DemoDepartment& department)
+{
+    QSet<QString> roles;
+    for (const DemoPerson& person : department.people) {
+        const QByteArray user =
+            person.login.isEmpty() ? QByteArray() : demoKey(QStringLiteral("user ") + person.login);
+        writer->insert("Workers", person.key,
+                       {{"UserKey", user.isEmpty() ? QVariant() : user},
+                        {"DepartmentKey", department.key},
+                        {"firstName", person.firstName},
+                        {"lastName", person.lastName},
+                        {"patronymicName", person.patronymicName},
+                        {"safetyGroup", person.group},
+                        {"deleted_", person.gone}});
+        const QByteArray role = demoKey(QStringLiteral("role %1 %2").arg(department.name, person.role));
+        if (!roles.contains(person.role))
+            writer->insert("Roles", role, {{"DepartmentKey", department.key}, {"name_", person.role}});
+        roles.insert(person.role);
+        writer->insert("WorkerRoles", demoKey(QStringLiteral("role of ") + QString::fromLatin1(person.key)),
+                       {{"RoleKey", role}, {"WorkerKey", person.key}});
+    }
+}
+
+void writeTimetable(DemoWriter* writer, const DemoDepartment& department)
+{
+    const auto shift = [&](const QString& name, int start, int end) {
+        writer->insert("Shifts", demoKey(QStringLiteral("timetable %1 %2").arg(department.name, name)),
+                       {{"DepartmentKey", department.key},
+                        {"name_", name},
+                        {"startTime", start * hour},
+                        {"endTime", end * hour}});
+    };
+    shift(QStringLiteral("Дневная смена"), 8, 20);
+    shift(QStringLiteral("Ночная смена"), 20, 8);
+    shift(QStringLiteral("Усиленное дежурство"), 20, 20);
+}
+} // namespace
+
+void DemoNetwork::write(DemoWriter* writer) const
+{
+    for (const QString& type :
+         {QStringLiteral("Диспетчерский центр"), QStringLiteral("Электросетевая организация"),
+          QStringLiteral("Промышленный потребитель")})
+        writer->insert("OrgTypes", orgTypeKey(type), {{"name_", type}});
+    for (const DemoOrganization& organization : m_organizations)
+        writer->insert("Organizations", organization.key,
+                       {{"OrgTypeKey", organization.typeKey}, {"name_", organization.name}});
+    for (int d = 0; d < m_departments.size(); ++d) {
+        const bool group = d == Zarechnaya || d == Lugovaya;
+        writer->insert("Departments", m_departments[d].key,
+                       {{"OrganizationKey", organizationOf(d).key},
+                        {"ParentKey", group ? QVariant(m_departments[Cds].key) : QVariant()},
+                        {"name_", m_departments[d].name}});
+    }
+
+    QSet<QString> logins;
+    for (const DemoDepartment& department : m_departments) {
+        for (const DemoPerson& person : department.people)
+            if (!person.login.isEmpty() && !logins.contains(person.login)) {
+                logins.insert(person.login);
+                writeUser(writer, person.login, person.fullName());
+            }
+        writePeople(writer, department);
+        writeTimetable(writer, department);
+    }
+    writeUser(writer, DemoStore::loginWithoutWorker(), QStringLiteral("Стажёр без назначения"));
+    writeRights(writer, DemoStore::administrator(),
+                {QStringLiteral("ADMINISTRATOR"), QStringLiteral("ADMINISTRATOR_OPERLOG_LOCAL"),
+                 QStringLiteral("SQL_EXEC"), QStringLiteral("SQL_REQUEST"), QStringLiteral("TBL_REQUEST"),
+                 QStringLiteral("TBL_UPDATE")});
+    writeRights(writer, DemoStore::localAdministrator(), {QStringLiteral("ADMINISTRATOR_OPERLOG_LOCAL")});
+
+    for (const DemoSubstation& substation : m_substations) {
+        const QByteArray& department = m_departments[substation.department].key;
+        writer->insert("Equipment", substation.key,
+                       {{"DepartmentKey", department},
+                        {"kind", QStringLiteral("substation")},
+                        {"name_", substation.name},
+                        {"voltage", substation.voltage}});
+        for (const auto& [key, name] : substation.bays)
+            writer->insert("Equipment", key,
+                           {{"ParentKey", substation.key},
+                            {"DepartmentKey", department},
+                            {"kind", QStringLiteral("bay")},
+                            {"name_", name},
+                            {"voltage", substation.voltage}});
+    }
+    for (const DemoLine& line : m_lines)
+        writer->insert("Equipment", line.key,
+                       {{"DepartmentKey", m_departments[m_substations[line.from].department].key},
+                        {"kind", QStringLiteral("line")},
+                        {"name_", line.name},
+                        {"voltage", line.voltage}});
+}

@@ -1,0 +1,98 @@
+#include "DemoWriter.h"
+
+#include "GenGuid32.h"
+#include "MDRValues.h"
+#include "TableCatalog.h"
+
+#include <cstring>
+#include <QTextCodec>
+
+struct DemoWriter::Batch {
+    explicit Batch(const CatalogTable& declared) : table(declared)
+    {
+        std::vector<MDRFieldDescr> fields(static_cast<std::size_t>(declared.fields.size()));
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            const CatalogField& field = declared.fields.at(static_cast<int>(i));
+            std::memset(&fields[i], 0, sizeof(MDRFieldDescr));
+            qstrncpy(fields[i].name, field.name.constData(), sizeof(fields[i].name));
+            fields[i].width = static_cast<std::uint8_t>(field.width);
+            fields[i].type = field.type;
+        }
+        rows = std::make_unique<CRowBatch>(fields.data(), static_cast<int>(fields.size()));
+    }
+
+    const CatalogTable& table;
+    std::unique_ptr<CRowBatch> rows;
+};
+
+DemoWriter::DemoWriter(Store* store) : m_store(store) {}
+
+DemoWriter::~DemoWriter() = default;
+
+MDRData* DemoWriter::row(const char* table, MDRFlag flag, const QByteArray& key, const Fields& fields)
+{
+    std::unique_ptr<Batch>& batch = m_batches[table];
+    if (!batch) {
+        const CatalogTable* declared = TableCatalog::table(table);
+        if (!declared)
+            qFatal("The store has no table %s", table);
+        batch = std::make_unique<Batch>(*declared);
+        m_order.push_back(batch.get());
+    }
+    MDRData* record = batch->rows->newRow(flag, key);
+    for (const auto& [name, value] : fields) {
+        const MDRField* field = MDRFldByName(batch->rows->array, name);
+        if (!field)
+            qFatal("The table %s has no field %s", table, name);
+        if (!value.isValid())
+            continue;
+        switch (field->type) {
+        case mdr_TDouble:
+            batch->rows->SetValF(record, name, MDRValue::real(value.toDouble()));
+            break;
+        case mdr_TBool:
+            batch->rows->SetValF(record, name, MDRValue::boolean(value.toBool()));
+            break;
+        case mdr_TInt32:
+        case mdr_TByte:
+            batch->rows->SetValF(record, name,
+                                 MDRValue::number(value.toInt(), static_cast<MDRType>(field->type)));
+            break;
+        default: {
+            const QByteArray bytes = value.type() == QVariant::ByteArray
+                                         ? value.toByteArray()
+                                         : m_store->codec()->fromUnicode(value.toString());
+            batch->rows->SetValF(record, name, MDRValue::text(bytes, static_cast<MDRType>(field->type)));
+        }
+        }
+    }
+    ++m_rows;
+    return batch->rows->RecPost(record);
+}
+
+void DemoWriter::insert(const char* table, const QByteArray& key, const Fields& fields)
+{
+    row(table, ROW_INSERT, key, fields);
+}
+
+void DemoWriter::update(const char* table, const QByteArray& key, const Fields& fields)
+{
+    row(table, ROW_UPDATE, key, fields);
+}
+
+void DemoWriter::remove(const char* table, const QByteArray& key)
+{
+    row(table, ROW_DELETE, key, {});
+}
+
+bool DemoWriter::write(StoreError* error)
+{
+    std::vector<StoreWrite> writes;
+    for (const Batch* batch : m_order)
+        writes.push_back({batch->table.name, batch->rows->array});
+    const bool written = writes.empty() || m_store->apply(writes, GenGuid32(), error);
+    m_order.clear();
+    m_batches.clear();
+    m_rows = 0;
+    return written;
+}

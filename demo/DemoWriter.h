@@ -1,0 +1,44 @@
+#pragma once
+
+#include "MDArray.h"
+#include "Store.h"
+
+#include <map>
+#include <memory>
+#include <QByteArray>
+#include <QVariant>
+#include <vector>
+
+class CRowBatch;
+
+/// Gathers rows of any tables of the store and writes them in one transaction, table after table in the order in which
+/// the tables came.
+class DemoWriter
+{
+public:
+    using Fields = std::vector<std::pair<const char*, QVariant>>;
+
+    /// \a store must outlive the writer.
+    explicit DemoWriter(Store* store);
+    ~DemoWriter();
+
+    /// Texts as QString, in records as bytes of the store's code page; an invalid value leaves the field null. A table
+    /// or field that the store does not know ends the program: the demo would not fit the schema.
+    void insert(const char* table, const QByteArray& key, const Fields& fields);
+    void update(const char* table, const QByteArray& key, const Fields& fields);
+    void remove(const char* table, const QByteArray& key);
+
+    int rows() const { return m_rows; }
+    /// Writes what was gathered, all of it or nothing, and starts anew.
+    bool write(StoreError* error);
+
+private:
+    struct Batch;
+
+    MDRData* row(const char* table, MDRFlag flag, const QByteArray& key, const Fields& fields);
+
+    Store* m_store;
+    std::map<QByteArray, std::unique_ptr<Batch>> m_batches;
+    std::vector<Batch*> m_order;
+    int m_rows = 0;
+};
