@@ -6,6 +6,7 @@
 #include <QString>
 
 class QLabel;
+class QPushButton;
 
 /// Icons of message boxes.
 enum TMessageBoxIcon {
@@ -48,14 +49,19 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     /// A box closed by its frame or by Escape answers with a null button.
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    QPushButton* addButton(const QString& text, QDialogButtonBox::ButtonRole role, const char* name);
+    void fitHeight();
+
     QLabel* m_iconLabel;
     QLabel* m_textLabel;
     QDialogButtonBox* m_buttons;
     TMessageBoxIcon m_icon = MessageIconInformation;
     TMessageBoxType m_type = MessageTypeOk;
+    bool m_answered = false; ///< a button was pressed, or the frame has answered
 };

@@ -30,5 +30,6 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    std::unique_ptr<PopGuard> m_guard;
+    std::unique_ptr<PopGuard> m_guard; ///< made when first asked for
+    bool m_guarding = false;
 };

@@ -22,8 +22,8 @@ struct Worker {
     QString firstName;
     QString lastName;
     QString patronymicName;
-    QStringList roles; ///< names of his roles; empty where the tree does not load them
-    int group = 0;     ///< safety group, 0 for none
+    QStringList path; ///< names of the levels above him, from the type of organization to the department
+    int group = 0;    ///< safety group, 0 for none
 };
 
 /// What the user has chosen. The keys of all levels above the item are set too, where there are such.

@@ -37,6 +37,7 @@ public:
     /// Brackets may stand within brackets; only the outermost pair counts.
     void beginResetModel();
     void endResetModel();
+    bool isResetting() const { return m_resets > 0; }
     /// Bracket \a count records that are posted at the end of the array. If another number came, or they came
     /// elsewhere, the model is reset. Within a reset, or with a count below 1, they do nothing.
     void beginAppendRows(int count);
@@ -90,17 +91,17 @@ private:
     };
 
     void readFields();
-    ColumnSettings& settings(const QString& field);
-    QVariant plainData(const AbstractHfnCellConversion* conversion, int column, MDRData* record,
-                       int role) const;
+    void resetQuietly();
 
     CMDArray* m_array = nullptr;
     QTextCodec* m_codec = nullptr;
     QVector<Column> m_columns;
     QHash<QString, ColumnSettings> m_settings; ///< by the field's name in lower case
+    AbstractHfnCellConversion* m_plain;        ///< answers for columns without a conversion
     int m_rows = 0;                            ///< as announced
     int m_resets = 0;
     int m_appending = 0;
+    const MDRData* m_last = nullptr; ///< the last record before the rows that are being appended
     const MDRData* m_removing = nullptr;
     mutable QHash<const MDRData*, QVector<QString>>
         m_texts; ///< visible texts by column, null when not asked yet

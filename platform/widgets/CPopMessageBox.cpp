@@ -1,0 +1,137 @@
+#include "CPopMessageBox.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+
+namespace
+{
+QStyle::StandardPixmap standardPixmap(TMessageBoxIcon icon)
+{
+    switch (icon) {
+    case MessageIconError:
+        return QStyle::SP_MessageBoxCritical;
+    case MessageIconQuestion:
+        return QStyle::SP_MessageBoxQuestion;
+    case MessageIconWarning:
+        return QStyle::SP_MessageBoxWarning;
+    case MessageIconInformation:
+        break;
+    }
+    return QStyle::SP_MessageBoxInformation;
+}
+} // namespace
+
+CPopMessageBox::CPopMessageBox(QWidget* parent)
+    : CPopTemplate(parent, -1),
+      m_iconLabel(new QLabel(this)),
+      m_textLabel(new QLabel(this)),
+      m_buttons(new QDialogButtonBox(this))
+{
+    setObjectName(QStringLiteral("messageBox"));
+    m_iconLabel->setObjectName(QStringLiteral("iconLabel"));
+    m_textLabel->setObjectName(QStringLiteral("textLabel"));
+    m_buttons->setObjectName(QStringLiteral("buttonBox"));
+    m_textLabel->setWordWrap(true);
+    m_textLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_buttons->setCenterButtons(true);
+
+    auto* message = new QHBoxLayout;
+    message->addWidget(m_iconLabel, 0, Qt::AlignTop);
+    message->addWidget(m_textLabel, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(message, 1);
+    layout->addWidget(m_buttons);
+}
+
+CPopMessageBox::~CPopMessageBox() = default;
+
+void CPopMessageBox::setMessage(const QString& title, const QString& text, TMessageBoxIcon icon,
+                                TMessageBoxType type, const char* slot)
+{
+    disconnect(m_buttons, &QDialogButtonBox::clicked, nullptr, nullptr);
+    m_icon = icon;
+    m_type = type;
+    m_answered = false;
+    setWindowTitle(title);
+    m_textLabel->setText(text);
+    const int side = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
+    m_iconLabel->setPixmap(style()->standardIcon(standardPixmap(icon), nullptr, this).pixmap(side, side));
+
+    m_buttons->clear();
+    if (type == MessageTypeYesNo) {
+        addButton(tr("&Да"), QDialogButtonBox::YesRole, "yesButton");
+        addButton(tr("&Нет"), QDialogButtonBox::NoRole, "noButton")->setFocus();
+    } else {
+        addButton(tr("&ОК"), QDialogButtonBox::AcceptRole, "okButton")->setFocus();
+    }
+    setGuarding(type == MessageTypeYesNo);
+    fitHeight();
+    if (slot && parentWidget())
+        connect(m_buttons, SIGNAL(clicked(QAbstractButton*)), parentWidget(), slot);
+}
+
+QPushButton* CPopMessageBox::addButton(const QString& text, QDialogButtonBox::ButtonRole role,
+                                       const char* name)
+{
+    QPushButton* button = m_buttons->addButton(text, role);
+    button->setObjectName(QLatin1String(name));
+    // Told before clicked(): the slot that gets the answer closes the box.
+    connect(button, &QAbstractButton::released, this, [this] { m_answered = true; });
+    return button;
+}
+
+int CPopMessageBox::ButtonRole(QAbstractButton* button) const
+{
+    return button ? m_buttons->buttonRole(button) : QDialogButtonBox::InvalidRole;
+}
+
+QString CPopMessageBox::text() const
+{
+    return m_textLabel->text();
+}
+
+void CPopMessageBox::fitHeight()
+{
+    const int wanted = layout()->totalHeightForWidth(qMax(width(), layout()->minimumSize().width()));
+    setMinimumHeight(qMax(wanted, 0));
+}
+
+void CPopMessageBox::showEvent(QShowEvent* event)
+{
+    // The button box makes its first accepting button the default one as it is shown; Return does nothing here.
+    for (QAbstractButton* button : m_buttons->buttons()) {
+        if (auto* push = qobject_cast<QPushButton*>(button)) {
+            push->setDefault(false);
+            push->setAutoDefault(false);
+        }
+    }
+    if (!event->spontaneous())
+        moveToCenter();
+    CPopTemplate::showEvent(event);
+}
+
+void CPopMessageBox::resizeEvent(QResizeEvent* event)
+{
+    CPopTemplate::resizeEvent(event);
+    fitHeight();
+}
+
+void CPopMessageBox::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        CPopTemplate::keyPressEvent(event);
+}
+
+void CPopMessageBox::closeEvent(QCloseEvent* event)
+{
+    CPopTemplate::closeEvent(event);
+    if (m_answered || !isVisible())
+        return;
+    m_answered = true;
+    emit m_buttons->clicked(nullptr);
+}

@@ -1,0 +1,91 @@
+#include "HfnWrapper.h"
+
+#include "MDRValues.h"
+
+#include <QStringList>
+#include <QTextCodec>
+
+namespace
+{
+MDRData* recordByKey(CModelTable* table, const QString& key)
+{
+    if (!table || key.isEmpty())
+        return nullptr;
+    const QByteArray bytes = key.toUtf8();
+    const MDRVar value = MDRValue::text(bytes);
+    return MDARecSeekV(table->data.array, 0, &value, 0);
+}
+
+QString text(const QTextCodec* codec, const CModelTable* table, const MDRData* record, const char* field)
+{
+    MDRVar value;
+    table->data.GetVal(record, field, value);
+    if (!MDRValue::hasText(value))
+        return QString();
+    const MDRVar::Text& bytes = value.value.text;
+    return codec ? codec->toUnicode(bytes.data, bytes.length) : QString::fromUtf8(bytes.data, bytes.length);
+}
+
+void append(QString& name, const QString& part)
+{
+    if (part.isEmpty())
+        return;
+    if (!name.isEmpty())
+        name += QLatin1Char(' ');
+    name += part;
+}
+
+// A part that is empty but not null still leaves its point; this is meant.
+QString initial(const QTextCodec* codec, const CModelTable* table, const MDRData* record, const char* field)
+{
+    MDRVar value;
+    table->data.GetVal(record, field, value);
+    if (!MDRValue::isText(value) || value.isNull)
+        return QString();
+    return text(codec, table, record, field).left(1) + QLatin1Char('.');
+}
+} // namespace
+
+QString HfnWrapper::workerShortName(const QTextCodec* codec, CModelTable* workers, QString workerKey)
+{
+    const MDRData* worker = recordByKey(workers, workerKey);
+    if (!worker)
+        return QString();
+    QString name = text(codec, workers, worker, "lastName");
+    append(name, initial(codec, workers, worker, "firstName"));
+    append(name, initial(codec, workers, worker, "patronymicName"));
+    return name;
+}
+
+QString HfnWrapper::workerFullName(const QTextCodec* codec, CModelTable* workers, QString workerKey)
+{
+    const MDRData* worker = recordByKey(workers, workerKey);
+    if (!worker)
+        return QString();
+    QString name = text(codec, workers, worker, "lastName");
+    append(name, text(codec, workers, worker, "firstName"));
+    append(name, text(codec, workers, worker, "patronymicName"));
+    return name;
+}
+
+QString HfnWrapper::workerRoles(const QTextCodec* codec, CModelTable* roles, CModelTable* workerRoles,
+                                QString workerKey)
+{
+    QStringList names;
+    if (!roles || !workerRoles || workerKey.isEmpty())
+        return QString();
+    const QByteArray key = workerKey.toUtf8();
+    for (int i = 0; i < workerRoles->data.RecCount(); ++i) {
+        const MDRData* row = MDARec(workerRoles->data.array, 0, i);
+        MDRVar value;
+        workerRoles->data.GetVal(row, "WorkerKey", value);
+        if (MDRValue::bytes(value) != key)
+            continue;
+        const MDRData* role = recordByKey(roles, text(nullptr, workerRoles, row, "RoleKey"));
+        const QString name = role ? text(codec, roles, role, "name_") : QString();
+        if (!name.isEmpty())
+            names.append(name);
+    }
+    names.sort(Qt::CaseInsensitive);
+    return names.join(QLatin1Char('/'));
+}

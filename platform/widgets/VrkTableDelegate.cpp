@@ -1,0 +1,267 @@
+#include "VrkTableDelegate.h"
+
+#include "HfnTime.h"
+#include "MDRValues.h"
+#include "TemplateText.h"
+#include "VrkTableProxyModel.h"
+
+#include <cmath>
+#include <QAbstractTextDocumentLayout>
+#include <QApplication>
+#include <QHeaderView>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QTableView>
+#include <QTextDocument>
+#include <QTextLayout>
+
+namespace
+{
+constexpr int horizontalMargin = 5;
+constexpr int verticalMargin = 3;
+constexpr int documentsKept = 256; // more rows than a screen shows
+
+QTextOption textOption(Qt::Alignment alignment)
+{
+    QTextOption option(alignment);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    return option;
+}
+
+// Lays a plain text out at a width; returns its size.
+QSizeF layOut(QTextLayout& layout, qreal width)
+{
+    QSizeF size;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        line.setPosition(QPointF(0, size.height()));
+        size.setHeight(size.height() + line.height());
+        size.setWidth(qMax(size.width(), line.naturalTextWidth()));
+    }
+    layout.endLayout();
+    return size;
+}
+
+QString withLineSeparators(QString text)
+{
+    return text.replace(QLatin1Char('\n'), QChar::LineSeparator);
+}
+
+QSizeF textSize(const QString& text, const QFont& font, qreal width)
+{
+    QTextLayout layout(withLineSeparators(text), font);
+    layout.setTextOption(textOption(Qt::AlignLeft));
+    return layOut(layout, width);
+}
+
+QSize iconSize(const QStyleOptionViewItem& option)
+{
+    return option.features & QStyleOptionViewItem::HasDecoration ? option.decorationSize : QSize();
+}
+} // namespace
+
+VrkTableDelegate::VrkTableDelegate(VrkTableProxyModel* model, QTableView* view)
+    : QStyledItemDelegate(view), m_model(model), m_view(view), m_documents(documentsKept)
+{
+}
+
+VrkTableDelegate::~VrkTableDelegate() = default;
+
+QStyleOptionViewItem VrkTableDelegate::cellOption(const QModelIndex& index) const
+{
+    QStyleOptionViewItem option;
+    option.initFrom(m_view);
+    option.font = m_view->font();
+    option.decorationSize = m_view->iconSize();
+    initStyleOption(&option, index);
+    return option;
+}
+
+bool VrkTableDelegate::isTemplateText(const QModelIndex& index) const
+{
+    const VrkTableModel* model = m_model->tableModel();
+    return model && model->isTemplateText(index.column());
+}
+
+QTextDocument* VrkTableDelegate::document(const QModelIndex& index, const QFont& font, int width) const
+{
+    const MDRData* record = m_model->record(index.row());
+    QTextDocument* document = m_documents.object(record);
+    if (!document) {
+        document = new QTextDocument;
+        document->setUndoRedoEnabled(false);
+        document->setDocumentMargin(0);
+        document->setDefaultTextOption(textOption(Qt::AlignLeft));
+        document->setDefaultFont(font);
+        TemplateText::fill(document, index.data(Qt::UserRole).toString());
+        m_documents.insert(record, document);
+    }
+    if (document->defaultFont() != font)
+        document->setDefaultFont(font);
+    if (document->textWidth() != width)
+        document->setTextWidth(width);
+    return document;
+}
+
+int VrkTableDelegate::heightForWidth(const QModelIndex& index, int width) const
+{
+    const QStyleOptionViewItem option = cellOption(index);
+    const QSize icon = iconSize(option);
+    const int iconRoom = icon.isEmpty() || option.text.isEmpty() ? 0 : icon.width() + horizontalMargin;
+    const int inner = qMax(1, width - 2 * horizontalMargin - iconRoom);
+    qreal height = qMax(icon.height(), option.fontMetrics.height());
+    if (isTemplateText(index))
+        height = qMax(height, document(index, option.font, inner)->size().height());
+    else if (!option.text.isEmpty())
+        height = qMax(height, textSize(option.text, option.font, inner).height());
+    return static_cast<int>(std::ceil(height)) + 2 * verticalMargin;
+}
+
+int VrkTableDelegate::naturalWidth(const QModelIndex& index, bool longestWord) const
+{
+    const QStyleOptionViewItem option = cellOption(index);
+    qreal width = qMax(0, option.text.isEmpty() ? iconSize(option).width() : 0);
+    if (longestWord) {
+        const QStringList words = option.text.split(QRegularExpression(QStringLiteral("\\s+")));
+        for (const QString& word : words)
+            width = qMax<qreal>(width, option.fontMetrics.horizontalAdvance(word));
+    } else if (!option.text.isEmpty()) {
+        width = qMax<qreal>(width, option.fontMetrics.size(0, option.text).width());
+    }
+    if (!iconSize(option).isEmpty() && !option.text.isEmpty())
+        width += iconSize(option).width() + horizontalMargin;
+    return static_cast<int>(std::ceil(width)) + 2 * horizontalMargin + 2;
+}
+
+QDate VrkTableDelegate::day(int row) const
+{
+    const VrkTableModel* model = m_model->tableModel();
+    const MDRField* field = model ? model->field(m_model->sortColumn()) : nullptr;
+    const MDRData* record = field && field->type == mdr_TDouble ? m_model->record(row) : nullptr;
+    MDRVar time;
+    if (!record || MDRGetVal(field, record, &time) != mdr_Ok || !MDRValue::hasTime(time))
+        return QDate();
+    return HfnTime_to_DateTime(time.value.real, -1).date();
+}
+
+QDate VrkTableDelegate::dayLine(int row) const
+{
+    const QDate date = row > 0 ? day(row) : QDate();
+    return date.isValid() && day(row - 1) != date ? date : QDate();
+}
+
+int VrkTableDelegate::dayLineHeight(int row) const
+{
+    return dayLine(row).isValid() ? m_view->fontMetrics().height() + 2 * verticalMargin : 0;
+}
+
+void VrkTableDelegate::forget(const MDRData* record)
+{
+    m_documents.remove(record);
+}
+
+void VrkTableDelegate::forgetAll()
+{
+    m_documents.clear();
+}
+
+QSize VrkTableDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const
+{
+    const int width = m_view->columnWidth(index.column());
+    return QSize(naturalWidth(index, false), heightForWidth(index, width) + dayLineHeight(index.row()));
+}
+
+void VrkTableDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const
+{
+    painter->save();
+    painter->setClipRect(option.rect);
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const int dayLine = dayLineHeight(index.row());
+    if (dayLine > 0) {
+        paintDayLine(painter, QRect(cell.rect.topLeft(), QSize(cell.rect.width(), dayLine)), index.row());
+        cell.rect.setTop(cell.rect.top() + dayLine);
+    }
+    m_view->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, m_view);
+    paintLines(painter, cell);
+    paintContents(painter, cell, index);
+    painter->restore();
+}
+
+// Every cell of the row paints its piece of one line that is as wide as the table, so that it scrolls with it.
+void VrkTableDelegate::paintDayLine(QPainter* painter, const QRect& cell, int row) const
+{
+    const QHeaderView* header = m_view->horizontalHeader();
+    const QRect line(-header->offset(), cell.top(), qMax(header->length(), m_view->viewport()->width()),
+                     cell.height());
+    const QString text =
+        QLocale(QLocale::Russian).toString(dayLine(row), QStringLiteral("d MMMM yyyy, dddd"));
+    const QPalette palette = m_view->palette();
+    QFont font = m_view->font();
+    font.setBold(true);
+
+    painter->save();
+    painter->setClipRect(cell);
+    painter->fillRect(cell, palette.brush(QPalette::Window));
+    painter->setPen(palette.color(QPalette::WindowText));
+    painter->setFont(font);
+    const QRect visible(line.left() + header->offset(), line.top(), m_view->viewport()->width(),
+                        line.height());
+    const QRect label = painter->boundingRect(QRect(line.topLeft(), visible.size()), Qt::AlignCenter, text);
+    painter->drawText(label, Qt::AlignCenter, text);
+    QColor rule = palette.color(QPalette::WindowText);
+    rule.setAlphaF(0.5);
+    painter->setPen(rule);
+    const int middle = line.center().y();
+    painter->drawLine(line.left(), middle, label.left() - 2 * horizontalMargin, middle);
+    painter->drawLine(label.right() + 2 * horizontalMargin, middle, line.right(), middle);
+    painter->restore();
+}
+
+void VrkTableDelegate::paintLines(QPainter* painter, const QStyleOptionViewItem& option) const
+{
+    QColor color = option.palette.color(QPalette::WindowText);
+    color.setAlphaF(0.15);
+    painter->setPen(color);
+    painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
+    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+}
+
+void VrkTableDelegate::paintContents(QPainter* painter, const QStyleOptionViewItem& option,
+                                     const QModelIndex& index) const
+{
+    QRect inner = option.rect.adjusted(horizontalMargin, verticalMargin, -horizontalMargin, -verticalMargin);
+    painter->setClipRect(option.rect);
+    const bool hasText = !option.text.isEmpty();
+    const QSize icon = iconSize(option);
+    if (!icon.isEmpty()) {
+        const int firstLine = qMax(icon.height(), option.fontMetrics.height());
+        const QRect box(inner.left(), inner.top(), hasText ? icon.width() : inner.width(), firstLine);
+        option.icon.paint(painter, QStyle::alignedRect(option.direction, Qt::AlignCenter, icon, box));
+        if (hasText)
+            inner.setLeft(inner.left() + icon.width() + horizontalMargin);
+    }
+    if (!hasText)
+        return;
+
+    const bool selected = option.state & QStyle::State_Selected;
+    const QColor color = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+    if (isTemplateText(index)) {
+        QTextDocument* text = document(index, option.font, inner.width());
+        QAbstractTextDocumentLayout::PaintContext context;
+        context.palette.setColor(QPalette::Text, color);
+        painter->translate(inner.topLeft());
+        text->documentLayout()->draw(painter, context);
+        return;
+    }
+    const VrkTableModel* model = m_model->tableModel();
+    const MDRField* field = model ? model->field(index.column()) : nullptr;
+    const bool centred = field && field->type != mdr_TChar && field->type != mdr_TMemo;
+    QTextLayout layout(withLineSeparators(option.text), option.font);
+    layout.setTextOption(textOption(centred ? Qt::AlignHCenter : Qt::AlignLeft));
+    layOut(layout, inner.width());
+    painter->setPen(color);
+    layout.draw(painter, inner.topLeft());
+}

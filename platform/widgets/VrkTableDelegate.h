@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QCache>
+#include <QStyledItemDelegate>
+
+class QTableView;
+class QTextDocument;
+class VrkTableProxyModel;
+struct MDRData;
+
+/// Paints and measures the cells of a record table: wrapped texts from the top, template text rendered, icons in the
+/// middle, and above the first record of a day a line with the date while the table is sorted by a time.
+class VrkTableDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    VrkTableDelegate(VrkTableProxyModel* model, QTableView* view);
+    ~VrkTableDelegate() override;
+
+    /// Height that a cell needs at this width of its column, without the day line.
+    int heightForWidth(const QModelIndex& index, int width) const;
+    /// Width that a cell needs for a text in one line (\a longestWord false) or for its longest word.
+    int naturalWidth(const QModelIndex& index, bool longestWord) const;
+    /// Height of the day line above a row of the proxy, 0 for none.
+    int dayLineHeight(int row) const;
+    /// The date in the day line above a row; invalid when there is none.
+    QDate dayLine(int row) const;
+    /// Drops what is kept about a record, or about all.
+    void forget(const MDRData* record);
+    void forgetAll();
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+private:
+    QStyleOptionViewItem cellOption(const QModelIndex& index) const;
+    bool isTemplateText(const QModelIndex& index) const;
+    QTextDocument* document(const QModelIndex& index, const QFont& font, int width) const;
+    void paintDayLine(QPainter* painter, const QRect& cell, int row) const;
+    void paintContents(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+    void paintLines(QPainter* painter, const QStyleOptionViewItem& option) const;
+    QDate day(int row) const;
+
+    VrkTableProxyModel* m_model;
+    QTableView* m_view;
+    mutable QCache<const MDRData*, QTextDocument> m_documents;
+};

@@ -1,0 +1,137 @@
+#include "VrkTableDelegate.h"
+#include "VrkTableLayout.h"
+#include "VrkTableProxyModel.h"
+
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QStyle>
+#include <QTableView>
+
+namespace
+{
+constexpr int charactersOfWrapped = 16; ///< wider names are wrapped
+constexpr int charactersOfFill = 30;    ///< narrower the text of records is not made
+constexpr int rowsRead = 100;           ///< at most, for the widths
+} // namespace
+
+// The column that takes what remains: the text of records, else the last one in sight.
+int VrkTableLayout::fillColumn() const
+{
+    const QHeaderView* header = m_view->horizontalHeader();
+    int last = -1;
+    for (int visual = 0; visual < header->count(); ++visual) {
+        const int column = header->logicalIndex(visual);
+        if (header->isSectionHidden(column))
+            continue;
+        last = column;
+        if (m_model->tableModel()->isTemplateText(column))
+            return column;
+    }
+    return last;
+}
+
+int VrkTableLayout::headerWidth(int column) const
+{
+    const QHeaderView* header = m_view->horizontalHeader();
+    const int margin = header->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header);
+    const QString text = m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    QFont font = header->font();
+    font.setBold(true); // some styles embolden the header of the selected column
+    int width = QFontMetrics(font).size(0, text).width();
+    if (!m_model->headerData(column, Qt::Horizontal, Qt::DecorationRole).isNull())
+        width += header->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, header) +
+                 (text.isEmpty() ? 0 : margin);
+    // The arrow takes half the height of the header from the section that is sorted.
+    if (header->isSortIndicatorShown() && header->sortIndicatorSection() == column)
+        width += header->sizeHint().height() / 2 + 2 * margin;
+    return width + 2 * margin + 4;
+}
+
+// Reads what the columns need, from the rows in sight; unless \a anew, columns only grow.
+void VrkTableLayout::readWidths(bool anew)
+{
+    if (!m_fitted)
+        return;
+    const int columns = m_model->columnCount();
+    bool grown = anew || m_widths.size() != columns;
+    if (grown)
+        m_widths = QVector<Width>(columns);
+    const int fill = fillColumn();
+    const int first = qMax(0, m_view->rowAt(0));
+    const int below = m_view->rowAt(m_view->viewport()->height() - 1);
+    const int last = qMin((below < 0 ? m_model->rowCount() - 1 : below), first + rowsRead);
+    const int wrapped = charactersOfWrapped * m_view->fontMetrics().averageCharWidth();
+    for (int column = 0; column < columns; ++column) {
+        if (m_view->isColumnHidden(column) || column == fill)
+            continue;
+        Width& width = m_widths[column];
+        const int header = headerWidth(column);
+        int natural = qMax(width.natural, header);
+        int least = qMax(width.least, header);
+        for (int row = first; row <= last; ++row) {
+            if (m_heights.contains(m_model->record(row)))
+                continue; // read when it was measured
+            const QModelIndex cell = m_model->index(row, column);
+            const int inOneLine = m_delegate->naturalWidth(cell, false);
+            if (inOneLine <= natural && inOneLine <= least)
+                continue;
+            const int word = m_delegate->naturalWidth(cell, true);
+            least = qMax(least, word);
+            natural = qMax(natural, qMax(word, qMin(inOneLine, wrapped)));
+        }
+        grown = grown || natural != width.natural || least != width.least;
+        width.natural = natural;
+        width.least = least;
+    }
+    if (grown)
+        distribute();
+}
+
+void VrkTableLayout::fitColumns()
+{
+    m_fitted = true;
+    m_heights.clear();
+    readWidths(true);
+    schedule();
+}
+
+// Gives the columns their widths: what they need in one line, or less where names can be wrapped and room is scarce.
+void VrkTableLayout::distribute()
+{
+    const int fill = fillColumn();
+    if (!m_fitted || m_distributing || fill < 0 || m_widths.size() != m_model->columnCount())
+        return;
+    const QScopedValueRollback<bool> guard(m_distributing, true);
+    QHeaderView* header = m_view->horizontalHeader();
+    const int leastOfFill =
+        qMax(charactersOfFill * m_view->fontMetrics().averageCharWidth(), headerWidth(fill));
+    int wanted = leastOfFill;
+    int spare = 0;
+    for (int column = 0; column < m_widths.size(); ++column) {
+        if (column == fill || m_view->isColumnHidden(column))
+            continue;
+        const Width& width = m_widths[column];
+        wanted += width.byUser ? m_view->columnWidth(column) : width.natural;
+        spare += width.byUser ? 0 : width.natural - width.least;
+    }
+    const int lack = qBound(0, wanted - m_view->viewport()->width(), spare);
+    int rest = m_view->viewport()->width();
+    for (int column = 0; column < m_widths.size(); ++column) {
+        if (column == fill || m_view->isColumnHidden(column))
+            continue;
+        const Width& width = m_widths[column];
+        if (!width.byUser) {
+            const int share = spare > 0 ? (width.natural - width.least) * lack / spare : 0;
+            header->setSectionResizeMode(column, QHeaderView::Interactive);
+            header->resizeSection(column, width.natural - share);
+        }
+        rest -= m_view->columnWidth(column);
+    }
+    if (rest >= leastOfFill) {
+        header->setSectionResizeMode(fill, QHeaderView::Stretch);
+    } else {
+        header->setSectionResizeMode(fill, QHeaderView::Interactive);
+        header->resizeSection(fill, leastOfFill);
+    }
+}

@@ -1,0 +1,319 @@
+#include "VrkTableTool.h"
+
+#include "CVrkCliApp.h"
+#include "CVrkCliMod.h"
+#include "PopGuard.h"
+#include "VrkTableDelegate.h"
+#include "VrkTableLayout.h"
+
+#include <algorithm>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QTableView>
+#include <utility>
+
+struct VrkTableTool::Private {
+    struct Column {
+        QString field;
+        int position = -1; ///< not told
+        bool visible = true;
+    };
+    enum class AfterReset { Nothing, First, Record };
+
+    explicit Private(VrkTableTool* tool) : model(tool), proxy(tool) {}
+
+    Column& settings(const QString& field);
+    void applyColumns();
+    QModelIndex indexOf(const MDRData* record) const;
+    void makeCurrent(const QModelIndex& index);
+    bool isDelivering() const;
+    void waitFor(PopGuard* guard, VrkTableTool* tool);
+    QString selectedText() const;
+
+    VrkTableModel model;
+    VrkTableProxyModel proxy;
+    QPointer<QTableView> view;
+    QPointer<VrkTableLayout> layout; ///< of the view, as is the delegate
+    QVector<Column> columns;         ///< in the order in which they were told
+    AfterReset afterReset = AfterReset::Nothing;
+    MDRData* wanted = nullptr;       ///< to become current after the reset, or when the box above is closed
+    QMetaObject::Connection waiting; ///< for the box above
+};
+
+VrkTableTool::Private::Column& VrkTableTool::Private::settings(const QString& field)
+{
+    for (Column& column : columns) {
+        if (column.field.compare(field, Qt::CaseInsensitive) == 0)
+            return column;
+    }
+    columns.append({field});
+    return columns.last();
+}
+
+void VrkTableTool::Private::applyColumns()
+{
+    QHeaderView* header = view ? view->horizontalHeader() : nullptr;
+    QVector<QPair<int, int>> positions;
+    for (const Column& column : qAsConst(columns)) {
+        const int index = header ? model.idxField(column.field) : -1;
+        if (index < 0)
+            continue;
+        header->setSectionHidden(index, !column.visible);
+        if (column.position >= 0)
+            positions.append({column.position, index});
+    }
+    std::stable_sort(positions.begin(), positions.end(),
+                     [](const auto& left, const auto& right) { return left.first < right.first; });
+    for (const auto& position : qAsConst(positions))
+        header->moveSection(header->visualIndex(position.second), qMin(position.first, header->count() - 1));
+}
+
+// The index of the record's row, in the present column or, when that cannot be seen, in the first one that can.
+QModelIndex VrkTableTool::Private::indexOf(const MDRData* record) const
+{
+    const QModelIndex row = proxy.mapFromSource(model.indexOf(record));
+    const QHeaderView* header = view ? view->horizontalHeader() : nullptr;
+    if (!row.isValid() || !header)
+        return row;
+    int column = view->currentIndex().column();
+    for (int visual = 0; (column < 0 || header->isSectionHidden(column)) && visual < header->count();
+         ++visual)
+        column = header->logicalIndex(visual);
+    return row.sibling(row.row(), qMax(column, 0));
+}
+
+void VrkTableTool::Private::makeCurrent(const QModelIndex& index)
+{
+    if (!view || !index.isValid())
+        return;
+    view->setCurrentIndex(index);
+    layout->showRow(index);
+}
+
+bool VrkTableTool::Private::isDelivering() const
+{
+    for (const QWidget* widget = view; widget; widget = widget->parentWidget()) {
+        if (const auto* module = qobject_cast<const CVrkCliMod*>(widget))
+            return module->app() && module->app()->isDelivering();
+    }
+    return false;
+}
+
+// Makes the wanted record current when the guard, and any that is raised meanwhile, is lowered.
+void VrkTableTool::Private::waitFor(PopGuard* guard, VrkTableTool* tool)
+{
+    QObject::disconnect(waiting);
+    waiting = QObject::connect(guard, &PopGuard::lowered, tool, [this, tool] {
+        if (PopGuard* next = PopGuard::over(view)) {
+            waitFor(next, tool);
+            return;
+        }
+        QObject::disconnect(waiting);
+        makeCurrent(indexOf(wanted));
+        wanted = nullptr;
+    });
+}
+
+VrkTableTool::VrkTableTool(QObject* parent) : QObject(parent), d(new Private(this))
+{
+    // Before the proxy hears of it: nobody is left with a current record that is about to go.
+    connect(&d->model, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        disconnect(d->waiting);
+        d->wanted = nullptr;
+        if (d->view && d->view->selectionModel())
+            d->view->selectionModel()->clearCurrentIndex();
+    });
+    d->proxy.setSourceModel(&d->model);
+    connect(&d->model, &QAbstractItemModel::modelReset, this, [this] {
+        d->applyColumns();
+        const Private::AfterReset then = std::exchange(d->afterReset, Private::AfterReset::Nothing);
+        if (then == Private::AfterReset::First)
+            setCurrentFirst();
+        else if (then == Private::AfterReset::Record)
+            setCurrentRecord(d->wanted);
+    });
+    // Before the view hears of it: while a question is open, its record leaving must not make another one current.
+    connect(&d->proxy, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            [this](const QModelIndex&, int first, int last) {
+                const int row = d->view ? d->view->currentIndex().row() : -1;
+                if (row >= first && row <= last && PopGuard::over(d->view))
+                    d->view->selectionModel()->clear();
+            });
+}
+
+VrkTableTool::~VrkTableTool()
+{
+    if (!d->view)
+        return;
+    delete d->layout;
+    d->view->setModel(nullptr);
+    delete d->view->itemDelegate();
+}
+
+void VrkTableTool::setTableView(QTableView* view)
+{
+    if (!view || d->view)
+        return;
+    d->view = view;
+    view->setModel(&d->proxy);
+    auto* delegate = new VrkTableDelegate(&d->proxy, view);
+    view->setItemDelegate(delegate);
+    d->layout = new VrkTableLayout(&d->proxy, view, delegate);
+    view->installEventFilter(this);
+    d->applyColumns();
+}
+
+void VrkTableTool::setCMDArray(CMDArray* array)
+{
+    d->model.setCMDArray(array);
+}
+
+void VrkTableTool::setDefaultSettingsView()
+{
+    QTableView* view = d->view;
+    if (!view)
+        return;
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setAlternatingRowColors(true);
+    view->setShowGrid(false); // the delegate draws the lines: those of the day run through
+    view->setWordWrap(true);
+    view->setTabKeyNavigation(false);
+    view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view->setCornerButtonEnabled(false);
+
+    QHeaderView* rows = view->verticalHeader();
+    rows->setVisible(false);
+    rows->setSectionResizeMode(QHeaderView::Interactive);
+    rows->setMinimumSectionSize(1);
+    QHeaderView* columns = view->horizontalHeader();
+    columns->setDefaultAlignment(Qt::AlignCenter);
+    columns->setHighlightSections(false);
+    columns->setMinimumSectionSize(1);
+    columns->setSectionsClickable(true);
+    columns->setSortIndicator(d->proxy.sortColumn(), d->proxy.sortOrder());
+    view->setSortingEnabled(true);
+    d->layout->applyFont();
+}
+
+VrkTableModel* VrkTableTool::model() const
+{
+    return &d->model;
+}
+VrkTableProxyModel* VrkTableTool::proxy() const
+{
+    return &d->proxy;
+}
+QTableView* VrkTableTool::tableView() const
+{
+    return d->view;
+}
+
+MDRData* VrkTableTool::currentRecord() const
+{
+    return d->view ? d->proxy.record(d->view->currentIndex().row()) : nullptr;
+}
+
+void VrkTableTool::setCurrentRecord(MDRData* record)
+{
+    disconnect(d->waiting);
+    if (d->model.isResetting()) {
+        d->wanted = record;
+        d->afterReset = Private::AfterReset::Record;
+        return;
+    }
+    PopGuard* guard = d->view ? PopGuard::over(d->view) : nullptr;
+    if (!guard || !d->isDelivering()) {
+        d->makeCurrent(d->indexOf(record));
+        return;
+    }
+    d->wanted = record;
+    d->waitFor(guard, this);
+}
+
+void VrkTableTool::setCurrentFirst()
+{
+    disconnect(d->waiting);
+    if (d->model.isResetting())
+        d->afterReset = Private::AfterReset::First;
+    else
+        d->makeCurrent(d->indexOf(d->proxy.record(0)));
+}
+
+MDRData* VrkTableTool::recordByIndex(const QModelIndex& index) const
+{
+    return index.model() == &d->proxy ? d->proxy.record(index.row()) : nullptr;
+}
+
+void VrkTableTool::setColumnPosition(const QString& field, int position)
+{
+    d->settings(field).position = position;
+    d->applyColumns();
+}
+
+void VrkTableTool::setColumnVisible(const QString& field, bool visible)
+{
+    d->settings(field).visible = visible;
+    const int column = d->model.idxField(field);
+    if (d->view && column >= 0)
+        d->view->setColumnHidden(column, !visible);
+}
+
+void VrkTableTool::sortByColumn(const QString& field, Qt::SortOrder order)
+{
+    const int column = d->model.idxField(field);
+    if (column < 0)
+        return;
+    if (d->view)
+        d->view->sortByColumn(column, order);
+    else
+        d->proxy.sort(column, order);
+}
+
+void VrkTableTool::adjustColumnsWidth()
+{
+    if (d->layout)
+        d->layout->fitColumns();
+}
+
+void VrkTableTool::updateView(MDRData* record, const QVector<int>& columns)
+{
+    d->model.updateRecord(record, columns);
+}
+
+// What is to be read in the selected rows, cells joined by tabs.
+QString VrkTableTool::Private::selectedText() const
+{
+    QModelIndexList rows = view->selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end());
+    const QHeaderView* header = view->horizontalHeader();
+    QStringList lines;
+    for (const QModelIndex& row : qAsConst(rows)) {
+        QStringList cells;
+        for (int visual = 0; visual < header->count(); ++visual) {
+            const int column = header->logicalIndex(visual);
+            const QString text = row.sibling(row.row(), column).data().toString();
+            if (!header->isSectionHidden(column) && !text.isEmpty())
+                cells.append(text);
+        }
+        lines.append(cells.join(QLatin1Char('\t')));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+bool VrkTableTool::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == d->view && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        const QString text = d->selectedText();
+        if (!text.isEmpty())
+            QGuiApplication::clipboard()->setText(text);
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
