@@ -7,11 +7,10 @@
 
 namespace
 {
-/// Each part is preceded by its length, so that parts cannot flow into one another; null differs from empty.
+/// Each part is preceded by its length, so that parts cannot flow into one another.
 void add(QCryptographicHash* hash, const QByteArray& part)
 {
-    const QByteArray length = part.isNull() ? QByteArray("-:") : QByteArray::number(part.size()) + ':';
-    hash->addData(length);
+    hash->addData(QByteArray::number(part.size()) + ':');
     hash->addData(part);
 }
 } // namespace

@@ -3,11 +3,11 @@
 #include "MDArray.h"
 #include "Store.h"
 
-#include <initializer_list>
 #include <QByteArray>
 #include <QTemporaryDir>
 #include <QVariant>
-#include <utility>
+#include <type_traits>
+#include <vector>
 
 /// A temporary SQLite store filled with a small standard journal under readable keys. The set is made once a
 /// process, through the store like any other rows, and copied for each object; it disappears with the object.
@@ -85,11 +85,24 @@ public:
     /// Runs statements on a raw connection, past the store; the engine's message, empty for success.
     QString exec(const QString& sql) const;
 
-    using Fields = std::initializer_list<std::pair<const char*, QVariant>>;
+    /// A field and its value: texts as literals in UTF-8, as QString, or as bytes of the code page; nullptr is null.
+    struct Field {
+        template <class T>
+        Field(const char* fieldName, const T& fieldValue) : name(fieldName)
+        {
+            if constexpr (std::is_convertible_v<T, const char*> && !std::is_same_v<T, QByteArray>)
+                value = QString::fromUtf8(fieldValue);
+            else if constexpr (!std::is_same_v<T, std::nullptr_t>)
+                value = fieldValue;
+        }
+        const char* name;
+        QVariant value;
+    };
+    using Fields = std::vector<Field>;
     /// Writes one row: texts as QString or bytes of the code page, an invalid QVariant is null. The fields
     /// get the user mark, the key does not.
     static bool write(Store* store, const char* table, MDRFlag flag, const QByteArray& key,
-                      Fields fields = {}, StoreError* error = nullptr);
+                      const Fields& fields = {}, StoreError* error = nullptr);
     /// The value of a field of the first record of an answer, texts as QString; invalid when null or without
     /// a record.
     static QVariant field(const MDArray* array, const char* name, int position = 0);

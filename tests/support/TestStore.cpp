@@ -1,0 +1,243 @@
+#include "TestStore.h"
+
+#include "GenGuid32.h"
+#include "MDRValues.h"
+#include "StandardJournal.h"
+#include "StoreAdmin.h"
+#include "TableCatalog.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QTextCodec>
+#include <QUrl>
+#include <sqlite3.h>
+
+namespace
+{
+QTextCodec* codec()
+{
+    static QTextCodec* const found = QTextCodec::codecForName("Windows-1251");
+    return found;
+}
+
+QString urlOf(const QString& file)
+{
+    return QStringLiteral("sqlite://") + QString::fromLatin1(QUrl::toPercentEncoding(file, "/"));
+}
+
+void require(bool done, const StoreError& error)
+{
+    if (!done)
+        qFatal("the store of the tests failed: %s (%s)", qPrintable(error.text), qPrintable(error.detail));
+}
+
+std::unique_ptr<Store> openAs(const QString& url, const QString& login, const Store::Options& options)
+{
+    StoreError error;
+    std::unique_ptr<Store> store = Store::open(url, options, &error);
+    require(store != nullptr, error);
+    StoreLogin user;
+    require(login.isEmpty() || store->signIn(login, &user, &error), error);
+    return store;
+}
+
+/// The files that are copied for each test, made at the first use.
+struct Originals {
+    QTemporaryDir folder;
+    double now = 0;
+
+    Originals()
+    {
+        now = static_cast<double>(QDateTime::currentSecsSinceEpoch());
+        StoreError error;
+        for (const auto content : {TestStore::Empty, TestStore::Standard}) {
+            const QString url = urlOf(file(content));
+            require(StoreAdmin::init(url, "Windows-1251", "Europe/Moscow", &error), error);
+            if (content == TestStore::Standard) {
+                Store::Options options;
+                options.loader = true;
+                writeStandardJournal(openAs(url, QString(), options).get(), now);
+            }
+        }
+    }
+    QString file(TestStore::Content content) const
+    {
+        return folder.filePath(content == TestStore::Empty ? QStringLiteral("empty")
+                                                           : QStringLiteral("standard"));
+    }
+};
+
+const Originals& originals()
+{
+    static const Originals made;
+    return made;
+}
+
+/// A raw connection for looking past the store.
+class RawConnection
+{
+public:
+    explicit RawConnection(const QString& file)
+    {
+        sqlite3_open_v2(file.toUtf8().constData(), &m_db, SQLITE_OPEN_READWRITE, nullptr);
+        sqlite3_busy_timeout(m_db, 5000);
+    }
+    ~RawConnection() { sqlite3_close(m_db); }
+    RawConnection(const RawConnection&) = delete;
+    RawConnection& operator=(const RawConnection&) = delete;
+    sqlite3* handle() const { return m_db; }
+
+private:
+    sqlite3* m_db = nullptr;
+};
+
+QVariant columnOf(sqlite3_stmt* row, int column)
+{
+    const char* data = static_cast<const char*>(sqlite3_column_blob(row, column));
+    const int length = sqlite3_column_bytes(row, column);
+    switch (sqlite3_column_type(row, column)) {
+    case SQLITE_INTEGER:
+        return static_cast<qlonglong>(sqlite3_column_int64(row, column));
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(row, column);
+    case SQLITE_TEXT:
+        return QString::fromUtf8(data, length);
+    case SQLITE_BLOB:
+        return length > 0 ? QByteArray(data, length) : QByteArray("");
+    default:
+        return QVariant();
+    }
+}
+} // namespace
+
+TestStore::TestStore(Content content)
+{
+    if (!QFile::copy(originals().file(content), path()))
+        qFatal("the store of the tests cannot be copied");
+}
+
+TestStore::~TestStore() = default;
+
+QString TestStore::path() const
+{
+    return m_folder.filePath(QStringLiteral("journal.vrk"));
+}
+
+QString TestStore::url() const
+{
+    return urlOf(path());
+}
+
+double TestStore::now()
+{
+    return originals().now;
+}
+
+std::unique_ptr<Store> TestStore::open(const QString& login, const Store::Options& options) const
+{
+    return openAs(url(), login, options);
+}
+
+std::unique_ptr<Store> TestStore::openLoader() const
+{
+    Store::Options options;
+    options.loader = true;
+    return openAs(url(), QString(), options);
+}
+
+QVector<QVariantList> TestStore::rows(const QString& sql) const
+{
+    const RawConnection raw(path());
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(raw.handle(), sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
+        qFatal("%s: %s", sqlite3_errmsg(raw.handle()), qPrintable(sql));
+    QVector<QVariantList> all;
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        QVariantList row;
+        for (int i = 0; i < sqlite3_column_count(statement); ++i)
+            row.append(columnOf(statement, i));
+        all.append(row);
+    }
+    sqlite3_finalize(statement);
+    return all;
+}
+
+QVariant TestStore::value(const QString& sql) const
+{
+    return rows(sql).value(0).value(0);
+}
+
+QString TestStore::exec(const QString& sql) const
+{
+    const RawConnection raw(path());
+    sqlite3_exec(raw.handle(), "PRAGMA foreign_keys = ON", nullptr, nullptr, nullptr);
+    const int code = sqlite3_exec(raw.handle(), sql.toUtf8().constData(), nullptr, nullptr, nullptr);
+    return code == SQLITE_OK ? QString() : QString::fromUtf8(sqlite3_errmsg(raw.handle()));
+}
+
+bool TestStore::write(Store* store, const char* table, MDRFlag flag, const QByteArray& key,
+                      const Fields& fields, StoreError* error)
+{
+    const CatalogTable* known = TableCatalog::table(table);
+    if (!known)
+        qFatal("no table %s", table);
+    const QVector<MDRFieldDescr> descriptors = known->descriptors();
+    CRowBatch batch(descriptors.constData(), descriptors.size());
+    MDRData* row = batch.newRow(flag, key);
+    for (const auto& [name, value] : fields) {
+        const int index = known->fieldIndex(name);
+        if (index < 0)
+            qFatal("no field %s in %s", name, table);
+        const QByteArray text =
+            value.type() == QVariant::ByteArray ? value.toByteArray() : bytes(value.toString());
+        MDRVar var = MDRValue::null();
+        switch (value.isValid() ? known->fields.at(index).type : mdr_TNone) {
+        case mdr_TNone:
+            break;
+        case mdr_TDouble:
+            var = MDRValue::real(value.toDouble());
+            break;
+        case mdr_TChar:
+        case mdr_TMemo:
+        case mdr_TBlob:
+            var = MDRValue::text(text);
+            break;
+        default:
+            var = MDRValue::number(value.toInt());
+        }
+        batch.SetValF(row, name, var);
+    }
+    batch.RecPost(row);
+    StoreError ignored;
+    return store->apply({{table, batch.array}}, GenGuid32(), error ? error : &ignored);
+}
+
+QVariant TestStore::field(const MDArray* array, const char* name, int position)
+{
+    const MDRField* handle = MDRFldByName(array, name);
+    const MDRData* record = MDARec(array, 0, position);
+    MDRVar value;
+    if (!handle || !record || MDRGetVal(handle, record, &value) != mdr_Ok || value.isNull)
+        return QVariant();
+    switch (value.type) {
+    case mdr_TDouble:
+        return value.value.real;
+    case mdr_TBlob:
+        return QByteArray(value.value.text.data, value.value.text.length);
+    case mdr_TChar:
+    case mdr_TMemo:
+        return text(QByteArray(value.value.text.data, value.value.text.length));
+    default:
+        return value.value.number;
+    }
+}
+
+QByteArray TestStore::bytes(const QString& text)
+{
+    return codec()->fromUnicode(text);
+}
+
+QString TestStore::text(const QByteArray& bytes)
+{
+    return codec()->toUnicode(bytes);
+}
