@@ -1,14 +1,22 @@
 #pragma once
 
 #include "CPopTemplate.h"
+#include "RecordDraft.h"
 #include "TEventNciParse.h"
 #include "VrkExport.h"
 
 #include <memory>
 #include <QString>
 
+class CLiteModel;
 class CModelTable;
 class CVrkCliMod;
+class HtmlParser;
+class OrgStructDialog;
+namespace Ui
+{
+class RecordCreatorDialog;
+}
 
 /// The dialog in which a journal record is written: a template chosen on the left, its text filled in on the
 /// right, time of the event, direction and counterpart below. It writes the row by itself as a draft and says
@@ -54,6 +62,97 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    struct Private;
-    std::unique_ptr<Private> d;
+    /// What is being done with the record in work.
+    enum class Mode {
+        Nothing,  ///< not opened yet, or left
+        Create,   ///< a new row
+        Edit,     ///< a draft
+        Read,     ///< approved, deleted, or not to be found
+        Orphaned, ///< was open as a draft and may not be written any more: only a new record can take the text
+    };
+    /// Answers of the bars.
+    enum Answer { SaveText, DropText, Stay, KeepMine, TakeTheirs, SaveAsNew, DropRestored, ReloadTables };
+    struct Kept;
+
+    // RecordCreatorDialog.cpp: the window
+    void connectWidgets();
+    void updateControls();
+    QString holdReason() const;
+    void requestClose();
+    void leave();
+    void answer(int answer);
+    void askUnsaved();
+    void chooseCounterpart();
+    void hideBars();
+    void restoreLayout();
+    void saveLayout() const;
+
+    // RecordCreatorDialog_open.cpp: what is shown
+    void open();
+    void loadTables();
+    void openNew();
+    void openRecord(const QByteArray& key);
+    void restoreKept();
+    void keepUnsaved();
+    void dropRestored();
+    void chooseTemplate();
+    void showDraft(const RecordDraft& draft);
+    void showFields(const RecordDraft& draft);
+    void showMarker();
+    void tellReadOnly();
+    CModelTable* table(const char* name) const;
+    RecordDraft draft() const;
+    bool isDirty() const;
+
+    // RecordCreatorDialog_fill.cpp: what is known already
+    void prefill();
+    void prefillTime();
+    void prefillParameter(const QString& name, const QString& text, const QString& key);
+    void writeAutoTime(const HtmlParser& parser, unsigned index);
+    void eventTimeEdited();
+    QStringList missingParameters() const;
+
+    // RecordCreatorDialog_save.cpp: writing
+    void save();
+    bool insert();
+    bool update();
+    bool findOwnRow(bool* found);
+    void askConflict();
+    void saved();
+    void showFailure(const QString& text);
+
+    // RecordCreatorDialog_events.cpp: what others do
+    void recordEvent(const TEventNciParse* event);
+    void recordArrived(const TEventNciParse* event);
+    void recordChanged(const TEventNciParse* event);
+    void takeUntouched(const RecordDraft& theirs);
+    void recordLost(const QString& what);
+    void saveAsNew();
+    void takeTheirs();
+    QString whoAndWhen(const TEventNciParse* event) const;
+
+    std::unique_ptr<Ui::RecordCreatorDialog> m_form;
+    CVrkCliMod* m_module = nullptr;
+    CModelTable* m_records = nullptr;
+    OrgStructDialog* m_orgStruct = nullptr;
+    std::unique_ptr<CLiteModel> m_tables; ///< templates, categories and reference tables of its own
+    bool m_tablesStale = true;
+    QString m_workerKey;
+    QString m_departmentKey;
+    QString m_orgTypeKey;
+    QString m_workshiftKey;
+
+    Mode m_mode = Mode::Nothing;
+    QByteArray m_requestedKey; ///< record to edit at the next opening, empty to create
+    bool m_openAsked = false;  ///< waits for the answer about unsaved text
+    QByteArray m_key;          ///< of the record in work, kept over retries
+    bool m_attempted = false; ///< a row with this key may have been written although the answer was a failure
+    RecordDraft m_sent;       ///< what the last attempt tried to write
+    RecordDraft m_before;     ///< what the record held when it was opened, or last by others
+    QString m_cleanText;      ///< filled text before the user touched it
+    QString m_autoTime;       ///< what prefilling wrote into the time parameter
+    bool m_lostUnsaved = false; ///< there was unsaved text when the record was lost
+    bool m_conflict = false;    ///< others changed the record under unsaved text
+    bool m_filling = false;     ///< the window changes its own fields
+    std::unique_ptr<Kept> m_kept;
 };

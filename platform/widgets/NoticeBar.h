@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QFrame>
+#include <QVector>
+
+class QHBoxLayout;
+class QLabel;
+
+/// A line inside a window that tells something or asks: an icon, a text, and buttons for what can be done about it.
+/// Hidden until it is shown; asks nothing of the window but its place.
+class NoticeBar : public QFrame
+{
+    Q_OBJECT
+
+public:
+    enum Kind { Information, Warning, Question, Error };
+    /// One answer: what chosen() tells, the button's text, its object name.
+    struct Choice {
+        int id;
+        QString text;
+        QString name;
+    };
+
+    explicit NoticeBar(QWidget* parent = nullptr);
+
+    /// Shows the bar with this text and these buttons, in place of what it showed.
+    void tell(Kind kind, const QString& text, const QVector<Choice>& choices = {});
+    QString text() const;
+    /// Puts the keyboard on the first button.
+    void focusFirstChoice();
+
+signals:
+    /// A button was pressed. The bar stays until its owner hides it.
+    void chosen(int id);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QHBoxLayout* m_layout;
+    QLabel* m_icon;
+    QLabel* m_text;
+    QVector<QWidget*> m_buttons;
+};

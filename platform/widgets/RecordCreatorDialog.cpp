@@ -1,0 +1,311 @@
+#include "RecordCreatorDialog.h"
+
+#include "CLiteModel.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "OrgStructDialog.h"
+#include "OrgStructWidget.h"
+#include "RecordCreatorKept.h"
+#include "ui_RecordCreatorDialog.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QSettings>
+#include <QShortcut>
+
+namespace
+{
+const QSize UsualSize(1200, 650);
+const char* const SplitterSetting = "recordCreator/splitter";
+} // namespace
+
+RecordCreatorDialog::RecordCreatorDialog(QWidget* parent, int flag)
+    : CPopTemplate(parent, flag), m_form(new Ui::RecordCreatorDialog)
+{
+    m_form->setupUi(this);
+    m_form->directionGroup->setId(m_form->noDirectionButton, DirectionNone);
+    m_form->directionGroup->setId(m_form->fromButton, DirectionLeft);
+    m_form->directionGroup->setId(m_form->toButton, DirectionRight);
+    m_form->splitter->setStretchFactor(1, 1);
+    m_form->templateFiller->setOrientation(Qt::Vertical);
+    resize(UsualSize);
+    connectWidgets();
+}
+
+RecordCreatorDialog::~RecordCreatorDialog() = default;
+
+void RecordCreatorDialog::connectWidgets()
+{
+    for (const int enter : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* shortcut = new QShortcut(Qt::CTRL + enter, this);
+        connect(shortcut, &QShortcut::activated, this, &RecordCreatorDialog::save);
+    }
+    auto* search = new QShortcut(QKeySequence::Find, this);
+    connect(search, &QShortcut::activated, this, [this] {
+        if (m_form->templatesWidget->isVisible())
+            m_form->templatesWidget->startSearch();
+    });
+    connect(m_form->saveButton, &QPushButton::clicked, this, &RecordCreatorDialog::save);
+    connect(m_form->cancelButton, &QPushButton::clicked, this, &RecordCreatorDialog::requestClose);
+    connect(m_form->templatesWidget, &TemplatesWidget::selectionChanged, this,
+            &RecordCreatorDialog::chooseTemplate);
+    connect(m_form->templatesWidget, &TemplatesWidget::templateActivated, m_form->templateFiller,
+            QOverload<>::of(&QWidget::setFocus));
+    connect(m_form->templateFiller, &TemplateFiller::templateChanged, this,
+            &RecordCreatorDialog::updateControls);
+    connect(m_form->counterpartEdit, &WorkerEdit::changed, this, &RecordCreatorDialog::updateControls);
+    connect(m_form->counterpartEdit, &WorkerEdit::treeRequested, this,
+            &RecordCreatorDialog::chooseCounterpart);
+    connect(m_form->eventTimeEdit, &QDateTimeEdit::dateTimeChanged, this,
+            &RecordCreatorDialog::eventTimeEdited);
+    connect(m_form->nowButton, &QToolButton::clicked, this,
+            [this] { m_form->eventTimeEdit->setDateTime(m_module->session()->HfnTimeToSesTime()); });
+    for (NoticeBar* bar : {m_form->noticeBar, m_form->failureBar, m_form->questionBar})
+        connect(bar, &NoticeBar::chosen, this, &RecordCreatorDialog::answer);
+}
+
+void RecordCreatorDialog::init(CVrkCliMod* module)
+{
+    m_module = module;
+    m_form->templatesWidget->setTextCodec(module->session()->codec());
+    m_form->templateFiller->setModule(module);
+}
+
+void RecordCreatorDialog::setRecordsTable(CModelTable* table)
+{
+    m_records = table;
+}
+
+void RecordCreatorDialog::setWorkerKey(const QString& key)
+{
+    if (key == m_workerKey)
+        return;
+    m_workerKey = key;
+    m_form->templatesWidget->setUserKey(key);
+}
+
+void RecordCreatorDialog::setDepartmentKey(const QString& key)
+{
+    m_departmentKey = key;
+    m_form->templatesWidget->setRootDepKeyLink(key);
+}
+
+void RecordCreatorDialog::setOrgTypeKey(const QString& key)
+{
+    m_orgTypeKey = key;
+    m_form->templatesWidget->setRootOrgKeyLink(key);
+}
+
+void RecordCreatorDialog::setWorkshiftKey(const QString& key)
+{
+    m_workshiftKey = key;
+}
+
+void RecordCreatorDialog::chooseCounterpart()
+{
+    if (!m_orgStruct) {
+        m_orgStruct = new OrgStructDialog(this, -1);
+        m_orgStruct->widget()->init(m_module);
+        m_orgStruct->widget()->setSelectionType(OrgStruct::Person);
+        connect(m_orgStruct, &OrgStructDialog::itemSelected, this,
+                [this](const OrgStruct::SelectedItem& item) {
+                    m_form->counterpartEdit->setWorkerKey(item.worker.keyLink.toUtf8());
+                });
+    }
+    OrgStruct::Worker chosen;
+    chosen.keyLink = QString::fromUtf8(m_form->counterpartEdit->workerKey());
+    m_orgStruct->widget()->setCurrectItem(chosen);
+    m_orgStruct->show();
+}
+
+void RecordCreatorDialog::updateControls()
+{
+    const bool creating = m_mode == Mode::Create;
+    const bool writable = creating || m_mode == Mode::Edit || m_mode == Mode::Orphaned;
+    m_form->templatesWidget->setVisible(creating);
+    m_form->keepOpenCheck->setVisible(creating);
+    m_form->templateFiller->setEnabled(writable);
+    m_form->eventTimeEdit->setEnabled(writable);
+    m_form->nowButton->setEnabled(writable);
+    for (QAbstractButton* button : m_form->directionGroup->buttons())
+        button->setEnabled(writable);
+    m_form->counterpartEdit->setEnabled(writable);
+    m_form->saveButton->setVisible(m_mode != Mode::Read);
+    m_form->cancelButton->setText(m_mode == Mode::Read ? tr("Закрыть") : tr("Отмена"));
+
+    const QString reason = holdReason();
+    m_form->saveButton->setEnabled(reason.isEmpty());
+    m_form->saveButton->setToolTip(reason.isEmpty() ? tr("Ctrl+Enter") : reason);
+    m_form->holdLabel->setText(m_mode == Mode::Read ? QString() : reason);
+    m_form->holdLabel->setToolTip(m_form->holdLabel->text());
+}
+
+QString RecordCreatorDialog::holdReason() const
+{
+    switch (m_mode) {
+    case Mode::Nothing:
+    case Mode::Read:
+        return tr("Запись открыта только для чтения");
+    case Mode::Orphaned:
+        return tr("Эту запись изменить больше нельзя");
+    case Mode::Create:
+        if (m_workerKey.isEmpty())
+            return tr("Не известен автор записи");
+        if (m_workshiftKey.isEmpty())
+            return tr("Нет открытой смены");
+        break;
+    case Mode::Edit:
+        break;
+    }
+    const TemplateFiller* filler = m_form->templateFiller;
+    if (filler->filledTemplate(true).isEmpty())
+        return tr("Выберите шаблон");
+    if (!filler->isFilled()) {
+        const QStringList missing = missingParameters();
+        return missing.isEmpty() ? tr("Заполнены не все параметры")
+                                 : tr("Не заполнено: %1").arg(missing.join(QStringLiteral(", ")));
+    }
+    if (!m_form->counterpartEdit->isResolved())
+        return tr("Выберите собеседника из списка");
+    return QString();
+}
+
+void RecordCreatorDialog::hideBars()
+{
+    m_form->noticeBar->hide();
+    m_form->failureBar->hide();
+    m_form->questionBar->hide();
+}
+
+void RecordCreatorDialog::showFailure(const QString& text)
+{
+    m_form->failureBar->tell(NoticeBar::Error, text);
+}
+
+void RecordCreatorDialog::requestClose()
+{
+    if (isDirty())
+        askUnsaved();
+    else
+        leave();
+}
+
+void RecordCreatorDialog::askUnsaved()
+{
+    QVector<NoticeBar::Choice> choices;
+    if (m_mode == Mode::Orphaned)
+        choices.append({SaveAsNew, tr("Сохранить новой записью"), QStringLiteral("saveAsNewButton")});
+    else if (holdReason().isEmpty())
+        choices.append({SaveText, tr("Сохранить"), QStringLiteral("saveTextButton")});
+    choices.append({DropText, tr("Не сохранять"), QStringLiteral("dropTextButton")});
+    choices.append({Stay, tr("Вернуться"), QStringLiteral("stayButton")});
+    const bool complete = m_mode == Mode::Orphaned || holdReason().isEmpty();
+    m_form->questionBar->tell(NoticeBar::Question,
+                              complete ? tr("Текст не сохранён. Сохранить его?")
+                                       : tr("Текст не сохранён и заполнен не полностью."),
+                              choices);
+    m_form->questionBar->focusFirstChoice();
+}
+
+void RecordCreatorDialog::answer(int answer)
+{
+    m_form->questionBar->hide();
+    switch (answer) {
+    case SaveText:
+        save();
+        break;
+    case DropText:
+        m_form->templateFiller->valuesWritten();
+        leave();
+        break;
+    case Stay:
+        m_openAsked = false;
+        m_form->templateFiller->setFocus();
+        break;
+    case KeepMine:
+        m_conflict = false;
+        save();
+        break;
+    case TakeTheirs:
+        takeTheirs();
+        break;
+    case SaveAsNew:
+        saveAsNew();
+        break;
+    case DropRestored:
+        dropRestored();
+        break;
+    case ReloadTables:
+        m_form->failureBar->hide();
+        loadTables();
+        updateControls();
+        break;
+    }
+}
+
+void RecordCreatorDialog::leave()
+{
+    m_mode = Mode::Nothing;
+    if (m_openAsked)
+        open();
+    else
+        close();
+}
+
+void RecordCreatorDialog::showEvent(QShowEvent* event)
+{
+    if (!event->spontaneous()) {
+        restoreLayout();
+        open();
+    }
+    CPopTemplate::showEvent(event);
+}
+
+void RecordCreatorDialog::hideEvent(QHideEvent* event)
+{
+    if (!event->spontaneous()) {
+        keepUnsaved();
+        saveLayout();
+        if (m_orgStruct)
+            m_orgStruct->close();
+    }
+    CPopTemplate::hideEvent(event);
+}
+
+void RecordCreatorDialog::closeEvent(QCloseEvent* event)
+{
+    // By the frame the user closes the window and is asked; a close() of the program keeps the text for the next time.
+    if (event->spontaneous() && isDirty()) {
+        event->ignore();
+        askUnsaved();
+        return;
+    }
+    CPopTemplate::closeEvent(event);
+}
+
+void RecordCreatorDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Escape || event->modifiers() != Qt::NoModifier)
+        CPopTemplate::keyPressEvent(event);
+    else if (m_form->questionBar->isVisible())
+        answer(Stay);
+    else
+        requestClose();
+}
+
+void RecordCreatorDialog::restoreLayout()
+{
+    const QSettings settings;
+    if (!m_form->splitter->restoreState(settings.value(QLatin1String(SplitterSetting)).toByteArray()))
+        m_form->splitter->setSizes({width() / 3, width() - width() / 3});
+}
+
+void RecordCreatorDialog::saveLayout() const
+{
+    if (!m_form->templatesWidget->isVisibleTo(this))
+        return; // without the tree the splitter has nothing to tell
+    QSettings settings;
+    settings.setValue(QLatin1String(SplitterSetting), m_form->splitter->saveState());
+}

@@ -1,0 +1,273 @@
+#include "RecordCreatorDialog.h"
+
+#include "CLiteModel.h"
+#include "CToolLiteModel.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "GenGuid32.h"
+#include "HtmlParser.h"
+#include "MDRValues.h"
+#include "RecordCreatorKept.h"
+#include "ui_RecordCreatorDialog.h"
+
+#include <QScopedValueRollback>
+#include <QStyle>
+#include <QTextCodec>
+
+namespace
+{
+const char* const CategoriesTable = "LogbookCatsTemplate";
+const char* const TemplatesTable = "LogbookTemplates";
+
+MDRData* recordWithKey(CModelTable* table, const QByteArray& key)
+{
+    if (!table || key.isEmpty())
+        return nullptr;
+    const MDRRange found = MDARecsWith(table->data.array, "KeyLink", key.constData());
+    return found.count > 0 ? *found.begin() : nullptr;
+}
+} // namespace
+
+void RecordCreatorDialog::setCurrentRecord(MDRData* record)
+{
+    MDRVar key;
+    if (record)
+        MDRGetVal(MDRFldByName(MDARecArr(record), "KeyLink"), record, &key);
+    m_requestedKey = MDRValue::copy(key);
+    if (!isVisible())
+        return;
+    const bool sameRecord = m_requestedKey.isEmpty() ? m_mode == Mode::Create : m_requestedKey == m_key;
+    if (sameRecord)
+        return;
+    m_openAsked = isDirty();
+    if (m_openAsked)
+        askUnsaved();
+    else
+        open();
+}
+
+void RecordCreatorDialog::open()
+{
+    m_openAsked = false;
+    hideBars();
+    loadTables();
+    if (m_requestedKey.isEmpty())
+        openNew();
+    else
+        openRecord(m_requestedKey);
+    updateControls();
+}
+
+void RecordCreatorDialog::loadTables()
+{
+    if (!m_tablesStale)
+        return;
+    CToolLiteModel tool(m_module);
+    tool.m_names = QStringList{QStringLiteral("Workers"),       QStringLiteral("Departments"),
+                               QStringLiteral("Organizations"), QStringLiteral("OrgTypes"),
+                               QLatin1String(CategoriesTable),  QLatin1String(TemplatesTable)};
+    tool.Perform(false);
+    const bool complete = tool.m_loaded.size() == static_cast<std::size_t>(tool.m_names.size());
+    if (!complete) {
+        m_form->failureBar->tell(
+            NoticeBar::Error,
+            tr("Не удалось загрузить шаблоны: %1").arg(m_module->session()->lastErrorText()),
+            {{ReloadTables, tr("Повторить"), QStringLiteral("reloadTablesButton")}});
+    }
+    if (!complete && m_tables)
+        return; // what was loaded earlier is better than a part of it
+    m_tablesStale = !complete;
+    const std::unique_ptr<CLiteModel> old = std::move(m_tables);
+    m_tables.reset(tool.m_model);
+    tool.m_model = nullptr;
+
+    TemplatesWidget* templates = m_form->templatesWidget;
+    templates->setCatsTemplateTable(table(CategoriesTable));
+    templates->setTemplatesTable(table(TemplatesTable));
+    templates->setDepartmentsTable(table("Departments"));
+    templates->setOrgTypesTable(table("OrgTypes"));
+    m_form->counterpartEdit->setWorkers(m_module->session()->codec(), table("Workers"), table("Departments"));
+}
+
+CModelTable* RecordCreatorDialog::table(const char* name) const
+{
+    return m_tables ? m_tables->GetTableByName(name) : nullptr;
+}
+
+void RecordCreatorDialog::openNew()
+{
+    setWindowTitle(tr("Новая запись"));
+    m_mode = Mode::Create;
+    m_key = GenGuid32();
+    m_attempted = false;
+    m_conflict = false;
+    m_before = RecordDraft();
+    m_before.eventTime = DateTime_To_HfnTime(m_module->session()->HfnTimeToSesTime());
+    {
+        QScopedValueRollback<bool> filling(m_filling, true);
+        m_form->templatesWidget->clearSelection();
+    }
+    showDraft(m_before);
+    if (m_kept)
+        restoreKept();
+    m_form->templatesWidget->setVisible(true);
+    m_form->templatesWidget->startSearch();
+}
+
+void RecordCreatorDialog::openRecord(const QByteArray& key)
+{
+    m_key = key;
+    m_attempted = false;
+    m_conflict = false;
+    m_before = RecordDraft();
+    const MDRData* record = recordWithKey(m_records, key);
+    if (record)
+        m_before.read(record, m_module->session()->codec());
+    const bool draft = record && m_before.status == StatusDraft;
+    m_mode = draft ? Mode::Edit : Mode::Read;
+    setWindowTitle(draft ? tr("Правка записи") : tr("Просмотр записи"));
+    showDraft(m_before);
+    if (!record)
+        m_form->noticeBar->tell(NoticeBar::Warning, tr("Запись не найдена: возможно, она удалена."));
+    else if (!draft)
+        tellReadOnly();
+    else if (m_kept && !m_kept->create && m_kept->key == key)
+        restoreKept();
+    m_form->templateFiller->setFocus();
+}
+
+void RecordCreatorDialog::tellReadOnly()
+{
+    m_form->noticeBar->tell(NoticeBar::Information,
+                            m_before.status == StatusDeleted
+                                ? tr("Запись удалена и открыта только для чтения.")
+                                : tr("Запись утверждена и открыта только для чтения."));
+}
+
+void RecordCreatorDialog::showDraft(const RecordDraft& draft)
+{
+    QScopedValueRollback<bool> filling(m_filling, true);
+    m_form->templateFiller->setTemplate(draft.html);
+    m_cleanText = m_form->templateFiller->filledTemplate(true);
+    m_autoTime.clear();
+    showMarker();
+    showFields(draft);
+}
+
+void RecordCreatorDialog::showFields(const RecordDraft& draft)
+{
+    QScopedValueRollback<bool> filling(m_filling, true);
+    m_form->eventTimeEdit->setDateTime(HfnTime_to_DateTime(draft.eventTime, -1));
+    m_form->counterpartEdit->setWorkerKey(draft.receiverKey);
+    if (QAbstractButton* button = m_form->directionGroup->button(draft.direction))
+        button->setChecked(true);
+    updateControls();
+}
+
+void RecordCreatorDialog::chooseTemplate()
+{
+    if (m_filling)
+        return;
+    const MDRData* chosen = m_form->templatesWidget->currentTemplate();
+    if (!chosen && isDirty())
+        return; // the template was deleted meanwhile: what is typed stays, the record carries its own text
+    MDRVar html;
+    if (chosen)
+        MDRGetVal(MDRFldByName(MDARecArr(chosen), "html"), chosen, &html);
+    {
+        QScopedValueRollback<bool> filling(m_filling, true);
+        m_form->templateFiller->setTemplate(m_module->session()->codec()->toUnicode(MDRValue::bytes(html)));
+        prefill();
+        m_cleanText = m_form->templateFiller->filledTemplate(true);
+    }
+    showMarker();
+    updateControls();
+}
+
+void RecordCreatorDialog::showMarker()
+{
+    const QString marker = RecordDraft::firstMarker(m_form->templateFiller->filledTemplate(true));
+    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    m_form->markerIconLabel->setPixmap(QIcon(marker).pixmap(size, size));
+    m_form->markerIconLabel->setVisible(!marker.isEmpty());
+    m_form->markerLabel->setVisible(!marker.isEmpty());
+}
+
+RecordDraft RecordCreatorDialog::draft() const
+{
+    RecordDraft draft = m_before;
+    const QString text = m_form->templateFiller->filledTemplate(true);
+    // Untouched text is the stored one to the letter, whatever the filler makes of it.
+    draft.html = m_mode == Mode::Edit && text == m_cleanText ? m_before.html : text;
+    draft.eventTime = DateTime_To_HfnTime(m_form->eventTimeEdit->dateTime());
+    draft.direction = m_form->directionGroup->checkedId();
+    draft.receiverKey = m_form->counterpartEdit->workerKey();
+    // The first mark follows the time of the event, unless it was set to another time.
+    if (RecordDraft::firstMarker(draft.html).isEmpty())
+        return draft;
+    if (m_before.firstMark == 0.0 || m_before.firstMark == m_before.eventTime)
+        draft.firstMark = draft.eventTime;
+    return draft;
+}
+
+bool RecordCreatorDialog::isDirty() const
+{
+    switch (m_mode) {
+    case Mode::Nothing:
+    case Mode::Read:
+        return false;
+    case Mode::Create:
+        return m_form->templateFiller->filledTemplate(true) != m_cleanText ||
+               !m_form->counterpartEdit->workerKey().isEmpty();
+    case Mode::Edit:
+        return !draft().differences(m_before).isEmpty();
+    case Mode::Orphaned:
+        return m_lostUnsaved || m_form->templateFiller->filledTemplate(true) != m_cleanText;
+    }
+    return false;
+}
+
+void RecordCreatorDialog::keepUnsaved()
+{
+    if (!isDirty()) {
+        m_mode = Mode::Nothing;
+        return;
+    }
+    m_kept = std::make_unique<Kept>();
+    m_kept->create = m_mode != Mode::Edit;
+    m_kept->key = m_mode == Mode::Orphaned ? GenGuid32() : m_key;
+    m_kept->templateKey = m_form->templatesWidget->currentTemplateKey();
+    m_kept->attempted = m_attempted;
+    m_kept->sent = m_sent;
+    m_kept->draft = draft();
+    m_form->templateFiller->valuesWritten();
+    m_mode = Mode::Nothing;
+}
+
+void RecordCreatorDialog::restoreKept()
+{
+    const std::unique_ptr<Kept> kept = std::move(m_kept);
+    if (m_mode == Mode::Create) {
+        m_key = kept->create ? kept->key : GenGuid32();
+        m_attempted = kept->attempted && kept->create;
+        m_sent = kept->sent;
+        QScopedValueRollback<bool> filling(m_filling, true);
+        m_form->templatesWidget->selectTemplate(kept->templateKey);
+    }
+    const QString clean = m_cleanText;
+    showDraft(kept->draft);
+    m_cleanText = clean;
+    m_form->noticeBar->tell(NoticeBar::Information, tr("Восстановлен несохранённый текст"),
+                            {{DropRestored, tr("Отбросить"), QStringLiteral("dropRestoredButton")}});
+}
+
+void RecordCreatorDialog::dropRestored()
+{
+    m_form->templateFiller->valuesWritten();
+    m_form->noticeBar->hide();
+    if (m_mode == Mode::Edit)
+        openRecord(m_key);
+    else
+        openNew();
+    updateControls();
+}
