@@ -8,19 +8,28 @@
 
 namespace
 {
-QStyle::StandardPixmap standardPixmap(TMessageBoxIcon icon)
+QString iconName(TMessageBoxIcon icon)
 {
     switch (icon) {
     case MessageIconError:
-        return QStyle::SP_MessageBoxCritical;
+        return QStringLiteral("error");
     case MessageIconQuestion:
-        return QStyle::SP_MessageBoxQuestion;
+        return QStringLiteral("question");
     case MessageIconWarning:
-        return QStyle::SP_MessageBoxWarning;
+        return QStringLiteral("warning");
     case MessageIconInformation:
         break;
     }
-    return QStyle::SP_MessageBoxInformation;
+    return QStringLiteral("information");
+}
+
+// The larger rendering, shown at the size of message icons.
+QPixmap iconPixmap(TMessageBoxIcon icon, int side)
+{
+    QPixmap pixmap(QStringLiteral(":/vrk/%1@2x.png").arg(iconName(icon)));
+    if (!pixmap.isNull())
+        pixmap.setDevicePixelRatio(static_cast<qreal>(pixmap.width()) / side);
+    return pixmap;
 }
 } // namespace
 
@@ -58,7 +67,7 @@ void CPopMessageBox::setMessage(const QString& title, const QString& text, TMess
     setWindowTitle(title);
     m_textLabel->setText(text);
     const int side = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
-    m_iconLabel->setPixmap(style()->standardIcon(standardPixmap(icon), nullptr, this).pixmap(side, side));
+    m_iconLabel->setPixmap(iconPixmap(icon, side));
 
     m_buttons->clear();
     if (type == MessageTypeYesNo) {

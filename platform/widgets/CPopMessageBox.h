@@ -2,6 +2,7 @@
 
 #include "CPopTemplate.h"
 
+#include <QAbstractButton> // for connections to clicked()
 #include <QDialogButtonBox>
 #include <QString>
 

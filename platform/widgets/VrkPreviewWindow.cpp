@@ -1,0 +1,152 @@
+#include "VrkPreviewWindow.h"
+
+#include "CPopMessageBox.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrintPreviewWidget>
+#include <QTextDocument>
+#include <QToolBar>
+
+namespace
+{
+constexpr qreal marginMillimetres = 12;
+
+void setUpPage(QPrinter* printer, QPageLayout::Orientation orientation)
+{
+    printer->setPageSize(QPageSize(QPageSize::A4));
+    printer->setPageOrientation(orientation);
+    printer->setPageMargins(
+        QMarginsF(marginMillimetres, marginMillimetres, marginMillimetres, marginMillimetres),
+        QPageLayout::Millimeter);
+}
+} // namespace
+
+VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
+    : QMainWindow(parent, Qt::Window),
+      m_document(new QTextDocument(this)),
+      m_printer(new QPrinter(QPrinter::HighResolution))
+{
+    setObjectName(QStringLiteral("VrkPreviewWindow"));
+    m_printer->setOutputFormat(QPrinter::PdfFormat); // a preview needs no printer
+    setUpPage(m_printer.get(), QPageLayout::Landscape);
+    m_preview = new QPrintPreviewWidget(m_printer.get(), this);
+    m_preview->setObjectName(QStringLiteral("previewWidget"));
+    m_pageLabel = new QLabel(this);
+    m_pageLabel->setObjectName(QStringLiteral("pageLabel"));
+    setCentralWidget(m_preview);
+    connect(m_preview, &QPrintPreviewWidget::paintRequested, m_document, &QTextDocument::print);
+    connect(m_preview, &QPrintPreviewWidget::previewChanged, this, &VrkPreviewWindow::updatePageLabel);
+    addActions();
+    const int em = fontMetrics().height();
+    resize(70 * em, 48 * em);
+}
+
+VrkPreviewWindow::~VrkPreviewWindow()
+{
+    delete m_preview; // before its printer
+}
+
+void VrkPreviewWindow::addActions()
+{
+    QToolBar* bar = addToolBar(tr("Просмотр"));
+    bar->setObjectName(QStringLiteral("previewBar"));
+    bar->setMovable(false);
+    const auto add = [this, bar](const char* name, const QString& text, const QKeySequence& key, auto slot) {
+        QAction* action = bar->addAction(text, this, slot);
+        action->setObjectName(QLatin1String(name));
+        action->setShortcut(key);
+        if (!key.isEmpty())
+            action->setToolTip(QStringLiteral("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText)));
+        return action;
+    };
+    add("printAction", tr("Печать..."), QKeySequence::Print, [this] { print(); });
+    add("pdfAction", tr("Сохранить в PDF..."), QKeySequence::Save, [this] { askPdf(); });
+    bar->addSeparator();
+    QAction* portrait = add("portraitAction", tr("Книжная"), QKeySequence(), [] {});
+    portrait->setCheckable(true);
+    connect(portrait, &QAction::toggled, this, [this](bool on) {
+        setUpPage(m_printer.get(), on ? QPageLayout::Portrait : QPageLayout::Landscape);
+        m_preview->updatePreview();
+    });
+    bar->addSeparator();
+    add("fitWidthAction", tr("По ширине"), QKeySequence(), [this] { m_preview->fitToWidth(); });
+    add("fitPageAction", tr("Страница целиком"), QKeySequence(), [this] { m_preview->fitInView(); });
+    add("zoomInAction", tr("Крупнее"), QKeySequence::ZoomIn, [this] { m_preview->zoomIn(); });
+    add("zoomOutAction", tr("Мельче"), QKeySequence::ZoomOut, [this] { m_preview->zoomOut(); });
+    bar->addSeparator();
+    add("previousPageAction", tr("Назад"), QKeySequence(Qt::ALT + Qt::Key_PageUp),
+        [this] { m_preview->setCurrentPage(m_preview->currentPage() - 1); });
+    bar->addWidget(m_pageLabel);
+    add("nextPageAction", tr("Вперёд"), QKeySequence(Qt::ALT + Qt::Key_PageDown),
+        [this] { m_preview->setCurrentPage(m_preview->currentPage() + 1); });
+    auto* closeAction = new QAction(this);
+    closeAction->setShortcut(Qt::Key_Escape);
+    connect(closeAction, &QAction::triggered, this, &QWidget::close);
+    addAction(closeAction);
+}
+
+void VrkPreviewWindow::updatePreview()
+{
+    m_preview->updatePreview();
+    m_preview->fitToWidth();
+    updatePageLabel();
+}
+
+int VrkPreviewWindow::pageCount() const
+{
+    return m_preview->pageCount();
+}
+
+void VrkPreviewWindow::updatePageLabel()
+{
+    m_pageLabel->setText(tr(" Страница %1 из %2 ").arg(m_preview->currentPage()).arg(m_preview->pageCount()));
+}
+
+void VrkPreviewWindow::print()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(windowTitle());
+    setUpPage(&printer, m_printer->pageLayout().orientation());
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() == QDialog::Accepted)
+        m_document->print(&printer);
+}
+
+bool VrkPreviewWindow::savePdf(const QString& file)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(file);
+    printer.setDocName(windowTitle());
+    setUpPage(&printer, m_printer->pageLayout().orientation());
+    QFile probe(file);
+    if (!probe.open(QIODevice::WriteOnly))
+        return false;
+    probe.close();
+    m_document->print(&printer);
+    return printer.printerState() != QPrinter::Error && QFileInfo(file).size() > 0;
+}
+
+void VrkPreviewWindow::askPdf()
+{
+    QString file =
+        QFileDialog::getSaveFileName(this, tr("Сохранение в PDF"), QString(), tr("Документы PDF (*.pdf)"));
+    if (file.isEmpty())
+        return;
+    if (QFileInfo(file).suffix().isEmpty())
+        file += QStringLiteral(".pdf");
+    if (savePdf(file))
+        return;
+    auto* box = findChild<CPopMessageBox*>();
+    if (!box)
+        box = new CPopMessageBox(this);
+    box->setMessage(tr("Ошибка сохранения"), tr("<center>Не удалось записать файл!</center>"),
+                    MessageIconError, MessageTypeOk);
+    connect(box->buttonBox(), &QDialogButtonBox::clicked, box, &QWidget::close);
+    box->show();
+}
