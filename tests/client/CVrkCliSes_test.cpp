@@ -1,0 +1,475 @@
+#include "CVrkCliSes.h"
+#include "FakeStore.h"
+#include "LogbookFields.h"
+
+#include <QTextCodec>
+#include <QtTest>
+
+/// The session's own rules, over a store that only keeps what it is asked.
+class CVrkCliSesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { session.reset(); }
+
+    void a_select_goes_to_the_store_as_it_stands();
+    void a_failed_select_gives_null_and_the_reason();
+    void a_failed_select_leaves_its_table_alone();
+    void a_write_goes_to_the_store_with_a_fresh_batch_key();
+    void a_refused_write_tells_table_and_reason();
+    void a_write_without_array_or_table_fails();
+    void a_success_forgets_the_last_error();
+
+    void a_block_is_written_at_its_end_in_the_order_given();
+    void a_block_holds_the_records_as_they_were_at_the_call();
+    void a_dropped_block_writes_nothing();
+    void an_empty_block_is_true_and_asks_nothing();
+    void a_block_in_a_block_is_written_with_the_outer_one();
+    void a_dropped_inner_block_drops_its_own_part_only();
+    void an_outer_block_dropped_takes_the_inner_along();
+    void the_end_of_no_block_is_false();
+    void a_failed_block_is_closed();
+
+    void a_write_whose_answer_was_lost_is_sent_again_under_its_key();
+    void a_refused_write_is_not_sent_again();
+    void a_write_that_cost_the_deadline_is_not_sent_again();
+    void while_the_session_is_down_requests_fail_at_once();
+    void the_session_comes_back_when_the_link_is_found();
+    void without_events_a_lost_link_is_tried_with_each_request();
+
+    void rights_come_from_the_store();
+    void time_comes_from_the_store();
+    void time_is_reckoned_on_while_the_store_is_silent();
+    void session_times_are_local_times();
+
+    void file_get_answers_one_record();
+    void file_get_recodes_its_argument();
+    void a_missing_file_is_an_answer_with_a_code();
+    void an_unknown_packet_is_refused();
+    void a_packet_without_a_link_is_false();
+    void wait_result_needs_an_answer();
+    void each_block_is_freed_once();
+    void blobs_are_fetched_through_the_session();
+
+private:
+    std::shared_ptr<FakeStore::State> store;
+    std::unique_ptr<CVrkCliSes> session;
+    std::unique_ptr<QSignalSpy> failed;
+
+    static void addShift(CRowBatch& batch, MDRFlag flag, const QByteArray& key)
+    {
+        MDRData* row = batch.newRow(flag, key);
+        if (flag != ROW_DELETE)
+            batch.SetValF(row, "endTime", MDRValue::real(1));
+        batch.RecPost(row);
+    }
+    bool writeShift(const QByteArray& key)
+    {
+        CRowBatch batch(LogbookWorkshiftFields, 7);
+        addShift(batch, ROW_INSERT, key);
+        return session->SqlUpdate("LogbookWorkshifts", batch.array, true, nullptr);
+    }
+    HFNCliParam* getFile(const char* argument)
+    {
+        HFNCliParam* block = nullptr;
+        const QByteArray bytes = session->codec()->fromUnicode(QString::fromUtf8(argument));
+        session->PacketExec("FileGet", reinterpret_cast<const unsigned char*>(bytes.constData()),
+                            bytes.size(), &block);
+        return block;
+    }
+    static int code(HFNCliParam* block)
+    {
+        int value = -100;
+        MDRGetAsInt32(MDRFldByNum(block->array, 0), block, &value);
+        return value;
+    }
+};
+
+void CVrkCliSesTest::init()
+{
+    store = std::make_shared<FakeStore::State>();
+    session = std::make_unique<CVrkCliSes>(std::make_unique<FakeStore>(store));
+    failed = std::make_unique<QSignalSpy>(session.get(), &CVrkCliSes::requestFailed);
+}
+
+void CVrkCliSesTest::a_select_goes_to_the_store_as_it_stands()
+{
+    CMDArray answer;
+    answer = session->SqlRequest("SELECT * FROM Workers WHERE name_='Пётр' ;");
+    QVERIFY(answer.array);
+    QCOMPARE(store->asked, QStringList(QStringLiteral("select SELECT * FROM Workers WHERE name_='Пётр' ;")));
+    QCOMPARE(failed->count(), 0);
+}
+
+void CVrkCliSesTest::a_failed_select_gives_null_and_the_reason()
+{
+    store->failures = {FakeStore::error(StoreError::BadRequest, QStringLiteral("Запрос не понят."))};
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("SqlRequest.*Запрос не понят.*SELECT 1x")));
+    QVERIFY(!session->SqlRequest("SELECT 1x"));
+    QCOMPARE(session->lastErrorText(), QStringLiteral("Запрос не понят."));
+    QCOMPARE(failed->count(), 1);
+    QCOMPARE(failed->at(0), (QVariantList{false, QString(), QStringLiteral("Запрос не понят.")}));
+    QVERIFY(session->isConnected());
+}
+
+void CVrkCliSesTest::a_failed_select_leaves_its_table_alone()
+{
+    CMDArray table;
+    MDACreate(&table.array, 0);
+    MDArray* const before = table.array;
+    store->failures = {FakeStore::error(StoreError::BadRequest, QStringLiteral("Запрос не понят."))};
+    table = session->SqlRequest("SELECT 1x");
+    QCOMPARE(table.lastError, -3);
+    QCOMPARE(table.array, before);
+}
+
+void CVrkCliSesTest::a_write_goes_to_the_store_with_a_fresh_batch_key()
+{
+    CRowBatch batch(LogbookWorkshiftFields, 7);
+    addShift(batch, ROW_INSERT, "A");
+    addShift(batch, ROW_UPDATE, "B");
+    addShift(batch, ROW_DELETE, "C");
+    QVERIFY(session->SqlUpdate("LogbookWorkshifts", batch.array, true, nullptr));
+    QVERIFY(writeShift("D"));
+    QCOMPARE(store->asked,
+             (QStringList{QStringLiteral("apply LogbookWorkshifts 1:A[endTime] 2:B[endTime] 4:C[]"),
+                          QStringLiteral("apply LogbookWorkshifts 1:D[endTime]")}));
+    QCOMPARE(store->batchKeys.at(0).size(), 32);
+    QVERIFY(store->batchKeys.at(0) != store->batchKeys.at(1));
+}
+
+void CVrkCliSesTest::a_refused_write_tells_table_and_reason()
+{
+    store->failures = {FakeStore::refused()};
+    QVERIFY(!writeShift("A"));
+    QCOMPARE(failed->count(), 1);
+    QCOMPARE(failed->at(0),
+             (QVariantList{true, QStringLiteral("LogbookWorkshifts"), QStringLiteral("Запись запрещена.")}));
+    QVERIFY(session->isConnected());
+}
+
+void CVrkCliSesTest::a_write_without_array_or_table_fails()
+{
+    CRowBatch batch(LogbookWorkshiftFields, 7);
+    QVERIFY(!session->SqlUpdate("LogbookWorkshifts", nullptr, true, nullptr));
+    QVERIFY(!session->SqlUpdate(nullptr, batch.array, true, nullptr));
+    QCOMPARE(failed->count(), 2);
+    QCOMPARE(store->asked, QStringList());
+}
+
+void CVrkCliSesTest::a_success_forgets_the_last_error()
+{
+    store->failures = {FakeStore::refused()};
+    QVERIFY(!writeShift("A"));
+    QVERIFY(!session->lastErrorText().isEmpty());
+    QVERIFY(writeShift("A"));
+    QCOMPARE(session->lastErrorText(), QString());
+}
+
+void CVrkCliSesTest::a_block_is_written_at_its_end_in_the_order_given()
+{
+    session->BlockBeg();
+    CRowBatch removal(LogbookWorkshiftFields, 7);
+    addShift(removal, ROW_DELETE, "A");
+    QVERIFY(session->SqlUpdate("LogbookWorkshifts", removal.array, true, nullptr));
+    CRowBatch crew(LogbookWorkersWorkshiftFields, 4);
+    crew.RecPost(crew.newRow(ROW_DELETE, "C"));
+    QVERIFY(session->SqlUpdate("LogbookWorkersWorkshift", crew.array, true, nullptr));
+    QVERIFY(writeShift("A"));
+    QCOMPARE(store->asked, QStringList());
+    QVERIFY(session->BlockEnd(true, nullptr));
+    QCOMPARE(store->asked,
+             QStringList(QStringLiteral("apply LogbookWorkshifts 4:A[] | LogbookWorkersWorkshift 4:C[] | "
+                                        "LogbookWorkshifts 1:A[endTime]")));
+}
+
+void CVrkCliSesTest::a_block_holds_the_records_as_they_were_at_the_call()
+{
+    session->BlockBeg();
+    {
+        CRowBatch batch(LogbookWorkshiftFields, 7);
+        addShift(batch, ROW_INSERT, "A");
+        QVERIFY(session->SqlUpdate("LogbookWorkshifts", batch.array, true, nullptr));
+        MDAClearRec(batch.array);
+        addShift(batch, ROW_DELETE, "B");
+    }
+    QVERIFY(session->BlockEnd(true, nullptr));
+    QCOMPARE(store->asked, QStringList(QStringLiteral("apply LogbookWorkshifts 1:A[endTime]")));
+}
+
+void CVrkCliSesTest::a_dropped_block_writes_nothing()
+{
+    session->BlockBeg();
+    QVERIFY(writeShift("A"));
+    QVERIFY(session->BlockEnd(false, nullptr));
+    QCOMPARE(store->asked, QStringList());
+    QVERIFY(writeShift("B"));
+    QCOMPARE(store->asked, QStringList(QStringLiteral("apply LogbookWorkshifts 1:B[endTime]")));
+}
+
+void CVrkCliSesTest::an_empty_block_is_true_and_asks_nothing()
+{
+    session->BlockBeg();
+    QVERIFY(session->BlockEnd(true, nullptr));
+    QCOMPARE(store->asked, QStringList());
+}
+
+void CVrkCliSesTest::a_block_in_a_block_is_written_with_the_outer_one()
+{
+    session->BlockBeg();
+    QVERIFY(writeShift("A"));
+    session->BlockBeg();
+    QVERIFY(writeShift("B"));
+    QVERIFY(session->BlockEnd(true, nullptr));
+    QCOMPARE(store->asked, QStringList());
+    QVERIFY(writeShift("C"));
+    QVERIFY(session->BlockEnd(true, nullptr));
+    QCOMPARE(store->asked, QStringList(QStringLiteral(
+                               "apply LogbookWorkshifts 1:A[endTime] | LogbookWorkshifts 1:B[endTime] | "
+                               "LogbookWorkshifts 1:C[endTime]")));
+}
+
+void CVrkCliSesTest::a_dropped_inner_block_drops_its_own_part_only()
+{
+    session->BlockBeg();
+    QVERIFY(writeShift("A"));
+    session->BlockBeg();
+    QVERIFY(writeShift("B"));
+    QVERIFY(session->BlockEnd(false, nullptr));
+    QVERIFY(session->BlockEnd(true, nullptr));
+    QCOMPARE(store->asked, QStringList(QStringLiteral("apply LogbookWorkshifts 1:A[endTime]")));
+}
+
+void CVrkCliSesTest::an_outer_block_dropped_takes_the_inner_along()
+{
+    session->BlockBeg();
+    session->BlockBeg();
+    QVERIFY(writeShift("B"));
+    QVERIFY(session->BlockEnd(true, nullptr));
+    QVERIFY(session->BlockEnd(false, nullptr));
+    QCOMPARE(store->asked, QStringList());
+}
+
+void CVrkCliSesTest::the_end_of_no_block_is_false()
+{
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("BlockEnd.*no block is open")));
+    QVERIFY(!session->BlockEnd(true, nullptr));
+    QCOMPARE(store->asked, QStringList());
+}
+
+void CVrkCliSesTest::a_failed_block_is_closed()
+{
+    store->failures = {FakeStore::refused()};
+    session->BlockBeg();
+    QVERIFY(writeShift("A"));
+    QVERIFY(!session->BlockEnd(true, nullptr));
+    QCOMPARE(failed->count(), 1);
+    QCOMPARE(failed->at(0).at(1).toString(), QStringLiteral("LogbookWorkshifts"));
+    store->asked.clear();
+    QVERIFY(writeShift("B"));
+    QCOMPARE(store->asked, QStringList(QStringLiteral("apply LogbookWorkshifts 1:B[endTime]")));
+}
+
+void CVrkCliSesTest::a_write_whose_answer_was_lost_is_sent_again_under_its_key()
+{
+    QVERIFY(session->startEvents());
+    store->failures = {FakeStore::lost()};
+    QVERIFY(writeShift("A"));
+    QCOMPARE(store->batchKeys.size(), 2);
+    QCOMPARE(store->batchKeys.at(0), store->batchKeys.at(1));
+    QCOMPARE(failed->count(), 0);
+    QVERIFY(session->isConnected());
+}
+
+void CVrkCliSesTest::a_refused_write_is_not_sent_again()
+{
+    store->failures = {FakeStore::refused()};
+    QVERIFY(!writeShift("A"));
+    QCOMPARE(store->batchKeys.size(), 1);
+}
+
+void CVrkCliSesTest::a_write_that_cost_the_deadline_is_not_sent_again()
+{
+    store->failures = {FakeStore::lost()};
+    store->during = [](const std::function<void()>&) { QTest::qSleep(1100); }; // the server says nothing
+    QVERIFY(!writeShift("A"));
+    QCOMPARE(store->batchKeys.size(), 1);
+}
+
+void CVrkCliSesTest::while_the_session_is_down_requests_fail_at_once()
+{
+    QVERIFY(session->startEvents());
+    QSignalSpy connection(session.get(), &CVrkCliSes::connectionChanged);
+    store->failures = {FakeStore::lost()};
+    QVERIFY(!session->SqlRequest("SELECT 1"));
+    QVERIFY(!session->isConnected());
+    QCOMPARE(connection.count(), 1);
+    QCOMPARE(connection.at(0).at(0).toBool(), false);
+
+    store->asked.clear();
+    QVERIFY(!session->SqlRequest("SELECT 2"));
+    QVERIFY(!writeShift("A"));
+    QVERIFY(!getFile("options;OperLogOptions"));
+    QCOMPARE(session->OperationRights("ADMINISTRATOR"), 0);
+    QCOMPARE(store->asked, QStringList());
+    QCOMPARE(session->lastErrorText(), QStringLiteral("Нет связи с сервером."));
+    QCOMPARE(failed->count(), 4);
+}
+
+void CVrkCliSesTest::the_session_comes_back_when_the_link_is_found()
+{
+    QVERIFY(session->startEvents());
+    QSignalSpy connection(session.get(), &CVrkCliSes::connectionChanged);
+    store->failures = {FakeStore::lost(), FakeStore::lost()};
+    QVERIFY(!session->SqlRequest("SELECT 1"));
+    QTRY_VERIFY_WITH_TIMEOUT(session->isConnected(), 10000);
+    QCOMPARE(connection.count(), 2);
+    QCOMPARE(connection.at(1).at(0).toBool(), true);
+    QVERIFY(writeShift("A"));
+}
+
+void CVrkCliSesTest::without_events_a_lost_link_is_tried_with_each_request()
+{
+    store->failures = {FakeStore::lost()};
+    QVERIFY(!session->SqlRequest("SELECT 1"));
+    CMDArray answer;
+    answer = session->SqlRequest("SELECT 1");
+    QVERIFY(answer.array);
+}
+
+void CVrkCliSesTest::rights_come_from_the_store()
+{
+    store->rights = {"ADMINISTRATOR"};
+    QVERIFY(session->OperationRights("ADMINISTRATOR") != 0);
+    QCOMPARE(session->OperationRights("ADMINISTRATOR_OPERLOG_LOCAL"), 0);
+    QCOMPARE(session->OperationRights(nullptr), 0);
+}
+
+void CVrkCliSesTest::time_comes_from_the_store()
+{
+    QCOMPARE(session->GetHfnTime(), 1700000000.0);
+}
+
+void CVrkCliSesTest::time_is_reckoned_on_while_the_store_is_silent()
+{
+    QCOMPARE(session->GetHfnTime(), 1700000000.0);
+    store->time = 0;
+    const double reckoned = session->GetHfnTime();
+    QVERIFY(reckoned >= 1700000000.0 && reckoned < 1700000100.0);
+}
+
+void CVrkCliSesTest::session_times_are_local_times()
+{
+    QCOMPARE(session->HfnTimeToSesTime(1700000000.0), QDateTime::fromSecsSinceEpoch(1700000000));
+    QCOMPARE(session->HfnTimeToSesTime(1700000000.0).timeSpec(), Qt::LocalTime);
+    QCOMPARE(session->HfnTimeToSesTime(), QDateTime::fromSecsSinceEpoch(1700000000));
+}
+
+void CVrkCliSesTest::file_get_answers_one_record()
+{
+    store->files.insert(QStringLiteral("options/OperLogOptions"), "<Options/>");
+    HFNCliParam* block = getFile("options;OperLogOptions");
+    QVERIFY(block);
+    QVERIFY(session->WaitResult(&block, -1));
+    QCOMPARE(code(block), 0);
+
+    char* packed = nullptr;
+    MDRGetTextPtr(MDRFldByNum(block->array, 2), block, &packed);
+    CMDArray file;
+    MDACreate(&file.array, 0);
+    QCOMPARE(HFNArrayUnPack(file.array, packed, 1), 0);
+    QCOMPARE(file.RecCount(), 1);
+    QCOMPARE(MDAFldCount(file.array), 4);
+    const MDRData* row = MDARec(file.array, 0, 0);
+    const auto text = [&](int field) {
+        MDRVar value;
+        MDRGetVal(MDRFldByNum(file.array, field), row, &value);
+        return MDRValue::copy(value);
+    };
+    QCOMPARE(text(0), QByteArray("options"));
+    QCOMPARE(text(1), QByteArray("OperLogOptions"));
+    MDRVar size;
+    file.GetVal(row, "size", size);
+    QCOMPARE(size.value.number, 10);
+    QCOMPARE(text(3), QByteArray("<Options/>"));
+    session->PrmFree(block);
+}
+
+void CVrkCliSesTest::file_get_recodes_its_argument()
+{
+    store->files.insert(QStringLiteral("настройки/файл"), "x");
+    HFNCliParam* block = getFile("настройки;файл");
+    QVERIFY(block);
+    QCOMPARE(code(block), 0);
+    session->PrmFree(block);
+}
+
+void CVrkCliSesTest::a_missing_file_is_an_answer_with_a_code()
+{
+    for (const char* argument : {"options;OperLogOptions", "options", ""}) {
+        HFNCliParam* block = getFile(argument);
+        QVERIFY(block);
+        QVERIFY(code(block) != 0);
+        session->PrmFree(block);
+    }
+    QCOMPARE(failed->count(), 0);
+}
+
+void CVrkCliSesTest::an_unknown_packet_is_refused()
+{
+    HFNCliParam* block = nullptr;
+    QVERIFY(!session->PacketExec("FilePut", nullptr, 0, &block));
+    QVERIFY(!block);
+    QVERIFY(!session->PacketExec(nullptr, nullptr, 0, &block));
+    QCOMPARE(failed->count(), 2);
+}
+
+void CVrkCliSesTest::a_packet_without_a_link_is_false()
+{
+    store->failures = {FakeStore::lost()};
+    HFNCliParam* block = nullptr;
+    const auto* argument = reinterpret_cast<const unsigned char*>("options;OperLogOptions");
+    QVERIFY(!session->PacketExec("FileGet", argument, 22, &block));
+    QVERIFY(!block);
+    QCOMPARE(failed->count(), 1);
+}
+
+void CVrkCliSesTest::wait_result_needs_an_answer()
+{
+    HFNCliParam* none = nullptr;
+    QVERIFY(!session->WaitResult(&none, -1));
+    QVERIFY(!session->WaitResult(nullptr, -1));
+}
+
+void CVrkCliSesTest::each_block_is_freed_once()
+{
+    HFNCliParam* first = getFile("options;OperLogOptions");
+    HFNCliParam* second = getFile("options;OperLogOptions");
+    QCOMPARE(session->openBlocks(), 2);
+    session->PrmFree(first);
+    QCOMPARE(session->openBlocks(), 1);
+    session->PrmFree(first); // free already: passed over
+    session->PrmFree(nullptr);
+    QCOMPARE(session->openBlocks(), 1);
+    session->PrmFree(second);
+    QCOMPARE(session->openBlocks(), 0);
+}
+
+void CVrkCliSesTest::blobs_are_fetched_through_the_session()
+{
+    const auto source = session->blobSource("LogbookFiles", "fileData", "F1");
+    QByteArray bytes;
+    QVERIFY(source->read(bytes));
+    QCOMPARE(bytes, QByteArray("bytes of F1"));
+    store->failures = {FakeStore::error(StoreError::NoSuchRow, QStringLiteral("Нет такой строки."))};
+    QVERIFY(!source->read(bytes));
+    QCOMPARE(failed->count(), 1);
+    session.reset();
+    QVERIFY(!source->read(bytes));
+}
+
+QTEST_MAIN(CVrkCliSesTest)
+#include "CVrkCliSes_test.moc"
