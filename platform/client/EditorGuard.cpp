@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -93,23 +94,35 @@ void EditorGuard::fitTextEdit()
 {
     auto* edit = qobject_cast<QTextEdit*>(sender());
     if (edit && !edit->isReadOnly())
-        fitDocument(edit->document(), edit->hasFocus());
+        fitEdited(edit->document(), edit);
 }
 
 void EditorGuard::fitPlainTextEdit()
 {
     auto* edit = qobject_cast<QPlainTextEdit*>(sender());
     if (edit && !edit->isReadOnly())
-        fitDocument(edit->document(), edit->hasFocus());
+        fitEdited(edit->document(), edit);
 }
 
-void EditorGuard::fitDocument(QTextDocument* document, bool focused)
+void EditorGuard::fitEdited(QTextDocument* document, QWidget* editor)
 {
-    // Setting a text as a whole empties the undo stack: that is how the program's text shows.
-    const bool isUserEdit = document->isUndoRedoEnabled() ? document->isUndoAvailable() : focused;
-    if (m_fitting || !isUserEdit)
-        return;
+    if (document->isUndoRedoEnabled()) {
+        // Setting a text as a whole leaves nothing to undo: that is how the program's text shows.
+        if (document->isUndoAvailable())
+            fitDocument(document);
+    } else if (editor->hasFocus()) {
+        // Undo is off while the program sets a text as a whole, or for good: later it can be told which.
+        QTimer::singleShot(0, document, [guard = QPointer<EditorGuard>(this), document] {
+            if (guard && !document->isUndoRedoEnabled())
+                guard->fitDocument(document);
+        });
+    }
+}
 
+void EditorGuard::fitDocument(QTextDocument* document)
+{
+    if (m_fitting)
+        return;
     QString text = document->toRawText();
     std::replace_if(text.begin(), text.end(), isStructure, QLatin1Char(' '));
     const QVector<TextFit::Change> changes = m_fit.changes(text);

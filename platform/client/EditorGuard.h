@@ -5,6 +5,7 @@
 #include <QObject>
 
 class QTextDocument;
+class QWidget;
 
 /// Watches over every editor of the process (line edits, also those of combo boxes and cells, and both kinds
 /// of text edits): what the user types, pastes, drops or composes there is fitted into the code page at once.
@@ -30,7 +31,8 @@ private:
     void fitLine();
     void fitTextEdit();
     void fitPlainTextEdit();
-    void fitDocument(QTextDocument* document, bool focused);
+    void fitEdited(QTextDocument* document, QWidget* editor);
+    void fitDocument(QTextDocument* document);
 
     TextFit m_fit;
     bool m_fitting = false;

@@ -95,6 +95,8 @@ const QHash<QChar, QString>& kinTable()
     return table;
 }
 
+constexpr QChar strokeThrough(0x0338);
+
 /// The passage as the user can see it: characters without a shape by their numbers.
 QString shown(const QString& passage)
 {
@@ -156,13 +158,21 @@ QString TextFit::kin(const QString& passage) const
     if (carries(composed))
         return composed;
     QString result;
-    for (const QChar character : passage.normalized(QString::NormalizationForm_KD)) {
-        if (carries(character))
-            result += character;
-        else if (character.isSpace())
-            result += QLatin1Char(' ');
-        else
-            result += kinTable().value(character);
+    for (const QChar whole : composed) {
+        const auto known = kinTable().constFind(whole);
+        const QString parts = known != kinTable().constEnd()
+                                  ? *known
+                                  : QString(whole).normalized(QString::NormalizationForm_KD);
+        for (const QChar part : parts) {
+            if (part == strokeThrough)
+                return QString(); // without its stroke the sign would say the opposite
+            if (carries(part))
+                result += part;
+            else if (part.isSpace())
+                result += QLatin1Char(' ');
+            else if (!part.isMark())
+                result += kinTable().value(part);
+        }
     }
     return carries(result) ? result : QString();
 }
