@@ -161,7 +161,7 @@ bool CVrkCliSes::PacketExec(const char* name, const unsigned char* data, int len
     if (found) {
         *result = d->give(HFNCliParam::answer(
             0, packedFile(codec()->fromUnicode(folder), codec()->fromUnicode(file), content)));
-    } else if (!error || error.code == StoreError::Missing) {
+    } else if (!error || error.code == StoreError::NoSuchRow) {
         *result = d->give(HFNCliParam::answer(fileMissing, QByteArray()));
     } else {
         return d->fail(Q_FUNC_INFO, error, text);

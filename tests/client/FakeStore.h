@@ -91,7 +91,7 @@ public:
             return false;
         const auto found = m_state->files.constFind(folder + QLatin1Char('/') + name);
         if (found == m_state->files.constEnd()) {
-            *failure = error(StoreError::Missing, QStringLiteral("Нет файла."));
+            *failure = error(StoreError::NoSuchRow, QStringLiteral("Нет файла."));
             return false;
         }
         *content = *found;

@@ -1,0 +1,148 @@
+#include "CMDArray.h"
+#include "CVrkCliSes.h"
+#include "FakeStore.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QtTest>
+
+/// What a long request shows, and that nothing else happens meanwhile.
+class BusyStripTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void a_short_request_shows_nothing();
+    void a_long_request_shows_cursor_and_strip();
+    void the_strip_moves();
+    void no_event_is_handled_meanwhile();
+    void without_a_window_the_cursor_tells_alone();
+    void a_window_that_is_gone_takes_its_strip_along();
+
+private:
+    /// Runs a select that takes its time: it reports progress until \a enough says so.
+    void request(const std::function<bool(qint64 elapsedMs)>& enough)
+    {
+        state->during = [&enough](const std::function<void()>& progress) {
+            QElapsedTimer since;
+            since.start();
+            do
+                progress();
+            while (!enough(since.elapsed()));
+        };
+        CMDArray answer;
+        answer = session->SqlRequest("SELECT 1");
+    }
+    static QWidget* strip()
+    {
+        for (QWidget* widget : QApplication::allWidgets()) {
+            if (widget->objectName() == QLatin1String("busyStrip"))
+                return widget;
+        }
+        return nullptr;
+    }
+
+    std::shared_ptr<FakeStore::State> state;
+    std::unique_ptr<CVrkCliSes> session;
+};
+
+void BusyStripTest::init()
+{
+    state = std::make_shared<FakeStore::State>();
+    session = std::make_unique<CVrkCliSes>(std::make_unique<FakeStore>(state));
+}
+
+void BusyStripTest::a_short_request_shows_nothing()
+{
+    QMainWindow window;
+    window.show();
+    request([](qint64 elapsed) { return strip() || QGuiApplication::overrideCursor() || elapsed > 150; });
+    QVERIFY(!strip());
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void BusyStripTest::a_long_request_shows_cursor_and_strip()
+{
+    QMainWindow window;
+    window.show();
+    qint64 shownAfter = 0;
+    bool seen = false;
+    request([&](qint64 elapsed) {
+        seen = strip() && strip()->isVisible() && strip()->window() == &window &&
+               QGuiApplication::overrideCursor() &&
+               QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
+        shownAfter = elapsed;
+        return seen || elapsed > 5000;
+    });
+    QVERIFY(seen);
+    QVERIFY(shownAfter >= 300);
+    QVERIFY(!strip());
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void BusyStripTest::the_strip_moves()
+{
+    QMainWindow window;
+    window.resize(400, 200);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    struct Paints : QObject {
+        int count = 0;
+        bool eventFilter(QObject* watched, QEvent* event) override
+        {
+            if (event->type() == QEvent::Paint && watched->objectName() == QLatin1String("busyStrip"))
+                ++count;
+            return false;
+        }
+    } paints;
+    qApp->installEventFilter(&paints);
+    request([&](qint64 elapsed) { return paints.count >= 3 || elapsed > 5000; });
+    QVERIFY(paints.count >= 3);
+}
+
+void BusyStripTest::no_event_is_handled_meanwhile()
+{
+    QMainWindow window;
+    window.show();
+    QCoreApplication::processEvents();
+    int handled = 0;
+    QTimer::singleShot(0, this, [&handled] { ++handled; });
+    QMetaObject::invokeMethod(
+        this, [&handled] { ++handled; }, Qt::QueuedConnection);
+    int handledInside = -1;
+    request([&](qint64 elapsed) {
+        handledInside = handled;
+        return elapsed > 400;
+    });
+    QCOMPARE(handledInside, 0);
+    QTRY_COMPARE(handled, 2);
+}
+
+void BusyStripTest::without_a_window_the_cursor_tells_alone()
+{
+    bool waiting = false;
+    request([&](qint64 elapsed) {
+        waiting = QGuiApplication::overrideCursor();
+        return waiting || elapsed > 5000;
+    });
+    QVERIFY(waiting);
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void BusyStripTest::a_window_that_is_gone_takes_its_strip_along()
+{
+    auto window = std::make_unique<QMainWindow>();
+    window->show();
+    request([&](qint64 elapsed) {
+        if (strip())
+            window.reset();
+        return !window || elapsed > 5000;
+    });
+    QVERIFY(!window);
+    QVERIFY(!strip());
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+QTEST_MAIN(BusyStripTest)
+#include "BusyStrip_test.moc"

@@ -1,0 +1,75 @@
+#include "CVar.h"
+
+#include <QtTest>
+
+class CVarTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void a_fresh_value_is_none();
+    void an_array_holds_empty_elements();
+    void a_text_is_copied();
+    void clearing_leaves_none_everywhere();
+    void nothing_is_harmless();
+};
+
+void CVarTest::a_fresh_value_is_none()
+{
+    CVar var;
+    CVarInit(&var, 1);
+    QCOMPARE(var.type, 0);
+    QCOMPARE(int(CVar::Double), 2); // the numbers are those of the script language
+    QCOMPARE(int(CVar::Array), 4);
+}
+
+void CVarTest::an_array_holds_empty_elements()
+{
+    CVar var;
+    CVarSetArr(&var, 2);
+    QCOMPARE(var.type, 4);
+    QCOMPARE(var.elements.size(), std::size_t(2));
+    QCOMPARE(var.elements[1].type, 0);
+    CVarSetArr(&var, 0);
+    QCOMPARE(var.type, 4);
+    QVERIFY(var.elements.empty());
+}
+
+void CVarTest::a_text_is_copied()
+{
+    char bytes[] = "DEP_CDS and more";
+    CVar var;
+    CVarSetStr(&var, bytes, 7);
+    bytes[0] = 'X';
+    QCOMPARE(var.type, int(CVar::String));
+    QCOMPARE(var.text, QByteArray("DEP_CDS"));
+    CVarSetStr(&var, nullptr, 0);
+    QCOMPARE(var.type, int(CVar::String));
+    QCOMPARE(var.text, QByteArray());
+}
+
+void CVarTest::clearing_leaves_none_everywhere()
+{
+    CVar vars[2];
+    CVarSetArr(&vars[0], 3);
+    CVarSetStr(&vars[1], "x", 1);
+    CVarClear(vars, 2);
+    QCOMPARE(vars[0].type, 0);
+    QVERIFY(vars[0].elements.empty());
+    QCOMPARE(vars[1].type, 0);
+    QVERIFY(vars[1].text.isEmpty());
+}
+
+void CVarTest::nothing_is_harmless()
+{
+    CVarInit(nullptr, 1);
+    CVarClear(nullptr, 1);
+    CVarSetArr(nullptr, 1);
+    CVarSetStr(nullptr, "x", 1);
+    CVar var;
+    CVarSetArr(&var, -1);
+    QVERIFY(var.elements.empty());
+}
+
+QTEST_APPLESS_MAIN(CVarTest)
+#include "CVar_test.moc"

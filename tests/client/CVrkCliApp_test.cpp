@@ -1,0 +1,331 @@
+#include "CVrkCliApp.h"
+#include "FakeStore.h"
+#include "TestClient.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QtTest>
+
+/// Delivery of events and the services of the application, over a store whose log the test writes.
+class CVrkCliAppTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { client.reset(); }
+
+    void modules_are_known_while_they_live();
+    void events_reach_every_module_once_and_in_order();
+    void events_come_from_the_event_loop();
+    void events_stay_with_a_module_that_does_not_fetch_them();
+    void a_delivery_never_nests();
+    void what_comes_during_a_delivery_is_delivered_after_it();
+    void nothing_is_delivered_inside_a_request();
+    void a_module_may_end_itself_in_its_message();
+    void a_module_may_end_another_in_its_message();
+    void message_get_returns_the_count();
+    void fetching_delivers_before_it_returns();
+    void delivering_is_told();
+    void the_end_of_a_delivery_is_told();
+    void all_blocks_are_freed_after_delivery();
+    void a_new_session_drops_what_waited();
+    void modules_hear_of_a_reconnect();
+    void a_module_without_an_application_is_harmless();
+    void modules_may_outlive_the_application();
+    void the_editors_are_watched_in_the_code_page_of_the_session();
+
+private:
+    void log(std::initializer_list<const char*> keys)
+    {
+        for (const char* key : keys)
+            state->log.append({++number, 603, "LogbookRecords", key, QByteArray()});
+    }
+    static QStringList told(std::initializer_list<const char*> keys)
+    {
+        QStringList lines;
+        for (const char* key : keys)
+            lines.append(QStringLiteral("603 LogbookRecords ") + QString::fromLatin1(key));
+        return lines;
+    }
+
+    std::shared_ptr<FakeStore::State> state;
+    std::unique_ptr<TestClient> client;
+    qint64 number = 0;
+};
+
+void CVrkCliAppTest::init()
+{
+    state = std::make_shared<FakeStore::State>();
+    client = std::make_unique<TestClient>(std::make_unique<FakeStore>(state));
+    number = 0;
+}
+
+void CVrkCliAppTest::modules_are_known_while_they_live()
+{
+    TestModule first(*client);
+    {
+        TestModule second(*client);
+        QCOMPARE(client->app().modules(), (QVector<CVrkCliMod*>{&first, &second}));
+        QCOMPARE(second.session(), &client->session());
+    }
+    QCOMPARE(client->app().modules(), QVector<CVrkCliMod*>{&first});
+}
+
+void CVrkCliAppTest::events_reach_every_module_once_and_in_order()
+{
+    TestModule first(*client);
+    TestModule second(*client);
+    log({"A", "B", "C"});
+    QVERIFY(first.waitForEvents(3));
+    QVERIFY(second.waitForEvents(3));
+    log({"D"});
+    QVERIFY(second.waitForEvents(4));
+    QCOMPARE(first.events.at(0).source, QByteArray("NCI:LogbookRecords,1"));
+    QCOMPARE(first.takeEvents(), told({"A", "B", "C", "D"}));
+    QCOMPARE(second.takeEvents(), told({"A", "B", "C", "D"}));
+}
+
+void CVrkCliAppTest::events_come_from_the_event_loop()
+{
+    TestModule module(*client);
+    log({"A"});
+    QCOMPARE(client->session().pollEvents(), 1);
+    QCOMPARE(module.events.size(), 0);
+    QCOMPARE(module.MessageGet(), 0); // the application has not shared it out yet
+    client->deliver();
+    QCOMPARE(module.takeEvents(), told({"A"}));
+}
+
+void CVrkCliAppTest::events_stay_with_a_module_that_does_not_fetch_them()
+{
+    struct Busy : TestModule {
+        using TestModule::TestModule;
+        bool fetches = false;
+        int MessageOn() override { return fetches ? MessageGet() : 0; }
+    };
+    Busy module(*client);
+    log({"A"});
+    client->deliver();
+    QCOMPARE(module.events.size(), 0);
+    module.fetches = true;
+    log({"B"});
+    client->deliver();
+    QCOMPARE(module.takeEvents(), told({"A", "B"}));
+}
+
+void CVrkCliAppTest::a_delivery_never_nests()
+{
+    TestModule module(*client);
+    int depth = 0;
+    int deepest = 0;
+    module.onEvent = [&](HFNCliParam*) {
+        deepest = std::max(deepest, ++depth);
+        log({"LATER"});
+        QCOMPARE(module.MessageGet(), 0);
+        QCOMPARE(client->app().fetchEvents(), 0);
+        QCoreApplication::processEvents(); // as a message box would
+        --depth;
+        module.onEvent = nullptr;
+    };
+    log({"A", "B"});
+    client->deliver();
+    QVERIFY(module.waitForEvents(3));
+    QCOMPARE(deepest, 1);
+    QCOMPARE(module.takeEvents(), told({"A", "B", "LATER"}));
+}
+
+void CVrkCliAppTest::what_comes_during_a_delivery_is_delivered_after_it()
+{
+    TestModule module(*client);
+    module.onEvent = [&](HFNCliParam*) {
+        module.onEvent = nullptr;
+        log({"B"});
+        // The loop of a box inside the message: the feed reads meanwhile, and nobody may miss what it read.
+        QSignalSpy waiting(&client->session(), &CVrkCliSes::eventsWaiting);
+        QVERIFY(waiting.wait());
+        QCoreApplication::processEvents();
+        QCOMPARE(module.events.size(), 1);
+    };
+    log({"A"});
+    client->deliver();
+    QVERIFY(module.waitForEvents(2));
+    QCOMPARE(module.takeEvents(), told({"A", "B"}));
+}
+
+void CVrkCliAppTest::nothing_is_delivered_inside_a_request()
+{
+    TestModule module(*client);
+    log({"A"});
+    client->session().pollEvents();
+    bool asked = false;
+    state->during = [&](const std::function<void()>&) {
+        asked = true;
+        QVERIFY(client->session().isBusy());
+        QCOMPARE(client->app().fetchEvents(), 0);
+        QCOMPARE(module.MessageGet(), 0);
+    };
+    CMDArray answer;
+    answer = client->session().SqlRequest("SELECT 1");
+    QVERIFY(asked);
+    QVERIFY(!client->session().isBusy());
+    QCOMPARE(module.events.size(), 0);
+    client->deliver();
+    QCOMPARE(module.takeEvents(), told({"A"}));
+}
+
+void CVrkCliAppTest::a_module_may_end_itself_in_its_message()
+{
+    TestModule other(*client);
+    struct SelfEnding : TestModule {
+        using TestModule::TestModule;
+        int MessageData(HFNCliParam*) override
+        {
+            delete this;
+            return 1;
+        }
+    };
+    QPointer<CVrkCliMod> ending(new SelfEnding(*client));
+    log({"A", "B"});
+    client->deliver();
+    QVERIFY(!ending);
+    QCOMPARE(other.takeEvents(), told({"A", "B"}));
+}
+
+void CVrkCliAppTest::a_module_may_end_another_in_its_message()
+{
+    TestModule first(*client);
+    auto second = std::make_unique<TestModule>(*client);
+    first.onEvent = [&](HFNCliParam*) { second.reset(); };
+    log({"A", "B"});
+    client->deliver();
+    QCOMPARE(first.takeEvents(), told({"A", "B"}));
+    QCOMPARE(client->session().openBlocks(), 0);
+}
+
+void CVrkCliAppTest::message_get_returns_the_count()
+{
+    struct Counting : TestModule {
+        using TestModule::TestModule;
+        QVector<int> counts;
+        int MessageOn() override
+        {
+            counts.append(MessageGet());
+            counts.append(MessageGet());
+            return counts.first();
+        }
+    };
+    Counting module(*client);
+    log({"A", "B"});
+    client->deliver();
+    QCOMPARE(module.counts, (QVector<int>{2, 0}));
+}
+
+void CVrkCliAppTest::fetching_delivers_before_it_returns()
+{
+    TestModule module(*client);
+    log({"A", "B"});
+    QCOMPARE(client->app().fetchEvents(), 2);
+    QCOMPARE(module.takeEvents(), told({"A", "B"}));
+    QCOMPARE(client->app().fetchEvents(), 0);
+}
+
+void CVrkCliAppTest::delivering_is_told()
+{
+    TestModule module(*client);
+    bool delivering = false;
+    module.onEvent = [&](HFNCliParam*) { delivering = client->app().isDelivering(); };
+    QVERIFY(!client->app().isDelivering());
+    log({"A"});
+    client->deliver();
+    QVERIFY(delivering);
+    QVERIFY(!client->app().isDelivering());
+}
+
+void CVrkCliAppTest::the_end_of_a_delivery_is_told()
+{
+    TestModule module(*client);
+    QSignalSpy delivered(&client->app(), &CVrkCliApp::eventsDelivered);
+    log({"A", "B"});
+    QVERIFY(delivered.wait());
+    QCOMPARE(delivered.count(), 1);
+    QCOMPARE(module.events.size(), 2);
+}
+
+void CVrkCliAppTest::all_blocks_are_freed_after_delivery()
+{
+    TestModule first(*client);
+    TestModule second(*client);
+    second.onEvent = [&](HFNCliParam*) { QVERIFY(client->session().openBlocks() > 0); };
+    log({"A", "B"});
+    client->deliver();
+    QCOMPARE(second.events.size(), 2);
+    QCOMPARE(client->session().openBlocks(), 0);
+}
+
+void CVrkCliAppTest::a_new_session_drops_what_waited()
+{
+    struct Idle : TestModule {
+        using TestModule::TestModule;
+        int MessageOn() override { return 0; }
+    };
+    Idle module(*client);
+    log({"A"});
+    client->deliver();
+    QCOMPARE(client->session().openBlocks(), 1);
+    client->app().setSession(std::make_unique<CVrkCliSes>(std::make_unique<FakeStore>(state)));
+    QCOMPARE(module.MessageGet(), 0);
+    QCOMPARE(module.session(), &client->session());
+    client->app().setSession(nullptr);
+    QVERIFY(!module.session());
+    QCOMPARE(client->app().fetchEvents(), 0);
+}
+
+void CVrkCliAppTest::modules_hear_of_a_reconnect()
+{
+    struct Listening : TestModule {
+        using TestModule::TestModule;
+        int reconnects = 0;
+        void ModSesReconnect() override { ++reconnects; }
+    };
+    Listening module(*client);
+    state->failures = {FakeStore::lost()};
+    QVERIFY(!client->session().SqlRequest("SELECT 1"));
+    QCOMPARE(module.reconnects, 0);
+    QTRY_COMPARE(module.reconnects, 1);
+    QCOMPARE(client->takeFailures(), QStringList(QStringLiteral("Связь потеряна.")));
+}
+
+void CVrkCliAppTest::a_module_without_an_application_is_harmless()
+{
+    TestModule module(static_cast<CVrkCliApp*>(nullptr));
+    QVERIFY(!module.session());
+    QCOMPARE(module.MessageGet(), 0);
+    QCOMPARE(module.logSink(), &module);
+    QVERIFY(module.close());
+}
+
+void CVrkCliAppTest::modules_may_outlive_the_application()
+{
+    auto app = std::make_unique<CVrkCliApp>();
+    TestModule module(app.get());
+    app.reset();
+    QVERIFY(!module.app());
+    QCOMPARE(module.MessageOn(), 0);
+}
+
+void CVrkCliAppTest::the_editors_are_watched_in_the_code_page_of_the_session()
+{
+    QLineEdit line;
+    line.show();
+    QSignalSpy adjusted(&client->app(), &CVrkCliApp::textAdjusted);
+    line.insert(QStringLiteral("а→"));
+    QCOMPARE(line.text(), QStringLiteral("а->"));
+    QCOMPARE(adjusted.count(), 1);
+    client->app().setSession(nullptr);
+    line.insert(QStringLiteral("→"));
+    QCOMPARE(line.text(), QStringLiteral("а->→"));
+}
+
+QTEST_MAIN(CVrkCliAppTest)
+#include "CVrkCliApp_test.moc"
