@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QTest>
+
+/// Types a text into a widget, one press and release a character. QTest's own keyClicks knows ASCII only.
+inline void typeText(QWidget* widget, const QString& text)
+{
+    for (const QChar character : text)
+        QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, QString(character), Qt::NoModifier);
+}
