@@ -6,14 +6,23 @@ namespace TextMatch
 {
 QString folded(const QString& text)
 {
-    QString result = text.toLower();
-    result.replace(QChar(0x0451), QChar(0x0435));
+    QString result = text;
+    for (QChar& character : result) {
+        character = character.toLower();
+        const ushort code = character.unicode();
+        if (code == 0x0451) // ё
+            character = QChar(0x0435);
+        else if ((code >= 0x2010 && code <= 0x2014) || code == 0x2212)
+            character = u'-';
+        else if (character.isSpace())
+            character = u' ';
+    }
     return result;
 }
 
 QStringList parts(const QString& query)
 {
-    return folded(query.simplified()).split(u' ', Qt::SkipEmptyParts);
+    return folded(query).split(u' ', Qt::SkipEmptyParts);
 }
 
 bool matches(const QString& foldedText, const QStringList& parts)

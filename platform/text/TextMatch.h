@@ -4,11 +4,11 @@
 
 #include <QStringList>
 
-/// How type-ahead finds names: every word typed is a part of the name, whatever the case, ё and е being one
-/// letter.
+/// How type-ahead finds names: every word typed is a part of the name, whatever the case; ё and е are one
+/// letter, and so are all kinds of dashes and of blanks.
 namespace TextMatch
 {
-/// The form in which texts are compared: lower case, е for ё.
+/// The form in which texts are compared. One character for one: positions stay.
 VRK_EXPORT QString folded(const QString& text);
 /// The words of a query, folded.
 VRK_EXPORT QStringList parts(const QString& query);

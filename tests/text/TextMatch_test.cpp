@@ -1,0 +1,34 @@
+#include "TextMatch.h"
+
+#include <QTest>
+
+class TextMatch_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void folding_blinds_case_yo_dashes_and_blanks_and_keeps_positions()
+    {
+        const QString text = QStringLiteral("ВЛ 110\u00A0кВ Полевая – Ёлка−2");
+        QCOMPARE(TextMatch::folded(text), QStringLiteral("вл 110 кв полевая - елка-2"));
+        QCOMPARE(TextMatch::folded(text).size(), text.size());
+    }
+
+    void every_word_typed_has_to_be_found_anywhere()
+    {
+        const QString name = TextMatch::folded(QStringLiteral("Приём смены"));
+        QVERIFY(TextMatch::matches(name, TextMatch::parts(QStringLiteral("  СМЕН  ием "))));
+        QVERIFY(!TextMatch::matches(name, TextMatch::parts(QStringLiteral("смен сдача"))));
+        QVERIFY(TextMatch::matches(name, TextMatch::parts(QStringLiteral("  "))));
+    }
+
+    void a_word_begins_behind_what_is_no_letter()
+    {
+        QVERIFY(TextMatch::beginsWord(QStringLiteral("авиалиния, линия"), QStringLiteral("лин")));
+        QVERIFY(TextMatch::beginsWord(QStringLiteral("линия"), QStringLiteral("лин")));
+        QVERIFY(!TextMatch::beginsWord(QStringLiteral("авиалиния"), QStringLiteral("лин")));
+    }
+};
+
+QTEST_APPLESS_MAIN(TextMatch_test)
+#include "TextMatch_test.moc"
