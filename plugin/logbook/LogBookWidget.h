@@ -9,6 +9,7 @@
 
 #include <initializer_list>
 #include <QDateTime>
+#include <QPointer>
 #include <QTimer>
 #include <QVector>
 
@@ -216,7 +217,7 @@ private:
     QAction* m_originAction = nullptr;
     QAction* m_approveAction = nullptr;
     QAction* m_signAction = nullptr;
-    CPopMessageBox* m_messageBox = nullptr;
-    RecordCreatorDialog* m_recordCreator = nullptr;
+    QPointer<CPopMessageBox> m_messageBox;
+    QPointer<RecordCreatorDialog> m_recordCreator;
     QVector<QWidget*> m_shiftDialogs; ///< those that a closed workshift closes
 };
