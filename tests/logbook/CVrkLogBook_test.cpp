@@ -1,0 +1,448 @@
+#include "CVrkLogBook.h"
+
+#include "CPopMessageBox.h"
+#include "LocationInfo.h"
+#include "LogBookWidget.h"
+#include "OrgStructDialog.h"
+#include "TestClient.h"
+#include "VrkTableTool.h"
+
+#include <memory>
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+
+/// The journal window over a real store.
+class CVrkLogBook_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void opensOnTheHomeJournal();
+    void hasTheFormBeforeItStarts();
+    void aUserWithoutAWorkerGetsAnError();
+    void aMissingTableIsTold();
+    void theBarIsBuiltInOrder();
+    void whatHasNoOperationYetIsNotShown();
+    void theStatusPanelNamesTheState();
+    void theIntervalIsThatOfTheShift();
+    void homeCannotBeClosed();
+    void aDepartmentHasOneTab();
+    void addingTheHomeDepartmentSelectsHome();
+    void anotherDepartmentIsChosenInTheStructure();
+    void aCancelledChoiceIsNotAnsweredLater();
+    void onlyHomeIsChanged();
+    void aVisaReachesEveryTabVisited();
+    void theSearchButtonOpensTheSearchOfTheTabInFront();
+    void eventsGoToEveryInitialisedTab();
+    void otherMessagesReachNoTab();
+    void controlsFollowTheCurrentRecord();
+    void aClosedShiftShowsInTheBar();
+
+private:
+    void start(const QString& login = QStringLiteral("ivanov"));
+    QTabWidget* tabs() const { return m_window->findChild<QTabWidget*>(QStringLiteral("logbooks")); }
+    LogBookWidget* home() const { return m_window->findChild<LogBookWidget*>(QStringLiteral("homeLogbook")); }
+    OrgStructDialog* orgDialog() const
+    {
+        return m_window->findChild<OrgStructDialog*>(QString(), Qt::FindDirectChildrenOnly);
+    }
+    QToolButton* button(const char* name) const
+    {
+        return m_window->findChild<QToolButton*>(QLatin1String(name));
+    }
+    QAction* action(const char* name) const { return m_window->findChild<QAction*>(QLatin1String(name)); }
+    QLabel* statusLabel() const { return m_window->findChild<QLabel*>(QStringLiteral("statusLabel")); }
+    QString interval() const { return m_window->findChild<QLabel*>(QStringLiteral("intervalLabel"))->text(); }
+    static bool select(LogBookWidget* logbook, const char* key);
+    static OrgStruct::SelectedItem department(const char* key);
+
+    std::unique_ptr<TestStore> m_store;
+    std::unique_ptr<TestClient> m_client;
+    std::unique_ptr<CVrkLogBook> m_window;
+};
+
+void CVrkLogBook_test::init()
+{
+    m_store = std::make_unique<TestStore>();
+}
+
+void CVrkLogBook_test::cleanup()
+{
+    m_window.reset();
+    m_client.reset();
+    m_store.reset();
+}
+
+void CVrkLogBook_test::start(const QString& login)
+{
+    m_client = std::make_unique<TestClient>(*m_store, login);
+    m_window = std::make_unique<CVrkLogBook>(&m_client->app());
+    QVERIFY(m_window->ModuleStart());
+    m_window->show();
+}
+
+bool CVrkLogBook_test::select(LogBookWidget* logbook, const char* key)
+{
+    const MDRRange found =
+        MDARecsWith(logbook->table(QStringLiteral("LogbookRecords"))->data.array, "KeyLink", key);
+    if (found.count != 1)
+        return false;
+    logbook->findChild<VrkTableTool*>()->setCurrentRecord(*found.begin());
+    return logbook->currentRecord() == *found.begin();
+}
+
+OrgStruct::SelectedItem CVrkLogBook_test::department(const char* key)
+{
+    OrgStruct::SelectedItem item;
+    item.type = OrgStruct::Department;
+    item.organizationKey = QStringLiteral("ORG_NETS");
+    item.departmentKey = QLatin1String(key);
+    return item;
+}
+
+void CVrkLogBook_test::opensOnTheHomeJournal()
+{
+    start();
+    QCOMPARE(m_window->moduleTitle(), QStringLiteral("Оперативный журнал"));
+    QCOMPARE(tabs()->count(), 1);
+    QCOMPARE(tabs()->tabText(0), home()->title());
+    QVERIFY(!tabs()->tabIcon(0).isNull());
+    QVERIFY(!tabs()->tabBar()->tabButton(0, QTabBar::RightSide));
+    QVERIFY(!tabs()->tabBar()->tabButton(0, QTabBar::LeftSide));
+    QCOMPARE(home()->mode(), 1);
+    QCOMPARE(home()->location()->workerKey(), QStringLiteral("WORKER_IVANOV"));
+}
+
+void CVrkLogBook_test::hasTheFormBeforeItStarts()
+{
+    TestClient client(*m_store);
+    CVrkLogBook window(&client.app());
+    QCOMPARE(window.objectName(), QStringLiteral("CVrkLogBook"));
+    QCOMPARE(window.windowTitle(), QStringLiteral("EventsWindow"));
+    QCOMPARE(window.size(), QSize(1219, 602));
+    QCOMPARE(window.contextMenuPolicy(), Qt::NoContextMenu);
+
+    const auto* logbooks = window.findChild<QTabWidget*>(QStringLiteral("logbooks"));
+    QCOMPARE(logbooks->tabText(0), QStringLiteral("Записи"));
+    QVERIFY(logbooks->isMovable());
+    QVERIFY(logbooks->tabsClosable());
+    auto* add = qobject_cast<QToolButton*>(logbooks->cornerWidget(Qt::TopLeftCorner));
+    QVERIFY(add);
+    QCOMPARE(add->toolTip(), QStringLiteral("Добавить журнал подразделения"));
+    QCOMPARE(add->iconSize(), QSize(25, 24));
+    QVERIFY(!add->icon().isNull());
+    QVERIFY(!window.findChild<QToolBar*>());
+}
+
+void CVrkLogBook_test::aUserWithoutAWorkerGetsAnError()
+{
+    m_client = std::make_unique<TestClient>(*m_store, QStringLiteral("viewer"));
+    m_client->app().m_user_params.setValue(QStringLiteral("DEPARTMENTKEY"), QStringLiteral("DEP_CDS"));
+    m_client->app().m_user_params.setValue(QStringLiteral("ORGANIZATIONKEY"), QStringLiteral("ORG_NETS"));
+    m_window = std::make_unique<CVrkLogBook>(&m_client->app());
+    QVERIFY(!m_window->ModuleStart());
+
+    auto* box = m_window->findChild<CPopMessageBox*>();
+    QVERIFY(box && box->isVisible());
+    QCOMPARE(box->title(), QStringLiteral("Ошибка"));
+    QCOMPARE(box->text(), QStringLiteral("<center>Сотрудник не определен!</center>"));
+    QCOMPARE(box->icon(), MessageIconError);
+    QCOMPARE(box->type(), MessageTypeOk);
+    QVERIFY(!button("addButton")->isEnabled());
+    QVERIFY(!m_window->findChild<QToolBar*>());
+    QVERIFY(!home()->isInit());
+
+    QTest::mouseClick(box->buttonBox()->buttons().constFirst(), Qt::LeftButton);
+    QVERIFY(!box->isVisible());
+}
+
+void CVrkLogBook_test::aMissingTableIsTold()
+{
+    m_client = std::make_unique<TestClient>(*m_store);
+    QCOMPARE(m_store->exec(QStringLiteral("ALTER TABLE Departments RENAME TO Elsewhere")), QString());
+    m_window = std::make_unique<CVrkLogBook>(&m_client->app());
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Departments")));
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("bool CVrkLogBook::hasErrorUpload\\(\\).*"
+                                                           "Не удалось загрузить таблицу Departments")));
+    QVERIFY(!m_window->ModuleStart());
+    auto* box = m_window->findChild<CPopMessageBox*>();
+    QVERIFY(box && box->isVisible());
+    QCOMPARE(box->text(), QStringLiteral("<center>Не удалось загрузить данные!</center>"));
+    QVERIFY(!button("addButton")->isEnabled());
+    QVERIFY(!home()->isInit());
+}
+
+void CVrkLogBook_test::theBarIsBuiltInOrder()
+{
+    start();
+    auto* bar = m_window->findChild<QToolBar*>(QStringLiteral("toolBar"));
+    QVERIFY(!bar->isMovable());
+    QVERIFY(!bar->isFloatable());
+    QCOMPARE(m_window->toolBarArea(bar), Qt::TopToolBarArea);
+
+    QStringList order;
+    for (QAction* one : bar->actions())
+        order << (one->isSeparator() ? QStringLiteral("|") : bar->widgetForAction(one)->objectName());
+    QCOMPARE(order.join(QLatin1Char(' ')),
+             QStringLiteral(
+                 "timeButton intervalLabel | workshiftButton | createButton deleteButton | approveButton "
+                 "signButton executionButton | commentsButton reportButton | searchButton | statusLabel"));
+
+    QCOMPARE(button("timeButton")->toolTip(), QStringLiteral("Перейти к текущей смене"));
+    QCOMPARE(button("createButton")->toolTip(), QStringLiteral("Добавить новую запись (Ctrl + N)"));
+    QCOMPARE(button("createButton")->shortcut(), QKeySequence(Qt::CTRL + Qt::Key_N));
+    QCOMPARE(button("searchButton")->toolTip(), QStringLiteral("Поиск (Ctrl + F)"));
+    QCOMPARE(button("searchButton")->shortcut(), QKeySequence(Qt::CTRL + Qt::Key_F));
+    QStringList deletions;
+    for (QAction* one : button("deleteButton")->menu()->actions())
+        deletions << one->text();
+    QCOMPARE(deletions, QStringList({QStringLiteral("Удалить текущую запись"),
+                                     QStringLiteral("Удалить мои черновые записи"),
+                                     QStringLiteral("Удалить все черновые записи")}));
+    for (QToolButton* one : bar->findChildren<QToolButton*>()) {
+        if (!one->objectName().startsWith(QLatin1String("qt_")))
+            QVERIFY2(!one->icon().isNull(), qPrintable(one->objectName()));
+    }
+}
+
+void CVrkLogBook_test::whatHasNoOperationYetIsNotShown()
+{
+    start();
+    for (const char* name : {"workshiftButton", "executionButton", "commentsButton", "reportButton"})
+        QVERIFY2(!button(name)->isVisible(), name);
+    QVERIFY(!action("chooseWorkshiftAction")->isVisible());
+    QVERIFY(!action("chooseIntervalAction")->isVisible());
+    for (const char* name :
+         {"timeButton", "createButton", "deleteButton", "approveButton", "signButton", "searchButton"})
+        QVERIFY2(button(name)->isVisible(), name);
+}
+
+void CVrkLogBook_test::theStatusPanelNamesTheState()
+{
+    start();
+    QCOMPARE(statusLabel()->text(), QStringLiteral("Смена открыта, редактирование разрешено"));
+    QCOMPARE(statusLabel()->styleSheet(),
+             QStringLiteral("border: 2px solid #63D945; border-radius: 3px; border-style: inset;"));
+
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    QCOMPARE(statusLabel()->text(), QStringLiteral("Смена открыта, редактирование запрещено"));
+    QVERIFY(statusLabel()->styleSheet().contains(QLatin1String("#169CBA")));
+
+    m_window->appendLogbook(QStringLiteral("ORG_CENTER"), QStringLiteral("DEP_ODS"));
+    QCOMPARE(statusLabel()->text(), QStringLiteral("Смена закрыта"));
+    QVERIFY(statusLabel()->styleSheet().contains(QLatin1String("#F7351B")));
+    QCOMPARE(interval(), QString());
+
+    auto* logbook = qobject_cast<LogBookWidget*>(tabs()->currentWidget());
+    const QDateTime now = QDateTime::currentDateTime();
+    logbook->uploadRecordsIn(now.addDays(-1), now);
+    QCOMPARE(statusLabel()->text(), QStringLiteral("Просмотр архива записей"));
+    QVERIFY(interval().startsWith(QStringLiteral("Время: ")));
+    logbook->uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
+    QCOMPARE(statusLabel()->text(), QStringLiteral("Просмотр записей смены"));
+    QVERIFY(interval().startsWith(QStringLiteral("Смена: ")));
+}
+
+void CVrkLogBook_test::theIntervalIsThatOfTheShift()
+{
+    start();
+    const auto time = [this](const char* field) {
+        const QString sql = QStringLiteral("SELECT %1 FROM LogbookWorkshifts WHERE KeyLink='SHIFT_CDS_OPEN'");
+        return QDateTime::fromSecsSinceEpoch(m_store->value(sql.arg(QLatin1String(field))).toLongLong())
+            .toString(QStringLiteral("dd.MM.yyyy hh:mm"));
+    };
+    QCOMPARE(interval(), QStringLiteral("Смена: %1 - %2").arg(time("startTime"), time("endTime")));
+}
+
+void CVrkLogBook_test::homeCannotBeClosed()
+{
+    start();
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    tabs()->tabBar()->moveTab(0, 1);
+    QCOMPARE(tabs()->indexOf(home()), 1);
+    emit tabs()->tabCloseRequested(1);
+    QCOMPARE(tabs()->count(), 2);
+    emit tabs()->tabCloseRequested(0);
+    QCOMPARE(tabs()->count(), 1);
+    QCOMPARE(tabs()->widget(0), home());
+}
+
+void CVrkLogBook_test::aDepartmentHasOneTab()
+{
+    start();
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    QCOMPARE(tabs()->count(), 2);
+    QCOMPARE(tabs()->currentIndex(), 1);
+    auto* added = qobject_cast<LogBookWidget*>(tabs()->widget(1));
+    QCOMPARE(tabs()->tabText(1), added->title());
+    QCOMPARE(added->location()->workerKey(), QStringLiteral("WORKER_IVANOV"));
+    QVERIFY(!added->location()->table(QStringLiteral("OrgTypes")));
+
+    tabs()->setCurrentIndex(0);
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    QCOMPARE(tabs()->count(), 2);
+    QCOMPARE(tabs()->currentIndex(), 1);
+}
+
+void CVrkLogBook_test::addingTheHomeDepartmentSelectsHome()
+{
+    start();
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_CDS"));
+    QCOMPARE(tabs()->count(), 2);
+    QCOMPARE(tabs()->currentWidget(), home());
+}
+
+void CVrkLogBook_test::anotherDepartmentIsChosenInTheStructure()
+{
+    start();
+    button("addButton")->click();
+    QVERIFY(orgDialog() && orgDialog()->isVisible());
+
+    OrgStruct::SelectedItem organization;
+    organization.type = OrgStruct::Organization;
+    organization.organizationKey = QStringLiteral("ORG_NETS");
+    emit orgDialog()->itemSelected(organization);
+    QCOMPARE(tabs()->count(), 1);
+
+    button("addButton")->click();
+    emit orgDialog()->itemSelected(department("DEP_ZAR"));
+    QCOMPARE(tabs()->count(), 2);
+
+    // The answer was taken once: a choice that nobody asked for changes nothing.
+    emit orgDialog()->itemSelected(department("DEP_OTHER"));
+    QCOMPARE(tabs()->count(), 2);
+}
+
+void CVrkLogBook_test::aCancelledChoiceIsNotAnsweredLater()
+{
+    start();
+    button("addButton")->click();
+    orgDialog()->close();
+    button("addButton")->click();
+    emit orgDialog()->itemSelected(department("DEP_ZAR"));
+    QCOMPARE(tabs()->count(), 2);
+    emit orgDialog()->itemSelected(department("DEP_OTHER"));
+    QCOMPARE(tabs()->count(), 2);
+}
+
+void CVrkLogBook_test::onlyHomeIsChanged()
+{
+    start();
+    QVERIFY(select(home(), "REC_DRAFT_IVANOV"));
+    QVERIFY(button("createButton")->isEnabled());
+    QVERIFY(button("deleteButton")->isEnabled());
+    QVERIFY(button("approveButton")->isEnabled());
+    QVERIFY(action("approveRecordAction")->isEnabled());
+
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    for (const char* name : {"createButton", "deleteButton", "approveButton", "executionButton"})
+        QVERIFY2(!button(name)->isEnabled(), name);
+    QVERIFY(action("approveRecordAction")->isEnabled()); // only its button goes off
+    QVERIFY(button("timeButton")->isEnabled());
+
+    tabs()->setCurrentWidget(home());
+    QVERIFY(button("createButton")->isEnabled());
+}
+
+void CVrkLogBook_test::aVisaReachesEveryTabVisited()
+{
+    start();
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    auto* added = qobject_cast<LogBookWidget*>(tabs()->currentWidget());
+    QVERIFY(select(added, "REC_ZAR"));
+    QVERIFY(select(home(), "REC_ORDER"));
+
+    action("signRecordAction")->trigger();
+    const auto visa = [this](const char* key) {
+        const QString sql = QStringLiteral("SELECT VisaWorkerKey FROM LogbookRecords WHERE KeyLink='%1'");
+        return m_store->value(sql.arg(QLatin1String(key))).toString();
+    };
+    QCOMPARE(visa("REC_ZAR"), QStringLiteral("WORKER_IVANOV"));
+    QCOMPARE(visa("REC_ORDER"), QStringLiteral("WORKER_IVANOV"));
+}
+
+void CVrkLogBook_test::theSearchButtonOpensTheSearchOfTheTabInFront()
+{
+    start();
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    const QWidget* added = tabs()->currentWidget();
+    button("searchButton")->click();
+    QVERIFY(added->findChild<QWidget*>(QStringLiteral("searchWidget"))->isVisible());
+    QVERIFY(home()->findChild<QWidget*>(QStringLiteral("searchWidget"))->isHidden());
+}
+
+void CVrkLogBook_test::eventsGoToEveryInitialisedTab()
+{
+    start();
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    auto* added = qobject_cast<LogBookWidget*>(tabs()->currentWidget());
+    QSignalSpy atHome(home(), &LogBookWidget::recordUpdated);
+    QSignalSpy elsewhere(added, &LogBookWidget::recordUpdated);
+
+    const auto other = m_store->open(QStringLiteral("sidorova"));
+    for (const char* key : {"REC_ORDER", "REC_ZAR"})
+        QVERIFY(TestStore::write(other.get(), "LogbookRecords", ROW_UPDATE, key,
+                                 {{"VisaWorkerKey", QStringLiteral("WORKER_SIDOROVA")}}));
+    m_client->deliver();
+    QCOMPARE(atHome.count(), 1);
+    QCOMPARE(elsewhere.count(), 1);
+}
+
+void CVrkLogBook_test::otherMessagesReachNoTab()
+{
+    start();
+    QSignalSpy updated(home(), &LogBookWidget::recordUpdated);
+    for (int number : {600, 604, 631}) {
+        HFNCliParam* block = HFNCliParam::event(number, "REC_ORDER", "NCI:LogbookRecords,1", QByteArray());
+        QCOMPARE(m_window->MessageData(block), 0);
+        delete block;
+    }
+    HFNCliParam* block = HFNCliParam::event(602, "REC_ORDER", "NCI:LogbookRecords,602", QByteArray());
+    QCOMPARE(m_window->MessageData(block), 1);
+    delete block;
+    QCOMPARE(updated.count(), 1);
+}
+
+void CVrkLogBook_test::controlsFollowTheCurrentRecord()
+{
+    start();
+    QVERIFY(select(home(), "REC_REPLACED"));
+    QVERIFY(!action("deleteRecordAction")->isEnabled());
+    QVERIFY(!action("signRecordAction")->isEnabled());
+    QVERIFY(!action("approveRecordAction")->isEnabled());
+    QVERIFY(button("deleteButton")->isEnabled()); // there are drafts
+    QVERIFY(select(home(), "REC_ORDER"));         // approved, of a colleague
+    QVERIFY(action("deleteRecordAction")->isEnabled());
+    QVERIFY(action("signRecordAction")->isEnabled());
+    QVERIFY(select(home(), "REC_OPENING")); // my own
+    QVERIFY(!action("signRecordAction")->isEnabled());
+    QVERIFY(action("signAllRecordsAction")->isEnabled());
+}
+
+void CVrkLogBook_test::aClosedShiftShowsInTheBar()
+{
+    start();
+    const auto other = m_store->open(QStringLiteral("petrov"));
+    QVERIFY(TestStore::write(other.get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                             {{"CloseWorkerKey", QStringLiteral("WORKER_PETROV")}}));
+    m_client->deliver();
+    QCOMPARE(statusLabel()->text(), QStringLiteral("Смена закрыта"));
+    QVERIFY(!button("createButton")->isEnabled());
+    QVERIFY(!button("deleteButton")->isEnabled());
+}
+
+QTEST_MAIN(CVrkLogBook_test)
+#include "CVrkLogBook_test.moc"
