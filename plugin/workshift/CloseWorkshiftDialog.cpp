@@ -1,0 +1,203 @@
+#include "CloseWorkshiftDialog.h"
+
+#include "CModelTable.h"
+#include "CrewTable.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "LogbookFields.h"
+#include "LogbookTables.h"
+#include "LogText.h"
+#include "RecordValue.h"
+#include "ui_CloseWorkshiftDialog.h"
+
+#include <QCloseEvent>
+
+namespace
+{
+QString applySignature()
+{
+    return QStringLiteral("void CloseWorkshiftDialog::apply()");
+}
+} // namespace
+
+CloseWorkshiftDialog::CloseWorkshiftDialog(QWidget* parent, int flag)
+    : WorkshiftDialog(parent, flag), m_form(new Ui::CloseWorkshiftDialog)
+{
+    m_form->setupUi(this);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/department.png")));
+    m_form->addWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
+    m_form->removeWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/delete.png")));
+    m_form->clearWorkersButton->setIcon(QIcon(QStringLiteral(":/icons/clear.png")));
+    setUpForm(m_form->workersTable, m_form->templatesWidget, m_form->templateFiller,
+              QStringLiteral("close_wshift"));
+
+    connect(m_form->cancelButton, &QPushButton::clicked, this, &CloseWorkshiftDialog::close);
+    connect(m_filler, &TemplateFiller::templateChanged, this, &CloseWorkshiftDialog::updateStateControls);
+    connect(m_filler, &TemplateFiller::requestEditor, this, &CloseWorkshiftDialog::showEditor);
+    connect(m_form->addWorkerButton, &QToolButton::clicked, this, &CloseWorkshiftDialog::addWorker);
+    connect(m_form->removeWorkerButton, &QToolButton::clicked, this, &CloseWorkshiftDialog::removeWorkers);
+    connect(m_form->clearWorkersButton, &QToolButton::clicked, this, &CloseWorkshiftDialog::clearWorkers);
+    connect(m_form->closeWorkshiftButton, &QPushButton::clicked, this, [this] {
+        apply();
+        close(); // in every case
+    });
+    connect(m_templates, &TemplatesWidget::selectionChanged, this, [this] {
+        reloadTemplateText(m_templates->currentTemplate(),
+                           QStringLiteral("void CloseWorkshiftDialog::reloadTemplateText(MDArrayRec*)"));
+    });
+}
+
+CloseWorkshiftDialog::~CloseWorkshiftDialog() = default;
+
+void CloseWorkshiftDialog::setRecordsTable(CModelTable* table)
+{
+    setTable(LogbookTable::Records, table);
+}
+
+void CloseWorkshiftDialog::setWorkshiftsTable(CModelTable* table)
+{
+    setTable(LogbookTable::Workshifts, table);
+}
+
+void CloseWorkshiftDialog::showEditor(const QString&, unsigned int) {}
+
+void CloseWorkshiftDialog::setCurrentWorkshift(MDRData* workshift)
+{
+    // The key is kept, not the record: the table may be loaded anew while the dialog is open.
+    m_workshiftKey = MDRValue::copy(recordValue(workshift, "KeyLink"));
+}
+
+MDRData* CloseWorkshiftDialog::currentWorkshift() const
+{
+    CModelTable* workshifts = table(QLatin1String(LogbookTable::Workshifts));
+    if (!workshifts || m_workshiftKey.isEmpty())
+        return nullptr;
+    const MDRRange found = MDARecsWith(workshifts->data.array, "KeyLink", m_workshiftKey.constData());
+    return found.count > 0 ? *found.begin() : nullptr;
+}
+
+void CloseWorkshiftDialog::showEvent(QShowEvent* event)
+{
+    const QDateTime now = module()->session()->HfnTimeToSesTime();
+    m_form->eventDateEdit->setDate(now.date());
+    m_form->eventTimeEdit->setTime(now.time());
+    m_templates->reloadTemplates();
+    m_templates->selectFirstTemplate();
+    updateStateControls();
+    resize(1200, 500);
+    moveToCenter();
+    WorkshiftDialog::showEvent(event);
+}
+
+void CloseWorkshiftDialog::closeEvent(QCloseEvent* event)
+{
+    m_workshiftKey.clear();
+    m_approveDraftRecords = false;
+    WorkshiftDialog::closeEvent(event);
+}
+
+void CloseWorkshiftDialog::updateStateControls()
+{
+    m_form->closeWorkshiftButton->setEnabled(m_filler->isFilled());
+}
+
+void CloseWorkshiftDialog::updateWorkshiftControls()
+{
+    const QTableWidgetItem* current = m_form->workersTable->currentItem();
+    m_form->clearWorkersButton->setEnabled(m_form->workersTable->rowCount() > 0);
+    m_form->removeWorkerButton->setEnabled(current && current->isSelected());
+}
+
+void CloseWorkshiftDialog::clearWorkers()
+{
+    m_crew->clear();
+    updateWorkshiftControls();
+}
+
+void CloseWorkshiftDialog::approveDrafts() const
+{
+    CModelTable* records = table(QLatin1String(LogbookTable::Records));
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    for (int position = 0; records && position < records->data.RecCount(); ++position) {
+        const MDRData* record = MDARec(records->data.array, 0, position);
+        if (!hasStatus(record, StatusDraft))
+            continue;
+        MDRData* row = batch.newRow(ROW_UPDATE, MDRValue::copy(recordValue(record, "KeyLink")));
+        batch.SetValF(row, "status", MDRValue::number(StatusApproved));
+        batch.RecPost(row);
+    }
+    if (batch.RecCount() > 0 && !send(LogbookTable::Records, batch))
+        LogText::warn(
+            applySignature(),
+            LogText::fill(
+                QStringLiteral("error create record about closing workshift! SqlUpdate returned FALSE! "
+                               "Table: %1"),
+                {QLatin1String(LogbookTable::Records)}));
+}
+
+bool CloseWorkshiftDialog::closeWorkshift(const MDRData* workshift, const QByteArray& key) const
+{
+    CRowBatch batch(LogbookWorkshiftFields, fieldCount(LogbookWorkshiftFields));
+    MDRData* row = batch.newRow(ROW_UPDATE, key);
+    for (int number = 0; workshift && number < MDAFldCount(batch.array); ++number) {
+        MDRVar value;
+        MDRGetVal(MDRFldByNum(MDARecArr(workshift), number), workshift, &value);
+        MDRSetVal(MDRFldByNum(batch.array, number), row, &value);
+    }
+    const QByteArray workerKey = m_workerKey.toUtf8();
+    batch.SetValF(row, "CloseWorkerKey", MDRValue::text(workerKey));
+    batch.RecPost(row);
+    if (send(LogbookTable::Workshifts, batch))
+        return true;
+    LogText::warn(applySignature(),
+                  LogText::fill(QStringLiteral("failed closing workshift! SqlUpdate returned FALSE! Data: "
+                                               "Table[%1],%2[%3],%4[%5]"),
+                                {QLatin1String(LogbookTable::Workshifts), QStringLiteral("KeyLink"),
+                                 QString::fromLatin1(key), QStringLiteral("CloseWorkerKey"), m_workerKey}));
+    return false;
+}
+
+void CloseWorkshiftDialog::apply()
+{
+    const QString title = tr("Ошибка закрытия смены");
+    const QString internalError = tr("Произошла внутренняя ошибка при закрытии смены!");
+    if (m_approveDraftRecords)
+        approveDrafts();
+
+    const double time =
+        DateTime_To_HfnTime(QDateTime(m_form->eventDateEdit->date(), m_form->eventTimeEdit->time()));
+    const QByteArray workshiftKey = m_workshiftKey;
+    QStringList values{QLatin1String(LogbookTable::Records)};
+    CRowBatch record(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    addRecord(record, workshiftKey, time, &values);
+    if (!send(LogbookTable::Records, record)) {
+        // The last pair, the direction, has no place in the line.
+        LogText::warn(
+            applySignature(),
+            LogText::fill(
+                QStringLiteral("error create record about closing workshift! SqlUpdate returned FALSE! "
+                               "Data: Table[%1]: %2[%3], %4[%5], %6[%7], %8[%9], %10[%11],%12[%13], "
+                               "%14[%15], %16[%17], %18[%19],%20[%21], %22[%23], %24[%25], %26[%27],"),
+                values));
+        emit error(title, tr("Не удалось создать запись о закрытии смены!"));
+        return;
+    }
+    m_filler->valuesWritten();
+
+    if (!closeWorkshift(currentWorkshift(), workshiftKey)) {
+        emit error(title, internalError);
+        return;
+    }
+
+    CRowBatch takers(LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields));
+    addCrewRows(takers, workshiftKey, false);
+    if (takers.RecCount() > 0 && !send(LogbookTable::WorkersWorkshift, takers)) {
+        // The line names the table of workshifts all the same: meant.
+        LogText::warn(
+            applySignature(),
+            LogText::fill(
+                QStringLiteral("failed closing workshift! SqlUpdate returned FALSE! Data: Table[%1]"),
+                {QLatin1String(LogbookTable::Workshifts)}));
+        emit error(title, internalError);
+    }
+}

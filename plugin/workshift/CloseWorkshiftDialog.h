@@ -1,0 +1,50 @@
+#pragma once
+
+#include "WorkshiftDialog.h"
+
+#include <memory>
+
+namespace Ui
+{
+class CloseWorkshiftDialog;
+}
+
+/// Closes the open workshift: approves its drafts if that was agreed to, writes the record about closing, marks the
+/// workshift closed and records who takes over. The writes follow each other; what was done stays done.
+class CloseWorkshiftDialog : public WorkshiftDialog
+{
+    Q_OBJECT
+
+public:
+    /// \a parent is the module.
+    explicit CloseWorkshiftDialog(QWidget* parent, int flag = -1);
+    ~CloseWorkshiftDialog() override;
+
+    void setRecordsTable(CModelTable* table);
+    void setWorkshiftsTable(CModelTable* table);
+    /// The workshift to close, a record of the workshifts table, and whether its drafts are approved. Both hold for
+    /// one showing.
+    void setCurrentWorkshift(MDRData* workshift);
+    void setApproveDraftRecords(bool approve) { m_approveDraftRecords = approve; }
+
+public slots:
+    /// Meant to be empty: parameters are edited inside the filler.
+    void showEditor(const QString& parameterName, unsigned int index);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void apply();
+    void approveDrafts() const;
+    bool closeWorkshift(const MDRData* workshift, const QByteArray& key) const;
+    void clearWorkers() override;
+    void updateWorkshiftControls() override;
+    void updateStateControls();
+    MDRData* currentWorkshift() const;
+
+    QByteArray m_workshiftKey;
+    bool m_approveDraftRecords = false;
+    std::unique_ptr<Ui::CloseWorkshiftDialog> m_form;
+};

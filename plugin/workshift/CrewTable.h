@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <QObject>
+#include <QStringList>
+
+class CModelTable;
+class OrgStructDialog;
+class QTableWidget;
+class QTextCodec;
+namespace OrgStruct
+{
+struct Worker;
+}
+
+/// The table of workers in a shift's dialogs: a row a worker, with full name and roles, his key behind both cells.
+class CrewTable : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Gives the view its columns and look; \a view and \a codec outlive this object.
+    CrewTable(QTableWidget* view, const QTextCodec* codec, QObject* parent);
+
+    /// Reference tables that names and roles come from; any of them may be missing.
+    void setTables(CModelTable* workers, CModelTable* roles, CModelTable* workerRoles);
+
+    bool contains(const QString& workerKey) const;
+    /// Appends a row. A worker without a name leaves a row without cells. \a selectable false: the row can neither be
+    /// selected nor removed.
+    void append(const QString& workerKey, bool selectable = true);
+    void removeCurrent();
+    void clear();
+    /// Keys of the rows from top to bottom; rows without cells are left out.
+    QStringList workerKeys() const;
+
+    /// Lets the user choose a worker of the department; \a chosen gets him once, unless he stands in the table already.
+    void choose(OrgStructDialog* dialog, const QString& departmentKey,
+                const std::function<void(const QString&)>& chosen);
+
+private:
+    QTableWidget* m_view;
+    const QTextCodec* m_codec;
+    CModelTable* m_workers = nullptr;
+    CModelTable* m_roles = nullptr;
+    CModelTable* m_workerRoles = nullptr;
+};

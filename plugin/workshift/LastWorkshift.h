@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QDateTime>
+
+class CVrkCliMod;
+
+/// End of the department's latest workshift, found by a script on the server. Invalid when there is none, or when the
+/// script could not be run.
+QDateTime lastWorkshiftEnd(CVrkCliMod* module, const QString& departmentKey);

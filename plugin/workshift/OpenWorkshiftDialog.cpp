@@ -1,0 +1,217 @@
+#include "OpenWorkshiftDialog.h"
+
+#include "CModelTable.h"
+#include "CrewTable.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "LastWorkshift.h"
+#include "LogbookTables.h"
+#include "RecordValue.h"
+#include "ui_OpenWorkshiftDialog.h"
+
+#include <QSignalBlocker>
+#include <QTextCodec>
+
+namespace
+{
+constexpr int secondsOfDay = 86400;
+constexpr int secondsOfHour = 3600;
+} // namespace
+
+OpenWorkshiftDialog::OpenWorkshiftDialog(QWidget* parent, int flag)
+    : WorkshiftDialog(parent, flag), m_form(new Ui::OpenWorkshiftDialog)
+{
+    m_form->setupUi(this);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/department.png")));
+    m_form->addWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
+    m_form->removeWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/delete.png")));
+    m_form->clearWorkersButton->setIcon(QIcon(QStringLiteral(":/icons/clear.png")));
+    setUpForm(m_form->workersTable, m_form->templatesWidget, m_form->templateFiller,
+              QStringLiteral("open_wshift"));
+    createConnections();
+}
+
+OpenWorkshiftDialog::~OpenWorkshiftDialog() = default;
+
+void OpenWorkshiftDialog::createConnections()
+{
+    connect(m_filler, &TemplateFiller::templateChanged, this, &OpenWorkshiftDialog::updateStateControls);
+    connect(m_filler, &TemplateFiller::requestEditor, this, &OpenWorkshiftDialog::showEditor);
+    connect(m_form->workersTable, &QTableWidget::currentCellChanged, this,
+            &OpenWorkshiftDialog::updateWorkshiftControls);
+    connect(m_form->shiftsTable, &QTableWidget::currentCellChanged, this,
+            &OpenWorkshiftDialog::changeSelectedShift);
+    connect(m_form->applyButton, &QPushButton::clicked, this, &OpenWorkshiftDialog::apply);
+    connect(m_form->cancelButton, &QPushButton::clicked, this, &OpenWorkshiftDialog::close);
+    connect(m_form->addWorkerButton, &QToolButton::clicked, this, &OpenWorkshiftDialog::addWorker);
+    connect(m_form->removeWorkerButton, &QToolButton::clicked, this, &OpenWorkshiftDialog::removeWorkers);
+    connect(m_form->clearWorkersButton, &QToolButton::clicked, this, &OpenWorkshiftDialog::clearWorkers);
+    connect(m_form->changeTemplateCheck, &QCheckBox::clicked, this,
+            &OpenWorkshiftDialog::changeIntervalTemplate);
+    for (QDateTimeEdit* edit : std::initializer_list<QDateTimeEdit*>{
+             m_form->startDateEdit, m_form->startTimeEdit, m_form->endDateEdit, m_form->endTimeEdit}) {
+        connect(edit, &QDateTimeEdit::dateTimeChanged, this, &OpenWorkshiftDialog::changeIntervalTemplate);
+        connect(edit, &QDateTimeEdit::dateTimeChanged, this, &OpenWorkshiftDialog::updateStateControls);
+    }
+    connect(m_templates, &TemplatesWidget::selectionChanged, this, &OpenWorkshiftDialog::templateSelected);
+}
+
+void OpenWorkshiftDialog::setShiftsTable(CModelTable* table)
+{
+    setTable(LogbookTable::Shifts, table);
+}
+
+void OpenWorkshiftDialog::setOrganizationsTable(CModelTable* table)
+{
+    setTable(LogbookTable::Organizations, table);
+}
+
+void OpenWorkshiftDialog::showEditor(const QString&, unsigned int) {}
+
+QDateTime OpenWorkshiftDialog::start() const
+{
+    return QDateTime(m_form->startDateEdit->date(), m_form->startTimeEdit->time());
+}
+
+QDateTime OpenWorkshiftDialog::end() const
+{
+    return QDateTime(m_form->endDateEdit->date(), m_form->endTimeEdit->time());
+}
+
+void OpenWorkshiftDialog::showEvent(QShowEvent* event)
+{
+    m_templates->reloadTemplates();
+    m_templates->selectFirstTemplate();
+    reloadShifts();
+    m_form->shiftsTable->selectRow(0);
+    changeSelectedShift();
+    changeIntervalTemplate();
+    autoFillTemplate();
+    setDefaultWorkshiftComposition();
+    uploadLastWorkshift();
+    updateStateControls();
+    updateWorkshiftControls();
+    resize(1200, 600);
+    moveToCenter();
+    WorkshiftDialog::showEvent(event);
+}
+
+void OpenWorkshiftDialog::reloadShifts()
+{
+    QTableWidget* view = m_form->shiftsTable;
+    const QSignalBlocker blocker(view);
+    view->clear();
+    view->setRowCount(0);
+    if (m_departmentKey.isEmpty())
+        return;
+
+    view->setColumnCount(2);
+    view->setHorizontalHeaderLabels({tr("Наименование"), tr("Интервал")});
+    view->verticalHeader()->hide();
+    CModelTable* shifts = table(QLatin1String(LogbookTable::Shifts));
+    const QByteArray department = m_departmentKey.toUtf8();
+    const QDateTime now = module()->session()->HfnTimeToSesTime();
+    for (int position = 0; shifts && position < shifts->data.RecCount(); ++position) {
+        const MDRData* shift = MDARec(shifts->data.array, 0, position);
+        if (MDRValue::bytes(recordValue(shift, "DepartmentKey")) != department)
+            continue;
+        const auto interval = toCurrentInterval(recordValue(shift, "startTime").value.real,
+                                                recordValue(shift, "endTime").value.real, now);
+        const QString format = QStringLiteral("dd.MM hh:mm");
+        const QString texts[] = {codec()->toUnicode(MDRValue::bytes(recordValue(shift, "name_"))),
+                                 interval.first.toString(format) + QStringLiteral(" - ") +
+                                     interval.second.toString(format)};
+        const int row = view->rowCount();
+        view->insertRow(row);
+        for (int column = 0; column < 2; ++column) {
+            auto* item = new QTableWidgetItem(texts[column]);
+            item->setData(Qt::UserRole, QString::fromLatin1(MDRValue::bytes(recordValue(shift, "KeyLink"))));
+            item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
+            view->setItem(row, column, item);
+        }
+    }
+}
+
+std::pair<QDateTime, QDateTime> OpenWorkshiftDialog::toCurrentInterval(double start, double end,
+                                                                       const QDateTime& now)
+{
+    // A time of day is its seconds since midnight; counted from this midnight on the clock, so that a day on which
+    // the clock is changed keeps its shifts.
+    const auto at = [&now](double timeOfDay) {
+        const auto seconds = static_cast<qint64>(timeOfDay);
+        const qint64 days = seconds / secondsOfDay;
+        return QDateTime(now.date().addDays(days),
+                         QTime(0, 0).addSecs(static_cast<int>(seconds % secondsOfDay)));
+    };
+    QDateTime from = at(start);
+    QDateTime to = at(end);
+    if (start > end)
+        to = to.addDays(1);
+    return {from, to};
+}
+
+void OpenWorkshiftDialog::changeSelectedShift()
+{
+    const QDateTime now = module()->session()->HfnTimeToSesTime();
+    std::pair<QDateTime, QDateTime> interval(now, now.addSecs(secondsOfHour));
+
+    const QTableWidgetItem* item = m_form->shiftsTable->item(m_form->shiftsTable->currentRow(), 1);
+    const QByteArray key = item ? item->data(Qt::UserRole).toString().toLatin1() : QByteArray();
+    CModelTable* shifts = table(QLatin1String(LogbookTable::Shifts));
+    if (!key.isEmpty() && shifts) {
+        const MDRVar wanted = MDRValue::text(key);
+        if (const MDRData* shift = MDARecSeekV(shifts->data.array, 0, &wanted, 0))
+            interval = toCurrentInterval(recordValue(shift, "startTime").value.real,
+                                         recordValue(shift, "endTime").value.real, now);
+    }
+    m_form->startDateEdit->setDate(interval.first.date());
+    m_form->startTimeEdit->setTime(interval.first.time());
+    m_form->endDateEdit->setDate(interval.second.date());
+    m_form->endTimeEdit->setTime(interval.second.time());
+}
+
+void OpenWorkshiftDialog::updateStateControls()
+{
+    const QDateTime from = start();
+    const bool afterLast = !m_lastWorkshiftEnd.isValid() || from >= m_lastWorkshiftEnd;
+    m_form->applyButton->setEnabled(m_form->workersTable->rowCount() > 0 && from < end() &&
+                                    m_filler->isFilled() && afterLast);
+    m_form->applyButton->setToolTip(
+        afterLast ? QString()
+                  : tr("Предыдущая смена заканчивается %1")
+                        .arg(m_lastWorkshiftEnd.toString(QStringLiteral("dd.MM.yyyy hh:mm"))));
+}
+
+void OpenWorkshiftDialog::updateWorkshiftControls()
+{
+    const QTableWidgetItem* current = m_form->workersTable->currentItem();
+    m_form->clearWorkersButton->setEnabled(m_form->workersTable->rowCount() >= 2);
+    m_form->removeWorkerButton->setEnabled(current && current->data(Qt::UserRole).toString() != m_workerKey);
+}
+
+void OpenWorkshiftDialog::uploadLastWorkshift()
+{
+    m_lastWorkshiftEnd = lastWorkshiftEnd(module(), m_departmentKey);
+}
+
+void OpenWorkshiftDialog::setDefaultWorkshiftComposition()
+{
+    m_crew->clear();
+    m_crew->append(m_workerKey, false); // the user is always in the shift that he opens
+}
+
+void OpenWorkshiftDialog::clearWorkers()
+{
+    setDefaultWorkshiftComposition();
+    updateWorkshiftControls();
+}
+
+void OpenWorkshiftDialog::templateSelected()
+{
+    MDRData* record = m_templates->currentTemplate();
+    reloadTemplateText(record, QStringLiteral("void OpenWorkshiftDialog::reloadTemplateText(MDArrayRec*)"));
+    if (record) {
+        changeIntervalTemplate();
+        autoFillTemplate();
+    }
+}

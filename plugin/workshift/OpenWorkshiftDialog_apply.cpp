@@ -1,0 +1,119 @@
+#include "OpenWorkshiftDialog.h"
+
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "GenGuid32.h"
+#include "LogbookFields.h"
+#include "LogbookTables.h"
+#include "LogText.h"
+#include "RecordValue.h"
+#include "TemplateFiller.h"
+
+namespace
+{
+QByteArrayList keysOf(const CMDArray& rows)
+{
+    QByteArrayList keys;
+    for (int position = 0; position < rows.RecCount(); ++position)
+        keys << MDRValue::copy(recordValue(MDARec(rows.array, 0, position), "KeyLink"));
+    return keys;
+}
+
+/// Puts deletions of these rows in the place of what the batch holds.
+void turnIntoDeletions(CRowBatch& batch)
+{
+    const QByteArrayList keys = keysOf(batch);
+    batch.lastError = MDAClearRec(batch.array);
+    for (const QByteArray& key : keys)
+        batch.RecPost(batch.newRow(ROW_DELETE, key));
+}
+} // namespace
+
+void OpenWorkshiftDialog::apply()
+{
+    const QString signature = QStringLiteral("void OpenWorkshiftDialog::apply()");
+    const QString title = tr("Ошибка при открытии смены");
+    if (!module()) {
+        LogText::warn(signature, QStringLiteral("failed assert [parent] how [CVrkCliMod*]!"));
+    } else if (m_departmentKey.isEmpty()) {
+        LogText::warn(signature, QStringLiteral("could not create record: unknown workshift keyLink!"));
+        emit error(title, tr("Подразделение не найдено!"));
+    } else if (m_workerKey.isEmpty()) {
+        LogText::warn(signature, QStringLiteral("could not create record: unknown worker keyLink!"));
+        emit error(title, tr("Сотрудник не найден!"));
+    } else {
+        openWorkshift();
+    }
+    close();
+}
+
+void OpenWorkshiftDialog::openWorkshift()
+{
+    const QString signature = QStringLiteral("void OpenWorkshiftDialog::openWorkshift(CVrkCliMod*)");
+    const QString title = tr("Ошибка открытия смены");
+    const double from = DateTime_To_HfnTime(start());
+    const double to = DateTime_To_HfnTime(end());
+    const double now = DateTime_To_HfnTime(module()->session()->HfnTimeToSesTime());
+    const QByteArray workshiftKey = GenGuid32();
+    const QByteArray departmentKey = m_departmentKey.toUtf8();
+    const QByteArray workerKey = m_workerKey.toUtf8();
+
+    CRowBatch workshift(LogbookWorkshiftFields, fieldCount(LogbookWorkshiftFields));
+    MDRData* row = workshift.newRow(ROW_INSERT, workshiftKey);
+    workshift.SetValF(row, "KeyLink", MDRValue::text(workshiftKey));
+    workshift.SetValF(row, "DepartmentKey", MDRValue::text(departmentKey));
+    workshift.SetValF(row, "OpenWorkerKey", MDRValue::text(workerKey));
+    workshift.SetValF(row, "CloseWorkerKey", MDRValue::null());
+    workshift.SetValF(row, "createdAt", MDRValue::real(now));
+    workshift.SetValF(row, "startTime", MDRValue::real(from));
+    workshift.SetValF(row, "endTime", MDRValue::real(to));
+    workshift.RecPost(row);
+    if (!send(LogbookTable::Workshifts, workshift)) {
+        LogText::warn(
+            signature,
+            LogText::fill(QStringLiteral("error open workshift! SqlUpdate returned FALSE! Data: Table[%1]: "
+                                         "%2[%3], %4[%5], %6[%7], %8[%9], %10[%11], %12[%13],"),
+                          {QLatin1String(LogbookTable::Workshifts), QStringLiteral("KeyLink"),
+                           QString::fromLatin1(workshiftKey), QStringLiteral("DepartmentKey"),
+                           m_departmentKey, QStringLiteral("OpenWorkerKey"), m_workerKey,
+                           QStringLiteral("CloseWorkerKey"), QStringLiteral("NULL"),
+                           QStringLiteral("startTime"), logNumber(from), QStringLiteral("endTime"),
+                           logNumber(to)}));
+        emit error(title, tr("Произошла внутренняя ошибка при открытии смены!"));
+        return;
+    }
+
+    CRowBatch crew(LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields));
+    addCrewRows(crew, workshiftKey, true);
+    if (!send(LogbookTable::WorkersWorkshift, crew)) {
+        turnIntoDeletions(workshift);
+        send(LogbookTable::Workshifts, workshift);
+        LogText::warn(
+            signature,
+            LogText::fill(QStringLiteral("error open workshift! SqlUpdate returned FALSE! Data: Table[%1]"),
+                          {QLatin1String(LogbookTable::WorkersWorkshift)}));
+        emit error(title, tr("Произошла внутренняя ошибка при открытии смены!"));
+        return;
+    }
+
+    QStringList values{QLatin1String(LogbookTable::Records)};
+    CRowBatch record(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    addRecord(record, workshiftKey, now, &values);
+    if (!send(LogbookTable::Records, record)) {
+        turnIntoDeletions(workshift);
+        turnIntoDeletions(crew);
+        send(LogbookTable::Workshifts, workshift);
+        send(LogbookTable::WorkersWorkshift, crew);
+        // The last pair, the direction, has no place in the line.
+        LogText::warn(
+            signature,
+            LogText::fill(
+                QStringLiteral("error create record about opening workshift! SqlUpdate returned FALSE! "
+                               "Data: Table[%1]: %2[%3], %4[%5], %6[%7], %8[%9], %10[%11], %12[%13], "
+                               "%14[%15], %16[%17], %18[%19], %20[%21], %22[%23], %24[%25], %26[%27]"),
+                values));
+        emit error(title, tr("Не удалось создать запись об открытии смены!"));
+        return;
+    }
+    m_filler->valuesWritten();
+}

@@ -1,0 +1,140 @@
+#include "OpenWorkshiftDialog.h"
+
+#include "CModelTable.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "HfnWrapper.h"
+#include "LogbookTables.h"
+#include "LogText.h"
+#include "OrgStructDialog.h"
+#include "OrgStructWidget.h"
+#include "RecordValue.h"
+#include "TemplateFiller.h"
+#include "ui_OpenWorkshiftDialog.h"
+
+#include <QTextCodec>
+
+void OpenWorkshiftDialog::autoFillTemplate()
+{
+    autoFillWorker();
+    autoFillDepartment();
+    autoFillOrganization();
+    autoFillWorkshiftWorkers();
+    autoFillWorkshiftWorkersGroups();
+}
+
+void OpenWorkshiftDialog::changeIntervalTemplate()
+{
+    if (!m_form->changeTemplateCheck->isChecked())
+        return;
+    const QVector<unsigned int> found = m_filler->findParameter(QStringLiteral("interval"));
+    if (found.isEmpty())
+        return;
+    const QString format = QStringLiteral("dd.MM.yyyy hh:mm");
+    m_filler->setParameterValue(found.constFirst(),
+                                tr("с %1 по %2").arg(start().toString(format), end().toString(format)),
+                                QString());
+}
+
+void OpenWorkshiftDialog::autoFillWorker()
+{
+    const QVector<unsigned int> found = m_filler->findParameter(QStringLiteral("employee_fio"));
+    if (found.isEmpty())
+        return;
+    const QString name =
+        HfnWrapper::workerFullName(codec(), table(QLatin1String(LogbookTable::Workers)), m_workerKey);
+    if (name.isEmpty())
+        LogText::warn(QStringLiteral("void OpenWorkshiftDialog::autoFillWorker()"),
+                      QStringLiteral("can not auto fill employee: full name is empty!"));
+    else
+        m_filler->setParameterValue(found.constFirst(), name, m_workerKey);
+}
+
+void OpenWorkshiftDialog::autoFillNamed(const QString& parameter, const char* tableName, const QString& key,
+                                        const QString& signature, const QString& notFound)
+{
+    const QVector<unsigned int> found = m_filler->findParameter(parameter);
+    CModelTable* rows = table(QLatin1String(tableName));
+    if (found.isEmpty() || key.isEmpty() || !rows)
+        return;
+    const QByteArray bytes = key.toUtf8();
+    const MDRVar wanted = MDRValue::text(bytes);
+    const MDRData* row = MDARecSeekV(rows->data.array, 0, &wanted, 0);
+    if (!row) {
+        LogText::warn(signature, LogText::fill(notFound, {key}));
+        return;
+    }
+    const MDRVar name = recordValue(row, "name_");
+    if (MDRValue::hasText(name))
+        m_filler->setParameterValue(found.constFirst(), codec()->toUnicode(MDRValue::bytes(name)), key);
+}
+
+void OpenWorkshiftDialog::autoFillDepartment()
+{
+    autoFillNamed(QStringLiteral("department"), LogbookTable::Departments, m_departmentKey,
+                  QStringLiteral("void OpenWorkshiftDialog::autoFillDepartment()"),
+                  QStringLiteral("Not found department %1!"));
+}
+
+void OpenWorkshiftDialog::autoFillOrganization()
+{
+    autoFillNamed(QStringLiteral("organization"), LogbookTable::Organizations, m_organizationKey,
+                  QStringLiteral("void OpenWorkshiftDialog::autoFillOrganization()"),
+                  QStringLiteral("Not found organization %1!"));
+}
+
+/// The user's surname and initials, as the organization structure knows him. The crew's other workers are not in it.
+QString OpenWorkshiftDialog::shortName(int* group) const
+{
+    OrgStruct::Worker worker;
+    worker.keyLink = m_workerKey;
+    OrgStructWidget* structure = m_orgStructDialog->widget();
+    structure->setSelectionType(OrgStruct::Person);
+    structure->setCurrectItem(worker);
+    worker = structure->selectedItem().worker;
+    *group = worker.group;
+
+    QString name = worker.lastName;
+    for (const QString& part : {worker.firstName, worker.patronymicName}) {
+        if (!part.isEmpty())
+            name += QLatin1Char(' ') + part.left(1) + QLatin1Char('.');
+    }
+    return name;
+}
+
+void OpenWorkshiftDialog::autoFillWorkshiftWorkers()
+{
+    const QVector<unsigned int> found = m_filler->findParameter(QStringLiteral("shift_workers"));
+    if (found.isEmpty())
+        return;
+    int group = 0;
+    const QString name = shortName(&group);
+    if (name.isEmpty())
+        LogText::warn(QStringLiteral("void OpenWorkshiftDialog::autoFillWorkshiftWorkers()"),
+                      QStringLiteral("can not auto fill shift_workers: full name is empty!"));
+    else
+        m_filler->setParameterValue(found.constFirst(), name, m_workerKey);
+}
+
+void OpenWorkshiftDialog::autoFillWorkshiftWorkersGroups()
+{
+    const QVector<unsigned int> found = m_filler->findParameter(QStringLiteral("shift_workers_groups"));
+    if (found.isEmpty())
+        return;
+    int group = 0;
+    QString name = shortName(&group);
+    if (name.isEmpty()) {
+        LogText::warn(QStringLiteral("void OpenWorkshiftDialog::autoFillWorkshiftWorkersGroups()"),
+                      QStringLiteral("can not auto fill shift_workers_groups: full name is empty!"));
+        return;
+    }
+    if (group > 0)
+        name += QStringLiteral(" гр.") + groupText(group);
+    m_filler->setParameterValue(found.constFirst(), name, m_workerKey);
+}
+
+QString OpenWorkshiftDialog::groupText(int group)
+{
+    static const char* const roman[] = {"I", "II", "III", "IV", "V"};
+    return group >= 1 && group <= 5 ? QString::fromLatin1(roman[group - 1]) : QString::number(group);
+}

@@ -1,0 +1,211 @@
+#include "WorkshiftDialog.h"
+
+#include "CModelTable.h"
+#include "CrewTable.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "GenGuid32.h"
+#include "LogbookFields.h"
+#include "LogbookTables.h"
+#include "LogText.h"
+#include "RecordValue.h"
+#include "TemplateFiller.h"
+#include "TemplatesWidget.h"
+
+#include <QCloseEvent>
+#include <QTableWidget>
+#include <QTextCodec>
+
+QString logNumber(double number)
+{
+    return QStringLiteral("%1").arg(number, 0, 'g', -1);
+}
+
+WorkshiftDialog::WorkshiftDialog(QWidget* parent, int flag) : CPopTemplate(parent, flag) {}
+
+WorkshiftDialog::~WorkshiftDialog() = default;
+
+CVrkCliMod* WorkshiftDialog::module() const
+{
+    return qobject_cast<CVrkCliMod*>(parent());
+}
+
+QTextCodec* WorkshiftDialog::codec() const
+{
+    return module()->session()->codec();
+}
+
+void WorkshiftDialog::setUpForm(QTableWidget* crew, TemplatesWidget* templates, TemplateFiller* filler,
+                                const QString& property)
+{
+    m_crewView = crew;
+    m_crew = new CrewTable(crew, codec(), this);
+    m_templates = templates;
+    m_templates->setTextCodec(codec());
+    m_templates->setTemplateProps({property}, true);
+    m_filler = filler;
+    m_filler->setModule(module());
+    m_filler->setOrientation(Qt::Vertical);
+}
+
+void WorkshiftDialog::setDepartmentKey(const QString& key)
+{
+    m_departmentKey = key;
+    m_templates->setRootDepKeyLink(key);
+}
+
+void WorkshiftDialog::setOrgTypeKey(const QString& key)
+{
+    m_orgTypeKey = key;
+    m_templates->setRootOrgKeyLink(key);
+}
+
+void WorkshiftDialog::setCrewTables()
+{
+    m_crew->setTables(table(QLatin1String(LogbookTable::Workers)), table(QLatin1String(LogbookTable::Roles)),
+                      table(QLatin1String(LogbookTable::WorkerRoles)));
+}
+
+void WorkshiftDialog::setWorkersTable(CModelTable* table)
+{
+    setTable(LogbookTable::Workers, table);
+    setCrewTables();
+}
+
+void WorkshiftDialog::setRolesTable(CModelTable* table)
+{
+    setTable(LogbookTable::Roles, table);
+    setCrewTables();
+}
+
+void WorkshiftDialog::setWorkerRolesTable(CModelTable* table)
+{
+    setTable(LogbookTable::WorkerRoles, table);
+    setCrewTables();
+}
+
+void WorkshiftDialog::setCatsTemplateTable(CModelTable* table)
+{
+    m_templates->setCatsTemplateTable(table);
+    setTable(LogbookTable::CatsTemplate, table);
+}
+
+void WorkshiftDialog::setTemplatesTable(CModelTable* table)
+{
+    m_templates->setTemplatesTable(table);
+    setTable(LogbookTable::Templates, table);
+}
+
+void WorkshiftDialog::setDepartmentsTable(CModelTable* table)
+{
+    m_templates->setDepartmentsTable(table);
+    setTable(LogbookTable::Departments, table);
+}
+
+void WorkshiftDialog::setOrgTypesTable(CModelTable* table)
+{
+    m_templates->setOrgTypesTable(table);
+    setTable(LogbookTable::OrgTypes, table);
+}
+
+void WorkshiftDialog::MessageData(TEventNciParse* event)
+{
+    m_filler->MessageData(event);
+}
+
+void WorkshiftDialog::reloadTemplates()
+{
+    m_templates->reloadTemplates();
+}
+
+void WorkshiftDialog::closeEvent(QCloseEvent* event)
+{
+    clearWorkers();
+    m_templates->clearSelection();
+    CPopTemplate::closeEvent(event);
+}
+
+void WorkshiftDialog::reloadTemplateText(MDRData* record, const QString& signature)
+{
+    m_filler->setTemplate(QString());
+    if (!record)
+        return;
+    const MDRVar html = recordValue(record, "html");
+    if (MDRValue::hasText(html))
+        m_filler->setTemplate(codec()->toUnicode(MDRValue::bytes(html)));
+    else
+        LogText::warn(signature, QStringLiteral("template does not contains html!"));
+}
+
+void WorkshiftDialog::addWorker()
+{
+    m_crew->choose(m_orgStructDialog, m_departmentKey, [this](const QString& workerKey) {
+        m_crew->append(workerKey);
+        m_crewView->selectRow(0); // the first row, not the new one: meant
+        updateWorkshiftControls();
+    });
+}
+
+void WorkshiftDialog::removeWorkers()
+{
+    m_crew->removeCurrent();
+    updateWorkshiftControls();
+}
+
+void WorkshiftDialog::addCrewRows(CRowBatch& batch, const QByteArray& workshiftKey, bool opening) const
+{
+    for (const QString& worker : m_crew->workerKeys()) {
+        if (worker.isEmpty())
+            continue;
+        const QByteArray workerKey = worker.toUtf8();
+        const QByteArray rowKey = GenGuid32();
+        MDRData* row = batch.newRow(ROW_INSERT, rowKey);
+        batch.SetValF(row, "KeyLink", MDRValue::text(rowKey));
+        batch.SetValF(row, "WorkshiftKey", MDRValue::text(workshiftKey));
+        batch.SetValF(row, "WorkerKey", MDRValue::text(workerKey));
+        batch.SetValF(row, "opening", MDRValue::boolean(opening));
+        batch.RecPost(row);
+    }
+}
+
+void WorkshiftDialog::addRecord(CRowBatch& batch, const QByteArray& workshiftKey, double time,
+                                QStringList* pairs) const
+{
+    const QByteArray recordKey = GenGuid32();
+    const QByteArray workerKey = m_workerKey.toUtf8();
+    const QString text = m_filler->filledTemplate(true);
+    const QByteArray html = codec()->fromUnicode(text);
+    const QString null = QStringLiteral("NULL");
+    struct Field {
+        const char* name;
+        MDRVar value;
+        QString shown;
+    };
+    const Field fields[] = {
+        {"KeyLink", MDRValue::text(recordKey), QString::fromLatin1(recordKey)},
+        {"ShiftKey", MDRValue::text(workshiftKey), QString::fromLatin1(workshiftKey)},
+        {"WorkerKey", MDRValue::text(workerKey), m_workerKey},
+        {"VisaWorkerKey", MDRValue::null(), null},
+        {"ReceiverWorkerKey", MDRValue::null(), null},
+        {"SecondMarkWorkerKey", MDRValue::null(), null},
+        {"recordTime", MDRValue::real(time), logNumber(time)},
+        {"eventTime", MDRValue::real(time), logNumber(time)},
+        {"firstMarkTime", MDRValue::null(), null},
+        {"secondMarkTime", MDRValue::null(), null},
+        {"executionTime", MDRValue::null(), null},
+        {"html", MDRValue::text(html, mdr_TMemo), text},
+        {"status", MDRValue::number(StatusApproved), QString::number(StatusApproved)},
+        {"direction", MDRValue::number(DirectionNone), QString::number(DirectionNone)},
+    };
+    MDRData* row = batch.newRow(ROW_INSERT, recordKey);
+    for (const Field& field : fields) {
+        batch.SetValF(row, field.name, field.value);
+        *pairs << QLatin1String(field.name) << field.shown;
+    }
+    batch.RecPost(row);
+}
+
+bool WorkshiftDialog::send(const char* table, const CRowBatch& batch) const
+{
+    return module()->session()->SqlUpdate(table, batch.array, true, nullptr);
+}
