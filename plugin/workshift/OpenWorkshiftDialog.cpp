@@ -135,18 +135,19 @@ void OpenWorkshiftDialog::reloadShifts()
 std::pair<QDateTime, QDateTime> OpenWorkshiftDialog::toCurrentInterval(double start, double end,
                                                                        const QDateTime& now)
 {
-    // A time of day is its seconds since midnight; counted from this midnight on the clock, so that a day on which
-    // the clock is changed keeps its shifts.
-    const auto at = [&now](double timeOfDay) {
-        const auto seconds = static_cast<qint64>(timeOfDay);
-        const qint64 days = seconds / secondsOfDay;
-        return QDateTime(now.date().addDays(days),
-                         QTime(0, 0).addSecs(static_cast<int>(seconds % secondsOfDay)));
-    };
-    QDateTime from = at(start);
-    QDateTime to = at(end);
+    const QDateTime midnight(now.date(), QTime(0, 0));
+    QDateTime from(midnight);
+    QDateTime to(midnight);
+    if (start < 0) {
+        from.setTime(HfnTime_to_DateTime(start, -1).time());
+        to.setTime(HfnTime_to_DateTime(end, -1).time());
+    } else {
+        const double today = DateTime_To_HfnTime(midnight);
+        from = HfnTime_to_DateTime(start + today, -1);
+        to = HfnTime_to_DateTime(end + today, -1);
+    }
     if (start > end)
-        to = to.addDays(1);
+        to = to.addSecs(secondsOfDay);
     return {from, to};
 }
 

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "WorkshiftDialog.h"
+
+#include <memory>
+#include <QDateTime>
+#include <utility>
+
+namespace Ui
+{
+class OpenWorkshiftDialog;
+}
+
+/// Opens a workshift: a shift from the department's timetable, its interval, the crew, and the record about opening,
+/// filled from an "open" template. Writes the workshift, its crew and the record one after another; when a later
+/// write fails, the earlier ones are taken back.
+class OpenWorkshiftDialog : public WorkshiftDialog
+{
+    Q_OBJECT
+
+public:
+    /// \a parent is the module.
+    explicit OpenWorkshiftDialog(QWidget* parent, int flag = -1);
+    ~OpenWorkshiftDialog() override;
+
+    void setOrganizationKey(const QString& key) { m_organizationKey = key; }
+    void setShiftsTable(CModelTable* table);
+    void setOrganizationsTable(CModelTable* table);
+
+    /// The occurrence of a shift today: its bounds are times of day; it ends tomorrow when it runs over midnight.
+    /// \a now is the session's time.
+    static std::pair<QDateTime, QDateTime> toCurrentInterval(double start, double end, const QDateTime& now);
+    /// A safety group as it is written behind a name: "I" to "V", higher ones as a number.
+    static QString groupText(int group);
+
+public slots:
+    void apply();
+    /// Meant to be empty: parameters are edited inside the filler.
+    void showEditor(const QString& parameterName, unsigned int index);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void createConnections();
+    void reloadShifts();
+    void changeSelectedShift();
+    void uploadLastWorkshift();
+    void setDefaultWorkshiftComposition();
+    void clearWorkers() override;
+    void updateWorkshiftControls() override;
+    void updateStateControls();
+    void templateSelected();
+
+    // OpenWorkshiftDialog_autofill.cpp
+    void changeIntervalTemplate();
+    void autoFillTemplate();
+    void autoFillWorker();
+    void autoFillDepartment();
+    void autoFillOrganization();
+    void autoFillWorkshiftWorkers();
+    void autoFillWorkshiftWorkersGroups();
+    void autoFillNamed(const QString& parameter, const char* tableName, const QString& key,
+                       const QString& signature, const QString& notFound);
+    QString shortName(int* group) const;
+
+    // OpenWorkshiftDialog_apply.cpp
+    void openWorkshift();
+
+    QDateTime start() const;
+    QDateTime end() const;
+
+    QString m_organizationKey;
+    QDateTime m_lastWorkshiftEnd; ///< invalid when unknown
+    std::unique_ptr<Ui::OpenWorkshiftDialog> m_form;
+};
