@@ -32,6 +32,16 @@ unsigned bits(char byte, unsigned mask)
 {
     return static_cast<unsigned char>(byte) & mask;
 }
+/// Whether the byte never takes its successor into its character.
+bool standsAlone(QTextCodec* codec, char byte)
+{
+    for (const char next : {'A', '\xA1'}) {
+        const char pair[] = {byte, next};
+        if (codec->toUnicode(pair, 2).size() != 2)
+            return false;
+    }
+    return true;
+}
 } // namespace
 
 std::unique_ptr<CodePage> CodePage::create(const QByteArray& name)
@@ -53,7 +63,7 @@ std::unique_ptr<CodePage> CodePage::create(const QByteArray& name)
         QChar character(static_cast<ushort>(byte));
         if (decoded.size() == 1 && decoded.at(0) != QChar(QChar::ReplacementCharacter))
             character = decoded.at(0);
-        if (byte < 128 && character.unicode() != byte)
+        if (!standsAlone(codec, one) || (byte < 128 && decoded != QString(QChar(byte))))
             return nullptr;
         const QByteArray utf8 = QString(character).toUtf8();
         if (character.isSurrogate() || utf8.size() > 3 || page->m_fromBmp[character.unicode()] != '?')

@@ -51,6 +51,11 @@ private:
     bool ready(StoreError* error);
     QByteArray property(const char* name);
     bool fail(const SqliteConnection& connection, StoreError* error) const;
+    /// Whose writes these are in the log.
+    QByteArray writerName() const
+    {
+        return m_user.login.isEmpty() ? QByteArray("loader") : m_user.login.toUtf8();
+    }
 
     bool writeBatch(const StoreWrite& write, StoreError* error);
     bool closeTransaction(qint64 number, const QByteArray& batchKey, StoreError* error);

@@ -117,7 +117,7 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
                 return true; // the answer to an earlier call was lost; the work is done
         }
         const qint64 number = m_write->number("SELECT coalesce(max(number), 0) + 1 FROM ChangeTransactions");
-        const QByteArray login = m_user.login.toUtf8();
+        const QByteArray login = writerName();
         SqliteStatement begin = m_write->cached(
             "INSERT INTO CurrentTransaction (number, login, userKey, loader) VALUES (?, ?, ?, ?)");
         begin.bind(1, number).bind(2, login).bind(3, m_user.key).bind(4, qint64(m_options.loader));
@@ -213,7 +213,7 @@ bool SqliteStore::writeBatch(const StoreWrite& write, StoreError* error)
 
 bool SqliteStore::closeTransaction(qint64 number, const QByteArray& batchKey, StoreError* error)
 {
-    const QByteArray login = m_user.login.toUtf8();
+    const QByteArray login = writerName();
     TransactionChain::Head head{number, batchKey, login, m_options.loader, serverTime()};
     QByteArray chain;
     if (!TransactionChain::next(*m_write, head, &chain))
