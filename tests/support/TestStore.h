@@ -90,9 +90,11 @@ public:
         template <class T>
         Field(const char* fieldName, const T& fieldValue) : name(fieldName)
         {
-            if constexpr (std::is_convertible_v<T, const char*> && !std::is_same_v<T, QByteArray>)
+            if constexpr (std::is_same_v<T, std::nullptr_t>)
+                return;
+            else if constexpr (std::is_convertible_v<T, const char*> && !std::is_same_v<T, QByteArray>)
                 value = QString::fromUtf8(fieldValue);
-            else if constexpr (!std::is_same_v<T, std::nullptr_t>)
+            else
                 value = fieldValue;
         }
         const char* name;
