@@ -35,7 +35,7 @@ var _run = (function (global) {
             script.apply(null, values);
         } catch (error) {
             if (error !== leave)
-                return "" + error + (error && error.lineNumber ? " (line " + error.lineNumber + ")" : "");
+                return "script error: " + error + (error && error.lineNumber ? " (line " + error.lineNumber + ")" : "");
 }
 return "";
 }

@@ -1,0 +1,406 @@
+#include "CVrkToolCalcExec.h"
+#include "FakeStore.h"
+#include "GenGuid32.h"
+#include "TestClient.h"
+
+#include <QFile>
+#include <QtTest>
+
+namespace
+{
+/// The script that asks for the end of a department's last workshift, as the opening of a workshift sends it.
+const char* const lastWorkshiftEnd = R"script(
+( DepartmentKey )
+{
+// ***************************************************************************** //
+// Функция возвращает времея конца последней смены в подразделении DepartmentKey //
+// ***************************************************************************** //
+    var table       ,
+        keySeek     ,
+        record      ,
+        idx         ,
+        WorkshiftKey,
+        endTime     ;
+    keySeek = 1; // ключ ["DepartmentKey;startTime:0x4"] - Определен на сервере в CimModel
+    table   = _ModelTableByName( "LogbookWorkshifts" );
+    // Для таблицы LogbookWorkshifts на сервере добавлен ключ [1 = "DepartmentKey;startTime:0x4"].
+    // По этому ключу записи отсортированы в обратно порядке по подразделению и времени начала смены
+    // (т.е. сначала будут самые новые смены).
+    // Для поиска самой последней смены передаем очень большое число '5е10', которые в этой таблице
+    // не будет найдено и тогда вернется индекс самого близкого числа к '5e10' - эта запись и будет
+    // последней сменой.
+    // Т.к. CTblRecSeek() возвращается 2 значения - указатель на запись и индекс, берем индекс.
+    idx = CTblRecSeek( table, keySeek, [DepartmentKey, 5e10] )[1];
+    if( idx >= CTblRecCount(table) ) {
+        exit;
+    }
+    record = CTblRec( table, keySeek, idx );
+    if( CRecFldGet(record, "DepartmentKey") != DepartmentKey ) {
+        exit;
+    }
+    endTime = CRecFldGet(record, "endTime");
+    // Если не указано время конца смены, то это какая-то ошибка
+    if( type(endTime) != var_Dbl ) {
+        exit;
+    }
+    Result = endTime;
+})script";
+} // namespace
+
+class CVrkToolCalcExecTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void the_end_of_the_only_workshift();
+    void the_end_of_the_latest_of_several_workshifts();
+    void the_latest_is_the_one_that_began_last();
+    void a_department_without_workshifts_has_no_end();
+    void a_department_behind_all_others_has_no_end();
+    void an_empty_table_has_no_end();
+    void a_workshift_without_an_end_has_none();
+    void the_workshift_of_a_neighbour_is_not_taken();
+    void each_run_reads_anew();
+
+    void the_language_knows_its_types();
+    void texts_come_as_unicode();
+    void null_fields_are_nil();
+    void indexes_outside_the_table_give_nil();
+    void an_exact_seek_gives_record_and_index();
+    void values_of_all_types_come_back();
+    void leaving_early_is_done_without_a_result();
+    void a_comment_may_end_the_script();
+    void errors_break_off_data();
+    void errors_break_off();
+    void an_error_empties_the_output_of_the_run_before();
+    void scripts_know_nothing_of_each_other();
+    void without_a_store_the_run_breaks_off();
+    void the_read_ends_on_every_path();
+    void the_tool_has_its_name();
+
+private:
+    struct Answer {
+        int state;
+        CVar output;
+    };
+    static Answer run(CVrkCliMod* module, const QString& script, const QByteArray& argument = "DEP_CDS")
+    {
+        CVrkToolCalcExec tool(module);
+        tool.m_script = QLatin1Char('_') + QString::fromLatin1(GenGuid32()) + script;
+        CVarSetArr(&tool.m_input, 1);
+        CVarSetStr(&tool.m_input.elements[0], argument.constData(), argument.size());
+        const int state = tool.Perform(false);
+        return {state, tool.m_output};
+    }
+    static Answer end(TestModule& module, const QByteArray& department)
+    {
+        return run(&module, QString::fromUtf8(lastWorkshiftEnd), department);
+    }
+    static bool addShift(TestStore& store, const char* key, const char* department, double start,
+                         const QVariant& endTime)
+    {
+        return TestStore::write(store.openLoader().get(), "LogbookWorkshifts", ROW_INSERT, key,
+                                {{"DepartmentKey", department},
+                                 {"OpenWorkerKey", "W"},
+                                 {"createdAt", start},
+                                 {"startTime", start},
+                                 {"endTime", endTime}});
+    }
+    static QString body(const char* text)
+    {
+        return QStringLiteral("( x )\n{\n%1\n}").arg(QString::fromUtf8(text));
+    }
+};
+
+#define COMPARE_END(answer, expected)                                                                        \
+    QCOMPARE((answer).state, 2);                                                                             \
+    QCOMPARE((answer).output.type, 2);                                                                       \
+    QCOMPARE((answer).output.number, double(expected))
+#define COMPARE_NO_END(answer)                                                                               \
+    QCOMPARE((answer).state, 2);                                                                             \
+    QCOMPARE((answer).output.type, 0)
+
+void CVrkToolCalcExecTest::the_end_of_the_only_workshift()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    COMPARE_END(
+        end(module, "DEP_ZAR"),
+        store.value(QStringLiteral("SELECT endTime FROM LogbookWorkshifts WHERE KeyLink='SHIFT_ZAR_OPEN'"))
+            .toDouble());
+}
+
+void CVrkToolCalcExecTest::the_end_of_the_latest_of_several_workshifts()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    COMPARE_END(
+        end(module, "DEP_CDS"),
+        store.value(QStringLiteral("SELECT endTime FROM LogbookWorkshifts WHERE KeyLink='SHIFT_CDS_OPEN'"))
+            .toDouble());
+}
+
+void CVrkToolCalcExecTest::the_latest_is_the_one_that_began_last()
+{
+    TestStore store(TestStore::Empty);
+    QVERIFY(addShift(store, "A", "D", 3000, 3500.0));
+    QVERIFY(addShift(store, "B", "D", 1000, 9000.0));
+    QVERIFY(addShift(store, "C", "D", 2000, 2500.0));
+    TestClient client(store.openLoader());
+    TestModule module(client);
+    COMPARE_END(end(module, "D"), 3500.0);
+}
+
+void CVrkToolCalcExecTest::a_department_without_workshifts_has_no_end()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    COMPARE_NO_END(end(module, "DEP_ODS"));
+    COMPARE_NO_END(end(module, "A"));
+    COMPARE_NO_END(end(module, ""));
+}
+
+void CVrkToolCalcExecTest::a_department_behind_all_others_has_no_end()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    COMPARE_NO_END(end(module, "DEP_ZZZ"));
+}
+
+void CVrkToolCalcExecTest::an_empty_table_has_no_end()
+{
+    TestStore store(TestStore::Empty);
+    TestClient client(store.openLoader());
+    TestModule module(client);
+    COMPARE_NO_END(end(module, "DEP_CDS"));
+}
+
+void CVrkToolCalcExecTest::a_workshift_without_an_end_has_none()
+{
+    TestStore store(TestStore::Empty);
+    QVERIFY(addShift(store, "A", "D", 1000, 1500.0));
+    QVERIFY(addShift(store, "B", "D", 2000, QVariant()));
+    TestClient client(store.openLoader());
+    TestModule module(client);
+    COMPARE_NO_END(end(module, "D"));
+}
+
+void CVrkToolCalcExecTest::the_workshift_of_a_neighbour_is_not_taken()
+{
+    TestStore store(TestStore::Empty);
+    QVERIFY(addShift(store, "A", "DEP", 1000, 1500.0));
+    QVERIFY(addShift(store, "B", "DEP_2", 2000, 2500.0));
+    TestClient client(store.openLoader());
+    TestModule module(client);
+    COMPARE_END(end(module, "DEP"), 1500.0);
+    COMPARE_END(end(module, "DEP_2"), 2500.0);
+    COMPARE_NO_END(end(module, "DEP_"));
+    COMPARE_NO_END(end(module, "dep"));
+}
+
+void CVrkToolCalcExecTest::each_run_reads_anew()
+{
+    TestStore store(TestStore::Empty);
+    TestClient client(store.openLoader());
+    TestModule module(client);
+    COMPARE_NO_END(end(module, "D"));
+    QVERIFY(addShift(store, "A", "D", 1000, 1500.0));
+    COMPARE_END(end(module, "D"), 1500.0);
+}
+
+void CVrkToolCalcExecTest::the_language_knows_its_types()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    const Answer answer = run(
+        &module,
+        body("Result = [type(1), type(0.5), type('a'), type([1]), type(null), type(undefined), type(true)];"
+             "if (type(1) != var_Dbl || type('a') != var_Str || type([]) != var_Arr || type(null) != "
+             "var_Nil || type(true) != var_Int) Result = 0;"));
+    QCOMPARE(answer.state, 2);
+    QCOMPARE(answer.output.type, 4);
+    QVector<int> codes;
+    for (const CVar& code : answer.output.elements)
+        codes.append(static_cast<int>(code.number));
+    QCOMPARE(codes, (QVector<int>{2, 2, 3, 4, 0, 0, 1}));
+}
+
+void CVrkToolCalcExecTest::texts_come_as_unicode()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    const Answer answer = run(&module, body("var t = _ModelTableByName('Departments');"
+                                            "Result = CRecFldGet(CTblRecSeek(t, 0, [x])[0], 'name_');"));
+    QCOMPARE(answer.output.type, int(CVar::String));
+    QCOMPARE(QString::fromUtf8(answer.output.text), QStringLiteral("ЦДС"));
+}
+
+void CVrkToolCalcExecTest::null_fields_are_nil()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    const Answer answer =
+        run(&module, body("var t = _ModelTableByName('LogbookWorkshifts');"
+                          "var r = CTblRecSeek(t, 0, ['SHIFT_CDS_OPEN'])[0];"
+                          "Result = [type(CRecFldGet(r, 'CloseWorkerKey')),"
+                          " type(CRecFldGet(r, 'noSuchField')), type(CRecFldGet(r, 'toString'))];"));
+    QCOMPARE(answer.output.elements.size(), std::size_t(3));
+    for (const CVar& code : answer.output.elements)
+        QCOMPARE(code.number, 0.0);
+}
+
+void CVrkToolCalcExecTest::indexes_outside_the_table_give_nil()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    const Answer answer = run(
+        &module, body("var t = _ModelTableByName('LogbookWorkshifts'); var n = CTblRecCount(t);"
+                      "var past = CTblRecSeek(t, 0, ['Z']);"
+                      "Result = [n, past[1], type(past[0]), type(CTblRec(t, 0, n)), type(CTblRec(t, 0, -1)),"
+                      " _ModelTableByName('NoSuchTable') === null ? 1 : 0];"));
+    QVector<double> numbers;
+    for (const CVar& number : answer.output.elements)
+        numbers.append(number.number);
+    QCOMPARE(numbers, (QVector<double>{3, 3, 0, 0, 0, 1}));
+}
+
+void CVrkToolCalcExecTest::an_exact_seek_gives_record_and_index()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    const Answer answer = run(&module, body("var t = _ModelTableByName('LogbookWorkshifts');"
+                                            "var found = CTblRecSeek(t, 0, ['SHIFT_CDS_PAST']);"
+                                            "Result = [CRecFldGet(found[0], 'KeyLink'), found[1],"
+                                            " CRecFldGet(CTblRec(t, 0, found[1]), 'KeyLink')];"));
+    QCOMPARE(answer.output.elements.size(), std::size_t(3));
+    QCOMPARE(answer.output.elements[0].text, QByteArray("SHIFT_CDS_PAST"));
+    QCOMPARE(answer.output.elements[1].number, 1.0); // behind SHIFT_CDS_OPEN
+    QCOMPARE(answer.output.elements[2].text, QByteArray("SHIFT_CDS_PAST"));
+}
+
+void CVrkToolCalcExecTest::values_of_all_types_come_back()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    QCOMPARE(run(&module, body("Result = 'текст ' + x;")).output.text, QByteArray("текст DEP_CDS"));
+    const CVar truth = run(&module, body("Result = true;")).output;
+    QCOMPARE(truth.type, int(CVar::Int));
+    QCOMPARE(truth.number, 1.0);
+    QCOMPARE(run(&module, body("Result = null;")).output.type, int(CVar::None));
+    QCOMPARE(run(&module, body("Result = [[1], 'a'];")).output.elements.at(0).elements.at(0).number, 1.0);
+    QCOMPARE(run(&module, body("")).output.type, int(CVar::None));
+}
+
+void CVrkToolCalcExecTest::leaving_early_is_done_without_a_result()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    COMPARE_NO_END(run(&module, body("exit; Result = 5;")));
+    COMPARE_END(run(&module, body("Result = 5; exit; Result = 6;")), 5);
+}
+
+void CVrkToolCalcExecTest::a_comment_may_end_the_script()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    COMPARE_END(run(&module, body("Result = 5;") + QStringLiteral(" // \"конец\"")), 5);
+}
+
+void CVrkToolCalcExecTest::errors_break_off_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::newRow("syntax") << body("Result = ;");
+    QTest::newRow("no function") << QStringLiteral(" = 5");
+    QTest::newRow("unknown name") << body("Result = 1; unknownFunction();");
+    QTest::newRow("thrown text") << body("Result = 1; throw 'broken';");
+    QTest::newRow("thrown nothing") << body("Result = 1; throw '';");
+    QTest::newRow("thrown number") << body("Result = 1; throw 0;");
+    QTest::newRow("count of no table") << body("Result = CTblRecCount(null);");
+    QTest::newRow("seek in no table") << body("Result = CTblRecSeek(null, 0, ['A'])[1];");
+    QTest::newRow("no such key") << body("Result = CTblRecSeek(_ModelTableByName('Workers'), 7, ['A'])[1];");
+    QTest::newRow("field of no record") << body("Result = CRecFldGet(null, 'KeyLink');");
+}
+
+void CVrkToolCalcExecTest::errors_break_off()
+{
+    QFETCH(QString, script);
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("CVrkToolCalcExec::Perform")));
+    const Answer answer = run(&module, script);
+    QVERIFY(answer.state != 2);
+    QCOMPARE(answer.output.type, 0);
+}
+
+void CVrkToolCalcExecTest::an_error_empties_the_output_of_the_run_before()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    CVrkToolCalcExec tool(&module);
+    tool.m_script = QStringLiteral("_a") + body("Result = 5;");
+    QCOMPARE(tool.Perform(false), 2);
+    QCOMPARE(tool.m_output.number, 5.0);
+    tool.m_script = QStringLiteral("_b") + body("Result = ;");
+    QVERIFY(tool.Perform(false) != 2);
+    QCOMPARE(tool.m_output.type, 0);
+}
+
+void CVrkToolCalcExecTest::scripts_know_nothing_of_each_other()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    QCOMPARE(run(&module, body("leftOver = 1; Result = 1;")).state, 2);
+    const Answer answer =
+        run(&module, body("Result = type(Result) + (typeof leftOver === 'undefined' ? 0 : 10);"));
+    QCOMPARE(answer.output.number, 0.0);
+}
+
+void CVrkToolCalcExecTest::without_a_store_the_run_breaks_off()
+{
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    QVERIFY(QFile::remove(store.path()));
+    const Answer answer = run(&module, body("Result = 5;"));
+    QVERIFY(answer.state != 2);
+    QCOMPARE(answer.output.type, 0);
+    QVERIFY(run(nullptr, body("Result = 5;")).state != 2);
+}
+
+void CVrkToolCalcExecTest::the_read_ends_on_every_path()
+{
+    const auto state = std::make_shared<FakeStore::State>();
+    TestClient client(std::make_unique<FakeStore>(state));
+    TestModule module(client);
+    QCOMPARE(run(&module, body("Result = 5;")).state, 2);
+    QVERIFY(!state->reading);
+    QVERIFY(run(&module, body("throw 5;")).state != 2);
+    QVERIFY(!state->reading);
+    state->failures = {FakeStore::error(StoreError::Internal, QStringLiteral("Сбой."))};
+    QVERIFY(run(&module, body("Result = 5;")).state != 2);
+    QVERIFY(!state->reading);
+}
+
+void CVrkToolCalcExecTest::the_tool_has_its_name()
+{
+    TestModule module(static_cast<CVrkCliApp*>(nullptr));
+    QCOMPARE(CVrkToolCalcExec(&module).objectName(), QStringLiteral("CalcExec"));
+}
+
+QTEST_MAIN(CVrkToolCalcExecTest)
+#include "CVrkToolCalcExec_test.moc"

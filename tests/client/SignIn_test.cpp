@@ -1,0 +1,226 @@
+#include "CVrkCliApp.h"
+#include "CVrkCliSes.h"
+#include "SignIn.h"
+#include "StoreAdmin.h"
+#include "TestStore.h"
+
+#include <ctime>
+#include <QDateTime>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTextCodec>
+#include <QtTest>
+
+class SignInTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup()
+    {
+        qputenv("TZ", "Europe/Moscow");
+        tzset();
+    }
+
+    void the_login_of_a_worker_enters_its_only_department();
+    void of_two_departments_one_must_be_chosen();
+    void departments_come_by_name_with_their_organizations();
+    void a_department_of_others_is_refused();
+    void a_login_without_a_worker_enters_without_a_department();
+    void the_logins_to_choose_from();
+    void an_unknown_login_is_refused_and_may_be_tried_again();
+    void a_store_that_is_not_there_tells_why_data();
+    void a_store_that_is_not_there_tells_why();
+    void steps_out_of_order_fail();
+    void the_process_lives_in_the_zone_of_the_store();
+    void the_code_page_is_that_of_the_store();
+    void a_store_that_vanishes_before_the_end_tells_why();
+    void an_application_is_entered_once();
+
+private:
+    static QString parameter(const CVrkCliApp& app, const char* name)
+    {
+        return app.m_user_params.getValue(QString::fromLatin1(name), QStringLiteral("(none)"));
+    }
+};
+
+void SignInTest::the_login_of_a_worker_enters_its_only_department()
+{
+    TestStore store;
+    CVrkCliApp app;
+    SignIn signIn;
+    QVERIFY2(signIn.open(store.url()), qPrintable(signIn.errorText()));
+    QVERIFY(signIn.signIn(QStringLiteral("ivanov")));
+    QCOMPARE(signIn.departments().size(), 1);
+    QVERIFY(!signIn.userName().isEmpty());
+    QVERIFY(signIn.enter(&app, QByteArray()));
+    QCOMPARE(signIn.errorText(), QString());
+    QCOMPARE(parameter(app, "KEYLINK"), QStringLiteral("USER_IVANOV"));
+    QCOMPARE(parameter(app, "DEPARTMENTKEY"), QStringLiteral("DEP_CDS"));
+    QCOMPARE(parameter(app, "ORGANIZATIONKEY"), QStringLiteral("ORG_NETS"));
+    QVERIFY(app.session());
+    QVERIFY(app.session()->isConnected());
+}
+
+void SignInTest::of_two_departments_one_must_be_chosen()
+{
+    TestStore store;
+    CVrkCliApp app;
+    SignIn signIn;
+    QVERIFY(signIn.open(store.url()) && signIn.signIn(QStringLiteral("smirnov")));
+    QVERIFY(!signIn.enter(&app, QByteArray()));
+    QCOMPARE(signIn.errorText(), QStringLiteral("Не выбрано подразделение."));
+    QVERIFY(!app.session());
+    QVERIFY(signIn.enter(&app, "DEP_ODS"));
+    QCOMPARE(parameter(app, "DEPARTMENTKEY"), QStringLiteral("DEP_ODS"));
+    QCOMPARE(parameter(app, "ORGANIZATIONKEY"), QStringLiteral("ORG_CENTER"));
+}
+
+void SignInTest::departments_come_by_name_with_their_organizations()
+{
+    TestStore store;
+    SignIn signIn;
+    QVERIFY(signIn.departments().isEmpty());
+    QVERIFY(signIn.open(store.url()) && signIn.signIn(QStringLiteral("smirnov")));
+    const QVector<SignIn::Department> departments = signIn.departments();
+    QCOMPARE(departments.size(), 2);
+    QCOMPARE(departments[0].name, QStringLiteral("Заречная диспетчерская группа"));
+    QCOMPARE(departments[0].organizationKey, QByteArray("ORG_NETS"));
+    QCOMPARE(departments[1].name, QStringLiteral("ОДС"));
+    QVERIFY(!departments[1].organizationName.isEmpty());
+}
+
+void SignInTest::a_department_of_others_is_refused()
+{
+    TestStore store;
+    CVrkCliApp app;
+    SignIn signIn;
+    QVERIFY(signIn.open(store.url()) && signIn.signIn(QStringLiteral("ivanov")));
+    QVERIFY(!signIn.enter(&app, "DEP_ODS"));
+    QCOMPARE(signIn.errorText(), QStringLiteral("Пользователь не работает в выбранном подразделении."));
+    QVERIFY(!app.session());
+    // A worker's row that is deleted opens nothing.
+    QVERIFY(signIn.signIn(QStringLiteral("kuznetsov")));
+    QVERIFY(signIn.departments().isEmpty());
+}
+
+void SignInTest::a_login_without_a_worker_enters_without_a_department()
+{
+    TestStore store;
+    CVrkCliApp app;
+    SignIn signIn;
+    QVERIFY(signIn.open(store.url()) && signIn.signIn(QStringLiteral("viewer")));
+    QVERIFY(signIn.departments().isEmpty());
+    QVERIFY(signIn.enter(&app, QByteArray()));
+    QCOMPARE(parameter(app, "KEYLINK"), QStringLiteral("USER_VIEWER"));
+    QCOMPARE(parameter(app, "DEPARTMENTKEY"), QString());
+}
+
+void SignInTest::the_logins_to_choose_from()
+{
+    TestStore store;
+    SignIn signIn;
+    QVERIFY(signIn.logins().isEmpty());
+    QVERIFY(signIn.open(store.url()));
+    QStringList names;
+    for (const SignIn::Login& login : signIn.logins())
+        names.append(login.login);
+    QVERIFY(names.contains(QStringLiteral("ivanov")));
+    QVERIFY(names.contains(QStringLiteral("viewer")));
+}
+
+void SignInTest::an_unknown_login_is_refused_and_may_be_tried_again()
+{
+    TestStore store;
+    CVrkCliApp app;
+    SignIn signIn;
+    QVERIFY(signIn.open(store.url()));
+    QVERIFY(!signIn.signIn(QStringLiteral("nobody")));
+    QCOMPARE(signIn.errorText(), QStringLiteral("Пользователь «nobody» не найден."));
+    QVERIFY(!signIn.enter(&app, QByteArray()));
+    QVERIFY(signIn.signIn(QStringLiteral("petrov")));
+    QCOMPARE(signIn.errorText(), QString());
+    QVERIFY(signIn.enter(&app, "DEP_CDS"));
+    QCOMPARE(parameter(app, "KEYLINK"), QStringLiteral("USER_PETROV"));
+}
+
+void SignInTest::a_store_that_is_not_there_tells_why_data()
+{
+    QTest::addColumn<QString>("url");
+    QTest::newRow("no url") << QString();
+    QTest::newRow("unknown engine") << QStringLiteral("oracle://host/db");
+    QTest::newRow("no file") << QStringLiteral("sqlite:///no/such/journal.vrk");
+    QTest::newRow("a folder") << QStringLiteral("sqlite:///tmp");
+}
+
+void SignInTest::a_store_that_is_not_there_tells_why()
+{
+    QFETCH(QString, url);
+    SignIn signIn;
+    QVERIFY(!signIn.open(url));
+    // In the user's words.
+    QVERIFY(signIn.errorText().contains(QRegularExpression(QStringLiteral("[а-я]{3}"))));
+    QVERIFY(!signIn.signIn(QStringLiteral("ivanov")));
+}
+
+void SignInTest::steps_out_of_order_fail()
+{
+    CVrkCliApp app;
+    SignIn signIn;
+    QVERIFY(!signIn.signIn(QStringLiteral("ivanov")));
+    QCOMPARE(signIn.errorText(), QStringLiteral("Журнал не открыт."));
+    QVERIFY(!signIn.enter(&app, QByteArray()));
+    QCOMPARE(signIn.errorText(), QStringLiteral("Вход в журнал не выполнен."));
+}
+
+void SignInTest::the_process_lives_in_the_zone_of_the_store()
+{
+    QTemporaryDir folder;
+    const QString url = QStringLiteral("sqlite://") + folder.filePath(QStringLiteral("journal.vrk"));
+    StoreError error;
+    QVERIFY2(StoreAdmin::init(url, "Windows-1251", "Asia/Vladivostok", &error), qPrintable(error.text));
+    SignIn signIn;
+    QVERIFY(signIn.open(url));
+    const QDateTime time = QDateTime::fromSecsSinceEpoch(1700000000);
+    QCOMPARE(time.offsetFromUtc(), 10 * 3600);
+    QCOMPARE(time.time(), QTime(8, 13, 20));
+}
+
+void SignInTest::the_code_page_is_that_of_the_store()
+{
+    QTemporaryDir folder;
+    const QString url = QStringLiteral("sqlite://") + folder.filePath(QStringLiteral("journal.vrk"));
+    StoreError error;
+    QVERIFY2(StoreAdmin::init(url, "UTF-8", "Europe/Moscow", &error), qPrintable(error.text));
+    QVERIFY(StoreAdmin::addUser(url, QStringLiteral("admin"), QStringLiteral("Администратор"), &error));
+    CVrkCliApp app;
+    SignIn signIn;
+    QVERIFY(signIn.open(url) && signIn.signIn(QStringLiteral("admin")) && signIn.enter(&app, QByteArray()));
+    QCOMPARE(app.session()->codec()->name(), QByteArray("UTF-8"));
+}
+
+void SignInTest::a_store_that_vanishes_before_the_end_tells_why()
+{
+    TestStore store;
+    CVrkCliApp app;
+    SignIn signIn;
+    QVERIFY(signIn.open(store.url()) && signIn.signIn(QStringLiteral("ivanov")));
+    QVERIFY(QFile::remove(store.path()));
+    QVERIFY(!signIn.enter(&app, QByteArray()));
+    QVERIFY(signIn.errorText().contains(QStringLiteral("исчез")));
+    QVERIFY(!app.session());
+}
+
+void SignInTest::an_application_is_entered_once()
+{
+    TestStore store;
+    CVrkCliApp app;
+    SignIn signIn;
+    QVERIFY(signIn.open(store.url()) && signIn.signIn(QStringLiteral("ivanov")));
+    QVERIFY(signIn.enter(&app, QByteArray()));
+    QVERIFY(!signIn.enter(&app, QByteArray()));
+    QVERIFY(!signIn.errorText().isEmpty());
+}
+
+QTEST_MAIN(SignInTest)
+#include "SignIn_test.moc"
