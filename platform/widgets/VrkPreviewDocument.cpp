@@ -50,7 +50,7 @@ private:
     {
         QTextTableFormat format;
         format.setHeaderRowCount(1);
-        format.setBorder(0.5);
+        format.setBorder(1);
         format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
         format.setBorderCollapse(true);
         format.setCellSpacing(0);

@@ -2,10 +2,12 @@
 
 #include "CPopMessageBox.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
+#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrintPreviewWidget>
@@ -39,7 +41,7 @@ VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
     m_pageLabel = new QLabel(this);
     m_pageLabel->setObjectName(QStringLiteral("pageLabel"));
     setCentralWidget(m_preview);
-    connect(m_preview, &QPrintPreviewWidget::paintRequested, m_document, &QTextDocument::print);
+    connect(m_preview, &QPrintPreviewWidget::paintRequested, this, &VrkPreviewWindow::paintPages);
     connect(m_preview, &QPrintPreviewWidget::previewChanged, this, &VrkPreviewWindow::updatePageLabel);
     addActions();
     const int em = fontMetrics().height();
@@ -107,6 +109,38 @@ void VrkPreviewWindow::updatePageLabel()
     m_pageLabel->setText(tr(" Страница %1 из %2 ").arg(m_preview->currentPage()).arg(m_preview->pageCount()));
 }
 
+// Lays the document out for the printer and numbers its pages.
+void VrkPreviewWindow::paintPages(QPrinter* printer)
+{
+    const std::unique_ptr<QTextDocument> pages(m_document->clone());
+    QPainter painter(printer);
+    if (!painter.isActive())
+        return;
+    pages->setDocumentMargin(0);
+    pages->documentLayout()->setPaintDevice(printer);
+    painter.setFont(pages->defaultFont());
+    const QRectF page(QPointF(), printer->pageRect(QPrinter::DevicePixel).size());
+    const qreal footer = 2 * painter.fontMetrics().height();
+    const QSizeF body(page.width(), page.height() - footer);
+    pages->setPageSize(body);
+    const int count = pages->pageCount();
+    for (int i = 0; i < count; ++i) {
+        if (i > 0)
+            printer->newPage();
+        painter.save();
+        painter.translate(0, -i * body.height());
+        const QRectF part(0, i * body.height(), body.width(), body.height());
+        painter.setClipRect(part);
+        QAbstractTextDocumentLayout::PaintContext context;
+        context.clip = part;
+        context.palette.setColor(QPalette::Text, Qt::black); // paper is white in dark themes too
+        pages->documentLayout()->draw(&painter, context);
+        painter.restore();
+        painter.drawText(QRectF(0, body.height(), page.width(), footer), Qt::AlignRight | Qt::AlignBottom,
+                         tr("Страница %1 из %2").arg(i + 1).arg(count));
+    }
+}
+
 void VrkPreviewWindow::print()
 {
     QPrinter printer(QPrinter::HighResolution);
@@ -114,7 +148,7 @@ void VrkPreviewWindow::print()
     setUpPage(&printer, m_printer->pageLayout().orientation());
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() == QDialog::Accepted)
-        m_document->print(&printer);
+        paintPages(&printer);
 }
 
 bool VrkPreviewWindow::savePdf(const QString& file)
@@ -128,7 +162,7 @@ bool VrkPreviewWindow::savePdf(const QString& file)
     if (!probe.open(QIODevice::WriteOnly))
         return false;
     probe.close();
-    m_document->print(&printer);
+    paintPages(&printer);
     return printer.printerState() != QPrinter::Error && QFileInfo(file).size() > 0;
 }
 

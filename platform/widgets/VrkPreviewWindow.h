@@ -25,6 +25,7 @@ public:
     bool savePdf(const QString& file);
 
 private:
+    void paintPages(QPrinter* printer);
     void print();
     void askPdf();
     void addActions();

@@ -7,7 +7,6 @@
 
 #include <cmath>
 #include <QAbstractTextDocumentLayout>
-#include <QApplication>
 #include <QHeaderView>
 #include <QPainter>
 #include <QRegularExpression>
@@ -19,6 +18,7 @@ namespace
 {
 constexpr int horizontalMargin = 5;
 constexpr int verticalMargin = 3;
+constexpr int selectionRule = 2;
 constexpr int documentsKept = 256; // more rows than a screen shows
 
 QTextOption textOption(Qt::Alignment alignment)
@@ -184,7 +184,6 @@ void VrkTableDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
         paintDayLine(painter, QRect(cell.rect.topLeft(), QSize(cell.rect.width(), dayLine)), index.row());
         cell.rect.setTop(cell.rect.top() + dayLine);
     }
-    m_view->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, m_view);
     paintLines(painter, cell);
     paintContents(painter, cell, index);
     painter->restore();
@@ -227,6 +226,20 @@ void VrkTableDelegate::paintLines(QPainter* painter, const QStyleOptionViewItem&
     painter->setPen(color);
     painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    if (!(option.state & QStyle::State_Selected))
+        return;
+    // A veil and two rules instead of a full colour: icons, grey and struck-out texts stay legible.
+    const QPalette::ColorGroup group =
+        option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+    QColor mark = option.palette.color(group, QPalette::Highlight);
+    const bool alternate = option.features & QStyleOptionViewItem::Alternate;
+    painter->fillRect(option.rect,
+                      option.palette.brush(alternate ? QPalette::AlternateBase : QPalette::Base));
+    painter->setPen(QPen(mark, selectionRule));
+    painter->drawLine(option.rect.left(), option.rect.top() + 1, option.rect.right(), option.rect.top() + 1);
+    painter->drawLine(option.rect.left(), option.rect.bottom(), option.rect.right(), option.rect.bottom());
+    mark.setAlphaF(0.25);
+    painter->fillRect(option.rect, mark);
 }
 
 void VrkTableDelegate::paintContents(QPainter* painter, const QStyleOptionViewItem& option,
@@ -246,8 +259,7 @@ void VrkTableDelegate::paintContents(QPainter* painter, const QStyleOptionViewIt
     if (!hasText)
         return;
 
-    const bool selected = option.state & QStyle::State_Selected;
-    const QColor color = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+    const QColor color = option.palette.color(QPalette::Text);
     if (isTemplateText(index)) {
         QTextDocument* text = document(index, option.font, inner.width());
         QAbstractTextDocumentLayout::PaintContext context;

@@ -34,7 +34,7 @@ public:
 private:
     struct Width {
         int natural = 0; ///< needed by header and contents in one line
-        int least = 0;   ///< needed by the header and the longest word
+        int least = 0;   ///< needed by the header and the longest word that is not broken
         bool byUser = false;
     };
 

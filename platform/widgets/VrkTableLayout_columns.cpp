@@ -1,17 +1,18 @@
 #include "VrkTableDelegate.h"
+#include "VrkTableHeader.h"
 #include "VrkTableLayout.h"
 #include "VrkTableProxyModel.h"
 
-#include <QFontMetrics>
 #include <QHeaderView>
 #include <QScopedValueRollback>
-#include <QStyle>
 #include <QTableView>
 
 namespace
 {
 constexpr int charactersOfWrapped = 16; ///< wider names are wrapped
-constexpr int charactersOfFill = 30;    ///< narrower the text of records is not made
+constexpr int charactersOfLeast = 12;   ///< longer words are broken where room is scarce
+constexpr int charactersOfFill = 32;    ///< the text of records gets them at the cost of wrapped names
+constexpr int charactersOfText = 20;    ///< with fewer the table is scrolled sideways instead
 constexpr int rowsRead = 100;           ///< at most, for the widths
 } // namespace
 
@@ -33,19 +34,8 @@ int VrkTableLayout::fillColumn() const
 
 int VrkTableLayout::headerWidth(int column) const
 {
-    const QHeaderView* header = m_view->horizontalHeader();
-    const int margin = header->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header);
-    const QString text = m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-    QFont font = header->font();
-    font.setBold(true); // some styles embolden the header of the selected column
-    int width = QFontMetrics(font).size(0, text).width();
-    if (!m_model->headerData(column, Qt::Horizontal, Qt::DecorationRole).isNull())
-        width += header->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, header) +
-                 (text.isEmpty() ? 0 : margin);
-    // The arrow takes half the height of the header from the section that is sorted.
-    if (header->isSortIndicatorShown() && header->sortIndicatorSection() == column)
-        width += header->sizeHint().height() / 2 + 2 * margin;
-    return width + 2 * margin + 4;
+    const auto* header = qobject_cast<const VrkTableHeader*>(m_view->horizontalHeader());
+    return header ? header->neededWidth(column) : m_view->horizontalHeader()->sectionSizeHint(column);
 }
 
 // Reads what the columns need, from the rows in sight; unless \a anew, columns only grow.
@@ -61,7 +51,7 @@ void VrkTableLayout::readWidths(bool anew)
     const int first = qMax(0, m_view->rowAt(0));
     const int below = m_view->rowAt(m_view->viewport()->height() - 1);
     const int last = qMin((below < 0 ? m_model->rowCount() - 1 : below), first + rowsRead);
-    const int wrapped = charactersOfWrapped * m_view->fontMetrics().averageCharWidth();
+    const int character = m_view->fontMetrics().averageCharWidth();
     for (int column = 0; column < columns; ++column) {
         if (m_view->isColumnHidden(column) || column == fill)
             continue;
@@ -77,8 +67,8 @@ void VrkTableLayout::readWidths(bool anew)
             if (inOneLine <= natural && inOneLine <= least)
                 continue;
             const int word = m_delegate->naturalWidth(cell, true);
-            least = qMax(least, word);
-            natural = qMax(natural, qMax(word, qMin(inOneLine, wrapped)));
+            least = qMax(least, qMin(word, charactersOfLeast * character));
+            natural = qMax(natural, qMax(word, qMin(inOneLine, charactersOfWrapped * character)));
         }
         grown = grown || natural != width.natural || least != width.least;
         width.natural = natural;
@@ -104,9 +94,9 @@ void VrkTableLayout::distribute()
         return;
     const QScopedValueRollback<bool> guard(m_distributing, true);
     QHeaderView* header = m_view->horizontalHeader();
-    const int leastOfFill =
-        qMax(charactersOfFill * m_view->fontMetrics().averageCharWidth(), headerWidth(fill));
-    int wanted = leastOfFill;
+    const int character = m_view->fontMetrics().averageCharWidth();
+    const int leastOfFill = qMax(charactersOfText * character, headerWidth(fill));
+    int wanted = qMax(charactersOfFill * character, leastOfFill);
     int spare = 0;
     for (int column = 0; column < m_widths.size(); ++column) {
         if (column == fill || m_view->isColumnHidden(column))
@@ -122,7 +112,7 @@ void VrkTableLayout::distribute()
             continue;
         const Width& width = m_widths[column];
         if (!width.byUser) {
-            const int share = spare > 0 ? (width.natural - width.least) * lack / spare : 0;
+            const int share = spare > 0 ? ((width.natural - width.least) * lack + spare - 1) / spare : 0;
             header->setSectionResizeMode(column, QHeaderView::Interactive);
             header->resizeSection(column, width.natural - share);
         }

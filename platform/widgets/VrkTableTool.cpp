@@ -4,6 +4,7 @@
 #include "CVrkCliMod.h"
 #include "PopGuard.h"
 #include "VrkTableDelegate.h"
+#include "VrkTableHeader.h"
 #include "VrkTableLayout.h"
 
 #include <algorithm>
@@ -158,6 +159,7 @@ void VrkTableTool::setTableView(QTableView* view)
     if (!view || d->view)
         return;
     d->view = view;
+    view->setHorizontalHeader(new VrkTableHeader(view));
     view->setModel(&d->proxy);
     auto* delegate = new VrkTableDelegate(&d->proxy, view);
     view->setItemDelegate(delegate);
@@ -192,8 +194,6 @@ void VrkTableTool::setDefaultSettingsView()
     rows->setSectionResizeMode(QHeaderView::Interactive);
     rows->setMinimumSectionSize(1);
     QHeaderView* columns = view->horizontalHeader();
-    columns->setDefaultAlignment(Qt::AlignCenter);
-    columns->setHighlightSections(false);
     columns->setMinimumSectionSize(1);
     columns->setSectionsClickable(true);
     columns->setSortIndicator(d->proxy.sortColumn(), d->proxy.sortOrder());

@@ -1,0 +1,91 @@
+#include "VrkTableHeader.h"
+
+#include <QIcon>
+#include <QPainter>
+#include <QStyleOptionHeader>
+
+namespace
+{
+constexpr int margin = 5;
+constexpr int arrowHeight = 4;
+} // namespace
+
+VrkTableHeader::VrkTableHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+VrkTableHeader::~VrkTableHeader() = default;
+
+QString VrkTableHeader::text(int section) const
+{
+    return model() ? model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString() : QString();
+}
+
+QIcon VrkTableHeader::icon(int section) const
+{
+    return model() ? model()->headerData(section, Qt::Horizontal, Qt::DecorationRole).value<QIcon>()
+                   : QIcon();
+}
+
+int VrkTableHeader::iconSide() const
+{
+    return qMax(style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this), fontMetrics().height());
+}
+
+int VrkTableHeader::neededWidth(int section) const
+{
+    return sectionSizeFromContents(section).width();
+}
+
+QSize VrkTableHeader::sectionSizeFromContents(int section) const
+{
+    QSize size = fontMetrics().size(0, text(section));
+    if (!icon(section).isNull()) {
+        size.rwidth() += iconSide() + (size.width() > 0 ? margin : 0);
+        size.setHeight(qMax(size.height(), iconSide()));
+    }
+    return size + QSize(2 * margin, 2 * (arrowHeight + 1));
+}
+
+void VrkTableHeader::paintSection(QPainter* painter, const QRect& rect, int section) const
+{
+    QStyleOptionHeader option;
+    initStyleOption(&option);
+    option.rect = rect;
+    option.section = section;
+    option.state |= isEnabled() ? QStyle::State_Enabled | QStyle::State_Raised : QStyle::State_None;
+    const int visual = visualIndex(section);
+    option.position = visual == 0             ? QStyleOptionHeader::Beginning
+                      : visual == count() - 1 ? QStyleOptionHeader::End
+                                              : QStyleOptionHeader::Middle;
+    painter->save();
+    painter->setClipRect(rect);
+    style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
+
+    const QString label = text(section);
+    const QIcon image = icon(section);
+    QRect inner = rect.adjusted(margin, 0, -margin, 0);
+    if (!image.isNull()) {
+        const QSize size(iconSide(), iconSide());
+        const Qt::Alignment where = label.isEmpty() ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter;
+        image.paint(painter, QStyle::alignedRect(Qt::LeftToRight, where, size, inner));
+        inner.setLeft(inner.left() + size.width() + margin);
+    }
+    painter->setPen(palette().color(QPalette::ButtonText));
+    painter->drawText(inner, Qt::AlignCenter, label);
+    if (isSortIndicatorShown() && sortIndicatorSection() == section)
+        paintArrow(painter, rect);
+    painter->restore();
+}
+
+// A small triangle at the upper edge: it points where the greater values are.
+void VrkTableHeader::paintArrow(QPainter* painter, const QRect& rect) const
+{
+    const bool rising = sortIndicatorOrder() == Qt::AscendingOrder;
+    const int middle = rect.center().x();
+    const int base = rising ? rect.top() : rect.top() + arrowHeight;
+    const int tip = rising ? rect.top() + arrowHeight : rect.top();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(palette().color(QPalette::ButtonText));
+    painter->drawPolygon(QPolygon(
+        {QPoint(middle - arrowHeight, base), QPoint(middle + arrowHeight, base), QPoint(middle, tip)}));
+}

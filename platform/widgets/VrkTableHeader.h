@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QHeaderView>
+
+/// Header of a record table: texts of several lines and lone icons stand in the middle, and the arrow of the sorted
+/// column takes no room from them.
+class VrkTableHeader : public QHeaderView
+{
+    Q_OBJECT
+
+public:
+    explicit VrkTableHeader(QWidget* parent);
+    ~VrkTableHeader() override;
+
+    /// Width that the contents of a section need.
+    int neededWidth(int section) const;
+
+protected:
+    void paintSection(QPainter* painter, const QRect& rect, int section) const override;
+    QSize sectionSizeFromContents(int section) const override;
+
+private:
+    QString text(int section) const;
+    QIcon icon(int section) const;
+    int iconSide() const;
+    void paintArrow(QPainter* painter, const QRect& rect) const;
+};
