@@ -44,8 +44,11 @@ public:
     bool isFilled() const;
     /// Follows changes of the reference data.
     void MessageData(TEventNciParse* event);
-    /// A record with the present values was written: they are not offered again.
+    /// A record with the present values was written: they are not kept any longer, and the free texts among them are
+    /// offered to parameters of the same label from now on.
     void valuesWritten();
+    /// The user has dropped the present values: they are not kept any longer.
+    void forgetValues();
 
 signals:
     /// Any edit, and each new template, an empty one as well.
@@ -53,6 +56,11 @@ signals:
     /// The user went to the parameter in the text; the editors are the widget's own, so nothing needs to be
     /// done.
     void requestEditor(const QString& parameterName, unsigned int index);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    /// The keyboard goes on to the first parameter that lacks its value, or to the first.
+    void focusInEvent(QFocusEvent* event) override;
 
 private:
     struct Private;

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ParameterEditor.h"
+
+#include <QVector>
+
+class DateTimeLine;
+
+/// A date and time in the parameter's layout, or an interval of two of them, which reads "с %1 по %2".
+class DateTimeParameterEditor : public ParameterEditor
+{
+    Q_OBJECT
+
+public:
+    DateTimeParameterEditor(const ParameterSpec& spec, ReferenceData* reference, QWidget* parent);
+
+    ParameterValue value() const override;
+    void setValue(const ParameterValue& value) override;
+    QWidget* input() const override;
+
+protected:
+    bool enterPressed(QWidget* input, Qt::KeyboardModifiers modifiers) override;
+    void finish(QWidget* input) override;
+
+private:
+    bool isInterval() const { return m_lines.size() == 2; }
+    DateTimeLine* addLine(const QString& caption, const QString& format, ReferenceData* reference);
+    void lineEdited();
+    /// Why what stands in the lines is no value; empty when it is one or nothing was entered.
+    QString fault() const;
+
+    QVector<DateTimeLine*> m_lines;
+    ParameterValue m_given; ///< a text of another form: stays until the user changes it
+    bool m_isGiven = false;
+};

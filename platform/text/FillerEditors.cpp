@@ -1,0 +1,113 @@
+#include "FillerEditors.h"
+
+#include "ParameterEditor.h"
+
+#include <QFormLayout>
+#include <QLabel>
+
+FillerEditors::FillerEditors(QWidget* parent) : QScrollArea(parent)
+{
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+void FillerEditors::setParameters(const QVector<ParameterSpec>& specs, ReferenceData* reference,
+                                  LatelyUsed* latelyUsed)
+{
+    m_rows.clear();
+    m_current = -1;
+    auto* content = new QWidget;
+    auto* form = new QFormLayout(content);
+    form->setContentsMargins(4, 4, 4, 4);
+    form->setVerticalSpacing(4);
+    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignTop);
+    for (int i = 0; i < specs.size(); ++i) {
+        auto* label = new QLabel(content);
+        label->setObjectName(QStringLiteral("parameterLabel_%1").arg(i));
+        label->setContentsMargins(4, 3, 4, 3);
+        ParameterEditor* editor = ParameterEditor::create(specs.at(i), reference, latelyUsed, content);
+        editor->setObjectName(QStringLiteral("parameterEditor_%1").arg(i));
+        editor->input()->setObjectName(QStringLiteral("parameterInput_%1").arg(i));
+        label->setBuddy(editor->input());
+        // Below this width the label moves above its editor.
+        editor->setMinimumWidth(fontMetrics().averageCharWidth() * 26);
+        if (specs.at(i).wholeText) {
+            form->addRow(label);
+            form->addRow(editor);
+        } else {
+            form->addRow(label, editor);
+        }
+        m_rows.append({label, editor});
+        connect(editor, &ParameterEditor::edited, this, [this, i] { emit edited(i); });
+        connect(editor, &ParameterEditor::entered, this, [this, i] { emit entered(i); });
+        connect(editor, &ParameterEditor::nextRequested, this, [this, i] { emit nextRequested(i); });
+    }
+    setWidget(content);
+}
+
+int FillerEditors::indexOf(const QWidget* widget) const
+{
+    for (int i = 0; i < m_rows.size(); ++i) {
+        const ParameterEditor* editor = m_rows.at(i).editor;
+        if (widget && (widget == editor || editor->isAncestorOf(widget)))
+            return i;
+    }
+    return -1;
+}
+
+ParameterValue FillerEditors::value(int index) const
+{
+    return m_rows.at(index).editor->value();
+}
+
+void FillerEditors::setValue(int index, const ParameterValue& value)
+{
+    m_rows.at(index).editor->setValue(value);
+}
+
+void FillerEditors::setState(int index, ParameterState state)
+{
+    QLabel* label = m_rows.at(index).label;
+    QString text = m_rows.at(index).editor->spec().label;
+    text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    switch (state) {
+    case ParameterState::Missing:
+        label->setText(QStringLiteral("● ") + text);
+        label->setToolTip(tr("Нужно заполнить"));
+        break;
+    case ParameterState::LeftEmpty:
+        label->setText(QStringLiteral("○ ") + text);
+        label->setToolTip(tr("Можно не заполнять"));
+        break;
+    case ParameterState::Filled:
+        label->setText(QStringLiteral("✓ ") + text);
+        label->setToolTip(tr("Заполнено"));
+        break;
+    }
+}
+
+void FillerEditors::focusEditor(int index)
+{
+    m_rows.at(index).editor->setFocus(Qt::TabFocusReason);
+}
+
+void FillerEditors::setCurrent(int index)
+{
+    const auto mark = [this](int row, bool current) {
+        if (row < 0)
+            return;
+        QLabel* label = m_rows.at(row).label;
+        label->setBackgroundRole(current ? QPalette::Highlight : QPalette::NoRole);
+        label->setForegroundRole(current ? QPalette::HighlightedText : QPalette::NoRole);
+        label->setAutoFillBackground(current);
+    };
+    mark(m_current, false);
+    m_current = index;
+    mark(m_rows.size() > 1 ? m_current : -1, true);
+    if (index >= 0)
+        ensureWidgetVisible(m_rows.at(index).editor, 0, 8);
+}

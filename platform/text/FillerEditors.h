@@ -1,0 +1,50 @@
+#pragma once
+
+#include "FillerText.h"
+#include "ParameterKind.h"
+
+#include <QScrollArea>
+#include <QVector>
+
+class LatelyUsed;
+class ParameterEditor;
+class QLabel;
+class ReferenceData;
+
+/// The editors of a template's parameters under one another, each with its label and its state. Tab walks them in the
+/// order of the text; they are told apart by their numbers.
+class FillerEditors : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    explicit FillerEditors(QWidget* parent = nullptr);
+
+    /// Replaces all editors.
+    void setParameters(const QVector<ParameterSpec>& specs, ReferenceData* reference, LatelyUsed* latelyUsed);
+    int count() const { return m_rows.size(); }
+    /// The parameter whose input this is, or a part of it; -1 for others.
+    int indexOf(const QWidget* widget) const;
+
+    ParameterValue value(int index) const;
+    void setValue(int index, const ParameterValue& value);
+    void setState(int index, ParameterState state);
+    /// Gives the keyboard to an editor.
+    void focusEditor(int index);
+    /// Marks the label of the parameter in work and scrolls to its editor; -1 for none.
+    void setCurrent(int index);
+
+signals:
+    void edited(int index);
+    void entered(int index);
+    void nextRequested(int index);
+
+private:
+    struct Row {
+        QLabel* label;
+        ParameterEditor* editor;
+    };
+
+    QVector<Row> m_rows;
+    int m_current = -1;
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+/// A plain text editor that is one line tall and grows with its lines, up to a limit. Tab leaves it.
+class GrowingTextEdit : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit GrowingTextEdit(QWidget* parent = nullptr);
+
+    void setLines(int atLeast, int atMost);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    int heightOf(int lines) const;
+    void fit();
+
+    int m_atLeast = 1;
+    int m_atMost = 8;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// Texts that a user has lately given to parameters, by the parameter's label, kept in his settings.
+class LatelyUsed
+{
+public:
+    static constexpr int keptAtMost = 20;
+
+    /// \a user is the key of the signed-in worker: several people may share one account of the system.
+    void setUser(const QString& user) { m_user = user; }
+
+    /// Latest first.
+    QStringList texts(const QString& label) const;
+    /// Puts the text in front. Blank texts and very long ones are not kept.
+    void add(const QString& label, const QString& text);
+
+private:
+    QString settingsKey(const QString& label) const;
+
+    QString m_user;
+};

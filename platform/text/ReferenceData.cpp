@@ -1,0 +1,466 @@
+#include "ReferenceData.h"
+
+#include "CModelTable.h"
+#include "CVrkCliApp.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "MDRValues.h"
+#include "TEventNciParse.h"
+#include "TextMatch.h"
+
+#include <algorithm>
+#include <map>
+#include <QHash>
+#include <QSet>
+#include <QTextCodec>
+#include <set>
+
+namespace
+{
+struct WorkerRow {
+    QString key;
+    QString department;
+    QString lastName;
+    QString firstName;
+    QString patronymicName;
+    int group = 0;
+    bool deleted = false;
+};
+struct EquipmentRow {
+    QString key;
+    QString parent;
+    QString department;
+    QString kind;
+    QString name;
+    QString voltage;
+};
+
+QString joined(const QStringList& parts, const QString& separator)
+{
+    QStringList present;
+    for (const QString& part : parts) {
+        if (!part.isEmpty())
+            present << part;
+    }
+    return present.join(separator);
+}
+
+QString fullName(const WorkerRow& worker)
+{
+    return joined({worker.lastName, worker.firstName, worker.patronymicName}, QStringLiteral(" "));
+}
+
+QString shortName(const WorkerRow& worker)
+{
+    QString name = worker.lastName;
+    for (const QString& part : {worker.firstName, worker.patronymicName}) {
+        if (!part.isEmpty())
+            name += QLatin1Char(' ') + part.left(1) + QLatin1Char('.');
+    }
+    return name;
+}
+
+QString withGroup(const QString& name, int group)
+{
+    static const QStringList roman{QStringLiteral("I"), QStringLiteral("II"), QStringLiteral("III"),
+                                   QStringLiteral("IV"), QStringLiteral("V")};
+    if (name.isEmpty() || group <= 0)
+        return name;
+    return name + QStringLiteral(" гр.") +
+           (group <= roman.size() ? roman.at(group - 1) : QString::number(group));
+}
+
+bool isEquipment(ParameterKind kind)
+{
+    return kind == ParameterKind::EquipmentName || kind == ParameterKind::EquipmentPath ||
+           kind == ParameterKind::Substation || kind == ParameterKind::Line || kind == ParameterKind::Bay;
+}
+
+QString wantedKind(ParameterKind kind)
+{
+    if (kind == ParameterKind::Substation)
+        return QStringLiteral("substation");
+    if (kind == ParameterKind::Line)
+        return QStringLiteral("line");
+    return kind == ParameterKind::Bay ? QStringLiteral("bay") : QString();
+}
+} // namespace
+
+struct ReferenceData::Private {
+    CVrkCliMod* module = nullptr;
+    std::map<ParameterKind, QVector<ReferenceItem>> items;
+    std::map<QByteArray, std::unique_ptr<CModelTable>> tables;
+    std::set<ParameterKind> incomplete; ///< made while a request failed: made anew at the next question
+    bool failed = false;
+
+    CVrkCliSes* session() const { return module->session(); }
+    QString userParameter(const char* name) const
+    {
+        CVrkCliApp* app = module->app();
+        return app ? app->m_user_params.getValue(QString::fromLatin1(name), QString()) : QString();
+    }
+
+    const CMDArray& table(const QByteArray& name, const QByteArray& select)
+    {
+        std::unique_ptr<CModelTable>& kept = tables[name];
+        if (!kept) {
+            kept = std::make_unique<CModelTable>(name.toStdString());
+            MDArray* answer = session() ? session()->SqlRequest(select.constData()) : nullptr;
+            if (answer)
+                kept->data = answer;
+            else
+                failed = true;
+        }
+        return kept->data;
+    }
+    /// Forgets tables that could not be read; true when there were any.
+    bool dropFailed()
+    {
+        if (!failed)
+            return false;
+        for (auto it = tables.begin(); it != tables.end();)
+            it = MDAKeyCount(it->second->data.array) == 0 ? tables.erase(it) : std::next(it);
+        failed = false;
+        return true;
+    }
+    const CMDArray& table(const QByteArray& name) { return table(name, "SELECT * FROM " + name + ";"); }
+
+    QString text(const CMDArray& rows, const MDRData* record, const char* field) const
+    {
+        MDRVar value;
+        rows.GetVal(record, field, value);
+        return MDRValue::hasText(value)
+                   ? session()->codec()->toUnicode(value.value.text.data, value.value.text.length)
+                   : QString();
+    }
+    int number(const CMDArray& rows, const MDRData* record, const char* field) const
+    {
+        MDRVar value;
+        rows.GetVal(record, field, value);
+        return value.isNull || MDRValue::isText(value) || value.type == mdr_TNone ? 0 : value.value.number;
+    }
+    template <class Function>
+    void forEach(const CMDArray& rows, Function function) const
+    {
+        for (int i = 0; i < rows.RecCount(); ++i)
+            function(MDARec(rows.array, 0, i));
+    }
+
+    QHash<QString, QString> names(const QByteArray& tableName)
+    {
+        QHash<QString, QString> map;
+        const CMDArray& rows = table(tableName);
+        forEach(rows, [&](const MDRData* record) {
+            map.insert(text(rows, record, "KeyLink"), text(rows, record, "name_"));
+        });
+        return map;
+    }
+
+    QVector<WorkerRow> workers()
+    {
+        QVector<WorkerRow> list;
+        const CMDArray& rows = table("Workers");
+        forEach(rows, [&](const MDRData* record) {
+            WorkerRow row;
+            row.key = text(rows, record, "KeyLink");
+            row.department = text(rows, record, "DepartmentKey");
+            row.lastName = text(rows, record, "lastName");
+            row.firstName = text(rows, record, "firstName");
+            row.patronymicName = text(rows, record, "patronymicName");
+            row.group = number(rows, record, "safetyGroup");
+            row.deleted = number(rows, record, "deleted_") != 0;
+            list.append(row);
+        });
+        return list;
+    }
+
+    /// The user's department and all below it.
+    QSet<QString> area()
+    {
+        QSet<QString> keys{userParameter("DEPARTMENTKEY")};
+        const CMDArray& rows = table("Departments");
+        bool grown = true;
+        while (grown) { // ends at cycles too: a key is taken once
+            grown = false;
+            forEach(rows, [&](const MDRData* record) {
+                const QString key = text(rows, record, "KeyLink");
+                const QString parent = text(rows, record, "ParentKey");
+                if (!parent.isEmpty() && keys.contains(parent) && !keys.contains(key)) {
+                    keys.insert(key);
+                    grown = true;
+                }
+            });
+        }
+        return keys;
+    }
+
+    QVector<ReferenceItem> organizations();
+    QVector<ReferenceItem> departments();
+    QVector<ReferenceItem> workerItems(ParameterKind kind);
+    QVector<ReferenceItem> equipment(ParameterKind kind);
+    QVector<ReferenceItem> voltages();
+    QVector<ReferenceItem> make(ParameterKind kind);
+};
+
+QVector<ReferenceItem> ReferenceData::Private::organizations()
+{
+    QVector<ReferenceItem> list;
+    const QString own = userParameter("ORGANIZATIONKEY");
+    const CMDArray& rows = table("Organizations");
+    forEach(rows, [&](const MDRData* record) {
+        ReferenceItem item;
+        item.key = text(rows, record, "KeyLink");
+        item.text = text(rows, record, "name_");
+        item.near = item.key == own;
+        list.append(item);
+    });
+    return list;
+}
+
+QVector<ReferenceItem> ReferenceData::Private::departments()
+{
+    QVector<ReferenceItem> list;
+    const QSet<QString> own = area();
+    const QHash<QString, QString> organizationNames = names("Organizations");
+    const CMDArray& rows = table("Departments");
+    forEach(rows, [&](const MDRData* record) {
+        ReferenceItem item;
+        item.key = text(rows, record, "KeyLink");
+        item.text = text(rows, record, "name_");
+        item.detail = organizationNames.value(text(rows, record, "OrganizationKey"));
+        item.near = own.contains(item.key);
+        list.append(item);
+    });
+    return list;
+}
+
+QVector<ReferenceItem> ReferenceData::Private::workerItems(ParameterKind kind)
+{
+    const QSet<QString> own = area();
+    const QHash<QString, QString> departmentNames = names("Departments");
+    const QHash<QString, QString> organizationNames = names("Organizations");
+    const QHash<QString, QString> roleNames = names("Roles");
+    QHash<QString, QString> organizationOf;
+    const CMDArray& departmentRows = table("Departments");
+    forEach(departmentRows, [&](const MDRData* record) {
+        organizationOf.insert(text(departmentRows, record, "KeyLink"),
+                              organizationNames.value(text(departmentRows, record, "OrganizationKey")));
+    });
+    QHash<QString, QStringList> rolesOf;
+    const CMDArray& roleRows = table("WorkerRoles");
+    forEach(roleRows, [&](const MDRData* record) {
+        const QString role = roleNames.value(text(roleRows, record, "RoleKey"));
+        if (!role.isEmpty())
+            rolesOf[text(roleRows, record, "WorkerKey")] << role;
+    });
+
+    QVector<ReferenceItem> list;
+    const QVector<WorkerRow> all = workers();
+    for (const WorkerRow& worker : all) {
+        if (worker.deleted)
+            continue;
+        QStringList roles = rolesOf.value(worker.key);
+        roles.sort(Qt::CaseInsensitive);
+        const QString role = roles.join(QLatin1Char('/'));
+        const QString department = departmentNames.value(worker.department);
+        ReferenceItem item;
+        item.key = worker.key;
+        item.near = own.contains(worker.department);
+        item.detail = joined({role, department}, QStringLiteral(" · "));
+        switch (kind) {
+        case ParameterKind::WorkerWithRole:
+            item.text = joined({fullName(worker), role}, QStringLiteral(", "));
+            item.detail = department;
+            break;
+        case ParameterKind::WorkerWithGroup:
+            item.text = withGroup(fullName(worker), worker.group);
+            break;
+        case ParameterKind::WorkerWithPlace:
+            item.text = joined({fullName(worker), department, organizationOf.value(worker.department)},
+                               QStringLiteral(", "));
+            item.detail = role;
+            break;
+        case ParameterKind::Crew:
+            item.text = shortName(worker);
+            break;
+        case ParameterKind::CrewWithGroups:
+            item.text = withGroup(shortName(worker), worker.group);
+            break;
+        default:
+            item.text = fullName(worker);
+        }
+        list.append(item);
+    }
+    return list;
+}
+
+QVector<ReferenceItem> ReferenceData::Private::equipment(ParameterKind kind)
+{
+    const QSet<QString> own = area();
+    const QString wanted = wantedKind(kind);
+    QVector<EquipmentRow> all;
+    QHash<QString, int> byKey;
+    const CMDArray& rows = table("Equipment");
+    forEach(rows, [&](const MDRData* record) {
+        byKey.insert(text(rows, record, "KeyLink"), all.size());
+        all.append({text(rows, record, "KeyLink"), text(rows, record, "ParentKey"),
+                    text(rows, record, "DepartmentKey"), text(rows, record, "kind"),
+                    text(rows, record, "name_"), text(rows, record, "voltage")});
+    });
+
+    QVector<ReferenceItem> list;
+    for (const EquipmentRow& row : qAsConst(all)) {
+        if (row.name.isEmpty() || (!wanted.isEmpty() && row.kind.compare(wanted, Qt::CaseInsensitive) != 0))
+            continue;
+        QStringList containers;
+        QString department = row.department;
+        QSet<int> seen;
+        for (int up = byKey.value(row.parent, -1); up >= 0 && !seen.contains(up);
+             up = byKey.value(all.at(up).parent, -1)) {
+            seen.insert(up);
+            containers.prepend(all.at(up).name);
+            if (department.isEmpty())
+                department = all.at(up).department;
+        }
+        ReferenceItem item;
+        item.key = row.key;
+        item.near = department.isEmpty() || own.contains(department);
+        const QString place = joined(containers, QStringLiteral(", "));
+        const bool path = kind == ParameterKind::EquipmentPath;
+        item.text = path ? joined({place, row.name}, QStringLiteral(", ")) : row.name;
+        const QString voltage = row.name.contains(row.voltage) ? QString() : row.voltage;
+        item.detail = joined({path ? QString() : place, voltage}, QStringLiteral(" · "));
+        list.append(item);
+    }
+    return list;
+}
+
+QVector<ReferenceItem> ReferenceData::Private::voltages()
+{
+    QStringList all;
+    const CMDArray& rows = table("Equipment");
+    forEach(rows, [&](const MDRData* record) { all << text(rows, record, "voltage"); });
+    all.removeAll(QString());
+    all.removeDuplicates();
+    const auto kilovolts = [](const QString& voltage) {
+        return voltage.section(QLatin1Char(' '), 0, 0).replace(QLatin1Char(','), QLatin1Char('.')).toDouble();
+    };
+    std::sort(all.begin(), all.end(), [&](const QString& a, const QString& b) {
+        return kilovolts(a) != kilovolts(b) ? kilovolts(a) < kilovolts(b) : a < b;
+    });
+    QVector<ReferenceItem> list;
+    for (const QString& voltage : qAsConst(all)) {
+        ReferenceItem item;
+        item.text = voltage;
+        list.append(item);
+    }
+    return list;
+}
+
+QVector<ReferenceItem> ReferenceData::Private::make(ParameterKind kind)
+{
+    QVector<ReferenceItem> list;
+    if (!session())
+        return list;
+    if (kind == ParameterKind::Voltage)
+        list = voltages(); // by voltage, not by text
+    else if (kind == ParameterKind::Organization)
+        list = organizations();
+    else if (kind == ParameterKind::Department)
+        list = departments();
+    else if (isEquipment(kind))
+        list = equipment(kind);
+    else
+        list = workerItems(kind);
+    for (ReferenceItem& item : list)
+        item.folded = TextMatch::folded(item.text + QLatin1Char(' ') + item.detail);
+    if (kind != ParameterKind::Voltage) {
+        std::stable_sort(list.begin(), list.end(), [](const ReferenceItem& a, const ReferenceItem& b) {
+            return a.near != b.near ? a.near : a.folded < b.folded;
+        });
+    }
+    return list;
+}
+
+ReferenceData* ReferenceData::of(CVrkCliMod* module)
+{
+    if (!module)
+        return nullptr;
+    ReferenceData* data = module->findChild<ReferenceData*>(QString(), Qt::FindDirectChildrenOnly);
+    return data ? data : new ReferenceData(module);
+}
+
+ReferenceData::ReferenceData(CVrkCliMod* module) : QObject(module), d(new Private)
+{
+    d->module = module;
+}
+
+ReferenceData::~ReferenceData() = default;
+
+const QVector<ReferenceItem>& ReferenceData::items(ParameterKind kind)
+{
+    const auto found = d->items.find(kind);
+    if (found != d->items.end() && d->incomplete.count(kind) == 0)
+        return found->second;
+    QVector<ReferenceItem>& list = d->items[kind];
+    list = d->make(kind);
+    if (d->dropFailed())
+        d->incomplete.insert(kind);
+    else
+        d->incomplete.erase(kind);
+    return list;
+}
+
+QVector<ReferenceItem> ReferenceData::crew(ParameterKind kind)
+{
+    QVector<ReferenceItem> list;
+    if (!d->session())
+        return list;
+    QByteArray department = d->userParameter("DEPARTMENTKEY").toUtf8();
+    department.replace('\'', "''");
+    const CMDArray& rows = d->table(
+        "LogbookWorkersWorkshift",
+        "SELECT LogbookWorkersWorkshift.* FROM LogbookWorkersWorkshift INNER JOIN LogbookWorkshifts ON "
+        "LogbookWorkshifts.KeyLink = LogbookWorkersWorkshift.WorkshiftKey WHERE "
+        "LogbookWorkshifts.DepartmentKey = '" +
+            department +
+            "' AND (LogbookWorkshifts.CloseWorkerKey IS NULL OR LogbookWorkshifts.CloseWorkerKey = '');");
+    QSet<QString> keys;
+    d->forEach(rows, [&](const MDRData* record) {
+        if (d->number(rows, record, "opening") != 0)
+            keys.insert(d->text(rows, record, "WorkerKey"));
+    });
+    d->dropFailed();
+    for (const ReferenceItem& item : items(kind)) {
+        if (keys.contains(item.key))
+            list.append(item);
+    }
+    return list;
+}
+
+QDateTime ReferenceData::now() const
+{
+    return d->session() ? d->session()->HfnTimeToSesTime() : QDateTime::currentDateTime();
+}
+
+QString ReferenceData::workerKey() const
+{
+    return d->userParameter("KEYLINK");
+}
+
+void ReferenceData::MessageData(TEventNciParse* event)
+{
+    if (!event)
+        return;
+    QByteArray name = event->tableName.toLatin1();
+    if (name.compare("LogbookWorkshifts", Qt::CaseInsensitive) == 0)
+        name = "LogbookWorkersWorkshift"; // the crew is that of the open workshift
+    const auto stale = std::find_if(d->tables.begin(), d->tables.end(), [&name](const auto& table) {
+        return table.first.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    if (stale == d->tables.end())
+        return;
+    d->tables.erase(stale);
+    d->items.clear();
+    emit changed();
+}

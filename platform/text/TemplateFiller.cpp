@@ -1,0 +1,372 @@
+#include "TemplateFiller.h"
+
+#include "CVrkCliMod.h"
+#include "FillerEditors.h"
+#include "FillerText.h"
+#include "HtmlParser.h"
+#include "LatelyUsed.h"
+#include "ReferenceData.h"
+
+#include <QHash>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace
+{
+constexpr int keptTemplates = 50;
+} // namespace
+
+struct TemplateFiller::Private {
+    explicit Private(TemplateFiller* filler) : q(filler) {}
+
+    void build();
+    void readTemplate();
+    /// The value that the text itself holds; a label is none.
+    ParameterValue valueInText(int index) const;
+    bool isFilled(int index) const;
+    FillerText::Shown shown(int index) const;
+    void showParameter(int index);
+    void userEdited(int index);
+    void goToNext(int index);
+    void setCurrent(int index);
+    void keepTyped(int index);
+    void offerKept();
+    void clearKept();
+    void fitText();
+
+    TemplateFiller* q;
+    QPointer<ReferenceData> reference;
+    LatelyUsed latelyUsed;
+
+    QString html;
+    HtmlParser parser; ///< over the text in UTF-8
+    QVector<ParameterSpec> specs;
+    QVector<ParameterValue> initial; ///< values that the text came with
+    QVector<ParameterValue> values;
+    bool isRecord = false; ///< the text came with values: it is no template any more
+
+    /// What was typed for a template, by the template's text and the parameter's number, the latest templates last.
+    QHash<QString, QHash<int, ParameterValue>> kept;
+    QStringList keptOrder;
+
+    QStackedWidget* pages = nullptr;
+    QSplitter* splitter = nullptr;
+    QWidget* keptBar = nullptr;
+    FillerText* text = nullptr;
+    FillerEditors* editors = nullptr;
+    bool splitterMoved = false;
+};
+
+void TemplateFiller::Private::build()
+{
+    auto* hint = new QLabel(tr("Выберите шаблон"));
+    hint->setAlignment(Qt::AlignCenter);
+    hint->setEnabled(false);
+
+    keptBar = new QWidget;
+    keptBar->setObjectName(QStringLiteral("keptValuesBar"));
+    auto* bar = new QHBoxLayout(keptBar);
+    bar->setContentsMargins(4, 2, 4, 2);
+    auto* note = new QLabel(tr("Показаны значения, введённые раньше и не записанные"));
+    note->setWordWrap(true);
+    auto* clear = new QToolButton;
+    clear->setObjectName(QStringLiteral("clearKeptButton"));
+    clear->setText(tr("Очистить"));
+    bar->addWidget(note, 1);
+    bar->addWidget(clear);
+
+    text = new FillerText;
+    text->setObjectName(QStringLiteral("fillerText"));
+    editors = new FillerEditors;
+    editors->setObjectName(QStringLiteral("fillerEditors"));
+    splitter = new QSplitter(Qt::Vertical);
+    splitter->setObjectName(QStringLiteral("fillerSplitter"));
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(text);
+    splitter->addWidget(editors);
+    splitter->setStretchFactor(1, 1);
+
+    auto* filled = new QWidget;
+    auto* column = new QVBoxLayout(filled);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(keptBar);
+    column->addWidget(splitter, 1);
+    pages = new QStackedWidget(q);
+    pages->addWidget(hint);
+    pages->addWidget(filled);
+    auto* layout = new QVBoxLayout(q);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(pages);
+
+    connect(clear, &QToolButton::clicked, q, [this] { clearKept(); });
+    connect(splitter, &QSplitter::splitterMoved, q, [this] { splitterMoved = true; });
+    connect(text, &FillerText::parameterClicked, q, [this](int index) {
+        if (index < 0 || index >= specs.size())
+            return;
+        editors->focusEditor(index);
+        emit q->requestEditor(specs.at(index).name, static_cast<unsigned>(index));
+    });
+    connect(editors, &FillerEditors::edited, q, [this](int index) { userEdited(index); });
+    connect(editors, &FillerEditors::entered, q, [this](int index) { setCurrent(index); });
+    connect(editors, &FillerEditors::nextRequested, q, [this](int index) { goToNext(index); });
+}
+
+void TemplateFiller::Private::readTemplate()
+{
+    parser.setHtml(html.toStdString());
+    specs.clear();
+    initial.clear();
+    isRecord = false;
+    const QVector<TemplateText::Run> runs = TemplateText::runs(html);
+    for (unsigned i = 0; i < parser.countParameters(); ++i) {
+        specs.append(ParameterSpec::read(parser, i));
+        initial.append(valueInText(static_cast<int>(i)));
+        isRecord = isRecord || !initial.last().isEmpty();
+    }
+    if (specs.size() == 1) {
+        specs.first().wholeText = std::all_of(runs.begin(), runs.end(), [](const TemplateText::Run& run) {
+            return run.parameter == 0 || run.text.trimmed().isEmpty();
+        });
+    }
+    values = initial;
+    editors->setParameters(specs, reference, &latelyUsed);
+    editors->setVisible(!specs.isEmpty());
+    QVector<FillerText::Shown> parameters;
+    for (int i = 0; i < specs.size(); ++i) {
+        parameters.append(shown(i));
+        editors->setValue(i, values.at(i));
+        editors->setState(i, parameters.last().state);
+    }
+    text->showText(runs, parameters);
+}
+
+ParameterValue TemplateFiller::Private::valueInText(int index) const
+{
+    const auto i = static_cast<unsigned>(index);
+    ParameterValue value{QString::fromStdString(parser.displayText(i)),
+                         QString::fromStdString(parser.propertyData(i))};
+    if (value.text == QString::fromStdString(parser.propertyValue(i, "locname")))
+        value.text.clear();
+    return value;
+}
+
+bool TemplateFiller::Private::isFilled(int index) const
+{
+    const ParameterValue& value = values.at(index);
+    return !value.key.isEmpty() || (!value.text.trimmed().isEmpty() && value.text != specs.at(index).label);
+}
+
+FillerText::Shown TemplateFiller::Private::shown(int index) const
+{
+    const ParameterSpec& spec = specs.at(index);
+    const bool filled = isFilled(index);
+    const ParameterState empty = spec.optional ? ParameterState::LeftEmpty : ParameterState::Missing;
+    const QString& value = values.at(index).text;
+    return {value.isEmpty() ? spec.label : value, filled ? ParameterState::Filled : empty};
+}
+
+void TemplateFiller::Private::showParameter(int index)
+{
+    const FillerText::Shown now = shown(index);
+    text->showParameter(index, now);
+    editors->setState(index, now.state);
+    fitText();
+}
+
+void TemplateFiller::Private::userEdited(int index)
+{
+    values[index] = editors->value(index);
+    keepTyped(index);
+    showParameter(index);
+    emit q->templateChanged();
+}
+
+void TemplateFiller::Private::goToNext(int index)
+{
+    if (index + 1 < specs.size())
+        editors->focusEditor(index + 1);
+    else
+        q->focusNextPrevChild(true);
+}
+
+void TemplateFiller::Private::setCurrent(int index)
+{
+    text->setCurrent(specs.size() > 1 ? index : -1);
+    editors->setCurrent(index);
+}
+
+void TemplateFiller::Private::keepTyped(int index)
+{
+    if (isRecord)
+        return;
+    keptOrder.removeAll(html);
+    keptOrder.append(html);
+    kept[html].insert(index, values.at(index));
+    while (keptOrder.size() > keptTemplates)
+        kept.remove(keptOrder.takeFirst());
+}
+
+void TemplateFiller::Private::offerKept()
+{
+    const QHash<int, ParameterValue> typed = isRecord ? QHash<int, ParameterValue>() : kept.value(html);
+    bool any = false;
+    for (auto it = typed.begin(); it != typed.end(); ++it) {
+        values[it.key()] = it.value();
+        editors->setValue(it.key(), it.value());
+        showParameter(it.key());
+        any = any || !it.value().isEmpty();
+    }
+    keptBar->setVisible(any);
+}
+
+void TemplateFiller::Private::clearKept()
+{
+    const QHash<int, ParameterValue> typed = kept.take(html);
+    for (auto it = typed.begin(); it != typed.end(); ++it) {
+        values[it.key()] = initial.at(it.key());
+        editors->setValue(it.key(), initial.at(it.key()));
+        showParameter(it.key());
+    }
+    keptBar->hide();
+    if (!specs.isEmpty())
+        editors->focusEditor(0);
+    emit q->templateChanged();
+}
+
+void TemplateFiller::Private::fitText()
+{
+    if (splitterMoved || splitter->orientation() != Qt::Vertical || specs.isEmpty())
+        return;
+    const int whole = splitter->height();
+    const int wanted = qMin(text->neededHeight(), whole * 45 / 100);
+    if (whole > 0 && splitter->sizes().first() != wanted)
+        splitter->setSizes({wanted, whole - wanted});
+}
+
+TemplateFiller::TemplateFiller(QWidget* parent) : QWidget(parent), d(new Private(this))
+{
+    d->build();
+    setTemplate(QString());
+}
+
+TemplateFiller::~TemplateFiller() = default;
+
+void TemplateFiller::setModule(CVrkCliMod* module)
+{
+    d->reference = ReferenceData::of(module);
+}
+
+void TemplateFiller::setOrientation(Qt::Orientation orientation)
+{
+    d->splitter->setOrientation(orientation);
+}
+
+void TemplateFiller::setTemplate(const QString& html)
+{
+    d->html = html;
+    if (d->reference)
+        d->latelyUsed.setUser(d->reference->workerKey());
+    d->readTemplate();
+    d->offerKept();
+    d->pages->setCurrentIndex(html.isEmpty() ? 0 : 1);
+    d->fitText();
+    emit templateChanged();
+}
+
+QVector<unsigned int> TemplateFiller::findParameter(const QString& name) const
+{
+    QVector<unsigned int> indexes;
+    for (int i = 0; i < d->specs.size(); ++i) {
+        if (d->specs.at(i).name == name)
+            indexes << static_cast<unsigned>(i);
+    }
+    return indexes;
+}
+
+void TemplateFiller::setParameterValue(unsigned int index, const QString& text, const QString& key)
+{
+    if (index >= static_cast<unsigned>(d->specs.size()))
+        return;
+    const int i = static_cast<int>(index);
+    const ParameterValue value{text == d->specs.at(i).label ? QString() : text, key};
+    if (d->values.at(i) == value)
+        return;
+    d->values[i] = value;
+    if (d->kept.contains(d->html))
+        d->kept[d->html].remove(i); // it was not typed
+    d->editors->setValue(i, value);
+    d->showParameter(i);
+    emit templateChanged();
+}
+
+QString TemplateFiller::filledTemplate(bool emptyOptional) const
+{
+    HtmlParser filled = d->parser;
+    for (int i = 0; i < d->specs.size(); ++i) {
+        const auto index = static_cast<unsigned>(i);
+        const ParameterValue& value = d->values.at(i);
+        const ParameterSpec& spec = d->specs.at(i);
+        const bool leftEmpty = value.text.isEmpty() && spec.optional && emptyOptional;
+        if (value == d->initial.at(i) && !leftEmpty)
+            continue;
+        const QString text = value.text.isEmpty() && !leftEmpty ? spec.label : value.text;
+        if (QString::fromStdString(filled.displayText(index)) != text)
+            filled.setDisplayText(index, text.toStdString());
+        filled.setPropertyData(index, value.key.toStdString());
+    }
+    return QString::fromStdString(filled.readyHtml(true));
+}
+
+bool TemplateFiller::isFilled() const
+{
+    for (int i = 0; i < d->specs.size(); ++i) {
+        if (!d->specs.at(i).optional && !d->isFilled(i))
+            return false;
+    }
+    return !d->html.isEmpty();
+}
+
+void TemplateFiller::MessageData(TEventNciParse* event)
+{
+    if (d->reference)
+        d->reference->MessageData(event);
+}
+
+void TemplateFiller::valuesWritten()
+{
+    for (int i = 0; i < d->specs.size(); ++i) {
+        if (d->specs.at(i).kind == ParameterKind::Text && d->isFilled(i))
+            d->latelyUsed.add(d->specs.at(i).label, d->values.at(i).text);
+    }
+    forgetValues();
+}
+
+void TemplateFiller::forgetValues()
+{
+    d->kept.remove(d->html);
+    d->keptOrder.removeAll(d->html);
+    d->keptBar->hide();
+}
+
+void TemplateFiller::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    d->fitText();
+}
+
+void TemplateFiller::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    if (d->specs.isEmpty())
+        return;
+    int wanted = 0;
+    while (wanted < d->specs.size() && (d->specs.at(wanted).optional || d->isFilled(wanted)))
+        ++wanted;
+    d->editors->focusEditor(wanted < d->specs.size() ? wanted : 0);
+}
