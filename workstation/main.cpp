@@ -1,12 +1,16 @@
 #include "LogWriter.h"
 #include "Options.h"
 #include "Theme.h"
+#include "Tour.h"
 #include "Workstation.h"
 
 #include <cstdio>
 #include <QApplication>
 #include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QMessageBox>
+#include <QTranslator>
 
 namespace
 {
@@ -28,6 +32,13 @@ int main(int argc, char* argv[])
     QApplication::setApplicationVersion(QStringLiteral(VRK_VERSION));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/vrk/app.png")));
 
+    // The words of the toolkit itself: calendars, menus of editors, standard buttons.
+    QLocale::setDefault(QLocale(QLocale::Russian, QLocale::Russia));
+    QTranslator translator;
+    if (translator.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                        QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&translator);
+
     Options options;
     QString message;
     int exitCode = 0;
@@ -43,6 +54,12 @@ int main(int argc, char* argv[])
         return 2;
     }
     LogWriter log(LogWriter::defaultFile());
+    if (!options.tour.isEmpty()) {
+        Tour tour(options.tour);
+        const bool played = tour.play();
+        std::printf("%s\n", qUtf8Printable(played ? tour.summary() : tour.errorText()));
+        return played ? 0 : 1;
+    }
     Workstation workstation(&log);
     if (!workstation.enter(options))
         return workstation.errorText().isEmpty() ? 0 : fail(workstation.errorText());

@@ -1,0 +1,319 @@
+#include "Tour.h"
+
+#include "CVrkCliMod.h"
+#include "Theme.h"
+#include "Workstation.h"
+
+#include <functional>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QToolButton>
+
+namespace
+{
+constexpr int patienceMs = 10000;
+
+/// Runs the event loop until the condition holds.
+bool wait(const std::function<bool()>& condition)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition()) {
+        if (timer.elapsed() > patienceMs)
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    }
+    return true;
+}
+
+/// Lets what was asked for be shown: delayed painting and measuring included.
+void settle()
+{
+    for (int i = 0; i < 5; ++i)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+/// A key, with the text that it types, to whoever has the keyboard in this window.
+void press(QWidget* window, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+           const QString& text = QString())
+{
+    QWidget* receiver = window->focusWidget() ? window->focusWidget() : window;
+    QKeyEvent down(QEvent::KeyPress, key, modifiers, text);
+    QCoreApplication::sendEvent(receiver, &down);
+    QKeyEvent up(QEvent::KeyRelease, key, modifiers, text);
+    QCoreApplication::sendEvent(receiver, &up);
+    QCoreApplication::processEvents();
+}
+
+void type(QWidget* window, const QString& text)
+{
+    for (const QChar character : text)
+        press(window, 0, Qt::NoModifier, QString(character));
+    settle();
+}
+
+QWidget* visibleDialog(const char* className)
+{
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->isVisible() && widget->inherits(className))
+            return widget;
+    }
+    return nullptr;
+}
+
+QAbstractItemView* records(QWidget* window)
+{
+    return window->findChild<QAbstractItemView*>(QStringLiteral("recordsTable"));
+}
+
+/// Makes the row current whose text holds these words; false when there is none.
+bool selectRecord(QWidget* window, const QString& words)
+{
+    QAbstractItemView* view = records(window);
+    const QAbstractItemModel* model = view->model();
+    for (int row = model->rowCount() - 1; row >= 0; --row) {
+        for (int column = 0; column < model->columnCount(); ++column) {
+            const QModelIndex index = model->index(row, column);
+            if (index.data().toString().contains(words)) {
+                view->setCurrentIndex(index);
+                view->scrollTo(index, QAbstractItemView::PositionAtCenter);
+                settle();
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+/// Presses a button of a message box or dialog by its text.
+bool answer(QWidget* box, const QString& text)
+{
+    for (QAbstractButton* button : box->findChildren<QAbstractButton*>()) {
+        QString shown = button->text();
+        if (shown.remove(QLatin1Char('&')) == text) {
+            button->click();
+            settle();
+            return true;
+        }
+    }
+    return false;
+}
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Tour", text);
+}
+} // namespace
+
+Tour::Tour(const QString& folder) : m_book(folder), m_folder(QDir(folder).absolutePath()) {}
+
+bool Tour::fail(const QString& text)
+{
+    if (m_errorText.isEmpty())
+        m_errorText = text;
+    return false;
+}
+
+void Tour::picture(const QString& caption)
+{
+    settle();
+    m_book.add(caption);
+}
+
+bool Tour::admin(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("vrk-admin")),
+                  arguments);
+    if (!process.waitForFinished(120000) || process.exitCode() != 0)
+        return fail(QString::fromUtf8(process.readAllStandardError()) + process.errorString());
+    m_check = QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+    return true;
+}
+
+QString Tour::summary() const
+{
+    return tr("Картинок: %1. Страница: %2. Проверка: %3").arg(m_book.pictures()).arg(m_book.page(), m_check);
+}
+
+bool Tour::play()
+{
+    return playTheme(QStringLiteral("light"), tr("день")) && playTheme(QStringLiteral("dark"), tr("ночь")) &&
+           (m_book.write() || fail(tr("Не удалось записать %1").arg(m_book.page())));
+}
+
+bool Tour::playTheme(const QString& theme, const QString& title)
+{
+    const QString file = QStringLiteral("%1/%2.sqlite").arg(m_folder, theme);
+    for (const char* suffix : {"", "-wal", "-shm"})
+        QFile::remove(file + QLatin1String(suffix));
+    m_store = QStringLiteral("sqlite://") + file;
+    if (!admin({QStringLiteral("demo"), m_store}))
+        return false;
+
+    Theme::apply(theme);
+    m_book.setTheme(theme, title);
+    Options options;
+    options.store = m_store;
+    options.user = QStringLiteral("ozerov");
+    options.department = tr("ЦДС");
+    {
+        Workstation workstation;
+        if (!workstation.enter(options))
+            return fail(workstation.errorText());
+        CVrkCliMod* window = workstation.startModule(options);
+        if (!window)
+            return fail(workstation.errorText());
+        window->resize(1280, 720);
+        settle();
+        if (!playScenes(window))
+            return false;
+    }
+    return admin({QStringLiteral("check"), m_store});
+}
+
+bool Tour::playScenes(CVrkCliMod* window)
+{
+    return sceneWindow(window) && sceneNewRecord(window) && sceneColleague(window) && sceneApproval(window) &&
+           sceneVisa(window) && sceneDeletion(window) && sceneReading(window) && sceneSearch(window);
+}
+
+bool Tour::sceneWindow(CVrkCliMod* window)
+{
+    if (!records(window) || records(window)->model()->rowCount() == 0)
+        return fail(tr("Журнал открытой смены пуст."));
+    picture(tr("Открытая ночная смена: записи по времени, день отделён чертой, внизу связь, пользователь и "
+               "часы сервера."));
+    if (selectRecord(window, tr("отключилась")))
+        picture(tr("Авария: запись с осциллограммой, снимком и схемой, три комментария, виза начальника."));
+    return true;
+}
+
+bool Tour::sceneNewRecord(CVrkCliMod* window)
+{
+    window->findChild<QToolButton*>(QStringLiteral("createButton"))->click();
+    settle();
+    QWidget* dialog = visibleDialog("RecordCreatorDialog");
+    if (!dialog)
+        return fail(tr("Окно новой записи не открылось."));
+    type(dialog, tr("обнаружен"));
+    picture(tr("Новая запись (Ctrl+N): шаблон ищется с клавиатуры по частям слов."));
+    press(dialog, Qt::Key_Return);
+    settle();
+    picture(tr("Шаблон выбран: незаполненные обязательные поля отмечены и не дают сохранить."));
+
+    // The filler's editors in the order of the text, walked with Enter.
+    for (const char* words :
+         {"Ольховка", "осмотре", "Т-1, ввод 35 кВ фазы В", "35", "течь масла, 1 капля за 20 с", "Туманов",
+          "установлен контроль через каждые 2 ч"}) {
+        type(dialog, tr(words));
+        press(dialog, Qt::Key_Return);
+        settle();
+    }
+    picture(tr("Поля заполнены с клавиатуры, текст читается так, как войдёт в журнал."));
+    press(dialog, Qt::Key_Return, Qt::ControlModifier);
+    if (!wait([dialog] { return !dialog->isVisible(); }))
+        return fail(tr("Запись не сохранилась."));
+    if (!wait([window] { return selectRecord(window, tr("течь масла")); }))
+        return fail(tr("Новая запись не появилась."));
+    picture(tr("Запись внесена (Ctrl+Enter): черновик в таблице."));
+    return true;
+}
+
+bool Tour::sceneColleague(CVrkCliMod* window)
+{
+    const int before = records(window)->model()->rowCount();
+    if (!admin({QStringLiteral("demo"), m_store, QStringLiteral("--live"), QStringLiteral("--count"),
+                QStringLiteral("1")}))
+        return false;
+    if (!wait([&] { return records(window)->model()->rowCount() > before; }))
+        return fail(tr("Запись другого рабочего места не пришла."));
+    picture(tr("Запись коллеги с другого рабочего места появилась сама."));
+    return true;
+}
+
+bool Tour::sceneApproval(CVrkCliMod* window)
+{
+    if (!selectRecord(window, tr("течь масла")))
+        return fail(tr("Черновик не найден."));
+    window->findChild<QToolButton*>(QStringLiteral("approveButton"))->click();
+    settle();
+    QWidget* box = visibleDialog("CPopMessageBox");
+    if (!box)
+        return fail(tr("Предупреждение при утверждении не показано."));
+    picture(tr("Утверждение: шаблон требует времени выполнения, журнал предупреждает."));
+    if (!answer(box, tr("Да")))
+        return fail(tr("В окне вопроса нет ответа «Да»."));
+    settle();
+    picture(tr("Запись утверждена."));
+    return true;
+}
+
+bool Tour::sceneVisa(CVrkCliMod* window)
+{
+    if (window->findChild<QToolButton*>(QStringLiteral("signButton"))->isEnabled() &&
+        window->findChild<QAction*>(QStringLiteral("signRecordAction"))->isEnabled())
+        return fail(tr("Виза предложена автору записи."));
+    QWidget* viewport = records(window)->viewport();
+    const QPoint place = records(window)->visualRect(records(window)->currentIndex()).center();
+    QMetaObject::invokeMethod(records(window), "customContextMenuRequested", Q_ARG(QPoint, place));
+    settle();
+    picture(tr("Виза на собственную запись не предлагается."));
+    if (QWidget* menu = QApplication::activePopupWidget())
+        menu->close();
+    viewport->update();
+    return true;
+}
+
+bool Tour::sceneDeletion(CVrkCliMod* window)
+{
+    window->findChild<QToolButton*>(QStringLiteral("deleteButton"))->click();
+    settle();
+    QWidget* box = visibleDialog("CPopMessageBox");
+    if (!box)
+        return fail(tr("Вопрос об удалении не показан."));
+    picture(tr("Утверждённая запись удаляется только после вопроса."));
+    if (!answer(box, tr("Да")))
+        return fail(tr("В окне вопроса нет ответа «Да»."));
+    settle();
+    picture(tr("Удалённая запись остаётся в журнале: серая, зачёркнутая."));
+    return true;
+}
+
+bool Tour::sceneReading(CVrkCliMod* window)
+{
+    if (!selectRecord(window, tr("Смену принял")))
+        return true; // the story may open otherwise
+    emit records(window)->doubleClicked(records(window)->currentIndex());
+    settle();
+    QWidget* dialog = visibleDialog("RecordCreatorDialog");
+    if (!dialog)
+        return fail(tr("Утверждённая запись не открылась для чтения."));
+    picture(tr("Утверждённая запись открывается только для чтения."));
+    dialog->close();
+    settle();
+    return true;
+}
+
+bool Tour::sceneSearch(CVrkCliMod* window)
+{
+    window->findChild<QToolButton*>(QStringLiteral("searchButton"))->click();
+    settle();
+    auto* edit = window->findChild<QLineEdit*>(QStringLiteral("searchEdit"));
+    if (!edit || !edit->isVisible())
+        return fail(tr("Строка поиска не открылась."));
+    edit->setFocus();
+    type(window, tr("заземл"));
+    picture(tr("Поиск (Ctrl+F) по видимому тексту, по кругу."));
+    return true;
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "TourBook.h"
+
+#include <QString>
+
+class CVrkCliMod;
+class QWidget;
+class Workstation;
+
+/// Plays the demo story through the real windows, with keys and clicks, and leaves a page of captioned pictures: once in
+/// light and once in dark colours, each on a demo store of its own.
+class Tour
+{
+public:
+    /// Pictures and stores go into \a folder; vrk-admin is looked for beside this program.
+    explicit Tour(const QString& folder);
+
+    /// False, and errorText() says why, when a scene could not be played.
+    bool play();
+
+    QString errorText() const { return m_errorText; }
+    /// One line for the log: what was made.
+    QString summary() const;
+
+private:
+    bool playTheme(const QString& theme, const QString& title);
+    bool playScenes(CVrkCliMod* window);
+    bool sceneWindow(CVrkCliMod* window);
+    bool sceneNewRecord(CVrkCliMod* window);
+    bool sceneColleague(CVrkCliMod* window);
+    bool sceneApproval(CVrkCliMod* window);
+    bool sceneVisa(CVrkCliMod* window);
+    bool sceneDeletion(CVrkCliMod* window);
+    bool sceneReading(CVrkCliMod* window);
+    bool sceneSearch(CVrkCliMod* window);
+
+    /// Runs vrk-admin; false with its error output as errorText().
+    bool admin(const QStringList& arguments);
+    bool fail(const QString& text);
+    void picture(const QString& caption);
+
+    TourBook m_book;
+    QString m_folder;
+    QString m_store; ///< URL of the present theme's store
+    QString m_check; ///< what the check of the stores said
+    QString m_errorText;
+};
