@@ -1,0 +1,599 @@
+#include "GenGuid32.h"
+#include "MDRValues.h"
+#include "TableCatalog.h"
+#include "TestStore.h"
+
+#include <QtTest>
+
+/// Who may write what: one test a line of the rules, each column of a table tried.
+class Store_rules_test : public QObject
+{
+    Q_OBJECT
+
+    using Fields = TestStore::Fields;
+    std::unique_ptr<TestStore> m_files;
+    QString m_refusal;
+
+    /// Writes as a login; the text of a refusal is kept, any other failure ends the test.
+    bool write(const char* login, const char* table, MDRFlag flag, const char* key, const Fields& fields = {})
+    {
+        const auto store = m_files->open(QString::fromLatin1(login));
+        StoreError error;
+        const bool done = TestStore::write(store.get(), table, flag, key, fields, &error);
+        m_refusal = error.text;
+        if (!done && error.code != StoreError::Refused)
+            qFatal("%s", qPrintable(error.text + error.detail));
+        return done;
+    }
+    void load(const char* table, MDRFlag flag, const char* key, const Fields& fields = {})
+    {
+        StoreError error;
+        if (!TestStore::write(m_files->openLoader().get(), table, flag, key, fields, &error))
+            qFatal("%s", qPrintable(error.text + error.detail));
+    }
+    QVariant value(const char* sql) const { return m_files->value(QString::fromUtf8(sql)); }
+
+    /// A value that differs from what the standard journal has in that column.
+    static TestStore::Field other(const char* name, MDRType type)
+    {
+        if (type == mdr_TChar || type == mdr_TMemo)
+            return {name, "OTHER"};
+        return {name, 7};
+    }
+
+    static Fields newRecord(const char* shift, const char* worker, int status)
+    {
+        return {{"ShiftKey", shift}, {"WorkerKey", worker}, {"status", status}, {"html", "x"}};
+    }
+    static Fields newWorkshift(const char* department, const char* opener, double start)
+    {
+        return {{"DepartmentKey", department},
+                {"OpenWorkerKey", opener},
+                {"createdAt", start},
+                {"startTime", start},
+                {"endTime", start + 3600}};
+    }
+    static double openEnd() { return TestStore::now() + 18 * 3600; } ///< of SHIFT_CDS_OPEN
+
+private slots:
+    void init() { m_files = std::make_unique<TestStore>(); }
+
+    void nobodyWritesWithoutSigningIn()
+    {
+        const auto store = m_files->open(QString());
+        StoreError error;
+        QVERIFY(!TestStore::write(store.get(), "LogbookComments", ROW_UPDATE, "COM_READ", {{"readedTime", 1}},
+                                  &error));
+        QCOMPARE(error.code, StoreError::Refused);
+        QCOMPARE(error.text, QString::fromUtf8("Вход в хранилище не выполнен."));
+    }
+
+    // Workshifts
+
+    void workshiftIsOpenedForTheOwnDepartmentWithTheOwnKey()
+    {
+        const char* text = "Смену открывают от своего имени и в своём подразделении.";
+        QVERIFY(!write("petrov", "LogbookWorkshifts", ROW_INSERT, "S",
+                       newWorkshift("DEP_CDS", "WORKER_IVANOV", openEnd())));
+        QCOMPARE(m_refusal, QString::fromUtf8(text));
+        QVERIFY(!write("petrov", "LogbookWorkshifts", ROW_INSERT, "S",
+                       newWorkshift("DEP_ODS", "WORKER_PETROV", openEnd())));
+        QVERIFY(!write("smirnov", "LogbookWorkshifts", ROW_INSERT, "S",
+                       newWorkshift("DEP_ODS", "WORKER_SMIRNOV_ZAR", openEnd())));
+        QVERIFY(
+            !write("viewer", "LogbookWorkshifts", ROW_INSERT, "S", newWorkshift("DEP_ODS", "", openEnd())));
+        QVERIFY(!write("kuznetsov", "LogbookWorkshifts", ROW_INSERT, "S",
+                       newWorkshift("DEP_CDS", "WORKER_KUZNETSOV", openEnd())));
+        QVERIFY(write("smirnov", "LogbookWorkshifts", ROW_INSERT, "S",
+                      newWorkshift("DEP_ODS", "WORKER_SMIRNOV_ODS", 1)));
+    }
+
+    void workshiftBeginsNotBeforeTheEndOfTheLatestOne()
+    {
+        QVERIFY(!write("petrov", "LogbookWorkshifts", ROW_INSERT, "S",
+                       newWorkshift("DEP_CDS", "WORKER_PETROV", openEnd() - 1)));
+        QCOMPARE(m_refusal, QString::fromUtf8(
+                                "Смена не может начаться раньше окончания предыдущей смены подразделения."));
+        // At its very end it may, and two open ones may stand.
+        QVERIFY(write("petrov", "LogbookWorkshifts", ROW_INSERT, "S",
+                      newWorkshift("DEP_CDS", "WORKER_PETROV", openEnd())));
+        QCOMPARE(value("SELECT count(*) FROM LogbookWorkshifts WHERE DepartmentKey='DEP_CDS' AND "
+                       "CloseWorkerKey IS NULL")
+                     .toInt(),
+                 2);
+    }
+
+    void workshiftIsNotInsertedClosed()
+    {
+        Fields fields = newWorkshift("DEP_CDS", "WORKER_PETROV", openEnd());
+        fields.push_back({"CloseWorkerKey", "WORKER_PETROV"});
+        QVERIFY(!write("petrov", "LogbookWorkshifts", ROW_INSERT, "S", fields));
+        fields.back() = {"CloseWorkerKey", ""};
+        QVERIFY(write("petrov", "LogbookWorkshifts", ROW_INSERT, "S", fields));
+    }
+
+    void workshiftIsClosedOnceByAWorkerOfIt()
+    {
+        const auto close = [this](const char* login, const char* worker) {
+            return write(login, "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                         {{"CloseWorkerKey", worker}});
+        };
+        QVERIFY(!close("sidorova", "WORKER_SIDOROVA")); // of the department, not in the shift
+        QVERIFY(!close("petrov", "WORKER_IVANOV"));
+        QVERIFY(!close("smirnov", "WORKER_SMIRNOV_ZAR"));
+        QVERIFY(close("petrov", "WORKER_PETROV"));
+        QVERIFY(!close("ivanov", "WORKER_IVANOV"));
+        QCOMPARE(m_refusal, QString::fromUtf8("Смена уже закрыта."));
+        QVERIFY(!close("petrov", ""));
+        QVERIFY(
+            write("petrov", "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN")); // touched, nothing changed
+    }
+
+    void crewRowWithoutOpeningIsNotInTheShift()
+    {
+        load("LogbookWorkersWorkshift", ROW_INSERT, "C",
+             {{"WorkshiftKey", "SHIFT_CDS_OPEN"}, {"WorkerKey", "WORKER_SIDOROVA"}, {"opening", 0}});
+        QVERIFY(!write("sidorova", "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                       {{"CloseWorkerKey", "WORKER_SIDOROVA"}}));
+    }
+
+    void openerNeedsNoCrewRow()
+    {
+        load("LogbookWorkersWorkshift", ROW_DELETE, "CREW_CDS_1");
+        QVERIFY(write("ivanov", "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                      {{"CloseWorkerKey", "WORKER_IVANOV"}}));
+    }
+
+    void nothingElseOfAWorkshiftChanges()
+    {
+        for (const CatalogField& field : TableCatalog::table("LogbookWorkshifts")->fields) {
+            if (field.name == "KeyLink" || field.name == "CloseWorkerKey")
+                continue;
+            QVERIFY2(!write("ivanov", "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                            {other(field.name.constData(), field.type)}),
+                     field.name.constData());
+            QCOMPARE(m_refusal, QString::fromUtf8("У смены меняется только отметка о её закрытии."));
+        }
+    }
+
+    void workshiftIsDeletedByItsOpenerWhileOpenAndEmpty()
+    {
+        load("LogbookWorkshifts", ROW_INSERT, "S", newWorkshift("DEP_CDS", "WORKER_IVANOV", openEnd()));
+        QVERIFY(!write("petrov", "LogbookWorkshifts", ROW_DELETE, "S"));
+        QVERIFY(!write("ivanov", "LogbookWorkshifts", ROW_DELETE, "SHIFT_CDS_OPEN")); // has records
+        load("LogbookWorkshifts", ROW_UPDATE, "S", {{"CloseWorkerKey", "WORKER_IVANOV"}});
+        QVERIFY(!write("ivanov", "LogbookWorkshifts", ROW_DELETE, "S"));
+        load("LogbookWorkshifts", ROW_UPDATE, "S", {{"CloseWorkerKey", nullptr}});
+        load("LogbookWorkersWorkshift", ROW_INSERT, "C",
+             {{"WorkshiftKey", "S"}, {"WorkerKey", "WORKER_PETROV"}, {"opening", 1}});
+        QVERIFY(write("ivanov", "LogbookWorkshifts", ROW_DELETE, "S"));
+        QCOMPARE(value("SELECT count(*) FROM LogbookWorkersWorkshift WHERE KeyLink='C'").toInt(), 0);
+    }
+
+    // Crew
+
+    void crewOfTheOpenShiftIsChangedFromWithin()
+    {
+        const Fields row = {
+            {"WorkshiftKey", "SHIFT_CDS_OPEN"}, {"WorkerKey", "WORKER_SIDOROVA"}, {"opening", 1}};
+        QVERIFY(!write("sidorova", "LogbookWorkersWorkshift", ROW_INSERT, "C", row));
+        QVERIFY(!write("smirnov", "LogbookWorkersWorkshift", ROW_INSERT, "C", row));
+        QVERIFY(write("petrov", "LogbookWorkersWorkshift", ROW_INSERT, "C", row)); // for any worker
+        QVERIFY(!write("smirnov", "LogbookWorkersWorkshift", ROW_DELETE, "C"));
+        QVERIFY(write("sidorova", "LogbookWorkersWorkshift", ROW_DELETE, "C")); // who is in it by now
+        const Fields past = {
+            {"WorkshiftKey", "SHIFT_CDS_PAST"}, {"WorkerKey", "WORKER_SIDOROVA"}, {"opening", 1}};
+        QVERIFY(!write("ivanov", "LogbookWorkersWorkshift", ROW_INSERT, "C", past));
+    }
+
+    void whoTakesOverIsToldByWhoClosed()
+    {
+        const Fields row = {
+            {"WorkshiftKey", "SHIFT_CDS_OPEN"}, {"WorkerKey", "WORKER_SIDOROVA"}, {"opening", 0}};
+        QVERIFY(!write("petrov", "LogbookWorkersWorkshift", ROW_INSERT, "C", row)); // not closed yet
+        QVERIFY(write("petrov", "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                      {{"CloseWorkerKey", "WORKER_PETROV"}}));
+        QVERIFY(!write("ivanov", "LogbookWorkersWorkshift", ROW_INSERT, "C", row));
+        QVERIFY(write("petrov", "LogbookWorkersWorkshift", ROW_INSERT, "C", row));
+        QVERIFY(!write("ivanov", "LogbookWorkersWorkshift", ROW_DELETE, "C"));
+        QVERIFY(write("petrov", "LogbookWorkersWorkshift", ROW_DELETE, "C"));
+    }
+
+    void crewRowsDoNotChange()
+    {
+        for (const TestStore::Field& field :
+             Fields{{"WorkshiftKey", "SHIFT_ZAR_OPEN"}, {"WorkerKey", "WORKER_SIDOROVA"}, {"opening", 0}})
+            QVERIFY2(!write("ivanov", "LogbookWorkersWorkshift", ROW_UPDATE, "CREW_CDS_2", {field}),
+                     field.name);
+        QVERIFY(write("ivanov", "LogbookWorkersWorkshift", ROW_UPDATE, "CREW_CDS_2"));
+    }
+
+    // Records
+
+    void recordsAreInsertedInTheOpenShiftByItsWorkers()
+    {
+        QVERIFY(write("ivanov", "LogbookRecords", ROW_INSERT, "R1",
+                      newRecord("SHIFT_CDS_OPEN", "WORKER_IVANOV", 1)));
+        QVERIFY(write("petrov", "LogbookRecords", ROW_INSERT, "R2",
+                      newRecord("SHIFT_CDS_OPEN", "WORKER_PETROV", 0)));
+        QVERIFY(!write("sidorova", "LogbookRecords", ROW_INSERT, "R3",
+                       newRecord("SHIFT_CDS_OPEN", "WORKER_SIDOROVA", 1)));
+        QCOMPARE(m_refusal, QString::fromUtf8("Записи вносят работники открытой смены."));
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_INSERT, "R3",
+                       newRecord("SHIFT_CDS_PAST", "WORKER_IVANOV", 1)));
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_INSERT, "R3",
+                       newRecord("SHIFT_ZAR_OPEN", "WORKER_IVANOV", 1)));
+        QVERIFY(!write("viewer", "LogbookRecords", ROW_INSERT, "R3", newRecord("SHIFT_CDS_OPEN", "", 1)));
+    }
+
+    void recordsAreInsertedAsDraftsOrApproved()
+    {
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_INSERT, "R",
+                       newRecord("SHIFT_CDS_OPEN", "WORKER_IVANOV", 2)));
+        QCOMPARE(m_refusal, QString::fromUtf8("Новая запись может быть только черновиком или утверждённой."));
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_INSERT, "R",
+                       newRecord("SHIFT_CDS_OPEN", "WORKER_IVANOV", 3)));
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_INSERT, "R",
+                       {{"ShiftKey", "SHIFT_CDS_OPEN"}, {"WorkerKey", "WORKER_IVANOV"}}));
+    }
+
+    void authorIsTheWriterOrThatOfTheReplacedRecord()
+    {
+        Fields record = newRecord("SHIFT_CDS_OPEN", "WORKER_PETROV", 0);
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_INSERT, "R", record));
+        QCOMPARE(m_refusal, QString::fromUtf8("Автором записи может быть только тот, кто её вносит."));
+        record.push_back({"OriginRecordKey", "REC_MESSAGE"}); // whose author is another one still
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_INSERT, "R", record));
+        record.back() = {"OriginRecordKey", "REC_ORDER"};
+        QVERIFY(write("ivanov", "LogbookRecords", ROW_INSERT, "R", record));
+    }
+
+    void newRecordCarriesNoVisaButOldTimesAndForeignMarkers()
+    {
+        Fields record = newRecord("SHIFT_CDS_OPEN", "WORKER_IVANOV", 1);
+        record.push_back({"SecondMarkWorkerKey", "WORKER_SMIRNOV_ZAR"});
+        record.push_back({"secondMarkTime", 5});
+        record.push_back({"recordTime", 5});
+        record.push_back({"OriginRecordKey", "NOWHERE"});
+        record.push_back({"VisaWorkerKey", "WORKER_IVANOV"});
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_INSERT, "R", record));
+        QCOMPARE(m_refusal, QString::fromUtf8("Новая запись не может нести визу."));
+        record.back() = {"VisaWorkerKey", nullptr};
+        QVERIFY(write("ivanov", "LogbookRecords", ROW_INSERT, "R", record));
+    }
+
+    void draftsAreEditedByAnybodyInTheOpenShift()
+    {
+        const Fields edit = {{"html", "edited"},      {"eventTime", 5},
+                             {"firstMarkTime", 6},    {"executionTime", 7},
+                             {"direction", 2},        {"ReceiverWorkerKey", "WORKER_IVANOV"},
+                             {"OriginRecordKey", ""}, {"recordTime", 8}};
+        for (const TestStore::Field& field : edit) {
+            QVERIFY2(write("petrov", "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV", {field}), field.name);
+            QVERIFY2(!write("sidorova", "LogbookRecords", ROW_UPDATE, "REC_DRAFT_PETROV", {field}),
+                     field.name);
+            QCOMPARE(m_refusal, QString::fromUtf8("Записи изменяют работники открытой смены."));
+        }
+        QVERIFY(!write("petrov", "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV",
+                       {{"WorkerKey", "WORKER_PETROV"}}));
+        QVERIFY(!write("petrov", "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV",
+                       {{"ShiftKey", "SHIFT_ZAR_OPEN"}}));
+        QVERIFY(!write("sidorova", "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV",
+                       {{"VisaWorkerKey", "WORKER_SIDOROVA"}}));
+    }
+
+    void draftsOfAClosedShiftStay()
+    {
+        load("LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN", {{"CloseWorkerKey", "WORKER_IVANOV"}});
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV", {{"html", "x"}}));
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV", {{"status", 0}}));
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_DELETE, "REC_DRAFT_IVANOV"));
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_UPDATE, "REC_ORDER", {{"status", 2}}));
+    }
+
+    void statusGoesFromDraftToApprovedToDeletedOnly_data()
+    {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<int>("to");
+        QTest::addColumn<bool>("allowed");
+        for (int from = 0; from < 3; ++from)
+            for (int to = -1; to < 4; ++to)
+                QTest::addRow("%d to %d", from, to)
+                    << from << to << (from == to || (from == 1 && to == 0) || (from == 0 && to == 2));
+    }
+    void statusGoesFromDraftToApprovedToDeletedOnly()
+    {
+        QFETCH(int, from);
+        QFETCH(int, to);
+        QFETCH(bool, allowed);
+        const char* keys[] = {"REC_ORDER", "REC_DRAFT_PETROV", "REC_REPLACED"};
+        QCOMPARE(write("ivanov", "LogbookRecords", ROW_UPDATE, keys[from], {{"status", to}}), allowed);
+        if (!allowed)
+            QCOMPARE(m_refusal, QString::fromUtf8("Такая смена состояния записи недопустима."));
+    }
+
+    void onlyDraftsAreDeleted()
+    {
+        QVERIFY(!write("petrov", "LogbookRecords", ROW_DELETE, "REC_ORDER"));
+        QCOMPARE(m_refusal, QString::fromUtf8("Удалить можно только черновик."));
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_DELETE, "REC_REPLACED"));
+        QVERIFY(!write("sidorova", "LogbookRecords", ROW_DELETE, "REC_DRAFT_PETROV"));
+        QVERIFY(write("ivanov", "LogbookRecords", ROW_DELETE, "REC_DRAFT_PETROV"));
+    }
+
+    void approvedRecordsDoNotChange()
+    {
+        for (const CatalogField& field : TableCatalog::table("LogbookRecords")->fields) {
+            const QByteArray name = field.name;
+            if (name == "KeyLink" || name == "status" || name == "VisaWorkerKey" ||
+                name == "SecondMarkWorkerKey" || name == "secondMarkTime")
+                continue;
+            for (const char* key : {"REC_SUCCESSOR", "REC_REPLACED"})
+                QVERIFY2(!write("ivanov", "LogbookRecords", ROW_UPDATE, key,
+                                {other(name.constData(), field.type)}),
+                         name.constData());
+        }
+    }
+
+    void executionTimeOfAnApprovedRecordMayGo()
+    {
+        QVERIFY(
+            !write("sidorova", "LogbookRecords", ROW_UPDATE, "REC_SUCCESSOR", {{"executionTime", nullptr}}));
+        QVERIFY(write("petrov", "LogbookRecords", ROW_UPDATE, "REC_SUCCESSOR", {{"executionTime", nullptr}}));
+        QVERIFY(!write("petrov", "LogbookRecords", ROW_UPDATE, "REC_SUCCESSOR", {{"executionTime", 5}}));
+    }
+
+    void replacementByASuccessorIsAllowed()
+    {
+        const QVector<MDRFieldDescr> fields = TableCatalog::table("LogbookRecords")->descriptors();
+        CRowBatch batch(fields.constData(), fields.size());
+        MDRData* old = batch.newRow(ROW_UPDATE, "REC_ORDER");
+        batch.SetValF(old, "status", MDRValue::number(2));
+        batch.RecPost(old);
+        MDRData* successor = batch.newRow(ROW_INSERT, "REC_NEW");
+        for (const auto& [name, text] : {std::pair<const char*, const char*>{"ShiftKey", "SHIFT_CDS_OPEN"},
+                                         {"WorkerKey", "WORKER_PETROV"},
+                                         {"OriginRecordKey", "REC_ORDER"}})
+            batch.SetValF(successor, name, MDRValue::text(text));
+        batch.SetValF(successor, "status", MDRValue::number(0));
+        batch.SetValF(successor, "executionTime", MDRValue::real(9));
+        batch.RecPost(successor);
+        StoreError error;
+        QVERIFY2(m_files->open(QStringLiteral("ivanov"))
+                     ->apply({{"LogbookRecords", batch.array}}, GenGuid32(), &error),
+                 qPrintable(error.text));
+    }
+
+    void visaIsPutOnApprovedRecordsByOthersInAnyShift()
+    {
+        const auto visa = [this](const char* login, const char* key, const char* worker) {
+            return write(login, "LogbookRecords", ROW_UPDATE, key, {{"VisaWorkerKey", worker}});
+        };
+        QVERIFY(visa("sidorova", "REC_OPENING", "WORKER_SIDOROVA"));
+        QVERIFY(visa("petrov", "REC_OPENING", "WORKER_PETROV")); // replaces another
+        QVERIFY(visa("sidorova", "REC_PAST_1", "WORKER_SIDOROVA"));
+        QVERIFY(visa("smirnov", "REC_PAST_2", "WORKER_SMIRNOV_ODS"));
+        QVERIFY(!visa("ivanov", "REC_OPENING", "WORKER_IVANOV"));
+        QCOMPARE(m_refusal, QString::fromUtf8("Автор не визирует свою запись."));
+        QVERIFY(!visa("sidorova", "REC_OPENING", "WORKER_KUZNETSOV"));
+        QCOMPARE(m_refusal, QString::fromUtf8("Визу ставят от своего имени."));
+        QVERIFY(!visa("sidorova", "REC_OPENING", ""));
+        QVERIFY(!visa("viewer", "REC_OPENING", "USER_VIEWER"));
+        QVERIFY(!visa("petrov", "REC_DRAFT_IVANOV", "WORKER_PETROV"));
+        QCOMPARE(m_refusal, QString::fromUtf8("Виза ставится только на утверждённую запись."));
+        QVERIFY(!visa("petrov", "REC_REPLACED", "WORKER_PETROV"));
+        load("LogbookRecords", ROW_UPDATE, "REC_ZAR", {{"WorkerKey", nullptr}});
+        QVERIFY(!visa("petrov", "REC_ZAR", "WORKER_PETROV")); // nobody's record is signed by nobody
+    }
+
+    void secondMarkerIsSetByOneselfWhateverStatusAndShift()
+    {
+        const auto mark = [this](const char* login, const char* key, const char* worker) {
+            return write(login, "LogbookRecords", ROW_UPDATE, key,
+                         {{"SecondMarkWorkerKey", worker}, {"secondMarkTime", 5}});
+        };
+        for (const char* key : {"REC_OPENING", "REC_REPLACED", "REC_DRAFT_IVANOV", "REC_PAST_1"})
+            QVERIFY2(mark("sidorova", key, "WORKER_SIDOROVA"), qPrintable(m_refusal));
+        QVERIFY(!mark("sidorova", "REC_ORDER", "WORKER_IVANOV"));
+        QCOMPARE(m_refusal, QString::fromUtf8("Второй маркер ставят от своего имени."));
+        QVERIFY(!mark("ivanov", "REC_DRAFT_PETROV", "WORKER_PETROV"));
+        QVERIFY(write("petrov", "LogbookRecords", ROW_UPDATE, "REC_PAST_1",
+                      {{"SecondMarkWorkerKey", nullptr}, {"secondMarkTime", nullptr}}));
+        QVERIFY(!write("petrov", "LogbookRecords", ROW_UPDATE, "REC_OPENING", {{"secondMarkTime", 6}}));
+    }
+
+    // Comments and files
+
+    void commentsAreWrittenInTheOwnName()
+    {
+        const auto insert = [this](const char* login, const char* worker, const char* record) {
+            return write(login, "LogbookComments", ROW_INSERT, qPrintable(QString::fromLatin1(GenGuid32())),
+                         {{"WorkerKey", worker}, {"RecordKey", record}, {"text_", "x"}});
+        };
+        QVERIFY(insert("sidorova", "WORKER_SIDOROVA", "REC_PAST_1")); // any shift
+        QVERIFY(!insert("sidorova", "WORKER_IVANOV", "REC_PAST_1"));
+        QVERIFY(!insert("viewer", "", "REC_PAST_1"));
+        QVERIFY(!insert("kuznetsov", "WORKER_KUZNETSOV", "REC_PAST_1"));
+    }
+
+    void commentsAreChangedAndDeletedByTheirAuthor()
+    {
+        for (const TestStore::Field& field : Fields{{"text_", "new"}, {"commentTime", 5}}) {
+            QVERIFY(!write("ivanov", "LogbookComments", ROW_UPDATE, "COM_UNREAD", {field}));
+            QCOMPARE(m_refusal, QString::fromUtf8("Комментарий изменяет только его автор."));
+            QVERIFY(write("petrov", "LogbookComments", ROW_UPDATE, "COM_UNREAD", {field}));
+        }
+        QVERIFY(
+            !write("petrov", "LogbookComments", ROW_UPDATE, "COM_UNREAD", {{"WorkerKey", "WORKER_IVANOV"}}));
+        QVERIFY(!write("petrov", "LogbookComments", ROW_UPDATE, "COM_UNREAD", {{"RecordKey", "REC_ORDER"}}));
+        QVERIFY(!write("ivanov", "LogbookComments", ROW_DELETE, "COM_UNREAD"));
+        QCOMPARE(m_refusal, QString::fromUtf8("Комментарий удаляет только его автор."));
+        QVERIFY(write("petrov", "LogbookComments", ROW_DELETE, "COM_UNREAD"));
+    }
+
+    void commentsAreReadByAnybody()
+    {
+        QVERIFY(write("smirnov", "LogbookComments", ROW_UPDATE, "COM_UNREAD", {{"readedTime", 9}}));
+        QVERIFY(write("viewer", "LogbookComments", ROW_UPDATE, "COM_UNREAD", {{"readedTime", nullptr}}));
+    }
+
+    void filesAreAttachedInTheOwnNameAndDeletedByWhoAttachedThem()
+    {
+        const Fields file = {
+            {"WorkerKey", "WORKER_SIDOROVA"}, {"RecordKey", "REC_PAST_1"}, {"fileName", "a"}};
+        QVERIFY(!write("ivanov", "LogbookFiles", ROW_INSERT, "F", file));
+        QVERIFY(write("sidorova", "LogbookFiles", ROW_INSERT, "F", file));
+        QVERIFY(!write("ivanov", "LogbookFiles", ROW_DELETE, "F"));
+        QVERIFY(write("sidorova", "LogbookFiles", ROW_DELETE, "F"));
+        for (const TestStore::Field& field : Fields{{"fileName", "x"},
+                                                    {"fileData", QByteArray("x")},
+                                                    {"WorkerKey", "WORKER_IVANOV"},
+                                                    {"RecordKey", "REC_ORDER"}})
+            QVERIFY2(!write("petrov", "LogbookFiles", ROW_UPDATE, "FILE_TEXT", {field}), field.name);
+    }
+
+    void commentsAndFilesOfOthersGoWithTheDraft()
+    {
+        load("LogbookComments", ROW_INSERT, "C",
+             {{"WorkerKey", "WORKER_SIDOROVA"}, {"RecordKey", "REC_DRAFT_PETROV"}});
+        load("LogbookFiles", ROW_INSERT, "F",
+             {{"WorkerKey", "WORKER_SIDOROVA"}, {"RecordKey", "REC_DRAFT_PETROV"}});
+        QVERIFY2(write("ivanov", "LogbookRecords", ROW_DELETE, "REC_DRAFT_PETROV"), qPrintable(m_refusal));
+        QCOMPARE(value("SELECT count(*) FROM LogbookComments WHERE KeyLink='C'").toInt(), 0);
+        QCOMPARE(value("SELECT count(*) FROM LogbookFiles WHERE KeyLink='F'").toInt(), 0);
+        QCOMPARE(value("SELECT count(*) FROM ChangeLog WHERE event=603").toInt(), 3);
+    }
+
+    // Templates
+
+    void templatesAreChangedByRightAndLevel_data()
+    {
+        QTest::addColumn<QByteArray>("login");
+        QTest::addColumn<QByteArray>("category");
+        QTest::addColumn<bool>("allowed");
+        for (const char* category : {"CAT_COMMON", "CAT_COMMON_SUB", "CAT_NETS", "CAT_CDS", "CAT_ZAR"}) {
+            QTest::addRow("administrator, %s", category)
+                << QByteArray("sidorova") << QByteArray(category) << true;
+            QTest::addRow("local administrator, %s", category)
+                << QByteArray("smirnov") << QByteArray(category) << (qstrcmp(category, "CAT_ZAR") == 0);
+            QTest::addRow("dispatcher, %s", category)
+                << QByteArray("ivanov") << QByteArray(category) << false;
+        }
+    }
+    void templatesAreChangedByRightAndLevel()
+    {
+        QFETCH(QByteArray, login);
+        QFETCH(QByteArray, category);
+        QFETCH(bool, allowed);
+        const Fields inside = {{"CategoryKey", category.constData()}, {"nameLoc", "x"}};
+        QCOMPARE(write(login, "LogbookTemplates", ROW_INSERT, "T", inside), allowed);
+        if (!allowed)
+            QCOMPARE(m_refusal, QString::fromUtf8("Нет права изменять шаблоны этого уровня."));
+        load("LogbookTemplates", ROW_INSERT, "T2", inside);
+        QCOMPARE(write(login, "LogbookTemplates", ROW_UPDATE, "T2", {{"html", "x"}}), allowed);
+        QCOMPARE(write(login, "LogbookTemplates", ROW_DELETE, "T2"), allowed);
+        QCOMPARE(write(login, "LogbookCatsTemplate", ROW_UPDATE, category, {{"nameLoc", "x"}}), allowed);
+        const Fields child = {{"ParentKey", category.constData()}};
+        QCOMPARE(write(login, "LogbookCatsTemplate", ROW_INSERT, "CHILD", child), allowed);
+        load("LogbookCatsTemplate", ROW_INSERT, "CHILD2", child);
+        QCOMPARE(write(login, "LogbookCatsTemplate", ROW_DELETE, "CHILD2"), allowed);
+    }
+
+    void localAdministratorCannotMoveAcrossLevels()
+    {
+        load("LogbookTemplates", ROW_INSERT, "T", {{"CategoryKey", "CAT_ZAR"}});
+        load("LogbookCatsTemplate", ROW_INSERT, "CHILD", {{"ParentKey", "CAT_ZAR"}});
+        QVERIFY(!write("smirnov", "LogbookTemplates", ROW_UPDATE, "T", {{"CategoryKey", "CAT_COMMON"}}));
+        QVERIFY(!write("smirnov", "LogbookTemplates", ROW_UPDATE, "TPL_OPEN", {{"CategoryKey", "CAT_ZAR"}}));
+        QVERIFY(!write("smirnov", "LogbookCatsTemplate", ROW_UPDATE, "CHILD", {{"ParentKey", "CAT_CDS"}}));
+        QVERIFY(
+            !write("smirnov", "LogbookCatsTemplate", ROW_UPDATE, "CAT_ZAR", {{"DepartmentKey", "DEP_CDS"}}));
+        QVERIFY(write("smirnov", "LogbookTemplates", ROW_UPDATE, "T", {{"CategoryKey", "CHILD"}}));
+    }
+
+    void localAdministratorMakesTopCategoriesOfHisDepartments()
+    {
+        QVERIFY(write("smirnov", "LogbookCatsTemplate", ROW_INSERT, "A", {{"DepartmentKey", "DEP_ODS"}}));
+        QVERIFY(!write("smirnov", "LogbookCatsTemplate", ROW_INSERT, "B", {{"DepartmentKey", "DEP_CDS"}}));
+        QVERIFY(!write("smirnov", "LogbookCatsTemplate", ROW_INSERT, "C", {{"OrgTypeKey", "TYPE_NETS"}}));
+        QVERIFY(!write("smirnov", "LogbookCatsTemplate", ROW_INSERT, "D"));
+        // A key of the own department on a subcategory of another level gives no right to it.
+        QVERIFY(!write("smirnov", "LogbookCatsTemplate", ROW_INSERT, "E",
+                       {{"ParentKey", "CAT_CDS"}, {"DepartmentKey", "DEP_ODS"}}));
+    }
+
+    void parametersAreWrittenByTheAdministrator()
+    {
+        QVERIFY(!write("smirnov", "TemplateParams", ROW_UPDATE, "PAR_TEXT", {{"nameLoc", "x"}}));
+        QVERIFY(!write("ivanov", "TemplateParamCategories", ROW_INSERT, "P", {{"nameLoc", "x"}}));
+        QVERIFY(write("sidorova", "TemplateParamCategories", ROW_INSERT, "P", {{"nameLoc", "x"}}));
+        QVERIFY(write("sidorova", "TemplateParams", ROW_UPDATE, "PAR_TEXT", {{"CategoryKey", "P"}}));
+        QVERIFY(write("sidorova", "TemplateParams", ROW_DELETE, "PAR_LIST"));
+    }
+
+    void referenceTablesAreClosedToPersons_data()
+    {
+        QTest::addColumn<QByteArray>("table");
+        for (const CatalogTable& table : TableCatalog::tables())
+            if (!table.name.startsWith("Logbook") && !table.name.startsWith("TemplateParam"))
+                QTest::newRow(table.name.constData()) << table.name;
+    }
+    void referenceTablesAreClosedToPersons()
+    {
+        QFETCH(QByteArray, table);
+        load(table, ROW_INSERT, "LOADED", table == "Users" ? Fields{{"login", "new"}} : Fields());
+        for (const char* login : {"ivanov", "sidorova"}) {
+            QVERIFY(!write(login, table, ROW_INSERT, "NEW",
+                           table == "Users" ? Fields{{"login", "other"}} : Fields()));
+            QCOMPARE(m_refusal,
+                     QString::fromUtf8("Справочники изменяются только средствами администратора."));
+            QVERIFY(!write(login, table, ROW_UPDATE, "LOADED"));
+            QVERIFY(!write(login, table, ROW_DELETE, "LOADED"));
+        }
+        load(table, ROW_DELETE, "LOADED");
+    }
+
+    void rightsOpenNothingElse()
+    {
+        QVERIFY(!write("sidorova", "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV", {{"html", "x"}}));
+        QVERIFY(!write("sidorova", "LogbookComments", ROW_DELETE, "COM_READ"));
+    }
+
+    // The loader
+
+    void loaderIsBoundByNoRuleAndTheLogNamesIt()
+    {
+        load("LogbookRecords", ROW_INSERT, "R", newRecord("SHIFT_CDS_PAST", "WORKER_KUZNETSOV", 2));
+        load("LogbookRecords", ROW_UPDATE, "R", {{"status", 1}});
+        load("LogbookRecords", ROW_DELETE, "REC_OPENING");
+        const auto last =
+            m_files
+                ->rows(QStringLiteral(
+                    "SELECT login, loader FROM ChangeTransactions ORDER BY number DESC LIMIT 1"))
+                .value(0);
+        QCOMPARE(last.value(0).toString(), QStringLiteral("loader"));
+        QCOMPARE(last.value(1).toInt(), 1);
+        QVERIFY(write("ivanov", "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV", {{"html", "x"}}));
+        const auto own = m_files
+                             ->rows(QStringLiteral(
+                                 "SELECT login, loader FROM ChangeTransactions ORDER BY number DESC LIMIT 1"))
+                             .value(0);
+        QCOMPARE(own.value(0).toString(), QStringLiteral("ivanov"));
+        QCOMPARE(own.value(1).toInt(), 0);
+    }
+
+    // Past the store
+
+    void writesThatDoNotComeThroughTheStoreAreRefused()
+    {
+        for (const char* sql : {"UPDATE LogbookRecords SET html = 'x' WHERE KeyLink = 'REC_ORDER'",
+                                "DELETE FROM LogbookComments", "INSERT INTO Roles (KeyLink) VALUES ('X')",
+                                "UPDATE ChangeLog SET newRow = NULL", "DELETE FROM ChangeTransactions"})
+            QVERIFY2(!m_files->exec(QString::fromUtf8(sql)).isEmpty(), sql);
+        QCOMPARE(m_files->exec(QStringLiteral("DELETE FROM ChangeLog")),
+                 QString::fromUtf8("Журнал изменений не изменяется."));
+    }
+};
+
+QTEST_GUILESS_MAIN(Store_rules_test)
+#include "Store_rules_test.moc"
