@@ -3,6 +3,7 @@
 #include "DemoNetwork.h"
 #include "HtmlParser.h"
 
+#include <functional>
 #include <QDateTime>
 
 namespace
@@ -20,6 +21,7 @@ QString shown(qint64 time, const QString& format)
 struct DemoFiller::Place {
     const DemoSubstation* substation;
     const DemoLine* line;
+    QString voltage; ///< of what was named last
 };
 
 DemoFiller::DemoFiller(const DemoNetwork& network, quint32 seed) : m_network(network), m_random(seed) {}
@@ -60,19 +62,51 @@ QString DemoFiller::interval(const QString& label, const Scene& scene)
     return QStringLiteral("с %1 по %2").arg(shown(from, format), shown(to, format));
 }
 
-const DemoPerson& DemoFiller::somebody(const Scene& scene, const QString& label)
+QPair<const DemoPerson*, int> DemoFiller::somebody(const Scene& scene, const std::string& type,
+                                                   const QString& label)
 {
     static const QStringList own{QStringLiteral("Диспетчер"), QStringLiteral("Старший смены"),
                                  QStringLiteral("Сдал"),      QStringLiteral("Состав смены"),
-                                 QStringLiteral("Проверил"),  QStringLiteral("Дежурный")};
+                                 QStringLiteral("Проверил"),  QStringLiteral("Дежурный"),
+                                 QStringLiteral("Продлил"),   QStringLiteral("Разрешил")};
     if (own.contains(label))
-        return *scene.crew.first();
-    const QVector<DemoPerson>& people = m_network.department(scene.department).people;
-    for (;;) {
-        const DemoPerson& person = pick(people);
-        if (!person.gone && (people.size() < 2 || person.key != scene.crew.first()->key))
-            return person;
+        return {scene.crew.first(), scene.department};
+    const bool grid = scene.department != DemoNetwork::Ods && scene.department != DemoNetwork::Plant;
+    QVector<QPair<const DemoPerson*, int>> candidates;
+    const auto offer = [&](int department, const std::function<bool(const DemoPerson&)>& fits) {
+        for (const DemoPerson& person : m_network.department(department).people)
+            if (!person.gone && person.key != scene.crew.first()->key && fits(person))
+                candidates.append({&person, department});
+    };
+    if (type == "employee_fio_dep_org") {
+        // The dispatcher at the other end of the line: for the network its centre, for the others the network.
+        offer(grid ? DemoNetwork::Ods : DemoNetwork::Cds,
+              [](const DemoPerson& person) { return person.role.contains(QStringLiteral("испетчер")); });
+    } else if (type == "employee_fio_group" && label != QStringLiteral("Принял") && grid) {
+        // Work on the spot is done by the crews and at the substations, whoever writes about it.
+        for (int department : {DemoNetwork::Cds, DemoNetwork::Zarechnaya, DemoNetwork::Lugovaya})
+            offer(department, [](const DemoPerson& person) {
+                return person.role.contains(QStringLiteral("ОВБ")) ||
+                       person.role.contains(QStringLiteral("подстанции"));
+            });
+    } else {
+        offer(scene.department, [](const DemoPerson&) { return true; });
     }
+    return pick(candidates);
+}
+
+QString DemoFiller::bay(const DemoSubstation& substation, const QString& label)
+{
+    const QString beginning =
+        label.startsWith(QStringLiteral("Трансформатор")) || label.startsWith(QStringLiteral("Перегруженное"))
+            ? QStringLiteral("Т-")
+            : QStringLiteral("В-");
+    const bool section = label.startsWith(QStringLiteral("Секция"));
+    QVector<QString> fitting;
+    for (const auto& [key, name] : substation.bays)
+        if (section ? name.contains(QStringLiteral("секция")) : name.startsWith(beginning))
+            fitting.append(name);
+    return fitting.isEmpty() ? pick(substation.bays).second : pick(fitting);
 }
 
 QString DemoFiller::value(const std::string& type, const QString& label, const QStringList& choices,
@@ -88,34 +122,34 @@ QString DemoFiller::value(const std::string& type, const QString& label, const Q
     if (type == "interval")
         return interval(label, scene);
     if (type == "baseVoltage")
-        return place.substation->voltage;
+        return place.voltage;
     if (type == "substation")
         return place.substation->name;
     if (type == "line")
         return place.line->name;
     if (type == "equipmentName")
-        return pick(place.substation->bays).second;
+        return bay(*place.substation, label);
     if (type == "equipmentPath")
         return place.substation->name + QStringLiteral(" / ") + pick(place.substation->bays).second;
     if (type == "department")
         return m_network.department(scene.department).name;
     if (type == "organization")
-        return label == QStringLiteral("Организация") && !record.flags.isEmpty()
-                   ? m_network.organizationOf(scene.department).name
-                   : pick(m_network.organizations()).name;
-    const DemoPerson& person = somebody(scene, label);
+        return label == QStringLiteral("Организация") ? m_network.organizationOf(scene.department).name
+                                                      : pick(m_network.organizations()).name;
+    const auto [person, department] = somebody(scene, type, label);
     if (type == "employee_fio")
-        return person.fullName();
+        return person->fullName();
     if (type == "employee_fio_role")
-        return QStringLiteral("%1, %2").arg(person.shortName(), person.role.toLower());
+        return QStringLiteral("%1, %2").arg(person->shortName(),
+                                            person->role.left(1).toLower() + person->role.mid(1));
     if (type == "employee_fio_group" || type == "shift_workers_groups")
-        return person.nameWithGroup();
+        return person->nameWithGroup();
     if (type == "employee_fio_dep_org")
         return QStringLiteral("%1, %2, %3")
-            .arg(person.shortName(), m_network.department(scene.department).name,
-                 m_network.organizationOf(scene.department).name);
+            .arg(person->shortName(), m_network.department(department).name,
+                 m_network.organizationOf(department).name);
     if (type == "shift_workers")
-        return person.shortName();
+        return person->shortName();
     qFatal("The demo has no values for parameters of the kind %s", type.c_str());
 }
 
@@ -127,7 +161,8 @@ std::string DemoFiller::fill(const DemoTemplate& record, const Scene& scene, con
     for (const DemoLine& line : m_network.lines())
         if (line.from == substation || line.to == substation)
             lines.append(&line);
-    Place place{&m_network.substations().at(substation), pick(lines)};
+    Place place{&m_network.substations().at(substation), pick(lines), QString()};
+    place.voltage = place.substation->voltage;
 
     Values told = values;
     for (unsigned i = 0; i < parser.countParameters(); ++i) {
@@ -138,7 +173,7 @@ std::string DemoFiller::fill(const DemoTemplate& record, const Scene& scene, con
             choices.append(QString::fromStdString(choice));
         const QString format = QString::fromStdString(parser.propertyValue(i, "format"));
         QString text = value(type, label, choices, format, record, scene, place);
-        if (parser.isExistProperty(i, "optional") && chance(25))
+        if (parser.isExistProperty(i, "optional") && chance(15))
             text.clear();
         for (int t = 0; t < told.size(); ++t)
             if (told[t].first == label) {
@@ -147,8 +182,12 @@ std::string DemoFiller::fill(const DemoTemplate& record, const Scene& scene, con
             }
         parser.setDisplayText(i, text.toStdString());
         for (const DemoSubstation& other : m_network.substations())
-            if (text == other.name)
+            if (text == other.name) {
                 place.substation = &other; // what follows speaks of this one
+                place.voltage = other.voltage;
+            }
+        if (type == "equipmentName" && text.endsWith(QStringLiteral("10 кВ")))
+            place.voltage = QStringLiteral("10 кВ");
         const QString bay = place.substation->name + QStringLiteral(" / ") + text;
         const QByteArray key =
             m_network.keyOf(type == "equipmentName" ? bay : text.section(QLatin1Char(','), 0, 0));

@@ -8,6 +8,7 @@
 
 class DemoNetwork;
 struct DemoPerson;
+struct DemoSubstation;
 
 /// Fills record templates as a dispatcher would: parameters that are told get their values, the others plausible ones
 /// out of the samples and the network.
@@ -49,7 +50,9 @@ private:
                   const QString& format, const DemoTemplate& record, const Scene& scene, const Place& place);
     QString moment(const QString& label, const QString& format, qint64 time);
     QString interval(const QString& label, const Scene& scene);
-    const DemoPerson& somebody(const Scene& scene, const QString& label);
+    QString bay(const DemoSubstation& substation, const QString& label);
+    /// Somebody that a record of this department would name under this label, and of which department.
+    QPair<const DemoPerson*, int> somebody(const Scene& scene, const std::string& type, const QString& label);
 
     const DemoNetwork& m_network;
     QRandomGenerator m_random;

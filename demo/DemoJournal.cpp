@@ -195,11 +195,11 @@ void DemoJournal::routine(const DemoShift& shift, DemoFiller* filler, int count,
         times.append(from + filler->number(0, static_cast<int>(to - from)));
     std::sort(times.begin(), times.end());
     for (int i = 0; i < count; ++i)
-        everyday(shift, filler, *filler->pick(kinds), times.at(i), i);
+        everyday(shift, filler, *filler->pick(kinds), times.at(i), to, i);
 }
 
 void DemoJournal::everyday(const DemoShift& shift, DemoFiller* filler, const DemoTemplate& kind, qint64 time,
-                           int number)
+                           qint64 latest, int number)
 {
     static const QVector<QString> remarks{
         QStringLiteral("Прошу уточнить номер бланка."), QStringLiteral("Принято к сведению."),
@@ -212,14 +212,18 @@ void DemoJournal::everyday(const DemoShift& shift, DemoFiller* filler, const Dem
         demoKey(QStringLiteral("record %1 %2 %3").arg(QString::fromLatin1(shift.key)).arg(time).arg(number));
     entry.author = author;
     entry.eventTime = time;
-    entry.recordTime = std::min(time + filler->number(1, 6) * minute, shift.end - 1);
+    entry.recordTime = time + filler->number(0, 5) * minute;
     entry.html = filler->fill(kind, shift.scene(time, author));
+    const auto later = [&](int from, int to) {
+        return std::max(entry.recordTime,
+                        std::min(entry.recordTime + filler->number(from, to) * minute, latest));
+    };
     if (filler->chance(3))
         entry.status = StatusDeleted;
     if (kind.flags.contains(QStringLiteral("time_exec")) && filler->chance(92))
-        entry.executionTime = std::min(entry.recordTime + filler->number(5, 90) * minute, shift.end);
+        entry.executionTime = later(5, 90);
     if (!kind.secondMark.isEmpty() && filler->chance(85)) {
-        entry.secondMarkTime = std::min(entry.recordTime + filler->number(5, 150) * minute, shift.end);
+        entry.secondMarkTime = later(5, 150);
         entry.secondMarkWorker = filler->chance(60) ? author : other;
     }
     if (kind.name.startsWith(QStringLiteral("Телефонограмма"))) {
@@ -230,7 +234,7 @@ void DemoJournal::everyday(const DemoShift& shift, DemoFiller* filler, const Dem
     if (entry.status == StatusApproved && filler->chance(20))
         entry.visa = other;
     add(shift, entry);
-    if (filler->chance(4))
+    if (filler->chance(4) && entry.recordTime + 25 * minute < latest)
         comment(entry.key, *other, entry.recordTime + 10 * minute, filler->pick(remarks),
                 entry.recordTime + 25 * minute);
 }

@@ -69,13 +69,13 @@ public:
     /// The records with which a shift is opened and closed.
     void opening(const DemoShift& shift, DemoFiller* filler, qint64 time);
     void closing(const DemoShift& shift, DemoFiller* filler, qint64 time);
-    /// So many everyday records between two times.
+    /// So many everyday records between two times; what is done to them later stays before \a to as well.
     void routine(const DemoShift& shift, DemoFiller* filler, int count, qint64 from, qint64 to,
                  const QVector<const DemoTemplate*>& kinds);
 
 private:
     void everyday(const DemoShift& shift, DemoFiller* filler, const DemoTemplate& kind, qint64 time,
-                  int number);
+                  qint64 latest, int number);
 
     DemoWriter* m_writer;
     const DemoNetwork& m_network;

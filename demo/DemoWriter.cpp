@@ -4,21 +4,13 @@
 #include "MDRValues.h"
 #include "TableCatalog.h"
 
-#include <cstring>
 #include <QTextCodec>
 
 struct DemoWriter::Batch {
     explicit Batch(const CatalogTable& declared) : table(declared)
     {
-        std::vector<MDRFieldDescr> fields(static_cast<std::size_t>(declared.fields.size()));
-        for (std::size_t i = 0; i < fields.size(); ++i) {
-            const CatalogField& field = declared.fields.at(static_cast<int>(i));
-            std::memset(&fields[i], 0, sizeof(MDRFieldDescr));
-            qstrncpy(fields[i].name, field.name.constData(), sizeof(fields[i].name));
-            fields[i].width = static_cast<std::uint8_t>(field.width);
-            fields[i].type = field.type;
-        }
-        rows = std::make_unique<CRowBatch>(fields.data(), static_cast<int>(fields.size()));
+        const QVector<MDRFieldDescr> fields = declared.descriptors();
+        rows = std::make_unique<CRowBatch>(fields.constData(), fields.size());
     }
 
     const CatalogTable& table;
@@ -31,13 +23,13 @@ DemoWriter::~DemoWriter() = default;
 
 MDRData* DemoWriter::row(const char* table, MDRFlag flag, const QByteArray& key, const Fields& fields)
 {
-    std::unique_ptr<Batch>& batch = m_batches[table];
+    Batch*& batch = m_current[table];
     if (!batch) {
         const CatalogTable* declared = TableCatalog::table(table);
         if (!declared)
             qFatal("The store has no table %s", table);
-        batch = std::make_unique<Batch>(*declared);
-        m_order.push_back(batch.get());
+        m_batches.push_back(std::make_unique<Batch>(*declared));
+        batch = m_batches.back().get();
     }
     MDRData* record = batch->rows->newRow(flag, key);
     for (const auto& [name, value] : fields) {
@@ -88,10 +80,10 @@ void DemoWriter::remove(const char* table, const QByteArray& key)
 bool DemoWriter::write(StoreError* error)
 {
     std::vector<StoreWrite> writes;
-    for (const Batch* batch : m_order)
+    for (const std::unique_ptr<Batch>& batch : m_batches)
         writes.push_back({batch->table.name, batch->rows->array});
     const bool written = writes.empty() || m_store->apply(writes, GenGuid32(), error);
-    m_order.clear();
+    m_current.clear();
     m_batches.clear();
     m_rows = 0;
     return written;

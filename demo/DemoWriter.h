@@ -28,6 +28,9 @@ public:
     void update(const char* table, const QByteArray& key, const Fields& fields);
     void remove(const char* table, const QByteArray& key);
 
+    /// Rows that come from now on are written after all that came so far, whatever their tables.
+    void barrier() { m_current.clear(); }
+
     int rows() const { return m_rows; }
     /// Writes what was gathered, all of it or nothing, and starts anew.
     bool write(StoreError* error);
@@ -38,7 +41,7 @@ private:
     MDRData* row(const char* table, MDRFlag flag, const QByteArray& key, const Fields& fields);
 
     Store* m_store;
-    std::map<QByteArray, std::unique_ptr<Batch>> m_batches;
-    std::vector<Batch*> m_order;
+    std::vector<std::unique_ptr<Batch>> m_batches; ///< in the order of writing
+    std::map<QByteArray, Batch*> m_current;        ///< the one that takes the rows of a table
     int m_rows = 0;
 };

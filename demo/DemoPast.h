@@ -1,0 +1,30 @@
+#pragma once
+
+#include "DemoClock.h"
+#include "DemoJournal.h"
+
+/// Everything around the story: a fortnight of shifts in five departments with a storm night and a repair over three
+/// days, the shifts of the other departments that run now, and a month a year ago.
+class DemoPast
+{
+public:
+    explicit DemoPast(DemoJournal* journal);
+
+    void write(qint64 now, const DemoClock::Story& story);
+
+    /// The shift of a department that covers a time; a shift without key when there is none.
+    DemoShift shiftAt(int department, qint64 time) const;
+
+private:
+    void writeDepartment(int department, qint64 now, const DemoClock::Story& story);
+    void writeRunning(int department, qint64 now);
+    void writeStorm(const DemoShift& shift, DemoFiller* filler);
+    void writeChief(DemoShift* shift, DemoFiller* filler);
+    void writeRepair(qint64 now);
+    void writeYearAgo(qint64 now);
+    void step(const QString& kind, qint64 time, const DemoFiller::Values& values, qint64 executionTime = 0,
+              qint64 secondMarkTime = 0);
+
+    DemoJournal* m_journal;
+    QVector<DemoShift> m_shifts; ///< of the fortnight
+};

@@ -1,0 +1,51 @@
+#include "DemoStory.h"
+
+#include <cmath>
+#include <QDateTime>
+#include <QFile>
+
+namespace
+{
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("The demo has lost %s", qPrintable(path));
+    return file.readAll();
+}
+
+/// The disturbance record of the line: 60 ms of load, 80 ms of fault, then nothing; a sample a millisecond.
+QByteArray oscillogram(qint64 time)
+{
+    constexpr double pi = 3.14159265358979;
+    constexpr double frequency = 50;
+    QByteArray text =
+        "; V-110 Kirpichnaya, PS 110 kV Zarechnaya\r\n; start " +
+        QDateTime::fromSecsSinceEpoch(time).toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")).toLatin1() +
+        "\r\n; t, ms; Ia, A; Ib, A; Ic, A; Ua, kV; DZ-II\r\n";
+    for (int t = 0; t < 200; ++t) {
+        const bool fault = t >= 60 && t < 140;
+        const bool off = t >= 140;
+        const auto wave = [t](double amplitude, int phase) {
+            return amplitude * std::sin(2 * pi * (frequency * t / 1000 - phase / 3.0));
+        };
+        const double load = off ? 0 : 261;
+        text += QByteArray::number(t) + "; " + QByteArray::number(wave(fault ? 5515 : load, 0), 'f', 0) +
+                "; " + QByteArray::number(wave(load, 1), 'f', 0) + "; " +
+                QByteArray::number(wave(load, 2), 'f', 0) + "; " +
+                QByteArray::number(wave(fault ? 31 : 94, 0), 'f', 1) + "; " + (t >= 95 && fault ? "1" : "0") +
+                "\r\n";
+    }
+    return text;
+}
+} // namespace
+
+void DemoStory::attach(const QByteArray& record)
+{
+    m_journal->file(record, m_senior, QStringLiteral("Осциллограмма В-110 Кирпичная.txt"),
+                    oscillogram(at(22, 17, 43)));
+    m_journal->file(record, m_colleague, QStringLiteral("Фото опоры № 42.png"),
+                    contentOf(QStringLiteral(":/demo/files/photo.png")));
+    m_journal->file(record, m_colleague, QStringLiteral("Схема сети 110 кВ после отключения (вар. 2).pdf"),
+                    contentOf(QStringLiteral(":/demo/files/scheme.pdf")));
+}
