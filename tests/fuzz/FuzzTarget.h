@@ -1,0 +1,22 @@
+#pragma once
+
+/// What every fuzz target defines. The same file becomes two programs: one that libFuzzer drives (option
+/// VRK_BUILD_FUZZ), and one that runs a fixed number of seeded mutations among the tests.
+
+#include <cstddef>
+#include <cstdint>
+#include <QByteArray>
+#include <vector>
+
+/// Tries one input. A finding is a crash: a sanitizer's report or fuzzRequire().
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+/// Well-formed inputs to start from.
+std::vector<QByteArray> fuzzSeeds();
+
+/// Ends the program when a property does not hold.
+inline void fuzzRequire(bool holds)
+{
+    if (!holds)
+        __builtin_trap();
+}
