@@ -3,6 +3,7 @@
 #include "ChangeRow.h"
 #include "SqliteSchema.h"
 
+#include <algorithm>
 #include <QDir>
 #include <QFileInfo>
 
@@ -10,6 +11,7 @@ namespace
 {
 constexpr int cachedStatements = 128;
 constexpr int stepsBetweenLooks = 20000; // of the engine's machine: well under a millisecond
+constexpr int longestNapMs = 25;         // between two looks at a lock
 
 QString sentence(const char* text, const QString& file)
 {
@@ -116,7 +118,7 @@ std::unique_ptr<SqliteConnection> SqliteConnection::open(const QString& file, Mo
 
 bool SqliteConnection::setUp(Mode mode, StoreError* error)
 {
-    setBusyTimeout(m_deadlineMs);
+    sqlite3_busy_handler(m_db, onBusy, this);
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
@@ -189,10 +191,9 @@ qint64 SqliteConnection::number(const QByteArray& sql)
     return statement.step() ? statement.integer(0) : 0;
 }
 
-void SqliteConnection::startDeadline(std::function<void()> progress)
+void SqliteConnection::startDeadline()
 {
     m_clock.start();
-    m_progress = std::move(progress);
     sqlite3_progress_handler(m_db, stepsBetweenLooks, onProgress, this);
 }
 
@@ -207,6 +208,19 @@ int SqliteConnection::onProgress(void* connection)
     if (self->m_progress)
         self->m_progress();
     return self->m_clock.hasExpired(self->m_deadlineMs) ? 1 : 0;
+}
+
+int SqliteConnection::onBusy(void* connection, int count)
+{
+    auto* self = static_cast<SqliteConnection*>(connection);
+    if (count == 0)
+        self->m_busy.start();
+    if (self->m_busy.hasExpired(self->m_deadlineMs))
+        return 0;
+    sqlite3_sleep(std::min(1 << std::min(count, 10), longestNapMs));
+    if (self->m_progress)
+        self->m_progress();
+    return 1;
 }
 
 bool SqliteConnection::hasMoved() const

@@ -85,17 +85,16 @@ public:
     /// The first column of the first row as a number; 0 without a row.
     qint64 number(const QByteArray& sql);
 
-    /// From now until stopDeadline() a statement that outlives the deadline is broken off, and \a progress is called
-    /// now and then.
-    void startDeadline(std::function<void()> progress = nullptr);
+    /// Called now and then while a statement runs under a deadline or waits for the lock of another process.
+    void setProgress(std::function<void()> progress) { m_progress = std::move(progress); }
+    /// From now until stopDeadline() a statement that outlives the deadline is broken off.
+    void startDeadline();
     void stopDeadline();
 
     /// What the last failed operation means for the user.
     StoreError lastError() const;
     /// True when the file is no longer at its place, so that nobody would find what is written.
     bool hasMoved() const;
-    /// How long a statement waits for the lock of another process before it fails with Locked.
-    void setBusyTimeout(int milliseconds) { sqlite3_busy_timeout(m_db, milliseconds); }
 
     /// The error of an engine's code, for the file.
     static StoreError errorOf(int code, const QString& file, const QString& detail);
@@ -104,11 +103,14 @@ private:
     SqliteConnection(const QString& file, int deadlineMs) : m_file(file), m_deadlineMs(deadlineMs) {}
     bool setUp(Mode mode, StoreError* error);
     static int onProgress(void* connection);
+    /// Waits for the lock of another process, as long as the deadline; then the statement fails with Locked.
+    static int onBusy(void* connection, int count);
 
     sqlite3* m_db = nullptr;
     QString m_file;
     int m_deadlineMs;
     QElapsedTimer m_clock;
+    QElapsedTimer m_busy;
     std::function<void()> m_progress;
     QHash<QByteArray, sqlite3_stmt*> m_statements;
 };

@@ -35,6 +35,12 @@ bool SqliteStore::connect(StoreError* error)
         m_write.reset();
         return false;
     }
+    for (SqliteConnection* connection : {m_write.get(), m_read.get()}) {
+        connection->setProgress([this] {
+            if (m_progress)
+                m_progress();
+        });
+    }
     std::unique_ptr<CodePage> codePage = CodePage::create(property("codec"));
     const bool sameCodec = codePage && (!m_codePage || m_codePage->codec() == codePage->codec());
     if (!sameCodec) {

@@ -67,9 +67,9 @@ StoreError selectError(StoreError::Code code, const char* text)
 class Deadline
 {
 public:
-    Deadline(SqliteConnection& connection, const std::function<void()>& progress) : m_connection(connection)
+    explicit Deadline(SqliteConnection& connection) : m_connection(connection)
     {
-        m_connection.startDeadline(progress);
+        m_connection.startDeadline();
     }
     ~Deadline() { m_connection.stopDeadline(); }
     Deadline(const Deadline&) = delete;
@@ -85,7 +85,7 @@ MDArray* SqliteStore::select(const QByteArray& sqlUtf8, StoreError* error)
     if (!ready(error))
         return nullptr;
     sqlite3* db = m_read->handle();
-    const Deadline deadline(*m_read, m_progress);
+    const Deadline deadline(*m_read);
     sqlite3_set_authorizer(db, allowReading, nullptr);
     const auto prepared = [&](const QByteArray& sql, const char** tail) {
         sqlite3_stmt* made = nullptr;

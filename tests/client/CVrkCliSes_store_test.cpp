@@ -31,6 +31,7 @@ private slots:
     void the_bytes_of_a_file_are_fetched_by_key();
 
     void a_lock_held_by_another_fails_the_write_only();
+    void waiting_for_a_lock_shows_a_sign_of_life();
     void a_file_that_vanishes_takes_the_session_down();
     void a_file_that_comes_back_is_found();
     void another_history_is_told();
@@ -327,6 +328,25 @@ void CVrkCliSesStoreTest::a_lock_held_by_another_fails_the_write_only()
     sqlite3_close(other);
     QVERIFY(write(client, ROW_INSERT, "C1"));
     QCOMPARE(comments(store, QStringLiteral("C1")), 1);
+}
+
+void CVrkCliSesStoreTest::waiting_for_a_lock_shows_a_sign_of_life()
+{
+    TestStore store;
+    Store::Options options;
+    options.deadlineMs = 60000;
+    TestClient client(store.open(QStringLiteral("ivanov"), options));
+    sqlite3* other = nullptr;
+    QCOMPARE(sqlite3_open(store.path().toUtf8().constData(), &other), SQLITE_OK);
+    QCOMPARE(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    int looks = 0;
+    client.session().store()->setProgress([&] {
+        if (++looks == 3)
+            sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
+    });
+    QVERIFY(write(client, ROW_INSERT, "C1"));
+    QCOMPARE(looks, 3);
+    sqlite3_close(other);
 }
 
 void CVrkCliSesStoreTest::a_file_that_vanishes_takes_the_session_down()
