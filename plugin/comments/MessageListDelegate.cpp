@@ -11,6 +11,17 @@ int heightOf(const QRect& rect)
     return rect.bottom() - rect.top() + 1;
 }
 
+/// The pen told for the item; in a selected one, and on a dark ground, where that colour drowns, the view's own.
+QPen penFor(const QStyleOptionViewItem& option, const char* color)
+{
+    if (option.state.testFlag(QStyle::State_Selected))
+        return QPen(option.palette.color(QPalette::HighlightedText));
+    if (option.palette.color(QPalette::Base).lightness() < 128 &&
+        QColor(QLatin1String(color)).lightness() < 128)
+        return QPen(option.palette.color(QPalette::Text));
+    return QPen(QColor(QLatin1String(color)));
+}
+
 void drawLine(QPainter* painter, const QRect& rect, const QFont& font, const QPen& pen, const QString& text,
               const QTextOption& layout)
 {
@@ -86,16 +97,17 @@ void MessageListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
     QFont dateFont = option.font;
     dateFont.setPointSize(option.font.pointSize() - 1);
 
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    const QPen plain = isSelected ? QPen(option.palette.color(QPalette::HighlightedText)) : painter->pen();
     painter->save();
     painter->translate(option.rect.left() + 1, option.rect.top() + 1);
-    drawLine(painter, QRect(0, 0, width, line), authorFont,
-             isMine ? QPen(QColor(QStringLiteral("#309AC7"))) : painter->pen(), author, QTextOption());
+    drawLine(painter, QRect(0, 0, width, line), authorFont, isMine ? penFor(option, "#309AC7") : plain,
+             author, QTextOption());
     QTextOption wrapped;
     wrapped.setWrapMode(QTextOption::WordWrap);
-    drawLine(painter, QRect(0, textTop, width, textHeight), option.font, painter->pen(), message, wrapped);
+    drawLine(painter, QRect(0, textTop, width, textHeight), option.font, plain, message, wrapped);
     drawLine(painter, QRect(0, dateTop, isRead ? width - line - 4 : width, line), dateFont,
-             QPen(QColor(QStringLiteral("#3E403E"))), index.data(CommentTimeRole).toString(),
-             QTextOption(Qt::AlignRight));
+             penFor(option, "#3E403E"), index.data(CommentTimeRole).toString(), QTextOption(Qt::AlignRight));
     // Drawn for an unread comment too: there it lies behind the right edge, where nothing shows.
     const QPixmap mark = QPixmap(QStringLiteral(":/icons/readed.png"))
                              .scaled(line, line, Qt::KeepAspectRatio, Qt::SmoothTransformation);

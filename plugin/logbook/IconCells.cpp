@@ -1,5 +1,6 @@
 #include "IconCells.h"
 
+#include "CellIcon.h"
 #include "HfnWrapper.h"
 #include "LogbookFields.h"
 #include "RecordValue.h"
@@ -20,8 +21,8 @@ QVariant iconData(const AbstractHfnCellConversion& conversion, const AbstractHfn
 
 StatusCell::StatusCell(QObject* parent)
     : AbstractHfnCellConversion(parent),
-      m_icons{QIcon(QStringLiteral(":/icons/apply.png")), QIcon(QStringLiteral(":/icons/draft.png")),
-              QIcon(QStringLiteral(":/icons/deleted.png"))}
+      m_icons{cellIcon(QStringLiteral(":/icons/apply.png")), cellIcon(QStringLiteral(":/icons/draft.png")),
+              cellIcon(QStringLiteral(":/icons/deleted.png"))}
 {
 }
 
@@ -38,7 +39,9 @@ QVariant StatusCell::data(const AbstractHfnCellData& cell) const
 }
 
 SignCell::SignCell(CModelTable* workers, QObject* parent)
-    : AbstractHfnCellConversion(parent), m_workers(workers), m_icon(QStringLiteral(":/icons/sign.png"))
+    : AbstractHfnCellConversion(parent),
+      m_workers(workers),
+      m_icon(cellIcon(QStringLiteral(":/icons/sign.png")))
 {
 }
 
@@ -57,7 +60,7 @@ QVariant SignCell::data(const AbstractHfnCellData& cell) const
 }
 
 CommentCell::CommentCell(QObject* parent)
-    : AbstractHfnCellConversion(parent), m_icon(QStringLiteral(":/icons/comment.png"))
+    : AbstractHfnCellConversion(parent), m_icon(cellIcon(QStringLiteral(":/icons/comment.png")))
 {
 }
 
@@ -67,7 +70,7 @@ QVariant CommentCell::data(const AbstractHfnCellData& cell) const
 }
 
 FileCell::FileCell(QObject* parent)
-    : AbstractHfnCellConversion(parent), m_icon(QStringLiteral(":/icons/affix.png"))
+    : AbstractHfnCellConversion(parent), m_icon(cellIcon(QStringLiteral(":/icons/affix.png")))
 {
 }
 
@@ -78,8 +81,8 @@ QVariant FileCell::data(const AbstractHfnCellData& cell) const
 
 DirectionCell::DirectionCell(QObject* parent)
     : AbstractHfnCellConversion(parent),
-      m_left(QStringLiteral(":/icons/arrow_left.png")),
-      m_right(QStringLiteral(":/icons/arrow_right.png"))
+      m_left(cellIcon(QStringLiteral(":/icons/arrow_left.png"))),
+      m_right(cellIcon(QStringLiteral(":/icons/arrow_right.png")))
 {
 }
 

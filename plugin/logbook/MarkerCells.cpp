@@ -1,5 +1,6 @@
 #include "MarkerCells.h"
 
+#include "CellIcon.h"
 #include "HfnTime.h"
 #include "HfnWrapper.h"
 #include "RecordValue.h"
@@ -22,7 +23,7 @@ QVariant markerIcon(const MDRData* record, const char* timeField, const char* pr
     const QString path = QString::fromStdString(value);
     auto icon = icons.find(path);
     if (icon == icons.end())
-        icon = icons.insert(path, QIcon(path));
+        icon = icons.insert(path, cellIcon(path));
     return *icon;
 }
 

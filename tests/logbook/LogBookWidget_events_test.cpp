@@ -50,7 +50,7 @@ private slots:
         m_log.reset();
         m_log = std::make_unique<LogWatch>();
     }
-    void cleanup() { QCOMPARE(m_log->take(), QStringList()); }
+    void cleanup() { QCOMPARE(m_log->take().join(QLatin1Char('\n')), QString()); }
 
     void addsAColleaguesRecordAndMakesItCurrent()
     {
