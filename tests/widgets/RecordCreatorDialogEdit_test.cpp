@@ -1,0 +1,417 @@
+#include "CreatorBench.h"
+#include "HtmlParser.h"
+
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace
+{
+QString text(const char* value)
+{
+    return QString::fromStdString(
+        "Сообщено: " + HtmlParser::createParameter({{"name", "text"}, {"locname", "Содержание"}}, value) + ".");
+}
+
+/// A store with a draft REC_TEXT of WORKER_PETROV whose one parameter reads "старое".
+class Journal : public TestStore
+{
+public:
+    Journal()
+    {
+        write("LogbookRecords", ROW_INSERT, "REC_TEXT",
+              {{"ShiftKey", "SHIFT_CDS_OPEN"},
+               {"WorkerKey", "WORKER_PETROV"},
+               {"recordTime", now() - 900},
+               {"eventTime", now() - 1000},
+               {"html", text("старое")},
+               {"status", 1},
+               {"direction", 0}});
+    }
+    void write(const char* table, MDRFlag flag, const char* key, const Fields& fields = {})
+    {
+        const std::unique_ptr<Store> colleague = open(QStringLiteral("petrov"));
+        StoreError error;
+        if (!TestStore::write(colleague.get(), table, flag, key, fields, &error))
+            qFatal("%s %s: %s", table, key, qPrintable(error.text));
+    }
+    void change(const Fields& fields) { write("LogbookRecords", ROW_UPDATE, "REC_TEXT", fields); }
+    QVariant field(const char* name, const char* key = "REC_TEXT") const
+    {
+        return value(QStringLiteral("SELECT %1 FROM LogbookRecords WHERE KeyLink = '%2'")
+                         .arg(QLatin1String(name), QLatin1String(key)));
+    }
+    int records() const { return value(QStringLiteral("SELECT count(*) FROM LogbookRecords")).toInt(); }
+    int transactions() const { return value(QStringLiteral("SELECT count(*) FROM ChangeTransactions")).toInt(); }
+};
+
+const QString Colleague = QStringLiteral("Петров Пётр Петрович, ");
+} // namespace
+
+/// Editing records, and what others do to them meanwhile.
+class RecordCreatorDialogEdit_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("test"));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+    }
+
+    void an_edit_writes_only_what_was_changed()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        QCOMPARE(bench.dialog->windowTitle(), QStringLiteral("Правка записи"));
+        QVERIFY(!bench.templates()->isVisible());
+        QCOMPARE(bench.shown("text"), QStringLiteral("старое"));
+        const QVariant recordTime = store.field("recordTime");
+        bench.set("text", QStringLiteral("новое"));
+        bench.click("saveButton");
+        QVERIFY(!bench.dialog->isVisible());
+        bench.client.deliver();
+        QCOMPARE(bench.module.takeEvents(), QStringList{QStringLiteral("602 LogbookRecords REC_TEXT")});
+        QCOMPARE(store.field("html").toString(), text("новое"));
+        QCOMPARE(store.field("WorkerKey").toString(), QStringLiteral("WORKER_PETROV")); // another's draft
+        QCOMPARE(store.field("recordTime"), recordTime);
+        QCOMPARE(store.field("status").toInt(), 1);
+    }
+
+    void each_field_is_written_by_itself()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        const auto saveMarked = [&](const char* key) {
+            bench.client.deliver();
+            bench.module.takeEvents();
+            bench.loadRecords();
+            bench.click("saveButton");
+            bench.client.deliver();
+            Q_UNUSED(key)
+            return bench.module.events.size() == 1 ? bench.module.events.first().marked : QStringList();
+        };
+        bench.edit("REC_TEXT");
+        bench.click("toButton");
+        QCOMPARE(saveMarked("direction"), QStringList{QStringLiteral("direction")});
+        bench.edit("REC_TEXT");
+        bench.counterpart()->setWorkerKey("WORKER_SIDOROVA");
+        QCOMPARE(saveMarked("receiver"), QStringList{QStringLiteral("ReceiverWorkerKey")});
+        bench.edit("REC_TEXT");
+        bench.counterpart()->setWorkerKey(QByteArray());
+        QCOMPARE(saveMarked("receiver"), QStringList{QStringLiteral("ReceiverWorkerKey")});
+        QVERIFY(store.field("ReceiverWorkerKey").isNull());
+        bench.edit("REC_TEXT");
+        bench.eventTime()->setDateTime(bench.eventTime()->dateTime().addSecs(-60));
+        QCOMPARE(saveMarked("time"), QStringList{QStringLiteral("eventTime")});
+    }
+
+    void nothing_changed_writes_nothing()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        for (const char* key : {"REC_TEXT", "REC_DRAFT_IVANOV"}) {
+            bench.edit(key);
+            const int before = store.transactions();
+            bench.click("saveButton");
+            QVERIFY(!bench.dialog->isVisible());
+            QCOMPARE(store.transactions(), before);
+        }
+        QCOMPARE(bench.plan->writes, 0);
+    }
+
+    void the_first_mark_follows_the_time_of_the_event()
+    {
+        Journal store;
+        HtmlParser html("Допуск");
+        html.setTemplateProperty("first_mark", ":/markers/worker_red.png");
+        store.change({{"html", QString::fromStdString(html.readyHtml(true))}, {"firstMarkTime", TestStore::now() - 1000}});
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.eventTime()->setDateTime(bench.eventTime()->dateTime().addSecs(-60));
+        bench.click("saveButton");
+        QCOMPARE(store.field("firstMarkTime").toDouble(), TestStore::now() - 1060);
+    }
+
+    void a_first_mark_of_another_time_stays()
+    {
+        Journal store;
+        HtmlParser html("Допуск");
+        html.setTemplateProperty("first_mark", ":/markers/worker_red.png");
+        store.change({{"html", QString::fromStdString(html.readyHtml(true))}, {"firstMarkTime", TestStore::now() - 500}});
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.eventTime()->setDateTime(bench.eventTime()->dateTime().addSecs(-60));
+        bench.click("saveButton");
+        QCOMPARE(store.field("firstMarkTime").toDouble(), TestStore::now() - 500);
+    }
+
+    void a_deleted_worker_stays_as_counterpart()
+    {
+        Journal store;
+        store.change({{"ReceiverWorkerKey", "WORKER_KUZNETSOV"}, {"direction", 1}});
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        QVERIFY(bench.counterpartLine()->text().startsWith(QStringLiteral("Кузнецов")));
+        bench.set("text", QStringLiteral("новое"));
+        bench.click("saveButton");
+        QCOMPARE(store.field("ReceiverWorkerKey").toString(), QStringLiteral("WORKER_KUZNETSOV"));
+    }
+
+    void approved_and_deleted_records_open_for_reading()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        const struct {
+            const char* key;
+            const char* told;
+        } records[] = {{"REC_ORDER", "Запись утверждена и открыта только для чтения."},
+                       {"REC_REPLACED", "Запись удалена и открыта только для чтения."}};
+        for (const auto& record : records) {
+            bench.edit(record.key);
+            QCOMPARE(bench.dialog->windowTitle(), QStringLiteral("Просмотр записи"));
+            QCOMPARE(bench.notice(), QString::fromUtf8(record.told));
+            QVERIFY(!bench.filler()->isEnabled());
+            QVERIFY(!bench.eventTime()->isEnabled());
+            QVERIFY(!bench.counterpart()->isEnabled());
+            QVERIFY(!bench.button("fromButton")->isEnabled());
+            QVERIFY(!bench.button("saveButton")->isVisible());
+            QTest::keyClick(bench.dialog, Qt::Key_Return, Qt::ControlModifier);
+            QCOMPARE(bench.plan->writes, 0);
+            bench.click("cancelButton");
+            QVERIFY(!bench.dialog->isVisible());
+        }
+    }
+
+    void a_record_that_is_not_there_any_more_is_said()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.dialog->setCurrentRecord(bench.record("REC_TEXT"));
+        MDARecDel(bench.record("REC_TEXT"));
+        bench.dialog->show();
+        QCOMPARE(bench.notice(), QStringLiteral("Запись не найдена: возможно, она удалена."));
+        QVERIFY(!bench.button("saveButton")->isVisible());
+    }
+
+    void the_record_is_kept_by_key()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.set("text", QStringLiteral("новое"));
+        MDAClearRec(bench.records.data.array); // the tab loads another shift
+        bench.click("saveButton");
+        QCOMPARE(store.field("html").toString(), text("новое"));
+    }
+
+    void a_change_by_a_colleague_is_shown_when_nothing_is_unsaved()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        store.change({{"html", text("от коллеги")}, {"direction", 2}});
+        bench.client.deliver();
+        QCOMPARE(bench.shown("text"), QStringLiteral("от коллеги"));
+        QVERIFY(bench.button("toButton")->isChecked());
+        QVERIFY2(bench.notice().startsWith(Colleague), qPrintable(bench.notice()));
+        QVERIFY2(bench.notice().endsWith(QStringLiteral(": изменено (текст, направление).")), qPrintable(bench.notice()));
+        bench.click("cancelButton");
+        QVERIFY(!bench.dialog->isVisible());
+    }
+
+    void what_others_set_besides_the_text_is_no_notice()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        store.change({{"executionTime", TestStore::now()}});
+        bench.client.deliver();
+        QCOMPARE(bench.notice(), QString());
+    }
+
+    void unsaved_text_stays_and_saving_asks_which_to_keep_mine()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.set("text", QStringLiteral("моё"));
+        store.change({{"html", text("от коллеги")}, {"direction", 2}});
+        bench.client.deliver();
+        QCOMPARE(bench.shown("text"), QStringLiteral("моё"));
+        QVERIFY(bench.button("toButton")->isChecked()); // not touched here
+        QVERIFY2(bench.notice().startsWith(Colleague), qPrintable(bench.notice()));
+        QVERIFY(bench.notice().contains(QStringLiteral("Ваш текст остался в окне")));
+        bench.click("saveButton");
+        QCOMPARE(bench.question(), QStringLiteral("Запись тем временем изменили. Какой вариант оставить?"));
+        QCOMPARE(store.field("html").toString(), text("от коллеги"));
+        bench.click("keepMineButton");
+        QCOMPARE(store.field("html").toString(), text("моё"));
+        QCOMPARE(store.field("direction").toInt(), 2);
+        QVERIFY(!bench.dialog->isVisible());
+    }
+
+    void or_theirs()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.set("text", QStringLiteral("моё"));
+        store.change({{"html", text("от коллеги")}});
+        bench.client.deliver();
+        bench.click("saveButton");
+        bench.click("takeTheirsButton");
+        QCOMPARE(bench.shown("text"), QStringLiteral("от коллеги"));
+        QCOMPARE(bench.plan->writes, 0);
+        bench.click("cancelButton");
+        QVERIFY(!bench.dialog->isVisible());
+    }
+
+    void or_neither_yet()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.set("text", QStringLiteral("моё"));
+        store.change({{"html", text("от коллеги")}});
+        bench.client.deliver();
+        bench.click("saveButton");
+        bench.click("stayButton");
+        QCOMPARE(bench.question(), QString());
+        QCOMPARE(bench.shown("text"), QStringLiteral("моё"));
+        bench.click("saveButton");
+        QVERIFY(!bench.question().isEmpty());
+    }
+
+    void the_same_text_by_a_colleague_is_no_conflict()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.set("text", QStringLiteral("одно и то же"));
+        store.change({{"html", text("одно и то же")}});
+        bench.client.deliver();
+        QCOMPARE(bench.notice(), QString());
+        bench.click("saveButton");
+        QVERIFY(!bench.dialog->isVisible());
+        QCOMPARE(bench.plan->writes, 0);
+    }
+
+    void text_of_a_deleted_record_can_be_saved_as_a_new_draft()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.set("text", QStringLiteral("моё"));
+        store.write("LogbookRecords", ROW_DELETE, "REC_TEXT");
+        const int left = store.records();
+        bench.client.deliver();
+        QVERIFY2(bench.notice().startsWith(QStringLiteral("Запись удалена: ") + Colleague), qPrintable(bench.notice()));
+        QCOMPARE(bench.holdText(), QStringLiteral("Эту запись изменить больше нельзя"));
+        QVERIFY(!bench.button("saveButton")->isEnabled());
+        bench.click("saveAsNewButton");
+        QVERIFY(!bench.dialog->isVisible());
+        QCOMPARE(store.records(), left + 1);
+        const QString newest = QStringLiteral("SELECT %1 FROM LogbookRecords ORDER BY rowid DESC LIMIT 1");
+        QCOMPARE(store.value(newest.arg(QStringLiteral("html"))).toString(), text("моё"));
+        QCOMPARE(store.value(newest.arg(QStringLiteral("WorkerKey"))).toString(), QStringLiteral("WORKER_IVANOV"));
+        QVERIFY(store.value(newest.arg(QStringLiteral("KeyLink"))).toString() != QStringLiteral("REC_TEXT"));
+    }
+
+    void a_record_deleted_without_unsaved_text_closes_without_a_question()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        store.write("LogbookRecords", ROW_DELETE, "REC_TEXT");
+        bench.client.deliver();
+        QVERIFY(bench.notice().startsWith(QStringLiteral("Запись удалена: ")));
+        bench.click("cancelButton");
+        QVERIFY(!bench.dialog->isVisible());
+    }
+
+    void leaving_the_text_of_a_deleted_record_asks()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.set("text", QStringLiteral("моё"));
+        store.write("LogbookRecords", ROW_DELETE, "REC_TEXT");
+        bench.client.deliver();
+        bench.click("cancelButton");
+        QVERIFY(!bench.question().isEmpty());
+        bench.click("dropTextButton");
+        QVERIFY(!bench.dialog->isVisible());
+    }
+
+    void a_record_approved_meanwhile_turns_to_reading_or_offers_a_new_draft()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        store.change({{"status", 0}});
+        bench.client.deliver();
+        QVERIFY2(bench.notice().startsWith(QStringLiteral("Запись утверждена: ") + Colleague), qPrintable(bench.notice()));
+        QVERIFY(!bench.filler()->isEnabled());
+        bench.click("cancelButton");
+
+        store.write("LogbookRecords", ROW_INSERT, "REC_TEXT2",
+                    {{"ShiftKey", "SHIFT_CDS_OPEN"}, {"WorkerKey", "WORKER_PETROV"}, {"recordTime", TestStore::now()},
+                     {"eventTime", TestStore::now()}, {"html", text("старое")}, {"status", 1}, {"direction", 0}});
+        bench.loadRecords();
+        bench.edit("REC_TEXT2");
+        bench.set("text", QStringLiteral("моё"));
+        store.write("LogbookRecords", ROW_UPDATE, "REC_TEXT2", {{"status", 0}});
+        bench.client.deliver();
+        bench.click("saveAsNewButton");
+        QCOMPARE(store.field("html", "REC_TEXT2").toString(), text("старое"));
+        QCOMPARE(store.value(QStringLiteral("SELECT html FROM LogbookRecords ORDER BY rowid DESC LIMIT 1")).toString(),
+                 text("моё"));
+    }
+
+    void a_record_read_only_follows_its_state()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_ORDER");
+        store.write("LogbookRecords", ROW_UPDATE, "REC_ORDER", {{"status", 2}});
+        bench.client.deliver();
+        QCOMPARE(bench.notice(), QStringLiteral("Запись удалена и открыта только для чтения."));
+    }
+
+    void a_refused_edit_keeps_everything_and_says_why()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.set("text", QStringLiteral("моё"));
+        bench.plan->refusedWrites = 1;
+        bench.click("saveButton");
+        QVERIFY(bench.dialog->isVisible());
+        QCOMPARE(bench.failure(), QStringLiteral("Не удалось сохранить запись: %1").arg(FailingStore::refusal()));
+        QCOMPARE(bench.shown("text"), QStringLiteral("моё"));
+        bench.click("saveButton");
+        QCOMPARE(store.field("html").toString(), text("моё"));
+    }
+
+    void an_edit_whose_answer_was_lost_is_saved_when_its_event_comes()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.set("text", QStringLiteral("моё"));
+        bench.plan->lostAnswers = 2;
+        bench.click("saveButton");
+        QVERIFY(bench.dialog->isVisible());
+        QTRY_VERIFY((bench.client.deliver(), !bench.dialog->isVisible()));
+        QCOMPARE(store.field("html").toString(), text("моё"));
+    }
+
+private:
+    QTemporaryDir m_settings;
+};
+
+QTEST_MAIN(RecordCreatorDialogEdit_test)
+#include "RecordCreatorDialogEdit_test.moc"

@@ -1,0 +1,358 @@
+#include "CreatorBench.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtTest/qtestspontaneevent.h>
+
+namespace
+{
+int recordCount(const TestStore& store)
+{
+    return store.value(QStringLiteral("SELECT count(*) FROM LogbookRecords")).toInt();
+}
+
+QString newestHtml(const TestStore& store)
+{
+    return store.value(QStringLiteral("SELECT html FROM LogbookRecords ORDER BY rowid DESC LIMIT 1")).toString();
+}
+
+void fillOrder(CreatorBench& bench, const QString& text = QStringLiteral("В-110"))
+{
+    bench.choose("TPL_ORDER", {{"substation", QStringLiteral("ПС Заречная")}, {"text", text}});
+}
+
+void closeByFrame(QWidget* window)
+{
+    QCloseEvent event;
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QCoreApplication::sendEvent(window, &event);
+    if (event.isAccepted() && window->isVisible())
+        window->hide();
+}
+} // namespace
+
+/// Unsaved text: questions, failures, retries, closing over the user's head.
+class RecordCreatorDialogUnsaved_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("test"));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+    }
+
+    void without_unsaved_text_every_way_out_is_free()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        bench.choose("TPL_ORDER"); // chosen, not filled in
+        bench.click("cancelButton");
+        QVERIFY(!bench.dialog->isVisible());
+        bench.create();
+        QTest::keyClick(bench.dialog, Qt::Key_Escape);
+        QVERIFY(!bench.dialog->isVisible());
+        bench.create();
+        closeByFrame(bench.dialog);
+        QVERIFY(!bench.dialog->isVisible());
+        bench.create();
+        QCOMPARE(bench.notice(), QString());
+    }
+
+    void cancel_escape_and_frame_ask_before_text_is_dropped()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        fillOrder(bench);
+        bench.click("cancelButton");
+        QCOMPARE(bench.question(), QStringLiteral("Текст не сохранён. Сохранить его?"));
+        QVERIFY(bench.button("saveTextButton")->hasFocus());
+        bench.click("stayButton");
+        QVERIFY(bench.dialog->isVisible());
+        QCOMPARE(bench.question(), QString());
+        QCOMPARE(bench.shown("text"), QStringLiteral("В-110"));
+
+        QTest::keyClick(bench.dialog, Qt::Key_Escape);
+        QVERIFY(!bench.question().isEmpty());
+        QTest::keyClick(bench.dialog, Qt::Key_Escape); // answers "stay"
+        QVERIFY(bench.dialog->isVisible());
+        QCOMPARE(bench.question(), QString());
+
+        closeByFrame(bench.dialog);
+        QVERIFY(bench.dialog->isVisible());
+        QVERIFY(!bench.question().isEmpty());
+        bench.click("dropTextButton");
+        QVERIFY(!bench.dialog->isVisible());
+        QCOMPARE(bench.plan->writes, 0);
+        bench.create();
+        QCOMPARE(bench.notice(), QString()); // what was dropped is not offered
+        bench.choose("TPL_ORDER");
+        QVERIFY(bench.shown("text") != QStringLiteral("В-110"));
+    }
+
+    void the_question_can_save()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        const int before = recordCount(store);
+        bench.create();
+        fillOrder(bench);
+        bench.click("cancelButton");
+        QTest::keyClick(bench.button("saveTextButton"), Qt::Key_Return);
+        QVERIFY(!bench.dialog->isVisible());
+        QCOMPARE(recordCount(store), before + 1);
+    }
+
+    void text_that_is_not_complete_can_only_be_dropped_or_gone_on_with()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        bench.choose("TPL_ORDER", {{"text", QStringLiteral("В-110")}});
+        bench.click("cancelButton");
+        QCOMPARE(bench.question(), QStringLiteral("Текст не сохранён и заполнен не полностью."));
+        QVERIFY(!bench.button("saveTextButton"));
+        QVERIFY(bench.button("dropTextButton")->hasFocus());
+    }
+
+    void a_failed_write_keeps_everything_and_says_why()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        const int before = recordCount(store);
+        bench.create();
+        fillOrder(bench);
+        bench.click("fromButton");
+        bench.plan->refusedWrites = 2;
+        for (int attempt = 0; attempt < 2; ++attempt) {
+            bench.click("saveButton");
+            QVERIFY(bench.dialog->isVisible());
+            QCOMPARE(bench.failure(), QStringLiteral("Не удалось сохранить запись: %1").arg(FailingStore::refusal()));
+            QCOMPARE(bench.shown("text"), QStringLiteral("В-110"));
+            QVERIFY(bench.button("fromButton")->isChecked());
+        }
+        bench.click("saveButton");
+        QVERIFY(!bench.dialog->isVisible());
+        QCOMPARE(recordCount(store), before + 1);
+    }
+
+    void a_rule_of_the_journal_is_told_in_its_own_words()
+    {
+        TestStore store;
+        CreatorBench bench(store, QStringLiteral("sidorova")); // not in the shift
+        bench.create();
+        bench.choose("TPL_TEXT");
+        bench.click("saveButton");
+        QVERIFY(bench.dialog->isVisible());
+        QVERIFY(bench.failure().startsWith(QStringLiteral("Не удалось сохранить запись: ")));
+        QVERIFY(bench.failure().size() > 40);
+    }
+
+    void after_a_lost_answer_a_retry_writes_no_second_row()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        const int before = recordCount(store);
+        bench.create();
+        fillOrder(bench);
+        bench.plan->lostAnswers = 2; // the session sends once more by itself
+        bench.click("saveButton");
+        QVERIFY(bench.dialog->isVisible());
+        QVERIFY(!bench.failure().isEmpty());
+        QCOMPARE(recordCount(store), before + 1);
+        bench.plan->lostAnswers = 0;
+        QTRY_VERIFY(bench.client.session().isConnected());
+        if (bench.dialog->isVisible()) // unless its event was quicker
+            bench.click("saveButton");
+        QVERIFY(!bench.dialog->isVisible());
+        QCOMPARE(recordCount(store), before + 1);
+    }
+
+    void after_a_lost_answer_the_own_event_means_saved()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        bench.find<QCheckBox>("keepOpenCheck")->setChecked(true);
+        fillOrder(bench);
+        bench.plan->lostAnswers = 2;
+        bench.click("saveButton");
+        QVERIFY(!bench.failure().isEmpty());
+        QTRY_VERIFY((bench.client.deliver(), bench.failure().isEmpty()));
+        QVERIFY(bench.notice().startsWith(QStringLiteral("Запись сохранена в ")));
+        QVERIFY(bench.filler()->filledTemplate(true).isEmpty());
+    }
+
+    void text_changed_after_a_lost_answer_becomes_an_edit_of_that_row()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        const int before = recordCount(store);
+        bench.create();
+        fillOrder(bench);
+        bench.plan->lostAnswers = 2;
+        bench.click("saveButton");
+        bench.set("text", QStringLiteral("В-220"));
+        QTRY_VERIFY((bench.client.deliver(), !bench.notice().isEmpty()));
+        QCOMPARE(bench.notice(),
+                 QStringLiteral("Запись уже сохранена. То, что вы изменили после этого, сохранится кнопкой."));
+        QVERIFY(bench.dialog->isVisible());
+        bench.click("saveButton");
+        QVERIFY(!bench.dialog->isVisible());
+        QCOMPARE(recordCount(store), before + 1);
+        QVERIFY(newestHtml(store).contains(QStringLiteral("В-220")));
+    }
+
+    void closed_by_the_program_it_asks_nothing_and_offers_the_text_at_the_next_opening()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        fillOrder(bench);
+        bench.click("toButton");
+        bench.counterpart()->setWorkerKey("WORKER_PETROV");
+        const QDateTime event = bench.eventTime()->dateTime().addSecs(-300);
+        bench.eventTime()->setDateTime(event);
+        bench.dialog->close();
+        QVERIFY(!bench.dialog->isVisible());
+        QCOMPARE(bench.plan->writes, 0);
+
+        bench.create();
+        QCOMPARE(bench.notice(), QStringLiteral("Восстановлен несохранённый текст"));
+        QCOMPARE(bench.shown("text"), QStringLiteral("В-110"));
+        QCOMPARE(bench.templates()->currentTemplateKey(), QStringLiteral("TPL_ORDER"));
+        QCOMPARE(bench.eventTime()->dateTime(), event);
+        QVERIFY(bench.button("toButton")->isChecked());
+        QCOMPARE(bench.counterpart()->workerKey(), QByteArray("WORKER_PETROV"));
+        bench.click("saveButton");
+        QVERIFY(newestHtml(store).contains(QStringLiteral("В-110")));
+        bench.create();
+        QCOMPARE(bench.notice(), QString());
+    }
+
+    void restored_text_can_be_dropped()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        fillOrder(bench);
+        bench.dialog->close();
+        bench.create();
+        bench.click("dropRestoredButton");
+        QCOMPARE(bench.notice(), QString());
+        QVERIFY(bench.filler()->filledTemplate(true).isEmpty());
+        bench.click("cancelButton");
+        QVERIFY(!bench.dialog->isVisible());
+        bench.create();
+        QCOMPARE(bench.notice(), QString());
+    }
+
+    void text_that_is_not_complete_is_restored_too_even_without_its_template()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        bench.choose("TPL_ORDER", {{"text", QStringLiteral("В-110")}});
+        bench.dialog->close();
+        const std::unique_ptr<Store> loader = store.openLoader();
+        QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_DELETE, "TPL_ORDER"));
+        bench.client.deliver();
+        bench.create();
+        QCOMPARE(bench.shown("text"), QStringLiteral("В-110"));
+        QCOMPARE(bench.holdText(), QStringLiteral("Не заполнено: Подстанция"));
+        bench.set("substation", QStringLiteral("ПС Луговая"));
+        bench.click("saveButton");
+        QVERIFY(newestHtml(store).contains(QStringLiteral("ПС Луговая")));
+    }
+
+    void an_unsaved_edit_is_restored_into_its_record()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.edit("REC_DRAFT_IVANOV");
+        bench.click("toButton");
+        bench.dialog->close();
+        bench.edit("REC_DRAFT_PETROV"); // another record is not touched by it
+        QCOMPARE(bench.notice(), QString());
+        QVERIFY(bench.button("noDirectionButton")->isChecked());
+        bench.click("cancelButton");
+        bench.edit("REC_DRAFT_IVANOV");
+        QCOMPARE(bench.notice(), QStringLiteral("Восстановлен несохранённый текст"));
+        QVERIFY(bench.button("toButton")->isChecked());
+        bench.click("dropRestoredButton");
+        QVERIFY(bench.button("noDirectionButton")->isChecked());
+    }
+
+    void an_unsaved_edit_becomes_a_new_draft_when_a_record_is_created_next()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        const int before = recordCount(store);
+        bench.edit("REC_DRAFT_IVANOV");
+        bench.click("toButton");
+        bench.dialog->close();
+        bench.create();
+        QCOMPARE(bench.notice(), QStringLiteral("Восстановлен несохранённый текст"));
+        bench.click("saveButton");
+        QCOMPARE(recordCount(store), before + 1);
+        QVERIFY(newestHtml(store).contains(QStringLiteral("осмотр оборудования")));
+    }
+
+    void kept_text_whose_row_was_written_after_all_is_not_offered()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        fillOrder(bench);
+        bench.plan->lostAnswers = 2;
+        bench.click("saveButton");
+        bench.dialog->close();
+        QTRY_VERIFY((bench.client.deliver(), !bench.module.events.isEmpty()));
+        bench.create();
+        QCOMPARE(bench.notice(), QString());
+    }
+
+    void another_record_waits_for_the_answer_about_unsaved_text()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        fillOrder(bench);
+        bench.edit("REC_DRAFT_IVANOV");
+        QCOMPARE(bench.question(), QStringLiteral("Текст не сохранён. Сохранить его?"));
+        QCOMPARE(bench.dialog->windowTitle(), QStringLiteral("Новая запись"));
+        bench.click("stayButton");
+        QCOMPARE(bench.shown("text"), QStringLiteral("В-110"));
+
+        bench.edit("REC_DRAFT_IVANOV");
+        bench.click("saveTextButton");
+        QVERIFY(newestHtml(store).contains(QStringLiteral("В-110")));
+        QVERIFY(bench.dialog->isVisible());
+        QCOMPARE(bench.dialog->windowTitle(), QStringLiteral("Правка записи"));
+        bench.create(); // nothing unsaved: at once
+        QCOMPARE(bench.dialog->windowTitle(), QStringLiteral("Новая запись"));
+    }
+
+    void asking_for_the_same_thing_again_changes_nothing()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        fillOrder(bench);
+        bench.create();
+        QCOMPARE(bench.question(), QString());
+        QCOMPARE(bench.shown("text"), QStringLiteral("В-110"));
+    }
+
+private:
+    QTemporaryDir m_settings;
+};
+
+QTEST_MAIN(RecordCreatorDialogUnsaved_test)
+#include "RecordCreatorDialogUnsaved_test.moc"
