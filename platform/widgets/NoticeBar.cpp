@@ -49,6 +49,7 @@ void NoticeBar::tell(Kind kind, const QString& text, const QVector<Choice>& choi
     setAccessibleName(text);
     for (QWidget* button : qAsConst(m_buttons)) {
         button->hide();
+        button->setObjectName(QString());
         button->deleteLater(); // the bar may be told anew by the press of one of them
     }
     m_buttons.clear();

@@ -71,6 +71,7 @@ void RecordCreatorDialog::init(CVrkCliMod* module)
     m_module = module;
     m_form->templatesWidget->setTextCodec(module->session()->codec());
     m_form->templateFiller->setModule(module);
+    m_form->counterpartEdit->setModule(module);
 }
 
 void RecordCreatorDialog::setRecordsTable(CModelTable* table)
@@ -109,10 +110,9 @@ void RecordCreatorDialog::chooseCounterpart()
         m_orgStruct = new OrgStructDialog(this, -1);
         m_orgStruct->widget()->init(m_module);
         m_orgStruct->widget()->setSelectionType(OrgStruct::Person);
-        connect(m_orgStruct, &OrgStructDialog::itemSelected, this,
-                [this](const OrgStruct::SelectedItem& item) {
-                    m_form->counterpartEdit->setWorkerKey(item.worker.keyLink.toUtf8());
-                });
+        connect(
+            m_orgStruct, &OrgStructDialog::itemSelected, this,
+            [this](const OrgStruct::SelectedItem& item) { showCounterpart(item.worker.keyLink.toUtf8()); });
     }
     OrgStruct::Worker chosen;
     chosen.keyLink = QString::fromUtf8(m_form->counterpartEdit->workerKey());
@@ -217,7 +217,7 @@ void RecordCreatorDialog::answer(int answer)
         save();
         break;
     case DropText:
-        m_form->templateFiller->valuesWritten();
+        m_form->templateFiller->forgetValues();
         leave();
         break;
     case Stay:
@@ -267,6 +267,7 @@ void RecordCreatorDialog::hideEvent(QHideEvent* event)
 {
     if (!event->spontaneous()) {
         keepUnsaved();
+        m_mode = Mode::Nothing;
         saveLayout();
         if (m_orgStruct)
             m_orgStruct->close();

@@ -98,6 +98,7 @@ private:
     void chooseTemplate();
     void showDraft(const RecordDraft& draft);
     void showFields(const RecordDraft& draft);
+    void showCounterpart(const QByteArray& key);
     void showMarker();
     void tellReadOnly();
     CModelTable* table(const char* name) const;
@@ -151,6 +152,7 @@ private:
     RecordDraft m_before;     ///< what the record held when it was opened, or last by others
     QString m_cleanText;      ///< filled text before the user touched it
     QString m_autoTime;       ///< what prefilling wrote into the time parameter
+    bool m_restored = false;  ///< the window shows text that was kept
     bool m_lostUnsaved = false; ///< there was unsaved text when the record was lost
     bool m_conflict = false;    ///< others changed the record under unsaved text
     bool m_filling = false;     ///< the window changes its own fields

@@ -171,7 +171,7 @@ void RecordCreatorDialog::takeUntouched(const RecordDraft& theirs)
 void RecordCreatorDialog::takeTheirs()
 {
     m_conflict = false;
-    m_form->templateFiller->valuesWritten();
+    m_form->templateFiller->forgetValues();
     m_form->noticeBar->hide();
     showDraft(m_before);
 }

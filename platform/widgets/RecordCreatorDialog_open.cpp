@@ -5,7 +5,7 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "GenGuid32.h"
-#include "HtmlParser.h"
+#include "HfnWrapper.h"
 #include "MDRValues.h"
 #include "RecordCreatorKept.h"
 #include "ui_RecordCreatorDialog.h"
@@ -86,7 +86,6 @@ void RecordCreatorDialog::loadTables()
     templates->setTemplatesTable(table(TemplatesTable));
     templates->setDepartmentsTable(table("Departments"));
     templates->setOrgTypesTable(table("OrgTypes"));
-    m_form->counterpartEdit->setWorkers(m_module->session()->codec(), table("Workers"), table("Departments"));
 }
 
 CModelTable* RecordCreatorDialog::table(const char* name) const
@@ -101,6 +100,7 @@ void RecordCreatorDialog::openNew()
     m_key = GenGuid32();
     m_attempted = false;
     m_conflict = false;
+    m_restored = false;
     m_before = RecordDraft();
     m_before.eventTime = DateTime_To_HfnTime(m_module->session()->HfnTimeToSesTime());
     {
@@ -119,6 +119,7 @@ void RecordCreatorDialog::openRecord(const QByteArray& key)
     m_key = key;
     m_attempted = false;
     m_conflict = false;
+    m_restored = false;
     m_before = RecordDraft();
     const MDRData* record = recordWithKey(m_records, key);
     if (record)
@@ -158,10 +159,17 @@ void RecordCreatorDialog::showFields(const RecordDraft& draft)
 {
     QScopedValueRollback<bool> filling(m_filling, true);
     m_form->eventTimeEdit->setDateTime(HfnTime_to_DateTime(draft.eventTime, -1));
-    m_form->counterpartEdit->setWorkerKey(draft.receiverKey);
+    showCounterpart(draft.receiverKey);
     if (QAbstractButton* button = m_form->directionGroup->button(draft.direction))
         button->setChecked(true);
     updateControls();
+}
+
+void RecordCreatorDialog::showCounterpart(const QByteArray& key)
+{
+    m_form->counterpartEdit->setWorker(
+        key,
+        HfnWrapper::workerFullName(m_module->session()->codec(), table("Workers"), QString::fromUtf8(key)));
 }
 
 void RecordCreatorDialog::chooseTemplate()
@@ -171,6 +179,15 @@ void RecordCreatorDialog::chooseTemplate()
     const MDRData* chosen = m_form->templatesWidget->currentTemplate();
     if (!chosen && isDirty())
         return; // the template was deleted meanwhile: what is typed stays, the record carries its own text
+    if (m_restored && isDirty()) {
+        // The filler keeps what was typed for a template, but not what was restored: that waits for the next opening.
+        keepUnsaved();
+        m_key = GenGuid32();
+        m_attempted = false;
+    }
+    if (m_restored)
+        m_form->noticeBar->hide();
+    m_restored = false;
     MDRVar html;
     if (chosen)
         MDRGetVal(MDRFldByName(MDARecArr(chosen), "html"), chosen, &html);
@@ -229,10 +246,8 @@ bool RecordCreatorDialog::isDirty() const
 
 void RecordCreatorDialog::keepUnsaved()
 {
-    if (!isDirty()) {
-        m_mode = Mode::Nothing;
+    if (!isDirty())
         return;
-    }
     m_kept = std::make_unique<Kept>();
     m_kept->create = m_mode != Mode::Edit;
     m_kept->key = m_mode == Mode::Orphaned ? GenGuid32() : m_key;
@@ -240,8 +255,7 @@ void RecordCreatorDialog::keepUnsaved()
     m_kept->attempted = m_attempted;
     m_kept->sent = m_sent;
     m_kept->draft = draft();
-    m_form->templateFiller->valuesWritten();
-    m_mode = Mode::Nothing;
+    m_form->templateFiller->forgetValues();
 }
 
 void RecordCreatorDialog::restoreKept()
@@ -254,6 +268,7 @@ void RecordCreatorDialog::restoreKept()
         QScopedValueRollback<bool> filling(m_filling, true);
         m_form->templatesWidget->selectTemplate(kept->templateKey);
     }
+    m_restored = true;
     const QString clean = m_cleanText;
     showDraft(kept->draft);
     m_cleanText = clean;
@@ -263,7 +278,7 @@ void RecordCreatorDialog::restoreKept()
 
 void RecordCreatorDialog::dropRestored()
 {
-    m_form->templateFiller->valuesWritten();
+    m_form->templateFiller->forgetValues();
     m_form->noticeBar->hide();
     if (m_mode == Mode::Edit)
         openRecord(m_key);

@@ -1,17 +1,18 @@
 #pragma once
 
 #include <QByteArray>
+#include <QPointer>
 #include <QWidget>
 
-class CModelTable;
+class CVrkCliMod;
 class QLineEdit;
-class QStandardItemModel;
-class QTextCodec;
 class QToolButton;
-class WorkerFilter;
+class ReferenceData;
+class SuggestionModel;
+class SuggestionPopup;
 
 /// A line in which a worker is chosen by typing parts of his name or department, with a button for the tree of the
-/// organization. Enter takes the first of the names offered.
+/// organization. Text that names nobody is not taken: isResolved() says so.
 class WorkerEdit : public QWidget
 {
     Q_OBJECT
@@ -19,34 +20,35 @@ class WorkerEdit : public QWidget
 public:
     explicit WorkerEdit(QWidget* parent = nullptr);
 
-    /// Offers the workers who are not deleted. The tables belong to the caller; the names are copied.
-    void setWorkers(const QTextCodec* codec, CModelTable* workers, CModelTable* departments);
-    /// Shows this worker, a deleted one included; an empty key empties the line.
-    void setWorkerKey(const QByteArray& key);
+    /// The module gives the workers on offer; deleted ones are none of them.
+    void setModule(CVrkCliMod* module);
+    /// Shows a worker under this name, whether he is on offer or not; an empty key empties the line.
+    void setWorker(const QByteArray& key, const QString& name);
     QByteArray workerKey() const { return m_key; }
     /// False while the text names nobody.
     bool isResolved() const;
-    void setReadOnly(bool readOnly);
 
 signals:
     /// The worker or the text has changed.
     void changed();
-    /// The button was pressed: the owner shows the tree and answers with setWorkerKey().
+    /// The button was pressed: the owner shows the tree and answers with setWorker().
     void treeRequested();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QString shownName(const QByteArray& key) const;
-    void offer(const QString& text);
-    /// Takes the worker that the text leads to: the first one offered, or, \a onlyOne, the only one.
-    void resolve(bool onlyOne);
-    void setKey(const QByteArray& key);
+    void loadItems();
+    void suggest(const QString& query);
+    void take(int row);
+    /// The text may name a worker in full without having been taken from the list.
+    void takeTyped();
 
     QLineEdit* m_line;
     QToolButton* m_treeButton;
-    QStandardItemModel* m_names;
-    WorkerFilter* m_filter;
+    SuggestionModel* m_model;
+    SuggestionPopup* m_popup;
+    QPointer<ReferenceData> m_reference;
+    bool m_loaded = false;
     QByteArray m_key;
 };

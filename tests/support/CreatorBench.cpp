@@ -102,7 +102,8 @@ QString CreatorBench::bar(const char* name)
     return bar->isVisible() ? bar->text() : QString();
 }
 
-void CreatorBench::choose(const char* templateKey, std::initializer_list<std::pair<const char*, QString>> values)
+void CreatorBench::choose(const char* templateKey,
+                          std::initializer_list<std::pair<const char*, QString>> values)
 {
     QVERIFY(templates()->selectTemplate(QLatin1String(templateKey)));
     for (const auto& [name, text] : values)

@@ -3,10 +3,10 @@
 #include "CModelTable.h"
 #include "FailingStore.h"
 #include "RecordCreatorDialog.h"
-#include "TEventNciParse.h"
 #include "TemplateFiller.h"
 #include "TemplatesWidget.h"
 #include "TestClient.h"
+#include "TEventNciParse.h"
 #include "WorkerEdit.h"
 
 #include <QAbstractButton>

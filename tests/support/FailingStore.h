@@ -8,10 +8,10 @@ class FailingStore : public Store
 public:
     /// What the test and the store, which belongs to the session, share.
     struct Plan {
-        int refusedWrites = 0;  ///< of the next writes so many are refused, and nothing is written
-        int lostAnswers = 0;    ///< of the next writes so many are written, but the answer is lost
-        int failedSelects = 0;  ///< of the next selects so many fail
-        int writes = 0;         ///< writes asked for so far
+        int refusedWrites = 0; ///< of the next writes so many are refused, and nothing is written
+        int lostAnswers = 0;   ///< of the next writes so many are written, but the answer is lost
+        int failedSelects = 0; ///< of the next selects so many fail
+        int writes = 0;        ///< writes asked for so far
     };
 
     FailingStore(std::unique_ptr<Store> store, std::shared_ptr<Plan> plan)

@@ -7,10 +7,11 @@
 
 namespace
 {
-QString text(const char* value)
+QString message(const char* value)
 {
     return QString::fromStdString(
-        "Сообщено: " + HtmlParser::createParameter({{"name", "text"}, {"locname", "Содержание"}}, value) + ".");
+        "Сообщено: " + HtmlParser::createParameter({{"name", "text"}, {"locname", "Содержание"}}, value) +
+        ".");
 }
 
 /// A store with a draft REC_TEXT of WORKER_PETROV whose one parameter reads "старое".
@@ -24,7 +25,7 @@ public:
                {"WorkerKey", "WORKER_PETROV"},
                {"recordTime", now() - 900},
                {"eventTime", now() - 1000},
-               {"html", text("старое")},
+               {"html", message("старое")},
                {"status", 1},
                {"direction", 0}});
     }
@@ -42,7 +43,10 @@ public:
                          .arg(QLatin1String(name), QLatin1String(key)));
     }
     int records() const { return value(QStringLiteral("SELECT count(*) FROM LogbookRecords")).toInt(); }
-    int transactions() const { return value(QStringLiteral("SELECT count(*) FROM ChangeTransactions")).toInt(); }
+    int transactions() const
+    {
+        return value(QStringLiteral("SELECT count(*) FROM ChangeTransactions")).toInt();
+    }
 };
 
 const QString Colleague = QStringLiteral("Петров Пётр Петрович, ");
@@ -74,7 +78,7 @@ private slots:
         QVERIFY(!bench.dialog->isVisible());
         bench.client.deliver();
         QCOMPARE(bench.module.takeEvents(), QStringList{QStringLiteral("602 LogbookRecords REC_TEXT")});
-        QCOMPARE(store.field("html").toString(), text("новое"));
+        QCOMPARE(store.field("html").toString(), message("новое"));
         QCOMPARE(store.field("WorkerKey").toString(), QStringLiteral("WORKER_PETROV")); // another's draft
         QCOMPARE(store.field("recordTime"), recordTime);
         QCOMPARE(store.field("status").toInt(), 1);
@@ -84,28 +88,27 @@ private slots:
     {
         Journal store;
         CreatorBench bench(store);
-        const auto saveMarked = [&](const char* key) {
+        const auto saveMarked = [&] {
             bench.client.deliver();
             bench.module.takeEvents();
-            bench.loadRecords();
             bench.click("saveButton");
             bench.client.deliver();
-            Q_UNUSED(key)
+            bench.loadRecords();
             return bench.module.events.size() == 1 ? bench.module.events.first().marked : QStringList();
         };
         bench.edit("REC_TEXT");
         bench.click("toButton");
-        QCOMPARE(saveMarked("direction"), QStringList{QStringLiteral("direction")});
+        QCOMPARE(saveMarked(), QStringList{QStringLiteral("direction")});
         bench.edit("REC_TEXT");
-        bench.counterpart()->setWorkerKey("WORKER_SIDOROVA");
-        QCOMPARE(saveMarked("receiver"), QStringList{QStringLiteral("ReceiverWorkerKey")});
+        bench.counterpart()->setWorker("WORKER_SIDOROVA", QStringLiteral("Сидорова"));
+        QCOMPARE(saveMarked(), QStringList{QStringLiteral("ReceiverWorkerKey")});
         bench.edit("REC_TEXT");
-        bench.counterpart()->setWorkerKey(QByteArray());
-        QCOMPARE(saveMarked("receiver"), QStringList{QStringLiteral("ReceiverWorkerKey")});
+        bench.counterpart()->setWorker(QByteArray(), QString());
+        QCOMPARE(saveMarked(), QStringList{QStringLiteral("ReceiverWorkerKey")});
         QVERIFY(store.field("ReceiverWorkerKey").isNull());
         bench.edit("REC_TEXT");
         bench.eventTime()->setDateTime(bench.eventTime()->dateTime().addSecs(-60));
-        QCOMPARE(saveMarked("time"), QStringList{QStringLiteral("eventTime")});
+        QCOMPARE(saveMarked(), QStringList{QStringLiteral("eventTime")});
     }
 
     void nothing_changed_writes_nothing()
@@ -127,7 +130,8 @@ private slots:
         Journal store;
         HtmlParser html("Допуск");
         html.setTemplateProperty("first_mark", ":/markers/worker_red.png");
-        store.change({{"html", QString::fromStdString(html.readyHtml(true))}, {"firstMarkTime", TestStore::now() - 1000}});
+        store.change({{"html", QString::fromStdString(html.readyHtml(true))},
+                      {"firstMarkTime", TestStore::now() - 1000}});
         CreatorBench bench(store);
         bench.edit("REC_TEXT");
         bench.eventTime()->setDateTime(bench.eventTime()->dateTime().addSecs(-60));
@@ -140,7 +144,8 @@ private slots:
         Journal store;
         HtmlParser html("Допуск");
         html.setTemplateProperty("first_mark", ":/markers/worker_red.png");
-        store.change({{"html", QString::fromStdString(html.readyHtml(true))}, {"firstMarkTime", TestStore::now() - 500}});
+        store.change({{"html", QString::fromStdString(html.readyHtml(true))},
+                      {"firstMarkTime", TestStore::now() - 500}});
         CreatorBench bench(store);
         bench.edit("REC_TEXT");
         bench.eventTime()->setDateTime(bench.eventTime()->dateTime().addSecs(-60));
@@ -204,7 +209,7 @@ private slots:
         bench.set("text", QStringLiteral("новое"));
         MDAClearRec(bench.records.data.array); // the tab loads another shift
         bench.click("saveButton");
-        QCOMPARE(store.field("html").toString(), text("новое"));
+        QCOMPARE(store.field("html").toString(), message("новое"));
     }
 
     void a_change_by_a_colleague_is_shown_when_nothing_is_unsaved()
@@ -212,12 +217,13 @@ private slots:
         Journal store;
         CreatorBench bench(store);
         bench.edit("REC_TEXT");
-        store.change({{"html", text("от коллеги")}, {"direction", 2}});
+        store.change({{"html", message("от коллеги")}, {"direction", 2}});
         bench.client.deliver();
         QCOMPARE(bench.shown("text"), QStringLiteral("от коллеги"));
         QVERIFY(bench.button("toButton")->isChecked());
         QVERIFY2(bench.notice().startsWith(Colleague), qPrintable(bench.notice()));
-        QVERIFY2(bench.notice().endsWith(QStringLiteral(": изменено (текст, направление).")), qPrintable(bench.notice()));
+        QVERIFY2(bench.notice().endsWith(QStringLiteral(": изменено (текст, направление).")),
+                 qPrintable(bench.notice()));
         bench.click("cancelButton");
         QVERIFY(!bench.dialog->isVisible());
     }
@@ -238,7 +244,7 @@ private slots:
         CreatorBench bench(store);
         bench.edit("REC_TEXT");
         bench.set("text", QStringLiteral("моё"));
-        store.change({{"html", text("от коллеги")}, {"direction", 2}});
+        store.change({{"html", message("от коллеги")}, {"direction", 2}});
         bench.client.deliver();
         QCOMPARE(bench.shown("text"), QStringLiteral("моё"));
         QVERIFY(bench.button("toButton")->isChecked()); // not touched here
@@ -246,9 +252,9 @@ private slots:
         QVERIFY(bench.notice().contains(QStringLiteral("Ваш текст остался в окне")));
         bench.click("saveButton");
         QCOMPARE(bench.question(), QStringLiteral("Запись тем временем изменили. Какой вариант оставить?"));
-        QCOMPARE(store.field("html").toString(), text("от коллеги"));
+        QCOMPARE(store.field("html").toString(), message("от коллеги"));
         bench.click("keepMineButton");
-        QCOMPARE(store.field("html").toString(), text("моё"));
+        QCOMPARE(store.field("html").toString(), message("моё"));
         QCOMPARE(store.field("direction").toInt(), 2);
         QVERIFY(!bench.dialog->isVisible());
     }
@@ -259,7 +265,7 @@ private slots:
         CreatorBench bench(store);
         bench.edit("REC_TEXT");
         bench.set("text", QStringLiteral("моё"));
-        store.change({{"html", text("от коллеги")}});
+        store.change({{"html", message("от коллеги")}});
         bench.client.deliver();
         bench.click("saveButton");
         bench.click("takeTheirsButton");
@@ -275,7 +281,7 @@ private slots:
         CreatorBench bench(store);
         bench.edit("REC_TEXT");
         bench.set("text", QStringLiteral("моё"));
-        store.change({{"html", text("от коллеги")}});
+        store.change({{"html", message("от коллеги")}});
         bench.client.deliver();
         bench.click("saveButton");
         bench.click("stayButton");
@@ -291,7 +297,7 @@ private slots:
         CreatorBench bench(store);
         bench.edit("REC_TEXT");
         bench.set("text", QStringLiteral("одно и то же"));
-        store.change({{"html", text("одно и то же")}});
+        store.change({{"html", message("одно и то же")}});
         bench.client.deliver();
         QCOMPARE(bench.notice(), QString());
         bench.click("saveButton");
@@ -308,15 +314,17 @@ private slots:
         store.write("LogbookRecords", ROW_DELETE, "REC_TEXT");
         const int left = store.records();
         bench.client.deliver();
-        QVERIFY2(bench.notice().startsWith(QStringLiteral("Запись удалена: ") + Colleague), qPrintable(bench.notice()));
+        QVERIFY2(bench.notice().startsWith(QStringLiteral("Запись удалена: ") + Colleague),
+                 qPrintable(bench.notice()));
         QCOMPARE(bench.holdText(), QStringLiteral("Эту запись изменить больше нельзя"));
         QVERIFY(!bench.button("saveButton")->isEnabled());
         bench.click("saveAsNewButton");
         QVERIFY(!bench.dialog->isVisible());
         QCOMPARE(store.records(), left + 1);
         const QString newest = QStringLiteral("SELECT %1 FROM LogbookRecords ORDER BY rowid DESC LIMIT 1");
-        QCOMPARE(store.value(newest.arg(QStringLiteral("html"))).toString(), text("моё"));
-        QCOMPARE(store.value(newest.arg(QStringLiteral("WorkerKey"))).toString(), QStringLiteral("WORKER_IVANOV"));
+        QCOMPARE(store.value(newest.arg(QStringLiteral("html"))).toString(), message("моё"));
+        QCOMPARE(store.value(newest.arg(QStringLiteral("WorkerKey"))).toString(),
+                 QStringLiteral("WORKER_IVANOV"));
         QVERIFY(store.value(newest.arg(QStringLiteral("KeyLink"))).toString() != QStringLiteral("REC_TEXT"));
     }
 
@@ -353,22 +361,29 @@ private slots:
         bench.edit("REC_TEXT");
         store.change({{"status", 0}});
         bench.client.deliver();
-        QVERIFY2(bench.notice().startsWith(QStringLiteral("Запись утверждена: ") + Colleague), qPrintable(bench.notice()));
+        QVERIFY2(bench.notice().startsWith(QStringLiteral("Запись утверждена: ") + Colleague),
+                 qPrintable(bench.notice()));
         QVERIFY(!bench.filler()->isEnabled());
         bench.click("cancelButton");
 
         store.write("LogbookRecords", ROW_INSERT, "REC_TEXT2",
-                    {{"ShiftKey", "SHIFT_CDS_OPEN"}, {"WorkerKey", "WORKER_PETROV"}, {"recordTime", TestStore::now()},
-                     {"eventTime", TestStore::now()}, {"html", text("старое")}, {"status", 1}, {"direction", 0}});
+                    {{"ShiftKey", "SHIFT_CDS_OPEN"},
+                     {"WorkerKey", "WORKER_PETROV"},
+                     {"recordTime", TestStore::now()},
+                     {"eventTime", TestStore::now()},
+                     {"html", message("старое")},
+                     {"status", 1},
+                     {"direction", 0}});
         bench.loadRecords();
         bench.edit("REC_TEXT2");
         bench.set("text", QStringLiteral("моё"));
         store.write("LogbookRecords", ROW_UPDATE, "REC_TEXT2", {{"status", 0}});
         bench.client.deliver();
         bench.click("saveAsNewButton");
-        QCOMPARE(store.field("html", "REC_TEXT2").toString(), text("старое"));
-        QCOMPARE(store.value(QStringLiteral("SELECT html FROM LogbookRecords ORDER BY rowid DESC LIMIT 1")).toString(),
-                 text("моё"));
+        QCOMPARE(store.field("html", "REC_TEXT2").toString(), message("старое"));
+        QCOMPARE(store.value(QStringLiteral("SELECT html FROM LogbookRecords ORDER BY rowid DESC LIMIT 1"))
+                     .toString(),
+                 message("моё"));
     }
 
     void a_record_read_only_follows_its_state()
@@ -390,10 +405,11 @@ private slots:
         bench.plan->refusedWrites = 1;
         bench.click("saveButton");
         QVERIFY(bench.dialog->isVisible());
-        QCOMPARE(bench.failure(), QStringLiteral("Не удалось сохранить запись: %1").arg(FailingStore::refusal()));
+        QCOMPARE(bench.failure(),
+                 QStringLiteral("Не удалось сохранить запись: %1").arg(FailingStore::refusal()));
         QCOMPARE(bench.shown("text"), QStringLiteral("моё"));
         bench.click("saveButton");
-        QCOMPARE(store.field("html").toString(), text("моё"));
+        QCOMPARE(store.field("html").toString(), message("моё"));
     }
 
     void an_edit_whose_answer_was_lost_is_saved_when_its_event_comes()
@@ -406,7 +422,7 @@ private slots:
         bench.click("saveButton");
         QVERIFY(bench.dialog->isVisible());
         QTRY_VERIFY((bench.client.deliver(), !bench.dialog->isVisible()));
-        QCOMPARE(store.field("html").toString(), text("моё"));
+        QCOMPARE(store.field("html").toString(), message("моё"));
     }
 
 private:

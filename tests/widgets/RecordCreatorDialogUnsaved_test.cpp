@@ -16,7 +16,8 @@ int recordCount(const TestStore& store)
 
 QString newestHtml(const TestStore& store)
 {
-    return store.value(QStringLiteral("SELECT html FROM LogbookRecords ORDER BY rowid DESC LIMIT 1")).toString();
+    return store.value(QStringLiteral("SELECT html FROM LogbookRecords ORDER BY rowid DESC LIMIT 1"))
+        .toString();
 }
 
 void fillOrder(CreatorBench& bench, const QString& text = QStringLiteral("В-110"))
@@ -28,7 +29,7 @@ void closeByFrame(QWidget* window)
 {
     QCloseEvent event;
     QSpontaneKeyEvent::setSpontaneous(&event);
-    QCoreApplication::sendEvent(window, &event);
+    qApp->notify(window, &event); // sendEvent would make it a program's own
     if (event.isAccepted() && window->isVisible())
         window->hide();
 }
@@ -133,7 +134,8 @@ private slots:
         for (int attempt = 0; attempt < 2; ++attempt) {
             bench.click("saveButton");
             QVERIFY(bench.dialog->isVisible());
-            QCOMPARE(bench.failure(), QStringLiteral("Не удалось сохранить запись: %1").arg(FailingStore::refusal()));
+            QCOMPARE(bench.failure(),
+                     QStringLiteral("Не удалось сохранить запись: %1").arg(FailingStore::refusal()));
             QCOMPARE(bench.shown("text"), QStringLiteral("В-110"));
             QVERIFY(bench.button("fromButton")->isChecked());
         }
@@ -200,8 +202,9 @@ private slots:
         bench.click("saveButton");
         bench.set("text", QStringLiteral("В-220"));
         QTRY_VERIFY((bench.client.deliver(), !bench.notice().isEmpty()));
-        QCOMPARE(bench.notice(),
-                 QStringLiteral("Запись уже сохранена. То, что вы изменили после этого, сохранится кнопкой."));
+        QCOMPARE(
+            bench.notice(),
+            QStringLiteral("Запись уже сохранена. То, что вы изменили после этого, сохранится кнопкой."));
         QVERIFY(bench.dialog->isVisible());
         bench.click("saveButton");
         QVERIFY(!bench.dialog->isVisible());
@@ -216,7 +219,7 @@ private slots:
         bench.create();
         fillOrder(bench);
         bench.click("toButton");
-        bench.counterpart()->setWorkerKey("WORKER_PETROV");
+        bench.counterpart()->setWorker("WORKER_PETROV", QStringLiteral("Петров"));
         const QDateTime event = bench.eventTime()->dateTime().addSecs(-300);
         bench.eventTime()->setDateTime(event);
         bench.dialog->close();
