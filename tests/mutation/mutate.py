@@ -1,0 +1,163 @@
+#!/usr/bin/env python3
+"""Asks whether the tests would notice: changes one line of the sources at a time, builds the tests of its room, runs
+them, and lists the changes that no test caught.
+
+    tests/mutation/mutate.py --count 20 --seed 1 --build-dir build/dev 'platform/hfn/*.cpp' 'plugin/logbook/*.cpp'
+
+The room of a source is its folder; its tests are those that bear the folder's name as their label. A change that does
+not compile is put aside and another one is drawn. Some survivors change nothing that can be seen (a hint of a size, an
+order that does not matter): each has to be judged, by a test that is missing or by a reason why none can be written.
+"""
+import argparse
+import pathlib
+import random
+import re
+import signal
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+
+# What to look for in a line, and what to put there.
+SWAPS = [
+    (r"==", "!="),
+    (r"!=", "=="),
+    (r"(?<=\s)<=(?=\s)", "<"),
+    (r"(?<=\s)>=(?=\s)", ">"),
+    (r"(?<=\s)<(?=\s)", "<="),
+    (r"(?<=\s)>(?=\s)", ">="),
+    (r"&&", "||"),
+    (r"\|\|", "&&"),
+    (r"(?<=\s)\+(?=\s)", "-"),
+    (r"(?<=\s)-(?=\s)", "+"),
+    (r"(?<=\w|\s|\()\+\+(?=\w|\)|;)", "--"),
+    (r"\btrue\b", "false"),
+    (r"\bfalse\b", "true"),
+    (r"(?<=\s)\+=", "-="),
+    (r"(?<=\s)-=", "+="),
+    (r"\bif \((?!constexpr)(.+)\)(?= \{$|$)", r"if (!(\1))"),
+    (r"(?<=\()!(?=\w)", ""),
+    (r"(?<=return )(?!false|true|-?\d|\{)(\w+ (?:&&|\|\|) .+)(?=;)", r"!(\1)"),
+]
+NUMBER = re.compile(r"(?<![\w.\"'])(\d+)(?=[UL]*\b)(?![\w.]*[\"'xX.])")
+# A statement that can go as a whole: a call or an assignment on a line of its own, no declaration.
+STATEMENT = re.compile(r"^\s+(?:[\w:>.\-\[\]*]+(?:\(.*\)|\s[-+|&^]?=\s.*)|\+\+\S+|delete\s.*|emit\s.*);$")
+NO_STATEMENT = re.compile(r"^\s+(?:return|using|throw|break|continue|case)\b")
+
+
+def masked(line):
+    """The line with the inside of texts and comments blanked, so that nothing is changed there."""
+    line = re.sub(r'"(?:[^"\\]|\\.)*"', lambda m: '"' + "_" * (len(m.group()) - 2) + '"', line)
+    line = re.sub(r"'(?:[^'\\]|\\.)'", lambda m: "'" + "_" * (len(m.group()) - 2) + "'", line)
+    return re.sub(r"//.*", lambda m: " " * len(m.group()), line)
+
+
+def mutations(path):
+    """All changes that can be made to a source: (line number, old line, new line)."""
+    found = []
+    comment = False
+    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines()):
+        if "/*" in line:
+            comment = "*/" not in line
+            continue
+        if comment:
+            comment = "*/" not in line
+            continue
+        if re.match(r"\s*(#|//|static_assert|template|Q_|tr\()", line):
+            continue
+        plain = masked(line)
+        news = []
+        for pattern, replacement in SWAPS:
+            for match in re.finditer(pattern, plain):
+                shown = re.match(pattern, line[match.start():]) if "(.+)" in pattern else None
+                text = (shown or match).expand(replacement)
+                news.append(line[:match.start()] + text + line[match.end():])
+        for match in NUMBER.finditer(plain):
+            news.append(line[:match.start()] + str(int(match.group(1)) + 1) + line[match.end():])
+        if STATEMENT.match(plain.rstrip()) and not NO_STATEMENT.match(plain):
+            news.append("")
+        found += [(number, line, new) for new in dict.fromkeys(news) if new != line]
+    return found
+
+
+def run(command, **options):
+    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, **options)
+
+
+class Tests:
+    """The tests of one room in a build tree."""
+
+    def __init__(self, build, room):
+        self.build = build
+        self.room = room
+        listing = run(["ctest", "--test-dir", build, "-N", "-L", f"^{room}$"]).stdout
+        self.names = re.findall(r"Test\s+#\d+: (\S+)", listing)
+
+    def make(self):
+        targets = run(["ninja", "-C", self.build, "-t", "targets", "all"]).stdout
+        known = [name for name in self.names if re.search(rf"^{re.escape(name)}: phony$", targets, re.M)]
+        return run(["ninja", "-C", self.build, "-j2", *known]).returncode == 0
+
+    def passes(self):
+        command = ["ctest", "--test-dir", self.build, "-L", f"^{self.room}$", "-j2", "--stop-on-failure", "--timeout",
+                   "90", "-Q"]
+        return run(command).returncode == 0
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
+    parser.add_argument("globs", nargs="*", default=["platform/hfn/*.cpp"], help="sources, relative to the root")
+    parser.add_argument("--count", type=int, default=10, help="changes to try (default 10)")
+    parser.add_argument("--seed", type=int, default=1, help="the same seed draws the same changes")
+    parser.add_argument("--build-dir", default="build/dev", help="a configured build with tests")
+    options = parser.parse_args()
+    build = str((ROOT / options.build_dir).resolve())
+
+    sources = sorted({path for pattern in options.globs for path in ROOT.glob(pattern)})
+    choices = [(path, *change) for path in sources for change in mutations(path)]
+    if not choices:
+        sys.exit("nothing to change in these sources")
+    random.Random(options.seed).shuffle(choices)
+
+    rooms = {}
+    caught, survivors, unbuilt = 0, [], 0
+    for path, number, old, new in choices:
+        if caught + len(survivors) == options.count:
+            break
+        room = path.parent.name
+        if room not in rooms:
+            rooms[room] = Tests(build, room)
+            if not rooms[room].names:
+                sys.exit(f"{room} has no tests in {build}")
+            if not (rooms[room].make() and rooms[room].passes()):
+                sys.exit(f"the tests of {room} fail before any change")
+        place = f"{path.relative_to(ROOT)}:{number + 1}"
+        original = path.read_bytes()
+        lines = original.decode("utf-8").split("\n")
+        lines[number] = new
+        try:
+            path.write_bytes("\n".join(lines).encode("utf-8"))
+            if not rooms[room].make():
+                unbuilt += 1
+                continue
+            if rooms[room].passes():
+                survivors.append((place, old, new))
+                verdict = "SURVIVED"
+            else:
+                caught += 1
+                verdict = "caught"
+        finally:
+            path.write_bytes(original)
+        print(f"{verdict:8} {place}\n    - {old.strip()}\n    + {new.strip() or '(nothing)'}", flush=True)
+
+    for room in rooms.values():
+        room.make()  # the build tree holds the true sources again
+    print(f"\n{caught} caught, {len(survivors)} survived, {unbuilt} did not compile; "
+          f"{len(choices)} changes are possible in {len(sources)} sources")
+    for place, old, new in survivors:
+        print(f"SURVIVED {place}\n    - {old.strip()}\n    + {new.strip() or '(nothing)'}")
+
+
+if __name__ == "__main__":
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
+    main()
