@@ -1,6 +1,7 @@
 #include "DemoStore.h"
 
 #include "DemoClock.h"
+#include "DemoEarlierJournal.h"
 #include "DemoJournal.h"
 #include "DemoKey.h"
 #include "DemoNetwork.h"
@@ -213,6 +214,7 @@ bool DemoStore::fill(const QString& url, qint64 now, StoreError* error)
     DemoReference::writeTemplates(&writer, network, templates);
     DemoReference::writeParameters(&writer);
     DemoReference::writeDirectories(&writer);
+    DemoEarlierJournal::write(&writer, network);
     writeJournal(&writer, network, templates, now);
     return writer.write(error) &&
            StoreAdmin::putFile(url, QStringLiteral("options"), QStringLiteral("OperLogOptions"), options(),

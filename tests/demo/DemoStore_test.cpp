@@ -162,6 +162,25 @@ private slots:
                  0);
     }
 
+    void theEarlierJournalHasWorkForTheConverter()
+    {
+        QVERIFY(demo.count(QStringLiteral("OperLogTemplateParams")) >= 20);
+        QVERIFY(demo.count(QStringLiteral("OperLogCategories WHERE ParentKey IS NOT NULL")) >= 1);
+        QVERIFY(demo.count(QStringLiteral("OperLogCategories WHERE OrgTypeKey IS NOT NULL")) >= 1);
+        QVERIFY(demo.count(QStringLiteral("OperLogCategories WHERE DepartmentKey IS NOT NULL")) >= 1);
+        QVERIFY(demo.count(QStringLiteral("OperLogTemplates")) >= 10);
+        // The converter refuses to work when it finds the old names in the new tables.
+        QCOMPARE(demo.count(QStringLiteral(
+                     "OperLogTemplates WHERE name_ IN (SELECT nameLoc FROM LogbookTemplates)")),
+                 0);
+        QCOMPARE(demo.count(QStringLiteral(
+                     "OperLogCategories WHERE name_ IN (SELECT nameLoc FROM LogbookCatsTemplate)")),
+                 0);
+        // A "<" without a ">" would keep it busy for ever.
+        for (const QVariantList& row : demo.rows(QStringLiteral("SELECT text_ FROM OperLogTemplates")))
+            QCOMPARE(row[0].toString().count(QLatin1Char('<')), row[0].toString().count(QLatin1Char('>')));
+    }
+
     void fortnightOfShiftsInEveryDepartment()
     {
         const auto departments = demo.rows(QStringLiteral("SELECT KeyLink, name_ FROM Departments"));
