@@ -30,7 +30,10 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("vrk-logbook"));
     QApplication::setApplicationVersion(QStringLiteral(VRK_VERSION));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/vrk/app.png")));
+    QIcon icon(QStringLiteral(":/vrk/app.png"));
+    for (int size : {16, 24, 32, 48, 256})
+        icon.addFile(QStringLiteral(":/vrk/app_%1.png").arg(size));
+    QApplication::setWindowIcon(icon);
 
     // The words of the toolkit itself: calendars, menus of editors, standard buttons.
     QLocale::setDefault(QLocale(QLocale::Russian, QLocale::Russia));

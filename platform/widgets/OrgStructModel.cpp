@@ -23,7 +23,16 @@ bool precedes(const QStandardItem* left, const QStandardItem* right)
 
 QIcon iconOf(int type)
 {
-    return type == OrgStruct::Person ? QIcon(QStringLiteral(":/vrk/user.png")) : QIcon();
+    switch (type) {
+    case OrgStruct::Person:
+        return QIcon(QStringLiteral(":/vrk/user.png"));
+    case OrgStruct::Department:
+        return QIcon(QStringLiteral(":/vrk/department.png"));
+    case OrgStruct::Organization:
+        return QIcon(QStringLiteral(":/vrk/organization.png"));
+    default:
+        return QIcon(QStringLiteral(":/vrk/type.png"));
+    }
 }
 
 void setName(QStandardItem* item, const QString& name)

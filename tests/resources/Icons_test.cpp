@@ -27,7 +27,8 @@ QStringList markers()
 
 QStringList hostIcons()
 {
-    return QStringLiteral("connected disconnected warning error question information now pin user")
+    return QStringLiteral("connected disconnected warning error question information now pin user type "
+                          "organization department")
         .split(QLatin1Char(' '));
 }
 
@@ -116,8 +117,10 @@ private slots:
     {
         QVector<QImage> shapes;
         QStringList names = all();
-        names.removeOne(QStringLiteral(":/vrk/information")); // the same sign as the info of the tool bar
-        names.removeOne(QStringLiteral(":/vrk/warning"));     // the same sign as the marker of an accident
+        names.removeOne(QStringLiteral(":/vrk/information"));  // the same sign as the info of the tool bar
+        names.removeOne(QStringLiteral(":/vrk/warning"));      // the same sign as the marker of an accident
+        names.removeOne(QStringLiteral(":/vrk/organization")); // the same sign in the modules and in the host
+        names.removeOne(QStringLiteral(":/vrk/department"));
         for (const QString& path : names)
             shapes << QImage(path + QStringLiteral(".png")).convertToFormat(QImage::Format_Alpha8);
         for (int a = 0; a < shapes.size(); ++a)
@@ -146,7 +149,9 @@ private slots:
 
     void applicationHasItsIconInTheSizesOfDesktops()
     {
-        for (int size : {16, 24, 32, 48, 64, 128, 256})
+        QCOMPARE(QImage(QStringLiteral(":/vrk/app.png")).size(), QSize(64, 64));
+        QCOMPARE(QImage(QStringLiteral(":/vrk/app@2x.png")).size(), QSize(128, 128));
+        for (int size : {16, 24, 32, 48, 256})
             QCOMPARE(QImage(QStringLiteral(":/vrk/app_%1.png").arg(size)).size(), QSize(size, size));
     }
 };
