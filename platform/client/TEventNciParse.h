@@ -14,6 +14,9 @@ struct VRK_EXPORT TEventNciParse {
     TEventNciParse() = default;
     explicit TEventNciParse(HFNCliParam* block);
 
+    /// The numbers that modules let through: 601 to 603.
+    bool isChange() const { return eventNumber >= EventInserted && eventNumber <= EventDeleted; }
+
     HFNCliParam* parameterBlock = nullptr;
     int eventNumber = 0;
     char* recordKey = nullptr;  ///< KeyLink of the row

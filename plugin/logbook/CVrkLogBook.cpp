@@ -4,10 +4,10 @@
 #include "CPopMessageBox.h"
 #include "CToolLiteModel.h"
 #include "CVrkCliApp.h"
-#include "EventParse.h"
 #include "LocationInfo.h"
 #include "LogBookWidget.h"
 #include "OrgStructDialog.h"
+#include "TEventNciParse.h"
 #include "ui_CVrkLogBook.h"
 
 #include <QDialogButtonBox>
@@ -75,8 +75,8 @@ int CVrkLogBook::MessageOn()
 
 int CVrkLogBook::MessageData(HFNCliParam* block)
 {
-    TEventNciParse event;
-    if (!parseChangeEvent(block, &event))
+    TEventNciParse event(block);
+    if (!event.isChange())
         return 0;
     for (int i = 0; i < m_form->logbooks->count(); ++i) {
         auto* tab = qobject_cast<LogBookTab*>(m_form->logbooks->widget(i));

@@ -41,6 +41,7 @@ void TEventNciParseTest::an_event_is_taken_apart()
     const TEventNciParse parse(block.get());
     QCOMPARE(parse.parameterBlock, block.get());
     QCOMPARE(parse.eventNumber, 602);
+    QVERIFY(parse.isChange());
     QCOMPARE(parse.recordKey, "REC_1");
     QCOMPARE(parse.sourceText, "NCI:LogbookRecords,17");
     QCOMPARE(parse.tableName, QStringLiteral("LogbookRecords"));
@@ -98,6 +99,7 @@ void TEventNciParseTest::the_parse_knows_631()
     const TEventNciParse parse(block.get());
     QCOMPARE(parse.tableName, QStringLiteral("LogbookRecords"));
     QCOMPARE(parse.recordType.count, 15);
+    QVERIFY(!parse.isChange()); // but no module lets it through
 }
 
 void TEventNciParseTest::other_numbers_are_not_taken_apart_data()
@@ -113,6 +115,7 @@ void TEventNciParseTest::other_numbers_are_not_taken_apart()
     const auto block = event(number, "NCI:LogbookRecords,1");
     const TEventNciParse parse(block.get());
     QCOMPARE(parse.eventNumber, number);
+    QVERIFY(!parse.isChange());
     QCOMPARE(parse.tableName, QString());
     QVERIFY(!parse.recordKey);
     QCOMPARE(parse.recordType.count, 0);
@@ -122,6 +125,7 @@ void TEventNciParseTest::no_block_is_harmless()
 {
     const TEventNciParse parse(nullptr);
     QCOMPARE(parse.eventNumber, 0);
+    QVERIFY(!parse.isChange());
     QCOMPARE(parse.tableName, QString());
 }
 

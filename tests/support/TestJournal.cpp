@@ -2,8 +2,8 @@
 
 #include "CLiteModel.h"
 #include "CToolLiteModel.h"
-#include "EventParse.h"
 #include "RecordValue.h"
+#include "TEventNciParse.h"
 #include "VrkTableProxyModel.h"
 
 #include <QApplication>
@@ -18,8 +18,8 @@ public:
     int MessageOn() override { return MessageGet(); }
     int MessageData(HFNCliParam* block) override
     {
-        TEventNciParse event;
-        if (!tab || !parseChangeEvent(block, &event))
+        TEventNciParse event(block);
+        if (!tab || !event.isChange())
             return 0;
         const bool isDone = tab->MessageData(&event);
         answers.append(QStringLiteral("%1 %2 %3").arg(event.eventNumber).arg(event.tableName).arg(isDone));
@@ -85,8 +85,8 @@ bool TestJournal::send(int number, const QByteArray& key, const QByteArray& sour
                        const QByteArray& packedRecord)
 {
     const std::unique_ptr<HFNCliParam> block(HFNCliParam::event(number, key, source, packedRecord));
-    TEventNciParse event;
-    if (!parseChangeEvent(block.get(), &event))
+    TEventNciParse event(block.get());
+    if (!event.isChange())
         qFatal("no change event");
     return m_tab->MessageData(&event);
 }
