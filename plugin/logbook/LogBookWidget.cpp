@@ -12,6 +12,7 @@
 #include "VrkTableTool.h"
 
 #include <QKeyEvent>
+#include <QTimer>
 
 LogBookWidget::LogBookWidget(QWidget* parent)
     : LogBookTab(parent),
@@ -25,8 +26,12 @@ LogBookWidget::LogBookWidget(QWidget* parent)
       m_workerRoles(LogbookTable::WorkerRoles),
       m_categories(LogbookTable::CatsTemplate),
       m_templates(LogbookTable::Templates),
-      m_preparer(m_records, m_comments, m_files)
+      m_preparer(m_records, m_comments, m_files),
+      m_controlTimer(new QTimer(this)),
+      m_repeatTimer(new QTimer(this))
 {
+    m_controlTimer->setObjectName(QStringLiteral("controlTimer"));
+    m_repeatTimer->setObjectName(QStringLiteral("repeatTimer"));
 }
 
 LogBookWidget::~LogBookWidget()

@@ -10,7 +10,6 @@
 #include <initializer_list>
 #include <QDateTime>
 #include <QPointer>
-#include <QTimer>
 #include <QVector>
 
 class CommentsPane;
@@ -19,6 +18,7 @@ class FilesPane;
 class FilterByStatus;
 class QAbstractButton;
 class QMenu;
+class QTimer;
 class RecordColumns;
 class RecordCreatorDialog;
 
@@ -211,8 +211,8 @@ private:
     CommentsPane* m_commentsPane = nullptr;
     FilesPane* m_filesPane = nullptr;
     DurationOptions m_durationOptions;
-    QTimer m_controlTimer;
-    QTimer m_repeatTimer;
+    QTimer* m_controlTimer;
+    QTimer* m_repeatTimer;
     QMenu* m_recordMenu = nullptr;
     QAction* m_originAction = nullptr;
     QAction* m_approveAction = nullptr;

@@ -16,6 +16,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QTimer>
 
 void LogBookWidget::init(CVrkCliMod* module, LocationInfo* location)
 {
@@ -136,8 +137,8 @@ void LogBookWidget::createDialogs()
 
 void LogBookWidget::createConnections()
 {
-    connect(&m_controlTimer, &QTimer::timeout, this, &LogBookWidget::controlWorkshiftDuration);
-    connect(&m_repeatTimer, &QTimer::timeout, this, &LogBookWidget::showNotifyWorkshiftLimit);
+    connect(m_controlTimer, &QTimer::timeout, this, &LogBookWidget::controlWorkshiftDuration);
+    connect(m_repeatTimer, &QTimer::timeout, this, &LogBookWidget::showNotifyWorkshiftLimit);
     connect(m_ui->recordsTable, &QWidget::customContextMenuRequested, this, &LogBookWidget::showRecordMenu);
     connect(m_originAction, &QAction::triggered, this, &LogBookWidget::goToOriginRecord);
     connect(m_approveAction, &QAction::triggered, this, &LogBookWidget::approveRecordRequest);
