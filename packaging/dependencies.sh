@@ -2,6 +2,7 @@
 # Installs the Debian packages that a step needs and that are not there yet: dependencies.sh build|test|check ...
 set -euo pipefail
 
+tour="xvfb xauth"
 build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclarative5-dev libsqlite3-dev qttranslations5-l10n librsvg2-bin
        fonts-dejavu-core fonts-liberation tzdata ca-certificates"
 test="libboost-dev sqlite3 python3"

@@ -1,0 +1,499 @@
+#include "OpenWorkshiftDialog.h"
+
+#include "CVrkLogBook.h"
+#include "LocationInfo.h"
+#include "LogBookWidget.h"
+#include "OrgStructDialog.h"
+#include "OrgStructWidget.h"
+#include "TemplateFiller.h"
+#include "TemplatesWidget.h"
+#include "TestClient.h"
+
+#include <memory>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTableWidget>
+#include <QTest>
+#include <QToolButton>
+
+/// Opening a workshift through the dialog, over a real store. The department ОДС has no open shift.
+class OpenWorkshiftDialog_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void aShiftOfTheDayEndsTheSameDay();
+    void aShiftOverMidnightEndsTheNextDay();
+    void equalBoundsDoNotMoveTheEnd();
+    void groupsAreRomanUpToFive_data();
+    void groupsAreRomanUpToFive();
+    void showsTheTimetableOfTheDepartment();
+    void withoutATimetableTheShiftIsTheNextHour();
+    void theUserIsInTheCrewAndStaysThere();
+    void aWorkerIsAddedOnce();
+    void aWorkerIsRemovedAgain();
+    void theTemplateIsFilledByItself();
+    void theIntervalFollowsTheEditsWhileTheBoxIsChecked();
+    void theShiftMayNotBeginBeforeTheLastOneEnded();
+    void withoutAnEarlierShiftAnyStartWillDo();
+    void anUnfilledTemplateHoldsTheOpeningBack();
+    void writesShiftCrewAndRecord();
+    void aFailedShiftWritesNothing();
+    void aFailedCrewTakesTheShiftBack();
+    void aFailedRecordTakesShiftAndCrewBack();
+    void withoutADepartmentNothingIsOpened();
+    void withoutAWorkerNothingIsOpened();
+
+private:
+    void start(const QString& login, const QByteArray& department);
+    QTableWidget* crew() const { return m_dialog->findChild<QTableWidget*>(QStringLiteral("workersTable")); }
+    QTableWidget* shifts() const { return m_dialog->findChild<QTableWidget*>(QStringLiteral("shiftsTable")); }
+    QPushButton* applyButton() const
+    {
+        return m_dialog->findChild<QPushButton*>(QStringLiteral("applyButton"));
+    }
+    QToolButton* tool(const char* name) const
+    {
+        return m_dialog->findChild<QToolButton*>(QLatin1String(name));
+    }
+    TemplateFiller* filler() const { return m_dialog->findChild<TemplateFiller*>(); }
+    void choose(const char* workerKey);
+    void setStart(const QDateTime& time);
+    void fillAll();
+    int count(const char* table) const
+    {
+        return m_store->value(QStringLiteral("SELECT count(*) FROM %1").arg(QLatin1String(table))).toInt();
+    }
+    /// Makes the next insertion into a table fail in the database.
+    void breakTable(const char* table)
+    {
+        const QString sql = QStringLiteral(
+            "CREATE TRIGGER broken BEFORE INSERT ON %1 BEGIN SELECT RAISE(ABORT, 'broken'); END");
+        QCOMPARE(m_store->exec(sql.arg(QLatin1String(table))), QString());
+    }
+
+    std::unique_ptr<TestStore> m_store;
+    std::unique_ptr<TestClient> m_client;
+    std::unique_ptr<CVrkLogBook> m_window;
+    OrgStructDialog* m_structure = nullptr;
+    OpenWorkshiftDialog* m_dialog = nullptr;
+};
+
+void OpenWorkshiftDialog_test::init()
+{
+    m_store = std::make_unique<TestStore>();
+}
+
+void OpenWorkshiftDialog_test::cleanup()
+{
+    m_window.reset();
+    m_client.reset();
+    m_store.reset();
+}
+
+void OpenWorkshiftDialog_test::start(const QString& login, const QByteArray& department)
+{
+    m_client = std::make_unique<TestClient>(*m_store, login, department);
+    m_window = std::make_unique<CVrkLogBook>(&m_client->app());
+    QVERIFY(m_window->ModuleStart());
+    auto* home = m_window->findChild<LogBookWidget*>(QStringLiteral("homeLogbook"));
+    const auto table = [home](const char* name) { return home->table(QLatin1String(name)); };
+
+    m_structure = new OrgStructDialog(m_window.get(), -1);
+    m_structure->widget()->init(m_window.get());
+    m_dialog = new OpenWorkshiftDialog(m_window.get(), -1);
+    m_dialog->setOrgStructDialog(m_structure);
+    m_dialog->setWorkerKey(home->location()->workerKey());
+    m_dialog->setDepartmentKey(home->location()->departmentKey());
+    m_dialog->setOrganizationKey(home->location()->organizationKey());
+    m_dialog->setOrgTypeKey(home->location()->orgTypeKey());
+    m_dialog->setShiftsTable(table("Shifts"));
+    m_dialog->setWorkersTable(table("Workers"));
+    m_dialog->setRolesTable(table("Roles"));
+    m_dialog->setWorkerRolesTable(table("WorkerRoles"));
+    m_dialog->setOrganizationsTable(table("Organizations"));
+    m_dialog->setDepartmentsTable(table("Departments"));
+    m_dialog->setOrgTypesTable(table("OrgTypes"));
+    m_dialog->setCatsTemplateTable(table("LogbookCatsTemplate"));
+    m_dialog->setTemplatesTable(table("LogbookTemplates"));
+    m_dialog->show();
+}
+
+void OpenWorkshiftDialog_test::choose(const char* workerKey)
+{
+    QTest::mouseClick(tool("addWorkerButton"), Qt::LeftButton);
+    QVERIFY(m_structure->isVisible());
+    OrgStruct::SelectedItem item;
+    item.type = OrgStruct::Person;
+    item.worker.keyLink = QLatin1String(workerKey);
+    m_structure->hide();
+    emit m_structure->itemSelected(item);
+}
+
+void OpenWorkshiftDialog_test::setStart(const QDateTime& time)
+{
+    m_dialog->findChild<QDateEdit*>(QStringLiteral("startDateEdit"))->setDate(time.date());
+    m_dialog->findChild<QTimeEdit*>(QStringLiteral("startTimeEdit"))->setTime(time.time());
+    const QDateTime end = time.addDays(2);
+    m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(end.date());
+    m_dialog->findChild<QTimeEdit*>(QStringLiteral("endTimeEdit"))->setTime(end.time());
+}
+
+void OpenWorkshiftDialog_test::fillAll()
+{
+    for (const char* name :
+         {"text", "list", "datetime", "employee_fio", "employee_fio_group", "shift_workers",
+          "shift_workers_groups", "department", "organization", "interval"}) {
+        for (unsigned int index : filler()->findParameter(QLatin1String(name)))
+            filler()->setParameterValue(index, QStringLiteral("значение"), QString());
+    }
+    QVERIFY(filler()->isFilled());
+}
+
+void OpenWorkshiftDialog_test::aShiftOfTheDayEndsTheSameDay()
+{
+    const QDateTime now(QDate(2026, 11, 20), QTime(9, 30, 15));
+    const auto [from, to] = OpenWorkshiftDialog::toCurrentInterval(8 * 3600, 20 * 3600, now);
+    QCOMPARE(from, QDateTime(QDate(2026, 11, 20), QTime(8, 0)));
+    QCOMPARE(to, QDateTime(QDate(2026, 11, 20), QTime(20, 0)));
+}
+
+void OpenWorkshiftDialog_test::aShiftOverMidnightEndsTheNextDay()
+{
+    const QDateTime now(QDate(2026, 12, 31), QTime(21, 0));
+    const auto [from, to] = OpenWorkshiftDialog::toCurrentInterval(20 * 3600, 8 * 3600, now);
+    QCOMPARE(from, QDateTime(QDate(2026, 12, 31), QTime(20, 0)));
+    QCOMPARE(to, QDateTime(QDate(2027, 1, 1), QTime(8, 0)));
+}
+
+void OpenWorkshiftDialog_test::equalBoundsDoNotMoveTheEnd()
+{
+    const QDateTime now(QDate(2026, 11, 20), QTime(9, 30));
+    const auto [from, to] = OpenWorkshiftDialog::toCurrentInterval(8 * 3600, 8 * 3600, now);
+    QCOMPARE(from, to);
+}
+
+void OpenWorkshiftDialog_test::groupsAreRomanUpToFive_data()
+{
+    QTest::addColumn<int>("group");
+    QTest::addColumn<QString>("text");
+    const char* const texts[] = {"I", "II", "III", "IV", "V", "6", "7"};
+    for (int i = 0; i < 7; ++i)
+        QTest::addRow("%d", i + 1) << i + 1 << QString::fromLatin1(texts[i]);
+}
+
+void OpenWorkshiftDialog_test::groupsAreRomanUpToFive()
+{
+    QFETCH(int, group);
+    QTEST(OpenWorkshiftDialog::groupText(group), "text");
+}
+
+void OpenWorkshiftDialog_test::showsTheTimetableOfTheDepartment()
+{
+    start(QStringLiteral("ivanov"), "DEP_CDS");
+    QCOMPARE(m_dialog->windowTitle(), QStringLiteral("Открытие смены"));
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    if (screen.width() > 1210 && screen.height() > 640)
+        QCOMPARE(m_dialog->size(), QSize(1200, 600));
+    else // no pop-up is larger than the screen
+        QVERIFY(m_dialog->width() <= screen.width() && m_dialog->width() > screen.width() - 20);
+    QCOMPARE(shifts()->rowCount(), 2);
+    QCOMPARE(shifts()->horizontalHeaderItem(0)->text(), QStringLiteral("Наименование"));
+    QCOMPARE(shifts()->horizontalHeaderItem(1)->text(), QStringLiteral("Интервал"));
+    QCOMPARE(shifts()->currentRow(), 0);
+    const QString today = QDate::currentDate().toString(QStringLiteral("dd.MM"));
+    const QString tomorrow = QDate::currentDate().addDays(1).toString(QStringLiteral("dd.MM"));
+    QStringList intervals{shifts()->item(0, 1)->text(), shifts()->item(1, 1)->text()};
+    intervals.sort();
+    QCOMPARE(intervals, QStringList({QStringLiteral("%1 08:00 - %1 20:00").arg(today),
+                                     QStringLiteral("%1 20:00 - %2 08:00").arg(today, tomorrow)}));
+    QVERIFY(!(shifts()->item(0, 0)->flags() & Qt::ItemIsEditable));
+
+    // Another shift of the timetable sets the edits.
+    shifts()->selectRow(1);
+    const QString shown = shifts()->item(1, 1)->text();
+    const auto* time = m_dialog->findChild<QTimeEdit*>(QStringLiteral("startTimeEdit"));
+    QCOMPARE(time->time().toString(QStringLiteral("hh:mm")), shown.mid(6, 5));
+}
+
+void OpenWorkshiftDialog_test::withoutATimetableTheShiftIsTheNextHour()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    QCOMPARE(shifts()->rowCount(), 0);
+    const QDateTime from(m_dialog->findChild<QDateEdit*>(QStringLiteral("startDateEdit"))->date(),
+                         m_dialog->findChild<QTimeEdit*>(QStringLiteral("startTimeEdit"))->time());
+    const QDateTime to(m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->date(),
+                       m_dialog->findChild<QTimeEdit*>(QStringLiteral("endTimeEdit"))->time());
+    QCOMPARE(from.secsTo(to), 3600);
+    QVERIFY(qAbs(from.secsTo(QDateTime::currentDateTime())) < 120);
+}
+
+void OpenWorkshiftDialog_test::theUserIsInTheCrewAndStaysThere()
+{
+    start(QStringLiteral("ivanov"), "DEP_CDS");
+    QCOMPARE(crew()->rowCount(), 1);
+    QCOMPARE(crew()->item(0, 0)->text(), QStringLiteral("Иванов Иван Иванович"));
+    QCOMPARE(crew()->item(0, 0)->data(Qt::UserRole).toString(), QStringLiteral("WORKER_IVANOV"));
+    QCOMPARE(crew()->item(0, 1)->text().count(QLatin1Char('/')), 1);
+    QCOMPARE(crew()->item(0, 0)->flags(), Qt::ItemFlags());
+    QVERIFY(!tool("clearWorkersButton")->isEnabled());
+    QVERIFY(!tool("removeWorkerButton")->isEnabled());
+}
+
+void OpenWorkshiftDialog_test::aWorkerIsAddedOnce()
+{
+    start(QStringLiteral("ivanov"), "DEP_CDS");
+    choose("WORKER_PETROV");
+    QCOMPARE(crew()->rowCount(), 2);
+    QCOMPARE(crew()->item(1, 0)->text(), QStringLiteral("Петров Пётр Петрович"));
+    QVERIFY(tool("clearWorkersButton")->isEnabled());
+    choose("WORKER_PETROV");
+    choose("WORKER_IVANOV");
+    QCOMPARE(crew()->rowCount(), 2);
+    // A choice that nobody asked for changes nothing.
+    OrgStruct::SelectedItem item;
+    item.worker.keyLink = QStringLiteral("WORKER_SIDOROVA");
+    emit m_structure->itemSelected(item);
+    QCOMPARE(crew()->rowCount(), 2);
+}
+
+void OpenWorkshiftDialog_test::aWorkerIsRemovedAgain()
+{
+    start(QStringLiteral("ivanov"), "DEP_CDS");
+    choose("WORKER_PETROV");
+    crew()->setCurrentCell(1, 0);
+    QVERIFY(tool("removeWorkerButton")->isEnabled());
+    tool("removeWorkerButton")->click();
+    QCOMPARE(crew()->rowCount(), 1);
+    choose("WORKER_PETROV");
+    choose("WORKER_SIDOROVA");
+    tool("clearWorkersButton")->click();
+    QCOMPARE(crew()->rowCount(), 1);
+    QCOMPARE(crew()->item(0, 0)->data(Qt::UserRole).toString(), QStringLiteral("WORKER_IVANOV"));
+}
+
+void OpenWorkshiftDialog_test::theTemplateIsFilledByItself()
+{
+    start(QStringLiteral("ivanov"), "DEP_CDS");
+    QVERIFY(m_dialog->findChild<TemplatesWidget*>()->currentTemplate());
+    const QString html = filler()->filledTemplate(true);
+    QVERIFY2(html.contains(QRegularExpression(
+                 QStringLiteral("с \\d\\d\\.\\d\\d\\.\\d{4} \\d\\d:\\d\\d по \\d\\d\\.\\d\\d\\.\\d{4}"))),
+             qPrintable(html));
+    QVERIFY2(html.contains(QStringLiteral("Иванов И. И. гр.V")), qPrintable(html));
+    QVERIFY(html.contains(QStringLiteral("open_wshift")));
+}
+
+void OpenWorkshiftDialog_test::theIntervalFollowsTheEditsWhileTheBoxIsChecked()
+{
+    start(QStringLiteral("ivanov"), "DEP_CDS");
+    QVERIFY(!filler()->findParameter(QStringLiteral("interval")).isEmpty());
+    setStart(QDateTime(QDate(2030, 1, 2), QTime(3, 4)));
+    QVERIFY(filler()->filledTemplate(true).contains(QStringLiteral("с 02.01.2030 03:04 по 04.01.2030 03:04")));
+    auto* box = m_dialog->findChild<QCheckBox*>(QStringLiteral("changeTemplateCheck"));
+    QVERIFY(box->isChecked());
+    box->click();
+    setStart(QDateTime(QDate(2031, 1, 2), QTime(3, 4)));
+    QVERIFY(filler()->filledTemplate(true).contains(QStringLiteral("с 02.01.2030 03:04 по 04.01.2030 03:04")));
+    box->click(); // writes at once
+    QVERIFY(filler()->filledTemplate(true).contains(QStringLiteral("с 02.01.2031 03:04 по 04.01.2031 03:04")));
+}
+
+void OpenWorkshiftDialog_test::theShiftMayNotBeginBeforeTheLastOneEnded()
+{
+    start(QStringLiteral("ivanov"), "DEP_CDS");
+    fillAll();
+    const QDateTime last = QDateTime::fromSecsSinceEpoch(
+        m_store->value(QStringLiteral("SELECT endTime FROM LogbookWorkshifts WHERE KeyLink='SHIFT_CDS_OPEN'"))
+            .toLongLong());
+    const QDateTime minute = QDateTime(last.date(), QTime(last.time().hour(), last.time().minute()));
+    const QDateTime allowed = minute < last ? minute.addSecs(60) : minute;
+    setStart(allowed);
+    QVERIFY(applyButton()->isEnabled());
+    setStart(allowed.addSecs(-60));
+    QCOMPARE(applyButton()->isEnabled(), false);
+    QVERIFY(applyButton()->toolTip().contains(last.toString(QStringLiteral("dd.MM.yyyy hh:mm"))));
+}
+
+void OpenWorkshiftDialog_test::withoutAnEarlierShiftAnyStartWillDo()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    fillAll();
+    setStart(QDateTime(QDate(2001, 1, 1), QTime(0, 0)));
+    QVERIFY(applyButton()->isEnabled());
+    // The end may not lie before the start.
+    m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(QDate(2000, 1, 1));
+    QVERIFY(!applyButton()->isEnabled());
+}
+
+void OpenWorkshiftDialog_test::anUnfilledTemplateHoldsTheOpeningBack()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    fillAll();
+    setStart(QDateTime::currentDateTime());
+    QVERIFY(applyButton()->isEnabled());
+    m_dialog->findChild<TemplatesWidget*>()->clearSelection();
+    QVERIFY(!applyButton()->isEnabled());
+}
+
+void OpenWorkshiftDialog_test::writesShiftCrewAndRecord()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    fillAll();
+    const QDateTime from(QDateTime::currentDateTime().date(), QTime(6, 0));
+    setStart(from);
+    choose("WORKER_PETROV");
+    QVERIFY(applyButton()->isEnabled());
+    const int records = count("LogbookRecords");
+    applyButton()->click();
+    QVERIFY(!m_dialog->isVisible());
+
+    const QString shift =
+        m_store->value(QStringLiteral("SELECT KeyLink FROM LogbookWorkshifts WHERE DepartmentKey='DEP_ODS'"))
+            .toString();
+    QCOMPARE(shift.size(), 32);
+    const auto of = [&](const char* field) {
+        return m_store->value(QStringLiteral("SELECT %1 FROM LogbookWorkshifts WHERE KeyLink='%2'")
+                                  .arg(QLatin1String(field), shift));
+    };
+    QCOMPARE(of("OpenWorkerKey").toString(), QStringLiteral("WORKER_SMIRNOV_ODS"));
+    QVERIFY(of("CloseWorkerKey").isNull());
+    QCOMPARE(of("startTime").toLongLong(), from.toSecsSinceEpoch());
+    QCOMPARE(of("endTime").toLongLong(), from.addDays(2).toSecsSinceEpoch());
+    QVERIFY(qAbs(of("createdAt").toLongLong() - QDateTime::currentSecsSinceEpoch()) < 60);
+
+    const auto crewRows = m_store->rows(
+        QStringLiteral(
+            "SELECT WorkerKey, opening FROM LogbookWorkersWorkshift WHERE WorkshiftKey='%1' ORDER BY rowid")
+            .arg(shift));
+    QCOMPARE(crewRows.size(), 2);
+    QCOMPARE(crewRows[0][0].toString(), QStringLiteral("WORKER_SMIRNOV_ODS"));
+    QCOMPARE(crewRows[1][0].toString(), QStringLiteral("WORKER_PETROV"));
+    QCOMPARE(crewRows[0][1].toInt(), 1);
+
+    QCOMPARE(count("LogbookRecords"), records + 1);
+    const auto record = m_store->rows(
+        QStringLiteral("SELECT WorkerKey, status, direction, recordTime, eventTime, VisaWorkerKey, "
+                       "OriginRecordKey, html FROM LogbookRecords WHERE ShiftKey='%1'")
+            .arg(shift));
+    QCOMPARE(record.size(), 1);
+    QCOMPARE(record[0][0].toString(), QStringLiteral("WORKER_SMIRNOV_ODS"));
+    QCOMPARE(record[0][1].toInt(), 0);
+    QCOMPARE(record[0][2].toInt(), 0);
+    QCOMPARE(record[0][3], record[0][4]);
+    QCOMPARE(record[0][3].toLongLong(), of("createdAt").toLongLong());
+    QVERIFY(record[0][5].isNull());
+    QVERIFY(record[0][6].isNull());
+    QVERIFY(record[0][7].toString().contains(QStringLiteral("open_wshift")));
+}
+
+void OpenWorkshiftDialog_test::aFailedShiftWritesNothing()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    fillAll();
+    setStart(QDateTime::currentDateTime());
+    QSignalSpy error(m_dialog, &OpenWorkshiftDialog::error);
+    breakTable("LogbookWorkshifts");
+    const int crewRows = count("LogbookWorkersWorkshift");
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("LogbookWorkshifts")));
+    QTest::ignoreMessage(
+        QtWarningMsg,
+        QRegularExpression(QStringLiteral(
+            "^void OpenWorkshiftDialog::openWorkshift\\(CVrkCliMod\\*\\) error open workshift! SqlUpdate "
+            "returned FALSE! Data: Table\\[LogbookWorkshifts\\]: KeyLink\\[[0-9A-F]{32}\\], "
+            "DepartmentKey\\[DEP_ODS\\], OpenWorkerKey\\[WORKER_SMIRNOV_ODS\\], "
+            "CloseWorkerKey\\[NULL\\], startTime\\[[0-9.e+]+\\], endTime\\[[0-9.e+]+\\],$")));
+    applyButton()->click();
+    QVERIFY(!m_dialog->isVisible());
+    QCOMPARE(error.count(), 1);
+    QCOMPARE(error[0][0].toString(), QStringLiteral("Ошибка открытия смены"));
+    QCOMPARE(error[0][1].toString(), QStringLiteral("Произошла внутренняя ошибка при открытии смены!"));
+    QCOMPARE(count("LogbookWorkersWorkshift"), crewRows);
+    QCOMPARE(m_client->takeFailures().size(), 1); // the status line has it
+}
+
+void OpenWorkshiftDialog_test::aFailedCrewTakesTheShiftBack()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    fillAll();
+    setStart(QDateTime::currentDateTime());
+    QSignalSpy error(m_dialog, &OpenWorkshiftDialog::error);
+    breakTable("LogbookWorkersWorkshift");
+    const int shiftRows = count("LogbookWorkshifts");
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("LogbookWorkersWorkshift")));
+    QTest::ignoreMessage(
+        QtWarningMsg, "void OpenWorkshiftDialog::openWorkshift(CVrkCliMod*) error open workshift! SqlUpdate "
+                      "returned FALSE! Data: Table[LogbookWorkersWorkshift]");
+    applyButton()->click();
+    QCOMPARE(error.count(), 1);
+    QCOMPARE(error[0][1].toString(), QStringLiteral("Произошла внутренняя ошибка при открытии смены!"));
+    QCOMPARE(count("LogbookWorkshifts"), shiftRows);
+}
+
+void OpenWorkshiftDialog_test::aFailedRecordTakesShiftAndCrewBack()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    fillAll();
+    setStart(QDateTime::currentDateTime());
+    QSignalSpy error(m_dialog, &OpenWorkshiftDialog::error);
+    breakTable("LogbookRecords");
+    const int shiftRows = count("LogbookWorkshifts");
+    const int crewRows = count("LogbookWorkersWorkshift");
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("LogbookRecords")));
+    QTest::ignoreMessage(
+        QtWarningMsg,
+        QRegularExpression(
+            QStringLiteral(
+                "^void OpenWorkshiftDialog::openWorkshift\\(CVrkCliMod\\*\\) error create record about "
+                "opening "
+                "workshift! SqlUpdate returned FALSE! Data: Table\\[LogbookRecords\\]: "
+                "KeyLink\\[[0-9A-F]{32}\\], "
+                "ShiftKey\\[[0-9A-F]{32}\\], WorkerKey\\[WORKER_SMIRNOV_ODS\\], VisaWorkerKey\\[NULL\\], "
+                "ReceiverWorkerKey\\[NULL\\], SecondMarkWorkerKey\\[NULL\\], recordTime\\[[0-9.e+]+\\], "
+                "eventTime\\[[0-9.e+]+\\], firstMarkTime\\[NULL\\], secondMarkTime\\[NULL\\], "
+                "executionTime\\[NULL\\], html\\[.*\\], status\\[0\\]$"),
+            QRegularExpression::DotMatchesEverythingOption));
+    applyButton()->click();
+    QCOMPARE(error.count(), 1);
+    QCOMPARE(error[0][1].toString(), QStringLiteral("Не удалось создать запись об открытии смены!"));
+    QCOMPARE(count("LogbookWorkshifts"), shiftRows);
+    QCOMPARE(count("LogbookWorkersWorkshift"), crewRows);
+}
+
+void OpenWorkshiftDialog_test::withoutADepartmentNothingIsOpened()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    QSignalSpy error(m_dialog, &OpenWorkshiftDialog::error);
+    m_dialog->setDepartmentKey(QString());
+    QTest::ignoreMessage(
+        QtWarningMsg,
+        "void OpenWorkshiftDialog::apply() could not create record: unknown workshift keyLink!");
+    m_dialog->apply();
+    QVERIFY(!m_dialog->isVisible());
+    QCOMPARE(error.count(), 1);
+    QCOMPARE(error[0][0].toString(), QStringLiteral("Ошибка при открытии смены"));
+    QCOMPARE(error[0][1].toString(), QStringLiteral("Подразделение не найдено!"));
+}
+
+void OpenWorkshiftDialog_test::withoutAWorkerNothingIsOpened()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    QSignalSpy error(m_dialog, &OpenWorkshiftDialog::error);
+    m_dialog->setWorkerKey(QString());
+    QTest::ignoreMessage(
+        QtWarningMsg, "void OpenWorkshiftDialog::apply() could not create record: unknown worker keyLink!");
+    m_dialog->apply();
+    QCOMPARE(error.count(), 1);
+    QCOMPARE(error[0][1].toString(), QStringLiteral("Сотрудник не найден!"));
+}
+
+QTEST_MAIN(OpenWorkshiftDialog_test)
+#include "OpenWorkshiftDialog_test.moc"
