@@ -28,7 +28,7 @@ struct CatalogTable {
 /// the earlier journal. The schema of both engines, the names in answers and events, and the checks come from here.
 ///
 /// Equipment.kind is "substation", "line", "bay" or any other word; substations and lines have parameters of their own
-/// in templates. ParentKey leads from a bay to its substation; voltage is a text such as "110 кВ".
+/// in templates. ParentKey leads from a bay to its substation; voltage is a text such as "110" or "0,4", in kilovolts.
 namespace TableCatalog
 {
 const QVector<CatalogTable>& tables();

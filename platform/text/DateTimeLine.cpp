@@ -66,8 +66,8 @@ bool readTime(const QString& chunk, QTime* time)
     return time->isValid();
 }
 /// Which chunks are the date and which the time. A ":" makes a time, a "." or "/" a date; bare numbers are a date when
-/// something follows that can be the time: "25 2200", "2511 22 00". A single one is a time.
-void split(const QStringList& chunks, QString* date, QString* time)
+/// something follows that can be the time: "25 2200", "2511 22 00". A single one is a time. False: a part is too many.
+bool split(const QStringList& chunks, QString* date, QString* time)
 {
     static const QRegularExpression dateMarks(QStringLiteral("[./-]"));
     QStringList dates;
@@ -81,6 +81,8 @@ void split(const QStringList& chunks, QString* date, QString* time)
         else
             bare << chunk;
     }
+    if (!dates.isEmpty() && !times.isEmpty() && !bare.isEmpty())
+        return false;
     if (!dates.isEmpty()) {
         times += bare;
     } else if (!times.isEmpty()) {
@@ -94,6 +96,7 @@ void split(const QStringList& chunks, QString* date, QString* time)
     }
     *date = dates.join(QLatin1Char('.'));
     *time = times.join(QLatin1Char(':'));
+    return true;
 }
 } // namespace
 
@@ -152,8 +155,8 @@ QDateTime DateTimeLine::parsed(const QString& text, const QString& format, const
         timeText = chunks.join(QLatin1Char(':')); // "21 08" and "21.08" are times here
     } else if (!wantsTime) {
         dateText = chunks.join(QLatin1Char('.'));
-    } else {
-        split(chunks, &dateText, &timeText);
+    } else if (!split(chunks, &dateText, &timeText)) {
+        return QDateTime();
     }
     if (wantsTime && timeText.isEmpty())
         return QDateTime();
@@ -226,6 +229,12 @@ void DateTimeLine::step(int by)
     setText(value.toString(m_format));
     setCursorPosition(position);
     emit textEdited(text());
+}
+
+QSize DateTimeLine::minimumSizeHint() const
+{
+    const QSize hint = QLineEdit::minimumSizeHint();
+    return QSize(fontMetrics().horizontalAdvance(shownFormat(m_format)) + 12, hint.height());
 }
 
 void DateTimeLine::keyPressEvent(QKeyEvent* event)

@@ -29,6 +29,9 @@ public:
     /// The layout as users know it: "дд.ММ.гггг чч:мм".
     static QString shownFormat(const QString& format);
 
+    /// The layout fits in.
+    QSize minimumSizeHint() const override;
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 

@@ -16,6 +16,12 @@ FillerEditors::FillerEditors(QWidget* parent) : QScrollArea(parent)
 void FillerEditors::setParameters(const QVector<ParameterSpec>& specs, ReferenceData* reference,
                                   LatelyUsed* latelyUsed)
 {
+    // Losing the keyboard, the old editors would still speak up, under numbers that belong to the new ones. They may be
+    // the ones whose signal led here, so they go later.
+    for (const Row& row : qAsConst(m_rows))
+        row.editor->blockSignals(true);
+    if (QWidget* old = takeWidget())
+        old->deleteLater();
     m_rows.clear();
     m_current = -1;
     auto* content = new QWidget;
@@ -34,7 +40,8 @@ void FillerEditors::setParameters(const QVector<ParameterSpec>& specs, Reference
         editor->input()->setObjectName(QStringLiteral("parameterInput_%1").arg(i));
         label->setBuddy(editor->input());
         // Below this width the label moves above its editor.
-        editor->setMinimumWidth(fontMetrics().averageCharWidth() * 26);
+        editor->setMinimumWidth(
+            qMax(fontMetrics().averageCharWidth() * 26, editor->minimumSizeHint().width()));
         if (specs.at(i).wholeText) {
             form->addRow(label);
             form->addRow(editor);

@@ -351,7 +351,8 @@ QVector<ReferenceItem> ReferenceData::Private::voltages()
     QVector<ReferenceItem> list;
     for (const QString& voltage : qAsConst(all)) {
         ReferenceItem item;
-        item.text = voltage;
+        const bool bare = voltage.at(voltage.size() - 1).isDigit();
+        item.text = bare ? voltage + QStringLiteral(" кВ") : voltage;
         list.append(item);
     }
     return list;

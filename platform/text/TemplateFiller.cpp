@@ -255,7 +255,10 @@ TemplateFiller::TemplateFiller(QWidget* parent) : QWidget(parent), d(new Private
     setTemplate(QString());
 }
 
-TemplateFiller::~TemplateFiller() = default;
+TemplateFiller::~TemplateFiller()
+{
+    d->editors->blockSignals(true); // they lose the keyboard after d is gone
+}
 
 void TemplateFiller::setModule(CVrkCliMod* module)
 {
