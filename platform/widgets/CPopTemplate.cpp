@@ -7,15 +7,16 @@
 
 namespace
 {
-// The room that the contents may take on the screen, the window's frame left out.
+// The room that the contents may take on the screen, the window's frame left out; it is unknown before the first
+// showing.
 QRect room(const QWidget* window)
 {
     const QScreen* screen = window->screen();
-    const QMargins frame(window->geometry().left() - window->frameGeometry().left(),
-                         window->geometry().top() - window->frameGeometry().top(),
-                         window->frameGeometry().right() - window->geometry().right(),
-                         window->frameGeometry().bottom() - window->geometry().bottom());
-    return screen ? screen->availableGeometry().marginsRemoved(frame) : window->geometry();
+    const QRect inner = window->geometry();
+    const QRect outer = window->frameGeometry();
+    const QMargins frame(qMax(0, inner.left() - outer.left()), qMax(0, inner.top() - outer.top()),
+                         qMax(0, outer.right() - inner.right()), qMax(0, outer.bottom() - inner.bottom()));
+    return screen ? screen->availableGeometry().marginsRemoved(frame) : inner;
 }
 } // namespace
 

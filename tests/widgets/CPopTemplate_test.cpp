@@ -1,0 +1,192 @@
+#include "CPopTemplate.h"
+
+#include "CVrkCliMod.h"
+#include "PopGuard.h"
+#include "TestClient.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QtTest>
+#include <QVBoxLayout>
+
+class CPopTemplate_test : public QObject
+{
+    Q_OBJECT
+
+private:
+    /// A window with a field and a button, as a module has them, and a pop-up over it.
+    struct Setup {
+        Setup() : edit(new QLineEdit), button(new QPushButton), pop(&window, -1)
+        {
+            auto* layout = new QVBoxLayout(&window);
+            layout->addWidget(edit);
+            layout->addWidget(button);
+            window.resize(400, 300);
+            window.show();
+            pop.resize(100, 80);
+        }
+        QWidget window;
+        QLineEdit* edit;
+        QPushButton* button;
+        CPopTemplate pop;
+    };
+
+private slots:
+    void itIsAWindowOfItsOwnAndNotModal()
+    {
+        Setup s;
+        QVERIFY(s.pop.isWindow());
+        QVERIFY(!s.pop.isModal());
+        QCOMPARE(s.pop.parentWidget(), &s.window);
+        QVERIFY(!s.pop.isVisible());
+    }
+
+    void itIsCentredOverTheWindowOfItsParent()
+    {
+        Setup s;
+        s.window.move(200, 150);
+        s.pop.moveToCenter();
+        QVERIFY((s.pop.geometry().center() - s.window.geometry().center()).manhattanLength() <= 2);
+    }
+
+    void itStaysOnTheScreen()
+    {
+        Setup s;
+        const QRect screen = s.window.screen()->availableGeometry();
+        s.window.move(screen.right() - 50, screen.bottom() - 50);
+        s.pop.moveToCenter();
+        QVERIFY(screen.contains(s.pop.geometry()));
+        s.window.move(screen.left() - 350, screen.top() - 250);
+        s.pop.moveToCenter();
+        QVERIFY(screen.contains(s.pop.geometry()));
+    }
+
+    void itIsNoLargerThanTheScreen()
+    {
+        Setup s;
+        const QSize screen = s.window.screen()->availableSize();
+        s.pop.resize(screen + QSize(200, 200));
+        s.pop.moveToCenter();
+        QVERIFY(s.pop.width() <= screen.width() && s.pop.height() <= screen.height());
+        s.pop.resize(screen + QSize(200, 200));
+        s.pop.show();
+        QVERIFY(s.pop.width() <= screen.width() && s.pop.height() <= screen.height());
+    }
+
+    void withoutAGuardTheWindowUnderItCanBeUsed()
+    {
+        Setup s;
+        s.pop.show();
+        QTest::keyClick(s.edit, Qt::Key_A);
+        QCOMPARE(s.edit->text(), QStringLiteral("a"));
+        QCOMPARE(PopGuard::over(s.edit), nullptr);
+    }
+
+    void aGuardSwallowsMouseAndKeysUnderIt()
+    {
+        Setup s;
+        QSignalSpy clicked(s.button, &QPushButton::clicked);
+        QShortcut shortcut(QKeySequence(Qt::CTRL + Qt::Key_N), &s.window);
+        QSignalSpy activated(&shortcut, &QShortcut::activated);
+        s.pop.setGuarding(true);
+        QCOMPARE(PopGuard::over(s.edit), nullptr); // not before it is shown
+        s.pop.show();
+        s.window.activateWindow();
+        QVERIFY(PopGuard::over(s.edit));
+        QVERIFY(PopGuard::over(&s.window));
+
+        QTest::keyClick(s.edit, Qt::Key_A);
+        QTest::keyClick(s.edit, Qt::Key_N, Qt::ControlModifier);
+        QTest::mouseClick(s.button, Qt::LeftButton);
+        QTest::mouseDClick(s.button, Qt::LeftButton);
+        QCOMPARE(s.edit->text(), QString());
+        QCOMPARE(clicked.count(), 0);
+        QCOMPARE(activated.count(), 0);
+
+        s.pop.hide();
+        QTest::keyClick(s.edit, Qt::Key_A);
+        QTest::mouseClick(s.button, Qt::LeftButton);
+        QCOMPARE(s.edit->text(), QStringLiteral("a"));
+        QCOMPARE(clicked.count(), 1);
+        QCOMPARE(PopGuard::over(s.edit), nullptr);
+    }
+
+    void thePopUpItselfAndOtherWindowsStayUsable()
+    {
+        Setup s;
+        auto* own = new QLineEdit(&s.pop);
+        QLineEdit other;
+        other.show();
+        s.pop.setGuarding(true);
+        s.pop.show();
+        QTest::keyClick(own, Qt::Key_A);
+        QTest::keyClick(&other, Qt::Key_B);
+        QCOMPARE(own->text(), QStringLiteral("a"));
+        QCOMPARE(other.text(), QStringLiteral("b"));
+    }
+
+    void theEndIsToldWhenTheAnswerHasBeenDealtWith()
+    {
+        Setup s;
+        s.pop.setGuarding(true);
+        s.pop.show();
+        PopGuard* guard = PopGuard::over(s.edit);
+        QSignalSpy lowered(guard, &PopGuard::lowered);
+        s.pop.close();
+        QVERIFY(!guard->isUp());
+        QCOMPARE(lowered.count(), 0); // the slot that closed the box may still be at work
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(lowered.count(), 1);
+    }
+
+    void theGuardCanBeTakenAwayWhileItIsShown()
+    {
+        Setup s;
+        s.pop.show();
+        s.pop.setGuarding(true);
+        QVERIFY(PopGuard::over(s.edit));
+        s.pop.setGuarding(false);
+        QCOMPARE(PopGuard::over(s.edit), nullptr);
+        s.pop.hide();
+        s.pop.show();
+        QCOMPARE(PopGuard::over(s.edit), nullptr);
+    }
+
+    void aPopUpThatIsDestroyedLeavesNoGuard()
+    {
+        QWidget window;
+        QLineEdit edit(&window);
+        window.show();
+        {
+            CPopTemplate pop(&window);
+            pop.setGuarding(true);
+            pop.show();
+            QVERIFY(PopGuard::over(&edit));
+        }
+        QCOMPARE(PopGuard::over(&edit), nullptr);
+        QTest::keyClick(&edit, Qt::Key_A);
+        QCOMPARE(edit.text(), QStringLiteral("a"));
+    }
+
+    void aModuleInAHostsWindowIsGuardedAlone()
+    {
+        CVrkCliApp app;
+        QWidget host;
+        TestModule module(&app);
+        module.setParent(&host, Qt::Widget);
+        QLineEdit inModule(&module);
+        QLineEdit beside(&host);
+        host.show();
+        auto* page = new QWidget(&module);
+        CPopTemplate pop(page);
+        pop.setGuarding(true);
+        pop.show();
+        QVERIFY(PopGuard::over(&inModule));
+        QCOMPARE(PopGuard::over(&beside), nullptr);
+    }
+};
+
+QTEST_MAIN(CPopTemplate_test)
+#include "CPopTemplate_test.moc"
