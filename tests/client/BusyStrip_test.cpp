@@ -24,9 +24,9 @@ private:
     /// Runs a select that takes its time: it reports progress until \a enough says so.
     void request(const std::function<bool(qint64 elapsedMs)>& enough)
     {
-        state->during = [&enough](const std::function<void()>& progress) {
-            QElapsedTimer since;
-            since.start();
+        QElapsedTimer since;
+        since.start();
+        state->during = [&](const std::function<void()>& progress) {
             do
                 progress();
             while (!enough(since.elapsed()));
@@ -57,9 +57,12 @@ void BusyStripTest::a_short_request_shows_nothing()
 {
     QMainWindow window;
     window.show();
-    request([](qint64 elapsed) { return strip() || QGuiApplication::overrideCursor() || elapsed > 150; });
-    QVERIFY(!strip());
-    QVERIFY(!QGuiApplication::overrideCursor());
+    bool seen = false;
+    request([&seen](qint64) {
+        seen = strip() || QGuiApplication::overrideCursor();
+        return true;
+    });
+    QVERIFY(!seen);
 }
 
 void BusyStripTest::a_long_request_shows_cursor_and_strip()
