@@ -1,3 +1,5 @@
+#include "CRowBatch.h"
+
 #include "MDRValues.h"
 
 CRowBatch::CRowBatch(const MDRFieldDescr* fields, int count)

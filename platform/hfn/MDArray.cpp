@@ -114,6 +114,7 @@ void MDArray::post(MDRData* fresh)
 MDRData* MDArray::postEdited(MDRData* edited)
 {
     MDRData* posted = edited->partner;
+    MDRData::Body::trim(edited->body);
     std::bitset<maxKeys> moved;
     for (std::size_t i = 0; i < m_keys.size(); ++i) {
         moved[i] = m_keys[i]->key.compare(posted->body, edited->body) != 0;

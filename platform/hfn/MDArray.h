@@ -205,7 +205,7 @@ VRK_EXPORT int MDAUnpackForWrite(MDArray* array);
 /// empty.
 VRK_EXPORT int HFNArrayUnPack(MDArray* array, const char* packed, int flag);
 /// The packed form of an array: fields, keys, records with values, flags and marks. Stored blobs are fetched;
-/// empty when one of them cannot be.
+/// empty when one of them cannot be, or when the whole is beyond 1 GiB.
 VRK_EXPORT QByteArray HFNArrayPack(const MDArray* array);
 /// @}
 

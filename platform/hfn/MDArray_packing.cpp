@@ -2,6 +2,7 @@
 #include "PackedBytes.h"
 
 #include <cstring>
+#include <limits>
 
 // The packed forms. An array: its fields, its keys, its records. A record: its fields, and itself. A record
 // within: its flags, and for each field one byte (value, mark) and the value. The array's form is base 64,
@@ -152,9 +153,10 @@ int HFNArrayUnPack(MDArray* array, const char* packed, int)
     if (array == nullptr)
         return mdr_Invalid;
     MDAClearAll(array);
-    if (packed == nullptr)
+    const std::size_t length = packed != nullptr ? std::strlen(packed) : 0;
+    if (length == 0 || length > static_cast<std::size_t>(std::numeric_limits<int>::max()))
         return mdr_Packed;
-    const QByteArray text = QByteArray::fromRawData(packed, static_cast<int>(qstrlen(packed)));
+    const QByteArray text = QByteArray::fromRawData(packed, static_cast<int>(length));
     const QByteArray bytes = QByteArray::fromBase64(text);
     PackedReader in(arrayTag, bytes.constData(), bytes.size());
     // The decoder forgives much; only the one text that stands for these bytes is undamaged.

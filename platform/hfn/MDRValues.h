@@ -2,7 +2,7 @@
 
 /// Short ways to make and to test values in transit.
 
-#include "CMDArray.h"
+#include "CRowBatch.h"
 
 #include <cstring>
 #include <QByteArray>
@@ -79,16 +79,3 @@ inline QByteArray copy(const MDRVar& value)
     return hasText(value) ? QByteArray(value.value.text.data, value.value.text.length) : QByteArray();
 }
 } // namespace MDRValue
-
-/// An array of changed rows on its way to the server: the fields of one table and the order-of-entry key,
-/// without which an array would count as empty. Destroyed with its scope.
-class VRK_EXPORT CRowBatch : public CMDArray
-{
-public:
-    CRowBatch(const MDRFieldDescr* fields, int count);
-    /// With the fields of another array, without its records.
-    explicit CRowBatch(const CMDArray& structure);
-
-    /// A fresh record with this flag and its KeyLink set without the user mark. Fill it, then RecPost it.
-    MDRData* newRow(MDRFlag flag, const QByteArray& keyLink);
-};

@@ -10,6 +10,7 @@ namespace
 constexpr std::uint8_t packedVersion = 1;
 constexpr int headBytes = 4 + 1 + 4; // tag, version, length of the content
 constexpr int sumBytes = 4;
+constexpr int maxBytes = 1 << 30; // its base 64 form still fits a byte array
 
 constexpr std::array<std::uint32_t, 256> makeCrcTable()
 {
@@ -36,7 +37,7 @@ std::uint32_t checksum(const char* data, qint64 size)
 
 PackedWriter::PackedWriter(const char (&tag)[5])
 {
-    m_bytes.append(tag, 4);
+    append(tag, 4);
     byte(packedVersion);
     number(0); // the length, known at the end
 }
@@ -50,7 +51,7 @@ void PackedWriter::number(std::uint32_t value)
 {
     char raw[sizeof value];
     qToLittleEndian(value, raw);
-    m_bytes.append(raw, sizeof raw);
+    append(raw, sizeof raw);
 }
 
 void PackedWriter::real(double value)
@@ -59,20 +60,27 @@ void PackedWriter::real(double value)
     std::memcpy(&bits, &value, sizeof bits);
     char raw[sizeof bits];
     qToLittleEndian(bits, raw);
-    m_bytes.append(raw, sizeof raw);
+    append(raw, sizeof raw);
 }
 
 void PackedWriter::text(const char* data, std::int32_t length)
 {
     number(static_cast<std::uint32_t>(length));
-    m_bytes.append(data, length);
+    append(data, length);
 }
 
 QByteArray PackedWriter::finish()
 {
     qToLittleEndian(static_cast<quint32>(m_bytes.size() - headBytes), m_bytes.data() + 5);
     number(checksum(m_bytes.constData(), m_bytes.size()));
-    return m_bytes;
+    return m_full ? QByteArray() : m_bytes;
+}
+
+void PackedWriter::append(const char* data, std::int32_t count)
+{
+    m_full = m_full || count > maxBytes - m_bytes.size();
+    if (!m_full)
+        m_bytes.append(data, count);
 }
 
 PackedReader::PackedReader(const char (&tag)[5], const char* data, qint64 size)

@@ -14,11 +14,14 @@ public:
     void number(std::uint32_t value);
     void real(double value);
     void text(const char* data, std::int32_t length);
-    /// Completes the form.
+    /// Completes the form; empty when it would take more than 1 GiB.
     QByteArray finish();
 
 private:
+    void append(const char* data, std::int32_t count);
+
     QByteArray m_bytes;
+    bool m_full = false;
 };
 
 /// Reads a packed form and trusts nothing in it: what is missing reads as zero and makes ok() false for good.

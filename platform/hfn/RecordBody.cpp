@@ -9,6 +9,11 @@
 
 using Body = MDRData::Body;
 
+namespace
+{
+constexpr std::size_t maxSpare = 4096; // room for later texts, beyond which moving is cheaper than keeping
+}
+
 std::size_t Body::headBytes(int count)
 {
     return sizeof(Body) + 3 * wordCount(count) * sizeof(std::uint64_t) +
@@ -96,7 +101,7 @@ int Body::setText(Body*& body, int ordinal, const char* data, std::int32_t lengt
     }
     const bool hadText = body->holdsText(ordinal);
     body->put(Text, ordinal, false); // the old text need not move along
-    Body* larger = clone(body, body->count, need + (body->textUsed + need) / 2);
+    Body* larger = clone(body, body->count, need + std::min((body->textUsed + need) / 2, maxSpare));
     if (larger == nullptr) {
         body->put(Text, ordinal, hadText);
         return mdr_Full;
