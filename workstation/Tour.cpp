@@ -47,6 +47,8 @@ void settle()
 void press(QWidget* window, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
            const QString& text = QString())
 {
+    if (!window->isActiveWindow()) // there may be no window manager to do it
+        QApplication::setActiveWindow(window);
     QWidget* receiver = window->focusWidget() ? window->focusWidget() : window;
     QKeyEvent down(QEvent::KeyPress, key, modifiers, text);
     QCoreApplication::sendEvent(receiver, &down);

@@ -159,7 +159,9 @@ void VrkTableTool::setTableView(QTableView* view)
     if (!view || d->view)
         return;
     d->view = view;
-    view->setHorizontalHeader(new VrkTableHeader(view));
+    auto* header = new VrkTableHeader(view);
+    view->setHorizontalHeader(header);
+    header->show(); // a child that a visible view gets is hidden at first
     view->setModel(&d->proxy);
     auto* delegate = new VrkTableDelegate(&d->proxy, view);
     view->setItemDelegate(delegate);

@@ -9,11 +9,13 @@
 
 #include <memory>
 #include <QAction>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTabBar>
+#include <QTableView>
 #include <QTabWidget>
 #include <QTest>
 #include <QToolBar>
@@ -29,6 +31,7 @@ private slots:
     void cleanup();
 
     void opensOnTheHomeJournal();
+    void columnsHaveHeadersInAWindowThatIsShownBeforeItStarts();
     void hasTheFormBeforeItStarts();
     void aUserWithoutAWorkerGetsAnError();
     void aMissingTableIsTold();
@@ -122,6 +125,15 @@ void CVrkLogBook_test::opensOnTheHomeJournal()
     QVERIFY(!tabs()->tabBar()->tabButton(0, QTabBar::LeftSide));
     QCOMPARE(home()->mode(), 1);
     QCOMPARE(home()->location()->workerKey(), QStringLiteral("WORKER_IVANOV"));
+}
+
+void CVrkLogBook_test::columnsHaveHeadersInAWindowThatIsShownBeforeItStarts()
+{
+    TestClient client(*m_store);
+    CVrkLogBook window(&client.app());
+    window.show();
+    QVERIFY(window.ModuleStart());
+    QVERIFY(window.findChild<QTableView*>(QStringLiteral("recordsTable"))->horizontalHeader()->isVisible());
 }
 
 void CVrkLogBook_test::hasTheFormBeforeItStarts()
