@@ -4,8 +4,8 @@
 
 #include <QByteArray>
 
-/// An array of changed rows on its way to the server: the fields of one table and the order-of-entry key, without
-/// which an array would count as empty. Destroyed with its scope.
+/// An array of changed rows on its way to the server: the fields of one table and the order-of-entry key,
+/// without which an array would count as empty. Destroyed with its scope.
 class VRK_EXPORT CRowBatch : public CMDArray
 {
 public:

@@ -16,9 +16,7 @@ public:
     void resolve(const FieldSet& fields);
 
     const MDRKeyDescr& descriptor() const { return m_descriptor; }
-    bool isOrderOfEntry() const { return m_parts.empty(); }
     bool uses(int ordinal) const;
-    int fieldCount() const { return static_cast<int>(m_parts.size()); }
 
     /// Negative, 0 or positive by the fields alone.
     int compare(const MDRData::Body* a, const MDRData::Body* b) const;

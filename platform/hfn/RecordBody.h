@@ -91,7 +91,7 @@ private:
         return ordinal < count && (words(set)[ordinal / 64] >> (ordinal % 64) & 1U) != 0;
     }
     void put(Bits set, int ordinal, bool value);
-    /// Room for a text of this many bytes, its NUL included, at the end of the texts.
+    /// Copies the text behind the last one, where there is room for it and its NUL.
     void append(int ordinal, const char* data, std::int32_t length);
     void dropBlob(int ordinal);
 };

@@ -6,8 +6,8 @@
 #include <random>
 #include <string_view>
 
-/// Long seeded runs of all operations, compared step by step with a model that is too simple to be wrong: a vector of
-/// rows in order of entry, sorted anew for every question.
+/// Long seeded runs of all operations, compared step by step with a model that is too simple to be wrong: a
+/// vector of rows in order of entry, sorted anew for every question.
 class ArrayModel_test : public QObject
 {
     Q_OBJECT

@@ -3,8 +3,8 @@
 #include "MDRValues.h"
 #include "PackedInput.h"
 
-// An array out of any bytes is either refused and empty, or sound: every value can be read, every record found where
-// its keys say, and packing it again gives an array that packs to the same bytes.
+// An array out of any bytes is either refused and empty, or sound: every value can be read, every record
+// found where its keys say, and packing it again gives an array that packs to the same bytes.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -3,8 +3,8 @@
 #include "MDRValues.h"
 #include "PackedInput.h"
 
-// A record out of any bytes is either refused and empty, or sound: its type reads it, its values can be copied into an
-// array by position, and packing it again gives a record that packs to the same bytes.
+// A record out of any bytes is either refused and empty, or sound: its type reads it, its values can be
+// copied into an array by position, and packing it again gives a record that packs to the same bytes.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

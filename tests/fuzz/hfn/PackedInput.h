@@ -2,8 +2,8 @@
 
 #include "PackedBytes.h"
 
-/// The bytes of an input after its first one. With an odd first byte they become the content of a form with a valid
-/// checksum, so that what lies behind the checksum is reached.
+/// The bytes of an input after its first one. With an odd first byte they become the content of a form with a
+/// valid checksum, so that what lies behind the checksum is reached.
 inline QByteArray packedInput(const std::uint8_t* data, std::size_t size, const char (&tag)[5], bool* wrapped)
 {
     *wrapped = size > 0 && data[0] % 2 == 1;
