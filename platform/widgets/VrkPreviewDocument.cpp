@@ -16,6 +16,12 @@ namespace
 constexpr int fontPoints = 9;
 constexpr int iconPixels = 14;
 
+// Line breaks without new paragraphs, so that the alignment holds.
+QString oneBlock(QString text)
+{
+    return text.replace(QLatin1Char('\n'), QChar::LineSeparator);
+}
+
 class Writer
 {
 public:
@@ -84,7 +90,7 @@ private:
             insertIcon(text, m_model->headerData(m_columns[i], Qt::Horizontal, Qt::DecorationRole));
             QTextCharFormat bold;
             bold.setFontWeight(QFont::Bold);
-            text.insertText(m_model->headerData(m_columns[i], Qt::Horizontal).toString(), bold);
+            text.insertText(oneBlock(m_model->headerData(m_columns[i], Qt::Horizontal).toString()), bold);
         }
         for (int row = 0; row < rows; ++row) {
             for (int i = 0; i < m_columns.size(); ++i)
@@ -106,14 +112,14 @@ private:
             for (const TemplateText::Run& run : runs) {
                 QTextCharFormat format = base;
                 format.merge(TemplateText::charFormat(run.looks));
-                cursor.insertText(QString(run.text).replace(QLatin1Char('\n'), QChar::LineSeparator), format);
+                cursor.insertText(oneBlock(run.text), format);
             }
             return;
         }
         const QString text = index.data().toString();
         if (insertIcon(cursor, index.data(Qt::DecorationRole)) && text.isEmpty())
             centre(cursor);
-        cursor.insertText(text, base);
+        cursor.insertText(oneBlock(text), base);
     }
 
     bool insertIcon(QTextCursor& cursor, const QVariant& decoration)
