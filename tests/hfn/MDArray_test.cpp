@@ -1,5 +1,6 @@
 #include "ArrayTools.h"
 
+#include <algorithm>
 #include <QtTest>
 
 /// The life of records: made, posted, edited, deleted, copied.
@@ -25,6 +26,7 @@ private slots:
     void clearingDropsRecordsOfEveryState();
     void clearingAllDropsKeysAndFieldsToo();
     void manyReloadsKeepOldRecordsReadable();
+    void clearedRecordsGiveTheirMemoryBack();
     void recordsByEntryNeedNoKey();
     void nullAndForeignRecordsAreAnsweredByCodes();
     void unpackForWriteOnlyChecks();
@@ -324,6 +326,20 @@ void MDArray_test::manyReloadsKeepOldRecordsReadable()
         QVERIFY(MDARecArr(record) == nullptr);
         QCOMPARE(MDARecDel(record), int(mdr_Invalid));
     }
+}
+
+void MDArray_test::clearedRecordsGiveTheirMemoryBack()
+{
+    MixedArray array;
+    std::vector<MDRData*> records;
+    for (int i = 0; i < 5000; ++i)
+        records.push_back(array.add("a"));
+    QVERIFY(records[4000]->entry == 4001);
+    MDAClearRec(array.array);
+    // Pages given back to the system read as zeros, the number of entry too.
+    const auto zeros =
+        std::count_if(records.begin(), records.end(), [](const MDRData* r) { return r->entry == 0; });
+    QVERIFY(zeros > 2500);
 }
 
 void MDArray_test::recordsByEntryNeedNoKey()

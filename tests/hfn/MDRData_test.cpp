@@ -1,4 +1,5 @@
 #include "ArrayTools.h"
+#include "RecordBody.h"
 
 #include <cmath>
 #include <limits>
@@ -23,6 +24,7 @@ private slots:
     void widthsAdviseOnly();
     void textsOfTheSameRecordMayBeCopiedWithinIt();
     void manyChangesOfTextsKeepAllTheOthers();
+    void postedRecordsKeepLittleIdleRoom();
     void marksAreIndependentOfValues();
     void flagsAreReplacedNotAdded();
     void handlesWorkOnRecordsOfOtherArraysByPlaceAndType();
@@ -299,6 +301,43 @@ void MDRData_test::manyChangesOfTextsKeepAllTheOthers()
         QCOMPARE(array.text(record), QByteArray("constant"));
         QCOMPARE(array.get(record, "number").value.number, 11);
     }
+}
+
+void MDRData_test::postedRecordsKeepLittleIdleRoom()
+{
+    MixedArray array;
+    const auto idle = [](const MDRData* record) {
+        return record->body->textCapacity - record->body->textUsed;
+    };
+    const QByteArray large(50000, 'l');
+    for (int i = 0; i < 20; ++i) {
+        const MDRData* record = array.add("key", "text_", MDRValue::text(large));
+        QVERIFY(idle(record) <= 4096);
+    }
+    // A small one after many large ones: it was given room for a large one, and gives it back.
+    MDRData* small = array.fresh("key");
+    QVERIFY(idle(small) > 10000);
+    array.post(small);
+    QVERIFY(idle(small) <= 64 + 4);
+    MDRData* edited = MDARecEdit(small);
+    QCOMPARE(idle(edited), 0U);
+    array.set(edited, "text_", MDRValue::text(large));
+    array.post(edited);
+    QVERIFY(idle(small) <= 4096);
+    // What was replaced by something smaller goes with the next edit.
+    array.set(small, "text_", MDRValue::text("s"));
+    array.post(MDARecEdit(small));
+    QVERIFY(small->body->textCapacity < 100);
+    // Texts that grow step by step do not move at each step.
+    int moves = 0;
+    MDRData* growing = array.add("grows");
+    for (int length = 1; length < 2000; ++length) {
+        const MDRData::Body* before = growing->body;
+        const QByteArray text(length, 'g');
+        array.set(growing, "text_", MDRValue::text(text));
+        moves += growing->body != before ? 1 : 0;
+    }
+    QVERIFY(moves > 0 && moves < 2000);
 }
 
 void MDRData_test::marksAreIndependentOfValues()

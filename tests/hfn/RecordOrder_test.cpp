@@ -1,6 +1,7 @@
 #include "ArrayTools.h"
 
 #include <limits>
+#include <map>
 #include <QtTest>
 
 /// Keys of record arrays: how they order, find and place.
@@ -28,6 +29,7 @@ private slots:
     void seekOfWhatCannotBeFoundGivesNull();
     void seekOverSeveralFieldsTakesValuesSideBySide();
     void positionsFollowTheKey();
+    void insertionStaysNearThatOfABalancedTree();
     void positionsOutOfRangeGiveNull();
     void malformedKeysAreRefused_data();
     void malformedKeysAreRefused();
@@ -343,6 +345,27 @@ void RecordOrder_test::positionsFollowTheKey()
     MDARecDel(records[5]);
     QCOMPARE(MDARecPos(array.array, 0, records[5]), -1);
     QCOMPARE(MDARecPos(array.array, 0, records[6]), 5);
+}
+
+void RecordOrder_test::insertionStaysNearThatOfABalancedTree()
+{
+    // Sorting anew or moving all the others at each insertion would cost a hundred times as much and more.
+    constexpr int count = 40000;
+    const auto numberOf = [](int i) { return int(i * 7919LL % count); };
+    QElapsedTimer timer;
+    timer.start();
+    std::map<int, QByteArray> tree;
+    for (int i = 0; i < count; ++i)
+        tree.emplace(numberOf(i), "key");
+    const qint64 ofTree = timer.nsecsElapsed();
+    timer.restart();
+    MixedArray array({"number"});
+    for (int i = 0; i < count; ++i)
+        array.add("key", "number", MDRValue::number(numberOf(i)));
+    const qint64 ofArray = timer.nsecsElapsed();
+    QCOMPARE(array.RecCount(), count);
+    if (ofArray > 25 * ofTree)
+        QFAIL(qPrintable(QStringLiteral("%1 times a map").arg(ofArray / ofTree)));
 }
 
 void RecordOrder_test::positionsOutOfRangeGiveNull()
