@@ -18,10 +18,8 @@ inline qint64 at(const char* text)
 class DemoFile
 {
 public:
-    QString url() const
-    {
-        return QStringLiteral("sqlite://") + m_folder.filePath(QStringLiteral("demo.sqlite"));
-    }
+    QString path() const { return m_folder.filePath(QStringLiteral("demo.sqlite")); }
+    QString url() const { return QStringLiteral("sqlite://") + path(); }
 
     /// Rows of a select, all columns, texts decoded.
     QVector<QVariantList> rows(const QString& sql) const
