@@ -115,7 +115,9 @@ int Body::setText(Body*& body, int ordinal, const char* data, std::int32_t lengt
 
 void Body::trim(Body*& body)
 {
-    if (body == nullptr || body->textCapacity - body->textUsed <= 64 + body->textUsed / 2)
+    const std::size_t bearable =
+        body != nullptr ? 64 + std::min<std::size_t>(body->textUsed / 2, maxSpare) : 0;
+    if (body == nullptr || body->textCapacity - body->textUsed <= bearable)
         return;
     void* smaller = std::realloc(static_cast<void*>(body), headBytes(body->count) + body->textUsed);
     if (smaller == nullptr)
