@@ -214,12 +214,14 @@ bool Tour::sceneNewRecord(CVrkCliMod* window)
     settle();
     picture(tr("Шаблон выбран: незаполненные обязательные поля отмечены и не дают сохранить."));
 
-    // The filler's editors in the order of the text, walked with Enter.
+    // The filler's editors in the order of the text: Enter takes the suggestion, Tab goes on.
     for (const char* words :
          {"Ольховка", "осмотре", "Т-1, ввод 35 кВ фазы В", "35", "течь масла, 1 капля за 20 с", "Туманов",
-          "установлен контроль через каждые 2 ч"}) {
+          "установлен контроль через каждые 2 ч", "25.11.2026 18:00"}) {
         type(dialog, tr(words));
-        press(dialog, Qt::Key_Return);
+        if (visibleDialog("SuggestionPopup"))
+            press(dialog, Qt::Key_Return);
+        press(dialog, Qt::Key_Tab);
         settle();
     }
     picture(tr("Поля заполнены с клавиатуры, текст читается так, как войдёт в журнал."));

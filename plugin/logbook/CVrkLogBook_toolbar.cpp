@@ -141,11 +141,14 @@ void CVrkLogBook::hideUnbuilt()
 {
     m_chooseWorkshiftAction->setVisible(false);
     m_chooseIntervalAction->setVisible(false);
+    bool behindSeparator = true;
     for (QAction* action : m_toolBar->actions()) {
         const QWidget* widget = m_toolBar->widgetForAction(action);
         if (widget == m_workshiftButton || widget == m_executionButton || widget == m_commentsButton ||
-            widget == m_reportButton)
+            widget == m_reportButton || (action->isSeparator() && behindSeparator))
             action->setVisible(false);
+        else
+            behindSeparator = action->isSeparator();
     }
 }
 
