@@ -32,12 +32,6 @@ bool setProperty(SqliteConnection& connection, const QByteArray& name, const QBy
     return false;
 }
 
-void removeWithLogs(const QString& file)
-{
-    for (const char* suffix : {"", "-wal", "-shm", "-journal"})
-        QFile::remove(file + QLatin1String(suffix));
-}
-
 /// Gives the copy a history of its own and looks it through. The connection is closed on return, so that everything
 /// lies in the one file.
 bool finishCopy(const QString& copy, StoreError* error)
@@ -68,18 +62,17 @@ bool SqliteAdmin::init(const QString& file, const QByteArray& codecName, const Q
         return refuse(error, StoreError::BadRequest,
                       QString::fromUtf8("Часовой пояс «%1» неизвестен.").arg(QString::fromLatin1(timeZone)));
 
-    const auto connection = SqliteConnection::open(file, SqliteConnection::Create, deadlineMs, error);
-    if (!connection) {
+    auto connection = SqliteConnection::open(file, SqliteConnection::Create, deadlineMs, error);
+    if (!connection)
         return false;
-    }
-    const bool done =
-        connection->exec("BEGIN IMMEDIATE", error) && SqliteSchema::install(*connection, error) &&
+    if (connection->exec("BEGIN IMMEDIATE", error) && SqliteSchema::install(*connection, error) &&
         setProperty(*connection, "codec", codecName, error) &&
         setProperty(*connection, "timeZone", timeZone, error) &&
-        setProperty(*connection, "epoch", GenGuid32(), error) && connection->exec("COMMIT", error);
-    if (!done)
-        removeWithLogs(file);
-    return done;
+        setProperty(*connection, "epoch", GenGuid32(), error) && connection->exec("COMMIT", error))
+        return true;
+    connection.reset();
+    SqliteConnection::removeFile(file);
+    return false;
 }
 
 bool SqliteAdmin::check(const QString& file, QVector<StoreAdmin::Finding>* findings, StoreError* error)
@@ -105,7 +98,7 @@ bool SqliteAdmin::backup(const QString& file, const QString& copy, StoreError* e
         return false;
     // Under another name until it is whole and looked through, so that half a copy is never taken for one.
     const QString draft = copy + QStringLiteral(".part");
-    removeWithLogs(draft);
+    SqliteConnection::removeFile(draft);
     const QByteArray draftName = draft.toUtf8();
     SqliteStatement vacuum = connection->prepare("VACUUM INTO ?");
     vacuum.bind(1, draftName);
@@ -116,7 +109,7 @@ bool SqliteAdmin::backup(const QString& file, const QString& copy, StoreError* e
     if (done && !QFile::rename(draft, copy))
         done = refuse(error, StoreError::ReadOnly, QString::fromUtf8("Файл «%1» нельзя создать.").arg(copy));
     if (!done)
-        removeWithLogs(draft);
+        SqliteConnection::removeFile(draft);
     return done;
 }
 

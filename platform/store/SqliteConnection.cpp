@@ -111,9 +111,18 @@ std::unique_ptr<SqliteConnection> SqliteConnection::open(const QString& file, Mo
         *error = errorOf(code, file, QString::fromUtf8(sqlite3_errstr(code)));
         return nullptr;
     }
-    if (!connection->setUp(mode, error))
-        return nullptr;
-    return connection;
+    if (connection->setUp(mode, error))
+        return connection;
+    connection.reset();
+    if (mode == Create)
+        removeFile(file);
+    return nullptr;
+}
+
+void SqliteConnection::removeFile(const QString& file)
+{
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"})
+        QFile::remove(file + QLatin1String(suffix));
 }
 
 bool SqliteConnection::setUp(Mode mode, StoreError* error)
@@ -130,17 +139,17 @@ bool SqliteConnection::setUp(Mode mode, StoreError* error)
             *error = errorOf(SQLITE_READONLY, m_file, QString());
             return false;
         }
-        SqliteStatement mark = prepare("PRAGMA application_id");
-        if (!mark.step()) {
+        SqliteStatement marks = prepare("SELECT * FROM pragma_application_id, pragma_user_version");
+        if (!marks.step()) {
             *error = lastError();
             return false;
         }
-        if (mark.integer(0) != ApplicationId) {
+        if (marks.integer(0) != ApplicationId) {
             *error = {StoreError::NotAStore, sentence("Файл «%1» не является хранилищем журнала.", m_file),
-                      QStringLiteral("application_id %1").arg(mark.integer(0))};
+                      QStringLiteral("application_id %1").arg(marks.integer(0))};
             return false;
         }
-        *error = SqliteSchema::versionError(static_cast<int>(number("PRAGMA user_version")), m_file);
+        *error = SqliteSchema::versionError(static_cast<int>(marks.integer(1)), m_file);
         if (*error)
             return false;
     }
@@ -183,12 +192,6 @@ bool SqliteConnection::exec(const QByteArray& sql, StoreError* error)
     if (error)
         *error = lastError();
     return false;
-}
-
-qint64 SqliteConnection::number(const QByteArray& sql)
-{
-    SqliteStatement statement = prepare(sql);
-    return statement.step() ? statement.integer(0) : 0;
 }
 
 void SqliteConnection::startDeadline()

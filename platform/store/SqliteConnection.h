@@ -82,8 +82,6 @@ public:
     SqliteStatement prepare(const QByteArray& sql);
     /// Runs any number of statements.
     bool exec(const QByteArray& sql, StoreError* error = nullptr);
-    /// The first column of the first row as a number; 0 without a row.
-    qint64 number(const QByteArray& sql);
 
     /// Called now and then while a statement runs under a deadline or waits for the lock of another process.
     void setProgress(std::function<void()> progress) { m_progress = std::move(progress); }
@@ -96,6 +94,8 @@ public:
     /// True when the file is no longer at its place, so that nobody would find what is written.
     bool hasMoved() const;
 
+    /// Removes a database file that nobody has open, with its logs.
+    static void removeFile(const QString& file);
     /// The error of an engine's code, for the file.
     static StoreError errorOf(int code, const QString& file, const QString& detail);
 

@@ -27,39 +27,49 @@ SqliteStore::~SqliteStore()
 bool SqliteStore::connect(StoreError* error)
 {
     m_read.reset();
-    m_write = SqliteConnection::open(m_file, SqliteConnection::ReadWrite, m_options.deadlineMs, error);
-    if (!m_write)
+    m_write.reset();
+    auto write = SqliteConnection::open(m_file, SqliteConnection::ReadWrite, m_options.deadlineMs, error);
+    auto read = write
+                    ? SqliteConnection::open(m_file, SqliteConnection::ReadOnly, m_options.deadlineMs, error)
+                    : nullptr;
+    if (!read || !takeProperties(*read, error))
         return false;
-    m_read = SqliteConnection::open(m_file, SqliteConnection::ReadOnly, m_options.deadlineMs, error);
-    if (!m_read) {
-        m_write.reset();
+    // The login that was signed in before the file went away must be there again.
+    if (!m_user.login.isEmpty() && !findLogin(*read, m_user.login, &m_user, error))
         return false;
-    }
+    m_read = std::move(read);
+    m_write = std::move(write);
     for (SqliteConnection* connection : {m_write.get(), m_read.get()}) {
         connection->setProgress([this] {
             if (m_progress)
                 m_progress();
         });
     }
-    std::unique_ptr<CodePage> codePage = CodePage::create(property("codec"));
-    const bool sameCodec = codePage && (!m_codePage || m_codePage->codec() == codePage->codec());
-    if (!sameCodec) {
-        m_read.reset();
-        m_write.reset();
+    m_dataVersion = -1;
+    m_inRead = false;
+    return true;
+}
+
+bool SqliteStore::takeProperties(SqliteConnection& connection, StoreError* error)
+{
+    SqliteStatement row =
+        connection.prepare("SELECT (SELECT value FROM StoreProperties WHERE name = 'codec'),"
+                           " (SELECT value FROM StoreProperties WHERE name = 'timeZone')");
+    if (!row.step())
+        return fail(connection, error);
+    std::unique_ptr<CodePage> codePage = CodePage::create(row.bytes(0));
+    if (!codePage || (m_codePage && m_codePage->codec() != codePage->codec())) {
         *error = {StoreError::NotAStore,
                   QString::fromUtf8("Кодировка хранилища «%1» не поддерживается.").arg(m_file), QString()};
         return false;
     }
+    // Sessions and records hold on to the first one, also when the file is opened anew.
     if (!m_codePage) {
         m_codePage = std::move(codePage);
         m_packer = std::make_unique<ChangePacker>(m_codePage.get());
-        m_timeZone = property("timeZone");
+        m_timeZone = row.bytes(1);
     }
-    m_dataVersion = -1;
-    m_inRead = false;
-    // The login that was signed in before the file went away must be there again, under its key.
-    StoreLogin again;
-    return m_user.login.isEmpty() || signIn(m_user.login, &again, error);
+    return true;
 }
 
 bool SqliteStore::ready(StoreError* error)
@@ -74,13 +84,6 @@ bool SqliteStore::ready(StoreError* error)
         return true;
     error->code = StoreError::Lost;
     return false;
-}
-
-QByteArray SqliteStore::property(const char* name)
-{
-    SqliteStatement statement = m_write->prepare("SELECT value FROM StoreProperties WHERE name = ?");
-    statement.bind(1, QByteArray::fromRawData(name, static_cast<int>(qstrlen(name))));
-    return statement.step() ? statement.bytes(0) : QByteArray();
 }
 
 bool SqliteStore::fail(const SqliteConnection& connection, StoreError* error) const
@@ -104,19 +107,25 @@ QVector<StoreLogin> SqliteStore::logins()
 
 bool SqliteStore::signIn(const QString& login, StoreLogin* user, StoreError* error)
 {
-    if (m_user.login.isEmpty() && !ready(error))
+    if (!ready(error) || !findLogin(*m_read, login, user, error))
         return false;
+    m_user = *user;
+    return true;
+}
+
+bool SqliteStore::findLogin(SqliteConnection& connection, const QString& login, StoreLogin* user,
+                            StoreError* error) const
+{
     const QByteArray name = login.toUtf8();
-    SqliteStatement row = m_read->cached(
+    SqliteStatement row = connection.cached(
         "SELECT KeyLink, login, name_ FROM Users WHERE login = ? AND coalesce(deleted_, 0) = 0");
     row.bind(1, name);
     if (row.step()) {
-        m_user = loginOf(row);
-        *user = m_user;
+        *user = loginOf(row);
         return true;
     }
     if (row.code() != SQLITE_DONE)
-        return fail(*m_read, error);
+        return fail(connection, error);
     *error = {StoreError::Refused, QString::fromUtf8("Пользователь «%1» не найден.").arg(login), QString()};
     return false;
 }

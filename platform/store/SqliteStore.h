@@ -49,7 +49,9 @@ private:
     bool connect(StoreError* error);
     /// Opens the file anew when it is no longer where it was. Called first by every request.
     bool ready(StoreError* error);
-    QByteArray property(const char* name);
+    bool takeProperties(SqliteConnection& connection, StoreError* error);
+    bool findLogin(SqliteConnection& connection, const QString& login, StoreLogin* user,
+                   StoreError* error) const;
     bool fail(const SqliteConnection& connection, StoreError* error) const;
     /// Whose writes these are in the log.
     QByteArray writerName() const

@@ -115,8 +115,13 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
             known.bind(1, batchKey);
             if (known.step())
                 return true; // the answer to an earlier call was lost; the work is done
+            if (known.code() != SQLITE_DONE)
+                return fail(*m_write, error);
         }
-        const qint64 number = m_write->number("SELECT coalesce(max(number), 0) + 1 FROM ChangeTransactions");
+        SqliteStatement last = m_write->cached("SELECT coalesce(max(number), 0) FROM ChangeTransactions");
+        if (!last.step())
+            return fail(*m_write, error);
+        const qint64 number = last.integer(0) + 1;
         const QByteArray login = writerName();
         SqliteStatement begin = m_write->cached(
             "INSERT INTO CurrentTransaction (number, login, userKey, loader) VALUES (?, ?, ?, ?)");

@@ -43,8 +43,12 @@ bool SqliteStore::beginRead(StoreError* error)
     if (!ready(error) || !m_read->exec("BEGIN", error))
         return false;
     m_inRead = true;
-    m_read->number("SELECT count(*) FROM StoreProperties"); // the first read fixes what is seen until endRead
-    return true;
+    // The first read fixes what is seen until endRead.
+    ChangePosition now;
+    if (position(&now, error))
+        return true;
+    endRead();
+    return false;
 }
 
 void SqliteStore::endRead()

@@ -20,7 +20,9 @@ bool TransactionChain::next(SqliteConnection& connection, const Head& head, QByt
     QCryptographicHash hash(QCryptographicHash::Sha256);
     SqliteStatement before = connection.cached("SELECT chain FROM ChangeTransactions WHERE number = ?");
     before.bind(1, head.number - 1);
-    add(&hash, before.step() ? before.bytes(0) : QByteArray());
+    if (!before.step() && before.code() != SQLITE_DONE)
+        return false;
+    add(&hash, before.code() == SQLITE_ROW ? before.bytes(0) : QByteArray());
     add(&hash, QByteArray::number(head.number));
     add(&hash, head.batchKey);
     add(&hash, head.login);

@@ -7,6 +7,7 @@
 #include "TableCatalog.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QTextCodec>
 #include <QUrl>
@@ -23,6 +24,14 @@ QTextCodec* codec()
 QString urlOf(const QString& file)
 {
     return QStringLiteral("sqlite://") + QString::fromLatin1(QUrl::toPercentEncoding(file, "/"));
+}
+
+/// Memory where the system offers it as a folder: tests would otherwise mostly wait for the disk.
+QString folderTemplate()
+{
+    const QFileInfo memory(QStringLiteral("/dev/shm"));
+    const bool usable = memory.isDir() && memory.isWritable();
+    return (usable ? memory.filePath() : QDir::tempPath()) + QStringLiteral("/vrk-test-XXXXXX");
 }
 
 void require(bool done, const StoreError& error)
@@ -43,7 +52,7 @@ std::unique_ptr<Store> openAs(const QString& url, const QString& login, const St
 
 /// The files that are copied for each test, made at the first use.
 struct Originals {
-    QTemporaryDir folder;
+    QTemporaryDir folder{folderTemplate()};
     double now = 0;
 
     Originals()
@@ -110,7 +119,7 @@ QVariant columnOf(sqlite3_stmt* row, int column)
 }
 } // namespace
 
-TestStore::TestStore(Content content)
+TestStore::TestStore(Content content) : m_folder(folderTemplate())
 {
     if (!QFile::copy(originals().file(content), path()))
         qFatal("the store of the tests cannot be copied");
