@@ -54,6 +54,22 @@ void FillerEditors::setParameters(const QVector<ParameterSpec>& specs, Reference
         connect(editor, &ParameterEditor::nextRequested, this, [this, i] { emit nextRequested(i); });
     }
     setWidget(content);
+    placeInTabOrder();
+}
+
+void FillerEditors::placeInTabOrder()
+{
+    // New widgets come last in the window's order; the editors belong where this area stands in it, which it only
+    // does while it takes the keyboard itself.
+    setFocusPolicy(Qt::TabFocus);
+    QWidget* before = this;
+    for (QWidget* input : widget()->findChildren<QWidget*>()) {
+        if (!(input->focusPolicy() & Qt::TabFocus) || input->focusProxy())
+            continue;
+        setTabOrder(before, input);
+        before = input;
+    }
+    setFocusPolicy(Qt::NoFocus);
 }
 
 int FillerEditors::indexOf(const QWidget* widget) const

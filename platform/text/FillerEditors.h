@@ -40,6 +40,8 @@ signals:
     void nextRequested(int index);
 
 private:
+    void placeInTabOrder();
+
     struct Row {
         QLabel* label;
         ParameterEditor* editor;

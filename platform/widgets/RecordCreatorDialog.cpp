@@ -18,7 +18,19 @@
 namespace
 {
 const QSize UsualSize(1200, 650);
+constexpr int NamedMissing = 4; // of the parameters without a value; more would not be read
 const char* const SplitterSetting = "recordCreator/splitter";
+
+/// A disabled field that is there to be read keeps the colours of enabled text.
+void setReadable(QWidget* field, bool readable)
+{
+    QPalette palette;
+    if (readable) {
+        for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
+            palette.setColor(QPalette::Disabled, role, field->palette().color(QPalette::Active, role));
+    }
+    field->setPalette(palette);
+}
 } // namespace
 
 RecordCreatorDialog::RecordCreatorDialog(QWidget* parent, int flag)
@@ -51,8 +63,8 @@ void RecordCreatorDialog::connectWidgets()
     connect(m_form->cancelButton, &QPushButton::clicked, this, &RecordCreatorDialog::requestClose);
     connect(m_form->templatesWidget, &TemplatesWidget::selectionChanged, this,
             &RecordCreatorDialog::chooseTemplate);
-    connect(m_form->templatesWidget, &TemplatesWidget::templateActivated, m_form->templateFiller,
-            QOverload<>::of(&QWidget::setFocus));
+    connect(m_form->templatesWidget, &TemplatesWidget::templateActivated, this,
+            &RecordCreatorDialog::focusText);
     connect(m_form->templateFiller, &TemplateFiller::templateChanged, this,
             &RecordCreatorDialog::updateControls);
     connect(m_form->counterpartEdit, &WorkerEdit::changed, this, &RecordCreatorDialog::updateControls);
@@ -126,20 +138,26 @@ void RecordCreatorDialog::updateControls()
     const bool writable = creating || m_mode == Mode::Edit || m_mode == Mode::Orphaned;
     m_form->templatesWidget->setVisible(creating);
     m_form->keepOpenCheck->setVisible(creating);
-    m_form->templateFiller->setEnabled(writable);
-    m_form->eventTimeEdit->setEnabled(writable);
-    m_form->nowButton->setEnabled(writable);
-    for (QAbstractButton* button : m_form->directionGroup->buttons())
-        button->setEnabled(writable);
-    m_form->counterpartEdit->setEnabled(writable);
+    for (QWidget* field : fields()) {
+        if (field->isEnabled() == writable)
+            continue;
+        field->setEnabled(writable);
+        setReadable(field, !writable);
+    }
     m_form->saveButton->setVisible(m_mode != Mode::Read);
     m_form->cancelButton->setText(m_mode == Mode::Read ? tr("Закрыть") : tr("Отмена"));
 
     const QString reason = holdReason();
     m_form->saveButton->setEnabled(reason.isEmpty());
     m_form->saveButton->setToolTip(reason.isEmpty() ? tr("Ctrl+Enter") : reason);
-    m_form->holdLabel->setText(m_mode == Mode::Read ? QString() : reason);
-    m_form->holdLabel->setToolTip(m_form->holdLabel->text());
+    m_form->holdLabel->setText(reason);
+    m_form->holdLabel->setVisible(m_mode != Mode::Read && !reason.isEmpty());
+}
+
+QVector<QWidget*> RecordCreatorDialog::fields() const
+{
+    return {m_form->templateFiller, m_form->eventTimeEdit, m_form->nowButton,      m_form->noDirectionButton,
+            m_form->fromButton,     m_form->toButton,      m_form->counterpartEdit};
 }
 
 QString RecordCreatorDialog::holdReason() const
@@ -164,8 +182,10 @@ QString RecordCreatorDialog::holdReason() const
         return tr("Выберите шаблон");
     if (!filler->isFilled()) {
         const QStringList missing = missingParameters();
-        return missing.isEmpty() ? tr("Заполнены не все параметры")
-                                 : tr("Не заполнено: %1").arg(missing.join(QStringLiteral(", ")));
+        const QString named = missing.mid(0, NamedMissing).join(QStringLiteral(", "));
+        return missing.size() > NamedMissing
+                   ? tr("Не заполнено: %1 и ещё %2").arg(named).arg(missing.size() - NamedMissing)
+                   : tr("Не заполнено: %1").arg(named);
     }
     if (!m_form->counterpartEdit->isResolved())
         return tr("Выберите собеседника из списка");
@@ -222,7 +242,7 @@ void RecordCreatorDialog::answer(int answer)
         break;
     case Stay:
         m_openAsked = false;
-        m_form->templateFiller->setFocus();
+        focusText();
         break;
     case KeepMine:
         m_conflict = false;

@@ -77,6 +77,7 @@ private:
     // RecordCreatorDialog.cpp: the window
     void connectWidgets();
     void updateControls();
+    QVector<QWidget*> fields() const;
     QString holdReason() const;
     void requestClose();
     void leave();
@@ -100,6 +101,7 @@ private:
     void showFields(const RecordDraft& draft);
     void showCounterpart(const QByteArray& key);
     void showMarker();
+    void focusText();
     void tellReadOnly();
     CModelTable* table(const char* name) const;
     RecordDraft draft() const;

@@ -7,6 +7,7 @@
 #include "HfnWrapper.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
+#include "ParameterKind.h"
 #include "RecordCreatorKept.h"
 #include "ui_RecordCreatorDialog.h"
 
@@ -15,18 +16,12 @@
 namespace
 {
 const char* const UsualTimeFormat = "dd.MM.yyyy hh:mm";
-constexpr int NamedMissing = 4; // more would not be read
-
-QString textOf(const HtmlParser& parser, unsigned index, const char* name)
-{
-    return QString::fromStdString(parser.propertyValue(index, name));
-}
 
 bool isEmpty(const HtmlParser& parser, unsigned index)
 {
     const QString shown = QString::fromStdString(parser.displayText(index)).trimmed();
     return parser.propertyData(index).empty() &&
-           (shown.isEmpty() || shown == textOf(parser, index, "locname").trimmed());
+           (shown.isEmpty() || shown == ParameterSpec::read(parser, index).label.trimmed());
 }
 
 /// The name of the row with this key, in a table whose key 0 is KeyLink.
@@ -76,14 +71,14 @@ void RecordCreatorDialog::prefillTime()
     const HtmlParser parser(m_form->templateFiller->filledTemplate(false).toStdString());
     // A term is set by a decision: the present moment standing there would be overlooked.
     if (!isEmpty(parser, found.first()) ||
-        textOf(parser, found.first(), "locname").startsWith(tr("Срок"), Qt::CaseInsensitive))
+        ParameterSpec::read(parser, found.first()).label.startsWith(tr("Срок"), Qt::CaseInsensitive))
         return;
     writeAutoTime(parser, found.first());
 }
 
 void RecordCreatorDialog::writeAutoTime(const HtmlParser& parser, unsigned index)
 {
-    QString format = textOf(parser, index, "format");
+    QString format = ParameterSpec::read(parser, index).format;
     if (format.isEmpty())
         format = QLatin1String(UsualTimeFormat);
     m_autoTime = m_form->eventTimeEdit->dateTime().toString(format);
@@ -112,14 +107,10 @@ QStringList RecordCreatorDialog::missingParameters() const
 {
     const HtmlParser parser(m_form->templateFiller->filledTemplate(false).toStdString());
     QStringList missing;
-    int count = 0;
     for (unsigned index = 0; index < parser.countParameters(); ++index) {
-        if (parser.isExistProperty(index, "optional") || !isEmpty(parser, index))
-            continue;
-        if (++count <= NamedMissing)
-            missing.append(textOf(parser, index, "locname"));
+        const ParameterSpec spec = ParameterSpec::read(parser, index);
+        if (!spec.optional && isEmpty(parser, index))
+            missing.append(spec.label);
     }
-    if (count > NamedMissing)
-        missing.append(tr("и ещё %1").arg(count - NamedMissing));
     return missing;
 }

@@ -6,6 +6,7 @@
 #include "CVrkCliSes.h"
 #include "GenGuid32.h"
 #include "HfnWrapper.h"
+#include "HtmlParser.h"
 #include "MDRValues.h"
 #include "RecordCreatorKept.h"
 #include "ui_RecordCreatorDialog.h"
@@ -111,7 +112,10 @@ void RecordCreatorDialog::openNew()
     if (m_kept)
         restoreKept();
     m_form->templatesWidget->setVisible(true);
-    m_form->templatesWidget->startSearch();
+    if (m_restored)
+        focusText();
+    else
+        m_form->templatesWidget->startSearch();
 }
 
 void RecordCreatorDialog::openRecord(const QByteArray& key)
@@ -134,7 +138,17 @@ void RecordCreatorDialog::openRecord(const QByteArray& key)
         tellReadOnly();
     else if (m_kept && !m_kept->create && m_kept->key == key)
         restoreKept();
-    m_form->templateFiller->setFocus();
+    focusText();
+}
+
+void RecordCreatorDialog::focusText()
+{
+    if (m_mode == Mode::Read)
+        m_form->cancelButton->setFocus();
+    else if (HtmlParser(m_form->templateFiller->filledTemplate(true).toStdString()).countParameters() > 0)
+        m_form->templateFiller->setFocus();
+    else
+        m_form->eventTimeEdit->setFocus();
 }
 
 void RecordCreatorDialog::tellReadOnly()

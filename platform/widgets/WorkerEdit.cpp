@@ -24,6 +24,7 @@ WorkerEdit::WorkerEdit(QWidget* parent)
     m_line->setObjectName(QStringLiteral("workerLine"));
     m_line->setPlaceholderText(tr("Фамилия, имя или подразделение"));
     m_line->setClearButtonEnabled(true);
+    m_line->setMinimumWidth(fontMetrics().averageCharWidth() * 14);
     m_line->installEventFilter(this);
     m_treeButton->setObjectName(QStringLiteral("workerTreeButton"));
     m_treeButton->setText(QStringLiteral("…"));

@@ -5,6 +5,7 @@
 #include "MDRValues.h"
 #include "NoticeBar.h"
 
+#include <QApplication>
 #include <QTest>
 
 namespace
@@ -76,7 +77,8 @@ void CreatorBench::create()
     dialog->setCurrentRecord(nullptr);
     dialog->setWorkshiftKey(QStringLiteral("SHIFT_CDS_OPEN"));
     dialog->show();
-    dialog->activateWindow();
+    // The offscreen platform activates a window only the first time that it is shown.
+    QApplication::setActiveWindow(dialog);
     QVERIFY(QTest::qWaitForWindowActive(dialog));
 }
 
@@ -85,7 +87,8 @@ void CreatorBench::edit(const QByteArray& key)
     dialog->setCurrentRecord(record(key));
     dialog->setWorkshiftKey(QStringLiteral("SHIFT_CDS_OPEN"));
     dialog->show();
-    dialog->activateWindow();
+    // The offscreen platform activates a window only the first time that it is shown.
+    QApplication::setActiveWindow(dialog);
     QVERIFY(QTest::qWaitForWindowActive(dialog));
 }
 

@@ -41,7 +41,12 @@ public:
     QLineEdit* counterpartLine() { return find<QLineEdit>("workerLine"); }
     QAbstractButton* button(const char* name) { return find<QAbstractButton>(name); }
     void click(const char* name);
-    QString holdText() { return find<QLabel>("holdLabel")->text(); }
+    /// Why saving is held back, as the line below the text says; empty while it is hidden.
+    QString holdText()
+    {
+        const auto* label = find<QLabel>("holdLabel");
+        return label->isVisible() ? label->text() : QString();
+    }
     /// Text of a bar, empty while it is hidden.
     QString bar(const char* name);
     QString notice() { return bar("noticeBar"); }

@@ -269,7 +269,7 @@ private slots:
         bench.create();
         QCOMPARE(bench.holdText(), QStringLiteral("Выберите шаблон"));
         bench.choose("TPL_MANY");
-        const QString reason = QStringLiteral("Не заполнено: Первый, Третий, Четвёртый, Пятый, и ещё 2");
+        const QString reason = QStringLiteral("Не заполнено: Первый, Третий, Четвёртый, Пятый и ещё 2");
         QCOMPARE(bench.holdText(), reason);
         QCOMPARE(bench.button("saveButton")->toolTip(), reason);
         QVERIFY(!bench.button("saveButton")->isEnabled());

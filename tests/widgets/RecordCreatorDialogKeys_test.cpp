@@ -1,0 +1,202 @@
+#include "CreatorBench.h"
+#include "DemoTemplates.h"
+#include "GenGuid32.h"
+#include "HtmlParser.h"
+#include "TemplateText.h"
+#include "Typing.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace
+{
+/// Files the templates of the demo journal, all of them open to DEP_CDS.
+void addDemoTemplates(const TestStore& store)
+{
+    const std::unique_ptr<Store> loader = store.openLoader();
+    QHash<QString, QByteArray> categories;
+    for (const DemoTemplate& demo : DemoTemplates::builtIn()) {
+        const QString level = QString::number(demo.level);
+        QString path = level;
+        QByteArray parent;
+        for (const QString& name : demo.categories) {
+            path += u'/' + name;
+            QByteArray& key = categories[path];
+            if (key.isEmpty()) {
+                key = GenGuid32();
+                TestStore::Fields fields{{"nameLoc", name}};
+                if (!parent.isEmpty())
+                    fields.push_back({"ParentKey", QString::fromLatin1(parent)});
+                else if (demo.level == DemoTemplate::OrgType)
+                    fields.push_back({"OrgTypeKey", "TYPE_NETS"});
+                else if (demo.level == DemoTemplate::Department)
+                    fields.push_back({"DepartmentKey", "DEP_CDS"});
+                QVERIFY(TestStore::write(loader.get(), "LogbookCatsTemplate", ROW_INSERT, key, fields));
+            }
+            parent = key;
+        }
+        QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_INSERT, GenGuid32(),
+                                 {{"CategoryKey", QString::fromLatin1(parent)},
+                                  {"nameLoc", demo.name},
+                                  {"html", QString::fromStdString(demo.html)}}));
+    }
+    // The small journal's own template of this name would be a second one.
+    QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_DELETE, "TPL_ORDER"));
+}
+
+/// A dispatcher at the keyboard: everything goes where the keyboard is, and keys are counted.
+class Keyboard
+{
+public:
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        ++count;
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    /// Letters that find something: they count.
+    void find(const QString& letters)
+    {
+        count += letters.size();
+        typeText(QApplication::focusWidget(), letters);
+    }
+    /// The words of the record itself: they would have to be written by any means.
+    void write(const QString& words) { typeText(QApplication::focusWidget(), words); }
+
+    int count = 0;
+};
+} // namespace
+
+/// The dialog by keyboard alone.
+class RecordCreatorDialogKeys_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("test"));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+    }
+    void init() { QSettings().clear(); }
+
+    void a_switching_order_takes_thirty_keys_besides_its_words()
+    {
+        TestStore store;
+        addDemoTemplates(store);
+        CreatorBench bench(store);
+        bench.create();
+        const QString time = bench.eventTime()->dateTime().toString(QStringLiteral("hh:mm"));
+
+        Keyboard keyboard;
+        keyboard.find(QStringLiteral("ком пр"));
+        keyboard.press(Qt::Key_Return); // the time of the order is there already
+        keyboard.find(QStringLiteral("пет"));
+        keyboard.press(Qt::Key_Return);
+        keyboard.press(Qt::Key_Return);
+        keyboard.find(QStringLiteral("зар"));
+        keyboard.press(Qt::Key_Return);
+        keyboard.press(Qt::Key_Return);
+        keyboard.find(QStringLiteral("о"));
+        keyboard.press(Qt::Key_Return);
+        keyboard.find(QStringLiteral("пол"));
+        keyboard.press(Qt::Key_Return);
+        keyboard.press(Qt::Key_Return);
+        keyboard.write(QStringLiteral("замена ввода"));
+        keyboard.press(Qt::Key_Return, Qt::ControlModifier);
+
+        QVERIFY(!bench.dialog->isVisible());
+        const QString html =
+            store.value(QStringLiteral("SELECT html FROM LogbookRecords ORDER BY rowid DESC LIMIT 1"))
+                .toString();
+        QCOMPARE(TemplateText::plain(html),
+                 time +
+                     QStringLiteral(" отдана команда Петров Пётр Петрович, Диспетчер: на ПС 110 кВ Заречная "
+                                    "отключить В 110 Полевая I цепь. Цель: замена ввода. Команда повторена, "
+                                    "правильность повторения подтверждена. Бланк переключений № ."));
+        QVERIFY2(keyboard.count <= 30, qPrintable(QString::number(keyboard.count)));
+        qInfo("%d keys", keyboard.count);
+    }
+
+    void tab_walks_the_way_of_the_eye()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        bench.choose("TPL_TRIP");
+        QStringList walked;
+        QWidget* const first = QApplication::focusWidget();
+        do {
+            walked.append(QApplication::focusWidget()->objectName());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        } while (QApplication::focusWidget() != first && walked.size() < 40);
+        const QStringList order{QStringLiteral("searchEdit"),        QStringLiteral("templatesTree"),
+                                QStringLiteral("eventTimeEdit"),     QStringLiteral("nowButton"),
+                                QStringLiteral("noDirectionButton"), QStringLiteral("workerLine"),
+                                QStringLiteral("parameterInput_0"),  QStringLiteral("parameterInput_1"),
+                                QStringLiteral("keepOpenCheck"),     QStringLiteral("cancelButton")};
+        int last = -1;
+        for (const QString& name : order) {
+            const int at = walked.indexOf(name);
+            QVERIFY2(at > last, qPrintable(name + QStringLiteral(" in ") + walked.join(u' ')));
+            last = at;
+        }
+    }
+
+    void control_f_leads_back_to_the_search()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        bench.choose("TPL_TRIP");
+        bench.filler()->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("searchEdit"));
+    }
+
+    void enter_on_a_template_leads_to_its_first_empty_parameter()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        typeText(QApplication::focusWidget(), QStringLiteral("отключение"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QVERIFY(bench.filler()->isAncestorOf(QApplication::focusWidget()));
+        QCOMPARE(QApplication::focusWidget()->accessibleName(), QStringLiteral("Линия"));
+    }
+
+    void the_keyboard_starts_where_work_begins()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        const std::unique_ptr<Store> loader = store.openLoader();
+        const QString text = QString::fromStdString(
+            HtmlParser::createParameter({{"name", "text"}, {"locname", "Содержание"}}, "Содержание"));
+        QVERIFY(TestStore::write(loader.get(), "LogbookRecords", ROW_UPDATE, "REC_DRAFT_PETROV",
+                                 {{"html", text}}));
+        bench.loadRecords();
+        const struct {
+            const char* record;
+            const char* focus;
+        } cases[] = {{nullptr, "searchEdit"},
+                     {"REC_DRAFT_PETROV", "parameterInput_0"}, // something is missing there
+                     {"REC_DRAFT_IVANOV", "eventTimeEdit"},    // a text without parameters
+                     {"REC_ORDER", "cancelButton"}};
+        for (const auto& opened : cases) {
+            if (opened.record)
+                bench.edit(opened.record);
+            else
+                bench.create();
+            QVERIFY2(QApplication::focusWidget(), opened.focus);
+            QCOMPARE(QApplication::focusWidget()->objectName(), QLatin1String(opened.focus));
+            bench.dialog->close();
+        }
+    }
+
+private:
+    QTemporaryDir m_settings;
+};
+
+QTEST_MAIN(RecordCreatorDialogKeys_test)
+#include "RecordCreatorDialogKeys_test.moc"
