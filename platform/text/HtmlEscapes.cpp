@@ -18,7 +18,7 @@ int hexValue(char c)
 bool isSpecial(char c)
 {
     const auto byte = static_cast<unsigned char>(c);
-    return byte < 0x20 || byte == 0x7f || std::string_view("%;=&<>[]\"'").find(c) != std::string_view::npos;
+    return byte <= 0x20 || byte == 0x7f || std::string_view("%;=&<>[]\"'").find(c) != std::string_view::npos;
 }
 
 struct Entity {
@@ -76,7 +76,9 @@ std::string HtmlEscapes::toPercent(std::string_view text, char alsoEscaped)
     std::string escaped;
     escaped.reserve(text.size());
     for (const char c : text) {
-        if (isSpecial(c) || (alsoEscaped != '\0' && c == alsoEscaped)) {
+        // Two hyphens in a row could end a comment that somebody left open in front.
+        const bool hyphens = c == '-' && !escaped.empty() && escaped.back() == '-';
+        if (isSpecial(c) || hyphens || (alsoEscaped != '\0' && c == alsoEscaped)) {
             const auto byte = static_cast<unsigned char>(c);
             escaped += {'%', digits[byte >> 4], digits[byte & 15]};
         } else {

@@ -6,7 +6,8 @@
 /// The escapes of template texts, on bytes of any encoding that extends ASCII.
 namespace HtmlEscapes
 {
-/// Escapes as %XX what separates properties or reads as markup: control characters and % ; = & < > [ ] " '.
+/// Escapes as %XX what separates properties or reads as markup, in attributes without quotes too: blanks, control
+/// characters and % ; = & < > [ ] " '.
 std::string toPercent(std::string_view text, char alsoEscaped = '\0');
 /// The inverse; a "%" without two hexadecimal digits stands for itself.
 std::string fromPercent(std::string_view text);

@@ -132,7 +132,10 @@ void HtmlParser::parse()
         m_parameters.back().contentEnd = at;
         m_parameters.back().closed = closed;
     };
+    bool stray = false;
     while (scanner.next(token)) {
+        const bool behindStray = stray;
+        stray = token.kind == Scanner::Text && m_html[token.begin] == '<';
         if (token.kind == Scanner::Close && Scanner::equals(token.name, "a"))
             endParameter(token.begin, true);
         if (token.kind != Scanner::Open)
@@ -150,7 +153,7 @@ void HtmlParser::parse()
         } else if (Scanner::equals(token.name, "meta") &&
                    scanner.view(scanner.attribute(token, "name")) == "template") {
             readTemplateProperties(scanner.view(scanner.attribute(token, "content")));
-            m_propertyElements.push_back({token.begin, token.end});
+            m_propertyElements.push_back({token.begin, token.end, behindStray});
         }
     }
     endParameter(m_html.size(), false);
@@ -236,7 +239,7 @@ void HtmlParser::setDisplayText(unsigned i, const std::string& text)
     const auto [front, behind] = enclosingTags(old);
     parameter.content = old.substr(0, front) + escaped(text) + old.substr(old.size() - behind);
     parameter.contentChanged = true;
-    for (const Span& element : m_propertyElements) { // it would go down with the old text
+    for (const PropertyElement& element : m_propertyElements) { // it would go down with the old text
         if (element.begin >= parameter.contentBegin && element.begin < parameter.contentEnd)
             m_templatePropertiesChanged = true;
     }
@@ -350,10 +353,6 @@ std::string HtmlParser::templatePropertiesElement() const
 std::string HtmlParser::readyHtml(bool withTemplateProperties) const
 {
     std::vector<Edit> edits;
-    if (m_templatePropertiesChanged || !withTemplateProperties) {
-        for (const Span& element : m_propertyElements)
-            edits.push_back({element.begin, element.end, std::string()});
-    }
     for (const Parameter& parameter : m_parameters) {
         if (parameter.linkChanged)
             edits.push_back({parameter.linkBegin, parameter.linkEnd, parameter.link});
@@ -361,7 +360,14 @@ std::string HtmlParser::readyHtml(bool withTemplateProperties) const
             edits.push_back({parameter.contentBegin, parameter.contentEnd,
                              parameter.closed ? parameter.content : parameter.content + "</a>"});
     }
-    std::sort(edits.begin(), edits.end(), [](const Edit& a, const Edit& b) { return a.begin < b.begin; });
+    if (m_templatePropertiesChanged || !withTemplateProperties) {
+        for (const PropertyElement& element : m_propertyElements)
+            edits.push_back({element.begin, element.end, element.behindStray ? "<!>" : ""});
+    }
+    // Of two that begin together the one that encloses the other goes first, a parameter's before others.
+    std::stable_sort(edits.begin(), edits.end(), [](const Edit& a, const Edit& b) {
+        return a.begin != b.begin ? a.begin < b.begin : a.end > b.end;
+    });
 
     std::string ready;
     ready.reserve(m_html.size() + 64);

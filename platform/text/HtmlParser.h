@@ -104,9 +104,10 @@ private:
         std::string value;
         bool flag;
     };
-    struct Span {
+    struct PropertyElement {
         std::size_t begin;
         std::size_t end;
+        bool behindStray; ///< a stray "<" stands in front, which must not join with what follows
     };
 
     void parse();
@@ -120,6 +121,7 @@ private:
     std::string m_html;
     std::vector<Parameter> m_parameters;
     std::vector<TemplateProperty> m_templateProperties;
-    std::vector<Span> m_propertyElements; ///< where the elements with template properties stand in m_html
+    std::vector<PropertyElement>
+        m_propertyElements; ///< where the elements with template properties stand in m_html
     bool m_templatePropertiesChanged = false;
 };
