@@ -44,6 +44,7 @@ void CVrkLogBook::configureTabBar()
 void CVrkLogBook::createDialogs()
 {
     m_orgStructDialog = new OrgStructDialog(this, -1);
+    m_orgStructDialog->setObjectName(QStringLiteral("departmentDialog")); // the tabs have theirs beside it
     m_orgStructDialog->widget()->init(this);
 }
 

@@ -141,11 +141,13 @@ void CVrkLogBook::hideUnbuilt()
 {
     m_chooseWorkshiftAction->setVisible(false);
     m_chooseIntervalAction->setVisible(false);
+    m_appendWorkerAction->setVisible(false);
+    m_infoWorkshiftAction->setVisible(false);
     bool behindSeparator = true;
     for (QAction* action : m_toolBar->actions()) {
         const QWidget* widget = m_toolBar->widgetForAction(action);
-        if (widget == m_workshiftButton || widget == m_executionButton || widget == m_commentsButton ||
-            widget == m_reportButton || (action->isSeparator() && behindSeparator))
+        if (widget == m_executionButton || widget == m_commentsButton || widget == m_reportButton ||
+            (action->isSeparator() && behindSeparator))
             action->setVisible(false);
         else
             behindSeparator = action->isSeparator();
@@ -162,6 +164,8 @@ void CVrkLogBook::createConnections()
     connect(m_timeButton, &QToolButton::clicked, m_currentWorkshiftAction, &QAction::trigger);
     connect(m_workshiftButton, &QToolButton::clicked, this, &CVrkLogBook::workshiftButtonClicked);
 
+    connect(m_openWorkshiftAction, &QAction::triggered, home(), &LogBookWidget::openWorkshiftRequest);
+    connect(m_closeWorkshiftAction, &QAction::triggered, home(), &LogBookWidget::closeWorkshiftRequest);
     connect(m_createButton, &QToolButton::clicked, home(), &LogBookWidget::createRecordRequest);
     connect(m_deleteRecordAction, &QAction::triggered, home(), &LogBookWidget::deleteRecordRequest);
     connect(m_deleteMyDraftsAction, &QAction::triggered, home(), &LogBookWidget::deleteMyDraftsRequest);

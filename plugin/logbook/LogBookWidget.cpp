@@ -1,11 +1,14 @@
 #include "LogBookWidget.h"
 
+#include "CloseWorkshiftDialog.h"
 #include "CommentsPane.h"
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "FilesPane.h"
 #include "LocationInfo.h"
 #include "LogbookTables.h"
+#include "OpenWorkshiftDialog.h"
+#include "OrgStructDialog.h"
 #include "RecordColumns.h"
 #include "RecordCreatorDialog.h"
 #include "ui_LogBookTab.h"
@@ -38,7 +41,10 @@ LogBookWidget::~LogBookWidget()
 {
     // They belong to the module's window, but hold tables of this page. The view goes before the tables too.
     delete m_messageBox;
+    delete m_openWorkshift;
+    delete m_closeWorkshift;
     delete m_recordCreator;
+    delete m_orgStruct;
     delete m_tableTool;
 }
 

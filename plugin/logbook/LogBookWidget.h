@@ -12,10 +12,13 @@
 #include <QPointer>
 #include <QVector>
 
+class CloseWorkshiftDialog;
 class CommentsPane;
 class CRowBatch;
 class FilesPane;
 class FilterByStatus;
+class OpenWorkshiftDialog;
+class OrgStructDialog;
 class QAbstractButton;
 class QMenu;
 class QTimer;
@@ -91,6 +94,10 @@ public slots:
     /// Shows the records made in an interval.
     void uploadRecordsIn(const QDateTime& from, const QDateTime& to);
 
+    /// Shows the dialog in which a workshift is opened.
+    void openWorkshiftRequest();
+    /// Shows the dialog in which it is closed; asks about its drafts first, if there are any.
+    void closeWorkshiftRequest();
     void createRecordRequest();
     void editRecordRequest();
     void deleteRecordRequest();
@@ -118,6 +125,7 @@ protected:
 
 private slots: // by name: showMsgBox takes the slot's name
     void closeMsgBox(QAbstractButton* button);
+    void closeWorkshiftAnswer(QAbstractButton* button);
     void deleteRecordAnswer(QAbstractButton* button);
     void approveRecordAnswer(QAbstractButton* button);
 
@@ -182,6 +190,8 @@ private:
     // LogBookWidget_annex.cpp
     bool send(CRowBatch& batch);
     void showError(const QString& title, const QString& text);
+    void createShiftDialogs();
+    void showCloseWorkshift(bool approveDrafts);
     void showRecordCreator(MDRData* record);
     bool deleteRecord(MDRData* record);
     bool setRecordDeleted(MDRData* record);
@@ -218,6 +228,9 @@ private:
     QAction* m_approveAction = nullptr;
     QAction* m_signAction = nullptr;
     QPointer<CPopMessageBox> m_messageBox;
+    QPointer<OrgStructDialog> m_orgStruct; ///< one for all dialogs of the page
+    QPointer<OpenWorkshiftDialog> m_openWorkshift;
+    QPointer<CloseWorkshiftDialog> m_closeWorkshift;
     QPointer<RecordCreatorDialog> m_recordCreator;
     QVector<QWidget*> m_shiftDialogs; ///< those that a closed workshift closes
 };

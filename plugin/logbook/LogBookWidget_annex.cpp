@@ -1,3 +1,4 @@
+#include "CloseWorkshiftDialog.h"
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
@@ -6,6 +7,7 @@
 #include "LogbookTables.h"
 #include "LogBookWidget.h"
 #include "LogText.h"
+#include "OpenWorkshiftDialog.h"
 #include "RecordCreatorDialog.h"
 #include "RecordValue.h"
 #include "VrkTableTool.h"
@@ -40,6 +42,38 @@ void LogBookWidget::showError(const QString& title, const QString& text)
 {
     showMsgBox(title, LogText::centered(text), MessageIconError, MessageTypeOk,
                SLOT(closeMsgBox(QAbstractButton*)));
+}
+
+void LogBookWidget::openWorkshiftRequest()
+{
+    m_openWorkshift->show();
+}
+
+void LogBookWidget::closeWorkshiftRequest()
+{
+    if (!isExistDrafts()) {
+        showCloseWorkshift(false);
+        return;
+    }
+    showMsgBox(tr("Утверждение записей"),
+               LogText::centered(tr("Смена содержит черновые записи!") + QStringLiteral("<br/><br/>") +
+                                 tr("Утвердить все черновые записи?")),
+               MessageIconQuestion, MessageTypeYesNo, SLOT(closeWorkshiftAnswer(QAbstractButton*)));
+}
+
+/// No does not stop the closing: the drafts stay drafts.
+void LogBookWidget::closeWorkshiftAnswer(QAbstractButton* button)
+{
+    const bool approve = isConfirmed(button);
+    if (button)
+        showCloseWorkshift(approve);
+}
+
+void LogBookWidget::showCloseWorkshift(bool approveDrafts)
+{
+    m_closeWorkshift->setApproveDraftRecords(approveDrafts);
+    m_closeWorkshift->setCurrentWorkshift(m_currentWorkshift);
+    m_closeWorkshift->show();
 }
 
 void LogBookWidget::createRecordRequest()

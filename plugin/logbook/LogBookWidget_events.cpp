@@ -1,9 +1,13 @@
+#include "CloseWorkshiftDialog.h"
 #include "CommentsPane.h"
 #include "FilesPane.h"
 #include "LocationInfo.h"
 #include "LogbookFields.h"
 #include "LogbookTables.h"
 #include "LogBookWidget.h"
+#include "OpenWorkshiftDialog.h"
+#include "OrgStructDialog.h"
+#include "OrgStructWidget.h"
 #include "RecordCreatorDialog.h"
 #include "RecordValue.h"
 #include "VrkTableModel.h"
@@ -11,7 +15,10 @@
 
 bool LogBookWidget::MessageData(TEventNciParse* event)
 {
+    m_openWorkshift->MessageData(event);
+    m_closeWorkshift->MessageData(event);
     m_recordCreator->MessageData(event);
+    m_orgStruct->widget()->MessageData(event);
 
     switch (event->eventNumber) {
     case EventInserted:
@@ -53,6 +60,8 @@ bool LogBookWidget::insertRow(TEventNciParse* event)
     if (table == &m_workshifts) {
         m_currentWorkshift = row;
         updateRecordsFilter();
+        if (isOpenWorkshift() && m_openWorkshift->isVisible())
+            m_openWorkshift->close();
         uploadCurrentWorkshift();
     } else if (table == &m_crew) {
         updateRecordsFilter();
@@ -164,6 +173,8 @@ void LogBookWidget::updateAttachments(const CModelTable& table, MDRData* record)
 
 void LogBookWidget::reloadTemplates()
 {
+    m_openWorkshift->reloadTemplates();
+    m_closeWorkshift->reloadTemplates();
     m_recordCreator->reloadTemplates();
 }
 

@@ -1,3 +1,4 @@
+#include "CloseWorkshiftDialog.h"
 #include "CommentsPane.h"
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
@@ -8,6 +9,9 @@
 #include "LogbookFields.h"
 #include "LogbookTables.h"
 #include "LogBookWidget.h"
+#include "OpenWorkshiftDialog.h"
+#include "OrgStructDialog.h"
+#include "OrgStructWidget.h"
 #include "RecordColumns.h"
 #include "RecordCreatorDialog.h"
 #include "ui_LogBookTab.h"
@@ -132,7 +136,38 @@ void LogBookWidget::createDialogs()
     m_recordCreator->setDepartmentKey(m_location->departmentKey());
     m_recordCreator->setOrgTypeKey(m_location->orgTypeKey());
 
-    m_shiftDialogs = {m_recordCreator};
+    createShiftDialogs();
+    m_shiftDialogs = {m_closeWorkshift, m_recordCreator};
+}
+
+void LogBookWidget::createShiftDialogs()
+{
+    m_orgStruct = new OrgStructDialog(m_module, -1);
+    m_orgStruct->widget()->init(m_module);
+
+    m_openWorkshift = new OpenWorkshiftDialog(m_module, -1);
+    m_openWorkshift->setOrganizationKey(m_location->organizationKey());
+    m_openWorkshift->setShiftsTable(&m_shifts);
+    m_openWorkshift->setOrganizationsTable(m_location->table(QLatin1String(LogbookTable::Organizations)));
+
+    m_closeWorkshift = new CloseWorkshiftDialog(m_module, -1);
+    m_closeWorkshift->setRecordsTable(&m_records);
+    m_closeWorkshift->setWorkshiftsTable(&m_workshifts);
+
+    for (WorkshiftDialog* dialog :
+         std::initializer_list<WorkshiftDialog*>{m_openWorkshift, m_closeWorkshift}) {
+        dialog->setOrgStructDialog(m_orgStruct);
+        dialog->setWorkerKey(m_location->workerKey());
+        dialog->setDepartmentKey(m_location->departmentKey());
+        dialog->setOrgTypeKey(m_location->orgTypeKey());
+        dialog->setWorkersTable(m_location->table(QLatin1String(LogbookTable::Workers)));
+        dialog->setRolesTable(&m_roles);
+        dialog->setWorkerRolesTable(&m_workerRoles);
+        dialog->setDepartmentsTable(m_location->table(QLatin1String(LogbookTable::Departments)));
+        dialog->setOrgTypesTable(m_location->table(QLatin1String(LogbookTable::OrgTypes)));
+        dialog->setCatsTemplateTable(&m_categories);
+        dialog->setTemplatesTable(&m_templates);
+    }
 }
 
 void LogBookWidget::createConnections()

@@ -58,7 +58,7 @@ private:
     LogBookWidget* home() const { return m_window->findChild<LogBookWidget*>(QStringLiteral("homeLogbook")); }
     OrgStructDialog* orgDialog() const
     {
-        return m_window->findChild<OrgStructDialog*>(QString(), Qt::FindDirectChildrenOnly);
+        return m_window->findChild<OrgStructDialog*>(QStringLiteral("departmentDialog"));
     }
     QToolButton* button(const char* name) const
     {
@@ -232,12 +232,14 @@ void CVrkLogBook_test::theBarIsBuiltInOrder()
 void CVrkLogBook_test::whatHasNoOperationYetIsNotShown()
 {
     start();
-    for (const char* name : {"workshiftButton", "executionButton", "commentsButton", "reportButton"})
+    for (const char* name : {"executionButton", "commentsButton", "reportButton"})
         QVERIFY2(!button(name)->isVisible(), name);
     QVERIFY(!action("chooseWorkshiftAction")->isVisible());
     QVERIFY(!action("chooseIntervalAction")->isVisible());
-    for (const char* name :
-         {"timeButton", "createButton", "deleteButton", "approveButton", "signButton", "searchButton"})
+    QVERIFY(!action("appendWorkerAction")->isVisible());
+    QVERIFY(!action("infoWorkshiftAction")->isVisible());
+    for (const char* name : {"timeButton", "workshiftButton", "createButton", "deleteButton", "approveButton",
+                             "signButton", "searchButton"})
         QVERIFY2(button(name)->isVisible(), name);
 }
 

@@ -297,14 +297,17 @@ void OpenWorkshiftDialog_test::theIntervalFollowsTheEditsWhileTheBoxIsChecked()
     start(QStringLiteral("ivanov"), "DEP_CDS");
     QVERIFY(!filler()->findParameter(QStringLiteral("interval")).isEmpty());
     setStart(QDateTime(QDate(2030, 1, 2), QTime(3, 4)));
-    QVERIFY(filler()->filledTemplate(true).contains(QStringLiteral("с 02.01.2030 03:04 по 04.01.2030 03:04")));
+    QVERIFY(
+        filler()->filledTemplate(true).contains(QStringLiteral("с 02.01.2030 03:04 по 04.01.2030 03:04")));
     auto* box = m_dialog->findChild<QCheckBox*>(QStringLiteral("changeTemplateCheck"));
     QVERIFY(box->isChecked());
     box->click();
     setStart(QDateTime(QDate(2031, 1, 2), QTime(3, 4)));
-    QVERIFY(filler()->filledTemplate(true).contains(QStringLiteral("с 02.01.2030 03:04 по 04.01.2030 03:04")));
+    QVERIFY(
+        filler()->filledTemplate(true).contains(QStringLiteral("с 02.01.2030 03:04 по 04.01.2030 03:04")));
     box->click(); // writes at once
-    QVERIFY(filler()->filledTemplate(true).contains(QStringLiteral("с 02.01.2031 03:04 по 04.01.2031 03:04")));
+    QVERIFY(
+        filler()->filledTemplate(true).contains(QStringLiteral("с 02.01.2031 03:04 по 04.01.2031 03:04")));
 }
 
 void OpenWorkshiftDialog_test::theShiftMayNotBeginBeforeTheLastOneEnded()

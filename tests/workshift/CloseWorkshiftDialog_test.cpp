@@ -1,0 +1,433 @@
+#include "CloseWorkshiftDialog.h"
+
+#include "CPopMessageBox.h"
+#include "CVrkLogBook.h"
+#include "LogBookWidget.h"
+#include "OpenWorkshiftDialog.h"
+#include "OrgStructDialog.h"
+#include "TemplateFiller.h"
+#include "TestClient.h"
+
+#include <memory>
+#include <QAction>
+#include <QDateEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTableWidget>
+#include <QTest>
+#include <QToolButton>
+
+/// Closing the open shift of ЦДС through the journal window, over a real store. The shift holds two drafts.
+class CloseWorkshiftDialog_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void draftsAreAskedAboutFirst();
+    void theFrameOfTheQuestionStopsTheClosing();
+    void withoutDraftsThereIsNoQuestion();
+    void noLeavesTheDraftsAsTheyAre();
+    void yesApprovesThem();
+    void writesRecordShiftAndTakersOver();
+    void withoutTakersOverNoRowIsWritten();
+    void anyTimeOfTheEventWillDo();
+    void anUnfilledTemplateHoldsTheClosingBack();
+    void aSecondShowingStartsAfresh();
+    void aTakerOverIsAddedOnceAndRemoved();
+    void failedApprovalsDoNotStopTheClosing();
+    void aFailedRecordLeavesTheShiftOpen();
+    void aFailedShiftLeavesTheRecord();
+    void failedTakersOverLeaveTheShiftClosed();
+    void theShiftClosedByAnotherClosesTheDialog();
+    void theShiftOpenedByAnotherClosesTheOpeningDialog();
+
+private:
+    void request(const char* answer = nullptr);
+    CPopMessageBox* visibleBox() const
+    {
+        for (CPopMessageBox* one : m_window->findChildren<CPopMessageBox*>()) {
+            if (one->isVisible())
+                return one;
+        }
+        return nullptr;
+    }
+    CloseWorkshiftDialog* dialog() const { return m_window->findChild<CloseWorkshiftDialog*>(); }
+    QPushButton* closeButton() const
+    {
+        return dialog()->findChild<QPushButton*>(QStringLiteral("closeWorkshiftButton"));
+    }
+    QTableWidget* takers() const
+    {
+        return dialog()->findChild<QTableWidget*>(QStringLiteral("workersTable"));
+    }
+    QToolButton* tool(const char* name) const
+    {
+        return dialog()->findChild<QToolButton*>(QLatin1String(name));
+    }
+    void fill();
+    void choose(const char* workerKey);
+    int drafts() const
+    {
+        return m_store
+            ->value(QStringLiteral(
+                "SELECT count(*) FROM LogbookRecords WHERE ShiftKey='SHIFT_CDS_OPEN' AND status=1"))
+            .toInt();
+    }
+    int records() const
+    {
+        return m_store
+            ->value(QStringLiteral("SELECT count(*) FROM LogbookRecords WHERE ShiftKey='SHIFT_CDS_OPEN'"))
+            .toInt();
+    }
+    QString closedBy() const
+    {
+        return m_store
+            ->value(
+                QStringLiteral("SELECT CloseWorkerKey FROM LogbookWorkshifts WHERE KeyLink='SHIFT_CDS_OPEN'"))
+            .toString();
+    }
+    int takersInStore() const
+    {
+        return m_store
+            ->value(QStringLiteral("SELECT count(*) FROM LogbookWorkersWorkshift WHERE "
+                                   "WorkshiftKey='SHIFT_CDS_OPEN' AND opening=0"))
+            .toInt();
+    }
+    void breakTable(const char* operation, const char* table)
+    {
+        const QString sql =
+            QStringLiteral("CREATE TRIGGER broken BEFORE %1 ON %2 BEGIN SELECT RAISE(ABORT, 'broken'); END");
+        QCOMPARE(m_store->exec(sql.arg(QLatin1String(operation), QLatin1String(table))), QString());
+    }
+    void expect(const char* pattern)
+    {
+        QTest::ignoreMessage(
+            QtWarningMsg,
+            QRegularExpression(QString::fromUtf8(pattern), QRegularExpression::DotMatchesEverythingOption));
+    }
+
+    std::unique_ptr<TestStore> m_store;
+    std::unique_ptr<TestClient> m_client;
+    std::unique_ptr<CVrkLogBook> m_window;
+    LogBookWidget* m_home = nullptr;
+};
+
+void CloseWorkshiftDialog_test::init()
+{
+    m_store = std::make_unique<TestStore>();
+    m_client = std::make_unique<TestClient>(*m_store, QStringLiteral("ivanov"));
+    m_window = std::make_unique<CVrkLogBook>(&m_client->app());
+    QVERIFY(m_window->ModuleStart());
+    m_window->show();
+    m_home = m_window->findChild<LogBookWidget*>(QStringLiteral("homeLogbook"));
+}
+
+void CloseWorkshiftDialog_test::cleanup()
+{
+    m_window.reset();
+    m_client.reset();
+    m_store.reset();
+}
+
+/// Asks for the closing with the tool bar's action and answers the question about drafts.
+void CloseWorkshiftDialog_test::request(const char* answer)
+{
+    m_window->findChild<QAction*>(QStringLiteral("closeWorkshiftAction"))->trigger();
+    if (!answer)
+        return;
+    QVERIFY(visibleBox());
+    for (QAbstractButton* button : visibleBox()->buttonBox()->buttons()) {
+        if (button->text().remove(QLatin1Char('&')) == QString::fromUtf8(answer)) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            return;
+        }
+    }
+    QFAIL("no such answer");
+}
+
+void CloseWorkshiftDialog_test::fill()
+{
+    auto* filler = dialog()->findChild<TemplateFiller*>();
+    for (unsigned int index : filler->findParameter(QStringLiteral("employee_fio")))
+        filler->setParameterValue(index, QStringLiteral("Иванов Иван Иванович"),
+                                  QStringLiteral("WORKER_IVANOV"));
+    QVERIFY(filler->isFilled());
+}
+
+void CloseWorkshiftDialog_test::choose(const char* workerKey)
+{
+    QTest::mouseClick(tool("addWorkerButton"), Qt::LeftButton);
+    OrgStructDialog* structure = nullptr;
+    for (OrgStructDialog* one : m_window->findChildren<OrgStructDialog*>()) {
+        if (one->isVisible())
+            structure = one;
+    }
+    QVERIFY(structure);
+    OrgStruct::SelectedItem item;
+    item.type = OrgStruct::Person;
+    item.worker.keyLink = QLatin1String(workerKey);
+    structure->hide();
+    emit structure->itemSelected(item);
+}
+
+void CloseWorkshiftDialog_test::draftsAreAskedAboutFirst()
+{
+    request();
+    QVERIFY(visibleBox());
+    QCOMPARE(visibleBox()->title(), QStringLiteral("Утверждение записей"));
+    QCOMPARE(visibleBox()->text(),
+             QStringLiteral(
+                 "<center>Смена содержит черновые записи!<br/><br/>Утвердить все черновые записи?</center>"));
+    QCOMPARE(visibleBox()->icon(), MessageIconQuestion);
+    QCOMPARE(visibleBox()->type(), MessageTypeYesNo);
+    QVERIFY(!dialog()->isVisible());
+}
+
+void CloseWorkshiftDialog_test::theFrameOfTheQuestionStopsTheClosing()
+{
+    request();
+    visibleBox()->close();
+    QVERIFY(!dialog()->isVisible());
+}
+
+void CloseWorkshiftDialog_test::withoutDraftsThereIsNoQuestion()
+{
+    m_home->deleteAllDraftsRequest();
+    m_client->deliver();
+    request();
+    QVERIFY(!visibleBox());
+    QVERIFY(dialog()->isVisible());
+    QCOMPARE(dialog()->windowTitle(), QStringLiteral("Закрытие смены"));
+}
+
+void CloseWorkshiftDialog_test::noLeavesTheDraftsAsTheyAre()
+{
+    request("Нет");
+    QVERIFY(dialog()->isVisible());
+    fill();
+    closeButton()->click();
+    QVERIFY(!dialog()->isVisible());
+    QCOMPARE(drafts(), 2);
+    QCOMPARE(closedBy(), QStringLiteral("WORKER_IVANOV"));
+}
+
+void CloseWorkshiftDialog_test::yesApprovesThem()
+{
+    request("Да");
+    fill();
+    closeButton()->click();
+    QCOMPARE(drafts(), 0);
+    QCOMPARE(closedBy(), QStringLiteral("WORKER_IVANOV"));
+}
+
+void CloseWorkshiftDialog_test::writesRecordShiftAndTakersOver()
+{
+    const int before = records();
+    request("Да");
+    fill();
+    choose("WORKER_PETROV");
+    choose("WORKER_SIDOROVA");
+    QCOMPARE(takers()->rowCount(), 2);
+    const QDateTime event(dialog()->findChild<QDateEdit*>(QStringLiteral("eventDateEdit"))->date(),
+                          dialog()->findChild<QTimeEdit*>(QStringLiteral("eventTimeEdit"))->time());
+    QVERIFY(qAbs(event.secsTo(QDateTime::currentDateTime())) < 120);
+    closeButton()->click();
+
+    QCOMPARE(records(), before + 1);
+    const auto rows = m_store->rows(
+        QStringLiteral("SELECT WorkerKey, status, direction, recordTime, eventTime, html, VisaWorkerKey "
+                       "FROM LogbookRecords WHERE ShiftKey='SHIFT_CDS_OPEN' ORDER BY rowid DESC LIMIT 1"));
+    QCOMPARE(rows[0][0].toString(), QStringLiteral("WORKER_IVANOV"));
+    QCOMPARE(rows[0][1].toInt(), 0);
+    QCOMPARE(rows[0][2].toInt(), 0);
+    QCOMPARE(rows[0][3].toLongLong(), event.toSecsSinceEpoch());
+    QCOMPARE(rows[0][4].toLongLong(), event.toSecsSinceEpoch());
+    QVERIFY(rows[0][5].toString().contains(QStringLiteral("close_wshift")));
+    QVERIFY(rows[0][5].toString().contains(QStringLiteral("Иванов Иван Иванович")));
+    QVERIFY(rows[0][6].isNull());
+    const auto crew =
+        m_store->rows(QStringLiteral("SELECT WorkerKey, opening FROM LogbookWorkersWorkshift WHERE "
+                                     "WorkshiftKey='SHIFT_CDS_OPEN' AND opening=0 ORDER BY rowid"));
+    QCOMPARE(crew.size(), 2);
+    QCOMPARE(crew[0][0].toString(), QStringLiteral("WORKER_PETROV"));
+    QCOMPARE(crew[1][0].toString(), QStringLiteral("WORKER_SIDOROVA"));
+
+    m_client->deliver();
+    QVERIFY(m_home->isCloseWorkshift());
+}
+
+void CloseWorkshiftDialog_test::withoutTakersOverNoRowIsWritten()
+{
+    request("Нет");
+    fill();
+    closeButton()->click();
+    QCOMPARE(takersInStore(), 0);
+    QCOMPARE(closedBy(), QStringLiteral("WORKER_IVANOV"));
+}
+
+void CloseWorkshiftDialog_test::anyTimeOfTheEventWillDo()
+{
+    request("Нет");
+    fill();
+    dialog()->findChild<QDateEdit*>(QStringLiteral("eventDateEdit"))->setDate(QDate(2001, 2, 3));
+    dialog()->findChild<QTimeEdit*>(QStringLiteral("eventTimeEdit"))->setTime(QTime(4, 5));
+    QVERIFY(closeButton()->isEnabled());
+    closeButton()->click();
+    QCOMPARE(m_store->value(QStringLiteral("SELECT min(eventTime) FROM LogbookRecords")).toLongLong(),
+             QDateTime(QDate(2001, 2, 3), QTime(4, 5)).toSecsSinceEpoch());
+}
+
+void CloseWorkshiftDialog_test::anUnfilledTemplateHoldsTheClosingBack()
+{
+    request("Нет");
+    QVERIFY(!closeButton()->isEnabled()); // nothing is filled in by itself
+    fill();
+    QVERIFY(closeButton()->isEnabled());
+}
+
+void CloseWorkshiftDialog_test::aSecondShowingStartsAfresh()
+{
+    request("Да");
+    choose("WORKER_PETROV");
+    dialog()->findChild<QPushButton*>(QStringLiteral("cancelButton"))->click();
+    QVERIFY(!dialog()->isVisible());
+    request("Нет");
+    QCOMPARE(takers()->rowCount(), 0);
+    fill();
+    closeButton()->click();
+    QCOMPARE(drafts(), 2);
+    QCOMPARE(takersInStore(), 0);
+}
+
+void CloseWorkshiftDialog_test::aTakerOverIsAddedOnceAndRemoved()
+{
+    request("Нет");
+    choose("WORKER_PETROV");
+    choose("WORKER_PETROV");
+    QCOMPARE(takers()->rowCount(), 1);
+    QCOMPARE(takers()->item(0, 0)->text(), QStringLiteral("Петров Пётр Петрович"));
+    QVERIFY(tool("clearWorkersButton")->isEnabled());
+    QVERIFY(tool("removeWorkerButton")->isEnabled());
+    tool("removeWorkerButton")->click();
+    QCOMPARE(takers()->rowCount(), 0);
+    QVERIFY(!tool("clearWorkersButton")->isEnabled());
+    choose("WORKER_PETROV");
+    choose("WORKER_SIDOROVA");
+    tool("clearWorkersButton")->click();
+    QCOMPARE(takers()->rowCount(), 0);
+}
+
+void CloseWorkshiftDialog_test::failedApprovalsDoNotStopTheClosing()
+{
+    request("Да");
+    fill();
+    breakTable("UPDATE", "LogbookRecords");
+    expect("^void CVrkCliSes|LogbookRecords");
+    expect("^void CloseWorkshiftDialog::apply\\(\\) error create record about closing workshift! SqlUpdate "
+           "returned FALSE! Table: "
+           "LogbookRecords$");
+    closeButton()->click();
+    QCOMPARE(drafts(), 2);
+    QCOMPARE(closedBy(), QStringLiteral("WORKER_IVANOV"));
+}
+
+void CloseWorkshiftDialog_test::aFailedRecordLeavesTheShiftOpen()
+{
+    request("Нет");
+    fill();
+    QSignalSpy error(dialog(), &CloseWorkshiftDialog::error);
+    breakTable("INSERT", "LogbookRecords");
+    expect("LogbookRecords");
+    expect("^void CloseWorkshiftDialog::apply\\(\\) error create record about closing workshift! SqlUpdate "
+           "returned FALSE! Data: "
+           "Table\\[LogbookRecords\\]: KeyLink\\[[0-9A-F]{32}\\], ShiftKey\\[SHIFT_CDS_OPEN\\], "
+           "WorkerKey\\[WORKER_IVANOV\\], "
+           "VisaWorkerKey\\[NULL\\], ReceiverWorkerKey\\[NULL\\],SecondMarkWorkerKey\\[NULL\\], "
+           "recordTime\\[[0-9.e+]+\\], "
+           "eventTime\\[[0-9.e+]+\\], firstMarkTime\\[NULL\\],secondMarkTime\\[NULL\\], "
+           "executionTime\\[NULL\\], html\\[.*\\], "
+           "status\\[0\\],$");
+    closeButton()->click();
+    QVERIFY(!dialog()->isVisible());
+    QCOMPARE(error.count(), 1);
+    QCOMPARE(error[0][0].toString(), QStringLiteral("Ошибка закрытия смены"));
+    QCOMPARE(error[0][1].toString(), QStringLiteral("Не удалось создать запись о закрытии смены!"));
+    QCOMPARE(closedBy(), QString());
+}
+
+void CloseWorkshiftDialog_test::aFailedShiftLeavesTheRecord()
+{
+    const int before = records();
+    request("Нет");
+    fill();
+    QSignalSpy error(dialog(), &CloseWorkshiftDialog::error);
+    breakTable("UPDATE", "LogbookWorkshifts");
+    expect("LogbookWorkshifts");
+    expect(
+        "^void CloseWorkshiftDialog::apply\\(\\) failed closing workshift! SqlUpdate returned FALSE! Data: "
+        "Table\\[LogbookWorkshifts\\],KeyLink\\[SHIFT_CDS_OPEN\\],CloseWorkerKey\\[WORKER_IVANOV\\]$");
+    closeButton()->click();
+    QCOMPARE(error.count(), 1);
+    QCOMPARE(error[0][1].toString(), QStringLiteral("Произошла внутренняя ошибка при закрытии смены!"));
+    QCOMPARE(closedBy(), QString());
+    QCOMPARE(records(), before + 1);
+}
+
+void CloseWorkshiftDialog_test::failedTakersOverLeaveTheShiftClosed()
+{
+    request("Нет");
+    fill();
+    choose("WORKER_PETROV");
+    QSignalSpy error(dialog(), &CloseWorkshiftDialog::error);
+    breakTable("INSERT", "LogbookWorkersWorkshift");
+    expect("LogbookWorkersWorkshift");
+    expect(
+        "^void CloseWorkshiftDialog::apply\\(\\) failed closing workshift! SqlUpdate returned FALSE! Data: "
+        "Table\\[LogbookWorkshifts\\]$");
+    closeButton()->click();
+    QCOMPARE(error.count(), 1);
+    QCOMPARE(closedBy(), QStringLiteral("WORKER_IVANOV"));
+    QCOMPARE(takersInStore(), 0);
+}
+
+void CloseWorkshiftDialog_test::theShiftClosedByAnotherClosesTheDialog()
+{
+    request("Нет");
+    QVERIFY(dialog()->isVisible());
+    const auto other = m_store->open(QStringLiteral("petrov"));
+    QVERIFY(TestStore::write(other.get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                             {{"CloseWorkerKey", QStringLiteral("WORKER_PETROV")}}));
+    m_client->deliver();
+    QVERIFY(!dialog()->isVisible());
+}
+
+void CloseWorkshiftDialog_test::theShiftOpenedByAnotherClosesTheOpeningDialog()
+{
+    TestClient other(*m_store, QStringLiteral("smirnov"), "DEP_ODS");
+    CVrkLogBook window(&other.app());
+    QVERIFY(window.ModuleStart());
+    window.show();
+    window.findChild<QAction*>(QStringLiteral("openWorkshiftAction"))->trigger();
+    auto* opening = window.findChild<OpenWorkshiftDialog*>();
+    QVERIFY(opening->isVisible());
+    const auto loader = m_store->openLoader();
+    const double now = QDateTime::currentSecsSinceEpoch();
+    QVERIFY(TestStore::write(loader.get(), "LogbookWorkshifts", ROW_INSERT, "SHIFT_ODS_NEW",
+                             {{"DepartmentKey", QStringLiteral("DEP_ODS")},
+                              {"OpenWorkerKey", QStringLiteral("WORKER_SMIRNOV_ODS")},
+                              {"createdAt", now},
+                              {"startTime", now},
+                              {"endTime", now + 3600}}));
+    other.deliver();
+    QVERIFY(!opening->isVisible());
+    auto* home = window.findChild<LogBookWidget*>(QStringLiteral("homeLogbook"));
+    QCOMPARE(home->workshiftKeyLink(), QStringLiteral("SHIFT_ODS_NEW"));
+    QVERIFY(home->isOpenWorkshift());
+}
+
+QTEST_MAIN(CloseWorkshiftDialog_test)
+#include "CloseWorkshiftDialog_test.moc"
