@@ -11,6 +11,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
@@ -42,6 +43,7 @@ RecordCreatorDialog::RecordCreatorDialog(QWidget* parent, int flag)
     m_form->directionGroup->setId(m_form->toButton, DirectionRight);
     m_form->splitter->setStretchFactor(1, 1);
     m_form->templateFiller->setOrientation(Qt::Vertical);
+    m_form->eventTimeEdit->installEventFilter(this);
     resize(UsualSize);
     connectWidgets();
 }
@@ -52,7 +54,7 @@ void RecordCreatorDialog::connectWidgets()
 {
     for (const int enter : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* shortcut = new QShortcut(Qt::CTRL + enter, this);
-        connect(shortcut, &QShortcut::activated, this, &RecordCreatorDialog::save);
+        connect(shortcut, &QShortcut::activated, this, &RecordCreatorDialog::saveByKey);
     }
     auto* search = new QShortcut(QKeySequence::Find, this);
     connect(search, &QShortcut::activated, this, [this] {
@@ -76,6 +78,17 @@ void RecordCreatorDialog::connectWidgets()
             [this] { m_form->eventTimeEdit->setDateTime(m_module->session()->HfnTimeToSesTime()); });
     for (NoticeBar* bar : {m_form->noticeBar, m_form->failureBar, m_form->questionBar})
         connect(bar, &NoticeBar::chosen, this, &RecordCreatorDialog::answer);
+}
+
+/// The field in work takes what was typed as its own before it is saved, as it does when it is left.
+void RecordCreatorDialog::saveByKey()
+{
+    const QPointer<QWidget> field = focusWidget();
+    if (field)
+        field->clearFocus();
+    save();
+    if (field && isVisible() && !focusWidget())
+        field->setFocus();
 }
 
 void RecordCreatorDialog::init(CVrkCliMod* module)
@@ -314,6 +327,20 @@ void RecordCreatorDialog::keyPressEvent(QKeyEvent* event)
         answer(Stay);
     else
         requestClose();
+}
+
+bool RecordCreatorDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    // A wheel turned over the window must not change the time of the event by chance.
+    if (event->type() == QEvent::Wheel) {
+        event->ignore();
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F5) {
+        m_form->nowButton->click();
+        return true;
+    }
+    return CPopTemplate::eventFilter(watched, event);
 }
 
 void RecordCreatorDialog::restoreLayout()

@@ -60,6 +60,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     /// What is being done with the record in work.
@@ -79,6 +80,7 @@ private:
     void updateControls();
     QVector<QWidget*> fields() const;
     QString holdReason() const;
+    void saveByKey();
     void requestClose();
     void leave();
     void answer(int answer);

@@ -202,14 +202,18 @@ void RecordCreatorDialog::chooseTemplate()
     if (m_restored)
         m_form->noticeBar->hide();
     m_restored = false;
-    MDRVar html;
+    MDRVar value;
     if (chosen)
-        MDRGetVal(MDRFldByName(MDARecArr(chosen), "html"), chosen, &html);
+        MDRGetVal(MDRFldByName(MDARecArr(chosen), "html"), chosen, &value);
+    const QString html = m_module->session()->codec()->toUnicode(MDRValue::bytes(value));
     {
         QScopedValueRollback<bool> filling(m_filling, true);
-        m_form->templateFiller->setTemplate(m_module->session()->codec()->toUnicode(MDRValue::bytes(html)));
+        TemplateFiller* filler = m_form->templateFiller;
+        filler->setTemplate(html);
+        // What was typed for this template before shows again, and is as unsaved as it was then.
+        const bool typedBefore = filler->filledTemplate(false) != html;
         prefill();
-        m_cleanText = m_form->templateFiller->filledTemplate(true);
+        m_cleanText = typedBefore ? QString() : filler->filledTemplate(true);
     }
     showMarker();
     updateControls();

@@ -9,6 +9,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace
 {
@@ -142,6 +143,59 @@ private slots:
             QVERIFY2(at > last, qPrintable(name + QStringLiteral(" in ") + walked.join(u' ')));
             last = at;
         }
+    }
+
+    void control_enter_saves_out_of_a_text_that_is_the_whole_record()
+    {
+        TestStore store;
+        const std::unique_ptr<Store> loader = store.openLoader();
+        const QString html = QString::fromStdString(
+            HtmlParser::createParameter({{"name", "text"}, {"locname", "Текст записи"}}, "Текст записи"));
+        QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_UPDATE, "TPL_TEXT", {{"html", html}}));
+        CreatorBench bench(store);
+        bench.create();
+        bench.choose("TPL_TEXT");
+        bench.filler()->setFocus();
+        Keyboard keyboard;
+        keyboard.write(QStringLiteral("Осмотр"));
+        keyboard.press(Qt::Key_Return);
+        keyboard.write(QStringLiteral("закончен"));
+        keyboard.press(Qt::Key_Return, Qt::ControlModifier);
+        QVERIFY(!bench.dialog->isVisible());
+        const QString written =
+            store.value(QStringLiteral("SELECT html FROM LogbookRecords ORDER BY rowid DESC LIMIT 1"))
+                .toString();
+        QCOMPARE(TemplateText::plain(written), QStringLiteral("Осмотр\nзакончен"));
+    }
+
+    void a_failed_save_leaves_the_keyboard_where_it_was()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        bench.choose("TPL_TRIP", {{"line", QStringLiteral("ВЛ")}, {"substation", QStringLiteral("ПС")}});
+        bench.filler()->setFocus();
+        QWidget* const field = QApplication::focusWidget();
+        bench.plan->refusedWrites = 1;
+        QTest::keyClick(field, Qt::Key_Return, Qt::ControlModifier);
+        QVERIFY(!bench.failure().isEmpty());
+        QCOMPARE(QApplication::focusWidget(), field);
+    }
+
+    void the_time_of_the_event_is_set_by_f5_and_not_by_the_wheel()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        const QDateTime past(QDate(2026, 3, 1), QTime(12, 0));
+        bench.eventTime()->setDateTime(past);
+        const QPointF middle = bench.eventTime()->rect().center();
+        QWheelEvent wheel(middle, bench.eventTime()->mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, 120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(bench.eventTime(), &wheel);
+        QCOMPARE(bench.eventTime()->dateTime(), past);
+        QTest::keyClick(bench.eventTime(), Qt::Key_F5);
+        QVERIFY(bench.eventTime()->dateTime() > past);
     }
 
     void control_f_leads_back_to_the_search()

@@ -1,4 +1,5 @@
 #include "CreatorBench.h"
+#include "Typing.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -237,6 +238,42 @@ private slots:
         QVERIFY(newestHtml(store).contains(QStringLiteral("В-110")));
         bench.create();
         QCOMPARE(bench.notice(), QString());
+    }
+
+    void text_typed_for_another_template_is_found_again_and_still_unsaved()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        bench.choose("TPL_ORDER");
+        auto* input = bench.filler()->findChild<QWidget*>(QStringLiteral("parameterInput_1"));
+        input->setFocus();
+        typeText(input, QStringLiteral("В-110"));
+        bench.choose("TPL_TRIP");
+        bench.choose("TPL_ORDER");
+        QCOMPARE(bench.shown("text"), QStringLiteral("В-110"));
+        bench.click("cancelButton");
+        QVERIFY(!bench.question().isEmpty());
+    }
+
+    void restored_text_waits_when_another_template_is_chosen()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        const int before = recordCount(store);
+        bench.create();
+        fillOrder(bench);
+        bench.dialog->close();
+        bench.create();
+        bench.choose("TPL_TEXT");
+        QCOMPARE(bench.notice(), QString());
+        bench.click("saveButton");
+        QVERIFY(newestHtml(store).contains(QStringLiteral("штормовое")));
+        bench.create();
+        QCOMPARE(bench.notice(), QStringLiteral("Восстановлен несохранённый текст"));
+        QCOMPARE(bench.shown("text"), QStringLiteral("В-110"));
+        bench.click("saveButton");
+        QCOMPARE(recordCount(store), before + 2);
     }
 
     void restored_text_can_be_dropped()
