@@ -64,7 +64,8 @@ void FillerEditors::placeInTabOrder()
     setFocusPolicy(Qt::TabFocus);
     QWidget* before = this;
     for (QWidget* input : widget()->findChildren<QWidget*>()) {
-        if (!(input->focusPolicy() & Qt::TabFocus) || input->focusProxy())
+        const bool walked = (input->focusPolicy() & Qt::TabFocus) && !input->focusProxy();
+        if (!walked || input->window() != window()) // the list of a combo box is a window of its own
             continue;
         setTabOrder(before, input);
         before = input;

@@ -2,6 +2,7 @@
 #include "GrowingTextEdit.h"
 #include "HtmlParser.h"
 #include "LatelyUsed.h"
+#include "LogWatch.h"
 #include "TemplateFiller.h"
 #include "TestClient.h"
 #include "TEventNciParse.h"
@@ -394,6 +395,7 @@ void TemplateFiller_test::aClickOnAParameterLeadsToItsEditor()
 
 void TemplateFiller_test::tabAndEnterWalkTheEditorsInTheOrderOfTheText()
 {
+    LogWatch log;
     Setting setting(m_store);
     setting.filler.setTemplate(parameter("text", "a") + parameter("datetime", "b") + list("c", {"x"}) +
                                parameter("substation", "d") + parameter("interval", "e") +
@@ -412,6 +414,7 @@ void TemplateFiller_test::tabAndEnterWalkTheEditorsInTheOrderOfTheText()
     setting.press(Qt::Key_Backtab);
     setting.press(Qt::Key_Backtab);
     QCOMPARE(QApplication::focusWidget(), setting.input(4));
+    QCOMPARE(log.take(), QStringList());
 }
 
 void TemplateFiller_test::theKeyboardBeginsAtTheFirstGap()
