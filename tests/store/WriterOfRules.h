@@ -1,0 +1,42 @@
+#pragma once
+
+#include "TestStore.h"
+
+/// What tests of the rules share: a fresh standard journal, writes as a login, and the text of the last refusal.
+class WriterOfRules
+{
+protected:
+    using Fields = TestStore::Fields;
+
+    void reset()
+    {
+        m_files = std::make_unique<TestStore>();
+        m_refusal.clear();
+    }
+
+    /// Writes as a login; the text of a refusal is kept, any other failure ends the test.
+    bool write(const char* login, const char* table, MDRFlag flag, const char* key, const Fields& fields = {})
+    {
+        const auto store = m_files->open(QString::fromLatin1(login));
+        StoreError error;
+        const bool done = TestStore::write(store.get(), table, flag, key, fields, &error);
+        m_refusal = error.text;
+        if (!done && error.code != StoreError::Refused)
+            qFatal("%s", qPrintable(error.text + error.detail));
+        return done;
+    }
+    void load(const char* table, MDRFlag flag, const char* key, const Fields& fields = {})
+    {
+        StoreError error;
+        if (!TestStore::write(m_files->openLoader().get(), table, flag, key, fields, &error))
+            qFatal("%s", qPrintable(error.text + error.detail));
+    }
+    QVariant value(const char* sql) const { return m_files->value(QString::fromUtf8(sql)); }
+    static Fields newRecord(const char* shift, const char* worker, int status)
+    {
+        return {{"ShiftKey", shift}, {"WorkerKey", worker}, {"status", status}, {"html", "x"}};
+    }
+
+    std::unique_ptr<TestStore> m_files;
+    QString m_refusal;
+};
