@@ -13,8 +13,8 @@ struct TEventNciParse;
 /// its kind. Clicking a parameter in the text leads to its editor, and the editor in use lights up in the
 /// text. Tab and Enter walk the editors in the order of the text.
 ///
-/// What the user types for a template is kept, while the widget lives, until valuesWritten() says that a
-/// record holds it; the same template then shows it again and says so.
+/// What the user types for a template is kept, while the widget lives, until valuesWritten() or forgetValues(); when the
+/// same template comes again it shows those values and says so.
 class VRK_EXPORT TemplateFiller : public QWidget
 {
     Q_OBJECT
