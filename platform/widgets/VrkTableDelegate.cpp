@@ -43,14 +43,14 @@ QSizeF layOut(QTextLayout& layout, qreal width)
     return size;
 }
 
-QString withLineSeparators(QString text)
+QString laidOutText(QString text)
 {
     return text.replace(QLatin1Char('\n'), QChar::LineSeparator);
 }
 
 QSizeF textSize(const QString& text, const QFont& font, qreal width)
 {
-    QTextLayout layout(withLineSeparators(text), font);
+    QTextLayout layout(laidOutText(text), font);
     layout.setTextOption(textOption(Qt::AlignLeft));
     return layOut(layout, width);
 }
@@ -123,7 +123,7 @@ int VrkTableDelegate::naturalWidth(const QModelIndex& index, bool longestWord) c
     const QStyleOptionViewItem option = cellOption(index);
     qreal width = qMax(0, option.text.isEmpty() ? iconSize(option).width() : 0);
     if (longestWord) {
-        const QStringList words = option.text.split(QRegularExpression(QStringLiteral("\\s+")));
+        const QStringList words = laidOutText(option.text).split(QRegularExpression(QStringLiteral("\\s+")));
         for (const QString& word : words)
             width = qMax<qreal>(width, option.fontMetrics.horizontalAdvance(word));
     } else if (!option.text.isEmpty()) {
@@ -271,7 +271,7 @@ void VrkTableDelegate::paintContents(QPainter* painter, const QStyleOptionViewIt
     const VrkTableModel* model = m_model->tableModel();
     const MDRField* field = model ? model->field(index.column()) : nullptr;
     const bool centred = field && field->type != mdr_TChar && field->type != mdr_TMemo;
-    QTextLayout layout(withLineSeparators(option.text), option.font);
+    QTextLayout layout(laidOutText(option.text), option.font);
     layout.setTextOption(textOption(centred ? Qt::AlignHCenter : Qt::AlignLeft));
     layOut(layout, inner.width());
     painter->setPen(color);

@@ -11,7 +11,7 @@ namespace
 {
 constexpr int charactersOfWrapped = 16; ///< wider names are wrapped
 constexpr int charactersOfLeast = 12;   ///< longer words are broken where room is scarce
-constexpr int charactersOfFill = 32;    ///< the text of records gets them at the cost of wrapped names
+constexpr int charactersOfFill = 60;    ///< the text of records gets them at the cost of wrapped names
 constexpr int charactersOfText = 20;    ///< with fewer the table is scrolled sideways instead
 constexpr int rowsRead = 100;           ///< at most, for the widths
 } // namespace

@@ -13,6 +13,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScrollBar>
 #include <QTableView>
 #include <utility>
 
@@ -90,8 +91,12 @@ void VrkTableTool::Private::makeCurrent(const QModelIndex& index)
 {
     if (!view || !index.isValid())
         return;
+    // Up and down only: who has scrolled sideways to the text goes on reading it.
+    QScrollBar* sideways = view->horizontalScrollBar();
+    const int position = sideways->value();
     view->setCurrentIndex(index);
     layout->showRow(index);
+    sideways->setValue(position);
 }
 
 bool VrkTableTool::Private::isDelivering() const

@@ -528,6 +528,44 @@ private slots:
         QVERIFY(s.view.columnWidth(s.column(html)) >= 20 * s.view.fontMetrics().averageCharWidth());
     }
 
+    void initialsAreNotTornApart()
+    {
+        const auto rows = [](const QString& name, int width) {
+            Setup s;
+            MDRData* record = s.append("A", QStringLiteral("20.11.2026 09:05"), QString());
+            MDRData* edited = MDARecEdit(record);
+            s.table.setText(edited, "object", name);
+            s.table.RecPost(edited);
+            s.tool.updateView(record);
+            return s.delegate()->heightForWidth(s.tool.proxy()->index(0, s.column(QStringLiteral("object"))),
+                                                width);
+        };
+        // Wide enough for the surname and one initial: both go to the second line, which shows in a name of
+        // three initials that would fill two lines otherwise.
+        const QFontMetrics metrics{QApplication::font()};
+        const QString name = QStringLiteral("Ян А. Б. В.");
+        const int width = metrics.horizontalAdvance(QStringLiteral("А. Б. В.")) + 14;
+        QCOMPARE(rows(name, width), rows(QStringLiteral("Ян\nА. Б. В."), width));
+        QCOMPARE(rows(name, 1000), rows(QStringLiteral("Ян"), 1000));
+    }
+
+    void aNewCurrentRecordDoesNotScrollSideways()
+    {
+        Setup s;
+        s.append("AVERYLONGKEYOFARECORDTHATISWIDE", QStringLiteral("20.11.2026 09:05"), longText(5));
+        MDRData* second = s.append("B", QStringLiteral("20.11.2026 09:06"), longText(5));
+        s.configure();
+        s.view.resize(200, 300);
+        s.show();
+        s.tool.setCurrentFirst();
+        QScrollBar* sideways = s.view.horizontalScrollBar();
+        QVERIFY(sideways->maximum() > 0);
+        sideways->setValue(sideways->maximum());
+        s.tool.setCurrentRecord(second);
+        s.settle();
+        QCOMPARE(sideways->value(), sideways->maximum());
+    }
+
     void theToolMayGoBeforeTheView()
     {
         RecordTable table;
