@@ -69,7 +69,7 @@ public:
     QString moduleTitle() const { return m_title; }
     /// The host's named icons: a resource path as it stands, a bare name under ":/vrk/". Null icon when
     /// unknown.
-    QIcon icon(const QString& name);
+    static QIcon icon(const QString& name);
     /// The look that all modules share.
     void setModuleStyle();
     /// Delivers this module's waiting events through MessageData, in order, and returns their count. Called

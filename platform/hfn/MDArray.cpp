@@ -109,6 +109,8 @@ void MDArray::post(MDRData* fresh)
         order->insert(fresh);
     for (const auto& index : m_indexes)
         index->insert(fresh);
+    for (const auto& index : m_nullIndexes)
+        index->insert(fresh);
 }
 
 MDRData* MDArray::postEdited(MDRData* edited)
@@ -123,6 +125,8 @@ MDRData* MDArray::postEdited(MDRData* edited)
     }
     for (const auto& index : m_indexes)
         index->erase(posted);
+    for (const auto& index : m_nullIndexes)
+        index->erase(posted);
     std::swap(posted->body, edited->body);
     posted->flags = edited->flags;
     for (std::size_t i = 0; i < m_keys.size(); ++i) {
@@ -130,6 +134,8 @@ MDRData* MDArray::postEdited(MDRData* edited)
             m_keys[i]->insert(posted);
     }
     for (const auto& index : m_indexes)
+        index->insert(posted);
+    for (const auto& index : m_nullIndexes)
         index->insert(posted);
     RecordPool::kill(edited);
     edited->partner = posted; // the header serves the next edit of this record
@@ -143,6 +149,8 @@ void MDArray::remove(MDRData* record)
         for (const auto& order : m_keys)
             order->erase(record);
         for (const auto& index : m_indexes)
+            index->erase(record);
+        for (const auto& index : m_nullIndexes)
             index->erase(record);
         if (partner != nullptr)
             RecordPool::kill(partner);
@@ -158,6 +166,7 @@ void MDArray::removeAll()
     for (const auto& order : m_keys)
         order->clear();
     m_indexes.clear();
+    m_nullIndexes.clear();
     watchFields();
     m_pool.killAll();
 }
@@ -202,6 +211,17 @@ MDRRange MDArray::recordsWith(int ordinal, const char* text)
     return m_indexes.back()->find(text);
 }
 
+MDRRange MDArray::recordsWithout(const std::vector<int>& ordinals)
+{
+    for (const auto& index : m_nullIndexes) {
+        if (index->ordinals() == ordinals)
+            return index->all();
+    }
+    m_nullIndexes.push_back(std::make_unique<NullIndex>(ordinals, recordsByEntry()));
+    watchFields();
+    return m_nullIndexes.back()->all();
+}
+
 int MDArray::ensureBody(MDRData* record)
 {
     return MDRData::Body::ensure(record->body, fields().count(), m_textHint);
@@ -217,6 +237,10 @@ void MDArray::leave(MDRData* record, int ordinal)
         if (index->ordinal() == ordinal)
             index->erase(record);
     }
+    for (const auto& index : m_nullIndexes) {
+        if (index->uses(ordinal))
+            index->erase(record);
+    }
 }
 
 void MDArray::enter(MDRData* record, int ordinal)
@@ -229,6 +253,10 @@ void MDArray::enter(MDRData* record, int ordinal)
         if (index->ordinal() == ordinal)
             index->insert(record);
     }
+    for (const auto& index : m_nullIndexes) {
+        if (index->uses(ordinal))
+            index->insert(record);
+    }
 }
 
 void MDArray::watchFields()
@@ -239,6 +267,8 @@ void MDArray::watchFields()
             std::any_of(m_keys.begin(), m_keys.end(), [=](const auto& order) { return order->key.uses(i); });
         const bool inIndex = std::any_of(m_indexes.begin(), m_indexes.end(),
                                          [=](const auto& index) { return index->ordinal() == i; });
-        m_watched[static_cast<std::size_t>(i)] = inKey || inIndex;
+        const bool inNullIndex = std::any_of(m_nullIndexes.begin(), m_nullIndexes.end(),
+                                             [=](const auto& index) { return index->uses(i); });
+        m_watched[static_cast<std::size_t>(i)] = inKey || inIndex || inNullIndex;
     }
 }

@@ -185,6 +185,9 @@ VRK_EXPORT MDRData* MDARecSeekV(const MDArray* array, int key, const MDRVar* val
 /// All records whose field holds this text, in order of entry, found through an index that the array makes at
 /// the first call and keeps current. Made for fields that are no key of the array.
 VRK_EXPORT MDRRange MDARecsWith(MDArray* array, const char* field, const char* text);
+/// All records in which each of these fields, of any kind and joined by ';', is null, in order of entry; found
+/// through an index like that of MDARecsWith. None when one of the fields is not there.
+VRK_EXPORT MDRRange MDARecsWithout(MDArray* array, const char* fields);
 /// All posted records in order of entry, with or without keys. O(n log n): for whole passes, not for single
 /// steps.
 VRK_EXPORT std::vector<MDRData*> MDARecsByEntry(const MDArray* array);

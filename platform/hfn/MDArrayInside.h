@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FieldIndex.h"
+#include "NullIndex.h"
 #include "RecordOrder.h"
 #include "RecordPool.h"
 
@@ -40,6 +41,8 @@ public:
 
     /// The records whose text field holds this text.
     MDRRange recordsWith(int ordinal, const char* text);
+    /// The records in which these fields are null.
+    MDRRange recordsWithout(const std::vector<int>& ordinals);
 
     /// Room for the body of a record of this array.
     int ensureBody(MDRData* record);
@@ -65,6 +68,7 @@ private:
     std::vector<std::unique_ptr<FieldSet>> m_formerFields;
     std::vector<std::unique_ptr<RecordOrder>> m_keys;
     std::vector<std::unique_ptr<FieldIndex>> m_indexes;
+    std::vector<std::unique_ptr<NullIndex>> m_nullIndexes;
     Marks m_watched; ///< fields that a key or an index depends on
     RecordPool m_pool;
     std::uint64_t m_lastEntry = 0;

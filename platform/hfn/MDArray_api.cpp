@@ -1,5 +1,7 @@
 #include "MDArrayInside.h"
 
+#include <QList>
+
 namespace
 {
 /// A record that is part of an array and in this state.
@@ -116,6 +118,21 @@ MDRRange MDARecsWith(MDArray* array, const char* field, const char* text)
     if (known == nullptr || text == nullptr || (known->type != mdr_TChar && known->type != mdr_TMemo))
         return {};
     return array->recordsWith(known->ordinal, text);
+}
+
+MDRRange MDARecsWithout(MDArray* array, const char* fields)
+{
+    if (array == nullptr || fields == nullptr)
+        return {};
+    std::vector<int> ordinals;
+    for (const QByteArray& name :
+         QByteArray::fromRawData(fields, static_cast<int>(qstrlen(fields))).split(';')) {
+        const MDRField* known = MDRFldByName(array, name.constData());
+        if (known == nullptr)
+            return {};
+        ordinals.push_back(known->ordinal);
+    }
+    return array->recordsWithout(ordinals);
 }
 
 std::vector<MDRData*> MDARecsByEntry(const MDArray* array)

@@ -15,6 +15,8 @@ private slots:
     void isMadeAnewAfterClearingAndCopying();
     void servesSeveralFields();
     void unknownFieldsAndOtherKindsFindNothing();
+    void findsTheRecordsWithoutValues();
+    void followsWhatGetsAValueAndLosesIt();
 };
 
 static QByteArray keysWith(const MixedArray& array, const char* text, const char* field = "text_")
@@ -140,6 +142,58 @@ void FieldIndex_test::unknownFieldsAndOtherKindsFindNothing()
     QCOMPARE(MDARecsWith(array.array, "KeyLink", nullptr).count, std::size_t(0));
     QCOMPARE(MDARecsWith(array.array, nullptr, "a").count, std::size_t(0));
     QCOMPARE(MDARecsWith(nullptr, "KeyLink", "a").count, std::size_t(0));
+}
+
+static QByteArray keysWithout(const MixedArray& array, const char* fields)
+{
+    QByteArray keys;
+    for (const MDRData* record : MDARecsWithout(array.array, fields))
+        keys += array.text(record);
+    return keys;
+}
+
+void FieldIndex_test::findsTheRecordsWithoutValues()
+{
+    MixedArray array({"KeyLink:0x4"});
+    array.add("c");
+    array.add("a", "text_", MDRValue::text("t"));
+    array.add("d", "number", MDRValue::number(1));
+    array.add("b");
+    array.add("e", "text_", MDRValue::text("")); // the empty text is a value
+    QCOMPARE(keysWithout(array, "text_"), QByteArray("cdb"));
+    QCOMPARE(keysWithout(array, "text_;number"), QByteArray("cb"));
+    QCOMPARE(keysWithout(array, "TEXT_;NUMBER"), QByteArray("cb"));
+    array.post(MDARecNew(array.array)); // a record without any value
+    QCOMPARE(MDARecsWithout(array.array, "KeyLink").count, std::size_t(1));
+
+    QCOMPARE(keysWithout(array, "text_;nowhere"), QByteArray());
+    QCOMPARE(keysWithout(array, ""), QByteArray());
+    QCOMPARE(MDARecsWithout(array.array, nullptr).count, std::size_t(0));
+    QCOMPARE(MDARecsWithout(nullptr, "text_").count, std::size_t(0));
+}
+
+void FieldIndex_test::followsWhatGetsAValueAndLosesIt()
+{
+    MixedArray array;
+    MDRData* a = array.add("a");
+    MDRData* b = array.add("b");
+    QCOMPARE(keysWithout(array, "text_;number"), QByteArray("ab"));
+    MDRData* edited = MDARecEdit(a);
+    array.set(edited, "number", MDRValue::number(1));
+    QCOMPARE(keysWithout(array, "text_;number"), QByteArray("ab"));
+    array.post(edited);
+    QCOMPARE(keysWithout(array, "text_;number"), QByteArray("b"));
+    array.set(b, "text_", MDRValue::text("t"));
+    QCOMPARE(keysWithout(array, "text_;number"), QByteArray());
+    array.set(b, "text_", MDRValue::null());
+    array.set(a, "number", MDRValue::null());
+    QCOMPARE(keysWithout(array, "text_;number"), QByteArray("ab"));
+    MDARecDel(a);
+    QCOMPARE(keysWithout(array, "text_;number"), QByteArray("b"));
+    MDAClearRec(array.array);
+    QCOMPARE(keysWithout(array, "text_;number"), QByteArray());
+    array.add("c");
+    QCOMPARE(keysWithout(array, "text_;number"), QByteArray("c"));
 }
 
 QTEST_APPLESS_MAIN(FieldIndex_test)

@@ -25,11 +25,19 @@ QStringList markers()
         .split(QLatin1Char(' '));
 }
 
+/// The same signs in the modules and in the host.
+QStringList sharedIcons()
+{
+    return QStringLiteral("add apply folder template edited search up-arrow down-arrow copy paste")
+        .split(QLatin1Char(' '));
+}
+
 QStringList hostIcons()
 {
     return QStringLiteral("connected disconnected warning error question information now pin user type "
-                          "organization department")
-        .split(QLatin1Char(' '));
+                          "organization department remove cancel")
+               .split(QLatin1Char(' ')) +
+           sharedIcons();
 }
 
 QStringList all()
@@ -121,6 +129,8 @@ private slots:
         names.removeOne(QStringLiteral(":/vrk/warning"));      // the same sign as the marker of an accident
         names.removeOne(QStringLiteral(":/vrk/organization")); // the same sign in the modules and in the host
         names.removeOne(QStringLiteral(":/vrk/department"));
+        for (const QString& name : sharedIcons())
+            names.removeOne(QStringLiteral(":/vrk/") + name);
         for (const QString& path : names)
             shapes << QImage(path + QStringLiteral(".png")).convertToFormat(QImage::Format_Alpha8);
         for (int a = 0; a < shapes.size(); ++a)
