@@ -155,7 +155,8 @@ void RecordCreatorDialog::updateControls()
         if (field->isEnabled() == writable)
             continue;
         field->setEnabled(writable);
-        setReadable(field, !writable);
+        if (!qobject_cast<QAbstractButton*>(field))
+            setReadable(field, !writable);
     }
     m_form->saveButton->setVisible(m_mode != Mode::Read);
     m_form->cancelButton->setText(m_mode == Mode::Read ? tr("Закрыть") : tr("Отмена"));

@@ -37,6 +37,8 @@ void RecordCreatorDialog::setCurrentRecord(MDRData* record)
     m_requestedKey = MDRValue::copy(key);
     if (!isVisible())
         return;
+    raise();
+    activateWindow();
     const bool sameRecord = m_requestedKey.isEmpty() ? m_mode == Mode::Create : m_requestedKey == m_key;
     if (sameRecord)
         return;
