@@ -110,6 +110,7 @@ void RecordCreatorDialog::setWorkerKey(const QString& key)
         return;
     m_workerKey = key;
     m_form->templatesWidget->setUserKey(key);
+    updateControls();
 }
 
 void RecordCreatorDialog::setDepartmentKey(const QString& key)
@@ -120,13 +121,13 @@ void RecordCreatorDialog::setDepartmentKey(const QString& key)
 
 void RecordCreatorDialog::setOrgTypeKey(const QString& key)
 {
-    m_orgTypeKey = key;
     m_form->templatesWidget->setRootOrgKeyLink(key);
 }
 
 void RecordCreatorDialog::setWorkshiftKey(const QString& key)
 {
     m_workshiftKey = key;
+    updateControls();
 }
 
 void RecordCreatorDialog::chooseCounterpart()

@@ -144,7 +144,6 @@ private:
     bool m_tablesStale = true;
     QString m_workerKey;
     QString m_departmentKey;
-    QString m_orgTypeKey;
     QString m_workshiftKey;
 
     Mode m_mode = Mode::Nothing;

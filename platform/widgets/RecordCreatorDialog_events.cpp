@@ -134,7 +134,7 @@ void RecordCreatorDialog::recordChanged(const TEventNciParse* event)
         return;
     if (theirs.differences(draft()).isEmpty()) { // what the window shows is what the server holds
         m_before = theirs;
-        if (m_sent.differences(theirs).isEmpty())
+        if (m_attempted && m_sent.differences(theirs).isEmpty())
             saved();
         return;
     }

@@ -94,6 +94,7 @@ bool RecordCreatorDialog::update()
         return true;
     }
     rows.RecPost(row);
+    m_attempted = true;
     return session->SqlUpdate(RecordsTable, rows.array, true, nullptr);
 }
 

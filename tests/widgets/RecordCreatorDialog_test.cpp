@@ -290,6 +290,8 @@ private slots:
         bench.dialog->show();
         bench.choose("TPL_TEXT");
         QCOMPARE(bench.holdText(), QStringLiteral("Нет открытой смены"));
+        bench.dialog->setWorkshiftKey(QStringLiteral("SHIFT_CDS_OPEN"));
+        QCOMPARE(bench.holdText(), QString());
         bench.dialog->close();
         bench.dialog->setWorkshiftKey(QStringLiteral("SHIFT_CDS_OPEN"));
         bench.dialog->setWorkerKey(QString());
