@@ -154,7 +154,7 @@ int HFNArrayUnPack(MDArray* array, const char* packed, int)
         return mdr_Invalid;
     MDAClearAll(array);
     const std::size_t length = packed != nullptr ? std::strlen(packed) : 0;
-    if (length == 0 || length > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+    if (length > static_cast<std::size_t>(std::numeric_limits<int>::max()))
         return mdr_Packed;
     const QByteArray text = QByteArray::fromRawData(packed, static_cast<int>(length));
     const QByteArray bytes = QByteArray::fromBase64(text);

@@ -89,7 +89,7 @@ int Body::setText(Body*& body, int ordinal, const char* data, std::int32_t lengt
     if (body->holdsText(ordinal) && body->slot(ordinal).text.length >= length) {
         // In place; the bytes may come from this very text.
         char* text = body->texts() + body->slot(ordinal).text.offset;
-        std::memmove(text, data, need - 1);
+        std::memmove(text, data, static_cast<std::size_t>(length));
         text[length] = 0;
         body->slots()[ordinal].text.length = length;
         return mdr_Ok;

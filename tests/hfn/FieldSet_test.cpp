@@ -1,6 +1,7 @@
 #include "ArrayTools.h"
 #include "LogbookFields.h"
 
+#include <ctime>
 #include <QtTest>
 
 class FieldSet_test : public QObject
@@ -12,6 +13,7 @@ private slots:
     void namesAreFoundWhateverTheCaseOfTheirLetters();
     void namesThatOnlyLookAlikeAreDifferent();
     void everyOneOf255FieldsIsFound();
+    void theLastFieldIsFoundAsFastAsTheFirst();
     void of256FieldsNoneIsTaken();
     void ofEqualNamesTheFirstIsFound();
     void handlesReadAsTheirNames();
@@ -101,6 +103,33 @@ void FieldSet_test::everyOneOf255FieldsIsFound()
     const MDRFieldDescr one = numbered(255);
     QCOMPARE(MDAFldAdd(array.array, 1, &one), int(mdr_Full));
     QCOMPARE(MDAFldCount(array.array), 255);
+}
+
+void FieldSet_test::theLastFieldIsFoundAsFastAsTheFirst()
+{
+    CMDArray array;
+    MDACreate(&array.array, 0);
+    QVector<QByteArray> names;
+    for (int i = 0; i < 255; ++i) {
+        const MDRFieldDescr field = numbered(i);
+        MDAFldAdd(array.array, 1, &field);
+        names.append(field.name);
+    }
+    const auto timeOf = [&](int first, int last) {
+        const std::clock_t start = std::clock(); // of this process: others do not count
+        int found = 0;
+        for (int round = 0; round < 2000; ++round) {
+            for (int i = 0; i < 255; ++i)
+                found +=
+                    MDRFldByName(array.array, names[first + i % (last - first + 1)].constData())->ordinal;
+        }
+        return found >= 0 ? std::clock() - start : 0;
+    };
+    timeOf(0, 254);
+    const std::clock_t ofFirst = timeOf(0, 19);
+    const std::clock_t ofLast = timeOf(235, 254);
+    if (ofLast > 8 * ofFirst) // a walk over the fields takes some twenty times as long
+        QFAIL(qPrintable(QStringLiteral("%1 against %2 ticks").arg(ofLast).arg(ofFirst)));
 }
 
 void FieldSet_test::of256FieldsNoneIsTaken()

@@ -8,6 +8,7 @@ class HFNCliParam_test : public QObject
     Q_OBJECT
 
 private slots:
+    void blocksHaveTheirAgreedFields();
     void answersHoldCodeAndPackedArray();
     void eventsHoldNumberKeySourceAndRow();
     void aDeletionCarriesNoRow();
@@ -19,6 +20,24 @@ private slots:
 static const MDRField* field(const HFNCliParam* block, int number)
 {
     return MDRFldByNum(block->array, number);
+}
+
+void HFNCliParam_test::blocksHaveTheirAgreedFields()
+{
+    const auto kinds = [](HFNCliParam* made) {
+        const std::unique_ptr<HFNCliParam> block(made);
+        QVector<int> types;
+        for (int i = 0; i < MDAFldCount(block->array); ++i) {
+            types.append(field(made, i)->type);
+            if (field(made, i)->width != 0)
+                types.append(-field(made, i)->width); // none is bounded
+        }
+        return types;
+    };
+    QCOMPARE(kinds(HFNCliParam::answer(0, "")), (QVector<int>{mdr_TInt32, mdr_TInt32, mdr_TMemo}));
+    QCOMPARE(kinds(HFNCliParam::event(601, "", "", "")),
+             (QVector<int>{mdr_TInt32, mdr_TInt32, mdr_TInt32, mdr_TInt32, mdr_TMemo, mdr_TMemo, mdr_TInt32,
+                           mdr_TBlob}));
 }
 
 void HFNCliParam_test::answersHoldCodeAndPackedArray()

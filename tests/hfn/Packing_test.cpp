@@ -492,6 +492,10 @@ void Packing_test::writerAndReaderAgree()
     QCOMPARE(reader.number(), 0U); // nothing is left
     QVERIFY(!reader.ok());
     QVERIFY(!reader.finished());
+    QCOMPARE(int(reader.byte()), 0);
+    QCOMPARE(reader.real(), 0.0);
+    QCOMPARE(QByteArray(reader.text(&length)), QByteArray());
+    QCOMPARE(length, 0);
     // The form is the same on every machine; the checksum is the common CRC-32.
     QCOMPARE(packed.toHex(), QByteArray("544553540118000000"
                                         "fa00286bee000000000000c0bf0300000061006200000000"
