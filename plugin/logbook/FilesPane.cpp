@@ -4,6 +4,7 @@
 #include "LogText.h"
 #include "RecordValue.h"
 
+#include <QDir>
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QHeaderView>
@@ -62,7 +63,7 @@ QPixmap FilesPane::iconOf(const QString& fileName)
         return *known;
 
     // The provider looks at real files only.
-    QTemporaryFile sample(QStringLiteral("XXXXXX%1").arg(suffix));
+    QTemporaryFile sample(QDir::tempPath() + QStringLiteral("/XXXXXX%1").arg(suffix));
     if (sample.open())
         sample.close();
     QPixmap icon = QFileIconProvider().icon(QFileInfo(sample.fileName())).pixmap(side, side);

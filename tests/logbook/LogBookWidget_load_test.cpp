@@ -51,6 +51,19 @@ private slots:
     }
     void cleanup() { QCOMPARE(m_log->take().join(QLatin1Char('\n')), QString()); }
 
+    void showsNothingBeforeItIsStarted()
+    {
+        LogBookWidget tab;
+        QCOMPARE(tab.mode(), 0);
+        QVERIFY(!tab.isInit());
+        QVERIFY(!tab.currentWorkshift() && !tab.currentRecord());
+        QVERIFY(!tab.displayedPeriodStart().isValid() && !tab.displayedPeriodEnd().isValid());
+        QVERIFY(!tab.isOpenWorkshift() && tab.isCloseWorkshift() && !tab.isWorkerInWorkshift());
+        QVERIFY(!tab.isSelectedWorkshift() && tab.isHideDraft() && !tab.isRecordCreatable());
+        QVERIFY(tab.table(QStringLiteral("LogbookRecords")));
+        QVERIFY(!tab.table(QStringLiteral("Workers")));
+    }
+
     void showsTheOpenWorkshiftAtOnce()
     {
         const TestStore store;

@@ -1,0 +1,108 @@
+#include "CommentsPane.h"
+
+#include "HfnTime.h"
+#include "LocationInfo.h"
+#include "LogWatch.h"
+#include "MadeTable.h"
+#include "MessageListDelegate.h"
+
+#include <QListWidget>
+#include <QTextCodec>
+#include <QtTest>
+
+class CommentsPane_test : public QObject
+{
+    Q_OBJECT
+
+private:
+    struct Fixture {
+        Fixture()
+        {
+            workers.add({{"KeyLink", "ME"},
+                         {"lastName", QStringLiteral("Иванов")},
+                         {"firstName", QStringLiteral("Пётр")}});
+            location.setWorkersTable(&workers);
+            location.setWorkerKey(QStringLiteral("ME"));
+        }
+        static double time(const char* text)
+        {
+            return DateTime_To_HfnTime(
+                QDateTime::fromString(QLatin1String(text), QStringLiteral("dd.MM.yyyy hh:mm:ss")));
+        }
+
+        MadeTable records{"LogbookRecords", LogbookRecordExtFields};
+        MadeTable comments{"LogbookComments", LogbookCommentFields};
+        MadeTable workers{"Workers", MadeWorkerFields, "KeyLink"};
+        LocationInfo location;
+        QListWidget list;
+        CommentsPane pane{
+            &list,
+            {QStringLiteral("LogBookWidget"), &comments, &location, QTextCodec::codecForName("Windows-1251")},
+            nullptr};
+    };
+
+private slots:
+    void listsTheCommentsOfTheRecordInTheirOrder()
+    {
+        Fixture f;
+        MDRData* record = f.records.add({{"KeyLink", "R1"}});
+        f.comments.add({{"KeyLink", "C1"},
+                        {"RecordKey", "R1"},
+                        {"WorkerKey", "ME"},
+                        {"commentTime", Fixture::time("03.02.2026 23:59:01")},
+                        {"text_", QStringLiteral("Проверьте № 5")},
+                        {"readedTime", Fixture::time("04.02.2026 00:10:00")}});
+        f.comments.add({{"KeyLink", "C_OTHER"}, {"RecordKey", "R2"}});
+        f.comments.add(
+            {{"KeyLink", "C2"}, {"RecordKey", "R1"}, {"WorkerKey", "NOBODY"}, {"readedTime", 0.0}});
+        f.comments.add({{"KeyLink", "C3"}, {"RecordKey", "R1"}});
+        f.pane.reload(record);
+
+        QCOMPARE(f.list.count(), 3);
+        const QListWidgetItem* mine = f.list.item(0);
+        QCOMPARE(mine->text(), QStringLiteral("Проверьте № 5"));
+        QCOMPARE(mine->toolTip(), QStringLiteral("Прочитано 04.02.2026 00:10:00"));
+        QCOMPARE(mine->data(256).toString(), QStringLiteral("C1"));
+        QCOMPARE(mine->data(257).toString(), QStringLiteral("Иванов П."));
+        QCOMPARE(mine->data(258).toString(), QStringLiteral("03.02.2026 23:59:01"));
+        QCOMPARE(mine->data(259), QVariant(true));
+        QCOMPARE(mine->data(260), QVariant(true));
+        const QListWidgetItem* other = f.list.item(1);
+        QCOMPARE(other->data(CommentKeyRole).toString(), QStringLiteral("C2"));
+        QCOMPARE(other->text(), QString());
+        QCOMPARE(other->toolTip(), QString());
+        QCOMPARE(other->data(CommentAuthorRole).toString(), QString());
+        QVERIFY(!other->data(CommentIsMineRole).isValid());
+        QCOMPARE(other->data(CommentIsReadRole), QVariant(false));
+        QVERIFY(!f.list.item(2)->data(CommentIsMineRole).isValid());
+        QCOMPARE(f.list.currentRow(), 0);
+    }
+
+    void isEmptyWithoutARecord()
+    {
+        Fixture f;
+        MDRData* record = f.records.add({{"KeyLink", "R1"}});
+        f.comments.add({{"KeyLink", "C1"}, {"RecordKey", "R1"}});
+        f.pane.reload(record);
+        QCOMPARE(f.list.count(), 1);
+        f.pane.reload(nullptr);
+        QCOMPARE(f.list.count(), 0);
+    }
+
+    void logsARecordWithoutAKey()
+    {
+        Fixture f;
+        LogWatch log;
+        f.comments.add({{"KeyLink", "C1"}});
+        f.pane.reload(f.records.add({}));
+        f.pane.reload(f.records.add({{"KeyLink", ""}}));
+        const QString line =
+            QStringLiteral("void LogBookWidget::reloadComments(MDRData*) can not reload comments - "
+                           "KeyLink is empty!");
+        QCOMPARE(log.take(), QStringList({line, line}));
+        QCOMPARE(f.list.count(), 0);
+    }
+};
+
+QTEST_MAIN(CommentsPane_test)
+#include "CommentsPane_test.moc"

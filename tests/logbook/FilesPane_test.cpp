@@ -1,0 +1,86 @@
+#include "FilesPane.h"
+
+#include "LogWatch.h"
+#include "MadeTable.h"
+
+#include <QHeaderView>
+#include <QPixmap>
+#include <QTableWidget>
+#include <QTextCodec>
+#include <QtTest>
+
+class FilesPane_test : public QObject
+{
+    Q_OBJECT
+
+private:
+    struct Fixture {
+        MadeTable records{"LogbookRecords", LogbookRecordExtFields};
+        MadeTable files{"LogbookFiles", LogbookFilesFields};
+        QTableWidget table;
+        FilesPane pane{&table,
+                       {QStringLiteral("LogBookWidget"), &files, QTextCodec::codecForName("Windows-1251")},
+                       nullptr};
+    };
+
+private slots:
+    void listsTheFilesOfTheRecord()
+    {
+        Fixture f;
+        MDRData* record = f.records.add({{"KeyLink", "R1"}});
+        const QStringList names{QStringLiteral("схема.pdf"), QStringLiteral("без точки"),
+                                QStringLiteral("точка."), QStringLiteral("вторая схема.pdf")};
+        for (const QString& name : names)
+            f.files.add({{"KeyLink", QByteArray("F") + name.right(1).toUtf8()},
+                         {"RecordKey", "R1"},
+                         {"fileName", name}});
+        f.files.add({{"KeyLink", "F_OTHER"}, {"RecordKey", "R2"}, {"fileName", "other.txt"}});
+        f.files.add({{"KeyLink", "F_NULL"}, {"RecordKey", "R1"}});
+
+        f.pane.reload(record);
+
+        QCOMPARE(f.table.columnCount(), 1);
+        QCOMPARE(f.table.horizontalHeaderItem(0)->text(), QStringLiteral("Наименование"));
+        QCOMPARE(f.table.rowCount(), 5);
+        for (int row = 0; row < names.size(); ++row) {
+            QCOMPARE(f.table.item(row, 0)->text(), names.at(row));
+            QCOMPARE(f.table.item(row, 0)->flags(), Qt::ItemIsSelectable | Qt::ItemIsEnabled);
+            QCOMPARE(f.table.item(row, 0)->data(Qt::DecorationRole).value<QPixmap>().size(), QSize(16, 16));
+        }
+        QCOMPARE(f.table.item(4, 0)->text(), QString());
+        QCOMPARE(f.table.item(4, 0)->data(Qt::UserRole).toString(), QStringLiteral("F_NULL"));
+        QVERIFY(f.table.verticalHeader()->isHidden());
+        QVERIFY(f.table.horizontalHeader()->stretchLastSection());
+        QCOMPARE(f.table.selectionBehavior(), QAbstractItemView::SelectRows);
+        QCOMPARE(f.table.selectionMode(), QAbstractItemView::SingleSelection);
+        QVERIFY(f.table.alternatingRowColors());
+        QCOMPARE(f.table.currentRow(), 0);
+    }
+
+    void isEmptyWithoutARecordAndWithoutFiles()
+    {
+        Fixture f;
+        MDRData* record = f.records.add({{"KeyLink", "R1"}});
+        f.files.add({{"KeyLink", "F1"}, {"RecordKey", "R1"}, {"fileName", "a.txt"}});
+        f.pane.reload(record);
+        QCOMPARE(f.table.rowCount(), 1);
+        f.pane.reload(nullptr);
+        QCOMPARE(f.table.rowCount(), 0);
+        f.pane.reload(f.records.add({{"KeyLink", "R2"}}));
+        QCOMPARE(f.table.rowCount(), 0);
+    }
+
+    void logsARecordWithoutAKey()
+    {
+        Fixture f;
+        LogWatch log;
+        f.pane.reload(f.records.add({}));
+        QCOMPARE(log.take(), QStringList{QStringLiteral(
+                                 "void LogBookWidget::reloadFiles(MDRData*) can not reload files - KeyLink "
+                                 "is empty!")});
+        QCOMPARE(f.table.rowCount(), 0);
+    }
+};
+
+QTEST_MAIN(FilesPane_test)
+#include "FilesPane_test.moc"
