@@ -41,8 +41,9 @@ void LogBookWidget::init(CVrkCliMod* module, LocationInfo* location)
     connect(m_ui->recordsTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this] { emit changedSelectedRecord(currentRecord()); });
 
+    configureTableTool(); // before the rows: each conversion announces its whole column
     uploadRealTimeWorkshift();
-    configureTableTool();
+    m_tableTool->adjustColumnsWidth();
     configureContextMenu();
     createDialogs();
     createConnections();

@@ -79,5 +79,4 @@ void RecordColumns::configure(VrkTableTool* tool)
     for (const char* field : {"KeyLink", "ShiftKey", "SecondMarkWorkerKey", "OriginRecordKey"})
         tool->setColumnVisible(QLatin1String(field), false);
     tool->sortByColumn(QStringLiteral("recordTime"), Qt::AscendingOrder);
-    tool->adjustColumnsWidth();
 }

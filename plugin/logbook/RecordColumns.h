@@ -17,7 +17,8 @@ class RecordColumns : public QObject
 public:
     RecordColumns(CVrkCliSes* session, CModelTable* workers, const QFont& font, QObject* parent);
 
-    /// Sets the columns up, sorts by the time of the record and fits the widths. The tool has its data already.
+    /// Sets the columns up and sorts by the time of the record. The tool has its array already, best without records:
+    /// every conversion announces its column anew. Widths are fitted afterwards, from the rows.
     void configure(VrkTableTool* tool);
     /// The font of the cells' texts.
     void setFont(const QFont& font);
