@@ -53,8 +53,8 @@ void VrkTableProxyModel::setFilterRows(VrkTableFilterRow* filter)
             invalidateFilter();
     };
     connect(filter, &VrkTableFilterRow::enabledChanged, this, ask);
-    connect(filter, &QObject::destroyed, this, [this, ask](QObject* gone) {
-        m_filters.removeAll(static_cast<VrkTableFilterRow*>(gone));
+    connect(filter, &QObject::destroyed, this, [this, ask, filter] {
+        m_filters.removeAll(filter);
         ask();
     });
     ask();
