@@ -65,7 +65,7 @@ private slots:
         QFETCH(int, storeCode);
         const QVector<MDRFieldDescr> fields = TableCatalog::table("LogbookComments")->descriptors();
         CRowBatch batch(fields.constData(), fields.size());
-        const QByteArray longText(20000, 'x');
+        const QByteArray longText(6000, 'x');
         for (const char* key : {"C1", "C2"}) {
             MDRData* row = batch.newRow(ROW_INSERT, key);
             batch.SetValF(row, "RecordKey", MDRValue::text("REC_ZAR"));
