@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QTimer>
 
 namespace
@@ -143,6 +144,7 @@ void TemplatesWidget::refresh()
     const bool searching = m_model->isFiltered() && m_form->searchEdit->hasFocus();
     const QString key = current.data(TemplatesModel::KeyRole).toString();
     const QString group = current.isValid() ? m_model->groupOf(current) : QString();
+    const int scrolled = m_form->templatesTree->verticalScrollBar()->value();
     {
         QScopedValueRollback<bool> arranging(m_arranging, true);
         m_model->rebuild(*m_source);
@@ -152,6 +154,8 @@ void TemplatesWidget::refresh()
         highlight(m_model->indexOf(key, group));
     else
         highlightChosen();
+    m_form->templatesTree->doItemsLayout(); // the bar has no range before
+    m_form->templatesTree->verticalScrollBar()->setValue(scrolled);
     if (!m_chosen.isEmpty() && !m_model->contains(m_chosen))
         clearSelection();
 }
@@ -353,9 +357,11 @@ bool TemplatesWidget::eventFilter(QObject* watched, QEvent* event)
         if (search ? searchKey(key) : treeKey(key))
             return true;
     } else if (event->type() == QEvent::FocusOut && search && !m_form->templatesTree->hasFocus()) {
-        // What was only looked at while typing is not the choice. On the way into the tree it is still looked
-        // at.
-        highlightChosen();
+        // What was only looked at while typing is not the choice. On the way into the tree, or into another
+        // window and back, it is still looked at.
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            highlightChosen();
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -484,6 +485,21 @@ private slots:
         tree.widget.reloadTemplates();
         QTRY_VERIFY(tree.find(QStringLiteral("Аварийные переключения")).isValid());
         QCOMPARE(tree.current(), looked);
+    }
+
+    void a_renewal_leaves_the_tree_scrolled_where_it_was()
+    {
+        Tree tree;
+        for (int number = 0; number < 80; ++number)
+            tree.templateRow(("T_MORE" + QByteArray::number(number)).constData(), "COMMON",
+                             ("Ещё " + QByteArray::number(number)).constData());
+        tree.show();
+        tree.view()->verticalScrollBar()->setValue(40);
+        QCOMPARE(tree.view()->verticalScrollBar()->value(), 40);
+        tree.templateRow("T_NEW", "COMMON", "Ящур");
+        tree.widget.reloadTemplates();
+        QTRY_VERIFY(tree.find(QStringLiteral("Ящур")).isValid());
+        QCOMPARE(tree.view()->verticalScrollBar()->value(), 40);
     }
 
     void used_templates_come_first_the_latest_on_top_and_are_kept_for_worker_and_department()
