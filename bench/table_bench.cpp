@@ -7,6 +7,7 @@
 #include "VrkTableTool.h"
 
 #include <benchmark/benchmark.h>
+#include <memory>
 #include <QApplication>
 #include <QTableView>
 #include <QTextCodec>
