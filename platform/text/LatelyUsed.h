@@ -9,7 +9,7 @@ class LatelyUsed
 public:
     static constexpr int keptAtMost = 20;
 
-    /// \a user is the key of the signed-in worker: several people may share one account of the system.
+    /// \a user is the key of the login: several people may share one account of the system.
     void setUser(const QString& user) { m_user = user; }
 
     /// Latest first.

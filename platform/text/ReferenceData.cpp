@@ -444,7 +444,7 @@ QDateTime ReferenceData::now() const
     return d->session() ? d->session()->HfnTimeToSesTime() : QDateTime::currentDateTime();
 }
 
-QString ReferenceData::workerKey() const
+QString ReferenceData::userKey() const
 {
     return d->userParameter("KEYLINK");
 }

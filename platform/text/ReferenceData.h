@@ -36,8 +36,8 @@ public:
     QVector<ReferenceItem> crew(ParameterKind kind);
     /// The server's present time.
     QDateTime now() const;
-    /// Key of the signed-in worker.
-    QString workerKey() const;
+    /// Key of the login's row.
+    QString userKey() const;
 
     /// Drops what the event has made stale. Several fillers may hand in the same event.
     void MessageData(TEventNciParse* event);

@@ -274,7 +274,7 @@ void TemplateFiller::setTemplate(const QString& html)
 {
     d->html = html;
     if (d->reference)
-        d->latelyUsed.setUser(d->reference->workerKey());
+        d->latelyUsed.setUser(d->reference->userKey());
     d->readTemplate();
     d->offerKept();
     d->pages->setCurrentIndex(html.isEmpty() ? 0 : 1);
@@ -344,8 +344,11 @@ void TemplateFiller::MessageData(TEventNciParse* event)
 void TemplateFiller::valuesWritten()
 {
     for (int i = 0; i < d->specs.size(); ++i) {
-        if (d->specs.at(i).kind == ParameterKind::Text && d->isFilled(i))
-            d->latelyUsed.add(d->specs.at(i).label, d->values.at(i).text);
+        const ParameterSpec& spec = d->specs.at(i);
+        const bool freeText =
+            spec.kind == ParameterKind::Text || (spec.kind == ParameterKind::List && spec.values.isEmpty());
+        if (freeText && d->isFilled(i))
+            d->latelyUsed.add(spec.label, d->values.at(i).text);
     }
     forgetValues();
 }

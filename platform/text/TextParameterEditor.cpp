@@ -84,7 +84,8 @@ QWidget* TextParameterEditor::input() const
 
 bool TextParameterEditor::enterPressed(QWidget*, Qt::KeyboardModifiers modifiers)
 {
-    const bool breaks = spec().wholeText ? modifiers != Qt::ControlModifier : modifiers != Qt::NoModifier;
+    const bool breaks =
+        spec().wholeText ? !(modifiers & Qt::ControlModifier) : bool(modifiers & Qt::ShiftModifier);
     if (breaks)
         m_edit->insertPlainText(QStringLiteral("\n"));
     return breaks;

@@ -36,6 +36,13 @@ QString list(const char* label, const std::vector<std::string>& values)
     return parameter("list", label, {{"list", HtmlParser::createListProperty(values)}});
 }
 
+QStringList latelyUsed(const QString& label)
+{
+    LatelyUsed texts;
+    texts.setUser(QStringLiteral("USER_IVANOV"));
+    return texts.texts(label);
+}
+
 /// A filler in a window of its own over the session of a login.
 struct Setting {
     explicit Setting(const TestStore& store, const QString& login = QStringLiteral("ivanov"))
@@ -164,6 +171,7 @@ private slots:
     void valuesSetByTheProgramAreNotKept();
     void recordsAreNotKept();
     void writtenTextsAreOfferedAgain();
+    void blankAndLongTextsAreNotOffered();
 
     void valuesMakeTheRoundTripThroughAnyTemplate();
     void bothThemesAndLargeFontsHoldTheWidgets();
@@ -459,6 +467,23 @@ void TemplateFiller_test::aWholeTextTakesEnterAsLineBreakAndGrows()
     QCOMPARE(setting.shown(0).count(QLatin1Char('\n')), 5);
 }
 
+void TemplateFiller_test::blankAndLongTextsAreNotOffered()
+{
+    LatelyUsed texts;
+    const QString label = QStringLiteral("Место/номер");
+    texts.add(label, QStringLiteral(" "));
+    texts.add(label, QString(301, QLatin1Char('x')));
+    QVERIFY(texts.texts(label).isEmpty());
+    for (int i = 0; i < LatelyUsed::keptAtMost + 5; ++i)
+        texts.add(label, QString::number(i));
+    texts.add(label, QStringLiteral("10"));
+    QCOMPARE(texts.texts(label).size(), LatelyUsed::keptAtMost);
+    QCOMPARE(texts.texts(label).first(), QStringLiteral("10"));
+    QCOMPARE(texts.texts(label).count(QStringLiteral("10")), 1);
+    QCOMPARE(texts.texts(QStringLiteral("место/НОМЕР")), texts.texts(label));
+    QVERIFY(texts.texts(QStringLiteral("Место")).isEmpty());
+}
+
 void TemplateFiller_test::aDateIsCompletedInItsLayout()
 {
     Setting setting(m_store);
@@ -539,6 +564,8 @@ void TemplateFiller_test::aValueThatTheListLacksStays()
     setting.filler.setFocus();
     setting.type(QStringLiteral("свободно"));
     QCOMPARE(setting.shown(0), QStringLiteral("свободно"));
+    setting.filler.valuesWritten();
+    QCOMPARE(latelyUsed(QStringLiteral("Пустой список")), QStringList{QStringLiteral("свободно")});
 }
 
 void TemplateFiller_test::anIntervalReadsFromTo()
