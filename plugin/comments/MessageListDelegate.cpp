@@ -11,15 +11,15 @@ int heightOf(const QRect& rect)
     return rect.bottom() - rect.top() + 1;
 }
 
-/// The pen told for the item; in a selected one, and on a dark ground, where that colour drowns, the view's own.
-QPen penFor(const QStyleOptionViewItem& option, const char* color)
+/// The pen told for the item; in a selected one, and where a dark colour drowns in a dark ground, the view's own.
+QPen penFor(const QStyleOptionViewItem& option, const QColor& color)
 {
+    constexpr int dark = 100;
     if (option.state.testFlag(QStyle::State_Selected))
         return QPen(option.palette.color(QPalette::HighlightedText));
-    if (option.palette.color(QPalette::Base).lightness() < 128 &&
-        QColor(QLatin1String(color)).lightness() < 128)
+    if (option.palette.color(QPalette::Base).lightness() < dark && color.lightness() < dark)
         return QPen(option.palette.color(QPalette::Text));
-    return QPen(QColor(QLatin1String(color)));
+    return QPen(color);
 }
 
 void drawLine(QPainter* painter, const QRect& rect, const QFont& font, const QPen& pen, const QString& text,
@@ -101,13 +101,14 @@ void MessageListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
     const QPen plain = isSelected ? QPen(option.palette.color(QPalette::HighlightedText)) : painter->pen();
     painter->save();
     painter->translate(option.rect.left() + 1, option.rect.top() + 1);
-    drawLine(painter, QRect(0, 0, width, line), authorFont, isMine ? penFor(option, "#309AC7") : plain,
-             author, QTextOption());
+    drawLine(painter, QRect(0, 0, width, line), authorFont,
+             isMine ? penFor(option, QColor(0x30, 0x9A, 0xC7)) : plain, author, QTextOption());
     QTextOption wrapped;
     wrapped.setWrapMode(QTextOption::WordWrap);
     drawLine(painter, QRect(0, textTop, width, textHeight), option.font, plain, message, wrapped);
     drawLine(painter, QRect(0, dateTop, isRead ? width - line - 4 : width, line), dateFont,
-             penFor(option, "#3E403E"), index.data(CommentTimeRole).toString(), QTextOption(Qt::AlignRight));
+             penFor(option, QColor(0x3E, 0x40, 0x3E)), index.data(CommentTimeRole).toString(),
+             QTextOption(Qt::AlignRight));
     // Drawn for an unread comment too: there it lies behind the right edge, where nothing shows.
     const QPixmap mark = QPixmap(QStringLiteral(":/icons/readed.png"))
                              .scaled(line, line, Qt::KeepAspectRatio, Qt::SmoothTransformation);

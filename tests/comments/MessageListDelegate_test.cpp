@@ -146,6 +146,7 @@ private slots:
         f.option.state = QStyle::State_Enabled;
         f.option.palette = Fixture::palette(Qt::black, Qt::white);
         QVERIFY(Fixture::holds(f.paint(), f.bottom(), Qt::white));
+        QVERIFY(Fixture::holds(f.paint(), f.top(), QColor(0x30, 0x9A, 0xC7)));
     }
 
     void leavesInvalidIndexesToItsBase()
