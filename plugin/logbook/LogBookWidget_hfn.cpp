@@ -123,8 +123,6 @@ void LogBookWidget::finishLoad()
 {
     m_tableTool->model()->endResetModel();
     m_tableTool->setCurrentFirst();
-    if (!currentRecord())
-        reloadPanes(nullptr); // an empty table moves no current row, and the panes would keep what they show
     updateRecordsFilter();
     emit statusChanged();
 }

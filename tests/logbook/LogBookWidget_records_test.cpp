@@ -187,6 +187,19 @@ private slots:
         QCOMPARE(stored(store, "REC_ORDER", "status").toInt(), 0);
     }
 
+    void takesOneAnswerOnly()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        journal.select("REC_ORDER");
+        journal.tab().deleteRecordRequest();
+        QDialogButtonBox* buttons = journal.box()->buttonBox();
+        journal.press(QDialogButtonBox::NoRole);
+        for (QAbstractButton* button : buttons->buttons()) // of a question that is answered
+            emit buttons->clicked(button);
+        QCOMPARE(stored(store, "REC_ORDER", "status").toInt(), 0);
+    }
+
     void deletesTheRecordThatIsCurrentWhenTheAnswerComes()
     {
         const TestStore store;
