@@ -1,4 +1,3 @@
-#include "PostgresStore.h"
 #include "SqliteStore.h"
 #include "StoreUrl.h"
 
@@ -7,8 +6,6 @@ std::unique_ptr<Store> Store::open(const QString& url, const Options& options, S
     const StoreUrl parsed(url);
     if (parsed.engine == StoreUrl::Sqlite)
         return SqliteStore::open(parsed.file, options, error);
-    if (parsed.engine == StoreUrl::PostgreSql)
-        return PostgresStore::open(url, options, error);
     *error = parsed.error();
     return nullptr;
 }

@@ -16,11 +16,17 @@ StoreUrl::StoreUrl(const QString& address) : url(address)
 
 StoreError StoreUrl::error() const
 {
-    if (engine != None)
+    switch (engine) {
+    case Sqlite:
         return StoreError();
-    return {StoreError::BadUrl,
-            QString::fromUtf8("Адрес хранилища «%1» не понят: ожидается sqlite:///путь/к/файлу или "
-                              "postgresql://сервер/база.")
-                .arg(url),
+    case PostgreSql:
+        return {StoreError::BadUrl,
+                QString::fromUtf8("Хранилище PostgreSQL в этой сборке программы недоступно: «%1».").arg(url),
+                QString()};
+    default:
+        return {
+            StoreError::BadUrl,
+            QString::fromUtf8("Адрес хранилища «%1» не понят: ожидается sqlite:///путь/к/файлу.").arg(url),
             QString()};
+    }
 }
