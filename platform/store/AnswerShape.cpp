@@ -2,15 +2,15 @@
 
 #include "TableCatalog.h"
 
-#include <limits>
+#include <cctype>
 #include <QRegularExpression>
 
 namespace
 {
-MDRFieldDescr describe(const char* name, MDRType type, int width)
+MDRFieldDescr describe(const QByteArray& name, MDRType type, int width)
 {
     MDRFieldDescr field = {};
-    qstrncpy(field.name, name, sizeof field.name);
+    qstrncpy(field.name, name.constData(), sizeof field.name);
     field.type = type;
     field.width = static_cast<std::uint8_t>(width);
     return field;
@@ -28,61 +28,35 @@ bool isTakenOnce(const QByteArray& sql, const QByteArray& table)
         ++count;
     return count == 1;
 }
-
-MDRType computedType(sqlite3_stmt* statement, int column)
-{
-    switch (sqlite3_column_type(statement, column)) {
-    case SQLITE_INTEGER: {
-        const sqlite3_int64 number = sqlite3_column_int64(statement, column);
-        const bool fits = number >= std::numeric_limits<std::int32_t>::min() &&
-                          number <= std::numeric_limits<std::int32_t>::max();
-        return fits ? mdr_TInt32 : mdr_TDouble;
-    }
-    case SQLITE_FLOAT:
-        return mdr_TDouble;
-    case SQLITE_BLOB:
-        return mdr_TBlob;
-    default:
-        return mdr_TMemo;
-    }
-}
 } // namespace
 
-AnswerShape AnswerShape::of(sqlite3_stmt* statement, const QByteArray& sql)
+AnswerShape AnswerShape::of(const QVector<Origin>& origins, const QByteArray& sql)
 {
     AnswerShape shape;
-    const int count = sqlite3_column_count(statement);
-    QVector<QByteArray> tables(count);
-    for (int i = 0; i < count; ++i) {
+    for (const Origin& origin : origins) {
         Column column;
-        const char* name = sqlite3_column_name(statement, i);
-        const char* origin = sqlite3_column_origin_name(statement, i);
-        const CatalogTable* table = nullptr;
-        if (origin)
-            table = TableCatalog::table(sqlite3_column_table_name(statement, i));
-        const int index = table ? table->fieldIndex(origin) : -1;
-        if (index >= 0) {
-            const CatalogField& field = table->fields.at(index);
-            tables[i] = table->name;
-            const bool renamed = qstricmp(name, field.name) != 0;
-            column.field = describe(renamed ? name : field.name.constData(), field.type, field.width);
+        if (origin.table) {
+            const CatalogField& field = origin.table->fields.at(origin.field);
+            const bool isRenamed = qstricmp(origin.name, field.name) != 0;
+            column.field = describe(isRenamed ? origin.name : field.name, field.type, field.width);
         } else {
-            column.field = describe(name, mdr_TMemo, 0);
+            column.field = describe(origin.name, mdr_TMemo, 0);
             column.isComputed = true;
         }
         shape.columns.append(column);
     }
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < origins.size(); ++i) {
         Column& blob = shape.columns[i];
-        if (blob.isComputed || blob.field.type != mdr_TBlob || !isTakenOnce(sql, tables.at(i)))
+        const CatalogTable* table = origins.at(i).table;
+        if (blob.isComputed || blob.field.type != mdr_TBlob || !isTakenOnce(sql, table->name))
             continue;
-        for (int k = 0; k < count && blob.keyColumn < 0; ++k) {
-            const char* origin = sqlite3_column_origin_name(statement, k);
-            if (origin && tables.at(k) == tables.at(i) && qstricmp(origin, "KeyLink") == 0)
+        for (int k = 0; k < origins.size() && blob.keyColumn < 0; ++k) {
+            const Origin& key = origins.at(k);
+            if (key.table == table && table->fields.at(key.field).name == "KeyLink")
                 blob.keyColumn = k;
         }
         if (blob.keyColumn >= 0)
-            blob.table = tables.at(i);
+            blob.table = table->name;
     }
     return shape;
 }
@@ -95,25 +69,22 @@ bool AnswerShape::hasStoredBlobs() const
     return false;
 }
 
-QByteArray AnswerShape::wrapped(const QByteArray& sql) const
+QByteArray AnswerShape::wrapped(const QByteArray& sql, const Expression& other) const
 {
     QByteArray names;
     QByteArray values;
     for (int i = 0; i < columns.size(); ++i) {
         const QByteArray name = "c" + QByteArray::number(i);
         names += (i ? ", " : "") + name;
+        values += i ? ", " : "";
         // The length of a blob is known without reading it.
-        values += (i ? ", " : "") + (columns.at(i).keyColumn >= 0 ? "length(" + name + ")" : name);
+        if (columns.at(i).keyColumn >= 0)
+            values += "length(" + name + ")";
+        else
+            values += other ? other(i, name) : name;
     }
     // The select may end with a remark, hence the line break.
     return "WITH answer (" + names + ") AS (" + sql + "\n) SELECT " + values + " FROM answer";
-}
-
-void AnswerShape::settle(sqlite3_stmt* statement, bool hasRow)
-{
-    for (int i = 0; hasRow && i < columns.size(); ++i)
-        if (columns.at(i).isComputed)
-            columns[i].field.type = computedType(statement, i);
 }
 
 QVector<MDRFieldDescr> AnswerShape::descriptors() const
@@ -122,4 +93,29 @@ QVector<MDRFieldDescr> AnswerShape::descriptors() const
     for (const Column& column : columns)
         all.append(column.field);
     return all;
+}
+
+QByteArray AnswerShape::withoutEnd(const QByteArray& sql)
+{
+    // The end is behind the last character that is no blank, no semicolon and in no remark.
+    int end = 0;
+    for (int i = 0; i < sql.size();) {
+        const char c = sql.at(i);
+        int next = i + 1;
+        if (sql.mid(i, 2) == "--") {
+            const int line = sql.indexOf('\n', i);
+            next = line < 0 ? sql.size() : line + 1;
+        } else if (sql.mid(i, 2) == "/*") {
+            const int closed = sql.indexOf("*/", i + 2);
+            next = closed < 0 ? sql.size() : closed + 2;
+        } else if (c == '\'' || c == '"') {
+            const int closed = sql.indexOf(c, i + 1);
+            next = closed < 0 ? sql.size() : closed + 1;
+            end = next;
+        } else if (c != ';' && !isspace(static_cast<unsigned char>(c))) {
+            end = next;
+        }
+        i = next;
+    }
+    return sql.left(end);
 }

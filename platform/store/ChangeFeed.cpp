@@ -1,11 +1,13 @@
 #include "ChangeFeed.h"
 
 #include <algorithm>
+#include <QRandomGenerator>
 
 namespace
 {
 constexpr int pollMs = 100;         // for what other processes write
 constexpr int slowestPollMs = 2000; // while the store is gone
+constexpr int settleMs = 50;        // hints that follow one another closely are answered by one reading
 constexpr int changesAtOnce = 1000;
 } // namespace
 
@@ -16,6 +18,9 @@ ChangeFeed::ChangeFeed(Store* store, QObject* parent) : QObject(parent), m_store
         if (m_lost || m_store->hasNews())
             poll();
     });
+    m_settle.setInterval(settleMs);
+    m_settle.setSingleShot(true);
+    connect(&m_settle, &QTimer::timeout, this, &ChangeFeed::settle);
 }
 
 bool ChangeFeed::start(StoreError* error)
@@ -24,12 +29,35 @@ bool ChangeFeed::start(StoreError* error)
         return false;
     m_lost = false;
     m_timer.start(pollMs);
+    if (!m_notifier && m_store->newsDescriptor() >= 0) {
+        m_notifier = std::make_unique<QSocketNotifier>(m_store->newsDescriptor(), QSocketNotifier::Read);
+        connect(m_notifier.get(), &QSocketNotifier::activated, this, &ChangeFeed::hear);
+    }
     return true;
 }
 
 void ChangeFeed::stop()
 {
     m_timer.stop();
+    m_settle.stop();
+    m_notifier.reset();
+}
+
+void ChangeFeed::hear()
+{
+    if (m_isPolling || !m_store->hasNews())
+        return;
+    if (m_settle.isActive())
+        return; // read at its end
+    m_settle.start();
+    poll();
+}
+
+void ChangeFeed::settle()
+{
+    // A store does not hint at every single transaction, so that a last reading has to find nothing.
+    if (!m_lost && poll() > 0)
+        m_settle.start();
 }
 
 void ChangeFeed::wake()
@@ -73,12 +101,20 @@ int ChangeFeed::poll()
 
 void ChangeFeed::reportLost(const StoreError& error)
 {
-    if (m_timer.isActive())
-        m_timer.setInterval(m_lost ? std::min(2 * m_timer.interval(), slowestPollMs) : pollMs);
+    waitLonger();
     if (m_lost)
         return;
     m_lost = true;
     emit lost(error);
+}
+
+void ChangeFeed::waitLonger()
+{
+    if (!m_timer.isActive())
+        return;
+    // Not all at once: a server that comes back has many workstations waiting for it.
+    m_pause = m_lost ? std::min(2 * m_pause, slowestPollMs) : pollMs;
+    m_timer.setInterval(m_pause / 2 + QRandomGenerator::global()->bounded(m_pause));
 }
 
 void ChangeFeed::reportFound()

@@ -2,7 +2,9 @@
 
 #include "Store.h"
 
+#include <memory>
 #include <QObject>
+#include <QSocketNotifier>
 #include <QTimer>
 
 /// Follows the change log of a store: wakes up on hints, reads what came after its position and hands it on, every
@@ -35,12 +37,18 @@ signals:
     void restarted();
 
 private:
+    void hear();
+    void settle();
+    void waitLonger();
     void reportFound();
     void beginAnew();
 
     Store* m_store;
     ChangePosition m_position;
     QTimer m_timer;
+    std::unique_ptr<QSocketNotifier> m_notifier; ///< where the store has hints of its own
+    QTimer m_settle;                             ///< since the last reading that a hint has caused
+    int m_pause = 0;                             ///< between two attempts to find a lost store again
     bool m_lost = false;
     bool m_isWoken = false;
     bool m_isPolling = false;

@@ -1,6 +1,7 @@
 #include "ChangeRow.h"
 
 #include <charconv>
+#include <cstring>
 #include <QCryptographicHash>
 #include <sqlite3.h>
 
@@ -132,7 +133,9 @@ QByteArray ChangeRow::text(int index) const
             plain.append(static_cast<char>(value.mid(i + 4, 2).toInt(nullptr, 16)));
             i += 5;
         } else {
-            plain.append(value.at(++i));
+            static const char escaped[] = "bfnrt";
+            const char* found = std::strchr(escaped, value.at(++i));
+            plain.append(found ? "\b\f\n\r\t"[found - escaped] : value.at(i));
         }
     }
     return plain.isNull() ? QByteArray("") : plain;

@@ -1,5 +1,6 @@
 #include "SqliteCheck.h"
 
+#include "ContentCheck.h"
 #include "SqliteConnection.h"
 #include "SqliteSchema.h"
 #include "TableCatalog.h"
@@ -14,14 +15,7 @@ namespace
 {
 using StoreAdmin::Finding;
 
-void add(QVector<Finding>* findings, Finding::Grade grade, const char* text,
-         const QByteArray& first = QByteArray(), const QByteArray& second = QByteArray())
-{
-    QString whole = QString::fromUtf8(text);
-    whole.replace(QLatin1String("%1"), QString::fromUtf8(first));
-    whole.replace(QLatin1String("%2"), QString::fromUtf8(second));
-    findings->append({grade, whole});
-}
+using ContentCheck::add;
 
 /// One finding for each row of the answer, its first two columns put into the text.
 bool addRows(SqliteConnection& connection, const QByteArray& sql, Finding::Grade grade, const char* text,
@@ -36,47 +30,6 @@ bool addRows(SqliteConnection& connection, const QByteArray& sql, Finding::Grade
     *error = connection.lastError();
     return false;
 }
-
-struct Reference {
-    const char* table;
-    const char* field;
-    const char* target;
-    Finding::Grade grade;
-};
-
-// People come and go, so a worker who is not there is only noted.
-const Reference references[] = {
-    {"LogbookWorkshifts", "DepartmentKey", "Departments", Finding::Fault},
-    {"LogbookWorkshifts", "OpenWorkerKey", "Workers", Finding::Note},
-    {"LogbookWorkshifts", "CloseWorkerKey", "Workers", Finding::Note},
-    {"LogbookWorkersWorkshift", "WorkerKey", "Workers", Finding::Note},
-    {"LogbookRecords", "WorkerKey", "Workers", Finding::Note},
-    {"LogbookRecords", "VisaWorkerKey", "Workers", Finding::Note},
-    {"LogbookRecords", "ReceiverWorkerKey", "Workers", Finding::Note},
-    {"LogbookRecords", "SecondMarkWorkerKey", "Workers", Finding::Note},
-    {"LogbookRecords", "OriginRecordKey", "LogbookRecords", Finding::Note},
-    {"LogbookComments", "WorkerKey", "Workers", Finding::Note},
-    {"LogbookFiles", "WorkerKey", "Workers", Finding::Note},
-    {"LogbookCatsTemplate", "OrgTypeKey", "OrgTypes", Finding::Fault},
-    {"LogbookCatsTemplate", "DepartmentKey", "Departments", Finding::Fault},
-    {"UserRights", "UserKey", "Users", Finding::Fault},
-    {"Workers", "UserKey", "Users", Finding::Fault},
-    {"Workers", "DepartmentKey", "Departments", Finding::Fault},
-    {"Departments", "OrganizationKey", "Organizations", Finding::Fault},
-    {"Departments", "ParentKey", "Departments", Finding::Fault},
-    {"Organizations", "OrgTypeKey", "OrgTypes", Finding::Fault},
-    {"Organizations", "ParentKey", "Organizations", Finding::Fault},
-    {"Shifts", "DepartmentKey", "Departments", Finding::Fault},
-    {"Roles", "DepartmentKey", "Departments", Finding::Fault},
-    {"WorkerRoles", "RoleKey", "Roles", Finding::Fault},
-    {"WorkerRoles", "WorkerKey", "Workers", Finding::Fault},
-    {"Fields", "TablesKey", "Tables", Finding::Fault},
-    {"Equipment", "ParentKey", "Equipment", Finding::Fault},
-    {"Equipment", "DepartmentKey", "Departments", Finding::Fault},
-};
-
-const char* const trees[] = {"LogbookCatsTemplate", "TemplateParamCategories", "Departments", "Organizations",
-                             "Equipment"};
 
 /// Everything that the schema consists of, by name.
 QMap<QByteArray, QByteArray> objects(SqliteConnection& connection)
@@ -159,43 +112,10 @@ bool SqliteCheck::schema(SqliteConnection& connection, QVector<Finding>* finding
 
 bool SqliteCheck::content(SqliteConnection& connection, QVector<Finding>* findings, StoreError* error)
 {
-    for (const Reference& reference : references) {
-        const QByteArray table(reference.table);
-        const QByteArray field(reference.field);
-        const QByteArray sql = "SELECT '" + table + "." + field + "', KeyLink FROM " + table +
-                               " AS T WHERE coalesce(" + field +
-                               ", '') <> '' AND NOT EXISTS (SELECT 1 FROM " + reference.target +
-                               " AS P WHERE P.KeyLink = T." + field + ")";
-        if (!addRows(connection, sql, reference.grade,
-                     "Поле «%1» строки «%2» указывает на строку, которой нет.", findings, error))
+    for (const ContentCheck::Look& look : ContentCheck::looks())
+        if (!addRows(connection, look.sql, look.grade, look.text, findings, error))
             return false;
-    }
-    for (const char* tree : trees) {
-        // Walking down from the roots reaches every row but those that hang in a circle.
-        const QByteArray table(tree);
-        const QByteArray sql =
-            "WITH RECURSIVE reached (k) AS (SELECT KeyLink FROM " + table +
-            " WHERE coalesce(ParentKey, '') = '' OR ParentKey NOT IN (SELECT KeyLink FROM " + table +
-            ") UNION SELECT T.KeyLink FROM reached JOIN " + table +
-            " AS T ON T.ParentKey = reached.k) SELECT '" + table + "', KeyLink FROM " + table +
-            " WHERE KeyLink NOT IN (SELECT k FROM reached)";
-        if (!addRows(connection, sql, Finding::Fault, "Строка «%2» таблицы «%1» лежит внутри самой себя.",
-                     findings, error))
-            return false;
-    }
-    return addRows(connection,
-                   "SELECT KeyLink, coalesce(status, 'NULL') FROM LogbookRecords"
-                   " WHERE coalesce(status, -1) NOT IN (0, 1, 2)",
-                   Finding::Fault, "У записи «%1» недопустимое состояние %2.", findings, error) &&
-           addRows(connection, "SELECT KeyLink FROM LogbookRecords WHERE coalesce(ShiftKey, '') = ''",
-                   Finding::Fault, "Запись «%1» не принадлежит ни одной смене.", findings, error) &&
-           addRows(connection,
-                   "SELECT KeyLink FROM LogbookWorkshifts AS W"
-                   " WHERE NOT EXISTS (SELECT 1 FROM LogbookWorkersWorkshift WHERE WorkshiftKey = W.KeyLink)"
-                   " OR NOT EXISTS (SELECT 1 FROM LogbookRecords WHERE ShiftKey = W.KeyLink)",
-                   Finding::Note, "Смена «%1» не имеет состава или записей: её открытие было прервано.",
-                   findings, error) &&
-           addRows(connection, "SELECT number FROM CurrentTransaction", Finding::Fault,
+    return addRows(connection, "SELECT number FROM CurrentTransaction", Finding::Fault,
                    "Осталась строка незавершённой транзакции %1.", findings, error);
 }
 

@@ -6,6 +6,7 @@
 #include "Store.h"
 
 struct AnswerShape;
+struct RowStatement;
 
 /// A store in one SQLite file, for the processes of one computer. Two connections: one that writes, each transaction
 /// taken at its beginning (BEGIN IMMEDIATE), and one that can only read. When the file is replaced or comes back after
@@ -59,7 +60,7 @@ private:
         return m_user.login.isEmpty() ? QByteArray("loader") : m_user.login.toUtf8();
     }
 
-    bool writeBatch(const StoreWrite& write, StoreError* error);
+    bool writeRow(const RowStatement& row, StoreError* error);
     bool closeTransaction(qint64 number, const QByteArray& batchKey, StoreError* error);
     MDArray* answerOf(SqliteStatement& statement, AnswerShape* shape, StoreError* error);
     bool addRow(SqliteStatement& statement, const AnswerShape& shape, MDArray* answer, qint64* held,
@@ -77,5 +78,5 @@ private:
     bool m_inRead = false;
     QByteArray m_recoded; ///< kept between fields, so that texts of an answer cost no allocation
     /// What blob sources hold of the store: it is null when the store is gone.
-    std::shared_ptr<SqliteStore*> m_self = std::make_shared<SqliteStore*>(this);
+    std::shared_ptr<Store*> m_self = std::make_shared<Store*>(this);
 };

@@ -1,104 +1,10 @@
-#include "MDRValues.h"
+#include "RowStatements.h"
 #include "SqliteStore.h"
-#include "TableCatalog.h"
 #include "TransactionChain.h"
-
-#include <cmath>
-
-namespace
-{
-StoreError badRequest(const char* text, const QByteArray& table, const QByteArray& detail = QByteArray())
-{
-    return {StoreError::BadRequest, QString::fromUtf8(text).arg(QString::fromLatin1(table)),
-            QString::fromUtf8(detail)};
-}
-
-/// One column to be written: where its value stands in the record and what the store takes it for.
-struct Column {
-    const MDRField* from;
-    const CatalogField* to;
-};
-
-bool isFlagged(const StoreWrite& write)
-{
-    for (const MDRData* record : MDARecsByEntry(write.records))
-        if (record->flags & (ROW_INSERT | ROW_UPDATE | ROW_DELETE))
-            return true;
-    return false;
-}
-
-/// A value that the column can take, as the engine takes it. False when it cannot.
-bool bindValue(SqliteStatement& statement, int parameter, const MDRVar& value, const CatalogField& to,
-               const CodePage& page, QByteArray* bytes)
-{
-    if (value.isNull || value.type == mdr_TNone)
-        return sqlite3_bind_null(statement.handle(), parameter) == SQLITE_OK;
-    const bool isText = MDRValue::isText(value);
-    switch (to.type) {
-    case mdr_TChar:
-    case mdr_TMemo:
-        if (!isText)
-            return false;
-        bytes->resize(0);
-        page.toUtf8(value.value.text.data, value.value.text.length, bytes);
-        return sqlite3_bind_text(statement.handle(), parameter, bytes->constData(), bytes->size(),
-                                 SQLITE_TRANSIENT) == SQLITE_OK;
-    case mdr_TBlob:
-        if (!isText)
-            return false;
-        // The record outlives the step, so that large files are not copied once more.
-        return sqlite3_bind_blob(statement.handle(), parameter,
-                                 value.value.text.length > 0 ? value.value.text.data : "",
-                                 value.value.text.length, SQLITE_STATIC) == SQLITE_OK;
-    case mdr_TDouble: {
-        if (isText)
-            return false;
-        const double real = value.type == mdr_TDouble ? value.value.real : value.value.number;
-        return std::isfinite(real) && sqlite3_bind_double(statement.handle(), parameter, real) == SQLITE_OK;
-    }
-    default: {
-        if (isText)
-            return false;
-        double number = value.type == mdr_TDouble ? std::nearbyint(value.value.real) : value.value.number;
-        if (to.type == mdr_TBool)
-            number = number != 0 ? 1 : 0;
-        if (!(number >= INT32_MIN && number <= INT32_MAX) ||
-            (to.type == mdr_TByte && (number < 0 || number > 255)))
-            return false;
-        return sqlite3_bind_int(statement.handle(), parameter, static_cast<int>(number)) == SQLITE_OK;
-    }
-    }
-}
-
-QByteArray insertSql(const QByteArray& table, const QVector<Column>& columns)
-{
-    QByteArray names("KeyLink");
-    QByteArray values("?1");
-    for (int i = 0; i < columns.size(); ++i) {
-        names += ", " + columns.at(i).to->name;
-        values += ", ?" + QByteArray::number(i + 2);
-    }
-    return "INSERT INTO " + table + " (" + names + ") VALUES (" + values + ")";
-}
-
-QByteArray updateSql(const QByteArray& table, const QVector<Column>& columns)
-{
-    QByteArray values;
-    for (int i = 0; i < columns.size(); ++i)
-        values += (i ? ", " : "") + columns.at(i).to->name + " = ?" + QByteArray::number(i + 2);
-    // Without a changed field the row is touched all the same: it must be there, and its writer waits for the event.
-    if (columns.isEmpty())
-        values = "KeyLink = KeyLink";
-    return "UPDATE " + table + " SET " + values + " WHERE KeyLink = ?1";
-}
-} // namespace
 
 bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error)
 {
-    bool anything = false;
-    for (const StoreWrite& write : writes)
-        anything = anything || isFlagged(write);
-    if (!anything)
+    if (!RowStatements::isAnythingFlagged(writes))
         return true;
     if (!ready(error))
         return false;
@@ -129,7 +35,9 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
         if (!begin.run())
             return fail(*m_write, error);
         for (const StoreWrite& write : writes)
-            if (!writeBatch(write, error))
+            if (!RowStatements::forEach(
+                    write, *m_codePage, '?', [&](const RowStatement& row) { return writeRow(row, error); },
+                    error))
                 return false;
         return closeTransaction(number, batchKey, error);
     };
@@ -140,78 +48,35 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
     return false;
 }
 
-bool SqliteStore::writeBatch(const StoreWrite& write, StoreError* error)
+bool SqliteStore::writeRow(const RowStatement& row, StoreError* error)
 {
-    const CatalogTable* table = TableCatalog::table(write.table);
-    if (!table) {
-        *error = badRequest("В хранилище нет таблицы «%1».", write.table);
-        return false;
+    SqliteStatement statement = m_write->cached(row.sql);
+    if (!statement)
+        return fail(*m_write, error);
+    for (int i = 0; i < row.values.size(); ++i) {
+        const RowStatement::Value& value = row.values.at(i);
+        switch (value.kind) {
+        case RowStatement::Value::Null:
+            sqlite3_bind_null(statement.handle(), i + 1);
+            break;
+        case RowStatement::Value::Text:
+            statement.bind(i + 1, value.bytes);
+            break;
+        case RowStatement::Value::Blob:
+            statement.bindBlob(i + 1, value.bytes);
+            break;
+        case RowStatement::Value::Real:
+            statement.bind(i + 1, value.real);
+            break;
+        case RowStatement::Value::Number:
+            statement.bind(i + 1, qint64(value.number));
+        }
     }
-    const MDRField* key = MDRFldByName(write.records, "KeyLink");
-    if (!key || (key->type != mdr_TChar && key->type != mdr_TMemo)) {
-        *error = badRequest("В строках таблицы «%1» нет ключа.", table->name);
+    if (!statement.run())
+        return fail(*m_write, error);
+    if (row.isUpdate && sqlite3_changes(m_write->handle()) == 0) {
+        *error = RowStatements::noSuchRow(row);
         return false;
-    }
-    QByteArray keyBytes;
-    QByteArray scratch;
-    for (const MDRData* record : MDARecsByEntry(write.records)) {
-        if (!(record->flags & (ROW_INSERT | ROW_UPDATE | ROW_DELETE)))
-            continue;
-        MDRVar value;
-        MDRGetVal(key, record, &value);
-        if (!MDRValue::hasText(value)) {
-            *error = badRequest("В строке таблицы «%1» нет ключа.", table->name);
-            return false;
-        }
-        keyBytes.resize(0);
-        m_codePage->toUtf8(value.value.text.data, value.value.text.length, &keyBytes);
-        if (keyBytes.contains('\0')) {
-            *error = badRequest("Недопустимый ключ строки таблицы «%1».", table->name, keyBytes);
-            return false;
-        }
-
-        QVector<Column> columns;
-        if (!(record->flags & ROW_DELETE)) {
-            for (int i = 0; i < MDAFldCount(write.records); ++i) {
-                const MDRField* field = MDRFldByNum(write.records, i);
-                bool marked = false;
-                if (field == key || MDRIsUser(field, record, &marked) != mdr_Ok || !marked)
-                    continue;
-                const int index = table->fieldIndex(field->name);
-                if (index < 0) {
-                    *error = badRequest("В таблице «%1» нет такого поля.", table->name, field->name);
-                    return false;
-                }
-                columns.append({field, &table->fields.at(index)});
-            }
-        }
-        QByteArray sql = "DELETE FROM " + table->name + " WHERE KeyLink = ?1";
-        if (record->flags & ROW_INSERT)
-            sql = insertSql(table->name, columns);
-        else if (record->flags & ROW_UPDATE)
-            sql = updateSql(table->name, columns);
-
-        SqliteStatement statement = m_write->cached(sql);
-        if (!statement)
-            return fail(*m_write, error);
-        statement.bind(1, keyBytes);
-        for (int i = 0; i < columns.size(); ++i) {
-            const bool there = MDRGetVal(columns.at(i).from, record, &value) == mdr_Ok;
-            if (!there || !bindValue(statement, i + 2, value, *columns.at(i).to, *m_codePage, &scratch)) {
-                *error = badRequest("Значение не подходит полю таблицы «%1».", table->name,
-                                    columns.at(i).to->name);
-                return false;
-            }
-        }
-        if (!statement.run())
-            return fail(*m_write, error);
-        if (record->flags & ROW_UPDATE && sqlite3_changes(m_write->handle()) == 0) {
-            *error = {StoreError::NoSuchRow,
-                      QString::fromUtf8("Строки, которую нужно изменить, уже нет (таблица «%1»).")
-                          .arg(QString::fromLatin1(table->name)),
-                      QString::fromUtf8(keyBytes)};
-            return false;
-        }
     }
     return true;
 }

@@ -1,30 +1,10 @@
+#include "DeclaredKey.h"
 #include "SqliteStore.h"
-#include "TableCatalog.h"
 
 #include <QStringList>
 
 namespace
 {
-struct KeyField {
-    const CatalogField* field;
-    bool falling;
-};
-
-/// The fields of a declared key; empty when there is no such table or key.
-QVector<KeyField> keyFields(const CatalogTable* table, int key)
-{
-    QVector<KeyField> fields;
-    if (!table || key < 0 || key >= table->keys.size())
-        return fields;
-    for (const QByteArray& part : table->keys.at(key).split(';')) {
-        const int colon = part.indexOf(':');
-        const int index = table->fieldIndex(colon < 0 ? part : part.left(colon));
-        if (index >= 0)
-            fields.append({&table->fields.at(index), colon >= 0});
-    }
-    return fields;
-}
-
 void bindVariant(SqliteStatement& statement, int parameter, const QVariant& value)
 {
     const bool isNumber = value.type() == QVariant::Double || value.type() == QVariant::Int ||
@@ -72,25 +52,11 @@ qint64 SqliteStore::seek(const QByteArray& table, int key, const QVariantList& v
 {
     *exact = false;
     StoreError error;
-    const CatalogTable* known = TableCatalog::table(table);
-    const QVector<KeyField> fields = keyFields(known, key);
-    if (fields.isEmpty() || values.size() > fields.size() || !ready(&error))
+    const DeclaredKey declared(TableCatalog::table(table), key);
+    if (declared.fields.isEmpty() || values.size() > declared.fields.size() || !ready(&error))
         return 0;
-    // Rows before the values: equal in the leading fields and before them in the next one. Null is the least.
-    QByteArray before;
-    QByteArray equal;
-    for (int i = 0; i < values.size(); ++i) {
-        const QByteArray name = fields.at(i).field->name;
-        const QByteArray parameter = "?" + QByteArray::number(i + 1);
-        const QByteArray less = fields.at(i).falling
-                                    ? name + " > " + parameter
-                                    : "(" + name + " < " + parameter + " OR " + name + " IS NULL)";
-        before += (i ? " OR " : "") + QByteArray("(") + equal + less + ")";
-        equal += name + " = " + parameter + " AND ";
-    }
-    SqliteStatement row = m_read->cached("SELECT count(*) FROM " + known->name + " WHERE " +
-                                         (before.isEmpty() ? QByteArray("0") : before));
-    SqliteStatement same = m_read->cached("SELECT 1 FROM " + known->name + " WHERE " + equal + "1 LIMIT 1");
+    SqliteStatement row = m_read->cached(declared.beforeSql(values.size(), '?'));
+    SqliteStatement same = m_read->cached(declared.sameSql(values.size(), '?'));
     for (int i = 0; i < values.size(); ++i) {
         bindVariant(row, i + 1, values.at(i));
         bindVariant(same, i + 1, values.at(i));
@@ -103,23 +69,15 @@ QVariantMap SqliteStore::row(const QByteArray& table, int key, qint64 index)
 {
     QVariantMap fields;
     StoreError error;
-    const CatalogTable* known = TableCatalog::table(table);
-    const QVector<KeyField> order = keyFields(known, key);
-    if (order.isEmpty() || index < 0 || !ready(&error))
+    const DeclaredKey declared(TableCatalog::table(table), key);
+    if (declared.fields.isEmpty() || index < 0 || !ready(&error))
         return fields;
-    QByteArray columns;
-    for (const CatalogField& field : known->fields)
-        columns += (columns.isEmpty() ? "" : ", ") + field.name;
-    QByteArray orderBy;
-    for (const KeyField& field : order)
-        orderBy += field.field->name + (field.falling ? " DESC, " : ", ");
-    SqliteStatement row = m_read->cached("SELECT " + columns + " FROM " + known->name + " ORDER BY " +
-                                         orderBy + "rowid LIMIT 1 OFFSET ?");
+    SqliteStatement row = m_read->cached(declared.rowSql("?", "rowid"));
     row.bind(1, index);
     if (!row.step())
         return fields;
-    for (int i = 0; i < known->fields.size(); ++i) {
-        const CatalogField& field = known->fields.at(i);
+    for (int i = 0; i < declared.table->fields.size(); ++i) {
+        const CatalogField& field = declared.table->fields.at(i);
         QVariant value;
         if (!row.isNull(i)) {
             switch (field.type) {

@@ -1,6 +1,7 @@
 #include "AnswerShape.h"
 #include "MDRValues.h"
 #include "SqliteStore.h"
+#include "StoreBlobSource.h"
 #include "TableCatalog.h"
 
 #include <limits>
@@ -8,29 +9,6 @@
 namespace
 {
 constexpr int mostFields = 255;
-
-/// Fetches the bytes of one blob by its row's key, as long as the store is there.
-class StoreBlobSource : public MDRBlobSource
-{
-public:
-    StoreBlobSource(std::shared_ptr<SqliteStore*> store, const QByteArray& table, const QByteArray& field,
-                    const QByteArray& key)
-        : m_store(std::move(store)), m_table(table), m_field(field), m_key(key)
-    {
-    }
-
-    bool read(QByteArray& bytes) const override
-    {
-        StoreError error;
-        return *m_store && (*m_store)->blob(m_table, m_field, m_key, &bytes, &error);
-    }
-
-private:
-    std::shared_ptr<SqliteStore*> m_store;
-    QByteArray m_table;
-    QByteArray m_field;
-    QByteArray m_key;
-};
 
 /// Lets nothing through but reading.
 int allowReading(void*, int action, const char*, const char* function, const char*, const char*)
@@ -47,15 +25,39 @@ int allowReading(void*, int action, const char*, const char* function, const cha
     }
 }
 
-/// The statement's own text without what ends it.
-QByteArray withoutEnd(QByteArray sql)
+QVector<AnswerShape::Origin> originsOf(sqlite3_stmt* statement)
 {
-    sql = sql.trimmed();
-    while (sql.endsWith(';')) {
-        sql.chop(1);
-        sql = sql.trimmed();
+    QVector<AnswerShape::Origin> origins;
+    for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+        AnswerShape::Origin origin;
+        origin.name = sqlite3_column_name(statement, i);
+        if (const char* field = sqlite3_column_origin_name(statement, i)) {
+            origin.table = TableCatalog::table(sqlite3_column_table_name(statement, i));
+            origin.field = origin.table ? origin.table->fieldIndex(field) : -1;
+            if (origin.field < 0)
+                origin.table = nullptr;
+        }
+        origins.append(origin);
     }
-    return sql;
+    return origins;
+}
+
+MDRType computedType(sqlite3_stmt* statement, int column)
+{
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_INTEGER: {
+        const sqlite3_int64 number = sqlite3_column_int64(statement, column);
+        const bool fits = number >= std::numeric_limits<std::int32_t>::min() &&
+                          number <= std::numeric_limits<std::int32_t>::max();
+        return fits ? mdr_TInt32 : mdr_TDouble;
+    }
+    case SQLITE_FLOAT:
+        return mdr_TDouble;
+    case SQLITE_BLOB:
+        return mdr_TBlob;
+    default:
+        return mdr_TMemo;
+    }
 }
 
 StoreError selectError(StoreError::Code code, const char* text)
@@ -106,14 +108,15 @@ MDArray* SqliteStore::select(const QByteArray& sqlUtf8, StoreError* error)
         *error = selectError(StoreError::BadRequest, "Запрос должен состоять из одной выборки.");
         return nullptr;
     }
-    AnswerShape shape = AnswerShape::of(statement.handle(), sqlUtf8);
+    AnswerShape shape = AnswerShape::of(originsOf(statement.handle()), sqlUtf8);
     if (shape.columns.size() > mostFields) {
         *error = selectError(StoreError::BadRequest, "В ответе на запрос слишком много полей.");
         return nullptr;
     }
     if (!shape.hasStoredBlobs())
         return answerOf(statement, &shape, error);
-    SqliteStatement lean = m_read->prepare(shape.wrapped(withoutEnd(sqlite3_sql(statement.handle()))));
+    SqliteStatement lean =
+        m_read->prepare(shape.wrapped(AnswerShape::withoutEnd(sqlite3_sql(statement.handle()))));
     if (!lean) {
         fail(*m_read, error);
         return nullptr;
@@ -124,7 +127,10 @@ MDArray* SqliteStore::select(const QByteArray& sqlUtf8, StoreError* error)
 MDArray* SqliteStore::answerOf(SqliteStatement& statement, AnswerShape* shape, StoreError* error)
 {
     bool more = statement.step();
-    shape->settle(statement.handle(), more);
+    // The types of computed columns are those of the first row.
+    for (int i = 0; more && i < shape->columns.size(); ++i)
+        if (shape->columns.at(i).isComputed)
+            shape->columns[i].field.type = computedType(statement.handle(), i);
     MDArray* answer = nullptr;
     MDACreate(&answer, 0);
     const QVector<MDRFieldDescr> fields = shape->descriptors();

@@ -1,3 +1,4 @@
+#include "PostgresStore.h"
 #include "SqliteStore.h"
 #include "StoreUrl.h"
 
@@ -6,6 +7,8 @@ std::unique_ptr<Store> Store::open(const QString& url, const Options& options, S
     const StoreUrl parsed(url);
     if (parsed.engine == StoreUrl::Sqlite)
         return SqliteStore::open(parsed.file, options, error);
+    if (parsed.engine == StoreUrl::PostgreSql)
+        return PostgresStore::open(url, options, error);
     *error = parsed.error();
     return nullptr;
 }

@@ -77,9 +77,11 @@ public:
     /// IANA name of the time zone in which the store's times are shown and typed.
     virtual QByteArray timeZone() const = 0;
 
-    /// The logins that may be chosen without a password; empty where the engine has its own authentication.
+    /// The logins that may be chosen without a password; empty where the engine has its own authentication, unless
+    /// the address is that of its administrator, who may be anybody.
     virtual QVector<StoreLogin> logins() = 0;
-    /// Makes \a login the one that writes are judged by and logged under. False: no such login.
+    /// Makes \a login the one that writes are judged by and logged under. False: no such login. An empty one stands
+    /// for that of the address.
     virtual bool signIn(const QString& login, StoreLogin* user, StoreError* error) = 0;
     /// Departments of a login, by name.
     virtual QVector<StoreDepartment> departments(const QByteArray& userKey) = 0;
@@ -109,6 +111,9 @@ public:
                               StoreError* error) = 0;
     /// Cheap: true when somebody may have written since the last call.
     virtual bool hasNews() = 0;
+    /// Readable when hasNews() should be asked; the same for the store's life. -1 where there is none, so that it has
+    /// to be asked again and again.
+    virtual int newsDescriptor() const { return -1; }
 
     /// A named file of the store, such as folder "options", name "OperLogOptions". False when it is not
     /// there.

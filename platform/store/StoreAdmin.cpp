@@ -1,17 +1,22 @@
 #include "StoreAdmin.h"
 
+#include "PostgresAdmin.h"
 #include "SqliteAdmin.h"
 #include "SqliteSchema.h"
 #include "StoreUrl.h"
 
 namespace
 {
-/// The file of a SQLite store; empty, with the reason in \a error, for any other address.
-QString fileOf(const QString& url, StoreError* error)
+/// Calls what belongs to the engine of the address; false for any other address, with the reason in \a error.
+template <class OnSqlite, class OnPostgres>
+auto dispatch(const QString& url, StoreError* error, OnSqlite onSqlite, OnPostgres onPostgres)
+    -> decltype(onPostgres())
 {
     const StoreUrl parsed(url);
     *error = parsed.error();
-    return *error ? QString() : parsed.file;
+    if (*error)
+        return {};
+    return parsed.engine == StoreUrl::Sqlite ? onSqlite(parsed.file) : onPostgres();
 }
 } // namespace
 
@@ -23,38 +28,45 @@ int StoreAdmin::schemaVersion()
 bool StoreAdmin::init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone,
                       StoreError* error)
 {
-    const QString file = fileOf(url, error);
-    return !file.isEmpty() && SqliteAdmin::init(file, codecName, timeZone, error);
+    return dispatch(
+        url, error, [&](const QString& file) { return SqliteAdmin::init(file, codecName, timeZone, error); },
+        [&] { return PostgresAdmin::init(url, codecName, timeZone, error); });
 }
 
 bool StoreAdmin::check(const QString& url, QVector<Finding>* findings, StoreError* error)
 {
     findings->clear();
-    const QString file = fileOf(url, error);
-    return !file.isEmpty() && SqliteAdmin::check(file, findings, error);
+    return dispatch(
+        url, error, [&](const QString& file) { return SqliteAdmin::check(file, findings, error); },
+        [&] { return PostgresAdmin::check(url, findings, error); });
 }
 
 bool StoreAdmin::backup(const QString& url, const QString& copy, StoreError* error)
 {
-    const QString file = fileOf(url, error);
-    return !file.isEmpty() && SqliteAdmin::backup(file, copy, error);
+    return dispatch(
+        url, error, [&](const QString& file) { return SqliteAdmin::backup(file, copy, error); },
+        [&] { return PostgresAdmin::backup(url, copy, error); });
 }
 
 bool StoreAdmin::putFile(const QString& url, const QString& folder, const QString& name,
                          const QByteArray& content, StoreError* error)
 {
-    const QString file = fileOf(url, error);
-    return !file.isEmpty() && SqliteAdmin::putFile(file, folder, name, content, error);
+    return dispatch(
+        url, error,
+        [&](const QString& file) { return SqliteAdmin::putFile(file, folder, name, content, error); },
+        [&] { return PostgresAdmin::putFile(url, folder, name, content, error); });
 }
 
 QStringList StoreAdmin::files(const QString& url, StoreError* error)
 {
-    const QString file = fileOf(url, error);
-    return file.isEmpty() ? QStringList() : SqliteAdmin::files(file, error);
+    return dispatch(
+        url, error, [&](const QString& file) { return SqliteAdmin::files(file, error); },
+        [&] { return PostgresAdmin::files(url, error); });
 }
 
 bool StoreAdmin::removeFile(const QString& url, const QString& folder, const QString& name, StoreError* error)
 {
-    const QString file = fileOf(url, error);
-    return !file.isEmpty() && SqliteAdmin::removeFile(file, folder, name, error);
+    return dispatch(
+        url, error, [&](const QString& file) { return SqliteAdmin::removeFile(file, folder, name, error); },
+        [&] { return PostgresAdmin::removeFile(url, folder, name, error); });
 }

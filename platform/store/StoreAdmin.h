@@ -22,12 +22,15 @@ struct Finding {
 /// An empty answer, or notes only, is a clean store. False when the check itself could not be done.
 bool check(const QString& url, QVector<Finding>* findings, StoreError* error);
 
-/// Copies a store in use into a new file and checks the copy.
+/// Copies a store in use into a new file and checks the copy. A server's is made by its own pg_dump.
 bool backup(const QString& url, const QString& file, StoreError* error);
 
 /// \name Logins, rights, files
 /// @{
+/// On a server the login is one of its roles, which cannot get in before it has a password.
 bool addUser(const QString& url, const QString& login, const QString& name, StoreError* error);
+/// Refused where logins have no passwords.
+bool setPassword(const QString& url, const QString& login, const QString& password, StoreError* error);
 bool removeUser(const QString& url, const QString& login, StoreError* error);
 bool grant(const QString& url, const QString& login, const QByteArray& right, bool given, StoreError* error);
 QVector<QByteArray> rights(const QString& url, const QString& login, StoreError* error);

@@ -1,6 +1,8 @@
 #include "GenGuid32.h"
 #include "MDRValues.h"
+#include "PostgresAdmin.h"
 #include "StoreAdmin.h"
+#include "StoreUrl.h"
 #include "TableCatalog.h"
 
 #include <QTextCodec>
@@ -78,6 +80,8 @@ bool StoreAdmin::addUser(const QString& url, const QString& login, const QString
     }
     if (*error)
         return false;
+    if (StoreUrl(url).engine == StoreUrl::PostgreSql && !PostgresAdmin::addRole(url, login, error))
+        return false;
     // A login that was removed comes back as the same person.
     const QByteArray former = userKey(*store, login, true, error);
     CRowBatch batch = batchOf("Users");
@@ -104,7 +108,22 @@ bool StoreAdmin::removeUser(const QString& url, const QString& login, StoreError
     MDRData* row = batch.newRow(ROW_UPDATE, key);
     batch.SetValF(row, "deleted_", MDRValue::boolean(true));
     batch.RecPost(row);
-    return write(*store, "Users", batch, error);
+    return write(*store, "Users", batch, error) &&
+           (StoreUrl(url).engine != StoreUrl::PostgreSql || PostgresAdmin::lockRole(url, login, error));
+}
+
+bool StoreAdmin::setPassword(const QString& url, const QString& login, const QString& password,
+                             StoreError* error)
+{
+    const auto store = openLoader(url, error);
+    if (!store)
+        return false;
+    if (userKey(*store, login, false, error).isEmpty())
+        return noSuchLogin(login, error);
+    if (StoreUrl(url).engine == StoreUrl::PostgreSql)
+        return PostgresAdmin::setPassword(url, login, password, error);
+    *error = {StoreError::BadRequest, QString::fromUtf8("В этом хранилище входят без пароля."), QString()};
+    return false;
 }
 
 bool StoreAdmin::grant(const QString& url, const QString& login, const QByteArray& right, bool given,

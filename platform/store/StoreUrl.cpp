@@ -16,17 +16,11 @@ StoreUrl::StoreUrl(const QString& address) : url(address)
 
 StoreError StoreUrl::error() const
 {
-    switch (engine) {
-    case Sqlite:
+    if (engine != None)
         return StoreError();
-    case PostgreSql:
-        return {StoreError::BadUrl,
-                QString::fromUtf8("Хранилище PostgreSQL в этой сборке программы недоступно: «%1».").arg(url),
-                QString()};
-    default:
-        return {
-            StoreError::BadUrl,
-            QString::fromUtf8("Адрес хранилища «%1» не понят: ожидается sqlite:///путь/к/файлу.").arg(url),
+    return {StoreError::BadUrl,
+            QString::fromUtf8("Адрес хранилища «%1» не понят: ожидается sqlite:///путь/к/файлу или "
+                              "postgresql://сервер/база.")
+                .arg(url),
             QString()};
-    }
 }

@@ -139,14 +139,10 @@ void CVrkLogBook::configureToolBar()
 /// What has no operation behind it yet is not shown, so that no button does nothing.
 void CVrkLogBook::hideUnbuilt()
 {
-    m_chooseWorkshiftAction->setVisible(false);
-    m_chooseIntervalAction->setVisible(false);
-    m_appendWorkerAction->setVisible(false);
-    m_infoWorkshiftAction->setVisible(false);
     bool behindSeparator = true;
     for (QAction* action : m_toolBar->actions()) {
         const QWidget* widget = m_toolBar->widgetForAction(action);
-        if (widget == m_executionButton || widget == m_commentsButton || widget == m_reportButton ||
+        if (widget == m_commentsButton || widget == m_reportButton ||
             (action->isSeparator() && behindSeparator))
             action->setVisible(false);
         else
@@ -166,6 +162,17 @@ void CVrkLogBook::createConnections()
 
     connect(m_openWorkshiftAction, &QAction::triggered, home(), &LogBookWidget::openWorkshiftRequest);
     connect(m_closeWorkshiftAction, &QAction::triggered, home(), &LogBookWidget::closeWorkshiftRequest);
+    connect(m_appendWorkerAction, &QAction::triggered, home(), &LogBookWidget::appendWorkerRequest);
+    connect(m_executionButton, &QToolButton::clicked, home(), &LogBookWidget::changeTimeExecRequest);
+    const auto ofCurrent = [this](QAction* action, void (LogBookWidget::*request)()) {
+        connect(action, &QAction::triggered, this, [this, request] {
+            if (LogBookWidget* logbook = currentLogBook())
+                (logbook->*request)();
+        });
+    };
+    ofCurrent(m_chooseIntervalAction, &LogBookWidget::showDateTimeDialog);
+    ofCurrent(m_chooseWorkshiftAction, &LogBookWidget::showWorkshiftsDialog);
+    ofCurrent(m_infoWorkshiftAction, &LogBookWidget::showWorkshiftInfoDialog);
     connect(m_createButton, &QToolButton::clicked, home(), &LogBookWidget::createRecordRequest);
     connect(m_deleteRecordAction, &QAction::triggered, home(), &LogBookWidget::deleteRecordRequest);
     connect(m_deleteMyDraftsAction, &QAction::triggered, home(), &LogBookWidget::deleteMyDraftsRequest);

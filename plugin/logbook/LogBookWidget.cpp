@@ -1,9 +1,11 @@
 #include "LogBookWidget.h"
 
+#include "AppendWorkerDialog.h"
 #include "CloseWorkshiftDialog.h"
 #include "CommentsPane.h"
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
+#include "DateTimeRangeDialog.h"
 #include "FilesPane.h"
 #include "LocationInfo.h"
 #include "LogbookTables.h"
@@ -11,8 +13,12 @@
 #include "OrgStructDialog.h"
 #include "RecordColumns.h"
 #include "RecordCreatorDialog.h"
+#include "SecondMarkerDialog.h"
+#include "TimeExecutionDialog.h"
 #include "ui_LogBookTab.h"
 #include "VrkTableTool.h"
+#include "WorkshiftInfoDialog.h"
+#include "WorkshiftsDialog.h"
 
 #include <QKeyEvent>
 #include <QTimer>
@@ -41,10 +47,10 @@ LogBookWidget::~LogBookWidget()
 {
     // They belong to the module's window, but hold tables of this page. The view goes before the tables too.
     delete m_messageBox;
-    delete m_openWorkshift;
-    delete m_closeWorkshift;
-    delete m_recordCreator;
-    delete m_orgStruct;
+    for (QWidget* dialog : std::initializer_list<QWidget*>{
+             m_openWorkshift, m_closeWorkshift, m_workshiftInfo, m_workshiftsDialog, m_dateTimeRange,
+             m_appendWorker, m_recordCreator, m_secondMarker, m_timeExecution, m_orgStruct})
+        delete dialog;
     delete m_tableTool;
 }
 

@@ -12,9 +12,11 @@
 #include <QPointer>
 #include <QVector>
 
+class AppendWorkerDialog;
 class CloseWorkshiftDialog;
 class CommentsPane;
 class CRowBatch;
+class DateTimeRangeDialog;
 class FilesPane;
 class FilterByStatus;
 class OpenWorkshiftDialog;
@@ -24,6 +26,10 @@ class QMenu;
 class QTimer;
 class RecordColumns;
 class RecordCreatorDialog;
+class SecondMarkerDialog;
+class TimeExecutionDialog;
+class WorkshiftInfoDialog;
+class WorkshiftsDialog;
 
 /// The journal of one department: its current workshift, live, or a workshift or an interval of the archive.
 /// Loads the tables, mends them by change events, and writes what the user does with records. An action
@@ -84,6 +90,11 @@ public:
     bool isFirstMarkSettable() const;
     bool isSecondMarkSettable() const;
     bool isTimeExecutionChangable() const;
+    /// Wording and icon of the second marker that may be set now; empty when none may.
+    QString secondMarkCommand() const;
+    QString secondMarkIconPath() const;
+    /// What a marker's picture stands for; empty for a picture that is none.
+    QString iconPathToName(const QString& path) const;
     /// @}
 
 public slots:
@@ -98,6 +109,12 @@ public slots:
     void openWorkshiftRequest();
     /// Shows the dialog in which it is closed; asks about its drafts first, if there are any.
     void closeWorkshiftRequest();
+    /// Show what is known of the workshift, and the dialog that adds workers to the open one.
+    void showWorkshiftInfoDialog();
+    void appendWorkerRequest();
+    /// Choose an interval or a closed workshift to show.
+    void showDateTimeDialog();
+    void showWorkshiftsDialog();
     void createRecordRequest();
     void editRecordRequest();
     void deleteRecordRequest();
@@ -110,6 +127,19 @@ public slots:
     void signRecordRequest();
     void signAllRecordsRequest();
     void goToOriginRecord();
+
+    /// The second marker and the execution time of the current record. On an approved record an execution time
+    /// makes a successor; taken away it is taken away in place.
+    void changeSecondMarkRequest();
+    void setSecondMarkRequest(const QDateTime& dt);
+    void removeSecondMarkRequest();
+    void changeTimeExecRequest();
+    void setTimeExecRequest(const QDateTime& dt);
+    void removeTimeExecRequest();
+
+    /// A reference to the current record goes to the clipboard; a paste makes a draft of mine in this shift.
+    void copyRecordRequest();
+    void pasteRecordRequest();
 
 signals:
     /// Mode, workshift or crew changed: everything that shows them has to ask anew.
@@ -189,8 +219,14 @@ private:
 
     // LogBookWidget_annex.cpp
     bool send(CRowBatch& batch);
+    void sendMark(CRowBatch& batch, const QString& signature, const QString& logLine, const QString& message);
+    void addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time);
+    void pasteRecord(const MDRData* source);
+    static void copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record);
     void showError(const QString& title, const QString& text);
     void createShiftDialogs();
+    void createSmallDialogs();
+    void updateSecondMarkAction();
     void showCloseWorkshift(bool approveDrafts);
     void showRecordCreator(MDRData* record);
     bool deleteRecord(MDRData* record);
@@ -224,6 +260,10 @@ private:
     QTimer* m_controlTimer;
     QTimer* m_repeatTimer;
     QMenu* m_recordMenu = nullptr;
+    QAction* m_timeExecAction = nullptr;
+    QAction* m_secondMarkAction = nullptr;
+    QAction* m_copyAction = nullptr;
+    QAction* m_pasteAction = nullptr;
     QAction* m_originAction = nullptr;
     QAction* m_approveAction = nullptr;
     QAction* m_signAction = nullptr;
@@ -231,6 +271,12 @@ private:
     QPointer<OrgStructDialog> m_orgStruct; ///< one for all dialogs of the page
     QPointer<OpenWorkshiftDialog> m_openWorkshift;
     QPointer<CloseWorkshiftDialog> m_closeWorkshift;
+    QPointer<WorkshiftInfoDialog> m_workshiftInfo;
+    QPointer<WorkshiftsDialog> m_workshiftsDialog;
+    QPointer<DateTimeRangeDialog> m_dateTimeRange;
+    QPointer<AppendWorkerDialog> m_appendWorker;
     QPointer<RecordCreatorDialog> m_recordCreator;
+    QPointer<SecondMarkerDialog> m_secondMarker;
+    QPointer<TimeExecutionDialog> m_timeExecution;
     QVector<QWidget*> m_shiftDialogs; ///< those that a closed workshift closes
 };

@@ -23,12 +23,16 @@ void setKeyLinkAsKey(CMDArray& table)
 QString quotedKeys(const CMDArray& table)
 {
     QByteArray list;
+    list.reserve(36 * table.RecCount());
     MDRVar key;
+    const MDRField* field = MDRFldByName(table.array, "KeyLink");
     for (int i = 0; i < table.RecCount(); ++i) {
-        table.GetVal(MDARec(table.array, 0, i), "KeyLink", key);
+        MDRGetVal(field, MDARec(table.array, 0, i), &key);
         if (!list.isEmpty())
             list += ',';
-        list += '\'' + MDRValue::bytes(key) + '\'';
+        list += '\'';
+        list += MDRValue::bytes(key);
+        list += '\'';
     }
     return QString::fromUtf8(list);
 }
@@ -269,8 +273,9 @@ MDArray* LogBookWidget::repackRequest(CMDArray* answer)
 
 void LogBookWidget::prepareRecords()
 {
+    m_preparer.prepareRecords();
     for (int i = 0; i < m_records.data.RecCount(); ++i)
-        prepareRecord(MDARec(m_records.data.array, 0, i));
+        m_census.put(MDARec(m_records.data.array, 0, i));
 }
 
 void LogBookWidget::prepareRecord(MDRData* record)

@@ -1,8 +1,10 @@
+#include "AppendWorkerDialog.h"
 #include "CloseWorkshiftDialog.h"
 #include "CommentsPane.h"
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "DateTimeRangeDialog.h"
 #include "FilesPane.h"
 #include "Filters.h"
 #include "LocationInfo.h"
@@ -14,9 +16,13 @@
 #include "OrgStructWidget.h"
 #include "RecordColumns.h"
 #include "RecordCreatorDialog.h"
+#include "SecondMarkerDialog.h"
+#include "TimeExecutionDialog.h"
 #include "ui_LogBookTab.h"
 #include "VrkTableProxyModel.h"
 #include "VrkTableTool.h"
+#include "WorkshiftInfoDialog.h"
+#include "WorkshiftsDialog.h"
 
 #include <QAction>
 #include <QMenu>
@@ -109,19 +115,29 @@ void LogBookWidget::configureContextMenu()
     m_ui->recordsTable->setContextMenuPolicy(Qt::CustomContextMenu);
     m_recordMenu = new QMenu(m_ui->recordsTable);
     m_recordMenu->setObjectName(QStringLiteral("recordMenu"));
-    m_approveAction =
-        m_recordMenu->addAction(QIcon(QStringLiteral(":/icons/apply.png")), tr("Утвердить текущую запись"));
-    m_signAction = m_recordMenu->addAction(QIcon(QStringLiteral(":/icons/sign.png")),
-                                           tr("Поставить визу на текущую запись"));
-    m_originAction =
-        m_recordMenu->addAction(QIcon(QStringLiteral(":/icons/star.png")), tr("Перейти к первичной записи"));
+    const auto append = [this](const char* icon, const QString& text) {
+        return m_recordMenu->addAction(QIcon(QLatin1String(icon)), text);
+    };
+    m_timeExecAction = append(":/icons/hour_glass.png", tr("Время выполнения..."));
+    m_secondMarkAction = append(":/icons/two.png", tr("Второй маркер..."));
+    m_recordMenu->addSeparator();
+    m_approveAction = append(":/icons/apply.png", tr("Утвердить текущую запись"));
+    m_signAction = append(":/icons/sign.png", tr("Поставить визу на текущую запись"));
+    m_originAction = append(":/icons/star.png", tr("Перейти к первичной записи"));
+    m_recordMenu->addSeparator();
+    m_copyAction = append(":/icons/copy.png", tr("Копировать запись"));
+    m_pasteAction = append(":/icons/paste.png", tr("Вставить запись"));
 }
 
 void LogBookWidget::showRecordMenu(const QPoint& pos)
 {
+    m_timeExecAction->setEnabled(isTimeExecutionChangable());
     m_originAction->setEnabled(isRecordHasOrigin());
     m_approveAction->setEnabled(isRecordDraft());
     m_signAction->setEnabled(isRecordSignable());
+    m_copyAction->setEnabled(isRecordCopyable());
+    m_pasteAction->setEnabled(isRecordPastable());
+    updateSecondMarkAction();
     m_recordMenu->popup(m_ui->recordsTable->viewport()->mapToGlobal(pos));
 }
 
@@ -138,7 +154,32 @@ void LogBookWidget::createDialogs()
     m_recordCreator->setOrgTypeKey(m_location->orgTypeKey());
 
     createShiftDialogs();
-    m_shiftDialogs = {m_closeWorkshift, m_recordCreator};
+    createSmallDialogs();
+    m_shiftDialogs = {m_closeWorkshift, m_recordCreator, m_appendWorker, m_workshiftInfo};
+}
+
+void LogBookWidget::createSmallDialogs()
+{
+    m_workshiftInfo = new WorkshiftInfoDialog(m_module, -1);
+    m_workshiftsDialog = new WorkshiftsDialog(m_module, -1);
+    m_dateTimeRange = new DateTimeRangeDialog(m_module, -1);
+    m_appendWorker = new AppendWorkerDialog(m_module, -1);
+    m_secondMarker = new SecondMarkerDialog(m_module, -1);
+    m_timeExecution = new TimeExecutionDialog(m_module, -1);
+}
+
+/// The entry is never disabled, so that the dialog opens on any record; only its look follows the record. Meant.
+void LogBookWidget::updateSecondMarkAction()
+{
+    if (!isSecondMarkSettable()) {
+        m_secondMarkAction->setIcon(QIcon(QStringLiteral(":/icons/two.png")));
+        m_secondMarkAction->setText(tr("Второй маркер..."));
+        return;
+    }
+    const QString path = secondMarkIconPath();
+    const QString command = secondMarkCommand();
+    m_secondMarkAction->setIcon(QIcon(path));
+    m_secondMarkAction->setText(command.isEmpty() ? iconPathToName(path) : command);
 }
 
 void LogBookWidget::createShiftDialogs()
@@ -176,6 +217,14 @@ void LogBookWidget::createConnections()
     connect(m_controlTimer, &QTimer::timeout, this, &LogBookWidget::controlWorkshiftDuration);
     connect(m_repeatTimer, &QTimer::timeout, this, &LogBookWidget::showNotifyWorkshiftLimit);
     connect(m_ui->recordsTable, &QWidget::customContextMenuRequested, this, &LogBookWidget::showRecordMenu);
+    connect(m_timeExecAction, &QAction::triggered, this, &LogBookWidget::changeTimeExecRequest);
+    connect(m_secondMarkAction, &QAction::triggered, this, &LogBookWidget::changeSecondMarkRequest);
+    connect(m_copyAction, &QAction::triggered, this, &LogBookWidget::copyRecordRequest);
+    connect(m_pasteAction, &QAction::triggered, this, &LogBookWidget::pasteRecordRequest);
+    connect(m_secondMarker, &SecondMarkerDialog::setMarker, this, &LogBookWidget::setSecondMarkRequest);
+    connect(m_secondMarker, &SecondMarkerDialog::removeMarker, this, &LogBookWidget::removeSecondMarkRequest);
+    connect(m_timeExecution, &TimeExecutionDialog::setTime, this, &LogBookWidget::setTimeExecRequest);
+    connect(m_timeExecution, &TimeExecutionDialog::removeTime, this, &LogBookWidget::removeTimeExecRequest);
     connect(m_originAction, &QAction::triggered, this, &LogBookWidget::goToOriginRecord);
     connect(m_approveAction, &QAction::triggered, this, &LogBookWidget::approveRecordRequest);
     connect(m_signAction, &QAction::triggered, this, &LogBookWidget::signRecordRequest);

@@ -34,6 +34,11 @@ constexpr char OfDepartment[] = "SELECT * FROM %1 WHERE DepartmentKey='%2'";
 /// %2 list of quoted keys.
 constexpr char WorkerRoles[] = "SELECT * FROM %1 WHERE RoleKey IN (%2);";
 constexpr char Templates[] = "SELECT * FROM %1 ;";
+/// %2 department field, %3 department, %4 field of the one who closed.
+constexpr char ClosedWorkshifts[] =
+    "SELECT * FROM %1 WHERE %2 = '%3'        AND %4 <> ''        AND %4 IS NOT NULL;";
+/// %2 record.
+constexpr char RecordByKey[] = "SELECT * FROM %1 WHERE KeyLink='%2';";
 /// %2 field, %3 list of quoted keys: comments and files of records.
 constexpr char ByRecords[] = "SELECT * FROM %1 WHERE %2 IN (%3)";
 /// %1 records, %2 workshifts, %3 their key, %4 its reference, %5 department field, %6 department, %7 time field,

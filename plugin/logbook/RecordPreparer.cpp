@@ -9,24 +9,56 @@ RecordPreparer::RecordPreparer(CModelTable& records, CModelTable& comments, CMod
 {
 }
 
+RecordPreparer::Fields::Fields(const MDArray* records)
+    : key(MDRFldByName(records, "KeyLink")),
+      html(MDRFldByName(records, "html")),
+      object(MDRFldByName(records, "object")),
+      comment(MDRFldByName(records, "comment")),
+      file(MDRFldByName(records, "file"))
+{
+}
+
 void RecordPreparer::prepareRecords()
 {
+    const Fields fields(m_records.data.array);
     for (int i = 0; i < m_records.data.RecCount(); ++i)
-        prepareRecord(MDARec(m_records.data.array, 0, i));
+        prepare(MDARec(m_records.data.array, 0, i), fields);
 }
 
 void RecordPreparer::prepareRecord(MDRData* record)
 {
-    prepareRecordHtml(record);
-    prepareRecordComment(record);
-    prepareRecordFile(record);
+    prepare(record, Fields(m_records.data.array));
+}
+
+void RecordPreparer::prepare(MDRData* record, const Fields& fields)
+{
+    fillObject(record, fields);
+    markOwner(record, fields, fields.comment, m_comments);
+    markOwner(record, fields, fields.file, m_files);
 }
 
 void RecordPreparer::prepareRecordHtml(MDRData* record)
 {
+    fillObject(record, Fields(m_records.data.array));
+}
+
+void RecordPreparer::prepareRecordComment(MDRData* record)
+{
+    const Fields fields(m_records.data.array);
+    markOwner(record, fields, fields.comment, m_comments);
+}
+
+void RecordPreparer::prepareRecordFile(MDRData* record)
+{
+    const Fields fields(m_records.data.array);
+    markOwner(record, fields, fields.file, m_files);
+}
+
+void RecordPreparer::fillObject(MDRData* record, const Fields& fields)
+{
     CMDArray& records = m_records.data;
     MDRVar value;
-    records.GetVal(record, "html", value);
+    MDRGetVal(fields.html, record, &value);
     if (MDARecArr(record) != records.array || !MDRValue::hasText(value))
         return;
 
@@ -45,28 +77,19 @@ void RecordPreparer::prepareRecordHtml(MDRData* record)
     if (object.empty())
         return;
     const MDRVar text = MDRValue::text(object.data(), static_cast<int>(object.size()));
-    records.lastError = MDRSetVal(MDRFldByName(records.array, "object"), record, &text);
+    records.lastError = MDRSetVal(fields.object, record, &text);
 }
 
-void RecordPreparer::prepareRecordComment(MDRData* record)
-{
-    markOwned(record, "comment", m_comments);
-}
-
-void RecordPreparer::prepareRecordFile(MDRData* record)
-{
-    markOwned(record, "file", m_files);
-}
-
-void RecordPreparer::markOwned(MDRData* record, const char* field, CModelTable& owned)
+void RecordPreparer::markOwner(MDRData* record, const Fields& fields, const MDRField* mark,
+                               CModelTable& owned)
 {
     CMDArray& records = m_records.data;
     if (MDARecArr(record) != records.array)
         return;
     MDRVar key;
-    records.GetVal(record, "KeyLink", key);
+    MDRGetVal(fields.key, record, &key);
     const bool isOwner =
         MDRValue::hasText(key) && MDARecsWith(owned.data.array, "RecordKey", key.value.text.data).count > 0;
     const MDRVar value = MDRValue::boolean(isOwner);
-    records.lastError = MDRSetVal(MDRFldByName(records.array, field), record, &value);
+    records.lastError = MDRSetVal(mark, record, &value);
 }

@@ -22,7 +22,18 @@ public:
     void prepareRecordFile(MDRData* record);
 
 private:
-    void markOwned(MDRData* record, const char* field, CModelTable& owned);
+    /// Handles of the fields, looked up once for a whole pass.
+    struct Fields {
+        explicit Fields(const MDArray* records);
+        const MDRField* key;
+        const MDRField* html;
+        const MDRField* object;
+        const MDRField* comment;
+        const MDRField* file;
+    };
+    void prepare(MDRData* record, const Fields& fields);
+    void fillObject(MDRData* record, const Fields& fields);
+    void markOwner(MDRData* record, const Fields& fields, const MDRField* mark, CModelTable& owned);
 
     CModelTable& m_records;
     CModelTable& m_comments;

@@ -43,7 +43,8 @@ void CrewTable::append(const QString& workerKey, bool selectable)
 {
     const int row = m_view->rowCount();
     m_view->insertRow(row);
-    const QString name = HfnWrapper::workerFullName(m_codec, m_workers, workerKey);
+    const QString name = m_names == FullNames ? HfnWrapper::workerFullName(m_codec, m_workers, workerKey)
+                                              : HfnWrapper::workerShortName(m_codec, m_workers, workerKey);
     if (name.isEmpty())
         return;
 

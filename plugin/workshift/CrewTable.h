@@ -19,11 +19,16 @@ class CrewTable : public QObject
     Q_OBJECT
 
 public:
+    enum Names { FullNames, ShortNames };
+
     /// Gives the view its columns and look; \a view and \a codec outlive this object.
     CrewTable(QTableWidget* view, const QTextCodec* codec, QObject* parent);
 
     /// Reference tables that names and roles come from; any of them may be missing.
     void setTables(CModelTable* workers, CModelTable* roles, CModelTable* workerRoles);
+
+    /// How workers are named: in full at first.
+    void setNames(Names names) { m_names = names; }
 
     bool contains(const QString& workerKey) const;
     /// Appends a row. A worker without a name leaves a row without cells. \a selectable false: the row can neither be
@@ -41,6 +46,7 @@ public:
 private:
     QTableWidget* m_view;
     const QTextCodec* m_codec;
+    Names m_names = FullNames;
     CModelTable* m_workers = nullptr;
     CModelTable* m_roles = nullptr;
     CModelTable* m_workerRoles = nullptr;

@@ -317,13 +317,18 @@ private slots:
         QStringList all;
         for (const QAction* action : menu->actions()) {
             all.append(action->text());
-            if (action->isEnabled())
+            if (action->isEnabled() && !action->isSeparator())
                 enabled.append(action->text());
         }
-        QCOMPARE(all, QStringList({QStringLiteral("Утвердить текущую запись"),
+        QCOMPARE(all, QStringList({QStringLiteral("Время выполнения..."), QStringLiteral("Второй маркер..."),
+                                   QString(), QStringLiteral("Утвердить текущую запись"),
                                    QStringLiteral("Поставить визу на текущую запись"),
-                                   QStringLiteral("Перейти к первичной записи")}));
-        QCOMPARE(enabled, QStringList{QStringLiteral("Поставить визу на текущую запись")});
+                                   QStringLiteral("Перейти к первичной записи"), QString(),
+                                   QStringLiteral("Копировать запись"), QStringLiteral("Вставить запись")}));
+        QCOMPARE(enabled,
+                 QStringList({QStringLiteral("Время выполнения..."), QStringLiteral("Второй маркер..."),
+                              QStringLiteral("Поставить визу на текущую запись"),
+                              QStringLiteral("Копировать запись")}));
         menu->close();
         for (const char* name : {"createCommentButton", "deleteCommentButton", "readedCommentButton",
                                  "createFileButton", "deleteFileButton", "saveFileButton"})

@@ -52,10 +52,9 @@ private slots:
 
     void engineThatIsNotThereIsNamed()
     {
-        const StoreError error = refusal(QStringLiteral("postgresql://host/journal"));
-        QCOMPARE(error.code, StoreError::BadUrl);
-        QCOMPARE(error.text, QString::fromUtf8("Хранилище PostgreSQL в этой сборке программы недоступно: "
-                                               "«postgresql://host/journal»."));
+        const StoreError error = refusal(QStringLiteral("postgresql://nobody@/journal?host=/nowhere"));
+        QCOMPARE(error.code, StoreError::Lost);
+        QCOMPARE(error.text, QString::fromUtf8("Нет связи с сервером «/nowhere/journal»."));
     }
 
     void missingFileIsNeverMade()

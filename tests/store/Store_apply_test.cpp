@@ -311,18 +311,13 @@ private slots:
     void emptyTextsAndEmptyFilesAreNotNull()
     {
         QVERIFY(write("LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN", {{"CloseWorkerKey", ""}}));
-        QCOMPARE(
-            m_files
-                ->value(QStringLiteral("SELECT typeof(CloseWorkerKey) FROM LogbookWorkshifts WHERE KeyLink = "
-                                       "'SHIFT_CDS_OPEN'"))
-                .toString(),
-            QStringLiteral("text"));
+        const auto length = [this](const char* column, const char* table, const char* key) {
+            return m_files->value(QStringLiteral("SELECT length(%1) FROM %2 WHERE KeyLink = '%3'")
+                                      .arg(QLatin1String(column), QLatin1String(table), QLatin1String(key)));
+        };
+        QCOMPARE(length("CloseWorkerKey", "LogbookWorkshifts", "SHIFT_CDS_OPEN"), QVariant(0LL));
         QVERIFY(write("LogbookFiles", ROW_UPDATE, "FILE_TEXT", {{"fileData", QByteArray("")}}));
-        QCOMPARE(m_files
-                     ->value(QStringLiteral(
-                         "SELECT typeof(fileData) FROM LogbookFiles WHERE KeyLink = 'FILE_TEXT'"))
-                     .toString(),
-                 QStringLiteral("blob"));
+        QCOMPARE(length("fileData", "LogbookFiles", "FILE_TEXT"), QVariant(0LL));
         QVERIFY(write("LogbookFiles", ROW_UPDATE, "FILE_TEXT", {{"fileData", nullptr}}));
         QVERIFY(
             m_files->value(QStringLiteral("SELECT fileData FROM LogbookFiles WHERE KeyLink = 'FILE_TEXT'"))

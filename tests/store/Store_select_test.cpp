@@ -193,7 +193,8 @@ private slots:
         QCOMPARE(error.code, StoreError::BadRequest);
         QVERIFY(!error.text.isEmpty());
         QCOMPARE(m_files->value(QStringLiteral("SELECT count(*) FROM Roles")).toInt(), 3);
-        QCOMPARE(m_files->value(QStringLiteral("PRAGMA user_version")).toInt(), 1);
+        if (TestStore::isSqlite())
+            QCOMPARE(m_files->value(QStringLiteral("PRAGMA user_version")).toInt(), 1);
     }
 
     void endsAndRemarksAreAccepted_data()
@@ -292,7 +293,7 @@ private slots:
         options.memoryGuard = 1000000;
         m_store = m_files->open(QStringLiteral("ivanov"), options);
         const StoreError error =
-            refusal("WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n LIMIT 1000000) "
+            refusal("WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1000000) "
                     "SELECT i, 'text text text' FROM n");
         QCOMPARE(error.code, StoreError::TooLarge);
         QVERIFY(select("SELECT * FROM Workers")->array);

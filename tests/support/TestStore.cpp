@@ -2,9 +2,13 @@
 
 #include "GenGuid32.h"
 #include "MDRValues.h"
+#include "PgConnection.h"
+#include "PostgresAdmin.h"
+#include "PrivateCluster.h"
 #include "StandardJournal.h"
 #include "StoreAdmin.h"
 #include "TableCatalog.h"
+#include "TestFolder.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -26,14 +30,6 @@ QString urlOf(const QString& file)
     return QStringLiteral("sqlite://") + QString::fromLatin1(QUrl::toPercentEncoding(file, "/"));
 }
 
-/// Memory where the system offers it as a folder: tests would otherwise mostly wait for the disk.
-QString folderTemplate()
-{
-    const QFileInfo memory(QStringLiteral("/dev/shm"));
-    const bool usable = memory.isDir() && memory.isWritable();
-    return (usable ? memory.filePath() : QDir::tempPath()) + QStringLiteral("/vrk-test-XXXXXX");
-}
-
 void require(bool done, const StoreError& error)
 {
     if (!done)
@@ -50,9 +46,15 @@ std::unique_ptr<Store> openAs(const QString& url, const QString& login, const St
     return store;
 }
 
-/// The files that are copied for each test, made at the first use.
+bool isPostgres()
+{
+    static const bool chosen = qgetenv("VRK_TEST_ENGINE") == "postgresql";
+    return chosen;
+}
+
+/// The files or databases that are copied for each test, made at the first use.
 struct Originals {
-    QTemporaryDir folder{folderTemplate()};
+    QTemporaryDir folder{testFolderTemplate()};
     double now = 0;
 
     Originals()
@@ -60,19 +62,23 @@ struct Originals {
         now = static_cast<double>(QDateTime::currentSecsSinceEpoch());
         StoreError error;
         for (const auto content : {TestStore::Empty, TestStore::Standard}) {
-            const QString url = urlOf(file(content));
+            const QString url =
+                isPostgres() ? PrivateCluster::shared().url(database(content)) : urlOf(file(content));
             require(StoreAdmin::init(url, "Windows-1251", "Europe/Moscow", &error), error);
             if (content == TestStore::Standard) {
                 Store::Options options;
                 options.loader = true;
-                writeStandardJournal(openAs(url, QString(), options).get(), now);
+                const auto store = openAs(url, QString(), options);
+                writeStandardJournal(store.get(), now);
+                for (const StoreLogin& login : isPostgres() ? store->logins() : QVector<StoreLogin>())
+                    require(PostgresAdmin::addRole(url, login.login, &error), error);
             }
         }
     }
-    QString file(TestStore::Content content) const
+    QString file(TestStore::Content content) const { return folder.filePath(database(content)); }
+    static QString database(TestStore::Content content)
     {
-        return folder.filePath(content == TestStore::Empty ? QStringLiteral("empty")
-                                                           : QStringLiteral("standard"));
+        return content == TestStore::Empty ? QStringLiteral("empty") : QStringLiteral("standard");
     }
 };
 
@@ -80,6 +86,48 @@ const Originals& originals()
 {
     static const Originals made;
     return made;
+}
+
+void require(const QString& refusal)
+{
+    if (!refusal.isEmpty())
+        qFatal("the server of the tests refused: %s", qPrintable(refusal));
+}
+
+QVariant columnOf(const PgResult& rows, int row, int column)
+{
+    if (rows.isNull(row, column))
+        return QVariant();
+    switch (PQftype(rows.handle(), column)) {
+    case 16: // boolean and the whole numbers
+    case 20:
+    case 21:
+    case 23:
+        return rows.integer(row, column);
+    case 701:
+        return rows.real(row, column);
+    case 17:
+        return rows.bytes(row, column);
+    default:
+        return QString::fromUtf8(rows.bytes(row, column));
+    }
+}
+
+QVector<QVariantList> postgresRows(const QString& url, const QString& sql)
+{
+    StoreError error;
+    PgConnection link(url, 30000);
+    require(link.connect(link.connectMs(), &error), error);
+    const PgResult rows = link.run(sql.toUtf8(), &error);
+    require(bool(rows), error);
+    QVector<QVariantList> all;
+    for (int i = 0; i < rows.rows(); ++i) {
+        QVariantList row;
+        for (int column = 0; column < rows.columns(); ++column)
+            row.append(columnOf(rows, i, column));
+        all.append(row);
+    }
+    return all;
 }
 
 /// A raw connection for looking past the store.
@@ -119,13 +167,30 @@ QVariant columnOf(sqlite3_stmt* row, int column)
 }
 } // namespace
 
-TestStore::TestStore(Content content) : m_folder(folderTemplate())
+TestStore::TestStore(Content content) : m_folder(testFolderTemplate())
 {
-    if (!QFile::copy(originals().file(content), path()))
+    if (isPostgres()) {
+        static int count = 0;
+        m_database = QStringLiteral("journal%1").arg(++count);
+        const QString from = originals().database(content);
+        require(PrivateCluster::shared().exec(
+            QStringLiteral("CREATE DATABASE %1 TEMPLATE %2 STRATEGY file_copy").arg(m_database, from)));
+    } else if (!QFile::copy(originals().file(content), path())) {
         qFatal("the store of the tests cannot be copied");
+    }
 }
 
-TestStore::~TestStore() = default;
+TestStore::~TestStore()
+{
+    if (isPostgres())
+        require(
+            PrivateCluster::shared().exec(QStringLiteral("DROP DATABASE %1 WITH (FORCE)").arg(m_database)));
+}
+
+bool TestStore::isSqlite()
+{
+    return !isPostgres();
+}
 
 QString TestStore::path() const
 {
@@ -134,7 +199,7 @@ QString TestStore::path() const
 
 QString TestStore::url() const
 {
-    return urlOf(path());
+    return isPostgres() ? PrivateCluster::shared().url(m_database) : urlOf(path());
 }
 
 double TestStore::now()
@@ -156,6 +221,8 @@ std::unique_ptr<Store> TestStore::openLoader() const
 
 QVector<QVariantList> TestStore::rows(const QString& sql) const
 {
+    if (isPostgres())
+        return postgresRows(url(), sql);
     const RawConnection raw(path());
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(raw.handle(), sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
@@ -178,6 +245,8 @@ QVariant TestStore::value(const QString& sql) const
 
 QString TestStore::exec(const QString& sql) const
 {
+    if (isPostgres())
+        return PrivateCluster::shared().exec(sql, m_database);
     const RawConnection raw(path());
     sqlite3_exec(raw.handle(), "PRAGMA foreign_keys = ON", nullptr, nullptr, nullptr);
     const int code = sqlite3_exec(raw.handle(), sql.toUtf8().constData(), nullptr, nullptr, nullptr);

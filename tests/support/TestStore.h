@@ -9,7 +9,7 @@
 #include <type_traits>
 #include <vector>
 
-/// A temporary SQLite store filled with a small standard journal under readable keys. The set is made once a
+/// A temporary store filled with a small standard journal under readable keys. The set is made once a
 /// process, through the store like any other rows, and copied for each object; it disappears with the object.
 /// Code page Windows-1251, time zone Europe/Moscow. `now()` is the second in which the set was made.
 ///
@@ -67,7 +67,12 @@ public:
     TestStore(const TestStore&) = delete;
     TestStore& operator=(const TestStore&) = delete;
 
+    /// The engine that this run of the tests asks for: PostgreSQL where VRK_TEST_ENGINE=postgresql, with a private
+    /// server for the process, SQLite otherwise.
+    static bool isSqlite();
+    /// Of the SQLite file.
     QString path() const;
+    /// On a server that of its administrator, who may sign in as anybody.
     QString url() const;
     /// The second in which the standard set was made, as HfnTime.
     static double now();
@@ -115,4 +120,5 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    QString m_database;
 };

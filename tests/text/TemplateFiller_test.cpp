@@ -3,6 +3,7 @@
 #include "HtmlParser.h"
 #include "LatelyUsed.h"
 #include "LogWatch.h"
+#include "SuggestionModel.h"
 #include "TemplateFiller.h"
 #include "TestClient.h"
 #include "TEventNciParse.h"
@@ -622,16 +623,20 @@ void TemplateFiller_test::aWorkerIsFoundByPartsOfHisName_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("full name") << QByteArray("employee_fio") << QStringLiteral("Петров Пётр Петрович");
-    QTest::newRow("with role") << QByteArray("employee_fio_role")
-                               << QStringLiteral("Петров Пётр Петрович, Диспетчер");
-    QTest::newRow("with group") << QByteArray("employee_fio_group")
-                                << QStringLiteral("Петров Пётр Петрович гр.IV");
+    QTest::addColumn<QString>("detail");
+    const QString name = QStringLiteral("Петров Пётр Петрович");
+    const QString place = QStringLiteral("Диспетчер · ЦДС");
+    QTest::newRow("full name") << QByteArray("employee_fio") << name << place;
+    QTest::newRow("with role") << QByteArray("employee_fio_role") << name + QStringLiteral(", Диспетчер")
+                               << QStringLiteral("ЦДС");
+    QTest::newRow("with group") << QByteArray("employee_fio_group") << name + QStringLiteral(" гр.IV")
+                                << place;
     QTest::newRow("with place") << QByteArray("employee_fio_dep_org")
-                                << QStringLiteral("Петров Пётр Петрович, ЦДС, Электросети «Ключевой край»");
-    QTest::newRow("crew") << QByteArray("shift_workers") << QStringLiteral("Петров П. П.");
+                                << name + QStringLiteral(", ЦДС, Электросети «Ключевой край»")
+                                << QStringLiteral("Диспетчер");
+    QTest::newRow("crew") << QByteArray("shift_workers") << QStringLiteral("Петров П. П.") << place;
     QTest::newRow("crew with groups")
-        << QByteArray("shift_workers_groups") << QStringLiteral("Петров П. П. гр.IV");
+        << QByteArray("shift_workers_groups") << QStringLiteral("Петров П. П. гр.IV") << place;
 }
 
 void TemplateFiller_test::aWorkerIsFoundByPartsOfHisName()
@@ -644,6 +649,7 @@ void TemplateFiller_test::aWorkerIsFoundByPartsOfHisName()
     setting.type(QStringLiteral("петр"));
     QVERIFY(setting.popup());
     QCOMPARE(setting.suggested().first(), shown);
+    QTEST(setting.popup()->model()->index(0, 0).data(SuggestionModel::DetailRole).toString(), "detail");
     setting.press(Qt::Key_Return);
     QVERIFY(!setting.popup());
     QCOMPARE(QApplication::focusWidget(), setting.input(0)); // Enter took the suggestion and no more
@@ -900,6 +906,7 @@ void TemplateFiller_test::keptValuesCanBeCleared()
     QTest::mouseClick(setting.filler.findChild<QToolButton*>(QStringLiteral("clearKeptButton")),
                       Qt::LeftButton);
     QCOMPARE(changes.size(), 1);
+    QVERIFY(!setting.filler.findChild<QWidget*>(QStringLiteral("keptValuesBar"))->isVisible());
     QCOMPARE(setting.filler.filledTemplate(true), html);
     QCOMPARE(setting.input<GrowingTextEdit>(0)->toPlainText(), QString());
     setting.filler.setTemplate(html);

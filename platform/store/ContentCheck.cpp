@@ -1,0 +1,89 @@
+#include "ContentCheck.h"
+
+namespace
+{
+using StoreAdmin::Finding;
+
+struct Reference {
+    const char* table;
+    const char* field;
+    const char* target;
+    Finding::Grade grade;
+};
+
+// People come and go, so a worker who is not there is only noted.
+const Reference references[] = {
+    {"LogbookWorkshifts", "DepartmentKey", "Departments", Finding::Fault},
+    {"LogbookWorkshifts", "OpenWorkerKey", "Workers", Finding::Note},
+    {"LogbookWorkshifts", "CloseWorkerKey", "Workers", Finding::Note},
+    {"LogbookWorkersWorkshift", "WorkerKey", "Workers", Finding::Note},
+    {"LogbookRecords", "WorkerKey", "Workers", Finding::Note},
+    {"LogbookRecords", "VisaWorkerKey", "Workers", Finding::Note},
+    {"LogbookRecords", "ReceiverWorkerKey", "Workers", Finding::Note},
+    {"LogbookRecords", "SecondMarkWorkerKey", "Workers", Finding::Note},
+    {"LogbookRecords", "OriginRecordKey", "LogbookRecords", Finding::Note},
+    {"LogbookComments", "WorkerKey", "Workers", Finding::Note},
+    {"LogbookFiles", "WorkerKey", "Workers", Finding::Note},
+    {"LogbookCatsTemplate", "OrgTypeKey", "OrgTypes", Finding::Fault},
+    {"LogbookCatsTemplate", "DepartmentKey", "Departments", Finding::Fault},
+    {"UserRights", "UserKey", "Users", Finding::Fault},
+    {"Workers", "UserKey", "Users", Finding::Fault},
+    {"Workers", "DepartmentKey", "Departments", Finding::Fault},
+    {"Departments", "OrganizationKey", "Organizations", Finding::Fault},
+    {"Departments", "ParentKey", "Departments", Finding::Fault},
+    {"Organizations", "OrgTypeKey", "OrgTypes", Finding::Fault},
+    {"Organizations", "ParentKey", "Organizations", Finding::Fault},
+    {"Shifts", "DepartmentKey", "Departments", Finding::Fault},
+    {"Roles", "DepartmentKey", "Departments", Finding::Fault},
+    {"WorkerRoles", "RoleKey", "Roles", Finding::Fault},
+    {"WorkerRoles", "WorkerKey", "Workers", Finding::Fault},
+    {"Fields", "TablesKey", "Tables", Finding::Fault},
+    {"Equipment", "ParentKey", "Equipment", Finding::Fault},
+    {"Equipment", "DepartmentKey", "Departments", Finding::Fault},
+};
+
+const char* const trees[] = {"LogbookCatsTemplate", "TemplateParamCategories", "Departments", "Organizations",
+                             "Equipment"};
+} // namespace
+
+void ContentCheck::add(QVector<Finding>* findings, Finding::Grade grade, const char* text,
+                       const QByteArray& first, const QByteArray& second)
+{
+    QString whole = QString::fromUtf8(text);
+    whole.replace(QLatin1String("%1"), QString::fromUtf8(first));
+    whole.replace(QLatin1String("%2"), QString::fromUtf8(second));
+    findings->append({grade, whole});
+}
+
+QVector<ContentCheck::Look> ContentCheck::looks()
+{
+    QVector<Look> all;
+    for (const Reference& reference : references) {
+        const QByteArray table(reference.table);
+        const QByteArray field(reference.field);
+        all.append({"SELECT '" + table + "." + field + "', KeyLink FROM " + table + " AS T WHERE coalesce(" +
+                        field + ", '') <> '' AND NOT EXISTS (SELECT 1 FROM " + reference.target +
+                        " AS P WHERE P.KeyLink = T." + field + ")",
+                    reference.grade, "Поле «%1» строки «%2» указывает на строку, которой нет."});
+    }
+    for (const char* tree : trees) {
+        // Walking down from the roots reaches every row but those that hang in a circle.
+        const QByteArray table(tree);
+        all.append({"WITH RECURSIVE reached (k) AS (SELECT KeyLink FROM " + table +
+                        " WHERE coalesce(ParentKey, '') = '' OR ParentKey NOT IN (SELECT KeyLink FROM " +
+                        table + ") UNION SELECT T.KeyLink FROM reached JOIN " + table +
+                        " AS T ON T.ParentKey = reached.k) SELECT '" + table + "', KeyLink FROM " + table +
+                        " WHERE KeyLink NOT IN (SELECT k FROM reached)",
+                    Finding::Fault, "Строка «%2» таблицы «%1» лежит внутри самой себя."});
+    }
+    all.append({"SELECT KeyLink, coalesce(CAST(status AS TEXT), 'NULL') FROM LogbookRecords"
+                " WHERE coalesce(status, -1) NOT IN (0, 1, 2)",
+                Finding::Fault, "У записи «%1» недопустимое состояние %2."});
+    all.append({"SELECT KeyLink FROM LogbookRecords WHERE coalesce(ShiftKey, '') = ''", Finding::Fault,
+                "Запись «%1» не принадлежит ни одной смене."});
+    all.append({"SELECT KeyLink FROM LogbookWorkshifts AS W"
+                " WHERE NOT EXISTS (SELECT 1 FROM LogbookWorkersWorkshift WHERE WorkshiftKey = W.KeyLink)"
+                " OR NOT EXISTS (SELECT 1 FROM LogbookRecords WHERE ShiftKey = W.KeyLink)",
+                Finding::Note, "Смена «%1» не имеет состава или записей: её открытие было прервано."});
+    return all;
+}

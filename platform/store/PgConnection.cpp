@@ -1,0 +1,459 @@
+#include "PgConnection.h"
+
+#include <algorithm>
+#include <cstring>
+#include <poll.h>
+#include <QtEndian>
+#include <QUrl>
+#include <QUrlQuery>
+#include <sys/epoll.h>
+#include <thread>
+#include <unistd.h>
+
+namespace
+{
+constexpr int longestNapMs = 50;        // between two signs of life
+constexpr int shortestConnectMs = 2000; // a short deadline of requests leaves room for signing in
+constexpr int cachedStatements = 200;
+constexpr int lowestVersion = 150000;
+
+// Types of values, from the server's catalog.
+constexpr Oid typeBytea = 17;
+constexpr Oid typeInt8 = 20;
+constexpr Oid typeInt4 = 23;
+constexpr Oid typeText = 25;
+constexpr Oid typeFloat8 = 701;
+
+QString placeOf(const QString& address)
+{
+    const QUrl url(address);
+    const QString host =
+        url.host().isEmpty() ? QUrlQuery(url).queryItemValue(QStringLiteral("host")) : url.host();
+    return (host.isEmpty() ? QStringLiteral("localhost") : host) + url.path();
+}
+
+template <class T>
+QByteArray bigEndian(T number)
+{
+    const T turned = qToBigEndian(number);
+    return QByteArray(reinterpret_cast<const char*>(&turned), sizeof turned);
+}
+} // namespace
+
+// Answers and values
+
+QByteArray PgResult::bytes(int row, int column) const
+{
+    if (isNull(row, column))
+        return QByteArray();
+    const int length = PQgetlength(handle(), row, column);
+    return length > 0 ? QByteArray(PQgetvalue(handle(), row, column), length) : QByteArray("");
+}
+
+qint64 PgResult::integer(int row, int column) const
+{
+    const char* data = PQgetvalue(handle(), row, column);
+    switch (PQgetlength(handle(), row, column)) {
+    case 1:
+        return *data;
+    case 2:
+        return qFromBigEndian<qint16>(data);
+    case 4:
+        return qFromBigEndian<qint32>(data);
+    case 8:
+        return qFromBigEndian<qint64>(data);
+    default:
+        return 0;
+    }
+}
+
+double PgResult::real(int row, int column) const
+{
+    const char* data = PQgetvalue(handle(), row, column);
+    if (PQgetlength(handle(), row, column) == 4) {
+        const auto bits = qFromBigEndian<quint32>(data);
+        float number = 0;
+        std::memcpy(&number, &bits, sizeof number);
+        return static_cast<double>(number);
+    }
+    if (PQgetlength(handle(), row, column) != 8)
+        return 0;
+    const auto bits = qFromBigEndian<quint64>(data);
+    double number = 0;
+    std::memcpy(&number, &bits, sizeof number);
+    return number;
+}
+
+PgValues& PgValues::text(const QByteArray& utf8)
+{
+    m_values.append({typeText, utf8.isNull() ? QByteArray("") : utf8});
+    return *this;
+}
+
+PgValues& PgValues::blob(const QByteArray& bytes)
+{
+    m_values.append({typeBytea, bytes.isNull() ? QByteArray("") : bytes});
+    return *this;
+}
+
+PgValues& PgValues::real(double number)
+{
+    quint64 bits = 0;
+    std::memcpy(&bits, &number, sizeof bits);
+    m_values.append({typeFloat8, bigEndian(bits)});
+    return *this;
+}
+
+PgValues& PgValues::number(qint32 number)
+{
+    m_values.append({typeInt4, bigEndian(number)});
+    return *this;
+}
+
+PgValues& PgValues::number(qint64 number)
+{
+    m_values.append({typeInt8, bigEndian(number)});
+    return *this;
+}
+
+PgValues& PgValues::null()
+{
+    m_values.append({0, QByteArray()});
+    return *this;
+}
+
+// Connecting
+
+PgConnection::PgConnection(const QString& url, int deadlineMs, const QByteArray& database)
+    : m_url(url.toUtf8()),
+      m_database(database),
+      m_place(placeOf(url)),
+      m_deadlineMs(deadlineMs),
+      m_limitMs(deadlineMs),
+      m_epoll(epoll_create1(EPOLL_CLOEXEC))
+{
+    startDeadline(m_deadlineMs);
+}
+
+PgConnection::~PgConnection()
+{
+    drop();
+    ::close(m_epoll);
+}
+
+int PgConnection::connectMs() const
+{
+    return std::max(m_deadlineMs, shortestConnectMs);
+}
+
+void PgConnection::drop()
+{
+    if (m_pg)
+        PQfinish(m_pg);
+    m_pg = nullptr;
+    m_isOpen = false;
+    m_prepared.clear();
+}
+
+bool PgConnection::connect(int waitMs, StoreError* error)
+{
+    if (m_isOpen)
+        return true;
+    if (!m_pg) {
+        // What stands before the address are defaults, what stands behind it has the last word.
+        const char* names[] = {"application_name",
+                               "keepalives_idle",
+                               "keepalives_interval",
+                               "keepalives_count",
+                               "tcp_user_timeout",
+                               "dbname",
+                               "client_encoding",
+                               m_database.isEmpty() ? nullptr : "dbname",
+                               nullptr};
+        const char* values[] = {
+            "vrk", "10", "5", "3", "15000", m_url.constData(), "UTF8", m_database.constData(), nullptr};
+        m_pg = PQconnectStartParams(names, values, 1);
+        m_attempt.start();
+        m_polling = m_pg && PQstatus(m_pg) != CONNECTION_BAD ? PGRES_POLLING_WRITING : PGRES_POLLING_FAILED;
+    }
+    QElapsedTimer waited;
+    waited.start();
+    while (m_polling != PGRES_POLLING_OK) {
+        const bool isLate = m_attempt.hasExpired(connectMs());
+        if (m_polling == PGRES_POLLING_FAILED || isLate) {
+            *error = lostError(QString::fromUtf8(PQerrorMessage(m_pg)).trimmed());
+            if (m_pg && !isLate && (PQconnectionNeedsPassword(m_pg) || PQconnectionUsedPassword(m_pg))) {
+                error->code = StoreError::Refused;
+                error->text = QString::fromUtf8("Сервер «%1» не принял имя или пароль.").arg(m_place);
+            }
+            drop();
+            return false;
+        }
+        const bool forWriting = m_polling == PGRES_POLLING_WRITING;
+        watch(forWriting);
+        if (!wait(forWriting ? POLLOUT : POLLIN, waitMs, waited)) {
+            if (m_attempt.hasExpired(connectMs()))
+                continue;
+            *error = lostError(QString::fromUtf8("Соединение устанавливается."));
+            return false;
+        }
+        m_polling = PQconnectPoll(m_pg);
+    }
+    return finishConnecting(error);
+}
+
+bool PgConnection::finishConnecting(StoreError* error)
+{
+    m_isOpen = true;
+    watch(false);
+    PQsetnonblocking(m_pg, 1);
+    PQsetNoticeProcessor(
+        m_pg, [](void*, const char*) {}, nullptr);
+    if (PQserverVersion(m_pg) < lowestVersion) {
+        *error = {
+            StoreError::TooOld,
+            QString::fromUtf8("Сервер «%1» слишком старый: нужен PostgreSQL 15 или новее.").arg(m_place),
+            QString::number(PQserverVersion(m_pg))};
+        drop();
+        return false;
+    }
+    startDeadline(m_deadlineMs);
+    // The server ends by itself what its client has forgotten.
+    const QByteArray limit = QByteArray::number(m_deadlineMs + 5000);
+    return exec("SET search_path = public; SET client_min_messages = warning; SET statement_timeout = " +
+                    limit + "; SET idle_in_transaction_session_timeout = " + limit + "; LISTEN vrk_changes",
+                error);
+}
+
+void PgConnection::watch(bool forWriting)
+{
+    epoll_event event = {};
+    event.events = forWriting ? EPOLLOUT : EPOLLIN;
+    const int socket = PQsocket(m_pg);
+    if (socket >= 0 && epoll_ctl(m_epoll, EPOLL_CTL_MOD, socket, &event) != 0)
+        epoll_ctl(m_epoll, EPOLL_CTL_ADD, socket, &event);
+}
+
+// Statements
+
+bool PgConnection::wait(short events, qint64 untilMs, const QElapsedTimer& clock)
+{
+    for (;;) {
+        const qint64 left = untilMs - clock.elapsed();
+        pollfd entry = {PQsocket(m_pg), events, 0};
+        const int ready = ::poll(&entry, 1, static_cast<int>(std::clamp<qint64>(left, 0, longestNapMs)));
+        if (ready > 0)
+            return true;
+        if (left <= 0)
+            return false;
+        if (m_progress)
+            m_progress();
+    }
+}
+
+PgResult PgConnection::collect(bool wasSent, StoreError* error)
+{
+    m_state.clear();
+    m_constraint.clear();
+    PgResult last;
+    PgResult failed;
+    bool isAlive = wasSent;
+    bool isInTime = true;
+    while (isAlive) {
+        const int unsent = PQflush(m_pg);
+        if (unsent == 0 && PQisBusy(m_pg) == 0) {
+            PGresult* result = PQgetResult(m_pg);
+            if (!result)
+                break;
+            const ExecStatusType status = PQresultStatus(result);
+            (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK ? last : failed) = PgResult(result);
+            continue;
+        }
+        isInTime = wait(static_cast<short>(unsent > 0 ? POLLIN | POLLOUT : POLLIN), m_limitMs, m_clock);
+        isAlive = unsent >= 0 && isInTime && PQconsumeInput(m_pg) == 1;
+    }
+    if (isAlive && PQstatus(m_pg) == CONNECTION_OK && last && !failed)
+        return last;
+    if (!isInTime) {
+        *error = {StoreError::Lost,
+                  QString::fromUtf8("Запрос к серверу «%1» не уложился в отведённое время.").arg(m_place),
+                  QString()};
+        cancel();
+        drop();
+        return nothing();
+    }
+    if (!isAlive || PQstatus(m_pg) != CONNECTION_OK || !failed) {
+        *error = lostError(QString::fromUtf8(PQerrorMessage(m_pg)).trimmed());
+        drop();
+        return nothing();
+    }
+    m_state = PQresultErrorField(failed.handle(), PG_DIAG_SQLSTATE);
+    m_constraint = PQresultErrorField(failed.handle(), PG_DIAG_CONSTRAINT_NAME);
+    *error =
+        errorOf(m_state, QString::fromUtf8(PQresultErrorField(failed.handle(), PG_DIAG_MESSAGE_PRIMARY)));
+    return nothing();
+}
+
+PgResult PgConnection::run(const QByteArray& sql, const PgValues& values, StoreError* error)
+{
+    if (!m_isOpen) {
+        *error = lostError(QString());
+        return nothing();
+    }
+    QVector<Oid> types;
+    QVector<const char*> data;
+    QVector<int> lengths;
+    QVector<int> formats;
+    for (const PgValues::Value& value : values.m_values) {
+        types.append(value.type);
+        data.append(value.bytes.isNull() ? nullptr : value.bytes.constData());
+        lengths.append(value.bytes.size());
+        formats.append(1);
+    }
+    return collect(PQsendQueryParams(m_pg, sql.constData(), types.size(), types.constData(), data.constData(),
+                                     lengths.constData(), formats.constData(), 1) == 1,
+                   error);
+}
+
+PgResult PgConnection::prepared(const QByteArray& sql, const PgValues& values, StoreError* error)
+{
+    if (!m_isOpen) {
+        *error = lostError(QString());
+        return nothing();
+    }
+    QVector<const char*> data;
+    QVector<int> lengths;
+    QVector<int> formats;
+    QVector<Oid> types;
+    // The types belong to the statement: a null takes that of its column.
+    QByteArray key = sql;
+    for (const PgValues::Value& value : values.m_values) {
+        types.append(value.type);
+        key += ' ' + QByteArray::number(value.type);
+        data.append(value.bytes.isNull() ? nullptr : value.bytes.constData());
+        lengths.append(value.bytes.size());
+        formats.append(1);
+    }
+    QByteArray name = m_prepared.value(key);
+    if (name.isEmpty()) {
+        if (m_prepared.size() >= cachedStatements)
+            return run(sql, values, error);
+        name = "s" + QByteArray::number(m_prepared.size());
+        if (!collect(
+                PQsendPrepare(m_pg, name.constData(), sql.constData(), types.size(), types.constData()) == 1,
+                error))
+            return nothing();
+        m_prepared.insert(key, name);
+    }
+    return collect(PQsendQueryPrepared(m_pg, name.constData(), data.size(), data.constData(),
+                                       lengths.constData(), formats.constData(), 1) == 1,
+                   error);
+}
+
+bool PgConnection::exec(const QByteArray& script, StoreError* error)
+{
+    if (!m_isOpen) {
+        *error = lostError(QString());
+        return false;
+    }
+    return bool(collect(PQsendQuery(m_pg, script.constData()) == 1, error));
+}
+
+PgResult PgConnection::describeCursor(const char* cursor, StoreError* error)
+{
+    return collect(PQsendDescribePortal(m_pg, cursor) == 1, error);
+}
+
+void PgConnection::cancel()
+{
+    // Asking to cancel takes a connection of its own, which a frozen server would not answer: nobody waits for it.
+    if (PGcancel* request = PQgetCancel(m_pg)) {
+        std::thread([request] {
+            char message[256];
+            PQcancel(request, message, sizeof message);
+            PQfreeCancel(request);
+        }).detach();
+    }
+}
+
+bool PgConnection::takeNotifications(bool* any)
+{
+    if (!m_isOpen)
+        return false;
+    if (PQconsumeInput(m_pg) == 0 || PQstatus(m_pg) != CONNECTION_OK) {
+        drop();
+        return false;
+    }
+    while (PGnotify* notification = PQnotifies(m_pg)) {
+        *any = true;
+        PQfreemem(notification);
+    }
+    return true;
+}
+
+QByteArray PgConnection::passwordHash(const QString& login, const QString& password) const
+{
+    char* hash = PQencryptPasswordConn(m_pg, password.toUtf8().constData(), login.toUtf8().constData(),
+                                       "scram-sha-256");
+    const QByteArray kept(hash);
+    PQfreemem(hash);
+    return password.isEmpty() ? QByteArray() : kept;
+}
+
+QByteArray PgConnection::databaseOf(const QString& url)
+{
+    PQconninfoOption* options = PQconninfoParse(url.toUtf8().constData(), nullptr);
+    QByteArray database;
+    QByteArray user;
+    for (const PQconninfoOption* option = options; option && option->keyword; ++option) {
+        if (qstrcmp(option->keyword, "dbname") == 0)
+            database = option->val;
+        else if (qstrcmp(option->keyword, "user") == 0)
+            user = option->val;
+    }
+    PQconninfoFree(options);
+    return database.isEmpty() ? user : database;
+}
+
+// Errors
+
+StoreError PgConnection::lostError(const QString& detail) const
+{
+    return {StoreError::Lost, QString::fromUtf8("Нет связи с сервером «%1».").arg(m_place), detail};
+}
+
+StoreError PgConnection::errorOf(const QByteArray& state, const QString& message) const
+{
+    const auto make = [&](StoreError::Code code, const char* text) {
+        return StoreError{code, QString::fromUtf8(text).replace(QLatin1String("%1"), m_place),
+                          QStringLiteral("PostgreSQL %1: %2").arg(QString::fromLatin1(state), message)};
+    };
+    if (state == "VR001")
+        return {StoreError::Refused, message, QString()}; // the rule's own text
+    if (state == "23503")
+        return make(StoreError::Refused,
+                    "Строка связана с другими строками, или строки, на которую она ссылается, нет.");
+    if (state == "23505")
+        return make(StoreError::BadRequest, "Строка с таким ключом уже есть.");
+    if (state == "42501")
+        return make(StoreError::Refused, "На сервере «%1» нет права на это действие.");
+    if (state == "25006")
+        return make(StoreError::BadRequest, "Запрос может только читать данные.");
+    if (state == "57014")
+        return make(StoreError::Lost, "Запрос к серверу «%1» не уложился в отведённое время.");
+    if (state == "40001" || state == "40P01" || state == "55P03")
+        return make(StoreError::Locked, "Другие рабочие места слишком долго меняют те же данные.");
+    if (state == "53100")
+        return make(StoreError::Full, "На диске сервера «%1» закончилось место.");
+    if (state.startsWith("53") || state.startsWith("54"))
+        return make(StoreError::TooLarge, "Серверу «%1» не хватает памяти для этих данных.");
+    if (state.startsWith("57") || state.startsWith("08"))
+        return make(StoreError::Lost, "Сервер «%1» останавливается или запускается.");
+    if (state.startsWith("58") || state.startsWith("XX001") || state.startsWith("XX002"))
+        return make(StoreError::Internal, "Сервер «%1» не может прочитать или записать свои файлы.");
+    if (state.startsWith("0A") || state.startsWith("22") || state.startsWith("23") ||
+        state.startsWith("25") || state.startsWith("42") || state.startsWith("44") ||
+        state.startsWith("34") || state.startsWith("2"))
+        return make(StoreError::BadRequest, "Хранилище не может выполнить запрос.");
+    return make(StoreError::Internal, "Внутренняя ошибка хранилища «%1».");
+}

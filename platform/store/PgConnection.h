@@ -1,0 +1,144 @@
+#pragma once
+
+#include "StoreError.h"
+
+#include <functional>
+#include <libpq-fe.h>
+#include <memory>
+#include <QByteArray>
+#include <QElapsedTimer>
+#include <QHash>
+#include <QString>
+#include <QVector>
+
+/// The answer of a statement, in the binary format of the server; freed with the object. False when it failed.
+class PgResult
+{
+public:
+    PgResult() = default;
+    explicit PgResult(PGresult* result) : m_result(result, PQclear) {}
+
+    explicit operator bool() const { return m_result != nullptr; }
+    PGresult* handle() const { return m_result.get(); }
+    int rows() const { return PQntuples(handle()); }
+    int columns() const { return PQnfields(handle()); }
+    /// Rows that an insert, update or delete has touched.
+    qint64 touched() const { return QByteArray(PQcmdTuples(handle())).toLongLong(); }
+
+    bool isNull(int row, int column) const { return PQgetisnull(handle(), row, column) != 0; }
+    /// A copy: a null array for NULL, an empty one for an empty value.
+    QByteArray bytes(int row, int column) const;
+    /// Of an integer of any width.
+    qint64 integer(int row, int column) const;
+    double real(int row, int column) const;
+
+private:
+    std::shared_ptr<PGresult> m_result;
+};
+
+/// Values bound to a statement. They travel as they are, never as text of the statement.
+class PgValues
+{
+public:
+    PgValues& text(const QByteArray& utf8);
+    PgValues& blob(const QByteArray& bytes);
+    PgValues& real(double number);
+    PgValues& number(qint32 number);
+    PgValues& number(qint64 number);
+    PgValues& null();
+    void clear() { m_values.clear(); }
+
+private:
+    friend class PgConnection;
+    struct Value {
+        Oid type;
+        QByteArray bytes; ///< null for NULL
+    };
+    QVector<Value> m_values;
+};
+
+/// One connection to a PostgreSQL server. It never blocks: every wait ends with the deadline, after which the
+/// statement is cancelled on the server and the connection dropped. One thread.
+class PgConnection
+{
+public:
+    /// Takes the address as libpq does, with all its options; \a database, when not empty, instead of the one of the
+    /// address. Nothing is connected yet.
+    PgConnection(const QString& url, int deadlineMs, const QByteArray& database = QByteArray());
+    ~PgConnection();
+    PgConnection(const PgConnection&) = delete;
+    PgConnection& operator=(const PgConnection&) = delete;
+
+    /// Begins to connect, or goes on with it, for at most \a waitMs: false with Lost while it is under way or when it
+    /// has failed; an attempt that takes longer than the deadline has.
+    bool connect(int waitMs, StoreError* error);
+    bool isOpen() const { return m_isOpen; }
+    void drop();
+    /// How long connecting may take.
+    int connectMs() const;
+
+    /// The deadline of what follows begins now; it is never longer than that of the connection.
+    void startDeadline(int limitMs)
+    {
+        m_limitMs = qMin(limitMs, m_deadlineMs);
+        m_clock.start();
+    }
+    /// Called now and then while a statement runs.
+    void setProgress(std::function<void()> progress) { m_progress = std::move(progress); }
+
+    /// Runs one statement. A false result, and \a error says why.
+    PgResult run(const QByteArray& sql, const PgValues& values, StoreError* error);
+    PgResult run(const QByteArray& sql, StoreError* error) { return run(sql, PgValues(), error); }
+    /// The same with a statement that the server prepares once a connection.
+    PgResult prepared(const QByteArray& sql, const PgValues& values, StoreError* error);
+    /// Runs any number of statements without values.
+    bool exec(const QByteArray& script, StoreError* error);
+    /// What a cursor's answer will look like, without rows.
+    PgResult describeCursor(const char* cursor, StoreError* error);
+
+    /// The server's code for the last failure, such as "40001"; empty when the connection was lost.
+    QByteArray failureState() const { return m_state; }
+    /// The constraint that the last failure is about.
+    QByteArray failureConstraint() const { return m_constraint; }
+
+    /// Readable when there may be a notification or the connection may have broken; the same for the object's life.
+    int descriptor() const { return m_epoll; }
+    /// Takes in what the server has sent unasked. False when the connection is gone.
+    bool takeNotifications(bool* any);
+
+    /// What the server keeps instead of a password (SCRAM); empty when there can be none.
+    QByteArray passwordHash(const QString& login, const QString& password) const;
+    /// The database of an address.
+    static QByteArray databaseOf(const QString& url);
+
+    /// The name under which users know the server: the address without the name and the password.
+    QString place() const { return m_place; }
+    /// The error for a code of the server.
+    StoreError errorOf(const QByteArray& state, const QString& message) const;
+    StoreError lostError(const QString& detail) const;
+
+private:
+    bool wait(short events, qint64 untilMs, const QElapsedTimer& clock);
+    void watch(bool forWriting);
+    bool finishConnecting(StoreError* error);
+    /// The result of what was sent, or null with \a error.
+    PgResult collect(bool wasSent, StoreError* error);
+    void cancel();
+    static PgResult nothing() { return PgResult(); }
+
+    QByteArray m_url;
+    QByteArray m_database;
+    QString m_place;
+    int m_deadlineMs;
+    int m_limitMs; ///< of the present request
+    int m_epoll;
+    PGconn* m_pg = nullptr;
+    bool m_isOpen = false;
+    PostgresPollingStatusType m_polling = PGRES_POLLING_FAILED;
+    QElapsedTimer m_attempt; ///< of connecting
+    QElapsedTimer m_clock;   ///< of the request
+    std::function<void()> m_progress;
+    QHash<QByteArray, QByteArray> m_prepared; ///< names by statement
+    QByteArray m_state;
+    QByteArray m_constraint;
+};

@@ -1,0 +1,237 @@
+#include "PostgresAdmin.h"
+
+#include "CodePage.h"
+#include "GenGuid32.h"
+#include "PostgresCheck.h"
+#include "PostgresSchema.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTimeZone>
+
+namespace
+{
+constexpr int deadlineMs = 60000;
+
+bool refuse(StoreError* error, StoreError::Code code, const QString& text)
+{
+    *error = {code, text, QString()};
+    return false;
+}
+
+/// An open connection; null with the reason.
+std::unique_ptr<PgConnection> connected(const QString& url, StoreError* error,
+                                        const QByteArray& database = {})
+{
+    auto link = std::make_unique<PgConnection>(url, deadlineMs, database);
+    if (!link->connect(link->connectMs(), error))
+        return nullptr;
+    return link;
+}
+
+std::unique_ptr<PgConnection> connectedToStore(const QString& url, StoreError* error)
+{
+    auto link = connected(url, error);
+    if (!link || !PostgresSchema::isOurs(*link, error))
+        return nullptr;
+    return link;
+}
+
+/// Makes the database of the address, when the server has none of this name.
+bool makeDatabase(const QString& url, StoreError* error)
+{
+    const QByteArray name = PgConnection::databaseOf(url);
+    StoreError unreachable;
+    const auto server = connected(url, &unreachable, "postgres");
+    if (!server)
+        return false; // the caller tells why the database itself could not be reached
+    const PgResult known =
+        server->run("SELECT 1 FROM pg_database WHERE datname = $1", PgValues().text(name), error);
+    if (!known || known.rows() > 0)
+        return false;
+    return server->exec("CREATE DATABASE " + PostgresSchema::identifier(QString::fromUtf8(name)) +
+                            " TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C.UTF-8'",
+                        error);
+}
+
+bool setProperty(PgConnection& link, const QByteArray& name, const QByteArray& value, StoreError* error)
+{
+    return bool(link.run("INSERT INTO StoreProperties (name, value) VALUES ($1, $2)",
+                         PgValues().text(name).text(value), error));
+}
+
+/// Whether nothing stands in the database yet and it can hold every text.
+bool isFit(PgConnection& link, StoreError* error)
+{
+    const PgResult state =
+        link.run("SELECT (SELECT count(*) FROM pg_class WHERE relnamespace = 'public'::regnamespace), "
+                 "current_setting('server_encoding'), current_database()::text",
+                 error);
+    if (!state)
+        return false;
+    const QString name = QString::fromUtf8(state.bytes(0, 2));
+    if (state.integer(0, 0) > 0)
+        return refuse(error, StoreError::BadRequest,
+                      QString::fromUtf8("База данных «%1» уже не пуста.").arg(name));
+    if (state.bytes(0, 1) != "UTF8")
+        return refuse(error, StoreError::BadRequest,
+                      QString::fromUtf8("База данных «%1» должна быть в кодировке UTF8.").arg(name));
+    return true;
+}
+} // namespace
+
+bool PostgresAdmin::init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone,
+                         StoreError* error)
+{
+    if (!CodePage::create(codecName))
+        return refuse(
+            error, StoreError::BadRequest,
+            QString::fromUtf8("Кодировка «%1» не поддерживается.").arg(QString::fromLatin1(codecName)));
+    if (!QTimeZone(timeZone).isValid())
+        return refuse(error, StoreError::BadRequest,
+                      QString::fromUtf8("Часовой пояс «%1» неизвестен.").arg(QString::fromLatin1(timeZone)));
+    auto link = connected(url, error);
+    if (!link && makeDatabase(url, error)) {
+        error->clear();
+        link = connected(url, error);
+    }
+    if (!link || !isFit(*link, error) || !link->exec("BEGIN", error))
+        return false;
+    const QByteArray database = PostgresSchema::identifier(QString::fromUtf8(PgConnection::databaseOf(url)));
+    return PostgresSchema::install(*link, error) && setProperty(*link, "codec", codecName, error) &&
+           setProperty(*link, "timeZone", timeZone, error) &&
+           setProperty(*link, "epoch", GenGuid32(), error) &&
+           link->exec("REVOKE ALL ON DATABASE " + database + " FROM PUBLIC; GRANT CONNECT ON DATABASE " +
+                          database + " TO vrk_client",
+                      error) &&
+           link->exec("COMMIT", error);
+}
+
+bool PostgresAdmin::check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error)
+{
+    const auto link = connectedToStore(url, error);
+    // One transaction, so that all looks see the same moment of a store in use.
+    return link &&
+           link->exec("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY; SET LOCAL statement_timeout = 0",
+                      error) &&
+           PostgresCheck::schema(*link, findings, error) && PostgresCheck::content(*link, findings, error) &&
+           PostgresCheck::log(*link, findings, error);
+}
+
+bool PostgresAdmin::backup(const QString& url, const QString& copy, StoreError* error)
+{
+    if (QFileInfo::exists(copy) || QFileInfo(copy).isSymLink())
+        return refuse(error, StoreError::BadRequest,
+                      QString::fromUtf8("Файл «%1» уже существует.").arg(copy));
+    if (!connectedToStore(url, error))
+        return false;
+    const QString dump = QStandardPaths::findExecutable(QStringLiteral("pg_dump"));
+    const QString restore = QStandardPaths::findExecutable(QStringLiteral("pg_restore"));
+    if (dump.isEmpty() || restore.isEmpty())
+        return refuse(
+            error, StoreError::BadRequest,
+            QString::fromUtf8("Копию базы на сервере делает pg_dump, а его здесь нет: установите пакет "
+                              "postgresql-client или сделайте копию на сервере."));
+    const QString draft = copy + QStringLiteral(".part");
+    const auto run = [&](const QString& program, const QStringList& arguments) {
+        QProcess process;
+        process.start(program, arguments);
+        if (process.waitForFinished(-1) && process.exitStatus() == QProcess::NormalExit &&
+            process.exitCode() == 0)
+            return true;
+        *error = {StoreError::Internal, QString::fromUtf8("Копию сделать не удалось."),
+                  QString::fromUtf8(process.readAllStandardError()).trimmed()};
+        QFile::remove(draft);
+        return false;
+    };
+    if (!run(dump, {QStringLiteral("--format=custom"), QStringLiteral("--file=") + draft,
+                    QStringLiteral("--dbname=") + url}) ||
+        !run(restore, {QStringLiteral("--list"), draft}))
+        return false;
+    return QFile::rename(draft, copy) ||
+           refuse(error, StoreError::ReadOnly, QString::fromUtf8("Файл «%1» нельзя создать.").arg(copy));
+}
+
+bool PostgresAdmin::addRole(const QString& url, const QString& login, StoreError* error)
+{
+    const auto link = connectedToStore(url, error);
+    if (!link)
+        return false;
+    const PgResult known =
+        link->run("SELECT rolsuper FROM pg_roles WHERE rolname = $1", PgValues().text(login.toUtf8()), error);
+    if (!known)
+        return false;
+    if (known.rows() > 0 && known.integer(0, 0) != 0)
+        return true; // the administrator of the server needs no more
+    const QByteArray name = PostgresSchema::identifier(login);
+    return link->exec((known.rows() > 0 ? "ALTER ROLE " : "CREATE ROLE ") + name +
+                          " LOGIN; GRANT vrk_client TO " + name,
+                      error);
+}
+
+bool PostgresAdmin::lockRole(const QString& url, const QString& login, StoreError* error)
+{
+    const auto link = connectedToStore(url, error);
+    if (!link)
+        return false;
+    const PgResult known = link->run("SELECT 1 FROM pg_roles WHERE rolname = $1 AND NOT rolsuper",
+                                     PgValues().text(login.toUtf8()), error);
+    if (!known || known.rows() == 0)
+        return bool(known);
+    return link->exec("ALTER ROLE " + PostgresSchema::identifier(login) + " NOLOGIN", error) &&
+           link->run("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE usename = $1",
+                     PgValues().text(login.toUtf8()), error);
+}
+
+bool PostgresAdmin::setPassword(const QString& url, const QString& login, const QString& password,
+                                StoreError* error)
+{
+    const auto link = connectedToStore(url, error);
+    if (!link)
+        return false;
+    const QByteArray hash = link->passwordHash(login, password);
+    if (hash.isEmpty())
+        return refuse(error, StoreError::BadRequest, QString::fromUtf8("Такой пароль не подходит."));
+    return link->exec("ALTER ROLE " + PostgresSchema::identifier(login) + " PASSWORD " +
+                          PostgresSchema::literal(hash),
+                      error);
+}
+
+bool PostgresAdmin::putFile(const QString& url, const QString& folder, const QString& name,
+                            const QByteArray& content, StoreError* error)
+{
+    const auto link = connectedToStore(url, error);
+    return link && link->run("INSERT INTO StoreFiles (folder, name, content) VALUES ($1, $2, $3)"
+                             " ON CONFLICT (folder, name) DO UPDATE SET content = excluded.content",
+                             PgValues().text(folder.toUtf8()).text(name.toUtf8()).blob(content), error);
+}
+
+QStringList PostgresAdmin::files(const QString& url, StoreError* error)
+{
+    QStringList names;
+    const auto link = connectedToStore(url, error);
+    if (!link)
+        return names;
+    const PgResult rows =
+        link->run("SELECT folder || '/' || name FROM StoreFiles ORDER BY folder, name", error);
+    for (int i = 0; rows && i < rows.rows(); ++i)
+        names.append(QString::fromUtf8(rows.bytes(i, 0)));
+    return names;
+}
+
+bool PostgresAdmin::removeFile(const QString& url, const QString& folder, const QString& name,
+                               StoreError* error)
+{
+    const auto link = connectedToStore(url, error);
+    if (!link)
+        return false;
+    const PgResult done = link->run("DELETE FROM StoreFiles WHERE folder = $1 AND name = $2",
+                                    PgValues().text(folder.toUtf8()).text(name.toUtf8()), error);
+    if (!done)
+        return false;
+    return done.touched() > 0 ||
+           refuse(error, StoreError::NoSuchRow,
+                  QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name));
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "StoreAdmin.h"
+
+/// StoreAdmin for stores on a PostgreSQL server. The addresses are those of an administrator of the server.
+namespace PostgresAdmin
+{
+/// Makes the database where it is missing, and the store in it. An existing database must be empty.
+bool init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error);
+bool check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error);
+/// Leaves it to pg_dump, which must be there, and looks whether its copy can be read.
+bool backup(const QString& url, const QString& file, StoreError* error);
+
+/// \name Persons as roles of the server
+/// @{
+/// Makes the role of a login, or lets one that is there in again.
+bool addRole(const QString& url, const QString& login, StoreError* error);
+/// Locks a role out and ends its sessions; what it has written keeps its name.
+bool lockRole(const QString& url, const QString& login, StoreError* error);
+/// The password is hashed here; neither the server nor its log gets to see it.
+bool setPassword(const QString& url, const QString& login, const QString& password, StoreError* error);
+/// @}
+
+bool putFile(const QString& url, const QString& folder, const QString& name, const QByteArray& content,
+             StoreError* error);
+QStringList files(const QString& url, StoreError* error);
+bool removeFile(const QString& url, const QString& folder, const QString& name, StoreError* error);
+} // namespace PostgresAdmin

@@ -1,0 +1,91 @@
+#include "PostgresCheck.h"
+
+#include "ContentCheck.h"
+#include "PostgresSchema.h"
+#include "TableCatalog.h"
+
+namespace
+{
+using StoreAdmin::Finding;
+
+bool addRows(PgConnection& link, const ContentCheck::Look& look, QVector<Finding>* findings,
+             StoreError* error)
+{
+    const PgResult rows = link.run(look.sql, error);
+    for (int i = 0; rows && i < rows.rows(); ++i)
+        ContentCheck::add(findings, look.grade, look.text, rows.bytes(i, 0),
+                          rows.columns() > 1 ? rows.bytes(i, 1) : QByteArray());
+    return bool(rows);
+}
+
+bool addAll(PgConnection& link, const QVector<ContentCheck::Look>& looks, QVector<Finding>* findings,
+            StoreError* error)
+{
+    for (const ContentCheck::Look& look : looks)
+        if (!addRows(link, look, findings, error))
+            return false;
+    return true;
+}
+} // namespace
+
+bool PostgresCheck::schema(PgConnection& link, QVector<Finding>* findings, StoreError* error)
+{
+    QByteArray tables;
+    for (const CatalogTable& table : TableCatalog::tables())
+        tables += (tables.isEmpty() ? "('" : ", ('") + table.name + "')";
+    return addAll(
+        link,
+        {{"SELECT T.name FROM (VALUES " + tables +
+              ") AS T (name) WHERE to_regclass(T.name) IS NULL OR NOT EXISTS (SELECT 1 FROM pg_trigger "
+              "WHERE tgrelid = to_regclass(T.name) AND tgname = 'z_log' AND tgenabled IN ('O', 'A'))",
+          Finding::Fault, "Таблица «%1» не ведёт журнал изменений."},
+         {"SELECT R.relname::text, T.tgname::text FROM pg_trigger AS T JOIN pg_class AS R ON R.oid = "
+          "T.tgrelid "
+          "WHERE R.relnamespace = 'public'::regnamespace AND T.tgenabled NOT IN ('O', 'A') AND T.tgname <> "
+          "'z_log'",
+          Finding::Fault, "Правило «%2» таблицы «%1» выключено."},
+         {"SELECT relname::text, pg_get_userbyid(relowner)::text FROM pg_class "
+          "WHERE relnamespace = 'public'::regnamespace AND relkind IN ('r', 'v') "
+          "AND pg_get_userbyid(relowner) <> 'vrk_owner'",
+          Finding::Fault, "«%1» принадлежит не владельцу хранилища, а роли «%2»."},
+         {"SELECT rolname::text FROM pg_roles WHERE rolname = 'vrk_owner' AND rolcanlogin", Finding::Fault,
+          "Роль «%1» не должна входить на сервер."}},
+        findings, error);
+}
+
+bool PostgresCheck::content(PgConnection& link, QVector<Finding>* findings, StoreError* error)
+{
+    return addAll(link, ContentCheck::looks(), findings, error);
+}
+
+bool PostgresCheck::log(PgConnection& link, QVector<Finding>* findings, StoreError* error)
+{
+    QVector<ContentCheck::Look> looks = {
+        {"SELECT (before + 1)::text, (number - 1)::text FROM (SELECT number, lag(number, 1, 0::bigint) "
+         "OVER (ORDER BY number) AS before FROM ChangeTransactions) AS T WHERE number <> before + 1",
+         Finding::Fault, "В журнале изменений нет транзакций с %1 по %2."},
+        {"SELECT number::text FROM (SELECT number, chain, vrk_chain(lag(chain, 1, ''::bytea) OVER (ORDER BY "
+         "number), "
+         "T) AS expected FROM ChangeTransactions AS T) AS C WHERE chain <> expected",
+         Finding::Fault, "Транзакция %1 журнала изменений изменена после записи."},
+        {"SELECT DISTINCT number::text FROM ChangeLog WHERE number NOT IN (SELECT number FROM "
+         "ChangeTransactions)",
+         Finding::Fault, "Строки журнала изменений не принадлежат ни одной транзакции (%1)."},
+        {"SELECT number::text FROM ChangeHead WHERE number <> (SELECT coalesce(max(number), 0) FROM "
+         "ChangeTransactions)",
+         Finding::Fault, "Конец журнала изменений не на месте (%1)."}};
+    for (const CatalogTable& table : TableCatalog::tables()) {
+        const QByteArray logged =
+            "(SELECT DISTINCT ON (rowKey) rowKey, newRow FROM ChangeLog WHERE tableName = '" + table.name +
+            "' ORDER BY rowKey, entry DESC) AS L";
+        looks.append({"SELECT '" + table.name + "', T.KeyLink FROM " + table.name + " AS T LEFT JOIN " +
+                          logged + " ON L.rowKey = T.KeyLink WHERE L.newRow IS DISTINCT FROM " +
+                          PostgresSchema::rowOf(table, "T"),
+                      Finding::Fault, "Строка «%2» таблицы «%1» изменена в обход журнала изменений."});
+        looks.append({"SELECT '" + table.name + "', L.rowKey FROM " + logged +
+                          " WHERE L.newRow IS NOT NULL AND NOT EXISTS (SELECT 1 FROM " + table.name +
+                          " AS T WHERE T.KeyLink = L.rowKey)",
+                      Finding::Fault, "Строка «%2» таблицы «%1» исчезла в обход журнала изменений."});
+    }
+    return addAll(link, looks, findings, error);
+}

@@ -1,0 +1,211 @@
+#include "PostgresSchema.h"
+
+#include "SqliteSchema.h"
+#include "TableCatalog.h"
+
+#include <QFile>
+
+// At global scope, as the macro wants it.
+static void registerPostgresSchema()
+{
+    Q_INIT_RESOURCE(store_schema);
+}
+
+namespace
+{
+QByteArray script(const QString& name)
+{
+    registerPostgresSchema();
+    QFile file(QStringLiteral(":/vrk/store/postgresql-") + name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Roles belong to the whole server: another store on it may have made them.
+const char rolesScript[] = "DO $$ BEGIN\n"
+                           "IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = 'vrk_owner') THEN\n"
+                           "    CREATE ROLE vrk_owner NOLOGIN; END IF;\n"
+                           "IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = 'vrk_client') THEN\n"
+                           "    CREATE ROLE vrk_client NOLOGIN; END IF;\n"
+                           "IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = 'vrk_loader') THEN\n"
+                           "    CREATE ROLE vrk_loader NOLOGIN; END IF;\n"
+                           "END $$;\n"
+                           "GRANT vrk_client TO vrk_loader;\n"
+                           "GRANT USAGE, CREATE ON SCHEMA public TO vrk_owner;\n"
+                           "SET ROLE vrk_owner;\n";
+
+QByteArray columnType(MDRType type)
+{
+    switch (type) {
+    case mdr_TChar:
+    case mdr_TMemo:
+        return "text COLLATE \"C\"";
+    case mdr_TDouble:
+        return "double precision";
+    case mdr_TInt32:
+        return "integer";
+    case mdr_TBlob:
+        return "bytea";
+    default:
+        return "smallint";
+    }
+}
+
+QByteArray tableSql(const CatalogTable& table)
+{
+    QByteArray columns;
+    for (const CatalogField& field : table.fields)
+        columns += (columns.isEmpty() ? "    " : ",\n    ") + field.name + ' ' + columnType(field.type) +
+                   (field.name == "KeyLink" ? " PRIMARY KEY" : "");
+    return "CREATE TABLE " + table.name + " (\n" + columns + "\n);\n";
+}
+
+/// Tables that are trees of categories, in which a row must not come to lie beneath itself.
+bool isCategoryTree(const CatalogTable& table)
+{
+    return table.name == "LogbookCatsTemplate" || table.name == "TemplateParamCategories";
+}
+
+const char functionHead[] =
+    "() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER\n"
+    "    SET search_path = pg_catalog, public, pg_temp SET extra_float_digits = 1 AS $$\n";
+
+QByteArray logSql(const CatalogTable& table)
+{
+    QByteArray checks = "    IF TG_OP = 'UPDATE' AND NEW.KeyLink <> OLD.KeyLink THEN\n"
+                        "        PERFORM vrk_refuse('Ключ строки не изменяется.');\n    END IF;\n";
+    if (isCategoryTree(table)) {
+        // One at a time, since two moves may close a circle that neither of them sees.
+        checks += "    IF TG_OP <> 'DELETE' AND NEW.ParentKey IS NOT NULL THEN\n"
+                  "        PERFORM pg_advisory_xact_lock('" +
+                  table.name +
+                  "'::regclass::oid::bigint);\n"
+                  "        PERFORM vrk_refuse('Категория не может лежать внутри самой себя.')\n"
+                  "        WHERE NEW.KeyLink IN (\n"
+                  "            WITH RECURSIVE up (k) AS (\n"
+                  "                SELECT NEW.ParentKey UNION\n"
+                  "                SELECT T.ParentKey FROM up JOIN " +
+                  table.name +
+                  " AS T ON T.KeyLink = up.k)\n"
+                  "            SELECT k FROM up);\n    END IF;\n";
+    }
+    const QByteArray name = "Log_" + table.name;
+    return "CREATE FUNCTION " + name + functionHead + "BEGIN\n" + checks + "    PERFORM vrk_log('" +
+           table.name +
+           "', CASE TG_OP WHEN 'DELETE' THEN OLD.KeyLink ELSE NEW.KeyLink END,\n"
+           "        CASE TG_OP WHEN 'INSERT' THEN 601 WHEN 'UPDATE' THEN 602 ELSE 603 END,\n"
+           "        CASE WHEN TG_OP <> 'INSERT' THEN " +
+           PostgresSchema::rowOf(table, "OLD") + " END,\n        CASE WHEN TG_OP <> 'DELETE' THEN " +
+           PostgresSchema::rowOf(table, "NEW") +
+           " END);\n    RETURN NULL;\nEND $$;\n"
+           "CREATE TRIGGER Z_Log AFTER INSERT OR UPDATE OR DELETE ON " +
+           table.name + " FOR EACH ROW EXECUTE FUNCTION " + name +
+           "();\n"
+           "CREATE TRIGGER KeepRows BEFORE TRUNCATE ON " +
+           table.name + " FOR EACH STATEMENT EXECUTE FUNCTION vrk_keep_rows();\n";
+}
+
+/// Refuses everybody but the loader and those who pass \a exception.
+QByteArray closedTableSql(const CatalogTable& table, const QByteArray& text, const QByteArray& exception)
+{
+    const QByteArray name = "Rule_" + table.name;
+    return "CREATE FUNCTION " + name + functionHead + "BEGIN\n    IF NOT (vrk_is_loader()" + exception +
+           ") THEN\n        PERFORM vrk_refuse('" + text +
+           "');\n    END IF;\n    IF TG_OP = 'DELETE' THEN\n        RETURN OLD;\n    END IF;\n    RETURN "
+           "NEW;\nEND $$;\n"
+           "CREATE TRIGGER " +
+           name + " BEFORE INSERT OR UPDATE OR DELETE ON " + table.name + " FOR EACH ROW EXECUTE FUNCTION " +
+           name + "();\n";
+}
+
+QByteArray grantsSql()
+{
+    QByteArray tables;
+    for (const CatalogTable& table : TableCatalog::tables())
+        tables += (tables.isEmpty() ? "" : ", ") + table.name;
+    return "GRANT SELECT, INSERT, UPDATE, DELETE ON " + tables +
+           " TO vrk_client;\n"
+           "GRANT SELECT ON StoreProperties, StoreFiles, ChangeHead, ChangeTransactions, ChangeLog TO "
+           "vrk_client;\n";
+}
+} // namespace
+
+QByteArray PostgresSchema::identifier(const QString& name)
+{
+    return '"' + name.toUtf8().replace('"', "\"\"") + '"';
+}
+
+QByteArray PostgresSchema::literal(const QByteArray& text)
+{
+    return "'" + QByteArray(text).replace("'", "''") + "'";
+}
+
+QByteArray PostgresSchema::rowOf(const CatalogTable& table, const QByteArray& alias)
+{
+    QByteArray values;
+    for (const CatalogField& field : table.fields) {
+        const QByteArray name = alias + '.' + field.name;
+        values += values.isEmpty() ? "" : ", ";
+        if (field.type == mdr_TBlob)
+            values += "coalesce('{\"sha256\":\"' || encode(sha256(" + name +
+                      "), 'hex') || '\",\"length\":' || length(" + name + ") || '}', 'null')";
+        else
+            values += "coalesce(to_json(" + name + ")::text, 'null')";
+    }
+    return "'[' || concat_ws(',', " + values + ") || ']'";
+}
+
+bool PostgresSchema::install(PgConnection& link, StoreError* error)
+{
+    QByteArray all = rolesScript;
+    for (const CatalogTable& table : TableCatalog::tables())
+        all += tableSql(table);
+    for (int step = 1; step <= SqliteSchema::version; ++step)
+        all += script(QStringLiteral("%1.sql").arg(step, 4, 10, QLatin1Char('0')));
+    all += script(QStringLiteral("log.sql")) + script(QStringLiteral("rules.sql"));
+    for (const CatalogTable& table : TableCatalog::tables()) {
+        all += logSql(table);
+        if (table.name.startsWith("TemplateParam"))
+            all +=
+                closedTableSql(table, "Нет права изменять параметры шаблонов.",
+                               " OR EXISTS (SELECT 1 FROM CurrentRights WHERE rightName = 'ADMINISTRATOR')");
+        else if (!table.name.startsWith("Logbook"))
+            all += closedTableSql(table, "Справочники изменяются только средствами администратора.",
+                                  QByteArray());
+    }
+    all += grantsSql() + "INSERT INTO StoreProperties (name, value) VALUES ('schema', '" +
+           QByteArray::number(SqliteSchema::version) + "');\nRESET ROLE;\n";
+    return link.exec(all, error);
+}
+
+bool PostgresSchema::isOurs(PgConnection& link, StoreError* error)
+{
+    const PgResult version = link.run("SELECT value FROM StoreProperties WHERE name = 'schema'", error);
+    if (!version) {
+        if (link.failureState() == "42P01") {
+            error->code = StoreError::NotAStore;
+            error->text =
+                QString::fromUtf8("База данных «%1» не является хранилищем журнала.").arg(link.place());
+        }
+        return false;
+    }
+    *error = SqliteSchema::versionError(version.rows() > 0 ? version.bytes(0, 0).toInt() : 0, link.place());
+    return !*error;
+}
+
+bool PostgresSchema::columns(PgConnection& link,
+                             QHash<QPair<Oid, int>, QPair<QByteArray, QByteArray>>* columns,
+                             StoreError* error)
+{
+    const PgResult rows = link.run("SELECT C.oid::bigint, A.attnum, C.relname::text, A.attname::text"
+                                   " FROM pg_class AS C JOIN pg_attribute AS A ON A.attrelid = C.oid"
+                                   " WHERE C.relnamespace = 'public'::regnamespace AND C.relkind = 'r'"
+                                   " AND A.attnum > 0 AND NOT A.attisdropped",
+                                   error);
+    if (!rows)
+        return false;
+    columns->clear();
+    for (int i = 0; i < rows.rows(); ++i)
+        columns->insert({static_cast<Oid>(rows.integer(i, 0)), static_cast<int>(rows.integer(i, 1))},
+                        {rows.bytes(i, 2), rows.bytes(i, 3)});
+    return true;
+}

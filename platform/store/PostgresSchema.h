@@ -1,0 +1,32 @@
+#pragma once
+
+#include "PgConnection.h"
+
+#include <QPair>
+
+struct CatalogTable;
+
+/// The schema of a PostgreSQL store: tables and log triggers made from the catalog, the steps in
+/// schema/postgresql-NNNN.sql, the change log in schema/postgresql-log.sql, the rules in schema/postgresql-rules.sql.
+///
+/// Everything belongs to the role vrk_owner, which cannot log in. Persons are members of vrk_client, which may read
+/// all and write the tables of the catalog; members of vrk_loader may put the rules out of force.
+namespace PostgresSchema
+{
+/// Makes roles, tables, rules and grants in an empty database. Runs inside the caller's transaction.
+bool install(PgConnection& link, StoreError* error);
+
+/// Whether the database is a store of this version.
+bool isOurs(PgConnection& link, StoreError* error);
+
+/// Declared table and field of every column, by the server's numbers of table and column.
+bool columns(PgConnection& link, QHash<QPair<Oid, int>, QPair<QByteArray, QByteArray>>* columns,
+             StoreError* error);
+
+/// A name as it stands in a statement.
+QByteArray identifier(const QString& name);
+QByteArray literal(const QByteArray& text);
+
+/// The values of a row as the change log keeps them, as an expression.
+QByteArray rowOf(const CatalogTable& table, const QByteArray& alias);
+} // namespace PostgresSchema

@@ -1,0 +1,185 @@
+#include "PostgresStore.h"
+
+#include "PostgresSchema.h"
+
+namespace
+{
+StoreLogin loginOf(const PgResult& rows, int row)
+{
+    return {rows.bytes(row, 0), QString::fromUtf8(rows.bytes(row, 1)), QString::fromUtf8(rows.bytes(row, 2))};
+}
+} // namespace
+
+std::unique_ptr<Store> PostgresStore::open(const QString& url, const Options& options, StoreError* error)
+{
+    std::unique_ptr<PostgresStore> store(new PostgresStore(url, options));
+    if (!store->ready(error))
+        return nullptr;
+    return store;
+}
+
+PostgresStore::PostgresStore(const QString& url, const Options& options)
+    : m_options(options), m_link(url, options.deadlineMs)
+{
+    m_sinceRead.start();
+    m_link.setProgress([this] {
+        if (m_progress)
+            m_progress();
+    });
+}
+
+PostgresStore::~PostgresStore()
+{
+    *m_self = nullptr;
+}
+
+bool PostgresStore::ready(StoreError* error, int waitMs, int deadlineMs)
+{
+    if (!m_link.isOpen()) {
+        m_inRead = false;
+        m_hasNews = true;
+        if (!m_link.connect(waitMs, error))
+            return false;
+        if (!greet(error)) {
+            m_link.drop();
+            return false;
+        }
+    }
+    m_link.startDeadline(deadlineMs);
+    return true;
+}
+
+bool PostgresStore::greet(StoreError* error)
+{
+    if (!PostgresSchema::isOurs(m_link, error))
+        return false;
+    const PgResult me =
+        m_link.run("SELECT session_user::text, (SELECT rolsuper FROM pg_roles WHERE rolname = "
+                   "session_user)::integer, "
+                   "(SELECT value FROM StoreProperties WHERE name = 'codec'), "
+                   "(SELECT value FROM StoreProperties WHERE name = 'timeZone')",
+                   error);
+    if (!me)
+        return false;
+    m_loginOfUrl = QString::fromUtf8(me.bytes(0, 0));
+    m_isSuperuser = me.integer(0, 1) != 0;
+    std::unique_ptr<CodePage> codePage = CodePage::create(me.bytes(0, 2));
+    if (!codePage || (m_codePage && m_codePage->codec() != codePage->codec())) {
+        *error = {StoreError::NotAStore,
+                  QString::fromUtf8("Кодировка хранилища «%1» не поддерживается.").arg(m_link.place()),
+                  QString()};
+        return false;
+    }
+    if (!m_codePage) {
+        m_codePage = std::move(codePage);
+        m_packer = std::make_unique<ChangePacker>(m_codePage.get());
+        m_timeZone = me.bytes(0, 3);
+    }
+    if (!PostgresSchema::columns(m_link, &m_columns, error))
+        return false;
+    // The login that was signed in before the connection was lost must be there again.
+    return m_user.login.isEmpty() || becomePerson(m_user.login, error);
+}
+
+bool PostgresStore::becomePerson(const QString& login, StoreError* error)
+{
+    if (login == m_loginOfUrl)
+        return true;
+    if (!m_isSuperuser) {
+        *error = {StoreError::Refused,
+                  QString::fromUtf8("С сервером соединился «%1», а не «%2».").arg(m_loginOfUrl, login),
+                  QString()};
+        return false;
+    }
+    return m_link.exec("SET SESSION AUTHORIZATION " + PostgresSchema::identifier(login), error);
+}
+
+QVector<StoreLogin> PostgresStore::logins()
+{
+    QVector<StoreLogin> all;
+    StoreError error;
+    if (!ready(&error) || !m_isSuperuser)
+        return all;
+    const PgResult rows = m_link.prepared(
+        "SELECT KeyLink, login, name_ FROM Users WHERE coalesce(deleted_, 0) = 0 ORDER BY login", {}, &error);
+    for (int i = 0; rows && i < rows.rows(); ++i)
+        all.append(loginOf(rows, i));
+    return all;
+}
+
+bool PostgresStore::signIn(const QString& login, StoreLogin* user, StoreError* error)
+{
+    if (!ready(error))
+        return false;
+    const QString name = login.isEmpty() ? m_loginOfUrl : login;
+    const PgResult rows = m_link.prepared("SELECT KeyLink, login, name_ FROM Users"
+                                          " WHERE login = $1 AND coalesce(deleted_, 0) = 0",
+                                          PgValues().text(name.toUtf8()), error);
+    if (!rows)
+        return false;
+    if (rows.rows() == 0) {
+        *error = {StoreError::Refused, QString::fromUtf8("Пользователь «%1» не найден.").arg(name),
+                  QString()};
+        return false;
+    }
+    if (!becomePerson(name, error))
+        return false;
+    m_user = loginOf(rows, 0);
+    *user = m_user;
+    return true;
+}
+
+QVector<StoreDepartment> PostgresStore::departments(const QByteArray& userKey)
+{
+    QVector<StoreDepartment> all;
+    StoreError error;
+    if (!ready(&error))
+        return all;
+    const PgResult rows =
+        m_link.prepared("SELECT DISTINCT D.KeyLink, D.name_, O.KeyLink, O.name_ FROM Workers AS W"
+                        " JOIN Departments AS D ON D.KeyLink = W.DepartmentKey"
+                        " LEFT JOIN Organizations AS O ON O.KeyLink = D.OrganizationKey"
+                        " WHERE W.UserKey = $1 AND coalesce(W.deleted_, 0) = 0 ORDER BY D.name_, D.KeyLink",
+                        PgValues().text(userKey), &error);
+    for (int i = 0; rows && i < rows.rows(); ++i)
+        all.append({rows.bytes(i, 0), QString::fromUtf8(rows.bytes(i, 1)), rows.bytes(i, 2),
+                    QString::fromUtf8(rows.bytes(i, 3))});
+    return all;
+}
+
+bool PostgresStore::hasRight(const QByteArray& right)
+{
+    StoreError error;
+    if (!ready(&error))
+        return false;
+    const PgResult rows = m_link.prepared("SELECT 1 FROM UserRights WHERE UserKey = $1 AND rightName = $2",
+                                          PgValues().text(m_user.key).text(right), &error);
+    return rows && rows.rows() > 0;
+}
+
+double PostgresStore::serverTime()
+{
+    StoreError error;
+    if (!ready(&error))
+        return 0;
+    const PgResult time =
+        m_link.prepared("SELECT floor(extract(epoch FROM clock_timestamp()))::double precision", {}, &error);
+    return time ? time.real(0, 0) : 0;
+}
+
+bool PostgresStore::file(const QString& folder, const QString& name, QByteArray* content, StoreError* error)
+{
+    if (!ready(error))
+        return false;
+    const PgResult rows = m_link.prepared("SELECT content FROM StoreFiles WHERE folder = $1 AND name = $2",
+                                          PgValues().text(folder.toUtf8()).text(name.toUtf8()), error);
+    if (!rows)
+        return false;
+    if (rows.rows() > 0) {
+        *content = rows.bytes(0, 0);
+        return true;
+    }
+    *error = {StoreError::NoSuchRow, QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name),
+              QString()};
+    return false;
+}

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "ChangePacker.h"
+#include "CodePage.h"
+#include "PgConnection.h"
+#include "Store.h"
+
+struct AnswerShape;
+struct RowStatement;
+
+/// A store in a database of a PostgreSQL server, for the workstations of a site. One connection, which also hears the
+/// notifications of the change log. Persons are roles of the server, so what they write is judged by the name under
+/// which the connection was authenticated.
+///
+/// A connection that is lost comes back by itself: a request waits for it as long as for an answer, the reading of
+/// changes only for a moment, so that a window stays alive while its server is away.
+class PostgresStore : public Store
+{
+public:
+    static std::unique_ptr<Store> open(const QString& url, const Options& options, StoreError* error);
+    ~PostgresStore() override;
+
+    QTextCodec* codec() const override { return m_codePage->codec(); }
+    QByteArray timeZone() const override { return m_timeZone; }
+
+    QVector<StoreLogin> logins() override;
+    bool signIn(const QString& login, StoreLogin* user, StoreError* error) override;
+    QVector<StoreDepartment> departments(const QByteArray& userKey) override;
+    bool hasRight(const QByteArray& right) override;
+    double serverTime() override;
+
+    MDArray* select(const QByteArray& sqlUtf8, StoreError* error) override;
+    bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key, QByteArray* bytes,
+              StoreError* error) override;
+    /// Tries again when the server asks for it (deadlocks) and when the connection is lost and back within the
+    /// deadline: the batch key makes sure that it is written once.
+    bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error) override;
+
+    bool position(ChangePosition* position, StoreError* error) override;
+    bool changesAfter(ChangePosition* position, int limit, QVector<StoreChange>* changes,
+                      StoreError* error) override;
+    bool hasNews() override;
+    int newsDescriptor() const override { return m_link.descriptor(); }
+
+    bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* error) override;
+
+    bool beginRead(StoreError* error) override;
+    void endRead() override;
+    qint64 rowCount(const QByteArray& table) override;
+    qint64 seek(const QByteArray& table, int key, const QVariantList& values, bool* exact) override;
+    QVariantMap row(const QByteArray& table, int key, qint64 index) override;
+
+private:
+    PostgresStore(const QString& url, const Options& options);
+
+    /// Connects where needed, for at most \a waitMs, and begins the deadline. Called first by every request.
+    bool ready(StoreError* error, int waitMs, int deadlineMs);
+    bool ready(StoreError* error) { return ready(error, m_link.connectMs(), m_options.deadlineMs); }
+    /// The same for what nobody waits for: the window must stay alive.
+    bool readyAside(StoreError* error) { return ready(error, 50, 3000); }
+    /// What is asked of every new connection: that it leads to this store, and who we are.
+    bool greet(StoreError* error);
+    bool becomePerson(const QString& login, StoreError* error);
+
+    bool writeAll(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error);
+    bool writeRow(const RowStatement& row, StoreError* error);
+
+    MDArray* readCursor(const QByteArray& sql, StoreError* error);
+    bool declareCursor(const QByteArray& sql, StoreError* error);
+    AnswerShape shapeOf(const PgResult& description, const QByteArray& sql) const;
+    bool addRows(const PgResult& rows, const AnswerShape& shape, MDArray* answer, qint64* held,
+                 StoreError* error);
+
+    Options m_options;
+    PgConnection m_link;
+    std::unique_ptr<CodePage> m_codePage;
+    std::unique_ptr<ChangePacker> m_packer;
+    QByteArray m_timeZone;
+    /// Table and field by the server's numbers.
+    QHash<QPair<Oid, int>, QPair<QByteArray, QByteArray>> m_columns;
+    bool m_isSuperuser = false;
+    QString m_loginOfUrl;
+    StoreLogin m_user;
+    bool m_hasNews = false;
+    bool m_inRead = false;
+    bool m_isUnsettled = false; ///< the answer to a commit is missing
+    QElapsedTimer m_sinceRead;  ///< of the change log
+    QByteArray m_recoded;       ///< kept between fields, so that texts of an answer cost no allocation
+    /// What blob sources hold of the store: it is null when the store is gone.
+    std::shared_ptr<Store*> m_self = std::make_shared<Store*>(this);
+};

@@ -1,0 +1,116 @@
+#include "PostgresStore.h"
+#include "RowStatements.h"
+
+#include <algorithm>
+#include <QRandomGenerator>
+#include <QThread>
+
+namespace
+{
+constexpr int mostAttempts = 20;
+constexpr int longestNapMs = 200; // between two attempts
+
+bool isWorthRepeating(const QByteArray& state)
+{
+    return state == "40001" || state == "40P01" || state == "23505";
+}
+} // namespace
+
+bool PostgresStore::apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey,
+                          StoreError* error)
+{
+    if (!RowStatements::isAnythingFlagged(writes))
+        return true;
+    if (m_user.login.isEmpty() && !m_options.loader) {
+        *error = {StoreError::Refused, QString::fromUtf8("Вход в хранилище не выполнен."), QString()};
+        return false;
+    }
+    QElapsedTimer clock;
+    clock.start();
+    m_isUnsettled = false;
+    for (int attempt = 1;; ++attempt) {
+        error->clear();
+        if (!ready(error)) {
+            if (!m_isUnsettled || clock.hasExpired(m_options.deadlineMs))
+                return false;
+            QThread::msleep(longestNapMs);
+            continue;
+        }
+        if (writeAll(writes, batchKey, error)) {
+            m_hasNews = true;
+            return true;
+        }
+        const QByteArray state = m_link.failureState();
+        const QByteArray constraint = m_link.failureConstraint();
+        if (m_link.isOpen()) {
+            StoreError ignored;
+            m_link.exec("ROLLBACK", &ignored);
+            // A batch that another attempt of ours has written meanwhile is found at the next one.
+            if (!isWorthRepeating(state) ||
+                (state == "23505" && constraint != "changetransactions_batchkey_key"))
+                return false;
+        } else if (error->code != StoreError::Lost) {
+            return false;
+        }
+        if (attempt == mostAttempts || clock.hasExpired(m_options.deadlineMs))
+            return false;
+        QThread::msleep(
+            QRandomGenerator::global()->bounded(1u, unsigned(std::min(5 << attempt, longestNapMs))));
+    }
+}
+
+bool PostgresStore::writeAll(const std::vector<StoreWrite>& writes, const QByteArray& batchKey,
+                             StoreError* error)
+{
+    if (m_inRead)
+        endRead();
+    if (!m_link.prepared("BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE", {}, error))
+        return false;
+    const PgResult known =
+        m_link.prepared("SELECT set_config('vrk.batch_key', $1, true), set_config('vrk.loader', $2, true), "
+                        "EXISTS (SELECT 1 FROM ChangeTransactions WHERE batchKey = $1)",
+                        PgValues().text(batchKey).text(m_options.loader ? "on" : "off"), error);
+    if (!known)
+        return false;
+    if (known.integer(0, 2) == 0) {
+        for (const StoreWrite& write : writes) {
+            const auto run = [&](const RowStatement& row) { return writeRow(row, error); };
+            if (!RowStatements::forEach(write, *m_codePage, '$', run, error))
+                return false;
+        }
+    }
+    // From here on only the log can tell whether the batch was written, should the answer be lost.
+    m_isUnsettled = true;
+    return bool(m_link.prepared("COMMIT", {}, error));
+}
+
+bool PostgresStore::writeRow(const RowStatement& row, StoreError* error)
+{
+    PgValues values;
+    for (const RowStatement::Value& value : row.values) {
+        switch (value.kind) {
+        case RowStatement::Value::Null:
+            values.null();
+            break;
+        case RowStatement::Value::Text:
+            values.text(value.bytes);
+            break;
+        case RowStatement::Value::Blob:
+            values.blob(value.bytes);
+            break;
+        case RowStatement::Value::Real:
+            values.real(value.real);
+            break;
+        case RowStatement::Value::Number:
+            values.number(value.number);
+        }
+    }
+    const PgResult done = m_link.prepared(row.sql, values, error);
+    if (!done)
+        return false;
+    if (row.isUpdate && done.touched() == 0) {
+        *error = RowStatements::noSuchRow(row);
+        return false;
+    }
+    return true;
+}

@@ -1,0 +1,69 @@
+#include "PostgresStore.h"
+#include "TableCatalog.h"
+
+namespace
+{
+constexpr int slowPollMs = 2000; // behind the notifications, which may get lost
+} // namespace
+
+bool PostgresStore::position(ChangePosition* position, StoreError* error)
+{
+    if (!readyAside(error))
+        return false;
+    const PgResult head = m_link.prepared("SELECT vrk_epoch(), number FROM ChangeHead", {}, error);
+    if (!head)
+        return false;
+    *position = {head.bytes(0, 0), head.integer(0, 1)};
+    return true;
+}
+
+bool PostgresStore::changesAfter(ChangePosition* position, int limit, QVector<StoreChange>* changes,
+                                 StoreError* error)
+{
+    if (!readyAside(error))
+        return false;
+    m_sinceRead.start();
+    // One statement sees one moment: the end of the log, and the rows up to it or up to the end of the transaction in
+    // which the limit is reached.
+    const PgResult rows = m_link.prepared(
+        "WITH head AS (SELECT vrk_epoch() AS epoch, number FROM ChangeHead), "
+        "last AS (SELECT number FROM ChangeLog WHERE number > $1 ORDER BY number, entry OFFSET $2 LIMIT 1) "
+        "SELECT head.epoch, head.number, (SELECT number FROM last), L.number, L.event, L.tableName, "
+        "L.rowKey, "
+        "L.oldRow, L.newRow FROM head LEFT JOIN ChangeLog AS L ON L.number > $1 "
+        "AND L.number <= coalesce((SELECT number FROM last), head.number) ORDER BY L.number, L.entry",
+        PgValues().number(position->number).number(qint64(limit - 1)), error);
+    if (!rows)
+        return false;
+    const qint64 end = rows.integer(0, 1);
+    if (rows.bytes(0, 0) != position->epoch || end < position->number) {
+        *error = {StoreError::NotAStore,
+                  QString::fromUtf8("Хранилище «%1» заменено другим: данные нужно загрузить заново.")
+                      .arg(m_link.place()),
+                  QString()};
+        return false;
+    }
+    for (int i = 0; i < rows.rows() && !rows.isNull(i, 3); ++i) {
+        const CatalogTable* table = TableCatalog::table(rows.bytes(i, 5));
+        if (!table)
+            continue; // a table of a newer schema is nobody's here
+        StoreChange change;
+        change.number = rows.integer(i, 3);
+        change.event = static_cast<int>(rows.integer(i, 4));
+        change.table = table->name;
+        change.key = rows.bytes(i, 6);
+        change.packedRecord = m_packer->pack(*table, rows.bytes(i, 7), rows.bytes(i, 8));
+        changes->append(change);
+    }
+    position->number = rows.isNull(0, 2) ? end : rows.integer(0, 2);
+    return true;
+}
+
+bool PostgresStore::hasNews()
+{
+    if (!m_link.takeNotifications(&m_hasNews))
+        return true; // the reader finds out what is wrong
+    const bool hasNews = m_hasNews || m_sinceRead.hasExpired(slowPollMs);
+    m_hasNews = false;
+    return hasNews;
+}

@@ -1,0 +1,96 @@
+#include "DeclaredKey.h"
+#include "PostgresStore.h"
+
+#include <QStringList>
+
+namespace
+{
+PgValues valuesOf(const QVariantList& values)
+{
+    PgValues bound;
+    for (const QVariant& value : values) {
+        const bool isNumber = value.type() == QVariant::Double || value.type() == QVariant::Int ||
+                              value.type() == QVariant::LongLong || value.type() == QVariant::Bool;
+        if (isNumber)
+            bound.real(value.toDouble());
+        else
+            bound.text(value.toString().toUtf8());
+    }
+    return bound;
+}
+} // namespace
+
+bool PostgresStore::beginRead(StoreError* error)
+{
+    // The first read fixes what is seen until endRead().
+    if (!ready(error) || !m_link.prepared("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY", {}, error))
+        return false;
+    m_inRead = true;
+    return bool(m_link.prepared("SELECT number FROM ChangeHead", {}, error));
+}
+
+void PostgresStore::endRead()
+{
+    StoreError error;
+    if (m_inRead && m_link.isOpen())
+        m_link.exec("ROLLBACK", &error);
+    m_inRead = false;
+}
+
+qint64 PostgresStore::rowCount(const QByteArray& table)
+{
+    StoreError error;
+    const CatalogTable* known = TableCatalog::table(table);
+    if (!known || !ready(&error))
+        return 0;
+    const PgResult count = m_link.prepared("SELECT count(*) FROM " + known->name, {}, &error);
+    return count ? count.integer(0, 0) : 0;
+}
+
+qint64 PostgresStore::seek(const QByteArray& table, int key, const QVariantList& values, bool* exact)
+{
+    *exact = false;
+    StoreError error;
+    const DeclaredKey declared(TableCatalog::table(table), key);
+    if (declared.fields.isEmpty() || values.size() > declared.fields.size() || !ready(&error))
+        return 0;
+    const PgValues bound = valuesOf(values);
+    const PgResult same = m_link.prepared(declared.sameSql(values.size(), '$'), bound, &error);
+    const PgResult before = m_link.prepared(declared.beforeSql(values.size(), '$'), bound, &error);
+    *exact = same && same.rows() > 0;
+    return before ? before.integer(0, 0) : 0;
+}
+
+QVariantMap PostgresStore::row(const QByteArray& table, int key, qint64 index)
+{
+    QVariantMap fields;
+    StoreError error;
+    const DeclaredKey declared(TableCatalog::table(table), key);
+    if (declared.fields.isEmpty() || index < 0 || !ready(&error))
+        return fields;
+    const PgResult row = m_link.prepared(declared.rowSql("$1", "KeyLink"), PgValues().number(index), &error);
+    if (!row || row.rows() == 0)
+        return fields;
+    for (int i = 0; i < declared.table->fields.size(); ++i) {
+        const CatalogField& field = declared.table->fields.at(i);
+        QVariant value;
+        if (!row.isNull(0, i)) {
+            switch (field.type) {
+            case mdr_TDouble:
+                value = row.real(0, i);
+                break;
+            case mdr_TChar:
+            case mdr_TMemo:
+                value = QString::fromUtf8(row.bytes(0, i));
+                break;
+            case mdr_TBlob:
+                value = row.bytes(0, i);
+                break;
+            default:
+                value = static_cast<int>(row.integer(0, i));
+            }
+        }
+        fields.insert(QString::fromLatin1(field.name), value);
+    }
+    return fields;
+}

@@ -1,0 +1,115 @@
+-- The change log at work. Made anew at every step of the schema, before the triggers of the tables.
+
+-- Ends the statement with a text for the user.
+CREATE FUNCTION vrk_refuse(reason text) RETURNS void LANGUAGE plpgsql AS $$
+BEGIN
+    RAISE EXCEPTION USING ERRCODE = 'VR001', MESSAGE = reason;
+END $$;
+
+-- Whether the rules of the journal are out of force: asked for by the client, allowed by a role.
+CREATE FUNCTION vrk_is_loader() RETURNS boolean LANGUAGE sql STABLE AS $$
+    SELECT coalesce(current_setting('vrk.loader', true), '') = 'on'
+           AND pg_has_role(session_user, 'vrk_loader', 'MEMBER');
+$$;
+
+-- Names the history: another database, a restored one and a promoted standby each tell another one.
+CREATE FUNCTION vrk_epoch() RETURNS text LANGUAGE sql STABLE SET search_path = pg_catalog, public, pg_temp AS $$
+    SELECT (SELECT value FROM StoreProperties WHERE name = 'epoch')
+           || '.' || (SELECT oid FROM pg_database WHERE datname = current_database())
+           || '.' || left(pg_walfile_name(pg_current_wal_lsn()), 8);
+$$;
+
+CREATE FUNCTION vrk_part(part bytea) RETURNS bytea LANGUAGE sql IMMUTABLE AS $$
+    SELECT convert_to(coalesce(length(part), 0)::text || ':', 'UTF8') || coalesce(part, '');
+$$;
+CREATE FUNCTION vrk_part(part text) RETURNS bytea LANGUAGE sql IMMUTABLE AS $$
+    SELECT vrk_part(convert_to(part, 'UTF8'));
+$$;
+
+-- The hash for a transaction whose rows stand in the log: over the one before it, its own head and every row. Each
+-- part is preceded by its length, so that parts cannot flow into one another.
+CREATE FUNCTION vrk_chain(before bytea, head ChangeTransactions) RETURNS bytea LANGUAGE sql STABLE
+    SET search_path = pg_catalog, public, pg_temp AS $$
+    SELECT sha256(vrk_part(before) || vrk_part(head.number::text) || vrk_part(head.batchKey) || vrk_part(head.login)
+                  || vrk_part(CASE WHEN head.loader <> 0 THEN 'loader' ELSE 'person' END)
+                  || vrk_part(head.time::bigint::text)
+                  || coalesce((SELECT string_agg(vrk_part(tableName) || vrk_part(rowKey) || vrk_part(event::text)
+                                                 || vrk_part(oldRow) || vrk_part(newRow), '' ORDER BY entry)
+                               FROM ChangeLog WHERE ChangeLog.number = head.number), ''));
+$$;
+
+-- Called for every changed row by the trigger of its table.
+CREATE FUNCTION vrk_log(tableName text, rowKey text, event integer, oldRow text, newRow text) RETURNS void
+    LANGUAGE plpgsql SET search_path = pg_catalog, public, pg_temp AS $$
+BEGIN
+    IF coalesce(current_setting('vrk.batch_key', true), '') = '' THEN
+        PERFORM vrk_refuse('Данные изменяются только через хранилище журнала.');
+    END IF;
+    IF event = 601 AND (rowKey = '' OR rowKey ~ '[\x01-\x1f''"\\]') THEN
+        PERFORM vrk_refuse('Недопустимый ключ строки.');
+    END IF;
+    INSERT INTO ChangePending (xid, isFirst, tableName, rowKey, event, oldRow, newRow)
+    VALUES (pg_current_xact_id(), NOT EXISTS (SELECT 1 FROM ChangePending WHERE xid = pg_current_xact_id()),
+            vrk_log.tableName, vrk_log.rowKey, vrk_log.event, vrk_log.oldRow, vrk_log.newRow);
+END $$;
+
+-- Ends a transaction: takes its number, writes its log, wakes the listeners.
+CREATE FUNCTION vrk_close() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER
+    SET search_path = pg_catalog, public, pg_temp AS $$
+DECLARE
+    last ChangeHead;
+    this ChangeTransactions;
+    isDue boolean;
+BEGIN
+    -- What is acknowledged must be on the disk, whatever the client has asked for.
+    IF current_setting('synchronous_commit') NOT IN ('on', 'remote_apply') THEN
+        PERFORM set_config('synchronous_commit', 'on', true);
+    END IF;
+    SELECT * INTO STRICT last FROM ChangeHead FOR UPDATE;
+    isDue := clock_timestamp() NOT BETWEEN last.notified AND last.notified + interval '25 milliseconds';
+    this.number := last.number + 1;
+    this.batchKey := current_setting('vrk.batch_key');
+    this.loader := vrk_is_loader()::integer;
+    this.login := CASE WHEN this.loader = 1 THEN 'loader' ELSE session_user END;
+    this.time := floor(extract(epoch FROM clock_timestamp()));
+    WITH mine AS (DELETE FROM ChangePending WHERE xid = pg_current_xact_id() RETURNING *)
+    INSERT INTO ChangeLog (number, tableName, rowKey, event, oldRow, newRow)
+    SELECT this.number, mine.tableName, mine.rowKey, mine.event, mine.oldRow, mine.newRow FROM mine ORDER BY entry;
+    this.chain := vrk_chain(last.chain, this);
+    INSERT INTO ChangeTransactions SELECT this.*;
+    UPDATE ChangeHead
+    SET number = this.number, chain = this.chain,
+        notified = CASE WHEN isDue THEN clock_timestamp() ELSE notified END;
+    IF isDue THEN
+        PERFORM pg_notify('vrk_changes', '');
+    END IF;
+    RETURN NULL;
+END $$;
+CREATE CONSTRAINT TRIGGER ClosesTransaction AFTER INSERT ON ChangePending DEFERRABLE INITIALLY DEFERRED
+    FOR EACH ROW WHEN (NEW.isFirst) EXECUTE FUNCTION vrk_close();
+
+CREATE FUNCTION vrk_zero_readed_time() RETURNS trigger LANGUAGE plpgsql AS $$
+BEGIN
+    NEW.readedTime := coalesce(NEW.readedTime, 0);
+    RETURN NEW;
+END $$;
+CREATE TRIGGER A_ReadedTime BEFORE INSERT OR UPDATE ON LogbookComments
+    FOR EACH ROW EXECUTE FUNCTION vrk_zero_readed_time();
+
+-- The log is for good, and no table loses its rows past it.
+
+CREATE FUNCTION vrk_keep_log() RETURNS trigger LANGUAGE plpgsql AS $$
+BEGIN
+    PERFORM vrk_refuse('Журнал изменений не изменяется.');
+    RETURN NULL;
+END $$;
+CREATE TRIGGER KeepLog BEFORE UPDATE OR DELETE OR TRUNCATE ON ChangeLog
+    FOR EACH STATEMENT EXECUTE FUNCTION vrk_keep_log();
+CREATE TRIGGER KeepLog BEFORE UPDATE OR DELETE OR TRUNCATE ON ChangeTransactions
+    FOR EACH STATEMENT EXECUTE FUNCTION vrk_keep_log();
+
+CREATE FUNCTION vrk_keep_rows() RETURNS trigger LANGUAGE plpgsql AS $$
+BEGIN
+    PERFORM vrk_refuse('Таблицы журнала не очищаются целиком.');
+    RETURN NULL;
+END $$;

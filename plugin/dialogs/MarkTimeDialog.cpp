@@ -1,0 +1,62 @@
+#include "MarkTimeDialog.h"
+
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+
+#include <QDateEdit>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QRadioButton>
+
+MarkTimeDialog::MarkTimeDialog(QWidget* parent, int flag) : CPopTemplate(parent, flag)
+{
+    setGuarding(true); // the answer goes to the current record of the window below
+}
+
+void MarkTimeDialog::setUpForm(const Form& form)
+{
+    m_controls = form;
+    connect(form.clear, &QRadioButton::clicked, this, &MarkTimeDialog::updateStateControls);
+    connect(form.set, &QRadioButton::clicked, this, &MarkTimeDialog::updateStateControls);
+    connect(form.apply, &QPushButton::clicked, this, &MarkTimeDialog::apply);
+    connect(form.cancel, &QPushButton::clicked, this, &MarkTimeDialog::close);
+    form.set->setChecked(true);
+    updateStateControls();
+}
+
+void MarkTimeDialog::updateStateControls()
+{
+    m_controls.date->setEnabled(m_controls.set->isChecked());
+    m_controls.time->setEnabled(m_controls.set->isChecked());
+}
+
+void MarkTimeDialog::apply()
+{
+    if (m_controls.clear->isChecked())
+        emitCleared();
+    else if (m_controls.set->isChecked())
+        emitSet(QDateTime(m_controls.date->date(), m_controls.time->time()));
+    close();
+}
+
+void MarkTimeDialog::keyPressEvent(QKeyEvent* event)
+{
+    // Return does nothing, the keypad's Enter applies: meant.
+    if (event->key() == Qt::Key_Enter)
+        apply();
+    else if (event->key() == Qt::Key_Escape)
+        close();
+    QWidget::keyPressEvent(event);
+}
+
+void MarkTimeDialog::showEvent(QShowEvent* event)
+{
+    // The radio button stays as the last use left it.
+    const QDateTime now = static_cast<CVrkCliMod*>(parent())->session()->HfnTimeToSesTime();
+    m_controls.date->setFocus();
+    m_controls.date->setDate(now.date());
+    m_controls.time->setTime(now.time());
+    resize(300, 150);
+    moveToCenter();
+    CPopTemplate::showEvent(event);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "MarkTimeDialog.h"
+
+#include <memory>
+
+namespace Ui
+{
+class SecondMarkerDialog;
+}
+
+/// Sets or removes the second marker of a record.
+class SecondMarkerDialog : public MarkTimeDialog
+{
+    Q_OBJECT
+
+public:
+    /// \a parent is the module, which the server's time comes from.
+    explicit SecondMarkerDialog(QWidget* parent, int flag = -1);
+    ~SecondMarkerDialog() override;
+
+signals:
+    void removeMarker();
+    void setMarker(const QDateTime& time);
+
+private:
+    void emitCleared() override;
+    void emitSet(const QDateTime& time) override;
+
+    std::unique_ptr<Ui::SecondMarkerDialog> m_form;
+};

@@ -1,0 +1,84 @@
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "GenGuid32.h"
+#include "LocationInfo.h"
+#include "LogbookFields.h"
+#include "LogbookTables.h"
+#include "LogBookWidget.h"
+#include "LogText.h"
+#include "RecordValue.h"
+
+#include <algorithm>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
+/// Copying and pasting of records. Only a reference travels: the paste fetches the record itself.
+
+namespace
+{
+constexpr char recordFormat[] = "logbook_record";
+constexpr int longestKey = 32;
+
+/// A key from outside goes into a select as it stands, so nothing but letters and digits is taken for one.
+bool isKey(const QString& key)
+{
+    return !key.isEmpty() && key.size() <= longestKey &&
+           std::all_of(key.begin(), key.end(), [](QChar character) {
+               return character.unicode() < 128 &&
+                      (character.isLetterOrNumber() || character == QLatin1Char('_'));
+           });
+}
+} // namespace
+
+void LogBookWidget::copyRecordRequest()
+{
+    const MDRData* record = currentRecord();
+    if (!record)
+        return;
+    auto* mimeData = new QMimeData;
+    mimeData->setData(QLatin1String(recordFormat),
+                  QByteArray(LogbookTable::Records) + ';' + MDRValue::bytes(recordValue(record, "KeyLink")));
+    QGuiApplication::clipboard()->setMimeData(mimeData);
+}
+
+void LogBookWidget::pasteRecordRequest()
+{
+    const QMimeData* mimeData = QGuiApplication::clipboard()->mimeData();
+    if (!mimeData || !mimeData->hasFormat(QLatin1String(recordFormat)))
+        return;
+    const QString text =
+        QString::fromUtf8(mimeData->data(QLatin1String(recordFormat)).constData()); // up to its first NUL
+    const QStringList parts = text.split(QLatin1Char(';'));
+    if (parts.size() != 2 || parts[0] != QLatin1String(LogbookTable::Records) || !isKey(parts[1]))
+        return;
+
+    CMDArray answer; // holds the record when it lies outside this page's view
+    const MDRData* source = recordByKeyLink(&m_records, parts[1].toLatin1().constData());
+    if (!source) {
+        const QString sql =
+            QString::fromLatin1(LogbookSql::RecordByKey).arg(QLatin1String(LogbookTable::Records), parts[1]);
+        answer = m_module->session()->SqlRequest(sql.toUtf8().constData());
+        source = answer.RecCount() > 0 ? MDARec(answer.array, 0, 0) : nullptr;
+        if (!source)
+            return; // gone, or out of reach: nothing is said
+    }
+    pasteRecord(source);
+}
+
+void LogBookWidget::pasteRecord(const MDRData* source)
+{
+    const QByteArray key = GenGuid32();
+    const QByteArray workerKey = m_location->workerKey().toUtf8();
+    const QByteArray workshiftKey = workshiftKeyLink().toUtf8();
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    MDRData* row = batch.newRow(ROW_INSERT, key);
+    copyMarked(batch, row, source);
+    batch.SetValF(row, "KeyLink", MDRValue::text(key));
+    batch.SetValF(row, "ShiftKey", MDRValue::text(workshiftKey));
+    batch.SetValF(row, "WorkerKey", MDRValue::text(workerKey));
+    batch.SetValF(row, "VisaWorkerKey", MDRValue::null());
+    batch.SetValF(row, "status", MDRValue::number(StatusDraft));
+    batch.RecPost(row);
+    send(batch); // a failed paste is silent here; the status line tells of it
+}

@@ -1,0 +1,196 @@
+#include "CPopMessageBox.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "GenGuid32.h"
+#include "LocationInfo.h"
+#include "LogbookFields.h"
+#include "LogbookTables.h"
+#include "LogBookWidget.h"
+#include "LogText.h"
+#include "RecordValue.h"
+#include "SecondMarkerDialog.h"
+#include "TimeExecutionDialog.h"
+
+#include <QTextCodec>
+
+/// The second marker and the execution time. A record to write to is the one that is current when the answer comes.
+
+namespace
+{
+QByteArray keyOf(const MDRData* record)
+{
+    return MDRValue::copy(recordValue(record, "KeyLink"));
+}
+
+QString logTime(double time)
+{
+    return QStringLiteral("%1").arg(time, 0, 'g');
+}
+
+/// A property of the record's template as text.
+QString templateProperty(const MDRData* record, const char* name, const QTextCodec* codec)
+{
+    const MDRVar html = recordValue(record, "html");
+    if (!MDRValue::hasText(html))
+        return {};
+    HtmlParser parser(codec->toUnicode(MDRValue::bytes(html)).toStdString());
+    std::string value;
+    parser.templatePropertyValue(name, value);
+    return QString::fromStdString(value);
+}
+} // namespace
+
+QString LogBookWidget::secondMarkCommand() const
+{
+    return isSecondMarkSettable() ? templateProperty(currentRecord(), "command", m_module->session()->codec())
+                                  : QString();
+}
+
+QString LogBookWidget::secondMarkIconPath() const
+{
+    return isSecondMarkSettable()
+               ? templateProperty(currentRecord(), "second_mark", m_module->session()->codec())
+               : QString();
+}
+
+QString LogBookWidget::iconPathToName(const QString& path) const
+{
+    const QHash<QString, QString> names{
+        {QStringLiteral(":/markers/exclamation_mark.png"), tr("Авария")},
+        {QStringLiteral(":/markers/worker_red.png"), tr("Допуск бригады")},
+        {QStringLiteral(":/markers/worker_blue.png"), tr("Завершение работ бригады")},
+        {QStringLiteral(":/markers/arrow_up_blue.png"), tr("Передача вышестоящей организации")},
+        {QStringLiteral(":/markers/arrow_down_red.png"), tr("Передача от вышестоящей организации")},
+        {QStringLiteral(":/markers/thunder_blue.png"), tr("Снято заземление")},
+        {QStringLiteral(":/markers/thunder_red.png"), tr("Установлено заземление")},
+    };
+    return names.value(path);
+}
+
+void LogBookWidget::sendMark(CRowBatch& batch, const QString& signature, const QString& logLine,
+                             const QString& message)
+{
+    if (send(batch))
+        return;
+    LogText::warn(signature, logLine);
+    showError(tr("Ошибка"), message);
+}
+
+void LogBookWidget::changeSecondMarkRequest()
+{
+    m_secondMarker->show();
+}
+
+void LogBookWidget::setSecondMarkRequest(const QDateTime& dt)
+{
+    const MDRData* record = currentRecord();
+    if (!record)
+        return;
+    const QByteArray key = keyOf(record);
+    const double time = DateTime_To_HfnTime(dt);
+    const QString worker = m_location->workerKey();
+    const QByteArray workerKey = worker.toUtf8();
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    MDRData* row = batch.newRow(ROW_UPDATE, key);
+    batch.SetValF(row, "SecondMarkWorkerKey", MDRValue::text(workerKey));
+    batch.SetValF(row, "secondMarkTime", MDRValue::real(time));
+    batch.RecPost(row);
+    sendMark(batch, QStringLiteral("void LogBookWidget::setSecondMarkRequest(QDateTime)"),
+             LogText::fill(
+                 QStringLiteral("error set second marker record! Data: Table(%1), KeyLink(%2), "
+                                "SecondMarkWorkerKey(%3), secondMarkTime(%4)"),
+                 {QLatin1String(LogbookTable::Records), QString::fromLatin1(key), worker, logTime(time)}),
+             tr("Не удалось установить второй маркер!"));
+}
+
+void LogBookWidget::removeSecondMarkRequest()
+{
+    const MDRData* record = currentRecord();
+    if (!record)
+        return;
+    const QByteArray key = keyOf(record);
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    MDRData* row = batch.newRow(ROW_UPDATE, key);
+    batch.SetValF(row, "SecondMarkWorkerKey", MDRValue::null());
+    batch.SetValF(row, "secondMarkTime", MDRValue::null());
+    batch.RecPost(row);
+    sendMark(batch, QStringLiteral("void LogBookWidget::removeSecondMarkRequest()"),
+             LogText::fill(QStringLiteral("error remove second marker record! Data: Table(%1), KeyLink(%2)"),
+                           {QLatin1String(LogbookTable::Records), QString::fromLatin1(key)}),
+             tr("Не удалось удалить второй маркер!"));
+}
+
+void LogBookWidget::changeTimeExecRequest()
+{
+    m_timeExecution->show();
+}
+
+void LogBookWidget::removeTimeExecRequest()
+{
+    const MDRData* record = currentRecord();
+    if (!record)
+        return;
+    // In place whatever the status: an approved record gets no successor here. Meant.
+    const QByteArray key = keyOf(record);
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    MDRData* row = batch.newRow(ROW_UPDATE, key);
+    batch.SetValF(row, "executionTime", MDRValue::null());
+    batch.RecPost(row);
+    sendMark(batch, QStringLiteral("void LogBookWidget::removeTimeExecRequest()"),
+             LogText::fill(QStringLiteral("error remove time execution record! Data: Table(%1), KeyLink(%2)"),
+                           {QLatin1String(LogbookTable::Records), QString::fromLatin1(key)}),
+             tr("Не удалось сбросить время выпонения!"));
+}
+
+void LogBookWidget::setTimeExecRequest(const QDateTime& dt)
+{
+    const MDRData* record = currentRecord();
+    if (!record)
+        return;
+    const QByteArray key = keyOf(record);
+    const double time = DateTime_To_HfnTime(dt);
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    if (hasStatus(record, StatusApproved))
+        addSuccessor(batch, record, key, time);
+    else {
+        MDRData* row = batch.newRow(ROW_UPDATE, key);
+        batch.SetValF(row, "executionTime", MDRValue::real(time));
+        batch.RecPost(row);
+    }
+    // The line has no third placeholder: the time stands in the fourth.
+    sendMark(batch, QStringLiteral("void LogBookWidget::setTimeExecRequest(QDateTime)"),
+             LogText::fill(
+                 QStringLiteral(
+                     "error set time execution record! Data: Table(%1), KeyLink(%2), executionTime(%4)"),
+                 {QLatin1String(LogbookTable::Records), QString::fromLatin1(key), QString(), logTime(time)}),
+             tr("Не удалось установить время выполнения!"));
+}
+
+/// The old record is marked deleted, a copy with the execution time takes its place and remembers it.
+void LogBookWidget::addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time)
+{
+    const QByteArray successorKey = GenGuid32();
+    MDRData* old = batch.newRow(ROW_UPDATE, key);
+    batch.SetValF(old, "status", MDRValue::number(StatusDeleted));
+    batch.RecPost(old);
+
+    MDRData* row = batch.newRow(ROW_INSERT, successorKey);
+    copyMarked(batch, row, record);
+    batch.SetValF(row, "KeyLink", MDRValue::text(successorKey));
+    batch.SetValF(row, "status", MDRValue::number(StatusApproved));
+    batch.SetValF(row, "OriginRecordKey", MDRValue::text(key));
+    batch.SetValF(row, "VisaWorkerKey", MDRValue::null());
+    batch.SetValF(row, "executionTime", MDRValue::real(time));
+    batch.RecPost(row);
+}
+
+void LogBookWidget::copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record)
+{
+    for (int number = 0; number < MDAFldCount(batch.array); ++number) {
+        const MDRField* field = MDRFldByNum(batch.array, number);
+        MDRVar value;
+        MDRGetVal(MDRFldByNum(MDARecArr(record), number), record, &value);
+        MDRSetVal(field, row, &value);
+        MDRSetUser(field, row, 1);
+    }
+}

@@ -1,0 +1,57 @@
+#include "AppendWorkerDialog.h"
+#include "DateTimeRangeDialog.h"
+#include "LocationInfo.h"
+#include "LogbookTables.h"
+#include "LogBookWidget.h"
+#include "OrgStructDialog.h"
+#include "WorkshiftInfoDialog.h"
+#include "WorkshiftsDialog.h"
+
+/// What period is shown, and what is known of its shift.
+
+void LogBookWidget::showDateTimeDialog()
+{
+    // Meant: the disconnection names the wrong direction and removes nothing, so each showing adds a load.
+    connect(m_dateTimeRange, &DateTimeRangeDialog::rangeSelected, this,
+            [this](const QDateTime& start, const QDateTime& end) {
+                QObject::disconnect(this, nullptr, m_dateTimeRange, nullptr);
+                uploadRecordsIn(start, end);
+            });
+    m_dateTimeRange->show();
+}
+
+void LogBookWidget::showWorkshiftsDialog()
+{
+    QObject::disconnect(m_workshiftsDialog, &WorkshiftsDialog::workshiftSelected, this, nullptr);
+    connect(m_workshiftsDialog, &WorkshiftsDialog::workshiftSelected, this, [this](const QString& keyLink) {
+        const QString key = keyLink; // lives on when the connection goes
+        QObject::disconnect(m_workshiftsDialog, &WorkshiftsDialog::workshiftSelected, this, nullptr);
+        uploadRecordsIn(key);
+    });
+    m_workshiftsDialog->setDepartmentKey(m_location->departmentKey());
+    m_workshiftsDialog->show();
+}
+
+void LogBookWidget::showWorkshiftInfoDialog()
+{
+    m_workshiftInfo->setWorkersTable(m_location->table(QLatin1String(LogbookTable::Workers)));
+    m_workshiftInfo->setWorkshiftsTable(&m_workshifts);
+    m_workshiftInfo->setWorkersWorkshiftTable(&m_crew);
+    m_workshiftInfo->setRolesTable(&m_roles);
+    m_workshiftInfo->setWorkersRoleTable(&m_workerRoles);
+    m_workshiftInfo->setWorkshiftRecord(m_currentWorkshift);
+    m_workshiftInfo->show();
+}
+
+void LogBookWidget::appendWorkerRequest()
+{
+    m_appendWorker->setOrgStructDialog(m_orgStruct);
+    m_appendWorker->setDepartmentKey(m_location->departmentKey());
+    m_appendWorker->setWorkerKey(m_location->workerKey());
+    m_appendWorker->setWorkersTable(m_location->table(QLatin1String(LogbookTable::Workers)));
+    m_appendWorker->setWorkersWorkshiftTable(&m_crew);
+    m_appendWorker->setRolesTable(&m_roles);
+    m_appendWorker->setWorkersRoleTable(&m_workerRoles);
+    m_appendWorker->setWorkshiftRecord(m_currentWorkshift);
+    m_appendWorker->show();
+}

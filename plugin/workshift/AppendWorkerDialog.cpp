@@ -1,0 +1,196 @@
+#include "AppendWorkerDialog.h"
+
+#include "CrewTable.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "GenGuid32.h"
+#include "HfnWrapper.h"
+#include "HtmlParser.h"
+#include "LogbookFields.h"
+#include "LogbookTables.h"
+#include "LogText.h"
+#include "RecordValue.h"
+#include "ui_AppendWorkerDialog.h"
+
+#include <QKeyEvent>
+#include <QTextCodec>
+
+namespace
+{
+void reportFailure(const char* table)
+{
+    LogText::warn(QStringLiteral("void AppendWorkerDialog::apply()"),
+                  LogText::fill(QStringLiteral("fail request CVrkCliSes::SqlUpdate update %1!"),
+                                {QLatin1String(table)}));
+}
+} // namespace
+
+AppendWorkerDialog::AppendWorkerDialog(QWidget* parent, int flag)
+    : CPopTemplate(parent, flag), m_pending(LogbookTable::Workshifts), m_form(new Ui::AppendWorkerDialog)
+{
+    m_form->setupUi(this);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/info.png")));
+    m_form->addButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
+    m_form->addButton->setToolTip(tr("Добавить сотрудника"));
+    m_pending.data.lastError = MDAFldAdd(m_pending.data.array, fieldCount(LogbookWorkersWorkshiftFields),
+                                         LogbookWorkersWorkshiftFields);
+    m_pending.data.KeyAdd("", 0);
+    m_crew = new CrewTable(m_form->workersTable, session()->codec(), this);
+    m_crew->setNames(CrewTable::ShortNames);
+
+    connect(m_form->templateLabel, &QLabel::linkActivated, this, &AppendWorkerDialog::workerLinkClicked);
+    connect(m_form->cancelButton, &QPushButton::clicked, this, &AppendWorkerDialog::close);
+    connect(m_form->applyButton, &QPushButton::clicked, this, &AppendWorkerDialog::apply);
+    connect(m_form->addButton, &QToolButton::clicked, this, &AppendWorkerDialog::showOrgStructDialog);
+}
+
+AppendWorkerDialog::~AppendWorkerDialog() = default;
+
+CVrkCliSes* AppendWorkerDialog::session() const
+{
+    return static_cast<CVrkCliMod*>(parent())->session();
+}
+
+void AppendWorkerDialog::setWorkshiftRecord(MDRData* record)
+{
+    m_workshiftKey = MDRValue::copy(recordValue(record, "KeyLink"));
+}
+
+void AppendWorkerDialog::showEvent(QShowEvent* event)
+{
+    reload();
+    updateApplyEnabled();
+    resize(400, 300);
+    moveToCenter();
+    CPopTemplate::showEvent(event);
+}
+
+void AppendWorkerDialog::reload()
+{
+    m_pending.data.lastError = MDAClearRec(m_pending.data.array);
+    updateTemplate();
+    m_crew->clear();
+    if (m_workshiftKey.isEmpty())
+        return;
+    m_crew->setTables(m_workers, m_roles, m_workerRoles);
+    for (int position = 0; m_crewRows && position < m_crewRows->data.RecCount(); ++position)
+        m_crew->append(QString::fromUtf8(
+            MDRValue::bytes(recordValue(MDARec(m_crewRows->data.array, 0, position), "WorkerKey"))));
+}
+
+void AppendWorkerDialog::updateApplyEnabled()
+{
+    m_form->applyButton->setEnabled(m_pending.data.RecCount() > 0);
+}
+
+QString AppendWorkerDialog::hardTemplate(int count)
+{
+    if (count == 0)
+        return {};
+    QStringList parameters;
+    const std::string label = tr("ФИО").toStdString();
+    for (int i = 0; i < count; ++i)
+        parameters << QString::fromStdString(HtmlParser::createParameter(
+            {{"name", "employee_fio"}, {"idx", std::to_string(i)}, {"locname", label}}, label));
+    return (count == 1 ? tr("В смену дополнительно добавлен диспетчер: ")
+                       : tr("В смену дополнительно добавлены диспетчеры: ")) +
+           parameters.join(QStringLiteral(", "));
+}
+
+void AppendWorkerDialog::updateTemplate()
+{
+    m_form->templateLabel->clear();
+    const int count = m_pending.data.RecCount();
+    if (count == 0)
+        return;
+    HtmlParser parser(hardTemplate(count).toStdString());
+    for (int position = 0; position < count; ++position) {
+        const auto index = static_cast<unsigned>(position);
+        const QByteArray key =
+            MDRValue::copy(recordValue(MDARec(m_pending.data.array, 0, position), "WorkerKey"));
+        const QString name =
+            HfnWrapper::workerShortName(session()->codec(), m_workers, QString::fromUtf8(key));
+        if (!name.isEmpty())
+            parser.setDisplayText(index, name.toStdString());
+        parser.setPropertyData(index, key.toStdString());
+    }
+    m_form->templateLabel->setText(QString::fromStdString(parser.readyHtml(true)));
+}
+
+void AppendWorkerDialog::showOrgStructDialog()
+{
+    m_crew->choose(m_orgStructDialog, m_departmentKey, [this](const QString& key) { appendWorker(key); });
+}
+
+void AppendWorkerDialog::appendWorker(const QString& workerKey)
+{
+    const QByteArray rowKey = GenGuid32();
+    const QByteArray worker = workerKey.toUtf8();
+    MDRData* row = MDARecNew(m_pending.data.array);
+    MDRSetFlags(row, ROW_INSERT);
+    m_pending.data.SetValF(row, "KeyLink", MDRValue::text(rowKey));
+    m_pending.data.SetValF(row, "WorkshiftKey", MDRValue::text(m_workshiftKey));
+    m_pending.data.SetValF(row, "WorkerKey", MDRValue::text(worker));
+    m_pending.data.SetValF(row, "opening", MDRValue::boolean(true));
+    m_pending.data.RecPost(row);
+
+    m_crew->append(workerKey);
+    m_form->workersTable->selectRow(m_form->workersTable->rowCount() - 1);
+    updateTemplate();
+    updateApplyEnabled();
+}
+
+void AppendWorkerDialog::workerLinkClicked(const QString& link)
+{
+    const QString key = QString::fromStdString(HtmlParser::dataFromProperties(link.toStdString()));
+    for (int row = 0; row < m_form->workersTable->rowCount(); ++row) {
+        const QTableWidgetItem* item = m_form->workersTable->item(row, 0);
+        if (item && item->data(Qt::UserRole).toString() == key)
+            m_form->workersTable->selectRow(row);
+    }
+}
+
+void AppendWorkerDialog::apply()
+{
+    if (m_pending.data.RecCount() == 0)
+        return;
+    if (!session()->SqlUpdate(LogbookTable::WorkersWorkshift, m_pending.data.array, true, nullptr)) {
+        reportFailure(LogbookTable::WorkersWorkshift);
+        return; // the dialog stays for another try
+    }
+    writeRecord();
+    close();
+}
+
+void AppendWorkerDialog::writeRecord()
+{
+    const QByteArray recordKey = GenGuid32();
+    const QByteArray workerKey = m_workerKey.toUtf8();
+    const QByteArray html = session()->codec()->fromUnicode(m_form->templateLabel->text());
+    const double now = session()->GetHfnTime();
+    const MDRVar null = MDRValue::null();
+
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    MDRData* row = batch.newRow(ROW_INSERT, recordKey);
+    batch.SetValF(row, "KeyLink", MDRValue::text(recordKey));
+    batch.SetValF(row, "ShiftKey", MDRValue::text(m_workshiftKey));
+    batch.SetValF(row, "WorkerKey", MDRValue::text(workerKey));
+    for (const char* field : {"VisaWorkerKey", "ReceiverWorkerKey", "SecondMarkWorkerKey", "OriginRecordKey",
+                              "firstMarkTime", "executionTime", "secondMarkTime"})
+        batch.SetValF(row, field, null);
+    batch.SetValF(row, "recordTime", MDRValue::real(now));
+    batch.SetValF(row, "eventTime", MDRValue::real(now));
+    batch.SetValF(row, "html", MDRValue::text(html, mdr_TMemo));
+    batch.SetValF(row, "status", MDRValue::number(StatusApproved));
+    batch.SetValF(row, "direction", MDRValue::number(DirectionNone));
+    batch.RecPost(row);
+    if (!session()->SqlUpdate(LogbookTable::Records, batch.array, true, nullptr))
+        reportFailure(LogbookTable::Records); // the workers stay added
+}
+
+void AppendWorkerDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    QWidget::keyPressEvent(event);
+}

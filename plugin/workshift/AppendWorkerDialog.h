@@ -1,0 +1,66 @@
+#pragma once
+
+#include "CModelTable.h"
+#include "CPopTemplate.h"
+
+#include <memory>
+
+class CrewTable;
+class CVrkCliSes;
+class OrgStructDialog;
+namespace Ui
+{
+class AppendWorkerDialog;
+}
+
+/// Adds dispatchers to the open workshift and leaves a record in the journal that says so.
+class AppendWorkerDialog : public CPopTemplate
+{
+    Q_OBJECT
+
+public:
+    /// \a parent is the module.
+    explicit AppendWorkerDialog(QWidget* parent, int flag = -1);
+    ~AppendWorkerDialog() override;
+
+    void setOrgStructDialog(OrgStructDialog* dialog) { m_orgStructDialog = dialog; }
+    void setDepartmentKey(const QString& key) { m_departmentKey = key; }
+    /// The author of the record.
+    void setWorkerKey(const QString& key) { m_workerKey = key; }
+    void setWorkersTable(CModelTable* table) { m_workers = table; }
+    /// The rows of the open workshift.
+    void setWorkersWorkshiftTable(CModelTable* table) { m_crewRows = table; }
+    void setRolesTable(CModelTable* table) { m_roles = table; }
+    void setWorkersRoleTable(CModelTable* table) { m_workerRoles = table; }
+    void setWorkshiftRecord(MDRData* record);
+
+    /// The text of the record, a template that no table holds, with a parameter for each of \a count workers.
+    static QString hardTemplate(int count);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void reload();
+    void updateApplyEnabled();
+    void updateTemplate();
+    void showOrgStructDialog();
+    void appendWorker(const QString& workerKey);
+    void workerLinkClicked(const QString& link);
+    void apply();
+    void writeRecord();
+    CVrkCliSes* session() const;
+
+    OrgStructDialog* m_orgStructDialog = nullptr;
+    QString m_departmentKey;
+    QString m_workerKey;
+    QByteArray m_workshiftKey;
+    CModelTable* m_workers = nullptr;
+    CModelTable* m_crewRows = nullptr;
+    CModelTable* m_roles = nullptr;
+    CModelTable* m_workerRoles = nullptr;
+    CModelTable m_pending; ///< the rows to be added, of LogbookWorkersWorkshift in spite of its name: meant
+    CrewTable* m_crew = nullptr;
+    std::unique_ptr<Ui::AppendWorkerDialog> m_form;
+};

@@ -1,0 +1,77 @@
+#include "WorkshiftInfoDialog.h"
+
+#include "CModelTable.h"
+#include "CrewTable.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "HfnWrapper.h"
+#include "RecordValue.h"
+#include "ui_WorkshiftInfoDialog.h"
+
+#include <QKeyEvent>
+
+namespace
+{
+CVrkCliSes* sessionOf(const QObject* dialog)
+{
+    return static_cast<CVrkCliMod*>(dialog->parent())->session();
+}
+} // namespace
+
+WorkshiftInfoDialog::WorkshiftInfoDialog(QWidget* parent, int flag)
+    : CPopTemplate(parent, flag), m_form(new Ui::WorkshiftInfoDialog)
+{
+    m_form->setupUi(this);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/info.png")));
+    m_crew = new CrewTable(m_form->workersTable, sessionOf(this)->codec(), this);
+    m_crew->setNames(CrewTable::ShortNames);
+    connect(m_form->closeButton, &QPushButton::clicked, this, &WorkshiftInfoDialog::close);
+}
+
+WorkshiftInfoDialog::~WorkshiftInfoDialog() = default;
+
+void WorkshiftInfoDialog::showEvent(QShowEvent* event)
+{
+    reload();
+    resize(300, 300);
+    moveToCenter();
+    CPopTemplate::showEvent(event);
+}
+
+void WorkshiftInfoDialog::reload()
+{
+    for (QLabel* label : {m_form->startValue, m_form->endValue, m_form->openValue, m_form->closeValue})
+        label->clear();
+    m_crew->clear();
+    if (!m_workshift)
+        return;
+
+    CVrkCliSes* session = sessionOf(this);
+    const auto showTime = [&](QLabel* label, const char* field) {
+        label->setText(session->HfnTimeToSesTime(recordValue(m_workshift, field).value.real)
+                           .toString(QStringLiteral("dd.MM.yyyy hh:mm")));
+    };
+    showTime(m_form->startValue, "startTime");
+    showTime(m_form->endValue, "endTime");
+    const auto showWorker = [&](QLabel* caption, QLabel* label, const char* field) {
+        const MDRVar key = recordValue(m_workshift, field);
+        caption->setVisible(!key.isNull);
+        label->setVisible(!key.isNull);
+        label->setText(
+            HfnWrapper::workerFullName(session->codec(), m_workers, QString::fromUtf8(MDRValue::bytes(key))));
+    };
+    showWorker(m_form->openLabel, m_form->openValue, "OpenWorkerKey");
+    showWorker(m_form->closeLabel, m_form->closeValue, "CloseWorkerKey");
+
+    m_crew->setTables(m_workers, m_roles, m_workerRoles);
+    for (int position = 0; m_crewRows && position < m_crewRows->data.RecCount(); ++position)
+        m_crew->append(QString::fromUtf8(
+            MDRValue::bytes(recordValue(MDARec(m_crewRows->data.array, 0, position), "WorkerKey"))));
+}
+
+void WorkshiftInfoDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    QWidget::keyPressEvent(event);
+}

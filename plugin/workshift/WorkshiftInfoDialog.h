@@ -1,0 +1,49 @@
+#pragma once
+
+#include "CPopTemplate.h"
+#include "MDArray.h"
+
+#include <memory>
+
+class CModelTable;
+class CrewTable;
+namespace Ui
+{
+class WorkshiftInfoDialog;
+}
+
+/// Shows a workshift: its interval, who opened and who closed it, everybody who belongs to it.
+class WorkshiftInfoDialog : public CPopTemplate
+{
+    Q_OBJECT
+
+public:
+    /// \a parent is the module.
+    explicit WorkshiftInfoDialog(QWidget* parent, int flag = -1);
+    ~WorkshiftInfoDialog() override;
+
+    void setWorkersTable(CModelTable* table) { m_workers = table; }
+    void setWorkshiftsTable(CModelTable* table) { m_workshifts = table; }
+    /// The rows of the workshift shown.
+    void setWorkersWorkshiftTable(CModelTable* table) { m_crewRows = table; }
+    void setRolesTable(CModelTable* table) { m_roles = table; }
+    void setWorkersRoleTable(CModelTable* table) { m_workerRoles = table; }
+    /// The workshift of the next showing; null shows nothing.
+    void setWorkshiftRecord(MDRData* record) { m_workshift = record; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void reload();
+
+    CModelTable* m_workers = nullptr;
+    CModelTable* m_workshifts = nullptr;
+    CModelTable* m_crewRows = nullptr;
+    CModelTable* m_roles = nullptr;
+    CModelTable* m_workerRoles = nullptr;
+    MDRData* m_workshift = nullptr;
+    CrewTable* m_crew = nullptr;
+    std::unique_ptr<Ui::WorkshiftInfoDialog> m_form;
+};

@@ -1,0 +1,94 @@
+#include "WorkshiftsDialog.h"
+
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "LogbookTables.h"
+#include "LogText.h"
+#include "RecordValue.h"
+#include "ui_WorkshiftsDialog.h"
+
+#include <QKeyEvent>
+
+WorkshiftsDialog::WorkshiftsDialog(QWidget* parent, int flag)
+    : CPopTemplate(parent, flag), m_form(new Ui::WorkshiftsDialog)
+{
+    m_form->setupUi(this);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/workshift.png")));
+    connect(m_form->workshiftsList, &QListWidget::currentRowChanged, this,
+            &WorkshiftsDialog::updateStateControls);
+    connect(m_form->workshiftsList, &QListWidget::doubleClicked, this, &WorkshiftsDialog::apply);
+    connect(m_form->applyButton, &QPushButton::clicked, this, &WorkshiftsDialog::apply);
+    connect(m_form->cancelButton, &QPushButton::clicked, this, &WorkshiftsDialog::close);
+}
+
+WorkshiftsDialog::~WorkshiftsDialog() = default;
+
+void WorkshiftsDialog::showEvent(QShowEvent* event)
+{
+    m_form->applyButton->setEnabled(false);
+    reloadWorkshifts();
+    m_form->workshiftsList->setCurrentRow(0);
+    updateStateControls();
+    resize(300, 400);
+    moveToCenter();
+    CPopTemplate::showEvent(event);
+}
+
+void WorkshiftsDialog::updateStateControls()
+{
+    m_form->applyButton->setEnabled(m_form->workshiftsList->currentRow() >= 0);
+}
+
+void WorkshiftsDialog::reloadWorkshifts()
+{
+    const QString signature = QStringLiteral("void WorkshiftsDialog::reloadWorkshifts()");
+    m_form->workshiftsList->clear();
+    if (m_departmentKey.isEmpty()) {
+        LogText::warn(signature, QStringLiteral("failed upload workshifts: department keyLink is empty!"));
+        return;
+    }
+    CVrkCliSes* session = static_cast<CVrkCliMod*>(parent())->session();
+    const QString sql = QString::fromLatin1(LogbookSql::ClosedWorkshifts)
+                            .arg(QLatin1String(LogbookTable::Workshifts), QStringLiteral("DepartmentKey"),
+                                 m_departmentKey, QStringLiteral("CloseWorkerKey"));
+    CMDArray workshifts;
+    workshifts = session->SqlRequest(sql.toUtf8().constData());
+    if (!workshifts.array) {
+        LogText::warn(signature, QStringLiteral("error SQL query execution [%1]").arg(sql));
+        return;
+    }
+    workshifts.KeyAdd("KeyLink", 0);
+    workshifts.KeyAdd("startTime:0x4", 0);
+    while (MDAKeyCount(workshifts.array) > 2)
+        workshifts.lastError = MDAKeyDel(workshifts.array, 0);
+
+    for (int position = 0; position < MDAKeyRecCount(workshifts.array, 1); ++position) {
+        const MDRData* workshift = MDARec(workshifts.array, 1, position);
+        const auto time = [&](const char* field) {
+            return session->HfnTimeToSesTime(recordValue(workshift, field).value.real)
+                .toString(QStringLiteral("dd.MM.yyyy hh:mm"));
+        };
+        auto* item = new QListWidgetItem(time("startTime") + QStringLiteral(" - ") + time("endTime"),
+                                         m_form->workshiftsList);
+        item->setData(Qt::UserRole, QString::fromLatin1(MDRValue::bytes(recordValue(workshift, "KeyLink"))));
+    }
+}
+
+void WorkshiftsDialog::apply()
+{
+    if (const QListWidgetItem* item = m_form->workshiftsList->currentItem()) {
+        const QString key = item->data(Qt::UserRole).toString();
+        if (!key.isEmpty())
+            emit workshiftSelected(key);
+    }
+    close();
+}
+
+void WorkshiftsDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Enter && m_form->applyButton->isEnabled())
+        apply();
+    else if (event->key() == Qt::Key_Escape)
+        close();
+    QWidget::keyPressEvent(event);
+}

@@ -1,0 +1,233 @@
+#include "ChangeFeed.h"
+#include "CMDArray.h"
+#include "GenGuid32.h"
+#include "PgConnection.h"
+#include "PrivateCluster.h"
+#include "StoreAdmin.h"
+#include "TestStore.h"
+
+#include <QtTest>
+
+/// A server that stops, freezes, dies or is replaced under its clients.
+class PostgresStore_link_test : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<PrivateCluster> m_cluster;
+    int m_count = 0;
+    QString m_url;
+
+    std::unique_ptr<Store> open(int deadlineMs = 15000)
+    {
+        Store::Options options;
+        options.loader = true;
+        options.deadlineMs = deadlineMs;
+        StoreError error;
+        auto store = Store::open(m_url, options, &error);
+        if (!store)
+            qFatal("%s %s", qPrintable(error.text), qPrintable(error.detail));
+        return store;
+    }
+    bool write(Store* store, const QByteArray& key, StoreError* error = nullptr)
+    {
+        return TestStore::write(store, "Roles", ROW_INSERT, key, {}, error);
+    }
+    int count(Store* store, const QByteArray& sql)
+    {
+        StoreError error;
+        CMDArray answer;
+        answer = store->select(sql, &error);
+        return answer.array ? TestStore::field(answer.array, "n").toInt() : -1;
+    }
+
+private slots:
+    void initTestCase() { m_cluster = std::make_unique<PrivateCluster>(); }
+    void init()
+    {
+        m_url = m_cluster->url(QStringLiteral("site%1").arg(++m_count));
+        StoreError error;
+        QVERIFY2(StoreAdmin::init(m_url, "Windows-1251", "Europe/Moscow", &error),
+                 qPrintable(error.text + error.detail));
+    }
+
+    void restartedServerIsFoundAgainByRequests()
+    {
+        const auto store = open();
+        QVERIFY(write(store.get(), "A"));
+        m_cluster->stop();
+        StoreError error;
+        QVERIFY(!write(store.get(), "B", &error));
+        QCOMPARE(error.code, StoreError::Lost);
+        m_cluster->start();
+        QVERIFY(write(store.get(), "B"));
+        QCOMPARE(count(store.get(), "SELECT count(*) AS n FROM Roles"), 2);
+    }
+
+    void frozenServerIsToldWithinTheDeadline()
+    {
+        const auto store = open(1000);
+        m_cluster->freeze();
+        QElapsedTimer clock;
+        clock.start();
+        StoreError error;
+        QVERIFY(!write(store.get(), "A", &error));
+        QCOMPARE(error.code, StoreError::Lost);
+        QVERIFY2(clock.elapsed() < 4000, qPrintable(QString::number(clock.elapsed())));
+        // Reading changes does not wait for a connection at all.
+        ChangePosition position;
+        clock.start();
+        QVERIFY(!store->position(&position, &error));
+        QCOMPARE(error.code, StoreError::Lost);
+        QVERIFY2(clock.elapsed() < 500, qPrintable(QString::number(clock.elapsed())));
+        m_cluster->thaw();
+        QTRY_VERIFY(store->position(&position, &error));
+        QVERIFY(write(store.get(), "A") || count(store.get(), "SELECT count(*) AS n FROM Roles") == 1);
+    }
+
+    void lostAndFoundAreToldOnceAndNothingIsMissed()
+    {
+        const auto store = open();
+        ChangeFeed feed(store.get());
+        QStringList arrived;
+        connect(&feed, &ChangeFeed::arrived, this, [&](const QVector<StoreChange>& changes) {
+            for (const StoreChange& change : changes)
+                arrived.append(QString::fromLatin1(change.key));
+        });
+        int lost = 0;
+        connect(&feed, &ChangeFeed::lost, this, [&] { ++lost; });
+        QSignalSpy found(&feed, &ChangeFeed::found);
+        StoreError error;
+        QVERIFY(feed.start(&error));
+        QVERIFY(write(open().get(), "A"));
+        QTRY_COMPARE(arrived.size(), 1);
+        m_cluster->kill();
+        QTRY_COMPARE(lost, 1);
+        m_cluster->start();
+        QVERIFY(write(open().get(), "B"));
+        QTRY_COMPARE(found.size(), 1);
+        QTRY_COMPARE(arrived.join(QString()), QStringLiteral("AB"));
+        QCOMPARE(lost, 1);
+    }
+
+    void acknowledgedWritesOutliveAKilledServerWhateverTheSessionAsksFor()
+    {
+        m_cluster->exec(QStringLiteral(
+            "ALTER SYSTEM SET synchronous_commit = off; ALTER SYSTEM SET wal_writer_delay = '10s'"));
+        m_cluster->stop();
+        m_cluster->start();
+        for (int round = 0; round < 3; ++round) {
+            auto store = open();
+            for (int i = 0; i < 10; ++i)
+                QVERIFY(write(store.get(), QByteArray::number(10 * round + i)));
+            m_cluster->kill();
+            m_cluster->start();
+            QCOMPARE(count(open().get(), "SELECT count(*) AS n FROM Roles"), 10 * (round + 1));
+        }
+        m_cluster->exec(QStringLiteral("ALTER SYSTEM RESET ALL"));
+        m_cluster->stop();
+        m_cluster->start();
+        QVector<StoreAdmin::Finding> findings;
+        StoreError error;
+        QVERIFY(StoreAdmin::check(m_url, &findings, &error));
+        for (const auto& finding : findings)
+            QFAIL(qPrintable(finding.text));
+    }
+
+    void runawaySelectIsCancelledOnTheServer()
+    {
+        const auto store = open(300);
+        StoreError error;
+        CMDArray answer;
+        answer = store->select("SELECT count(*) FROM generate_series(1, 1000000000000)", &error);
+        QVERIFY(!answer.array);
+        QCOMPARE(error.code, StoreError::Lost);
+        const auto other = open();
+        QTRY_COMPARE(count(other.get(),
+                           "SELECT count(*) AS n FROM pg_stat_activity WHERE state = 'active' AND "
+                           "pid <> pg_backend_pid() AND query LIKE '%generate_series%'"),
+                     0);
+    }
+
+    void restoredDatabaseIsAnotherHistory()
+    {
+        auto store = open();
+        QVERIFY(write(store.get(), "A"));
+        ChangePosition position;
+        StoreError error;
+        QVERIFY(store->position(&position, &error));
+        QCOMPARE(position.number, 1);
+        store.reset();
+        const QString name = QStringLiteral("site%1").arg(m_count);
+        QCOMPARE(m_cluster->exec(QStringLiteral("ALTER DATABASE %1 RENAME TO %1_old").arg(name)), QString());
+        QCOMPARE(m_cluster->exec(QStringLiteral("CREATE DATABASE %1 TEMPLATE %1_old").arg(name)), QString());
+        store = open();
+        QVector<StoreChange> changes;
+        QVERIFY(!store->changesAfter(&position, 10, &changes, &error));
+        QCOMPARE(error.code, StoreError::NotAStore);
+    }
+
+    void tablesAreNotTruncated()
+    {
+        for (const char* table : {"LogbookRecords CASCADE", "Roles", "ChangeLog", "ChangeTransactions"})
+            QVERIFY(!m_cluster
+                         ->exec(QStringLiteral("TRUNCATE %1").arg(QLatin1String(table)),
+                                QStringLiteral("site%1").arg(m_count))
+                         .isEmpty());
+    }
+
+    void personsGetInUnderTheirOwnNameOnly()
+    {
+        StoreError error;
+        QVERIFY2(StoreAdmin::addUser(m_url, QStringLiteral("orlov"), QStringLiteral("Орлов"), &error),
+                 qPrintable(error.text + error.detail));
+        QVERIFY(StoreAdmin::addUser(m_url, QStringLiteral("belov"), QStringLiteral("Белов"), &error));
+        const QString own = m_cluster->url(QStringLiteral("site%1").arg(m_count), QStringLiteral("orlov"));
+        const auto store = Store::open(own, {}, &error);
+        QVERIFY2(store != nullptr, qPrintable(error.text + error.detail));
+        QVERIFY(store->logins().isEmpty());
+        StoreLogin user;
+        QVERIFY(!store->signIn(QStringLiteral("belov"), &user, &error));
+        QCOMPARE(error.code, StoreError::Refused);
+        QCOMPARE(error.text, QString::fromUtf8("С сервером соединился «orlov», а не «belov»."));
+        QVERIFY(store->signIn(QString(), &user, &error));
+        QCOMPARE(user.login, QStringLiteral("orlov"));
+        QVERIFY(!TestStore::write(store.get(), "Roles", ROW_INSERT, "X", {}, &error));
+        QCOMPARE(error.code, StoreError::Refused);
+        // Asking to be the loader does not make one.
+        Store::Options loader;
+        loader.loader = true;
+        const auto pretender = Store::open(own, loader, &error);
+        QVERIFY(!TestStore::write(pretender.get(), "Roles", ROW_INSERT, "X", {}, &error));
+        QCOMPARE(error.code, StoreError::Refused);
+    }
+
+    void clientsMayNotChangeWhatIsTheStoresOwn_data()
+    {
+        QTest::addColumn<QString>("sql");
+        for (const char* sql :
+             {"INSERT INTO ChangeLog (number, tableName, rowKey, event) VALUES (1, 'x', 'y', 601)",
+              "UPDATE ChangeHead SET number = 0", "DELETE FROM ChangeTransactions",
+              "INSERT INTO ChangePending DEFAULT VALUES", "UPDATE StoreProperties SET value = ''",
+              "DELETE FROM StoreFiles", "TRUNCATE Roles", "CREATE TABLE x (y text)",
+              "ALTER TABLE Roles DISABLE TRIGGER ALL", "SET ROLE vrk_owner",
+              "SET SESSION AUTHORIZATION postgres", "SET session_replication_role = replica",
+              "CREATE TEMP TABLE users (login text)", "DROP FUNCTION vrk_refuse(text)",
+              "GRANT vrk_loader TO orlov"})
+            QTest::newRow(sql) << QString::fromLatin1(sql);
+    }
+    void clientsMayNotChangeWhatIsTheStoresOwn()
+    {
+        QFETCH(QString, sql);
+        StoreError error;
+        QVERIFY(StoreAdmin::addUser(m_url, QStringLiteral("orlov"), QStringLiteral("Орлов"), &error));
+        PgConnection link(m_cluster->url(QStringLiteral("site%1").arg(m_count), QStringLiteral("orlov")),
+                          15000);
+        QVERIFY(link.connect(link.connectMs(), &error));
+        QVERIFY(link.exec("SELECT set_config('vrk.batch_key', 'x', false)", &error));
+        QVERIFY(!link.exec(sql.toUtf8(), &error));
+        QCOMPARE(link.failureState(), QByteArray("42501"));
+    }
+};
+
+QTEST_GUILESS_MAIN(PostgresStore_link_test)
+#include "PostgresStore_link_test.moc"

@@ -1,0 +1,170 @@
+#include "PrivateCluster.h"
+
+#include "PgConnection.h"
+#include "TestFolder.h"
+
+#include <csignal>
+#include <pwd.h>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QThread>
+#include <QUrl>
+#include <unistd.h>
+
+namespace
+{
+constexpr int startMs = 60000;
+
+QString program(const char* name)
+{
+    // The newest server that is installed; its programs are in nobody's PATH.
+    const QString root = QStringLiteral("/usr/lib/postgresql");
+    const QStringList versions = QDir(root).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    if (versions.isEmpty())
+        qFatal("PostgreSQL is not installed: packaging/dependencies.sh test");
+    return QStringLiteral("%1/%2/bin/%3").arg(root, versions.last(), QLatin1String(name));
+}
+
+bool isRoot()
+{
+    return geteuid() == 0;
+}
+} // namespace
+
+PrivateCluster::PrivateCluster(const QByteArray& settings) : m_folder(testFolderTemplate())
+{
+    if (isRoot()) {
+        const passwd* user = getpwnam("postgres");
+        if (!user || chown(m_folder.path().toLocal8Bit().constData(), user->pw_uid, user->pw_gid) != 0)
+            qFatal("the server cannot be run as an ordinary user");
+    }
+    QStringList line = asOrdinaryUser() +
+                       QStringList{program("initdb"),
+                                   QStringLiteral("--pgdata=") + m_folder.filePath(QStringLiteral("data")),
+                                   QStringLiteral("--username=postgres"),
+                                   QStringLiteral("--auth=trust"),
+                                   QStringLiteral("--encoding=UTF8"),
+                                   QStringLiteral("--locale=C.UTF-8"),
+                                   QStringLiteral("--no-sync")};
+    QProcess initdb;
+    initdb.setProcessChannelMode(QProcess::MergedChannels);
+    initdb.setWorkingDirectory(QStringLiteral("/"));
+    initdb.start(line.takeFirst(), line);
+    if (!initdb.waitForFinished(startMs) || initdb.exitCode() != 0)
+        qFatal("initdb failed: %s", initdb.readAll().constData());
+    QFile configuration(m_folder.filePath(QStringLiteral("data/postgresql.conf")));
+    if (!configuration.open(QIODevice::Append))
+        qFatal("the server cannot be configured");
+    configuration.write(
+        "\nlisten_addresses = ''\nunix_socket_directories = '" + m_folder.path().toUtf8() +
+        "'\nfsync = off\nfull_page_writes = off\nmax_connections = 420\nshared_buffers = 32MB\n"
+        "max_wal_size = 64MB\nmin_wal_size = 32MB\nlog_min_messages = warning\n" +
+        settings + "\n");
+    configuration.close();
+    start();
+}
+
+PrivateCluster::~PrivateCluster()
+{
+    if (m_server.state() != QProcess::NotRunning) {
+        thaw();
+        stop();
+    }
+}
+
+PrivateCluster& PrivateCluster::shared()
+{
+    static PrivateCluster cluster;
+    return cluster;
+}
+
+QStringList PrivateCluster::asOrdinaryUser() const
+{
+    QStringList line{QStringLiteral("setpriv"), QStringLiteral("--pdeathsig=QUIT")};
+    if (isRoot())
+        line += QStringList{QStringLiteral("--reuid=postgres"), QStringLiteral("--regid=postgres"),
+                            QStringLiteral("--clear-groups")};
+    return line;
+}
+
+QString PrivateCluster::url(const QString& database, const QString& role) const
+{
+    return QStringLiteral("postgresql://%1@/%2?host=%3")
+        .arg(QString::fromLatin1(QUrl::toPercentEncoding(role)), database,
+             QString::fromLatin1(QUrl::toPercentEncoding(m_folder.path())));
+}
+
+void PrivateCluster::start()
+{
+    QStringList line = asOrdinaryUser() + QStringList{program("postgres"), QStringLiteral("-D"),
+                                                      m_folder.filePath(QStringLiteral("data"))};
+    m_server.setWorkingDirectory(QStringLiteral("/"));
+    m_server.setProcessChannelMode(QProcess::MergedChannels);
+    m_server.setStandardOutputFile(m_folder.filePath(QStringLiteral("log")), QIODevice::Append);
+    m_server.start(line.takeFirst(), line);
+    QElapsedTimer clock;
+    clock.start();
+    // Asking is the only way to know that a server answers; a server that has ended will not.
+    while (!exec(QString()).isEmpty()) {
+        m_server.waitForFinished(0);
+        if (clock.hasExpired(startMs) || m_server.state() == QProcess::NotRunning)
+            qFatal("the server of the tests does not start");
+        QThread::msleep(20);
+    }
+}
+
+void PrivateCluster::stop()
+{
+    ::kill(static_cast<pid_t>(m_server.processId()), SIGINT);
+    if (!m_server.waitForFinished(startMs))
+        qFatal("the server of the tests does not stop");
+}
+
+QList<qint64> PrivateCluster::processes() const
+{
+    QList<qint64> all{m_server.processId()};
+    const QStringList entries = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
+    for (const QString& entry : entries) {
+        bool isNumber = false;
+        const qint64 id = entry.toLongLong(&isNumber);
+        QFile status(QStringLiteral("/proc/%1/stat").arg(entry));
+        if (!isNumber || !status.open(QIODevice::ReadOnly))
+            continue;
+        const QByteArray line = status.readAll();
+        const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
+        if (fields.value(1).toLongLong() == m_server.processId())
+            all.append(id);
+    }
+    return all;
+}
+
+void PrivateCluster::freeze()
+{
+    for (const qint64 id : processes())
+        ::kill(static_cast<pid_t>(id), SIGSTOP);
+}
+
+void PrivateCluster::thaw()
+{
+    for (const qint64 id : processes())
+        ::kill(static_cast<pid_t>(id), SIGCONT);
+}
+
+void PrivateCluster::kill()
+{
+    // The first one first: it would tell the others to end in order.
+    for (const qint64 id : processes())
+        ::kill(static_cast<pid_t>(id), SIGKILL);
+    m_server.waitForFinished(startMs);
+}
+
+QString PrivateCluster::exec(const QString& sql, const QString& database) const
+{
+    StoreError error;
+    PgConnection link(url(database), startMs);
+    if (link.connect(link.connectMs(), &error) &&
+        link.exec(sql.isEmpty() ? QByteArray("SELECT 1") : sql.toUtf8(), &error))
+        return QString();
+    return error.detail.isEmpty() ? error.text : error.detail;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <QByteArray>
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+/// A PostgreSQL server of the tests' own: its data in a temporary folder, reached by a socket there and by no network,
+/// run as an ordinary user, gone with the process whatever ends it. Any failure ends the program.
+class PrivateCluster
+{
+public:
+    /// Makes the cluster and starts it. \a settings are lines for its configuration.
+    explicit PrivateCluster(const QByteArray& settings = QByteArray());
+    ~PrivateCluster();
+    PrivateCluster(const PrivateCluster&) = delete;
+    PrivateCluster& operator=(const PrivateCluster&) = delete;
+
+    /// The one that all test stores of a process share, started at the first use.
+    static PrivateCluster& shared();
+
+    /// The folder with the server's socket.
+    QString socketFolder() const { return m_folder.path(); }
+    /// The address of a database for a role; that of the server's administrator is "postgres".
+    QString url(const QString& database, const QString& role = QStringLiteral("postgres")) const;
+
+    void start();
+    void stop();
+    /// Stops all its processes where they stand, and lets them go on.
+    void freeze();
+    void thaw();
+    /// Ends it by signal 9 with all its processes, so that it has to recover at the next start.
+    void kill();
+
+    /// Runs statements as the administrator; the server's message, empty for success.
+    QString exec(const QString& sql, const QString& database = QStringLiteral("postgres")) const;
+
+private:
+    QStringList asOrdinaryUser() const;
+    QList<qint64> processes() const;
+
+    QTemporaryDir m_folder;
+    QProcess m_server;
+};
