@@ -256,5 +256,5 @@ void TemplateTab::whereInsert(int& row, QModelIndex& parent, TEventNciParse* eve
         parent = m_model->indexByRecord(TemplateTables::recordByKeyLink(folders, key.value.text.data));
     const bool isTop = isCategory && !scopeField && !MDRValue::hasText(key);
     if (parent.isValid() || isTop)
-        row = m_model->folderCount(parent);
+        row = isCategory ? m_model->nextCategoryRow(parent) : m_model->nextTemplateRow(parent);
 }

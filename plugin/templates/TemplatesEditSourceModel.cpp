@@ -255,6 +255,17 @@ int TemplatesEditSourceModel::folderCount(const QModelIndex& parent) const
     return isTopOfRoots(above) ? rootCount() : rowsUnder(above).folders();
 }
 
+int TemplatesEditSourceModel::nextCategoryRow(const QModelIndex& parent) const
+{
+    return static_cast<int>(rowsUnder(recordByIndex(parent)).categories.count);
+}
+
+int TemplatesEditSourceModel::nextTemplateRow(const QModelIndex& parent) const
+{
+    const Rows rows = rowsUnder(recordByIndex(parent));
+    return rows.folders() + static_cast<int>(rows.templates.count);
+}
+
 int TemplatesEditSourceModel::columnCount(const QModelIndex&) const
 {
     return 1;
@@ -360,6 +371,8 @@ QVariant TemplatesEditSourceModel::data(const QModelIndex& index, int role) cons
 
 Qt::ItemFlags TemplatesEditSourceModel::flags(const QModelIndex& index) const
 {
+    if (!index.isValid()) // the empty area below a tree of categories takes a drop, which the page then refuses
+        return m_editable && m_level.roots == TemplateLevel::NoRoots ? Qt::ItemIsDropEnabled : Qt::NoItemFlags;
     if (!m_editable)
         return Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     const Qt::ItemFlags base = QAbstractItemModel::flags(index);
