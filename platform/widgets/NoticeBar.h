@@ -1,7 +1,5 @@
 #pragma once
 
-#include "VrkExport.h"
-
 #include <QFrame>
 #include <QVector>
 
@@ -10,7 +8,7 @@ class QLabel;
 
 /// A line inside a window that tells something or asks: an icon, a text, and buttons for what can be done about it.
 /// Hidden until it is shown; asks nothing of the window but its place.
-class VRK_EXPORT NoticeBar : public QFrame
+class NoticeBar : public QFrame
 {
     Q_OBJECT
 
