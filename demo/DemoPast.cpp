@@ -137,7 +137,8 @@ void DemoPast::writeChief(DemoShift* shift, DemoFiller* filler)
         QStringLiteral("Схема для тренировки устарела: СВ-10 ПС Кирпичная с прошлой недели включён."), 0);
     m_journal->comment(
         order, senior, second + 20 * minute,
-        QStringLiteral("ОВБ № 4 до вечера без автомобиля, на это время её заменит бригада Луговой группы."), 0);
+        QStringLiteral("ОВБ № 4 до вечера без автомобиля, на это время её заменит бригада Луговой группы."),
+        0);
     m_journal->comment(order, engineer, second + 55 * minute,
                        QStringLiteral("Электростанция проверена под нагрузкой, топлива на 16 часов."), 0);
 }

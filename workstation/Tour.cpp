@@ -8,12 +8,15 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QCoreApplication>
+#include <QDateEdit>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QTabWidget>
@@ -78,8 +81,8 @@ QAbstractItemView* records(QWidget* window)
     return window->findChild<QAbstractItemView*>(QStringLiteral("recordsTable"));
 }
 
-/// Makes the row current whose text holds these words; false when there is none.
-bool selectRecord(QWidget* window, const QString& words)
+/// Makes the last row current whose text holds these words and that, once it is current, fits; false when there is none.
+bool selectRecord(QWidget* window, const QString& words, const std::function<bool()>& fits = {})
 {
     QAbstractItemView* view = records(window);
     const QAbstractItemModel* model = view->model();
@@ -88,6 +91,8 @@ bool selectRecord(QWidget* window, const QString& words)
             const QModelIndex index = model->index(row, column);
             if (index.data().toString().contains(words)) {
                 view->setCurrentIndex(index);
+                if (fits && !fits())
+                    break;
                 view->scrollTo(index, QAbstractItemView::PositionAtCenter);
                 settle();
                 return true;
@@ -109,6 +114,41 @@ bool answer(QWidget* box, const QString& text)
         }
     }
     return false;
+}
+
+/// Chooses an entry of the menu behind a button of the tool bar.
+bool trigger(QWidget* window, const char* action)
+{
+    auto* entry = window->findChild<QAction*>(QLatin1String(action));
+    if (!entry || !entry->isEnabled() || !entry->isVisible())
+        return false;
+    entry->trigger();
+    settle();
+    return true;
+}
+
+/// Fills what a template still lacks: a value of the list, or the words.
+void fillGaps(QWidget* dialog, const QString& words)
+{
+    for (int i = 0; auto* editor = dialog->findChild<QWidget*>(QStringLiteral("parameterInput_%1").arg(i));
+         ++i) {
+        auto* line = qobject_cast<QLineEdit*>(editor);
+        auto* text = qobject_cast<QPlainTextEdit*>(editor);
+        auto* list = qobject_cast<QComboBox*>(editor);
+        if ((line && !line->text().isEmpty()) || (text && !text->toPlainText().isEmpty()))
+            continue;
+        editor->setFocus();
+        if (list) {
+            if (list->currentIndex() <= 0)
+                press(dialog, Qt::Key_Down);
+            continue;
+        }
+        type(dialog, words);
+        if (visibleDialog("SuggestionPopup"))
+            press(dialog, Qt::Key_Escape);
+        press(dialog, Qt::Key_Tab);
+    }
+    settle();
 }
 
 QString tr(const char* text)
@@ -187,7 +227,9 @@ bool Tour::playTheme(const QString& theme, const QString& title)
 bool Tour::playScenes(CVrkCliMod* window)
 {
     return sceneWindow(window) && sceneNewRecord(window) && sceneColleague(window) && sceneApproval(window) &&
-           sceneVisa(window) && sceneDeletion(window) && sceneReading(window) && sceneSearch(window);
+           sceneVisa(window) && sceneDeletion(window) && sceneReading(window) && sceneSearch(window) &&
+           sceneMarks(window) && sceneExecution(window) && sceneArchive(window) && sceneHandover(window) &&
+           sceneOpening(window);
 }
 
 bool Tour::sceneWindow(CVrkCliMod* window)
@@ -319,5 +361,118 @@ bool Tour::sceneSearch(CVrkCliMod* window)
     edit->setFocus();
     type(window, tr("заземл"));
     picture(tr("Поиск (Ctrl+F) по видимому тексту, по кругу."));
+    return true;
+}
+
+bool Tour::sceneMarks(CVrkCliMod* window)
+{
+    window->findChild<QToolButton*>(QStringLiteral("closeSearchButton"))->click();
+    if (!selectRecord(window, tr("Установил")))
+        return fail(tr("Запись о заземлении не найдена."));
+    QMetaObject::invokeMethod(
+        records(window), "customContextMenuRequested",
+        Q_ARG(QPoint, records(window)->visualRect(records(window)->currentIndex()).center()));
+    QWidget* menu = QApplication::activePopupWidget();
+    if (!menu)
+        return fail(tr("Меню записи не открылось."));
+    QAction* marker = menu->actions().value(1);
+    menu->close();
+    marker->trigger();
+    settle();
+    QWidget* dialog = visibleDialog("SecondMarkerDialog");
+    if (!dialog)
+        return fail(tr("Окно второго маркера не открылось."));
+    picture(tr("Второй маркер: заземление снято, кто и когда, видно в столбце и в подсказке."));
+    if (!answer(dialog, tr("Применить")))
+        return fail(tr("Второй маркер не применён."));
+    return true;
+}
+
+bool Tour::sceneExecution(CVrkCliMod* window)
+{
+    auto* button = window->findChild<QToolButton*>(QStringLiteral("executionButton"));
+    const auto* approve = window->findChild<QAction*>(QStringLiteral("approveRecordAction"));
+    const auto isApproved = [&] { return button->isEnabled() && !approve->isEnabled(); };
+    if (!selectRecord(window, tr("Не выполнено"), isApproved))
+        return fail(tr("Невыполненное распоряжение не найдено."));
+    button->click();
+    settle();
+    QWidget* dialog = visibleDialog("TimeExecutionDialog");
+    if (!dialog)
+        return fail(tr("Окно времени выполнения не открылось."));
+    picture(tr("Время выполнения распоряжения."));
+    const int before = records(window)->model()->rowCount();
+    if (!answer(dialog, tr("Применить")) ||
+        !wait([&] { return records(window)->model()->rowCount() > before; }))
+        return fail(tr("Время выполнения не записано."));
+    picture(tr("Утверждённая запись заменена новой с временем выполнения; прежняя осталась зачёркнутой."));
+    return true;
+}
+
+bool Tour::sceneArchive(CVrkCliMod* window)
+{
+    if (!trigger(window, "chooseWorkshiftAction"))
+        return fail(tr("Выбор смены недоступен."));
+    QWidget* shifts = visibleDialog("WorkshiftsDialog");
+    if (!shifts)
+        return fail(tr("Окно выбора смены не открылось."));
+    picture(tr("Выбор прошлой смены."));
+    if (!answer(shifts, tr("Применить")) || !trigger(window, "infoWorkshiftAction"))
+        return fail(tr("Прошлая смена не показана."));
+    picture(tr("Прошлая смена в архиве и её состав."));
+    if (QWidget* info = visibleDialog("WorkshiftInfoDialog"))
+        info->close();
+    return trigger(window, "currentWorkshiftAction") || fail(tr("Возврат к текущей смене недоступен."));
+}
+
+bool Tour::sceneHandover(CVrkCliMod* window)
+{
+    if (!trigger(window, "closeWorkshiftAction"))
+        return fail(tr("Закрытие смены недоступно."));
+    QWidget* box = visibleDialog("CPopMessageBox");
+    if (!box)
+        return fail(tr("Вопрос о черновиках не показан."));
+    picture(tr("Сдача смены: сначала вопрос о черновиках."));
+    if (!answer(box, tr("Да")))
+        return fail(tr("В окне вопроса нет ответа «Да»."));
+    QWidget* dialog = visibleDialog("CloseWorkshiftDialog");
+    if (!dialog)
+        return fail(tr("Окно закрытия смены не открылось."));
+    fillGaps(dialog, tr("нет"));
+    picture(tr("Закрытие смены: время, кто принял, запись о сдаче по шаблону."));
+    if (!answer(dialog, tr("Закрыть смену")))
+        return fail(tr("Смена не закрыта."));
+    const auto* action = window->findChild<QAction*>(QStringLiteral("openWorkshiftAction"));
+    if (!wait([action] { return action->isEnabled(); }))
+        return fail(tr("Журнал не увидел закрытия смены."));
+    picture(tr("Смена закрыта, записи неизменны."));
+    return true;
+}
+
+bool Tour::sceneOpening(CVrkCliMod* window)
+{
+    if (!trigger(window, "openWorkshiftAction"))
+        return fail(tr("Открытие смены недоступно."));
+    QWidget* dialog = visibleDialog("OpenWorkshiftDialog");
+    if (!dialog)
+        return fail(tr("Окно открытия смены не открылось."));
+    fillGaps(dialog, tr("нет"));
+    // The shift that was handed over early still runs by plan: the next one begins at its end.
+    auto* button = dialog->findChild<QPushButton*>(QStringLiteral("applyButton"));
+    auto* start = dialog->findChild<QDateEdit*>(QStringLiteral("startDateEdit"));
+    auto* end = dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"));
+    for (int day = 0; day < 3 && !button->isEnabled(); ++day) {
+        end->setDate(end->date().addDays(1));
+        start->setDate(start->date().addDays(1));
+        settle();
+    }
+    picture(tr("Открытие смены: график, интервал, состав и запись о приёме."));
+    if (!button->isEnabled())
+        return fail(tr("Смену нельзя открыть: %1").arg(button->toolTip()));
+    button->click();
+    const auto* create = window->findChild<QToolButton*>(QStringLiteral("createButton"));
+    if (!wait([create] { return create->isEnabled(); }))
+        return fail(tr("Новая смена не открылась."));
+    picture(tr("Новая смена открыта: первая запись о приёме."));
     return true;
 }

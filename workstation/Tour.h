@@ -34,6 +34,11 @@ private:
     bool sceneDeletion(CVrkCliMod* window);
     bool sceneReading(CVrkCliMod* window);
     bool sceneSearch(CVrkCliMod* window);
+    bool sceneMarks(CVrkCliMod* window);
+    bool sceneExecution(CVrkCliMod* window);
+    bool sceneArchive(CVrkCliMod* window);
+    bool sceneHandover(CVrkCliMod* window);
+    bool sceneOpening(CVrkCliMod* window);
 
     /// Runs vrk-admin; false with its error output as errorText().
     bool admin(const QStringList& arguments);

@@ -1,37 +1,330 @@
 #include "TemplateEditor.h"
 
-#include <QTextEdit>
+#include "FillerText.h"
+#include "HtmlParser.h"
+#include "ParameterKind.h"
+#include "TemplateEditorDialog.h"
+#include "TemplateEditorHtml.h"
+#include "TemplateEditorPanel.h"
+#include "TemplateEditorText.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QStyle>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 struct TemplateEditor::Private {
-    QTextEdit* text = nullptr;
-    QString html;
+    explicit Private(TemplateEditor* editor) : q(editor) {}
+
+    void build();
+    QWidget* buildTools();
+    QToolButton* tool(QAction* action, const char* name);
+    QAction* action(const QString& text, const QKeySequence& shortcut, const char* name);
+    void load(const QString& html);
+    void contentsChanged();
+    void showPreview();
+    void showState();
+    void tell(const QString& notice);
+    void editChip(int position);
+    void take(const QString& html);
+
+    TemplateEditor* q;
+    TemplateEditorText* text = nullptr;
+    TemplateEditorPanel* panel = nullptr;
+    FillerText* preview = nullptr;
+    QLabel* notice = nullptr;
+    QAction* bold = nullptr;
+    QAction* struckOut = nullptr;
+    QAction* undo = nullptr;
+    QAction* redo = nullptr;
+    QAction* parameter = nullptr;
+    QAction* insertion = nullptr;
+    QPointer<TemplateEditorDialog> dialog;
+
     bool enabled = true;
+    bool loading = false;
+    QString untouched;  ///< what the text was set to; in force while the document is unmodified
+    QString properties; ///< the elements with template properties
+    QString told;       ///< the text as the receivers know it
+    bool warned = false;
+
+    // Where the cursor was in a text that was cleared: it comes back there when the same text follows.
+    QString clearedText;
+    int clearedPosition = 0;
+    int clearedScroll = 0;
 };
 
-TemplateEditor::TemplateEditor(QWidget* parent) : QWidget(parent), d(new Private)
+void TemplateEditor::Private::build()
 {
-    d->text = new QTextEdit(this);
-    d->text->setObjectName(QStringLiteral("templateEdit"));
-    d->text->setReadOnly(true);
-    auto* layout = new QVBoxLayout(this);
+    text = new TemplateEditorText(q);
+    text->setObjectName(QStringLiteral("templateText"));
+    text->setMinimumHeight(text->fontMetrics().lineSpacing() * 3);
+    preview = new FillerText(q);
+    preview->setObjectName(QStringLiteral("templatePreview"));
+    panel = new TemplateEditorPanel(q);
+    panel->setObjectName(QStringLiteral("templateParameters"));
+    notice = new QLabel(q);
+    notice->setObjectName(QStringLiteral("templateNotice"));
+    notice->setWordWrap(true);
+    notice->setFrameShape(QFrame::StyledPanel);
+    notice->setAutoFillBackground(true);
+    notice->setBackgroundRole(QPalette::ToolTipBase);
+    notice->setForegroundRole(QPalette::ToolTipText);
+    notice->setMargin(3);
+    notice->hide();
+
+    auto* shown = new QWidget(q);
+    auto* shownLayout = new QVBoxLayout(shown);
+    shownLayout->setContentsMargins(0, 0, 0, 0);
+    shownLayout->setSpacing(2);
+    auto* caption = new QLabel(tr("Вид в журнале"), shown);
+    shownLayout->addWidget(caption);
+    shownLayout->addWidget(preview, 1);
+
+    auto* column = new QSplitter(Qt::Vertical, q);
+    column->setObjectName(QStringLiteral("templateTextSplitter"));
+    column->setChildrenCollapsible(false);
+    column->addWidget(text);
+    column->addWidget(shown);
+    column->setStretchFactor(0, 3);
+    column->setStretchFactor(1, 2);
+    auto* sides = new QSplitter(Qt::Horizontal, q);
+    sides->setObjectName(QStringLiteral("templateSplitter"));
+    sides->addWidget(column);
+    sides->addWidget(panel);
+    sides->setCollapsible(0, false);
+    sides->setStretchFactor(0, 1);
+    sides->setStretchFactor(1, 0);
+
+    auto* layout = new QVBoxLayout(q);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(d->text);
+    layout->setSpacing(2);
+    layout->addWidget(buildTools());
+    layout->addWidget(notice);
+    layout->addWidget(sides, 1);
+    q->setFocusProxy(text);
+
+    connect(text->document(), &QTextDocument::contentsChanged, q, [this] { contentsChanged(); });
+    connect(text, &QTextEdit::cursorPositionChanged, q, [this] { showState(); });
+    connect(text, &QTextEdit::selectionChanged, q, [this] { showState(); });
+    connect(text, &QTextEdit::currentCharFormatChanged, q, [this] { showState(); });
+    connect(text, &QTextEdit::undoAvailable, q, [this] { showState(); });
+    connect(text, &QTextEdit::redoAvailable, q, [this] { showState(); });
+    connect(text, &TemplateEditorText::chipRequested, q, [this](int position) { editChip(position); });
+    connect(text, &TemplateEditorText::refused, q, [this](const QString& words) { tell(words); });
+    connect(panel, &TemplateEditorPanel::taken, q, [this](const QString& html) { take(html); });
+    showState();
 }
 
-TemplateEditor::~TemplateEditor() = default;
+QAction* TemplateEditor::Private::action(const QString& words, const QKeySequence& shortcut, const char* name)
+{
+    auto* made = new QAction(words, q);
+    made->setObjectName(QLatin1String(name));
+    made->setShortcut(shortcut);
+    // Several editors may live in one window.
+    made->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    made->setToolTip(words + QLatin1Char(' ') + shortcut.toString(QKeySequence::PortableText));
+    q->addAction(made);
+    return made;
+}
 
-void TemplateEditor::setTextCodec(QTextCodec*) {}
+QToolButton* TemplateEditor::Private::tool(QAction* action, const char* name)
+{
+    auto* button = new QToolButton(q);
+    button->setObjectName(QLatin1String(name));
+    button->setDefaultAction(action);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus); // a click leaves the keyboard in the text
+    return button;
+}
 
-void TemplateEditor::setCatsParametersTable(CModelTable*) {}
+QWidget* TemplateEditor::Private::buildTools()
+{
+    bold = action(tr("Полужирный"), QKeySequence(Qt::CTRL | Qt::Key_B), "boldAction");
+    bold->setIconText(tr("Ж"));
+    bold->setCheckable(true);
+    struckOut = action(tr("Зачёркнутый"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_X), "struckOutAction");
+    struckOut->setIconText(tr("З"));
+    struckOut->setCheckable(true);
+    undo = action(tr("Отменить"), QKeySequence(Qt::CTRL | Qt::Key_Z), "undoAction");
+    redo = action(tr("Вернуть"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), "redoAction");
+    parameter = action(tr("Параметр…"), QKeySequence(Qt::Key_F2), "parameterAction");
+    insertion =
+        action(tr("Найти параметр"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), "findParameterAction");
 
-void TemplateEditor::setParametersTable(CModelTable*) {}
+    auto* tools = new QWidget(q);
+    auto* row = new QHBoxLayout(tools);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(2);
+    QToolButton* boldButton = tool(bold, "boldButton");
+    QFont heavy = boldButton->font();
+    heavy.setBold(true);
+    boldButton->setFont(heavy);
+    QToolButton* struckButton = tool(struckOut, "struckOutButton");
+    QFont struck = struckButton->font();
+    struck.setStrikeOut(true);
+    struckButton->setFont(struck);
+    for (QToolButton* button : {boldButton, struckButton, tool(undo, "undoButton"), tool(redo, "redoButton"),
+                                tool(parameter, "parameterButton")})
+        row->addWidget(button);
+    row->addStretch(1);
+    row->addWidget(tool(insertion, "findParameterButton"));
 
-void TemplateEditor::setParameterFilter(const QStringList&) {}
+    connect(bold, &QAction::triggered, q, [this](bool on) { text->setBold(on); });
+    connect(struckOut, &QAction::triggered, q, [this](bool on) { text->setStruckOut(on); });
+    connect(undo, &QAction::triggered, text, &QTextEdit::undo);
+    connect(redo, &QAction::triggered, text, &QTextEdit::redo);
+    connect(parameter, &QAction::triggered, q, [this] { editChip(text->currentChip()); });
+    connect(insertion, &QAction::triggered, panel, [this] { panel->setFocus(Qt::ShortcutFocusReason); });
+    return tools;
+}
+
+void TemplateEditor::Private::load(const QString& html)
+{
+    const QScopedValueRollback<bool> rollback(loading, true);
+    if (dialog)
+        dialog->reject(); // it belongs to the text that goes
+    untouched = html;
+    told = html;
+    properties = TemplateEditorHtml::properties(html);
+    warned = false;
+    text->setContent(html);
+    notice->hide();
+    showPreview();
+    showState();
+}
+
+void TemplateEditor::Private::contentsChanged()
+{
+    if (loading)
+        return;
+    const QString now = q->templateText();
+    if (now == told)
+        return;
+    told = now;
+    notice->hide();
+    const QStringList lost = warned ? QStringList() : TemplateEditorHtml::uncarried(untouched);
+    if (!lost.isEmpty()) {
+        warned = true;
+        tell(tr("Шаблон не переносит: %1. После правки от них остаётся только текст")
+                 .arg(lost.join(QLatin1String(", "))));
+    }
+    showPreview();
+    emit q->templateChanged(now);
+}
+
+void TemplateEditor::Private::showPreview()
+{
+    const HtmlParser parser(told.toStdString());
+    QVector<FillerText::Shown> shown;
+    for (unsigned i = 0; i < parser.countParameters(); ++i) {
+        const ParameterSpec spec = ParameterSpec::read(parser, i);
+        const QString value = QString::fromStdString(parser.displayText(i));
+        const bool filled = !value.trimmed().isEmpty() && value != spec.label;
+        const ParameterState empty = spec.optional ? ParameterState::LeftEmpty : ParameterState::Missing;
+        shown.append({value.isEmpty() ? spec.label : value, filled ? ParameterState::Filled : empty});
+    }
+    const int scrolled = preview->verticalScrollBar()->value();
+    preview->showText(TemplateText::runs(told), shown);
+    preview->verticalScrollBar()->setValue(scrolled);
+}
+
+void TemplateEditor::Private::showState()
+{
+    for (QAction* each : {bold, struckOut, insertion})
+        each->setEnabled(enabled);
+    bold->setChecked(text->isBold());
+    struckOut->setChecked(text->isStruckOut());
+    undo->setEnabled(enabled && text->document()->isUndoAvailable());
+    redo->setEnabled(enabled && text->document()->isRedoAvailable());
+    parameter->setEnabled(enabled && text->currentChip() >= 0);
+}
+
+void TemplateEditor::Private::tell(const QString& words)
+{
+    notice->setText(words);
+    notice->setAccessibleName(words);
+    notice->show();
+}
+
+void TemplateEditor::Private::editChip(int position)
+{
+    if (!enabled || position < 0 || dialog)
+        return;
+    // A cursor keeps the place when the text around it changes meanwhile.
+    QTextCursor place(text->document());
+    place.setPosition(position);
+    place.setKeepPositionOnInsert(true);
+    const TemplateEditorChip before = text->chipAt(position);
+    dialog = new TemplateEditorDialog(before, q);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, q, [this, place, before] {
+        const TemplateEditorChip after = dialog->chip();
+        if (after.html() != before.html() && text->chipAt(place.position()).html() == before.html())
+            text->replaceChip(place.position(), after);
+    });
+    connect(dialog, &QDialog::finished, text, [this] { text->setFocus(Qt::OtherFocusReason); });
+    dialog->open();
+}
+
+void TemplateEditor::Private::take(const QString& html)
+{
+    text->insertParameter(html);
+    text->setFocus(Qt::OtherFocusReason);
+    const TemplateEditorChip chip = text->chipAt(text->currentChip());
+    if (ParameterSpec::kindOf(chip.property("name")) == ParameterKind::List &&
+        chip.property("list").isEmpty())
+        tell(tr("Список пока пуст: значения задаются в окне параметра (F2)"));
+}
+
+TemplateEditor::TemplateEditor(QWidget* parent) : QWidget(parent), d(new Private(this))
+{
+    d->build();
+}
+
+TemplateEditor::~TemplateEditor()
+{
+    d->text->blockSignals(true); // it may lose the keyboard after d is gone
+    d->text->document()->blockSignals(true);
+    delete d->dialog;
+}
+
+void TemplateEditor::setTextCodec(QTextCodec* codec)
+{
+    d->panel->setTextCodec(codec);
+}
+
+void TemplateEditor::setCatsParametersTable(CModelTable* table)
+{
+    d->panel->setCategories(table);
+}
+
+void TemplateEditor::setParametersTable(CModelTable* table)
+{
+    d->panel->setParameters(table);
+}
+
+void TemplateEditor::setParameterFilter(const QStringList& names)
+{
+    d->panel->setFilter(names);
+}
 
 void TemplateEditor::setEnabled(bool enabled)
 {
     d->enabled = enabled;
+    d->text->setReadOnly(!enabled);
+    if (!enabled)
+        d->text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    d->panel->setTaking(enabled);
+    if (!enabled && d->dialog)
+        d->dialog->reject();
+    d->showState();
 }
 
 bool TemplateEditor::isEnabled() const
@@ -41,20 +334,47 @@ bool TemplateEditor::isEnabled() const
 
 void TemplateEditor::setTemplateText(const QString& html)
 {
-    d->html = html;
-    d->text->setHtml(html);
+    const QString now = templateText();
+    if (html == now)
+        return;
+    if (!now.isEmpty() &&
+        TemplateEditorHtml::withoutProperties(html) == TemplateEditorHtml::withoutProperties(now)) {
+        const bool modified = d->text->document()->isModified();
+        d->properties = TemplateEditorHtml::properties(html);
+        d->untouched = modified ? d->properties + TemplateEditorHtml::withoutProperties(d->untouched) : html;
+        d->told = html;
+        return;
+    }
+    d->load(html);
+    if (html == d->clearedText && !html.isEmpty()) {
+        QTextCursor cursor = d->text->textCursor();
+        cursor.setPosition(qMin(d->clearedPosition, d->text->document()->characterCount() - 1));
+        d->text->setTextCursor(cursor);
+        d->text->verticalScrollBar()->setValue(d->clearedScroll);
+    }
 }
 
 void TemplateEditor::clearTemplateText()
 {
-    setTemplateText(QString());
+    if (!templateText().isEmpty()) {
+        d->clearedText = templateText();
+        d->clearedPosition = d->text->textCursor().position();
+        d->clearedScroll = d->text->verticalScrollBar()->value();
+    }
+    d->load(QString());
 }
 
 QString TemplateEditor::templateText() const
 {
-    return d->html;
+    return d->text->document()->isModified() ? d->properties + d->text->content() : d->untouched;
 }
 
-void TemplateEditor::reloadParameters() {}
+void TemplateEditor::reloadParameters()
+{
+    d->panel->reload();
+}
 
-void TemplateEditor::updateParameters(MDRData*) {}
+void TemplateEditor::updateParameters(MDRData* record)
+{
+    d->panel->update(record);
+}

@@ -326,6 +326,18 @@ QTextCharFormat TemplateText::charFormat(Looks looks)
     return format;
 }
 
+Looks TemplateText::looksOf(const QTextCharFormat& format)
+{
+    Looks looks;
+    looks.setFlag(Bold, format.fontWeight() >= QFont::DemiBold);
+    looks.setFlag(Italic, format.fontItalic());
+    looks.setFlag(Underlined, format.fontUnderline());
+    looks.setFlag(StruckOut, format.fontStrikeOut());
+    looks.setFlag(Raised, format.verticalAlignment() == QTextCharFormat::AlignSuperScript);
+    looks.setFlag(Lowered, format.verticalAlignment() == QTextCharFormat::AlignSubScript);
+    return looks;
+}
+
 QString TemplateText::plain(const QString& html)
 {
     PlainSink sink;

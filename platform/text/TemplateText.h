@@ -28,6 +28,8 @@ struct Run {
 /// The visible passages in order. Each parameter has at least one run, an empty one when it shows nothing.
 VRK_EXPORT QVector<Run> runs(const QString& html);
 VRK_EXPORT QTextCharFormat charFormat(Looks looks);
+/// The inverse; what a format has beyond the looks is passed over.
+VRK_EXPORT Looks looksOf(const QTextCharFormat& format);
 
 /// The visible text in one string: parameters with their shown texts, no-break blanks as blanks. Made for
 /// role 0, search, sorting and copying; a few microseconds a record.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VrkExport.h"
+
 #include <QFrame>
 #include <QVector>
 
@@ -8,7 +10,7 @@ class QLabel;
 
 /// A line inside a window that tells something or asks: an icon, a text, and buttons for what can be done about it.
 /// Hidden until it is shown; asks nothing of the window but its place.
-class NoticeBar : public QFrame
+class VRK_EXPORT NoticeBar : public QFrame
 {
     Q_OBJECT
 

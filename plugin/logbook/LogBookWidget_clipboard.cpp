@@ -37,8 +37,8 @@ void LogBookWidget::copyRecordRequest()
     if (!record)
         return;
     auto* mimeData = new QMimeData;
-    mimeData->setData(QLatin1String(recordFormat),
-                  QByteArray(LogbookTable::Records) + ';' + MDRValue::bytes(recordValue(record, "KeyLink")));
+    mimeData->setData(QLatin1String(recordFormat), QByteArray(LogbookTable::Records) + ';' +
+                                                       MDRValue::bytes(recordValue(record, "KeyLink")));
     QGuiApplication::clipboard()->setMimeData(mimeData);
 }
 

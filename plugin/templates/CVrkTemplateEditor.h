@@ -1,19 +1,37 @@
 #pragma once
 
+#include "CLiteModel.h"
 #include "CVrkCliMod.h"
+#include "Rights.h"
 
-/// The configurator of record templates: the frame that answers the host. Its pages are not there yet, so it
-/// opens on a line that says so.
+#include <memory>
+
+class CPopMessageBox;
+class QLabel;
+class QToolBar;
+class QToolButton;
+class TemplateTab;
+struct TEventNciParse;
+namespace Ui
+{
+class CVrkTemplateEditor;
+}
+
+/// The configurator of record templates: three pages, one for each level of templates, under a tool bar that acts on the
+/// page in front. It finds out the user's rights, loads the tables, hands them to the pages, and then only routes.
 class CVrkTemplateEditor : public CVrkCliMod
 {
     Q_OBJECT
 
 public:
     explicit CVrkTemplateEditor(CVrkCliApp* app);
+    ~CVrkTemplateEditor() override;
 
+    /// False, with an error box, when a table could not be loaded; the pages stay empty then.
     bool ModuleStart() override;
     void ModuleStop() override;
     int MessageOn() override;
+    /// Result 0: an event of the parameter tables whose key is not as expected; otherwise 1.
     int MessageData(HFNCliParam* block) override;
     int SetParamCommand(QString command) override;
     int SetParamProfile(QString profile) override;
@@ -25,6 +43,58 @@ public:
     void ModDataEditPost() override;
     void ModDataEditCancel() override;
 
+    Rights::AdminRights rights() const { return m_rights; }
+    TemplateTab* currentTab() const;
+
+public slots:
+    void closeMsgBox(QAbstractButton* button);
+
 private:
     void setModuleName(const QString& name);
+    void writeLog(const QString& func, const QString& text);
+    void showError(const QString& text);
+
+    void uploadHfnTables();
+    void uploadSqlTables();
+    void uploadSqlTable(CModelTable* table);
+    /// The text of all load failures, a line each; empty if there are none.
+    QString errorUpload() const;
+
+    void createToolBar();
+    QToolButton* appendButton(const QString& name, const QString& icon, const QString& toolTip,
+                              const QKeySequence& shortcut);
+    void createConnections();
+    void connectTab(TemplateTab* tab);
+    void hideTab(TemplateTab* tab);
+    void updateStatusView();
+    void updateControls();
+
+    MDRData* recordByKeyLink(const CModelTable* table, const char* key) const;
+    MDRData* changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event);
+    int parametersChanged(CModelTable* table, TEventNciParse* event);
+    QList<TemplateTab*> tabs() const;
+
+    std::unique_ptr<Ui::CVrkTemplateEditor> m_form;
+    Rights::AdminRights m_rights = Rights::View;
+    QToolBar* m_toolBar = nullptr;
+    QLabel* m_statusLabel = nullptr;
+    QToolButton* m_createButton = nullptr;
+    QToolButton* m_deleteButton = nullptr;
+    QToolButton* m_saveButton = nullptr;
+    QToolButton* m_cancelButton = nullptr;
+    QAction* m_rootFolderAction = nullptr;
+    QAction* m_folderAction = nullptr;
+    QAction* m_templateAction = nullptr;
+    CPopMessageBox* m_messageBox = nullptr;
+
+    std::unique_ptr<CLiteModel> m_model;
+    CModelTable* m_tablesTable = nullptr;
+    CModelTable* m_fieldsTable = nullptr;
+    CModelTable* m_orgTypes = nullptr;
+    CModelTable* m_departments = nullptr;
+    CModelTable* m_parameterCategories = nullptr;
+    CModelTable* m_parameters = nullptr;
+    /// These two only carry the first load to the pages.
+    CModelTable m_categories{"LogbookCatsTemplate"};
+    CModelTable m_templates{"LogbookTemplates"};
 };

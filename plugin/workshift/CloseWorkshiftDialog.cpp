@@ -28,6 +28,9 @@ CloseWorkshiftDialog::CloseWorkshiftDialog(QWidget* parent, int flag)
     m_form->addWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
     m_form->removeWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/delete.png")));
     m_form->clearWorkersButton->setIcon(QIcon(QStringLiteral(":/icons/clear.png")));
+    // The text that is filled in gets the room.
+    m_form->splitter_2->setSizes({340, 860});
+    m_form->splitter->setSizes({280, 580});
     setUpForm(m_form->workersTable, m_form->templatesWidget, m_form->templateFiller,
               QStringLiteral("close_wshift"));
 

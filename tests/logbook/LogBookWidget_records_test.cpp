@@ -6,6 +6,7 @@
 
 #include <QListWidget>
 #include <QMenu>
+#include <QTableWidget>
 #include <QtTest>
 
 /// Creating, editing, deleting, approving and signing records: what reaches the store and what the user is told.
@@ -249,7 +250,13 @@ private slots:
         journal.select("REC_DRAFT_IVANOV");
         auto* list = journal.child<QListWidget>("commentsList");
         list->setFocus();
+        QVERIFY(list->hasFocus());
         QTest::keyClick(list, Qt::Key_Delete);
+        journal.child<QTabWidget>("additionalTab")->setCurrentIndex(1);
+        auto* files = journal.child<QTableWidget>("filesTable");
+        files->setFocus();
+        QVERIFY(files->hasFocus());
+        QTest::keyClick(files, Qt::Key_Delete);
         QVERIFY(isStored(store, "REC_DRAFT_IVANOV"));
         QVERIFY(!journal.box());
     }

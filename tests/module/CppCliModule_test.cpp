@@ -74,7 +74,7 @@ void CppCliModule_test::theFramesAnswerTheHost()
     QVERIFY(converter.ModuleStart());
     QCOMPARE(converter.moduleTitle(), QStringLiteral("Конвертер шаблонов и параметров ОЖ"));
     QCOMPARE(converter.MessageOn(), 0);
-    QVERIFY(!editor.findChild<QLabel*>(QStringLiteral("notice"))->text().isEmpty());
+    QVERIFY(!converter.findChild<QLabel*>(QStringLiteral("notice"))->text().isEmpty());
 }
 
 void CppCliModule_test::theJournalAnswersTheHost()

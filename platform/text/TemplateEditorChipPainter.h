@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QObject>
+#include <QTextObjectInterface>
+
+/// Draws the chips of a document: the caption on a rounded ground, level with the words around it. A dashed
+/// frame says that the parameter may stay empty.
+class TemplateEditorChipPainter : public QObject, public QTextObjectInterface
+{
+    Q_OBJECT
+    Q_INTERFACES(QTextObjectInterface)
+
+public:
+    explicit TemplateEditorChipPainter(QWidget* editor);
+
+    QSizeF intrinsicSize(QTextDocument* document, int position, const QTextFormat& format) override;
+    void drawObject(QPainter* painter, const QRectF& rect, QTextDocument* document, int position,
+                    const QTextFormat& format) override;
+
+private:
+    QWidget* m_editor; ///< lends its palette
+};

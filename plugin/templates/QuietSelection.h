@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QItemSelectionModel>
+#include <QPersistentModelIndex>
+#include <QSignalBlocker>
+
+/// Keeps a selection model from telling that the current row moves while rows come and go under it; unblocks at the end
+/// of its scope.
+class QuietSelection
+{
+public:
+    explicit QuietSelection(QItemSelectionModel* selection)
+        : m_selection(selection), m_blocker(selection), m_current(selection->currentIndex())
+    {
+    }
+
+    /// Ends the silence. True when another row is current than at its beginning.
+    bool end()
+    {
+        m_blocker.unblock();
+        return m_selection->currentIndex() != m_current;
+    }
+
+private:
+    QItemSelectionModel* m_selection;
+    QSignalBlocker m_blocker;
+    QPersistentModelIndex m_current;
+};

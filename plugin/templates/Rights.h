@@ -1,0 +1,11 @@
+#pragma once
+
+/// What the user may do in the configurator.
+namespace Rights
+{
+enum AdminRights {
+    View = 0,       ///< reads
+    LocalAdmin = 1, ///< keeps the templates of his department
+    Admin = 2       ///< keeps all templates
+};
+} // namespace Rights

@@ -1,0 +1,22 @@
+#pragma once
+
+/// What distinguishes a level of templates: common ones, those of types of organizations, those of departments.
+struct TemplateLevel {
+    enum Roots {
+        NoRoots,        ///< the top level of the tree is made of categories
+        OrgTypeRoots,   ///< of the rows of OrgTypes
+        DepartmentRoots ///< of the rows of Departments
+    };
+
+    Roots roots;
+    const char* scopeField; ///< field of a category that names its root row; null without root rows
+    bool takesMoves;        ///< items can be moved by drag and drop
+    bool tellsKey;          ///< the tool tip of an item is its key
+};
+
+namespace TemplateLevels
+{
+constexpr TemplateLevel publicLevel = {TemplateLevel::NoRoots, nullptr, true, false};
+constexpr TemplateLevel orgsLevel = {TemplateLevel::OrgTypeRoots, "OrgTypeKey", true, false};
+constexpr TemplateLevel depsLevel = {TemplateLevel::DepartmentRoots, "DepartmentKey", false, true};
+} // namespace TemplateLevels

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// A marker that a template may carry as its first or second one.
+struct TemplateMarker {
+    const char* label; ///< source text in the context of TemplateTab
+    const char* icon;  ///< resource path, which is the value of the property; null for no marker
+};
+
+/// The choice of markers in the order of the lists.
+constexpr TemplateMarker templateMarkers[] = {
+    {QT_TRANSLATE_NOOP("TemplateTab", "нет"), nullptr},
+    {QT_TRANSLATE_NOOP("TemplateTab", "Авария"), ":/markers/exclamation_mark.png"},
+    {QT_TRANSLATE_NOOP("TemplateTab", "Допуск бригады"), ":/markers/worker_red.png"},
+    {QT_TRANSLATE_NOOP("TemplateTab", "Завершение работ бригады"), ":/markers/worker_blue.png"},
+    {QT_TRANSLATE_NOOP("TemplateTab", "Передача вышестоящей организации"), ":/markers/arrow_up_blue.png"},
+    {QT_TRANSLATE_NOOP("TemplateTab", "Передача от вышестоящей организации"), ":/markers/arrow_down_red.png"},
+    {QT_TRANSLATE_NOOP("TemplateTab", "Снято заземление"), ":/markers/thunder_blue.png"},
+    {QT_TRANSLATE_NOOP("TemplateTab", "Установлено заземление"), ":/markers/thunder_red.png"},
+};

@@ -1,0 +1,381 @@
+#include "TemplateTab.h"
+
+#include "CPopMessageBox.h"
+#include "CVrkCliApp.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "DepsTemplatesEditSourceModel.h"
+#include "NoticeBar.h"
+#include "OrgsTemplatesEditSourceModel.h"
+#include "PublicTemplatesEditSourceModel.h"
+#include "TemplateEditor.h"
+#include "TemplatesProxyModel.h"
+#include "ui_TemplateTab.h"
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QShortcut>
+#include <QTimer>
+
+namespace
+{
+constexpr int searchHeight = 27;
+constexpr int boxWidth = 350;
+constexpr int boxHeight = 110;
+enum NoticeChoice { Restore, Dismiss };
+} // namespace
+
+TemplateTab::TemplateTab(QWidget* parent) : QWidget(parent), m_form(new Ui::TemplateTab)
+{
+    const QString name = objectName();
+    m_form->setupUi(this);
+    if (!name.isEmpty())
+        setObjectName(name);
+    configureForm();
+    createConnections();
+}
+
+TemplateTab::~TemplateTab()
+{
+    // The views go first: they read the tables until they are gone.
+    if (m_form->templatesTree->model())
+        m_form->templatesTree->setModel(nullptr);
+    delete m_proxy;
+    delete m_model;
+    delete m_messageBox; // a child of the module
+}
+
+void TemplateTab::configureForm()
+{
+    QTreeView* tree = m_form->templatesTree;
+    tree->setHeaderHidden(true);
+    tree->setAnimated(true);
+    tree->setUniformRowHeights(true);
+    tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    tree->setSortingEnabled(true);
+    tree->sortByColumn(0, Qt::AscendingOrder);
+
+    QLineEdit* search = m_form->searchEdit;
+    search->setFrame(false);
+    search->setPlaceholderText(tr("Поиск..."));
+    search->addAction(CVrkCliMod::icon(QStringLiteral("search.png")), QLineEdit::LeadingPosition);
+    search->setClearButtonEnabled(true);
+    search->setMinimumHeight(searchHeight);
+
+    const std::pair<QToolButton*, QString> buttons[] = {
+        {m_form->upSearchButton, QStringLiteral("up-arrow.png")},
+        {m_form->downSearchButton, QStringLiteral("down-arrow.png")}};
+    for (const auto& [button, icon] : buttons) {
+        button->setIcon(CVrkCliMod::icon(icon));
+        button->setFixedSize(searchHeight, searchHeight);
+        button->setEnabled(false);
+    }
+    m_form->upSearchButton->setToolTip(tr("Предыдущее совпадение"));
+    m_form->downSearchButton->setToolTip(tr("Следующее совпадение"));
+    m_form->splitter->setStretchFactor(0, 1);
+    m_form->splitter->setStretchFactor(1, 3);
+    m_form->splitter->setChildrenCollapsible(false);
+
+    m_menu = new QMenu(this);
+    m_menu->setObjectName(QStringLiteral("contextMenu"));
+    const auto append = [this](const char* objectName, const QString& text, const QString& icon) {
+        QAction* action = m_menu->addAction(CVrkCliMod::icon(icon), text);
+        action->setObjectName(QLatin1String(objectName));
+        return action;
+    };
+    m_rootFolderAction = append("rootFolderAction", tr("Категория"), QStringLiteral("folder.png"));
+    m_folderAction = append("folderAction", tr("Подкатегория"), QStringLiteral("folder.png"));
+    m_templateAction = append("templateAction", tr("Шаблон"), QStringLiteral("template.png"));
+    m_menu->addSeparator();
+    m_copyAction = append("copyAction", tr("Копировать"), QStringLiteral("copy.png"));
+    m_pasteAction = append("pasteAction", tr("Вставить"), QStringLiteral("paste.png"));
+
+    m_notice = new NoticeBar(this);
+    m_notice->setObjectName(QStringLiteral("keptNotice"));
+    m_form->verticalLayout_3->insertWidget(0, m_notice);
+    m_form->verticalLayout_3->setStretchFactor(m_form->splitter, 1);
+}
+
+void TemplateTab::createConnections()
+{
+    connect(m_form->upSearchButton, &QToolButton::clicked, this, &TemplateTab::searchUp);
+    connect(m_form->downSearchButton, &QToolButton::clicked, this, &TemplateTab::searchDown);
+    connect(m_form->searchEdit, &QLineEdit::textChanged, this, &TemplateTab::search);
+    connect(m_form->searchEdit, &QLineEdit::returnPressed, this, &TemplateTab::searchNext);
+    connect(m_rootFolderAction, &QAction::triggered, this, &TemplateTab::createRootFolder);
+    connect(m_folderAction, &QAction::triggered, this, &TemplateTab::createFolder);
+    connect(m_templateAction, &QAction::triggered, this, &TemplateTab::createTemplate);
+    connect(m_copyAction, &QAction::triggered, this, &TemplateTab::copyItem);
+    connect(m_pasteAction, &QAction::triggered, this, &TemplateTab::pasteItem);
+    connect(m_form->templatesTree, &QTreeView::customContextMenuRequested, this,
+            &TemplateTab::contextMenuRequest);
+    connect(m_notice, &NoticeBar::chosen, this, [this](int choice) {
+        if (choice == Restore)
+            restoreKept();
+        else
+            m_kept.clear();
+        m_notice->setVisible(!m_kept.isEmpty());
+    });
+
+    // The view would eat the key for a copy of the name.
+    auto* copy =
+        new QShortcut(QKeySequence::Copy, m_form->templatesTree, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(copy, &QShortcut::activated, this, [this] {
+        if (m_operations && (this->*m_operations->isCanCopy)())
+            copyItem();
+    });
+}
+
+void TemplateTab::setCatsTemplateTable(const CModelTable* table)
+{
+    TemplateTables::copyFrom(&m_tables.categories, table);
+}
+
+void TemplateTab::setTemplatesTable(const CModelTable* table)
+{
+    TemplateTables::copyFrom(&m_tables.templates, table);
+}
+
+void TemplateTab::init(CVrkCliMod* module, TemplateTypes type, Rights::AdminRights rights)
+{
+    m_module = module;
+    m_rights = rights;
+    switch (type) {
+    case Public:
+        m_operations = &publicOperations;
+        m_model = new PublicTemplatesEditSourceModel(this);
+        break;
+    case Orgs:
+        m_operations = &orgsOperations;
+        m_model = new OrgsTemplatesEditSourceModel(this);
+        break;
+    case Deps:
+        m_operations = &depsOperations;
+        m_model = new DepsTemplatesEditSourceModel(this);
+        break;
+    }
+    m_messageBox = new CPopMessageBox(m_module);
+    m_messageBox->setObjectName(objectName() + QStringLiteral("MessageBox"));
+    m_proxy = new TemplatesProxyModel(this);
+
+    m_model->setTextCodec(codec());
+    m_model->setOrgTypesTable(m_orgTypesTable);
+    m_model->setDepartmentsTable(m_departmentsTable);
+    m_model->setCatsTemplateTable(&m_tables.categories);
+    m_model->setTemplatesTable(&m_tables.templates);
+    m_model->setCatsTemplateEdit(&m_tables.categoriesEdit);
+    m_model->setTemplatesEdit(&m_tables.templatesEdit);
+    const bool isEditable = (this->*m_operations->isEditable)();
+    m_model->setEditable(isEditable);
+
+    m_proxy->setDynamicSortFilter(true);
+    m_proxy->setCatsTemplateTable(&m_tables.categories);
+    m_proxy->setCatsTemplateEdit(&m_tables.categoriesEdit);
+    m_proxy->setTemplatesTable(&m_tables.templates);
+    m_proxy->setTemplatesEdit(&m_tables.templatesEdit);
+    if (m_operations->applyTemplateFilter)
+        (this->*m_operations->applyTemplateFilter)();
+    m_proxy->setSourceModel(m_model);
+
+    QTreeView* tree = m_form->templatesTree;
+    tree->setModel(m_proxy);
+    tree->sortByColumn(0, Qt::AscendingOrder);
+    if (isEditable) {
+        tree->setDragEnabled(true);
+        tree->setAcceptDrops(true);
+        tree->viewport()->setAcceptDrops(true);
+        tree->setDropIndicatorShown(true);
+        tree->setDragDropMode(QAbstractItemView::DragDrop);
+        tree->setDefaultDropAction(Qt::MoveAction);
+        tree->setDragDropOverwriteMode(false);
+    }
+
+    createPassport();
+    m_form->propertiesTabWidget->setCurrentWidget(m_form->propertiesTab);
+    connect(tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &TemplateTab::reloadFor);
+    connect(m_model, &TemplatesEditSourceModel::moveToCategory, this, &TemplateTab::moveItem);
+}
+
+QTextCodec* TemplateTab::codec() const
+{
+    return m_module->session()->codec();
+}
+
+QString TemplateTab::userParameter(const char* name) const
+{
+    return m_module->app()->m_user_params.getValue(QLatin1String(name), QString());
+}
+
+bool TemplateTab::isExistUnsaved() const
+{
+    return m_tables.categoriesEdit.data.RecCount() > 0 || m_tables.templatesEdit.data.RecCount() > 0;
+}
+
+bool TemplateTab::isRootCreatable() const
+{
+    return isAdmin() && !isExistUnsaved() && (this->*m_operations->isRootCreatable)();
+}
+
+bool TemplateTab::isFolderCreatable() const
+{
+    return isAnyAdmin() && !isExistUnsaved() && m_form->templatesTree->currentIndex().isValid() &&
+           (this->*m_operations->isFolderCreatable)();
+}
+
+bool TemplateTab::isTemplateCreatable() const
+{
+    return isAnyAdmin() && !isExistUnsaved() && m_form->templatesTree->currentIndex().isValid() &&
+           (this->*m_operations->isTemplateCreatable)();
+}
+
+bool TemplateTab::isItemDeletable() const
+{
+    return isAnyAdmin() && !isExistUnsaved() && (this->*m_operations->isItemDeletable)();
+}
+
+bool TemplateTab::isOwnItemCurrent() const
+{
+    const MDRData* record = currentRecord();
+    return TemplateTables::isContains(&m_tables.categories, record) ||
+           TemplateTables::isContains(&m_tables.templates, record);
+}
+
+bool TemplateTab::isCurrentDeletable(const CModelTable* roots) const
+{
+    const MDRData* record = currentRecord();
+    return record && !TemplateTables::isContains(roots, record);
+}
+
+QModelIndex TemplateTab::currentSource() const
+{
+    return m_proxy->mapToSource(m_form->templatesTree->currentIndex());
+}
+
+MDRData* TemplateTab::currentRecord() const
+{
+    return m_model->recordByIndex(currentSource());
+}
+
+void TemplateTab::reloadFor(const QModelIndex& current, const QModelIndex& previous)
+{
+    if (!sendChangesToServer()) {
+        // Not from within the change of selection itself.
+        QTimer::singleShot(0, this, [this, last = QPersistentModelIndex(previous)] { putBack(last); });
+        return;
+    }
+    raiseUpPassport(current);
+    emit itemChanged();
+}
+
+void TemplateTab::putBack(const QPersistentModelIndex& previous)
+{
+    if (!previous.isValid()) { // the row went with the record that could not be saved
+        raiseUpPassport(m_form->templatesTree->currentIndex());
+        emit itemChanged();
+        return;
+    }
+    QItemSelectionModel* selection = m_form->templatesTree->selectionModel();
+    selection->blockSignals(true);
+    selection->clearSelection();
+    selection->setCurrentIndex(previous, QItemSelectionModel::ClearAndSelect);
+    selection->blockSignals(false);
+    m_form->templatesTree->viewport()->update();
+    m_form->templatesTree->scrollTo(previous);
+    if (!isExistUnsaved()) // what was typed is dropped: show what is stored
+        raiseUpPassport(QModelIndex(previous));
+    emit itemChanged();
+}
+
+void TemplateTab::selectFirst()
+{
+    const QModelIndex first = m_proxy->mapFromSource(m_model->index(0, 0));
+    QTreeView* tree = m_form->templatesTree;
+    // The filter may hide the first row of the source.
+    const QModelIndex wanted = first.isValid() ? first : m_proxy->index(0, 0);
+    if (!wanted.isValid()) {
+        raiseUpPassport(QModelIndex());
+        return;
+    }
+    tree->clearSelection();
+    tree->setCurrentIndex(wanted);
+}
+
+void TemplateTab::setFocusOn(MDRData* record)
+{
+    QTreeView* tree = m_form->templatesTree;
+    QItemSelectionModel* selection = tree->selectionModel();
+    selection->blockSignals(true);
+    const QModelIndex index = m_proxy->mapFromSource(m_model->indexByRecord(record));
+    const QModelIndex parent = index.parent();
+    selection->clearSelection();
+    selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    selection->select(index, QItemSelectionModel::Select | QItemSelectionModel::Current);
+    raiseUpPassport(record);
+    selection->blockSignals(false);
+    tree->scrollTo(index, QAbstractItemView::EnsureVisible);
+    if (parent.isValid() && !tree->isExpanded(parent))
+        tree->expand(parent);
+    tree->viewport()->update();
+}
+
+bool TemplateTab::canCopyCurrent() const
+{
+    return isAnyAdmin() && TemplateTables::isContains(&m_tables.templates, currentRecord());
+}
+
+void TemplateTab::showError(const QString& text)
+{
+    m_messageBox->setMessage(tr("Ошибка"), QStringLiteral("<center>%1</center>").arg(text), MessageIconError,
+                             MessageTypeOk);
+    connect(m_messageBox->buttonBox(), &QDialogButtonBox::clicked, this, &TemplateTab::closeMsgBox);
+    m_messageBox->resize(boxWidth, boxHeight);
+    m_messageBox->show();
+}
+
+void TemplateTab::closeMsgBox(QAbstractButton*)
+{
+    disconnect(m_messageBox->buttonBox(), &QDialogButtonBox::clicked, nullptr, nullptr);
+    m_messageBox->close();
+}
+
+void TemplateTab::contextMenuRequest(const QPoint& pos)
+{
+    if (!isAnyAdmin() || isExistUnsaved())
+        return;
+    m_rootFolderAction->setEnabled(isRootCreatable());
+    m_folderAction->setEnabled(isFolderCreatable());
+    m_templateAction->setEnabled(isTemplateCreatable());
+    m_copyAction->setEnabled((this->*m_operations->isCanCopy)());
+    m_pasteAction->setEnabled((this->*m_operations->isCanPaste)());
+    m_menu->popup(m_form->templatesTree->viewport()->mapToGlobal(pos));
+}
+
+void TemplateTab::keyPressEvent(QKeyEvent* event)
+{
+    const bool isControl = event->modifiers() & Qt::ControlModifier;
+    if (m_operations && isControl && event->key() == Qt::Key_C && (this->*m_operations->isCanCopy)())
+        copyItem();
+    else if (m_operations && isControl && event->key() == Qt::Key_V && (this->*m_operations->isCanPaste)())
+        pasteItem();
+    else if (isControl && event->key() == Qt::Key_F) {
+        m_form->searchEdit->selectAll();
+        m_form->searchEdit->setFocus();
+    } else if (m_operations && !isControl && event->key() == Qt::Key_Delete &&
+               (this->*m_operations->isItemDeletable)()) {
+        // Meant: the key asks the level alone and does not look at unsaved changes.
+        deleteSelected();
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void TemplateTab::updateParameters(MDRData* record)
+{
+    if (TemplateEditor* editor = templateHtmlEditor())
+        editor->updateParameters(record);
+}
+
+void TemplateTab::reloadParameters()
+{
+    if (TemplateEditor* editor = templateHtmlEditor())
+        editor->reloadParameters();
+}

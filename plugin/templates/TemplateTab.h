@@ -1,0 +1,314 @@
+#pragma once
+
+#include "KeptEdits.h"
+#include "Rights.h"
+#include "TemplateTables.h"
+
+#include <memory>
+#include <QModelIndex>
+#include <QWidget>
+#include <set>
+#include <vector>
+
+class CPopMessageBox;
+class CVrkCliMod;
+class NoticeBar;
+class QAbstractButton;
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QLineEdit;
+class QMenu;
+class QTextCodec;
+class QTreeWidget;
+class TemplateEditor;
+class TemplatesEditSourceModel;
+class TemplatesProxyModel;
+namespace Ui
+{
+class TemplateTab;
+}
+
+/// One page of the configurator: the tree of one level of templates with its search line, and the passport of the
+/// selected item. What the user does lands in edit tables; saving sends them in one block; the page's copies of the
+/// server's tables change only when the server tells the change.
+class TemplateTab : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum TemplateTypes { Public = 0, Orgs = 1, Deps = 2 };
+
+    explicit TemplateTab(QWidget* parent = nullptr);
+    ~TemplateTab() override;
+
+    /// \name Reference tables of the module; not owned. The two template tables are copied.
+    /// @{
+    void setTablesTable(CModelTable* table) { m_tablesTable = table; }
+    void setFieldsTable(CModelTable* table) { m_fieldsTable = table; }
+    void setOrgTypesTable(CModelTable* table) { m_orgTypesTable = table; }
+    void setDepartmentsTable(CModelTable* table) { m_departmentsTable = table; }
+    void setCatsParameterTable(CModelTable* table) { m_catsParameterTable = table; }
+    void setParametersTable(CModelTable* table) { m_parametersTable = table; }
+    void setCatsTemplateTable(const CModelTable* table);
+    void setTemplatesTable(const CModelTable* table);
+    /// @}
+
+    /// Makes the page one of this level for a user with these rights; once, after the tables.
+    void init(CVrkCliMod* module, TemplateTypes type, Rights::AdminRights rights);
+
+    /// There are unsaved records: saving and cancelling make sense, creating and deleting wait.
+    bool isExistUnsaved() const;
+    bool isRootCreatable() const;
+    bool isFolderCreatable() const;
+    bool isTemplateCreatable() const;
+    bool isItemDeletable() const;
+
+    void applyChanges();
+    void cancelChanges();
+    void createRootFolder();
+    void createFolder();
+    void createTemplate();
+    void deleteSelected();
+    void copyItem();
+    void pasteItem();
+    /// The item was dropped on \a target, an index of the source model.
+    void moveItem(const QString& keyLink, const QModelIndex& target);
+
+    void selectFirst();
+    /// Selects the record's row without the change of selection being noticed, and shows its passport.
+    void setFocusOn(MDRData* record);
+    MDRData* currentRecord() const;
+    /// A change event of the server.
+    void MessageData(TEventNciParse* event);
+    /// One row of the parameter tables has changed.
+    void updateParameters(MDRData* record);
+    /// Rows came to or left the parameter tables.
+    void reloadParameters();
+
+    const TemplateTables& tables() const { return m_tables; }
+    TemplatesEditSourceModel* model() const { return m_model; }
+    TemplatesProxyModel* proxy() const { return m_proxy; }
+
+    /// Names of the parameters that the template editor offers.
+    QStringList parameterFilter() const;
+    /// A field's name in the user's language; empty when the directory does not know it.
+    QString fieldLocalName(QString field, QString table);
+
+    /// \name Dumps to the message log, for use at the bench
+    /// @{
+    static void printStructTable(CMDArray* table, const QString& title);
+    static void printKeysTable(CMDArray* table, const QString& title);
+    static void printRecordTable(CVrkCliMod* module, CMDArray* table, MDRData* record, const QString& title);
+    static void printTable(CVrkCliMod* module, CMDArray* table, const QString& title);
+    /// @}
+
+public slots:
+    /// Takes the answer to the question of deletion.
+    void answerDelete(QAbstractButton* button);
+    void closeMsgBox(QAbstractButton* button);
+
+signals:
+    void dataEdited();
+    void editDataReseted();
+    void itemChanged();
+    void writeLog(QString func, QString text);
+    /// The page has nothing to show to this user.
+    void hideMe();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    /// What differs between the levels.
+    struct Operations {
+        bool (TemplateTab::*isEditable)() const;
+        void (TemplateTab::*applyTemplateFilter)(); ///< may be null
+        bool (TemplateTab::*isRootCreatable)() const;
+        bool (TemplateTab::*isFolderCreatable)() const;
+        bool (TemplateTab::*isTemplateCreatable)() const;
+        bool (TemplateTab::*isItemDeletable)() const;
+        bool (TemplateTab::*canEditPassport)() const;
+        bool (TemplateTab::*isCanCopy)() const;
+        bool (TemplateTab::*isCanPaste)() const;
+        void (TemplateTab::*newFolder)(QModelIndex, MDRData*);
+        void (TemplateTab::*newTemplate)(QModelIndex, MDRData*);
+        void (TemplateTab::*whereInsertRecord)(int&, QModelIndex&, TEventNciParse*);
+    };
+    static const Operations publicOperations;
+    static const Operations orgsOperations;
+    static const Operations depsOperations;
+
+    // The page
+    void configureForm();
+    void createConnections();
+    QTextCodec* codec() const;
+    QString userParameter(const char* name) const;
+    QModelIndex currentSource() const;
+    void reloadFor(const QModelIndex& current, const QModelIndex& previous);
+    void putBack(const QPersistentModelIndex& previous);
+    bool isAdmin() const { return m_rights == Rights::Admin; }
+    bool isAnyAdmin() const { return m_rights != Rights::View; }
+    bool isOwnItemCurrent() const;
+    bool isCurrentDeletable(const CModelTable* roots) const;
+    bool canCopyCurrent() const;
+    bool canPasteHere() const;
+    void showError(const QString& text);
+    void contextMenuRequest(const QPoint& pos);
+
+    // The levels
+    bool isEditable_Public() const;
+    bool isRootCreatable_Public() const;
+    bool isFolderCreatable_Public() const;
+    bool isTemplateCreatable_Public() const;
+    bool isItemDeletable_Public() const;
+    bool canEditPassport_Public() const;
+    bool isCanCopy_Public() const;
+    bool isCanPaste_Public() const;
+    void newFolder_Public(QModelIndex index, MDRData* record);
+    void newTemplate_Public(QModelIndex index, MDRData* record);
+    void whereInsertRecord_Public(int& row, QModelIndex& parent, TEventNciParse* event);
+
+    bool isEditable_Orgs() const;
+    void applyTemplateFilter_Orgs();
+    bool isRootCreatable_Orgs() const;
+    bool isFolderCreatable_Orgs() const;
+    bool isTemplateCreatable_Orgs() const;
+    bool isItemDeletable_Orgs() const;
+    bool canEditPassport_Orgs() const;
+    bool isCanCopy_Orgs() const;
+    bool isCanPaste_Orgs() const;
+    void newFolder_Orgs(QModelIndex index, MDRData* record);
+    void newTemplate_Orgs(QModelIndex index, MDRData* record);
+    void whereInsertRecord_Orgs(int& row, QModelIndex& parent, TEventNciParse* event);
+
+    bool isEditable_Deps() const;
+    void applyTemplateFilter_Deps();
+    bool isRootCreatable_Deps() const;
+    bool isFolderCreatable_Deps() const;
+    bool isTemplateCreatable_Deps() const;
+    bool isItemDeletable_Deps() const;
+    bool canEditPassport_Deps() const;
+    bool isCanCopy_Deps() const;
+    bool isCanPaste_Deps() const;
+    void newFolder_Deps(QModelIndex index, MDRData* record);
+    void newTemplate_Deps(QModelIndex index, MDRData* record);
+    void whereInsertRecord_Deps(int& row, QModelIndex& parent, TEventNciParse* event);
+
+    // Search
+    QModelIndexList matcheIndexes(const QString& text) const;
+    void search(const QString& text);
+    void searchUp();
+    void searchDown();
+    void searchNext();
+    void goTo(const QModelIndex& index);
+
+    // Editing and saving
+    MDRData* editedCategory();
+    MDRData* editedTemplate();
+    MDRData* editedRecord(CModelTable* table, CModelTable* edits, std::initializer_list<const char*> copied);
+    bool sendChangesToServer();
+    bool inspectEditCategories();
+    bool inspectEditTemplates();
+    void clearEditTables();
+    void removePending();
+    void dropUnsaved(const QString& reason);
+    void updateEditStatus();
+    void writeLogUnsaved(const QString& func, const QString& text);
+    void tellKept(const QString& text);
+    void restoreKept();
+    MDRData* restoreRecord(const CModelTable& table, CModelTable* edits, const MDRData* kept);
+
+    // Events
+    void rowChanged(CModelTable* table, CModelTable* edits, TEventNciParse* event);
+    void rowDeleted(CModelTable* table, CModelTable* edits, CModelTable* moved, TEventNciParse* event);
+    void rowInserted(CModelTable* table, CModelTable* edits, CModelTable* moved, TEventNciParse* event);
+    MDRData* changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event);
+    bool deleteEditRecord(CModelTable* table, TEventNciParse* event);
+    void removeRow(CModelTable* table, MDRData* record);
+    bool isOverruled(const MDRData* edit, TEventNciParse* event) const;
+    static bool isMoved(const CModelTable* table, const MDRData* record, TEventNciParse* event);
+    /// Where the row of an event belongs in this page's tree; \a row stays negative when it does not.
+    void whereInsert(int& row, QModelIndex& parent, TEventNciParse* event, const CModelTable* roots,
+                     const char* scopeField, std::initializer_list<const char*> refused);
+    void moveRow(CModelTable* table, MDRData* record, TEventNciParse* event);
+
+    // Tree operations
+    MDRData* newCategory(const QModelIndex& parent, const QString& name, const QByteArray& parentKey,
+                         const QByteArray& orgTypeKey, const QByteArray& departmentKey);
+    void newFolderUnder(const QModelIndex& index, MDRData* record, const CModelTable* roots,
+                        const char* scopeField, const QString& signature, const QString& failure);
+    void newTemplateUnder(QModelIndex index, MDRData* record, const QString& signature);
+    void insertTemplate(const QModelIndex& parent, const QByteArray& category, const QByteArray& name,
+                        const MDRVar& html);
+    void deleteFolder(MDRData* record);
+    void deleteFolder(MDRData* record, std::set<const MDRData*>* seen);
+    void deleteTemplate(MDRData* record);
+    void pasteTemplate(MDRData* record);
+    void moveCategory(MDRData* record, MDRData* target);
+    void moveTemplate(MDRData* record, MDRData* target);
+    void sendMove(CModelTable* moved, const QByteArray& key,
+                  const std::vector<std::pair<const char*, MDRVar>>& values);
+
+    // Passport
+    void createPassport();
+    void createCategoryPassport();
+    void createTemplatePassport();
+    void raiseUpPassport(const QModelIndex& proxyIndex);
+    void raiseUpPassport(MDRData* record);
+    void reloadCategoryPassport(MDRData* record);
+    void reloadTemplatePassport(MDRData* record);
+    void clearCategoryPassport();
+    void clearTemplatePassport();
+    void fillTemplatePassport(const MDRData* record);
+    void updateTemplateCommand();
+    void updateTemplateHtml();
+    QLineEdit* categoryNameEditor() const;
+    QLineEdit* templateNameEditor() const;
+    QCheckBox* templateOpenEditor() const;
+    QCheckBox* templateCloseEditor() const;
+    QCheckBox* templateTimeEditor() const;
+    QComboBox* templateFirstMarkEditor() const;
+    QComboBox* templateSecondMarkEditor() const;
+    QLineEdit* templateCommandEditor() const;
+    TemplateEditor* templateHtmlEditor() const;
+    void categoryNameChanged();
+    void templateNameChanged();
+    void templateOpenChanged();
+    void templateCloseChanged();
+    void templateTimeChanged();
+    void templateFirstMarkChanged();
+    void templateSecondMarkChanged();
+    void templateCommandChanged();
+    void templateHtmlChanged();
+    void nameChanged(CModelTable* edits, MDRData* record, const QString& name);
+    void flagChanged(const QCheckBox* box, const char* property, const char* signature);
+    /// Changes the text of the edited template: \a change works on its parsed html.
+    template <typename Change>
+    void propertyChanged(const char* signature, bool emptyIsNull, Change change);
+
+    std::unique_ptr<Ui::TemplateTab> m_form;
+    CVrkCliMod* m_module = nullptr;
+    Rights::AdminRights m_rights = Rights::View;
+    const Operations* m_operations = nullptr;
+    TemplatesEditSourceModel* m_model = nullptr;
+    TemplatesProxyModel* m_proxy = nullptr;
+    CPopMessageBox* m_messageBox = nullptr;
+    NoticeBar* m_notice = nullptr;
+    QMenu* m_menu = nullptr;
+    QAction* m_rootFolderAction = nullptr;
+    QAction* m_folderAction = nullptr;
+    QAction* m_templateAction = nullptr;
+    QAction* m_copyAction = nullptr;
+    QAction* m_pasteAction = nullptr;
+
+    CModelTable* m_tablesTable = nullptr;
+    CModelTable* m_fieldsTable = nullptr;
+    CModelTable* m_orgTypesTable = nullptr;
+    CModelTable* m_departmentsTable = nullptr;
+    CModelTable* m_catsParameterTable = nullptr;
+    CModelTable* m_parametersTable = nullptr;
+    TemplateTables m_tables;
+    KeptEdits m_kept;
+    bool m_isSent = false; ///< the unsaved records were written, their events are on the way
+};

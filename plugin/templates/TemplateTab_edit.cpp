@@ -1,0 +1,283 @@
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "LogbookTables.h"
+#include "NoticeBar.h"
+#include "QuietSelection.h"
+#include "RecordValue.h"
+#include "TemplatesEditSourceModel.h"
+#include "TemplatesProxyModel.h"
+#include "TemplateTab.h"
+#include "ui_TemplateTab.h"
+
+#include <QTextCodec>
+
+namespace
+{
+/// The names of a record's flags, each followed by a blank.
+QString flagNames(const MDRData* record)
+{
+    QString names;
+    const std::pair<int, QString> flags[] = {{ROW_INSERT, QStringLiteral("ROW_INSERT ")},
+                                             {ROW_UPDATE, QStringLiteral("ROW_UPDATE ")},
+                                             {ROW_DELETE, QStringLiteral("ROW_DELETE ")}};
+    for (const auto& [flag, name] : flags)
+        if (record->flags & flag)
+            names += name;
+    return names;
+}
+
+QString dumpOf(const CModelTable& table, const QTextCodec* codec)
+{
+    QString dump = QStringLiteral("Table %1 contains:\n").arg(QLatin1String(LogbookTable::CatsTemplate));
+    for (int i = 0; i < table.data.RecCount(); ++i) {
+        const MDRData* record = MDARec(table.data.array, 0, i);
+        dump += QStringLiteral("record has flags: ") + flagNames(record) + QLatin1Char('\n');
+        for (int f = 0; f < MDAFldCount(table.data.array); ++f) {
+            const MDRField* field = MDRFldByNum(table.data.array, f);
+            MDRVar value;
+            MDRGetVal(field, record, &value);
+            dump += QLatin1String(field->name) + QStringLiteral(": ");
+            dump += value.isNull ? QStringLiteral(" NULL") : codec->toUnicode(MDRValue::bytes(value));
+            dump += QStringLiteral(";\n");
+        }
+    }
+    return dump + QLatin1Char('\n');
+}
+} // namespace
+
+MDRData* TemplateTab::editedRecord(CModelTable* table, CModelTable* edits,
+                                   std::initializer_list<const char*> copied)
+{
+    MDRData* record = currentRecord();
+    if (!record || TemplateTables::isContains(edits, record))
+        return record; // a pending new record is its own edit record
+    if (!TemplateTables::isContains(table, record))
+        return nullptr;
+    const MDRVar key = recordValue(record, "KeyLink");
+    if (MDRData* known = TemplateTables::recordByKeyLink(edits, key.value.text.data))
+        return known;
+
+    MDRData* edit = MDARecNew(edits->data.array);
+    MDRSetFlags(edit, ROW_UPDATE);
+    for (const char* field : copied) {
+        const MDRVar value = recordValue(record, field);
+        MDRSetVal(MDRFldByName(edits->data.array, field), edit, &value);
+    }
+    edit = edits->data.RecPost(edit);
+    updateEditStatus();
+    return edit;
+}
+
+MDRData* TemplateTab::editedCategory()
+{
+    // OrgTypeKey and DepartmentKey stay null in the copy, without a mark: the server keeps them.
+    return editedRecord(&m_tables.categories, &m_tables.categoriesEdit, {"KeyLink", "ParentKey", "nameLoc"});
+}
+
+MDRData* TemplateTab::editedTemplate()
+{
+    return editedRecord(&m_tables.templates, &m_tables.templatesEdit,
+                        {"KeyLink", "CategoryKey", "nameLoc", "html"});
+}
+
+void TemplateTab::updateEditStatus()
+{
+    if (isExistUnsaved()) {
+        emit dataEdited();
+    } else {
+        m_isSent = false;
+        emit editDataReseted();
+    }
+}
+
+void TemplateTab::applyChanges()
+{
+    if (isExistUnsaved() && isAnyAdmin())
+        sendChangesToServer();
+}
+
+void TemplateTab::cancelChanges()
+{
+    if (!isExistUnsaved())
+        return;
+    clearEditTables();
+    updateEditStatus();
+}
+
+bool TemplateTab::sendChangesToServer()
+{
+    if (!isExistUnsaved() || m_isSent)
+        return true;
+    if (inspectEditCategories() || inspectEditTemplates())
+        return false;
+
+    CVrkCliSes* session = m_module->session();
+    session->BlockBeg();
+    if (m_tables.categoriesEdit.data.RecCount() > 0)
+        session->SqlUpdate(LogbookTable::CatsTemplate, m_tables.categoriesEdit.data.array, true, nullptr);
+    if (m_tables.templatesEdit.data.RecCount() > 0)
+        session->SqlUpdate(LogbookTable::Templates, m_tables.templatesEdit.data.array, true, nullptr);
+    if (session->BlockEnd(true, nullptr)) {
+        m_isSent = true; // the records stay until their events empty the tables
+        return true;
+    }
+    writeLogUnsaved(QStringLiteral("bool TemplateTab::sendChangesToServer()"),
+                    QStringLiteral("CVrkCliSes::BlockEnd returned FALSE"));
+    dropUnsaved(session->lastErrorText());
+    return false;
+}
+
+bool TemplateTab::inspectEditCategories()
+{
+    for (int i = 0; i < m_tables.categoriesEdit.data.RecCount(); ++i) {
+        const MDRData* record = MDARec(m_tables.categoriesEdit.data.array, 0, i);
+        if (!MDRValue::hasText(recordValue(record, "nameLoc"))) {
+            showError(tr("Название категории не может быть пустым!"));
+            return true;
+        }
+    }
+    return false;
+}
+
+bool TemplateTab::inspectEditTemplates()
+{
+    for (int i = 0; i < m_tables.templatesEdit.data.RecCount(); ++i) {
+        const MDRData* record = MDARec(m_tables.templatesEdit.data.array, 0, i);
+        if (!MDRValue::hasText(recordValue(record, "nameLoc"))) {
+            showError(tr("Название шаблона не может быть пустым!"));
+            return true;
+        }
+        const MDRVar html = recordValue(record, "html");
+        if (codec()->toUnicode(MDRValue::bytes(html)).remove(QLatin1Char(' ')).isEmpty()) {
+            showError(tr("Шаблон не может быть пустым!"));
+            return true;
+        }
+    }
+    return false;
+}
+
+void TemplateTab::removePending()
+{
+    for (CModelTable* edits : {&m_tables.templatesEdit, &m_tables.categoriesEdit}) {
+        while (MDRData* record = MDARec(edits->data.array, 0, 0)) {
+            const bool isRow = record->flags & ROW_INSERT;
+            const QModelIndex index = isRow ? m_model->indexByRecord(record) : QModelIndex();
+            if (index.isValid())
+                m_model->beginRemoveRow(index.row(), index.parent());
+            TemplateTables::deleteRecord(edits, record);
+            if (index.isValid())
+                m_model->endRemoveRow();
+        }
+    }
+}
+
+void TemplateTab::clearEditTables()
+{
+    QTreeView* tree = m_form->templatesTree;
+    {
+        const QuietSelection quiet(tree->selectionModel());
+        removePending();
+    }
+    tree->viewport()->update();
+    reloadFor(tree->currentIndex(), QModelIndex());
+}
+
+/// What could not be saved leaves the edit tables, but can be had back.
+void TemplateTab::dropUnsaved(const QString& reason)
+{
+    m_kept.keepAll(m_tables);
+    QuietSelection quiet(m_form->templatesTree->selectionModel());
+    removePending();
+    const bool hasMoved = quiet.end();
+    m_form->templatesTree->viewport()->update();
+    if (hasMoved)
+        raiseUpPassport(m_form->templatesTree->currentIndex());
+    else
+        raiseUpPassport(currentRecord());
+    updateEditStatus();
+    if (!m_kept.isEmpty())
+        tellKept(tr("Изменения не сохранены. %1").arg(reason));
+}
+
+void TemplateTab::writeLogUnsaved(const QString& func, const QString& text)
+{
+    // Meant: the pass for templates, too, lists the categories under their heading.
+    QString dump;
+    for (const CModelTable* table : {&m_tables.categoriesEdit, &m_tables.templatesEdit})
+        if (table->data.RecCount() > 0)
+            dump += dumpOf(m_tables.categoriesEdit, codec());
+    emit writeLog(func, dump.isEmpty() ? text + QStringLiteral("\nEdited tables is empty!")
+                                       : text + QLatin1Char('\n') + dump);
+}
+
+void TemplateTab::tellKept(const QString& text)
+{
+    enum NoticeChoice { Restore, Dismiss };
+    m_notice->tell(NoticeBar::Warning, text,
+                   {{Restore, tr("Вернуть изменения"), QStringLiteral("restoreButton")},
+                    {Dismiss, tr("Скрыть"), QStringLiteral("dismissButton")}});
+}
+
+void TemplateTab::restoreKept()
+{
+    if (isExistUnsaved()) {
+        showError(tr("Сначала сохраните или отмените изменения!"));
+        return;
+    }
+    QuietSelection quiet(m_form->templatesTree->selectionModel());
+    MDRData* restored = nullptr;
+    for (int i = 0; i < m_kept.categories().data.RecCount(); ++i)
+        if (MDRData* record = restoreRecord(m_tables.categories, &m_tables.categoriesEdit,
+                                            MDARec(m_kept.categories().data.array, 0, i)))
+            restored = record;
+    for (int i = 0; i < m_kept.templates().data.RecCount(); ++i)
+        if (MDRData* record = restoreRecord(m_tables.templates, &m_tables.templatesEdit,
+                                            MDARec(m_kept.templates().data.array, 0, i)))
+            restored = record;
+    quiet.end();
+    if (!restored) {
+        showError(tr("Вернуть изменения некуда: элемента больше нет в дереве."));
+        return;
+    }
+    m_kept.clear();
+    // A changed record is no row of the tree: its base record is selected, and the passport shows the change.
+    const MDRVar key = recordValue(restored, "KeyLink");
+    const bool isCategory = TemplateTables::isContains(&m_tables.categoriesEdit, restored);
+    MDRData* base = TemplateTables::recordByKeyLink(isCategory ? &m_tables.categories : &m_tables.templates,
+                                                    key.value.text.data);
+    setFocusOn(restored->flags & ROW_INSERT ? restored : base);
+    raiseUpPassport(restored);
+    updateEditStatus();
+}
+
+MDRData* TemplateTab::restoreRecord(const CModelTable& table, CModelTable* edits, const MDRData* kept)
+{
+    const QByteArray key = MDRValue::copy(recordValue(kept, "KeyLink"));
+    const bool isNew = kept->flags & ROW_INSERT;
+    const bool isThere = TemplateTables::recordByKeyLink(&table, key.constData()) != nullptr;
+    if (isNew == isThere)
+        return nullptr; // a new one that was saved after all, or a changed one that is gone
+
+    QModelIndex parent;
+    if (isNew) {
+        QByteArray above;
+        for (const char* field : {"CategoryKey", "ParentKey", "OrgTypeKey", "DepartmentKey"})
+            if (above.isEmpty())
+                above = MDRValue::copy(recordValue(kept, field));
+        const CModelTable* const places[] = {&m_tables.categories, m_orgTypesTable, m_departmentsTable};
+        for (const CModelTable* folders : places)
+            if (!parent.isValid())
+                parent = m_model->indexByRecord(TemplateTables::recordByKeyLink(folders, above.constData()));
+        if (!parent.isValid() && !above.isEmpty())
+            return nullptr;
+        const bool isCategory = edits == &m_tables.categoriesEdit;
+        m_model->beginInsertRow(isCategory ? m_model->folderCount(parent) : m_model->rowCount(parent),
+                                parent);
+    }
+    MDRData* record = MDARecNew(edits->data.array);
+    KeptEdits::copyRecord(kept, record);
+    record = edits->data.RecPost(record);
+    if (isNew)
+        m_model->endInsertRow();
+    return record;
+}

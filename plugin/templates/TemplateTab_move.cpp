@@ -1,0 +1,106 @@
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "RecordValue.h"
+#include "TemplatesEditSourceModel.h"
+#include "TemplateTab.h"
+
+namespace
+{
+/// A text, or null for an empty one. The bytes must outlive the value.
+MDRVar keyOrNull(const QByteArray& key)
+{
+    return key.isEmpty() ? MDRValue::null() : MDRValue::text(key);
+}
+
+QByteArray keyOf(const MDRData* record)
+{
+    return MDRValue::copy(recordValue(record, "KeyLink"));
+}
+
+/// The values to move: those of an unsaved change, which the move would otherwise overwrite.
+const MDRData* newestOf(const MDRData* record, const CModelTable& edits)
+{
+    const MDRData* edit = TemplateTables::recordByKeyLink(&edits, keyOf(record).constData());
+    return edit ? edit : record;
+}
+} // namespace
+
+void TemplateTab::moveItem(const QString& keyLink, const QModelIndex& target)
+{
+    if (keyLink.isEmpty())
+        return;
+    MDRData* targetRecord = m_model->recordByIndex(target);
+    const QByteArray key = keyLink.toUtf8();
+    if (MDRData* category = TemplateTables::recordByKeyLink(&m_tables.categories, key.constData())) {
+        moveCategory(category, targetRecord);
+        return;
+    }
+    MDRData* item = TemplateTables::recordByKeyLink(&m_tables.templates, key.constData());
+    if (item && targetRecord)
+        moveTemplate(item, targetRecord);
+}
+
+void TemplateTab::moveCategory(MDRData* record, MDRData* target)
+{
+    const bool isInType = TemplateTables::isContains(m_orgTypesTable, target);
+    const bool isInDepartment = TemplateTables::isContains(m_departmentsTable, target);
+    const bool isInCategory = TemplateTables::isContains(&m_tables.categories, target);
+    if (!isInType && !isInDepartment && !isInCategory) {
+        emit writeLog(QStringLiteral("void TemplateTab::moveCategory(MDArrayRec*, MDArrayRec*)"),
+                      QStringLiteral("Can not find destination parent"));
+        return;
+    }
+    const MDRData* newest = newestOf(record, m_tables.categoriesEdit);
+    if (newest != record && inspectEditCategories())
+        return;
+    const QByteArray targetKey = keyOf(target);
+    const auto keyIf = [&](bool isIt) { return isIt ? keyOrNull(targetKey) : MDRValue::null(); };
+    const QByteArray name = MDRValue::copy(recordValue(newest, "nameLoc"));
+    sendMove(&m_tables.categoriesMoved, keyOf(record),
+             {{"ParentKey", keyIf(isInCategory)},
+              {"OrgTypeKey", keyIf(isInType)},
+              {"DepartmentKey", keyIf(isInDepartment)},
+              {"nameLoc", MDRValue::text(name)}});
+}
+
+void TemplateTab::moveTemplate(MDRData* record, MDRData* target)
+{
+    const MDRData* newest = newestOf(record, m_tables.templatesEdit);
+    if (newest != record && inspectEditTemplates())
+        return;
+    const QByteArray category = keyOf(target);
+    const QByteArray name = MDRValue::copy(recordValue(newest, "nameLoc"));
+    sendMove(&m_tables.templatesMoved, keyOf(record),
+             {{"CategoryKey", keyOrNull(category)},
+              {"nameLoc", MDRValue::text(name)},
+              {"html", recordValue(newest, "html")}});
+}
+
+/// Deletes and inserts one key in one block, so that what refers to it follows without being touched.
+void TemplateTab::sendMove(CModelTable* moved, const QByteArray& key,
+                           const std::vector<std::pair<const char*, MDRVar>>& values)
+{
+    CMDArray& rows = moved->data;
+    CRowBatch deletion(rows);
+    deletion.RecPost(deletion.newRow(ROW_DELETE, key));
+    // Only this move is sent: what an earlier failed one left in the table stays there.
+    CRowBatch insertion(rows);
+    MDRData* sent = insertion.newRow(ROW_INSERT, key);
+    MDRSetUser(MDRFldByName(insertion.array, "KeyLink"), sent, 1);
+    for (const auto& [field, value] : values)
+        insertion.SetValF(sent, field, value);
+    sent = insertion.RecPost(sent);
+
+    if (MDRData* earlier = TemplateTables::recordByKeyLink(moved, key.constData()))
+        TemplateTables::deleteRecord(moved, earlier);
+    MDRData* kept = MDARecNew(rows.array);
+    KeptEdits::copyRecord(sent, kept);
+    rows.RecPost(kept);
+
+    CVrkCliSes* session = m_module->session();
+    const char* name = moved->name.c_str();
+    session->BlockBeg();
+    session->SqlUpdate(name, deletion.array, true, nullptr);
+    session->SqlUpdate(name, insertion.array, true, nullptr);
+    session->BlockEnd(true, nullptr); // the host tells a failure; the tree has not changed
+}

@@ -1,0 +1,287 @@
+#include "CPopMessageBox.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "GenGuid32.h"
+#include "LogbookTables.h"
+#include "LogText.h"
+#include "QuietSelection.h"
+#include "RecordValue.h"
+#include "TemplatesEditSourceModel.h"
+#include "TemplatesProxyModel.h"
+#include "TemplateTab.h"
+#include "ui_TemplateTab.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTextCodec>
+
+namespace
+{
+constexpr int boxWidth = 350;
+constexpr int boxHeight = 110;
+constexpr int yes = 5;
+
+QString clipboardFormat()
+{
+    return QStringLiteral("logbook_template");
+}
+
+/// A text, or null for an empty one. The bytes must outlive the value.
+MDRVar keyOrNull(const QByteArray& key)
+{
+    return key.isEmpty() ? MDRValue::null() : MDRValue::text(key);
+}
+
+QByteArray keyOf(const MDRData* record)
+{
+    return MDRValue::copy(recordValue(record, "KeyLink"));
+}
+
+void beginTyping(QLineEdit* edit)
+{
+    edit->setFocus();
+    edit->selectAll();
+}
+} // namespace
+
+MDRData* TemplateTab::newCategory(const QModelIndex& parent, const QString& name, const QByteArray& parentKey,
+                                  const QByteArray& orgTypeKey, const QByteArray& departmentKey)
+{
+    const QByteArray key = GenGuid32();
+    const QByteArray nameBytes = codec()->fromUnicode(name);
+    CMDArray& rows = m_tables.categoriesEdit.data;
+    m_model->beginInsertRow(m_model->folderCount(parent), parent);
+    MDRData* record = MDARecNew(rows.array);
+    MDRSetFlags(record, ROW_INSERT);
+    rows.SetValF(record, "KeyLink", MDRValue::text(key));
+    rows.SetValF(record, "ParentKey", keyOrNull(parentKey));
+    rows.SetValF(record, "OrgTypeKey", keyOrNull(orgTypeKey));
+    rows.SetValF(record, "DepartmentKey", keyOrNull(departmentKey));
+    rows.SetValF(record, "nameLoc", MDRValue::text(nameBytes));
+    record = rows.RecPost(record);
+    m_model->endInsertRow();
+    m_isSent = false;
+    setFocusOn(record);
+    return record;
+}
+
+void TemplateTab::insertTemplate(const QModelIndex& parent, const QByteArray& category,
+                                 const QByteArray& name, const MDRVar& html)
+{
+    const QByteArray key = GenGuid32();
+    CMDArray& rows = m_tables.templatesEdit.data;
+    m_model->beginAppendRow(parent);
+    MDRData* record = MDARecNew(rows.array);
+    MDRSetFlags(record, ROW_INSERT);
+    rows.SetValF(record, "KeyLink", MDRValue::text(key));
+    rows.SetValF(record, "CategoryKey", keyOrNull(category));
+    rows.SetValF(record, "nameLoc", MDRValue::text(name));
+    rows.SetValF(record, "html", html);
+    record = rows.RecPost(record);
+    m_model->endAppendRow();
+    m_isSent = false;
+    setFocusOn(record);
+    updateEditStatus();
+}
+
+void TemplateTab::createRootFolder()
+{
+    newCategory(QModelIndex(), tr("Новая категория"), {}, {}, {});
+    beginTyping(categoryNameEditor());
+    updateEditStatus();
+}
+
+void TemplateTab::createFolder()
+{
+    const QModelIndex index = currentSource();
+    if (!index.isValid())
+        return;
+    (this->*m_operations->newFolder)(index, m_model->recordByIndex(index));
+    beginTyping(categoryNameEditor());
+}
+
+void TemplateTab::createTemplate()
+{
+    const QModelIndex index = currentSource();
+    if (!index.isValid())
+        return;
+    (this->*m_operations->newTemplate)(index, m_model->recordByIndex(index));
+    beginTyping(templateNameEditor());
+}
+
+void TemplateTab::newFolderUnder(const QModelIndex& index, MDRData* record, const CModelTable* roots,
+                                 const char* scopeField, const QString& signature, const QString& failure)
+{
+    QModelIndex parent = index;
+    const bool isRoot = TemplateTables::isContains(roots, record);
+    if (!isRoot && !TemplateTables::isContains(&m_tables.categories, record)) { // a template is selected
+        parent = index.parent();
+        record = m_model->recordByIndex(parent);
+    }
+    if (!isRoot && !TemplateTables::isContains(&m_tables.categories, record)) {
+        emit writeLog(signature, failure);
+        return;
+    }
+    const QByteArray key = keyOf(record);
+    const auto scope = [&](const char* field) {
+        return isRoot && qstrcmp(scopeField, field) == 0 ? key : QByteArray();
+    };
+    newCategory(parent, tr("Новая подкатегория"), isRoot ? QByteArray() : key, scope("OrgTypeKey"),
+                scope("DepartmentKey"));
+    updateEditStatus();
+}
+
+void TemplateTab::newTemplateUnder(QModelIndex index, MDRData* record, const QString& signature)
+{
+    if (!TemplateTables::isContains(&m_tables.categories, record)) {
+        index = index.parent();
+        record = m_model->recordByIndex(index);
+    }
+    if (!TemplateTables::isContains(&m_tables.categories, record)) {
+        emit writeLog(signature,
+                      QStringLiteral("failed get record by index. Can't find parent category record."));
+        return;
+    }
+    insertTemplate(index, keyOf(record), codec()->fromUnicode(tr("Новый шаблон")), MDRValue::null());
+}
+
+void TemplateTab::deleteSelected()
+{
+    const QModelIndex current = m_form->templatesTree->currentIndex();
+    if (!current.isValid()) {
+        showError(tr("Не выбран элемент для удаления!"));
+        return;
+    }
+    const QModelIndex index = m_proxy->mapToSource(current);
+    const MDRData* record = m_model->recordByIndex(index);
+    QString question;
+    if (TemplateTables::isContains(&m_tables.categories, record)) {
+        question =
+            m_model->rowCount(index) < 1
+                ? tr("Удалить категорию?")
+                : tr("Категория не пуста, удалится также содержимой этой категории.\nУдалить категорию?");
+    } else if (TemplateTables::isContains(&m_tables.templates, record)) {
+        question = tr("Удалить шаблон?");
+    } else {
+        showError(tr("Не удалось определить элемент для удаления"));
+        LogText::warn(QStringLiteral("void TemplateTab::deleteSelected()"),
+                      QStringLiteral("index contains unknown record in internalPointer()."));
+        return;
+    }
+    m_messageBox->setMessage(tr("Удаление"), question, MessageIconQuestion, MessageTypeYesNo);
+    connect(m_messageBox->buttonBox(), &QDialogButtonBox::clicked, this, &TemplateTab::answerDelete);
+    m_messageBox->resize(boxWidth, boxHeight);
+    m_messageBox->show();
+}
+
+void TemplateTab::answerDelete(QAbstractButton* button)
+{
+    disconnect(m_messageBox->buttonBox(), SIGNAL(clicked(QAbstractButton*)), nullptr, nullptr);
+    m_messageBox->close();
+    if (!button || m_messageBox->ButtonRole(button) != yes)
+        return;
+
+    MDRData* record = currentRecord();
+    if (TemplateTables::isContains(&m_tables.categories, record))
+        deleteFolder(record);
+    else if (TemplateTables::isContains(&m_tables.templates, record))
+        deleteTemplate(record);
+
+    CVrkCliSes* session = m_module->session();
+    session->BlockBeg();
+    if (m_tables.templatesEdit.data.RecCount() > 0)
+        session->SqlUpdate(LogbookTable::Templates, m_tables.templatesEdit.data.array, true, nullptr);
+    if (m_tables.categoriesEdit.data.RecCount() > 0)
+        session->SqlUpdate(LogbookTable::CatsTemplate, m_tables.categoriesEdit.data.array, true, nullptr);
+    const bool isDone = session->BlockEnd(true, nullptr);
+    if (!isDone)
+        showError(tr("При изменения данных возникла ошибка.\nДанные не были изменены!"));
+
+    // Unsaved changes go with the deletions: sent in the same block, or dropped with it.
+    if (!isDone)
+        m_kept.keepAll(m_tables);
+    QuietSelection quiet(m_form->templatesTree->selectionModel());
+    removePending();
+    if (quiet.end() || !isDone)
+        raiseUpPassport(m_form->templatesTree->currentIndex());
+    updateEditStatus();
+    if (!isDone && !m_kept.isEmpty())
+        tellKept(tr("Изменения не сохранены. %1").arg(session->lastErrorText()));
+}
+
+void TemplateTab::deleteTemplate(MDRData* record)
+{
+    CMDArray& rows = m_tables.templatesEdit.data;
+    const MDRVar key = recordValue(record, "KeyLink");
+    MDRData* deletion = MDARecNew(rows.array);
+    MDRSetFlags(deletion, ROW_DELETE);
+    MDRSetVal(MDRFldByName(rows.array, "KeyLink"), deletion, &key);
+    rows.RecPost(deletion);
+}
+
+void TemplateTab::deleteFolder(MDRData* record)
+{
+    std::set<const MDRData*> seen; // a ring of categories must not lead round for ever
+    deleteFolder(record, &seen);
+}
+
+/// Descendants come ahead of their ancestors.
+void TemplateTab::deleteFolder(MDRData* record, std::set<const MDRData*>* seen)
+{
+    if (!seen->insert(record).second)
+        return;
+    const QByteArray key = keyOf(record);
+    for (MDRData* child : MDARecsWith(m_tables.categories.data.array, "ParentKey", key.constData()))
+        deleteFolder(child, seen);
+    for (MDRData* child : MDARecsWith(m_tables.templates.data.array, "CategoryKey", key.constData()))
+        deleteTemplate(child);
+
+    CMDArray& rows = m_tables.categoriesEdit.data;
+    MDRData* deletion = MDARecNew(rows.array);
+    MDRSetFlags(deletion, ROW_DELETE);
+    const MDRVar value = MDRValue::text(key);
+    MDRSetVal(MDRFldByName(rows.array, "KeyLink"), deletion, &value);
+    rows.RecPost(deletion);
+}
+
+void TemplateTab::copyItem()
+{
+    if (!canCopyCurrent())
+        return;
+    const QByteArray key = keyOf(currentRecord());
+    if (key.isEmpty())
+        return;
+    auto* mime = new QMimeData;
+    mime->setData(clipboardFormat(), key);
+    QGuiApplication::clipboard()->setMimeData(mime);
+}
+
+bool TemplateTab::canPasteHere() const
+{
+    const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+    return isOwnItemCurrent() && mime && mime->hasFormat(clipboardFormat()) &&
+           !mime->data(clipboardFormat()).isEmpty();
+}
+
+void TemplateTab::pasteItem()
+{
+    if (!isAnyAdmin())
+        return;
+    const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+    const QByteArray key =
+        mime ? QByteArray(mime->data(clipboardFormat()).constData()) : QByteArray(); // to the zero
+    if (MDRData* record = TemplateTables::recordByKeyLink(&m_tables.templates, key.constData()))
+        pasteTemplate(record);
+    QGuiApplication::clipboard()->clear(); // a copy pastes once
+}
+
+void TemplateTab::pasteTemplate(MDRData* record)
+{
+    QModelIndex index = currentSource();
+    if (TemplateTables::isContains(&m_tables.templates, m_model->recordByIndex(index)))
+        index = index.parent();
+    insertTemplate(index, index.data(Qt::UserRole).toString().toUtf8(),
+                   MDRValue::copy(recordValue(record, "nameLoc")), recordValue(record, "html"));
+}

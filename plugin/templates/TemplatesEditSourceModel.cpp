@@ -1,0 +1,444 @@
+#include "TemplatesEditSourceModel.h"
+
+#include "CVrkCliMod.h"
+#include "MDRValues.h"
+#include "RecordValue.h"
+
+#include <algorithm>
+#include <QPixmap>
+#include <QTextCodec>
+
+namespace
+{
+constexpr int iconSide = 20;
+
+bool enteredBefore(const MDRData* a, const MDRData* b)
+{
+    return a->entry < b->entry;
+}
+
+/// Scaled once for each name: the pictures never change.
+QPixmap picture(const char* name)
+{
+    static QHash<QByteArray, QPixmap> pictures;
+    QPixmap& made = pictures[name];
+    if (made.isNull()) {
+        const QIcon icon = CVrkCliMod::icon(QLatin1String(name));
+        const QPixmap largest = icon.pixmap(QSize(48, 48));
+        made = largest.scaled(iconSide, iconSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    }
+    return made;
+}
+
+/// The records of an edit table that are rows of the tree: the new ones.
+std::vector<MDRData*> inserted(const MDRRange& range)
+{
+    std::vector<MDRData*> found;
+    std::copy_if(range.begin(), range.end(), std::back_inserter(found),
+                 [](const MDRData* record) { return (record->flags & ROW_INSERT) != 0; });
+    return found;
+}
+
+int positionIn(const MDRRange& range, const MDRData* record)
+{
+    MDRData* const* found = std::lower_bound(range.begin(), range.end(), record, enteredBefore);
+    return found != range.end() && *found == record ? static_cast<int>(found - range.begin()) : -1;
+}
+
+int positionIn(const std::vector<MDRData*>& records, const MDRData* record)
+{
+    const auto found = std::find(records.begin(), records.end(), record);
+    return found != records.end() ? static_cast<int>(found - records.begin()) : -1;
+}
+} // namespace
+
+TemplatesEditSourceModel::TemplatesEditSourceModel(const TemplateLevel& level, QObject* parent)
+    : QAbstractItemModel(parent), m_level(level)
+{
+}
+
+TemplatesEditSourceModel::~TemplatesEditSourceModel()
+{
+    clear();
+}
+
+void TemplatesEditSourceModel::setTextCodec(QTextCodec* codec)
+{
+    beginResetModel();
+    m_codec = codec;
+    endResetModel();
+}
+
+void TemplatesEditSourceModel::setTable(CModelTable*& member, CModelTable* table)
+{
+    beginResetModel();
+    member = table;
+    endResetModel();
+}
+
+void TemplatesEditSourceModel::setOrgTypesTable(CModelTable* table)
+{
+    if (m_level.roots == TemplateLevel::OrgTypeRoots)
+        setTable(m_roots, table);
+}
+
+void TemplatesEditSourceModel::setDepartmentsTable(CModelTable* table)
+{
+    if (m_level.roots == TemplateLevel::DepartmentRoots)
+        setTable(m_roots, table);
+}
+
+void TemplatesEditSourceModel::setCatsTemplateTable(CModelTable* table)
+{
+    setTable(m_categories, table);
+}
+
+void TemplatesEditSourceModel::setTemplatesTable(CModelTable* table)
+{
+    setTable(m_templates, table);
+}
+
+void TemplatesEditSourceModel::setCatsTemplateEdit(CModelTable* table)
+{
+    setTable(m_categoriesEdit, table);
+}
+
+void TemplatesEditSourceModel::setTemplatesEdit(CModelTable* table)
+{
+    setTable(m_templatesEdit, table);
+}
+
+void TemplatesEditSourceModel::setEditable(bool editable)
+{
+    beginResetModel();
+    m_editable = editable;
+    endResetModel();
+}
+
+void TemplatesEditSourceModel::clear()
+{
+    beginResetModel();
+    m_codec = nullptr;
+    m_roots = m_categories = m_templates = m_categoriesEdit = m_templatesEdit = nullptr;
+    m_editable = false;
+    endResetModel();
+}
+
+bool TemplatesEditSourceModel::isReady() const
+{
+    const bool rootsReady = m_roots || m_level.roots == TemplateLevel::NoRoots;
+    return m_codec && rootsReady && m_categories && m_templates && m_categoriesEdit && m_templatesEdit;
+}
+
+bool TemplatesEditSourceModel::isContains(const CModelTable* table, const MDRData* record)
+{
+    return table && record && MDARecArr(record) == table->data.array;
+}
+
+MDRData* TemplatesEditSourceModel::recordWithKey(const CModelTable* table, const char* key)
+{
+    const MDRRange found = table ? MDARecsWith(table->data.array, "KeyLink", key) : MDRRange();
+    return found.count > 0 ? found.data[0] : nullptr;
+}
+
+const CModelTable* TemplatesEditSourceModel::tableByRecord(const MDRData* record) const
+{
+    for (const CModelTable* table : {m_roots, m_categories, m_templates, m_categoriesEdit, m_templatesEdit})
+        if (isContains(table, record))
+            return table;
+    return nullptr;
+}
+
+int TemplatesEditSourceModel::Rows::folders() const
+{
+    return static_cast<int>(categories.count + newCategories.size());
+}
+
+int TemplatesEditSourceModel::Rows::count() const
+{
+    return static_cast<int>(categories.count + newCategories.size() + templates.count + newTemplates.size());
+}
+
+MDRData* TemplatesEditSourceModel::Rows::at(int row) const
+{
+    auto left = static_cast<std::size_t>(row);
+    if (left < categories.count)
+        return categories.data[left];
+    left -= categories.count;
+    if (left < newCategories.size())
+        return newCategories[left];
+    left -= newCategories.size();
+    if (left < templates.count)
+        return templates.data[left];
+    left -= templates.count;
+    return left < newTemplates.size() ? newTemplates[left] : nullptr;
+}
+
+int TemplatesEditSourceModel::Rows::rowOf(const MDRData* record) const
+{
+    int before = 0;
+    int found = positionIn(categories, record);
+    if (found >= 0)
+        return found;
+    before += static_cast<int>(categories.count);
+    found = positionIn(newCategories, record);
+    if (found >= 0)
+        return before + found;
+    before += static_cast<int>(newCategories.size());
+    found = positionIn(templates, record);
+    if (found >= 0)
+        return before + found;
+    before += static_cast<int>(templates.count);
+    found = positionIn(newTemplates, record);
+    return found >= 0 ? before + found : -1;
+}
+
+int TemplatesEditSourceModel::rootCount() const
+{
+    return m_roots->data.RecCount();
+}
+
+TemplatesEditSourceModel::Rows TemplatesEditSourceModel::rowsUnder(const MDRData* parent) const
+{
+    Rows rows;
+    if (!parent) {
+        rows.categories = MDARecsWithout(m_categories->data.array, "ParentKey;OrgTypeKey;DepartmentKey");
+        rows.newCategories = inserted(MDARecsWithout(m_categoriesEdit->data.array, "ParentKey"));
+        return rows;
+    }
+    const bool isRoot = isContains(m_roots, parent);
+    const bool isNew = isContains(m_categoriesEdit, parent) && (parent->flags & ROW_INSERT) != 0;
+    const bool isFolder =
+        isContains(m_categories, parent) || (isNew && m_level.roots == TemplateLevel::NoRoots);
+    const MDRVar key = recordValue(parent, "KeyLink");
+    if ((!isRoot && !isFolder) || !MDRValue::hasText(key))
+        return rows;
+
+    const char* keyText = key.value.text.data;
+    const char* field = isRoot ? m_level.scopeField : "ParentKey";
+    rows.categories = MDARecsWith(m_categories->data.array, field, keyText);
+    rows.newCategories = inserted(MDARecsWith(m_categoriesEdit->data.array, field, keyText));
+    if (isFolder) {
+        rows.templates = MDARecsWith(m_templates->data.array, "CategoryKey", keyText);
+        rows.newTemplates = inserted(MDARecsWith(m_templatesEdit->data.array, "CategoryKey", keyText));
+    }
+    return rows;
+}
+
+MDRData* TemplatesEditSourceModel::recordByIndex(const QModelIndex& index) const
+{
+    return index.isValid() ? static_cast<MDRData*>(index.internalPointer()) : nullptr;
+}
+
+QModelIndex TemplatesEditSourceModel::index(int row, int column, const QModelIndex& parent) const
+{
+    if (!isReady() || row < 0)
+        return {};
+    const MDRData* above = recordByIndex(parent);
+    MDRData* record = isTopOfRoots(above) ? MDARec(m_roots->data.array, 0, row) : rowsUnder(above).at(row);
+    return record ? createIndex(row, column, record) : QModelIndex();
+}
+
+int TemplatesEditSourceModel::rowCount(const QModelIndex& parent) const
+{
+    if (!isReady())
+        return 0;
+    const MDRData* above = recordByIndex(parent);
+    return isTopOfRoots(above) ? rootCount() : rowsUnder(above).count();
+}
+
+int TemplatesEditSourceModel::folderCount(const QModelIndex& parent) const
+{
+    if (!isReady())
+        return 0;
+    const MDRData* above = recordByIndex(parent);
+    return isTopOfRoots(above) ? rootCount() : rowsUnder(above).folders();
+}
+
+int TemplatesEditSourceModel::nextCategoryRow(const QModelIndex& parent) const
+{
+    return static_cast<int>(rowsUnder(recordByIndex(parent)).categories.count);
+}
+
+int TemplatesEditSourceModel::nextTemplateRow(const QModelIndex& parent) const
+{
+    const Rows rows = rowsUnder(recordByIndex(parent));
+    return rows.folders() + static_cast<int>(rows.templates.count);
+}
+
+int TemplatesEditSourceModel::columnCount(const QModelIndex&) const
+{
+    return 1;
+}
+
+MDRData* TemplatesEditSourceModel::parentRecord(const MDRData* record, bool* orphan) const
+{
+    *orphan = false;
+    MDRVar key;
+    if (isContains(m_categories, record) || isContains(m_categoriesEdit, record)) {
+        if (m_level.scopeField)
+            key = recordValue(record, m_level.scopeField);
+        if (!MDRValue::hasText(key))
+            key = recordValue(record, "ParentKey");
+    } else if (isContains(m_templates, record) || isContains(m_templatesEdit, record)) {
+        key = recordValue(record, "CategoryKey");
+    }
+    if (!MDRValue::hasText(key))
+        return nullptr;
+
+    const char* keyText = key.value.text.data;
+    for (const CModelTable* table : {m_roots, m_categories})
+        if (MDRData* found = recordWithKey(table, keyText))
+            return found;
+    for (MDRData* found : MDARecsWith(m_categoriesEdit->data.array, "KeyLink", keyText))
+        if (found->flags & ROW_INSERT)
+            return found;
+    *orphan = true;
+    return nullptr;
+}
+
+int TemplatesEditSourceModel::rowOf(const MDRData* record, const MDRData* parent) const
+{
+    return isTopOfRoots(parent) ? MDARecPos(m_roots->data.array, 0, record) : rowsUnder(parent).rowOf(record);
+}
+
+QModelIndex TemplatesEditSourceModel::parent(const QModelIndex& index) const
+{
+    if (!isReady())
+        return {};
+    bool orphan = false;
+    MDRData* above = parentRecord(recordByIndex(index), &orphan);
+    if (!above)
+        return {};
+    const int row = rowOf(above, parentRecord(above, &orphan));
+    return row >= 0 ? createIndex(row, 0, above) : QModelIndex();
+}
+
+QModelIndex TemplatesEditSourceModel::indexByRecord(const MDRData* record) const
+{
+    if (!isReady() || !tableByRecord(record))
+        return {};
+    // Upwards as long as each record stands under the next. A ring of categories never ends at the top, and is left
+    // when it has taken more steps than there are categories.
+    int steps = m_categories->data.RecCount() + m_categoriesEdit->data.RecCount() + 2;
+    int ownRow = -1;
+    for (const MDRData* one = record; steps >= 0; --steps) {
+        bool orphan = false;
+        const MDRData* above = parentRecord(one, &orphan);
+        const int row = orphan ? -1 : rowOf(one, above);
+        if (row < 0)
+            return {};
+        if (one == record)
+            ownRow = row;
+        else if (flags(createIndex(row, 0, const_cast<MDRData*>(one))) & Qt::ItemNeverHasChildren)
+            return {};
+        if (!above)
+            return createIndex(ownRow, 0, const_cast<MDRData*>(record));
+        one = above;
+    }
+    return {};
+}
+
+QString TemplatesEditSourceModel::text(const MDRData* record, const char* field) const
+{
+    return m_codec->toUnicode(MDRValue::bytes(recordValue(record, field)));
+}
+
+QVariant TemplatesEditSourceModel::data(const QModelIndex& index, int role) const
+{
+    const MDRData* record = recordByIndex(index);
+    const CModelTable* table = isReady() ? tableByRecord(record) : nullptr;
+    if (!table)
+        return {};
+    switch (role) {
+    case Qt::DisplayRole: {
+        const MDRVar name = recordValue(record, table == m_roots ? "name_" : "nameLoc");
+        return MDRValue::isText(name) && !name.isNull ? m_codec->toUnicode(MDRValue::bytes(name))
+                                                      : QVariant();
+    }
+    case Qt::DecorationRole:
+        if (table == m_roots || table == m_categories)
+            return picture("folder.png");
+        return picture(table == m_templates ? "template.png" : "edited.png");
+    case Qt::UserRole:
+        return text(record, "KeyLink");
+    case Qt::ToolTipRole:
+        return m_level.tellsKey ? QVariant(text(record, "KeyLink")) : QVariant();
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags TemplatesEditSourceModel::flags(const QModelIndex& index) const
+{
+    if (!index.isValid()) // the empty area below a tree of categories takes a drop, which the page then refuses
+        return m_editable && m_level.roots == TemplateLevel::NoRoots ? Qt::ItemIsDropEnabled : Qt::NoItemFlags;
+    if (!m_editable)
+        return Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    const Qt::ItemFlags base = QAbstractItemModel::flags(index);
+    const MDRData* record = recordByIndex(index);
+    if (isContains(m_categories, record))
+        return base | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
+    // Meant: in the common tree new items too take part in drag and drop; their mime data stays empty.
+    if (m_level.roots == TemplateLevel::NoRoots || isContains(m_templates, record))
+        return base | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled | Qt::ItemNeverHasChildren;
+    return isContains(m_roots, record) ? base | Qt::ItemIsDropEnabled : base;
+}
+
+void TemplatesEditSourceModel::beginAppendRow(const QModelIndex& parent)
+{
+    beginInsertRow(rowCount(parent), parent);
+}
+
+void TemplatesEditSourceModel::endAppendRow()
+{
+    endInsertRow();
+}
+
+void TemplatesEditSourceModel::beginInsertRow(int row, const QModelIndex& parent)
+{
+    beginInsertRows(parent, row, row);
+}
+
+void TemplatesEditSourceModel::endInsertRow()
+{
+    endInsertRows();
+}
+
+void TemplatesEditSourceModel::beginRemoveRow(int row, const QModelIndex& parent)
+{
+    beginRemoveRows(parent, row, row);
+}
+
+void TemplatesEditSourceModel::endRemoveRow()
+{
+    endRemoveRows();
+}
+
+void TemplatesEditSourceModel::beginMoveRow(const QModelIndex& parent, int from, int to)
+{
+    beginMoveRows(parent, from, from, parent, to + (to > from ? 1 : 0));
+}
+
+void TemplatesEditSourceModel::endMoveRow()
+{
+    endMoveRows();
+}
+
+void TemplatesEditSourceModel::resetModel()
+{
+    beginResetModel();
+    endResetModel();
+}
+
+void TemplatesEditSourceModel::updateView()
+{
+    emit dataChanged(QModelIndex(), QModelIndex(), {Qt::DisplayRole, Qt::DecorationRole});
+}
+
+void TemplatesEditSourceModel::updateRecord(MDRData* record)
+{
+    const QModelIndex changed = indexByRecord(record);
+    if (changed.isValid())
+        emit dataChanged(changed, changed, {Qt::DisplayRole, Qt::DecorationRole});
+}

@@ -1,0 +1,128 @@
+#pragma once
+
+#include "CModelTable.h"
+#include "TemplateLevel.h"
+
+#include <QAbstractItemModel>
+#include <vector>
+
+class QTextCodec;
+
+/// The tree of one level of templates, computed on demand from flat record arrays: an index carries the record itself,
+/// and what stands under a parent is asked of the arrays' own indexes, so that nothing can fall out of step with them.
+/// Under one parent stand its categories, its new categories, its templates and its new templates, each part in array
+/// order. The model owns no table; who changes the arrays brackets the change with begin...Row and end...Row.
+class TemplatesEditSourceModel : public QAbstractItemModel
+{
+    Q_OBJECT
+
+public:
+    ~TemplatesEditSourceModel() override;
+
+    /// \name Tables of the level; each setter resets the model. A table that the level does not have is passed over.
+    /// @{
+    void setTextCodec(QTextCodec* codec);
+    void setOrgTypesTable(CModelTable* table);
+    void setDepartmentsTable(CModelTable* table);
+    void setCatsTemplateTable(CModelTable* table);
+    void setTemplatesTable(CModelTable* table);
+    void setCatsTemplateEdit(CModelTable* table);
+    void setTemplatesEdit(CModelTable* table);
+    void setEditable(bool editable);
+    void clear();
+    /// The codec and all tables of the level are there.
+    bool isReady() const;
+    /// @}
+
+    /// The record of a valid index, else null.
+    MDRData* recordByIndex(const QModelIndex& index) const;
+    /// The index of a record that can be reached from the top of the tree, else an invalid one.
+    QModelIndex indexByRecord(const MDRData* record) const;
+    /// Number of categories under the parent, new ones included; at a top level of root rows their number. It is the
+    /// row at which a new category comes in.
+    int folderCount(const QModelIndex& parent) const;
+    /// The row at which the next stored category or template under the parent comes in: behind its like.
+    int nextCategoryRow(const QModelIndex& parent) const;
+    int nextTemplateRow(const QModelIndex& parent) const;
+
+    /// \name Brackets around a change of the arrays
+    /// @{
+    void beginAppendRow(const QModelIndex& parent);
+    void endAppendRow();
+    void beginInsertRow(int row, const QModelIndex& parent);
+    void endInsertRow();
+    void beginRemoveRow(int row, const QModelIndex& parent);
+    void endRemoveRow();
+    /// \a to is the row after the move.
+    void beginMoveRow(const QModelIndex& parent, int from, int to);
+    void endMoveRow();
+    void resetModel();
+    /// The whole tree looks different.
+    void updateView();
+    /// The record's row looks different.
+    void updateRecord(MDRData* record);
+    /// @}
+
+    QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
+    QModelIndex parent(const QModelIndex& index) const override;
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    /// Role 0 the name, Qt::UserRole the key, Qt::DecorationRole the picture of the kind.
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+    QStringList mimeTypes() const override;
+    QMimeData* mimeData(const QModelIndexList& indexes) const override;
+    bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                         const QModelIndex& parent) const override;
+    bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                      const QModelIndex& parent) override;
+    Qt::DropActions supportedDropActions() const override;
+
+signals:
+    /// An item was dropped: the key of its record and where. The receiver moves it.
+    void moveToCategory(QString keyLink, QModelIndex indexSource);
+
+protected:
+    TemplatesEditSourceModel(const TemplateLevel& level, QObject* parent);
+
+private:
+    /// What stands under one parent.
+    struct Rows {
+        MDRRange categories;
+        std::vector<MDRData*> newCategories;
+        MDRRange templates;
+        std::vector<MDRData*> newTemplates;
+
+        int folders() const;
+        int count() const;
+        MDRData* at(int row) const;
+        /// The row of a record, or -1.
+        int rowOf(const MDRData* record) const;
+    };
+
+    static bool isContains(const CModelTable* table, const MDRData* record);
+    static MDRData* recordWithKey(const CModelTable* table, const char* key);
+    const CModelTable* tableByRecord(const MDRData* record) const;
+    void setTable(CModelTable*& member, CModelTable* table);
+    bool isTopOfRoots(const MDRData* parent) const
+    {
+        return !parent && m_level.roots != TemplateLevel::NoRoots;
+    }
+    int rootCount() const;
+    Rows rowsUnder(const MDRData* parent) const;
+    /// The record under which a record stands; null at the top level, and then \a orphan tells whether it should stand
+    /// somewhere.
+    MDRData* parentRecord(const MDRData* record, bool* orphan) const;
+    int rowOf(const MDRData* record, const MDRData* parent) const;
+    QString text(const MDRData* record, const char* field) const;
+
+    const TemplateLevel& m_level;
+    QTextCodec* m_codec = nullptr;
+    CModelTable* m_roots = nullptr;
+    CModelTable* m_categories = nullptr;
+    CModelTable* m_templates = nullptr;
+    CModelTable* m_categoriesEdit = nullptr;
+    CModelTable* m_templatesEdit = nullptr;
+    bool m_editable = false;
+};

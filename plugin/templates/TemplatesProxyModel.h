@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QSortFilterProxyModel>
+
+class CModelTable;
+struct MDRData;
+
+/// Sorts a tree of templates, categories before templates and each by name, and may show one root row only.
+class TemplatesProxyModel : public QSortFilterProxyModel
+{
+    Q_OBJECT
+
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    void setCatsTemplateTable(CModelTable* table);
+    void setCatsTemplateEdit(CModelTable* table);
+    void setTemplatesTable(CModelTable* table);
+    void setTemplatesEdit(CModelTable* table);
+    /// Shows the row of the top level with this key alone, with all below it. Empty: all rows.
+    void setFilterRoot(QString key);
+
+    bool isReadyData() const;
+    /// These two take indexes of the source.
+    bool isCategory(const QModelIndex& index) const;
+    bool isTemplate(const QModelIndex& index) const;
+
+protected:
+    bool filterAcceptsRow(int sourceRow, const QModelIndex& sourceParent) const override;
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
+
+private:
+    template <typename Member, typename Value>
+    void set(Member& member, Value value);
+
+    CModelTable* m_categories = nullptr;
+    CModelTable* m_categoriesEdit = nullptr;
+    CModelTable* m_templates = nullptr;
+    CModelTable* m_templatesEdit = nullptr;
+    QString m_filterRoot;
+};
