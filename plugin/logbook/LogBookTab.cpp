@@ -1,10 +1,13 @@
 #include "LogBookTab.h"
 
 #include "CModelTable.h"
+#include "CommentsPane.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "FilesPane.h"
 #include "MDRValues.h"
 #include "MessageListDelegate.h"
+#include "PageMessages.h"
 #include "ui_LogBookTab.h"
 #include "VrkTableTool.h"
 
@@ -56,6 +59,49 @@ void LogBookTab::configureForm()
     // The table takes the room that is left; the panes keep their width.
     m_ui->splitter->setStretchFactor(0, 1);
     m_ui->searchWidget->hide();
+}
+
+void LogBookTab::createAnnex(const Annex& annex)
+{
+    const auto current = [this] { return currentRecord(); };
+    m_messages = std::make_unique<PageMessages>(m_module);
+    m_commentsPane = std::make_unique<CommentsPane>(
+        CommentsPane::Controls{m_ui->commentsList, m_ui->createCommentButton, m_ui->deleteCommentButton,
+                               m_ui->readedCommentButton, m_allReaded},
+        CommentsPane::Source{annex.owner, m_module, m_location, annex.comments, m_messages.get(), current,
+                             annex.commentTime, annex.isCommentReaded},
+        nullptr);
+    m_filesPane = std::make_unique<FilesPane>(
+        FilesPane::Controls{m_ui->filesTable, m_ui->createFileButton, m_ui->deleteFileButton,
+                            m_ui->saveFileButton},
+        FilesPane::Source{annex.owner, this, m_module, m_location, annex.files, m_messages.get(), current},
+        nullptr);
+}
+
+void LogBookTab::dropAnnex()
+{
+    m_filesPane.reset();
+    m_commentsPane.reset();
+    m_messages.reset();
+    delete m_tableTool;
+    m_tableTool = nullptr;
+}
+
+void LogBookTab::reloadPanes(MDRData* record)
+{
+    m_commentsPane->reload(record);
+    m_filesPane->reload(record);
+}
+
+bool LogBookTab::deleteInPanes()
+{
+    if (m_ui->filesTable->hasFocus())
+        m_filesPane->deleteByKey();
+    else if (m_ui->commentsList->hasFocus())
+        m_commentsPane->deleteByKey();
+    else
+        return false;
+    return true;
 }
 
 MDRData* LogBookTab::currentRecord() const

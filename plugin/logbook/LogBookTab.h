@@ -3,15 +3,20 @@
 #include "CMDArray.h"
 #include "TEventNciParse.h"
 
+#include <functional>
 #include <memory>
 #include <QModelIndexList>
 #include <QWidget>
 
 class CModelTable;
+class CommentsPane;
 class CVrkCliMod;
+class FilesPane;
 class LocationInfo;
+class PageMessages;
 class QAction;
 class VrkTableTool;
+struct MDRVar;
 
 namespace Ui
 {
@@ -51,11 +56,31 @@ protected:
     MDRData* changeRecord(CMDArray* array, MDRData* record, TEventNciParse* event) const;
     MDRData* changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event) const;
 
+    /// What the panes of one page have that those of another have not; the tables belong to the page.
+    struct Annex {
+        QString owner; ///< the page's class, for log lines
+        CModelTable* comments;
+        CModelTable* files;
+        std::function<double()> commentTime;
+        std::function<bool(const MDRVar& time)> isCommentReaded;
+    };
+    /// Makes the message box and both panes; module and location are there already.
+    void createAnnex(const Annex& annex);
+    /// Takes the table, the panes and their windows away: for destructors, while the page's tables still live.
+    void dropAnnex();
+    /// Shows the comments and files of a record in the panes.
+    void reloadPanes(MDRData* record);
+    /// What the Delete key does in the pane that has the focus; false when neither has it.
+    bool deleteInPanes();
+
     std::unique_ptr<Ui::LogBookTab> m_ui;
     QAction* m_allReaded; ///< "mark all as read", in the menu of readedCommentButton
     CVrkCliMod* m_module = nullptr;
     LocationInfo* m_location = nullptr;
     VrkTableTool* m_tableTool = nullptr; ///< made by the page in init
+    std::unique_ptr<PageMessages> m_messages;
+    std::unique_ptr<CommentsPane> m_commentsPane;
+    std::unique_ptr<FilesPane> m_filesPane;
     bool m_isInit = false;
 
 private:

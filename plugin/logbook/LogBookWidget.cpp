@@ -2,11 +2,8 @@
 
 #include "AppendWorkerDialog.h"
 #include "CloseWorkshiftDialog.h"
-#include "CommentsPane.h"
-#include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "DateTimeRangeDialog.h"
-#include "FilesPane.h"
 #include "LocationInfo.h"
 #include "LogbookTables.h"
 #include "OpenWorkshiftDialog.h"
@@ -46,12 +43,11 @@ LogBookWidget::LogBookWidget(QWidget* parent)
 LogBookWidget::~LogBookWidget()
 {
     // They belong to the module's window, but hold tables of this page. The view goes before the tables too.
-    delete m_messageBox;
     for (QWidget* dialog : std::initializer_list<QWidget*>{
              m_openWorkshift, m_closeWorkshift, m_workshiftInfo, m_workshiftsDialog, m_dateTimeRange,
              m_appendWorker, m_recordCreator, m_secondMarker, m_timeExecution, m_orgStruct})
         delete dialog;
-    delete m_tableTool;
+    dropAnnex();
 }
 
 CModelTable* LogBookWidget::table(const QString& name)
@@ -74,8 +70,7 @@ void LogBookWidget::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Delete) {
         // A list that has the focus takes the key for itself, also when it has nothing to delete.
-        const bool isInPane = m_ui->filesTable->hasFocus() || m_ui->commentsList->hasFocus();
-        if (!isInPane && isRecordDeletable())
+        if (!deleteInPanes() && isRecordDeletable())
             deleteRecordRequest();
     }
     if (event->key() == Qt::Key_Home || event->key() == Qt::Key_HomePage)

@@ -14,10 +14,8 @@
 
 class AppendWorkerDialog;
 class CloseWorkshiftDialog;
-class CommentsPane;
 class CRowBatch;
 class DateTimeRangeDialog;
-class FilesPane;
 class FilterByStatus;
 class OpenWorkshiftDialog;
 class OrgStructDialog;
@@ -168,7 +166,6 @@ private:
     void createDialogs();
     void createConnections();
     void showRecordMenu(const QPoint& pos);
-    void reloadPanes(MDRData* record);
     void updateRecordsFilter();
     void showMsgBox(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
                     const char* slot);
@@ -254,8 +251,6 @@ private:
     RecordCensus m_census;
     FilterByStatus* m_draftsFilter = nullptr;
     RecordColumns* m_columns = nullptr;
-    CommentsPane* m_commentsPane = nullptr;
-    FilesPane* m_filesPane = nullptr;
     DurationOptions m_durationOptions;
     QTimer* m_controlTimer;
     QTimer* m_repeatTimer;
@@ -267,7 +262,6 @@ private:
     QAction* m_originAction = nullptr;
     QAction* m_approveAction = nullptr;
     QAction* m_signAction = nullptr;
-    QPointer<CPopMessageBox> m_messageBox;
     QPointer<OrgStructDialog> m_orgStruct; ///< one for all dialogs of the page
     QPointer<OpenWorkshiftDialog> m_openWorkshift;
     QPointer<CloseWorkshiftDialog> m_closeWorkshift;

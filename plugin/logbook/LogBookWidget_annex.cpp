@@ -8,6 +8,7 @@
 #include "LogBookWidget.h"
 #include "LogText.h"
 #include "OpenWorkshiftDialog.h"
+#include "PageMessages.h"
 #include "RecordCreatorDialog.h"
 #include "RecordValue.h"
 #include "VrkTableTool.h"
@@ -40,8 +41,7 @@ bool LogBookWidget::send(CRowBatch& batch)
 
 void LogBookWidget::showError(const QString& title, const QString& text)
 {
-    showMsgBox(title, LogText::centered(text), MessageIconError, MessageTypeOk,
-               SLOT(closeMsgBox(QAbstractButton*)));
+    m_messages->error(title, text);
 }
 
 void LogBookWidget::openWorkshiftRequest()

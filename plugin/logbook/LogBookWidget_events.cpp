@@ -111,6 +111,10 @@ bool LogBookWidget::changeRow(TEventNciParse* event)
     } else if (table == &m_records) {
         prepareRecord(row);
         m_tableTool->updateView(row);
+        if (row == currentRecord()) { // what may be done depends on its status
+            m_commentsPane->updateButtons();
+            m_filesPane->updateButtons();
+        }
         emit recordUpdated();
     } else if (table == &m_comments || table == &m_files) {
         updateAttachments(*table, recordOf(row));

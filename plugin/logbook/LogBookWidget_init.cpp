@@ -1,19 +1,18 @@
 #include "AppendWorkerDialog.h"
 #include "CloseWorkshiftDialog.h"
-#include "CommentsPane.h"
-#include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "DateTimeRangeDialog.h"
-#include "FilesPane.h"
 #include "Filters.h"
 #include "LocationInfo.h"
 #include "LogbookFields.h"
 #include "LogbookTables.h"
 #include "LogBookWidget.h"
+#include "MDRValues.h"
 #include "OpenWorkshiftDialog.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
+#include "PageMessages.h"
 #include "RecordColumns.h"
 #include "RecordCreatorDialog.h"
 #include "SecondMarkerDialog.h"
@@ -86,21 +85,9 @@ void LogBookWidget::initTables()
 
 void LogBookWidget::configurePanes()
 {
-    QTextCodec* codec = m_module->session()->codec();
-    const QString owner = QStringLiteral("LogBookWidget");
-    m_commentsPane = new CommentsPane(m_ui->commentsList, {owner, &m_comments, m_location, codec}, this);
-    m_filesPane = new FilesPane(m_ui->filesTable, {owner, &m_files, codec}, this);
-    // The panes are for reading: what would change comments and files is not offered.
-    for (QToolButton* button :
-         {m_ui->createCommentButton, m_ui->deleteCommentButton, m_ui->readedCommentButton,
-          m_ui->createFileButton, m_ui->deleteFileButton, m_ui->saveFileButton})
-        button->hide();
-}
-
-void LogBookWidget::reloadPanes(MDRData* record)
-{
-    m_commentsPane->reload(record);
-    m_filesPane->reload(record);
+    createAnnex({QStringLiteral("LogBookWidget"), &m_comments, &m_files,
+                 [this] { return DateTime_To_HfnTime(m_module->session()->HfnTimeToSesTime()); },
+                 [](const MDRVar& time) { return MDRValue::hasTime(time) && time.value.real > 0.0; }});
 }
 
 void LogBookWidget::configureTableTool()
@@ -144,8 +131,6 @@ void LogBookWidget::showRecordMenu(const QPoint& pos)
 void LogBookWidget::createDialogs()
 {
     // The module is the parent: dialogs ask their parent for the session.
-    m_messageBox = new CPopMessageBox(m_module);
-
     m_recordCreator = new RecordCreatorDialog(m_module, -1);
     m_recordCreator->init(m_module);
     m_recordCreator->setRecordsTable(&m_records);
@@ -244,10 +229,7 @@ void LogBookWidget::updateRecordsFilter()
 void LogBookWidget::showMsgBox(const QString& title, const QString& text, TMessageBoxIcon icon,
                                TMessageBoxType type, const char* slot)
 {
-    m_messageBox->setMessage(title, text, icon, type, nullptr);
-    connect(m_messageBox->buttonBox(), SIGNAL(clicked(QAbstractButton*)), this, slot);
-    m_messageBox->resize(350, 110);
-    m_messageBox->show();
+    m_messages->show(title, text, icon, type, this, slot);
 }
 
 void LogBookWidget::closeMsgBox(QAbstractButton* button)
@@ -257,8 +239,5 @@ void LogBookWidget::closeMsgBox(QAbstractButton* button)
 
 bool LogBookWidget::isConfirmed(QAbstractButton* button)
 {
-    // Disconnected first: the next question in the same box has another slot.
-    disconnect(m_messageBox->buttonBox(), &QDialogButtonBox::clicked, nullptr, nullptr);
-    m_messageBox->close();
-    return button && m_messageBox->ButtonRole(button) == QDialogButtonBox::YesRole;
+    return m_messages->isConfirmed(button);
 }

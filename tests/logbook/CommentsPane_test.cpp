@@ -5,9 +5,12 @@
 #include "LogWatch.h"
 #include "MadeTable.h"
 #include "MessageListDelegate.h"
+#include "PageMessages.h"
+#include "TestClient.h"
 
+#include <QAction>
 #include <QListWidget>
-#include <QTextCodec>
+#include <QToolButton>
 #include <QtTest>
 
 class CommentsPane_test : public QObject
@@ -30,15 +33,22 @@ private:
                 QDateTime::fromString(QLatin1String(text), QStringLiteral("dd.MM.yyyy hh:mm:ss")));
         }
 
+        const TestStore store{TestStore::Empty};
         MadeTable records{"LogbookRecords", LogbookRecordExtFields};
         MadeTable comments{"LogbookComments", LogbookCommentFields};
         MadeTable workers{"Workers", MadeWorkerFields, "KeyLink"};
         LocationInfo location;
+        TestClient client{store.openLoader()};
+        CVrkCliMod module{&client.app()};
+        PageMessages messages{&module};
         QListWidget list;
-        CommentsPane pane{
-            &list,
-            {QStringLiteral("LogBookWidget"), &comments, &location, QTextCodec::codecForName("Windows-1251")},
-            nullptr};
+        QToolButton create, remove, readed;
+        QAction allReaded;
+        MDRData* current = nullptr;
+        CommentsPane pane{{&list, &create, &remove, &readed, &allReaded},
+                          {QStringLiteral("LogBookWidget"), &module, &location, &comments, &messages,
+                           [this] { return current; }, [] { return 0.0; }, MDRValue::hasTime},
+                          nullptr};
     };
 
 private slots:
@@ -85,8 +95,10 @@ private slots:
         f.comments.add({{"KeyLink", "C1"}, {"RecordKey", "R1"}});
         f.pane.reload(record);
         QCOMPARE(f.list.count(), 1);
+        QVERIFY(f.readed.isEnabled());
         f.pane.reload(nullptr);
         QCOMPARE(f.list.count(), 0);
+        QVERIFY(!f.create.isEnabled() && !f.remove.isEnabled() && !f.readed.isEnabled());
     }
 
     void logsARecordWithoutAKey()

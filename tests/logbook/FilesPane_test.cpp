@@ -1,12 +1,15 @@
 #include "FilesPane.h"
 
+#include "LocationInfo.h"
 #include "LogWatch.h"
 #include "MadeTable.h"
+#include "PageMessages.h"
+#include "TestClient.h"
 
 #include <QHeaderView>
 #include <QPixmap>
 #include <QTableWidget>
-#include <QTextCodec>
+#include <QToolButton>
 #include <QtTest>
 
 class FilesPane_test : public QObject
@@ -15,11 +18,18 @@ class FilesPane_test : public QObject
 
 private:
     struct Fixture {
+        const TestStore store{TestStore::Empty};
         MadeTable records{"LogbookRecords", LogbookRecordExtFields};
         MadeTable files{"LogbookFiles", LogbookFilesFields};
+        LocationInfo location;
+        TestClient client{store.openLoader()};
+        CVrkCliMod module{&client.app()};
+        PageMessages messages{&module};
         QTableWidget table;
-        FilesPane pane{&table,
-                       {QStringLiteral("LogBookWidget"), &files, QTextCodec::codecForName("Windows-1251")},
+        QToolButton create, remove, save;
+        FilesPane pane{{&table, &create, &remove, &save},
+                       {QStringLiteral("LogBookWidget"), &table, &module, &location, &files, &messages,
+                        [] { return nullptr; }},
                        nullptr};
     };
 

@@ -1,0 +1,217 @@
+#include "CModelTable.h"
+#include "CVrkCliApp.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "Desktop.h"
+#include "FileNames.h"
+#include "FilesPane.h"
+#include "GenGuid32.h"
+#include "LocationInfo.h"
+#include "LogbookTables.h"
+#include "LogText.h"
+#include "PageMessages.h"
+#include "RecordValue.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTextCodec>
+#include <QToolButton>
+#include <QUrl>
+
+namespace
+{
+const char* const savedPath = "saved_from_logbook";
+
+QString desktopFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+}
+
+/// Fetches what a file holds, \a content as a part of the record; false when the store does not give it.
+bool fetch(const MDRData* file, QByteArray* content)
+{
+    MDRVar value;
+    const int code = MDRGetVal(MDRFldByName(MDARecArr(file), "fileData"), file, &value);
+    *content = MDRValue::bytes(value);
+    return code == mdr_Ok;
+}
+
+/// Whether everything reached the disk is not asked: meant.
+bool write(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    file.write(content);
+    return true;
+}
+} // namespace
+
+bool FilesPane::send(CRowBatch& batch) const
+{
+    return m_source.module->session()->SqlUpdate(LogbookTable::Files, batch.array, true, nullptr);
+}
+
+void FilesPane::createFileRequest()
+{
+    // The key alone: while the user looks for a file, the record may go.
+    const QByteArray recordKey = MDRValue::copy(recordValue(m_source.currentRecord(), "KeyLink"));
+    if (recordKey.isEmpty())
+        return;
+    const QString path = Desktop::current().askOpenFile(m_source.page, tr("Выбор файла"), desktopFolder());
+    if (path.isEmpty())
+        return;
+    const auto refuse = [this] {
+        m_source.messages->error(tr("Ошибка"), tr("Размер файла слишком большой!") +
+                                                   QStringLiteral("<br/><br/>") +
+                                                   tr("Выберете файл с размером не более %1 МБ.").arg(5));
+    };
+    if (QFileInfo(path).size() > sizeLimit) {
+        refuse();
+        return;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        LogText::warn(signature("void %1::createFileRequest()"),
+                      LogText::fill(QStringLiteral("could not open file %1 for read!"), {path}));
+        return;
+    }
+    const QByteArray content = file.read(sizeLimit + 1); // it may have grown, and a device tells no size
+    if (content.size() > sizeLimit)
+        refuse();
+    else
+        attach(recordKey, path, content);
+}
+
+void FilesPane::attach(const QByteArray& recordKey, const QString& path, const QByteArray& content)
+{
+    const QTextCodec* codec = m_source.module->session()->codec();
+    const QString name = QFileInfo(path).fileName();
+    const QString fittedName = FileNames::fitted(name, codec);
+    const QByteArray key = GenGuid32();
+    const QByteArray nameBytes = codec->fromUnicode(fittedName);
+    const QByteArray worker = codec->fromUnicode(m_source.location->workerKey());
+
+    CRowBatch batch(m_source.files->data);
+    MDRData* row = batch.newRow(ROW_INSERT, key);
+    batch.SetValF(row, "KeyLink", MDRValue::text(key));
+    batch.SetValF(row, "WorkerKey", MDRValue::text(worker));
+    batch.SetValF(row, "RecordKey", MDRValue::text(recordKey));
+    batch.SetValF(row, "fileName", MDRValue::text(nameBytes));
+    batch.SetValF(row, "fileData", MDRValue::text(content, mdr_TBlob));
+    batch.RecPost(row);
+    if (!send(batch)) {
+        LogText::warn(
+            signature("void %1::createFileRequest()"),
+            LogText::fill(QStringLiteral("error save file in %1! Func SqlUpdate returned FALSE! Data: "
+                                         "KeyLink(%2),recordKey(%3),fileName(%4)"),
+                          {QLatin1String(LogbookTable::Files), QString::fromUtf8(key),
+                           QString::fromUtf8(recordKey), fittedName}));
+        m_source.messages->error(tr("Ошибка"), tr("Не удалось загрузить файл"));
+        return;
+    }
+    if (fittedName != name.normalized(QString::NormalizationForm_C))
+        emit m_source.module->app()->textAdjusted(
+            tr("Имя файла записано как «%1»: в журнале нет некоторых его знаков.").arg(fittedName));
+}
+
+QString FilesPane::temporaryPath(const QString& name)
+{
+    if (!m_opened || !m_opened->isValid())
+        m_opened = std::make_unique<QTemporaryDir>(QDir::tempPath() + QStringLiteral("/logbook-XXXXXX"));
+    const QString folder = m_opened->filePath(QString::number(++m_openedCount));
+    return m_opened->isValid() && QDir().mkdir(folder) ? folder + QLatin1Char('/') + FileNames::local(name)
+                                                       : QString();
+}
+
+void FilesPane::openFileRequest()
+{
+    const MDRData* file = currentFile();
+    if (!file)
+        return;
+    QByteArray content;
+    const QString path = fetch(file, &content) ? temporaryPath(nameOf(file)) : QString();
+    if (path.isEmpty() || !write(path, content)) {
+        m_source.messages->error(tr("Ошибка"), tr("Не удалось открыть файл!"));
+        return;
+    }
+    Desktop::current().open(QUrl::fromLocalFile(path));
+}
+
+void FilesPane::saveFileRequest()
+{
+    const MDRData* file = currentFile();
+    if (!file)
+        return;
+    // A copy: while the user chooses a place, an event may take the record away.
+    QByteArray content;
+    const bool isFetched = fetch(file, &content);
+    content.detach();
+    const QString proposal = desktopFolder() + QLatin1Char('/') + FileNames::local(nameOf(file));
+    const QString path = Desktop::current().askSaveFile(m_source.page, tr("Сохранение файла"), proposal);
+    if (path.isEmpty()) { // also when the user has cancelled: meant
+        m_source.messages->error(tr("Ошибка"), tr("Некорректный путь для сохранения файла!"));
+        return;
+    }
+    if (!isFetched || !write(path, content)) {
+        m_source.messages->error(tr("Ошибка"), tr("Не удалось сохранить файл!"));
+        return;
+    }
+    m_source.page->setProperty(savedPath, path);
+    m_source.messages->show(tr("Открытие файла"), tr("Открыть файл, который был сохранен?"),
+                            MessageIconQuestion, MessageTypeYesNo, this,
+                            SLOT(openSavedFileAnswer(QAbstractButton*)));
+}
+
+void FilesPane::openSavedFileAnswer(QAbstractButton* button)
+{
+    const bool isConfirmed = m_source.messages->isConfirmed(button);
+    if (!button)
+        return;
+    const QString path = m_source.page->property(savedPath).toString();
+    m_source.page->setProperty(savedPath, QString());
+    if (!isConfirmed)
+        return;
+    if (QFileInfo::exists(path))
+        Desktop::current().open(QUrl::fromLocalFile(path));
+    else
+        m_source.messages->error(tr("Ошибка открытия файла"), tr("Не удалось открыть файл!"));
+}
+
+void FilesPane::deleteByKey()
+{
+    if (m_controls.remove->isEnabled())
+        deleteFileRequest();
+}
+
+void FilesPane::deleteFileRequest()
+{
+    m_askedKey = currentKey();
+    m_source.messages->ask(tr("Удаление файла"), tr("Вы действительно хотите удалить файл?"), this,
+                           SLOT(deleteFileAnswer(QAbstractButton*)));
+}
+
+void FilesPane::deleteFileAnswer(QAbstractButton* button)
+{
+    m_askedKey.clear();
+    const bool isConfirmed = m_source.messages->isConfirmed(button);
+    const MDRData* file = currentFile();
+    if (!isConfirmed || !file)
+        return;
+    const QByteArray key = MDRValue::copy(recordValue(file, "KeyLink"));
+    CRowBatch batch(m_source.files->data);
+    MDRData* deletion = batch.newRow(ROW_DELETE, key);
+    batch.SetValF(deletion, "KeyLink", MDRValue::text(key));
+    batch.RecPost(deletion);
+    if (send(batch))
+        return;
+    LogText::warn(
+        signature("void %1::deleteFileAnswer(QAbstractButton*)"),
+        LogText::fill(
+            QStringLiteral("error delete file from %1! Func SqlUpdate returned FALSE! Data: KeyLink(%2)"),
+            {QLatin1String(LogbookTable::Files), QString::fromUtf8(key)}));
+    m_source.messages->error(tr("Ошибка"), tr("Не удалось удалить файл!"));
+}

@@ -1,0 +1,121 @@
+#include "CommentCreatorDialog.h"
+
+#include <QMainWindow>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTextEdit>
+#include <QtTest>
+
+class CommentCreatorDialog_test : public QObject
+{
+    Q_OBJECT
+
+private:
+    struct Fixture {
+        Fixture()
+        {
+            window.resize(700, 600);
+            window.show();
+            if (!QTest::qWaitForWindowActive(&window)) // before the dialog asks for the same
+                qFatal("the window does not show");
+        }
+        QTextEdit* edit() { return dialog.findChild<QTextEdit*>(QStringLiteral("commentEdit")); }
+        QPushButton* apply() { return dialog.findChild<QPushButton*>(QStringLiteral("applyButton")); }
+        QPushButton* cancel() { return dialog.findChild<QPushButton*>(QStringLiteral("cancelButton")); }
+
+        QMainWindow window;
+        CommentCreatorDialog dialog{&window, -1};
+        QSignalSpy changed{&dialog, &CommentCreatorDialog::commentChanged};
+    };
+
+private slots:
+    void showsItsFormInTheMiddle()
+    {
+        Fixture f;
+        QCOMPARE(f.dialog.windowTitle(), QStringLiteral("Комментарий записи ОЖ"));
+        QVERIFY(!f.dialog.windowIcon().isNull());
+        QCOMPARE(f.apply()->text(), QStringLiteral("Применить"));
+        QCOMPARE(f.cancel()->text(), QStringLiteral("Отмена"));
+        f.dialog.show();
+        QCOMPARE(f.dialog.size(), QSize(600, 400));
+        QVERIFY((f.dialog.geometry().center() - f.window.geometry().center()).manhattanLength() <= 2);
+        QTRY_VERIFY(f.edit()->hasFocus());
+    }
+
+    void appliesATextOnlyAfterAChange()
+    {
+        Fixture f;
+        f.dialog.setCommentKey(QStringLiteral("C1"));
+        f.dialog.setText(QStringLiteral("Старый"));
+        f.dialog.show();
+        QVERIFY(!f.apply()->isEnabled());
+        QCOMPARE(f.edit()->textCursor().position(), 6);
+        QTest::keyClicks(f.edit(), QStringLiteral("!"));
+        QVERIFY(f.apply()->isEnabled());
+        QTest::mouseClick(f.apply(), Qt::LeftButton);
+        QVERIFY(!f.dialog.isVisible());
+        QCOMPARE(f.changed.count(), 1);
+        QCOMPARE(f.changed.at(0), QVariantList({QStringLiteral("C1"), QStringLiteral("Старый!")}));
+
+        f.dialog.show();
+        QVERIFY(!f.apply()->isEnabled()); // at each showing
+    }
+
+    void doesNotApplyAnEmptiedText()
+    {
+        Fixture f;
+        f.dialog.setText(QStringLiteral("a"));
+        f.dialog.show();
+        QTest::keyClick(f.edit(), Qt::Key_Backspace);
+        QVERIFY(!f.apply()->isEnabled());
+        QTest::keyClick(f.edit(), Qt::Key_Return, Qt::ControlModifier);
+        QCOMPARE(f.changed.count(), 0);
+        QVERIFY(f.dialog.isVisible());
+    }
+
+    void forgetsTheTextButNotTheKey()
+    {
+        Fixture f;
+        f.dialog.setCommentKey(QStringLiteral("C1"));
+        f.dialog.setText(QStringLiteral("Старый"));
+        f.dialog.clear();
+        f.dialog.show();
+        QCOMPARE(f.edit()->toPlainText(), QString());
+        QVERIFY(!f.apply()->isEnabled());
+        QTest::keyClicks(f.edit(), QStringLiteral("new"));
+        f.apply()->click();
+        QCOMPARE(f.changed.at(0).at(0).toString(), QStringLiteral("C1"));
+    }
+
+    void leavesByCancelAndByEscape()
+    {
+        Fixture f;
+        f.dialog.show();
+        QTest::keyClicks(f.edit(), QStringLiteral("a"));
+        QTest::mouseClick(f.cancel(), Qt::LeftButton);
+        QVERIFY(!f.dialog.isVisible());
+        f.dialog.show();
+        QTest::keyClick(f.edit(), Qt::Key_Escape);
+        QVERIFY(!f.dialog.isVisible());
+        QCOMPARE(f.changed.count(), 0);
+    }
+
+    void breaksLinesByReturnAndAppliesByCtrlEnter()
+    {
+        Fixture f;
+        f.dialog.show();
+        QTRY_VERIFY(f.edit()->hasFocus());
+        QApplication::setActiveWindow(&f.dialog);
+        QTest::keyClicks(f.edit(), QStringLiteral("a"));
+        QTest::keyClick(f.edit(), Qt::Key_Return);
+        QTest::keyClicks(f.edit(), QStringLiteral("b"));
+        QVERIFY(f.dialog.isVisible());
+        QTest::keyClick(f.edit(), Qt::Key_Return, Qt::ControlModifier);
+        QCOMPARE(f.changed.count(), 1);
+        QCOMPARE(f.changed.at(0).at(1).toString(), QStringLiteral("a\nb"));
+        QVERIFY(!f.dialog.isVisible());
+    }
+};
+
+QTEST_MAIN(CommentCreatorDialog_test)
+#include "CommentCreatorDialog_test.moc"
