@@ -32,7 +32,9 @@ target_compile_definitions(vrk_settings INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_MESSAGELOGCONTEXT)
 if(VRK_SANITIZE)
     target_compile_options(vrk_settings INTERFACE -fsanitize=${VRK_SANITIZE} -fno-sanitize-recover=all
-                           -fno-omit-frame-pointer)
+                           -fno-omit-frame-pointer
+                           # Instrumented code makes the compiler see uninitialised values that are not there.
+                           -Wno-maybe-uninitialized)
     target_link_options(vrk_settings INTERFACE -fsanitize=${VRK_SANITIZE})
 endif()
 

@@ -104,6 +104,9 @@ QString CPopMessageBox::text() const
 
 void CPopMessageBox::fitHeight()
 {
+    // Laid out anew first: the row with the text keeps the height of the message before otherwise.
+    layout()->invalidate();
+    layout()->activate();
     const int wanted = layout()->totalHeightForWidth(qMax(width(), layout()->minimumSize().width()));
     setMinimumHeight(qMax(wanted, 0));
 }

@@ -97,11 +97,11 @@ void VrkTableLayout::measure()
     if (m_measuring || !m_view->isVisible())
         return;
     const QScopedValueRollback<bool> guard(m_measuring, true);
-    readWidths(false);
-    if (m_model->rowCount() == 0)
-        return;
-    // Rows that shrink bring further ones into sight; growing ones push them out.
-    for (int pass = 0; pass < 8 && measureOnce(); ++pass) {
+    // Rows that shrink bring further ones into sight, with words that need wider columns; growing ones push them out.
+    for (int pass = 0; pass < 8; ++pass) {
+        readWidths(false);
+        if (m_model->rowCount() == 0 || !measureOnce())
+            break;
     }
 }
 

@@ -3,6 +3,7 @@
 #include "VrkTableLayout.h"
 #include "VrkTableProxyModel.h"
 
+#include <algorithm>
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QTableView>
@@ -11,7 +12,7 @@ namespace
 {
 constexpr int charactersOfWrapped = 16; ///< wider names are wrapped
 constexpr int charactersOfLeast = 12;   ///< longer words are broken where room is scarce
-constexpr int charactersOfFill = 60;    ///< the text of records gets them at the cost of wrapped names
+constexpr int charactersOfFill = 45;    ///< the text of records gets them at the cost of wrapped names
 constexpr int charactersOfText = 20;    ///< with fewer the table is scrolled sideways instead
 constexpr int rowsRead = 100;           ///< at most, for the widths
 } // namespace
@@ -86,7 +87,8 @@ void VrkTableLayout::fitColumns()
     schedule();
 }
 
-// Gives the columns their widths: what they need in one line, or less where names can be wrapped and room is scarce.
+// Gives the columns their widths: what they need in one line while the text keeps enough, those first that gain it at the
+// least cost; the others get what their longest word needs.
 void VrkTableLayout::distribute()
 {
     const int fill = fillColumn();
@@ -96,27 +98,23 @@ void VrkTableLayout::distribute()
     QHeaderView* header = m_view->horizontalHeader();
     const int character = m_view->fontMetrics().averageCharWidth();
     const int leastOfFill = qMax(charactersOfText * character, headerWidth(fill));
-    int wanted = qMax(charactersOfFill * character, leastOfFill);
-    int spare = 0;
-    for (int column = 0; column < m_widths.size(); ++column) {
-        if (column == fill || m_view->isColumnHidden(column))
-            continue;
-        const Width& width = m_widths[column];
-        wanted += width.byUser ? m_view->columnWidth(column) : width.natural;
-        spare += width.byUser ? 0 : width.natural - width.least;
-    }
-    const int lack = qBound(0, wanted - m_view->viewport()->width(), spare);
     int rest = m_view->viewport()->width();
+    QVector<int> fitted;
     for (int column = 0; column < m_widths.size(); ++column) {
         if (column == fill || m_view->isColumnHidden(column))
             continue;
-        const Width& width = m_widths[column];
-        if (!width.byUser) {
-            const int share = spare > 0 ? ((width.natural - width.least) * lack + spare - 1) / spare : 0;
-            header->setSectionResizeMode(column, QHeaderView::Interactive);
-            header->resizeSection(column, width.natural - share);
-        }
-        rest -= m_view->columnWidth(column);
+        rest -= m_widths[column].byUser ? m_view->columnWidth(column) : m_widths[column].least;
+        if (!m_widths[column].byUser)
+            fitted.append(column);
+    }
+    const auto cost = [this](int column) { return m_widths[column].natural - m_widths[column].least; };
+    std::stable_sort(fitted.begin(), fitted.end(), [cost](int a, int b) { return cost(a) < cost(b); });
+    const int wantedOfFill = qMax(charactersOfFill * character, leastOfFill);
+    for (int column : qAsConst(fitted)) {
+        const bool inOneLine = rest - cost(column) >= wantedOfFill;
+        rest -= inOneLine ? cost(column) : 0;
+        header->setSectionResizeMode(column, QHeaderView::Interactive);
+        header->resizeSection(column, inOneLine ? m_widths[column].natural : m_widths[column].least);
     }
     if (rest >= leastOfFill) {
         header->setSectionResizeMode(fill, QHeaderView::Stretch);

@@ -1,22 +1,68 @@
 #pragma once
 
+#include "ConversionReport.h"
+#include "ConverterTables.h"
 #include "CVrkCliMod.h"
 
-/// The converter of the earlier journal: the frame that answers the host. Its rules are not there yet, so it
-/// opens on a line that says so.
+#include <memory>
+
+class LoaderIndicator;
+namespace Ui
+{
+class CVrkConverter;
+}
+
+/// The converter of the earlier journal: a tool that an administrator uses once. It turns the templates and parameters
+/// of the old tables into those of this journal, in memory and with a report, and writes them when asked to. One run a
+/// start. The rules are in ParamRules and TemplateRules; the window shows and runs.
 class CVrkConverter : public CVrkCliMod
 {
     Q_OBJECT
 
 public:
     explicit CVrkConverter(CVrkCliApp* app);
+    ~CVrkConverter() override;
 
+    /// Always true: what stands in the way is told in the report.
     bool ModuleStart() override;
     void ModuleStop() override;
     int MessageOn() override;
+    /// The converter follows no events: every message is taken as done, unread.
     int MessageData(HFNCliParam* block) override;
     void AppIdleEvent() override;
 
+    /// Writes the report as a text in UTF-8; a failure is told in the report on the screen.
+    void saveReport(const QString& path);
+
+protected:
+    /// Stays open during a run: the loops below it work on its tables.
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void setModuleName(const QString& name);
+    bool hasRights();
+    void uploadSqlTables();
+    void createBaseParameters();
+    void refuse();
+    void setRunEnabled(bool enabled);
+
+    // CVrkConverter_run.cpp: the run and its report
+    void convert();
+    void conclude(int count);
+    void showLine(ConversionReport::Tone tone, const QString& text);
+    void addGoodMessage(const QString& text);
+    void addErrorInfo(const QString& text);
+    void addWarningInfo(const QString& text);
+    void askReportPath();
+
+    // CVrkConverter_save.cpp
+    void sendToServer();
+    void send(const CModelTable& first, const CModelTable& second, const QString& saved,
+              const QString& failed);
+
+    std::unique_ptr<Ui::CVrkConverter> m_form;
+    ConverterTables m_tables;
+    ConversionReport m_report;
+    LoaderIndicator* m_loader;
+    bool m_running = false;
 };

@@ -11,8 +11,8 @@
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTextCodec>
-#include <QtTest>
 #include <QTreeView>
+#include <QtTest>
 
 /// A template editor in a window of its own, and what tests do with it.
 struct TemplateEditorBench {
@@ -59,6 +59,7 @@ struct TemplateEditorBench {
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1)
     {
+        QApplication::setActiveWindow(&editor); // the offscreen platform does not give it back when a dialog closes
         for (int i = 0; i < times; ++i)
             QTest::keyClick(text(), key, modifiers);
     }

@@ -79,6 +79,42 @@ private slots:
         QCOMPARE(button(box, "noButton")->text().remove(QLatin1Char('&')), QStringLiteral("Нет"));
     }
 
+    /// Between what the text needs at the width that it has, and what it has.
+    static bool showsItsWholeText(const CPopMessageBox& box)
+    {
+        const auto* label = box.findChild<QLabel*>(QStringLiteral("textLabel"));
+        return label->height() >= label->heightForWidth(label->width()) &&
+               label->geometry().bottom() < box.buttonBox()->geometry().top();
+    }
+
+    void aLongTextIsShownWholeThoughASmallerSizeIsAskedFor()
+    {
+        QWidget window;
+        window.show();
+        CPopMessageBox box(&window);
+        const QString text = QStringLiteral("<center>После удаления запись будет помечена как удалённая!\nВы "
+                                            "действительно хотите удалить запись?</center>");
+        for (int points : {10, 15}) {
+            QFont font = window.font();
+            font.setPointSize(points);
+            box.setFont(font);
+            for (int repeat = 0; repeat < 2; ++repeat) {
+                box.setMessage(QStringLiteral("Ошибка"), QStringLiteral("<center>Не вышло!</center>"),
+                               MessageIconError, MessageTypeOk);
+                box.resize(350, 110);
+                box.show();
+                QTRY_VERIFY(showsItsWholeText(box));
+                QTRY_COMPARE(box.width(), 350);
+                box.close();
+                box.setMessage(QStringLiteral("Вопрос"), text, MessageIconQuestion, MessageTypeYesNo);
+                box.resize(350, 110);
+                box.show();
+                QTRY_VERIFY(showsItsWholeText(box));
+                box.close();
+            }
+        }
+    }
+
     void yesIsFiveAndNothingElseIs()
     {
         Asker asker;

@@ -1,82 +1,17 @@
 #include "VrkTableTool.h"
 
-#include "RecordTable.h"
-#include "VrkTableDelegate.h"
+#include "TableSetup.h"
 #include "VrkTableFilterRow.h"
 
 #include <memory>
-#include <QAbstractItemModelTester>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QScrollBar>
-#include <QTableView>
-#include <QtTest>
-
-namespace
-{
-const QString html = QStringLiteral("html");
-const QString recordTime = QStringLiteral("recordTime");
-const QString keyLink = QStringLiteral("KeyLink");
-
-QString longText(int words)
-{
-    return QStringLiteral("переключение ").repeated(words);
-}
-} // namespace
 
 class VrkTableTool_test : public QObject
 {
     Q_OBJECT
-
-private:
-    /// A table set up as a page does it: key, time and text in sight.
-    struct Setup {
-        Setup() : tester(tool.proxy(), QAbstractItemModelTester::FailureReportingMode::QtTest)
-        {
-            tool.setTableView(&view);
-            tool.setCMDArray(&table);
-            tool.setDefaultSettingsView();
-            tool.model()->setTextCodec(RecordTable::codec());
-            tool.model()->setCellConversion(recordTime, &time);
-            view.resize(600, 400);
-        }
-        void configure()
-        {
-            for (int i = 0; i < 18; ++i)
-                tool.setColumnVisible(QString::fromLatin1(MDRFldByNum(table.array, i)->name), false);
-            int position = 0;
-            for (const QString& field : {keyLink, recordTime, html}) {
-                tool.setColumnVisible(field, true);
-                tool.setColumnPosition(field, position++);
-            }
-            tool.sortByColumn(recordTime, Qt::AscendingOrder);
-            tool.adjustColumnsWidth();
-        }
-        MDRData* append(const char* key, const QString& at, const QString& text, int status = StatusApproved)
-        {
-            tool.model()->beginAppendRows(1);
-            MDRData* record = table.add(key, at, text, status);
-            tool.model()->endAppendRows();
-            return record;
-        }
-        void show()
-        {
-            view.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&view));
-            settle();
-        }
-        /// Lets what was gathered happen.
-        static void settle() { QCoreApplication::sendPostedEvents(); }
-        int column(const QString& field) const { return tool.model()->idxField(field); }
-        VrkTableDelegate* delegate() const { return qobject_cast<VrkTableDelegate*>(view.itemDelegate()); }
-
-        RecordTable table;
-        TimeCell time;
-        QTableView view;
-        VrkTableTool tool;
-        QAbstractItemModelTester tester;
-    };
 
 private slots:
     void currentRecordFollowsTheView()
@@ -433,137 +368,6 @@ private slots:
         s.view.clearSelection();
         QTest::keyClick(&s.view, Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("09:05\tЛиния отключена"));
-    }
-
-    void theTextOfRecordsTakesTheRemainingWidth()
-    {
-        Setup s;
-        s.append("A", QStringLiteral("20.11.2026 09:05"), longText(20));
-        s.configure();
-        s.show();
-        const auto together = [&s] {
-            return s.view.columnWidth(s.column(keyLink)) + s.view.columnWidth(s.column(recordTime)) +
-                   s.view.columnWidth(s.column(html));
-        };
-        QCOMPARE(together(), s.view.viewport()->width());
-        const int key = s.view.columnWidth(s.column(keyLink));
-        s.view.resize(1000, 400);
-        QCOMPARE(together(), s.view.viewport()->width());
-        QCOMPARE(s.view.columnWidth(s.column(keyLink)), key);
-    }
-
-    void headersOfTwoLinesFitAtAnyFontSize()
-    {
-        for (qreal scale : {1.0, 1.25, 1.5}) {
-            Setup s;
-            QFont font = s.view.font();
-            font.setPointSizeF(font.pointSizeF() * scale);
-            s.view.setFont(font);
-            s.tool.model()->setHeaderData(recordTime, Qt::Horizontal, QStringLiteral("Время\nвыполнения"),
-                                          Qt::DisplayRole);
-            s.append("A", QStringLiteral("20.11.2026 09:05"), longText(20));
-            s.configure();
-            s.show();
-            const QHeaderView* header = s.view.horizontalHeader();
-            const QSize text = header->fontMetrics().size(0, QStringLiteral("Время\nвыполнения"));
-            QVERIFY(s.view.columnWidth(s.column(recordTime)) >= text.width());
-            QVERIFY(header->height() >= text.height());
-        }
-    }
-
-    void columnsGrowWithWhatComesButNotThoseOfTheUser()
-    {
-        Setup s;
-        s.append("A", QStringLiteral("20.11.2026 09:05"), QString());
-        s.configure();
-        s.show();
-        const int narrow = s.view.columnWidth(s.column(keyLink));
-        s.append("KEYWITHALONGNAME", QStringLiteral("20.11.2026 09:06"), QString());
-        s.settle();
-        const int grown = s.view.columnWidth(s.column(keyLink));
-        QVERIFY(grown > narrow);
-
-        s.view.horizontalHeader()->resizeSection(s.column(keyLink), 40);
-        s.append("KEYWITHAMUCHLONGERNAMESTILL", QStringLiteral("20.11.2026 09:07"), QString());
-        s.settle();
-        QCOMPARE(s.view.columnWidth(s.column(keyLink)), 40);
-        s.tool.adjustColumnsWidth();
-        QVERIFY(s.view.columnWidth(s.column(keyLink)) > 40);
-    }
-
-    void aColumnShownLaterGetsItsWidth()
-    {
-        Setup s;
-        s.append("A", QStringLiteral("20.11.2026 09:05"), QString());
-        s.configure();
-        s.show();
-        const QString status = QStringLiteral("status");
-        s.tool.model()->setHeaderData(status, Qt::Horizontal, QStringLiteral("Статус"), Qt::DisplayRole);
-        s.tool.setColumnVisible(status, true);
-        s.settle();
-        QVERIFY(s.view.columnWidth(s.column(status)) >=
-                s.view.horizontalHeader()->fontMetrics().horizontalAdvance(QStringLiteral("Статус")));
-    }
-
-    void namesAreWrappedBeforeTheTextIsSqueezed()
-    {
-        Setup s;
-        MDRData* record = s.append("A", QStringLiteral("20.11.2026 09:05"), longText(20));
-        MDRData* edited = MDARecEdit(record);
-        s.table.setText(edited, "object",
-                        QStringLiteral("ПС 110 кВ Заречная/ВЛ 110 кВ Заречная – Кирпичная"));
-        s.table.RecPost(edited);
-        s.tool.updateView(record);
-        const QString object = QStringLiteral("object");
-        s.configure();
-        s.tool.setColumnVisible(object, true);
-        s.tool.setColumnPosition(object, 2);
-        s.tool.adjustColumnsWidth();
-        s.view.resize(1000, 400);
-        s.show();
-        const int wide = s.view.columnWidth(s.column(object));
-        s.view.resize(420, 400);
-        s.settle();
-        QVERIFY(s.view.columnWidth(s.column(object)) < wide);
-        QVERIFY(s.view.columnWidth(s.column(html)) >= 20 * s.view.fontMetrics().averageCharWidth());
-    }
-
-    void initialsAreNotTornApart()
-    {
-        const auto rows = [](const QString& name, int width) {
-            Setup s;
-            MDRData* record = s.append("A", QStringLiteral("20.11.2026 09:05"), QString());
-            MDRData* edited = MDARecEdit(record);
-            s.table.setText(edited, "object", name);
-            s.table.RecPost(edited);
-            s.tool.updateView(record);
-            return s.delegate()->heightForWidth(s.tool.proxy()->index(0, s.column(QStringLiteral("object"))),
-                                                width);
-        };
-        // Wide enough for the surname and one initial: both go to the second line, which shows in a name of
-        // three initials that would fill two lines otherwise.
-        const QFontMetrics metrics{QApplication::font()};
-        const QString name = QStringLiteral("Ян А. Б. В.");
-        const int width = metrics.horizontalAdvance(QStringLiteral("А. Б. В.")) + 14;
-        QCOMPARE(rows(name, width), rows(QStringLiteral("Ян\nА. Б. В."), width));
-        QCOMPARE(rows(name, 1000), rows(QStringLiteral("Ян"), 1000));
-    }
-
-    void aNewCurrentRecordDoesNotScrollSideways()
-    {
-        Setup s;
-        s.append("AVERYLONGKEYOFARECORDTHATISWIDE", QStringLiteral("20.11.2026 09:05"), longText(5));
-        MDRData* second = s.append("B", QStringLiteral("20.11.2026 09:06"), longText(5));
-        s.configure();
-        s.view.resize(200, 300);
-        s.show();
-        s.tool.setCurrentFirst();
-        QScrollBar* sideways = s.view.horizontalScrollBar();
-        QVERIFY(sideways->maximum() > 0);
-        sideways->setValue(sideways->maximum());
-        s.tool.setCurrentRecord(second);
-        s.settle();
-        QCOMPARE(sideways->value(), sideways->maximum());
     }
 
     void theToolMayGoBeforeTheView()

@@ -1,0 +1,34 @@
+#include "CVrkConverter.h"
+
+#include "CVrkCliSes.h"
+#include "ui_CVrkConverter.h"
+
+void CVrkConverter::sendToServer()
+{
+    m_form->saveButton->setEnabled(false);
+    send(m_tables.paramCategories, m_tables.params, tr("Параметры успешно сохранены"),
+         tr("CVrkCliSes::BlockEnd для параметров завершился с ошибкой"));
+    send(m_tables.categories, m_tables.templates, tr("Шаблоны успешно сохранены"),
+         tr("CVrkCliSes::BlockEnd для шаблонов завершился с ошибкой"));
+}
+
+/// Writes what was made or changed in two tables as one block; its end alone decides. Nothing to write is told nowhere.
+void CVrkConverter::send(const CModelTable& first, const CModelTable& second, const QString& saved,
+                         const QString& failed)
+{
+    bool sent = false;
+    session()->BlockBeg();
+    for (const CModelTable* table : {&first, &second}) {
+        CModelTable edited(table->name);
+        copyEdited(table, &edited.data);
+        if (edited.data.RecCount() == 0)
+            continue;
+        session()->SqlUpdate(table->name.c_str(), edited.data.array, true, nullptr);
+        sent = true;
+    }
+    const bool done = session()->BlockEnd(true, nullptr);
+    if (sent && done)
+        addGoodMessage(saved);
+    else if (sent)
+        addErrorInfo(failed);
+}

@@ -1,0 +1,236 @@
+#include "ParamRules.h"
+
+#include "HtmlParser.h"
+#include "LogText.h"
+#include "MDRValues.h"
+#include "ParamText.h"
+#include "RecordValue.h"
+
+#include <QTextCodec>
+
+namespace
+{
+/// What says how a parameter reads when it has no title, and texts without one are called so too.
+QString listTitle()
+{
+    return ConversionReport::tr("Список значений");
+}
+
+bool isNull(const MDRVar& value)
+{
+    return value.type == mdr_TNone || value.isNull;
+}
+
+/// Sets fields with the user mark; an absent value is null.
+void setText(CMDArray& table, MDRData* record, const char* field, const QByteArray& bytes)
+{
+    table.SetValF(record, field, bytes.isNull() ? MDRValue::null() : MDRValue::text(bytes));
+}
+} // namespace
+
+ParamRules::ParamRules(ConverterTables* tables, ConversionReport* report) : m_tables(tables), m_report(report)
+{
+}
+
+void ParamRules::processParameters()
+{
+    createParamCategory();
+    const CMDArray& old = m_tables->oldParams;
+    for (int i = 0; i < old.RecCount(); ++i) {
+        convert(MDARec(old.array, 0, i));
+        m_report->step();
+    }
+}
+
+void ParamRules::convert(const MDRData* old)
+{
+    const QString param = m_tables->text(old, "param");
+    const QString name = m_tables->text(old, "nameLat");
+    const bool isDate = ParamText::contains(param, "DateTimeFormat");
+    const bool isEnum = !isDate && ParamText::contains(param, "Enum");
+    const bool isReference =
+        !isDate && !isEnum && (!param.isEmpty() || MDRValue::hasText(recordValue(old, "TableKey")));
+    if (isReference) {
+        note(old, ConversionReport::tr("ссылка, берётся из основных параметров"));
+    } else if (name.isEmpty()) {
+        const QString text =
+            LogText::fill(ConversionReport::tr("Параметр без латинского имени пропущен: '%1'"),
+                          {m_tables->text(old, "nameLoc")});
+        m_report->add(ConversionReport::Warning, text);
+        note(old, ConversionReport::tr("пропущен: нет латинского имени"));
+    } else if (isDate) {
+        convertDateTime(old);
+    } else if (isEnum) {
+        convertEnum(old);
+    } else if (name == QLatin1String("shift_interval") || name == QLatin1String("shift_workers") ||
+               name == QLatin1String("shift_workers2")) {
+        note(old, ConversionReport::tr("берётся из основных параметров"));
+    } else {
+        convertText(old);
+    }
+}
+
+void ParamRules::convertText(const MDRData* old)
+{
+    // Meant: a text without a title is called a list of values, as enumerations are.
+    make(old, {{"name", "text"}}, titleOf(old, listTitle()), ConversionReport::tr("текст"));
+}
+
+void ParamRules::convertEnum(const MDRData* old)
+{
+    const std::vector<std::string> values = ParamText::enumValues(m_tables->text(old, "param"));
+    QStringList losses;
+    for (std::size_t i = 0; i < values.size(); ++i)
+        if (values[i].empty())
+            losses << LogText::fill(ConversionReport::tr("значение %1 пусто"), {QString::number(i + 1)});
+    make(old, {{"name", "list"}, {"list", HtmlParser::createListProperty(values)}}, titleOf(old, listTitle()),
+         ConversionReport::tr("список значений"), losses);
+}
+
+void ParamRules::convertDateTime(const MDRData* old)
+{
+    const QString param = m_tables->text(old, "param");
+    const QStringList pieces = param.split(QLatin1Char('='));
+    const QString layout = pieces.size() == 2 ? ParamText::toQtDateTimeLayout(pieces[1]) : QString();
+    if (!layout.isEmpty()) {
+        make(old, {{"name", "datetime"}, {"format", layout.toStdString()}},
+             titleOf(old, ConversionReport::tr("Дата и время")), ConversionReport::tr("дата и время"));
+        return;
+    }
+    const QString name = m_tables->text(old, "nameLat");
+    const auto tell = [this](const QString& format, const QString& value) {
+        m_report->add(ConversionReport::Error, LogText::fill(format, {value}));
+    };
+    tell(ConversionReport::tr("Не удалось обработать параметр даты и времени %1"), name);
+    tell(ConversionReport::tr("Поле param: %1"), param);
+    if (pieces.size() == 2)
+        tell(ConversionReport::tr("Формат даты и времени: %1"), pieces[1]);
+    tell(QStringLiteral("-----"), QString());
+    m_report->failed << name;
+    note(old, ConversionReport::tr("не преобразован: формат даты и времени неизвестен"), {param});
+}
+
+void ParamRules::createParamCategory()
+{
+    const QByteArray key(convertedCategoryKey);
+    if (m_tables->seek(m_tables->paramCategories, 0, QString::fromLatin1(key)))
+        return;
+    CMDArray& table = m_tables->paramCategories;
+    MDRData* record = MDARecNew(table.array);
+    MDRSetFlags(record, ROW_INSERT);
+    setText(table, record, "KeyLink", key);
+    setText(table, record, "ParentKey", QByteArray());
+    setText(table, record, "nameLoc", m_tables->codec->fromUnicode(ConversionReport::tr("Параметры")));
+    table.RecPost(record);
+}
+
+void ParamRules::createParameter(const QString& key, const QString& title, const std::string& html)
+{
+    CMDArray& table = m_tables->params;
+    MDRData* record = m_tables->seek(m_tables->params, 0, key);
+    if (!record) {
+        record = MDARecNew(table.array);
+        MDRSetFlags(record, ROW_INSERT);
+    } else {
+        const bool isNew = (record->flags & ROW_INSERT) != 0;
+        record = MDARecEdit(record);
+        MDRSetFlags(record, isNew ? ROW_INSERT : ROW_UPDATE);
+    }
+    const QTextCodec* codec = m_tables->codec;
+    setText(table, record, "KeyLink", codec->fromUnicode(key));
+    setText(table, record, "CategoryKey", convertedCategoryKey);
+    setText(table, record, "nameLoc", codec->fromUnicode(title));
+    setText(table, record, "html", codec->fromUnicode(QString::fromStdString(html)));
+    table.RecPost(record);
+    m_byBaseName.clear();
+}
+
+QString ParamRules::toHtmlParameter(QString name, bool strikeOut)
+{
+    name.remove(QLatin1Char('<')).remove(QLatin1Char('>'));
+    const MDRData* record = m_tables->seek(m_tables->params, 0, name);
+    if (!record)
+        record = findBaseParam(name);
+    QString html = m_tables->text(record, "html");
+    if (!strikeOut)
+        return html;
+    const int opening = html.indexOf(QLatin1Char('>'));
+    if (opening > 0)
+        html.insert(opening + 1, QLatin1String("<span style=\" text-decoration: line-through;\">"));
+    const int closing = html.indexOf(QLatin1String("</a>"));
+    if (closing > 0)
+        html.insert(closing, QLatin1String("</span>"));
+    return html;
+}
+
+MDRData* ParamRules::findBaseParam(const QString& name)
+{
+    const MDRData* old = m_tables->seek(m_tables->oldParams, 1, name);
+    const QString base = old ? baseName(old) : QString();
+    if (base.isEmpty())
+        return nullptr;
+    if (m_byBaseName.isEmpty())
+        indexBaseNames();
+    return m_byBaseName.value(base);
+}
+
+void ParamRules::indexBaseNames()
+{
+    const CMDArray& rows = m_tables->params;
+    for (int i = 0; i < rows.RecCount(); ++i) {
+        MDRData* record = MDARec(rows.array, 0, i);
+        const HtmlParser parser(m_tables->text(record, "html").toStdString());
+        const QString name = QString::fromStdString(parser.propertyNameValue(0)).toLower();
+        if (!m_byBaseName.contains(name)) // the first in the order of the keys stands for all
+            m_byBaseName.insert(name, record);
+    }
+}
+
+QString ParamRules::baseName(const MDRData* old) const
+{
+    if (!isNull(recordValue(old, "param"))) {
+        const QString param = m_tables->text(old, "param");
+        if (ParamText::contains(param, "Equipment"))
+            return ParamText::equipmentParameter(param);
+        if (ParamText::contains(param, "Organization"))
+            return ParamText::organizationParameter(param);
+        return {};
+    }
+    const QString name = m_tables->text(old, "nameLat");
+    if (name == QLatin1String("shift_interval"))
+        return QStringLiteral("interval");
+    if (name == QLatin1String("shift_workers"))
+        return QStringLiteral("shift_workers");
+    if (name == QLatin1String("shift_workers2"))
+        return QStringLiteral("shift_workers_groups");
+    const bool isVoltage = ParamText::contains(m_tables->text(old, "FieldTypeKey"), "FieldsTypeGUID_REF") &&
+                           ParamText::contains(m_tables->text(old, "TableKey"), "Tbl_BaseVoltage");
+    return isVoltage ? QStringLiteral("basevoltage") : QString();
+}
+
+bool ParamRules::isExistParameterDelphi(QString name) const
+{
+    name.remove(QLatin1Char('<')).remove(QLatin1Char('>'));
+    return m_tables->seek(m_tables->oldParams, 1, name) != nullptr;
+}
+
+void ParamRules::make(const MDRData* old, Properties properties, const QString& title, const QString& result,
+                      const QStringList& losses)
+{
+    const QString name = m_tables->text(old, "nameLat");
+    properties.emplace_back("locname", title.toStdString());
+    properties.emplace_back("param_key", name.toStdString());
+    createParameter(name, title, HtmlParser::createParameter(properties, title.toStdString()));
+    note(old, result, losses);
+}
+
+QString ParamRules::titleOf(const MDRData* old, const QString& otherwise) const
+{
+    const QString title = m_tables->text(old, "nameLoc");
+    return title.isEmpty() ? otherwise : title;
+}
+
+void ParamRules::note(const MDRData* old, const QString& result, const QStringList& losses)
+{
+    m_report->params.append({m_tables->text(old, "nameLat"), result, losses});
+}
