@@ -1,6 +1,24 @@
 #include "CheckCommand.h"
 
+#include "ReadyCheck.h"
 #include "StoreAdmin.h"
+
+namespace
+{
+Command::ExitCode tellReadiness(const QVector<ReadyCheck::Finding>& findings, QTextStream& out)
+{
+    QString department;
+    for (const ReadyCheck::Finding& finding : findings) {
+        if (finding.department != department)
+            out << finding.department << QStringLiteral(":\n");
+        department = finding.department;
+        out << (department.isEmpty() ? QString() : QStringLiteral("  ")) << finding.text << QLatin1Char('\n');
+    }
+    out << (findings.isEmpty() ? QStringLiteral("Всё готово: смены можно открывать, вести и закрывать.\n")
+                               : QStringLiteral("Не хватает: %1\n").arg(findings.size()));
+    return findings.isEmpty() ? Command::Success : Command::FaultsFound;
+}
+} // namespace
 
 QString CheckCommand::summary() const
 {
@@ -9,19 +27,30 @@ QString CheckCommand::summary() const
 
 QString CheckCommand::usage() const
 {
-    return QStringLiteral("vrk-admin check URL\n"
+    return QStringLiteral("vrk-admin check URL [--ready]\n"
                           "  Проверяет файл, ссылки между таблицами, состояния записей и журнал изменений.\n"
-                          "  Код завершения 3, если найдены ошибки; примечания ошибками не считаются.\n");
+                          "  Код завершения 3, если найдены ошибки; примечания ошибками не считаются.\n"
+                          "  --ready  вместо этого сказать по каждому подразделению, чего не хватает, чтобы\n"
+                          "           открыть, вести и закрыть смену\n");
 }
 
 Command::ExitCode CheckCommand::run(const QStringList& arguments, Streams& streams)
 {
-    if (arguments.size() != 1)
+    QStringList rest = arguments;
+    const bool ready = rest.removeAll(QStringLiteral("--ready")) > 0;
+    if (rest.size() != 1)
         return wrongUsage(streams);
 
     StoreError error;
+    if (ready) {
+        const auto store = Store::open(rest.constFirst(), {}, &error);
+        Directory directory;
+        if (!store || !directory.load(store.get(), &error))
+            return fail(streams, error);
+        return tellReadiness(ReadyCheck::look(directory), streams.out);
+    }
     QVector<StoreAdmin::Finding> findings;
-    if (!StoreAdmin::check(arguments.constFirst(), &findings, &error))
+    if (!StoreAdmin::check(rest.constFirst(), &findings, &error))
         return fail(streams, error);
     int faults = 0;
     for (const StoreAdmin::Finding& finding : findings) {

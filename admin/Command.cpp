@@ -3,7 +3,9 @@
 #include "BackupCommand.h"
 #include "CheckCommand.h"
 #include "DemoCommand.h"
+#include "ExportCommand.h"
 #include "FileCommand.h"
+#include "ImportCommand.h"
 #include "InitCommand.h"
 #include "RightCommand.h"
 #include "StoreError.h"
@@ -55,6 +57,8 @@ std::vector<std::unique_ptr<Command>> adminCommands()
     commands.push_back(std::make_unique<InitCommand>());
     commands.push_back(std::make_unique<DemoCommand>());
     commands.push_back(std::make_unique<CheckCommand>());
+    commands.push_back(std::make_unique<ExportCommand>());
+    commands.push_back(std::make_unique<ImportCommand>());
     commands.push_back(std::make_unique<BackupCommand>());
     commands.push_back(std::make_unique<UserCommand>());
     commands.push_back(std::make_unique<RightCommand>());

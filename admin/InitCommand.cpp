@@ -1,5 +1,6 @@
 #include "InitCommand.h"
 
+#include "Starter.h"
 #include "StoreAdmin.h"
 
 #include <QTimeZone>
@@ -12,8 +13,10 @@ QString InitCommand::summary() const
 QString InitCommand::usage() const
 {
     return QStringLiteral(
-        "vrk-admin init URL [--codec NAME] [--time-zone NAME]\n"
+        "vrk-admin init URL [--starter] [--codec NAME] [--time-zone NAME]\n"
         "  Создаёт новое пустое хранилище; существующее не трогает.\n"
+        "  --starter    положить в него то, с чего начинают: организацию с подразделением, должности,\n"
+        "               дневную и ночную смену, общие шаблоны записей\n"
         "  --codec      кодовая страница текстов: Windows-1251 (по умолчанию) или UTF-8\n"
         "  --time-zone  часовой пояс журнала, например Europe/Moscow; по умолчанию пояс этой машины\n");
 }
@@ -23,12 +26,15 @@ Command::ExitCode InitCommand::run(const QStringList& arguments, Streams& stream
     QByteArray codec = "Windows-1251";
     QByteArray zone = QTimeZone::systemTimeZoneId();
     QString url;
+    bool starter = false;
     for (int i = 0; i < arguments.size(); ++i) {
         const bool hasValue = i + 1 < arguments.size();
         if (arguments[i] == QLatin1String("--codec") && hasValue)
             codec = arguments[++i].toUtf8();
         else if (arguments[i] == QLatin1String("--time-zone") && hasValue)
             zone = arguments[++i].toUtf8();
+        else if (arguments[i] == QLatin1String("--starter"))
+            starter = true;
         else if (url.isEmpty() && !arguments[i].startsWith(QLatin1Char('-')))
             url = arguments[i];
         else
@@ -38,7 +44,7 @@ Command::ExitCode InitCommand::run(const QStringList& arguments, Streams& stream
         return wrongUsage(streams);
 
     StoreError error;
-    if (!StoreAdmin::init(url, codec, zone, &error))
+    if (!StoreAdmin::init(url, codec, zone, &error) || (starter && !Starter::write(url, &error)))
         return fail(streams, error);
     streams.out << QStringLiteral("Создано хранилище %1 (кодовая страница %2, часовой пояс %3)\n")
                        .arg(url, QString::fromUtf8(codec), QString::fromUtf8(zone));

@@ -1,22 +1,7 @@
 #include "RightCommand.h"
 
+#include "Sheet.h"
 #include "StoreAdmin.h"
-
-namespace
-{
-/// Rights that the modules ask for.
-const char* const knownRights[] = {
-    "ADMINISTRATOR", "ADMINISTRATOR_OPERLOG_LOCAL", "SQL_EXEC", "SQL_REQUEST", "TBL_REQUEST", "TBL_UPDATE"};
-
-bool isKnown(const QByteArray& right)
-{
-    for (const char* known : knownRights) {
-        if (right == known)
-            return true;
-    }
-    return false;
-}
-} // namespace
 
 QString RightCommand::summary() const
 {
@@ -29,8 +14,8 @@ QString RightCommand::usage() const
                                   "vrk-admin right URL grant LOGIN RIGHT\n"
                                   "vrk-admin right URL revoke LOGIN RIGHT\n"
                                   "Права:\n");
-    for (const char* right : knownRights)
-        text += QStringLiteral("  ") + QLatin1String(right) + QLatin1Char('\n');
+    for (const QString& right : Sheets::rights())
+        text += QStringLiteral("  ") + right + QLatin1Char('\n');
     return text;
 }
 
@@ -55,7 +40,7 @@ Command::ExitCode RightCommand::run(const QStringList& arguments, Streams& strea
     if (arguments.size() != 4 || (!grant && verb != QLatin1String("revoke")))
         return wrongUsage(streams);
     const QByteArray right = arguments[3].toUtf8();
-    if (!isKnown(right)) {
+    if (!Sheets::rights().contains(arguments[3])) {
         streams.err << QStringLiteral("Нет права «%1».\n").arg(arguments[3]);
         return wrongUsage(streams);
     }

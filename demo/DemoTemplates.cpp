@@ -284,7 +284,9 @@ std::string DemoTemplates::html(const QString& text, QString* error)
     return result;
 }
 
-QString DemoTemplates::markerPath(const QString& label)
+namespace
+{
+const QHash<QString, QString>& markerPaths()
 {
     static const QHash<QString, QString> paths{
         {QStringLiteral("Авария"), QStringLiteral(":/markers/exclamation_mark.png")},
@@ -296,5 +298,16 @@ QString DemoTemplates::markerPath(const QString& label)
         {QStringLiteral("Снято заземление"), QStringLiteral(":/markers/thunder_blue.png")},
         {QStringLiteral("Установлено заземление"), QStringLiteral(":/markers/thunder_red.png")},
     };
-    return paths.value(label);
+    return paths;
+}
+} // namespace
+
+QString DemoTemplates::markerPath(const QString& label)
+{
+    return markerPaths().value(label);
+}
+
+QStringList DemoTemplates::markerLabels()
+{
+    return markerPaths().keys();
 }

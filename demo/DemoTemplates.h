@@ -36,6 +36,10 @@ bool parse(const QString& notation, QVector<DemoTemplate>* templates, QString* e
 /// The html (UTF-8) of a text in the notation: parameters, *bold*, ~struck out~, line breaks.
 std::string html(const QString& text, QString* error);
 
+/// The inverse: a text without template properties in the notation; null when it holds what the notation cannot say.
+QString notation(const std::string& html);
+
 /// The resource path of a marker by its label; empty for an unknown one.
 QString markerPath(const QString& label);
+QStringList markerLabels();
 } // namespace DemoTemplates

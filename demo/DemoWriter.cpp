@@ -38,6 +38,10 @@ MDRData* DemoWriter::row(const char* table, MDRFlag flag, const QByteArray& key,
             qFatal("The table %s has no field %s", table, name);
         if (!value.isValid())
             continue;
+        if (value.isNull()) {
+            batch->rows->SetValF(record, name, MDRValue::null());
+            continue;
+        }
         switch (field->type) {
         case mdr_TDouble:
             batch->rows->SetValF(record, name, MDRValue::real(value.toDouble()));

@@ -22,8 +22,8 @@ public:
     explicit DemoWriter(Store* store);
     ~DemoWriter();
 
-    /// Texts as QString, in records as bytes of the store's code page; an invalid value leaves the field null. A table
-    /// or field that the store does not know ends the program: the demo would not fit the schema.
+    /// Texts as QString, in records as bytes of the store's code page; an invalid value leaves the field as it is, a
+    /// null one of another type makes it null. A table or field that the store does not know ends the program: the demo would not fit the schema.
     void insert(const char* table, const QByteArray& key, const Fields& fields);
     void update(const char* table, const QByteArray& key, const Fields& fields);
     void remove(const char* table, const QByteArray& key);

@@ -32,6 +32,9 @@ bool addUser(const QString& url, const QString& login, const QString& name, Stor
 /// Refused where logins have no passwords.
 bool setPassword(const QString& url, const QString& login, const QString& password, StoreError* error);
 bool removeUser(const QString& url, const QString& login, StoreError* error);
+/// Lets a login that stands in Users in or locks it out where logins have roles of their own; elsewhere there is nothing
+/// to do.
+bool admit(const QString& url, const QString& login, bool admitted, StoreError* error);
 bool grant(const QString& url, const QString& login, const QByteArray& right, bool given, StoreError* error);
 QVector<QByteArray> rights(const QString& url, const QString& login, StoreError* error);
 bool putFile(const QString& url, const QString& folder, const QString& name, const QByteArray& content,

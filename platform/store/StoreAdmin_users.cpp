@@ -126,6 +126,13 @@ bool StoreAdmin::setPassword(const QString& url, const QString& login, const QSt
     return false;
 }
 
+bool StoreAdmin::admit(const QString& url, const QString& login, bool admitted, StoreError* error)
+{
+    if (StoreUrl(url).engine != StoreUrl::PostgreSql)
+        return true;
+    return admitted ? PostgresAdmin::addRole(url, login, error) : PostgresAdmin::lockRole(url, login, error);
+}
+
 bool StoreAdmin::grant(const QString& url, const QString& login, const QByteArray& right, bool given,
                        StoreError* error)
 {

@@ -87,11 +87,29 @@ void Admin_test::anUnknownCommandIsRefused()
 void Admin_test::wrongArgumentsShowTheUsage_data()
 {
     QTest::addColumn<QString>("line");
-    for (const char* line :
-         {"init", "init --codec", "init URL extra", "demo", "demo URL --count 3",
-          "demo URL --live --count many", "check", "check URL extra", "backup URL", "user", "user URL",
-          "user URL add LOGIN", "user URL rename A B", "right URL list", "right URL give LOGIN ADMINISTRATOR",
-          "file URL", "file URL put options", "file URL move a b c"})
+    for (const char* line : {"init",
+                             "init --codec",
+                             "init URL extra",
+                             "demo",
+                             "demo URL --count 3",
+                             "demo URL --live --count many",
+                             "check",
+                             "check URL extra",
+                             "backup URL",
+                             "user",
+                             "user URL",
+                             "user URL add LOGIN",
+                             "user URL rename A B",
+                             "right URL list",
+                             "right URL give LOGIN ADMINISTRATOR",
+                             "import URL",
+                             "import URL DIR extra",
+                             "import --dry-run URL",
+                             "export URL",
+                             "export URL DIR extra",
+                             "file URL",
+                             "file URL put options",
+                             "file URL move a b c"})
         QTest::newRow(line) << QString::fromLatin1(line);
 }
 

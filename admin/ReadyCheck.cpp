@@ -1,0 +1,88 @@
+#include "ReadyCheck.h"
+
+#include "TemplateCells.h"
+
+namespace
+{
+constexpr int deepest = 64;
+
+/// True when the templates of a category are offered to the department.
+bool isOffered(const Directory& directory, QByteArray category, const DirectoryRow& department)
+{
+    const DirectoryRow* organization =
+        directory.row("Organizations", department.reference("OrganizationKey"));
+    for (int depth = 0; depth < deepest; ++depth) {
+        const DirectoryRow* row = directory.row("LogbookCatsTemplate", category);
+        if (!row)
+            return false;
+        const QByteArray type = row->reference("OrgTypeKey");
+        const QByteArray owner = row->reference("DepartmentKey");
+        category = row->reference("ParentKey");
+        if (!owner.isEmpty())
+            return owner == department.key;
+        if (!type.isEmpty())
+            return organization && organization->reference("OrgTypeKey") == type;
+        if (category.isEmpty())
+            return true;
+    }
+    return false;
+}
+
+bool hasRow(const Directory& directory, const QByteArray& table, const DirectoryRow& department)
+{
+    for (const DirectoryRow* row : directory.rows(table)) {
+        if (row->reference("DepartmentKey") == department.key)
+            return true;
+    }
+    return false;
+}
+
+bool hasLogin(const Directory& directory, const DirectoryRow& department)
+{
+    for (const DirectoryRow* worker : directory.rows("Workers")) {
+        const DirectoryRow* user = directory.row("Users", worker->reference("UserKey"));
+        if (worker->reference("DepartmentKey") == department.key && !worker->retired() && user &&
+            !user->retired())
+            return true;
+    }
+    return false;
+}
+} // namespace
+
+QVector<ReadyCheck::Finding> ReadyCheck::look(const Directory& directory)
+{
+    QVector<Finding> findings;
+    const auto departments = directory.rows("Departments");
+    if (departments.isEmpty())
+        findings.append({{}, QStringLiteral("нет ни одного подразделения (departments.csv)")});
+    for (const DirectoryRow* department : departments) {
+        const QString name = directory.label("Departments", *department);
+        const auto missing = [&](const QString& text) { findings.append({name, text}); };
+        bool opens = false;
+        bool works = false;
+        bool closes = false;
+        for (const DirectoryRow* row : directory.rows("LogbookTemplates")) {
+            if (!isOffered(directory, row->reference("CategoryKey"), *department))
+                continue;
+            const bool opening = TemplateCells::hasFlag(row->text("html"), "open_wshift");
+            const bool closing = TemplateCells::hasFlag(row->text("html"), "close_wshift");
+            opens = opens || opening;
+            closes = closes || closing;
+            works = works || (!opening && !closing);
+        }
+        if (!hasLogin(directory, *department))
+            missing(
+                QStringLiteral("открыть смену некому: нет сотрудника с логином (users.csv, workers.csv)"));
+        if (!hasRow(directory, "Shifts", *department))
+            missing(QStringLiteral("для открытия смены нет расписания (shifts.csv)"));
+        if (!opens)
+            missing(QStringLiteral(
+                "для открытия смены нет шаблона с «да» в столбце «Открывает смену» (templates.csv)"));
+        if (!works)
+            missing(QStringLiteral("для записей в смене нет ни одного обычного шаблона (templates.csv)"));
+        if (!closes)
+            missing(QStringLiteral(
+                "для закрытия смены нет шаблона с «да» в столбце «Закрывает смену» (templates.csv)"));
+    }
+    return findings;
+}

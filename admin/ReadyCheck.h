@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Directory.h"
+
+/// Whether people can work with the journal of a store as it is filled.
+namespace ReadyCheck
+{
+struct Finding {
+    QString department; ///< its full name; empty for the store as a whole
+    QString text;       ///< what is missing, and in which sheet it belongs
+};
+/// What is missing to open, to work and to close a shift, department by department.
+QVector<Finding> look(const Directory& directory);
+} // namespace ReadyCheck

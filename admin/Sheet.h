@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+/// One column of a sheet.
+struct SheetColumn {
+    enum Kind {
+        Text,
+        Number,
+        Flag,          ///< "да" or "нет"
+        Time,          ///< "hh:mm" is a time of day, "dd.MM.yyyy hh:mm" a moment
+        Reference,     ///< a row of another sheet by its name
+        Scope,         ///< no field: narrows the references of the same row to a department
+        EquipmentKind, ///< a Russian word for the kinds that templates know
+        Rights,        ///< no field: rows of UserRights
+        Notation,      ///< text of a template, in the notation of TemplateCells
+        TemplateFlag,  ///< a template property within the text; field is its name
+        TemplateMarker,
+        TemplateCommand,
+        Code, ///< KeyLink
+    };
+    enum Use {
+        Optional = 0,
+        Required = 1, ///< not empty
+        Identity = 2, ///< rows with the same identity are the same row
+    };
+
+    QString heading;
+    QByteArray field;
+    Kind kind = Text;
+    int use = Optional;
+    QByteArray refers; ///< table of a reference
+};
+
+/// One table of the store as a file for a spreadsheet.
+struct Sheet {
+    QString file;
+    QString title;
+    QByteArray table;
+    QVector<SheetColumn> columns; ///< the code comes last
+
+    const SheetColumn* column(const QString& heading) const;
+    QStringList headings() const;
+};
+
+namespace Sheets
+{
+/// All sheets; one refers to itself and those before it only.
+const QVector<Sheet>& all();
+/// By table; ends the program when there is none.
+const Sheet& of(const QByteArray& table);
+/// By file name, case ignored; null when there is none.
+const Sheet* byFile(const QString& file);
+/// The rights that the modules ask for.
+const QStringList& rights();
+/// The one of \a known that \a word was probably meant to be; empty when none is like it.
+QString nearest(const QString& word, const QStringList& known);
+} // namespace Sheets

@@ -1,0 +1,282 @@
+#include "SheetImport.h"
+
+#include "DemoWriter.h"
+#include "GenGuid32.h"
+#include "SheetRow.h"
+#include "TableCatalog.h"
+
+#include <QFile>
+#include <QTextCodec>
+
+void SheetImport::fault(const QString& file, int line, const QString& text)
+{
+    m_errors << (line > 0 ? QStringLiteral("%1:%2: %3").arg(file).arg(line).arg(text)
+                          : QStringLiteral("%1: %2").arg(file, text));
+}
+
+bool SheetImport::read(const QDir& folder)
+{
+    QStringList known;
+    for (const Sheet& sheet : Sheets::all())
+        known << sheet.file;
+    const QStringList present = folder.entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Name);
+    QHash<const Sheet*, QString> files;
+    for (const QString& name : present) {
+        if (const Sheet* sheet = Sheets::byFile(name)) {
+            files.insert(sheet, name);
+            continue;
+        }
+        const QString nearest = Sheets::nearest(name, known);
+        fault(name, 0,
+              QStringLiteral("таблицы с таким именем нет%1")
+                  .arg(nearest.isEmpty() ? QString() : QStringLiteral(", похоже на %1").arg(nearest)));
+    }
+    if (present.isEmpty())
+        fault(folder.path(), 0, QStringLiteral("в папке нет файлов .csv"));
+    for (const Sheet& sheet : Sheets::all()) { // in the order in which they refer to each other
+        if (files.contains(&sheet))
+            readFile(folder.filePath(files.value(&sheet)), sheet);
+    }
+    return m_errors.isEmpty();
+}
+
+bool SheetImport::readFile(const QString& path, const Sheet& sheet)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        fault(sheet.file, 0, file.errorString());
+        return false;
+    }
+    QVector<Csv::Row> rows;
+    QString error;
+    if (!Csv::read(file.readAll(), &rows, &error)) {
+        m_errors << QStringLiteral("%1:%2").arg(sheet.file, error);
+        return false;
+    }
+    if (rows.isEmpty())
+        return true;
+    File read{&sheet, rows.mid(1), {}};
+    if (!readHeadings(&read, rows.constFirst()))
+        return false;
+    m_files.append(read);
+    return true;
+}
+
+bool SheetImport::take(const Sheet& sheet, const QVector<QStringList>& rows)
+{
+    File file{&sheet, {}, {}};
+    for (int i = 1; i < rows.size(); ++i)
+        file.rows.append({i + 1, rows.at(i)});
+    if (!readHeadings(&file, {1, rows.constFirst()}))
+        return false;
+    m_files.append(file);
+    return true;
+}
+
+bool SheetImport::readHeadings(File* file, const Csv::Row& headings)
+{
+    const int before = m_errors.size();
+    QStringList cells = headings.cells;
+    while (!cells.isEmpty() && cells.constLast().trimmed().isEmpty())
+        cells.removeLast();
+    for (const QString& cell : qAsConst(cells)) {
+        const SheetColumn* column = file->sheet->column(cell);
+        const QString nearest = Sheets::nearest(cell.trimmed(), file->sheet->headings());
+        if (!column)
+            fault(file->sheet->file, headings.line,
+                  QStringLiteral("столбца «%1» нет%2")
+                      .arg(cell.trimmed(),
+                           nearest.isEmpty() ? QString() : QStringLiteral(", похоже на «%1»").arg(nearest)));
+        else if (file->columns.contains(column))
+            fault(file->sheet->file, headings.line,
+                  QStringLiteral("столбец «%1» повторён").arg(column->heading));
+        file->columns.append(column);
+    }
+    for (const SheetColumn& column : file->sheet->columns) {
+        if ((column.use & SheetColumn::Required) && !file->columns.contains(&column))
+            fault(file->sheet->file, headings.line,
+                  QStringLiteral("не хватает столбца «%1»").arg(column.heading));
+    }
+    return m_errors.size() == before;
+}
+
+bool SheetImport::compare(StoreError* error)
+{
+    if (!m_directory.load(m_store, error))
+        return false;
+    for (const File& file : qAsConst(m_files))
+        compareSheet(file);
+    return m_errors.isEmpty();
+}
+
+void SheetImport::compareSheet(const File& file)
+{
+    Report report{file.sheet, {}, {}, {}};
+    QHash<QByteArray, int> seen;
+    QVector<Csv::Row> waiting = file.rows;
+    // Rows may stand in front of those that they belong to.
+    for (bool moved = true; moved && !waiting.isEmpty();) {
+        moved = false;
+        QVector<Csv::Row> left;
+        for (const Csv::Row& row : qAsConst(waiting)) {
+            if (compareRow(file, row, false, &seen, &report))
+                moved = true;
+            else
+                left.append(row);
+        }
+        waiting = left;
+    }
+    for (const Csv::Row& row : qAsConst(waiting))
+        compareRow(file, row, true, &seen, &report);
+    for (const DirectoryRow* row : m_directory.rows(file.sheet->table)) {
+        if (!seen.contains(row->key) && !row->retired())
+            report.missing << m_directory.label(file.sheet->table, *row);
+    }
+    m_reports.append(report);
+}
+
+bool SheetImport::compareRow(const File& file, const Csv::Row& cells, bool last, QHash<QByteArray, int>* seen,
+                             Report* report)
+{
+    const Sheet& sheet = *file.sheet;
+    SheetRow read(m_directory, sheet, file.columns, cells.cells);
+    if (read.waits && !last)
+        return false;
+    const auto wrong = [&](const QString& text) {
+        fault(sheet.file, cells.line, text);
+        return true;
+    };
+    for (const QString& text : qAsConst(read.faults))
+        wrong(text);
+    if (!read.faults.isEmpty())
+        return true;
+
+    const QByteArray same = m_directory.same(sheet.table, read.row);
+    const DirectoryRow* stored = m_directory.row(sheet.table, read.row.key.isEmpty() ? same : read.row.key);
+    if (!read.row.key.isEmpty() && !same.isEmpty() && same != read.row.key)
+        return wrong(QStringLiteral("такая строка уже есть, её код %1, а не %2")
+                         .arg(QString::fromUtf8(same), QString::fromUtf8(read.row.key)));
+    DirectoryRow row = read.row;
+    row.key = stored ? stored->key : row.key.isEmpty() ? GenGuid32() : row.key;
+    if (seen->contains(row.key))
+        return wrong(QStringLiteral("повторяет строку %1").arg(seen->value(row.key)));
+    seen->insert(row.key, cells.line);
+
+    QSet<QByteArray> given = read.given;
+    if (read.textCells.contains("html")) {
+        const TemplateCells before(stored ? stored->text("html") : QString());
+        for (auto property = before.properties.cbegin(); property != before.properties.cend(); ++property) {
+            if (!read.textCells.contains(property.key()))
+                read.cells.properties.insert(property.key(), *property); // has no column in the file
+        }
+        if (read.cells.text.startsWith(QLatin1String("html:")))
+            read.cells.properties.clear();
+        QString error;
+        const QString html = read.cells == before ? stored->text("html") : read.cells.html(&error);
+        if (!error.isEmpty())
+            return wrong(
+                QStringLiteral("столбец «Текст»: параметр без названия или без закрывающей скобки: %1")
+                    .arg(error.section(QLatin1Char('"'), 1)));
+        row.values.insert("html", html);
+        given.insert("html");
+    }
+    for (const CatalogField& field : TableCatalog::table(sheet.table)->fields) {
+        const QString text = row.text(field.name);
+        if ((field.type == mdr_TChar || field.type == mdr_TMemo) && !m_store->codec()->canEncode(text))
+            return wrong(QStringLiteral("знака нет в кодовой странице журнала: «%1»").arg(text.left(60)));
+        if (field.type == mdr_TChar && m_store->codec()->fromUnicode(text).size() > field.width)
+            return wrong(QStringLiteral("длиннее %1 знаков: «%2»").arg(field.width).arg(text));
+    }
+    takeRow(file, row, given, read.hasRights ? takeRights(row, read.rights) : QStringList(), report);
+    for (const SheetColumn& column : sheet.columns) {
+        if (column.refers == sheet.table && m_directory.ownsItself(sheet.table, row.key, column.field))
+            return wrong(QStringLiteral("столбец «%1»: строка входит сама в себя").arg(column.heading));
+    }
+    return true;
+}
+
+void SheetImport::takeRow(const File& file, DirectoryRow row, const QSet<QByteArray>& given,
+                          const QStringList& rights, Report* report)
+{
+    const Sheet& sheet = *file.sheet;
+    const DirectoryRow* known = m_directory.row(sheet.table, row.key);
+    Change change{sheet.table, row, !known, given};
+    QStringList headings = rights;
+    if (known) {
+        const DirectoryRow stored = *known;
+        DirectoryRow merged = stored;
+        change.fields.clear();
+        for (const SheetColumn& column : sheet.columns) {
+            if (!given.contains(column.field))
+                continue;
+            const QVariant now = row.values.value(column.field);
+            const QVariant before = stored.values.value(column.field);
+            const bool unset = !now.toBool() && !before.toBool();
+            const bool flag = column.kind == SheetColumn::Flag || column.kind == SheetColumn::Number;
+            if (now.toString() == before.toString() || (flag && unset))
+                continue; // a flag that was never set is no
+            change.fields.insert(column.field);
+            headings << column.heading;
+            if (now.isValid())
+                merged.values.insert(column.field, now);
+            else
+                merged.values.remove(column.field);
+        }
+        if (headings.isEmpty())
+            return;
+        row = merged;
+        change.row = merged;
+        if (sheet.table == "Users" && row.retired() != stored.retired())
+            (row.retired() ? m_retired : m_admitted) << row.text("login");
+    } else if (sheet.table == "Users" && !row.retired()) {
+        m_admitted << row.text("login");
+    }
+    if (!known)
+        row.values.insert("KeyLink", QString::fromUtf8(row.key));
+    m_directory.put(sheet.table, row);
+    if (!change.fields.isEmpty())
+        m_changes.append(change);
+    const QString label = m_directory.label(sheet.table, row);
+    if (change.fresh)
+        report->added << label;
+    else
+        report->changed << QStringLiteral("%1: %2").arg(label, headings.join(QStringLiteral(", ")));
+}
+
+QStringList SheetImport::takeRights(const DirectoryRow& user, const QStringList& rights)
+{
+    QStringList changes;
+    const QHash<QString, QByteArray> present = m_directory.rights(user.key);
+    for (const QString& right : Sheets::rights()) {
+        const bool wanted = rights.contains(right);
+        if (wanted == present.contains(right))
+            continue;
+        if (wanted)
+            m_grants.append({user.key, right});
+        else
+            m_revoked.append(present.value(right));
+        changes << (wanted ? QLatin1Char('+') : QLatin1Char('-')) + right;
+    }
+    return changes;
+}
+
+bool SheetImport::write(StoreError* error)
+{
+    DemoWriter writer(m_store);
+    for (const Change& change : qAsConst(m_changes)) {
+        DemoWriter::Fields fields;
+        for (const QByteArray& field : change.fields) {
+            const QVariant value = change.row.values.value(field);
+            fields.emplace_back(field.constData(), value.isValid() ? value : QVariant(QString()));
+        }
+        if (change.fresh)
+            writer.insert(change.table.constData(), change.row.key, fields);
+        else
+            writer.update(change.table.constData(), change.row.key, fields);
+    }
+    for (const auto& [user, right] : qAsConst(m_grants))
+        writer.insert("UserRights", GenGuid32(), {{"UserKey", user}, {"rightName", right}});
+    for (const QByteArray& key : qAsConst(m_revoked))
+        writer.remove("UserRights", key);
+    return writer.write(error);
+}

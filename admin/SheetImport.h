@@ -1,0 +1,76 @@
+#pragma once
+
+#include "Csv.h"
+#include "Directory.h"
+
+#include <QDir>
+#include <QSet>
+
+/// Brings the tables of a store to what the sheets say: rows that are not there are added, cells that differ are written,
+/// rows that the sheets do not name stay. A column or a file that is not there changes nothing.
+class SheetImport
+{
+public:
+    /// What becomes of one sheet.
+    struct Report {
+        const Sheet* sheet;
+        QStringList added; ///< names of rows
+        QStringList changed;
+        QStringList missing; ///< in the store and not in the sheet
+    };
+
+    explicit SheetImport(Store* store) : m_store(store) {}
+
+    /// Reads the sheets of a folder. False when there is a fault, which errors() names.
+    bool read(const QDir& folder);
+    /// Takes rows of a sheet, headings first, as if they had been read from its file.
+    bool take(const Sheet& sheet, const QVector<QStringList>& rows);
+    /// Compares the sheets with the store. False when it cannot be read (\a error) or a cell is wrong (errors()).
+    bool compare(StoreError* error);
+    /// Writes what compare() found, in one transaction.
+    bool write(StoreError* error);
+
+    /// "file:line: what is wrong", in the order of the files.
+    const QStringList& errors() const { return m_errors; }
+    const QVector<Report>& reports() const { return m_reports; }
+    const Directory& directory() const { return m_directory; }
+    /// Logins that were added or let in again, and those that were retired.
+    const QStringList& admitted() const { return m_admitted; }
+    const QStringList& retired() const { return m_retired; }
+
+private:
+    struct File {
+        const Sheet* sheet;
+        QVector<Csv::Row> rows;              ///< without the headings
+        QVector<const SheetColumn*> columns; ///< of its cells
+    };
+    struct Change {
+        QByteArray table;
+        DirectoryRow row;
+        bool fresh;
+        QSet<QByteArray> fields; ///< that are written
+    };
+
+    bool readFile(const QString& path, const Sheet& sheet);
+    bool readHeadings(File* file, const Csv::Row& headings);
+    void compareSheet(const File& file);
+    /// False when the row waits for another one of its sheet.
+    bool compareRow(const File& file, const Csv::Row& cells, bool last, QHash<QByteArray, int>* seen,
+                    Report* report);
+    void takeRow(const File& file, DirectoryRow row, const QSet<QByteArray>& given, const QStringList& rights,
+                 Report* report);
+    /// Notes what has to be granted and revoked, and tells it.
+    QStringList takeRights(const DirectoryRow& user, const QStringList& rights);
+    void fault(const QString& file, int line, const QString& text);
+
+    Store* m_store;
+    Directory m_directory;
+    QVector<File> m_files;
+    QVector<Change> m_changes;
+    QVector<QPair<QByteArray, QString>> m_grants; ///< user, right
+    QVector<QByteArray> m_revoked;                ///< rows of UserRights
+    QVector<Report> m_reports;
+    QStringList m_errors;
+    QStringList m_admitted;
+    QStringList m_retired;
+};
