@@ -178,8 +178,8 @@ QWidget* TemplateEditor::Private::buildTools()
 
     connect(bold, &QAction::triggered, q, [this](bool on) { text->setBold(on); });
     connect(struckOut, &QAction::triggered, q, [this](bool on) { text->setStruckOut(on); });
-    connect(undo, &QAction::triggered, text, &QTextEdit::undo);
-    connect(redo, &QAction::triggered, text, &QTextEdit::redo);
+    connect(undo, &QAction::triggered, text, &TemplateEditorText::undoStep);
+    connect(redo, &QAction::triggered, text, &TemplateEditorText::redoStep);
     connect(parameter, &QAction::triggered, q, [this] { editChip(text->currentChip()); });
     connect(insertion, &QAction::triggered, panel, [this] { panel->setFocus(Qt::ShortcutFocusReason); });
     return tools;

@@ -20,6 +20,8 @@ Scanner::View viewOf(const QString& html)
                          static_cast<std::size_t>(html.size()));
 }
 
+const QString lineEnd = QStringLiteral("<br/>");
+
 /// One character of a line as it has to be written.
 struct Piece {
     QChar character;
@@ -74,7 +76,7 @@ public:
     void lineBreak()
     {
         flush();
-        m_html += QLatin1String("<br/>");
+        m_html += lineEnd;
     }
     QString finished()
     {
@@ -149,7 +151,7 @@ QVector<Piece> piecesOf(const QTextBlock& block, int from, int to)
     return pieces;
 }
 
-QString written(const QTextDocument* document, int from, int to, QChar keptBlank)
+QString written(const QTextDocument* document, int from, int to, QChar keptBlank, bool keepLineEnds)
 {
     Writer writer(keptBlank);
     int due = 0; // line breaks that are written when more follows
@@ -173,7 +175,7 @@ QString written(const QTextDocument* document, int from, int to, QChar keptBlank
         write();
         ++due;
     }
-    return writer.finished();
+    return writer.finished() + (keepLineEnds ? lineEnd.repeated(due - 1) : QString());
 }
 } // namespace
 
@@ -197,6 +199,19 @@ void TemplateEditorHtml::insert(QTextCursor& cursor, const QString& html)
     cursor.endEditBlock();
 }
 
+void TemplateEditorHtml::insertFragment(QTextCursor& cursor, const QString& html)
+{
+    QString words = html;
+    int lineEnds = 0;
+    for (; words.endsWith(lineEnd); ++lineEnds)
+        words.chop(lineEnd.size());
+    cursor.beginEditBlock();
+    insert(cursor, words);
+    for (; lineEnds > 0; --lineEnds)
+        cursor.insertBlock();
+    cursor.endEditBlock();
+}
+
 void TemplateEditorHtml::insertPlain(QTextCursor& cursor, const QString& text)
 {
     QString plain;
@@ -216,13 +231,13 @@ void TemplateEditorHtml::insertPlain(QTextCursor& cursor, const QString& text)
 
 QString TemplateEditorHtml::text(const QTextDocument* document)
 {
-    return written(document, 0, document->characterCount(), QChar::Nbsp);
+    return written(document, 0, document->characterCount(), QChar::Nbsp, false);
 }
 
 QString TemplateEditorHtml::fragment(const QTextDocument* document, int from, int to)
 {
     constexpr QChar kept(0xE000); // no text has it; an entity would be escaped
-    return written(document, from, to, kept).replace(kept, QLatin1String("&#32;"));
+    return written(document, from, to, kept, true).replace(kept, QLatin1String("&#32;"));
 }
 
 QString TemplateEditorHtml::properties(const QString& html)

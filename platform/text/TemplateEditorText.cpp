@@ -15,6 +15,12 @@
 #include <QTextLayout>
 #include <QToolTip>
 
+namespace
+{
+/// Clipboard and drag format of passages of template texts.
+const QString ownFormat = QStringLiteral("logbook_template_text");
+} // namespace
+
 TemplateEditorText::TemplateEditorText(QWidget* parent) : QTextEdit(parent)
 {
     setTabChangesFocus(true); // a template carries no tabs
@@ -84,6 +90,32 @@ void TemplateEditorText::replaceChip(int position, const TemplateEditorChip& chi
     cursor.setPosition(position);
     cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
     cursor.setCharFormat(chip.format());
+}
+
+void TemplateEditorText::undoStep()
+{
+    step([this] { document()->undo(); });
+}
+
+void TemplateEditorText::redoStep()
+{
+    step([this] { document()->redo(); });
+}
+
+void TemplateEditorText::step(const std::function<void()>& go)
+{
+    // The document's own choice of a place may lie behind its end.
+    int place = -1;
+    const auto changed = connect(document(), &QTextDocument::contentsChange, this,
+                                 [&place](int position, int, int added) { place = position + added; });
+    go();
+    disconnect(changed);
+    if (place < 0)
+        return;
+    QTextCursor cursor(document());
+    cursor.setPosition(qMin(place, document()->characterCount() - 1));
+    setTextCursor(cursor);
+    ensureCursorVisible();
 }
 
 void TemplateEditorText::insertParameter(const QString& html)
@@ -197,7 +229,12 @@ void TemplateEditorText::keyPressEvent(QKeyEvent* event)
         emit chipRequested(currentChip());
         return;
     }
-    QTextEdit::keyPressEvent(event);
+    if (event->matches(QKeySequence::Undo) && !isReadOnly())
+        undoStep();
+    else if (event->matches(QKeySequence::Redo) && !isReadOnly())
+        redoStep();
+    else
+        QTextEdit::keyPressEvent(event);
 }
 
 void TemplateEditorText::mousePressEvent(QMouseEvent* event)
@@ -283,6 +320,7 @@ QMimeData* TemplateEditorText::createMimeDataFromSelection() const
     const QString html =
         TemplateEditorHtml::fragment(document(), cursor.selectionStart(), cursor.selectionEnd());
     auto* mime = new QMimeData;
+    mime->setData(ownFormat, html.toUtf8());
     mime->setHtml(html);
     mime->setText(TemplateText::plain(html));
     return mime;
@@ -290,7 +328,7 @@ QMimeData* TemplateEditorText::createMimeDataFromSelection() const
 
 bool TemplateEditorText::canInsertFromMimeData(const QMimeData* source) const
 {
-    return source->hasHtml() || source->hasText();
+    return source->hasFormat(ownFormat) || source->hasHtml() || source->hasText();
 }
 
 void TemplateEditorText::insertFromMimeData(const QMimeData* source)
@@ -306,7 +344,10 @@ void TemplateEditorText::insertFromMimeData(const QMimeData* source)
     const QTextCharFormat words = TemplateEditorChip::withoutChip(cursor.charFormat());
     cursor.removeSelectedText();
     cursor.setCharFormat(words);
-    if (source->hasHtml())
+    const bool own = source->hasFormat(ownFormat);
+    if (own)
+        TemplateEditorHtml::insertFragment(cursor, QString::fromUtf8(source->data(ownFormat)));
+    else if (source->hasHtml())
         TemplateEditorHtml::insert(cursor, source->html());
     else
         TemplateEditorHtml::insertPlain(cursor, source->text());
@@ -315,7 +356,7 @@ void TemplateEditorText::insertFromMimeData(const QMimeData* source)
     leaveChipFormat();
     ensureCursorVisible();
     const QStringList lost =
-        source->hasHtml() ? TemplateEditorHtml::uncarried(source->html()) : QStringList();
+        !own && source->hasHtml() ? TemplateEditorHtml::uncarried(source->html()) : QStringList();
     if (!lost.isEmpty())
         emit refused(
             tr("Вставлен только текст. Шаблон не переносит: %1").arg(lost.join(QLatin1String(", "))));

@@ -2,6 +2,7 @@
 
 #include "TemplateEditorChip.h"
 
+#include <functional>
 #include <QTextEdit>
 
 /// The text of a template under edit. A chip is one character: a click selects it, it can be dragged, copied and
@@ -27,6 +28,10 @@ public:
     TemplateEditorChip chipAt(int position) const;
     /// One step of undo.
     void replaceChip(int position, const TemplateEditorChip& chip);
+
+    /// One step back or forth; the cursor goes where the text changed.
+    void undoStep();
+    void redoStep();
 
     bool isBold() const;
     bool isStruckOut() const;
@@ -55,6 +60,7 @@ private:
     /// The chip under a point of the viewport, or -1.
     int chipUnder(const QPoint& point) const;
     void select(int chip);
+    void step(const std::function<void()>& go);
     QString toolTipOf(const TemplateEditorChip& chip) const;
     /// Text typed beside a chip must not take over its format.
     void leaveChipFormat();

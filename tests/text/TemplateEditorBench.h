@@ -59,7 +59,8 @@ struct TemplateEditorBench {
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1)
     {
-        QApplication::setActiveWindow(&editor); // the offscreen platform does not give it back when a dialog closes
+        QApplication::setActiveWindow(
+            &editor); // the offscreen platform does not give it back when a dialog closes
         for (int i = 0; i < times; ++i)
             QTest::keyClick(text(), key, modifiers);
     }
