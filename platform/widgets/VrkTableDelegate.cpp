@@ -43,8 +43,13 @@ QSizeF layOut(QTextLayout& layout, qreal width)
     return size;
 }
 
+// Lines end where the text says so, and the initials of a name stay together.
 QString laidOutText(QString text)
 {
+    static const QRegularExpression betweenInitials(QStringLiteral("(?<=\\b\\w\\.) (?=\\w\\.)"),
+                                                    QRegularExpression::UseUnicodePropertiesOption);
+    if (text.contains(QLatin1String(". ")))
+        text.replace(betweenInitials, QString(QChar::Nbsp));
     return text.replace(QLatin1Char('\n'), QChar::LineSeparator);
 }
 
@@ -123,7 +128,8 @@ int VrkTableDelegate::naturalWidth(const QModelIndex& index, bool longestWord) c
     const QStyleOptionViewItem option = cellOption(index);
     qreal width = qMax(0, option.text.isEmpty() ? iconSize(option).width() : 0);
     if (longestWord) {
-        const QStringList words = laidOutText(option.text).split(QRegularExpression(QStringLiteral("\\s+")));
+        const QStringList words =
+            laidOutText(option.text).split(QRegularExpression(QStringLiteral("[ \\t\u2028]+")));
         for (const QString& word : words)
             width = qMax<qreal>(width, option.fontMetrics.horizontalAdvance(word));
     } else if (!option.text.isEmpty()) {
