@@ -14,11 +14,13 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
+#include <QTableView>
 #include <QTabWidget>
 #include <QToolButton>
 
@@ -100,6 +102,21 @@ bool selectRecord(QWidget* window, const QString& words, const std::function<boo
         }
     }
     return false;
+}
+
+/// Brings the first record after midnight into sight.
+void showMidnight(QWidget* window)
+{
+    auto* view = qobject_cast<QTableView*>(records(window));
+    const QAbstractItemModel* model = view->model();
+    const int column = view->horizontalHeader()->sortIndicatorSection();
+    for (int row = 1; row < model->rowCount(); ++row) {
+        const QModelIndex index = model->index(row, column);
+        if (index.data().toString() < model->index(row - 1, column).data().toString()) {
+            view->scrollTo(index, QAbstractItemView::PositionAtCenter);
+            return;
+        }
+    }
 }
 
 /// Presses a button of a message box or dialog by its text.
@@ -236,9 +253,10 @@ bool Tour::sceneWindow(CVrkCliMod* window)
 {
     if (!records(window) || records(window)->model()->rowCount() == 0)
         return fail(tr("Журнал открытой смены пуст."));
+    showMidnight(window);
     picture(tr("Открытая ночная смена: записи по времени, день отделён чертой, внизу связь, пользователь и "
                "часы сервера."));
-    if (selectRecord(window, tr("отключилась")))
+    if (selectRecord(window, tr("Место повреждения по прибору")))
         picture(tr("Авария: запись с осциллограммой, снимком и схемой, три комментария, виза начальника."));
     return true;
 }
