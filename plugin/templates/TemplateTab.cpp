@@ -258,9 +258,10 @@ MDRData* TemplateTab::currentRecord() const
 
 void TemplateTab::reloadFor(const QModelIndex& current, const QModelIndex& previous)
 {
+    const QPersistentModelIndex last(previous); // a failed save takes its rows away
     if (!sendChangesToServer()) {
         // Not from within the change of selection itself.
-        QTimer::singleShot(0, this, [this, last = QPersistentModelIndex(previous)] { putBack(last); });
+        QTimer::singleShot(0, this, [this, last] { putBack(last); });
         return;
     }
     raiseUpPassport(current);
@@ -269,20 +270,18 @@ void TemplateTab::reloadFor(const QModelIndex& current, const QModelIndex& previ
 
 void TemplateTab::putBack(const QPersistentModelIndex& previous)
 {
-    if (!previous.isValid()) { // the row went with the record that could not be saved
-        raiseUpPassport(m_form->templatesTree->currentIndex());
-        emit itemChanged();
-        return;
-    }
+    // The row may have gone with the record that could not be saved; then the one that is current stays.
     QItemSelectionModel* selection = m_form->templatesTree->selectionModel();
+    const QModelIndex wanted = previous.isValid() ? QModelIndex(previous) : selection->currentIndex();
     selection->blockSignals(true);
     selection->clearSelection();
-    selection->setCurrentIndex(previous, QItemSelectionModel::ClearAndSelect);
+    m_form->templatesTree->setCurrentIndex(
+        wanted); // through the view, which still minds the row that was wanted
     selection->blockSignals(false);
     m_form->templatesTree->viewport()->update();
-    m_form->templatesTree->scrollTo(previous);
+    m_form->templatesTree->scrollTo(wanted);
     if (!isExistUnsaved()) // what was typed is dropped: show what is stored
-        raiseUpPassport(QModelIndex(previous));
+        raiseUpPassport(wanted);
     emit itemChanged();
 }
 

@@ -12,8 +12,9 @@ QModelIndexList TemplateTab::matcheIndexes(const QString& text) const
 
 void TemplateTab::goTo(const QModelIndex& index)
 {
-    m_form->templatesTree->setCurrentIndex(index);
-    m_form->templatesTree->scrollTo(index, QAbstractItemView::EnsureVisible);
+    QTreeView* tree = m_form->templatesTree;
+    tree->setCurrentIndex(index);
+    tree->scrollTo(tree->currentIndex(), QAbstractItemView::EnsureVisible); // a failed save takes rows away
 }
 
 void TemplateTab::search(const QString& text)

@@ -371,8 +371,10 @@ QVariant TemplatesEditSourceModel::data(const QModelIndex& index, int role) cons
 
 Qt::ItemFlags TemplatesEditSourceModel::flags(const QModelIndex& index) const
 {
-    if (!index.isValid()) // the empty area below a tree of categories takes a drop, which the page then refuses
-        return m_editable && m_level.roots == TemplateLevel::NoRoots ? Qt::ItemIsDropEnabled : Qt::NoItemFlags;
+    if (!index
+             .isValid()) // the empty area below a tree of categories takes a drop, which the page then refuses
+        return m_editable && m_level.roots == TemplateLevel::NoRoots ? Qt::ItemIsDropEnabled
+                                                                     : Qt::NoItemFlags;
     if (!m_editable)
         return Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     const Qt::ItemFlags base = QAbstractItemModel::flags(index);

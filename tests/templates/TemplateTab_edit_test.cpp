@@ -1,0 +1,502 @@
+#include "ConfiguratorBench.h"
+#include "FailingStore.h"
+#include "TEventNciParse.h"
+
+#include <QCheckBox>
+#include <QLabel>
+
+/// Unsaved changes: their buffer, checking and saving in one block, failures, and the merging of events.
+class TemplateTab_edit_test : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<LogWatch> m_log;
+    std::unique_ptr<TestStore> m_store;
+
+    static QLineEdit* categoryName(TemplateTab* page)
+    {
+        return Configurator::in<QLineEdit>(page, "categoryNameEdit");
+    }
+    static QLineEdit* templateName(TemplateTab* page)
+    {
+        return Configurator::in<QLineEdit>(page, "templateNameEdit");
+    }
+    static QCheckBox* openBox(TemplateTab* page)
+    {
+        return Configurator::in<QCheckBox>(page, "templateOpenBox");
+    }
+    static QAbstractButton* restoreButton(TemplateTab* page)
+    {
+        auto* button = Configurator::in<QAbstractButton>(page, "restoreButton");
+        return button && button->isVisible() ? button : nullptr;
+    }
+    QString stored(const char* table, const char* key, const char* field = "nameLoc") const
+    {
+        return m_store
+            ->value(QStringLiteral("SELECT %1 FROM %2 WHERE KeyLink='%3'")
+                        .arg(QLatin1String(field), QLatin1String(table), QLatin1String(key)))
+            .toString();
+    }
+    /// Makes writes to a table fail.
+    void breakTable(const char* table, const char* operation) const
+    {
+        QCOMPARE(
+            m_store->exec(QStringLiteral("CREATE TRIGGER broken BEFORE %1 ON %2 BEGIN SELECT RAISE(ABORT, "
+                                         "'Отказано.'); END")
+                              .arg(QLatin1String(operation), QLatin1String(table))),
+            QString());
+    }
+    void mendTable() const { QCOMPARE(m_store->exec(QStringLiteral("DROP TRIGGER broken")), QString()); }
+    TemplateTab* openCommon(Configurator& one, const char* key)
+    {
+        TemplateTab* page = one.show(one.common());
+        if (!Configurator::select(page, key))
+            qFatal("no row %s", key);
+        return page;
+    }
+
+private slots:
+    void init()
+    {
+        m_log.reset();
+        m_log = std::make_unique<LogWatch>();
+        m_store = std::make_unique<TestStore>();
+    }
+    void cleanup()
+    {
+        QCOMPARE(m_log->take().join(QLatin1Char('\n')), QString());
+        m_store.reset();
+        m_log.reset();
+    }
+
+    void theFirstKeystrokeMakesTheChange()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_ORDER");
+        QSignalSpy edited(page, &TemplateTab::dataEdited);
+        QVERIFY(!page->isExistUnsaved());
+        templateName(page)->setText(QStringLiteral("Иначе"));
+        templateName(page)->setText(QStringLiteral("Иначе!"));
+        QCOMPARE(edited.size(), 1);
+        QCOMPARE(page->tables().templatesEdit.data.RecCount(), 1);
+        const MDRData* edit = MDARec(page->tables().templatesEdit.data.array, 0, 0);
+        QCOMPARE(int(edit->flags), int(ROW_UPDATE));
+        for (const char* field : {"KeyLink", "CategoryKey", "nameLoc", "html"}) {
+            bool isMarked = false;
+            MDRIsUser(MDRFldByName(MDARecArr(edit), field), edit, &isMarked);
+            QCOMPARE(isMarked, qstrcmp(field, "nameLoc") == 0); // only what the user changed is written
+        }
+        QCOMPARE(MDRValue::copy(recordValue(edit, "html")),
+                 MDRValue::copy(recordValue(Configurator::record(page, "TPL_ORDER"), "html")));
+        // The row keeps its name until the server tells the change.
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Команда на производство переключений"));
+    }
+
+    void aChangedTopLevelCategoryKeepsItsLevel()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = one.show(one.deps());
+        QVERIFY(Configurator::select(page, "CAT_CDS"));
+        categoryName(page)->setText(QStringLiteral("Погода и дороги"));
+        const MDRData* edit = MDARec(page->tables().categoriesEdit.data.array, 0, 0);
+        QVERIFY(recordValue(edit, "DepartmentKey").isNull);
+        page->applyChanges();
+        one.deliver();
+        QCOMPARE(stored("LogbookCatsTemplate", "CAT_CDS"), QStringLiteral("Погода и дороги"));
+        QCOMPARE(stored("LogbookCatsTemplate", "CAT_CDS", "DepartmentKey"), QStringLiteral("DEP_CDS"));
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Погода и дороги"));
+        QCOMPARE(Configurator::currentKey(page), QStringLiteral("CAT_CDS"));
+    }
+
+    void savingWaitsForItsEvent()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Приём"));
+        page->applyChanges();
+        QVERIFY(page->isExistUnsaved()); // sent, and still unsaved till the server tells
+        page->applyChanges();            // not sent twice
+        QCOMPARE(
+            m_store->value(QStringLiteral("SELECT count(*) FROM ChangeLog WHERE rowKey='TPL_OPEN'")).toInt(),
+            2);
+        QSignalSpy reset(page, &TemplateTab::editDataReseted);
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        QCOMPARE(reset.size(), 1);
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Приём"));
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Приём"));
+    }
+
+    void aChangeToTheSameValueIsSavedToo()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("x"));
+        templateName(page)->setText(QStringLiteral("Приём смены"));
+        page->applyChanges();
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+    }
+
+    void selectingAnotherItemSaves()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        openBox(page)->click();
+        QVERIFY(page->isExistUnsaved());
+        QVERIFY(Configurator::select(page, "TPL_CLOSE"));
+        QVERIFY(!stored("LogbookTemplates", "TPL_OPEN", "html").contains(QStringLiteral("open_wshift")));
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        QCOMPARE(Configurator::currentKey(page), QStringLiteral("TPL_CLOSE"));
+    }
+
+    void onlyCategoriesAreSentWhenOnlyTheyChanged()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON");
+        categoryName(page)->setText(QStringLiteral("Смена"));
+        breakTable("LogbookTemplates", "UPDATE");
+        page->applyChanges();
+        mendTable();
+        one.deliver();
+        QCOMPARE(stored("LogbookCatsTemplate", "CAT_COMMON"), QStringLiteral("Смена"));
+        QVERIFY(!page->isExistUnsaved());
+    }
+
+    void faultsAreToldOneAtATime_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("category") << QStringLiteral("CAT_COMMON")
+                                  << QStringLiteral("Название категории не может быть пустым!");
+        QTest::newRow("template") << QStringLiteral("TPL_OPEN")
+                                  << QStringLiteral("Название шаблона не может быть пустым!");
+    }
+    void faultsAreToldOneAtATime()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, text);
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, key.toLatin1().constData());
+        (key.startsWith(QLatin1String("CAT")) ? categoryName(page) : templateName(page))->clear();
+        page->applyChanges();
+        QCOMPARE(one.boxText(), QStringLiteral("<center>%1</center>").arg(text));
+        QCOMPARE(one.box()->title(), QStringLiteral("Ошибка"));
+        QCOMPARE(one.box()->icon(), MessageIconError);
+        QCOMPARE(one.box()->type(), MessageTypeOk);
+        one.answer("okButton");
+        QVERIFY(!one.box());
+        QVERIFY(page->isExistUnsaved()); // all edits survive
+
+        // Selecting another item is called off.
+        Configurator::select(page, "TPL_CLOSE");
+        QVERIFY(one.box());
+        QTRY_COMPARE(Configurator::currentKey(page), key);
+        QVERIFY(page->isExistUnsaved());
+        QCOMPARE(Configurator::tree(page)->selectionModel()->selectedIndexes(),
+                 QModelIndexList{Configurator::tree(page)->currentIndex()});
+        one.answer("okButton");
+        page->cancelChanges();
+        QVERIFY(!page->isExistUnsaved());
+    }
+
+    void aNewTemplateNeedsAText()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON");
+        page->createTemplate();
+        QVERIFY(page->isExistUnsaved());
+        page->applyChanges();
+        QCOMPARE(one.boxText(), QStringLiteral("<center>Шаблон не может быть пустым!</center>"));
+        one.answer("okButton");
+        openBox(page)->click(); // a property is a text
+        page->applyChanges();
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        QCOMPARE(
+            m_store
+                ->value(QStringLiteral("SELECT count(*) FROM LogbookTemplates WHERE nameLoc='Новый шаблон'"))
+                .toInt(),
+            1);
+    }
+
+    void aNewCategoryIsSavedUnderItsDefaultName()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON");
+        page->createRootFolder();
+        const QString key = Configurator::currentKey(page);
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Новая категория"));
+        page->applyChanges();
+        QVERIFY(!Configurator::record(page, key.toLatin1().constData()));
+        one.deliver();
+        QCOMPARE(Configurator::currentKey(page), key); // the row that came is selected
+        QCOMPARE(page->currentRecord(), Configurator::record(page, key.toLatin1().constData()));
+        QCOMPARE(Configurator::shown(page).filter(QStringLiteral("Новая категория")).size(), 1);
+        QVERIFY(!page->isExistUnsaved());
+    }
+
+    void cancelBringsTheStoredValuesBack()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON");
+        const QStringList before = Configurator::shown(page);
+        page->createFolder();
+        categoryName(page)->setText(QStringLiteral("Лишняя"));
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Лишняя")); // a new row follows the typing
+        page->cancelChanges();
+        QCOMPARE(Configurator::shown(page), before);
+        QVERIFY(!page->isExistUnsaved());
+
+        QVERIFY(Configurator::select(page, "TPL_OPEN"));
+        templateName(page)->setText(QStringLiteral("Правка"));
+        openBox(page)->click();
+        page->cancelChanges();
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Приём смены"));
+        QVERIFY(openBox(page)->isChecked());
+    }
+
+    void aRefusedSaveDropsTheChangesAndOffersThemAgain()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Длинная правка"));
+        breakTable("LogbookTemplates", "UPDATE");
+        page->applyChanges();
+        QVERIFY(!page->isExistUnsaved());
+        QVERIFY(!one.window().isEdit());
+        QVERIFY(!one.box()); // no message box
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Приём смены"));
+        QCOMPARE(one.client().takeFailures(),
+                 QStringList{QStringLiteral("Отказано.")}); // for the status line
+        const QStringList log = m_log->take(QStringLiteral("bool TemplateTab::sendChangesToServer()"));
+        QCOMPARE(log.size(), 2);
+        // Meant: under the heading of categories, and the records are those of categories: none.
+        QCOMPARE(log.first(),
+                 QStringLiteral("bool TemplateTab::sendChangesToServer() CVrkCliSes::BlockEnd returned "
+                                "FALSE\nTable LogbookCatsTemplate contains:\n\n"));
+        QCOMPARE(m_log->take(QStringLiteral("CVrkCliSes::BlockEnd")).size(), 1);
+        QCOMPARE(page->findChild<QLabel*>(QStringLiteral("noticeText"))->text(),
+                 QStringLiteral("Изменения не сохранены. Отказано."));
+
+        mendTable();
+        QVERIFY(restoreButton(page));
+        restoreButton(page)->click();
+        QVERIFY(page->isExistUnsaved());
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Длинная правка"));
+        QVERIFY(!restoreButton(page));
+        page->applyChanges();
+        one.deliver();
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Длинная правка"));
+        QVERIFY(!page->isExistUnsaved());
+    }
+
+    void aRefusedNewRowLeavesTheTreeAndComesBack()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON");
+        const QStringList before = Configurator::shown(page);
+        page->createFolder();
+        categoryName(page)->setText(QStringLiteral("Новое место"));
+        const QString key = Configurator::currentKey(page);
+        breakTable("LogbookCatsTemplate", "INSERT");
+        Configurator::select(page, "TPL_CLOSE"); // which saves
+        QCoreApplication::processEvents();
+        QCOMPARE(Configurator::shown(page), before);
+        QVERIFY(!page->isExistUnsaved());
+        const QStringList log = m_log->take(QStringLiteral("sendChangesToServer"));
+        QCOMPARE(log.size(), 2);
+        QCOMPARE(m_log->take(QStringLiteral("CVrkCliSes::BlockEnd")).size(), 1);
+        QVERIFY2(log.first().contains(
+                     QStringLiteral("Table LogbookCatsTemplate contains:\nrecord has flags: "
+                                    "ROW_INSERT \nKeyLink: %1;\nParentKey: CAT_COMMON;\nOrgTypeKey:  "
+                                    "NULL;\nDepartmentKey:  NULL;\nnameLoc: Новое место;\n\n")
+                         .arg(key)),
+                 qPrintable(log.first()));
+        mendTable();
+        restoreButton(page)->click();
+        QCOMPARE(Configurator::currentKey(page), key);
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Новое место"));
+        page->applyChanges();
+        one.deliver();
+        QCOMPARE(stored("LogbookCatsTemplate", key.toLatin1().constData()), QStringLiteral("Новое место"));
+        QCOMPARE(Configurator::currentKey(page), key);
+        one.client().takeFailures();
+    }
+
+    void aFailedSaveReturnsTheSelection()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Правка"));
+        breakTable("LogbookTemplates", "UPDATE");
+        Configurator::select(page, "TPL_CLOSE");
+        QTRY_COMPARE(Configurator::currentKey(page), QStringLiteral("TPL_OPEN"));
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Приём смены"));
+        m_log->take();
+        one.client().takeFailures();
+    }
+
+    void aLostAnswerLosesNothing()
+    {
+        auto plan = std::make_shared<FailingStore::Plan>();
+        auto client = std::make_unique<TestClient>(
+            std::make_unique<FailingStore>(m_store->open(QStringLiteral("sidorova")), plan));
+        Configurator one(std::move(client));
+        m_log->take(); // no department: the page of departments is hidden
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Через обрыв"));
+        plan->lostAnswers = 1;
+        page->applyChanges();
+        one.settle();
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Через обрыв"));
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Через обрыв"));
+        QVERIFY(!page->isExistUnsaved());
+        m_log->take();
+    }
+
+    void anothersSaveWinsOverAPendingEdit()
+    {
+        Configurator one(*m_store);
+        Configurator other(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        TemplateTab* theirs = openCommon(other, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Моё"));
+        templateName(theirs)->setText(QStringLiteral("Их"));
+        theirs->applyChanges();
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        QVERIFY(!one.box());
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Их"));
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Их"));
+        // What was dropped can be had back.
+        QVERIFY(restoreButton(page));
+        restoreButton(page)->click();
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Моё"));
+        page->applyChanges();
+        one.deliver();
+        other.deliver();
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Моё"));
+        QCOMPARE(templateName(theirs)->text(), QStringLiteral("Моё"));
+        QVERIFY(!restoreButton(theirs));
+    }
+
+    void anothersDeletionTakesThePendingEditAlong()
+    {
+        Configurator one(*m_store);
+        Configurator other(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        TemplateTab* theirs = openCommon(other, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Моё"));
+        theirs->deleteSelected();
+        other.answer("yesButton");
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        QVERIFY(!Configurator::record(page, "TPL_OPEN"));
+        QVERIFY(!Configurator::shown(page).contains(QStringLiteral("  Приём смены")));
+        QVERIFY(page->currentRecord());
+        QVERIFY(!one.window().isEdit());
+        restoreButton(page)->click(); // nowhere to put it
+        QCOMPARE(one.boxText(),
+                 QStringLiteral("<center>Вернуть изменения некуда: элемента больше нет в дереве."
+                                "</center>"));
+    }
+
+    void anothersMoveTakesTheSelectionAway()
+    {
+        Configurator one(*m_store);
+        Configurator other(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON_SUB");
+        other.show(other.common())->createRootFolder();
+        other.common()->applyChanges();
+        other.deliver();
+        other.common()->moveItem(QStringLiteral("CAT_COMMON_SUB"),
+                                 other.common()->model()->indexByRecord(other.common()->currentRecord()));
+        one.deliver();
+        other.deliver();
+        QCOMPARE(Configurator::shown(page), Configurator::shown(other.common()));
+        QVERIFY(page->currentRecord());
+        QVERIFY(Configurator::source(page, "TPL_ORDER").isValid()); // the subtree came along
+        QCOMPARE(Configurator::currentKey(other.common()), QStringLiteral("CAT_COMMON_SUB"));
+    }
+
+    void anothersRowsComeWithoutMovingTheSelection()
+    {
+        Configurator one(*m_store);
+        Configurator other(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_CLOSE");
+        openCommon(other, "CAT_COMMON")->createFolder();
+        other.common()->applyChanges();
+        one.deliver();
+        QCOMPARE(Configurator::currentKey(page), QStringLiteral("TPL_CLOSE"));
+        QVERIFY(Configurator::shown(page).contains(QStringLiteral("  Новая подкатегория")));
+        // The other levels have no use for it.
+        QCOMPARE(one.orgs()->tables().categories.data.RecCount(), 5);
+        QCOMPARE(one.common()->tables().categories.data.RecCount(), 6);
+    }
+
+    void aKnownKeyNeverGivesASecondRow()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON");
+        const auto store = m_store->openLoader();
+        QVERIFY(TestStore::write(store.get(), "LogbookCatsTemplate", ROW_INSERT, "CAT_NEW",
+                                 {{"nameLoc", "Новая"}}));
+        Configurator late(*m_store); // its load has the row, and the event may come as well
+        late.deliver();
+        one.deliver();
+        for (TemplateTab* all : {page, late.common()})
+            QCOMPARE(Configurator::shown(all).filter(QStringLiteral("Новая")).size(), 1);
+    }
+
+    void eventsOfUnknownKeysAndTablesChangeNothing()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON");
+        const QStringList before = Configurator::shown(page);
+        for (int number : {602, 603}) {
+            HFNCliParam* block = HFNCliParam::event(number, "NOBODY", "NCI:LogbookTemplates,1", QByteArray());
+            QCOMPARE(one.window().MessageData(block), 1);
+            one.client().session().PrmFree(block);
+        }
+        HFNCliParam* lower = HFNCliParam::event(603, "TPL_OPEN", "NCI:logbooktemplates,1", QByteArray());
+        one.window().MessageData(lower); // the name is compared exactly
+        one.client().session().PrmFree(lower);
+        QCOMPARE(Configurator::shown(page), before);
+    }
+
+    void aCategoryThatChangesItsPlaceStandsInTheNewOne()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON_SUB");
+        const auto store = m_store->openLoader();
+        QVERIFY(TestStore::write(store.get(), "LogbookCatsTemplate", ROW_UPDATE, "CAT_COMMON_SUB",
+                                 {{"ParentKey", nullptr}}));
+        one.deliver();
+        QVERIFY(!Configurator::source(page, "CAT_COMMON_SUB").parent().isValid());
+        QCOMPARE(Configurator::currentKey(page), QStringLiteral("CAT_COMMON_SUB"));
+        QVERIFY(Configurator::source(page, "TPL_ORDER").isValid());
+    }
+
+    void aLocalAdministratorIsConfinedByTheStoreToo()
+    {
+        Configurator one(*m_store, QStringLiteral("smirnov"), "DEP_ZAR");
+        TemplateTab* page = one.show(one.deps());
+        QVERIFY(Configurator::select(page, "CAT_ZAR"));
+        page->createTemplate();
+        openBox(page)->click();
+        page->applyChanges();
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        QCOMPARE(
+            m_store
+                ->value(QStringLiteral("SELECT count(*) FROM LogbookTemplates WHERE CategoryKey='CAT_ZAR'"))
+                .toInt(),
+            1);
+    }
+};
+
+QTEST_MAIN(TemplateTab_edit_test)
+#include "TemplateTab_edit_test.moc"
