@@ -10,6 +10,7 @@
 namespace
 {
 constexpr int secondsBetweenLiveRecords = 15;
+constexpr int oldTemplates = 400;
 
 QString describe(DemoStore::State state)
 {
@@ -37,11 +38,13 @@ QString DemoCommand::summary() const
 QString DemoCommand::usage() const
 {
     return QStringLiteral(
-        "vrk-admin demo URL [--live [--count N]]\n"
+        "vrk-admin demo URL [--live [--count N] | --old [--old-templates N]]\n"
         "  Заполняет новое хранилище демонстрационным журналом или обновляет прежний.\n"
         "  Хранилище с чужими данными не трогает.\n"
         "  --live   писать в открытую смену по записи каждые 15 секунд, как второе рабочее место\n"
-        "  --count  остановиться после стольких записей\n");
+        "  --count  остановиться после стольких записей\n"
+        "  --old    записать и таблицы прежнего журнала для конвертера, 400 шаблонов\n"
+        "  --old-templates  столько шаблонов вместо 400\n");
 }
 
 Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& streams)
@@ -49,20 +52,26 @@ Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& stream
     QString url;
     bool live = false;
     int count = -1;
+    bool old = false;
+    int templates = -1;
     for (int i = 0; i < arguments.size(); ++i) {
         bool number = true;
         if (arguments[i] == QLatin1String("--live"))
             live = true;
         else if (arguments[i] == QLatin1String("--count") && i + 1 < arguments.size())
             count = arguments[++i].toInt(&number);
+        else if (arguments[i] == QLatin1String("--old"))
+            old = true;
+        else if (arguments[i] == QLatin1String("--old-templates") && i + 1 < arguments.size())
+            templates = arguments[++i].toInt(&number);
         else if (url.isEmpty() && !arguments[i].startsWith(QLatin1Char('-')))
             url = arguments[i];
         else
             return wrongUsage(streams);
-        if (!number || count < -1)
+        if (!number || count < -1 || templates < -1)
             return wrongUsage(streams);
     }
-    if (url.isEmpty() || (count >= 0 && !live))
+    if (url.isEmpty() || (count >= 0 && !live) || (templates >= 0 && !old) || (live && old))
         return wrongUsage(streams);
 
     const auto now = [] { return QDateTime::currentSecsSinceEpoch(); };
@@ -88,10 +97,15 @@ Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& stream
         if (!DemoStore::renew(url, now(), &error))
             return fail(streams, error);
         streams.out << describe(state);
-        return Success;
+    } else {
+        if (!DemoStore::fill(url, now(), &error)) // refuses a store with foreign data
+            return fail(streams, error);
+        streams.out << QStringLiteral("Демонстрационный журнал записан.\n");
     }
-    if (!DemoStore::fill(url, now(), &error)) // refuses a store with foreign data
-        return fail(streams, error);
-    streams.out << QStringLiteral("Демонстрационный журнал записан.\n");
+    if (old) {
+        if (!DemoStore::writeEarlierJournal(url, now(), templates < 0 ? oldTemplates : templates, &error))
+            return fail(streams, error);
+        streams.out << QStringLiteral("Таблицы прежнего журнала записаны.\n");
+    }
     return Success;
 }

@@ -24,6 +24,23 @@ QString inQuotes(const QString& text)
     return text.mid(open + 1, text.indexOf(QChar(0xbb)) - open - 1);
 }
 
+struct Pattern {
+    QString name;
+    QStringList values; ///< flags, icon, second icon, command, text
+};
+
+/// What a file of the notation holds; its rows are written as they are read, its patterns kept.
+struct Reader {
+    DemoWriter* writer;
+    const DemoNetwork& network;
+    QVector<QByteArray> categories;
+    QVector<Pattern> patterns;
+    int templates = 0;
+
+    void read(const QString& path);
+    void addTemplate(const QByteArray& category, const QString& name, const QStringList& values);
+};
+
 void writeCategory(DemoWriter* writer, const DemoNetwork& network, const QString& name, const QString& level)
 {
     QVariant parent;
@@ -39,14 +56,13 @@ void writeCategory(DemoWriter* writer, const DemoNetwork& network, const QString
         "OperLogCategories", categoryKey(name),
         {{"ParentKey", parent}, {"OrgTypeKey", type}, {"DepartmentKey", department}, {"name_", name}});
 }
-} // namespace
 
-void DemoEarlierJournal::write(DemoWriter* writer, const DemoNetwork& network)
+void Reader::read(const QString& path)
 {
-    QFile file(QStringLiteral(":/demo/earlier.txt"));
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("The demo has lost the templates of the earlier journal");
-    QByteArray category;
+    categories.clear();
     for (const QString& line : QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'))) {
         const int colon = line.indexOf(QLatin1String(": "));
         if (colon < 0 || line.startsWith(QLatin1Char('#')))
@@ -56,26 +72,56 @@ void DemoEarlierJournal::write(DemoWriter* writer, const DemoNetwork& network)
         if (word == QLatin1String("parameter") && values.size() == 5) {
             writer->insert("OperLogTemplateParams", demoKey(QStringLiteral("earlier parameter ") + values[0]),
                            {{"nameLat", values[0]},
-                            {"nameLoc", values[1]},
+                            {"nameLoc", orNull(values[1])},
                             {"param", orNull(values[2])},
                             {"TableKey", orNull(values[3])},
                             {"FieldTypeKey", orNull(values[4])}});
         } else if (word == QLatin1String("category") && values.size() == 2) {
             writeCategory(writer, network, values[0], values[1]);
-            category = categoryKey(values[0]);
+            categories << categoryKey(values[0]);
         } else if (word == QLatin1String("template") && values.size() == 6) {
-            writer->insert("OperLogTemplates", demoKey(QStringLiteral("earlier template ") + values[0]),
-                           {{"CategoryKey", category},
-                            {"name_", values[0]},
-                            {"text_", values[5]},
-                            {"canStartShift", values[1] == QLatin1String("start")},
-                            {"canEndShift", values[1] == QLatin1String("end")},
-                            {"isNecessaryFinishTime", values[1] == QLatin1String("time")},
-                            {"icon", orNull(values[2])},
-                            {"completingIcon", orNull(values[3])},
-                            {"completingCommand", orNull(values[4])}});
+            addTemplate(categories.last(), values[0], values.mid(1));
+        } else if (word == QLatin1String("pattern") && values.size() == 6) {
+            patterns.append({values[0], values.mid(1)});
         } else {
             qFatal("The earlier journal of the demo cannot be read: %s", qPrintable(line));
         }
+    }
+}
+
+void Reader::addTemplate(const QByteArray& category, const QString& name, const QStringList& values)
+{
+    QString text = values[4];
+    text.replace(QLatin1String("\\n"), QLatin1String("\r\n"));
+    writer->insert("OperLogTemplates", demoKey(QStringLiteral("earlier template ") + name),
+                   {{"CategoryKey", category},
+                    {"name_", name},
+                    {"text_", text},
+                    {"canStartShift", values[0] == QLatin1String("start")},
+                    {"canEndShift", values[0] == QLatin1String("end")},
+                    {"isNecessaryFinishTime", values[0] == QLatin1String("time")},
+                    {"icon", orNull(values[1])},
+                    {"completingIcon", orNull(values[2])},
+                    {"completingCommand", orNull(values[3])}});
+    ++templates;
+}
+} // namespace
+
+void DemoEarlierJournal::write(DemoWriter* writer, const DemoNetwork& network)
+{
+    Reader{writer, network, {}, {}}.read(QStringLiteral(":/demo/earlier.txt"));
+}
+
+void DemoEarlierJournal::writeAll(DemoWriter* writer, const DemoNetwork& network, int templates)
+{
+    Reader reader{writer, network, {}, {}};
+    reader.read(QStringLiteral(":/demo/earlier.txt"));
+    reader.read(QStringLiteral(":/demo/old.txt"));
+    const int categories = reader.categories.size();
+    // One more pattern on at each round of the categories, so that each of them meets all patterns.
+    for (int i = 0; reader.templates < templates; ++i) {
+        const Pattern& pattern = reader.patterns.at((i + i / categories) % reader.patterns.size());
+        const QString name = QStringLiteral("%1 № %2").arg(pattern.name).arg(i + 1);
+        reader.addTemplate(reader.categories.at(i % categories), name, pattern.values);
     }
 }

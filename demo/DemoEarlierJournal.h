@@ -8,4 +8,7 @@ class DemoWriter;
 namespace DemoEarlierJournal
 {
 void write(DemoWriter* writer, const DemoNetwork& network);
+/// The same and more: 60 categories and every construct that the earlier journal knew. \a templates says how many
+/// templates there are in all; those of write() are never fewer. Everything in it can be converted and saved.
+void writeAll(DemoWriter* writer, const DemoNetwork& network, int templates);
 } // namespace DemoEarlierJournal

@@ -73,21 +73,29 @@ bool remember(Store* store, const QString& url, qint64 now, StoreError* error)
     return state.write(url, error);
 }
 
+/// Marks all rows of a table for removal; false when they cannot be read.
+bool removeAll(DemoWriter* writer, Store* store, const char* table, StoreError* error)
+{
+    CMDArray rows;
+    rows = store->select(QByteArray("SELECT KeyLink FROM ") + table, error);
+    if (!rows.array)
+        return false;
+    const MDRField* key = MDRFldByNum(rows.array, 0);
+    for (int i = 0; i < rows.RecCount(); ++i) {
+        MDRVar value;
+        MDRGetVal(key, MDARec(rows.array, 0, i), &value);
+        writer->remove(table, MDRValue::copy(value));
+    }
+    return true;
+}
+
 bool writeAnew(Store* store, const QString& url, qint64 now, StoreError* error)
 {
     DemoWriter writer(store);
     for (const char* table : {"LogbookFiles", "LogbookComments", "LogbookRecords", "LogbookWorkersWorkshift",
                               "LogbookWorkshifts"}) {
-        CMDArray rows;
-        rows = store->select(QByteArray("SELECT KeyLink FROM ") + table, error);
-        if (!rows.array)
+        if (!removeAll(&writer, store, table, error))
             return false;
-        const MDRField* key = MDRFldByNum(rows.array, 0);
-        for (int i = 0; i < rows.RecCount(); ++i) {
-            MDRVar value;
-            MDRGetVal(key, MDARec(rows.array, 0, i), &value);
-            writer.remove(table, MDRValue::copy(value));
-        }
     }
     writer.barrier();
     const DemoNetwork network;
@@ -274,6 +282,33 @@ bool DemoStore::writeLiveRecord(const QString& url, qint64 now, int number, Stor
     record.html = filler.fill(journal.record(kinds.at(number % kinds.size())), shift.scene(now, &author));
     journal.add(shift, record);
     return writer.write(error);
+}
+
+bool DemoStore::writeEarlierJournal(const QString& url, qint64 now, int templates, StoreError* error)
+{
+    State present = State::Foreign;
+    if (!state(url, now, &present, error))
+        return false;
+    if (present == State::Empty || present == State::Foreign)
+        return refuse(error, QStringLiteral("В хранилище нет демонстрационного журнала."));
+    const std::unique_ptr<Store> store = openLoader(url, error);
+    DemoState known;
+    ChangePosition before;
+    if (!store || !known.read(store.get()) || !store->position(&before, error))
+        return false;
+    DemoWriter writer(store.get());
+    for (const char* table : {"OperLogTemplates", "OperLogCategories", "OperLogTemplateParams"})
+        if (!removeAll(&writer, store.get(), table, error))
+            return false;
+    writer.barrier();
+    DemoEarlierJournal::writeAll(&writer, DemoNetwork(), templates);
+    ChangePosition after;
+    if (!writer.write(error) || !store->position(&after, error))
+        return false;
+    if (before.number != known.number)
+        return true; // somebody has worked here: it stays so
+    known.number = after.number;
+    return known.write(url, error);
 }
 
 QByteArray DemoStore::storyDepartment()

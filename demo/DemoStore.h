@@ -38,6 +38,10 @@ bool renew(const QString& url, qint64 now, StoreError* error);
 /// follow one another by \a number. The records count as work of somebody: the store is touched from then on.
 bool writeLiveRecord(const QString& url, qint64 now, int number, StoreError* error);
 
+/// Replaces the tables of the earlier journal in a demo store: every construct that it knew, in so many templates.
+/// Empty and foreign stores are refused.
+bool writeEarlierJournal(const QString& url, qint64 now, int templates, StoreError* error);
+
 /// The department of the story, its key in Departments.
 QByteArray storyDepartment();
 

@@ -1,3 +1,4 @@
+#include "CMDArray.h"
 #include "Command.h"
 
 #include "Store.h"
@@ -23,6 +24,7 @@ private slots:
     void wrongArgumentsShowTheUsage();
     void initMakesAStoreOnce();
     void initTakesCodePageAndTimeZone();
+    void demoLaysDownTheEarlierJournalToo();
     void aFreshStoreIsClean();
     void aDamagedStoreIsFoundOut();
     void aBackupIsAStoreOfItsOwn();
@@ -93,6 +95,9 @@ void Admin_test::wrongArgumentsShowTheUsage_data()
                              "demo",
                              "demo URL --count 3",
                              "demo URL --live --count many",
+                             "demo URL --old-templates 5",
+                             "demo URL --old --live",
+                             "demo URL --old --old-templates many",
                              "check",
                              "check URL extra",
                              "backup URL",
@@ -151,6 +156,28 @@ void Admin_test::initTakesCodePageAndTimeZone()
         run({QStringLiteral("init"), other, QStringLiteral("--time-zone"), QStringLiteral("Nowhere/Land")}),
         Command::Failed);
     QVERIFY(!QFile::exists(path("other.sqlite")));
+}
+
+void Admin_test::demoLaysDownTheEarlierJournalToo()
+{
+    QCOMPARE(run({QStringLiteral("demo"), m_url, QStringLiteral("--old")}), Command::Success);
+    QCOMPARE(m_out, QStringLiteral("Демонстрационный журнал записан.\nТаблицы прежнего журнала записаны.\n"));
+    const auto templates = [this] {
+        StoreError error;
+        Store::Options options;
+        options.loader = true;
+        const auto store = Store::open(m_url, options, &error);
+        CMDArray answer;
+        answer = store->select("SELECT KeyLink FROM OperLogTemplates", &error);
+        return answer.RecCount();
+    };
+    QCOMPARE(templates(), 400);
+    QCOMPARE(run({QStringLiteral("demo"), m_url, QStringLiteral("--old"), QStringLiteral("--old-templates"),
+                  QStringLiteral("30")}),
+             Command::Success);
+    QCOMPARE(m_out,
+             QStringLiteral("Демонстрационный журнал на месте.\nТаблицы прежнего журнала записаны.\n"));
+    QCOMPARE(templates(), 30);
 }
 
 void Admin_test::aFreshStoreIsClean()

@@ -42,6 +42,43 @@ private slots:
                  0);
     }
 
+    void earlierJournalHasSixtyCategoriesAndAsManyTemplatesAsWanted()
+    {
+        const DemoFile other;
+        fill(other, now);
+        StoreError error;
+        for (const int templates : {400, 450, 400, 0}) { // each time anew
+            QVERIFY2(DemoStore::writeEarlierJournal(other.url(), now, templates, &error),
+                     qPrintable(error.text + error.detail));
+            QCOMPARE(other.count(QStringLiteral("OperLogCategories")), 60);
+            QCOMPARE(other.count(QStringLiteral("OperLogTemplates")), std::max(templates, 11));
+            QCOMPARE(
+                other.count(QStringLiteral("OperLogCategories WHERE ParentKey NOT IN (SELECT KeyLink FROM "
+                                           "OperLogCategories)")),
+                0);
+        }
+        QCOMPARE(other.findings(), QString());
+        QCOMPARE(other.state(now), DemoStore::State::Current);
+        QCOMPARE(other.state(now + 86400), DemoStore::State::Ended); // the demo's own work
+        QVERIFY(DemoStore::writeEarlierJournal(other.url(), now, 400, &error));
+        QCOMPARE(
+            other.count(QStringLiteral(
+                "OperLogTemplates AS T WHERE T.name_ LIKE 'Авария №%' AND T.CategoryKey IN (SELECT KeyLink "
+                "FROM OperLogCategories)")),
+            other.count(QStringLiteral("OperLogTemplates AS T WHERE T.name_ LIKE 'Авария №%'")));
+        QVERIFY(other.count(QStringLiteral("OperLogTemplates WHERE name_ LIKE 'Авария №%'")) > 1);
+    }
+
+    void earlierJournalIsWrittenIntoADemoOnly()
+    {
+        const DemoFile other;
+        StoreError error;
+        QVERIFY(StoreAdmin::init(other.url(), "Windows-1251", "Europe/Moscow", &error));
+        QVERIFY(!DemoStore::writeEarlierJournal(other.url(), now, 400, &error));
+        QCOMPARE(error.text, QStringLiteral("В хранилище нет демонстрационного журнала."));
+        QCOMPARE(other.count(QStringLiteral("OperLogTemplates")), 0);
+    }
+
     void refusesAStoreThatHoldsAnythingElse()
     {
         const DemoFile other;
