@@ -3,13 +3,16 @@
 #include "BackupCommand.h"
 #include "CheckCommand.h"
 #include "DemoCommand.h"
+#include "DoctorCommand.h"
 #include "ExportCommand.h"
 #include "FileCommand.h"
 #include "ImportCommand.h"
 #include "InitCommand.h"
 #include "RightCommand.h"
+#include "SetupCommand.h"
 #include "StoreError.h"
 #include "UserCommand.h"
+#include "WatchdogCommand.h"
 
 namespace
 {
@@ -27,7 +30,7 @@ void printHelp(QTextStream& out, const std::vector<std::unique_ptr<Command>>& co
     for (const auto& command : commands)
         out << QStringLiteral("  %1 %2\n").arg(command->name(), -8).arg(command->summary());
     out << QStringLiteral(
-        "\nURL хранилища: sqlite:///полный/путь/к/файлу\n"
+        "\nURL хранилища: sqlite:///полный/путь/к/файлу или postgresql://имя@сервер/база\n"
         "Код завершения: 0 успех, 1 не удалось, 2 неверные аргументы, 3 проверка нашла ошибки.\n");
 }
 } // namespace
@@ -55,7 +58,9 @@ std::vector<std::unique_ptr<Command>> adminCommands()
 {
     std::vector<std::unique_ptr<Command>> commands;
     commands.push_back(std::make_unique<InitCommand>());
+    commands.push_back(std::make_unique<SetupCommand>());
     commands.push_back(std::make_unique<DemoCommand>());
+    commands.push_back(std::make_unique<DoctorCommand>());
     commands.push_back(std::make_unique<CheckCommand>());
     commands.push_back(std::make_unique<ExportCommand>());
     commands.push_back(std::make_unique<ImportCommand>());
@@ -63,6 +68,7 @@ std::vector<std::unique_ptr<Command>> adminCommands()
     commands.push_back(std::make_unique<UserCommand>());
     commands.push_back(std::make_unique<RightCommand>());
     commands.push_back(std::make_unique<FileCommand>());
+    commands.push_back(std::make_unique<WatchdogCommand>());
     return commands;
 }
 

@@ -12,6 +12,7 @@ struct StoreError;
 struct Streams {
     QTextStream& out;
     QTextStream& err;
+    QTextStream* in = nullptr; ///< for commands that ask; null where nobody answers
 };
 
 /// One sub-command of vrk-admin.

@@ -4,14 +4,16 @@
 
 QString UserCommand::summary() const
 {
-    return QStringLiteral("имена для входа: список, добавление, удаление");
+    return QStringLiteral("имена для входа: список, добавление, пароль, удаление");
 }
 
 QString UserCommand::usage() const
 {
     return QStringLiteral("vrk-admin user URL list\n"
                           "vrk-admin user URL add LOGIN NAME\n"
-                          "vrk-admin user URL remove LOGIN\n");
+                          "vrk-admin user URL password LOGIN\n"
+                          "vrk-admin user URL remove LOGIN\n"
+                          "  Пароль (только для сервера PostgreSQL) читается со стандартного ввода.\n");
 }
 
 Command::ExitCode UserCommand::run(const QStringList& arguments, Streams& streams)
@@ -32,6 +34,9 @@ Command::ExitCode UserCommand::run(const QStringList& arguments, Streams& stream
     }
     if (verb == QLatin1String("add") && arguments.size() == 4)
         return outcome(StoreAdmin::addUser(url, arguments[2], arguments[3], &error), streams, error);
+    if (verb == QLatin1String("password") && arguments.size() == 3 && streams.in)
+        return outcome(StoreAdmin::setPassword(url, arguments[2], streams.in->readLine(), &error), streams,
+                       error);
     if (verb == QLatin1String("remove") && arguments.size() == 3)
         return outcome(StoreAdmin::removeUser(url, arguments[2], &error), streams, error);
     return wrongUsage(streams);

@@ -10,6 +10,8 @@ int main(int argc, char* argv[])
     QTextStream err(stderr);
     out.setCodec("UTF-8");
     err.setCodec("UTF-8");
-    Streams streams{out, err};
+    QTextStream in(stdin);
+    in.setCodec("UTF-8");
+    Streams streams{out, err, &in};
     return runAdmin(QCoreApplication::arguments().mid(1), streams);
 }

@@ -11,9 +11,11 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, tr("Показать эту справку."));
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
                                      tr("Показать версию."));
-    const QCommandLineOption storeOption(QStringLiteral("store"),
-                                         tr("Хранилище: sqlite:///путь или postgresql://сервер/база."),
-                                         QStringLiteral("URL"));
+    const QCommandLineOption storeOption(
+        QStringLiteral("store"),
+        tr("Хранилище: sqlite:///путь или postgresql://имя@сервер/база. Без него берётся "
+           "переменная окружения VRK_STORE."),
+        QStringLiteral("URL"));
     const QCommandLineOption userOption(
         QStringLiteral("user"), tr("Имя для входа. Без него программа спросит."), QStringLiteral("LOGIN"));
     const QCommandLineOption departmentOption(QStringLiteral("department"),
@@ -52,7 +54,7 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
         *exitCode = 2;
         return false;
     }
-    store = parser.value(storeOption);
+    store = parser.isSet(storeOption) ? parser.value(storeOption) : qEnvironmentVariable("VRK_STORE");
     user = parser.value(userOption);
     department = parser.value(departmentOption);
     module = parser.value(moduleOption);

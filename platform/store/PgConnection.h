@@ -106,6 +106,9 @@ public:
     /// Takes in what the server has sent unasked. False when the connection is gone.
     bool takeNotifications(bool* any);
 
+    bool isEncrypted() const { return m_pg && PQsslInUse(m_pg) != 0; }
+    /// Over a socket of this machine, which no network carries.
+    bool isLocal() const { return m_pg && PQhost(m_pg) && *PQhost(m_pg) == '/'; }
     /// What the server keeps instead of a password (SCRAM); empty when there can be none.
     QByteArray passwordHash(const QString& login, const QString& password) const;
     /// The database of an address.

@@ -154,6 +154,20 @@ bool PostgresAdmin::backup(const QString& url, const QString& copy, StoreError* 
            refuse(error, StoreError::ReadOnly, QString::fromUtf8("Файл «%1» нельзя создать.").arg(copy));
 }
 
+int PostgresAdmin::endRunaways(const QString& url, int seconds, StoreError* error)
+{
+    const auto link = connectedToStore(url, error);
+    if (!link)
+        return -1;
+    const PgResult ended = link->run(
+        "SELECT count(pg_terminate_backend(pid)) FROM pg_stat_activity WHERE datname = current_database() "
+        "AND usename IN (SELECT rolname FROM pg_roles WHERE NOT rolsuper "
+        "AND pg_has_role(oid, 'vrk_client', 'MEMBER')) "
+        "AND state <> 'idle' AND query_start < clock_timestamp() - make_interval(secs => $1)",
+        PgValues().real(seconds), error);
+    return ended ? static_cast<int>(ended.integer(0, 0)) : -1;
+}
+
 bool PostgresAdmin::addRole(const QString& url, const QString& login, StoreError* error)
 {
     const auto link = connectedToStore(url, error);

@@ -11,6 +11,8 @@ bool check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreErro
 /// Leaves it to pg_dump, which must be there, and looks whether its copy can be read.
 bool backup(const QString& url, const QString& file, StoreError* error);
 
+int endRunaways(const QString& url, int seconds, StoreError* error);
+
 /// \name Persons as roles of the server
 /// @{
 /// Makes the role of a login, or lets one that is there in again.

@@ -1,6 +1,7 @@
 #include "StoreAdmin.h"
 
 #include "PostgresAdmin.h"
+#include "PostgresDoctor.h"
 #include "SqliteAdmin.h"
 #include "SqliteSchema.h"
 #include "StoreUrl.h"
@@ -39,6 +40,33 @@ bool StoreAdmin::check(const QString& url, QVector<Finding>* findings, StoreErro
     return dispatch(
         url, error, [&](const QString& file) { return SqliteAdmin::check(file, findings, error); },
         [&] { return PostgresAdmin::check(url, findings, error); });
+}
+
+QVector<StoreAdmin::Symptom> StoreAdmin::examine(const QString& url)
+{
+    StoreError error = StoreUrl(url).error();
+    if (!error && StoreUrl(url).engine == StoreUrl::PostgreSql)
+        return PostgresDoctor::examine(url);
+    QVector<Finding> findings;
+    if (!error && check(url, &findings, &error))
+        error.clear();
+    QVector<Symptom> symptoms;
+    if (error)
+        symptoms.append({error.text, QString::fromUtf8("Проверьте адрес и права на файл и его папку.")});
+    for (const Finding& finding : findings)
+        symptoms.append(
+            {finding.text, QString::fromUtf8("Разберите вывод vrk-admin check; при порче файла верните "
+                                             "копию, сделанную vrk-admin backup.")});
+    return symptoms;
+}
+
+int StoreAdmin::endRunaways(const QString& url, int seconds, StoreError* error)
+{
+    if (StoreUrl(url).engine == StoreUrl::PostgreSql)
+        return PostgresAdmin::endRunaways(url, seconds, error);
+    *error = {StoreError::BadUrl, QString::fromUtf8("Запросы завершает только сервер PostgreSQL."),
+              QString()};
+    return -1;
 }
 
 bool StoreAdmin::backup(const QString& url, const QString& copy, StoreError* error)

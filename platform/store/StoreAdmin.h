@@ -22,6 +22,18 @@ struct Finding {
 /// An empty answer, or notes only, is a clean store. False when the check itself could not be done.
 bool check(const QString& url, QVector<Finding>* findings, StoreError* error);
 
+/// What is wrong with the surroundings of a store, and what helps.
+struct Symptom {
+    QString fault;
+    QString cure;
+};
+/// Looks at access, encryption, encoding, version, safety of the data and clocks. Needs no store to be there yet.
+QVector<Symptom> examine(const QString& url);
+
+/// Ends the requests that a server's clients have kept running for longer than \a seconds; the number of ended ones,
+/// -1 for a failure. For clients that ignore their own deadline; run it now and then.
+int endRunaways(const QString& url, int seconds, StoreError* error);
+
 /// Copies a store in use into a new file and checks the copy. A server's is made by its own pg_dump.
 bool backup(const QString& url, const QString& file, StoreError* error);
 
@@ -29,6 +41,8 @@ bool backup(const QString& url, const QString& file, StoreError* error);
 /// @{
 /// On a server the login is one of its roles, which cannot get in before it has a password.
 bool addUser(const QString& url, const QString& login, const QString& name, StoreError* error);
+/// Makes the server's role of a login that stands in Users already; nothing to do where there are no roles.
+bool admit(const QString& url, const QString& login, StoreError* error);
 /// Refused where logins have no passwords.
 bool setPassword(const QString& url, const QString& login, const QString& password, StoreError* error);
 bool removeUser(const QString& url, const QString& login, StoreError* error);

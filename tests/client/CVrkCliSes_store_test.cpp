@@ -309,6 +309,8 @@ void CVrkCliSesStoreTest::the_bytes_of_a_file_are_fetched_by_key()
 
 void CVrkCliSesStoreTest::a_lock_held_by_another_fails_the_write_only()
 {
+    if (!TestStore::isSqlite())
+        QSKIP("Of a store in a file");
     TestStore store;
     Store::Options options;
     options.deadlineMs = 200;
@@ -332,6 +334,8 @@ void CVrkCliSesStoreTest::a_lock_held_by_another_fails_the_write_only()
 
 void CVrkCliSesStoreTest::waiting_for_a_lock_shows_a_sign_of_life()
 {
+    if (!TestStore::isSqlite())
+        QSKIP("Of a store in a file");
     TestStore store;
     Store::Options options;
     options.deadlineMs = 60000;
@@ -351,6 +355,8 @@ void CVrkCliSesStoreTest::waiting_for_a_lock_shows_a_sign_of_life()
 
 void CVrkCliSesStoreTest::a_file_that_vanishes_takes_the_session_down()
 {
+    if (!TestStore::isSqlite())
+        QSKIP("Of a store in a file");
     TestStore store;
     TestClient client(store);
     QSignalSpy connection(&client.session(), &CVrkCliSes::connectionChanged);
@@ -368,6 +374,8 @@ void CVrkCliSesStoreTest::a_file_that_vanishes_takes_the_session_down()
 
 void CVrkCliSesStoreTest::a_file_that_comes_back_is_found()
 {
+    if (!TestStore::isSqlite())
+        QSKIP("Of a store in a file");
     TestStore store;
     TestClient client(store);
     TestModule module(client);
@@ -385,6 +393,8 @@ void CVrkCliSesStoreTest::a_file_that_comes_back_is_found()
 
 void CVrkCliSesStoreTest::another_history_is_told()
 {
+    if (!TestStore::isSqlite())
+        QSKIP("Of a store in a file");
     TestStore store;
     TestStore another(TestStore::Empty);
     TestClient client(store.openLoader());

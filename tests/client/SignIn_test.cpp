@@ -201,6 +201,8 @@ void SignInTest::the_code_page_is_that_of_the_store()
 
 void SignInTest::a_store_that_vanishes_before_the_end_tells_why()
 {
+    if (!TestStore::isSqlite())
+        QSKIP("Of a store in a file");
     TestStore store;
     CVrkCliApp app;
     SignIn signIn;

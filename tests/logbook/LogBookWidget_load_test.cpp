@@ -279,7 +279,7 @@ private slots:
     {
         const TestStore store;
         openEmptyWorkshift(store);
-        QCOMPARE(store.exec(QStringLiteral("DROP TABLE LogbookComments; DROP TABLE LogbookFiles")),
+        QCOMPARE(store.dropTables({QStringLiteral("LogbookComments"), QStringLiteral("LogbookFiles")}),
                  QString());
         TestJournal journal(store, QStringLiteral("smirnov"), "DEP_ODS");
         QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_ODS"));
@@ -336,7 +336,7 @@ private slots:
         QFETCH(QString, line);
         const TestStore store;
         TestJournal journal(store, QStringLiteral("ivanov"), QByteArray(), false);
-        QCOMPARE(store.exec(QStringLiteral("PRAGMA foreign_keys=OFF; DROP TABLE %1").arg(table)), QString());
+        QCOMPARE(store.dropTables({table}), QString());
         journal.start();
         QCOMPARE(m_log->take(QStringLiteral("LogBookWidget")), QStringList{line});
         QVERIFY(!m_log->take(QStringLiteral("CVrkCliSes")).isEmpty());
@@ -354,8 +354,7 @@ private slots:
     {
         const TestStore store;
         TestJournal journal(store);
-        QCOMPARE(store.exec(QStringLiteral("PRAGMA foreign_keys=OFF; DROP TABLE WorkerRoles; "
-                                           "DROP TABLE LogbookWorkshifts")),
+        QCOMPARE(store.dropTables({QStringLiteral("WorkerRoles"), QStringLiteral("LogbookWorkshifts")}),
                  QString());
         journal.tab().uploadRecordsIn(HfnTime_to_DateTime(1700000000, -1),
                                       HfnTime_to_DateTime(1700003600, -1));

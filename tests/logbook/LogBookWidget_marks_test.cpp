@@ -36,10 +36,7 @@ private:
     }
     static void refuse(const TestStore& store, const char* operation)
     {
-        QCOMPARE(store.exec(QStringLiteral("CREATE TRIGGER refuse BEFORE %1 ON LogbookRecords BEGIN SELECT "
-                                           "RAISE(ABORT, 'no'); END;")
-                                .arg(QLatin1String(operation))),
-                 QString());
+        QCOMPARE(store.refuse(QLatin1String(operation), QStringLiteral("LogbookRecords")), QString());
     }
     void compareFailure(TestJournal& journal, const QString& line, const QString& text)
     {
@@ -243,7 +240,7 @@ private slots:
         QCOMPARE(records(store), before);
         QCOMPARE(stored(store, "REC_ORDER", "status").toInt(), 0);
 
-        QCOMPARE(store.exec(QStringLiteral("DROP TRIGGER refuse")), QString());
+        QCOMPARE(store.permit(QStringLiteral("INSERT"), QStringLiteral("LogbookRecords")), QString());
         refuse(store, "UPDATE");
         journal.tab().removeTimeExecRequest();
         compareFailure(

@@ -32,12 +32,8 @@ private:
     /// From now on the store takes no change of records.
     static void refuseWrites(const TestStore& store)
     {
-        QCOMPARE(store.exec(QStringLiteral("CREATE TRIGGER refuse_update BEFORE UPDATE ON LogbookRecords "
-                                           "BEGIN SELECT RAISE(ABORT, 'no'); END; "
-                                           "CREATE TRIGGER refuse_delete BEFORE DELETE ON LogbookRecords "
-                                           "BEGIN SELECT RAISE(ABORT, 'no'); "
-                                           "END;")),
-                 QString());
+        for (const char* operation : {"UPDATE", "DELETE"})
+            QCOMPARE(store.refuse(QLatin1String(operation), QStringLiteral("LogbookRecords")), QString());
     }
     void compareBox(TestJournal& journal, const QString& title, const QString& text, TMessageBoxIcon icon,
                     TMessageBoxType type)

@@ -153,7 +153,8 @@ void PrivateCluster::thaw()
 
 void PrivateCluster::kill()
 {
-    // The first one first: it would tell the others to end in order.
+    // The first one is stopped before: it must neither make new ones nor tell the others to end in order.
+    ::kill(static_cast<pid_t>(m_server.processId()), SIGSTOP);
     for (const qint64 id : processes())
         ::kill(static_cast<pid_t>(id), SIGKILL);
     m_server.waitForFinished(startMs);

@@ -221,8 +221,11 @@ std::unique_ptr<Store> TestStore::openLoader() const
 
 QVector<QVariantList> TestStore::rows(const QString& sql) const
 {
-    if (isPostgres())
-        return postgresRows(url(), sql);
+    if (isPostgres()) {
+        const QString entry =
+            QStringLiteral("(SELECT max(entry) FROM ChangeLog WHERE rowKey = KeyLink AND event = 601)");
+        return postgresRows(url(), QString(sql).replace(QLatin1String("rowid"), entry));
+    }
     const RawConnection raw(path());
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(raw.handle(), sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
@@ -251,6 +254,35 @@ QString TestStore::exec(const QString& sql) const
     sqlite3_exec(raw.handle(), "PRAGMA foreign_keys = ON", nullptr, nullptr, nullptr);
     const int code = sqlite3_exec(raw.handle(), sql.toUtf8().constData(), nullptr, nullptr, nullptr);
     return code == SQLITE_OK ? QString() : QString::fromUtf8(sqlite3_errmsg(raw.handle()));
+}
+
+QString TestStore::dropTables(const QStringList& tables) const
+{
+    QString sql = isPostgres() ? QString() : QStringLiteral("PRAGMA foreign_keys = OFF;");
+    for (const QString& table : tables)
+        sql += QStringLiteral("DROP TABLE %1%2;")
+                   .arg(table, isPostgres() ? QStringLiteral(" CASCADE") : QString());
+    return exec(sql);
+}
+
+QString TestStore::refuse(const QString& operation, const QString& table) const
+{
+    const QString sql =
+        isPostgres()
+            ? QStringLiteral("CREATE FUNCTION broken_%1() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN "
+                             "PERFORM vrk_refuse('broken'); RETURN NULL; END $$; "
+                             "CREATE TRIGGER broken_%1 BEFORE %1 ON %2 EXECUTE FUNCTION broken_%1()")
+            : QStringLiteral("CREATE TRIGGER broken_%1 BEFORE %1 ON %2 BEGIN SELECT RAISE(ABORT, "
+                             "'broken'); END");
+    return exec(sql.arg(operation, table));
+}
+
+QString TestStore::permit(const QString& operation, const QString& table) const
+{
+    const QString sql = isPostgres()
+                            ? QStringLiteral("DROP TRIGGER broken_%1 ON %2; DROP FUNCTION broken_%1()")
+                            : QStringLiteral("DROP TRIGGER broken_%1");
+    return exec(isPostgres() ? sql.arg(operation, table) : sql.arg(operation));
 }
 
 bool TestStore::write(Store* store, const char* table, MDRFlag flag, const QByteArray& key,

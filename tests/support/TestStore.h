@@ -83,12 +83,20 @@ public:
     /// The same in the role of imports, which no rule of the journal binds.
     std::unique_ptr<Store> openLoader() const;
 
-    /// Reads with a raw connection of its own; one row a list, texts as QString, blobs as QByteArray.
+    /// Reads with a raw connection of its own; one row a list, texts as QString, blobs as QByteArray. The word rowid
+    /// stands for the order in which the rows of a table were entered, on both engines.
     QVector<QVariantList> rows(const QString& sql) const;
     /// The first column of the first row; invalid without a row.
     QVariant value(const QString& sql) const;
     /// Runs statements on a raw connection, past the store; the engine's message, empty for success.
     QString exec(const QString& sql) const;
+
+    /// Takes tables away, whatever refers to them; the engine's message, empty for success.
+    QString dropTables(const QStringList& tables) const;
+    /// From now on the database refuses this operation (INSERT, UPDATE, DELETE) on a table, with the text "broken".
+    QString refuse(const QString& operation, const QString& table) const;
+    /// Takes that back.
+    QString permit(const QString& operation, const QString& table) const;
 
     /// A field and its value: texts as literals in UTF-8, as QString, or as bytes of the code page; nullptr is null.
     struct Field {

@@ -75,9 +75,7 @@ private:
     /// Makes the next insertion into a table fail in the database.
     void breakTable(const char* table)
     {
-        const QString sql = QStringLiteral(
-            "CREATE TRIGGER broken BEFORE INSERT ON %1 BEGIN SELECT RAISE(ABORT, 'broken'); END");
-        QCOMPARE(m_store->exec(sql.arg(QLatin1String(table))), QString());
+        QCOMPARE(m_store->refuse(QStringLiteral("INSERT"), QLatin1String(table)), QString());
     }
 
     std::unique_ptr<TestStore> m_store;

@@ -1,0 +1,83 @@
+#include "SetupCommand.h"
+
+#include "SitePlan.h"
+#include "StoreAdmin.h"
+
+#include <QFile>
+#include <QTimeZone>
+
+QString SetupCommand::summary() const
+{
+    return QStringLiteral("подготовить площадку: спросить об организации и людях, создать хранилище");
+}
+
+QString SetupCommand::usage() const
+{
+    return QStringLiteral(
+        "vrk-admin setup URL [--answers FILE] [--time-zone NAME]\n"
+        "  Создаёт новое хранилище и записывает в него организацию, подразделения, смены, должности и "
+        "людей;\n"
+        "  на сервере PostgreSQL заводит для людей имена и пароли. Пустой ответ заканчивает список.\n"
+        "  --answers    взять ответы из файла: строка на ответ, строки с # пропускаются\n"
+        "  --time-zone  часовой пояс журнала; по умолчанию пояс этой машины\n"
+        "  Смена: Дневная 08:00-20:00\n"
+        "  Сотрудник: имя для входа; Фамилия Имя Отчество; должность; группа; права через пробел\n");
+}
+
+Command::ExitCode SetupCommand::run(const QStringList& arguments, Streams& streams)
+{
+    QString url;
+    QString answers;
+    QByteArray zone = QTimeZone::systemTimeZoneId();
+    for (int i = 0; i < arguments.size(); ++i) {
+        const bool hasValue = i + 1 < arguments.size();
+        if (arguments[i] == QLatin1String("--answers") && hasValue)
+            answers = arguments[++i];
+        else if (arguments[i] == QLatin1String("--time-zone") && hasValue)
+            zone = arguments[++i].toUtf8();
+        else if (url.isEmpty() && !arguments[i].startsWith(QLatin1Char('-')))
+            url = arguments[i];
+        else
+            return wrongUsage(streams);
+    }
+    if (url.isEmpty() || (answers.isEmpty() && !streams.in))
+        return wrongUsage(streams);
+    QFile file(answers);
+    if (!answers.isEmpty() && !file.open(QIODevice::ReadOnly)) {
+        streams.err << QStringLiteral("Не удалось прочитать файл %1: %2\n").arg(answers, file.errorString());
+        return Failed;
+    }
+    QTextStream fromFile(&file);
+    fromFile.setCodec("UTF-8");
+
+    const bool isServer = url.startsWith(QLatin1String("postgres"));
+    SitePlan plan;
+    QString wrong;
+    if (!plan.ask(answers.isEmpty() ? *streams.in : fromFile, streams.out, !answers.isEmpty(), isServer,
+                  &wrong)) {
+        streams.err << wrong << QLatin1Char('\n');
+        return Failed;
+    }
+
+    StoreError error;
+    if (!StoreAdmin::init(url, "Windows-1251", zone, &error))
+        return fail(streams, error);
+    Store::Options loader;
+    loader.loader = true;
+    const auto store = Store::open(url, loader, &error);
+    if (!store || !plan.write(store.get(), &error))
+        return fail(streams, error);
+    int people = 0;
+    for (const SitePlan::Department& department : plan.departments) {
+        for (const SitePlan::Person& person : department.people) {
+            ++people;
+            if (isServer && !(StoreAdmin::admit(url, person.login, &error) &&
+                              StoreAdmin::setPassword(url, person.login, person.password, &error)))
+                return fail(streams, error);
+        }
+    }
+    streams.out << QStringLiteral("Хранилище готово: подразделений %1, сотрудников %2.\n")
+                       .arg(plan.departments.size())
+                       .arg(people);
+    return Success;
+}

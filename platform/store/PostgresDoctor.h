@@ -1,0 +1,10 @@
+#pragma once
+
+#include "StoreAdmin.h"
+
+/// Looks whether a server is fit for a store: reachable, of the right version, in the right encoding, safe against
+/// power cuts and against listeners on the network.
+namespace PostgresDoctor
+{
+QVector<StoreAdmin::Symptom> examine(const QString& url);
+} // namespace PostgresDoctor

@@ -1,0 +1,258 @@
+#include "Command.h"
+
+#include "CMDArray.h"
+#include "PgConnection.h"
+#include "PrivateCluster.h"
+#include "StoreAdmin.h"
+#include "TestStore.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace
+{
+const char siteAnswers[] = "# Пример площадки\n"
+                           "Электрические сети\n"
+                           "Электросети «Ключевой край»\n"
+                           "ЦДС\n"
+                           "Дневная 08:00-20:00\n"
+                           "Ночная 20:00-08:00\n"
+                           "\n"
+                           "Диспетчер\n"
+                           "\n"
+                           "orlov; Орлов Олег Олегович; Диспетчер; 5; ADMINISTRATOR\n"
+                           "%1"
+                           "belova; Белова Вера Ильинична; Диспетчер; 4\n"
+                           "%2"
+                           "\n"
+                           "\n";
+} // namespace
+
+/// From nothing to a site that works, and what is said when something is in the way.
+class Setup_test : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<PrivateCluster> m_cluster;
+    QString m_out;
+    QString m_err;
+
+    Command::ExitCode run(const QStringList& arguments, const QString& typed = QString())
+    {
+        m_out.clear();
+        m_err.clear();
+        QTextStream out(&m_out);
+        QTextStream err(&m_err);
+        QString input = typed;
+        QTextStream in(&input);
+        Streams streams{out, err, &in};
+        return runAdmin(arguments, streams);
+    }
+    QString answersFile(const QString& firstPassword, const QString& secondPassword)
+    {
+        const QString path = m_folder->filePath(QStringLiteral("answers"));
+        QFile file(path);
+        const auto line = [](const QString& password) {
+            return password.isEmpty() ? QString() : password + QLatin1Char('\n');
+        };
+        if (!file.open(QIODevice::WriteOnly))
+            qFatal("no answers");
+        file.write(QString::fromUtf8(siteAnswers).arg(line(firstPassword), line(secondPassword)).toUtf8());
+        return path;
+    }
+    static int count(Store* store, const QByteArray& table)
+    {
+        StoreError error;
+        CMDArray answer;
+        answer = store->select("SELECT count(*) AS n FROM " + table, &error);
+        return TestStore::field(answer.array, "n").toInt();
+    }
+
+private slots:
+    void initTestCase()
+    {
+        m_cluster = std::make_unique<PrivateCluster>();
+        // Persons get in by password, the administrator as the owner of the machine.
+        QCOMPARE(
+            m_cluster->exec(QStringLiteral(
+                "COPY (SELECT 'local all postgres trust' UNION ALL SELECT 'local all all scram-sha-256') "
+                "TO PROGRAM 'cat > pg_hba.conf'; SELECT pg_reload_conf()")),
+            QString());
+    }
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+    void siteOnAServerIsReadyToWork()
+    {
+        const QString url = m_cluster->url(QStringLiteral("site"));
+        QCOMPARE(run({QStringLiteral("setup"), url, QStringLiteral("--answers"),
+                      answersFile(QStringLiteral("первый пароль"), QStringLiteral("второй пароль")),
+                      QStringLiteral("--time-zone"), QStringLiteral("Europe/Moscow")}),
+                 Command::Success);
+        QVERIFY2(m_out.contains(QStringLiteral("подразделений 1, сотрудников 2")), qPrintable(m_out));
+        QCOMPARE(run({QStringLiteral("check"), url}), Command::Success);
+
+        QString own = m_cluster->url(QStringLiteral("site"), QStringLiteral("orlov"));
+        StoreError error;
+        QVERIFY(!Store::open(own, {}, &error)); // without a password
+        QCOMPARE(error.code, StoreError::Refused);
+        qputenv("PGPASSWORD", QStringLiteral("первый пароль").toUtf8());
+        const auto store = Store::open(own, {}, &error);
+        qunsetenv("PGPASSWORD");
+        QVERIFY2(store != nullptr, qPrintable(error.text + error.detail));
+        StoreLogin user;
+        QVERIFY(store->signIn(QString(), &user, &error));
+        QCOMPARE(user.name, QStringLiteral("Орлов Олег Олегович"));
+        const auto departments = store->departments(user.key);
+        QCOMPARE(departments.size(), 1);
+        QCOMPARE(departments[0].name, QStringLiteral("ЦДС"));
+        QCOMPARE(departments[0].organizationName, QStringLiteral("Электросети «Ключевой край»"));
+        QVERIFY(store->hasRight("ADMINISTRATOR"));
+        QCOMPARE(count(store.get(), "Shifts"), 2);
+        QCOMPARE(count(store.get(), "WorkerRoles"), 2);
+        QVERIFY(count(store.get(), "LogbookTemplates WHERE html LIKE '%open_wshift%'") > 0);
+        QVERIFY(count(store.get(), "LogbookTemplates WHERE html LIKE '%close_wshift%'") > 0);
+    }
+
+    void passwordsAreKeptAsHashesAndChanged()
+    {
+        const QString url = m_cluster->url(QStringLiteral("site"));
+        QCOMPARE(run({QStringLiteral("user"), url, QStringLiteral("password"), QStringLiteral("belova")},
+                     QStringLiteral("совсем другой\n")),
+                 Command::Success);
+        StoreError error;
+        PgConnection link(url, 15000);
+        QVERIFY(link.connect(link.connectMs(), &error));
+        const PgResult hash = link.run("SELECT rolpassword FROM pg_authid WHERE rolname = 'belova'", &error);
+        QVERIFY(hash.bytes(0, 0).startsWith("SCRAM-SHA-256$"));
+        qputenv("PGPASSWORD", QStringLiteral("совсем другой").toUtf8());
+        QVERIFY(Store::open(m_cluster->url(QStringLiteral("site"), QStringLiteral("belova")), {}, &error) !=
+                nullptr);
+        qunsetenv("PGPASSWORD");
+    }
+
+    void removedLoginIsLockedOut()
+    {
+        const QString url = m_cluster->url(QStringLiteral("site"));
+        QCOMPARE(run({QStringLiteral("user"), url, QStringLiteral("remove"), QStringLiteral("belova")}),
+                 Command::Success);
+        qputenv("PGPASSWORD", QStringLiteral("совсем другой").toUtf8());
+        StoreError error;
+        QVERIFY(!Store::open(m_cluster->url(QStringLiteral("site"), QStringLiteral("belova")), {}, &error));
+        qunsetenv("PGPASSWORD");
+        QCOMPARE(run({QStringLiteral("user"), url, QStringLiteral("list")}), Command::Success);
+        QCOMPARE(m_out, QStringLiteral("orlov\tОрлов Олег Олегович\n"));
+    }
+
+    void anExistingStoreIsNotTouched()
+    {
+        const QString url = m_cluster->url(QStringLiteral("site"));
+        QCOMPARE(run({QStringLiteral("init"), url}), Command::Failed);
+        QVERIFY(m_err.contains(QStringLiteral("База данных «site» уже не пуста.")));
+        QCOMPARE(run({QStringLiteral("check"), url}), Command::Success);
+    }
+
+    void siteInAFileNeedsNoPasswords()
+    {
+        const QString url = QStringLiteral("sqlite://") + m_folder->filePath(QStringLiteral("site.vrk"));
+        QCOMPARE(run({QStringLiteral("setup"), url, QStringLiteral("--answers"), answersFile({}, {}),
+                      QStringLiteral("--time-zone"), QStringLiteral("Europe/Moscow")}),
+                 Command::Success);
+        QCOMPARE(run({QStringLiteral("check"), url}), Command::Success);
+        QCOMPARE(run({QStringLiteral("user"), url, QStringLiteral("password"), QStringLiteral("orlov")},
+                     QStringLiteral("12345678\n")),
+                 Command::Failed);
+        QVERIFY(m_err.contains(QStringLiteral("входят без пароля")));
+    }
+
+    void wrongAnswersAreAskedAgain()
+    {
+        const QString url = QStringLiteral("sqlite://") + m_folder->filePath(QStringLiteral("site.vrk"));
+        const QString typed =
+            QStringLiteral("\nСети\nЮг\n\nЦДС\nДневная\nДневная 08:00-20:00\n\n\n"
+                           "ivanov\nivanov; Иванов; Повар\nivanov; Иванов;; 9\nivanov; Иванов\n\n\n");
+        QCOMPARE(run({QStringLiteral("setup"), url, QStringLiteral("--time-zone"),
+                      QStringLiteral("Europe/Moscow")},
+                     typed),
+                 Command::Success);
+        for (const char* text : {"Ответ нужен.", "Нужно хотя бы одно подразделение.",
+                                 "Нужны название и время", "Нужны имя для входа и фамилия",
+                                 "В подразделении нет должности «Повар».", "Группа по электробезопасности"})
+            QVERIFY2(m_out.contains(QString::fromUtf8(text)), text);
+    }
+
+    void wrongAnswersInAFileEndIt()
+    {
+        const QString url = m_cluster->url(QStringLiteral("other"));
+        QCOMPARE(run({QStringLiteral("setup"), url, QStringLiteral("--answers"),
+                      answersFile(QStringLiteral("короткий"), QStringLiteral("мал"))}),
+                 Command::Failed);
+        QVERIFY2(m_err.contains(QStringLiteral("Строка 13: Пароль не короче 8 знаков.")), qPrintable(m_err));
+        // Nothing was made.
+        QVERIFY(!m_cluster->exec(QString(), QStringLiteral("other")).isEmpty());
+    }
+
+    void doctorNamesFaultsAndCures()
+    {
+        const QString url = m_cluster->url(QStringLiteral("site"));
+        QCOMPARE(run({QStringLiteral("doctor"), url}),
+                 Command::FaultsFound); // the server of the tests is in a hurry
+        QVERIFY(m_out.contains(QStringLiteral("Сервер не дожидается диска")));
+        QVERIFY(m_out.contains(QStringLiteral("ALTER SYSTEM SET fsync = 'on'")));
+        QVERIFY(m_out.contains(QStringLiteral("pg_checksums --enable")));
+        QVERIFY(!m_out.contains(QStringLiteral("UTF8")));
+        QVERIFY(!m_out.contains(QStringLiteral("Часы")));
+        QCOMPARE(run({QStringLiteral("doctor"), m_cluster->url(QStringLiteral("postgres"))}),
+                 Command::FaultsFound);
+        QVERIFY(m_out.contains(QStringLiteral("не является хранилищем журнала")));
+        QCOMPARE(run({QStringLiteral("doctor"), QStringLiteral("postgresql:///x?host=/nowhere")}),
+                 Command::FaultsFound);
+        QVERIFY(m_out.contains(QStringLiteral("Проверьте, что сервер запущен")));
+        QCOMPARE(m_cluster->exec(
+                     QStringLiteral("CREATE DATABASE latin ENCODING 'LATIN1' LC_COLLATE 'C' LC_CTYPE 'C' "
+                                    "TEMPLATE template0")),
+                 QString());
+        run({QStringLiteral("doctor"), m_cluster->url(QStringLiteral("latin"))});
+        QVERIFY(m_out.contains(QStringLiteral("Кодировка базы не UTF8")));
+        QCOMPARE(run({QStringLiteral("init"), m_cluster->url(QStringLiteral("latin"))}), Command::Failed);
+        QVERIFY(m_err.contains(QStringLiteral("должна быть в кодировке UTF8")));
+    }
+
+    void watchdogEndsWhatRunsTooLong()
+    {
+        const QString url = m_cluster->url(QStringLiteral("site"));
+        StoreError error;
+        qputenv("PGPASSWORD", QStringLiteral("первый пароль").toUtf8());
+        PgConnection stubborn(m_cluster->url(QStringLiteral("site"), QStringLiteral("orlov")), 60000);
+        QVERIFY(stubborn.connect(stubborn.connectMs(), &error));
+        qunsetenv("PGPASSWORD");
+        QVERIFY(stubborn.exec("BEGIN; SELECT 1", &error));
+        QCOMPARE(run({QStringLiteral("watchdog"), url, QStringLiteral("--seconds"), QStringLiteral("3600")}),
+                 Command::Success);
+        QVERIFY(m_out.contains(QStringLiteral("Завершено запросов: 0")));
+        QVERIFY(QTest::qWaitFor([&] {
+            run({QStringLiteral("watchdog"), url, QStringLiteral("--seconds"), QStringLiteral("1")});
+            return m_out.contains(QStringLiteral("Завершено запросов: 1"));
+        }));
+        QVERIFY(!stubborn.exec("SELECT 1", &error));
+    }
+
+    void backupIsMadeByTheServersOwnTool()
+    {
+        const QString url = m_cluster->url(QStringLiteral("site"));
+        const QString copy = m_folder->filePath(QStringLiteral("copy.dump"));
+        QCOMPARE(run({QStringLiteral("backup"), url, copy}), Command::Success);
+        QVERIFY(QFileInfo(copy).size() > 10000);
+        QCOMPARE(run({QStringLiteral("backup"), url, copy}), Command::Failed);
+        QVERIFY(m_err.contains(QStringLiteral("уже существует")));
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", "/nowhere");
+        QCOMPARE(run({QStringLiteral("backup"), url, copy + QLatin1Char('2')}), Command::Failed);
+        qputenv("PATH", path);
+        QVERIFY(m_err.contains(QStringLiteral("pg_dump, а его здесь нет")));
+    }
+};
+
+QTEST_GUILESS_MAIN(Setup_test)
+#include "Setup_test.moc"
