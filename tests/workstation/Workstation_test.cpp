@@ -1,0 +1,243 @@
+#include "Workstation.h"
+
+#include "CPopMessageBox.h"
+#include "CRowBatch.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "LogbookFields.h"
+#include "MDRValues.h"
+#include "StatusLine.h"
+
+#include <functional>
+#include <memory>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPointer>
+#include <QProcess>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QToolButton>
+#include <QtTest>
+
+/// The host over the real libraries and the demo journal: signing in, loading modules, the line of status, closing.
+class Workstation_test : public QObject
+{
+    Q_OBJECT
+
+private:
+    Options options(const QString& user = QStringLiteral("ozerov")) const
+    {
+        Options options;
+        options.store = m_url;
+        options.user = user;
+        options.department = QStringLiteral("ЦДС");
+        return options;
+    }
+    /// A journal of the demo's dispatcher, at work.
+    void start()
+    {
+        m_host = std::make_unique<Workstation>();
+        QVERIFY2(m_host->enter(options()), qPrintable(m_host->errorText()));
+        m_journal = m_host->startModule(options());
+        QVERIFY(m_journal);
+    }
+    QString shownMessage() const { return label("messageLabel")->text(); }
+    const QLabel* label(const char* name) const
+    {
+        return m_host->statusLine(m_journal)->findChild<QLabel*>(QLatin1String(name));
+    }
+    /// Closes the window and answers the question about unsaved changes.
+    void closeAnd(const QString& answer)
+    {
+        bool isAsked = false;
+        QTimer::singleShot(0, m_journal, [&isAsked, answer] {
+            const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            for (QAbstractButton* button : box ? box->buttons() : QList<QAbstractButton*>()) {
+                if (button->text() == answer) {
+                    isAsked = true;
+                    button->click();
+                }
+            }
+        });
+        m_journal->close();
+        QVERIFY(isAsked);
+    }
+
+    QTemporaryDir m_folder;
+    QString m_url;
+    std::unique_ptr<Workstation> m_host;
+    QPointer<CVrkCliMod> m_journal;
+
+private slots:
+    void initTestCase()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        m_url = QStringLiteral("sqlite://") + m_folder.filePath(QStringLiteral("demo.sqlite"));
+        QProcess admin;
+        admin.start(QCoreApplication::applicationDirPath() + QStringLiteral("/vrk-admin"),
+                    {QStringLiteral("demo"), m_url});
+        QVERIFY(admin.waitForFinished(120000));
+        QCOMPARE(admin.exitCode(), 0);
+    }
+
+    void cleanup() { m_host.reset(); }
+
+    void theJournalOpensAtItsShift()
+    {
+        start();
+        QVERIFY(m_journal->isVisible());
+        QCOMPARE(m_journal->moduleTitle(), QStringLiteral("Оперативный журнал"));
+        QVERIFY(m_journal->findChild<QTableView*>(QStringLiteral("recordsTable"))->model()->rowCount() > 0);
+        QCOMPARE(label("connectionLabel")->text(), QStringLiteral("Подключено"));
+        QVERIFY(label("userLabel")->text().endsWith(QStringLiteral(", ЦДС")));
+        QVERIFY(QDateTime::fromString(label("clockLabel")->text(), QStringLiteral("dd.MM.yyyy hh:mm:ss"))
+                    .isValid());
+        QCOMPARE(shownMessage(), QString());
+    }
+
+    void everyModuleIsThere_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("journal") << "logbook" << QStringLiteral("Оперативный журнал");
+        QTest::newRow("configurator")
+            << "template" << QStringLiteral("Конфигуратор шаболнов Оперативного журнала");
+        QTest::newRow("converter") << "converter" << QStringLiteral("Конвертер шаблонов и параметров ОЖ");
+    }
+    void everyModuleIsThere()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, title);
+        Workstation host;
+        Options wanted = options();
+        wanted.module = name;
+        QVERIFY(host.enter(wanted));
+        const CVrkCliMod* module = host.startModule(wanted);
+        QVERIFY(module);
+        QCOMPARE(module->moduleTitle(), title);
+    }
+
+    void whatIsWrongWithTheStoreIsSaid_data()
+    {
+        QTest::addColumn<QString>("url");
+        QFile text(m_folder.filePath(QStringLiteral("text.sqlite")));
+        QVERIFY(text.open(QIODevice::WriteOnly));
+        text.write(QByteArray("no database at all ").repeated(100));
+        QTest::newRow("missing") << QStringLiteral("sqlite://") +
+                                        m_folder.filePath(QStringLiteral("none.sqlite"));
+        QTest::newRow("no database") << QStringLiteral("sqlite://") + text.fileName();
+        QTest::newRow("no address") << QStringLiteral("ftp://journal");
+    }
+    void whatIsWrongWithTheStoreIsSaid()
+    {
+        QFETCH(QString, url);
+        Workstation host;
+        Options wanted = options();
+        wanted.store = url;
+        QVERIFY(!host.enter(wanted));
+        QVERIFY2(host.errorText().contains(QRegularExpression(QStringLiteral("[А-Яа-я]{4}"))),
+                 qPrintable(host.errorText()));
+    }
+
+    void aStrangeLoginAndDepartmentAreRefused()
+    {
+        Workstation host;
+        QVERIFY(!host.enter(options(QStringLiteral("nobody"))));
+        QCOMPARE(host.errorText(), QStringLiteral("Пользователь «nobody» не найден."));
+        Options elsewhere = options();
+        elsewhere.department = QStringLiteral("Склад");
+        QVERIFY(!host.enter(elsewhere));
+        QVERIFY(host.errorText().endsWith(QStringLiteral(" не работает в подразделении «Склад».")));
+    }
+
+    void withoutAWorkerTheWindowSaysSo()
+    {
+        Workstation host;
+        Options trainee = options(QStringLiteral("stazher"));
+        trainee.department.clear();
+        QVERIFY2(host.enter(trainee), qPrintable(host.errorText()));
+        const CVrkCliMod* module = host.startModule(trainee);
+        QVERIFY(module);
+        const auto* box = module->findChild<CPopMessageBox*>();
+        QVERIFY(box && box->isVisible());
+        QCOMPARE(box->text(), QStringLiteral("<center>Сотрудник не определен!</center>"));
+    }
+
+    void aPluginThatDoesNotLoadIsNamed()
+    {
+        Workstation host;
+        Options wanted = options();
+        QVERIFY(host.enter(wanted));
+        wanted.plugin = m_folder.filePath(QStringLiteral("libNothing.so"));
+        QVERIFY(!host.startModule(wanted));
+        QVERIFY(host.errorText().startsWith(QStringLiteral("Не удалось загрузить библиотеку модулей ")));
+        QVERIFY(host.errorText().contains(QStringLiteral("libNothing.so")));
+    }
+
+    void aModuleThatIsNotThereIsNamed()
+    {
+        Workstation host;
+        Options wanted = options();
+        wanted.module = QStringLiteral("nothing");
+        QVERIFY(host.enter(wanted));
+        QVERIFY(!host.startModule(wanted));
+        QVERIFY(host.errorText().endsWith(QStringLiteral("нет модуля «nothing».")));
+    }
+
+    void failuresStayUntilTheyAreAcknowledged()
+    {
+        start();
+        QToolButton* acknowledge =
+            m_host->statusLine(m_journal)->findChild<QToolButton*>(QStringLiteral("acknowledgeButton"));
+        QVERIFY(!acknowledge->isVisible());
+        QVERIFY(!m_journal->session()->SqlRequest("SELECT * FROM NoSuchTable"));
+        QVERIFY(shownMessage().contains(
+            QRegularExpression(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d Не прочитано: .{4}"))));
+        QVERIFY(acknowledge->isVisible());
+
+        CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+        MDRData* row = batch.newRow(ROW_UPDATE, "NOSUCHRECORD");
+        batch.SetValF(row, "status", MDRValue::number(2));
+        batch.RecPost(row);
+        QVERIFY(!m_journal->session()->SqlUpdate("LogbookRecords", batch.array, true, nullptr));
+        QVERIFY(shownMessage().contains(QStringLiteral(" Не записано: ")));
+        QVERIFY(shownMessage().endsWith(QStringLiteral(" (и ещё 1)")));
+
+        m_host->statusLine(m_journal)->showNotice(QStringLiteral("Знак заменён."));
+        QVERIFY(shownMessage().contains(QStringLiteral(" Не записано: ")));
+        acknowledge->click();
+        QVERIFY(!acknowledge->isVisible());
+        QCOMPARE(shownMessage(), QStringLiteral("Знак заменён."));
+        QVERIFY(m_host->statusLine(m_journal)->failures().isEmpty());
+    }
+
+    void closingAWindowWithChangesAsks()
+    {
+        start();
+        m_journal->SetIsEdit(true);
+        closeAnd(QStringLiteral("Остаться"));
+        QVERIFY(m_journal && m_journal->isVisible());
+        QVERIFY(m_journal->isEdit());
+
+        closeAnd(QStringLiteral("Сохранить")); // the journal has nothing to save, and its edit state stays
+        QVERIFY(m_journal && m_journal->isVisible());
+
+        closeAnd(QStringLiteral("Не сохранять"));
+        QTRY_VERIFY(m_journal.isNull());
+    }
+
+    void closingAWindowWithoutChangesAsksNothing()
+    {
+        start();
+        m_journal->close();
+        QVERIFY(!QApplication::activeModalWidget());
+        QTRY_VERIFY(m_journal.isNull());
+    }
+};
+
+QTEST_MAIN(Workstation_test)
+#include "Workstation_test.moc"
