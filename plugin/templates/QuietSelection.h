@@ -10,19 +10,23 @@ class QuietSelection
 {
 public:
     explicit QuietSelection(QItemSelectionModel* selection)
-        : m_selection(selection), m_blocker(selection), m_current(selection->currentIndex())
+        : m_selection(selection),
+          m_blocker(selection),
+          m_current(selection->currentIndex()),
+          m_hadCurrent(m_current.isValid())
     {
     }
 
-    /// Ends the silence. True when another row is current than at its beginning.
+    /// Ends the silence. True when another row, or none any more, is current than at its beginning.
     bool end()
     {
         m_blocker.unblock();
-        return m_selection->currentIndex() != m_current;
+        return m_selection->currentIndex() != m_current || (m_hadCurrent && !m_current.isValid());
     }
 
 private:
     QItemSelectionModel* m_selection;
     QSignalBlocker m_blocker;
     QPersistentModelIndex m_current;
+    bool m_hadCurrent;
 };

@@ -139,7 +139,6 @@ private slots:
 
     void aUserWithoutADepartmentLosesThePage()
     {
-        m_store->exec(QStringLiteral("DELETE FROM Workers WHERE KeyLink = 'WORKER_SIDOROVA'"));
         auto client = std::make_unique<TestClient>(m_store->open(QStringLiteral("sidorova")));
         Configurator one(std::move(client));
         QVERIFY(one.isStarted());
