@@ -69,6 +69,7 @@ public slots:
 
 private slots:
     void closeMsgBox(QAbstractButton* button);
+    void updateTitleComments();
 
 private:
     void setModuleName(const QString& name);
@@ -91,6 +92,8 @@ private:
 
     void requestAppendLogbook();
     void comeBackRequest();
+    /// Brings the tab of comments to the front; makes it first when there is none.
+    void commentsRequest();
     void workshiftButtonClicked();
 
     LogBookWidget* home() const;

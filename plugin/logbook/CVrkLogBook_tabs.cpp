@@ -1,6 +1,7 @@
 #include "CVrkLogBook.h"
 
 #include "CModelTable.h"
+#include "CommentsWidget.h"
 #include "LocationInfo.h"
 #include "LogBookWidget.h"
 #include "OrgStructDialog.h"
@@ -87,6 +88,38 @@ void CVrkLogBook::appendLogbook(const QString& organizationKey, const QString& d
 
     const int index = m_form->logbooks->insertTab(m_form->logbooks->count(), logbook, logbook->title());
     m_form->logbooks->setCurrentIndex(index);
+}
+
+void CVrkLogBook::commentsRequest()
+{
+    for (int i = 0; i < m_form->logbooks->count(); ++i) {
+        if (qobject_cast<CommentsWidget*>(m_form->logbooks->widget(i))) {
+            m_form->logbooks->setCurrentIndex(i);
+            return;
+        }
+    }
+
+    auto* comments = new CommentsWidget(this);
+    connect(comments, &CommentsWidget::titleChanged, this, &CVrkLogBook::updateTitleComments);
+    auto* location = new LocationInfo(comments);
+    location->setWorkersTable(m_workers);
+    location->setDepartmentsTable(m_departments);
+    location->setOrganizationsTable(m_organizations);
+    location->setWorkerKey(home()->location()->workerKey());
+    location->setOrganizationKey(home()->location()->organizationKey());
+    location->setDepartmentKey(home()->location()->departmentKey());
+    comments->init(this, location);
+
+    const int index = m_form->logbooks->insertTab(
+        m_form->logbooks->count(), comments, QIcon(QStringLiteral(":/icons/comment.png")), comments->title());
+    m_form->logbooks->setCurrentIndex(index);
+}
+
+void CVrkLogBook::updateTitleComments()
+{
+    for (int i = 0; i < m_form->logbooks->count(); ++i)
+        if (auto* comments = qobject_cast<CommentsWidget*>(m_form->logbooks->widget(i)))
+            m_form->logbooks->setTabText(i, comments->title());
 }
 
 void CVrkLogBook::closeLogbook(int index)

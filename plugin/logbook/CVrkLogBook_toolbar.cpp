@@ -142,8 +142,7 @@ void CVrkLogBook::hideUnbuilt()
     bool behindSeparator = true;
     for (QAction* action : m_toolBar->actions()) {
         const QWidget* widget = m_toolBar->widgetForAction(action);
-        if (widget == m_commentsButton || widget == m_reportButton ||
-            (action->isSeparator() && behindSeparator))
+        if (widget == m_reportButton || (action->isSeparator() && behindSeparator))
             action->setVisible(false);
         else
             behindSeparator = action->isSeparator();
@@ -186,6 +185,7 @@ void CVrkLogBook::createConnections()
     connect(m_approveButton, &QToolButton::clicked, m_approveRecordAction, &QAction::trigger);
     connect(m_signButton, &QToolButton::clicked, m_signRecordAction, &QAction::trigger);
 
+    connect(m_commentsButton, &QToolButton::clicked, this, &CVrkLogBook::commentsRequest);
     connect(m_searchButton, &QToolButton::clicked, this, [this] {
         if (LogBookTab* tab = currentTab())
             tab->switchVisibleSearch();

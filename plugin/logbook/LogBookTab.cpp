@@ -8,10 +8,12 @@
 #include "MDRValues.h"
 #include "MessageListDelegate.h"
 #include "PageMessages.h"
+#include "RecordColumns.h"
 #include "ui_LogBookTab.h"
 #include "VrkTableTool.h"
 
 #include <QAction>
+#include <QEvent>
 
 LogBookTab::LogBookTab(QWidget* parent)
     : QWidget(parent),
@@ -104,12 +106,19 @@ bool LogBookTab::deleteInPanes()
     return true;
 }
 
+void LogBookTab::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange && m_columns)
+        m_columns->setFont(font());
+}
+
 MDRData* LogBookTab::currentRecord() const
 {
     return m_tableTool ? m_tableTool->currentRecord() : nullptr;
 }
 
-MDRData* LogBookTab::recordByKeyLink(CModelTable* table, const char* key) const
+MDRData* LogBookTab::recordByKeyLink(const CModelTable* table, const char* key) const
 {
     if (!table || !key || *key == '\0' || table->data.RecCount() == 0)
         return nullptr;

@@ -14,6 +14,7 @@ class CVrkCliMod;
 class FilesPane;
 class LocationInfo;
 class PageMessages;
+class RecordColumns;
 class QAction;
 class VrkTableTool;
 struct MDRVar;
@@ -49,8 +50,10 @@ public:
     void switchVisibleSearch();
 
 protected:
+    void changeEvent(QEvent* event) override;
+
     /// The first record with this KeyLink, or null; also null for a null table and an empty key.
-    MDRData* recordByKeyLink(CModelTable* table, const char* key) const;
+    MDRData* recordByKeyLink(const CModelTable* table, const char* key) const;
     /// Takes the marked fields of the event's row over into \a record, field by position, and posts it.
     /// Returns the posted record; null when there is nothing to change.
     MDRData* changeRecord(CMDArray* array, MDRData* record, TEventNciParse* event) const;
@@ -78,6 +81,7 @@ protected:
     CVrkCliMod* m_module = nullptr;
     LocationInfo* m_location = nullptr;
     VrkTableTool* m_tableTool = nullptr; ///< made by the page in init
+    RecordColumns* m_columns = nullptr;  ///< made by the page in init
     std::unique_ptr<PageMessages> m_messages;
     std::unique_ptr<CommentsPane> m_commentsPane;
     std::unique_ptr<FilesPane> m_filesPane;

@@ -8,7 +8,6 @@
 #include "LogbookTables.h"
 #include "OpenWorkshiftDialog.h"
 #include "OrgStructDialog.h"
-#include "RecordColumns.h"
 #include "RecordCreatorDialog.h"
 #include "SecondMarkerDialog.h"
 #include "TimeExecutionDialog.h"
@@ -57,13 +56,6 @@ CModelTable* LogBookWidget::table(const QString& name)
         if (name == QLatin1String(own->name.c_str()))
             return own;
     return m_location ? m_location->table(name) : nullptr;
-}
-
-void LogBookWidget::changeEvent(QEvent* event)
-{
-    LogBookTab::changeEvent(event);
-    if (event->type() == QEvent::FontChange && m_columns)
-        m_columns->setFont(font());
 }
 
 void LogBookWidget::keyPressEvent(QKeyEvent* event)

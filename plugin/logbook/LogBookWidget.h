@@ -22,7 +22,6 @@ class OrgStructDialog;
 class QAbstractButton;
 class QMenu;
 class QTimer;
-class RecordColumns;
 class RecordCreatorDialog;
 class SecondMarkerDialog;
 class TimeExecutionDialog;
@@ -148,7 +147,6 @@ signals:
     void changedSelectedRecord(MDRData* record);
 
 protected:
-    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private slots: // by name: showMsgBox takes the slot's name
@@ -190,7 +188,6 @@ private:
     bool request(CModelTable& table, const QString& sql, const char* signature) const;
     void uploadByRecords(CModelTable& target, const char* signature);
     void uploadOfDepartment(CModelTable& target, const char* signature);
-    MDArray* repackRequest(CMDArray* answer);
     void clearTables(std::initializer_list<CModelTable*> tables);
     void finishLoad();
     void prepareRecords();
@@ -250,7 +247,6 @@ private:
     RecordPreparer m_preparer;
     RecordCensus m_census;
     FilterByStatus* m_draftsFilter = nullptr;
-    RecordColumns* m_columns = nullptr;
     DurationOptions m_durationOptions;
     QTimer* m_controlTimer;
     QTimer* m_repeatTimer;

@@ -6,6 +6,7 @@
 #include "LogBookWidget.h"
 #include "LogText.h"
 #include "MDRValues.h"
+#include "TableLoad.h"
 #include "VrkTableModel.h"
 #include "VrkTableTool.h"
 
@@ -17,24 +18,6 @@ void setKeyLinkAsKey(CMDArray& table)
     table.KeyAdd("KeyLink", 0);
     while (MDAKeyCount(table.array) > 1)
         table.lastError = MDAKeyDel(table.array, 0);
-}
-
-/// The keys of all rows as a list for IN: quoted, joined by commas.
-QString quotedKeys(const CMDArray& table)
-{
-    QByteArray list;
-    list.reserve(36 * table.RecCount());
-    MDRVar key;
-    const MDRField* field = MDRFldByName(table.array, "KeyLink");
-    for (int i = 0; i < table.RecCount(); ++i) {
-        MDRGetVal(field, MDARec(table.array, 0, i), &key);
-        if (!list.isEmpty())
-            list += ',';
-        list += '\'';
-        list += MDRValue::bytes(key);
-        list += '\'';
-    }
-    return QString::fromUtf8(list);
 }
 
 QString sqlTime(const QDateTime& time)
@@ -182,7 +165,7 @@ void LogBookWidget::uploadRecordsWorkshift()
                             .arg(QLatin1String(LogbookTable::Records), QStringLiteral("ShiftKey"), workshift);
     CModelTable answer(LogbookTable::Records);
     if (request(answer, sql, "void LogBookWidget::uploadRecordsWorkshift()"))
-        repackRequest(&answer.data);
+        TableLoad::repack(answer.data, m_records.data);
 }
 
 void LogBookWidget::uploadRecordsInterval(const QDateTime& from, const QDateTime& to)
@@ -194,7 +177,7 @@ void LogBookWidget::uploadRecordsInterval(const QDateTime& from, const QDateTime
                  m_location->departmentKey(), QStringLiteral("recordTime"), sqlTime(from), sqlTime(to));
     CModelTable answer(LogbookTable::Records);
     if (request(answer, sql, "void LogBookWidget::uploadRecordsInterval(const QDateTime&, const QDateTime&)"))
-        repackRequest(&answer.data);
+        TableLoad::repack(answer.data, m_records.data);
 }
 
 void LogBookWidget::uploadCommentsRecords()
@@ -211,9 +194,9 @@ void LogBookWidget::uploadByRecords(CModelTable& target, const char* signature)
 {
     if (m_records.data.RecCount() == 0)
         return;
-    const QString sql =
-        QString::fromLatin1(LogbookSql::ByRecords)
-            .arg(QString::fromStdString(target.name), QStringLiteral("RecordKey"), quotedKeys(m_records));
+    const QString sql = QString::fromLatin1(LogbookSql::ByRecords)
+                            .arg(QString::fromStdString(target.name), QStringLiteral("RecordKey"),
+                                 TableLoad::quotedKeys(m_records.data));
     request(target, sql, signature);
 }
 
@@ -241,8 +224,9 @@ void LogBookWidget::uploadWorkerRolesTable()
 {
     if (m_roles.data.RecCount() == 0)
         return;
-    const QString sql = QString::fromLatin1(LogbookSql::WorkerRoles)
-                            .arg(QLatin1String(LogbookTable::WorkerRoles), quotedKeys(m_roles));
+    const QString sql =
+        QString::fromLatin1(LogbookSql::WorkerRoles)
+            .arg(QLatin1String(LogbookTable::WorkerRoles), TableLoad::quotedKeys(m_roles.data));
     request(m_workerRoles, sql, "void LogBookWidget::uploadWorkerRolesTable()");
     setKeyLinkAsKey(m_workerRoles);
 }
@@ -252,23 +236,6 @@ void LogBookWidget::uploadTemplatesTable()
     for (CModelTable* table : {&m_categories, &m_templates})
         request(*table, QString::fromLatin1(LogbookSql::Templates).arg(QString::fromStdString(table->name)),
                 "void LogBookWidget::uploadTemplatesTable()");
-}
-
-MDArray* LogBookWidget::repackRequest(CMDArray* answer)
-{
-    CMDArray& records = m_records.data;
-    const int fields = MDAFldCount(answer->array);
-    for (int i = 0; i < answer->RecCount(); ++i) {
-        const MDRData* source = MDARec(answer->array, 0, i);
-        MDRData* record = MDARecNew(records.array);
-        for (int number = 0; number < fields; ++number) {
-            MDRVar value;
-            MDRGetVal(MDRFldByNum(answer->array, number), source, &value);
-            MDRSetVal(MDRFldByNum(records.array, number), record, &value);
-        }
-        records.RecPost(record);
-    }
-    return answer->array;
 }
 
 void LogBookWidget::prepareRecords()

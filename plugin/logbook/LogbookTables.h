@@ -39,6 +39,14 @@ constexpr char ClosedWorkshifts[] =
     "SELECT * FROM %1 WHERE %2 = '%3'        AND %4 <> ''        AND %4 IS NOT NULL;";
 /// %2 record.
 constexpr char RecordByKey[] = "SELECT * FROM %1 WHERE KeyLink='%2';";
+/// %2 field, %3 key.
+constexpr char RecordByField[] = "SELECT * FROM %1 WHERE %2 = '%3';";
+/// The records of a worker with comments that nobody has read. %1 records, %2 their key, %3 comments, %4 their
+/// reference, %5 author field, %6 worker, %7 time of reading.
+constexpr char UnreadRecords[] = "SELECT * FROM %1 WHERE %2 IN (SELECT %1.%2              FROM %1"
+                                 "              INNER JOIN %3                 ON %1.%2 = %3.%4"
+                                 "              WHERE %1.%5 = '%6'                    AND %3.%7 = 0"
+                                 "              GROUP BY %1.%2);";
 /// %2 field, %3 list of quoted keys: comments and files of records.
 constexpr char ByRecords[] = "SELECT * FROM %1 WHERE %2 IN (%3)";
 /// %1 records, %2 workshifts, %3 their key, %4 its reference, %5 department field, %6 department, %7 time field,

@@ -232,10 +232,9 @@ void CVrkLogBook_test::theBarIsBuiltInOrder()
 void CVrkLogBook_test::whatHasNoOperationYetIsNotShown()
 {
     start();
-    for (const char* name : {"commentsButton", "reportButton"})
-        QVERIFY2(!button(name)->isVisible(), name);
+    QVERIFY(!button("reportButton")->isVisible());
     for (const char* name : {"timeButton", "workshiftButton", "executionButton", "createButton",
-                             "deleteButton", "approveButton", "signButton", "searchButton"})
+                             "deleteButton", "approveButton", "signButton", "commentsButton", "searchButton"})
         QVERIFY2(button(name)->isVisible(), name);
 }
 

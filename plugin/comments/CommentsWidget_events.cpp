@@ -1,0 +1,146 @@
+#include "CommentsPane.h"
+#include "CommentsWidget.h"
+#include "FilesPane.h"
+#include "LocationInfo.h"
+#include "LogbookFields.h"
+#include "PageMessages.h"
+#include "RecordColumns.h"
+#include "RecordValue.h"
+#include "VrkTableModel.h"
+#include "VrkTableTool.h"
+
+bool CommentsWidget::MessageData(TEventNciParse* event)
+{
+    CModelTable* table = eventTable(event);
+    if (!table)
+        return true;
+    switch (event->eventNumber) {
+    case EventInserted:
+        if (recordByKeyLink(table, event->recordKey)) // a load brought the row already
+            return true;
+        return table == &m_records    ? insertRecord(event)
+               : table == &m_comments ? insertComment(event)
+                                      : insertFile(event);
+    case EventChanged:
+        return changeRow(*table, event);
+    case EventDeleted:
+        return deleteRow(*table, event);
+    default:
+        return true;
+    }
+}
+
+CModelTable* CommentsWidget::eventTable(const TEventNciParse* event)
+{
+    for (CModelTable* own : {&m_records, &m_comments, &m_files})
+        if (event->tableName.compare(QLatin1String(own->name.c_str()), Qt::CaseInsensitive) == 0)
+            return own;
+    return nullptr;
+}
+
+/// A new record of the user's own gets a row at once, which the filter hides until a comment comes.
+bool CommentsWidget::insertRecord(TEventNciParse* event)
+{
+    CRowBatch rows(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    const MDRData* row = changeRecord(&rows, MDARecNew(rows.array), event);
+    const MDRVar worker = recordValue(row, "WorkerKey");
+    if (!MDRValue::hasText(worker) || MDRValue::bytes(worker) != m_location->workerKey().toUtf8())
+        return false;
+    m_tableTool->model()->beginAppendRows(1);
+    m_preparer.prepareRecord(changeRecord(&m_records, MDARecNew(m_records.data.array), event));
+    m_tableTool->model()->endAppendRows();
+    emit titleChanged();
+    return true;
+}
+
+/// Brings its record in without asking whose it is: meant.
+bool CommentsWidget::insertComment(TEventNciParse* event)
+{
+    MDRData* comment = changeRecord(&m_comments, MDARecNew(m_comments.data.array), event);
+    MDRData* record = recordOf(comment);
+    if (!record)
+        record = uploadRecord(MDRValue::copy(recordValue(comment, "RecordKey")).constData());
+    if (!record) {
+        m_comments.data.lastError = MDARecDel(comment);
+        return false;
+    }
+    m_preparer.prepareRecordComment(record);
+    updateAttachments(m_comments, record);
+    emit titleChanged();
+    return true;
+}
+
+bool CommentsWidget::insertFile(TEventNciParse* event)
+{
+    MDRData* file = changeRecord(&m_files, MDARecNew(m_files.data.array), event);
+    MDRData* record = recordOf(file);
+    if (!record) {
+        m_files.data.lastError = MDARecDel(file);
+        return true;
+    }
+    m_preparer.prepareRecord(record);
+    updateAttachments(m_files, record);
+    return true;
+}
+
+bool CommentsWidget::changeRow(CModelTable& table, TEventNciParse* event)
+{
+    MDRData* row = recordByKeyLink(&table, event->recordKey);
+    if (!row)
+        return false;
+    changeRecord(&table, MDARecEdit(row), event); // the row keeps its address
+    if (&table == &m_records) {
+        m_preparer.prepareRecord(row);
+        m_tableTool->updateView(row);
+        m_commentsPane->updateButtons();
+        emit titleChanged();
+        return true;
+    }
+    updateAttachments(table, recordOf(row));
+    if (&table == &m_comments)
+        emit titleChanged();
+    return true;
+}
+
+/// The caption stays until something else changes it: meant.
+bool CommentsWidget::deleteRow(CModelTable& table, TEventNciParse* event)
+{
+    MDRData* row = recordByKeyLink(&table, event->recordKey);
+    if (!row)
+        return false;
+    if (&table == &m_records) {
+        m_tableTool->model()->beginRemoveRecord(row);
+        m_records.data.lastError = MDARecDel(row);
+        m_tableTool->model()->endRemoveRecord();
+        return true;
+    }
+    MDRData* record = recordOf(row);
+    table.data.lastError = MDARecDel(row);
+    if (!record)
+        return true;
+    if (&table == &m_comments)
+        m_preparer.prepareRecordComment(record);
+    else
+        m_preparer.prepareRecordFile(record);
+    updateAttachments(table, record);
+    return true;
+}
+
+MDRData* CommentsWidget::recordOf(const MDRData* attachment) const
+{
+    const MDRVar key = recordValue(attachment, "RecordKey");
+    return MDRValue::hasText(key) ? recordByKeyLink(&m_records, key.value.text.data) : nullptr;
+}
+
+void CommentsWidget::updateAttachments(const CModelTable& table, MDRData* record)
+{
+    if (!record)
+        return;
+    m_tableTool->updateView(record);
+    if (record != currentRecord())
+        return;
+    if (&table == &m_comments)
+        m_commentsPane->reload(record);
+    else
+        m_filesPane->reload(record);
+}

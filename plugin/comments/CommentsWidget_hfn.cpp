@@ -1,0 +1,54 @@
+#include "CommentsWidget.h"
+
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "LocationInfo.h"
+#include "LogbookTables.h"
+#include "LogText.h"
+#include "TableLoad.h"
+#include "VrkTableModel.h"
+#include "VrkTableTool.h"
+
+/// A failed request goes unnoticed here: the tab stays empty, and the session has told the user.
+void CommentsWidget::uploadRecords()
+{
+    const QString sql =
+        LogText::fill(QLatin1String(LogbookSql::UnreadRecords),
+                      {QLatin1String(LogbookTable::Records), QStringLiteral("KeyLink"),
+                       QLatin1String(LogbookTable::Comments), QStringLiteral("RecordKey"),
+                       QStringLiteral("WorkerKey"), m_location->workerKey(), QStringLiteral("readedTime")});
+    CModelTable answer(LogbookTable::Records);
+    answer.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
+    TableLoad::repack(answer.data, m_records.data);
+}
+
+void CommentsWidget::uploadByRecords(CModelTable& target)
+{
+    const QString keys = TableLoad::quotedKeys(m_records.data);
+    if (keys.isEmpty())
+        return;
+    const QString sql =
+        LogText::fill(QLatin1String(LogbookSql::ByRecords),
+                      {QString::fromStdString(target.name), QStringLiteral("RecordKey"), keys});
+    target.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
+}
+
+MDRData* CommentsWidget::uploadRecord(const char* key)
+{
+    const QString sql = LogText::fill(
+        QLatin1String(LogbookSql::RecordByField),
+        {QLatin1String(LogbookTable::Records), QStringLiteral("KeyLink"), QString::fromUtf8(key)});
+    CModelTable answer(LogbookTable::Records);
+    answer.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
+    if (answer.data.RecCount() == 0) {
+        LogText::warn(QStringLiteral("MDArrayRec* CommentsWidget::uploadRecord(MDRChar)"),
+                      LogText::fill(QStringLiteral("error SQL query execution [%1]. Not found record %2!"),
+                                    {sql, QString::fromUtf8(key)}));
+        return nullptr;
+    }
+    m_tableTool->model()->beginAppendRows(1);
+    MDRData* record = TableLoad::repack(answer.data, m_records.data);
+    m_preparer.prepareRecord(record);
+    m_tableTool->model()->endAppendRows();
+    return record;
+}
