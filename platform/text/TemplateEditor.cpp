@@ -64,6 +64,7 @@ void TemplateEditor::Private::build()
 {
     text = new TemplateEditorText(q);
     text->setObjectName(QStringLiteral("templateText"));
+    text->setAccessibleName(tr("Текст шаблона"));
     text->setMinimumHeight(text->fontMetrics().lineSpacing() * 3);
     preview = new FillerText(q);
     preview->setObjectName(QStringLiteral("templatePreview"));
@@ -84,6 +85,7 @@ void TemplateEditor::Private::build()
     shownLayout->setContentsMargins(0, 0, 0, 0);
     shownLayout->setSpacing(2);
     auto* caption = new QLabel(tr("Вид в журнале"), shown);
+    preview->setAccessibleName(caption->text());
     shownLayout->addWidget(caption);
     shownLayout->addWidget(preview, 1);
 

@@ -24,8 +24,7 @@ QTextCharFormat TemplateEditorChip::format() const
     format.setProperty(Raise, int(looks & (TemplateText::Raised | TemplateText::Lowered)));
     format.setVerticalAlignment(QTextCharFormat::AlignMiddle);
     format.setObjectType(ObjectType);
-    format.setProperty(
-        Element, QString::fromStdString(HtmlParser::createParameter(properties, shownText.toStdString())));
+    format.setProperty(Element, html());
     format.setProperty(Caption, shown.simplified());
     format.setProperty(Optional, hasProperty("optional"));
     return format;
@@ -88,14 +87,24 @@ void TemplateEditorChip::removeProperty(const char* name)
 
 QString TemplateEditorChip::html() const
 {
-    QString element =
-        QString::fromStdString(HtmlParser::createParameter(properties, shownText.toStdString()));
+    // Blanks at the ends of a line could be dropped by a reader: as entities they stay what they are.
+    constexpr QChar kept(0xE000); // no text has it
+    QString shown = shownText;
+    const auto endsLine = [&shown](int i) {
+        return i < 0 || i == shown.size() || shown.at(i) == QLatin1Char('\n');
+    };
+    for (int i = 0; i < shown.size(); ++i) {
+        if (shown.at(i) == QLatin1Char(' ') && (endsLine(i - 1) || endsLine(i + 1)))
+            shown[i] = kept;
+    }
+    QString element = QString::fromStdString(HtmlParser::createParameter(properties, shown.toStdString()));
     if (looks & TemplateText::StruckOut) {
         // Values in the opening tag have no bracket: the first one ends it.
         element.insert(element.size() - 4, QStringLiteral("</span>"));
         element.insert(element.indexOf(QLatin1Char('>')) + 1,
                        QStringLiteral("<span style=\" text-decoration: line-through;\">"));
     }
+    element.replace(kept, QLatin1String("&#32;"));
     return element;
 }
 
@@ -114,6 +123,7 @@ std::vector<TemplateEditorChip> TemplateEditorChip::read(const QString& html)
             chips[index].looks = run.looks; // of several looks the first counts for the whole
         seen[index] = true;
         chips[index].shownText += run.text;
+        chips[index].shownText.remove(QChar::ObjectReplacementCharacter);
     }
     return chips;
 }

@@ -34,6 +34,11 @@ bool isBlank(const Piece& piece)
     return !piece.isChip && piece.character == QLatin1Char(' ');
 }
 
+bool showsNothing(const Piece& piece)
+{
+    return piece.isChip && TemplateEditorChip::fromFormat(piece.format).shownText.isEmpty();
+}
+
 /// The looks whose elements stand around passages; strike-outs stand around each passage by itself, for that of
 /// a parameter belongs inside of its element.
 struct Element {
@@ -89,18 +94,17 @@ private:
     /// A reader drops blanks behind blanks and at the ends of a line.
     void keepBlanks(QVector<Piece>& pieces) const
     {
+        int end = pieces.size();
+        while (end > 0 && showsNothing(pieces.at(end - 1)))
+            --end;
         bool dropped = true;
         for (int i = 0; i < pieces.size(); ++i) {
-            const bool blank = isBlank(pieces.at(i));
-            const bool last = i + 1 == pieces.size();
-            if (blank && (dropped || last))
-                pieces[i].character = m_keptBlank;
-            if (!pieces.at(i).isChip) {
-                dropped = blank;
+            if (showsNothing(pieces.at(i)))
                 continue;
-            }
-            const QString shown = TemplateEditorChip::fromFormat(pieces.at(i).format).shownText;
-            dropped = shown.isEmpty() ? dropped : shown.endsWith(QLatin1Char(' '));
+            const bool blank = isBlank(pieces.at(i));
+            if (blank && (dropped || i + 1 == end))
+                pieces[i].character = m_keptBlank;
+            dropped = blank;
         }
     }
     void beginPassage(Looks looks)

@@ -73,6 +73,7 @@ TemplateEditorPanel::TemplateEditorPanel(QWidget* parent)
 
     m_search->setObjectName(QStringLiteral("parameterSearch"));
     m_search->setPlaceholderText(tr("Поиск параметра"));
+    m_search->setAccessibleName(m_search->placeholderText());
     m_search->setClearButtonEnabled(true);
     m_search->installEventFilter(this);
     setFocusProxy(m_search);
@@ -80,6 +81,7 @@ TemplateEditorPanel::TemplateEditorPanel(QWidget* parent)
     m_shown->setRecursiveFilteringEnabled(true);
     m_shown->setSourceModel(m_model);
     m_tree->setObjectName(QStringLiteral("parametersTree"));
+    m_tree->setAccessibleName(tr("Параметры"));
     m_tree->setModel(m_shown);
     m_tree->setHeaderHidden(true);
     m_tree->setUniformRowHeights(true);

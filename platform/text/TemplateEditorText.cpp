@@ -271,11 +271,21 @@ void TemplateEditorText::mouseDoubleClickEvent(QMouseEvent* event)
 void TemplateEditorText::contextMenuEvent(QContextMenuEvent* event)
 {
     QMenu* menu = createStandardContextMenu(event->pos());
+    menu->setObjectName(QStringLiteral("templateMenu"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto replace = [menu, this](const char* name, void (TemplateEditorText::*slot)()) {
+        if (auto* action = menu->findChild<QAction*>(QLatin1String(name))) {
+            disconnect(action, &QAction::triggered, nullptr, nullptr);
+            connect(action, &QAction::triggered, this, slot);
+        }
+    };
+    replace("edit-undo", &TemplateEditorText::undoStep);
+    replace("edit-redo", &TemplateEditorText::redoStep);
     const int under =
         event->reason() == QContextMenuEvent::Keyboard ? currentChip() : chipUnder(event->pos());
     if (under >= 0 && !isReadOnly()) {
         auto* edit = new QAction(tr("Параметр…"), menu);
+        edit->setObjectName(QStringLiteral("parameterMenuAction"));
         connect(edit, &QAction::triggered, this, [this, under] { emit chipRequested(under); });
         QAction* first = menu->actions().value(0);
         menu->insertAction(first, edit);

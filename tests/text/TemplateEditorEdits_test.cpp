@@ -1,3 +1,4 @@
+#include "DemoTemplates.h"
 #include "LogWatch.h"
 #include "TemplateEditorBench.h"
 
@@ -332,6 +333,8 @@ class TemplateEditorEdits_test : public QObject
 private slots:
     void anyEditsKeepTextAndParametersInStep_data();
     void anyEditsKeepTextAndParametersInStep();
+    void anEditedTextReadsAsBefore_data();
+    void anEditedTextReadsAsBefore();
 };
 
 void TemplateEditorEdits_test::anyEditsKeepTextAndParametersInStep_data()
@@ -360,6 +363,64 @@ void TemplateEditorEdits_test::anyEditsKeepTextAndParametersInStep()
     while (pair.text()->document()->isRedoAvailable())
         pair.press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(pair.now(), last);
+    QCOMPARE(log.take(), QStringList());
+}
+
+void TemplateEditorEdits_test::anEditedTextReadsAsBefore_data()
+{
+    QTest::addColumn<QString>("html");
+    for (const DemoTemplate& demo : DemoTemplates::builtIn())
+        QTest::newRow(demo.name.toUtf8().constData()) << QString::fromStdString(demo.html);
+    const QStringList pieces{QStringLiteral("слово"),
+                             QStringLiteral(" "),
+                             QStringLiteral("&nbsp;"),
+                             QStringLiteral("\n"),
+                             QStringLiteral("<br/>"),
+                             QStringLiteral("<p>"),
+                             QStringLiteral("</p>"),
+                             QStringLiteral("<b>"),
+                             QStringLiteral("</b>"),
+                             QStringLiteral("<i>"),
+                             QStringLiteral("</i>"),
+                             QStringLiteral("<sup>"),
+                             QStringLiteral("</sup>"),
+                             QStringLiteral("<span style=\" text-decoration: line-through;\">"),
+                             QStringLiteral("</span>"),
+                             QStringLiteral("&laquo;&amp;"),
+                             QStringLiteral("<"),
+                             QStringLiteral("&#32;"),
+                             QStringLiteral("<a href='parameter:name=text;own=%22%3B;locname=x'>"),
+                             QStringLiteral("<a href=parameter:name=line>"),
+                             QStringLiteral("</a>"),
+                             QStringLiteral("<meta name=\"template\" content=\"time_exec\">")};
+    QRandomGenerator random(7);
+    const int count = qEnvironmentVariableIsSet("VRK_LONG") ? 2000 : 100;
+    for (int i = 0; i < count; ++i) {
+        QString html;
+        for (int length = random.bounded(30); length > 0; --length)
+            html += pieces.at(random.bounded(pieces.size()));
+        QTest::addRow("%d", i) << html;
+    }
+}
+
+void TemplateEditorEdits_test::anEditedTextReadsAsBefore()
+{
+    QFETCH(QString, html);
+    LogWatch log;
+    Bench bench;
+    bench.editor.setTemplateText(html);
+    bench.press(Qt::Key_End, Qt::ControlModifier);
+    bench.type(QStringLiteral("x"));
+    QVERIFY(TemplateText::plain(bench.now()).endsWith(QLatin1Char('x')));
+    bench.press(Qt::Key_Backspace);
+
+    QCOMPARE(TemplateText::plain(bench.now()), TemplateText::plain(html));
+    const HtmlParser before(html.toStdString());
+    const HtmlParser after(bench.now().toStdString());
+    QCOMPARE(after.countParameters(), before.countParameters());
+    for (unsigned i = 0; i < before.countParameters(); ++i)
+        QCOMPARE(after.properties(i), before.properties(i));
+    QCOMPARE(after.isExistTemplateProperty("time_exec"), before.isExistTemplateProperty("time_exec"));
     QCOMPARE(log.take(), QStringList());
 }
 

@@ -1,9 +1,12 @@
 #include "CVrkCliApp.h"
 #include "DemoTemplates.h"
+#include "LogWatch.h"
 #include "TemplateEditorBench.h"
 #include "TestClient.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QToolButton>
 
@@ -73,6 +76,7 @@ private slots:
     void plainTextIsPastedWithItsLinesAndBlanks();
     void charactersOutsideTheCodePageAreGuarded();
 
+    void theMenuLeadsToTheParameterAndBack();
     void readOnlyTextCanBeCopiedButNotChanged();
     void thePreviewFollowsTheText();
     void tabWalksInTheOrderOfTheEye();
@@ -488,6 +492,40 @@ void TemplateEditor_test::charactersOutsideTheCodePageAreGuarded()
     QVERIFY(codec->canEncode(bench.now()));
     QCOMPARE(bench.changes.last().first().toString(), bench.now());
     QCOMPARE(count(bench.now()), 1U);
+}
+
+void TemplateEditor_test::theMenuLeadsToTheParameterAndBack()
+{
+    LogWatch log;
+    Bench bench;
+    bench.editor.setTemplateText(QStringLiteral("ab ") + Bench::parameter("text", "Кто"));
+    const auto menu = [&bench](const QPoint& place) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place,
+                                bench.text()->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(bench.text()->viewport(), &event);
+        return bench.text()->findChild<QMenu*>(QStringLiteral("templateMenu"));
+    };
+    QMenu* opened = menu(bench.middleOf(3));
+    QVERIFY(opened);
+    opened->findChild<QAction*>(QStringLiteral("parameterMenuAction"))->trigger();
+    QVERIFY(bench.dialog());
+    bench.dialog()->reject();
+    opened->close();
+    QTRY_VERIFY(!bench.dialog() && !bench.text()->findChild<QMenu*>(QStringLiteral("templateMenu")));
+
+    bench.press(Qt::Key_End, Qt::ShiftModifier);
+    bench.press(Qt::Key_X, Qt::ControlModifier);
+    opened = menu(QPoint(10, 10));
+    QVERIFY(!opened->findChild<QAction*>(QStringLiteral("parameterMenuAction")));
+    opened->findChild<QAction*>(QStringLiteral("edit-undo"))->trigger();
+    QCOMPARE(count(bench.now()), 1U);
+    opened->close();
+    QTRY_VERIFY(!bench.text()->findChild<QMenu*>(QStringLiteral("templateMenu")));
+    opened = menu(QPoint(10, 10));
+    opened->findChild<QAction*>(QStringLiteral("edit-redo"))->trigger();
+    QCOMPARE(bench.now(), QString());
+    QCOMPARE(bench.changes.count(), 3); // each step was told once
+    QCOMPARE(log.take(), QStringList());
 }
 
 void TemplateEditor_test::readOnlyTextCanBeCopiedButNotChanged()
