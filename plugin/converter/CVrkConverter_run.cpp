@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QSaveFile>
+#include <QScrollBar>
 #include <QTextBlock>
 
 void CVrkConverter::convert()
@@ -112,11 +113,15 @@ void CVrkConverter::showLine(ConversionReport::Tone tone, const QString& text)
     case ConversionReport::Plain:
         break;
     }
+    QScrollBar* bar = m_form->infoEdit->verticalScrollBar();
+    const bool atEnd = bar->value() == bar->maximum();
     QTextCursor cursor(m_form->infoEdit->document());
     cursor.movePosition(QTextCursor::End);
     if (!m_form->infoEdit->document()->isEmpty())
         cursor.insertBlock(QTextBlockFormat(), format);
     cursor.insertText(text, format);
+    if (atEnd) // whoever reads further up is left there
+        bar->setValue(bar->maximum());
 }
 
 void CVrkConverter::askReportPath()

@@ -16,10 +16,11 @@ public:
         Tone tone;
         QString text;
     };
+    enum Result { Text, List, DateTime, Reference, Base, Unnamed, BadDate, Template, OpenBracket, LeftOut };
     /// What became of one old row.
     struct Outcome {
         QString name;
-        QString result;
+        Result result;
         QStringList losses; ///< what the new row no longer holds
     };
 

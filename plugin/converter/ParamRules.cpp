@@ -51,20 +51,20 @@ void ParamRules::convert(const MDRData* old)
     const bool isReference =
         !isDate && !isEnum && (!param.isEmpty() || MDRValue::hasText(recordValue(old, "TableKey")));
     if (isReference) {
-        note(old, ConversionReport::tr("ссылка, берётся из основных параметров"));
+        note(old, ConversionReport::Reference);
     } else if (name.isEmpty()) {
         const QString text =
             LogText::fill(ConversionReport::tr("Параметр без латинского имени пропущен: '%1'"),
                           {m_tables->text(old, "nameLoc")});
         m_report->add(ConversionReport::Warning, text);
-        note(old, ConversionReport::tr("пропущен: нет латинского имени"));
+        note(old, ConversionReport::Unnamed);
     } else if (isDate) {
         convertDateTime(old);
     } else if (isEnum) {
         convertEnum(old);
     } else if (name == QLatin1String("shift_interval") || name == QLatin1String("shift_workers") ||
                name == QLatin1String("shift_workers2")) {
-        note(old, ConversionReport::tr("берётся из основных параметров"));
+        note(old, ConversionReport::Base);
     } else {
         convertText(old);
     }
@@ -73,7 +73,7 @@ void ParamRules::convert(const MDRData* old)
 void ParamRules::convertText(const MDRData* old)
 {
     // Meant: a text without a title is called a list of values, as enumerations are.
-    make(old, {{"name", "text"}}, titleOf(old, listTitle()), ConversionReport::tr("текст"));
+    make(old, {{"name", "text"}}, titleOf(old, listTitle()), ConversionReport::Text);
 }
 
 void ParamRules::convertEnum(const MDRData* old)
@@ -84,7 +84,7 @@ void ParamRules::convertEnum(const MDRData* old)
         if (values[i].empty())
             losses << LogText::fill(ConversionReport::tr("значение %1 пусто"), {QString::number(i + 1)});
     make(old, {{"name", "list"}, {"list", HtmlParser::createListProperty(values)}}, titleOf(old, listTitle()),
-         ConversionReport::tr("список значений"), losses);
+         ConversionReport::List, losses);
 }
 
 void ParamRules::convertDateTime(const MDRData* old)
@@ -94,7 +94,7 @@ void ParamRules::convertDateTime(const MDRData* old)
     const QString layout = pieces.size() == 2 ? ParamText::toQtDateTimeLayout(pieces[1]) : QString();
     if (!layout.isEmpty()) {
         make(old, {{"name", "datetime"}, {"format", layout.toStdString()}},
-             titleOf(old, ConversionReport::tr("Дата и время")), ConversionReport::tr("дата и время"));
+             titleOf(old, ConversionReport::tr("Дата и время")), ConversionReport::DateTime);
         return;
     }
     const QString name = m_tables->text(old, "nameLat");
@@ -107,7 +107,7 @@ void ParamRules::convertDateTime(const MDRData* old)
         tell(ConversionReport::tr("Формат даты и времени: %1"), pieces[1]);
     tell(QStringLiteral("-----"), QString());
     m_report->failed << name;
-    note(old, ConversionReport::tr("не преобразован: формат даты и времени неизвестен"), {param});
+    note(old, ConversionReport::BadDate, {param});
 }
 
 void ParamRules::createParamCategory()
@@ -214,8 +214,8 @@ bool ParamRules::isExistParameterDelphi(QString name) const
     return m_tables->seek(m_tables->oldParams, 1, name) != nullptr;
 }
 
-void ParamRules::make(const MDRData* old, Properties properties, const QString& title, const QString& result,
-                      const QStringList& losses)
+void ParamRules::make(const MDRData* old, Properties properties, const QString& title,
+                      ConversionReport::Result result, const QStringList& losses)
 {
     const QString name = m_tables->text(old, "nameLat");
     properties.emplace_back("locname", title.toStdString());
@@ -230,7 +230,7 @@ QString ParamRules::titleOf(const MDRData* old, const QString& otherwise) const
     return title.isEmpty() ? otherwise : title;
 }
 
-void ParamRules::note(const MDRData* old, const QString& result, const QStringList& losses)
+void ParamRules::note(const MDRData* old, ConversionReport::Result result, const QStringList& losses)
 {
     m_report->params.append({m_tables->text(old, "nameLat"), result, losses});
 }

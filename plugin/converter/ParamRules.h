@@ -39,12 +39,12 @@ private:
 
     void convert(const MDRData* old);
     /// Adds the rest of the properties, makes the parameter and notes it as \a result.
-    void make(const MDRData* old, Properties properties, const QString& title, const QString& result,
-              const QStringList& losses = {});
+    void make(const MDRData* old, Properties properties, const QString& title,
+              ConversionReport::Result result, const QStringList& losses = {});
     void indexBaseNames();
     QString baseName(const MDRData* old) const;
     QString titleOf(const MDRData* old, const QString& otherwise) const;
-    void note(const MDRData* old, const QString& result, const QStringList& losses = {});
+    void note(const MDRData* old, ConversionReport::Result result, const QStringList& losses = {});
 
     ConverterTables* m_tables;
     ConversionReport* m_report;

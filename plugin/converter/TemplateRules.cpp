@@ -150,7 +150,7 @@ void TemplateRules::convert(const MDRData* old, const QByteArray& category)
     setKey(table, record, "html",
            m_tables->codec->fromUnicode(QString::fromStdString(parser.readyHtml(true))));
     table.RecPost(record);
-    m_report->templates.append({name, ConversionReport::tr("преобразован"), losses});
+    m_report->templates.append({name, ConversionReport::Template, losses});
     ++m_count;
     stepDone();
 }
@@ -163,8 +163,7 @@ bool TemplateRules::replaceParameters(QString* text, const QString& name, QStrin
             LogText::fill(ConversionReport::tr("Шаблон '%1': за знаком \"<\" нет знака \">\""), {name});
         m_report->add(ConversionReport::Error, fault);
         m_report->failed << fault;
-        m_report->templates.append(
-            {name, ConversionReport::tr("не преобразован: за знаком \"<\" нет знака \">\""), {}});
+        m_report->templates.append({name, ConversionReport::OpenBracket, {}});
         return false;
     }
     for (auto it = written.constBegin(); it != written.constEnd(); ++it) {
@@ -234,8 +233,6 @@ void TemplateRules::noteLeftOut()
     for (int i = 0; i < old.RecCount(); ++i) {
         const MDRData* row = MDARec(old.array, 0, i);
         if (!m_seen.contains(row))
-            m_report->templates.append({m_tables->text(row, "name_"),
-                                        ConversionReport::tr("не преобразован: нет текста или раздела"),
-                                        {}});
+            m_report->templates.append({m_tables->text(row, "name_"), ConversionReport::LeftOut, {}});
     }
 }

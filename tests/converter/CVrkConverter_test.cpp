@@ -13,6 +13,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTemporaryDir>
 #include <QTest>
@@ -448,6 +449,21 @@ private slots:
         QVERIFY(!closed);
         QVERIFY(desk.module.isVisible());
         QVERIFY(desk.module.close());
+    }
+
+    void the_end_of_the_report_is_in_sight()
+    {
+        const TestStore store;
+        writeEarlierJournal(store);
+        for (int i = 0; i < 60; ++i)
+            QVERIFY(write(store, "OperLogTemplates", ("X" + QByteArray::number(i)).constData(),
+                          {{"name_", "x"}, {"CategoryKey", "C1"}, {"text_", "x"}, {"icon", "Пожар"}}));
+        Desk desk(store);
+        desk.start();
+        desk.press(desk.convert());
+        const QScrollBar* bar = desk.find<QTextEdit>("infoEdit")->verticalScrollBar();
+        QVERIFY(bar->maximum() > 0);
+        QCOMPARE(bar->value(), bar->maximum());
     }
 
     void the_report_is_saved_as_a_file()

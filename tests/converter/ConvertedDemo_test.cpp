@@ -6,6 +6,7 @@
 #include "RecordCreatorDialog.h"
 #include "RecordValue.h"
 #include "StoreAdmin.h"
+#include "TemplateEditor.h"
 #include "TemplateFiller.h"
 #include "TemplatesWidget.h"
 #include "TemplateText.h"
@@ -107,6 +108,16 @@ private slots:
             }
             QCOMPARE(filled.isExistTemplateProperty("second_mark"),
                      parser.isExistTemplateProperty("second_mark"));
+        }
+    }
+
+    void each_opens_in_the_editor_of_templates_byte_for_byte()
+    {
+        TemplateEditor editor;
+        for (int i = 0; i < m_templates->RecCount(); ++i) {
+            const QString html = textOf(*m_templates, i, "html");
+            editor.setTemplateText(html);
+            QCOMPARE(editor.templateText(), html);
         }
     }
 
