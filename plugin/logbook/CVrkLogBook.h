@@ -84,7 +84,6 @@ private:
 
     void configureAddButton();
     void configureToolBar();
-    void hideUnbuilt();
     void configureTabBar();
     void createDialogs();
     void createConnections();

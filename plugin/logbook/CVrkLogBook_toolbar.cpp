@@ -132,21 +132,6 @@ void CVrkLogBook::configureToolBar()
                                  20);
     m_intervalLabel->setFixedWidth(
         metrics.horizontalAdvance(QStringLiteral("WWWWW: 01.01.1970 00:00:00 -01.01.1970 00:00:00")) + 10);
-
-    hideUnbuilt();
-}
-
-/// What has no operation behind it yet is not shown, so that no button does nothing.
-void CVrkLogBook::hideUnbuilt()
-{
-    bool behindSeparator = true;
-    for (QAction* action : m_toolBar->actions()) {
-        const QWidget* widget = m_toolBar->widgetForAction(action);
-        if (widget == m_reportButton || (action->isSeparator() && behindSeparator))
-            action->setVisible(false);
-        else
-            behindSeparator = action->isSeparator();
-    }
 }
 
 void CVrkLogBook::createConnections()
@@ -185,6 +170,10 @@ void CVrkLogBook::createConnections()
     connect(m_approveButton, &QToolButton::clicked, m_approveRecordAction, &QAction::trigger);
     connect(m_signButton, &QToolButton::clicked, m_signRecordAction, &QAction::trigger);
 
+    connect(m_reportButton, &QToolButton::clicked, this, [this] {
+        if (LogBookWidget* logbook = currentLogBook())
+            logbook->showReportDialog();
+    });
     connect(m_commentsButton, &QToolButton::clicked, this, &CVrkLogBook::commentsRequest);
     connect(m_searchButton, &QToolButton::clicked, this, [this] {
         if (LogBookTab* tab = currentTab())

@@ -9,6 +9,7 @@
 #include "OpenWorkshiftDialog.h"
 #include "OrgStructDialog.h"
 #include "RecordCreatorDialog.h"
+#include "ReportDialog.h"
 #include "SecondMarkerDialog.h"
 #include "TimeExecutionDialog.h"
 #include "ui_LogBookTab.h"
@@ -44,7 +45,7 @@ LogBookWidget::~LogBookWidget()
     // They belong to the module's window, but hold tables of this page. The view goes before the tables too.
     for (QWidget* dialog : std::initializer_list<QWidget*>{
              m_openWorkshift, m_closeWorkshift, m_workshiftInfo, m_workshiftsDialog, m_dateTimeRange,
-             m_appendWorker, m_recordCreator, m_secondMarker, m_timeExecution, m_orgStruct})
+             m_appendWorker, m_recordCreator, m_secondMarker, m_timeExecution, m_report, m_orgStruct})
         delete dialog;
     dropAnnex();
 }

@@ -23,6 +23,7 @@ class QAbstractButton;
 class QMenu;
 class QTimer;
 class RecordCreatorDialog;
+class ReportDialog;
 class SecondMarkerDialog;
 class TimeExecutionDialog;
 class WorkshiftInfoDialog;
@@ -112,6 +113,8 @@ public slots:
     /// Choose an interval or a closed workshift to show.
     void showDateTimeDialog();
     void showWorkshiftsDialog();
+    /// Shows the records of this view as a report, as they are now.
+    void showReportDialog();
     void createRecordRequest();
     void editRecordRequest();
     void deleteRecordRequest();
@@ -266,6 +269,7 @@ private:
     QPointer<DateTimeRangeDialog> m_dateTimeRange;
     QPointer<AppendWorkerDialog> m_appendWorker;
     QPointer<RecordCreatorDialog> m_recordCreator;
+    QPointer<ReportDialog> m_report;
     QPointer<SecondMarkerDialog> m_secondMarker;
     QPointer<TimeExecutionDialog> m_timeExecution;
     QVector<QWidget*> m_shiftDialogs; ///< those that a closed workshift closes

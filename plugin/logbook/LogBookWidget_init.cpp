@@ -15,6 +15,7 @@
 #include "PageMessages.h"
 #include "RecordColumns.h"
 #include "RecordCreatorDialog.h"
+#include "ReportDialog.h"
 #include "SecondMarkerDialog.h"
 #include "TimeExecutionDialog.h"
 #include "ui_LogBookTab.h"
@@ -151,6 +152,8 @@ void LogBookWidget::createSmallDialogs()
     m_appendWorker = new AppendWorkerDialog(m_module, -1);
     m_secondMarker = new SecondMarkerDialog(m_module, -1);
     m_timeExecution = new TimeExecutionDialog(m_module, -1);
+    m_report = new ReportDialog(m_module, -1);
+    m_report->setWorkersTable(m_location->table(QLatin1String(LogbookTable::Workers)));
 }
 
 /// The entry is never disabled, so that the dialog opens on any record; only its look follows the record. Meant.

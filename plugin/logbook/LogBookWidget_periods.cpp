@@ -4,6 +4,7 @@
 #include "LogbookTables.h"
 #include "LogBookWidget.h"
 #include "OrgStructDialog.h"
+#include "ReportDialog.h"
 #include "WorkshiftInfoDialog.h"
 #include "WorkshiftsDialog.h"
 
@@ -54,4 +55,21 @@ void LogBookWidget::appendWorkerRequest()
     m_appendWorker->setWorkersRoleTable(&m_workerRoles);
     m_appendWorker->setWorkshiftRecord(m_currentWorkshift);
     m_appendWorker->show();
+}
+
+void LogBookWidget::showReportDialog()
+{
+    QString period;
+    const QDateTime start = displayedPeriodStart();
+    const QDateTime end = displayedPeriodEnd();
+    if (start.isValid() && end.isValid()) {
+        const QString format = QStringLiteral("dd.MM.yyyy hh:mm");
+        period = QStringLiteral("%1 - %2").arg(start.toString(format), end.toString(format));
+    }
+    if (m_mode == RealTime || m_mode == ArchiveWorkshift)
+        period = tr("Смена %1").arg(period);
+    m_report->setRecordsTable(&m_records);
+    m_report->setReportTitle(title(), period);
+    m_report->show();
+    m_report->raise();
 }

@@ -1,0 +1,177 @@
+#include "ReportDialog.h"
+
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "Filters.h"
+#include "IconCells.h"
+#include "LogbookFields.h"
+#include "LogbookTables.h"
+#include "TextCells.h"
+#include "ui_ReportDialog.h"
+#include "VrkPreview.h"
+#include "VrkTableModel.h"
+#include "VrkTableProxyModel.h"
+#include "VrkTableTool.h"
+
+#include <QKeyEvent>
+#include <QToolBar>
+#include <QToolButton>
+
+ReportDialog::ReportDialog(QWidget* parent, int flag)
+    : CPopTemplate(parent, flag),
+      m_form(new Ui::ReportDialog),
+      m_records(LogbookTable::Records),
+      m_preview(new VrkPreview(this)),
+      m_tableTool(new VrkTableTool(this)),
+      m_filter(new FilterOnlyApprove(this))
+{
+    m_form->setupUi(this);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/report.png")));
+    createToolBar();
+
+    CMDArray& records = m_records.data;
+    records.lastError = MDAFldAdd(records.array, fieldCount(LogbookRecordExtFields), LogbookRecordExtFields);
+    records.KeyAdd("", 0);
+    m_tableTool->setTableView(m_form->recordsTable);
+    m_tableTool->setCMDArray(&records);
+    m_tableTool->setDefaultSettingsView();
+    m_tableTool->proxy()->setFilterRows(m_filter);
+
+    m_preview->setWindowIcon(QIcon(QStringLiteral(":/icons/preview.png")));
+    m_preview->setWindowTitle(tr("Печать отчета"));
+    m_preview->setHeaderBackgroundColor(Qt::gray);
+    m_preview->setView(m_form->recordsTable);
+}
+
+ReportDialog::~ReportDialog()
+{
+    delete m_tableTool; // before the records that it shows
+}
+
+void ReportDialog::createToolBar()
+{
+    auto* bar = new QToolBar(this);
+    bar->setObjectName(QStringLiteral("reportBar"));
+    const auto append = [this, bar](const char* name, const char* icon, const QString& tip) {
+        auto* button = new QToolButton(bar);
+        button->setObjectName(QLatin1String(name));
+        button->setIcon(QIcon(QLatin1String(icon)));
+        button->setToolTip(tip);
+        button->setFocusPolicy(Qt::StrongFocus);
+        bar->addWidget(button);
+        return button;
+    };
+    m_approveButton = append("onlyApprovedButton", ":/icons/apply.png", tr("Только утвержденные записи"));
+    m_approveButton->setCheckable(true);
+    m_approveButton->setChecked(true);
+    QToolButton* print = append("printButton", ":/icons/preview.png", tr("Печать"));
+    m_form->verticalLayout->insertWidget(0, bar);
+    connect(m_approveButton, &QToolButton::clicked, this, &ReportDialog::updateApprove);
+    connect(print, &QToolButton::clicked, this, &ReportDialog::showPreview);
+}
+
+void ReportDialog::setWorkersTable(CModelTable* table)
+{
+    m_workers = table;
+    createTableColumns();
+    updateApprove();
+}
+
+void ReportDialog::createTableColumns()
+{
+    CVrkCliSes* session = static_cast<CVrkCliMod*>(parent())->session();
+    auto* color = new ColorCell(this);
+    auto* time = new DateTimeCell(QStringLiteral("hh:mm"), session, this);
+    auto* worker = new WorkerCell(m_workers, this);
+    auto* status = new StatusCell(this);
+    auto* direction = new DirectionCell(this);
+    auto* text = new StrikeOutCell(m_form->recordsTable->font(), this);
+    text->setRoleRedirect(Qt::ForegroundRole, color);
+    for (AbstractHfnCellConversion* cell : std::initializer_list<AbstractHfnCellConversion*>{time, worker}) {
+        cell->setRoleRedirect(Qt::ForegroundRole, color);
+        cell->setRoleRedirect(Qt::FontRole, text);
+    }
+
+    struct Column {
+        const char* field;
+        AbstractHfnCellConversion* conversion;
+        QString text;
+    };
+    const auto twoLines = [](const QString& first, const QString& second) {
+        return first + QLatin1Char('\n') + second;
+    };
+    const Column columns[] = {
+        // in the order of their positions
+        {"status", status, tr("Статус")},
+        {"recordTime", time, twoLines(tr("Время"), tr("записи"))},
+        {"eventTime", time, twoLines(tr("Время"), tr("события"))},
+        {"WorkerKey", worker, tr("Автор")},
+        {"direction", direction, QString()},
+        {"ReceiverWorkerKey", worker, twoLines(tr("Кто"), tr("Кому"))},
+        {"VisaWorkerKey", worker, tr("Виза")},
+        {"executionTime", time, twoLines(tr("Время"), tr("выполнения"))},
+        {"html", text, tr("Текст")},
+    };
+    VrkTableModel* model = m_tableTool->model();
+    model->setTextCodec(session->codec());
+    int position = 0;
+    for (const Column& column : columns) {
+        const QString field = QLatin1String(column.field);
+        model->setCellConversion(field, column.conversion);
+        model->setHeaderData(field, Qt::Horizontal, column.text, Qt::DisplayRole);
+        m_tableTool->setColumnPosition(field, position++);
+    }
+    model->setHeaderData(QStringLiteral("direction"), Qt::Horizontal,
+                         QIcon(QStringLiteral(":/icons/direction.png")), Qt::DecorationRole);
+    for (const char* field : {"KeyLink", "ShiftKey", "firstMarkTime", "secondMarkTime", "SecondMarkWorkerKey",
+                              "OriginRecordKey", "file", "comment", "object"})
+        m_tableTool->setColumnVisible(QLatin1String(field), false);
+    m_tableTool->sortByColumn(QStringLiteral("recordTime"), Qt::AscendingOrder);
+    m_tableTool->adjustColumnsWidth();
+}
+
+void ReportDialog::setRecordsTable(CModelTable* table)
+{
+    constexpr int noTable = -3;
+    CMDArray& records = m_records.data;
+    m_tableTool->model()->beginResetModel();
+    records.lastError = table ? MDACopy(records.array, table->data.array, 1) : noTable;
+    m_tableTool->model()->endResetModel();
+}
+
+void ReportDialog::setReportTitle(const QString& title, const QString& period)
+{
+    m_form->titleLabel->setText(title + QLatin1Char('\n') + period);
+}
+
+void ReportDialog::updateApprove()
+{
+    const bool isOnlyApproved = m_approveButton->isChecked();
+    m_filter->setEnabled(isOnlyApproved);
+    m_tableTool->setColumnVisible(QStringLiteral("status"), !isOnlyApproved);
+}
+
+void ReportDialog::showPreview()
+{
+    m_preview->setMaxColummnWidth(100);
+    m_preview->setFooter(m_form->titleLabel->text());
+    m_preview->showDocument();
+}
+
+void ReportDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else if (event->matches(QKeySequence::Print))
+        showPreview();
+    CPopTemplate::keyPressEvent(event);
+}
+
+void ReportDialog::showEvent(QShowEvent* event)
+{
+    if (!event->spontaneous()) {
+        resize(900, 500);
+        moveToCenter();
+    }
+    CPopTemplate::showEvent(event);
+}

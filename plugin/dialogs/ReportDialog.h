@@ -1,0 +1,54 @@
+#pragma once
+
+#include "CModelTable.h"
+#include "CPopTemplate.h"
+
+#include <memory>
+
+class FilterOnlyApprove;
+class QToolButton;
+class VrkPreview;
+class VrkTableTool;
+
+namespace Ui
+{
+class ReportDialog;
+}
+
+/// The records of the journal's present view as a plain table with a title, on their way to paper. Holds a copy of the
+/// records, so that it stays as it is while the journal goes on.
+class ReportDialog : public CPopTemplate
+{
+    Q_OBJECT
+
+public:
+    /// \a parent is the module.
+    explicit ReportDialog(QWidget* parent, int flag = -1);
+    ~ReportDialog() override;
+
+    /// Stores the table, not owned, and sets the columns up: called once, before the first showing.
+    void setWorkersTable(CModelTable* table);
+    /// Copies the records; a null table leaves what is there and stores the code -3.
+    void setRecordsTable(CModelTable* table);
+    void setReportTitle(const QString& title, const QString& period);
+    /// Code of the last copy.
+    int lastError() const { return m_records.data.lastError; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void createToolBar();
+    void createTableColumns();
+    void updateApprove();
+    void showPreview();
+
+    std::unique_ptr<Ui::ReportDialog> m_form;
+    CModelTable m_records;
+    CModelTable* m_workers = nullptr;
+    VrkPreview* m_preview;
+    VrkTableTool* m_tableTool;
+    FilterOnlyApprove* m_filter;
+    QToolButton* m_approveButton = nullptr;
+};

@@ -1,0 +1,219 @@
+#include "ReportDialog.h"
+
+#include "CVrkLogBook.h"
+#include "HfnTime.h"
+#include "RecordValue.h"
+#include "TestJournal.h"
+#include "VrkPreviewWindow.h"
+#include "VrkTableProxyModel.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTextDocument>
+#include <QToolBar>
+#include <QToolButton>
+#include <QtTest>
+
+class ReportDialog_test : public QObject
+{
+    Q_OBJECT
+
+private:
+    struct Report {
+        explicit Report(const TestStore& store) : journal(store) {}
+        ReportDialog* dialog() { return journal.module().findChild<ReportDialog*>(); }
+        template <class Widget>
+        Widget* child(const char* name)
+        {
+            return dialog()->findChild<Widget*>(QLatin1String(name));
+        }
+        QTableView* view() { return child<QTableView>("recordsTable"); }
+        const VrkTableProxyModel* proxy() { return qobject_cast<VrkTableProxyModel*>(view()->model()); }
+        int column(const char* field) { return proxy()->tableModel()->idxField(QLatin1String(field)); }
+        QString title() { return child<QLabel>("titleLabel")->text(); }
+        /// Texts of the headers of the visible columns, from left to right.
+        QStringList headers()
+        {
+            QStringList all;
+            const QHeaderView* header = view()->horizontalHeader();
+            for (int visual = 0; visual < header->count(); ++visual)
+                if (!header->isSectionHidden(header->logicalIndex(visual)))
+                    all.append(proxy()->headerData(header->logicalIndex(visual), Qt::Horizontal).toString());
+            return all;
+        }
+        void onlyApproved(bool on)
+        {
+            if (child<QToolButton>("onlyApprovedButton")->isChecked() != on)
+                QTest::mouseClick(child<QToolButton>("onlyApprovedButton"), Qt::LeftButton);
+        }
+        VrkPreviewWindow* print()
+        {
+            QTest::mouseClick(child<QToolButton>("printButton"), Qt::LeftButton);
+            for (QWidget* window : QApplication::topLevelWidgets())
+                if (auto* found = qobject_cast<VrkPreviewWindow*>(window))
+                    return found;
+            return nullptr;
+        }
+
+        TestJournal journal;
+    };
+
+    static QString stamp(double time)
+    {
+        return HfnTime_to_DateTime(time, -1).toString(QStringLiteral("dd.MM.yyyy hh:mm"));
+    }
+
+private slots:
+    void showsTheApprovedRecordsOfTheShift()
+    {
+        const TestStore store;
+        Report report(store);
+        QVERIFY(!report.dialog()->isVisible());
+        report.journal.tab().showReportDialog();
+        QVERIFY(report.dialog()->isVisible());
+        QCOMPARE(report.dialog()->windowTitle(), QStringLiteral("Отчет"));
+        QCOMPARE(report.dialog()->size().boundedTo(QSize(900, 500)), report.dialog()->size());
+        QCOMPARE(report.dialog()->height(), 500);
+        QCOMPARE(report.proxy()->rowCount(), 5);
+        QCOMPARE(report.headers(),
+                 QStringList({QStringLiteral("Время\nзаписи"), QStringLiteral("Время\nсобытия"),
+                              QStringLiteral("Автор"), QString(), QStringLiteral("Кто\nКому"),
+                              QStringLiteral("Виза"), QStringLiteral("Время\nвыполнения"),
+                              QStringLiteral("Текст")}));
+        QVERIFY(report.proxy()
+                    ->headerData(report.column("direction"), Qt::Horizontal, Qt::DecorationRole)
+                    .isValid());
+        const QModelIndex author = report.proxy()->index(0, report.column("WorkerKey"));
+        QCOMPARE(author.data().toString(), QStringLiteral("Иванов И. И."));
+        QVERIFY(report.child<QLabel>("titleLabel")->font().bold());
+        QCOMPARE(report.child<QLabel>("titleLabel")->font().pointSize(), 10);
+        QVERIFY(report.child<QLabel>("titleLabel")->minimumHeight() == 60);
+    }
+
+    void namesTheJournalAndThePeriod()
+    {
+        const TestStore store;
+        Report report(store);
+        report.journal.tab().showReportDialog();
+        const MDRData* shift = report.journal.tab().currentWorkshift();
+        const QString period = stamp(recordValue(shift, "startTime").value.real) + QStringLiteral(" - ") +
+                               stamp(recordValue(shift, "endTime").value.real);
+        QCOMPARE(report.title(), report.journal.tab().title() + QStringLiteral("\nСмена ") + period);
+
+        const QDateTime from(QDate(2026, 1, 2), QTime(3, 4));
+        const QDateTime to(QDate(2026, 1, 3), QTime(5, 6));
+        report.journal.tab().uploadRecordsIn(from, to);
+        report.journal.tab().showReportDialog();
+        QCOMPARE(report.title(),
+                 report.journal.tab().title() + QStringLiteral("\n02.01.2026 03:04 - 03.01.2026 05:06"));
+        QCOMPARE(report.proxy()->rowCount(), 0);
+    }
+
+    void showsAllRecordsWithTheirStatusOnDemand()
+    {
+        const TestStore store;
+        Report report(store);
+        report.journal.tab().showReportDialog();
+        QVERIFY(report.child<QToolButton>("onlyApprovedButton")->isChecked());
+        QCOMPARE(report.child<QToolButton>("onlyApprovedButton")->toolTip(),
+                 QStringLiteral("Только утвержденные записи"));
+        report.onlyApproved(false);
+        QCOMPARE(report.proxy()->rowCount(), 8);
+        QCOMPARE(report.headers().first(), QStringLiteral("Статус"));
+        const int text = report.column("html");
+        bool isStruck = false;
+        for (int row = 0; row < 8; ++row)
+            isStruck |= report.proxy()->index(row, text).data(Qt::FontRole).value<QFont>().strikeOut();
+        QVERIFY(isStruck); // the deleted one
+        report.onlyApproved(true);
+        QCOMPARE(report.proxy()->rowCount(), 5);
+        QCOMPARE(report.headers().size(), 8);
+    }
+
+    void standsStillWhileTheJournalGoesOn()
+    {
+        const TestStore store;
+        Report report(store);
+        report.journal.tab().showReportDialog();
+        report.journal.select("REC_ORDER");
+        report.journal.tab().deleteRecordRequest();
+        report.journal.press(QDialogButtonBox::YesRole);
+        report.journal.deliver();
+        QCOMPARE(report.proxy()->rowCount(), 5);
+        report.journal.tab().showReportDialog();
+        QCOMPARE(report.proxy()->rowCount(), 4); // each record once
+    }
+
+    void keepsItsRecordsWithoutATable()
+    {
+        const TestStore store;
+        Report report(store);
+        report.journal.tab().showReportDialog();
+        report.dialog()->setRecordsTable(nullptr);
+        QCOMPARE(report.dialog()->lastError(), -3);
+        QCOMPARE(report.proxy()->rowCount(), 5);
+    }
+
+    void printsWhatItShowsWithTheTitleAtTheEnd()
+    {
+        const TestStore store;
+        Report report(store);
+        report.journal.tab().showReportDialog();
+        VrkPreviewWindow* preview = report.print();
+        QVERIFY(preview && preview->isVisible());
+        QCOMPARE(preview->windowTitle(), QStringLiteral("Печать отчета"));
+        const QString text = preview->document()->toPlainText();
+        QVERIFY(text.endsWith(report.title()));
+        QVERIFY(text.contains(QStringLiteral("Иванов И. И.")));
+        QVERIFY(!text.contains(QStringLiteral("Статус")));
+        report.onlyApproved(false);
+        QVERIFY(report.print()->document()->toPlainText().contains(QStringLiteral("Статус")));
+    }
+
+    void givesPdfWithTextThatCanBeFound()
+    {
+        const QString reader = QStandardPaths::findExecutable(QStringLiteral("pdftotext"));
+        if (reader.isEmpty())
+            QSKIP("no reader of PDF here");
+        const TestStore store;
+        Report report(store);
+        report.journal.tab().showReportDialog();
+        QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("отчет.pdf"));
+        QVERIFY(report.print()->savePdf(file));
+        QProcess process;
+        process.start(reader, {file, QStringLiteral("-")});
+        QVERIFY(process.waitForFinished());
+        const QString text = QString::fromUtf8(process.readAllStandardOutput());
+        QVERIFY2(text.contains(QStringLiteral("Иванов")), qPrintable(text));
+        QVERIFY(text.contains(QStringLiteral("Страница 1 из 1")));
+    }
+
+    void opensFromTheBarAndByCtrlP()
+    {
+        const TestStore store;
+        TestClient client(store);
+        CVrkLogBook window(&client.app());
+        QVERIFY(window.ModuleStart());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        auto* dialog = window.findChild<ReportDialog*>();
+        QTest::mouseClick(window.findChild<QToolButton*>(QStringLiteral("reportButton")), Qt::LeftButton);
+        QVERIFY(dialog->isVisible());
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        QVERIFY(!dialog->isVisible());
+        window.activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), &window);
+        QTest::keyClick(window.findChild<QTableView*>(QStringLiteral("recordsTable")), Qt::Key_P,
+                        Qt::ControlModifier);
+        QTRY_VERIFY(dialog->isVisible()); // a shortcut presses the button for a moment
+    }
+};
+
+QTEST_MAIN(ReportDialog_test)
+#include "ReportDialog_test.moc"
