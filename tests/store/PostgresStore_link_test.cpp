@@ -111,8 +111,9 @@ private slots:
 
     void acknowledgedWritesOutliveAKilledServerWhateverTheSessionAsksFor()
     {
-        m_cluster->exec(QStringLiteral(
-            "ALTER SYSTEM SET synchronous_commit = off; ALTER SYSTEM SET wal_writer_delay = '10s'"));
+        for (const char* setting : {"synchronous_commit = off", "wal_writer_delay = '10s'"})
+            QCOMPARE(m_cluster->exec(QStringLiteral("ALTER SYSTEM SET ") + QLatin1String(setting)),
+                     QString());
         m_cluster->stop();
         m_cluster->start();
         for (int round = 0; round < 3; ++round) {
@@ -123,7 +124,7 @@ private slots:
             m_cluster->start();
             QCOMPARE(count(open().get(), "SELECT count(*) AS n FROM Roles"), 10 * (round + 1));
         }
-        m_cluster->exec(QStringLiteral("ALTER SYSTEM RESET ALL"));
+        QCOMPARE(m_cluster->exec(QStringLiteral("ALTER SYSTEM RESET ALL")), QString());
         m_cluster->stop();
         m_cluster->start();
         QVector<StoreAdmin::Finding> findings;
