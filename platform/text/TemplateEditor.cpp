@@ -120,6 +120,7 @@ void TemplateEditor::Private::build()
     connect(text, &QTextEdit::redoAvailable, q, [this] { showState(); });
     connect(text, &TemplateEditorText::chipRequested, q, [this](int position) { editChip(position); });
     connect(text, &TemplateEditorText::refused, q, [this](const QString& words) { tell(words); });
+    connect(panel, &TemplateEditorPanel::left, text, [this] { text->setFocus(Qt::OtherFocusReason); });
     connect(panel, &TemplateEditorPanel::taken, q, [this](const QString& html) { take(html); });
     showState();
 }

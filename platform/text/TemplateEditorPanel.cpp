@@ -279,9 +279,22 @@ void TemplateEditorPanel::take(const QModelIndex& index)
 
 bool TemplateEditorPanel::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::KeyPress)
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
         return QWidget::eventFilter(watched, event);
     const auto* key = static_cast<QKeyEvent*>(event);
+    const bool escape = key->key() == Qt::Key_Escape;
+    if (event->type() == QEvent::ShortcutOverride) {
+        // The window may have these keys for its own content: here they never mean that.
+        if (!escape && !(watched == m_tree && key->key() == Qt::Key_Delete))
+            return QWidget::eventFilter(watched, event);
+        event->accept();
+        return true;
+    }
+    if (escape) {
+        m_search->clear();
+        emit left();
+        return true;
+    }
     const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
     const QModelIndex current = m_tree->currentIndex();
     if (enter && current.isValid() && !current.data(HtmlRole).isValid() && watched == m_tree) {

@@ -44,6 +44,8 @@ public:
 signals:
     /// The user has chosen the parameter with this text.
     void taken(const QString& html);
+    /// Escape was pressed: the search is over.
+    void left();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

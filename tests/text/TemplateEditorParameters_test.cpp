@@ -2,6 +2,7 @@
 #include "TemplateEditorBench.h"
 
 #include <QAbstractItemModelTester>
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
@@ -83,6 +84,7 @@ private slots:
     void aReloadKeepsClosedGroupsAndTheCurrentRow();
     void aChangedRowIsShownAtOnce();
     void aShortcutLeadsToTheSearch();
+    void escapeAndDeleteInTheTreeAreNotForTheWindow();
 
     void theDialogOpensByDoubleClickEnterAndF2();
     void theDialogChangesTheLabelAndTheShownText();
@@ -301,6 +303,27 @@ void TemplateEditorParameters_test::aShortcutLeadsToTheSearch()
     Bench bench;
     bench.press(Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
     QVERIFY(bench.search()->hasFocus());
+}
+
+void TemplateEditorParameters_test::escapeAndDeleteInTheTreeAreNotForTheWindow()
+{
+    Bench bench;
+    QAction drop;
+    drop.setShortcuts({Qt::Key_Escape, Qt::Key_Delete});
+    bench.editor.addAction(&drop);
+    QSignalSpy dropped(&drop, &QAction::triggered);
+    bench.search()->setFocus();
+    typeText(bench.search(), QStringLiteral("фио"));
+    QTest::keyClick(bench.search(), Qt::Key_Escape);
+    QCOMPARE(bench.search()->text(), QString());
+    QVERIFY(bench.text()->hasFocus());
+    bench.tree()->setFocus();
+    QTest::keyClick(bench.tree(), Qt::Key_Delete);
+    QTest::keyClick(bench.tree(), Qt::Key_Escape);
+    QVERIFY(bench.text()->hasFocus());
+    QCOMPARE(dropped.count(), 0);
+    bench.press(Qt::Key_Escape); // in the text the key is the window's
+    QCOMPARE(dropped.count(), 1);
 }
 
 void TemplateEditorParameters_test::theDialogOpensByDoubleClickEnterAndF2()

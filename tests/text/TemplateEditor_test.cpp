@@ -370,6 +370,12 @@ void TemplateEditor_test::textTypedBesideAChipIsPlain()
     bench.type(QStringLiteral("a"));
     bench.press(Qt::Key_End);
     bench.type(QStringLiteral("b"));
+    for (const int position : {1, 3}) { // behind the letter
+        QTextCursor letter(bench.text()->document());
+        letter.setPosition(position);
+        QCOMPARE(letter.charFormat().verticalAlignment(), QTextCharFormat::AlignNormal);
+        QCOMPARE(TemplateEditorChip::caption(letter.charFormat()), QString());
+    }
     bench.press(Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(bench.now(), QStringLiteral("a") + chip + QStringLiteral("b"));
     bench.type(QStringLiteral("c")); // in place of a selection that holds the chip
