@@ -36,6 +36,8 @@ QTreeWidgetItem* addRow(QTreeWidget* tree, QTreeWidgetItem* parent, const QStrin
 QWidget* centerCheckBox(QCheckBox* box)
 {
     auto* cell = new QWidget;
+    cell->setAutoFillBackground(true); // on the ground of the table a dark theme would hide an empty box
+    cell->setBackgroundRole(QPalette::Window);
     auto* layout = new QHBoxLayout(cell);
     layout->setSpacing(0);
     layout->setContentsMargins(0, 0, 0, 0);
