@@ -8,7 +8,8 @@
 namespace
 {
 const char* const lastLogin = "signIn/login";
-const char* const lastDepartment = "signIn/department";
+const char* const formerLogin = "signIn/formerLogin";     ///< before the last one
+const char* const lastDepartments = "signIn/departments"; ///< by login
 
 void select(QComboBox* combo, const QVariant& data)
 {
@@ -42,6 +43,28 @@ SignInDialog::SignInDialog(SignIn* signIn, const QString& login, const QString& 
 
 SignInDialog::~SignInDialog() = default;
 
+void SignInDialog::offerNextOf(const QString& leaving)
+{
+    QComboBox* combo = m_form->loginCombo;
+    const int present = combo->findData(leaving);
+    const int former = combo->findData(QSettings().value(QLatin1String(formerLogin)));
+    QVector<int> offers;
+    if (former >= 0 && former != present)
+        offers << former;
+    for (int i = 1; i <= combo->count(); ++i)
+        offers << (present + i) % combo->count();
+    for (const int offer : qAsConst(offers)) { // some are workers nowhere
+        combo->setCurrentIndex(offer);
+        if (m_form->buttonBox->button(QDialogButtonBox::Ok)->isEnabled())
+            return;
+    }
+}
+
+QString SignInDialog::login() const
+{
+    return m_form->loginCombo->currentData().toString();
+}
+
 QByteArray SignInDialog::departmentKey() const
 {
     return m_form->departmentCombo->currentData().toByteArray();
@@ -67,7 +90,7 @@ void SignInDialog::loginChosen()
     for (const SignIn::Department& one : departments)
         m_form->departmentCombo->addItem(QStringLiteral("%1, %2").arg(one.name, one.organizationName),
                                          one.key);
-    select(m_form->departmentCombo, QSettings().value(QLatin1String(lastDepartment)));
+    select(m_form->departmentCombo, QSettings().value(QLatin1String(lastDepartments)).toMap().value(login()));
     const QByteArray wanted = departmentOf(*m_signIn, m_department);
     if (!wanted.isEmpty())
         select(m_form->departmentCombo, wanted);
@@ -83,7 +106,12 @@ void SignInDialog::loginChosen()
 void SignInDialog::accept()
 {
     QSettings settings;
-    settings.setValue(QLatin1String(lastLogin), m_form->loginCombo->currentData());
-    settings.setValue(QLatin1String(lastDepartment), m_form->departmentCombo->currentData());
+    const QString last = settings.value(QLatin1String(lastLogin)).toString();
+    if (last != login())
+        settings.setValue(QLatin1String(formerLogin), last);
+    settings.setValue(QLatin1String(lastLogin), login());
+    QVariantMap departments = settings.value(QLatin1String(lastDepartments)).toMap();
+    departments.insert(login(), m_form->departmentCombo->currentData());
+    settings.setValue(QLatin1String(lastDepartments), departments);
     QDialog::accept();
 }

@@ -20,6 +20,10 @@ public:
     SignInDialog(SignIn* signIn, const QString& login, const QString& department, QWidget* parent = nullptr);
     ~SignInDialog() override;
 
+    /// For a change of users: offers the one who worked here before \a leaving, or the next in the list.
+    void offerNextOf(const QString& leaving);
+
+    QString login() const;
     /// Key of the chosen department; empty for a login without one.
     QByteArray departmentKey() const;
 

@@ -7,6 +7,8 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QMenu>
+#include <QShortcut>
 #include <QStyle>
 #include <QToolButton>
 
@@ -15,6 +17,8 @@ namespace
 constexpr int noticeMs = 12000;
 /// The server is asked for its time once in so many seconds; in between our own clock carries it on.
 constexpr int secondsBetweenSynchronizations = 60;
+/// A clock of this computer that goes wrong by more is told.
+constexpr qint64 toleratedDeviationMs = 5000;
 
 QLabel* panel(const QString& name, QHBoxLayout* layout, int stretch = 0)
 {
@@ -36,6 +40,17 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     m_connectionLabel = panel(QStringLiteral("connectionLabel"), layout);
     panel(QStringLiteral("userLabel"), layout)->setText(QStringLiteral("%1, %2").arg(user, department));
 
+    m_modulesButton = new QToolButton;
+    m_modulesButton->setObjectName(QStringLiteral("modulesButton"));
+    m_modulesButton->setAutoRaise(true);
+    m_modulesButton->setPopupMode(QToolButton::InstantPopup);
+    m_modulesButton->setText(tr("Модули"));
+    m_modulesButton->setToolTip(tr("Другие модули и смена пользователя (Ctrl + Shift + M)"));
+    m_modulesButton->hide();
+    layout->addWidget(m_modulesButton);
+    auto* menuKey = new QShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_M), this);
+    connect(menuKey, &QShortcut::activated, m_modulesButton, &QToolButton::showMenu);
+
     m_messageLabel = panel(QStringLiteral("messageLabel"), layout, 1);
     m_messageLabel->setTextFormat(Qt::PlainText);
     m_messageLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -55,6 +70,9 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     layout->addWidget(m_themeButton);
     connect(m_themeButton, &QToolButton::clicked, this, [] { Theme::toggle(); });
 
+    m_deviationLabel = panel(QStringLiteral("deviationLabel"), layout);
+    m_deviationLabel->setStyleSheet(QStringLiteral("color: black; background: #F2C94C; padding: 1px 6px;"));
+    m_deviationLabel->setToolTip(tr("Журнал живёт по времени сервера. Сверьте часы этого компьютера."));
     m_clockLabel = panel(QStringLiteral("clockLabel"), layout);
     m_clockLabel->setToolTip(tr("Время сервера"));
 
@@ -87,9 +105,40 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
 
 void StatusLine::addFailure(const QString& text)
 {
-    m_failures << QStringLiteral("%1 %2").arg(QTime::currentTime().toString(QStringLiteral("hh:mm:ss")),
-                                              text);
+    const QDateTime now = QDateTime::currentDateTime();
+    if (!m_failures.isEmpty() && m_failures.constLast().text == text) {
+        ++m_failures.last().count;
+        m_failures.last().last = now;
+    } else {
+        m_failures.append({text, now, 1});
+    }
     showMessage();
+}
+
+QStringList StatusLine::failures() const
+{
+    QStringList texts;
+    for (const Failure& failure : m_failures) {
+        QString text =
+            QStringLiteral("%1 %2").arg(failure.last.toString(QStringLiteral("hh:mm:ss")), failure.text);
+        if (failure.count > 1)
+            text += tr(" (раз: %1)").arg(failure.count);
+        texts << text;
+    }
+    return texts;
+}
+
+void StatusLine::setModuleMenu(QMenu* menu)
+{
+    m_modulesButton->setMenu(menu);
+    m_modulesButton->setVisible(menu != nullptr);
+}
+
+void StatusLine::setOwnClock(std::function<QDateTime()> clock)
+{
+    m_ownClock = std::move(clock);
+    synchronizeClock();
+    showClock();
 }
 
 void StatusLine::showNotice(const QString& text)
@@ -117,14 +166,15 @@ void StatusLine::showConnection(bool connected)
 void StatusLine::showMessage()
 {
     m_acknowledgeButton->setVisible(!m_failures.isEmpty());
+    const QStringList told = failures();
     QString text = m_notice;
-    if (!m_failures.isEmpty()) {
-        text = m_failures.constLast();
-        if (m_failures.size() > 1)
-            text += tr(" (и ещё %1)").arg(m_failures.size() - 1);
+    if (!told.isEmpty()) {
+        text = told.constLast();
+        if (told.size() > 1)
+            text += tr(" (и ещё %1)").arg(told.size() - 1);
     }
     m_messageLabel->setText(text);
-    m_messageLabel->setToolTip(m_failures.isEmpty() ? m_notice : m_failures.join(QLatin1Char('\n')));
+    m_messageLabel->setToolTip(told.isEmpty() ? m_notice : told.join(QLatin1Char('\n')));
 
     // A colour of its own beside the words: legible on light and dark grounds.
     m_messageLabel->setStyleSheet(
@@ -142,11 +192,22 @@ void StatusLine::synchronizeClock()
 {
     const double now = m_session->GetHfnTime();
     if (now > 0)
-        m_serverAhead = QDateTime::currentDateTime().msecsTo(HfnTime_to_DateTime(now, -1));
+        m_serverAhead = m_ownClock().msecsTo(HfnTime_to_DateTime(now, -1));
+    showDeviation();
+}
+
+void StatusLine::showDeviation()
+{
+    const bool told = qAbs(m_serverAhead) > toleratedDeviationMs;
+    const qint64 seconds = qAbs(m_serverAhead) / 1000;
+    m_deviationLabel->setVisible(told);
+    m_deviationLabel->setText(!told ? QString()
+                              : m_serverAhead > 0 ? tr("Часы компьютера отстают на %1 с").arg(seconds)
+                                                  : tr("Часы компьютера спешат на %1 с").arg(seconds));
 }
 
 void StatusLine::showClock()
 {
     m_clockLabel->setText(
-        QDateTime::currentDateTime().addMSecs(m_serverAhead).toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")));
+        m_ownClock().addMSecs(m_serverAhead).toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")));
 }

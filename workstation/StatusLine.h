@@ -1,14 +1,17 @@
 #pragma once
 
-#include <QTime>
+#include <functional>
+#include <QDateTime>
 #include <QTimer>
+#include <QVector>
 #include <QWidget>
 
 class CVrkCliSes;
 class QLabel;
+class QMenu;
 class QToolButton;
 
-/// The line at the foot of every window: is the store there, who works where, what time the server has; and
+/// The line at the foot of every window: is the store there, who works where, what time the server has, the menu of modules; and
 /// each request that was refused or failed, with time and reason, until the user acknowledges it.
 class StatusLine : public QWidget
 {
@@ -23,15 +26,26 @@ public:
     /// A notice that goes by itself; it never covers a failure.
     void showNotice(const QString& text);
     /// Failures not yet acknowledged, oldest first.
-    QStringList failures() const { return m_failures; }
+    QStringList failures() const;
+    /// The menu behind the button "Модули"; without one there is no button.
+    void setModuleMenu(QMenu* menu);
+    /// The clock of this computer, for tests.
+    void setOwnClock(std::function<QDateTime()> clock);
 
 private:
+    struct Failure {
+        QString text;
+        QDateTime last; ///< time
+        int count = 1;
+    };
+
     void requestFailed(bool write, const QString& table, const QString& reason);
     void showConnection(bool connected);
     void showMessage();
     void acknowledge();
     void synchronizeClock();
     void showClock();
+    void showDeviation();
 
     CVrkCliSes* m_session;
     QLabel* m_connectionIcon;
@@ -39,8 +53,11 @@ private:
     QLabel* m_messageLabel;
     QToolButton* m_acknowledgeButton;
     QToolButton* m_themeButton;
+    QToolButton* m_modulesButton;
+    QLabel* m_deviationLabel;
     QLabel* m_clockLabel;
-    QStringList m_failures;
+    QVector<Failure> m_failures;
+    std::function<QDateTime()> m_ownClock = &QDateTime::currentDateTime;
     QString m_notice;
     QTimer m_noticeTimer;
     QTimer m_clockTimer;

@@ -230,7 +230,7 @@ bool Tour::playTheme(const QString& theme, const QString& title)
         Workstation workstation;
         if (!workstation.enter(options))
             return fail(workstation.errorText());
-        CVrkCliMod* window = workstation.startModule(options);
+        CVrkCliMod* window = workstation.startModule(options.module);
         if (!window)
             return fail(workstation.errorText());
         window->resize(1280, 720);

@@ -4,14 +4,17 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "LogWriter.h"
+#include "ModuleMenu.h"
 #include "SignIn.h"
 #include "SignInDialog.h"
 #include "StatusLine.h"
 
 #include <algorithm>
+#include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
 
 Workstation::Workstation(LogWriter* log)
 {
@@ -24,8 +27,8 @@ Workstation::Workstation(LogWriter* log)
 
 Workstation::~Workstation()
 {
-    for (const QPointer<CVrkCliMod>& module : m_modules)
-        delete module;
+    for (const Open& open : m_modules)
+        delete open.module;
     m_app.setLogSink(nullptr);
 }
 
@@ -34,6 +37,7 @@ bool Workstation::enter(const Options& options)
     SignIn signIn;
     QByteArray department;
     m_errorText.clear();
+    m_options = options;
     if (!signIn.open(options.store) || !chooseDepartment(&signIn, options, &department) ||
         !signIn.enter(&m_app, department)) {
         if (m_errorText.isEmpty())
@@ -41,6 +45,7 @@ bool Workstation::enter(const Options& options)
         return false;
     }
     m_userName = signIn.userName();
+    m_departmentName.clear();
     for (const SignIn::Department& one : signIn.departments()) {
         if (one.key == department)
             m_departmentName = one.name;
@@ -52,9 +57,11 @@ bool Workstation::enter(const Options& options)
 bool Workstation::chooseDepartment(SignIn* signIn, const Options& options, QByteArray* department)
 {
     const bool chosenByServer = signIn->logins().isEmpty();
+    m_mayChangeUser = !chosenByServer;
     if (!options.user.isEmpty() || chosenByServer) {
         if (!signIn->signIn(options.user))
             return false;
+        m_leavingLogin = options.user;
         *department = SignInDialog::departmentOf(*signIn, options.department);
         if (!department->isEmpty() || signIn->departments().isEmpty())
             return true; // without a department the module says what is missing
@@ -65,32 +72,100 @@ bool Workstation::chooseDepartment(SignIn* signIn, const Options& options, QByte
         }
     }
     SignInDialog dialog(signIn, options.user, options.department);
+    if (m_changing)
+        dialog.offerNextOf(m_leavingLogin);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     *department = dialog.departmentKey();
+    m_leavingLogin = dialog.login();
     return true;
 }
 
-CVrkCliMod* Workstation::startModule(const Options& options)
+CVrkCliMod* Workstation::module(const QString& name) const
 {
+    for (const Open& open : m_modules) {
+        if (open.module && open.module->isVisible() && open.name == name)
+            return open.module;
+    }
+    return nullptr;
+}
+
+CVrkCliMod* Workstation::startModule(const QString& name)
+{
+    if (CVrkCliMod* open = module(name)) {
+        open->raise();
+        open->activateWindow();
+        return open;
+    }
     if (!m_loader)
-        m_loader = std::make_unique<PluginLoader>(options.plugin);
-    CVrkCliMod* module = m_loader->create(&m_app, options.module);
+        m_loader = std::make_unique<PluginLoader>(m_options.plugin);
+    CVrkCliMod* module = m_loader->create(&m_app, name);
     if (!module) {
         m_errorText = m_loader->errorText();
         return nullptr;
     }
-    m_modules.emplace_back(module);
-
-    auto* line = new StatusLine(m_app.session(), m_userName, m_departmentName);
-    module->statusBar()->setSizeGripEnabled(false);
-    module->statusBar()->addWidget(line, 1);
-    connect(&m_app, &CVrkCliApp::textAdjusted, line, &StatusLine::showNotice);
+    m_modules.push_back({name, module});
+    addStatusLine(module);
     connect(module, &CVrkCliMod::closed, this, [this, module] { moduleClosed(module); });
 
     module->show();
     module->ModuleStart();
     return module;
+}
+
+void Workstation::addStatusLine(CVrkCliMod* module)
+{
+    auto* line = new StatusLine(m_app.session(), m_userName, m_departmentName);
+    module->statusBar()->setSizeGripEnabled(false);
+    module->statusBar()->addWidget(line, 1);
+    connect(&m_app, &CVrkCliApp::textAdjusted, line, &StatusLine::showNotice);
+
+    auto* menu = new ModuleMenu(m_app.session(), m_mayChangeUser, line);
+    line->setModuleMenu(menu);
+    line->addAction(menu->changeUserAction());
+    connect(menu, &ModuleMenu::moduleChosen, this, [this, line](const QString& name) {
+        if (!startModule(name))
+            line->addFailure(m_errorText);
+    });
+    // Later: the window in whose menu it was chosen will be gone.
+    connect(menu->changeUserAction(), &QAction::triggered, this,
+            [this] { QTimer::singleShot(0, this, &Workstation::changeUser); });
+}
+
+void Workstation::changeUser()
+{
+    if (m_changing)
+        return;
+    for (const Open& open : m_modules) {
+        if (open.module && open.module->isVisible() && !mayClose(open.module))
+            return;
+    }
+    m_changing = true;
+    const bool quits = QApplication::quitOnLastWindowClosed();
+    QApplication::setQuitOnLastWindowClosed(false);
+    closeModules();
+    Options options = m_options;
+    options.user.clear();
+    options.department.clear();
+    const bool entered = enter(options) && startModule(QStringLiteral("logbook"));
+    QApplication::setQuitOnLastWindowClosed(quits);
+    m_changing = false;
+    if (!entered)
+        emit left();
+}
+
+/// They have been asked already.
+void Workstation::closeModules()
+{
+    for (const Open& open : m_modules) {
+        if (!open.module)
+            continue;
+        open.module->disconnect(this);
+        open.module->hide();
+        open.module->ModuleStop();
+        delete open.module;
+    }
+    m_modules.clear();
 }
 
 StatusLine* Workstation::statusLine(const CVrkCliMod* module) const
@@ -130,5 +205,8 @@ bool Workstation::mayClose(CVrkCliMod* module)
 void Workstation::moduleClosed(CVrkCliMod* module)
 {
     module->ModuleStop();
+    m_modules.erase(std::remove_if(m_modules.begin(), m_modules.end(),
+                                   [module](const Open& open) { return open.module == module; }),
+                    m_modules.end());
     module->deleteLater();
 }

@@ -14,8 +14,8 @@ class LogWriter;
 class SignIn;
 class StatusLine;
 
-/// The host: signs in, loads the plug-in, starts modules as windows and looks after them until they are
-/// closed.
+/// The host: signs in, loads the plug-in, starts modules as windows on one session and looks after them until
+/// they are closed or another user takes over.
 class Workstation : public QObject
 {
     Q_OBJECT
@@ -28,23 +28,42 @@ public:
     /// Opens the store and signs in, asking for what the options leave open. False, and errorText() says why;
     /// an empty text means that the user has called it off.
     bool enter(const Options& options);
-    /// Makes a module and shows its window. Null, and errorText() says why. A module whose start fails stays
-    /// open: it shows the reason itself.
-    CVrkCliMod* startModule(const Options& options);
+    /// Makes the module called \a name and shows its window, or raises the one that is open. Null, and errorText() says
+    /// why. A module whose start fails stays open: it shows the reason itself.
+    CVrkCliMod* startModule(const QString& name);
+    /// Closes all modules, asking about their edit states, signs the next user in and starts the journal for him. A
+    /// module that wants to stay ends it before anything was closed.
+    void changeUser();
 
     QString errorText() const { return m_errorText; }
     CVrkCliApp* app() { return &m_app; }
     StatusLine* statusLine(const CVrkCliMod* module) const;
+    /// The module that is open under this name; null when there is none.
+    CVrkCliMod* module(const QString& name) const;
+
+signals:
+    /// Nobody is signed in any more; errorText() says why when it was not the user's choice.
+    void left();
 
 private:
     bool chooseDepartment(SignIn* signIn, const Options& options, QByteArray* department);
     bool mayClose(CVrkCliMod* module);
     void moduleClosed(CVrkCliMod* module);
+    void closeModules();
+    void addStatusLine(CVrkCliMod* module);
 
     CVrkCliApp m_app;
     std::unique_ptr<LogSink> m_sink;
     std::unique_ptr<PluginLoader> m_loader;
-    std::vector<QPointer<CVrkCliMod>> m_modules;
+    struct Open {
+        QString name;
+        QPointer<CVrkCliMod> module;
+    };
+    std::vector<Open> m_modules;
+    Options m_options;
+    QString m_leavingLogin; ///< who is signed in, and not offered first when he leaves
+    bool m_changing = false;
+    bool m_mayChangeUser = false;
     QString m_userName;
     QString m_departmentName;
     QString m_errorText;

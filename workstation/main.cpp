@@ -66,7 +66,11 @@ int main(int argc, char* argv[])
     Workstation workstation(&log);
     if (!workstation.enter(options))
         return workstation.errorText().isEmpty() ? 0 : fail(workstation.errorText());
-    if (!workstation.startModule(options))
+    if (!workstation.startModule(options.module))
         return fail(workstation.errorText());
+    QObject::connect(&workstation, &Workstation::left, &application, [&workstation] {
+        const bool unwanted = !workstation.errorText().isEmpty();
+        QApplication::exit(unwanted ? fail(workstation.errorText()) : 0);
+    });
     return QApplication::exec();
 }

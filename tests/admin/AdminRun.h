@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../support/TestFolder.h"
 #include "Command.h"
 
 #include <QDir>
@@ -37,7 +38,7 @@ struct AdminRun {
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    QTemporaryDir folder;
+    QTemporaryDir folder{testFolderTemplate()};
     QString url = QStringLiteral("sqlite://") + folder.filePath(QStringLiteral("store.sqlite"));
     QString sheets = folder.filePath(QStringLiteral("sheets"));
     QString out;

@@ -42,7 +42,7 @@ private:
     {
         m_host = std::make_unique<Workstation>();
         QVERIFY2(m_host->enter(options()), qPrintable(m_host->errorText()));
-        m_journal = m_host->startModule(options());
+        m_journal = m_host->startModule(QStringLiteral("logbook"));
         QVERIFY(m_journal);
     }
     QString shownMessage() const { return label("messageLabel")->text(); }
@@ -113,10 +113,8 @@ private slots:
         QFETCH(QString, name);
         QFETCH(QString, title);
         Workstation host;
-        Options wanted = options();
-        wanted.module = name;
-        QVERIFY(host.enter(wanted));
-        const CVrkCliMod* module = host.startModule(wanted);
+        QVERIFY(host.enter(options()));
+        const CVrkCliMod* module = host.startModule(name);
         QVERIFY(module);
         QCOMPARE(module->moduleTitle(), title);
     }
@@ -160,7 +158,7 @@ private slots:
         Options trainee = options(QStringLiteral("stazher"));
         trainee.department.clear();
         QVERIFY2(host.enter(trainee), qPrintable(host.errorText()));
-        const CVrkCliMod* module = host.startModule(trainee);
+        const CVrkCliMod* module = host.startModule(QStringLiteral("logbook"));
         QVERIFY(module);
         const auto* box = module->findChild<CPopMessageBox*>();
         QVERIFY(box && box->isVisible());
@@ -171,9 +169,9 @@ private slots:
     {
         Workstation host;
         Options wanted = options();
-        QVERIFY(host.enter(wanted));
         wanted.plugin = m_folder.filePath(QStringLiteral("libNothing.so"));
-        QVERIFY(!host.startModule(wanted));
+        QVERIFY(host.enter(wanted));
+        QVERIFY(!host.startModule(QStringLiteral("logbook")));
         QVERIFY(host.errorText().startsWith(QStringLiteral("Не удалось загрузить библиотеку модулей ")));
         QVERIFY(host.errorText().contains(QStringLiteral("libNothing.so")));
     }
@@ -181,10 +179,8 @@ private slots:
     void aModuleThatIsNotThereIsNamed()
     {
         Workstation host;
-        Options wanted = options();
-        wanted.module = QStringLiteral("nothing");
-        QVERIFY(host.enter(wanted));
-        QVERIFY(!host.startModule(wanted));
+        QVERIFY(host.enter(options()));
+        QVERIFY(!host.startModule(QStringLiteral("nothing")));
         QVERIFY(host.errorText().endsWith(QStringLiteral("нет модуля «nothing».")));
     }
 

@@ -1,0 +1,244 @@
+#include "StatusLine.h"
+
+#include "CVrkCliApp.h"
+#include "CVrkCliSes.h"
+#include "HfnTime.h"
+#include "HostBench.h"
+#include "SignIn.h"
+#include "Theme.h"
+
+#include <memory>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QTest>
+#include <QToolButton>
+
+/// The status line over a real session.
+class StatusLine_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void itTellsWhoWorksWhere();
+    void aFailureStaysUntilItIsAcknowledged();
+    void theKeyAcknowledges();
+    void severalFailuresAreCounted();
+    void theSameFailureAgainIsCountedNotRepeated();
+    void refusedRequestsAreTold_data();
+    void refusedRequestsAreTold();
+    void aFailedSelectIsTold();
+    void aNoticeDoesNotCoverAFailure();
+    void aNoticeGoesByItself();
+    void aLostConnectionIsShownAndFound();
+    void anotherHistoryIsAFailure();
+    void theClockShowsTheServersTime();
+    void aWrongClockIsTold_data();
+    void aWrongClockIsTold();
+    void theThemeChangesByItsKey();
+    void thereIsNoMenuButtonWithoutAMenu();
+
+private:
+    QString text(const char* label) const { return m_line->findChild<QLabel*>(QLatin1String(label))->text(); }
+    QToolButton* acknowledge() const
+    {
+        return m_line->findChild<QToolButton*>(QStringLiteral("acknowledgeButton"));
+    }
+
+    std::unique_ptr<HostBench> m_bench;
+    std::unique_ptr<CVrkCliApp> m_app;
+    std::unique_ptr<StatusLine> m_line;
+};
+
+void StatusLine_test::init()
+{
+    m_bench = std::make_unique<HostBench>();
+    m_app = std::make_unique<CVrkCliApp>();
+    SignIn signIn;
+    QVERIFY(signIn.open(m_bench->url()));
+    QVERIFY(signIn.signIn(QStringLiteral("roshchin")));
+    QVERIFY(signIn.enter(m_app.get(), QByteArray()));
+    m_line = std::make_unique<StatusLine>(m_app->session(), QStringLiteral("Рощин"), QStringLiteral("ЦДС"));
+    m_line->resize(1200, 30);
+    m_line->show();
+}
+
+void StatusLine_test::cleanup()
+{
+    m_line.reset();
+    m_app.reset();
+    m_bench.reset();
+}
+
+void StatusLine_test::itTellsWhoWorksWhere()
+{
+    QCOMPARE(text("userLabel"), QStringLiteral("Рощин, ЦДС"));
+    QCOMPARE(text("connectionLabel"), QStringLiteral("Подключено"));
+    QVERIFY(text("messageLabel").isEmpty());
+    QVERIFY(!acknowledge()->isVisible());
+}
+
+void StatusLine_test::aFailureStaysUntilItIsAcknowledged()
+{
+    m_line->addFailure(QStringLiteral("Не записано: диск полон"));
+    QVERIFY(QRegularExpression(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d Не записано: диск полон$"))
+                .match(text("messageLabel"))
+                .hasMatch());
+    QVERIFY(acknowledge()->isVisible());
+    m_line->showNotice(QStringLiteral("Замечание"));
+    QVERIFY(text("messageLabel").contains(QStringLiteral("диск полон")));
+    acknowledge()->click();
+    QVERIFY(m_line->failures().isEmpty());
+    QVERIFY(!acknowledge()->isVisible());
+    QCOMPARE(text("messageLabel"), QStringLiteral("Замечание"));
+}
+
+void StatusLine_test::theKeyAcknowledges()
+{
+    m_line->addFailure(QStringLiteral("Не записано"));
+    m_line->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_line.get()));
+    QTest::keyClick(m_line.get(), Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
+    QTRY_VERIFY(m_line->failures().isEmpty());
+}
+
+void StatusLine_test::severalFailuresAreCounted()
+{
+    for (const char* what : {"a", "b", "c"})
+        m_line->addFailure(QLatin1String(what));
+    QVERIFY(text("messageLabel").endsWith(QStringLiteral(" c (и ещё 2)")));
+    const QStringList told =
+        m_line->findChild<QLabel*>(QStringLiteral("messageLabel"))->toolTip().split(QLatin1Char('\n'));
+    QCOMPARE(told, m_line->failures());
+    QCOMPARE(told.size(), 3);
+    QVERIFY(told[0].endsWith(QStringLiteral(" a")));
+}
+
+void StatusLine_test::theSameFailureAgainIsCountedNotRepeated()
+{
+    for (int i = 0; i < 3; ++i)
+        m_line->addFailure(QStringLiteral("Нет связи"));
+    QCOMPARE(m_line->failures().size(), 1);
+    QVERIFY(text("messageLabel").endsWith(QStringLiteral(" Нет связи (раз: 3)")));
+}
+
+void StatusLine_test::refusedRequestsAreTold_data()
+{
+    QTest::addColumn<bool>("write");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("write") << true << QStringLiteral(" Не записано: Смена уже закрыта.");
+    QTest::newRow("read") << false << QStringLiteral(" Не прочитано: Смена уже закрыта.");
+}
+
+void StatusLine_test::refusedRequestsAreTold()
+{
+    QFETCH(bool, write);
+    QFETCH(QString, told);
+    emit m_app->session()->requestFailed(write, QStringLiteral("LogbookWorkshifts"),
+                                         QStringLiteral("Смена уже закрыта."));
+    QVERIFY(text("messageLabel").endsWith(told));
+}
+
+void StatusLine_test::aFailedSelectIsTold()
+{
+    QVERIFY(!m_app->session()->SqlRequest("SELECT * FROM Nowhere"));
+    QCOMPARE(m_line->failures().size(), 1);
+    QVERIFY(m_line->failures().constFirst().contains(QStringLiteral("Не прочитано: ")));
+    QVERIFY(m_line->failures().constFirst().endsWith(m_app->session()->lastErrorText()));
+}
+
+void StatusLine_test::aNoticeDoesNotCoverAFailure()
+{
+    m_line->showNotice(QStringLiteral("Замечание"));
+    QCOMPARE(text("messageLabel"), QStringLiteral("Замечание"));
+    QVERIFY(!acknowledge()->isVisible());
+    m_line->addFailure(QStringLiteral("Неудача"));
+    QVERIFY(text("messageLabel").endsWith(QStringLiteral("Неудача")));
+    m_line->showNotice(QStringLiteral("Другое"));
+    QVERIFY(text("messageLabel").endsWith(QStringLiteral("Неудача")));
+}
+
+void StatusLine_test::aNoticeGoesByItself()
+{
+    m_line->showNotice(QStringLiteral("Замечание"));
+    QTRY_VERIFY_WITH_TIMEOUT(text("messageLabel").isEmpty(), 20000);
+}
+
+void StatusLine_test::aLostConnectionIsShownAndFound()
+{
+    const qint64 connected =
+        m_line->findChild<QLabel*>(QStringLiteral("connectionIcon"))->pixmap(Qt::ReturnByValue).cacheKey();
+    emit m_app->session()->connectionChanged(false);
+    QCOMPARE(text("connectionLabel"), QStringLiteral("Нет связи с хранилищем"));
+    QVERIFY(
+        m_line->findChild<QLabel*>(QStringLiteral("connectionIcon"))->pixmap(Qt::ReturnByValue).cacheKey() !=
+        connected);
+    emit m_app->session()->connectionChanged(true);
+    QCOMPARE(text("connectionLabel"), QStringLiteral("Подключено"));
+}
+
+void StatusLine_test::anotherHistoryIsAFailure()
+{
+    emit m_app->session()->historyChanged();
+    QVERIFY(text("messageLabel")
+                .endsWith(QStringLiteral(
+                    "Хранилище восстановлено из копии: закройте программу и откройте её снова.")));
+}
+
+void StatusLine_test::theClockShowsTheServersTime()
+{
+    m_line->setOwnClock([] { return QDateTime::currentDateTime().addSecs(-3600); });
+    const QDateTime shown = QDateTime::fromString(text("clockLabel"), QStringLiteral("dd.MM.yyyy hh:mm:ss"));
+    const QDateTime server = HfnTime_to_DateTime(m_app->session()->GetHfnTime(), -1);
+    QVERIFY(qAbs(shown.secsTo(server)) <= 2);
+}
+
+void StatusLine_test::aWrongClockIsTold_data()
+{
+    QTest::addColumn<int>("ahead");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("right") << 0 << QString();
+    QTest::newRow("a little slow") << -3 << QString();
+    QTest::newRow("a little fast") << 3 << QString();
+    QTest::newRow("slow") << -30 << QStringLiteral("^Часы компьютера отстают на (29|30) с$");
+    QTest::newRow("fast") << 30 << QStringLiteral("^Часы компьютера спешат на (30|31) с$");
+}
+
+void StatusLine_test::aWrongClockIsTold()
+{
+    QFETCH(int, ahead);
+    QFETCH(QString, told);
+    m_line->setOwnClock([ahead] { return QDateTime::currentDateTime().addSecs(ahead); });
+    auto* label = m_line->findChild<QLabel*>(QStringLiteral("deviationLabel"));
+    QCOMPARE(label->isVisible(), !told.isEmpty());
+    QVERIFY2(QRegularExpression(told).match(label->text()).hasMatch(), qPrintable(label->text()));
+    m_line->setOwnClock(&QDateTime::currentDateTime);
+    QVERIFY(!label->isVisible());
+}
+
+void StatusLine_test::theThemeChangesByItsKey()
+{
+    QVERIFY(Theme::apply(QStringLiteral("light")));
+    m_line->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_line.get()));
+    QTest::keyClick(m_line.get(), Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+    QTRY_COMPARE(Theme::current(), QStringLiteral("dark"));
+    m_line->findChild<QToolButton*>(QStringLiteral("themeButton"))->click();
+    QCOMPARE(Theme::current(), QStringLiteral("light"));
+}
+
+void StatusLine_test::thereIsNoMenuButtonWithoutAMenu()
+{
+    auto* button = m_line->findChild<QToolButton*>(QStringLiteral("modulesButton"));
+    QVERIFY(!button->isVisible());
+    QMenu menu;
+    m_line->setModuleMenu(&menu);
+    QVERIFY(button->isVisible());
+}
+
+QTEST_MAIN(StatusLine_test)
+#include "StatusLine_test.moc"

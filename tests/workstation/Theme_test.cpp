@@ -1,0 +1,104 @@
+#include "Theme.h"
+
+#include "../support/TestFolder.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QSettings>
+#include <QStyle>
+#include <QTemporaryDir>
+#include <QTest>
+
+class Theme_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init() { QSettings().clear(); }
+
+    void anUnknownThemeChangesNothing();
+    void lightAndDarkColourTheWholeApplication();
+    void systemLeavesTheColours();
+    void whatIsDimStaysLegible_data();
+    void whatIsDimStaysLegible();
+    void theToggleRemembersTheChoice();
+    void nothingIsRememberedAtFirst();
+
+private:
+    static int lightness(QPalette::ColorRole role, QPalette::ColorGroup group = QPalette::Active)
+    {
+        return QApplication::palette().color(group, role).lightness();
+    }
+
+    QTemporaryDir m_folder{testFolderTemplate()};
+};
+
+void Theme_test::initTestCase()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("vrk-test"));
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+}
+
+void Theme_test::anUnknownThemeChangesNothing()
+{
+    QVERIFY(Theme::apply(QStringLiteral("light")));
+    const QPalette before = QApplication::palette();
+    QVERIFY(!Theme::apply(QStringLiteral("pink")));
+    QCOMPARE(Theme::current(), QStringLiteral("light"));
+    QCOMPARE(QApplication::palette(), before);
+}
+
+void Theme_test::lightAndDarkColourTheWholeApplication()
+{
+    QVERIFY(Theme::apply(QStringLiteral("dark")));
+    QCOMPARE(Theme::current(), QStringLiteral("dark"));
+    QVERIFY(lightness(QPalette::Base) < 64 && lightness(QPalette::Text) > 192);
+    QVERIFY(Theme::apply(QStringLiteral("light")));
+    QVERIFY(lightness(QPalette::Base) > 192 && lightness(QPalette::Text) < 64);
+    QCOMPARE(QApplication::style()->objectName(), QStringLiteral("fusion"));
+}
+
+void Theme_test::systemLeavesTheColours()
+{
+    QVERIFY(Theme::apply(QStringLiteral("light")));
+    const QPalette before = QApplication::palette();
+    QVERIFY(Theme::apply(QStringLiteral("system")));
+    QCOMPARE(QApplication::palette(), before);
+    QCOMPARE(Theme::current(), QStringLiteral("system"));
+}
+
+void Theme_test::whatIsDimStaysLegible_data()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::newRow("light") << QStringLiteral("light");
+    QTest::newRow("dark") << QStringLiteral("dark");
+}
+
+void Theme_test::whatIsDimStaysLegible()
+{
+    QFETCH(QString, theme);
+    QVERIFY(Theme::apply(theme));
+    const int contrast = qAbs(lightness(QPalette::Text, QPalette::Disabled) - lightness(QPalette::Base));
+    QVERIFY2(contrast > 50, qPrintable(QString::number(contrast)));
+    QVERIFY(lightness(QPalette::Text, QPalette::Disabled) != lightness(QPalette::Text));
+    QVERIFY(qAbs(lightness(QPalette::HighlightedText) - lightness(QPalette::Highlight)) > 80);
+}
+
+void Theme_test::theToggleRemembersTheChoice()
+{
+    QVERIFY(Theme::apply(QStringLiteral("light")));
+    Theme::toggle();
+    QCOMPARE(Theme::current(), QStringLiteral("dark"));
+    QCOMPARE(Theme::remembered(), QStringLiteral("dark"));
+    Theme::toggle();
+    QCOMPARE(Theme::remembered(), QStringLiteral("light"));
+}
+
+void Theme_test::nothingIsRememberedAtFirst()
+{
+    QCOMPARE(Theme::remembered(), QStringLiteral("system"));
+}
+
+QTEST_MAIN(Theme_test)
+#include "Theme_test.moc"
