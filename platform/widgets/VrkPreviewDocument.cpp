@@ -1,10 +1,13 @@
 #include "VrkPreviewDocument.h"
 
 #include "TemplateText.h"
+#include "VrkTableDelegate.h"
 #include "VrkTableProxyModel.h"
 
+#include <QDate>
 #include <QHeaderView>
 #include <QIcon>
+#include <QLocale>
 #include <QTableView>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -78,7 +81,14 @@ private:
     void writeTable(QTextCursor& cursor)
     {
         const int rows = m_model->rowCount();
-        QTextTable* table = cursor.insertTable(rows + 1, m_columns.size(), tableFormat());
+        const auto* delegate = qobject_cast<const VrkTableDelegate*>(m_source.view->itemDelegate());
+        QHash<int, QDate> days; // by the row that they stand above
+        for (int row = 0; row < rows && delegate; ++row) {
+            const QDate date = delegate->dayLine(row);
+            if (date.isValid())
+                days.insert(row, date);
+        }
+        QTextTable* table = cursor.insertTable(rows + days.size() + 1, m_columns.size(), tableFormat());
         for (int i = 0; i < m_columns.size(); ++i) {
             QTextTableCell cell = table->cellAt(0, i);
             QTextTableCellFormat format;
@@ -92,10 +102,24 @@ private:
             bold.setFontWeight(QFont::Bold);
             text.insertText(oneBlock(m_model->headerData(m_columns[i], Qt::Horizontal).toString()), bold);
         }
-        for (int row = 0; row < rows; ++row) {
+        int printed = 1;
+        for (int row = 0; row < rows; ++row, ++printed) {
+            if (days.contains(row))
+                writeDay(table, printed++, days.value(row));
             for (int i = 0; i < m_columns.size(); ++i)
-                writeCell(table->cellAt(row + 1, i).firstCursorPosition(), m_model->index(row, m_columns[i]));
+                writeCell(table->cellAt(printed, i).firstCursorPosition(), m_model->index(row, m_columns[i]));
         }
+    }
+
+    /// A line with the date across the whole table, as the view has it.
+    void writeDay(QTextTable* table, int printed, const QDate& date)
+    {
+        table->mergeCells(printed, 0, 1, m_columns.size());
+        QTextCursor text = table->cellAt(printed, 0).firstCursorPosition();
+        centre(text);
+        QTextCharFormat bold;
+        bold.setFontWeight(QFont::Bold);
+        text.insertText(QLocale(QLocale::Russian).toString(date, QStringLiteral("d MMMM yyyy, dddd")), bold);
     }
 
     void writeCell(QTextCursor cursor, const QModelIndex& index)

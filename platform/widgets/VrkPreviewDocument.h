@@ -14,6 +14,6 @@ struct VrkPreviewDocument {
     QString footer;
 
     /// Replaces the document's content by the table: a header that each page repeats, a row for each row of the view's
-    /// model, then the footer.
+    /// model, a line with the date where the view has one, then the footer.
     void fill(QTextDocument* document) const;
 };

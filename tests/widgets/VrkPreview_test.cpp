@@ -135,6 +135,22 @@ private slots:
         QVERIFY(!s.document.resource(QTextDocument::ImageResource, name).isNull());
     }
 
+    void theDayLinesOfTheViewArePrinted()
+    {
+        Setup s;
+        s.table.add("K", QStringLiteral("21.11.2026 00:30"), QStringLiteral("Утро"));
+        s.tool.setCMDArray(&s.table);
+        s.tool.sortByColumn(QStringLiteral("recordTime"), Qt::AscendingOrder);
+        QTextTable* printed = s.fill();
+        QCOMPARE(printed->rows(), 5);
+        QCOMPARE(printed->cellAt(3, 0).columnSpan(), 3);
+        QCOMPARE(s.text(printed, 3, 0), QStringLiteral("21 ноября 2026, суббота"));
+        QCOMPARE(s.text(printed, 4, 2), QStringLiteral("Утро"));
+        QCOMPARE(s.text(printed, 2, 2), QStringLiteral("Запись номер 1"));
+        s.tool.sortByColumn(QStringLiteral("html"), Qt::AscendingOrder);
+        QCOMPARE(s.fill()->rows(), 4);
+    }
+
     void theWidthBoundSparesTheLastColumn()
     {
         Setup s;
