@@ -4,6 +4,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QAction>
+#include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -11,12 +12,14 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrintPreviewWidget>
+#include <QProgressDialog>
 #include <QTextDocument>
 #include <QToolBar>
 
 namespace
 {
 constexpr qreal marginMillimetres = 12;
+constexpr int quickPages = 10; ///< so many are there at once
 
 void setUpPage(QPrinter* printer, QPageLayout::Orientation orientation)
 {
@@ -110,12 +113,14 @@ void VrkPreviewWindow::updatePageLabel()
 }
 
 // Lays the document out for the printer and numbers its pages.
-void VrkPreviewWindow::paintPages(QPrinter* printer)
+bool VrkPreviewWindow::paintPages(QPrinter* printer)
 {
+    m_isCancelled = false;
     const std::unique_ptr<QTextDocument> pages(m_document->clone());
     QPainter painter(printer);
     if (!painter.isActive())
-        return;
+        return true;
+    QApplication::setOverrideCursor(Qt::WaitCursor); // the layout cannot be interrupted
     pages->setDocumentMargin(0);
     pages->documentLayout()->setPaintDevice(printer);
     painter.setFont(pages->defaultFont());
@@ -124,7 +129,24 @@ void VrkPreviewWindow::paintPages(QPrinter* printer)
     const QSizeF body(page.width(), page.height() - footer);
     pages->setPageSize(body);
     const int count = pages->pageCount();
+    QApplication::restoreOverrideCursor();
+
+    std::unique_ptr<QProgressDialog> progress;
+    if (count > quickPages) {
+        progress =
+            std::make_unique<QProgressDialog>(tr("Подготовка страниц..."), tr("Отмена"), 0, count, this);
+        progress->setObjectName(QStringLiteral("pagesProgress"));
+        progress->setWindowTitle(windowTitle());
+        progress->setWindowModality(Qt::ApplicationModal); // nothing may ask for other pages meanwhile
+        progress->setMinimumDuration(0);
+    }
     for (int i = 0; i < count; ++i) {
+        if (progress) {
+            progress->setValue(i);
+            m_isCancelled = progress->wasCanceled();
+            if (m_isCancelled)
+                return false;
+        }
         if (i > 0)
             printer->newPage();
         painter.save();
@@ -139,6 +161,7 @@ void VrkPreviewWindow::paintPages(QPrinter* printer)
         painter.drawText(QRectF(0, body.height(), page.width(), footer), Qt::AlignRight | Qt::AlignBottom,
                          tr("Страница %1 из %2").arg(i + 1).arg(count));
     }
+    return true;
 }
 
 void VrkPreviewWindow::print()
@@ -147,8 +170,8 @@ void VrkPreviewWindow::print()
     printer.setDocName(windowTitle());
     setUpPage(&printer, m_printer->pageLayout().orientation());
     QPrintDialog dialog(&printer, this);
-    if (dialog.exec() == QDialog::Accepted)
-        paintPages(&printer);
+    if (dialog.exec() == QDialog::Accepted && !paintPages(&printer))
+        printer.abort();
 }
 
 bool VrkPreviewWindow::savePdf(const QString& file)
@@ -162,7 +185,10 @@ bool VrkPreviewWindow::savePdf(const QString& file)
     if (!probe.open(QIODevice::WriteOnly))
         return false;
     probe.close();
-    paintPages(&printer);
+    if (!paintPages(&printer)) {
+        QFile::remove(file);
+        return false;
+    }
     return printer.printerState() != QPrinter::Error && QFileInfo(file).size() > 0;
 }
 
@@ -174,7 +200,7 @@ void VrkPreviewWindow::askPdf()
         return;
     if (QFileInfo(file).suffix().isEmpty())
         file += QStringLiteral(".pdf");
-    if (savePdf(file))
+    if (savePdf(file) || m_isCancelled)
         return;
     auto* box = findChild<CPopMessageBox*>();
     if (!box)

@@ -21,11 +21,12 @@ public:
     QTextDocument* document() const { return m_document; }
     void updatePreview();
     int pageCount() const;
-    /// Writes all pages; false when the file cannot be written.
+    /// Writes all pages; false when the file cannot be written, or when the user has cancelled: then no file is left.
     bool savePdf(const QString& file);
 
 private:
-    void paintPages(QPrinter* printer);
+    /// Many pages show their progress; false when the user has cancelled, with the pages so far painted.
+    bool paintPages(QPrinter* printer);
     void print();
     void askPdf();
     void addActions();
@@ -35,4 +36,5 @@ private:
     std::unique_ptr<QPrinter> m_printer;
     QPrintPreviewWidget* m_preview;
     QLabel* m_pageLabel;
+    bool m_isCancelled = false; ///< the last painting
 };

@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QHeaderView>
+#include <QProgressDialog>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTextDocument>
@@ -189,6 +190,39 @@ private slots:
         VrkPreviewDocument none;
         none.fill(&s.document);
         QCOMPARE(s.document.toPlainText(), QString());
+    }
+
+    void aLongDocumentShowsItsProgressAndCanBeCancelled()
+    {
+        Setup s(500);
+        VrkPreview preview;
+        preview.setView(&s.view);
+        preview.showDocument();
+        QTRY_VERIFY(window()->pageCount() > 10);
+
+        QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("a.pdf"));
+        QTimer canceller;
+        int seen = 0;
+        bool isCancelling = false;
+        connect(&canceller, &QTimer::timeout, this, [&] {
+            auto* progress = window()->findChild<QProgressDialog*>(QStringLiteral("pagesProgress"));
+            if (!progress || !progress->isVisible())
+                return;
+            ++seen;
+            QCOMPARE(progress->labelText(), QStringLiteral("Подготовка страниц..."));
+            if (isCancelling)
+                progress->cancel();
+        });
+        canceller.start(0);
+        QVERIFY(window()->savePdf(file));
+        QVERIFY(seen > 0);
+        QVERIFY(QFileInfo::exists(file));
+
+        isCancelling = true;
+        QVERIFY(!window()->savePdf(file));
+        QVERIFY(!QFileInfo::exists(file));
+        QVERIFY(!window()->findChild<QProgressDialog*>());
     }
 
     void theWindowShowsPagesAndSavesThemAsPdf()
