@@ -141,16 +141,20 @@ void Workstation::changeUser()
             return;
     }
     m_changing = true;
+    const CVrkCliMod* journal = module(QStringLiteral("logbook"));
+    const QByteArray place = journal ? journal->saveGeometry() : QByteArray();
     const bool quits = QApplication::quitOnLastWindowClosed();
     QApplication::setQuitOnLastWindowClosed(false);
     closeModules();
     Options options = m_options;
     options.user.clear();
     options.department.clear();
-    const bool entered = enter(options) && startModule(QStringLiteral("logbook"));
+    CVrkCliMod* next = enter(options) ? startModule(QStringLiteral("logbook")) : nullptr;
+    if (next)
+        next->restoreGeometry(place); // the desk keeps its arrangement
     QApplication::setQuitOnLastWindowClosed(quits);
     m_changing = false;
-    if (!entered)
+    if (!next)
         emit left();
 }
 

@@ -330,6 +330,7 @@ void Workstation_users_test::theNextUserIsInByTwoKeys()
     QPointer<CVrkCliMod> editor = m_host->startModule(QStringLiteral("template"));
     journal->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(journal));
+    journal->resize(1111, 555);
     QString offered;
     HostBench::whenShown<SignInDialog>([&](SignInDialog* dialog) {
         offered = dialog->login();
@@ -340,6 +341,7 @@ void Workstation_users_test::theNextUserIsInByTwoKeys()
     QTRY_VERIFY(!offered.isEmpty());
     QTRY_VERIFY(m_host->module(QStringLiteral("logbook")));
     QVERIFY(offered != QLatin1String("admin"));
+    QCOMPARE(m_host->module(QStringLiteral("logbook"))->size(), QSize(1111, 555));
     QCOMPARE(m_host->app()->modules().size(), 1);
     const auto* label =
         m_host->module(QStringLiteral("logbook"))->findChild<QLabel*>(QStringLiteral("userLabel"));
