@@ -1,5 +1,6 @@
 #include "AdminRun.h"
 #include "Csv.h"
+#include "PrivateCluster.h"
 #include "Sheet.h"
 
 #include <memory>
@@ -35,6 +36,7 @@ private slots:
     void faultsNameFileAndLine();
     void oneFaultKeepsEverythingOut();
     void aTextBeyondTheNotationStaysAsItIs();
+    void aServerTakesTheSheetsAndTheirUsers();
     void starterGivesASiteThatNeedsPeopleOnly();
     void readinessIsToldByDepartment();
 
@@ -410,6 +412,28 @@ void Sheets_test::aTextBeyondTheNotationStaysAsItIs()
         sheet.contains(QStringLiteral("\"*Важно*: {list:Связь;есть|нет}\nвторая строка {text?:Прочее}\"")));
     QCOMPARE(m_admin->call("import", {m_admin->path(QStringLiteral("exported"))}), Command::Success);
     QVERIFY(m_admin->out.contains(QStringLiteral("templates.csv: добавлено 0, изменено 0")));
+}
+
+void Sheets_test::aServerTakesTheSheetsAndTheirUsers()
+{
+    m_admin->url = PrivateCluster::shared().url(QStringLiteral("sheets"));
+    QVERIFY2(m_admin->call("init", {QStringLiteral("--starter")}) == Command::Success,
+             qPrintable(m_admin->err));
+    site();
+    const auto mayLogIn = [] {
+        return PrivateCluster::shared().exec(QStringLiteral(
+            "DO $$ BEGIN ASSERT (SELECT rolcanlogin FROM pg_roles WHERE rolname = 'ivanov'); END $$"));
+    };
+    QCOMPARE(mayLogIn(), QString());
+    QCOMPARE(m_admin->call("export", {m_admin->sheets}), Command::Success);
+    QCOMPARE(m_admin->call("import", {m_admin->sheets}), Command::Success);
+    for (const QString& line : m_admin->out.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+        QVERIFY2(line.endsWith(QStringLiteral("добавлено 0, изменено 0, нет в файле 0")), qPrintable(line));
+    QDir(m_admin->sheets).removeRecursively();
+    m_admin->sheet("users.csv", "Логин;Удалён\nivanov;да\n");
+    QCOMPARE(m_admin->call("import", {m_admin->sheets}), Command::Success);
+    QVERIFY(!mayLogIn().isEmpty());
+    QCOMPARE(m_admin->call("check"), Command::Success);
 }
 
 void Sheets_test::starterGivesASiteThatNeedsPeopleOnly()
