@@ -152,10 +152,9 @@ private slots:
 
     void everythingThatDidNotLoadIsTold()
     {
-        for (const char* table : {"OrgTypes", "TemplateParams", "LogbookTemplates"})
-            QCOMPARE(
-                m_store->exec(QStringLiteral("ALTER TABLE %1 RENAME TO Gone%1").arg(QLatin1String(table))),
-                QString());
+        QCOMPARE(m_store->dropTables({QStringLiteral("OrgTypes"), QStringLiteral("TemplateParams"),
+                                      QStringLiteral("LogbookTemplates")}),
+                 QString());
         Configurator one(*m_store);
         QVERIFY(!one.isStarted());
         QCOMPARE(

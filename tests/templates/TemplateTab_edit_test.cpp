@@ -13,6 +13,7 @@ class TemplateTab_edit_test : public QObject
 private:
     std::unique_ptr<LogWatch> m_log;
     std::unique_ptr<TestStore> m_store;
+    QPair<QString, QString> m_broken;
 
     static QLineEdit* categoryName(TemplateTab* page)
     {
@@ -39,15 +40,12 @@ private:
             .toString();
     }
     /// Makes writes to a table fail.
-    void breakTable(const char* table, const char* operation) const
+    void breakTable(const char* table, const char* operation)
     {
-        QCOMPARE(
-            m_store->exec(QStringLiteral("CREATE TRIGGER broken BEFORE %1 ON %2 BEGIN SELECT RAISE(ABORT, "
-                                         "'Отказано.'); END")
-                              .arg(QLatin1String(operation), QLatin1String(table))),
-            QString());
+        m_broken = {QLatin1String(operation), QLatin1String(table)};
+        QCOMPARE(m_store->refuse(m_broken.first, m_broken.second), QString());
     }
-    void mendTable() const { QCOMPARE(m_store->exec(QStringLiteral("DROP TRIGGER broken")), QString()); }
+    void mendTable() { QCOMPARE(m_store->permit(m_broken.first, m_broken.second), QString()); }
     TemplateTab* openCommon(Configurator& one, const char* key)
     {
         TemplateTab* page = one.show(one.common());
@@ -269,8 +267,7 @@ private slots:
         QVERIFY(!one.window().isEdit());
         QVERIFY(!one.box()); // no message box
         QCOMPARE(templateName(page)->text(), QStringLiteral("Приём смены"));
-        QCOMPARE(one.client().takeFailures(),
-                 QStringList{QStringLiteral("Отказано.")}); // for the status line
+        QCOMPARE(one.client().takeFailures(), QStringList{QStringLiteral("broken")}); // for the status line
         const QStringList log = m_log->take(QStringLiteral("bool TemplateTab::sendChangesToServer()"));
         QCOMPARE(log.size(), 2);
         // Meant: under the heading of categories, and the records are those of categories: none.
@@ -279,7 +276,7 @@ private slots:
                                 "FALSE\nTable LogbookCatsTemplate contains:\n\n"));
         QCOMPARE(m_log->take(QStringLiteral("CVrkCliSes::BlockEnd")).size(), 1);
         QCOMPARE(page->findChild<QLabel*>(QStringLiteral("noticeText"))->text(),
-                 QStringLiteral("Изменения не сохранены. Отказано."));
+                 QStringLiteral("Изменения не сохранены. broken"));
 
         mendTable();
         QVERIFY(restoreButton(page));

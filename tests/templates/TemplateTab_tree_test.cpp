@@ -14,6 +14,7 @@ class TemplateTab_tree_test : public QObject
 private:
     std::unique_ptr<LogWatch> m_log;
     std::unique_ptr<TestStore> m_store;
+    QPair<QString, QString> m_broken;
 
     static QLineEdit* searchEdit(TemplateTab* page)
     {
@@ -35,15 +36,12 @@ private:
     {
         return m_store->value(QStringLiteral("SELECT count(*) FROM ") + from).toInt();
     }
-    void breakTable(const char* table, const char* operation) const
+    void breakTable(const char* table, const char* operation)
     {
-        QCOMPARE(
-            m_store->exec(QStringLiteral("CREATE TRIGGER broken BEFORE %1 ON %2 BEGIN SELECT RAISE(ABORT, "
-                                         "'Отказано.'); END")
-                              .arg(QLatin1String(operation), QLatin1String(table))),
-            QString());
+        m_broken = {QLatin1String(operation), QLatin1String(table)};
+        QCOMPARE(m_store->refuse(m_broken.first, m_broken.second), QString());
     }
-    void mendTable() const { QCOMPARE(m_store->exec(QStringLiteral("DROP TRIGGER broken")), QString()); }
+    void mendTable() { QCOMPARE(m_store->permit(m_broken.first, m_broken.second), QString()); }
     /// Drags a row onto another, through the models as the view does it.
     static void drag(TemplateTab* page, const char* key, const QModelIndex& target)
     {
@@ -195,15 +193,12 @@ private slots:
 
     void anEmptyTreeShowsTheEmptyPage()
     {
-        const TestStore empty(TestStore::Empty);
-        QCOMPARE(empty.exec(QStringLiteral("SELECT 1")), QString());
-        const auto loader = empty.openLoader();
-        QVERIFY(TestStore::write(loader.get(), "Users", ROW_INSERT, "U",
-                                 {{"login", "chief"}, {"name_", "Шеф"}, {"deleted_", 0}}));
-        QVERIFY(TestStore::write(loader.get(), "UserRights", ROW_INSERT, "R",
-                                 {{"UserKey", "U"}, {"rightName", "ADMINISTRATOR"}}));
-        Configurator one(std::make_unique<TestClient>(empty.open(QStringLiteral("chief"))));
-        m_log->take(QStringLiteral("applyTemplateFilter_Deps"));
+        const auto loader = m_store->openLoader();
+        for (const char* key : {"TPL_OPEN", "TPL_CLOSE", "TPL_ORDER"})
+            QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_DELETE, key));
+        for (const char* key : {"CAT_COMMON_SUB", "CAT_COMMON"})
+            QVERIFY(TestStore::write(loader.get(), "LogbookCatsTemplate", ROW_DELETE, key));
+        Configurator one(*m_store);
         QVERIFY(one.isStarted());
         QVERIFY(!one.common()->currentRecord());
         QCOMPARE(Configurator::passport(one.common()), 0);

@@ -23,6 +23,7 @@ private:
     std::unique_ptr<Store> m_loader;
     QStringList m_history;
     bool m_isFailing = false;
+    QString m_failing; ///< the table that refuses everything
 
     int pick(int count)
     {
@@ -237,20 +238,12 @@ private:
     void switchFailure()
     {
         m_isFailing = !m_isFailing;
-        for (const char* table : {"LogbookTemplates", "LogbookCatsTemplate"})
-            for (const char* operation : {"INSERT", "UPDATE", "DELETE"}) {
-                const QString name =
-                    QStringLiteral("Fail_%1_%2").arg(QLatin1String(table), QLatin1String(operation));
-                const QString sql =
-                    m_isFailing
-                        ? QStringLiteral("CREATE TRIGGER %1 BEFORE %3 ON %2 BEGIN SELECT RAISE(ABORT, "
-                                         "'Отказ.'); END")
-                        : QStringLiteral("DROP TRIGGER %1");
-                QCOMPARE(m_store->exec(m_isFailing
-                                           ? sql.arg(name, QLatin1String(table), QLatin1String(operation))
-                                           : sql.arg(name)),
-                         QString());
-            }
+        if (m_isFailing)
+            m_failing = pick(2) ? QStringLiteral("LogbookTemplates") : QStringLiteral("LogbookCatsTemplate");
+        for (const char* operation : {"INSERT", "UPDATE", "DELETE"})
+            QCOMPARE(m_isFailing ? m_store->refuse(QLatin1String(operation), m_failing)
+                                 : m_store->permit(QLatin1String(operation), m_failing),
+                     QString());
     }
 
     void step()
