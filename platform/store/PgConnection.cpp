@@ -18,8 +18,9 @@ constexpr int lowestVersion = 150000;
 QString placeOf(const QString& address)
 {
     const QUrl url(address);
-    const QString host =
-        url.host().isEmpty() ? QUrlQuery(url).queryItemValue(QStringLiteral("host")) : url.host();
+    const QString host = url.host().isEmpty()
+                             ? QUrlQuery(url).queryItemValue(QStringLiteral("host"), QUrl::FullyDecoded)
+                             : url.host();
     return (host.isEmpty() ? QStringLiteral("localhost") : host) + url.path();
 }
 

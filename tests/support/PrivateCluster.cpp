@@ -15,6 +15,7 @@
 namespace
 {
 constexpr int startMs = 60000;
+constexpr int statementMs = 600000; // filling an archive takes its time
 
 QString program(const char* name)
 {
@@ -163,7 +164,7 @@ void PrivateCluster::kill()
 QString PrivateCluster::exec(const QString& sql, const QString& database) const
 {
     StoreError error;
-    PgConnection link(url(database), startMs);
+    PgConnection link(url(database), statementMs);
     if (link.connect(link.connectMs(), &error) &&
         link.exec(sql.isEmpty() ? QByteArray("SELECT 1") : sql.toUtf8(), &error))
         return QString();
