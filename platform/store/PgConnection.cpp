@@ -78,6 +78,8 @@ bool PgConnection::connect(int waitMs, StoreError* error)
             "vrk", "10", "5", "3", "15000", m_url.constData(), "UTF8", m_database.constData(), nullptr};
         m_pg = PQconnectStartParams(names, values, 1);
         m_attempt.start();
+        PQsetNoticeProcessor(
+            m_pg, [](void*, const char*) {}, nullptr);
         m_polling = m_pg && PQstatus(m_pg) != CONNECTION_BAD ? PGRES_POLLING_WRITING : PGRES_POLLING_FAILED;
     }
     QElapsedTimer waited;
@@ -111,8 +113,6 @@ bool PgConnection::finishConnecting(StoreError* error)
     m_isOpen = true;
     watch(false);
     PQsetnonblocking(m_pg, 1);
-    PQsetNoticeProcessor(
-        m_pg, [](void*, const char*) {}, nullptr);
     if (PQserverVersion(m_pg) < lowestVersion) {
         *error = {
             StoreError::TooOld,

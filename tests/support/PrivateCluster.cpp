@@ -27,6 +27,16 @@ QString program(const char* name)
     return QStringLiteral("%1/%2/bin/%3").arg(root, versions.last(), QLatin1String(name));
 }
 
+/// State and parent of a process, and what else the system tells; empty when it is gone.
+QList<QByteArray> statusOf(qint64 process)
+{
+    QFile status(QStringLiteral("/proc/%1/stat").arg(process));
+    if (!status.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray line = status.readAll();
+    return line.mid(line.lastIndexOf(')') + 2).split(' ');
+}
+
 bool isRoot()
 {
     return geteuid() == 0;
@@ -129,12 +139,7 @@ QList<qint64> PrivateCluster::processes() const
     for (const QString& entry : entries) {
         bool isNumber = false;
         const qint64 id = entry.toLongLong(&isNumber);
-        QFile status(QStringLiteral("/proc/%1/stat").arg(entry));
-        if (!isNumber || !status.open(QIODevice::ReadOnly))
-            continue;
-        const QByteArray line = status.readAll();
-        const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
-        if (fields.value(1).toLongLong() == m_server.processId())
+        if (isNumber && statusOf(id).value(1).toLongLong() == m_server.processId())
             all.append(id);
     }
     return all;
@@ -156,9 +161,16 @@ void PrivateCluster::kill()
 {
     // The first one is stopped before: it must neither make new ones nor tell the others to end in order.
     ::kill(static_cast<pid_t>(m_server.processId()), SIGSTOP);
-    for (const qint64 id : processes())
+    const QList<qint64> all = processes();
+    for (const qint64 id : all)
         ::kill(static_cast<pid_t>(id), SIGKILL);
     m_server.waitForFinished(startMs);
+    // A server does not start as long as one of the former processes holds the shared memory.
+    for (const qint64 id : all) {
+        for (QByteArray state = statusOf(id).value(0); !state.isEmpty() && state != "Z";
+             state = statusOf(id).value(0))
+            QThread::msleep(1);
+    }
 }
 
 QString PrivateCluster::exec(const QString& sql, const QString& database) const
