@@ -5,7 +5,7 @@ set -euo pipefail
 tour="xvfb xauth"
 build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclarative5-dev libsqlite3-dev libpq-dev qttranslations5-l10n librsvg2-bin
        fonts-dejavu-core fonts-liberation tzdata ca-certificates"
-test="libboost-dev sqlite3 python3 postgresql openssl"
+test="sqlite3 python3 postgresql openssl poppler-utils"
 check="clang-format-14 git"
 bench="libbenchmark-dev"
 
