@@ -224,6 +224,11 @@ class PostgresStore_storm_test : public QObject
                                    [&](const Listener& one) { return one.number == end; });
             },
             30000);
+        for (const Listener& one : all) {
+            if (one.number != end)
+                qWarning("a listener has heard up to %lld of %lld, after %d fresh starts; it stands at %lld",
+                         one.number.load(), end, one.restarts, one.feed->position().number);
+        }
         isEnding = true;
         for (const auto& thread : threads)
             QVERIFY(thread->wait(60000));
