@@ -27,7 +27,7 @@ endif()
 add_library(vrk_settings INTERFACE)
 target_compile_options(vrk_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Woverloaded-virtual -Wnon-virtual-dtor
-    -Wsuggest-override -Werror)
+    -Wsuggest-override $<$<BOOL:${VRK_WERROR}>:-Werror>)
 target_compile_definitions(vrk_settings INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_MESSAGELOGCONTEXT)
 if(VRK_SANITIZE)
