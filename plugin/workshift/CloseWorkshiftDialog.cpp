@@ -185,12 +185,11 @@ void CloseWorkshiftDialog::apply()
         emit error(title, tr("Не удалось создать запись о закрытии смены!"));
         return;
     }
-    m_filler->valuesWritten();
-
     if (!closeWorkshift(currentWorkshift(), workshiftKey)) {
         emit error(title, internalError);
         return;
     }
+    m_filler->valuesWritten(); // not before: a closing that failed is tried again with the same text
 
     CRowBatch takers(LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields));
     addCrewRows(takers, workshiftKey, false);

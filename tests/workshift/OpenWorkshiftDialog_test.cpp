@@ -46,9 +46,6 @@ private slots:
     void withoutAnEarlierShiftAnyStartWillDo();
     void anUnfilledTemplateHoldsTheOpeningBack();
     void writesShiftCrewAndRecord();
-    void aFailedShiftWritesNothing();
-    void aFailedCrewTakesTheShiftBack();
-    void aFailedRecordTakesShiftAndCrewBack();
     void withoutADepartmentNothingIsOpened();
     void withoutAWorkerNothingIsOpened();
 
@@ -71,11 +68,6 @@ private:
     int count(const char* table) const
     {
         return m_store->value(QStringLiteral("SELECT count(*) FROM %1").arg(QLatin1String(table))).toInt();
-    }
-    /// Makes the next insertion into a table fail in the database.
-    void breakTable(const char* table)
-    {
-        QCOMPARE(m_store->refuse(QStringLiteral("INSERT"), QLatin1String(table)), QString());
     }
 
     std::unique_ptr<TestStore> m_store;
@@ -394,79 +386,6 @@ void OpenWorkshiftDialog_test::writesShiftCrewAndRecord()
     QVERIFY(record[0][5].isNull());
     QVERIFY(record[0][6].isNull());
     QVERIFY(record[0][7].toString().contains(QStringLiteral("open_wshift")));
-}
-
-void OpenWorkshiftDialog_test::aFailedShiftWritesNothing()
-{
-    start(QStringLiteral("smirnov"), "DEP_ODS");
-    fillAll();
-    setStart(QDateTime::currentDateTime());
-    QSignalSpy error(m_dialog, &OpenWorkshiftDialog::error);
-    breakTable("LogbookWorkshifts");
-    const int crewRows = count("LogbookWorkersWorkshift");
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("LogbookWorkshifts")));
-    QTest::ignoreMessage(
-        QtWarningMsg,
-        QRegularExpression(QStringLiteral(
-            "^void OpenWorkshiftDialog::openWorkshift\\(CVrkCliMod\\*\\) error open workshift! SqlUpdate "
-            "returned FALSE! Data: Table\\[LogbookWorkshifts\\]: KeyLink\\[[0-9A-F]{32}\\], "
-            "DepartmentKey\\[DEP_ODS\\], OpenWorkerKey\\[WORKER_SMIRNOV_ODS\\], "
-            "CloseWorkerKey\\[NULL\\], startTime\\[[0-9.e+]+\\], endTime\\[[0-9.e+]+\\],$")));
-    applyButton()->click();
-    QVERIFY(!m_dialog->isVisible());
-    QCOMPARE(error.count(), 1);
-    QCOMPARE(error[0][0].toString(), QStringLiteral("Ошибка открытия смены"));
-    QCOMPARE(error[0][1].toString(), QStringLiteral("Произошла внутренняя ошибка при открытии смены!"));
-    QCOMPARE(count("LogbookWorkersWorkshift"), crewRows);
-    QCOMPARE(m_client->takeFailures().size(), 1); // the status line has it
-}
-
-void OpenWorkshiftDialog_test::aFailedCrewTakesTheShiftBack()
-{
-    start(QStringLiteral("smirnov"), "DEP_ODS");
-    fillAll();
-    setStart(QDateTime::currentDateTime());
-    QSignalSpy error(m_dialog, &OpenWorkshiftDialog::error);
-    breakTable("LogbookWorkersWorkshift");
-    const int shiftRows = count("LogbookWorkshifts");
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("LogbookWorkersWorkshift")));
-    QTest::ignoreMessage(
-        QtWarningMsg, "void OpenWorkshiftDialog::openWorkshift(CVrkCliMod*) error open workshift! SqlUpdate "
-                      "returned FALSE! Data: Table[LogbookWorkersWorkshift]");
-    applyButton()->click();
-    QCOMPARE(error.count(), 1);
-    QCOMPARE(error[0][1].toString(), QStringLiteral("Произошла внутренняя ошибка при открытии смены!"));
-    QCOMPARE(count("LogbookWorkshifts"), shiftRows);
-}
-
-void OpenWorkshiftDialog_test::aFailedRecordTakesShiftAndCrewBack()
-{
-    start(QStringLiteral("smirnov"), "DEP_ODS");
-    fillAll();
-    setStart(QDateTime::currentDateTime());
-    QSignalSpy error(m_dialog, &OpenWorkshiftDialog::error);
-    breakTable("LogbookRecords");
-    const int shiftRows = count("LogbookWorkshifts");
-    const int crewRows = count("LogbookWorkersWorkshift");
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("LogbookRecords")));
-    QTest::ignoreMessage(
-        QtWarningMsg,
-        QRegularExpression(
-            QStringLiteral(
-                "^void OpenWorkshiftDialog::openWorkshift\\(CVrkCliMod\\*\\) error create record about "
-                "opening "
-                "workshift! SqlUpdate returned FALSE! Data: Table\\[LogbookRecords\\]: "
-                "KeyLink\\[[0-9A-F]{32}\\], "
-                "ShiftKey\\[[0-9A-F]{32}\\], WorkerKey\\[WORKER_SMIRNOV_ODS\\], VisaWorkerKey\\[NULL\\], "
-                "ReceiverWorkerKey\\[NULL\\], SecondMarkWorkerKey\\[NULL\\], recordTime\\[[0-9.e+]+\\], "
-                "eventTime\\[[0-9.e+]+\\], firstMarkTime\\[NULL\\], secondMarkTime\\[NULL\\], "
-                "executionTime\\[NULL\\], html\\[.*\\], status\\[0\\]$"),
-            QRegularExpression::DotMatchesEverythingOption));
-    applyButton()->click();
-    QCOMPARE(error.count(), 1);
-    QCOMPARE(error[0][1].toString(), QStringLiteral("Не удалось создать запись об открытии смены!"));
-    QCOMPARE(count("LogbookWorkshifts"), shiftRows);
-    QCOMPARE(count("LogbookWorkersWorkshift"), crewRows);
 }
 
 void OpenWorkshiftDialog_test::withoutADepartmentNothingIsOpened()

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "CloseWorkshiftDialog.h"
+#include "CPopMessageBox.h"
+#include "CVrkLogBook.h"
+#include "LogBookWidget.h"
+#include "OpenWorkshiftDialog.h"
+#include "TestClient.h"
+
+#include <memory>
+#include <QAction>
+#include <QLabel>
+
+/// The whole journal window of one login over a test store, as a workstation of its own: several of them stand side by
+/// side on one store. What another one writes comes when the event loop runs or deliver() is called, not before.
+class JournalWindow
+{
+public:
+    explicit JournalWindow(const TestStore& store, const QString& login,
+                           const QByteArray& department = QByteArray());
+
+    TestClient& client() { return m_client; }
+    CVrkLogBook& window() { return *m_window; }
+    LogBookWidget& home() { return *m_home; }
+    void deliver() { m_client.deliver(); }
+
+    /// A child of the window by its object name; the program ends when there is none.
+    template <class Widget>
+    Widget* child(const char* name)
+    {
+        return childOf<Widget>(m_window.get(), name);
+    }
+    template <class Widget>
+    static Widget* childOf(const QObject* parent, const char* name)
+    {
+        auto* widget = parent->findChild<Widget*>(QLatin1String(name));
+        if (!widget)
+            qFatal("no child %s", name);
+        return widget;
+    }
+    /// Triggers an action of the tool bar; one that is off does nothing.
+    void trigger(const char* action) { child<QAction>(action)->trigger(); }
+    bool isEnabled(const char* action) { return child<QAction>(action)->isEnabled(); }
+    QString status() { return child<QLabel>("statusLabel")->text(); }
+    QString interval() { return child<QLabel>("intervalLabel")->text(); }
+
+    OpenWorkshiftDialog* opening() { return m_window->findChild<OpenWorkshiftDialog*>(); }
+    CloseWorkshiftDialog* closing() { return m_window->findChild<CloseWorkshiftDialog*>(); }
+    /// The message box that is shown, or null.
+    CPopMessageBox* box() const;
+    /// Presses the button of this role in the box; without it the program ends.
+    void answer(QDialogButtonBox::ButtonRole role);
+
+    /// Shows the dialog of opening, with the interval \a start and a day on.
+    void requestOpening(const QDateTime& start);
+    /// Shows the dialog of closing; the question about drafts, when it comes, is answered with \a role.
+    void requestClosing(QDialogButtonBox::ButtonRole role = QDialogButtonBox::NoRole);
+    /// Adds a worker to the crew of a dialog of the shift through its button and the structure.
+    void choose(const QWidget* dialog, const char* workerKey);
+    /// Types a text into the editor of a dialog's parameter in the place of what is there.
+    static void type(const QWidget* dialog, int parameter, const QString& text);
+    /// The text of a dialog as it would be written.
+    static QString filled(const QWidget* dialog);
+
+    /// The record with this key in the home tab, or null.
+    MDRData* record(const QString& key);
+    /// Makes the row of a shown record current.
+    void select(const char* key);
+
+private:
+    TestClient m_client;
+    std::unique_ptr<CVrkLogBook> m_window;
+    LogBookWidget* m_home = nullptr;
+};
