@@ -8,6 +8,7 @@
 #include "FileCommand.h"
 #include "ImportCommand.h"
 #include "InitCommand.h"
+#include "OptionCommand.h"
 #include "RightCommand.h"
 #include "SetupCommand.h"
 #include "StoreError.h"
@@ -68,6 +69,7 @@ std::vector<std::unique_ptr<Command>> adminCommands()
     commands.push_back(std::make_unique<UserCommand>());
     commands.push_back(std::make_unique<RightCommand>());
     commands.push_back(std::make_unique<FileCommand>());
+    commands.push_back(std::make_unique<OptionCommand>());
     commands.push_back(std::make_unique<WatchdogCommand>());
     return commands;
 }

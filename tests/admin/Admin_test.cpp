@@ -114,7 +114,10 @@ void Admin_test::wrongArgumentsShowTheUsage_data()
                              "export URL DIR extra",
                              "file URL",
                              "file URL put options",
-                             "file URL move a b c"})
+                             "file URL move a b c",
+                             "option URL",
+                             "option URL set",
+                             "option URL list extra"})
         QTest::newRow(line) << QString::fromLatin1(line);
 }
 

@@ -1,0 +1,167 @@
+#include "OptionCommand.h"
+
+#include "OptionsFile.h"
+#include "StoreAdmin.h"
+
+#include <QRegularExpression>
+#include <QTextCodec>
+
+namespace
+{
+const QString folder = QStringLiteral("options");
+const QString fileName = QStringLiteral("OperLogOptions");
+const QString check = QStringLiteral("CheckLengthShift");
+const QString delay = QStringLiteral("DelayTime");
+const QString interval = QStringLiteral("IntervalMessage");
+/// The workstations count the interval in milliseconds of 32 bits.
+constexpr qint64 longestSeconds = 24 * 24 * 3600;
+
+/// "1h30m", "15m", "90s", "900"; Russian letters too. -1 for anything else and for more than can be kept.
+qint64 secondsOf(const QString& text)
+{
+    static const QRegularExpression pattern(
+        QString::fromUtf8("\\A(?:([0-9]{1,7})[hч])?(?:([0-9]{1,7})[mм])?(?:([0-9]{1,7})[sс]?)?\\z"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (text.isEmpty() || !match.hasMatch())
+        return -1;
+    const qint64 seconds = match.captured(1).toLongLong() * 3600 + match.captured(2).toLongLong() * 60 +
+                           match.captured(3).toLongLong();
+    return seconds <= longestSeconds ? seconds : -1;
+}
+
+QString spanOf(qint64 seconds)
+{
+    if (seconds < 0)
+        return QString::number(seconds);
+    QString text;
+    for (const auto& [unit, letter] : {std::pair(3600, 'h'), std::pair(60, 'm'), std::pair(1, 's')}) {
+        if (seconds >= unit)
+            text += QString::number(seconds / unit) + QLatin1Char(letter);
+        seconds %= unit;
+    }
+    return text.isEmpty() ? QStringLiteral("0s") : text;
+}
+
+/// What stands in the file for an option's value as it is typed; null when the value is none.
+QString storedValue(const QString& name, const QString& typed)
+{
+    if (name != check) {
+        const qint64 seconds = secondsOf(typed.toLower());
+        return seconds < 0 ? QString() : QString::number(seconds);
+    }
+    const QString word = typed.toLower();
+    if (word == QLatin1String("on") || word == QStringLiteral("да"))
+        return QStringLiteral("1");
+    return word == QLatin1String("off") || word == QStringLiteral("нет") ? QStringLiteral("0") : QString();
+}
+
+/// Fetches the file of the store, an empty one when there is none yet; the reason stands on the error stream otherwise.
+bool fetch(const QString& url, OptionsFile* file, QByteArray* codec, Streams& streams, StoreError* error)
+{
+    const auto store = Store::open(url, {}, error);
+    if (!store)
+        return false;
+    QByteArray content;
+    if (!store->file(folder, fileName, &content, error)) {
+        if (error->code != StoreError::NoSuchRow)
+            return false;
+        error->clear();
+    }
+    *codec = store->codec()->name();
+    if (file->read(store->codec()->toUnicode(content)))
+        return true;
+    streams.err << QStringLiteral(
+                       "Файл «%1/%2» испорчен, %3.\n"
+                       "Сохраните его (vrk-admin file URL get), удалите (vrk-admin file URL remove) "
+                       "и задайте настройки заново.\n")
+                       .arg(folder, fileName, file->errorText());
+    return false;
+}
+
+/// How the workstations read a number: what is none counts as 0.
+int numberOf(const OptionsFile& file, const QString& name)
+{
+    return file.value(name).toInt();
+}
+
+void tell(const OptionsFile& file, Streams& streams)
+{
+    const bool isOn = numberOf(file, check) != 0;
+    streams.out << check << (isOn ? QStringLiteral("=on\n") : QStringLiteral("=off\n"));
+    for (const QString& name : {delay, interval})
+        streams.out << name << QLatin1Char('=') << spanOf(numberOf(file, name)) << QLatin1Char('\n');
+    for (const QString& name : {check, delay, interval}) {
+        bool isNumber = false;
+        file.value(name).toInt(&isNumber);
+        if (!file.value(name).isNull() && !isNumber)
+            streams.err << QStringLiteral("%1: «%2» не число, журнал считает это нулём.\n")
+                               .arg(name, file.value(name));
+    }
+    if (isOn && (numberOf(file, delay) <= 0 || numberOf(file, interval) <= 0))
+        streams.err << QStringLiteral("Контроль включён, но молчит, пока %1 и %2 не больше нуля.\n")
+                           .arg(delay, interval);
+}
+} // namespace
+
+QString OptionCommand::summary() const
+{
+    return QStringLiteral("настройки контроля длительности смен");
+}
+
+QString OptionCommand::usage() const
+{
+    return QStringLiteral(
+        "vrk-admin option URL list\n"
+        "vrk-admin option URL set NAME=VALUE...\n"
+        "  CheckLengthShift=on|off   напоминать ли о сдаче смены, которая длится дольше положенного\n"
+        "  DelayTime=15m             насколько смена может затянуться после планового конца\n"
+        "  IntervalMessage=5m        через сколько повторять напоминание\n"
+        "  Время: 1h30m, 15m, 90s или число секунд, не больше 576h. Что не названо, остаётся, как было.\n"
+        "  Рабочие места берут настройки при запуске журнала.\n"
+        "  Пример: vrk-admin option URL set CheckLengthShift=on DelayTime=15m IntervalMessage=5m\n");
+}
+
+Command::ExitCode OptionCommand::run(const QStringList& arguments, Streams& streams)
+{
+    if (arguments.size() < 2)
+        return wrongUsage(streams);
+    const QString& url = arguments[0];
+    const bool isList = arguments[1] == QLatin1String("list") && arguments.size() == 2;
+    if (!isList && (arguments[1] != QLatin1String("set") || arguments.size() < 3))
+        return wrongUsage(streams);
+
+    QMap<QString, QString> values;
+    for (const QString& argument : arguments.mid(2)) {
+        const QString name = argument.section(QLatin1Char('='), 0, 0);
+        const QString typed = argument.section(QLatin1Char('='), 1);
+        QString fault;
+        if (name != check && name != delay && name != interval)
+            fault = QStringLiteral("Нет настройки «%1».").arg(name);
+        else if (values.contains(name))
+            fault = QStringLiteral("Настройка «%1» названа дважды.").arg(name);
+        else if (storedValue(name, typed).isNull())
+            fault = QStringLiteral("Настройка «%1» не принимает значение «%2».").arg(name, typed);
+        if (!fault.isEmpty()) {
+            streams.err << fault << QLatin1Char('\n');
+            return wrongUsage(streams);
+        }
+        values.insert(name, storedValue(name, typed));
+    }
+
+    OptionsFile file;
+    QByteArray codec;
+    StoreError error;
+    if (!fetch(url, &file, &codec, streams, &error))
+        return error ? fail(streams, error) : Failed;
+    if (!isList) {
+        const QString xml = QStringLiteral("<?xml version=\"1.0\" encoding=\"%1\"?>\n")
+                                .arg(QString::fromLatin1(codec).toLower()) +
+                            file.with(values);
+        const QByteArray content = QTextCodec::codecForName(codec)->fromUnicode(xml);
+        if (!StoreAdmin::putFile(url, folder, fileName, content, &error))
+            return fail(streams, error);
+        file.read(xml);
+    }
+    tell(file, streams);
+    return Success;
+}
