@@ -1,14 +1,15 @@
 #include "VrkPreview.h"
 
-#include "VrkPreviewDocument.h"
 #include "VrkPreviewWindow.h"
 
 #include <QPointer>
 #include <QTableView>
 
 struct VrkPreview::Private {
-    VrkPreviewDocument source;
     QPointer<QTableView> view;
+    QColor headerBackground = Qt::lightGray;
+    int maxColumnWidth = 0;
+    QString footer;
     QPointer<VrkPreviewWindow> window;
     QIcon icon;
     QString title;
@@ -35,15 +36,15 @@ void VrkPreview::setWindowTitle(const QString& title)
 }
 void VrkPreview::setHeaderBackgroundColor(QColor color)
 {
-    d->source.headerBackground = color;
+    d->headerBackground = color;
 }
 void VrkPreview::setMaxColummnWidth(int width)
 {
-    d->source.maxColumnWidth = width;
+    d->maxColumnWidth = width;
 }
 void VrkPreview::setFooter(const QString& text)
 {
-    d->source.footer = text;
+    d->footer = text;
 }
 
 void VrkPreview::showDocument()
@@ -54,9 +55,15 @@ void VrkPreview::showDocument()
         d->window = new VrkPreviewWindow(d->view->window());
     d->window->setWindowIcon(d->icon);
     d->window->setWindowTitle(d->title);
-    d->source.view = d->view;
-    d->source.fill(d->window->document());
-    d->window->updatePreview();
+    VrkPreviewTable table = VrkPreviewTable::of(d->view, d->maxColumnWidth);
+    table.headerBackground = d->headerBackground;
+    table.footer = d->footer;
+    const QPointer<VrkPreviewWindow> window(d->window);
+    if (!window->setTable(table) || !window) {
+        if (window)
+            window->close();
+        return;
+    }
     d->window->show();
     d->window->raise();
     d->window->activateWindow();

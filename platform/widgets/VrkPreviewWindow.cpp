@@ -2,7 +2,6 @@
 
 #include "CPopMessageBox.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QApplication>
 #include <QFileDialog>
@@ -13,13 +12,35 @@
 #include <QPrinter>
 #include <QPrintPreviewWidget>
 #include <QProgressDialog>
-#include <QTextDocument>
 #include <QToolBar>
 
 namespace
 {
 constexpr qreal marginMillimetres = 12;
-constexpr int quickPages = 10; ///< so many are there at once
+
+/// Tells how far a long work is and lets the user end it.
+class Progress
+{
+public:
+    Progress(QWidget* parent, const QString& title, int steps)
+        : m_dialog(QCoreApplication::translate("VrkPreviewWindow", "Подготовка страниц..."),
+                   QCoreApplication::translate("VrkPreviewWindow", "Отмена"), 0, steps, parent)
+    {
+        m_dialog.setObjectName(QStringLiteral("pagesProgress"));
+        m_dialog.setWindowTitle(title);
+        m_dialog.setWindowModality(Qt::ApplicationModal); // nothing may ask for other pages meanwhile
+        m_dialog.setMinimumDuration(0);
+    }
+    /// False when the user has ended it.
+    bool step(int done)
+    {
+        m_dialog.setValue(done);
+        return !m_dialog.wasCanceled();
+    }
+
+private:
+    QProgressDialog m_dialog;
+};
 
 void setUpPage(QPrinter* printer, QPageLayout::Orientation orientation)
 {
@@ -32,9 +53,7 @@ void setUpPage(QPrinter* printer, QPageLayout::Orientation orientation)
 } // namespace
 
 VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
-    : QMainWindow(parent, Qt::Window),
-      m_document(new QTextDocument(this)),
-      m_printer(new QPrinter(QPrinter::HighResolution))
+    : QMainWindow(parent, Qt::Window), m_printer(new QPrinter(QPrinter::HighResolution))
 {
     setObjectName(QStringLiteral("VrkPreviewWindow"));
     m_printer->setOutputFormat(QPrinter::PdfFormat); // a preview needs no printer
@@ -77,6 +96,8 @@ void VrkPreviewWindow::addActions()
     connect(portrait, &QAction::toggled, this, [this](bool on) {
         setUpPage(m_printer.get(), on ? QPageLayout::Portrait : QPageLayout::Landscape);
         m_preview->updatePreview();
+        if (m_isCancelled)
+            close(); // a part of the pages would pass for the whole
     });
     bar->addSeparator();
     add("fitWidthAction", tr("По ширине"), QKeySequence(), [this] { m_preview->fitToWidth(); });
@@ -95,11 +116,13 @@ void VrkPreviewWindow::addActions()
     addAction(closeAction);
 }
 
-void VrkPreviewWindow::updatePreview()
+bool VrkPreviewWindow::setTable(const VrkPreviewTable& table)
 {
+    m_pages.setTable(table);
     m_preview->updatePreview();
     m_preview->fitToWidth();
     updatePageLabel();
+    return !m_isCancelled;
 }
 
 int VrkPreviewWindow::pageCount() const
@@ -112,54 +135,33 @@ void VrkPreviewWindow::updatePageLabel()
     m_pageLabel->setText(tr(" Страница %1 из %2 ").arg(m_preview->currentPage()).arg(m_preview->pageCount()));
 }
 
-// Lays the document out for the printer and numbers its pages.
 bool VrkPreviewWindow::paintPages(QPrinter* printer)
 {
+    const int rows = m_pages.table().rows.size();
+    std::unique_ptr<Progress> progress;
+    if (rows >= VrkPreviewPages::manyRows)
+        progress = std::make_unique<Progress>(isVisible() ? this : parentWidget(), windowTitle(), 2 * rows);
+    const auto goesOn = [&](int done, int) {
+        m_isCancelled = progress && !progress->step(done);
+        return !m_isCancelled;
+    };
+
+    constexpr qreal unitsPerPoint = VrkPreviewPages::unitsPerInch / 72;
     m_isCancelled = false;
-    const std::unique_ptr<QTextDocument> pages(m_document->clone());
+    const QSizeF page = printer->pageLayout().paintRect(QPageLayout::Point).size() * unitsPerPoint;
+    if (!m_pages.layOut(page, goesOn))
+        return false;
     QPainter painter(printer);
     if (!painter.isActive())
         return true;
-    QApplication::setOverrideCursor(Qt::WaitCursor); // the layout cannot be interrupted
-    pages->setDocumentMargin(0);
-    pages->documentLayout()->setPaintDevice(printer);
-    painter.setFont(pages->defaultFont());
-    const QRectF page(QPointF(), printer->pageRect(QPrinter::DevicePixel).size());
-    const qreal footer = 2 * painter.fontMetrics().height();
-    const QSizeF body(page.width(), page.height() - footer);
-    pages->setPageSize(body);
-    const int count = pages->pageCount();
-    QApplication::restoreOverrideCursor();
-
-    std::unique_ptr<QProgressDialog> progress;
-    if (count > quickPages) {
-        progress =
-            std::make_unique<QProgressDialog>(tr("Подготовка страниц..."), tr("Отмена"), 0, count, this);
-        progress->setObjectName(QStringLiteral("pagesProgress"));
-        progress->setWindowTitle(windowTitle());
-        progress->setWindowModality(Qt::ApplicationModal); // nothing may ask for other pages meanwhile
-        progress->setMinimumDuration(0);
-    }
-    for (int i = 0; i < count; ++i) {
-        if (progress) {
-            progress->setValue(i);
-            m_isCancelled = progress->wasCanceled();
-            if (m_isCancelled)
-                return false;
-        }
+    const QSizeF device = printer->pageRect(QPrinter::DevicePixel).size();
+    painter.scale(device.width() / page.width(), device.height() / page.height());
+    for (int i = 0; i < m_pages.count(); ++i) {
+        if (!goesOn(rows + rows * i / m_pages.count(), 2 * rows))
+            return false;
         if (i > 0)
             printer->newPage();
-        painter.save();
-        painter.translate(0, -i * body.height());
-        const QRectF part(0, i * body.height(), body.width(), body.height());
-        painter.setClipRect(part);
-        QAbstractTextDocumentLayout::PaintContext context;
-        context.clip = part;
-        context.palette.setColor(QPalette::Text, Qt::black); // paper is white in dark themes too
-        pages->documentLayout()->draw(&painter, context);
-        painter.restore();
-        painter.drawText(QRectF(0, body.height(), page.width(), footer), Qt::AlignRight | Qt::AlignBottom,
-                         tr("Страница %1 из %2").arg(i + 1).arg(count));
+        m_pages.paint(&painter, i);
     }
     return true;
 }

@@ -43,19 +43,9 @@ QSizeF layOut(QTextLayout& layout, qreal width)
     return size;
 }
 
-// Lines end where the text says so, and the initials of a name stay together.
-QString laidOutText(QString text)
-{
-    static const QRegularExpression betweenInitials(QStringLiteral("(?<=\\b\\w\\.) (?=\\w\\.)"),
-                                                    QRegularExpression::UseUnicodePropertiesOption);
-    if (text.contains(QLatin1String(". ")))
-        text.replace(betweenInitials, QString(QChar::Nbsp));
-    return text.replace(QLatin1Char('\n'), QChar::LineSeparator);
-}
-
 QSizeF textSize(const QString& text, const QFont& font, qreal width)
 {
-    QTextLayout layout(laidOutText(text), font);
+    QTextLayout layout(VrkTableDelegate::laidOutText(text), font);
     layout.setTextOption(textOption(Qt::AlignLeft));
     return layOut(layout, width);
 }
@@ -72,6 +62,15 @@ VrkTableDelegate::VrkTableDelegate(VrkTableProxyModel* model, QTableView* view)
 }
 
 VrkTableDelegate::~VrkTableDelegate() = default;
+
+QString VrkTableDelegate::laidOutText(QString text)
+{
+    static const QRegularExpression betweenInitials(QStringLiteral("(?<=\\b\\w\\.) (?=\\w\\.)"),
+                                                    QRegularExpression::UseUnicodePropertiesOption);
+    if (text.contains(QLatin1String(". ")))
+        text.replace(betweenInitials, QString(QChar::Nbsp));
+    return text.replace(QLatin1Char('\n'), QChar::LineSeparator);
+}
 
 QStyleOptionViewItem VrkTableDelegate::cellOption(const QModelIndex& index) const
 {

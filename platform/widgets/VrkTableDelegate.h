@@ -18,6 +18,8 @@ public:
     VrkTableDelegate(VrkTableProxyModel* model, QTableView* view);
     ~VrkTableDelegate() override;
 
+    /// A plain text as it is laid out: its lines end with QChar::LineSeparator, the initials of a name stay together.
+    static QString laidOutText(QString text);
     /// Height that a cell needs at this width of its column, without the day line.
     int heightForWidth(const QModelIndex& index, int width) const;
     /// Width that a cell needs for a text in one line (\a longestWord false) or for its longest word.

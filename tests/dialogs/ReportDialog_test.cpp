@@ -14,7 +14,6 @@
 #include <QStandardPaths>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QTextDocument>
 #include <QToolBar>
 #include <QToolButton>
 #include <QtTest>
@@ -167,12 +166,15 @@ private slots:
         VrkPreviewWindow* preview = report.print();
         QVERIFY(preview && preview->isVisible());
         QCOMPARE(preview->windowTitle(), QStringLiteral("Печать отчета"));
-        const QString text = preview->document()->toPlainText();
-        QVERIFY(text.endsWith(report.title()));
-        QVERIFY(text.contains(QStringLiteral("Иванов И. И.")));
-        QVERIFY(!text.contains(QStringLiteral("Статус")));
+        QCOMPARE(preview->table().footer, report.title());
+        QCOMPARE(preview->table().rows.size(), 5);
+        QCOMPARE(preview->table().header.cells.size(), 8);
+        QCOMPARE(preview->table().rows[0].cells[2].text, QStringLiteral("Иванов И.\u00A0И."));
         report.onlyApproved(false);
-        QVERIFY(report.print()->document()->toPlainText().contains(QStringLiteral("Статус")));
+        const VrkPreviewTable all = report.print()->table();
+        QCOMPARE(all.header.cells[0].text, QStringLiteral("Статус"));
+        QCOMPARE(all.rows.size(), 8);
+        QVERIFY(!all.rows[0].cells[0].icon.isNull());
     }
 
     void givesPdfWithTextThatCanBeFound()
@@ -192,6 +194,10 @@ private slots:
         const QString text = QString::fromUtf8(process.readAllStandardOutput());
         QVERIFY2(text.contains(QStringLiteral("Иванов")), qPrintable(text));
         QVERIFY(text.contains(QStringLiteral("Страница 1 из 1")));
+        for (const char* part : {"Время", "Кто", "Кому", "Виза", "Сидорова"})
+            QVERIFY2(text.contains(QString::fromUtf8(part)), qPrintable(text));
+        for (const QString& line : report.title().split(QLatin1Char('\n')))
+            QVERIFY2(text.contains(line), qPrintable(text));
     }
 
     void opensFromTheBarAndByCtrlP()

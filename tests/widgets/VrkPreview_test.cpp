@@ -1,18 +1,76 @@
 #include "VrkPreview.h"
 
+#include "PaintRecord.h"
 #include "RecordTable.h"
-#include "VrkPreviewDocument.h"
+#include "VrkPreviewPages.h"
 #include "VrkPreviewWindow.h"
 #include "VrkTableTool.h"
 
+#include <algorithm>
 #include <QAction>
 #include <QHeaderView>
 #include <QProgressDialog>
+#include <QRegularExpression>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QTextDocument>
-#include <QTextTable>
 #include <QtTest>
+
+namespace
+{
+const QSizeF pageSize(12000, 8000); // units of 1/1200 inch
+
+/// A page as it was painted.
+class Recording : public PaintRecord
+{
+public:
+    Recording(const VrkPreviewPages& pages, int page) : PaintRecord(pageSize.toSize(), 1200)
+    {
+        record(pages, page);
+    }
+    /// The first page of a table.
+    explicit Recording(const VrkPreviewTable& table) : PaintRecord(pageSize.toSize(), 1200)
+    {
+        VrkPreviewPages pages;
+        pages.setTable(table);
+        if (!pages.layOut(pageSize, {}))
+            qFatal("no pages");
+        record(pages, 0);
+    }
+
+    /// All words of the page that are made of this beginning and a number, in their order.
+    QStringList words(const QString& beginning) const
+    {
+        QStringList found;
+        const QString all = written(); // a passage may end within a word
+        QRegularExpressionMatchIterator matches =
+            QRegularExpression(beginning + QStringLiteral("[0-9]+")).globalMatch(all);
+        while (matches.hasNext())
+            found.append(matches.next().captured());
+        return found;
+    }
+    qreal right() const
+    {
+        qreal edge = 0;
+        for (const Rect& rect : rects)
+            edge = qMax(edge, rect.rect.right());
+        return edge;
+    }
+    qreal bottomOfTexts() const
+    {
+        qreal bottom = 0;
+        for (const Text& text : texts)
+            bottom = qMax(bottom, text.box.bottom());
+        return bottom;
+    }
+
+private:
+    void record(const VrkPreviewPages& pages, int page)
+    {
+        QPainter painter(this);
+        pages.paint(&painter, page);
+    }
+};
+} // namespace
 
 class VrkPreview_test : public QObject
 {
@@ -39,28 +97,29 @@ private:
             }
             tool.model()->setHeaderData(QStringLiteral("recordTime"), Qt::Horizontal,
                                         QStringLiteral("Время\nзаписи"), Qt::DisplayRole);
-            source.view = &view;
-            source.footer = QStringLiteral("ЦДС\nСмена");
         }
-        QTextTable* fill()
-        {
-            source.fill(&document);
-            return qobject_cast<QTextTable*>(document.rootFrame()->childFrames().value(0));
-        }
-        static QString text(QTextTable* printed, int row, int column)
-        {
-            QTextCursor cursor = printed->cellAt(row, column).firstCursorPosition();
-            cursor.setPosition(printed->cellAt(row, column).lastPosition(), QTextCursor::KeepAnchor);
-            return cursor.selectedText();
-        }
+        VrkPreviewTable printed() { return VrkPreviewTable::of(&view); }
+        QString text(int row, int cell) { return printed().rows.value(row).cells.value(cell).text; }
 
         RecordTable table;
         TimeCell time;
         QTableView view;
         VrkTableTool tool;
-        VrkPreviewDocument source;
-        QTextDocument document;
     };
+    /// A page in small.
+    static QImage page(const VrkPreviewTable& table)
+    {
+        VrkPreviewPages pages;
+        pages.setTable(table);
+        if (!pages.layOut(pageSize, {}))
+            qFatal("no pages");
+        QImage image(pageSize.toSize() / 10, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.scale(0.1, 0.1);
+        pages.paint(&painter, 0);
+        return image;
+    }
     static VrkPreviewWindow* window()
     {
         for (QWidget* widget : QApplication::topLevelWidgets()) {
@@ -74,36 +133,33 @@ private slots:
     void theColumnsInSightArePrintedInTheirOrder()
     {
         Setup s;
-        QTextTable* printed = s.fill();
-        QVERIFY(printed);
-        QCOMPARE(printed->columns(), 3);
-        QCOMPARE(printed->rows(), 3);
-        QCOMPARE(printed->format().headerRowCount(), 1);
-        QCOMPARE(s.text(printed, 0, 0), QStringLiteral("status"));
-        QCOMPARE(s.text(printed, 0, 1), QStringLiteral("Время\u2028записи"));
-        QCOMPARE(s.text(printed, 1, 1), QStringLiteral("00:00"));
-        QCOMPARE(s.text(printed, 2, 2), QStringLiteral("Запись номер 1"));
+        const VrkPreviewTable printed = s.printed();
+        QCOMPARE(printed.header.cells.size(), 3);
+        QCOMPARE(printed.rows.size(), 2);
+        QCOMPARE(printed.header.cells[0].text, QStringLiteral("status"));
+        QCOMPARE(printed.header.cells[1].text, QStringLiteral("Время\u2028записи"));
+        QCOMPARE(printed.rows[0].cells[1].text, QStringLiteral("00:00"));
+        QCOMPARE(printed.rows[1].cells[2].text, QStringLiteral("Запись номер 1"));
     }
 
     void sortingAndFiltersOfTheViewHold()
     {
         Setup s;
         s.tool.sortByColumn(QStringLiteral("recordTime"), Qt::DescendingOrder);
-        QCOMPARE(s.text(s.fill(), 1, 1), QStringLiteral("01:00"));
+        QCOMPARE(s.text(0, 1), QStringLiteral("01:00"));
         s.tool.setColumnVisible(QStringLiteral("status"), false);
-        QCOMPARE(s.fill()->columns(), 2);
+        QCOMPARE(s.printed().header.cells.size(), 2);
     }
 
     void templateTextIsPrintedRendered()
     {
         Setup s;
-        QTextTable* printed = s.fill();
-        QTextCursor cursor = printed->cellAt(1, 2).firstCursorPosition();
-        cursor.movePosition(QTextCursor::Right, QTextCursor::MoveAnchor, 9);
-        QVERIFY(cursor.charFormat().fontWeight() > QFont::Normal);
-        cursor = printed->cellAt(1, 2).firstCursorPosition();
-        cursor.movePosition(QTextCursor::Right);
-        QVERIFY(cursor.charFormat().fontWeight() <= QFont::Normal);
+        const VrkPreviewTable::Cell cell = s.printed().rows[0].cells[2];
+        QCOMPARE(cell.text, QStringLiteral("Запись номер 0"));
+        QCOMPARE(cell.formats.size(), 1);
+        QCOMPARE(cell.formats[0].start, 7);
+        QCOMPARE(cell.formats[0].length, 5);
+        QCOMPARE(cell.formats[0].format.fontWeight(), int(QFont::Bold));
     }
 
     void greyAndStruckOutRecordsArePrintedSo()
@@ -115,10 +171,12 @@ private slots:
         FixedCell grey(Qt::ForegroundRole, QBrush(Qt::gray));
         struck.setRoleRedirect(Qt::ForegroundRole, &grey);
         s.tool.model()->setCellConversion(QStringLiteral("html"), &struck);
-        QTextCursor cursor = s.fill()->cellAt(1, 2).firstCursorPosition();
-        cursor.movePosition(QTextCursor::Right);
-        QVERIFY(cursor.charFormat().fontStrikeOut());
-        QCOMPARE(cursor.charFormat().foreground().color(), QColor(Qt::gray));
+        const VrkPreviewTable::Cell cell = s.printed().rows[0].cells[2];
+        QCOMPARE(cell.formats.size(), 3); // before, in and behind the bold passage
+        for (const QTextLayout::FormatRange& range : cell.formats) {
+            QVERIFY(range.format.fontStrikeOut());
+            QCOMPARE(range.format.foreground().color(), QColor(Qt::gray));
+        }
     }
 
     void iconsArePrinted()
@@ -128,12 +186,14 @@ private slots:
         pixmap.fill(Qt::green);
         FixedCell icon(Qt::DecorationRole, QIcon(pixmap));
         s.tool.model()->setCellConversion(QStringLiteral("status"), &icon);
-        QTextTable* printed = s.fill();
-        QTextCursor cursor = printed->cellAt(1, 0).firstCursorPosition();
-        cursor.movePosition(QTextCursor::Right);
-        QVERIFY(cursor.charFormat().isImageFormat());
-        const QUrl name(cursor.charFormat().toImageFormat().name());
-        QVERIFY(!s.document.resource(QTextDocument::ImageResource, name).isNull());
+        const VrkPreviewTable printed = s.printed();
+        QVERIFY(!printed.rows[0].cells[0].icon.isNull());
+        const QImage image = page(printed);
+        bool isGreen = false;
+        for (int x = 0; x < image.width(); ++x)
+            for (int y = 0; y < image.height(); ++y)
+                isGreen |= image.pixelColor(x, y) == QColor(Qt::green);
+        QVERIFY(isGreen);
     }
 
     void theDayLinesOfTheViewArePrinted()
@@ -142,87 +202,262 @@ private slots:
         s.table.add("K", QStringLiteral("21.11.2026 00:30"), QStringLiteral("Утро"));
         s.tool.setCMDArray(&s.table);
         s.tool.sortByColumn(QStringLiteral("recordTime"), Qt::AscendingOrder);
-        QTextTable* printed = s.fill();
-        QCOMPARE(printed->rows(), 5);
-        QCOMPARE(printed->cellAt(3, 0).columnSpan(), 3);
-        QCOMPARE(s.text(printed, 3, 0), QStringLiteral("21 ноября 2026, суббота"));
-        QCOMPARE(s.text(printed, 4, 2), QStringLiteral("Утро"));
-        QCOMPARE(s.text(printed, 2, 2), QStringLiteral("Запись номер 1"));
+        const VrkPreviewTable printed = s.printed();
+        QCOMPARE(printed.rows.size(), 4);
+        QVERIFY(printed.rows[2].isDayLine);
+        QCOMPARE(printed.rows[2].cells.size(), 1);
+        QCOMPARE(printed.rows[2].cells[0].text, QStringLiteral("21 ноября 2026, суббота"));
+        QCOMPARE(printed.rows[3].cells[2].text, QStringLiteral("Утро"));
+        QCOMPARE(printed.rows[1].cells[2].text, QStringLiteral("Запись номер 1"));
         s.tool.sortByColumn(QStringLiteral("html"), Qt::AscendingOrder);
-        QCOMPARE(s.fill()->rows(), 4);
+        QCOMPARE(s.printed().rows.size(), 3);
     }
 
     void theWidthBoundSparesTheLastColumn()
     {
         Setup s;
-        s.view.horizontalHeader()->resizeSection(s.tool.model()->idxField(QStringLiteral("status")), 500);
+        const int status = s.tool.model()->idxField(QStringLiteral("status"));
+        s.view.horizontalHeader()->resizeSection(status, 500);
         s.view.horizontalHeader()->resizeSection(s.tool.model()->idxField(QStringLiteral("html")), 500);
-        s.source.maxColumnWidth = 100;
-        const QVector<QTextLength> widths = s.fill()->format().columnWidthConstraints();
-        QCOMPARE(widths[0].rawValue(), 100.0);
-        QCOMPARE(widths[2].type(), QTextLength::VariableLength);
+        const auto firstFrame = [&s](int bound) {
+            return Recording(VrkPreviewTable::of(&s.view, bound)).rects[1];
+        };
+        QCOMPARE(firstFrame(100).rect.width(), 100 * 1200.0 / s.view.logicalDpiX());
+        QCOMPARE(firstFrame(0).rect.width(), 500 * 1200.0 / s.view.logicalDpiX());
+        // On the page the last one reaches the edge, whatever its width in the view.
+        QCOMPARE(Recording(VrkPreviewTable::of(&s.view, 100)).right(), pageSize.width());
+    }
+
+    void aNarrowColumnGrowsForItsLongestWordUpToTheBound()
+    {
+        Setup s;
+        const QString name = QStringLiteral("Константинопольская");
+        for (int i = 0; i < 2; ++i)
+            s.table.setText(s.table.row(i), "WorkerKey", name + QStringLiteral(" А. Б."));
+        s.tool.setCMDArray(&s.table);
+        s.tool.setColumnVisible(QStringLiteral("WorkerKey"), true);
+        int position = 0;
+        for (const char* field : {"WorkerKey", "status", "recordTime", "html"})
+            s.tool.setColumnPosition(QLatin1String(field), position++);
+        s.view.horizontalHeader()->resizeSection(s.tool.model()->idxField(QStringLiteral("WorkerKey")), 20);
+        const QStringList whole = Recording(VrkPreviewTable::of(&s.view)).lines();
+        QVERIFY2(whole.filter(name).size() == 2, qPrintable(whole.join(QLatin1Char('|'))));
+        QCOMPARE(whole.filter(QStringLiteral("А.\u00A0Б.")).size(), 2); // initials stay together
+        const QStringList bounded = Recording(VrkPreviewTable::of(&s.view, 50)).lines();
+        QVERIFY2(bounded.filter(name).isEmpty(), qPrintable(bounded.join(QLatin1Char('|'))));
+    }
+
+    void everyPageHasTheHeaderTheTitleAndItsNumber()
+    {
+        Setup s(120);
+        VrkPreviewTable printed = s.printed();
+        printed.footer = QStringLiteral("ЦДС\nСмена");
+        VrkPreviewPages pages;
+        pages.setTable(printed);
+        QVERIFY(pages.layOut(pageSize, {}));
+        QVERIFY(pages.count() > 2);
+        int rows = 0;
+        for (int i = 0; i < pages.count(); ++i) {
+            const Recording page(pages, i);
+            QCOMPARE(page.lines().count(QStringLiteral("status")), 1);
+            QCOMPARE(page.lines().count(QStringLiteral("ЦДС, Смена")), 1);
+            QCOMPARE(page.lines().count(QStringLiteral("Страница %1 из %2").arg(i + 1).arg(pages.count())),
+                     1);
+            QCOMPARE(page.lines().contains(QStringLiteral("ЦДС")), i == pages.count() - 1);
+            rows += page.lines().filter(QRegularExpression(QStringLiteral("^Запись "))).size();
+        }
+        QCOMPARE(rows, 120);
+    }
+
+    void aRowStandsWholeOnOnePage()
+    {
+        Setup s(0);
+        for (int i = 0; i < 40; ++i)
+            s.table.add("K", QStringLiteral("20.11.2026 01:00"),
+                        QStringLiteral("слово%1 ").arg(i).repeated(60 + 10 * (i % 7)));
+        s.tool.setCMDArray(&s.table);
+        VrkPreviewPages pages;
+        pages.setTable(s.printed());
+        QVERIFY(pages.layOut(pageSize, {}));
+        QVERIFY(pages.count() > 2);
+        QMap<QString, int> pageOf;
+        for (int i = 0; i < pages.count(); ++i) {
+            const Recording page(pages, i);
+            QVERIFY(page.bottomOfTexts() <= pageSize.height());
+            for (const QString& word : page.words(QStringLiteral("слово"))) {
+                if (!pageOf.contains(word))
+                    pageOf.insert(word, i);
+                QCOMPARE(pageOf.value(word), i);
+            }
+        }
+        QCOMPARE(pageOf.size(), 40);
+    }
+
+    void aRowHigherThanAPageBreaksBetweenLinesAndLosesNothing()
+    {
+        Setup s(3);
+        QString text;
+        for (int i = 0; i < 6000; ++i)
+            text += QStringLiteral("слово%1 ").arg(i);
+        s.table.add("K", QStringLiteral("20.11.2026 01:00"), text);
+        s.tool.setCMDArray(&s.table);
+        VrkPreviewPages pages;
+        pages.setTable(s.printed());
+        QVERIFY(pages.layOut(pageSize, {}));
+        QVERIFY(pages.count() > 2);
+        QStringList words;
+        for (int i = 0; i < pages.count(); ++i) {
+            const Recording page(pages, i);
+            words += page.words(QStringLiteral("слово"));
+            QVERIFY(page.bottomOfTexts() <= pageSize.height());
+            QVERIFY(page.lines().contains(QStringLiteral("status")));
+        }
+        QCOMPARE(words, text.trimmed().split(QLatin1Char(' ')));
+    }
+
+    void aDayLineNeverEndsAPage()
+    {
+        for (int before = 1; before < 60; ++before) {
+            Setup s(0);
+            for (int i = 0; i < before; ++i)
+                s.table.add("K", QStringLiteral("20.11.2026 01:00"), QStringLiteral("Запись"));
+            s.table.add("K", QStringLiteral("21.11.2026 01:00"), QStringLiteral("Утро"));
+            s.tool.setCMDArray(&s.table);
+            s.tool.sortByColumn(QStringLiteral("recordTime"), Qt::AscendingOrder);
+            VrkPreviewPages pages;
+            pages.setTable(s.printed());
+            QVERIFY(pages.layOut(pageSize, {}));
+            const Recording last(pages, pages.count() - 1);
+            QCOMPARE(last.lines().contains(QStringLiteral("Утро")),
+                     last.lines().contains(QStringLiteral("21 ноября 2026, суббота")));
+            if (pages.count() > 2)
+                return; // the break has gone past the day line
+        }
+    }
+
+    void wideColumnsLeaveRoomForTheText()
+    {
+        Setup s;
+        for (const char* field : {"KeyLink", "ShiftKey", "WorkerKey", "eventTime", "executionTime"})
+            s.tool.setColumnVisible(QLatin1String(field), true);
+        for (int i = 0; i < 18; ++i)
+            s.view.horizontalHeader()->resizeSection(i, 400);
+        const Recording page(s.printed());
+        QCOMPARE(page.right(), pageSize.width());
+        qreal last = 0; // width of the last column
+        for (const PaintRecord::Rect& frame : page.rects)
+            if (!frame.isFilled && qFuzzyCompare(frame.rect.right(), pageSize.width()))
+                last = frame.rect.width();
+        QVERIFY2(last > 0.39 * pageSize.width(), qPrintable(QString::number(last)));
     }
 
     void theFooterStandsAtTheEndAndTheHeaderHasItsColour()
     {
         Setup s;
-        s.source.headerBackground = Qt::gray;
-        QTextTable* printed = s.fill();
-        QVERIFY(s.document.toPlainText().endsWith(QStringLiteral("ЦДС\nСмена")));
-        QCOMPARE(printed->cellAt(0, 0).format().background().color(), QColor(Qt::gray));
+        VrkPreviewTable printed = s.printed();
+        printed.headerBackground = Qt::gray;
+        printed.footer = QStringLiteral("ЦДС\nСмена");
+        const Recording page(printed);
+        QVERIFY(page.lines().indexOf(QStringLiteral("ЦДС")) >
+                page.lines().indexOf(QStringLiteral("Запись ")));
+        QVERIFY(page.lines().contains(QStringLiteral("Смена")));
+        QCOMPARE(page.rects[0].color, QColor(Qt::gray));
+        QVERIFY(page.rects[0].isFilled);
     }
 
-    void fillingAgainReplacesTheDocument()
+    void paperIsLightInTheDarkToo()
     {
+        const QPalette day = QApplication::palette();
+        QPalette night = day;
+        for (QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+            night.setColor(role, Qt::white);
+        QApplication::setPalette(night);
         Setup s;
-        s.fill();
-        const QString once = s.document.toPlainText();
-        s.fill();
-        QCOMPARE(s.document.toPlainText(), once);
+        VrkPreviewTable printed = s.printed();
+        printed.footer = QStringLiteral("ЦДС");
+        const Recording page(printed);
+        QApplication::setPalette(day);
+        QVERIFY(page.texts.size() > 5);
+        for (const PaintRecord::Text& text : page.texts)
+            QCOMPARE(text.color, QColor(Qt::black));
+        for (const PaintRecord::Rect& rect : page.rects)
+            QCOMPARE(rect.color, rect.isFilled ? printed.headerBackground : QColor(Qt::black));
     }
 
     void withoutRowsOrViewThereIsStillAFooter()
     {
         Setup s(0);
-        QTextTable* printed = s.fill();
-        QCOMPARE(printed->rows(), 1);
-        QVERIFY(s.document.toPlainText().contains(QStringLiteral("Смена")));
-        VrkPreviewDocument none;
-        none.fill(&s.document);
-        QCOMPARE(s.document.toPlainText(), QString());
+        VrkPreviewTable printed = s.printed();
+        QCOMPARE(printed.rows.size(), 0);
+        printed.footer = QStringLiteral("Смена");
+        const Recording page(printed);
+        QVERIFY(page.lines().contains(QStringLiteral("status")));
+        QVERIFY(page.lines().contains(QStringLiteral("Смена")));
+        VrkPreviewTable none = VrkPreviewTable::of(nullptr);
+        none.footer = QStringLiteral("Смена");
+        QVERIFY(Recording(none).lines().contains(QStringLiteral("Смена")));
     }
 
-    void aLongDocumentShowsItsProgressAndCanBeCancelled()
+    void aLongDocumentShowsItsProgressAndCanBeCancelledAtAnyTime()
     {
-        Setup s(500);
+        Setup s(2000);
         VrkPreview preview;
         preview.setView(&s.view);
-        preview.showDocument();
-        QTRY_VERIFY(window()->pageCount() > 10);
-
-        QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("a.pdf"));
         QTimer canceller;
-        int seen = 0;
-        bool isCancelling = false;
+        QSet<int> values;
+        int cancelAt = -1;
         connect(&canceller, &QTimer::timeout, this, [&] {
-            auto* progress = window()->findChild<QProgressDialog*>(QStringLiteral("pagesProgress"));
-            if (!progress || !progress->isVisible())
+            QProgressDialog* progress = nullptr;
+            for (QWidget* widget : QApplication::topLevelWidgets())
+                if (widget->isVisible() && widget->objectName() == QLatin1String("pagesProgress"))
+                    progress = qobject_cast<QProgressDialog*>(widget);
+            if (!progress)
                 return;
-            ++seen;
             QCOMPARE(progress->labelText(), QStringLiteral("Подготовка страниц..."));
-            if (isCancelling)
+            values.insert(progress->value());
+            if (cancelAt >= 0 && progress->value() >= cancelAt)
                 progress->cancel();
         });
         canceller.start(0);
-        QVERIFY(window()->savePdf(file));
-        QVERIFY(seen > 0);
-        QVERIFY(QFileInfo::exists(file));
+        const auto isProgress = [] {
+            for (QWidget* widget : QApplication::topLevelWidgets())
+                if (widget->objectName() == QLatin1String("pagesProgress"))
+                    return true;
+            return false;
+        };
 
-        isCancelling = true;
+        cancelAt = 100; // while the rows are laid out: there is no preview then
+        preview.showDocument();
+        QVERIFY(!values.isEmpty());
+        QVERIFY(!window()->isVisible());
+        QVERIFY(*std::max_element(values.begin(), values.end()) < 2000);
+        values.clear();
+        cancelAt = 3000; // while the pages are painted
+        preview.showDocument();
+        QVERIFY(!window()->isVisible());
+        QVERIFY(*std::max_element(values.begin(), values.end()) >= 3000);
+
+        cancelAt = -1;
+        values.clear();
+        preview.showDocument();
+        QVERIFY(window()->isVisible());
+        QVERIFY(values.size() > 20);
+        QVERIFY(window()->pageCount() > 10);
+        QVERIFY(!isProgress());
+
+        QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("a.pdf"));
+        values.clear();
+        QVERIFY(window()->savePdf(file));
+        QVERIFY(QFileInfo::exists(file));
+        QVERIFY(*std::min_element(values.begin(), values.end()) >= 2000); // laid out already
+        cancelAt = 2500;
         QVERIFY(!window()->savePdf(file));
         QVERIFY(!QFileInfo::exists(file));
-        QVERIFY(!window()->findChild<QProgressDialog*>());
+        cancelAt = 0;
+        window()->findChild<QAction*>(QStringLiteral("portraitAction"))->setChecked(true);
+        QVERIFY(!window()->isVisible()); // a part of the pages would pass for the whole
+        QVERIFY(!isProgress());
     }
 
     void theWindowShowsPagesAndSavesThemAsPdf()

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "VrkPreviewTable.h"
+
+#include <functional>
+#include <QSizeF>
+
+class QPainter;
+
+/// Breaks a table into pages and paints them one by one. Every page repeats the header; a row stands whole on one page
+/// unless it is higher than a page, and then breaks between two lines; a day line never ends a page. Lengths are in
+/// units of 1/1200 inch, so that screen, printer and PDF share one layout.
+class VrkPreviewPages
+{
+public:
+    static constexpr qreal unitsPerInch = 1200;
+    static constexpr int manyRows = 300; ///< from here on the work takes long enough to be told
+
+    /// Told what has been done of how much; false ends the work.
+    using Progress = std::function<bool(int done, int total)>;
+
+    void setTable(const VrkPreviewTable& table);
+    const VrkPreviewTable& table() const { return m_table; }
+
+    /// Lays the table out for pages of this size, the line with the page number included. Nothing to do when it is laid
+    /// out so already. False when \a progress has ended it: then there are no pages.
+    bool layOut(const QSizeF& page, const Progress& progress);
+    /// 0 before layOut().
+    int count() const { return m_pages.size(); }
+    /// Paints a page with its number, its upper left corner at the origin.
+    void paint(QPainter* painter, int page) const;
+
+private:
+    /// A part of a row: all of it, or of each cell the lines from and before.
+    struct Piece {
+        int row;
+        qreal height;
+        QVector<int> from;
+        QVector<int> before;
+    };
+    struct Page {
+        QVector<Piece> pieces;
+        qreal footerTop = -1; ///< below 0: the footer is on another page
+    };
+    class Breaker;
+
+    void fitColumns();
+    qreal longestWord(int column) const;
+    qreal bodyHeight() const;
+    QRectF cellRect(const VrkPreviewTable::Row& row, int cell, qreal top, qreal height) const;
+    void paintRow(QPainter* painter, const VrkPreviewTable::Row& row, const Piece& piece, qreal top) const;
+    void paintNumber(QPainter* painter, int page) const;
+
+    VrkPreviewTable m_table;
+    QFont m_font; ///< of a size in units
+    QSizeF m_size;
+    QVector<qreal> m_edges; ///< of the columns, one more than there are columns
+    qreal m_headerHeight = 0;
+    QVector<Page> m_pages;
+};
