@@ -2,82 +2,29 @@
 
 #include "CVrkCliMod.h"
 #include "Theme.h"
+#include "TourHands.h"
 #include "Workstation.h"
 
 #include <functional>
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
-#include <QComboBox>
 #include <QCoreApplication>
 #include <QDateEdit>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QTableView>
 #include <QTabWidget>
 #include <QToolButton>
 
+using namespace TourHands;
+
 namespace
 {
-constexpr int patienceMs = 10000;
-
-/// Runs the event loop until the condition holds.
-bool wait(const std::function<bool()>& condition)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition()) {
-        if (timer.elapsed() > patienceMs)
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
-    }
-    return true;
-}
-
-/// Lets what was asked for be shown: delayed painting and measuring included.
-void settle()
-{
-    for (int i = 0; i < 5; ++i)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-}
-
-/// A key, with the text that it types, to whoever has the keyboard in this window.
-void press(QWidget* window, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
-           const QString& text = QString())
-{
-    if (!window->isActiveWindow()) // there may be no window manager to do it
-        QApplication::setActiveWindow(window);
-    QWidget* receiver = window->focusWidget() ? window->focusWidget() : window;
-    QKeyEvent down(QEvent::KeyPress, key, modifiers, text);
-    QCoreApplication::sendEvent(receiver, &down);
-    QKeyEvent up(QEvent::KeyRelease, key, modifiers, text);
-    QCoreApplication::sendEvent(receiver, &up);
-    QCoreApplication::processEvents();
-}
-
-void type(QWidget* window, const QString& text)
-{
-    for (const QChar character : text)
-        press(window, 0, Qt::NoModifier, QString(character));
-    settle();
-}
-
-QWidget* visibleDialog(const char* className)
-{
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->isVisible() && widget->inherits(className))
-            return widget;
-    }
-    return nullptr;
-}
-
 QAbstractItemView* records(QWidget* window)
 {
     return window->findChild<QAbstractItemView*>(QStringLiteral("recordsTable"));
@@ -117,55 +64,6 @@ void showMidnight(QWidget* window)
             return;
         }
     }
-}
-
-/// Presses a button of a message box or dialog by its text.
-bool answer(QWidget* box, const QString& text)
-{
-    for (QAbstractButton* button : box->findChildren<QAbstractButton*>()) {
-        QString shown = button->text();
-        if (shown.remove(QLatin1Char('&')) == text) {
-            button->click();
-            settle();
-            return true;
-        }
-    }
-    return false;
-}
-
-/// Chooses an entry of the menu behind a button of the tool bar.
-bool trigger(QWidget* window, const char* action)
-{
-    auto* entry = window->findChild<QAction*>(QLatin1String(action));
-    if (!entry || !entry->isEnabled() || !entry->isVisible())
-        return false;
-    entry->trigger();
-    settle();
-    return true;
-}
-
-/// Fills what a template still lacks: a value of the list, or the words.
-void fillGaps(QWidget* dialog, const QString& words)
-{
-    for (int i = 0; auto* editor = dialog->findChild<QWidget*>(QStringLiteral("parameterInput_%1").arg(i));
-         ++i) {
-        auto* line = qobject_cast<QLineEdit*>(editor);
-        auto* text = qobject_cast<QPlainTextEdit*>(editor);
-        auto* list = qobject_cast<QComboBox*>(editor);
-        if ((line && !line->text().isEmpty()) || (text && !text->toPlainText().isEmpty()))
-            continue;
-        editor->setFocus();
-        if (list) {
-            if (list->currentIndex() <= 0)
-                press(dialog, Qt::Key_Down);
-            continue;
-        }
-        type(dialog, words);
-        if (visibleDialog("SuggestionPopup"))
-            press(dialog, Qt::Key_Escape);
-        press(dialog, Qt::Key_Tab);
-    }
-    settle();
 }
 
 QString tr(const char* text)
@@ -217,7 +115,7 @@ bool Tour::playTheme(const QString& theme, const QString& title)
     for (const char* suffix : {"", "-wal", "-shm"})
         QFile::remove(file + QLatin1String(suffix));
     m_store = QStringLiteral("sqlite://") + file;
-    if (!admin({QStringLiteral("demo"), m_store}))
+    if (!admin({QStringLiteral("demo"), m_store, QStringLiteral("--old")}))
         return false;
 
     Theme::apply(theme);
@@ -246,7 +144,7 @@ bool Tour::playScenes(CVrkCliMod* window)
     return sceneWindow(window) && sceneNewRecord(window) && sceneColleague(window) && sceneApproval(window) &&
            sceneVisa(window) && sceneDeletion(window) && sceneReading(window) && sceneSearch(window) &&
            sceneMarks(window) && sceneExecution(window) && sceneArchive(window) && sceneHandover(window) &&
-           sceneOpening(window);
+           playTemplates(window) && sceneOpening(window) && sceneConvertedRecord(window);
 }
 
 bool Tour::sceneWindow(CVrkCliMod* window)
@@ -474,6 +372,8 @@ bool Tour::sceneOpening(CVrkCliMod* window)
     QWidget* dialog = visibleDialog("OpenWorkshiftDialog");
     if (!dialog)
         return fail(tr("Окно открытия смены не открылось."));
+    if (!chooseOwnTemplate(dialog))
+        return false;
     fillGaps(dialog, tr("нет"));
     // The shift that was handed over early still runs by plan: the next one begins at its end.
     auto* button = dialog->findChild<QPushButton*>(QStringLiteral("applyButton"));
@@ -484,7 +384,7 @@ bool Tour::sceneOpening(CVrkCliMod* window)
         start->setDate(start->date().addDays(1));
         settle();
     }
-    picture(tr("Открытие смены: график, интервал, состав и запись о приёме."));
+    picture(tr("Открытие смены: график, интервал, состав и запись о приёме по новому шаблону."));
     if (!button->isEnabled())
         return fail(tr("Смену нельзя открыть: %1").arg(button->toolTip()));
     button->click();

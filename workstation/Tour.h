@@ -6,7 +6,6 @@
 
 class CVrkCliMod;
 class QWidget;
-class Workstation;
 
 /// Plays the demo story through the real windows, with keys and clicks, and leaves a page of captioned pictures: once in
 /// light and once in dark colours, each on a demo store of its own.
@@ -39,6 +38,14 @@ private:
     bool sceneArchive(CVrkCliMod* window);
     bool sceneHandover(CVrkCliMod* window);
     bool sceneOpening(CVrkCliMod* window);
+
+    // Tour_templates.cpp: an administrator at the same desk, and what comes of his work in the journal
+    bool playTemplates(CVrkCliMod* journal);
+    bool sceneOwnTemplate(CVrkCliMod* window);
+    bool sceneConverter(CVrkCliMod* window);
+    bool sceneConverted(CVrkCliMod* window);
+    bool chooseOwnTemplate(QWidget* dialog);
+    bool sceneConvertedRecord(CVrkCliMod* journal);
 
     /// Runs vrk-admin; false with its error output as errorText().
     bool admin(const QStringList& arguments);

@@ -16,8 +16,20 @@
 #include <QScrollBar>
 #include <QSplitter>
 #include <QStyle>
+#include <QTimer>
 #include <QToolButton>
+#include <QTreeView>
 #include <QVBoxLayout>
+
+namespace
+{
+/// A line around a view that shows on any ground: that of the style all but vanishes in the dark.
+void frame(QFrame* view)
+{
+    view->setFrameStyle(QFrame::Box | QFrame::Plain);
+    view->setForegroundRole(QPalette::PlaceholderText);
+}
+} // namespace
 
 struct TemplateEditor::Private {
     explicit Private(TemplateEditor* editor) : q(editor) {}
@@ -68,7 +80,10 @@ void TemplateEditor::Private::build()
     text->setMinimumHeight(text->fontMetrics().lineSpacing() * 3);
     preview = new FillerText(q);
     preview->setObjectName(QStringLiteral("templatePreview"));
+    frame(text);
+    frame(preview);
     panel = new TemplateEditorPanel(q);
+    frame(panel->tree());
     panel->setObjectName(QStringLiteral("templateParameters"));
     notice = new QLabel(q);
     notice->setObjectName(QStringLiteral("templateNotice"));
@@ -119,6 +134,7 @@ void TemplateEditor::Private::build()
     connect(text, &QTextEdit::undoAvailable, q, [this] { showState(); });
     connect(text, &QTextEdit::redoAvailable, q, [this] { showState(); });
     connect(text, &TemplateEditorText::chipRequested, q, [this](int position) { editChip(position); });
+    connect(text, &TemplateEditorText::parameterDropped, q, [this](const QString& html) { take(html); });
     connect(text, &TemplateEditorText::refused, q, [this](const QString& words) { tell(words); });
     connect(panel, &TemplateEditorPanel::left, text, [this] { text->setFocus(Qt::OtherFocusReason); });
     connect(panel, &TemplateEditorPanel::taken, q, [this](const QString& html) { take(html); });
@@ -281,9 +297,11 @@ void TemplateEditor::Private::take(const QString& html)
     text->insertParameter(html);
     text->setFocus(Qt::OtherFocusReason);
     const TemplateEditorChip chip = text->chipAt(text->currentChip());
-    if (ParameterSpec::kindOf(chip.property("name")) == ParameterKind::List &&
-        chip.property("list").isEmpty())
-        tell(tr("Список пока пуст: значения задаются в окне параметра (F2)"));
+    const bool isEmptyList = ParameterSpec::kindOf(chip.property("name")) == ParameterKind::List &&
+                             chip.property("list").isEmpty();
+    if (isEmptyList) // later: the change that a drop is part of takes notices away at its end
+        QTimer::singleShot(0, q,
+                           [this] { tell(tr("Список пока пуст: значения задаются в окне параметра (F2)")); });
 }
 
 TemplateEditor::TemplateEditor(QWidget* parent) : QWidget(parent), d(new Private(this))

@@ -3,12 +3,14 @@
 #include "CModelTable.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
+#include "TemplateEditorText.h"
 #include "TextMatch.h"
 
 #include <algorithm>
 #include <QCollator>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QSortFilterProxyModel>
 #include <QStandardItemModel>
 #include <QTextCodec>
@@ -29,6 +31,18 @@ public:
         invalidateFilter();
     }
     bool isSearching() const { return !m_parts.isEmpty(); }
+
+    QStringList mimeTypes() const override { return {TemplateEditorText::parameterFormat()}; }
+    QMimeData* mimeData(const QModelIndexList& indexes) const override
+    {
+        auto* mime = new QMimeData;
+        if (!indexes.isEmpty())
+            mime->setData(TemplateEditorText::parameterFormat(),
+                          indexes.first().data(TemplateEditorPanel::HtmlRole).toString().toUtf8());
+        return mime;
+    }
+    /// Copying alone: after a move the view would take the parameter out of the tree.
+    Qt::DropActions supportedDragActions() const override { return Qt::CopyAction; }
 
 protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override
@@ -87,6 +101,7 @@ TemplateEditorPanel::TemplateEditorPanel(QWidget* parent)
     m_tree->setUniformRowHeights(true);
     m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_tree->setExpandsOnDoubleClick(true);
+    m_tree->setDragDropMode(QAbstractItemView::DragOnly);
     m_tree->installEventFilter(this);
 
     connect(m_search, &QLineEdit::textChanged, this, &TemplateEditorPanel::search);
@@ -132,6 +147,7 @@ void TemplateEditorPanel::setFilter(const QStringList& names)
 void TemplateEditorPanel::setTaking(bool taking)
 {
     m_taking = taking;
+    m_tree->setDragEnabled(taking);
 }
 
 QSize TemplateEditorPanel::sizeHint() const
@@ -217,6 +233,8 @@ QStandardItem* TemplateEditorPanel::itemOf(const Row& row) const
 {
     auto* item = new QStandardItem(row.name);
     item->setEditable(false);
+    item->setDragEnabled(!row.html.isEmpty());
+    item->setDropEnabled(false);
     item->setData(row.key, KeyRole);
     item->setToolTip(row.name);
     if (!row.html.isEmpty())

@@ -16,7 +16,7 @@ class QTreeView;
 struct MDRData;
 
 /// The parameters on offer as a tree of their groups, with a search line above it. A double click, or Enter in the
-/// tree or in the search line, takes a parameter.
+/// tree or in the search line, takes a parameter; it can also be dragged from the tree into the text.
 class TemplateEditorPanel : public QWidget
 {
     Q_OBJECT
@@ -40,6 +40,7 @@ public:
     void update(MDRData* record);
 
     QSize sizeHint() const override;
+    QTreeView* tree() const { return m_tree; }
 
 signals:
     /// The user has chosen the parameter with this text.

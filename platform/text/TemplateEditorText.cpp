@@ -338,13 +338,18 @@ QMimeData* TemplateEditorText::createMimeDataFromSelection() const
 
 bool TemplateEditorText::canInsertFromMimeData(const QMimeData* source) const
 {
-    return source->hasFormat(ownFormat) || source->hasHtml() || source->hasText();
+    return source->hasFormat(parameterFormat()) || source->hasFormat(ownFormat) || source->hasHtml() ||
+           source->hasText();
 }
 
 void TemplateEditorText::insertFromMimeData(const QMimeData* source)
 {
     if (isReadOnly())
         return;
+    if (source->hasFormat(parameterFormat())) {
+        emit parameterDropped(QString::fromUtf8(source->data(parameterFormat())));
+        return;
+    }
     if (!canInsertFromMimeData(source)) {
         emit refused(tr("Вставить можно только текст: рисунков и файлов шаблон не переносит"));
         return;

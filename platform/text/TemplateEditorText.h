@@ -13,6 +13,9 @@ class TemplateEditorText : public QTextEdit
     Q_OBJECT
 
 public:
+    /// Format in which the text of a single parameter is dragged in from a list of them.
+    static QString parameterFormat() { return QStringLiteral("logbook_template_parameter"); }
+
     explicit TemplateEditorText(QWidget* parent = nullptr);
 
     /// Replaces the content; nothing is left to undo, and the document counts as unmodified.
@@ -40,6 +43,8 @@ public:
 
 signals:
     void chipRequested(int position);
+    /// A parameter was dropped here: the cursor stands where it goes.
+    void parameterDropped(const QString& html);
     /// Something could not be taken over, or not as it was.
     void refused(const QString& notice);
 

@@ -31,8 +31,16 @@ public:
     int MessageData(HFNCliParam* block) override;
     void AppIdleEvent() override;
 
-    /// Writes the report as a text in UTF-8; a failure is told in the report on the screen.
+    /// Writes the report as a text in UTF-8; the report on the screen tells where it went, or why it did not.
     void saveReport(const QString& path);
+
+    /// \name Dumps to the message log, for use at the bench
+    /// @{
+    static void printStructTable(CMDArray* table, const QString& title);
+    static void printKeysTable(CMDArray* table, const QString& title);
+    static void printRecordTable(CVrkCliMod* module, CMDArray* table, MDRData* record, const QString& title);
+    static void printTable(CVrkCliMod* module, CMDArray* table, const QString& title);
+    /// @}
 
 protected:
     /// Stays open during a run: the loops below it work on its tables.

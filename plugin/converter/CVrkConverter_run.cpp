@@ -7,6 +7,7 @@
 #include "ui_CVrkConverter.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QSaveFile>
 #include <QScrollBar>
@@ -142,4 +143,6 @@ void CVrkConverter::saveReport(const QString& path)
     const QByteArray text = m_report.asText().toUtf8();
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
         addErrorInfo(LogText::fill(tr("Не удалось сохранить отчёт: %1"), {file.errorString()}));
+    else
+        addGoodMessage(LogText::fill(tr("Отчёт сохранён: %1"), {QDir::toNativeSeparators(path)}));
 }

@@ -17,6 +17,8 @@ QString words(ConversionReport::Result result)
         return ConversionReport::tr("берётся из основных параметров");
     case ConversionReport::Unnamed:
         return ConversionReport::tr("пропущен: нет латинского имени");
+    case ConversionReport::BadName:
+        return ConversionReport::tr("не преобразован: недопустимый знак в латинском имени");
     case ConversionReport::BadDate:
         return ConversionReport::tr("не преобразован: формат даты и времени неизвестен");
     case ConversionReport::Template:

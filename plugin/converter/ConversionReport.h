@@ -16,7 +16,19 @@ public:
         Tone tone;
         QString text;
     };
-    enum Result { Text, List, DateTime, Reference, Base, Unnamed, BadDate, Template, OpenBracket, LeftOut };
+    enum Result {
+        Text,
+        List,
+        DateTime,
+        Reference,
+        Base,
+        Unnamed,
+        BadName,
+        BadDate,
+        Template,
+        OpenBracket,
+        LeftOut
+    };
     /// What became of one old row.
     struct Outcome {
         QString name;

@@ -6,6 +6,7 @@
 #include "ParamText.h"
 #include "RecordValue.h"
 
+#include <algorithm>
 #include <QTextCodec>
 
 namespace
@@ -25,6 +26,14 @@ bool isNull(const MDRVar& value)
 void setText(CMDArray& table, MDRData* record, const char* field, const QByteArray& bytes)
 {
     table.SetValF(record, field, bytes.isNull() ? MDRValue::null() : MDRValue::text(bytes));
+}
+
+/// Whether the store takes the name as the key of a row: no quotes, no backslash, no control characters.
+bool isPossibleKey(const QString& name)
+{
+    return std::none_of(name.begin(), name.end(), [](QChar sign) {
+        return sign < QLatin1Char(' ') || QStringLiteral("'\"\\").contains(sign);
+    });
 }
 } // namespace
 
@@ -58,6 +67,13 @@ void ParamRules::convert(const MDRData* old)
                           {m_tables->text(old, "nameLoc")});
         m_report->add(ConversionReport::Warning, text);
         note(old, ConversionReport::Unnamed);
+    } else if (!isPossibleKey(name)) {
+        // One such row would make the store refuse all of them.
+        const QString text = ConversionReport::tr("Параметр '%1' не преобразован: в его латинском имени "
+                                                  "кавычка, обратная черта или управляющий знак");
+        m_report->add(ConversionReport::Error, LogText::fill(text, {name}));
+        m_report->failed << name;
+        note(old, ConversionReport::BadName);
     } else if (isDate) {
         convertDateTime(old);
     } else if (isEnum) {

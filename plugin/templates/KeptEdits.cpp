@@ -1,18 +1,8 @@
 #include "KeptEdits.h"
 
 #include "LogbookFields.h"
-
-namespace
-{
-void add(CModelTable* kept, const MDRData* record)
-{
-    if (record->flags & ROW_DELETE)
-        return;
-    MDRData* copy = MDARecNew(kept->data.array);
-    KeptEdits::copyRecord(record, copy);
-    kept->data.RecPost(copy);
-}
-} // namespace
+#include "MDRValues.h"
+#include "RecordValue.h"
 
 KeptEdits::KeptEdits() : m_categories("LogbookCatsTemplate"), m_templates("LogbookTemplates")
 {
@@ -22,19 +12,48 @@ KeptEdits::KeptEdits() : m_categories("LogbookCatsTemplate"), m_templates("Logbo
         TemplateTables::setDefaultKey(table);
 }
 
+void KeptEdits::add(CModelTable* kept, const CModelTable& stored, const MDRData* record)
+{
+    if (record->flags & ROW_DELETE)
+        return;
+    const QByteArray key = MDRValue::copy(recordValue(record, "KeyLink"));
+    if (MDRData* earlier = TemplateTables::recordByKeyLink(kept, key.constData()))
+        TemplateTables::deleteRecord(kept, earlier);
+    MDRData* copy = MDARecNew(kept->data.array);
+    copyRecord(record, copy);
+    const MDRData* base = TemplateTables::recordByKeyLink(&stored, key.constData());
+    for (int i = 0; base && i < MDAFldCount(kept->data.array); ++i) {
+        const MDRField* field = MDRFldByNum(kept->data.array, i);
+        const MDRVar value = recordValue(base, field->name);
+        bool isMarked = false;
+        MDRIsUser(field, copy, &isMarked);
+        if (!isMarked)
+            MDRSetVal(field, copy, &value);
+    }
+    kept->data.RecPost(copy);
+}
+
 void KeptEdits::keepAll(const TemplateTables& tables)
 {
-    clear();
     for (int i = 0; i < tables.categoriesEdit.data.RecCount(); ++i)
-        add(&m_categories, MDARec(tables.categoriesEdit.data.array, 0, i));
+        add(&m_categories, tables.categories, MDARec(tables.categoriesEdit.data.array, 0, i));
     for (int i = 0; i < tables.templatesEdit.data.RecCount(); ++i)
-        add(&m_templates, MDARec(tables.templatesEdit.data.array, 0, i));
+        add(&m_templates, tables.templates, MDARec(tables.templatesEdit.data.array, 0, i));
 }
 
 void KeptEdits::keep(const TemplateTables& tables, const MDRData* record)
 {
-    clear();
-    add(TemplateTables::isContains(&tables.categoriesEdit, record) ? &m_categories : &m_templates, record);
+    if (TemplateTables::isContains(&tables.categoriesEdit, record))
+        add(&m_categories, tables.categories, record);
+    else
+        add(&m_templates, tables.templates, record);
+}
+
+void KeptEdits::forget(const CModelTable& kept, const QByteArray& key)
+{
+    CModelTable* table = &kept == &m_categories ? &m_categories : &m_templates;
+    if (MDRData* record = TemplateTables::recordByKeyLink(table, key.constData()))
+        TemplateTables::deleteRecord(table, record);
 }
 
 void KeptEdits::clear()

@@ -9,10 +9,12 @@ class KeptEdits
 public:
     KeptEdits();
 
-    /// Replaces what is kept by the new and changed records of the edit tables.
+    /// Adds the new and changed records of the edit tables to what is kept.
     void keepAll(const TemplateTables& tables);
-    /// Replaces what is kept by this record of one of the edit tables.
+    /// Adds this record of one of the edit tables.
     void keep(const TemplateTables& tables, const MDRData* record);
+    /// What is kept under the key of this record was given back.
+    void forget(const CModelTable& kept, const QByteArray& key);
     void clear();
     bool isEmpty() const;
 
@@ -23,6 +25,9 @@ public:
     static void copyRecord(const MDRData* from, MDRData* to);
 
 private:
+    /// A change is kept with all that its row holds, should the row be gone when it comes back.
+    static void add(CModelTable* kept, const CModelTable& stored, const MDRData* record);
+
     CModelTable m_categories;
     CModelTable m_templates;
 };

@@ -217,7 +217,11 @@ private:
     void writeLogUnsaved(const QString& func, const QString& text);
     void tellKept(const QString& text);
     void restoreKept();
+    void restoreFrom(const CModelTable& kept, const CModelTable& table, CModelTable* edits,
+                     MDRData** restored);
     MDRData* restoreRecord(const CModelTable& table, CModelTable* edits, const MDRData* kept);
+    static QByteArray keyAbove(const MDRData* record);
+    QModelIndex placeOf(const MDRData* kept) const;
 
     // Events
     void rowChanged(CModelTable* table, CModelTable* edits, TEventNciParse* event);
@@ -310,5 +314,6 @@ private:
     CModelTable* m_parametersTable = nullptr;
     TemplateTables m_tables;
     KeptEdits m_kept;
-    bool m_isSent = false; ///< the unsaved records were written, their events are on the way
+    QByteArray m_shownTemplate; ///< key of the template in the passport
+    bool m_isSent = false;      ///< the unsaved records were written, their events are on the way
 };

@@ -226,20 +226,16 @@ void TemplateTab::restoreKept()
     }
     QuietSelection quiet(m_form->templatesTree->selectionModel());
     MDRData* restored = nullptr;
-    for (int i = 0; i < m_kept.categories().data.RecCount(); ++i)
-        if (MDRData* record = restoreRecord(m_tables.categories, &m_tables.categoriesEdit,
-                                            MDARec(m_kept.categories().data.array, 0, i)))
-            restored = record;
-    for (int i = 0; i < m_kept.templates().data.RecCount(); ++i)
-        if (MDRData* record = restoreRecord(m_tables.templates, &m_tables.templatesEdit,
-                                            MDARec(m_kept.templates().data.array, 0, i)))
-            restored = record;
+    restoreFrom(m_kept.categories(), m_tables.categories, &m_tables.categoriesEdit, &restored);
+    restoreFrom(m_kept.templates(), m_tables.templates, &m_tables.templatesEdit, &restored);
     quiet.end();
     if (!restored) {
-        showError(tr("Вернуть изменения некуда: элемента больше нет в дереве."));
+        const bool isTemplate = m_kept.templates().data.RecCount() > 0;
+        showError(isTemplate
+                      ? tr("Места, где был шаблон, больше нет. Выберите категорию, в которую его вернуть.")
+                      : tr("Вернуть изменения некуда: элемента больше нет в дереве."));
         return;
     }
-    m_kept.clear();
     // A changed record is no row of the tree: its base record is selected, and the passport shows the change.
     const MDRVar key = recordValue(restored, "KeyLink");
     const bool isCategory = TemplateTables::isContains(&m_tables.categoriesEdit, restored);
@@ -250,34 +246,79 @@ void TemplateTab::restoreKept()
     updateEditStatus();
 }
 
+void TemplateTab::restoreFrom(const CModelTable& kept, const CModelTable& table, CModelTable* edits,
+                              MDRData** restored)
+{
+    for (int i = 0; i < kept.data.RecCount();) {
+        const MDRData* record = MDARec(kept.data.array, 0, i);
+        MDRData* back = restoreRecord(table, edits, record);
+        if (back) {
+            *restored = back;
+            m_kept.forget(kept, MDRValue::copy(recordValue(record, "KeyLink")));
+        } else {
+            ++i;
+        }
+    }
+}
+
+/// Null when there is no place for it in this tree.
 MDRData* TemplateTab::restoreRecord(const CModelTable& table, CModelTable* edits, const MDRData* kept)
 {
     const QByteArray key = MDRValue::copy(recordValue(kept, "KeyLink"));
-    const bool isNew = kept->flags & ROW_INSERT;
-    const bool isThere = TemplateTables::recordByKeyLink(&table, key.constData()) != nullptr;
-    if (isNew == isThere)
-        return nullptr; // a new one that was saved after all, or a changed one that is gone
-
+    const MDRData* base = TemplateTables::recordByKeyLink(&table, key.constData());
+    const bool isTemplate = edits == &m_tables.templatesEdit;
     QModelIndex parent;
-    if (isNew) {
-        QByteArray above;
-        for (const char* field : {"CategoryKey", "ParentKey", "OrgTypeKey", "DepartmentKey"})
-            if (above.isEmpty())
-                above = MDRValue::copy(recordValue(kept, field));
-        const CModelTable* const places[] = {&m_tables.categories, m_orgTypesTable, m_departmentsTable};
-        for (const CModelTable* folders : places)
-            if (!parent.isValid())
-                parent = m_model->indexByRecord(TemplateTables::recordByKeyLink(folders, above.constData()));
-        if (!parent.isValid() && !above.isEmpty())
+    if (base && !m_model->indexByRecord(base).isValid())
+        return nullptr; // moved to another level
+    if (!base) {
+        parent = placeOf(kept);
+        const bool isTop = !isTemplate && m_model->isTopOfCategories() && keyAbove(kept).isEmpty();
+        if (!parent.isValid() && !isTop)
             return nullptr;
-        const bool isCategory = edits == &m_tables.categoriesEdit;
-        m_model->beginInsertRow(isCategory ? m_model->folderCount(parent) : m_model->rowCount(parent),
+        m_model->beginInsertRow(isTemplate ? m_model->rowCount(parent) : m_model->folderCount(parent),
                                 parent);
     }
     MDRData* record = MDARecNew(edits->data.array);
     KeptEdits::copyRecord(kept, record);
+    MDRSetFlags(record, base ? ROW_UPDATE : ROW_INSERT);
+    for (int i = 0; !base && i < MDAFldCount(edits->data.array); ++i)
+        MDRSetUser(MDRFldByNum(edits->data.array, i), record, 1);
+    if (!base && isTemplate) {
+        const QByteArray category = parent.data(Qt::UserRole).toString().toUtf8();
+        edits->data.SetValF(record, "CategoryKey", MDRValue::text(category));
+    }
     record = edits->data.RecPost(record);
-    if (isNew)
+    if (!base)
         m_model->endInsertRow();
     return record;
+}
+
+QByteArray TemplateTab::keyAbove(const MDRData* record)
+{
+    for (const char* field : {"CategoryKey", "ParentKey", "OrgTypeKey", "DepartmentKey"}) {
+        const QByteArray key = MDRValue::copy(recordValue(record, field));
+        if (!key.isEmpty())
+            return key;
+    }
+    return {};
+}
+
+/// The index under which a record that is not there belongs. A template whose category is gone goes where the user is.
+QModelIndex TemplateTab::placeOf(const MDRData* kept) const
+{
+    const QByteArray above = keyAbove(kept);
+    const CModelTable* const places[] = {&m_tables.categories, m_orgTypesTable, m_departmentsTable};
+    for (const CModelTable* folders : places) {
+        const QModelIndex place =
+            m_model->indexByRecord(TemplateTables::recordByKeyLink(folders, above.constData()));
+        if (place.isValid())
+            return place;
+    }
+    if (MDRFldByName(MDARecArr(kept), "CategoryKey") == nullptr)
+        return {};
+    const QModelIndex current = currentSource();
+    for (const QModelIndex& place : {current, current.parent()})
+        if (TemplateTables::isContains(&m_tables.categories, m_model->recordByIndex(place)))
+            return place;
+    return {};
 }

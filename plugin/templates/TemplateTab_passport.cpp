@@ -1,4 +1,5 @@
 #include "CVrkCliMod.h"
+#include "LastRowFiller.h"
 #include "LogbookTables.h"
 #include "ParametersBase.h"
 #include "RecordValue.h"
@@ -52,7 +53,9 @@ void configureTree(QTreeWidget* tree, const QString& widest)
     tree->setUniformRowHeights(false);
     tree->setSortingEnabled(false);
     tree->setSelectionMode(QAbstractItemView::NoSelection);
-    tree->setFocusPolicy(Qt::NoFocus); // the editors take the keyboard
+    tree->setVerticalScrollMode(
+        QAbstractItemView::ScrollPerPixel); // a step of the text's row would skip half a page
+    tree->setFocusPolicy(Qt::NoFocus);      // the editors take the keyboard
     const QFontMetrics metrics(tree->font());
     const int width = metrics.horizontalAdvance(widest) + 6 * metrics.horizontalAdvance(QLatin1Char('W'));
     QHeaderView* header = tree->header();
@@ -123,6 +126,7 @@ void TemplateTab::createCategoryPassport()
 void TemplateTab::createTemplatePassport()
 {
     QTreeWidget* tree = m_form->templatePropsTree;
+    new LastRowFiller(tree); // the text takes the room of a high window
     const bool canEdit = (this->*m_operations->canEditPassport)();
     const auto add = [&](const QString& label, QWidget* editor, const char* name, int height = rowHeight,
                          QTreeWidgetItem* parent = nullptr) {
@@ -313,9 +317,12 @@ void TemplateTab::fillTemplatePassport(const MDRData* record)
     {
         TemplateEditor* editor = templateHtmlEditor();
         const QSignalBlocker blocker(editor);
-        if (shown.isEmpty())
-            editor->clearTemplateText();
-        else if (editor->templateText() != shown) // the cursor stays where it is in a text that is the same
+        const QByteArray key = MDRValue::copy(recordValue(record, "KeyLink"));
+        if (shown.isEmpty() || key != m_shownTemplate)
+            editor->clearTemplateText(); // what was done to one template cannot be undone on another
+        m_shownTemplate = key;
+        if (!shown.isEmpty() &&
+            editor->templateText() != shown) // the cursor stays where it is in a text that is the same
             editor->setTemplateText(shown);
     }
     setQuietly(templateOpenEditor(), flag("open_wshift"));

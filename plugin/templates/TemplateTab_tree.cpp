@@ -184,6 +184,7 @@ void TemplateTab::answerDelete(QAbstractButton* button)
         return;
 
     MDRData* record = currentRecord();
+    const bool hadUnsaved = isExistUnsaved();
     if (TemplateTables::isContains(&m_tables.categories, record))
         deleteFolder(record);
     else if (TemplateTables::isContains(&m_tables.templates, record))
@@ -207,7 +208,7 @@ void TemplateTab::answerDelete(QAbstractButton* button)
     if (quiet.end() || !isDone)
         raiseUpPassport(m_form->templatesTree->currentIndex());
     updateEditStatus();
-    if (!isDone && !m_kept.isEmpty())
+    if (!isDone && hadUnsaved)
         tellKept(tr("Изменения не сохранены. %1").arg(session->lastErrorText()));
 }
 

@@ -41,6 +41,8 @@ public:
     /// Number of categories under the parent, new ones included; at a top level of root rows their number. It is the
     /// row at which a new category comes in.
     int folderCount(const QModelIndex& parent) const;
+    /// The top level is made of categories.
+    bool isTopOfCategories() const { return m_level.roots == TemplateLevel::NoRoots; }
     /// The row at which the next stored category or template under the parent comes in: behind its like.
     int nextCategoryRow(const QModelIndex& parent) const;
     int nextTemplateRow(const QModelIndex& parent) const;

@@ -4,6 +4,7 @@
 #include "HtmlParser.h"
 #include "LoaderIndicator.h"
 #include "LogWatch.h"
+#include "MDRValues.h"
 #include "StoreAdmin.h"
 #include "TestClient.h"
 
@@ -371,6 +372,120 @@ private slots:
         QCOMPARE(desk.save()->isEnabled(), !error);
     }
 
+    /// The store would refuse the key, and with it all parameters, after the templates that need them were written.
+    void a_name_that_is_no_key_keeps_the_conversion_from_being_saved_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("quote") << QStringLiteral("a'b");
+        QTest::newRow("double quote") << QStringLiteral("a\"b");
+        QTest::newRow("backslash") << QStringLiteral("a\\b");
+        QTest::newRow("control character") << QStringLiteral("a\tb");
+    }
+    void a_name_that_is_no_key_keeps_the_conversion_from_being_saved()
+    {
+        QFETCH(QString, name);
+        const TestStore store;
+        writeEarlierJournal(store);
+        StoreError error;
+        QVERIFY(!TestStore::write(store.openLoader().get(), "TemplateParams", ROW_INSERT,
+                                  TestStore::bytes(name), {{"nameLoc", "x"}}, &error));
+        QVERIFY(write(store, "OperLogTemplateParams", "P9", {{"nameLat", name}, {"nameLoc", "x"}}));
+        QVERIFY(write(store, "OperLogTemplates", "T9",
+                      {{"name_", "С ним"},
+                       {"CategoryKey", "C1"},
+                       {"text_", QString(QLatin1Char('<') + name + QLatin1Char('>'))}}));
+        Desk desk(store);
+        desk.start();
+        desk.press(desk.convert());
+        const QString told =
+            text("Параметр '%1' не преобразован: в его латинском имени кавычка, обратная черта "
+                 "или управляющий знак")
+                .arg(name);
+        QVERIFY2(desk.lines().contains(told), qPrintable(desk.lines().join(QLatin1Char('\n'))));
+        QCOMPARE(desk.colour(told), QColor(Qt::darkRed));
+        QVERIFY(desk.lines().contains(text("Ошибок: 2"))); // the parameter, and the template's use of it
+        QVERIFY(!desk.save()->isEnabled());
+    }
+
+    void dumps_tell_arrays_and_records()
+    {
+        const TestStore store;
+        TestClient client(store);
+        CVrkConverter module(&client.app());
+        LogWatch log;
+        CModelTable table("rows");
+        CVrkConverter::printStructTable(nullptr, text("t"));
+        CVrkConverter::printKeysTable(nullptr, text("t"));
+        CVrkConverter::printRecordTable(&module, nullptr, nullptr, text("t"));
+        CVrkConverter::printTable(&module, nullptr, text("t"));
+        CVrkConverter::printTable(&module, &table.data, text("t")); // no records
+        QCOMPARE(log.takeDebug(), QStringList());
+        CVrkConverter::printStructTable(&table.data, text("без полей"));
+        QCOMPARE(
+            log.takeDebug(),
+            QStringList{text("void CVrkConverter::printStructTable(CMDArray*, const QString&) без полей")});
+
+        const MDRFieldDescr fields[] = {{"KeyLink", 32, mdr_TChar}, {"flag", 0, mdr_TBool},
+                                        {"small", 0, mdr_TByte},    {"number", 0, mdr_TInt32},
+                                        {"time", 0, mdr_TDouble},   {"text", 0, mdr_TMemo},
+                                        {"bytes", 0, mdr_TBlob}};
+        CMDArray& rows = table.data;
+        MDAFldAdd(rows.array, int(std::size(fields)), fields);
+        rows.KeyAdd("", 0);
+        rows.KeyAdd("KeyLink", 0);
+        CVrkConverter::printStructTable(&rows, text("поля"));
+        CVrkConverter::printKeysTable(&rows, text("ключи"));
+        QCOMPARE(log.takeDebug(),
+                 (QStringList{text("void CVrkConverter::printStructTable(CMDArray*, const QString&) поля"),
+                              text(" 0 -              KeyLink"), text(" 1 -                 flag"),
+                              text(" 2 -                small"), text(" 3 -               number"),
+                              text(" 4 -                 time"), text(" 5 -                 text"),
+                              text(" 6 -                bytes"),
+                              text("void CVrkConverter::printKeysTable(CMDArray*, const QString&) ключи"),
+                              text("key: 0"), text("key: 1")}));
+
+        const QByteArray words = TestStore::bytes(text("Ёж"));
+        MDRData* full = MDARecNew(rows.array);
+        MDRSetFlags(full, ROW_INSERT | ROW_DELETE);
+        rows.SetValF(full, "KeyLink", MDRValue::text("K"));
+        rows.SetValF(full, "flag", MDRValue::boolean(true));
+        rows.SetValF(full, "small", MDRValue::number(7, mdr_TByte));
+        rows.SetValF(full, "number", MDRValue::number(-5));
+        rows.SetValF(full, "time", MDRValue::real(1763600000.5));
+        rows.SetValF(full, "text", MDRValue::text(words, mdr_TMemo));
+        rows.SetValF(full, "bytes", MDRValue::text(words, mdr_TBlob));
+        rows.RecPost(full);
+        rows.RecPost(MDARecNew(rows.array));
+        CVrkConverter::printTable(&module, &rows, text("все"));
+        QStringList lines = log.takeDebug();
+        for (int i : {1, 12}) {
+            QVERIFY2(lines.value(i).startsWith(text("record address: 0x")), qPrintable(lines.value(i)));
+            lines[i].clear();
+        }
+        const QString signature = text(
+            "void CVrkConverter::printRecordTable(CVrkCliMod*, CMDArray*, MDArrayRec*, const QString&) ");
+        QCOMPARE(lines, (QStringList{signature + text("idx = 0. все"),
+                                     QString(),
+                                     text("record is ROW_INSERT"),
+                                     text("record is ROW_DELETE"),
+                                     text("KeyLink      (mdr_TChar) = K"),
+                                     text("flag         (mdr_TBool) = true"),
+                                     text("small        (mdr_TByte) = 7"),
+                                     text("number       (mdr_TInt32) = -5"),
+                                     text("time         (mdr_TDouble) = 1763600000.5"),
+                                     text("text         (mdr_TMemo) = Ёж"),
+                                     text("bytes        (mdr_TBlob) = Ёж"),
+                                     signature + text("idx = 1. все"),
+                                     QString(),
+                                     text("KeyLink      (mdr_TChar) = NULL"),
+                                     text("flag         (mdr_TBool) = NULL"),
+                                     text("small        (mdr_TByte) = NULL"),
+                                     text("number       (mdr_TInt32) = NULL"),
+                                     text("time         (mdr_TDouble) = NULL"),
+                                     text("text         (mdr_TMemo) = NULL"),
+                                     text("bytes        (mdr_TBlob) = NULL")}));
+    }
+
     void a_failed_block_does_not_stop_the_other()
     {
         const TestStore store;
@@ -480,14 +595,17 @@ private slots:
         auto* dialog = desk.find<QFileDialog>("reportFileDialog");
         QVERIFY(dialog);
         QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
+        const QString shown = desk.lines().join(QLatin1Char('\n'));
         QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("report.txt"));
         emit dialog->fileSelected(path);
         dialog->close();
+        QCOMPARE(desk.lines().last(), text("Отчёт сохранён: ") + path);
+        QCOMPARE(desk.colour(desk.lines().last()), QColor(Qt::darkGreen));
         QFile file(path);
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QString saved = QString::fromUtf8(file.readAll());
-        QVERIFY(saved.startsWith(desk.lines().join(QLatin1Char('\n'))));
+        QVERIFY(saved.startsWith(shown + QLatin1Char('\n')));
         QVERIFY(saved.contains(text("С потерей: преобразован\n    параметр <nobody> не существует\n")));
         QVERIFY(saved.contains(text("begin: дата и время\n")));
         QVERIFY(saved.contains(text("podst: ссылка")));

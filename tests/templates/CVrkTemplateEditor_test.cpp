@@ -1,4 +1,5 @@
 #include "ConfiguratorBench.h"
+#include "HtmlParser.h"
 
 #include <QLabel>
 #include <QLayout>
@@ -254,13 +255,35 @@ private slots:
         QCOMPARE(one.window().MessageData(unknown), 0);
         one.client().session().PrmFree(unknown);
 
+        // The choice of parameters follows on all pages, also on those that are not in front.
+        const auto offered = [&one](const QString& name) {
+            int pages = 0;
+            for (TemplateTab* page : {one.common(), one.orgs(), one.deps()}) {
+                const QAbstractItemModel* rows = Configurator::in<QTreeView>(page, "parametersTree")->model();
+                pages += rows->match(rows->index(0, 0), Qt::DisplayRole, name, -1,
+                                     Qt::MatchExactly | Qt::MatchRecursive)
+                             .size();
+            }
+            return pages;
+        };
+        const QString html =
+            QString::fromStdString(HtmlParser::createParameter({{"name", "text"}, {"locname", "x"}}, "x"));
+        QVERIFY(TestStore::write(store.get(), "TemplateParamCategories", ROW_INSERT, "GROUP_NEW",
+                                 {{"nameLoc", "Новая группа"}}));
         QVERIFY(
             TestStore::write(store.get(), "TemplateParams", ROW_INSERT, "PAR_NEW",
-                             {{"CategoryKey", "PARCAT_MAIN"}, {"nameLoc", "Новый параметр"}, {"html", "x"}}));
+                             {{"CategoryKey", "GROUP_NEW"}, {"nameLoc", "Новый параметр"}, {"html", html}}));
+        one.deliver();
+        QCOMPARE(offered(QStringLiteral("Новая группа")), 3);
+        QCOMPARE(offered(QStringLiteral("Новый параметр")), 3);
         QVERIFY(
             TestStore::write(store.get(), "TemplateParams", ROW_UPDATE, "PAR_NEW", {{"nameLoc", "Он же"}}));
+        one.deliver();
+        QCOMPARE(offered(QStringLiteral("Новый параметр")), 0);
+        QCOMPARE(offered(QStringLiteral("Он же")), 3);
         QVERIFY(TestStore::write(store.get(), "TemplateParams", ROW_DELETE, "PAR_NEW"));
         one.deliver();
+        QCOMPARE(offered(QStringLiteral("Он же")), 0);
         HFNCliParam* gone = HFNCliParam::event(602, "PAR_NEW", "NCI:TemplateParams,1", QByteArray());
         QCOMPARE(one.window().MessageData(gone), 0);
         one.client().session().PrmFree(gone);

@@ -29,8 +29,10 @@ private:
     }
     static QAbstractButton* restoreButton(TemplateTab* page)
     {
-        auto* button = Configurator::in<QAbstractButton>(page, "restoreButton");
-        return button && button->isVisible() ? button : nullptr;
+        for (QAbstractButton* button : page->findChildren<QAbstractButton*>(QStringLiteral("restoreButton")))
+            if (button->isVisible()) // that of an earlier notice goes later
+                return button;
+        return nullptr;
     }
     QString stored(const char* table, const char* key, const char* field = "nameLoc") const
     {
@@ -395,10 +397,94 @@ private slots:
         QVERIFY(!Configurator::shown(page).contains(QStringLiteral("  Приём смены")));
         QVERIFY(page->currentRecord());
         QVERIFY(!one.window().isEdit());
-        restoreButton(page)->click(); // nowhere to put it
+        // What was typed comes back as a new item in the old place.
+        restoreButton(page)->click();
+        QVERIFY(page->isExistUnsaved());
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Моё"));
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Моё"));
+        QVERIFY(!restoreButton(page));
+        page->applyChanges();
+        one.deliver();
+        other.deliver();
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Моё"));
+        QVERIFY(stored("LogbookTemplates", "TPL_OPEN", "html").contains(QStringLiteral("open_wshift")));
+        QCOMPARE(Configurator::shown(theirs), Configurator::shown(page));
+    }
+
+    void whatWasTypedOutlivesThePlaceItWasIn()
+    {
+        Configurator one(*m_store);
+        Configurator other(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        page->createRootFolder(); // for later
+        page->applyChanges();
+        one.deliver();
+        other.deliver();
+        const QString place = Configurator::currentKey(page);
+        QVERIFY(Configurator::select(page, "TPL_OPEN"));
+        templateName(page)->setText(QStringLiteral("Моё"));
+        TemplateTab* theirs = openCommon(other, "CAT_COMMON");
+        theirs->deleteSelected();
+        other.answer("yesButton");
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        Configurator::tree(page)->setCurrentIndex(QModelIndex());
+        restoreButton(page)->click();
         QCOMPARE(one.boxText(),
-                 QStringLiteral("<center>Вернуть изменения некуда: элемента больше нет в дереве."
-                                "</center>"));
+                 QStringLiteral("<center>Места, где был шаблон, больше нет. Выберите категорию, в "
+                                "которую его вернуть.</center>"));
+        one.answer("okButton");
+        QVERIFY(restoreButton(page)); // nothing is lost by trying
+        QVERIFY(Configurator::select(page, place.toLatin1().constData()));
+        restoreButton(page)->click();
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Моё"));
+        page->applyChanges();
+        one.deliver();
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Моё"));
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN", "CategoryKey"), place);
+    }
+
+    void aCategoryComesBackOnItsLevel()
+    {
+        Configurator one(*m_store);
+        Configurator other(*m_store);
+        TemplateTab* page = one.show(one.deps());
+        QVERIFY(Configurator::select(page, "CAT_ZAR"));
+        categoryName(page)->setText(QStringLiteral("Моё"));
+        TemplateTab* theirs = other.show(other.deps());
+        QVERIFY(Configurator::select(theirs, "CAT_ZAR"));
+        theirs->deleteSelected();
+        other.answer("yesButton");
+        one.deliver();
+        QVERIFY(restoreButton(page));
+        restoreButton(page)->click();
+        page->applyChanges();
+        one.deliver();
+        QCOMPARE(stored("LogbookCatsTemplate", "CAT_ZAR"), QStringLiteral("Моё"));
+        QCOMPARE(stored("LogbookCatsTemplate", "CAT_ZAR", "DepartmentKey"), QStringLiteral("DEP_ZAR"));
+        QCOMPARE(Configurator::currentKey(page), QStringLiteral("CAT_ZAR"));
+    }
+
+    void severalDroppedChangesAreAllKept()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        breakTable("LogbookTemplates", "UPDATE");
+        templateName(page)->setText(QStringLiteral("Первое"));
+        page->applyChanges();
+        QVERIFY(Configurator::select(page, "TPL_CLOSE"));
+        templateName(page)->setText(QStringLiteral("Второе"));
+        page->applyChanges();
+        mendTable();
+        QTRY_VERIFY(restoreButton(page));
+        restoreButton(page)->click();
+        page->applyChanges();
+        one.deliver();
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Первое"));
+        QCOMPARE(stored("LogbookTemplates", "TPL_CLOSE"), QStringLiteral("Второе"));
+        QVERIFY(!restoreButton(page));
+        m_log->take();
+        one.client().takeFailures();
     }
 
     void anothersMoveTakesTheSelectionAway()
@@ -417,6 +503,30 @@ private slots:
         QVERIFY(page->currentRecord());
         QVERIFY(Configurator::source(page, "TPL_ORDER").isValid()); // the subtree came along
         QCOMPARE(Configurator::currentKey(other.common()), QStringLiteral("CAT_COMMON_SUB"));
+    }
+
+    void anothersMoveKeepsWhatIsBeingTyped()
+    {
+        Configurator one(*m_store);
+        Configurator other(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        TemplateTab* theirs = openCommon(other, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Моё"));
+        theirs->moveItem(QStringLiteral("TPL_OPEN"), Configurator::source(theirs, "CAT_COMMON_SUB"));
+        one.deliver();
+        other.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        QCOMPARE(Configurator::source(page, "TPL_OPEN").parent(),
+                 Configurator::source(page, "CAT_COMMON_SUB"));
+        QCOMPARE(Configurator::shown(page), Configurator::shown(theirs));
+        QVERIFY(page->currentRecord());
+        restoreButton(page)->click();
+        QCOMPARE(Configurator::currentKey(page), QStringLiteral("TPL_OPEN"));
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Моё"));
+        page->applyChanges();
+        one.deliver();
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Моё"));
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN", "CategoryKey"), QStringLiteral("CAT_COMMON_SUB"));
     }
 
     void anothersRowsComeWithoutMovingTheSelection()

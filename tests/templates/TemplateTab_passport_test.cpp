@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QTextCodec>
+#include <QTextEdit>
 #include <QTreeWidget>
 
 /// The passport: its rows and editors, filling them, and what each change writes into the edit record.
@@ -272,6 +273,46 @@ private slots:
         const QString line =
             QStringLiteral("void TemplateTab::categoryNameChanged() not found record edited category!");
         QCOMPARE(m_log->take(line), QStringList{line});
+    }
+
+    void undoStaysWithinOneTemplate()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = open(one, "TPL_OPEN");
+        auto* text = Configurator::in<QTextEdit>(page, "templateText");
+        QTest::keyClicks(text, QStringLiteral("x"));
+        QVERIFY(text->document()->isUndoAvailable());
+        page->applyChanges();
+        one.deliver();
+        QVERIFY(text->document()->isUndoAvailable()); // saved, and still the same template
+        // A copy has the same text to the letter.
+        page->copyItem();
+        page->pasteItem();
+        QVERIFY(!text->document()->isUndoAvailable());
+        QTest::keyClick(text, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(TestStore::text(QByteArray::fromStdString(edited(page).readyHtml(true))),
+                 html(page)->templateText());
+        page->cancelChanges();
+        QVERIFY(Configurator::select(page, "TPL_CLOSE"));
+        QVERIFY(!text->document()->isUndoAvailable());
+    }
+
+    void theTextTakesTheRoomOfAHighWindow()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = open(one, "TPL_ORDER");
+        QTreeWidget* rows = tree(page);
+        const auto textHeight = [&] { return rows->visualItemRect(rows->topLevelItem(6)).height(); };
+        one.window().resize(1300, 1200);
+        QTRY_VERIFY(textHeight() > 500);
+        QTRY_COMPARE(rows->visualItemRect(rows->topLevelItem(6)).bottom(), rows->viewport()->rect().bottom());
+        const int wide = textHeight();
+        QComboBox* second = combo(page, "templateSecondMarkBox");
+        second->setCurrentIndex(second->currentIndex() > 0 ? 0 : 1); // the row of the command comes or goes
+        QTRY_COMPARE(qAbs(textHeight() - wide), 30);
+        one.window().resize(1300, 500); // scrolled, it keeps its height
+        QTRY_COMPARE(textHeight(), qMax(400, html(page)->sizeHint().height()));
+        page->cancelChanges();
     }
 
     void aReaderChangesNothing()

@@ -3,6 +3,7 @@
 #include "MDRValues.h"
 #include "ParametersBase.h"
 
+#include <QFile>
 #include <QTextCodec>
 #include <QtTest>
 
@@ -59,6 +60,7 @@ private slots:
     void equipmentIsLeftOutWhenAsked();
     void rowsThatAreThereStayAsTheyAre();
     void aTableWithoutFieldsTakesTheParametersOfEquipment();
+    void thePageNamesThemAll();
 };
 
 void ParametersBase_test::everyBaseNameHasAParameter()
@@ -168,6 +170,32 @@ void ParametersBase_test::aTableWithoutFieldsTakesTheParametersOfEquipment()
     ParametersBase(nullptr).createBaseEquipmentsParameter(&grouped, "GROUP");
     QCOMPARE(text(grouped, MDARec(grouped.data.array, 0, 0), "CategoryKey"), QByteArray("GROUP"));
     ParametersBase(nullptr).createBaseEquipmentsParameter(nullptr, QByteArray());
+}
+
+void ParametersBase_test::thePageNamesThemAll()
+{
+    QFile page(QFINDTESTDATA("../../docs/template-parameters.md"));
+    QVERIFY(page.open(QIODevice::ReadOnly));
+    QStringList told;
+    for (const QString& line : QString::fromUtf8(page.readAll()).split(QLatin1Char('\n')))
+        if (line.startsWith(QLatin1String("| `")))
+            told << line.split(QStringLiteral(" | ")).mid(0, 3).join(QLatin1Char('|'));
+    Tables tables;
+    ParametersBase(nullptr).createBaseParameters(&tables.categories, &tables.parameters, true);
+    QStringList made;
+    for (int i = 0; i < tables.parameters.data.RecCount(); ++i) {
+        const MDRData* parameter = MDARec(tables.parameters.data.array, 0, i);
+        const QByteArray group = text(tables.parameters, parameter, "CategoryKey");
+        const MDRVar key = MDRValue::text(group);
+        const MDRData* category = MDARecSeekV(tables.categories.data.array, 0, &key, 0);
+        made << QStringLiteral("| `%1`|%2|%3")
+                    .arg(names(tables.parameters).at(i),
+                         QString::fromUtf8(text(tables.parameters, parameter, "nameLoc")),
+                         QString::fromUtf8(text(tables.categories, category, "nameLoc")));
+    }
+    told.sort();
+    made.sort();
+    QCOMPARE(told, made);
 }
 
 QTEST_MAIN(ParametersBase_test)

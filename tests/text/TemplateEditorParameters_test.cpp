@@ -1,11 +1,13 @@
 #include "ParametersBase.h"
 #include "TemplateEditorBench.h"
 
+#include <memory>
 #include <QAbstractItemModelTester>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -79,6 +81,8 @@ private slots:
     void enterOnAGroupOpensAndClosesIt();
     void anInsertedParameterReplacesTheSelection();
     void anInsertedParameterIsPartedFromItsNeighbours();
+    void aParameterIsDraggedIntoTheText();
+    void groupsAreNotDragged();
     void aListWithoutValuesSaysWhereToGetThem();
     void aReadOnlyEditorInsertsNothing();
     void aReloadKeepsClosedGroupsAndTheCurrentRow();
@@ -235,6 +239,48 @@ void TemplateEditorParameters_test::anInsertedParameterIsPartedFromItsNeighbours
     QCOMPARE(bench.now(), chip + QStringLiteral(" ") + name + QStringLiteral("&#44; ") + chip);
 }
 
+void TemplateEditorParameters_test::aParameterIsDraggedIntoTheText()
+{
+    const QString chip = Bench::parameter("text", "x");
+    const QString name = Bench::parameter("employee_fio", "ФИО");
+    Bench bench;
+    bench.add("P4", "", "Список", Bench::list("Список", {}));
+    bench.editor.reloadParameters();
+    bench.editor.setTemplateText(QStringLiteral("ab") + chip);
+    const auto drop = [&bench](const QString& what, int position) {
+        QAbstractItemModel* model = bench.tree()->model();
+        QCOMPARE(model->supportedDragActions(), Qt::CopyAction); // a move would take the row out of the tree
+        const std::unique_ptr<QMimeData> mime(model->mimeData({bench.find(what)}));
+        QTextCursor cursor(bench.text()->document());
+        cursor.setPosition(position);
+        const QPoint target = bench.text()->cursorRect(cursor).center();
+        QDragEnterEvent enter(target, Qt::CopyAction, mime.get(), Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(bench.text()->viewport(), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent event(target, Qt::CopyAction, mime.get(), Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(bench.text()->viewport(), &event);
+        QVERIFY(event.isAccepted());
+    };
+    QVERIFY(bench.tree()->dragEnabled());
+    QVERIFY(bench.find(QStringLiteral("ФИО")).flags() & Qt::ItemIsDragEnabled);
+    drop(QStringLiteral("ФИО"), 1);
+    QCOMPARE(bench.now(), QStringLiteral("a") + name + QStringLiteral("b") + chip);
+    drop(QStringLiteral("ФИО"), 4); // behind the other chip: parted from it
+    QCOMPARE(bench.now(), QStringLiteral("a") + name + QStringLiteral("b") + chip + QLatin1Char(' ') + name);
+    bench.press(Qt::Key_Z, Qt::ControlModifier); // one step each
+    QCOMPARE(bench.now(), QStringLiteral("a") + name + QStringLiteral("b") + chip);
+    drop(QStringLiteral("Список"), 0);
+    QTRY_COMPARE(bench.notice(), QStringLiteral("Список пока пуст: значения задаются в окне параметра (F2)"));
+}
+
+void TemplateEditorParameters_test::groupsAreNotDragged()
+{
+    Bench bench;
+    QVERIFY(!(bench.find(QStringLiteral("Люди")).flags() & Qt::ItemIsDragEnabled));
+    bench.editor.setEnabled(false);
+    QVERIFY(!bench.tree()->dragEnabled());
+}
+
 void TemplateEditorParameters_test::aListWithoutValuesSaysWhereToGetThem()
 {
     Bench bench;
@@ -242,7 +288,7 @@ void TemplateEditorParameters_test::aListWithoutValuesSaysWhereToGetThem()
     bench.editor.reloadParameters();
     typeText(bench.search(), QStringLiteral("список"));
     QTest::keyClick(bench.search(), Qt::Key_Return);
-    QCOMPARE(bench.notice(), QStringLiteral("Список пока пуст: значения задаются в окне параметра (F2)"));
+    QTRY_COMPARE(bench.notice(), QStringLiteral("Список пока пуст: значения задаются в окне параметра (F2)"));
 }
 
 void TemplateEditorParameters_test::aReadOnlyEditorInsertsNothing()

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+class QTreeWidget;
+
+/// Lets the last top-level row of a property table grow into the room that the others leave in a high window; it is
+/// never lower than its size hint. Keep it installed as the delegate of that table.
+class LastRowFiller : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    /// \a tree becomes the parent.
+    explicit LastRowFiller(QTreeWidget* tree);
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    int roomLeft() const;
+    void layOutAnew();
+
+    QTreeWidget* m_tree;
+};
