@@ -184,7 +184,15 @@ bool Tour::sceneConvertedRecord(CVrkCliMod* journal)
     type(dialog, convertedTemplate());
     press(dialog, Qt::Key_Return);
     settle();
-    fillGaps(dialog, tr("не установлена"));
+    // The time is filled in already. Enter takes the suggestion, Tab goes on.
+    for (const char* words :
+         {"Ольховка", "Ольховка", "В-110", "успешно", "гроза", "перекрытие изоляции в грозу"}) {
+        type(dialog, tr(words));
+        if (visibleDialog("SuggestionPopup"))
+            press(dialog, Qt::Key_Return);
+        press(dialog, Qt::Key_Tab);
+        settle();
+    }
     picture(tr("Запись по преобразованному шаблону: списки, время и оборудование заполняются как у новых."));
     const auto* view = journal->findChild<QAbstractItemView*>(QStringLiteral("recordsTable"));
     const int before = view->model()->rowCount();

@@ -23,6 +23,8 @@
 
 namespace
 {
+constexpr int usualHeight = 400;
+
 /// A line around a view that shows on any ground: that of the style all but vanishes in the dark.
 void frame(QFrame* view)
 {
@@ -314,6 +316,12 @@ TemplateEditor::~TemplateEditor()
     d->text->blockSignals(true); // it may lose the keyboard after d is gone
     d->text->document()->blockSignals(true);
     delete d->dialog;
+}
+
+QSize TemplateEditor::sizeHint() const
+{
+    const QSize hint = QWidget::sizeHint();
+    return QSize(hint.width(), qMin(hint.height(), usualHeight));
 }
 
 void TemplateEditor::setTextCodec(QTextCodec* codec)

@@ -33,6 +33,9 @@ public:
     /// The base names of the parameters on offer; an empty list offers all.
     void setParameterFilter(const QStringList& names);
 
+    /// No higher than its place in a table of properties.
+    QSize sizeHint() const override;
+
     /// False makes it read-only: the text can still be read, selected and copied.
     void setEnabled(bool enabled);
     bool isEnabled() const;

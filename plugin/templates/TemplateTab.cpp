@@ -8,6 +8,7 @@
 #include "NoticeBar.h"
 #include "OrgsTemplatesEditSourceModel.h"
 #include "PublicTemplatesEditSourceModel.h"
+#include "StillTree.h"
 #include "TemplateEditor.h"
 #include "TemplatesProxyModel.h"
 #include "ui_TemplateTab.h"
@@ -302,6 +303,7 @@ void TemplateTab::selectFirst()
 void TemplateTab::setFocusOn(MDRData* record)
 {
     QTreeView* tree = m_form->templatesTree;
+    const StillTree still(tree);
     QItemSelectionModel* selection = tree->selectionModel();
     selection->blockSignals(true);
     const QModelIndex index = m_proxy->mapFromSource(m_model->indexByRecord(record));

@@ -1,3 +1,4 @@
+#include "StillTree.h"
 #include "TemplatesProxyModel.h"
 #include "TemplateTab.h"
 #include "ui_TemplateTab.h"
@@ -13,6 +14,7 @@ QModelIndexList TemplateTab::matcheIndexes(const QString& text) const
 void TemplateTab::goTo(const QModelIndex& index)
 {
     QTreeView* tree = m_form->templatesTree;
+    const StillTree still(tree);
     tree->setCurrentIndex(index);
     tree->scrollTo(tree->currentIndex(), QAbstractItemView::EnsureVisible); // a failed save takes rows away
 }

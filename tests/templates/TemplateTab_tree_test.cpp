@@ -242,6 +242,43 @@ private slots:
         QVERIFY(!down(page)->isEnabled() && !up(page)->isEnabled());
     }
 
+    void whatIsFoundOrMadeStaysInSight()
+    {
+        const auto loader = m_store->openLoader();
+        for (int i = 0; i < 40; ++i) {
+            const QByteArray key = QByteArray("CAT_") + QByteArray::number(1000 + i);
+            QVERIFY(
+                TestStore::write(loader.get(), "LogbookCatsTemplate", ROW_INSERT, key, {{"nameLoc", key}}));
+            for (int j = 0; j < 3; ++j)
+                QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_INSERT,
+                                         key + "_" + QByteArray::number(j),
+                                         {{"CategoryKey", key},
+                                          {"nameLoc", QByteArray("t" + QByteArray::number(j) + key)},
+                                          {"html", "x"}}));
+        }
+        Configurator one(*m_store);
+        one.window().resize(900, 400);
+        TemplateTab* page = one.show(one.common());
+        QTreeView* view = Configurator::tree(page);
+        const auto isInSight = [view] {
+            const QRect row = view->visualRect(view->currentIndex());
+            return row.isValid() && view->viewport()->rect().contains(row);
+        };
+        QVERIFY(view->isAnimated());
+        for (const char* name : {"t1CAT_1020", "t2CAT_1039", "t0CAT_1005"}) {
+            searchEdit(page)->setText(QLatin1String(name)); // branches unfold
+            QCoreApplication::processEvents();
+            QVERIFY2(isInSight(), name);
+        }
+        QVERIFY(view->isAnimated());
+        view->collapseAll();
+        QVERIFY(Configurator::select(page, "CAT_1030"));
+        page->createTemplate();
+        QCoreApplication::processEvents();
+        QVERIFY(isInSight());
+        page->cancelChanges();
+    }
+
     void searchSkipsWhatTheFilterHides()
     {
         Configurator one(*m_store, QStringLiteral("smirnov"), "DEP_ZAR");
