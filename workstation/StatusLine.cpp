@@ -79,6 +79,10 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     connect(m_acknowledgeButton, &QToolButton::clicked, this, &StatusLine::acknowledge);
     connect(session, &CVrkCliSes::requestFailed, this, &StatusLine::requestFailed);
     connect(session, &CVrkCliSes::connectionChanged, this, &StatusLine::showConnection);
+    connect(session, &CVrkCliSes::writeSettled, this, [this](bool written) {
+        addFailure(written ? tr("Связь вернулась: последнее изменение записано, повторять его не нужно.")
+                           : tr("Связь вернулась: последнее изменение не записано, повторите его."));
+    });
     connect(session, &CVrkCliSes::historyChanged, this, [this] {
         addFailure(tr("Хранилище восстановлено из копии: закройте программу и откройте её снова."));
     });

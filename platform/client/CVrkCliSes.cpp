@@ -72,7 +72,7 @@ bool CVrkCliSes::Private::fail(const char* function, const StoreError& error, co
 {
     lastError = error.text;
     qWarning().noquote() << function << error.text << error.detail << what;
-    if (error.code == StoreError::Lost && connected) {
+    if ((error.code == StoreError::Lost || error.code == StoreError::Unsettled) && connected) {
         setConnected(false);
         if (started)
             feed->reportLost(error);

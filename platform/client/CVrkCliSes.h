@@ -89,6 +89,9 @@ signals:
     void connectionChanged(bool connected);
     /// A request failed: \a write tells a refused or failed write; \a reason is in Russian.
     void requestFailed(bool write, const QString& table, const QString& reason);
+    /// The link broke while the server was writing, and the write was told as failed: now it is known whether the server
+    /// had written it. Sent before any other request goes to the server.
+    void writeSettled(bool written);
     /// The history of the server is another one: modules must start anew.
     void historyChanged();
 

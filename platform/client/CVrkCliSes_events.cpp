@@ -13,7 +13,13 @@ void CVrkCliSes::connectFeed()
             emit eventsWaiting();
     });
     connect(d->feed.get(), &ChangeFeed::lost, this, [this] { d->setConnected(false); });
-    connect(d->feed.get(), &ChangeFeed::found, this, [this] { d->setConnected(true); });
+    connect(d->feed.get(), &ChangeFeed::found, this, [this] {
+        StoreError error;
+        if (d->settle(&error))
+            d->setConnected(true);
+        else
+            d->feed->reportLost(error);
+    });
     connect(d->feed.get(), &ChangeFeed::restarted, this, &CVrkCliSes::historyChanged);
 }
 

@@ -45,6 +45,8 @@ struct CVrkCliSes::Private {
     /// The failure of every request while the session is down.
     static StoreError noLink();
     void setConnected(bool up);
+    /// Finds out what has become of the write that was never answered. False when the store cannot be reached.
+    bool settle(StoreError* error);
     bool apply(const char* function, const std::vector<StoreWrite>& writes);
     /// Enters the block among those that PrmFree frees.
     HFNCliParam* give(HFNCliParam* answer);
@@ -61,6 +63,8 @@ struct CVrkCliSes::Private {
 
     std::vector<Write> block;
     std::vector<std::size_t> blockStarts; ///< of the open blocks, the outermost first
+
+    QByteArray unsettledKey; ///< batch key of the write that was never answered
 
     std::deque<HFNCliParam*> waiting;
     std::unordered_set<HFNCliParam*> given;

@@ -21,6 +21,18 @@ QByteArray tablesOf(const std::vector<StoreWrite>& writes)
 }
 } // namespace
 
+bool CVrkCliSes::Private::settle(StoreError* error)
+{
+    if (unsettledKey.isEmpty())
+        return true;
+    bool written = false;
+    if (!store->isWritten(unsettledKey, &written, error))
+        return false;
+    unsettledKey.clear();
+    emit q->writeSettled(written);
+    return true;
+}
+
 bool CVrkCliSes::Private::apply(const char* function, const std::vector<StoreWrite>& writes)
 {
     if (writes.empty())
@@ -33,13 +45,15 @@ bool CVrkCliSes::Private::apply(const char* function, const std::vector<StoreWri
         const QByteArray batchKey = GenGuid32();
         QElapsedTimer taken;
         taken.start();
-        written = store->apply(writes, batchKey, &error);
+        written = settle(&error) && store->apply(writes, batchKey, &error);
         // The answer to a commit may have been lost with the link: the batch key lets it be sent again
         // safely.
         if (!written && error.code == StoreError::Lost && taken.elapsed() < quickMs) {
             error.clear();
-            written = store->apply(writes, batchKey, &error);
+            written = settle(&error) && store->apply(writes, batchKey, &error);
         }
+        if (error.code == StoreError::Unsettled)
+            unsettledKey = batchKey;
     }
     if (!written) {
         const QByteArray tables = tablesOf(writes);

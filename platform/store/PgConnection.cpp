@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <poll.h>
+#include <QRegularExpression>
 #include <QUrl>
 #include <QUrlQuery>
 #include <sys/epoll.h>
@@ -78,6 +79,7 @@ bool PgConnection::connect(int waitMs, StoreError* error)
             "vrk", "10", "5", "3", "15000", m_url.constData(), "UTF8", m_database.constData(), nullptr};
         m_pg = PQconnectStartParams(names, values, 1);
         m_attempt.start();
+        PQsetErrorVerbosity(m_pg, PQERRORS_VERBOSE); // with the code that tells a refusal from a loss
         PQsetNoticeProcessor(
             m_pg, [](void*, const char*) {}, nullptr);
         m_polling = m_pg && PQstatus(m_pg) != CONNECTION_BAD ? PGRES_POLLING_WRITING : PGRES_POLLING_FAILED;
@@ -87,17 +89,13 @@ bool PgConnection::connect(int waitMs, StoreError* error)
     while (m_polling != PGRES_POLLING_OK) {
         const bool isLate = m_attempt.hasExpired(connectMs());
         if (m_polling == PGRES_POLLING_FAILED || isLate) {
-            *error = lostError(QString::fromUtf8(PQerrorMessage(m_pg)).trimmed());
-            if (m_pg && !isLate && (PQconnectionNeedsPassword(m_pg) || PQconnectionUsedPassword(m_pg))) {
-                error->code = StoreError::Refused;
-                error->text = QString::fromUtf8("Сервер «%1» не принял имя или пароль.").arg(m_place);
-            }
+            *error = connectError();
             drop();
             return false;
         }
         const bool forWriting = m_polling == PGRES_POLLING_WRITING;
         watch(forWriting);
-        if (!wait(forWriting ? POLLOUT : POLLIN, waitMs, waited)) {
+        if (waited.hasExpired(waitMs) || !wait(forWriting ? POLLOUT : POLLIN, waitMs, waited)) {
             if (m_attempt.hasExpired(connectMs()))
                 continue;
             *error = lostError(QString::fromUtf8("Соединение устанавливается."));
@@ -106,6 +104,22 @@ bool PgConnection::connect(int waitMs, StoreError* error)
         m_polling = PQconnectPoll(m_pg);
     }
     return finishConnecting(error);
+}
+
+StoreError PgConnection::connectError() const
+{
+    QString detail = QString::fromUtf8(PQerrorMessage(m_pg)).trimmed();
+    detail.remove(QRegularExpression(QStringLiteral("\n[^\n]*:  \\w+, \\w+\\.c:\\d+")));
+    const QString state = QRegularExpression(QStringLiteral(":  ([0-9A-Z]{5}): ")).match(detail).captured(1);
+    StoreError error = lostError(detail);
+    if (m_pg && PQconnectionNeedsPassword(m_pg)) {
+        error.code = StoreError::Password;
+        error.text = QString::fromUtf8("Сервер «%1» спрашивает пароль.").arg(m_place);
+    } else if (state.startsWith(QLatin1String("28"))) {
+        error.code = state == QLatin1String("28P01") ? StoreError::Password : StoreError::Refused;
+        error.text = QString::fromUtf8("Сервер «%1» не принял имя или пароль.").arg(m_place);
+    }
+    return error;
 }
 
 bool PgConnection::finishConnecting(StoreError* error)
@@ -121,12 +135,16 @@ bool PgConnection::finishConnecting(StoreError* error)
         drop();
         return false;
     }
-    startDeadline(m_deadlineMs);
-    // The server ends by itself what its client has forgotten.
+    m_clock.start();
+    // The server ends by itself what its client has forgotten. None of our statements is worth compiling.
     const QByteArray limit = QByteArray::number(m_deadlineMs + 5000);
-    return exec("SET search_path = public; SET client_min_messages = warning; SET statement_timeout = " +
-                    limit + "; SET idle_in_transaction_session_timeout = " + limit + "; LISTEN vrk_changes",
-                error);
+    if (exec("SET search_path = public; SET client_min_messages = warning; SET jit = off; "
+             "SET statement_timeout = " +
+                 limit + "; SET idle_in_transaction_session_timeout = " + limit + "; LISTEN vrk_changes",
+             error))
+        return true;
+    drop(); // one that does not listen is none
+    return false;
 }
 
 void PgConnection::watch(bool forWriting)

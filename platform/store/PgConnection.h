@@ -75,6 +75,8 @@ public:
 private:
     bool wait(short events, qint64 untilMs, const QElapsedTimer& clock);
     void watch(bool forWriting);
+    /// Why the attempt to connect has failed.
+    StoreError connectError() const;
     bool finishConnecting(StoreError* error);
     /// The result of what was sent, or null with \a error.
     PgResult collect(bool wasSent, StoreError* error);

@@ -96,7 +96,7 @@ QVector<StoreAdmin::Symptom> PostgresDoctor::examine(const QString& url)
         const QString what =
             error.detail.isEmpty() ? error.text : error.text + QLatin1Char(' ') + error.detail;
         QString cure = text("Проверьте, что сервер запущен, адрес верен и порт 5432 открыт.");
-        if (error.code == StoreError::Refused)
+        if (error.code == StoreError::Refused || error.code == StoreError::Password)
             cure = text("Проверьте имя и пароль и строку для этого имени в файле доступа pg_hba.conf.");
         else if (error.code == StoreError::TooOld)
             cure = text("Обновите сервер до PostgreSQL 15 или новее.");

@@ -4,6 +4,8 @@
 
 namespace
 {
+constexpr qint64 reliefMs = 1000; ///< for the server to end what served a former connection
+
 StoreLogin loginOf(const PgResult& rows, int row)
 {
     return {rows.bytes(row, 0), QString::fromUtf8(rows.bytes(row, 1)), QString::fromUtf8(rows.bytes(row, 2))};
@@ -38,6 +40,7 @@ bool PostgresStore::ready(StoreError* error, int waitMs, int deadlineMs)
     if (!m_link.isOpen()) {
         m_inRead = false;
         m_hasNews = true;
+        m_link.startDeadline(deadlineMs);
         if (!m_link.connect(waitMs, error))
             return false;
         if (!greet(error)) {
@@ -51,7 +54,7 @@ bool PostgresStore::ready(StoreError* error, int waitMs, int deadlineMs)
 
 bool PostgresStore::greet(StoreError* error)
 {
-    if (!PostgresSchema::isOurs(m_link, error))
+    if (!PostgresSchema::isOurs(m_link, error) || !relieve(error))
         return false;
     const PgResult me =
         m_link.run("SELECT session_user::text, (SELECT rolsuper FROM pg_roles WHERE rolname = "
@@ -79,6 +82,25 @@ bool PostgresStore::greet(StoreError* error)
         return false;
     // The login that was signed in before the connection was lost must be there again.
     return m_user.login.isEmpty() || becomePerson(m_user.login, error);
+}
+
+bool PostgresStore::relieve(StoreError* error)
+{
+    const PgResult ends = m_link.run(
+        "SELECT own.pid::bigint, own.backend_start::text, "
+        "(SELECT pg_terminate_backend(former.pid, $3) FROM pg_stat_get_activity($1::integer) AS former "
+        "WHERE former.backend_start::text = $2)::integer "
+        "FROM pg_stat_get_activity(pg_backend_pid()) AS own",
+        PgValues().number(m_backend).text(m_backendStart).number(reliefMs), error);
+    if (!ends)
+        return false;
+    if (!ends.isNull(0, 2) && ends.integer(0, 2) == 0) {
+        *error = m_link.lostError(QStringLiteral("the process of the former connection does not end"));
+        return false;
+    }
+    m_backend = ends.integer(0, 0);
+    m_backendStart = ends.bytes(0, 1);
+    return true;
 }
 
 bool PostgresStore::becomePerson(const QString& login, StoreError* error)

@@ -35,6 +35,7 @@ public:
     /// Tries again when the server asks for it (deadlocks) and when the connection is lost and back within the
     /// deadline: the batch key makes sure that it is written once.
     bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error) override;
+    bool isWritten(const QByteArray& batchKey, bool* written, StoreError* error) override;
 
     bool position(ChangePosition* position, StoreError* error) override;
     bool changesAfter(ChangePosition* position, int limit, QVector<StoreChange>* changes,
@@ -61,6 +62,11 @@ private:
     /// What is asked of every new connection: that it leads to this store, and who we are.
     bool greet(StoreError* error);
     bool becomePerson(const QString& login, StoreError* error);
+    /// Ends what serves the connection before this one on the server, where it is still there: its commit may lie
+    /// unread. Remembers the server's end of this one.
+    bool relieve(StoreError* error);
+    /// The failure of a batch whose commit was sent and never answered.
+    StoreError unsettledError(const StoreError& loss) const;
 
     bool writeAll(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error);
     bool writeRow(const RowStatement& row, StoreError* error);
@@ -84,6 +90,8 @@ private:
     bool m_hasNews = false;
     bool m_inRead = false;
     bool m_isUnsettled = false; ///< the answer to a commit is missing
+    qint64 m_backend = 0;       ///< the server's process for the connection
+    QByteArray m_backendStart;  ///< when it began: numbers of processes are used again
     QElapsedTimer m_sinceRead;  ///< of the change log
     QByteArray m_recoded;       ///< kept between fields, so that texts of an answer cost no allocation
     /// What blob sources hold of the store: it is null when the store is gone.

@@ -30,9 +30,16 @@ bool PostgresStore::apply(const std::vector<StoreWrite>& writes, const QByteArra
     m_isUnsettled = false;
     for (int attempt = 1;; ++attempt) {
         error->clear();
-        if (!ready(error)) {
-            if (!m_isUnsettled || clock.hasExpired(m_options.deadlineMs))
+        const int leftMs = std::max(0, m_options.deadlineMs - static_cast<int>(clock.elapsed()));
+        if (!(attempt == 1 ? ready(error) : ready(error, leftMs, leftMs))) {
+            if (!m_isUnsettled)
                 return false;
+            if (leftMs == 0) {
+                *error = unsettledError(*error);
+                return false;
+            }
+            if (m_progress)
+                m_progress();
             QThread::msleep(longestNapMs);
             continue;
         }
@@ -52,8 +59,11 @@ bool PostgresStore::apply(const std::vector<StoreWrite>& writes, const QByteArra
         } else if (error->code != StoreError::Lost) {
             return false;
         }
-        if (attempt == mostAttempts || clock.hasExpired(m_options.deadlineMs))
+        if (attempt == mostAttempts || clock.hasExpired(m_options.deadlineMs)) {
+            if (m_isUnsettled)
+                *error = unsettledError(*error);
             return false;
+        }
         QThread::msleep(
             QRandomGenerator::global()->bounded(1u, unsigned(std::min(5 << attempt, longestNapMs))));
     }
@@ -72,6 +82,7 @@ bool PostgresStore::writeAll(const std::vector<StoreWrite>& writes, const QByteA
                         PgValues().text(batchKey).text(m_options.loader ? "on" : "off"), error);
     if (!known)
         return false;
+    m_isUnsettled = false; // whatever served the connections before this one has ended
     if (known.integer(0, 2) == 0) {
         for (const StoreWrite& write : writes) {
             const auto run = [&](const RowStatement& row) { return writeRow(row, error); };
@@ -81,7 +92,28 @@ bool PostgresStore::writeAll(const std::vector<StoreWrite>& writes, const QByteA
     }
     // From here on only the log can tell whether the batch was written, should the answer be lost.
     m_isUnsettled = true;
-    return bool(m_link.prepared("COMMIT", {}, error));
+    const bool isDone = bool(m_link.prepared("COMMIT", {}, error));
+    m_isUnsettled = !isDone && !m_link.isOpen();
+    return isDone;
+}
+
+bool PostgresStore::isWritten(const QByteArray& batchKey, bool* written, StoreError* error)
+{
+    if (!readyAside(error))
+        return false;
+    const PgResult known = m_link.prepared("SELECT 1 FROM ChangeTransactions WHERE batchKey = $1",
+                                           PgValues().text(batchKey), error);
+    *written = known && known.rows() > 0;
+    return bool(known);
+}
+
+StoreError PostgresStore::unsettledError(const StoreError& loss) const
+{
+    return {
+        StoreError::Unsettled,
+        QString::fromUtf8("сервер «%1» не подтвердил запись. Когда связь вернётся, журнал скажет, что с ней.")
+            .arg(m_link.place()),
+        loss.detail};
 }
 
 bool PostgresStore::writeRow(const RowStatement& row, StoreError* error)

@@ -24,14 +24,14 @@ bool PostgresStore::changesAfter(ChangePosition* position, int limit, QVector<St
         return false;
     m_sinceRead.start();
     // One statement sees one moment: the end of the log, and the rows up to it or up to the end of the transaction in
-    // which the limit is reached.
+    // which the limit is reached. The server plans for one row of ends, as long as nothing has counted its tables, too.
     const PgResult rows = m_link.prepared(
-        "WITH head AS (SELECT vrk_epoch() AS epoch, number FROM ChangeHead), "
-        "last AS (SELECT number FROM ChangeLog WHERE number > $1 ORDER BY number, entry OFFSET $2 LIMIT 1) "
-        "SELECT head.epoch, head.number, (SELECT number FROM last), L.number, L.event, L.tableName, "
-        "L.rowKey, "
-        "L.oldRow, L.newRow FROM head LEFT JOIN ChangeLog AS L ON L.number > $1 "
-        "AND L.number <= coalesce((SELECT number FROM last), head.number) ORDER BY L.number, L.entry",
+        "WITH ends AS MATERIALIZED (SELECT vrk_epoch() AS epoch, (SELECT number FROM ChangeHead) AS head, "
+        "(SELECT number FROM ChangeLog WHERE number > $1 ORDER BY number, entry OFFSET $2 LIMIT 1) AS last) "
+        "SELECT ends.epoch, ends.head, ends.last, L.number, L.event, L.tableName, L.rowKey, L.oldRow, "
+        "L.newRow "
+        "FROM ends LEFT JOIN ChangeLog AS L ON L.number > $1 AND L.number <= coalesce(ends.last, ends.head) "
+        "ORDER BY L.number, L.entry",
         PgValues().number(position->number).number(qint64(limit - 1)), error);
     if (!rows)
         return false;

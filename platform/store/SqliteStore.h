@@ -30,6 +30,7 @@ public:
     bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key, QByteArray* bytes,
               StoreError* error) override;
     bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error) override;
+    bool isWritten(const QByteArray& batchKey, bool* written, StoreError* error) override;
 
     bool position(ChangePosition* position, StoreError* error) override;
     bool changesAfter(ChangePosition* position, int limit, QVector<StoreChange>* changes,

@@ -48,6 +48,16 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
     return false;
 }
 
+bool SqliteStore::isWritten(const QByteArray& batchKey, bool* written, StoreError* error)
+{
+    if (!ready(error))
+        return false;
+    SqliteStatement known = m_write->cached("SELECT 1 FROM ChangeTransactions WHERE batchKey = ?");
+    known.bind(1, batchKey);
+    *written = known.step();
+    return *written || known.code() == SQLITE_DONE || fail(*m_write, error);
+}
+
 bool SqliteStore::writeRow(const RowStatement& row, StoreError* error)
 {
     SqliteStatement statement = m_write->cached(row.sql);

@@ -102,6 +102,9 @@ public:
     /// there is nothing to do: success, and no transaction.
     virtual bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey,
                        StoreError* error) = 0;
+    /// What has become of a batch whose apply() has ended with Unsettled. The answer is final: what is not written by
+    /// then never will be. False when the store cannot be reached.
+    virtual bool isWritten(const QByteArray& batchKey, bool* written, StoreError* error) = 0;
 
     /// The end of the change log at this moment.
     virtual bool position(ChangePosition* position, StoreError* error) = 0;

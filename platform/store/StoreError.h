@@ -14,6 +14,8 @@ struct StoreError {
         Locked,     ///< another process holds the lock for too long
         ReadOnly,   ///< cannot be written
         Lost,       ///< the connection is gone or a deadline has passed
+        Unsettled,  ///< the same while a commit was on its way: Store::isWritten tells what has become of it
+        Password,   ///< the server wants a password: there was none, or it did not take it
         Full,       ///< the disk is full
         TooLarge,   ///< more than the memory guard or the limit of a value allows
         Refused,    ///< a rule of the journal or a missing right

@@ -35,6 +35,10 @@ private slots:
     void a_write_whose_answer_was_lost_is_sent_again_under_its_key();
     void a_refused_write_is_not_sent_again();
     void a_write_that_cost_the_deadline_is_not_sent_again();
+    void what_became_of_an_unanswered_write_is_told_when_the_link_is_found_data();
+    void what_became_of_an_unanswered_write_is_told_when_the_link_is_found();
+    void an_unanswered_write_is_asked_for_until_there_is_an_answer();
+    void without_events_an_unanswered_write_is_asked_for_by_the_next_one();
     void while_the_session_is_down_requests_fail_at_once();
     void the_session_comes_back_when_the_link_is_found();
     void without_events_a_lost_link_is_tried_with_each_request();
@@ -297,6 +301,60 @@ void CVrkCliSesTest::a_write_that_cost_the_deadline_is_not_sent_again()
     store->during = [](const std::function<void()>&) { QTest::qSleep(1100); }; // the server says nothing
     QVERIFY(!writeShift("A"));
     QCOMPARE(store->batchKeys.size(), 1);
+}
+
+void CVrkCliSesTest::what_became_of_an_unanswered_write_is_told_when_the_link_is_found_data()
+{
+    QTest::addColumn<bool>("written");
+    QTest::newRow("written") << true;
+    QTest::newRow("not written") << false;
+}
+
+void CVrkCliSesTest::what_became_of_an_unanswered_write_is_told_when_the_link_is_found()
+{
+    QFETCH(bool, written);
+    QVERIFY(session->startEvents());
+    QSignalSpy settled(session.get(), &CVrkCliSes::writeSettled);
+    bool wasDown = false;
+    connect(session.get(), &CVrkCliSes::writeSettled, this, [&] { wasDown = !session->isConnected(); });
+    store->failures = {FakeStore::unsettled()};
+    store->isWritten = written;
+    QVERIFY(!writeShift("A"));
+    QCOMPARE(store->batchKeys.size(), 1);
+    QVERIFY(!session->isConnected());
+    QVERIFY(settled.isEmpty());
+    QTRY_VERIFY(session->isConnected());
+    QCOMPARE(settled.count(), 1);
+    QCOMPARE(settled.at(0).at(0).toBool(), written);
+    QVERIFY(wasDown);
+    QCOMPARE(store->askedFor, store->batchKeys);
+
+    QVERIFY(writeShift("B"));
+    QCOMPARE(store->askedFor.size(), 1);
+    QCOMPARE(settled.count(), 1);
+}
+
+void CVrkCliSesTest::an_unanswered_write_is_asked_for_until_there_is_an_answer()
+{
+    QVERIFY(session->startEvents());
+    QSignalSpy settled(session.get(), &CVrkCliSes::writeSettled);
+    // The write; the reading of changes finds the link; it is gone again when the question comes.
+    store->failures = {FakeStore::unsettled(), StoreError(), FakeStore::lost()};
+    QVERIFY(!writeShift("A"));
+    QTRY_VERIFY(session->isConnected());
+    QCOMPARE(store->askedFor.size(), 2);
+    QCOMPARE(settled.count(), 1);
+}
+
+void CVrkCliSesTest::without_events_an_unanswered_write_is_asked_for_by_the_next_one()
+{
+    QSignalSpy settled(session.get(), &CVrkCliSes::writeSettled);
+    store->failures = {FakeStore::unsettled()};
+    QVERIFY(!writeShift("A"));
+    QVERIFY(settled.isEmpty());
+    QVERIFY(writeShift("B"));
+    QCOMPARE(store->askedFor, QByteArrayList{store->batchKeys.at(0)});
+    QCOMPARE(settled.count(), 1);
 }
 
 void CVrkCliSesTest::while_the_session_is_down_requests_fail_at_once()

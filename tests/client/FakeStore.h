@@ -16,6 +16,8 @@ public:
     struct State {
         QStringList asked;                ///< "select ...", "apply Table 1:KEY[field,...] | ...", in order
         QByteArrayList batchKeys;         ///< of all calls of apply
+        QByteArrayList askedFor;          ///< batch keys, by isWritten
+        bool isWritten = false;           ///< its answer
         QVector<StoreError> failures;     ///< of the next calls, first come first served; None succeeds
         QVector<StoreChange> log;         ///< what changesAfter still has to tell
         QHash<QString, QByteArray> files; ///< "folder/name"
@@ -29,6 +31,10 @@ public:
 
     static StoreError error(StoreError::Code code, const QString& text) { return {code, text, QString()}; }
     static StoreError lost() { return error(StoreError::Lost, QStringLiteral("Связь потеряна.")); }
+    static StoreError unsettled()
+    {
+        return error(StoreError::Unsettled, QStringLiteral("Подтверждения нет."));
+    }
     static StoreError refused() { return error(StoreError::Refused, QStringLiteral("Запись запрещена.")); }
 
     QTextCodec* codec() const override { return QTextCodec::codecForName("Windows-1251"); }
@@ -70,6 +76,12 @@ public:
         m_state->batchKeys.append(batchKey);
         if (m_state->during)
             m_state->during(m_progress);
+        return !fails(failure);
+    }
+    bool isWritten(const QByteArray& batchKey, bool* written, StoreError* failure) override
+    {
+        m_state->askedFor.append(batchKey);
+        *written = m_state->isWritten;
         return !fails(failure);
     }
     bool position(ChangePosition*, StoreError* failure) override { return !fails(failure); }

@@ -66,6 +66,10 @@ public:
         }
         return true;
     }
+    bool isWritten(const QByteArray& batchKey, bool* written, StoreError* error) override
+    {
+        return m_store->isWritten(batchKey, written, error);
+    }
     bool position(ChangePosition* position, StoreError* error) override
     {
         return m_store->position(position, error);

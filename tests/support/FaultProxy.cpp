@@ -1,16 +1,12 @@
 #include "FaultProxy.h"
 
 #include "TestFolder.h"
+#include "UnixSocket.h"
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
-#include <cstring>
 #include <poll.h>
 #include <random>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace
 {
@@ -18,41 +14,18 @@ enum Fault { Passes, Delayed, Cut, HalfClosed, Frozen, Reset };
 constexpr int napMs = 20;
 constexpr int frozenMs = 5000;
 
-sockaddr_un addressIn(const QString& folder)
-{
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    qstrncpy(address.sun_path, (folder + QStringLiteral("/.s.PGSQL.5432")).toLocal8Bit().constData(),
-             sizeof address.sun_path);
-    return address;
-}
-
 void nap(int ms)
 {
     std::this_thread::sleep_for(std::chrono::milliseconds(ms));
 }
-
-bool sendAll(int socket, const char* data, long length)
-{
-    while (length > 0) {
-        const ssize_t sent = ::send(socket, data, static_cast<std::size_t>(length), MSG_NOSIGNAL);
-        if (sent <= 0)
-            return false;
-        data += sent;
-        length -= sent;
-    }
-    return true;
-}
 } // namespace
 
 FaultProxy::FaultProxy(const QString& serverFolder, unsigned seed)
-    : m_server(serverFolder), m_folder(testFolderTemplate()), m_seed(seed)
+    : m_server(serverFolder),
+      m_folder(testFolderTemplate()),
+      m_seed(seed),
+      m_listener(UnixSocket::listenIn(m_folder.path()))
 {
-    const sockaddr_un address = addressIn(m_folder.path());
-    m_listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (::bind(m_listener, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-        ::listen(m_listener, 400) != 0)
-        qFatal("the proxy cannot listen");
     m_acceptor = std::thread([this] { accept(); });
 }
 
@@ -82,9 +55,8 @@ void FaultProxy::accept()
 void FaultProxy::carry(int client, unsigned seed)
 {
     std::mt19937 random(seed);
-    const sockaddr_un address = addressIn(m_server);
-    const int server = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    bool isOpen = ::connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    int server = -1;
+    bool isOpen = UnixSocket::connectTo(m_server, &server);
     const auto fault = m_isHealed ? Passes : static_cast<Fault>(random() % 6);
     // The greeting is about a thousand bytes; half of the faults come within the first few requests.
     long left = static_cast<long>(random() % (random() % 2 ? 6000 : 200000));
@@ -101,7 +73,7 @@ void FaultProxy::carry(int client, unsigned seed)
             ssize_t length = ::recv(entries[way].fd, buffer.data(), buffer.size(), 0);
             isOpen = length > 0;
             if (!isOpen || fault == Passes) {
-                isOpen = isOpen && sendAll(to, buffer.data(), length);
+                isOpen = isOpen && UnixSocket::sendAll(to, buffer.data(), length);
                 continue;
             }
             if (fault == Delayed)
@@ -109,19 +81,19 @@ void FaultProxy::carry(int client, unsigned seed)
             else
                 left -= length;
             if (left > 0) {
-                isOpen = sendAll(to, buffer.data(), length);
+                isOpen = UnixSocket::sendAll(to, buffer.data(), length);
                 continue;
             }
             isSpoilt = true;
             switch (fault) {
             case Cut: // in the middle of what is on its way
-                sendAll(to, buffer.data(), std::max<long>(0, length + left));
+                UnixSocket::sendAll(to, buffer.data(), std::max<long>(0, length + left));
                 break;
             case HalfClosed: // the server hears no more, its answer still comes
-                sendAll(server, buffer.data(), way == 0 ? length : 0);
+                UnixSocket::sendAll(server, buffer.data(), way == 0 ? length : 0);
                 ::shutdown(server, SHUT_WR);
                 while ((length = ::recv(server, buffer.data(), buffer.size(), 0)) > 0 &&
-                       sendAll(client, buffer.data(), length)) {
+                       UnixSocket::sendAll(client, buffer.data(), length)) {
                 }
                 break;
             case Frozen:

@@ -1,9 +1,9 @@
 #include "PrivateCluster.h"
 
-#include "PgConnection.h"
 #include "TestFolder.h"
 
 #include <csignal>
+#include <libpq-fe.h>
 #include <pwd.h>
 #include <QDir>
 #include <QElapsedTimer>
@@ -15,7 +15,6 @@
 namespace
 {
 constexpr int startMs = 60000;
-constexpr int statementMs = 600000; // filling an archive takes its time
 
 QString program(const char* name)
 {
@@ -106,6 +105,21 @@ QString PrivateCluster::url(const QString& database, const QString& role) const
              QString::fromLatin1(QUrl::toPercentEncoding(m_folder.path())));
 }
 
+void PrivateCluster::requirePasswords()
+{
+    QFile access(m_folder.filePath(QStringLiteral("data/pg_hba.conf")));
+    if (!access.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+        access.write("local all postgres trust\nlocal all all scram-sha-256\n") < 0)
+        qFatal("the access file cannot be written");
+    access.close();
+    if (!exec(QStringLiteral("SELECT pg_reload_conf()")).isEmpty())
+        qFatal("the access file cannot be read");
+    // The server reads it in its own time.
+    while (!exec(QStringLiteral("DO $$ BEGIN ASSERT (SELECT count(*) FROM pg_hba_file_rules) = 2; END $$"))
+                .isEmpty())
+        QThread::msleep(5);
+}
+
 void PrivateCluster::start()
 {
     QStringList line = asOrdinaryUser() + QStringList{program("postgres"), QStringLiteral("-D"),
@@ -175,10 +189,11 @@ void PrivateCluster::kill()
 
 QString PrivateCluster::exec(const QString& sql, const QString& database) const
 {
-    StoreError error;
-    PgConnection link(url(database), statementMs);
-    if (link.connect(link.connectMs(), &error) &&
-        link.exec(sql.isEmpty() ? QByteArray("SELECT 1") : sql.toUtf8(), &error))
-        return QString();
-    return error.detail.isEmpty() ? error.text : error.detail;
+    const std::unique_ptr<PGconn, decltype(&PQfinish)> link(PQconnectdb(url(database).toUtf8().constData()),
+                                                            PQfinish);
+    PQsetNoticeProcessor(
+        link.get(), [](void*, const char*) {}, nullptr);
+    const std::unique_ptr<PGresult, decltype(&PQclear)> done(PQexec(link.get(), sql.toUtf8().constData()),
+                                                             PQclear);
+    return QString::fromUtf8(PQerrorMessage(link.get()));
 }

@@ -25,6 +25,9 @@ public:
     /// The address of a database for a role; that of the server's administrator is "postgres".
     QString url(const QString& database, const QString& role = QStringLiteral("postgres")) const;
 
+    /// From now on everybody but the administrator gets in by a password only.
+    void requirePasswords();
+
     void start();
     void stop();
     /// Stops all its processes where they stand, and lets them go on.

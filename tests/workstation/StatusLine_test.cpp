@@ -35,6 +35,8 @@ private slots:
     void aNoticeDoesNotCoverAFailure();
     void aNoticeGoesByItself();
     void aLostConnectionIsShownAndFound();
+    void whatBecameOfAnUnansweredWriteStaysUntilItIsAcknowledged_data();
+    void whatBecameOfAnUnansweredWriteStaysUntilItIsAcknowledged();
     void anotherHistoryIsAFailure();
     void theClockShowsTheServersTime();
     void aWrongClockIsTold_data();
@@ -179,6 +181,28 @@ void StatusLine_test::aLostConnectionIsShownAndFound()
         connected);
     emit m_app->session()->connectionChanged(true);
     QCOMPARE(text("connectionLabel"), QStringLiteral("Подключено"));
+}
+
+void StatusLine_test::whatBecameOfAnUnansweredWriteStaysUntilItIsAcknowledged_data()
+{
+    QTest::addColumn<bool>("written");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("written") << true
+                             << QStringLiteral(
+                                    "Связь вернулась: последнее изменение записано, повторять его не нужно.");
+    QTest::newRow("not written") << false
+                                 << QStringLiteral(
+                                        "Связь вернулась: последнее изменение не записано, повторите его.");
+}
+
+void StatusLine_test::whatBecameOfAnUnansweredWriteStaysUntilItIsAcknowledged()
+{
+    QFETCH(bool, written);
+    QFETCH(QString, told);
+    emit m_app->session()->writeSettled(written);
+    QVERIFY(text("messageLabel").endsWith(told));
+    QTest::mouseClick(acknowledge(), Qt::LeftButton);
+    QVERIFY(m_line->failures().isEmpty());
 }
 
 void StatusLine_test::anotherHistoryIsAFailure()
