@@ -111,7 +111,7 @@ void TemplateTab::createConnections()
     connect(m_form->templatesTree, &QTreeView::customContextMenuRequested, this,
             &TemplateTab::contextMenuRequest);
     connect(m_notice, &NoticeBar::chosen, this, [this](int choice) {
-        if (choice == Restore)
+        if (choice == Restore && !m_kept.isEmpty())
             restoreKept();
         else
             m_kept.clear();

@@ -1,5 +1,6 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "HtmlParser.h"
 #include "LogbookTables.h"
 #include "NoticeBar.h"
 #include "QuietSelection.h"
@@ -7,6 +8,7 @@
 #include "TemplatesEditSourceModel.h"
 #include "TemplatesProxyModel.h"
 #include "TemplateTab.h"
+#include "TemplateText.h"
 #include "ui_TemplateTab.h"
 
 #include <QTextCodec>
@@ -42,6 +44,15 @@ QString dumpOf(const CModelTable& table, const QTextCodec* codec)
         }
     }
     return dump + QLatin1Char('\n');
+}
+/// Blanks alone are no text, whichever way they are written; a parameter or a property is one.
+bool showsNothing(const QString& html)
+{
+    if (QString(html).remove(QLatin1Char(' ')).isEmpty())
+        return true;
+    const HtmlParser parser(html.toStdString());
+    return parser.countParameters() == 0 && parser.readyHtml(true) == parser.readyHtml(false) &&
+           TemplateText::plain(html).trimmed().isEmpty();
 }
 } // namespace
 
@@ -147,8 +158,7 @@ bool TemplateTab::inspectEditTemplates()
             showError(tr("Название шаблона не может быть пустым!"));
             return true;
         }
-        const MDRVar html = recordValue(record, "html");
-        if (codec()->toUnicode(MDRValue::bytes(html)).remove(QLatin1Char(' ')).isEmpty()) {
+        if (showsNothing(codec()->toUnicode(MDRValue::bytes(recordValue(record, "html"))))) {
             showError(tr("Шаблон не может быть пустым!"));
             return true;
         }

@@ -4,6 +4,7 @@
 #include "GenGuid32.h"
 #include "LogbookTables.h"
 #include "LogText.h"
+#include "NoticeBar.h"
 #include "QuietSelection.h"
 #include "RecordValue.h"
 #include "TemplatesEditSourceModel.h"
@@ -275,6 +276,12 @@ void TemplateTab::pasteItem()
         mime ? QByteArray(mime->data(clipboardFormat()).constData()) : QByteArray(); // to the zero
     if (MDRData* record = TemplateTables::recordByKeyLink(&m_tables.templates, key.constData()))
         pasteTemplate(record);
+    else if (m_kept.isEmpty()) // whose notice has precedence
+        m_notice->tell(
+            NoticeBar::Information,
+            tr("Вставить нечего: скопированный шаблон удалён или появился на другой странице после "
+               "открытия конфигуратора."),
+            {{0, tr("Скрыть"), QStringLiteral("dismissButton")}});
     QGuiApplication::clipboard()->clear(); // a copy pastes once
 }
 

@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QTextEdit>
 
 /// Unsaved changes: their buffer, checking and saving in one block, failures, and the merging of events.
 class TemplateTab_edit_test : public QObject
@@ -465,7 +466,7 @@ private slots:
         QCOMPARE(Configurator::currentKey(page), QStringLiteral("CAT_ZAR"));
     }
 
-    void severalDroppedChangesAreAllKept()
+    void severalDroppedChangesAreAllKeptAndSavedAsOne()
     {
         Configurator one(*m_store);
         TemplateTab* page = openCommon(one, "TPL_OPEN");
@@ -476,15 +477,49 @@ private slots:
         templateName(page)->setText(QStringLiteral("Второе"));
         page->applyChanges();
         mendTable();
+        breakTable("LogbookCatsTemplate", "UPDATE");
+        QVERIFY(Configurator::select(page, "CAT_COMMON"));
+        categoryName(page)->setText(QStringLiteral("Третье"));
+        page->applyChanges();
+        mendTable();
         QTRY_VERIFY(restoreButton(page));
         restoreButton(page)->click();
         page->applyChanges();
         one.deliver();
         QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Первое"));
         QCOMPARE(stored("LogbookTemplates", "TPL_CLOSE"), QStringLiteral("Второе"));
+        QCOMPARE(stored("LogbookCatsTemplate", "CAT_COMMON"), QStringLiteral("Третье"));
+        // Both tables in one block.
+        QCOMPARE(m_store
+                     ->value(QStringLiteral(
+                         "SELECT count(DISTINCT number) FROM ChangeLog WHERE event=602 AND rowKey "
+                         "IN ('TPL_OPEN', 'TPL_CLOSE', 'CAT_COMMON')"))
+                     .toInt(),
+                 1);
         QVERIFY(!restoreButton(page));
+        QVERIFY(!page->isExistUnsaved());
         m_log->take();
         one.client().takeFailures();
+    }
+
+    void blanksAreNoText_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("one") << QStringLiteral(" ");
+        QTest::newRow("several") << QStringLiteral("   ");
+    }
+    void blanksAreNoText()
+    {
+        QFETCH(QString, text);
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON");
+        page->createTemplate();
+        QTest::keyClicks(Configurator::in<QTextEdit>(page, "templateText"), text);
+        page->applyChanges();
+        QCOMPARE(one.boxText(), QStringLiteral("<center>Шаблон не может быть пустым!</center>"));
+        one.answer("okButton");
+        QVERIFY(page->isExistUnsaved());
+        page->cancelChanges();
     }
 
     void anothersMoveTakesTheSelectionAway()

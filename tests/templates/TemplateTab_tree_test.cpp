@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 #include <QSplitter>
@@ -320,6 +321,20 @@ private slots:
         orgs->cancelChanges();
     }
 
+    void onlyWhatIsNoRootCanBeDeleted()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = one.show(one.deps());
+        QVERIFY(Configurator::selectRoot(page, QStringLiteral("DEP_CDS")));
+        QVERIFY(!page->isItemDeletable());
+        QTest::keyClick(page, Qt::Key_Delete);
+        QVERIFY(!one.box());
+        QVERIFY(Configurator::select(page, "CAT_CDS"));
+        QVERIFY(page->isItemDeletable());
+        QVERIFY(Configurator::select(page, "TPL_TEXT"));
+        QVERIFY(page->isItemDeletable());
+    }
+
     void withoutAParentNothingIsMade()
     {
         Configurator one(*m_store);
@@ -457,6 +472,27 @@ private slots:
         QVERIFY(!page->isExistUnsaved());
     }
 
+    void whatThePageDoesNotHoldIsNotPastedAndTold()
+    {
+        Configurator one(*m_store);
+        TemplateTab* common = one.show(one.common());
+        QVERIFY(Configurator::select(common, "TPL_OPEN"));
+        common->copyItem();
+        common->pasteItem();
+        common->applyChanges();
+        one.deliver();
+        common->copyItem(); // made after the pages were loaded: the other pages do not hold it
+        TemplateTab* page = one.show(one.deps());
+        QVERIFY(Configurator::select(page, "CAT_CDS"));
+        QTest::keyClick(page, Qt::Key_V, Qt::ControlModifier);
+        QVERIFY(!page->isExistUnsaved());
+        auto* notice = Configurator::in<QLabel>(page, "noticeText");
+        QVERIFY(notice->isVisible());
+        QVERIFY(notice->text().startsWith(QStringLiteral("Вставить нечего: ")));
+        Configurator::in<QAbstractButton>(page, "dismissButton")->click();
+        QVERIFY(!notice->isVisible());
+    }
+
     void aCopyCrossesPages()
     {
         Configurator one(*m_store, QStringLiteral("smirnov"), "DEP_ZAR");
@@ -482,6 +518,14 @@ private slots:
         QTest::keyClick(page, Qt::Key_C, Qt::ControlModifier);
         const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
         QVERIFY(!mime || !mime->hasFormat(QStringLiteral("logbook_template")));
+        auto* copied = new QMimeData;
+        copied->setData(QStringLiteral("logbook_template"), "TPL_OPEN");
+        QGuiApplication::clipboard()->setMimeData(copied);
+        QTest::keyClick(page, Qt::Key_V, Qt::ControlModifier);
+        page->pasteItem();
+        QVERIFY(!page->isExistUnsaved());
+        QCOMPARE(QGuiApplication::clipboard()->mimeData()->data(QStringLiteral("logbook_template")),
+                 QByteArray("TPL_OPEN"));
         QTest::keyClick(page, Qt::Key_F, Qt::ControlModifier);
         QTRY_VERIFY(searchEdit(page)->hasFocus() || !one.window().isActiveWindow());
         emit Configurator::tree(page)->customContextMenuRequested(QPoint(5, 5));
