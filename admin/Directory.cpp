@@ -123,7 +123,14 @@ void Directory::put(const QByteArray& table, const DirectoryRow& row)
 
 QString Directory::label(const QByteArray& table, const DirectoryRow& row) const
 {
-    return label(table, row, 0);
+    const QString made = label(table, row, 0);
+    if (!made.isEmpty())
+        return made;
+    // A row that only its key identifies.
+    for (const char* field : {"name_", "nameLat"})
+        if (!row.text(field).isEmpty())
+            return row.text(field);
+    return QString::fromUtf8(row.key);
 }
 
 QString Directory::label(const QByteArray& table, const DirectoryRow& row, int depth) const
@@ -229,6 +236,10 @@ QString Directory::nearest(const QByteArray& table, const QString& text, const Q
 QByteArray Directory::same(const QByteArray& table, const DirectoryRow& row) const
 {
     QByteArray found;
+    const QVector<SheetColumn>& columns = Sheets::of(table).columns;
+    if (std::none_of(columns.begin(), columns.end(),
+                     [](const SheetColumn& column) { return column.use & SheetColumn::Identity; }))
+        return found;
     const auto keys = indexed(table).identities.values(identityOf(Sheets::of(table), row));
     for (const QByteArray& key : keys) {
         if (found.isEmpty() || !this->row(table, key)->retired())

@@ -41,7 +41,7 @@ public:
                                 const QByteArray& department = {}) const;
     /// The name that was probably meant by one that nothing is called; empty when none is like it.
     QString nearest(const QByteArray& table, const QString& text, const QByteArray& department = {}) const;
-    /// The key of the row that has the identity of \a row, or empty. Of several the one that is not retired.
+    /// The key of the row that has the identity of \a row, or empty, as for tables that know rows by their keys alone. Of several the one that is not retired.
     QByteArray same(const QByteArray& table, const DirectoryRow& row) const;
     /// True when the row is its own owner over some others.
     bool ownsItself(const QByteArray& table, const QByteArray& key, const QByteArray& field) const;

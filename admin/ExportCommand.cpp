@@ -35,9 +35,10 @@ Command::ExitCode ExportCommand::run(const QStringList& arguments, Streams& stre
         return Failed;
     }
     for (const Sheet& sheet : Sheets::all())
-        streams.out << QStringLiteral("%1: строк %2 (%3)\n")
-                           .arg(sheet.file)
-                           .arg(directory.rows(sheet.table).size())
-                           .arg(sheet.title);
+        if (!sheet.earlier || !directory.rows(sheet.table).isEmpty())
+            streams.out << QStringLiteral("%1: строк %2 (%3)\n")
+                               .arg(sheet.file)
+                               .arg(directory.rows(sheet.table).size())
+                               .arg(sheet.title);
     return Success;
 }

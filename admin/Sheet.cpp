@@ -28,6 +28,30 @@ Sheet sheet(const QString& file, const QString& title, const char* table, QVecto
     return {file, title, table, columns};
 }
 
+/// Tables that the converter reads.
+QVector<Sheet> earlierJournal()
+{
+    const auto field = [](const char* name, Column::Kind kind, const char* refers = "") {
+        return Column{QString::fromLatin1(name), name, kind, Column::Optional, refers};
+    };
+    const auto raw = [&](const char* name) { return field(name, Column::Verbatim); };
+    const auto table = [&](const char* name, const QString& title, QVector<Column> columns) {
+        columns.append({QStringLiteral("KeyLink"), "KeyLink", Column::Code, Column::Required, {}});
+        return Sheet{QString::fromLatin1(name) + QStringLiteral(".csv"), title, name, columns, true};
+    };
+    return {
+        table("OperLogCategories", QStringLiteral("категории прежнего журнала"),
+              {raw("ParentKey"), field("OrgTypeKey", Column::Reference, "OrgTypes"),
+               field("DepartmentKey", Column::Reference, "Departments"), raw("name_")}),
+        table("OperLogTemplates", QStringLiteral("шаблоны прежнего журнала"),
+              {raw("CategoryKey"), raw("name_"), raw("text_"), field("canStartShift", Column::Flag),
+               field("canEndShift", Column::Flag), field("isNecessaryFinishTime", Column::Flag), raw("icon"),
+               raw("completingIcon"), raw("completingCommand")}),
+        table("OperLogTemplateParams", QStringLiteral("параметры прежнего журнала"),
+              {raw("nameLat"), raw("nameLoc"), raw("param"), raw("TableKey"), raw("FieldTypeKey")}),
+    };
+}
+
 QVector<Sheet> organization()
 {
     const QString title = QStringLiteral("Название");
@@ -142,7 +166,7 @@ QStringList Sheet::headings() const
 
 const QVector<Sheet>& Sheets::all()
 {
-    static const QVector<Sheet> sheets = organization() + templates();
+    static const QVector<Sheet> sheets = organization() + templates() + earlierJournal();
     return sheets;
 }
 

@@ -9,6 +9,7 @@
 struct SheetColumn {
     enum Kind {
         Text,
+        Verbatim, ///< a text to the letter, blanks and line ends included
         Number,
         Flag,          ///< "да" or "нет"
         Time,          ///< "hh:mm" is a time of day, "dd.MM.yyyy hh:mm" a moment
@@ -41,6 +42,9 @@ struct Sheet {
     QString title;
     QByteArray table;
     QVector<SheetColumn> columns; ///< the code comes last
+    /// A table of the journal before this one, as it was: headings are its fields, and its keys, names and texts are taken
+    /// to the letter, whatever their length. Exported only when it holds a row.
+    bool earlier = false;
 
     const SheetColumn* column(const QString& heading) const;
     QStringList headings() const;

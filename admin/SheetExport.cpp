@@ -65,6 +65,7 @@ QStringList SheetExport::cells(const Directory& directory, const Sheet& sheet, c
             cells << text.properties.value(column.field);
             break;
         case SheetColumn::Text:
+        case SheetColumn::Verbatim:
         case SheetColumn::Number:
         case SheetColumn::Code:
             cells << value.toString();
@@ -79,6 +80,8 @@ bool SheetExport::write(const Directory& directory, const QDir& folder, QString*
         QVector<QStringList> rows{sheet.headings()};
         for (const DirectoryRow* row : directory.rows(sheet.table))
             rows << cells(directory, sheet, *row);
+        if (sheet.earlier && rows.size() == 1)
+            continue;
         QSaveFile file(folder.filePath(sheet.file));
         const QByteArray content = Csv::write(rows);
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {

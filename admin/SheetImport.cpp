@@ -184,7 +184,8 @@ bool SheetImport::compareRow(const File& file, const Csv::Row& cells, bool last,
         const QString text = row.text(field.name);
         if ((field.type == mdr_TChar || field.type == mdr_TMemo) && !m_store->codec()->canEncode(text))
             return wrong(QStringLiteral("знака нет в кодовой странице журнала: «%1»").arg(text.left(60)));
-        if (field.type == mdr_TChar && m_store->codec()->fromUnicode(text).size() > field.width)
+        if (field.type == mdr_TChar && !sheet.earlier &&
+            m_store->codec()->fromUnicode(text).size() > field.width)
             return wrong(QStringLiteral("длиннее %1 знаков: «%2»").arg(field.width).arg(text));
     }
     takeRow(file, row, given, read.hasRights ? takeRights(row, read.rights) : QStringList(), report);

@@ -47,6 +47,8 @@ void SheetRow::readCell(const SheetColumn& column, const QString& cell)
     switch (column.kind) {
     case SheetColumn::Text:
         return set(name);
+    case SheetColumn::Verbatim:
+        return set(cell);
     case SheetColumn::EquipmentKind:
         return set(SheetCells::readEquipmentKind(cell));
     case SheetColumn::Number: {

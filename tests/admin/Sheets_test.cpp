@@ -1,7 +1,10 @@
 #include "AdminRun.h"
+#include "CMDArray.h"
 #include "Csv.h"
+#include "MDRValues.h"
 #include "PrivateCluster.h"
 #include "Sheet.h"
+#include "Store.h"
 
 #include <memory>
 #include <QTest>
@@ -37,6 +40,8 @@ private slots:
     void oneFaultKeepsEverythingOut();
     void aTextBeyondTheNotationStaysAsItIs();
     void aServerTakesTheSheetsAndTheirUsers();
+    void tablesOfAnEarlierJournalComeToTheLetter();
+    void faultsInAnEarlierJournalAreTold();
     void starterGivesASiteThatNeedsPeopleOnly();
     void readinessIsToldByDepartment();
 
@@ -81,7 +86,10 @@ void Sheets_test::anEmptyStoreGivesBlankForms()
     QCOMPARE(m_admin->bytes(QStringLiteral("sheets/shifts.csv")),
              QByteArray("\xEF\xBB\xBF") +
                  QStringLiteral("Подразделение;Название;Начало;Конец;Код\r\n").toUtf8());
-    QCOMPARE(QDir(m_admin->sheets).entryList(QDir::Files).size(), Sheets::all().size());
+    int forms = 0;
+    for (const Sheet& sheet : Sheets::all())
+        forms += sheet.earlier ? 0 : 1; // of tables of an earlier journal there are none
+    QCOMPARE(QDir(m_admin->sheets).entryList(QDir::Files).size(), forms);
     QCOMPARE(m_admin->call("import", {m_admin->sheets}), Command::Success);
 }
 
@@ -119,6 +127,8 @@ void Sheets_test::sheetsWithoutCodesChangeNothing()
     QCOMPARE(demo.call("demo"), Command::Success);
     QCOMPARE(demo.call("export", {demo.sheets}), Command::Success);
     for (const Sheet& sheet : Sheets::all()) {
+        if (sheet.earlier)
+            continue; // nothing but the key tells their rows apart
         QVector<Csv::Row> rows;
         QString error;
         QVERIFY(Csv::read(demo.bytes(QStringLiteral("sheets/") + sheet.file), &rows, &error));
@@ -434,6 +444,87 @@ void Sheets_test::aServerTakesTheSheetsAndTheirUsers()
     QCOMPARE(m_admin->call("import", {m_admin->sheets}), Command::Success);
     QVERIFY(!mayLogIn().isEmpty());
     QCOMPARE(m_admin->call("check"), Command::Success);
+}
+
+/// What stands in a table, row by row in the order of the keys; null told apart from empty.
+static QVector<QStringList> tableOf(const QString& url, const char* table)
+{
+    StoreError error;
+    Store::Options options;
+    options.loader = true;
+    const auto store = Store::open(url, options, &error);
+    CMDArray answer;
+    answer = store->select("SELECT * FROM " + QByteArray(table) + " ORDER BY KeyLink", &error);
+    QVector<QStringList> rows;
+    for (int i = 0; i < answer.RecCount(); ++i) {
+        QStringList cells;
+        for (int f = 0; f < MDAFldCount(answer.array); ++f) {
+            MDRVar value;
+            MDRGetVal(MDRFldByNum(answer.array, f), MDARec(answer.array, 0, i), &value);
+            cells << (value.isNull ? QStringLiteral("null")
+                      : MDRValue::isText(value)
+                          ? QLatin1Char('=') + store->codec()->toUnicode(MDRValue::copy(value))
+                          : QString::number(value.value.number));
+        }
+        rows << cells;
+    }
+    return rows;
+}
+
+void Sheets_test::tablesOfAnEarlierJournalComeToTheLetter()
+{
+    AdminRun demo;
+    QCOMPARE(demo.call("demo", {QStringLiteral("--old")}), Command::Success);
+    QCOMPARE(demo.call("export", {demo.sheets}), Command::Success);
+    QVERIFY2(demo.out.contains(QStringLiteral("OperLogTemplates.csv: строк 400 (шаблоны прежнего журнала)")),
+             qPrintable(demo.out));
+    QVERIFY2(m_admin->call("import", {demo.sheets}) == Command::Success, qPrintable(m_admin->err));
+    for (const char* table : {"OperLogCategories", "OperLogTemplates", "OperLogTemplateParams"}) {
+        const QVector<QStringList> rows = tableOf(demo.url, table);
+        QVERIFY(rows.size() >= 50);
+        const QVector<QStringList> taken = tableOf(m_admin->url, table);
+        QCOMPARE(taken.size(), rows.size());
+        for (int i = 0; i < rows.size(); ++i)
+            QCOMPARE(taken.at(i).join(QLatin1Char('|')), // files know one kind of line end
+                     rows.at(i).join(QLatin1Char('|')).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    }
+    QCOMPARE(m_admin->call("import", {demo.sheets}), Command::Success); // nothing comes twice
+    QVERIFY2(
+        m_admin->out.contains(QStringLiteral("OperLogTemplates.csv: добавлено 0, изменено 0, нет в файле 0")),
+        qPrintable(m_admin->out));
+}
+
+void Sheets_test::faultsInAnEarlierJournalAreTold()
+{
+    site();
+    m_admin->sheet("OperLogCategories.csv", "KeyLink;ParentKey;OrgTypeKey;DepartmentKey;name_\n"
+                                            "C1;;;ЦДС;Наши\n"
+                                            "C2;C1;;;Вложенные\n"
+                                            "C3;;;Нет такого;Чужие\n"
+                                            "C1;;;;Снова\n");
+    m_admin->sheet("OperLogTemplates.csv", "KeyLink;CategoryKey;name_;text_;canStartShift\n"
+                                           "T1;C2;Имя;\" На <podst>  [x]\n+ \";1\n"
+                                           ";C2;Без ключа;x;\n"
+                                           "T3;C2;Флаг;x;может быть\n");
+    QCOMPARE(m_admin->call("import", {m_admin->sheets}), Command::Failed);
+    for (const char* fault :
+         {"OperLogCategories.csv:4: столбец «DepartmentKey»: в таблице «подразделения» строки «Нет такого» "
+          "нет",
+          "OperLogCategories.csv:5: повторяет строку 2",
+          "OperLogTemplates.csv:4: столбец «KeyLink»: ячейка пуста",
+          "OperLogTemplates.csv:5: столбец «canStartShift»: «может быть» не «да» и не «нет»"})
+        QVERIFY2(m_admin->err.contains(QString::fromUtf8(fault)), qPrintable(m_admin->err));
+    QCOMPARE(tableOf(m_admin->url, "OperLogCategories").size(), 0);
+
+    m_admin->sheet("OperLogCategories.csv", "KeyLink;ParentKey;OrgTypeKey;DepartmentKey;name_\n"
+                                            "C1;;;ЦДС;Наши\nC2;C1;;;Вложенные\n");
+    m_admin->sheet("OperLogTemplates.csv", "KeyLink;CategoryKey;name_;text_;canStartShift\n"
+                                           "T1;C2;Имя;\" На <podst>  [x]\n+ \";1\n");
+    QVERIFY2(m_admin->call("import", {m_admin->sheets}) == Command::Success, qPrintable(m_admin->err));
+    const QStringList row = tableOf(m_admin->url, "OperLogTemplates").value(0);
+    QCOMPARE(row.mid(0, 5), (QStringList{QStringLiteral("=T1"), QStringLiteral("=C2"), QStringLiteral("=Имя"),
+                                         QStringLiteral("= На <podst>  [x]\n+ "), QStringLiteral("1")}));
+    QCOMPARE(row.value(7), QStringLiteral("null")); // no column in the file
 }
 
 void Sheets_test::starterGivesASiteThatNeedsPeopleOnly()
