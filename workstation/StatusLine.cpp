@@ -51,6 +51,14 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     auto* menuKey = new QShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_M), this);
     connect(menuKey, &QShortcut::activated, m_modulesButton, &QToolButton::showMenu);
 
+    m_unreadButton = new QToolButton;
+    m_unreadButton->setObjectName(QStringLiteral("unreadButton"));
+    m_unreadButton->setAutoRaise(true);
+    m_unreadButton->setToolTip(tr("Непрочитанные комментарии к вашим записям"));
+    m_unreadButton->hide();
+    layout->addWidget(m_unreadButton);
+    connect(m_unreadButton, &QToolButton::clicked, this, &StatusLine::unreadCommentsClicked);
+
     m_messageLabel = panel(QStringLiteral("messageLabel"), layout, 1);
     m_messageLabel->setTextFormat(Qt::PlainText);
     m_messageLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -136,6 +144,12 @@ void StatusLine::setModuleMenu(QMenu* menu)
 {
     m_modulesButton->setMenu(menu);
     m_modulesButton->setVisible(menu != nullptr);
+}
+
+void StatusLine::setUnreadComments(int count)
+{
+    m_unreadButton->setText(tr("Непрочитанных комментариев: %1").arg(count));
+    m_unreadButton->setVisible(count > 0);
 }
 
 void StatusLine::setOwnClock(std::function<QDateTime()> clock)

@@ -29,8 +29,14 @@ public:
     QStringList failures() const;
     /// The menu behind the button "Модули"; without one there is no button.
     void setModuleMenu(QMenu* menu);
+    /// The number of unread comments on the user's records; 0 shows nothing.
+    void setUnreadComments(int count);
     /// The clock of this computer, for tests.
     void setOwnClock(std::function<QDateTime()> clock);
+
+signals:
+    /// The user wants to see the unread comments.
+    void unreadCommentsClicked();
 
 private:
     struct Failure {
@@ -54,6 +60,7 @@ private:
     QToolButton* m_acknowledgeButton;
     QToolButton* m_themeButton;
     QToolButton* m_modulesButton;
+    QToolButton* m_unreadButton;
     QLabel* m_deviationLabel;
     QLabel* m_clockLabel;
     QVector<Failure> m_failures;

@@ -1,5 +1,6 @@
 #include "Workstation.h"
 
+#include "Alerts.h"
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
@@ -16,7 +17,7 @@
 #include <QStatusBar>
 #include <QTimer>
 
-Workstation::Workstation(LogWriter* log)
+Workstation::Workstation(LogWriter* log) : m_alerts(std::make_unique<Alerts>())
 {
     if (log) {
         m_sink = std::make_unique<LogSink>(&m_app, log);
@@ -106,6 +107,7 @@ CVrkCliMod* Workstation::startModule(const QString& name)
     }
     m_modules.push_back({name, module});
     addStatusLine(module);
+    m_alerts->watch(module);
     connect(module, &CVrkCliMod::closed, this, [this, module] { moduleClosed(module); });
 
     module->show();
@@ -119,6 +121,8 @@ void Workstation::addStatusLine(CVrkCliMod* module)
     module->statusBar()->setSizeGripEnabled(false);
     module->statusBar()->addWidget(line, 1);
     connect(&m_app, &CVrkCliApp::textAdjusted, line, &StatusLine::showNotice);
+    connect(module, &CVrkCliMod::unreadCommentsChanged, line, &StatusLine::setUnreadComments);
+    connect(line, &StatusLine::unreadCommentsClicked, module, &CVrkCliMod::unreadCommentsRequested);
 
     auto* menu = new ModuleMenu(m_app.session(), m_mayChangeUser, line);
     line->setModuleMenu(menu);

@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <vector>
 
+class Alerts;
 class CVrkCliMod;
 class LogSink;
 class LogWriter;
@@ -55,6 +56,7 @@ private:
     CVrkCliApp m_app;
     std::unique_ptr<LogSink> m_sink;
     std::unique_ptr<PluginLoader> m_loader;
+    std::unique_ptr<Alerts> m_alerts;
     struct Open {
         QString name;
         QPointer<CVrkCliMod> module;

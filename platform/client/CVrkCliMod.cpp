@@ -138,6 +138,19 @@ void CVrkCliMod::SetIsEdit(bool edit)
     emit editStateChanged(edit);
 }
 
+void CVrkCliMod::CallAttention(const QString& text)
+{
+    emit attentionCalled(text);
+}
+
+void CVrkCliMod::SetUnreadComments(int count)
+{
+    if (m_unreadComments == count)
+        return;
+    m_unreadComments = count;
+    emit unreadCommentsChanged(count);
+}
+
 QIcon CVrkCliMod::icon(const QString& name)
 {
     if (name.isEmpty())

@@ -67,6 +67,13 @@ public:
     void SetIsEdit(bool edit);
     bool isEdit() const { return m_edit; }
     QString moduleTitle() const { return m_title; }
+    /// What happens in the module concerns the user now: the host alerts him, in the task bar and the tray, unless he has
+    /// one of the module's windows before him. Each call is an alert of its own.
+    void CallAttention(const QString& text);
+    /// How many unread comments wait for the user: the host shows the number in its status line, and nothing for 0. Tell
+    /// it at the start and whenever it changes.
+    void SetUnreadComments(int count);
+    int unreadComments() const { return m_unreadComments; }
     /// The host's named icons: a resource path as it stands, a bare name under ":/vrk/". Null icon when
     /// unknown.
     static QIcon icon(const QString& name);
@@ -79,6 +86,10 @@ public:
 signals:
     void titleChanged(const QString& title, const QString& subtitle);
     void editStateChanged(bool edit);
+    void attentionCalled(const QString& text);
+    void unreadCommentsChanged(int count);
+    /// Emitted by the host: the user wants to see the comments that wait. A module that counts them shows them.
+    void unreadCommentsRequested();
     /// The window was closed: the host may delete the module.
     void closed();
 
@@ -97,6 +108,7 @@ private:
     QString m_title;
     QString m_subtitle;
     bool m_edit = false;
+    int m_unreadComments = 0;
 };
 
 /// What a plug-in exports under this plain name: makes the module called \a name, or gives null.

@@ -1,6 +1,7 @@
 #include "CVrkLogBook.h"
 
 #include "CLiteModel.h"
+#include "CommentInbox.h"
 #include "CPopMessageBox.h"
 #include "CToolLiteModel.h"
 #include "CVrkCliApp.h"
@@ -63,6 +64,7 @@ bool CVrkLogBook::ModuleStart()
     configureTabBar();
     createDialogs();
     createConnections();
+    createInbox();
     return true;
 }
 
@@ -83,6 +85,8 @@ int CVrkLogBook::MessageData(HFNCliParam* block)
         if (tab && tab->isInit())
             tab->MessageData(&event);
     }
+    if (m_inbox)
+        m_inbox->take(event);
     MDRTypFree(&event.recordType);
     return 1;
 }

@@ -6,6 +6,7 @@
 
 class CLiteModel;
 class CModelTable;
+class CommentInbox;
 class CPopMessageBox;
 class LocationInfo;
 class LogBookTab;
@@ -86,6 +87,7 @@ private:
     void configureToolBar();
     void configureTabBar();
     void createDialogs();
+    void createInbox();
     void createConnections();
     QToolButton* appendButton(const QString& name, const QString& icon, const QString& toolTip);
 
@@ -121,6 +123,7 @@ private:
     CModelTable* m_organizations = nullptr;
     CModelTable* m_orgTypes = nullptr;
     LocationInfo* m_location = nullptr;
+    CommentInbox* m_inbox = nullptr; ///< null until the journal is there
     OrgStructDialog* m_orgStructDialog = nullptr;
     CPopMessageBox* m_messageBox = nullptr;
 

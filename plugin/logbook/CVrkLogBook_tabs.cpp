@@ -1,6 +1,7 @@
 #include "CVrkLogBook.h"
 
 #include "CModelTable.h"
+#include "CommentInbox.h"
 #include "CommentsWidget.h"
 #include "LocationInfo.h"
 #include "LogBookWidget.h"
@@ -113,6 +114,16 @@ void CVrkLogBook::commentsRequest()
     const int index = m_form->logbooks->insertTab(
         m_form->logbooks->count(), comments, QIcon(QStringLiteral(":/icons/comment.png")), comments->title());
     m_form->logbooks->setCurrentIndex(index);
+}
+
+/// Whether the tab of comments is open or not, the host knows what waits.
+void CVrkLogBook::createInbox()
+{
+    m_inbox = new CommentInbox(this, m_location, this);
+    connect(m_inbox, &CommentInbox::countChanged, this, &CVrkCliMod::SetUnreadComments);
+    connect(m_inbox, &CommentInbox::arrived, this, &CVrkCliMod::CallAttention);
+    connect(this, &CVrkCliMod::unreadCommentsRequested, this, &CVrkLogBook::commentsRequest);
+    m_inbox->upload();
 }
 
 void CVrkLogBook::updateTitleComments()

@@ -7,6 +7,7 @@
 #include "LogText.h"
 #include "RecordValue.h"
 
+#include <limits>
 #include <memory>
 #include <QDebug>
 #include <QTextCodec>
@@ -63,7 +64,7 @@ void LogBookWidget::controlWorkshiftDuration()
         return;
     m_controlTimer->stop();
     showNotifyWorkshiftLimit();
-    m_repeatTimer->start(options.interval * 1000);
+    m_repeatTimer->start(qMin(options.interval, std::numeric_limits<int>::max() / 1000) * 1000);
 }
 
 void LogBookWidget::showNotifyWorkshiftLimit()
@@ -72,4 +73,6 @@ void LogBookWidget::showNotifyWorkshiftLimit()
                LogText::centered(tr("Превышена допустимая длительность смены.") + QStringLiteral("<br/>") +
                                  tr("Необходимо провести сдачу/прием смены.")),
                MessageIconWarning, MessageTypeOk, SLOT(closeMsgBox(QAbstractButton*)));
+    m_module->CallAttention(tr("Превышена допустимая длительность смены.") + QLatin1Char(' ') +
+                            tr("Необходимо провести сдачу/прием смены."));
 }

@@ -386,9 +386,7 @@ private slots:
         const TestStore store;
         Desk desk(store);
         desk.select("REC_OPENING");
-        QCOMPARE(store.exec(QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE ON LogbookComments "
-                                           "BEGIN SELECT RAISE(ABORT, 'no'); END;")),
-                 QString());
+        QCOMPARE(store.refuse(QStringLiteral("UPDATE"), QStringLiteral("LogbookComments")), QString());
         QTest::mouseClick(desk.button("readedCommentButton"), Qt::LeftButton);
         QCOMPARE(
             m_log->take(QStringLiteral("CommentsWidget")),

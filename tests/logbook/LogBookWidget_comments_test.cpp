@@ -64,10 +64,7 @@ private:
     static void refuseWrites(const TestStore& store)
     {
         for (const char* operation : {"INSERT", "UPDATE", "DELETE"})
-            QCOMPARE(store.exec(QStringLiteral("CREATE TRIGGER refuse_%1 BEFORE %1 ON LogbookComments "
-                                               "BEGIN SELECT RAISE(ABORT, 'no'); END;")
-                                    .arg(QLatin1String(operation))),
-                     QString());
+            QCOMPARE(store.refuse(QLatin1String(operation), QStringLiteral("LogbookComments")), QString());
     }
     void compareFailure(Pane& pane, const QString& line, const QString& text)
     {

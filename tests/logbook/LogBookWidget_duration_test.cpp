@@ -6,6 +6,7 @@
 #include "StoreError.h"
 #include "TestJournal.h"
 
+#include <QSignalSpy>
 #include <QTimer>
 #include <QtTest>
 
@@ -81,6 +82,7 @@ private slots:
         const TestStore store;
         makeLate(store, options(1, 1, 600));
         TestJournal journal(store);
+        const QSignalSpy calls(&journal.module(), &CVrkCliMod::attentionCalled);
         journal.tab().uploadWorkshiftDurationControl();
         QCOMPARE(journal.session().openBlocks(), 0);
         QCOMPARE(running(journal), QVector<int>({1000, 0}));
@@ -91,11 +93,15 @@ private slots:
         QCOMPARE(journal.box()->icon(), MessageIconWarning);
         QCOMPARE(journal.box()->type(), MessageTypeOk);
         QCOMPARE(running(journal), QVector<int>({0, 600000}));
+        QCOMPARE(calls.size(), 1);
+        QCOMPARE(calls[0][0].toString(), QStringLiteral("Превышена допустимая длительность смены. "
+                                                        "Необходимо провести сдачу/прием смены."));
 
         journal.press(QDialogButtonBox::AcceptRole);
         QVERIFY(!journal.box());
         emitTimeout(journal.child<QTimer>("repeatTimer")); // it comes again and again
         QVERIFY(journal.box());
+        QCOMPARE(calls.size(), 2);
         journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST")); // also in the archive
         QCOMPARE(running(journal), QVector<int>({0, 600000}));
     }

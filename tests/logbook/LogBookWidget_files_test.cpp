@@ -114,10 +114,7 @@ private:
     static void refuseWrites(const TestStore& store)
     {
         for (const char* operation : {"INSERT", "DELETE"})
-            QCOMPARE(store.exec(QStringLiteral("CREATE TRIGGER refuse_%1 BEFORE %1 ON LogbookFiles "
-                                               "BEGIN SELECT RAISE(ABORT, 'no'); END;")
-                                    .arg(QLatin1String(operation))),
-                     QString());
+            QCOMPARE(store.refuse(QLatin1String(operation), QStringLiteral("LogbookFiles")), QString());
     }
     void compareBox(Pane& pane, const QString& title, const QString& text, TMessageBoxIcon icon,
                     TMessageBoxType type)

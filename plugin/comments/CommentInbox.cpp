@@ -1,0 +1,110 @@
+#include "CommentInbox.h"
+
+#include "CModelTable.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "HfnWrapper.h"
+#include "LocationInfo.h"
+#include "LogbookTables.h"
+#include "LogText.h"
+#include "RecordValue.h"
+#include "TableLoad.h"
+#include "TEventNciParse.h"
+
+#include <QTextCodec>
+
+namespace
+{
+/// Positions in the table of comments.
+enum CommentField { KeyField, WorkerField, RecordField, TimeField, TextField, ReadedField };
+
+MDRVar eventValue(const TEventNciParse& event, CommentField field)
+{
+    MDRVar value;
+    MDRGetVal(MDRFldByNum(&event.recordType, field), &event.recordData, &value);
+    return value;
+}
+
+bool isRead(const MDRVar& time)
+{
+    return MDRValue::hasTime(time) && time.value.real > 0.0;
+}
+} // namespace
+
+CommentInbox::CommentInbox(CVrkCliMod* module, const LocationInfo* location, QObject* parent)
+    : QObject(parent), m_module(module), m_location(location)
+{
+}
+
+MDArray* CommentInbox::request(const QString& sql) const
+{
+    return m_module->session()->SqlRequest(sql.toUtf8().constData());
+}
+
+void CommentInbox::upload()
+{
+    m_unread.clear();
+    m_isOwn.clear();
+    CMDArray records;
+    records = request(
+        LogText::fill(QLatin1String(LogbookSql::UnreadRecords),
+                      {QLatin1String(LogbookTable::Records), QStringLiteral("KeyLink"),
+                       QLatin1String(LogbookTable::Comments), QStringLiteral("RecordKey"),
+                       QStringLiteral("WorkerKey"), m_location->workerKey(), QStringLiteral("readedTime")}));
+    const QString keys = TableLoad::quotedKeys(records);
+    if (!keys.isEmpty()) {
+        CMDArray comments;
+        comments = request(
+            LogText::fill(QLatin1String(LogbookSql::ByRecords),
+                          {QLatin1String(LogbookTable::Comments), QStringLiteral("RecordKey"), keys}));
+        for (int row = 0; row < comments.RecCount(); ++row) {
+            const MDRData* comment = MDARec(comments.array, 0, row);
+            if (!isRead(recordValue(comment, "readedTime")))
+                m_unread.insert(MDRValue::copy(recordValue(comment, "KeyLink")));
+        }
+    }
+    emit countChanged(count());
+}
+
+void CommentInbox::take(const TEventNciParse& event)
+{
+    if (event.tableName.compare(QLatin1String(LogbookTable::Comments), Qt::CaseInsensitive) != 0)
+        return;
+    const QByteArray key(event.recordKey);
+    const bool isUnread = event.eventNumber != EventDeleted && !isRead(eventValue(event, ReadedField));
+    if (!isUnread) {
+        if (m_unread.remove(key))
+            emit countChanged(count());
+        return;
+    }
+    if (m_unread.contains(key) || !isOwnRecord(MDRValue::copy(eventValue(event, RecordField))))
+        return;
+    m_unread.insert(key);
+    emit countChanged(count());
+    if (event.eventNumber != EventInserted)
+        return;
+    const QTextCodec* codec = m_module->session()->codec();
+    const QString author =
+        HfnWrapper::workerShortName(codec, m_location->table(QLatin1String(LogbookTable::Workers)),
+                                    QString::fromUtf8(MDRValue::copy(eventValue(event, WorkerField))));
+    emit arrived(tr("Комментарий к вашей записи. %1: %2")
+                     .arg(author, codec->toUnicode(MDRValue::bytes(eventValue(event, TextField)))));
+}
+
+bool CommentInbox::isOwnRecord(const QByteArray& recordKey)
+{
+    const auto known = m_isOwn.constFind(recordKey);
+    if (known != m_isOwn.constEnd())
+        return *known;
+    CMDArray answer;
+    answer = request(LogText::fill(
+        QLatin1String(LogbookSql::RecordByField),
+        {QLatin1String(LogbookTable::Records), QStringLiteral("KeyLink"), QString::fromUtf8(recordKey)}));
+    if (answer.RecCount() == 0)
+        return false; // asked again with the next comment
+    const MDRVar worker = recordValue(MDARec(answer.array, 0, 0), "WorkerKey");
+    const bool isOwn =
+        MDRValue::hasText(worker) && MDRValue::bytes(worker) == m_location->workerKey().toUtf8();
+    m_isOwn.insert(recordKey, isOwn);
+    return isOwn;
+}

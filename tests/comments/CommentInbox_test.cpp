@@ -1,0 +1,97 @@
+#include "CVrkLogBook.h"
+#include "LogWatch.h"
+#include "TestClient.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+/// What the journal tells the host of comments that wait and of shifts that are overdue.
+class CommentInbox_test : public QObject
+{
+    Q_OBJECT
+
+private:
+    struct Desk {
+        explicit Desk(const TestStore& store, const QString& login = QStringLiteral("ivanov"))
+            : client(store, login), window(&client.app()), calls(&window, &CVrkCliMod::attentionCalled)
+        {
+            if (!window.ModuleStart())
+                qFatal("the journal does not start");
+        }
+        QStringList takeCalls()
+        {
+            client.deliver();
+            QStringList texts;
+            for (const QVariantList& call : qAsConst(calls))
+                texts.append(call[0].toString());
+            calls.clear();
+            return texts;
+        }
+
+        TestClient client;
+        CVrkLogBook window;
+        QSignalSpy calls;
+    };
+    static void write(const TestStore& store, const QString& login, const char* record, const QByteArray& key,
+                      const QVariant& read = QVariant())
+    {
+        const QByteArray worker = "WORKER_" + login.toUpper().toLatin1();
+        QVERIFY(TestStore::write(store.open(login).get(), "LogbookComments", ROW_INSERT, key,
+                                 {{"RecordKey", QByteArray(record)},
+                                  {"WorkerKey", worker},
+                                  {"commentTime", TestStore::now()},
+                                  {"readedTime", read},
+                                  {"text_", QStringLiteral("Замечание")}}));
+    }
+
+private slots:
+    void countsWhatWaitsAtTheStart()
+    {
+        const TestStore store;
+        QCOMPARE(Desk(store).window.unreadComments(), 2); // COM_UNREAD and COM_PAST
+        QCOMPARE(Desk(store, QStringLiteral("petrov")).window.unreadComments(), 0);
+    }
+
+    void aCommentOnOnesOwnRecordCalls()
+    {
+        const TestStore store;
+        Desk desk(store);
+        write(store, QStringLiteral("petrov"), "REC_MESSAGE", "COM_NEW");
+        QCOMPARE(desk.takeCalls(),
+                 QStringList{QStringLiteral("Комментарий к вашей записи. Петров П. П.: Замечание")});
+        QCOMPARE(desk.window.unreadComments(), 3);
+    }
+
+    void othersRecordsAndOwnWordsCallNobody()
+    {
+        const TestStore store;
+        Desk desk(store);
+        write(store, QStringLiteral("sidorova"), "REC_TRIP", "COM_OTHER");
+        write(store, QStringLiteral("ivanov"), "REC_MESSAGE", "COM_OWN", TestStore::now()); // born read
+        QCOMPARE(desk.takeCalls(), QStringList());
+        QCOMPARE(desk.window.unreadComments(), 2);
+    }
+
+    void readingAndDeletingCountDown()
+    {
+        const TestStore store;
+        Desk desk(store);
+        write(store, QStringLiteral("petrov"), "REC_MESSAGE", "COM_NEW");
+        desk.takeCalls();
+        QVERIFY(TestStore::write(store.open(QStringLiteral("ivanov")).get(), "LogbookComments", ROW_UPDATE,
+                                 "COM_UNREAD", {{"readedTime", TestStore::now()}}));
+        desk.client.deliver();
+        QCOMPARE(desk.window.unreadComments(), 2);
+        QVERIFY(TestStore::write(store.open(QStringLiteral("petrov")).get(), "LogbookComments", ROW_UPDATE,
+                                 "COM_NEW", {{"text_", QStringLiteral("Иначе")}}));
+        desk.client.deliver();
+        QCOMPARE(desk.window.unreadComments(), 2); // changed, and still unread
+        QVERIFY(TestStore::write(store.open(QStringLiteral("petrov")).get(), "LogbookComments", ROW_DELETE,
+                                 "COM_NEW"));
+        QCOMPARE(desk.takeCalls(), QStringList());
+        QCOMPARE(desk.window.unreadComments(), 1);
+    }
+};
+
+QTEST_MAIN(CommentInbox_test)
+#include "CommentInbox_test.moc"
