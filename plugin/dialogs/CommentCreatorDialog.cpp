@@ -1,15 +1,24 @@
 #include "CommentCreatorDialog.h"
 
+#include "NoticeBar.h"
 #include "ui_CommentCreatorDialog.h"
 
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QSignalBlocker>
 
+namespace
+{
+enum Choice { WriteAsNew, TakeKept, DropKept };
+} // namespace
+
 CommentCreatorDialog::CommentCreatorDialog(QWidget* parent, int flag)
-    : CPopTemplate(parent, flag), m_form(new Ui::CommentCreatorDialog)
+    : CPopTemplate(parent, flag), m_form(new Ui::CommentCreatorDialog), m_notice(new NoticeBar(this))
 {
     m_form->setupUi(this);
+    m_notice->setObjectName(QStringLiteral("commentNotice"));
+    m_form->verticalLayout->insertWidget(0, m_notice);
+    connect(m_notice, &NoticeBar::chosen, this, &CommentCreatorDialog::choose);
     setWindowIcon(QIcon(QStringLiteral(":/icons/comment.png")));
     setGuarding(true); // the comment goes to the current record of the window below
     connect(m_form->commentEdit, &QTextEdit::textChanged, this,
@@ -36,8 +45,56 @@ void CommentCreatorDialog::clear()
     m_form->commentEdit->clear();
 }
 
+void CommentCreatorDialog::warn(const QString& text)
+{
+    m_warning = text;
+}
+
+void CommentCreatorDialog::keep(const QString& text)
+{
+    m_kept.removeAll(text);
+    if (!text.isEmpty())
+        m_kept.append(text);
+}
+
+void CommentCreatorDialog::tellNotice()
+{
+    QVector<NoticeBar::Choice> choices;
+    if (!m_warning.isEmpty())
+        choices.append({WriteAsNew, tr("Добавить новый"), QStringLiteral("asNewButton")});
+    if (!m_kept.isEmpty()) {
+        choices.append({TakeKept, tr("Вернуть незаписанный текст"), QStringLiteral("takeKeptButton")});
+        choices.append({DropKept, tr("Забыть его"), QStringLiteral("dropKeptButton")});
+    }
+    if (choices.isEmpty())
+        m_notice->hide();
+    else if (!m_warning.isEmpty())
+        m_notice->tell(NoticeBar::Warning, m_warning, choices);
+    else
+        m_notice->tell(NoticeBar::Question, tr("Прошлый текст записать не удалось."), choices);
+}
+
+void CommentCreatorDialog::choose(int choice)
+{
+    if (choice == WriteAsNew) {
+        m_commentKey.clear();
+        m_warning.clear();
+    } else {
+        const QString text = m_kept.takeLast();
+        if (choice == TakeKept) {
+            keep(m_taken);
+            m_taken = text;
+            m_form->commentEdit->setPlainText(text);
+        }
+    }
+    tellNotice();
+    m_form->commentEdit->moveCursor(QTextCursor::End);
+    m_form->commentEdit->setFocus();
+}
+
 void CommentCreatorDialog::apply()
 {
+    m_taken.clear(); // whoever takes the text now keeps it when it cannot be written
     emit commentChanged(m_commentKey, m_form->commentEdit->toPlainText());
     close();
 }
@@ -49,9 +106,19 @@ void CommentCreatorDialog::keyPressEvent(QKeyEvent* event)
     CPopTemplate::keyPressEvent(event);
 }
 
+void CommentCreatorDialog::hideEvent(QHideEvent* event)
+{
+    if (!event->spontaneous()) {
+        keep(m_taken);
+        m_taken.clear();
+    }
+    CPopTemplate::hideEvent(event);
+}
+
 void CommentCreatorDialog::showEvent(QShowEvent* event)
 {
     m_form->applyButton->setEnabled(false); // until the text changes, also when there is one: meant
+    tellNotice();
     m_form->commentEdit->moveCursor(QTextCursor::End);
     m_form->commentEdit->setFocus();
     resize(600, 400);

@@ -4,6 +4,8 @@
 
 #include <memory>
 
+class NoticeBar;
+
 namespace Ui
 {
 class CommentCreatorDialog;
@@ -21,9 +23,17 @@ public:
 
     /// The comment that is changed; empty for a new one.
     void setCommentKey(const QString& key) { m_commentKey = key; }
+    QString commentKey() const { return m_commentKey; }
     void setText(const QString& text);
     /// Empties the text and leaves the key as it is: meant.
     void clear();
+
+    /// What the user must know of the text that he is going to write, told above it at the next showing, with a button
+    /// that makes it a new comment; an empty text tells nothing.
+    void warn(const QString& text);
+    /// Keeps a text until it has been written: while texts are kept, each showing offers the last one.
+    void keep(const QString& text);
+    void forget(const QString& text) { m_kept.removeAll(text); }
 
 signals:
     void commentChanged(const QString& commentKey, const QString& text);
@@ -31,10 +41,17 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void apply();
+    void tellNotice();
+    void choose(int choice);
 
     std::unique_ptr<Ui::CommentCreatorDialog> m_form;
+    NoticeBar* m_notice;
     QString m_commentKey;
+    QString m_warning;
+    QStringList m_kept; ///< could not be written
+    QString m_taken;    ///< the one of them that is in the editor, until it is applied
 };

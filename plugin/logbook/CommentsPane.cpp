@@ -10,7 +10,6 @@
 #include "LogbookTables.h"
 #include "LogText.h"
 #include "MessageListDelegate.h"
-#include "PageMessages.h"
 #include "RecordValue.h"
 
 #include <QAction>
@@ -18,10 +17,11 @@
 #include <QTextCodec>
 #include <QToolButton>
 
-CommentsPane::CommentsPane(const Controls& controls, const Source& source, QObject* parent)
-    : QObject(parent),
+CommentsPane::CommentsPane(const Controls& controls, const Source& source, const Habits& habits,
+                           QObject* parent)
+    : RecordPane(source, parent),
       m_controls(controls),
-      m_source(source),
+      m_habits(habits),
       m_editor(new CommentCreatorDialog(source.module, -1))
 {
     connect(m_controls.list, &QListWidget::itemSelectionChanged, this, &CommentsPane::updateCommentDelete);
@@ -38,11 +38,6 @@ CommentsPane::~CommentsPane()
     delete m_editor;
 }
 
-QString CommentsPane::signature(const char* function) const
-{
-    return LogText::fill(QLatin1String(function), {m_source.owner});
-}
-
 void CommentsPane::reload(const MDRData* record)
 {
     m_controls.list->clear();
@@ -57,18 +52,16 @@ void CommentsPane::reload(const MDRData* record)
         return;
     }
 
-    for (const MDRData* comment :
-         MDARecsWith(m_source.comments->data.array, "RecordKey", key.value.text.data))
+    for (const MDRData* comment : MDARecsWith(source().table->data.array, "RecordKey", key.value.text.data))
         list(comment);
-    if (!m_source.messages->isOpen()) // another message took the place of the question
-        m_askedKey.clear();
-    int row = 0;
-    if (!m_askedKey.isEmpty()) { // the answer meets the comment that was asked about, or none
-        row = m_controls.list->count() - 1;
-        while (row >= 0 && keyOf(m_controls.list->item(row)) != m_askedKey)
-            --row;
+    const QString asked = askedKey();
+    int position = 0;
+    if (!asked.isEmpty()) { // the answer meets the comment that was asked about, or none
+        position = m_controls.list->count() - 1;
+        while (position >= 0 && keyOf(m_controls.list->item(position)) != asked)
+            --position;
     }
-    m_controls.list->setCurrentRow(row);
+    m_controls.list->setCurrentRow(position);
     updateButtons();
 }
 
@@ -77,8 +70,8 @@ void CommentsPane::list(const MDRData* comment)
     const auto timeText = [](const MDRVar& time) {
         return HfnTime_to_DateTime(time.value.real, -1).toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"));
     };
-    const QTextCodec* codec = m_source.module->session()->codec();
-    CModelTable* workers = m_source.location->table(QLatin1String(LogbookTable::Workers));
+    const QTextCodec* codec = source().module->session()->codec();
+    CModelTable* workers = source().location->table(QLatin1String(LogbookTable::Workers));
     const QString author = QString::fromUtf8(MDRValue::copy(recordValue(comment, "WorkerKey")));
     const MDRVar readed = recordValue(comment, "readedTime");
     const bool isRead = MDRValue::hasTime(readed) && readed.value.real > 0.0;
@@ -99,30 +92,10 @@ QString CommentsPane::keyOf(const QListWidgetItem* item) const
     return item ? item->data(CommentKeyRole).toString() : QString();
 }
 
-MDRData* CommentsPane::comment(const QString& key) const
-{
-    if (key.isEmpty())
-        return nullptr;
-    const MDRRange found = MDARecsWith(m_source.comments->data.array, "KeyLink", key.toUtf8().constData());
-    return found.count > 0 ? found.data[0] : nullptr;
-}
-
-bool CommentsPane::isMine(const MDRData* comment) const
-{
-    const MDRVar worker = recordValue(comment, "WorkerKey");
-    return MDRValue::hasText(worker) && MDRValue::bytes(worker) == m_source.location->workerKey().toUtf8();
-}
-
 bool CommentsPane::isUnread(const QListWidgetItem* item) const
 {
-    const MDRData* row = comment(keyOf(item));
-    return row && !MDRValue::hasTime(recordValue(row, "readedTime"));
-}
-
-bool CommentsPane::isChangeable() const
-{
-    const MDRData* record = m_source.currentRecord();
-    return record && !hasStatus(record, StatusDeleted);
+    const MDRData* comment = row(keyOf(item));
+    return comment && !MDRValue::hasTime(recordValue(comment, "readedTime"));
 }
 
 void CommentsPane::updateButtons()
@@ -139,14 +112,14 @@ void CommentsPane::updateCommentCreate()
 
 void CommentsPane::updateCommentDelete()
 {
-    m_controls.remove->setEnabled(isChangeable() && isMine(comment(keyOf(m_controls.list->currentItem()))));
+    m_controls.remove->setEnabled(isChangeable() && isMine(row(keyOf(m_controls.list->currentItem()))));
 }
 
 /// While any comment of the record is unread, whichever is selected: meant.
 void CommentsPane::updateCommentReaded()
 {
     bool isAnyUnread = false;
-    for (int row = 0; row < m_controls.list->count() && !isAnyUnread; ++row)
-        isAnyUnread = isUnread(m_controls.list->item(row));
+    for (int i = 0; i < m_controls.list->count() && !isAnyUnread; ++i)
+        isAnyUnread = isUnread(m_controls.list->item(i));
     m_controls.readed->setEnabled(isAnyUnread);
 }

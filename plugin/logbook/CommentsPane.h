@@ -1,26 +1,20 @@
 #pragma once
 
-#include <functional>
-#include <QObject>
+#include "RecordPane.h"
+
 #include <QPointer>
 
 class CommentCreatorDialog;
-class CModelTable;
 class CRowBatch;
-class CVrkCliMod;
-class LocationInfo;
-class PageMessages;
-class QAbstractButton;
 class QAction;
 class QListWidget;
 class QListWidgetItem;
 class QToolButton;
-struct MDRData;
 struct MDRVar;
 
 /// The pane with the comments of the current record: lists them, writes, changes and deletes the user's own, and marks
-/// them read. An action changes nothing here: it writes to the server, and the page reloads by the change event.
-class CommentsPane : public QObject
+/// them read.
+class CommentsPane : public RecordPane
 {
     Q_OBJECT
 
@@ -32,19 +26,13 @@ public:
         QToolButton* readed;
         QAction* allReaded;
     };
-    /// What the pane works on; nothing is owned.
-    struct Source {
-        QString owner; ///< the page's class, for its log lines
-        CVrkCliMod* module;
-        LocationInfo* location;
-        CModelTable* comments; ///< LogbookComments of the page
-        PageMessages* messages;
-        std::function<MDRData*()> currentRecord;
+    /// What the two pages do each in its own way.
+    struct Habits {
         std::function<double()> now; ///< time of a comment that is written
         std::function<bool(const MDRVar& time)>
             isReaded; ///< a comment with this time is not marked read again
     };
-    CommentsPane(const Controls& controls, const Source& source, QObject* parent);
+    CommentsPane(const Controls& controls, const Source& source, const Habits& habits, QObject* parent);
     ~CommentsPane() override;
 
     /// Lists the comments of a record in the order of their table; null lists none.
@@ -59,14 +47,8 @@ private slots: // by name: the message box takes the slot's name
 
 private:
     void list(const MDRData* comment);
-    QString signature(const char* function) const;
     QString keyOf(const QListWidgetItem* item) const;
-    MDRData* comment(const QString& key) const;
-    bool isMine(const MDRData* comment) const;
     bool isUnread(const QListWidgetItem* item) const;
-    /// There is a current record that is not deleted.
-    bool isChangeable() const;
-    bool send(CRowBatch& batch) const;
 
     void updateCommentCreate();
     void updateCommentDelete();
@@ -77,13 +59,13 @@ private:
     void upsertComment(const QString& commentKey, const QString& text);
     /// The row of a new comment on the current record; null, with a line in the log, when there can be none.
     MDRData* newComment(CRowBatch& batch, double now) const;
+    QString replacementWarning(const QString& commentKey) const;
     void setCommentReaded(const QString& key, CRowBatch& batch);
     void setCommentReaded(const QListWidgetItem* item, CRowBatch& batch);
     void setCurrentCommentReaded();
     void setAllCommentsReaded();
 
     Controls m_controls;
-    Source m_source;
+    Habits m_habits;
     QPointer<CommentCreatorDialog> m_editor; ///< belongs to the module's window, goes with the pane
-    QString m_askedKey; ///< the comment that the open question is about, empty without one
 };

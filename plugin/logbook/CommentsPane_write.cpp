@@ -15,74 +15,90 @@
 #include <QTextCodec>
 #include <QToolButton>
 
-bool CommentsPane::send(CRowBatch& batch) const
-{
-    return m_source.module->session()->SqlUpdate(LogbookTable::Comments, batch.array, true, nullptr);
-}
-
 void CommentsPane::createCommentRequest()
 {
     // The key of the comment that was changed last stays, and the new text replaces that comment: meant.
     m_editor->clear();
+    m_editor->warn(replacementWarning(m_editor->commentKey()));
     m_editor->show();
+}
+
+/// What becomes of a text that is written under the key of a comment changed earlier; empty for a new comment.
+QString CommentsPane::replacementWarning(const QString& commentKey) const
+{
+    constexpr int shown = 40;
+    if (commentKey.isEmpty())
+        return QString();
+    const MDRData* old = row(commentKey);
+    if (!old)
+        return tr("Комментария, который вы меняли последним, здесь уже нет: новый текст не будет записан.");
+    QString text = source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(old, "text_")));
+    text = text.simplified();
+    if (text.size() > shown)
+        text = text.left(shown) + QStringLiteral("…");
+    return tr("Новый текст заменит комментарий, который вы меняли последним: «%1».").arg(text);
 }
 
 /// The status of the record is not asked: the writer may change a comment on a deleted record. Meant.
 void CommentsPane::changeCommentRequest()
 {
     const QString key = keyOf(m_controls.list->currentItem());
-    const MDRData* row = comment(key);
-    if (!row || !isMine(row))
+    const MDRData* comment = row(key);
+    if (!comment || !isMine(comment))
         return;
     m_editor->setCommentKey(key);
     m_editor->setText(
-        m_source.module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(row, "text_"))));
+        source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(comment, "text_"))));
+    m_editor->warn(QString());
     m_editor->show();
 }
 
 void CommentsPane::upsertComment(const QString& commentKey, const QString& text)
 {
     const QString function = signature("void %1::upsertComment(const QString&, const QString&)");
-    const QByteArray worker = m_source.location->workerKey().toUtf8();
-    const QByteArray bytes = m_source.module->session()->codec()->fromUnicode(text);
-    const double now = m_source.now();
+    const QByteArray worker = source().location->workerKey().toUtf8();
+    const QByteArray bytes = source().module->session()->codec()->fromUnicode(text);
+    const double now = m_habits.now();
     const bool isEdit = !commentKey.isEmpty();
 
     CRowBatch batch(LogbookCommentFields, fieldCount(LogbookCommentFields));
-    MDRData* row = nullptr;
+    m_editor->keep(text); // until it is written
+    MDRData* written = nullptr;
     if (isEdit) {
-        const MDRData* old = comment(commentKey);
+        const MDRData* old = row(commentKey);
         if (!old) {
             LogText::warn(function,
                           LogText::fill(QStringLiteral("error edit comment: comment %1 not found in %2!"),
                                         {commentKey, QLatin1String(LogbookTable::Comments)}));
             return;
         }
-        row = batch.newRow(ROW_UPDATE, commentKey.toUtf8());
+        written = batch.newRow(ROW_UPDATE, commentKey.toUtf8());
         const MDRVar record = recordValue(old, "RecordKey");
-        MDRSetVal(MDRFldByName(batch.array, "RecordKey"), row, &record);
+        MDRSetVal(MDRFldByName(batch.array, "RecordKey"), written, &record);
     } else {
-        row = newComment(batch, now);
-        if (!row)
+        written = newComment(batch, now);
+        if (!written)
             return;
     }
-    batch.SetValF(row, "WorkerKey", MDRValue::text(worker));
-    batch.SetValF(row, "commentTime", MDRValue::real(now));
-    batch.SetValF(row, "text_", MDRValue::text(bytes, mdr_TMemo));
-    row = batch.RecPost(row);
-    if (send(batch))
+    batch.SetValF(written, "WorkerKey", MDRValue::text(worker));
+    batch.SetValF(written, "commentTime", MDRValue::real(now));
+    batch.SetValF(written, "text_", MDRValue::text(bytes, mdr_TMemo));
+    written = batch.RecPost(written);
+    if (send(batch)) {
+        m_editor->forget(text);
         return;
-    const auto keyText = [row](const char* field) {
-        return QString::fromUtf8(MDRValue::copy(recordValue(row, field)));
+    }
+    const auto keyText = [written](const char* field) {
+        return QString::fromUtf8(MDRValue::copy(recordValue(written, field)));
     };
     LogText::warn(
         function,
         LogText::fill(QStringLiteral("error create new comment in %1! Func SqlUpdate returned FALSE! Data: "
                                      "KeyLink(%2),WorkerKey(%3),RecordKey(%4),commentTime(%5),text_(%6)"),
                       {QLatin1String(LogbookTable::Comments), keyText("KeyLink"),
-                       m_source.location->workerKey(), keyText("RecordKey"),
+                       source().location->workerKey(), keyText("RecordKey"),
                        QStringLiteral("%1").arg(now, 0, 'g'), text}));
-    m_source.messages->error(tr("Ошибка"), isEdit ? tr("Не удалось изменить комментарий")
+    source().messages->error(tr("Ошибка"), isEdit ? tr("Не удалось изменить комментарий")
                                                   : tr("Не удалось добавить новый комментарий"));
 }
 
@@ -93,7 +109,7 @@ MDRData* CommentsPane::newComment(CRowBatch& batch, double now) const
                       QLatin1String("can not create or change comment: record ") + QLatin1String(reason));
         return nullptr;
     };
-    const MDRData* record = m_source.currentRecord();
+    const MDRData* record = source().currentRecord();
     if (!record)
         return failed("not selected!");
     const MDRVar recordKey = recordValue(record, "KeyLink");
@@ -120,52 +136,39 @@ void CommentsPane::deleteByKey()
 
 void CommentsPane::deleteCommentRequest()
 {
-    m_askedKey = keyOf(m_controls.list->currentItem());
-    m_source.messages->ask(tr("Удаление комментария"), tr("Вы действительно хотите удалить комментарий?"),
-                           this, SLOT(deleteCommentAnswer(QAbstractButton*)));
+    ask(keyOf(m_controls.list->currentItem()), tr("Удаление комментария"),
+        tr("Вы действительно хотите удалить комментарий?"), SLOT(deleteCommentAnswer(QAbstractButton*)));
 }
 
 void CommentsPane::deleteCommentAnswer(QAbstractButton* button)
 {
-    m_askedKey.clear();
-    const bool isConfirmed = m_source.messages->isConfirmed(button);
-    const MDRData* row = comment(keyOf(m_controls.list->currentItem()));
-    if (!isConfirmed || !row)
-        return;
-    const QByteArray key = MDRValue::copy(recordValue(row, "KeyLink"));
-    CRowBatch batch(m_source.comments->data);
-    MDRData* deletion = batch.newRow(ROW_DELETE, key);
-    batch.SetValF(deletion, "KeyLink", MDRValue::text(key));
-    batch.RecPost(deletion);
-    if (send(batch))
-        return;
-    LogText::warn(
-        signature("void %1::deleteCommentAnswer(QAbstractButton*)"),
-        LogText::fill(
-            QStringLiteral("error delete comment in %1! Func SqlUpdate returned FALSE! Data: KeyLink(%2)"),
-            {QLatin1String(LogbookTable::Comments), QString::fromUtf8(key)}));
-    m_source.messages->error(tr("Ошибка"), tr("Не удалось удалить комментарий!"));
+    const bool isAgreed = isConfirmed(button);
+    const MDRData* comment = row(keyOf(m_controls.list->currentItem()));
+    if (isAgreed && comment)
+        remove(comment, "void %1::deleteCommentAnswer(QAbstractButton*)",
+               QStringLiteral("error delete comment in %1! Func SqlUpdate returned FALSE! Data: KeyLink(%2)"),
+               tr("Не удалось удалить комментарий!"));
 }
 
 void CommentsPane::setCommentReaded(const QString& key, CRowBatch& batch)
 {
-    if (!comment(key)) {
+    if (!row(key)) {
         LogText::warn(signature("void %1::setCommentReaded(const QString&, CMDArray*)"),
                       LogText::fill(QStringLiteral("error read comment: comment %1 not found in %2!"),
                                     {key, QLatin1String(LogbookTable::Comments)}));
         return;
     }
-    MDRData* row = batch.newRow(ROW_UPDATE, key.toUtf8());
-    batch.SetValF(row, "readedTime", MDRValue::real(m_source.module->session()->GetHfnTime()));
-    batch.RecPost(row);
+    MDRData* reading = batch.newRow(ROW_UPDATE, key.toUtf8());
+    batch.SetValF(reading, "readedTime", MDRValue::real(source().module->session()->GetHfnTime()));
+    batch.RecPost(reading);
 }
 
 /// A comment that is read keeps its time.
 void CommentsPane::setCommentReaded(const QListWidgetItem* item, CRowBatch& batch)
 {
     const QString key = keyOf(item);
-    const MDRData* row = comment(key);
-    if (!row || !m_source.isReaded(recordValue(row, "readedTime")))
+    const MDRData* comment = row(key);
+    if (!comment || !m_habits.isReaded(recordValue(comment, "readedTime")))
         setCommentReaded(key, batch);
 }
 
@@ -181,18 +184,18 @@ void CommentsPane::setCurrentCommentReaded()
     LogText::warn(signature("void %1::setCurrentCommentReaded()"),
                   QStringLiteral("error read comment in %1! Func SqlUpdate returned FALSE!")
                       .arg(QLatin1String(LogbookTable::Comments)));
-    m_source.messages->error(tr("Ошибка"), tr("Не удалось отметить комментарий как прочитанный!"));
+    source().messages->error(tr("Ошибка"), tr("Не удалось отметить комментарий как прочитанный!"));
 }
 
 void CommentsPane::setAllCommentsReaded()
 {
     CRowBatch batch(LogbookCommentFields, fieldCount(LogbookCommentFields));
-    for (int row = 0; row < m_controls.list->count(); ++row)
-        setCommentReaded(m_controls.list->item(row), batch);
+    for (int i = 0; i < m_controls.list->count(); ++i)
+        setCommentReaded(m_controls.list->item(i), batch);
     if (batch.RecCount() == 0 || send(batch))
         return;
     LogText::warn(signature("void %1::setAllCommentsReaded()"),
                   QStringLiteral("error read all comment in %1! Func SqlUpdate returned FALSE!")
                       .arg(QLatin1String(LogbookTable::Comments)));
-    m_source.messages->error(tr("Ошибка"), tr("Не удалось отметить комментарии как прочитанные!"));
+    source().messages->error(tr("Ошибка"), tr("Не удалось отметить комментарии как прочитанные!"));
 }

@@ -3,10 +3,7 @@
 #include "CModelTable.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
-#include "LocationInfo.h"
-#include "LogbookFields.h"
 #include "LogText.h"
-#include "PageMessages.h"
 #include "RecordValue.h"
 
 #include <QDir>
@@ -19,8 +16,8 @@
 #include <QTextCodec>
 #include <QToolButton>
 
-FilesPane::FilesPane(const Controls& controls, const Source& source, QObject* parent)
-    : QObject(parent), m_controls(controls), m_source(source)
+FilesPane::FilesPane(const Controls& controls, const Source& source, QWidget* page, QObject* parent)
+    : RecordPane(source, parent), m_controls(controls), m_page(page)
 {
     connect(m_controls.table, &QTableWidget::itemSelectionChanged, this, &FilesPane::updateFileDelete);
     connect(m_controls.table, &QTableWidget::itemSelectionChanged, this, &FilesPane::updateFileSave);
@@ -31,11 +28,6 @@ FilesPane::FilesPane(const Controls& controls, const Source& source, QObject* pa
 }
 
 FilesPane::~FilesPane() = default;
-
-QString FilesPane::signature(const char* function) const
-{
-    return LogText::fill(QLatin1String(function), {m_source.owner});
-}
 
 void FilesPane::reload(const MDRData* record)
 {
@@ -53,7 +45,7 @@ void FilesPane::reload(const MDRData* record)
         return;
     }
 
-    const MDRRange files = MDARecsWith(m_source.files->data.array, "RecordKey", key.value.text.data);
+    const MDRRange files = MDARecsWith(source().table->data.array, "RecordKey", key.value.text.data);
     table->setColumnCount(1);
     table->setHorizontalHeaderLabels({tr("Наименование")});
     table->setRowCount(static_cast<int>(files.count));
@@ -63,9 +55,8 @@ void FilesPane::reload(const MDRData* record)
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setAlternatingRowColors(true);
-    if (!m_source.messages->isOpen()) // another message took the place of the question
-        m_askedKey.clear();
-    int row = 0;
+    const QString askedFile = askedKey();
+    int position = 0;
     int asked = -1;
     for (const MDRData* file : files) {
         const QString name = nameOf(file);
@@ -74,12 +65,12 @@ void FilesPane::reload(const MDRData* record)
         item->setData(Qt::UserRole, fileKey);
         item->setData(Qt::DecorationRole, iconOf(name));
         item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
-        if (fileKey == m_askedKey)
-            asked = row;
-        table->setItem(row++, 0, item);
+        if (fileKey == askedFile)
+            asked = position;
+        table->setItem(position++, 0, item);
     }
     // The answer meets the file that was asked about, or none.
-    table->selectRow(m_askedKey.isEmpty() ? 0 : asked);
+    table->selectRow(askedFile.isEmpty() ? 0 : asked);
     updateButtons();
 }
 
@@ -112,22 +103,12 @@ QString FilesPane::currentKey() const
 
 MDRData* FilesPane::currentFile() const
 {
-    const QByteArray key = currentKey().toUtf8();
-    if (key.isEmpty())
-        return nullptr;
-    const MDRRange found = MDARecsWith(m_source.files->data.array, "KeyLink", key.constData());
-    return found.count > 0 ? found.data[0] : nullptr;
+    return row(currentKey());
 }
 
 QString FilesPane::nameOf(const MDRData* file) const
 {
-    return m_source.module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(file, "fileName")));
-}
-
-bool FilesPane::isChangeable() const
-{
-    const MDRData* record = m_source.currentRecord();
-    return record && !hasStatus(record, StatusDeleted);
+    return source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(file, "fileName")));
 }
 
 void FilesPane::updateButtons()
@@ -144,9 +125,7 @@ void FilesPane::updateFileCreate()
 
 void FilesPane::updateFileDelete()
 {
-    const MDRVar worker = recordValue(currentFile(), "WorkerKey");
-    m_controls.remove->setEnabled(isChangeable() && MDRValue::hasText(worker) &&
-                                  MDRValue::bytes(worker) == m_source.location->workerKey().toUtf8());
+    m_controls.remove->setEnabled(isChangeable() && isMine(currentFile()));
 }
 
 void FilesPane::updateFileSave()

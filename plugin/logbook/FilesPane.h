@@ -1,26 +1,18 @@
 #pragma once
 
-#include <functional>
+#include "RecordPane.h"
+
 #include <memory>
 #include <QHash>
 #include <QIcon>
-#include <QObject>
 
-class CModelTable;
-class CRowBatch;
-class CVrkCliMod;
-class LocationInfo;
-class PageMessages;
-class QAbstractButton;
 class QTableWidget;
 class QTemporaryDir;
 class QToolButton;
-struct MDRData;
 
-/// The pane with the files of the current record: lists them, attaches, opens, saves and deletes them. An action
-/// changes nothing here: it writes to the server, and the page reloads by the change event. Opened files are copies in
-/// a private folder that goes with the pane.
-class FilesPane : public QObject
+/// The pane with the files of the current record: lists them, attaches, opens, saves and deletes them. Opened files are
+/// copies in a private folder that goes with the pane.
+class FilesPane : public RecordPane
 {
     Q_OBJECT
 
@@ -34,17 +26,8 @@ public:
         QToolButton* remove;
         QToolButton* save;
     };
-    /// What the pane works on; nothing is owned.
-    struct Source {
-        QString owner; ///< the page's class, for its log lines
-        QWidget* page; ///< parent of file dialogs; keeps the path of a saved file in "saved_from_logbook"
-        CVrkCliMod* module;
-        LocationInfo* location;
-        CModelTable* files; ///< LogbookFiles of the page
-        PageMessages* messages;
-        std::function<MDRData*()> currentRecord;
-    };
-    FilesPane(const Controls& controls, const Source& source, QObject* parent);
+    /// \a page is the parent of file dialogs and keeps the path of a saved file in "saved_from_logbook"; not owned.
+    FilesPane(const Controls& controls, const Source& source, QWidget* page, QObject* parent);
     ~FilesPane() override;
 
     /// Lists the files of a record in the order of their table; null lists none. The contents are not read.
@@ -60,13 +43,9 @@ private slots: // by name: the message box takes the slot's name
 
 private:
     QPixmap iconOf(const QString& fileName);
-    QString signature(const char* function) const;
     QString currentKey() const;
     MDRData* currentFile() const;
     QString nameOf(const MDRData* file) const;
-    /// There is a current record that is not deleted.
-    bool isChangeable() const;
-    bool send(CRowBatch& batch) const;
 
     void updateFileCreate();
     void updateFileDelete();
@@ -80,9 +59,8 @@ private:
     void deleteFileRequest();
 
     Controls m_controls;
-    Source m_source;
+    QWidget* m_page;
     QHash<QString, QPixmap> m_icons; ///< by suffix
     std::unique_ptr<QTemporaryDir> m_opened;
     int m_openedCount = 0;
-    QString m_askedKey; ///< the file that the open question is about, empty without one
 };

@@ -50,22 +50,17 @@ bool write(const QString& path, const QByteArray& content)
 }
 } // namespace
 
-bool FilesPane::send(CRowBatch& batch) const
-{
-    return m_source.module->session()->SqlUpdate(LogbookTable::Files, batch.array, true, nullptr);
-}
-
 void FilesPane::createFileRequest()
 {
     // The key alone: while the user looks for a file, the record may go.
-    const QByteArray recordKey = MDRValue::copy(recordValue(m_source.currentRecord(), "KeyLink"));
+    const QByteArray recordKey = MDRValue::copy(recordValue(source().currentRecord(), "KeyLink"));
     if (recordKey.isEmpty())
         return;
-    const QString path = Desktop::current().askOpenFile(m_source.page, tr("Выбор файла"), desktopFolder());
+    const QString path = Desktop::current().askOpenFile(m_page, tr("Выбор файла"), desktopFolder());
     if (path.isEmpty())
         return;
     const auto refuse = [this] {
-        m_source.messages->error(tr("Ошибка"), tr("Размер файла слишком большой!") +
+        source().messages->error(tr("Ошибка"), tr("Размер файла слишком большой!") +
                                                    QStringLiteral("<br/><br/>") +
                                                    tr("Выберете файл с размером не более %1 МБ.").arg(5));
     };
@@ -88,14 +83,14 @@ void FilesPane::createFileRequest()
 
 void FilesPane::attach(const QByteArray& recordKey, const QString& path, const QByteArray& content)
 {
-    const QTextCodec* codec = m_source.module->session()->codec();
+    const QTextCodec* codec = source().module->session()->codec();
     const QString name = QFileInfo(path).fileName();
     const QString fittedName = FileNames::fitted(name, codec);
     const QByteArray key = GenGuid32();
     const QByteArray nameBytes = codec->fromUnicode(fittedName);
-    const QByteArray worker = codec->fromUnicode(m_source.location->workerKey());
+    const QByteArray worker = codec->fromUnicode(source().location->workerKey());
 
-    CRowBatch batch(m_source.files->data);
+    CRowBatch batch(source().table->data);
     MDRData* row = batch.newRow(ROW_INSERT, key);
     batch.SetValF(row, "KeyLink", MDRValue::text(key));
     batch.SetValF(row, "WorkerKey", MDRValue::text(worker));
@@ -110,11 +105,11 @@ void FilesPane::attach(const QByteArray& recordKey, const QString& path, const Q
                                          "KeyLink(%2),recordKey(%3),fileName(%4)"),
                           {QLatin1String(LogbookTable::Files), QString::fromUtf8(key),
                            QString::fromUtf8(recordKey), fittedName}));
-        m_source.messages->error(tr("Ошибка"), tr("Не удалось загрузить файл"));
+        source().messages->error(tr("Ошибка"), tr("Не удалось загрузить файл"));
         return;
     }
     if (fittedName != name.normalized(QString::NormalizationForm_C))
-        emit m_source.module->app()->textAdjusted(
+        emit source().module->app()->textAdjusted(
             tr("Имя файла записано как «%1»: в журнале нет некоторых его знаков.").arg(fittedName));
 }
 
@@ -135,7 +130,7 @@ void FilesPane::openFileRequest()
     QByteArray content;
     const QString path = fetch(file, &content) ? temporaryPath(nameOf(file)) : QString();
     if (path.isEmpty() || !write(path, content)) {
-        m_source.messages->error(tr("Ошибка"), tr("Не удалось открыть файл!"));
+        source().messages->error(tr("Ошибка"), tr("Не удалось открыть файл!"));
         return;
     }
     Desktop::current().open(QUrl::fromLocalFile(path));
@@ -151,34 +146,34 @@ void FilesPane::saveFileRequest()
     const bool isFetched = fetch(file, &content);
     content.detach();
     const QString proposal = desktopFolder() + QLatin1Char('/') + FileNames::local(nameOf(file));
-    const QString path = Desktop::current().askSaveFile(m_source.page, tr("Сохранение файла"), proposal);
+    const QString path = Desktop::current().askSaveFile(m_page, tr("Сохранение файла"), proposal);
     if (path.isEmpty()) { // also when the user has cancelled: meant
-        m_source.messages->error(tr("Ошибка"), tr("Некорректный путь для сохранения файла!"));
+        source().messages->error(tr("Ошибка"), tr("Некорректный путь для сохранения файла!"));
         return;
     }
     if (!isFetched || !write(path, content)) {
-        m_source.messages->error(tr("Ошибка"), tr("Не удалось сохранить файл!"));
+        source().messages->error(tr("Ошибка"), tr("Не удалось сохранить файл!"));
         return;
     }
-    m_source.page->setProperty(savedPath, path);
-    m_source.messages->show(tr("Открытие файла"), tr("Открыть файл, который был сохранен?"),
+    m_page->setProperty(savedPath, path);
+    source().messages->show(tr("Открытие файла"), tr("Открыть файл, который был сохранен?"),
                             MessageIconQuestion, MessageTypeYesNo, this,
                             SLOT(openSavedFileAnswer(QAbstractButton*)));
 }
 
 void FilesPane::openSavedFileAnswer(QAbstractButton* button)
 {
-    const bool isConfirmed = m_source.messages->isConfirmed(button);
+    const bool isAgreed = isConfirmed(button);
     if (!button)
         return;
-    const QString path = m_source.page->property(savedPath).toString();
-    m_source.page->setProperty(savedPath, QString());
-    if (!isConfirmed)
+    const QString path = m_page->property(savedPath).toString();
+    m_page->setProperty(savedPath, QString());
+    if (!isAgreed)
         return;
     if (QFileInfo::exists(path))
         Desktop::current().open(QUrl::fromLocalFile(path));
     else
-        m_source.messages->error(tr("Ошибка открытия файла"), tr("Не удалось открыть файл!"));
+        source().messages->error(tr("Ошибка открытия файла"), tr("Не удалось открыть файл!"));
 }
 
 void FilesPane::deleteByKey()
@@ -189,29 +184,16 @@ void FilesPane::deleteByKey()
 
 void FilesPane::deleteFileRequest()
 {
-    m_askedKey = currentKey();
-    m_source.messages->ask(tr("Удаление файла"), tr("Вы действительно хотите удалить файл?"), this,
-                           SLOT(deleteFileAnswer(QAbstractButton*)));
+    ask(currentKey(), tr("Удаление файла"), tr("Вы действительно хотите удалить файл?"),
+        SLOT(deleteFileAnswer(QAbstractButton*)));
 }
 
 void FilesPane::deleteFileAnswer(QAbstractButton* button)
 {
-    m_askedKey.clear();
-    const bool isConfirmed = m_source.messages->isConfirmed(button);
+    const bool isAgreed = isConfirmed(button);
     const MDRData* file = currentFile();
-    if (!isConfirmed || !file)
-        return;
-    const QByteArray key = MDRValue::copy(recordValue(file, "KeyLink"));
-    CRowBatch batch(m_source.files->data);
-    MDRData* deletion = batch.newRow(ROW_DELETE, key);
-    batch.SetValF(deletion, "KeyLink", MDRValue::text(key));
-    batch.RecPost(deletion);
-    if (send(batch))
-        return;
-    LogText::warn(
-        signature("void %1::deleteFileAnswer(QAbstractButton*)"),
-        LogText::fill(
-            QStringLiteral("error delete file from %1! Func SqlUpdate returned FALSE! Data: KeyLink(%2)"),
-            {QLatin1String(LogbookTable::Files), QString::fromUtf8(key)}));
-    m_source.messages->error(tr("Ошибка"), tr("Не удалось удалить файл!"));
+    if (isAgreed && file)
+        remove(file, "void %1::deleteFileAnswer(QAbstractButton*)",
+               QStringLiteral("error delete file from %1! Func SqlUpdate returned FALSE! Data: KeyLink(%2)"),
+               tr("Не удалось удалить файл!"));
 }

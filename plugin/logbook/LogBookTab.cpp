@@ -67,17 +67,17 @@ void LogBookTab::createAnnex(const Annex& annex)
 {
     const auto current = [this] { return currentRecord(); };
     m_messages = std::make_unique<PageMessages>(m_module);
+    const auto source = [&](CModelTable* table) {
+        return RecordPane::Source{annex.owner, m_module, m_location, table, m_messages.get(), current};
+    };
     m_commentsPane = std::make_unique<CommentsPane>(
         CommentsPane::Controls{m_ui->commentsList, m_ui->createCommentButton, m_ui->deleteCommentButton,
                                m_ui->readedCommentButton, m_allReaded},
-        CommentsPane::Source{annex.owner, m_module, m_location, annex.comments, m_messages.get(), current,
-                             annex.commentTime, annex.isCommentReaded},
-        nullptr);
-    m_filesPane = std::make_unique<FilesPane>(
-        FilesPane::Controls{m_ui->filesTable, m_ui->createFileButton, m_ui->deleteFileButton,
-                            m_ui->saveFileButton},
-        FilesPane::Source{annex.owner, this, m_module, m_location, annex.files, m_messages.get(), current},
-        nullptr);
+        source(annex.comments), CommentsPane::Habits{annex.commentTime, annex.isCommentReaded}, nullptr);
+    m_filesPane =
+        std::make_unique<FilesPane>(FilesPane::Controls{m_ui->filesTable, m_ui->createFileButton,
+                                                        m_ui->deleteFileButton, m_ui->saveFileButton},
+                                    source(annex.files), this, nullptr);
 }
 
 void LogBookTab::dropAnnex()

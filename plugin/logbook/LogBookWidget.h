@@ -216,7 +216,13 @@ private:
 
     // LogBookWidget_annex.cpp
     bool send(CRowBatch& batch);
-    void sendMark(CRowBatch& batch, const QString& signature, const QString& logLine, const QString& message);
+    using Marks = std::initializer_list<std::pair<const char*, MDRVar>>;
+    /// Writes values into a record in place. The log line of a failure has the table as "%1", the record as "%2", and
+    /// the rest from "%3" on.
+    void markRecord(const QByteArray& key, const Marks& marks, const char* function, const QString& logLine,
+                    const QStringList& rest, const QString& message);
+    void sendMark(CRowBatch& batch, const QByteArray& key, const char* function, const QString& logLine,
+                  const QStringList& rest, const QString& message);
     void addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time);
     void pasteRecord(const MDRData* source);
     static void copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record);

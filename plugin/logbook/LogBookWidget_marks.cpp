@@ -67,13 +67,27 @@ QString LogBookWidget::iconPathToName(const QString& path) const
     return names.value(path);
 }
 
-void LogBookWidget::sendMark(CRowBatch& batch, const QString& signature, const QString& logLine,
-                             const QString& message)
+void LogBookWidget::sendMark(CRowBatch& batch, const QByteArray& key, const char* function,
+                             const QString& logLine, const QStringList& rest, const QString& message)
 {
     if (send(batch))
         return;
-    LogText::warn(signature, logLine);
+    LogText::warn(
+        QStringLiteral("void LogBookWidget::") + QLatin1String(function),
+        LogText::fill(logLine,
+                      QStringList{QLatin1String(LogbookTable::Records), QString::fromLatin1(key)} + rest));
     showError(tr("Ошибка"), message);
+}
+
+void LogBookWidget::markRecord(const QByteArray& key, const Marks& marks, const char* function,
+                               const QString& logLine, const QStringList& rest, const QString& message)
+{
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    MDRData* row = batch.newRow(ROW_UPDATE, key);
+    for (const auto& [field, value] : marks)
+        batch.SetValF(row, field, value);
+    batch.RecPost(row);
+    sendMark(batch, key, function, logLine, rest, message);
 }
 
 void LogBookWidget::changeSecondMarkRequest()
@@ -90,34 +104,22 @@ void LogBookWidget::setSecondMarkRequest(const QDateTime& dt)
     const double time = DateTime_To_HfnTime(dt);
     const QString worker = m_location->workerKey();
     const QByteArray workerKey = worker.toUtf8();
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
-    MDRData* row = batch.newRow(ROW_UPDATE, key);
-    batch.SetValF(row, "SecondMarkWorkerKey", MDRValue::text(workerKey));
-    batch.SetValF(row, "secondMarkTime", MDRValue::real(time));
-    batch.RecPost(row);
-    sendMark(batch, QStringLiteral("void LogBookWidget::setSecondMarkRequest(QDateTime)"),
-             LogText::fill(
-                 QStringLiteral("error set second marker record! Data: Table(%1), KeyLink(%2), "
-                                "SecondMarkWorkerKey(%3), secondMarkTime(%4)"),
-                 {QLatin1String(LogbookTable::Records), QString::fromLatin1(key), worker, logTime(time)}),
-             tr("Не удалось установить второй маркер!"));
+    markRecord(key,
+               {{"SecondMarkWorkerKey", MDRValue::text(workerKey)}, {"secondMarkTime", MDRValue::real(time)}},
+               "setSecondMarkRequest(QDateTime)",
+               QStringLiteral("error set second marker record! Data: Table(%1), KeyLink(%2), "
+                              "SecondMarkWorkerKey(%3), secondMarkTime(%4)"),
+               {worker, logTime(time)}, tr("Не удалось установить второй маркер!"));
 }
 
 void LogBookWidget::removeSecondMarkRequest()
 {
-    const MDRData* record = currentRecord();
-    if (!record)
-        return;
-    const QByteArray key = keyOf(record);
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
-    MDRData* row = batch.newRow(ROW_UPDATE, key);
-    batch.SetValF(row, "SecondMarkWorkerKey", MDRValue::null());
-    batch.SetValF(row, "secondMarkTime", MDRValue::null());
-    batch.RecPost(row);
-    sendMark(batch, QStringLiteral("void LogBookWidget::removeSecondMarkRequest()"),
-             LogText::fill(QStringLiteral("error remove second marker record! Data: Table(%1), KeyLink(%2)"),
-                           {QLatin1String(LogbookTable::Records), QString::fromLatin1(key)}),
-             tr("Не удалось удалить второй маркер!"));
+    if (const MDRData* record = currentRecord())
+        markRecord(keyOf(record),
+                   {{"SecondMarkWorkerKey", MDRValue::null()}, {"secondMarkTime", MDRValue::null()}},
+                   "removeSecondMarkRequest()",
+                   QStringLiteral("error remove second marker record! Data: Table(%1), KeyLink(%2)"), {},
+                   tr("Не удалось удалить второй маркер!"));
 }
 
 void LogBookWidget::changeTimeExecRequest()
@@ -127,19 +129,11 @@ void LogBookWidget::changeTimeExecRequest()
 
 void LogBookWidget::removeTimeExecRequest()
 {
-    const MDRData* record = currentRecord();
-    if (!record)
-        return;
     // In place whatever the status: an approved record gets no successor here. Meant.
-    const QByteArray key = keyOf(record);
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
-    MDRData* row = batch.newRow(ROW_UPDATE, key);
-    batch.SetValF(row, "executionTime", MDRValue::null());
-    batch.RecPost(row);
-    sendMark(batch, QStringLiteral("void LogBookWidget::removeTimeExecRequest()"),
-             LogText::fill(QStringLiteral("error remove time execution record! Data: Table(%1), KeyLink(%2)"),
-                           {QLatin1String(LogbookTable::Records), QString::fromLatin1(key)}),
-             tr("Не удалось сбросить время выпонения!"));
+    if (const MDRData* record = currentRecord())
+        markRecord(keyOf(record), {{"executionTime", MDRValue::null()}}, "removeTimeExecRequest()",
+                   QStringLiteral("error remove time execution record! Data: Table(%1), KeyLink(%2)"), {},
+                   tr("Не удалось сбросить время выпонения!"));
 }
 
 void LogBookWidget::setTimeExecRequest(const QDateTime& dt)
@@ -149,21 +143,19 @@ void LogBookWidget::setTimeExecRequest(const QDateTime& dt)
         return;
     const QByteArray key = keyOf(record);
     const double time = DateTime_To_HfnTime(dt);
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
-    if (hasStatus(record, StatusApproved))
-        addSuccessor(batch, record, key, time);
-    else {
-        MDRData* row = batch.newRow(ROW_UPDATE, key);
-        batch.SetValF(row, "executionTime", MDRValue::real(time));
-        batch.RecPost(row);
-    }
     // The line has no third placeholder: the time stands in the fourth.
-    sendMark(batch, QStringLiteral("void LogBookWidget::setTimeExecRequest(QDateTime)"),
-             LogText::fill(
-                 QStringLiteral(
-                     "error set time execution record! Data: Table(%1), KeyLink(%2), executionTime(%4)"),
-                 {QLatin1String(LogbookTable::Records), QString::fromLatin1(key), QString(), logTime(time)}),
-             tr("Не удалось установить время выполнения!"));
+    const QString logLine =
+        QStringLiteral("error set time execution record! Data: Table(%1), KeyLink(%2), executionTime(%4)");
+    const char* const function = "setTimeExecRequest(QDateTime)";
+    const QStringList rest{QString(), logTime(time)};
+    const QString message = tr("Не удалось установить время выполнения!");
+    if (!hasStatus(record, StatusApproved)) {
+        markRecord(key, {{"executionTime", MDRValue::real(time)}}, function, logLine, rest, message);
+        return;
+    }
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    addSuccessor(batch, record, key, time);
+    sendMark(batch, key, function, logLine, rest, message);
 }
 
 /// The old record is marked deleted, a copy with the execution time takes its place and remembers it.

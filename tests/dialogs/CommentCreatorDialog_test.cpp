@@ -1,5 +1,7 @@
 #include "CommentCreatorDialog.h"
 
+#include "NoticeBar.h"
+
 #include <QMainWindow>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -20,6 +22,8 @@ private:
                 qFatal("the window does not show");
         }
         QTextEdit* edit() { return dialog.findChild<QTextEdit*>(QStringLiteral("commentEdit")); }
+        NoticeBar* notice() { return dialog.findChild<NoticeBar*>(QStringLiteral("commentNotice")); }
+        QPushButton* button(const char* name) { return dialog.findChild<QPushButton*>(QLatin1String(name)); }
         QPushButton* apply() { return dialog.findChild<QPushButton*>(QStringLiteral("applyButton")); }
         QPushButton* cancel() { return dialog.findChild<QPushButton*>(QStringLiteral("cancelButton")); }
 
@@ -98,6 +102,56 @@ private slots:
         QTest::keyClick(f.edit(), Qt::Key_Escape);
         QVERIFY(!f.dialog.isVisible());
         QCOMPARE(f.changed.count(), 0);
+    }
+
+    void tellsOfAReplacementAndLetsTheUserWriteAnew()
+    {
+        Fixture f;
+        f.dialog.setCommentKey(QStringLiteral("C1"));
+        f.dialog.warn(QStringLiteral("Заменит"));
+        f.dialog.show();
+        QVERIFY(f.notice()->isVisible());
+        QCOMPARE(f.notice()->text(), QStringLiteral("Заменит"));
+        QTest::keyClicks(f.edit(), QStringLiteral("a"));
+        QTest::mouseClick(f.button("asNewButton"), Qt::LeftButton);
+        QVERIFY(!f.notice()->isVisible());
+        QCOMPARE(f.edit()->toPlainText(), QStringLiteral("a")); // nothing typed is lost
+        f.apply()->click();
+        QCOMPARE(f.changed.at(0), QVariantList({QString(), QStringLiteral("a")}));
+        f.dialog.warn(QString());
+        f.dialog.show();
+        QVERIFY(!f.notice()->isVisible());
+    }
+
+    void offersATextThatWasNotWrittenUntilItIs()
+    {
+        Fixture f;
+        f.dialog.keep(QStringLiteral("Первый"));
+        f.dialog.keep(QStringLiteral("Второй"));
+        f.dialog.show();
+        QCOMPARE(f.notice()->text(), QStringLiteral("Прошлый текст записать не удалось."));
+        QTest::mouseClick(f.button("takeKeptButton"), Qt::LeftButton);
+        QCOMPARE(f.edit()->toPlainText(), QStringLiteral("Второй"));
+        QVERIFY(f.apply()->isEnabled());
+        f.cancel()->click(); // not written: offered again
+        f.dialog.clear();
+        f.dialog.show();
+        QTest::mouseClick(f.button("takeKeptButton"), Qt::LeftButton);
+        QCOMPARE(f.edit()->toPlainText(), QStringLiteral("Второй"));
+        f.apply()->click();
+        f.dialog.clear();
+        f.dialog.show(); // the one before it waits still
+        QTest::mouseClick(f.button("takeKeptButton"), Qt::LeftButton);
+        QCOMPARE(f.edit()->toPlainText(), QStringLiteral("Первый"));
+        f.apply()->click();
+        f.dialog.show();
+        QVERIFY(!f.notice()->isVisible());
+        f.dialog.close();
+
+        f.dialog.keep(QStringLiteral("Третий"));
+        f.dialog.show();
+        QTest::mouseClick(f.button("dropKeptButton"), Qt::LeftButton);
+        QVERIFY(!f.notice()->isVisible());
     }
 
     void breaksLinesByReturnAndAppliesByCtrlEnter()

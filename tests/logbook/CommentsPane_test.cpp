@@ -47,7 +47,8 @@ private:
         MDRData* current = nullptr;
         CommentsPane pane{{&list, &create, &remove, &readed, &allReaded},
                           {QStringLiteral("LogBookWidget"), &module, &location, &comments, &messages,
-                           [this] { return current; }, [] { return 0.0; }, MDRValue::hasTime},
+                           [this] { return current; }},
+                          {[] { return 0.0; }, MDRValue::hasTime},
                           nullptr};
     };
 

@@ -27,10 +27,11 @@ private:
         PageMessages messages{&module};
         QTableWidget table;
         QToolButton create, remove, save;
-        FilesPane pane{{&table, &create, &remove, &save},
-                       {QStringLiteral("LogBookWidget"), &table, &module, &location, &files, &messages,
-                        [] { return nullptr; }},
-                       nullptr};
+        FilesPane pane{
+            {&table, &create, &remove, &save},
+            {QStringLiteral("LogBookWidget"), &module, &location, &files, &messages, [] { return nullptr; }},
+            &table,
+            nullptr};
     };
 
 private slots:

@@ -1,6 +1,7 @@
 #include "CommentCreatorDialog.h"
 #include "LogWatch.h"
 #include "MessageListDelegate.h"
+#include "NoticeBar.h"
 #include "RecordValue.h"
 #include "TestJournal.h"
 
@@ -30,6 +31,7 @@ private:
         QToolButton* readed() { return journal.child<QToolButton>("readedCommentButton"); }
         CommentCreatorDialog* editor() { return journal.module().findChild<CommentCreatorDialog*>(); }
         QTextEdit* edit() { return editor()->findChild<QTextEdit*>(QStringLiteral("commentEdit")); }
+        NoticeBar* notice() { return editor()->findChild<NoticeBar*>(QStringLiteral("commentNotice")); }
         void doubleClick(int row)
         {
             const QPoint place = list()->visualItemRect(list()->item(row)).center();
@@ -388,6 +390,69 @@ private slots:
                      "void LogBookWidget::setCommentReaded(const QString&, CMDArray*) error read "
                      "comment: comment GONE not found in LogbookComments!")});
         QVERIFY(!pane.journal.box());
+    }
+
+    void aTextThatWasNotWrittenIsOfferedAgain()
+    {
+        const TestStore store;
+        Pane pane(store);
+        refuseWrites(store);
+        pane.journal.select("REC_TRIP");
+        pane.comment(QStringLiteral("Важное"));
+        pane.journal.press(QDialogButtonBox::AcceptRole);
+        m_log->take(QString());
+        for (const char* operation : {"INSERT", "UPDATE", "DELETE"})
+            store.permit(QLatin1String(operation), QStringLiteral("LogbookComments"));
+
+        QTest::mouseClick(pane.create(), Qt::LeftButton);
+        QCOMPARE(pane.edit()->toPlainText(), QString());
+        QTest::mouseClick(pane.editor()->findChild<QPushButton*>(QStringLiteral("takeKeptButton")),
+                          Qt::LeftButton);
+        QCOMPARE(pane.edit()->toPlainText(), QStringLiteral("Важное"));
+        QTest::mouseClick(pane.editor()->findChild<QPushButton*>(QStringLiteral("applyButton")),
+                          Qt::LeftButton);
+        QVERIFY(!pane.journal.box());
+        QCOMPARE(stored(store, QStringLiteral("Важное")).value(2).toString(), QStringLiteral("REC_TRIP"));
+        QTest::mouseClick(pane.create(), Qt::LeftButton);
+        QVERIFY(!pane.notice()->isVisible()); // it is written now
+    }
+
+    void saysWhichCommentTheNextOneReplaces()
+    {
+        const TestStore store;
+        Pane pane(store);
+        pane.journal.select("REC_TRIP");
+        QTest::mouseClick(pane.create(), Qt::LeftButton);
+        QVERIFY(!pane.notice()->isVisible());
+        pane.editor()->close();
+
+        pane.journal.select("REC_ORDER");
+        pane.doubleClick(0);
+        QVERIFY(!pane.notice()->isVisible()); // a change is a change
+        pane.write(QStringLiteral("Изменённый"));
+        pane.journal.deliver();
+        QTest::mouseClick(pane.create(), Qt::LeftButton);
+        QVERIFY(pane.notice()->isVisible());
+        QVERIFY2(pane.notice()->text().contains(QStringLiteral("заменит")) &&
+                     pane.notice()->text().contains(QStringLiteral("«Изменённый»")),
+                 qPrintable(pane.notice()->text()));
+        QTest::mouseClick(pane.editor()->findChild<QPushButton*>(QStringLiteral("asNewButton")),
+                          Qt::LeftButton);
+        pane.write(QStringLiteral("Новый"));
+        pane.journal.deliver();
+        QCOMPARE(stored(store, QStringLiteral("Изменённый")).value(0).toString(), QStringLiteral("COM_READ"));
+        QVERIFY(!stored(store, QStringLiteral("Новый")).isEmpty());
+
+        pane.doubleClick(0);
+        pane.write(QStringLiteral("Ещё раз"));
+        pane.journal.deliver();
+        QTest::mouseClick(pane.remove(), Qt::LeftButton);
+        pane.journal.press(QDialogButtonBox::YesRole);
+        pane.journal.deliver();
+        QTest::mouseClick(pane.create(), Qt::LeftButton);
+        QVERIFY2(pane.notice()->text().contains(QStringLiteral("уже нет")),
+                 qPrintable(pane.notice()->text()));
+        pane.editor()->close();
     }
 
     void saysWhatFailed()
