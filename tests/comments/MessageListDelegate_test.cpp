@@ -1,5 +1,7 @@
 #include "MessageListDelegate.h"
 
+#include "PaintRecord.h"
+
 #include <QListWidget>
 #include <QPainter>
 #include <QtTest>
@@ -51,6 +53,12 @@ private:
             painter.setPen(option.palette.color(QPalette::WindowText));
             delegate.paint(&painter, option, index());
             return image;
+        }
+        void paintOn(PaintRecord* page)
+        {
+            QPainter painter(page);
+            painter.setPen(option.palette.color(QPalette::WindowText));
+            delegate.paint(&painter, option, index());
         }
         static bool holds(const QImage& image, const QRect& area, const QColor& color)
         {
@@ -147,6 +155,99 @@ private slots:
         f.option.palette = Fixture::palette(Qt::black, Qt::white);
         QVERIFY(Fixture::holds(f.paint(), f.bottom(), Qt::white));
         QVERIFY(Fixture::holds(f.paint(), f.top(), QColor(0x30, 0x9A, 0xC7)));
+    }
+
+    void paintsItsPartsWhereTheyBelong_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<bool>("isRead");
+        for (int width : {400, 150, 60}) {
+            QTest::addRow("read at %d", width) << width << true;
+            QTest::addRow("unread at %d", width) << width << false;
+        }
+    }
+    void paintsItsPartsWhereTheyBelong()
+    {
+        QFETCH(int, width);
+        QFETCH(bool, isRead);
+        Fixture f;
+        const QStringList words{QStringLiteral("Проверьте"),  QStringLiteral("время"),
+                                QStringLiteral("отключения"), QStringLiteral("и"),
+                                QStringLiteral("номер"),      QStringLiteral("бланка")};
+        f.item->setText(words.join(QLatin1Char(' ')));
+        f.item->setData(CommentAuthorRole, QStringLiteral("Ли"));
+        f.item->setData(CommentTimeRole, QStringLiteral("1.2"));
+        f.item->setData(CommentIsReadRole, isRead);
+        f.setWidth(width);
+        f.option.rect.translate(30, 50);
+        PaintRecord page(QSize(1000, 1000));
+        f.paintOn(&page);
+
+        const int h = f.line();
+        const int s = h / 2;
+        const int t = f.delegate.messageTextHeight(f.option, f.item->text());
+        const int w = width - 1 - 2; // between the edges, as QRect counts them
+        const QPointF origin(31, 51);
+        const PaintRecord::Text author = page.find(QStringLiteral("Ли"));
+        QCOMPARE(author.box.topLeft(), origin);
+        QVERIFY(author.box.bottom() <= origin.y() + h);
+        QVERIFY(author.font.bold());
+        QCOMPARE(author.font.pointSize(), 11);
+        QCOMPARE(author.color, QColor(Qt::black));
+
+        QStringList written;
+        qreal lowest = 0;
+        for (const PaintRecord::Text& text : page.texts) {
+            if (text.font.pointSize() != 12)
+                continue;
+            written += text.text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+            QCOMPARE(text.box.left(), origin.x());
+            QVERIFY(text.box.top() >= origin.y() + h + s - 1);
+            QVERIFY(text.box.width() <= w || !text.text.trimmed().contains(QLatin1Char(' ')));
+            QVERIFY(!text.font.bold());
+            lowest = qMax(lowest, text.box.bottom());
+        }
+        QCOMPARE(written, words); // wrapped, and nothing left out
+        QVERIFY2(lowest <= origin.y() + h + s + t + 1, qPrintable(QString::number(lowest)));
+
+        const PaintRecord::Text date = page.find(QStringLiteral("1.2"));
+        QCOMPARE(date.box.top(), origin.y() + h + s + t);
+        const qreal edge = origin.x() + (isRead ? w - h - 4 : w);
+        QVERIFY2(qAbs(date.box.right() - edge) < 1.5, qPrintable(QString::number(date.box.right() - edge)));
+        QCOMPARE(date.color, QColor(0x3E, 0x40, 0x3E));
+        QCOMPARE(date.font.pointSize(), 11);
+
+        QCOMPARE(page.pixmaps.size(), 1);
+        QCOMPARE(page.pixmaps[0].rect,
+                 QRectF(origin.x() + (isRead ? w - h : w + 4), origin.y() + h + s + t, h, h));
+        QVERIFY(page.pixmaps[0].size.width() <= h && page.pixmaps[0].size.height() <= h);
+    }
+
+    void aWordWiderThanTheItemStaysInOnePiece()
+    {
+        Fixture f;
+        const QString word = QStringLiteral("Электроэнергетического");
+        f.item->setText(QStringLiteral("до ") + word + QStringLiteral(" после"));
+        f.setWidth(60);
+        PaintRecord page(QSize(1000, 1000));
+        f.paintOn(&page);
+        QCOMPARE(page.find(word).text.trimmed(), word);
+        QVERIFY(page.find(QStringLiteral("после")).box.top() > page.find(word).box.top());
+        QVERIFY(page.find(QStringLiteral("до")).box.top() < page.find(word).box.top());
+        // All of it has room above the date.
+        QVERIFY(page.find(QStringLiteral("после")).box.bottom() <=
+                page.find(QStringLiteral("01.02.2026")).box.top() + 1);
+    }
+
+    void writesMyNameInItsOwnWay()
+    {
+        Fixture f;
+        f.item->setData(CommentIsMineRole, true);
+        PaintRecord page(QSize(1000, 1000));
+        f.paintOn(&page);
+        QVERIFY2(page.written().startsWith(QStringLiteral("Author (Вы)\n")), qPrintable(page.written()));
+        QCOMPARE(page.find(QStringLiteral("Author")).color, QColor(0x30, 0x9A, 0xC7));
+        QCOMPARE(page.find(QStringLiteral("Short")).color, QColor(Qt::black));
     }
 
     void leavesInvalidIndexesToItsBase()
