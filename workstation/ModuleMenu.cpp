@@ -2,13 +2,12 @@
 
 #include "CVrkCliSes.h"
 
-ModuleMenu::ModuleMenu(CVrkCliSes* session, bool mayChangeUser, QWidget* parent)
+ModuleMenu::ModuleMenu(CVrkCliSes* session, QWidget* parent)
     : QMenu(parent), m_session(session), m_changeUser(new QAction(tr("Сменить пользователя…"), this))
 {
     setObjectName(QStringLiteral("moduleMenu"));
     m_changeUser->setObjectName(QStringLiteral("changeUserAction"));
     m_changeUser->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_U);
-    m_changeUser->setEnabled(mayChangeUser);
     connect(this, &QMenu::aboutToShow, this, &ModuleMenu::fill);
     fill();
 }

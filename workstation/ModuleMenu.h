@@ -13,8 +13,7 @@ class ModuleMenu : public QMenu
     Q_OBJECT
 
 public:
-    /// \a mayChangeUser is false where the server tells who works.
-    ModuleMenu(CVrkCliSes* session, bool mayChangeUser, QWidget* parent = nullptr);
+    explicit ModuleMenu(CVrkCliSes* session, QWidget* parent = nullptr);
 
     /// What "Сменить пользователя" triggers; it has a key of its own and belongs to the menu.
     QAction* changeUserAction() const { return m_changeUser; }

@@ -17,7 +17,8 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
            "переменная окружения VRK_STORE."),
         QStringLiteral("URL"));
     const QCommandLineOption userOption(
-        QStringLiteral("user"), tr("Имя для входа. Без него программа спросит."), QStringLiteral("LOGIN"));
+        QStringLiteral("user"), tr("Имя для входа. Без него программа спросит. Пароль она спрашивает сама."),
+        QStringLiteral("LOGIN"));
     const QCommandLineOption departmentOption(QStringLiteral("department"),
                                               tr("Подразделение, если их у пользователя несколько."),
                                               QStringLiteral("NAME"));

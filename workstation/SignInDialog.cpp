@@ -30,6 +30,8 @@ SignInDialog::SignInDialog(SignIn* signIn, const QString& login, const QString& 
         if (login.isEmpty() || known.login == login)
             m_form->loginCombo->addItem(QStringLiteral("%1 (%2)").arg(known.name, known.login), known.login);
     }
+    if (m_form->loginCombo->count() == 0 && !signIn->userName().isEmpty()) // the server has let one person in
+        m_form->loginCombo->addItem(signIn->userName(), login);
     select(m_form->loginCombo, QSettings().value(QLatin1String(lastLogin)));
     m_form->loginCombo->setEnabled(m_form->loginCombo->count() > 1);
 
@@ -58,6 +60,26 @@ void SignInDialog::offerNextOf(const QString& leaving)
         if (m_form->buttonBox->button(QDialogButtonBox::Ok)->isEnabled())
             return;
     }
+}
+
+QString SignInDialog::formerLoginBut(const QString& login)
+{
+    for (const char* key : {formerLogin, lastLogin}) {
+        const QString known = QSettings().value(QLatin1String(key)).toString();
+        if (!known.isEmpty() && known != login)
+            return known;
+    }
+    return QString();
+}
+
+void SignInDialog::remember(const QString& login)
+{
+    QSettings settings;
+    const QString last = settings.value(QLatin1String(lastLogin)).toString();
+    if (last == login)
+        return;
+    settings.setValue(QLatin1String(formerLogin), last);
+    settings.setValue(QLatin1String(lastLogin), login);
 }
 
 QString SignInDialog::login() const
@@ -105,11 +127,9 @@ void SignInDialog::loginChosen()
 
 void SignInDialog::accept()
 {
+    if (!login().isEmpty())
+        remember(login());
     QSettings settings;
-    const QString last = settings.value(QLatin1String(lastLogin)).toString();
-    if (last != login())
-        settings.setValue(QLatin1String(formerLogin), last);
-    settings.setValue(QLatin1String(lastLogin), login());
     QVariantMap departments = settings.value(QLatin1String(lastDepartments)).toMap();
     departments.insert(login(), m_form->departmentCombo->currentData());
     settings.setValue(QLatin1String(lastDepartments), departments);

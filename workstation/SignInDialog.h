@@ -27,6 +27,11 @@ public:
     /// Key of the chosen department; empty for a login without one.
     QByteArray departmentKey() const;
 
+    /// Who worked here before the present one, or last, when that is not \a login; empty when there is nobody.
+    static QString formerLoginBut(const QString& login);
+    /// \a login has come in.
+    static void remember(const QString& login);
+
     /// The department called \a department (name or key), else the only one. Empty when a choice has to be
     /// made.
     static QByteArray departmentOf(const SignIn& signIn, const QString& department);

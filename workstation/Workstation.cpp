@@ -6,6 +6,7 @@
 #include "CVrkCliSes.h"
 #include "LogWriter.h"
 #include "ModuleMenu.h"
+#include "PasswordDialog.h"
 #include "SignIn.h"
 #include "SignInDialog.h"
 #include "StatusLine.h"
@@ -39,10 +40,11 @@ bool Workstation::enter(const Options& options)
     QByteArray department;
     m_errorText.clear();
     m_options = options;
-    if (!signIn.open(options.store) || !chooseDepartment(&signIn, options, &department) ||
-        !signIn.enter(&m_app, department)) {
-        if (m_errorText.isEmpty())
-            m_errorText = signIn.errorText();
+    Options complete = options;
+    if (!openStore(&signIn, &complete) || !chooseDepartment(&signIn, complete, &department))
+        return false;
+    if (!signIn.enter(&m_app, department)) {
+        m_errorText = signIn.errorText();
         return false;
     }
     m_userName = signIn.userName();
@@ -54,15 +56,45 @@ bool Workstation::enter(const Options& options)
     return true;
 }
 
+/// Asks for login and password where the server wants them, or where another person is to come in; they go into the
+/// options then. False without an error text: the user has called it off.
+bool Workstation::openStore(SignIn* signIn, Options* options)
+{
+    const bool isNextAtServer = m_changing && SignIn::isServer(options->store);
+    const QString addressed = SignIn::loginOf(options->store);
+    QString offered = SignInDialog::formerLoginBut(m_leavingLogin);
+    if (!isNextAtServer) {
+        if (signIn->open(options->store)) {
+            if (options->user.isEmpty() && !addressed.isEmpty())
+                SignInDialog::remember(addressed);
+            return true;
+        }
+        if (!signIn->wantsPassword()) {
+            m_errorText = signIn->errorText();
+            return false;
+        }
+        if (!options->user.isEmpty() || !addressed.isEmpty())
+            offered = options->user.isEmpty() ? addressed : options->user;
+    }
+    PasswordDialog dialog(signIn, options->store, offered);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    SignInDialog::remember(dialog.login());
+    if (signIn->logins().isEmpty())
+        options->user = dialog.login();
+    return true;
+}
+
 /// Signs in as well. False without an error text: the user has called it off.
 bool Workstation::chooseDepartment(SignIn* signIn, const Options& options, QByteArray* department)
 {
     const bool chosenByServer = signIn->logins().isEmpty();
-    m_mayChangeUser = !chosenByServer;
     if (!options.user.isEmpty() || chosenByServer) {
-        if (!signIn->signIn(options.user))
+        if (!signIn->signIn(options.user)) {
+            m_errorText = signIn->errorText();
             return false;
-        m_leavingLogin = options.user;
+        }
+        m_leavingLogin = options.user.isEmpty() ? SignIn::loginOf(options.store) : options.user;
         *department = SignInDialog::departmentOf(*signIn, options.department);
         if (!department->isEmpty() || signIn->departments().isEmpty())
             return true; // without a department the module says what is missing
@@ -78,7 +110,8 @@ bool Workstation::chooseDepartment(SignIn* signIn, const Options& options, QByte
     if (dialog.exec() != QDialog::Accepted)
         return false;
     *department = dialog.departmentKey();
-    m_leavingLogin = dialog.login();
+    if (!dialog.login().isEmpty())
+        m_leavingLogin = dialog.login();
     return true;
 }
 
@@ -124,7 +157,7 @@ void Workstation::addStatusLine(CVrkCliMod* module)
     connect(module, &CVrkCliMod::unreadCommentsChanged, line, &StatusLine::setUnreadComments);
     connect(line, &StatusLine::unreadCommentsClicked, module, &CVrkCliMod::unreadCommentsRequested);
 
-    auto* menu = new ModuleMenu(m_app.session(), m_mayChangeUser, line);
+    auto* menu = new ModuleMenu(m_app.session(), line);
     line->setModuleMenu(menu);
     line->addAction(menu->changeUserAction());
     connect(menu, &ModuleMenu::moduleChosen, this, [this, line](const QString& name) {

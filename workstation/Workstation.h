@@ -47,6 +47,7 @@ signals:
     void left();
 
 private:
+    bool openStore(SignIn* signIn, Options* options);
     bool chooseDepartment(SignIn* signIn, const Options& options, QByteArray* department);
     bool mayClose(CVrkCliMod* module);
     void moduleClosed(CVrkCliMod* module);
@@ -65,7 +66,6 @@ private:
     Options m_options;
     QString m_leavingLogin; ///< who is signed in, and not offered first when he leaves
     bool m_changing = false;
-    bool m_mayChangeUser = false;
     QString m_userName;
     QString m_departmentName;
     QString m_errorText;

@@ -3,6 +3,7 @@
 #include "CVrkCliApp.h"
 #include "CVrkCliSes.h"
 #include "Store.h"
+#include "StoreUrl.h"
 
 #include <ctime>
 #include <QCoreApplication>
@@ -19,6 +20,7 @@ struct SignIn::Private {
     StoreLogin user;
     QVector<StoreDepartment> departments;
     bool signedIn = false;
+    bool wantsPassword = false;
     QString error;
 };
 
@@ -31,11 +33,15 @@ QString SignIn::errorText() const
     return d->error;
 }
 
-bool SignIn::open(const QString& url)
+bool SignIn::open(const QString& url, const QString& login, const QString& password)
 {
     *d = Private();
     StoreError error;
-    d->store = Store::open(url, Store::Options(), &error);
+    Store::Options options;
+    options.login = login;
+    options.password = password;
+    d->store = Store::open(url, options, &error);
+    d->wantsPassword = error.code == StoreError::Password;
     if (!d->store)
         return d->fail(error.text);
     if (!d->store->codec()) {
@@ -45,6 +51,21 @@ bool SignIn::open(const QString& url)
     qputenv("TZ", d->store->timeZone());
     tzset();
     return true;
+}
+
+bool SignIn::wantsPassword() const
+{
+    return d->wantsPassword;
+}
+
+bool SignIn::isServer(const QString& url)
+{
+    return StoreUrl(url).engine == StoreUrl::PostgreSql;
+}
+
+QString SignIn::loginOf(const QString& url)
+{
+    return StoreUrl(url).login();
 }
 
 QVector<SignIn::Login> SignIn::logins() const

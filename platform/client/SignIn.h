@@ -33,8 +33,15 @@ public:
     SignIn& operator=(const SignIn&) = delete;
 
     /// Opens "sqlite:///absolute/path" or "postgresql://...". From here on the process lives in the time zone
-    /// of the store.
-    bool open(const QString& url);
+    /// of the store. On a server \a login stands for that of the address; without a \a password the one that the
+    /// machine keeps for the server is tried, or none.
+    bool open(const QString& url, const QString& login = QString(), const QString& password = QString());
+    /// Why open() has failed: the server wants a password and has not got the right one.
+    bool wantsPassword() const;
+    /// Whether the store at the address asks persons for their passwords by itself, as servers may.
+    static bool isServer(const QString& url);
+    /// The login in the address of a server.
+    static QString loginOf(const QString& url);
     /// The logins to choose from; empty where the server knows its users itself. There an empty login means
     /// the one of the URL.
     QVector<Login> logins() const;

@@ -29,9 +29,9 @@ QString placeOf(const QString& address)
 
 // Connecting
 
-PgConnection::PgConnection(const QString& url, int deadlineMs, const QByteArray& database)
+PgConnection::PgConnection(const QString& url, int deadlineMs, const Instead& instead)
     : m_url(url.toUtf8()),
-      m_database(database),
+      m_instead(instead),
       m_place(placeOf(url)),
       m_deadlineMs(deadlineMs),
       m_limitMs(deadlineMs),
@@ -66,18 +66,28 @@ bool PgConnection::connect(int waitMs, StoreError* error)
         return true;
     if (!m_pg) {
         // What stands before the address are defaults, what stands behind it has the last word.
-        const char* names[] = {"application_name",
-                               "keepalives_idle",
-                               "keepalives_interval",
-                               "keepalives_count",
-                               "tcp_user_timeout",
-                               "dbname",
-                               "client_encoding",
-                               m_database.isEmpty() ? nullptr : "dbname",
-                               nullptr};
-        const char* values[] = {
-            "vrk", "10", "5", "3", "15000", m_url.constData(), "UTF8", m_database.constData(), nullptr};
-        m_pg = PQconnectStartParams(names, values, 1);
+        QVector<const char*> names;
+        QVector<const char*> values;
+        const auto add = [&](const char* name, const char* value) {
+            names.append(name);
+            values.append(value);
+        };
+        const auto addInstead = [&](const char* name, const QByteArray& value) {
+            if (!value.isEmpty())
+                add(name, value.constData());
+        };
+        add("application_name", "vrk");
+        add("keepalives_idle", "10");
+        add("keepalives_interval", "5");
+        add("keepalives_count", "3");
+        add("tcp_user_timeout", "15000");
+        add("dbname", m_url.constData());
+        add("client_encoding", "UTF8");
+        addInstead("dbname", m_instead.database);
+        addInstead("user", m_instead.login);
+        addInstead("password", m_instead.password);
+        add(nullptr, nullptr);
+        m_pg = PQconnectStartParams(names.constData(), values.constData(), 1);
         m_attempt.start();
         PQsetErrorVerbosity(m_pg, PQERRORS_VERBOSE); // with the code that tells a refusal from a loss
         PQsetNoticeProcessor(

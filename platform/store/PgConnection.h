@@ -14,9 +14,15 @@
 class PgConnection
 {
 public:
-    /// Takes the address as libpq does, with all its options; \a database, when not empty, instead of the one of the
-    /// address. Nothing is connected yet.
-    PgConnection(const QString& url, int deadlineMs, const QByteArray& database = QByteArray());
+    /// What stands for a part of the address, where it is not empty.
+    struct Instead {
+        QByteArray database;
+        QByteArray login;
+        QByteArray password;
+    };
+    /// Takes the address as libpq does, with all its options. Nothing is connected yet.
+    PgConnection(const QString& url, int deadlineMs, const Instead& instead);
+    PgConnection(const QString& url, int deadlineMs) : PgConnection(url, deadlineMs, Instead()) {}
     ~PgConnection();
     PgConnection(const PgConnection&) = delete;
     PgConnection& operator=(const PgConnection&) = delete;
@@ -84,7 +90,7 @@ private:
     static PgResult nothing() { return PgResult(); }
 
     QByteArray m_url;
-    QByteArray m_database;
+    Instead m_instead;
     QString m_place;
     int m_deadlineMs;
     int m_limitMs; ///< of the present request

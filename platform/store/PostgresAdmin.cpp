@@ -25,7 +25,7 @@ bool refuse(StoreError* error, StoreError::Code code, const QString& text)
 std::unique_ptr<PgConnection> connected(const QString& url, StoreError* error,
                                         const QByteArray& database = {})
 {
-    auto link = std::make_unique<PgConnection>(url, deadlineMs, database);
+    auto link = std::make_unique<PgConnection>(url, deadlineMs, PgConnection::Instead{database, {}, {}});
     if (!link->connect(link->connectMs(), error))
         return nullptr;
     return link;

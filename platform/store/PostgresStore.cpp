@@ -21,8 +21,10 @@ std::unique_ptr<Store> PostgresStore::open(const QString& url, const Options& op
 }
 
 PostgresStore::PostgresStore(const QString& url, const Options& options)
-    : m_options(options), m_link(url, options.deadlineMs)
+    : m_options(options),
+      m_link(url, options.deadlineMs, {{}, options.login.toUtf8(), options.password.toUtf8()})
 {
+    m_options.password.clear(); // the link keeps it, to find the server again
     m_sinceRead.start();
     m_link.setProgress([this] {
         if (m_progress)

@@ -61,6 +61,9 @@ public:
         int deadlineMs = 15000;     ///< of one request
         bool createMissing = false; ///< only StoreAdmin::init makes new stores
         bool loader = false;        ///< the role of imports and demo data, outside the rules of the journal
+        QString login;              ///< for a server, instead of the one in the address; empty: that one
+        QString
+            password; ///< for a server; empty: what the machine keeps for it (.pgpass, PGPASSWORD), or none
         qint64 memoryGuard = Q_INT64_C(2) << 30; ///< bytes that the answer of one select may hold
     };
 

@@ -1,6 +1,7 @@
 #include "StoreUrl.h"
 
 #include <QUrl>
+#include <QUrlQuery>
 
 StoreUrl::StoreUrl(const QString& address) : url(address)
 {
@@ -12,6 +13,16 @@ StoreUrl::StoreUrl(const QString& address) : url(address)
                url.startsWith(QLatin1String("postgres://"))) {
         engine = PostgreSql;
     }
+}
+
+QString StoreUrl::login() const
+{
+    if (engine != PostgreSql)
+        return QString();
+    const QUrl parsed(url);
+    return parsed.userName().isEmpty()
+               ? QUrlQuery(parsed).queryItemValue(QStringLiteral("user"), QUrl::FullyDecoded)
+               : parsed.userName();
 }
 
 StoreError StoreUrl::error() const

@@ -9,6 +9,8 @@ struct StoreUrl {
     explicit StoreUrl(const QString& url);
     /// Why no store can be opened under this address.
     StoreError error() const;
+    /// The login in the address of a server; empty when there is none.
+    QString login() const;
 
     QString url;
     Engine engine = None;
