@@ -4,6 +4,7 @@
 #include "Theme.h"
 
 #include <QDateTime>
+#include <QHash>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
@@ -19,6 +20,27 @@ constexpr int noticeMs = 12000;
 constexpr int secondsBetweenSynchronizations = 60;
 /// A clock of this computer that goes wrong by more is told.
 constexpr qint64 toleratedDeviationMs = 5000;
+
+/// What the tables of a refused write are called; names that say nothing to a dispatcher are left out.
+QString titlesOf(const QString& tables)
+{
+    static const QHash<QString, QString> titles{
+        {QStringLiteral("LogbookWorkshifts"), StatusLine::tr("смена")},
+        {QStringLiteral("LogbookWorkersWorkshift"), StatusLine::tr("состав смены")},
+        {QStringLiteral("LogbookRecords"), StatusLine::tr("записи")},
+        {QStringLiteral("LogbookComments"), StatusLine::tr("комментарии")},
+        {QStringLiteral("LogbookFiles"), StatusLine::tr("файлы")},
+        {QStringLiteral("LogbookCatsTemplate"), StatusLine::tr("категории шаблонов")},
+        {QStringLiteral("LogbookTemplates"), StatusLine::tr("шаблоны")},
+        {QStringLiteral("TemplateParamCategories"), StatusLine::tr("категории параметров")},
+        {QStringLiteral("TemplateParams"), StatusLine::tr("параметры")},
+    };
+    QStringList shown;
+    for (const QString& table : tables.split(QStringLiteral(", ")))
+        if (titles.contains(table))
+            shown << titles.value(table);
+    return shown.join(QStringLiteral(", "));
+}
 
 QLabel* panel(const QString& name, QHBoxLayout* layout, int stretch = 0)
 {
@@ -168,8 +190,9 @@ void StatusLine::showNotice(const QString& text)
 
 void StatusLine::requestFailed(bool write, const QString& table, const QString& reason)
 {
-    Q_UNUSED(table)
-    addFailure((write ? tr("Не записано: %1") : tr("Не прочитано: %1")).arg(reason));
+    const QString titles = titlesOf(table);
+    const QString where = titles.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(titles);
+    addFailure((write ? tr("Не записано%1: %2") : tr("Не прочитано%1: %2")).arg(where, reason));
 }
 
 void StatusLine::showConnection(bool connected)

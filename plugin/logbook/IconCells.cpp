@@ -5,37 +5,47 @@
 #include "LogbookFields.h"
 #include "RecordValue.h"
 
-namespace
+IconCell::IconCell(const char* field, const Pictures& pictures, QObject* parent)
+    : AbstractHfnCellConversion(parent), m_field(field)
 {
-/// Decoration of a cell without a text: \a icon when \a isShown; other roles are the base's.
-QVariant iconData(const AbstractHfnCellConversion& conversion, const AbstractHfnCellData& cell,
-                  const QIcon& icon, const char* field)
-{
-    if (cell.role == Qt::DisplayRole)
-        return QVariant();
-    if (cell.role == Qt::DecorationRole)
-        return isSet(recordValue(cell.record, field)) ? QVariant(icon) : QVariant();
-    return conversion.AbstractHfnCellConversion::data(cell);
-}
-} // namespace
-
-StatusCell::StatusCell(QObject* parent)
-    : AbstractHfnCellConversion(parent),
-      m_icons{cellIcon(QStringLiteral(":/icons/apply.png")), cellIcon(QStringLiteral(":/icons/draft.png")),
-              cellIcon(QStringLiteral(":/icons/deleted.png"))}
-{
+    for (const auto& [value, path] : pictures)
+        m_icons.emplace_back(value, cellIcon(QLatin1String(path)));
 }
 
-QVariant StatusCell::data(const AbstractHfnCellData& cell) const
+QVariant IconCell::data(const AbstractHfnCellData& cell) const
 {
     if (cell.role == Qt::DisplayRole)
         return QVariant();
     if (cell.role != Qt::DecorationRole)
         return AbstractHfnCellConversion::data(cell);
-    for (const int status : {StatusApproved, StatusDraft, StatusDeleted})
-        if (hasStatus(cell.record, status))
-            return m_icons[status];
+    const MDRVar value = recordValue(cell.record, m_field);
+    if (value.isNull || (value.type != mdr_TInt32 && value.type != mdr_TBool))
+        return QVariant();
+    const int number = value.type == mdr_TBool ? int(isSet(value)) : value.value.number;
+    for (const auto& [known, icon] : m_icons)
+        if (known == number)
+            return icon;
     return QVariant();
+}
+
+StatusCell::StatusCell(QObject* parent)
+    : IconCell("status",
+               {{StatusApproved, ":/icons/apply.png"},
+                {StatusDraft, ":/icons/draft.png"},
+                {StatusDeleted, ":/icons/deleted.png"}},
+               parent)
+{
+}
+
+CommentCell::CommentCell(QObject* parent) : IconCell("comment", {{1, ":/icons/comment.png"}}, parent) {}
+
+FileCell::FileCell(QObject* parent) : IconCell("file", {{1, ":/icons/affix.png"}}, parent) {}
+
+DirectionCell::DirectionCell(QObject* parent)
+    : IconCell("direction",
+               {{DirectionLeft, ":/icons/arrow_left.png"}, {DirectionRight, ":/icons/arrow_right.png"}},
+               parent)
+{
 }
 
 SignCell::SignCell(CModelTable* workers, QObject* parent)
@@ -57,47 +67,4 @@ QVariant SignCell::data(const AbstractHfnCellData& cell) const
     if (cell.role == Qt::DecorationRole)
         return m_icon;
     return HfnWrapper::workerShortName(cell.codec, m_workers, QString::fromUtf8(MDRValue::bytes(visa)));
-}
-
-CommentCell::CommentCell(QObject* parent)
-    : AbstractHfnCellConversion(parent), m_icon(cellIcon(QStringLiteral(":/icons/comment.png")))
-{
-}
-
-QVariant CommentCell::data(const AbstractHfnCellData& cell) const
-{
-    return iconData(*this, cell, m_icon, "comment");
-}
-
-FileCell::FileCell(QObject* parent)
-    : AbstractHfnCellConversion(parent), m_icon(cellIcon(QStringLiteral(":/icons/affix.png")))
-{
-}
-
-QVariant FileCell::data(const AbstractHfnCellData& cell) const
-{
-    return iconData(*this, cell, m_icon, "file");
-}
-
-DirectionCell::DirectionCell(QObject* parent)
-    : AbstractHfnCellConversion(parent),
-      m_left(cellIcon(QStringLiteral(":/icons/arrow_left.png"))),
-      m_right(cellIcon(QStringLiteral(":/icons/arrow_right.png")))
-{
-}
-
-QVariant DirectionCell::data(const AbstractHfnCellData& cell) const
-{
-    if (cell.role == Qt::DisplayRole)
-        return QVariant();
-    if (cell.role != Qt::DecorationRole)
-        return AbstractHfnCellConversion::data(cell);
-    const MDRVar direction = recordValue(cell.record, "direction");
-    if (direction.type != mdr_TInt32 || direction.isNull)
-        return QVariant();
-    if (direction.value.number == DirectionLeft)
-        return m_left;
-    if (direction.value.number == DirectionRight)
-        return m_right;
-    return QVariant();
 }

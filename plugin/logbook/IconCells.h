@@ -3,22 +3,50 @@
 #include "AbstractHfnCellConversion.h"
 
 #include <QIcon>
+#include <utility>
+#include <vector>
 
 class CModelTable;
 
 /// Columns that show an icon and no text.
 
-/// Approved, draft, deleted.
-class StatusCell : public AbstractHfnCellConversion
+/// The icon that stands for the value of one field, from a table; a value without one shows nothing.
+class IconCell : public AbstractHfnCellConversion
 {
     Q_OBJECT
 
 public:
-    explicit StatusCell(QObject* parent);
+    /// A value of the field and the path of its picture; logical fields have the value 1 for true.
+    using Pictures = std::vector<std::pair<int, const char*>>;
+
     QVariant data(const AbstractHfnCellData& cell) const override;
 
+protected:
+    IconCell(const char* field, const Pictures& pictures, QObject* parent);
+
 private:
-    QIcon m_icons[3]; ///< by RecordStatus
+    const char* m_field;
+    std::vector<std::pair<int, QIcon>> m_icons;
+};
+
+/// Approved, draft, deleted.
+struct StatusCell : IconCell {
+    explicit StatusCell(QObject* parent);
+};
+
+/// The record has comments.
+struct CommentCell : IconCell {
+    explicit CommentCell(QObject* parent);
+};
+
+/// The record has files.
+struct FileCell : IconCell {
+    explicit FileCell(QObject* parent);
+};
+
+/// The arrow of the message's direction.
+struct DirectionCell : IconCell {
+    explicit DirectionCell(QObject* parent);
 };
 
 /// The visa; its tooltip names who put it.
@@ -33,44 +61,4 @@ public:
 private:
     CModelTable* m_workers;
     QIcon m_icon;
-};
-
-/// The record has comments.
-class CommentCell : public AbstractHfnCellConversion
-{
-    Q_OBJECT
-
-public:
-    explicit CommentCell(QObject* parent);
-    QVariant data(const AbstractHfnCellData& cell) const override;
-
-private:
-    QIcon m_icon;
-};
-
-/// The record has files.
-class FileCell : public AbstractHfnCellConversion
-{
-    Q_OBJECT
-
-public:
-    explicit FileCell(QObject* parent);
-    QVariant data(const AbstractHfnCellData& cell) const override;
-
-private:
-    QIcon m_icon;
-};
-
-/// The arrow of the message's direction.
-class DirectionCell : public AbstractHfnCellConversion
-{
-    Q_OBJECT
-
-public:
-    explicit DirectionCell(QObject* parent);
-    QVariant data(const AbstractHfnCellData& cell) const override;
-
-private:
-    QIcon m_left;
-    QIcon m_right;
 };

@@ -1,9 +1,12 @@
 #include "StatusLine.h"
 
+#include "CRowBatch.h"
 #include "CVrkCliApp.h"
 #include "CVrkCliSes.h"
 #include "HfnTime.h"
 #include "HostBench.h"
+#include "LogbookFields.h"
+#include "MDRValues.h"
 #include "SignIn.h"
 #include "Theme.h"
 
@@ -31,6 +34,7 @@ private slots:
     void theSameFailureAgainIsCountedNotRepeated();
     void refusedRequestsAreTold_data();
     void refusedRequestsAreTold();
+    void aRefusedWriteIsToldWithTimeTableAndReason();
     void aFailedSelectIsTold();
     void aNoticeDoesNotCoverAFailure();
     void aNoticeGoesByItself();
@@ -132,17 +136,39 @@ void StatusLine_test::refusedRequestsAreTold_data()
 {
     QTest::addColumn<bool>("write");
     QTest::addColumn<QString>("told");
-    QTest::newRow("write") << true << QStringLiteral(" Не записано: Смена уже закрыта.");
-    QTest::newRow("read") << false << QStringLiteral(" Не прочитано: Смена уже закрыта.");
+    QTest::addColumn<QString>("table");
+    QTest::newRow("write") << true << QStringLiteral(" Не записано (смена): Смена уже закрыта.")
+                           << QStringLiteral("LogbookWorkshifts");
+    QTest::newRow("block") << true
+                           << QStringLiteral(" Не записано (категории шаблонов, шаблоны): Смена уже закрыта.")
+                           << QStringLiteral("LogbookCatsTemplate, LogbookTemplates");
+    QTest::newRow("a table without a title")
+        << true << QStringLiteral(" Не записано: Смена уже закрыта.") << QStringLiteral("Elsewhere");
+    QTest::newRow("read") << false << QStringLiteral(" Не прочитано: Смена уже закрыта.") << QString();
 }
 
 void StatusLine_test::refusedRequestsAreTold()
 {
     QFETCH(bool, write);
     QFETCH(QString, told);
-    emit m_app->session()->requestFailed(write, QStringLiteral("LogbookWorkshifts"),
-                                         QStringLiteral("Смена уже закрыта."));
+    QFETCH(QString, table);
+    emit m_app->session()->requestFailed(write, table, QStringLiteral("Смена уже закрыта."));
     QVERIFY(text("messageLabel").endsWith(told));
+}
+
+void StatusLine_test::aRefusedWriteIsToldWithTimeTableAndReason()
+{
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    MDRData* row = batch.newRow(ROW_UPDATE, "NO_SUCH_RECORD");
+    batch.SetValF(row, "status", MDRValue::number(StatusApproved));
+    batch.RecPost(row);
+    QVERIFY(!m_app->session()->SqlUpdate("LogbookRecords", batch.array, true, nullptr));
+    QCOMPARE(m_line->failures().size(), 1);
+    const QString reason = m_app->session()->lastErrorText();
+    QVERIFY(QRegularExpression(QStringLiteral("[А-Яа-я]{3}")).match(reason).hasMatch());
+    const QRegularExpression told(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d Не записано \\(записи\\): %1$")
+                                      .arg(QRegularExpression::escape(reason)));
+    QVERIFY2(told.match(text("messageLabel")).hasMatch(), qPrintable(text("messageLabel")));
 }
 
 void StatusLine_test::aFailedSelectIsTold()

@@ -6,11 +6,14 @@
 #include "CVrkCliSes.h"
 #include "LogbookFields.h"
 #include "MDRValues.h"
+#include "SignIn.h"
 #include "StatusLine.h"
+#include "TemplateFiller.h"
 
 #include <functional>
 #include <memory>
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
@@ -200,11 +203,11 @@ private slots:
         batch.SetValF(row, "status", MDRValue::number(2));
         batch.RecPost(row);
         QVERIFY(!m_journal->session()->SqlUpdate("LogbookRecords", batch.array, true, nullptr));
-        QVERIFY(shownMessage().contains(QStringLiteral(" Не записано: ")));
+        QVERIFY(shownMessage().contains(QStringLiteral(" Не записано (записи): ")));
         QVERIFY(shownMessage().endsWith(QStringLiteral(" (и ещё 1)")));
 
         m_host->statusLine(m_journal)->showNotice(QStringLiteral("Знак заменён."));
-        QVERIFY(shownMessage().contains(QStringLiteral(" Не записано: ")));
+        QVERIFY(shownMessage().contains(QStringLiteral(" Не записано (записи): ")));
         acknowledge->click();
         QVERIFY(!acknowledge->isVisible());
         QCOMPARE(shownMessage(), QStringLiteral("Знак заменён."));
@@ -232,6 +235,58 @@ private slots:
         m_journal->close();
         QVERIFY(!QApplication::activeModalWidget());
         QTRY_VERIFY(m_journal.isNull());
+    }
+
+    // Last: the shift of the demo is closed afterwards.
+    void aRefusedClosingOfTheShiftIsToldInTheStatusLine()
+    {
+        start();
+        m_journal->findChild<QAction*>(QStringLiteral("closeWorkshiftAction"))->trigger();
+        for (auto* box : m_journal->findChildren<CPopMessageBox*>())
+            for (QAbstractButton* button : box->buttonBox()->buttons())
+                if (box->isVisible() && box->ButtonRole(button) == QDialogButtonBox::NoRole)
+                    button->click();
+        auto* dialog = m_journal->findChild<QWidget*>(QStringLiteral("CloseWorkshiftDialog"));
+        QVERIFY(dialog && dialog->isVisible());
+        auto* filler = dialog->findChild<TemplateFiller*>();
+        for (const char* name : {"employee_fio_group", "text"})
+            for (unsigned int index : filler->findParameter(QLatin1String(name)))
+                filler->setParameterValue(index, QStringLiteral("нет"), QString());
+        auto* close = dialog->findChild<QAbstractButton*>(QStringLiteral("closeWorkshiftButton"));
+        QVERIFY(close->isEnabled());
+
+        // A colleague closes it meanwhile, and the news have not come yet.
+        CVrkCliApp other;
+        SignIn signIn;
+        QVERIFY(signIn.open(m_url) && signIn.signIn(QStringLiteral("roshchin")) &&
+                signIn.enter(&other, QByteArray()));
+        CMDArray rows;
+        rows = other.session()->SqlRequest(
+            "SELECT S.KeyLink, W.KeyLink AS workerKey FROM LogbookWorkshifts S, Workers W, Users U WHERE "
+            "U.login = 'roshchin' AND W.UserKey = U.KeyLink AND S.DepartmentKey = W.DepartmentKey AND "
+            "S.CloseWorkerKey IS NULL");
+        QCOMPARE(rows.RecCount(), 1);
+        const auto key = [&rows](const char* field) {
+            MDRVar value;
+            MDRGetVal(MDRFldByName(rows.array, field), MDARec(rows.array, 0, 0), &value);
+            return MDRValue::copy(value);
+        };
+        CRowBatch closing(LogbookWorkshiftFields, fieldCount(LogbookWorkshiftFields));
+        const QByteArray shift = key("KeyLink");
+        const QByteArray worker = key("workerKey");
+        MDRData* row = closing.newRow(ROW_UPDATE, shift);
+        closing.SetValF(row, "CloseWorkerKey", MDRValue::text(worker));
+        closing.RecPost(row);
+        QVERIFY(other.session()->SqlUpdate("LogbookWorkshifts", closing.array, true, nullptr));
+
+        close->click();
+        QVERIFY(!dialog->isVisible());
+        QVERIFY2(
+            QRegularExpression(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d Не записано \\(записи\\): Записи вносят "
+                                              "работники открытой смены\\.$"))
+                .match(shownMessage())
+                .hasMatch(),
+            qPrintable(shownMessage()));
     }
 };
 

@@ -1,0 +1,112 @@
+#include "TemplateTree.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QSettings>
+#include <QTemporaryDir>
+
+/// Templates that are pinned or were used lately stand first in the tree.
+class TemplatesWidgetFavourites_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("test"));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+    }
+    void init() { QSettings().clear(); }
+
+    void used_templates_come_first_the_latest_on_top_and_are_kept_for_worker_and_department()
+    {
+        {
+            Tree tree;
+            tree.widget.setUserKey(QStringLiteral("W1"));
+            for (const char* key : {"T_LINE", "T_FLOW", "T_LINE", "T_SHEET"}) {
+                QVERIFY(tree.widget.selectTemplate(QLatin1String(key)));
+                tree.widget.noteUse();
+            }
+        }
+        Tree tree;
+        tree.widget.setUserKey(QStringLiteral("W1"));
+        tree.show();
+        QCOMPARE(tree.rows().mid(0, 4),
+                 lines("Недавние|.Бланк переключений|.Включение линии|.Изменение перетока"));
+        tree.widget.selectFirstTemplate(); // of the levels
+        QCOMPARE(tree.widget.currentTemplateKey(), QStringLiteral("T_FLOOD"));
+        tree.widget.setUserKey(QStringLiteral("W2"));
+        QTRY_COMPARE(tree.rows().first(), QStringLiteral("Подразделение: ЦДС"));
+        tree.widget.setUserKey(QStringLiteral("W1"));
+        tree.widget.setRootDepKeyLink(QStringLiteral("DEP2"));
+        QTRY_COMPARE(tree.rows().first(), QStringLiteral("Шаблоны подразделения"));
+    }
+
+    void a_used_template_that_is_not_open_any_more_is_left_out()
+    {
+        Tree tree;
+        tree.widget.setUserKey(QStringLiteral("W1"));
+        QVERIFY(tree.widget.selectTemplate(QStringLiteral("T_FLOOD")));
+        tree.widget.noteUse();
+        tree.widget.setRootDepKeyLink(QStringLiteral("DEP"));
+        MDARecDel(tree.widget.currentTemplate());
+        tree.show();
+        QVERIFY(tree.rows().filter(QStringLiteral("Недавние")).isEmpty());
+    }
+
+    void no_more_than_eight_used_templates_are_kept()
+    {
+        Tree tree;
+        tree.widget.setUserKey(QStringLiteral("W1"));
+        for (int i = 0; i < 10; ++i) {
+            const QByteArray key = "T_MANY" + QByteArray::number(i);
+            tree.templateRow(key.constData(), "COMMON", ("Многие " + QByteArray::number(i)).constData());
+            tree.widget.reloadTemplates();
+            QVERIFY(tree.widget.selectTemplate(QString::fromLatin1(key)));
+            tree.widget.noteUse();
+        }
+        tree.show();
+        const QAbstractItemModel* model = tree.view()->model();
+        QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("Недавние"));
+        QCOMPARE(model->rowCount(model->index(0, 0)), 8);
+    }
+
+    void templates_are_pinned_by_key_and_unpinned_by_the_menu()
+    {
+        Tree tree;
+        tree.widget.setUserKey(QStringLiteral("W1"));
+        tree.show();
+        tree.click(QStringLiteral("Включение линии"));
+        tree.view()->setFocus();
+        QTest::keyClick(tree.view(), Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(tree.rows().mid(0, 2), lines("Закреплённые|.Включение линии"));
+
+        const QModelIndex pinned = tree.find(QStringLiteral("Включение линии"));
+        tree.view()->scrollTo(pinned);
+        emit tree.view()->customContextMenuRequested(tree.view()->visualRect(pinned).center());
+        auto* menu = tree.widget.findChild<QMenu*>();
+        QVERIFY(menu);
+        QCOMPARE(menu->actions().value(0)->text(), QStringLiteral("Открепить"));
+        menu->actions().value(0)->trigger();
+        QVERIFY(tree.rows().filter(QStringLiteral("Закреплённые")).isEmpty());
+        menu->close();
+    }
+
+    void without_a_user_nothing_is_pinned_or_recent()
+    {
+        Tree tree;
+        tree.show();
+        tree.click(QStringLiteral("Включение линии"));
+        tree.widget.noteUse();
+        QTest::keyClick(tree.view(), Qt::Key_D, Qt::ControlModifier);
+        tree.widget.reloadTemplates();
+        QTest::qWait(0);
+        QCOMPARE(tree.rows().first(), QStringLiteral("Подразделение: ЦДС"));
+    }
+
+private:
+    QTemporaryDir m_settings;
+};
+
+QTEST_MAIN(TemplatesWidgetFavourites_test)
+#include "TemplatesWidgetFavourites_test.moc"
