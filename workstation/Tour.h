@@ -2,6 +2,7 @@
 
 #include "TourBook.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 class CVrkCliMod;
@@ -11,6 +12,8 @@ class QWidget;
 /// light and once in dark colours, each on a demo store of its own.
 class Tour
 {
+    Q_DECLARE_TR_FUNCTIONS(Tour)
+
 public:
     /// Pictures and stores go into \a folder; vrk-admin is looked for beside this program.
     explicit Tour(const QString& folder);
@@ -35,8 +38,16 @@ private:
     bool sceneSearch(CVrkCliMod* window);
     bool sceneMarks(CVrkCliMod* window);
     bool sceneExecution(CVrkCliMod* window);
+    bool sceneOrigin(CVrkCliMod* window);
+    bool sceneComments(CVrkCliMod* window);
+    bool sceneFiles(CVrkCliMod* window);
+    bool sceneReport(CVrkCliMod* window);
     bool sceneArchive(CVrkCliMod* window);
+    bool sceneStorm(CVrkCliMod* window);
+    bool sceneLostStore(CVrkCliMod* window);
+    bool sceneLetters(CVrkCliMod* window);
     bool sceneHandover(CVrkCliMod* window);
+    bool sceneNextUser(Workstation* workstation);
     bool sceneOpening(CVrkCliMod* window);
 
     // Tour_templates.cpp: an administrator at the same desk, and what comes of his work in the journal

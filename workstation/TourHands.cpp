@@ -3,16 +3,18 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QComboBox>
 #include <QElapsedTimer>
+#include <QHeaderView>
 #include <QKeyEvent>
-#include <QLineEdit>
-#include <QPlainTextEdit>
+#include <QMenu>
+#include <QTableView>
+#include <QTimer>
 
 namespace
 {
 constexpr int patienceMs = 10000;
-constexpr int animationMs = 400; ///< longer than the toolkit's own
+constexpr int breathMs = 20;
+constexpr int animationMs = 600;
 } // namespace
 
 bool TourHands::wait(const std::function<bool()>& condition)
@@ -69,6 +71,50 @@ QWidget* TourHands::visibleDialog(const char* className)
     return nullptr;
 }
 
+QWidget* TourHands::home(QWidget* window)
+{
+    return window->findChild<QWidget*>(QStringLiteral("homeLogbook"));
+}
+
+QAbstractItemView* TourHands::records(QWidget* window)
+{
+    return home(window)->findChild<QAbstractItemView*>(QStringLiteral("recordsTable"));
+}
+
+bool TourHands::selectRecord(QWidget* window, const QString& words, const std::function<bool()>& fits)
+{
+    QAbstractItemView* view = records(window);
+    const QAbstractItemModel* model = view->model();
+    for (int row = model->rowCount() - 1; row >= 0; --row) {
+        for (int column = 0; column < model->columnCount(); ++column) {
+            const QModelIndex index = model->index(row, column);
+            if (index.data().toString().contains(words)) {
+                view->setCurrentIndex(index);
+                if (fits && !fits())
+                    break;
+                view->scrollTo(index, QAbstractItemView::PositionAtCenter);
+                settle();
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+void TourHands::showMidnight(QWidget* window)
+{
+    auto* view = qobject_cast<QTableView*>(records(window));
+    const QAbstractItemModel* model = view->model();
+    const int column = view->horizontalHeader()->sortIndicatorSection();
+    for (int row = 1; row < model->rowCount(); ++row) {
+        const QModelIndex index = model->index(row, column);
+        if (index.data().toString() < model->index(row - 1, column).data().toString()) {
+            view->scrollTo(index, QAbstractItemView::PositionAtCenter);
+            return;
+        }
+    }
+}
+
 bool TourHands::answer(QWidget* box, const QString& text)
 {
     for (QAbstractButton* button : box->findChildren<QAbstractButton*>()) {
@@ -92,25 +138,51 @@ bool TourHands::trigger(QWidget* window, const char* action)
     return true;
 }
 
-void TourHands::fillGaps(QWidget* dialog, const QString& words)
+void TourHands::whenShown(const char* className, const std::function<void(QWidget*)>& act)
 {
-    for (int i = 0; auto* editor = dialog->findChild<QWidget*>(QStringLiteral("parameterInput_%1").arg(i));
-         ++i) {
-        auto* line = qobject_cast<QLineEdit*>(editor);
-        auto* text = qobject_cast<QPlainTextEdit*>(editor);
-        auto* list = qobject_cast<QComboBox*>(editor);
-        if ((line && !line->text().isEmpty()) || (text && !text->toPlainText().isEmpty()))
-            continue;
-        editor->setFocus();
-        if (list) {
-            if (list->currentIndex() <= 0)
-                press(dialog, Qt::Key_Down);
-            continue;
+    QTimer::singleShot(breathMs, qApp, [className, act] {
+        if (QWidget* window = visibleDialog(className))
+            act(window);
+        else
+            whenShown(className, act);
+    });
+}
+
+void TourHands::fill(QWidget* dialog, const QStringList& values)
+{
+    for (const QString& value : values) {
+        if (!value.isEmpty()) {
+            type(dialog, value);
+            if (visibleDialog("SuggestionPopup"))
+                press(dialog, Qt::Key_Return);
         }
-        type(dialog, words);
-        if (visibleDialog("SuggestionPopup"))
-            press(dialog, Qt::Key_Escape);
         press(dialog, Qt::Key_Tab);
+        settle();
     }
+}
+
+bool TourHands::chooseWorker(const QString& name)
+{
+    QWidget* structure = visibleDialog("OrgStructDialog");
+    if (!structure)
+        return false;
+    type(structure, name);
+    press(structure, Qt::Key_Return);
     settle();
+    return !structure->isVisible();
+}
+
+QAction* TourHands::recordEntry(QWidget* window, const QString& text)
+{
+    const QPoint place = records(window)->visualRect(records(window)->currentIndex()).center();
+    QMetaObject::invokeMethod(records(window), "customContextMenuRequested", Q_ARG(QPoint, place));
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu)
+        return nullptr;
+    QAction* found = nullptr;
+    for (QAction* action : menu->actions())
+        if (action->text() == text && action->isEnabled())
+            found = action;
+    menu->close();
+    return found;
 }

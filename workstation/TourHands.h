@@ -1,15 +1,14 @@
 #pragma once
 
 #include <functional>
+#include <QAbstractItemView>
 #include <QString>
-#include <Qt>
+#include <QStringList>
 
-class QWidget;
-
-/// What the tour does at the windows in a user's place: keys, words, buttons, and waiting for what comes of them.
+/// The hands of the tour: keys and clicks as a dispatcher makes them, on whatever window is up.
 namespace TourHands
 {
-/// Runs the event loop until the condition holds; false when it does not in good time.
+/// Runs the event loop until the condition holds; false when it does not within the patience of a viewer.
 bool wait(const std::function<bool()>& condition);
 /// Lets what was asked for be shown: delayed painting and measuring included.
 void settle();
@@ -19,12 +18,29 @@ void settleAnimations();
 void press(QWidget* window, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
            const QString& text = QString());
 void type(QWidget* window, const QString& text);
-/// A visible top-level window of this class, or null.
+/// The window of this class that is visible, or null.
 QWidget* visibleDialog(const char* className);
-/// Presses a button of a message box or dialog by its text; false when it has none.
+/// Does something as soon as a window of this class is up; to be asked for before what shows it, which may not return.
+void whenShown(const char* className, const std::function<void(QWidget*)>& act);
+
+/// The page of the own department; other tabs have widgets of the same names.
+QWidget* home(QWidget* window);
+/// Its records.
+QAbstractItemView* records(QWidget* window);
+/// Makes the last row current whose text holds these words and that, once it is current, fits; false when there is none.
+bool selectRecord(QWidget* window, const QString& words, const std::function<bool()>& fits = {});
+/// Brings the first record after midnight into sight.
+void showMidnight(QWidget* window);
+
+/// Presses a button of a message box or dialog by its text.
 bool answer(QWidget* box, const QString& text);
-/// Chooses an entry of the menu behind a button of the tool bar; false when it is not to be had.
+/// Chooses an entry of the menu behind a button of the tool bar; false when it is off.
 bool trigger(QWidget* window, const char* action);
-/// Fills what a template still lacks: a value of the list, or the words.
-void fillGaps(QWidget* dialog, const QString& words);
+/// Types values into the filler's editors, beginning at the one that has the keyboard: what is suggested is taken with
+/// Enter, Tab goes on. An empty value leaves its editor as it is.
+void fill(QWidget* dialog, const QStringList& values);
+/// Chooses a worker in the structure that is up, by the beginning of his name.
+bool chooseWorker(const QString& name);
+/// The entry of the record's menu with this text; null when it is off.
+QAction* recordEntry(QWidget* window, const QString& text);
 } // namespace TourHands

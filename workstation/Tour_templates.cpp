@@ -185,16 +185,10 @@ bool Tour::sceneConvertedRecord(CVrkCliMod* journal)
     press(dialog, Qt::Key_Return);
     settle();
     // The time is filled in already. Enter takes the suggestion, Tab goes on.
-    for (const char* words :
-         {"Ольховка", "Ольховка", "В-110", "успешно", "гроза", "перекрытие изоляции в грозу"}) {
-        type(dialog, tr(words));
-        if (visibleDialog("SuggestionPopup"))
-            press(dialog, Qt::Key_Return);
-        press(dialog, Qt::Key_Tab);
-        settle();
-    }
+    fill(dialog, {tr("Ольховка"), tr("Ольховка"), tr("В-110"), tr("успешно"), tr("гроза"),
+                  tr("перекрытие изоляции в грозу")});
     picture(tr("Запись по преобразованному шаблону: списки, время и оборудование заполняются как у новых."));
-    const auto* view = journal->findChild<QAbstractItemView*>(QStringLiteral("recordsTable"));
+    const QAbstractItemView* view = records(journal);
     const int before = view->model()->rowCount();
     press(dialog, Qt::Key_Return, Qt::ControlModifier);
     if (!wait([&] { return !dialog->isVisible() && view->model()->rowCount() > before; }))

@@ -22,6 +22,8 @@ public:
 
     /// Fits all widths anew, those that the user has set too.
     void fitColumns();
+    /// What the view needs to show all columns beside a text of readable lines; 0 when that is not known.
+    int comfortableWidth();
     /// Scrolls so that the row is seen as a whole, measuring on the way.
     void showRow(const QModelIndex& index);
     /// Measures the visible rows now.

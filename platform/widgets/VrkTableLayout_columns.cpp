@@ -10,11 +10,12 @@
 
 namespace
 {
-constexpr int charactersOfWrapped = 16; ///< wider names are wrapped
-constexpr int charactersOfLeast = 12;   ///< longer words are broken where room is scarce
-constexpr int charactersOfFill = 45;    ///< the text of records gets them at the cost of wrapped names
-constexpr int charactersOfText = 20;    ///< with fewer the table is scrolled sideways instead
-constexpr int rowsRead = 100;           ///< at most, for the widths
+constexpr int charactersOfWrapped = 16;  ///< wider names are wrapped
+constexpr int charactersOfLeast = 14;    ///< longer words are broken where room is scarce
+constexpr int charactersOfFill = 45;     ///< the text of records gets them at the cost of wrapped names
+constexpr int charactersOfText = 20;     ///< with fewer the table is scrolled sideways instead
+constexpr int charactersOfReadable = 28; ///< lines of the text that still read well
+constexpr int rowsRead = 100;            ///< at most, for the widths
 } // namespace
 
 // The column that takes what remains: the text of records, else the last one in sight.
@@ -85,6 +86,20 @@ void VrkTableLayout::fitColumns()
     m_heights.clear();
     readWidths(true);
     schedule();
+}
+
+int VrkTableLayout::comfortableWidth()
+{
+    const int fill = fillColumn();
+    if (!m_fitted || fill < 0 || !m_view->isVisible())
+        return 0;
+    measure();
+    int width = qMax(charactersOfReadable * m_view->fontMetrics().averageCharWidth(), headerWidth(fill));
+    for (int column = 0; column < m_widths.size(); ++column) {
+        if (column != fill && !m_view->isColumnHidden(column))
+            width += m_widths[column].byUser ? m_view->columnWidth(column) : m_widths[column].least;
+    }
+    return width + m_view->width() - m_view->viewport()->width();
 }
 
 // Gives the columns their widths: what they need in one line while the text keeps enough, those first that gain it at the

@@ -288,6 +288,11 @@ void VrkTableTool::adjustColumnsWidth()
         d->layout->fitColumns();
 }
 
+int VrkTableTool::comfortableWidth() const
+{
+    return d->layout ? d->layout->comfortableWidth() : 0;
+}
+
 void VrkTableTool::updateView(MDRData* record, const QVector<int>& columns)
 {
     d->model.updateRecord(record, columns);

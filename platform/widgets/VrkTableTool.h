@@ -53,6 +53,9 @@ public:
     /// Fits the widths to headers and visible rows; the text of records gets what remains. From then on
     /// columns that turn out too narrow grow by themselves, except those that the user has set.
     void adjustColumnsWidth();
+    /// The width in which the visible view shows all columns and the text of records gets lines that read well; 0 before
+    /// adjustColumnsWidth() and while the view is hidden.
+    int comfortableWidth() const;
     /// Tells that the record has changed, in these columns; an empty list means all columns.
     void updateView(MDRData* record, const QVector<int>& columns = {});
 

@@ -68,6 +68,10 @@ public slots:
     /// Ties the tool bar to the tab at \a index.
     void switchingToLogBook(int index);
 
+protected:
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
 private slots:
     void closeMsgBox(QAbstractButton* button);
     void updateTitleComments();
@@ -84,7 +88,11 @@ private:
     bool hasErrorUpload();
 
     void configureAddButton();
+    void configurePaneButton();
     void configureToolBar();
+    /// Gives the labels of the bar their widths, and the status its place: in the bar, or where that has no room for it,
+    /// in a row below.
+    void placeLabels();
     void configureTabBar();
     void createDialogs();
     void createInbox();
@@ -129,6 +137,7 @@ private:
 
     QToolButton* m_addButton = nullptr;
     QToolBar* m_toolBar = nullptr;
+    QToolBar* m_statusRow = nullptr; ///< below it, for the status where the bar has no room
     QToolButton* m_timeButton = nullptr;
     QToolButton* m_workshiftButton = nullptr;
     QToolButton* m_createButton = nullptr;
@@ -141,6 +150,7 @@ private:
     QToolButton* m_searchButton = nullptr;
     QLabel* m_intervalLabel = nullptr;
     QLabel* m_statusLabel = nullptr;
+    QAction* m_statusAction = nullptr; ///< the label in its bar
 
     QAction* m_currentWorkshiftAction = nullptr;
     QAction* m_chooseWorkshiftAction = nullptr;

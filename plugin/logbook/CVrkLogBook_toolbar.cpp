@@ -3,6 +3,8 @@
 #include "LogBookWidget.h"
 #include "ui_CVrkLogBook.h"
 
+#include <QEvent>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QLayout>
 #include <QMenu>
@@ -125,13 +127,72 @@ void CVrkLogBook::configureToolBar()
     m_toolBar->addSeparator();
 
     m_statusLabel = statusPanel(QStringLiteral("statusLabel"), m_toolBar);
-    m_toolBar->addWidget(m_statusLabel);
+    m_statusAction = m_toolBar->addWidget(m_statusLabel);
 
+    m_statusRow = new QToolBar(this);
+    m_statusRow->setObjectName(QStringLiteral("statusRow"));
+    m_statusRow->setContextMenuPolicy(Qt::NoContextMenu);
+    m_statusRow->setMovable(false);
+    addToolBarBreak(Qt::TopToolBarArea);
+    addToolBar(Qt::TopToolBarArea, m_statusRow);
+    m_statusRow->hide();
+    placeLabels();
+    configurePaneButton();
+}
+
+void CVrkLogBook::configurePaneButton()
+{
+    auto* button = new QToolButton(m_form->logbooks);
+    button->setObjectName(QStringLiteral("paneButton"));
+    button->setIcon(QIcon(QStringLiteral(":/vrk/pane.png")));
+    button->setAutoRaise(true);
+    button->setToolTip(tr("Комментарии и файлы записи: показать или скрыть") + QStringLiteral(" (F4)"));
+    button->setShortcut(Qt::Key_F4);
+    m_form->logbooks->setCornerWidget(button, Qt::TopRightCorner);
+    button->show(); // the window may be up by now
+    connect(button, &QToolButton::clicked, this, [this] {
+        if (LogBookTab* tab = currentTab())
+            tab->switchVisiblePanes();
+    });
+}
+
+void CVrkLogBook::placeLabels()
+{
+    m_statusLabel->setFont(m_toolBar->font()); // one with a style sheet keeps the font that it began with
     const QFontMetrics metrics(m_statusLabel->font());
     m_statusLabel->setFixedWidth(metrics.horizontalAdvance(tr("Смена закрыта, редактирование запрещено")) +
                                  20);
     m_intervalLabel->setFixedWidth(
         metrics.horizontalAdvance(QStringLiteral("WWWWW: 01.01.1970 00:00:00 -01.01.1970 00:00:00")) + 10);
+
+    const bool isInBar = m_toolBar->actions().contains(m_statusAction);
+    const int without = m_toolBar->sizeHint().width() -
+                        (isInBar ? m_statusLabel->width() + m_toolBar->layout()->spacing() : 0);
+    const bool fits = without + m_statusLabel->width() + m_toolBar->layout()->spacing() <= width();
+    if (fits == isInBar)
+        return;
+    (fits ? m_statusRow : m_toolBar)->removeAction(m_statusAction);
+    (fits ? m_toolBar : m_statusRow)->addAction(m_statusAction);
+    m_statusRow->setVisible(!fits);
+}
+
+void CVrkLogBook::changeEvent(QEvent* event)
+{
+    CVrkCliMod::changeEvent(event);
+    if (event->type() != QEvent::FontChange || !m_statusLabel)
+        return;
+    // What stands under a style sheet keeps the font that it began with, until the sheet is put on anew.
+    const QString sheet = m_form->logbooks->styleSheet();
+    m_form->logbooks->setStyleSheet(QString());
+    m_form->logbooks->setStyleSheet(sheet);
+    QMetaObject::invokeMethod(this, &CVrkLogBook::placeLabels, Qt::QueuedConnection); // when the bar has it
+}
+
+void CVrkLogBook::resizeEvent(QResizeEvent* event)
+{
+    CVrkCliMod::resizeEvent(event);
+    if (m_statusLabel)
+        placeLabels();
 }
 
 void CVrkLogBook::createConnections()

@@ -8,6 +8,7 @@
 #include "MDRValues.h"
 #include "MessageListDelegate.h"
 #include "PageMessages.h"
+#include "PaneRoom.h"
 #include "RecordColumns.h"
 #include "ui_LogBookTab.h"
 #include "VrkTableTool.h"
@@ -78,10 +79,19 @@ void LogBookTab::createAnnex(const Annex& annex)
         std::make_unique<FilesPane>(FilesPane::Controls{m_ui->filesTable, m_ui->createFileButton,
                                                         m_ui->deleteFileButton, m_ui->saveFileButton},
                                     source(annex.files), this, nullptr);
+    m_paneRoom = new PaneRoom(m_ui->splitter, m_tableTool);
+}
+
+void LogBookTab::switchVisiblePanes()
+{
+    if (m_paneRoom)
+        m_paneRoom->toggle();
 }
 
 void LogBookTab::dropAnnex()
 {
+    delete m_paneRoom;
+    m_paneRoom = nullptr;
     m_filesPane.reset();
     m_commentsPane.reset();
     m_messages.reset();

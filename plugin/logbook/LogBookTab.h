@@ -14,6 +14,7 @@ class CVrkCliMod;
 class FilesPane;
 class LocationInfo;
 class PageMessages;
+class PaneRoom;
 class RecordColumns;
 class QAction;
 class VrkTableTool;
@@ -48,6 +49,8 @@ public:
 
     /// Shows the search bar and moves the focus there, or hides and empties it.
     void switchVisibleSearch();
+    /// Hides the panes of comments and files, or shows them.
+    void switchVisiblePanes();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -85,6 +88,7 @@ protected:
     std::unique_ptr<PageMessages> m_messages;
     std::unique_ptr<CommentsPane> m_commentsPane;
     std::unique_ptr<FilesPane> m_filesPane;
+    PaneRoom* m_paneRoom = nullptr; ///< made with the panes
     bool m_isInit = false;
 
 private:

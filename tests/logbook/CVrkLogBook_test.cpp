@@ -204,6 +204,7 @@ void CVrkLogBook_test::theBarIsBuiltInOrder()
     QVERIFY(!bar->isFloatable());
     QCOMPARE(m_window->toolBarArea(bar), Qt::TopToolBarArea);
 
+    m_window->resize(1800, 602); // with the screen's large font, room for the whole bar
     QStringList order;
     for (QAction* one : bar->actions())
         order << (one->isSeparator() ? QStringLiteral("|") : bar->widgetForAction(one)->objectName());

@@ -1,0 +1,45 @@
+#include "PaneRoom.h"
+
+#include "VrkTableTool.h"
+
+#include <QEvent>
+#include <QSplitter>
+
+PaneRoom::PaneRoom(QSplitter* splitter, const VrkTableTool* tool)
+    : QObject(splitter), m_splitter(splitter), m_tool(tool)
+{
+    splitter->installEventFilter(this);
+}
+
+void PaneRoom::toggle()
+{
+    QWidget* panes = m_splitter->widget(1);
+    m_byUser = true;
+    panes->setVisible(!panes->isVisible());
+    if (panes->isVisible())
+        panes->setFocus();
+}
+
+bool PaneRoom::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isNews = event->type() == QEvent::Resize || event->type() == QEvent::Show ||
+                        event->type() == QEvent::FontChange;
+    if (watched == m_splitter && isNews && !m_byUser && !m_scheduled) {
+        m_scheduled = true; // later: the table has to take the new font and size first
+        QMetaObject::invokeMethod(this, &PaneRoom::judge, Qt::QueuedConnection);
+    }
+    return false;
+}
+
+void PaneRoom::judge()
+{
+    m_scheduled = false;
+    const int needed = m_tool->comfortableWidth();
+    if (m_byUser || needed == 0 || !m_splitter->isVisible())
+        return;
+    QWidget* panes = m_splitter->widget(1);
+    if (panes->isVisible())
+        m_paneWidth =
+            qMax(panes->width(), panes->minimumSizeHint().width()); // a new font is not laid out yet
+    panes->setVisible(m_splitter->width() - m_paneWidth - m_splitter->handleWidth() >= needed);
+}
