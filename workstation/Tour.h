@@ -7,6 +7,7 @@
 
 class CVrkCliMod;
 class QWidget;
+class Workstation;
 
 /// Plays the demo story through the real windows, with keys and clicks, and leaves a page of captioned pictures: once in
 /// light and once in dark colours, each on a demo store of its own.

@@ -14,7 +14,7 @@ namespace
 {
 constexpr int patienceMs = 10000;
 constexpr int breathMs = 20;
-constexpr int animationMs = 600;
+constexpr int animationMs = 400; ///< longer than the toolkit's own
 } // namespace
 
 bool TourHands::wait(const std::function<bool()>& condition)
