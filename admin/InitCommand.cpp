@@ -1,7 +1,8 @@
 #include "InitCommand.h"
 
-#include "Starter.h"
+#include "SitePlan.h"
 #include "StoreAdmin.h"
+#include "StoreUrl.h"
 
 #include <QTimeZone>
 
@@ -44,9 +45,12 @@ Command::ExitCode InitCommand::run(const QStringList& arguments, Streams& stream
         return wrongUsage(streams);
 
     StoreError error;
-    if (!StoreAdmin::init(url, codec, zone, &error) || (starter && !Starter::write(url, &error)))
+    StoreAdmin::Filling filling;
+    if (starter)
+        filling = [](Store* store, StoreError* reason) { return SitePlan::starter().write(store, reason); };
+    if (!StoreAdmin::init(url, codec, zone, &error, filling))
         return fail(streams, error);
     streams.out << QStringLiteral("Создано хранилище %1 (кодовая страница %2, часовой пояс %3)\n")
-                       .arg(url, QString::fromUtf8(codec), QString::fromUtf8(zone));
+                       .arg(StoreUrl(url).shown(), QString::fromUtf8(codec), QString::fromUtf8(zone));
     return Success;
 }

@@ -59,23 +59,23 @@ Command::ExitCode SetupCommand::run(const QStringList& arguments, Streams& strea
         return Failed;
     }
 
-    StoreError error;
-    if (!StoreAdmin::init(url, "Windows-1251", zone, &error))
-        return fail(streams, error);
-    Store::Options loader;
-    loader.loader = true;
-    const auto store = Store::open(url, loader, &error);
-    if (!store || !plan.write(store.get(), &error))
-        return fail(streams, error);
     int people = 0;
-    for (const SitePlan::Department& department : plan.departments) {
-        for (const SitePlan::Person& person : department.people) {
-            ++people;
-            if (isServer && !(StoreAdmin::admit(url, person.login, &error) &&
-                              StoreAdmin::setPassword(url, person.login, person.password, &error)))
-                return fail(streams, error);
+    const auto fill = [&](Store* store, StoreError* reason) {
+        if (!plan.write(store, reason))
+            return false;
+        for (const SitePlan::Department& department : plan.departments) {
+            for (const SitePlan::Person& person : department.people) {
+                ++people;
+                if (isServer && !(StoreAdmin::admit(url, person.login, true, reason) &&
+                                  StoreAdmin::setPassword(url, person.login, person.password, reason)))
+                    return false;
+            }
         }
-    }
+        return true;
+    };
+    StoreError error;
+    if (!StoreAdmin::init(url, "Windows-1251", zone, &error, fill))
+        return fail(streams, error);
     streams.out << QStringLiteral("Хранилище готово: подразделений %1, сотрудников %2.\n")
                        .arg(plan.departments.size())
                        .arg(people);

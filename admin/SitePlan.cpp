@@ -3,9 +3,12 @@
 #include "DemoTemplates.h"
 #include "DemoWriter.h"
 #include "GenGuid32.h"
+#include "Sheet.h"
 
 #include <functional>
 #include <QMap>
+#include <QSet>
+#include <QTextCodec>
 #include <QTime>
 
 namespace
@@ -20,8 +23,9 @@ public:
 
     QString error() const { return m_error; }
 
-    /// One answer that \a take accepts; \a take tells what is wrong with others. False at the end of the answers.
-    bool ask(const QString& question, const std::function<QString(const QString&)>& take)
+    /// One answer that \a take accepts; \a take tells what is wrong with others. What the journal keeps must be in its
+    /// code page. False at the end of the answers.
+    bool ask(const QString& question, const std::function<QString(const QString&)>& take, bool isKept = true)
     {
         while (m_error.isEmpty()) {
             m_out << question << QStringLiteral(": ");
@@ -36,7 +40,10 @@ public:
                 m_error = QStringLiteral("Ответы закончились на вопросе «%1».").arg(question);
                 break;
             }
-            const QString wrong = take(line.trimmed());
+            const QString wrong =
+                isKept && !QTextCodec::codecForName("Windows-1251")->canEncode(line)
+                    ? QStringLiteral("В ответе есть знак, которого журнал записать не может.")
+                    : take(line.trimmed());
             if (m_isFile)
                 m_out << QLatin1Char('\n');
             if (wrong.isEmpty())
@@ -106,6 +113,11 @@ QString takePerson(const QString& answer, const QStringList& posts, SitePlan::Pe
         return QStringLiteral("В подразделении нет должности «%1».").arg(person->post);
     if (person->safetyGroup < 0 || person->safetyGroup > 5)
         return QStringLiteral("Группа по электробезопасности: от 1 до 5, 0 если её нет.");
+    for (const QString& right : qAsConst(person->rights)) {
+        if (!Sheets::rights().contains(right))
+            return QStringLiteral("Нет права «%1»; есть %2.")
+                .arg(right, Sheets::rights().join(QStringLiteral(", ")));
+    }
     return QString();
 }
 } // namespace
@@ -137,12 +149,15 @@ bool SitePlan::ask(QTextStream& in, QTextStream& out, bool isFile, bool withPass
                 }))
                 return false;
             if (isMore && withPasswords &&
-                !questions.ask(QStringLiteral("Пароль для %1").arg(person.login), [&](const QString& one) {
-                    person.password = one;
-                    return one.size() < shortestPassword
-                               ? QStringLiteral("Пароль не короче %1 знаков.").arg(shortestPassword)
-                               : QString();
-                }))
+                !questions.ask(
+                    QStringLiteral("Пароль для %1").arg(person.login),
+                    [&](const QString& one) {
+                        person.password = one;
+                        return one.size() < shortestPassword
+                                   ? QStringLiteral("Пароль не короче %1 знаков.").arg(shortestPassword)
+                                   : QString();
+                    },
+                    false))
                 return false;
             if (isMore)
                 department->people.append(person);
@@ -172,6 +187,20 @@ bool SitePlan::ask(QTextStream& in, QTextStream& out, bool isFile, bool withPass
     return isDone;
 }
 
+SitePlan SitePlan::starter()
+{
+    SitePlan plan;
+    plan.organizationType = QStringLiteral("Диспетчерский центр");
+    plan.organization = QStringLiteral("Наша организация");
+    Department department;
+    department.name = QStringLiteral("Диспетчерская служба");
+    department.posts = QStringList{QStringLiteral("Старший диспетчер"), QStringLiteral("Диспетчер")};
+    takeShift(QStringLiteral("Дневная смена 08:00-20:00"), &department.shifts);
+    takeShift(QStringLiteral("Ночная смена 20:00-08:00"), &department.shifts);
+    plan.departments.append(department);
+    return plan;
+}
+
 bool SitePlan::write(Store* store, StoreError* error) const
 {
     DemoWriter writer(store);
@@ -183,6 +212,7 @@ bool SitePlan::write(Store* store, StoreError* error) const
     const QString type = made("OrgTypes", {{"name_", organizationType}});
     const QString owner = made("Organizations", {{"OrgTypeKey", type}, {"name_", organization}});
     QMap<QString, QString> users;
+    QSet<QPair<QString, QString>> given; ///< rights by login
     for (const Department& department : departments) {
         const QString place = made("Departments", {{"OrganizationKey", owner}, {"name_", department.name}});
         for (const Shift& shift : department.shifts)
@@ -206,21 +236,29 @@ bool SitePlan::write(Store* store, StoreError* error) const
                                                     {"safetyGroup", person.safetyGroup}});
             if (posts.contains(person.post))
                 made("WorkerRoles", {{"RoleKey", posts.value(person.post)}, {"WorkerKey", worker}});
-            for (const QString& right : person.rights)
-                made("UserRights", {{"UserKey", users.value(person.login)}, {"rightName", right}});
+            for (const QString& right : person.rights) {
+                if (!given.contains({person.login, right}))
+                    made("UserRights", {{"UserKey", users.value(person.login)}, {"rightName", right}});
+                given.insert({person.login, right});
+            }
         }
     }
     // Without templates for taking over and handing over no shift could be opened.
-    QMap<QString, QString> categories;
+    QMap<QString, QString> categories; ///< keys by path
     for (const DemoTemplate& one : DemoTemplates::builtIn()) {
         if (one.level != DemoTemplate::Common)
             continue;
-        const QString category = one.categories.constFirst();
-        if (!categories.contains(category))
-            categories.insert(category, made("LogbookCatsTemplate", {{"nameLoc", category}}));
-        made("LogbookTemplates", {{"CategoryKey", categories.value(category)},
-                                  {"nameLoc", one.name},
-                                  {"html", QString::fromStdString(one.html)}});
+        QString path;
+        QVariant above;
+        for (const QString& name : one.categories) {
+            path += QLatin1Char('/') + name;
+            if (!categories.contains(path))
+                categories.insert(path,
+                                  made("LogbookCatsTemplate", {{"ParentKey", above}, {"nameLoc", name}}));
+            above = categories.value(path);
+        }
+        made("LogbookTemplates",
+             {{"CategoryKey", above}, {"nameLoc", one.name}, {"html", QString::fromStdString(one.html)}});
     }
     return writer.write(error);
 }

@@ -37,6 +37,9 @@ struct SitePlan {
     QString organization;
     QVector<Department> departments;
 
+    /// What a site begins with that has told nothing yet: one department with its posts and timetable, nobody in it.
+    static SitePlan starter();
+
     /// Asks line by line: a question to \a out, its answer from \a in. A wrong answer is told and asked for again,
     /// unless \a in is a file (\a isFile), where it ends the questions with an error. An empty answer ends a list.
     bool ask(QTextStream& in, QTextStream& out, bool isFile, bool withPasswords, QString* error);

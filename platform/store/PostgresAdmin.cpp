@@ -39,6 +39,12 @@ std::unique_ptr<PgConnection> connectedToStore(const QString& url, StoreError* e
     return link;
 }
 
+/// As it stands in statements.
+QByteArray databaseName(const QString& url)
+{
+    return PostgresSchema::identifier(QString::fromUtf8(PgConnection::databaseOf(url)));
+}
+
 /// Makes the database of the address, when the server has none of this name.
 bool makeDatabase(const QString& url, StoreError* error)
 {
@@ -51,7 +57,7 @@ bool makeDatabase(const QString& url, StoreError* error)
         server->run("SELECT 1 FROM pg_database WHERE datname = $1", PgValues().text(name), error);
     if (!known || known.rows() > 0)
         return false;
-    return server->exec("CREATE DATABASE " + PostgresSchema::identifier(QString::fromUtf8(name)) +
+    return server->exec("CREATE DATABASE " + databaseName(url) +
                             " TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C.UTF-8'",
                         error);
 }
@@ -80,10 +86,23 @@ bool isFit(PgConnection& link, StoreError* error)
                       QString::fromUtf8("База данных «%1» должна быть в кодировке UTF8.").arg(name));
     return true;
 }
+
+/// The schema, the properties and the access to an empty database, in one transaction.
+bool install(PgConnection& link, const QByteArray& database, const QByteArray& codecName,
+             const QByteArray& timeZone, StoreError* error)
+{
+    return link.exec("BEGIN", error) && PostgresSchema::install(link, error) &&
+           setProperty(link, "codec", codecName, error) && setProperty(link, "timeZone", timeZone, error) &&
+           setProperty(link, "epoch", GenGuid32(), error) &&
+           link.exec("REVOKE ALL ON DATABASE " + database + " FROM PUBLIC; GRANT CONNECT ON DATABASE " +
+                         database + " TO vrk_client",
+                     error) &&
+           link.exec("COMMIT", error);
+}
 } // namespace
 
 bool PostgresAdmin::init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone,
-                         StoreError* error)
+                         const std::function<bool()>& isFilled, StoreError* error)
 {
     if (!CodePage::create(codecName))
         return refuse(
@@ -93,20 +112,28 @@ bool PostgresAdmin::init(const QString& url, const QByteArray& codecName, const 
         return refuse(error, StoreError::BadRequest,
                       QString::fromUtf8("Часовой пояс «%1» неизвестен.").arg(QString::fromLatin1(timeZone)));
     auto link = connected(url, error);
-    if (!link && makeDatabase(url, error)) {
+    const bool isNewDatabase = !link && makeDatabase(url, error);
+    if (isNewDatabase) {
         error->clear();
         link = connected(url, error);
     }
-    if (!link || !isFit(*link, error) || !link->exec("BEGIN", error))
+    if (!link || !isFit(*link, error))
         return false;
-    const QByteArray database = PostgresSchema::identifier(QString::fromUtf8(PgConnection::databaseOf(url)));
-    return PostgresSchema::install(*link, error) && setProperty(*link, "codec", codecName, error) &&
-           setProperty(*link, "timeZone", timeZone, error) &&
-           setProperty(*link, "epoch", GenGuid32(), error) &&
-           link->exec("REVOKE ALL ON DATABASE " + database + " FROM PUBLIC; GRANT CONNECT ON DATABASE " +
-                          database + " TO vrk_client",
-                      error) &&
-           link->exec("COMMIT", error);
+    if (install(*link, databaseName(url), codecName, timeZone, error) && isFilled())
+        return true;
+    StoreError ignored;
+    if (isNewDatabase) {
+        link = connected(url, &ignored, "postgres");
+        if (link)
+            link->exec("DROP DATABASE " + databaseName(url) + " WITH (FORCE)", &ignored);
+    } else {
+        link->exec("ROLLBACK", &ignored);
+        link->exec("DROP OWNED BY vrk_owner; REVOKE CONNECT ON DATABASE " + databaseName(url) +
+                       " FROM vrk_client; GRANT CONNECT, TEMPORARY ON DATABASE " + databaseName(url) +
+                       " TO PUBLIC",
+                   &ignored);
+    }
+    return false;
 }
 
 bool PostgresAdmin::check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error)

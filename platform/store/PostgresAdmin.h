@@ -5,8 +5,10 @@
 /// StoreAdmin for stores on a PostgreSQL server. The addresses are those of an administrator of the server.
 namespace PostgresAdmin
 {
-/// Makes the database where it is missing, and the store in it. An existing database must be empty.
-bool init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error);
+/// Makes the database where it is missing, and the store in it. An existing database must be empty. \a isFilled is
+/// called when the store stands; when it fails, everything is as it was.
+bool init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone,
+          const std::function<bool()>& isFilled, StoreError* error);
 bool check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// Leaves it to pg_dump, which must be there, and looks whether its copy can be read.
 bool backup(const QString& url, const QString& file, StoreError* error);

@@ -3,6 +3,7 @@
 #include "PostgresAdmin.h"
 #include "PostgresDoctor.h"
 #include "SqliteAdmin.h"
+#include "SqliteConnection.h"
 #include "SqliteSchema.h"
 #include "StoreUrl.h"
 
@@ -27,11 +28,25 @@ int StoreAdmin::schemaVersion()
 }
 
 bool StoreAdmin::init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone,
-                      StoreError* error)
+                      StoreError* error, const Filling& filling)
 {
+    const auto isFilled = [&] {
+        Store::Options options;
+        options.loader = true;
+        const auto store = filling ? Store::open(url, options, error) : nullptr;
+        return !filling || (store && filling(store.get(), error));
+    };
     return dispatch(
-        url, error, [&](const QString& file) { return SqliteAdmin::init(file, codecName, timeZone, error); },
-        [&] { return PostgresAdmin::init(url, codecName, timeZone, error); });
+        url, error,
+        [&](const QString& file) {
+            if (!SqliteAdmin::init(file, codecName, timeZone, error))
+                return false;
+            const bool isDone = isFilled();
+            if (!isDone)
+                SqliteConnection::removeFile(file);
+            return isDone;
+        },
+        [&] { return PostgresAdmin::init(url, codecName, timeZone, isFilled, error); });
 }
 
 bool StoreAdmin::check(const QString& url, QVector<Finding>* findings, StoreError* error)

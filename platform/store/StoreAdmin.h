@@ -2,6 +2,7 @@
 
 #include "Store.h"
 
+#include <functional>
 #include <QStringList>
 
 /// What an administrator does with a store; vrk-admin is a thin shell over it.
@@ -10,8 +11,12 @@ namespace StoreAdmin
 /// Version of the schema that this program writes and reads.
 int schemaVersion();
 
-/// Makes a new, empty store; refuses to touch anything that is already there.
-bool init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error);
+/// Puts the first rows into a new store, which it gets in the role of imports.
+using Filling = std::function<bool(Store* store, StoreError* error)>;
+/// Makes a new store, empty or with what \a filling puts into it; refuses to touch anything that is already there. When
+/// it fails, no store is left.
+bool init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error,
+          const Filling& filling = Filling());
 
 /// One finding of a check.
 struct Finding {
@@ -41,8 +46,6 @@ bool backup(const QString& url, const QString& file, StoreError* error);
 /// @{
 /// On a server the login is one of its roles, which cannot get in before it has a password.
 bool addUser(const QString& url, const QString& login, const QString& name, StoreError* error);
-/// Makes the server's role of a login that stands in Users already; nothing to do where there are no roles.
-bool admit(const QString& url, const QString& login, StoreError* error);
 /// Refused where logins have no passwords.
 bool setPassword(const QString& url, const QString& login, const QString& password, StoreError* error);
 bool removeUser(const QString& url, const QString& login, StoreError* error);

@@ -80,7 +80,7 @@ bool StoreAdmin::addUser(const QString& url, const QString& login, const QString
     }
     if (*error)
         return false;
-    if (!admit(url, login, error))
+    if (!admit(url, login, true, error))
         return false;
     // A login that was removed comes back as the same person.
     const QByteArray former = userKey(*store, login, true, error);
@@ -110,11 +110,6 @@ bool StoreAdmin::removeUser(const QString& url, const QString& login, StoreError
     batch.RecPost(row);
     return write(*store, "Users", batch, error) &&
            (StoreUrl(url).engine != StoreUrl::PostgreSql || PostgresAdmin::lockRole(url, login, error));
-}
-
-bool StoreAdmin::admit(const QString& url, const QString& login, StoreError* error)
-{
-    return StoreUrl(url).engine != StoreUrl::PostgreSql || PostgresAdmin::addRole(url, login, error);
 }
 
 bool StoreAdmin::setPassword(const QString& url, const QString& login, const QString& password,

@@ -1,5 +1,6 @@
 #include "StoreUrl.h"
 
+#include <QRegularExpression>
 #include <QUrl>
 #include <QUrlQuery>
 
@@ -13,6 +14,15 @@ StoreUrl::StoreUrl(const QString& address) : url(address)
                url.startsWith(QLatin1String("postgres://"))) {
         engine = PostgreSql;
     }
+}
+
+QString StoreUrl::shown() const
+{
+    static const QRegularExpression inAuthority(QStringLiteral("^(\\w+://[^:/@]*):[^@/]*@"));
+    static const QRegularExpression inQuery(QStringLiteral("([?&]password=)[^&]*"));
+    return QString(url)
+        .replace(inAuthority, QStringLiteral("\\1@"))
+        .replace(inQuery, QStringLiteral("\\1***"));
 }
 
 QString StoreUrl::login() const
@@ -32,6 +42,6 @@ StoreError StoreUrl::error() const
     return {StoreError::BadUrl,
             QString::fromUtf8("Адрес хранилища «%1» не понят: ожидается sqlite:///путь/к/файлу или "
                               "postgresql://сервер/база.")
-                .arg(url),
+                .arg(shown()),
             QString()};
 }

@@ -9,6 +9,8 @@ struct StoreUrl {
     explicit StoreUrl(const QString& url);
     /// Why no store can be opened under this address.
     StoreError error() const;
+    /// The address as it may be shown and logged: without a password.
+    QString shown() const;
     /// The login in the address of a server; empty when there is none.
     QString login() const;
 

@@ -96,6 +96,30 @@ private slots:
         QVERIFY(QDir(folder.path()).isEmpty());
     }
 
+    void initThatCannotFillItsStoreLeavesNone()
+    {
+        const QString file = m_files->path() + QStringLiteral(".half");
+        const QString url = QStringLiteral("sqlite://") + file;
+        StoreError error;
+        const auto fill = [](Store* store, StoreError* reason) {
+            if (!TestStore::write(store, "Roles", ROW_INSERT, "A"))
+                qFatal("the store cannot be written");
+            *reason = {StoreError::Full, QStringLiteral("Места нет."), QString()};
+            return false;
+        };
+        QVERIFY(!StoreAdmin::init(url, "Windows-1251", "Europe/Moscow", &error, fill));
+        QCOMPARE(error.text, QStringLiteral("Места нет."));
+        for (const char* suffix : {"", "-wal", "-shm"})
+            QVERIFY(!QFile::exists(file + QLatin1String(suffix)));
+        const auto filled = [](Store* store, StoreError*) {
+            return TestStore::write(store, "Roles", ROW_INSERT, "A");
+        };
+        QVERIFY(StoreAdmin::init(url, "Windows-1251", "Europe/Moscow", &error, filled));
+        QVector<StoreAdmin::Finding> findings;
+        QVERIFY(StoreAdmin::check(url, &findings, &error));
+        QVERIFY(findings.isEmpty());
+    }
+
     void storeInUtf8HoldsEveryCharacter()
     {
         const QTemporaryDir folder;
