@@ -1,4 +1,5 @@
 #include "ArrayTools.h"
+#include "FieldSet.h"
 #include "LogbookFields.h"
 
 #include <ctime>
@@ -22,6 +23,7 @@ private slots:
     void nullHandlesAndUnknownNumbersGiveNull();
     void laterFieldsAreNullInEarlierRecords();
     void descriptorRowsArePacked();
+    void setsAreTheSameInAllOrNot();
 };
 
 void FieldSet_test::fieldsStandInTheOrderOfTheDescriptors()
@@ -45,6 +47,14 @@ void FieldSet_test::namesAreFoundWhateverTheCaseOfTheirLetters()
     QCOMPARE(MDRFldByName(array.array, "KeyLink"), field);
     QCOMPARE(MDRFldByName(array.array, "keyLink"), field);
     QCOMPARE(MDRFldByName(array.array, "KEYLINK"), field);
+
+    const MDRFieldDescr ends[] = {{"AZ", 0, mdr_TInt32}, {"[a", 0, mdr_TInt32}};
+    CMDArray other;
+    MDACreate(&other.array, 0);
+    QCOMPARE(MDAFldAdd(other.array, 2, ends), int(mdr_Ok));
+    for (const char* name : {"AZ", "az", "aZ", "Az"})
+        QVERIFY2(MDRFldByName(other.array, name) == MDRFldByNum(other.array, 0), name);
+    QVERIFY(MDRFldByName(other.array, "[A") == MDRFldByNum(other.array, 1));
 }
 
 void FieldSet_test::namesThatOnlyLookAlikeAreDifferent()
@@ -248,6 +258,29 @@ void FieldSet_test::descriptorRowsArePacked()
     QCOMPARE(QByteArray(reinterpret_cast<const char*>(raw + 66)), QByteArray("ShiftKey"));
     QCOMPARE(int(raw[66 + 64]), 32);
     QCOMPARE(int(raw[66 + 65]), int(mdr_TChar));
+}
+
+void FieldSet_test::setsAreTheSameInAllOrNot()
+{
+    const MDRFieldDescr base[] = {{"a", 10, mdr_TChar}, {"b", 0, mdr_TInt32}};
+    const MDRFieldDescr named[] = {{"a", 10, mdr_TChar}, {"c", 0, mdr_TInt32}};
+    const MDRFieldDescr wider[] = {{"a", 11, mdr_TChar}, {"b", 0, mdr_TInt32}};
+    const MDRFieldDescr typed[] = {{"a", 10, mdr_TChar}, {"b", 0, mdr_TDouble}};
+    FieldSet set;
+    QCOMPARE(set.add(2, base), int(mdr_Ok));
+    FieldSet same;
+    QCOMPARE(same.add(2, base), int(mdr_Ok));
+    QVERIFY(set.sameAs(same));
+    for (const MDRFieldDescr* fields : {named, wider, typed}) {
+        FieldSet other;
+        QCOMPARE(other.add(2, fields), int(mdr_Ok));
+        QVERIFY(!set.sameAs(other));
+        QVERIFY(!other.sameAs(set));
+    }
+    FieldSet shorter;
+    QCOMPARE(shorter.add(1, base), int(mdr_Ok));
+    QVERIFY(!set.sameAs(shorter));
+    QVERIFY(!shorter.sameAs(set));
 }
 
 QTEST_APPLESS_MAIN(FieldSet_test)

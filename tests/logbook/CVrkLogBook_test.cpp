@@ -37,6 +37,9 @@ private slots:
     void aMissingTableIsTold();
     void theBarIsBuiltInOrder();
     void allButtonsAreShown();
+    void entriesOfTheMenusShowTheirDialogs_data();
+    void entriesOfTheMenusShowTheirDialogs();
+    void theTabOfCommentsKnowsWhoAndWhere();
     void theStatusPanelNamesTheState();
     void theIntervalIsThatOfTheShift();
     void homeCannotBeClosed();
@@ -237,6 +240,43 @@ void CVrkLogBook_test::allButtonsAreShown()
          {"timeButton", "workshiftButton", "executionButton", "createButton", "deleteButton", "approveButton",
           "signButton", "commentsButton", "reportButton", "searchButton"})
         QVERIFY2(button(name)->isVisible(), name);
+}
+
+void CVrkLogBook_test::entriesOfTheMenusShowTheirDialogs_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QString>("dialog");
+    QTest::newRow("another shift") << "chooseWorkshiftAction"
+                                   << "WorkshiftsDialog";
+    QTest::newRow("an interval") << "chooseIntervalAction"
+                                 << "DateTimeRangeDialog";
+    QTest::newRow("about the shift") << "infoWorkshiftAction"
+                                     << "WorkshiftInfoDialog";
+    QTest::newRow("a worker more") << "appendWorkerAction"
+                                   << "AppendWorkerDialog";
+}
+
+void CVrkLogBook_test::entriesOfTheMenusShowTheirDialogs()
+{
+    QFETCH(QString, entry);
+    QFETCH(QString, dialog);
+    start();
+    const auto* shown = m_window->findChild<QWidget*>(dialog);
+    QVERIFY(shown && !shown->isVisible());
+    action(qPrintable(entry))->trigger();
+    QVERIFY(shown->isVisible());
+}
+
+void CVrkLogBook_test::theTabOfCommentsKnowsWhoAndWhere()
+{
+    start();
+    button("commentsButton")->click();
+    const auto* tab = qobject_cast<LogBookTab*>(
+        m_window->findChild<QTabWidget*>(QStringLiteral("logbooks"))->currentWidget());
+    QVERIFY(tab && tab != home());
+    QCOMPARE(tab->location()->workerKey(), QStringLiteral("WORKER_IVANOV"));
+    QCOMPARE(tab->location()->departmentKey(), QStringLiteral("DEP_CDS"));
+    QCOMPARE(tab->location()->organizationKey(), QStringLiteral("ORG_NETS"));
 }
 
 void CVrkLogBook_test::theStatusPanelNamesTheState()

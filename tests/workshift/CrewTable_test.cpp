@@ -1,0 +1,121 @@
+#include "CrewTable.h"
+
+#include "AppendWorkerDialog.h"
+#include "JournalWindow.h"
+#include "OrgStructDialog.h"
+#include "OrgStructWidget.h"
+
+#include <QHeaderView>
+#include <QTableWidget>
+#include <QToolButton>
+#include <QTreeView>
+#include <QtTest>
+
+/// The crew of the three dialogs of a shift: whom they offer, and what is left of a choice.
+class CrewTable_test : public QObject
+{
+    Q_OBJECT
+
+private:
+    static OrgStructDialog* structure(JournalWindow& journal)
+    {
+        for (OrgStructDialog* one : journal.window().findChildren<OrgStructDialog*>())
+            if (one->isVisible())
+                return one;
+        return nullptr;
+    }
+    static QStringList names(const QAbstractItemModel* model, const QModelIndex& parent = QModelIndex())
+    {
+        QStringList found;
+        for (int row = 0; row < model->rowCount(parent); ++row) {
+            const QModelIndex index = model->index(row, 0, parent);
+            found << index.data().toString() << names(model, index);
+        }
+        return found;
+    }
+    static QStringList offered(OrgStructDialog* dialog)
+    {
+        return names(JournalWindow::childOf<QTreeView>(dialog, "structTree")->model());
+    }
+    static bool has(const QStringList& names, const char* begin)
+    {
+        return names.indexOf(QRegularExpression(QLatin1Char('^') + QString::fromUtf8(begin) +
+                                                QStringLiteral(".*"))) >= 0;
+    }
+    /// The dialog by the name of its action, shown.
+    static QWidget* show(JournalWindow& journal, const QString& action)
+    {
+        if (action == QLatin1String("closeWorkshiftAction"))
+            journal.requestClosing();
+        else
+            journal.trigger(qPrintable(action));
+        if (action == QLatin1String("openWorkshiftAction"))
+            return journal.opening();
+        if (action == QLatin1String("closeWorkshiftAction"))
+            return journal.closing();
+        return journal.window().findChild<AppendWorkerDialog*>();
+    }
+
+private slots:
+    void workersOfTheDepartmentAreOffered_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("button");
+        QTest::newRow("opening") << "openWorkshiftAction"
+                                 << "addWorkerButton";
+        QTest::newRow("closing") << "closeWorkshiftAction"
+                                 << "addWorkerButton";
+        QTest::newRow("adding") << "appendWorkerAction"
+                                << "addButton";
+    }
+    void workersOfTheDepartmentAreOffered()
+    {
+        QFETCH(QString, action);
+        QFETCH(QString, button);
+        const TestStore store;
+        if (action == QLatin1String("openWorkshiftAction"))
+            QVERIFY(TestStore::write(store.openLoader().get(), "LogbookWorkshifts", ROW_UPDATE,
+                                     "SHIFT_CDS_OPEN", {{"CloseWorkerKey", "WORKER_IVANOV"}}));
+        JournalWindow journal(store, QStringLiteral("ivanov"));
+        QWidget* dialog = show(journal, action);
+        QVERIFY(dialog && dialog->isVisible());
+        const auto* crew = JournalWindow::childOf<QTableWidget>(dialog, "workersTable");
+        QCOMPARE(crew->columnCount(), 2);
+        const int before = crew->rowCount();
+
+        JournalWindow::childOf<QToolButton>(dialog, qPrintable(button))->click();
+        OrgStructDialog* choice = structure(journal);
+        QVERIFY(choice);
+        QStringList workers = offered(choice);
+        QVERIFY(has(workers, "Сидорова"));
+        QVERIFY(has(workers, "Заречная")); // a department below
+        QVERIFY(!has(workers, "ОДС"));
+        QCOMPARE(choice->widget()->selectionType(), int(OrgStruct::Person));
+
+        OrgStruct::Worker wanted;
+        wanted.keyLink = QStringLiteral("WORKER_SIDOROVA");
+        choice->widget()->setCurrectItem(wanted);
+        QTest::mouseClick(JournalWindow::childOf<QAbstractButton>(choice, "applyButton"), Qt::LeftButton);
+        QVERIFY(!choice->isVisible());
+        QCOMPARE(crew->rowCount(), before + 1);
+        QCOMPARE(crew->item(before, 0)->data(Qt::UserRole).toString(), wanted.keyLink);
+        // The structure serves others as well: it is whole again.
+        workers = offered(choice);
+        QVERIFY(has(workers, "ОДС"));
+    }
+
+    void theTimetableHasTwoColumns()
+    {
+        const TestStore store;
+        QVERIFY(TestStore::write(store.openLoader().get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                                 {{"CloseWorkerKey", "WORKER_IVANOV"}}));
+        JournalWindow journal(store, QStringLiteral("ivanov"));
+        journal.trigger("openWorkshiftAction");
+        const auto* shifts = JournalWindow::childOf<QTableWidget>(journal.opening(), "shiftsTable");
+        QCOMPARE(shifts->columnCount(), 2);
+        QVERIFY(!shifts->verticalHeader()->isVisible());
+    }
+};
+
+QTEST_MAIN(CrewTable_test)
+#include "CrewTable_test.moc"
