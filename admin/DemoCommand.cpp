@@ -38,13 +38,14 @@ QString DemoCommand::summary() const
 QString DemoCommand::usage() const
 {
     return QStringLiteral(
-        "vrk-admin demo URL [--live [--count N] | --old [--old-templates N]]\n"
+        "vrk-admin demo URL [--live [--count N] | --old [--old-templates N]] [--ago H]\n"
         "  Заполняет новое хранилище демонстрационным журналом или обновляет прежний.\n"
         "  Хранилище с чужими данными не трогает.\n"
         "  --live   писать в открытую смену по записи каждые 15 секунд, как второе рабочее место\n"
         "  --count  остановиться после стольких записей\n"
         "  --old    записать и таблицы прежнего журнала для конвертера, 400 шаблонов\n"
-        "  --old-templates  столько шаблонов вместо 400\n");
+        "  --old-templates  столько шаблонов вместо 400\n"
+        "  --ago    как было столько часов назад: открытая смена может быть просрочена\n");
 }
 
 Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& streams)
@@ -54,6 +55,7 @@ Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& stream
     int count = -1;
     bool old = false;
     int templates = -1;
+    int hoursAgo = 0;
     for (int i = 0; i < arguments.size(); ++i) {
         bool number = true;
         if (arguments[i] == QLatin1String("--live"))
@@ -64,17 +66,22 @@ Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& stream
             old = true;
         else if (arguments[i] == QLatin1String("--old-templates") && i + 1 < arguments.size())
             templates = arguments[++i].toInt(&number);
+        else if (arguments[i] == QLatin1String("--ago") && i + 1 < arguments.size())
+            hoursAgo = arguments[++i].toInt(&number);
         else if (url.isEmpty() && !arguments[i].startsWith(QLatin1Char('-')))
             url = arguments[i];
         else
             return wrongUsage(streams);
-        if (!number || count < -1 || templates < -1)
+        if (!number || count < -1 || templates < -1 || hoursAgo < 0)
             return wrongUsage(streams);
     }
-    if (url.isEmpty() || (count >= 0 && !live) || (templates >= 0 && !old) || (live && old))
+    if (url.isEmpty() || (count >= 0 && !live) || (templates >= 0 && !old) || (live && (old || hoursAgo > 0)))
         return wrongUsage(streams);
 
-    const auto now = [] { return QDateTime::currentSecsSinceEpoch(); };
+    const auto now = [hoursAgo] {
+        constexpr qint64 hour = 3600;
+        return QDateTime::currentSecsSinceEpoch() - hoursAgo * hour;
+    };
     StoreError error;
     for (int n = 0; live && n != count; ++n) {
         if (!DemoStore::writeLiveRecord(url, now(), n, &error))

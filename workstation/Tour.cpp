@@ -92,14 +92,15 @@ bool Tour::playTheme(const QString& theme, const QString& title)
         if (!sceneOpening(window) || !sceneConvertedRecord(window))
             return false;
     }
-    return admin({QStringLiteral("check"), m_store});
+    return sceneOverdue(theme) && admin({QStringLiteral("check"), m_store});
 }
 
 bool Tour::playScenes(CVrkCliMod* window)
 {
     return sceneWindow(window) && sceneNewRecord(window) && sceneColleague(window) && sceneApproval(window) &&
            sceneVisa(window) && sceneDeletion(window) && sceneReading(window) && sceneSearch(window) &&
-           sceneMarks(window) && sceneExecution(window) && sceneOrigin(window) && sceneComments(window) &&
-           sceneFiles(window) && sceneReport(window) && sceneArchive(window) && sceneStorm(window) &&
+           sceneMarks(window) && sceneExecution(window) && sceneOrigin(window) && sceneCopying(window) &&
+           sceneComments(window) && sceneInbox(window) && sceneFiles(window) && sceneInterval(window) &&
+           sceneAddedWorker(window) && sceneReport(window) && sceneArchive(window) && sceneStorm(window) &&
            sceneLostStore(window) && sceneLetters(window) && sceneHandover(window);
 }

@@ -51,6 +51,13 @@ private:
     bool sceneNextUser(Workstation* workstation);
     bool sceneOpening(CVrkCliMod* window);
 
+    // Tour_records.cpp: copies, reading comments, intervals, the crew, and a shift that was forgotten
+    bool sceneCopying(CVrkCliMod* window);
+    bool sceneInbox(CVrkCliMod* window);
+    bool sceneInterval(CVrkCliMod* window);
+    bool sceneAddedWorker(CVrkCliMod* window);
+    bool sceneOverdue(const QString& theme);
+
     // Tour_templates.cpp: an administrator at the same desk, and what comes of his work in the journal
     bool playTemplates(CVrkCliMod* journal);
     bool sceneOwnTemplate(CVrkCliMod* window);

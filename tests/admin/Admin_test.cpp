@@ -25,6 +25,7 @@ private slots:
     void initMakesAStoreOnce();
     void initTakesCodePageAndTimeZone();
     void demoLaysDownTheEarlierJournalToo();
+    void demoTellsTheStoryOfHoursAgo();
     void aFreshStoreIsClean();
     void aDamagedStoreIsFoundOut();
     void aBackupIsAStoreOfItsOwn();
@@ -97,6 +98,9 @@ void Admin_test::wrongArgumentsShowTheUsage_data()
                              "demo URL --live --count many",
                              "demo URL --old-templates 5",
                              "demo URL --old --live",
+                             "demo URL --live --ago 5",
+                             "demo URL --ago -5",
+                             "demo URL --ago",
                              "demo URL --old --old-templates many",
                              "check",
                              "check URL extra",
@@ -181,6 +185,25 @@ void Admin_test::demoLaysDownTheEarlierJournalToo()
     QCOMPARE(m_out,
              QStringLiteral("Демонстрационный журнал на месте.\nТаблицы прежнего журнала записаны.\n"));
     QCOMPARE(templates(), 30);
+}
+
+void Admin_test::demoTellsTheStoryOfHoursAgo()
+{
+    QCOMPARE(run({QStringLiteral("demo"), m_url, QStringLiteral("--ago"), QStringLiteral("14")}),
+             Command::Success);
+    StoreError error;
+    const auto store = Store::open(m_url, {}, &error);
+    CMDArray answer;
+    answer = store->select(QStringLiteral("SELECT * FROM LogbookWorkshifts WHERE (CloseWorkerKey IS NULL OR "
+                                          "CloseWorkerKey='') AND endTime > %1")
+                               .arg(store->serverTime(), 0, 'f', 0)
+                               .toUtf8(),
+                           &error);
+    QCOMPARE(answer.RecCount(), 0); // whatever shift is open is overdue
+    answer = store->select(
+        "SELECT * FROM LogbookWorkshifts WHERE CloseWorkerKey IS NULL OR CloseWorkerKey=''", &error);
+    QVERIFY(answer.RecCount() > 0);
+    QCOMPARE(run({QStringLiteral("check"), m_url}), Command::Success);
 }
 
 void Admin_test::aFreshStoreIsClean()
