@@ -1,10 +1,11 @@
 #include "Theme.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QSettings>
-#include <QStyle>
-#include <QStyleFactory>
+#include <QStyleOption>
 
 namespace
 {
@@ -15,6 +16,39 @@ QString& inForce()
     static QString name = QStringLiteral("system");
     return name;
 }
+
+/// The style of both themes: its close buttons of tabs have the colour of the text, where the toolkit's own are black.
+class ThemeStyle : public QProxyStyle
+{
+public:
+    ThemeStyle() : QProxyStyle(QStringLiteral("Fusion")) { setObjectName(QStringLiteral("fusion")); }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        if (element != PE_IndicatorTabClose) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        constexpr qreal armShare = 0.22;
+        const bool isUnderMouse = option->state.testFlag(State_MouseOver);
+        const QRectF place(option->rect);
+        const qreal arm = qMin(place.width(), place.height()) * armShare;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        if (isUnderMouse) {
+            painter->setBrush(option->palette.brush(QPalette::Highlight));
+            painter->drawRoundedRect(place.adjusted(1, 1, -1, -1), 3, 3);
+        }
+        painter->setPen(QPen(
+            option->palette.color(isUnderMouse ? QPalette::HighlightedText : QPalette::WindowText), 1.6));
+        painter->translate(place.center());
+        painter->drawLine(QPointF(-arm, -arm), QPointF(arm, arm));
+        painter->drawLine(QPointF(-arm, arm), QPointF(arm, -arm));
+        painter->restore();
+    }
+};
 
 QPalette darkPalette()
 {
@@ -50,7 +84,7 @@ bool Theme::apply(const QString& name)
         if (!dark && name != QLatin1String("light"))
             return false;
         // A style of the desktop would mix its own colours in.
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        QApplication::setStyle(new ThemeStyle); // the application owns it
         QApplication::setPalette(dark ? darkPalette() : QApplication::style()->standardPalette());
     }
     inForce() = name;

@@ -25,7 +25,8 @@ QPixmap pictureOfScreen()
                 ++n;
             return n;
         };
-        return depth(a) < depth(b);
+        // Of two dialogs the one in which the user works lies on top.
+        return std::make_pair(depth(a), a->isActiveWindow()) < std::make_pair(depth(b), b->isActiveWindow());
     });
     QRect area;
     for (const QWidget* window : windows)

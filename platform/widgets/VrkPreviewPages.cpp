@@ -233,48 +233,60 @@ bool VrkPreviewPages::layOut(const QSizeF& page, const Progress& progress)
     return true;
 }
 
-/// Columns grow for their longest word; those that leave the last one too little give way alike.
+/// Columns grow until names stand in one line, within the bound, and then give way so that the last one has enough: at
+/// first down to their longest word, then alike.
 void VrkPreviewPages::fitColumns()
 {
     const qreal pixel = unitsPerInch / m_table.pixelsPerInch;
-    QVector<qreal> widths;
-    qreal fixed = 0;
-    for (int i = 0; i < m_table.widths.size() - 1; ++i) {
-        qreal width = qMax(m_table.widths[i] * pixel, longestWord(i) + 2 * padding + rule);
-        if (m_table.maxColumnWidth > 0)
-            width = qMin(width, m_table.maxColumnWidth * pixel);
-        widths.append(width);
-        fixed += width;
-    }
     const qreal most = m_size.width() * (1 - smallestShareOfLast);
-    const qreal scale = fixed > most ? most / fixed : 1;
+    QVector<Needs> widths;
+    Needs sum;
+    for (int i = 0; i < m_table.widths.size() - 1; ++i) {
+        Needs width = needsOf(i);
+        width.line = qMax(width.line, m_table.widths[i] * pixel);
+        if (m_table.maxColumnWidth > 0)
+            width.line = qMin(width.line, m_table.maxColumnWidth * pixel);
+        width.word = qMin(width.word, width.line);
+        sum.word += width.word;
+        sum.line += width.line;
+        widths.append(width);
+    }
+    const qreal slack = sum.line - sum.word;
+    const qreal share = slack > 0 ? qBound<qreal>(0, (most - sum.word) / slack, 1) : 1;
+    const qreal scale = sum.word > most ? most / sum.word : 1;
     m_edges = {0};
-    for (qreal width : qAsConst(widths))
-        m_edges.append(m_edges.last() + width * scale);
+    for (const Needs& width : qAsConst(widths))
+        m_edges.append(m_edges.last() + (width.word + (width.line - width.word) * share) * scale);
     m_edges.append(m_size.width());
 }
 
-qreal VrkPreviewPages::longestWord(int column) const
+VrkPreviewPages::Needs VrkPreviewPages::needsOf(int column) const
 {
     static const QRegularExpression gaps(QStringLiteral("[ \\t\u2028]+"));
+    Needs needs;
     QSet<QString> seen;
-    qreal longest = 0;
-    const auto measure = [&](const Row& row, const QFontMetricsF& metrics) {
-        if (row.isDayLine || seen.contains(row.cells[column].text))
+    const auto measure = [&](const Cell& cell, const QFontMetricsF& metrics) {
+        if (seen.contains(cell.text))
             return;
-        seen.insert(row.cells[column].text);
-        const QStringList words = row.cells[column].text.split(gaps);
-        for (const QString& word : words)
-            longest = qMax(longest, metrics.horizontalAdvance(word) + iconRoom(row.cells[column]));
+        seen.insert(cell.text);
+        const auto widest = [&](qreal* width, const QStringList& parts) {
+            for (const QString& part : parts)
+                *width = qMax(*width, metrics.horizontalAdvance(part) + iconRoom(cell) + 2 * padding + point);
+        };
+        widest(&needs.word, cell.text.split(gaps));
+        if (cell.text.size() <= shortText)
+            widest(&needs.line, cell.text.split(QChar::LineSeparator));
     };
     const QFontMetricsF metrics(m_font);
     for (const Row& row : m_table.rows)
-        measure(row, metrics);
+        if (!row.isDayLine)
+            measure(row.cells[column], metrics);
     QFont bold = m_font;
     bold.setBold(true);
     seen.clear();
-    measure(m_table.header, QFontMetricsF(bold));
-    return longest;
+    measure(m_table.header.cells[column], QFontMetricsF(bold));
+    needs.line = qMax(needs.line, needs.word);
+    return needs;
 }
 
 qreal VrkPreviewPages::bodyHeight() const

@@ -44,8 +44,14 @@ private:
     };
     class Breaker;
 
+    /// Widths that the texts of a column need so that no word, and no short line, is broken.
+    struct Needs {
+        qreal word = 0;
+        qreal line = 0;
+    };
+
     void fitColumns();
-    qreal longestWord(int column) const;
+    Needs needsOf(int column) const;
     qreal bodyHeight() const;
     QRectF cellRect(const VrkPreviewTable::Row& row, int cell, qreal top, qreal height) const;
     void paintRow(QPainter* painter, const VrkPreviewTable::Row& row, const Piece& piece, qreal top) const;

@@ -228,7 +228,7 @@ private slots:
         QCOMPARE(Recording(VrkPreviewTable::of(&s.view, 100)).right(), pageSize.width());
     }
 
-    void aNarrowColumnGrowsForItsLongestWordUpToTheBound()
+    void aNarrowColumnGrowsForItsNamesUpToTheBound()
     {
         Setup s;
         const QString name = QStringLiteral("Константинопольская");
@@ -241,8 +241,8 @@ private slots:
             s.tool.setColumnPosition(QLatin1String(field), position++);
         s.view.horizontalHeader()->resizeSection(s.tool.model()->idxField(QStringLiteral("WorkerKey")), 20);
         const QStringList whole = Recording(VrkPreviewTable::of(&s.view)).lines();
-        QVERIFY2(whole.filter(name).size() == 2, qPrintable(whole.join(QLatin1Char('|'))));
-        QCOMPARE(whole.filter(QStringLiteral("А.\u00A0Б.")).size(), 2); // initials stay together
+        QVERIFY2(whole.filter(name + QStringLiteral(" А.\u00A0Б.")).size() == 2,
+                 qPrintable(whole.join(QLatin1Char('|')))); // in one line
         const QStringList bounded = Recording(VrkPreviewTable::of(&s.view, 50)).lines();
         QVERIFY2(bounded.filter(name).isEmpty(), qPrintable(bounded.join(QLatin1Char('|'))));
     }

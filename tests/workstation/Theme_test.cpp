@@ -3,9 +3,12 @@
 #include "../support/TestFolder.h"
 
 #include <QApplication>
+#include <QImage>
+#include <QPainter>
 #include <QPalette>
 #include <QSettings>
 #include <QStyle>
+#include <QStyleOption>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -22,6 +25,8 @@ private slots:
     void systemLeavesTheColours();
     void whatIsDimStaysLegible_data();
     void whatIsDimStaysLegible();
+    void tabsCanBeSeenToClose_data();
+    void tabsCanBeSeenToClose();
     void theToggleRemembersTheChoice();
     void nothingIsRememberedAtFirst();
 
@@ -83,6 +88,32 @@ void Theme_test::whatIsDimStaysLegible()
     QVERIFY2(contrast > 50, qPrintable(QString::number(contrast)));
     QVERIFY(lightness(QPalette::Text, QPalette::Disabled) != lightness(QPalette::Text));
     QVERIFY(qAbs(lightness(QPalette::HighlightedText) - lightness(QPalette::Highlight)) > 80);
+}
+
+void Theme_test::tabsCanBeSeenToClose_data()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::newRow("light") << QStringLiteral("light");
+    QTest::newRow("dark") << QStringLiteral("dark");
+}
+
+void Theme_test::tabsCanBeSeenToClose()
+{
+    QFETCH(QString, theme);
+    QVERIFY(Theme::apply(theme));
+    const QColor ground = QApplication::palette().color(QPalette::Window);
+    QImage image(16, 16, QImage::Format_RGB32);
+    image.fill(ground);
+    QPainter painter(&image);
+    QStyleOption option;
+    option.rect = image.rect();
+    option.palette = QApplication::palette();
+    QApplication::style()->drawPrimitive(QStyle::PE_IndicatorTabClose, &option, &painter);
+    painter.end();
+    int contrast = 0;
+    for (int x = 0; x < 16; ++x)
+        contrast = qMax(contrast, qAbs(qGray(image.pixel(x, x)) - qGray(ground.rgb())));
+    QVERIFY2(contrast > 100, qPrintable(QString::number(contrast)));
 }
 
 void Theme_test::theToggleRemembersTheChoice()
