@@ -15,11 +15,6 @@ using namespace TourHands;
 
 namespace
 {
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Tour", text);
-}
-
 bool click(const QWidget* parent, const char* name)
 {
     auto* button = parent->findChild<QAbstractButton*>(QLatin1String(name));
