@@ -33,9 +33,11 @@ int LastRowFiller::roomLeft() const
 
 bool LastRowFiller::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_tree->viewport() && event->type() == QEvent::Resize)
+    if (watched != m_tree->viewport())
+        return QStyledItemDelegate::eventFilter(watched, event);
+    if (event->type() == QEvent::Resize)
         layOutAnew();
-    return QStyledItemDelegate::eventFilter(watched, event);
+    return false; // the delegate would take the viewport for one of its editors, and eat their keys
 }
 
 void LastRowFiller::layOutAnew()

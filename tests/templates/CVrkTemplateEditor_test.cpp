@@ -194,6 +194,39 @@ private slots:
                  QStringLiteral("Оперативная смена"));
     }
 
+    void keysOfTheBarWorkWhereverTheKeyboardIs_data()
+    {
+        QTest::addColumn<QString>("editor");
+        for (const char* name : {"templateNameEdit", "templateTimeBox", "templateFirstMarkBox",
+                                 "templateText", "parameterSearch", "templatesTree"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+    void keysOfTheBarWorkWhereverTheKeyboardIs()
+    {
+        QFETCH(QString, editor);
+        Configurator one(*m_store);
+        QApplication::setActiveWindow(&one.window());
+        TemplateTab* page = one.show(one.common());
+        QVERIFY(Configurator::select(page, "TPL_ORDER"));
+        auto* name = Configurator::in<QLineEdit>(page, "templateNameEdit");
+        auto* keyboard = page->findChild<QWidget*>(editor);
+        QTRY_VERIFY(button(one, "cancelButton")->isVisible()); // the bar is laid out
+        keyboard->setFocus();
+        QVERIFY(keyboard->hasFocus());
+        if (editor != QLatin1String("parameterSearch")) { // there the key ends the search
+            name->setText(QStringLiteral("Иначе"));
+            QTest::keyClick(keyboard, Qt::Key_Escape);
+            QTRY_VERIFY(!page->isExistUnsaved());
+            QCOMPARE(name->text(), QStringLiteral("Команда на производство переключений"));
+        }
+        name->setText(QStringLiteral("Иначе"));
+        QTest::keyClick(keyboard, Qt::Key_S, Qt::ControlModifier);
+        QTRY_VERIFY(!button(one, "saveButton")->isDown());
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Иначе"));
+    }
+
     void createOffersWhatThePageAllows()
     {
         Configurator one(*m_store);
