@@ -265,6 +265,8 @@ void TemplateTab::reloadFor(const QModelIndex& current, const QModelIndex& previ
         QTimer::singleShot(0, this, [this, last] { putBack(last); });
         return;
     }
+    if (current != previous && previous.isValid())
+        forgetOffer();
     raiseUpPassport(current);
     emit itemChanged();
 }

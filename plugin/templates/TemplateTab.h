@@ -216,6 +216,7 @@ private:
     void updateEditStatus();
     void writeLogUnsaved(const QString& func, const QString& text);
     void tellKept(const QString& text);
+    void forgetOffer();
     void restoreKept();
     void restoreFrom(const CModelTable& kept, const CModelTable& table, CModelTable* edits,
                      MDRData** restored);
@@ -314,6 +315,7 @@ private:
     CModelTable* m_parametersTable = nullptr;
     TemplateTables m_tables;
     KeptEdits m_kept;
-    QByteArray m_shownTemplate; ///< key of the template in the passport
-    bool m_isSent = false;      ///< the unsaved records were written, their events are on the way
+    bool m_isPassingOffer = false; ///< what is kept was cancelled by the user, and goes when he goes on
+    QByteArray m_shownTemplate;    ///< key of the template in the passport
+    bool m_isSent = false;         ///< the unsaved records were written, their events are on the way
 };

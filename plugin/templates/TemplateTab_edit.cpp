@@ -111,8 +111,22 @@ void TemplateTab::cancelChanges()
 {
     if (!isExistUnsaved())
         return;
+    const bool isFirst = m_kept.isEmpty();
+    m_kept.keepAll(m_tables);
     clearEditTables();
     updateEditStatus();
+    tellKept(tr("Изменения отменены."));
+    m_isPassingOffer = isFirst;
+}
+
+/// An offer to take a cancellation back lasts until the user goes on.
+void TemplateTab::forgetOffer()
+{
+    if (!m_isPassingOffer)
+        return;
+    m_isPassingOffer = false;
+    m_kept.clear();
+    m_notice->hide();
 }
 
 bool TemplateTab::sendChangesToServer()
@@ -223,6 +237,7 @@ void TemplateTab::writeLogUnsaved(const QString& func, const QString& text)
 void TemplateTab::tellKept(const QString& text)
 {
     enum NoticeChoice { Restore, Dismiss };
+    m_isPassingOffer = false;
     m_notice->tell(NoticeBar::Warning, text,
                    {{Restore, tr("Вернуть изменения"), QStringLiteral("restoreButton")},
                     {Dismiss, tr("Скрыть"), QStringLiteral("dismissButton")}});

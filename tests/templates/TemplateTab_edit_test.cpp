@@ -259,6 +259,48 @@ private slots:
         QVERIFY(openBox(page)->isChecked());
     }
 
+    void aCancellationCanBeTakenBackUntilTheUserGoesOn()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Длинная правка"));
+        page->cancelChanges(); // by a slip on Escape
+        QVERIFY(!page->isExistUnsaved());
+        QTRY_VERIFY(restoreButton(page));
+        QCOMPARE(page->findChild<QLabel*>(QStringLiteral("noticeText"))->text(),
+                 QStringLiteral("Изменения отменены."));
+        restoreButton(page)->click();
+        QVERIFY(page->isExistUnsaved());
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Длинная правка"));
+        QVERIFY(!restoreButton(page));
+
+        page->cancelChanges();
+        QTRY_VERIFY(restoreButton(page));
+        QVERIFY(Configurator::select(page, "TPL_CLOSE"));
+        QVERIFY(!restoreButton(page));
+        QVERIFY(Configurator::select(page, "TPL_OPEN"));
+        QVERIFY(!restoreButton(page));
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Приём смены"));
+    }
+
+    void whatAStoreRefusedIsOfferedForLonger()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Первое"));
+        breakTable("LogbookTemplates", "UPDATE");
+        page->applyChanges();
+        mendTable();
+        QVERIFY(Configurator::select(page, "TPL_CLOSE"));
+        QVERIFY(restoreButton(page));
+        templateName(page)->setText(QStringLiteral("Второе"));
+        page->cancelChanges();
+        QVERIFY(Configurator::select(page, "CAT_COMMON"));
+        QTRY_VERIFY(restoreButton(page));
+        m_log->take();
+        one.client().takeFailures();
+    }
+
     void aRefusedSaveDropsTheChangesAndOffersThemAgain()
     {
         Configurator one(*m_store);
