@@ -1,25 +1,11 @@
 #include "PostgresSchema.h"
 
+#include "SchemaScript.h"
 #include "SqliteSchema.h"
 #include "TableCatalog.h"
 
-#include <QFile>
-
-// At global scope, as the macro wants it.
-static void registerPostgresSchema()
-{
-    Q_INIT_RESOURCE(store_schema);
-}
-
 namespace
 {
-QByteArray script(const QString& name)
-{
-    registerPostgresSchema();
-    QFile file(QStringLiteral(":/vrk/store/postgresql-") + name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // Roles belong to the whole server: another store on it may have made them.
 const char rolesScript[] = "DO $$ BEGIN\n"
                            "IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = 'vrk_owner') THEN\n"
@@ -59,12 +45,6 @@ QByteArray tableSql(const CatalogTable& table)
     return "CREATE TABLE " + table.name + " (\n" + columns + "\n);\n";
 }
 
-/// Tables that are trees of categories, in which a row must not come to lie beneath itself.
-bool isCategoryTree(const CatalogTable& table)
-{
-    return table.name == "LogbookCatsTemplate" || table.name == "TemplateParamCategories";
-}
-
 const char functionHead[] =
     "() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER\n"
     "    SET search_path = pg_catalog, public, pg_temp SET extra_float_digits = 1 AS $$\n";
@@ -73,7 +53,7 @@ QByteArray logSql(const CatalogTable& table)
 {
     QByteArray checks = "    IF TG_OP = 'UPDATE' AND NEW.KeyLink <> OLD.KeyLink THEN\n"
                         "        PERFORM vrk_refuse('Ключ строки не изменяется.');\n    END IF;\n";
-    if (isCategoryTree(table)) {
+    if (table.isCategoryTree()) {
         // One at a time, since two moves may close a circle that neither of them sees.
         checks += "    IF TG_OP <> 'DELETE' AND NEW.ParentKey IS NOT NULL THEN\n"
                   "        PERFORM pg_advisory_xact_lock('" +
@@ -104,18 +84,11 @@ QByteArray logSql(const CatalogTable& table)
            table.name + " FOR EACH STATEMENT EXECUTE FUNCTION vrk_keep_rows();\n";
 }
 
-/// Refuses everybody but the loader and those who pass \a exception.
-QByteArray closedTableSql(const CatalogTable& table, const QByteArray& text, const QByteArray& exception)
-{
-    const QByteArray name = "Rule_" + table.name;
-    return "CREATE FUNCTION " + name + functionHead + "BEGIN\n    IF NOT (vrk_is_loader()" + exception +
-           ") THEN\n        PERFORM vrk_refuse('" + text +
-           "');\n    END IF;\n    IF TG_OP = 'DELETE' THEN\n        RETURN OLD;\n    END IF;\n    RETURN "
-           "NEW;\nEND $$;\n"
-           "CREATE TRIGGER " +
-           name + " BEFORE INSERT OR UPDATE OR DELETE ON " + table.name + " FOR EACH ROW EXECUTE FUNCTION " +
-           name + "();\n";
-}
+const SchemaScript::Dialect dialect{
+    QByteArray("CREATE FUNCTION %name") + functionHead + "BEGIN\n    IF NOT vrk_is_loader()%condition THEN\n",
+    "    END IF;\n    RETURN %row;\nEND $$;\nCREATE TRIGGER %name BEFORE %operation ON %table\n"
+    "    FOR EACH ROW EXECUTE FUNCTION %name();",
+    "PERFORM vrk_refuse(%text)"};
 
 QByteArray grantsSql()
 {
@@ -160,18 +133,11 @@ bool PostgresSchema::install(PgConnection& link, StoreError* error)
     for (const CatalogTable& table : TableCatalog::tables())
         all += tableSql(table);
     for (int step = 1; step <= SqliteSchema::version; ++step)
-        all += script(QStringLiteral("%1.sql").arg(step, 4, 10, QLatin1Char('0')));
-    all += script(QStringLiteral("log.sql")) + script(QStringLiteral("rules.sql"));
-    for (const CatalogTable& table : TableCatalog::tables()) {
+        all += SchemaScript::file(
+            qPrintable(QStringLiteral("postgresql-%1.sql").arg(step, 4, 10, QLatin1Char('0'))));
+    all += SchemaScript::file("postgresql-log.sql") + SchemaScript::rules(dialect);
+    for (const CatalogTable& table : TableCatalog::tables())
         all += logSql(table);
-        if (table.name.startsWith("TemplateParam"))
-            all +=
-                closedTableSql(table, "Нет права изменять параметры шаблонов.",
-                               " OR EXISTS (SELECT 1 FROM CurrentRights WHERE rightName = 'ADMINISTRATOR')");
-        else if (!table.name.startsWith("Logbook"))
-            all += closedTableSql(table, "Справочники изменяются только средствами администратора.",
-                                  QByteArray());
-    }
     all += grantsSql() + "INSERT INTO StoreProperties (name, value) VALUES ('schema', '" +
            QByteArray::number(SqliteSchema::version) + "');\nRESET ROLE;\n";
     return link.exec(all, error);

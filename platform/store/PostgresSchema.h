@@ -7,7 +7,7 @@
 struct CatalogTable;
 
 /// The schema of a PostgreSQL store: tables and log triggers made from the catalog, the steps in
-/// schema/postgresql-NNNN.sql, the change log in schema/postgresql-log.sql, the rules in schema/postgresql-rules.sql.
+/// schema/postgresql-NNNN.sql, the change log in schema/postgresql-log.sql, the rules of SchemaScript.
 ///
 /// Everything belongs to the role vrk_owner, which cannot log in. Persons are members of vrk_client, which may read
 /// all and write the tables of the catalog; members of vrk_loader may put the rules out of force.

@@ -1,40 +1,11 @@
 #include "SqliteSchema.h"
 
+#include "SchemaScript.h"
 #include "SqliteConnection.h"
 #include "TableCatalog.h"
 
-#include <QFile>
-
-// At global scope, as the macro wants it.
-static void registerSchema()
-{
-    Q_INIT_RESOURCE(store_schema);
-}
-
 namespace
 {
-QByteArray script(const QString& name)
-{
-    registerSchema();
-    QFile file(QStringLiteral(":/vrk/store/") + name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// Whether persons may write the table at all, by the rules that stand in the script.
-bool isWrittenByPersons(const CatalogTable& table)
-{
-    return table.name.startsWith("Logbook");
-}
-bool isParameterTable(const CatalogTable& table)
-{
-    return table.name.startsWith("TemplateParam");
-}
-/// Tables that are trees of categories, in which a row must not come to lie beneath itself.
-bool isCategoryTree(const CatalogTable& table)
-{
-    return table.name == "LogbookCatsTemplate" || table.name == "TemplateParamCategories";
-}
-
 QByteArray rowOf(const CatalogTable& table, const QByteArray& alias)
 {
     QByteArray values;
@@ -61,17 +32,9 @@ QByteArray trigger(const CatalogTable& table, const QByteArray& operation, int e
            "\n    FROM CurrentTransaction;\nEND;\n";
 }
 
-/// Refuses everybody but the loader and those who pass \a exception.
-QByteArray closedTable(const CatalogTable& table, const QByteArray& text, const QByteArray& exception)
-{
-    QByteArray triggers;
-    for (const QByteArray operation : {"insert", "update", "delete"}) {
-        triggers += "CREATE TRIGGER Rule_" + table.name + "_" + operation + " BEFORE " + operation + " ON " +
-                    table.name + "\nWHEN (SELECT loader FROM CurrentTransaction) = 0" + exception +
-                    "\nBEGIN SELECT RAISE(ABORT, '" + text + "'); END;\n";
-    }
-    return triggers;
-}
+const SchemaScript::Dialect dialect{"CREATE TRIGGER %name BEFORE %operation ON %table\n"
+                                    "WHEN (SELECT loader FROM CurrentTransaction) = 0%condition\nBEGIN\n",
+                                    "END;", "SELECT RAISE(ABORT, %text)"};
 } // namespace
 
 QByteArray SqliteSchema::logTriggers(const CatalogTable& table)
@@ -80,7 +43,7 @@ QByteArray SqliteSchema::logTriggers(const CatalogTable& table)
                                 "    WHERE NEW.KeyLink = '' OR NEW.KeyLink GLOB '*[' || char(1) || '-' || "
                                 "char(31) || char(39) || '\"\\]*';\n";
     QByteArray treeCheck;
-    if (isCategoryTree(table)) {
+    if (table.isCategoryTree()) {
         treeCheck = "    SELECT RAISE(ABORT, 'Категория не может лежать внутри самой себя.')\n"
                     "    WHERE NEW.KeyLink IN (\n"
                     "        WITH RECURSIVE up (k) AS (\n"
@@ -99,21 +62,14 @@ QByteArray SqliteSchema::logTriggers(const CatalogTable& table)
 bool SqliteSchema::install(SqliteConnection& connection, StoreError* error)
 {
     for (int step = 1; step <= version; ++step) {
-        if (!connection.exec(script(QStringLiteral("sqlite-%1.sql").arg(step, 4, 10, QLatin1Char('0'))),
+        if (!connection.exec(SchemaScript::file(qPrintable(
+                                 QStringLiteral("sqlite-%1.sql").arg(step, 4, 10, QLatin1Char('0')))),
                              error))
             return false;
     }
-    QByteArray rules = script(QStringLiteral("sqlite-rules.sql"));
-    for (const CatalogTable& table : TableCatalog::tables()) {
+    QByteArray rules = SchemaScript::rules(dialect);
+    for (const CatalogTable& table : TableCatalog::tables())
         rules += logTriggers(table);
-        if (isParameterTable(table))
-            rules += closedTable(
-                table, "Нет права изменять параметры шаблонов.",
-                " AND NOT EXISTS (SELECT 1 FROM CurrentRights WHERE rightName = 'ADMINISTRATOR')");
-        else if (!isWrittenByPersons(table))
-            rules +=
-                closedTable(table, "Справочники изменяются только средствами администратора.", QByteArray());
-    }
     rules += "PRAGMA application_id = " + QByteArray::number(SqliteConnection::ApplicationId) +
              "; PRAGMA user_version = " + QByteArray::number(version) + ";";
     return connection.exec(rules, error);

@@ -8,7 +8,7 @@ class SqliteConnection;
 struct CatalogTable;
 
 /// The schema of a SQLite store: steps in schema/sqlite-NNNN.sql that each lead from one version to the next, the
-/// rules and views in schema/sqlite-rules.sql, and the triggers of the change log, which are made from the catalog.
+/// rules of SchemaScript, and the triggers of the change log, which are made from the catalog.
 namespace SqliteSchema
 {
 /// The version that this program writes and reads.

@@ -20,6 +20,8 @@ struct CatalogTable {
 
     /// Index of a field by name, ASCII case ignored; -1 when there is none.
     int fieldIndex(const QByteArray& field) const;
+    /// Whether it is a tree of categories, in which a row must not come to lie beneath itself.
+    bool isCategoryTree() const { return name == "LogbookCatsTemplate" || name == "TemplateParamCategories"; }
     /// The fields as MDAFldAdd takes them.
     QVector<MDRFieldDescr> descriptors() const;
 };

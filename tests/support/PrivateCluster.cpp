@@ -195,5 +195,6 @@ QString PrivateCluster::exec(const QString& sql, const QString& database) const
         link.get(), [](void*, const char*) {}, nullptr);
     const std::unique_ptr<PGresult, decltype(&PQclear)> done(PQexec(link.get(), sql.toUtf8().constData()),
                                                              PQclear);
-    return QString::fromUtf8(PQerrorMessage(link.get()));
+    const char* message = PQresultErrorField(done.get(), PG_DIAG_MESSAGE_PRIMARY);
+    return QString::fromUtf8(message ? message : PQerrorMessage(link.get()));
 }

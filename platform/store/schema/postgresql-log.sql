@@ -113,3 +113,9 @@ BEGIN
     PERFORM vrk_refuse('Таблицы журнала не очищаются целиком.');
     RETURN NULL;
 END $$;
+
+-- Who writes: one row. The role that the connection was authenticated as, which no client can change.
+CREATE VIEW CurrentTransaction AS
+    SELECT session_user::text COLLATE "C" AS login,
+           coalesce((SELECT KeyLink FROM Users
+                     WHERE Users.login = session_user::text COLLATE "C" AND coalesce(deleted_, 0) = 0), '') AS userKey;

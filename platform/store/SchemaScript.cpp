@@ -1,0 +1,95 @@
+#include "SchemaScript.h"
+
+#include "TableCatalog.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+// At global scope, as the macro wants it.
+static void registerSchema()
+{
+    Q_INIT_RESOURCE(store_schema);
+}
+
+namespace
+{
+/// The rules of tables that the loader writes, and the administrator where \a isAdministrators.
+QString closedTable(const CatalogTable& table, const char* text, bool isAdministrators)
+{
+    const QString name = QString::fromLatin1(table.name);
+    QString rules;
+    for (const char* operation : {"INSERT", "UPDATE", "DELETE"})
+        rules +=
+            QStringLiteral("RULE Rule_%1_%2 BEFORE %3 ON %1\n%4    REFUSE '%5';\nEND;\n")
+                .arg(name, QString::fromLatin1(operation).toLower(), QString::fromLatin1(operation),
+                     isAdministrators ? QStringLiteral("WHEN NOT EXISTS (SELECT 1 FROM CurrentRights WHERE "
+                                                       "rightName = 'ADMINISTRATOR')\n")
+                                      : QString(),
+                     QString::fromUtf8(text));
+    return rules;
+}
+
+/// CHANGED(a, b) written out.
+QString withChanges(QString script)
+{
+    static const QRegularExpression changed(QStringLiteral("CHANGED\\(([\\w,\\s]+)\\)"));
+    for (QRegularExpressionMatch match = changed.match(script); match.hasMatch();
+         match = changed.match(script)) {
+        QStringList fields;
+        for (const QString& field : match.captured(1).split(QLatin1Char(',')))
+            fields.append(QStringLiteral("NEW.%1 IS DISTINCT FROM OLD.%1").arg(field.trimmed()));
+        script.replace(match.capturedStart(), match.capturedLength(),
+                       QLatin1Char('(') + fields.join(QLatin1String(" OR ")) + QLatin1Char(')'));
+    }
+    return script;
+}
+} // namespace
+
+QByteArray SchemaScript::file(const char* name)
+{
+    registerSchema();
+    QFile file(QStringLiteral(":/vrk/store/") + QLatin1String(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray SchemaScript::rules(const Dialect& dialect)
+{
+    QString script = QString::fromUtf8(file("rules.sql"));
+    for (const CatalogTable& table : TableCatalog::tables()) {
+        if (table.name.startsWith("TemplateParam"))
+            script += closedTable(table, "Нет права изменять параметры шаблонов.", true);
+        else if (!table.name.startsWith("Logbook"))
+            script += closedTable(table, "Справочники изменяются только средствами администратора.", false);
+    }
+    script = withChanges(script);
+
+    static const QRegularExpression rule(
+        QStringLiteral("^RULE (?<name>\\w+) BEFORE (?<operation>[^\\n]+) ON (?<table>\\w+)\\n"
+                       "(?:WHEN (?<condition>[^\\n]+)\\n)?(?<body>[^;]*;.*?)^END;$"),
+        QRegularExpression::MultilineOption | QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression refusal(QStringLiteral("REFUSE ('[^']*')"));
+    const QString refuse =
+        QString::fromUtf8(dialect.refuse).replace(QLatin1String("%text"), QLatin1String("\\1"));
+    QString made;
+    int end = 0;
+    for (QRegularExpressionMatchIterator all = rule.globalMatch(script); all.hasNext();) {
+        const QRegularExpressionMatch one = all.next();
+        const QString condition = one.captured(QStringLiteral("condition"));
+        const QString operation = one.captured(QStringLiteral("operation"));
+        const auto filled = [&](const QByteArray& part) {
+            return QString::fromUtf8(part)
+                .replace(QLatin1String("%name"), one.captured(QStringLiteral("name")))
+                .replace(QLatin1String("%operation"), operation)
+                .replace(QLatin1String("%table"), one.captured(QStringLiteral("table")))
+                .replace(QLatin1String("%condition"),
+                         condition.isEmpty() ? QString() : QStringLiteral(" AND (%1)").arg(condition))
+                .replace(QLatin1String("%row"), operation == QLatin1String("DELETE") ? QStringLiteral("OLD")
+                                                                                     : QStringLiteral("NEW"));
+        };
+        made += script.midRef(end, one.capturedStart() - end);
+        made += filled(dialect.head) + one.captured(QStringLiteral("body")).replace(refusal, refuse) +
+                filled(dialect.tail);
+        end = one.capturedEnd();
+    }
+    return (made + script.midRef(end)).toUtf8();
+}
