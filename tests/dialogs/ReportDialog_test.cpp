@@ -113,6 +113,16 @@ private slots:
         QCOMPARE(report.proxy()->rowCount(), 0);
     }
 
+    void namesNoPeriodWithoutAShift()
+    {
+        const TestStore store;
+        TestJournal journal(store, QStringLiteral("smirnov"), "DEP_ODS");
+        journal.tab().showReportDialog();
+        auto* dialog = journal.module().findChild<ReportDialog*>();
+        QCOMPARE(dialog->findChild<QLabel*>(QStringLiteral("titleLabel"))->text(),
+                 journal.tab().title() + QStringLiteral("\nСмена "));
+    }
+
     void showsAllRecordsWithTheirStatusOnDemand()
     {
         const TestStore store;

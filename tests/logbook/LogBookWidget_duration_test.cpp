@@ -6,6 +6,7 @@
 #include "StoreError.h"
 #include "TestJournal.h"
 
+#include <limits>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QtTest>
@@ -104,6 +105,17 @@ private slots:
         QCOMPARE(calls.size(), 2);
         journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST")); // also in the archive
         QCOMPARE(running(journal), QVector<int>({0, 600000}));
+    }
+
+    void theLongestIntervalIsOne()
+    {
+        const TestStore store;
+        makeLate(store, options(1, 1, std::numeric_limits<int>::max()));
+        TestJournal journal(store);
+        journal.tab().uploadWorkshiftDurationControl();
+        look(journal);
+        QVERIFY(journal.box());
+        QVERIFY(running(journal)[1] > 2000000000); // milliseconds, the most that a timer takes
     }
 
     void startsOverWhenTheWorkshiftChanges()

@@ -1,3 +1,4 @@
+#include "HtmlParser.h"
 #include "LogWatch.h"
 #include "RecordValue.h"
 #include "SecondMarkerDialog.h"
@@ -139,6 +140,25 @@ private slots:
         QVERIFY(journal.tab().secondMarkIconPath().startsWith(QLatin1String(":/markers/")));
     }
 
+    void theMenuTakesTheNameOfTheMarkerWithoutACommand()
+    {
+        const TestStore store;
+        for (const auto& [path, name] :
+             {std::pair(":/markers/worker_red.png", "Допуск бригады"), std::pair(":/icons/star.png", "")}) {
+            HtmlParser html("Бригада");
+            html.setTemplateProperty("second_mark", std::string(path));
+            QVERIFY(TestStore::write(store.openLoader().get(), "LogbookRecords", ROW_UPDATE,
+                                     "REC_DRAFT_IVANOV", {{"html", QString::fromStdString(html.readyHtml(true))}}));
+            TestJournal journal(store);
+            journal.select("REC_DRAFT_IVANOV");
+            const QAction* entry = menuEntry(journal, 1);
+            QCOMPARE(entry->text(), QString::fromUtf8(name));
+            QCOMPARE(journal.tab().secondMarkIconPath(), QLatin1String(path));
+            QCOMPARE(entry->icon().pixmap(16, 16).toImage(),
+                     QIcon(QLatin1String(path)).pixmap(16, 16).toImage());
+        }
+    }
+
     void knowsTheNamesOfTheMarkers_data()
     {
         QTest::addColumn<QString>("path");
@@ -263,6 +283,11 @@ private slots:
         auto* set = dialog->findChild<QRadioButton*>(QStringLiteral("setMarkCheck"));
         auto* date = dialog->findChild<QDateEdit*>(QStringLiteral("dateEdit"));
         auto* time = dialog->findChild<QTimeEdit*>(QStringLiteral("timeEdit"));
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Второй маркер..."));
+        QVERIFY(!dialog->windowIcon().isNull());
+        QCOMPARE(clear->text(), QStringLiteral("Удалить маркер"));
+        QCOMPARE(set->text(), QStringLiteral("Установить маркер"));
+        QCOMPARE(time->displayFormat(), QStringLiteral("hh:mm"));
         QVERIFY(set->isChecked());
         QVERIFY(date->isEnabled());
         QCOMPARE(date->date(), QDate::currentDate());
@@ -292,6 +317,9 @@ private slots:
         journal.tab().changeTimeExecRequest();
         auto* execution = journal.module().findChild<TimeExecutionDialog*>();
         QVERIFY(execution->isVisible());
+        QCOMPARE(execution->windowTitle(), QStringLiteral("Время выполнения..."));
+        QCOMPARE(execution->findChild<QRadioButton*>(QStringLiteral("readyCheck"))->text(),
+                 QStringLiteral("Выполнено"));
         QCOMPARE(execution->findChild<QRadioButton*>(QStringLiteral("notReadyCheck"))->text(),
                  QStringLiteral("Не выполено"));
         execution->findChild<QRadioButton*>(QStringLiteral("notReadyCheck"))->click();

@@ -88,7 +88,14 @@ private slots:
         QVERIFY(!apply->isEnabled());
         startTime->setTime(startTime->time().addSecs(60));
         QVERIFY(!apply->isEnabled());
+        QCOMPARE(range->windowTitle(), QStringLiteral("Выбор диапазона времени"));
         QCOMPARE(endDate->maximumDate(), QDate::currentDate());
+        auto* endTime = child<QTimeEdit>(range, "endTimeEdit");
+        endDate->setDate(QDate::currentDate().addDays(-3)); // a past evening cannot be taken either
+        const QTime latest = endTime->maximumTime();
+        QVERIFY(latest != QTime(23, 59, 59, 999)); // as an edit without a bound has it
+        endTime->setTime(QTime(23, 59));
+        QVERIFY(endTime->time() <= latest);
     }
 
     void anIntervalIsShownAndKept()
@@ -116,6 +123,11 @@ private slots:
         loads.clear();
         QTest::keyClick(range, Qt::Key_Enter);
         QCOMPARE(loads.count(), 2);
+        journal.tab().showDateTimeDialog();
+        child<QDateEdit>(range, "startDateEdit")->setDate(QDate::currentDate().addDays(-42));
+        loads.clear();
+        QTest::keyClick(range, Qt::Key_Enter);
+        QCOMPARE(loads.count(), 3);
     }
 
     void aClosedShiftIsChosen()
