@@ -2,6 +2,7 @@
 
 #include "CPopMessageBox.h"
 
+#include <cstdio>
 #include <QAction>
 #include <QApplication>
 #include <QFileDialog>
@@ -51,6 +52,17 @@ void setUpPage(QPrinter* printer, QPageLayout::Orientation orientation)
         QPageLayout::Millimeter);
 }
 } // namespace
+
+VrkPreviewWindow::Asking& VrkPreviewWindow::asking()
+{
+    static Asking current{[](QWidget* parent, const QString& title, const QString& filter) {
+                              return QFileDialog::getSaveFileName(parent, title, QString(), filter);
+                          },
+                          [](QWidget* parent, QPrinter* printer) {
+                              return QPrintDialog(printer, parent).exec() == QDialog::Accepted;
+                          }};
+    return current;
+}
 
 VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
     : QMainWindow(parent, Qt::Window), m_printer(new QPrinter(QPrinter::HighResolution))
@@ -171,33 +183,37 @@ void VrkPreviewWindow::print()
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(windowTitle());
     setUpPage(&printer, m_printer->pageLayout().orientation());
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() == QDialog::Accepted && !paintPages(&printer))
+    if (asking().printer(this, &printer) && !paintPages(&printer))
         printer.abort();
 }
 
 bool VrkPreviewWindow::savePdf(const QString& file)
 {
+    if (QFileInfo::exists(file) && !QFileInfo(file).isWritable())
+        return false;
+    // Beside it first: a cancelled or failed one leaves the file that was there.
+    const QString part = QStringLiteral("%1.%2.part").arg(file).arg(QCoreApplication::applicationPid());
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(file);
+    printer.setOutputFileName(part);
     printer.setDocName(windowTitle());
     setUpPage(&printer, m_printer->pageLayout().orientation());
-    QFile probe(file);
+    QFile probe(part);
     if (!probe.open(QIODevice::WriteOnly))
         return false;
     probe.close();
-    if (!paintPages(&printer)) {
-        QFile::remove(file);
-        return false;
-    }
-    return printer.printerState() != QPrinter::Error && QFileInfo(file).size() > 0;
+    const bool isPainted =
+        paintPages(&printer) && printer.printerState() != QPrinter::Error && QFileInfo(part).size() > 0;
+    if (isPainted &&
+        std::rename(QFile::encodeName(part).constData(), QFile::encodeName(file).constData()) == 0)
+        return true;
+    QFile::remove(part);
+    return false;
 }
 
 void VrkPreviewWindow::askPdf()
 {
-    QString file =
-        QFileDialog::getSaveFileName(this, tr("Сохранение в PDF"), QString(), tr("Документы PDF (*.pdf)"));
+    QString file = asking().pdfFile(this, tr("Сохранение в PDF"), tr("Документы PDF (*.pdf)"));
     if (file.isEmpty())
         return;
     if (QFileInfo(file).suffix().isEmpty())
@@ -209,6 +225,6 @@ void VrkPreviewWindow::askPdf()
         box = new CPopMessageBox(this);
     box->setMessage(tr("Ошибка сохранения"), tr("<center>Не удалось записать файл!</center>"),
                     MessageIconError, MessageTypeOk);
-    connect(box->buttonBox(), &QDialogButtonBox::clicked, box, &QWidget::close);
+    connect(box->buttonBox(), &QDialogButtonBox::clicked, box, &QWidget::close, Qt::UniqueConnection);
     box->show();
 }

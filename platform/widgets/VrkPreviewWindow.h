@@ -2,6 +2,7 @@
 
 #include "VrkPreviewPages.h"
 
+#include <functional>
 #include <memory>
 #include <QMainWindow>
 
@@ -15,6 +16,16 @@ class VrkPreviewWindow : public QMainWindow
     Q_OBJECT
 
 public:
+    /// What the user is asked. Tests put operations of their own in their place.
+    struct Asking {
+        /// Where to write; empty when the user gave no place.
+        std::function<QString(QWidget* parent, const QString& title, const QString& filter)> pdfFile;
+        /// On which printer and how; false when the user has called it off.
+        std::function<bool(QWidget* parent, QPrinter* printer)> printer;
+    };
+    /// In use for all windows.
+    static Asking& asking();
+
     explicit VrkPreviewWindow(QWidget* parent);
     ~VrkPreviewWindow() override;
 
@@ -23,7 +34,8 @@ public:
     /// What is shown.
     const VrkPreviewTable& table() const { return m_pages.table(); }
     int pageCount() const;
-    /// Writes all pages; false when the file cannot be written, or when the user has cancelled: then no file is left.
+    /// Writes all pages; false when the file cannot be written, or when the user has cancelled: then what was there
+    /// before stays.
     bool savePdf(const QString& file);
 
 private:

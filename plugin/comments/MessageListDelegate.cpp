@@ -22,6 +22,14 @@ QPen penFor(const QStyleOptionViewItem& option, const QColor& color)
     return QPen(color);
 }
 
+/// One point smaller, where the font's size is told in points.
+QFont smaller(QFont font)
+{
+    if (font.pointSize() > 1)
+        font.setPointSize(font.pointSize() - 1);
+    return font;
+}
+
 void drawLine(QPainter* painter, const QRect& rect, const QFont& font, const QPen& pen, const QString& text,
               const QTextOption& layout)
 {
@@ -91,11 +99,9 @@ void MessageListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
     const int dateTop = textTop + textHeight;
     const int width = option.rect.right() - option.rect.left() - 2;
 
-    QFont authorFont = option.font;
+    QFont authorFont = smaller(option.font);
     authorFont.setWeight(QFont::Bold);
-    authorFont.setPointSize(option.font.pointSize() - 1);
-    QFont dateFont = option.font;
-    dateFont.setPointSize(option.font.pointSize() - 1);
+    const QFont dateFont = smaller(option.font);
 
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const QPen plain = isSelected ? QPen(option.palette.color(QPalette::HighlightedText)) : painter->pen();

@@ -1,5 +1,6 @@
 #include "MessageListDelegate.h"
 
+#include "LogWatch.h"
 #include "PaintRecord.h"
 
 #include <QListWidget>
@@ -248,6 +249,17 @@ private slots:
         QVERIFY2(page.written().startsWith(QStringLiteral("Author (Вы)\n")), qPrintable(page.written()));
         QCOMPARE(page.find(QStringLiteral("Author")).color, QColor(0x30, 0x9A, 0xC7));
         QCOMPARE(page.find(QStringLiteral("Short")).color, QColor(Qt::black));
+    }
+
+    void takesFontsInPixelsAsTheyAre()
+    {
+        Fixture f;
+        f.option.font.setPixelSize(14);
+        LogWatch log;
+        PaintRecord page(QSize(1000, 1000));
+        f.paintOn(&page);
+        QCOMPARE(page.find(QStringLiteral("Author")).font.pixelSize(), 14);
+        QCOMPARE(log.take(), QStringList()); // no complaint at each painting
     }
 
     void leavesInvalidIndexesToItsBase()

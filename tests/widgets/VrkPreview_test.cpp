@@ -1,5 +1,6 @@
 #include "VrkPreview.h"
 
+#include "CPopMessageBox.h"
 #include "PaintRecord.h"
 #include "RecordTable.h"
 #include "VrkPreviewPages.h"
@@ -8,7 +9,9 @@
 
 #include <algorithm>
 #include <QAction>
+#include <QDir>
 #include <QHeaderView>
+#include <QPrinter>
 #include <QProgressDialog>
 #include <QRegularExpression>
 #include <QTableView>
@@ -451,13 +454,77 @@ private slots:
         QVERIFY(window()->savePdf(file));
         QVERIFY(QFileInfo::exists(file));
         QVERIFY(*std::min_element(values.begin(), values.end()) >= 2000); // laid out already
+        const qint64 size = QFileInfo(file).size();
         cancelAt = 2500;
         QVERIFY(!window()->savePdf(file));
-        QVERIFY(!QFileInfo::exists(file));
+        QCOMPARE(QFileInfo(file).size(), size); // what was there before stays
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
         cancelAt = 0;
         window()->findChild<QAction*>(QStringLiteral("portraitAction"))->setChecked(true);
         QVERIFY(!window()->isVisible()); // a part of the pages would pass for the whole
         QVERIFY(!isProgress());
+    }
+
+    void theButtonsAskAndSaveAndPrint()
+    {
+        Setup s;
+        VrkPreview preview;
+        preview.setView(&s.view);
+        preview.setWindowTitle(QStringLiteral("Печать отчета"));
+        preview.showDocument();
+        QTemporaryDir folder;
+        const VrkPreviewWindow::Asking real = VrkPreviewWindow::asking();
+        QString answer;
+        bool isPrinting = false;
+        VrkPreviewWindow::asking() = {
+            [&](QWidget*, const QString& title, const QString&) {
+                return title == QStringLiteral("Сохранение в PDF") ? answer : QString();
+            },
+            [&](QWidget*, QPrinter* printer) {
+                printer->setOutputFormat(QPrinter::PdfFormat);
+                printer->setOutputFileName(folder.filePath(QStringLiteral("paper.pdf")));
+                return isPrinting;
+            }};
+        const auto press = [](const char* name) {
+            window()->findChild<QAction*>(QLatin1String(name))->trigger();
+        };
+        const auto begins = [&folder](const char* name) {
+            QFile file(folder.filePath(QString::fromUtf8(name)));
+            return file.open(QIODevice::ReadOnly) ? file.read(5) : QByteArray();
+        };
+        const auto box = [] {
+            auto* found = window()->findChild<CPopMessageBox*>();
+            return found && found->isVisible() ? found : nullptr;
+        };
+
+        press("pdfAction"); // called off
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
+        answer = folder.filePath(QStringLiteral("отчет"));
+        press("pdfAction");
+        QCOMPARE(begins("отчет.pdf"), QByteArray("%PDF-"));
+        QVERIFY(!box());
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1); // nothing beside it
+
+        answer = folder.filePath(QStringLiteral("nowhere/отчет.pdf"));
+        press("pdfAction");
+        QVERIFY(box());
+        QCOMPARE(box()->title(), QStringLiteral("Ошибка сохранения"));
+        QVERIFY(box()->text().contains(QStringLiteral("Не удалось записать файл!")));
+        box()->buttonBox()->buttons().first()->click();
+        QVERIFY(!box());
+        QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("folder.pdf")));
+        answer = folder.filePath(QStringLiteral("folder.pdf"));
+        press("pdfAction");
+        QVERIFY(box());
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+        box()->close();
+
+        press("printAction"); // called off
+        QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("paper.pdf"))));
+        isPrinting = true;
+        press("printAction");
+        VrkPreviewWindow::asking() = real;
+        QCOMPARE(begins("paper.pdf"), QByteArray("%PDF-"));
     }
 
     void theWindowShowsPagesAndSavesThemAsPdf()
