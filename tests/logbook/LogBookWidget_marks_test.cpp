@@ -148,7 +148,8 @@ private slots:
             HtmlParser html("Бригада");
             html.setTemplateProperty("second_mark", std::string(path));
             QVERIFY(TestStore::write(store.openLoader().get(), "LogbookRecords", ROW_UPDATE,
-                                     "REC_DRAFT_IVANOV", {{"html", QString::fromStdString(html.readyHtml(true))}}));
+                                     "REC_DRAFT_IVANOV",
+                                     {{"html", QString::fromStdString(html.readyHtml(true))}}));
             TestJournal journal(store);
             journal.select("REC_DRAFT_IVANOV");
             const QAction* entry = menuEntry(journal, 1);
