@@ -16,8 +16,9 @@ constexpr qreal padding = 2 * point;
 constexpr qreal rule = point / 3;
 constexpr qreal fontSize = 9 * point;
 constexpr qreal iconSide = 10 * point;
-constexpr qreal smallestShareOfLast = 0.4;
-constexpr int linesWorthStarting = 4; ///< of a row that is higher than a page
+constexpr qreal shareOfLast = 0.4;          ///< names give way for it and stand in two lines
+constexpr qreal smallestShareOfLast = 0.28; ///< words are broken for it
+constexpr int linesWorthStarting = 4;       ///< of a row that is higher than a page
 constexpr int shortText = 40;
 
 using Cell = VrkPreviewTable::Cell;
@@ -238,7 +239,8 @@ bool VrkPreviewPages::layOut(const QSizeF& page, const Progress& progress)
 void VrkPreviewPages::fitColumns()
 {
     const qreal pixel = unitsPerInch / m_table.pixelsPerInch;
-    const qreal most = m_size.width() * (1 - smallestShareOfLast);
+    const qreal forLines = m_size.width() * (1 - shareOfLast);
+    const qreal forWords = m_size.width() * (1 - smallestShareOfLast);
     QVector<Needs> widths;
     Needs sum;
     for (int i = 0; i < m_table.widths.size() - 1; ++i) {
@@ -252,8 +254,8 @@ void VrkPreviewPages::fitColumns()
         widths.append(width);
     }
     const qreal slack = sum.line - sum.word;
-    const qreal share = slack > 0 ? qBound<qreal>(0, (most - sum.word) / slack, 1) : 1;
-    const qreal scale = sum.word > most ? most / sum.word : 1;
+    const qreal share = slack > 0 ? qBound<qreal>(0, (forLines - sum.word) / slack, 1) : 1;
+    const qreal scale = sum.word > forWords ? forWords / sum.word : 1;
     m_edges = {0};
     for (const Needs& width : qAsConst(widths))
         m_edges.append(m_edges.last() + (width.word + (width.line - width.word) * share) * scale);

@@ -31,11 +31,12 @@ public:
         record(pages, page);
     }
     /// The first page of a table.
-    explicit Recording(const VrkPreviewTable& table) : PaintRecord(pageSize.toSize(), 1200)
+    explicit Recording(const VrkPreviewTable& table, const QSizeF& size = pageSize)
+        : PaintRecord(size.toSize(), 1200)
     {
         VrkPreviewPages pages;
         pages.setTable(table);
-        if (!pages.layOut(pageSize, {}))
+        if (!pages.layOut(size, {}))
             qFatal("no pages");
         record(pages, 0);
     }
@@ -352,6 +353,35 @@ private slots:
             if (!frame.isFilled && qFuzzyCompare(frame.rect.right(), pageSize.width()))
                 last = frame.rect.width();
         QVERIFY2(last > 0.39 * pageSize.width(), qPrintable(QString::number(last)));
+    }
+
+    void onANarrowPageTheWordsOfTheColumnsStayWhole()
+    {
+        Setup s;
+        const QStringList fields{QStringLiteral("KeyLink"),   QStringLiteral("ShiftKey"),
+                                 QStringLiteral("WorkerKey"), QStringLiteral("eventTime"),
+                                 QStringLiteral("status"),    QStringLiteral("html")};
+        int position = 0;
+        s.tool.setColumnVisible(QStringLiteral("recordTime"), false);
+        for (const QString& field : fields) {
+            s.tool.setColumnVisible(field, true);
+            s.tool.setColumnPosition(field, position++);
+        }
+        const VrkPreviewTable printed = s.printed();
+        const QSizeF roomy(9000, 12000);
+        for (qreal width = roomy.width(); width > 4000; width -= 250) {
+            const Recording page(printed, QSizeF(width, roomy.height()));
+            qreal last = 0;
+            for (const PaintRecord::Rect& frame : page.rects)
+                if (!frame.isFilled && qFuzzyCompare(frame.rect.right(), width))
+                    last = frame.rect.width();
+            QVERIFY(last >= 0.28 * width - 1);
+            if (last < 0.29 * width)
+                return; // from here on there is no room for whole words
+            for (const QString& field : fields)
+                QVERIFY2(page.lines().contains(field), qPrintable(page.lines().join(QLatin1Char('|'))));
+        }
+        QFAIL("the page never got too narrow");
     }
 
     void theFooterStandsAtTheEndAndTheHeaderHasItsColour()
