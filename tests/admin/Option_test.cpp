@@ -1,4 +1,5 @@
 #include "AdminRun.h"
+#include "DurationOptions.h"
 #include "StoreAdmin.h"
 #include "TestStore.h"
 
@@ -53,6 +54,21 @@ private slots:
                             "<Options CheckLengthShift=\"1\" DelayTime=\"900\" IntervalMessage=\"300\"/>\n"));
         QCOMPARE(options.list(), Command::Success);
         QCOMPARE(options.out, told);
+    }
+
+    void theJournalReadsWhatWasSet()
+    {
+        Options options;
+        const auto read = [&options] { return DurationOptions::fromXml(TestStore::text(options.stored())); };
+        QCOMPARE(options.set({QStringLiteral("CheckLengthShift=on"), QStringLiteral("DelayTime=1h"),
+                              QStringLiteral("IntervalMessage=90")}),
+                 Command::Success);
+        QVERIFY(read().isOn);
+        QCOMPARE(read().delay, 3600);
+        QCOMPARE(read().interval, 90);
+        QCOMPARE(options.set({QStringLiteral("CheckLengthShift=нет")}), Command::Success);
+        QVERIFY(!read().isOn);
+        QCOMPARE(options.out, QStringLiteral("CheckLengthShift=off\nDelayTime=1h\nIntervalMessage=1m30s\n"));
     }
 
     void withoutAFileEverythingIsOff()

@@ -247,6 +247,19 @@ private slots:
         QCOMPARE(notices.count(), 1);
     }
 
+    void attachesAFileOfALongName()
+    {
+        const TestStore store;
+        Pane pane(store);
+        pane.journal.select("REC_ORDER");
+        const QString name =
+            QStringLiteral("ж").repeated(120) + QStringLiteral(".pdf"); // as long as a disk takes it
+        pane.attach(pane.make(name, "x"));
+        QCOMPARE(stored(store, name).value(2).toString(), QStringLiteral("REC_ORDER"));
+        pane.journal.deliver();
+        QCOMPARE(pane.table()->item(0, 0)->text(), name);
+    }
+
     void attachesToTheRecordThatWasCurrentBefore()
     {
         const TestStore store;
