@@ -97,7 +97,8 @@ QByteArray grantsSql()
         tables += (tables.isEmpty() ? "" : ", ") + table.name;
     return "GRANT SELECT, INSERT, UPDATE, DELETE ON " + tables +
            " TO vrk_client;\n"
-           "GRANT SELECT ON StoreProperties, StoreFiles, ChangeHead, ChangeTransactions, ChangeLog TO "
+           "GRANT SELECT ON StoreProperties, StoreFiles, ChangeHead, ChangeEnd, ChangeTransactions, "
+           "ChangeLog TO "
            "vrk_client;\n";
 }
 } // namespace

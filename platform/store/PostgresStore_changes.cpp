@@ -10,7 +10,7 @@ bool PostgresStore::position(ChangePosition* position, StoreError* error)
 {
     if (!readyAside(error))
         return false;
-    const PgResult head = m_link.prepared("SELECT vrk_epoch(), number FROM ChangeHead", {}, error);
+    const PgResult head = m_link.prepared("SELECT epoch, number FROM ChangeEnd", {}, error);
     if (!head)
         return false;
     *position = {head.bytes(0, 0), head.integer(0, 1)};
@@ -26,8 +26,9 @@ bool PostgresStore::changesAfter(ChangePosition* position, int limit, QVector<St
     // One statement sees one moment: the end of the log, and the rows up to it or up to the end of the transaction in
     // which the limit is reached. The server plans for one row of ends, as long as nothing has counted its tables, too.
     const PgResult rows = m_link.prepared(
-        "WITH ends AS MATERIALIZED (SELECT vrk_epoch() AS epoch, (SELECT number FROM ChangeHead) AS head, "
-        "(SELECT number FROM ChangeLog WHERE number > $1 ORDER BY number, entry OFFSET $2 LIMIT 1) AS last) "
+        "WITH ends AS MATERIALIZED (SELECT epoch, number AS head, "
+        "(SELECT number FROM ChangeLog WHERE number > $1 ORDER BY number, entry OFFSET $2 LIMIT 1) AS last "
+        "FROM ChangeEnd LIMIT 1) "
         "SELECT ends.epoch, ends.head, ends.last, L.number, L.event, L.tableName, L.rowKey, L.oldRow, "
         "L.newRow "
         "FROM ends LEFT JOIN ChangeLog AS L ON L.number > $1 AND L.number <= coalesce(ends.last, ends.head) "

@@ -12,12 +12,14 @@ CREATE FUNCTION vrk_is_loader() RETURNS boolean LANGUAGE sql STABLE AS $$
            AND pg_has_role(session_user, 'vrk_loader', 'MEMBER');
 $$;
 
--- Names the history: another database, a restored one and a promoted standby each tell another one.
-CREATE FUNCTION vrk_epoch() RETURNS text LANGUAGE sql STABLE SET search_path = pg_catalog, public, pg_temp AS $$
+-- The end of the log, one row. The epoch names the history: another database, a restored one and a promoted standby each
+-- tell another one. A view, since every reading of every listener asks for it, and a function costs more than the rest.
+CREATE VIEW ChangeEnd AS
     SELECT (SELECT value FROM StoreProperties WHERE name = 'epoch')
            || '.' || (SELECT oid FROM pg_database WHERE datname = current_database())
-           || '.' || left(pg_walfile_name(pg_current_wal_lsn()), 8);
-$$;
+           || '.' || left(pg_walfile_name(pg_current_wal_lsn()), 8) AS epoch,
+           number
+    FROM ChangeHead;
 
 CREATE FUNCTION vrk_part(part bytea) RETURNS bytea LANGUAGE sql IMMUTABLE AS $$
     SELECT convert_to(coalesce(length(part), 0)::text || ':', 'UTF8') || coalesce(part, '');
