@@ -13,12 +13,18 @@ enum Choice { WriteAsNew, TakeKept, DropKept };
 } // namespace
 
 CommentCreatorDialog::CommentCreatorDialog(QWidget* parent, int flag)
-    : CPopTemplate(parent, flag), m_form(new Ui::CommentCreatorDialog), m_notice(new NoticeBar(this))
+    : CPopTemplate(parent, flag),
+      m_form(new Ui::CommentCreatorDialog),
+      m_warningBar(new NoticeBar(this)),
+      m_keptBar(new NoticeBar(this))
 {
     m_form->setupUi(this);
-    m_notice->setObjectName(QStringLiteral("commentNotice"));
-    m_form->verticalLayout->insertWidget(0, m_notice);
-    connect(m_notice, &NoticeBar::chosen, this, &CommentCreatorDialog::choose);
+    m_warningBar->setObjectName(QStringLiteral("warningBar"));
+    m_keptBar->setObjectName(QStringLiteral("keptBar"));
+    for (NoticeBar* bar : {m_keptBar, m_warningBar}) {
+        m_form->verticalLayout->insertWidget(0, bar);
+        connect(bar, &NoticeBar::chosen, this, &CommentCreatorDialog::choose);
+    }
     setWindowIcon(QIcon(QStringLiteral(":/icons/comment.png")));
     setGuarding(true); // the comment goes to the current record of the window below
     connect(m_form->commentEdit, &QTextEdit::textChanged, this,
@@ -57,21 +63,19 @@ void CommentCreatorDialog::keep(const QString& text)
         m_kept.append(text);
 }
 
-void CommentCreatorDialog::tellNotice()
+void CommentCreatorDialog::tellNotices()
 {
-    QVector<NoticeBar::Choice> choices;
-    if (!m_warning.isEmpty())
-        choices.append({WriteAsNew, tr("Добавить новый"), QStringLiteral("asNewButton")});
-    if (!m_kept.isEmpty()) {
-        choices.append({TakeKept, tr("Вернуть незаписанный текст"), QStringLiteral("takeKeptButton")});
-        choices.append({DropKept, tr("Забыть его"), QStringLiteral("dropKeptButton")});
-    }
-    if (choices.isEmpty())
-        m_notice->hide();
-    else if (!m_warning.isEmpty())
-        m_notice->tell(NoticeBar::Warning, m_warning, choices);
+    if (m_warning.isEmpty())
+        m_warningBar->hide();
     else
-        m_notice->tell(NoticeBar::Question, tr("Прошлый текст записать не удалось."), choices);
+        m_warningBar->tell(NoticeBar::Warning, m_warning,
+                           {{WriteAsNew, tr("Добавить новый"), QStringLiteral("asNewButton")}});
+    if (m_kept.isEmpty())
+        m_keptBar->hide();
+    else
+        m_keptBar->tell(NoticeBar::Question, tr("Прошлый текст записать не удалось."),
+                        {{TakeKept, tr("Вернуть его"), QStringLiteral("takeKeptButton")},
+                         {DropKept, tr("Забыть"), QStringLiteral("dropKeptButton")}});
 }
 
 void CommentCreatorDialog::choose(int choice)
@@ -87,7 +91,7 @@ void CommentCreatorDialog::choose(int choice)
             m_form->commentEdit->setPlainText(text);
         }
     }
-    tellNotice();
+    tellNotices();
     m_form->commentEdit->moveCursor(QTextCursor::End);
     m_form->commentEdit->setFocus();
 }
@@ -118,7 +122,7 @@ void CommentCreatorDialog::hideEvent(QHideEvent* event)
 void CommentCreatorDialog::showEvent(QShowEvent* event)
 {
     m_form->applyButton->setEnabled(false); // until the text changes, also when there is one: meant
-    tellNotice();
+    tellNotices();
     m_form->commentEdit->moveCursor(QTextCursor::End);
     m_form->commentEdit->setFocus();
     resize(600, 400);

@@ -45,11 +45,12 @@ protected:
 
 private:
     void apply();
-    void tellNotice();
+    void tellNotices();
     void choose(int choice);
 
     std::unique_ptr<Ui::CommentCreatorDialog> m_form;
-    NoticeBar* m_notice;
+    NoticeBar* m_warningBar;
+    NoticeBar* m_keptBar;
     QString m_commentKey;
     QString m_warning;
     QStringList m_kept; ///< could not be written

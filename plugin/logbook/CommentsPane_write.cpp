@@ -31,12 +31,12 @@ QString CommentsPane::replacementWarning(const QString& commentKey) const
         return QString();
     const MDRData* old = row(commentKey);
     if (!old)
-        return tr("Комментария, который вы меняли последним, здесь уже нет: новый текст не будет записан.");
+        return tr("Текст не будет записан: комментария, который вы меняли последним, здесь уже нет.");
     QString text = source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(old, "text_")));
     text = text.simplified();
     if (text.size() > shown)
         text = text.left(shown) + QStringLiteral("…");
-    return tr("Новый текст заменит комментарий, который вы меняли последним: «%1».").arg(text);
+    return tr("Текст заменит ваш прежний комментарий: «%1».").arg(text);
 }
 
 /// The status of the record is not asked: the writer may change a comment on a deleted record. Meant.

@@ -22,7 +22,8 @@ private:
                 qFatal("the window does not show");
         }
         QTextEdit* edit() { return dialog.findChild<QTextEdit*>(QStringLiteral("commentEdit")); }
-        NoticeBar* notice() { return dialog.findChild<NoticeBar*>(QStringLiteral("commentNotice")); }
+        NoticeBar* notice() { return dialog.findChild<NoticeBar*>(QStringLiteral("warningBar")); }
+        NoticeBar* keptBar() { return dialog.findChild<NoticeBar*>(QStringLiteral("keptBar")); }
         QPushButton* button(const char* name) { return dialog.findChild<QPushButton*>(QLatin1String(name)); }
         QPushButton* apply() { return dialog.findChild<QPushButton*>(QStringLiteral("applyButton")); }
         QPushButton* cancel() { return dialog.findChild<QPushButton*>(QStringLiteral("cancelButton")); }
@@ -129,10 +130,11 @@ private slots:
         f.dialog.keep(QStringLiteral("Первый"));
         f.dialog.keep(QStringLiteral("Второй"));
         f.dialog.show();
-        QCOMPARE(f.notice()->text(), QStringLiteral("Прошлый текст записать не удалось."));
+        QCOMPARE(f.keptBar()->text(), QStringLiteral("Прошлый текст записать не удалось."));
         QTest::mouseClick(f.button("takeKeptButton"), Qt::LeftButton);
         QCOMPARE(f.edit()->toPlainText(), QStringLiteral("Второй"));
         QVERIFY(f.apply()->isEnabled());
+        QVERIFY(!f.notice()->isVisible());
         f.cancel()->click(); // not written: offered again
         f.dialog.clear();
         f.dialog.show();
@@ -145,13 +147,13 @@ private slots:
         QCOMPARE(f.edit()->toPlainText(), QStringLiteral("Первый"));
         f.apply()->click();
         f.dialog.show();
-        QVERIFY(!f.notice()->isVisible());
+        QVERIFY(!f.keptBar()->isVisible());
         f.dialog.close();
 
         f.dialog.keep(QStringLiteral("Третий"));
         f.dialog.show();
         QTest::mouseClick(f.button("dropKeptButton"), Qt::LeftButton);
-        QVERIFY(!f.notice()->isVisible());
+        QVERIFY(!f.keptBar()->isVisible());
     }
 
     void breaksLinesByReturnAndAppliesByCtrlEnter()

@@ -31,7 +31,7 @@ private:
         QToolButton* readed() { return journal.child<QToolButton>("readedCommentButton"); }
         CommentCreatorDialog* editor() { return journal.module().findChild<CommentCreatorDialog*>(); }
         QTextEdit* edit() { return editor()->findChild<QTextEdit*>(QStringLiteral("commentEdit")); }
-        NoticeBar* notice() { return editor()->findChild<NoticeBar*>(QStringLiteral("commentNotice")); }
+        NoticeBar* notice() { return editor()->findChild<NoticeBar*>(QStringLiteral("warningBar")); }
         void doubleClick(int row)
         {
             const QPoint place = list()->visualItemRect(list()->item(row)).center();
@@ -414,7 +414,8 @@ private slots:
         QVERIFY(!pane.journal.box());
         QCOMPARE(stored(store, QStringLiteral("Важное")).value(2).toString(), QStringLiteral("REC_TRIP"));
         QTest::mouseClick(pane.create(), Qt::LeftButton);
-        QVERIFY(!pane.notice()->isVisible()); // it is written now
+        QVERIFY(
+            !pane.editor()->findChild<NoticeBar*>(QStringLiteral("keptBar"))->isVisible()); // it is written
     }
 
     void saysWhichCommentTheNextOneReplaces()
