@@ -1,4 +1,5 @@
 #include "CVrkConverter.h"
+#include "CVrkTemplateEditor.h"
 #include "DemoStore.h"
 #include "HtmlParser.h"
 #include "LogbookFields.h"
@@ -9,16 +10,20 @@
 #include "TemplateEditor.h"
 #include "TemplateFiller.h"
 #include "TemplatesWidget.h"
+#include "TemplateTab.h"
 #include "TemplateText.h"
 #include "TestClient.h"
 
 #include <memory>
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTextCodec>
 #include <QTextEdit>
+#include <QTreeView>
 
 /// The earlier journal of the demo, converted and saved: what the journal makes of its templates.
 class ConvertedDemo_test : public QObject
@@ -122,6 +127,33 @@ private slots:
             editor.setTemplateText(html);
             QCOMPARE(editor.templateText(), html);
         }
+    }
+
+    void the_configurator_has_the_templates_and_offers_the_parameters()
+    {
+        TestClient client(*m_store, DemoStore::administrator());
+        CVrkTemplateEditor window(&client.app());
+        window.show();
+        QVERIFY(window.ModuleStart());
+        auto* page = window.findChild<TemplateTab*>(QStringLiteral("publicTemplates"));
+        const auto holds = [](const QAbstractItemModel* model, const char* name) {
+            return !model
+                        ->match(model->index(0, 0), Qt::DisplayRole, QString::fromUtf8(name), 1,
+                                Qt::MatchExactly | Qt::MatchRecursive)
+                        .isEmpty();
+        };
+        const auto* parameters = page->findChild<QTreeView*>(QStringLiteral("parametersTree"))->model();
+        for (const char* name : {"Параметры", "Время начала", "Операция", "Примечание"})
+            QVERIFY2(holds(parameters, name), name);
+        auto* tree = page->findChild<QTreeView*>(QStringLiteral("templatesTree"));
+        QVERIFY(holds(tree->model(), "Нарушения (прежний журнал)"));
+        page->findChild<QLineEdit*>(QStringLiteral("searchEdit"))->setText(QStringLiteral("Отключение ВЛ"));
+        QCOMPARE(tree->currentIndex().data().toString(), QStringLiteral("Отключение ВЛ"));
+        QCOMPARE(page->findChild<QLineEdit*>(QStringLiteral("templateCommandEdit"))->text(),
+                 QStringLiteral("Сообщено"));
+        QCOMPARE(page->findChild<QComboBox*>(QStringLiteral("templateFirstMarkBox"))->currentText(),
+                 QStringLiteral("Авария"));
+        QVERIFY(!page->isExistUnsaved()); // showing it changes nothing
     }
 
     void one_of_each_kind_is_saved_as_a_record()
