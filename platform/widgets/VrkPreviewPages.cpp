@@ -268,6 +268,8 @@ VrkPreviewPages::Needs VrkPreviewPages::needsOf(int column) const
     Needs needs;
     QSet<QString> seen;
     const auto measure = [&](const Cell& cell, const QFontMetricsF& metrics) {
+        if (!cell.icon.isNull())
+            needs.word = qMax(needs.word, iconSide + 2 * padding);
         if (seen.contains(cell.text))
             return;
         seen.insert(cell.text);

@@ -198,6 +198,23 @@ private slots:
             for (int y = 0; y < image.height(); ++y)
                 isGreen |= image.pixelColor(x, y) == QColor(Qt::green);
         QVERIFY(isGreen);
+
+        // A column that has to give way keeps room for them.
+        for (const char* field : {"KeyLink", "ShiftKey", "WorkerKey", "recordTime", "eventTime"}) {
+            s.tool.setColumnVisible(QLatin1String(field), true);
+            s.view.horizontalHeader()->resizeSection(s.tool.model()->idxField(QLatin1String(field)), 400);
+        }
+        s.tool.model()->setHeaderData(QStringLiteral("status"), Qt::Horizontal, QString(), Qt::DisplayRole);
+        s.view.horizontalHeader()->resizeSection(s.tool.model()->idxField(QStringLiteral("status")), 10);
+        const Recording narrow(s.printed());
+        QVERIFY(!narrow.pixmaps.isEmpty());
+        for (const PaintRecord::Pixmap& shown : narrow.pixmaps) {
+            const bool isFramed =
+                std::any_of(narrow.rects.begin(), narrow.rects.end(), [&](const PaintRecord::Rect& frame) {
+                    return !frame.isFilled && frame.rect.contains(shown.rect);
+                });
+            QVERIFY(isFramed);
+        }
     }
 
     void theDayLinesOfTheViewArePrinted()
