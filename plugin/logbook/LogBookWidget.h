@@ -181,15 +181,14 @@ private:
     void uploadWorkersWorkshiftTable();
     void uploadRecordsWorkshift();
     void uploadRecordsInterval(const QDateTime& from, const QDateTime& to);
-    void uploadCommentsRecords();
-    void uploadFilesRecords();
+    void uploadCommentsAndFiles();
     void uploadShiftsTable();
     void uploadRolesTable();
     void uploadWorkerRolesTable();
     void uploadTemplatesTable();
     /// Runs a select into a table. A failure is logged under the signature and leaves the table as it was.
     bool request(CModelTable& table, const QString& sql, const char* signature) const;
-    void uploadByRecords(CModelTable& target, const char* signature);
+    void uploadByRecords(CModelTable& target, const QString& keys, const char* signature);
     void uploadOfDepartment(CModelTable& target, const char* signature);
     void clearTables(std::initializer_list<CModelTable*> tables);
     void finishLoad();

@@ -39,8 +39,7 @@ void LogBookWidget::uploadRealTimeWorkshift()
     uploadOpenWorkshift();
     uploadWorkersWorkshiftTable();
     uploadRecordsWorkshift();
-    uploadCommentsRecords();
-    uploadFilesRecords();
+    uploadCommentsAndFiles();
     uploadShiftsTable();
     uploadRolesTable();
     uploadWorkerRolesTable();
@@ -81,8 +80,7 @@ void LogBookWidget::uploadRecordsIn(const QDateTime& from, const QDateTime& to)
     m_tableTool->model()->beginResetModel();
     clearTables({&m_workshifts, &m_crew, &m_records, &m_comments, &m_files});
     uploadRecordsInterval(from, to);
-    uploadCommentsRecords();
-    uploadFilesRecords();
+    uploadCommentsAndFiles();
     prepareRecords();
     finishLoad();
 }
@@ -91,8 +89,7 @@ void LogBookWidget::uploadShownWorkshift()
 {
     uploadWorkersWorkshiftTable();
     uploadRecordsWorkshift();
-    uploadCommentsRecords();
-    uploadFilesRecords();
+    uploadCommentsAndFiles();
     uploadRolesTable();
     uploadWorkerRolesTable();
     uploadTemplatesTable();
@@ -180,23 +177,19 @@ void LogBookWidget::uploadRecordsInterval(const QDateTime& from, const QDateTime
         TableLoad::repack(answer.data, m_records.data);
 }
 
-void LogBookWidget::uploadCommentsRecords()
-{
-    uploadByRecords(m_comments, "void LogBookWidget::uploadCommentsRecords()");
-}
-
-void LogBookWidget::uploadFilesRecords()
-{
-    uploadByRecords(m_files, "void LogBookWidget::uploadFilesRecords()");
-}
-
-void LogBookWidget::uploadByRecords(CModelTable& target, const char* signature)
+void LogBookWidget::uploadCommentsAndFiles()
 {
     if (m_records.data.RecCount() == 0)
         return;
+    const QString keys = TableLoad::quotedKeys(m_records.data); // a long list: made once
+    uploadByRecords(m_comments, keys, "void LogBookWidget::uploadCommentsRecords()");
+    uploadByRecords(m_files, keys, "void LogBookWidget::uploadFilesRecords()");
+}
+
+void LogBookWidget::uploadByRecords(CModelTable& target, const QString& keys, const char* signature)
+{
     const QString sql = QString::fromLatin1(LogbookSql::ByRecords)
-                            .arg(QString::fromStdString(target.name), QStringLiteral("RecordKey"),
-                                 TableLoad::quotedKeys(m_records.data));
+                            .arg(QString::fromStdString(target.name), QStringLiteral("RecordKey"), keys);
     request(target, sql, signature);
 }
 

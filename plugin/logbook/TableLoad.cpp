@@ -2,30 +2,43 @@
 
 #include "MDRValues.h"
 
+#include <utility>
+#include <vector>
+
 QString TableLoad::quotedKeys(const CMDArray& table)
 {
+    constexpr int usualLength = 35; // a key of 32 characters, two quotes, a comma
+    const MDRField* field = MDRFldByName(table.array, "KeyLink");
+    const int rows = table.RecCount();
     QByteArray list;
+    list.reserve(rows * usualLength);
     MDRVar key;
-    for (int i = 0; i < table.RecCount(); ++i) {
-        table.GetVal(MDARec(table.array, 0, i), "KeyLink", key);
+    for (int i = 0; i < rows; ++i) {
+        MDRGetVal(field, MDARec(table.array, 0, i), &key);
         if (!list.isEmpty())
-            list += ',';
-        list += '\'' + MDRValue::bytes(key) + '\'';
+            list.append(',');
+        list.append('\'');
+        if (MDRValue::hasText(key))
+            list.append(key.value.text.data, key.value.text.length);
+        list.append('\'');
     }
     return QString::fromUtf8(list);
 }
 
 MDRData* TableLoad::repack(const CMDArray& answer, CMDArray& records)
 {
-    const int fields = MDAFldCount(answer.array);
+    std::vector<std::pair<const MDRField*, const MDRField*>> fields;
+    for (int number = 0; number < MDAFldCount(answer.array); ++number)
+        fields.emplace_back(MDRFldByNum(answer.array, number), MDRFldByNum(records.array, number));
     MDRData* last = nullptr;
-    for (int i = 0; i < answer.RecCount(); ++i) {
+    const int rows = answer.RecCount();
+    for (int i = 0; i < rows; ++i) {
         const MDRData* source = MDARec(answer.array, 0, i);
         MDRData* record = MDARecNew(records.array);
-        for (int number = 0; number < fields; ++number) {
+        for (const auto& [from, to] : fields) {
             MDRVar value;
-            MDRGetVal(MDRFldByNum(answer.array, number), source, &value);
-            MDRSetVal(MDRFldByNum(records.array, number), record, &value);
+            MDRGetVal(from, source, &value);
+            MDRSetVal(to, record, &value);
         }
         last = records.RecPost(record);
     }

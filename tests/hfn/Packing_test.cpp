@@ -500,6 +500,9 @@ void Packing_test::writerAndReaderAgree()
     QCOMPARE(packed.toHex(), QByteArray("544553540118000000"
                                         "fa00286bee000000000000c0bf0300000061006200000000"
                                         "1f5327be"));
+    const QByteArray nothing = PackedWriter("TEST").finish(); // a form without content is one all the same
+    QVERIFY(PackedReader("TEST", nothing.constData(), nothing.size()).finished());
+    QVERIFY(!PackedReader("TEST", nothing.constData(), nothing.size() - 1).ok());
     QVERIFY(!PackedReader("TEST", nullptr, 0).ok());
     QVERIFY(!PackedReader("TEST", packed.constData(), -1).ok());
 }

@@ -39,6 +39,7 @@ private slots:
     void allButtonsAreShown();
     void entriesOfTheMenusShowTheirDialogs_data();
     void entriesOfTheMenusShowTheirDialogs();
+    void theButtonOfTheShiftDoesWhatComesNext();
     void theTabOfCommentsKnowsWhoAndWhere();
     void theStatusPanelNamesTheState();
     void theIntervalIsThatOfTheShift();
@@ -265,6 +266,31 @@ void CVrkLogBook_test::entriesOfTheMenusShowTheirDialogs()
     QVERIFY(shown && !shown->isVisible());
     action(qPrintable(entry))->trigger();
     QVERIFY(shown->isVisible());
+}
+
+void CVrkLogBook_test::theButtonOfTheShiftDoesWhatComesNext()
+{
+    start();
+    const auto shown = [this](const char* name) {
+        auto* dialog = m_window->findChild<QWidget*>(QLatin1String(name));
+        const bool isShown = dialog->isVisible();
+        dialog->close();
+        return isShown;
+    };
+    // In the archive it tells about the shift, in the open one it closes it, without one it opens the next.
+    home()->uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
+    button("workshiftButton")->click();
+    QVERIFY(shown("WorkshiftInfoDialog"));
+    button("timeButton")->click();
+    home()->deleteAllDraftsRequest();
+    m_client->deliver();
+    button("workshiftButton")->click();
+    QVERIFY(shown("CloseWorkshiftDialog"));
+    QVERIFY(TestStore::write(m_store->openLoader().get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                             {{"CloseWorkerKey", "WORKER_IVANOV"}}));
+    m_client->deliver();
+    button("workshiftButton")->click();
+    QVERIFY(shown("OpenWorkshiftDialog"));
 }
 
 void CVrkLogBook_test::theTabOfCommentsKnowsWhoAndWhere()
