@@ -3,8 +3,11 @@
 #include "CommentCreatorDialog.h"
 #include "CPopMessageBox.h"
 #include "CVrkLogBook.h"
+#include "FailingStore.h"
 #include "HFNCliParam.h"
+#include "LocationInfo.h"
 #include "LogWatch.h"
+#include "MadeTable.h"
 #include "MessageListDelegate.h"
 #include "RecordValue.h"
 #include "TestClient.h"
@@ -149,6 +152,36 @@ private slots:
         QCOMPARE(desk.caption(), captionOf(0));
         QCOMPARE(desk.rowsInTable(), 0);
         QVERIFY(!desk.button("createCommentButton")->isEnabled());
+    }
+
+    void asksForNoCommentsOfNoRecords()
+    {
+        const TestStore store;
+        const auto plan = std::make_shared<FailingStore::Plan>();
+        TestClient client(std::make_unique<FailingStore>(store.open(QStringLiteral("petrov")), plan));
+        CVrkCliMod module(&client.app());
+        MadeTable workers("Workers", MadeWorkerFields, "KeyLink");
+        const auto open = [&](const char* worker) {
+            LocationInfo location;
+            location.setWorkersTable(&workers);
+            location.setWorkerKey(QLatin1String(worker));
+            plan->selects.clear();
+            CommentsWidget tab;
+            tab.init(&module, &location);
+            return tab.title();
+        };
+        QCOMPARE(open("WORKER_PETROV"), captionOf(0));
+        QCOMPARE(plan->selects.size(), 1);
+        QVERIFY(plan->selects[0].startsWith("SELECT * FROM LogbookRecords"));
+        QCOMPARE(open("WORKER_IVANOV"), captionOf(2));
+        QCOMPARE(plan->selects.size(), 3);
+        QVERIFY(plan->selects[1].startsWith("SELECT * FROM LogbookComments WHERE RecordKey IN ('REC_"));
+        QVERIFY(plan->selects[2].startsWith("SELECT * FROM LogbookFiles WHERE RecordKey IN ('REC_"));
+
+        plan->failedSelects = 1; // a failed load leaves the tab empty, and nothing more is asked
+        QCOMPARE(open("WORKER_IVANOV"), captionOf(0));
+        QCOMPARE(plan->selects.size(), 1);
+        QVERIFY(!m_log->take(QStringLiteral("CVrkCliSes")).isEmpty());
     }
 
     void isOpenedOnceAndClosedLikeOthers()

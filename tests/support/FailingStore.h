@@ -2,16 +2,19 @@
 
 #include "Store.h"
 
+#include <QList>
+
 /// A real store whose next requests fail as the test says.
 class FailingStore : public Store
 {
 public:
     /// What the test and the store, which belongs to the session, share.
     struct Plan {
-        int refusedWrites = 0; ///< of the next writes so many are refused, and nothing is written
-        int lostAnswers = 0;   ///< of the next writes so many are written, but the answer is lost
-        int failedSelects = 0; ///< of the next selects so many fail
-        int writes = 0;        ///< writes asked for so far
+        int refusedWrites = 0;     ///< of the next writes so many are refused, and nothing is written
+        int lostAnswers = 0;       ///< of the next writes so many are written, but the answer is lost
+        int failedSelects = 0;     ///< of the next selects so many fail
+        int writes = 0;            ///< writes asked for so far
+        QList<QByteArray> selects; ///< asked for so far
     };
 
     FailingStore(std::unique_ptr<Store> store, std::shared_ptr<Plan> plan)
@@ -37,6 +40,7 @@ public:
     double serverTime() override { return m_store->serverTime(); }
     MDArray* select(const QByteArray& sql, StoreError* error) override
     {
+        m_plan->selects.append(sql);
         if (m_plan->failedSelects-- > 0) {
             *error = {StoreError::Locked, refusal(), QString()};
             return nullptr;
