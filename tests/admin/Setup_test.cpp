@@ -294,6 +294,31 @@ private slots:
         QVERIFY(m_err.contains(QStringLiteral("должна быть в кодировке UTF8")));
     }
 
+    void doctorNamesLinesOfTheAccessFile()
+    {
+        const QString url = m_cluster->url(QStringLiteral("site"));
+        QCOMPARE(m_cluster->exec(QStringLiteral(
+                     "COPY (SELECT 'local all postgres trust' UNION ALL SELECT 'host all all 10.0.0.0/8 md5' "
+                     "UNION ALL SELECT 'hostssl all all nonsense scram-sha-256 x') TO PROGRAM 'cat > "
+                     "pg_hba.conf'")),
+                 QString());
+        run({QStringLiteral("doctor"), url});
+        QVERIFY2(m_out.contains(QStringLiteral("Строка 2 файла доступа pg_hba.conf пускает способом «md5».")),
+                 qPrintable(m_out));
+        QVERIFY2(m_out.contains(QStringLiteral("В строке 3 файла доступа pg_hba.conf ошибка: ")),
+                 qPrintable(m_out));
+        QVERIFY(!m_out.contains(QStringLiteral("Строка 1 ")));
+        m_cluster->requirePasswords();
+        run({QStringLiteral("doctor"), url});
+        QVERIFY(!m_out.contains(QStringLiteral("pg_hba.conf")));
+        // A password that the server does not take.
+        qputenv("PGPASSWORD", "wrong");
+        run({QStringLiteral("doctor"), m_cluster->url(QStringLiteral("site"), QStringLiteral("orlov"))});
+        qunsetenv("PGPASSWORD");
+        QVERIFY2(m_out.contains(QStringLiteral("не принял имя или пароль")), qPrintable(m_out));
+        QVERIFY2(m_out.contains(QStringLiteral("Проверьте имя и пароль")), qPrintable(m_out));
+    }
+
     void watchdogEndsWhatRunsTooLong()
     {
         const QString url = m_cluster->url(QStringLiteral("site"));

@@ -1,9 +1,11 @@
 #include "ChangeFeed.h"
 #include "CMDArray.h"
 #include "GenGuid32.h"
+#include "MDRValues.h"
 #include "PgConnection.h"
 #include "PrivateCluster.h"
 #include "StoreAdmin.h"
+#include "TableCatalog.h"
 #include "TestStore.h"
 
 #include <QtTest>
@@ -165,6 +167,117 @@ private slots:
         QVector<StoreChange> changes;
         QVERIFY(!store->changesAfter(&position, 10, &changes, &error));
         QCOMPARE(error.code, StoreError::NotAStore);
+    }
+
+    void deadlockedBatchIsWrittenAtTheNextTry()
+    {
+        const auto store = open();
+        for (const char* key : {"A", "B"})
+            QVERIFY(write(store.get(), key));
+        const std::unique_ptr<PGconn, decltype(&PQfinish)> other(PQconnectdb(m_url.toUtf8().constData()),
+                                                                 PQfinish);
+        const auto exec = [&](const char* sql) {
+            const std::unique_ptr<PGresult, decltype(&PQclear)> done(PQexec(other.get(), sql), PQclear);
+            return PQresultStatus(done.get()) == PGRES_COMMAND_OK ||
+                   PQresultStatus(done.get()) == PGRES_TUPLES_OK;
+        };
+        // The other one holds B and wants A; ours holds A by then and wants B. Ours, which waited first, is the victim.
+        QVERIFY(exec(
+            "SET deadlock_timeout = '60s'; BEGIN; SELECT set_config('vrk.batch_key', 'other', true), "
+            "set_config('vrk.loader', 'on', true); UPDATE Roles SET name_ = 'other' WHERE KeyLink = 'B'"));
+        QCOMPARE(m_cluster->exec(
+                     QStringLiteral("ALTER DATABASE site%1 SET deadlock_timeout = '100ms'").arg(m_count)),
+                 QString());
+        const auto ours = open();
+        int looks = 0;
+        bool isEnded = false;
+        ours->setProgress([&] {
+            if (++looks == 1) {
+                PQsendQuery(other.get(), "UPDATE Roles SET name_ = 'other' WHERE KeyLink = 'A'");
+                return;
+            }
+            PQconsumeInput(other.get());
+            if (isEnded || PQisBusy(other.get()))
+                return;
+            while (PGresult* result = PQgetResult(other.get()))
+                PQclear(result);
+            isEnded = exec("COMMIT");
+        });
+        const QVector<MDRFieldDescr> fields = TableCatalog::table("Roles")->descriptors();
+        CRowBatch batch(fields.constData(), fields.size());
+        const QByteArray name("ours");
+        for (const char* key : {"A", "B"}) {
+            MDRData* row = batch.newRow(ROW_UPDATE, key);
+            batch.SetValF(row, "name_", MDRValue::text(name));
+            batch.RecPost(row);
+        }
+        StoreError error;
+        QVERIFY2(ours->apply({{"Roles", batch.array}}, "ours", &error),
+                 qPrintable(error.text + error.detail));
+        QVERIFY(isEnded);
+        QCOMPARE(count(store.get(), "SELECT count(*) AS n FROM Roles WHERE name_ = 'ours'"), 2);
+        QCOMPARE(count(store.get(), "SELECT count(*) AS n FROM ChangeLog WHERE event = 602"), 4);
+    }
+
+    void addressesTakeTheServersOwnOptions()
+    {
+        const QString socket = QString::fromLatin1(QUrl::toPercentEncoding(m_cluster->socketFolder()));
+        const QString database = QStringLiteral("site%1").arg(m_count);
+        QTemporaryDir folder;
+        StoreError error;
+        // Several hosts: the first one is not there.
+        QVERIFY2(Store::open(
+                     QStringLiteral("postgresql://postgres@/%1?host=%2,%3&target_session_attrs=read-write")
+                         .arg(database, QString::fromLatin1(QUrl::toPercentEncoding(folder.path())), socket),
+                     {}, &error),
+                 qPrintable(error.text + error.detail));
+        // A service file.
+        QFile services(folder.filePath(QStringLiteral("services")));
+        QVERIFY(services.open(QIODevice::WriteOnly));
+        services.write(QStringLiteral("[journal]\nhost=%1\ndbname=%2\nuser=postgres\n")
+                           .arg(m_cluster->socketFolder(), database)
+                           .toUtf8());
+        services.close();
+        qputenv("PGSERVICEFILE", services.fileName().toUtf8());
+        const auto store = Store::open(QStringLiteral("postgresql://?service=journal"), {}, &error);
+        qunsetenv("PGSERVICEFILE");
+        QVERIFY2(store, qPrintable(error.text + error.detail));
+    }
+
+    void hostThatOnlyReadsIsPassedOver()
+    {
+        PrivateCluster spare("default_transaction_read_only = on\n");
+        const auto hosts = [&](const QString& first, const QString& second) {
+            return QStringLiteral(
+                       "postgresql://postgres@/postgres?host=%1,%2&target_session_attrs=read-write")
+                .arg(QString::fromLatin1(QUrl::toPercentEncoding(first)),
+                     QString::fromLatin1(QUrl::toPercentEncoding(second)));
+        };
+        for (const bool isSpareFirst : {true, false}) {
+            PgConnection link(isSpareFirst ? hosts(spare.socketFolder(), m_cluster->socketFolder())
+                                           : hosts(m_cluster->socketFolder(), spare.socketFolder()),
+                              15000);
+            StoreError error;
+            QVERIFY2(link.connect(link.connectMs(), &error), qPrintable(error.text + error.detail));
+            const PgResult folder = link.run("SELECT current_setting('unix_socket_directories')", &error);
+            QCOMPARE(folder.bytes(0, 0), m_cluster->socketFolder().toUtf8());
+        }
+    }
+
+    void everythingBelongsToARoleThatCannotLogIn()
+    {
+        const auto store = open();
+        QCOMPARE(count(store.get(),
+                       "SELECT count(*) AS n FROM pg_class WHERE relnamespace = 'public'::regnamespace "
+                       "AND pg_get_userbyid(relowner) <> 'vrk_owner'"),
+                 0);
+        QCOMPARE(count(store.get(),
+                       "SELECT count(*) AS n FROM pg_proc WHERE pronamespace = 'public'::regnamespace "
+                       "AND pg_get_userbyid(proowner) <> 'vrk_owner'"),
+                 0);
+        QCOMPARE(count(store.get(),
+                       "SELECT count(*) AS n FROM pg_roles WHERE rolname LIKE 'vrk%' AND rolcanlogin"),
+                 0);
     }
 
     void tablesAreNotTruncated()
