@@ -3,6 +3,7 @@
 #include "DemoTemplates.h"
 #include "DemoWriter.h"
 #include "GenGuid32.h"
+#include "HiddenInput.h"
 #include "Sheet.h"
 
 #include <functional>
@@ -30,7 +31,7 @@ public:
         while (m_error.isEmpty()) {
             m_out << question << QStringLiteral(": ");
             m_out.flush();
-            QString line = m_in.readLine();
+            QString line = isKept ? m_in.readLine() : hiddenLine();
             ++m_line;
             while (m_isFile && line.startsWith(QLatin1Char('#'))) {
                 line = m_in.readLine();
@@ -70,6 +71,12 @@ public:
     }
 
 private:
+    QString hiddenLine()
+    {
+        const HiddenInput hidden;
+        return m_in.readLine();
+    }
+
     QTextStream& m_in;
     QTextStream& m_out;
     bool m_isFile;

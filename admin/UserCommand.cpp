@@ -1,6 +1,20 @@
 #include "UserCommand.h"
 
+#include "HiddenInput.h"
 #include "StoreAdmin.h"
+
+namespace
+{
+QString typedPassword(Streams& streams)
+{
+    const HiddenInput hidden;
+    if (hidden.isTerminal()) {
+        streams.out << QStringLiteral("Пароль: ");
+        streams.out.flush();
+    }
+    return streams.in->readLine();
+}
+} // namespace
 
 QString UserCommand::summary() const
 {
@@ -35,7 +49,7 @@ Command::ExitCode UserCommand::run(const QStringList& arguments, Streams& stream
     if (verb == QLatin1String("add") && arguments.size() == 4)
         return outcome(StoreAdmin::addUser(url, arguments[2], arguments[3], &error), streams, error);
     if (verb == QLatin1String("password") && arguments.size() == 3 && streams.in)
-        return outcome(StoreAdmin::setPassword(url, arguments[2], streams.in->readLine(), &error), streams,
+        return outcome(StoreAdmin::setPassword(url, arguments[2], typedPassword(streams), &error), streams,
                        error);
     if (verb == QLatin1String("remove") && arguments.size() == 3)
         return outcome(StoreAdmin::removeUser(url, arguments[2], &error), streams, error);
