@@ -1,6 +1,7 @@
 #include "UserCommand.h"
 
 #include "HiddenInput.h"
+#include "SheetImport.h"
 #include "StoreAdmin.h"
 
 namespace
@@ -14,6 +15,39 @@ QString typedPassword(Streams& streams)
     }
     return streams.in->readLine();
 }
+
+/// A login and the worker who goes with it, in one transaction.
+bool addWorker(const QString& url, const QString& login, const QString& name, const QString& department,
+               StoreError* error)
+{
+    Store::Options options;
+    options.loader = true;
+    const auto store = Store::open(url, options, error);
+    if (!store)
+        return false;
+    const QStringList names = name.simplified().split(QLatin1Char(' '));
+    const QString loginHeading = QStringLiteral("Логин");
+    SheetImport import(store.get());
+    import.take(Sheets::of("Users"), {{loginHeading, QStringLiteral("Имя")}, { login, name }});
+    import.take(Sheets::of("Workers"), {{QStringLiteral("Подразделение"), QStringLiteral("Фамилия"),
+                                         QStringLiteral("Имя"), QStringLiteral("Отчество"), loginHeading},
+                                        { department,
+                                          names.value(0),
+                                          names.value(1),
+                                          names.mid(2).join(QLatin1Char(' ')),
+                                          login }});
+    const bool isSound = import.compare(error);
+    const auto refuse = [error](const QString& text) {
+        if (!*error)
+            *error = {StoreError::BadRequest, text, QString()};
+        return false;
+    };
+    if (!isSound) // without the name and line of the sheet that nobody has written
+        return refuse(import.errors().value(0).section(QStringLiteral(": "), 1));
+    if (!import.admitted().contains(login))
+        return refuse(QStringLiteral("Пользователь «%1» уже есть.").arg(login));
+    return StoreAdmin::admit(url, login, true, error) && import.write(error);
+}
 } // namespace
 
 QString UserCommand::summary() const
@@ -24,9 +58,12 @@ QString UserCommand::summary() const
 QString UserCommand::usage() const
 {
     return QStringLiteral("vrk-admin user URL list\n"
-                          "vrk-admin user URL add LOGIN NAME\n"
+                          "vrk-admin user URL add LOGIN NAME [--department NAME]\n"
                           "vrk-admin user URL password LOGIN\n"
                           "vrk-admin user URL remove LOGIN\n"
+                          "  NAME: Фамилия Имя Отчество. С --department человек сразу становится сотрудником "
+                          "подразделения;\n"
+                          "  без сотрудника войти нельзя, его можно завести и потом: vrk-admin import.\n"
                           "  Пароль (только для сервера PostgreSQL) читается со стандартного ввода.\n");
 }
 
@@ -46,6 +83,9 @@ Command::ExitCode UserCommand::run(const QStringList& arguments, Streams& stream
             streams.out << login.login << QLatin1Char('\t') << login.name << QLatin1Char('\n');
         return Success;
     }
+    if (verb == QLatin1String("add") && arguments.size() == 6 &&
+        arguments[4] == QLatin1String("--department"))
+        return outcome(addWorker(url, arguments[2], arguments[3], arguments[5], &error), streams, error);
     if (verb == QLatin1String("add") && arguments.size() == 4)
         return outcome(StoreAdmin::addUser(url, arguments[2], arguments[3], &error), streams, error);
     if (verb == QLatin1String("password") && arguments.size() == 3 && streams.in)

@@ -128,6 +128,42 @@ private slots:
         qunsetenv("PGPASSWORD");
     }
 
+    void addedPersonIsAWorkerOfHisDepartmentAndGetsIn()
+    {
+        const QString url = m_cluster->url(QStringLiteral("site"));
+        const auto add = [&](const QString& login, const QString& department) {
+            return run({QStringLiteral("user"), url, QStringLiteral("add"), login,
+                        QStringLiteral("Петрова Анна Сергеевна"), QStringLiteral("--department"),
+                        department});
+        };
+        QCOMPARE(add(QStringLiteral("petrova"), QStringLiteral("ЦДЗ")), Command::Failed);
+        QVERIFY2(m_err.contains(QStringLiteral("ЦДЗ")) && !m_err.contains(QStringLiteral(".csv")),
+                 qPrintable(m_err));
+        QCOMPARE(add(QStringLiteral("orlov"), QStringLiteral("ЦДС")), Command::Failed);
+        QVERIFY2(m_err.contains(QStringLiteral("Пользователь «orlov» уже есть.")), qPrintable(m_err));
+        QVERIFY2(add(QStringLiteral("petrova"), QStringLiteral("ЦДС")) == Command::Success,
+                 qPrintable(m_err));
+        QCOMPARE(run({QStringLiteral("user"), url, QStringLiteral("password"), QStringLiteral("petrova")},
+                     QStringLiteral("пароль Петровой\n")),
+                 Command::Success);
+        Store::Options options;
+        options.login = QStringLiteral("petrova");
+        options.password = QStringLiteral("пароль Петровой");
+        StoreError error;
+        const auto store = Store::open(url, options, &error);
+        QVERIFY2(store != nullptr, qPrintable(error.text + error.detail));
+        StoreLogin user;
+        QVERIFY(store->signIn(QString(), &user, &error));
+        QCOMPARE(user.name, QStringLiteral("Петрова Анна Сергеевна"));
+        const auto departments = store->departments(user.key);
+        QCOMPARE(departments.size(), 1);
+        QCOMPARE(departments[0].name, QStringLiteral("ЦДС"));
+        QCOMPARE(count(store.get(), "Workers WHERE lastName = 'Петрова' AND patronymicName = 'Сергеевна'"),
+                 1);
+        QCOMPARE(run({QStringLiteral("user"), url, QStringLiteral("remove"), QStringLiteral("petrova")}),
+                 Command::Success);
+    }
+
     void removedLoginIsLockedOut()
     {
         const QString url = m_cluster->url(QStringLiteral("site"));
