@@ -4,6 +4,7 @@
 #include "Theme.h"
 
 #include <QDateTime>
+#include <QEvent>
 #include <QHash>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -16,6 +17,8 @@
 namespace
 {
 constexpr int noticeMs = 12000;
+/// A message gets room for so many at least, at the cost of the other texts.
+constexpr int charactersOfMessage = 40;
 /// The server is asked for its time once in so many seconds; in between our own clock carries it on.
 constexpr int secondsBetweenSynchronizations = 60;
 /// A clock of this computer that goes wrong by more is told.
@@ -42,6 +45,16 @@ QString titlesOf(const QString& tables)
     return shown.join(QStringLiteral(", "));
 }
 
+/// Surname and initials of a full name; anything else as it stands.
+QString shortName(const QString& name)
+{
+    const QStringList parts = name.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    QString text = parts.value(0);
+    for (int i = 1; i < parts.size(); ++i)
+        text += QStringLiteral(" %1.").arg(parts[i].at(0));
+    return text;
+}
+
 QLabel* panel(const QString& name, QHBoxLayout* layout, int stretch = 0)
 {
     auto* label = new QLabel;
@@ -52,7 +65,7 @@ QLabel* panel(const QString& name, QHBoxLayout* layout, int stretch = 0)
 } // namespace
 
 StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& department, QWidget* parent)
-    : QWidget(parent), m_session(session)
+    : QWidget(parent), m_session(session), m_user(user), m_department(department)
 {
     setObjectName(QStringLiteral("statusLine"));
     auto* layout = new QHBoxLayout(this);
@@ -60,7 +73,8 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     layout->setSpacing(8);
     m_connectionIcon = panel(QStringLiteral("connectionIcon"), layout);
     m_connectionLabel = panel(QStringLiteral("connectionLabel"), layout);
-    panel(QStringLiteral("userLabel"), layout)->setText(QStringLiteral("%1, %2").arg(user, department));
+    m_userLabel = panel(QStringLiteral("userLabel"), layout);
+    m_userLabel->setToolTip(QStringLiteral("%1, %2").arg(user, department));
 
     m_modulesButton = new QToolButton;
     m_modulesButton->setObjectName(QStringLiteral("modulesButton"));
@@ -94,9 +108,7 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     m_themeButton = new QToolButton;
     m_themeButton->setObjectName(QStringLiteral("themeButton"));
     m_themeButton->setAutoRaise(true);
-    m_themeButton->setText(tr("День/ночь"));
     m_themeButton->setToolTip(tr("Светлые или тёмные цвета (Ctrl + Shift + D)"));
-    m_themeButton->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_D);
     layout->addWidget(m_themeButton);
     connect(m_themeButton, &QToolButton::clicked, this, [] { Theme::toggle(); });
 
@@ -135,6 +147,42 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     showMessage();
     synchronizeClock();
     showClock();
+    fitTexts();
+}
+
+void StatusLine::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fitTexts();
+}
+
+void StatusLine::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitTexts();
+}
+
+void StatusLine::fitTexts()
+{
+    setTexts(false);
+    const int forMessage =
+        m_messageLabel->text().isEmpty() ? 0 : charactersOfMessage * fontMetrics().averageCharWidth();
+    // The message itself is no part of this: it takes what is left.
+    if (layout()->sizeHint().width() + forMessage > width())
+        setTexts(true);
+}
+
+void StatusLine::setTexts(bool isShort)
+{
+    m_isShort = isShort;
+    m_connectionLabel->setVisible(!isShort || !m_session->isConnected()); // the icon says it as well
+    m_userLabel->setText(QStringLiteral("%1, %2").arg(isShort ? shortName(m_user) : m_user, m_department));
+    m_unreadButton->setText(
+        (isShort ? tr("Комментарии: %1") : tr("Непрочитанных комментариев: %1")).arg(m_unread));
+    m_themeButton->setText(isShort ? QStringLiteral("◐") : tr("День/ночь"));
+    m_themeButton->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_D); // a new text takes it away
+    showClock();
 }
 
 void StatusLine::addFailure(const QString& text)
@@ -166,12 +214,14 @@ void StatusLine::setModuleMenu(QMenu* menu)
 {
     m_modulesButton->setMenu(menu);
     m_modulesButton->setVisible(menu != nullptr);
+    fitTexts();
 }
 
 void StatusLine::setUnreadComments(int count)
 {
-    m_unreadButton->setText(tr("Непрочитанных комментариев: %1").arg(count));
+    m_unread = count;
     m_unreadButton->setVisible(count > 0);
+    fitTexts();
 }
 
 void StatusLine::setOwnClock(std::function<QDateTime()> clock)
@@ -202,6 +252,9 @@ void StatusLine::showConnection(bool connected)
     const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
     m_connectionIcon->setPixmap(QIcon(icon).pixmap(side, side));
     m_connectionLabel->setText(connected ? tr("Подключено") : tr("Нет связи с хранилищем"));
+    m_connectionIcon->setToolTip(m_connectionLabel->text());
+    if (m_clockLabel)
+        fitTexts();
 }
 
 void StatusLine::showMessage()
@@ -221,6 +274,7 @@ void StatusLine::showMessage()
     m_messageLabel->setStyleSheet(
         m_failures.isEmpty() ? QString()
                              : QStringLiteral("color: white; background: #B3261E; padding: 1px 6px;"));
+    fitTexts();
 }
 
 void StatusLine::acknowledge()
@@ -250,5 +304,7 @@ void StatusLine::showDeviation()
 void StatusLine::showClock()
 {
     m_clockLabel->setText(
-        m_ownClock().addMSecs(m_serverAhead).toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")));
+        m_ownClock()
+            .addMSecs(m_serverAhead)
+            .toString(m_isShort ? QStringLiteral("hh:mm:ss") : QStringLiteral("dd.MM.yyyy hh:mm:ss")));
 }

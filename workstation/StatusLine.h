@@ -38,6 +38,10 @@ signals:
     /// The user wants to see the unread comments.
     void unreadCommentsClicked();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
 private:
     struct Failure {
         QString text;
@@ -48,21 +52,27 @@ private:
     void requestFailed(bool write, const QString& table, const QString& reason);
     void showConnection(bool connected);
     void showMessage();
+    /// Shortens the texts where the line has no room for all of them and for a message.
+    void fitTexts();
+    void setTexts(bool isShort);
     void acknowledge();
     void synchronizeClock();
     void showClock();
     void showDeviation();
 
     CVrkCliSes* m_session;
+    const QString m_user;
+    const QString m_department;
     QLabel* m_connectionIcon;
     QLabel* m_connectionLabel;
+    QLabel* m_userLabel;
     QLabel* m_messageLabel;
     QToolButton* m_acknowledgeButton;
     QToolButton* m_themeButton;
     QToolButton* m_modulesButton;
     QToolButton* m_unreadButton;
     QLabel* m_deviationLabel;
-    QLabel* m_clockLabel;
+    QLabel* m_clockLabel = nullptr;
     QVector<Failure> m_failures;
     std::function<QDateTime()> m_ownClock = &QDateTime::currentDateTime;
     QString m_notice;
@@ -70,4 +80,6 @@ private:
     QTimer m_clockTimer;
     qint64 m_serverAhead = 0; ///< milliseconds by which the server's clock is ahead of ours
     int m_ticks = 0;
+    int m_unread = 0;
+    bool m_isShort = false;
 };

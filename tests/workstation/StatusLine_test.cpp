@@ -28,6 +28,8 @@ private slots:
     void cleanup();
 
     void itTellsWhoWorksWhere();
+    void withLargeLettersNothingIsCutOff_data();
+    void withLargeLettersNothingIsCutOff();
     void aFailureStaysUntilItIsAcknowledged();
     void theKeyAcknowledges();
     void severalFailuresAreCounted();
@@ -86,6 +88,54 @@ void StatusLine_test::itTellsWhoWorksWhere()
     QCOMPARE(text("connectionLabel"), QStringLiteral("Подключено"));
     QVERIFY(text("messageLabel").isEmpty());
     QVERIFY(!acknowledge()->isVisible());
+}
+
+void StatusLine_test::withLargeLettersNothingIsCutOff_data()
+{
+    QTest::addColumn<double>("points");
+    QTest::addColumn<bool>("isShort");
+    QTest::newRow("usual") << 9.6 << false;
+    QTest::newRow("half as large again") << 14.4 << true;
+}
+
+void StatusLine_test::withLargeLettersNothingIsCutOff()
+{
+    QFETCH(double, points);
+    QFETCH(bool, isShort);
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPointSizeF(points);
+    QApplication::setFont(font);
+    StatusLine line(m_app->session(), QStringLiteral("Рощин Илья Викторович"), QStringLiteral("ЦДС"));
+    QMenu menu;
+    line.setModuleMenu(&menu);
+    line.setUnreadComments(12);
+    if (isShort)
+        line.addFailure(QStringLiteral("Не записано (записи): Записи вносят работники открытой смены."));
+    line.resize(1280, 40);
+    line.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&line));
+    const auto label = [&line](const char* name) { return line.findChild<QLabel*>(QLatin1String(name)); };
+    QCOMPARE(label("userLabel")->text(),
+             isShort ? QStringLiteral("Рощин И. В., ЦДС") : QStringLiteral("Рощин Илья Викторович, ЦДС"));
+    QCOMPARE(label("userLabel")->toolTip(), QStringLiteral("Рощин Илья Викторович, ЦДС"));
+    for (const char* name : {"userLabel", "clockLabel", "connectionIcon"})
+        QVERIFY2(label(name)->width() >= label(name)->sizeHint().width(), name);
+    QCOMPARE(line.findChild<QToolButton*>(QStringLiteral("acknowledgeButton"))->isVisible(), isShort);
+    for (const char* name : {"modulesButton", "unreadButton", "themeButton"}) {
+        const auto* button = line.findChild<QToolButton*>(QLatin1String(name));
+        QVERIFY2(button->isVisible() && button->width() >= button->sizeHint().width(), name);
+    }
+    if (isShort)
+        QVERIFY(label("messageLabel")->width() >= 30 * line.fontMetrics().averageCharWidth());
+    QVERIFY(line.findChild<QToolButton*>(QStringLiteral("unreadButton"))
+                ->text()
+                .endsWith(QStringLiteral(": 12")));
+
+    // A lost link is told in words whatever the room.
+    emit m_app->session()->connectionChanged(false);
+    QVERIFY(label("connectionIcon")->toolTip() == QStringLiteral("Нет связи с хранилищем"));
+    QApplication::setFont(before);
 }
 
 void StatusLine_test::aFailureStaysUntilItIsAcknowledged()
