@@ -4,7 +4,8 @@
 #include <QEvent>
 #include <QTreeWidget>
 
-LastRowFiller::LastRowFiller(QTreeWidget* tree) : QStyledItemDelegate(tree), m_tree(tree)
+LastRowFiller::LastRowFiller(QTreeWidget* tree)
+    : QStyledItemDelegate(tree), m_tree(tree), m_viewport(tree->viewport())
 {
     tree->setItemDelegate(this);
     tree->viewport()->installEventFilter(this);
@@ -33,7 +34,7 @@ int LastRowFiller::roomLeft() const
 
 bool LastRowFiller::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched != m_tree->viewport())
+    if (watched != m_viewport)
         return QStyledItemDelegate::eventFilter(watched, event);
     if (event->type() == QEvent::Resize)
         layOutAnew();

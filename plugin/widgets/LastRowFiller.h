@@ -24,4 +24,5 @@ private:
     void layOutAnew();
 
     QTreeWidget* m_tree;
+    const QObject* m_viewport; ///< of the tree; the only thing of it that its own end may ask for
 };
