@@ -12,7 +12,7 @@
 #include <QAction>
 #include <QDateEdit>
 #include <QPushButton>
-#include <QRegularExpression>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTableWidget>
 #include <QTest>
@@ -186,6 +186,11 @@ void CloseWorkshiftDialog_test::withoutDraftsThereIsNoQuestion()
     QVERIFY(!visibleBox());
     QVERIFY(dialog()->isVisible());
     QCOMPARE(dialog()->windowTitle(), QStringLiteral("Закрытие смены"));
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    if (screen.width() > 1210 && screen.height() > 540)
+        QCOMPARE(dialog()->size(), QSize(1200, 500));
+    else // no pop-up is larger than the screen
+        QVERIFY(dialog()->width() <= screen.width() && dialog()->width() > screen.width() - 20);
 }
 
 void CloseWorkshiftDialog_test::noLeavesTheDraftsAsTheyAre()
