@@ -27,21 +27,29 @@ QString CheckCommand::summary() const
 
 QString CheckCommand::usage() const
 {
-    return QStringLiteral("vrk-admin check URL [--ready]\n"
-                          "  Проверяет файл, ссылки между таблицами, состояния записей и журнал изменений.\n"
-                          "  Код завершения 3, если найдены ошибки; примечания ошибками не считаются.\n"
-                          "  --ready  вместо этого сказать по каждому подразделению, чего не хватает, чтобы\n"
-                          "           открыть, вести и закрыть смену\n");
+    return QStringLiteral(
+        "vrk-admin check URL [--ready | --rebuild-search]\n"
+        "  Проверяет файл, ссылки между таблицами, состояния записей, поиск и журнал изменений.\n"
+        "  Код завершения 3, если найдены ошибки; примечания ошибками не считаются.\n"
+        "  --ready  вместо этого сказать по каждому подразделению, чего не хватает, чтобы\n"
+        "           открыть, вести и закрыть смену\n"
+        "  --rebuild-search  сначала составить указатель поиска по архиву заново\n");
 }
 
 Command::ExitCode CheckCommand::run(const QStringList& arguments, Streams& streams)
 {
     QStringList rest = arguments;
     const bool ready = rest.removeAll(QStringLiteral("--ready")) > 0;
-    if (rest.size() != 1)
+    const bool rebuild = rest.removeAll(QStringLiteral("--rebuild-search")) > 0;
+    if (rest.size() != 1 || (ready && rebuild))
         return wrongUsage(streams);
 
     StoreError error;
+    if (rebuild) {
+        if (!StoreAdmin::rebuildSearch(rest.constFirst(), &error))
+            return fail(streams, error);
+        streams.out << QStringLiteral("Указатель поиска составлен заново.\n");
+    }
     if (ready) {
         const auto store = Store::open(rest.constFirst(), {}, &error);
         Directory directory;

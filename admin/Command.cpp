@@ -12,6 +12,7 @@
 #include "RightCommand.h"
 #include "SetupCommand.h"
 #include "StoreError.h"
+#include "UpgradeCommand.h"
 #include "UserCommand.h"
 #include "WatchdogCommand.h"
 
@@ -63,6 +64,7 @@ std::vector<std::unique_ptr<Command>> adminCommands()
     commands.push_back(std::make_unique<DemoCommand>());
     commands.push_back(std::make_unique<DoctorCommand>());
     commands.push_back(std::make_unique<CheckCommand>());
+    commands.push_back(std::make_unique<UpgradeCommand>());
     commands.push_back(std::make_unique<ExportCommand>());
     commands.push_back(std::make_unique<ImportCommand>());
     commands.push_back(std::make_unique<BackupCommand>());

@@ -1,6 +1,7 @@
 #include "DemoCommand.h"
 
 #include "DemoStore.h"
+#include "StoreAdmin.h"
 #include "StoreError.h"
 
 #include <chrono>
@@ -95,7 +96,12 @@ Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& stream
         return Success;
 
     DemoStore::State state = DemoStore::State::Empty;
-    if (!DemoStore::state(url, now(), &state, &error)) {
+    bool known = DemoStore::state(url, now(), &state, &error);
+    if (!known && error.code == StoreError::TooOld) {
+        error.clear(); // the demo of a former program
+        known = StoreAdmin::upgrade(url, &error) && DemoStore::state(url, now(), &state, &error);
+    }
+    if (!known) {
         if (error.code != StoreError::Missing)
             return fail(streams, error);
         state = DemoStore::State::Empty;

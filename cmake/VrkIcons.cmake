@@ -9,7 +9,7 @@ find_program(VRK_RSVG rsvg-convert REQUIRED)
 
 function(vrk_icons target)
     cmake_parse_arguments(ARG "" "" "DRAWN;READY" ${ARGN})
-    set(script "${PROJECT_SOURCE_DIR}/cmake/render-icons.sh")
+    set(script "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/render-icons.sh")
     set(out "${CMAKE_CURRENT_BINARY_DIR}/${target}")
     set(entries)
     set(depends)

@@ -1,12 +1,9 @@
-# What is installed, and the one Debian package: cpack -G DEB in the build tree of the preset release.
-#
-# Programs and libraries lie beside each other as in the build tree, under lib/vrk-logbook; bin has links to the programs.
-set(VRK_HOME lib/vrk-logbook)
-set_target_properties(vrk-workstation vrk-admin VrkHfn VrkClient VrkLogBook PROPERTIES
-    INSTALL_RPATH "\$ORIGIN/../lib;\$ORIGIN")
-install(TARGETS vrk-workstation vrk-admin VrkHfn VrkClient VrkLogBook
-    RUNTIME DESTINATION ${VRK_HOME}/bin
-    LIBRARY DESTINATION ${VRK_HOME}/lib NAMELINK_SKIP)
+# What is installed, and the Debian packages: cpack -G DEB in the build tree of the preset release. "runtime" is what users
+# get; "dev" what a plug-in is built against: the public headers and the CMake package VrkPlatform.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME runtime)
+set_target_properties(vrk-workstation vrk-admin VrkHfn VrkClient PROPERTIES INSTALL_RPATH "\$ORIGIN/../lib;\$ORIGIN")
+install(TARGETS vrk-workstation vrk-admin RUNTIME DESTINATION ${VRK_HOME}/bin)
+install(TARGETS VrkHfn VrkClient EXPORT VrkPlatform LIBRARY DESTINATION ${VRK_HOME}/lib NAMELINK_SKIP)
 foreach(program vrk-workstation vrk-admin)
     file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/links")
     file(CREATE_LINK "../${VRK_HOME}/bin/${program}" "${CMAKE_BINARY_DIR}/links/${program}" SYMBOLIC)
@@ -16,6 +13,20 @@ install(FILES docs/site-setup.ru.md packaging/site-answers.txt DESTINATION share
 install(FILES packaging/vrk-logbook.desktop DESTINATION share/applications)
 install(FILES packaging/vrk-watchdog.service packaging/vrk-watchdog.timer DESTINATION lib/systemd/system)
 
+foreach(floor hfn client text widgets)
+    get_target_property(headers vrk_${floor} VRK_PUBLIC)
+    list(TRANSFORM headers PREPEND "platform/${floor}/")
+    install(FILES ${headers} DESTINATION include/vrk-logbook/${floor} COMPONENT dev)
+endforeach()
+set(VRK_PACKAGE lib/cmake/VrkPlatform)
+install(EXPORT VrkPlatform NAMESPACE VrkPlatform:: FILE VrkPlatformTargets.cmake DESTINATION ${VRK_PACKAGE} COMPONENT dev)
+include(CMakePackageConfigHelpers)
+write_basic_package_version_file("${CMAKE_BINARY_DIR}/VrkPlatformConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
+install(FILES cmake/VrkPlatformConfig.cmake cmake/VrkPlugin.cmake cmake/VrkIcons.cmake
+              "${CMAKE_BINARY_DIR}/VrkPlatformConfigVersion.cmake"
+        DESTINATION ${VRK_PACKAGE} COMPONENT dev)
+install(PROGRAMS cmake/render-icons.sh DESTINATION ${VRK_PACKAGE} COMPONENT dev)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vrk-logbook)
 set(CPACK_PACKAGE_CONTACT "vrk-logbook maintainers <maintainers@localhost>")
@@ -23,9 +34,16 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Operational journal of power grid dispatc
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL runtime dev)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME vrk-logbook)
+set(CPACK_DEBIAN_DEV_PACKAGE_NAME vrk-logbook-dev)
+set(CPACK_DEBIAN_DEV_PACKAGE_SECTION devel)
+set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "vrk-logbook (= ${PROJECT_VERSION}), cmake, qtbase5-dev, librsvg2-bin")
+set(CPACK_COMPONENT_DEV_DESCRIPTION "What a plug-in of the operational journal is built against")
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_BINARY_DIR}/lib")
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qttranslations5-l10n, tzdata")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "postgresql-client")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "qttranslations5-l10n, tzdata")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "postgresql-client")
 include(CPack)

@@ -1,15 +1,16 @@
 # The build's own vocabulary.
 #
-#   vrk_floor(NAME USES floor... LINKS target...)
+#   vrk_floor(NAME USES floor... LINKS target... PUBLIC header...)
 #       One floor of the platform, from all sources of the current folder: the object library vrk_NAME with its
-#       folder as include directory. It sees the headers of the floors it USES, and of no others.
+#       folder as include directory. It sees the headers of the floors it USES, and of no others. The PUBLIC headers are
+#       installed for plug-ins.
 #
 #   vrk_testing_library(NAME floor...)
 #       The objects of the floors once more as a static library, so that tests reach what the shared libraries hide.
 #       Never link it into a program that also links the shared libraries.
 
 function(vrk_floor name)
-    cmake_parse_arguments(ARG "" "" "USES;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "USES;LINKS;PUBLIC" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h"
          "${CMAKE_CURRENT_SOURCE_DIR}/*.ui" "${CMAKE_CURRENT_SOURCE_DIR}/*.qrc")
     add_library(vrk_${name} OBJECT ${sources})
@@ -19,7 +20,8 @@ function(vrk_floor name)
             "$<TARGET_PROPERTY:vrk_${floor},INTERFACE_INCLUDE_DIRECTORIES>")
     endforeach()
     target_link_libraries(vrk_${name} PUBLIC ${ARG_LINKS} PRIVATE vrk_settings)
-    set_target_properties(vrk_${name} PROPERTIES LINKER_LANGUAGE CXX VRK_LINKS "${ARG_LINKS}")
+    set_target_properties(vrk_${name} PROPERTIES LINKER_LANGUAGE CXX VRK_LINKS "${ARG_LINKS}"
+        VRK_PUBLIC "${ARG_PUBLIC}")
 endfunction()
 
 function(vrk_testing_library name)

@@ -2,8 +2,11 @@
 
 #include "CVrkCliSes.h"
 
-ModuleMenu::ModuleMenu(CVrkCliSes* session, QWidget* parent)
-    : QMenu(parent), m_session(session), m_changeUser(new QAction(tr("Сменить пользователя…"), this))
+ModuleMenu::ModuleMenu(CVrkCliSes* session, const PluginCatalog& catalog, QWidget* parent)
+    : QMenu(parent),
+      m_session(session),
+      m_catalog(catalog),
+      m_changeUser(new QAction(tr("Сменить пользователя…"), this))
 {
     setObjectName(QStringLiteral("moduleMenu"));
     m_changeUser->setObjectName(QStringLiteral("changeUserAction"));
@@ -12,21 +15,11 @@ ModuleMenu::ModuleMenu(CVrkCliSes* session, QWidget* parent)
     fill();
 }
 
-const QVector<ModuleMenu::Entry>& ModuleMenu::entries()
-{
-    static const QVector<Entry> all{
-        {QStringLiteral("logbook"), tr("Оперативный журнал"), QString()},
-        {QStringLiteral("template"), tr("Конфигуратор шаблонов"), QString()},
-        {QStringLiteral("converter"), tr("Конвертер шаблонов"), QStringLiteral("ADMINISTRATOR")},
-    };
-    return all;
-}
-
 void ModuleMenu::fill()
 {
     removeAction(m_changeUser);
     clear();
-    for (const Entry& entry : entries()) {
+    for (const PluginCatalog::Module& entry : m_catalog.modules()) {
         if (!entry.right.isEmpty() && !m_session->OperationRights(entry.right.toLatin1().constData()))
             continue;
         QAction* action = addAction(entry.title);

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "PluginCatalog.h"
+
 #include <QMenu>
 #include <QString>
-#include <QVector>
 
 class CVrkCliSes;
 
@@ -13,17 +14,10 @@ class ModuleMenu : public QMenu
     Q_OBJECT
 
 public:
-    explicit ModuleMenu(CVrkCliSes* session, QWidget* parent = nullptr);
+    ModuleMenu(CVrkCliSes* session, const PluginCatalog& catalog, QWidget* parent = nullptr);
 
     /// What "Сменить пользователя" triggers; it has a key of its own and belongs to the menu.
     QAction* changeUserAction() const { return m_changeUser; }
-
-    struct Entry {
-        QString name;  ///< as the plug-in knows it
-        QString title; ///< as the user does
-        QString right; ///< that opens it; empty: the module itself decides what it shows to whom
-    };
-    static const QVector<Entry>& entries();
 
 signals:
     void moduleChosen(const QString& name);
@@ -32,5 +26,6 @@ private:
     void fill();
 
     CVrkCliSes* m_session;
+    const PluginCatalog& m_catalog;
     QAction* m_changeUser;
 };

@@ -23,10 +23,12 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
                                               tr("Подразделение, если их у пользователя несколько."),
                                               QStringLiteral("NAME"));
     const QCommandLineOption moduleOption(QStringLiteral("module"),
-                                          tr("Модуль: logbook, template или converter."),
+                                          tr("Модуль: logbook, template, converter, unfinished, archive."),
                                           QStringLiteral("NAME"), module);
-    const QCommandLineOption pluginOption(QStringLiteral("plugin"), tr("Библиотека модулей."),
-                                          QStringLiteral("FILE"));
+    const QCommandLineOption pluginOption(
+        QStringLiteral("plugin"), tr("Библиотека модулей вместо установленных."), QStringLiteral("FILE"));
+    const QCommandLineOption modulesOption(
+        QStringLiteral("modules"), tr("Назвать установленные модули и проверить, что они загружаются."));
     const QCommandLineOption tourOption(QStringLiteral("tour"),
                                         tr("Показать журнал на примере и сохранить картинки в папку."),
                                         QStringLiteral("DIR"));
@@ -34,7 +36,7 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
                                          tr("Цвета: light, dark или system (как на рабочем столе)."),
                                          QStringLiteral("NAME"));
     parser.addOptions({themeOption, help, version, storeOption, userOption, departmentOption, moduleOption,
-                       pluginOption, tourOption});
+                       pluginOption, modulesOption, tourOption});
 
     *exitCode = 0;
     if (!parser.parse(arguments)) {
@@ -62,7 +64,8 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
     plugin = parser.value(pluginOption);
     tour = parser.value(tourOption);
     theme = parser.value(themeOption);
-    if (store.isEmpty() && tour.isEmpty()) {
+    listModules = parser.isSet(modulesOption);
+    if (store.isEmpty() && tour.isEmpty() && !listModules) {
         *message = tr("Укажите хранилище: --store sqlite:///путь/к/файлу");
         *exitCode = 2;
         return false;

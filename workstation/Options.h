@@ -9,9 +9,10 @@ struct Options {
     QString user;       ///< login; empty: ask
     QString department; ///< name or key; empty: the only one, or ask
     QString module = QStringLiteral("logbook");
-    QString theme;  ///< light, dark or system; empty: as last time
-    QString plugin; ///< library to load; empty: libVrkLogBook.so.2 beside the program's libraries
-    QString tour;   ///< folder for the pictures of the tour; empty: no tour
+    QString theme;            ///< light, dark or system; empty: as last time
+    QString plugin;           ///< library to load in place of those of the installed plug-ins
+    bool listModules = false; ///< tell which modules there are, and whether they load
+    QString tour;             ///< folder for the pictures of the tour; empty: no tour
 
     /// Reads the arguments (the program's name first). False: \a message is to be shown and the program ends,
     /// with \a exitCode 0 for help and version, 2 for wrong arguments.

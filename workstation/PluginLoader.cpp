@@ -1,35 +1,33 @@
 #include "PluginLoader.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 
-namespace
+PluginLoader::PluginLoader(const PluginCatalog& catalog, const QString& file)
+    : m_catalog(catalog), m_file(file)
 {
-/// Beside the platform's libraries in a build tree; elsewhere the system's loader knows the place.
-QString defaultLibrary()
-{
-    const QString built = QDir(QCoreApplication::applicationDirPath())
-                              .absoluteFilePath(QStringLiteral("../lib/libVrkLogBook.so.2"));
-    return QFileInfo::exists(built) ? built : QStringLiteral("libVrkLogBook.so.2");
 }
-} // namespace
-
-PluginLoader::PluginLoader(const QString& file) : m_library(file.isEmpty() ? defaultLibrary() : file) {}
 
 CVrkCliMod* PluginLoader::create(CVrkCliApp* app, const QString& name)
 {
+    const auto tr = [](const char* text) { return QCoreApplication::translate("PluginLoader", text); };
     m_errorText.clear();
-    const auto function = reinterpret_cast<CppCliModuleFunction>(m_library.resolve("CppCliModule"));
+    const PluginCatalog::Module* known = m_catalog.module(name);
+    if (m_file.isEmpty() && !known) {
+        m_errorText = tr("Среди установленных нет модуля «%1».").arg(name);
+        return nullptr;
+    }
+    const QString file = m_file.isEmpty() ? known->library : m_file;
+    std::unique_ptr<QLibrary>& library = m_libraries[file];
+    if (!library)
+        library = std::make_unique<QLibrary>(file);
+    const auto function = reinterpret_cast<CppCliModuleFunction>(library->resolve("CppCliModule"));
     if (!function) {
-        m_errorText =
-            QCoreApplication::translate("PluginLoader", "Не удалось загрузить библиотеку модулей %1: %2")
-                .arg(m_library.fileName(), m_library.errorString());
+        m_errorText = tr("Не удалось загрузить библиотеку модулей %1: %2")
+                          .arg(library->fileName(), library->errorString());
         return nullptr;
     }
     CVrkCliMod* module = function(app, name.toUtf8().constData());
     if (!module)
-        m_errorText = QCoreApplication::translate("PluginLoader", "В библиотеке %1 нет модуля «%2».")
-                          .arg(m_library.fileName(), name);
+        m_errorText = tr("В библиотеке %1 нет модуля «%2».").arg(library->fileName(), name);
     return module;
 }

@@ -101,6 +101,6 @@ bool Tour::playScenes(CVrkCliMod* window)
            sceneVisa(window) && sceneDeletion(window) && sceneReading(window) && sceneSearch(window) &&
            sceneMarks(window) && sceneExecution(window) && sceneOrigin(window) && sceneCopying(window) &&
            sceneComments(window) && sceneInbox(window) && sceneFiles(window) && sceneInterval(window) &&
-           sceneAddedWorker(window) && sceneReport(window) && sceneArchive(window) && sceneStorm(window) &&
-           sceneLostStore(window) && sceneLetters(window) && sceneHandover(window);
+           sceneAddedWorker(window) && sceneReport(window) && sceneArchive(window) && playPast(window) &&
+           sceneStorm(window) && sceneLostStore(window) && sceneLetters(window) && sceneHandover(window);
 }

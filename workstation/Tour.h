@@ -58,6 +58,11 @@ private:
     bool sceneAddedWorker(CVrkCliMod* window);
     bool sceneOverdue(const QString& theme);
 
+    // Tour_past.cpp: what lies behind the open shift
+    bool playPast(CVrkCliMod* journal);
+    bool sceneUnfinished(CVrkCliMod* journal);
+    bool sceneAllShifts(CVrkCliMod* journal);
+
     // Tour_templates.cpp: an administrator at the same desk, and what comes of his work in the journal
     bool playTemplates(CVrkCliMod* journal);
     bool sceneOwnTemplate(CVrkCliMod* window);

@@ -25,6 +25,7 @@ Workstation::Workstation(LogWriter* log) : m_alerts(std::make_unique<Alerts>())
         m_app.setLogSink(m_sink.get());
     }
     m_app.setCloseGuard([this](CVrkCliMod* module) { return mayClose(module); });
+    m_app.setModuleOpener([this](const QString& name) { return startModule(name); });
 }
 
 Workstation::~Workstation()
@@ -127,12 +128,14 @@ CVrkCliMod* Workstation::module(const QString& name) const
 CVrkCliMod* Workstation::startModule(const QString& name)
 {
     if (CVrkCliMod* open = module(name)) {
+        if (open->isMinimized())
+            open->showNormal();
         open->raise();
         open->activateWindow();
         return open;
     }
     if (!m_loader)
-        m_loader = std::make_unique<PluginLoader>(m_options.plugin);
+        m_loader = std::make_unique<PluginLoader>(m_catalog, m_options.plugin);
     CVrkCliMod* module = m_loader->create(&m_app, name);
     if (!module) {
         m_errorText = m_loader->errorText();
@@ -157,7 +160,7 @@ void Workstation::addStatusLine(CVrkCliMod* module)
     connect(module, &CVrkCliMod::unreadCommentsChanged, line, &StatusLine::setUnreadComments);
     connect(line, &StatusLine::unreadCommentsClicked, module, &CVrkCliMod::unreadCommentsRequested);
 
-    auto* menu = new ModuleMenu(m_app.session(), line);
+    auto* menu = new ModuleMenu(m_app.session(), m_catalog, line);
     line->setModuleMenu(menu);
     line->addAction(menu->changeUserAction());
     connect(menu, &ModuleMenu::moduleChosen, this, [this, line](const QString& name) {

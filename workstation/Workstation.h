@@ -38,6 +38,7 @@ public:
 
     QString errorText() const { return m_errorText; }
     CVrkCliApp* app() { return &m_app; }
+    const PluginCatalog& catalog() const { return m_catalog; }
     StatusLine* statusLine(const CVrkCliMod* module) const;
     /// The module that is open under this name; null when there is none.
     CVrkCliMod* module(const QString& name) const;
@@ -56,6 +57,7 @@ private:
 
     CVrkCliApp m_app;
     std::unique_ptr<LogSink> m_sink;
+    PluginCatalog m_catalog;
     std::unique_ptr<PluginLoader> m_loader;
     std::unique_ptr<Alerts> m_alerts;
     struct Open {

@@ -1,5 +1,7 @@
+#include "CVrkCliApp.h"
 #include "LogWriter.h"
 #include "Options.h"
+#include "PluginLoader.h"
 #include "Theme.h"
 #include "Tour.h"
 #include "Workstation.h"
@@ -20,6 +22,22 @@ int fail(const QString& text)
     std::fprintf(stderr, "%s\n", qUtf8Printable(text));
     QMessageBox::critical(nullptr, QCoreApplication::translate("main", "Оперативный журнал"), text);
     return 1;
+}
+
+/// Makes each module without starting it; the exit code is 1 when one is missing.
+int listModules(const Options& options)
+{
+    CVrkCliApp app;
+    const PluginCatalog catalog;
+    PluginLoader loader(catalog, options.plugin);
+    bool complete = !catalog.modules().isEmpty();
+    for (const PluginCatalog::Module& module : catalog.modules()) {
+        const std::unique_ptr<CVrkCliMod> made(loader.create(&app, module.name));
+        std::printf("%-12s %s: %s\n", qUtf8Printable(module.name), qUtf8Printable(module.title),
+                    qUtf8Printable(made ? module.library : loader.errorText()));
+        complete = complete && made;
+    }
+    return complete ? 0 : 1;
 }
 } // namespace
 
@@ -56,6 +74,8 @@ int main(int argc, char* argv[])
             qUtf8Printable(QCoreApplication::translate("main", "Нет темы «%1».").arg(options.theme)));
         return 2;
     }
+    if (options.listModules)
+        return listModules(options);
     LogWriter log(LogWriter::defaultFile());
     if (!options.tour.isEmpty()) {
         Tour tour(options.tour);

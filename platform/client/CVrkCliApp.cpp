@@ -13,6 +13,7 @@ struct CVrkCliApp::Private {
     QPointer<CVrkCliMod> sink;
     QVector<CVrkCliMod*> modules;
     std::function<bool(CVrkCliMod*)> closeGuard;
+    std::function<CVrkCliMod*(const QString&)> opener;
     bool delivering = false;
     bool missed = false; ///< events came while a module was being served
 };
@@ -83,6 +84,19 @@ void CVrkCliApp::removeModule(CVrkCliMod* module)
 void CVrkCliApp::setCloseGuard(std::function<bool(CVrkCliMod*)> guard)
 {
     d->closeGuard = std::move(guard);
+}
+
+void CVrkCliApp::setModuleOpener(std::function<CVrkCliMod*(const QString&)> opener)
+{
+    d->opener = std::move(opener);
+}
+
+bool CVrkCliApp::notifyModule(const QString& module, const QString& name, const QVariant& value)
+{
+    CVrkCliMod* receiver = d->opener ? d->opener(module) : nullptr;
+    if (receiver)
+        receiver->slot_modNotify(name, value);
+    return receiver != nullptr;
 }
 
 bool CVrkCliApp::mayClose(CVrkCliMod* module) const

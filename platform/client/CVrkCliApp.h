@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <QObject>
+#include <QVariant>
 #include <QVector>
 
 class CVrkCliMod;
@@ -41,6 +42,13 @@ public:
     /// Decides whether a module's window may close, such as by asking about its edit state. Without a guard
     /// windows close.
     void setCloseGuard(std::function<bool(CVrkCliMod*)> guard);
+
+    /// Asks the host to start the module called \a module, or to raise the one that is open, and to hand it a notice
+    /// through CVrkCliMod::slot_modNotify. So a module leads to another: "logbook" takes "showRecord" with the KeyLink of
+    /// a record as a text, and shows the record in its workshift. False: there is no host or no such module.
+    bool notifyModule(const QString& module, const QString& name, const QVariant& value);
+    /// How the host starts or raises a module; null when it cannot.
+    void setModuleOpener(std::function<CVrkCliMod*(const QString& module)> opener);
 
     /// Parameters of the login: "KEYLINK", "DEPARTMENTKEY", "ORGANIZATIONKEY".
     CStringParams m_user_params;

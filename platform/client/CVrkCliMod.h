@@ -50,6 +50,7 @@ public:
     virtual void ModDataEditCancel();
 
 public slots:
+    /// A notice of the host or of another module (CVrkCliApp::notifyModule); unknown ones are passed over.
     virtual void slot_modNotify(QString name, QVariant value);
     virtual void slot_toolFinished();
     virtual void slot_popMessageBoxClicked(QAbstractButton* button);

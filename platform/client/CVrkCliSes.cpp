@@ -111,20 +111,33 @@ QString CVrkCliSes::lastErrorText() const
     return d->lastError;
 }
 
-MDArray* CVrkCliSes::SqlRequest(const char* sql)
+template <class Ask>
+MDArray* CVrkCliSes::Private::request(const char* function, const QString& what, Ask ask)
 {
-    StoreError error = Private::noLink();
+    StoreError error = noLink();
     MDArray* answer = nullptr;
-    if (d->connected) {
-        Private::Request request(d.get());
+    if (connected) {
+        Request running(this);
         error.clear();
-        answer = d->store->select(QByteArray(sql), &error);
+        answer = ask(&error);
     }
     if (answer)
-        d->lastError.clear();
+        lastError.clear();
     else
-        d->fail(Q_FUNC_INFO, error, QString::fromUtf8(sql));
+        fail(function, error, what);
     return answer;
+}
+
+MDArray* CVrkCliSes::SqlRequest(const char* sql)
+{
+    return d->request(Q_FUNC_INFO, QString::fromUtf8(sql),
+                      [&](StoreError* error) { return d->store->select(QByteArray(sql), error); });
+}
+
+MDArray* CVrkCliSes::SearchRecords(const RecordQuery& query)
+{
+    return d->request(Q_FUNC_INFO, query.words,
+                      [&](StoreError* error) { return d->store->search(query, error); });
 }
 
 int CVrkCliSes::OperationRights(const char* right)

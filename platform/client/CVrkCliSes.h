@@ -12,6 +12,7 @@
 class ChangeFeed;
 class QTextCodec;
 class Store;
+struct RecordQuery;
 struct StoreError;
 
 /// The session: the only road to the server. All requests are synchronous and answer within the session's
@@ -31,6 +32,10 @@ public:
 
     /// Runs one select (UTF-8) as it stands and returns an array that the caller owns, or null.
     MDArray* SqlRequest(const char* sql);
+    /// Looks for records in all workshifts by the server's full-text index. The answer, which the caller owns, has the
+    /// fields of LogbookRecordFields in their order, then DepartmentKey, startTime and endTime of the record's
+    /// workshift; the newest record comes first. Null on failure.
+    MDArray* SearchRecords(const RecordQuery& query);
     /// Writes every flagged record of \a array in order of entry, in one transaction; inside a block the
     /// records are copied and written at its end. \a flag is true and \a result null in all calls. True: the
     /// rows are on the disk.

@@ -47,6 +47,9 @@ struct CVrkCliSes::Private {
     void setConnected(bool up);
     /// Finds out what has become of the write that was never answered. False when the store cannot be reached.
     bool settle(StoreError* error);
+    /// The answer of a reading request, or null after fail().
+    template <class Ask>
+    MDArray* request(const char* function, const QString& what, Ask ask);
     bool apply(const char* function, const std::vector<StoreWrite>& writes);
     /// Enters the block among those that PrmFree frees.
     HFNCliParam* give(HFNCliParam* answer);

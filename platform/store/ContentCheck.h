@@ -14,6 +14,11 @@ struct Look {
 /// References by key between tables, states of records, trees, workshifts that were never finished opening.
 QVector<Look> looks();
 
+/// Of the search: how many records, and the key of one.
+constexpr char searchOutOfStep[] =
+    "Поиск по архиву не видит записи такими, какие они есть: %1, например «%2». "
+    "Исправит vrk-admin check --rebuild-search.";
+
 /// Appends one finding; "%1" and "%2" of the text are replaced.
 void add(QVector<StoreAdmin::Finding>* findings, StoreAdmin::Finding::Grade grade, const char* text,
          const QByteArray& first = QByteArray(), const QByteArray& second = QByteArray());

@@ -4,6 +4,7 @@
 #include "GenGuid32.h"
 #include "PostgresCheck.h"
 #include "PostgresSchema.h"
+#include "SqliteSchema.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -14,6 +15,7 @@
 namespace
 {
 constexpr int deadlineMs = 60000;
+constexpr int longMs = 6 * 3600 * 1000; ///< for what goes through the whole store
 
 bool refuse(StoreError* error, StoreError::Code code, const QString& text)
 {
@@ -23,17 +25,18 @@ bool refuse(StoreError* error, StoreError::Code code, const QString& text)
 
 /// An open connection; null with the reason.
 std::unique_ptr<PgConnection> connected(const QString& url, StoreError* error,
-                                        const QByteArray& database = {})
+                                        const QByteArray& database = {}, int limitMs = deadlineMs)
 {
-    auto link = std::make_unique<PgConnection>(url, deadlineMs, PgConnection::Instead{database, {}, {}});
+    auto link = std::make_unique<PgConnection>(url, limitMs, PgConnection::Instead{database, {}, {}});
     if (!link->connect(link->connectMs(), error))
         return nullptr;
     return link;
 }
 
-std::unique_ptr<PgConnection> connectedToStore(const QString& url, StoreError* error)
+std::unique_ptr<PgConnection> connectedToStore(const QString& url, StoreError* error,
+                                               int limitMs = deadlineMs)
 {
-    auto link = connected(url, error);
+    auto link = connected(url, error, {}, limitMs);
     if (!link || !PostgresSchema::isOurs(*link, error))
         return nullptr;
     return link;
@@ -136,15 +139,36 @@ bool PostgresAdmin::init(const QString& url, const QByteArray& codecName, const 
     return false;
 }
 
+bool PostgresAdmin::upgrade(const QString& url, StoreError* error)
+{
+    const auto link = connected(url, error, {}, longMs);
+    const int version = link ? PostgresSchema::versionOf(*link, error) : -1;
+    if (version < 0)
+        return false;
+    *error = SqliteSchema::versionError(version, link->place());
+    if (error->code != StoreError::TooOld)
+        return !*error;
+    error->clear();
+    return link->exec("BEGIN; SET LOCAL statement_timeout = 0", error) &&
+           PostgresSchema::upgrade(*link, version, error) && link->exec("COMMIT", error);
+}
+
+bool PostgresAdmin::rebuildSearch(const QString& url, StoreError* error)
+{
+    const auto link = connectedToStore(url, error, longMs);
+    return link && link->exec("BEGIN; SET LOCAL statement_timeout = 0", error) &&
+           PostgresSchema::rebuildSearch(*link, error) && link->exec("COMMIT", error);
+}
+
 bool PostgresAdmin::check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error)
 {
-    const auto link = connectedToStore(url, error);
+    const auto link = connectedToStore(url, error, longMs);
     // One transaction, so that all looks see the same moment of a store in use.
     return link &&
            link->exec("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY; SET LOCAL statement_timeout = 0",
                       error) &&
            PostgresCheck::schema(*link, findings, error) && PostgresCheck::content(*link, findings, error) &&
-           PostgresCheck::log(*link, findings, error);
+           PostgresCheck::search(*link, findings, error) && PostgresCheck::log(*link, findings, error);
 }
 
 bool PostgresAdmin::backup(const QString& url, const QString& copy, StoreError* error)

@@ -9,6 +9,8 @@ namespace PostgresAdmin
 /// called when the store stands; when it fails, everything is as it was.
 bool init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone,
           const std::function<bool()>& isFilled, StoreError* error);
+bool upgrade(const QString& url, StoreError* error);
+bool rebuildSearch(const QString& url, StoreError* error);
 bool check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// Leaves it to pg_dump, which must be there, and looks whether its copy can be read.
 bool backup(const QString& url, const QString& file, StoreError* error);

@@ -58,6 +58,18 @@ bool PostgresCheck::content(PgConnection& link, QVector<Finding>* findings, Stor
     return addAll(link, ContentCheck::looks(), findings, error);
 }
 
+bool PostgresCheck::search(PgConnection& link, QVector<Finding>* findings, StoreError* error)
+{
+    return addRows(
+        link,
+        {"SELECT count(*)::text, min(recordKey) FROM ("
+         "SELECT recordKey FROM SearchSource AS Q FULL JOIN RecordSearch AS S USING (recordKey)"
+         " WHERE S.words IS DISTINCT FROM Q.words OR S.recordTime IS DISTINCT FROM Q.recordTime) AS T"
+         " HAVING count(*) > 0",
+         Finding::Fault, ContentCheck::searchOutOfStep},
+        findings, error);
+}
+
 bool PostgresCheck::log(PgConnection& link, QVector<Finding>* findings, StoreError* error)
 {
     QVector<ContentCheck::Look> looks = {

@@ -11,6 +11,8 @@ namespace PostgresCheck
 bool schema(PgConnection& link, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// References by key between tables, states of records, trees, workshifts that were never finished opening.
 bool content(PgConnection& link, QVector<StoreAdmin::Finding>* findings, StoreError* error);
+/// Whether the search finds the records as they stand.
+bool search(PgConnection& link, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// The change log: contiguous numbers, the chain, and that it ends in the rows as they stand.
 bool log(PgConnection& link, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 } // namespace PostgresCheck

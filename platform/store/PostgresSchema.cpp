@@ -98,7 +98,7 @@ QByteArray grantsSql()
     return "GRANT SELECT, INSERT, UPDATE, DELETE ON " + tables +
            " TO vrk_client;\n"
            "GRANT SELECT ON StoreProperties, StoreFiles, ChangeHead, ChangeEnd, ChangeTransactions, "
-           "ChangeLog TO "
+           "ChangeLog, RecordSearch TO "
            "vrk_client;\n";
 }
 } // namespace
@@ -128,34 +128,91 @@ QByteArray PostgresSchema::rowOf(const CatalogTable& table, const QByteArray& al
     return "'[' || concat_ws(',', " + values + ") || ']'";
 }
 
+namespace
+{
+QByteArray stepsSql(int from)
+{
+    QByteArray all;
+    for (int step = from + 1; step <= SqliteSchema::version; ++step)
+        all += SchemaScript::file(
+            qPrintable(QStringLiteral("postgresql-%1.sql").arg(step, 4, 10, QLatin1Char('0'))));
+    return all;
+}
+
+/// Functions, triggers, views and grants, on tables as they are after the last step; and the version.
+QByteArray rulesSql()
+{
+    QByteArray all = SchemaScript::file("postgresql-log.sql") + SchemaScript::rules(dialect) +
+                     SchemaScript::file("postgresql-search.sql");
+    for (const CatalogTable& table : TableCatalog::tables())
+        all += logSql(table);
+    return all + grantsSql() + "INSERT INTO StoreProperties (name, value) VALUES ('schema', '" +
+           QByteArray::number(SqliteSchema::version) +
+           "') ON CONFLICT (name) DO UPDATE SET value = excluded.value;\n";
+}
+
+// Triggers go with their functions; one thing may take others along.
+const char dropRulesScript[] =
+    "DO $$ DECLARE thing text; BEGIN\n"
+    "FOREACH thing IN ARRAY (SELECT coalesce(array_agg(oid::regclass::text), '{}') FROM pg_class\n"
+    "    WHERE relnamespace = 'public'::regnamespace AND relkind = 'v') LOOP\n"
+    "    EXECUTE 'DROP VIEW IF EXISTS ' || thing || ' CASCADE'; END LOOP;\n"
+    "FOREACH thing IN ARRAY (SELECT coalesce(array_agg(oid::regprocedure::text), '{}') FROM pg_proc\n"
+    "    WHERE pronamespace = 'public'::regnamespace AND pg_get_userbyid(proowner) = 'vrk_owner') LOOP\n"
+    "    EXECUTE 'DROP FUNCTION IF EXISTS ' || thing || ' CASCADE'; END LOOP;\n"
+    "END $$;\n";
+
+// Nobody writes between the emptying and the end of the transaction.
+const char fillSearchScript[] = "TRUNCATE RecordSearch;\n"
+                                "DROP INDEX IF EXISTS RecordSearch_Words;\n"
+                                "INSERT INTO RecordSearch (recordKey, recordTime, words)\n"
+                                "    SELECT recordKey, recordTime, words FROM SearchSource;\n"
+                                "CREATE INDEX RecordSearch_Words ON RecordSearch USING gin (words)"
+                                " WITH (fastupdate = off);\n"
+                                "ANALYZE RecordSearch;\n";
+} // namespace
+
 bool PostgresSchema::install(PgConnection& link, StoreError* error)
 {
     QByteArray all = rolesScript;
     for (const CatalogTable& table : TableCatalog::tables())
         all += tableSql(table);
-    for (int step = 1; step <= SqliteSchema::version; ++step)
-        all += SchemaScript::file(
-            qPrintable(QStringLiteral("postgresql-%1.sql").arg(step, 4, 10, QLatin1Char('0'))));
-    all += SchemaScript::file("postgresql-log.sql") + SchemaScript::rules(dialect);
-    for (const CatalogTable& table : TableCatalog::tables())
-        all += logSql(table);
-    all += grantsSql() + "INSERT INTO StoreProperties (name, value) VALUES ('schema', '" +
-           QByteArray::number(SqliteSchema::version) + "');\nRESET ROLE;\n";
-    return link.exec(all, error);
+    return link.exec(all + stepsSql(0) + rulesSql() + "RESET ROLE;\n", error);
+}
+
+bool PostgresSchema::upgrade(PgConnection& link, int from, StoreError* error)
+{
+    return link.exec(QByteArray("SET ROLE vrk_owner;\n") + dropRulesScript + stepsSql(from) + rulesSql() +
+                         (from < 2 ? fillSearchScript : "") + "RESET ROLE;\n",
+                     error);
+}
+
+bool PostgresSchema::rebuildSearch(PgConnection& link, StoreError* error)
+{
+    return link.exec(
+        QByteArray("SET ROLE vrk_owner;\nLOCK TABLE LogbookRecords IN SHARE ROW EXCLUSIVE MODE;\n") +
+            fillSearchScript + "RESET ROLE;\n",
+        error);
+}
+
+int PostgresSchema::versionOf(PgConnection& link, StoreError* error)
+{
+    const PgResult version = link.run("SELECT value FROM StoreProperties WHERE name = 'schema'", error);
+    if (version)
+        return version.rows() > 0 ? version.bytes(0, 0).toInt() : 0;
+    if (link.failureState() == "42P01") {
+        error->code = StoreError::NotAStore;
+        error->text = QString::fromUtf8("База данных «%1» не является хранилищем журнала.").arg(link.place());
+    }
+    return -1;
 }
 
 bool PostgresSchema::isOurs(PgConnection& link, StoreError* error)
 {
-    const PgResult version = link.run("SELECT value FROM StoreProperties WHERE name = 'schema'", error);
-    if (!version) {
-        if (link.failureState() == "42P01") {
-            error->code = StoreError::NotAStore;
-            error->text =
-                QString::fromUtf8("База данных «%1» не является хранилищем журнала.").arg(link.place());
-        }
+    const int version = versionOf(link, error);
+    if (version < 0)
         return false;
-    }
-    *error = SqliteSchema::versionError(version.rows() > 0 ? version.bytes(0, 0).toInt() : 0, link.place());
+    *error = SqliteSchema::versionError(version, link.place());
     return !*error;
 }
 

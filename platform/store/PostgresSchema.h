@@ -7,7 +7,8 @@
 struct CatalogTable;
 
 /// The schema of a PostgreSQL store: tables and log triggers made from the catalog, the steps in
-/// schema/postgresql-NNNN.sql, the change log in schema/postgresql-log.sql, the rules of SchemaScript.
+/// schema/postgresql-NNNN.sql, the change log in schema/postgresql-log.sql, the rules of SchemaScript, the search in
+/// schema/postgresql-search.sql.
 ///
 /// Everything belongs to the role vrk_owner, which cannot log in. Persons are members of vrk_client, which may read
 /// all and write the tables of the catalog; members of vrk_loader may put the rules out of force.
@@ -16,6 +17,15 @@ namespace PostgresSchema
 /// Makes roles, tables, rules and grants in an empty database. Runs inside the caller's transaction.
 bool install(PgConnection& link, StoreError* error);
 
+/// Takes the steps that a store of \a from lacks, and makes all functions, triggers and views anew. Runs inside the
+/// caller's transaction.
+bool upgrade(PgConnection& link, int from, StoreError* error);
+
+/// Fills the index of the search anew. Runs inside the caller's transaction.
+bool rebuildSearch(PgConnection& link, StoreError* error);
+
+/// The version of the store in the database; -1 with the reason when there is none.
+int versionOf(PgConnection& link, StoreError* error);
 /// Whether the database is a store of this version.
 bool isOurs(PgConnection& link, StoreError* error);
 

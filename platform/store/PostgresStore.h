@@ -30,6 +30,7 @@ public:
     double serverTime() override;
 
     MDArray* select(const QByteArray& sqlUtf8, StoreError* error) override;
+    MDArray* search(const RecordQuery& query, StoreError* error) override;
     bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key, QByteArray* bytes,
               StoreError* error) override;
     /// Tries again when the server asks for it (deadlocks) and when the connection is lost and back within the

@@ -75,6 +75,29 @@ bool SqliteAdmin::init(const QString& file, const QByteArray& codecName, const Q
     return false;
 }
 
+bool SqliteAdmin::upgrade(const QString& file, StoreError* error)
+{
+    const auto connection = SqliteConnection::open(file, SqliteConnection::Upgrade, deadlineMs, error);
+    if (!connection || !connection->exec("BEGIN IMMEDIATE", error))
+        return false;
+    SqliteStatement version = connection->prepare("PRAGMA user_version");
+    const int from = version.step() ? static_cast<int>(version.integer(0)) : SqliteSchema::version;
+    version.reset();
+    if (from < 1) {
+        *error = SqliteSchema::versionError(from, file);
+        return false; // no store of any program
+    }
+    return from == SqliteSchema::version ||
+           (SqliteSchema::upgrade(*connection, from, error) && connection->exec("COMMIT", error));
+}
+
+bool SqliteAdmin::rebuildSearch(const QString& file, StoreError* error)
+{
+    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadWrite, deadlineMs, error);
+    return connection && connection->exec("BEGIN IMMEDIATE", error) &&
+           SqliteSchema::rebuildSearch(*connection, error) && connection->exec("COMMIT", error);
+}
+
 bool SqliteAdmin::check(const QString& file, QVector<StoreAdmin::Finding>* findings, StoreError* error)
 {
     const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOnly, deadlineMs, error);
@@ -84,6 +107,7 @@ bool SqliteAdmin::check(const QString& file, QVector<StoreAdmin::Finding>* findi
     return SqliteCheck::place(*connection, findings) && SqliteCheck::engine(*connection, findings, error) &&
            SqliteCheck::schema(*connection, findings, error) &&
            SqliteCheck::content(*connection, findings, error) &&
+           SqliteCheck::search(*connection, findings, error) &&
            SqliteCheck::log(*connection, findings, error);
 }
 

@@ -119,6 +119,41 @@ bool SqliteCheck::content(SqliteConnection& connection, QVector<Finding>* findin
                    "Осталась строка незавершённой транзакции %1.", findings, error);
 }
 
+bool SqliteCheck::search(SqliteConnection& connection, QVector<Finding>* findings, StoreError* error)
+{
+    const int before = findings->size();
+    const QByteArray outOfStep =
+        "SELECT recordKey FROM SearchSource AS Q WHERE NOT EXISTS (SELECT 1 FROM RecordSearch AS S"
+        " WHERE S.recordKey = Q.recordKey AND S.words = Q.words AND S.equipment = Q.equipment"
+        " AND S.marks = Q.marks AND (S.number < 0 OR S.number >> 16 = Q.second))"
+        " UNION ALL SELECT recordKey FROM RecordSearch WHERE recordKey NOT IN (SELECT KeyLink FROM "
+        "LogbookRecords)";
+    if (!addRows(connection, "SELECT count(*), min(recordKey) FROM (" + outOfStep + ") HAVING count(*) > 0",
+                 Finding::Fault, ContentCheck::searchOutOfStep, findings, error))
+        return false;
+    if (findings->size() > before)
+        return true;
+    // The engine compares its index with the rows only for who may write; nothing is written.
+    StoreError ignored;
+    const auto writer =
+        SqliteConnection::open(connection.file(), SqliteConnection::ReadWrite, 1000, &ignored);
+    if (!writer)
+        return true;
+    SqliteStatement compare =
+        writer->prepare("INSERT INTO RecordWords (RecordWords, rank) VALUES ('integrity-check', 1)");
+    if (compare.run())
+        return true;
+    const int code = compare.code() & 0xFF;
+    if (code == SQLITE_CORRUPT)
+        add(findings, Finding::Fault,
+            "Указатель поиска по архиву повреждён. Исправит vrk-admin check --rebuild-search.");
+    else if (code != SQLITE_BUSY && code != SQLITE_READONLY && code != SQLITE_CANTOPEN) {
+        *error = writer->lastError();
+        return false;
+    }
+    return true;
+}
+
 bool SqliteCheck::log(SqliteConnection& connection, QVector<Finding>* findings, StoreError* error)
 {
     SqliteStatement heads = connection.prepare(

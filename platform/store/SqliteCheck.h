@@ -15,6 +15,8 @@ bool engine(SqliteConnection& connection, QVector<StoreAdmin::Finding>* findings
 bool schema(SqliteConnection& connection, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// References by key between tables, states of records, trees, workshifts that were never finished opening.
 bool content(SqliteConnection& connection, QVector<StoreAdmin::Finding>* findings, StoreError* error);
+/// Whether the search finds the records as they stand.
+bool search(SqliteConnection& connection, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// The change log: contiguous numbers, the chain, and that it ends in the rows as they stand.
 bool log(SqliteConnection& connection, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 } // namespace SqliteCheck

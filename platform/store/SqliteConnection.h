@@ -60,7 +60,12 @@ private:
 class SqliteConnection
 {
 public:
-    enum Mode { Create, ReadWrite, ReadOnly };
+    enum Mode {
+        Create,
+        ReadWrite,
+        ReadOnly,
+        Upgrade ///< ReadWrite, for a store of an older version too
+    };
 
     /// "VRKJ", the mark of a store in the file's header.
     static constexpr int ApplicationId = 0x56524B4A;

@@ -59,20 +59,81 @@ QByteArray SqliteSchema::logTriggers(const CatalogTable& table)
            trigger(table, "update", 602, sameKey + treeCheck) + trigger(table, "delete", 603, QByteArray());
 }
 
-bool SqliteSchema::install(SqliteConnection& connection, StoreError* error)
+namespace
 {
-    for (int step = 1; step <= version; ++step) {
+bool takeSteps(SqliteConnection& connection, int from, StoreError* error)
+{
+    for (int step = from + 1; step <= SqliteSchema::version; ++step) {
         if (!connection.exec(SchemaScript::file(qPrintable(
                                  QStringLiteral("sqlite-%1.sql").arg(step, 4, 10, QLatin1Char('0')))),
                              error))
             return false;
     }
-    QByteArray rules = SchemaScript::rules(dialect);
+    return true;
+}
+
+/// The views and triggers, on tables as they are after the last step.
+bool makeRules(SqliteConnection& connection, StoreError* error)
+{
+    QByteArray rules = SchemaScript::file("sqlite-log.sql") + SchemaScript::rules(dialect) +
+                       SchemaScript::file("sqlite-search.sql");
     for (const CatalogTable& table : TableCatalog::tables())
-        rules += logTriggers(table);
+        rules += SqliteSchema::logTriggers(table);
     rules += "PRAGMA application_id = " + QByteArray::number(SqliteConnection::ApplicationId) +
-             "; PRAGMA user_version = " + QByteArray::number(version) + ";";
+             "; PRAGMA user_version = " + QByteArray::number(SqliteSchema::version) + ";";
     return connection.exec(rules, error);
+}
+
+bool dropRules(SqliteConnection& connection, StoreError* error)
+{
+    QByteArray drops;
+    {
+        SqliteStatement names = connection.prepare("SELECT 'DROP ' || type || ' \"' || name || '\";' FROM "
+                                                   "sqlite_schema WHERE type IN ('trigger', 'view')"
+                                                   " ORDER BY type");
+        while (names.step())
+            drops += names.bytes(0);
+    }
+    return connection.exec(drops, error);
+}
+} // namespace
+
+bool SqliteSchema::install(SqliteConnection& connection, StoreError* error)
+{
+    return takeSteps(connection, 0, error) && makeRules(connection, error);
+}
+
+bool SqliteSchema::upgrade(SqliteConnection& connection, int from, StoreError* error)
+{
+    return dropRules(connection, error) && takeSteps(connection, from, error) &&
+           makeRules(connection, error) && (from >= 2 || rebuildSearch(connection, error));
+}
+
+bool SqliteSchema::rebuildSearch(SqliteConnection& connection, StoreError* error)
+{
+    // Without the triggers the index is made at once instead of row by row.
+    QByteArray drops;
+    QByteArray triggers;
+    {
+        SqliteStatement rows = connection.prepare(
+            "SELECT name, sql FROM sqlite_schema WHERE type = 'trigger' AND tbl_name = 'RecordSearch'");
+        while (rows.step()) {
+            drops += "DROP TRIGGER " + rows.bytes(0) + ';';
+            triggers += rows.bytes(1) + ';';
+        }
+    }
+    return connection.exec(
+        drops +
+            "DELETE FROM RecordSearch;"
+            "INSERT INTO RecordSearch (number, recordKey, words, equipment, marks)"
+            " SELECT CASE WHEN place <= 65536 THEN (second << 16) + place - 1 ELSE -row END,"
+            " recordKey, words, equipment, marks"
+            " FROM (SELECT *, row_number() OVER (PARTITION BY second ORDER BY recordKey) AS place,"
+            " row_number() OVER (ORDER BY second, recordKey) AS row FROM SearchSource)"
+            " ORDER BY second, recordKey;"
+            "INSERT INTO RecordWords (RecordWords) VALUES ('rebuild');" +
+            triggers,
+        error);
 }
 
 StoreError SqliteSchema::versionError(int storeVersion, const QString& file)
@@ -88,7 +149,7 @@ StoreError SqliteSchema::versionError(int storeVersion, const QString& file)
             QString()};
     if (storeVersion < version)
         return {StoreError::TooOld,
-                QString::fromUtf8("Хранилище «%1» версии %2 нужно обновить до версии %3.")
+                QString::fromUtf8("Хранилище «%1» версии %2 нужно обновить до версии %3: vrk-admin upgrade.")
                     .arg(file)
                     .arg(storeVersion)
                     .arg(version),

@@ -27,6 +27,7 @@ public:
     double serverTime() override;
 
     MDArray* select(const QByteArray& sqlUtf8, StoreError* error) override;
+    MDArray* search(const RecordQuery& query, StoreError* error) override;
     bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key, QByteArray* bytes,
               StoreError* error) override;
     bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error) override;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MDArray.h"
+#include "RecordQuery.h"
 #include "StoreError.h"
 
 #include <functional>
@@ -96,6 +97,10 @@ public:
     /// names and types and the order-of-entry key, also when it has no rows. Blobs stay in the store until
     /// they are read.
     virtual MDArray* select(const QByteArray& sqlUtf8, StoreError* error) = 0;
+    /// The records that answer a query, of all departments that the query lets in, the newest first. The answer, owned
+    /// by the caller, has the fields of LogbookRecords in their order, then DepartmentKey, startTime and endTime of the
+    /// workshift; and the order-of-entry key.
+    virtual MDArray* search(const RecordQuery& query, StoreError* error) = 0;
     /// Fetches the bytes of one blob, such as "fileData" of "LogbookFiles"; a null one is a null QByteArray.
     /// False when there is no such row or the store does not answer.
     virtual bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key,

@@ -49,6 +49,20 @@ bool StoreAdmin::init(const QString& url, const QByteArray& codecName, const QBy
         [&] { return PostgresAdmin::init(url, codecName, timeZone, isFilled, error); });
 }
 
+bool StoreAdmin::upgrade(const QString& url, StoreError* error)
+{
+    return dispatch(
+        url, error, [&](const QString& file) { return SqliteAdmin::upgrade(file, error); },
+        [&] { return PostgresAdmin::upgrade(url, error); });
+}
+
+bool StoreAdmin::rebuildSearch(const QString& url, StoreError* error)
+{
+    return dispatch(
+        url, error, [&](const QString& file) { return SqliteAdmin::rebuildSearch(file, error); },
+        [&] { return PostgresAdmin::rebuildSearch(url, error); });
+}
+
 bool StoreAdmin::check(const QString& url, QVector<Finding>* findings, StoreError* error)
 {
     findings->clear();

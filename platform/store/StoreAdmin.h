@@ -18,6 +18,13 @@ using Filling = std::function<bool(Store* store, StoreError* error)>;
 bool init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error,
           const Filling& filling = Filling());
 
+/// Brings a store of an older version to this one, in one transaction; one of this version stays as it is. Workstations
+/// with the older program should be closed: they could not write any more.
+bool upgrade(const QString& url, StoreError* error);
+
+/// Fills the index of the search anew; the journal itself stays as it is.
+bool rebuildSearch(const QString& url, StoreError* error);
+
 /// One finding of a check.
 struct Finding {
     enum Grade { Note, Fault } grade = Fault;

@@ -152,7 +152,7 @@ QDate VrkTableDelegate::day(int row) const
 
 QDate VrkTableDelegate::dayLine(int row) const
 {
-    const QDate date = row > 0 ? day(row) : QDate();
+    const QDate date = m_hasDayLines && row > 0 ? day(row) : QDate();
     return date.isValid() && day(row - 1) != date ? date : QDate();
 }
 

@@ -28,6 +28,7 @@ public:
     int dayLineHeight(int row) const;
     /// The date in the day line above a row; invalid when there is none.
     QDate dayLine(int row) const;
+    void setDayLines(bool shown) { m_hasDayLines = shown; }
     /// Drops what is kept about a record, or about all.
     void forget(const MDRData* record);
     void forgetAll();
@@ -47,5 +48,6 @@ private:
 
     VrkTableProxyModel* m_model;
     QTableView* m_view;
+    bool m_hasDayLines = true;
     mutable QCache<const MDRData*, QTextDocument> m_documents;
 };

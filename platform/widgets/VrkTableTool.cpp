@@ -208,6 +208,14 @@ void VrkTableTool::setDefaultSettingsView()
     d->layout->applyFont();
 }
 
+void VrkTableTool::setDayLines(bool shown)
+{
+    if (auto* delegate = d->view ? qobject_cast<VrkTableDelegate*>(d->view->itemDelegate()) : nullptr)
+        delegate->setDayLines(shown);
+    if (d->layout)
+        d->layout->measure();
+}
+
 VrkTableModel* VrkTableTool::model() const
 {
     return &d->model;

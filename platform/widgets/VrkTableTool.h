@@ -35,6 +35,10 @@ public:
     VrkTableProxyModel* proxy() const;
     QTableView* tableView() const;
 
+    /// Whether the first record of a day carries a line with the date; it does when nothing is said. For tables whose
+    /// cells tell the date.
+    void setDayLines(bool shown);
+
     /// The record of the view's current row, or null.
     MDRData* currentRecord() const;
     /// Makes the record's row current and scrolls to it; nothing happens for a record that is not shown.

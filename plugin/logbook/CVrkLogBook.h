@@ -53,6 +53,9 @@ public:
     void ModDataEditPost() override;
     void ModDataEditCancel() override;
 
+    /// Takes "showRecord" with the KeyLink of a record: shows it in its workshift, in the tab of its department.
+    void slot_modNotify(QString name, QVariant value) override;
+
     /// Opens the journal of a department in a tab of its own, or brings the one that is open to the front.
     void appendLogbook(const QString& organizationKey, const QString& departmentKey);
 
@@ -80,6 +83,7 @@ private:
     void setModuleName(const QString& name);
     void writeLog(const QString& func, const QString& text);
     void showError(const QString& text);
+    void showRecord(const QByteArray& recordKey);
 
     void uploadHfnTables();
     /// Sets KeyLink as the only key of Departments, Organizations and Workers. Stands ready for a host whose

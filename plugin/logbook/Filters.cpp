@@ -6,7 +6,18 @@
 
 bool FilterByStatus::isAcceptRow(const CMDArray*, MDRData* record) const
 {
-    return !isEnabled() || !hasStatus(record, StatusDraft);
+    if (!isEnabled() || !hasStatus(record, StatusDraft))
+        return true;
+    return !m_shown.isEmpty() && MDRValue::bytes(recordValue(record, "KeyLink")) == m_shown;
+}
+
+void FilterByStatus::setShown(const QByteArray& recordKey)
+{
+    if (recordKey == m_shown)
+        return;
+    m_shown = recordKey;
+    if (isEnabled())
+        emit enabledChanged(true); // whoever holds the rule asks again
 }
 
 bool FilterOnlyApprove::isAcceptRow(const CMDArray*, MDRData* record) const

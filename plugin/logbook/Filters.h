@@ -2,16 +2,25 @@
 
 #include "VrkTableFilterRow.h"
 
+#include <QByteArray>
+
 class CModelTable;
 
-/// Hides drafts.
+/// Hides drafts, but for one that may be asked for.
 class FilterByStatus : public VrkTableFilterRow
 {
     Q_OBJECT
 
 public:
     using VrkTableFilterRow::VrkTableFilterRow;
+    /// The record with this key is shown whatever its status.
+    void setShown(const QByteArray& recordKey);
+    /// Takes that back; for tables that are about to be filled anew.
+    void forgetShown() { m_shown.clear(); }
     bool isAcceptRow(const CMDArray* array, MDRData* record) const override;
+
+private:
+    QByteArray m_shown;
 };
 
 /// Shows approved records only.

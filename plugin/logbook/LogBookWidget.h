@@ -100,6 +100,9 @@ public slots:
     void uploadRealTimeWorkshift();
     /// Shows a workshift of the archive.
     void uploadRecordsIn(const QString& workshiftKey);
+    /// Shows a workshift, unless it is shown already, and makes one of its records current, be it a draft that is hidden
+    /// otherwise. False when the record is not there; nothing changes while a question is open above the table.
+    bool showRecord(const QString& workshiftKey, const QByteArray& recordKey);
     /// Shows the records made in an interval.
     void uploadRecordsIn(const QDateTime& from, const QDateTime& to);
 

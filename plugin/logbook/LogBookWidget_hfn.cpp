@@ -1,5 +1,6 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Filters.h"
 #include "HfnTime.h"
 #include "LocationInfo.h"
 #include "LogbookTables.h"
@@ -98,6 +99,7 @@ void LogBookWidget::uploadShownWorkshift()
 
 void LogBookWidget::clearTables(std::initializer_list<CModelTable*> tables)
 {
+    m_draftsFilter->forgetShown(); // it was asked for among the former rows
     m_census.clear();
     for (CModelTable* table : tables)
         table->data.lastError = MDAClearRec(table->data.array);

@@ -1,10 +1,14 @@
 #include "AppendWorkerDialog.h"
 #include "DateTimeRangeDialog.h"
+#include "Filters.h"
 #include "LocationInfo.h"
 #include "LogbookTables.h"
 #include "LogBookWidget.h"
 #include "OrgStructDialog.h"
+#include "PopGuard.h"
 #include "ReportDialog.h"
+#include "ui_LogBookTab.h"
+#include "VrkTableTool.h"
 #include "WorkshiftInfoDialog.h"
 #include "WorkshiftsDialog.h"
 
@@ -72,4 +76,21 @@ void LogBookWidget::showReportDialog()
     m_report->setReportTitle(title(), period);
     m_report->show();
     m_report->raise();
+}
+
+bool LogBookWidget::showRecord(const QString& workshiftKey, const QByteArray& recordKey)
+{
+    if (PopGuard::over(m_ui->recordsTable))
+        return true; // its answer is meant for the record that it asks about
+    const bool isShown =
+        (m_mode == RealTime || m_mode == ArchiveWorkshift) && workshiftKeyLink() == workshiftKey;
+    if (!isShown)
+        uploadRecordsIn(workshiftKey);
+    MDRData* record = recordByKeyLink(&m_records, recordKey.constData());
+    if (!record)
+        return false;
+    m_draftsFilter->setShown(recordKey);
+    m_tableTool->setCurrentRecord(record);
+    m_ui->recordsTable->setFocus();
+    return true;
 }

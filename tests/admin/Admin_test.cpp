@@ -28,6 +28,8 @@ private slots:
     void demoTellsTheStoryOfHoursAgo();
     void aFreshStoreIsClean();
     void aDamagedStoreIsFoundOut();
+    void theSearchIsMadeAnew();
+    void aStoreOfThisVersionNeedsNoUpgrade();
     void aBackupIsAStoreOfItsOwn();
     void loginsAreAddedListedAndRemoved();
     void rightsAreGivenAndTaken();
@@ -227,6 +229,26 @@ void Admin_test::aDamagedStoreIsFoundOut()
     const Command::ExitCode code = run({QStringLiteral("check"), m_url});
     QVERIFY(code == Command::FaultsFound || code == Command::Failed);
     QVERIFY(!m_err.isEmpty() || m_out.contains(QStringLiteral("Ошибка: ")));
+}
+
+void Admin_test::theSearchIsMadeAnew()
+{
+    run({QStringLiteral("demo"), m_url});
+    QCOMPARE(run({QStringLiteral("check"), m_url, QStringLiteral("--rebuild-search")}), Command::Success);
+    QVERIFY(m_out.contains(QStringLiteral("Указатель поиска составлен заново.")));
+    QVERIFY(m_out.contains(QStringLiteral("Хранилище в порядке.")));
+    QCOMPARE(
+        run({QStringLiteral("check"), m_url, QStringLiteral("--rebuild-search"), QStringLiteral("--ready")}),
+        Command::WrongUsage);
+}
+
+void Admin_test::aStoreOfThisVersionNeedsNoUpgrade()
+{
+    run({QStringLiteral("init"), m_url});
+    QCOMPARE(run({QStringLiteral("upgrade"), m_url}), Command::Success);
+    QCOMPARE(m_out, QStringLiteral("Хранилище версии 2.\n"));
+    QCOMPARE(run({QStringLiteral("upgrade")}), Command::WrongUsage);
+    QCOMPARE(run({QStringLiteral("upgrade"), m_url + QStringLiteral("x")}), Command::Failed);
 }
 
 void Admin_test::aBackupIsAStoreOfItsOwn()

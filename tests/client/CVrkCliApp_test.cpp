@@ -34,6 +34,7 @@ private slots:
     void a_module_without_an_application_is_harmless();
     void modules_may_outlive_the_application();
     void the_editors_are_watched_in_the_code_page_of_the_session();
+    void a_notice_reaches_the_module_that_the_host_opens();
 
 private:
     void log(std::initializer_list<const char*> keys)
@@ -325,6 +326,24 @@ void CVrkCliAppTest::the_editors_are_watched_in_the_code_page_of_the_session()
     client->app().setSession(nullptr);
     line.insert(QStringLiteral("→"));
     QCOMPARE(line.text(), QStringLiteral("а->→"));
+}
+
+void CVrkCliAppTest::a_notice_reaches_the_module_that_the_host_opens()
+{
+    struct Receiver : CVrkCliMod {
+        using CVrkCliMod::CVrkCliMod;
+        void slot_modNotify(QString name, QVariant value) override { told.append(name + value.toString()); }
+        QStringList told;
+    } receiver(&client->app());
+    QVERIFY(
+        !client->app().notifyModule(QStringLiteral("logbook"), QStringLiteral("showRecord"), 1)); // no host
+    client->app().setModuleOpener([&receiver](const QString& module) {
+        return module == QLatin1String("logbook") ? &receiver : nullptr;
+    });
+    QVERIFY(client->app().notifyModule(QStringLiteral("logbook"), QStringLiteral("showRecord"),
+                                       QStringLiteral("KEY")));
+    QCOMPARE(receiver.told, QStringList{QStringLiteral("showRecordKEY")});
+    QVERIFY(!client->app().notifyModule(QStringLiteral("other"), QStringLiteral("showRecord"), 1));
 }
 
 QTEST_MAIN(CVrkCliAppTest)

@@ -60,6 +60,10 @@ public:
         MDACreate(&answer, 0);
         return answer;
     }
+    MDArray* search(const RecordQuery& query, StoreError* failure) override
+    {
+        return select("search " + query.words.toUtf8(), failure);
+    }
     bool blob(const QByteArray&, const QByteArray&, const QByteArray& key, QByteArray* bytes,
               StoreError* failure) override
     {

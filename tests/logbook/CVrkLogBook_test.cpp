@@ -186,7 +186,7 @@ void CVrkLogBook_test::aUserWithoutAWorkerGetsAnError()
 void CVrkLogBook_test::aMissingTableIsTold()
 {
     m_client = std::make_unique<TestClient>(*m_store);
-    QCOMPARE(m_store->exec(QStringLiteral("ALTER TABLE Departments RENAME TO Elsewhere")), QString());
+    QCOMPARE(m_store->dropTables({QStringLiteral("Departments")}), QString());
     m_window = std::make_unique<CVrkLogBook>(&m_client->app());
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Departments")));
     QTest::ignoreMessage(QtWarningMsg,

@@ -30,6 +30,22 @@ private slots:
         QCOMPARE(accepted(filter), QVector<bool>({true, true, true}));
     }
 
+    void showsTheOneDraftThatIsAskedFor()
+    {
+        FilterByStatus filter;
+        MDRData* asked = m_records.add({{"KeyLink", QByteArray("ASKED")}, {"status", 1}});
+        MDRData* other = m_records.add({{"KeyLink", QByteArray("OTHER")}, {"status", 1}});
+        QSignalSpy again(&filter, &VrkTableFilterRow::enabledChanged);
+        filter.setShown("ASKED");
+        QCOMPARE(again.count(), 1);
+        QVERIFY(filter.isAcceptRow(&m_records.data, asked));
+        QVERIFY(!filter.isAcceptRow(&m_records.data, other));
+        filter.setShown("ASKED");
+        QCOMPARE(again.count(), 1);
+        filter.forgetShown();
+        QVERIFY(!filter.isAcceptRow(&m_records.data, asked));
+    }
+
     void showsApprovedRecordsOnly()
     {
         FilterOnlyApprove filter;

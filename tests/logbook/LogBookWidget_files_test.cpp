@@ -352,7 +352,7 @@ private slots:
         const TestStore store;
         Pane pane(store);
         pane.journal.select("REC_TRIP");
-        QCOMPARE(store.exec(QStringLiteral("ALTER TABLE LogbookFiles RENAME TO Gone")), QString());
+        QCOMPARE(store.dropTables({QStringLiteral("LogbookFiles")}), QString());
         pane.open(0);
         QVERIFY(pane.desktop.opened.isEmpty());
         m_log->take(QStringLiteral("CVrkCliSes"));

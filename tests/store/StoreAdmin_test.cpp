@@ -152,10 +152,14 @@ private slots:
     {
         tamper(QStringLiteral("UPDATE LogbookRecords SET html = 'forged' WHERE KeyLink = 'REC_ORDER'"),
                {QStringLiteral("Log_LogbookRecords_update"), QStringLiteral("Rule_Records_update"),
-                QStringLiteral("Rule_Records_visa"), QStringLiteral("Rule_Records_secondMark")});
-        QCOMPARE(faults(), QStringList{QString::fromUtf8(
-                               "Строка «REC_ORDER» таблицы «LogbookRecords» изменена в обход журнала "
-                               "изменений.")});
+                QStringLiteral("Rule_Records_visa"), QStringLiteral("Rule_Records_secondMark"),
+                QStringLiteral("Search_Records_update")});
+        QCOMPARE(faults(),
+                 (QStringList{
+                     QString::fromUtf8("Поиск по архиву не видит записи такими, какие они есть: 1, например "
+                                       "«REC_ORDER». Исправит vrk-admin check --rebuild-search."),
+                     QString::fromUtf8("Строка «REC_ORDER» таблицы «LogbookRecords» изменена в обход журнала "
+                                       "изменений.")}));
     }
 
     void removedRowIsFound()

@@ -1,4 +1,5 @@
 #include "MDRValues.h"
+#include "StoreAdmin.h"
 #include "TestStore.h"
 
 #include <QtTest>
@@ -194,7 +195,8 @@ private slots:
         QVERIFY(!error.text.isEmpty());
         QCOMPARE(m_files->value(QStringLiteral("SELECT count(*) FROM Roles")).toInt(), 3);
         if (TestStore::isSqlite())
-            QCOMPARE(m_files->value(QStringLiteral("PRAGMA user_version")).toInt(), 1);
+            QCOMPARE(m_files->value(QStringLiteral("PRAGMA user_version")).toInt(),
+                     StoreAdmin::schemaVersion());
     }
 
     void endsAndRemarksAreAccepted_data()

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Holds every #include of the project against the list of who may include whom.
 
-A floor of the platform includes itself and the floors below it; the plug-in includes the platform above the store; the
-host includes the platform above the store and no header of a plug-in; the admin tool includes hfn, store and demo.
+A floor of the platform includes itself and the floors below it; the plug-ins include the platform above the store and
+nothing of each other; the host includes the platform above the store and no header of a plug-in; the admin tool includes hfn,
+store and demo.
 """
 import pathlib
 import re
@@ -15,6 +16,7 @@ ALLOWED = {
     "platform/text": {"platform/hfn", "platform/client", "platform/text"},
     "platform/widgets": {"platform/hfn", "platform/client", "platform/text", "platform/widgets"},
     "plugin": {"platform/hfn", "platform/client", "platform/text", "platform/widgets", "plugin"},
+    "archive": {"platform/hfn", "platform/client", "platform/text", "platform/widgets", "archive"},
     "workstation": {"platform/hfn", "platform/client", "platform/text", "platform/widgets", "workstation"},
     "demo": {"platform/hfn", "platform/store", "platform/text", "demo"},
     "admin": {"platform/hfn", "platform/store", "demo", "admin"},

@@ -48,6 +48,15 @@ public:
         m_plan->failedSelects = 0;
         return m_store->select(sql, error);
     }
+    MDArray* search(const RecordQuery& query, StoreError* error) override
+    {
+        if (m_plan->failedSelects-- > 0) {
+            *error = {StoreError::Locked, refusal(), QString()};
+            return nullptr;
+        }
+        m_plan->failedSelects = 0;
+        return m_store->search(query, error);
+    }
     bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key, QByteArray* bytes,
               StoreError* error) override
     {

@@ -252,6 +252,12 @@ private slots:
         QCOMPARE(s.delegate()->dayLine(2), QDate());
         QCOMPARE(s.view.rowHeight(1), s.view.rowHeight(2) + s.delegate()->dayLineHeight(1));
 
+        s.tool.setDayLines(false);
+        s.settle();
+        QCOMPARE(s.delegate()->dayLine(1), QDate());
+        QCOMPARE(s.view.rowHeight(1), s.view.rowHeight(2));
+        s.tool.setDayLines(true);
+
         s.tool.sortByColumn(recordTime, Qt::DescendingOrder);
         s.settle();
         QCOMPARE(s.delegate()->dayLine(2), QDate(2026, 11, 19));

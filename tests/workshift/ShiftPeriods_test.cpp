@@ -204,7 +204,7 @@ private slots:
                      "void WorkshiftsDialog::reloadWorkshifts() failed upload workshifts: department "
                      "keyLink is empty!")});
         shifts->hide();
-        QCOMPARE(store.exec(QStringLiteral("ALTER TABLE LogbookWorkshifts RENAME TO Elsewhere")), QString());
+        QCOMPARE(store.dropTables({QStringLiteral("LogbookWorkshifts")}), QString());
         shifts->setDepartmentKey(QStringLiteral("DEP_CDS"));
         shifts->show();
         QCOMPARE(

@@ -110,6 +110,8 @@ private slots:
         QTest::newRow("configurator")
             << "template" << QStringLiteral("Конфигуратор шаболнов Оперативного журнала");
         QTest::newRow("converter") << "converter" << QStringLiteral("Конвертер шаблонов и параметров ОЖ");
+        QTest::newRow("unfinished") << "unfinished" << QStringLiteral("Незавершённое");
+        QTest::newRow("archive") << "archive" << QStringLiteral("Поиск по архиву");
     }
     void everyModuleIsThere()
     {

@@ -246,9 +246,11 @@ void Workstation_users_test::theMenuOffersWhatTheRightsAllow_data()
 {
     QTest::addColumn<QString>("user");
     QTest::addColumn<QStringList>("offered");
-    const QStringList usual{QStringLiteral("logbookAction"), QStringLiteral("templateAction")};
+    const QStringList first{QStringLiteral("logbookAction"), QStringLiteral("templateAction")};
+    const QStringList last{QStringLiteral("unfinishedAction"), QStringLiteral("archiveAction")};
+    const QStringList usual = first + last;
     QTest::newRow("administrator") << QStringLiteral("admin")
-                                   << usual + QStringList{QStringLiteral("converterAction")};
+                                   << first + QStringList{QStringLiteral("converterAction")} + last;
     QTest::newRow("local administrator") << QStringLiteral("listov") << usual;
     QTest::newRow("dispatcher") << QStringLiteral("ozerov") << usual;
 }
@@ -276,10 +278,10 @@ void Workstation_users_test::modulesWorkSideBySideOnOneSession()
     CVrkCliMod* journal = started(QStringLiteral("admin"));
     QVERIFY(journal);
     auto* menu = journal->findChild<ModuleMenu*>();
-    for (const char* name : {"template", "converter"})
+    for (const char* name : {"template", "converter", "unfinished", "archive"})
         menu->findChild<QAction*>(QLatin1String(name) + QStringLiteral("Action"))->trigger();
     QVector<CVrkCliMod*> windows;
-    for (const ModuleMenu::Entry& entry : ModuleMenu::entries()) {
+    for (const PluginCatalog::Module& entry : m_host->catalog().modules()) {
         CVrkCliMod* window = m_host->module(entry.name);
         QVERIFY2(window && window->isVisible(), qPrintable(entry.name));
         QCOMPARE(window->session(), m_host->app()->session());

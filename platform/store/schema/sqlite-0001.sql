@@ -264,14 +264,3 @@ CREATE TABLE CurrentTransaction (
     userKey TEXT NOT NULL,
     loader INTEGER NOT NULL
 ) STRICT;
-
--- The log is for good.
-
-CREATE TRIGGER Log_noUpdate BEFORE UPDATE ON ChangeLog
-BEGIN SELECT RAISE(ABORT, 'Журнал изменений не изменяется.'); END;
-CREATE TRIGGER Log_noDelete BEFORE DELETE ON ChangeLog
-BEGIN SELECT RAISE(ABORT, 'Журнал изменений не изменяется.'); END;
-CREATE TRIGGER Transactions_noUpdate BEFORE UPDATE ON ChangeTransactions
-BEGIN SELECT RAISE(ABORT, 'Журнал изменений не изменяется.'); END;
-CREATE TRIGGER Transactions_noDelete BEFORE DELETE ON ChangeTransactions
-BEGIN SELECT RAISE(ABORT, 'Журнал изменений не изменяется.'); END;

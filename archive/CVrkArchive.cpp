@@ -1,0 +1,250 @@
+#include "CVrkArchive.h"
+
+#include "CVrkCliApp.h"
+#include "CVrkCliSes.h"
+#include "HfnTime.h"
+#include "LogbookFields.h"
+#include "RecordList.h"
+#include "ui_CVrkArchive.h"
+
+#include <QAction>
+#include <QCompleter>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QTableView>
+
+namespace
+{
+constexpr int typingMs = 300;
+} // namespace
+
+CVrkArchive::CVrkArchive(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::CVrkArchive)
+{
+    m_form->setupUi(this);
+    setObjectName(QStringLiteral("CVrkArchive"));
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setModuleStyle();
+
+    m_form->wordsEdit->addAction(icon(QStringLiteral("search")), QLineEdit::LeadingPosition);
+    m_form->statusCombo->addItem(tr("Любое"), -1);
+    m_form->statusCombo->addItem(icon(QStringLiteral("apply")), tr("Утверждённые"), StatusApproved);
+    m_form->statusCombo->addItem(QIcon(QStringLiteral(":/archive/draft.png")), tr("Черновики"), StatusDraft);
+    m_form->statusCombo->addItem(QIcon(QStringLiteral(":/archive/deleted.png")), tr("Удалённые"),
+                                 StatusDeleted);
+    m_form->periodCombo->addItem(tr("За всё время"), Always);
+    m_form->periodCombo->addItem(tr("За неделю"), Week);
+    m_form->periodCombo->addItem(tr("За месяц"), Month);
+    m_form->periodCombo->addItem(tr("За год"), Year);
+    m_form->periodCombo->addItem(tr("По датам:"), Chosen);
+    for (QComboBox* combo : {m_form->departmentCombo, m_form->workerCombo})
+        makeTypable(combo);
+    m_form->moreButton->hide();
+    m_form->searchButton->setDefault(true);
+    m_typing.setSingleShot(true);
+    m_typing.setInterval(typingMs);
+    for (QLineEdit* edit : {m_form->wordsEdit, m_form->equipmentEdit})
+        edit->installEventFilter(this);
+}
+
+CVrkArchive::~CVrkArchive()
+{
+    delete m_form->list; // it reads the names until it is gone
+}
+
+void CVrkArchive::makeTypable(QComboBox* combo)
+{
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->completer()->setCompletionMode(QCompleter::PopupCompletion);
+    combo->completer()->setFilterMode(Qt::MatchContains);
+    combo->setMinimumContentsLength(16);
+    connect(combo->lineEdit(), &QLineEdit::editingFinished, combo, [combo] {
+        const int named = combo->findText(combo->currentText(), Qt::MatchFixedString);
+        const int index = named >= 0 ? named : combo->currentIndex();
+        combo->setCurrentIndex(index);
+        combo->setEditText(combo->itemText(index));
+    });
+}
+
+bool CVrkArchive::ModuleStart()
+{
+    m_name = tr("Поиск по архиву");
+    SetModTitle(m_name, QString());
+    if (!m_names.load(this)) {
+        m_form->list->setEnabled(false);
+        m_form->foundLabel->setText(tr("Не удалось загрузить данные!"));
+        return false;
+    }
+    m_form->list->init(this, &m_names);
+    m_form->list->setColumnVisible("lacks", false);
+    m_form->departmentCombo->addItem(tr("Все подразделения"), QByteArray());
+    for (const KeyNames::Entry& department : m_names.departments())
+        m_form->departmentCombo->addItem(department.name, department.key);
+    clear();
+    createConnections();
+    m_isStarted = true;
+    m_form->wordsEdit->setFocus();
+    searchAnew();
+    return true;
+}
+
+void CVrkArchive::createConnections()
+{
+    connect(&m_typing, &QTimer::timeout, this, &CVrkArchive::searchAnew);
+    for (QLineEdit* edit : {m_form->wordsEdit, m_form->equipmentEdit}) {
+        connect(edit, &QLineEdit::textChanged, &m_typing, QOverload<>::of(&QTimer::start));
+        connect(edit, &QLineEdit::returnPressed, this, &CVrkArchive::searchAnew);
+    }
+    const auto chosen = QOverload<int>::of(&QComboBox::currentIndexChanged);
+    connect(m_form->departmentCombo, chosen, this, &CVrkArchive::fillWorkers);
+    for (QComboBox* combo :
+         {m_form->departmentCombo, m_form->workerCombo, m_form->statusCombo, m_form->periodCombo})
+        connect(combo, chosen, this, &CVrkArchive::searchAnew);
+    for (QDateEdit* edit : {m_form->fromEdit, m_form->toEdit})
+        connect(edit, &QDateEdit::dateChanged, this, &CVrkArchive::searchAnew);
+    connect(m_form->searchButton, &QPushButton::clicked, this, &CVrkArchive::searchAnew);
+    connect(m_form->clearButton, &QPushButton::clicked, this, [this] {
+        clear();
+        searchAnew();
+        m_form->wordsEdit->setFocus();
+    });
+    connect(m_form->moreButton, &QPushButton::clicked, this, &CVrkArchive::showMore);
+
+    auto* words = new QAction(this);
+    words->setShortcut(QKeySequence::Find);
+    addAction(words);
+    connect(words, &QAction::triggered, m_form->wordsEdit, [this] {
+        m_form->wordsEdit->setFocus();
+        m_form->wordsEdit->selectAll();
+    });
+    auto* again = new QAction(this);
+    again->setShortcut(QKeySequence::Refresh);
+    addAction(again);
+    connect(again, &QAction::triggered, this, &CVrkArchive::searchAnew);
+}
+
+void CVrkArchive::clear()
+{
+    const QList<QWidget*> all{m_form->wordsEdit,   m_form->equipmentEdit, m_form->departmentCombo,
+                              m_form->workerCombo, m_form->statusCombo,   m_form->periodCombo,
+                              m_form->fromEdit,    m_form->toEdit};
+    for (QWidget* one : all)
+        one->blockSignals(true);
+    m_form->wordsEdit->clear();
+    m_form->equipmentEdit->clear();
+    const QByteArray own = m_app->m_user_params.getValue(QStringLiteral("DEPARTMENTKEY"), QString()).toUtf8();
+    m_form->departmentCombo->setCurrentIndex(qMax(0, m_form->departmentCombo->findData(own)));
+    fillWorkers();
+    m_form->workerCombo->setCurrentIndex(0);
+    m_form->statusCombo->setCurrentIndex(0);
+    m_form->periodCombo->setCurrentIndex(0);
+    const QDate today = session()->HfnTimeToSesTime().date();
+    m_form->fromEdit->setDate(today.addMonths(-1));
+    m_form->toEdit->setDate(today);
+    for (QWidget* one : all)
+        one->blockSignals(false);
+}
+
+void CVrkArchive::fillWorkers()
+{
+    QComboBox* combo = m_form->workerCombo;
+    const QByteArray former = combo->currentData().toByteArray();
+    const bool wasBlocked = combo->blockSignals(true);
+    combo->clear();
+    combo->addItem(tr("Любой"), QByteArray());
+    for (const KeyNames::Entry& worker :
+         m_names.workers(m_form->departmentCombo->currentData().toByteArray()))
+        combo->addItem(worker.name, worker.key);
+    combo->setCurrentIndex(qMax(0, combo->findData(former)));
+    combo->blockSignals(wasBlocked);
+}
+
+RecordQuery CVrkArchive::query() const
+{
+    RecordQuery query;
+    query.words = m_form->wordsEdit->text();
+    query.equipment = m_form->equipmentEdit->text();
+    query.departmentKey = m_form->departmentCombo->currentData().toByteArray();
+    query.workerKey = m_form->workerCombo->currentData().toByteArray();
+    query.status = m_form->statusCombo->currentData().toInt();
+    const QDateTime now = session()->HfnTimeToSesTime();
+    switch (m_form->periodCombo->currentData().toInt()) {
+    case Week:
+        query.from = DateTime_To_HfnTime(now.addDays(-7));
+        break;
+    case Month:
+        query.from = DateTime_To_HfnTime(now.addMonths(-1));
+        break;
+    case Year:
+        query.from = DateTime_To_HfnTime(now.addYears(-1));
+        break;
+    case Chosen:
+        query.from = DateTime_To_HfnTime(QDateTime(m_form->fromEdit->date(), QTime(0, 0)));
+        query.to = DateTime_To_HfnTime(QDateTime(m_form->toEdit->date().addDays(1), QTime(0, 0)));
+        break;
+    default:
+        break;
+    }
+    query.limit = m_limit + 1; // one more tells that there are more
+    return query;
+}
+
+void CVrkArchive::searchAnew()
+{
+    m_typing.stop();
+    m_limit = hitsAtOnce;
+    const bool byDates = m_form->periodCombo->currentData().toInt() == Chosen;
+    for (QWidget* one : {static_cast<QWidget*>(m_form->fromEdit), static_cast<QWidget*>(m_form->dashLabel),
+                         static_cast<QWidget*>(m_form->toEdit)})
+        one->setVisible(byDates);
+    search();
+}
+
+void CVrkArchive::showMore()
+{
+    m_limit += hitsAtOnce;
+    search();
+    m_form->list->setFocus();
+}
+
+void CVrkArchive::search()
+{
+    QElapsedTimer clock;
+    clock.start();
+    CMDArray answer;
+    answer = session()->SearchRecords(query());
+    if (!answer.array) {
+        m_form->foundLabel->setText(tr("Поиск не удался: %1").arg(session()->lastErrorText()));
+        return;
+    }
+    const qint64 taken = clock.elapsed();
+    const int found = answer.RecCount();
+    if (found > m_limit)
+        MDARecDel(MDARec(answer.array, 0, found - 1));
+    m_form->list->setEmptyText(
+        tr("Ничего не найдено. Попробуйте меньше слов, другое подразделение или другой период."));
+    m_form->list->replace(answer.array, SearchWords::terms(m_form->wordsEdit->text()) +
+                                            SearchWords::terms(m_form->equipmentEdit->text()));
+    m_form->list->setColumnVisible("DepartmentKey",
+                                   m_form->departmentCombo->currentData().toByteArray().isEmpty());
+    tell(found, taken);
+}
+
+void CVrkArchive::tell(int found, qint64 milliseconds)
+{
+    const bool isMore = found > m_limit;
+    m_form->moreButton->setVisible(isMore);
+    m_form->foundLabel->setText((isMore ? tr("Показаны последние %1, есть и более ранние").arg(m_limit)
+                                        : tr("Найдено записей: %1").arg(found)) +
+                                tr(" (%1 мс)").arg(milliseconds));
+}
+
+bool CVrkArchive::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down &&
+        m_form->list->view()->isVisible()) {
+        m_form->list->setFocus();
+        return true;
+    }
+    return CVrkCliMod::eventFilter(watched, event);
+}

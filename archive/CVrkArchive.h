@@ -1,0 +1,55 @@
+#pragma once
+
+#include "CVrkCliMod.h"
+#include "KeyNames.h"
+#include "RecordQuery.h"
+
+#include <memory>
+#include <QTimer>
+
+class QComboBox;
+namespace Ui
+{
+class CVrkArchive;
+}
+
+/// The window "Поиск по архиву": records of all shifts by words, equipment, department, author, period and state, the
+/// newest first, with the words of the search marked. It asks a moment after the typing and at once after a choice, and
+/// changes nothing.
+class CVrkArchive : public CVrkCliMod
+{
+    Q_OBJECT
+
+public:
+    explicit CVrkArchive(CVrkCliApp* app);
+    ~CVrkArchive() override;
+
+    /// False leaves the window up with the reason in place of the list.
+    bool ModuleStart() override;
+
+    /// So many hits are shown at first, and are added by "Показать ещё".
+    static constexpr int hitsAtOnce = 500;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    enum Period { Always, Week, Month, Year, Chosen };
+
+    void createConnections();
+    void fillWorkers();
+    void clear();
+    RecordQuery query() const;
+    void searchAnew();
+    void search();
+    void showMore();
+    void tell(int found, qint64 milliseconds);
+    /// A choice in which one may type parts of a name; what is no name of the list goes back to the last choice.
+    static void makeTypable(QComboBox* combo);
+
+    std::unique_ptr<Ui::CVrkArchive> m_form;
+    KeyNames m_names;
+    QTimer m_typing;
+    int m_limit = hitsAtOnce;
+    bool m_isStarted = false;
+};

@@ -1,0 +1,331 @@
+#include "CVrkUnfinished.h"
+
+#include "CVrkCliApp.h"
+#include "CVrkCliSes.h"
+#include "LogbookFields.h"
+#include "MDRValues.h"
+#include "RecordList.h"
+#include "RecordRules.h"
+#include "TEventNciParse.h"
+#include "UnfinishedFilter.h"
+#include "VrkTableProxyModel.h"
+#include "VrkTableTool.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QSettings>
+#include <QSpinBox>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace
+{
+const char daysKey[] = "Unfinished/days";
+const char kindsKey[] = "Unfinished/kinds";
+constexpr int secondsADay = 24 * 3600;
+constexpr int allKinds = RecordRules::ExecutionTime | RecordRules::SecondMarker | RecordRules::Approval;
+
+MDRVar value(const CMDArray& array, const MDRData* record, const char* field)
+{
+    MDRVar found = MDRValue::null();
+    array.GetVal(record, field, found);
+    return found;
+}
+
+int lacksOf(const CMDArray& array, const MDRData* record, bool isShiftClosed)
+{
+    RecordRules::State state;
+    const QByteArray html = MDRValue::bytes(value(array, record, "html"));
+    state.html.assign(html.constData(), static_cast<std::size_t>(html.size()));
+    const MDRVar status = value(array, record, "status");
+    state.status = status.isNull ? StatusDeleted : status.value.number;
+    state.hasExecutionTime = MDRValue::hasTime(value(array, record, "executionTime"));
+    state.hasSecondMark = MDRValue::hasTime(value(array, record, "secondMarkTime"));
+    state.isShiftClosed = isShiftClosed;
+    return RecordRules::lacksOf(state);
+}
+} // namespace
+
+CVrkUnfinished::CVrkUnfinished(CVrkCliApp* app)
+    : CVrkCliMod(app),
+      m_list(new RecordList(this)),
+      m_filter(new UnfinishedFilter(this)),
+      m_days(new QSpinBox(this)),
+      m_summary(new QLabel(this))
+{
+    if (objectName().isEmpty())
+        setObjectName(QStringLiteral("CVrkUnfinished"));
+    resize(1000, 600);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setModuleStyle();
+    setCentralWidget(m_list);
+    makeBar();
+}
+
+CVrkUnfinished::~CVrkUnfinished()
+{
+    delete m_list; // it reads the names until it is gone
+}
+
+void CVrkUnfinished::makeBar()
+{
+    auto* bar = new QToolBar(this);
+    bar->setObjectName(QStringLiteral("toolBar"));
+    bar->setFloatable(false);
+    bar->setMovable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    addToolBar(Qt::TopToolBarArea, bar);
+
+    m_days->setObjectName(QStringLiteral("daysSpin"));
+    m_days->setRange(1, 3660);
+    m_days->setPrefix(tr("За последние "));
+    m_days->setSuffix(tr(" дн."));
+    m_days->setKeyboardTracking(false);
+    m_days->setToolTip(tr("За сколько дней смотреть записи"));
+    bar->addWidget(m_days);
+    bar->addSeparator();
+
+    struct Kind {
+        const char* name;
+        const char* icon;
+        QString tip;
+    };
+    const Kind kinds[] = {
+        {"timeButton", "time", tr("Записи, которым нужно время выполнения, а его нет")},
+        {"markerButton", "marker", tr("Записи, у которых не поставлен второй маркер")},
+        {"draftButton", "draft", tr("Черновики, оставшиеся в закрытых сменах")},
+    };
+    for (const Kind& kind : kinds) {
+        auto* button = new QToolButton(this);
+        button->setObjectName(QLatin1String(kind.name));
+        button->setIcon(QIcon(QStringLiteral(":/archive/%1.png").arg(QLatin1String(kind.icon))));
+        button->setToolTip(kind.tip);
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        button->setCheckable(true);
+        button->setFocusPolicy(Qt::TabFocus);
+        bar->addWidget(button);
+        m_kinds.append(button);
+        connect(button, &QToolButton::clicked, this, [this] {
+            int chosen = 0;
+            for (int i = 0; i < m_kinds.size(); ++i)
+                chosen |= m_kinds.at(i)->isChecked() ? 1 << i : 0;
+            setKinds(chosen);
+            QSettings().setValue(QLatin1String(kindsKey), chosen);
+        });
+    }
+    auto* gap = new QWidget(this);
+    gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(gap);
+    m_summary->setObjectName(QStringLiteral("summaryLabel"));
+    m_summary->setMargin(4);
+    bar->addWidget(m_summary);
+
+    auto* again = new QAction(this);
+    again->setObjectName(QStringLiteral("reloadAction"));
+    again->setShortcut(QKeySequence::Refresh);
+    addAction(again);
+    connect(again, &QAction::triggered, this, &CVrkUnfinished::reload);
+}
+
+bool CVrkUnfinished::ModuleStart()
+{
+    m_name = tr("Незавершённое");
+    SetModTitle(m_name, QString());
+    m_departmentKey = m_app->m_user_params.getValue(QStringLiteral("DEPARTMENTKEY"), QString()).toUtf8();
+    if (!m_names.load(this) || m_departmentKey.isEmpty()) {
+        m_list->setEmptyText(m_departmentKey.isEmpty() ? tr("Не выбрано подразделение.")
+                                                       : tr("Не удалось загрузить данные!"));
+        return false;
+    }
+    SetModTitle(m_name, m_names.departmentName(m_departmentKey));
+    m_list->init(this, &m_names);
+    m_list->setColumnVisible("DepartmentKey", false);
+    m_list->setColumnVisible("status", false);
+    m_list->tool()->proxy()->setFilterRows(m_filter);
+
+    const QSettings settings;
+    m_days->setValue(settings.value(QLatin1String(daysKey), usualDays).toInt());
+    setKinds(settings.value(QLatin1String(kindsKey), allKinds).toInt() & allKinds);
+    connect(m_days, QOverload<int>::of(&QSpinBox::valueChanged), this, [this](int days) {
+        QSettings().setValue(QLatin1String(daysKey), days);
+        reload();
+    });
+    m_isStarted = true;
+    reload();
+    m_list->setFocus();
+    return true;
+}
+
+void CVrkUnfinished::setKinds(int kinds)
+{
+    for (int i = 0; i < m_kinds.size(); ++i)
+        m_kinds.at(i)->setChecked(kinds & (1 << i));
+    m_filter->setKinds(kinds);
+    showCounts();
+}
+
+QString CVrkUnfinished::select(const QString& condition) const
+{
+    // The templates' properties are told exactly by RecordRules; this only leaves out what cannot have them.
+    return QStringLiteral(
+               "SELECT R.*, W.DepartmentKey, W.startTime, W.endTime, W.CloseWorkerKey FROM LogbookRecords AS "
+               "R "
+               "INNER JOIN LogbookWorkshifts AS W ON W.KeyLink = R.ShiftKey WHERE W.DepartmentKey = '%1' AND "
+               "%2 "
+               "AND (R.status = 1 AND W.CloseWorkerKey <> '' OR R.status = 0 AND ("
+               "R.html LIKE '%time_exec%' AND (R.executionTime IS NULL OR R.executionTime = 0) OR "
+               "R.html LIKE '%second_mark%' AND (R.secondMarkTime IS NULL OR R.secondMarkTime = 0))) "
+               "ORDER BY R.recordTime")
+        .replace(QLatin1String("%1"), QString::fromUtf8(m_departmentKey))
+        .replace(QLatin1String("%2"), condition);
+}
+
+void CVrkUnfinished::reload()
+{
+    if (!m_isStarted)
+        return;
+    const double from = session()->GetHfnTime() - static_cast<double>(m_days->value()) * secondsADay;
+    CMDArray answer;
+    answer = session()->SqlRequest(
+        select(QStringLiteral("R.recordTime >= ") + QString::number(from, 'g', 10)).toUtf8());
+    m_shifts.clear();
+    // The list takes over what it shows by position; what lacks what is reckoned first, in a column of its own.
+    CMDArray judged;
+    MDACreate(&judged.array, 0);
+    MDACopy(judged.array, m_list->records().array, 0);
+    for (int i = 0; i < answer.RecCount(); ++i) {
+        const MDRData* row = MDARec(answer.array, 0, i);
+        Shift& of = m_shifts[MDRValue::copy(value(answer, row, "ShiftKey"))];
+        of.isOurs = true;
+        of.isClosed = MDRValue::hasText(value(answer, row, "CloseWorkerKey"));
+        of.startTime = value(answer, row, "startTime").value.real;
+        of.endTime = value(answer, row, "endTime").value.real;
+        MDRData* record = MDARecNew(judged.array);
+        for (int number = 0; number < MDAFldCount(judged.array) - 1; ++number) {
+            const MDRVar one = value(answer, row, MDRFldByNum(judged.array, number)->name);
+            MDRSetVal(MDRFldByNum(judged.array, number), record, &one);
+        }
+        const int lacks = lacksOf(judged, record, of.isClosed);
+        judged.SetValF(record, "lacks", MDRValue::number(lacks));
+        if (lacks)
+            judged.RecPost(record);
+        else
+            MDARecDel(record);
+    }
+    m_list->replace(judged.array);
+    showCounts();
+}
+
+int CVrkUnfinished::MessageOn()
+{
+    return MessageGet();
+}
+
+int CVrkUnfinished::MessageData(HFNCliParam* block)
+{
+    TEventNciParse event(block);
+    if (!event.isChange() || !m_isStarted)
+        return 0;
+    if (event.tableName.compare(QLatin1String("LogbookRecords"), Qt::CaseInsensitive) == 0)
+        recordEvent(event);
+    else if (event.tableName.compare(QLatin1String("LogbookWorkshifts"), Qt::CaseInsensitive) == 0)
+        shiftEvent(event);
+    MDRTypFree(&event.recordType);
+    return 1;
+}
+
+void CVrkUnfinished::ModSesReconnect()
+{
+    reload();
+}
+
+void CVrkUnfinished::recordEvent(const TEventNciParse& event)
+{
+    const QByteArray key(event.recordKey);
+    const bool wasCurrent = !key.isEmpty() && m_list->currentKey() == key;
+    MDRData* record =
+        event.eventNumber == EventDeleted ? nullptr : m_list->made(&event.recordType, &event.recordData);
+    m_list->remove(key);
+    if (record)
+        take(record);
+    if (wasCurrent)
+        m_list->makeCurrent(key);
+    showCounts();
+}
+
+void CVrkUnfinished::take(MDRData* record)
+{
+    CMDArray& records = m_list->records();
+    const QByteArray shiftKey = MDRValue::copy(value(records, record, "ShiftKey"));
+    const Shift& of = shift(shiftKey);
+    const int lacks = of.isOurs ? lacksOf(records, record, of.isClosed) : 0;
+    if (lacks == 0) {
+        MDARecDel(record);
+        return;
+    }
+    records.SetValF(record, "DepartmentKey", MDRValue::text(m_departmentKey));
+    records.SetValF(record, "startTime", MDRValue::real(of.startTime));
+    records.SetValF(record, "endTime", MDRValue::real(of.endTime));
+    records.SetValF(record, "lacks", MDRValue::number(lacks));
+    m_list->add(record);
+}
+
+const CVrkUnfinished::Shift& CVrkUnfinished::shift(const QByteArray& key)
+{
+    if (!m_shifts.contains(key)) {
+        CMDArray answer;
+        answer = session()->SqlRequest("SELECT * FROM LogbookWorkshifts WHERE KeyLink = '" + key + "'");
+        const MDRData* row = answer.RecCount() > 0 ? MDARec(answer.array, 0, 0) : nullptr;
+        Shift& of = m_shifts[key];
+        if (row) {
+            of.isOurs = MDRValue::bytes(value(answer, row, "DepartmentKey")) == m_departmentKey;
+            of.isClosed = MDRValue::hasText(value(answer, row, "CloseWorkerKey"));
+            of.startTime = value(answer, row, "startTime").value.real;
+            of.endTime = value(answer, row, "endTime").value.real;
+        }
+    }
+    return m_shifts[key];
+}
+
+void CVrkUnfinished::shiftEvent(const TEventNciParse& event)
+{
+    const QByteArray key(event.recordKey);
+    const bool wasClosed = m_shifts.value(key).isClosed;
+    m_shifts.remove(key);
+    if (event.eventNumber == EventDeleted || !shift(key).isOurs || shift(key).isClosed == wasClosed)
+        return;
+    // Closed: its drafts are left behind now.
+    CMDArray answer;
+    answer = session()->SqlRequest(
+        select(QStringLiteral("R.ShiftKey = '%1'").arg(QString::fromUtf8(key))).toUtf8());
+    for (int i = 0; i < answer.RecCount(); ++i) {
+        const MDRData* row = MDARec(answer.array, 0, i);
+        const QByteArray recordKey = MDRValue::copy(value(answer, row, "KeyLink"));
+        if (!m_list->contains(recordKey))
+            take(m_list->made(answer.array, row));
+    }
+    showCounts();
+}
+
+void CVrkUnfinished::showCounts()
+{
+    if (!m_isStarted)
+        return;
+    int counts[3] = {};
+    const CMDArray& records = m_list->records();
+    for (int row = 0; row < records.RecCount(); ++row) {
+        const int lacks = value(records, MDARec(records.array, 0, row), "lacks").value.number;
+        for (int i = 0; i < m_kinds.size(); ++i)
+            counts[i] += lacks & (1 << i) ? 1 : 0;
+    }
+    const QStringList names{tr("Время выполнения: %1"), tr("Второй маркер: %1"), tr("Черновики: %1")};
+    for (int i = 0; i < m_kinds.size(); ++i)
+        m_kinds.at(i)->setText(names.at(i).arg(counts[i]));
+    const int shown = m_list->tool()->proxy()->rowCount();
+    m_summary->setText(shown == m_list->count() ? tr("Записей: %1").arg(shown)
+                                                : tr("Записей: %1 из %2").arg(shown).arg(m_list->count()));
+    m_list->setEmptyText(
+        m_list->count() > 0
+            ? tr("Выбранного нет. Остальное скрыто кнопками над списком.")
+            : tr("За последние %1 дн. ничего не осталось незавершённым.").arg(m_days->value()));
+}

@@ -1,0 +1,393 @@
+#include "RecordList.h"
+
+#include "AbstractHfnCellConversion.h"
+#include "CVrkCliApp.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "HfnTime.h"
+#include "KeyNames.h"
+#include "LogbookFields.h"
+#include "MarkedText.h"
+#include "MDRValues.h"
+#include "RecordRules.h"
+#include "VrkTableProxyModel.h"
+#include "VrkTableTool.h"
+
+#include <QAction>
+#include <QBrush>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QStackedLayout>
+#include <QTableView>
+#include <QTextCodec>
+
+namespace
+{
+const MDRFieldDescr moreFields[] = {
+    {"DepartmentKey", 32, mdr_TChar},
+    {"startTime", 0, mdr_TDouble},
+    {"endTime", 0, mdr_TDouble},
+    {"lacks", 0, mdr_TInt32},
+};
+
+MDRVar valueOf(const AbstractHfnCellData& cell, const char* field)
+{
+    MDRVar value;
+    cell.array->GetVal(cell.record, field, value);
+    return value;
+}
+
+MDRVar own(const AbstractHfnCellData& cell)
+{
+    MDRVar value;
+    MDRGetVal(MDRFldByNum(cell.array->array, cell.field), cell.record, &value);
+    return value;
+}
+
+bool isDeleted(const AbstractHfnCellData& cell)
+{
+    const MDRVar status = valueOf(cell, "status");
+    return !status.isNull && status.value.number == StatusDeleted;
+}
+
+/// Deleted records are grey and struck out, as in the journal.
+class Cell : public AbstractHfnCellConversion
+{
+public:
+    QVariant data(const AbstractHfnCellData& cell) const override
+    {
+        if (cell.role == Qt::ForegroundRole)
+            return isDeleted(cell) ? QBrush(Qt::gray) : QVariant();
+        if (cell.role != Qt::FontRole || !isDeleted(cell))
+            return AbstractHfnCellConversion::data(cell);
+        QFont font;
+        font.setStrikeOut(true);
+        return font;
+    }
+};
+
+class NameCell : public Cell
+{
+public:
+    using Name = QString (KeyNames::*)(const QByteArray&) const;
+    NameCell(const KeyNames* names, Name name) : m_names(names), m_name(name) {}
+    QVariant data(const AbstractHfnCellData& cell) const override
+    {
+        return cell.role == Qt::DisplayRole ? QVariant((m_names->*m_name)(MDRValue::copy(own(cell))))
+                                            : Cell::data(cell);
+    }
+
+private:
+    const KeyNames* m_names;
+    Name m_name;
+};
+
+class TimeCell : public Cell
+{
+public:
+    QVariant data(const AbstractHfnCellData& cell) const override
+    {
+        const MDRVar time = own(cell);
+        if (cell.role != Qt::DisplayRole || !MDRValue::hasTime(time))
+            return cell.role == Qt::DisplayRole ? QVariant() : Cell::data(cell);
+        return HfnTime_to_DateTime(time.value.real, -1).toString(QStringLiteral("dd.MM.yyyy hh:mm"));
+    }
+};
+
+class StateCell : public Cell
+{
+public:
+    QVariant data(const AbstractHfnCellData& cell) const override
+    {
+        const MDRVar status = own(cell);
+        const int state = status.isNull ? -1 : status.value.number;
+        if (cell.role == Qt::DecorationRole) {
+            switch (state) {
+            case StatusApproved:
+                return CVrkCliMod::icon(QStringLiteral("apply"));
+            case StatusDraft:
+                return QIcon(QStringLiteral(":/archive/draft.png"));
+            case StatusDeleted:
+                return QIcon(QStringLiteral(":/archive/deleted.png"));
+            default:
+                return QVariant();
+            }
+        }
+        if (cell.role != Qt::ToolTipRole && cell.role != Qt::AccessibleTextRole)
+            return cell.role == Qt::DisplayRole ? QVariant() : Cell::data(cell);
+        const QStringList names{RecordList::tr("Утверждена"), RecordList::tr("Черновик"),
+                                RecordList::tr("Удалена")};
+        return names.value(state);
+    }
+};
+
+class LacksCell : public Cell
+{
+public:
+    QVariant data(const AbstractHfnCellData& cell) const override
+    {
+        const MDRVar value = own(cell);
+        const int lacks = value.isNull ? 0 : value.value.number;
+        if (cell.role == Qt::DisplayRole) {
+            QStringList names;
+            if (lacks & RecordRules::Approval)
+                names << RecordList::tr("Черновик");
+            if (lacks & RecordRules::ExecutionTime)
+                names << RecordList::tr("Время выполнения");
+            if (lacks & RecordRules::SecondMarker)
+                names << RecordList::tr("Второй маркер");
+            return names.join(QLatin1Char('\n'));
+        }
+        if (cell.role != Qt::DecorationRole)
+            return Cell::data(cell);
+        const char* icon = lacks & RecordRules::Approval        ? "draft"
+                           : lacks & RecordRules::ExecutionTime ? "time"
+                                                                : "marker";
+        return QIcon(QStringLiteral(":/archive/%1.png").arg(QLatin1String(icon)));
+    }
+};
+
+class TextCell : public Cell
+{
+public:
+    explicit TextCell(const QVector<SearchWords::Term>& terms) : m_terms(terms) {}
+    QVariant data(const AbstractHfnCellData& cell) const override
+    {
+        const QVariant stored = Cell::data(cell);
+        if (cell.role != Qt::UserRole || m_terms.isEmpty())
+            return stored;
+        return MarkedText::html(stored.toString(), m_terms);
+    }
+
+private:
+    const QVector<SearchWords::Term>& m_terms;
+};
+} // namespace
+
+/// What the columns show.
+class RecordList::Cells
+{
+public:
+    Cells(const KeyNames* names, const QVector<SearchWords::Term>& terms)
+        : worker(names, &KeyNames::workerName), department(names, &KeyNames::departmentName), text(terms)
+    {
+    }
+    StateCell state;
+    LacksCell lacks;
+    TimeCell time;
+    NameCell worker;
+    NameCell department;
+    TextCell text;
+};
+
+RecordList::RecordList(QWidget* parent)
+    : QWidget(parent),
+      m_pages(new QStackedLayout(this)),
+      m_view(new QTableView(this)),
+      m_empty(new QLabel(this)),
+      m_menu(new QMenu(this)),
+      m_showAction(m_menu->addAction(tr("Показать в журнале"))),
+      m_copyAction(m_menu->addAction(CVrkCliMod::icon(QStringLiteral("copy")), tr("Копировать")))
+{
+    m_view->setObjectName(QStringLiteral("foundTable"));
+    m_empty->setObjectName(QStringLiteral("emptyLabel"));
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_empty->setWordWrap(true);
+    m_empty->setMargin(24);
+    m_pages->addWidget(m_view);
+    m_pages->addWidget(m_empty);
+    m_pages->setCurrentWidget(m_empty);
+    setFocusProxy(m_view);
+
+    m_showAction->setObjectName(QStringLiteral("showAction"));
+    m_showAction->setShortcut(Qt::Key_Return); // told in the menu; the view hears the key itself
+    m_showAction->setShortcutContext(Qt::WidgetShortcut);
+    m_copyAction->setObjectName(QStringLiteral("copyAction"));
+    m_copyAction->setShortcut(QKeySequence::Copy);
+    m_copyAction->setShortcutContext(Qt::WidgetShortcut);
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_view, &QTableView::customContextMenuRequested, this, &RecordList::showMenu);
+    connect(m_view, &QTableView::doubleClicked, this, &RecordList::openCurrent);
+    connect(m_showAction, &QAction::triggered, this, &RecordList::openCurrent);
+    connect(m_copyAction, &QAction::triggered, this, &RecordList::copyCurrent);
+    m_view->installEventFilter(this);
+}
+
+RecordList::~RecordList()
+{
+    delete m_tool; // before the records and the cells that it shows
+}
+
+void RecordList::init(CVrkCliMod* module, const KeyNames* names)
+{
+    m_module = module;
+    MDACreate(&m_records.array, 0);
+    MDAFldAdd(m_records.array, fieldCount(LogbookRecordFields), LogbookRecordFields);
+    MDAFldAdd(m_records.array, fieldCount(moreFields), moreFields);
+    m_records.KeyAdd("", 0);
+    m_cells = std::make_unique<Cells>(names, m_terms);
+
+    m_tool = new VrkTableTool(this);
+    m_tool->setTableView(m_view);
+    m_tool->setCMDArray(&m_records);
+    m_tool->setDefaultSettingsView();
+    m_tool->setDayLines(false);
+    m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    VrkTableModel* model = m_tool->model();
+    model->setTextCodec(module->session()->codec());
+    struct Column {
+        const char* field;
+        AbstractHfnCellConversion* cell;
+        QString title;
+    };
+    const Column columns[] = {
+        {"status", &m_cells->state, QString()},
+        {"lacks", &m_cells->lacks, tr("Не хватает")},
+        {"recordTime", &m_cells->time, tr("Время записи")},
+        {"DepartmentKey", &m_cells->department, tr("Подразделение")},
+        {"WorkerKey", &m_cells->worker, tr("Автор")},
+        {"html", &m_cells->text, tr("Текст")},
+    };
+    for (int i = 0; i < MDAFldCount(m_records.array); ++i)
+        m_tool->setColumnVisible(QLatin1String(MDRFldByNum(m_records.array, i)->name), false);
+    int position = 0;
+    for (const Column& column : columns) {
+        const QString field = QLatin1String(column.field);
+        model->setCellConversion(field, column.cell);
+        model->setHeaderData(field, Qt::Horizontal, column.title, Qt::DisplayRole);
+        m_tool->setColumnPosition(field, position++);
+        m_tool->setColumnVisible(field, true);
+    }
+    m_tool->sortByColumn(QStringLiteral("recordTime"), Qt::DescendingOrder);
+    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(m_tool->proxy(), signal, this, &RecordList::showWhatIsThere);
+    connect(m_tool->proxy(), &QAbstractItemModel::modelReset, this, &RecordList::showWhatIsThere);
+    connect(m_tool->proxy(), &QAbstractItemModel::layoutChanged, this, &RecordList::showWhatIsThere);
+}
+
+void RecordList::setColumnVisible(const char* field, bool visible)
+{
+    m_tool->setColumnVisible(QLatin1String(field), visible);
+}
+
+void RecordList::replace(const MDArray* answer, const QVector<SearchWords::Term>& terms)
+{
+    const QByteArray current = currentKey();
+    m_tool->model()->beginResetModel();
+    MDAClearRec(m_records.array);
+    m_terms = terms;
+    const int fields = qMin(MDAFldCount(answer), MDAFldCount(m_records.array));
+    for (int i = 0; i < MDAKeyRecCount(answer, 0); ++i) {
+        const MDRData* source = MDARec(answer, 0, i);
+        MDRData* record = MDARecNew(m_records.array);
+        for (int number = 0; number < fields; ++number) {
+            MDRVar value;
+            MDRGetVal(MDRFldByNum(answer, number), source, &value);
+            MDRSetVal(MDRFldByNum(m_records.array, number), record, &value);
+        }
+        m_records.RecPost(record);
+    }
+    m_tool->model()->endResetModel();
+    m_tool->adjustColumnsWidth();
+    if (MDRData* again = recordOf(current))
+        m_tool->setCurrentRecord(again);
+    else
+        m_tool->setCurrentFirst();
+}
+
+void RecordList::makeCurrent(const QByteArray& recordKey)
+{
+    if (MDRData* record = recordOf(recordKey))
+        m_tool->setCurrentRecord(record);
+}
+
+void RecordList::add(MDRData* record)
+{
+    m_tool->model()->beginAppendRows(1);
+    m_records.RecPost(record);
+    m_tool->model()->endAppendRows();
+}
+
+void RecordList::remove(const QByteArray& recordKey)
+{
+    MDRData* record = recordOf(recordKey);
+    if (!record)
+        return;
+    m_tool->model()->beginRemoveRecord(record);
+    MDARecDel(record);
+    m_tool->model()->endRemoveRecord();
+}
+
+MDRData* RecordList::recordOf(const QByteArray& key) const
+{
+    const MDRRange found =
+        key.isEmpty() ? MDRRange() : MDARecsWith(m_records.array, "KeyLink", key.constData());
+    return found.count > 0 ? found.data[0] : nullptr;
+}
+
+bool RecordList::contains(const QByteArray& recordKey) const
+{
+    return recordOf(recordKey) != nullptr;
+}
+
+int RecordList::count() const
+{
+    return m_records.RecCount();
+}
+
+void RecordList::setEmptyText(const QString& text)
+{
+    m_empty->setText(text);
+}
+
+void RecordList::showWhatIsThere()
+{
+    QWidget* page = m_tool->proxy()->rowCount() > 0 ? static_cast<QWidget*>(m_view) : m_empty;
+    const bool hadFocus = m_view->hasFocus();
+    m_pages->setCurrentWidget(page);
+    if (hadFocus)
+        page->setFocus();
+}
+
+QByteArray RecordList::currentKey() const
+{
+    MDRVar key;
+    if (const MDRData* record = m_tool ? m_tool->currentRecord() : nullptr)
+        m_records.GetVal(record, "KeyLink", key);
+    return MDRValue::copy(key);
+}
+
+void RecordList::openCurrent()
+{
+    const QByteArray key = currentKey();
+    if (!key.isEmpty())
+        m_module->app()->notifyModule(QStringLiteral("logbook"), QStringLiteral("showRecord"),
+                                      QString::fromUtf8(key));
+}
+
+void RecordList::copyCurrent()
+{
+    QKeyEvent copy(QEvent::KeyPress, Qt::Key_C, Qt::ControlModifier);
+    QCoreApplication::sendEvent(m_view, &copy);
+}
+
+void RecordList::showMenu(const QPoint& place)
+{
+    if (!currentKey().isEmpty())
+        m_menu->popup(m_view->viewport()->mapToGlobal(place));
+}
+
+bool RecordList::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_view && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) &&
+            !(key->modifiers() & ~Qt::KeypadModifier)) {
+            openCurrent();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}

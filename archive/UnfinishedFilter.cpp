@@ -1,0 +1,16 @@
+#include "UnfinishedFilter.h"
+
+void UnfinishedFilter::setKinds(int kinds)
+{
+    if (kinds == m_kinds)
+        return;
+    m_kinds = kinds;
+    emit enabledChanged(isEnabled()); // whoever holds the rule asks again
+}
+
+bool UnfinishedFilter::isAcceptRow(const CMDArray* array, MDRData* record) const
+{
+    MDRVar lacks;
+    array->GetVal(record, "lacks", lacks);
+    return !isEnabled() || (!lacks.isNull && (lacks.value.number & m_kinds) != 0);
+}

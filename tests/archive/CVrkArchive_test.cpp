@@ -1,0 +1,266 @@
+#include "CVrkArchive.h"
+
+#include "ArchiveBench.h"
+#include "CRowBatch.h"
+#include "FailingStore.h"
+#include "LogbookFields.h"
+#include "MDRValues.h"
+#include "Typing.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QCompleter>
+#include <QDateEdit>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+class CVrkArchive_test : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<ArchiveBench<CVrkArchive>> m_bench;
+
+    void record(const char* key, const char* shift, const char* html, double daysAgo = 1,
+                const TestStore::Fields& more = {})
+    {
+        TestStore::Fields fields{{"ShiftKey", shift},
+                                 {"WorkerKey", "WORKER_PETROV"},
+                                 {"recordTime", TestStore::now() - daysAgo * 24 * 3600},
+                                 {"status", 0},
+                                 {"html", html}};
+        for (const TestStore::Field& field : more)
+            fields.push_back(field);
+        m_bench->write("LogbookRecords", ROW_INSERT, key, fields);
+    }
+    static QStringList list(const char* keys) { return QString::fromLatin1(keys).split(QLatin1Char(' ')); }
+    QLineEdit* words() { return m_bench->child<QLineEdit>("wordsEdit"); }
+    void choose(const char* combo, const QString& text)
+    {
+        auto* box = m_bench->child<QComboBox>(combo);
+        const int index = box->findText(text);
+        QVERIFY2(index >= 0, qPrintable(text));
+        box->setCurrentIndex(index);
+    }
+    /// Types the words and presses Enter.
+    QStringList found(const char* text)
+    {
+        words()->setFocus();
+        words()->selectAll();
+        QTest::keyClick(words(), Qt::Key_Delete);
+        typeText(words(), QString::fromUtf8(text));
+        QTest::keyClick(words(), Qt::Key_Return);
+        return m_bench->keys();
+    }
+    QString footer()
+    {
+        return m_bench->child<QLabel>("foundLabel")->text().section(QLatin1String(" ("), 0, 0);
+    }
+
+private slots:
+    void init() { m_bench = std::make_unique<ArchiveBench<CVrkArchive>>(); }
+    void cleanup() { m_bench.reset(); }
+
+    void itOpensAtTheNewestOfTheOwnDepartment()
+    {
+        m_bench->start();
+        QCOMPARE(m_bench->child<QComboBox>("departmentCombo")->currentData().toByteArray(),
+                 QByteArray("DEP_CDS"));
+        QCOMPARE(m_bench->keys().constFirst(), QStringLiteral("REC_DRAFT_PETROV"));
+        QVERIFY(!m_bench->keys().contains(QStringLiteral("REC_ZAR")));
+        QCOMPARE(footer(), QStringLiteral("Найдено записей: 10"));
+        QVERIFY(words()->hasFocus());
+        QVERIFY(!m_bench->child<QPushButton>("moreButton")->isVisible());
+    }
+
+    void wordsAreFoundAndMarked()
+    {
+        record("A", "SHIFT_CDS_PAST", "<p>На ПС <b>Север</b>ная отключена &lt;линия&gt;</p>");
+        m_bench->start();
+        QCOMPARE(found("линию отключить"), list("A"));
+        QCOMPARE(m_bench->cell(0, "html").toString(), QStringLiteral("На ПС Северная отключена <линия>"));
+        const QString marked = m_bench->cell(0, "html", Qt::UserRole).toString();
+        QVERIFY2(marked.contains(QStringLiteral("<b><u>отключена</u></b>")), qPrintable(marked));
+        QVERIFY2(marked.contains(QStringLiteral("&lt;<b><u>линия</u></b>&gt;")), qPrintable(marked));
+        // A word is found across the markup within it.
+        QCOMPARE(found("северной"), list("A"));
+        QVERIFY(m_bench->cell(0, "html", Qt::UserRole)
+                    .toString()
+                    .contains(QStringLiteral("<b><u>Север</u></b><b><u>ная</u></b>")));
+        found("");
+        QVERIFY(!m_bench->cell(0, "html", Qt::UserRole).toString().contains(QStringLiteral("<u>")));
+    }
+
+    void itFindsByItselfAMomentAfterTheTyping()
+    {
+        record("A", "SHIFT_CDS_PAST", "неповторимое");
+        m_bench->start();
+        typeText(words(), QStringLiteral("неповторимых"));
+        QVERIFY(m_bench->keys().size() > 1);
+        QVERIFY(QTest::qWaitFor([&] { return m_bench->keys() == list("A"); }));
+    }
+
+    void choicesNarrowAtOnce()
+    {
+        record("A", "SHIFT_CDS_PAST", "обкатка", 1);
+        record("B", "SHIFT_CDS_PAST", "обкатка", 20, {{"WorkerKey", "WORKER_IVANOV"}});
+        record("C", "SHIFT_ZAR_OPEN", "обкатка", 100, {{"WorkerKey", "WORKER_SMIRNOV_ZAR"}});
+        record("D", "SHIFT_CDS_PAST", "обкатка", 800, {{"status", 2}});
+        m_bench->start();
+        QCOMPARE(found("обкатка"), list("A B D"));
+        choose("departmentCombo", QStringLiteral("Все подразделения"));
+        QCOMPARE(m_bench->keys(), list("A B C D"));
+        QVERIFY(!m_bench->view()->isColumnHidden(15)); // whose each is
+        choose("periodCombo", QStringLiteral("За год"));
+        QCOMPARE(m_bench->keys(), list("A B C"));
+        choose("periodCombo", QStringLiteral("За месяц"));
+        QCOMPARE(m_bench->keys(), list("A B"));
+        choose("periodCombo", QStringLiteral("За неделю"));
+        QCOMPARE(m_bench->keys(), list("A"));
+        choose("periodCombo", QStringLiteral("По датам:"));
+        QVERIFY(m_bench->child<QDateEdit>("fromEdit")->isVisible());
+        const QDate day = QDateTime::fromSecsSinceEpoch(qint64(TestStore::now()) - 100 * 24 * 3600).date();
+        m_bench->child<QDateEdit>("fromEdit")->setDate(day);
+        m_bench->child<QDateEdit>("toEdit")->setDate(day);
+        QCOMPARE(m_bench->keys(), list("C"));
+        choose("periodCombo", QStringLiteral("За всё время"));
+        QVERIFY(!m_bench->child<QDateEdit>("fromEdit")->isVisible());
+        choose("statusCombo", QStringLiteral("Удалённые"));
+        QCOMPARE(m_bench->keys(), list("D"));
+        QVERIFY(m_bench->cell(0, "html", Qt::FontRole).value<QFont>().strikeOut());
+        choose("statusCombo", QStringLiteral("Любое"));
+        auto* workers = m_bench->child<QComboBox>("workerCombo");
+        workers->setCurrentIndex(workers->findData(QByteArray("WORKER_IVANOV")));
+        QCOMPARE(m_bench->keys(), list("B"));
+        m_bench->child<QPushButton>("clearButton")->click();
+        QCOMPARE(words()->text(), QString());
+        QCOMPARE(m_bench->child<QComboBox>("departmentCombo")->currentData().toByteArray(),
+                 QByteArray("DEP_CDS"));
+        QCOMPARE(workers->currentIndex(), 0);
+    }
+
+    void equipmentIsLookedForWhereItIsNamed()
+    {
+        record("A", "SHIFT_CDS_PAST", R"(На <a href="parameter:name=substation">ПС Дальняя</a> порядок)");
+        record("B", "SHIFT_CDS_PAST", "Звонок с ПС Дальняя");
+        m_bench->start();
+        auto* equipment = m_bench->child<QLineEdit>("equipmentEdit");
+        equipment->setFocus();
+        typeText(equipment, QStringLiteral("дальней"));
+        QTest::keyClick(equipment, Qt::Key_Return);
+        QCOMPARE(m_bench->keys(), list("A"));
+        QVERIFY(m_bench->cell(0, "html", Qt::UserRole)
+                    .toString()
+                    .contains(QStringLiteral("<b><u>Дальняя</u></b>")));
+    }
+
+    void theAuthorsAreThoseOfTheDepartment()
+    {
+        m_bench->start();
+        auto* workers = m_bench->child<QComboBox>("workerCombo");
+        QVERIFY(workers->findData(QByteArray("WORKER_KUZNETSOV")) > 0); // he has left, his records have not
+        QCOMPARE(workers->findData(QByteArray("WORKER_SMIRNOV_ZAR")), -1);
+        choose("departmentCombo", QStringLiteral("Все подразделения"));
+        QVERIFY(workers->findData(QByteArray("WORKER_SMIRNOV_ZAR")) > 0);
+    }
+
+    void aNameIsChosenByTypingAPartOfIt()
+    {
+        m_bench->start();
+        auto* workers = m_bench->child<QComboBox>("workerCombo");
+        workers->setFocus();
+        workers->lineEdit()->selectAll();
+        typeText(workers->lineEdit(), QStringLiteral("етров"));
+        auto* offered = workers->completer()->popup();
+        QVERIFY(offered->isVisible());
+        QTest::keyClick(offered, Qt::Key_Down);
+        QTest::keyClick(offered, Qt::Key_Return);
+        QCOMPARE(workers->currentData().toByteArray(), QByteArray("WORKER_PETROV"));
+        workers->setFocus();
+        workers->lineEdit()->selectAll();
+        typeText(workers->lineEdit(), QStringLiteral("Никто"));
+        words()->setFocus();
+        QCOMPARE(workers->currentText(), QStringLiteral("Петров П. П."));
+    }
+
+    void moreHitsComeWhenAskedFor()
+    {
+        CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+        const QByteArray html = TestStore::bytes(QStringLiteral("тысячекратное"));
+        for (int i = 0; i < CVrkArchive::hitsAtOnce + 1; ++i) {
+            MDRData* row = batch.newRow(ROW_INSERT, "R" + QByteArray::number(i));
+            batch.SetValF(row, "ShiftKey", MDRValue::text("SHIFT_CDS_PAST"));
+            batch.SetValF(row, "recordTime", MDRValue::real(TestStore::now() - i));
+            batch.SetValF(row, "status", MDRValue::number(0));
+            batch.SetValF(row, "html", MDRValue::text(html));
+            batch.RecPost(row);
+        }
+        StoreError error;
+        QVERIFY(m_bench->store.openLoader()->apply({{"LogbookRecords", batch.array}}, "MANY", &error));
+        m_bench->start();
+        QCOMPARE(found("тысячекратное").size(), CVrkArchive::hitsAtOnce);
+        QCOMPARE(footer(), QStringLiteral("Показаны последние 500, есть и более ранние"));
+        auto* more = m_bench->child<QPushButton>("moreButton");
+        QVERIFY(more->isVisible());
+        QTest::mouseClick(more, Qt::LeftButton);
+        QCOMPARE(m_bench->keys().size(), CVrkArchive::hitsAtOnce + 1);
+        QCOMPARE(footer(), QStringLiteral("Найдено записей: 501"));
+        QVERIFY(!more->isVisible());
+        QVERIFY(m_bench->view()->hasFocus());
+    }
+
+    void aHitLeadsToTheJournal()
+    {
+        record("A", "SHIFT_ZAR_OPEN", "обкатка");
+        m_bench->start();
+        choose("departmentCombo", QStringLiteral("Все подразделения"));
+        QCOMPARE(found("обкатка"), list("A"));
+        QTest::keyClick(words(), Qt::Key_Down);
+        QVERIFY(m_bench->view()->hasFocus());
+        QTest::keyClick(m_bench->view(), Qt::Key_Return);
+        m_bench->doubleClick(m_bench->view()->currentIndex().row());
+        const QString once = QStringLiteral("logbook showRecord A");
+        QCOMPARE(m_bench->asked, (QStringList{once, once}));
+    }
+
+    void nothingFoundIsSaid()
+    {
+        m_bench->start();
+        QCOMPARE(found("неслыханное"), QStringList());
+        auto* empty = m_bench->child<QLabel>("emptyLabel");
+        QVERIFY(empty->isVisible());
+        QVERIFY(empty->text().startsWith(QStringLiteral("Ничего не найдено")));
+        QCOMPARE(footer(), QStringLiteral("Найдено записей: 0"));
+        QVERIFY(!found("").isEmpty());
+        QVERIFY(!empty->isVisible());
+    }
+
+    void aFailureKeepsWhatWasFound()
+    {
+        auto plan = std::make_shared<FailingStore::Plan>();
+        m_bench->startOn(std::make_unique<FailingStore>(m_bench->store.open(QStringLiteral("ivanov")), plan));
+        const QStringList before = m_bench->keys();
+        QVERIFY(!before.isEmpty());
+        plan->failedSelects = 1;
+        QCOMPARE(found("обкатка"), before);
+        QVERIFY(m_bench->child<QLabel>("foundLabel")->text().contains(FailingStore::refusal()));
+        QCOMPARE(m_bench->client().takeFailures(), QStringList{FailingStore::refusal()});
+    }
+
+    void columnsSort()
+    {
+        record("A", "SHIFT_CDS_PAST", "обкатка", 1, {{"WorkerKey", "WORKER_IVANOV"}});
+        record("B", "SHIFT_CDS_PAST", "обкатка", 2);
+        record("C", "SHIFT_CDS_PAST", "обкатка", 3, {{"WorkerKey", "WORKER_IVANOV"}});
+        m_bench->start();
+        found("обкатка");
+        m_bench->view()->sortByColumn(2, Qt::DescendingOrder); // authors
+        QCOMPARE(m_bench->keys().constFirst(), QStringLiteral("B"));
+        m_bench->view()->sortByColumn(7, Qt::AscendingOrder); // times
+        QCOMPARE(m_bench->keys(), list("C B A"));
+    }
+};
+
+QTEST_MAIN(CVrkArchive_test)
+#include "CVrkArchive_test.moc"

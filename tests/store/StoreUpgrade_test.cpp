@@ -1,0 +1,158 @@
+#include "MDRValues.h"
+#include "PrivateCluster.h"
+#include "StoreAdmin.h"
+#include "TestFolder.h"
+#include "TestStore.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QtTest>
+
+/// Stores as former programs have left them, in tests/store/former, brought to this version.
+class StoreUpgrade_test : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_url;
+    int m_count = 0;
+    StoreError m_error;
+
+    void run(const QString& program, const QStringList& arguments, const QString& input = QString())
+    {
+        QProcess process;
+        if (!input.isEmpty())
+            process.setStandardInputFile(input);
+        process.start(program, arguments);
+        QVERIFY(process.waitForFinished(60000));
+        QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
+    }
+    /// Makes the store of a former version anew.
+    void take(const QString& version)
+    {
+        m_folder = std::make_unique<QTemporaryDir>(testFolderTemplate());
+        const QString base = QFINDTESTDATA("former") + QStringLiteral("/version-") + version;
+        if (TestStore::isSqlite()) {
+            const QString file = m_folder->filePath(QStringLiteral("former.vrk"));
+            m_url = QStringLiteral("sqlite://") + file;
+            run(QStringLiteral("sqlite3"), {file}, base + QStringLiteral(".sqlite.sql"));
+            return;
+        }
+        const TestStore roles; // the roles of the dump
+        const QString database = QStringLiteral("former%1").arg(++m_count);
+        QCOMPARE(
+            PrivateCluster::shared().exec(QStringLiteral("CREATE DATABASE ") + database +
+                                          QStringLiteral(" TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' "
+                                                         "LC_CTYPE 'C.UTF-8'")),
+            QString());
+        m_url = PrivateCluster::shared().url(database);
+        run(QStringLiteral("psql"),
+            {QStringLiteral("-q"), QStringLiteral("-v"), QStringLiteral("ON_ERROR_STOP=1"), m_url},
+            base + QStringLiteral(".postgresql.sql"));
+    }
+    StoreError refusal()
+    {
+        StoreError error;
+        Store::open(m_url, Store::Options(), &error);
+        return error;
+    }
+    QStringList faults()
+    {
+        QVector<StoreAdmin::Finding> findings;
+        if (!StoreAdmin::check(m_url, &findings, &m_error))
+            return {m_error.text + m_error.detail};
+        QStringList texts;
+        for (const StoreAdmin::Finding& finding : findings)
+            if (finding.grade == StoreAdmin::Finding::Fault)
+                texts.append(finding.text);
+        return texts;
+    }
+    std::unique_ptr<Store> open(const char* login)
+    {
+        auto store = Store::open(m_url, Store::Options(), &m_error);
+        StoreLogin user;
+        if (!store || !store->signIn(QLatin1String(login), &user, &m_error))
+            qFatal("%s", qPrintable(m_error.text + m_error.detail));
+        return store;
+    }
+
+private slots:
+    void init() { m_error.clear(); }
+
+    void aFormerStoreIsNotOpenedAsItIs()
+    {
+        take(QStringLiteral("1"));
+        const StoreError error = refusal();
+        QCOMPARE(error.code, StoreError::TooOld);
+        QVERIFY(error.text.contains(QStringLiteral("vrk-admin upgrade")));
+    }
+
+    void theFirstVersionIsUpgraded()
+    {
+        take(QStringLiteral("1"));
+        QVERIFY2(StoreAdmin::upgrade(m_url, &m_error), qPrintable(m_error.text + m_error.detail));
+        QCOMPARE(faults(), QStringList());
+
+        const auto store = open("ivanov");
+        CMDArray all;
+        all = store->select("SELECT * FROM LogbookRecords", &m_error);
+        QCOMPARE(all.RecCount(), 11);
+        CMDArray found;
+        RecordQuery query;
+        query.departmentKey = "DEP_ZAR";
+        found = store->search(query, &m_error);
+        QCOMPARE(TestStore::field(found.array, "KeyLink").toString(), QStringLiteral("REC_ZAR"));
+        // The journal goes on: its rules, its log, its search.
+        QVERIFY2(TestStore::write(store.get(), "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV",
+                                  {{"html", "обновлённое"}}, &m_error),
+                 qPrintable(m_error.text + m_error.detail));
+        QVERIFY(!TestStore::write(store.get(), "LogbookRecords", ROW_UPDATE, "REC_ORDER", {{"html", "чужое"}},
+                                  &m_error));
+        QCOMPARE(m_error.code, StoreError::Refused);
+        query = RecordQuery();
+        query.words = QStringLiteral("обновлённое");
+        found = store->search(query, &m_error);
+        QCOMPARE(found.RecCount(), 1);
+        QCOMPARE(faults(), QStringList());
+    }
+
+    void thisVersionStaysAsItIs()
+    {
+        const TestStore present;
+        const int changes = present.value(QStringLiteral("SELECT count(*) FROM ChangeLog")).toInt();
+        QVERIFY(StoreAdmin::upgrade(present.url(), &m_error));
+        QVERIFY(StoreAdmin::upgrade(present.url(), &m_error));
+        QCOMPARE(present.value(QStringLiteral("SELECT count(*) FROM ChangeLog")).toInt(), changes);
+        m_url = present.url();
+        QCOMPARE(faults(), QStringList());
+    }
+
+    void anUpgradeThatFailsChangesNothing()
+    {
+        take(QStringLiteral("1"));
+        // What the new step wants to make is there already.
+        if (TestStore::isSqlite())
+            run(QStringLiteral("sqlite3"), {m_folder->filePath(QStringLiteral("former.vrk")),
+                                            QStringLiteral("CREATE TABLE RecordWords (x)")});
+        else
+            run(QStringLiteral("psql"), {QStringLiteral("-q"), QStringLiteral("-c"),
+                                         QStringLiteral("CREATE TABLE RecordSearch (x text)"), m_url});
+        QVERIFY(!StoreAdmin::upgrade(m_url, &m_error));
+        QCOMPARE(refusal().code, StoreError::TooOld);
+    }
+
+    void whatIsNewerIsRefused()
+    {
+        const TestStore newer;
+        QCOMPARE(
+            newer.exec(TestStore::isSqlite()
+                           ? QStringLiteral("PRAGMA user_version = 57")
+                           : QStringLiteral("UPDATE StoreProperties SET value = '57' WHERE name = 'schema'")),
+            QString());
+        QVERIFY(!StoreAdmin::upgrade(newer.url(), &m_error));
+        QCOMPARE(m_error.code, StoreError::TooNew);
+    }
+};
+
+QTEST_GUILESS_MAIN(StoreUpgrade_test)
+#include "StoreUpgrade_test.moc"
