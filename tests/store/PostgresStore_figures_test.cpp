@@ -110,27 +110,31 @@ class PostgresStore_figures_test : public QObject
     QString m_database;
     QString m_url;
 
-    void exec(const QString& sql) const { QCOMPARE(m_cluster->exec(sql, m_database), QString()); }
     /// Fills a shift past the log, as an archive is there before its readers come.
-    void fill(const char* shift, qint64 records, qint64 from, qint64 to) const
+    void fill(const QString& database, const char* shift, qint64 records, qint64 from, qint64 to) const
     {
-        exec(
-            QStringLiteral(
-                "ALTER TABLE LogbookRecords DISABLE TRIGGER USER; ALTER TABLE LogbookWorkshifts DISABLE "
-                "TRIGGER USER; "
-                "INSERT INTO LogbookWorkshifts (KeyLink, DepartmentKey, startTime, endTime) SELECT "
-                "'%1' || n, 'DEP', %3 + n * 43200, %3 + (n + 1) * 43200 FROM generate_series(0, (%4 - %3) / "
-                "43200) AS n; "
-                "INSERT INTO LogbookRecords (KeyLink, ShiftKey, WorkerKey, recordTime, eventTime, html, "
-                "status, direction) SELECT md5('%1' || n), '%1' || ((t - %3) / 43200), 'WORKER', t, t, "
-                "repeat('Отключён выключатель В-110 ', 8) || n, 0, 0 FROM (SELECT n, %3 + n * (%4 - %3) / %2 "
-                "AS t FROM generate_series(0::bigint, %2 - 1) AS n) AS R; "
-                "ALTER TABLE LogbookRecords ENABLE TRIGGER USER; ALTER TABLE LogbookWorkshifts ENABLE "
-                "TRIGGER USER; ANALYZE LogbookRecords; ANALYZE LogbookWorkshifts")
-                .arg(QLatin1String(shift))
-                .arg(records)
-                .arg(from)
-                .arg(to));
+        QCOMPARE(
+            m_cluster->exec(
+                QStringLiteral(
+                    "ALTER TABLE LogbookRecords DISABLE TRIGGER USER; ALTER TABLE LogbookWorkshifts DISABLE "
+                    "TRIGGER USER; "
+                    "INSERT INTO LogbookWorkshifts (KeyLink, DepartmentKey, startTime, endTime) SELECT "
+                    "'%1' || n, 'DEP', %3 + n * 43200, %3 + (n + 1) * 43200 FROM generate_series(0, (%4 - "
+                    "%3) / "
+                    "43200) AS n; "
+                    "INSERT INTO LogbookRecords (KeyLink, ShiftKey, WorkerKey, recordTime, eventTime, html, "
+                    "status, direction) SELECT md5('%1' || n), '%1' || ((t - %3) / 43200), 'WORKER', t, t, "
+                    "repeat('Отключён выключатель В-110 ', 8) || n, 0, 0 FROM (SELECT n, %3 + n * (%4 - %3) "
+                    "/ %2 "
+                    "AS t FROM generate_series(0::bigint, %2 - 1) AS n) AS R; "
+                    "ALTER TABLE LogbookRecords ENABLE TRIGGER USER; ALTER TABLE LogbookWorkshifts ENABLE "
+                    "TRIGGER USER; ANALYZE LogbookRecords; ANALYZE LogbookWorkshifts")
+                    .arg(QLatin1String(shift))
+                    .arg(records)
+                    .arg(from)
+                    .arg(to),
+                database),
+            QString());
     }
     /// The time in which plain sqlite3 steps through the same rows in a file, in microseconds.
     qint64 timeInAFile(PGconn* raw, const QByteArray& sql) const
@@ -267,7 +271,7 @@ private slots:
 
     void shiftOfTenThousandRecordsAgainstReadingItRaw()
     {
-        fill("S", 10000, 1700000000, 1700043199);
+        fill(m_database, "S", 10000, 1700000000, 1700043199);
         const QByteArray sql = "SELECT * FROM LogbookRecords WHERE ShiftKey='S0'";
         const auto store = opened(m_url);
         int rows = 0;
@@ -307,29 +311,41 @@ private slots:
     {
         const qint64 now = 1763600000;
         const qint64 tenYears = 10 * 365 * 86400LL;
-        const auto store = opened(m_url);
-        // The last fortnight alone, then with ten years behind it.
-        fill("NOW", 10000, now - 14 * 86400, now);
+        // The last fortnight alone, and the same with ten years behind it.
+        const QString young = m_database + QStringLiteral("_young");
+        StoreError error;
+        QVERIFY(StoreAdmin::init(m_cluster->url(young), "Windows-1251", "Europe/Moscow", &error));
+        for (const QString& database : {young, m_database})
+            fill(database, "NOW", 10000, now - 14 * 86400, now);
+        fill(m_database, "OLD", isLong() ? 2000000 : 100000, now - tenYears, now - 14 * 86400 - 1);
+        for (const QString& database : {young, m_database}) // or the server would do it while it is measured
+            QCOMPARE(m_cluster->exec(QStringLiteral("VACUUM ANALYZE"), database), QString());
+        QCOMPARE(m_cluster->exec(QStringLiteral("CHECKPOINT")), QString());
+
         const QByteArray shift = "SELECT * FROM LogbookRecords WHERE ShiftKey='NOW20'";
         const QByteArray week = "SELECT LogbookRecords.* FROM LogbookRecords INNER JOIN LogbookWorkshifts ON "
                                 "LogbookWorkshifts.KeyLink = LogbookRecords.ShiftKey WHERE "
                                 "LogbookWorkshifts.DepartmentKey = 'DEP' AND recordTime >= " +
                                 QByteArray::number(now - 7 * 86400) +
                                 " AND recordTime <= " + QByteArray::number(now) + ";";
-        int shiftRows = 0;
-        int weekRows = 0;
-        const qint64 shiftBefore = timeOf(store.get(), shift, &shiftRows);
-        const qint64 weekBefore = timeOf(store.get(), week, &weekRows);
-        QVERIFY(shiftRows > 100 && weekRows > 4000);
-        fill("OLD", isLong() ? 2000000 : 100000, now - tenYears, now - 14 * 86400 - 1);
-        int rows = 0;
-        const double shiftRatio = double(timeOf(store.get(), shift, &rows)) / double(shiftBefore);
-        QCOMPARE(rows, shiftRows);
-        const double weekRatio = double(timeOf(store.get(), week, &rows)) / double(weekBefore);
-        QCOMPARE(rows, weekRows);
-        qInfo("with ten years behind: shift ratio %.2f, week ratio %.2f", shiftRatio, weekRatio);
-        if (isLong())
-            QVERIFY(shiftRatio < 1.5 && weekRatio < 1.5);
+        const auto alone = opened(m_cluster->url(young));
+        const auto store = opened(m_url);
+        for (const QByteArray& sql : {shift, week}) {
+            QVector<qint64> before;
+            QVector<qint64> after;
+            int rows = 0;
+            int rowsAlone = 0;
+            for (int i = 0; i < 9; ++i) { // in turns, so that other load meets both
+                before.append(timeOf(alone.get(), sql, &rowsAlone));
+                after.append(timeOf(store.get(), sql, &rows));
+            }
+            QCOMPARE(rows, rowsAlone);
+            QVERIFY(rows > (sql == shift ? 100 : 4000));
+            const double ratio = double(median(after)) / double(median(before));
+            qInfo("%s with ten years behind: ratio %.2f", sql == shift ? "a shift" : "a week", ratio);
+            if (isLong())
+                QVERIFY2(ratio < 1.5, qPrintable(QString::number(ratio)));
+        }
     }
 
     void allSessionsAreCurrentAgainAfterARestart()
