@@ -237,9 +237,12 @@ private slots:
         QCOMPARE(names, QStringList({QStringLiteral("Иванов И. И."), QStringLiteral("Петров П. П.")}));
         child<QPushButton>(info, "closeButton")->click();
         QVERIFY(!info->isVisible());
+        const int height = info->height();
+        info->resize(700, 650); // each showing begins with its own size
 
         journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
         journal.tab().showWorkshiftInfoDialog();
+        QCOMPARE(info->height(), height);
         QVERIFY(child<QLabel>(info, "closeLabel")->isVisible());
         QCOMPARE(child<QLabel>(info, "closeValue")->text(), QStringLiteral("Иванов Иван Иванович"));
         QCOMPARE(crew->rowCount(), 3); // who opened, and who took over
