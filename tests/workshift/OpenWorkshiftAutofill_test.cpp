@@ -5,6 +5,7 @@
 
 #include <QPushButton>
 #include <QTableWidget>
+#include <QTreeView>
 #include <QtTest>
 
 /// What the dialog of opening fills in by itself, and what it says when it cannot.
@@ -170,6 +171,39 @@ private slots:
         QCOMPARE(takeLines(), QStringList());
         const auto* shifts = JournalWindow::childOf<QTableWidget>(journal.opening(), "shiftsTable");
         QCOMPARE(shifts->rowCount(), 0); // whose timetable it would be is not known
+    }
+
+    void templatesOfAllLevelsAreOfferedUnderTheirNames()
+    {
+        const TestStore store;
+        prepare(store, {"interval"});
+        const QString html =
+            store.value(QStringLiteral("SELECT html FROM LogbookTemplates WHERE KeyLink='TPL_OPEN'"))
+                .toString();
+        for (const char* category : {"CAT_NETS", "CAT_CDS", "CAT_ZAR"})
+            QVERIFY(TestStore::write(store.openLoader().get(), "LogbookTemplates", ROW_INSERT,
+                                     QByteArray("OPEN_") + category,
+                                     {{"CategoryKey", category}, {"nameLoc", category}, {"html", html}}));
+        const auto name = [&store](const char* table, const char* key) {
+            const QString sql = QStringLiteral("SELECT name_ FROM %1 WHERE KeyLink='%2'");
+            return store.value(sql.arg(QLatin1String(table), QLatin1String(key))).toString();
+        };
+        JournalWindow journal(store, QStringLiteral("ivanov"));
+        journal.trigger("openWorkshiftAction");
+        const QAbstractItemModel* model =
+            JournalWindow::childOf<QTreeView>(journal.opening(), "templatesTree")->model();
+        const auto isThere = [model](const QString& text) {
+            return !model
+                        ->match(model->index(0, 0), Qt::DisplayRole, text, 1,
+                                Qt::MatchExactly | Qt::MatchRecursive)
+                        .isEmpty();
+        };
+        QVERIFY(isThere(QStringLiteral("Подразделение: ") + name("Departments", "DEP_CDS")));
+        QVERIFY(isThere(QStringLiteral("Тип организации: ") + name("OrgTypes", "TYPE_NETS")));
+        QVERIFY(isThere(QStringLiteral("CAT_CDS")));
+        QVERIFY(isThere(QStringLiteral("CAT_NETS")));
+        QVERIFY(!isThere(QStringLiteral("CAT_ZAR")));                              // of another department
+        QVERIFY(!isThere(QStringLiteral("Команда на производство переключений"))); // opens no shift
     }
 
     // Times of day that a timetable holds as negative ones: only their time of day counts.
