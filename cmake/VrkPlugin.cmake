@@ -11,6 +11,6 @@ function(vrk_plugin target description name)
     configure_file("${description}" "${CMAKE_BINARY_DIR}/plugins/${name}.json" COPYONLY)
     set_target_properties(${target} PROPERTIES INSTALL_RPATH "\$ORIGIN"
         LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
-    install(TARGETS ${target} LIBRARY DESTINATION ${VRK_HOME}/lib NAMELINK_SKIP)
-    install(FILES "${description}" DESTINATION ${VRK_HOME}/plugins RENAME "${name}.json")
+    install(TARGETS ${target} LIBRARY DESTINATION ${VRK_HOME}/lib COMPONENT runtime NAMELINK_SKIP)
+    install(FILES "${description}" DESTINATION ${VRK_HOME}/plugins RENAME "${name}.json" COMPONENT runtime)
 endfunction()

@@ -8,6 +8,7 @@ namespace
 {
 constexpr int longestWord = 64; // what follows does not tell words apart
 constexpr int shortestBeginning = 4;
+constexpr int shortestStarred = 2; // nearly every word begins with some letter
 
 ushort folded(ushort c)
 {
@@ -72,7 +73,8 @@ QVector<SearchWords::Term> SearchWords::terms(const QString& query)
     forEachWord(query, [&](int, int end, const QString& word) {
         const bool hasDigit =
             std::any_of(word.begin(), word.end(), [](QChar c) { return isDigit(c.unicode()); });
-        const bool isStarred = query.midRef(end).startsWith(QLatin1Char('*'));
+        const bool isStarred =
+            word.size() >= shortestStarred && query.midRef(end).startsWith(QLatin1Char('*'));
         const bool isLong = !hasDigit && word.size() >= shortestBeginning;
         const Term term{isLong ? beginningOf(stemOf(word)) : stemOf(word), isLong || isStarred};
         const bool isKnown = std::any_of(all.cbegin(), all.cend(), [&term](const Term& one) {

@@ -8,7 +8,7 @@
 
 /// What a search takes for a word and when a word is found. Words are runs of letters and digits, whatever their case; "ё"
 /// and "е" are one letter. A word is found by any of its forms. Words of four letters and more are found by their beginning
-/// as well, shorter ones and numbers only as a whole, unless a "*" follows them in the query.
+/// as well, shorter ones and numbers only as a whole, unless a "*" follows two characters or more in the query.
 namespace SearchWords
 {
 /// A word of a query.

@@ -67,6 +67,7 @@ private slots:
         QCOMPARE(told(QStringLiteral("отключать приняли")), (list("отключ* прин*")));
         QCOMPARE(told(QStringLiteral("ВЛ* 11* акт")), (list("вл* 11* акт")));
         QCOMPARE(told(QStringLiteral("осмотр осмотра ОСМОТР")), (list("осмотр*")));
+        QCOMPARE(told(QStringLiteral("в* 1*")), list("в 1")); // all but everything would begin so
         QCOMPARE(told(QStringLiteral(" * ")), QStringList());
     }
 

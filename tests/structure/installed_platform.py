@@ -97,7 +97,8 @@ def main(source, build):
     folder = pathlib.Path(tempfile.mkdtemp(prefix="vrk-installed-"))
     try:
         prefix = folder / "prefix"
-        run("cmake", "--install", build, "--prefix", prefix)
+        for component in ("runtime", "dev"):  # as the packages are put together
+            run("cmake", "--install", build, "--prefix", prefix, "--component", component)
         home = prefix / "lib/vrk-logbook"
         for wanted in ("lib/libVrkHfn_x64.so.1", "lib/libVrkClient_x64.so.2", "lib/libVrkLogBook.so.2",
                        "lib/libVrkArchive.so.1", "plugins/10-logbook.json", "plugins/20-archive.json", "bin/vrk-workstation"):
