@@ -304,7 +304,7 @@ private slots:
     void selectThatOutlivesItsDeadlineIsBrokenOff()
     {
         Store::Options options;
-        options.deadlineMs = 100;
+        options.deadlineMs = 1000; // enough for a busy server to take the next connection
         m_store = m_files->open(QStringLiteral("ivanov"), options);
         int signs = 0;
         m_store->setProgress([&signs] { ++signs; });
@@ -313,7 +313,7 @@ private slots:
         const StoreError error = refusal(
             "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT count(*) FROM n");
         QCOMPARE(error.code, StoreError::Lost);
-        QVERIFY(clock.elapsed() < 5000);
+        QVERIFY(clock.elapsed() < 10000);
         QVERIFY(signs > 0);
         QVERIFY(select("SELECT * FROM Workers")->array);
     }
