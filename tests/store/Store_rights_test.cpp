@@ -1,4 +1,5 @@
 #include "ChangeRow.h"
+#include "RecordWords.h"
 #include "TableCatalog.h"
 #include "TestStore.h"
 #include "WriterOfRules.h"
@@ -144,13 +145,14 @@ private slots:
                  QString::fromUtf8("Журнал изменений не изменяется."));
     }
 
-    void knowingTheFunctionOfTheLogIsNotEnough()
+    void knowingTheFunctionsOfTheTriggersIsNotEnough()
     {
         if (!TestStore::isSqlite())
             QSKIP("On a server the function is the owner's");
         sqlite3* raw = nullptr;
         sqlite3_open(m_files->path().toUtf8().constData(), &raw);
         ChangeRow::installFunction(raw);
+        RecordWords::installFunctions(raw);
         for (const char* sql : {"UPDATE LogbookRecords SET html = 'x' WHERE KeyLink = 'REC_ORDER'",
                                 "DELETE FROM LogbookComments", "INSERT INTO Roles (KeyLink) VALUES ('X')"}) {
             QCOMPARE(sqlite3_exec(raw, sql, nullptr, nullptr, nullptr), SQLITE_CONSTRAINT);
