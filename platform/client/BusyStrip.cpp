@@ -55,7 +55,9 @@ void BusyStrip::begin()
 
 void BusyStrip::tick()
 {
-    if (!m_since.isValid() || m_since.elapsed() < delayMs || !qobject_cast<QApplication*>(qApp))
+    // A program without windows has nowhere to show it.
+    const bool hasWindows = qobject_cast<QApplication*>(QCoreApplication::instance());
+    if (!hasWindows || !m_since.isValid() || m_since.elapsed() < delayMs)
         return;
     if (!m_shown) {
         m_shown = true;
