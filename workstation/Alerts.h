@@ -4,9 +4,9 @@
 #include <memory>
 #include <QObject>
 #include <QPointer>
+#include <QWidget>
 
 class CVrkCliMod;
-class QWidget;
 class Tray;
 
 /// Calls the user back to a module that wants him while he is elsewhere: the task bar's entry blinks, the tray tells
@@ -35,5 +35,5 @@ private:
 
     std::unique_ptr<Tray> m_tray;
     Blink m_blink;
-    QPointer<CVrkCliMod> m_calling; ///< whom the tray shows
+    QPointer<QWidget> m_calling; ///< the window of the module that the tray shows
 };
