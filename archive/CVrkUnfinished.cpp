@@ -180,14 +180,25 @@ QString CVrkUnfinished::select(const QString& condition) const
         .replace(QLatin1String("%2"), condition);
 }
 
+double CVrkUnfinished::firstTime() const
+{
+    return session()->GetHfnTime() - static_cast<double>(m_days->value()) * secondsADay;
+}
+
 void CVrkUnfinished::reload()
 {
     if (!m_isStarted)
         return;
-    const double from = session()->GetHfnTime() - static_cast<double>(m_days->value()) * secondsADay;
     CMDArray answer;
     answer = session()->SqlRequest(
-        select(QStringLiteral("R.recordTime >= ") + QString::number(from, 'g', 10)).toUtf8());
+        select(QStringLiteral("R.recordTime >= ") + QString::number(firstTime(), 'g', 10)).toUtf8());
+    m_failure.clear();
+    if (!answer
+             .array) { // what is shown stays: it is better than a list that says that nothing is left undone
+        m_failure = tr("Список не прочитан: %1").arg(session()->lastErrorText());
+        showCounts();
+        return;
+    }
     m_shifts.clear();
     // The list takes over what it shows by position; what lacks what is reckoned first, in a column of its own.
     CMDArray judged;
@@ -257,8 +268,9 @@ void CVrkUnfinished::take(MDRData* record)
 {
     CMDArray& records = m_list->records();
     const QByteArray shiftKey = MDRValue::copy(value(records, record, "ShiftKey"));
-    const Shift& of = shift(shiftKey);
-    const int lacks = of.isOurs ? lacksOf(records, record, of.isClosed) : 0;
+    const Shift of = shift(shiftKey);
+    const bool isListed = of.isOurs && value(records, record, "recordTime").value.real >= firstTime();
+    const int lacks = isListed ? lacksOf(records, record, of.isClosed) : 0;
     if (lacks == 0) {
         MDARecDel(record);
         return;
@@ -270,21 +282,25 @@ void CVrkUnfinished::take(MDRData* record)
     m_list->add(record);
 }
 
-const CVrkUnfinished::Shift& CVrkUnfinished::shift(const QByteArray& key)
+CVrkUnfinished::Shift CVrkUnfinished::shift(const QByteArray& key)
 {
-    if (!m_shifts.contains(key)) {
-        CMDArray answer;
-        answer = session()->SqlRequest("SELECT * FROM LogbookWorkshifts WHERE KeyLink = '" + key + "'");
-        const MDRData* row = answer.RecCount() > 0 ? MDARec(answer.array, 0, 0) : nullptr;
-        Shift& of = m_shifts[key];
-        if (row) {
-            of.isOurs = MDRValue::bytes(value(answer, row, "DepartmentKey")) == m_departmentKey;
-            of.isClosed = MDRValue::hasText(value(answer, row, "CloseWorkerKey"));
-            of.startTime = value(answer, row, "startTime").value.real;
-            of.endTime = value(answer, row, "endTime").value.real;
-        }
+    const auto known = m_shifts.constFind(key);
+    if (known != m_shifts.constEnd())
+        return *known;
+    CMDArray answer;
+    answer = session()->SqlRequest("SELECT * FROM LogbookWorkshifts WHERE KeyLink = '" + key + "'");
+    Shift of;
+    if (!answer.array) // asked again at the next event
+        return of;
+    if (answer.RecCount() > 0) {
+        const MDRData* row = MDARec(answer.array, 0, 0);
+        of.isOurs = MDRValue::bytes(value(answer, row, "DepartmentKey")) == m_departmentKey;
+        of.isClosed = MDRValue::hasText(value(answer, row, "CloseWorkerKey"));
+        of.startTime = value(answer, row, "startTime").value.real;
+        of.endTime = value(answer, row, "endTime").value.real;
     }
-    return m_shifts[key];
+    m_shifts.insert(key, of);
+    return of;
 }
 
 void CVrkUnfinished::shiftEvent(const TEventNciParse& event)
@@ -292,7 +308,10 @@ void CVrkUnfinished::shiftEvent(const TEventNciParse& event)
     const QByteArray key(event.recordKey);
     const bool wasClosed = m_shifts.value(key).isClosed;
     m_shifts.remove(key);
-    if (event.eventNumber == EventDeleted || !shift(key).isOurs || shift(key).isClosed == wasClosed)
+    if (event.eventNumber == EventDeleted)
+        return;
+    const Shift of = shift(key);
+    if (!of.isOurs || of.isClosed == wasClosed)
         return;
     // Closed: its drafts are left behind now.
     CMDArray answer;
@@ -321,6 +340,11 @@ void CVrkUnfinished::showCounts()
     const QStringList names{tr("Время выполнения: %1"), tr("Второй маркер: %1"), tr("Черновики: %1")};
     for (int i = 0; i < m_kinds.size(); ++i)
         m_kinds.at(i)->setText(names.at(i).arg(counts[i]));
+    if (!m_failure.isEmpty()) {
+        m_summary->setText(m_failure);
+        m_list->setEmptyText(m_failure);
+        return;
+    }
     const int shown = m_list->tool()->proxy()->rowCount();
     m_summary->setText(shown == m_list->count() ? tr("Записей: %1").arg(shown)
                                                 : tr("Записей: %1 из %2").arg(shown).arg(m_list->count()));

@@ -47,7 +47,10 @@ private:
     void take(MDRData* record);
     void recordEvent(const TEventNciParse& event);
     void shiftEvent(const TEventNciParse& event);
-    const Shift& shift(const QByteArray& key);
+    /// Of another department, also while the server does not tell.
+    Shift shift(const QByteArray& key);
+    /// Since when records are listed.
+    double firstTime() const;
     void setKinds(int kinds);
     void showCounts();
 
@@ -59,5 +62,6 @@ private:
     QSpinBox* m_days;
     QVector<QToolButton*> m_kinds; ///< one a kind of RecordRules::Lack, checked when it is shown
     QLabel* m_summary;
+    QString m_failure; ///< why the list could not be read; empty when it was
     bool m_isStarted = false;
 };

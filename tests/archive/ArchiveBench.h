@@ -35,6 +35,7 @@ public:
     void startOn(std::unique_ptr<Store> other)
     {
         m_client = std::make_unique<TestClient>(std::move(other));
+        m_client->app().m_user_params.setValue(QStringLiteral("DEPARTMENTKEY"), QStringLiteral("DEP_CDS"));
         begin();
     }
     void stop() { m_module.reset(); }

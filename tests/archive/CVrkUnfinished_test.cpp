@@ -1,6 +1,7 @@
 #include "CVrkUnfinished.h"
 
 #include "ArchiveBench.h"
+#include "FailingStore.h"
 #include "RecordRules.h"
 
 #include <QClipboard>
@@ -146,6 +147,29 @@ private slots:
         m_bench->start();
         QCOMPARE(m_bench->child<QSpinBox>("daysSpin")->value(), 60);
         QCOMPARE(lacks("OLD"), QStringLiteral("Время выполнения"));
+    }
+
+    void aChangeOfAnOldRecordDoesNotListIt()
+    {
+        record("OLD", "SHIFT_CDS_OPEN", order(), 0, 40 * 24);
+        m_bench->start();
+        m_bench->write("LogbookRecords", ROW_UPDATE, "OLD", {{"executionTime", 100.0}});
+        QCOMPARE(lacks("OLD"), QStringLiteral("-"));
+    }
+
+    void aListThatCannotBeReadSaysSoAndStays()
+    {
+        auto plan = std::make_shared<FailingStore::Plan>();
+        m_bench->startOn(std::make_unique<FailingStore>(m_bench->store.open(QStringLiteral("ivanov")), plan));
+        const QStringList before = m_bench->keys();
+        QVERIFY(!before.isEmpty());
+        plan->failedSelects = 1;
+        QTest::keyClick(m_bench->view(), Qt::Key_F5);
+        QCOMPARE(m_bench->keys(), before);
+        QCOMPARE(summary(), QStringLiteral("Список не прочитан: ") + FailingStore::refusal());
+        QCOMPARE(m_bench->client().takeFailures(), QStringList{FailingStore::refusal()});
+        QTest::keyClick(m_bench->view(), Qt::Key_F5);
+        QCOMPARE(summary(), QStringLiteral("Записей: %1").arg(before.size()));
     }
 
     void kindsAreChosenAndKept()
