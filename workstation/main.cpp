@@ -39,10 +39,23 @@ int listModules(const Options& options)
     }
     return complete ? 0 : 1;
 }
+/// Answers about the program itself want no display; for windows the toolkit says what is missing.
+void doWithoutDisplay(int argc, char* argv[])
+{
+    for (const char* choice : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (qEnvironmentVariableIsSet(choice))
+            return;
+    const char* const questions[] = {"--help", "-h", "--version", "-v", "--modules"};
+    for (int i = 1; i < argc; ++i)
+        for (const char* question : questions)
+            if (qstrcmp(argv[i], question) == 0)
+                qputenv("QT_QPA_PLATFORM", "offscreen");
+}
 } // namespace
 
 int main(int argc, char* argv[])
 {
+    doWithoutDisplay(argc, argv);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication application(argc, argv);

@@ -93,6 +93,23 @@ private slots:
             QRegularExpression(QStringLiteral("unfinished +Незавершённое: .*libVrkArchive\\.so\\.1"))));
     }
 
+    void questionsAboutTheProgramWantNoDisplay()
+    {
+        QProcessEnvironment bare = QProcessEnvironment::systemEnvironment();
+        for (const char* choice : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            bare.remove(QLatin1String(choice));
+        for (const char* question : {"--help", "--version", "--modules"}) {
+            QProcess program;
+            program.setProcessEnvironment(bare);
+            program.start(QCoreApplication::applicationDirPath() + QStringLiteral("/vrk-workstation"),
+                          {QLatin1String(question)});
+            QVERIFY(program.waitForFinished(60000));
+            QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+            QCOMPARE(program.exitCode(), 0);
+            QVERIFY(!program.readAllStandardOutput().isEmpty());
+        }
+    }
+
     void aHitLeadsIntoTheJournalThatWasNotOpen()
     {
         const HostBench bench;
