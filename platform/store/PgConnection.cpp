@@ -53,6 +53,7 @@ int PgConnection::connectMs() const
 
 void PgConnection::drop()
 {
+    m_attempt.reset();
     if (m_pg)
         PQfinish(m_pg);
     m_pg = nullptr;
@@ -60,60 +61,49 @@ void PgConnection::drop()
     m_prepared.clear();
 }
 
+PgAttempt* PgConnection::attempt()
+{
+    if (m_attempt)
+        return m_attempt.get();
+    // What stands before the address are defaults, what stands behind it has the last word.
+    QVector<PgAttempt::Setting> settings{{"application_name", "vrk"},   {"keepalives_idle", "10"},
+                                         {"keepalives_interval", "5"},  {"keepalives_count", "3"},
+                                         {"tcp_user_timeout", "15000"}, {"dbname", m_url},
+                                         {"client_encoding", "UTF8"}};
+    const auto addInstead = [&](const char* name, const QByteArray& value) {
+        if (!value.isEmpty())
+            settings.append({name, value});
+    };
+    addInstead("dbname", m_instead.database);
+    addInstead("user", m_instead.login);
+    addInstead("password", m_instead.password);
+    m_attempt = std::make_unique<PgAttempt>(settings);
+    watch(m_attempt->descriptor());
+    return m_attempt.get();
+}
+
 bool PgConnection::connect(int waitMs, StoreError* error)
 {
     if (m_isOpen)
         return true;
-    if (!m_pg) {
-        // What stands before the address are defaults, what stands behind it has the last word.
-        QVector<const char*> names;
-        QVector<const char*> values;
-        const auto add = [&](const char* name, const char* value) {
-            names.append(name);
-            values.append(value);
-        };
-        const auto addInstead = [&](const char* name, const QByteArray& value) {
-            if (!value.isEmpty())
-                add(name, value.constData());
-        };
-        add("application_name", "vrk");
-        add("keepalives_idle", "10");
-        add("keepalives_interval", "5");
-        add("keepalives_count", "3");
-        add("tcp_user_timeout", "15000");
-        add("dbname", m_url.constData());
-        add("client_encoding", "UTF8");
-        addInstead("dbname", m_instead.database);
-        addInstead("user", m_instead.login);
-        addInstead("password", m_instead.password);
-        add(nullptr, nullptr);
-        m_pg = PQconnectStartParams(names.constData(), values.constData(), 1);
-        m_attempt.start();
-        PQsetErrorVerbosity(m_pg, PQERRORS_VERBOSE); // with the code that tells a refusal from a loss
-        PQsetNoticeProcessor(
-            m_pg, [](void*, const char*) {}, nullptr);
-        m_polling = m_pg && PQstatus(m_pg) != CONNECTION_BAD ? PGRES_POLLING_WRITING : PGRES_POLLING_FAILED;
-    }
     QElapsedTimer waited;
     waited.start();
-    while (m_polling != PGRES_POLLING_OK) {
-        const bool isLate = m_attempt.hasExpired(connectMs());
-        if (m_polling == PGRES_POLLING_FAILED || isLate) {
-            *error = connectError();
-            drop();
-            return false;
-        }
-        const bool forWriting = m_polling == PGRES_POLLING_WRITING;
-        watch(forWriting);
-        if (waited.hasExpired(waitMs) || !wait(forWriting ? POLLOUT : POLLIN, waitMs, waited)) {
-            if (m_attempt.hasExpired(connectMs()))
-                continue;
+    while (
+        !attempt()->wait(static_cast<int>(std::clamp<qint64>(waitMs - waited.elapsed(), 0, longestNapMs)))) {
+        if (waited.hasExpired(waitMs)) {
             *error = lostError(QString::fromUtf8("Соединение устанавливается."));
             return false;
         }
-        m_polling = PQconnectPoll(m_pg);
+        if (m_progress)
+            m_progress();
     }
-    return finishConnecting(error);
+    m_pg = m_attempt->take();
+    m_attempt.reset();
+    if (PQstatus(m_pg) == CONNECTION_OK)
+        return finishConnecting(error);
+    *error = connectError();
+    drop();
+    return false;
 }
 
 StoreError PgConnection::connectError() const
@@ -135,7 +125,7 @@ StoreError PgConnection::connectError() const
 bool PgConnection::finishConnecting(StoreError* error)
 {
     m_isOpen = true;
-    watch(false);
+    watch(PQsocket(m_pg));
     PQsetnonblocking(m_pg, 1);
     if (PQserverVersion(m_pg) < lowestVersion) {
         *error = {
@@ -157,13 +147,13 @@ bool PgConnection::finishConnecting(StoreError* error)
     return false;
 }
 
-void PgConnection::watch(bool forWriting)
+void PgConnection::watch(int descriptor)
 {
+    // Closing the one before has taken it out.
     epoll_event event = {};
-    event.events = forWriting ? EPOLLOUT : EPOLLIN;
-    const int socket = PQsocket(m_pg);
-    if (socket >= 0 && epoll_ctl(m_epoll, EPOLL_CTL_MOD, socket, &event) != 0)
-        epoll_ctl(m_epoll, EPOLL_CTL_ADD, socket, &event);
+    event.events = EPOLLIN;
+    if (descriptor >= 0)
+        epoll_ctl(m_epoll, EPOLL_CTL_ADD, descriptor, &event);
 }
 
 // Statements
@@ -383,9 +373,8 @@ StoreError PgConnection::errorOf(const QByteArray& state, const QString& message
         return make(StoreError::Lost, "Сервер «%1» останавливается или запускается.");
     if (state.startsWith("58") || state.startsWith("XX001") || state.startsWith("XX002"))
         return make(StoreError::Internal, "Сервер «%1» не может прочитать или записать свои файлы.");
-    if (state.startsWith("0A") || state.startsWith("22") || state.startsWith("23") ||
-        state.startsWith("25") || state.startsWith("42") || state.startsWith("44") ||
-        state.startsWith("34") || state.startsWith("2"))
+    if (state.startsWith("0A") || state.startsWith('2') || state.startsWith("34") || state.startsWith("42") ||
+        state.startsWith("44"))
         return make(StoreError::BadRequest, "Хранилище не может выполнить запрос.");
     return make(StoreError::Internal, "Внутренняя ошибка хранилища «%1».");
 }

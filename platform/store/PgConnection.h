@@ -1,9 +1,11 @@
 #pragma once
 
+#include "PgAttempt.h"
 #include "PgValues.h"
 #include "StoreError.h"
 
 #include <functional>
+#include <memory>
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QHash>
@@ -28,11 +30,11 @@ public:
     PgConnection& operator=(const PgConnection&) = delete;
 
     /// Begins to connect, or goes on with it, for at most \a waitMs: false with Lost while it is under way or when it
-    /// has failed; an attempt that takes longer than the deadline has.
+    /// has failed. An attempt goes on between the calls.
     bool connect(int waitMs, StoreError* error);
     bool isOpen() const { return m_isOpen; }
     void drop();
-    /// How long connecting may take.
+    /// How long a request should wait for a connection.
     int connectMs() const;
 
     /// The deadline of what follows begins now; it is never longer than that of the connection.
@@ -59,7 +61,8 @@ public:
     /// The constraint that the last failure is about.
     QByteArray failureConstraint() const { return m_constraint; }
 
-    /// Readable when there may be a notification or the connection may have broken; the same for the object's life.
+    /// Readable when there may be a notification, the connection may have broken or an attempt to connect has ended; the
+    /// same for the object's life.
     int descriptor() const { return m_epoll; }
     /// Takes in what the server has sent unasked. False when the connection is gone.
     bool takeNotifications(bool* any);
@@ -80,7 +83,9 @@ public:
 
 private:
     bool wait(short events, qint64 untilMs, const QElapsedTimer& clock);
-    void watch(bool forWriting);
+    PgAttempt* attempt();
+    /// Has the descriptor tell of another one.
+    void watch(int descriptor);
     /// Why the attempt to connect has failed.
     StoreError connectError() const;
     bool finishConnecting(StoreError* error);
@@ -97,9 +102,8 @@ private:
     int m_epoll;
     PGconn* m_pg = nullptr;
     bool m_isOpen = false;
-    PostgresPollingStatusType m_polling = PGRES_POLLING_FAILED;
-    QElapsedTimer m_attempt; ///< of connecting
-    QElapsedTimer m_clock;   ///< of the request
+    std::unique_ptr<PgAttempt> m_attempt; ///< while connecting
+    QElapsedTimer m_clock;                ///< of the request
     std::function<void()> m_progress;
     QHash<QByteArray, QByteArray> m_prepared; ///< names by statement
     QByteArray m_state;

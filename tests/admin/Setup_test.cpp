@@ -3,6 +3,7 @@
 #include "CMDArray.h"
 #include "PgConnection.h"
 #include "PrivateCluster.h"
+#include "RewritingProxy.h"
 #include "StoreAdmin.h"
 #include "TestStore.h"
 
@@ -353,6 +354,36 @@ private slots:
         qunsetenv("PGPASSWORD");
         QVERIFY2(m_out.contains(QStringLiteral("не принял имя или пароль")), qPrintable(m_out));
         QVERIFY2(m_out.contains(QStringLiteral("Проверьте имя и пароль")), qPrintable(m_out));
+    }
+
+    void doctorNamesAnOpenNetworkAWrongClockAndAnOldServer()
+    {
+        const QString site = QStringLiteral("site");
+        const auto examine = [&](const QVector<RewritingProxy::Rewriting>& rewritings) {
+            const RewritingProxy proxy(m_cluster->socketFolder(), rewritings);
+            run({QStringLiteral("doctor"), proxy.url(site)});
+        };
+        examine({});
+        QVERIFY2(m_out.contains(QStringLiteral("Соединение с сервером не шифруется.")), qPrintable(m_out));
+        QVERIFY2(m_out.contains(QStringLiteral("ssl = on")), qPrintable(m_out));
+        QVERIFY(!m_out.contains(QStringLiteral("Часы")));
+        run({QStringLiteral("doctor"), m_cluster->url(site)});
+        QVERIFY(!m_out.contains(QStringLiteral("не шифруется"))); // no network carries it
+
+        QCOMPARE(
+            m_cluster->exec(QStringLiteral("CREATE FUNCTION public.tomorrow() RETURNS timestamptz LANGUAGE "
+                                           "sql AS $$SELECT now() + interval '1 day'$$"),
+                            site),
+            QString());
+        examine({{"clock_timestamp()", "public.tomorrow()"}});
+        QVERIFY2(m_out.contains(QStringLiteral("Часы сервера и этой машины расходятся на 86400 с.")),
+                 qPrintable(m_out));
+        QVERIFY2(m_out.contains(QStringLiteral("Включите сверку времени")), qPrintable(m_out));
+
+        const QByteArray version("server_version\0", 15);
+        examine({{version + "15", version + "14"}});
+        QVERIFY2(m_out.contains(QStringLiteral("слишком старый")), qPrintable(m_out));
+        QVERIFY2(m_out.contains(QStringLiteral("Обновите сервер до PostgreSQL 15")), qPrintable(m_out));
     }
 
     void watchdogEndsWhatRunsTooLong()

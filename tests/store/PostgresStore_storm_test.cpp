@@ -81,7 +81,9 @@ public:
                     acknowledged.append(batchKey);
                     break;
                 }
-                if (error.code != StoreError::Lost && error.code != StoreError::Locked) {
+                // What is not settled yet is told by the next try, by its key.
+                if (error.code != StoreError::Lost && error.code != StoreError::Locked &&
+                    error.code != StoreError::Unsettled) {
                     refused.append(batchKey);
                     break;
                 }

@@ -1,0 +1,179 @@
+#include "CMDArray.h"
+#include "PrivateCluster.h"
+#include "RewritingProxy.h"
+#include "StoreAdmin.h"
+#include "TestFolder.h"
+#include "TestStore.h"
+#include "UnixSocket.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <dlfcn.h>
+#include <mutex>
+#include <netdb.h>
+#include <QtTest>
+
+namespace
+{
+/// A name server that does not answer before it is told to.
+struct SlowNames {
+    std::mutex mutex;
+    std::condition_variable answers;
+    bool isAnswering = true;
+    int asked = 0;
+
+    void setAnswering(bool answering)
+    {
+        const std::lock_guard lock(mutex);
+        isAnswering = answering;
+        answers.notify_all();
+    }
+    int timesAsked()
+    {
+        const std::lock_guard lock(mutex);
+        return asked;
+    }
+    void wait()
+    {
+        std::unique_lock lock(mutex);
+        ++asked;
+        answers.wait(lock, [this] { return isAnswering; });
+    }
+};
+SlowNames slowNames;
+const char slowHost[] = "journal.example";
+} // namespace
+
+/// Every library of the program looks names up here.
+extern "C" Q_DECL_EXPORT int getaddrinfo(const char* host, const char* service, const addrinfo* hints,
+                                         addrinfo** result)
+{
+    using Function = int (*)(const char*, const char*, const addrinfo*, addrinfo**);
+    static const auto real = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "getaddrinfo"));
+    if (qstrcmp(host, slowHost) != 0)
+        return real(host, service, hints, result);
+    slowNames.wait();
+    return real("127.0.0.1", service, hints, result);
+}
+
+/// The way to a server: names that nobody answers for, hosts that keep silent.
+class PostgresStore_connect_test : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<PrivateCluster> m_cluster;
+
+    static std::unique_ptr<Store> open(const QString& url, int deadlineMs, StoreError* error)
+    {
+        Store::Options options;
+        options.loader = true;
+        options.deadlineMs = deadlineMs;
+        return Store::open(url, options, error);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        m_cluster = std::make_unique<PrivateCluster>();
+        StoreError error;
+        QVERIFY2(
+            StoreAdmin::init(m_cluster->url(QStringLiteral("site")), "Windows-1251", "Europe/Moscow", &error),
+            qPrintable(error.text + error.detail));
+    }
+    void cleanup() { slowNames.setAnswering(true); }
+
+    void nothingIsHeldUpWhileANameServerKeepsSilent()
+    {
+        auto proxy = std::make_unique<RewritingProxy>(m_cluster->socketFolder());
+        StoreError error;
+        const auto store = open(proxy->url(QStringLiteral("site"), QLatin1String(slowHost)), 1000, &error);
+        QVERIFY2(store, qPrintable(error.text + error.detail));
+        int signsOfLife = 0;
+        store->setProgress([&] { ++signsOfLife; });
+        slowNames.setAnswering(false);
+        const int asked = slowNames.timesAsked();
+        QCOMPARE(m_cluster->exec(QStringLiteral(
+                     "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = 'site'")),
+                 QString());
+
+        // Reading changes comes back at once, a request at its deadline: all that while nobody answers.
+        ChangePosition position;
+        while (store->position(&position, &error)) {
+        }
+        QElapsedTimer clock;
+        clock.start();
+        QVERIFY(!store->position(&position, &error));
+        QVERIFY2(clock.elapsed() < 900, qPrintable(QString::number(clock.elapsed())));
+        QCOMPARE(error.code, StoreError::Lost);
+        QVERIFY(!TestStore::write(store.get(), "Roles", ROW_INSERT, "A", {}, &error));
+        QCOMPARE(error.code, StoreError::Lost);
+        QVERIFY(signsOfLife > 5);
+        QTRY_COMPARE(slowNames.timesAsked(), asked + 1); // and the question is not put again and again
+
+        slowNames.setAnswering(true);
+        QTRY_VERIFY(store->position(&position, &error));
+        QVERIFY(TestStore::write(store.get(), "Roles", ROW_INSERT, "A", {}, &error));
+    }
+
+    void newsOfAFinishedConnectionWakeTheReader()
+    {
+        RewritingProxy proxy(m_cluster->socketFolder());
+        StoreError error;
+        slowNames.setAnswering(false);
+        // What is waited for is not there yet: opening fails, and its attempt ends by itself afterwards.
+        QVERIFY(!open(proxy.url(QStringLiteral("site"), QLatin1String(slowHost)), 1, &error));
+        QCOMPARE(error.code, StoreError::Lost);
+        slowNames.setAnswering(true);
+        const auto store = open(proxy.url(QStringLiteral("site"), QLatin1String(slowHost)), 5000, &error);
+        QVERIFY2(store, qPrintable(error.text + error.detail));
+        slowNames.setAnswering(false);
+        QCOMPARE(m_cluster->exec(QStringLiteral(
+                     "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = 'site'")),
+                 QString());
+        ChangePosition position;
+        while (store->position(&position, &error)) {
+        }
+        QVERIFY(!store->position(&position, &error)); // begins to connect
+        int woken = 0;
+        QSocketNotifier notifier(store->newsDescriptor(), QSocketNotifier::Read);
+        connect(&notifier, &QSocketNotifier::activated, this, [&] {
+            ++woken;
+            notifier.setEnabled(false);
+        });
+        QCoreApplication::processEvents();
+        QCOMPARE(woken, 0);
+        slowNames.setAnswering(true);
+        QTRY_COMPARE(woken, 1);
+        QVERIFY(store->position(&position, &error));
+    }
+
+    void silentHostIsPassedOver()
+    {
+        // The first host takes connections and never says a word.
+        const QTemporaryDir silent(testFolderTemplate());
+        const int listener = UnixSocket::listenIn(silent.path());
+        const QString url = QStringLiteral("postgresql://postgres@/site?host=%1,%2")
+                                .arg(QString::fromLatin1(QUrl::toPercentEncoding(silent.path())),
+                                     QString::fromLatin1(QUrl::toPercentEncoding(m_cluster->socketFolder())));
+        StoreError error;
+        const auto store = open(url, 15000, &error);
+        QVERIFY2(store, qPrintable(error.text + error.detail));
+        QVERIFY(TestStore::write(store.get(), "Roles", ROW_INSERT, "B", {}, &error));
+        ::close(listener);
+    }
+
+    void tooOldServerIsRefused()
+    {
+        // The version stands in what the server tells of itself at first.
+        const RewritingProxy proxy(m_cluster->socketFolder(), {{QByteArray("server_version\0", 15) + "15",
+                                                                QByteArray("server_version\0", 15) + "14"}});
+        StoreError error;
+        QVERIFY(!open(proxy.url(QStringLiteral("site")), 15000, &error));
+        QCOMPARE(error.code, StoreError::TooOld);
+        QVERIFY2(error.text.contains(QStringLiteral("нужен PostgreSQL 15 или новее")),
+                 qPrintable(error.text));
+    }
+};
+
+QTEST_GUILESS_MAIN(PostgresStore_connect_test)
+#include "PostgresStore_connect_test.moc"
