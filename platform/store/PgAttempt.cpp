@@ -7,6 +7,7 @@
 #include <mutex>
 #include <poll.h>
 #include <sys/eventfd.h>
+#include <system_error>
 #include <thread>
 #include <unistd.h>
 
@@ -95,7 +96,11 @@ PgAttempt::PgAttempt(const QVector<Setting>& settings) : m_shared(std::make_shar
     sigset_t former;
     sigfillset(&every);
     pthread_sigmask(SIG_SETMASK, &every, &former);
-    std::thread([all, shared = m_shared] { shared->end(connected(all)); }).detach();
+    try {
+        std::thread([all, shared = m_shared] { shared->end(connected(all)); }).detach();
+    } catch (const std::system_error&) {
+        m_shared->end(nullptr); // this machine has no more threads
+    }
     pthread_sigmask(SIG_SETMASK, &former, nullptr);
 }
 

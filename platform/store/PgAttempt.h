@@ -27,7 +27,8 @@ public:
     bool wait(int ms) const;
     /// Readable when it has ended; -1 when this machine has no more descriptors.
     int descriptor() const;
-    /// The connection of an attempt that has ended, good or bad, for the caller to finish; null when memory ran out.
+    /// The connection of an attempt that has ended, good or bad, for the caller to finish; null where memory or
+    /// threads have run out.
     PGconn* take();
 
 private:
