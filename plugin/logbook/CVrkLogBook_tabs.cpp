@@ -175,6 +175,7 @@ void CVrkLogBook::switchingToLogBook(int index)
     };
     connect(logbook, &LogBookWidget::recordUpdated, logbook, refreshControls);
     connect(logbook, &LogBookWidget::recordAdded, logbook, refreshControls);
+    connect(logbook, &LogBookWidget::recordRemoved, logbook, refreshControls);
     connect(logbook, &LogBookWidget::changedSelectedRecord, logbook, refreshControls);
     connect(m_signRecordAction, &QAction::triggered, logbook, &LogBookWidget::signRecordRequest);
     connect(m_signAllRecordsAction, &QAction::triggered, logbook, &LogBookWidget::signAllRecordsRequest);

@@ -149,6 +149,8 @@ signals:
     void statusChanged();
     void recordUpdated();
     void recordAdded();
+    /// A row has left; it need not have been the current one.
+    void recordRemoved();
     /// The current row moved to this record (null: to none).
     void changedSelectedRecord(MDRData* record);
 

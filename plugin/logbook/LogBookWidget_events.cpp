@@ -139,6 +139,7 @@ bool LogBookWidget::deleteRow(TEventNciParse* event)
         m_tableTool->model()->beginRemoveRecord(row);
         rows.lastError = MDARecDel(row);
         m_tableTool->model()->endRemoveRecord();
+        emit recordRemoved();
     } else if (table == &m_comments || table == &m_files) {
         MDRData* record = recordOf(row);
         rows.lastError = MDARecDel(row);

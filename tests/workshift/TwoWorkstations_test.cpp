@@ -265,6 +265,21 @@ private slots:
         QCOMPARE(status(store, "REC_DRAFT_PETROV"), 1);
     }
 
+    void theEntriesForDraftsGoOffWithTheLastDraft()
+    {
+        const TestStore store;
+        JournalWindow ivanov(store, QStringLiteral("ivanov"));
+        JournalWindow petrov(store, QStringLiteral("petrov"));
+        petrov.select("REC_ORDER"); // he is at another record when the drafts go
+        ivanov.trigger("deleteAllDraftsAction");
+        petrov.deliver();
+        for (const char* action : {"approveMyRecordsAction", "approveAllRecordsAction",
+                                   "deleteMyDraftsAction", "deleteAllDraftsAction"})
+            QVERIFY2(!petrov.isEnabled(action), action);
+        QVERIFY(!petrov.child<QWidget>("approveButton")->isEnabled());
+        QVERIFY(petrov.isEnabled("deleteRecordAction"));
+    }
+
     // All or nothing: what is gone by now keeps the others from being approved, and says so.
     void approvingAllFailsWholeWhenOneIsGone()
     {
