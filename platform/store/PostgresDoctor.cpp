@@ -86,6 +86,25 @@ void lookAtClock(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
         symptoms->append({text("Часы сервера и этой машины расходятся на %1 с.").arg(difference, 0, 'f', 0),
                           text("Включите сверку времени (systemd-timesyncd или chrony) на обеих машинах.")});
 }
+
+QString cureOfNoConnection(const StoreError& error)
+{
+    // libpq tells what is wrong with the encryption in words alone, in the language of the machine.
+    const auto tells = [&](const char* word) {
+        return error.detail.contains(text(word), Qt::CaseInsensitive);
+    };
+    if (error.code == StoreError::Refused || error.code == StoreError::Password)
+        return text("Проверьте имя и пароль и строку для этого имени в файле доступа pg_hba.conf.");
+    if (error.code == StoreError::TooOld)
+        return text("Обновите сервер до PostgreSQL 15 или новее.");
+    if (tells("certificate") || tells("сертификат"))
+        return text(
+            "Положите сертификат вашего центра в ~/.postgresql/root.crt и проверьте, чтобы имя из адреса "
+            "стояло в сертификате сервера.");
+    if (tells("SSL"))
+        return text("Включите на сервере ssl = on.");
+    return text("Проверьте, что сервер запущен, адрес верен и порт 5432 открыт.");
+}
 } // namespace
 
 QVector<StoreAdmin::Symptom> PostgresDoctor::examine(const QString& url)
@@ -95,12 +114,7 @@ QVector<StoreAdmin::Symptom> PostgresDoctor::examine(const QString& url)
     if (!link.connect(link.connectMs(), &error)) {
         const QString what =
             error.detail.isEmpty() ? error.text : error.text + QLatin1Char(' ') + error.detail;
-        QString cure = text("Проверьте, что сервер запущен, адрес верен и порт 5432 открыт.");
-        if (error.code == StoreError::Refused || error.code == StoreError::Password)
-            cure = text("Проверьте имя и пароль и строку для этого имени в файле доступа pg_hba.conf.");
-        else if (error.code == StoreError::TooOld)
-            cure = text("Обновите сервер до PostgreSQL 15 или новее.");
-        return {{what, cure}};
+        return {{what, cureOfNoConnection(error)}};
     }
     QVector<StoreAdmin::Symptom> symptoms;
     lookAtAccess(link, &symptoms);
