@@ -16,6 +16,7 @@ namespace
 {
 constexpr int deadlineMs = 60000;
 constexpr int longMs = 6 * 3600 * 1000; ///< for what goes through the whole store
+const char mostConnections[] = "20";    ///< of one person, so that nobody takes those of all others
 
 bool refuse(StoreError* error, StoreError::Code code, const QString& text)
 {
@@ -214,7 +215,9 @@ int PostgresAdmin::endRunaways(const QString& url, int seconds, StoreError* erro
         "SELECT count(pg_terminate_backend(pid)) FROM pg_stat_activity WHERE datname = current_database() "
         "AND usename IN (SELECT rolname FROM pg_roles WHERE NOT rolsuper "
         "AND pg_has_role(oid, 'vrk_client', 'MEMBER')) "
-        "AND state <> 'idle' AND query_start < clock_timestamp() - make_interval(secs => $1)",
+        "AND state <> 'idle' AND (query_start < clock_timestamp() - make_interval(secs => $1) "
+        "OR xact_start < clock_timestamp() - make_interval(secs => $1) AND EXISTS (SELECT 1 FROM pg_locks "
+        "WHERE NOT granted AND pg_stat_activity.pid = ANY (pg_blocking_pids(pg_locks.pid))))",
         PgValues().real(seconds), error);
     return ended ? static_cast<int>(ended.integer(0, 0)) : -1;
 }
@@ -231,8 +234,10 @@ bool PostgresAdmin::addRole(const QString& url, const QString& login, StoreError
     if (known.rows() > 0 && known.integer(0, 0) != 0)
         return true; // the administrator of the server needs no more
     const QByteArray name = PostgresSchema::identifier(login);
-    return link->exec((known.rows() > 0 ? "ALTER ROLE " : "CREATE ROLE ") + name +
-                          " LOGIN; GRANT vrk_client TO " + name,
+    return link->exec((known.rows() > 0
+                           ? "ALTER ROLE " + name + " LOGIN"
+                           : "CREATE ROLE " + name + " LOGIN CONNECTION LIMIT " + mostConnections) +
+                          "; GRANT vrk_client TO " + name,
                       error);
 }
 

@@ -76,6 +76,23 @@ void lookAtAccess(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
                           text("Исправьте строку и выполните SELECT pg_reload_conf();")});
 }
 
+/// A copy that was put back has the access that the server gives to every new database.
+void lookAtPublic(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
+{
+    StoreError error;
+    const PgResult open = link.run("SELECT quote_ident(current_database()) WHERE "
+                                   "has_database_privilege('public', current_database(), 'CREATE') "
+                                   "OR has_database_privilege('public', current_database(), 'TEMPORARY') "
+                                   "OR has_schema_privilege('public', 'public', 'CREATE')",
+                                   &error);
+    if (open && open.rows() > 0)
+        symptoms->append(
+            {text("Всякий, кого пускает сервер, может создавать в базе свои таблицы."),
+             text("Выполните на сервере: REVOKE ALL ON DATABASE %1 FROM PUBLIC; GRANT CONNECT ON DATABASE "
+                  "%1 TO vrk_client; REVOKE CREATE ON SCHEMA public FROM PUBLIC;")
+                 .arg(QString::fromUtf8(open.bytes(0, 0)))});
+}
+
 void lookAtClock(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
 {
     StoreError error;
@@ -120,7 +137,9 @@ QVector<StoreAdmin::Symptom> PostgresDoctor::examine(const QString& url)
     lookAtAccess(link, &symptoms);
     lookAtSettings(link, &symptoms);
     lookAtClock(link, &symptoms);
-    if (!PostgresSchema::isOurs(link, &error))
+    if (PostgresSchema::isOurs(link, &error))
+        lookAtPublic(link, &symptoms);
+    else
         symptoms.append({error.text, error.code == StoreError::NotAStore
                                          ? text("Создайте хранилище: vrk-admin setup или vrk-admin init.")
                                          : text("Установите программу той же версии, что и хранилище.")});

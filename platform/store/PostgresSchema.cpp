@@ -54,11 +54,8 @@ QByteArray logSql(const CatalogTable& table)
     QByteArray checks = "    IF TG_OP = 'UPDATE' AND NEW.KeyLink <> OLD.KeyLink THEN\n"
                         "        PERFORM vrk_refuse('Ключ строки не изменяется.');\n    END IF;\n";
     if (table.isCategoryTree()) {
-        // One at a time, since two moves may close a circle that neither of them sees.
         checks += "    IF TG_OP <> 'DELETE' AND NEW.ParentKey IS NOT NULL THEN\n"
-                  "        PERFORM pg_advisory_xact_lock('" +
-                  table.name +
-                  "'::regclass::oid::bigint);\n"
+                  "        PERFORM vrk_hold_trees();\n"
                   "        PERFORM vrk_refuse('Категория не может лежать внутри самой себя.')\n"
                   "        WHERE NEW.KeyLink IN (\n"
                   "            WITH RECURSIVE up (k) AS (\n"
@@ -99,7 +96,10 @@ QByteArray grantsSql()
            " TO vrk_client;\n"
            "GRANT SELECT ON StoreProperties, StoreFiles, ChangeHead, ChangeEnd, ChangeTransactions, "
            "ChangeLog, RecordSearch TO "
-           "vrk_client;\n";
+           "vrk_client;\n"
+           // A trigger needs no right of whoever sets it off. One who may call them could make a table of his own,
+           // where the server lets him, and tie the log's functions to it.
+           "REVOKE EXECUTE ON ALL FUNCTIONS IN SCHEMA public FROM PUBLIC;\n";
 }
 } // namespace
 

@@ -69,7 +69,9 @@ private:
     /// The failure of a batch whose commit was sent and never answered.
     StoreError unsettledError(const StoreError& loss) const;
 
-    bool writeAll(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error);
+    /// \a limitMs is the deadline of each row, and of the end.
+    bool writeAll(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, int limitMs,
+                  StoreError* error);
     bool writeRow(const RowStatement& row, StoreError* error);
 
     MDArray* readCursor(const QByteArray& sql, StoreError* error);

@@ -43,7 +43,7 @@ bool PostgresStore::apply(const std::vector<StoreWrite>& writes, const QByteArra
             QThread::msleep(longestNapMs);
             continue;
         }
-        if (writeAll(writes, batchKey, error)) {
+        if (writeAll(writes, batchKey, attempt == 1 ? m_options.deadlineMs : leftMs, error)) {
             m_hasNews = true;
             return true;
         }
@@ -69,7 +69,7 @@ bool PostgresStore::apply(const std::vector<StoreWrite>& writes, const QByteArra
     }
 }
 
-bool PostgresStore::writeAll(const std::vector<StoreWrite>& writes, const QByteArray& batchKey,
+bool PostgresStore::writeAll(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, int limitMs,
                              StoreError* error)
 {
     if (m_inRead)
@@ -85,11 +85,15 @@ bool PostgresStore::writeAll(const std::vector<StoreWrite>& writes, const QByteA
     m_isUnsettled = false; // whatever served the connections before this one has ended
     if (known.integer(0, 2) == 0) {
         for (const StoreWrite& write : writes) {
-            const auto run = [&](const RowStatement& row) { return writeRow(row, error); };
+            const auto run = [&](const RowStatement& row) {
+                m_link.startDeadline(limitMs); // a server that answers is alive, however many rows there are
+                return writeRow(row, error);
+            };
             if (!RowStatements::forEach(write, *m_codePage, '$', run, error))
                 return false;
         }
     }
+    m_link.startDeadline(limitMs);
     // From here on only the log can tell whether the batch was written, should the answer be lost.
     m_isUnsettled = true;
     const bool isDone = bool(m_link.prepared("COMMIT", {}, error));

@@ -42,8 +42,8 @@ struct Symptom {
 /// Looks at access, encryption, encoding, version, safety of the data and clocks. Needs no store to be there yet.
 QVector<Symptom> examine(const QString& url);
 
-/// Ends the requests that a server's clients have kept running for longer than \a seconds; the number of ended ones,
-/// -1 for a failure. For clients that ignore their own deadline; run it now and then.
+/// Ends the requests that a server's clients have kept running for longer than \a seconds, and the transactions that
+/// have held up others and are older than that; the number of ended ones, -1 for a failure. For clients that ignore their own deadline; run it now and then.
 int endRunaways(const QString& url, int seconds, StoreError* error);
 
 /// Copies a store in use into a new file and checks the copy. A server's is made by its own pg_dump.

@@ -269,9 +269,10 @@ QString TestStore::refuse(const QString& operation, const QString& table) const
 {
     const QString sql =
         isPostgres()
-            ? QStringLiteral("CREATE FUNCTION broken_%1() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN "
-                             "PERFORM vrk_refuse('broken'); RETURN NULL; END $$; "
-                             "CREATE TRIGGER broken_%1 BEFORE %1 ON %2 EXECUTE FUNCTION broken_%1()")
+            ? QStringLiteral(
+                  "CREATE FUNCTION broken_%1() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER AS $$ BEGIN "
+                  "PERFORM vrk_refuse('broken'); RETURN NULL; END $$; "
+                  "CREATE TRIGGER broken_%1 BEFORE %1 ON %2 EXECUTE FUNCTION broken_%1()")
             : QStringLiteral("CREATE TRIGGER broken_%1 BEFORE %1 ON %2 BEGIN SELECT RAISE(ABORT, "
                              "'broken'); END");
     return exec(sql.arg(operation, table));

@@ -21,23 +21,23 @@ CREATE VIEW ChangeEnd AS
            number
     FROM ChangeHead;
 
-CREATE FUNCTION vrk_part(part bytea) RETURNS bytea LANGUAGE sql IMMUTABLE AS $$
-    SELECT convert_to(coalesce(length(part), 0)::text || ':', 'UTF8') || coalesce(part, '');
-$$;
-CREATE FUNCTION vrk_part(part text) RETURNS bytea LANGUAGE sql IMMUTABLE AS $$
-    SELECT vrk_part(convert_to(part, 'UTF8'));
+-- A part of what is hashed, preceded by its length in bytes, so that parts cannot flow into one another. The server puts
+-- it into the statement that calls it, as long as it stays this simple.
+CREATE FUNCTION vrk_part(part text) RETURNS text LANGUAGE sql IMMUTABLE AS $$
+    SELECT coalesce(octet_length(part), 0)::text || ':' || coalesce(part, '');
 $$;
 
--- The hash for a transaction whose rows stand in the log: over the one before it, its own head and every row. Each
--- part is preceded by its length, so that parts cannot flow into one another.
+-- The hash for a transaction whose rows stand in the log: over the one before it, its own head and every row.
 CREATE FUNCTION vrk_chain(before bytea, head ChangeTransactions) RETURNS bytea LANGUAGE sql STABLE
     SET search_path = pg_catalog, public, pg_temp AS $$
-    SELECT sha256(vrk_part(before) || vrk_part(head.number::text) || vrk_part(head.batchKey) || vrk_part(head.login)
-                  || vrk_part(CASE WHEN head.loader <> 0 THEN 'loader' ELSE 'person' END)
-                  || vrk_part(head.time::bigint::text)
-                  || coalesce((SELECT string_agg(vrk_part(tableName) || vrk_part(rowKey) || vrk_part(event::text)
-                                                 || vrk_part(oldRow) || vrk_part(newRow), '' ORDER BY entry)
-                               FROM ChangeLog WHERE ChangeLog.number = head.number), ''));
+    SELECT sha256(convert_to(length(before)::text || ':', 'UTF8') || before
+                  || convert_to(vrk_part(head.number::text) || vrk_part(head.batchKey) || vrk_part(head.login)
+                                || vrk_part(CASE WHEN head.loader <> 0 THEN 'loader' ELSE 'person' END)
+                                || vrk_part(head.time::bigint::text)
+                                || coalesce((SELECT string_agg(vrk_part(tableName) || vrk_part(rowKey)
+                                                               || vrk_part(event::text) || vrk_part(oldRow)
+                                                               || vrk_part(newRow), '' ORDER BY entry)
+                                             FROM ChangeLog WHERE ChangeLog.number = head.number), ''), 'UTF8'));
 $$;
 
 -- Called for every changed row by the trigger of its table.
@@ -97,6 +97,40 @@ BEGIN
 END $$;
 CREATE TRIGGER A_ReadedTime BEFORE INSERT OR UPDATE ON LogbookComments
     FOR EACH ROW EXECUTE FUNCTION vrk_zero_readed_time();
+
+-- What a rule looks at in another row must hold until its transaction ends: whoever closes a workshift waits for those
+-- who write into it, and the other way round; two openings in one department come one after the other.
+
+CREATE FUNCTION vrk_hold_workshift() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER
+    SET search_path = pg_catalog, public, pg_temp AS $$
+BEGIN
+    IF TG_TABLE_NAME = 'logbookrecords' THEN
+        PERFORM FROM LogbookWorkshifts
+        WHERE KeyLink = CASE TG_OP WHEN 'INSERT' THEN NEW.ShiftKey ELSE OLD.ShiftKey END FOR SHARE;
+    ELSIF TG_TABLE_NAME = 'logbookworkersworkshift' THEN
+        PERFORM FROM LogbookWorkshifts
+        WHERE KeyLink = CASE TG_OP WHEN 'INSERT' THEN NEW.WorkshiftKey ELSE OLD.WorkshiftKey END FOR SHARE;
+    ELSE
+        PERFORM FROM Departments WHERE KeyLink = NEW.DepartmentKey FOR NO KEY UPDATE;
+    END IF;
+    IF TG_OP = 'DELETE' THEN
+        RETURN OLD;
+    END IF;
+    RETURN NEW;
+END $$;
+CREATE TRIGGER B_Hold BEFORE INSERT OR DELETE OR UPDATE OF status, executionTime, ReceiverWorkerKey, OriginRecordKey,
+    recordTime, eventTime, firstMarkTime, html, direction ON LogbookRecords
+    FOR EACH ROW EXECUTE FUNCTION vrk_hold_workshift();
+CREATE TRIGGER B_Hold BEFORE INSERT OR DELETE ON LogbookWorkersWorkshift
+    FOR EACH ROW EXECUTE FUNCTION vrk_hold_workshift();
+CREATE TRIGGER B_Hold BEFORE INSERT ON LogbookWorkshifts
+    FOR EACH ROW EXECUTE FUNCTION vrk_hold_workshift();
+
+-- Those who move categories come one after the other, since two moves may close a circle that neither of them sees. A
+-- row that no client may lock, and no advisory lock, which anybody may hold.
+CREATE FUNCTION vrk_hold_trees() RETURNS void LANGUAGE sql AS $$
+    SELECT FROM StoreProperties WHERE name = 'epoch' FOR UPDATE;
+$$;
 
 -- The log is for good, and no table loses its rows past it.
 

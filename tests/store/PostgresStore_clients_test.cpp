@@ -1,0 +1,373 @@
+#include "GenGuid32.h"
+#include "MDRValues.h"
+#include "PgConnection.h"
+#include "PostgresAdmin.h"
+#include "PrivateCluster.h"
+#include "TableCatalog.h"
+#include "TestStore.h"
+
+#include <QtTest>
+
+/// What a client can do to the others: one that talks to the server without our program, with the rights of a person, and
+/// two that write at the same moment.
+class PostgresStore_clients_test : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestStore> m_files;
+
+    /// A connection as a person.
+    std::unique_ptr<PgConnection> person(const char* login = "petrov") const
+    {
+        auto link = std::make_unique<PgConnection>(
+            m_files->url().replace(QLatin1String("postgres@"), QLatin1String(login) + QLatin1Char('@')),
+            15000);
+        StoreError error;
+        if (!link->connect(link->connectMs(), &error))
+            qFatal("%s %s", qPrintable(error.text), qPrintable(error.detail));
+        return link;
+    }
+    /// The server's code for a refusal, empty for success.
+    static QByteArray run(PgConnection& link, const QByteArray& sql)
+    {
+        StoreError error;
+        return link.exec(sql, &error) ? QByteArray() : link.failureState();
+    }
+    /// Begins a transaction that writes past our program, with a rule's view of the person.
+    static QByteArray begin(PgConnection& link, const QByteArray& sql, bool asLoader = false)
+    {
+        return run(link, "BEGIN; SELECT set_config('vrk.batch_key', '" + GenGuid32() +
+                             "', true), set_config('vrk.loader', '" + (asLoader ? "on" : "off") +
+                             "', true); " + sql);
+    }
+    /// Sees to it that \a other commits when \a store has to wait for it.
+    static void commitWhenWaitedFor(Store* store, PgConnection* other, bool* isDone)
+    {
+        store->setProgress([=] {
+            if (!*isDone) {
+                *isDone = true;
+                run(*other, "COMMIT");
+            }
+        });
+    }
+
+private slots:
+    void init() { m_files = std::make_unique<TestStore>(); }
+
+    // Past our program
+
+    void functionsOfTheStoreAreNobodys()
+    {
+        QCOMPARE(m_files
+                     ->value(QStringLiteral(
+                         "SELECT string_agg(oid::regprocedure::text, ', ') FROM pg_proc WHERE pronamespace = "
+                         "'public'::regnamespace AND has_function_privilege('petrov', oid, 'EXECUTE')"))
+                     .toString(),
+                 QString());
+        QVERIFY(m_files
+                    ->value(QStringLiteral(
+                        "SELECT count(*) FROM pg_proc WHERE pronamespace = 'public'::regnamespace"))
+                    .toInt() > 50);
+    }
+
+    void eventsAreNotForgedByATableOfOnesOwn()
+    {
+        // As in a database that was put back from a copy.
+        QCOMPARE(m_files->exec(
+                     QStringLiteral("DO $$ BEGIN EXECUTE format('GRANT TEMPORARY ON DATABASE %I TO PUBLIC', "
+                                    "current_database()); END $$")),
+                 QString());
+        const auto link = person();
+        QCOMPARE(run(*link, "CREATE TEMP TABLE forged (LIKE LogbookRecords)"), QByteArray());
+        for (const char* function : {"Log_LogbookRecords", "vrk_close", "vrk_search_record"})
+            QCOMPARE(
+                run(*link, QByteArray("CREATE TRIGGER forged AFTER INSERT ON forged FOR EACH ROW EXECUTE "
+                                      "FUNCTION ") +
+                               function + "()"),
+                QByteArray("42501"));
+    }
+
+    void tablesOfOnesOwnShadowNothing()
+    {
+        QCOMPARE(m_files->exec(
+                     QStringLiteral("DO $$ BEGIN EXECUTE format('GRANT TEMPORARY ON DATABASE %I TO PUBLIC', "
+                                    "current_database()); END $$")),
+                 QString());
+        const auto link = person("sidorova");
+        // Who is not in the shift makes himself a shift of his own, a login, and a place for the log.
+        for (const char* table : {"LogbookWorkshifts", "LogbookWorkersWorkshift", "Users", "Workers",
+                                  "ChangeHead", "ChangePending", "StoreProperties"})
+            QCOMPARE(run(*link, QByteArray("CREATE TEMP TABLE ") + table + " AS SELECT * FROM public." +
+                                    (qstrcmp(table, "ChangePending") == 0 ? "ChangeLog" : table)),
+                     QByteArray());
+        QCOMPARE(run(*link, "UPDATE pg_temp.LogbookWorkshifts SET OpenWorkerKey = 'WORKER_SIDOROVA'"),
+                 QByteArray());
+        QCOMPARE(begin(*link, "SET LOCAL search_path = pg_temp, public; INSERT INTO public.LogbookRecords "
+                              "(KeyLink, ShiftKey, WorkerKey, status) VALUES ('FORGED', 'SHIFT_CDS_OPEN', "
+                              "'WORKER_SIDOROVA', 1)"),
+                 QByteArray("VR001"));
+        run(*link, "ROLLBACK");
+        // What is allowed is logged all the same.
+        QCOMPARE(begin(*link, "SET LOCAL search_path = pg_temp, public; UPDATE public.LogbookComments SET "
+                              "readedTime = 5 WHERE KeyLink = 'COM_UNREAD'; COMMIT"),
+                 QByteArray());
+        QCOMPARE(m_files
+                     ->value(QStringLiteral(
+                         "SELECT rowKey || login FROM ChangeLog JOIN ChangeTransactions USING (number) ORDER "
+                         "BY entry DESC LIMIT 1"))
+                     .toString(),
+                 QStringLiteral("COM_UNREADsidorova"));
+    }
+
+    void whatIsTheStoresOwnIsNotLocked_data()
+    {
+        QTest::addColumn<QByteArray>("sql");
+        for (const char* sql :
+             {"SELECT * FROM ChangeHead FOR UPDATE", "SELECT * FROM ChangeHead FOR KEY SHARE",
+              "SELECT * FROM StoreProperties FOR SHARE", "LOCK TABLE ChangeHead IN ROW SHARE MODE",
+              "LOCK TABLE ChangeLog", "LOCK TABLE StoreProperties IN SHARE MODE"})
+            QTest::newRow(sql) << QByteArray(sql);
+    }
+    void whatIsTheStoresOwnIsNotLocked()
+    {
+        QFETCH(QByteArray, sql);
+        QCOMPARE(run(*person(), "BEGIN; " + sql), QByteArray("42501"));
+    }
+
+    void advisoryLocksHoldUpNobody()
+    {
+        const auto link = person();
+        StoreError error;
+        QVERIFY(link->run("SELECT pg_advisory_lock(oid::bigint) FROM pg_class", &error));
+        Store::Options options;
+        options.loader = true;
+        options.deadlineMs = 5000;
+        const auto store = m_files->open(QString(), options);
+        QVERIFY2(TestStore::write(store.get(), "LogbookCatsTemplate", ROW_INSERT, "NEW",
+                                  {{"ParentKey", "CAT_COMMON"}}, &error),
+                 qPrintable(error.text));
+    }
+
+    void commitsReachTheDiskWhateverAClientHasSet_data()
+    {
+        QTest::addColumn<QByteArray>("setting");
+        QTest::addColumn<QString>("inForce");
+        for (const char* setting : {"off", "local", "remote_write", "on"})
+            QTest::newRow(setting) << QByteArray(setting) << QStringLiteral("on");
+        QTest::newRow("more than is asked for")
+            << QByteArray("remote_apply") << QStringLiteral("remote_apply");
+    }
+    void commitsReachTheDiskWhateverAClientHasSet()
+    {
+        QFETCH(QByteArray, setting);
+        QFETCH(QString, inForce);
+        // A witness, called after the transaction has been closed.
+        QCOMPARE(
+            m_files->exec(QStringLiteral(
+                "CREATE TABLE seen (setting text); CREATE FUNCTION witness() RETURNS trigger LANGUAGE "
+                "plpgsql SECURITY DEFINER AS $$ BEGIN INSERT INTO public.seen VALUES "
+                "(current_setting('synchronous_commit')); RETURN NULL; END $$; CREATE CONSTRAINT TRIGGER "
+                "witness AFTER INSERT ON ChangeTransactions DEFERRABLE INITIALLY DEFERRED FOR EACH ROW "
+                "EXECUTE FUNCTION witness()")),
+            QString());
+        QCOMPARE(begin(*person(), "SET LOCAL synchronous_commit = " + setting +
+                                      "; UPDATE LogbookComments SET readedTime = 5 WHERE KeyLink = "
+                                      "'COM_UNREAD'; COMMIT"),
+                 QByteArray());
+        QCOMPARE(m_files->value(QStringLiteral("SELECT setting FROM seen")).toString(), inForce);
+    }
+
+    void personHasALimitOfConnections()
+    {
+        QCOMPARE(m_files->value(QStringLiteral("SELECT rolconnlimit FROM pg_roles WHERE rolname = 'petrov'"))
+                     .toInt(),
+                 20);
+    }
+
+    void watchdogEndsWhoHoldsUpOthers()
+    {
+        const auto holder = person();
+        // It goes on asking, so that no request of its own is ever old.
+        QCOMPARE(run(*holder, "BEGIN; LOCK TABLE LogbookRecords; SELECT 1"), QByteArray());
+        const auto waiter = m_files->open(QStringLiteral("ivanov"));
+        StoreError error;
+        int ended = 0;
+        waiter->setProgress([&] {
+            if (ended > 0 || !run(*holder, "SELECT 1").isEmpty())
+                return;
+            StoreError failure;
+            ended = PostgresAdmin::endRunaways(m_files->url(), 1, &failure);
+        });
+        QVERIFY2(TestStore::write(waiter.get(), "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV",
+                                  {{"html", "x"}}, &error),
+                 qPrintable(error.text));
+        QCOMPARE(ended, 1);
+    }
+
+    void watchdogLeavesWhoHoldsUpNobody()
+    {
+        const auto holder = person();
+        QCOMPARE(run(*holder, "BEGIN; SELECT 1 FROM LogbookRecords"), QByteArray());
+        StoreError error;
+        while (holder->run("SELECT clock_timestamp() - now() > interval '1200 milliseconds'", &error)
+                   .integer(0, 0) == 0) {
+        }
+        QCOMPARE(PostgresAdmin::endRunaways(m_files->url(), 1, &error), 0);
+    }
+
+    void doctorNamesADatabaseThatIsOpenToAll()
+    {
+        const auto isNamed = [this] {
+            for (const StoreAdmin::Symptom& symptom : StoreAdmin::examine(m_files->url()))
+                if (symptom.fault.contains(QStringLiteral("создавать в базе свои таблицы")))
+                    return symptom.cure;
+            return QString();
+        };
+        const QString cure = isNamed(); // a copied database has the access of every new one
+        QVERIFY(cure.contains(QStringLiteral("REVOKE ALL ON DATABASE")));
+        QCOMPARE(m_files->exec(cure.mid(cure.indexOf(QLatin1String("REVOKE")))), QString());
+        QCOMPARE(isNamed(), QString());
+        QCOMPARE(run(*person(), "CREATE TEMP TABLE t (x text)"), QByteArray("42501"));
+        QCOMPARE(m_files->exec(QStringLiteral("GRANT CREATE ON SCHEMA public TO PUBLIC")), QString());
+        QCOMPARE(isNamed(), cure);
+    }
+
+    // At the same moment
+
+    void recordComesTooLateForAShiftThatIsBeingClosed_data()
+    {
+        QTest::addColumn<int>("flag");
+        QTest::addColumn<QByteArray>("key");
+        QTest::newRow("a new one") << int(ROW_INSERT) << QByteArray("R");
+        QTest::newRow("a change") << int(ROW_UPDATE) << QByteArray("REC_DRAFT_IVANOV");
+        QTest::newRow("a deletion") << int(ROW_DELETE) << QByteArray("REC_DRAFT_IVANOV");
+    }
+    void recordComesTooLateForAShiftThatIsBeingClosed()
+    {
+        QFETCH(int, flag);
+        QFETCH(QByteArray, key);
+        const auto closer = person();
+        QCOMPARE(begin(*closer, "UPDATE LogbookWorkshifts SET CloseWorkerKey = 'WORKER_PETROV' WHERE KeyLink "
+                                "= 'SHIFT_CDS_OPEN'"),
+                 QByteArray());
+        const auto store = m_files->open(QStringLiteral("ivanov"));
+        bool isClosed = false;
+        commitWhenWaitedFor(store.get(), closer.get(), &isClosed);
+        TestStore::Fields fields{{"html", "x"}};
+        if (flag == ROW_INSERT)
+            fields = {{"ShiftKey", "SHIFT_CDS_OPEN"}, {"WorkerKey", "WORKER_IVANOV"}, {"status", 1}};
+        StoreError error;
+        QVERIFY(!TestStore::write(store.get(), "LogbookRecords", static_cast<MDRFlag>(flag), key, fields,
+                                  &error));
+        QVERIFY(isClosed);
+        QCOMPARE(error.code, StoreError::Refused);
+        QVERIFY2(error.text.contains(QStringLiteral("работники открытой смены")), qPrintable(error.text));
+    }
+
+    void crewComesTooLateForAShiftThatIsBeingClosed()
+    {
+        const auto closer = person();
+        QCOMPARE(begin(*closer, "UPDATE LogbookWorkshifts SET CloseWorkerKey = 'WORKER_PETROV' WHERE KeyLink "
+                                "= 'SHIFT_CDS_OPEN'"),
+                 QByteArray());
+        const auto store = m_files->open(QStringLiteral("ivanov"));
+        bool isClosed = false;
+        commitWhenWaitedFor(store.get(), closer.get(), &isClosed);
+        StoreError error;
+        QVERIFY(!TestStore::write(
+            store.get(), "LogbookWorkersWorkshift", ROW_INSERT, "C",
+            {{"WorkshiftKey", "SHIFT_CDS_OPEN"}, {"WorkerKey", "WORKER_SIDOROVA"}, {"opening", 1}}, &error));
+        QVERIFY(isClosed);
+        QCOMPARE(error.text, QStringLiteral("Состав открытой смены меняет только работник этой смены."));
+    }
+
+    void signingARecordWaitsForNobody()
+    {
+        const auto closer = person();
+        QCOMPARE(begin(*closer, "UPDATE LogbookWorkshifts SET CloseWorkerKey = 'WORKER_PETROV' WHERE KeyLink "
+                                "= 'SHIFT_CDS_OPEN'"),
+                 QByteArray());
+        const auto store = m_files->open(QStringLiteral("sidorova"), [] {
+            Store::Options options;
+            options.deadlineMs = 3000;
+            return options;
+        }());
+        StoreError error;
+        QVERIFY2(TestStore::write(store.get(), "LogbookRecords", ROW_UPDATE, "REC_OPENING",
+                                  {{"VisaWorkerKey", "WORKER_SIDOROVA"}}, &error),
+                 qPrintable(error.text));
+    }
+
+    void secondOfTwoOpeningsSeesTheFirst()
+    {
+        const QByteArray start = QByteArray::number(TestStore::now() + 18 * 3600, 'f', 0);
+        const auto first = person();
+        QCOMPARE(begin(*first, "INSERT INTO LogbookWorkshifts (KeyLink, DepartmentKey, OpenWorkerKey, "
+                               "startTime, endTime) VALUES ('FIRST', 'DEP_CDS', 'WORKER_PETROV', " +
+                                   start + ", " + start + " + 3600)"),
+                 QByteArray());
+        const auto store = m_files->open(QStringLiteral("ivanov"));
+        bool isOpened = false;
+        commitWhenWaitedFor(store.get(), first.get(), &isOpened);
+        StoreError error;
+        QVERIFY(!TestStore::write(store.get(), "LogbookWorkshifts", ROW_INSERT, "SECOND",
+                                  {{"DepartmentKey", "DEP_CDS"},
+                                   {"OpenWorkerKey", "WORKER_IVANOV"},
+                                   {"startTime", start.toDouble()},
+                                   {"endTime", start.toDouble() + 3600}},
+                                  &error));
+        QVERIFY(isOpened);
+        QCOMPARE(error.text,
+                 QStringLiteral("Смена не может начаться раньше окончания предыдущей смены подразделения."));
+    }
+
+    void twoMovesDoNotCloseACircle()
+    {
+        const auto loader = m_files->openLoader();
+        StoreError error;
+        for (const char* key : {"A", "B"})
+            QVERIFY(TestStore::write(loader.get(), "LogbookCatsTemplate", ROW_INSERT, key,
+                                     {{"ParentKey", "CAT_COMMON"}}));
+        PgConnection other(m_files->url(), 15000);
+        QVERIFY(other.connect(other.connectMs(), &error));
+        QCOMPARE(begin(other, "UPDATE LogbookCatsTemplate SET ParentKey = 'B' WHERE KeyLink = 'A'", true),
+                 QByteArray());
+        bool isMoved = false;
+        commitWhenWaitedFor(loader.get(), &other, &isMoved);
+        QVERIFY(!TestStore::write(loader.get(), "LogbookCatsTemplate", ROW_UPDATE, "B", {{"ParentKey", "A"}},
+                                  &error));
+        QVERIFY(isMoved);
+        QCOMPARE(error.text, QStringLiteral("Категория не может лежать внутри самой себя."));
+    }
+
+    // A batch of many rows
+
+    void deadlineIsThatOfARowNotOfAllRows()
+    {
+        QCOMPARE(m_files->exec(QStringLiteral(
+                     "CREATE FUNCTION slow() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN PERFORM "
+                     "pg_sleep(0.1); RETURN NEW; END $$; CREATE TRIGGER A_Slow BEFORE INSERT ON Roles FOR "
+                     "EACH ROW EXECUTE FUNCTION slow()")),
+                 QString());
+        Store::Options options;
+        options.loader = true;
+        options.deadlineMs = 2000;
+        const auto store = m_files->open(QString(), options);
+        const QVector<MDRFieldDescr> fields = TableCatalog::table("Roles")->descriptors();
+        CRowBatch batch(fields.constData(), fields.size());
+        for (int i = 0; i < 25; ++i)
+            batch.RecPost(batch.newRow(ROW_INSERT, "NEW" + QByteArray::number(i)));
+        StoreError error;
+        QVERIFY2(store->apply({{"Roles", batch.array}}, GenGuid32(), &error),
+                 qPrintable(error.text + error.detail));
+    }
+};
+
+int main(int argc, char** argv)
+{
+    qputenv("VRK_TEST_ENGINE", "postgresql");
+    QCoreApplication application(argc, argv);
+    PostgresStore_clients_test test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "PostgresStore_clients_test.moc"
