@@ -14,11 +14,11 @@ QString WatchdogCommand::summary() const
 
 QString WatchdogCommand::usage() const
 {
-    return QStringLiteral(
-               "vrk-admin watchdog URL [--seconds N]\n"
-               "  Завершает запросы рабочих мест, которые идут дольше N секунд (по умолчанию %1), и транзакции,\n"
-               "  которые столько же времени не дают работать другим.\n"
-               "  Запускайте раз в минуту.\n")
+    return QStringLiteral("vrk-admin watchdog URL [--seconds N]\n"
+                          "  Завершает запросы рабочих мест, которые идут дольше N секунд (по умолчанию %1), "
+                          "и транзакции,\n"
+                          "  которые столько же времени не дают работать другим.\n"
+                          "  Запускайте раз в минуту.\n")
         .arg(defaultSeconds);
 }
 
