@@ -1,11 +1,11 @@
 #include "Theme.h"
 
+#include "ThemeStyle.h"
+
 #include <QApplication>
-#include <QPainter>
 #include <QPalette>
-#include <QProxyStyle>
 #include <QSettings>
-#include <QStyleOption>
+#include <QStyle>
 
 namespace
 {
@@ -17,45 +17,26 @@ QString& inForce()
     return name;
 }
 
-/// The style of both themes: its close buttons of tabs have the colour of the text, where the toolkit's own are black.
-class ThemeStyle : public QProxyStyle
+/// The toolkit's light colours, with texts that are off or dim dark enough to be read.
+QPalette lightPalette()
 {
-public:
-    ThemeStyle() : QProxyStyle(QStringLiteral("Fusion")) { setObjectName(QStringLiteral("fusion")); }
-
-    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
-                       const QWidget* widget) const override
-    {
-        if (element != PE_IndicatorTabClose) {
-            QProxyStyle::drawPrimitive(element, option, painter, widget);
-            return;
-        }
-        constexpr qreal armShare = 0.22;
-        const bool isUnderMouse = option->state.testFlag(State_MouseOver);
-        const QRectF place(option->rect);
-        const qreal arm = qMin(place.width(), place.height()) * armShare;
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(Qt::NoPen);
-        if (isUnderMouse) {
-            painter->setBrush(option->palette.brush(QPalette::Highlight));
-            painter->drawRoundedRect(place.adjusted(1, 1, -1, -1), 3, 3);
-        }
-        painter->setPen(QPen(
-            option->palette.color(isUnderMouse ? QPalette::HighlightedText : QPalette::WindowText), 1.6));
-        painter->translate(place.center());
-        painter->drawLine(QPointF(-arm, -arm), QPointF(arm, arm));
-        painter->drawLine(QPointF(-arm, arm), QPointF(arm, -arm));
-        painter->restore();
-    }
-};
+    const QColor dim(0x66, 0x6B, 0x70);
+    QPalette palette = QApplication::style()->standardPalette();
+    for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, dim);
+    palette.setColor(QPalette::PlaceholderText, dim);
+    palette.setColor(QPalette::Highlight, QColor(0x1F, 0x6F, 0xB2));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x66, 0x72, 0x7D));
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, Qt::white);
+    return palette;
+}
 
 QPalette darkPalette()
 {
     const QColor window(0x2B, 0x2E, 0x33);
     const QColor base(0x1F, 0x21, 0x25);
     const QColor text(0xE3, 0xE5, 0xE8);
-    const QColor dim(0x8A, 0x8F, 0x96);
+    const QColor dim(0xA8, 0xAD, 0xB4);
 
     QPalette palette(QColor(0x3A, 0x3E, 0x44), window);
     palette.setColor(QPalette::WindowText, text);
@@ -75,17 +56,30 @@ QPalette darkPalette()
     palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x45, 0x4A, 0x52));
     return palette;
 }
+/// A desktop without a style of its own leaves the toolkit's plain one: that we draw better. Colours of the desktop stay.
+void drawPlainStyleOurWay()
+{
+    const QStyle* style = QApplication::style();
+    if (style->objectName() != QLatin1String("fusion") || dynamic_cast<const ThemeStyle*>(style))
+        return;
+    const QPalette colours = QApplication::palette();
+    const bool hasOwnColours = colours != style->standardPalette();
+    QApplication::setStyle(new ThemeStyle);
+    QApplication::setPalette(hasOwnColours ? colours : lightPalette());
+}
 } // namespace
 
 bool Theme::apply(const QString& name)
 {
-    if (name != QLatin1String("system")) {
+    if (name == QLatin1String("system")) {
+        drawPlainStyleOurWay();
+    } else {
         const bool dark = name == QLatin1String("dark");
         if (!dark && name != QLatin1String("light"))
             return false;
         // A style of the desktop would mix its own colours in.
         QApplication::setStyle(new ThemeStyle); // the application owns it
-        QApplication::setPalette(dark ? darkPalette() : QApplication::style()->standardPalette());
+        QApplication::setPalette(dark ? darkPalette() : lightPalette());
     }
     inForce() = name;
     return true;

@@ -9,20 +9,12 @@
 namespace
 {
 constexpr int PartLimit = 32; // words of a query that are looked at
-
-/// The same picture on a selected row: tinted like the row it could not be made out.
-QIcon icon(const QString& path)
-{
-    QIcon result(path);
-    result.addFile(path, QSize(), QIcon::Selected);
-    return result;
-}
 } // namespace
 
 TemplatesModel::TemplatesModel(QObject* parent)
     : QAbstractItemModel(parent),
-      m_folderIcon(icon(QStringLiteral(":/icons/folder.png"))),
-      m_templateIcon(icon(QStringLiteral(":/icons/template.png"))),
+      m_folderIcon(QStringLiteral(":/icons/folder.png")),
+      m_templateIcon(QStringLiteral(":/icons/template.png")),
       m_nodes(1)
 {
 }

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QProxyStyle>
+
+/// The toolkit's plain style with what it draws too weakly for a dark room or a bright one: marks of check boxes and
+/// radio buttons, the crosses of tabs and of line edits, icons in selected rows, and where the keyboard is.
+class ThemeStyle : public QProxyStyle
+{
+public:
+    ThemeStyle();
+
+    /// The colour that shows the widget with the keyboard; it stands out from the grounds of \a palette.
+    static QColor focusColor(const QPalette& palette);
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override;
+    QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap,
+                                const QStyleOption* option) const override;
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override;
+};
