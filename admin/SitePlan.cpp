@@ -37,6 +37,9 @@ public:
                 line = m_in.readLine();
                 ++m_line;
             }
+            if (m_isFile &&
+                (line.startsWith(QLatin1String("\\#")) || line.startsWith(QLatin1String("\\\\#"))))
+                line.remove(0, 1); // an answer, a password above all, may begin with the sign of a comment
             if (line.isNull()) {
                 m_error = QStringLiteral("Ответы закончились на вопросе «%1».").arg(question);
                 break;

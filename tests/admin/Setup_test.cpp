@@ -230,6 +230,31 @@ private slots:
             QVERIFY2(m_out.contains(QString::fromUtf8(text)), text);
     }
 
+    void aPasswordMayBeginWithTheSignOfAComment_data()
+    {
+        QTest::addColumn<QString>("written");
+        QTest::addColumn<QString>("password");
+        QTest::newRow("sign") << QStringLiteral("\\#решётка") << QStringLiteral("#решётка");
+        QTest::newRow("backslash and sign") << QStringLiteral("\\\\#решётка") << QStringLiteral("\\#решётка");
+        QTest::newRow("backslash alone") << QStringLiteral("\\решётка") << QStringLiteral("\\решётка");
+    }
+    void aPasswordMayBeginWithTheSignOfAComment()
+    {
+        QFETCH(QString, written);
+        QFETCH(QString, password);
+        static int number = 0;
+        const QString name = QStringLiteral("sign%1").arg(++number);
+        QCOMPARE(run({QStringLiteral("setup"), m_cluster->url(name), QStringLiteral("--answers"),
+                      answersFile(QStringLiteral("#пояснение\n") + written, QStringLiteral("второй пароль")),
+                      QStringLiteral("--time-zone"), QStringLiteral("Europe/Moscow")}),
+                 Command::Success);
+        StoreError error;
+        qputenv("PGPASSWORD", password.toUtf8());
+        const auto store = Store::open(m_cluster->url(name, QStringLiteral("orlov")), {}, &error);
+        qunsetenv("PGPASSWORD");
+        QVERIFY2(store != nullptr, qPrintable(error.text + error.detail));
+    }
+
     void wrongAnswersInAFileEndIt()
     {
         const QString url = m_cluster->url(QStringLiteral("other"));
