@@ -290,7 +290,9 @@ void RecordList::replace(const MDArray* answer, const QVector<SearchWords::Term>
         m_records.RecPost(record);
     }
     m_tool->model()->endResetModel();
+    const QVariantMap byUser = m_tool->userWidths();
     m_tool->adjustColumnsWidth();
+    m_tool->setUserWidths(byUser);
     if (MDRData* again = recordOf(current))
         m_tool->setCurrentRecord(again);
     else

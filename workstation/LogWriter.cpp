@@ -57,8 +57,8 @@ void LogWriter::write(const QString& kind, const QString& text)
 
 QString LogWriter::defaultFile()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
-           QStringLiteral("/vrk-workstation.log");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/vrk-logbook/vrk-workstation.log");
 }
 
 LogSink::LogSink(CVrkCliApp* app, LogWriter* writer) : CVrkCliMod(app), m_writer(writer) {}

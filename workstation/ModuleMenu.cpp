@@ -6,11 +6,15 @@ ModuleMenu::ModuleMenu(CVrkCliSes* session, const PluginCatalog& catalog, QWidge
     : QMenu(parent),
       m_session(session),
       m_catalog(catalog),
-      m_changeUser(new QAction(tr("Сменить пользователя…"), this))
+      m_changeUser(new QAction(tr("Сменить пользователя…"), this)),
+      m_ownView(new QAction(tr("Вид по умолчанию"), this))
 {
     setObjectName(QStringLiteral("moduleMenu"));
     m_changeUser->setObjectName(QStringLiteral("changeUserAction"));
     m_changeUser->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_U);
+    m_ownView->setObjectName(QStringLiteral("ownViewAction"));
+    m_ownView->setToolTip(tr("Вернуть этому окну его место, размеры панелей и ширину столбцов"));
+    setToolTipsVisible(true);
     connect(this, &QMenu::aboutToShow, this, &ModuleMenu::fill);
     fill();
 }
@@ -18,6 +22,7 @@ ModuleMenu::ModuleMenu(CVrkCliSes* session, const PluginCatalog& catalog, QWidge
 void ModuleMenu::fill()
 {
     removeAction(m_changeUser);
+    removeAction(m_ownView);
     clear();
     for (const PluginCatalog::Module& entry : m_catalog.modules()) {
         if (!entry.right.isEmpty() && !m_session->OperationRights(entry.right.toLatin1().constData()))
@@ -27,5 +32,6 @@ void ModuleMenu::fill()
         connect(action, &QAction::triggered, this, [this, name = entry.name] { emit moduleChosen(name); });
     }
     addSeparator();
+    addAction(m_ownView);
     addAction(m_changeUser);
 }

@@ -18,6 +18,8 @@ public:
 
     /// What "Сменить пользователя" triggers; it has a key of its own and belongs to the menu.
     QAction* changeUserAction() const { return m_changeUser; }
+    /// "Вид по умолчанию": the window is to look as its module made it.
+    QAction* ownViewAction() const { return m_ownView; }
 
 signals:
     void moduleChosen(const QString& name);
@@ -28,4 +30,5 @@ private:
     CVrkCliSes* m_session;
     const PluginCatalog& m_catalog;
     QAction* m_changeUser;
+    QAction* m_ownView;
 };

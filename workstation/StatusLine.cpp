@@ -81,7 +81,7 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     m_modulesButton->setAutoRaise(true);
     m_modulesButton->setPopupMode(QToolButton::InstantPopup);
     m_modulesButton->setText(tr("Модули"));
-    m_modulesButton->setToolTip(tr("Другие модули и смена пользователя (Ctrl + Shift + M)"));
+    m_modulesButton->setToolTip(tr("Другие модули, вид окна и смена пользователя (Ctrl + Shift + M)"));
     m_modulesButton->hide();
     layout->addWidget(m_modulesButton);
     auto* menuKey = new QShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_M), this);

@@ -10,6 +10,7 @@
 #include "SignIn.h"
 #include "SignInDialog.h"
 #include "StatusLine.h"
+#include "WindowMemory.h"
 
 #include <algorithm>
 #include <QApplication>
@@ -30,8 +31,11 @@ Workstation::Workstation(LogWriter* log) : m_alerts(std::make_unique<Alerts>())
 
 Workstation::~Workstation()
 {
-    for (const Open& open : m_modules)
+    for (const Open& open : m_modules) {
+        if (open.module && open.module->isVisible())
+            open.memory->save();
         delete open.module;
+    }
     m_app.setLogSink(nullptr);
 }
 
@@ -141,13 +145,17 @@ CVrkCliMod* Workstation::startModule(const QString& name)
         m_errorText = m_loader->errorText();
         return nullptr;
     }
-    m_modules.push_back({name, module});
+    const QString user = m_leavingLogin.isEmpty() ? m_userName : m_leavingLogin;
+    m_modules.push_back({name, module, std::make_unique<WindowMemory>(module, user, name)});
     addStatusLine(module);
     m_alerts->watch(module);
     connect(module, &CVrkCliMod::closed, this, [this, module] { moduleClosed(module); });
 
+    if (!memory(module)->restorePlace() && !m_deskPlace.isEmpty())
+        module->restoreGeometry(m_deskPlace); // the desk keeps its arrangement
     module->show();
     module->ModuleStart();
+    memory(module)->restoreInside();
     return module;
 }
 
@@ -163,6 +171,11 @@ void Workstation::addStatusLine(CVrkCliMod* module)
     auto* menu = new ModuleMenu(m_app.session(), m_catalog, line);
     line->setModuleMenu(menu);
     line->addAction(menu->changeUserAction());
+    line->addAction(menu->ownViewAction());
+    connect(menu->ownViewAction(), &QAction::triggered, module, [this, module] {
+        if (WindowMemory* kept = memory(module))
+            kept->reset();
+    });
     connect(menu, &ModuleMenu::moduleChosen, this, [this, line](const QString& name) {
         if (!startModule(name))
             line->addFailure(m_errorText);
@@ -170,6 +183,15 @@ void Workstation::addStatusLine(CVrkCliMod* module)
     // Later: the window in whose menu it was chosen will be gone.
     connect(menu->changeUserAction(), &QAction::triggered, this,
             [this] { QTimer::singleShot(0, this, &Workstation::changeUser); });
+}
+
+WindowMemory* Workstation::memory(const CVrkCliMod* module)
+{
+    for (const Open& open : m_modules) {
+        if (open.module == module)
+            return open.memory.get();
+    }
+    return nullptr;
 }
 
 void Workstation::changeUser()
@@ -182,7 +204,7 @@ void Workstation::changeUser()
     }
     m_changing = true;
     const CVrkCliMod* journal = module(QStringLiteral("logbook"));
-    const QByteArray place = journal ? journal->saveGeometry() : QByteArray();
+    m_deskPlace = journal ? journal->saveGeometry() : QByteArray();
     const bool quits = QApplication::quitOnLastWindowClosed();
     QApplication::setQuitOnLastWindowClosed(false);
     closeModules();
@@ -190,8 +212,7 @@ void Workstation::changeUser()
     options.user.clear();
     options.department.clear();
     CVrkCliMod* next = enter(options) ? startModule(QStringLiteral("logbook")) : nullptr;
-    if (next)
-        next->restoreGeometry(place); // the desk keeps its arrangement
+    m_deskPlace.clear();
     QApplication::setQuitOnLastWindowClosed(quits);
     m_changing = false;
     if (!next)
@@ -204,6 +225,7 @@ void Workstation::closeModules()
     for (const Open& open : m_modules) {
         if (!open.module)
             continue;
+        open.memory->save();
         open.module->disconnect(this);
         open.module->hide();
         open.module->ModuleStop();
@@ -248,6 +270,8 @@ bool Workstation::mayClose(CVrkCliMod* module)
 
 void Workstation::moduleClosed(CVrkCliMod* module)
 {
+    if (const WindowMemory* kept = memory(module))
+        kept->save();
     module->ModuleStop();
     m_modules.erase(std::remove_if(m_modules.begin(), m_modules.end(),
                                    [module](const Open& open) { return open.module == module; }),

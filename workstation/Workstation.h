@@ -14,6 +14,7 @@ class LogSink;
 class LogWriter;
 class SignIn;
 class StatusLine;
+class WindowMemory;
 
 /// The host: signs in, loads the plug-in, starts modules as windows on one session and looks after them until
 /// they are closed or another user takes over.
@@ -54,6 +55,7 @@ private:
     void moduleClosed(CVrkCliMod* module);
     void closeModules();
     void addStatusLine(CVrkCliMod* module);
+    WindowMemory* memory(const CVrkCliMod* module);
 
     CVrkCliApp m_app;
     std::unique_ptr<LogSink> m_sink;
@@ -63,11 +65,13 @@ private:
     struct Open {
         QString name;
         QPointer<CVrkCliMod> module;
+        std::unique_ptr<WindowMemory> memory;
     };
     std::vector<Open> m_modules;
     Options m_options;
     QString m_leavingLogin; ///< who is signed in, and not offered first when he leaves
     bool m_changing = false;
+    QByteArray m_deskPlace; ///< of the journal of the user before, while the next one comes in
     QString m_userName;
     QString m_departmentName;
     QString m_errorText;

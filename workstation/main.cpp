@@ -1,4 +1,5 @@
 #include "CVrkCliApp.h"
+#include "HostSettings.h"
 #include "LogWriter.h"
 #include "Options.h"
 #include "PluginLoader.h"
@@ -59,7 +60,7 @@ int main(int argc, char* argv[])
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("vrk-logbook"));
+    HostSettings::useOwnPlace();
     QApplication::setApplicationVersion(QStringLiteral(VRK_VERSION));
     QIcon icon(QStringLiteral(":/vrk/app.png"));
     for (int size : {16, 24, 32, 48, 256})

@@ -24,6 +24,10 @@ public:
     void fitColumns();
     /// What the view needs to show all columns beside a text of readable lines; 0 when that is not known.
     int comfortableWidth();
+    /// The widths that the user has set, in characters, by column.
+    QHash<int, double> userWidths() const;
+    /// Sets widths as if the user had; columns that are not there or take what remains are passed over.
+    void setUserWidths(const QHash<int, double>& widths);
     /// Scrolls so that the row is seen as a whole, measuring on the way.
     void showRow(const QModelIndex& index);
     /// Measures the visible rows now.

@@ -10,12 +10,14 @@
 
 namespace
 {
-constexpr int charactersOfWrapped = 16;  ///< wider names are wrapped
-constexpr int charactersOfLeast = 14;    ///< longer words are broken where room is scarce
-constexpr int charactersOfFill = 45;     ///< the text of records gets them at the cost of wrapped names
-constexpr int charactersOfText = 20;     ///< with fewer the table is scrolled sideways instead
-constexpr int charactersOfReadable = 28; ///< lines of the text that still read well
-constexpr int rowsRead = 100;            ///< at most, for the widths
+constexpr int charactersOfWrapped = 16;     ///< wider names are wrapped
+constexpr int charactersOfLeast = 14;       ///< longer words are broken where room is scarce
+constexpr int charactersOfFill = 45;        ///< the text of records gets them at the cost of wrapped names
+constexpr int charactersOfText = 20;        ///< with fewer the table is scrolled sideways instead
+constexpr int charactersOfReadable = 28;    ///< lines of the text that still read well
+constexpr double charactersOfNarrowest = 2; ///< that a column is set to
+constexpr double charactersOfWidest = 120;
+constexpr int rowsRead = 100; ///< at most, for the widths
 } // namespace
 
 // The column that takes what remains: the text of records, else the last one in sight.
@@ -100,6 +102,36 @@ int VrkTableLayout::comfortableWidth()
             width += m_widths[column].byUser ? m_view->columnWidth(column) : m_widths[column].least;
     }
     return width + m_view->width() - m_view->viewport()->width();
+}
+
+QHash<int, double> VrkTableLayout::userWidths() const
+{
+    QHash<int, double> widths;
+    for (int column = 0; column < m_widths.size(); ++column) {
+        if (m_widths[column].byUser && !m_view->isColumnHidden(column))
+            widths.insert(column,
+                          double(m_view->columnWidth(column)) / m_view->fontMetrics().averageCharWidth());
+    }
+    return widths;
+}
+
+void VrkTableLayout::setUserWidths(const QHash<int, double>& widths)
+{
+    {
+        const QScopedValueRollback<bool> guard(m_distributing, true);
+        const int fill = fillColumn();
+        for (auto it = widths.begin(); it != widths.end(); ++it) {
+            if (it.key() < 0 || it.key() >= m_widths.size() || it.key() == fill)
+                continue;
+            m_widths[it.key()].byUser = true;
+            m_view->horizontalHeader()->setSectionResizeMode(it.key(), QHeaderView::Interactive);
+            m_view->setColumnWidth(it.key(),
+                                   qRound(qBound(charactersOfNarrowest, it.value(), charactersOfWidest) *
+                                          m_view->fontMetrics().averageCharWidth()));
+        }
+    }
+    distribute();
+    forgetHeights();
 }
 
 // Gives the columns their widths: what they need in one line while the text keeps enough, those first that gain it at the

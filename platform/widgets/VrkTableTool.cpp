@@ -301,6 +301,28 @@ int VrkTableTool::comfortableWidth() const
     return d->layout ? d->layout->comfortableWidth() : 0;
 }
 
+QVariantMap VrkTableTool::userWidths() const
+{
+    QVariantMap widths;
+    if (!d->layout)
+        return widths;
+    const QHash<int, double> byColumn = d->layout->userWidths();
+    for (auto it = byColumn.begin(); it != byColumn.end(); ++it) {
+        if (const MDRField* field = d->model.field(it.key()))
+            widths.insert(QString::fromLatin1(field->name), it.value());
+    }
+    return widths;
+}
+
+void VrkTableTool::setUserWidths(const QVariantMap& widths)
+{
+    QHash<int, double> byColumn;
+    for (auto it = widths.begin(); it != widths.end(); ++it)
+        byColumn.insert(d->model.idxField(it.key()), it.value().toDouble());
+    if (d->layout)
+        d->layout->setUserWidths(byColumn);
+}
+
 void VrkTableTool::updateView(MDRData* record, const QVector<int>& columns)
 {
     d->model.updateRecord(record, columns);

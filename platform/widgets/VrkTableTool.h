@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <QObject>
+#include <QVariantMap>
 #include <QVector>
 
 class QTableView;
@@ -60,6 +61,10 @@ public:
     /// The width in which the visible view shows all columns and the text of records gets lines that read well; 0 before
     /// adjustColumnsWidth() and while the view is hidden.
     int comfortableWidth() const;
+    /// The widths that the user has given to columns, by field, in characters; for setUserWidths() at another time, where
+    /// letters may have another size.
+    QVariantMap userWidths() const;
+    void setUserWidths(const QVariantMap& widths);
     /// Tells that the record has changed, in these columns; an empty list means all columns.
     void updateView(MDRData* record, const QVector<int>& columns = {});
 

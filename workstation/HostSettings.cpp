@@ -1,0 +1,19 @@
+#include "HostSettings.h"
+
+#include <QCoreApplication>
+#include <QSettings>
+
+void HostSettings::useOwnPlace()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("vrk-logbook"));
+    QCoreApplication::setOrganizationName(QString());
+    QSettings former;
+    former.setFallbacksEnabled(false);
+    QCoreApplication::setOrganizationName(QStringLiteral("vrk"));
+    QSettings settings;
+    settings.setFallbacksEnabled(false);
+    if (!settings.allKeys().isEmpty())
+        return;
+    for (const QString& key : former.allKeys())
+        settings.setValue(key, former.value(key));
+}

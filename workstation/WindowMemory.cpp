@@ -1,0 +1,204 @@
+#include "WindowMemory.h"
+
+#include "VrkTableTool.h"
+
+#include <algorithm>
+#include <numeric>
+#include <QGuiApplication>
+#include <QLayout>
+#include <QMainWindow>
+#include <QScreen>
+#include <QSettings>
+#include <QSplitter>
+#include <QTableView>
+
+namespace
+{
+constexpr QSize leastWindow(640, 400);
+constexpr int leastPane = 40; ///< a narrower one is as good as lost
+constexpr int largestPane = 10000;
+
+/// The names of a widget and of what it stands in: the same at every start.
+QString pathOf(const QWidget* widget)
+{
+    QStringList names;
+    for (const QWidget* one = widget; one && !one->isWindow(); one = one->parentWidget()) {
+        if (!one->objectName().isEmpty() && !one->objectName().startsWith(QLatin1String("qt_")))
+            names.prepend(one->objectName());
+    }
+    return names.join(QLatin1Char('.'));
+}
+
+QVector<QRect> screensNow()
+{
+    QVector<QRect> rooms;
+    for (const QScreen* screen : QGuiApplication::screens())
+        rooms.append(screen->availableGeometry());
+    return rooms;
+}
+
+bool isUseful(const QList<int>& sizes)
+{
+    return std::all_of(sizes.begin(), sizes.end(),
+                       [](int size) { return size >= leastPane && size <= largestPane; });
+}
+
+/// The window may get its size later: the splitter takes the sizes at the length that it had with them, and goes on from
+/// there as if the user had changed the window's size.
+void setSizes(QSplitter* splitter, const QList<int>& sizes)
+{
+    const int handles = splitter->handleWidth() * (sizes.size() - 1);
+    const int length = std::accumulate(sizes.begin(), sizes.end(), handles);
+    const bool isFlat = splitter->orientation() == Qt::Horizontal;
+    splitter->resize(isFlat ? QSize(length, splitter->height()) : QSize(splitter->width(), length));
+    splitter->setSizes(sizes);
+    if (QWidget* parent = splitter->parentWidget(); parent && parent->layout())
+        parent->layout()->invalidate();
+}
+
+int area(const QRect& rect)
+{
+    return rect.isEmpty() ? 0 : rect.width() * rect.height();
+}
+} // namespace
+
+WindowMemory::WindowMemory(QMainWindow* window, const QString& user, const QString& module)
+    : m_window(window), m_ownSize(window->size())
+{
+    // A slash would open a group of its own.
+    m_group =
+        QStringLiteral("windows/%1/%2").arg(QString::fromLatin1(user.toUtf8().toPercentEncoding()), module);
+}
+
+QString WindowMemory::key(const QString& name) const
+{
+    return m_group + QLatin1Char('/') + name;
+}
+
+QRect WindowMemory::fitted(const QRect& wanted, const QVector<QRect>& screens)
+{
+    if (screens.isEmpty())
+        return wanted;
+    QRect place(wanted.topLeft(), wanted.size().expandedTo(leastWindow));
+    QRegion covered;
+    for (const QRect& screen : screens)
+        covered += screen;
+    if (QRegion(place).subtracted(covered).isEmpty())
+        return place;
+    const QRect screen =
+        *std::max_element(screens.begin(), screens.end(), [&place](const QRect& a, const QRect& b) {
+            return area(a & place) < area(b & place);
+        });
+    place.setSize(place.size().boundedTo(screen.size()));
+    place.moveLeft(qBound(screen.left(), place.left(), screen.right() - place.width() + 1));
+    place.moveTop(qBound(screen.top(), place.top(), screen.bottom() - place.height() + 1));
+    return place;
+}
+
+bool WindowMemory::restorePlace()
+{
+    const QSettings settings;
+    const QRect frame = settings.value(key(QStringLiteral("frame"))).toRect();
+    if (!frame.isValid() || !m_window)
+        return false;
+    // What the window manager's frame takes; nothing sensible is larger.
+    const QSize around = settings.value(key(QStringLiteral("around"))).toSize().expandedTo(QSize(0, 0));
+    const QRect place = fitted(frame, screensNow());
+    m_window->move(place.topLeft());
+    m_window->resize(place.size() - around.boundedTo(QSize(64, 128)));
+    if (settings.value(key(QStringLiteral("maximized"))).toBool())
+        m_window->setWindowState(Qt::WindowMaximized);
+    return true;
+}
+
+QVector<QSplitter*> WindowMemory::splitters() const
+{
+    QVector<QSplitter*> found;
+    for (QSplitter* splitter : m_window->findChildren<QSplitter*>()) {
+        if (splitter->window() == m_window)
+            found.append(splitter);
+    }
+    return found;
+}
+
+QVector<VrkTableTool*> WindowMemory::tables() const
+{
+    QVector<VrkTableTool*> found;
+    for (VrkTableTool* tool : m_window->findChildren<VrkTableTool*>()) {
+        if (tool->tableView() && tool->tableView()->window() == m_window)
+            found.append(tool);
+    }
+    return found;
+}
+
+void WindowMemory::restoreInside()
+{
+    if (!m_window)
+        return;
+    const QSettings settings;
+    for (QSplitter* splitter : splitters()) {
+        const QString name = pathOf(splitter);
+        m_ownSplitters.insert(name, splitter->saveState());
+        const int count = splitter->count();
+        const QVariantList kept = settings.value(key(QStringLiteral("splitter.") + name)).toList();
+        QList<int> sizes;
+        for (const QVariant& size : kept)
+            sizes.append(size.toInt());
+        if (sizes.size() == count && isUseful(sizes))
+            setSizes(splitter, sizes);
+    }
+    for (VrkTableTool* tool : tables()) {
+        const QString name = pathOf(tool->tableView());
+        tool->setUserWidths(settings.value(key(QStringLiteral("columns.") + name)).toMap());
+    }
+}
+
+void WindowMemory::save() const
+{
+    if (!m_window)
+        return;
+    QSettings settings;
+    const bool isWhole = m_window->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen);
+    settings.setValue(key(QStringLiteral("maximized")), isWhole);
+    if (!isWhole) {
+        const QSize around = m_window->frameGeometry().size() - m_window->size();
+        settings.setValue(key(QStringLiteral("frame")), m_window->frameGeometry());
+        settings.setValue(key(QStringLiteral("around")), around);
+    } else if (!settings.contains(key(QStringLiteral("frame")))) {
+        settings.setValue(key(QStringLiteral("frame")), m_window->normalGeometry());
+    }
+    for (const QSplitter* splitter : splitters()) {
+        const QList<int> sizes = splitter->sizes();
+        // A pane that is hidden, or drawn shut, has no size worth keeping: the one before stays.
+        if (!isUseful(sizes))
+            continue;
+        QVariantList kept;
+        for (int size : sizes)
+            kept.append(size);
+        settings.setValue(key(QStringLiteral("splitter.") + pathOf(splitter)), kept);
+    }
+    for (const VrkTableTool* tool : tables())
+        settings.setValue(key(QStringLiteral("columns.") + pathOf(tool->tableView())), tool->userWidths());
+}
+
+void WindowMemory::reset()
+{
+    if (!m_window)
+        return;
+    QSettings().remove(m_group);
+    m_window->setWindowState(m_window->windowState() & ~(Qt::WindowMaximized | Qt::WindowFullScreen));
+    const QSize around = m_window->frameGeometry().size() - m_window->size();
+    QRect place(QPoint(), m_ownSize + around);
+    if (const QScreen* screen = m_window->screen())
+        place.moveCenter(screen->availableGeometry().center());
+    place = fitted(place, screensNow());
+    m_window->move(place.topLeft());
+    m_window->resize(place.size() - around);
+    for (QSplitter* splitter : splitters()) {
+        const auto own = m_ownSplitters.constFind(pathOf(splitter));
+        if (own != m_ownSplitters.constEnd())
+            splitter->restoreState(own.value());
+    }
+    for (VrkTableTool* tool : tables())
+        tool->adjustColumnsWidth();
+}
