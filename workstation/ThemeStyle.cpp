@@ -199,9 +199,8 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option,
                              const QWidget* widget) const
 {
     QProxyStyle::drawControl(element, option, painter, widget);
-    if (element == CE_ShapedFrame && option->state & State_HasFocus &&
-        qobject_cast<const QAbstractScrollArea*>(widget))
-        drawFocus(painter, QRectF(option->rect), option->palette);
+    if (element == CE_ShapedFrame && qobject_cast<const QAbstractScrollArea*>(widget))
+        drawFieldFrame(painter, option);
 }
 
 void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

@@ -19,6 +19,7 @@
 namespace
 {
 constexpr int keptTemplates = 50;
+constexpr int namedMissing = 4; ///< of the parameters without a value; more would not be read
 } // namespace
 
 struct TemplateFiller::Private {
@@ -333,6 +334,23 @@ bool TemplateFiller::isFilled() const
             return false;
     }
     return !d->html.isEmpty();
+}
+
+QString TemplateFiller::missing() const
+{
+    if (d->html.isEmpty())
+        return tr("Выберите шаблон");
+    QStringList labels;
+    for (int i = 0; i < d->specs.size(); ++i) {
+        if (!d->specs.at(i).optional && !d->isFilled(i))
+            labels.append(d->specs.at(i).label);
+    }
+    if (labels.isEmpty())
+        return {};
+    const QString named = labels.mid(0, namedMissing).join(QStringLiteral(", "));
+    return labels.size() > namedMissing
+               ? tr("Не заполнено: %1 и ещё %2").arg(named).arg(labels.size() - namedMissing)
+               : tr("Не заполнено: %1").arg(named);
 }
 
 void TemplateFiller::MessageData(TEventNciParse* event)

@@ -42,6 +42,8 @@ public:
     QString filledTemplate(bool emptyOptional) const;
     /// There is a template, and each parameter that is not optional has a key or a text other than its label.
     bool isFilled() const;
+    /// What keeps it from being filled, in a sentence for the user; empty when nothing does.
+    QString missing() const;
     /// Follows changes of the reference data.
     void MessageData(TEventNciParse* event);
     /// A record with the present values was written: they are not kept any longer, and the free texts among them are

@@ -118,6 +118,11 @@ void TemplatesWidget::setUserKey(const QString& workerKey)
     markStale();
 }
 
+bool TemplatesWidget::hasTemplates() const
+{
+    return m_model->templateCount() > 0;
+}
+
 void TemplatesWidget::reloadTemplates()
 {
     markStale();
@@ -168,8 +173,9 @@ void TemplatesWidget::arrange()
         m_form->templatesTree->expandAll();
     else
         m_form->templatesTree->expandToDepth(0);
-    m_form->emptyLabel->setText(m_model->isFiltered() ? tr("Ничего не найдено")
-                                                      : tr("Нет доступных шаблонов"));
+    m_form->emptyLabel->setText(
+        m_model->isFiltered() ? tr("Ничего не найдено")
+                              : tr("Нет доступных шаблонов.\nИх заводит администратор в конфигураторе."));
     m_form->emptyLabel->setVisible(m_model->rowCount() == 0);
 }
 

@@ -56,6 +56,8 @@ public:
     /// tree keeps its selection and expanded branches; selectionChanged() comes, at once, only when the
     /// selected template is gone.
     void reloadTemplates();
+    /// Whether any template is open here, whatever is searched for.
+    bool hasTemplates() const;
     /// Selects the first template of the levels, department first; none clears the selection.
     void selectFirstTemplate();
     void clearSelection();

@@ -19,7 +19,6 @@
 namespace
 {
 const QSize UsualSize(1200, 650);
-constexpr int NamedMissing = 4; // of the parameters without a value; more would not be read
 const char* const SplitterSetting = "recordCreator/splitter";
 
 /// A disabled field that is there to be read keeps the colours of enabled text.
@@ -195,13 +194,8 @@ QString RecordCreatorDialog::holdReason() const
     const TemplateFiller* filler = m_form->templateFiller;
     if (filler->filledTemplate(true).isEmpty())
         return tr("Выберите шаблон");
-    if (!filler->isFilled()) {
-        const QStringList missing = missingParameters();
-        const QString named = missing.mid(0, NamedMissing).join(QStringLiteral(", "));
-        return missing.size() > NamedMissing
-                   ? tr("Не заполнено: %1 и ещё %2").arg(named).arg(missing.size() - NamedMissing)
-                   : tr("Не заполнено: %1").arg(named);
-    }
+    if (!filler->isFilled())
+        return filler->missing();
     if (!m_form->counterpartEdit->isResolved())
         return tr("Выберите собеседника из списка");
     return QString();

@@ -115,7 +115,6 @@ private:
     void prefillParameter(const QString& name, const QString& text, const QString& key);
     void writeAutoTime(const HtmlParser& parser, unsigned index);
     void eventTimeEdited();
-    QStringList missingParameters() const;
 
     // RecordCreatorDialog_save.cpp: writing
     void save();

@@ -102,15 +102,3 @@ void RecordCreatorDialog::eventTimeEdited()
     }
     updateControls();
 }
-
-QStringList RecordCreatorDialog::missingParameters() const
-{
-    const HtmlParser parser(m_form->templateFiller->filledTemplate(false).toStdString());
-    QStringList missing;
-    for (unsigned index = 0; index < parser.countParameters(); ++index) {
-        const ParameterSpec spec = ParameterSpec::read(parser, index);
-        if (!spec.optional && isEmpty(parser, index))
-            missing.append(spec.label);
-    }
-    return missing;
-}

@@ -102,6 +102,7 @@ void CloseWorkshiftDialog::closeEvent(QCloseEvent* event)
 void CloseWorkshiftDialog::updateStateControls()
 {
     m_form->closeWorkshiftButton->setEnabled(m_filler->isFilled());
+    m_form->missingLabel->setText(m_filler->isFilled() ? QString() : missingText());
 }
 
 void CloseWorkshiftDialog::updateWorkshiftControls()

@@ -181,10 +181,16 @@ void OpenWorkshiftDialog::updateStateControls()
     const bool afterLast = !m_lastWorkshiftEnd.isValid() || from >= m_lastWorkshiftEnd;
     m_form->applyButton->setEnabled(m_form->workersTable->rowCount() > 0 && from < end() &&
                                     m_filler->isFilled() && afterLast);
-    m_form->applyButton->setToolTip(
-        afterLast ? QString()
-                  : tr("Предыдущая смена заканчивается %1")
-                        .arg(m_lastWorkshiftEnd.toString(QStringLiteral("dd.MM.yyyy hh:mm"))));
+    const QString overlap = afterLast
+                                ? QString()
+                                : tr("Предыдущая смена заканчивается %1")
+                                      .arg(m_lastWorkshiftEnd.toString(QStringLiteral("dd.MM.yyyy hh:mm")));
+    m_form->applyButton->setToolTip(overlap);
+    m_form->missingLabel->setText(m_form->workersTable->rowCount() == 0 ? tr("Добавьте сотрудников в смену")
+                                  : from >= end() ? tr("Начало смены должно быть раньше конца")
+                                  : !overlap.isEmpty()    ? overlap
+                                  : !m_filler->isFilled() ? missingText()
+                                                          : QString());
 }
 
 void OpenWorkshiftDialog::updateWorkshiftControls()

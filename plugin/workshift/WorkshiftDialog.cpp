@@ -13,6 +13,7 @@
 #include "TemplatesWidget.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QTableWidget>
 #include <QTextCodec>
 
@@ -123,6 +124,21 @@ void WorkshiftDialog::closeEvent(QCloseEvent* event)
     clearWorkers();
     m_templates->clearSelection();
     CPopTemplate::closeEvent(event);
+}
+
+void WorkshiftDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        CPopTemplate::keyPressEvent(event);
+}
+
+QString WorkshiftDialog::missingText() const
+{
+    if (!m_templates->hasTemplates())
+        return tr("Нет шаблона для этой записи: его заводит администратор в конфигураторе");
+    return m_filler->missing();
 }
 
 void WorkshiftDialog::reloadTemplateText(MDRData* record, const QString& signature)

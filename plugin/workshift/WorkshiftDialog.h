@@ -58,6 +58,10 @@ protected:
     void setUpForm(QTableWidget* crew, TemplatesWidget* templates, TemplateFiller* filler,
                    const QString& property);
     void closeEvent(QCloseEvent* event) override;
+    /// Escape closes, as everywhere; what was typed for the template is offered again.
+    void keyPressEvent(QKeyEvent* event) override;
+    /// What keeps the text from being written, in a sentence; empty when nothing does.
+    QString missingText() const;
 
     CModelTable* table(const QString& name) const { return m_tables.value(name); }
     void setTable(const char* name, CModelTable* table) { m_tables.insert(QLatin1String(name), table); }

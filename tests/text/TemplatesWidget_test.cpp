@@ -88,7 +88,8 @@ private slots:
         tree.widget.setTemplateProps({QStringLiteral("open_wshift"), QStringLiteral("close_wshift")}, true);
         QTRY_COMPARE(tree.rows(), QStringList());
         QVERIFY(tree.emptyLabel()->isVisible());
-        QCOMPARE(tree.emptyLabel()->text(), QStringLiteral("Нет доступных шаблонов"));
+        QCOMPARE(tree.emptyLabel()->text(),
+                 QStringLiteral("Нет доступных шаблонов.\nИх заводит администратор в конфигураторе."));
         tree.widget.setTemplateProps({QStringLiteral("open_wshift")}, false);
         QTRY_VERIFY(tree.find(QStringLiteral("Включение линии")).isValid());
         QVERIFY(!tree.find(QStringLiteral("Приём смены")).isValid());

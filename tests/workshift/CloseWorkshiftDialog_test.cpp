@@ -11,6 +11,7 @@
 #include <memory>
 #include <QAction>
 #include <QDateEdit>
+#include <QLabel>
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
@@ -274,7 +275,10 @@ void CloseWorkshiftDialog_test::anUnfilledTemplateHoldsTheClosingBack()
 {
     request("Нет");
     QVERIFY(!closeButton()->isEnabled()); // nothing is filled in by itself
+    const auto* told = dialog()->findChild<QLabel*>(QStringLiteral("missingLabel"));
+    QVERIFY2(told->text().startsWith(QStringLiteral("Не заполнено: ")), qPrintable(told->text()));
     fill();
+    QCOMPARE(told->text(), QString());
     QVERIFY(closeButton()->isEnabled());
 }
 

@@ -13,6 +13,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QLabel>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
@@ -45,6 +46,8 @@ private slots:
     void theShiftMayNotBeginBeforeTheLastOneEnded();
     void withoutAnEarlierShiftAnyStartWillDo();
     void anUnfilledTemplateHoldsTheOpeningBack();
+    void aDepartmentWithoutTemplatesIsTold();
+    void escapeClosesIt();
     void writesShiftCrewAndRecord();
     void withoutADepartmentNothingIsOpened();
     void withoutAWorkerNothingIsOpened();
@@ -53,6 +56,8 @@ private:
     void start(const QString& login, const QByteArray& department);
     QTableWidget* crew() const { return m_dialog->findChild<QTableWidget*>(QStringLiteral("workersTable")); }
     QTableWidget* shifts() const { return m_dialog->findChild<QTableWidget*>(QStringLiteral("shiftsTable")); }
+    /// Why the shift cannot be opened.
+    QString told() const { return m_dialog->findChild<QLabel*>(QStringLiteral("missingLabel"))->text(); }
     QPushButton* applyButton() const
     {
         return m_dialog->findChild<QPushButton*>(QStringLiteral("applyButton"));
@@ -314,6 +319,7 @@ void OpenWorkshiftDialog_test::theShiftMayNotBeginBeforeTheLastOneEnded()
     setStart(allowed.addSecs(-60));
     QCOMPARE(applyButton()->isEnabled(), false);
     QVERIFY(applyButton()->toolTip().contains(last.toString(QStringLiteral("dd.MM.yyyy hh:mm"))));
+    QCOMPARE(told(), applyButton()->toolTip());
 }
 
 void OpenWorkshiftDialog_test::withoutAnEarlierShiftAnyStartWillDo()
@@ -325,6 +331,7 @@ void OpenWorkshiftDialog_test::withoutAnEarlierShiftAnyStartWillDo()
     // The end may not lie before the start.
     m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(QDate(2000, 1, 1));
     QVERIFY(!applyButton()->isEnabled());
+    QCOMPARE(told(), QStringLiteral("Начало смены должно быть раньше конца"));
 }
 
 void OpenWorkshiftDialog_test::anUnfilledTemplateHoldsTheOpeningBack()
@@ -333,8 +340,29 @@ void OpenWorkshiftDialog_test::anUnfilledTemplateHoldsTheOpeningBack()
     fillAll();
     setStart(QDateTime::currentDateTime());
     QVERIFY(applyButton()->isEnabled());
+    QCOMPARE(told(), QString());
     m_dialog->findChild<TemplatesWidget*>()->clearSelection();
     QVERIFY(!applyButton()->isEnabled());
+    QCOMPARE(told(), QStringLiteral("Выберите шаблон"));
+}
+
+void OpenWorkshiftDialog_test::aDepartmentWithoutTemplatesIsTold()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    m_dialog->close();
+    m_dialog->findChild<TemplatesWidget*>()->setTemplateProps({QStringLiteral("no_such_property")}, true);
+    m_dialog->show();
+    QVERIFY(!applyButton()->isEnabled());
+    QCOMPARE(told(),
+             QStringLiteral("Нет шаблона для этой записи: его заводит администратор в конфигураторе"));
+}
+
+void OpenWorkshiftDialog_test::escapeClosesIt()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    QVERIFY(m_dialog->isVisible());
+    QTest::keyClick(m_dialog->findChild<QWidget*>(QStringLiteral("shiftsTable")), Qt::Key_Escape);
+    QVERIFY(!m_dialog->isVisible());
 }
 
 void OpenWorkshiftDialog_test::writesShiftCrewAndRecord()
