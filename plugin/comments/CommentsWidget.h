@@ -22,7 +22,7 @@ public:
 
     /// "Комментарии (%1)" with the number of records that are shown.
     QString title() const;
-    /// Fetches one record into the table, whosever it is; null, with a line in the log, when the server has none.
+    /// Fetches one record into the table, whosever it is, with its comments and files; null, with a line in the log, when the server has none.
     MDRData* uploadRecord(const char* key);
 
 signals:
@@ -37,6 +37,7 @@ private:
     // CommentsWidget_hfn.cpp
     void uploadRecords();
     void uploadByRecords(CModelTable& target);
+    void uploadAttachments(CModelTable& target, const char* recordKey);
 
     // CommentsWidget_events.cpp
     bool insertRecord(TEventNciParse* event);

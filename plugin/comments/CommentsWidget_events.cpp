@@ -56,14 +56,16 @@ bool CommentsWidget::insertRecord(TEventNciParse* event)
 /// Brings its record in without asking whose it is: meant.
 bool CommentsWidget::insertComment(TEventNciParse* event)
 {
-    MDRData* comment = changeRecord(&m_comments, MDARecNew(m_comments.data.array), event);
-    MDRData* record = recordOf(comment);
+    MDRVar value;
+    MDRGetVal(MDRFldByName(&event->recordType, "RecordKey"), &event->recordData, &value);
+    const QByteArray key = MDRValue::copy(value);
+    MDRData* record = recordByKeyLink(&m_records, key.constData());
     if (!record)
-        record = uploadRecord(MDRValue::copy(recordValue(comment, "RecordKey")).constData());
-    if (!record) {
-        m_comments.data.lastError = MDARecDel(comment);
+        record = uploadRecord(key.constData());
+    if (!record)
         return false;
-    }
+    if (!recordByKeyLink(&m_comments, event->recordKey)) // it may have come with its record
+        changeRecord(&m_comments, MDARecNew(m_comments.data.array), event);
     m_preparer.prepareRecordComment(record);
     updateAttachments(m_comments, record);
     emit titleChanged();

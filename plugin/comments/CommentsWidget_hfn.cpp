@@ -33,6 +33,16 @@ void CommentsWidget::uploadByRecords(CModelTable& target)
     target.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
 }
 
+void CommentsWidget::uploadAttachments(CModelTable& target, const char* recordKey)
+{
+    const QString sql = LogText::fill(QLatin1String(LogbookSql::ByRecords),
+                                      {QString::fromStdString(target.name), QStringLiteral("RecordKey"),
+                                       QLatin1Char('\'') + QString::fromUtf8(recordKey) + QLatin1Char('\'')});
+    CMDArray answer;
+    answer = m_module->session()->SqlRequest(sql.toUtf8().constData());
+    TableLoad::repack(answer, target.data);
+}
+
 MDRData* CommentsWidget::uploadRecord(const char* key)
 {
     const QString sql = LogText::fill(
@@ -48,6 +58,8 @@ MDRData* CommentsWidget::uploadRecord(const char* key)
     }
     m_tableTool->model()->beginAppendRows(1);
     MDRData* record = TableLoad::repack(answer.data, m_records.data);
+    uploadAttachments(m_comments, key); // what was said before belongs to it
+    uploadAttachments(m_files, key);
     m_preparer.prepareRecord(record);
     m_tableTool->model()->endAppendRows();
     return record;

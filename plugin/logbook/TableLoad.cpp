@@ -28,8 +28,11 @@ QString TableLoad::quotedKeys(const CMDArray& table)
 MDRData* TableLoad::repack(const CMDArray& answer, CMDArray& records)
 {
     std::vector<std::pair<const MDRField*, const MDRField*>> fields;
-    for (int number = 0; number < MDAFldCount(answer.array); ++number)
-        fields.emplace_back(MDRFldByNum(answer.array, number), MDRFldByNum(records.array, number));
+    for (int number = 0; number < MDAFldCount(answer.array); ++number) {
+        const MDRField* from = MDRFldByNum(answer.array, number);
+        if (from->type != mdr_TBlob) // reading it would fetch it
+            fields.emplace_back(from, MDRFldByNum(records.array, number));
+    }
     MDRData* last = nullptr;
     const int rows = answer.RecCount();
     for (int i = 0; i < rows; ++i) {

@@ -252,6 +252,26 @@ private slots:
         QCOMPARE(other.caption(), captionOf(2));
     }
 
+    void aRecordThatACommentBringsInHasAllThatWasSaidOfIt()
+    {
+        const TestStore store;
+        QVERIFY(TestStore::write(store.open(QStringLiteral("petrov")).get(), "LogbookComments", ROW_UPDATE,
+                                 "COM_UNREAD", {{"readedTime", TestStore::now()}}));
+        Desk desk(store); // his record, whose comment is read, is not in the tab
+        QVERIFY(!desk.keys().contains(QStringLiteral("REC_OPENING")));
+        writeComment(store, QStringLiteral("sidorova"), "REC_OPENING", "NEW");
+        writeComment(store, QStringLiteral("sidorova"), "REC_TRIP", "NEW_TO_TRIP");
+        desk.deliver();
+        desk.select("REC_OPENING");
+        QCOMPARE(desk.list()->count(), 2);
+        QCOMPARE(desk.list()->item(0)->data(CommentKeyRole).toString(), QStringLiteral("COM_UNREAD"));
+        QCOMPARE(desk.list()->item(1)->data(CommentKeyRole).toString(), QStringLiteral("NEW"));
+        const auto* proxy = qobject_cast<VrkTableProxyModel*>(desk.view()->model());
+        const MDRData* trip = proxy->record(desk.keys().indexOf(QStringLiteral("REC_TRIP")));
+        QVERIFY(isSet(recordValue(trip, "file")));
+        QVERIFY(isSet(recordValue(trip, "comment")));
+    }
+
     void hidesANewRecordUntilAColleagueCommentsOnIt()
     {
         const TestStore store;
