@@ -1,5 +1,6 @@
 #include "CommentCreatorDialog.h"
 
+#include "KeptComments.h"
 #include "NoticeBar.h"
 #include "ui_CommentCreatorDialog.h"
 
@@ -16,7 +17,8 @@ CommentCreatorDialog::CommentCreatorDialog(QWidget* parent, int flag)
     : CPopTemplate(parent, flag),
       m_form(new Ui::CommentCreatorDialog),
       m_warningBar(new NoticeBar(this)),
-      m_keptBar(new NoticeBar(this))
+      m_keptBar(new NoticeBar(this)),
+      m_kept(KeptComments::of(parent ? parent : this))
 {
     m_form->setupUi(this);
     m_warningBar->setObjectName(QStringLiteral("warningBar"));
@@ -58,9 +60,14 @@ void CommentCreatorDialog::warn(const QString& text)
 
 void CommentCreatorDialog::keep(const QString& text)
 {
-    m_kept.removeAll(text);
+    m_kept->texts.removeAll(text);
     if (!text.isEmpty())
-        m_kept.append(text);
+        m_kept->texts.append(text);
+}
+
+void CommentCreatorDialog::forget(const QString& text)
+{
+    m_kept->texts.removeAll(text);
 }
 
 void CommentCreatorDialog::tellNotices()
@@ -70,7 +77,7 @@ void CommentCreatorDialog::tellNotices()
     else
         m_warningBar->tell(NoticeBar::Warning, m_warning,
                            {{WriteAsNew, tr("Добавить новый"), QStringLiteral("asNewButton")}});
-    if (m_kept.isEmpty())
+    if (m_kept->texts.isEmpty())
         m_keptBar->hide();
     else
         m_keptBar->tell(NoticeBar::Question, tr("Прошлый текст записать не удалось."),
@@ -84,7 +91,7 @@ void CommentCreatorDialog::choose(int choice)
         m_commentKey.clear();
         m_warning.clear();
     } else {
-        const QString text = m_kept.takeLast();
+        const QString text = m_kept->texts.takeLast();
         if (choice == TakeKept) {
             keep(m_taken);
             m_taken = text;

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class KeptComments;
 class NoticeBar;
 
 namespace Ui
@@ -31,9 +32,10 @@ public:
     /// What the user must know of the text that he is going to write, told above it at the next showing, with a button
     /// that makes it a new comment; an empty text tells nothing.
     void warn(const QString& text);
-    /// Keeps a text until it has been written: while texts are kept, each showing offers the last one.
+    /// Keeps a text until it has been written: while texts are kept, each showing of a dialog of this window offers the
+    /// last one.
     void keep(const QString& text);
-    void forget(const QString& text) { m_kept.removeAll(text); }
+    void forget(const QString& text);
 
 signals:
     void commentChanged(const QString& commentKey, const QString& text);
@@ -53,6 +55,6 @@ private:
     NoticeBar* m_keptBar;
     QString m_commentKey;
     QString m_warning;
-    QStringList m_kept; ///< could not be written
-    QString m_taken;    ///< the one of them that is in the editor, until it is applied
+    KeptComments* m_kept; ///< of the window
+    QString m_taken;      ///< the one of them that is in the editor, until it is applied
 };

@@ -156,6 +156,18 @@ private slots:
         QVERIFY(!f.keptBar()->isVisible());
     }
 
+    // A tab that is closed takes its dialog along, not what could not be written there.
+    void aTextThatWasNotWrittenOutlivesItsDialog()
+    {
+        Fixture f;
+        auto other = std::make_unique<CommentCreatorDialog>(&f.window, -1);
+        other->keep(QStringLiteral("Важное"));
+        other.reset();
+        f.dialog.show();
+        QTest::mouseClick(f.button("takeKeptButton"), Qt::LeftButton);
+        QCOMPARE(f.edit()->toPlainText(), QStringLiteral("Важное"));
+    }
+
     void breaksLinesByReturnAndAppliesByCtrlEnter()
     {
         Fixture f;
