@@ -42,6 +42,16 @@ private:
     {
         return journal.tab().table(QLatin1String(table))->data.RecCount();
     }
+    /// Opens a workshift of the department beside the one that is open.
+    static void openSecond(Store* loader)
+    {
+        QVERIFY(TestStore::write(loader, "LogbookWorkshifts", ROW_INSERT, "SHIFT_SECOND",
+                                 {{"DepartmentKey", QByteArray("DEP_CDS")},
+                                  {"OpenWorkerKey", QByteArray("WORKER_PETROV")},
+                                  {"createdAt", TestStore::now()},
+                                  {"startTime", TestStore::now() + 24 * 3600},
+                                  {"endTime", TestStore::now() + 48 * 3600}}));
+    }
     static QStringList answer(const char* text) { return QStringList{QLatin1String(text)}; }
 
 private slots:
@@ -322,15 +332,61 @@ private slots:
     {
         const TestStore store;
         TestJournal journal(store);
-        QVERIFY(TestStore::write(store.openLoader().get(), "LogbookWorkshifts", ROW_INSERT, "SHIFT_SECOND",
-                                 {{"DepartmentKey", QByteArray("DEP_CDS")},
-                                  {"OpenWorkerKey", QByteArray("WORKER_PETROV")},
-                                  {"createdAt", TestStore::now()},
-                                  {"startTime", TestStore::now() + 24 * 3600},
-                                  {"endTime", TestStore::now() + 48 * 3600}}));
+        openSecond(store.openLoader().get());
         QCOMPARE(journal.deliver(), answer("601 LogbookWorkshifts 1"));
         QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_SECOND"));
         QCOMPARE(journal.shownKeys(), QStringList());
+    }
+
+    void takesRowsOfTheWorkshiftShownWhenTwoAreOpen()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        const auto loader = store.openLoader();
+        openSecond(loader.get());
+        journal.deliver();
+        QVERIFY(writeRecord(loader.get(), "OF_FIRST", "WORKER_IVANOV", 0));
+        QVERIFY(writeRecord(loader.get(), "OF_SECOND", "WORKER_PETROV", 0, "SHIFT_SECOND"));
+        QVERIFY(TestStore::write(loader.get(), "LogbookWorkersWorkshift", ROW_INSERT, "CREW_OF_FIRST",
+                                 {{"WorkshiftKey", QByteArray("SHIFT_CDS_OPEN")},
+                                  {"WorkerKey", QByteArray("WORKER_SIDOROVA")},
+                                  {"opening", 1}}));
+        QCOMPARE(journal.deliver(),
+                 QStringList({QStringLiteral("601 LogbookRecords 0"), QStringLiteral("601 LogbookRecords 1"),
+                              QStringLiteral("601 LogbookWorkersWorkshift 0")}));
+        QCOMPARE(journal.shownKeys(), QStringList{QStringLiteral("OF_SECOND")});
+        QCOMPARE(count(journal, "LogbookWorkersWorkshift"), 0);
+    }
+
+    void leadsToTheOtherOpenWorkshiftWhenTheNewestIsClosed()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        const auto loader = store.openLoader();
+        openSecond(loader.get());
+        QVERIFY(TestStore::write(loader.get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_SECOND",
+                                 {{"CloseWorkerKey", QByteArray("WORKER_PETROV")}}));
+        journal.deliver();
+        QVERIFY(journal.tab().isCloseWorkshift());
+        journal.tab().uploadRealTimeWorkshift();
+        QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_CDS_OPEN"));
+        QCOMPARE(journal.shownKeys().size(), 8);
+    }
+
+    // An opening that is taken back: the workshift stays in view until the user asks for the current one.
+    void aDeletedWorkshiftLeavesWhenTheCurrentOneIsAskedFor()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        const auto loader = store.openLoader();
+        openSecond(loader.get());
+        journal.deliver();
+        QVERIFY(TestStore::write(loader.get(), "LogbookWorkshifts", ROW_DELETE, "SHIFT_SECOND"));
+        journal.deliver();
+        QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_SECOND"));
+        journal.tab().uploadRealTimeWorkshift();
+        QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_CDS_OPEN"));
+        QCOMPARE(count(journal, "LogbookWorkshifts"), 1);
     }
 
     void ignoresNewWorkshiftsInTheArchiveAndOfOthers()

@@ -1,4 +1,6 @@
+#include "FailingStore.h"
 #include "HfnTime.h"
+#include "JournalWindow.h"
 #include "LogWatch.h"
 #include "RecordValue.h"
 #include "TestJournal.h"
@@ -378,6 +380,25 @@ private slots:
                            "[SELECT * FROM WorkerRoles WHERE RoleKey IN ('ROLE_CDS_")));
         QVERIFY(lines.last().endsWith(QStringLiteral("');]")));
         m_log->take(QStringLiteral("CVrkCliSes"));
+    }
+
+    void loadsTheLiveWorkshiftAgainWhenItsLoadHasFailed()
+    {
+        const TestStore store;
+        const auto plan = std::make_shared<FailingStore::Plan>();
+        JournalWindow ivanov(std::make_unique<FailingStore>(store.open(QStringLiteral("ivanov")), plan),
+                             QStringLiteral("ivanov"), QStringLiteral("DEP_CDS"), QStringLiteral("ORG_NETS"));
+        ivanov.home().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
+        plan->failedSelects = 1;
+        ivanov.trigger("currentWorkshiftAction");
+        QCOMPARE(ivanov.status(), QStringLiteral("Смена закрыта")); // as far as it knows
+        QVERIFY(!m_log->take().isEmpty());
+        ivanov.trigger("currentWorkshiftAction");
+        QCOMPARE(ivanov.status(), QStringLiteral("Смена открыта, редактирование разрешено"));
+        QVERIFY(ivanov.record(QStringLiteral("REC_DRAFT_IVANOV")));
+        const int selects = plan->selects.size();
+        ivanov.trigger("currentWorkshiftAction"); // all is there: nothing to load
+        QCOMPARE(plan->selects.size(), selects);
     }
 
     void showsCommentsAndFilesOfTheCurrentRecord()

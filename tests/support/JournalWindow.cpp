@@ -16,6 +16,23 @@
 JournalWindow::JournalWindow(const TestStore& store, const QString& login, const QByteArray& department)
     : m_client(store, login, department), m_window(std::make_unique<CVrkLogBook>(&m_client.app()))
 {
+    start(login);
+}
+
+JournalWindow::JournalWindow(std::unique_ptr<Store> store, const QString& login, const QString& department,
+                             const QString& organization)
+    : m_client(std::move(store))
+{
+    CStringParams& parameters = m_client.app().m_user_params;
+    parameters.setValue(QStringLiteral("KEYLINK"), QStringLiteral("USER_") + login.toUpper());
+    parameters.setValue(QStringLiteral("DEPARTMENTKEY"), department);
+    parameters.setValue(QStringLiteral("ORGANIZATIONKEY"), organization);
+    m_window = std::make_unique<CVrkLogBook>(&m_client.app());
+    start(login);
+}
+
+void JournalWindow::start(const QString& login)
+{
     if (!m_window->ModuleStart())
         qFatal("the journal of %s does not start", qPrintable(login));
     m_window->show();

@@ -19,6 +19,10 @@ public:
     explicit JournalWindow(const TestStore& store, const QString& login,
                            const QByteArray& department = QByteArray());
 
+    /// On a store of one's own, signed in already as \a login.
+    JournalWindow(std::unique_ptr<Store> store, const QString& login, const QString& department,
+                  const QString& organization);
+
     TestClient& client() { return m_client; }
     CVrkLogBook& window() { return *m_window; }
     LogBookWidget& home() { return *m_home; }
@@ -68,6 +72,8 @@ public:
     void select(const char* key);
 
 private:
+    void start(const QString& login);
+
     TestClient m_client;
     std::unique_ptr<CVrkLogBook> m_window;
     LogBookWidget* m_home = nullptr;
