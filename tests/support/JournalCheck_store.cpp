@@ -1,0 +1,283 @@
+#include "CommentsWidget.h"
+#include "JournalCheck.h"
+#include "JournalRows.h"
+#include "LocationInfo.h"
+#include "MessageListDelegate.h"
+#include "TableCatalog.h"
+#include "VrkTableModel.h"
+#include "VrkTableProxyModel.h"
+#include <QListWidget>
+
+#include <QIcon>
+#include <QTabWidget>
+
+/// Windows against the store, and against windows that are opened now.
+
+namespace
+{
+using namespace JournalRows;
+
+QString valueText(const MDRVar& value)
+{
+    if (value.isNull || value.type == mdr_TNone)
+        return QStringLiteral("-");
+    if (MDRValue::isText(value))
+        return TestStore::text(MDRValue::copy(value));
+    if (value.type == mdr_TDouble)
+        return QString::number(value.value.real, 'g', 15);
+    return QString::number(value.value.number);
+}
+
+VrkTableProxyModel* proxyOf(const LogBookTab* tab)
+{
+    return qobject_cast<VrkTableProxyModel*>(RandomDispatcher::view(tab)->model());
+}
+
+QString quotedKeys(const QList<QByteArray>& keys)
+{
+    return QLatin1Char('\'') + QString::fromUtf8(keys.join("','")) + QLatin1Char('\'');
+}
+
+/// All fields that the store has of a record.
+QString rowText(const MDRData* record, const char* table)
+{
+    QStringList values;
+    for (const MDRFieldDescr& field : TableCatalog::table(table)->descriptors())
+        values << valueText(recordValue(record, field.name));
+    return values.join(QLatin1Char('|'));
+}
+
+/// What a cell shows in a role, in a form that can be compared.
+QString cellText(const QVariant& value, int role)
+{
+    if (role == Qt::DecorationRole) {
+        const QIcon icon = value.value<QIcon>();
+        const QImage image = icon.pixmap(16).toImage();
+        return image.isNull()
+                   ? QString()
+                   : QString::number(qHashBits(image.constBits(), std::size_t(image.sizeInBytes())));
+    }
+    if (role == Qt::FontRole)
+        return value.value<QFont>().strikeOut() ? QStringLiteral("struck out") : QString();
+    if (role == Qt::ForegroundRole)
+        return value.value<QBrush>().color().name();
+    return value.toString();
+}
+
+/// The visible rows of a journal by the key of their record: everything that is to be seen of them.
+QMap<QByteArray, QStringList> cells(LogBookWidget* journal)
+{
+    QMap<QByteArray, QStringList> rows;
+    const VrkTableProxyModel* proxy = proxyOf(journal);
+    for (int row = 0; row < proxy->rowCount(); ++row) {
+        QStringList texts;
+        for (int column = 0; column < proxy->columnCount(); ++column)
+            for (int role : {Qt::DisplayRole, Qt::DecorationRole, Qt::ToolTipRole, Qt::FontRole,
+                             Qt::ForegroundRole, Qt::UserRole})
+                texts << cellText(proxy->index(row, column).data(role), role);
+        rows.insert(bytes(proxy->record(row), "KeyLink"), texts);
+    }
+    return rows;
+}
+} // namespace
+
+QString JournalCheck::name(LogBookWidget* journal)
+{
+    return journal->location()->departmentKey() + QStringLiteral(" mode %1").arg(journal->mode());
+}
+
+JournalCheck::Rows JournalCheck::rowsOf(const CMDArray& rows, const char* table)
+{
+    Rows texts;
+    for (const MDRData* record : all(rows)) {
+        const QByteArray key = bytes(record, "KeyLink");
+        texts.insert(texts.contains(key) ? key + " a second time" : key, rowText(record, table));
+    }
+    return texts;
+}
+
+JournalCheck::Rows JournalCheck::stored(const char* table, const QString& where) const
+{
+    StoreError error;
+    CMDArray answer;
+    answer = m_reader->select(
+        QStringLiteral("SELECT * FROM %1 WHERE %2").arg(QLatin1String(table), where).toUtf8(), &error);
+    if (!answer.array)
+        qFatal("%s", qPrintable(error.text));
+    return rowsOf(answer, table);
+}
+
+JournalCheck::Rows JournalCheck::held(LogBookWidget* journal, const char* table)
+{
+    return rowsOf(journal->table(QLatin1String(table))->data, table);
+}
+
+QStringList JournalCheck::compare(const QString& what, const Rows& held, const Rows& stored)
+{
+    QStringList faults;
+    for (auto row = held.begin(); row != held.end(); ++row) {
+        if (!stored.contains(row.key()))
+            faults << QStringLiteral("%1 %2 is held, a load brings no such row: %3")
+                          .arg(what, QString::fromUtf8(row.key()), row.value());
+        else if (stored.value(row.key()) != row.value())
+            faults << QStringLiteral("%1 %2 is held as\n  %3\n  and stored as\n  %4")
+                          .arg(what, QString::fromUtf8(row.key()), row.value(), stored.value(row.key()));
+    }
+    for (auto row = stored.begin(); row != stored.end(); ++row)
+        if (!held.contains(row.key()))
+            faults << QStringLiteral("%1 %2 is missing: %3")
+                          .arg(what, QString::fromUtf8(row.key()), row.value());
+    return faults;
+}
+
+QStringList JournalCheck::workshifts(const QString& name, LogBookWidget* journal) const
+{
+    const Rows shifts = held(journal, "LogbookWorkshifts");
+    if (journal->mode() == LogBookWidget::ArchiveInterval)
+        return compare(name + QStringLiteral(" shift"), shifts, {});
+    const QString current = journal->workshiftKeyLink();
+    if (journal->mode() == LogBookWidget::ArchiveWorkshift)
+        return compare(name + QStringLiteral(" shift"), shifts,
+                       stored("LogbookWorkshifts", QStringLiteral("KeyLink='%1'").arg(current)));
+
+    // A page that stands open keeps the shifts that it has shown, closed ones too: those beside the open ones are
+    // compared with themselves.
+    const Rows open =
+        stored("LogbookWorkshifts",
+               QStringLiteral("DepartmentKey='%1' AND (CloseWorkerKey IS NULL OR CloseWorkerKey='')")
+                   .arg(journal->location()->departmentKey()));
+    Rows wanted =
+        stored("LogbookWorkshifts", QStringLiteral("KeyLink IN (%1)").arg(quotedKeys(shifts.keys())));
+    for (auto row = open.begin(); row != open.end(); ++row)
+        wanted.insert(row.key(), row.value());
+    QStringList faults = compare(name + QStringLiteral(" shift"), shifts, wanted);
+    if (!open.isEmpty() && !open.contains(current.toUtf8()))
+        faults << QStringLiteral("%1 shows the shift %2, while %3 is open")
+                      .arg(name, current, QString::fromUtf8(open.keys().join(',')));
+    return faults;
+}
+
+/// The tab of comments: the own records on which comments wait, and those of others on which one came meanwhile.
+QStringList JournalCheck::inbox(CommentsWidget* page) const
+{
+    const QString name = QStringLiteral("comments");
+    const QString unread =
+        QStringLiteral("KeyLink IN (SELECT RecordKey FROM LogbookComments WHERE readedTime=0)");
+    const QString me = page->location()->workerKey();
+    Rows visible;
+    QStringList faults;
+    const VrkTableProxyModel* proxy = proxyOf(page);
+    for (int row = 0; row < proxy->rowCount(); ++row)
+        visible.insert(bytes(proxy->record(row), "KeyLink"), rowText(proxy->record(row), "LogbookRecords"));
+    Rows wanted = stored("LogbookRecords", QStringLiteral("WorkerKey='%1' AND %2").arg(me, unread));
+    const Rows others = stored("LogbookRecords", QStringLiteral("WorkerKey<>'%1' AND %2").arg(me, unread));
+    for (auto row = others.begin(); row != others.end(); ++row)
+        if (visible.contains(row.key()))
+            wanted.insert(row.key(), row.value());
+    faults += compare(name + QStringLiteral(" record"), visible, wanted);
+
+    const MDRData* current = page->currentRecord();
+    const QString ofCurrent =
+        QStringLiteral("RecordKey='%1'").arg(QString::fromUtf8(bytes(current, "KeyLink")));
+    QStringList listed;
+    const auto* list = page->findChild<QListWidget*>(QStringLiteral("commentsList"));
+    for (int i = 0; i < list->count(); ++i)
+        listed << list->item(i)->data(CommentKeyRole).toString() + QLatin1Char(' ') + list->item(i)->text();
+    QStringList there;
+    const Rows comments = stored("LogbookComments", ofCurrent);
+    for (auto row = comments.begin(); row != comments.end(); ++row)
+        there << QString::fromUtf8(row.key()) + QLatin1Char(' ') +
+                     row.value().section(QLatin1Char('|'), 4, 4);
+    listed.sort();
+    there.sort();
+    if (listed != there)
+        faults << QStringLiteral("comments of %1: %2 instead of %3")
+                      .arg(ofCurrent, listed.join(QLatin1Char(',')), there.join(QLatin1Char(',')));
+    if (current && isSet(recordValue(current, "file")) != !stored("LogbookFiles", ofCurrent).isEmpty())
+        faults << QStringLiteral("comments: the mark of files with ") + ofCurrent;
+    return faults;
+}
+
+QStringList JournalCheck::againstStore(RandomDispatcher& person)
+{
+    QStringList faults;
+    for (CommentsWidget* page : person.window().window().findChildren<CommentsWidget*>())
+        faults += inbox(page);
+    for (LogBookWidget* journal : person.journals()) {
+        if (journal->mode() == LogBookWidget::RealTime)
+            journal
+                ->uploadRealTimeWorkshift(); // changes nothing but where another shift than the one closed is open
+        const QString name = this->name(journal);
+        faults += workshifts(name, journal);
+
+        const QString shift = journal->workshiftKeyLink();
+        const bool isInterval = journal->mode() == LogBookWidget::ArchiveInterval;
+        const Rows crew =
+            isInterval ? Rows()
+                       : stored("LogbookWorkersWorkshift", QStringLiteral("WorkshiftKey='%1'").arg(shift));
+        Rows heldCrew = held(journal, "LogbookWorkersWorkshift");
+        Rows records = stored("LogbookRecords", recordsWhere(journal));
+        const Rows heldRecords = held(journal, "LogbookRecords");
+        if (journal->mode() != LogBookWidget::RealTime) {
+            const QSet<QByteArray> loaded = m_loaded.value(journal); // nothing new comes to an archive
+            for (auto row = records.begin(); row != records.end();)
+                row = loaded.contains(row.key()) ? row + 1 : records.erase(row);
+        }
+        faults += compare(name + QStringLiteral(" crew"), heldCrew, crew);
+        faults += compare(name + QStringLiteral(" record"), heldRecords, records);
+        const QString ofRecords = QStringLiteral("RecordKey IN (%1)").arg(quotedKeys(records.keys()));
+        faults += compare(name + QStringLiteral(" comment"), held(journal, "LogbookComments"),
+                          stored("LogbookComments", ofRecords));
+        faults += compare(name + QStringLiteral(" file"), held(journal, "LogbookFiles"),
+                          stored("LogbookFiles", ofRecords));
+    }
+    return faults;
+}
+
+QStringList JournalCheck::againstFresh(RandomDispatcher& person, JournalWindow& fresh)
+{
+    QStringList faults;
+    for (LogBookWidget* journal : person.journals()) {
+        const QString name = this->name(journal);
+        fresh.window().appendLogbook(journal->location()->organizationKey(),
+                                     journal->location()->departmentKey());
+        auto* tabs = fresh.child<QTabWidget>("logbooks");
+        auto* page = qobject_cast<LogBookWidget*>(tabs->currentWidget());
+        if (page->title() != journal->title())
+            faults << QStringLiteral("%1: the title is %2").arg(name, journal->title());
+        // Where an open shift is shown live a fresh page does so by itself; anything else it has to be told.
+        if (journal->mode() == LogBookWidget::ArchiveInterval)
+            page->uploadRecordsIn(journal->displayedPeriodStart(), journal->displayedPeriodEnd());
+        else if (page->workshiftKeyLink() != journal->workshiftKeyLink() ||
+                 journal->mode() == LogBookWidget::ArchiveWorkshift)
+            page->uploadRecordsIn(journal->workshiftKeyLink());
+
+        const auto here = cells(journal);
+        const auto there = cells(page);
+        const VrkTableModel* model = proxyOf(page)->tableModel();
+        for (auto row = here.begin(); row != here.end(); ++row) {
+            if (!there.contains(row.key())) {
+                if (journal->isHideDraft() == page->isHideDraft())
+                    faults << QStringLiteral("%1: a fresh page does not show %2")
+                                  .arg(name, QString::fromUtf8(row.key()));
+                continue;
+            }
+            for (int i = 0; i < row->size(); ++i)
+                if (row->at(i) != there[row.key()].at(i))
+                    faults << QStringLiteral("%1: %2 shows %3 in %4 (part %5), a fresh page %6")
+                                  .arg(name, QString::fromUtf8(row.key()), row->at(i),
+                                       QLatin1String(model->field(i / 6)->name))
+                                  .arg(i % 6)
+                                  .arg(there[row.key()].at(i));
+        }
+        for (int column = 0; column < model->columnCount(); ++column) {
+            const QVariant told = proxyOf(journal)->headerData(column, Qt::Horizontal);
+            if (told != proxyOf(page)->headerData(column, Qt::Horizontal))
+                faults << QStringLiteral("%1: column %2 is headed %3")
+                              .arg(name)
+                              .arg(column)
+                              .arg(told.toString());
+        }
+    }
+    return faults;
+}
