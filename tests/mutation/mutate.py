@@ -3,10 +3,15 @@
 them, and lists the changes that no test caught.
 
     tests/mutation/mutate.py --count 20 --seed 1 --build-dir build/dev 'platform/hfn/*.cpp' 'plugin/logbook/*.cpp'
+    tests/mutation/mutate.py --safeguards tests/mutation/safeguards.txt --build-dir build/dev [NAME...]
 
 The room of a source is its folder; its tests are those that bear the folder's name as their label. A change that does
 not compile is put aside and another one is drawn. Some survivors change nothing that can be seen (a hint of a size, an
 order that does not matter): each has to be judged, by a test that is missing or by a reason why none can be written.
+
+A list of safeguards names the changes itself, each with the tests that must fail without it; its head tells the notation.
+Each of its changes must leave a store that can be made and signed in to, so that a slip in the list does not pass for a
+test that failed; and every one must be caught.
 """
 import argparse
 import pathlib
@@ -84,13 +89,16 @@ def run(command, **options):
     return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, **options)
 
 
-class Tests:
-    """The tests of one room in a build tree."""
+def known_tests(build, *choice):
+    return re.findall(r"Test\s+#\d+: (\S+)", run(["ctest", "--test-dir", build, "-N", *choice]).stdout)
 
-    def __init__(self, build, room):
+
+class Tests:
+    """The tests of one room in a build tree, or those that are named."""
+
+    def __init__(self, build, room=None):
         self.build = build
-        listing = run(["ctest", "--test-dir", build, "-N", "-L", f"^{room}$"]).stdout
-        self.names = re.findall(r"Test\s+#\d+: (\S+)", listing)
+        self.names = known_tests(build, *(["-L", f"^{room}$"] if room else []))
         targets = run(["ninja", "-C", build, "-t", "targets", "all"]).stdout
         self.programs = set(re.findall(r"^(\S+): phony$", targets, re.M))
 
@@ -99,7 +107,8 @@ class Tests:
         return [name for name in self.names if name.startswith(path.stem.split("_")[0])]
 
     def make(self, names):
-        return run(["ninja", "-C", self.build, "-j2", *[n for n in names if n in self.programs]]).returncode == 0
+        programs = {name.replace("_on_postgresql", "") for name in names} & self.programs
+        return run(["ninja", "-C", self.build, "-j2", *sorted(programs)]).returncode == 0
 
     def passes(self, names):
         one = "|".join(re.escape(name) for name in names)
@@ -118,14 +127,98 @@ class Tests:
         return False
 
 
+class Safeguard:
+    """One change that takes something away on which others rely."""
+
+    def __init__(self, name, path, old, new, tests):
+        self.name, self.path, self.old, self.new, self.tests = name, path, old, new, tests
+
+    def canaries(self):
+        """What must still work, so that the change is one and not a ruin."""
+        on_server = [name.startswith("Postgres") or name.endswith("_on_postgresql") for name in self.tests]
+        return (["Store_login_test"] if not all(on_server) else []) + \
+               (["Store_login_test_on_postgresql"] if any(on_server) else [])
+
+
+def refusals(name, path, tests):
+    """Each refusal of a file of rules that never comes, and each column left out where a rule lists those it watches."""
+    text = path.read_text(encoding="utf-8")
+
+    def rule_of(match):
+        return ([""] + re.findall(r"^RULE (\w+)", text[:match.start()], re.M))[-1]
+
+    for match in re.finditer(r"REFUSE '([^']*)'\s+WHERE\s+([^;]*);", text):
+        if rule_of(match):
+            yield Safeguard(f"{name}: {rule_of(match)}: {match[1]}", path, (match.start(), match[0]),
+                            f"REFUSE '{match[1]}' WHERE 1 = 0 AND ({match[2]});", tests)
+    for match in re.finditer(r"CHANGED\(([^)]*,[^)]*)\)", text):
+        columns = [column.strip() for column in match[1].split(",")]
+        for column in columns if rule_of(match) else []:
+            left = ", ".join(other for other in columns if other != column)
+            yield Safeguard(f"{name}: {rule_of(match)}: {column}", path, (match.start(), match[0]), f"CHANGED({left})",
+                            tests)
+
+
+def safeguards(path):
+    for block in re.split(r"\n\s*\n", path.read_text(encoding="utf-8")):
+        lines = [line for line in block.splitlines() if line and not line.startswith("#")]
+        if not lines:
+            continue
+        words = dict(re.match(r"(\w+): ?(.*)", line).groups() for line in lines[1:])
+        source = ROOT / words["file"]
+        if "old" not in words:
+            yield from refusals(lines[0], source, words["tests"].split())
+            continue
+        text = source.read_text(encoding="utf-8")
+        if text.count(words["old"]) != 1:
+            sys.exit(f"{lines[0]}: {words['file']} has {text.count(words['old'])} times: {words['old']}")
+        yield Safeguard(lines[0], source, (text.index(words["old"]), words["old"]), words["new"],
+                        words["tests"].split())
+
+
+def take_away(build, path, names):
+    """Takes each safeguard of the list away; the names of those that no test missed."""
+    tests = Tests(build)
+    chosen = [one for one in safeguards(path) if not names or any(name in one.name for name in names)]
+    wanted = sorted({name for one in chosen for name in one.tests + one.canaries()})
+    unknown = set(wanted) - set(tests.names)
+    if unknown:
+        sys.exit(f"there are no such tests in {build}: {' '.join(sorted(unknown))}")
+    if not (tests.make(wanted) and tests.passes(wanted)):
+        sys.exit("the tests fail before any change")
+    survivors = []
+    for one in chosen:
+        original = one.path.read_bytes()
+        place, old = one.old
+        text = original.decode("utf-8")
+        try:
+            one.path.write_bytes((text[:place] + one.new + text[place + len(old):]).encode("utf-8"))
+            if not tests.make(one.canaries() + one.tests) or not tests.passes(one.canaries()):
+                verdict = "RUIN"
+            else:
+                verdict = "SURVIVED" if tests.passes(one.tests) else "caught"
+        finally:
+            one.path.write_bytes(original)
+        if verdict != "caught":
+            survivors.append(one.name)
+        print(f"{verdict:8} {one.name}", flush=True)
+    tests.make(wanted)  # the build tree holds the true sources again
+    print(f"\n{len(chosen)} safeguards, {len(survivors)} of them missed by no test")
+    return survivors
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("globs", nargs="*", default=["platform/hfn/*.cpp"], help="sources, relative to the root")
     parser.add_argument("--count", type=int, default=10, help="changes to try (default 10)")
     parser.add_argument("--seed", type=int, default=1, help="the same seed draws the same changes")
     parser.add_argument("--build-dir", default="build/dev", help="a configured build with tests")
+    parser.add_argument("--safeguards", metavar="FILE", help="take away what a list names; NAMEs choose some of them")
     options = parser.parse_args()
     build = str((ROOT / options.build_dir).resolve())
+    if options.safeguards:
+        names = options.globs if options.globs != parser.get_default("globs") else []
+        sys.exit(1 if take_away(build, ROOT / options.safeguards, names) else 0)
 
     sources = sorted({path for pattern in options.globs for path in ROOT.glob(pattern)})
     choices = [(path, *change) for path in sources for change in mutations(path)]

@@ -93,6 +93,7 @@ private slots:
                 [&](const QVector<StoreChange>& changes) { arrived += changes.size(); });
         StoreError error;
         QVERIFY(feed.start(&error));
+        m_store->hasNews(); // a fresh connection is one
         silence();
         QVERIFY(write(m_other.get(), "A"));
         QTRY_COMPARE_WITH_TIMEOUT(arrived, 1, 10000);
