@@ -30,7 +30,8 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
         const qint64 number = last.integer(0) + 1;
         const QByteArray login = writerName();
         SqliteStatement begin = m_write->cached(
-            "INSERT INTO CurrentTransaction (number, login, userKey, loader) VALUES (?, ?, ?, ?)");
+            "INSERT INTO CurrentTransaction (number, login, userKey, loader) VALUES (?, ?, coalesce("
+            "(SELECT KeyLink FROM Users WHERE KeyLink = ? AND coalesce(deleted_, 0) = 0), ''), ?)");
         begin.bind(1, number).bind(2, login).bind(3, m_user.key).bind(4, qint64(m_options.loader));
         if (!begin.run())
             return fail(*m_write, error);

@@ -1,3 +1,4 @@
+#include "CMDArray.h"
 #include "GenGuid32.h"
 #include "MDRValues.h"
 #include "TableCatalog.h"
@@ -16,7 +17,7 @@ class Store_rules_test : public QObject, private WriterOfRules
     {
         if (type == mdr_TChar || type == mdr_TMemo)
             return {name, "OTHER"};
-        return {name, 7};
+        return {name, type == mdr_TBool ? QVariant() : QVariant(7)};
     }
 
     static Fields newWorkshift(const char* department, const char* opener, double start)
@@ -40,6 +41,23 @@ private slots:
                                   &error));
         QCOMPARE(error.code, StoreError::Refused);
         QCOMPARE(error.text, QString::fromUtf8("Вход в хранилище не выполнен."));
+    }
+
+    void whoWasRemovedWritesNothingMore()
+    {
+        const auto store = m_files->open(QStringLiteral("petrov"));
+        const auto comment = [&](const char* key) {
+            StoreError error;
+            const bool done =
+                TestStore::write(store.get(), "LogbookComments", ROW_INSERT, key,
+                                 {{"WorkerKey", "WORKER_PETROV"}, {"RecordKey", "REC_ORDER"}}, &error);
+            m_refusal = error.text;
+            return done;
+        };
+        QVERIFY(comment("A"));
+        load("Users", ROW_UPDATE, "USER_PETROV", {{"deleted_", 1}});
+        QVERIFY(!comment("B"));
+        QCOMPARE(m_refusal, QString::fromUtf8("Комментарий пишут от своего имени."));
     }
 
     // Workshifts
@@ -374,6 +392,92 @@ private slots:
         QVERIFY(write("petrov", "LogbookRecords", ROW_UPDATE, "REC_PAST_1",
                       {{"SecondMarkWorkerKey", nullptr}, {"secondMarkTime", nullptr}}));
         QVERIFY(!write("petrov", "LogbookRecords", ROW_UPDATE, "REC_OPENING", {{"secondMarkTime", 6}}));
+        // A marker is somebody's.
+        QVERIFY(!write("petrov", "LogbookRecords", ROW_UPDATE, "REC_ORDER", {{"secondMarkTime", 6}}));
+        QCOMPARE(m_refusal, QString::fromUtf8("Второй маркер ставят от своего имени."));
+        load("LogbookRecords", ROW_UPDATE, "REC_ORDER", {{"secondMarkTime", 6}});
+        QVERIFY(write("petrov", "LogbookRecords", ROW_UPDATE, "REC_ORDER", {{"secondMarkTime", 0}}));
+    }
+
+    void noRuleLooksAtTheClock()
+    {
+        // A shift of the year 1970, and a record of things to come.
+        QVERIFY(write("smirnov", "LogbookWorkshifts", ROW_INSERT, "S",
+                      newWorkshift("DEP_ODS", "WORKER_SMIRNOV_ODS", 1)));
+        Fields record = newRecord("S", "WORKER_SMIRNOV_ODS", 1);
+        for (const char* time : {"recordTime", "eventTime", "firstMarkTime", "executionTime"})
+            record.push_back({time, 4e9});
+        QVERIFY(write("smirnov", "LogbookRecords", ROW_INSERT, "R", record));
+        QVERIFY(write("smirnov", "LogbookRecords", ROW_UPDATE, "R", {{"eventTime", 1}, {"status", 0}}));
+        QVERIFY(write("smirnov", "LogbookRecords", ROW_UPDATE, "R",
+                      {{"SecondMarkWorkerKey", "WORKER_SMIRNOV_ODS"}, {"secondMarkTime", 4e9}}));
+        QVERIFY(write("smirnov", "LogbookWorkshifts", ROW_UPDATE, "S",
+                      {{"CloseWorkerKey", "WORKER_SMIRNOV_ODS"}}));
+    }
+
+    // Whatever a table is, and whoever comes
+
+    void everyLoginReadsEveryTable_data()
+    {
+        QTest::addColumn<QByteArray>("login");
+        for (const char* login : {"viewer", "ivanov", "smirnov", "sidorova"})
+            QTest::newRow(login) << QByteArray(login);
+    }
+    void everyLoginReadsEveryTable()
+    {
+        QFETCH(QByteArray, login);
+        const auto store = m_files->open(QString::fromLatin1(login));
+        StoreError error;
+        for (const CatalogTable& table : TableCatalog::tables()) {
+            CMDArray answer;
+            answer = store->select("SELECT * FROM " + table.name, &error);
+            QVERIFY2(answer.array, table.name.constData());
+            QCOMPARE(answer.RecCount(), value("SELECT count(*) FROM " + table.name).toInt());
+        }
+        ChangePosition position;
+        QVERIFY(store->position(&position, &error));
+        position.number = 0;
+        QVector<StoreChange> changes;
+        QVERIFY(store->changesAfter(&position, 100000, &changes, &error));
+        QCOMPARE(changes.size(), value("SELECT count(*) FROM ChangeLog").toInt());
+    }
+
+    void strangerChangesNothingButReadMarks_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        for (const CatalogTable& table : TableCatalog::tables())
+            QTest::newRow(table.name.constData()) << table.name;
+    }
+    /// Somebody who may sign in and works nowhere tries every operation, and every column of each row of the journal.
+    void strangerChangesNothingButReadMarks()
+    {
+        QFETCH(QByteArray, name);
+        const CatalogTable& table = *TableCatalog::table(name);
+        const auto store = m_files->open(QStringLiteral("viewer"));
+        const auto isRefused = [&](MDRFlag flag, const QByteArray& key, const Fields& fields) {
+            StoreError error;
+            const bool done = TestStore::write(store.get(), name, flag, key, fields, &error);
+            // By a rule, and not since other rows depend on this one.
+            return !done && error.code == StoreError::Refused &&
+                   !error.text.contains(QString::fromUtf8("связана с другими"));
+        };
+        QVERIFY(isRefused(ROW_INSERT, "NEW", name == "Users" ? Fields{{"login", "new"}} : Fields()));
+        if (value("SELECT count(*) FROM " + name).toInt() == 0)
+            load(name, ROW_INSERT, "LOADED");
+        auto keys = m_files->rows(QString::fromLatin1("SELECT KeyLink FROM " + name));
+        if (!name.startsWith("Logbook"))
+            keys.resize(1); // no rule of the other tables looks at the row
+        for (const QVariantList& row : keys) {
+            const QByteArray key = row.value(0).toString().toUtf8();
+            for (const CatalogField& field : table.fields) {
+                const bool isFree = name == "LogbookComments" && field.name == "readedTime";
+                if (field.name == "KeyLink")
+                    continue;
+                const auto written = other(field.name.constData(), field.type);
+                QVERIFY2(isRefused(ROW_UPDATE, key, {written}) != isFree, field.name + ' ' + key);
+            }
+            QVERIFY2(isRefused(ROW_DELETE, key, {}), key.constData());
+        }
     }
 
     // Comments and files

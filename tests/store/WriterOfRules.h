@@ -31,7 +31,7 @@ protected:
         if (!TestStore::write(m_files->openLoader().get(), table, flag, key, fields, &error))
             qFatal("%s", qPrintable(error.text + error.detail));
     }
-    QVariant value(const char* sql) const { return m_files->value(QString::fromUtf8(sql)); }
+    QVariant value(const QByteArray& sql) const { return m_files->value(QString::fromUtf8(sql)); }
     static Fields newRecord(const char* shift, const char* worker, int status)
     {
         return {{"ShiftKey", shift}, {"WorkerKey", worker}, {"status", status}, {"html", "x"}};

@@ -112,8 +112,8 @@ END;
 RULE Rule_Records_secondMark BEFORE UPDATE OF SecondMarkWorkerKey, secondMarkTime ON LogbookRecords
     REFUSE 'Второй маркер ставят от своего имени.'
     WHERE CHANGED(SecondMarkWorkerKey, secondMarkTime)
-      AND coalesce(NEW.SecondMarkWorkerKey, '') <> ''
-      AND NEW.SecondMarkWorkerKey NOT IN (SELECT KeyLink FROM CurrentWorkers);
+      AND (coalesce(NEW.SecondMarkWorkerKey, '') <> '' OR coalesce(NEW.secondMarkTime, 0) <> 0)
+      AND coalesce(NEW.SecondMarkWorkerKey, '') NOT IN (SELECT KeyLink FROM CurrentWorkers);
 END;
 
 RULE Rule_Records_visa BEFORE UPDATE OF VisaWorkerKey ON LogbookRecords
