@@ -127,6 +127,9 @@ private slots:
              {{"WorkshiftKey", "SHIFT_CDS_OPEN"}, {"WorkerKey", "WORKER_SIDOROVA"}, {"opening", 0}});
         QVERIFY(!write("sidorova", "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
                        {{"CloseWorkerKey", "WORKER_SIDOROVA"}}));
+        QVERIFY(!write("sidorova", "LogbookRecords", ROW_INSERT, "R",
+                       newRecord("SHIFT_CDS_OPEN", "WORKER_SIDOROVA", 1)));
+        QVERIFY(!write("sidorova", "LogbookRecords", ROW_DELETE, "REC_DRAFT_IVANOV"));
     }
 
     void openerNeedsNoCrewRow()
