@@ -7,6 +7,7 @@ build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclara
        fonts-dejavu-core fonts-liberation tzdata ca-certificates"
 test="sqlite3 python3 postgresql openssl poppler-utils"
 check="clang-format-14 git"
+clock="faketime"
 bench="libbenchmark-dev"
 
 wanted=()
