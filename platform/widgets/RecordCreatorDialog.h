@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <QString>
+#include <vector>
 
 class CLiteModel;
 class CModelTable;
@@ -95,7 +96,8 @@ private:
     void loadTables();
     void openNew();
     void openRecord(const QByteArray& key);
-    void restoreKept();
+    void restoreKept(std::vector<Kept>::iterator position);
+    void restoreEdit();
     void keepUnsaved();
     void dropRestored();
     void chooseTemplate();
@@ -158,5 +160,5 @@ private:
     bool m_lostUnsaved = false; ///< there was unsaved text when the record was lost
     bool m_conflict = false;    ///< others changed the record under unsaved text
     bool m_filling = false;     ///< the window changes its own fields
-    std::unique_ptr<Kept> m_kept;
+    std::vector<Kept> m_kept;   ///< offered one after the other, the last first
 };

@@ -10,6 +10,7 @@
 #include "RecordCreatorKept.h"
 #include "ui_RecordCreatorDialog.h"
 
+#include <algorithm>
 #include <QScopedValueRollback>
 #include <QTextCodec>
 
@@ -76,11 +77,13 @@ void RecordCreatorDialog::MessageData(TEventNciParse* event)
 void RecordCreatorDialog::recordEvent(const TEventNciParse* event)
 {
     const QByteArray key(event->recordKey);
-    if (m_kept && m_kept->key == key) {
-        // Kept text is of no use when its row is there after all, exactly as it stood.
-        if (event->eventNumber == EventInserted && m_kept->sent.differences(m_kept->draft).isEmpty())
-            m_kept.reset();
-    }
+    // Kept text is of no use when its row is there after all, exactly as it stood.
+    if (event->eventNumber == EventInserted)
+        m_kept.erase(std::remove_if(m_kept.begin(), m_kept.end(),
+                                    [&](const Kept& kept) {
+                                        return kept.key == key && kept.sent.differences(kept.draft).isEmpty();
+                                    }),
+                     m_kept.end());
     if (key != m_key)
         return;
     if (event->eventNumber == EventInserted)

@@ -11,6 +11,7 @@
 #include "RecordCreatorKept.h"
 #include "ui_RecordCreatorDialog.h"
 
+#include <algorithm>
 #include <QScopedValueRollback>
 #include <QStyle>
 #include <QTextCodec>
@@ -111,8 +112,8 @@ void RecordCreatorDialog::openNew()
         m_form->templatesWidget->clearSelection();
     }
     showDraft(m_before);
-    if (m_kept)
-        restoreKept();
+    if (!m_kept.empty())
+        restoreKept(m_kept.end() - 1);
     m_form->templatesWidget->setVisible(true);
     if (m_restored)
         focusText();
@@ -138,8 +139,8 @@ void RecordCreatorDialog::openRecord(const QByteArray& key)
         m_form->noticeBar->tell(NoticeBar::Warning, tr("Запись не найдена: возможно, она удалена."));
     else if (!draft)
         tellReadOnly();
-    else if (m_kept && !m_kept->create && m_kept->key == key)
-        restoreKept();
+    else
+        restoreEdit();
     focusText();
 }
 
@@ -268,29 +269,41 @@ void RecordCreatorDialog::keepUnsaved()
 {
     if (!isDirty())
         return;
-    m_kept = std::make_unique<Kept>();
-    m_kept->create = m_mode != Mode::Edit;
-    m_kept->key = m_mode == Mode::Orphaned ? GenGuid32() : m_key;
-    m_kept->templateKey = m_form->templatesWidget->currentTemplateKey();
-    m_kept->attempted = m_attempted;
-    m_kept->sent = m_sent;
-    m_kept->draft = draft();
+    Kept kept;
+    kept.create = m_mode != Mode::Edit;
+    kept.key = m_mode == Mode::Orphaned ? GenGuid32() : m_key;
+    if (m_mode == Mode::Create) // the tree of an edit is hidden and stands where it stood
+        kept.templateKey = m_form->templatesWidget->currentTemplateKey();
+    kept.attempted = m_attempted;
+    kept.sent = m_sent;
+    kept.draft = draft();
+    m_kept.push_back(std::move(kept));
     m_form->templateFiller->forgetValues();
 }
 
-void RecordCreatorDialog::restoreKept()
+/// What was typed for the record in work, the last of it, if there is any.
+void RecordCreatorDialog::restoreEdit()
 {
-    const std::unique_ptr<Kept> kept = std::move(m_kept);
+    const auto last = std::find_if(m_kept.rbegin(), m_kept.rend(),
+                                   [this](const Kept& kept) { return !kept.create && kept.key == m_key; });
+    if (last != m_kept.rend())
+        restoreKept(last.base() - 1);
+}
+
+void RecordCreatorDialog::restoreKept(std::vector<Kept>::iterator position)
+{
+    const Kept kept = std::move(*position);
+    m_kept.erase(position);
     if (m_mode == Mode::Create) {
-        m_key = kept->create ? kept->key : GenGuid32();
-        m_attempted = kept->attempted && kept->create;
-        m_sent = kept->sent;
+        m_key = kept.create ? kept.key : GenGuid32();
+        m_attempted = kept.attempted && kept.create;
+        m_sent = kept.sent;
         QScopedValueRollback<bool> filling(m_filling, true);
-        m_form->templatesWidget->selectTemplate(kept->templateKey);
+        m_form->templatesWidget->selectTemplate(kept.templateKey);
     }
     m_restored = true;
     const QString clean = m_cleanText;
-    showDraft(kept->draft);
+    showDraft(kept.draft);
     m_cleanText = clean;
     m_form->noticeBar->tell(NoticeBar::Information, tr("Восстановлен несохранённый текст"),
                             {{DropRestored, tr("Отбросить"), QStringLiteral("dropRestoredButton")}});

@@ -317,6 +317,33 @@ private slots:
         QCOMPARE(recordCount(store), before + 2);
     }
 
+    void text_after_text_is_kept_and_offered_one_after_the_other()
+    {
+        TestStore store;
+        CreatorBench bench(store);
+        bench.create();
+        fillOrder(bench, QStringLiteral("Первый"));
+        bench.dialog->close();
+        bench.edit("REC_DRAFT_IVANOV"); // an edit is kept beside it
+        bench.click("toButton");
+        bench.dialog->close();
+        bench.create(); // the last first
+        QVERIFY(bench.button("toButton")->isChecked());
+        bench.choose("TPL_ORDER", {{"text", QStringLiteral("Второй")}}); // which keeps what was shown
+        bench.dialog->close();
+
+        bench.create();
+        QCOMPARE(bench.shown("text"), QStringLiteral("Второй"));
+        bench.click("dropRestoredButton");
+        QVERIFY(bench.button("toButton")->isChecked());
+        bench.click("dropRestoredButton");
+        QCOMPARE(bench.shown("text"), QStringLiteral("Первый"));
+        bench.click("saveButton");
+        QVERIFY(newestHtml(store).contains(QStringLiteral("Первый")));
+        bench.create();
+        QCOMPARE(bench.notice(), QString());
+    }
+
     void restored_text_can_be_dropped()
     {
         TestStore store;
