@@ -15,6 +15,7 @@
 namespace
 {
 constexpr QSize leastWindow(640, 400);
+constexpr QSize usualFrame(8, 36); ///< of a window that has not been shown yet
 constexpr int leastPane = 40; ///< a narrower one is as good as lost
 constexpr int largestPane = 10000;
 
@@ -99,8 +100,14 @@ bool WindowMemory::restorePlace()
 {
     const QSettings settings;
     const QRect frame = settings.value(key(QStringLiteral("frame"))).toRect();
-    if (!frame.isValid() || !m_window)
+    if (!m_window)
         return false;
+    if (!frame.isValid()) {
+        const QScreen* screen = m_window->screen();
+        m_window->resize(m_window->size().boundedTo(screen ? screen->availableSize() - usualFrame
+                                                           : m_window->size()));
+        return false;
+    }
     // What the window manager's frame takes; nothing sensible is larger.
     const QSize around = settings.value(key(QStringLiteral("around"))).toSize().expandedTo(QSize(0, 0));
     const QRect place = fitted(frame, screensNow());

@@ -19,7 +19,8 @@ class WindowMemory
 public:
     WindowMemory(QMainWindow* window, const QString& user, const QString& module);
 
-    /// Puts the window where it was, before it is shown. False, and nothing is done, when nothing is remembered.
+    /// Puts the window where it was, before it is shown. False when nothing is remembered: then it is only made no larger
+    /// than the screen.
     bool restorePlace();
     /// Gives panes and columns their sizes, once the module has made them; what they are by themselves is noted first.
     void restoreInside();

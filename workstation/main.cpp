@@ -59,6 +59,8 @@ int main(int argc, char* argv[])
     doWithoutDisplay(argc, argv);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    // A desktop at 125 or 150 % means just that; the toolkit would make 100 and 200 % of it.
+    QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
     HostSettings::useOwnPlace();
     QApplication::setApplicationVersion(QStringLiteral(VRK_VERSION));

@@ -65,6 +65,7 @@ bool CVrkLogBook::ModuleStart()
     createDialogs();
     createConnections();
     createInbox();
+    home()->setFocus(); // the arrow keys are for the records
     return true;
 }
 

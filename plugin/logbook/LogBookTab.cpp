@@ -4,6 +4,7 @@
 #include "CommentsPane.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "EmptyHint.h"
 #include "FilesPane.h"
 #include "MDRValues.h"
 #include "MessageListDelegate.h"
@@ -62,6 +63,7 @@ void LogBookTab::configureForm()
     // The table takes the room that is left; the panes keep their width.
     m_ui->splitter->setStretchFactor(0, 1);
     m_ui->searchWidget->hide();
+    setFocusProxy(m_ui->recordsTable);
 }
 
 void LogBookTab::createAnnex(const Annex& annex)
@@ -80,6 +82,17 @@ void LogBookTab::createAnnex(const Annex& annex)
                                                         m_ui->deleteFileButton, m_ui->saveFileButton},
                                     source(annex.files), this, nullptr);
     m_paneRoom = new PaneRoom(m_ui->splitter, m_tableTool);
+    const auto ofRecord = [this](const QString& text) {
+        return m_tableTool && currentRecord() ? text : QString();
+    };
+    auto* comments =
+        new EmptyHint(m_ui->commentsList, [this, ofRecord] { return ofRecord(tr("Комментариев нет")); });
+    auto* files = new EmptyHint(m_ui->filesTable, [this, ofRecord] { return ofRecord(tr("Файлов нет")); });
+    connect(m_ui->recordsTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [comments, files] {
+                comments->refresh();
+                files->refresh();
+            });
 }
 
 void LogBookTab::switchVisiblePanes()

@@ -168,6 +168,8 @@ private:
     // LogBookWidget_init.cpp
     void initTables();
     void configurePanes();
+    /// Why there is no record, and what to do.
+    QString emptyText() const;
     void configureTableTool();
     void configureContextMenu();
     void createDialogs();
@@ -264,6 +266,7 @@ private:
     RecordPreparer m_preparer;
     RecordCensus m_census;
     FilterByStatus* m_draftsFilter = nullptr;
+    bool m_hasFailed = false; ///< a request of the load that is shown
     DurationOptions m_durationOptions;
     QTimer* m_controlTimer;
     QTimer* m_repeatTimer;

@@ -102,6 +102,7 @@ void LogBookWidget::clearTables(std::initializer_list<CModelTable*> tables)
 {
     m_draftsFilter->forgetShown(); // it was asked for among the former rows
     m_census.clear();
+    m_hasFailed = false;
     for (CModelTable* table : tables)
         table->data.lastError = MDAClearRec(table->data.array);
 }
@@ -125,12 +126,33 @@ bool LogBookWidget::isStale() const
     return false;
 }
 
+QString LogBookWidget::emptyText() const
+{
+    if (m_hasFailed)
+        return tr("Записи не прочитаны: причина названа внизу окна.\nКнопка с часами прочтёт их снова.");
+    switch (m_mode) {
+    case ArchiveInterval:
+        return tr("За это время записей нет");
+    case ArchiveWorkshift:
+        return tr("В этой смене записей нет");
+    case RealTime:
+        break;
+    default:
+        return {};
+    }
+    if (!m_currentWorkshift)
+        return tr("Открытой смены нет.\nЕё открывает диспетчер подразделения: кнопка «Смена» вверху.");
+    return isRecordCreatable() ? tr("В смене ещё нет записей.\nНовая запись: Ctrl + N")
+                               : tr("В смене ещё нет записей");
+}
+
 bool LogBookWidget::request(CModelTable& table, const QString& sql, const char* signature)
 {
     table.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
     if (table.data.lastError == mdr_Ok)
         return true;
     m_isStale = true;
+    m_hasFailed = true;
     LogText::warn(QLatin1String(signature), tr("error SQL query execution [%1]").arg(sql));
     return false;
 }

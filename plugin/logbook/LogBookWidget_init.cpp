@@ -3,6 +3,7 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "DateTimeRangeDialog.h"
+#include "EmptyHint.h"
 #include "Filters.h"
 #include "LocationInfo.h"
 #include "LogbookFields.h"
@@ -54,6 +55,8 @@ void LogBookWidget::init(CVrkCliMod* module, LocationInfo* location)
     createDialogs();
     createConnections();
     updateRecordsFilter();
+    auto* hint = new EmptyHint(m_ui->recordsTable, [this] { return emptyText(); });
+    connect(this, &LogBookWidget::statusChanged, hint, &EmptyHint::refresh);
     reloadPanes(currentRecord()); // the load moved the current row before anybody listened
     startDurationControl();
 }
