@@ -16,7 +16,7 @@ namespace
 {
 constexpr QSize leastWindow(640, 400);
 constexpr QSize usualFrame(8, 36); ///< of a window that has not been shown yet
-constexpr int leastPane = 40; ///< a narrower one is as good as lost
+constexpr int leastPane = 40;      ///< a narrower one is as good as lost
 constexpr int largestPane = 10000;
 
 /// The names of a widget and of what it stands in: the same at every start.
@@ -104,8 +104,8 @@ bool WindowMemory::restorePlace()
         return false;
     if (!frame.isValid()) {
         const QScreen* screen = m_window->screen();
-        m_window->resize(m_window->size().boundedTo(screen ? screen->availableSize() - usualFrame
-                                                           : m_window->size()));
+        m_window->resize(
+            m_window->size().boundedTo(screen ? screen->availableSize() - usualFrame : m_window->size()));
         return false;
     }
     // What the window manager's frame takes; nothing sensible is larger.
