@@ -77,6 +77,7 @@ void CVrkUnfinished::makeBar()
     addToolBar(Qt::TopToolBarArea, bar);
 
     m_days->setObjectName(QStringLiteral("daysSpin"));
+    m_days->setAccessibleName(tr("За сколько дней"));
     m_days->setRange(1, 3660);
     m_days->setPrefix(tr("За последние "));
     m_days->setSuffix(tr(" дн."));

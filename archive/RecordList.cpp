@@ -192,6 +192,7 @@ RecordList::RecordList(QWidget* parent)
       m_copyAction(m_menu->addAction(CVrkCliMod::icon(QStringLiteral("copy")), tr("Копировать")))
 {
     m_view->setObjectName(QStringLiteral("foundTable"));
+    m_view->setAccessibleName(tr("Записи"));
     m_empty->setObjectName(QStringLiteral("emptyLabel"));
     m_empty->setAlignment(Qt::AlignCenter);
     m_empty->setWordWrap(true);

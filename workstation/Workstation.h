@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AccessibleNames.h"
 #include "CVrkCliApp.h"
 #include "Options.h"
 #include "PluginLoader.h"
@@ -57,6 +58,7 @@ private:
     void addStatusLine(CVrkCliMod* module);
     WindowMemory* memory(const CVrkCliMod* module);
 
+    AccessibleNames m_names;
     CVrkCliApp m_app;
     std::unique_ptr<LogSink> m_sink;
     PluginCatalog m_catalog;

@@ -21,6 +21,7 @@ const QColor warm(0xe0, 0x8a, 0x00);
 
 FillerText::FillerText(QWidget* parent) : QTextBrowser(parent)
 {
+    setAccessibleName(tr("Текст записи"));
     setOpenLinks(false);
     setFocusPolicy(Qt::ClickFocus);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard |

@@ -79,11 +79,13 @@ OrgStructWidget::OrgStructWidget(QWidget* parent) : QWidget(parent), d(new Priva
 {
     d->search = new QLineEdit(this);
     d->search->setObjectName(QStringLiteral("searchEdit"));
+    d->search->setAccessibleName(tr("Поиск"));
     d->search->setPlaceholderText(tr("Поиск..."));
     d->search->setClearButtonEnabled(true);
     d->search->installEventFilter(this);
     d->tree = new QTreeView(this);
     d->tree->setObjectName(QStringLiteral("structTree"));
+    d->tree->setAccessibleName(tr("Организационная структура"));
     d->tree->setHeaderHidden(true);
     d->tree->setUniformRowHeights(true);
     d->tree->setEditTriggers(QAbstractItemView::NoEditTriggers);

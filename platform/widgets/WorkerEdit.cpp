@@ -22,6 +22,7 @@ WorkerEdit::WorkerEdit(QWidget* parent)
     layout->addWidget(m_line, 1);
     layout->addWidget(m_treeButton);
     m_line->setObjectName(QStringLiteral("workerLine"));
+    m_line->setAccessibleName(tr("Собеседник"));
     m_line->setPlaceholderText(tr("Фамилия, имя или подразделение"));
     m_line->setClearButtonEnabled(true);
     m_line->setMinimumWidth(fontMetrics().averageCharWidth() * 14);

@@ -119,6 +119,7 @@ void TemplateTab::createCategoryPassport()
     edit->setFrame(false);
     edit->setMaxLength(name->width);
     edit->setEnabled((this->*m_operations->canEditPassport)());
+    edit->setAccessibleName(label.isEmpty() ? tr("Наименование") : label);
     addRow(m_form->categoryPropsTree, nullptr, label.isEmpty() ? tr("Наименование") : label, edit);
     connect(edit, &QLineEdit::textChanged, this, &TemplateTab::categoryNameChanged);
 }
@@ -131,6 +132,7 @@ void TemplateTab::createTemplatePassport()
     const auto add = [&](const QString& label, QWidget* editor, const char* name, int height = rowHeight,
                          QTreeWidgetItem* parent = nullptr) {
         editor->setObjectName(QLatin1String(name));
+        editor->setAccessibleName(label);
         auto* box = qobject_cast<QCheckBox*>(editor);
         return addRow(tree, parent, label, box ? centerCheckBox(box) : editor, height);
     };
