@@ -4,6 +4,7 @@
 #include "RandomDispatcher.h"
 #include "StoreAdmin.h"
 
+#include <QRegularExpression>
 #include <QTabWidget>
 #include <QtTest>
 
@@ -154,8 +155,12 @@ private:
     QStringList lostTexts(RandomDispatcher& person)
     {
         QStringList texts;
-        for (const QString& text : person.lostTexts())
-            texts << QStringLiteral("typed and lost: ") + text;
+        for (const QString& text : person.lostTexts()) {
+            const int typed = m_history.indexOf(QRegularExpression(QStringLiteral(".* %1.*").arg(text)));
+            const QStringList since = m_history.mid(typed).filter(person.login() + QLatin1Char(' '));
+            texts << QStringLiteral("typed and lost: %1\n  %2")
+                         .arg(text, since.mid(0, 40).join(QLatin1String("\n  ")));
+        }
         judge(person, false);
         return texts;
     }

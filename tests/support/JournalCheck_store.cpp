@@ -203,6 +203,17 @@ QStringList JournalCheck::againstStore(RandomDispatcher& person)
     QStringList faults;
     for (CommentsWidget* page : person.window().window().findChildren<CommentsWidget*>())
         faults += inbox(page);
+    const QString me = person.window().home().location()->workerKey();
+    const int unread =
+        stored("LogbookComments",
+               QStringLiteral("readedTime=0 AND RecordKey IN (SELECT KeyLink FROM LogbookRecords WHERE "
+                              "WorkerKey='%1')")
+                   .arg(me))
+            .size();
+    if (person.window().window().unreadComments() != unread)
+        faults << QStringLiteral("%1 unread comments are told instead of %2")
+                      .arg(person.window().window().unreadComments())
+                      .arg(unread);
     for (LogBookWidget* journal : person.journals()) {
         if (journal->mode() == LogBookWidget::RealTime)
             journal
