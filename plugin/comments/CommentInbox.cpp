@@ -11,10 +11,14 @@
 #include "TableLoad.h"
 #include "TEventNciParse.h"
 
+#include <algorithm>
 #include <QTextCodec>
+#include <utility>
 
 namespace
 {
+constexpr int retryMs = 1000; ///< until what failed is asked again
+
 /// Positions in the table of comments.
 enum CommentField { KeyField, WorkerField, RecordField, TimeField, TextField, ReadedField };
 
@@ -34,6 +38,9 @@ bool isRead(const MDRVar& time)
 CommentInbox::CommentInbox(CVrkCliMod* module, const LocationInfo* location, QObject* parent)
     : QObject(parent), m_module(module), m_location(location)
 {
+    m_retry.setInterval(retryMs);
+    m_retry.setSingleShot(true);
+    connect(&m_retry, &QTimer::timeout, this, &CommentInbox::askAgain);
 }
 
 MDArray* CommentInbox::request(const QString& sql) const
@@ -51,18 +58,22 @@ void CommentInbox::upload()
                       {QLatin1String(LogbookTable::Records), QStringLiteral("KeyLink"),
                        QLatin1String(LogbookTable::Comments), QStringLiteral("RecordKey"),
                        QStringLiteral("WorkerKey"), m_location->workerKey(), QStringLiteral("readedTime")}));
+    m_isUploaded = records.array != nullptr;
     const QString keys = TableLoad::quotedKeys(records);
     if (!keys.isEmpty()) {
         CMDArray comments;
         comments = request(
             LogText::fill(QLatin1String(LogbookSql::ByRecords),
                           {QLatin1String(LogbookTable::Comments), QStringLiteral("RecordKey"), keys}));
+        m_isUploaded = comments.array != nullptr;
         for (int row = 0; row < comments.RecCount(); ++row) {
             const MDRData* comment = MDARec(comments.array, 0, row);
             if (!isRead(recordValue(comment, "readedTime")))
                 m_unread.insert(MDRValue::copy(recordValue(comment, "KeyLink")));
         }
     }
+    if (!m_isUploaded)
+        m_retry.start();
     emit countChanged(count());
 }
 
@@ -73,38 +84,68 @@ void CommentInbox::take(const TEventNciParse& event)
     const QByteArray key(event.recordKey);
     const bool isUnread = event.eventNumber != EventDeleted && !isRead(eventValue(event, ReadedField));
     if (!isUnread) {
+        m_doubtful.erase(std::remove_if(m_doubtful.begin(), m_doubtful.end(),
+                                        [&](const Arrival& arrival) { return arrival.key == key; }),
+                         m_doubtful.end());
         if (m_unread.remove(key))
             emit countChanged(count());
         return;
     }
-    if (m_unread.contains(key) || !isOwnRecord(MDRValue::copy(eventValue(event, RecordField))))
+    if (!m_unread.contains(key))
+        judge({key, MDRValue::copy(eventValue(event, RecordField)), announcement(event)});
+}
+
+void CommentInbox::judge(const Arrival& arrival)
+{
+    const Answer answer = isOwnRecord(arrival.recordKey);
+    if (answer == Answer::Unknown) {
+        m_doubtful.append(arrival);
+        m_retry.start();
+    }
+    if (answer != Answer::Yes || m_unread.contains(arrival.key))
         return;
-    m_unread.insert(key);
+    m_unread.insert(arrival.key);
     emit countChanged(count());
+    if (!arrival.announcement.isEmpty())
+        emit arrived(arrival.announcement);
+}
+
+void CommentInbox::askAgain()
+{
+    if (!m_isUploaded)
+        upload();
+    for (const Arrival& arrival : std::exchange(m_doubtful, {}))
+        judge(arrival);
+}
+
+QString CommentInbox::announcement(const TEventNciParse& event) const
+{
     if (event.eventNumber != EventInserted)
-        return;
+        return QString();
     const QTextCodec* codec = m_module->session()->codec();
     const QString author =
         HfnWrapper::workerShortName(codec, m_location->table(QLatin1String(LogbookTable::Workers)),
                                     QString::fromUtf8(MDRValue::copy(eventValue(event, WorkerField))));
-    emit arrived(tr("Комментарий к вашей записи. %1: %2")
-                     .arg(author, codec->toUnicode(MDRValue::bytes(eventValue(event, TextField)))));
+    return tr("Комментарий к вашей записи. %1: %2")
+        .arg(author, codec->toUnicode(MDRValue::bytes(eventValue(event, TextField))));
 }
 
-bool CommentInbox::isOwnRecord(const QByteArray& recordKey)
+CommentInbox::Answer CommentInbox::isOwnRecord(const QByteArray& recordKey)
 {
     const auto known = m_isOwn.constFind(recordKey);
     if (known != m_isOwn.constEnd())
-        return *known;
+        return *known ? Answer::Yes : Answer::No;
     CMDArray answer;
     answer = request(LogText::fill(
         QLatin1String(LogbookSql::RecordByField),
         {QLatin1String(LogbookTable::Records), QStringLiteral("KeyLink"), QString::fromUtf8(recordKey)}));
+    if (!answer.array)
+        return Answer::Unknown;
     if (answer.RecCount() == 0)
-        return false; // asked again with the next comment
+        return Answer::No; // asked again with the next comment
     const MDRVar worker = recordValue(MDARec(answer.array, 0, 0), "WorkerKey");
     const bool isOwn =
         MDRValue::hasText(worker) && MDRValue::bytes(worker) == m_location->workerKey().toUtf8();
     m_isOwn.insert(recordKey, isOwn);
-    return isOwn;
+    return isOwn ? Answer::Yes : Answer::No;
 }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QByteArray>
 #include <QHash>
 #include <QObject>
 #include <QSet>
+#include <QTimer>
+#include <QVector>
 
 class CVrkCliMod;
 class LocationInfo;
@@ -19,7 +22,7 @@ public:
     /// Neither is owned.
     CommentInbox(CVrkCliMod* module, const LocationInfo* location, QObject* parent);
 
-    /// Counts what waits; a failed request counts as nothing.
+    /// Counts what waits. What the server does not tell is asked again a little later, here and when a comment comes.
     void upload();
     void take(const TEventNciParse& event);
     int count() const { return m_unread.size(); }
@@ -30,11 +33,24 @@ signals:
     void arrived(const QString& text);
 
 private:
+    struct Arrival {
+        QByteArray key;
+        QByteArray recordKey;
+        QString announcement; ///< empty for a comment that has only changed
+    };
+    enum class Answer { Yes, No, Unknown };
+
     MDArray* request(const QString& sql) const;
-    bool isOwnRecord(const QByteArray& recordKey);
+    Answer isOwnRecord(const QByteArray& recordKey);
+    void judge(const Arrival& arrival);
+    void askAgain();
+    QString announcement(const TEventNciParse& event) const;
 
     CVrkCliMod* m_module;
     const LocationInfo* m_location;
     QSet<QByteArray> m_unread;       ///< keys of comments
     QHash<QByteArray, bool> m_isOwn; ///< by record, as far as it was asked
+    QVector<Arrival> m_doubtful;     ///< whose record it is could not be asked
+    bool m_isUploaded = false;
+    QTimer m_retry;
 };

@@ -1,4 +1,7 @@
+#include "CommentInbox.h"
 #include "CVrkLogBook.h"
+#include "FailingStore.h"
+#include "JournalWindow.h"
 #include "LogWatch.h"
 #include "TestClient.h"
 
@@ -70,6 +73,37 @@ private slots:
         write(store, QStringLiteral("ivanov"), "REC_MESSAGE", "COM_OWN", TestStore::now()); // born read
         QCOMPARE(desk.takeCalls(), QStringList());
         QCOMPARE(desk.window.unreadComments(), 2);
+    }
+
+    void aCommentThatComesWhileTheStoreFailsCallsLater()
+    {
+        const LogWatch log; // the failures stand there
+        const TestStore store;
+        const auto plan = std::make_shared<FailingStore::Plan>();
+        JournalWindow ivanov(std::make_unique<FailingStore>(store.open(QStringLiteral("ivanov")), plan),
+                             QStringLiteral("ivanov"), QStringLiteral("DEP_CDS"), QStringLiteral("ORG_NETS"));
+        QSignalSpy calls(&ivanov.window(), &CVrkCliMod::attentionCalled);
+        write(store, QStringLiteral("petrov"), "REC_MESSAGE", "COM_NEW");
+        plan->failedSelects = 1;
+        ivanov.deliver();
+        QCOMPARE(ivanov.window().unreadComments(), 2);
+        QTRY_COMPARE(ivanov.window().unreadComments(), 3);
+        QCOMPARE(calls.count(), 1);
+        QVERIFY(calls[0][0].toString().contains(QStringLiteral("Замечание")));
+    }
+
+    void theCountAtTheStartComesLaterWhenItFails()
+    {
+        const LogWatch log;
+        const TestStore store;
+        const auto plan = std::make_shared<FailingStore::Plan>();
+        JournalWindow ivanov(std::make_unique<FailingStore>(store.open(QStringLiteral("ivanov")), plan),
+                             QStringLiteral("ivanov"), QStringLiteral("DEP_CDS"), QStringLiteral("ORG_NETS"));
+        auto* inbox = ivanov.window().findChild<CommentInbox*>();
+        plan->failedSelects = 2; // and once more when it is asked again
+        inbox->upload();
+        QCOMPARE(ivanov.window().unreadComments(), 0);
+        QTRY_COMPARE(ivanov.window().unreadComments(), 2);
     }
 
     void readingAndDeletingCountDown()

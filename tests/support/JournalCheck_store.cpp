@@ -210,7 +210,9 @@ QStringList JournalCheck::againstStore(RandomDispatcher& person)
                               "WorkerKey='%1')")
                    .arg(me))
             .size();
-    if (person.window().window().unreadComments() != unread)
+    // What could not be asked is asked again a little later.
+    if (!TestClient::waitUntil([&] { return person.window().window().unreadComments() == unread; },
+                               m_loadsFail ? 4000 : 0))
         faults << QStringLiteral("%1 unread comments are told instead of %2")
                       .arg(person.window().window().unreadComments())
                       .arg(unread);
