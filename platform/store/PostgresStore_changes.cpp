@@ -27,10 +27,11 @@ bool PostgresStore::changesAfter(ChangePosition* position, int limit, QVector<St
     // which the limit is reached. The server plans for one row of ends, as long as nothing has counted its tables, too.
     const PgResult rows = m_link.prepared(
         "WITH ends AS MATERIALIZED (SELECT epoch, number AS head, "
-        "(SELECT number FROM ChangeLog WHERE number > $1 ORDER BY number, entry OFFSET $2 LIMIT 1) AS last "
+        "(SELECT number FROM ChangeLog WHERE number > $1 ORDER BY number, entry OFFSET $2 LIMIT 1) AS last, "
+        "number <= $1 OR EXISTS (SELECT 1 FROM ChangeTransactions AS T WHERE T.number = $1 + 1) AS reaches "
         "FROM ChangeEnd LIMIT 1) "
         "SELECT ends.epoch, ends.head, ends.last, L.number, L.event, L.tableName, L.rowKey, L.oldRow, "
-        "L.newRow "
+        "L.newRow, ends.reaches "
         "FROM ends LEFT JOIN ChangeLog AS L ON L.number > $1 AND L.number <= coalesce(ends.last, ends.head) "
         "ORDER BY L.number, L.entry",
         PgValues().number(position->number).number(qint64(limit - 1)), error);
@@ -42,6 +43,15 @@ bool PostgresStore::changesAfter(ChangePosition* position, int limit, QVector<St
                   QString::fromUtf8("Хранилище «%1» заменено другим: данные нужно загрузить заново.")
                       .arg(m_link.place()),
                   QString()};
+        return false;
+    }
+    if (rows.integer(0, 9) == 0) {
+        *error = {
+            StoreError::NotAStore,
+            QString::fromUtf8("Журнал изменений хранилища «%1» начинается позже: данные нужно загрузить "
+                              "заново.")
+                .arg(m_link.place()),
+            QString()};
         return false;
     }
     for (int i = 0; i < rows.rows() && !rows.isNull(i, 3); ++i) {

@@ -26,6 +26,19 @@ bool SqliteStore::changesAfter(ChangePosition* position, int limit, QVector<Stor
             QString()};
         return false;
     }
+    SqliteStatement next = m_read->cached("SELECT 1 FROM ChangeTransactions WHERE number = ?");
+    next.bind(1, position->number + 1);
+    if (end.number > position->number && !next.step()) {
+        if (next.code() != SQLITE_DONE)
+            return fail(*m_read, error);
+        *error = {
+            StoreError::NotAStore,
+            QString::fromUtf8("Журнал изменений хранилища «%1» начинается позже: данные нужно загрузить "
+                              "заново.")
+                .arg(m_file),
+            QString()};
+        return false;
+    }
     // What is committed while we read is left for the next call: the transactions up to the end are whole.
     SqliteStatement rows =
         m_read->cached("SELECT number, event, tableName, rowKey, oldRow, newRow FROM ChangeLog"

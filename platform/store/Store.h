@@ -117,7 +117,8 @@ public:
     /// The end of the change log at this moment.
     virtual bool position(ChangePosition* position, StoreError* error) = 0;
     /// Appends the changes after \a position, whole transactions in order of commit, at most about \a limit
-    /// rows, and moves the position on. False with Lost, or with NotAStore when the history is another one.
+    /// rows, and moves the position on. False with Lost, or with NotAStore when the history is another one or the
+    /// log no longer reaches back that far.
     virtual bool changesAfter(ChangePosition* position, int limit, QVector<StoreChange>* changes,
                               StoreError* error) = 0;
     /// Cheap: true when somebody may have written since the last call.

@@ -252,6 +252,32 @@ private slots:
         QCOMPARE(m_error.code, StoreError::NotAStore);
     }
 
+    void logThatNoLongerReachesBackIsToldApart()
+    {
+        const ChangePosition before = m_position;
+        for (const char* key : {"A", "B", "C"})
+            write("Roles", ROW_INSERT, key);
+        // An administrator has put the oldest changes away.
+        for (const char* table : {"ChangeLog", "ChangeTransactions"}) {
+            const QString unlock =
+                TestStore::isSqlite()
+                    ? QStringLiteral("DROP TRIGGER %1_noDelete; ")
+                          .arg(QLatin1String(qstrcmp(table, "ChangeLog") == 0 ? "Log" : "Transactions"))
+                    : QStringLiteral("ALTER TABLE %1 DISABLE TRIGGER USER; ").arg(QLatin1String(table));
+            QCOMPARE(m_files->exec(unlock + QStringLiteral("DELETE FROM %1 WHERE number <= %2")
+                                                .arg(QLatin1String(table))
+                                                .arg(before.number + 1)),
+                     QString());
+        }
+        QVERIFY(changes().isEmpty());
+        QCOMPARE(m_error.code, StoreError::NotAStore);
+        QVERIFY2(m_error.text.contains(QString::fromUtf8("нужно загрузить заново")),
+                 qPrintable(m_error.text));
+        QCOMPARE(m_position.number, before.number);
+        ++m_position.number; // who has read them goes on
+        QCOMPARE(changes().size(), 2);
+    }
+
     void logKeepsBatchLoginAndTime()
     {
         const auto store = m_files->open(QStringLiteral("petrov"));
