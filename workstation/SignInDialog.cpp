@@ -37,6 +37,8 @@ SignInDialog::SignInDialog(SignIn* signIn, const QString& login, const QString& 
 
     connect(m_form->loginCombo, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &SignInDialog::loginChosen);
+    connect(m_form->departmentCombo, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &SignInDialog::departmentChosen);
     connect(m_form->buttonBox, &QDialogButtonBox::accepted, this, &SignInDialog::accept);
     connect(m_form->buttonBox, &QDialogButtonBox::rejected, this, &SignInDialog::reject);
     loginChosen();
@@ -112,17 +114,29 @@ void SignInDialog::loginChosen()
     for (const SignIn::Department& one : departments)
         m_form->departmentCombo->addItem(QStringLiteral("%1, %2").arg(one.name, one.organizationName),
                                          one.key);
+    if (departments.size() > 1)
+        m_form->departmentCombo->setCurrentIndex(-1); // the first of the alphabet is nobody's choice
     select(m_form->departmentCombo, QSettings().value(QLatin1String(lastDepartments)).toMap().value(login()));
     const QByteArray wanted = departmentOf(*m_signIn, m_department);
     if (!wanted.isEmpty())
         select(m_form->departmentCombo, wanted);
 
     m_form->departmentCombo->setEnabled(departments.size() > 1);
-    m_form->noticeLabel->setText(
-        !known                  ? m_signIn->errorText()
-        : departments.isEmpty() ? tr("Для этого пользователя не заведён сотрудник ни в одном подразделении.")
-                                : QString());
-    m_form->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(known && !departments.isEmpty());
+    const QString refusal = !known ? m_signIn->errorText()
+                            : departments.isEmpty()
+                                ? tr("Для этого пользователя не заведён сотрудник ни в одном подразделении.")
+                                : QString();
+    m_form->noticeLabel->setText(refusal);
+    m_isKnown = refusal.isEmpty();
+    departmentChosen();
+}
+
+void SignInDialog::departmentChosen()
+{
+    const bool isChosen = m_form->departmentCombo->currentIndex() >= 0;
+    m_form->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(m_isKnown && isChosen);
+    if (m_isKnown)
+        m_form->noticeLabel->setText(isChosen ? QString() : tr("Выберите подразделение."));
 }
 
 void SignInDialog::accept()

@@ -38,9 +38,11 @@ public:
 
 private:
     void loginChosen();
+    void departmentChosen();
     void accept() override;
 
     SignIn* m_signIn;
     QString m_department;
+    bool m_isKnown = false; ///< the login is let in and belongs to a department
     std::unique_ptr<Ui::SignInDialog> m_form;
 };

@@ -177,7 +177,8 @@ void StatusLine::setTexts(bool isShort)
 {
     m_isShort = isShort;
     m_connectionLabel->setVisible(!isShort || !m_session->isConnected()); // the icon says it as well
-    m_userLabel->setText(QStringLiteral("%1, %2").arg(isShort ? shortName(m_user) : m_user, m_department));
+    const QString name = isShort ? shortName(m_user) : m_user;
+    m_userLabel->setText(m_department.isEmpty() ? name : QStringLiteral("%1, %2").arg(name, m_department));
     m_unreadButton->setText(
         (isShort ? tr("Комментарии: %1") : tr("Непрочитанных комментариев: %1")).arg(m_unread));
     m_themeButton->setText(isShort ? QStringLiteral("◐") : tr("День/ночь"));

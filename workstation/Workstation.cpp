@@ -156,6 +156,10 @@ CVrkCliMod* Workstation::startModule(const QString& name)
     module->show();
     module->ModuleStart();
     memory(module)->restoreInside();
+    if (m_departmentName.isEmpty()) // the module refuses in few words
+        statusLine(module)->addFailure(
+            tr("Для этого пользователя не заведён сотрудник ни в одном подразделении: "
+               "это делает администратор журнала."));
     return module;
 }
 

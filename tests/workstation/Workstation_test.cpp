@@ -97,6 +97,8 @@ private slots:
         QVERIFY(m_journal->findChild<QTableView*>(QStringLiteral("recordsTable"))->model()->rowCount() > 0);
         QCOMPARE(label("connectionLabel")->text(), QStringLiteral("Подключено"));
         QVERIFY(label("userLabel")->text().endsWith(QStringLiteral(", ЦДС")));
+        m_journal->resize(1219, 602); // the screen of the tests is smaller, and the line shortens its texts
+        QCoreApplication::processEvents();
         QVERIFY(QDateTime::fromString(label("clockLabel")->text(), QStringLiteral("dd.MM.yyyy hh:mm:ss"))
                     .isValid());
         QCOMPARE(shownMessage(), QString());
@@ -168,6 +170,11 @@ private slots:
         const auto* box = module->findChild<CPopMessageBox*>();
         QVERIFY(box && box->isVisible());
         QCOMPARE(box->text(), QStringLiteral("<center>Сотрудник не определен!</center>"));
+        const QStringList told = host.statusLine(module)->failures();
+        QCOMPARE(told.size(), 1);
+        QVERIFY(told.constFirst().endsWith(QStringLiteral("это делает администратор журнала.")));
+        const auto* user = host.statusLine(module)->findChild<QLabel*>(QStringLiteral("userLabel"));
+        QVERIFY2(!user->text().contains(QLatin1Char(',')), qPrintable(user->text()));
     }
 
     void aPluginThatDoesNotLoadIsNamed()

@@ -33,6 +33,7 @@ private slots:
     void aStoreWithoutPermissionIsTold();
 
     void theDialogAsksForUserAndDepartment();
+    void aDepartmentOfSeveralIsChosenByTheUser();
     void theDialogRemembersTheDepartmentOfEachUser();
     void aCancelledSignInHasNoReason();
     void theDialogTellsWhyAUserCannotEnter();
@@ -179,6 +180,36 @@ void Workstation_users_test::theDialogAsksForUserAndDepartment()
     CVrkCliMod* window = m_host->startModule(QStringLiteral("logbook"));
     QVERIFY(window);
     QVERIFY(window->findChild<QLabel*>(QStringLiteral("userLabel"))->text().endsWith(chosen));
+}
+
+void Workstation_users_test::aDepartmentOfSeveralIsChosenByTheUser()
+{
+    bool wasAsked = false;
+    HostBench::whenShown<SignInDialog>([&wasAsked](SignInDialog* dialog) {
+        auto* logins = dialog->findChild<QComboBox*>(QStringLiteral("loginCombo"));
+        auto* departments = dialog->findChild<QComboBox*>(QStringLiteral("departmentCombo"));
+        const auto* notice = dialog->findChild<QLabel*>(QStringLiteral("noticeLabel"));
+        const auto* enter =
+            dialog->findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))->button(QDialogButtonBox::Ok);
+        logins->setCurrentIndex(logins->findData(QStringLiteral("ozerov")));
+        QCOMPARE(departments->currentIndex(), -1);
+        QVERIFY(!enter->isEnabled());
+        QCOMPARE(notice->text(), QStringLiteral("Выберите подразделение."));
+        QTest::keyClick(dialog, Qt::Key_Return);
+        QVERIFY(dialog->isVisible());
+        QTest::keyClick(departments, Qt::Key_Down);
+        QCOMPARE(departments->currentIndex(), 0);
+        QVERIFY(enter->isEnabled());
+        QCOMPARE(notice->text(), QString());
+        // The only one needs no choice.
+        logins->setCurrentIndex(logins->findData(QStringLiteral("roshchin")));
+        QCOMPARE(departments->currentIndex(), 0);
+        QVERIFY(enter->isEnabled());
+        wasAsked = true;
+        dialog->reject();
+    });
+    QVERIFY(!m_host->enter(options(QString())));
+    QVERIFY(wasAsked);
 }
 
 void Workstation_users_test::theDialogRemembersTheDepartmentOfEachUser()
