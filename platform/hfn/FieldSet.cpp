@@ -42,13 +42,6 @@ const MDRField* FieldSet::byName(const char* name) const
     return nullptr;
 }
 
-int FieldSet::check(const MDRField* field) const
-{
-    if (field == nullptr || field->ordinal >= count())
-        return mdr_Invalid;
-    return type(field->ordinal) == field->type ? mdr_Ok : mdr_TypeMismatch;
-}
-
 int FieldSet::add(int count, const MDRFieldDescr* fields)
 {
     if (count < 0 || (count > 0 && fields == nullptr))

@@ -20,7 +20,12 @@ public:
     /// ASCII case ignored; of several fields with one name the first.
     const MDRField* byName(const char* name) const;
     /// mdr_Ok when a record with these fields has the field that the handle means.
-    int check(const MDRField* field) const;
+    int check(const MDRField* field) const
+    {
+        if (field == nullptr || field->ordinal >= count())
+            return mdr_Invalid;
+        return type(field->ordinal) == field->type ? mdr_Ok : mdr_TypeMismatch;
+    }
 
     /// Appends all or none; mdr_Invalid for a malformed descriptor, mdr_Full beyond maxCount.
     int add(int count, const MDRFieldDescr* fields);

@@ -200,6 +200,24 @@ int MDArray::copyRecords(const MDArray& source)
     return mdr_Ok;
 }
 
+int MDArray::append(const MDRData& record)
+{
+    constexpr std::size_t spare = 32; // for a text in one of the fields that the other array lacks
+    MDRData* copy = m_pool.make(this);
+    if (copy == nullptr)
+        return mdr_Full;
+    if (record.body != nullptr) {
+        copy->body = MDRData::Body::clone(record.body, fields().count(), spare);
+        if (copy->body == nullptr) {
+            RecordPool::kill(copy);
+            return mdr_Full;
+        }
+        copy->body->clearMarks();
+    }
+    post(copy);
+    return mdr_Ok;
+}
+
 MDRRange MDArray::recordsWith(int ordinal, const char* text)
 {
     for (const auto& index : m_indexes) {

@@ -201,6 +201,10 @@ VRK_EXPORT int MDAClearAll(MDArray* array);
 /// keys keeps them, sorted anew (a key field that is gone drops out of its key); one without takes the
 /// source's. Blobs that stay in the store are not fetched. An array is not copied onto itself (mdr_Invalid).
 VRK_EXPORT int MDACopy(MDArray* destination, const MDArray* source, int flag);
+/// Copies the records that the source's first key sees, in its order, behind those of the destination: values, without
+/// flags and marks, field by field by their numbers. A value that the destination's field cannot take, and what it has
+/// beyond the source's fields, is null.
+VRK_EXPORT int MDARecsAppend(MDArray* destination, const MDArray* source);
 /// Makes an array received from the server writable. Answers arrive writable here, so it does nothing but
 /// check.
 VRK_EXPORT int MDAUnpackForWrite(MDArray* array);

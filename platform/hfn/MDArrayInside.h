@@ -38,6 +38,9 @@ public:
     /// Takes over another array's posted records; the fields are the same, there are no records yet. mdr_Full
     /// when memory runs out, and then takes none.
     int copyRecords(const MDArray& source);
+    /// Posts a copy of another array's record, without flags and marks. The first fields are of the types that the
+    /// fields there have. mdr_Full when memory runs out.
+    int append(const MDRData& record);
 
     /// The records whose text field holds this text.
     MDRRange recordsWith(int ordinal, const char* text);

@@ -1,5 +1,6 @@
 #include "MDArrayInside.h"
 
+#include <algorithm>
 #include <QList>
 
 namespace
@@ -8,6 +9,32 @@ namespace
 bool isIn(const MDRData* record, RecordState state)
 {
     return record != nullptr && record->owner != nullptr && record->state == state;
+}
+
+bool startsWith(const FieldSet& fields, const FieldSet& first)
+{
+    if (first.count() > fields.count())
+        return false;
+    for (int i = 0; i < first.count(); ++i) {
+        if (fields.type(i) != first.type(i))
+            return false;
+    }
+    return true;
+}
+
+/// Posts a copy of a record whose fields are of other types.
+int appendValues(MDArray* array, const MDRData* record)
+{
+    MDRData* copy = MDARecNew(array);
+    if (copy == nullptr)
+        return mdr_Full;
+    const int fields = std::min(MDAFldCount(array), MDAFldCount(record->owner));
+    for (int i = 0; i < fields; ++i) {
+        MDRVar value;
+        MDRGetVal(MDRFldByNum(record->owner, i), record, &value);
+        MDRSetVal(MDRFldByNum(array, i), copy, &value);
+    }
+    return MDARecPost(copy, nullptr);
 }
 } // namespace
 
@@ -172,6 +199,21 @@ int MDACopy(MDArray* destination, const MDArray* source, int flag)
     if (destination->keyCount() == 0)
         destination->copyKeys(*source);
     return (flag & 1) != 0 ? destination->copyRecords(*source) : mdr_Ok;
+}
+
+int MDARecsAppend(MDArray* destination, const MDArray* source)
+{
+    if (destination == nullptr || source == nullptr || destination == source)
+        return mdr_Invalid;
+    const int rows = MDAKeyRecCount(source, 0);
+    const bool isWhole = startsWith(destination->fields(), source->fields());
+    for (int i = 0; i < rows; ++i) {
+        const MDRData* record = MDARec(source, 0, i);
+        const int code = isWhole ? destination->append(*record) : appendValues(destination, record);
+        if (code != mdr_Ok)
+            return code;
+    }
+    return mdr_Ok;
 }
 
 int MDAUnpackForWrite(MDArray* array)

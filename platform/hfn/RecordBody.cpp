@@ -14,12 +14,6 @@ namespace
 constexpr std::size_t maxSpare = 4096; // room for later texts, beyond which moving is cheaper than keeping
 }
 
-std::size_t Body::headBytes(int count)
-{
-    return sizeof(Body) + 3 * wordCount(count) * sizeof(std::uint64_t) +
-           static_cast<std::size_t>(count) * sizeof(Slot);
-}
-
 Body* Body::create(int count, std::size_t textCapacity)
 {
     if (textCapacity > std::numeric_limits<std::uint32_t>::max())
@@ -54,13 +48,17 @@ Body* Body::clone(const Body* body, int count, std::size_t spare)
     Body* copy = create(std::max(count, body->count), live + spare);
     if (copy == nullptr)
         return nullptr;
-    for (int i = 0; i < body->count; ++i) {
-        copy->put(Present, i, body->has(i));
-        copy->put(Marked, i, body->isMarked(i));
-        if (body->holdsText(i))
-            copy->append(i, body->text(i), body->slot(i).text.length);
-        else
-            copy->slots()[i] = body->slot(i);
+    for (const Bits set : {Present, Marked, Text})
+        std::copy_n(body->words(set), wordCount(body->count), copy->words(set));
+    std::copy_n(body->slots(), body->count, copy->slots());
+    if (live == body->textUsed) { // the texts stand side by side already
+        std::copy_n(body->texts(), live, copy->texts());
+        copy->textUsed = body->textUsed;
+    } else {
+        for (int i = 0; i < body->count; ++i) {
+            if (body->holdsText(i))
+                copy->append(i, body->text(i), body->slot(i).text.length);
+        }
     }
     for (const StoredBlob* blob = body->blobs; blob != nullptr; blob = blob->next.get()) {
         auto twin = std::make_unique<StoredBlob>();
@@ -142,18 +140,6 @@ void Body::setNull(int ordinal)
     put(Text, ordinal, false);
 }
 
-void Body::setNumber(int ordinal, std::int32_t number)
-{
-    put(Present, ordinal, true);
-    slots()[ordinal].number = number;
-}
-
-void Body::setReal(int ordinal, double real)
-{
-    put(Present, ordinal, true);
-    slots()[ordinal].real = real;
-}
-
 void Body::setBlob(int ordinal, std::unique_ptr<StoredBlob> blob)
 {
     setNull(ordinal);
@@ -163,16 +149,9 @@ void Body::setBlob(int ordinal, std::unique_ptr<StoredBlob> blob)
     blobs = blob.release();
 }
 
-void Body::setMark(int ordinal, bool mark)
+void Body::clearMarks()
 {
-    put(Marked, ordinal, mark);
-}
-
-void Body::put(Bits set, int ordinal, bool value)
-{
-    std::uint64_t& word = words(set)[ordinal / 64];
-    const std::uint64_t bit = std::uint64_t(1) << (ordinal % 64);
-    word = value ? word | bit : word & ~bit;
+    std::fill_n(words(Marked), wordCount(count), 0);
 }
 
 void Body::append(int ordinal, const char* data, std::int32_t length)

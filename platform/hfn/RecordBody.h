@@ -48,10 +48,19 @@ struct MDRData::Body {
     StoredBlob* blob(int ordinal) const;
 
     void setNull(int ordinal);
-    void setNumber(int ordinal, std::int32_t number);
-    void setReal(int ordinal, double real);
+    void setNumber(int ordinal, std::int32_t number)
+    {
+        put(Present, ordinal, true);
+        slots()[ordinal].number = number;
+    }
+    void setReal(int ordinal, double real)
+    {
+        put(Present, ordinal, true);
+        slots()[ordinal].real = real;
+    }
     void setBlob(int ordinal, std::unique_ptr<StoredBlob> blob);
-    void setMark(int ordinal, bool mark);
+    void setMark(int ordinal, bool mark) { put(Marked, ordinal, mark); }
+    void clearMarks();
 
     std::uint32_t textUsed = 0;
     std::uint32_t textCapacity = 0;
@@ -64,7 +73,11 @@ private:
 
     static Body* create(int count, std::size_t textCapacity);
     static std::size_t wordCount(int count) { return (static_cast<std::size_t>(count) + 63) / 64; }
-    static std::size_t headBytes(int count);
+    static std::size_t headBytes(int count)
+    {
+        return sizeof(Body) + 3 * wordCount(count) * sizeof(std::uint64_t) +
+               static_cast<std::size_t>(count) * sizeof(Slot);
+    }
 
     // The bit sets, the slots and the texts follow the object in its allocation.
     std::uint64_t* words(Bits set)
@@ -90,7 +103,12 @@ private:
     {
         return ordinal < count && (words(set)[ordinal / 64] >> (ordinal % 64) & 1U) != 0;
     }
-    void put(Bits set, int ordinal, bool value);
+    void put(Bits set, int ordinal, bool value)
+    {
+        std::uint64_t& word = words(set)[ordinal / 64];
+        const std::uint64_t bit = std::uint64_t(1) << (ordinal % 64);
+        word = value ? word | bit : word & ~bit;
+    }
     /// Copies the text behind the last one, where there is room for it and its NUL.
     void append(int ordinal, const char* data, std::int32_t length);
     void dropBlob(int ordinal);

@@ -2,9 +2,6 @@
 
 #include "MDRValues.h"
 
-#include <utility>
-#include <vector>
-
 QString TableLoad::quotedKeys(const CMDArray& table)
 {
     constexpr int usualLength = 35; // a key of 32 characters, two quotes, a comma
@@ -27,23 +24,8 @@ QString TableLoad::quotedKeys(const CMDArray& table)
 
 MDRData* TableLoad::repack(const CMDArray& answer, CMDArray& records)
 {
-    std::vector<std::pair<const MDRField*, const MDRField*>> fields;
-    for (int number = 0; number < MDAFldCount(answer.array); ++number) {
-        const MDRField* from = MDRFldByNum(answer.array, number);
-        if (from->type != mdr_TBlob) // reading it would fetch it
-            fields.emplace_back(from, MDRFldByNum(records.array, number));
-    }
-    MDRData* last = nullptr;
-    const int rows = answer.RecCount();
-    for (int i = 0; i < rows; ++i) {
-        const MDRData* source = MDARec(answer.array, 0, i);
-        MDRData* record = MDARecNew(records.array);
-        for (const auto& [from, to] : fields) {
-            MDRVar value;
-            MDRGetVal(from, source, &value);
-            MDRSetVal(to, record, &value);
-        }
-        last = records.RecPost(record);
-    }
-    return last;
+    if (answer.RecCount() == 0)
+        return nullptr;
+    records.lastError = MDARecsAppend(records.array, answer.array);
+    return records.lastError == mdr_Ok ? MDARec(records.array, 0, records.RecCount() - 1) : nullptr;
 }

@@ -18,6 +18,11 @@ private slots:
     void onlyPostedRecordsAreCopied();
     void recordsBroughtByAddedFieldsAreWide();
     void nullAndTheSameArrayAreRefused();
+    void appendedRecordsStandBehindThoseThatAreThere();
+    void appendedValuesComeWithoutFlagsAndMarks();
+    void appendedValuesOfOtherTypesAreConverted();
+    void textsThatWereReplacedDoNotComeAlong();
+    void onlyWhatTheFirstKeySeesIsAppended();
 };
 
 void MDACopy_test::copiesFieldsAndRecordsInOrderOfEntry()
@@ -219,6 +224,140 @@ void MDACopy_test::nullAndTheSameArrayAreRefused()
     QCOMPARE(MDACopy(array.array, nullptr, 1), int(mdr_Invalid));
     QCOMPARE(MDACopy(nullptr, array.array, 1), int(mdr_Invalid));
     QCOMPARE(array.order(), QByteArray("a"));
+}
+
+namespace
+{
+/// mixedFields and one more.
+class WiderArray : public MixedArray
+{
+public:
+    WiderArray()
+    {
+        const MDRFieldDescr extra = {"extra", 0, mdr_TChar};
+        MDAFldAdd(array, 1, &extra);
+    }
+};
+} // namespace
+
+void MDACopy_test::appendedRecordsStandBehindThoseThatAreThere()
+{
+    MixedArray source({"KeyLink"});
+    for (const char* key : {"c", "a", "b"})
+        source.add(key);
+    WiderArray wider;
+    wider.KeyAdd("KeyLink:0x4", 0);
+    MDRData* first = wider.add("aa");
+    QCOMPARE(int(MDARecsWith(wider.array, "KeyLink", "b").count), 0);
+    QCOMPARE(MDARecsAppend(wider.array, source.array), int(mdr_Ok));
+    QCOMPARE(wider.order(0), QByteArray("aa a b c")); // the source's first key says the order
+    QCOMPARE(wider.order(1), QByteArray("c b aa a"));
+    QCOMPARE(MDARec(wider.array, 0, 0), first);
+    QCOMPARE(int(MDARecsWith(wider.array, "KeyLink", "b").count), 1);
+    QCOMPARE(source.order(), QByteArray("a b c"));
+    // What the source has no field for is null and can be set.
+    MDRData* last = MDARec(wider.array, 0, 3);
+    QCOMPARE(MDARecArr(last), wider.array);
+    QVERIFY(wider.isNull(last, "extra"));
+    const QByteArray text(100, 'x');
+    QCOMPARE(wider.set(last, "extra", MDRValue::text(text)), int(mdr_Ok));
+    QCOMPARE(wider.text(last, "extra"), text);
+    QCOMPARE(wider.text(last), QByteArray("c"));
+}
+
+void MDACopy_test::appendedValuesComeWithoutFlagsAndMarks()
+{
+    MixedArray source;
+    MDRData* record = source.fresh("a");
+    source.SetValF(record, "text_", MDRValue::text("long"));
+    source.SetValF(record, "flag", MDRValue::boolean(true));
+    source.SetValF(record, "small", MDRValue::number(200));
+    source.SetValF(record, "number", MDRValue::number(-5));
+    source.SetValF(record, "time", MDRValue::real(1.5));
+    MDRSetFlags(record, ROW_UPDATE);
+    const auto blob = std::make_shared<TestBlob>("bytes");
+    QCOMPARE(MDRSetBlobSource(source.field("data"), record, 5, blob), int(mdr_Ok));
+    source.post(record);
+    WiderArray wider;
+    QCOMPARE(MDARecsAppend(wider.array, source.array), int(mdr_Ok));
+
+    const MDRData* copy = MDARec(wider.array, 0, 0);
+    QCOMPARE(int(copy->flags), 0);
+    for (int i = 0; i < mixedCount; ++i)
+        QVERIFY2(!wider.isMarked(copy, mixedFields[i].name), mixedFields[i].name);
+    QVERIFY(source.isMarked(record, "text_"));
+    QCOMPARE(wider.text(copy, "text_"), QByteArray("long"));
+    QCOMPARE(wider.get(copy, "flag").value.number, 1);
+    QCOMPARE(wider.get(copy, "small").value.number, 200);
+    QCOMPARE(wider.get(copy, "number").value.number, -5);
+    QCOMPARE(wider.get(copy, "time").value.real, 1.5);
+    QCOMPARE(blob->reads, 0); // it stays in the store until somebody reads it
+    QCOMPARE(wider.text(copy, "data"), QByteArray("bytes"));
+    source.set(record, "text_", MDRValue::text("else"));
+    QCOMPARE(wider.text(copy, "text_"), QByteArray("long"));
+}
+
+void MDACopy_test::appendedValuesOfOtherTypesAreConverted()
+{
+    const MDRFieldDescr fields[] = {{"a", 0, mdr_TMemo}, {"b", 0, mdr_TInt32}, {"c", 0, mdr_TChar}};
+    CMDArray source;
+    MDACreate(&source.array, 0);
+    source.KeyAdd("", 0);
+    MDAFldAdd(source.array, 3, fields);
+    MDRData* record = MDARecNew(source.array);
+    source.SetValF(record, "a", MDRValue::text("key"));
+    source.SetValF(record, "b", MDRValue::number(7));
+    source.SetValF(record, "c", MDRValue::text("no number"));
+    source.RecPost(record);
+
+    MixedArray mixed;
+    QCOMPARE(MDARecsAppend(mixed.array, source.array), int(mdr_Ok));
+    const MDRData* copy = MDARec(mixed.array, 0, 0);
+    QCOMPARE(mixed.text(copy), QByteArray("key"));
+    QCOMPARE(mixed.get(copy, "flag").value.number, 1);
+    QVERIFY(mixed.isNull(copy, "small"));
+    QVERIFY(!mixed.isMarked(copy, "KeyLink"));
+    // Fields that the destination lacks stay behind.
+    MixedArray wide;
+    wide.add("wide", "text_", MDRValue::text("left behind"));
+    CMDArray narrow;
+    MDACreate(&narrow.array, 0);
+    narrow.KeyAdd("", 0);
+    MDAFldAdd(narrow.array, 1, mixedFields);
+    QCOMPARE(MDARecsAppend(narrow.array, wide.array), int(mdr_Ok));
+    QCOMPARE(MixedArray::orderOf(narrow.array), QByteArray("wide"));
+}
+
+void MDACopy_test::textsThatWereReplacedDoNotComeAlong()
+{
+    MixedArray source;
+    MDRData* record = source.add("a", "text_", MDRValue::text("short"));
+    const QByteArray longer(300, 'y');
+    source.set(record, "text_", MDRValue::text(longer)); // behind the former one
+    source.set(record, "KeyLink", MDRValue::null());
+    MixedArray copy;
+    QCOMPARE(MDARecsAppend(copy.array, source.array), int(mdr_Ok));
+    const MDRData* appended = MDARec(copy.array, 0, 0);
+    QVERIFY(copy.isNull(appended, "KeyLink"));
+    QCOMPARE(copy.text(appended, "text_"), longer);
+}
+
+void MDACopy_test::onlyWhatTheFirstKeySeesIsAppended()
+{
+    MixedArray keyless({});
+    keyless.add("a");
+    MixedArray copy;
+    QCOMPARE(MDARecsAppend(copy.array, keyless.array), int(mdr_Ok));
+    QCOMPARE(copy.RecCount(), 0);
+    MixedArray source;
+    source.fresh("never posted");
+    MDRData* posted = source.add("posted");
+    source.set(MDARecEdit(posted), "KeyLink", MDRValue::text("edited"));
+    QCOMPARE(MDARecsAppend(copy.array, source.array), int(mdr_Ok));
+    QCOMPARE(copy.order(), QByteArray("posted"));
+    QCOMPARE(MDARecsAppend(copy.array, copy.array), int(mdr_Invalid));
+    QCOMPARE(MDARecsAppend(copy.array, nullptr), int(mdr_Invalid));
+    QCOMPARE(MDARecsAppend(nullptr, source.array), int(mdr_Invalid));
 }
 
 QTEST_APPLESS_MAIN(MDACopy_test)
