@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -38,9 +39,7 @@ public:
             return true;
         }
         token.kind = Text;
-        token.end = m_position + 1;
-        while (token.end < m_html.size() && m_html[token.end] != Char('<'))
-            ++token.end;
+        token.end = std::min(m_html.find(Char('<'), m_position + 1), m_html.size());
         m_position = token.end;
         return true;
     }
@@ -158,12 +157,11 @@ private:
 
     bool readToBracket(Token& token, std::size_t at)
     {
-        while (at < m_html.size() && m_html[at] != Char('<') && m_html[at] != Char('>'))
-            ++at;
-        if (at >= m_html.size() || m_html[at] == Char('<'))
-            return false;
-        token.end = at + 1;
-        return true;
+        // Only as far as the next tag: many stray brackets must not each be followed to the end of the text.
+        const View piece = m_html.substr(at, m_html.find(Char('<'), at) - at);
+        const std::size_t bracket = piece.find(Char('>'));
+        token.end = at + bracket + 1;
+        return bracket != View::npos;
     }
 
     Span readValue(std::size_t& at, std::size_t end) const
@@ -172,8 +170,7 @@ private:
         if (at < end && (m_html[at] == Char('"') || m_html[at] == Char('\''))) {
             const Char quote = m_html[at++];
             value.begin = at;
-            while (at < end && m_html[at] != quote)
-                ++at;
+            at = std::min(m_html.substr(0, end).find(quote, at), end);
             value.end = at;
             if (at < end)
                 ++at;

@@ -28,6 +28,42 @@ bool isTakenOnce(const QByteArray& sql, const QByteArray& table)
         ++count;
     return count == 1;
 }
+
+bool isBlank(char c)
+{
+    return isspace(static_cast<unsigned char>(c)) != 0;
+}
+
+/// Whether a remark begins here.
+bool isRemark(const QByteArray& sql, int at)
+{
+    const char c = sql.at(at);
+    const char after = at + 1 < sql.size() ? sql.at(at + 1) : '\0';
+    return (c == '-' && after == '-') || (c == '/' && after == '*');
+}
+
+/// Where the remark, the quoted text or the single character that begins here ends.
+int pieceEnd(const QByteArray& sql, int at)
+{
+    const char c = sql.at(at);
+    if (isRemark(sql, at)) {
+        const int last = c == '-' ? sql.indexOf('\n', at) : sql.indexOf("*/", at + 2);
+        return last < 0 ? sql.size() : last + (c == '-' ? 1 : 2);
+    }
+    if (c != '\'' && c != '"')
+        return at + 1;
+    const int closed = sql.indexOf(c, at + 1);
+    return closed < 0 ? sql.size() : closed + 1;
+}
+
+/// Whether the word in front is IN.
+bool isBehindIn(const QByteArray& sql, int at)
+{
+    int end = at;
+    while (end > 0 && isBlank(sql.at(end - 1)))
+        --end;
+    return end > 2 && qstrnicmp(sql.constData() + end - 2, "in", 2) == 0 && isBlank(sql.at(end - 3));
+}
 } // namespace
 
 AnswerShape AnswerShape::of(const QVector<Origin>& origins, const QByteArray& sql)
@@ -100,22 +136,30 @@ QByteArray AnswerShape::withoutEnd(const QByteArray& sql)
     // The end is behind the last character that is no blank, no semicolon and in no remark.
     int end = 0;
     for (int i = 0; i < sql.size();) {
-        const char c = sql.at(i);
-        int next = i + 1;
-        if (sql.mid(i, 2) == "--") {
-            const int line = sql.indexOf('\n', i);
-            next = line < 0 ? sql.size() : line + 1;
-        } else if (sql.mid(i, 2) == "/*") {
-            const int closed = sql.indexOf("*/", i + 2);
-            next = closed < 0 ? sql.size() : closed + 2;
-        } else if (c == '\'' || c == '"') {
-            const int closed = sql.indexOf(c, i + 1);
-            next = closed < 0 ? sql.size() : closed + 1;
+        const int next = pieceEnd(sql, i);
+        if (!isRemark(sql, i) && sql.at(i) != ';' && !isBlank(sql.at(i)))
             end = next;
-        } else if (c != ';' && !isspace(static_cast<unsigned char>(c))) {
-            end = next;
-        }
         i = next;
     }
     return sql.left(end);
+}
+
+QByteArray AnswerShape::withoutLists(const QByteArray& sql)
+{
+    QByteArray lean;
+    int taken = 0; // what is before it is in, or left out
+    for (int i = 0; i < sql.size();) {
+        const int next = pieceEnd(sql, i);
+        if (sql.at(i) == '(' && isBehindIn(sql, i) && next < sql.size() && sql.at(next) == '\'') {
+            const int first = pieceEnd(sql, next);
+            lean += sql.mid(taken, first - taken);
+            i = first;
+            while (i + 1 < sql.size() && sql.at(i) == ',' && sql.at(i + 1) == '\'')
+                i = pieceEnd(sql, i + 1);
+            taken = i;
+        } else {
+            i = next;
+        }
+    }
+    return lean + sql.mid(taken);
 }

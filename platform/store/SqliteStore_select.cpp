@@ -9,6 +9,7 @@
 namespace
 {
 constexpr int mostFields = 255;
+constexpr int longSelect = 4096; // bytes of text
 
 /// Lets nothing through but reading.
 int allowReading(void*, int action, const char*, const char* function, const char*, const char*)
@@ -80,6 +81,28 @@ public:
 private:
     SqliteConnection& m_connection;
 };
+
+/// A statement that reads and is the only one of the text, otherwise none; \a understood says whether the engine takes
+/// the text at all.
+SqliteStatement singleSelect(sqlite3* db, const QByteArray& sql, bool* understood = nullptr)
+{
+    const auto prepared = [db](const char* text, int bytes, const char** tail) {
+        sqlite3_stmt* made = nullptr;
+        sqlite3_prepare_v2(db, text, bytes, &made, tail);
+        return SqliteStatement(made, false);
+    };
+    sqlite3_set_authorizer(db, allowReading, nullptr);
+    const char* tail = nullptr;
+    SqliteStatement statement = prepared(sql.constData(), sql.size() + 1, &tail);
+    const bool isRead = sqlite3_errcode(db) == SQLITE_OK;
+    const bool more = isRead && *tail && (prepared(tail, -1, nullptr) || sqlite3_errcode(db) != SQLITE_OK);
+    sqlite3_set_authorizer(db, nullptr, nullptr);
+    if (understood)
+        *understood = isRead;
+    const bool isSingle = isRead && !more && statement && sqlite3_stmt_readonly(statement.handle()) &&
+                          !sqlite3_stmt_isexplain(statement.handle());
+    return isSingle ? std::move(statement) : SqliteStatement(nullptr, false);
+}
 } // namespace
 
 MDArray* SqliteStore::select(const QByteArray& sqlUtf8, StoreError* error)
@@ -88,23 +111,25 @@ MDArray* SqliteStore::select(const QByteArray& sqlUtf8, StoreError* error)
         return nullptr;
     sqlite3* db = m_read->handle();
     const Deadline deadline(*m_read);
-    sqlite3_set_authorizer(db, allowReading, nullptr);
-    const auto prepared = [&](const QByteArray& sql, const char** tail) {
-        sqlite3_stmt* made = nullptr;
-        sqlite3_prepare_v2(db, sql.constData(), sql.size() + 1, &made, tail);
-        return SqliteStatement(made, false);
-    };
-    const char* tail = nullptr;
-    SqliteStatement statement = prepared(sqlUtf8, &tail);
-    const bool understood = sqlite3_errcode(db) == SQLITE_OK;
-    const bool more = understood && *tail && (prepared(tail, nullptr) || sqlite3_errcode(db) != SQLITE_OK);
-    sqlite3_set_authorizer(db, nullptr, nullptr);
+    if (sqlUtf8.size() > longSelect) {
+        // A list of thousands of keys is told to the engine once, not once for the shape of the answer too.
+        const SqliteStatement sample = singleSelect(db, AnswerShape::withoutLists(sqlUtf8));
+        AnswerShape shape;
+        if (sample)
+            shape = AnswerShape::of(originsOf(sample.handle()), sqlUtf8);
+        if (shape.columns.size() <= mostFields && shape.hasStoredBlobs()) {
+            SqliteStatement lean = singleSelect(db, shape.wrapped(AnswerShape::withoutEnd(sqlUtf8)));
+            if (lean)
+                return answerOf(lean, &shape, error);
+        }
+    }
+    bool understood = false;
+    SqliteStatement statement = singleSelect(db, sqlUtf8, &understood);
     if (!understood) {
         fail(*m_read, error);
         return nullptr;
     }
-    if (!statement || more || !sqlite3_stmt_readonly(statement.handle()) ||
-        sqlite3_stmt_isexplain(statement.handle())) {
+    if (!statement) {
         *error = selectError(StoreError::BadRequest, "Запрос должен состоять из одной выборки.");
         return nullptr;
     }

@@ -45,13 +45,17 @@ std::string plainLink(std::string_view raw)
 bool findProperty(std::string_view rawLink, const std::string& name, std::string& value)
 {
     bool found = false;
-    const std::string link = plainLink(rawLink);
-    forEachProperty(link, [&](std::string_view key, std::string_view packed, bool) {
-        found = HtmlEscapes::fromPercent(key) == name;
+    const auto take = [&](std::string_view key, std::string_view packed, bool) {
+        const bool isEscaped = key.find('%') != std::string_view::npos;
+        found = isEscaped ? HtmlEscapes::fromPercent(key) == name : key == name;
         if (found)
             value = HtmlEscapes::fromPercent(packed);
         return !found;
-    });
+    };
+    if (rawLink.find('&') == std::string_view::npos)
+        forEachProperty(rawLink, take);
+    else
+        forEachProperty(HtmlEscapes::fromEntities(rawLink), take);
     return found;
 }
 
@@ -144,11 +148,11 @@ void HtmlParser::parse()
             endParameter(token.begin, false);
             const Scanner::Span link = scanner.parameterLink(token);
             if (link.found) {
-                Parameter parameter;
+                m_parameters.emplace_back();
+                Parameter& parameter = m_parameters.back();
                 parameter.linkBegin = link.begin;
                 parameter.linkEnd = link.end;
                 parameter.contentBegin = token.end;
-                m_parameters.push_back(parameter);
             }
         } else if (Scanner::equals(token.name, "meta") &&
                    scanner.view(scanner.attribute(token, "name")) == "template") {

@@ -127,8 +127,8 @@ int VrkTableDelegate::naturalWidth(const QModelIndex& index, bool longestWord) c
     const QStyleOptionViewItem option = cellOption(index);
     qreal width = qMax(0, option.text.isEmpty() ? iconSize(option).width() : 0);
     if (longestWord) {
-        const QStringList words =
-            laidOutText(option.text).split(QRegularExpression(QStringLiteral("[ \\t\u2028]+")));
+        static const QRegularExpression blanks(QStringLiteral("[ \\t\u2028]+"));
+        const QStringList words = laidOutText(option.text).split(blanks);
         for (const QString& word : words)
             width = qMax<qreal>(width, option.fontMetrics.horizontalAdvance(word));
     } else if (!option.text.isEmpty()) {

@@ -1,5 +1,6 @@
 #include "VrkTableHeader.h"
 
+#include <QEvent>
 #include <QIcon>
 #include <QPainter>
 #include <QStyleOptionHeader>
@@ -35,9 +36,22 @@ int VrkTableHeader::neededWidth(int section) const
     return sectionSizeFromContents(section).width();
 }
 
+QSize VrkTableHeader::textSize(const QString& text) const
+{
+    const auto known = m_textSizes.constFind(text);
+    return known != m_textSizes.constEnd() ? *known : *m_textSizes.insert(text, fontMetrics().size(0, text));
+}
+
+void VrkTableHeader::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        m_textSizes.clear();
+    QHeaderView::changeEvent(event);
+}
+
 QSize VrkTableHeader::sectionSizeFromContents(int section) const
 {
-    QSize size = fontMetrics().size(0, text(section));
+    QSize size = textSize(text(section));
     if (!icon(section).isNull()) {
         size.rwidth() += iconSide() + (size.width() > 0 ? margin : 0);
         size.setHeight(qMax(size.height(), iconSide()));

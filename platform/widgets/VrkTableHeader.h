@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QHeaderView>
 
 /// Header of a record table: texts of several lines and lone icons stand in the middle, and the arrow of the sorted
@@ -18,10 +19,15 @@ public:
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
     QSize sectionSizeFromContents(int section) const override;
+    void changeEvent(QEvent* event) override;
 
 private:
     QString text(int section) const;
     QIcon icon(int section) const;
+    QSize textSize(const QString& text) const;
     int iconSide() const;
     void paintArrow(QPainter* painter, const QRect& rect) const;
+
+    mutable QHash<QString, QSize>
+        m_textSizes; ///< in the present font: the view asks at each change of a column
 };

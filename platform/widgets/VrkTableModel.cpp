@@ -70,7 +70,8 @@ bool VrkTableModel::setHeaderData(const QString& field, Qt::Orientation orientat
     const int column = idxField(field);
     if (column >= 0) {
         m_columns[column].header.insert(role, value);
-        emit headerDataChanged(Qt::Horizontal, column, column);
+        if (!isResetting())
+            emit headerDataChanged(Qt::Horizontal, column, column);
     }
     return true;
 }

@@ -60,9 +60,10 @@ void VrkTableProxyModel::setFilterRows(VrkTableFilterRow* filter)
     ask();
 }
 
-VrkTableModel* VrkTableProxyModel::tableModel() const
+void VrkTableProxyModel::setSourceModel(QAbstractItemModel* model)
 {
-    return qobject_cast<VrkTableModel*>(sourceModel());
+    m_table = qobject_cast<VrkTableModel*>(model);
+    QSortFilterProxyModel::setSourceModel(model);
 }
 
 MDRData* VrkTableProxyModel::record(int row) const

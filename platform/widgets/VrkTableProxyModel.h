@@ -2,6 +2,7 @@
 
 #include "VrkTableModel.h"
 
+#include <QPointer>
 #include <QSortFilterProxyModel>
 #include <QVector>
 
@@ -22,7 +23,9 @@ public:
     /// Adds a filter; one that is there already, or null, changes nothing. Not owned; it leaves when it is
     /// destroyed.
     void setFilterRows(VrkTableFilterRow* filter);
-    VrkTableModel* tableModel() const;
+    /// A VrkTableModel; any other model is neither sorted nor filtered.
+    void setSourceModel(QAbstractItemModel* model) override;
+    VrkTableModel* tableModel() const { return m_table; }
     /// The record behind a row of this model, or null.
     MDRData* record(int row) const;
 
@@ -31,5 +34,6 @@ protected:
     bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
 private:
+    QPointer<VrkTableModel> m_table;
     QVector<VrkTableFilterRow*> m_filters;
 };

@@ -268,7 +268,8 @@ MDRData* VrkTableTool::recordByIndex(const QModelIndex& index) const
 void VrkTableTool::setColumnPosition(const QString& field, int position)
 {
     d->settings(field).position = position;
-    d->applyColumns();
+    if (!d->model.isResetting()) // its end applies them all
+        d->applyColumns();
 }
 
 void VrkTableTool::setColumnVisible(const QString& field, bool visible)

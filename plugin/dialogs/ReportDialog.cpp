@@ -114,6 +114,7 @@ void ReportDialog::createTableColumns()
     };
     VrkTableModel* model = m_tableTool->model();
     model->setTextCodec(session->codec());
+    model->beginResetModel(); // all columns at once
     int position = 0;
     for (const Column& column : columns) {
         const QString field = QLatin1String(column.field);
@@ -126,6 +127,7 @@ void ReportDialog::createTableColumns()
     for (const char* field : {"KeyLink", "ShiftKey", "firstMarkTime", "secondMarkTime", "SecondMarkWorkerKey",
                               "OriginRecordKey", "file", "comment", "object"})
         m_tableTool->setColumnVisible(QLatin1String(field), false);
+    model->endResetModel();
     m_tableTool->sortByColumn(QStringLiteral("recordTime"), Qt::AscendingOrder);
     m_tableTool->adjustColumnsWidth();
 }

@@ -3,6 +3,17 @@
 #include "LogbookFields.h"
 #include "RecordValue.h"
 
+#include <string_view>
+
+namespace
+{
+bool isKey(const MDRVar& text, const QByteArray& key)
+{
+    const MDRVar::Text& bytes = text.value.text;
+    return std::string_view(bytes.data, static_cast<std::size_t>(bytes.length)) == key.constData();
+}
+} // namespace
+
 bool RecordCensus::isDraft(const MDRData* record)
 {
     return hasStatus(record, StatusDraft);
@@ -11,13 +22,13 @@ bool RecordCensus::isDraft(const MDRData* record)
 bool RecordCensus::isAuthor(const MDRData* record, const QByteArray& workerKey)
 {
     const MDRVar author = recordValue(record, "WorkerKey");
-    return MDRValue::hasText(author) && MDRValue::bytes(author) == workerKey;
+    return MDRValue::hasText(author) && isKey(author, workerKey);
 }
 
 bool RecordCensus::isSignable(const MDRData* record, const QByteArray& workerKey)
 {
-    return hasStatus(record, StatusApproved) && MDRValue::hasText(recordValue(record, "WorkerKey")) &&
-           !isAuthor(record, workerKey);
+    const MDRVar author = recordValue(record, "WorkerKey");
+    return MDRValue::hasText(author) && !isKey(author, workerKey) && hasStatus(record, StatusApproved);
 }
 
 void RecordCensus::put(const MDRData* record)

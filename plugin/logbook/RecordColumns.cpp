@@ -65,6 +65,7 @@ void RecordColumns::configure(VrkTableTool* tool)
 
     VrkTableModel* model = tool->model();
     model->setTextCodec(m_session->codec());
+    model->beginResetModel(); // all columns at once: each by itself makes the header measure itself anew
     int position = 0;
     for (const Column& column : columns) {
         const QString field = QLatin1String(column.field);
@@ -78,5 +79,6 @@ void RecordColumns::configure(VrkTableTool* tool)
     model->setCellConversion(QStringLiteral("KeyLink"), m_strikeOut);
     for (const char* field : {"KeyLink", "ShiftKey", "SecondMarkWorkerKey", "OriginRecordKey"})
         tool->setColumnVisible(QLatin1String(field), false);
+    model->endResetModel();
     tool->sortByColumn(QStringLiteral("recordTime"), Qt::AscendingOrder);
 }

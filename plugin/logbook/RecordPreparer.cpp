@@ -66,10 +66,10 @@ void RecordPreparer::fillObject(MDRData* record, const Fields& fields)
     std::string substation;
     std::string line;
     for (unsigned i = 0; i < parser.countParameters() && (substation.empty() || line.empty()); ++i) {
-        const QByteArray name = QByteArray::fromStdString(parser.propertyNameValue(i)).toLower();
-        if (name == "substation")
+        const std::string name = parser.propertyNameValue(i);
+        if (qstricmp(name.c_str(), "substation") == 0)
             substation = parser.displayText(i);
-        else if (name == "line")
+        else if (qstricmp(name.c_str(), "line") == 0)
             line = parser.displayText(i);
     }
     // The other way round than the column's header, and meant so.

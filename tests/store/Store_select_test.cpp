@@ -2,7 +2,7 @@
 #include "StoreAdmin.h"
 #include "TestStore.h"
 
-#include <QtTest>
+#include <QTest>
 
 class Store_select_test : public QObject
 {
@@ -11,7 +11,7 @@ class Store_select_test : public QObject
     std::unique_ptr<TestStore> m_files;
     std::unique_ptr<Store> m_store;
 
-    std::unique_ptr<CMDArray> select(const char* sql)
+    std::unique_ptr<CMDArray> select(const QByteArray& sql)
     {
         StoreError error;
         auto answer = std::make_unique<CMDArray>();
@@ -20,7 +20,7 @@ class Store_select_test : public QObject
             qWarning("%s (%s)", qPrintable(error.text), qPrintable(error.detail));
         return answer;
     }
-    StoreError refusal(const char* sql)
+    StoreError refusal(const QByteArray& sql)
     {
         StoreError error;
         CMDArray answer;
@@ -184,15 +184,23 @@ private slots:
                                 "SELECT * FROM NoSuchTable",
                                 "WITH x AS (SELECT 1) DELETE FROM Roles",
                                 "REPLACE INTO Roles (KeyLink) VALUES ('X')",
-                                "SELECT 1; garbage"})
+                                "SELECT 1; garbage",
+                                "SELECT * FROM LogbookFiles WHERE KeyLink IN ('a','b'); DELETE FROM Roles",
+                                "SELECT * FROM LogbookFiles WHERE KeyLink IN ('a','b') garbage",
+                                "SELECT * FROM LogbookFiles WHERE KeyLink IN ('a','b",
+                                "SELECT * FROM LogbookFiles) SELECT c0 FROM answer; DELETE FROM Roles --"})
             QTest::newRow(sql) << QByteArray(sql);
     }
     void onlyOneSelectIsTaken()
     {
         QFETCH(QByteArray, sql);
-        const StoreError error = refusal(sql);
-        QCOMPARE(error.code, StoreError::BadRequest);
-        QVERIFY(!error.text.isEmpty());
+        // A long text goes another way.
+        const QByteArray longOne = "/*" + QByteArray(5000, 'x') + "*/ " + sql;
+        for (const QByteArray& text : {sql, longOne}) {
+            const StoreError error = refusal(text);
+            QCOMPARE(error.code, StoreError::BadRequest);
+            QVERIFY(!error.text.isEmpty());
+        }
         QCOMPARE(m_files->value(QStringLiteral("SELECT count(*) FROM Roles")).toInt(), 3);
         if (TestStore::isSqlite())
             QCOMPARE(m_files->value(QStringLiteral("PRAGMA user_version")).toInt(),
@@ -210,9 +218,35 @@ private slots:
     void endsAndRemarksAreAccepted()
     {
         QFETCH(QByteArray, sql);
-        const auto answer = select(sql);
-        QVERIFY(answer->array);
-        QCOMPARE(answer->RecCount(), 2);
+        const QByteArray longOne = "/* x IN (" + QByteArray(5000, 'x') + "*/ " + sql;
+        for (const QByteArray& text : {sql, longOne}) {
+            const auto answer = select(text);
+            QVERIFY(answer->array);
+            QCOMPARE(answer->RecCount(), 2);
+        }
+    }
+
+    void longListsOfKeysAreTakenWhole()
+    {
+        QByteArray keys = "'REC_TRIP'";
+        for (int i = 0; i < 1000; ++i)
+            keys += ",'NO''SUCH(" + QByteArray::number(i) + "'";
+        for (const QByteArray& list : {QByteArray(keys + ",'REC_OPENING'"), "'REC_OPENING'," + keys}) {
+            const QByteArray records = "SELECT * FROM LogbookRecords WHERE KeyLink in (" + list + ")";
+            QCOMPARE(select(records)->RecCount(), 2);
+            const QByteArray named = "SELECT 'a','b', KeyLink FROM LogbookRecords WHERE KeyLink NOT IN (" +
+                                     list +
+                                     ") AND KeyLink IN ('REC_TRIP','REC_OPENING','REC_DRAFT') -- ('a','b'";
+            QCOMPARE(MDAFldCount(select(named)->array), 3);
+        }
+        // Contents stay in the store here too.
+        const auto answer = select("SELECT * FROM LogbookFiles WHERE RecordKey IN (" + keys + ");");
+        QCOMPARE(answer->RecCount(),
+                 select("SELECT * FROM LogbookFiles WHERE RecordKey='REC_TRIP'")->RecCount());
+        QCOMPARE(MDAFldCount(answer->array), 5);
+        QVERIFY(TestStore::write(m_files->openLoader().get(), "LogbookFiles", ROW_UPDATE, "FILE_TEXT",
+                                 {{"fileData", QByteArray("later")}}));
+        QCOMPARE(TestStore::field(answer->array, "fileData", 0).toByteArray(), QByteArray("later"));
     }
 
     void blobsStayInTheStoreUntilTheyAreRead()
