@@ -84,6 +84,8 @@ bool CVrkTemplateEditor::ModuleStart()
         tab->selectFirst();
     m_form->templatesTabWidget->setMovable(true);
     updateControls();
+    if (TemplateTab* tab = currentTab())
+        tab->setFocus(); // the arrow keys are for the tree
     return true;
 }
 

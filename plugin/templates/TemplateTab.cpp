@@ -30,6 +30,7 @@ TemplateTab::TemplateTab(QWidget* parent) : QWidget(parent), m_form(new Ui::Temp
 {
     const QString name = objectName();
     m_form->setupUi(this);
+    setFocusProxy(m_form->templatesTree);
     if (!name.isEmpty())
         setObjectName(name);
     configureForm();

@@ -95,6 +95,15 @@ private slots:
         QVERIFY(one.pages()->isMovable());
     }
 
+    void theTreeHasTheKeyboardFromTheStart()
+    {
+        Configurator one(*m_store);
+        const QWidget* focus = one.window().focusWidget();
+        QVERIFY(focus);
+        QCOMPARE(focus->objectName(), QStringLiteral("templatesTree"));
+        QVERIFY(one.pages()->currentWidget()->isAncestorOf(focus));
+    }
+
     void rightsAreShown_data()
     {
         QTest::addColumn<QString>("login");
