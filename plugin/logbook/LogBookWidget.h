@@ -96,8 +96,7 @@ public:
     /// @}
 
 public slots:
-    /// Shows the current workshift; does nothing when it is shown already, unless what is shown cannot be right: a load has
-    /// failed, the workshift was deleted, or it is closed while another one is open.
+    /// Shows the current workshift; does nothing when it is shown already.
     void uploadRealTimeWorkshift();
     /// Shows a workshift of the archive.
     void uploadRecordsIn(const QString& workshiftKey);
@@ -196,7 +195,6 @@ private:
     void uploadTemplatesTable();
     /// Runs a select into a table. A failure is logged under the signature and leaves the table as it was.
     bool request(CModelTable& table, const QString& sql, const char* signature);
-    bool isStale() const;
     void uploadByRecords(CModelTable& target, const QString& keys, const char* signature);
     void uploadOfDepartment(CModelTable& target, const char* signature);
     void clearTables(std::initializer_list<CModelTable*> tables);
@@ -209,7 +207,6 @@ private:
     bool isSuitableNCI(TEventNciParse* event);
     CModelTable* eventTable(const TEventNciParse* event);
     bool insertRow(TEventNciParse* event);
-    bool isOfShownWorkshift(const CModelTable* table, const TEventNciParse* event) const;
     bool insertAttachment(CModelTable& table, TEventNciParse* event);
     bool changeRow(TEventNciParse* event);
     bool deleteRow(TEventNciParse* event);
@@ -249,7 +246,6 @@ private:
     void addVisa(CRowBatch& batch, const MDRData* record) const;
 
     Mode m_mode = NothingLoaded;
-    bool m_isStale = false; ///< a load has failed, or the workshift shown was deleted
     CModelTable m_workshifts;
     CModelTable m_crew;
     CModelTable m_records;

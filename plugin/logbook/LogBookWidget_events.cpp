@@ -49,8 +49,6 @@ bool LogBookWidget::insertRow(TEventNciParse* event)
     const bool isLive = table == &m_workshifts || table == &m_crew || table == &m_records;
     if (isLive && m_mode != RealTime)
         return false;
-    if (!isOfShownWorkshift(table, event))
-        return false;
     if (recordByKeyLink(table, event->recordKey)) // a load brought the row already
         return table == &m_records || table == &m_comments || table == &m_files;
 
@@ -77,17 +75,6 @@ bool LogBookWidget::insertRow(TEventNciParse* event)
         reloadTemplates();
     }
     return true;
-}
-
-/// Of two open shifts the page holds both and shows one: a load brings the rows of that one alone.
-bool LogBookWidget::isOfShownWorkshift(const CModelTable* table, const TEventNciParse* event) const
-{
-    if (table != &m_crew && table != &m_records)
-        return true;
-    MDRVar key;
-    MDRGetVal(MDRFldByName(&event->recordType, table == &m_crew ? "WorkshiftKey" : "ShiftKey"),
-              &event->recordData, &key);
-    return MDRValue::bytes(key) == workshiftKeyLink().toUtf8();
 }
 
 bool LogBookWidget::insertAttachment(CModelTable& table, TEventNciParse* event)
@@ -140,8 +127,6 @@ bool LogBookWidget::changeRow(TEventNciParse* event)
 bool LogBookWidget::deleteRow(TEventNciParse* event)
 {
     CModelTable* table = eventTable(event);
-    if (table == &m_workshifts && event->recordKey == workshiftKeyLink().toUtf8())
-        m_isStale = true; // no reaction: it stays until the user asks for the current workshift
     if (!table || table == &m_workshifts || table == &m_crew)
         return true;
     MDRData* row = recordByKeyLink(table, event->recordKey);

@@ -6,7 +6,7 @@
 #include "LogbookTables.h"
 #include "LogBookWidget.h"
 #include "LogText.h"
-#include "RecordValue.h"
+#include "MDRValues.h"
 #include "TableLoad.h"
 #include "VrkTableModel.h"
 #include "VrkTableTool.h"
@@ -29,10 +29,9 @@ QString sqlTime(const QDateTime& time)
 
 void LogBookWidget::uploadRealTimeWorkshift()
 {
-    if (m_mode == RealTime && !isStale())
+    if (m_mode == RealTime)
         return;
     m_mode = RealTime;
-    m_isStale = false;
     m_currentWorkshift = nullptr;
 
     m_tableTool->model()->beginResetModel();
@@ -115,21 +114,11 @@ void LogBookWidget::finishLoad()
     emit statusChanged();
 }
 
-/// A shift that is closed is not stale: it stays in view until the next one is opened, or if another one is open already.
-bool LogBookWidget::isStale() const
-{
-    if (m_isStale || !isCloseWorkshift())
-        return m_isStale;
-    for (int i = 0; i < m_workshifts.data.RecCount(); ++i)
-        if (!MDRValue::hasText(recordValue(MDARec(m_workshifts.data.array, 0, i), "CloseWorkerKey")))
-            return true;
-    return false;
-}
-
 QString LogBookWidget::emptyText() const
 {
     if (m_hasFailed)
-        return tr("Записи не прочитаны: причина названа внизу окна.\nКнопка с часами прочтёт их снова.");
+        return tr("Записи не прочитаны: причина названа внизу окна.\nВыберите другой период и вернитесь: они "
+                  "будут прочитаны снова.");
     switch (m_mode) {
     case ArchiveInterval:
         return tr("За это время записей нет");
@@ -151,7 +140,6 @@ bool LogBookWidget::request(CModelTable& table, const QString& sql, const char* 
     table.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
     if (table.data.lastError == mdr_Ok)
         return true;
-    m_isStale = true;
     m_hasFailed = true;
     LogText::warn(QLatin1String(signature), tr("error SQL query execution [%1]").arg(sql));
     return false;

@@ -204,10 +204,13 @@ private:
         auto* tabs = person.window().child<QTabWidget>("logbooks");
         for (int i = tabs->count() - 1; i >= 0; --i) {
             tabs->setCurrentIndex(i);
-            if (qobject_cast<LogBookWidget*>(person.tab()))
+            if (auto* journal = qobject_cast<LogBookWidget*>(person.tab())) {
+                journal->uploadRecordsIn(
+                    journal->workshiftKeyLink()); // what is shown already is not loaded again
                 person.window().trigger("currentWorkshiftAction");
-            else
+            } else {
                 emit tabs->tabCloseRequested(i);
+            }
         }
         judge(person, false);
     }

@@ -338,7 +338,8 @@ private slots:
         QCOMPARE(journal.shownKeys(), QStringList());
     }
 
-    void takesRowsOfTheWorkshiftShownWhenTwoAreOpen()
+    // The page holds both workshifts, and their department is all that is asked of a new row.
+    void takesRowsOfBothWorkshiftsWhenTwoAreOpen()
     {
         const TestStore store;
         TestJournal journal(store);
@@ -352,41 +353,36 @@ private slots:
                                   {"WorkerKey", QByteArray("WORKER_SIDOROVA")},
                                   {"opening", 1}}));
         QCOMPARE(journal.deliver(),
-                 QStringList({QStringLiteral("601 LogbookRecords 0"), QStringLiteral("601 LogbookRecords 1"),
-                              QStringLiteral("601 LogbookWorkersWorkshift 0")}));
-        QCOMPARE(journal.shownKeys(), QStringList{QStringLiteral("OF_SECOND")});
-        QCOMPARE(count(journal, "LogbookWorkersWorkshift"), 0);
+                 QStringList({QStringLiteral("601 LogbookRecords 1"), QStringLiteral("601 LogbookRecords 1"),
+                              QStringLiteral("601 LogbookWorkersWorkshift 1")}));
+        QCOMPARE(journal.shownKeys().size(), 2);
+        QCOMPARE(count(journal, "LogbookWorkersWorkshift"), 1);
     }
 
-    void leadsToTheOtherOpenWorkshiftWhenTheNewestIsClosed()
+    // Asking for the current workshift does nothing while it is shown, closed or taken back as it may be.
+    void leadsToTheOtherOpenWorkshiftByAnotherPeriodAndBack()
     {
-        const TestStore store;
-        TestJournal journal(store);
-        const auto loader = store.openLoader();
-        openSecond(loader.get());
-        QVERIFY(TestStore::write(loader.get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_SECOND",
-                                 {{"CloseWorkerKey", QByteArray("WORKER_PETROV")}}));
-        journal.deliver();
-        QVERIFY(journal.tab().isCloseWorkshift());
-        journal.tab().uploadRealTimeWorkshift();
-        QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_CDS_OPEN"));
-        QCOMPARE(journal.shownKeys().size(), 8);
-    }
-
-    // An opening that is taken back: the workshift stays in view until the user asks for the current one.
-    void aDeletedWorkshiftLeavesWhenTheCurrentOneIsAskedFor()
-    {
-        const TestStore store;
-        TestJournal journal(store);
-        const auto loader = store.openLoader();
-        openSecond(loader.get());
-        journal.deliver();
-        QVERIFY(TestStore::write(loader.get(), "LogbookWorkshifts", ROW_DELETE, "SHIFT_SECOND"));
-        journal.deliver();
-        QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_SECOND"));
-        journal.tab().uploadRealTimeWorkshift();
-        QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_CDS_OPEN"));
-        QCOMPARE(count(journal, "LogbookWorkshifts"), 1);
+        for (const bool isTakenBack : {false, true}) {
+            const TestStore store;
+            TestJournal journal(store);
+            const auto loader = store.openLoader();
+            openSecond(loader.get());
+            journal.deliver();
+            if (isTakenBack)
+                QVERIFY(TestStore::write(loader.get(), "LogbookWorkshifts", ROW_DELETE, "SHIFT_SECOND"));
+            else
+                QVERIFY(TestStore::write(loader.get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_SECOND",
+                                         {{"CloseWorkerKey", QByteArray("WORKER_PETROV")}}));
+            journal.deliver();
+            QCOMPARE(journal.tab().isCloseWorkshift(), !isTakenBack);
+            journal.tab().uploadRealTimeWorkshift();
+            QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_SECOND"));
+            journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
+            journal.tab().uploadRealTimeWorkshift();
+            QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_CDS_OPEN"));
+            QCOMPARE(journal.shownKeys().size(), 8);
+            QCOMPARE(count(journal, "LogbookWorkshifts"), 1);
+        }
     }
 
     void ignoresNewWorkshiftsInTheArchiveAndOfOthers()

@@ -382,7 +382,7 @@ private slots:
         m_log->take(QStringLiteral("CVrkCliSes"));
     }
 
-    void loadsTheLiveWorkshiftAgainWhenItsLoadHasFailed()
+    void loadsTheLiveWorkshiftAgainByAnotherPeriodAndBack()
     {
         const TestStore store;
         const auto plan = std::make_shared<FailingStore::Plan>();
@@ -393,12 +393,13 @@ private slots:
         ivanov.trigger("currentWorkshiftAction");
         QCOMPARE(ivanov.status(), QStringLiteral("Смена закрыта")); // as far as it knows
         QVERIFY(!m_log->take().isEmpty());
+        const int selects = plan->selects.size();
+        ivanov.trigger("currentWorkshiftAction"); // is shown already
+        QCOMPARE(plan->selects.size(), selects);
+        ivanov.home().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
         ivanov.trigger("currentWorkshiftAction");
         QCOMPARE(ivanov.status(), QStringLiteral("Смена открыта, редактирование разрешено"));
         QVERIFY(ivanov.record(QStringLiteral("REC_DRAFT_IVANOV")));
-        const int selects = plan->selects.size();
-        ivanov.trigger("currentWorkshiftAction"); // all is there: nothing to load
-        QCOMPARE(plan->selects.size(), selects);
     }
 
     void showsCommentsAndFilesOfTheCurrentRecord()

@@ -43,6 +43,8 @@ private:
     QStringList panes(const QString& name, LogBookWidget* journal) const;
     QStringList rules(const QString& name, LogBookWidget* journal) const;
     QStringList bar(RandomDispatcher& person) const;
+    void leaveStale(LogBookWidget* journal);
+    void takeRowsOfOthers(LogBookWidget* journal, Rows* crew, Rows* records) const;
     QStringList workshifts(const QString& name, LogBookWidget* journal) const;
     QStringList inbox(CommentsWidget* page) const;
 

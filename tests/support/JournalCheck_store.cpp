@@ -151,6 +151,7 @@ QStringList JournalCheck::workshifts(const QString& name, LogBookWidget* journal
     for (auto row = open.begin(); row != open.end(); ++row)
         wanted.insert(row.key(), row.value());
     QStringList faults = compare(name + QStringLiteral(" shift"), shifts, wanted);
+    // One that was closed or taken back stays in view until the user looks elsewhere: see leaveStale().
     if (!open.isEmpty() && !open.contains(current.toUtf8()))
         faults << QStringLiteral("%1 shows the shift %2, while %3 is open")
                       .arg(name, current, QString::fromUtf8(open.keys().join(',')));
@@ -198,6 +199,44 @@ QStringList JournalCheck::inbox(CommentsWidget* page) const
     return faults;
 }
 
+/// What a user does when the page tells of a shift that is over while another one is open, or was taken back: he looks at
+/// another period and comes back.
+void JournalCheck::leaveStale(LogBookWidget* journal)
+{
+    const QString current = journal->workshiftKeyLink();
+    const Rows open =
+        stored("LogbookWorkshifts",
+               QStringLiteral("DepartmentKey='%1' AND (CloseWorkerKey IS NULL OR CloseWorkerKey='')")
+                   .arg(journal->location()->departmentKey()));
+    const Rows shown = stored("LogbookWorkshifts", QStringLiteral("KeyLink='%1'").arg(current));
+    const bool isGone = !current.isEmpty() && shown.isEmpty();
+    if (!isGone && (open.isEmpty() || open.contains(current.toUtf8())))
+        return;
+    journal->uploadRecordsIn(current);
+    journal->uploadRealTimeWorkshift();
+}
+
+/// New rows of a shift that is held beside the one shown come in, too, until the next load.
+void JournalCheck::takeRowsOfOthers(LogBookWidget* journal, Rows* crew, Rows* records) const
+{
+    QStringList others;
+    for (const QByteArray& key : held(journal, "LogbookWorkshifts").keys())
+        if (key != journal->workshiftKeyLink().toUtf8())
+            others << QLatin1Char('\'') + QString::fromUtf8(key) + QLatin1Char('\'');
+    if (others.isEmpty())
+        return;
+    const auto take = [&](const char* table, const char* field, Rows* wanted) {
+        const Rows there = held(journal, table);
+        const Rows theirs = stored(
+            table, QStringLiteral("%1 IN (%2)").arg(QLatin1String(field), others.join(QLatin1Char(','))));
+        for (auto row = theirs.begin(); row != theirs.end(); ++row)
+            if (there.contains(row.key()))
+                wanted->insert(row.key(), row.value());
+    };
+    take("LogbookWorkersWorkshift", "WorkshiftKey", crew);
+    take("LogbookRecords", "ShiftKey", records);
+}
+
 QStringList JournalCheck::againstStore(RandomDispatcher& person)
 {
     QStringList faults;
@@ -218,16 +257,15 @@ QStringList JournalCheck::againstStore(RandomDispatcher& person)
                       .arg(unread);
     for (LogBookWidget* journal : person.journals()) {
         if (journal->mode() == LogBookWidget::RealTime)
-            journal
-                ->uploadRealTimeWorkshift(); // changes nothing but where another shift than the one closed is open
+            leaveStale(journal);
         const QString name = this->name(journal);
         faults += workshifts(name, journal);
 
         const QString shift = journal->workshiftKeyLink();
         const bool isInterval = journal->mode() == LogBookWidget::ArchiveInterval;
-        const Rows crew =
-            isInterval ? Rows()
-                       : stored("LogbookWorkersWorkshift", QStringLiteral("WorkshiftKey='%1'").arg(shift));
+        Rows crew = isInterval
+                        ? Rows()
+                        : stored("LogbookWorkersWorkshift", QStringLiteral("WorkshiftKey='%1'").arg(shift));
         Rows heldCrew = held(journal, "LogbookWorkersWorkshift");
         Rows records = stored("LogbookRecords", recordsWhere(journal));
         const Rows heldRecords = held(journal, "LogbookRecords");
@@ -236,6 +274,8 @@ QStringList JournalCheck::againstStore(RandomDispatcher& person)
             for (auto row = records.begin(); row != records.end();)
                 row = loaded.contains(row.key()) ? row + 1 : records.erase(row);
         }
+        if (journal->mode() == LogBookWidget::RealTime)
+            takeRowsOfOthers(journal, &crew, &records);
         faults += compare(name + QStringLiteral(" crew"), heldCrew, crew);
         faults += compare(name + QStringLiteral(" record"), heldRecords, records);
         const QString ofRecords = QStringLiteral("RecordKey IN (%1)").arg(quotedKeys(records.keys()));
@@ -265,11 +305,17 @@ QStringList JournalCheck::againstFresh(RandomDispatcher& person, JournalWindow& 
                  journal->mode() == LogBookWidget::ArchiveWorkshift)
             page->uploadRecordsIn(journal->workshiftKeyLink());
 
+        Rows crew;
+        Rows foreign;
+        if (journal->mode() == LogBookWidget::RealTime)
+            takeRowsOfOthers(journal, &crew, &foreign);
         const auto here = cells(journal);
         const auto there = cells(page);
         const VrkTableModel* model = proxyOf(page)->tableModel();
         for (auto row = here.begin(); row != here.end(); ++row) {
             if (!there.contains(row.key())) {
+                if (foreign.contains(row.key()))
+                    continue;
                 if (journal->isHideDraft() == page->isHideDraft())
                     faults << QStringLiteral("%1: a fresh page does not show %2")
                                   .arg(name, QString::fromUtf8(row.key()));
