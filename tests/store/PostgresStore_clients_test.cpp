@@ -119,6 +119,57 @@ private slots:
                  QStringLiteral("COM_UNREADsidorova"));
     }
 
+    void tableOfOnesOwnMakesNobodyAnAuthor()
+    {
+        QCOMPARE(m_files->exec(
+                     QStringLiteral("DO $$ BEGIN EXECUTE format('GRANT TEMPORARY ON DATABASE %I TO PUBLIC', "
+                                    "current_database()); END $$")),
+                 QString());
+        const auto link = person("ivanov");
+        QCOMPARE(run(*link,
+                     "CREATE TEMP TABLE LogbookRecords AS SELECT 'ORIGIN' AS KeyLink, 'WORKER_PETROV' AS "
+                     "WorkerKey"),
+                 QByteArray());
+        QCOMPARE(begin(*link, "INSERT INTO public.LogbookRecords (KeyLink, ShiftKey, WorkerKey, "
+                              "OriginRecordKey, status) VALUES ('FORGED', 'SHIFT_CDS_OPEN', 'WORKER_PETROV', "
+                              "'ORIGIN', 0)"),
+                 QByteArray("VR001"));
+    }
+
+    void whoWritesPastTheStoreHasToNameABatch()
+    {
+        const auto link = person();
+        const QByteArray write = "UPDATE LogbookComments SET readedTime = 5 WHERE KeyLink = 'COM_UNREAD'";
+        QCOMPARE(run(*link, write), QByteArray("VR001"));
+        // What is left of a name when its transaction is over is an empty one.
+        QCOMPARE(begin(*link, "COMMIT"), QByteArray());
+        QCOMPARE(run(*link, write), QByteArray("VR001"));
+        QCOMPARE(begin(*link, write + "; COMMIT"), QByteArray());
+    }
+
+    void numbersAreLoggedExactlyWhateverAClientHasSet()
+    {
+        QCOMPARE(begin(*person(),
+                       "SET LOCAL extra_float_digits = -10; UPDATE LogbookComments SET readedTime = "
+                       "1763600000.1234567 WHERE KeyLink = 'COM_UNREAD'; COMMIT"),
+                 QByteArray());
+        const QString logged =
+            m_files->value(QStringLiteral("SELECT newRow FROM ChangeLog ORDER BY entry DESC LIMIT 1"))
+                .toString();
+        QVERIFY2(logged.endsWith(QStringLiteral(",1763600000.1234567]")), qPrintable(logged));
+    }
+
+    void administratorIsBoundByTheRulesUnlessHeAsksNotToBe()
+    {
+        PgConnection link(m_files->url(), 15000);
+        StoreError error;
+        QVERIFY(link.connect(link.connectMs(), &error));
+        const QByteArray write = "UPDATE LogbookRecords SET html = 'x' WHERE KeyLink = 'REC_ORDER'";
+        QCOMPARE(begin(link, write), QByteArray("VR001"));
+        run(link, "ROLLBACK");
+        QCOMPARE(begin(link, write, true), QByteArray());
+    }
+
     void whatIsTheStoresOwnIsNotLocked_data()
     {
         QTest::addColumn<QByteArray>("sql");

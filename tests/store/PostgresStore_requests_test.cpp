@@ -122,6 +122,18 @@ private slots:
                  attempts > 1 ? 1 : 0);
     }
 
+    void keyThatIsTakenIsNotTriedAgain()
+    {
+        QCOMPARE(
+            m_files->exec(QStringLiteral(
+                "CREATE SEQUENCE tries; CREATE FUNCTION counting() RETURNS trigger LANGUAGE plpgsql "
+                "SECURITY DEFINER AS $$ BEGIN PERFORM nextval('public.tries'); RETURN NULL; END $$; CREATE "
+                "TRIGGER counting BEFORE INSERT ON Roles EXECUTE FUNCTION counting()")),
+            QString());
+        QVERIFY(!TestStore::write(m_files->openLoader().get(), "Roles", ROW_INSERT, "ROLE_ZAR"));
+        QCOMPARE(m_files->value(QStringLiteral("SELECT last_value FROM tries")).toInt(), 1);
+    }
+
     void textsAreOrderedByBytesWhateverTheDatabaseSortsBy()
     {
         // Where "a" comes before "B", and small letters before capital ones.

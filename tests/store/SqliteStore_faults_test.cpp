@@ -105,6 +105,22 @@ private slots:
         QFAIL("the fault never ceased to strike");
     }
 
+    void everyWriteIsOnTheDiskBeforeItIsAcknowledged()
+    {
+        const TestStore files;
+        const auto store = files.openLoader();
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(TestStore::write(store.get(), "Roles", ROW_INSERT, QByteArray::number(i)));
+        // Not the first write alone, which begins the engine's own log, but each.
+        for (int i = 3; i < 6; ++i) {
+            FaultVfs::arm(FaultVfs::Sync, 1, SQLITE_IOERR_FSYNC);
+            const bool done = TestStore::write(store.get(), "Roles", ROW_INSERT, QByteArray::number(i));
+            QVERIFY(FaultVfs::disarm());
+            QVERIFY(!done);
+            QVERIFY(TestStore::write(store.get(), "Roles", ROW_INSERT, "AFTER" + QByteArray::number(i)));
+        }
+    }
+
     void fullDiskSaysSo()
     {
         const TestStore files;
