@@ -2,7 +2,7 @@
 
 #include <pty.h>
 #include <QFile>
-#include <QtTest>
+#include <QTest>
 
 class HiddenInput_test : public QObject
 {

@@ -3,7 +3,7 @@
 #include "StoreAdmin.h"
 #include "TestStore.h"
 
-#include <QtTest>
+#include <QTest>
 
 /// vrk-admin option, on a store of either engine.
 class Option_test : public QObject

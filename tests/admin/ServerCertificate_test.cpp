@@ -6,7 +6,7 @@
 
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 #include <unistd.h>
 
 namespace

@@ -10,7 +10,7 @@
 #include <QSettings>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 /// A module that shows records of many shifts, over a test store and with settings of its own; what it asks of the journal
 /// is kept instead of done.

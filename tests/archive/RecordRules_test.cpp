@@ -1,6 +1,6 @@
 #include "RecordRules.h"
 
-#include <QtTest>
+#include <QTest>
 
 class RecordRules_test : public QObject
 {

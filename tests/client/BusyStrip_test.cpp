@@ -4,7 +4,8 @@
 
 #include <QApplication>
 #include <QMainWindow>
-#include <QtTest>
+#include <QTest>
+#include <QTimer>
 
 /// What a long request shows, and that nothing else happens meanwhile.
 class BusyStripTest : public QObject

@@ -2,7 +2,7 @@
 #include "MDRValues.h"
 #include "TestClient.h"
 
-#include <QtTest>
+#include <QTest>
 
 class CToolLiteModelTest : public QObject
 {

@@ -1,6 +1,6 @@
 #include "CVar.h"
 
-#include <QtTest>
+#include <QTest>
 
 class CVarTest : public QObject
 {

@@ -4,7 +4,8 @@
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 /// Delivery of events and the services of the application, over a store whose log the test writes.
 class CVrkCliAppTest : public QObject

@@ -3,7 +3,7 @@
 
 #include <cstring>
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 namespace
 {

@@ -4,7 +4,9 @@
 #include "TestClient.h"
 
 #include <QFile>
-#include <QtTest>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
 #include <sqlite3.h>
 
 /// Sessions over a real store: what several clients see of each other, and what a failing store does to them.

@@ -2,8 +2,10 @@
 #include "FakeStore.h"
 #include "LogbookFields.h"
 
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 /// The session's own rules, over a store that only keeps what it is asked.
 class CVrkCliSesTest : public QObject

@@ -4,7 +4,8 @@
 #include "TestClient.h"
 
 #include <QFile>
-#include <QtTest>
+#include <QRegularExpression>
+#include <QTest>
 
 namespace
 {

@@ -10,9 +10,9 @@
 #include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QTableWidget>
+#include <QTest>
 #include <QTextCodec>
 #include <QTextEdit>
-#include <QtTest>
 
 class EditorGuardTest : public QObject
 {

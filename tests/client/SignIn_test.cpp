@@ -7,9 +7,10 @@
 #include <ctime>
 #include <QDateTime>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 class SignInTest : public QObject
 {

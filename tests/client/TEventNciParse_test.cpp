@@ -2,7 +2,7 @@
 #include "MDRValues.h"
 #include "TEventNciParse.h"
 
-#include <QtTest>
+#include <QTest>
 
 class TEventNciParseTest : public QObject
 {

@@ -1,7 +1,7 @@
 #include "TextFit.h"
 
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 class TextFitTest : public QObject
 {

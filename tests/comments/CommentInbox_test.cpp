@@ -6,7 +6,7 @@
 #include "TestClient.h"
 
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 /// What the journal tells the host of comments that wait and of shifts that are overdue.
 class CommentInbox_test : public QObject

@@ -19,9 +19,9 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTabWidget>
+#include <QTest>
 #include <QTextEdit>
 #include <QToolButton>
-#include <QtTest>
 
 class CommentsWidget_test : public QObject
 {

@@ -5,7 +5,7 @@
 
 #include <QListWidget>
 #include <QPainter>
-#include <QtTest>
+#include <QTest>
 
 class MessageListDelegate_test : public QObject
 {

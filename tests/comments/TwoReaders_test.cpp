@@ -12,9 +12,9 @@
 #include <QTableView>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTextEdit>
 #include <QToolButton>
-#include <QtTest>
 
 namespace
 {

@@ -1,6 +1,6 @@
 #include "DemoClock.h"
 
-#include <QtTest>
+#include <QTest>
 
 namespace
 {

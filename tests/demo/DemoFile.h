@@ -6,8 +6,8 @@
 #include "StoreAdmin.h"
 
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 inline qint64 at(const char* text)
 {

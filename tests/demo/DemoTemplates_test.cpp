@@ -1,9 +1,10 @@
 #include "DemoTemplates.h"
 #include "HtmlParser.h"
 
+#include <QRegularExpression>
 #include <QSet>
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 namespace
 {

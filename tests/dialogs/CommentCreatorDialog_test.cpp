@@ -5,8 +5,8 @@
 #include <QMainWindow>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTest>
 #include <QTextEdit>
-#include <QtTest>
 
 class CommentCreatorDialog_test : public QObject
 {

@@ -14,9 +14,9 @@
 #include <QStandardPaths>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
-#include <QtTest>
 
 class ReportDialog_test : public QObject
 {

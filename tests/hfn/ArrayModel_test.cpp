@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <optional>
-#include <QtTest>
+#include <QTest>
 #include <random>
 #include <string_view>
 

@@ -3,7 +3,7 @@
 #include "CStringParams.h"
 #include "GenGuid32.h"
 
-#include <QtTest>
+#include <QTest>
 
 /// The thin classes over record arrays, and the keys of rows.
 class CMDArray_test : public QObject

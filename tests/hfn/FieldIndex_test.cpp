@@ -1,6 +1,6 @@
 #include "ArrayTools.h"
 
-#include <QtTest>
+#include <QTest>
 
 /// Records by the text of a field that is no key.
 class FieldIndex_test : public QObject

@@ -3,7 +3,7 @@
 #include "LogbookFields.h"
 
 #include <ctime>
-#include <QtTest>
+#include <QTest>
 
 class FieldSet_test : public QObject
 {

@@ -1,7 +1,7 @@
 #include "ArrayTools.h"
 #include "HFNCliParam.h"
 
-#include <QtTest>
+#include <QTest>
 
 class HFNCliParam_test : public QObject
 {

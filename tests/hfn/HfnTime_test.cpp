@@ -2,8 +2,8 @@
 
 #include <ctime>
 #include <limits>
+#include <QTest>
 #include <QTimeZone>
-#include <QtTest>
 
 class HfnTime_test : public QObject
 {

@@ -1,7 +1,7 @@
 #include "LogbookFields.h"
 
 #include <cstring>
-#include <QtTest>
+#include <QTest>
 
 /// The descriptor tables are an agreement with stores and with other programs: a change here breaks it.
 class LogbookFields_test : public QObject

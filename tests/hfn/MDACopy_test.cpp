@@ -1,6 +1,6 @@
 #include "ArrayTools.h"
 
-#include <QtTest>
+#include <QTest>
 
 class MDACopy_test : public QObject
 {

@@ -1,7 +1,7 @@
 #include "ArrayTools.h"
 
 #include <algorithm>
-#include <QtTest>
+#include <QTest>
 
 /// The life of records: made, posted, edited, deleted, copied.
 class MDArray_test : public QObject

@@ -3,7 +3,7 @@
 
 #include <cmath>
 #include <limits>
-#include <QtTest>
+#include <QTest>
 
 class MDRData_test : public QObject
 {

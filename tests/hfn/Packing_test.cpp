@@ -1,7 +1,7 @@
 #include "ArrayTools.h"
 #include "PackedBytes.h"
 
-#include <QtTest>
+#include <QTest>
 #include <random>
 
 /// Packed arrays and packed records: what goes through them, and what damaged bytes give.

@@ -3,7 +3,7 @@
 #include <ctime>
 #include <limits>
 #include <map>
-#include <QtTest>
+#include <QTest>
 
 /// Keys of record arrays: how they order, find and place.
 class RecordOrder_test : public QObject

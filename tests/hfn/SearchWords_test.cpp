@@ -2,7 +2,7 @@
 
 #include "RussianStem.h"
 
-#include <QtTest>
+#include <QTest>
 
 class SearchWords_test : public QObject
 {

@@ -1,6 +1,6 @@
 #include "ArrayTools.h"
 
-#include <QtTest>
+#include <QTest>
 
 /// Blobs that stay in the store until their value is read.
 class StoredBlob_test : public QObject

@@ -7,8 +7,8 @@
 #include "TextCells.h"
 
 #include <QBrush>
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 /// The conversions of single cells: what each answers to each role.
 class Cells_test : public QObject

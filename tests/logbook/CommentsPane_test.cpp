@@ -10,8 +10,8 @@
 
 #include <QAction>
 #include <QListWidget>
+#include <QTest>
 #include <QToolButton>
-#include <QtTest>
 
 class CommentsPane_test : public QObject
 {

@@ -1,6 +1,6 @@
 #include "DurationOptions.h"
 
-#include <QtTest>
+#include <QTest>
 
 class DurationOptions_test : public QObject
 {

@@ -1,7 +1,7 @@
 #include "FileNames.h"
 
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 class FileNames_test : public QObject
 {

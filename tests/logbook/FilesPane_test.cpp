@@ -9,8 +9,8 @@
 #include <QHeaderView>
 #include <QPixmap>
 #include <QTableWidget>
+#include <QTest>
 #include <QToolButton>
-#include <QtTest>
 
 class FilesPane_test : public QObject
 {

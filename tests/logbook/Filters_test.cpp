@@ -2,7 +2,8 @@
 
 #include "MadeTable.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 class Filters_test : public QObject
 {

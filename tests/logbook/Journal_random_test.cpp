@@ -6,7 +6,7 @@
 
 #include <QRegularExpression>
 #include <QTabWidget>
-#include <QtTest>
+#include <QTest>
 
 /// Three dispatchers at three journal windows of one store do at random what their windows offer, hear of each other
 /// late and in heaps, go home and are followed by others. After every step each window is reckoned anew from its rows, and

@@ -4,9 +4,9 @@
 #include <QScrollBar>
 #include <QSplitter>
 #include <QTableView>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
-#include <QtTest>
 
 /// The journal in a window of 1280 by 720 with the font of a usual desktop, and with letters a quarter and a half larger:
 /// everything can be seen and reached.

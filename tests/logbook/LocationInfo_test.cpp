@@ -4,7 +4,7 @@
 #include "LogWatch.h"
 #include "MadeTable.h"
 
-#include <QtTest>
+#include <QTest>
 
 class LocationInfo_test : public QObject
 {

@@ -13,8 +13,8 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QSplitter>
+#include <QTest>
 #include <QToolButton>
-#include <QtTest>
 
 /// The form of a page: its widgets, columns, search bar, keys and context menu.
 class LogBookTab_test : public QObject

@@ -8,9 +8,9 @@
 #include <QAction>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTest>
 #include <QTextEdit>
 #include <QToolButton>
-#include <QtTest>
 
 /// Writing, changing, deleting and reading comments in the pane of the journal page.
 class LogBookWidget_comments_test : public QObject

@@ -8,8 +8,8 @@
 
 #include <limits>
 #include <QSignalSpy>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
 
 /// The reminder that a workshift has overrun its end.
 class LogBookWidget_duration_test : public QObject

@@ -5,8 +5,9 @@
 
 #include <QApplication>
 #include <QListWidget>
+#include <QSignalSpy>
 #include <QTableWidget>
-#include <QtTest>
+#include <QTest>
 
 /// How a page follows the changes that others, and it itself, write to the store.
 class LogBookWidget_events_test : public QObject

@@ -10,8 +10,8 @@
 #include <QStandardPaths>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QToolButton>
-#include <QtTest>
 #include <QUrl>
 
 /// Attaching, opening, saving and deleting files in the pane of the journal page.

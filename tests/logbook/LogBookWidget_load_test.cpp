@@ -6,8 +6,9 @@
 #include "TestJournal.h"
 
 #include <QListWidget>
+#include <QSignalSpy>
 #include <QTableWidget>
-#include <QtTest>
+#include <QTest>
 
 /// What a journal page shows in each of its modes.
 class LogBookWidget_load_test : public QObject

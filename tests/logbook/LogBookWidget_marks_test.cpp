@@ -12,7 +12,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QtTest>
+#include <QTest>
 
 /// Second markers, execution times, and the copying of records: what reaches the store and what the user is told.
 class LogBookWidget_marks_test : public QObject

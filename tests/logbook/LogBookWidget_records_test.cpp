@@ -7,7 +7,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QTableWidget>
-#include <QtTest>
+#include <QTest>
 
 /// Creating, editing, deleting, approving and signing records: what reaches the store and what the user is told.
 class LogBookWidget_records_test : public QObject

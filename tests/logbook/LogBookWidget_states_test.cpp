@@ -5,7 +5,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
-#include <QtTest>
+#include <QTest>
 
 /// What may be done with a record and a workshift in each of their states.
 class LogBookWidget_states_test : public QObject

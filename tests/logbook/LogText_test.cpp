@@ -2,7 +2,7 @@
 
 #include "LogWatch.h"
 
-#include <QtTest>
+#include <QTest>
 
 class LogText_test : public QObject
 {

@@ -2,7 +2,7 @@
 
 #include "MadeTable.h"
 
-#include <QtTest>
+#include <QTest>
 #include <random>
 
 class RecordCensus_test : public QObject

@@ -4,7 +4,7 @@
 #include "MadeTable.h"
 #include "RecordValue.h"
 
-#include <QtTest>
+#include <QTest>
 
 class RecordPreparer_test : public QObject
 {

@@ -6,7 +6,7 @@
 
 #include <QTableView>
 #include <QTabWidget>
-#include <QtTest>
+#include <QTest>
 
 /// Another module asks the journal to show a record in its shift.
 class ShowRecord_test : public QObject

@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QImage>
 #include <QMovie>
-#include <QtTest>
+#include <QTest>
 
 namespace
 {

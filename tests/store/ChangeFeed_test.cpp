@@ -3,7 +3,8 @@
 #include "TestStore.h"
 
 #include <QFile>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 class ChangeFeed_test : public QObject
 {

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 #include <QRandomGenerator>
-#include <QtTest>
+#include <QTest>
 #include <sqlite3.h>
 
 class ChangeRow_test : public QObject

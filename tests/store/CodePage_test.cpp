@@ -1,8 +1,8 @@
 #include "CodePage.h"
 
 #include <QRandomGenerator>
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 namespace
 {

@@ -10,7 +10,8 @@
 #include "TableCatalog.h"
 #include "TestStore.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 /// Links that break at an exact place: at every single request of connecting, signing in, reading and writing.
 class PostgresStore_breaks_test : public QObject

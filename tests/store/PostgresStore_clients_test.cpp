@@ -6,7 +6,7 @@
 #include "TableCatalog.h"
 #include "TestStore.h"
 
-#include <QtTest>
+#include <QTest>
 
 /// What a client can do to the others: one that talks to the server without our program, with the rights of a person, and
 /// two that write at the same moment.

@@ -11,7 +11,8 @@
 #include <dlfcn.h>
 #include <mutex>
 #include <netdb.h>
-#include <QtTest>
+#include <QSocketNotifier>
+#include <QTest>
 
 namespace
 {

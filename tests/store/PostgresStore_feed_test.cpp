@@ -6,7 +6,7 @@
 
 #include <poll.h>
 #include <QFile>
-#include <QtTest>
+#include <QTest>
 
 /// What the change feed of a server rests on: the counter, the hint with the slow poll behind it, the name of the history.
 class PostgresStore_feed_test : public QObject

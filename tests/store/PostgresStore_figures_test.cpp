@@ -15,9 +15,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTest>
 #include <QThread>
 #include <QTimer>
-#include <QtTest>
 #include <sqlite3.h>
 
 namespace

@@ -8,7 +8,8 @@
 #include "TableCatalog.h"
 #include "TestStore.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 /// A server that stops, freezes, dies or is replaced under its clients.
 class PostgresStore_link_test : public QObject

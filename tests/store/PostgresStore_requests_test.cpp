@@ -3,7 +3,7 @@
 #include "StoreAdmin.h"
 #include "TestStore.h"
 
-#include <QtTest>
+#include <QTest>
 
 /// What each request to a server is guarded by, whatever server, database and role are set to.
 class PostgresStore_requests_test : public QObject

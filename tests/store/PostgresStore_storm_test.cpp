@@ -12,8 +12,8 @@
 #include <atomic>
 #include <QEventLoop>
 #include <QSet>
+#include <QTest>
 #include <QThread>
-#include <QtTest>
 #include <random>
 
 namespace

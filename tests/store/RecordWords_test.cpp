@@ -1,6 +1,6 @@
 #include "RecordWords.h"
 
-#include <QtTest>
+#include <QTest>
 
 class RecordWords_test : public QObject
 {

@@ -1,7 +1,7 @@
 #include "SchemaScript.h"
 #include "TableCatalog.h"
 
-#include <QtTest>
+#include <QTest>
 
 class SchemaScript_test : public QObject
 {

@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <QProcess>
 #include <QRandomGenerator>
-#include <QtTest>
+#include <QTest>
 #include <sqlite3.h>
 
 /// Disks that give out, processes that are killed, processes side by side.

@@ -3,7 +3,7 @@
 
 #include <QFile>
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 #include <QUrl>
 #include <sqlite3.h>
 #include <unistd.h>

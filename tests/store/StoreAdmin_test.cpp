@@ -3,7 +3,7 @@
 #include "TestStore.h"
 
 #include <QFile>
-#include <QtTest>
+#include <QTest>
 
 class StoreAdmin_test : public QObject
 {

@@ -6,7 +6,7 @@
 
 #include <QFile>
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 
 /// Stores as former programs have left them, in tests/store/former, brought to this version.
 class StoreUpgrade_test : public QObject

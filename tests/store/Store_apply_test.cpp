@@ -4,7 +4,7 @@
 #include "TestStore.h"
 
 #include <limits>
-#include <QtTest>
+#include <QTest>
 
 namespace
 {

@@ -3,7 +3,7 @@
 #include "TableCatalog.h"
 #include "TestStore.h"
 
-#include <QtTest>
+#include <QTest>
 
 namespace
 {

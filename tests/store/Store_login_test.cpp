@@ -1,9 +1,10 @@
 #include "StoreAdmin.h"
 #include "TestStore.h"
 
+#include <cmath>
 #include <QDateTime>
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 class Store_login_test : public QObject
 {

@@ -4,7 +4,7 @@
 #include "TestStore.h"
 #include "WriterOfRules.h"
 
-#include <QtTest>
+#include <QTest>
 #include <sqlite3.h>
 
 /// Who may write templates and reference tables, what the loader may, and that nobody writes past the store.

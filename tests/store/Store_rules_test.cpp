@@ -5,7 +5,7 @@
 #include "TestStore.h"
 #include "WriterOfRules.h"
 
-#include <QtTest>
+#include <QTest>
 
 /// Who may write what: one test a line of the rules, each column of a table tried.
 class Store_rules_test : public QObject, private WriterOfRules

@@ -1,6 +1,6 @@
 #include "TestStore.h"
 
-#include <QtTest>
+#include <QTest>
 
 class Store_script_test : public QObject
 {

@@ -8,7 +8,7 @@
 #include "TestStore.h"
 
 #include <QFile>
-#include <QtTest>
+#include <QTest>
 
 /// The search over all shifts: what is found by what, on both engines alike, and that the index follows every write.
 class Store_search_test : public QObject

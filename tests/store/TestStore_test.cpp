@@ -1,7 +1,7 @@
 #include "StoreAdmin.h"
 #include "TestStore.h"
 
-#include <QtTest>
+#include <QTest>
 
 class TestStore_test : public QObject
 {

@@ -3,7 +3,8 @@
 #include "SignIn.h"
 #include "TEventNciParse.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 TestClient::TestClient(const TestStore& store, const QString& login, const QByteArray& department)
 {

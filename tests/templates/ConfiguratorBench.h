@@ -12,9 +12,9 @@
 #include <QLineEdit>
 #include <QStackedWidget>
 #include <QTabWidget>
+#include <QTest>
 #include <QToolButton>
 #include <QTreeView>
-#include <QtTest>
 
 /// A configurator that a login has opened on a test store.
 class Configurator

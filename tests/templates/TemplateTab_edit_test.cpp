@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QSignalSpy>
 #include <QTextEdit>
 
 /// Unsaved changes: their buffer, checking and saving in one block, failures, and the merging of events.

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QSignalSpy>
 #include <QSplitter>
 
 /// The tree of a page: its form, what each level allows to whom, selection, search, keys, and the operations on it.

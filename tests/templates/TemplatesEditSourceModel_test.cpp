@@ -7,8 +7,9 @@
 
 #include <QAbstractItemModelTester>
 #include <QMimeData>
+#include <QSignalSpy>
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 /// The three tree models and their proxy over arrays made by hand.
 class TemplatesEditSourceModel_test : public QObject

@@ -1,7 +1,8 @@
 #include "DateTimeLine.h"
 #include "Typing.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 namespace
 {

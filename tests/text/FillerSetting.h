@@ -11,7 +11,7 @@
 #include <QListView>
 #include <QSettings>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 using Properties = std::vector<HtmlParser::Property>;
 

@@ -1,10 +1,10 @@
 #include "HtmlParser.h"
 
 #include <ctime>
+#include <QTest>
 #include <QTextBlock>
 #include <QTextCodec>
 #include <QTextDocument>
-#include <QtTest>
 #include <random>
 
 namespace

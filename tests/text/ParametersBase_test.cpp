@@ -4,8 +4,8 @@
 #include "ParametersBase.h"
 
 #include <QFile>
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 
 namespace
 {

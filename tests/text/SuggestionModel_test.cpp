@@ -5,7 +5,7 @@
 #include <QAbstractItemModelTester>
 #include <QSortFilterProxyModel>
 #include <QStandardItemModel>
-#include <QtTest>
+#include <QTest>
 
 namespace
 {

@@ -10,9 +10,9 @@
 #include <QApplication>
 #include <QLabel>
 #include <QSignalSpy>
+#include <QTest>
 #include <QTextCodec>
 #include <QTreeView>
-#include <QtTest>
 
 /// A template editor in a window of its own, and what tests do with it.
 struct TemplateEditorBench {

@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QMimeData>
+#include <QSignalSpy>
 
 namespace
 {

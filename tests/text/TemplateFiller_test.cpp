@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QRandomGenerator>
+#include <QSignalSpy>
 #include <QTextCodec>
 #include <QToolButton>
 

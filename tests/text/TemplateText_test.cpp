@@ -2,9 +2,9 @@
 #include "TemplateText.h"
 
 #include <ctime>
+#include <QTest>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <QtTest>
 #include <random>
 
 namespace

@@ -4,7 +4,7 @@
 #include "VrkTableModel.h"
 
 #include <QFont>
-#include <QtTest>
+#include <QTest>
 
 class AbstractHfnCellConversion_test : public QObject
 {

@@ -4,7 +4,7 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QtTest>
+#include <QTest>
 
 /// Asks questions and takes the answers as the rules of answer slots tell.
 class Asker : public QWidget

@@ -8,7 +8,8 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 #include <QVBoxLayout>
 
 class CPopTemplate_test : public QObject

@@ -3,8 +3,8 @@
 #include "MDRValues.h"
 
 #include <initializer_list>
+#include <QTest>
 #include <QTextCodec>
-#include <QtTest>
 #include <utility>
 
 class HfnWrapper_test : public QObject

@@ -9,7 +9,7 @@
 
 #include <QPushButton>
 #include <QTableView>
-#include <QtTest>
+#include <QTest>
 
 /// A module with a record table that takes every inserted record in and makes it current, as the journal does, and
 /// asks a question about the current record.

@@ -6,8 +6,8 @@
 
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 #include <QTreeView>
-#include <QtTest>
 
 class OrgStructDialog_test : public QObject
 {

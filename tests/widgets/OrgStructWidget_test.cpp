@@ -8,8 +8,9 @@
 
 #include <QAbstractItemModelTester>
 #include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
 #include <QTreeView>
-#include <QtTest>
 
 class OrgStructWidget_test : public QObject
 {

@@ -8,7 +8,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QTableView>
-#include <QtTest>
+#include <QTest>
 
 namespace
 {

@@ -16,7 +16,8 @@
 #include <QRegularExpression>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
+#include <QTimer>
 
 namespace
 {

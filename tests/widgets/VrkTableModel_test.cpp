@@ -3,7 +3,8 @@
 #include "RecordTable.h"
 
 #include <QAbstractItemModelTester>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 namespace
 {

@@ -5,7 +5,7 @@
 
 #include <memory>
 #include <QAbstractItemModelTester>
-#include <QtTest>
+#include <QTest>
 
 namespace
 {

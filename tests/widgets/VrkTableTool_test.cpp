@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QSignalSpy>
 
 class VrkTableTool_test : public QObject
 {

@@ -7,9 +7,9 @@
 
 #include <QHeaderView>
 #include <QTableWidget>
+#include <QTest>
 #include <QToolButton>
 #include <QTreeView>
-#include <QtTest>
 
 /// The crew of the three dialogs of a shift: whom they offer, and what is left of a choice.
 class CrewTable_test : public QObject

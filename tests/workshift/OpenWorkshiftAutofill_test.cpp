@@ -5,8 +5,8 @@
 
 #include <QPushButton>
 #include <QTableWidget>
+#include <QTest>
 #include <QTreeView>
-#include <QtTest>
 
 /// What the dialog of opening fills in by itself, and what it says when it cannot.
 class OpenWorkshiftAutofill_test : public QObject

@@ -5,7 +5,8 @@
 #include <QDateEdit>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 /// Each write of opening and closing a shift refused by the database: what stands in the journal afterwards, what the log
 /// says, what the status line gets, and that the text is offered again. The departments are those of the standard journal:

@@ -11,9 +11,10 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTableWidget>
+#include <QTest>
 #include <QToolButton>
-#include <QtTest>
 
 /// What period a page shows, what is told of its shift, and workers added to the running one: through the dialogs, over a
 /// real store.

@@ -3,9 +3,10 @@
 #include "LogWatch.h"
 
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QTableWidget>
-#include <QtTest>
+#include <QTest>
 
 /// Two dispatchers of one department at two workstations, each with a session and a journal window of his own over one
 /// store: what one does shows at the other's, and of two who do the same the store lets one.

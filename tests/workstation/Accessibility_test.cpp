@@ -18,8 +18,8 @@
 #include <QPlainTextEdit>
 #include <QSet>
 #include <QTabBar>
+#include <QTest>
 #include <QTextEdit>
-#include <QtTest>
 
 /// Every window and dialog of the program, walked as one would who sees it badly or has no mouse.
 class Accessibility_test : public QObject

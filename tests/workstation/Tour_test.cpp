@@ -7,7 +7,7 @@
 #include "SignIn.h"
 
 #include <QDir>
-#include <QtTest>
+#include <QTest>
 
 /// The tour plays the night of the story with keys and clicks, and what it leaves is a page and two sound stores.
 class Tour_test : public QObject

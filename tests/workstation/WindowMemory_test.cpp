@@ -11,7 +11,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QTableView>
-#include <QtTest>
+#include <QTest>
 
 /// What the host remembers of windows, over real modules and settings of its own.
 class WindowMemory_test : public QObject

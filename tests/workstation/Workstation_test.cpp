@@ -20,11 +20,12 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <QToolButton>
-#include <QtTest>
 
 /// The host over the real libraries and the demo journal: signing in, loading modules, the line of status, closing.
 class Workstation_test : public QObject
