@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QTabBar>
 #include <QTableView>
 #include <QTableWidget>
 #include <QTabWidget>
@@ -367,7 +368,7 @@ bool RandomDispatcher::changePeriod()
 bool RandomDispatcher::changeTab()
 {
     auto* tabs = in<QTabWidget>(&m_window->window(), "logbooks");
-    switch (pick(6)) {
+    switch (pick(7)) {
     case 0:
         m_told << QStringLiteral("add");
         return press(in<QToolButton>(&m_window->window(), "addButton"));
@@ -378,12 +379,16 @@ bool RandomDispatcher::changeTab()
         if (tabs->count() < 2)
             return false;
         m_told << QStringLiteral("close");
-        emit tabs->tabCloseRequested(1 + pick(tabs->count() - 1));
+        emit tabs->tabCloseRequested(pick(tabs->count())); // home stays
         return true;
     case 3:
     case 4:
         m_told << QStringLiteral("home");
-        tabs->setCurrentIndex(0);
+        tabs->setCurrentWidget(&m_window->home());
+        return true;
+    case 5: // as a drag of the tab ends
+        m_told << QStringLiteral("move");
+        tabs->tabBar()->moveTab(pick(tabs->count()), pick(tabs->count()));
         return true;
     default: {
         const int index = pick(tabs->count());
