@@ -65,7 +65,7 @@ bool CVrkLogBook::ModuleStart()
     createDialogs();
     createConnections();
     createInbox();
-    home()->setFocus(); // the arrow keys are for the records
+    home()->takeKeyboard(); // the arrow keys are for the records
     return true;
 }
 

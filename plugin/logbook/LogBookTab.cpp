@@ -63,7 +63,6 @@ void LogBookTab::configureForm()
     // The table takes the room that is left; the panes keep their width.
     m_ui->splitter->setStretchFactor(0, 1);
     m_ui->searchWidget->hide();
-    setFocusProxy(m_ui->recordsTable);
 }
 
 void LogBookTab::createAnnex(const Annex& annex)
@@ -93,6 +92,11 @@ void LogBookTab::createAnnex(const Annex& annex)
                 comments->refresh();
                 files->refresh();
             });
+}
+
+void LogBookTab::takeKeyboard()
+{
+    m_ui->recordsTable->setFocus();
 }
 
 void LogBookTab::switchVisiblePanes()

@@ -49,6 +49,8 @@ public:
 
     /// Shows the search bar and moves the focus there, or hides and empties it.
     void switchVisibleSearch();
+    /// Gives the records the keyboard.
+    void takeKeyboard();
     /// Hides the panes of comments and files, or shows them.
     void switchVisiblePanes();
 

@@ -85,7 +85,7 @@ bool CVrkTemplateEditor::ModuleStart()
     m_form->templatesTabWidget->setMovable(true);
     updateControls();
     if (TemplateTab* tab = currentTab())
-        tab->setFocus(); // the arrow keys are for the tree
+        tab->takeKeyboard(); // the arrow keys are for the tree
     return true;
 }
 

@@ -30,7 +30,6 @@ TemplateTab::TemplateTab(QWidget* parent) : QWidget(parent), m_form(new Ui::Temp
 {
     const QString name = objectName();
     m_form->setupUi(this);
-    setFocusProxy(m_form->templatesTree);
     if (!name.isEmpty())
         setObjectName(name);
     configureForm();
@@ -301,6 +300,11 @@ void TemplateTab::selectFirst()
     }
     tree->clearSelection();
     tree->setCurrentIndex(wanted);
+}
+
+void TemplateTab::takeKeyboard()
+{
+    m_form->templatesTree->setFocus();
 }
 
 void TemplateTab::setFocusOn(MDRData* record)

@@ -75,6 +75,8 @@ public:
     /// The item was dropped on \a target, an index of the source model.
     void moveItem(const QString& keyLink, const QModelIndex& target);
 
+    /// Gives the tree the keyboard.
+    void takeKeyboard();
     void selectFirst();
     /// Selects the record's row without the change of selection being noticed, and shows its passport.
     void setFocusOn(MDRData* record);
