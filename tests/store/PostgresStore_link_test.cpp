@@ -148,7 +148,7 @@ private slots:
         const auto other = open();
         QTRY_COMPARE(count(other.get(),
                            "SELECT count(*) AS n FROM pg_stat_activity WHERE state = 'active' AND "
-                           "pid <> pg_backend_pid() AND query LIKE '%generate_series%'"),
+                           "pid <> pg_backend_pid() AND query LIKE 'FETCH%'"),
                      0);
     }
 

@@ -122,6 +122,21 @@ private slots:
                  attempts > 1 ? 1 : 0);
     }
 
+    void whatRunsAwayIsCancelledLongBeforeTheServersOwnLimit()
+    {
+        Store::Options options;
+        options.deadlineMs = 1500; // the server would end it by itself five seconds later
+        const auto store = m_files->open(QStringLiteral("petrov"), options);
+        StoreError error;
+        QVERIFY(!one(store.get(), "SELECT count(*) AS v FROM generate_series(1, 1000000000000)", &error)
+                     .isValid());
+        QCOMPARE(error.code, StoreError::Lost);
+        const QString running =
+            QStringLiteral("SELECT count(*) FROM pg_stat_activity WHERE state = 'active' AND "
+                           "pid <> pg_backend_pid() AND query LIKE 'FETCH%'");
+        QTRY_COMPARE_WITH_TIMEOUT(m_files->value(running).toInt(), 0, 3000);
+    }
+
     void keyThatIsTakenIsNotTriedAgain()
     {
         QCOMPARE(
