@@ -4,6 +4,7 @@
 #include "TableCatalog.h"
 
 #include <QSet>
+#include <QXmlStreamReader>
 #include <set>
 
 namespace
