@@ -204,7 +204,7 @@ def take_away(build, path, names):
             survivors.append(one.name)
         print(f"{verdict:8} {one.name}", flush=True)
     tests.make(wanted)  # the build tree holds the true sources again
-    print(f"\n{len(chosen)} safeguards, {len(survivors)} of them missed by no test")
+    print(f"\n{len(chosen)} safeguards, the loss of {len(survivors)} was noticed by no test")
     return survivors
 
 

@@ -87,9 +87,16 @@ private slots:
         QVERIFY(error.text.contains(QStringLiteral("vrk-admin upgrade")));
     }
 
-    void theFirstVersionIsUpgraded()
+    void formerVersionsAreUpgraded_data()
     {
-        take(QStringLiteral("1"));
+        QTest::addColumn<QString>("version");
+        QTest::newRow("the first") << QStringLiteral("1");
+        QTest::newRow("the second") << QStringLiteral("2");
+    }
+    void formerVersionsAreUpgraded()
+    {
+        QFETCH(QString, version);
+        take(version);
         QVERIFY2(StoreAdmin::upgrade(m_url, &m_error), qPrintable(m_error.text + m_error.detail));
         QCOMPARE(faults(), QStringList());
 
@@ -108,6 +115,10 @@ private slots:
                  qPrintable(m_error.text + m_error.detail));
         QVERIFY(!TestStore::write(store.get(), "LogbookRecords", ROW_UPDATE, "REC_ORDER", {{"html", "чужое"}},
                                   &m_error));
+        QCOMPARE(m_error.code, StoreError::Refused);
+        // A rule of the third version.
+        QVERIFY(!TestStore::write(store.get(), "LogbookRecords", ROW_UPDATE, "REC_ORDER",
+                                  {{"secondMarkTime", TestStore::now()}}, &m_error));
         QCOMPARE(m_error.code, StoreError::Refused);
         query = RecordQuery();
         query.words = QStringLiteral("обновлённое");

@@ -1,0 +1,2 @@
+-- Step 3: the rules alone, which every step makes anew: as in SQLite, and what a rule looks at holds until the end of its
+-- transaction.

@@ -1,0 +1,1 @@
+-- Step 3: the rules alone, which every step makes anew: the time of a second marker stands with its worker.
