@@ -9,6 +9,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <dlfcn.h>
+#include <libpq-fe.h>
 #include <mutex>
 #include <netdb.h>
 #include <QSocketNotifier>
@@ -161,6 +162,30 @@ private slots:
         QVERIFY2(store, qPrintable(error.text + error.detail));
         QVERIFY(TestStore::write(store.get(), "Roles", ROW_INSERT, "B", {}, &error));
         ::close(listener);
+    }
+
+    void processThatBearsAFormerNumberIsLeftAlone()
+    {
+        // Another client has the process whose number the store takes for that of its own connection.
+        const std::unique_ptr<PGconn, decltype(&PQfinish)> other(
+            PQconnectdb(m_cluster->url(QStringLiteral("site")).toUtf8().constData()), PQfinish);
+        const QByteArray number = QByteArray::number(PQbackendPID(other.get())).rightJustified(7, '0');
+        const RewritingProxy proxy(m_cluster->socketFolder(), {{"own.pid::bigint", number + "::bigint"}});
+        StoreError error;
+        const auto store = open(proxy.url(QStringLiteral("site")), 15000, &error);
+        QVERIFY2(store, qPrintable(error.text + error.detail));
+        QCOMPARE(
+            m_cluster->exec(QStringLiteral("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE "
+                                           "datname = 'site' AND pid <> %1")
+                                .arg(PQbackendPID(other.get()))),
+            QString());
+        ChangePosition position;
+        while (store->position(&position, &error)) {
+        }
+        QTRY_VERIFY(
+            store->position(&position, &error)); // a new connection, which has ended the former one's process
+        const std::unique_ptr<PGresult, decltype(&PQclear)> answer(PQexec(other.get(), "SELECT 1"), PQclear);
+        QCOMPARE(PQresultStatus(answer.get()), PGRES_TUPLES_OK);
     }
 
     void tooOldServerIsRefused()
