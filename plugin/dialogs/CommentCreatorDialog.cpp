@@ -93,7 +93,8 @@ void CommentCreatorDialog::choose(int choice)
     } else {
         const QString text = m_kept->texts.takeLast();
         if (choice == TakeKept) {
-            keep(m_taken);
+            if (!m_taken.isEmpty())
+                m_kept->texts.prepend(m_taken); // behind all the others, so that each gets its turn
             m_taken = text;
             m_form->commentEdit->setPlainText(text);
         }

@@ -156,6 +156,19 @@ private slots:
         QVERIFY(!f.keptBar()->isVisible());
     }
 
+    void eachTextThatWaitsGetsItsTurn()
+    {
+        Fixture f;
+        const QStringList texts{QStringLiteral("Первый"), QStringLiteral("Второй"), QStringLiteral("Третий")};
+        for (const QString& text : texts)
+            f.dialog.keep(text);
+        f.dialog.show();
+        for (int i : {2, 1, 0, 2}) {
+            QTest::mouseClick(f.button("takeKeptButton"), Qt::LeftButton);
+            QCOMPARE(f.edit()->toPlainText(), texts.at(i));
+        }
+    }
+
     // A tab that is closed takes its dialog along, not what could not be written there.
     void aTextThatWasNotWrittenOutlivesItsDialog()
     {
