@@ -13,7 +13,7 @@ struct CatalogTable;
 namespace SqliteSchema
 {
 /// The version that this program writes and reads.
-constexpr int version = 3;
+constexpr int version = 4;
 
 /// Makes all tables in an empty file. Runs inside the caller's transaction.
 bool install(SqliteConnection& connection, StoreError* error);

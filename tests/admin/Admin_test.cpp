@@ -246,7 +246,7 @@ void Admin_test::aStoreOfThisVersionNeedsNoUpgrade()
 {
     run({QStringLiteral("init"), m_url});
     QCOMPARE(run({QStringLiteral("upgrade"), m_url}), Command::Success);
-    QCOMPARE(m_out, QStringLiteral("Хранилище версии 3.\n"));
+    QCOMPARE(m_out, QStringLiteral("Хранилище версии 4.\n"));
     QCOMPARE(run({QStringLiteral("upgrade")}), Command::WrongUsage);
     QCOMPARE(run({QStringLiteral("upgrade"), m_url + QStringLiteral("x")}), Command::Failed);
 }

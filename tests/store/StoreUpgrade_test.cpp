@@ -92,6 +92,7 @@ private slots:
         QTest::addColumn<QString>("version");
         QTest::newRow("the first") << QStringLiteral("1");
         QTest::newRow("the second") << QStringLiteral("2");
+        QTest::newRow("the third") << QStringLiteral("3");
     }
     void formerVersionsAreUpgraded()
     {
