@@ -85,7 +85,7 @@ const SchemaScript::Dialect dialect{
     QByteArray("CREATE FUNCTION %name") + functionHead + "BEGIN\n    IF NOT vrk_is_loader()%condition THEN\n",
     "    END IF;\n    RETURN %row;\nEND $$;\nCREATE TRIGGER %name BEFORE %operation ON %table\n"
     "    FOR EACH ROW EXECUTE FUNCTION %name();",
-    "PERFORM vrk_refuse(%text)"};
+    "PERFORM vrk_refuse(%text)", "(%values::json ->> %place)::integer"};
 
 QByteArray grantsSql()
 {

@@ -43,6 +43,23 @@ QString withChanges(QString script)
     }
     return script;
 }
+
+/// LOGGED(row, Table.field) in the words of an engine.
+QString withLogged(QString script, const QByteArray& words)
+{
+    static const QRegularExpression logged(QStringLiteral("LOGGED\\(([\\w.]+), (\\w+)\\.(\\w+)\\)"));
+    for (QRegularExpressionMatch match = logged.match(script); match.hasMatch();
+         match = logged.match(script)) {
+        const CatalogTable* table = TableCatalog::table(match.captured(2).toLatin1());
+        const int place = table ? table->fieldIndex(match.captured(3).toLatin1()) : -1;
+        Q_ASSERT(place >= 0);
+        script.replace(match.capturedStart(), match.capturedLength(),
+                       QString::fromUtf8(words)
+                           .replace(QLatin1String("%values"), match.captured(1))
+                           .replace(QLatin1String("%place"), QString::number(place)));
+    }
+    return script;
+}
 } // namespace
 
 QByteArray SchemaScript::file(const char* name)
@@ -61,7 +78,7 @@ QByteArray SchemaScript::rules(const Dialect& dialect)
         else if (!table.name.startsWith("Logbook"))
             script += closedTable(table, "Справочники изменяются только средствами администратора.", false);
     }
-    script = withChanges(script);
+    script = withLogged(withChanges(script), dialect.logged);
 
     static const QRegularExpression rule(
         QStringLiteral("^RULE (?<name>\\w+) BEFORE (?<operation>[^\\n]+) ON (?<table>\\w+)\\n"

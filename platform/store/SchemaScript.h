@@ -14,6 +14,7 @@ struct Dialect {
     QByteArray head;
     QByteArray tail;
     QByteArray refuse; ///< "%text", with its quotes
+    QByteArray logged; ///< "%values" of a row of the change log, and "%place" of the one that is wanted
 };
 
 /// schema/rules.sql and the rules of the tables that persons do not write at all, as statements of an engine.

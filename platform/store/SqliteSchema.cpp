@@ -34,7 +34,7 @@ QByteArray trigger(const CatalogTable& table, const QByteArray& operation, int e
 
 const SchemaScript::Dialect dialect{"CREATE TRIGGER %name BEFORE %operation ON %table\n"
                                     "WHEN (SELECT loader FROM CurrentTransaction) = 0%condition\nBEGIN\n",
-                                    "END;", "SELECT RAISE(ABORT, %text)"};
+                                    "END;", "SELECT RAISE(ABORT, %text)", "(%values ->> %place)"};
 } // namespace
 
 QByteArray SqliteSchema::logTriggers(const CatalogTable& table)

@@ -8,7 +8,7 @@ class SchemaScript_test : public QObject
     Q_OBJECT
 
     const SchemaScript::Dialect m_dialect{"<%name|%operation|%table|%row%condition>", "</%name>",
-                                          "STOP(%text)"};
+                                          "STOP(%text)", "%values[%place]"};
 
 private slots:
     void everyRuleIsTranslatedWhole()
@@ -18,6 +18,7 @@ private slots:
         QVERIFY(notation.count("\nRULE ") > 20);
         QCOMPARE(rules.count("\nRULE "), 0);
         QCOMPARE(rules.count("CHANGED("), 0);
+        QCOMPARE(rules.count("LOGGED("), 0);
         QCOMPARE(rules.count("REFUSE '"), 1); // in the head, which tells the notation
         int closed = 0;
         for (const CatalogTable& table : TableCatalog::tables())
@@ -38,9 +39,10 @@ private slots:
             << QByteArray("<Rule_Records_visa|UPDATE OF VisaWorkerKey|LogbookRecords|NEW AND "
                           "((NEW.VisaWorkerKey IS DISTINCT FROM OLD.VisaWorkerKey))>");
         QTest::newRow("several changed fields") << QByteArray(
-            "WHERE (NEW.WorkerKey IS DISTINCT FROM OLD.WorkerKey OR NEW.ShiftKey IS DISTINCT FROM "
-            "OLD.ShiftKey);");
-        QTest::newRow("what is no rule stays as it is") << QByteArray("CREATE VIEW CurrentWorkers AS\n");
+            "WHERE (NEW.WorkerKey IS DISTINCT FROM OLD.WorkerKey OR NEW.RecordKey IS DISTINCT FROM "
+            "OLD.RecordKey);");
+        QTest::newRow("a field of a row of the log") << QByteArray("AND L.newRow[13] = 2");
+        QTest::newRow("what is no rule stays as it is") << QByteArray("CREATE VIEW CurrentRights AS\n");
     }
     void ruleIsWrittenInTheWordsOfTheEngine()
     {

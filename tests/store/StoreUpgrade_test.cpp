@@ -121,6 +121,10 @@ private slots:
         QVERIFY(!TestStore::write(store.get(), "LogbookRecords", ROW_UPDATE, "REC_ORDER",
                                   {{"secondMarkTime", TestStore::now()}}, &m_error));
         QCOMPARE(m_error.code, StoreError::Refused);
+        // And one of the fourth.
+        QVERIFY(!TestStore::write(store.get(), "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV",
+                                  {{"OriginRecordKey", "REC_ORDER"}}, &m_error));
+        QCOMPARE(m_error.code, StoreError::Refused);
         query = RecordQuery();
         query.words = QStringLiteral("обновлённое");
         found = store->search(query, &m_error);

@@ -1,4 +1,5 @@
 #include "ChangeRow.h"
+#include "CMDArray.h"
 #include "RecordWords.h"
 #include "TableCatalog.h"
 #include "TestStore.h"
@@ -7,7 +8,8 @@
 #include <QTest>
 #include <sqlite3.h>
 
-/// Who may write templates and reference tables, what the loader may, and that nobody writes past the store.
+/// Who may write templates and reference tables, what the loader and a stranger may, that rules judge
+/// persons, and that nobody writes past the store.
 class Store_rights_test : public QObject, private WriterOfRules
 {
     Q_OBJECT
@@ -131,6 +133,109 @@ private slots:
                              .value(0);
         QCOMPARE(own.value(0).toString(), QStringLiteral("ivanov"));
         QCOMPARE(own.value(1).toInt(), 0);
+    }
+
+    // Whatever a table is, and whoever comes
+
+    void everyLoginReadsEveryTable_data()
+    {
+        QTest::addColumn<QByteArray>("login");
+        for (const char* login : {"viewer", "ivanov", "smirnov", "sidorova"})
+            QTest::newRow(login) << QByteArray(login);
+    }
+    void everyLoginReadsEveryTable()
+    {
+        QFETCH(QByteArray, login);
+        const auto store = m_files->open(QString::fromLatin1(login));
+        StoreError error;
+        for (const CatalogTable& table : TableCatalog::tables()) {
+            CMDArray answer;
+            answer = store->select("SELECT * FROM " + table.name, &error);
+            QVERIFY2(answer.array, table.name.constData());
+            QCOMPARE(answer.RecCount(), value("SELECT count(*) FROM " + table.name).toInt());
+        }
+        ChangePosition position;
+        QVERIFY(store->position(&position, &error));
+        position.number = 0;
+        QVector<StoreChange> changes;
+        QVERIFY(store->changesAfter(&position, 100000, &changes, &error));
+        QCOMPARE(changes.size(), value("SELECT count(*) FROM ChangeLog").toInt());
+    }
+
+    void strangerChangesNothingButReadMarks_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        for (const CatalogTable& table : TableCatalog::tables())
+            QTest::newRow(table.name.constData()) << table.name;
+    }
+    /// Somebody who may sign in and works nowhere tries every operation, and every column of each row of the journal.
+    void strangerChangesNothingButReadMarks()
+    {
+        QFETCH(QByteArray, name);
+        const CatalogTable& table = *TableCatalog::table(name);
+        const auto store = m_files->open(QStringLiteral("viewer"));
+        const auto isRefused = [&](MDRFlag flag, const QByteArray& key, const Fields& fields) {
+            StoreError error;
+            const bool done = TestStore::write(store.get(), name, flag, key, fields, &error);
+            // By a rule, and not since other rows depend on this one.
+            return !done && error.code == StoreError::Refused &&
+                   !error.text.contains(QString::fromUtf8("связана с другими"));
+        };
+        QVERIFY(isRefused(ROW_INSERT, "NEW", name == "Users" ? Fields{{"login", "new"}} : Fields()));
+        if (value("SELECT count(*) FROM " + name).toInt() == 0)
+            load(name, ROW_INSERT, "LOADED");
+        auto keys = m_files->rows(QString::fromLatin1("SELECT KeyLink FROM " + name));
+        if (!name.startsWith("Logbook"))
+            keys.resize(1); // no rule of the other tables looks at the row
+        for (const QVariantList& row : keys) {
+            const QByteArray key = row.value(0).toString().toUtf8();
+            for (const CatalogField& field : table.fields) {
+                const bool isFree = name == "LogbookComments" && field.name == "readedTime";
+                if (field.name == "KeyLink")
+                    continue;
+                const auto written = other(field.name.constData(), field.type);
+                QVERIFY2(isRefused(ROW_UPDATE, key, {written}) != isFree, field.name + ' ' + key);
+            }
+            QVERIFY2(isRefused(ROW_DELETE, key, {}), key.constData());
+        }
+    }
+
+    // Persons and their rows of Workers
+
+    void visaGoesByPersonsNotByRows()
+    {
+        // Two more rows of those who have written: a living one, and one that was removed.
+        load("Workers", ROW_INSERT, "SECOND", {{"UserKey", "USER_IVANOV"}, {"DepartmentKey", "DEP_ODS"}});
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_UPDATE, "REC_OPENING", {{"VisaWorkerKey", "SECOND"}}));
+        QCOMPARE(m_refusal, QString::fromUtf8("Автор не визирует свою запись."));
+        QVERIFY(write("ivanov", "LogbookRecords", ROW_UPDATE, "REC_ORDER", {{"VisaWorkerKey", "SECOND"}}));
+        load("Workers", ROW_UPDATE, "WORKER_IVANOV", {{"deleted_", 1}});
+        QVERIFY(!write("ivanov", "LogbookRecords", ROW_UPDATE, "REC_OPENING", {{"VisaWorkerKey", "SECOND"}}));
+        load("Workers", ROW_UPDATE, "WORKER_KUZNETSOV", {{"UserKey", "USER_SMIRNOV"}});
+        QVERIFY(!write("smirnov", "LogbookRecords", ROW_UPDATE, "REC_PAST_2",
+                       {{"VisaWorkerKey", "WORKER_SMIRNOV_ZAR"}}));
+    }
+
+    void shiftIsClosedByThePersonNotByTheRow()
+    {
+        load("Workers", ROW_INSERT, "SECOND", {{"UserKey", "USER_PETROV"}, {"DepartmentKey", "DEP_CDS"}});
+        load("Workers", ROW_INSERT, "THIRD", {{"UserKey", "USER_PETROV"}, {"deleted_", 1}});
+        QVERIFY(!write("petrov", "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                       {{"CloseWorkerKey", "THIRD"}}));
+        QVERIFY(write("petrov", "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                      {{"CloseWorkerKey", "SECOND"}}));
+    }
+
+    void workerOfNobodyIsNobody()
+    {
+        // A worker without a login, and a login that was removed: neither stands for the other.
+        load("Workers", ROW_INSERT, "NOBODY", {{"UserKey", ""}, {"DepartmentKey", "DEP_CDS"}});
+        const auto store = m_files->open(QStringLiteral("petrov"));
+        load("Users", ROW_UPDATE, "USER_PETROV", {{"deleted_", 1}});
+        StoreError error;
+        QVERIFY(!TestStore::write(store.get(), "LogbookComments", ROW_INSERT, "A",
+                                  {{"WorkerKey", "NOBODY"}, {"RecordKey", "REC_ORDER"}}, &error));
+        QCOMPARE(error.text, QString::fromUtf8("Комментарий пишут от своего имени."));
     }
 
     // Past the store

@@ -17,9 +17,14 @@ protected:
     /// Writes as a login; the text of a refusal is kept, any other failure ends the test.
     bool write(const char* login, const char* table, MDRFlag flag, const char* key, const Fields& fields = {})
     {
+        return write(login, {{table, flag, key, fields}});
+    }
+    /// The same with several rows, in one transaction.
+    bool write(const char* login, const std::vector<TestStore::Row>& rows)
+    {
         const auto store = m_files->open(QString::fromLatin1(login));
         StoreError error;
-        const bool done = TestStore::write(store.get(), table, flag, key, fields, &error);
+        const bool done = TestStore::write(store.get(), rows, &error);
         m_refusal = error.text;
         if (!done && error.code != StoreError::Refused)
             qFatal("%s", qPrintable(error.text + error.detail));
@@ -32,6 +37,13 @@ protected:
             qFatal("%s", qPrintable(error.text + error.detail));
     }
     QVariant value(const QByteArray& sql) const { return m_files->value(QString::fromUtf8(sql)); }
+    /// A value that differs from what the standard journal has in that column.
+    static TestStore::Field other(const char* name, MDRType type)
+    {
+        if (type == mdr_TChar || type == mdr_TMemo)
+            return {name, "OTHER"};
+        return {name, type == mdr_TBool ? QVariant() : QVariant(7)};
+    }
     static Fields newRecord(const char* shift, const char* worker, int status)
     {
         return {{"ShiftKey", shift}, {"WorkerKey", worker}, {"status", status}, {"html", "x"}};

@@ -286,21 +286,23 @@ QString TestStore::permit(const QString& operation, const QString& table) const
     return exec(isPostgres() ? sql.arg(operation, table) : sql.arg(operation));
 }
 
-bool TestStore::write(Store* store, const char* table, MDRFlag flag, const QByteArray& key,
-                      const Fields& fields, StoreError* error)
+namespace
 {
-    const CatalogTable* known = TableCatalog::table(table);
+/// An array with one row.
+std::unique_ptr<CRowBatch> batchOf(const TestStore::Row& row)
+{
+    const CatalogTable* known = TableCatalog::table(row.table);
     if (!known)
-        qFatal("no table %s", table);
+        qFatal("no table %s", row.table);
     const QVector<MDRFieldDescr> descriptors = known->descriptors();
-    CRowBatch batch(descriptors.constData(), descriptors.size());
-    MDRData* row = batch.newRow(flag, key);
-    for (const auto& [name, value] : fields) {
+    auto batch = std::make_unique<CRowBatch>(descriptors.constData(), descriptors.size());
+    MDRData* record = batch->newRow(row.flag, row.key);
+    for (const auto& [name, value] : row.fields) {
         const int index = known->fieldIndex(name);
         if (index < 0)
-            qFatal("no field %s in %s", name, table);
+            qFatal("no field %s in %s", name, row.table);
         const QByteArray text =
-            value.type() == QVariant::ByteArray ? value.toByteArray() : bytes(value.toString());
+            value.type() == QVariant::ByteArray ? value.toByteArray() : TestStore::bytes(value.toString());
         MDRVar var = MDRValue::null();
         switch (value.isValid() ? known->fields.at(index).type : mdr_TNone) {
         case mdr_TNone:
@@ -316,11 +318,29 @@ bool TestStore::write(Store* store, const char* table, MDRFlag flag, const QByte
         default:
             var = MDRValue::number(value.toInt());
         }
-        batch.SetValF(row, name, var);
+        batch->SetValF(record, name, var);
     }
-    batch.RecPost(row);
+    batch->RecPost(record);
+    return batch;
+}
+} // namespace
+
+bool TestStore::write(Store* store, const char* table, MDRFlag flag, const QByteArray& key,
+                      const Fields& fields, StoreError* error)
+{
+    return write(store, {{table, flag, key, fields}}, error);
+}
+
+bool TestStore::write(Store* store, const std::vector<Row>& rows, StoreError* error)
+{
+    std::vector<std::unique_ptr<CRowBatch>> batches;
+    std::vector<StoreWrite> writes;
+    for (const Row& row : rows) {
+        batches.push_back(batchOf(row));
+        writes.push_back({row.table, batches.back()->array});
+    }
     StoreError ignored;
-    return store->apply({{table, batch.array}}, GenGuid32(), error ? error : &ignored);
+    return store->apply(writes, GenGuid32(), error ? error : &ignored);
 }
 
 QVariant TestStore::field(const MDArray* array, const char* name, int position)

@@ -118,6 +118,14 @@ public:
     /// get the user mark, the key does not.
     static bool write(Store* store, const char* table, MDRFlag flag, const QByteArray& key,
                       const Fields& fields = {}, StoreError* error = nullptr);
+    /// A row of several that are written in one transaction.
+    struct Row {
+        const char* table;
+        MDRFlag flag;
+        QByteArray key;
+        Fields fields;
+    };
+    static bool write(Store* store, const std::vector<Row>& rows, StoreError* error = nullptr);
     /// The value of a field of the first record of an answer, texts as QString; invalid when null or without
     /// a record.
     static QVariant field(const MDArray* array, const char* name, int position = 0);

@@ -6,14 +6,20 @@
 --     END;
 --
 -- A rule becomes a trigger that binds everybody but the loader. It judges by CurrentTransaction, which each engine has
--- in its own way and which tells who writes. CHANGED(a, b) is true when one of the fields is changed. The texts go to
--- the user as they stand.
+-- in its own way and which tells who writes. CHANGED(a, b) is true when one of the fields is changed;
+-- LOGGED(oldRow, LogbookRecords.status) is the number that stands there in a row of the change log. The texts go to the
+-- user as they stand.
+--
+-- Rules compare persons, not rows of Workers: a person may have several.
 
--- The living workers of the person who writes; nobody for the loader.
-CREATE VIEW CurrentWorkers AS
-    SELECT Workers.KeyLink, Workers.DepartmentKey
+-- The workers of the person who writes, also those that were removed since; nobody for the loader.
+CREATE VIEW CurrentPerson AS
+    SELECT Workers.KeyLink, Workers.DepartmentKey, coalesce(Workers.deleted_, 0) AS removed
     FROM CurrentTransaction JOIN Workers ON Workers.UserKey = CurrentTransaction.userKey
-    WHERE coalesce(Workers.deleted_, 0) = 0;
+    WHERE CurrentTransaction.userKey <> '';
+
+-- The living ones, in whose names the person writes.
+CREATE VIEW CurrentWorkers AS SELECT KeyLink, DepartmentKey FROM CurrentPerson WHERE removed = 0;
 
 CREATE VIEW CurrentRights AS
     SELECT UserRights.rightName
@@ -50,11 +56,7 @@ RULE Rule_Workshifts_update BEFORE UPDATE ON LogbookWorkshifts
     REFUSE 'Смену закрывает от своего имени работник этой смены.'
     WHERE CHANGED(CloseWorkerKey)
       AND (OLD.KeyLink NOT IN (SELECT KeyLink FROM CurrentOpenWorkshifts WHERE KeyLink = OLD.KeyLink)
-           OR coalesce(NEW.CloseWorkerKey, '') NOT IN (SELECT KeyLink FROM CurrentWorkers)
-           OR NOT (NEW.CloseWorkerKey IS NOT DISTINCT FROM OLD.OpenWorkerKey
-                   OR EXISTS (SELECT 1 FROM LogbookWorkersWorkshift
-                              WHERE WorkshiftKey = OLD.KeyLink AND opening = 1
-                                AND WorkerKey = NEW.CloseWorkerKey)));
+           OR coalesce(NEW.CloseWorkerKey, '') NOT IN (SELECT KeyLink FROM CurrentWorkers));
 END;
 
 RULE Rule_Workshifts_delete BEFORE DELETE ON LogbookWorkshifts
@@ -101,11 +103,42 @@ RULE Rule_Records_insert BEFORE INSERT ON LogbookRecords
     WHERE coalesce(NEW.status, -1) NOT IN (0, 1);
     REFUSE 'Записи вносят работники открытой смены.'
     WHERE NOT EXISTS (SELECT 1 FROM CurrentOpenWorkshifts WHERE KeyLink = NEW.ShiftKey);
+    -- Or, in a record that replaces another, the author of that one. Rule_Transactions_insert sees to the replacement.
     REFUSE 'Автором записи может быть только тот, кто её вносит.'
     WHERE coalesce(NEW.WorkerKey, '') NOT IN (SELECT KeyLink FROM CurrentWorkers)
-      AND NOT EXISTS (SELECT 1 FROM LogbookRecords
-                      WHERE KeyLink = NEW.OriginRecordKey AND WorkerKey = NEW.WorkerKey);
+      AND (NEW.status <> 0
+           OR NOT EXISTS (SELECT 1 FROM LogbookRecords AS R
+                          WHERE R.KeyLink = NEW.OriginRecordKey AND R.status <> 1
+                            AND (R.ShiftKey, R.WorkerKey, R.ReceiverWorkerKey, R.SecondMarkWorkerKey, R.recordTime,
+                                 R.eventTime, R.firstMarkTime, R.secondMarkTime, R.html, R.direction)
+                                IS NOT DISTINCT FROM
+                                (NEW.ShiftKey, NEW.WorkerKey, NEW.ReceiverWorkerKey, NEW.SecondMarkWorkerKey,
+                                 NEW.recordTime, NEW.eventTime, NEW.firstMarkTime, NEW.secondMarkTime, NEW.html,
+                                 NEW.direction)));
     REFUSE 'Новая запись не может нести визу.' WHERE coalesce(NEW.VisaWorkerKey, '') <> '';
+END;
+
+-- The records that each transaction has entered in the name of another person than the one who writes.
+CREATE VIEW ForeignRecords AS
+    SELECT L.number, R.KeyLink, R.OriginRecordKey
+    FROM ChangeLog AS L JOIN LogbookRecords AS R ON R.KeyLink = L.rowKey
+    WHERE L.tableName = 'LogbookRecords' AND L.event = 601
+      AND coalesce(R.WorkerKey, '') NOT IN (SELECT KeyLink FROM CurrentWorkers);
+
+-- The log gets the row of a transaction when all others are written, so that this rule sees the whole: who enters a record
+-- in the name of another marks the one that it replaces as deleted, before or behind it.
+RULE Rule_Transactions_insert BEFORE INSERT ON ChangeTransactions
+    REFUSE 'Автором записи может быть только тот, кто её вносит.'
+    WHERE EXISTS (SELECT 1 FROM ForeignRecords AS F
+                  WHERE F.number = NEW.number
+                    AND NOT EXISTS (SELECT 1 FROM ChangeLog AS L
+                                    WHERE L.number = NEW.number AND L.tableName = 'LogbookRecords' AND L.event = 602
+                                      AND L.rowKey = F.OriginRecordKey
+                                      AND LOGGED(L.oldRow, LogbookRecords.status) = 0
+                                      AND LOGGED(L.newRow, LogbookRecords.status) = 2));
+    REFUSE 'Запись заменяется одной новой.'
+    WHERE EXISTS (SELECT 1 FROM ForeignRecords WHERE number = NEW.number
+                  GROUP BY OriginRecordKey HAVING count(*) > 1);
 END;
 
 -- The second marker may be set and removed whatever the status, in any shift.
@@ -123,7 +156,7 @@ WHEN CHANGED(VisaWorkerKey)
     REFUSE 'Визу ставят от своего имени.'
     WHERE coalesce(NEW.VisaWorkerKey, '') NOT IN (SELECT KeyLink FROM CurrentWorkers);
     REFUSE 'Автор не визирует свою запись.'
-    WHERE coalesce(OLD.WorkerKey, '') IN ('', NEW.VisaWorkerKey);
+    WHERE coalesce(OLD.WorkerKey, '') = '' OR OLD.WorkerKey IN (SELECT KeyLink FROM CurrentPerson);
 END;
 
 RULE Rule_Records_update BEFORE UPDATE ON LogbookRecords
@@ -131,16 +164,15 @@ RULE Rule_Records_update BEFORE UPDATE ON LogbookRecords
     WHERE CHANGED(status)
       AND NOT (coalesce(OLD.status, -1) = 1 AND coalesce(NEW.status, -1) = 0
                OR coalesce(OLD.status, -1) = 0 AND coalesce(NEW.status, -1) = 2);
-    REFUSE 'Автор и смена записи не изменяются.'
-    WHERE CHANGED(WorkerKey, ShiftKey);
+    REFUSE 'Автор, смена и первичная запись не изменяются.'
+    WHERE CHANGED(WorkerKey, ShiftKey, OriginRecordKey);
     REFUSE 'Утверждённая запись не изменяется.'
     WHERE OLD.status IS DISTINCT FROM 1
-      AND (CHANGED(ReceiverWorkerKey, OriginRecordKey, recordTime, eventTime, firstMarkTime, html, direction)
+      AND (CHANGED(ReceiverWorkerKey, recordTime, eventTime, firstMarkTime, html, direction)
            OR CHANGED(executionTime)
               AND (OLD.status IS DISTINCT FROM 0 OR NEW.executionTime IS NOT NULL));
     REFUSE 'Записи изменяют работники открытой смены.'
-    WHERE CHANGED(status, executionTime, ReceiverWorkerKey, OriginRecordKey, recordTime, eventTime, firstMarkTime,
-                  html, direction)
+    WHERE CHANGED(status, executionTime, ReceiverWorkerKey, recordTime, eventTime, firstMarkTime, html, direction)
       AND NOT EXISTS (SELECT 1 FROM CurrentOpenWorkshifts WHERE KeyLink = OLD.ShiftKey);
 END;
 
