@@ -12,15 +12,25 @@ order that does not matter): each has to be judged, by a test that is missing or
 A list of safeguards names the changes itself, each with the tests that must fail without it; its head tells the notation.
 Each of its changes must leave a store that can be made and signed in to, so that a slip in the list does not pass for a
 test that failed; and every one must be caught.
+
+    tests/mutation/mutate.py --behaviours tests/mutation/behaviours -j2 --build-dir build/dev [NAME...]
+
+A list of behaviours, or a folder of such lists, is written in the same way: one change for one thing that the program is
+said to do. 95 in 100 must be caught. Changed sources are compiled and linked beside the build tree, each once with all
+its changes, so that several are tried at the same time and nothing has to be restored.
 """
 import argparse
+import concurrent.futures
 import os
 import pathlib
 import random
 import re
+import shutil
 import signal
 import subprocess
 import sys
+
+from apart import Apart, BuildFailed, Change, switched
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 
@@ -160,21 +170,44 @@ def refusals(name, path, tests):
                             tests)
 
 
-def safeguards(path):
+class Stale(Exception):
+    """A list names what is no longer there."""
+
+
+def place_of(words, source):
+    """Where the piece stands that is changed: once in the file, or first behind the text that "after" names."""
+    text = source.read_text(encoding="utf-8") if source.exists() else ""
+    start = 0
+    if "after" in words:
+        if text.count(words["after"]) != 1:
+            raise Stale(f"{words['file']} has {text.count(words['after'])} times: {words['after']}")
+        start = text.index(words["after"]) + len(words["after"])
+        if words["old"] not in text[start:]:
+            raise Stale(f"{words['file']} does not have behind {words['after']}: {words['old']}")
+    elif text.count(words["old"]) != 1:
+        raise Stale(f"{words['file']} has {text.count(words['old'])} times: {words['old']}")
+    return text.index(words["old"], start)
+
+
+def blocks(path):
+    """The blocks of a list: the name of each, and its words."""
     for block in re.split(r"\n\s*\n", path.read_text(encoding="utf-8")):
         lines = [line for line in block.splitlines() if line and not line.startswith("#")]
-        if not lines:
-            continue
-        words = dict(re.match(r"(\w+): ?(.*)", line).groups() for line in lines[1:])
+        if lines:
+            yield lines[0], dict(re.match(r"(\w+): ?(.*)", line).groups() for line in lines[1:])
+
+
+def safeguards(path):
+    for name, words in blocks(path):
         source = ROOT / words["file"]
         if "old" not in words:
-            yield from refusals(lines[0], source, words["tests"].split())
+            yield from refusals(name, source, words["tests"].split())
             continue
-        text = source.read_text(encoding="utf-8")
-        if text.count(words["old"]) != 1:
-            sys.exit(f"{lines[0]}: {words['file']} has {text.count(words['old'])} times: {words['old']}")
-        yield Safeguard(lines[0], source, (text.index(words["old"]), words["old"]), words["new"],
-                        words["tests"].split())
+        try:
+            place = place_of(words, source)
+        except Stale as why:
+            sys.exit(f"{name}: {why}")
+        yield Safeguard(name, source, (place, words["old"]), words["new"], words["tests"].split())
 
 
 def take_away(build, path, names):
@@ -208,6 +241,165 @@ def take_away(build, path, names):
     return survivors
 
 
+class Behaviours:
+    """Tries the changes of lists of behaviours."""
+
+    wanted = 95  # in 100
+
+    def __init__(self, build, lists, names, jobs):
+        self.build = build
+        self.apart = Apart(build)
+        self.pool = concurrent.futures.ThreadPoolExecutor(jobs)
+        self.environment = dict(os.environ)
+        self.verdicts = {}  # of each name that is not judged yet, None
+        self.changes = []
+        for path in lists:
+            for name, words in blocks(path):
+                self.take(path, f"{path.stem}: {name}", words, names)
+
+    def take(self, path, name, words, names):
+        if names and not any(one in name for one in names):
+            return
+        if name in self.verdicts:
+            sys.exit(f"{path} has twice: {name}")
+        self.verdicts[name] = None
+        source = ROOT / words["file"]
+        try:
+            place = place_of(words, source)
+        except Stale as why:
+            self.tell(name, f"STALE {why}")
+            return
+        self.changes.append(Change(len(self.changes) + 1, name, source, place, words["old"], words["new"],
+                                   words["tests"].split()))
+
+    def tell(self, name, verdict):
+        self.verdicts[name] = verdict
+        print(f"{verdict:8} {name}" if " " not in verdict else f"{verdict} ({name})", flush=True)
+
+    def programs(self, change):
+        return list(dict.fromkeys(self.apart.tests[name].program for name in change.tests))
+
+    def check(self):
+        """Builds the tests that are named and runs them without a change."""
+        wanted = list(dict.fromkeys(name for change in self.changes for name in change.tests))
+        unknown = [name for name in wanted if name not in self.apart.tests]
+        if unknown:
+            sys.exit(f"there are no such tests in {self.build}: {' '.join(unknown)}")
+        programs = sorted({self.apart.tests[name].program for name in wanted})
+        done = run(["ninja", "-C", self.build, *programs])
+        if done.returncode:
+            sys.exit(done.stdout)
+        built = pathlib.Path(self.build) / "bin"
+        passed = self.pool.map(lambda test: test.measure(built / test.program, self.environment),
+                               [self.apart.tests[name] for name in wanted])
+        failed = [name for name, one in zip(wanted, passed) if not one]
+        if failed:
+            sys.exit(f"these fail before any change: {' '.join(failed)}")
+
+    def judge(self, change, programs):
+        """Runs the tests of a change in these programs until one fails."""
+        environment = {**self.environment, "VRK_CHANGE": str(change.number)}
+        for name in change.tests:
+            test = self.apart.tests[name]
+            if not test.passes(programs[test.program], environment):
+                return "caught"
+        return "SURVIVED"
+
+    def judge_alone(self, change):
+        """Builds one change by itself."""
+        folder = self.apart.folder(change.name)
+        try:
+            text = change.made_in(change.source.read_text(encoding="utf-8"))
+            objects = [self.apart.compile(folder, change.source, text)]
+            return self.judge(change, {one: self.apart.link(folder, one, objects) for one in self.programs(change)})
+        except BuildFailed as why:
+            return f"RUIN {why}"
+        finally:
+            shutil.rmtree(folder, ignore_errors=True)
+
+    def judge_in_place(self, change):
+        """For what the programs load from a library or get from a header: the build tree itself is changed."""
+        original = change.source.read_bytes()
+        try:
+            change.source.write_bytes(change.made_in(original.decode("utf-8")).encode("utf-8"))
+            if run(["ninja", "-C", self.build, *self.programs(change)]).returncode:
+                return "RUIN"
+            built = pathlib.Path(self.build) / "bin"
+            return self.judge(change, {one: built / one for one in self.programs(change)})
+        finally:
+            change.source.write_bytes(original)
+
+    def each(self, operation, items):
+        """Runs an operation on all items, several at a time, and yields each item with its result."""
+        waiting = {self.pool.submit(operation, item): item for item in items}
+        for done in concurrent.futures.as_completed(waiting):
+            yield waiting[done], done.result()
+
+    def compile(self, changes):
+        """One object a source with all its changes; those that cannot be built in company."""
+        sources = {}
+        for change in changes:
+            sources.setdefault(change.source, []).append(change)
+        objects, alone = {}, []
+
+        def make(source):
+            text, left = switched(source.read_text(encoding="utf-8"), sources[source])
+            if len(left) == len(sources[source]):
+                return None, left
+            try:
+                return self.apart.compile(self.apart.folder(str(source.relative_to(ROOT))), source, text), left
+            except BuildFailed:
+                return None, sources[source]
+
+        for source, (made, left) in self.each(make, sources):
+            objects[source] = made
+            alone += left
+        return objects, alone
+
+    def try_together(self, changes):
+        """Judges what can be built in company; the others come back."""
+        folder = self.apart.folder("together")
+        try:
+            objects, alone = self.compile(changes)
+            together = [change for change in changes if change not in alone]
+            needed = {}
+            for change in together:
+                for program in self.programs(change):
+                    needed.setdefault(program, set()).add(objects[change.source])
+            linked = dict(self.each(lambda one: self.apart.link(folder, one, needed[one]), needed))
+            for change, verdict in self.each(lambda one: self.judge(one, linked), together):
+                self.tell(change.name, verdict)
+            return alone
+        finally:
+            shutil.rmtree(self.apart.work, ignore_errors=True)
+
+    def run(self):
+        self.check()
+        apart, in_place = [], []
+        for change in self.changes:
+            (apart if self.apart.can_take(change.source, self.programs(change)) else in_place).append(change)
+        alone = self.try_together(apart)
+        for change, verdict in self.each(self.judge_alone, alone):
+            self.tell(change.name, verdict)
+        for change in in_place:
+            self.tell(change.name, self.judge_in_place(change))
+        if in_place:
+            run(["ninja", "-C", self.build, *{one for change in in_place for one in self.programs(change)}])
+
+
+def try_behaviours(build, path, names, jobs):
+    """Whether enough changes of this list, or of the lists in this folder, were caught."""
+    behaviours = Behaviours(build, sorted(path.glob("*.txt")) if path.is_dir() else [path], names, jobs)
+    behaviours.run()
+    survivors = [name for name, verdict in behaviours.verdicts.items() if verdict != "caught"]
+    count = len(behaviours.verdicts)
+    caught = count - len(survivors)
+    print(f"\ncaught {caught} of {count}; {Behaviours.wanted} in 100 are wanted")
+    for name in survivors:
+        print(f"not caught: {name}")
+    return count > 0 and 100 * caught >= Behaviours.wanted * count
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("globs", nargs="*", default=["platform/hfn/*.cpp"], help="sources, relative to the root")
@@ -215,11 +407,15 @@ def main():
     parser.add_argument("--seed", type=int, default=1, help="the same seed draws the same changes")
     parser.add_argument("--build-dir", default="build/dev", help="a configured build with tests")
     parser.add_argument("--safeguards", metavar="FILE", help="take away what a list names; NAMEs choose some of them")
+    parser.add_argument("--behaviours", metavar="LIST", help="try the changes of a list, or of the lists in a folder")
+    parser.add_argument("-j", type=int, default=2, dest="jobs", help="behaviours tried at the same time (default 2)")
     options = parser.parse_args()
     build = str((ROOT / options.build_dir).resolve())
     os.environ.pop("VRK_LONG", None)  # each change is judged by the tests as they run every day
+    names = options.globs if options.globs != parser.get_default("globs") else []
+    if options.behaviours:
+        sys.exit(0 if try_behaviours(build, ROOT / options.behaviours, names, options.jobs) else 1)
     if options.safeguards:
-        names = options.globs if options.globs != parser.get_default("globs") else []
         sys.exit(1 if take_away(build, ROOT / options.safeguards, names) else 0)
 
     sources = sorted({path for pattern in options.globs for path in ROOT.glob(pattern)})
