@@ -2,6 +2,7 @@
 
 #include "CodePage.h"
 #include "GenGuid32.h"
+#include "PostgresAccess.h"
 #include "PostgresCheck.h"
 #include "PostgresSchema.h"
 #include "SqliteSchema.h"
@@ -17,6 +18,7 @@ namespace
 constexpr int deadlineMs = 60000;
 constexpr int longMs = 6 * 3600 * 1000; ///< for what goes through the whole store
 const char mostConnections[] = "20";    ///< of one person, so that nobody takes those of all others
+constexpr qint64 mostLocks = 500; ///< of one connection; the table of locks is shared, ours hold some dozens
 
 bool refuse(StoreError* error, StoreError::Code code, const QString& text)
 {
@@ -92,15 +94,11 @@ bool isFit(PgConnection& link, StoreError* error)
 }
 
 /// The schema, the properties and the access to an empty database, in one transaction.
-bool install(PgConnection& link, const QByteArray& database, const QByteArray& codecName,
-             const QByteArray& timeZone, StoreError* error)
+bool install(PgConnection& link, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error)
 {
     return link.exec("BEGIN", error) && PostgresSchema::install(link, error) &&
            setProperty(link, "codec", codecName, error) && setProperty(link, "timeZone", timeZone, error) &&
-           setProperty(link, "epoch", GenGuid32(), error) &&
-           link.exec("REVOKE ALL ON DATABASE " + database + " FROM PUBLIC; GRANT CONNECT ON DATABASE " +
-                         database + " TO vrk_client",
-                     error) &&
+           setProperty(link, "epoch", GenGuid32(), error) && PostgresAccess::close(link, error) &&
            link.exec("COMMIT", error);
 }
 } // namespace
@@ -123,7 +121,7 @@ bool PostgresAdmin::init(const QString& url, const QByteArray& codecName, const 
     }
     if (!link || !isFit(*link, error))
         return false;
-    if (install(*link, databaseName(url), codecName, timeZone, error) && isFilled())
+    if (install(*link, codecName, timeZone, error) && isFilled())
         return true;
     StoreError ignored;
     if (isNewDatabase) {
@@ -132,10 +130,8 @@ bool PostgresAdmin::init(const QString& url, const QByteArray& codecName, const 
             link->exec("DROP DATABASE " + databaseName(url) + " WITH (FORCE)", &ignored);
     } else {
         link->exec("ROLLBACK", &ignored);
-        link->exec("DROP OWNED BY vrk_owner; REVOKE CONNECT ON DATABASE " + databaseName(url) +
-                       " FROM vrk_client; GRANT CONNECT, TEMPORARY ON DATABASE " + databaseName(url) +
-                       " TO PUBLIC",
-                   &ignored);
+        link->exec("DROP OWNED BY vrk_owner", &ignored);
+        PostgresAccess::reopen(*link, &ignored);
     }
     return false;
 }
@@ -151,7 +147,8 @@ bool PostgresAdmin::upgrade(const QString& url, StoreError* error)
         return !*error;
     error->clear();
     return link->exec("BEGIN; SET LOCAL statement_timeout = 0", error) &&
-           PostgresSchema::upgrade(*link, version, error) && link->exec("COMMIT", error);
+           PostgresSchema::upgrade(*link, version, error) && PostgresAccess::close(*link, error) &&
+           link->exec("COMMIT", error);
 }
 
 bool PostgresAdmin::rebuildSearch(const QString& url, StoreError* error)
@@ -206,20 +203,49 @@ bool PostgresAdmin::backup(const QString& url, const QString& copy, StoreError* 
            refuse(error, StoreError::ReadOnly, QString::fromUtf8("Файл «%1» нельзя создать.").arg(copy));
 }
 
+namespace
+{
+/// Members of the role of persons, whatever else they are, but for the administrators of the server.
+const char persons[] = "(SELECT rolname FROM pg_roles WHERE NOT rolsuper AND pg_has_role(oid, 'vrk_client', "
+                       "'MEMBER'))";
+
+/// What is left of those who prepared a transaction and never came back; it would hold its locks for good.
+int endPrepared(PgConnection& link, int seconds, StoreError* error)
+{
+    const PgResult prepared = link.run(
+        QByteArray("SELECT gid FROM pg_prepared_xacts WHERE database = current_database() AND owner IN ") +
+            persons + " AND prepared < clock_timestamp() - make_interval(secs => $1)",
+        PgValues().real(seconds), error);
+    if (!prepared)
+        return -1;
+    for (int i = 0; i < prepared.rows(); ++i)
+        if (!link.exec("ROLLBACK PREPARED " + PostgresSchema::literal(prepared.bytes(i, 0)), error))
+            return -1;
+    return prepared.rows();
+}
+} // namespace
+
 int PostgresAdmin::endRunaways(const QString& url, int seconds, StoreError* error)
 {
     const auto link = connectedToStore(url, error);
     if (!link)
         return -1;
+    // Locks are looked at in all databases: their table is one for the whole server.
     const PgResult ended = link->run(
-        "SELECT count(pg_terminate_backend(pid)) FROM pg_stat_activity WHERE datname = current_database() "
-        "AND usename IN (SELECT rolname FROM pg_roles WHERE NOT rolsuper "
-        "AND pg_has_role(oid, 'vrk_client', 'MEMBER')) "
-        "AND state <> 'idle' AND (query_start < clock_timestamp() - make_interval(secs => $1) "
-        "OR xact_start < clock_timestamp() - make_interval(secs => $1) AND EXISTS (SELECT 1 FROM pg_locks "
-        "WHERE NOT granted AND pg_stat_activity.pid = ANY (pg_blocking_pids(pg_locks.pid))))",
-        PgValues().real(seconds), error);
-    return ended ? static_cast<int>(ended.integer(0, 0)) : -1;
+        QByteArray(
+            "WITH old AS (SELECT clock_timestamp() - make_interval(secs => $1) AS moment), "
+            "held AS MATERIALIZED (SELECT pid, count(*) AS locks, bool_or(locktype = 'advisory') AS "
+            "isAdvisory FROM pg_locks GROUP BY pid) "
+            "SELECT count(pg_terminate_backend(pid)) FROM pg_stat_activity LEFT JOIN held USING (pid), old "
+            "WHERE usename IN ") +
+            persons +
+            " AND (datname = current_database() AND state <> 'idle' AND (query_start < moment "
+            "OR xact_start < moment AND EXISTS (SELECT 1 FROM pg_locks "
+            "WHERE NOT granted AND pg_stat_activity.pid = ANY (pg_blocking_pids(pg_locks.pid)))) "
+            "OR isAdvisory AND state_change < moment OR locks > $2)",
+        PgValues().real(seconds).number(mostLocks), error);
+    const int prepared = ended ? endPrepared(*link, seconds, error) : -1;
+    return prepared < 0 ? -1 : static_cast<int>(ended.integer(0, 0)) + prepared;
 }
 
 bool PostgresAdmin::addRole(const QString& url, const QString& login, StoreError* error)

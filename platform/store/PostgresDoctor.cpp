@@ -1,6 +1,7 @@
 #include "PostgresDoctor.h"
 
 #include "PgConnection.h"
+#include "PostgresAccess.h"
 #include "PostgresSchema.h"
 
 #include <cmath>
@@ -10,6 +11,7 @@ namespace
 {
 constexpr int deadlineMs = 15000;
 constexpr double tolerableSeconds = 2; // of difference between two clocks
+constexpr int fewestReserved = 3;      // connections: an administrator, a backup, the watchdog
 
 QString text(const char* utf8)
 {
@@ -28,6 +30,8 @@ const Setting settings[] = {
     {"data_checksums", "on", "Сервер не проверяет контрольные суммы страниц: порчу диска никто не заметит."},
     {"fsync", "on", "Сервер не дожидается диска: при отключении питания записи пропадут."},
     {"full_page_writes", "on", "Сервер не защищён от страниц, записанных наполовину."},
+    {"max_prepared_transactions", "0",
+     "Сервер хранит подготовленные транзакции: одна забытая остановит запись для всех."},
     {"password_encryption", "scram-sha-256", "Пароли на сервере хранятся в устаревшем виде."},
 };
 
@@ -37,6 +41,9 @@ QString cureOf(const Setting& setting)
         return text("Создайте базу заново: vrk-admin init сделает её в кодировке UTF8.");
     if (qstrcmp(setting.name, "data_checksums") == 0)
         return text("Остановите сервер и выполните pg_checksums --enable для его каталога данных.");
+    if (qstrcmp(setting.name, "max_prepared_transactions") == 0)
+        return text(
+            "Выполните на сервере: ALTER SYSTEM SET max_prepared_transactions = 0; и перезапустите его.");
     return text("Выполните на сервере: ALTER SYSTEM SET %1 = '%2'; SELECT pg_reload_conf();")
         .arg(QLatin1String(setting.name), QLatin1String(setting.wanted));
 }
@@ -76,21 +83,19 @@ void lookAtAccess(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
                           text("Исправьте строку и выполните SELECT pg_reload_conf();")});
 }
 
-/// A copy that was put back has the access that the server gives to every new database.
-void lookAtPublic(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
+/// The administrator and the watchdog have to get in when persons hold all other connections.
+void lookAtReserve(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
 {
     StoreError error;
-    const PgResult open = link.run("SELECT quote_ident(current_database()) WHERE "
-                                   "has_database_privilege('public', current_database(), 'CREATE') "
-                                   "OR has_database_privilege('public', current_database(), 'TEMPORARY') "
-                                   "OR has_schema_privilege('public', 'public', 'CREATE')",
-                                   &error);
-    if (open && open.rows() > 0)
+    const PgResult reserved =
+        link.run("SELECT current_setting('superuser_reserved_connections')::integer", &error);
+    if (reserved && reserved.integer(0, 0) < fewestReserved)
         symptoms->append(
-            {text("Всякий, кого пускает сервер, может создавать в базе свои таблицы."),
-             text("Выполните на сервере: REVOKE ALL ON DATABASE %1 FROM PUBLIC; GRANT CONNECT ON DATABASE "
-                  "%1 TO vrk_client; REVOKE CREATE ON SCHEMA public FROM PUBLIC;")
-                 .arg(QString::fromUtf8(open.bytes(0, 0)))});
+            {text("Для администратора и сторожа сервер держит соединений: %1, а нужно не меньше %2.")
+                 .arg(reserved.integer(0, 0))
+                 .arg(fewestReserved),
+             text("Выполните на сервере: ALTER SYSTEM SET superuser_reserved_connections = 10; и "
+                  "перезапустите его.")});
 }
 
 void lookAtClock(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
@@ -136,9 +141,10 @@ QVector<StoreAdmin::Symptom> PostgresDoctor::examine(const QString& url)
     QVector<StoreAdmin::Symptom> symptoms;
     lookAtAccess(link, &symptoms);
     lookAtSettings(link, &symptoms);
+    lookAtReserve(link, &symptoms);
     lookAtClock(link, &symptoms);
     if (PostgresSchema::isOurs(link, &error))
-        lookAtPublic(link, &symptoms);
+        PostgresAccess::examine(link, &symptoms);
     else
         symptoms.append({error.text, error.code == StoreError::NotAStore
                                          ? text("Создайте хранилище: vrk-admin setup или vrk-admin init.")

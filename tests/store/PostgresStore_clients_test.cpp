@@ -6,6 +6,8 @@
 #include "TableCatalog.h"
 #include "TestStore.h"
 
+#include <QFile>
+#include <QSet>
 #include <QTest>
 
 /// What a client can do to the others: one that talks to the server without our program, with the rights of a person, and
@@ -185,18 +187,49 @@ private slots:
         QCOMPARE(run(*person(), "BEGIN; " + sql), QByteArray("42501"));
     }
 
-    void advisoryLocksHoldUpNobody()
+    void advisoryLocksFillNoTableOfTheServers()
     {
         const auto link = person();
+        QCOMPARE(run(*link, "SELECT count(pg_advisory_lock(g)) FROM generate_series(1, 10000000) AS g"),
+                 QByteArray("42501"));
+        // Where he is, the others go on: they sign in, write, and end what runs away.
         StoreError error;
-        QVERIFY(link->run("SELECT pg_advisory_lock(oid::bigint) FROM pg_class", &error));
-        Store::Options options;
-        options.loader = true;
-        options.deadlineMs = 5000;
-        const auto store = m_files->open(QString(), options);
-        QVERIFY2(TestStore::write(store.get(), "LogbookCatsTemplate", ROW_INSERT, "NEW",
-                                  {{"ParentKey", "CAT_COMMON"}}, &error),
+        QVERIFY2(TestStore::write(m_files->open(QStringLiteral("ivanov")).get(), "LogbookRecords", ROW_UPDATE,
+                                  "REC_DRAFT_IVANOV", {{"html", "x"}}, &error),
                  qPrintable(error.text));
+        QCOMPARE(PostgresAdmin::endRunaways(m_files->url(), 60, &error), 0);
+    }
+
+    void whatHarmsOthersIsNobodys()
+    {
+        const auto link = person();
+        for (const char* sql :
+             {"SELECT pg_try_advisory_lock_shared(1, 2)", "SELECT pg_advisory_xact_lock(1)",
+              "SELECT pg_logical_emit_message(false, 'x', repeat('x', 1000))", "SELECT lo_create(0)",
+              "SELECT lo_from_bytea(0, 'x')", "SELECT pg_notify('vrk_changes', '')",
+              "SELECT pg_export_snapshot()", "SELECT pg_create_physical_replication_slot('x', true)",
+              "DO $$ BEGIN LOOP PERFORM 1; EXIT; END LOOP; END $$"})
+            QVERIFY2(run(*link, sql) == "42501", sql);
+    }
+
+    void everyFunctionOfAllHasBeenLookedAt()
+    {
+        QFile file(QFINDTESTDATA("functions-of-all.txt"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QSet<QString> reviewed;
+        while (!file.atEnd()) {
+            const QString line = QString::fromLatin1(file.readLine()).section(QLatin1Char('#'), 0, 0);
+            for (const QString& name : line.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts))
+                reviewed.insert(name);
+        }
+        QSet<QString> open;
+        for (const QVariantList& row : m_files->rows(
+                 QStringLiteral("SELECT DISTINCT proname::text FROM pg_proc WHERE has_function_privilege("
+                                "'petrov', oid, 'EXECUTE')")))
+            open.insert(row.value(0).toString());
+        QVERIFY(open.size() > 1000);
+        QCOMPARE(QStringList((open - reviewed).values()).join(QLatin1Char(' ')), QString());
+        QCOMPARE(QStringList((reviewed - open).values()).join(QLatin1Char(' ')), QString());
     }
 
     void commitsReachTheDiskWhateverAClientHasSet_data()
@@ -264,6 +297,65 @@ private slots:
                    .integer(0, 0) == 0) {
         }
         QCOMPARE(PostgresAdmin::endRunaways(m_files->url(), 1, &error), 0);
+    }
+
+    void watchdogEndsWhoStandsAndHolds()
+    {
+        // As a database that was put back, or another one of the server, has it.
+        QCOMPARE(
+            m_files->exec(QStringLiteral("GRANT EXECUTE ON FUNCTION pg_advisory_lock(bigint) TO petrov")),
+            QString());
+        const auto standing = person();
+        const auto holding = person();
+        const auto idle = person();
+        QCOMPARE(run(*standing, "BEGIN"), QByteArray());
+        QCOMPARE(run(*holding, "SELECT pg_advisory_lock(1)"), QByteArray());
+        QCOMPARE(run(*idle, "SELECT 1"), QByteArray());
+        StoreError error;
+        QCOMPARE(PostgresAdmin::endRunaways(m_files->url(), 60, &error), 0);
+        int ended = 0;
+        const auto look = [&] { return ended += PostgresAdmin::endRunaways(m_files->url(), 1, &error); };
+        QTRY_VERIFY(look() >= 2);
+        QCOMPARE(ended, 2);
+        QVERIFY(!standing->exec("SELECT 1", &error));
+        QVERIFY(!holding->exec("SELECT 1", &error));
+        QVERIFY(idle->exec("SELECT 1", &error));
+    }
+
+    void watchdogEndsWhoFillsTheTableOfLocks()
+    {
+        const auto holder = person();
+        QByteArray sql;
+        for (int i = 0; i < 520; ++i)
+            sql += "SAVEPOINT s; UPDATE LogbookComments SET readedTime = 5 WHERE KeyLink = 'COM_UNREAD';";
+        QCOMPARE(begin(*holder, sql), QByteArray());
+        StoreError error;
+        QCOMPARE(PostgresAdmin::endRunaways(m_files->url(), 60, &error), 1);
+    }
+
+    void doctorNamesFunctionsThatAreOpenToAll()
+    {
+        const auto cureOf = [this](const char* fault) {
+            for (const StoreAdmin::Symptom& symptom : StoreAdmin::examine(m_files->url()))
+                if (symptom.fault.contains(QString::fromUtf8(fault)))
+                    return symptom.cure;
+            return QString();
+        };
+        const char* const functions = "функции, которыми он может остановить работу";
+        QCOMPARE(cureOf(functions), QString());
+        for (const char* grant : {"GRANT EXECUTE ON FUNCTION pg_advisory_lock(bigint) TO PUBLIC",
+                                  "GRANT USAGE ON LANGUAGE plpgsql TO PUBLIC"}) {
+            QCOMPARE(m_files->exec(QLatin1String(grant)), QString());
+            const QString cure = cureOf(functions);
+            QVERIFY(cure.contains(QStringLiteral("DO $$")));
+            QCOMPARE(m_files->exec(cure.mid(cure.indexOf(QLatin1String("DO $$")))), QString());
+            QCOMPARE(cureOf(functions), QString());
+        }
+        const char* const others = "пускают и другие базы сервера";
+        const QString cure = cureOf(others);
+        QVERIFY2(cure.contains(QStringLiteral("postgres")), qPrintable(cure));
+        QCOMPARE(m_files->exec(cure.mid(cure.indexOf(QLatin1String("REVOKE")))), QString());
+        QCOMPARE(cureOf(others), QString());
     }
 
     void doctorNamesADatabaseThatIsOpenToAll()

@@ -265,6 +265,63 @@ private slots:
         }
     }
 
+    void preparedTransactionsAreRefusedOrEnded()
+    {
+        StoreError error;
+        const auto isNamed = [this] {
+            for (const StoreAdmin::Symptom& symptom : StoreAdmin::examine(m_url))
+                if (symptom.fault.contains(QStringLiteral("подготовленные транзакции")))
+                    return symptom.cure.contains(QStringLiteral("max_prepared_transactions = 0"));
+            return false;
+        };
+        const auto prepare = [this] {
+            StoreError refusal;
+            PgConnection link(m_cluster->url(QStringLiteral("site%1").arg(m_count), QStringLiteral("orlov")),
+                              15000);
+            return link.connect(link.connectMs(), &refusal) &&
+                   link.exec("SET idle_in_transaction_session_timeout = 0; BEGIN; LOCK TABLE LogbookRecords; "
+                             "PREPARE TRANSACTION 'kept'",
+                             &refusal);
+        };
+        QVERIFY(StoreAdmin::addUser(m_url, QStringLiteral("orlov"), QStringLiteral("Орлов"), &error));
+        QVERIFY(!prepare());
+        QVERIFY(!isNamed());
+        QCOMPARE(m_cluster->exec(QStringLiteral("ALTER SYSTEM SET max_prepared_transactions = 2")),
+                 QString());
+        m_cluster->stop();
+        m_cluster->start();
+        QVERIFY(prepare());
+        QVERIFY(isNamed());
+        QCOMPARE(StoreAdmin::endRunaways(m_url, 60, &error), 0);
+        QTRY_COMPARE(count(open().get(), "SELECT count(*) AS n FROM pg_prepared_xacts WHERE prepared < "
+                                         "clock_timestamp() - interval '1 second'"),
+                     1);
+        QCOMPARE(StoreAdmin::endRunaways(m_url, 1, &error), 1);
+        QCOMPARE(count(open().get(), "SELECT count(*) AS n FROM pg_prepared_xacts"), 0);
+        QCOMPARE(m_cluster->exec(QStringLiteral("ALTER SYSTEM RESET ALL")), QString());
+        m_cluster->stop();
+        m_cluster->start();
+    }
+
+    void doctorNamesAServerWithoutAReserve()
+    {
+        const auto isNamed = [this] {
+            for (const StoreAdmin::Symptom& symptom : StoreAdmin::examine(m_url))
+                if (symptom.cure.contains(QStringLiteral("superuser_reserved_connections")))
+                    return true;
+            return false;
+        };
+        QVERIFY(!isNamed());
+        QCOMPARE(m_cluster->exec(QStringLiteral("ALTER SYSTEM SET superuser_reserved_connections = 2")),
+                 QString());
+        m_cluster->stop();
+        m_cluster->start();
+        QVERIFY(isNamed());
+        QCOMPARE(m_cluster->exec(QStringLiteral("ALTER SYSTEM RESET ALL")), QString());
+        m_cluster->stop();
+        m_cluster->start();
+    }
+
     void everythingBelongsToARoleThatCannotLogIn()
     {
         const auto store = open();

@@ -1,0 +1,119 @@
+#include "PostgresAccess.h"
+
+#include "PgConnection.h"
+
+namespace
+{
+// Advisory locks fill the table of locks that the whole server shares; what one statement emits or notifies a million times
+// fills its disk and its queue; large objects, snapshots and slots are kept by nobody's rules. The store's own trigger
+// notifies, as the owner.
+const char closedFunctions[] = "(pg_(try_)?advisory_.*|lo_.*|loread|lowrite|pg_logical_emit_message|pg_notify"
+                               "|pg_export_snapshot|pg_(create|copy)_(logical|physical)_replication_slot"
+                               "|pg_drop_replication_slot|pg_replication_slot_advance|pg_logical_slot_.*)";
+
+// Blocks in plpgsql are the way to do anything a million times in one statement.
+const char closeScript[] =
+    "DO $$ DECLARE thing text; BEGIN\n"
+    "EXECUTE format('REVOKE ALL ON DATABASE %1$I FROM PUBLIC; GRANT CONNECT ON DATABASE %1$I TO "
+    "vrk_client',\n"
+    "    current_database());\n"
+    "FOR thing IN SELECT oid::regprocedure FROM pg_proc WHERE pronamespace = 'pg_catalog'::regnamespace\n"
+    "    AND %closed AND has_function_privilege('public', oid, 'EXECUTE') LOOP\n"
+    "    EXECUTE format('REVOKE EXECUTE ON FUNCTION %s FROM PUBLIC', thing); END LOOP;\n"
+    "IF has_language_privilege('public', 'plpgsql', 'USAGE') THEN\n"
+    "    REVOKE USAGE ON LANGUAGE plpgsql FROM PUBLIC; END IF;\n"
+    "IF NOT has_language_privilege('vrk_owner', 'plpgsql', 'USAGE') THEN\n"
+    "    GRANT USAGE ON LANGUAGE plpgsql TO vrk_owner; END IF;\n"
+    "IF NOT has_function_privilege('vrk_owner', 'pg_notify(text,text)', 'EXECUTE') THEN\n"
+    "    GRANT EXECUTE ON FUNCTION pg_notify(text, text) TO vrk_owner; END IF;\n"
+    "REVOKE CREATE ON SCHEMA public FROM PUBLIC;\n"
+    "END $$";
+
+const char reopenScript[] =
+    "DO $$ DECLARE thing text; BEGIN\n"
+    "EXECUTE format('REVOKE CONNECT ON DATABASE %1$I FROM vrk_client; '\n"
+    "               'GRANT CONNECT, TEMPORARY ON DATABASE %1$I TO PUBLIC', current_database());\n"
+    "FOR thing IN SELECT oid::regprocedure FROM pg_proc WHERE pronamespace = 'pg_catalog'::regnamespace\n"
+    "    AND %closed LOOP\n"
+    "    EXECUTE format('GRANT EXECUTE ON FUNCTION %s TO PUBLIC', thing); END LOOP;\n"
+    "GRANT USAGE ON LANGUAGE plpgsql TO PUBLIC;\n"
+    "END $$";
+
+QByteArray script(const char* text)
+{
+    return QByteArray(text).replace("%closed", PostgresAccess::isClosed("proname"));
+}
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+using Symptoms = QVector<StoreAdmin::Symptom>;
+
+/// A copy that was put back has the access that the server gives to every new database.
+void lookAtDatabase(PgConnection& link, Symptoms* symptoms)
+{
+    StoreError error;
+    const PgResult open = link.run("SELECT quote_ident(current_database()) WHERE "
+                                   "has_database_privilege('public', current_database(), 'CREATE') "
+                                   "OR has_database_privilege('public', current_database(), 'TEMPORARY') "
+                                   "OR has_schema_privilege('public', 'public', 'CREATE')",
+                                   &error);
+    if (open && open.rows() > 0)
+        symptoms->append(
+            {text("Всякий, кого пускает сервер, может создавать в базе свои таблицы."),
+             text("Выполните на сервере: REVOKE ALL ON DATABASE %1 FROM PUBLIC; GRANT CONNECT ON DATABASE "
+                  "%1 TO vrk_client; REVOKE CREATE ON SCHEMA public FROM PUBLIC;")
+                 .arg(QString::fromUtf8(open.bytes(0, 0)))});
+}
+
+/// The table of locks and the queue of notifications are one for all databases of a server.
+void lookAtFunctions(PgConnection& link, Symptoms* symptoms)
+{
+    StoreError error;
+    const PgResult open = link.run(
+        "SELECT 1 WHERE has_language_privilege('public', 'plpgsql', 'USAGE') OR EXISTS (SELECT 1 "
+        "FROM pg_proc WHERE pronamespace = 'pg_catalog'::regnamespace AND " +
+            PostgresAccess::isClosed("proname") + " AND has_function_privilege('public', oid, 'EXECUTE'))",
+        &error);
+    if (open && open.rows() > 0)
+        symptoms->append(
+            {text(
+                 "Всякому, кого пускает сервер, доступны функции, которыми он может остановить работу всех."),
+             text("Выполните в базе журнала: %1;").arg(QString::fromUtf8(script(closeScript)).simplified())});
+    const PgResult others =
+        link.run("SELECT string_agg(quote_ident(datname), ', ' ORDER BY datname) FROM pg_database "
+                 "WHERE datallowconn AND datname <> current_database() "
+                 "AND has_database_privilege('public', oid, 'CONNECT')",
+                 &error);
+    if (others && !others.isNull(0, 0))
+        symptoms->append(
+            {text("Диспетчеров пускают и другие базы сервера (%1), а оттуда они могут остановить работу "
+                  "всех.")
+                 .arg(QString::fromUtf8(others.bytes(0, 0))),
+             text("Выполните на сервере: REVOKE CONNECT ON DATABASE %1 FROM PUBLIC;")
+                 .arg(QString::fromUtf8(others.bytes(0, 0)))});
+}
+} // namespace
+
+QByteArray PostgresAccess::isClosed(const QByteArray& name)
+{
+    return name + QByteArray(" ~ '^") + closedFunctions + "$'";
+}
+
+bool PostgresAccess::close(PgConnection& link, StoreError* error)
+{
+    return link.exec(script(closeScript), error);
+}
+
+bool PostgresAccess::reopen(PgConnection& link, StoreError* error)
+{
+    return link.exec(script(reopenScript), error);
+}
+
+void PostgresAccess::examine(PgConnection& link, Symptoms* symptoms)
+{
+    lookAtDatabase(link, symptoms);
+    lookAtFunctions(link, symptoms);
+}
