@@ -28,6 +28,13 @@ void setText(CMDArray& table, MDRData* record, const char* field, const QByteArr
     table.SetValF(record, field, bytes.isNull() ? MDRValue::null() : MDRValue::text(bytes));
 }
 
+/// The layout that a description of a date names; empty when it cannot be read.
+QString layoutOf(const QString& param)
+{
+    const QStringList pieces = param.split(QLatin1Char('='));
+    return pieces.size() == 2 ? ParamText::toQtDateTimeLayout(pieces[1]) : QString();
+}
+
 /// Whether the store takes the name as the key of a row: no quotes, no backslash, no control characters.
 bool isPossibleKey(const QString& name)
 {
@@ -61,6 +68,8 @@ void ParamRules::convert(const MDRData* old)
         !isDate && !isEnum && (!param.isEmpty() || MDRValue::hasText(recordValue(old, "TableKey")));
     if (isReference) {
         note(old, ConversionReport::Reference);
+    } else if (isDate && layoutOf(param).isEmpty()) {
+        convertDateTime(old); // an error, with a name or without one
     } else if (name.isEmpty()) {
         const QString text =
             LogText::fill(ConversionReport::tr("Параметр без латинского имени пропущен: '%1'"),
@@ -106,14 +115,14 @@ void ParamRules::convertEnum(const MDRData* old)
 void ParamRules::convertDateTime(const MDRData* old)
 {
     const QString param = m_tables->text(old, "param");
-    const QStringList pieces = param.split(QLatin1Char('='));
-    const QString layout = pieces.size() == 2 ? ParamText::toQtDateTimeLayout(pieces[1]) : QString();
+    const QString layout = layoutOf(param);
     if (!layout.isEmpty()) {
         make(old, {{"name", "datetime"}, {"format", layout.toStdString()}},
              titleOf(old, ConversionReport::tr("Дата и время")), ConversionReport::DateTime);
         return;
     }
     const QString name = m_tables->text(old, "nameLat");
+    const QStringList pieces = param.split(QLatin1Char('='));
     const auto tell = [this](const QString& format, const QString& value) {
         m_report->add(ConversionReport::Error, LogText::fill(format, {value}));
     };

@@ -260,7 +260,8 @@ MDRData* TemplateTab::currentRecord() const
 void TemplateTab::reloadFor(const QModelIndex& current, const QModelIndex& previous)
 {
     const QPersistentModelIndex last(previous); // a failed save takes its rows away
-    if (!sendChangesToServer()) {
+    // What was sent as it stands is not sent again by going on; saving by the button sends it each time.
+    if (!m_isSent && !sendChangesToServer()) {
         // Not from within the change of selection itself.
         QTimer::singleShot(0, this, [this, last] { putBack(last); });
         return;
@@ -307,7 +308,7 @@ void TemplateTab::takeKeyboard()
     m_form->templatesTree->setFocus();
 }
 
-void TemplateTab::setFocusOn(MDRData* record)
+void TemplateTab::setFocusOn(MDRData* record, MDRData* edit)
 {
     QTreeView* tree = m_form->templatesTree;
     const StillTree still(tree);
@@ -318,7 +319,7 @@ void TemplateTab::setFocusOn(MDRData* record)
     selection->clearSelection();
     selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     selection->select(index, QItemSelectionModel::Select | QItemSelectionModel::Current);
-    raiseUpPassport(record);
+    raiseUpPassport(edit ? edit : record);
     selection->blockSignals(false);
     tree->scrollTo(index, QAbstractItemView::EnsureVisible);
     if (parent.isValid() && !tree->isExpanded(parent))

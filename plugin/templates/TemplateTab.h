@@ -2,10 +2,12 @@
 
 #include "KeptEdits.h"
 #include "Rights.h"
+#include "SentEdits.h"
 #include "TemplateTables.h"
 
 #include <memory>
 #include <QModelIndex>
+#include <QSet>
 #include <QWidget>
 #include <set>
 #include <vector>
@@ -78,8 +80,9 @@ public:
     /// Gives the tree the keyboard.
     void takeKeyboard();
     void selectFirst();
-    /// Selects the record's row without the change of selection being noticed, and shows its passport.
-    void setFocusOn(MDRData* record);
+    /// Selects the record's row without the change of selection being noticed, and shows its passport, or that of the
+    /// change of it that is not saved.
+    void setFocusOn(MDRData* record, MDRData* edit = nullptr);
     MDRData* currentRecord() const;
     /// A change event of the server.
     void MessageData(TEventNciParse* event);
@@ -210,6 +213,7 @@ private:
     MDRData* editedTemplate();
     MDRData* editedRecord(CModelTable* table, CModelTable* edits, std::initializer_list<const char*> copied);
     bool sendChangesToServer();
+    void sendEdits(const CModelTable& edits);
     bool inspectEditCategories();
     bool inspectEditTemplates();
     void clearEditTables();
@@ -228,12 +232,13 @@ private:
 
     // Events
     void rowChanged(CModelTable* table, CModelTable* edits, TEventNciParse* event);
-    void rowDeleted(CModelTable* table, CModelTable* edits, CModelTable* moved, TEventNciParse* event);
+    void rowDeleted(CModelTable* table, CModelTable* edits, TEventNciParse* event);
     void rowInserted(CModelTable* table, CModelTable* edits, CModelTable* moved, TEventNciParse* event);
     MDRData* changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event);
     bool deleteEditRecord(CModelTable* table, TEventNciParse* event);
     void removeRow(CModelTable* table, MDRData* record);
-    bool isOverruled(const MDRData* edit, TEventNciParse* event) const;
+    /// A new record that the server has got meanwhile is no row of its own any more.
+    void becomeChange(CModelTable* edits, MDRData* pending);
     static bool isMoved(const CModelTable* table, const MDRData* record, TEventNciParse* event);
     /// Where the row of an event belongs in this page's tree; \a row stays negative when it does not.
     void whereInsert(int& row, QModelIndex& parent, TEventNciParse* event, const CModelTable* roots,
@@ -254,6 +259,8 @@ private:
     void pasteTemplate(MDRData* record);
     void moveCategory(MDRData* record, MDRData* target);
     void moveTemplate(MDRData* record, MDRData* target);
+    /// What the server holds of a record: that of a save which is on its way, else the record itself.
+    const MDRData* storedOf(const MDRData* record, const CModelTable& edits) const;
     void sendMove(CModelTable* moved, const QByteArray& key,
                   const std::vector<std::pair<const char*, MDRVar>>& values);
 
@@ -319,5 +326,7 @@ private:
     KeptEdits m_kept;
     bool m_isPassingOffer = false; ///< what is kept was cancelled by the user, and goes when he goes on
     QByteArray m_shownTemplate;    ///< key of the template in the passport
-    bool m_isSent = false;         ///< the unsaved records were written, their events are on the way
+    SentEdits m_sent;
+    QSet<QByteArray> m_moving; ///< keys of moved rows whose events have not come
+    bool m_isSent = false; ///< the unsaved records were written as they stand, their events are on the way
 };

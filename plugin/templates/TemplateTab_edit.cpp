@@ -131,25 +131,42 @@ void TemplateTab::forgetOffer()
 
 bool TemplateTab::sendChangesToServer()
 {
-    if (!isExistUnsaved() || m_isSent)
+    if (!isExistUnsaved())
         return true;
     if (inspectEditCategories() || inspectEditTemplates())
         return false;
 
     CVrkCliSes* session = m_module->session();
     session->BlockBeg();
-    if (m_tables.categoriesEdit.data.RecCount() > 0)
-        session->SqlUpdate(LogbookTable::CatsTemplate, m_tables.categoriesEdit.data.array, true, nullptr);
-    if (m_tables.templatesEdit.data.RecCount() > 0)
-        session->SqlUpdate(LogbookTable::Templates, m_tables.templatesEdit.data.array, true, nullptr);
+    sendEdits(m_tables.categoriesEdit);
+    sendEdits(m_tables.templatesEdit);
     if (session->BlockEnd(true, nullptr)) {
         m_isSent = true; // the records stay until their events empty the tables
+        m_sent.note(m_tables.categoriesEdit);
+        m_sent.note(m_tables.templatesEdit);
         return true;
     }
     writeLogUnsaved(QStringLiteral("bool TemplateTab::sendChangesToServer()"),
                     QStringLiteral("CVrkCliSes::BlockEnd returned FALSE"));
     dropUnsaved(session->lastErrorText());
     return false;
+}
+
+void TemplateTab::sendEdits(const CModelTable& edits)
+{
+    if (edits.data.RecCount() == 0)
+        return;
+    CRowBatch rows(edits.data);
+    for (int i = 0; i < edits.data.RecCount(); ++i) {
+        const MDRData* record = MDARec(edits.data.array, 0, i);
+        MDRData* sent = MDARecNew(rows.array);
+        KeptEdits::copyRecord(record, sent);
+        // What an earlier save inserted is there, though its event has not come.
+        if ((sent->flags & ROW_INSERT) && m_sent.isInserted(MDRValue::copy(recordValue(record, "KeyLink"))))
+            MDRSetFlags(sent, ROW_UPDATE);
+        rows.RecPost(sent);
+    }
+    m_module->session()->SqlUpdate(edits.name.c_str(), rows.array, true, nullptr);
 }
 
 bool TemplateTab::inspectEditCategories()

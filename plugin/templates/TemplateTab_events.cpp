@@ -59,7 +59,7 @@ void TemplateTab::MessageData(TEventNciParse* event)
         rowChanged(table, edits, event);
         break;
     case EventDeleted:
-        rowDeleted(table, edits, moved, event);
+        rowDeleted(table, edits, event);
         break;
     default:
         break;
@@ -94,20 +94,18 @@ bool TemplateTab::deleteEditRecord(CModelTable* table, TEventNciParse* event)
     return true;
 }
 
-/// The user's change is not what the server now holds: somebody else has saved this record.
-bool TemplateTab::isOverruled(const MDRData* edit, TEventNciParse* event) const
+void TemplateTab::becomeChange(CModelTable* edits, MDRData* pending)
 {
-    if (!edit)
-        return false;
-    for (const char* name : {"nameLoc", "html"}) {
-        const MDRField* field = MDRFldByName(MDARecArr(edit), name);
-        bool isMarked = false;
-        if (field)
-            MDRIsUser(field, edit, &isMarked);
-        if (isMarked && !isSame(recordValue(edit, name), eventValue(event, name)))
-            return true;
-    }
-    return false;
+    const QuietSelection quiet(m_form->templatesTree->selectionModel());
+    const QModelIndex index = m_model->indexByRecord(pending);
+    if (index.isValid())
+        m_model->beginRemoveRow(index.row(), index.parent());
+    MDRSetFlags(pending, ROW_UPDATE);
+    for (const char* place : {"KeyLink", "ParentKey", "OrgTypeKey", "DepartmentKey", "CategoryKey"})
+        if (const MDRField* field = MDRFldByName(edits->data.array, place))
+            MDRSetUser(field, pending, 0);
+    if (index.isValid())
+        m_model->endRemoveRow();
 }
 
 bool TemplateTab::isMoved(const CModelTable* table, const MDRData* record, TEventNciParse* event)
@@ -122,11 +120,15 @@ bool TemplateTab::isMoved(const CModelTable* table, const MDRData* record, TEven
 
 void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciParse* event)
 {
-    const MDRData* edit = TemplateTables::recordByKeyLink(edits, event->recordKey);
-    const bool isLost = isOverruled(edit, event);
+    const bool isOwn = m_sent.take(event);
+    MDRData* edit = TemplateTables::recordByKeyLink(edits, event->recordKey);
+    const bool isOther = SentEdits::differs(edit, event);
+    // One's own save comes back, and its user has typed on meanwhile.
+    const bool goesOn = isOwn && isOther && !(edit->flags & ROW_INSERT);
+    const bool isLost = isOther && !isOwn && !(m_isSent && m_sent.isUnderWay(event->recordKey));
     if (isLost)
         m_kept.keep(m_tables, edit);
-    if (deleteEditRecord(edits, event))
+    if (!goesOn && deleteEditRecord(edits, event))
         updateEditStatus();
 
     MDRData* record = TemplateTables::recordByKeyLink(table, event->recordKey);
@@ -138,7 +140,7 @@ void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciPa
         const QuietSelection quiet(m_form->templatesTree->selectionModel());
         record = changeRecord(table, MDARecEdit(record), event);
         m_model->updateRecord(record);
-        if (record == currentRecord())
+        if (record == currentRecord() && !goesOn)
             raiseUpPassport(record);
     }
     if (isLost)
@@ -168,24 +170,27 @@ void TemplateTab::moveRow(CModelTable* table, MDRData* record, TEventNciParse* e
         reloadFor(m_form->templatesTree->currentIndex(), QModelIndex());
 }
 
-void TemplateTab::rowDeleted(CModelTable* table, CModelTable* edits, CModelTable* moved,
-                             TEventNciParse* event)
+void TemplateTab::rowDeleted(CModelTable* table, CModelTable* edits, TEventNciParse* event)
 {
     MDRData* record = TemplateTables::recordByKeyLink(table, event->recordKey);
     if (!record)
         return;
     const QString name = codec()->toUnicode(MDRValue::bytes(recordValue(record, "nameLoc")));
     const MDRData* edit = TemplateTables::recordByKeyLink(edits, event->recordKey);
-    const bool isLost = edit && !m_isSent && !TemplateTables::recordByKeyLink(moved, event->recordKey);
+    const bool isOwnMove = m_moving.contains(event->recordKey);
+    const bool isLost = edit && !m_isSent && !isOwnMove;
     if (isLost)
         m_kept.keep(m_tables, edit);
 
     QuietSelection quiet(m_form->templatesTree->selectionModel());
-    if (deleteEditRecord(edits, event))
+    if (!isOwnMove && deleteEditRecord(edits, event)) // what is unsaved goes along with one's own move
         updateEditStatus();
     removeRow(table, record);
     m_form->templatesTree->viewport()->update();
-    if (quiet.end())
+    const bool hasMoved = quiet.end();
+    if (hasMoved && isOwnMove) // the row is on its way to its new place
+        raiseUpPassport(m_form->templatesTree->currentIndex());
+    else if (hasMoved)
         reloadFor(m_form->templatesTree->currentIndex(), QModelIndex());
     if (isLost)
         tellKept(tr("Элемент «%1» тем временем удалил или переместил другой пользователь.").arg(name));
@@ -196,9 +201,18 @@ void TemplateTab::rowInserted(CModelTable* table, CModelTable* edits, CModelTabl
 {
     QTreeView* tree = m_form->templatesTree;
     QuietSelection quiet(tree->selectionModel());
-    const bool wasPending = deleteEditRecord(edits, event);
-    if (wasPending)
-        updateEditStatus();
+    const bool isOwn = m_sent.take(event);
+    MDRData* edit = TemplateTables::recordByKeyLink(edits, event->recordKey);
+    const bool isOwnMove = m_moving.remove(event->recordKey);
+    const bool wasPending = edit && !isOwnMove;
+    const bool goesOn = wasPending && isOwn && (edit->flags & ROW_INSERT) && SentEdits::differs(edit, event);
+    if (goesOn) { // its user has typed on since the save
+        becomeChange(edits, edit);
+    } else if (!isOwnMove) {
+        edit = nullptr;
+        if (deleteEditRecord(edits, event))
+            updateEditStatus();
+    }
     int row = -1;
     QModelIndex parent;
     if (!TemplateTables::recordByKeyLink(table, event->recordKey)) // a load may have brought it already
@@ -218,7 +232,7 @@ void TemplateTab::rowInserted(CModelTable* table, CModelTable* edits, CModelTabl
         return;
     }
 
-    setFocusOn(record);
+    setFocusOn(record, edit);
     if (table == &m_tables.categories && wasMoved) {
         const QModelIndex index = m_proxy->mapFromSource(m_model->indexByRecord(record));
         if (index.isValid())

@@ -16,13 +16,6 @@ QByteArray keyOf(const MDRData* record)
 {
     return MDRValue::copy(recordValue(record, "KeyLink"));
 }
-
-/// The values to move: those of an unsaved change, which the move would otherwise overwrite.
-const MDRData* newestOf(const MDRData* record, const CModelTable& edits)
-{
-    const MDRData* edit = TemplateTables::recordByKeyLink(&edits, keyOf(record).constData());
-    return edit ? edit : record;
-}
 } // namespace
 
 void TemplateTab::moveItem(const QString& keyLink, const QModelIndex& target)
@@ -40,6 +33,14 @@ void TemplateTab::moveItem(const QString& keyLink, const QModelIndex& target)
         moveTemplate(item, targetRecord);
 }
 
+const MDRData* TemplateTab::storedOf(const MDRData* record, const CModelTable& edits) const
+{
+    const QByteArray key = keyOf(record);
+    const MDRData* sent =
+        m_sent.isUnderWay(key) ? TemplateTables::recordByKeyLink(&edits, key.constData()) : nullptr;
+    return sent ? sent : record;
+}
+
 void TemplateTab::moveCategory(MDRData* record, MDRData* target)
 {
     const bool isInType = TemplateTables::isContains(m_orgTypesTable, target);
@@ -50,12 +51,10 @@ void TemplateTab::moveCategory(MDRData* record, MDRData* target)
                       QStringLiteral("Can not find destination parent"));
         return;
     }
-    const MDRData* newest = newestOf(record, m_tables.categoriesEdit);
-    if (newest != record && inspectEditCategories())
-        return;
+    const MDRData* stored = storedOf(record, m_tables.categoriesEdit);
     const QByteArray targetKey = keyOf(target);
     const auto keyIf = [&](bool isIt) { return isIt ? keyOrNull(targetKey) : MDRValue::null(); };
-    const QByteArray name = MDRValue::copy(recordValue(newest, "nameLoc"));
+    const QByteArray name = MDRValue::copy(recordValue(stored, "nameLoc"));
     sendMove(&m_tables.categoriesMoved, keyOf(record),
              {{"ParentKey", keyIf(isInCategory)},
               {"OrgTypeKey", keyIf(isInType)},
@@ -65,18 +64,17 @@ void TemplateTab::moveCategory(MDRData* record, MDRData* target)
 
 void TemplateTab::moveTemplate(MDRData* record, MDRData* target)
 {
-    const MDRData* newest = newestOf(record, m_tables.templatesEdit);
-    if (newest != record && inspectEditTemplates())
-        return;
+    const MDRData* stored = storedOf(record, m_tables.templatesEdit);
     const QByteArray category = keyOf(target);
-    const QByteArray name = MDRValue::copy(recordValue(newest, "nameLoc"));
+    const QByteArray name = MDRValue::copy(recordValue(stored, "nameLoc"));
     sendMove(&m_tables.templatesMoved, keyOf(record),
              {{"CategoryKey", keyOrNull(category)},
               {"nameLoc", MDRValue::text(name)},
-              {"html", recordValue(newest, "html")}});
+              {"html", recordValue(stored, "html")}});
 }
 
-/// Deletes and inserts one key in one block, so that what refers to it follows without being touched.
+/// Deletes and inserts one key in one block, so that what refers to it follows without being touched. What is unsaved
+/// stays so: a move writes what the server holds.
 void TemplateTab::sendMove(CModelTable* moved, const QByteArray& key,
                            const std::vector<std::pair<const char*, MDRVar>>& values)
 {
@@ -102,5 +100,6 @@ void TemplateTab::sendMove(CModelTable* moved, const QByteArray& key,
     session->BlockBeg();
     session->SqlUpdate(name, deletion.array, true, nullptr);
     session->SqlUpdate(name, insertion.array, true, nullptr);
-    session->BlockEnd(true, nullptr); // the host tells a failure; the tree has not changed
+    if (session->BlockEnd(true, nullptr)) // the host tells a failure; the tree has not changed
+        m_moving.insert(key);
 }

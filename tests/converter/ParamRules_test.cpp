@@ -141,6 +141,17 @@ private slots:
         QVERIFY(tables.param("other")); // the run goes on
     }
 
+    void anUnreadableDateWithoutANameIsAnErrorToo()
+    {
+        EarlierTables tables;
+        tables.add(tables.oldParams, "P", {{"param", "DateTimeFormat=Century"}});
+        ConversionReport report;
+        ParamRules(&tables, &report).processParameters();
+        QCOMPARE(report.lines().size(), 4);
+        QCOMPARE(report.lines()[1].text, QStringLiteral("Поле param: DateTimeFormat=Century"));
+        QCOMPARE(report.failed, QStringList{QString()}); // which keeps the conversion from being saved
+    }
+
     void a_row_without_any_name_is_told_and_left_out_data()
     {
         QTest::addColumn<QVariant>("param");

@@ -57,11 +57,12 @@ class Test:
 class Change:
     """One change of a source: a piece of its text and what stands there instead."""
 
-    def __init__(self, number, name, source, place, old, new, tests):
-        self.number, self.name, self.source, self.place = number, name, source, place
+    def __init__(self, number, name, source, text, place, old, new, tests):
+        self.number, self.name, self.source, self.text, self.place = number, name, source, text, place
         self.old, self.new, self.tests = old, new, tests
 
-    def made_in(self, text):
+    def made(self):
+        text = self.text
         return text[:self.place] + self.new + text[self.place + len(self.old):]
 
 

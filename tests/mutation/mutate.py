@@ -253,6 +253,7 @@ class Behaviours:
         self.environment = dict(os.environ)
         self.verdicts = {}  # of each name that is not judged yet, None
         self.changes = []
+        self.texts = {}
         for path in lists:
             for name, words in blocks(path):
                 self.take(path, f"{path.stem}: {name}", words, names)
@@ -269,8 +270,10 @@ class Behaviours:
         except Stale as why:
             self.tell(name, f"STALE {why}")
             return
-        self.changes.append(Change(len(self.changes) + 1, name, source, place, words["old"], words["new"],
-                                   words["tests"].split()))
+        if source not in self.texts:  # what is edited during the run is not looked at
+            self.texts[source] = source.read_text(encoding="utf-8")
+        self.changes.append(Change(len(self.changes) + 1, name, source, self.texts[source], place, words["old"],
+                                   words["new"], words["tests"].split()))
 
     def tell(self, name, verdict):
         self.verdicts[name] = verdict
@@ -309,8 +312,7 @@ class Behaviours:
         """Builds one change by itself."""
         folder = self.apart.folder(change.name)
         try:
-            text = change.made_in(change.source.read_text(encoding="utf-8"))
-            objects = [self.apart.compile(folder, change.source, text)]
+            objects = [self.apart.compile(folder, change.source, change.made())]
             return self.judge(change, {one: self.apart.link(folder, one, objects) for one in self.programs(change)})
         except BuildFailed as why:
             return f"RUIN {why}"
@@ -321,7 +323,7 @@ class Behaviours:
         """For what the programs load from a library or get from a header: the build tree itself is changed."""
         original = change.source.read_bytes()
         try:
-            change.source.write_bytes(change.made_in(original.decode("utf-8")).encode("utf-8"))
+            change.source.write_bytes(change.made().encode("utf-8"))
             if run(["ninja", "-C", self.build, *self.programs(change)]).returncode:
                 return "RUIN"
             built = pathlib.Path(self.build) / "bin"
@@ -343,7 +345,7 @@ class Behaviours:
         objects, alone = {}, []
 
         def make(source):
-            text, left = switched(source.read_text(encoding="utf-8"), sources[source])
+            text, left = switched(self.texts[source], sources[source])
             if len(left) == len(sources[source]):
                 return None, left
             try:

@@ -50,6 +50,20 @@ private:
         QCOMPARE(m_store->refuse(m_broken.first, m_broken.second), QString());
     }
     void mendTable() { QCOMPARE(m_store->permit(m_broken.first, m_broken.second), QString()); }
+    int writes(const char* key) const
+    {
+        return m_store
+            ->value(
+                QStringLiteral("SELECT count(*) FROM ChangeLog WHERE rowKey='%1'").arg(QLatin1String(key)))
+            .toInt();
+    }
+    /// What happened until now is never told to this configurator.
+    static void loseEvents(Configurator& one)
+    {
+        one.client().session().pollEvents();
+        for (HFNCliParam* block : one.client().session().takeEvents())
+            one.client().session().PrmFree(block);
+    }
     TemplateTab* openCommon(Configurator& one, const char* key)
     {
         TemplateTab* page = one.show(one.common());
@@ -118,16 +132,179 @@ private slots:
         templateName(page)->setText(QStringLiteral("Приём"));
         page->applyChanges();
         QVERIFY(page->isExistUnsaved()); // sent, and still unsaved till the server tells
-        page->applyChanges();            // not sent twice
-        QCOMPARE(
-            m_store->value(QStringLiteral("SELECT count(*) FROM ChangeLog WHERE rowKey='TPL_OPEN'")).toInt(),
-            2);
+        QCOMPARE(writes("TPL_OPEN"), 2);
+        QVERIFY(Configurator::select(page, "TPL_CLOSE")); // going on does not send it again
+        QVERIFY(Configurator::select(page, "TPL_OPEN"));
+        QCOMPARE(writes("TPL_OPEN"), 2);
         QSignalSpy reset(page, &TemplateTab::editDataReseted);
         one.deliver();
         QVERIFY(!page->isExistUnsaved());
         QCOMPARE(reset.size(), 1);
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Приём"));
         QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Приём"));
+    }
+
+    void aSaveWhoseEventsNeverComeCanBeRepeated_data()
+    {
+        QTest::addColumn<bool>("isNew");
+        QTest::newRow("a change") << false;
+        QTest::newRow("a new category") << true;
+    }
+    void aSaveWhoseEventsNeverComeCanBeRepeated()
+    {
+        QFETCH(bool, isNew);
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON");
+        if (isNew)
+            page->createRootFolder();
+        const QByteArray key = Configurator::currentKey(page).toLatin1();
+        categoryName(page)->setText(QStringLiteral("Раз"));
+        page->applyChanges();
+        loseEvents(one);
+        QVERIFY(page->isExistUnsaved());
+        categoryName(page)->setText(QStringLiteral("Два"));
+        one.child<QToolButton>("saveButton")->click();
+        one.child<QToolButton>("saveButton")->click();
+        QCOMPARE(stored("LogbookCatsTemplate", key.constData()), QStringLiteral("Два"));
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        QVERIFY(!restoreButton(page));
+        QCOMPARE(one.client().takeFailures(), QStringList());
+    }
+
+    void typingOnAfterASaveGoesOn()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        QLineEdit* name = templateName(page);
+        name->setText(QStringLiteral("Приём"));
+        page->applyChanges();
+        name->end(false);
+        name->insert(QStringLiteral(" и"));
+        name->setCursorPosition(2);
+        one.deliver();
+        QCOMPARE(name->text(), QStringLiteral("Приём и"));
+        QCOMPARE(name->cursorPosition(), 2);
+        QVERIFY(!restoreButton(page)); // nobody else was there
+        QVERIFY(page->isExistUnsaved());
+        QVERIFY(one.window().isEdit());
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Приём"));
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Приём"));
+        page->applyChanges();
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Приём и"));
+    }
+
+    void typingOnInASavedNewItemGoesOn_data()
+    {
+        QTest::addColumn<bool>("isCategory");
+        QTest::newRow("category") << true;
+        QTest::newRow("template") << false;
+    }
+    void typingOnInASavedNewItemGoesOn()
+    {
+        QFETCH(bool, isCategory);
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON");
+        if (isCategory) {
+            page->createFolder();
+        } else {
+            page->createTemplate();
+            openBox(page)->click();
+        }
+        const QByteArray key = Configurator::currentKey(page).toLatin1();
+        QLineEdit* name = isCategory ? categoryName(page) : templateName(page);
+        name->setText(QStringLiteral("Погода"));
+        page->applyChanges();
+        name->end(false);
+        name->insert(QStringLiteral(" и дороги"));
+        name->setCursorPosition(3);
+        one.deliver();
+        QCOMPARE(name->text(), QStringLiteral("Погода и дороги"));
+        QCOMPARE(name->cursorPosition(), 3);
+        QVERIFY(page->isExistUnsaved());
+        QCOMPARE(Configurator::currentKey(page).toLatin1(), key);
+        QCOMPARE(Configurator::shown(page).filter(QStringLiteral("Погода")),
+                 QStringList{QStringLiteral("  Погода")}); // one row, and it has what the server holds
+        page->applyChanges();
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        const char* table = isCategory ? "LogbookCatsTemplate" : "LogbookTemplates";
+        QCOMPARE(stored(table, key.constData()), QStringLiteral("Погода и дороги"));
+        QCOMPARE(stored(table, key.constData(), isCategory ? "ParentKey" : "CategoryKey"),
+                 QStringLiteral("CAT_COMMON"));
+        QCOMPARE(one.client().takeFailures(), QStringList());
+    }
+
+    void aNewItemThatIsTypedOnIsSavedByGoingOn()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "CAT_COMMON");
+        page->createFolder();
+        const QByteArray key = Configurator::currentKey(page).toLatin1();
+        page->applyChanges();
+        categoryName(page)->setText(QStringLiteral("Погода"));
+        QVERIFY(Configurator::select(page, "TPL_CLOSE")); // before the event of its insertion
+        one.deliver();
+        QCOMPARE(stored("LogbookCatsTemplate", key.constData()), QStringLiteral("Погода"));
+        QCOMPARE(Configurator::record(page, key.constData())
+                     ? Configurator::source(page, key.constData()).data().toString()
+                     : QString(),
+                 QStringLiteral("Погода"));
+        QVERIFY(!page->isExistUnsaved());
+        QVERIFY(!restoreButton(page));
+        QCOMPARE(one.client().takeFailures(), QStringList());
+    }
+
+    void anothersSaveBeforeOnesOwnIsNoLoss()
+    {
+        Configurator one(*m_store);
+        Configurator other(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        TemplateTab* theirs = openCommon(other, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Моё"));
+        templateName(theirs)->setText(QStringLiteral("Их"));
+        theirs->applyChanges();
+        page->applyChanges();
+        one.deliver();
+        QVERIFY(!page->isExistUnsaved());
+        QVERIFY(!restoreButton(page));
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Моё"));
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Моё"));
+    }
+
+    void aMoveLeavesWhatIsUnsaved()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Правка"));
+        page->moveItem(QStringLiteral("TPL_OPEN"), Configurator::source(page, "CAT_COMMON_SUB"));
+        one.deliver();
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Приём смены"));
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN", "CategoryKey"), QStringLiteral("CAT_COMMON_SUB"));
+        QCOMPARE(Configurator::currentKey(page), QStringLiteral("TPL_OPEN"));
+        QVERIFY(page->isExistUnsaved());
+        QCOMPARE(templateName(page)->text(), QStringLiteral("Правка"));
+        QVERIFY(!restoreButton(page));
+        page->applyChanges();
+        one.deliver();
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Правка"));
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN", "CategoryKey"), QStringLiteral("CAT_COMMON_SUB"));
+        QVERIFY(!page->isExistUnsaved());
+    }
+
+    void aMoveOverASaveOnItsWayKeepsIt()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = openCommon(one, "TPL_OPEN");
+        templateName(page)->setText(QStringLiteral("Правка"));
+        page->applyChanges();
+        page->moveItem(QStringLiteral("TPL_OPEN"), Configurator::source(page, "CAT_COMMON_SUB"));
+        one.deliver();
+        QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Правка"));
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Правка"));
+        QVERIFY(!page->isExistUnsaved());
     }
 
     void aChangeToTheSameValueIsSavedToo()

@@ -211,10 +211,11 @@ private slots:
         m_one->deliver();
         QCOMPARE(word(), QString());
         QCOMPARE(stored(QStringLiteral("CategoryKey")), QStringLiteral("CAT_COMMON_SUB"));
-        QCOMPARE(stored(QStringLiteral("nameLoc")), QStringLiteral("Правка"));
+        QCOMPARE(stored(QStringLiteral("nameLoc")), QStringLiteral("Приём смены")); // a move saves nothing
         QCOMPARE(page->tables().templatesMoved.data.RecCount(), 0);
-        QVERIFY(!page->isExistUnsaved());
-        QCOMPARE(Configurator::currentName(page), QStringLiteral("Правка"));
+        QCOMPARE(Configurator::currentKey(page), QStringLiteral("TPL_OPEN"));
+        QVERIFY(page->isExistUnsaved());
+        QCOMPARE(name(page)->text(), QStringLiteral("Правка"));
     }
 };
 

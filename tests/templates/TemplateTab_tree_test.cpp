@@ -623,22 +623,6 @@ private slots:
                  QStringLiteral("Новая категория"));
     }
 
-    void aMoveTakesTheUnsavedTextAlong()
-    {
-        Configurator one(*m_store);
-        TemplateTab* page = one.show(one.common());
-        QVERIFY(Configurator::select(page, "TPL_OPEN"));
-        Configurator::in<QLineEdit>(page, "templateNameEdit")->setText(QStringLiteral("Не потеряй"));
-        drag(page, "TPL_OPEN", Configurator::source(page, "CAT_COMMON_SUB"));
-        one.deliver();
-        QCOMPARE(
-            m_store->value(QStringLiteral("SELECT nameLoc FROM LogbookTemplates WHERE KeyLink='TPL_OPEN'"))
-                .toString(),
-            QStringLiteral("Не потеряй"));
-        QVERIFY(!page->isExistUnsaved());
-        QCOMPARE(Configurator::currentName(page), QStringLiteral("Не потеряй"));
-    }
-
     void theDepartmentTreeTakesNoDrop()
     {
         Configurator one(*m_store);
