@@ -250,7 +250,7 @@ class Behaviours:
         self.build = build
         self.apart = Apart(build)
         self.pool = concurrent.futures.ThreadPoolExecutor(jobs)
-        self.environment = dict(os.environ)
+        self.environment = {**os.environ, "QTEST_DISABLE_STACK_DUMP": "1"}  # a crash is a failure, and it takes long
         self.verdicts = {}  # of each name that is not judged yet, None
         self.changes = []
         self.texts = {}
