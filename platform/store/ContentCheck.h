@@ -19,6 +19,11 @@ constexpr char searchOutOfStep[] =
     "Поиск по архиву не видит записи такими, какие они есть: %1, например «%2». "
     "Исправит vrk-admin check --rebuild-search.";
 
+/// Of objects, against those of a fresh schema.
+constexpr char missing[] = "В схеме хранилища недостаёт «%1».";
+constexpr char changed[] = "В схеме хранилища изменено «%1».";
+constexpr char strange[] = "В схеме хранилища есть лишнее «%1».";
+
 /// Appends one finding; "%1" and "%2" of the text are replaced.
 void add(QVector<StoreAdmin::Finding>* findings, StoreAdmin::Finding::Grade grade, const char* text,
          const QByteArray& first = QByteArray(), const QByteArray& second = QByteArray());

@@ -4,7 +4,9 @@
 #include "GenGuid32.h"
 #include "PostgresAccess.h"
 #include "PostgresCheck.h"
+#include "PostgresObjects.h"
 #include "PostgresSchema.h"
+#include "PostgresStrangers.h"
 #include "SqliteSchema.h"
 
 #include <QFile>
@@ -161,12 +163,13 @@ bool PostgresAdmin::rebuildSearch(const QString& url, StoreError* error)
 bool PostgresAdmin::check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error)
 {
     const auto link = connectedToStore(url, error, longMs);
-    // One transaction, so that all looks see the same moment of a store in use.
-    return link &&
+    // One transaction, so that all looks at the rows see the same moment of a store in use.
+    return link && PostgresObjects::compare(*link, findings, error) &&
            link->exec("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY; SET LOCAL statement_timeout = 0",
                       error) &&
-           PostgresCheck::schema(*link, findings, error) && PostgresCheck::content(*link, findings, error) &&
-           PostgresCheck::search(*link, findings, error) && PostgresCheck::log(*link, findings, error);
+           PostgresStrangers::find(*link, findings, error) &&
+           PostgresCheck::content(*link, findings, error) && PostgresCheck::search(*link, findings, error) &&
+           PostgresCheck::log(*link, findings, error);
 }
 
 bool PostgresAdmin::backup(const QString& url, const QString& copy, StoreError* error)

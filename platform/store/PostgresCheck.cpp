@@ -28,31 +28,6 @@ bool addAll(PgConnection& link, const QVector<ContentCheck::Look>& looks, QVecto
 }
 } // namespace
 
-bool PostgresCheck::schema(PgConnection& link, QVector<Finding>* findings, StoreError* error)
-{
-    QByteArray tables;
-    for (const CatalogTable& table : TableCatalog::tables())
-        tables += (tables.isEmpty() ? "('" : ", ('") + table.name + "')";
-    return addAll(
-        link,
-        {{"SELECT T.name FROM (VALUES " + tables +
-              ") AS T (name) WHERE to_regclass(T.name) IS NULL OR NOT EXISTS (SELECT 1 FROM pg_trigger "
-              "WHERE tgrelid = to_regclass(T.name) AND tgname = 'z_log' AND tgenabled IN ('O', 'A'))",
-          Finding::Fault, "Таблица «%1» не ведёт журнал изменений."},
-         {"SELECT R.relname::text, T.tgname::text FROM pg_trigger AS T JOIN pg_class AS R ON R.oid = "
-          "T.tgrelid "
-          "WHERE R.relnamespace = 'public'::regnamespace AND T.tgenabled NOT IN ('O', 'A') AND T.tgname <> "
-          "'z_log'",
-          Finding::Fault, "Правило «%2» таблицы «%1» выключено."},
-         {"SELECT relname::text, pg_get_userbyid(relowner)::text FROM pg_class "
-          "WHERE relnamespace = 'public'::regnamespace AND relkind IN ('r', 'v') "
-          "AND pg_get_userbyid(relowner) <> 'vrk_owner'",
-          Finding::Fault, "«%1» принадлежит не владельцу хранилища, а роли «%2»."},
-         {"SELECT rolname::text FROM pg_roles WHERE rolname = 'vrk_owner' AND rolcanlogin", Finding::Fault,
-          "Роль «%1» не должна входить на сервер."}},
-        findings, error);
-}
-
 bool PostgresCheck::content(PgConnection& link, QVector<Finding>* findings, StoreError* error)
 {
     return addAll(link, ContentCheck::looks(), findings, error);

@@ -7,8 +7,6 @@ class PgConnection;
 /// The looks that a check of a PostgreSQL store takes. Each appends what it finds; false when it could not look.
 namespace PostgresCheck
 {
-/// Whether rules and log are in force: triggers that are missing, switched off or not the owner's, writers past them.
-bool schema(PgConnection& link, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// References by key between tables, states of records, trees, workshifts that were never finished opening.
 bool content(PgConnection& link, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// Whether the search finds the records as they stand.

@@ -4,6 +4,8 @@
 #include "SqliteSchema.h"
 #include "TableCatalog.h"
 
+#include <QRegularExpression>
+
 namespace
 {
 // Roles belong to the whole server: another store on it may have made them.
@@ -139,16 +141,30 @@ QByteArray stepsSql(int from)
     return all;
 }
 
-/// Functions, triggers, views and grants, on tables as they are after the last step; and the version.
+/// Functions, triggers, views and grants, on tables as they are after the last step.
 QByteArray rulesSql()
 {
     QByteArray all = SchemaScript::file("postgresql-log.sql") + SchemaScript::rules(dialect) +
                      SchemaScript::file("postgresql-search.sql");
     for (const CatalogTable& table : TableCatalog::tables())
         all += logSql(table);
-    return all + grantsSql() + "INSERT INTO StoreProperties (name, value) VALUES ('schema', '" +
+    return all + grantsSql();
+}
+
+QByteArray versionSql()
+{
+    return "INSERT INTO StoreProperties (name, value) VALUES ('schema', '" +
            QByteArray::number(SqliteSchema::version) +
            "') ON CONFLICT (name) DO UPDATE SET value = excluded.value;\n";
+}
+
+/// All objects, in an empty schema.
+QByteArray objectsSql()
+{
+    QByteArray all;
+    for (const CatalogTable& table : TableCatalog::tables())
+        all += tableSql(table);
+    return all + stepsSql(0) + rulesSql();
 }
 
 // Triggers go with their functions; one thing may take others along.
@@ -174,16 +190,24 @@ const char fillSearchScript[] = "TRUNCATE RecordSearch;\n"
 
 bool PostgresSchema::install(PgConnection& link, StoreError* error)
 {
-    QByteArray all = rolesScript;
-    for (const CatalogTable& table : TableCatalog::tables())
-        all += tableSql(table);
-    return link.exec(all + stepsSql(0) + rulesSql() + "RESET ROLE;\n", error);
+    return link.exec(rolesScript + objectsSql() + versionSql() + "RESET ROLE;\n", error);
+}
+
+bool PostgresSchema::installAside(PgConnection& link, const QByteArray& schema, StoreError* error)
+{
+    // The scripts write the name of the schema small, and that of everybody in capitals.
+    const QString objects =
+        QString::fromUtf8(objectsSql())
+            .replace(QRegularExpression(QStringLiteral("\\bpublic\\b")), QString::fromLatin1(schema));
+    return link.exec("CREATE SCHEMA " + schema + " AUTHORIZATION vrk_owner; SET LOCAL search_path = " +
+                         schema + "; SET LOCAL ROLE vrk_owner;\n" + objects.toUtf8() + "RESET ROLE;\n",
+                     error);
 }
 
 bool PostgresSchema::upgrade(PgConnection& link, int from, StoreError* error)
 {
     return link.exec(QByteArray("SET ROLE vrk_owner;\n") + dropRulesScript + stepsSql(from) + rulesSql() +
-                         (from < 2 ? fillSearchScript : "") + "RESET ROLE;\n",
+                         versionSql() + (from < 2 ? fillSearchScript : "") + "RESET ROLE;\n",
                      error);
 }
 

@@ -17,6 +17,10 @@ namespace PostgresSchema
 /// Makes roles, tables, rules and grants in an empty database. Runs inside the caller's transaction.
 bool install(PgConnection& link, StoreError* error);
 
+/// Makes the same objects in another schema of the database of a store, to compare with. Runs inside the caller's
+/// transaction, and sets its search path.
+bool installAside(PgConnection& link, const QByteArray& schema, StoreError* error);
+
 /// Takes the steps that a store of \a from lacks, and makes all functions, triggers and views anew. Runs inside the
 /// caller's transaction.
 bool upgrade(PgConnection& link, int from, StoreError* error);

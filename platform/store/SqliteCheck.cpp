@@ -100,13 +100,13 @@ bool SqliteCheck::schema(SqliteConnection& connection, QVector<Finding>* finding
     const QMap<QByteArray, QByteArray> present = objects(connection);
     for (auto object = wanted.cbegin(); object != wanted.cend(); ++object) {
         if (!present.contains(object.key()))
-            add(findings, Finding::Fault, "В схеме хранилища недостаёт «%1».", object.key());
+            add(findings, Finding::Fault, ContentCheck::missing, object.key());
         else if (present.value(object.key()) != object.value())
-            add(findings, Finding::Fault, "В схеме хранилища изменено «%1».", object.key());
+            add(findings, Finding::Fault, ContentCheck::changed, object.key());
     }
     for (auto object = present.cbegin(); object != present.cend(); ++object)
         if (!wanted.contains(object.key()))
-            add(findings, Finding::Fault, "В схеме хранилища есть лишнее «%1».", object.key());
+            add(findings, Finding::Fault, ContentCheck::strange, object.key());
     return true;
 }
 

@@ -430,6 +430,23 @@ private slots:
         QVERIFY(!stubborn.exec("SELECT 1", &error));
     }
 
+    void checkOfAStoreWithoutItsRulesFails()
+    {
+        const QStringList check{QStringLiteral("check"), m_cluster->url(QStringLiteral("ruled"))};
+        QCOMPARE(run({QStringLiteral("init"), check.last()}), Command::Success);
+        const auto switchRules = [this](const char* how) {
+            return m_cluster->exec(QStringLiteral("ALTER TABLE LogbookRecords %1 TRIGGER Rule_Records_update")
+                                       .arg(QLatin1String(how)),
+                                   QStringLiteral("ruled"));
+        };
+        QCOMPARE(switchRules("DISABLE"), QString());
+        QCOMPARE(run(check), Command::FaultsFound);
+        QVERIFY2(m_out.contains(QStringLiteral("изменено «trigger rule_records_update on logbookrecords»")),
+                 qPrintable(m_out));
+        QCOMPARE(switchRules("ENABLE"), QString());
+        QVERIFY2(run(check) == Command::Success, qPrintable(m_out));
+    }
+
     void backupIsMadeByTheServersOwnTool()
     {
         const QString url = m_cluster->url(QStringLiteral("site"));
