@@ -34,7 +34,7 @@ if(VRK_SANITIZE)
     target_compile_options(vrk_settings INTERFACE -fsanitize=${VRK_SANITIZE} -fno-sanitize-recover=all
                            -fno-omit-frame-pointer
                            # Instrumented code makes the compiler see uninitialised values that are not there.
-                           -Wno-maybe-uninitialized)
+                           $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(vrk_settings INTERFACE -fsanitize=${VRK_SANITIZE})
 endif()
 

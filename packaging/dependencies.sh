@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that a step needs and that are not there yet: dependencies.sh build|test|check ...
+# Installs the Debian packages that a step needs and that are not there yet: dependencies.sh build|test|check|fuzz ...
 set -euo pipefail
 
 tour="xvfb xauth"
@@ -8,6 +8,7 @@ build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclara
 test="sqlite3 python3 postgresql openssl poppler-utils"
 check="clang-format-14 git"
 clock="faketime"
+fuzz="clang-14 libclang-rt-14-dev"
 bench="libbenchmark-dev"
 
 wanted=()

@@ -30,7 +30,7 @@ int compareNumbers(const MDRField* field, const MDRData* left, const MDRData* ri
 int compareTexts(const QString& left, const QString& right)
 {
     static const QCollator collator = [] {
-        QCollator made(QLocale(QLocale::Russian));
+        QCollator made{QLocale(QLocale::Russian)};
         made.setCaseSensitivity(Qt::CaseInsensitive);
         return made;
     }();

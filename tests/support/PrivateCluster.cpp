@@ -42,28 +42,25 @@ bool isRoot()
 }
 } // namespace
 
-PrivateCluster::PrivateCluster(const QByteArray& settings) : m_folder(testFolderTemplate())
+PrivateCluster::PrivateCluster(const QByteArray& settings, const QString& data)
+    : m_folder(testFolderTemplate())
 {
     if (isRoot()) {
         const passwd* user = getpwnam("postgres");
         if (!user || chown(m_folder.path().toLocal8Bit().constData(), user->pw_uid, user->pw_gid) != 0)
             qFatal("the server cannot be run as an ordinary user");
     }
-    QStringList line = asOrdinaryUser() +
-                       QStringList{program("initdb"),
-                                   QStringLiteral("--pgdata=") + m_folder.filePath(QStringLiteral("data")),
-                                   QStringLiteral("--username=postgres"),
-                                   QStringLiteral("--auth=trust"),
-                                   QStringLiteral("--encoding=UTF8"),
-                                   QStringLiteral("--locale=C.UTF-8"),
-                                   QStringLiteral("--no-sync")};
-    QProcess initdb;
-    initdb.setProcessChannelMode(QProcess::MergedChannels);
-    initdb.setWorkingDirectory(QStringLiteral("/"));
-    initdb.start(line.takeFirst(), line);
-    if (!initdb.waitForFinished(startMs) || initdb.exitCode() != 0)
-        qFatal("initdb failed: %s", initdb.readAll().constData());
-    QFile configuration(m_folder.filePath(QStringLiteral("data/postgresql.conf")));
+    const QString empty = originals() + QLatin1String("/empty");
+    const QString from = data.isEmpty() && QFile::exists(empty) ? empty : data;
+    if (from.isEmpty())
+        run(asOrdinaryUser() + QStringList{program("initdb"), QStringLiteral("--pgdata=") + dataFolder(),
+                                           QStringLiteral("--username=postgres"),
+                                           QStringLiteral("--auth=trust"), QStringLiteral("--encoding=UTF8"),
+                                           QStringLiteral("--locale=C.UTF-8"),
+                                           QStringLiteral("--wal-segsize=1"), QStringLiteral("--no-sync")});
+    else
+        copyData(from, dataFolder());
+    QFile configuration(dataFolder() + QLatin1String("/postgresql.conf"));
     if (!configuration.open(QIODevice::Append))
         qFatal("the server cannot be configured");
     configuration.write(
@@ -85,8 +82,48 @@ PrivateCluster::~PrivateCluster()
 
 PrivateCluster& PrivateCluster::shared()
 {
-    static PrivateCluster cluster;
+    const QString filled = originals() + QLatin1String("/filled");
+    static PrivateCluster cluster(QByteArray(), QFile::exists(filled) ? filled : QString());
     return cluster;
+}
+
+QString PrivateCluster::originals()
+{
+    return qEnvironmentVariable("VRK_TEST_CLUSTERS");
+}
+
+void PrivateCluster::leaveOriginals()
+{
+    const QString folder = originals();
+    PrivateCluster empty;
+    empty.stop();
+    shared().stop();
+    if (!QDir().mkpath(folder))
+        qFatal("%s cannot be made", qPrintable(folder));
+    empty.copyData(empty.dataFolder(), folder + QLatin1String("/empty"));
+    shared().copyData(shared().dataFolder(), folder + QLatin1String("/filled"));
+}
+
+QString PrivateCluster::dataFolder() const
+{
+    return m_folder.filePath(QStringLiteral("data"));
+}
+
+void PrivateCluster::run(QStringList line) const
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.setWorkingDirectory(QStringLiteral("/"));
+    const QString command = line.join(QLatin1Char(' '));
+    process.start(line.takeFirst(), line);
+    if (!process.waitForFinished(startMs) || process.exitCode() != 0)
+        qFatal("%s failed: %s", qPrintable(command), process.readAll().constData());
+}
+
+void PrivateCluster::copyData(const QString& from, const QString& to) const
+{
+    // Owners and rights go with it: the server refuses a folder that others can read.
+    run({QStringLiteral("cp"), QStringLiteral("-a"), QStringLiteral("--reflink=auto"), from, to});
 }
 
 QStringList PrivateCluster::asOrdinaryUser() const
@@ -107,7 +144,7 @@ QString PrivateCluster::url(const QString& database, const QString& role) const
 
 void PrivateCluster::requirePasswords()
 {
-    QFile access(m_folder.filePath(QStringLiteral("data/pg_hba.conf")));
+    QFile access(dataFolder() + QLatin1String("/pg_hba.conf"));
     if (!access.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
         access.write("local all postgres trust\nlocal all all scram-sha-256\n") < 0)
         qFatal("the access file cannot be written");
@@ -122,8 +159,8 @@ void PrivateCluster::requirePasswords()
 
 void PrivateCluster::start()
 {
-    QStringList line = asOrdinaryUser() + QStringList{program("postgres"), QStringLiteral("-D"),
-                                                      m_folder.filePath(QStringLiteral("data"))};
+    QStringList line =
+        asOrdinaryUser() + QStringList{program("postgres"), QStringLiteral("-D"), dataFolder()};
     m_server.setWorkingDirectory(QStringLiteral("/"));
     m_server.setProcessChannelMode(QProcess::MergedChannels);
     m_server.setStandardOutputFile(m_folder.filePath(QStringLiteral("log")), QIODevice::Append);

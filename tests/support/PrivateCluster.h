@@ -11,14 +11,21 @@
 class PrivateCluster
 {
 public:
-    /// Makes the cluster and starts it. \a settings are lines for its configuration.
-    explicit PrivateCluster(const QByteArray& settings = QByteArray());
+    /// Makes the cluster and starts it. \a settings are lines for its configuration. \a data is the folder of a stopped
+    /// cluster to copy; without one the cluster is new and empty.
+    explicit PrivateCluster(const QByteArray& settings = QByteArray(), const QString& data = QString());
     ~PrivateCluster();
     PrivateCluster(const PrivateCluster&) = delete;
     PrivateCluster& operator=(const PrivateCluster&) = delete;
 
-    /// The one that all test stores of a process share, started at the first use.
+    /// The one that all test stores of a process share, started at the first use. It holds what leaveOriginals() left.
     static PrivateCluster& shared();
+
+    /// The folder in which a run of the tests keeps clusters to copy (VRK_TEST_CLUSTERS); empty for a program started
+    /// by hand, which makes its own.
+    static QString originals();
+    /// Stops the shared cluster and leaves its data in originals(), and those of a new cluster, for the programs to come.
+    static void leaveOriginals();
 
     /// The folder with the server's socket.
     QString socketFolder() const { return m_folder.path(); }
@@ -41,6 +48,9 @@ public:
 
 private:
     QStringList asOrdinaryUser() const;
+    QString dataFolder() const;
+    void run(QStringList line) const;
+    void copyData(const QString& from, const QString& to) const;
     QList<qint64> processes() const;
 
     QTemporaryDir m_folder;

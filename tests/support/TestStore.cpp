@@ -59,6 +59,8 @@ struct Originals {
 
     Originals()
     {
+        if (isPostgres() && readNow())
+            return; // the shared cluster has them already
         now = static_cast<double>(QDateTime::currentSecsSinceEpoch());
         StoreError error;
         for (const auto content : {TestStore::Empty, TestStore::Standard}) {
@@ -74,6 +76,14 @@ struct Originals {
                     require(PostgresAdmin::addRole(url, login.login, &error), error);
             }
         }
+    }
+    static QString nowFile() { return PrivateCluster::originals() + QLatin1String("/now"); }
+    bool readNow()
+    {
+        QFile file(nowFile());
+        if (file.open(QIODevice::ReadOnly))
+            now = file.readAll().toDouble();
+        return now > 0;
     }
     QString file(TestStore::Content content) const { return folder.filePath(database(content)); }
     static QString database(TestStore::Content content)
@@ -166,6 +176,15 @@ QVariant columnOf(sqlite3_stmt* row, int column)
     }
 }
 } // namespace
+
+void TestStore::leaveOriginals()
+{
+    const QByteArray now = QByteArray::number(static_cast<qint64>(originals().now));
+    PrivateCluster::leaveOriginals();
+    QFile file(Originals::nowFile());
+    if (!file.open(QIODevice::WriteOnly) || file.write(now) != now.size())
+        qFatal("%s cannot be written", qPrintable(file.fileName()));
+}
 
 TestStore::TestStore(Content content) : m_folder(testFolderTemplate())
 {

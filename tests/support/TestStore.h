@@ -74,6 +74,8 @@ public:
     QString path() const;
     /// On a server that of its administrator, who may sign in as anybody.
     QString url() const;
+    /// Leaves the originals on a server for the other programs of a run (PrivateCluster::originals).
+    static void leaveOriginals();
     /// The second in which the standard set was made, as HfnTime.
     static double now();
 

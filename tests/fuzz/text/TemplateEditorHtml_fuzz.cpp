@@ -1,0 +1,82 @@
+#include "FuzzTarget.h"
+#include "HtmlParser.h"
+#include "TemplateEditorHtml.h"
+#include "TemplateEditorText.h"
+
+#include <QApplication>
+#include <QMimeData>
+
+// The editor of templates takes any text: what it makes of it is a template's text that it reads again without a change,
+// a copied passage comes back as it was, and any payload of the clipboard or of a drag leaves a sound text.
+
+namespace
+{
+class Editor : public TemplateEditorText
+{
+public:
+    void drop(const QMimeData& payload) { insertFromMimeData(&payload); }
+};
+
+void requireSound(const QString& html)
+{
+    const std::string text = html.toStdString();
+    fuzzRequire(HtmlParser(text).readyHtml(true) == text);
+}
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static int count = 1;
+    static char name[] = "editor_fuzz";
+    static char* names[] = {name, nullptr};
+    static const QApplication application(count, names);
+    static Editor editor;
+
+    const QString input = QString::fromUtf8(reinterpret_cast<const char*>(data),
+                                            static_cast<int>(qMin<std::size_t>(size, 4096)));
+    TemplateEditorHtml::uncarried(input);
+    const QString bare = TemplateEditorHtml::withoutProperties(input);
+    TemplateEditorHtml::properties(input);
+
+    editor.setContent(bare);
+    const QString once = editor.content();
+    requireSound(once);
+    editor.setContent(once);
+    const QString twice = editor.content();
+    fuzzRequire(twice == once);
+
+    const int end = editor.document()->characterCount() - 1;
+    const QString passage = TemplateEditorHtml::fragment(editor.document(), 0, end);
+    editor.selectAll();
+    QMimeData copied;
+    copied.setData(QStringLiteral("logbook_template_text"), passage.toUtf8());
+    copied.setHtml(passage);
+    editor.drop(copied);
+    requireSound(editor.content());
+
+    // Formats that a payload can name, each with the input as its bytes.
+    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));
+    const QString formats[] = {QStringLiteral("text/html"), QStringLiteral("text/plain"),
+                               TemplateEditorText::parameterFormat(), QStringLiteral("application/x-color")};
+    for (const QString& format : formats) {
+        QMimeData payload;
+        payload.setData(format, bytes);
+        editor.drop(payload);
+        requireSound(editor.content());
+    }
+    return 0;
+}
+
+std::vector<QByteArray> fuzzSeeds()
+{
+    const auto bytes = [](const std::string& text) { return QByteArray::fromStdString(text); };
+    const std::string list = HtmlParser::createListProperty({"a|b", "", "c"});
+    return {
+        bytes("<b>a</b> " + HtmlParser::createParameter({{"name", "text"}, {"locname", "l"}}, "x <&> y") +
+              "<br/><span style=\" text-decoration: line-through;\">c</span> &nbsp;&#8470;&laquo;"),
+        bytes(HtmlParser::createParameter({{"name", "list"}, {"list", list}, {"optional", ""}}, ",z") +
+              "  \t"),
+        QByteArrayLiteral("<p>a</p><table><tr><td>b</td></tr></table><img src='file:///x'><ul><li>c</ul>"),
+        QByteArrayLiteral(
+            "<s>a<a href=\"parameter:name=text;data=%4B\">b</s></a><META NAME=template CONTENT=a;b=1>")};
+}
