@@ -16,10 +16,12 @@ QString decoded(const QByteArray& bytes)
     return QTextCodec::codecForName("Windows-1251")->toUnicode(bytes);
 }
 
+/// What may part cells, the likeliest first.
+const QString candidates = QStringLiteral(";,\t");
+
 QChar separatorOf(const QString& text)
 {
     int counts[3] = {0, 0, 0};
-    const QString candidates = QStringLiteral(";,\t");
     bool quoted = false;
     for (const QChar sign : text) {
         if (sign == QLatin1Char('"'))
@@ -124,7 +126,8 @@ private:
 QString quoted(const QString& cell)
 {
     for (const QChar sign : cell) {
-        if (sign == QLatin1Char(';') || sign == QLatin1Char('"') || sign == QLatin1Char('\n') ||
+        // The other candidates too: a reader takes the separator that the first row holds most of.
+        if (candidates.contains(sign) || sign == QLatin1Char('"') || sign == QLatin1Char('\n') ||
             sign == QLatin1Char('\r'))
             return QLatin1Char('"') + QString(cell).replace(QLatin1Char('"'), QStringLiteral("\"\"")) +
                    QLatin1Char('"');

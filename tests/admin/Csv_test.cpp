@@ -18,6 +18,7 @@ private slots:
     void brokenQuotesNameTheirLine();
     void aSpreadsheetOpensWhatIsWritten();
     void whatIsWrittenReadsTheSame();
+    void commasInTheFirstRowStayInTheirCell();
 
 private:
     static QVector<Csv::Row> rows(const QByteArray& bytes)
@@ -118,6 +119,12 @@ void Csv_test::whatIsWrittenReadsTheSame()
     QCOMPARE(found.size(), table.size());
     for (int i = 0; i < table.size(); ++i)
         QCOMPARE(found[i].cells, table[i]);
+}
+
+void Csv_test::commasInTheFirstRowStayInTheirCell()
+{
+    const QStringList row{QStringLiteral("a, b, c"), QStringLiteral("d\te\tf")};
+    QCOMPARE(rows(Csv::write({row})).value(0).cells, row);
 }
 
 QTEST_GUILESS_MAIN(Csv_test)
