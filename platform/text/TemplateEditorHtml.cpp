@@ -193,6 +193,7 @@ void TemplateEditorHtml::insert(QTextCursor& cursor, const QString& html)
         if (run.parameter < 0) {
             QString words = run.text;
             words.remove(QChar::ObjectReplacementCharacter);
+            words.remove(QChar::Null); // it shows nothing, and the blanks around it would meet
             cursor.insertText(words, TemplateText::charFormat(run.looks));
         } else if (!inserted[static_cast<std::size_t>(run.parameter)]) {
             const auto index = static_cast<std::size_t>(run.parameter);

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <QByteArray>
 #include <vector>
 
@@ -14,9 +15,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 /// Well-formed inputs to start from.
 std::vector<QByteArray> fuzzSeeds();
 
-/// Ends the program when a property does not hold.
-inline void fuzzRequire(bool holds)
+/// Ends the program when a property does not hold, and names the line that asked.
+inline void fuzzRequire(bool holds, const char* file = __builtin_FILE(), int line = __builtin_LINE())
 {
-    if (!holds)
+    if (!holds) {
+        std::fprintf(stderr, "%s:%d: the property does not hold\n", file, line);
         __builtin_trap();
+    }
 }

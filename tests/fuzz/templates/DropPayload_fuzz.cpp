@@ -17,6 +17,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const QGuiApplication application(count, names);
     static const auto tables = std::make_unique<TemplateTables>();
     static const auto model = [] {
+        CModelTable categories("LogbookCatsTemplate");
+        CModelTable templates("LogbookTemplates");
+        MDACopy(categories.data.array, tables->categoriesEdit.data.array, 0);
+        MDACopy(templates.data.array, tables->templatesEdit.data.array, 0);
+        TemplateTables::copyFrom(&tables->categories, &categories);
+        TemplateTables::copyFrom(&tables->templates, &templates);
         MDRData* category = MDARecNew(tables->categories.data.array);
         tables->categories.data.SetValF(category, "KeyLink", MDRValue::text("C"));
         tables->categories.data.SetValF(category, "nameLoc", MDRValue::text("c"));
