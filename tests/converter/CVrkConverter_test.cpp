@@ -104,6 +104,18 @@ void writeEarlierJournal(const TestStore& store)
         write(store, "OperLogTemplates", "T4", {{"name_", "Сирота"}, {"CategoryKey", "C3"}, {"text_", "x"}}));
 }
 
+/// Counts the moves of the mouse that have been delivered.
+class MouseWatch : public QObject
+{
+public:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::MouseMove;
+        return false;
+    }
+    int count = 0;
+};
+
 QString text(const char* utf8)
 {
     return QString::fromUtf8(utf8);
@@ -191,6 +203,7 @@ private slots:
         desk.start();
         QCOMPARE(desk.lines().last(),
                  text("Конвертировать нечего: в таблицах прежнего журнала нет разделов или шаблонов."));
+        QCOMPARE(desk.colour(desk.lines().last()), QColor(Qt::darkMagenta));
         QVERIFY(!desk.convert()->isEnabled());
         QVERIFY(!desk.params()->isEnabled());
         QVERIFY(!desk.templates()->isEnabled());
@@ -564,6 +577,69 @@ private slots:
         QVERIFY(!closed);
         QVERIFY(desk.module.isVisible());
         QVERIFY(desk.module.close());
+    }
+
+    void inputWaitsForTheEndOfTheRun()
+    {
+        const TestStore store;
+        writeEarlierJournal(store);
+        Desk desk(store);
+        desk.start();
+        MouseWatch watch;
+        qApp->installEventFilter(&watch);
+        QCursor::setPos(desk.module.mapToGlobal(QPoint(1, 1)));
+        QTRY_VERIFY(watch.count > 0); // such a move arrives
+        watch.count = 0;
+        QTimer::singleShot(0, &desk.module, [&] { // runs while the first row is shown
+            QCursor::setPos(desk.module.mapToGlobal(desk.module.rect().center()));
+        });
+        desk.convert()->click();
+        QCOMPARE(watch.count, 0);
+        QTRY_VERIFY(watch.count > 0);
+        qApp->removeEventFilter(&watch);
+    }
+
+    void levelsAreConvertedInTheirOrder()
+    {
+        const TestStore store;
+        writeEarlierJournal(store);
+        QVERIFY(write(store, "OperLogCategories", "A1", {{"name_", "ЦДС"}, {"DepartmentKey", "DEP_CDS"}}));
+        QVERIFY(write(store, "OperLogCategories", "A2", {{"name_", "Сети"}, {"OrgTypeKey", "TYPE_NETS"}}));
+        for (const char* category : {"A1", "A2"})
+            QVERIFY(write(store, "OperLogTemplates", (QByteArray("T") + category).constData(),
+                          {{"name_", category}, {"CategoryKey", category}, {"text_", "x"}}));
+        Desk desk(store);
+        desk.start();
+        desk.press(desk.convert());
+        QTemporaryDir folder;
+        desk.module.saveReport(folder.filePath(QStringLiteral("report.txt")));
+        QFile file(folder.filePath(QStringLiteral("report.txt")));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString saved = QString::fromUtf8(file.readAll());
+        const int common = saved.indexOf(text("\nПринята: "));
+        const int type = saved.indexOf(text("\nA2: "));
+        const int department = saved.indexOf(text("\nA1: "));
+        QVERIFY(common > 0 && type > common && department > type);
+    }
+
+    void errorsStandOnceAndBeforeWarnings()
+    {
+        const TestStore store;
+        writeEarlierJournal(store);
+        QVERIFY(write(store, "OperLogTemplateParams", "P9",
+                      {{"nameLat", "bad"}, {"param", "DateTimeFormat=Never"}}));
+        for (const char* key : {"T8", "T9"})
+            QVERIFY(write(store, "OperLogTemplates", key,
+                          {{"name_", key}, {"CategoryKey", "C1"}, {"text_", "<bad> <nobody>"}}));
+        Desk desk(store);
+        desk.start();
+        desk.press(desk.convert());
+        const int errors = desk.lines().indexOf(text("Не удалось преобразовать параметры (2шт.):"));
+        QVERIFY(errors > 0);
+        QCOMPARE(desk.lines().mid(errors + 1, 2), (QStringList{text("bad"), text("<bad>")}));
+        QVERIFY(desk.lines().indexOf(text("Обнаружены несуществующие параметры (1шт.):")) > errors);
+        QVERIFY(desk.lines().contains(text("Ошибок: 2")));
+        QVERIFY(desk.lines().contains(text("Предупреждений: 1")));
     }
 
     void the_end_of_the_report_is_in_sight()

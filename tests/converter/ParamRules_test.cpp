@@ -84,6 +84,17 @@ private slots:
         }
     }
 
+    void emptyValuesOfAListAreLosses()
+    {
+        EarlierTables tables;
+        tables.addParam("pogoda", {{"param", "Enum=1=ясно,дождь,3=туман"}});
+        ConversionReport report;
+        ParamRules(&tables, &report).processParameters();
+        QCOMPARE(report.params.size(), 1);
+        QCOMPARE(report.params[0].losses, QStringList{QStringLiteral("значение 2 пусто")});
+        QCOMPARE(report.lines().size(), 0); // no message
+    }
+
     void shift_parameters_are_base_parameters_data()
     {
         QTest::addColumn<bool>("isConverted");

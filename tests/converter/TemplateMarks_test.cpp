@@ -29,6 +29,7 @@ private slots:
         row("in the last passage not struck out", "[<a>]", {{a, false}});
         row("only the last of two passages", "[<a>] и [<b>]", {{a, true}, {b, false}});
         row("in front of a passage not struck out", "<a> [x]", {{a, false}});
+        row("a passage right behind, and another one", "<a>[x] y [z]", {{a, false}});
         row("an unclosed passage behind counts as struck out", "<a> [x", {{a, true}});
         row("the last occurrence decides for all", "[<a>] x [y] <a>", {{a, false}});
         row("the last occurrence decides for all, struck out", "<a> x [<a>] [y]", {{a, true}});

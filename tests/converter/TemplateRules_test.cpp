@@ -76,7 +76,8 @@ private slots:
     {
         Run run;
         EarlierTables& tables = run.tables;
-        tables.add(tables.oldCategories, "C1", {{"name_", "В общих"}, {"ParentKey", "C"}});
+        tables.add(tables.oldCategories, "C1",
+                   {{"name_", "В общих"}, {"ParentKey", "C"}, {"OrgTypeKey", "T"}, {"DepartmentKey", "D"}});
         tables.add(tables.oldCategories, "C2", {{"name_", "Глубже"}, {"ParentKey", "C1"}});
         tables.add(tables.oldCategories, "O", {{"name_", "Сети"}, {"OrgTypeKey", "TYPE"}});
         tables.add(tables.oldCategories, "O1", {{"name_", "В сетях"}, {"ParentKey", "O"}});
@@ -93,6 +94,8 @@ private slots:
             const MDRData* made = MDARec(tables.categories.data.array, 0, i);
             QCOMPARE(int(made->flags), int(ROW_INSERT));
             QCOMPARE(tables.field(made, "KeyLink").size(), 32);
+            if (!tables.field(made, "ParentKey").isEmpty()) // the level is that of the top
+                QCOMPARE(tables.field(made, "OrgTypeKey") + tables.field(made, "DepartmentKey"), QString());
             paths << path(tables, made);
         }
         paths.sort();
@@ -114,6 +117,7 @@ private slots:
         run.tables.add(run.tables.oldCategories, "D1", {{"name_", "Обходы"}, {"ParentKey", "D"}});
         run.add("a", {{"text_", "x"}});
         run.add("b", {{"text_", "x"}}, "D1");
+        run.add("c", {{"text_", "x"}}, "D");
         run.add("nowhere", {{"text_", "x"}}, "GONE");
         run.add("empty", {{"text_", ""}});
         run.add("null", {});
@@ -125,9 +129,13 @@ private slots:
         };
         QCOMPARE(place("a"), QStringLiteral("/ Общие"));
         QCOMPARE(place("b"), QStringLiteral("/DEP Район>Обходы"));
-        QCOMPARE(run.tables.templates.data.RecCount(), 2);
-        QCOMPARE(run.count, 2); // of five rows
-        QCOMPARE(run.report.templates.size(), 5);
+        QCOMPARE(run.tables.templates.data.RecCount(), 3);
+        QCOMPARE(run.count, 3); // of six rows
+        QCOMPARE(run.report.templates.size(), 6);
+        QStringList order;
+        for (int i = 0; i < run.count; ++i)
+            order << run.report.templates[i].name;
+        QCOMPARE(order, (QStringList{QStringLiteral("a"), QStringLiteral("c"), QStringLiteral("b")}));
     }
 
     void a_new_template_is_marked_for_insertion()

@@ -193,8 +193,12 @@ def blocks(path):
     """The blocks of a list: the name of each, and its words."""
     for block in re.split(r"\n\s*\n", path.read_text(encoding="utf-8")):
         lines = [line for line in block.splitlines() if line and not line.startswith("#")]
-        if lines:
-            yield lines[0], dict(re.match(r"(\w+): ?(.*)", line).groups() for line in lines[1:])
+        if not lines:
+            continue
+        words = {}
+        for word, value in (re.match(r"(\w+): ?(.*)", line).groups() for line in lines[1:]):
+            words[word] = f"{words[word]}\n{value}" if word in words else value
+        yield lines[0], words
 
 
 def safeguards(path):

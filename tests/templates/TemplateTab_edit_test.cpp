@@ -727,6 +727,7 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::newRow("one") << QStringLiteral(" ");
         QTest::newRow("several") << QStringLiteral("   ");
+        QTest::newRow("empty lines") << QStringLiteral("\r\r");
     }
     void blanksAreNoText()
     {
@@ -797,6 +798,22 @@ private slots:
         // The other levels have no use for it.
         QCOMPARE(one.orgs()->tables().categories.data.RecCount(), 5);
         QCOMPARE(one.common()->tables().categories.data.RecCount(), 6);
+    }
+
+    void eachPageTakesTheCategoriesOfItsLevelOnly()
+    {
+        Configurator one(*m_store);
+        const auto store = m_store->openLoader();
+        const auto count = [](TemplateTab* page) { return page->tables().categories.data.RecCount(); };
+        for (const auto& [field, key] : {std::pair("OrgTypeKey", "TYPE_NETS"), {"DepartmentKey", "DEP_ODS"}})
+            QVERIFY(TestStore::write(store.get(), "LogbookCatsTemplate", ROW_INSERT, field,
+                                     {{"nameLoc", "Новая"}, {field, key}}));
+        one.deliver();
+        QCOMPARE(count(one.common()), 5);
+        QCOMPARE(count(one.orgs()), 6);
+        QCOMPARE(count(one.deps()), 6);
+        QVERIFY(Configurator::record(one.orgs(), "OrgTypeKey"));
+        QVERIFY(Configurator::record(one.deps(), "DepartmentKey"));
     }
 
     void aKnownKeyNeverGivesASecondRow()

@@ -166,6 +166,18 @@ private slots:
         QCOMPARE(property(edited(page), "first_mark"), QStringLiteral(":/markers/unknown.png"));
     }
 
+    void aCommandIsReadWithItsMarkerOnly()
+    {
+        const auto loader = m_store->openLoader();
+        HtmlParser parser("Текст");
+        parser.setTemplateProperty("command", std::string("close"));
+        QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_UPDATE, "TPL_OPEN",
+                                 {{"html", QByteArray::fromStdString(parser.readyHtml(true))}}));
+        Configurator one(*m_store);
+        TemplateTab* page = open(one, "TPL_OPEN");
+        QCOMPARE(edit(page, "templateCommandEdit")->text(), QString());
+    }
+
     void flagsAreSetAndRemoved_data()
     {
         QTest::addColumn<QString>("name");
@@ -214,6 +226,11 @@ private slots:
         QVERIFY(Configurator::select(page, "TPL_TEXT"));
         QCOMPARE(edit(page, "templateCommandEdit")->text(),
                  QStringLiteral("Работы завершены, бригада удалена"));
+
+        edit(page, "templateCommandEdit")->clear();
+        QVERIFY(!edited(page).isExistTemplateProperty("command")); // no property is stored empty
+        QCOMPARE(property(edited(page), "second_mark"), QStringLiteral(":/markers/worker_blue.png"));
+        edit(page, "templateCommandEdit")->setText(QStringLiteral("Работы завершены, бригада удалена"));
 
         combo(page, "templateSecondMarkBox")->setCurrentIndex(0);
         QVERIFY(!edited(page).isExistTemplateProperty("second_mark"));
@@ -345,9 +362,16 @@ private slots:
                                  {{"nameLat", "LogbookTemplates"}, {"nameLoc", "Шаблоны"}}));
         QVERIFY(TestStore::write(loader.get(), "Fields", ROW_INSERT, "FLD",
                                  {{"TablesKey", "TAB"}, {"nameLat", "nameLoc"}, {"nameLoc", "Имя шаблона"}}));
+        QVERIFY(TestStore::write(loader.get(), "Tables", ROW_INSERT, "TAB2",
+                                 {{"nameLat", "LogbookCatsTemplate"}, {"nameLoc", "Категории"}}));
+        QVERIFY(
+            TestStore::write(loader.get(), "Fields", ROW_INSERT, "FLD2",
+                             {{"TablesKey", "TAB2"}, {"nameLat", "nameLoc"}, {"nameLoc", "Имя категории"}}));
         Configurator one(*m_store);
         TemplateTab* page = one.common();
         QCOMPARE(tree(page)->topLevelItem(0)->text(0), QStringLiteral("Имя шаблона"));
+        QCOMPARE(Configurator::in<QTreeWidget>(page, "categoryPropsTree")->topLevelItem(0)->text(0),
+                 QStringLiteral("Имя категории"));
         QCOMPARE(page->fieldLocalName(QStringLiteral("nameLoc"), QStringLiteral("LogbookTemplates")),
                  QStringLiteral("Имя шаблона"));
         QCOMPARE(page->fieldLocalName(QStringLiteral("html"), QStringLiteral("LogbookTemplates")), QString());

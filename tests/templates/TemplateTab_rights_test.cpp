@@ -128,6 +128,18 @@ private slots:
         QCOMPARE(Configurator::shown(one.deps()).first(), QStringLiteral("ЦДС"));
     }
 
+    void aViewerSavesNothing()
+    {
+        Configurator one(*m_store, QStringLiteral("ivanov"), "DEP_CDS");
+        TemplateTab* page = one.show(one.deps());
+        QVERIFY(Configurator::select(page, "CAT_CDS"));
+        page->createFolder(); // which no button offers him
+        page->applyChanges();
+        QVERIFY(page->isExistUnsaved());
+        QCOMPARE(one.client().takeFailures(), QStringList()); // nothing was asked of the store
+        page->cancelChanges();
+    }
+
     void bothRightsMakeAnAdministrator()
     {
         const auto loader = m_store->openLoader();
