@@ -6,6 +6,7 @@ tour="xvfb xauth"
 build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclarative5-dev libsqlite3-dev libpq-dev qttranslations5-l10n librsvg2-bin
        fonts-dejavu-core fonts-liberation tzdata ca-certificates"
 test="sqlite3 python3 postgresql openssl poppler-utils"
+desk="xvfb x11-xkb-utils openbox python3-xlib"
 check="clang-format-14 git"
 clock="faketime"
 fuzz="clang-14 libclang-rt-14-dev"

@@ -1,0 +1,338 @@
+"""What people do at their desks. After every key and click all that stands in checks.py is looked at."""
+import random
+
+LONG_LIST = "Автоматическое отключение линии"
+
+
+def sign_in(seat, login, department):
+    """Through the dialog, with the keyboard alone."""
+    seat.start()
+    seat.open("SignInDialog")
+    seat.expect_focus("loginCombo")
+    for _ in range(40):
+        if f"({login})" in seat.widget("loginCombo")["text"]:
+            break
+        seat.press("Down")
+    seat.press("Home")
+    while f"({login})" not in seat.widget("loginCombo")["text"]:
+        seat.press("Down")
+    combo = seat.widget("departmentCombo")
+    if combo["enabled"] and not combo.get("text", "").startswith(department):
+        seat.press("Tab")
+        seat.expect_focus("departmentCombo")
+        seat.press("Home")
+        while not seat.widget("departmentCombo").get("text", "").startswith(department):
+            seat.press("Down")
+    seat.endure("SignInDialog", resizable=False)
+    seat.press("Enter")
+    seat.open("CVrkLogBook")
+
+
+def records(tree):
+    table = tree.one("recordsTable", inside="homeLogbook")
+    return table.get("items", []) if table else []
+
+
+def select_record(seat, text):
+    """The last record with these words, by the mouse where it can be seen, else by keys."""
+    seat.click("recordsTable", inside="homeLogbook")
+    seat.press("End")
+    for _ in range(200):
+        current = [r for r in records(seat.tree()) if r["current"]]
+        if current and text in current[0]["text"]:
+            return current[0]
+        if current and current[0] is records(seat.tree())[0]:
+            break
+        seat.press("Up")
+    raise AssertionError(f"no record with {text}")
+
+
+def record_menu(seat, entry):
+    current = next(r for r in records(seat.tree()) if r["current"])
+    seat.click(current, button=3)
+    seat.menu(entry)
+
+
+def write_record(seat, template, *values):
+    before = len(records(seat.tree()))
+    seat.press("Ctrl+N")
+    seat.open("RecordCreatorDialog")
+    seat.type(template)
+    seat.press("Enter")
+    seat.fill(*values)
+    seat.press("Ctrl+Enter")
+    seat.gone("RecordCreatorDialog")
+    seat.wait(lambda tree: len(records(tree)) > before, "the new record")
+    seat.expect_focus("recordsTable")
+
+
+def long_list(seat):
+    """A list of suggestions with more rows than it shows."""
+    seat.press("Ctrl+N")
+    seat.open("RecordCreatorDialog")
+    seat.expect_focus("searchEdit")
+    seat.type(LONG_LIST)
+    seat.press("Enter")
+    seat.press("Down")
+    seat.expect(lambda tree: tree.shown("SuggestionPopup"), "Down opens no list of suggestions")
+    seat.press("Down", "Down", "Page_Down", "Up")
+    seat.press("Escape")
+    seat.expect(lambda tree: not tree.shown("SuggestionPopup"), "Escape leaves the list of suggestions open")
+    seat.expect(lambda tree: tree.shown("RecordCreatorDialog"), "Escape in the list has closed the dialog")
+    seat.press("Down", "Enter")
+    seat.endure("RecordCreatorDialog")
+    seat.press("Escape")
+    seat.press("Escape")  # the answer that loses nothing
+    seat.expect(lambda tree: tree.shown("RecordCreatorDialog"), "two times Escape lose what was typed")
+    seat.press("Escape")
+    seat.click("dropTextButton", inside="RecordCreatorDialog")
+    seat.gone("RecordCreatorDialog")
+    seat.expect_focus("recordsTable")
+
+
+def start(desk, login, department="ЦДС", module="logbook"):
+    seat = desk.seat(login)
+    seat.start("--user", login, "--department", department, "--module", module)
+    return seat
+
+
+def night(desk):
+    """Records of a shift, with a colleague at the next desk."""
+    seat = desk.seat("ozerov")
+    sign_in(seat, "ozerov", "ЦДС")
+    seat.expect_focus("recordsTable")
+    colleague = start(desk, "roshchin")
+    colleague.open("CVrkLogBook")
+    seat.endure("CVrkLogBook", resizable=False)
+    long_list(seat)
+
+    text = "течь масла, 1 капля за 20 с"
+    write_record(seat, "обнаружен", "Ольховка", "осмотре", "Т-1, ввод 35 кВ фазы В", "35", text, "Туманов",
+                 "установлен контроль через каждые 2 ч", "26.11.2026 12:00")
+    seat.expect(lambda tree: any(text in r["text"] for r in records(tree)), "the record is not in the table")
+    colleague.wait(lambda tree: any(text in r["text"] for r in records(tree)), "the record at the next desk")
+    comment(seat, text)
+    approve(seat, text)
+    execution(seat)
+    visa(colleague, text)
+    attach(seat, text)
+    second_marker(seat)
+    copy_paste(seat)
+    leave(seat)
+    leave(colleague)
+
+
+def past(desk):
+    """Searching, other periods, a report."""
+    seat = start(desk, "ozerov")
+    seat.open("CVrkLogBook")
+    find(seat)
+    period(seat)
+    report(seat)
+    shift_info(seat)
+    leave(seat)
+
+
+def handover(desk):
+    """One more worker comes, the shift is closed, the next one is opened at another desk."""
+    seat, colleague = start(desk, "ozerov"), start(desk, "gorin")
+    for one in (seat, colleague):
+        one.open("CVrkLogBook")
+    add_worker(seat)
+    hand_over(seat)
+    open_shift(seat, colleague)
+    leave(seat)
+    leave(colleague)
+
+
+def comment(seat, text):
+    select_record(seat, text)
+    seat.click("createCommentButton", inside="homeLogbook")
+    seat.open("CommentCreatorDialog")
+    seat.expect_focus("commentEdit")
+    seat.type("Передано в службу РЗА № 5.")
+    seat.endure("CommentCreatorDialog")
+    seat.click("applyButton", inside="CommentCreatorDialog")
+    seat.gone("CommentCreatorDialog")
+    seat.expect(lambda tree: tree.one("commentsList", inside="homeLogbook") and tree.one("commentsList", inside="homeLogbook").get("items"),
+                "the comment is not in the list")
+
+
+def dialog_with_time(seat, cls, choose):
+    """A small dialog with a date and a time: what is typed there stays."""
+    seat.open(cls)
+    seat.click(choose, inside=cls)
+    seat.click("timeEdit", inside=cls)
+    seat.press("Home")
+    seat.type("0203")
+    typed = seat.widget("timeEdit", inside=cls)["text"]
+    seat.expect(lambda _: typed == "02:03", f"02:03 was typed into {cls}, it shows {typed}")
+    seat.endure(cls)
+
+
+def second_marker(seat):
+    seat.click("recordsTable", inside="homeLogbook")
+    record = select_record(seat, "Установил")
+    seat.click(record, button=3)
+    entry = next(i for m in seat.tree().find(cls="QMenu") for i in m.get("items", [])[1:2])
+    seat.click(entry)
+    dialog_with_time(seat, "SecondMarkerDialog", "setMarkCheck")
+    seat.press("Escape")
+    seat.gone("SecondMarkerDialog")
+    seat.expect_focus("recordsTable")
+
+
+def approve(seat, text):
+    select_record(seat, text)
+    seat.click("approveButton")
+    seat.open("CPopMessageBox")
+    seat.endure("CPopMessageBox", resizable=False)
+    seat.click_button("Да", inside="CPopMessageBox")
+    seat.gone("CPopMessageBox")
+    seat.expect_focus("recordsTable")
+
+
+def execution(seat):
+    seat.click("executionButton")
+    dialog_with_time(seat, "TimeExecutionDialog", "readyCheck")
+    seat.close_by_frame("TimeExecutionDialog")
+    seat.gone("TimeExecutionDialog")
+    seat.expect_focus("recordsTable")
+
+
+def visa(seat, text):
+    """On the record of another."""
+    select_record(seat, text)
+    seat.wait(lambda tree: tree.one("signButton")["enabled"], "the visa to be offered")
+    seat.click("signButton")
+    seat.expect(lambda tree: not tree.shown("CPopMessageBox"), "the visa brings a message")
+
+
+def attach(seat, text):
+    """The list of files, and the question for a file called off."""
+    select_record(seat, text)
+    seat.click(seat.item("qt_tabwidget_tabbar", "Файлы", inside="additionalTab"))
+    seat.click("createFileButton", inside="homeLogbook")
+    seat.open("QFileDialog")
+    seat.endure("QFileDialog")
+    seat.press("Escape")
+    seat.gone("QFileDialog")
+
+
+def copy_paste(seat):
+    before = len(records(seat.tree()))
+    record_menu(seat, "Копировать запись")
+    record_menu(seat, "Вставить запись")
+    seat.wait(lambda tree: len(records(tree)) > before, "the pasted record")
+
+
+def find(seat):
+    seat.press("Ctrl+F")
+    seat.expect_focus("searchEdit")
+    seat.type("заземл")
+    seat.press("Enter", "Enter")
+    seat.expect(lambda tree: any(r["current"] and "заземл" in r["text"].lower() for r in records(tree)), "the search leads nowhere")
+    seat.press("Escape")
+    seat.expect(lambda tree: not tree.find("searchEdit", inside="homeLogbook"), "Escape does not close the search")
+    seat.expect_focus("recordsTable")
+
+
+def period(seat):
+    before = len(records(seat.tree()))
+    seat.drop("timeButton", "Выбрать интервал")
+    seat.open("DateTimeRangeDialog")
+    seat.press("Escape")
+    seat.gone("DateTimeRangeDialog")
+    seat.drop("timeButton", "Выбрать интервал")
+    seat.open("DateTimeRangeDialog")
+    seat.click("startDateEdit", inside="DateTimeRangeDialog")
+    seat.press("Home", "Down")
+    seat.endure("DateTimeRangeDialog")
+    seat.click("applyButton", inside="DateTimeRangeDialog")
+    seat.gone("DateTimeRangeDialog")
+    seat.wait(lambda tree: len(records(tree)) > before, "more records")
+    seat.drop("timeButton", "Текущая смена")
+    seat.wait(lambda tree: len(records(tree)) == before, "the shift")
+    seat.drop("timeButton", "Выбрать смену")
+    seat.open("WorkshiftsDialog")
+    seat.press("Down")
+    seat.endure("WorkshiftsDialog")
+    seat.close_by_frame("WorkshiftsDialog")
+    seat.gone("WorkshiftsDialog")
+
+
+def report(seat):
+    seat.press("Ctrl+P")
+    seat.open("ReportDialog")
+    seat.click("onlyApprovedButton", inside="ReportDialog")
+    seat.endure("ReportDialog")
+    seat.press("Escape")
+    seat.gone("ReportDialog")
+
+
+def shift_info(seat):
+    seat.drop("workshiftButton", "Информация о смене")
+    seat.open("WorkshiftInfoDialog")
+    seat.endure("WorkshiftInfoDialog")
+    seat.press("Escape")
+    seat.gone("WorkshiftInfoDialog")
+
+
+def choose_worker(seat, dialog, name):
+    """From the structure that a dialog has opened, which has the keyboard again afterwards."""
+    seat.open("OrgStructDialog")
+    seat.type(name)
+    seat.endure("OrgStructDialog")
+    seat.press("Enter")
+    seat.gone("OrgStructDialog")
+    seat.expect_focus(dialog)
+
+
+def add_worker(seat):
+    before = len(records(seat.tree()))
+    seat.drop("workshiftButton", "Добавить диспетчера в смену")
+    seat.open("AppendWorkerDialog")
+    seat.click("addButton", inside="AppendWorkerDialog")
+    choose_worker(seat, "AppendWorkerDialog", "Травин")
+    seat.endure("AppendWorkerDialog")
+    seat.click("applyButton", inside="AppendWorkerDialog")
+    seat.gone("AppendWorkerDialog")
+    seat.wait(lambda tree: len(records(tree)) > before, "the record about the worker")
+
+
+def hand_over(seat):
+    seat.drop("workshiftButton", "Закрыть смену")
+    seat.open("CPopMessageBox")
+    seat.click_button("Да", inside="CPopMessageBox")
+    seat.open("CloseWorkshiftDialog")
+    for name in ("Горин", "Ручьёва"):
+        seat.click("addWorkerButton", inside="CloseWorkshiftDialog")
+        choose_worker(seat, "CloseWorkshiftDialog", name)
+    seat.click("parameterInput_0", inside="CloseWorkshiftDialog")
+    seat.press("Ctrl+A")
+    seat.fill("Озеров", "Горин", "2", "1", "ВЛ 110 кВ Полевая – Заречная".replace("–", "-"), "нет")
+    seat.endure("CloseWorkshiftDialog")
+    seat.click("closeWorkshiftButton")
+    seat.gone("CloseWorkshiftDialog")
+    seat.wait(lambda tree: not tree.one("createButton")["enabled"] or "закрыта" in tree.one("statusLabel").get("text", ""),
+              "the shift to be closed")
+
+
+def open_shift(seat, colleague):
+    colleague.wait(lambda tree: "закрыта" in tree.one("statusLabel").get("text", ""), "the closed shift at the next desk")
+    colleague.drop("workshiftButton", "Открыть смену")
+    colleague.open("OpenWorkshiftDialog")
+    colleague.click("addWorkerButton", inside="OpenWorkshiftDialog")
+    choose_worker(colleague, "OpenWorkshiftDialog", "Ручьёва")
+    colleague.click("endTimeEdit", inside="OpenWorkshiftDialog")
+    colleague.press("Home")
+    colleague.type("0807")
+    colleague.endure("OpenWorkshiftDialog")
+    colleague.press("Escape")
+    colleague.gone("OpenWorkshiftDialog")
+
+
+def leave(seat):
+    seat.close_by_frame("CVrkLogBook")
+    if seat.alive() and seat.ended():
+        seat.faults.add(seat, "leave", "the program ends with an error", seat.tree())
