@@ -111,17 +111,24 @@ void CPopMessageBox::fitHeight()
     setMinimumHeight(qMax(wanted, 0));
 }
 
-void CPopMessageBox::showEvent(QShowEvent* event)
+bool CPopMessageBox::event(QEvent* event)
 {
-    // The button box makes its first accepting button the default one as it is shown; Return does nothing here.
-    for (QAbstractButton* button : m_buttons->buttons()) {
-        if (auto* push = qobject_cast<QPushButton*>(button)) {
-            push->setDefault(false);
-            push->setAutoDefault(false);
+    // The button box makes its first accepting button the default one whenever it comes to the screen, also when the
+    // window system restores it; Return does nothing here.
+    if (event->type() == QEvent::Show) {
+        for (QAbstractButton* button : m_buttons->buttons()) {
+            if (auto* push = qobject_cast<QPushButton*>(button)) {
+                push->setDefault(false);
+                push->setAutoDefault(false);
+            }
         }
     }
-    if (!event->spontaneous())
-        moveToCenter();
+    return CPopTemplate::event(event);
+}
+
+void CPopMessageBox::showEvent(QShowEvent* event)
+{
+    moveToCenter();
     CPopTemplate::showEvent(event);
 }
 

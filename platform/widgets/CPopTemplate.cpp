@@ -7,16 +7,23 @@
 
 namespace
 {
-// The room that the contents may take on the screen, the window's frame left out; it is unknown before the first
-// showing.
-QRect room(const QWidget* window)
+QMargins frameOf(const QWidget* window)
 {
-    const QScreen* screen = window->screen();
     const QRect inner = window->geometry();
     const QRect outer = window->frameGeometry();
-    const QMargins frame(qMax(0, inner.left() - outer.left()), qMax(0, inner.top() - outer.top()),
-                         qMax(0, outer.right() - inner.right()), qMax(0, outer.bottom() - inner.bottom()));
-    return screen ? screen->availableGeometry().marginsRemoved(frame) : inner;
+    return QMargins(qMax(0, inner.left() - outer.left()), qMax(0, inner.top() - outer.top()),
+                    qMax(0, outer.right() - inner.right()), qMax(0, outer.bottom() - inner.bottom()));
+}
+
+// The room that the contents may take on the screen, the window's frame left out. A window that was never shown has no
+// frame yet: it will get one like that of the window below.
+QRect room(const QWidget* window)
+{
+    QMargins frame = frameOf(window);
+    if (frame.isNull() && window->parentWidget())
+        frame = frameOf(window->parentWidget()->window());
+    const QScreen* screen = window->screen();
+    return screen ? screen->availableGeometry().marginsRemoved(frame) : window->geometry();
 }
 } // namespace
 
@@ -34,11 +41,7 @@ void CPopTemplate::moveToCenter()
     const QRect over = parentWidget() ? parentWidget()->window()->geometry() : screen;
     QRect target(QPoint(), size());
     target.moveCenter(over.center());
-    target.moveRight(qMin(target.right(), screen.right()));
-    target.moveBottom(qMin(target.bottom(), screen.bottom()));
-    target.moveLeft(qMax(target.left(), screen.left()));
-    target.moveTop(qMax(target.top(), screen.top()));
-    setGeometry(target);
+    fitIntoScreen(target);
 }
 
 void CPopTemplate::setGuarding(bool guarding)
@@ -52,19 +55,50 @@ void CPopTemplate::setGuarding(bool guarding)
         m_guard->lower();
 }
 
+bool CPopTemplate::event(QEvent* event)
+{
+    const bool byTheSystem =
+        event->spontaneous() && (event->type() == QEvent::Show || event->type() == QEvent::Hide);
+    if (byTheSystem)
+        return true;
+    const bool done = QWidget::event(event);
+    // The first events by which the window system tells of the frame that it has put around the contents.
+    if (event->type() == QEvent::Move || event->type() == QEvent::WindowActivate)
+        settle();
+    return done;
+}
+
+void CPopTemplate::fitIntoScreen(QRect contents)
+{
+    const QRect screen = room(this);
+    contents.setSize(contents.size().boundedTo(screen.size()));
+    contents.moveRight(qMin(contents.right(), screen.right()));
+    contents.moveBottom(qMin(contents.bottom(), screen.bottom()));
+    contents.moveLeft(qMax(contents.left(), screen.left()));
+    contents.moveTop(qMax(contents.top(), screen.top()));
+    setGeometry(contents);
+}
+
+void CPopTemplate::settle()
+{
+    if (!m_isFrameless || !isVisible() || frameOf(this).isNull())
+        return;
+    m_isFrameless = false;
+    fitIntoScreen(geometry());
+}
+
 void CPopTemplate::showEvent(QShowEvent* event)
 {
-    if (!event->spontaneous()) {
-        resize(size().boundedTo(room(this).size()));
-        if (m_guarding)
-            m_guard->raise();
-    }
+    m_isFrameless = frameOf(this).isNull();
+    resize(size().boundedTo(room(this).size()));
+    if (m_guarding)
+        m_guard->raise();
     QWidget::showEvent(event);
 }
 
 void CPopTemplate::hideEvent(QHideEvent* event)
 {
-    if (m_guard && !event->spontaneous())
+    if (m_guard)
         m_guard->lower();
     QWidget::hideEvent(event);
 }

@@ -8,7 +8,11 @@
 class PopGuard;
 
 /// Base of all dialogs: a pop-up over the module's window. A window of its own, not modal, no larger than the
-/// screen; it is hidden and shown again, never destroyed before its parent. Keys do nothing by themselves.
+/// screen with its frame; it is hidden and shown again, never destroyed before its parent. Keys do nothing by
+/// themselves.
+///
+/// showEvent() and hideEvent() come when somebody shows or closes the dialog. A window that the window system minimises
+/// and restores was neither shown nor closed: it gets no such event and keeps what it holds.
 class VRK_EXPORT CPopTemplate : public QWidget
 {
     Q_OBJECT
@@ -25,11 +29,16 @@ public:
     void setGuarding(bool guarding);
 
 protected:
+    bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void fitIntoScreen(QRect contents);
+    void settle();
+
     std::unique_ptr<PopGuard> m_guard; ///< made when first asked for
     bool m_guarding = false;
+    bool m_isFrameless = false; ///< shown before its frame was known
 };

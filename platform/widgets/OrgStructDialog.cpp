@@ -54,11 +54,9 @@ void OrgStructDialog::updateControls()
 
 void OrgStructDialog::showEvent(QShowEvent* event)
 {
-    if (!event->spontaneous()) {
-        m_widget->startSearch();
-        updateControls();
-        moveToCenter();
-    }
+    m_widget->startSearch();
+    updateControls();
+    moveToCenter();
     CPopTemplate::showEvent(event);
 }
 

@@ -285,22 +285,18 @@ void RecordCreatorDialog::leave()
 
 void RecordCreatorDialog::showEvent(QShowEvent* event)
 {
-    if (!event->spontaneous()) {
-        restoreLayout();
-        open();
-    }
+    restoreLayout();
+    open();
     CPopTemplate::showEvent(event);
 }
 
 void RecordCreatorDialog::hideEvent(QHideEvent* event)
 {
-    if (!event->spontaneous()) {
-        keepUnsaved();
-        m_mode = Mode::Nothing;
-        saveLayout();
-        if (m_orgStruct)
-            m_orgStruct->close();
-    }
+    keepUnsaved();
+    m_mode = Mode::Nothing;
+    saveLayout();
+    if (m_orgStruct)
+        m_orgStruct->close();
     CPopTemplate::hideEvent(event);
 }
 

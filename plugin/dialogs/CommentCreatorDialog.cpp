@@ -120,10 +120,8 @@ void CommentCreatorDialog::keyPressEvent(QKeyEvent* event)
 
 void CommentCreatorDialog::hideEvent(QHideEvent* event)
 {
-    if (!event->spontaneous()) {
-        keep(m_taken);
-        m_taken.clear();
-    }
+    keep(m_taken);
+    m_taken.clear();
     CPopTemplate::hideEvent(event);
 }
 

@@ -171,9 +171,7 @@ void ReportDialog::keyPressEvent(QKeyEvent* event)
 
 void ReportDialog::showEvent(QShowEvent* event)
 {
-    if (!event->spontaneous()) {
-        resize(900, 500);
-        moveToCenter();
-    }
+    resize(900, 500);
+    moveToCenter();
     CPopTemplate::showEvent(event);
 }

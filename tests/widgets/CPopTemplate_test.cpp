@@ -1,6 +1,7 @@
 #include "CPopTemplate.h"
 
 #include "CVrkCliMod.h"
+#include "Minimised.h"
 #include "PopGuard.h"
 #include "TestClient.h"
 
@@ -11,6 +12,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
+#include <QWindow>
 
 class CPopTemplate_test : public QObject
 {
@@ -74,6 +76,63 @@ private slots:
         s.pop.resize(screen + QSize(200, 200));
         s.pop.show();
         QVERIFY(s.pop.width() <= screen.width() && s.pop.height() <= screen.height());
+    }
+
+    void itsFrameStaysOnTheScreenToo()
+    {
+        Setup s;
+        const QRect screen = s.window.screen()->availableGeometry();
+        s.pop.resize(screen.size());
+        s.pop.show();
+        QVERIFY(s.pop.frameGeometry() != s.pop.geometry());
+        QVERIFY(s.pop.frameGeometry().height() <= screen.height());
+        s.pop.moveToCenter();
+        QVERIFY(screen.contains(s.pop.frameGeometry()));
+
+        // The frame is not known before the window system has put it around the window, and nothing below has one.
+        QWidget bare(nullptr, Qt::FramelessWindowHint);
+        bare.show();
+        CPopTemplate late(&bare);
+        late.setWindowFlag(Qt::FramelessWindowHint);
+        late.resize(screen.size());
+        late.show();
+        QCOMPARE(late.size(), screen.size());
+        late.windowHandle()->setFlag(Qt::FramelessWindowHint, false);
+        late.windowHandle()->setWindowState(Qt::WindowNoState);
+        late.move(screen.topLeft());
+        QVERIFY(late.frameGeometry() != late.geometry());
+        QVERIFY(screen.contains(late.frameGeometry()));
+    }
+
+    void minimisingIsNeitherClosingNorShowing()
+    {
+        struct Counting : CPopTemplate {
+            using CPopTemplate::CPopTemplate;
+            void showEvent(QShowEvent* event) override
+            {
+                ++shown;
+                CPopTemplate::showEvent(event);
+            }
+            void hideEvent(QHideEvent* event) override
+            {
+                ++hidden;
+                CPopTemplate::hideEvent(event);
+            }
+            int shown = 0;
+            int hidden = 0;
+        };
+        Setup s;
+        Counting pop(&s.window);
+        pop.setGuarding(true);
+        pop.show();
+        QVERIFY(minimiseAndRestore(&pop));
+        QCOMPARE(pop.shown, 1);
+        QCOMPARE(pop.hidden, 0);
+        QVERIFY(PopGuard::over(s.edit));
+        pop.hide();
+        QCOMPARE(pop.hidden, 1);
+        pop.show();
+        QCOMPARE(pop.shown, 2);
     }
 
     void withoutAGuardTheWindowUnderItCanBeUsed()

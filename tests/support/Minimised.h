@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QWidget>
+#include <QWindow>
+
+/// Minimises a shown window and restores it, as its user does through the window system; false when the window system
+/// has not told the window.
+inline bool minimiseAndRestore(QWidget* window)
+{
+    struct Watch : QObject {
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            told = told || (event->type() == QEvent::Show && event->spontaneous());
+            return false;
+        }
+        bool told = false;
+    } watch;
+    window->installEventFilter(&watch);
+    const Qt::WindowStates before = window->windowHandle()->windowStates();
+    for (const Qt::WindowStates states : {before | Qt::WindowMinimized, before}) {
+        window->windowHandle()->setWindowStates(states);
+        QCoreApplication::processEvents(); // the window system tells it by the event loop
+    }
+    window->removeEventFilter(&watch);
+    return watch.told;
+}
