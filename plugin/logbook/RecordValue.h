@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CModelTable.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
 
@@ -12,6 +13,15 @@ inline MDRVar recordValue(const MDRData* record, const char* field)
     if (record)
         MDRGetVal(MDRFldByName(MDARecArr(record), field), record, &value);
     return value;
+}
+
+/// The record with this key; null when there is none, or no table.
+inline MDRData* recordWithKey(const CModelTable* table, const QByteArray& key)
+{
+    if (!table || key.isEmpty())
+        return nullptr;
+    const MDRRange found = MDARecsWith(table->data.array, "KeyLink", key.constData());
+    return found.count > 0 ? *found.begin() : nullptr;
 }
 
 /// The status is known and is this one (RecordStatus).

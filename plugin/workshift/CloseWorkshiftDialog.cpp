@@ -72,11 +72,7 @@ void CloseWorkshiftDialog::setCurrentWorkshift(MDRData* workshift)
 
 MDRData* CloseWorkshiftDialog::currentWorkshift() const
 {
-    CModelTable* workshifts = table(QLatin1String(LogbookTable::Workshifts));
-    if (!workshifts || m_workshiftKey.isEmpty())
-        return nullptr;
-    const MDRRange found = MDARecsWith(workshifts->data.array, "KeyLink", m_workshiftKey.constData());
-    return found.count > 0 ? *found.begin() : nullptr;
+    return recordWithKey(table(QLatin1String(LogbookTable::Workshifts)), m_workshiftKey);
 }
 
 void CloseWorkshiftDialog::showEvent(QShowEvent* event)

@@ -38,23 +38,29 @@ void WorkshiftInfoDialog::showEvent(QShowEvent* event)
     CPopTemplate::showEvent(event);
 }
 
+void WorkshiftInfoDialog::setWorkshiftRecord(MDRData* record)
+{
+    m_workshiftKey = MDRValue::copy(recordValue(record, "KeyLink"));
+}
+
 void WorkshiftInfoDialog::reload()
 {
     for (QLabel* label : {m_form->startValue, m_form->endValue, m_form->openValue, m_form->closeValue})
         label->clear();
     m_crew->clear();
-    if (!m_workshift)
+    const MDRData* workshift = recordWithKey(m_workshifts, m_workshiftKey);
+    if (!workshift)
         return;
 
     CVrkCliSes* session = sessionOf(this);
     const auto showTime = [&](QLabel* label, const char* field) {
-        label->setText(session->HfnTimeToSesTime(recordValue(m_workshift, field).value.real)
+        label->setText(session->HfnTimeToSesTime(recordValue(workshift, field).value.real)
                            .toString(QStringLiteral("dd.MM.yyyy hh:mm")));
     };
     showTime(m_form->startValue, "startTime");
     showTime(m_form->endValue, "endTime");
     const auto showWorker = [&](QLabel* caption, QLabel* label, const char* field) {
-        const MDRVar key = recordValue(m_workshift, field);
+        const MDRVar key = recordValue(workshift, field);
         caption->setVisible(!key.isNull);
         label->setVisible(!key.isNull);
         label->setText(

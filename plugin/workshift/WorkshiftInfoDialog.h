@@ -4,6 +4,7 @@
 #include "MDArray.h"
 
 #include <memory>
+#include <QByteArray>
 
 class CModelTable;
 class CrewTable;
@@ -28,8 +29,8 @@ public:
     void setWorkersWorkshiftTable(CModelTable* table) { m_crewRows = table; }
     void setRolesTable(CModelTable* table) { m_roles = table; }
     void setWorkersRoleTable(CModelTable* table) { m_workerRoles = table; }
-    /// The workshift of the next showing; null shows nothing.
-    void setWorkshiftRecord(MDRData* record) { m_workshift = record; }
+    /// The workshift of the next showing, a record of the workshifts table; null shows nothing.
+    void setWorkshiftRecord(MDRData* record);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -43,7 +44,7 @@ private:
     CModelTable* m_crewRows = nullptr;
     CModelTable* m_roles = nullptr;
     CModelTable* m_workerRoles = nullptr;
-    MDRData* m_workshift = nullptr;
+    QByteArray m_workshiftKey; ///< not the record: the table may be loaded again while the dialog is open
     CrewTable* m_crew = nullptr;
     std::unique_ptr<Ui::WorkshiftInfoDialog> m_form;
 };

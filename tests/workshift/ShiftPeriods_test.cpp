@@ -2,6 +2,8 @@
 #include "DateTimeRangeDialog.h"
 #include "HtmlParser.h"
 #include "LogWatch.h"
+#include "MDRValues.h"
+#include "Minimised.h"
 #include "OrgStructDialog.h"
 #include "TestJournal.h"
 #include "WorkshiftInfoDialog.h"
@@ -189,6 +191,8 @@ private slots:
         auto* shifts = dialog<WorkshiftsDialog>(journal);
         QCOMPARE(child<QListWidget>(shifts, "workshiftsList")->count(), 0);
         QVERIFY(!child<QPushButton>(shifts, "applyButton")->isEnabled());
+        QTest::keyClick(shifts, Qt::Key_Enter, Qt::KeypadModifier);
+        QVERIFY(shifts->isVisible()); // nothing to apply
         QTest::keyClick(shifts, Qt::Key_Escape);
         QVERIFY(!shifts->isVisible());
     }
@@ -249,6 +253,79 @@ private slots:
         QCOMPARE(crew->rowCount(), 3); // who opened, and who took over
         QTest::keyClick(info, Qt::Key_Escape);
         QVERIFY(!info->isVisible());
+    }
+
+    void aShiftWithoutAnOpenerHasNoLineOfHim()
+    {
+        const TestStore store;
+        QVERIFY(TestStore::write(store.openLoader().get(), "LogbookWorkshifts", ROW_INSERT, "SHIFT_NOBODY",
+                                 {{"DepartmentKey", "DEP_CDS"},
+                                  {"OpenWorkerKey", nullptr},
+                                  {"CloseWorkerKey", "WORKER_NOBODY"},
+                                  {"createdAt", 1000.0},
+                                  {"startTime", 1000.0},
+                                  {"endTime", 4600.0}}));
+        TestJournal journal(store);
+        auto* info = dialog<WorkshiftInfoDialog>(journal);
+        journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_NOBODY"));
+        journal.tab().showWorkshiftInfoDialog();
+        QVERIFY(!child<QLabel>(info, "openLabel")->isVisible());
+        QVERIFY(!child<QLabel>(info, "openValue")->isVisible());
+        QVERIFY(child<QLabel>(info, "closeLabel")->isVisible());
+        QCOMPARE(child<QLabel>(info, "closeValue")->text(), QString()); // nobody has that key
+        info->close();
+        journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
+        journal.tab().showWorkshiftInfoDialog();
+        QVERIFY(child<QLabel>(info, "openLabel")->isVisible());
+    }
+
+    void templatesAndRolesAreReadAgainWithAnotherShift()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        const auto loader = store.openLoader();
+        QVERIFY(TestStore::write(loader.get(), "Roles", ROW_UPDATE, "ROLE_CDS_DISPATCHER",
+                                 {{"name_", QStringLiteral("Дежурный")}}));
+        QVERIFY(TestStore::write(loader.get(), "WorkerRoles", ROW_DELETE, "WROLE_IVANOV_1"));
+        QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_UPDATE, "TPL_TEXT",
+                                 {{"nameLoc", QStringLiteral("Другое название")}}));
+        journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST")); // before the events come
+        journal.tab().showWorkshiftInfoDialog();
+        auto* crew = child<QTableWidget>(dialog<WorkshiftInfoDialog>(journal), "workersTable");
+        QStringList roles;
+        for (int row = 0; row < crew->rowCount(); ++row)
+            roles << crew->item(row, 0)->text() + QStringLiteral(": ") + crew->item(row, 1)->text();
+        QVERIFY2(roles.contains(QStringLiteral("Иванов И. И.: Дежурный")),
+                 qPrintable(roles.join(QLatin1Char('\n'))));
+        const CMDArray& templates = *journal.tab().table(QStringLiteral("LogbookTemplates"));
+        const MDRRange found = MDARecsWith(templates.array, "KeyLink", "TPL_TEXT");
+        QCOMPARE(found.count, 1);
+        MDRVar name;
+        templates.GetVal(*found.begin(), "nameLoc", name);
+        QCOMPARE(TestStore::text(MDRValue::bytes(name)), QStringLiteral("Другое название"));
+    }
+
+    void theInformationOutlivesAReload()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        journal.tab().showWorkshiftInfoDialog();
+        auto* info = dialog<WorkshiftInfoDialog>(journal);
+        const QString start = shown(store, "SHIFT_CDS_OPEN", "startTime");
+        const auto showAgain = [info] {
+            info->hide();
+            info->show();
+        };
+        journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST")); // the record shown is gone
+        QCOMPARE(child<QLabel>(info, "startValue")->text(), start);
+        showAgain();
+        QCOMPARE(child<QLabel>(info, "startValue")->text(), QString());
+        QCOMPARE(child<QTableWidget>(info, "workersTable")->rowCount(), 0);
+        journal.tab().uploadRealTimeWorkshift(); // and came back as another one
+        QVERIFY(minimiseAndRestore(info));
+        showAgain();
+        QCOMPARE(child<QLabel>(info, "startValue")->text(), start);
+        QCOMPARE(child<QLabel>(info, "openValue")->text(), QStringLiteral("Иванов Иван Иванович"));
     }
 
     void namesTheAddedInOneText_data()
