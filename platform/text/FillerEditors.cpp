@@ -50,6 +50,7 @@ void FillerEditors::setParameters(const QVector<ParameterSpec>& specs, Reference
         }
         m_rows.append({label, editor});
         connect(editor, &ParameterEditor::edited, this, [this, i] { emit edited(i); });
+        connect(editor, &ParameterEditor::judged, this, [this, i] { emit judged(i); });
         connect(editor, &ParameterEditor::entered, this, [this, i] { emit entered(i); });
         connect(editor, &ParameterEditor::nextRequested, this, [this, i] { emit nextRequested(i); });
     }
@@ -93,6 +94,11 @@ void FillerEditors::setValue(int index, const ParameterValue& value)
     m_rows.at(index).editor->setValue(value);
 }
 
+bool FillerEditors::isUnknown(int index) const
+{
+    return m_rows.at(index).editor->isUnknown();
+}
+
 void FillerEditors::setState(int index, ParameterState state)
 {
     QLabel* label = m_rows.at(index).label;
@@ -110,6 +116,10 @@ void FillerEditors::setState(int index, ParameterState state)
     case ParameterState::Filled:
         label->setText(QStringLiteral("✓ ") + text);
         label->setToolTip(tr("Заполнено"));
+        break;
+    case ParameterState::Unknown:
+        label->setText(QStringLiteral("✎ ") + text);
+        label->setToolTip(tr("Заполнено тем, чего нет в справочнике"));
         break;
     }
 }

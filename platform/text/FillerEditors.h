@@ -28,6 +28,7 @@ public:
 
     ParameterValue value(int index) const;
     void setValue(int index, const ParameterValue& value);
+    bool isUnknown(int index) const;
     void setState(int index, ParameterState state);
     /// Gives the keyboard to an editor.
     void focusEditor(int index);
@@ -36,6 +37,7 @@ public:
 
 signals:
     void edited(int index);
+    void judged(int index);
     void entered(int index);
     void nextRequested(int index);
 

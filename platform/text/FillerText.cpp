@@ -70,6 +70,9 @@ QTextCharFormat FillerText::formatOf(ParameterState state, bool current) const
     if (state == ParameterState::Filled) {
         format.setFontUnderline(true);
         format.setBackground(blended(colors.color(QPalette::Base), colors.color(QPalette::Highlight), 0.16));
+    } else if (state == ParameterState::Unknown) {
+        format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
+        format.setUnderlineColor(warm);
     } else {
         format.setFontItalic(true);
         format.setUnderlineStyle(QTextCharFormat::DashUnderline);

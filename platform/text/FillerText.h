@@ -10,11 +10,12 @@ enum class ParameterState {
     Missing,   ///< has to be filled yet
     LeftEmpty, ///< may stay empty, and is
     Filled,
+    Unknown, ///< filled with what the reference data does not know
 };
 
 /// The text of a template as it will read, parameters highlighted: what has to be filled is in italics on a warm ground
-/// with a star behind the label, what may stay empty in italics, values are underlined, the parameter in work is marked
-/// like a selection. A click on a parameter is told.
+/// with a star behind the label, what may stay empty in italics, values are underlined, by a wave where the reference data
+/// does not know them, the parameter in work is marked like a selection. A click on a parameter is told.
 class FillerText : public QTextBrowser
 {
     Q_OBJECT

@@ -249,6 +249,22 @@ void HtmlParser::setDisplayText(unsigned i, const std::string& text)
     }
 }
 
+std::string HtmlParser::valueText(unsigned i) const
+{
+    const std::string shown = displayText(i);
+    const std::string before = propertyValue(i, "before");
+    const std::string after = propertyValue(i, "after");
+    const bool wrapped = shown.size() >= before.size() + after.size() &&
+                         shown.compare(0, before.size(), before) == 0 &&
+                         shown.compare(shown.size() - after.size(), after.size(), after) == 0;
+    return wrapped ? shown.substr(before.size(), shown.size() - before.size() - after.size()) : shown;
+}
+
+void HtmlParser::setValueText(unsigned i, const std::string& value)
+{
+    setDisplayText(i, value.empty() ? value : propertyValue(i, "before") + value + propertyValue(i, "after"));
+}
+
 std::string HtmlParser::propertyData(unsigned i) const
 {
     return propertyValue(i, dataProperty);

@@ -44,6 +44,11 @@ public:
     std::string displayText(unsigned i) const;
     /// Replaces the shown text. An element that encloses all of it, such as a strike-out, stays.
     void setDisplayText(unsigned i, const std::string& text);
+    /// The shown text without the words around the value: the properties "before" and "after" of the parameter. They
+    /// stand in the text with the value and go with it.
+    std::string valueText(unsigned i) const;
+    /// Shows a value with the words around it; an empty one shows nothing.
+    void setValueText(unsigned i, const std::string& value);
     /// The datum, empty when there is none.
     std::string propertyData(unsigned i) const;
     /// Attaches a datum, such as the key of a reference record; an empty one takes it away.
@@ -70,7 +75,7 @@ public:
     std::string readyHtml(bool withTemplateProperties) const;
 
     /// The text of one parameter. "name" comes first among the properties; "optional", with any value, says
-    /// that the parameter may stay empty.
+    /// that the parameter may stay empty; "before" and "after" are words that are shown only with its value.
     static std::string createParameter(const std::vector<Property>& properties,
                                        const std::string& displayText);
     /// Packs the values of a list into one property value.

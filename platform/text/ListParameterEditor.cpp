@@ -1,53 +1,58 @@
 #include "ListParameterEditor.h"
 
-#include <QComboBox>
-#include <QEvent>
-#include <QSignalBlocker>
-#include <QVBoxLayout>
+#include "SuggestionModel.h"
+#include "TextMatch.h"
+
+#include <QLineEdit>
 
 ListParameterEditor::ListParameterEditor(const ParameterSpec& spec, QWidget* parent)
-    : ParameterEditor(spec, parent), m_combo(new QComboBox(this))
+    : SuggestedParameterEditor(spec, parent)
 {
-    m_combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_combo->setMinimumContentsLength(12);
-    m_combo->addItem(tr("— не выбрано —"));
-    for (const QString& value : spec.values)
-        m_combo->addItem(value, value);
-    rows()->addWidget(m_combo);
-    addInput(m_combo);
-    connect(m_combo, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
-        m_key.clear();
-        emit edited();
-    });
+    line()->setPlaceholderText(tr("Значение из списка"));
+    offer();
+}
+
+void ListParameterEditor::offer(const QString& more)
+{
+    QStringList values = spec().values;
+    if (!more.isEmpty() && !values.contains(more))
+        values << more;
+    QVector<ReferenceItem> items;
+    for (const QString& value : qAsConst(values)) {
+        ReferenceItem item;
+        item.text = value;
+        item.folded = TextMatch::folded(value);
+        items << item;
+    }
+    model()->setItems(items);
+}
+
+bool ListParameterEditor::isTaken() const
+{
+    return model()->itemByText(line()->text());
 }
 
 ParameterValue ListParameterEditor::value() const
 {
-    return {m_combo->currentData().toString(), m_key};
+    const ReferenceItem* item = model()->itemByText(line()->text());
+    return item ? ParameterValue{item->text, key()} : ParameterValue();
 }
 
 void ListParameterEditor::setValue(const ParameterValue& value)
 {
-    const QSignalBlocker blocker(this);
-    int index = value.text.isEmpty() ? 0 : m_combo->findData(value.text);
-    if (index < 0) { // from an older list, or written by hand
-        m_combo->addItem(value.text, value.text);
-        index = m_combo->count() - 1;
-    }
-    m_combo->setCurrentIndex(index);
-    m_key = value.key;
+    offer(value.text); // it may come from an older list, or was written by hand
+    SuggestedParameterEditor::setValue(value);
 }
 
-QWidget* ListParameterEditor::input() const
+void ListParameterEditor::finish(QWidget*)
 {
-    return m_combo;
-}
-
-bool ListParameterEditor::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::Wheel) {
-        event->ignore(); // scrolling over it must not choose; the pane scrolls instead
-        return true;
+    const QString typed = line()->text();
+    if (typed.trimmed().isEmpty())
+        return;
+    if (const ReferenceItem* item = model()->itemByText(typed)) {
+        if (item->text != typed)
+            setTyped(item->text, QString());
+    } else {
+        complain(tr("Такого значения нет в списке"));
     }
-    return ParameterEditor::eventFilter(watched, event);
 }

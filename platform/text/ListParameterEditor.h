@@ -1,11 +1,10 @@
 #pragma once
 
-#include "ParameterEditor.h"
+#include "SuggestedParameterEditor.h"
 
-class QComboBox;
-
-/// One of the values of a list; the first row stands for none. Letters choose by their first, the wheel does nothing.
-class ListParameterEditor : public ParameterEditor
+/// One of the values of a list, found by parts of it. Other text is no value, and the editor says so; a value that a
+/// record came with stays on offer.
+class ListParameterEditor : public SuggestedParameterEditor
 {
     Q_OBJECT
 
@@ -14,12 +13,12 @@ public:
 
     ParameterValue value() const override;
     void setValue(const ParameterValue& value) override;
-    QWidget* input() const override;
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    void loadItems() override {}
+    bool isTaken() const override;
+    void finish(QWidget* input) override;
 
 private:
-    QComboBox* m_combo;
-    QString m_key;
+    void offer(const QString& more = QString());
 };

@@ -56,7 +56,12 @@ void ParameterEditor::addInput(QWidget* input)
 
 void ParameterEditor::complain(const QString& text)
 {
-    m_complaint->setText(text.isEmpty() ? QString() : QStringLiteral("⚠ ") + text);
+    remark(text.isEmpty() ? QString() : QStringLiteral("⚠ ") + text);
+}
+
+void ParameterEditor::remark(const QString& text)
+{
+    m_complaint->setText(text);
     m_complaint->setVisible(!text.isEmpty());
 }
 

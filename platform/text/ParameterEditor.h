@@ -25,12 +25,16 @@ public:
     virtual ParameterValue value() const = 0;
     /// Shows a value without a signal. A text that the kind does not know stays as it is until the user changes it.
     virtual void setValue(const ParameterValue& value) = 0;
+    /// The value is none of the reference data's although it could be.
+    virtual bool isUnknown() const { return false; }
     /// The widget that takes the keyboard first.
     virtual QWidget* input() const = 0;
 
 signals:
     /// The user has changed the value.
     void edited();
+    /// What isUnknown() says has changed, the value has not.
+    void judged();
     /// The keyboard is here now.
     void entered();
     /// Enter: on to the next parameter.
@@ -45,6 +49,8 @@ protected:
     void addInput(QWidget* input);
     /// Tells the user below the editor why what was entered is no value; empty takes it away.
     void complain(const QString& text);
+    /// Tells in the same place what is worth knowing of a value.
+    void remark(const QString& text);
     /// Enter in an input. True: done with; otherwise the parameter is left.
     virtual bool enterPressed(QWidget* input, Qt::KeyboardModifiers modifiers);
     /// The keyboard leaves an input, or Enter leaves the parameter: time to make what was typed complete.

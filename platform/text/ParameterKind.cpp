@@ -41,6 +41,8 @@ ParameterSpec ParameterSpec::read(const HtmlParser& parser, unsigned index)
     if (spec.label.isEmpty())
         spec.label = QCoreApplication::translate("TemplateFiller", "Параметр %1").arg(index + 1);
     spec.format = property("format");
+    spec.before = property("before");
+    spec.after = property("after");
     spec.optional = parser.isExistProperty(index, "optional");
     for (const std::string& value : HtmlParser::listValues(parser.propertyValue(index, "list")))
         spec.values << QString::fromStdString(value);

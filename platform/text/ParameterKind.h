@@ -44,8 +44,13 @@ struct ParameterSpec {
     QString label;      ///< in the user's language
     QString format;     ///< of dates and times, in the notation of the toolkit
     QStringList values; ///< of a list
+    QString before;     ///< words that stand in front of the value, and only with it
+    QString after;      ///< the same behind it
     bool optional = false;
     bool wholeText = false; ///< the parameter is all there is to the template's text
+
+    /// A value as the text shows it.
+    QString shown(const QString& value) const { return before + value + after; }
 
     /// Case is ignored; names that nobody knows are texts.
     static ParameterKind kindOf(const QString& name);

@@ -81,6 +81,16 @@ const ReferenceItem* SuggestionModel::itemByText(const QString& text) const
     return folded.isEmpty() || found == m_items.end() ? nullptr : &*found;
 }
 
+int SuggestionModel::rowOf(const QString& text) const
+{
+    const ReferenceItem* wanted = itemByText(text);
+    for (int row = 0; wanted && row < m_rows.size(); ++row) {
+        if (item(row) == wanted)
+            return row;
+    }
+    return -1;
+}
+
 int SuggestionModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : m_rows.size() + (m_far > 0 ? 1 : 0);

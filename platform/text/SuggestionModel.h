@@ -27,6 +27,9 @@ public:
 
     /// The item of a row; null for the row of the far items.
     const ReferenceItem* item(int row) const;
+    bool isEmpty() const { return m_items.isEmpty(); } ///< there is nothing to be found
+    /// The row of the item that reads like this, -1 when it is not shown.
+    int rowOf(const QString& text) const;
     /// The item that reads like this, or null.
     const ReferenceItem* itemByText(const QString& text) const;
 

@@ -82,7 +82,7 @@ SuggestionPopup::SuggestionPopup(QWidget* editor, SuggestionModel* model)
     editor->installEventFilter(this);
 }
 
-void SuggestionPopup::suggest(bool marked)
+void SuggestionPopup::suggest(int marked)
 {
     if (m_model->rowCount() == 0 || !m_editor->isVisible()) {
         hide();
@@ -96,8 +96,8 @@ void SuggestionPopup::suggest(bool marked)
     setFont(m_editor->font());
     place();
     show();
-    mark(marked && m_model->item(0) ? 0 : -1);
     scrollToTop();
+    mark(m_model->item(marked) ? marked : -1);
 }
 
 void SuggestionPopup::place()
@@ -156,7 +156,7 @@ bool SuggestionPopup::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Move:
     case QEvent::Resize:
     case QEvent::WindowDeactivate:
-        if (watched != m_editor)
+        if (watched == m_window) // not the list's own scroll bars, whose events come here too
             hide();
         break;
     default:
@@ -198,7 +198,9 @@ bool SuggestionPopup::handleKey(int key, Qt::KeyboardModifiers modifiers)
     case Qt::Key_Tab: {
         const QModelIndex marked = currentIndex();
         take(marked);
-        return marked.isValid() && key != Qt::Key_Tab; // Tab goes on to the next editor
+        if (!marked.isValid() || key == Qt::Key_Tab)
+            return false;                   // on to the next editor
+        return m_enterStays || isVisible(); // more rows were asked for
     }
     default:
         return false;

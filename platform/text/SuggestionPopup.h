@@ -15,9 +15,12 @@ public:
     /// \a editor takes the keys; the popup belongs to it.
     SuggestionPopup(QWidget* editor, SuggestionModel* model);
 
-    /// Shows the model's rows, or closes when there are none. With \a marked the first item is marked, so that Enter
-    /// takes it; otherwise the user has to go down to it.
-    void suggest(bool marked);
+    /// Shows the model's rows, or closes when there are none. The row \a marked is the one that Enter takes; with -1 the
+    /// user has to go down to one.
+    void suggest(int marked);
+    /// Enter takes the marked row and no more, as the text may go on behind it; otherwise the editor gets the key too and
+    /// goes on to the next field.
+    void setEnterStays(bool stays) { m_enterStays = stays; }
 
 signals:
     /// The user has taken this row of the model; the list is closed before.
@@ -37,4 +40,5 @@ private:
     QWidget* m_editor;
     QPointer<QWidget> m_window; ///< that the editor stands in
     SuggestionModel* m_model;
+    bool m_enterStays = false;
 };

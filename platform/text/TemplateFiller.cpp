@@ -30,6 +30,7 @@ struct TemplateFiller::Private {
     /// The value that the text itself holds; a label is none.
     ParameterValue valueInText(int index) const;
     bool isFilled(int index) const;
+    int firstMissing() const; ///< -1 when nothing is missing
     FillerText::Shown shown(int index) const;
     void showParameter(int index);
     void userEdited(int index);
@@ -114,6 +115,7 @@ void TemplateFiller::Private::build()
         emit q->requestEditor(specs.at(index).name, static_cast<unsigned>(index));
     });
     connect(editors, &FillerEditors::edited, q, [this](int index) { userEdited(index); });
+    connect(editors, &FillerEditors::judged, q, [this](int index) { showParameter(index); });
     connect(editors, &FillerEditors::entered, q, [this](int index) { setCurrent(index); });
     connect(editors, &FillerEditors::nextRequested, q, [this](int index) { goToNext(index); });
 }
@@ -140,8 +142,8 @@ void TemplateFiller::Private::readTemplate()
     editors->setVisible(!specs.isEmpty());
     QVector<FillerText::Shown> parameters;
     for (int i = 0; i < specs.size(); ++i) {
-        parameters.append(shown(i));
         editors->setValue(i, values.at(i));
+        parameters.append(shown(i));
         editors->setState(i, parameters.last().state);
     }
     text->showText(runs, parameters);
@@ -150,7 +152,7 @@ void TemplateFiller::Private::readTemplate()
 ParameterValue TemplateFiller::Private::valueInText(int index) const
 {
     const auto i = static_cast<unsigned>(index);
-    ParameterValue value{QString::fromStdString(parser.displayText(i)),
+    ParameterValue value{QString::fromStdString(parser.valueText(i)),
                          QString::fromStdString(parser.propertyData(i))};
     if (value.text == QString::fromStdString(parser.propertyValue(i, "locname")))
         value.text.clear();
@@ -163,13 +165,23 @@ bool TemplateFiller::Private::isFilled(int index) const
     return !value.key.isEmpty() || (!value.text.trimmed().isEmpty() && value.text != specs.at(index).label);
 }
 
+int TemplateFiller::Private::firstMissing() const
+{
+    for (int i = 0; i < specs.size(); ++i) {
+        if (!specs.at(i).optional && !isFilled(i))
+            return i;
+    }
+    return -1;
+}
+
 FillerText::Shown TemplateFiller::Private::shown(int index) const
 {
     const ParameterSpec& spec = specs.at(index);
     const bool filled = isFilled(index);
     const ParameterState empty = spec.optional ? ParameterState::LeftEmpty : ParameterState::Missing;
+    const ParameterState full = editors->isUnknown(index) ? ParameterState::Unknown : ParameterState::Filled;
     const QString& value = values.at(index).text;
-    return {value.isEmpty() ? spec.label : value, filled ? ParameterState::Filled : empty};
+    return {spec.shown(value.isEmpty() ? spec.label : value), filled ? full : empty};
 }
 
 void TemplateFiller::Private::showParameter(int index)
@@ -319,7 +331,8 @@ QString TemplateFiller::filledTemplate(bool emptyOptional) const
         const bool leftEmpty = value.text.isEmpty() && spec.optional && emptyOptional;
         if (value == d->initial.at(i) && !leftEmpty)
             continue;
-        const QString text = value.text.isEmpty() && !leftEmpty ? spec.label : value.text;
+        const bool label = value.text.isEmpty() && !leftEmpty;
+        const QString text = label ? spec.label : value.text.isEmpty() ? QString() : spec.shown(value.text);
         if (QString::fromStdString(filled.displayText(index)) != text)
             filled.setDisplayText(index, text.toStdString());
         filled.setPropertyData(index, value.key.toStdString());
@@ -329,11 +342,15 @@ QString TemplateFiller::filledTemplate(bool emptyOptional) const
 
 bool TemplateFiller::isFilled() const
 {
-    for (int i = 0; i < d->specs.size(); ++i) {
-        if (!d->specs.at(i).optional && !d->isFilled(i))
-            return false;
-    }
-    return !d->html.isEmpty();
+    return !d->html.isEmpty() && d->firstMissing() < 0;
+}
+
+bool TemplateFiller::focusMissing()
+{
+    const int missing = d->firstMissing();
+    if (missing >= 0)
+        d->editors->focusEditor(missing);
+    return missing >= 0;
 }
 
 QString TemplateFiller::missing() const
@@ -387,10 +404,6 @@ void TemplateFiller::resizeEvent(QResizeEvent* event)
 void TemplateFiller::focusInEvent(QFocusEvent* event)
 {
     QWidget::focusInEvent(event);
-    if (d->specs.isEmpty())
-        return;
-    int wanted = 0;
-    while (wanted < d->specs.size() && (d->specs.at(wanted).optional || d->isFilled(wanted)))
-        ++wanted;
-    d->editors->focusEditor(wanted < d->specs.size() ? wanted : 0);
+    if (!d->specs.isEmpty() && !focusMissing())
+        d->editors->focusEditor(0);
 }

@@ -37,13 +37,15 @@ public:
     /// that no parameter has is ignored.
     void setParameterValue(unsigned int index, const QString& text, const QString& key);
     /// The html of a record: the template with shown texts and keys set, in all else unchanged. True leaves
-    /// optional parameters without a value empty; false shows their labels. A parameter that lacks its value
-    /// shows its label.
+    /// optional parameters without a value empty, with the words around them; false shows their labels. A parameter that
+    /// lacks its value shows its label.
     QString filledTemplate(bool emptyOptional) const;
     /// There is a template, and each parameter that is not optional has a key or a text other than its label.
     bool isFilled() const;
     /// What keeps it from being filled, in a sentence for the user; empty when nothing does.
     QString missing() const;
+    /// Gives the keyboard to the first parameter that has to be filled yet; false when there is none.
+    bool focusMissing();
     /// Follows changes of the reference data.
     void MessageData(TEventNciParse* event);
     /// A record with the present values was written: they are not kept any longer, and the free texts among them are

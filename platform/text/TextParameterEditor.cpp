@@ -24,6 +24,7 @@ TextParameterEditor::TextParameterEditor(const ParameterSpec& spec, LatelyUsed* 
     rows()->addWidget(m_edit);
     addInput(m_edit);
     m_popup = new SuggestionPopup(m_edit, m_model);
+    m_popup->setEnterStays(true); // the text may go on
 
     connect(m_edit, &QPlainTextEdit::textChanged, this, [this] {
         m_key.clear();
@@ -60,7 +61,7 @@ void TextParameterEditor::offer(bool all)
     }
     m_model->setItems(items);
     m_model->setQuery(typed);
-    m_popup->suggest(false);
+    m_popup->suggest(-1);
 }
 
 ParameterValue TextParameterEditor::value() const

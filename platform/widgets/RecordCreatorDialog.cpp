@@ -79,15 +79,41 @@ void RecordCreatorDialog::connectWidgets()
         connect(bar, &NoticeBar::chosen, this, &RecordCreatorDialog::answer);
 }
 
-/// The field in work takes what was typed as its own before it is saved, as it does when it is left.
+/// The field in work takes what was typed as its own before it is saved, as it does when it is left. What is missing gets
+/// the keyboard.
 void RecordCreatorDialog::saveByKey()
 {
     const QPointer<QWidget> field = focusWidget();
     if (field)
         field->clearFocus();
     save();
-    if (field && isVisible() && !focusWidget())
+    if (isVisible() && !focusWidget() && !goToMissing() && field)
         field->setFocus();
+}
+
+bool RecordCreatorDialog::goToMissing()
+{
+    if (m_mode != Mode::Create && m_mode != Mode::Edit)
+        return false;
+    if (m_form->templateFiller->focusMissing())
+        return true;
+    if (!m_form->counterpartEdit->isResolved()) {
+        m_form->counterpartEdit->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    return false;
+}
+
+/// Enter in the fields around the text: on to the next one.
+bool RecordCreatorDialog::goOn()
+{
+    if (m_form->eventTimeEdit->hasFocus())
+        m_form->counterpartEdit->setFocus(Qt::TabFocusReason);
+    else if (m_form->counterpartEdit->isAncestorOf(focusWidget()))
+        focusText();
+    else
+        return false;
+    return true;
 }
 
 void RecordCreatorDialog::init(CVrkCliMod* module)
@@ -313,6 +339,9 @@ void RecordCreatorDialog::closeEvent(QCloseEvent* event)
 
 void RecordCreatorDialog::keyPressEvent(QKeyEvent* event)
 {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && !(event->modifiers() & ~Qt::KeypadModifier) && goOn())
+        return;
     if (event->key() != Qt::Key_Escape || event->modifiers() != Qt::NoModifier)
         CPopTemplate::keyPressEvent(event);
     else if (m_form->questionBar->isVisible())

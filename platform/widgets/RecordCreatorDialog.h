@@ -82,6 +82,8 @@ private:
     QVector<QWidget*> fields() const;
     QString holdReason() const;
     void saveByKey();
+    bool goToMissing();
+    bool goOn();
     void requestClose();
     void leave();
     void answer(int answer);

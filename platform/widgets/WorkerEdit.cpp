@@ -4,7 +4,7 @@
 #include "SuggestionModel.h"
 #include "SuggestionPopup.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QToolButton>
@@ -59,7 +59,8 @@ void WorkerEdit::setWorker(const QByteArray& key, const QString& name)
     m_popup->hide();
     m_key = key;
     m_line->setText(key.isEmpty() ? QString() : name);
-    m_line->setCursorPosition(0); // of a long name the beginning is seen
+    if (!m_line->hasFocus())
+        m_line->setCursorPosition(0); // of a long name the beginning is seen
     emit changed();
 }
 
@@ -80,7 +81,7 @@ void WorkerEdit::suggest(const QString& query)
 {
     loadItems();
     m_model->setQuery(query);
-    m_popup->suggest(true);
+    m_popup->suggest(0);
 }
 
 void WorkerEdit::take(int row)
@@ -100,7 +101,12 @@ void WorkerEdit::takeTyped()
 
 bool WorkerEdit::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::FocusOut)
+    if (event->type() == QEvent::FocusOut) {
         takeTyped();
+        // Whoever comes back from another window goes on typing where he was.
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            m_line->setCursorPosition(0);
+    }
     return QWidget::eventFilter(watched, event);
 }

@@ -32,7 +32,8 @@ CloseWorkshiftDialog::CloseWorkshiftDialog(QWidget* parent, int flag)
     m_form->splitter_2->setSizes({340, 860});
     m_form->splitter->setSizes({280, 580});
     setUpForm(m_form->workersTable, m_form->templatesWidget, m_form->templateFiller,
-              QStringLiteral("close_wshift"));
+              QStringLiteral("close_wshift"), m_form->closeWorkshiftButton);
+    m_form->closeWorkshiftButton->setToolTip(QStringLiteral("Ctrl+Enter"));
 
     connect(m_form->cancelButton, &QPushButton::clicked, this, &CloseWorkshiftDialog::close);
     connect(m_filler, &TemplateFiller::templateChanged, this, &CloseWorkshiftDialog::updateStateControls);

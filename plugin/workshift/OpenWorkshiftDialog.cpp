@@ -30,7 +30,7 @@ OpenWorkshiftDialog::OpenWorkshiftDialog(QWidget* parent, int flag)
     m_form->splitter_3->setSizes({420, 780});
     m_form->splitter_2->setSizes({280, 580});
     setUpForm(m_form->workersTable, m_form->templatesWidget, m_form->templateFiller,
-              QStringLiteral("open_wshift"));
+              QStringLiteral("open_wshift"), m_form->applyButton);
     createConnections();
 }
 
@@ -185,12 +185,20 @@ void OpenWorkshiftDialog::updateStateControls()
                                 ? QString()
                                 : tr("Предыдущая смена заканчивается %1")
                                       .arg(m_lastWorkshiftEnd.toString(QStringLiteral("dd.MM.yyyy hh:mm")));
-    m_form->applyButton->setToolTip(overlap);
+    m_form->applyButton->setToolTip(overlap.isEmpty() ? QStringLiteral("Ctrl+Enter") : overlap);
     m_form->missingLabel->setText(m_form->workersTable->rowCount() == 0 ? tr("Добавьте сотрудников в смену")
                                   : from >= end() ? tr("Начало смены должно быть раньше конца")
                                   : !overlap.isEmpty()    ? overlap
                                   : !m_filler->isFilled() ? missingText()
                                                           : QString());
+}
+
+QWidget* OpenWorkshiftDialog::wrongField() const
+{
+    if (m_form->workersTable->rowCount() == 0)
+        return m_form->addWorkerButton;
+    const bool fits = start() < end() && (!m_lastWorkshiftEnd.isValid() || start() >= m_lastWorkshiftEnd);
+    return fits ? nullptr : m_form->startDateEdit;
 }
 
 void OpenWorkshiftDialog::updateWorkshiftControls()

@@ -49,6 +49,7 @@ private:
     void setDefaultWorkshiftComposition();
     void clearWorkers() override;
     void updateWorkshiftControls() override;
+    QWidget* wrongField() const override;
     void updateStateControls();
     void templateSelected();
 

@@ -14,6 +14,9 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QPointer>
+#include <QPushButton>
+#include <QShortcut>
 #include <QTableWidget>
 #include <QTextCodec>
 
@@ -37,8 +40,12 @@ QTextCodec* WorkshiftDialog::codec() const
 }
 
 void WorkshiftDialog::setUpForm(QTableWidget* crew, TemplatesWidget* templates, TemplateFiller* filler,
-                                const QString& property)
+                                const QString& property, QPushButton* apply)
 {
+    m_apply = apply;
+    for (int enter : {Qt::Key_Return, Qt::Key_Enter})
+        connect(new QShortcut(Qt::CTRL + enter, this), &QShortcut::activated, this,
+                &WorkshiftDialog::applyByKey);
     m_crewView = crew;
     m_crew = new CrewTable(crew, codec(), this);
     m_templates = templates;
@@ -124,6 +131,22 @@ void WorkshiftDialog::closeEvent(QCloseEvent* event)
     clearWorkers();
     m_templates->clearSelection();
     CPopTemplate::closeEvent(event);
+}
+
+/// The field in work takes what was typed as its own before the button is pressed, as it does when it is left. What is
+/// missing gets the keyboard.
+void WorkshiftDialog::applyByKey()
+{
+    const QPointer<QWidget> field = focusWidget();
+    if (field)
+        field->clearFocus();
+    m_apply->click();
+    if (!isVisible() || focusWidget())
+        return;
+    if (QWidget* wrong = wrongField())
+        wrong->setFocus(Qt::TabFocusReason);
+    else if (!m_filler->focusMissing() && field)
+        field->setFocus();
 }
 
 void WorkshiftDialog::keyPressEvent(QKeyEvent* event)

@@ -11,6 +11,7 @@ class CrewTable;
 class CRowBatch;
 class CVrkCliMod;
 class OrgStructDialog;
+class QPushButton;
 class QTableWidget;
 class QTextCodec;
 class TemplateFiller;
@@ -54,9 +55,11 @@ protected:
     WorkshiftDialog(QWidget* parent, int flag);
 
     /// Ties the shared parts to the form that the derived dialog has set up; \a property is what the templates on
-    /// offer have to carry.
+    /// offer have to carry, \a apply the button that Ctrl+Enter presses.
     void setUpForm(QTableWidget* crew, TemplatesWidget* templates, TemplateFiller* filler,
-                   const QString& property);
+                   const QString& property, QPushButton* apply);
+    /// The widget beside the text that has to be put right before the button can be pressed; null when none has.
+    virtual QWidget* wrongField() const { return nullptr; }
     void closeEvent(QCloseEvent* event) override;
     /// Escape closes, as everywhere; what was typed for the template is offered again.
     void keyPressEvent(QKeyEvent* event) override;
@@ -94,8 +97,10 @@ protected:
 
 private:
     void setCrewTables();
+    void applyByKey();
 
     QTableWidget* m_crewView = nullptr;
+    QPushButton* m_apply = nullptr;
     QMap<QString, CModelTable*> m_tables;
 };
 

@@ -5,10 +5,11 @@
 #include "SuggestionModel.h"
 #include "TEventNciParse.h"
 
-#include <QComboBox>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolButton>
+#include <QWindow>
 
 namespace
 {
@@ -35,7 +36,9 @@ private slots:
     void anUnreadableDateIsNoValueAndSaysSo();
     void theButtonSetsThePresentTime();
     void aListChoosesByLettersAndNotByTheWheel();
+    void aListIsFoundByPartsAndHoldsNothingElse();
     void aValueThatTheListLacksStays();
+    void theCursorStandsBehindWhatWasTaken();
     void anIntervalReadsFromTo();
     void anIntervalNeedsBothEndsInOrder();
     void anIntervalOfAnotherFormStaysUntilItIsChanged();
@@ -46,6 +49,7 @@ private slots:
     void aNameTypedInFullGetsItsKey();
     void changingATakenTextDropsItsKey();
     void anUnknownNameIsTakenAsTyped();
+    void anUnknownNameIsToldAndLooksDifferent();
     void equipmentIsThatOfTheOwnAreaAtFirst();
     void equipmentPathsNameThePlace();
     void voltagesAreThoseOfTheEquipment();
@@ -54,6 +58,7 @@ private slots:
     void crewNamesAreCompletedOneByOne();
     void changesOfTheReferenceDataArrive();
     void aLostStoreLeavesFreeTyping();
+    void aLongListIsShownAndLeavesNoWindow();
 
 private:
     TestStore m_store;
@@ -157,20 +162,73 @@ void FillerEditors_test::aListChoosesByLettersAndNotByTheWheel()
     setting.filler.setTemplate(list("Операция", {"отключить", "включить", "вывести"}) +
                                parameter("text", "x"));
     setting.filler.setFocus();
-    auto* combo = setting.input<QComboBox>(0);
+    auto* line = setting.input<QLineEdit>(0);
     setting.type(QStringLiteral("в"));
-    QCOMPARE(setting.shown(0), QStringLiteral("включить"));
-    setting.press(Qt::Key_Down);
-    QCOMPARE(setting.shown(0), QStringLiteral("вывести"));
-    QWheelEvent wheel(QPointF(5, 5), combo->mapToGlobal(QPoint(5, 5)), QPoint(), QPoint(0, 120), Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(combo, &wheel);
-    QCOMPARE(setting.shown(0), QStringLiteral("вывести"));
+    QCOMPARE(setting.suggested(), QStringList({QStringLiteral("включить"), QStringLiteral("вывести")}));
     setting.press(Qt::Key_Return);
+    QCOMPARE(setting.shown(0), QStringLiteral("включить"));
     QCOMPARE(QApplication::focusWidget(), setting.input(1));
-    combo->setFocus();
-    setting.press(Qt::Key_Home);
+    line->setFocus(Qt::TabFocusReason);
+    setting.press(Qt::Key_Down); // the whole list, from the value on
+    QCOMPARE(setting.suggested().size(), 3);
+    setting.press(Qt::Key_Down);
+    setting.press(Qt::Key_Tab);
+    QCOMPARE(setting.shown(0), QStringLiteral("вывести"));
+    QCOMPARE(QApplication::focusWidget(), setting.input(1));
+    QWheelEvent wheel(QPointF(5, 5), line->mapToGlobal(QPoint(5, 5)), QPoint(), QPoint(0, 120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(line, &wheel);
+    QCOMPARE(setting.shown(0), QStringLiteral("вывести"));
+    line->setFocus(Qt::TabFocusReason);
+    setting.press(Qt::Key_Delete);
     QVERIFY(setting.filler.filledTemplate(true).contains(QStringLiteral(">Операция</a>")));
+}
+
+void FillerEditors_test::aListIsFoundByPartsAndHoldsNothingElse()
+{
+    Setting setting(m_store);
+    setting.filler.setTemplate(list("Операция", {"отключить", "включить", "вывести в ремонт"}) +
+                               parameter("text", "x"));
+    setting.filler.setFocus();
+    setting.type(QStringLiteral("рем"));
+    QCOMPARE(setting.suggested(), QStringList{QStringLiteral("вывести в ремонт")});
+    QVERIFY(!setting.filler.isFilled());
+    setting.press(Qt::Key_Escape);
+    setting.press(Qt::Key_Return);
+    QCOMPARE(setting.complaint(0), QStringLiteral("⚠ Такого значения нет в списке"));
+    QVERIFY(setting.filler.filledTemplate(true).contains(QStringLiteral(">Операция</a>")));
+    setting.input(0)->setFocus(Qt::TabFocusReason);
+    setting.type(QStringLiteral("Включить")); // in full, without the list
+    QCOMPARE(setting.complaint(0), QString());
+    setting.press(Qt::Key_Escape);
+    setting.press(Qt::Key_Return);
+    QCOMPARE(setting.shown(0), QStringLiteral("включить"));
+    QCOMPARE(setting.input<QLineEdit>(0)->text(), QStringLiteral("включить"));
+}
+
+void FillerEditors_test::theCursorStandsBehindWhatWasTaken()
+{
+    Setting setting(m_store);
+    setting.filler.setTemplate(parameter("shift_workers", "Смена") + parameter("employee_fio", "Кто"));
+    setting.filler.setFocus();
+    setting.type(QStringLiteral("петр"));
+    setting.press(Qt::Key_Return);
+    auto* crew = setting.input<QLineEdit>(0);
+    QCOMPARE(QApplication::focusWidget(), crew); // another name may follow
+    QCOMPARE(crew->cursorPosition(), crew->text().size());
+    auto* who = setting.input<QLineEdit>(1);
+    who->setFocus();
+    setting.type(QStringLiteral("петр"));
+    const QModelIndex first = setting.popup()->model()->index(0, 0);
+    QTest::mouseClick(setting.popup()->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      setting.popup()->visualRect(first).center());
+    QCOMPARE(setting.key(1), QStringLiteral("WORKER_PETROV"));
+    QCOMPARE(who->cursorPosition(), who->text().size());
+    QFocusEvent left(QEvent::FocusOut, Qt::ActiveWindowFocusReason); // to another window and back
+    QApplication::sendEvent(who, &left);
+    QCOMPARE(who->cursorPosition(), who->text().size());
+    crew->setFocus();
+    QCOMPARE(who->cursorPosition(), 0); // of a long name the beginning is seen
 }
 
 void FillerEditors_test::aValueThatTheListLacksStays()
@@ -178,7 +236,12 @@ void FillerEditors_test::aValueThatTheListLacksStays()
     Setting setting(m_store);
     setting.filler.setTemplate(list("Вид", {"один"}));
     setting.filler.setParameterValue(0, QStringLiteral("свой"), QString());
-    QCOMPARE(setting.input<QComboBox>(0)->currentText(), QStringLiteral("свой"));
+    QCOMPARE(setting.input<QLineEdit>(0)->text(), QStringLiteral("свой"));
+    QVERIFY(setting.filler.isFilled());
+    setting.filler.setFocus();
+    setting.press(Qt::Key_Tab);
+    QCOMPARE(setting.complaint(0), QString());
+    QCOMPARE(setting.shown(0), QStringLiteral("свой"));
     setting.filler.setTemplate(parameter("list", "Пустой список"));
     setting.filler.setFocus();
     setting.type(QStringLiteral("свободно"));
@@ -270,10 +333,12 @@ void FillerEditors_test::aWorkerIsFoundByPartsOfHisName()
     QTEST(setting.popup()->model()->index(0, 0).data(SuggestionModel::DetailRole).toString(), "detail");
     setting.press(Qt::Key_Return);
     QVERIFY(!setting.popup());
-    QCOMPARE(QApplication::focusWidget(), setting.input(0)); // Enter took the suggestion and no more
     QCOMPARE(setting.shown(0), shown);
     QCOMPARE(setting.key(0), QStringLiteral("WORKER_PETROV"));
-    setting.press(Qt::Key_Return);
+    if (name.startsWith("shift_workers")) {
+        QCOMPARE(QApplication::focusWidget(), setting.input(0)); // another name may follow
+        setting.press(Qt::Key_Return);
+    }
     QCOMPARE(QApplication::focusWidget(), setting.input(1));
     QCOMPARE(setting.shown(0), shown);
 }
@@ -345,6 +410,46 @@ void FillerEditors_test::anUnknownNameIsTakenAsTyped()
     QCOMPARE(setting.shown(0), QStringLiteral("Туманов И. К."));
 }
 
+void FillerEditors_test::anUnknownNameIsToldAndLooksDifferent()
+{
+    Setting setting(m_store);
+    setting.filler.setTemplate(parameter("employee_fio", "Кто") + parameter("shift_workers", "Смена"));
+    setting.filler.setFocus();
+    const auto underline = [&setting](int index) {
+        const QRect at = setting.text()->parameterRect(index);
+        QTextCursor cursor = setting.text()->cursorForPosition(at.center());
+        cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+        return cursor.charFormat().underlineStyle();
+    };
+    setting.type(QStringLiteral("Туманов И. К."));
+    QCOMPARE(setting.complaint(0), QString()); // not while he is at it
+    setting.press(Qt::Key_Return);
+    QCOMPARE(setting.complaint(0), QStringLiteral("Нет в справочнике: будет записано, как введено"));
+    QCOMPARE(setting.label(0), QStringLiteral("✎ Кто"));
+    QCOMPARE(underline(0), QTextCharFormat::WaveUnderline);
+
+    setting.type(QStringLiteral("петр"));
+    setting.press(Qt::Key_Return);
+    setting.type(QStringLiteral(", Туманов"));
+    setting.press(Qt::Key_Tab);
+    QCOMPARE(setting.complaint(1), QStringLiteral("Нет в справочнике: Туманов"));
+
+    setting.input(0)->setFocus(Qt::TabFocusReason);
+    setting.type(QStringLiteral("петр"));
+    QCOMPARE(setting.complaint(0), QString());
+    setting.press(Qt::Key_Return);
+    QCOMPARE(setting.complaint(0), QString());
+    QCOMPARE(setting.label(0), QStringLiteral("✓ Кто"));
+    QVERIFY(underline(0) != QTextCharFormat::WaveUnderline);
+
+    // A record that holds such a name tells it when it is opened.
+    const QString record = setting.filler.filledTemplate(true);
+    setting.filler.setTemplate(QString());
+    setting.filler.setTemplate(record);
+    QCOMPARE(setting.label(0), QStringLiteral("✓ Кто"));
+    QCOMPARE(setting.label(1), QStringLiteral("✎ Смена"));
+}
+
 void FillerEditors_test::equipmentIsThatOfTheOwnAreaAtFirst()
 {
     Setting setting(m_store, QStringLiteral("smirnov")); // ЗДГ: the line belongs to the department above
@@ -404,7 +509,9 @@ void FillerEditors_test::voltagesAreThoseOfTheEquipment()
     QCOMPARE(setting.suggested(), QStringList{QStringLiteral("110 кВ")});
     setting.press(Qt::Key_Return);
     QCOMPARE(setting.shown(0), QStringLiteral("110 кВ"));
-    QCOMPARE(setting.input<QComboBox>(1)->count(), 2);
+    QCOMPARE(QApplication::focusWidget(), setting.input(1));
+    setting.press(Qt::Key_Down);
+    QCOMPARE(setting.suggested(), QStringList{QStringLiteral("6 кВ")});
 }
 
 void FillerEditors_test::departmentsAndOrganizationsAreOffered()
@@ -488,6 +595,42 @@ void FillerEditors_test::aLostStoreLeavesFreeTyping()
     const HtmlParser parser(filler.filledTemplate(true).toStdString());
     QCOMPARE(parser.displayText(0), std::string("Петров"));
     QCOMPARE(parser.displayText(1).size(), std::size_t(5));
+}
+
+void FillerEditors_test::aLongListIsShownAndLeavesNoWindow()
+{
+    TestStore store;
+    const std::unique_ptr<Store> loader = store.openLoader();
+    for (int i = 0; i < 30; ++i) {
+        QVERIFY(TestStore::write(loader.get(), "Workers", ROW_INSERT, "WORKER_LONG" + QByteArray::number(i),
+                                 {{"lastName", QStringLiteral("Длинный%1").arg(i)},
+                                  {"DepartmentKey", "DEP_CDS"},
+                                  {"deleted_", 0}}));
+    }
+    Setting setting(store);
+    setting.filler.setTemplate(parameter("employee_fio", "Кто"));
+    setting.filler.setFocus();
+    setting.press(Qt::Key_Down);
+    QListView* list = setting.popup();
+    QVERIFY(list);
+    QVERIFY(list->windowHandle()->isVisible());
+    QVERIFY(list->verticalScrollBar()->isVisible());
+    const auto below = [&] { return setting.input(0)->mapToGlobal(QPoint(0, setting.input(0)->height())); };
+    QCOMPARE(list->pos(), below());
+    setting.type(QStringLiteral("длинный1")); // eleven of them: still more than fit in
+    QVERIFY(setting.popup());
+    setting.press(Qt::Key_PageDown);
+    setting.press(Qt::Key_Return);
+    QCOMPARE(setting.shown(0), QStringLiteral("Длинный19"));
+    QVERIFY(!list->isVisible());
+    QVERIFY(!list->windowHandle()->isVisible());
+
+    setting.filler.setFocus();
+    setting.press(Qt::Key_Down);
+    QVERIFY(setting.popup());
+    setting.filler.move(setting.filler.pos() + QPoint(40, 40)); // the list does not stay behind
+    QVERIFY(!setting.popup());
+    QVERIFY(!list->windowHandle()->isVisible());
 }
 
 QTEST_MAIN(FillerEditors_test)

@@ -5,7 +5,6 @@
 #include "LatelyUsed.h"
 #include "LogWatch.h"
 
-#include <QComboBox>
 #include <QLineEdit>
 #include <QRandomGenerator>
 #include <QSignalSpy>
@@ -27,6 +26,7 @@ private slots:
     void aLabelAsTextIsNoValue();
     void aKeyAloneFillsAParameter();
     void optionalParametersMayStayEmpty();
+    void wordsAroundAValueGoWithIt();
     void theRecordKeepsPropertiesAndAllElse();
     void anUntouchedTextComesBackToTheLetter();
     void aRecordShowsItsValuesForEditing();
@@ -147,6 +147,34 @@ void TemplateFiller_test::optionalParametersMayStayEmpty()
     QCOMPARE(TemplateText::plain(filler.filledTemplate(true)), QStringLiteral("Бланк № 7."));
 }
 
+void TemplateFiller_test::wordsAroundAValueGoWithIt()
+{
+    const QString html =
+        QStringLiteral("Готово.") +
+        parameter("text", "Номер", {{"optional", ""}, {"before", " Бланк № "}, {"after", "."}}) +
+        QStringLiteral(" Конец");
+    Setting setting(m_store);
+    TemplateFiller& filler = setting.filler;
+    filler.setTemplate(html);
+    QVERIFY(setting.text()->toPlainText().contains(QStringLiteral("Готово. Бланк № Номер. Конец")));
+    QCOMPARE(TemplateText::plain(filler.filledTemplate(true)), QStringLiteral("Готово. Конец"));
+    filler.setParameterValue(0, QStringLiteral("7"), QString());
+    const QString record = filler.filledTemplate(true);
+    QCOMPARE(TemplateText::plain(record), QStringLiteral("Готово. Бланк № 7. Конец"));
+    QVERIFY(setting.text()->toPlainText().contains(QStringLiteral("Готово. Бланк № 7. Конец")));
+
+    // The record is changed later: the value alone stands in the field, and takes the words along.
+    filler.setTemplate(record);
+    QCOMPARE(setting.input<GrowingTextEdit>(0)->toPlainText(), QStringLiteral("7"));
+    QCOMPARE(filler.filledTemplate(true), record);
+    filler.setParameterValue(0, QString(), QString());
+    const QString emptied = filler.filledTemplate(true);
+    QCOMPARE(TemplateText::plain(emptied), QStringLiteral("Готово. Конец"));
+    filler.setTemplate(emptied);
+    filler.setParameterValue(0, QStringLiteral("8"), QString());
+    QCOMPARE(TemplateText::plain(filler.filledTemplate(true)), QStringLiteral("Готово. Бланк № 8. Конец"));
+}
+
 void TemplateFiller_test::theRecordKeepsPropertiesAndAllElse()
 {
     HtmlParser source((QStringLiteral("<p>Вывести <s>") + parameter("substation", "ПС", {{"idx", "0"}}) +
@@ -190,7 +218,7 @@ void TemplateFiller_test::aRecordShowsItsValuesForEditing()
     setting.filler.setTemplate(QString());
     setting.filler.setTemplate(record);
     QVERIFY(setting.filler.isFilled());
-    QCOMPARE(setting.input<QComboBox>(0)->currentText(), QStringLiteral("два"));
+    QCOMPARE(setting.input<QLineEdit>(0)->text(), QStringLiteral("два"));
     QCOMPARE(setting.input<GrowingTextEdit>(1)->toPlainText(), QStringLiteral("одна\nдве"));
     QCOMPARE(setting.input<QLineEdit>(2)->text(), QStringLiteral("Петров"));
     QCOMPARE(setting.input<QLineEdit>(3)->text(), QStringLiteral("21:08"));
@@ -305,6 +333,13 @@ void TemplateFiller_test::theKeyboardBeginsAtTheFirstGap()
     setting.filler.setParameterValue(1, QStringLiteral("x"), QString());
     setting.filler.setFocus();
     QCOMPARE(QApplication::focusWidget(), setting.input(2));
+    setting.input(0)->setFocus();
+    QVERIFY(setting.filler.focusMissing());
+    QCOMPARE(QApplication::focusWidget(), setting.input(2));
+    setting.filler.setParameterValue(2, QStringLiteral("y"), QString());
+    setting.input(0)->setFocus();
+    QVERIFY(!setting.filler.focusMissing());
+    QCOMPARE(QApplication::focusWidget(), setting.input(0));
 }
 
 void TemplateFiller_test::blankAndLongTextsAreNotOffered()
