@@ -180,7 +180,7 @@ std::string DemoFiller::fill(const DemoTemplate& record, const Scene& scene, con
                 text = told.takeAt(t).second;
                 break;
             }
-        parser.setDisplayText(i, text.toStdString());
+        parser.setValueText(i, text.toStdString());
         for (const DemoSubstation& other : m_network.substations())
             if (text == other.name) {
                 place.substation = &other; // what follows speaks of this one

@@ -22,7 +22,24 @@ struct Parameter {
     bool optional = false;
     QString label;
     QString more;
+    QString before; ///< words that stand in the text only with the value
+    QString after;
 };
+
+/// Takes the words around the value off the end of what follows the label: "; Бланк № …." Lists and dates have their
+/// values and their layout before them.
+void readWords(Parameter* parameter)
+{
+    const bool hasMore =
+        parameter->type == QLatin1String("list") || parameter->type == QLatin1String("datetime");
+    const int begin = hasMore ? parameter->more.indexOf(QLatin1Char(';')) + 1 : 0;
+    const int value = parameter->more.indexOf(QChar(0x2026), begin);
+    if ((hasMore && begin == 0) || value < 0)
+        return;
+    parameter->before = parameter->more.mid(begin, value - begin);
+    parameter->after = parameter->more.mid(value + 1);
+    parameter->more.truncate(qMax(0, begin - 1));
+}
 
 bool readParameter(const QString& text, Parameter* parameter)
 {
@@ -37,6 +54,7 @@ bool readParameter(const QString& text, Parameter* parameter)
     const int semicolon = rest.indexOf(QLatin1Char(';'));
     parameter->label = rest.left(semicolon).trimmed();
     parameter->more = semicolon < 0 ? QString() : rest.mid(semicolon + 1);
+    readWords(parameter);
     return !parameter->label.isEmpty();
 }
 
@@ -55,6 +73,10 @@ std::string parameterHtml(const Parameter& parameter, int index)
     }
     if (parameter.optional)
         properties.emplace_back("optional", "1");
+    if (!parameter.before.isEmpty())
+        properties.emplace_back("before", parameter.before.toStdString());
+    if (!parameter.after.isEmpty())
+        properties.emplace_back("after", parameter.after.toStdString());
     return HtmlParser::createParameter(properties, parameter.label.toStdString());
 }
 

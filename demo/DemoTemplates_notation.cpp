@@ -21,6 +21,10 @@ QString parameterNotation(const HtmlParser& parser, unsigned index)
             values << QString::fromStdString(value);
         notation += QLatin1Char(';') + values.join(QLatin1Char('|'));
     }
+    const QString before = QString::fromStdString(parser.propertyValue(index, "before"));
+    const QString after = QString::fromStdString(parser.propertyValue(index, "after"));
+    if (!before.isEmpty() || !after.isEmpty())
+        notation += QLatin1Char(';') + before + QChar(0x2026) + after;
     return QLatin1Char('{') + notation + QLatin1Char('}');
 }
 } // namespace

@@ -246,10 +246,11 @@ void TemplateEditor::Private::showPreview()
     QVector<FillerText::Shown> shown;
     for (unsigned i = 0; i < parser.countParameters(); ++i) {
         const ParameterSpec spec = ParameterSpec::read(parser, i);
-        const QString value = QString::fromStdString(parser.displayText(i));
+        const QString value = QString::fromStdString(parser.valueText(i));
         const bool filled = !value.trimmed().isEmpty() && value != spec.label;
         const ParameterState empty = spec.optional ? ParameterState::LeftEmpty : ParameterState::Missing;
-        shown.append({value.isEmpty() ? spec.label : value, filled ? ParameterState::Filled : empty});
+        shown.append(
+            {spec.shown(value.isEmpty() ? spec.label : value), filled ? ParameterState::Filled : empty});
     }
     const int scrolled = preview->verticalScrollBar()->value();
     preview->showText(TemplateText::runs(told), shown);

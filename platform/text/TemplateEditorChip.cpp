@@ -25,7 +25,7 @@ QTextCharFormat TemplateEditorChip::format() const
     format.setVerticalAlignment(QTextCharFormat::AlignMiddle);
     format.setObjectType(ObjectType);
     format.setProperty(Element, html());
-    format.setProperty(Caption, shown.simplified());
+    format.setProperty(Caption, (property("before") + shown + property("after")).simplified());
     format.setProperty(Optional, hasProperty("optional"));
     return format;
 }

@@ -23,6 +23,16 @@ QStringList valuesOf(const TemplateEditorChip& chip)
     return values;
 }
 
+void setWords(TemplateEditorChip& chip, const char* name, const QString& words)
+{
+    if (words == chip.property(name))
+        return;
+    if (words.isEmpty())
+        chip.removeProperty(name);
+    else
+        chip.setProperty(name, words);
+}
+
 bool isStorable(const QString& text)
 {
     for (const char invalid : HtmlParser::invalidChars(false)) {
@@ -38,6 +48,8 @@ TemplateEditorDialog::TemplateEditorDialog(const TemplateEditorChip& chip, QWidg
       m_chip(chip),
       m_label(new QLineEdit(this)),
       m_optional(new QCheckBox(this)),
+      m_before(new QLineEdit(this)),
+      m_after(new QLineEdit(this)),
       m_notice(new QLabel(this))
 {
     setObjectName(QStringLiteral("templateParameterDialog"));
@@ -81,6 +93,15 @@ TemplateEditorDialog::TemplateEditorDialog(const TemplateEditorChip& chip, QWidg
     m_optional->setText(tr("Можно &оставить пустым"));
     m_optional->setChecked(chip.hasProperty("optional"));
     form->addRow(m_optional);
+    m_before->setObjectName(QStringLiteral("parameterBefore"));
+    m_before->setText(chip.property("before"));
+    form->addRow(tr("Слова п&еред значением"), m_before);
+    m_after->setObjectName(QStringLiteral("parameterAfter"));
+    m_after->setText(chip.property("after"));
+    form->addRow(tr("Слова &после значения"), m_after);
+    for (QLineEdit* words : {m_before, m_after})
+        words->setToolTip(
+            tr("Стоят в записи только вместе со значением: если поле оставлено пустым, нет и их"));
 
     m_notice->setObjectName(QStringLiteral("parameterNotice"));
     m_notice->setWordWrap(true);
@@ -124,7 +145,8 @@ QString TemplateEditorDialog::problem() const
     if (m_values && values().isEmpty())
         return tr("Список не может быть пустым");
     const bool storable = isStorable(m_label->text()) && (!m_format || isStorable(m_format->currentText())) &&
-                          (!m_values || isStorable(m_values->toPlainText()));
+                          (!m_values || isStorable(m_values->toPlainText())) &&
+                          isStorable(m_before->text()) && isStorable(m_after->text());
     if (!storable) {
         return tr("Символы %1 в параметре не хранятся")
             .arg(QString::fromStdString(HtmlParser::invalidChars(true)));
@@ -155,6 +177,8 @@ TemplateEditorChip TemplateEditorDialog::chip() const
             list.push_back(value.toStdString());
         chip.setProperty("list", QString::fromStdString(HtmlParser::createListProperty(list)));
     }
+    setWords(chip, "before", m_before->text());
+    setWords(chip, "after", m_after->text());
     if (m_optional->isChecked() != chip.hasProperty("optional")) {
         if (m_optional->isChecked())
             chip.setProperty("optional", QStringLiteral("1"));

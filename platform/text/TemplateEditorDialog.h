@@ -11,7 +11,7 @@ class QLineEdit;
 class QPlainTextEdit;
 
 /// Asks for what the author of a template may set on a parameter: its label, the layout of a date, the values of a
-/// list, and whether it may stay empty. All else of the parameter stays as it is.
+/// list, whether it may stay empty, and the words that go with its value. All else of the parameter stays as it is.
 class TemplateEditorDialog : public QDialog
 {
     Q_OBJECT
@@ -36,5 +36,7 @@ private:
     QLabel* m_sample = nullptr;
     QPlainTextEdit* m_values = nullptr;
     QCheckBox* m_optional;
+    QLineEdit* m_before;
+    QLineEdit* m_after;
     QLabel* m_notice;
 };

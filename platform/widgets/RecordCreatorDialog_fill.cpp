@@ -19,7 +19,7 @@ const char* const UsualTimeFormat = "dd.MM.yyyy hh:mm";
 
 bool isEmpty(const HtmlParser& parser, unsigned index)
 {
-    const QString shown = QString::fromStdString(parser.displayText(index)).trimmed();
+    const QString shown = QString::fromStdString(parser.valueText(index)).trimmed();
     return parser.propertyData(index).empty() &&
            (shown.isEmpty() || shown == ParameterSpec::read(parser, index).label.trimmed());
 }
@@ -93,7 +93,7 @@ void RecordCreatorDialog::eventTimeEdited()
     if (!m_autoTime.isEmpty() && !found.isEmpty()) {
         const HtmlParser parser(m_form->templateFiller->filledTemplate(false).toStdString());
         // Follows the time of the event as long as the user has not set it himself.
-        if (QString::fromStdString(parser.displayText(found.first())) == m_autoTime) {
+        if (QString::fromStdString(parser.valueText(found.first())) == m_autoTime) {
             const bool clean = !isDirty();
             writeAutoTime(parser, found.first());
             if (clean)

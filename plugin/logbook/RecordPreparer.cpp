@@ -68,9 +68,9 @@ void RecordPreparer::fillObject(MDRData* record, const Fields& fields)
     for (unsigned i = 0; i < parser.countParameters() && (substation.empty() || line.empty()); ++i) {
         const std::string name = parser.propertyNameValue(i);
         if (qstricmp(name.c_str(), "substation") == 0)
-            substation = parser.displayText(i);
+            substation = parser.valueText(i);
         else if (qstricmp(name.c_str(), "line") == 0)
-            line = parser.displayText(i);
+            line = parser.valueText(i);
     }
     // The other way round than the column's header, and meant so.
     const std::string object = substation + (substation.empty() || line.empty() ? "" : "/") + line;

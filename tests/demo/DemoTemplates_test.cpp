@@ -73,6 +73,40 @@ private slots:
         QVERIFY(record.html.find("text-decoration: line-through;\">gone</span>") != std::string::npos);
     }
 
+    void readsTheWordsAroundAValue()
+    {
+        const QString text =
+            QStringLiteral("Begin.{text?:Label; № ….} {list?:Choice;a|b; (…)} {datetime:T;hh:mm}");
+        QString error;
+        const std::string html = DemoTemplates::html(text, &error);
+        QCOMPARE(error, QString());
+        const HtmlParser parser(html);
+        QCOMPARE(parser.propertyValue(0, "before"), std::string(" № "));
+        QCOMPARE(parser.propertyValue(0, "after"), std::string("."));
+        QCOMPARE(parser.propertyValue(1, "before"), std::string(" ("));
+        QCOMPARE(parser.propertyValue(1, "after"), std::string(")"));
+        QCOMPARE(HtmlParser::listValues(parser.propertyValue(1, "list")),
+                 (std::vector<std::string>{"a", "b"}));
+        QCOMPARE(parser.propertyValue(2, "format"), std::string("hh:mm"));
+        QVERIFY(!parser.isExistProperty(2, "before"));
+        QCOMPARE(DemoTemplates::notation(html), text);
+    }
+
+    void noBuiltInTextLeavesWordsWithoutTheirValue()
+    {
+        for (const DemoTemplate& demo : DemoTemplates::builtIn()) {
+            static const QRegularExpression optional(QStringLiteral("\\{\\w+\\?:[^}]*\\}"));
+            static const QRegularExpression others(QStringLiteral("\\{[^}]*\\}"));
+            static const QRegularExpression left(
+                QStringLiteral("№ *[.,;]|: *[.,;]|: *$|[.,] *[.,]|  |до *м/с"));
+            const QString notation = DemoTemplates::notation(HtmlParser(demo.html).readyHtml(false));
+            QVERIFY2(!notation.isEmpty(), qPrintable(demo.name));
+            const QString text =
+                QString(notation).remove(optional).replace(others, QStringLiteral("x")).trimmed();
+            QVERIFY2(!left.match(text).hasMatch(), qPrintable(text));
+        }
+    }
+
     void saysWhatIsWrong_data()
     {
         QTest::addColumn<QString>("from");

@@ -97,6 +97,7 @@ private slots:
     void theDialogChangesTheFormat();
     void theDialogChangesTheValuesOfAList();
     void theDialogChangesOptional();
+    void theDialogSetsTheWordsAroundAValue();
     void theDialogKeepsAllOtherProperties();
     void aDialogWithoutChangesChangesNothing();
     void aDialogThatIsCancelledChangesNothing();
@@ -476,6 +477,30 @@ void TemplateEditorParameters_test::theDialogChangesOptional()
         QTRY_VERIFY(!bench.dialog());
     }
     QCOMPARE(bench.now(), Bench::parameter("text", "Кто"));
+}
+
+void TemplateEditorParameters_test::theDialogSetsTheWordsAroundAValue()
+{
+    Bench bench;
+    bench.editor.setTemplateText(Bench::parameter("text", "Номер"));
+    bench.press(Qt::Key_F2);
+    typeText(bench.dialog()->findChild<QLineEdit*>(QStringLiteral("parameterBefore")),
+             QStringLiteral(" Бланк № "));
+    typeText(bench.dialog()->findChild<QLineEdit*>(QStringLiteral("parameterAfter")), QStringLiteral("<"));
+    bench.pressInDialog(Qt::Key_Return);
+    QVERIFY(bench.dialog()); // such a sign cannot be stored
+    auto* after = bench.dialog()->findChild<QLineEdit*>(QStringLiteral("parameterAfter"));
+    after->clear();
+    typeText(after, QStringLiteral("."));
+    bench.pressInDialog(Qt::Key_Return);
+    const QString worded = Bench::parameter("text", "Номер", {{"before", " Бланк № "}, {"after", "."}});
+    QCOMPARE(bench.now(), worded);
+    QTRY_VERIFY(!bench.dialog());
+    bench.press(Qt::Key_F2);
+    bench.dialog()->findChild<QLineEdit*>(QStringLiteral("parameterBefore"))->clear();
+    bench.dialog()->findChild<QLineEdit*>(QStringLiteral("parameterAfter"))->clear();
+    bench.pressInDialog(Qt::Key_Return);
+    QCOMPARE(bench.now(), Bench::parameter("text", "Номер"));
 }
 
 void TemplateEditorParameters_test::theDialogKeepsAllOtherProperties()
