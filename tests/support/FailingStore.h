@@ -4,7 +4,7 @@
 
 #include <QList>
 
-/// A real store whose next requests fail as the test says.
+/// A real store whose next requests fail as the test says, and whose clock may go otherwise than that of the workstation.
 class FailingStore : public Store
 {
 public:
@@ -14,6 +14,7 @@ public:
         int lostAnswers = 0;       ///< of the next writes so many are written, but the answer is lost
         int failedSelects = 0;     ///< of the next selects so many fail
         int writes = 0;            ///< writes asked for so far
+        double clockAhead = 0;     ///< seconds that the server's clock is ahead of the real one
         QList<QByteArray> selects; ///< asked for so far
     };
 
@@ -37,7 +38,7 @@ public:
         return m_store->departments(userKey);
     }
     bool hasRight(const QByteArray& right) override { return m_store->hasRight(right); }
-    double serverTime() override { return m_store->serverTime(); }
+    double serverTime() override { return m_store->serverTime() + m_plan->clockAhead; }
     MDArray* select(const QByteArray& sql, StoreError* error) override
     {
         m_plan->selects.append(sql);

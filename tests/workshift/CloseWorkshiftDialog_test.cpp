@@ -1,12 +1,19 @@
 #include "CloseWorkshiftDialog.h"
 
+#include "AppendWorkerDialog.h"
 #include "CPopMessageBox.h"
 #include "CVrkLogBook.h"
 #include "LogBookWidget.h"
+#include "LogWatch.h"
 #include "OpenWorkshiftDialog.h"
 #include "OrgStructDialog.h"
+#include "OrgStructWidget.h"
+#include "RecordCreatorDialog.h"
 #include "TemplateFiller.h"
+#include "TemplatesWidget.h"
 #include "TestClient.h"
+#include "Typing.h"
+#include "WorkshiftInfoDialog.h"
 
 #include <memory>
 #include <QAction>
@@ -37,8 +44,13 @@ private slots:
     void withoutTakersOverNoRowIsWritten();
     void anyTimeOfTheEventWillDo();
     void anUnfilledTemplateHoldsTheClosingBack();
+    void controlEnterGoesToWhatIsMissingOrCloses();
     void aSecondShowingStartsAfresh();
     void aTakerOverIsAddedOnceAndRemoved();
+    void onlyTheCloserIsMarked();
+    void aTemplateWithoutTextIsLogged();
+    void newTemplatesComeToOpenDialogs();
+    void aNewWorkerComesToTheStructure();
     void theShiftClosedByAnotherClosesTheDialog();
     void theShiftOpenedByAnotherClosesTheOpeningDialog();
 
@@ -282,6 +294,23 @@ void CloseWorkshiftDialog_test::anUnfilledTemplateHoldsTheClosingBack()
     QVERIFY(closeButton()->isEnabled());
 }
 
+void CloseWorkshiftDialog_test::controlEnterGoesToWhatIsMissingOrCloses()
+{
+    request("Нет");
+    dialog()->activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), dialog());
+    auto* date = dialog()->findChild<QDateEdit*>(QStringLiteral("eventDateEdit"));
+    date->setFocus();
+    QTest::keyClick(date, Qt::Key_Return, Qt::ControlModifier);
+    QVERIFY(dialog()->isVisible());
+    QWidget* input = dialog()->focusWidget();
+    QCOMPARE(input->objectName(), QStringLiteral("parameterInput_0"));
+    typeText(input, QStringLiteral("Иванов"));
+    QTest::keyClick(input, Qt::Key_Enter, Qt::ControlModifier | Qt::KeypadModifier);
+    QVERIFY(!dialog()->isVisible());
+    QCOMPARE(closedBy(), QStringLiteral("WORKER_IVANOV"));
+}
+
 void CloseWorkshiftDialog_test::aSecondShowingStartsAfresh()
 {
     request("Да");
@@ -310,19 +339,119 @@ void CloseWorkshiftDialog_test::aTakerOverIsAddedOnceAndRemoved()
     QVERIFY(!tool("clearWorkersButton")->isEnabled());
     choose("WORKER_PETROV");
     choose("WORKER_SIDOROVA");
+    QCOMPARE(takers()->currentRow(), 0); // the first, not the new one
     tool("clearWorkersButton")->click();
     QCOMPARE(takers()->rowCount(), 0);
+}
+
+void CloseWorkshiftDialog_test::onlyTheCloserIsMarked()
+{
+    request("Нет");
+    fill();
+    // Corrected meanwhile, which this workstation has not heard yet.
+    QVERIFY(TestStore::write(m_store->openLoader().get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                             {{"endTime", TestStore::now() + 7200}}));
+    closeButton()->click();
+    QCOMPARE(closedBy(), QStringLiteral("WORKER_IVANOV"));
+    const QString end =
+        QStringLiteral("SELECT endTime FROM LogbookWorkshifts WHERE KeyLink='SHIFT_CDS_OPEN'");
+    QCOMPARE(m_store->value(end).toDouble(), TestStore::now() + 7200);
+}
+
+void CloseWorkshiftDialog_test::aTemplateWithoutTextIsLogged()
+{
+    QVERIFY(TestStore::write(m_store->openLoader().get(), "LogbookTemplates", ROW_UPDATE, "TPL_OPEN",
+                             {{"html", nullptr}}));
+    m_client->deliver();
+    for (const char* signature : {"void OpenWorkshiftDialog::reloadTemplateText(MDArrayRec*)",
+                                  "void CloseWorkshiftDialog::reloadTemplateText(MDArrayRec*)"}) {
+        const bool opens = QByteArray(signature).contains("Open");
+        QWidget* shown =
+            opens ? static_cast<QWidget*>(m_window->findChild<OpenWorkshiftDialog*>()) : dialog();
+        auto* templates = shown->findChild<TemplatesWidget*>();
+        // A template whose text is gone meanwhile is no longer one of the kind; shown as such, it says so.
+        templates->setTemplateProps({}, false);
+        LogWatch log;
+        if (opens)
+            m_home->openWorkshiftRequest();
+        else
+            request("Нет");
+        QVERIFY(templates->selectTemplate(QStringLiteral("TPL_OPEN")));
+        const QString line = QLatin1String(signature) + QStringLiteral(" template does not contains html!");
+        QVERIFY2(log.take(line).size() >= 1, signature);
+        QCOMPARE(shown->findChild<TemplateFiller*>()->filledTemplate(true), QString());
+        QCOMPARE(log.take(), QStringList());
+        shown->close();
+    }
+}
+
+void CloseWorkshiftDialog_test::newTemplatesComeToOpenDialogs()
+{
+    m_home->openWorkshiftRequest();
+    request("Нет");
+    m_home->createRecordRequest();
+    const QString html =
+        m_store->value(QStringLiteral("SELECT html FROM LogbookTemplates WHERE KeyLink='TPL_OPEN'"))
+            .toString()
+            .replace(QStringLiteral("open_wshift"), QStringLiteral("open_wshift;close_wshift"));
+    QVERIFY(html.contains(QStringLiteral("close_wshift")));
+    QVERIFY(TestStore::write(
+        m_store->openLoader().get(), "LogbookTemplates", ROW_INSERT, "TPL_NEW",
+        {{"CategoryKey", "CAT_COMMON"}, {"nameLoc", QStringLiteral("Новый порядок")}, {"html", html}}));
+    m_client->deliver();
+    const QList<QWidget*> dialogs{m_window->findChild<OpenWorkshiftDialog*>(), dialog(),
+                                  m_window->findChild<RecordCreatorDialog*>()};
+    for (QWidget* one : dialogs) {
+        QVERIFY(one->isVisible());
+        QVERIFY2(one->findChild<TemplatesWidget*>()->selectTemplate(QStringLiteral("TPL_NEW")),
+                 one->metaObject()->className());
+    }
+}
+
+void CloseWorkshiftDialog_test::aNewWorkerComesToTheStructure()
+{
+    request("Нет");
+    tool("addWorkerButton")->click();
+    OrgStructDialog* structure = nullptr;
+    for (OrgStructDialog* one : m_window->findChildren<OrgStructDialog*>())
+        if (one->isVisible())
+            structure = one;
+    QVERIFY(structure);
+    const auto known = [structure] {
+        OrgStruct::Worker worker;
+        worker.keyLink = QStringLiteral("WORKER_NOVIKOV");
+        structure->widget()->setCurrectItem(worker);
+        return structure->widget()->selectedItem().worker.keyLink == worker.keyLink;
+    };
+    QVERIFY(!known());
+    QVERIFY(TestStore::write(
+        m_store->openLoader().get(), "Workers", ROW_INSERT, "WORKER_NOVIKOV",
+        {{"lastName", QStringLiteral("Новиков")}, {"DepartmentKey", "DEP_CDS"}, {"deleted_", 0}}));
+    m_client->deliver();
+    QVERIFY(known());
+    // The fields of the dialog know him as well.
+    auto* input = dialog()->findChild<QWidget*>(QStringLiteral("parameterInput_0"));
+    typeText(input, QStringLiteral("новик"));
+    QTest::keyClick(input, Qt::Key_Tab);
+    QVERIFY(dialog()->findChild<TemplateFiller*>()->filledTemplate(true).contains(
+        QStringLiteral("WORKER_NOVIKOV")));
 }
 
 void CloseWorkshiftDialog_test::theShiftClosedByAnotherClosesTheDialog()
 {
     request("Нет");
     QVERIFY(dialog()->isVisible());
+    m_home->appendWorkerRequest();
+    m_home->showWorkshiftInfoDialog();
+    m_home->createRecordRequest();
     const auto other = m_store->open(QStringLiteral("petrov"));
     QVERIFY(TestStore::write(other.get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
                              {{"CloseWorkerKey", QStringLiteral("WORKER_PETROV")}}));
     m_client->deliver();
     QVERIFY(!dialog()->isVisible());
+    QVERIFY(!m_window->findChild<AppendWorkerDialog*>()->isVisible());
+    QVERIFY(!m_window->findChild<WorkshiftInfoDialog*>()->isVisible());
+    QVERIFY(!m_window->findChild<RecordCreatorDialog*>()->isVisible());
 }
 
 void CloseWorkshiftDialog_test::theShiftOpenedByAnotherClosesTheOpeningDialog()

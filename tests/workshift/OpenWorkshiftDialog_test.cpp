@@ -44,10 +44,12 @@ private slots:
     void theTemplateIsFilledByItself();
     void theIntervalFollowsTheEditsWhileTheBoxIsChecked();
     void theShiftMayNotBeginBeforeTheLastOneEnded();
+    void theEndOfTheLastShiftIsAskedAtEachShowing();
     void withoutAnEarlierShiftAnyStartWillDo();
     void anUnfilledTemplateHoldsTheOpeningBack();
     void aDepartmentWithoutTemplatesIsTold();
     void escapeClosesIt();
+    void controlEnterGoesToWhatIsMissingOrOpens();
     void writesShiftCrewAndRecord();
     void withoutADepartmentNothingIsOpened();
     void withoutAWorkerNothingIsOpened();
@@ -250,6 +252,7 @@ void OpenWorkshiftDialog_test::aWorkerIsAddedOnce()
     QCOMPARE(crew()->rowCount(), 2);
     QCOMPARE(crew()->item(1, 0)->text(), QStringLiteral("Петров Пётр Петрович"));
     QVERIFY(tool("clearWorkersButton")->isEnabled());
+    QCOMPARE(crew()->currentRow(), 0); // the first, not the new one
     choose("WORKER_PETROV");
     choose("WORKER_IVANOV");
     QCOMPARE(crew()->rowCount(), 2);
@@ -322,6 +325,26 @@ void OpenWorkshiftDialog_test::theShiftMayNotBeginBeforeTheLastOneEnded()
     QCOMPARE(told(), applyButton()->toolTip());
 }
 
+void OpenWorkshiftDialog_test::theEndOfTheLastShiftIsAskedAtEachShowing()
+{
+    start(QStringLiteral("ivanov"), "DEP_CDS");
+    m_dialog->close();
+    const QDateTime end(QDate(2031, 2, 3), QTime(4, 5));
+    const double last = double(end.toSecsSinceEpoch());
+    QVERIFY(TestStore::write(m_store->openLoader().get(), "LogbookWorkshifts", ROW_INSERT, "SHIFT_LATER",
+                             {{"DepartmentKey", "DEP_CDS"},
+                              {"OpenWorkerKey", "WORKER_IVANOV"},
+                              {"CloseWorkerKey", "WORKER_IVANOV"},
+                              {"createdAt", last - 3600},
+                              {"startTime", last - 3600},
+                              {"endTime", last}}));
+    m_dialog->show();
+    setStart(end.addSecs(-60));
+    QCOMPARE(told(), QStringLiteral("Предыдущая смена заканчивается 03.02.2031 04:05"));
+    setStart(end);
+    QVERIFY(told() != QStringLiteral("Предыдущая смена заканчивается 03.02.2031 04:05"));
+}
+
 void OpenWorkshiftDialog_test::withoutAnEarlierShiftAnyStartWillDo()
 {
     start(QStringLiteral("smirnov"), "DEP_ODS");
@@ -363,6 +386,31 @@ void OpenWorkshiftDialog_test::escapeClosesIt()
     QVERIFY(m_dialog->isVisible());
     QTest::keyClick(m_dialog->findChild<QWidget*>(QStringLiteral("shiftsTable")), Qt::Key_Escape);
     QVERIFY(!m_dialog->isVisible());
+}
+
+void OpenWorkshiftDialog_test::controlEnterGoesToWhatIsMissingOrOpens()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    setStart(QDateTime::currentDateTime());
+    auto* end = m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"));
+    end->setDate(QDate(2000, 1, 1));
+    const auto pressAt = [this](QWidget* field) {
+        m_dialog->activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), m_dialog);
+        field->setFocus();
+        QTest::keyClick(field, Qt::Key_Return, Qt::ControlModifier);
+    };
+    pressAt(shifts());
+    QCOMPARE(m_dialog->focusWidget()->objectName(), QStringLiteral("startDateEdit"));
+    setStart(QDateTime::currentDateTime());
+    filler()->setParameterValue(0, QString(), QString());
+    QVERIFY(!filler()->isFilled());
+    pressAt(shifts());
+    QCOMPARE(m_dialog->focusWidget()->objectName(), QStringLiteral("parameterInput_0"));
+    fillAll();
+    pressAt(shifts());
+    QVERIFY(!m_dialog->isVisible());
+    QCOMPARE(count("LogbookWorkshifts"), 4);
 }
 
 void OpenWorkshiftDialog_test::writesShiftCrewAndRecord()
