@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QSignalSpy>
 #include <QTextCodec>
 #include <QTextEdit>
 #include <QTreeWidget>
@@ -259,8 +260,10 @@ private slots:
         TemplateTab* page = open(one, "CAT_COMMON");
         page->createTemplate();
         QCOMPARE(edit(page, "templateNameEdit")->selectedText(), QStringLiteral("Новый шаблон"));
+        QSignalSpy painted(page->model(), &QAbstractItemModel::dataChanged);
         edit(page, "templateNameEdit")->setText(QStringLiteral("Аварийная заявка"));
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Аварийная заявка"));
+        QCOMPARE(painted.size(), 1); // the view is told
         page->cancelChanges();
     }
 
