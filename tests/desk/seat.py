@@ -210,12 +210,13 @@ class Seat:
         self._done(f"type {text}", self.screen.type(text), 0, before)
 
     def fill(self, *values):
-        """Values for one field after the other; a suggestion is taken with Enter. None leaves a field as it is."""
+        """Values for one field after the other; Enter takes a suggestion and goes on. None leaves a field as it is."""
         for value in values:
             if value is not None:
                 self.type(value)
                 if self.tree().shown("SuggestionPopup"):
                     self.press("Enter")
+                    continue
             self.press("Tab")
 
     def click(self, what, times=1, button=1, **more):
