@@ -98,7 +98,7 @@ bool isFit(PgConnection& link, StoreError* error)
 /// The schema, the properties and the access to an empty database, in one transaction.
 bool install(PgConnection& link, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error)
 {
-    return link.exec("BEGIN", error) && PostgresSchema::install(link, error) &&
+    return PostgresSchema::beginLogged(link, error) && PostgresSchema::install(link, error) &&
            setProperty(link, "codec", codecName, error) && setProperty(link, "timeZone", timeZone, error) &&
            setProperty(link, "epoch", GenGuid32(), error) && PostgresAccess::close(link, error) &&
            link.exec("COMMIT", error);
@@ -148,7 +148,8 @@ bool PostgresAdmin::upgrade(const QString& url, StoreError* error)
     if (error->code != StoreError::TooOld)
         return !*error;
     error->clear();
-    return link->exec("BEGIN; SET LOCAL statement_timeout = 0", error) &&
+    return PostgresSchema::beginLogged(*link, error) &&
+           link->exec("SET LOCAL statement_timeout = 0", error) &&
            PostgresSchema::upgrade(*link, version, error) && PostgresAccess::close(*link, error) &&
            link->exec("COMMIT", error);
 }
@@ -302,9 +303,11 @@ bool PostgresAdmin::putFile(const QString& url, const QString& folder, const QSt
                             const QByteArray& content, StoreError* error)
 {
     const auto link = connectedToStore(url, error);
-    return link && link->run("INSERT INTO StoreFiles (folder, name, content) VALUES ($1, $2, $3)"
-                             " ON CONFLICT (folder, name) DO UPDATE SET content = excluded.content",
-                             PgValues().text(folder.toUtf8()).text(name.toUtf8()).blob(content), error);
+    return link && PostgresSchema::beginLogged(*link, error) &&
+           link->run("INSERT INTO StoreFiles (folder, name, content) VALUES ($1, $2, $3)"
+                     " ON CONFLICT (folder, name) DO UPDATE SET content = excluded.content",
+                     PgValues().text(folder.toUtf8()).text(name.toUtf8()).blob(content), error) &&
+           link->exec("COMMIT", error);
 }
 
 QStringList PostgresAdmin::files(const QString& url, StoreError* error)
@@ -324,13 +327,14 @@ bool PostgresAdmin::removeFile(const QString& url, const QString& folder, const 
                                StoreError* error)
 {
     const auto link = connectedToStore(url, error);
-    if (!link)
+    if (!link || !PostgresSchema::beginLogged(*link, error))
         return false;
     const PgResult done = link->run("DELETE FROM StoreFiles WHERE folder = $1 AND name = $2",
                                     PgValues().text(folder.toUtf8()).text(name.toUtf8()), error);
     if (!done)
         return false;
-    return done.touched() > 0 ||
-           refuse(error, StoreError::NoSuchRow,
+    if (done.touched() > 0)
+        return link->exec("COMMIT", error);
+    return refuse(error, StoreError::NoSuchRow,
                   QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name));
 }

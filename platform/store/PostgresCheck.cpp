@@ -61,17 +61,18 @@ bool PostgresCheck::log(PgConnection& link, QVector<Finding>* findings, StoreErr
         {"SELECT number::text FROM ChangeHead WHERE number <> (SELECT coalesce(max(number), 0) FROM "
          "ChangeTransactions)",
          Finding::Fault, "Конец журнала изменений не на месте (%1)."}};
-    for (const CatalogTable& table : TableCatalog::tables()) {
+    for (const CatalogTable& table : TableCatalog::loggedTables()) {
+        const QByteArray key = table.rowKeyOf("T");
         const QByteArray logged =
             "(SELECT DISTINCT ON (rowKey) rowKey, newRow FROM ChangeLog WHERE tableName = '" + table.name +
             "' ORDER BY rowKey, entry DESC) AS L";
-        looks.append({"SELECT '" + table.name + "', T.KeyLink FROM " + table.name + " AS T LEFT JOIN " +
-                          logged + " ON L.rowKey = T.KeyLink WHERE L.newRow IS DISTINCT FROM " +
+        looks.append({"SELECT '" + table.name + "', " + key + " FROM " + table.name + " AS T LEFT JOIN " +
+                          logged + " ON L.rowKey = " + key + " WHERE L.newRow IS DISTINCT FROM " +
                           PostgresSchema::rowOf(table, "T"),
                       Finding::Fault, "Строка «%2» таблицы «%1» изменена в обход журнала изменений."});
         looks.append({"SELECT '" + table.name + "', L.rowKey FROM " + logged +
                           " WHERE L.newRow IS NOT NULL AND NOT EXISTS (SELECT 1 FROM " + table.name +
-                          " AS T WHERE T.KeyLink = L.rowKey)",
+                          " AS T WHERE " + key + " = L.rowKey)",
                       Finding::Fault, "Строка «%2» таблицы «%1» исчезла в обход журнала изменений."});
     }
     return addAll(link, looks, findings, error);

@@ -1,5 +1,6 @@
 #include "PostgresSchema.h"
 
+#include "GenGuid32.h"
 #include "SchemaScript.h"
 #include "SqliteSchema.h"
 #include "TableCatalog.h"
@@ -53,8 +54,13 @@ const char functionHead[] =
 
 QByteArray logSql(const CatalogTable& table)
 {
-    QByteArray checks = "    IF TG_OP = 'UPDATE' AND NEW.KeyLink <> OLD.KeyLink THEN\n"
-                        "        PERFORM vrk_refuse('Ключ строки не изменяется.');\n    END IF;\n";
+    QByteArray checks = "    IF TG_OP = 'UPDATE' AND " + table.rowKeyOf("NEW") + " <> " +
+                        table.rowKeyOf("OLD") +
+                        " THEN\n        PERFORM vrk_refuse('Ключ строки не изменяется.');\n    END IF;\n";
+    if (table.fieldIndex("KeyLink") >= 0)
+        checks +=
+            "    IF TG_OP = 'INSERT' AND (NEW.KeyLink = '' OR NEW.KeyLink ~ '[\\x01-\\x1f''\"\\\\]') THEN\n"
+            "        PERFORM vrk_refuse('Недопустимый ключ строки.');\n    END IF;\n";
     if (table.isCategoryTree()) {
         checks += "    IF TG_OP <> 'DELETE' AND NEW.ParentKey IS NOT NULL THEN\n"
                   "        PERFORM vrk_hold_trees();\n"
@@ -69,8 +75,9 @@ QByteArray logSql(const CatalogTable& table)
     }
     const QByteArray name = "Log_" + table.name;
     return "CREATE FUNCTION " + name + functionHead + "BEGIN\n" + checks + "    PERFORM vrk_log('" +
-           table.name +
-           "', CASE TG_OP WHEN 'DELETE' THEN OLD.KeyLink ELSE NEW.KeyLink END,\n"
+           table.name + "', CASE TG_OP WHEN 'DELETE' THEN " + table.rowKeyOf("OLD") + " ELSE " +
+           table.rowKeyOf("NEW") +
+           " END,\n"
            "        CASE TG_OP WHEN 'INSERT' THEN 601 WHEN 'UPDATE' THEN 602 ELSE 603 END,\n"
            "        CASE WHEN TG_OP <> 'INSERT' THEN " +
            PostgresSchema::rowOf(table, "OLD") + " END,\n        CASE WHEN TG_OP <> 'DELETE' THEN " +
@@ -146,7 +153,7 @@ QByteArray rulesSql()
 {
     QByteArray all = SchemaScript::file("postgresql-log.sql") + SchemaScript::rules(dialect) +
                      SchemaScript::file("postgresql-search.sql");
-    for (const CatalogTable& table : TableCatalog::tables())
+    for (const CatalogTable& table : TableCatalog::loggedTables())
         all += logSql(table);
     return all + grantsSql();
 }
@@ -188,6 +195,32 @@ const char fillSearchScript[] = "TRUNCATE RecordSearch;\n"
                                 "ANALYZE RecordSearch;\n";
 } // namespace
 
+namespace
+{
+/// What is written from here to the end of the transaction is the administrator's, whom no rule binds.
+QByteArray loaderSql()
+{
+    return "SELECT set_config('vrk.batch_key', '" + GenGuid32() +
+           "', true), set_config('vrk.loader', 'on', true);\n";
+}
+
+/// What the store's own tables held before the log knew them.
+QByteArray logOwnRowsSql()
+{
+    QByteArray all;
+    for (const CatalogTable& table : TableCatalog::loggedTables())
+        if (!TableCatalog::table(table.name))
+            all += "SELECT vrk_log('" + table.name + "', " + table.rowKeyOf("T") + ", 601, NULL, " +
+                   PostgresSchema::rowOf(table, "T") + ") FROM " + table.name + " AS T;\n";
+    return all;
+}
+} // namespace
+
+bool PostgresSchema::beginLogged(PgConnection& link, StoreError* error)
+{
+    return link.exec("BEGIN; " + loaderSql(), error);
+}
+
 bool PostgresSchema::install(PgConnection& link, StoreError* error)
 {
     return link.exec(rolesScript + objectsSql() + versionSql() + "RESET ROLE;\n", error);
@@ -207,7 +240,8 @@ bool PostgresSchema::installAside(PgConnection& link, const QByteArray& schema, 
 bool PostgresSchema::upgrade(PgConnection& link, int from, StoreError* error)
 {
     return link.exec(QByteArray("SET ROLE vrk_owner;\n") + dropRulesScript + stepsSql(from) + rulesSql() +
-                         versionSql() + (from < 2 ? fillSearchScript : "") + "RESET ROLE;\n",
+                         (from < 4 ? logOwnRowsSql() : QByteArray()) + versionSql() +
+                         (from < 2 ? fillSearchScript : "") + "RESET ROLE;\n",
                      error);
 }
 

@@ -14,6 +14,9 @@ struct CatalogTable;
 /// all and write the tables of the catalog; members of vrk_loader may put the rules out of force.
 namespace PostgresSchema
 {
+/// Begins a transaction that is logged under the administrator's name, and that no rule binds.
+bool beginLogged(PgConnection& link, StoreError* error);
+
 /// Makes roles, tables, rules and grants in an empty database. Runs inside the caller's transaction.
 bool install(PgConnection& link, StoreError* error);
 

@@ -5,7 +5,9 @@
 #include "SqliteCheck.h"
 #include "SqliteConnection.h"
 #include "SqliteSchema.h"
+#include "SqliteTransaction.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QTimeZone>
@@ -23,8 +25,8 @@ bool refuse(StoreError* error, StoreError::Code code, const QString& text)
 bool setProperty(SqliteConnection& connection, const QByteArray& name, const QByteArray& value,
                  StoreError* error)
 {
-    SqliteStatement statement =
-        connection.prepare("INSERT OR REPLACE INTO StoreProperties (name, value) VALUES (?, ?)");
+    SqliteStatement statement = connection.prepare("INSERT INTO StoreProperties (name, value) VALUES (?, ?) "
+                                                   "ON CONFLICT (name) DO UPDATE SET value = excluded.value");
     statement.bind(1, name).bind(2, value);
     if (statement.run())
         return true;
@@ -32,12 +34,23 @@ bool setProperty(SqliteConnection& connection, const QByteArray& name, const QBy
     return false;
 }
 
+/// One transaction of the log around what \a work changes, under the administrator's name; the caller commits.
+template <class Work>
+bool logged(SqliteConnection& connection, StoreError* error, Work work)
+{
+    SqliteTransaction transaction(connection, SqliteTransaction::loader());
+    return transaction.begin(error) && work() &&
+           transaction.close(GenGuid32(), QDateTime::currentSecsSinceEpoch(), error);
+}
+
 /// Gives the copy a history of its own and looks it through. The connection is closed on return, so that everything
 /// lies in the one file.
 bool finishCopy(const QString& copy, StoreError* error)
 {
     const auto connection = SqliteConnection::open(copy, SqliteConnection::ReadWrite, deadlineMs, error);
-    if (!connection || !setProperty(*connection, "epoch", GenGuid32(), error))
+    if (!connection || !connection->exec("BEGIN IMMEDIATE", error) ||
+        !logged(*connection, error, [&] { return setProperty(*connection, "epoch", GenGuid32(), error); }) ||
+        !connection->exec("COMMIT", error))
         return false;
     QVector<StoreAdmin::Finding> findings;
     if (!SqliteCheck::engine(*connection, &findings, error) ||
@@ -65,10 +78,13 @@ bool SqliteAdmin::init(const QString& file, const QByteArray& codecName, const Q
     auto connection = SqliteConnection::open(file, SqliteConnection::Create, deadlineMs, error);
     if (!connection)
         return false;
+    const auto setProperties = [&] {
+        return setProperty(*connection, "codec", codecName, error) &&
+               setProperty(*connection, "timeZone", timeZone, error) &&
+               setProperty(*connection, "epoch", GenGuid32(), error);
+    };
     if (connection->exec("BEGIN IMMEDIATE", error) && SqliteSchema::install(*connection, error) &&
-        setProperty(*connection, "codec", codecName, error) &&
-        setProperty(*connection, "timeZone", timeZone, error) &&
-        setProperty(*connection, "epoch", GenGuid32(), error) && connection->exec("COMMIT", error))
+        logged(*connection, error, setProperties) && connection->exec("COMMIT", error))
         return true;
     connection.reset();
     SqliteConnection::removeFile(file);
@@ -141,19 +157,22 @@ bool SqliteAdmin::putFile(const QString& file, const QString& folder, const QStr
                           const QByteArray& content, StoreError* error)
 {
     const auto connection = SqliteConnection::open(file, SqliteConnection::ReadWrite, deadlineMs, error);
-    if (!connection)
+    const auto put = [&] {
+        const QByteArray folderBytes = folder.toUtf8();
+        const QByteArray nameBytes = name.toUtf8();
+        SqliteStatement statement =
+            connection->prepare("INSERT INTO StoreFiles (folder, name, content) VALUES (?, ?, ?) "
+                                "ON CONFLICT (folder, name) DO UPDATE SET content = excluded.content");
+        statement.bind(1, folderBytes)
+            .bind(2, nameBytes)
+            .bindBlob(3, content.isNull() ? QByteArray("") : content);
+        if (statement.run())
+            return true;
+        *error = connection->lastError();
         return false;
-    const QByteArray folderBytes = folder.toUtf8();
-    const QByteArray nameBytes = name.toUtf8();
-    SqliteStatement statement =
-        connection->prepare("INSERT OR REPLACE INTO StoreFiles (folder, name, content) VALUES (?, ?, ?)");
-    statement.bind(1, folderBytes)
-        .bind(2, nameBytes)
-        .bindBlob(3, content.isNull() ? QByteArray("") : content);
-    if (statement.run())
-        return true;
-    *error = connection->lastError();
-    return false;
+    };
+    return connection && connection->exec("BEGIN IMMEDIATE", error) && logged(*connection, error, put) &&
+           connection->exec("COMMIT", error);
 }
 
 QStringList SqliteAdmin::files(const QString& file, StoreError* error)
@@ -175,18 +194,20 @@ bool SqliteAdmin::removeFile(const QString& file, const QString& folder, const Q
                              StoreError* error)
 {
     const auto connection = SqliteConnection::open(file, SqliteConnection::ReadWrite, deadlineMs, error);
-    if (!connection)
-        return false;
-    const QByteArray folderBytes = folder.toUtf8();
-    const QByteArray nameBytes = name.toUtf8();
-    SqliteStatement statement = connection->prepare("DELETE FROM StoreFiles WHERE folder = ? AND name = ?");
-    statement.bind(1, folderBytes).bind(2, nameBytes);
-    if (!statement.run()) {
-        *error = connection->lastError();
-        return false;
-    }
-    if (sqlite3_changes(connection->handle()) == 0)
-        return refuse(error, StoreError::NoSuchRow,
+    const auto remove = [&] {
+        const QByteArray folderBytes = folder.toUtf8();
+        const QByteArray nameBytes = name.toUtf8();
+        SqliteStatement statement =
+            connection->prepare("DELETE FROM StoreFiles WHERE folder = ? AND name = ?");
+        statement.bind(1, folderBytes).bind(2, nameBytes);
+        if (!statement.run()) {
+            *error = connection->lastError();
+            return false;
+        }
+        return sqlite3_changes(connection->handle()) > 0 ||
+               refuse(error, StoreError::NoSuchRow,
                       QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name));
-    return true;
+    };
+    return connection && connection->exec("BEGIN IMMEDIATE", error) && logged(*connection, error, remove) &&
+           connection->exec("COMMIT", error);
 }

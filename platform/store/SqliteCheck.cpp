@@ -184,13 +184,13 @@ bool SqliteCheck::log(SqliteConnection& connection, QVector<Finding>* findings, 
                  findings, error))
         return false;
 
-    for (const CatalogTable& table : TableCatalog::tables()) {
+    for (const CatalogTable& table : TableCatalog::loggedTables()) {
         QHash<QByteArray, QByteArray> logged;
         QByteArray columns;
         for (const CatalogField& field : table.fields)
             columns += (columns.isEmpty() ? "" : ", ") + field.name;
-        SqliteStatement rows =
-            connection.prepare("SELECT KeyLink, vrk_row(" + columns + ") FROM " + table.name);
+        SqliteStatement rows = connection.prepare("SELECT " + table.rowKeyOf("T") + ", vrk_row(" + columns +
+                                                  ") FROM " + table.name + " AS T");
         bool read = loggedRows(connection, table.name, &logged);
         while (read && rows.step()) {
             if (logged.take(rows.bytes(0)) != hashOf(rows.bytes(1)))

@@ -1,8 +1,12 @@
 #include "SqliteSchema.h"
 
+#include "GenGuid32.h"
 #include "SchemaScript.h"
 #include "SqliteConnection.h"
+#include "SqliteTransaction.h"
 #include "TableCatalog.h"
+
+#include <QDateTime>
 
 namespace
 {
@@ -19,7 +23,7 @@ QByteArray trigger(const CatalogTable& table, const QByteArray& operation, int e
 {
     const QByteArray oldRow = event == 601 ? QByteArray("NULL") : rowOf(table, "OLD");
     const QByteArray newRow = event == 603 ? QByteArray("NULL") : rowOf(table, "NEW");
-    const QByteArray key = event == 603 ? "OLD.KeyLink" : "NEW.KeyLink";
+    const QByteArray key = table.rowKeyOf(event == 603 ? "OLD" : "NEW");
     return "CREATE TRIGGER Log_" + table.name + "_" + operation + " AFTER " + operation + " ON " +
            table.name +
            "\nBEGIN\n"
@@ -39,9 +43,11 @@ const SchemaScript::Dialect dialect{"CREATE TRIGGER %name BEFORE %operation ON %
 
 QByteArray SqliteSchema::logTriggers(const CatalogTable& table)
 {
-    const QByteArray keyCheck = "    SELECT RAISE(ABORT, 'Недопустимый ключ строки.')\n"
-                                "    WHERE NEW.KeyLink = '' OR NEW.KeyLink GLOB '*[' || char(1) || '-' || "
-                                "char(31) || char(39) || '\"\\]*';\n";
+    QByteArray keyCheck;
+    if (table.fieldIndex("KeyLink") >= 0)
+        keyCheck = "    SELECT RAISE(ABORT, 'Недопустимый ключ строки.')\n"
+                   "    WHERE NEW.KeyLink = '' OR NEW.KeyLink GLOB '*[' || char(1) || '-' || "
+                   "char(31) || char(39) || '\"\\]*';\n";
     QByteArray treeCheck;
     if (table.isCategoryTree()) {
         treeCheck = "    SELECT RAISE(ABORT, 'Категория не может лежать внутри самой себя.')\n"
@@ -54,7 +60,8 @@ QByteArray SqliteSchema::logTriggers(const CatalogTable& table)
                     "        SELECT k FROM up);\n";
     }
     const QByteArray sameKey = "    SELECT RAISE(ABORT, 'Ключ строки не изменяется.')\n"
-                               "    WHERE NEW.KeyLink IS NOT OLD.KeyLink;\n";
+                               "    WHERE " +
+                               table.rowKeyOf("NEW") + " IS NOT " + table.rowKeyOf("OLD") + ";\n";
     return trigger(table, "insert", 601, keyCheck + treeCheck) +
            trigger(table, "update", 602, sameKey + treeCheck) + trigger(table, "delete", 603, QByteArray());
 }
@@ -77,7 +84,7 @@ bool makeRules(SqliteConnection& connection, StoreError* error)
 {
     QByteArray rules = SchemaScript::file("sqlite-log.sql") + SchemaScript::rules(dialect) +
                        SchemaScript::file("sqlite-search.sql");
-    for (const CatalogTable& table : TableCatalog::tables())
+    for (const CatalogTable& table : TableCatalog::loggedTables())
         rules += SqliteSchema::logTriggers(table);
     rules += "PRAGMA application_id = " + QByteArray::number(SqliteConnection::ApplicationId) +
              "; PRAGMA user_version = " + QByteArray::number(SqliteSchema::version) + ";";
@@ -98,6 +105,27 @@ bool dropRules(SqliteConnection& connection, StoreError* error)
 }
 } // namespace
 
+namespace
+{
+/// What the store's own tables held before the log knew them.
+bool logOwnRows(SqliteConnection& connection, StoreError* error)
+{
+    SqliteTransaction transaction(connection, SqliteTransaction::loader());
+    if (!transaction.begin(error))
+        return false;
+    for (const CatalogTable& table : TableCatalog::loggedTables()) {
+        if (!TableCatalog::table(table.name) &&
+            !connection.exec(
+                "INSERT INTO ChangeLog (number, tableName, rowKey, event, newRow) SELECT number, '" +
+                    table.name + "', " + table.rowKeyOf("T") + ", 601, " + rowOf(table, "T") +
+                    " FROM CurrentTransaction, " + table.name + " AS T",
+                error))
+            return false;
+    }
+    return transaction.close(GenGuid32(), QDateTime::currentSecsSinceEpoch(), error);
+}
+} // namespace
+
 bool SqliteSchema::install(SqliteConnection& connection, StoreError* error)
 {
     return takeSteps(connection, 0, error) && makeRules(connection, error);
@@ -106,7 +134,8 @@ bool SqliteSchema::install(SqliteConnection& connection, StoreError* error)
 bool SqliteSchema::upgrade(SqliteConnection& connection, int from, StoreError* error)
 {
     return dropRules(connection, error) && takeSteps(connection, from, error) &&
-           makeRules(connection, error) && (from >= 2 || rebuildSearch(connection, error));
+           makeRules(connection, error) && (from >= 2 || rebuildSearch(connection, error)) &&
+           (from >= 4 || logOwnRows(connection, error));
 }
 
 bool SqliteSchema::rebuildSearch(SqliteConnection& connection, StoreError* error)

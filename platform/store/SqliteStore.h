@@ -63,7 +63,6 @@ private:
     }
 
     bool writeRow(const RowStatement& row, StoreError* error);
-    bool closeTransaction(qint64 number, const QByteArray& batchKey, StoreError* error);
     MDArray* answerOf(SqliteStatement& statement, AnswerShape* shape, StoreError* error);
     bool addRow(SqliteStatement& statement, const AnswerShape& shape, MDArray* answer, qint64* held,
                 StoreError* error);

@@ -1,6 +1,6 @@
 #include "RowStatements.h"
 #include "SqliteStore.h"
-#include "TransactionChain.h"
+#include "SqliteTransaction.h"
 
 bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error)
 {
@@ -24,23 +24,15 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
             if (known.code() != SQLITE_DONE)
                 return fail(*m_write, error);
         }
-        SqliteStatement last = m_write->cached("SELECT coalesce(max(number), 0) FROM ChangeTransactions");
-        if (!last.step())
-            return fail(*m_write, error);
-        const qint64 number = last.integer(0) + 1;
-        const QByteArray login = writerName();
-        SqliteStatement begin = m_write->cached(
-            "INSERT INTO CurrentTransaction (number, login, userKey, loader) VALUES (?, ?, coalesce("
-            "(SELECT KeyLink FROM Users WHERE KeyLink = ? AND coalesce(deleted_, 0) = 0), ''), ?)");
-        begin.bind(1, number).bind(2, login).bind(3, m_user.key).bind(4, qint64(m_options.loader));
-        if (!begin.run())
-            return fail(*m_write, error);
+        SqliteTransaction transaction(*m_write, {writerName(), m_user.key, m_options.loader});
+        if (!transaction.begin(error))
+            return false;
         for (const StoreWrite& write : writes)
             if (!RowStatements::forEach(
                     write, *m_codePage, '?', [&](const RowStatement& row) { return writeRow(row, error); },
                     error))
                 return false;
-        return closeTransaction(number, batchKey, error);
+        return transaction.close(batchKey, serverTime(), error);
     };
     if (inside() && m_write->exec("COMMIT", error))
         return true;
@@ -90,20 +82,4 @@ bool SqliteStore::writeRow(const RowStatement& row, StoreError* error)
         return false;
     }
     return true;
-}
-
-bool SqliteStore::closeTransaction(qint64 number, const QByteArray& batchKey, StoreError* error)
-{
-    const QByteArray login = writerName();
-    TransactionChain::Head head{number, batchKey, login, m_options.loader, serverTime()};
-    QByteArray chain;
-    if (!TransactionChain::next(*m_write, head, &chain))
-        return fail(*m_write, error);
-    SqliteStatement log =
-        m_write->cached("INSERT INTO ChangeTransactions (number, batchKey, login, loader, time, chain)"
-                        " VALUES (?, ?, ?, ?, ?, ?)");
-    log.bind(1, number).bind(2, batchKey).bind(3, login).bind(4, qint64(head.loader)).bind(5, head.time);
-    log.bindBlob(6, chain);
-    SqliteStatement end = m_write->cached("DELETE FROM CurrentTransaction");
-    return (log.run() && end.run()) || fail(*m_write, error);
 }

@@ -9,7 +9,7 @@ namespace
 template <int N>
 CatalogTable described(const char* name, const MDRFieldDescr (&fields)[N], QVector<QByteArray> moreKeys = {})
 {
-    CatalogTable table{name, {}, {"KeyLink"}};
+    CatalogTable table{name, {}, {"KeyLink"}, {"KeyLink"}};
     for (const MDRFieldDescr& field : fields)
         table.fields.append({field.name, static_cast<MDRType>(field.type), field.width});
     table.keys += moreKeys;
@@ -43,7 +43,7 @@ CatalogField number(const char* name)
 
 CatalogTable reference(const char* name, QVector<CatalogField> fields, QVector<QByteArray> moreKeys = {})
 {
-    CatalogTable table{name, {key("KeyLink")}, {"KeyLink"}};
+    CatalogTable table{name, {key("KeyLink")}, {"KeyLink"}, {"KeyLink"}};
     table.fields += fields;
     table.keys += moreKeys;
     return table;
@@ -95,6 +95,17 @@ const QVector<CatalogTable>& TableCatalog::tables()
     return all;
 }
 
+const QVector<CatalogTable>& TableCatalog::loggedTables()
+{
+    static const QVector<CatalogTable> all =
+        tables() + QVector<CatalogTable>{{"StoreProperties", {name("name"), memo("value")}, {}, {"name"}},
+                                         {"StoreFiles",
+                                          {name("folder"), name("name"), {"content", mdr_TBlob, 0}},
+                                          {},
+                                          {"folder", "name"}}};
+    return all;
+}
+
 const CatalogTable* TableCatalog::table(const QByteArray& name)
 {
     static const QHash<QByteArray, const CatalogTable*> byName = [] {
@@ -112,6 +123,14 @@ int CatalogTable::fieldIndex(const QByteArray& field) const
         if (qstricmp(fields.at(i).name, field) == 0)
             return i;
     return -1;
+}
+
+QByteArray CatalogTable::rowKeyOf(const QByteArray& alias) const
+{
+    QByteArray key;
+    for (const QByteArray& field : rowKey)
+        key += (key.isEmpty() ? "" : " || '/' || ") + alias + '.' + field;
+    return key;
 }
 
 QVector<MDRFieldDescr> CatalogTable::descriptors() const

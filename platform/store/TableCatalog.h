@@ -16,12 +16,15 @@ struct CatalogField {
 struct CatalogTable {
     QByteArray name;
     QVector<CatalogField> fields;
-    QVector<QByteArray> keys; ///< in the format of MDRKeyDescr; key 0 is "KeyLink"
+    QVector<QByteArray> keys;                 ///< in the format of MDRKeyDescr; key 0 is "KeyLink"
+    QVector<QByteArray> rowKey = {"KeyLink"}; ///< the fields that make the key of a row in the change log
 
     /// Index of a field by name, ASCII case ignored; -1 when there is none.
     int fieldIndex(const QByteArray& field) const;
     /// Whether it is a tree of categories, in which a row must not come to lie beneath itself.
     bool isCategoryTree() const { return name == "LogbookCatsTemplate" || name == "TemplateParamCategories"; }
+    /// An expression for the key of a row in the change log.
+    QByteArray rowKeyOf(const QByteArray& alias) const;
     /// The fields as MDAFldAdd takes them.
     QVector<MDRFieldDescr> descriptors() const;
 };
@@ -34,6 +37,8 @@ struct CatalogTable {
 namespace TableCatalog
 {
 const QVector<CatalogTable>& tables();
+/// These and the store's own: properties and files, which no module knows. Every change of them is logged.
+const QVector<CatalogTable>& loggedTables();
 /// By name, ASCII case ignored; null when there is no such table.
 const CatalogTable* table(const QByteArray& name);
 } // namespace TableCatalog

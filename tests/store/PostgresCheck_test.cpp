@@ -136,6 +136,42 @@ private slots:
         });
     }
 
+    void rowsThatAreChangedPastTheLogAreNamed()
+    {
+        StoreError error;
+        for (const char* name : {"A", "B", "C"})
+            QVERIFY(StoreAdmin::putFile(m_files->url(), QStringLiteral("options"), QLatin1String(name), "1",
+                                        &error));
+        QVERIFY(
+            StoreAdmin::putFile(m_files->url(), QStringLiteral("options"), QStringLiteral("A"), "2", &error));
+        QVERIFY(
+            StoreAdmin::removeFile(m_files->url(), QStringLiteral("options"), QStringLiteral("C"), &error));
+        QCOMPARE(findings(StoreAdmin::Finding::Fault), QStringList());
+        QCOMPARE(
+            m_files
+                ->value(QStringLiteral("SELECT string_agg(rowKey || ' ' || event, ', ' ORDER BY entry) FROM "
+                                       "ChangeLog WHERE tableName = 'StoreFiles'"))
+                .toString(),
+            QStringLiteral("options/A 601, options/B 601, options/C 601, options/A 602, options/C 603"));
+        QCOMPARE(
+            m_files->exec(QStringLiteral("UPDATE StoreProperties SET value = 'UTF-8' WHERE name = 'codec'")),
+            QStringLiteral("Данные изменяются только через хранилище журнала."));
+        const QString past = QStringLiteral("SET session_replication_role = replica; ");
+        for (const char* sql :
+             {"UPDATE StoreProperties SET value = 'UTF-8' WHERE name = 'codec'",
+              "UPDATE StoreFiles SET content = '1' WHERE name = 'A'",
+              "DELETE FROM StoreFiles WHERE name = 'B'",
+              "INSERT INTO StoreFiles VALUES ('options', 'D', '1')",
+              "UPDATE LogbookRecords SET VisaWorkerKey = 'WORKER_PETROV' WHERE KeyLink = 'REC_ORDER'"})
+            QCOMPARE(m_files->exec(past + QLatin1String(sql)), QString());
+        tamper({{"SELECT",
+                 {"Строка «codec» таблицы «StoreProperties» изменена в обход журнала изменений.",
+                  "Строка «options/A» таблицы «StoreFiles» изменена в обход журнала изменений.",
+                  "Строка «options/B» таблицы «StoreFiles» исчезла в обход журнала изменений.",
+                  "Строка «options/D» таблицы «StoreFiles» изменена в обход журнала изменений.",
+                  "Строка «REC_ORDER» таблицы «LogbookRecords» изменена в обход журнала изменений."}}});
+    }
+
     void grantsAndOwnersAreNamed()
     {
         const QString database = m_files->value(QStringLiteral("SELECT current_database()::text")).toString();

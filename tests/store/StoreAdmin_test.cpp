@@ -70,7 +70,7 @@ private slots:
         QVERIFY(store->logins().isEmpty());
         ChangePosition position;
         QVERIFY(store->position(&position, &m_error));
-        QCOMPARE(position.number, 0);
+        QCOMPARE(position.number, 1); // the making itself
         QCOMPARE(position.epoch.size(), 32);
     }
 
@@ -220,6 +220,45 @@ private slots:
         QCOMPARE(faults(), QStringList{QString::fromUtf8("В схеме хранилища есть лишнее «table Extra».")});
     }
 
+    void changedPropertiesAndFilesAreFound()
+    {
+        const QString options = QStringLiteral("options");
+        for (const char* name : {"A", "B", "C"})
+            QVERIFY(StoreAdmin::putFile(m_files->url(), options, QLatin1String(name), "1", &m_error));
+        QVERIFY(StoreAdmin::putFile(m_files->url(), options, QStringLiteral("A"), "2", &m_error));
+        QVERIFY(StoreAdmin::removeFile(m_files->url(), options, QStringLiteral("C"), &m_error));
+        QCOMPARE(faults(), QStringList());
+        QCOMPARE(m_files
+                     ->value(QStringLiteral(
+                         "SELECT group_concat(rowKey || ' ' || event, ', ') FROM (SELECT * FROM "
+                         "ChangeLog WHERE tableName = 'StoreFiles' ORDER BY entry)"))
+                     .toString(),
+                 QStringLiteral("options/A 601, options/B 601, options/C 601, options/A 602, options/C 603"));
+        for (const char* sql : {"UPDATE StoreProperties SET value = 'UTF-8' WHERE name = 'codec'",
+                                "UPDATE StoreFiles SET content = x'31' WHERE name = 'A'",
+                                "DELETE FROM StoreFiles WHERE name = 'B'",
+                                "INSERT INTO StoreFiles VALUES ('options', 'D', x'31')"})
+            QVERIFY2(!m_files->exec(QLatin1String(sql)).isEmpty(), sql);
+        tamper(QStringLiteral("UPDATE StoreProperties SET value = 'UTF-8' WHERE name = 'codec';"
+                              "UPDATE StoreFiles SET content = x'31' WHERE name = 'A';"
+                              "DELETE FROM StoreFiles WHERE name = 'B';"
+                              "INSERT INTO StoreFiles VALUES ('options', 'D', x'31')"),
+               {QStringLiteral("Log_StoreProperties_update"), QStringLiteral("Log_StoreFiles_update"),
+                QStringLiteral("Log_StoreFiles_delete"), QStringLiteral("Log_StoreFiles_insert")});
+        QStringList found = faults();
+        found.sort();
+        QCOMPARE(
+            found,
+            (QStringList{QStringLiteral("Строка «codec» таблицы «StoreProperties» изменена в обход журнала "
+                                        "изменений."),
+                         QStringLiteral("Строка «options/A» таблицы «StoreFiles» изменена в обход журнала "
+                                        "изменений."),
+                         QStringLiteral("Строка «options/B» таблицы «StoreFiles» исчезла в обход журнала "
+                                        "изменений."),
+                         QStringLiteral("Строка «options/D» таблицы «StoreFiles» изменена в обход журнала "
+                                        "изменений.")}));
+    }
+
     void danglingReferencesAreFound()
     {
         tamper(QStringLiteral("DELETE FROM LogbookCatsTemplate WHERE KeyLink = 'CAT_NETS'"),
@@ -309,7 +348,7 @@ private slots:
         ChangePosition here;
         ChangePosition there;
         QVERIFY(inUse->position(&here, &m_error) && other->position(&there, &m_error));
-        QCOMPARE(there.number, here.number);
+        QCOMPARE(there.number, here.number + 1); // the making of the copy
         QVERIFY(there.epoch != here.epoch);
         QVERIFY(TestStore::write(inUse.get(), "Roles", ROW_INSERT, "A"));
         CMDArray answer;

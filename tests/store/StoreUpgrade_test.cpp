@@ -98,6 +98,15 @@ private slots:
     {
         QFETCH(QString, version);
         take(version);
+        // A file of options, as it was put before the log knew of it.
+        if (TestStore::isSqlite())
+            run(QStringLiteral("sqlite3"),
+                {m_folder->filePath(QStringLiteral("former.vrk")),
+                 QStringLiteral("INSERT INTO StoreFiles VALUES ('a', 'b', x'31')")});
+        else
+            run(QStringLiteral("psql"),
+                {QStringLiteral("-q"), QStringLiteral("-c"),
+                 QStringLiteral("INSERT INTO StoreFiles VALUES ('a', 'b', '1')"), m_url});
         QVERIFY2(StoreAdmin::upgrade(m_url, &m_error), qPrintable(m_error.text + m_error.detail));
         QCOMPARE(faults(), QStringList());
 
@@ -160,11 +169,12 @@ private slots:
     void whatIsNewerIsRefused()
     {
         const TestStore newer;
-        QCOMPARE(
-            newer.exec(TestStore::isSqlite()
-                           ? QStringLiteral("PRAGMA user_version = 57")
-                           : QStringLiteral("UPDATE StoreProperties SET value = '57' WHERE name = 'schema'")),
-            QString());
+        QCOMPARE(newer.exec(TestStore::isSqlite()
+                                ? QStringLiteral("PRAGMA user_version = 57")
+                                : QStringLiteral(
+                                      "SET session_replication_role = replica; UPDATE StoreProperties SET "
+                                      "value = '57' WHERE name = 'schema'")),
+                 QString());
         QVERIFY(!StoreAdmin::upgrade(newer.url(), &m_error));
         QCOMPARE(m_error.code, StoreError::TooNew);
     }

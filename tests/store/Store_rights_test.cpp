@@ -159,7 +159,8 @@ private slots:
         position.number = 0;
         QVector<StoreChange> changes;
         QVERIFY(store->changesAfter(&position, 100000, &changes, &error));
-        QCOMPARE(changes.size(), value("SELECT count(*) FROM ChangeLog").toInt());
+        QCOMPARE(changes.size(),
+                 value("SELECT count(*) FROM ChangeLog WHERE tableName NOT LIKE 'Store%'").toInt());
     }
 
     void strangerChangesNothingButReadMarks_data()

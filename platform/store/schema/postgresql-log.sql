@@ -47,9 +47,6 @@ BEGIN
     IF coalesce(current_setting('vrk.batch_key', true), '') = '' THEN
         PERFORM vrk_refuse('Данные изменяются только через хранилище журнала.');
     END IF;
-    IF event = 601 AND (rowKey = '' OR rowKey ~ '[\x01-\x1f''"\\]') THEN
-        PERFORM vrk_refuse('Недопустимый ключ строки.');
-    END IF;
     INSERT INTO ChangePending (xid, isFirst, tableName, rowKey, event, oldRow, newRow)
     VALUES (pg_current_xact_id(), NOT EXISTS (SELECT 1 FROM ChangePending WHERE xid = pg_current_xact_id()),
             vrk_log.tableName, vrk_log.rowKey, vrk_log.event, vrk_log.oldRow, vrk_log.newRow);
