@@ -5,9 +5,13 @@
 #include "ScriptHost.h"
 #include "Store.h"
 
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
 #include <QDebug>
 #include <QJSEngine>
 #include <QPointer>
+#include <thread>
 
 namespace
 {
@@ -62,7 +66,11 @@ QJSValue toScript(QJSEngine* engine, const CVar& var)
     }
 }
 
-CVar fromScript(const QJSValue& value)
+constexpr quint32 longestArray = 1000000;
+constexpr int deepestArray = 100; // one may hold itself
+
+/// What is too large to be a result breaks the run off, as one that takes too long.
+CVar fromScript(QJSEngine* engine, const QJSValue& value, int depth = 0)
 {
     CVar var;
     if (value.isNumber() || value.isBool()) {
@@ -74,8 +82,10 @@ CVar fromScript(const QJSValue& value)
     } else if (value.isArray()) {
         var.type = CVar::Array;
         const quint32 length = value.property(QStringLiteral("length")).toUInt();
-        for (quint32 i = 0; i < length; ++i)
-            var.elements.push_back(fromScript(value.property(i)));
+        if (length > longestArray || depth > deepestArray)
+            engine->setInterrupted(true);
+        for (quint32 i = 0; i < length && !engine->isInterrupted(); ++i)
+            var.elements.push_back(fromScript(engine, value.property(i), depth + 1));
     }
     return var;
 }
@@ -99,6 +109,38 @@ private:
     Store* m_store;
     StoreError m_error;
     bool m_begun;
+};
+
+/// Interrupts an engine that is still busy after a time. The window waits for a script, which may never end.
+class ScriptDeadline
+{
+public:
+    ScriptDeadline(QJSEngine* engine, int milliseconds)
+        : m_thread([this, engine, milliseconds] {
+              std::unique_lock<std::mutex> lock(m_mutex);
+              if (!m_ended.wait_for(lock, std::chrono::milliseconds(milliseconds),
+                                    [this] { return m_isOver; }))
+                  engine->setInterrupted(true);
+          })
+    {
+    }
+    ~ScriptDeadline()
+    {
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_isOver = true;
+        }
+        m_ended.notify_one();
+        m_thread.join();
+    }
+    ScriptDeadline(const ScriptDeadline&) = delete;
+    ScriptDeadline& operator=(const ScriptDeadline&) = delete;
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_ended;
+    bool m_isOver = false;
+    std::thread m_thread; // the last one: it uses those above
 };
 } // namespace
 
@@ -131,6 +173,7 @@ int CVrkToolCalcExec::Perform(bool)
     engine.globalObject().setProperty(QStringLiteral("_host"),
                                       engine.newQObject(new ScriptHost(&engine, session->store())));
     engine.evaluate(QString::fromLatin1(language));
+    const ScriptDeadline deadline(&engine, m_deadlineMs);
 
     // The line break keeps a comment at the end of the script from swallowing the bracket.
     const QJSValue script = engine.evaluate(QStringLiteral("(function ") + m_script + QStringLiteral("\n)"));
@@ -143,6 +186,10 @@ int CVrkToolCalcExec::Perform(bool)
         qWarning().noquote() << Q_FUNC_INFO << error;
         return Failed;
     }
-    m_output = fromScript(engine.globalObject().property(QStringLiteral("Result")));
-    return Done;
+    m_output = fromScript(&engine, engine.globalObject().property(QStringLiteral("Result")));
+    if (!engine.isInterrupted())
+        return Done;
+    qWarning().noquote() << Q_FUNC_INFO << "the result is too large or takes too long";
+    CVarClear(&m_output, 1);
+    return Failed;
 }

@@ -20,10 +20,17 @@ public:
     ~CVrkToolCalcExec() override;
 
     /// Evaluates the function and calls it with the elements of the input. Done, and the result in m_output;
-    /// any error of the script or the store gives another number and leaves the output empty.
+    /// any error of the script or the store, or a run past the deadline, gives another number and leaves the
+    /// output empty.
     int Perform(bool asynchronous) override;
+
+    /// How long a run may take before it is broken off; 15 seconds when nothing is set.
+    void setDeadline(int milliseconds) { m_deadlineMs = milliseconds; }
 
     QString m_script; ///< a name, then the parameter list in brackets, then the body
     CVar m_input;     ///< array of arguments
     CVar m_output;
+
+private:
+    int m_deadlineMs = 15000; // as for a request to the store
 };

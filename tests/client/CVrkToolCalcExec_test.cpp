@@ -3,6 +3,7 @@
 #include "GenGuid32.h"
 #include "TestClient.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
@@ -73,6 +74,8 @@ private slots:
     void a_comment_may_end_the_script();
     void errors_break_off_data();
     void errors_break_off();
+    void an_endless_run_is_broken_off_data();
+    void an_endless_run_is_broken_off();
     void an_error_empties_the_output_of_the_run_before();
     void scripts_know_nothing_of_each_other();
     void without_a_store_the_run_breaks_off();
@@ -344,6 +347,42 @@ void CVrkToolCalcExecTest::errors_break_off()
     const Answer answer = run(&module, script);
     QVERIFY(answer.state != 2);
     QCOMPARE(answer.output.type, 0);
+}
+
+void CVrkToolCalcExecTest::an_endless_run_is_broken_off_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::newRow("a loop") << body("Result = 1; for (;;) {}");
+    QTest::newRow("a loop that catches") << body("Result = 1; for (;;) { try { x = x + 1; } catch (e) {} }");
+    QTest::newRow("functions") << body("function f() { return 1; } while (f()) {} Result = 1;");
+    QTest::newRow("the store") << body("for (;;) CTblRecCount(_ModelTableByName('Workers'));");
+    QTest::newRow("before the call") << QStringLiteral("(x) {})(function () { for (;;) {} }()");
+    QTest::newRow("in the result") << body(
+        "Result = [1]; Object.defineProperty(Result, 0, { get: function () { for (;;) {} } });");
+    QTest::newRow("a result that holds itself") << body("Result = []; Result.push(Result, Result);");
+    QTest::newRow("a vast result") << body("Result = []; Result.length = 4000000000;");
+}
+
+void CVrkToolCalcExecTest::an_endless_run_is_broken_off()
+{
+    QFETCH(QString, script);
+    TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    CVrkToolCalcExec tool(&module);
+    tool.setDeadline(50);
+    tool.m_script = QStringLiteral("_a") + script;
+    tool.m_input.type = CVar::Array;
+    tool.m_input.elements = {CVar()};
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("CVrkToolCalcExec::Perform")));
+    QElapsedTimer clock;
+    clock.start();
+    QVERIFY(tool.Perform(false) != 2);
+    QVERIFY(clock.elapsed() < 10000);
+    QCOMPARE(tool.m_output.type, 0);
+    tool.m_script = QStringLiteral("_b") + body("Result = 5;");
+    QCOMPARE(tool.Perform(false), 2);
+    QCOMPARE(tool.m_output.number, 5.0);
 }
 
 void CVrkToolCalcExecTest::an_error_empties_the_output_of_the_run_before()
