@@ -97,6 +97,7 @@ private:
     /// Gives the labels of the bar their widths, and the status its place: in the bar, or where that has no room for it,
     /// in a row below.
     void placeLabels();
+    void placeLabel(QAction* label, bool inBar, QAction* before);
     void configureTabBar();
     void createDialogs();
     void createInbox();
@@ -141,7 +142,7 @@ private:
 
     QToolButton* m_addButton = nullptr;
     QToolBar* m_toolBar = nullptr;
-    QToolBar* m_statusRow = nullptr; ///< below it, for the status where the bar has no room
+    QToolBar* m_statusRow = nullptr; ///< below it, for the labels where the bar has no room
     QToolButton* m_timeButton = nullptr;
     QToolButton* m_workshiftButton = nullptr;
     QToolButton* m_createButton = nullptr;
@@ -154,7 +155,9 @@ private:
     QToolButton* m_searchButton = nullptr;
     QLabel* m_intervalLabel = nullptr;
     QLabel* m_statusLabel = nullptr;
-    QAction* m_statusAction = nullptr; ///< the label in its bar
+    QAction* m_statusAction = nullptr;   ///< the label in its bar
+    QAction* m_intervalAction = nullptr; ///< the same
+    QAction* m_afterInterval = nullptr;  ///< what stands behind the interval in the bar
 
     QAction* m_currentWorkshiftAction = nullptr;
     QAction* m_chooseWorkshiftAction = nullptr;

@@ -68,8 +68,8 @@ void CVrkLogBook::configureToolBar()
     m_chooseIntervalAction = appendAction(m_timeButton, QStringLiteral("chooseIntervalAction"),
                                           tr("Выбрать интервал"), QStringLiteral(":/icons/clock_blue.png"));
     m_intervalLabel = statusPanel(QStringLiteral("intervalLabel"), m_toolBar);
-    m_toolBar->addWidget(m_intervalLabel);
-    m_toolBar->addSeparator();
+    m_intervalAction = m_toolBar->addWidget(m_intervalLabel);
+    m_afterInterval = m_toolBar->addSeparator();
 
     m_workshiftButton = appendButton(QStringLiteral("workshiftButton"), workshiftIcon, tr("Смена"));
     m_openWorkshiftAction =
@@ -165,15 +165,27 @@ void CVrkLogBook::placeLabels()
     m_intervalLabel->setFixedWidth(
         metrics.horizontalAdvance(QStringLiteral("WWWWW: 01.01.1970 00:00:00 -01.01.1970 00:00:00")) + 10);
 
-    const bool isInBar = m_toolBar->actions().contains(m_statusAction);
-    const int without = m_toolBar->sizeHint().width() -
-                        (isInBar ? m_statusLabel->width() + m_toolBar->layout()->spacing() : 0);
-    const bool fits = without + m_statusLabel->width() + m_toolBar->layout()->spacing() <= width();
-    if (fits == isInBar)
+    // The buttons come first; then the interval, then the status, as far as there is room.
+    const int spacing = m_toolBar->layout()->spacing();
+    const int interval = m_intervalLabel->width() + spacing;
+    const int status = m_statusLabel->width() + spacing;
+    const QList<QAction*> bar = m_toolBar->actions();
+    const int buttons = m_toolBar->sizeHint().width() - (bar.contains(m_intervalAction) ? interval : 0) -
+                        (bar.contains(m_statusAction) ? status : 0);
+    placeLabel(m_intervalAction, buttons + interval <= width(), m_afterInterval);
+    placeLabel(m_statusAction, buttons + interval + status <= width(), nullptr);
+    m_statusRow->setVisible(!m_statusRow->actions().isEmpty());
+}
+
+void CVrkLogBook::placeLabel(QAction* label, bool inBar, QAction* before)
+{
+    if (m_toolBar->actions().contains(label) == inBar)
         return;
-    (fits ? m_statusRow : m_toolBar)->removeAction(m_statusAction);
-    (fits ? m_toolBar : m_statusRow)->addAction(m_statusAction);
-    m_statusRow->setVisible(!fits);
+    (inBar ? m_statusRow : m_toolBar)->removeAction(label);
+    if (inBar)
+        m_toolBar->insertAction(before, label);
+    else // the interval in front of the status
+        m_statusRow->insertAction(m_statusRow->actions().value(0), label);
 }
 
 void CVrkLogBook::changeEvent(QEvent* event)

@@ -23,9 +23,9 @@ private:
         font.setPointSizeF(9.6 * scale); // 13 pixels at the 100 dots an inch of the offscreen screen
         QApplication::setFont(font);
     }
-    static void show(JournalWindow& journal)
+    static void show(JournalWindow& journal, const QSize& size = QSize(1280, 720))
     {
-        journal.window().resize(1280, 720);
+        journal.window().resize(size);
         QCoreApplication::processEvents();
         QCoreApplication::processEvents(); // what was put off: measuring, placing
     }
@@ -50,19 +50,23 @@ private slots:
     void everythingIsSeen_data()
     {
         QTest::addColumn<double>("scale");
-        QTest::newRow("usual") << 1.0;
-        QTest::newRow("a quarter larger") << 1.25;
-        QTest::newRow("half as large again") << 1.5;
+        QTest::addColumn<QSize>("size");
+        const QSize whole(1280, 720);
+        QTest::newRow("usual") << 1.0 << whole;
+        QTest::newRow("a quarter larger") << 1.25 << whole;
+        QTest::newRow("half as large again") << 1.5 << whole;
+        QTest::newRow("half as large again, inside a frame") << 1.5 << QSize(1217, 640);
     }
     void everythingIsSeen()
     {
         QFETCH(double, scale);
+        QFETCH(QSize, size);
         setScale(scale);
         const TestStore store;
         JournalWindow journal(store, QStringLiteral("ivanov"));
-        show(journal);
+        show(journal, size);
         QWidget* window = &journal.window();
-        QCOMPARE(window->size(), QSize(1280, 720));
+        QCOMPARE(window->size(), size);
 
         auto* bar = journal.child<QToolBar>("toolBar");
         for (const char* name :
