@@ -16,6 +16,7 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QShortcut>
 
 LogBookTab::LogBookTab(QWidget* parent)
     : QWidget(parent),
@@ -30,6 +31,12 @@ LogBookTab::LogBookTab(QWidget* parent)
     connect(m_ui->downSearchButton, &QToolButton::clicked, this, &LogBookTab::searchDown);
     connect(m_ui->searchEdit, &QLineEdit::textChanged, this, &LogBookTab::search);
     connect(m_ui->searchEdit, &QLineEdit::returnPressed, this, &LogBookTab::searchNext);
+    const auto* leave =
+        new QShortcut(Qt::Key_Escape, m_ui->searchWidget, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(leave, &QShortcut::activated, this, [this] {
+        switchVisibleSearch();
+        m_ui->recordsTable->setFocus(Qt::ShortcutFocusReason);
+    });
 }
 
 LogBookTab::~LogBookTab() = default;

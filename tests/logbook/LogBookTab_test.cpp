@@ -207,6 +207,19 @@ private slots:
         QVERIFY(!bar->isVisible());
     }
 
+    void escapeClosesTheSearchBar()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        journal.tab().switchVisibleSearch();
+        auto* edit = journal.child<QLineEdit>("searchEdit");
+        type(edit, QStringLiteral("ПС"));
+        QTest::keyClick(edit, Qt::Key_Escape);
+        QVERIFY(!journal.child<QWidget>("searchWidget")->isVisible());
+        QVERIFY(edit->text().isEmpty());
+        QVERIFY(journal.child<QWidget>("recordsTable")->hasFocus());
+    }
+
     void searchesFromTheSecondRowOn()
     {
         const TestStore store;
