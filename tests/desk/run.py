@@ -70,7 +70,7 @@ class Desk:
 def make_demo(build, folder):
     """One demo store for all scenes of a run; its path."""
     store = f"{folder}/demo.sqlite"
-    made = subprocess.run([f"{build}/bin/vrk-admin", "demo", f"sqlite://{store}"], stdin=subprocess.DEVNULL,
+    made = subprocess.run([f"{build}/bin/vrk-admin", "demo", f"sqlite://{store}", "--old", "--old-templates", "60"], stdin=subprocess.DEVNULL,
                           stdout=subprocess.DEVNULL, env=dict(os.environ, TZ="Europe/Moscow"))
     if made.returncode:
         sys.exit("the demo store cannot be made")
@@ -101,7 +101,8 @@ def play(build, demo, name, letters, options):
                     print(f"      no picture: {second}")
     finally:
         desk.close()
-    print(f"   {len(faults.known)} faults, {time.monotonic() - started:.0f} s", flush=True)
+    looks = sum(seat.looks for seat in desk.seats)
+    print(f"   {looks} steps, {len(faults.known)} faults, {time.monotonic() - started:.0f} s", flush=True)
     return not faults.known and not broken
 
 

@@ -34,15 +34,14 @@ def records(tree):
 
 
 def select_record(seat, text):
-    """The last record with these words, by the mouse where it can be seen, else by keys."""
-    seat.click("recordsTable", inside="homeLogbook")
+    """The last record with these words."""
+    if "recordsTable" not in seat.tree().focus_path():
+        seat.click("recordsTable", inside="homeLogbook")
     seat.press("End")
-    for _ in range(200):
-        current = [r for r in records(seat.tree()) if r["current"]]
-        if current and text in current[0]["text"]:
-            return current[0]
-        if current and current[0] is records(seat.tree())[0]:
-            break
+    for _ in records(seat.tree()):
+        current = next(r for r in records(seat.tree()) if r["current"])
+        if text in current["text"]:
+            return current
         seat.press("Up")
     raise AssertionError(f"no record with {text}")
 
@@ -171,7 +170,6 @@ def dialog_with_time(seat, cls, choose):
 
 
 def second_marker(seat):
-    seat.click("recordsTable", inside="homeLogbook")
     record = select_record(seat, "Установил")
     seat.click(record, button=3)
     entry = next(i for m in seat.tree().find(cls="QMenu") for i in m.get("items", [])[1:2])
@@ -336,3 +334,106 @@ def leave(seat):
     seat.close_by_frame("CVrkLogBook")
     if seat.alive() and seat.ended():
         seat.faults.add(seat, "leave", "the program ends with an error", seat.tree())
+
+
+def configurator(desk):
+    """The administrator makes a template."""
+    seat = start(desk, "admin", module="template")
+    seat.open("CVrkTemplateEditor")
+    seat.expect_focus("templatesTree")
+    page = "publicTemplates"
+    seat.click(seat.item("qt_tabwidget_tabbar", "Общие шаблоны"))
+    seat.click("searchEdit", inside=page)
+    seat.type("Оперативная смена")
+    seat.press("Enter")
+    seat.drop("createButton", "Шаблон")
+    seat.type("Смена принята на щите")
+    seat.click("templateText", inside=page)
+    seat.type("Смену приняли: ")
+    seat.click("findParameterButton", inside=page)
+    seat.expect_focus("parameterSearch")
+    seat.type("состав смены с группами")
+    seat.press("Enter")
+    seat.expect_focus("templateText")
+    seat.type(". Схема сверена по щиту.")
+    seat.endure("CVrkTemplateEditor")
+    seat.press("Ctrl+S")
+    seat.wait(lambda tree: not tree.one("saveButton")["enabled"], "the template to be saved")
+    seat.type(" Замечаний нет.")
+    seat.press("Escape")
+    seat.wait(lambda tree: not tree.one("saveButton")["enabled"], "the changes to be dropped")
+    seat.expect(lambda tree: "Замечаний" not in tree.one("templateText", inside=page).get("text", ""), "Escape drops nothing")
+    seat.close_by_frame("CVrkTemplateEditor")
+    if seat.alive():
+        seat.ended()
+
+
+def converter(desk):
+    """The administrator takes over the templates of the earlier journal."""
+    seat = start(desk, "admin", module="converter")
+    seat.open("CVrkConverter")
+    seat.endure("CVrkConverter")
+    seat.click("convertButton")
+    seat.wait(lambda tree: tree.one("saveButton")["enabled"], "the conversion to end")
+    seat.endure("CVrkConverter")
+    seat.click("reportButton")
+    seat.open("QFileDialog")
+    seat.press("Escape")
+    seat.gone("QFileDialog")
+    seat.click("saveButton")
+    seat.wait(lambda tree: tree.one("infoEdit").get("text", "").endswith("Шаблоны успешно сохранены"), "the templates to be saved")
+    seat.close_by_frame("CVrkConverter")
+    if seat.alive():
+        seat.ended()
+
+
+def monkey(desk):
+    """Keys, clicks and what a frame offers, in a random order that its number repeats."""
+    seed = desk.options.seed
+    print(f"   monkey number {seed}", flush=True)
+    dice = random.Random(seed)
+    seat = start(desk, "ozerov")
+    seat.open("CVrkLogBook")
+    for number in range(desk.options.keys):
+        if not seat.alive():
+            if seat.process.returncode:
+                raise AssertionError(f"after {number} steps the program has ended with {seat.process.returncode}")
+            seat.start("--user", "ozerov", "--department", "ЦДС")
+        monkey_step(seat, dice)
+
+
+def monkey_step(seat, dice):
+    tree = seat.tree()
+    windows = [w for w in seat.windows(tree) if w.managed]
+    kind = dice.random()
+    if not windows:
+        seat.screen.activate(int(next(w["wid"] for w in tree.windows if w["shown"])))
+        seat.calm()
+    elif kind < 0.35:
+        seat.press(dice.choice(["Tab", "Tab", "Shift+Tab", "Enter", "Escape", "Down", "Up", "Space", "Home", "End", "Page_Down", "F4",
+                                "Ctrl+N", "Ctrl+F", "Ctrl+P", "Ctrl+Enter", "Delete", "Ctrl+C", "Ctrl+V", "Alt+Down", "F5", "Left"]))
+    elif kind < 0.5:
+        seat.type(dice.choice(["вл", "ольх", "автоматическое", "12", "горин", "о", "течь масла", "0315"]))
+    elif kind < 0.88:
+        active = tree.by_id.get(tree.report["popup"] or tree.report["active"])
+        choice = [w for w in tree.find() if w["window"] is active and w["enabled"] and w["rect"][2] > 4 and not w.get("children")]
+        items = [i for w in choice for i in w.get("items", []) if i["rect"][2] > 4 and i["rect"][3] > 4 and i["enabled"]]
+        target = dice.choice(items if items and dice.random() < 0.4 else choice) if choice else None
+        if target:
+            seat.click(target, button=3 if dice.random() < 0.1 else 1, times=2 if dice.random() < 0.1 else 1)
+    elif kind < 0.92:
+        seat.screen.minimise(windows[-1].wid)
+        seat.calm()
+        seat.look("minimised")
+        seat.screen.activate(windows[-1].wid)
+        seat.calm()
+        seat.look("restored")
+    elif kind < 0.97:
+        seat.screen.place(windows[-1].wid, dice.randrange(200), dice.randrange(100), dice.choice([1, 600, 1000]), dice.choice([1, 400, 600]))
+        seat.calm()
+        seat.look("resized")
+    else:
+        inner, frame = windows[-1].rect, windows[-1].frame
+        bar = inner[1] - frame[1]
+        seat.screen.click(frame[0] + frame[2] - bar // 2 - 1, frame[1] + bar // 2 + 1)
+        seat.calm_or_ended()

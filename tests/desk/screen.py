@@ -17,6 +17,7 @@ from Xlib.protocol import event
 MODIFIERS = {"Ctrl": "Control_L", "Shift": "Shift_L", "Alt": "Alt_L"}
 LATIN, RUSSIAN = 0, 1
 LAYOUT_KEY = 0xfe08  # ISO_Next_Group
+DOUBLE_CLICK = 0.6  # seconds, more than the toolkit's
 GRACE = 5  # seconds that a process has to end by itself
 
 
@@ -47,6 +48,7 @@ class Screen:
                                 XDG_DATA_HOME=f"{folder}/data", XDG_RUNTIME_DIR=folder)
         self.server = self.manager = self.display = None
         self.layout = LATIN
+        self.clicked = (0, 0, 0)
         try:
             self._start(folder, letters)
         except BaseException:
@@ -118,7 +120,7 @@ class Screen:
     def _letter(symbol):
         if 0x20 <= symbol <= 0xff:
             return chr(symbol)
-        if symbol == XK.string_to_keysym("numerosign"):
+        if symbol == 0x6b0:
             return "№"
         if 0x6a0 <= symbol <= 0x6ff:  # the keyboard's own numbers of Cyrillic letters are those of KOI8-R
             return {0x6a3: "ё", 0x6b3: "Ё"}.get(symbol) or (bytes([symbol & 0xff]).decode("koi8-r") if symbol >= 0x6c0 else None)
@@ -185,6 +187,9 @@ class Screen:
         self.display.sync()
 
     def click(self, x, y, button=1, times=1):
+        if (x, y) == self.clicked[:2]:  # no double click with the one before
+            time.sleep(max(0, self.clicked[2] + DOUBLE_CLICK - time.monotonic()))
+        self.clicked = (x, y, time.monotonic())
         self.point(x, y)
         for _ in range(times):
             self._fake(X.ButtonPress, button)

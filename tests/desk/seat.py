@@ -77,8 +77,7 @@ class Seat:
         self.name, self.screen, self.build, self.store = name, screen, build, store
         self.folder, self.faults = folder, faults
         self.process = self.line = None
-        self.starts = 0
-        self.checking = True
+        self.starts = self.looks = 0
 
     # -- the program
 
@@ -175,8 +174,7 @@ class Seat:
 
     def look(self, step):
         """Records what is wrong with what can be seen, as soon as it does not go away by itself."""
-        if not self.checking:
-            return
+        self.looks += 1
         until = time.monotonic() + GIVE_UP
         while True:
             tree = self.tree()
@@ -189,16 +187,19 @@ class Seat:
                 return
             time.sleep(CALM)
 
-    def _done(self, step, keys, buttons, before):
-        if not self.alive():
-            return
+    def calm_or_ended(self, *arrived):
+        """False when the program has ended as it was asked to."""
         try:
-            self.calm(keys, buttons, before)
+            self.calm(*arrived)
+            return True
         except Failure:
-            if self.process.poll() == 0:  # it was asked to end
-                return
-            raise
-        self.look(step)
+            if self.process.poll() != 0:
+                raise
+            return False
+
+    def _done(self, step, keys, buttons, before):
+        if self.alive() and self.calm_or_ended(keys, buttons, before):
+            self.look(step)
 
     def press(self, *combinations):
         for combination in combinations:

@@ -56,6 +56,8 @@ QString cutLabel(const QLabel* label)
 
 QString cutButton(const QAbstractButton* button)
 {
+    if (button->objectName() == QLatin1String("qt_toolbar_ext_button"))
+        return QStringLiteral("buttons of the tool bar have no room");
     const auto* tool = qobject_cast<const QToolButton*>(button);
     if (tool && tool->toolButtonStyle() == Qt::ToolButtonIconOnly && !tool->icon().isNull())
         return QString();
