@@ -161,8 +161,8 @@ def dialog_with_time(seat, cls, choose):
     """A small dialog with a date and a time: what is typed there stays."""
     seat.open(cls)
     seat.click(choose, inside=cls)
-    seat.click("timeEdit", inside=cls)
-    seat.press("Home")
+    seat.click("dateEdit", inside=cls)
+    seat.press("Tab")
     seat.type("0203")
     typed = seat.widget("timeEdit", inside=cls)["text"]
     seat.expect(lambda _: typed == "02:03", f"02:03 was typed into {cls}, it shows {typed}")
@@ -322,9 +322,10 @@ def open_shift(seat, colleague):
     colleague.open("OpenWorkshiftDialog")
     colleague.click("addWorkerButton", inside="OpenWorkshiftDialog")
     choose_worker(colleague, "OpenWorkshiftDialog", "Ручьёва")
-    colleague.click("endTimeEdit", inside="OpenWorkshiftDialog")
-    colleague.press("Home")
+    colleague.click("endDateEdit", inside="OpenWorkshiftDialog")
+    colleague.press("Tab")
     colleague.type("0807")
+    colleague.expect(lambda tree: tree.one("endTimeEdit").get("text") == "08:07", "08:07 was typed into the end of the shift")
     colleague.endure("OpenWorkshiftDialog")
     colleague.press("Escape")
     colleague.gone("OpenWorkshiftDialog")

@@ -43,7 +43,7 @@ class Window:
 
 class Screen:
     def __init__(self, folder, width=1280, height=720, letters=100):
-        self.width, self.height = width, height
+        self.width, self.height, self.letters = width, height, letters
         self.environment = dict(os.environ, HOME=folder, XDG_CONFIG_HOME=f"{folder}/config", XDG_CACHE_HOME=f"{folder}/cache",
                                 XDG_DATA_HOME=f"{folder}/data", XDG_RUNTIME_DIR=folder)
         self.server = self.manager = self.display = None
@@ -104,7 +104,7 @@ class Screen:
     def _learn_keyboard(self):
         """Which key, with Shift or without, types which letter in which layout."""
         low, high = self.display.display.info.min_keycode, self.display.display.info.max_keycode
-        self.codes, self.letters = {}, {}
+        self.codes, self.keys = {}, {}
         for offset, symbols in enumerate(self.display.get_keyboard_mapping(low, high - low + 1)):
             for column, symbol in enumerate(symbols[:4]):
                 if not symbol:
@@ -114,7 +114,7 @@ class Screen:
                     self.codes.setdefault(symbol, low + offset)
                 letter = self._letter(symbol)
                 if letter:
-                    self.letters.setdefault((letter, layout), (low + offset, shift))
+                    self.keys.setdefault((letter, layout), (low + offset, shift))
 
     @staticmethod
     def _letter(symbol):
@@ -155,13 +155,13 @@ class Screen:
         keys = 0
         shift_key = self.codes[XK.string_to_keysym("Shift_L")]
         for letter in text:
-            if (letter, self.layout) not in self.letters:
+            if (letter, self.layout) not in self.keys:
                 other = LATIN if self.layout == RUSSIAN else RUSSIAN
-                if (letter, other) not in self.letters:
+                if (letter, other) not in self.keys:
                     raise ValueError(f"no key types {letter!r}")
                 self._toggle()
                 keys += 1
-            code, shift = self.letters[letter, self.layout]
+            code, shift = self.keys[letter, self.layout]
             if shift:
                 self._fake(X.KeyPress, shift_key)
             self._fake(X.KeyPress, code)

@@ -107,7 +107,10 @@ class Seat:
 
     def end(self):
         if self.line:
-            self.line.close()
+            try:
+                self.line.close()
+            except OSError:  # the other end has gone
+                pass
             self.line = None
         end(self.process)
         self.process = None
