@@ -47,6 +47,8 @@ void CVrkConverter::convert()
     m_loader->close();
     setRunEnabled(false);
     m_form->reportButton->setEnabled(true);
+    // The button that had the keyboard is off now.
+    (m_form->saveButton->isEnabled() ? m_form->saveButton : m_form->reportButton)->setFocus();
     m_running = false;
 }
 

@@ -376,6 +376,7 @@ def converter(desk):
     seat.endure("CVrkConverter")
     seat.click("convertButton")
     seat.wait(lambda tree: tree.one("saveButton")["enabled"], "the conversion to end")
+    seat.expect_focus("saveButton")
     seat.endure("CVrkConverter")
     seat.click("reportButton")
     seat.open("QFileDialog")
