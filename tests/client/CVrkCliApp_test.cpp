@@ -157,7 +157,15 @@ void CVrkCliAppTest::what_comes_during_a_delivery_is_delivered_after_it()
 
 void CVrkCliAppTest::nothing_is_delivered_inside_a_request()
 {
-    TestModule module(*client);
+    struct Idle : TestModule {
+        using TestModule::TestModule;
+        int MessageOn() override { return isIdle ? 0 : MessageGet(); }
+        bool isIdle = true;
+    };
+    Idle module(*client);
+    log({"W"});
+    client->deliver(); // it waits for the module to fetch it
+    module.isIdle = false;
     log({"A"});
     client->session().pollEvents();
     bool asked = false;
@@ -173,7 +181,7 @@ void CVrkCliAppTest::nothing_is_delivered_inside_a_request()
     QVERIFY(!client->session().isBusy());
     QCOMPARE(module.events.size(), 0);
     client->deliver();
-    QCOMPARE(module.takeEvents(), told({"A"}));
+    QCOMPARE(module.takeEvents(), told({"W", "A"}));
 }
 
 void CVrkCliAppTest::a_module_may_end_itself_in_its_message()

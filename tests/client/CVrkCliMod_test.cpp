@@ -33,6 +33,8 @@ private slots:
     void without_a_sink_log_lines_go_to_the_message_log();
     void a_sink_that_is_gone_is_forgotten();
     void icons_are_found_by_path_and_by_name();
+    void errorsAreLoggedUnderTheNameOfTheModule();
+    void unreadCommentsAreToldOnce();
     void names_lead_to_no_other_folder();
     void the_common_look_leaves_colours_and_fonts_alone();
 
@@ -222,6 +224,31 @@ void CVrkCliModTest::icons_are_found_by_path_and_by_name()
     QVERIFY(module.icon(QStringLiteral("no_such_icon")).isNull());
     QVERIFY(module.icon(QStringLiteral(":/icons/no_such_icon.png")).isNull());
     QVERIFY(!module.icon(QStringLiteral(":/qt-project.org/styles/commonstyle/images/up-16.png")).isNull());
+    QVERIFY(!module.icon(QStringLiteral("remove.png")).isNull()); // one of the host's own
+    QVERIFY(QFile::exists(QStringLiteral(":/icons/hour_glass.png")));
+    QVERIFY(module.icon(QStringLiteral("hour_glass.png")).isNull()); // one of a plug-in
+}
+
+void CVrkCliModTest::errorsAreLoggedUnderTheNameOfTheModule()
+{
+    struct Named : Sink {
+        using Sink::Sink;
+        void setName(const QString& name) { m_name = name; }
+    };
+    Named sink(&app);
+    sink.setName(QStringLiteral("Журнал"));
+    sink.SetError(QStringLiteral("беда"));
+    QCOMPARE(sink.lines, QStringList{QStringLiteral("2 Журнал беда")});
+}
+
+void CVrkCliModTest::unreadCommentsAreToldOnce()
+{
+    CVrkCliMod module(&app);
+    QSignalSpy changed(&module, &CVrkCliMod::unreadCommentsChanged);
+    for (const int count : {3, 3, 4})
+        module.SetUnreadComments(count);
+    QCOMPARE(changed.size(), 2);
+    QCOMPARE(changed.last().first().toInt(), 4);
 }
 
 void CVrkCliModTest::names_lead_to_no_other_folder()

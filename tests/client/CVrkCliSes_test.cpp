@@ -173,6 +173,12 @@ void CVrkCliSesTest::a_success_forgets_the_last_error()
     QVERIFY(!session->lastErrorText().isEmpty());
     QVERIFY(writeShift("A"));
     QCOMPARE(session->lastErrorText(), QString());
+
+    store->failures = {FakeStore::refused()};
+    QVERIFY(!writeShift("A"));
+    CMDArray answer;
+    answer = session->SqlRequest("SELECT 1");
+    QCOMPARE(session->lastErrorText(), QString());
 }
 
 void CVrkCliSesTest::a_block_is_written_at_its_end_in_the_order_given()
@@ -463,6 +469,11 @@ void CVrkCliSesTest::file_get_recodes_its_argument()
     store->files.insert(QStringLiteral("настройки/файл"), "x");
     HFNCliParam* block = getFile("настройки;файл");
     QVERIFY(block);
+    QCOMPARE(code(block), 0);
+    session->PrmFree(block);
+
+    store->files.insert(QStringLiteral("настройки/а;б"), "x"); // only the first semicolon parts
+    block = getFile("настройки;а;б");
     QCOMPARE(code(block), 0);
     session->PrmFree(block);
 }

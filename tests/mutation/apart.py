@@ -26,7 +26,8 @@ class Test:
     def __init__(self, name, command, properties):
         values = {one["name"]: one["value"] for one in properties}
         self.name = name
-        self.program = pathlib.Path(command[0]).name
+        # ctest does not know the command of a program that is not built; such a one is called as its test is.
+        self.program = pathlib.Path(command[0]).name if command else name.replace("_on_postgresql", "")
         self.arguments = command[1:]
         self.environment = dict(one.split("=", 1) for one in values.get("ENVIRONMENT", []))
         self.folder = values.get("WORKING_DIRECTORY")
@@ -109,7 +110,7 @@ class Apart:
 
     def __init__(self, build):
         self.build = pathlib.Path(build)
-        self.work = self.build / "changed"
+        self.work = self.build / f"changed-{os.getpid()}"
         self.launcher = [path for path in [shutil.which("ccache")] if path]
         database = json.loads((self.build / "compile_commands.json").read_text())
         # The first command is the one of the library that is tested; others build a part of it for another program.
@@ -118,8 +119,8 @@ class Apart:
             self.compilers.setdefault(entry["file"], (entry["command"], entry["directory"]))
         self.linkers = {}
         listed = json.loads(run(["ctest", "--test-dir", build, "--show-only=json-v1"]).stdout)
-        self.tests = {one["name"]: Test(one["name"], one["command"], one["properties"])
-                      for one in listed["tests"] if "command" in one}
+        self.tests = {one["name"]: Test(one["name"], one.get("command", []), one["properties"])
+                      for one in listed["tests"]}
 
     def linker(self, program):
         if program not in self.linkers:
@@ -135,7 +136,7 @@ class Apart:
             all(self.linker(one) and "bin/libVrk" not in self.linker(one) for one in programs)
 
     def folder(self, name):
-        """Where what has this name is built; the same each time, so that a compiler cache knows it again."""
+        """Where what has this name is built."""
         folder = self.work / hashlib.sha1(name.encode()).hexdigest()[:12]
         folder.mkdir(parents=True, exist_ok=True)
         return folder

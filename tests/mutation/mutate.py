@@ -367,19 +367,16 @@ class Behaviours:
     def try_together(self, changes):
         """Judges what can be built in company; the others come back."""
         folder = self.apart.folder("together")
-        try:
-            objects, alone = self.compile(changes)
-            together = [change for change in changes if change not in alone]
-            needed = {}
-            for change in together:
-                for program in self.programs(change):
-                    needed.setdefault(program, set()).add(objects[change.source])
-            linked = dict(self.each(lambda one: self.apart.link(folder, one, needed[one]), needed))
-            for change, verdict in self.each(lambda one: self.judge(one, linked), together):
-                self.tell(change.name, verdict)
-            return alone
-        finally:
-            shutil.rmtree(self.apart.work, ignore_errors=True)
+        objects, alone = self.compile(changes)
+        together = [change for change in changes if change not in alone]
+        needed = {}
+        for change in together:
+            for program in self.programs(change):
+                needed.setdefault(program, set()).add(objects[change.source])
+        linked = dict(self.each(lambda one: self.apart.link(folder, one, needed[one]), needed))
+        for change, verdict in self.each(lambda one: self.judge(one, linked), together):
+            self.tell(change.name, verdict)
+        return alone
 
     def run(self):
         self.check()
@@ -398,7 +395,11 @@ class Behaviours:
 def try_behaviours(build, path, names, jobs):
     """Whether enough changes of this list, or of the lists in this folder, were caught."""
     behaviours = Behaviours(build, sorted(path.glob("*.txt")) if path.is_dir() else [path], names, jobs)
-    behaviours.run()
+    try:
+        behaviours.run()
+    finally:
+        behaviours.pool.shutdown(cancel_futures=True)
+        shutil.rmtree(behaviours.apart.work, ignore_errors=True)
     survivors = [name for name, verdict in behaviours.verdicts.items() if verdict != "caught"]
     count = len(behaviours.verdicts)
     caught = count - len(survivors)

@@ -252,6 +252,26 @@ private slots:
         QVERIFY(button(one, "deleteButton")->isEnabled());
     }
 
+    void eachEntryAndButtonDoesItsWork()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = one.show(one.common());
+        QVERIFY(Configurator::select(page, "CAT_COMMON"));
+        const std::pair<const char*, QString> entries[] = {
+            {"createRootFolderAction", QStringLiteral("Новая категория")},
+            {"createFolderAction", QStringLiteral("Новая подкатегория")},
+            {"createTemplateAction", QStringLiteral("Новый шаблон")}};
+        for (const auto& [name, made] : entries) {
+            action(one, name)->trigger();
+            QCOMPARE(Configurator::currentName(page), made);
+            page->cancelChanges();
+            QVERIFY(Configurator::select(page, "CAT_COMMON"));
+        }
+        button(one, "deleteButton")->click();
+        QVERIFY(one.boxText().endsWith(QStringLiteral("Удалить категорию?")));
+        one.answer("noButton");
+    }
+
     void theHostSavesAndDrops()
     {
         Configurator one(*m_store);

@@ -137,7 +137,9 @@ private slots:
         QVERIFY(Configurator::select(page, "TPL_OPEN"));
         QCOMPARE(writes("TPL_OPEN"), 2);
         QSignalSpy reset(page, &TemplateTab::editDataReseted);
+        QSignalSpy painted(page->model(), &QAbstractItemModel::dataChanged);
         one.deliver();
+        QCOMPARE(painted.size(), 1); // the view is told
         QVERIFY(!page->isExistUnsaved());
         QCOMPARE(reset.size(), 1);
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Приём"));
