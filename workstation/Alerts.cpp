@@ -1,6 +1,7 @@
 #include "Alerts.h"
 
 #include "CVrkCliMod.h"
+#include "ShownText.h"
 #include "Tray.h"
 
 #include <QApplication>
@@ -53,7 +54,8 @@ void Alerts::alert(CVrkCliMod* module, const QString& text)
     m_calling = module;
     m_blink(module);
     m_tray->show(module->moduleTitle(),
-                 text.size() > longestText ? text.left(longestText) + QStringLiteral("…") : text);
+                 ShownText::notification(
+                     text.size() > longestText ? text.left(longestText) + QStringLiteral("…") : text));
 }
 
 void Alerts::bringUp()

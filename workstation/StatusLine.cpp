@@ -1,6 +1,7 @@
 #include "StatusLine.h"
 
 #include "CVrkCliSes.h"
+#include "ShownText.h"
 #include "Theme.h"
 
 #include <QDateTime>
@@ -74,7 +75,7 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     m_connectionIcon = panel(QStringLiteral("connectionIcon"), layout);
     m_connectionLabel = panel(QStringLiteral("connectionLabel"), layout);
     m_userLabel = panel(QStringLiteral("userLabel"), layout);
-    m_userLabel->setToolTip(QStringLiteral("%1, %2").arg(user, department));
+    m_userLabel->setToolTip(ShownText::tip(QStringLiteral("%1, %2").arg(user, department)));
 
     m_modulesButton = new QToolButton;
     m_modulesButton->setObjectName(QStringLiteral("modulesButton"));

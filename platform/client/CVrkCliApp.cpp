@@ -3,6 +3,7 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "EditorGuard.h"
+#include "PlainLabels.h"
 
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -10,6 +11,7 @@
 struct CVrkCliApp::Private {
     std::unique_ptr<CVrkCliSes> session;
     EditorGuard guard;
+    PlainLabels labels;
     QPointer<CVrkCliMod> sink;
     QVector<CVrkCliMod*> modules;
     std::function<bool(CVrkCliMod*)> closeGuard;

@@ -3,6 +3,7 @@
 #include "CModelTable.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
+#include "ShownText.h"
 #include "TemplateEditorText.h"
 #include "TextMatch.h"
 
@@ -236,7 +237,7 @@ QStandardItem* TemplateEditorPanel::itemOf(const Row& row) const
     item->setDragEnabled(!row.html.isEmpty());
     item->setDropEnabled(false);
     item->setData(row.key, KeyRole);
-    item->setToolTip(row.name);
+    item->setToolTip(ShownText::tip(row.name));
     if (!row.html.isEmpty())
         item->setData(row.html, HtmlRole);
     return item;

@@ -2,6 +2,7 @@
 
 #include "DateTimeLine.h"
 #include "ParameterKind.h"
+#include "ShownText.h"
 #include "TemplateEditorChipPainter.h"
 #include "TemplateEditorHtml.h"
 
@@ -321,7 +322,7 @@ QString TemplateEditorText::toolTipOf(const TemplateEditorChip& chip) const
         lines << QStringLiteral("…");
     if (chip.hasProperty("optional"))
         lines << tr("Можно оставить пустым");
-    return lines.join(QLatin1Char('\n')).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br/>"));
+    return ShownText::tip(lines.join(QLatin1Char('\n')));
 }
 
 QMimeData* TemplateEditorText::createMimeDataFromSelection() const

@@ -1,5 +1,6 @@
 #include "TemplatesModel.h"
 
+#include "ShownText.h"
 #include "TemplatesModelBuilder.h"
 #include "TextMatch.h"
 
@@ -207,7 +208,7 @@ QVariant TemplatesModel::data(const QModelIndex& index, int role) const
             m_nodes[static_cast<std::size_t>(m_places.value(node.key, {nodeOf(index)}).front())].parent;
         for (; parent > 0; parent = m_nodes[static_cast<std::size_t>(parent)].parent)
             path.prepend(m_nodes[static_cast<std::size_t>(parent)].name);
-        return path.join(QStringLiteral(" / "));
+        return ShownText::tip(path.join(QStringLiteral(" / ")));
     }
     case Qt::DecorationRole:
         if (group)

@@ -65,6 +65,7 @@ void CPopMessageBox::setMessage(const QString& title, const QString& text, TMess
     m_type = type;
     m_answered = false;
     setWindowTitle(title);
+    m_textLabel->setTextFormat(text.startsWith(QLatin1String("<center>")) ? Qt::RichText : Qt::PlainText);
     m_textLabel->setText(text);
     const int side = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
     m_iconLabel->setPixmap(iconPixmap(icon, side));

@@ -36,7 +36,8 @@ public:
     ~CPopMessageBox() override;
 
     /// Fills the box for a new message; slots of an earlier one are disconnected, for its answer was never
-    /// given. \a slot is null or the SLOT() signature of a slot of the parent, which gets the answer.
+    /// given. A text that begins with "<center>" is markup: names and the like in it have to be escaped. Any other is
+    /// shown as it stands. \a slot is null or the SLOT() signature of a slot of the parent, which gets the answer.
     void setMessage(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
                     const char* slot = nullptr);
     QDialogButtonBox* buttonBox() const { return m_buttons; }

@@ -7,6 +7,7 @@
 #include "GenGuid32.h"
 #include "HfnWrapper.h"
 #include "HtmlParser.h"
+#include "MarkerIcon.h"
 #include "MDRValues.h"
 #include "RecordCreatorKept.h"
 #include "ui_RecordCreatorDialog.h"
@@ -226,9 +227,9 @@ void RecordCreatorDialog::showMarker()
 {
     const QString marker = RecordDraft::firstMarker(m_form->templateFiller->filledTemplate(true));
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    m_form->markerIconLabel->setPixmap(QIcon(marker).pixmap(size, size));
-    m_form->markerIconLabel->setVisible(!marker.isEmpty());
-    m_form->markerLabel->setVisible(!marker.isEmpty());
+    m_form->markerIconLabel->setPixmap(MarkerIcon::at(marker).pixmap(size, size));
+    m_form->markerIconLabel->setVisible(MarkerIcon::isPath(marker));
+    m_form->markerLabel->setVisible(MarkerIcon::isPath(marker));
 }
 
 RecordDraft RecordCreatorDialog::draft() const

@@ -3,6 +3,7 @@
 #include "AbstractHfnCellConversion.h"
 #include "HfnTime.h"
 #include "MDRValues.h"
+#include "ShownText.h"
 #include "TemplateText.h"
 
 #include <algorithm>
@@ -141,6 +142,8 @@ QVariant VrkTableModel::data(const QModelIndex& index, int role) const
     const Column& column = m_columns[index.column()];
     const AbstractHfnCellData cell{m_codec, m_array, cellRecord, index.column(), role, this};
     const QVariant answer = (column.conversion ? column.conversion.data() : m_plain)->data(cell);
+    if (role == Qt::ToolTipRole && answer.type() == QVariant::String)
+        return ShownText::tip(answer.toString());
     if (role != Qt::ToolTipRole || answer.isValid() || column.field->type != mdr_TDouble)
         return answer;
     // Cells show the time of day alone: the full date stands in the tooltip.

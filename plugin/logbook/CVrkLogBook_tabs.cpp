@@ -7,6 +7,7 @@
 #include "LogBookWidget.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
+#include "ShownText.h"
 #include "ui_CVrkLogBook.h"
 
 #include <QAction>
@@ -36,7 +37,7 @@ void CVrkLogBook::configureAddButton()
 
 void CVrkLogBook::configureTabBar()
 {
-    m_form->logbooks->setTabText(0, home()->title());
+    m_form->logbooks->setTabText(0, ShownText::entry(home()->title()));
     m_form->logbooks->setTabIcon(0, QIcon(QStringLiteral(":/icons/home.png")));
     for (QTabBar::ButtonPosition side : {QTabBar::LeftSide, QTabBar::RightSide})
         m_form->logbooks->tabBar()->setTabButton(0, side, nullptr);
@@ -87,7 +88,8 @@ void CVrkLogBook::appendLogbook(const QString& organizationKey, const QString& d
     location->printInfo();
     logbook->init(this, location);
 
-    const int index = m_form->logbooks->insertTab(m_form->logbooks->count(), logbook, logbook->title());
+    const int index =
+        m_form->logbooks->insertTab(m_form->logbooks->count(), logbook, ShownText::entry(logbook->title()));
     m_form->logbooks->setCurrentIndex(index);
 }
 
@@ -111,8 +113,9 @@ void CVrkLogBook::commentsRequest()
     location->setDepartmentKey(home()->location()->departmentKey());
     comments->init(this, location);
 
-    const int index = m_form->logbooks->insertTab(
-        m_form->logbooks->count(), comments, QIcon(QStringLiteral(":/icons/comment.png")), comments->title());
+    const int index = m_form->logbooks->insertTab(m_form->logbooks->count(), comments,
+                                                  QIcon(QStringLiteral(":/icons/comment.png")),
+                                                  ShownText::entry(comments->title()));
     m_form->logbooks->setCurrentIndex(index);
 }
 
@@ -130,7 +133,7 @@ void CVrkLogBook::updateTitleComments()
 {
     for (int i = 0; i < m_form->logbooks->count(); ++i)
         if (auto* comments = qobject_cast<CommentsWidget*>(m_form->logbooks->widget(i)))
-            m_form->logbooks->setTabText(i, comments->title());
+            m_form->logbooks->setTabText(i, ShownText::entry(comments->title()));
 }
 
 void CVrkLogBook::closeLogbook(int index)

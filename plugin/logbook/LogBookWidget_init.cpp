@@ -9,6 +9,7 @@
 #include "LogbookFields.h"
 #include "LogbookTables.h"
 #include "LogBookWidget.h"
+#include "MarkerIcon.h"
 #include "MDRValues.h"
 #include "OpenWorkshiftDialog.h"
 #include "OrgStructDialog.h"
@@ -18,6 +19,7 @@
 #include "RecordCreatorDialog.h"
 #include "ReportDialog.h"
 #include "SecondMarkerDialog.h"
+#include "ShownText.h"
 #include "TimeExecutionDialog.h"
 #include "ui_LogBookTab.h"
 #include "VrkTableProxyModel.h"
@@ -169,8 +171,9 @@ void LogBookWidget::updateSecondMarkAction()
     }
     const QString path = secondMarkIconPath();
     const QString command = secondMarkCommand();
-    m_secondMarkAction->setIcon(QIcon(path));
-    m_secondMarkAction->setText(command.isEmpty() ? iconPathToName(path) : command);
+    const QIcon marker = MarkerIcon::at(path);
+    m_secondMarkAction->setIcon(marker.isNull() ? QIcon(QStringLiteral(":/icons/two.png")) : marker);
+    m_secondMarkAction->setText(ShownText::entry(command.isEmpty() ? iconPathToName(path) : command));
 }
 
 void LogBookWidget::createShiftDialogs()

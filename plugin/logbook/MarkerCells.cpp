@@ -3,6 +3,7 @@
 #include "CellIcon.h"
 #include "HfnTime.h"
 #include "HfnWrapper.h"
+#include "MarkerIcon.h"
 #include "RecordValue.h"
 
 #include <QTextCodec>
@@ -23,7 +24,7 @@ QVariant markerIcon(const MDRData* record, const char* timeField, const char* pr
     const QString path = QString::fromStdString(value);
     auto icon = icons.find(path);
     if (icon == icons.end())
-        icon = icons.insert(path, cellIcon(path));
+        icon = icons.insert(path, MarkerIcon::isPath(path) ? cellIcon(path) : QIcon());
     return *icon;
 }
 

@@ -32,6 +32,7 @@ AppendWorkerDialog::AppendWorkerDialog(QWidget* parent, int flag)
     setWindowIcon(QIcon(QStringLiteral(":/icons/info.png")));
     m_form->addButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
     m_form->addButton->setToolTip(tr("Добавить сотрудника"));
+    m_form->templateLabel->setTextFormat(Qt::RichText);
     m_pending.data.lastError = MDAFldAdd(m_pending.data.array, fieldCount(LogbookWorkersWorkshiftFields),
                                          LogbookWorkersWorkshiftFields);
     m_pending.data.KeyAdd("", 0);

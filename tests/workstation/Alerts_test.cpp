@@ -119,6 +119,15 @@ private slots:
         QVERIFY(desk.told[0].endsWith(QStringLiteral("…")));
     }
 
+    void aTextIsNoMarkupInTheTray()
+    {
+        Desk desk;
+        desk.activate(&desk.other);
+        desk.module.CallAttention(QStringLiteral("<img src=\"//srv/a.png\">"));
+        QVERIFY(!desk.told[0].contains(QLatin1Char('<')));
+        QVERIFY(desk.told[0].contains(QStringLiteral("img src")));
+    }
+
     void aModuleThatIsGoneIsNotBroughtUp()
     {
         QStringList told;

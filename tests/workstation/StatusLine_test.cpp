@@ -1,5 +1,6 @@
 #include "StatusLine.h"
 
+#include "../support/TextWalk.h"
 #include "CRowBatch.h"
 #include "CVrkCliApp.h"
 #include "CVrkCliSes.h"
@@ -28,6 +29,7 @@ private slots:
     void cleanup();
 
     void itTellsWhoWorksWhere();
+    void namesAndFailuresAreNoMarkup();
     void withLargeLettersNothingIsCutOff_data();
     void withLargeLettersNothingIsCutOff();
     void aFailureStaysUntilItIsAcknowledged();
@@ -73,6 +75,21 @@ void StatusLine_test::init()
     m_line = std::make_unique<StatusLine>(m_app->session(), QStringLiteral("Рощин"), QStringLiteral("ЦДС"));
     m_line->resize(1200, 30);
     m_line->show();
+}
+
+void StatusLine_test::namesAndFailuresAreNoMarkup()
+{
+    const QString file = m_bench->path(QStringLiteral("x.png"));
+    StatusLine line(m_app->session(), TextWalk::of(QStringLiteral("user"), file),
+                    TextWalk::of(QStringLiteral("department"), file));
+    line.resize(6000, 30);
+    line.show();
+    line.addFailure(TextWalk::of(QStringLiteral("failure"), file));
+    TextWalk walk;
+    walk.walk();
+    QCOMPARE(walk.faults(), QStringList());
+    QCOMPARE(walk.origins(), QSet<QString>({QStringLiteral("user"), QStringLiteral("department"),
+                                            QStringLiteral("failure")}));
 }
 
 void StatusLine_test::cleanup()
