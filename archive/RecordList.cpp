@@ -234,7 +234,7 @@ void RecordList::init(CVrkCliMod* module, const KeyNames* names)
     m_tool->setTableView(m_view);
     m_tool->setCMDArray(&m_records);
     m_tool->setDefaultSettingsView();
-    m_tool->setDayLines(false);
+    m_tool->setDayLines(VrkTableTool::NoDayLines);
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     VrkTableModel* model = m_tool->model();
     model->setTextCodec(module->session()->codec());

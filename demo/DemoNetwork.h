@@ -67,7 +67,8 @@ public:
     DemoNetwork();
 
     /// Writes the reference tables: types, organizations, departments, logins, workers, roles, timetables, equipment.
-    void write(DemoWriter* writer) const;
+    /// At \a now the next shift of a timetable is the first of its rows.
+    void write(DemoWriter* writer, qint64 now) const;
 
     const DemoDepartment& department(int index) const { return m_departments.at(index); }
     const DemoOrganization& organizationOf(int department) const;

@@ -1,8 +1,10 @@
+#include "DemoClock.h"
 #include "DemoKey.h"
 #include "DemoNetwork.h"
 #include "DemoStore.h"
 #include "DemoWriter.h"
 
+#include <QDateTime>
 #include <QSet>
 
 namespace
@@ -46,23 +48,36 @@ void writePeople(DemoWriter* writer, const DemoDepartment& department)
     }
 }
 
-void writeTimetable(DemoWriter* writer, const DemoDepartment& department)
+/// The dialog of opening lists the rows by their keys and proposes the first: that is the shift which begins at the next
+/// change, at \a nextStart o'clock.
+void writeTimetable(DemoWriter* writer, const DemoDepartment& department, int nextStart)
 {
+    int row = 0;
     const auto shift = [&](const QString& name, int start, int end) {
-        writer->insert("Shifts", demoKey(QStringLiteral("timetable %1 %2").arg(department.name, name)),
+        writer->insert("Shifts",
+                       demoKey(QStringLiteral("timetable %1").arg(department.name)).left(31) +
+                           QByteArray::number(row++),
                        {{"DepartmentKey", department.key},
                         {"name_", name},
                         {"startTime", start * hour},
                         {"endTime", end * hour}});
     };
-    shift(QStringLiteral("Дневная смена"), 8, 20);
-    shift(QStringLiteral("Ночная смена"), 20, 8);
+    const auto day = [&] { shift(QStringLiteral("Дневная смена"), 8, 20); };
+    const auto night = [&] { shift(QStringLiteral("Ночная смена"), 20, 8); };
+    if (nextStart == 20) {
+        night();
+        day();
+    } else {
+        day();
+        night();
+    }
     shift(QStringLiteral("Усиленное дежурство"), 20, 20);
 }
 } // namespace
 
-void DemoNetwork::write(DemoWriter* writer) const
+void DemoNetwork::write(DemoWriter* writer, qint64 now) const
 {
+    const int nextStart = QDateTime::fromSecsSinceEpoch(DemoClock::nextChange(now)).time().hour();
     for (const QString& type :
          {QStringLiteral("Диспетчерский центр"), QStringLiteral("Электросетевая организация"),
           QStringLiteral("Промышленный потребитель")})
@@ -86,7 +101,7 @@ void DemoNetwork::write(DemoWriter* writer) const
                 writeUser(writer, person.login, person.fullName());
             }
         writePeople(writer, department);
-        writeTimetable(writer, department);
+        writeTimetable(writer, department, nextStart);
     }
     writeUser(writer, DemoStore::loginWithoutWorker(), QStringLiteral("Стажёр без назначения"));
     writeRights(writer, DemoStore::administrator(),

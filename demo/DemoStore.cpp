@@ -218,7 +218,7 @@ bool DemoStore::fill(const QString& url, qint64 now, StoreError* error)
     const DemoNetwork network;
     const QVector<DemoTemplate> templates = DemoTemplates::builtIn();
     DemoWriter writer(store.get());
-    network.write(&writer);
+    network.write(&writer, now);
     DemoReference::writeTemplates(&writer, network, templates);
     DemoReference::writeParameters(&writer);
     DemoReference::writeDirectories(&writer);

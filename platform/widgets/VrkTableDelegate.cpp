@@ -1,5 +1,6 @@
 #include "VrkTableDelegate.h"
 
+#include "Contrast.h"
 #include "HfnTime.h"
 #include "MDRValues.h"
 #include "TemplateText.h"
@@ -48,6 +49,31 @@ QSizeF textSize(const QString& text, const QFont& font, qreal width)
     QTextLayout layout(VrkTableDelegate::laidOutText(text), font);
     layout.setTextOption(textOption(Qt::AlignLeft));
     return layOut(layout, width);
+}
+
+QColor selectionColor(const QStyleOptionViewItem& option)
+{
+    return option.palette.color(option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive,
+                                QPalette::Highlight);
+}
+
+/// A veil between two rules instead of a full colour: icons stay as they are.
+QColor selectionGround(const QStyleOptionViewItem& option)
+{
+    constexpr double veil = 0.25;
+    const bool isAlternate = option.features & QStyleOptionViewItem::Alternate;
+    const QColor base = option.palette.color(isAlternate ? QPalette::AlternateBase : QPalette::Base);
+    const QColor mark = selectionColor(option);
+    return QColor::fromRgbF(base.redF() + (mark.redF() - base.redF()) * veil,
+                            base.greenF() + (mark.greenF() - base.greenF()) * veil,
+                            base.blueF() + (mark.blueF() - base.blueF()) * veil);
+}
+
+/// That of the cell; in the selection a shade of it that stands out from the veil, for grey does not.
+QColor textColor(const QStyleOptionViewItem& option)
+{
+    const QColor color = option.palette.color(QPalette::Text);
+    return option.state & QStyle::State_Selected ? Contrast::legible(color, selectionGround(option)) : color;
 }
 
 QSize iconSize(const QStyleOptionViewItem& option)
@@ -152,8 +178,9 @@ QDate VrkTableDelegate::day(int row) const
 
 QDate VrkTableDelegate::dayLine(int row) const
 {
-    const QDate date = m_hasDayLines && row > 0 ? day(row) : QDate();
-    return date.isValid() && day(row - 1) != date ? date : QDate();
+    const QDate date = m_hasDayLines ? day(row) : QDate();
+    const bool begins = row > 0 ? day(row - 1) != date : m_hasFirstDayLine;
+    return date.isValid() && begins ? date : QDate();
 }
 
 int VrkTableDelegate::dayLineHeight(int row) const
@@ -233,18 +260,10 @@ void VrkTableDelegate::paintLines(QPainter* painter, const QStyleOptionViewItem&
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     if (!(option.state & QStyle::State_Selected))
         return;
-    // A veil and two rules instead of a full colour: icons, grey and struck-out texts stay legible.
-    const QPalette::ColorGroup group =
-        option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
-    QColor mark = option.palette.color(group, QPalette::Highlight);
-    const bool alternate = option.features & QStyleOptionViewItem::Alternate;
-    painter->fillRect(option.rect,
-                      option.palette.brush(alternate ? QPalette::AlternateBase : QPalette::Base));
-    painter->setPen(QPen(mark, selectionRule));
+    painter->fillRect(option.rect, selectionGround(option));
+    painter->setPen(QPen(selectionColor(option), selectionRule));
     painter->drawLine(option.rect.left(), option.rect.top() + 1, option.rect.right(), option.rect.top() + 1);
     painter->drawLine(option.rect.left(), option.rect.bottom(), option.rect.right(), option.rect.bottom());
-    mark.setAlphaF(0.25);
-    painter->fillRect(option.rect, mark);
 }
 
 void VrkTableDelegate::paintContents(QPainter* painter, const QStyleOptionViewItem& option,
@@ -264,7 +283,7 @@ void VrkTableDelegate::paintContents(QPainter* painter, const QStyleOptionViewIt
     if (!hasText)
         return;
 
-    const QColor color = option.palette.color(QPalette::Text);
+    const QColor color = textColor(option);
     if (isTemplateText(index)) {
         QTextDocument* text = document(index, option.font, inner.width());
         QAbstractTextDocumentLayout::PaintContext context;

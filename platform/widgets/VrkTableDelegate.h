@@ -28,7 +28,11 @@ public:
     int dayLineHeight(int row) const;
     /// The date in the day line above a row; invalid when there is none.
     QDate dayLine(int row) const;
-    void setDayLines(bool shown) { m_hasDayLines = shown; }
+    void setDayLines(bool shown, bool aboveFirstRow)
+    {
+        m_hasDayLines = shown;
+        m_hasFirstDayLine = aboveFirstRow;
+    }
     /// Drops what is kept about a record, or about all.
     void forget(const MDRData* record);
     void forgetAll();
@@ -49,5 +53,6 @@ private:
     VrkTableProxyModel* m_model;
     QTableView* m_view;
     bool m_hasDayLines = true;
+    bool m_hasFirstDayLine = false;
     mutable QCache<const MDRData*, QTextDocument> m_documents;
 };

@@ -208,10 +208,10 @@ void VrkTableTool::setDefaultSettingsView()
     d->layout->applyFont();
 }
 
-void VrkTableTool::setDayLines(bool shown)
+void VrkTableTool::setDayLines(DayLines lines)
 {
     if (auto* delegate = d->view ? qobject_cast<VrkTableDelegate*>(d->view->itemDelegate()) : nullptr)
-        delegate->setDayLines(shown);
+        delegate->setDayLines(lines != NoDayLines, lines == DayLinesAll);
     if (d->layout)
         d->layout->measure();
 }

@@ -36,9 +36,13 @@ public:
     VrkTableProxyModel* proxy() const;
     QTableView* tableView() const;
 
-    /// Whether the first record of a day carries a line with the date; it does when nothing is said. For tables whose
-    /// cells tell the date.
-    void setDayLines(bool shown);
+    enum DayLines {
+        NoDayLines,      ///< for tables whose cells tell the date
+        DayLinesBetween, ///< above the first record of each day but the first
+        DayLinesAll,     ///< above that of the first day too, for tables that do not tell it elsewhere
+    };
+    /// Where lines with the date stand while the table is sorted by a time; between the days when nothing is said.
+    void setDayLines(DayLines lines);
 
     /// The record of the view's current row, or null.
     MDRData* currentRecord() const;

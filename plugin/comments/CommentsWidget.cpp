@@ -42,6 +42,7 @@ void CommentsWidget::init(CVrkCliMod* module, LocationInfo* location)
     m_tableTool->setTableView(m_ui->recordsTable);
     m_tableTool->setCMDArray(&m_records.data);
     m_tableTool->setDefaultSettingsView();
+    m_tableTool->setDayLines(VrkTableTool::DayLinesAll);
     m_tableTool->proxy()->setFilterRows(m_filter);
     configureTableTool(); // before the rows: each conversion announces its whole column
 

@@ -2,6 +2,7 @@
 
 #include "KeptComments.h"
 #include "NoticeBar.h"
+#include "RecordTitle.h"
 #include "ui_CommentCreatorDialog.h"
 
 #include <QKeyEvent>
@@ -18,6 +19,7 @@ CommentCreatorDialog::CommentCreatorDialog(QWidget* parent, int flag)
       m_form(new Ui::CommentCreatorDialog),
       m_warningBar(new NoticeBar(this)),
       m_keptBar(new NoticeBar(this)),
+      m_recordTitle(new RecordTitle(this)),
       m_kept(KeptComments::of(parent ? parent : this))
 {
     m_form->setupUi(this);
@@ -27,6 +29,7 @@ CommentCreatorDialog::CommentCreatorDialog(QWidget* parent, int flag)
         m_form->verticalLayout->insertWidget(0, bar);
         connect(bar, &NoticeBar::chosen, this, &CommentCreatorDialog::choose);
     }
+    m_form->verticalLayout->insertWidget(0, m_recordTitle);
     setWindowIcon(QIcon(QStringLiteral(":/icons/comment.png")));
     setGuarding(true); // the comment goes to the current record of the window below
     connect(m_form->commentEdit, &QTextEdit::textChanged, this,

@@ -6,6 +6,7 @@
 
 class KeptComments;
 class NoticeBar;
+class RecordTitle;
 
 namespace Ui
 {
@@ -22,6 +23,8 @@ public:
     explicit CommentCreatorDialog(QWidget* parent, int flag = -1);
     ~CommentCreatorDialog() override;
 
+    /// Names the record that the comment goes to.
+    RecordTitle* recordTitle() const { return m_recordTitle; }
     /// The comment that is changed; empty for a new one.
     void setCommentKey(const QString& key) { m_commentKey = key; }
     QString commentKey() const { return m_commentKey; }
@@ -53,6 +56,7 @@ private:
     std::unique_ptr<Ui::CommentCreatorDialog> m_form;
     NoticeBar* m_warningBar;
     NoticeBar* m_keptBar;
+    RecordTitle* m_recordTitle;
     QString m_commentKey;
     QString m_warning;
     KeptComments* m_kept; ///< of the window

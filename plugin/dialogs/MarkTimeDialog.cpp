@@ -2,13 +2,16 @@
 
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "RecordTitle.h"
 
+#include <QBoxLayout>
 #include <QDateEdit>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
 
-MarkTimeDialog::MarkTimeDialog(QWidget* parent, int flag) : CPopTemplate(parent, flag)
+MarkTimeDialog::MarkTimeDialog(QWidget* parent, int flag)
+    : CPopTemplate(parent, flag), m_recordTitle(new RecordTitle(this))
 {
     setGuarding(true); // the answer goes to the current record of the window below
 }
@@ -16,6 +19,7 @@ MarkTimeDialog::MarkTimeDialog(QWidget* parent, int flag) : CPopTemplate(parent,
 void MarkTimeDialog::setUpForm(const Form& form)
 {
     m_controls = form;
+    static_cast<QBoxLayout*>(layout())->insertWidget(0, m_recordTitle);
     connect(form.clear, &QRadioButton::clicked, this, &MarkTimeDialog::updateStateControls);
     connect(form.set, &QRadioButton::clicked, this, &MarkTimeDialog::updateStateControls);
     connect(form.apply, &QPushButton::clicked, this, &MarkTimeDialog::apply);

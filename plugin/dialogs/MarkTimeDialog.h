@@ -8,12 +8,17 @@ class QDateEdit;
 class QPushButton;
 class QRadioButton;
 class QTimeEdit;
+class RecordTitle;
 
 /// The dialog in which a mark of a record is set with its time or taken away: what the second marker and the execution
 /// time share. It holds no record; whoever listens takes the record that is current when the answer comes.
 class MarkTimeDialog : public CPopTemplate
 {
     Q_OBJECT
+
+public:
+    /// Names the record that the answer will meet.
+    RecordTitle* recordTitle() const { return m_recordTitle; }
 
 protected:
     struct Form {
@@ -40,4 +45,5 @@ private:
     void updateStateControls();
 
     Form m_controls = {};
+    RecordTitle* m_recordTitle;
 };

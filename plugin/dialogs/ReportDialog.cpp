@@ -11,7 +11,6 @@
 #include "VrkPreview.h"
 #include "VrkTableModel.h"
 #include "VrkTableProxyModel.h"
-#include "VrkTableTool.h"
 
 #include <QKeyEvent>
 #include <QToolBar>
@@ -139,6 +138,11 @@ void ReportDialog::setRecordsTable(CModelTable* table)
     m_tableTool->model()->beginResetModel();
     records.lastError = table ? MDACopy(records.array, table->data.array, 1) : noTable;
     m_tableTool->model()->endResetModel();
+}
+
+void ReportDialog::setDayLines(VrkTableTool::DayLines lines)
+{
+    m_tableTool->setDayLines(lines);
 }
 
 void ReportDialog::setReportTitle(const QString& title, const QString& period)

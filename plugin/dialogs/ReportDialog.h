@@ -2,13 +2,13 @@
 
 #include "CModelTable.h"
 #include "CPopTemplate.h"
+#include "VrkTableTool.h"
 
 #include <memory>
 
 class FilterOnlyApprove;
 class QToolButton;
 class VrkPreview;
-class VrkTableTool;
 
 namespace Ui
 {
@@ -30,6 +30,7 @@ public:
     void setWorkersTable(CModelTable* table);
     /// Copies the records; a null table leaves what is there and stores the code -3.
     void setRecordsTable(CModelTable* table);
+    void setDayLines(VrkTableTool::DayLines lines);
     void setReportTitle(const QString& title, const QString& period);
     /// Code of the last copy.
     int lastError() const { return m_records.data.lastError; }

@@ -2,7 +2,6 @@
 
 #include "CLiteModel.h"
 #include "CommentInbox.h"
-#include "CPopMessageBox.h"
 #include "CToolLiteModel.h"
 #include "CVrkCliApp.h"
 #include "LocationInfo.h"
@@ -136,10 +135,15 @@ void CVrkLogBook::writeLog(const QString& func, const QString& text)
 
 void CVrkLogBook::showError(const QString& text)
 {
+    showMessage(tr("Ошибка"), text, MessageIconError);
+}
+
+void CVrkLogBook::showMessage(const QString& title, const QString& text, TMessageBoxIcon icon)
+{
     if (!m_messageBox)
         m_messageBox = new CPopMessageBox(this);
-    m_messageBox->setMessage(tr("Ошибка"), QStringLiteral("<center>%1</center>").arg(text),
-                             TMessageBoxIcon(1), TMessageBoxType(2), SLOT(closeMsgBox(QAbstractButton*)));
+    m_messageBox->setMessage(title, QStringLiteral("<center>%1</center>").arg(text), icon, MessageTypeOk,
+                             SLOT(closeMsgBox(QAbstractButton*)));
     m_messageBox->show();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 
 #include <memory>
@@ -7,13 +8,13 @@
 class CLiteModel;
 class CModelTable;
 class CommentInbox;
-class CPopMessageBox;
 class LocationInfo;
 class LogBookTab;
 class LogBookWidget;
 class OrgStructDialog;
 class QAction;
 class QLabel;
+class QShortcut;
 class QToolBar;
 class QToolButton;
 namespace OrgStruct
@@ -83,6 +84,7 @@ private:
     void setModuleName(const QString& name);
     void writeLog(const QString& func, const QString& text);
     void showError(const QString& text);
+    void showMessage(const QString& title, const QString& text, TMessageBoxIcon icon);
     void showRecord(const QByteArray& recordKey);
 
     void uploadHfnTables();
@@ -128,6 +130,11 @@ private:
     void updateIntervalWorkshift(LogBookWidget* logbook);
     void updateLogBookState(LogBookWidget* logbook);
     void disableToolBar();
+    /// Why no record can be written while this tab is in front; empty where it can.
+    QString creationRefusal(const LogBookTab* tab) const;
+    /// Lets the status and Ctrl+N say why, as long as the create button is off.
+    void updateCreationRefusal();
+    void tellCreationRefusal();
 
     std::unique_ptr<Ui::CVrkLogBook> m_form;
     std::unique_ptr<CLiteModel> m_model;
@@ -146,6 +153,7 @@ private:
     QToolButton* m_timeButton = nullptr;
     QToolButton* m_workshiftButton = nullptr;
     QToolButton* m_createButton = nullptr;
+    QShortcut* m_refusalShortcut = nullptr; ///< the key of the create button while that is off
     QToolButton* m_deleteButton = nullptr;
     QToolButton* m_approveButton = nullptr;
     QToolButton* m_signButton = nullptr;

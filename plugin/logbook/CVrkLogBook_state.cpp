@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QDateTime>
 #include <QLabel>
+#include <QShortcut>
 #include <QToolButton>
 
 namespace
@@ -41,6 +42,38 @@ void CVrkLogBook::updateActionsAppendWorker(LogBookWidget* logbook)
 void CVrkLogBook::updateActionCreateRecord(LogBookWidget* logbook)
 {
     m_createButton->setEnabled(logbook == home() && logbook->isRecordCreatable());
+    updateCreationRefusal();
+}
+
+QString CVrkLogBook::creationRefusal(const LogBookTab* tab) const
+{
+    const auto* logbook = qobject_cast<const LogBookWidget*>(tab);
+    if (logbook != home())
+        return tr("Записи создаются в журнале своего подразделения: это вкладка с домиком.");
+    if (logbook->mode() == 0)
+        return tr("Журнал не загружен.");
+    if (logbook->mode() != 1)
+        return tr("Показаны прошлые записи. Новые пишутся в текущую смену: к ней ведёт клавиша Home.");
+    if (!logbook->isOpenWorkshift())
+        return tr("Смена закрыта. Записи пишутся в открытую смену: её открывает кнопка «Смена».");
+    if (!logbook->isWorkerInWorkshift())
+        return tr(
+            "Вас нет в составе этой смены. Добавить вас может любой, кто в ней состоит: кнопка «Смена», "
+            "«Добавить диспетчера в смену».");
+    return {};
+}
+
+void CVrkLogBook::updateCreationRefusal()
+{
+    m_refusalShortcut->setEnabled(!m_createButton->isEnabled());
+    m_statusLabel->setToolTip(creationRefusal(currentTab()));
+}
+
+void CVrkLogBook::tellCreationRefusal()
+{
+    const QString refusal = creationRefusal(currentTab());
+    if (!refusal.isEmpty())
+        showMessage(tr("Новая запись"), refusal, MessageIconInformation);
 }
 
 void CVrkLogBook::updateActionDeleteRecord(LogBookWidget* logbook)
@@ -148,4 +181,5 @@ void CVrkLogBook::disableToolBar()
     for (QToolButton* button : {m_timeButton, m_workshiftButton, m_createButton, m_deleteButton,
                                 m_approveButton, m_signButton, m_reportButton})
         button->setEnabled(false);
+    updateCreationRefusal();
 }

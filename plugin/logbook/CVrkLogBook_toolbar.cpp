@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMenu>
+#include <QShortcut>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -86,6 +87,8 @@ void CVrkLogBook::configureToolBar()
     m_createButton = appendButton(QStringLiteral("createButton"), QStringLiteral(":/icons/add.png"),
                                   tr("Добавить новую запись") + QStringLiteral(" (Ctrl + N)"));
     m_createButton->setShortcut(Qt::CTRL + Qt::Key_N);
+    m_refusalShortcut = new QShortcut(m_createButton->shortcut(), this);
+    connect(m_refusalShortcut, &QShortcut::activated, this, &CVrkLogBook::tellCreationRefusal);
     m_deleteButton =
         appendButton(QStringLiteral("deleteButton"), QStringLiteral(":/icons/delete.png"), tr("Удалить"));
     m_deleteRecordAction =

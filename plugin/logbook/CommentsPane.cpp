@@ -40,6 +40,8 @@ CommentsPane::~CommentsPane()
 
 void CommentsPane::reload(const MDRData* record)
 {
+    if (m_editor->isVisible())
+        nameRecord(record);
     m_controls.list->clear();
     for (QToolButton* button : {m_controls.create, m_controls.remove, m_controls.readed})
         button->setEnabled(false);

@@ -60,6 +60,8 @@ private:
     /// The row of a new comment on the current record; null, with a line in the log, when there can be none.
     MDRData* newComment(CRowBatch& batch, double now) const;
     QString replacementWarning(const QString& commentKey) const;
+    void showEditor();
+    void nameRecord(const MDRData* record);
     void setCommentReaded(const QString& key, CRowBatch& batch);
     void setCommentReaded(const QListWidgetItem* item, CRowBatch& batch);
     void setCurrentCommentReaded();

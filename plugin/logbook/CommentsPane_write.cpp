@@ -9,6 +9,7 @@
 #include "LogbookTables.h"
 #include "LogText.h"
 #include "PageMessages.h"
+#include "RecordTitle.h"
 #include "RecordValue.h"
 
 #include <QListWidget>
@@ -20,7 +21,19 @@ void CommentsPane::createCommentRequest()
     // The key of the comment that was changed last stays, and the new text replaces that comment: meant.
     m_editor->clear();
     m_editor->warn(replacementWarning(m_editor->commentKey()));
+    showEditor();
+}
+
+void CommentsPane::showEditor()
+{
+    nameRecord(source().currentRecord());
     m_editor->show();
+}
+
+void CommentsPane::nameRecord(const MDRData* record)
+{
+    m_editor->recordTitle()->showRecord(record, source().module->session(),
+                                        source().location->table(QLatin1String(LogbookTable::Workers)));
 }
 
 /// What becomes of a text that is written under the key of a comment changed earlier; empty for a new comment.
@@ -50,7 +63,7 @@ void CommentsPane::changeCommentRequest()
     m_editor->setText(
         source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(comment, "text_"))));
     m_editor->warn(QString());
-    m_editor->show();
+    showEditor();
 }
 
 void CommentsPane::upsertComment(const QString& commentKey, const QString& text)

@@ -6,6 +6,7 @@
 #include "LogBookTab.h"
 #include "RecordCensus.h"
 #include "RecordPreparer.h"
+#include "VrkTableTool.h"
 
 #include <initializer_list>
 #include <QDateTime>
@@ -17,6 +18,7 @@ class CloseWorkshiftDialog;
 class CRowBatch;
 class DateTimeRangeDialog;
 class FilterByStatus;
+class MarkTimeDialog;
 class OpenWorkshiftDialog;
 class OrgStructDialog;
 class QAbstractButton;
@@ -175,6 +177,7 @@ private:
     void createConnections();
     void showRecordMenu(const QPoint& pos);
     void updateRecordsFilter();
+    VrkTableTool::DayLines dayLines() const;
     void showMsgBox(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
                     const char* slot);
     /// Takes the box off; true when its question was answered with yes.
@@ -231,6 +234,9 @@ private:
                   const QStringList& rest, const QString& message);
     void addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time);
     void pasteRecord(const MDRData* source);
+    /// Shows a dialog that names the record which its answer will meet.
+    void showMarkDialog(MarkTimeDialog* dialog);
+    void nameRecord(const MarkTimeDialog* dialog, const MDRData* record) const;
     static void copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record);
     void showError(const QString& title, const QString& text);
     void createShiftDialogs();

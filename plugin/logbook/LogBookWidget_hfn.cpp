@@ -109,6 +109,7 @@ void LogBookWidget::clearTables(std::initializer_list<CModelTable*> tables)
 void LogBookWidget::finishLoad()
 {
     m_tableTool->model()->endResetModel();
+    m_tableTool->setDayLines(dayLines());
     m_tableTool->setCurrentFirst();
     updateRecordsFilter();
     emit statusChanged();

@@ -227,7 +227,15 @@ void LogBookWidget::createConnections()
             editRecordRequest();
     });
     connect(m_ui->recordsTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& index) { reloadPanes(m_tableTool->recordByIndex(index)); });
+            [this](const QModelIndex& index) {
+                MDRData* record = m_tableTool->recordByIndex(index);
+                reloadPanes(record);
+                for (const MarkTimeDialog* dialog :
+                     std::initializer_list<const MarkTimeDialog*>{m_secondMarker, m_timeExecution}) {
+                    if (dialog && dialog->isVisible())
+                        nameRecord(dialog, record);
+                }
+            });
 }
 
 void LogBookWidget::updateRecordsFilter()

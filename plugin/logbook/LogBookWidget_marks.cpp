@@ -7,6 +7,7 @@
 #include "LogbookTables.h"
 #include "LogBookWidget.h"
 #include "LogText.h"
+#include "RecordTitle.h"
 #include "RecordValue.h"
 #include "SecondMarkerDialog.h"
 #include "TimeExecutionDialog.h"
@@ -90,9 +91,21 @@ void LogBookWidget::markRecord(const QByteArray& key, const Marks& marks, const 
     sendMark(batch, key, function, logLine, rest, message);
 }
 
+void LogBookWidget::showMarkDialog(MarkTimeDialog* dialog)
+{
+    nameRecord(dialog, currentRecord());
+    dialog->show();
+}
+
+void LogBookWidget::nameRecord(const MarkTimeDialog* dialog, const MDRData* record) const
+{
+    dialog->recordTitle()->showRecord(record, m_module->session(),
+                                      m_location->table(QLatin1String(LogbookTable::Workers)));
+}
+
 void LogBookWidget::changeSecondMarkRequest()
 {
-    m_secondMarker->show();
+    showMarkDialog(m_secondMarker);
 }
 
 void LogBookWidget::setSecondMarkRequest(const QDateTime& dt)
@@ -124,7 +137,7 @@ void LogBookWidget::removeSecondMarkRequest()
 
 void LogBookWidget::changeTimeExecRequest()
 {
-    m_timeExecution->show();
+    showMarkDialog(m_timeExecution);
 }
 
 void LogBookWidget::removeTimeExecRequest()

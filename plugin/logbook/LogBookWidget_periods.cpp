@@ -61,6 +61,12 @@ void LogBookWidget::appendWorkerRequest()
     m_appendWorker->show();
 }
 
+/// An interval may begin on any day; a shift is named with its date above the table.
+VrkTableTool::DayLines LogBookWidget::dayLines() const
+{
+    return m_mode == ArchiveInterval ? VrkTableTool::DayLinesAll : VrkTableTool::DayLinesBetween;
+}
+
 void LogBookWidget::showReportDialog()
 {
     QString period;
@@ -73,6 +79,7 @@ void LogBookWidget::showReportDialog()
     if (m_mode == RealTime || m_mode == ArchiveWorkshift)
         period = tr("Смена %1").arg(period);
     m_report->setRecordsTable(&m_records);
+    m_report->setDayLines(dayLines());
     m_report->setReportTitle(title(), period);
     m_report->show();
     m_report->raise();

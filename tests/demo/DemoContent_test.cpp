@@ -102,6 +102,21 @@ private slots:
         }
     }
 
+    void theNextShiftIsTheFirstOfTheTimetable()
+    {
+        const QDateTime now = QDateTime::fromSecsSinceEpoch(this->now);
+        const int hour = now.time().hour();
+        const double next = (hour >= 8 && hour < 20 ? 20 : 8) * 3600; // the shifts change at 8 and at 20
+        for (const QVariantList& department : demo.rows(QStringLiteral("SELECT KeyLink FROM Departments"))) {
+            const auto rows =
+                demo.rows(QStringLiteral("SELECT startTime FROM Shifts WHERE DepartmentKey = '%1' "
+                                         "ORDER BY KeyLink")
+                              .arg(department[0].toString()));
+            QCOMPARE(rows.size(), 3);
+            QCOMPARE(rows[0][0].toDouble(), next);
+        }
+    }
+
     void oneStormNightOfFourHundredRecords()
     {
         QCOMPARE(demo.count(QStringLiteral(

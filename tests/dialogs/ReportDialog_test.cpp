@@ -186,6 +186,8 @@ private slots:
         QVERIFY(preview && preview->isVisible());
         QCOMPARE(preview->windowTitle(), QStringLiteral("Печать отчета"));
         QCOMPARE(preview->table().footer, report.title());
+        QCOMPARE(preview->table().maxColumnWidth, 100);
+        QCOMPARE(preview->table().headerBackground, QColor(Qt::gray));
         const VrkPreviewTable approved = preview->table();
         QCOMPARE(recordsOf(approved).size(), 5);
         QCOMPARE(preview->table().header.cells.size(), 8);

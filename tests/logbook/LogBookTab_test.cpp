@@ -78,23 +78,36 @@ private slots:
     void hasItsButtons()
     {
         LogBookWidget tab;
-        const std::pair<const char*, QString> buttons[] = {
-            {"createCommentButton", QStringLiteral("Добавить комментарий")},
-            {"deleteCommentButton", QStringLiteral("Удалить комментарий")},
-            {"readedCommentButton", QStringLiteral("Отметить как прочитанный")},
-            {"createFileButton", QStringLiteral("Добавить файл...")},
-            {"deleteFileButton", QStringLiteral("Удалить файл")},
-            {"saveFileButton", QStringLiteral("Сохранить файл...")},
-            {"upSearchButton", QString()},
-            {"downSearchButton", QString()}};
-        for (const auto& [name, tip] : buttons) {
-            const auto* button = tab.findChild<QToolButton*>(QLatin1String(name));
-            QVERIFY2(button, name);
-            QVERIFY2(!button->isEnabled(), name);
-            QVERIFY2(!button->icon().pixmap(16, 16).isNull(), name);
-            if (!tip.isEmpty())
-                QCOMPARE(button->toolTip(), tip);
+        struct Button {
+            const char* name;
+            QString tip;
+            const char* icon;
+        };
+        const Button buttons[] = {
+            {"createCommentButton", QStringLiteral("Добавить комментарий"), "add"},
+            {"deleteCommentButton", QStringLiteral("Удалить комментарий"), "delete"},
+            {"readedCommentButton", QStringLiteral("Отметить как прочитанный"), "readed"},
+            {"createFileButton", QStringLiteral("Добавить файл..."), "add"},
+            {"deleteFileButton", QStringLiteral("Удалить файл"), "delete"},
+            {"saveFileButton", QStringLiteral("Сохранить файл..."), "save"},
+            {"upSearchButton", QString(), "up-arrow"},
+            {"downSearchButton", QString(), "down-arrow"},
+            {"closeSearchButton", QString(), "close"}};
+        const auto picture = [](const QIcon& icon) { return icon.pixmap(16, 16).toImage(); };
+        const auto named = [picture](const char* icon) {
+            return picture(QIcon(QStringLiteral(":/icons/%1.png").arg(QLatin1String(icon))));
+        };
+        for (const Button& told : buttons) {
+            const auto* button = tab.findChild<QToolButton*>(QLatin1String(told.name));
+            QVERIFY2(button, told.name);
+            QCOMPARE(button->isEnabled(), qstrcmp(told.name, "closeSearchButton") == 0);
+            QCOMPARE(picture(button->icon()), named(told.icon));
+            if (!told.tip.isEmpty())
+                QCOMPARE(button->toolTip(), told.tip);
         }
+        const auto* panes = tab.findChild<QTabWidget*>(QStringLiteral("additionalTab"));
+        QCOMPARE(picture(panes->tabIcon(0)), named("comment"));
+        QCOMPARE(picture(panes->tabIcon(1)), named("affix"));
         const auto* readed = tab.findChild<QToolButton*>(QStringLiteral("readedCommentButton"));
         QCOMPARE(readed->popupMode(), QToolButton::MenuButtonPopup);
         QCOMPARE(readed->actions().size(), 1);

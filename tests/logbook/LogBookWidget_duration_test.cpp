@@ -1,5 +1,6 @@
 #include "FileAnswer.h"
 #include "HFNCliParam.h"
+#include "JournalWindow.h"
 #include "LogWatch.h"
 #include "MadeTable.h"
 #include "StoreAdmin.h"
@@ -105,6 +106,16 @@ private slots:
         QCOMPARE(calls.size(), 2);
         journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST")); // also in the archive
         QCOMPARE(running(journal), QVector<int>({0, 600000}));
+    }
+
+    void theWindowReadsTheOptionsAsItStarts()
+    {
+        const TestStore store;
+        makeLate(store, options(1, 1, 600));
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        emitTimeout(JournalWindow::childOf<QTimer>(&desk.home(), "controlTimer"));
+        QVERIFY(desk.box());
+        QCOMPARE(desk.box()->title(), QStringLiteral("Предупреждение"));
     }
 
     void theLongestIntervalIsOne()

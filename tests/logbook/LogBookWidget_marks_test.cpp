@@ -1,4 +1,6 @@
+#include "CommentCreatorDialog.h"
 #include "HtmlParser.h"
+#include "LogbookFields.h"
 #include "LogWatch.h"
 #include "RecordValue.h"
 #include "SecondMarkerDialog.h"
@@ -8,11 +10,13 @@
 #include <QClipboard>
 #include <QDateEdit>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QToolButton>
 
 /// Second markers, execution times, and the copying of records: what reaches the store and what the user is told.
 class LogBookWidget_marks_test : public QObject
@@ -64,6 +68,33 @@ private:
         auto* mimeData = new QMimeData;
         mimeData->setData(QLatin1String(format), content);
         QGuiApplication::clipboard()->setMimeData(mimeData);
+    }
+    /// Gives a record a value in every field.
+    static void fill(const TestStore& store, const char* key)
+    {
+        const double now = TestStore::now();
+        QVERIFY(TestStore::write(store.openLoader().get(), "LogbookRecords", ROW_UPDATE, key,
+                                 {{"VisaWorkerKey", "WORKER_SIDOROVA"},
+                                  {"ReceiverWorkerKey", "WORKER_SMIRNOV_ZAR"},
+                                  {"OriginRecordKey", "REC_REPLACED"},
+                                  {"SecondMarkWorkerKey", "WORKER_PETROV"},
+                                  {"recordTime", now - 500},
+                                  {"eventTime", now - 400},
+                                  {"firstMarkTime", now - 300},
+                                  {"secondMarkTime", now - 200},
+                                  {"executionTime", now - 100},
+                                  {"direction", 2}}));
+        for (const MDRFieldDescr& field : LogbookRecordFields)
+            QVERIFY2(!stored(store, key, field.name).isNull(), field.name);
+    }
+    /// Fields of a record that differ from those of another.
+    static QStringList differences(const TestStore& store, const QString& key, const char* other)
+    {
+        QStringList names;
+        for (const MDRFieldDescr& field : LogbookRecordFields)
+            if (stored(store, key, field.name) != stored(store, other, field.name))
+                names << QLatin1String(field.name);
+        return names;
     }
     static const QDateTime& moment()
     {
@@ -143,8 +174,15 @@ private slots:
     void theMenuTakesTheNameOfTheMarkerWithoutACommand()
     {
         const TestStore store;
-        for (const auto& [path, name] :
-             {std::pair(":/markers/worker_red.png", "Допуск бригады"), std::pair(":/icons/star.png", "")}) {
+        struct Marker {
+            const char* path;
+            const char* name;
+            const char* icon; ///< a path that is none of a marker is not opened
+        };
+        const Marker markers[] = {{":/markers/worker_red.png", "Допуск бригады", ":/markers/worker_red.png"},
+                                  {":/icons/star.png", "", ":/icons/two.png"},
+                                  {"/usr/share/pixmaps/debian-logo.png", "", ":/icons/two.png"}};
+        for (const auto& [path, name, icon] : markers) {
             HtmlParser html("Бригада");
             html.setTemplateProperty("second_mark", std::string(path));
             QVERIFY(TestStore::write(store.openLoader().get(), "LogbookRecords", ROW_UPDATE,
@@ -156,7 +194,7 @@ private slots:
             QCOMPARE(entry->text(), QString::fromUtf8(name));
             QCOMPARE(journal.tab().secondMarkIconPath(), QLatin1String(path));
             QCOMPARE(entry->icon().pixmap(16, 16).toImage(),
-                     QIcon(QLatin1String(path)).pixmap(16, 16).toImage());
+                     QIcon(QLatin1String(icon)).pixmap(16, 16).toImage());
         }
     }
 
@@ -353,6 +391,75 @@ private slots:
             QCOMPARE(stored(store, key, field), stored(store, "REC_TRIP", field));
     }
 
+    void aPasteKeepsAllThatIsNotItsOwn()
+    {
+        const TestStore store;
+        fill(store, "REC_ZAR");
+        fill(store, "REC_ORDER");
+        TestJournal journal(store);
+        for (const char* source : {"REC_ORDER", "REC_ZAR"}) { // in the view, and fetched
+            put(QByteArray("LogbookRecords;") + source);
+            journal.tab().pasteRecordRequest();
+            const QString key =
+                store.value(QStringLiteral("SELECT KeyLink FROM LogbookRecords ORDER BY rowid DESC LIMIT 1"))
+                    .toString();
+            QStringList changed{QStringLiteral("KeyLink"), QStringLiteral("WorkerKey"),
+                                QStringLiteral("VisaWorkerKey"), QStringLiteral("status")};
+            if (qstrcmp(source, "REC_ZAR") == 0)
+                changed.insert(1, QStringLiteral("ShiftKey"));
+            QCOMPARE(differences(store, key, source), changed);
+            QVERIFY(stored(store, key, "VisaWorkerKey").isNull());
+        }
+    }
+
+    void aSuccessorKeepsAllThatIsNotItsOwn()
+    {
+        const TestStore store;
+        fill(store, "REC_ORDER");
+        TestJournal journal(store);
+        journal.select("REC_ORDER");
+        journal.tab().setTimeExecRequest(moment());
+        const QString key =
+            store.value(QStringLiteral("SELECT KeyLink FROM LogbookRecords ORDER BY rowid DESC LIMIT 1"))
+                .toString();
+        QCOMPARE(differences(store, key, "REC_ORDER"),
+                 QStringList({QStringLiteral("KeyLink"), QStringLiteral("VisaWorkerKey"),
+                              QStringLiteral("OriginRecordKey"), QStringLiteral("executionTime"),
+                              QStringLiteral("status")}));
+        QCOMPARE(stored(store, key, "OriginRecordKey").toString(), QStringLiteral("REC_ORDER"));
+        QCOMPARE(stored(store, key, "executionTime").toLongLong(), moment().toSecsSinceEpoch());
+        QVERIFY(stored(store, key, "VisaWorkerKey").isNull());
+        QCOMPARE(stored(store, key, "status").toInt(), 0);
+    }
+
+    void theSmallDialogsNameTheirRecord()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        journal.select("REC_TRIP");
+        const auto titleOf = [](const QWidget* dialog) {
+            const auto* label = dialog->findChild<QLabel*>(QStringLiteral("recordTitle"));
+            return label->isVisible() ? label->toolTip().replace(QLatin1Char('\n'), QLatin1Char(' '))
+                                      : QString();
+        };
+        const auto isNamed = [](const QString& title) {
+            return title.contains(QStringLiteral("Петров П. П.")) &&
+                   title.contains(QStringLiteral("Отключилась ВЛ 110 кВ Полевая – Заречная"));
+        };
+        auto* marker = journal.module().findChild<SecondMarkerDialog*>();
+        journal.tab().changeSecondMarkRequest();
+        QVERIFY2(isNamed(titleOf(marker)), qPrintable(titleOf(marker)));
+        auto* execution = journal.module().findChild<TimeExecutionDialog*>();
+        journal.tab().changeTimeExecRequest();
+        QVERIFY(isNamed(titleOf(execution)));
+        auto* comment = journal.module().findChild<CommentCreatorDialog*>();
+        journal.child<QToolButton>("createCommentButton")->click();
+        QVERIFY(isNamed(titleOf(comment)));
+        journal.select("REC_MESSAGE"); // the answer meets this one now
+        for (const QWidget* dialog : std::initializer_list<const QWidget*>{marker, execution, comment})
+            QVERIFY(titleOf(dialog).contains(QStringLiteral("Запрошено состояние нагрузки")));
+    }
+
     void pastesARecordOfAnotherDepartment()
     {
         const TestStore store;
@@ -384,6 +491,8 @@ private slots:
         QTest::newRow("no key") << QByteArray("LogbookRecords;") << QByteArray("logbook_record");
         QTest::newRow("a quote in the key")
             << QByteArray("LogbookRecords;x' OR '1'='1") << QByteArray("logbook_record");
+        QTest::newRow("too long a key")
+            << QByteArray("LogbookRecords;REC_OF_A_KEY_OF_THIRTY_3_LETTERS_") << QByteArray("logbook_record");
         QTest::newRow("behind a NUL")
             << QByteArray("LogbookFiles\0;REC_ORDER", 22) << QByteArray("logbook_record");
     }
@@ -392,6 +501,13 @@ private slots:
         QFETCH(QByteArray, content);
         QFETCH(QByteArray, format);
         const TestStore store;
+        QVERIFY(TestStore::write(store.openLoader().get(), "LogbookRecords", ROW_INSERT,
+                                 "REC_OF_A_KEY_OF_THIRTY_3_LETTERS_",
+                                 {{"ShiftKey", "SHIFT_CDS_OPEN"},
+                                  {"WorkerKey", "WORKER_IVANOV"},
+                                  {"recordTime", TestStore::now()},
+                                  {"html", "x"},
+                                  {"status", 0}}));
         TestJournal journal(store);
         const int before = records(store);
         put(content, format.constData());

@@ -253,11 +253,11 @@ private slots:
         QCOMPARE(s.delegate()->dayLine(2), QDate());
         QCOMPARE(s.view.rowHeight(1), s.view.rowHeight(2) + s.delegate()->dayLineHeight(1));
 
-        s.tool.setDayLines(false);
+        s.tool.setDayLines(VrkTableTool::NoDayLines);
         s.settle();
         QCOMPARE(s.delegate()->dayLine(1), QDate());
         QCOMPARE(s.view.rowHeight(1), s.view.rowHeight(2));
-        s.tool.setDayLines(true);
+        s.tool.setDayLines(VrkTableTool::DayLinesBetween);
 
         s.tool.sortByColumn(recordTime, Qt::DescendingOrder);
         s.settle();
@@ -268,6 +268,29 @@ private slots:
         s.settle();
         for (int row = 0; row < 3; ++row)
             QCOMPARE(s.delegate()->dayLine(row), QDate());
+    }
+
+    void theFirstDayHasItsLineWhereAsked()
+    {
+        Setup s;
+        s.append("A", QStringLiteral("19.11.2026 23:58"), QStringLiteral("вечер"));
+        s.append("B", QStringLiteral("20.11.2026 00:06"), QStringLiteral("ночь"));
+        s.configure();
+        s.tool.setDayLines(VrkTableTool::DayLinesAll);
+        s.show();
+        QCOMPARE(s.delegate()->dayLine(0), QDate(2026, 11, 19));
+        QCOMPARE(s.delegate()->dayLine(1), QDate(2026, 11, 20));
+        QCOMPARE(s.view.rowHeight(0), s.view.rowHeight(1));
+        QVERIFY(s.delegate()->dayLineHeight(0) > 0);
+
+        s.append("C", QStringLiteral("18.11.2026 12:00"),
+                 QStringLiteral("день")); // a new first row takes it over
+        s.settle();
+        QCOMPARE(s.delegate()->dayLine(0), QDate(2026, 11, 18));
+        QCOMPARE(s.view.rowHeight(0), s.view.rowHeight(1));
+        s.tool.setDayLines(VrkTableTool::DayLinesBetween);
+        s.settle();
+        QCOMPARE(s.delegate()->dayLine(0), QDate());
     }
 
     void theDayLineMovesWithItsNeighbour()

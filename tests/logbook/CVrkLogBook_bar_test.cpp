@@ -1,0 +1,406 @@
+#include "AppendWorkerDialog.h"
+#include "CVrkLogBook.h"
+#include "JournalWindow.h"
+#include "MDRValues.h"
+#include "RecordCreatorDialog.h"
+#include "ReportDialog.h"
+#include "SecondMarkerDialog.h"
+#include "TimeExecutionDialog.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLayout>
+#include <QMenu>
+#include <QMimeData>
+#include <QTabBar>
+#include <QTableView>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+
+/// The tool bar and the record menu of the journal window: what they show, and what each of their buttons and entries
+/// does.
+class CVrkLogBook_bar_test : public QObject
+{
+    Q_OBJECT
+
+private:
+    static QImage picture(const QIcon& icon) { return icon.pixmap(24, 24).toImage(); }
+    static QImage picture(const char* path) { return picture(QIcon(QLatin1String(path))); }
+    static QLabel* label(JournalWindow& desk, const char* name) { return desk.child<QLabel>(name); }
+    static QToolButton* button(JournalWindow& desk, const char* name)
+    {
+        return desk.child<QToolButton>(name);
+    }
+    static QMenu* recordMenu(JournalWindow& desk)
+    {
+        auto* view = JournalWindow::childOf<QTableView>(&desk.home(), "recordsTable");
+        emit view->customContextMenuRequested(QPoint(10, 10));
+        auto* menu = JournalWindow::childOf<QMenu>(view, "recordMenu");
+        menu->close();
+        return menu;
+    }
+    static QAction* entry(JournalWindow& desk, const QString& text)
+    {
+        for (QAction* action : recordMenu(desk)->actions())
+            if (action->text() == text)
+                return action;
+        return nullptr;
+    }
+    /// What stands in the store about the drafts and the visas: "draft of Ivanov, draft of Petrov, visas".
+    static QString state(const TestStore& store)
+    {
+        QStringList words;
+        for (const char* key : {"REC_DRAFT_IVANOV", "REC_DRAFT_PETROV"}) {
+            const QVariant status =
+                store.value(QStringLiteral("SELECT status FROM LogbookRecords WHERE KeyLink='%1'")
+                                .arg(QLatin1String(key)));
+            words << (status.isValid() ? status.toString() : QStringLiteral("-"));
+        }
+        for (const char* key : {"REC_ORDER", "REC_TRIP"})
+            words << store
+                         .value(QStringLiteral("SELECT VisaWorkerKey FROM LogbookRecords WHERE KeyLink='%1'")
+                                    .arg(QLatin1String(key)))
+                         .toString()
+                         .section(QLatin1Char('_'), 1);
+        return words.join(QLatin1Char(' '));
+    }
+    /// Closes the shift of the home tab behind the user's back.
+    static void closeShift(const TestStore& store, JournalWindow& desk)
+    {
+        QVERIFY(TestStore::write(store.openLoader().get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                                 {{"CloseWorkerKey", "WORKER_IVANOV"}}));
+        desk.deliver();
+    }
+
+private slots:
+    void buttonsHaveTheirTipsIconsAndKeys()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        const struct {
+            const char* name;
+            const char* tip;
+            const char* icon;
+            QKeySequence key;
+            bool hasMenu;
+        } buttons[] = {
+            {"timeButton", "Перейти к текущей смене", ":/icons/clock.png", {}, true},
+            {"workshiftButton", "Смена", ":/icons/workshift.png", {}, true},
+            {"createButton", "Добавить новую запись (Ctrl + N)", ":/icons/add.png", Qt::CTRL + Qt::Key_N,
+             false},
+            {"deleteButton", "Удалить", ":/icons/delete.png", {}, true},
+            {"approveButton", "Утвердить", ":/icons/apply.png", {}, true},
+            {"signButton", "Поставить визу на текущую запись", ":/icons/sign.png", {}, true},
+            {"executionButton", "Время выполнения...", ":/icons/hour_glass.png", {}, false},
+            {"commentsButton", "Комментарии", ":/icons/comment.png", {}, false},
+            {"reportButton", "Отчет... (Ctrl + P)", ":/icons/report.png", Qt::CTRL + Qt::Key_P, false},
+            {"searchButton", "Поиск (Ctrl + F)", ":/icons/search.png", Qt::CTRL + Qt::Key_F, false},
+            {"addButton", "Добавить журнал подразделения", ":/icons/add_blue.png", {}, false},
+        };
+        for (const auto& told : buttons) {
+            const QToolButton* found = button(desk, told.name);
+            QCOMPARE(found->toolTip(), QString::fromUtf8(told.tip));
+            QCOMPARE(picture(found->icon()), picture(told.icon));
+            QCOMPARE(found->shortcut(), told.key);
+            QCOMPARE(found->menu() != nullptr, told.hasMenu);
+            if (told.hasMenu)
+                QCOMPARE(found->popupMode(), QToolButton::MenuButtonPopup);
+        }
+        QCOMPARE(desk.child<QToolBar>("toolBar")->contextMenuPolicy(), Qt::NoContextMenu);
+        QCOMPARE(desk.child<QToolBar>("toolBar")->layout()->spacing(), 6);
+        QCOMPARE(picture(desk.child<QTabWidget>("logbooks")->tabIcon(0)), picture(":/icons/home.png"));
+        button(desk, "commentsButton")->click();
+        QCOMPARE(picture(desk.child<QTabWidget>("logbooks")->tabIcon(1)), picture(":/icons/comment.png"));
+    }
+
+    void menusHaveTheirTextsAndIcons()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        const auto told = [](const QMenu* menu) {
+            QStringList lines;
+            for (const QAction* action : menu->actions())
+                lines << (action->isSeparator() ? QStringLiteral("|") : action->text());
+            return lines.join(QLatin1Char(';'));
+        };
+        const auto menu = [&](const char* name) { return button(desk, name)->menu(); };
+        QCOMPARE(told(menu("timeButton")), QStringLiteral("Текущая смена;Выбрать смену;Выбрать интервал"));
+        QCOMPARE(
+            told(menu("workshiftButton")),
+            QStringLiteral("Открыть смену;Закрыть смену;Добавить диспетчера в смену;|;Информация о смене"));
+        QCOMPARE(told(menu("deleteButton")), QStringLiteral("Удалить текущую запись;Удалить мои черновые "
+                                                            "записи;Удалить все черновые записи"));
+        QCOMPARE(told(menu("approveButton")),
+                 QStringLiteral("Утвердить текущую запись;Утвердить мои записи;Утвердить все записи"));
+        QCOMPARE(told(menu("signButton")),
+                 QStringLiteral("Поставить визу на текущую запись;Поставить визу на все записи"));
+        desk.select("REC_OPENING");
+        QCOMPARE(told(recordMenu(desk)),
+                 QStringLiteral(
+                     "Время выполнения...;Второй маркер...;|;Утвердить текущую запись;Поставить визу "
+                     "на текущую запись;Перейти к первичной записи;|;Копировать запись;Вставить запись"));
+        const std::pair<QAction*, const char*> icons[] = {
+            {desk.child<QAction>("currentWorkshiftAction"), nullptr},
+            {desk.child<QAction>("chooseWorkshiftAction"), ":/icons/workshift.png"},
+            {desk.child<QAction>("chooseIntervalAction"), ":/icons/clock_blue.png"},
+            {desk.child<QAction>("openWorkshiftAction"), nullptr},
+            {desk.child<QAction>("closeWorkshiftAction"), nullptr},
+            {desk.child<QAction>("appendWorkerAction"), nullptr},
+            {desk.child<QAction>("infoWorkshiftAction"), ":/icons/info.png"},
+            {recordMenu(desk)->actions().at(0), ":/icons/hour_glass.png"},
+            {recordMenu(desk)->actions().at(1), ":/icons/two.png"},
+            {recordMenu(desk)->actions().at(3), ":/icons/apply.png"},
+            {recordMenu(desk)->actions().at(4), ":/icons/sign.png"},
+            {recordMenu(desk)->actions().at(5), ":/icons/star.png"},
+            {recordMenu(desk)->actions().at(7), ":/icons/copy.png"},
+            {recordMenu(desk)->actions().at(8), ":/icons/paste.png"},
+        };
+        for (const auto& [action, icon] : icons) {
+            QCOMPARE(picture(action->icon()).isNull(), icon == nullptr);
+            if (icon)
+                QCOMPARE(picture(action->icon()), picture(icon));
+        }
+    }
+
+    void labelsNameTheStateInItsColour()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        const auto shows = [&desk](const char* text, const char* color) {
+            return desk.status() == QString::fromUtf8(text) &&
+                   label(desk, "statusLabel")->styleSheet() ==
+                       QStringLiteral("border: 2px solid %1; border-radius: 3px; border-style: inset;")
+                           .arg(QLatin1String(color));
+        };
+        QVERIFY(shows("Смена открыта, редактирование разрешено", "#63D945"));
+        JournalWindow other(store, QStringLiteral("sidorova"));
+        QCOMPARE(other.status(), QStringLiteral("Смена открыта, редактирование запрещено"));
+        QVERIFY(label(other, "statusLabel")->styleSheet().contains(QLatin1String("#169CBA")));
+        for (const char* name : {"statusLabel", "intervalLabel"}) {
+            QCOMPARE(label(desk, name)->alignment(), Qt::AlignCenter);
+            QCOMPARE(label(desk, name)->margin(), 4);
+        }
+        const QFontMetrics metrics(label(desk, "statusLabel")->font());
+        QCOMPARE(label(desk, "statusLabel")->width(),
+                 metrics.horizontalAdvance(QStringLiteral("Смена закрыта, редактирование запрещено")) + 20);
+        QCOMPARE(
+            label(desk, "intervalLabel")->minimumWidth(),
+            metrics.horizontalAdvance(QStringLiteral("WWWWW: 01.01.1970 00:00:00 -01.01.1970 00:00:00")) +
+                10);
+
+        button(desk, "commentsButton")->click();
+        QVERIFY(shows("Просмотр комментариев", "#169CBA"));
+        QCOMPARE(desk.interval(), QString());
+        desk.child<QTabWidget>("logbooks")->setCurrentIndex(0);
+        const QDateTime now = QDateTime::currentDateTime();
+        desk.home().uploadRecordsIn(now.addDays(-1), now);
+        QVERIFY(shows("Просмотр архива записей", "#169CBA"));
+        desk.home().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
+        QVERIFY(shows("Просмотр записей смены", "#169CBA"));
+        desk.trigger("currentWorkshiftAction");
+        closeShift(store, desk);
+        QVERIFY(shows("Смена закрыта", "#F7351B"));
+    }
+
+    void theTabOfCommentsTurnsSevenButtonsOff()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        desk.select("REC_SUCCESSOR");
+        QVERIFY(button(desk, "executionButton")->isEnabled());
+        button(desk, "commentsButton")->click();
+        for (const char* off : {"timeButton", "workshiftButton", "createButton", "deleteButton",
+                                "approveButton", "signButton", "reportButton"})
+            QVERIFY2(!button(desk, off)->isEnabled(), off);
+        for (const char* on : {"executionButton", "commentsButton", "searchButton"})
+            QVERIFY2(button(desk, on)->isEnabled(), on);
+    }
+
+    void eachButtonWritesWhatItSays_data()
+    {
+        QTest::addColumn<QString>("presses");
+        QTest::addColumn<QString>("after");
+        // On the draft of a colleague, so that "current", "mine" and "all" differ.
+        QTest::newRow("nothing") << "" << QStringLiteral("1 1  SIDOROVA");
+        QTest::newRow("delete, button") << "deleteButton" << QStringLiteral("1 -  SIDOROVA");
+        QTest::newRow("delete, current") << "deleteRecordAction" << QStringLiteral("1 -  SIDOROVA");
+        QTest::newRow("delete, mine") << "deleteMyDraftsAction" << QStringLiteral("- 1  SIDOROVA");
+        QTest::newRow("delete, all") << "deleteAllDraftsAction" << QStringLiteral("- -  SIDOROVA");
+        QTest::newRow("approve, button") << "approveButton" << QStringLiteral("1 0  SIDOROVA");
+        QTest::newRow("approve, current") << "approveRecordAction" << QStringLiteral("1 0  SIDOROVA");
+        QTest::newRow("approve, mine") << "approveMyRecordsAction" << QStringLiteral("0 1  SIDOROVA");
+        QTest::newRow("approve, all") << "approveAllRecordsAction" << QStringLiteral("0 0  SIDOROVA");
+        QTest::newRow("approve, menu")
+            << QStringLiteral("Утвердить текущую запись") << QStringLiteral("1 0  SIDOROVA");
+        // On an approved record of his.
+        QTest::newRow("visa, button") << "REC_ORDER signButton" << QStringLiteral("1 1 IVANOV SIDOROVA");
+        QTest::newRow("visa, current")
+            << "REC_ORDER signRecordAction" << QStringLiteral("1 1 IVANOV SIDOROVA");
+        QTest::newRow("visa, all") << "REC_ORDER signAllRecordsAction" << QStringLiteral("1 1 IVANOV IVANOV");
+        QTest::newRow("visa, menu") << QStringLiteral("REC_ORDER Поставить визу на текущую запись")
+                                    << QStringLiteral("1 1 IVANOV SIDOROVA");
+    }
+    void eachButtonWritesWhatItSays()
+    {
+        QFETCH(QString, presses);
+        QFETCH(QString, after);
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        const QString record = QStringLiteral("REC_ORDER ");
+        desk.select(presses.startsWith(record) ? "REC_ORDER" : "REC_DRAFT_PETROV");
+        presses.remove(record);
+        if (auto* pressed = desk.window().findChild<QToolButton*>(presses); pressed && !presses.isEmpty())
+            QTest::mouseClick(pressed, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+        else if (auto* action = desk.window().findChild<QAction*>(presses); action && !presses.isEmpty())
+            action->trigger();
+        else if (!presses.isEmpty())
+            entry(desk, presses)->trigger();
+        QCOMPARE(state(store), after);
+    }
+
+    void eachButtonShowsItsWindow_data()
+    {
+        QTest::addColumn<QString>("presses");
+        QTest::addColumn<QByteArray>("shows");
+        QTest::newRow("a new record") << "createButton" << QByteArray("RecordCreatorDialog");
+        QTest::newRow("the execution time") << "executionButton" << QByteArray("TimeExecutionDialog");
+        QTest::newRow("the report") << "reportButton" << QByteArray("ReportDialog");
+        QTest::newRow("the execution time, menu")
+            << QStringLiteral("Время выполнения...") << QByteArray("TimeExecutionDialog");
+        QTest::newRow("the second marker, menu")
+            << QStringLiteral("Второй маркер...") << QByteArray("SecondMarkerDialog");
+        QTest::newRow("a worker more") << "appendWorkerAction" << QByteArray("AppendWorkerDialog");
+        QTest::newRow("closing") << "closeWorkshiftAction"
+                                 << QByteArray("CPopMessageBox"); // there are drafts
+    }
+    void eachButtonShowsItsWindow()
+    {
+        QFETCH(QString, presses);
+        QFETCH(QByteArray, shows);
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        desk.select("REC_SUCCESSOR");
+        if (auto* pressed = desk.window().findChild<QToolButton*>(presses))
+            QTest::mouseClick(pressed, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+        else if (auto* action = desk.window().findChild<QAction*>(presses))
+            action->trigger();
+        else
+            entry(desk, presses)->trigger();
+        QList<QByteArray> shown;
+        for (const CPopTemplate* pop : desk.window().findChildren<CPopTemplate*>()) {
+            if (pop->isVisible())
+                shown << pop->metaObject()->className();
+        }
+        QCOMPARE(shown, QList<QByteArray>{shows});
+    }
+
+    void aClosedShiftIsOpenedByItsEntry()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        QVERIFY(!desk.isEnabled("openWorkshiftAction"));
+        closeShift(store, desk);
+        QVERIFY(!desk.isEnabled("closeWorkshiftAction"));
+        desk.trigger("openWorkshiftAction");
+        QVERIFY(desk.opening()->isVisible());
+    }
+
+    void theTimeButtonLeadsBackToTheShift()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        for (const bool byMenu : {false, true}) {
+            desk.home().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
+            QCOMPARE(desk.home().mode(), 3);
+            if (byMenu)
+                desk.trigger("currentWorkshiftAction");
+            else
+                QTest::mouseClick(button(desk, "timeButton"), Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+            QCOMPARE(desk.home().mode(), 1);
+        }
+    }
+
+    void entriesOfTheRecordMenuCopyPasteAndLead()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        QGuiApplication::clipboard()->clear();
+        desk.select("REC_SUCCESSOR");
+        QVERIFY(!entry(desk, QStringLiteral("Вставить запись"))->isEnabled());
+        entry(desk, QStringLiteral("Копировать запись"))->trigger();
+        QCOMPARE(QGuiApplication::clipboard()->mimeData()->data(QStringLiteral("logbook_record")),
+                 QByteArray("LogbookRecords;REC_SUCCESSOR"));
+        entry(desk, QStringLiteral("Перейти к первичной записи"))->trigger();
+        const auto key = [&desk] {
+            MDRVar value;
+            MDRGetVal(MDRFldByName(MDARecArr(desk.home().currentRecord()), "KeyLink"),
+                      desk.home().currentRecord(), &value);
+            return MDRValue::copy(value);
+        };
+        QCOMPARE(key(), QByteArray("REC_REPLACED"));
+        const auto count = [&store] {
+            return store.value(QStringLiteral("SELECT count(*) FROM LogbookRecords")).toInt();
+        };
+        const int before = count();
+        entry(desk, QStringLiteral("Вставить запись"))->trigger();
+        QCOMPARE(count(), before + 1);
+    }
+
+    void whereNothingCanBeWrittenTheKeySaysWhy_data()
+    {
+        QTest::addColumn<QString>("login");
+        QTest::addColumn<QString>("where");
+        QTest::addColumn<QString>("why");
+        QTest::newRow("not in the crew") << "sidorova"
+                                         << "" << QStringLiteral("Вас нет в составе этой смены");
+        QTest::newRow("another department")
+            << "ivanov"
+            << "department" << QStringLiteral("в журнале своего подразделения");
+        QTest::newRow("comments") << "ivanov"
+                                  << "comments" << QStringLiteral("в журнале своего подразделения");
+        QTest::newRow("a past shift") << "ivanov"
+                                      << "past" << QStringLiteral("Показаны прошлые записи");
+        QTest::newRow("a closed shift") << "ivanov"
+                                        << "closed" << QStringLiteral("Смена закрыта");
+    }
+    void whereNothingCanBeWrittenTheKeySaysWhy()
+    {
+        QFETCH(QString, login);
+        QFETCH(QString, where);
+        QFETCH(QString, why);
+        const TestStore store;
+        JournalWindow desk(store, login);
+        if (where == QLatin1String("department"))
+            desk.window().appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+        else if (where == QLatin1String("comments"))
+            button(desk, "commentsButton")->click();
+        else if (where == QLatin1String("past"))
+            desk.home().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
+        else if (where == QLatin1String("closed"))
+            closeShift(store, desk);
+        QVERIFY(!button(desk, "createButton")->isEnabled());
+        QVERIFY(label(desk, "statusLabel")->toolTip().contains(why));
+        QVERIFY(QTest::qWaitForWindowActive(&desk.window()));
+        QTest::keyClick(&desk.window(), Qt::Key_N, Qt::ControlModifier);
+        QVERIFY(desk.box());
+        QCOMPARE(desk.box()->title(), QStringLiteral("Новая запись"));
+        QVERIFY2(desk.box()->text().contains(why), qPrintable(desk.box()->text()));
+        desk.answer(QDialogButtonBox::AcceptRole);
+        QVERIFY(!desk.box());
+    }
+
+    void whereARecordCanBeWrittenTheKeyWritesIt()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        QCOMPARE(label(desk, "statusLabel")->toolTip(), QString());
+        QVERIFY(QTest::qWaitForWindowActive(&desk.window()));
+        QTest::keyClick(&desk.window(), Qt::Key_N, Qt::ControlModifier);
+        QTRY_VERIFY(desk.window().findChild<RecordCreatorDialog*>()->isVisible());
+        QVERIFY(!desk.box());
+    }
+};
+
+QTEST_MAIN(CVrkLogBook_bar_test)
+#include "CVrkLogBook_bar_test.moc"
