@@ -48,17 +48,18 @@ bool isDark(const QPalette& palette)
     return palette.color(QPalette::Window).lightness() < darkGround;
 }
 
-/// The frame of a field: on a dark ground the toolkit's own is darker still and cannot be seen.
+/// The frame of a field: the toolkit's own is hardly lighter or darker than the ground, and cannot be seen.
 void drawFieldFrame(QPainter* painter, const QStyleOption* option)
 {
     const QPalette& palette = option->palette;
     if (option->state & QStyle::State_HasFocus) {
         drawFocus(painter, QRectF(option->rect), palette);
-    } else if (isDark(palette)) {
+    } else {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setBrush(Qt::NoBrush);
-        painter->setPen(QPen(mixed(palette.color(QPalette::Text), palette.color(QPalette::Window), 0.42), 1));
+        painter->setPen(
+            QPen(mixed(palette.color(QPalette::Text), palette.color(QPalette::Window), 0.425), 1));
         painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), corner, corner);
         painter->restore();
     }

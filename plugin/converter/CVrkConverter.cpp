@@ -4,6 +4,7 @@
 #include "LoaderIndicator.h"
 #include "LogText.h"
 #include "ParametersBase.h"
+#include "ReportColours.h"
 #include "ui_CVrkConverter.h"
 
 #include <QCloseEvent>
@@ -36,6 +37,7 @@ CVrkConverter::CVrkConverter(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::
     m_form->setupUi(this);
     setModuleStyle();
     m_loader = new LoaderIndicator(this);
+    new ReportColours(m_form->infoEdit);
     m_form->saveButton->setEnabled(false);
     m_form->reportButton->setEnabled(false);
     m_form->splitter->setStretchFactor(0, 1);

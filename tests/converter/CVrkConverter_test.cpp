@@ -1,5 +1,6 @@
 #include "CVrkConverter.h"
 
+#include "Contrast.h"
 #include "FailingStore.h"
 #include "HtmlParser.h"
 #include "LoaderIndicator.h"
@@ -696,20 +697,39 @@ private slots:
         QVERIFY(desk.lines().last().startsWith(text("Не удалось сохранить отчёт: ")));
     }
 
-    void the_report_keeps_a_light_ground_in_a_dark_theme()
+    void theReportIsLegibleInEveryTheme_data()
     {
+        QTest::addColumn<bool>("isDark");
+        QTest::newRow("light") << false;
+        QTest::newRow("dark") << true;
+    }
+    void theReportIsLegibleInEveryTheme()
+    {
+        QFETCH(bool, isDark);
         const TestStore store;
         const QPalette before = QApplication::palette();
-        QPalette dark(QColor(0x3A, 0x3E, 0x44), QColor(0x2B, 0x2E, 0x33));
-        dark.setColor(QPalette::Base, QColor(0x1F, 0x21, 0x25));
-        dark.setColor(QPalette::Text, QColor(0xE3, 0xE5, 0xE8));
-        QApplication::setPalette(dark);
+        QPalette palette(isDark ? QColor(0x3A, 0x3E, 0x44) : QColor(0xEF, 0xEF, 0xEF));
+        palette.setColor(QPalette::Base, isDark ? QColor(0x1F, 0x21, 0x25) : QColor(Qt::white));
+        palette.setColor(QPalette::Text, isDark ? QColor(0xE3, 0xE5, 0xE8) : QColor(Qt::black));
+        QApplication::setPalette(palette);
         Desk desk(store);
         desk.start();
-        auto* edit = desk.find<QTextEdit>("infoEdit");
+        const auto* edit = desk.find<QTextEdit>("infoEdit"); // without rights: lines in dark red
+        QCoreApplication::processEvents();
+        const QColor ground = edit->palette().color(QPalette::Base);
         const QImage image = edit->viewport()->grab().toImage();
+        QStringList faint;
+        for (QTextBlock block = edit->document()->begin(); block.isValid(); block = block.next()) {
+            const QVector<QTextLayout::FormatRange> shown = block.layout()->formats();
+            const QColor color = shown.isEmpty() ? block.begin().fragment().charFormat().foreground().color()
+                                                 : shown.first().format.foreground().color();
+            if (Contrast::between(color, ground) < 4.5)
+                faint << block.text() + color.name();
+        }
         QApplication::setPalette(before);
-        QCOMPARE(image.pixelColor(image.width() / 2, image.height() - 2), QColor(Qt::white));
+        QCOMPARE(faint, QStringList());
+        QCOMPARE(image.pixelColor(image.width() / 2, image.height() - 2), ground);
+        QCOMPARE(desk.colour(text("Нет прав: SQL_EXEC")), QColor(Qt::darkRed)); // what it was given
     }
 };
 

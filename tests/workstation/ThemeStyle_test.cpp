@@ -1,5 +1,10 @@
 #include "Theme.h"
 
+#include "AbstractHfnCellConversion.h"
+#include "CMDArray.h"
+#include "VrkTableModel.h"
+#include "VrkTableTool.h"
+
 #include "../support/TestFolder.h"
 
 #include <cmath>
@@ -13,11 +18,14 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSettings>
+#include <QSpinBox>
 #include <QStyle>
 #include <QStyleOption>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QVBoxLayout>
@@ -44,6 +52,10 @@ private slots:
     void theWidgetWithTheKeyboardIsSeen();
     void aButtonThatIsDownIsSeen_data() { themes(); }
     void aButtonThatIsDownIsSeen();
+    void framesOfFieldsAreSeen_data();
+    void framesOfFieldsAreSeen();
+    void deletedTextIsLegibleInTheSelection_data() { themes(); }
+    void deletedTextIsLegibleInTheSelection();
 
 private:
     static void themes();
@@ -282,6 +294,102 @@ void ThemeStyle_test::aButtonThatIsDownIsSeen()
         for (int y = 0; y < down.height(); ++y)
             told += contrast(down.pixelColor(x, y), up.pixelColor(x, y)) > 1.5;
     QVERIFY2(told > 100, qPrintable(QString::number(told)));
+}
+
+void ThemeStyle_test::framesOfFieldsAreSeen_data()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::addColumn<QString>("kind");
+    for (const char* theme : {"light", "dark"}) {
+        for (const char* kind : {"line", "text", "number", "combo"})
+            QTest::addRow("%s, %s", theme, kind) << theme << kind;
+    }
+}
+
+void ThemeStyle_test::framesOfFieldsAreSeen()
+{
+    QFETCH(QString, theme);
+    QFETCH(QString, kind);
+    QVERIFY(Theme::apply(theme));
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    QWidget* field = nullptr;
+    if (kind == QLatin1String("line"))
+        field = new QLineEdit;
+    else if (kind == QLatin1String("text"))
+        field = new QPlainTextEdit;
+    else if (kind == QLatin1String("number"))
+        field = new QSpinBox;
+    else
+        field = new QComboBox;
+    layout->addWidget(field);
+    window.resize(200, 80);
+    window.show();
+    const QImage image = picture(&window);
+    const QRect place = field->geometry();
+    const QColor ground = window.palette().color(QPalette::Window);
+    // Along each side of the field, in its middle.
+    const QPoint middle = place.center();
+    const QRect sides[] = {{place.left(), middle.y(), 2, 1},
+                           {place.right() - 1, middle.y(), 2, 1},
+                           {middle.x(), place.top(), 1, 2},
+                           {middle.x(), place.bottom() - 1, 1, 2}};
+    for (const QRect& side : sides)
+        QVERIFY2(strongest(image, side, ground) >= 3,
+                 qPrintable(QString::number(strongest(image, side, ground))));
+}
+
+void ThemeStyle_test::deletedTextIsLegibleInTheSelection()
+{
+    QFETCH(QString, theme);
+    QVERIFY(Theme::apply(theme));
+    class Grey : public AbstractHfnCellConversion
+    {
+    public:
+        QVariant data(const AbstractHfnCellData& cell) const override
+        {
+            return cell.role == Qt::ForegroundRole ? QBrush(Qt::gray) : AbstractHfnCellConversion::data(cell);
+        }
+    };
+    static const MDRFieldDescr fields[] = {{"text", 100, mdr_TChar}};
+    CMDArray records;
+    MDACreate(&records.array, 0);
+    MDAFldAdd(records.array, 1, fields);
+    records.KeyAdd("", 0);
+    const QByteArray words("IIIIIIII"); // thick strokes
+    for (int i = 0; i < 2; ++i) {
+        MDRData* row = MDARecNew(records.array);
+        MDRVar value;
+        value.type = mdr_TChar;
+        value.isNull = false;
+        value.value.text.data = words.constData();
+        value.value.text.length = words.size();
+        records.SetValF(row, "text", value);
+        records.RecPost(row);
+    }
+    QTableView view;
+    const Grey grey;
+    VrkTableTool tool(&view);
+    tool.setTableView(&view);
+    tool.setCMDArray(&records);
+    tool.setDefaultSettingsView();
+    tool.model()->setCellConversion(QStringLiteral("text"), const_cast<Grey*>(&grey));
+    QFont large = view.font();
+    large.setPixelSize(24);
+    large.setBold(true);
+    view.setFont(large);
+    view.resize(300, 200);
+    view.show();
+    QTest::qWait(0);
+    for (int row = 0; row < 2; ++row) { // the second one on the alternate ground
+        view.setCurrentIndex(view.model()->index(row, 0));
+        QTest::qWait(0);
+        const QImage image = view.viewport()->grab().toImage();
+        const QRect cell = view.visualRect(view.currentIndex()).adjusted(6, 4, -6, -4);
+        const QColor ground = image.pixelColor(cell.right() - 4, cell.center().y());
+        QVERIFY2(strongest(image, cell, ground) >= 4.5,
+                 qPrintable(QString::number(strongest(image, cell, ground))));
+    }
 }
 
 QTEST_MAIN(ThemeStyle_test)
