@@ -79,20 +79,19 @@ bool TourBook::write() const
     out << "<!DOCTYPE html>\n<html lang=\"ru\"><head><meta charset=\"utf-8\"><title>"
         << QCoreApplication::translate("TourBook", "Оперативный журнал: ночная смена")
         << "</title>\n<style>\n"
-        << "body { font-family: sans-serif; margin: 2em auto; max-width: 1400px; background: #f4f5f7; color: "
-           "#222; }\n"
+        << "body { font-family: sans-serif; margin: 2em; background: #f4f5f7; color: #222; }\n"
         << "figure { margin: 0 0 3em 0; } figcaption { font-size: 1.15em; margin: 0 0 .6em 0; }\n"
-        << ".themes { display: flex; gap: 12px; } .themes a { flex: 1; }\n"
-        << "img { width: 100%; border: 1px solid #bbb; border-radius: 4px; }\n</style></head><body>\n<h1>"
+        // One dot for one dot: letters of a picture that is made smaller lose their strokes.
+        << "img { display: block; max-width: none; margin: 0 0 12px 0; border: 1px solid #bbb; }\n"
+        << "</style></head><body>\n<h1>"
         << QCoreApplication::translate("TourBook", "Оперативный журнал: ночная смена") << "</h1>\n";
     int number = 0;
     for (const Scene& scene : m_scenes) {
-        out << "<figure><figcaption>" << ++number << ". " << scene.caption.toHtmlEscaped()
-            << "</figcaption><div class=\"themes\">";
+        out << "<figure><figcaption>" << ++number << ". " << scene.caption.toHtmlEscaped() << "</figcaption>";
         for (const auto& [title, picture] : scene.pictures)
             out << "<a href=\"" << picture << "\"><img src=\"" << picture << "\" alt=\""
                 << scene.caption.toHtmlEscaped() << " (" << title << ")\"></a>";
-        out << "</div></figure>\n";
+        out << "</figure>\n";
     }
     out << "</body></html>\n";
     out.flush();

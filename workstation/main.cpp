@@ -3,10 +3,12 @@
 #include "LogWriter.h"
 #include "Options.h"
 #include "PluginLoader.h"
+#include "ScreenScale.h"
 #include "Theme.h"
 #include "Tour.h"
 #include "Workstation.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <QApplication>
 #include <QIcon>
@@ -40,28 +42,45 @@ int listModules(const Options& options)
     }
     return complete ? 0 : 1;
 }
+bool isAmong(int argc, char* argv[], std::initializer_list<const char*> words)
+{
+    for (int i = 1; i < argc; ++i)
+        for (const char* word : words)
+            if (qstrcmp(argv[i], word) == 0)
+                return true;
+    return false;
+}
+
 /// Answers about the program itself want no display; for windows the toolkit says what is missing.
 void doWithoutDisplay(int argc, char* argv[])
 {
     for (const char* choice : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         if (qEnvironmentVariableIsSet(choice))
             return;
-    const char* const questions[] = {"--help", "-h", "--version", "-v", "--modules"};
-    for (int i = 1; i < argc; ++i)
-        for (const char* question : questions)
-            if (qstrcmp(argv[i], question) == 0)
-                qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (isAmong(argc, argv, {"--help", "-h", "--version", "-v", "--modules"}))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+/// A desktop at 125 or 150 % means just that, which the toolkit would make 100 and 200 %; one at 104 % means nothing.
+void scaleWindows(int argc, char* argv[])
+{
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    if (std::any_of(argv, argv + argc, [](const char* word) { return qstrncmp(word, "--tour", 6) == 0; })) {
+        ScreenScale::switchOff();
+        return;
+    }
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    ScreenScale::roundToQuarters(argc, argv);
 }
 } // namespace
 
 int main(int argc, char* argv[])
 {
     doWithoutDisplay(argc, argv);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    // A desktop at 125 or 150 % means just that; the toolkit would make 100 and 200 % of it.
-    QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    scaleWindows(argc, argv);
     QApplication application(argc, argv);
+    ScreenScale::forget();
     HostSettings::useOwnPlace();
     QApplication::setApplicationVersion(QStringLiteral(VRK_VERSION));
     QIcon icon(QStringLiteral(":/vrk/app.png"));

@@ -7,6 +7,7 @@
 #include "SignIn.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QTest>
 
 /// The tour plays the night of the story with keys and clicks, and what it leaves is a page and two sound stores.
@@ -33,6 +34,8 @@ private slots:
         for (const QString& picture : pictures)
             QVERIFY2(html.contains(picture), qPrintable(picture));
         QVERIFY(tour.summary().contains(QStringLiteral("Хранилище в порядке")));
+        QVERIFY(
+            !html.contains(QRegularExpression(QStringLiteral("img \\{[^}]*[^-]width:")))); // none is scaled
 
         // Who handed the shift over, who took it, and who works the next one: in both stores.
         for (const char* theme : {"light", "dark"}) {

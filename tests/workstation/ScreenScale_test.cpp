@@ -1,0 +1,58 @@
+#include "ScreenScale.h"
+
+#include <QProcessEnvironment>
+#include <QTest>
+
+class ScreenScale_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void factorsAreQuarters_data()
+    {
+        QTest::addColumn<double>("dots");
+        QTest::addColumn<double>("factor");
+        QTest::newRow("smaller than usual") << 72.0 << 1.0;
+        QTest::newRow("usual") << 96.0 << 1.0;
+        QTest::newRow("100 dots an inch") << 100.0 << 1.0;
+        QTest::newRow("just below") << 107.9 << 1.0;
+        QTest::newRow("112 %") << 108.0 << 1.25;
+        QTest::newRow("125 %") << 120.0 << 1.25;
+        QTest::newRow("130 dots an inch") << 130.0 << 1.25;
+        QTest::newRow("150 %") << 144.0 << 1.5;
+        QTest::newRow("175 %") << 168.0 << 1.75;
+        QTest::newRow("200 %") << 192.0 << 2.0;
+    }
+    void factorsAreQuarters()
+    {
+        QFETCH(double, dots);
+        QFETCH(double, factor);
+        QCOMPARE(ScreenScale::rounded(dots / 96), factor);
+    }
+
+    void eachScreenHasItsOwnFactor()
+    {
+        QCOMPARE(ScreenScale::setting({{"eDP-1", 1.04}, {"DP=2", 1.56}}), QByteArray("eDP-1=1;DP=2=1.5"));
+        QCOMPARE(ScreenScale::setting({}), QByteArray());
+    }
+
+    void theScreensOfTheProgramAreAsked()
+    {
+        QByteArray name = "test";
+        char* arguments[] = {name.data(), nullptr};
+        qunsetenv("QT_SCREEN_SCALE_FACTORS");
+        ScreenScale::roundToQuarters(1, arguments); // the screen of the offscreen platform has 96
+        QVERIFY2(qgetenv("QT_SCREEN_SCALE_FACTORS").endsWith("=1"),
+                 qgetenv("QT_SCREEN_SCALE_FACTORS").constData());
+        ScreenScale::forget(); // programs that are started have their own
+        QVERIFY(!qEnvironmentVariableIsSet("QT_SCREEN_SCALE_FACTORS"));
+
+        qputenv("QT_SCREEN_SCALE_FACTORS", "1.3");
+        ScreenScale::roundToQuarters(1, arguments);
+        ScreenScale::forget();
+        QCOMPARE(qgetenv("QT_SCREEN_SCALE_FACTORS"), QByteArray("1.3")); // the user knows better
+    }
+};
+
+QTEST_GUILESS_MAIN(ScreenScale_test)
+#include "ScreenScale_test.moc"

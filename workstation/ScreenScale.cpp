@@ -1,0 +1,91 @@
+#include "ScreenScale.h"
+
+#include <cmath>
+#include <fcntl.h>
+#include <QGuiApplication>
+#include <QScreen>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace
+{
+constexpr double usualDots = 96;
+const char* const settingName = "QT_SCREEN_SCALE_FACTORS";
+bool isSet = false;
+
+QVector<ScreenScale::Screen> screensOf(int argc, char* argv[])
+{
+    std::vector<char*> arguments(argv, argv + argc); // the toolkit takes some of them out
+    arguments.push_back(nullptr);
+    QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
+    const QGuiApplication application(argc, arguments.data());
+    QVector<ScreenScale::Screen> screens;
+    for (const QScreen* screen : QGuiApplication::screens())
+        screens.append({screen->name().toLocal8Bit(), screen->logicalDotsPerInch() / usualDots});
+    return screens;
+}
+} // namespace
+
+double ScreenScale::rounded(double factor)
+{
+    return qMax(1.0, std::floor(factor * 4 + 0.5) / 4);
+}
+
+QByteArray ScreenScale::setting(const QVector<Screen>& screens)
+{
+    QByteArray text;
+    for (const Screen& screen : screens) {
+        if (!text.isEmpty())
+            text += ';';
+        text += screen.name + '=' + QByteArray::number(rounded(screen.factor));
+    }
+    return text;
+}
+
+// A program has one application, and that one takes its factors as it starts. So a child looks at the screens.
+void ScreenScale::roundToQuarters(int argc, char* argv[])
+{
+    isSet = false;
+    int ends[2];
+    if (qEnvironmentVariableIsSet(settingName) || qEnvironmentVariableIsSet("QT_SCALE_FACTOR") ||
+        pipe(ends) != 0)
+        return;
+    const pid_t child = fork();
+    if (child == 0) {
+        const rlimit none = {0, 0};
+        setrlimit(RLIMIT_CORE, &none);
+        const int silence =
+            open("/dev/null", O_WRONLY); // a display that is missing is told once, by the program
+        dup2(silence, STDOUT_FILENO);
+        dup2(silence, STDERR_FILENO);
+        const QByteArray text = setting(screensOf(argc, argv));
+        _exit(write(ends[1], text.constData(), static_cast<std::size_t>(text.size())) == text.size() ? 0 : 1);
+    }
+    close(ends[1]);
+    QByteArray text;
+    char piece[256];
+    for (ssize_t got = 0; (got = read(ends[0], piece, sizeof piece)) > 0;)
+        text.append(piece, static_cast<int>(got));
+    close(ends[0]);
+    int status = 0;
+    const bool isAnswered =
+        child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    isSet = isAnswered && !text.isEmpty();
+    if (isSet)
+        qputenv(settingName, text);
+}
+
+void ScreenScale::forget()
+{
+    if (isSet)
+        qunsetenv(settingName);
+}
+
+void ScreenScale::switchOff()
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, false);
+    QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
+    qputenv("QT_FONT_DPI", QByteArray::number(usualDots));
+}
