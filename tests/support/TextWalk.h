@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QSet>
 #include <QTabBar>
 #include <QTextBlock>
@@ -34,8 +35,11 @@ public:
     /// Goes round once; may be called again for windows that are shown later.
     void walk()
     {
-        for (QWidget* widget : QApplication::allWidgets()) {
-            if (!widget->inherits("QTipLabel") && widget->window()->isVisible())
+        QVector<QPointer<QWidget>> widgets; // a new tip deletes the one before
+        for (QWidget* widget : QApplication::allWidgets())
+            widgets.append(widget);
+        for (const QPointer<QWidget>& widget : qAsConst(widgets)) {
+            if (widget && !widget->inherits("QTipLabel") && widget->window()->isVisible())
                 visit(widget);
         }
     }
