@@ -83,6 +83,9 @@ private slots:
     void allCharactersMakeTheRoundTrip_data();
     void allCharactersMakeTheRoundTrip();
     void mutatedTextsAreHarmless();
+    void propertiesAreOfOneKind();
+    void removingWhatIsAbsentChangesNothing();
+    void oddMarkupIsReadAsBrowsersDo();
     void timeIsLinearInTheLength_data();
     void timeIsLinearInTheLength();
 };
@@ -554,6 +557,39 @@ void HtmlParser_test::mutatedTextsAreHarmless()
         again.templatePropertyValue("new", value);
         QCOMPARE(value, std::string("value"));
     }
+}
+
+void HtmlParser_test::propertiesAreOfOneKind()
+{
+    HtmlParser parser("x");
+    parser.setTemplateProperty("a", true);
+    std::string text = "kept";
+    parser.templatePropertyValue("a", text);
+    QCOMPARE(text, std::string("kept")); // a flag is no text
+    parser.setTemplateProperty("b", std::string("x"));
+    parser.setTemplateProperty("b", true);
+    bool isSet = false;
+    parser.templatePropertyValue("b", isSet);
+    QVERIFY(isSet);
+}
+
+void HtmlParser_test::removingWhatIsAbsentChangesNothing()
+{
+    const std::string html = "x<META name=\"template\" content=\"a\">y<meta name=\"author\" content=\"b\">";
+    HtmlParser parser(html);
+    QVERIFY(parser.isExistTemplateProperty("a"));
+    QVERIFY(!parser.isExistTemplateProperty("b"));
+    parser.removeTemplateProperty("none");
+    QCOMPARE(parser.readyHtml(true), html);
+}
+
+void HtmlParser_test::oddMarkupIsReadAsBrowsersDo()
+{
+    HtmlParser open("<a href=\"parameter:name=te&#120;t\">x");
+    QCOMPARE(open.propertyNameValue(0), std::string("text"));
+    open.setDisplayText(0, "y");
+    QCOMPARE(open.readyHtml(true), std::string("<a href=\"parameter:name=te&#120;t\">y</a>"));
+    QCOMPARE(HtmlParser::dataFromProperties("pxrameter:data=1"), std::string());
 }
 
 void HtmlParser_test::timeIsLinearInTheLength_data()

@@ -12,6 +12,8 @@ private slots:
         const QString text = QStringLiteral("ВЛ 110\u00A0кВ Полевая – Ёлка−2");
         QCOMPARE(TextMatch::folded(text), QStringLiteral("вл 110 кв полевая - елка-2"));
         QCOMPARE(TextMatch::folded(text).size(), text.size());
+        QCOMPARE(TextMatch::folded(QStringLiteral("\u2010\u2011\u2012\u2013\u2014")),
+                 QStringLiteral("-----"));
     }
 
     void every_word_typed_has_to_be_found_anywhere()
@@ -26,6 +28,7 @@ private slots:
     {
         QVERIFY(TextMatch::beginsWord(QStringLiteral("авиалиния, линия"), QStringLiteral("лин")));
         QVERIFY(TextMatch::beginsWord(QStringLiteral("линия"), QStringLiteral("лин")));
+        QVERIFY(TextMatch::beginsWord(QStringLiteral("(линия)"), QStringLiteral("лин")));
         QVERIFY(!TextMatch::beginsWord(QStringLiteral("авиалиния"), QStringLiteral("лин")));
     }
 };
