@@ -129,6 +129,7 @@ void SignInDialog::loginChosen()
     m_form->noticeLabel->setText(refusal);
     m_isKnown = refusal.isEmpty();
     departmentChosen();
+    resize(size().expandedTo(sizeHint())); // so that the longest name is seen
 }
 
 void SignInDialog::departmentChosen()
