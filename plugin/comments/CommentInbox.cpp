@@ -82,27 +82,32 @@ void CommentInbox::take(const TEventNciParse& event)
     if (event.tableName.compare(QLatin1String(LogbookTable::Comments), Qt::CaseInsensitive) != 0)
         return;
     const QByteArray key(event.recordKey);
-    const bool isUnread = event.eventNumber != EventDeleted && !isRead(eventValue(event, ReadedField));
-    if (!isUnread) {
-        m_doubtful.erase(std::remove_if(m_doubtful.begin(), m_doubtful.end(),
-                                        [&](const Arrival& arrival) { return arrival.key == key; }),
-                         m_doubtful.end());
-        if (m_unread.remove(key))
-            emit countChanged(count());
+    const Arrival arrival{key, MDRValue::copy(eventValue(event, RecordField)),
+                          announcement(event, tr("Комментарий к вашей записи. %1: %2")),
+                          announcement(event, tr("Ответ на ваш комментарий. %1: %2")),
+                          event.eventNumber != EventDeleted && !isRead(eventValue(event, ReadedField))};
+    if (arrival.isUnread) {
+        if (!m_unread.contains(key))
+            judge(arrival);
         return;
     }
-    if (!m_unread.contains(key))
-        judge({key, MDRValue::copy(eventValue(event, RecordField)), announcement(event)});
+    m_doubtful.erase(std::remove_if(m_doubtful.begin(), m_doubtful.end(),
+                                    [&](const Arrival& one) { return one.key == key; }),
+                     m_doubtful.end());
+    if (m_unread.remove(key))
+        emit countChanged(count());
+    if (!arrival.answer.isEmpty()) // the author of a record answers with a comment that is born read
+        judge(arrival);
 }
 
 void CommentInbox::judge(const Arrival& arrival)
 {
     const Answer answer = isOwnRecord(arrival.recordKey);
-    if (answer == Answer::Unknown) {
+    if (answer == Answer::Unknown || (answer == Answer::No && !tellAnswer(arrival))) {
         m_doubtful.append(arrival);
         m_retry.start();
     }
-    if (answer != Answer::Yes || m_unread.contains(arrival.key))
+    if (answer != Answer::Yes || !arrival.isUnread || m_unread.contains(arrival.key))
         return;
     m_unread.insert(arrival.key);
     emit countChanged(count());
@@ -118,16 +123,36 @@ void CommentInbox::askAgain()
         judge(arrival);
 }
 
-QString CommentInbox::announcement(const TEventNciParse& event) const
+QString CommentInbox::announcement(const TEventNciParse& event, const QString& text) const
 {
-    if (event.eventNumber != EventInserted)
+    const QByteArray worker = MDRValue::copy(eventValue(event, WorkerField));
+    if (event.eventNumber != EventInserted || worker == m_location->workerKey().toUtf8())
         return QString();
     const QTextCodec* codec = m_module->session()->codec();
-    const QString author =
-        HfnWrapper::workerShortName(codec, m_location->table(QLatin1String(LogbookTable::Workers)),
-                                    QString::fromUtf8(MDRValue::copy(eventValue(event, WorkerField))));
-    return tr("Комментарий к вашей записи. %1: %2")
-        .arg(author, codec->toUnicode(MDRValue::bytes(eventValue(event, TextField))));
+    const QString author = HfnWrapper::workerShortName(
+        codec, m_location->table(QLatin1String(LogbookTable::Workers)), QString::fromUtf8(worker));
+    return text.arg(author, codec->toUnicode(MDRValue::bytes(eventValue(event, TextField))));
+}
+
+bool CommentInbox::tellAnswer(const Arrival& arrival)
+{
+    if (arrival.answer.isEmpty())
+        return true;
+    CMDArray comments;
+    comments = request(LogText::fill(QLatin1String(LogbookSql::RecordByField),
+                                     {QLatin1String(LogbookTable::Comments), QStringLiteral("RecordKey"),
+                                      QString::fromUtf8(arrival.recordKey)}));
+    if (!comments.array)
+        return false;
+    const QByteArray worker = m_location->workerKey().toUtf8();
+    for (int row = 0; row < comments.RecCount(); ++row) {
+        const MDRData* comment = MDARec(comments.array, 0, row);
+        if (MDRValue::bytes(recordValue(comment, "WorkerKey")) == worker) {
+            emit arrived(arrival.answer);
+            break;
+        }
+    }
+    return true;
 }
 
 CommentInbox::Answer CommentInbox::isOwnRecord(const QByteArray& recordKey)

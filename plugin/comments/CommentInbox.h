@@ -29,7 +29,8 @@ public:
 
 signals:
     void countChanged(int count);
-    /// A comment has come to which the user has to be called; \a text says whose it is and how it begins.
+    /// A comment has come to which the user has to be called: on a record of his own, or one that follows a comment of his;
+    /// \a text says whose it is and how it begins.
     void arrived(const QString& text);
 
 private:
@@ -37,6 +38,8 @@ private:
         QByteArray key;
         QByteArray recordKey;
         QString announcement; ///< empty for a comment that has only changed
+        QString answer;       ///< the same for a record of somebody else's
+        bool isUnread = true;
     };
     enum class Answer { Yes, No, Unknown };
 
@@ -44,7 +47,11 @@ private:
     Answer isOwnRecord(const QByteArray& recordKey);
     void judge(const Arrival& arrival);
     void askAgain();
-    QString announcement(const TEventNciParse& event) const;
+    /// An empty text when the event is no new comment of somebody else; \a text takes author and comment.
+    QString announcement(const TEventNciParse& event, const QString& text) const;
+    /// Tells a new comment on a record of somebody else's on which the user has commented himself. False when the store
+    /// does not say whether he has.
+    bool tellAnswer(const Arrival& arrival);
 
     CVrkCliMod* m_module;
     const LocationInfo* m_location;

@@ -75,6 +75,42 @@ private slots:
         QCOMPARE(desk.window.unreadComments(), 2);
     }
 
+    void anAnswerToOnesCommentCalls()
+    {
+        const TestStore store;
+        Desk desk(store);
+        write(store, QStringLiteral("sidorova"), "REC_TRIP", "COM_FIRST");
+        QCOMPARE(desk.takeCalls(), QStringList()); // not one's own record, and no word of one's own on it
+        write(store, QStringLiteral("ivanov"), "REC_TRIP", "COM_MINE");
+        QCOMPARE(desk.takeCalls(), QStringList());
+        write(store, QStringLiteral("sidorova"), "REC_TRIP", "COM_THIRD");
+        write(store, QStringLiteral("petrov"), "REC_TRIP", "COM_AUTHOR", TestStore::now()); // born read
+        const QString sidorova = QStringLiteral("Ответ на ваш комментарий. Сидорова С. С.: Замечание");
+        const QString petrov = QStringLiteral("Ответ на ваш комментарий. Петров П. П.: Замечание");
+        QCOMPARE(desk.takeCalls(), QStringList({sidorova, petrov}));
+        QCOMPARE(desk.window.unreadComments(), 2); // it waits for the author of the record
+        QVERIFY(TestStore::write(store.open(QStringLiteral("sidorova")).get(), "LogbookComments", ROW_UPDATE,
+                                 "COM_THIRD", {{"text_", QStringLiteral("Иначе")}}));
+        QCOMPARE(desk.takeCalls(), QStringList());
+    }
+
+    void anAnswerThatComesWhileTheStoreFailsCallsLater()
+    {
+        const LogWatch log;
+        const TestStore store;
+        const auto plan = std::make_shared<FailingStore::Plan>();
+        JournalWindow ivanov(std::make_unique<FailingStore>(store.open(QStringLiteral("ivanov")), plan),
+                             QStringLiteral("ivanov"), QStringLiteral("DEP_CDS"), QStringLiteral("ORG_NETS"));
+        QSignalSpy calls(&ivanov.window(), &CVrkCliMod::attentionCalled);
+        write(store, QStringLiteral("ivanov"), "REC_TRIP", "COM_MINE");
+        ivanov.deliver();
+        write(store, QStringLiteral("sidorova"), "REC_TRIP", "COM_THIRD");
+        plan->failedSelects = 1;
+        ivanov.deliver();
+        QCOMPARE(calls.count(), 0);
+        QTRY_COMPARE(calls.count(), 1);
+    }
+
     void aCommentThatComesWhileTheStoreFailsCallsLater()
     {
         const LogWatch log; // the failures stand there
