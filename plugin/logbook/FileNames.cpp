@@ -33,3 +33,12 @@ QString FileNames::local(const QString& name)
         base.chop(base.size() > 1 && base.at(base.size() - 1).isLowSurrogate() ? 2 : 1);
     return base + suffix;
 }
+
+QString FileNames::shown(const QString& name)
+{
+    QString text;
+    for (const QChar character : name)
+        if (character.category() != QChar::Other_Format && character.category() != QChar::Other_Control)
+            text += character;
+    return text;
+}

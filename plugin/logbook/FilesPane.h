@@ -40,6 +40,7 @@ public:
 private slots: // by name: the message box takes the slot's name
     void deleteFileAnswer(QAbstractButton* button);
     void openSavedFileAnswer(QAbstractButton* button);
+    void openRunnableAnswer(QAbstractButton* button);
 
 private:
     QPixmap iconOf(const QString& fileName);
@@ -53,6 +54,8 @@ private:
     void createFileRequest();
     void attach(const QByteArray& recordKey, const QString& path, const QByteArray& content);
     void openFileRequest();
+    /// Opens the file at \a path, one that could run as a program only after a question.
+    void open(const QString& path);
     /// A path for a copy to open, in a folder that no other copy is in; empty when there is none.
     QString temporaryPath(const QString& name);
     void saveFileRequest();
@@ -63,4 +66,5 @@ private:
     QHash<QString, QPixmap> m_icons; ///< by suffix
     std::unique_ptr<QTemporaryDir> m_opened;
     int m_openedCount = 0;
+    QString m_runnable; ///< the path that the open question is about
 };

@@ -11,6 +11,7 @@
 #include "LogText.h"
 #include "PageMessages.h"
 #include "RecordValue.h"
+#include "RunnableFile.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -20,6 +21,7 @@
 #include <QTextCodec>
 #include <QToolButton>
 #include <QUrl>
+#include <utility>
 
 namespace
 {
@@ -133,7 +135,29 @@ void FilesPane::openFileRequest()
         source().messages->error(tr("Ошибка"), tr("Не удалось открыть файл!"));
         return;
     }
-    Desktop::current().open(QUrl::fromLocalFile(path));
+    open(path);
+}
+
+void FilesPane::open(const QString& path)
+{
+    if (!RunnableFile::is(path)) {
+        Desktop::current().open(QUrl::fromLocalFile(path));
+        return;
+    }
+    m_runnable = path;
+    source().messages->show(
+        tr("Открытие файла"),
+        LogText::centered(tr("Файл «%1» может выполниться как программа. Открыть его?")
+                              .arg(FileNames::shown(QFileInfo(path).fileName()).toHtmlEscaped())),
+        MessageIconWarning, MessageTypeYesNo, this, SLOT(openRunnableAnswer(QAbstractButton*)));
+}
+
+void FilesPane::openRunnableAnswer(QAbstractButton* button)
+{
+    const bool isAgreed = isConfirmed(button);
+    const QString path = std::exchange(m_runnable, QString());
+    if (isAgreed && QFileInfo::exists(path))
+        Desktop::current().open(QUrl::fromLocalFile(path));
 }
 
 void FilesPane::saveFileRequest()
@@ -171,7 +195,7 @@ void FilesPane::openSavedFileAnswer(QAbstractButton* button)
     if (!isAgreed)
         return;
     if (QFileInfo::exists(path))
-        Desktop::current().open(QUrl::fromLocalFile(path));
+        open(path);
     else
         source().messages->error(tr("Ошибка открытия файла"), tr("Не удалось открыть файл!"));
 }

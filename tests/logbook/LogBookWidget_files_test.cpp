@@ -183,6 +183,48 @@ private slots:
         QCOMPARE(pane.journal.deliver(), QStringList());
     }
 
+    void aFileThatCouldRunIsAskedAboutFirst_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("launcher") << QStringLiteral("a.desktop") << QByteArray("x");
+        QTest::newRow("script without a suffix") << QStringLiteral("отчёт") << QByteArray("#!/bin/sh");
+        QTest::newRow("program called a picture") << QStringLiteral("<b>.png")
+                                                  << QByteArray("\x7F"
+                                                                "ELF");
+    }
+    void aFileThatCouldRunIsAskedAboutFirst()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, content);
+        const TestStore store;
+        Pane pane(store);
+        pane.journal.select("REC_ORDER");
+        pane.attach(pane.make(name, content));
+        pane.journal.deliver();
+        const QString question =
+            QStringLiteral("<center>Файл «%1» может выполниться как программа. Открыть его?"
+                           "</center>")
+                .arg(name.toHtmlEscaped());
+        pane.open(0);
+        QVERIFY(pane.desktop.opened.isEmpty());
+        compareBox(pane, QStringLiteral("Открытие файла"), question, MessageIconWarning, MessageTypeYesNo);
+        pane.journal.press(QDialogButtonBox::NoRole);
+        QVERIFY(pane.desktop.opened.isEmpty());
+        pane.open(0);
+        pane.journal.press(QDialogButtonBox::YesRole);
+        QCOMPARE(read(pane.desktop.opened.value(0).toLocalFile()), content);
+
+        // The same after saving, behind the question whether to open it at all.
+        pane.saveAs(pane.path(QStringLiteral("saved") + QFileInfo(name).suffix().prepend(u'.')));
+        pane.journal.press(QDialogButtonBox::YesRole);
+        QCOMPARE(pane.desktop.opened.size(), 1);
+        QVERIFY(pane.journal.box());
+        QCOMPARE(pane.journal.box()->icon(), MessageIconWarning);
+        pane.journal.press(QDialogButtonBox::YesRole);
+        QCOMPARE(pane.desktop.opened.size(), 2);
+    }
+
     void attachesAnEmptyFile()
     {
         const TestStore store;
