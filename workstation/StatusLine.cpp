@@ -4,6 +4,7 @@
 #include "ShownText.h"
 #include "Theme.h"
 
+#include <algorithm>
 #include <QDateTime>
 #include <QEvent>
 #include <QHash>
@@ -121,6 +122,7 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
 
     connect(m_acknowledgeButton, &QToolButton::clicked, this, &StatusLine::acknowledge);
     connect(session, &CVrkCliSes::requestFailed, this, &StatusLine::requestFailed);
+    connect(session, &CVrkCliSes::writeEnded, this, &StatusLine::writeEnded);
     connect(session, &CVrkCliSes::connectionChanged, this, &StatusLine::showConnection);
     connect(session, &CVrkCliSes::writeSettled, this, [this](bool written) {
         addFailure(written ? tr("Связь вернулась: последнее изменение записано, повторять его не нужно.")
@@ -194,7 +196,7 @@ void StatusLine::addFailure(const QString& text)
         ++m_failures.last().count;
         m_failures.last().last = now;
     } else {
-        m_failures.append({text, now, 1});
+        m_failures.append({text, now, 1, {}});
     }
     showMessage();
 }
@@ -245,6 +247,26 @@ void StatusLine::requestFailed(bool write, const QString& table, const QString& 
     const QString titles = titlesOf(table);
     const QString where = titles.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(titles);
     addFailure((write ? tr("Не записано%1: %2") : tr("Не прочитано%1: %2")).arg(where, reason));
+}
+
+void StatusLine::writeEnded(bool written, const WrittenRows& rows)
+{
+    if (!written && !m_failures.isEmpty()) {
+        m_failures.last().unwritten.append(rows); // told a moment ago
+        return;
+    }
+    for (int i = m_failures.size() - 1; written && i >= 0; --i) {
+        Failure& failure = m_failures[i];
+        const int before = failure.unwritten.size();
+        failure.unwritten.erase(
+            std::remove_if(failure.unwritten.begin(), failure.unwritten.end(),
+                           [&rows](const WrittenRows& missing) { return missing.areAllIn(rows); }),
+            failure.unwritten.end());
+        failure.count -= before - failure.unwritten.size();
+        if (failure.count == 0)
+            m_failures.removeAt(i);
+    }
+    showMessage();
 }
 
 void StatusLine::showConnection(bool connected)

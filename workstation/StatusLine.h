@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WrittenRows.h"
+
 #include <functional>
 #include <QDateTime>
 #include <QTimer>
@@ -12,7 +14,8 @@ class QMenu;
 class QToolButton;
 
 /// The line at the foot of every window: is the store there, who works where, what time the server has, the menu of modules; and
-/// each request that was refused or failed, with time and reason, until the user acknowledges it.
+/// each request that was refused or failed, with time and reason, until the user acknowledges it, or until what was not
+/// written has been written after all.
 class StatusLine : public QWidget
 {
     Q_OBJECT
@@ -47,9 +50,11 @@ private:
         QString text;
         QDateTime last; ///< time
         int count = 1;
+        QVector<WrittenRows> unwritten; ///< of writes, until they are done
     };
 
     void requestFailed(bool write, const QString& table, const QString& reason);
+    void writeEnded(bool written, const WrittenRows& rows);
     void showConnection(bool connected);
     void showMessage();
     /// Shortens the texts where the line has no room for all of them and for a message.

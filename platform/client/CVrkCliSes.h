@@ -12,6 +12,7 @@
 class ChangeFeed;
 class QTextCodec;
 class Store;
+class WrittenRows;
 struct RecordQuery;
 struct StoreError;
 
@@ -94,6 +95,8 @@ signals:
     void connectionChanged(bool connected);
     /// A request failed: \a write tells a refused or failed write; \a reason is in Russian.
     void requestFailed(bool write, const QString& table, const QString& reason);
+    /// A write has ended, after requestFailed when it failed: for whoever follows what was not written until it is.
+    void writeEnded(bool written, const WrittenRows& rows);
     /// The link broke while the server was writing, and the write was told as failed: now it is known whether the server
     /// had written it. Sent before any other request goes to the server.
     void writeSettled(bool written);

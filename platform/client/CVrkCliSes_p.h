@@ -68,6 +68,7 @@ struct CVrkCliSes::Private {
     std::vector<std::size_t> blockStarts; ///< of the open blocks, the outermost first
 
     QByteArray unsettledKey; ///< batch key of the write that was never answered
+    bool hasFailedWrites = false; ///< since the start
 
     std::deque<HFNCliParam*> waiting;
     std::unordered_set<HFNCliParam*> given;

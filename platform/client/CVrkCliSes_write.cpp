@@ -1,6 +1,7 @@
 #include "CVrkCliSes_p.h"
 
 #include "GenGuid32.h"
+#include "WrittenRows.h"
 
 #include <QDebug>
 
@@ -55,11 +56,19 @@ bool CVrkCliSes::Private::apply(const char* function, const std::vector<StoreWri
         if (error.code == StoreError::Unsettled)
             unsettledKey = batchKey;
     }
+    WrittenRows rows;
+    hasFailedWrites = hasFailedWrites || !written;
+    for (const StoreWrite& write : writes)
+        if (hasFailedWrites) // otherwise there is nothing to follow
+            rows.add(write.table, write.records);
     if (!written) {
         const QByteArray tables = tablesOf(writes);
-        return fail(function, error, QString::fromUtf8(tables), true, tables);
+        fail(function, error, QString::fromUtf8(tables), true, tables);
+        emit q->writeEnded(false, rows);
+        return false;
     }
     lastError.clear();
+    emit q->writeEnded(true, rows);
     if (started)
         feed->wake();
     return true;

@@ -39,6 +39,7 @@ private slots:
     void refusedRequestsAreTold_data();
     void refusedRequestsAreTold();
     void aRefusedWriteIsToldWithTimeTableAndReason();
+    void aRefusedWriteGoesWhenItIsWritten();
     void aFailedSelectIsTold();
     void aNoticeDoesNotCoverAFailure();
     void aNoticeGoesByItself();
@@ -236,6 +237,45 @@ void StatusLine_test::aRefusedWriteIsToldWithTimeTableAndReason()
     const QRegularExpression told(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d Не записано \\(записи\\): %1$")
                                       .arg(QRegularExpression::escape(reason)));
     QVERIFY2(told.match(text("messageLabel")).hasMatch(), qPrintable(text("messageLabel")));
+}
+
+void StatusLine_test::aRefusedWriteGoesWhenItIsWritten()
+{
+    const auto keyOf = [this](const char* sql) {
+        CMDArray answer;
+        answer = m_app->session()->SqlRequest(sql);
+        MDRVar key;
+        answer.GetVal(MDARec(answer.array, 0, 0), "KeyLink", key);
+        return MDRValue::copy(key);
+    };
+    const QByteArray record = keyOf("SELECT KeyLink FROM LogbookRecords");
+    const QByteArray worker = keyOf("SELECT Workers.KeyLink FROM Workers INNER JOIN Users ON "
+                                    "Users.KeyLink = Workers.UserKey WHERE Users.login = 'roshchin'");
+    const auto comment = [&](const char* key, const QByteArray& on, const QByteArray& text) {
+        CRowBatch batch(LogbookCommentFields, fieldCount(LogbookCommentFields));
+        MDRData* row = batch.newRow(ROW_INSERT, key);
+        batch.SetValF(row, "KeyLink", MDRValue::text(QByteArray(key)));
+        batch.SetValF(row, "RecordKey", MDRValue::text(on));
+        batch.SetValF(row, "WorkerKey", MDRValue::text(worker));
+        batch.SetValF(row, "commentTime", MDRValue::real(m_app->session()->GetHfnTime()));
+        batch.SetValF(row, "text_", MDRValue::text(text, mdr_TMemo));
+        batch.RecPost(row);
+        return m_app->session()->SqlUpdate("LogbookComments", batch.array, true, nullptr);
+    };
+    emit m_app->session()->requestFailed(false, QString(), QStringLiteral("Прочее."));
+    QVERIFY(!comment("COM_A", "NO_SUCH_RECORD", "first"));
+    QVERIFY(!comment("COM_B", "NO_SUCH_RECORD", "first")); // once more, under another key
+    QVERIFY(!comment("COM_C", "NO_SUCH_RECORD", "second"));
+    QCOMPARE(m_line->failures().size(), 2);
+    QVERIFY(m_line->failures().last().endsWith(QStringLiteral("(раз: 3)")));
+    QVERIFY(comment("COM_D", record, "third")); // another text
+    QVERIFY(m_line->failures().last().endsWith(QStringLiteral("(раз: 3)")));
+    QVERIFY(comment("COM_E", record, "first")); // by its text
+    QCOMPARE(m_line->failures().size(), 2);
+    QVERIFY(!m_line->failures().last().contains(QStringLiteral("раз:")));
+    QVERIFY(comment("COM_C", record, "second changed")); // by its key
+    QCOMPARE(m_line->failures().size(), 1);
+    QVERIFY(m_line->failures().last().endsWith(QStringLiteral("Прочее.")));
 }
 
 void StatusLine_test::aFailedSelectIsTold()
