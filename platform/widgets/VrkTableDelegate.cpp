@@ -20,7 +20,26 @@ namespace
 constexpr int horizontalMargin = 5;
 constexpr int verticalMargin = 3;
 constexpr int selectionRule = 2;
-constexpr int documentsKept = 256; // more rows than a screen shows
+constexpr int documentsKept = 256;   // more rows than a screen shows
+constexpr int lettersShown = 100000; // some fifty pages: more of a text costs seconds and is read elsewhere
+
+/// What a cell shows of a text.
+QString shownPart(const QString& text)
+{
+    return text.size() > lettersShown ? text.left(lettersShown) + QChar(0x2026) : text;
+}
+
+/// The same of a template text; a tag or a character that the cut goes through is left out.
+QString shownHtml(const QString& html)
+{
+    if (html.size() <= lettersShown)
+        return html;
+    QString part = html.left(lettersShown);
+    for (const auto& [open, close] : {std::pair(u'<', u'>'), std::pair(u'&', u';')})
+        if (part.lastIndexOf(open) > part.lastIndexOf(close))
+            part.truncate(part.lastIndexOf(open));
+    return part + QChar(0x2026);
+}
 
 QTextOption textOption(Qt::Alignment alignment)
 {
@@ -46,7 +65,7 @@ QSizeF layOut(QTextLayout& layout, qreal width)
 
 QSizeF textSize(const QString& text, const QFont& font, qreal width)
 {
-    QTextLayout layout(VrkTableDelegate::laidOutText(text), font);
+    QTextLayout layout(VrkTableDelegate::laidOutText(shownPart(text)), font);
     layout.setTextOption(textOption(Qt::AlignLeft));
     return layOut(layout, width);
 }
@@ -124,7 +143,7 @@ QTextDocument* VrkTableDelegate::document(const QModelIndex& index, const QFont&
         document->setDocumentMargin(0);
         document->setDefaultTextOption(textOption(Qt::AlignLeft));
         document->setDefaultFont(font);
-        TemplateText::fill(document, index.data(Qt::UserRole).toString());
+        TemplateText::fill(document, shownHtml(index.data(Qt::UserRole).toString()));
         m_documents.insert(record, document);
     }
     if (document->defaultFont() != font)
@@ -154,11 +173,11 @@ int VrkTableDelegate::naturalWidth(const QModelIndex& index, bool longestWord) c
     qreal width = qMax(0, option.text.isEmpty() ? iconSize(option).width() : 0);
     if (longestWord) {
         static const QRegularExpression blanks(QStringLiteral("[ \\t\u2028]+"));
-        const QStringList words = laidOutText(option.text).split(blanks);
+        const QStringList words = laidOutText(shownPart(option.text)).split(blanks);
         for (const QString& word : words)
             width = qMax<qreal>(width, option.fontMetrics.horizontalAdvance(word));
     } else if (!option.text.isEmpty()) {
-        width = qMax<qreal>(width, option.fontMetrics.size(0, option.text).width());
+        width = qMax<qreal>(width, option.fontMetrics.size(0, shownPart(option.text)).width());
     }
     if (!iconSize(option).isEmpty() && !option.text.isEmpty())
         width += iconSize(option).width() + horizontalMargin;
@@ -295,7 +314,7 @@ void VrkTableDelegate::paintContents(QPainter* painter, const QStyleOptionViewIt
     const VrkTableModel* model = m_model->tableModel();
     const MDRField* field = model ? model->field(index.column()) : nullptr;
     const bool centred = field && field->type != mdr_TChar && field->type != mdr_TMemo;
-    QTextLayout layout(laidOutText(option.text), option.font);
+    QTextLayout layout(laidOutText(shownPart(option.text)), option.font);
     layout.setTextOption(textOption(centred ? Qt::AlignHCenter : Qt::AlignLeft));
     layOut(layout, inner.width());
     painter->setPen(color);

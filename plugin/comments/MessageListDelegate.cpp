@@ -6,6 +6,14 @@
 
 namespace
 {
+constexpr int lettersShown = 100000; // more of a text costs seconds at each painting
+
+QString messageOf(const QModelIndex& index)
+{
+    const QString text = index.data().toString();
+    return text.size() > lettersShown ? text.left(lettersShown) + QChar(0x2026) : text;
+}
+
 int heightOf(const QRect& rect)
 {
     return rect.bottom() - rect.top() + 1;
@@ -63,8 +71,7 @@ QSize MessageListDelegate::sizeHint(const QStyleOptionViewItem& option, const QM
     const QRect date =
         option.fontMetrics.boundingRect(option.rect, Qt::AlignRight, index.data(dateMeasure).toString());
     return QSize(option.rect.width(), heightOf(author) + messageBlockSpacing(option) +
-                                          messageTextHeight(option, index.data().toString()) +
-                                          heightOf(date));
+                                          messageTextHeight(option, messageOf(index)) + heightOf(date));
 }
 
 void MessageListDelegate::drawStyleSheet(QPainter* painter, const QStyleOptionViewItem& option,
@@ -86,7 +93,7 @@ void MessageListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
     }
     drawStyleSheet(painter, option, index);
 
-    const QString message = index.data().toString();
+    const QString message = messageOf(index);
     const bool isRead = index.data(CommentIsReadRole).toBool();
     const bool isMine = index.data(CommentIsMineRole).toBool();
     QString author = index.data(CommentAuthorRole).toString();

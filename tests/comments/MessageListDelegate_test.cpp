@@ -82,6 +82,22 @@ private:
     };
 
 private slots:
+    void ofAVeryLongMessageOnlyTheBeginningIsLaidOut()
+    {
+        QListWidget list;
+        const MessageListDelegate delegate(nullptr);
+        QStyleOptionViewItem option;
+        option.fontMetrics = list.fontMetrics();
+        option.rect = QRect(0, 0, 400, 1000);
+        QVector<int> heights;
+        for (int words : {15000, 50000, 800000}) {
+            list.addItem(QStringLiteral("слово ").repeated(words));
+            heights << delegate.sizeHint(option, list.model()->index(list.count() - 1, 0)).height();
+        }
+        QVERIFY(heights[0] < heights[1]);
+        QCOMPARE(heights[1], heights[2]);
+    }
+
     void isAsHighAsItsFourParts()
     {
         Fixture f;

@@ -28,6 +28,25 @@ private slots:
         QCOMPARE(s.view.columnWidth(s.column(keyLink)), key);
     }
 
+    void ofAVeryLongLineOnlyTheBeginningIsLaidOut()
+    {
+        Setup s;
+        const auto text = [](int letters) {
+            return QStringLiteral("<b>&lt;") + QString(letters, u'ж') + QStringLiteral("</b>");
+        };
+        s.append("A", QStringLiteral("20.11.2026 09:05"), text(5 << 20));
+        s.append("B", QStringLiteral("20.11.2026 09:06"), text(200000));
+        s.append("C", QStringLiteral("20.11.2026 09:07"), text(90000));
+        s.configure();
+        const auto height = [&s](int row) {
+            return s.delegate()->heightForWidth(s.tool.proxy()->index(row, s.column(html)), 300);
+        };
+        QCOMPARE(height(0), height(1));
+        QVERIFY(height(1) > height(2));
+        const QFontMetrics metrics(s.view.font());
+        QVERIFY(height(2) > 90000 / 300 * metrics.horizontalAdvance(u'ж') / 2 * metrics.height() / 2);
+    }
+
     void headersOfTwoLinesFitAtAnyFontSize()
     {
         for (qreal scale : {1.0, 1.25, 1.5}) {
