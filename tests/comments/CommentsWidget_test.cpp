@@ -404,6 +404,31 @@ private slots:
         QCOMPARE(desk.caption(), captionOf(2));
     }
 
+    void aCommentWhoseRecordCannotBeFetchedDoesNotApply()
+    {
+        const TestStore store;
+        Desk desk(store);
+        QVERIFY(!desk.send(EventInserted, "LogbookComments", "COM_NOWHERE"));
+        QVERIFY(m_log->take().join(QString()).contains(QStringLiteral("Not found record")));
+        QCOMPARE(desk.rowsInTable(), 2);
+        QVERIFY(!desk.send(EventDeleted, "LogbookComments", "COM_NOWHERE")); // it did not stay
+    }
+
+    void aFileWhoseRecordIsNotHereDoesNotStay()
+    {
+        const TestStore store;
+        Desk desk(store);
+        QVERIFY(desk.send(EventInserted, "LogbookFiles", "FILE_NOWHERE"));
+        QVERIFY(TestStore::write(store.open(QStringLiteral("petrov")).get(), "LogbookFiles", ROW_INSERT,
+                                 "FILE_NEW",
+                                 {{"RecordKey", QByteArray("REC_TRIP")},
+                                  {"WorkerKey", QByteArray("WORKER_PETROV")},
+                                  {"fileName", QStringLiteral("a.txt")},
+                                  {"fileData", QByteArray("x")}}));
+        desk.deliver();
+        QVERIFY(!desk.send(EventDeleted, "LogbookFiles", "FILE_NEW"));
+    }
+
     void logsARecordThatTheServerDoesNotHave()
     {
         const TestStore store;

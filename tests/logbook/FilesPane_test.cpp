@@ -6,8 +6,10 @@
 #include "PageMessages.h"
 #include "TestClient.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QPixmap>
+#include <QProxyStyle>
 #include <QTableWidget>
 #include <QTest>
 #include <QToolButton>
@@ -79,6 +81,38 @@ private slots:
         QCOMPARE(f.table.rowCount(), 0);
         f.pane.reload(f.records.add({{"KeyLink", "R2"}}));
         QCOMPARE(f.table.rowCount(), 0);
+    }
+
+    void aFileWithoutAnIconGetsTheStandardOne()
+    {
+        struct NoFileIcon : QProxyStyle {
+            QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                               const QWidget* widget) const override
+            {
+                return icon == SP_FileIcon ? QIcon() : QProxyStyle::standardIcon(icon, option, widget);
+            }
+        };
+        struct RedFileIcon : QProxyStyle {
+            QIcon standardIcon(StandardPixmap, const QStyleOption*, const QWidget*) const override
+            {
+                QPixmap red(16, 16);
+                red.fill(Qt::red);
+                return QIcon(red);
+            }
+        };
+        const QString usual = QApplication::style()->objectName();
+        QApplication::setStyle(new NoFileIcon); // what the provider of icons asks
+        RedFileIcon red;
+        {
+            Fixture f;
+            f.table.setStyle(&red);
+            f.files.add({{"KeyLink", "F1"}, {"RecordKey", "R1"}, {"fileName", "a.nothing"}});
+            f.pane.reload(f.records.add({{"KeyLink", "R1"}}));
+            const QPixmap icon = f.table.item(0, 0)->data(Qt::DecorationRole).value<QPixmap>();
+            QCOMPARE(icon.size(), QSize(16, 16));
+            QCOMPARE(icon.toImage().pixelColor(8, 8), QColor(Qt::red));
+        }
+        QApplication::setStyle(usual);
     }
 
     void logsARecordWithoutAKey()
