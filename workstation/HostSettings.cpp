@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QSettings>
+#include <QStandardPaths>
 
 void HostSettings::useOwnPlace()
 {
@@ -16,4 +17,10 @@ void HostSettings::useOwnPlace()
         return;
     for (const QString& key : former.allKeys())
         settings.setValue(key, former.value(key));
+}
+
+QString HostSettings::keptTextsFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/vrk-logbook/kept");
 }

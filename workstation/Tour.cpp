@@ -74,6 +74,7 @@ bool Tour::playTheme(const QString& theme, const QString& title)
     Theme::apply(theme);
     m_book.setTheme(theme, title);
     Options options;
+    options.keepsTexts = false;
     options.store = m_store;
     options.user = QStringLiteral("ozerov");
     options.department = tr("ЦДС");

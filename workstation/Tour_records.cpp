@@ -103,6 +103,7 @@ bool Tour::sceneOverdue(const QString& theme)
     for (const char* suffix : {"", "-wal", "-shm"})
         QFile::remove(file + QLatin1String(suffix));
     Options options;
+    options.keepsTexts = false;
     options.store = QStringLiteral("sqlite://") + file;
     options.user = QStringLiteral("ozerov");
     options.department = tr("ЦДС");

@@ -67,6 +67,7 @@ bool Tour::playTemplates(CVrkCliMod* journal)
 {
     journal->hide();
     Options options;
+    options.keepsTexts = false;
     options.store = m_store;
     options.user = QStringLiteral("admin");
     bool played = false;

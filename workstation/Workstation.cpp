@@ -4,6 +4,8 @@
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "HostSettings.h"
+#include "KeptTexts.h"
 #include "LogWriter.h"
 #include "ModuleMenu.h"
 #include "PasswordDialog.h"
@@ -52,6 +54,10 @@ bool Workstation::enter(const Options& options)
         m_errorText = signIn.errorText();
         return false;
     }
+    if (options.keepsTexts)
+        m_app.keptTexts()->open(HostSettings::keptTextsFolder(),
+                                m_app.m_user_params.getValue(QStringLiteral("KEYLINK"), QString()),
+                                SignIn::storeOf(options.store));
     m_userName = signIn.userName();
     m_departmentName.clear();
     for (const SignIn::Department& one : signIn.departments()) {
@@ -169,6 +175,9 @@ void Workstation::addStatusLine(CVrkCliMod* module)
     module->statusBar()->setSizeGripEnabled(false);
     module->statusBar()->addWidget(line, 1);
     connect(&m_app, &CVrkCliApp::textAdjusted, line, &StatusLine::showNotice);
+    connect(m_app.keptTexts(), &KeptTexts::failed, line, [line](const QString& reason) {
+        line->showNotice(tr("Несохранённый текст не удаётся хранить на диске: %1.").arg(reason));
+    });
     connect(module, &CVrkCliMod::unreadCommentsChanged, line, &StatusLine::setUnreadComments);
     connect(line, &StatusLine::unreadCommentsClicked, module, &CVrkCliMod::unreadCommentsRequested);
 
@@ -236,6 +245,7 @@ void Workstation::closeModules()
         delete open.module;
     }
     m_modules.clear();
+    m_app.keptTexts()->close(); // the next user has his own
 }
 
 StatusLine* Workstation::statusLine(const CVrkCliMod* module) const
@@ -244,6 +254,44 @@ StatusLine* Workstation::statusLine(const CVrkCliMod* module) const
 }
 
 bool Workstation::mayClose(CVrkCliMod* module)
+{
+    return mayLeaveEdit(module) && mayLeaveTexts(module);
+}
+
+/// Asks about what is typed in the module's windows and not written.
+bool Workstation::mayLeaveTexts(CVrkCliMod* module)
+{
+    QStringList texts;
+    for (const KeptTexts::Text& text : m_app.keptTexts()->held(module))
+        texts << text.values.value(QStringLiteral("caption"));
+    if (texts.isEmpty() || !m_options.keepsTexts)
+        return true;
+    const bool isOnDisk = m_app.keptTexts()->flush();
+    QString error = m_app.keptTexts()->errorText();
+    if (!isOnDisk && error.isEmpty())
+        error = tr("диск не отвечает");
+
+    QMessageBox box(QMessageBox::Question, module->moduleTitle(),
+                    tr("Не записано: %1.").arg(texts.join(QStringLiteral(", "))), QMessageBox::NoButton,
+                    module);
+    box.setObjectName(QStringLiteral("unwrittenBox"));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(error.isEmpty()
+                               ? tr("Этот текст будет предложен при следующем входе.")
+                               : tr("Хранить этот текст до следующего входа не удаётся: %1.").arg(error));
+    const QPushButton* keep =
+        error.isEmpty() ? box.addButton(tr("Закрыть, текст оставить"), QMessageBox::AcceptRole) : nullptr;
+    const QPushButton* drop = box.addButton(tr("Закрыть без текста"), QMessageBox::DestructiveRole);
+    QPushButton* stay = box.addButton(tr("Вернуться"), QMessageBox::RejectRole);
+    box.setDefaultButton(stay);
+    box.setEscapeButton(stay);
+    box.exec();
+    if (box.clickedButton() == drop)
+        m_app.keptTexts()->dropHeld(module);
+    return box.clickedButton() == drop || (keep && box.clickedButton() == keep);
+}
+
+bool Workstation::mayLeaveEdit(CVrkCliMod* module)
 {
     if (!module->isEdit())
         return true;

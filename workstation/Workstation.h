@@ -53,6 +53,8 @@ private:
     bool openStore(SignIn* signIn, Options* options);
     bool chooseDepartment(SignIn* signIn, const Options& options, QByteArray* department);
     bool mayClose(CVrkCliMod* module);
+    bool mayLeaveEdit(CVrkCliMod* module);
+    bool mayLeaveTexts(CVrkCliMod* module);
     void moduleClosed(CVrkCliMod* module);
     void closeModules();
     void addStatusLine(CVrkCliMod* module);

@@ -3,6 +3,7 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "EditorGuard.h"
+#include "KeptTexts.h"
 #include "PlainLabels.h"
 
 #include <QPointer>
@@ -12,6 +13,7 @@ struct CVrkCliApp::Private {
     std::unique_ptr<CVrkCliSes> session;
     EditorGuard guard;
     PlainLabels labels;
+    KeptTexts texts;
     QPointer<CVrkCliMod> sink;
     QVector<CVrkCliMod*> modules;
     std::function<bool(CVrkCliMod*)> closeGuard;
@@ -56,6 +58,11 @@ void CVrkCliApp::setSession(std::unique_ptr<CVrkCliSes> session)
 CVrkCliSes* CVrkCliApp::session() const
 {
     return d->session.get();
+}
+
+KeptTexts* CVrkCliApp::keptTexts() const
+{
+    return &d->texts;
 }
 
 void CVrkCliApp::setLogSink(CVrkCliMod* module)

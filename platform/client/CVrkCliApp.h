@@ -11,6 +11,7 @@
 
 class CVrkCliMod;
 class CVrkCliSes;
+class KeptTexts;
 
 /// The client application: holds the session and the login's parameters, knows the modules, and hands them
 /// their change events from the event loop. One place watches over all editors: a character that the
@@ -49,6 +50,9 @@ public:
     bool notifyModule(const QString& module, const QString& name, const QVariant& value);
     /// How the host starts or raises a module; null when it cannot.
     void setModuleOpener(std::function<CVrkCliMod*(const QString& module)> opener);
+
+    /// What the user has typed and not written yet. In memory only, unless the host has opened a folder for it.
+    KeptTexts* keptTexts() const;
 
     /// Parameters of the login: "KEYLINK", "DEPARTMENTKEY", "ORGANIZATIONKEY".
     CStringParams m_user_params;

@@ -7,6 +7,9 @@
 
 #include <ctime>
 #include <QCoreApplication>
+#include <QFileInfo>
+#include <QUrl>
+#include <QUrlQuery>
 
 struct SignIn::Private {
     static QString tr(const char* text) { return QCoreApplication::translate("SignIn", text); }
@@ -61,6 +64,25 @@ bool SignIn::wantsPassword() const
 bool SignIn::isServer(const QString& url)
 {
     return StoreUrl(url).engine == StoreUrl::PostgreSql;
+}
+
+QString SignIn::storeOf(const QString& url)
+{
+    const StoreUrl address(url);
+    if (address.engine == StoreUrl::Sqlite) {
+        const QString file = QFileInfo(address.file).canonicalFilePath();
+        return file.isEmpty() ? address.file : file;
+    }
+    QUrl server(url);
+    server.setUserInfo(QString());
+    QUrlQuery query(server);
+    QUrlQuery where;
+    for (const QString& name : {QStringLiteral("service"), QStringLiteral("host"), QStringLiteral("hostaddr"),
+                                QStringLiteral("port"), QStringLiteral("dbname")})
+        if (query.hasQueryItem(name))
+            where.addQueryItem(name, query.queryItemValue(name, QUrl::FullyEncoded));
+    server.setQuery(where);
+    return server.toString(QUrl::FullyEncoded);
 }
 
 QString SignIn::loginOf(const QString& url)

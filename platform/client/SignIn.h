@@ -40,6 +40,8 @@ public:
     bool wantsPassword() const;
     /// Whether the store at the address asks persons for their passwords by itself, as servers may.
     static bool isServer(const QString& url);
+    /// The store at the address, without who enters it and how: for what is remembered of each store.
+    static QString storeOf(const QString& url);
     /// The login in the address of a server.
     static QString loginOf(const QString& url);
     /// The logins to choose from; empty where the server knows its users itself. There an empty login means

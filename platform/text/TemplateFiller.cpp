@@ -4,6 +4,7 @@
 #include "FillerEditors.h"
 #include "FillerText.h"
 #include "HtmlParser.h"
+#include "KeptTexts.h"
 #include "LatelyUsed.h"
 #include "ReferenceData.h"
 
@@ -19,6 +20,8 @@
 namespace
 {
 constexpr int keptTemplates = 50;
+const QString textName = QStringLiteral("text.");
+const QString keyName = QStringLiteral("key.");
 constexpr int namedMissing = 4; ///< of the parameters without a value; more would not be read
 } // namespace
 
@@ -36,7 +39,11 @@ struct TemplateFiller::Private {
     void userEdited(int index);
     void goToNext(int index);
     void setCurrent(int index);
-    void keepTyped(int index);
+    void keepTyped(KeptTexts::Where where);
+    void keepShown() { keepTyped(keeps == Everything ? KeptTexts::OnDisk : KeptTexts::InMemory); }
+    void takeKept();
+    void leaveKept();
+    void forgetKept();
     void offerKept();
     void clearKept();
     void fitText();
@@ -52,9 +59,12 @@ struct TemplateFiller::Private {
     QVector<ParameterValue> values;
     bool isRecord = false; ///< the text came with values: it is no template any more
 
-    /// What was typed for a template, by the template's text and the parameter's number, the latest templates last.
-    QHash<QString, QHash<int, ParameterValue>> kept;
-    QStringList keptOrder;
+    QPointer<KeptTexts> texts; ///< one text a template, the template's html among its values
+    QString keptPlace;
+    QString keptCaption;
+    Keeps keeps = Everything;
+    QHash<int, ParameterValue> typed; ///< for the template on show, by the parameter's number
+    QByteArray keptId;                ///< of what was typed for it; empty: nothing
 
     QStackedWidget* pages = nullptr;
     QSplitter* splitter = nullptr;
@@ -195,7 +205,10 @@ void TemplateFiller::Private::showParameter(int index)
 void TemplateFiller::Private::userEdited(int index)
 {
     values[index] = editors->value(index);
-    keepTyped(index);
+    if (!isRecord) {
+        typed.insert(index, values.at(index));
+        keepShown();
+    }
     showParameter(index);
     emit q->templateChanged();
 }
@@ -214,22 +227,67 @@ void TemplateFiller::Private::setCurrent(int index)
     editors->setCurrent(index);
 }
 
-void TemplateFiller::Private::keepTyped(int index)
+void TemplateFiller::Private::keepTyped(KeptTexts::Where where)
 {
-    if (isRecord)
-        return;
-    keptOrder.removeAll(html);
-    keptOrder.append(html);
-    kept[html].insert(index, values.at(index));
-    while (keptOrder.size() > keptTemplates)
-        kept.remove(keptOrder.takeFirst());
+    KeptTexts::Values kept;
+    kept.insert(QStringLiteral("html"), html);
+    kept.insert(QStringLiteral("caption"), keptCaption);
+    for (auto it = typed.cbegin(); it != typed.cend(); ++it) {
+        const QString number = QString::number(it.key());
+        kept.insert(textName + number, it->text);
+        kept.insert(keyName + number, it->key);
+    }
+    const bool isNew = keptId.isEmpty();
+    keptId = texts->keep(keptPlace, kept, keptId, where);
+    if (keeps == Everything)
+        texts->hold(keptId, q);
+    const QVector<KeptTexts::Text> all = isNew ? texts->offered(keptPlace) : QVector<KeptTexts::Text>();
+    for (int i = 0; i < all.size() - keptTemplates; ++i)
+        texts->forget(all.at(i).id);
+}
+
+/// Finds what was typed for the template on show earlier.
+void TemplateFiller::Private::takeKept()
+{
+    KeptTexts::Values kept;
+    for (const KeptTexts::Text& one : texts->offered(keptPlace)) {
+        if (one.values.value(QStringLiteral("html")) != html)
+            continue;
+        keptId = one.id;
+        kept = one.values;
+    }
+    for (int i = 0; i < specs.size(); ++i) {
+        const QString number = QString::number(i);
+        if (kept.contains(textName + number))
+            typed.insert(i, {kept.value(textName + number), kept.value(keyName + number)});
+    }
+    if (keeps == Everything)
+        texts->hold(keptId, q);
+}
+
+/// Another template comes.
+void TemplateFiller::Private::leaveKept()
+{
+    if (!keptId.isEmpty())
+        keepTyped(KeptTexts::OnDisk);
+    texts->hold(keptId, nullptr);
+    keptId.clear();
+    typed.clear();
+}
+
+void TemplateFiller::Private::forgetKept()
+{
+    texts->forget(keptId);
+    keptId.clear();
+    typed.clear();
 }
 
 void TemplateFiller::Private::offerKept()
 {
-    const QHash<int, ParameterValue> typed = isRecord ? QHash<int, ParameterValue>() : kept.value(html);
+    if (!isRecord && !html.isEmpty())
+        takeKept();
     bool any = false;
-    for (auto it = typed.begin(); it != typed.end(); ++it) {
+    for (auto it = typed.cbegin(); it != typed.cend(); ++it) {
         values[it.key()] = it.value();
         editors->setValue(it.key(), it.value());
         showParameter(it.key());
@@ -240,11 +298,12 @@ void TemplateFiller::Private::offerKept()
 
 void TemplateFiller::Private::clearKept()
 {
-    const QHash<int, ParameterValue> typed = kept.take(html);
-    for (auto it = typed.begin(); it != typed.end(); ++it) {
-        values[it.key()] = initial.at(it.key());
-        editors->setValue(it.key(), initial.at(it.key()));
-        showParameter(it.key());
+    const QList<int> cleared = typed.keys();
+    forgetKept();
+    for (const int index : cleared) {
+        values[index] = initial.at(index);
+        editors->setValue(index, initial.at(index));
+        showParameter(index);
     }
     keptBar->hide();
     if (!specs.isEmpty())
@@ -265,6 +324,7 @@ void TemplateFiller::Private::fitText()
 TemplateFiller::TemplateFiller(QWidget* parent) : QWidget(parent), d(new Private(this))
 {
     d->build();
+    d->texts = new KeptTexts(this);
     setTemplate(QString());
 }
 
@@ -283,8 +343,18 @@ void TemplateFiller::setOrientation(Qt::Orientation orientation)
     d->splitter->setOrientation(orientation);
 }
 
+void TemplateFiller::setKept(const QString& place, const QString& caption, Keeps keeps)
+{
+    d->leaveKept();
+    d->texts = KeptTexts::of(this);
+    d->keptPlace = place;
+    d->keptCaption = caption;
+    d->keeps = keeps;
+}
+
 void TemplateFiller::setTemplate(const QString& html)
 {
+    d->leaveKept();
     d->html = html;
     if (d->reference)
         d->latelyUsed.setUser(d->reference->userKey());
@@ -314,8 +384,12 @@ void TemplateFiller::setParameterValue(unsigned int index, const QString& text, 
     if (d->values.at(i) == value)
         return;
     d->values[i] = value;
-    if (d->kept.contains(d->html))
-        d->kept[d->html].remove(i); // it was not typed
+    if (d->typed.remove(i) > 0) { // it is no longer what was typed
+        if (d->typed.isEmpty())
+            d->forgetKept();
+        else
+            d->keepShown();
+    }
     d->editors->setValue(i, value);
     d->showParameter(i);
     emit templateChanged();
@@ -390,8 +464,7 @@ void TemplateFiller::valuesWritten()
 
 void TemplateFiller::forgetValues()
 {
-    d->kept.remove(d->html);
-    d->keptOrder.removeAll(d->html);
+    d->forgetKept();
     d->keptBar->hide();
 }
 

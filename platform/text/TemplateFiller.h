@@ -13,8 +13,8 @@ struct TEventNciParse;
 /// its kind. Clicking a parameter in the text leads to its editor, and the editor in use lights up in the
 /// text. Tab and Enter walk the editors in the order of the text.
 ///
-/// What the user types for a template is kept, while the widget lives, until valuesWritten() or forgetValues(); when the
-/// same template comes again it shows those values and says so.
+/// What the user types for a template is kept until valuesWritten() or forgetValues(); when the same template comes again
+/// it shows those values and says so.
 class VRK_EXPORT TemplateFiller : public QWidget
 {
     Q_OBJECT
@@ -27,6 +27,14 @@ public:
     void setModule(CVrkCliMod* module);
     /// Vertical: editors below the text; horizontal: beside it.
     void setOrientation(Qt::Orientation orientation);
+
+    enum Keeps {
+        Everything,
+        OthersOnly, ///< its window keeps the values on show by itself
+    };
+    /// Has the values kept by the application, at this place of its KeptTexts; \a caption says what they belong to.
+    /// Otherwise they are kept as long as the widget lives.
+    void setKept(const QString& place, const QString& caption, Keeps keeps = Everything);
 
     /// Replaces the text: the html of a template, or of a record whose values are to be changed. Empty: no
     /// template.

@@ -53,6 +53,7 @@ void NoticeBar::tell(Kind kind, const QString& text, const QVector<Choice>& choi
         button->deleteLater(); // the bar may be told anew by the press of one of them
     }
     m_buttons.clear();
+    m_ids.clear();
     for (const Choice& choice : choices) {
         auto* button = new QPushButton(choice.text, this);
         button->setObjectName(choice.name);
@@ -60,6 +61,7 @@ void NoticeBar::tell(Kind kind, const QString& text, const QVector<Choice>& choi
         connect(button, &QPushButton::clicked, this, [this, id = choice.id] { emit chosen(id); });
         m_layout->addWidget(button);
         m_buttons.append(button);
+        m_ids.append(choice.id);
     }
     show();
 }
@@ -69,10 +71,10 @@ QString NoticeBar::text() const
     return m_text->text();
 }
 
-void NoticeBar::focusFirstChoice()
+void NoticeBar::focusChoice(int id)
 {
-    if (!m_buttons.isEmpty())
-        m_buttons.first()->setFocus(Qt::OtherFocusReason);
+    if (QWidget* button = m_buttons.value(m_ids.indexOf(id)))
+        button->setFocus(Qt::OtherFocusReason);
 }
 
 void NoticeBar::keyPressEvent(QKeyEvent* event)

@@ -28,8 +28,8 @@ public:
     /// Shows the bar with this text and these buttons, in place of what it showed.
     void tell(Kind kind, const QString& text, const QVector<Choice>& choices = {});
     QString text() const;
-    /// Puts the keyboard on the first button.
-    void focusFirstChoice();
+    /// Puts the keyboard on the button of this answer.
+    void focusChoice(int id);
 
 signals:
     /// A button was pressed. The bar stays until its owner hides it.
@@ -42,5 +42,6 @@ private:
     QHBoxLayout* m_layout;
     QLabel* m_icon;
     QLabel* m_text;
-    QVector<QWidget*> m_buttons;
+    QVector<QWidget*> m_buttons; ///< in the order of the answers
+    QVector<int> m_ids;          ///< of the answers
 };

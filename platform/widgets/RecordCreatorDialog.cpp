@@ -3,9 +3,9 @@
 #include "CLiteModel.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "KeptDraft.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
-#include "RecordCreatorKept.h"
 #include "ui_RecordCreatorDialog.h"
 
 #include <QCloseEvent>
@@ -34,7 +34,9 @@ void setReadable(QWidget* field, bool readable)
 } // namespace
 
 RecordCreatorDialog::RecordCreatorDialog(QWidget* parent, int flag)
-    : CPopTemplate(parent, flag), m_form(new Ui::RecordCreatorDialog)
+    : CPopTemplate(parent, flag),
+      m_form(new Ui::RecordCreatorDialog),
+      m_unsaved(new KeptDraft(this, KeptTexts::of(this), [this] { return unsaved(); }))
 {
     m_form->setupUi(this);
     m_form->directionGroup->setId(m_form->noDirectionButton, DirectionNone);
@@ -47,7 +49,10 @@ RecordCreatorDialog::RecordCreatorDialog(QWidget* parent, int flag)
     connectWidgets();
 }
 
-RecordCreatorDialog::~RecordCreatorDialog() = default;
+RecordCreatorDialog::~RecordCreatorDialog()
+{
+    m_unsaved->release();
+}
 
 void RecordCreatorDialog::connectWidgets()
 {
@@ -75,6 +80,11 @@ void RecordCreatorDialog::connectWidgets()
             &RecordCreatorDialog::eventTimeEdited);
     connect(m_form->nowButton, &QToolButton::clicked, this,
             [this] { m_form->eventTimeEdit->setDateTime(m_module->session()->HfnTimeToSesTime()); });
+    connect(m_form->templateFiller, &TemplateFiller::templateChanged, m_unsaved, &KeptDraft::touch);
+    connect(m_form->counterpartEdit, &WorkerEdit::changed, m_unsaved, &KeptDraft::touch);
+    connect(m_form->eventTimeEdit, &QDateTimeEdit::dateTimeChanged, m_unsaved, &KeptDraft::touch);
+    for (QAbstractButton* direction : m_form->directionGroup->buttons())
+        connect(direction, &QAbstractButton::clicked, m_unsaved, &KeptDraft::touch);
     for (NoticeBar* bar : {m_form->noticeBar, m_form->failureBar, m_form->questionBar})
         connect(bar, &NoticeBar::chosen, this, &RecordCreatorDialog::answer);
 }
@@ -142,6 +152,9 @@ void RecordCreatorDialog::setDepartmentKey(const QString& key)
 {
     m_departmentKey = key;
     m_form->templatesWidget->setRootDepKeyLink(key);
+    m_unsaved->setPlace(QStringLiteral("record/") + key);
+    m_form->templateFiller->setKept(QStringLiteral("values/record/") + key, QString(),
+                                    TemplateFiller::OthersOnly);
 }
 
 void RecordCreatorDialog::setOrgTypeKey(const QString& key)
@@ -261,7 +274,7 @@ void RecordCreatorDialog::askUnsaved()
                               complete ? tr("Текст не сохранён. Сохранить его?")
                                        : tr("Текст не сохранён и заполнен не полностью."),
                               choices);
-    m_form->questionBar->focusFirstChoice();
+    m_form->questionBar->focusChoice(complete ? choices.first().id : Stay); // Enter must lose nothing
 }
 
 void RecordCreatorDialog::answer(int answer)
@@ -273,6 +286,7 @@ void RecordCreatorDialog::answer(int answer)
         break;
     case DropText:
         m_form->templateFiller->forgetValues();
+        m_unsaved->forget();
         leave();
         break;
     case Stay:

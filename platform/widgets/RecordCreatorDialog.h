@@ -1,18 +1,19 @@
 #pragma once
 
 #include "CPopTemplate.h"
+#include "KeptTexts.h"
 #include "RecordDraft.h"
 #include "TEventNciParse.h"
 #include "VrkExport.h"
 
 #include <memory>
 #include <QString>
-#include <vector>
 
 class CLiteModel;
 class CModelTable;
 class CVrkCliMod;
 class HtmlParser;
+class KeptDraft;
 class OrgStructDialog;
 namespace Ui
 {
@@ -26,7 +27,8 @@ class RecordCreatorDialog;
 ///
 /// Shown with a record it edits that draft and writes only what was changed; an approved or deleted record
 /// opens for reading. Unsaved text is never dropped without a question: Esc, Cancel and the frame ask, a
-/// programmatic close() keeps the text and offers it at the next opening.
+/// programmatic close() keeps the text and offers it at the next opening. What is typed is kept at once (KeptTexts), so
+/// that the end of the program does not lose it either.
 class VRK_EXPORT RecordCreatorDialog : public CPopTemplate
 {
     Q_OBJECT
@@ -98,8 +100,10 @@ private:
     void loadTables();
     void openNew();
     void openRecord(const QByteArray& key);
-    void restoreKept(std::vector<Kept>::iterator position);
+    bool restoreKept(const KeptTexts::Text& text);
+    void restoreNew();
     void restoreEdit();
+    KeptTexts::Values unsaved() const;
     void keepUnsaved();
     void dropRestored();
     void chooseTemplate();
@@ -162,5 +166,5 @@ private:
     bool m_lostUnsaved = false; ///< there was unsaved text when the record was lost
     bool m_conflict = false;    ///< others changed the record under unsaved text
     bool m_filling = false;     ///< the window changes its own fields
-    std::vector<Kept> m_kept;   ///< offered one after the other, the last first
+    KeptDraft* m_unsaved;       ///< kept texts are offered one after the other, the last first
 };

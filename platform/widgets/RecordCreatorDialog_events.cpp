@@ -4,13 +4,13 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "GenGuid32.h"
+#include "KeptDraft.h"
 #include "MDRValues.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
 #include "RecordCreatorKept.h"
 #include "ui_RecordCreatorDialog.h"
 
-#include <algorithm>
 #include <QScopedValueRollback>
 #include <QTextCodec>
 
@@ -79,11 +79,11 @@ void RecordCreatorDialog::recordEvent(const TEventNciParse* event)
     const QByteArray key(event->recordKey);
     // Kept text is of no use when its row is there after all, exactly as it stood.
     if (event->eventNumber == EventInserted)
-        m_kept.erase(std::remove_if(m_kept.begin(), m_kept.end(),
-                                    [&](const Kept& kept) {
-                                        return kept.key == key && kept.sent.differences(kept.draft).isEmpty();
-                                    }),
-                     m_kept.end());
+        for (const KeptTexts::Text& text : KeptTexts::of(this)->offered(m_unsaved->place())) {
+            const Kept kept = Kept::read(text);
+            if (kept.key == key && kept.sent.differences(kept.draft).isEmpty())
+                KeptTexts::of(this)->forget(text.id);
+        }
     if (key != m_key)
         return;
     if (event->eventNumber == EventInserted)

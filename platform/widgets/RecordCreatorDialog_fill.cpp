@@ -8,7 +8,6 @@
 #include "HtmlParser.h"
 #include "MDRValues.h"
 #include "ParameterKind.h"
-#include "RecordCreatorKept.h"
 #include "ui_RecordCreatorDialog.h"
 
 #include <QTextCodec>

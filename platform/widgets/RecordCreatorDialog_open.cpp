@@ -7,12 +7,12 @@
 #include "GenGuid32.h"
 #include "HfnWrapper.h"
 #include "HtmlParser.h"
+#include "KeptDraft.h"
 #include "MarkerIcon.h"
 #include "MDRValues.h"
 #include "RecordCreatorKept.h"
 #include "ui_RecordCreatorDialog.h"
 
-#include <algorithm>
 #include <QScopedValueRollback>
 #include <QStyle>
 #include <QTextCodec>
@@ -54,6 +54,7 @@ void RecordCreatorDialog::setCurrentRecord(MDRData* record)
 void RecordCreatorDialog::open()
 {
     m_openAsked = false;
+    m_unsaved->forget(); // whoever goes on from unsaved text has been asked
     hideBars();
     loadTables();
     if (m_requestedKey.isEmpty())
@@ -113,8 +114,7 @@ void RecordCreatorDialog::openNew()
         m_form->templatesWidget->clearSelection();
     }
     showDraft(m_before);
-    if (!m_kept.empty())
-        restoreKept(m_kept.end() - 1);
+    restoreNew();
     m_form->templatesWidget->setVisible(true);
     if (m_restored)
         focusText();
@@ -266,10 +266,10 @@ bool RecordCreatorDialog::isDirty() const
     return false;
 }
 
-void RecordCreatorDialog::keepUnsaved()
+KeptTexts::Values RecordCreatorDialog::unsaved() const
 {
     if (!isDirty())
-        return;
+        return {};
     Kept kept;
     kept.create = m_mode != Mode::Edit;
     kept.key = m_mode == Mode::Orphaned ? GenGuid32() : m_key;
@@ -278,27 +278,55 @@ void RecordCreatorDialog::keepUnsaved()
     kept.attempted = m_attempted;
     kept.sent = m_sent;
     kept.draft = draft();
-    m_kept.push_back(std::move(kept));
-    m_form->templateFiller->forgetValues();
+    return kept.values();
+}
+
+void RecordCreatorDialog::keepUnsaved()
+{
+    if (isDirty())
+        m_form->templateFiller->forgetValues();
+    m_unsaved->release();
+}
+
+/// The text that was kept last, of those that are not written meanwhile.
+void RecordCreatorDialog::restoreNew()
+{
+    QVector<KeptTexts::Text> texts = KeptTexts::of(this)->offered(m_unsaved->place());
+    while (!texts.isEmpty() && !restoreKept(texts.takeLast()))
+        ;
 }
 
 /// What was typed for the record in work, the last of it, if there is any.
 void RecordCreatorDialog::restoreEdit()
 {
-    const auto last = std::find_if(m_kept.rbegin(), m_kept.rend(),
-                                   [this](const Kept& kept) { return !kept.create && kept.key == m_key; });
-    if (last != m_kept.rend())
-        restoreKept(last.base() - 1);
+    KeptTexts::Text last;
+    for (const KeptTexts::Text& text : KeptTexts::of(this)->offered(m_unsaved->place())) {
+        const Kept kept = Kept::read(text);
+        if (!kept.create && kept.key == m_key)
+            last = text;
+    }
+    if (!last.id.isEmpty())
+        restoreKept(last);
 }
 
-void RecordCreatorDialog::restoreKept(std::vector<Kept>::iterator position)
+/// False when the text turns out to be written: a program that was killed may have had no time to forget it.
+bool RecordCreatorDialog::restoreKept(const KeptTexts::Text& text)
 {
-    const Kept kept = std::move(*position);
-    m_kept.erase(position);
+    const Kept kept = Kept::read(text);
+    m_unsaved->take(text);
     if (m_mode == Mode::Create) {
         m_key = kept.create ? kept.key : GenGuid32();
-        m_attempted = kept.attempted && kept.create;
+        m_attempted = kept.create && (kept.attempted || text.isLeft);
         m_sent = kept.sent;
+        bool isWritten = false;
+        if (text.isLeft && kept.create && findOwnRow(&isWritten) && isWritten &&
+            kept.draft.differences(m_before).isEmpty()) {
+            m_unsaved->forget();
+            m_before = RecordDraft();
+            m_key = GenGuid32();
+            m_attempted = false;
+            return false;
+        }
         QScopedValueRollback<bool> filling(m_filling, true);
         m_form->templatesWidget->selectTemplate(kept.templateKey);
     }
@@ -306,13 +334,20 @@ void RecordCreatorDialog::restoreKept(std::vector<Kept>::iterator position)
     const QString clean = m_cleanText;
     showDraft(kept.draft);
     m_cleanText = clean;
+    if (m_mode == Mode::Edit && !isDirty()) {
+        m_restored = false;
+        m_unsaved->forget();
+        return false;
+    }
     m_form->noticeBar->tell(NoticeBar::Information, tr("Восстановлен несохранённый текст"),
                             {{DropRestored, tr("Отбросить"), QStringLiteral("dropRestoredButton")}});
+    return true;
 }
 
 void RecordCreatorDialog::dropRestored()
 {
     m_form->templateFiller->forgetValues();
+    m_unsaved->forget();
     m_form->noticeBar->hide();
     if (m_mode == Mode::Edit)
         openRecord(m_key);

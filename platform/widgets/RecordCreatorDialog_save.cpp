@@ -2,6 +2,7 @@
 
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "KeptDraft.h"
 #include "MDRValues.h"
 #include "ui_RecordCreatorDialog.h"
 
@@ -34,7 +35,7 @@ void RecordCreatorDialog::askConflict()
                               {{KeepMine, tr("Сохранить мой"), QStringLiteral("keepMineButton")},
                                {TakeTheirs, tr("Взять изменённый"), QStringLiteral("takeTheirsButton")},
                                {Stay, tr("Вернуться"), QStringLiteral("stayButton")}});
-    m_form->questionBar->focusFirstChoice();
+    m_form->questionBar->focusChoice(KeepMine);
 }
 
 bool RecordCreatorDialog::insert()
@@ -104,6 +105,7 @@ void RecordCreatorDialog::saved()
     if (m_mode == Mode::Create)
         m_form->templatesWidget->noteUse();
     m_form->templateFiller->valuesWritten();
+    m_unsaved->forget();
     m_mode = Mode::Nothing;
     if (!next) {
         leave();

@@ -1,6 +1,6 @@
 #include "CommentCreatorDialog.h"
 
-#include "KeptComments.h"
+#include "KeptDraft.h"
 #include "NoticeBar.h"
 #include "RecordTitle.h"
 #include "ui_CommentCreatorDialog.h"
@@ -12,6 +12,13 @@
 namespace
 {
 enum Choice { WriteAsNew, TakeKept, DropKept };
+
+constexpr int lettersOfCaption = 60;
+
+QString textOf(const KeptTexts::Text& kept)
+{
+    return kept.values.value(QStringLiteral("text"));
+}
 } // namespace
 
 CommentCreatorDialog::CommentCreatorDialog(QWidget* parent, int flag)
@@ -20,7 +27,8 @@ CommentCreatorDialog::CommentCreatorDialog(QWidget* parent, int flag)
       m_warningBar(new NoticeBar(this)),
       m_keptBar(new NoticeBar(this)),
       m_recordTitle(new RecordTitle(this)),
-      m_kept(KeptComments::of(parent ? parent : this))
+      m_kept(KeptTexts::of(this)),
+      m_unsaved(new KeptDraft(this, m_kept, [this] { return unsaved(); }))
 {
     m_form->setupUi(this);
     m_warningBar->setObjectName(QStringLiteral("warningBar"));
@@ -31,6 +39,8 @@ CommentCreatorDialog::CommentCreatorDialog(QWidget* parent, int flag)
     }
     m_form->verticalLayout->insertWidget(0, m_recordTitle);
     setWindowIcon(QIcon(QStringLiteral(":/icons/comment.png")));
+    m_unsaved->setPlace(keptPlace());
+    connect(m_form->commentEdit, &QTextEdit::textChanged, m_unsaved, &KeptDraft::touch);
     setGuarding(true); // the comment goes to the current record of the window below
     connect(m_form->commentEdit, &QTextEdit::textChanged, this,
             [this] { m_form->applyButton->setEnabled(!m_form->commentEdit->toPlainText().isEmpty()); });
@@ -48,10 +58,12 @@ void CommentCreatorDialog::setText(const QString& text)
 {
     const QSignalBlocker blocker(m_form->commentEdit);
     m_form->commentEdit->setPlainText(text);
+    m_clean = text;
 }
 
 void CommentCreatorDialog::clear()
 {
+    m_clean.clear();
     const QSignalBlocker blocker(m_form->commentEdit);
     m_form->commentEdit->clear();
 }
@@ -63,14 +75,63 @@ void CommentCreatorDialog::warn(const QString& text)
 
 void CommentCreatorDialog::keep(const QString& text)
 {
-    m_kept->texts.removeAll(text);
+    forget(text);
     if (!text.isEmpty())
-        m_kept->texts.append(text);
+        m_kept->keep(keptPlace(), valuesOf(text));
 }
 
 void CommentCreatorDialog::forget(const QString& text)
 {
-    m_kept->texts.removeAll(text);
+    for (const KeptTexts::Text& kept : m_kept->offered(keptPlace()))
+        if (textOf(kept) == text)
+            m_kept->forget(kept.id);
+}
+
+KeptTexts::Values CommentCreatorDialog::unsaved() const
+{
+    const QString text = m_form->commentEdit->toPlainText();
+    return text.isEmpty() || text == m_clean ? KeptTexts::Values() : valuesOf(text);
+}
+
+KeptTexts::Values CommentCreatorDialog::valuesOf(const QString& text) const
+{
+    QString shown = text.left(lettersOfCaption).simplified();
+    if (text.size() > lettersOfCaption)
+        shown += QStringLiteral("…");
+    return {{QStringLiteral("caption"), tr("комментарий «%1»").arg(shown)},
+            {QStringLiteral("text"), text},
+            {QStringLiteral("comment"), m_commentKey},
+            {QStringLiteral("record"), m_recordKey}};
+}
+
+void CommentCreatorDialog::take(const KeptTexts::Text& text)
+{
+    m_unsaved->take(text);
+    m_taken = text;
+    m_form->commentEdit->setPlainText(textOf(text));
+}
+
+/// The text that was taken and not applied is offered again as it was; anything else the user has given up.
+void CommentCreatorDialog::giveBack()
+{
+    if (m_taken.id.isEmpty()) {
+        m_unsaved->forget();
+        return;
+    }
+    m_unsaved->release();
+    m_kept->keep(keptPlace(), m_taken.values, m_taken.id);
+    m_taken = KeptTexts::Text();
+}
+
+void CommentCreatorDialog::showKept(const KeptTexts::Text& text)
+{
+    clear();
+    m_commentKey = text.values.value(QStringLiteral("comment"));
+    m_recordKey = text.values.value(QStringLiteral("record"));
+    m_warning.clear();
+    show();
+    take(text);
+    tellNotices();
 }
 
 void CommentCreatorDialog::tellNotices()
@@ -80,10 +141,13 @@ void CommentCreatorDialog::tellNotices()
     else
         m_warningBar->tell(NoticeBar::Warning, m_warning,
                            {{WriteAsNew, tr("Добавить новый"), QStringLiteral("asNewButton")}});
-    if (m_kept->texts.isEmpty())
+    const QVector<KeptTexts::Text> kept = m_kept->offered(keptPlace());
+    if (kept.isEmpty())
         m_keptBar->hide();
     else
-        m_keptBar->tell(NoticeBar::Question, tr("Прошлый текст записать не удалось."),
+        m_keptBar->tell(NoticeBar::Question,
+                        kept.last().isLeft ? tr("Прошлый текст остался незаписанным.")
+                                           : tr("Прошлый текст записать не удалось."),
                         {{TakeKept, tr("Вернуть его"), QStringLiteral("takeKeptButton")},
                          {DropKept, tr("Забыть"), QStringLiteral("dropKeptButton")}});
 }
@@ -94,12 +158,14 @@ void CommentCreatorDialog::choose(int choice)
         m_commentKey.clear();
         m_warning.clear();
     } else {
-        const QString text = m_kept->texts.takeLast();
-        if (choice == TakeKept) {
-            if (!m_taken.isEmpty())
-                m_kept->texts.prepend(m_taken); // behind all the others, so that each gets its turn
-            m_taken = text;
-            m_form->commentEdit->setPlainText(text);
+        const KeptTexts::Text text = m_kept->offered(keptPlace()).last();
+        const QByteArray former = m_taken.id;
+        if (choice == DropKept) {
+            m_kept->forget(text.id);
+        } else {
+            giveBack();
+            m_kept->putBehind(former); // all the others, so that each gets its turn
+            take(text);
         }
     }
     tellNotices();
@@ -109,8 +175,9 @@ void CommentCreatorDialog::choose(int choice)
 
 void CommentCreatorDialog::apply()
 {
-    m_taken.clear(); // whoever takes the text now keeps it when it cannot be written
+    m_taken = KeptTexts::Text(); // whoever takes the text now keeps it when it cannot be written
     emit commentChanged(m_commentKey, m_form->commentEdit->toPlainText());
+    m_unsaved->forget();
     close();
 }
 
@@ -123,8 +190,7 @@ void CommentCreatorDialog::keyPressEvent(QKeyEvent* event)
 
 void CommentCreatorDialog::hideEvent(QHideEvent* event)
 {
-    keep(m_taken);
-    m_taken.clear();
+    giveBack();
     CPopTemplate::hideEvent(event);
 }
 

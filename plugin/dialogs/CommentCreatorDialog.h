@@ -1,10 +1,11 @@
 #pragma once
 
 #include "CPopTemplate.h"
+#include "KeptTexts.h"
 
 #include <memory>
 
-class KeptComments;
+class KeptDraft;
 class NoticeBar;
 class RecordTitle;
 
@@ -35,10 +36,16 @@ public:
     /// What the user must know of the text that he is going to write, told above it at the next showing, with a button
     /// that makes it a new comment; an empty text tells nothing.
     void warn(const QString& text);
-    /// Keeps a text until it has been written: while texts are kept, each showing of a dialog of this window offers the
-    /// last one.
+    /// The record that the next text is typed for, by which a text that was kept finds its way back.
+    void setRecordKey(const QString& key) { m_recordKey = key; }
+    /// Keeps a text until it has been written: while texts are kept, each showing of a dialog of this application offers
+    /// the last one.
     void keep(const QString& text);
     void forget(const QString& text);
+    /// Shows the dialog with this kept text in it.
+    void showKept(const KeptTexts::Text& text);
+    /// Where comments are kept.
+    static QString keptPlace() { return QStringLiteral("comment"); }
 
 signals:
     void commentChanged(const QString& commentKey, const QString& text);
@@ -52,6 +59,10 @@ private:
     void apply();
     void tellNotices();
     void choose(int choice);
+    KeptTexts::Values unsaved() const;
+    KeptTexts::Values valuesOf(const QString& text) const;
+    void take(const KeptTexts::Text& text);
+    void giveBack();
 
     std::unique_ptr<Ui::CommentCreatorDialog> m_form;
     NoticeBar* m_warningBar;
@@ -59,6 +70,9 @@ private:
     RecordTitle* m_recordTitle;
     QString m_commentKey;
     QString m_warning;
-    KeptComments* m_kept; ///< of the window
-    QString m_taken;      ///< the one of them that is in the editor, until it is applied
+    QString m_recordKey;
+    QString m_clean; ///< what the editor showed before the user touched it
+    KeptTexts* m_kept;
+    KeptDraft* m_unsaved;
+    KeptTexts::Text m_taken; ///< the kept text that is in the editor, until it is applied
 };

@@ -64,6 +64,7 @@ bool CVrkLogBook::ModuleStart()
     createDialogs();
     createConnections();
     createInbox();
+    createLeftTexts();
     home()->takeKeyboard(); // the arrow keys are for the records
     return true;
 }

@@ -85,7 +85,10 @@ private:
     void writeLog(const QString& func, const QString& text);
     void showError(const QString& text);
     void showMessage(const QString& title, const QString& text, TMessageBoxIcon icon);
-    void showRecord(const QByteArray& recordKey);
+    /// False, with an error box, when there is no such record.
+    bool showRecord(const QByteArray& recordKey);
+    /// Offers what was typed and not written when the program ended last.
+    void createLeftTexts();
 
     void uploadHfnTables();
     /// Sets KeyLink as the only key of Departments, Organizations and Workers. Stands ready for a host whose

@@ -1,10 +1,17 @@
+#include "AppendWorkerDialog.h"
 #include "CModelTable.h"
+#include "CommentCreatorDialog.h"
+#include "CVrkCliApp.h"
 #include "CVrkCliSes.h"
 #include "CVrkLogBook.h"
+#include "LeftTexts.h"
 #include "LocationInfo.h"
 #include "LogBookWidget.h"
+#include "NoticeBar.h"
 #include "RecordValue.h"
 #include "ui_CVrkLogBook.h"
+
+#include <QAction>
 
 /// What other modules ask of the journal.
 
@@ -14,7 +21,7 @@ void CVrkLogBook::slot_modNotify(QString name, QVariant value)
         showRecord(value.toString().toUtf8());
 }
 
-void CVrkLogBook::showRecord(const QByteArray& recordKey)
+bool CVrkLogBook::showRecord(const QByteArray& recordKey)
 {
     QByteArray quoted = recordKey;
     quoted.replace('\'', "''");
@@ -25,7 +32,7 @@ void CVrkLogBook::showRecord(const QByteArray& recordKey)
     const MDRData* row = answer.RecCount() > 0 ? MDARec(answer.array, 0, 0) : nullptr;
     if (!row) {
         showError(tr("Запись не найдена: её могли удалить."));
-        return;
+        return false;
     }
     const QByteArray departmentKey = MDRValue::copy(recordValue(row, "DepartmentKey"));
     LogBookWidget* logbook = home();
@@ -39,6 +46,35 @@ void CVrkLogBook::showRecord(const QByteArray& recordKey)
         appendLogbook(QString::fromUtf8(MDRValue::copy(organization)), QString::fromUtf8(departmentKey));
         logbook = currentLogBook();
     }
-    if (!logbook->showRecord(QString::fromUtf8(MDRValue::copy(recordValue(row, "KeyLink"))), recordKey))
+    const bool isShown =
+        logbook->showRecord(QString::fromUtf8(MDRValue::copy(recordValue(row, "KeyLink"))), recordKey);
+    if (!isShown)
         showError(tr("Запись не найдена: её могли удалить."));
+    return isShown;
+}
+
+void CVrkLogBook::createLeftTexts()
+{
+    auto* bar = new NoticeBar(m_form->centralwidget);
+    bar->setObjectName(QStringLiteral("leftTextsBar"));
+    m_form->verticalLayout->insertWidget(0, bar);
+    const auto always = [] { return true; };
+    const auto byAction = [](const QString& place, QAction* action) {
+        return LeftTexts::Opener{place, [action] { return action->isEnabled(); },
+                                 [action](const KeptTexts::Text&) { action->trigger(); }};
+    };
+    const QString department = m_location->departmentKey();
+    std::vector<LeftTexts::Opener> openers;
+    openers.push_back({QStringLiteral("record/") + department, always, [this](const KeptTexts::Text& text) {
+                           m_form->logbooks->setCurrentWidget(home());
+                           home()->showKeptRecord(text);
+                       }});
+    openers.push_back({CommentCreatorDialog::keptPlace(), always, [this](const KeptTexts::Text& text) {
+                           if (showRecord(text.values.value(QStringLiteral("record")).toUtf8()))
+                               currentTab()->showKeptComment(text);
+                       }});
+    openers.push_back(byAction(QStringLiteral("values/open_wshift/") + department, m_openWorkshiftAction));
+    openers.push_back(byAction(QStringLiteral("values/close_wshift/") + department, m_closeWorkshiftAction));
+    openers.push_back(byAction(AppendWorkerDialog::keptPlace(department), m_appendWorkerAction));
+    new LeftTexts(m_app->keptTexts(), bar, std::move(openers), this);
 }

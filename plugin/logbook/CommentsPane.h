@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KeptTexts.h"
 #include "RecordPane.h"
 
 #include <QPointer>
@@ -39,6 +40,8 @@ public:
     void reload(const MDRData* record);
     /// Asks anew what may be done.
     void updateButtons();
+    /// Shows the editor with a text that was kept.
+    void showKept(const KeptTexts::Text& text);
     /// What the Delete key does in the list.
     void deleteByKey();
 
@@ -48,6 +51,7 @@ private slots: // by name: the message box takes the slot's name
 private:
     void list(const MDRData* comment);
     QString keyOf(const QListWidgetItem* item) const;
+    QString currentRecordKey() const;
     bool isUnread(const QListWidgetItem* item) const;
 
     void updateCommentCreate();

@@ -20,6 +20,7 @@ void CommentsPane::createCommentRequest()
 {
     // The key of the comment that was changed last stays, and the new text replaces that comment: meant.
     m_editor->clear();
+    m_editor->setRecordKey(currentRecordKey());
     m_editor->warn(replacementWarning(m_editor->commentKey()));
     showEditor();
 }
@@ -34,6 +35,18 @@ void CommentsPane::nameRecord(const MDRData* record)
 {
     m_editor->recordTitle()->showRecord(record, source().module->session(),
                                         source().location->table(QLatin1String(LogbookTable::Workers)));
+}
+
+QString CommentsPane::currentRecordKey() const
+{
+    const MDRData* record = source().currentRecord();
+    return record ? QString::fromUtf8(MDRValue::copy(recordValue(record, "KeyLink"))) : QString();
+}
+
+void CommentsPane::showKept(const KeptTexts::Text& text)
+{
+    nameRecord(source().currentRecord());
+    m_editor->showKept(text);
 }
 
 /// What becomes of a text that is written under the key of a comment changed earlier; empty for a new comment.
@@ -60,6 +73,7 @@ void CommentsPane::changeCommentRequest()
     if (!comment || !isMine(comment))
         return;
     m_editor->setCommentKey(key);
+    m_editor->setRecordKey(currentRecordKey());
     m_editor->setText(
         source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(comment, "text_"))));
     m_editor->warn(QString());

@@ -112,6 +112,11 @@ void LogBookTab::switchVisiblePanes()
         m_paneRoom->toggle();
 }
 
+void LogBookTab::showKeptComment(const KeptTexts::Text& text)
+{
+    m_commentsPane->showKept(text);
+}
+
 void LogBookTab::dropAnnex()
 {
     delete m_paneRoom;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CMDArray.h"
+#include "KeptTexts.h"
 #include "TEventNciParse.h"
 
 #include <functional>
@@ -53,6 +54,8 @@ public:
     void takeKeyboard();
     /// Hides the panes of comments and files, or shows them.
     void switchVisiblePanes();
+    /// Shows the editor of comments with a text that was kept.
+    void showKeptComment(const KeptTexts::Text& text);
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -121,6 +121,9 @@ public slots:
     /// Shows the records of this view as a report, as they are now.
     void showReportDialog();
     void createRecordRequest();
+    /// Shows the record dialog, which comes with the text that was kept: an edit on its record, where that is still a
+    /// draft, any other as a new record.
+    void showKeptRecord(const KeptTexts::Text& text);
     void editRecordRequest();
     void deleteRecordRequest();
     void deleteMyDraftsRequest();

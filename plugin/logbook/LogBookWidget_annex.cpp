@@ -81,6 +81,14 @@ void LogBookWidget::createRecordRequest()
     showRecordCreator(nullptr);
 }
 
+void LogBookWidget::showKeptRecord(const KeptTexts::Text& text)
+{
+    const bool isEdit = text.values.value(QStringLiteral("create")) == QStringLiteral("0");
+    const QByteArray key = text.values.value(QStringLiteral("key")).toUtf8();
+    MDRData* record = isEdit ? recordByKeyLink(&m_records, key.constData()) : nullptr;
+    showRecordCreator(record && hasStatus(record, StatusDraft) ? record : nullptr);
+}
+
 void LogBookWidget::editRecordRequest()
 {
     if (MDRData* record = currentRecord())

@@ -4,6 +4,40 @@
 #include "MDRValues.h"
 #include "RecordValue.h"
 
+#include <QCoreApplication>
+#include <QStringList>
+#include <QTextCodec>
+
+namespace
+{
+const QString categoriesName = QStringLiteral("categories");
+const QString templatesName = QStringLiteral("templates");
+
+bool haveSameFields(const MDArray* one, const MDArray* other)
+{
+    bool isSame = MDAFldCount(one) == MDAFldCount(other);
+    for (int i = 0; isSame && i < MDAFldCount(one); ++i) {
+        const MDRField* field = MDRFldByNum(one, i);
+        const MDRField* theirs = MDRFldByNum(other, i);
+        isSame = qstricmp(field->name, theirs->name) == 0 && field->type == theirs->type;
+    }
+    return isSame;
+}
+
+/// The stored row has all that the user changed.
+bool isStored(const MDRData* record, const MDRData* row)
+{
+    for (const char* name : {"nameLoc", "html"}) {
+        const MDRField* field = MDRFldByName(MDARecArr(record), name);
+        const MDRVar value = field ? recordValue(record, name) : MDRValue::null();
+        const MDRVar stored = field ? recordValue(row, name) : MDRValue::null();
+        if (value.isNull != stored.isNull || MDRValue::bytes(value) != MDRValue::bytes(stored))
+            return false;
+    }
+    return true;
+}
+} // namespace
+
 KeptEdits::KeptEdits() : m_categories("LogbookCatsTemplate"), m_templates("LogbookTemplates")
 {
     MDAFldAdd(m_categories.data.array, fieldCount(LogbookCatsTemplateFields), LogbookCatsTemplateFields);
@@ -39,6 +73,55 @@ void KeptEdits::keepAll(const TemplateTables& tables)
         add(&m_categories, tables.categories, MDARec(tables.categoriesEdit.data.array, 0, i));
     for (int i = 0; i < tables.templatesEdit.data.RecCount(); ++i)
         add(&m_templates, tables.templates, MDARec(tables.templatesEdit.data.array, 0, i));
+}
+
+void KeptEdits::keepAll(const KeptEdits& other)
+{
+    for (const auto& [from, to] :
+         {std::pair(&other.m_categories, &m_categories), std::pair(&other.m_templates, &m_templates)})
+        for (int i = 0; i < from->data.RecCount(); ++i)
+            add(to, *to, MDARec(from->data.array, 0, i));
+}
+
+KeptTexts::Values KeptEdits::values(const QTextCodec* codec) const
+{
+    if (isEmpty())
+        return {};
+    QStringList names;
+    KeptTexts::Values values;
+    for (const auto& [table, name] :
+         {std::pair(&m_categories, categoriesName), std::pair(&m_templates, templatesName)}) {
+        for (int i = 0; i < table->data.RecCount(); ++i)
+            names << codec->toUnicode(
+                MDRValue::bytes(recordValue(MDARec(table->data.array, 0, i), "nameLoc")));
+        values.insert(name, QString::fromLatin1(HFNArrayPack(table->data.array)));
+    }
+    values.insert(
+        QStringLiteral("caption"),
+        QCoreApplication::translate("TemplateTab", "шаблоны: %1").arg(names.join(QStringLiteral(", "))));
+    return values;
+}
+
+void KeptEdits::read(const KeptTexts::Values& values, const TemplateTables& tables)
+{
+    read(&m_categories, values.value(categoriesName), tables.categories);
+    read(&m_templates, values.value(templatesName), tables.templates);
+}
+
+void KeptEdits::read(CModelTable* kept, const QString& packed, const CModelTable& stored)
+{
+    CMDArray rows;
+    MDACreate(&rows.array, 0);
+    if (HFNArrayUnPack(rows.array, packed.toLatin1().constData(), 0) != mdr_Ok ||
+        !haveSameFields(rows.array, kept->data.array))
+        return;
+    for (int i = 0; i < rows.RecCount(); ++i) {
+        const MDRData* record = MDARec(rows.array, 0, i);
+        const QByteArray key = MDRValue::copy(recordValue(record, "KeyLink"));
+        const MDRData* row = TemplateTables::recordByKeyLink(&stored, key.constData());
+        if (!key.isEmpty() && !(row && isStored(record, row)))
+            add(kept, stored, record);
+    }
 }
 
 void KeptEdits::keep(const TemplateTables& tables, const MDRData* record)

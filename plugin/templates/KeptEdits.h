@@ -1,7 +1,10 @@
 #pragma once
 
 #include "CModelTable.h"
+#include "KeptTexts.h"
 #include "TemplateTables.h"
+
+class QTextCodec;
 
 /// Unsaved records that left the edit tables without being saved, kept so that the user can have them back.
 class KeptEdits
@@ -18,6 +21,13 @@ public:
     void clear();
     bool isEmpty() const;
 
+    /// Adds what is kept here too.
+    void keepAll(const KeptEdits& other);
+    /// What is kept as a text that outlives the program; no values when there is nothing.
+    KeptTexts::Values values(const QTextCodec* codec) const;
+    /// Adds what such a text holds, without what the tables hold by now.
+    void read(const KeptTexts::Values& values, const TemplateTables& tables);
+
     const CModelTable& categories() const { return m_categories; }
     const CModelTable& templates() const { return m_templates; }
 
@@ -27,6 +37,7 @@ public:
 private:
     /// A change is kept with all that its row holds, should the row be gone when it comes back.
     static void add(CModelTable* kept, const CModelTable& stored, const MDRData* record);
+    static void read(CModelTable* kept, const QString& packed, const CModelTable& stored);
 
     CModelTable m_categories;
     CModelTable m_templates;

@@ -5,6 +5,7 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "DepsTemplatesEditSourceModel.h"
+#include "KeptDraft.h"
 #include "NoticeBar.h"
 #include "OrgsTemplatesEditSourceModel.h"
 #include "PublicTemplatesEditSourceModel.h"
@@ -116,6 +117,7 @@ void TemplateTab::createConnections()
         else
             m_kept.clear();
         m_notice->setVisible(!m_kept.isEmpty());
+        m_unsaved->touch();
     });
 
     // The view would eat the key for a copy of the name.
@@ -155,6 +157,7 @@ void TemplateTab::init(CVrkCliMod* module, TemplateTypes type, Rights::AdminRigh
         m_model = new DepsTemplatesEditSourceModel(this);
         break;
     }
+    m_unsaved = new KeptDraft(this, KeptTexts::of(m_module), [this] { return unsaved(); });
     m_messageBox = new CPopMessageBox(m_module);
     m_messageBox->setObjectName(objectName() + QStringLiteral("MessageBox"));
     m_proxy = new TemplatesProxyModel(this);
@@ -195,6 +198,7 @@ void TemplateTab::init(CVrkCliMod* module, TemplateTypes type, Rights::AdminRigh
     m_form->propertiesTabWidget->setCurrentWidget(m_form->propertiesTab);
     connect(tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &TemplateTab::reloadFor);
     connect(m_model, &TemplatesEditSourceModel::moveToCategory, this, &TemplateTab::moveItem);
+    offerLeft();
 }
 
 QTextCodec* TemplateTab::codec() const

@@ -14,6 +14,7 @@
 
 class CPopMessageBox;
 class CVrkCliMod;
+class KeptDraft;
 class NoticeBar;
 class QAbstractButton;
 class QAction;
@@ -223,6 +224,8 @@ private:
     void writeLogUnsaved(const QString& func, const QString& text);
     void tellKept(const QString& text);
     void forgetOffer();
+    KeptTexts::Values unsaved() const;
+    void offerLeft();
     void restoreKept();
     void restoreFrom(const CModelTable& kept, const CModelTable& table, CModelTable* edits,
                      MDRData** restored);
@@ -324,6 +327,8 @@ private:
     CModelTable* m_parametersTable = nullptr;
     TemplateTables m_tables;
     KeptEdits m_kept;
+    KeptDraft* m_unsaved =
+        nullptr; ///< made by init: the edit tables and what is kept of them, should the program end
     bool m_isPassingOffer = false; ///< what is kept was cancelled by the user, and goes when he goes on
     QByteArray m_shownTemplate;    ///< key of the template in the passport
     SentEdits m_sent;

@@ -1,3 +1,4 @@
+#include "KeptDraft.h"
 #include "LogText.h"
 #include "RecordValue.h"
 #include "TemplateEditor.h"
@@ -27,6 +28,7 @@ void TemplateTab::nameChanged(CModelTable* edits, MDRData* record, const QString
     const QByteArray bytes = codec()->fromUnicode(name);
     TemplateTables::storeField(edits, record, "nameLoc", MDRValue::text(bytes));
     m_isSent = false;
+    m_unsaved->touch();
     // The row of an existing record keeps its name until the server tells the change.
     if (record->flags & ROW_INSERT)
         m_model->updateRecord(record);
@@ -61,6 +63,7 @@ void TemplateTab::templateHtmlChanged()
     const QByteArray html = codec()->fromUnicode(templateHtmlEditor()->templateText());
     TemplateTables::storeField(&m_tables.templatesEdit, record, "html", MDRValue::text(html, mdr_TMemo));
     m_isSent = false;
+    m_unsaved->touch();
 }
 
 template <typename Change>
@@ -79,6 +82,7 @@ void TemplateTab::propertyChanged(const char* signature, bool emptyIsNull, Chang
                              : MDRValue::text(html.data(), static_cast<int>(html.size()), mdr_TMemo);
     TemplateTables::storeField(&m_tables.templatesEdit, record, "html", value);
     m_isSent = false;
+    m_unsaved->touch();
 }
 
 void TemplateTab::flagChanged(const QCheckBox* box, const char* property, const char* signature)

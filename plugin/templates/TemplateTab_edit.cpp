@@ -1,6 +1,7 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "HtmlParser.h"
+#include "KeptDraft.h"
 #include "LogbookTables.h"
 #include "NoticeBar.h"
 #include "QuietSelection.h"
@@ -91,8 +92,34 @@ MDRData* TemplateTab::editedTemplate()
                         {"KeyLink", "CategoryKey", "nameLoc", "html"});
 }
 
+KeptTexts::Values TemplateTab::unsaved() const
+{
+    KeptEdits all;
+    if (!m_isPassingOffer)
+        all.keepAll(m_kept);
+    all.keepAll(m_tables);
+    return all.values(codec());
+}
+
+/// What the program had no time to save or to drop when it ended.
+void TemplateTab::offerLeft()
+{
+    const bool isDepartment = m_operations == &depsOperations;
+    m_unsaved->setPlace(QStringLiteral("templates/") + objectName() +
+                        (isDepartment ? userParameter("DEPARTMENTKEY") : QString()));
+    KeptTexts* texts = KeptTexts::of(m_module);
+    for (const KeptTexts::Text& text : texts->offered(m_unsaved->place())) {
+        m_kept.read(text.values, m_tables);
+        texts->forget(text.id);
+    }
+    if (!m_kept.isEmpty() && isAnyAdmin())
+        tellKept(tr("С прошлого раза остались несохранённые изменения."));
+    m_unsaved->keepNow();
+}
+
 void TemplateTab::updateEditStatus()
 {
+    m_unsaved->touch();
     if (isExistUnsaved()) {
         emit dataEdited();
     } else {
@@ -117,6 +144,7 @@ void TemplateTab::cancelChanges()
     updateEditStatus();
     tellKept(tr("Изменения отменены."));
     m_isPassingOffer = isFirst;
+    m_unsaved->touch();
 }
 
 /// An offer to take a cancellation back lasts until the user goes on.
@@ -127,6 +155,7 @@ void TemplateTab::forgetOffer()
     m_isPassingOffer = false;
     m_kept.clear();
     m_notice->hide();
+    m_unsaved->touch();
 }
 
 bool TemplateTab::sendChangesToServer()
@@ -255,6 +284,7 @@ void TemplateTab::tellKept(const QString& text)
 {
     enum NoticeChoice { Restore, Dismiss };
     m_isPassingOffer = false;
+    m_unsaved->touch();
     m_notice->tell(NoticeBar::Warning, text,
                    {{Restore, tr("Вернуть изменения"), QStringLiteral("restoreButton")},
                     {Dismiss, tr("Скрыть"), QStringLiteral("dismissButton")}});

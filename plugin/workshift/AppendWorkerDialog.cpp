@@ -6,10 +6,13 @@
 #include "GenGuid32.h"
 #include "HfnWrapper.h"
 #include "HtmlParser.h"
+#include "KeptDraft.h"
 #include "LogbookFields.h"
 #include "LogbookTables.h"
 #include "LogText.h"
+#include "NoticeBar.h"
 #include "RecordValue.h"
+#include "TemplateText.h"
 #include "ui_AppendWorkerDialog.h"
 
 #include <QKeyEvent>
@@ -17,6 +20,8 @@
 
 namespace
 {
+enum KeptChoice { TakeKept, DropKept };
+
 void reportFailure(const char* table)
 {
     LogText::warn(QStringLiteral("void AppendWorkerDialog::apply()"),
@@ -26,9 +31,16 @@ void reportFailure(const char* table)
 } // namespace
 
 AppendWorkerDialog::AppendWorkerDialog(QWidget* parent, int flag)
-    : CPopTemplate(parent, flag), m_pending(LogbookTable::Workshifts), m_form(new Ui::AppendWorkerDialog)
+    : CPopTemplate(parent, flag),
+      m_pending(LogbookTable::Workshifts),
+      m_form(new Ui::AppendWorkerDialog),
+      m_keptBar(new NoticeBar(this)),
+      m_unsaved(new KeptDraft(this, KeptTexts::of(this), [this] { return unsaved(); }))
 {
     m_form->setupUi(this);
+    m_keptBar->setObjectName(QStringLiteral("keptBar"));
+    m_form->verticalLayout->insertWidget(0, m_keptBar);
+    connect(m_keptBar, &NoticeBar::chosen, this, &AppendWorkerDialog::takeKept);
     setWindowIcon(QIcon(QStringLiteral(":/icons/info.png")));
     m_form->addButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
     m_form->addButton->setToolTip(tr("Добавить сотрудника"));
@@ -57,9 +69,66 @@ void AppendWorkerDialog::setWorkshiftRecord(MDRData* record)
     m_workshiftKey = MDRValue::copy(recordValue(record, "KeyLink"));
 }
 
+void AppendWorkerDialog::setDepartmentKey(const QString& key)
+{
+    m_departmentKey = key;
+    m_unsaved->setPlace(keptPlace(key));
+}
+
+KeptTexts::Values AppendWorkerDialog::unsaved() const
+{
+    QStringList workers;
+    for (int position = 0; position < m_pending.data.RecCount(); ++position)
+        workers << QString::fromUtf8(
+            MDRValue::copy(recordValue(MDARec(m_pending.data.array, 0, position), "WorkerKey")));
+    if (workers.isEmpty())
+        return {};
+    return {{QStringLiteral("caption"),
+             tr("запись «%1»").arg(TemplateText::plain(m_form->templateLabel->text()))},
+            {QStringLiteral("workshift"), QString::fromUtf8(m_workshiftKey)},
+            {QStringLiteral("workers"), workers.join(u'\n')}};
+}
+
+void AppendWorkerDialog::offerKept()
+{
+    m_keptBar->hide();
+    KeptTexts* texts = KeptTexts::of(this);
+    for (const KeptTexts::Text& text : texts->offered(m_unsaved->place())) {
+        if (text.values.value(QStringLiteral("workshift")).toUtf8() != m_workshiftKey)
+            texts->forget(text.id); // of a workshift that is over
+        else
+            m_keptBar->tell(NoticeBar::Question,
+                            tr("Не добавлено: %1.").arg(text.values.value(QStringLiteral("caption"))),
+                            {{TakeKept, tr("Вернуть"), QStringLiteral("takeKeptButton")},
+                             {DropKept, tr("Забыть"), QStringLiteral("dropKeptButton")}});
+    }
+}
+
+void AppendWorkerDialog::takeKept(int choice)
+{
+    m_keptBar->hide();
+    KeptTexts* texts = KeptTexts::of(this);
+    for (const KeptTexts::Text& text : texts->offered(m_unsaved->place())) {
+        texts->forget(text.id);
+        if (choice != TakeKept)
+            continue;
+        for (const QString& worker : text.values.value(QStringLiteral("workers")).split(u'\n'))
+            if (!m_crew->workerKeys().contains(worker))
+                appendWorker(worker);
+    }
+}
+
+void AppendWorkerDialog::hideEvent(QHideEvent* event)
+{
+    if (!event->spontaneous())
+        m_unsaved->forget(); // given up by the user, or written
+    CPopTemplate::hideEvent(event);
+}
+
 void AppendWorkerDialog::showEvent(QShowEvent* event)
 {
     reload();
+    offerKept();
     updateApplyEnabled();
     resize(400, 300);
     moveToCenter();
@@ -139,6 +208,7 @@ void AppendWorkerDialog::appendWorker(const QString& workerKey)
     m_form->workersTable->selectRow(m_form->workersTable->rowCount() - 1);
     updateTemplate();
     updateApplyEnabled();
+    m_unsaved->touch();
 }
 
 void AppendWorkerDialog::workerLinkClicked(const QString& link)

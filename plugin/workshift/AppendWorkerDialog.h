@@ -2,18 +2,22 @@
 
 #include "CModelTable.h"
 #include "CPopTemplate.h"
+#include "KeptTexts.h"
 
 #include <memory>
 
 class CrewTable;
 class CVrkCliSes;
+class KeptDraft;
+class NoticeBar;
 class OrgStructDialog;
 namespace Ui
 {
 class AppendWorkerDialog;
 }
 
-/// Adds dispatchers to the open workshift and leaves a record in the journal that says so.
+/// Adds dispatchers to the open workshift and leaves a record in the journal that says so. Whom the user had chosen when
+/// the program ended is offered at the next showing for the same workshift.
 class AppendWorkerDialog : public CPopTemplate
 {
     Q_OBJECT
@@ -24,7 +28,7 @@ public:
     ~AppendWorkerDialog() override;
 
     void setOrgStructDialog(OrgStructDialog* dialog) { m_orgStructDialog = dialog; }
-    void setDepartmentKey(const QString& key) { m_departmentKey = key; }
+    void setDepartmentKey(const QString& key);
     /// The author of the record.
     void setWorkerKey(const QString& key) { m_workerKey = key; }
     void setWorkersTable(CModelTable* table) { m_workers = table; }
@@ -36,10 +40,13 @@ public:
 
     /// The text of the record, a template that no table holds, with a parameter for each of \a count workers.
     static QString hardTemplate(int count);
+    /// Where the choice is kept.
+    static QString keptPlace(const QString& department) { return QStringLiteral("append/") + department; }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void reload();
@@ -50,6 +57,9 @@ private:
     void workerLinkClicked(const QString& link);
     void apply();
     void writeRecord();
+    KeptTexts::Values unsaved() const;
+    void offerKept();
+    void takeKept(int choice);
     CVrkCliSes* session() const;
 
     OrgStructDialog* m_orgStructDialog = nullptr;
@@ -63,4 +73,6 @@ private:
     CModelTable m_pending; ///< the rows to be added, of LogbookWorkersWorkshift in spite of its name: meant
     CrewTable* m_crew = nullptr;
     std::unique_ptr<Ui::AppendWorkerDialog> m_form;
+    NoticeBar* m_keptBar;
+    KeptDraft* m_unsaved;
 };

@@ -51,6 +51,7 @@ void WorkshiftDialog::setUpForm(QTableWidget* crew, TemplatesWidget* templates, 
     m_templates = templates;
     m_templates->setTextCodec(codec());
     m_templates->setTemplateProps({property}, true);
+    m_property = property;
     m_filler = filler;
     m_filler->setModule(module());
     m_filler->setOrientation(Qt::Vertical);
@@ -60,6 +61,7 @@ void WorkshiftDialog::setDepartmentKey(const QString& key)
 {
     m_departmentKey = key;
     m_templates->setRootDepKeyLink(key);
+    m_filler->setKept(QStringLiteral("values/%1/%2").arg(m_property, key), windowTitle().toLower());
 }
 
 void WorkshiftDialog::setOrgTypeKey(const QString& key)

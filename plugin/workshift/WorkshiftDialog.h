@@ -101,6 +101,7 @@ private:
 
     QTableWidget* m_crewView = nullptr;
     QPushButton* m_apply = nullptr;
+    QString m_property; ///< of the templates on offer
     QMap<QString, CModelTable*> m_tables;
 };
 

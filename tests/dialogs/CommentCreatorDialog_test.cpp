@@ -156,6 +156,45 @@ private slots:
         QVERIFY(!f.keptBar()->isVisible());
     }
 
+    void whatIsTypedIsKeptUntilItIsGivenUp()
+    {
+        Fixture f;
+        KeptTexts* texts = KeptTexts::of(&f.dialog);
+        f.dialog.setRecordKey(QStringLiteral("R1"));
+        f.dialog.setText(QStringLiteral("Старый"));
+        f.dialog.show();
+        QVERIFY(texts->held(&f.window).isEmpty()); // nothing was typed
+        QTest::keyClicks(f.edit(), QStringLiteral("!"));
+        const QVector<KeptTexts::Text> held = texts->held(&f.window);
+        QCOMPARE(held.size(), 1);
+        QCOMPARE(held.first().values.value(QStringLiteral("text")), QStringLiteral("Старый!"));
+        QCOMPARE(held.first().values.value(QStringLiteral("record")), QStringLiteral("R1"));
+        QCOMPARE(held.first().values.value(QStringLiteral("caption")),
+                 QStringLiteral("комментарий «Старый!»"));
+        f.cancel()->click(); // the user does not want it
+        f.dialog.clear();
+        f.dialog.show();
+        QVERIFY(!f.keptBar()->isVisible());
+        QTest::keyClicks(f.edit(), QStringLiteral("a"));
+        f.apply()->click();
+        QVERIFY(texts->offered(CommentCreatorDialog::keptPlace()).isEmpty());
+    }
+
+    void aDialogThatGoesWithItsWindowLeavesItsText()
+    {
+        Fixture f;
+        {
+            CommentCreatorDialog gone(&f.window, -1);
+            gone.show();
+            gone.findChild<QTextEdit*>()->setPlainText(QStringLiteral("Набрано"));
+            QCOMPARE(KeptTexts::of(&gone)->held(&f.window).size(), 1);
+        }
+        f.dialog.show();
+        QVERIFY(f.keptBar()->isVisible());
+        QTest::mouseClick(f.button("takeKeptButton"), Qt::LeftButton);
+        QCOMPARE(f.edit()->toPlainText(), QStringLiteral("Набрано"));
+    }
+
     void eachTextThatWaitsGetsItsTurn()
     {
         Fixture f;

@@ -2,6 +2,7 @@
 
 #include "FillerSetting.h"
 #include "GrowingTextEdit.h"
+#include "KeptTexts.h"
 #include "LatelyUsed.h"
 #include "LogWatch.h"
 
@@ -40,6 +41,7 @@ private slots:
 
     void typedValuesAreKeptUntilTheyAreWritten();
     void keptValuesCanBeCleared();
+    void keptValuesOutliveTheWidget();
     void valuesSetByTheProgramAreNotKept();
     void recordsAreNotKept();
     void writtenTextsAreOfferedAgain();
@@ -378,6 +380,33 @@ void TemplateFiller_test::typedValuesAreKeptUntilTheyAreWritten()
     QVERIFY(!bar->isVisible());
     setting.filler.setTemplate(html);
     QCOMPARE(setting.filler.filledTemplate(false), html);
+}
+
+void TemplateFiller_test::keptValuesOutliveTheWidget()
+{
+    const QString place = QStringLiteral("values/x");
+    const QString html = QStringLiteral("a ") + parameter("text", "Цель");
+    TestClient client(m_store);
+    TestModule module(client);
+    const KeptTexts* texts = client.app().keptTexts();
+    /// What the filler shows at first; then the text is typed.
+    const auto type = [&](TemplateFiller::Keeps keeps, const QString& text) {
+        TemplateFiller filler(&module);
+        filler.setModule(&module);
+        filler.setKept(place, QStringLiteral("закрытие смены"), keeps);
+        filler.setTemplate(html);
+        auto* input = filler.findChild<GrowingTextEdit*>(QStringLiteral("parameterInput_0"));
+        const QString before = input->toPlainText();
+        input->setPlainText(text);
+        return before;
+    };
+    QCOMPARE(type(TemplateFiller::Everything, QStringLiteral("тут")), QString());
+    QCOMPARE(texts->offered(place).size(), 1);
+    QCOMPARE(texts->offered(place).first().values.value(QStringLiteral("caption")),
+             QStringLiteral("закрытие смены"));
+    QCOMPARE(type(TemplateFiller::OthersOnly, QStringLiteral("там")), QStringLiteral("тут"));
+    QCOMPARE(type(TemplateFiller::Everything, QStringLiteral("там")), QStringLiteral("там"));
+    QCOMPARE(texts->offered(place).size(), 1);
 }
 
 void TemplateFiller_test::keptValuesCanBeCleared()

@@ -1,8 +1,12 @@
 #include "CreatorBench.h"
+#include "KeptTexts.h"
+#include "TestFolder.h"
 #include "Typing.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QDir>
+#include <QDirIterator>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -33,6 +37,45 @@ void closeByFrame(QWidget* window)
     qApp->notify(window, &event); // sendEvent would make it a program's own
     if (event.isAccepted() && window->isVisible())
         window->hide();
+}
+void keepIn(CreatorBench& bench, const QString& folder)
+{
+    bench.client.app().keptTexts()->open(folder, QStringLiteral("ivanov"), QStringLiteral("store"));
+}
+
+/// Types into the editor of the first parameter.
+bool typeInto(CreatorBench& bench, const QString& text)
+{
+    bench.filler()->setFocus();
+    QWidget* editor = bench.dialog->focusWidget();
+    if (!editor)
+        return false;
+    typeText(editor, text);
+    return bench.filler()->filledTemplate(true).contains(text);
+}
+
+QStringList filesIn(const QString& folder)
+{
+    QStringList files;
+    QDirIterator found(folder, QDir::Files, QDirIterator::Subdirectories);
+    while (found.hasNext())
+        files << found.next();
+    return files;
+}
+
+/// What a kill at this moment leaves of the folder: the files without their locks.
+void copyAsKilled(CreatorBench& bench, const QString& folder, const QString& copy)
+{
+    KeptTexts* texts = bench.client.app().keptTexts();
+    texts->held(bench.dialog);
+    if (!texts->flush())
+        qFatal("the texts are not on disk");
+    for (const QString& file : filesIn(folder)) {
+        const QString target = copy + file.mid(folder.size());
+        QDir().mkpath(QFileInfo(target).path());
+        if (!QFile::copy(file, target))
+            qFatal("cannot copy");
+    }
 }
 } // namespace
 
@@ -120,7 +163,87 @@ private slots:
         bench.click("cancelButton");
         QCOMPARE(bench.question(), QStringLiteral("Текст не сохранён и заполнен не полностью."));
         QVERIFY(!bench.button("saveTextButton"));
-        QVERIFY(bench.button("dropTextButton")->hasFocus());
+        QVERIFY(bench.button("stayButton")->hasFocus()); // Enter loses nothing
+        QTest::keyClick(bench.button("stayButton"), Qt::Key_Return);
+        QVERIFY(bench.dialog->isVisible());
+        QCOMPARE(bench.shown("text"), QStringLiteral("В-110"));
+    }
+
+    void aKilledProgramsRecordIsOfferedAgain()
+    {
+        const TestStore store;
+        const QTemporaryDir folder(testFolderTemplate());
+        const QString killed = folder.filePath(QStringLiteral("killed"));
+        const int before = recordCount(store);
+        {
+            CreatorBench bench(store);
+            keepIn(bench, folder.filePath(QStringLiteral("kept")));
+            bench.create();
+            bench.choose("TPL_TRIP");
+            QVERIFY(typeInto(bench, QStringLiteral("другой шаблон")));
+            fillOrder(bench);
+            bench.click("fromButton");
+            copyAsKilled(bench, folder.filePath(QStringLiteral("kept")), killed);
+            bench.click("cancelButton");
+            bench.click("dropTextButton");
+        }
+        QVERIFY(filesIn(folder.filePath(QStringLiteral("kept"))).size() == 1); // of the other template
+        CreatorBench next(store);
+        keepIn(next, killed);
+        QCOMPARE(next.client.app().keptTexts()->left().last().values.value(QStringLiteral("caption")),
+                 QStringLiteral("запись «Отдана команда: на ПС Заречная отключить В-110.»"));
+        next.create();
+        QCOMPARE(next.notice(), QStringLiteral("Восстановлен несохранённый текст"));
+        QCOMPARE(next.shown("text"), QStringLiteral("В-110"));
+        QVERIFY(next.button("fromButton")->isChecked());
+        next.choose("TPL_TRIP"); // what was typed for other templates comes back with them
+        QVERIFY(next.filler()->filledTemplate(true).contains(QStringLiteral("другой шаблон")));
+        next.click("cancelButton");
+        next.click("dropTextButton");
+        next.create();
+        next.click("saveButton");
+        QCOMPARE(recordCount(store), before + 1);
+        QVERIFY(next.client.app().keptTexts()->flush());
+        QCOMPARE(filesIn(killed), QStringList()); // written or dropped: gone
+    }
+
+    void aRecordThatWasWrittenBeforeTheKillIsNotOffered()
+    {
+        const TestStore store;
+        const QTemporaryDir folder(testFolderTemplate());
+        const QString killed = folder.filePath(QStringLiteral("killed"));
+        CreatorBench bench(store);
+        keepIn(bench, folder.filePath(QStringLiteral("kept")));
+        bench.create();
+        fillOrder(bench);
+        copyAsKilled(bench, folder.filePath(QStringLiteral("kept")), killed);
+        bench.click("saveButton");
+        const int written = recordCount(store);
+        CreatorBench next(store);
+        keepIn(next, killed);
+        next.create();
+        QCOMPARE(next.notice(), QString());
+        QCOMPARE(next.filler()->filledTemplate(true), QString());
+        QCOMPARE(recordCount(store), written);
+    }
+
+    void aKilledProgramsEditComesBackToItsRecord()
+    {
+        const TestStore store;
+        const QTemporaryDir folder(testFolderTemplate());
+        const QString killed = folder.filePath(QStringLiteral("killed"));
+        CreatorBench bench(store);
+        keepIn(bench, folder.filePath(QStringLiteral("kept")));
+        bench.loadRecords();
+        bench.edit("REC_DRAFT_IVANOV");
+        bench.click("toButton");
+        copyAsKilled(bench, folder.filePath(QStringLiteral("kept")), killed);
+        CreatorBench next(store);
+        keepIn(next, killed);
+        next.loadRecords();
+        next.edit("REC_DRAFT_IVANOV");
+        QCOMPARE(next.notice(), QStringLiteral("Восстановлен несохранённый текст"));
+        QVERIFY(next.button("toButton")->isChecked());
     }
 
     void a_failed_write_keeps_everything_and_says_why()

@@ -1,6 +1,7 @@
 #include "AppendWorkerDialog.h"
 #include "DateTimeRangeDialog.h"
 #include "HtmlParser.h"
+#include "KeptTexts.h"
 #include "LogWatch.h"
 #include "MDRValues.h"
 #include "Minimised.h"
@@ -351,6 +352,41 @@ private slots:
             QCOMPARE(parser.propertyValue(unsigned(i), "idx"), std::to_string(i));
         }
         QCOMPARE(text.count(QStringLiteral("</a>, <a")), qMax(0, workers - 1));
+    }
+
+    void chosenWorkersSurviveTheEndOfTheProgram()
+    {
+        const TestStore store;
+        const QString place = AppendWorkerDialog::keptPlace(QStringLiteral("DEP_CDS"));
+        KeptTexts::Values values;
+        {
+            TestJournal journal(store);
+            KeptTexts* texts = KeptTexts::of(&journal.module());
+            journal.tab().appendWorkerRequest();
+            choose(journal, "WORKER_SIDOROVA");
+            const QVector<KeptTexts::Text> held = texts->held(&journal.module());
+            QCOMPARE(held.size(), 1);
+            QCOMPARE(held.first().place, place);
+            values = held.first().values;
+            QVERIFY(values.value(QStringLiteral("caption")).contains(QStringLiteral("Сидорова")));
+            child<QPushButton>(dialog<AppendWorkerDialog>(journal), "cancelButton")->click();
+            QVERIFY(texts->offered(place).isEmpty()); // given up by the user
+        }
+        TestJournal journal(store);
+        KeptTexts* texts = KeptTexts::of(&journal.module());
+        texts->keep(place, values);
+        auto other = values;
+        other.insert(QStringLiteral("workshift"), QStringLiteral("SHIFT_OTHER"));
+        texts->keep(place, other); // of a workshift that is over
+        auto* append = dialog<AppendWorkerDialog>(journal);
+        journal.tab().appendWorkerRequest();
+        auto* crew = child<QTableWidget>(append, "workersTable");
+        QCOMPARE(crew->rowCount(), 2); // nothing but an offer
+        child<QPushButton>(append, "takeKeptButton")->click();
+        QCOMPARE(crew->rowCount(), 3);
+        QVERIFY(child<QPushButton>(append, "applyButton")->isEnabled());
+        child<QPushButton>(append, "applyButton")->click();
+        QVERIFY(texts->offered(place).isEmpty());
     }
 
     void addsWorkersWithARecord()

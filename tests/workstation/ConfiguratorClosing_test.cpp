@@ -1,9 +1,11 @@
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "HostBench.h"
+#include "KeptTexts.h"
 #include "Workstation.h"
 
 #include <memory>
+#include <QDir>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTabWidget>
@@ -120,6 +122,35 @@ private slots:
         HostBench::answer(QStringLiteral("Не сохранять"), &asked);
         QVERIFY(m_window->close());
         QCOMPARE(asked, 2);
+    }
+
+    void aKilledProgramsPageIsOfferedAgain()
+    {
+        open(before());
+        name()->setText(QStringLiteral("Сдача дежурства"));
+        KeptTexts* texts = m_host->app()->keptTexts();
+        QCOMPARE(texts->held(m_window).size(), 1);
+        QVERIFY(texts->flush());
+        // What a kill leaves: the files without their locks.
+        const QString kept = m_bench->path(QStringLiteral("vrk-logbook/kept"));
+        const QString copy = m_bench->path(QStringLiteral("copy"));
+        QCOMPARE(HostBench::run(QStringLiteral("cp"), {QStringLiteral("-r"), kept, copy}), QString());
+        int asked = 0;
+        HostBench::answer(QStringLiteral("Не сохранять"), &asked);
+        QVERIFY(m_window->close());
+        m_host.reset();
+        QVERIFY(QDir(kept).removeRecursively() && QDir().rename(copy, kept));
+
+        open(before());
+        auto* notice = page()->findChild<QWidget*>(QStringLiteral("keptNotice"));
+        QVERIFY(notice->isVisible());
+        page()->findChild<QPushButton*>(QStringLiteral("restoreButton"))->click();
+        QCOMPARE(name()->text(), QStringLiteral("Сдача дежурства"));
+        m_window->findChild<QToolButton*>(QStringLiteral("saveButton"))->click();
+        QTRY_VERIFY(isThere(QStringLiteral("Сдача дежурства")));
+        QVERIFY(m_window->close());
+        open(QStringLiteral("Сдача дежурства"));
+        QVERIFY(!page()->findChild<QWidget*>(QStringLiteral("keptNotice"))->isVisible()); // saved: gone
     }
 
     void nothingChangedAsksNothing()

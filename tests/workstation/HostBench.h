@@ -19,6 +19,7 @@ struct HostBench {
     {
         QCoreApplication::setOrganizationName(QStringLiteral("vrk-test"));
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+        qputenv("XDG_DATA_HOME", folder.path().toLocal8Bit());
         QFile::setPermissions(folder.path(), QFile::Permissions(0x7777));
         const QString made = master();
         if (!QFile::copy(made, path(QStringLiteral("store.sqlite"))))
