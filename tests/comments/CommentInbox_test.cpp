@@ -85,7 +85,7 @@ private slots:
         QCOMPARE(desk.takeCalls(), QStringList());
         write(store, QStringLiteral("sidorova"), "REC_TRIP", "COM_THIRD");
         write(store, QStringLiteral("petrov"), "REC_TRIP", "COM_AUTHOR", TestStore::now()); // born read
-        const QString sidorova = QStringLiteral("Ответ на ваш комментарий. Сидорова С. С.: Замечание");
+        const QString sidorova = QStringLiteral("Ответ на ваш комментарий. Сидорова А. С.: Замечание");
         const QString petrov = QStringLiteral("Ответ на ваш комментарий. Петров П. П.: Замечание");
         QCOMPARE(desk.takeCalls(), QStringList({sidorova, petrov}));
         QCOMPARE(desk.window.unreadComments(), 2); // it waits for the author of the record

@@ -251,10 +251,10 @@ void StatusLine_test::aRefusedWriteGoesWhenItIsWritten()
     const QByteArray record = keyOf("SELECT KeyLink FROM LogbookRecords");
     const QByteArray worker = keyOf("SELECT Workers.KeyLink FROM Workers INNER JOIN Users ON "
                                     "Users.KeyLink = Workers.UserKey WHERE Users.login = 'roshchin'");
-    const auto comment = [&](const char* key, const QByteArray& on, const QByteArray& text) {
+    const auto comment = [&](const QByteArray& key, const QByteArray& on, const QByteArray& text) {
         CRowBatch batch(LogbookCommentFields, fieldCount(LogbookCommentFields));
         MDRData* row = batch.newRow(ROW_INSERT, key);
-        batch.SetValF(row, "KeyLink", MDRValue::text(QByteArray(key)));
+        batch.SetValF(row, "KeyLink", MDRValue::text(key));
         batch.SetValF(row, "RecordKey", MDRValue::text(on));
         batch.SetValF(row, "WorkerKey", MDRValue::text(worker));
         batch.SetValF(row, "commentTime", MDRValue::real(m_app->session()->GetHfnTime()));
