@@ -120,8 +120,7 @@ void AppendWorkerDialog::takeKept(int choice)
 
 void AppendWorkerDialog::hideEvent(QHideEvent* event)
 {
-    if (!event->spontaneous())
-        m_unsaved->forget(); // given up by the user, or written
+    m_unsaved->forget(); // given up by the user, or written
     CPopTemplate::hideEvent(event);
 }
 
