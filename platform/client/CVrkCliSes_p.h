@@ -67,7 +67,7 @@ struct CVrkCliSes::Private {
     std::vector<Write> block;
     std::vector<std::size_t> blockStarts; ///< of the open blocks, the outermost first
 
-    QByteArray unsettledKey; ///< batch key of the write that was never answered
+    QByteArray unsettledKey;      ///< batch key of the write that was never answered
     bool hasFailedWrites = false; ///< since the start
 
     std::deque<HFNCliParam*> waiting;
