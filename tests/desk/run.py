@@ -115,9 +115,6 @@ def main():
     parser.add_argument("--keys", type=int, default=0, help="how many keys and clicks the scene monkey makes")
     options = parser.parse_args()
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # ends what was started, too
-    if os.environ.get("VRK_LONG") and "monkey" not in options.scenes:
-        options.scenes += ",monkey"
-        options.keys = options.keys or 1500
     build = os.path.abspath(options.build)
     with tempfile.TemporaryDirectory(prefix="vrk-desk-") as folder:
         demo = make_demo(build, folder)
