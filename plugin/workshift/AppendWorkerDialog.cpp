@@ -48,7 +48,7 @@ AppendWorkerDialog::AppendWorkerDialog(QWidget* parent, int flag)
     m_pending.data.lastError = MDAFldAdd(m_pending.data.array, fieldCount(LogbookWorkersWorkshiftFields),
                                          LogbookWorkersWorkshiftFields);
     m_pending.data.KeyAdd("", 0);
-    m_crew = new CrewTable(m_form->workersTable, session()->codec(), this);
+    m_crew = new CrewTable(m_form->workersTable, session(), this);
     m_crew->setNames(CrewTable::ShortNames);
 
     connect(m_form->templateLabel, &QLabel::linkActivated, this, &AppendWorkerDialog::workerLinkClicked);

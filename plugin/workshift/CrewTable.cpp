@@ -1,19 +1,23 @@
 #include "CrewTable.h"
 
+#include "CMDArray.h"
+#include "CVrkCliSes.h"
 #include "HfnWrapper.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
+#include "RecordValue.h"
 
 #include <QHeaderView>
 #include <QTableWidget>
+#include <QTextCodec>
 
 namespace
 {
 enum Column { NameColumn, RolesColumn, ColumnCount };
 } // namespace
 
-CrewTable::CrewTable(QTableWidget* view, const QTextCodec* codec, QObject* parent)
-    : QObject(parent), m_view(view), m_codec(codec)
+CrewTable::CrewTable(QTableWidget* view, CVrkCliSes* session, QObject* parent)
+    : QObject(parent), m_view(view), m_session(session)
 {
     view->setColumnCount(ColumnCount);
     view->setHorizontalHeaderLabels({tr("ФИО"), tr("Должность")});
@@ -43,20 +47,36 @@ void CrewTable::append(const QString& workerKey, bool selectable)
 {
     const int row = m_view->rowCount();
     m_view->insertRow(row);
-    const QString name = m_names == FullNames ? HfnWrapper::workerFullName(m_codec, m_workers, workerKey)
-                                              : HfnWrapper::workerShortName(m_codec, m_workers, workerKey);
-    if (name.isEmpty())
+    if (workerKey.isEmpty())
         return;
 
-    auto* nameItem = new QTableWidgetItem(QIcon(QStringLiteral(":/icons/employee.png")), name);
+    auto* nameItem =
+        new QTableWidgetItem(QIcon(QStringLiteral(":/icons/employee.png")), shownName(workerKey));
     auto* rolesItem =
-        new QTableWidgetItem(HfnWrapper::workerRoles(m_codec, m_roles, m_workerRoles, workerKey));
+        new QTableWidgetItem(HfnWrapper::workerRoles(m_session->codec(), m_roles, m_workerRoles, workerKey));
     for (QTableWidgetItem* item : {nameItem, rolesItem}) {
         item->setData(Qt::UserRole, workerKey);
         item->setFlags(selectable ? Qt::ItemIsSelectable | Qt::ItemIsEnabled : Qt::ItemFlags());
     }
     m_view->setItem(row, NameColumn, nameItem);
     m_view->setItem(row, RolesColumn, rolesItem);
+}
+
+QString CrewTable::shownName(const QString& workerKey) const
+{
+    const QTextCodec* codec = m_session->codec();
+    const QString name = m_names == FullNames ? HfnWrapper::workerFullName(codec, m_workers, workerKey)
+                                              : HfnWrapper::workerShortName(codec, m_workers, workerKey);
+    if (!name.isEmpty())
+        return name;
+    CMDArray answer;
+    answer = m_session->SqlRequest(
+        QStringLiteral("SELECT U.login FROM Users AS U JOIN Workers AS W ON W.UserKey = U.KeyLink "
+                       "WHERE W.KeyLink = '%1'")
+            .arg(workerKey)
+            .toUtf8());
+    const QString login = codec->toUnicode(MDRValue::bytes(recordValue(MDARec(answer.array, 0, 0), "login")));
+    return login.isEmpty() ? QStringLiteral("—") : login;
 }
 
 void CrewTable::removeCurrent()

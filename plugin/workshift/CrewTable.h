@@ -5,15 +5,16 @@
 #include <QStringList>
 
 class CModelTable;
+class CVrkCliSes;
 class OrgStructDialog;
 class QTableWidget;
-class QTextCodec;
 namespace OrgStruct
 {
 struct Worker;
 }
 
-/// The table of workers in a shift's dialogs: a row a worker, with full name and roles, his key behind both cells.
+/// The table of workers in a shift's dialogs: a row a worker, with full name and roles, his key behind both cells. Who has no
+/// name stands there under his login, or under a dash.
 class CrewTable : public QObject
 {
     Q_OBJECT
@@ -21,8 +22,8 @@ class CrewTable : public QObject
 public:
     enum Names { FullNames, ShortNames };
 
-    /// Gives the view its columns and look; \a view and \a codec outlive this object.
-    CrewTable(QTableWidget* view, const QTextCodec* codec, QObject* parent);
+    /// Gives the view its columns and look; \a view and \a session outlive this object.
+    CrewTable(QTableWidget* view, CVrkCliSes* session, QObject* parent);
 
     /// Reference tables that names and roles come from; any of them may be missing.
     void setTables(CModelTable* workers, CModelTable* roles, CModelTable* workerRoles);
@@ -31,7 +32,7 @@ public:
     void setNames(Names names) { m_names = names; }
 
     bool contains(const QString& workerKey) const;
-    /// Appends a row. A worker without a name leaves a row without cells. \a selectable false: the row can neither be
+    /// Appends a row; an empty key leaves one without cells. \a selectable false: the row can neither be
     /// selected nor removed.
     void append(const QString& workerKey, bool selectable = true);
     void removeCurrent();
@@ -44,8 +45,10 @@ public:
                 const std::function<void(const QString&)>& chosen);
 
 private:
+    QString shownName(const QString& workerKey) const;
+
     QTableWidget* m_view;
-    const QTextCodec* m_codec;
+    CVrkCliSes* m_session;
     Names m_names = FullNames;
     CModelTable* m_workers = nullptr;
     CModelTable* m_roles = nullptr;

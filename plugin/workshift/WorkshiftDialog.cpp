@@ -47,7 +47,7 @@ void WorkshiftDialog::setUpForm(QTableWidget* crew, TemplatesWidget* templates, 
         connect(new QShortcut(Qt::CTRL + enter, this), &QShortcut::activated, this,
                 &WorkshiftDialog::applyByKey);
     m_crewView = crew;
-    m_crew = new CrewTable(crew, codec(), this);
+    m_crew = new CrewTable(crew, module()->session(), this);
     m_templates = templates;
     m_templates->setTextCodec(codec());
     m_templates->setTemplateProps({property}, true);

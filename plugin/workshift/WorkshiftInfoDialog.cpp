@@ -23,7 +23,7 @@ WorkshiftInfoDialog::WorkshiftInfoDialog(QWidget* parent, int flag)
 {
     m_form->setupUi(this);
     setWindowIcon(QIcon(QStringLiteral(":/icons/info.png")));
-    m_crew = new CrewTable(m_form->workersTable, sessionOf(this)->codec(), this);
+    m_crew = new CrewTable(m_form->workersTable, sessionOf(this), this);
     m_crew->setNames(CrewTable::ShortNames);
     connect(m_form->closeButton, &QPushButton::clicked, this, &WorkshiftInfoDialog::close);
 }

@@ -4,6 +4,7 @@
 #include "JournalWindow.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
+#include "WorkshiftInfoDialog.h"
 
 #include <QHeaderView>
 #include <QTableWidget>
@@ -102,6 +103,38 @@ private slots:
         // The structure serves others as well: it is whole again.
         workers = offered(choice);
         QVERIFY(has(workers, "ОДС"));
+    }
+
+    void namelessWorkersStandUnderTheirLogin()
+    {
+        const TestStore store;
+        const auto loader = store.openLoader();
+        const TestStore::Fields nameless = {
+            {"firstName", nullptr}, {"lastName", nullptr}, {"patronymicName", nullptr}};
+        for (const char* key : {"WORKER_PETROV", "WORKER_SIDOROVA"})
+            QVERIFY(TestStore::write(loader.get(), "Workers", ROW_UPDATE, key, nameless));
+        QVERIFY(
+            TestStore::write(loader.get(), "Workers", ROW_UPDATE, "WORKER_SIDOROVA", {{"UserKey", nullptr}}));
+        JournalWindow journal(store, QStringLiteral("ivanov"));
+        journal.trigger("infoWorkshiftAction");
+        const auto* info = journal.window().findChild<WorkshiftInfoDialog*>();
+        QCOMPARE(JournalWindow::childOf<QTableWidget>(info, "workersTable")->item(1, 0)->text(),
+                 QStringLiteral("petrov"));
+
+        QWidget* adding = show(journal, QStringLiteral("appendWorkerAction"));
+        const auto* crew = JournalWindow::childOf<QTableWidget>(adding, "workersTable");
+        QCOMPARE(crew->rowCount(), 2);
+        QCOMPARE(crew->item(1, 0)->text(), QStringLiteral("petrov"));
+        for (const char* key : {"WORKER_PETROV", "WORKER_SIDOROVA", "WORKER_SIDOROVA"}) {
+            JournalWindow::childOf<QToolButton>(adding, "addButton")->click();
+            OrgStruct::SelectedItem item;
+            item.worker.keyLink = QLatin1String(key);
+            OrgStructDialog* choice = structure(journal);
+            choice->hide();
+            emit choice->itemSelected(item);
+        }
+        QCOMPARE(crew->rowCount(), 3);
+        QCOMPARE(crew->item(2, 0)->text(), QStringLiteral("—"));
     }
 
     void theTimetableHasTwoColumns()
