@@ -5,10 +5,11 @@
 #       at ":/prefix/NAME.png" with 24 and at ":/prefix/NAME@2x.png" with 48 pixels a side, or at the sizes given.
 #       READY: the file as it stands at ":/path". Folders and files are relative to the current source folder.
 
-find_program(VRK_RSVG rsvg-convert REQUIRED)
-
 function(vrk_icons target)
     cmake_parse_arguments(ARG "" "" "DRAWN;READY" ${ARGN})
+    if(ARG_DRAWN)
+        find_program(VRK_RSVG rsvg-convert REQUIRED) # only here: a plug-in without drawings does without it
+    endif()
     set(script "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/render-icons.sh")
     set(out "${CMAKE_CURRENT_BINARY_DIR}/${target}")
     set(entries)

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Installs a build tree into a folder of its own and builds against nothing but that.
 
-The public headers stand by themselves: each is compiled alone, and what the plug-ins include of the platform is among them.
+The public headers stand by themselves, also where nothing draws icons: each is compiled alone, and what the plug-ins include of the platform is among them.
 The second plug-in configures, builds and installs with the installed package; the installed workstation then lists its
 modules, opens one of them as a window on a demo store, and has its library loaded from the place of the installation.
 
@@ -20,6 +20,12 @@ PROJECT = """cmake_minimum_required(VERSION 3.25)
 project(EachHeaderAlone LANGUAGES CXX)
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
+# As if rsvg-convert were not there: a plug-in without drawings of its own needs none.
+set(CMAKE_IGNORE_PATH /usr/local/bin /usr/bin /bin)
+find_program(drawing rsvg-convert)
+if(drawing)
+    message(FATAL_ERROR "rsvg-convert is found all the same: ${drawing}")
+endif()
 find_package(VrkPlatform 2 REQUIRED)
 file(GLOB sources "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
 add_library(each OBJECT ${sources})
