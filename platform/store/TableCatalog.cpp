@@ -1,6 +1,6 @@
 #include "TableCatalog.h"
 
-#include "LogbookFields.h"
+#include "ReferenceFields.h"
 
 #include <QHash>
 
@@ -16,39 +16,6 @@ CatalogTable described(const char* name, const MDRFieldDescr (&fields)[N], QVect
     return table;
 }
 
-CatalogField key(const char* name)
-{
-    return {name, mdr_TChar, 32};
-}
-CatalogField name(const char* name)
-{
-    return {name, mdr_TChar, 100};
-}
-CatalogField memo(const char* name)
-{
-    return {name, mdr_TMemo, 0};
-}
-CatalogField flag(const char* name)
-{
-    return {name, mdr_TBool, 0};
-}
-CatalogField time(const char* name)
-{
-    return {name, mdr_TDouble, 0};
-}
-CatalogField number(const char* name)
-{
-    return {name, mdr_TInt32, 0};
-}
-
-CatalogTable reference(const char* name, QVector<CatalogField> fields, QVector<QByteArray> moreKeys = {})
-{
-    CatalogTable table{name, {key("KeyLink")}, {"KeyLink"}, {"KeyLink"}};
-    table.fields += fields;
-    table.keys += moreKeys;
-    return table;
-}
-
 QVector<CatalogTable> makeTables()
 {
     return {
@@ -60,31 +27,23 @@ QVector<CatalogTable> makeTables()
         described("LogbookTemplates", LogbookTemplatesFields),
         described("LogbookCatsTemplate", LogbookCatsTemplateFields),
 
-        reference("Users", {name("login"), name("name_"), flag("deleted_")}),
-        reference("UserRights", {key("UserKey"), name("rightName")}),
-        reference("Workers", {key("UserKey"), key("DepartmentKey"), name("firstName"), name("lastName"),
-                              name("patronymicName"), number("safetyGroup"), flag("deleted_")}),
-        reference("Departments", {key("OrganizationKey"), key("ParentKey"), name("name_")}),
-        reference("Organizations", {key("OrgTypeKey"), key("ParentKey"), name("name_")}),
-        reference("OrgTypes", {name("name_")}),
-        reference("Shifts", {key("DepartmentKey"), name("name_"), time("startTime"), time("endTime")}),
-        reference("Roles", {key("DepartmentKey"), name("name_")}),
-        reference("WorkerRoles", {key("RoleKey"), key("WorkerKey")}),
-        reference("Tables", {name("nameLat"), name("nameLoc")}, {"nameLat"}),
-        reference("Fields", {key("TablesKey"), name("nameLat"), name("nameLoc")}),
-        reference("TemplateParamCategories", {key("ParentKey"), name("nameLoc")}),
-        reference("TemplateParams", {key("CategoryKey"), name("nameLoc"), memo("html")}),
-        reference("Equipment",
-                  {key("ParentKey"), key("DepartmentKey"), name("kind"), name("name_"), name("voltage")}),
-
-        reference("OperLogCategories",
-                  {key("ParentKey"), key("OrgTypeKey"), key("DepartmentKey"), name("name_")}),
-        reference("OperLogTemplates",
-                  {key("CategoryKey"), name("name_"), memo("text_"), flag("canStartShift"),
-                   flag("canEndShift"), flag("isNecessaryFinishTime"), name("icon"), name("completingIcon"),
-                   name("completingCommand")}),
-        reference("OperLogTemplateParams",
-                  {name("nameLoc"), name("nameLat"), memo("param"), key("TableKey"), key("FieldTypeKey")}),
+        described("Users", UsersFields),
+        described("UserRights", UserRightsFields),
+        described("Workers", WorkersFields),
+        described("Departments", DepartmentsFields),
+        described("Organizations", OrganizationsFields),
+        described("OrgTypes", OrgTypesFields),
+        described("Shifts", ShiftsFields),
+        described("Roles", RolesFields),
+        described("WorkerRoles", WorkerRolesFields),
+        described("Tables", TablesFields, {"nameLat"}),
+        described("Fields", FieldsFields),
+        described("TemplateParamCategories", TemplateParamCategoriesFields),
+        described("TemplateParams", TemplateParamsFields),
+        described("Equipment", EquipmentFields),
+        described("OperLogCategories", OperLogCategoriesFields),
+        described("OperLogTemplates", OperLogTemplatesFields),
+        described("OperLogTemplateParams", OperLogTemplateParamsFields),
     };
 }
 } // namespace
@@ -98,11 +57,12 @@ const QVector<CatalogTable>& TableCatalog::tables()
 const QVector<CatalogTable>& TableCatalog::loggedTables()
 {
     static const QVector<CatalogTable> all =
-        tables() + QVector<CatalogTable>{{"StoreProperties", {name("name"), memo("value")}, {}, {"name"}},
-                                         {"StoreFiles",
-                                          {name("folder"), name("name"), {"content", mdr_TBlob, 0}},
-                                          {},
-                                          {"folder", "name"}}};
+        tables() + QVector<CatalogTable>{
+                       {"StoreProperties", {{"name", mdr_TChar, 100}, {"value", mdr_TMemo, 0}}, {}, {"name"}},
+                       {"StoreFiles",
+                        {{"folder", mdr_TChar, 100}, {"name", mdr_TChar, 100}, {"content", mdr_TBlob, 0}},
+                        {},
+                        {"folder", "name"}}};
     return all;
 }
 
@@ -131,6 +91,15 @@ QByteArray CatalogTable::rowKeyOf(const QByteArray& alias) const
     for (const QByteArray& field : rowKey)
         key += (key.isEmpty() ? "" : " || '/' || ") + alias + '.' + field;
     return key;
+}
+
+QVector<QByteArray> CatalogTable::reals() const
+{
+    QVector<QByteArray> names;
+    for (const CatalogField& field : fields)
+        if (field.type == mdr_TDouble)
+            names.append(field.name);
+    return names;
 }
 
 QVector<MDRFieldDescr> CatalogTable::descriptors() const

@@ -25,6 +25,8 @@ struct CatalogTable {
     bool isCategoryTree() const { return name == "LogbookCatsTemplate" || name == "TemplateParamCategories"; }
     /// An expression for the key of a row in the change log.
     QByteArray rowKeyOf(const QByteArray& alias) const;
+    /// Names of the fields that hold times or other numbers with a fraction.
+    QVector<QByteArray> reals() const;
     /// The fields as MDAFldAdd takes them.
     QVector<MDRFieldDescr> descriptors() const;
 };

@@ -1,4 +1,4 @@
-#include "LogbookFields.h"
+#include "ReferenceFields.h"
 
 #include <cstring>
 #include <QTest>
@@ -46,6 +46,39 @@ void LogbookFields_test::tablesHaveTheirAgreedRows_data()
           "KeyLink 32 9, CategoryKey 32 9, nameLoc 100 9, html 0 10");
     table("categories", LogbookCatsTemplateFields, fieldCount(LogbookCatsTemplateFields),
           "KeyLink 32 9, ParentKey 32 9, OrgTypeKey 32 9, DepartmentKey 32 9, nameLoc 100 9");
+    table("Users", UsersFields, fieldCount(UsersFields),
+          "KeyLink 32 9, login 100 9, name_ 100 9, deleted_ 0 1");
+    table("UserRights", UserRightsFields, fieldCount(UserRightsFields),
+          "KeyLink 32 9, UserKey 32 9, rightName 100 9");
+    table("Workers", WorkersFields, fieldCount(WorkersFields),
+          "KeyLink 32 9, UserKey 32 9, DepartmentKey 32 9, firstName 100 9, lastName 100 9, patronymicName "
+          "100 9, safetyGroup 0 5, deleted_ 0 1");
+    table("Departments", DepartmentsFields, fieldCount(DepartmentsFields),
+          "KeyLink 32 9, OrganizationKey 32 9, ParentKey 32 9, name_ 100 9");
+    table("Organizations", OrganizationsFields, fieldCount(OrganizationsFields),
+          "KeyLink 32 9, OrgTypeKey 32 9, ParentKey 32 9, name_ 100 9");
+    table("OrgTypes", OrgTypesFields, fieldCount(OrgTypesFields), "KeyLink 32 9, name_ 100 9");
+    table("Shifts", ShiftsFields, fieldCount(ShiftsFields),
+          "KeyLink 32 9, DepartmentKey 32 9, name_ 100 9, startTime 0 8, endTime 0 8");
+    table("Roles", RolesFields, fieldCount(RolesFields), "KeyLink 32 9, DepartmentKey 32 9, name_ 100 9");
+    table("WorkerRoles", WorkerRolesFields, fieldCount(WorkerRolesFields),
+          "KeyLink 32 9, RoleKey 32 9, WorkerKey 32 9");
+    table("Tables", TablesFields, fieldCount(TablesFields), "KeyLink 32 9, nameLat 100 9, nameLoc 100 9");
+    table("Fields", FieldsFields, fieldCount(FieldsFields),
+          "KeyLink 32 9, TablesKey 32 9, nameLat 100 9, nameLoc 100 9");
+    table("TemplateParamCategories", TemplateParamCategoriesFields, fieldCount(TemplateParamCategoriesFields),
+          "KeyLink 32 9, ParentKey 32 9, nameLoc 100 9");
+    table("TemplateParams", TemplateParamsFields, fieldCount(TemplateParamsFields),
+          "KeyLink 32 9, CategoryKey 32 9, nameLoc 100 9, html 0 10");
+    table("Equipment", EquipmentFields, fieldCount(EquipmentFields),
+          "KeyLink 32 9, ParentKey 32 9, DepartmentKey 32 9, kind 100 9, name_ 100 9, voltage 100 9");
+    table("OperLogCategories", OperLogCategoriesFields, fieldCount(OperLogCategoriesFields),
+          "KeyLink 32 9, ParentKey 32 9, OrgTypeKey 32 9, DepartmentKey 32 9, name_ 100 9");
+    table("OperLogTemplates", OperLogTemplatesFields, fieldCount(OperLogTemplatesFields),
+          "KeyLink 32 9, CategoryKey 32 9, name_ 100 9, text_ 0 10, canStartShift 0 1, canEndShift 0 1, "
+          "isNecessaryFinishTime 0 1, icon 100 9, completingIcon 100 9, completingCommand 100 9");
+    table("OperLogTemplateParams", OperLogTemplateParamsFields, fieldCount(OperLogTemplateParamsFields),
+          "KeyLink 32 9, nameLoc 100 9, nameLat 100 9, param 0 10, TableKey 32 9, FieldTypeKey 32 9");
 }
 
 void LogbookFields_test::tablesHaveTheirAgreedRows()
