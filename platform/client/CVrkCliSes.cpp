@@ -54,6 +54,7 @@ CVrkCliSes::CVrkCliSes(std::unique_ptr<Store> store, QObject* parent)
 {
     d->q = this;
     d->store = std::move(store);
+    d->zone = ProcessZone::hold(d->store->timeZone());
     d->store->setProgress([this] { d->strip.tick(); });
     d->feed = std::make_unique<ChangeFeed>(d->store.get());
     connectFeed();

@@ -4,6 +4,7 @@
 #include "ChangeFeed.h"
 #include "CMDArray.h"
 #include "CVrkCliSes.h"
+#include "ProcessZone.h"
 #include "Store.h"
 
 #include <deque>
@@ -56,7 +57,8 @@ struct CVrkCliSes::Private {
 
     CVrkCliSes* q = nullptr;
     std::unique_ptr<Store> store;
-    std::unique_ptr<ChangeFeed> feed; ///< ends before the store
+    std::shared_ptr<const ProcessZone> zone; ///< of the store
+    std::unique_ptr<ChangeFeed> feed;        ///< ends before the store
     bool started = false;
     bool connected = true;
     bool polling = false;

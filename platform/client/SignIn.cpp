@@ -2,6 +2,7 @@
 
 #include "CVrkCliApp.h"
 #include "CVrkCliSes.h"
+#include "ProcessZone.h"
 #include "Store.h"
 #include "StoreUrl.h"
 
@@ -20,6 +21,7 @@ struct SignIn::Private {
     }
 
     std::unique_ptr<Store> store;
+    std::shared_ptr<const ProcessZone> zone; ///< until the session keeps it
     StoreLogin user;
     QVector<StoreDepartment> departments;
     bool signedIn = false;
@@ -51,7 +53,16 @@ bool SignIn::open(const QString& url, const QString& login, const QString& passw
         d->store.reset();
         return d->fail(Private::tr("Кодовая страница журнала неизвестна этой системе."));
     }
-    qputenv("TZ", d->store->timeZone());
+    const QByteArray timeZone = d->store->timeZone();
+    d->zone = ProcessZone::hold(timeZone);
+    if (!d->zone) {
+        d->store.reset();
+        return d->fail(
+            Private::tr("Этот журнал ведётся по времени «%1», а в программе уже открыт журнал по времени "
+                        "«%2». Откройте его отдельным запуском программы.")
+                .arg(QString::fromUtf8(timeZone), QString::fromUtf8(ProcessZone::held())));
+    }
+    qputenv("TZ", timeZone);
     tzset();
     return true;
 }
@@ -152,6 +163,7 @@ bool SignIn::enter(CVrkCliApp* app, const QByteArray& departmentKey)
     }
 
     auto session = std::make_unique<CVrkCliSes>(std::move(d->store));
+    d->zone.reset();
     d->signedIn = false;
     if (!session->startEvents())
         return d->fail(session->lastErrorText());

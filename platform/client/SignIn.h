@@ -33,7 +33,7 @@ public:
     SignIn& operator=(const SignIn&) = delete;
 
     /// Opens "sqlite:///absolute/path" or "postgresql://...". From here on the process lives in the time zone
-    /// of the store. On a server \a login stands for that of the address; without a \a password the one that the
+    /// of the store; a store of another zone is refused as long as a session of the first one lives. On a server \a login stands for that of the address; without a \a password the one that the
     /// machine keeps for the server is tried, or none.
     bool open(const QString& url, const QString& login = QString(), const QString& password = QString());
     /// Why open() has failed: the server wants a password and has not got the right one.

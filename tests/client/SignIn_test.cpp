@@ -34,6 +34,7 @@ private slots:
     void a_store_that_is_not_there_tells_why();
     void steps_out_of_order_fail();
     void the_process_lives_in_the_zone_of_the_store();
+    void a_store_of_another_zone_is_refused();
     void the_code_page_is_that_of_the_store();
     void a_store_that_vanishes_before_the_end_tells_why();
     void an_application_is_entered_once();
@@ -185,6 +186,33 @@ void SignInTest::the_process_lives_in_the_zone_of_the_store()
     const QDateTime time = QDateTime::fromSecsSinceEpoch(1700000000);
     QCOMPARE(time.offsetFromUtc(), 10 * 3600);
     QCOMPARE(time.time(), QTime(8, 13, 20));
+}
+
+void SignInTest::a_store_of_another_zone_is_refused()
+{
+    QTemporaryDir folder;
+    const QString url = QStringLiteral("sqlite://") + folder.filePath(QStringLiteral("journal.vrk"));
+    StoreError error;
+    QVERIFY2(StoreAdmin::init(url, "Windows-1251", "Asia/Vladivostok", &error), qPrintable(error.text));
+    const TestStore store;
+    auto app = std::make_unique<CVrkCliApp>();
+    SignIn first;
+    QVERIFY(first.open(store.url()) && first.signIn(QStringLiteral("ivanov")) &&
+            first.enter(app.get(), QByteArray()));
+    SignIn second;
+    QVERIFY(!second.open(url));
+    QVERIFY2(second.errorText().contains(QStringLiteral("Asia/Vladivostok")) &&
+                 second.errorText().contains(QStringLiteral("Europe/Moscow")),
+             qPrintable(second.errorText()));
+    QVERIFY(second.logins().isEmpty());
+    QCOMPARE(QDateTime::fromSecsSinceEpoch(1700000000).offsetFromUtc(), 3 * 3600);
+    // Another store of the same zone is welcome, and this one when the first is gone.
+    const TestStore other;
+    QVERIFY(second.open(other.url()));
+    QVERIFY(second.open(store.url()));
+    app.reset();
+    QVERIFY(second.open(url));
+    QCOMPARE(QDateTime::fromSecsSinceEpoch(1700000000).offsetFromUtc(), 10 * 3600);
 }
 
 void SignInTest::the_code_page_is_that_of_the_store()
