@@ -2,6 +2,7 @@
 
 #include "ReadyCheck.h"
 #include "StoreAdmin.h"
+#include "StoreZone.h"
 
 namespace
 {
@@ -55,7 +56,9 @@ Command::ExitCode CheckCommand::run(const QStringList& arguments, Streams& strea
         Directory directory;
         if (!store || !directory.load(store.get(), &error))
             return fail(streams, error);
-        return tellReadiness(ReadyCheck::look(directory), streams.out);
+        const StoreZone zone(*store);
+        const auto findings = ReadyCheck::look(directory, store.get(), &error);
+        return error ? fail(streams, error) : tellReadiness(findings, streams.out);
     }
     QVector<StoreAdmin::Finding> findings;
     if (!StoreAdmin::check(rest.constFirst(), &findings, &error))

@@ -11,6 +11,7 @@
 #include "OptionCommand.h"
 #include "RightCommand.h"
 #include "SetupCommand.h"
+#include "ShiftCommand.h"
 #include "StoreError.h"
 #include "UpgradeCommand.h"
 #include "UserCommand.h"
@@ -72,6 +73,7 @@ std::vector<std::unique_ptr<Command>> adminCommands()
     commands.push_back(std::make_unique<RightCommand>());
     commands.push_back(std::make_unique<FileCommand>());
     commands.push_back(std::make_unique<OptionCommand>());
+    commands.push_back(std::make_unique<ShiftCommand>());
     commands.push_back(std::make_unique<WatchdogCommand>());
     return commands;
 }

@@ -13,6 +13,8 @@ const QString fileName = QStringLiteral("OperLogOptions");
 const QString check = QStringLiteral("CheckLengthShift");
 const QString delay = QStringLiteral("DelayTime");
 const QString interval = QStringLiteral("IntervalMessage");
+/// Not in the file: the store itself judges by it.
+const QString longest = QStringLiteral("LongestShift");
 /// The workstations count the interval in milliseconds of 32 bits.
 constexpr qint64 longestSeconds = 24 * 24 * 3600;
 
@@ -42,12 +44,12 @@ QString spanOf(qint64 seconds)
     return text.isEmpty() ? QStringLiteral("0s") : text;
 }
 
-/// What stands in the file for an option's value as it is typed; null when the value is none.
+/// What stands in the store for an option's value as it is typed; null when the value is none.
 QString storedValue(const QString& name, const QString& typed)
 {
     if (name != check) {
         const qint64 seconds = secondsOf(typed.toLower());
-        return seconds < 0 ? QString() : QString::number(seconds);
+        return seconds < (name == longest ? 1 : 0) ? QString() : QString::number(seconds);
     }
     const QString word = typed.toLower();
     if (word == QLatin1String("on") || word == QStringLiteral("да"))
@@ -55,8 +57,10 @@ QString storedValue(const QString& name, const QString& typed)
     return word == QLatin1String("off") || word == QStringLiteral("нет") ? QStringLiteral("0") : QString();
 }
 
-/// Fetches the file of the store, an empty one when there is none yet; the reason stands on the error stream otherwise.
-bool fetch(const QString& url, OptionsFile* file, QByteArray* codec, Streams& streams, StoreError* error)
+/// Fetches the file of the store, an empty one when there is none yet, and the longest shift; the reason stands on the
+/// error stream otherwise.
+bool fetch(const QString& url, OptionsFile* file, int* longestShift, QByteArray* codec, Streams& streams,
+           StoreError* error)
 {
     const auto store = Store::open(url, {}, error);
     if (!store)
@@ -68,6 +72,7 @@ bool fetch(const QString& url, OptionsFile* file, QByteArray* codec, Streams& st
         error->clear();
     }
     *codec = store->codec()->name();
+    *longestShift = store->longestShift();
     if (file->read(store->codec()->toUnicode(content)))
         return true;
     streams.err << QStringLiteral(
@@ -84,12 +89,13 @@ int numberOf(const OptionsFile& file, const QString& name)
     return file.value(name).toInt();
 }
 
-void tell(const OptionsFile& file, Streams& streams)
+void tell(const OptionsFile& file, int longestShift, Streams& streams)
 {
     const bool isOn = numberOf(file, check) != 0;
     streams.out << check << (isOn ? QStringLiteral("=on\n") : QStringLiteral("=off\n"));
     for (const QString& name : {delay, interval})
         streams.out << name << QLatin1Char('=') << spanOf(numberOf(file, name)) << QLatin1Char('\n');
+    streams.out << longest << QLatin1Char('=') << spanOf(longestShift) << QLatin1Char('\n');
     for (const QString& name : {check, delay, interval}) {
         bool isNumber = false;
         file.value(name).toInt(&isNumber);
@@ -116,8 +122,9 @@ QString OptionCommand::usage() const
         "  CheckLengthShift=on|off   напоминать ли о сдаче смены, которая длится дольше положенного\n"
         "  DelayTime=15m             насколько смена может затянуться после планового конца\n"
         "  IntervalMessage=5m        через сколько повторять напоминание\n"
+        "  LongestShift=48h          дольше какого срока смену нельзя открыть (сначала 48h)\n"
         "  Время: 1h30m, 15m, 90s или число секунд, не больше 576h. Что не названо, остаётся, как было.\n"
-        "  Рабочие места берут настройки при запуске журнала.\n"
+        "  Рабочие места берут напоминания при запуске журнала, LongestShift действует сразу.\n"
         "  Пример: vrk-admin option URL set CheckLengthShift=on DelayTime=15m IntervalMessage=5m\n");
 }
 
@@ -135,7 +142,7 @@ Command::ExitCode OptionCommand::run(const QStringList& arguments, Streams& stre
         const QString name = argument.section(QLatin1Char('='), 0, 0);
         const QString typed = argument.section(QLatin1Char('='), 1);
         QString fault;
-        if (name != check && name != delay && name != interval)
+        if (name != check && name != delay && name != interval && name != longest)
             fault = QStringLiteral("Нет настройки «%1».").arg(name);
         else if (values.contains(name))
             fault = QStringLiteral("Настройка «%1» названа дважды.").arg(name);
@@ -149,11 +156,17 @@ Command::ExitCode OptionCommand::run(const QStringList& arguments, Streams& stre
     }
 
     OptionsFile file;
+    int longestShift = 0;
     QByteArray codec;
     StoreError error;
-    if (!fetch(url, &file, &codec, streams, &error))
+    if (!fetch(url, &file, &longestShift, &codec, streams, &error))
         return error ? fail(streams, error) : Failed;
-    if (!isList) {
+    if (values.contains(longest)) {
+        longestShift = values.take(longest).toInt();
+        if (!StoreAdmin::setLongestShift(url, longestShift, &error))
+            return fail(streams, error);
+    }
+    if (!values.isEmpty()) {
         const QString xml = QStringLiteral("<?xml version=\"1.0\" encoding=\"%1\"?>\n")
                                 .arg(QString::fromLatin1(codec).toLower()) +
                             file.with(values);
@@ -162,6 +175,6 @@ Command::ExitCode OptionCommand::run(const QStringList& arguments, Streams& stre
             return fail(streams, error);
         file.read(xml);
     }
-    tell(file, streams);
+    tell(file, longestShift, streams);
     return Success;
 }

@@ -1,10 +1,12 @@
 #include "ReadyCheck.h"
 
+#include "ShiftBook.h"
 #include "TemplateCells.h"
 
 namespace
 {
 constexpr int deepest = 64;
+constexpr int secondsOfDay = 86400;
 
 /// True when the templates of a category are offered to the department.
 bool isOffered(const Directory& directory, QByteArray category, const DirectoryRow& department)
@@ -47,11 +49,29 @@ bool hasLogin(const Directory& directory, const DirectoryRow& department)
     }
     return false;
 }
+
+/// The shifts of the timetable that the store would refuse.
+QStringList tooLong(const Directory& directory, const DirectoryRow& department, int longest)
+{
+    QStringList texts;
+    for (const DirectoryRow* shift : directory.rows("Shifts")) {
+        const double start = shift->values.value("startTime").toDouble();
+        const double end = shift->values.value("endTime").toDouble();
+        const double seconds = end < start ? end + secondsOfDay - start : end - start;
+        if (shift->reference("DepartmentKey") == department.key && seconds > longest)
+            texts << QStringLiteral("смена «%1» длиннее разрешённого (shifts.csv, vrk-admin option URL set "
+                                    "LongestShift=…)")
+                         .arg(shift->text("name_"));
+    }
+    return texts;
+}
 } // namespace
 
-QVector<ReadyCheck::Finding> ReadyCheck::look(const Directory& directory)
+QVector<ReadyCheck::Finding> ReadyCheck::look(const Directory& directory, Store* store, StoreError* error)
 {
     QVector<Finding> findings;
+    const int longest = store->longestShift();
+    const double now = store->serverTime();
     const auto departments = directory.rows("Departments");
     if (departments.isEmpty())
         findings.append({{}, QStringLiteral("нет ни одного подразделения (departments.csv)")});
@@ -75,6 +95,15 @@ QVector<ReadyCheck::Finding> ReadyCheck::look(const Directory& directory)
                 QStringLiteral("открыть смену некому: нет сотрудника с логином (users.csv, workers.csv)"));
         if (!hasRow(directory, "Shifts", *department))
             missing(QStringLiteral("для открытия смены нет расписания (shifts.csv)"));
+        for (const QString& text : tooLong(directory, *department, longest))
+            missing(text);
+        ShiftBook book;
+        if (!book.load(store, department->key, error))
+            return findings;
+        if (book.last() && !(book.last()->end - now <= longest))
+            missing(
+                QStringLiteral("смену не открыть до %1, до конца последней (vrk-admin shift URL correct %2)")
+                    .arg(ShiftBook::shown(book.last()->end), QString::fromUtf8(book.last()->key)));
         if (!opens)
             missing(QStringLiteral(
                 "для открытия смены нет шаблона с «да» в столбце «Открывает смену» (templates.csv)"));

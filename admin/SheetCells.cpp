@@ -41,7 +41,7 @@ QVariant SheetCells::readFlag(const QString& text)
 
 QString SheetCells::time(double seconds)
 {
-    if (seconds < 0 || seconds > secondsOfDay)
+    if (!(seconds >= 0 && seconds <= secondsOfDay))
         return HfnTime_to_DateTime(seconds, -1).toString(QStringLiteral("dd.MM.yyyy hh:mm"));
     const int minutes = static_cast<int>(seconds) / 60;
     return QStringLiteral("%1:%2")

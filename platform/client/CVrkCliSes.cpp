@@ -184,6 +184,21 @@ bool CVrkCliSes::PacketExec(const char* name, const unsigned char* data, int len
     return true;
 }
 
+bool CVrkCliSes::writeFile(const QString& folder, const QString& name, const QByteArray& content)
+{
+    StoreError error = Private::noLink();
+    bool written = false;
+    if (d->connected) {
+        Private::Request request(d.get());
+        error.clear();
+        written = d->store->writeFile(folder, name, content, &error);
+    }
+    if (!written)
+        return d->fail(Q_FUNC_INFO, error, folder + QLatin1Char(';') + name, true);
+    d->lastError.clear();
+    return true;
+}
+
 bool CVrkCliSes::WaitResult(HFNCliParam** result, int)
 {
     return result && *result;
@@ -231,6 +246,14 @@ QDateTime CVrkCliSes::HfnTimeToSesTime()
 QDateTime CVrkCliSes::HfnTimeToSesTime(double time)
 {
     return HfnTime_to_DateTime(time, -1);
+}
+
+int CVrkCliSes::longestShift()
+{
+    if (!d->connected)
+        return 0;
+    Private::Request request(d.get());
+    return d->store->longestShift();
 }
 
 bool CVrkCliSes::readBlob(const QByteArray& table, const QByteArray& field, const QByteArray& key,

@@ -19,12 +19,14 @@ struct StoreError;
 /// The session: the only road to the server. All requests are synchronous and answer within the session's
 /// deadline; a long one shows the wait cursor and no event is delivered from inside it. After a missed
 /// deadline the session is down and requests fail at once until the link is found again.
+///
+/// SignIn is the door to it: it opens a store, signs a person in, and gives the application its session.
 class VRK_EXPORT CVrkCliSes : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Takes the store over; a login must be signed in there.
+    /// Takes the store over; a login must be signed in there. SignIn::enter does both.
     explicit CVrkCliSes(std::unique_ptr<Store> store, QObject* parent = nullptr);
     ~CVrkCliSes() override;
 
@@ -46,6 +48,9 @@ public:
     /// there is no such file. False: no packet of this name, or the server cannot be reached; \a result is
     /// null then.
     bool PacketExec(const char* name, const unsigned char* data, int length, HFNCliParam** result);
+    /// Writes a named file of the server whole, which "FileGet" then fetches; a null \a content removes it. Only for who
+    /// has the right "ADMINISTRATOR".
+    bool writeFile(const QString& folder, const QString& name, const QByteArray& content);
     /// True when the answer is there; -1 waits as long as the session's deadline. Answers arrive with
     /// PacketExec, so there is nothing left to wait for.
     bool WaitResult(HFNCliParam** result, int timeout);
@@ -65,6 +70,8 @@ public:
     /// The server's present time in the zone of the process.
     QDateTime HfnTimeToSesTime();
     QDateTime HfnTimeToSesTime(double time);
+    /// The longest workshift that the server takes, in seconds; 0 while it is not known.
+    int longestShift();
 
     /// Starts the delivery of change events.
     bool startEvents();

@@ -1,6 +1,7 @@
 #include "PackedBytes.h"
 
 #include <array>
+#include <cmath>
 #include <cstring>
 #include <limits>
 #include <QtEndian>
@@ -56,6 +57,7 @@ void PackedWriter::number(std::uint32_t value)
 
 void PackedWriter::real(double value)
 {
+    m_failed = m_failed || !std::isfinite(value);
     quint64 bits = 0;
     std::memcpy(&bits, &value, sizeof bits);
     char raw[sizeof bits];
@@ -73,13 +75,13 @@ QByteArray PackedWriter::finish()
 {
     qToLittleEndian(static_cast<quint32>(m_bytes.size() - headBytes), m_bytes.data() + 5);
     number(checksum(m_bytes.constData(), m_bytes.size()));
-    return m_full ? QByteArray() : m_bytes;
+    return m_failed ? QByteArray() : m_bytes;
 }
 
 void PackedWriter::append(const char* data, std::int32_t count)
 {
-    m_full = m_full || count > maxBytes - m_bytes.size();
-    if (!m_full)
+    m_failed = m_failed || count > maxBytes - m_bytes.size();
+    if (!m_failed)
         m_bytes.append(data, count);
 }
 
@@ -116,7 +118,8 @@ double PackedReader::real()
     const quint64 bits = raw != nullptr ? qFromLittleEndian<quint64>(raw) : 0;
     double value = 0.0;
     std::memcpy(&value, &bits, sizeof value);
-    return value;
+    m_ok = m_ok && std::isfinite(value);
+    return m_ok ? value : 0.0;
 }
 
 const char* PackedReader::text(std::int32_t* length)

@@ -4,7 +4,7 @@
 #include <QByteArray>
 
 /// Writes a packed form: a tag, the version, the length and the content, and a checksum over all of it.
-/// Numbers are little-endian.
+/// Numbers are little-endian; a number that is not finite makes the form empty.
 class PackedWriter
 {
 public:
@@ -21,10 +21,11 @@ private:
     void append(const char* data, std::int32_t count);
 
     QByteArray m_bytes;
-    bool m_full = false;
+    bool m_failed = false;
 };
 
-/// Reads a packed form and trusts nothing in it: what is missing reads as zero and makes ok() false for good.
+/// Reads a packed form and trusts nothing in it: what is missing, and a number that is not finite, reads as zero and makes
+/// ok() false for good.
 class PackedReader
 {
 public:

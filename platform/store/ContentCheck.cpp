@@ -1,5 +1,7 @@
 #include "ContentCheck.h"
 
+#include "TableCatalog.h"
+
 namespace
 {
 using StoreAdmin::Finding;
@@ -85,5 +87,19 @@ QVector<ContentCheck::Look> ContentCheck::looks()
                 " WHERE NOT EXISTS (SELECT 1 FROM LogbookWorkersWorkshift WHERE WorkshiftKey = W.KeyLink)"
                 " OR NOT EXISTS (SELECT 1 FROM LogbookRecords WHERE ShiftKey = W.KeyLink)",
                 Finding::Note, "Смена «%1» не имеет состава или записей: её открытие было прервано."});
+    all.append(
+        {"SELECT KeyLink FROM LogbookWorkshifts AS W WHERE W.startTime > W.endTime"
+         " OR W.endTime - W.startTime > (SELECT seconds FROM LongestShift)",
+         Finding::Note,
+         "Смена «%1» длиннее разрешённого или кончается раньше, чем начинается. Исправит vrk-admin shift."});
+    for (const CatalogTable& table : TableCatalog::tables()) {
+        QByteArray faults;
+        for (const QByteArray& field : table.reals())
+            faults += (faults.isEmpty() ? "abs(" : " OR abs(") + field + ") > 1.7976931348623157e308";
+        if (!faults.isEmpty())
+            all.append({"SELECT '" + table.name + "', KeyLink FROM " + table.name + " WHERE " + faults,
+                        Finding::Fault,
+                        "В строке «%2» таблицы «%1» стоит время или число, которого не бывает."});
+    }
     return all;
 }

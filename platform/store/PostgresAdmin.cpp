@@ -72,7 +72,8 @@ bool makeDatabase(const QString& url, StoreError* error)
 
 bool setProperty(PgConnection& link, const QByteArray& name, const QByteArray& value, StoreError* error)
 {
-    return bool(link.run("INSERT INTO StoreProperties (name, value) VALUES ($1, $2)",
+    return bool(link.run("INSERT INTO StoreProperties (name, value) VALUES ($1, $2)"
+                         " ON CONFLICT (name) DO UPDATE SET value = excluded.value",
                          PgValues().text(name).text(value), error));
 }
 
@@ -159,6 +160,14 @@ bool PostgresAdmin::rebuildSearch(const QString& url, StoreError* error)
     const auto link = connectedToStore(url, error, longMs);
     return link && link->exec("BEGIN; SET LOCAL statement_timeout = 0", error) &&
            PostgresSchema::rebuildSearch(*link, error) && link->exec("COMMIT", error);
+}
+
+bool PostgresAdmin::changeProperty(const QString& url, const QByteArray& name, const QByteArray& value,
+                                   StoreError* error)
+{
+    const auto link = connectedToStore(url, error);
+    return link && PostgresSchema::beginLogged(*link, error) && setProperty(*link, name, value, error) &&
+           link->exec("COMMIT", error);
 }
 
 bool PostgresAdmin::check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error)

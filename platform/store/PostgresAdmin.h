@@ -11,6 +11,7 @@ bool init(const QString& url, const QByteArray& codecName, const QByteArray& tim
           const std::function<bool()>& isFilled, StoreError* error);
 bool upgrade(const QString& url, StoreError* error);
 bool rebuildSearch(const QString& url, StoreError* error);
+bool changeProperty(const QString& url, const QByteArray& name, const QByteArray& value, StoreError* error);
 bool check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// Leaves it to pg_dump, which must be there, and looks whether its copy can be read.
 bool backup(const QString& url, const QString& file, StoreError* error);

@@ -73,6 +73,13 @@ QByteArray logSql(const CatalogTable& table)
                   " AS T ON T.KeyLink = up.k)\n"
                   "            SELECT k FROM up);\n    END IF;\n";
     }
+    QByteArray faults;
+    for (const QByteArray& field : table.reals())
+        faults += (faults.isEmpty() ? "" : " OR ") + QByteArray("NEW.") + field +
+                  " IN ('NaN', 'Infinity', '-Infinity') AND NEW." + field + " IS DISTINCT FROM OLD." + field;
+    if (!faults.isEmpty())
+        checks += "    IF " + faults +
+                  " THEN\n        PERFORM vrk_refuse('Недопустимое время или число.');\n    END IF;\n";
     const QByteArray name = "Log_" + table.name;
     return "CREATE FUNCTION " + name + functionHead + "BEGIN\n" + checks + "    PERFORM vrk_log('" +
            table.name + "', CASE TG_OP WHEN 'DELETE' THEN " + table.rowKeyOf("OLD") + " ELSE " +
@@ -104,11 +111,12 @@ QByteArray grantsSql()
     return "GRANT SELECT, INSERT, UPDATE, DELETE ON " + tables +
            " TO vrk_client;\n"
            "GRANT SELECT ON StoreProperties, StoreFiles, ChangeHead, ChangeEnd, ChangeTransactions, "
-           "ChangeLog, RecordSearch TO "
+           "ChangeLog, RecordSearch, LongestShift TO "
            "vrk_client;\n"
            // A trigger needs no right of whoever sets it off. One who may call them could make a table of his own,
            // where the server lets him, and tie the log's functions to it.
-           "REVOKE EXECUTE ON ALL FUNCTIONS IN SCHEMA public FROM PUBLIC;\n";
+           "REVOKE EXECUTE ON ALL FUNCTIONS IN SCHEMA public FROM PUBLIC;\n"
+           "GRANT EXECUTE ON FUNCTION vrk_write_file TO vrk_client;\n";
 }
 } // namespace
 

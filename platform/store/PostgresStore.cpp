@@ -1,5 +1,6 @@
 #include "PostgresStore.h"
 
+#include "GenGuid32.h"
 #include "PostgresSchema.h"
 
 namespace
@@ -203,6 +204,32 @@ bool PostgresStore::file(const QString& folder, const QString& name, QByteArray*
         *content = rows.bytes(0, 0);
         return true;
     }
+    *error = {StoreError::NoSuchRow, QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name),
+              QString()};
+    return false;
+}
+
+bool PostgresStore::writeFile(const QString& folder, const QString& name, const QByteArray& content,
+                              StoreError* error)
+{
+    if (!ready(error))
+        return false;
+    if (m_inRead)
+        endRead();
+    PgValues values;
+    values.text(m_options.loader ? "on" : "off").text(GenGuid32()).text(folder.toUtf8()).text(name.toUtf8());
+    if (content.isNull())
+        values.null();
+    else
+        values.blob(content);
+    // One statement is a transaction by itself.
+    const PgResult done =
+        m_link.prepared("SELECT vrk_write_file($3, $4, $5), loader, batchKey "
+                        "FROM (SELECT set_config('vrk.loader', $1, true) AS loader, "
+                        "set_config('vrk.batch_key', $2, true) AS batchKey OFFSET 0) AS settings",
+                        values, error);
+    if (!done || done.integer(0, 0) != 0)
+        return bool(done);
     *error = {StoreError::NoSuchRow, QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name),
               QString()};
     return false;

@@ -45,6 +45,8 @@ public:
     int newsDescriptor() const override { return m_link.descriptor(); }
 
     bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* error) override;
+    bool writeFile(const QString& folder, const QString& name, const QByteArray& content,
+                   StoreError* error) override;
 
     bool beginRead(StoreError* error) override;
     void endRead() override;

@@ -114,6 +114,15 @@ bool SqliteAdmin::rebuildSearch(const QString& file, StoreError* error)
            SqliteSchema::rebuildSearch(*connection, error) && connection->exec("COMMIT", error);
 }
 
+bool SqliteAdmin::changeProperty(const QString& file, const QByteArray& name, const QByteArray& value,
+                                 StoreError* error)
+{
+    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadWrite, deadlineMs, error);
+    return connection && connection->exec("BEGIN IMMEDIATE", error) &&
+           logged(*connection, error, [&] { return setProperty(*connection, name, value, error); }) &&
+           connection->exec("COMMIT", error);
+}
+
 bool SqliteAdmin::check(const QString& file, QVector<StoreAdmin::Finding>* findings, StoreError* error)
 {
     const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOnly, deadlineMs, error);

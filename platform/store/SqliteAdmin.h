@@ -8,6 +8,7 @@ namespace SqliteAdmin
 bool init(const QString& file, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error);
 bool upgrade(const QString& file, StoreError* error);
 bool rebuildSearch(const QString& file, StoreError* error);
+bool changeProperty(const QString& file, const QByteArray& name, const QByteArray& value, StoreError* error);
 bool check(const QString& file, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 bool backup(const QString& file, const QString& copy, StoreError* error);
 bool putFile(const QString& file, const QString& folder, const QString& name, const QByteArray& content,

@@ -36,6 +36,18 @@ QByteArray trigger(const CatalogTable& table, const QByteArray& operation, int e
            "\n    FROM CurrentTransaction;\nEND;\n";
 }
 
+/// No engine has this literal for infinity, but a number that is too large reads as one. NaN is stored as null.
+QByteArray finiteCheck(const CatalogTable& table, bool isUpdate)
+{
+    QByteArray faults;
+    for (const QByteArray& field : table.reals())
+        faults += (faults.isEmpty() ? "" : " OR ") + QByteArray("abs(NEW.") + field + ") = 9e999" +
+                  (isUpdate ? " AND NEW." + field + " IS NOT OLD." + field : QByteArray());
+    return faults.isEmpty()
+               ? QByteArray()
+               : "    SELECT RAISE(ABORT, 'Недопустимое время или число.')\n    WHERE " + faults + ";\n";
+}
+
 const SchemaScript::Dialect dialect{"CREATE TRIGGER %name BEFORE %operation ON %table\n"
                                     "WHEN (SELECT loader FROM CurrentTransaction) = 0%condition\nBEGIN\n",
                                     "END;", "SELECT RAISE(ABORT, %text)", "(%values ->> %place)"};
@@ -62,8 +74,9 @@ QByteArray SqliteSchema::logTriggers(const CatalogTable& table)
     const QByteArray sameKey = "    SELECT RAISE(ABORT, 'Ключ строки не изменяется.')\n"
                                "    WHERE " +
                                table.rowKeyOf("NEW") + " IS NOT " + table.rowKeyOf("OLD") + ";\n";
-    return trigger(table, "insert", 601, keyCheck + treeCheck) +
-           trigger(table, "update", 602, sameKey + treeCheck) + trigger(table, "delete", 603, QByteArray());
+    return trigger(table, "insert", 601, keyCheck + treeCheck + finiteCheck(table, false)) +
+           trigger(table, "update", 602, sameKey + treeCheck + finiteCheck(table, true)) +
+           trigger(table, "delete", 603, QByteArray());
 }
 
 namespace

@@ -1,5 +1,8 @@
 #include "SqliteStore.h"
 
+#include "GenGuid32.h"
+#include "SqliteTransaction.h"
+
 #include <QDateTime>
 #include <QFileInfo>
 
@@ -180,5 +183,44 @@ bool SqliteStore::file(const QString& folder, const QString& name, QByteArray* c
         return fail(*m_read, error);
     *error = {StoreError::NoSuchRow, QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name),
               QString()};
+    return false;
+}
+
+bool SqliteStore::writeFile(const QString& folder, const QString& name, const QByteArray& content,
+                            StoreError* error)
+{
+    if (!ready(error))
+        return false;
+    if (!m_options.loader && !hasRight("ADMINISTRATOR")) {
+        *error = {StoreError::Refused, QString::fromUtf8("Файлы хранилища записывает только администратор."),
+                  QString()};
+        return false;
+    }
+    const auto change = [&] {
+        const QByteArray folderBytes = folder.toUtf8();
+        const QByteArray nameBytes = name.toUtf8();
+        SqliteStatement statement = m_write->cached(
+            content.isNull() ? "DELETE FROM StoreFiles WHERE folder = ? AND name = ?"
+                             : "INSERT INTO StoreFiles (folder, name, content) VALUES (?, ?, ?)"
+                               " ON CONFLICT (folder, name) DO UPDATE SET content = excluded.content");
+        statement.bind(1, folderBytes).bind(2, nameBytes);
+        if (!content.isNull())
+            statement.bindBlob(3, content);
+        if (!statement.run())
+            return fail(*m_write, error);
+        if (sqlite3_changes(m_write->handle()) > 0)
+            return true;
+        *error = {StoreError::NoSuchRow,
+                  QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name), QString()};
+        return false;
+    };
+    if (!m_write->exec("BEGIN IMMEDIATE", error))
+        return false;
+    SqliteTransaction transaction(*m_write, {writerName(), m_user.key, m_options.loader});
+    if (transaction.begin(error) && change() && transaction.close(GenGuid32(), serverTime(), error) &&
+        m_write->exec("COMMIT", error))
+        return true;
+    if (!sqlite3_get_autocommit(m_write->handle()))
+        m_write->exec("ROLLBACK");
     return false;
 }

@@ -39,6 +39,8 @@ public:
     bool hasNews() override;
 
     bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* error) override;
+    bool writeFile(const QString& folder, const QString& name, const QByteArray& content,
+                   StoreError* error) override;
 
     bool beginRead(StoreError* error) override;
     void endRead() override;

@@ -1,3 +1,4 @@
+#include "MDRValues.h"
 #include "PostgresStore.h"
 #include "SqliteStore.h"
 #include "StoreUrl.h"
@@ -11,4 +12,16 @@ std::unique_ptr<Store> Store::open(const QString& url, const Options& options, S
         return PostgresStore::open(url, options, error);
     *error = parsed.error();
     return nullptr;
+}
+
+int Store::longestShift()
+{
+    StoreError error;
+    CMDArray answer;
+    answer = select("SELECT seconds FROM LongestShift", &error);
+    MDRVar value;
+    if (!answer.array ||
+        MDRGetVal(MDRFldByNum(answer.array, 0), MDARec(answer.array, 0, 0), &value) != mdr_Ok)
+        return 0;
+    return value.value.number;
 }

@@ -92,6 +92,8 @@ public:
     virtual bool hasRight(const QByteArray& right) = 0;
     /// The server's present time as HfnTime; 0 when it cannot be had.
     virtual double serverTime() = 0;
+    /// The longest workshift that the store takes, in seconds; 0 when it cannot be had.
+    virtual int longestShift();
 
     /// Runs one select, read-only, as it stands. The answer, owned by the caller, has the declared field
     /// names and types and the order-of-entry key, also when it has no rows. Blobs stay in the store until
@@ -130,6 +132,9 @@ public:
     /// A named file of the store, such as folder "options", name "OperLogOptions". False when it is not
     /// there.
     virtual bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* error) = 0;
+    /// Writes a named file whole; a null \a content removes it. Only for who has the right "ADMINISTRATOR".
+    virtual bool writeFile(const QString& folder, const QString& name, const QByteArray& content,
+                           StoreError* error) = 0;
 
     /// \name What server scripts see: a table ordered by one of the keys that the store declares for it (key
     /// 0 is KeyLink, key 1 of LogbookWorkshifts is "DepartmentKey;startTime:0x4"), within one consistent

@@ -63,6 +63,16 @@ bool StoreAdmin::rebuildSearch(const QString& url, StoreError* error)
         [&] { return PostgresAdmin::rebuildSearch(url, error); });
 }
 
+bool StoreAdmin::setLongestShift(const QString& url, int seconds, StoreError* error)
+{
+    const QByteArray name = "longestShift";
+    const QByteArray value = QByteArray::number(seconds);
+    return dispatch(
+        url, error,
+        [&](const QString& file) { return SqliteAdmin::changeProperty(file, name, value, error); },
+        [&] { return PostgresAdmin::changeProperty(url, name, value, error); });
+}
+
 bool StoreAdmin::check(const QString& url, QVector<Finding>* findings, StoreError* error)
 {
     findings->clear();

@@ -25,6 +25,9 @@ bool upgrade(const QString& url, StoreError* error);
 /// Fills the index of the search anew; the journal itself stays as it is.
 bool rebuildSearch(const QString& url, StoreError* error);
 
+/// From now on no workshift longer than this is opened. The present value is Store::longestShift.
+bool setLongestShift(const QString& url, int seconds, StoreError* error);
+
 /// One finding of a check.
 struct Finding {
     enum Grade { Note, Fault } grade = Fault;

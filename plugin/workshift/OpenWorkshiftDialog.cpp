@@ -188,9 +188,20 @@ void OpenWorkshiftDialog::updateStateControls()
     m_form->applyButton->setToolTip(overlap.isEmpty() ? QStringLiteral("Ctrl+Enter") : overlap);
     m_form->missingLabel->setText(m_form->workersTable->rowCount() == 0 ? tr("Добавьте сотрудников в смену")
                                   : from >= end() ? tr("Начало смены должно быть раньше конца")
-                                  : !overlap.isEmpty()    ? overlap
-                                  : !m_filler->isFilled() ? missingText()
-                                                          : QString());
+                                  : !tooLongText().isEmpty() ? tooLongText()
+                                  : !overlap.isEmpty()       ? overlap
+                                  : !m_filler->isFilled()    ? missingText()
+                                                             : QString());
+}
+
+QString OpenWorkshiftDialog::tooLongText() const
+{
+    if (m_longestShift <= 0 || start().secsTo(end()) <= m_longestShift)
+        return {};
+    const int minutes = m_longestShift % secondsOfHour / 60;
+    return tr("Смена длиннее разрешённых %1 ч%2: журнал её не примет")
+        .arg(m_longestShift / secondsOfHour)
+        .arg(minutes > 0 ? tr(" %1 мин").arg(minutes) : QString());
 }
 
 QWidget* OpenWorkshiftDialog::wrongField() const
@@ -211,6 +222,7 @@ void OpenWorkshiftDialog::updateWorkshiftControls()
 void OpenWorkshiftDialog::uploadLastWorkshift()
 {
     m_lastWorkshiftEnd = lastWorkshiftEnd(module(), m_departmentKey);
+    m_longestShift = module()->session()->longestShift();
 }
 
 void OpenWorkshiftDialog::setDefaultWorkshiftComposition()

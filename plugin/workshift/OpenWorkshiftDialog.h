@@ -70,8 +70,11 @@ private:
 
     QDateTime start() const;
     QDateTime end() const;
+    /// Says that the journal will not take a shift of this length; empty when it will.
+    QString tooLongText() const;
 
     QString m_organizationKey;
     QDateTime m_lastWorkshiftEnd; ///< invalid when unknown
+    int m_longestShift = 0;       ///< in seconds; 0 when unknown
     std::unique_ptr<Ui::OpenWorkshiftDialog> m_form;
 };

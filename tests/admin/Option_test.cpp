@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-/// vrk-admin option, on a store of either engine.
+/// vrk-admin option, shift and check --ready: what an administrator says about shifts, on a store of either engine.
 class Option_test : public QObject
 {
     Q_OBJECT
@@ -39,6 +39,30 @@ private:
         TestStore store{TestStore::Empty};
     };
 
+    /// The standard journal; its shift SHIFT_CDS_OPEN is the one to be mended.
+    struct Shifts : AdminRun {
+        Shifts() { url = store.url(); }
+        Command::ExitCode correct(const QStringList& rest)
+        {
+            return call("shift",
+                        QStringList{QStringLiteral("correct"), QStringLiteral("SHIFT_CDS_OPEN")} + rest);
+        }
+        void load(const TestStore::Fields& fields) const
+        {
+            if (!TestStore::write(store.openLoader().get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                                  fields))
+                qFatal("cannot write the shift");
+        }
+        double number(const char* field) const
+        {
+            return store
+                .value(QStringLiteral("SELECT %1 FROM LogbookWorkshifts WHERE KeyLink = 'SHIFT_CDS_OPEN'")
+                           .arg(QLatin1String(field)))
+                .toDouble();
+        }
+        TestStore store;
+    };
+
 private slots:
     void setWritesAndListTells()
     {
@@ -46,7 +70,8 @@ private slots:
         QCOMPARE(options.set({QStringLiteral("CheckLengthShift=on"), QStringLiteral("DelayTime=15m"),
                               QStringLiteral("IntervalMessage=5m")}),
                  Command::Success);
-        const QString told = QStringLiteral("CheckLengthShift=on\nDelayTime=15m\nIntervalMessage=5m\n");
+        const QString told =
+            QStringLiteral("CheckLengthShift=on\nDelayTime=15m\nIntervalMessage=5m\nLongestShift=48h\n");
         QCOMPARE(options.out, told);
         QCOMPARE(options.err, QString());
         QCOMPARE(options.stored(),
@@ -68,14 +93,18 @@ private slots:
         QCOMPARE(read().interval, 90);
         QCOMPARE(options.set({QStringLiteral("CheckLengthShift=нет")}), Command::Success);
         QVERIFY(!read().isOn);
-        QCOMPARE(options.out, QStringLiteral("CheckLengthShift=off\nDelayTime=1h\nIntervalMessage=1m30s\n"));
+        QCOMPARE(
+            options.out,
+            QStringLiteral("CheckLengthShift=off\nDelayTime=1h\nIntervalMessage=1m30s\nLongestShift=48h\n"));
     }
 
     void withoutAFileEverythingIsOff()
     {
         Options options;
         QCOMPARE(options.list(), Command::Success);
-        QCOMPARE(options.out, QStringLiteral("CheckLengthShift=off\nDelayTime=0s\nIntervalMessage=0s\n"));
+        QCOMPARE(
+            options.out,
+            QStringLiteral("CheckLengthShift=off\nDelayTime=0s\nIntervalMessage=0s\nLongestShift=48h\n"));
         QVERIFY(options.stored().isNull());
     }
 
@@ -86,13 +115,33 @@ private slots:
                     "<Options CheckLengthShift=\"1\" Colour=\"red\" DelayTime=\"60\"/></OperLog>");
         QCOMPARE(options.set({QStringLiteral("IntervalMessage=1h30m5s"), QStringLiteral("DelayTime=2ч")}),
                  Command::Success);
-        QCOMPARE(options.out, QStringLiteral("CheckLengthShift=on\nDelayTime=2h\nIntervalMessage=1h30m5s\n"));
+        QCOMPARE(
+            options.out,
+            QStringLiteral("CheckLengthShift=on\nDelayTime=2h\nIntervalMessage=1h30m5s\nLongestShift=48h\n"));
         const QString text = TestStore::text(options.stored());
         QVERIFY2(text.contains(QStringLiteral("<!-- порядок -->")), qPrintable(text));
         QVERIFY(text.contains(QStringLiteral("<Other a=\"ф\"/>")));
         QVERIFY(text.contains(QStringLiteral("Colour=\"red\"")));
         QVERIFY(text.contains(QStringLiteral("DelayTime=\"7200\"")));
         QCOMPARE(text.count(QStringLiteral("<Options")), 1);
+    }
+
+    void theLongestShiftIsAPropertyOfTheStore()
+    {
+        Options options;
+        QCOMPARE(options.set({QStringLiteral("LongestShift=36h")}), Command::Success);
+        QVERIFY(options.out.endsWith(QStringLiteral("LongestShift=36h\n")));
+        QVERIFY(options.stored().isNull());
+        QCOMPARE(options.list(), Command::Success);
+        QVERIFY(options.out.endsWith(QStringLiteral("LongestShift=36h\n")));
+        StoreError error;
+        QCOMPARE(Store::open(options.url, {}, &error)->longestShift(), 36 * 3600);
+        QCOMPARE(options.set({QStringLiteral("LongestShift=0")}), Command::WrongUsage);
+        QCOMPARE(options.set({QStringLiteral("LongestShift=12h30m"), QStringLiteral("DelayTime=5m")}),
+                 Command::Success);
+        QVERIFY(options.stored().contains("DelayTime=\"300\""));
+        QVERIFY(!options.stored().contains("LongestShift"));
+        QVERIFY(options.out.endsWith(QStringLiteral("LongestShift=12h30m\n")));
     }
 
     void aFileWithoutTheElementGetsIt()
@@ -150,9 +199,137 @@ private slots:
         Options options;
         options.put("<Options CheckLengthShift=\"1\" DelayTime=\"soon\" IntervalMessage=\"60\"/>");
         QCOMPARE(options.list(), Command::Success);
-        QCOMPARE(options.out, QStringLiteral("CheckLengthShift=on\nDelayTime=0s\nIntervalMessage=1m\n"));
+        QCOMPARE(options.out,
+                 QStringLiteral("CheckLengthShift=on\nDelayTime=0s\nIntervalMessage=1m\nLongestShift=48h\n"));
         QVERIFY(options.err.contains(QStringLiteral("DelayTime: «soon» не число")));
         QVERIFY(options.err.contains(QStringLiteral("молчит")));
+    }
+
+    // Mistyped shifts
+
+    void shiftsThatMayBeCorrectedAreListed()
+    {
+        Shifts shifts;
+        QCOMPARE(shifts.call("shift", {QStringLiteral("list")}), Command::Success);
+        for (const char* key : {"SHIFT_CDS_OPEN", "SHIFT_ZAR_OPEN"})
+            QVERIFY2(shifts.out.contains(QStringLiteral("  %1  открыта  ").arg(QLatin1String(key))),
+                     qPrintable(shifts.out));
+        QVERIFY(!shifts.out.contains(QStringLiteral("SHIFT_CDS_PAST")));
+        QVERIFY(shifts.out.contains(QStringLiteral("ОДС:\n")));
+        TestStore::write(shifts.store.openLoader().get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                         {{"CloseWorkerKey", "WORKER_IVANOV"}});
+        QCOMPARE(shifts.call("shift", {QStringLiteral("list")}), Command::Success);
+        QVERIFY(shifts.out.contains(QStringLiteral("  SHIFT_CDS_OPEN  закрыта  ")));
+    }
+
+    void mistypedEndOfAShiftIsMended()
+    {
+        Shifts shifts;
+        const double start = shifts.number("startTime");
+        shifts.load({{"endTime", start + 40 * 365 * 86400.0}});
+        QCOMPARE(shifts.call("check", {QStringLiteral("--ready")}), Command::FaultsFound);
+        QVERIFY2(shifts.out.contains(QStringLiteral("vrk-admin shift URL correct SHIFT_CDS_OPEN")),
+                 qPrintable(shifts.out));
+        QCOMPARE(shifts.call("check"), Command::Success); // a note
+        QVERIFY(shifts.out.contains(QStringLiteral("SHIFT_CDS_OPEN")));
+
+        const QDateTime end = QDateTime::fromSecsSinceEpoch(qint64(start) / 60 * 60).addSecs(12 * 3600);
+        QCOMPARE(shifts.correct({QStringLiteral("--end"), end.toString(QStringLiteral("dd.MM.yyyy hh:mm")),
+                                 QStringLiteral("--reason"), QStringLiteral("  опечатка\nв годе: 2066 ")}),
+                 Command::Success);
+        QCOMPARE(shifts.number("endTime"), double(end.toSecsSinceEpoch()));
+        QCOMPARE(shifts.number("startTime"), start);
+        // The log keeps who, when and why; the list tells it.
+        QCOMPARE(shifts.store
+                     .value(QStringLiteral("SELECT L.rowKey || T.login FROM ChangeTransactions AS T JOIN "
+                                           "ChangeLog AS L ON L.number = T.number WHERE T.batchKey LIKE "
+                                           "'%опечатка в годе: 2066'"))
+                     .toString(),
+                 QStringLiteral("SHIFT_CDS_OPENloader"));
+        QCOMPARE(shifts.call("shift", {QStringLiteral("list")}), Command::Success);
+        QVERIFY2(shifts.out.contains(QStringLiteral(": опечатка в годе: 2066\n")), qPrintable(shifts.out));
+        QCOMPARE(shifts.call("check", {QStringLiteral("--ready")}),
+                 Command::FaultsFound); // no timetable of ОДС
+        QVERIFY(!shifts.out.contains(QStringLiteral("SHIFT_CDS_OPEN")));
+    }
+
+    void impossibleCorrectionsAreRefused_data()
+    {
+        QTest::addColumn<QString>("arguments"); // parted by "|"
+        QTest::addColumn<QString>("refusal");
+        const auto row = [](const char* arguments, const char* refusal) {
+            QTest::newRow(arguments) << QString::fromUtf8(arguments) << QString::fromUtf8(refusal);
+        };
+        row("SHIFT_NONE|--end|01.01.2001 08:00|--reason|x", "Смены «SHIFT_NONE» нет");
+        row("SHIFT_CDS_PAST|--end|01.01.2001 08:00|--reason|x", "только открытую или последнюю");
+        row("SHIFT_CDS_OPEN|--end|01.01.2001 08:00|--reason|x", "раньше её конца");
+        row("SHIFT_CDS_OPEN|--end|01.01.2101 08:00|--reason|x", "длиннее разрешённого");
+        row("SHIFT_CDS_OPEN|--end|32.01.2001 08:00|--reason|x", "не время вида");
+        row("SHIFT_CDS_OPEN|--end|08:00|--reason|x", "не время вида");
+        row("SHIFT_CDS_OPEN|--end|01.01.2001 08:00|--reason| ", "почему смена исправляется");
+        row("SHIFT_CDS_OPEN|--start|$past|--reason|x", "другая смена: SHIFT_CDS_PAST");
+        row("SHIFT_CDS_OPEN|--start|$start|--reason|x", "уже начинается и кончается");
+    }
+    void impossibleCorrectionsAreRefused()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, refusal);
+        Shifts shifts;
+        const double start = qint64(shifts.number("startTime")) / 60 * 60;
+        shifts.load({{"startTime", start}});
+        const auto shown = [](double time) {
+            return QDateTime::fromSecsSinceEpoch(qint64(time)).toString(QStringLiteral("dd.MM.yyyy hh:mm"));
+        };
+        arguments.replace(QStringLiteral("$past"), shown(start - 3600))
+            .replace(QStringLiteral("$start"), shown(start));
+        const QString changes = QStringLiteral("SELECT count(*) FROM ChangeTransactions");
+        const QVariant before = shifts.store.value(changes);
+        QCOMPARE(
+            shifts.call("shift", QStringList{QStringLiteral("correct")} + arguments.split(QLatin1Char('|'))),
+            Command::Failed);
+        QVERIFY2(shifts.err.contains(refusal), qPrintable(shifts.err));
+        QCOMPARE(shifts.store.value(changes), before);
+    }
+
+    void aReasonIsKeptWholeOrRefused()
+    {
+        Shifts shifts;
+        const auto correct = [&](int letters, const char* end) {
+            return shifts.correct({QStringLiteral("--end"), QLatin1String(end), QStringLiteral("--reason"),
+                                   QString(letters, QLatin1Char('x'))});
+        };
+        shifts.load({{"startTime", 1e9}, {"endTime", 1e9 + 3600}});
+        QCOMPARE(correct(501, "09.09.2001 10:00"), Command::Failed);
+        QVERIFY(shifts.err.contains(QStringLiteral("длиннее 500 знаков")));
+        QCOMPARE(correct(500, "09.09.2001 10:00"), Command::Success);
+        QVERIFY(shifts.out.contains(QString(500, QLatin1Char('x'))));
+    }
+
+    void wrongArgumentsGetTheUsage()
+    {
+        Shifts shifts;
+        for (const char* wrong :
+             {"", "correct", "correct SHIFT_CDS_OPEN", "correct SHIFT_CDS_OPEN --reason x",
+              "correct SHIFT_CDS_OPEN --end 1", "correct --end 1 --reason x", "list extra",
+              "correct A B --end 1 --reason x", "correct A --end 1 --reason",
+              "correct A --end 1 --end 2 --reason x", "correct A --by x --reason x"}) {
+            QCOMPARE(
+                shifts.call("shift", QString::fromLatin1(wrong).split(QLatin1Char(' '), Qt::SkipEmptyParts)),
+                Command::WrongUsage);
+            QVERIFY(shifts.err.contains(QStringLiteral("vrk-admin shift URL correct")));
+        }
+    }
+
+    void tooLongTimetableIsNotReady()
+    {
+        Shifts shifts;
+        QCOMPARE(shifts.call("option", {QStringLiteral("set"), QStringLiteral("LongestShift=11h")}),
+                 Command::Success);
+        QCOMPARE(shifts.call("check", {QStringLiteral("--ready")}), Command::FaultsFound);
+        QCOMPARE(shifts.out.count(QStringLiteral("длиннее разрешённого (shifts.csv")), 3);
+        shifts.call("option", {QStringLiteral("set"), QStringLiteral("LongestShift=12h")});
+        shifts.call("check", {QStringLiteral("--ready")});
+        QVERIFY2(!shifts.out.contains(QStringLiteral("длиннее")), qPrintable(shifts.out));
     }
 
     void aMissingStoreIsTold()

@@ -113,6 +113,14 @@ public:
         *content = *found;
         return true;
     }
+    bool writeFile(const QString& folder, const QString& name, const QByteArray& content,
+                   StoreError* failure) override
+    {
+        if (fails(failure))
+            return false;
+        m_state->files.insert(folder + QLatin1Char('/') + name, content);
+        return true;
+    }
     bool beginRead(StoreError* failure) override
     {
         m_state->reading = !fails(failure);

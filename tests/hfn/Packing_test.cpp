@@ -31,6 +31,7 @@ private slots:
     void forgedLengthsAllocateNothing();
     void randomDamageUnderAValidChecksumHarmsNothing();
     void writerAndReaderAgree();
+    void nonFiniteNumbersAreNotPacked();
     void formsBeyondAGibibyteAreRefusedWhole();
     void nullIsAnsweredByCodes();
 };
@@ -399,6 +400,11 @@ void Packing_test::forgedContentIsRefused_data()
                                            QByteArray(384, 'a') + QByteArray(4, 0) + noRecords;
     QTest::newRow("a byte out of range")
         << "\1" + field("a", mdr_TByte) + noKeys + one + flags + value + QByteArray("\0\1\0\0", 4);
+    for (const QByteArray& bits :
+         {QByteArray("\0\0\0\0\0\0\xf0\x7f", 8), QByteArray("\0\0\0\0\0\0\xf0\xff", 8),
+          QByteArray("\0\0\0\0\0\0\xf8\x7f", 8)})
+        QTest::addRow("a number that is none, %s", bits.toHex().constData())
+            << "\1" + field("a", mdr_TDouble) + noKeys + one + flags + value + bits;
     QTest::newRow("unknown bits of a field")
         << "\1" + field("a", mdr_TByte) + noKeys + one + flags + QByteArray("\4", 1);
     QTest::newRow("a text beyond the end")
@@ -505,6 +511,17 @@ void Packing_test::writerAndReaderAgree()
     QVERIFY(!PackedReader("TEST", nothing.constData(), nothing.size() - 1).ok());
     QVERIFY(!PackedReader("TEST", nullptr, 0).ok());
     QVERIFY(!PackedReader("TEST", packed.constData(), -1).ok());
+}
+
+void Packing_test::nonFiniteNumbersAreNotPacked()
+{
+    for (const double value :
+         {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
+        MixedArray array;
+        MDRData* record = array.add("key", "time", MDRValue::real(value));
+        QCOMPARE(HFNArrayPack(array.array), QByteArray());
+        QCOMPARE(MDRRecPack(record), QByteArray());
+    }
 }
 
 void Packing_test::formsBeyondAGibibyteAreRefusedWhole()

@@ -201,6 +201,35 @@ private slots:
         }
     }
 
+    void filesAreWrittenByTheAdministrator()
+    {
+        const auto writeFile = [this](const char* login, const QByteArray& content) {
+            const auto store = login ? m_files->open(QLatin1String(login)) : m_files->openLoader();
+            StoreError error;
+            const bool done =
+                store->writeFile(QStringLiteral("options"), QStringLiteral("Ours"), content, &error);
+            m_refusal = error.text;
+            QByteArray read;
+            StoreError ignored;
+            return done &&
+                   (store->file(QStringLiteral("options"), QStringLiteral("Ours"), &read, &ignored) ==
+                    !content.isNull()) &&
+                   read == content;
+        };
+        for (const char* login : {"ivanov", "smirnov", "viewer"}) {
+            QVERIFY(!writeFile(login, "x"));
+            QCOMPARE(m_refusal, QString::fromUtf8("Файлы хранилища записывает только администратор."));
+        }
+        QVERIFY2(writeFile("sidorova", "first"), qPrintable(m_refusal));
+        QVERIFY2(writeFile("sidorova", QByteArray("\0second\xff", 8)), qPrintable(m_refusal));
+        QVERIFY(!writeFile("ivanov", QByteArray()));
+        QVERIFY2(writeFile("sidorova", QByteArray("")), qPrintable(m_refusal)); // empty, and still there
+        QVERIFY2(writeFile("sidorova", QByteArray()), qPrintable(m_refusal));
+        QVERIFY(!writeFile("sidorova", QByteArray()));
+        QCOMPARE(m_refusal, QString::fromUtf8("В хранилище нет файла «options/Ours»."));
+        QVERIFY2(writeFile(nullptr, "loaded"), qPrintable(m_refusal));
+    }
+
     // Persons and their rows of Workers
 
     void visaGoesByPersonsNotByRows()
@@ -264,6 +293,45 @@ private slots:
             QCOMPARE(sqlite3_exec(raw, sql, nullptr, nullptr, nullptr), SQLITE_CONSTRAINT);
             QCOMPARE(QString::fromUtf8(sqlite3_errmsg(raw)),
                      QString::fromUtf8("Данные изменяются только через хранилище журнала."));
+        }
+        sqlite3_close(raw);
+    }
+
+    /// Whoever speaks to the engine past our code may send what no array and no statement of ours lets through.
+    void nonFiniteTimesAreRefusedToEverybody()
+    {
+        sqlite3* raw = nullptr;
+        if (TestStore::isSqlite()) {
+            sqlite3_open(m_files->path().toUtf8().constData(), &raw);
+            ChangeRow::installFunction(raw);
+            RecordWords::installFunctions(raw);
+            sqlite3_exec(raw, "INSERT INTO CurrentTransaction VALUES (1000000, 'x', '', 1)", nullptr, nullptr,
+                         nullptr);
+        }
+        // This engine stores NaN as null.
+        const QList<QByteArray> values = raw ? QList<QByteArray>{"9e999", "-9e999"}
+                                             : QList<QByteArray>{"'infinity'", "'-infinity'", "'NaN'"};
+        const auto refusal = [&](const QByteArray& sql) {
+            if (!raw)
+                return m_files->exec(QStringLiteral("SELECT set_config('vrk.batch_key', 'X', false), "
+                                                    "set_config('vrk.loader', 'on', false); ") +
+                                     QString::fromUtf8(sql));
+            return sqlite3_exec(raw, sql, nullptr, nullptr, nullptr) == SQLITE_OK
+                       ? QString()
+                       : QString::fromUtf8(sqlite3_errmsg(raw));
+        };
+        for (const CatalogTable& table : TableCatalog::tables()) {
+            for (const QByteArray& field : table.reals()) {
+                for (const QByteArray& value : values) {
+                    const QByteArray name = table.name + ' ' + field + ' ' + value;
+                    QVERIFY2(refusal("INSERT INTO " + table.name + " (KeyLink, " + field + ") VALUES ('X', " +
+                                     value + ")") == QString::fromUtf8("Недопустимое время или число."),
+                             name);
+                    QVERIFY2(refusal("UPDATE " + table.name + " SET " + field + " = " + value) ==
+                                 QString::fromUtf8("Недопустимое время или число."),
+                             name);
+                }
+            }
         }
         sqlite3_close(raw);
     }

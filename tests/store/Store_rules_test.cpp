@@ -1,5 +1,6 @@
 #include "CMDArray.h"
 #include "GenGuid32.h"
+#include "StoreAdmin.h"
 #include "TableCatalog.h"
 #include "TestStore.h"
 #include "WriterOfRules.h"
@@ -107,6 +108,34 @@ private slots:
                        "CloseWorkerKey IS NULL")
                      .toInt(),
                  2);
+    }
+
+    void workshiftIsNoLongerThanTheLimit()
+    {
+        const auto open = [this](double seconds) {
+            Fields fields = newWorkshift("DEP_ODS", "WORKER_SMIRNOV_ODS", 1000);
+            fields.back() = {"endTime", 1000 + seconds};
+            const bool done = write("smirnov", "LogbookWorkshifts", ROW_INSERT, "S", fields);
+            if (done)
+                load("LogbookWorkshifts", ROW_DELETE, "S");
+            return done;
+        };
+        QVERIFY(open(48 * 3600));
+        QVERIFY(!open(48 * 3600 + 1));
+        QCOMPARE(m_refusal, QString::fromUtf8(
+                                "Смена длиннее, чем разрешено в этом журнале. Проверьте её начало и конец."));
+        QVERIFY(!open(1e300));
+        QCOMPARE(m_files->open(QStringLiteral("smirnov"))->longestShift(), 48 * 3600);
+        StoreError error;
+        QVERIFY2(StoreAdmin::setLongestShift(m_files->url(), 3600, &error), qPrintable(error.text));
+        QVERIFY(!open(3601));
+        QVERIFY(open(3600));
+        QCOMPARE(m_files->open(QStringLiteral("smirnov"))->longestShift(), 3600);
+        // Without a start it is as long as the time since 1970.
+        Fields endless = newWorkshift("DEP_ODS", "WORKER_SMIRNOV_ODS", 1000);
+        endless[3] = {"startTime", nullptr};
+        endless.back() = {"endTime", 4e9};
+        QVERIFY(!write("smirnov", "LogbookWorkshifts", ROW_INSERT, "S", endless));
     }
 
     void workshiftIsNotInsertedClosed()
@@ -368,7 +397,7 @@ private slots:
         QVERIFY2(write("ivanov", {gone("NEW3"), next, gone("NEW4"), nextButOne}), qPrintable(m_refusal));
     }
 
-    void nothingIsWrittenInTheNameOfAnotherWithoutReplacing()
+    void foreignAuthorNeedsAReplacedRecord()
     {
         // The old record stays, or was replaced before, whatever else the transaction does to it.
         QVERIFY(!write("ivanov", {successor("REC_ORDER")}));

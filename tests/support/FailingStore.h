@@ -39,6 +39,7 @@ public:
     }
     bool hasRight(const QByteArray& right) override { return m_store->hasRight(right); }
     double serverTime() override { return m_store->serverTime() + m_plan->clockAhead; }
+    int longestShift() override { return m_store->longestShift(); }
     MDArray* select(const QByteArray& sql, StoreError* error) override
     {
         m_plan->selects.append(sql);
@@ -97,6 +98,11 @@ public:
     bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* error) override
     {
         return m_store->file(folder, name, content, error);
+    }
+    bool writeFile(const QString& folder, const QString& name, const QByteArray& content,
+                   StoreError* error) override
+    {
+        return m_store->writeFile(folder, name, content, error);
     }
     bool beginRead(StoreError* error) override { return m_store->beginRead(error); }
     void endRead() override { m_store->endRead(); }

@@ -5,6 +5,7 @@
 #include "LogBookWidget.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
+#include "StoreAdmin.h"
 #include "TemplateFiller.h"
 #include "TemplatesWidget.h"
 #include "TestClient.h"
@@ -46,11 +47,13 @@ private slots:
     void theShiftMayNotBeginBeforeTheLastOneEnded();
     void theEndOfTheLastShiftIsAskedAtEachShowing();
     void withoutAnEarlierShiftAnyStartWillDo();
+    void tooLongShiftIsAnnouncedBeforeSaving();
     void anUnfilledTemplateHoldsTheOpeningBack();
     void aDepartmentWithoutTemplatesIsTold();
     void escapeClosesIt();
     void controlEnterGoesToWhatIsMissingOrOpens();
     void writesShiftCrewAndRecord();
+    void namelessWorkersAreWrittenIntoTheCrew();
     void withoutADepartmentNothingIsOpened();
     void withoutAWorkerNothingIsOpened();
 
@@ -357,6 +360,29 @@ void OpenWorkshiftDialog_test::withoutAnEarlierShiftAnyStartWillDo()
     QCOMPARE(told(), QStringLiteral("Начало смены должно быть раньше конца"));
 }
 
+void OpenWorkshiftDialog_test::tooLongShiftIsAnnouncedBeforeSaving()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    fillAll();
+    setStart(QDateTime(QDate(2030, 1, 1), QTime(8, 0))); // for two days
+    QCOMPARE(told(), QString());
+    auto* endTime = m_dialog->findChild<QTimeEdit*>(QStringLiteral("endTimeEdit"));
+    endTime->setTime(QTime(8, 1));
+    QCOMPARE(told(), tr("Смена длиннее разрешённых 48 ч: журнал её не примет"));
+    QTest::mouseClick(applyButton(), Qt::LeftButton);
+    QCOMPARE(m_store
+                 ->value(QStringLiteral("SELECT count(*) FROM LogbookWorkshifts WHERE "
+                                        "DepartmentKey='DEP_ODS'"))
+                 .toInt(),
+             0);
+    // The limit is asked for at each showing.
+    StoreError error;
+    QVERIFY(StoreAdmin::setLongestShift(m_store->url(), 45000, &error));
+    m_dialog->show();
+    setStart(QDateTime(QDate(2030, 1, 1), QTime(8, 0)));
+    QCOMPARE(told(), tr("Смена длиннее разрешённых 12 ч 30 мин: журнал её не примет"));
+}
+
 void OpenWorkshiftDialog_test::anUnfilledTemplateHoldsTheOpeningBack()
 {
     start(QStringLiteral("smirnov"), "DEP_ODS");
@@ -462,6 +488,29 @@ void OpenWorkshiftDialog_test::writesShiftCrewAndRecord()
     QVERIFY(record[0][5].isNull());
     QVERIFY(record[0][6].isNull());
     QVERIFY(record[0][7].toString().contains(QStringLiteral("open_wshift")));
+}
+
+void OpenWorkshiftDialog_test::namelessWorkersAreWrittenIntoTheCrew()
+{
+    for (const char* key : {"WORKER_SMIRNOV_ODS", "WORKER_SIDOROVA"})
+        QVERIFY(
+            TestStore::write(m_store->openLoader().get(), "Workers", ROW_UPDATE, key,
+                             {{"firstName", nullptr}, {"lastName", nullptr}, {"patronymicName", nullptr}}));
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    QCOMPARE(crew()->item(0, 0)->text(), QStringLiteral("smirnov"));
+    for (int i = 0; i < 2; ++i)
+        choose("WORKER_SIDOROVA");
+    choose("WORKER_SMIRNOV_ODS");
+    QCOMPARE(crew()->rowCount(), 2);
+    QCOMPARE(crew()->item(1, 0)->text(), QStringLiteral("sidorova"));
+    fillAll();
+    setStart(QDateTime(QDate(2030, 1, 1), QTime(8, 0)));
+    QTest::mouseClick(applyButton(), Qt::LeftButton);
+    QCOMPARE(
+        m_store->rows(QStringLiteral("SELECT WorkerKey FROM LogbookWorkersWorkshift WHERE WorkshiftKey IN "
+                                     "(SELECT KeyLink FROM LogbookWorkshifts WHERE DepartmentKey='DEP_ODS') "
+                                     "ORDER BY 1")),
+        (QVector<QVariantList>{{QStringLiteral("WORKER_SIDOROVA")}, {QStringLiteral("WORKER_SMIRNOV_ODS")}}));
 }
 
 void OpenWorkshiftDialog_test::withoutADepartmentNothingIsOpened()

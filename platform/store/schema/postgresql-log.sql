@@ -123,6 +123,22 @@ CREATE TRIGGER B_Hold BEFORE INSERT OR DELETE ON LogbookWorkersWorkshift
 CREATE TRIGGER B_Hold BEFORE INSERT ON LogbookWorkshifts
     FOR EACH ROW EXECUTE FUNCTION vrk_hold_workshift();
 
+-- Writes a named file, or removes it where there are no bytes; false when there was none. Clients may not write the table.
+CREATE FUNCTION vrk_write_file(inFolder text, called text, bytes bytea) RETURNS boolean LANGUAGE plpgsql
+    SECURITY DEFINER SET search_path = pg_catalog, public, pg_temp AS $$
+BEGIN
+    IF NOT vrk_is_loader() AND NOT EXISTS (SELECT 1 FROM CurrentRights WHERE rightName = 'ADMINISTRATOR') THEN
+        PERFORM vrk_refuse('Файлы хранилища записывает только администратор.');
+    END IF;
+    IF bytes IS NULL THEN
+        DELETE FROM StoreFiles WHERE folder = inFolder AND name = called;
+    ELSE
+        INSERT INTO StoreFiles (folder, name, content) VALUES (inFolder, called, bytes)
+        ON CONFLICT (folder, name) DO UPDATE SET content = excluded.content;
+    END IF;
+    RETURN FOUND;
+END $$;
+
 -- Those who move categories come one after the other, since two moves may close a circle that neither of them sees. A
 -- row that no client may lock, and no advisory lock, which anybody may hold.
 CREATE FUNCTION vrk_hold_trees() RETURNS void LANGUAGE sql AS $$

@@ -37,6 +37,10 @@ CREATE VIEW CurrentOpenWorkshifts AS
 
 -- Workshifts
 
+-- How long a workshift may be, in seconds: a property of the store, two days where it is not set.
+CREATE VIEW LongestShift AS
+    SELECT coalesce((SELECT CAST(value AS integer) FROM StoreProperties WHERE name = 'longestShift'), 172800) AS seconds;
+
 RULE Rule_Workshifts_insert BEFORE INSERT ON LogbookWorkshifts
     REFUSE 'Смену открывают от своего имени и в своём подразделении.'
     WHERE NOT EXISTS (SELECT 1 FROM CurrentWorkers
@@ -46,6 +50,9 @@ RULE Rule_Workshifts_insert BEFORE INSERT ON LogbookWorkshifts
     WHERE coalesce(NEW.startTime, 0) < coalesce((SELECT endTime FROM LogbookWorkshifts
                                                  WHERE DepartmentKey = NEW.DepartmentKey
                                                  ORDER BY startTime DESC NULLS LAST LIMIT 1), 0);
+    -- Another shift could not begin before the end of this one, which may be years away by a slip of the hand.
+    REFUSE 'Смена длиннее, чем разрешено в этом журнале. Проверьте её начало и конец.'
+    WHERE coalesce(NEW.endTime, 0) - coalesce(NEW.startTime, 0) > (SELECT seconds FROM LongestShift);
 END;
 
 RULE Rule_Workshifts_update BEFORE UPDATE ON LogbookWorkshifts
