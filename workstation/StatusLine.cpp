@@ -25,6 +25,8 @@ constexpr int charactersOfMessage = 40;
 constexpr int secondsBetweenSynchronizations = 60;
 /// A clock of this computer that goes wrong by more is told.
 constexpr qint64 toleratedDeviationMs = 5000;
+/// Legible on light and dark grounds.
+const char noticeColours[] = "color: black; background: #F2C94C; padding: 1px 6px;";
 
 /// What the tables of a refused write are called; names that say nothing to a dispatcher are left out.
 QString titlesOf(const QString& tables)
@@ -115,7 +117,7 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     connect(m_themeButton, &QToolButton::clicked, this, [] { Theme::toggle(); });
 
     m_deviationLabel = panel(QStringLiteral("deviationLabel"), layout);
-    m_deviationLabel->setStyleSheet(QStringLiteral("color: black; background: #F2C94C; padding: 1px 6px;"));
+    m_deviationLabel->setStyleSheet(QLatin1String(noticeColours));
     m_deviationLabel->setToolTip(tr("Журнал живёт по времени сервера. Сверьте часы этого компьютера."));
     m_clockLabel = panel(QStringLiteral("clockLabel"), layout);
     m_clockLabel->setToolTip(tr("Время сервера"));
@@ -179,7 +181,8 @@ void StatusLine::fitTexts()
 void StatusLine::setTexts(bool isShort)
 {
     m_isShort = isShort;
-    m_connectionLabel->setVisible(!isShort || !m_session->isConnected()); // the icon says it as well
+    // Of a connection as it should be the icon tells as well.
+    m_connectionLabel->setVisible(!isShort || !m_session->isConnected() || !m_session->caution().isEmpty());
     const QString name = isShort ? shortName(m_user) : m_user;
     m_userLabel->setText(m_department.isEmpty() ? name : QStringLiteral("%1, %2").arg(name, m_department));
     m_unreadButton->setText(
@@ -275,7 +278,11 @@ void StatusLine::showConnection(bool connected)
         connected ? QStringLiteral(":/vrk/connected.png") : QStringLiteral(":/vrk/disconnected.png");
     const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
     m_connectionIcon->setPixmap(QIcon(icon).pixmap(side, side));
-    m_connectionLabel->setText(connected ? tr("Подключено") : tr("Нет связи с хранилищем"));
+    const QString caution = connected ? m_session->caution() : QString();
+    m_connectionLabel->setText(!connected          ? tr("Нет связи с хранилищем")
+                               : caution.isEmpty() ? tr("Подключено")
+                                                   : tr("Подключено: %1").arg(caution));
+    m_connectionLabel->setStyleSheet(caution.isEmpty() ? QString() : QLatin1String(noticeColours));
     m_connectionIcon->setToolTip(m_connectionLabel->text());
     if (m_clockLabel)
         fitTexts();

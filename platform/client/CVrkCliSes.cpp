@@ -102,6 +102,11 @@ bool CVrkCliSes::isConnected() const
     return d->connected;
 }
 
+QString CVrkCliSes::caution() const
+{
+    return d->store->caution();
+}
+
 bool CVrkCliSes::isBusy() const
 {
     return d->requests > 0;

@@ -81,6 +81,8 @@ public:
     /// Asks the server at once what has changed; the events then wait for takeEvents. Returns their number.
     int pollEvents();
     bool isConnected() const;
+    /// What the user should know of the connection, in two or three words, such as "только просмотр"; mostly empty.
+    QString caution() const;
     /// True inside a request.
     bool isBusy() const;
     /// Blocks that were given out and not freed yet.

@@ -1,5 +1,7 @@
 #include "PgConnection.h"
 
+#include "PgAddress.h"
+
 #include <algorithm>
 #include <poll.h>
 #include <QRegularExpression>
@@ -31,6 +33,7 @@ QString placeOf(const QString& address)
 
 PgConnection::PgConnection(const QString& url, int deadlineMs, const Instead& instead)
     : m_url(url.toUtf8()),
+      m_sslMode(PgAddress::sslMode(url)),
       m_instead(instead),
       m_place(placeOf(url)),
       m_deadlineMs(deadlineMs),
@@ -77,6 +80,7 @@ PgAttempt* PgConnection::attempt()
     addInstead("dbname", m_instead.database);
     addInstead("user", m_instead.login);
     addInstead("password", m_instead.password);
+    addInstead("sslmode", m_sslMode);
     m_attempt = std::make_unique<PgAttempt>(settings);
     watch(m_attempt->descriptor());
     return m_attempt.get();
@@ -118,8 +122,20 @@ StoreError PgConnection::connectError() const
     } else if (state.startsWith(QLatin1String("28"))) {
         error.code = state == QLatin1String("28P01") ? StoreError::Password : StoreError::Refused;
         error.text = QString::fromUtf8("Сервер «%1» не принял имя или пароль.").arg(m_place);
+    } else if (state == QLatin1String("3D000")) {
+        error.code = StoreError::Missing;
+        error.text = QString::fromUtf8("Сервер работает, но базы «%1» на нём нет.").arg(m_place);
+    } else if (PgAddress::isAboutProof(detail)) {
+        error.text = QString::fromUtf8("Сервер «%1» не доказал, что он тот самый. Чего не хватает, скажет "
+                                       "vrk-admin doctor.")
+                         .arg(m_place);
     }
     return error;
+}
+
+QString PgConnection::caution() const
+{
+    return m_isOpen ? PgAddress::caution(PQhost(m_pg), m_sslMode, isEncrypted()) : QString();
 }
 
 bool PgConnection::finishConnecting(StoreError* error)

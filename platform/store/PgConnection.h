@@ -22,7 +22,8 @@ public:
         QByteArray login;
         QByteArray password;
     };
-    /// Takes the address as libpq does, with all its options. Nothing is connected yet.
+    /// Takes the address as libpq does, with all its options but one: PgAddress says when the server must prove who it
+    /// is. Nothing is connected yet.
     PgConnection(const QString& url, int deadlineMs, const Instead& instead);
     PgConnection(const QString& url, int deadlineMs) : PgConnection(url, deadlineMs, Instead()) {}
     ~PgConnection();
@@ -68,6 +69,8 @@ public:
     bool takeNotifications(bool* any);
 
     bool isEncrypted() const { return m_pg && PQsslInUse(m_pg) != 0; }
+    /// What the open connection leaves unproved (PgAddress::caution).
+    QString caution() const;
     /// Over a socket of this machine, which no network carries.
     bool isLocal() const { return m_pg && PQhost(m_pg) && *PQhost(m_pg) == '/'; }
     /// What the server keeps instead of a password (SCRAM); empty when there can be none.
@@ -95,6 +98,7 @@ private:
     static PgResult nothing() { return PgResult(); }
 
     QByteArray m_url;
+    QByteArray m_sslMode; ///< empty where libpq chooses
     Instead m_instead;
     QString m_place;
     int m_deadlineMs;

@@ -63,7 +63,11 @@ void lookAtAccess(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
     StoreError error;
     if (!link.isLocal() && !link.isEncrypted())
         symptoms->append({text("Соединение с сервером не шифруется."),
-                          text("Включите на сервере ssl = on и добавьте к адресу ?sslmode=verify-full.")});
+                          text("Включите на сервере ssl = on и напишите в адресе sslmode=verify-full.")});
+    else if (!link.caution().isEmpty())
+        symptoms->append({text("Сервер не доказывает, что он тот самый: пароль может уйти чужому."),
+                          text("Напишите в адресе sslmode=verify-full и положите сертификат вашего центра в "
+                               "~/.postgresql/root.crt.")});
     // Only an administrator may read the access file; for others its faults show when they cannot get in.
     const PgResult lines = link.run("SELECT line_number::integer, auth_method FROM pg_hba_file_rules "
                                     "WHERE error IS NULL AND type <> 'local' "
@@ -119,6 +123,9 @@ QString cureOfNoConnection(const StoreError& error)
         return text("Проверьте имя и пароль и строку для этого имени в файле доступа pg_hba.conf.");
     if (error.code == StoreError::TooOld)
         return text("Обновите сервер до PostgreSQL 15 или новее.");
+    if (error.code == StoreError::Missing)
+        return text("Проверьте имя базы в адресе; новую базу с хранилищем создаст vrk-admin setup или "
+                    "vrk-admin init, копию вернёт vrk-admin restore.");
     if (tells("certificate") || tells("сертификат"))
         return text(
             "Положите сертификат вашего центра в ~/.postgresql/root.crt и проверьте, чтобы имя из адреса "

@@ -22,6 +22,7 @@ public:
 
     QTextCodec* codec() const override { return m_codePage->codec(); }
     QByteArray timeZone() const override { return m_timeZone; }
+    QString caution() const override { return m_link.caution(); }
 
     QVector<StoreLogin> logins() override;
     bool signIn(const QString& login, StoreLogin* user, StoreError* error) override;

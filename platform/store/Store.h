@@ -81,6 +81,10 @@ public:
     /// IANA name of the time zone in which the store's times are shown and typed.
     virtual QByteArray timeZone() const = 0;
 
+    /// What the user should know of this connection as long as it lasts, in two or three words, such as "только
+    /// просмотр"; empty when there is nothing to know.
+    virtual QString caution() const { return QString(); }
+
     /// The logins that may be chosen without a password; empty where the engine has its own authentication, unless
     /// the address is that of its administrator, who may be anybody.
     virtual QVector<StoreLogin> logins() = 0;

@@ -103,6 +103,18 @@ private slots:
         QVERIFY2(!said.contains(QStringLiteral("root.crt")), qPrintable(said));
     }
 
+    void serverThatNeedProveNothingIsTold()
+    {
+        const QString address =
+            url(QStringLiteral("journal.example"), QStringLiteral("require"), QStringLiteral("none"));
+        StoreError error;
+        const auto store = Store::open(address, {}, &error);
+        QVERIFY2(store, qPrintable(error.text + error.detail));
+        QCOMPARE(store->caution(), QStringLiteral("сервер не проверен (sslmode=require)"));
+        const QString said = doctor(address);
+        QVERIFY2(said.contains(QStringLiteral("Сервер не доказывает")), qPrintable(said));
+    }
+
     void certificateOfAnotherNameIsRefused()
     {
         const QString address =

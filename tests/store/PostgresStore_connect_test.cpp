@@ -1,4 +1,5 @@
 #include "CMDArray.h"
+#include "PgAddress.h"
 #include "PrivateCluster.h"
 #include "RewritingProxy.h"
 #include "StoreAdmin.h"
@@ -83,6 +84,49 @@ private slots:
             qPrintable(error.text + error.detail));
     }
     void cleanup() { slowNames.setAnswering(true); }
+
+    void onlyOthersMustProveWhoTheyAre_data()
+    {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("mode");
+        for (const char* here : {"/j", "localhost/j", "LocalHost:5433/j", "127.0.0.1/j", "127.9.8.7/j",
+                                 "[::1]/j", "/j?host=/run/postgresql", "localhost,127.0.0.1/j",
+                                 "journal.example/j?hostaddr=127.0.0.1", "site.localhost/j"})
+            QTest::newRow(here) << QString::fromLatin1(here) << QString();
+        for (const char* other : {"server/j", "192.168.10.5/j", "128.0.0.1/j", "localhost,server/j",
+                                  "localhost.example/j", "[fe80::1]/j", "/j?host=server",
+                                  "localhost/j?hostaddr=10.0.0.1", "/j?service=site", "127.0.0.1.example/j"})
+            QTest::newRow(other) << QString::fromLatin1(other) << QStringLiteral("verify-full");
+        QTest::newRow("written out") << QStringLiteral("server/j?sslmode=require")
+                                     << QStringLiteral("require");
+    }
+    void onlyOthersMustProveWhoTheyAre()
+    {
+        QFETCH(QString, address);
+        QFETCH(QString, mode);
+        QCOMPARE(QString::fromLatin1(PgAddress::sslMode(QStringLiteral("postgresql://") + address)), mode);
+    }
+
+    void passwordDoesNotGoToWhoHasProvedNothing()
+    {
+        RewritingProxy proxy(m_cluster->socketFolder()); // which cannot encrypt
+        const auto address = [&](const char* host, const char* mode) {
+            return QStringLiteral("postgresql://postgres@%1:%2/site%3")
+                .arg(QLatin1String(host))
+                .arg(proxy.port())
+                .arg(QLatin1String(mode));
+        };
+        StoreError error;
+        QVERIFY(!open(address(slowHost, ""), 15000, &error));
+        QCOMPARE(error.code, StoreError::Lost);
+        QVERIFY2(error.text.contains(QStringLiteral("не доказал, что он тот самый")), qPrintable(error.text));
+        auto store = open(address(slowHost, "?sslmode=prefer"), 15000, &error);
+        QVERIFY2(store, qPrintable(error.text + error.detail));
+        QCOMPARE(store->caution(), QStringLiteral("связь не шифруется (sslmode=prefer)"));
+        store = open(address("127.0.0.1", ""), 15000, &error);
+        QVERIFY2(store, qPrintable(error.text + error.detail));
+        QCOMPARE(store->caution(), QString());
+    }
 
     void nothingIsHeldUpWhileANameServerKeepsSilent()
     {

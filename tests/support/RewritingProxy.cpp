@@ -46,7 +46,10 @@ RewritingProxy::~RewritingProxy()
 
 QString RewritingProxy::url(const QString& database, const QString& host) const
 {
-    return QStringLiteral("postgresql://postgres@%1:%2/%3").arg(host).arg(m_port).arg(database);
+    return QStringLiteral("postgresql://postgres@%1:%2/%3?sslmode=disable")
+        .arg(host)
+        .arg(m_port)
+        .arg(database);
 }
 
 void RewritingProxy::accept()
