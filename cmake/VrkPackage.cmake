@@ -11,6 +11,11 @@ foreach(program vrk-workstation vrk-admin)
 endforeach()
 install(FILES docs/site-setup.ru.md packaging/site-answers.txt DESTINATION share/doc/vrk-logbook)
 install(FILES packaging/vrk-logbook.desktop DESTINATION share/applications)
+install(FILES platform/widgets/icons/app/app.svg DESTINATION share/icons/hicolor/scalable/apps RENAME vrk-logbook.svg)
+foreach(size 16 24 32 48 256)
+    install(FILES "${CMAKE_BINARY_DIR}/platform/widgets/vrk_widgets_icons/vrk/app_${size}.png"
+            DESTINATION share/icons/hicolor/${size}x${size}/apps RENAME vrk-logbook.png)
+endforeach()
 install(FILES packaging/vrk-watchdog.service packaging/vrk-watchdog.timer DESTINATION lib/systemd/system)
 
 foreach(floor hfn client text widgets)

@@ -14,7 +14,7 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
     const QCommandLineOption storeOption(
         QStringLiteral("store"),
         tr("Хранилище: sqlite:///путь или postgresql://имя@сервер/база. Без него берётся "
-           "переменная окружения VRK_STORE."),
+           "переменная окружения VRK_STORE, а без неё программа спросит."),
         QStringLiteral("URL"));
     const QCommandLineOption userOption(
         QStringLiteral("user"), tr("Имя для входа. Без него программа спросит. Пароль она спрашивает сама."),
@@ -65,10 +65,5 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
     tour = parser.value(tourOption);
     theme = parser.value(themeOption);
     listModules = parser.isSet(modulesOption);
-    if (store.isEmpty() && tour.isEmpty() && !listModules) {
-        *message = tr("Укажите хранилище: --store sqlite:///путь/к/файлу");
-        *exitCode = 2;
-        return false;
-    }
     return true;
 }

@@ -5,7 +5,7 @@
 
 /// What the command line asks of the workstation.
 struct Options {
-    QString store;      ///< URL
+    QString store;      ///< URL; empty: ask
     QString user;       ///< login; empty: ask
     QString department; ///< name or key; empty: the only one, or ask
     QString module = QStringLiteral("logbook");

@@ -12,6 +12,7 @@
 #include "SignIn.h"
 #include "SignInDialog.h"
 #include "StatusLine.h"
+#include "StoreDialog.h"
 #include "WindowMemory.h"
 
 #include <algorithm>
@@ -43,6 +44,22 @@ Workstation::~Workstation()
 
 bool Workstation::enter(const Options& options)
 {
+    if (!options.store.isEmpty())
+        return enterStore(options);
+    StoreDialog dialog;
+    Options chosen = options;
+    while (dialog.exec() == QDialog::Accepted) {
+        chosen.store = dialog.url();
+        if (enterStore(chosen))
+            return true;
+        dialog.showNotice(m_errorText);
+    }
+    m_errorText.clear();
+    return false;
+}
+
+bool Workstation::enterStore(const Options& options)
+{
     SignIn signIn;
     QByteArray department;
     m_errorText.clear();
@@ -64,6 +81,7 @@ bool Workstation::enter(const Options& options)
         if (one.key == department)
             m_departmentName = one.name;
     }
+    StoreDialog::remember(options.store);
     return true;
 }
 

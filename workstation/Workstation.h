@@ -28,7 +28,7 @@ public:
     explicit Workstation(LogWriter* log = nullptr);
     ~Workstation() override;
 
-    /// Opens the store and signs in, asking for what the options leave open. False, and errorText() says why;
+    /// Opens the store and signs in, asking for what the options leave open, the store too. False, and errorText() says why;
     /// an empty text means that the user has called it off.
     bool enter(const Options& options);
     /// Makes the module called \a name and shows its window, or raises the one that is open. Null, and errorText() says
@@ -50,6 +50,7 @@ signals:
     void left();
 
 private:
+    bool enterStore(const Options& options);
     bool openStore(SignIn* signIn, Options* options);
     bool chooseDepartment(SignIn* signIn, const Options& options, QByteArray* department);
     bool mayClose(CVrkCliMod* module);

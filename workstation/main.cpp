@@ -42,6 +42,7 @@ int listModules(const Options& options)
     }
     return complete ? 0 : 1;
 }
+
 bool isAmong(int argc, char* argv[], std::initializer_list<const char*> words)
 {
     for (int i = 1; i < argc; ++i)
@@ -83,6 +84,7 @@ int main(int argc, char* argv[])
     ScreenScale::forget();
     HostSettings::useOwnPlace();
     QApplication::setApplicationVersion(QStringLiteral(VRK_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("vrk-logbook")); // packaging/vrk-logbook.desktop
     QIcon icon(QStringLiteral(":/vrk/app.png"));
     for (int size : {16, 24, 32, 48, 256})
         icon.addFile(QStringLiteral(":/vrk/app_%1.png").arg(size));

@@ -101,6 +101,11 @@ QString SignIn::loginOf(const QString& url)
     return StoreUrl(url).login();
 }
 
+QString SignIn::withoutPassword(const QString& url)
+{
+    return StoreUrl(url).withoutPassword();
+}
+
 QVector<SignIn::Login> SignIn::logins() const
 {
     QVector<Login> found;

@@ -44,6 +44,8 @@ public:
     static QString storeOf(const QString& url);
     /// The login in the address of a server.
     static QString loginOf(const QString& url);
+    /// An address as it may be kept: the password, if there is one in it, left out.
+    static QString withoutPassword(const QString& url);
     /// The logins to choose from; empty where the server knows its users itself. There an empty login means
     /// the one of the URL.
     QVector<Login> logins() const;

@@ -4,6 +4,15 @@
 #include <QUrl>
 #include <QUrlQuery>
 
+namespace
+{
+/// The password and the colon before it.
+QRegularExpression passwordInAuthority()
+{
+    return QRegularExpression(QStringLiteral("(?<=://)([^:/@]*)\\K:[^@/]*(?=@)"));
+}
+} // namespace
+
 StoreUrl::StoreUrl(const QString& address) : url(address)
 {
     const QString sqlite = QStringLiteral("sqlite://");
@@ -18,11 +27,19 @@ StoreUrl::StoreUrl(const QString& address) : url(address)
 
 QString StoreUrl::shown() const
 {
-    static const QRegularExpression inAuthority(QStringLiteral("^(\\w+://[^:/@]*):[^@/]*@"));
     static const QRegularExpression inQuery(QStringLiteral("([?&]password=)[^&]*"));
-    return QString(url)
-        .replace(inAuthority, QStringLiteral("\\1@"))
-        .replace(inQuery, QStringLiteral("\\1***"));
+    return QString(url).remove(passwordInAuthority()).replace(inQuery, QStringLiteral("\\1***"));
+}
+
+QString StoreUrl::withoutPassword() const
+{
+    static const QRegularExpression first(QStringLiteral("\\?password=[^&]*&?"));
+    static const QRegularExpression later(QStringLiteral("&password=[^&]*"));
+    QString kept =
+        QString(url).remove(passwordInAuthority()).remove(later).replace(first, QStringLiteral("?"));
+    if (kept.endsWith(QLatin1Char('?')))
+        kept.chop(1);
+    return kept;
 }
 
 QString StoreUrl::login() const

@@ -11,6 +11,8 @@ struct StoreUrl {
     StoreError error() const;
     /// The address as it may be shown and logged: without a password.
     QString shown() const;
+    /// The address without the password in it, as it may be kept.
+    QString withoutPassword() const;
     /// The login in the address of a server; empty when there is none.
     QString login() const;
 

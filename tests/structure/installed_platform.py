@@ -110,6 +110,10 @@ def main(source, build):
                        "lib/libVrkArchive.so.1", "plugins/10-logbook.json", "plugins/20-archive.json", "bin/vrk-workstation"):
             if not (home / wanted).exists():
                 sys.exit(f"{wanted} is not installed")
+        entry = (prefix / "share/applications/vrk-logbook.desktop").read_text(encoding="utf-8")
+        icon = re.search(r"^Icon=(.+)$", entry, re.M).group(1)
+        if len(list((prefix / "share/icons/hicolor").glob(f"*/apps/{icon}.*"))) < 6:
+            sys.exit(f"the menu entry has no icon {icon}")
         plug_ins_need_no_others(source, headers_stand_alone(folder / "headers", prefix))
 
         environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", HOME=str(folder), XDG_CONFIG_HOME=str(folder / "config"),

@@ -4,6 +4,7 @@
 #include "PasswordDialog.h"
 #include "SignIn.h"
 #include "SignInDialog.h"
+#include "StoreDialog.h"
 #include "Workstation.h"
 
 #include <QAbstractItemView>
@@ -214,6 +215,10 @@ private slots:
         PasswordDialog password(&signIn, QStringLiteral("postgresql://server/journal"), QString());
         password.show();
         found += faults(&password);
+        StoreDialog::remember(m_bench->url());
+        StoreDialog store;
+        store.show();
+        found += faults(&store);
         for (const QString& fault : qAsConst(found))
             qWarning("%s", qPrintable(fault));
         QCOMPARE(found.size(), 0);
