@@ -9,9 +9,11 @@
 #include "ImportCommand.h"
 #include "InitCommand.h"
 #include "OptionCommand.h"
+#include "RestoreCommand.h"
 #include "RightCommand.h"
 #include "SetupCommand.h"
 #include "ShiftCommand.h"
+#include "StoreAdmin.h"
 #include "StoreError.h"
 #include "UpgradeCommand.h"
 #include "UserCommand.h"
@@ -29,7 +31,8 @@ void printHelp(QTextStream& out, const std::vector<std::unique_ptr<Command>>& co
 {
     out << QStringLiteral("vrk-admin: хранилища оперативного журнала\n\n"
                           "Использование: vrk-admin КОМАНДА [АРГУМЕНТЫ]\n"
-                          "               vrk-admin КОМАНДА --help\n\nКоманды:\n");
+                          "               vrk-admin КОМАНДА --help\n"
+                          "               vrk-admin --version\n\nКоманды:\n");
     for (const auto& command : commands)
         out << QStringLiteral("  %1 %2\n").arg(command->name(), -8).arg(command->summary());
     out << QStringLiteral(
@@ -69,6 +72,7 @@ std::vector<std::unique_ptr<Command>> adminCommands()
     commands.push_back(std::make_unique<ExportCommand>());
     commands.push_back(std::make_unique<ImportCommand>());
     commands.push_back(std::make_unique<BackupCommand>());
+    commands.push_back(std::make_unique<RestoreCommand>());
     commands.push_back(std::make_unique<UserCommand>());
     commands.push_back(std::make_unique<RightCommand>());
     commands.push_back(std::make_unique<FileCommand>());
@@ -84,6 +88,12 @@ Command::ExitCode runAdmin(const QStringList& arguments, Streams& streams)
     if (arguments.isEmpty() || isHelp(arguments.constFirst())) {
         printHelp(arguments.isEmpty() ? streams.err : streams.out, commands);
         return arguments.isEmpty() ? Command::WrongUsage : Command::Success;
+    }
+    if (arguments.constFirst() == QLatin1String("--version")) {
+        streams.out << QStringLiteral("vrk-admin %1, версия хранилища %2\n")
+                           .arg(QStringLiteral(VRK_VERSION))
+                           .arg(StoreAdmin::schemaVersion());
+        return Command::Success;
     }
     for (const auto& command : commands) {
         if (command->name() != arguments.constFirst())

@@ -3,6 +3,7 @@
 #include "DemoStore.h"
 #include "StoreAdmin.h"
 #include "StoreError.h"
+#include "StoreUrl.h"
 
 #include <chrono>
 #include <QDateTime>
@@ -29,6 +30,21 @@ QString describe(DemoStore::State state)
     }
     return {};
 }
+
+/// Every login of a store on a server gets its role; what is to be told of them.
+bool admitAll(const QString& url, QString* told, StoreError* error)
+{
+    const auto store = Store::open(url, {}, error);
+    QStringList names;
+    for (const StoreLogin& login : store ? store->logins() : QVector<StoreLogin>()) {
+        if (!StoreAdmin::admit(url, login.login, true, error))
+            return false;
+        names << login.login;
+    }
+    *told = QStringLiteral("Входят: %1. Пароли задаёт vrk-admin user URL password ИМЯ.\n")
+                .arg(names.join(QStringLiteral(", ")));
+    return store != nullptr;
+}
 } // namespace
 
 QString DemoCommand::summary() const
@@ -41,7 +57,7 @@ QString DemoCommand::usage() const
     return QStringLiteral(
         "vrk-admin demo URL [--live [--count N] | --old [--old-templates N]] [--ago H]\n"
         "  Заполняет новое хранилище демонстрационным журналом или обновляет прежний.\n"
-        "  Хранилище с чужими данными не трогает.\n"
+        "  Хранилище с чужими данными не трогает. На сервере заводит и роли тех, кто в журнал входит.\n"
         "  --live   писать в открытую смену по записи каждые 15 секунд, как второе рабочее место\n"
         "  --count  остановиться после стольких записей\n"
         "  --old    записать и таблицы прежнего журнала для конвертера, 400 шаблонов\n"
@@ -114,6 +130,10 @@ Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& stream
         if (!DemoStore::fill(url, now(), &error)) // refuses a store with foreign data
             return fail(streams, error);
         streams.out << QStringLiteral("Демонстрационный журнал записан.\n");
+        QString told;
+        if (StoreUrl(url).engine == StoreUrl::PostgreSql && !admitAll(url, &told, &error))
+            return fail(streams, error);
+        streams.out << told;
     }
     if (old) {
         if (!DemoStore::writeEarlierJournal(url, now(), templates < 0 ? oldTemplates : templates, &error))

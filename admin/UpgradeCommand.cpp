@@ -1,6 +1,9 @@
 #include "UpgradeCommand.h"
 
 #include "StoreAdmin.h"
+#include "StoreUrl.h"
+
+#include <QDateTime>
 
 QString UpgradeCommand::summary() const
 {
@@ -10,19 +13,67 @@ QString UpgradeCommand::summary() const
 QString UpgradeCommand::usage() const
 {
     return QStringLiteral(
-        "vrk-admin upgrade URL\n"
+        "vrk-admin upgrade URL [--backup FILE | --no-backup]\n"
         "  Приводит хранилище, созданное прежней программой, к её нынешней версии. Журнал и журнал\n"
         "  изменений остаются как есть; при неудаче не меняется ничего. Прежние программы на время\n"
-        "  обновления закройте: в обновлённое хранилище они писать не смогут.\n");
+        "  обновления закройте: в обновлённое хранилище они писать не смогут.\n"
+        "  --backup     куда сперва положить копию; без этого она ляжет рядом с файлом хранилища, копия "
+        "базы\n"
+        "               с сервера в эту папку\n"
+        "  --no-backup  не делать копии\n");
 }
+
+namespace
+{
+/// Beside a store's file; of a server's in the folder where the command runs.
+QString ownPlaceOf(const QString& url, int version)
+{
+    const StoreUrl parsed(url);
+    const QString base = parsed.engine == StoreUrl::Sqlite ? parsed.file : QStringLiteral("vrk-logbook");
+    return QStringLiteral("%1.v%2-%3")
+        .arg(base)
+        .arg(version)
+        .arg(QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss")));
+}
+} // namespace
 
 Command::ExitCode UpgradeCommand::run(const QStringList& arguments, Streams& streams)
 {
-    if (arguments.size() != 1)
+    QString url;
+    QString copy;
+    bool isCopied = true;
+    for (int i = 0; i < arguments.size(); ++i) {
+        if (arguments[i] == QLatin1String("--no-backup"))
+            isCopied = false;
+        else if (arguments[i] == QLatin1String("--backup") && i + 1 < arguments.size())
+            copy = arguments[++i];
+        else if (url.isEmpty() && !arguments[i].startsWith(QLatin1Char('-')))
+            url = arguments[i];
+        else
+            return wrongUsage(streams);
+    }
+    if (url.isEmpty() || (!isCopied && !copy.isEmpty()))
         return wrongUsage(streams);
+
     StoreError error;
-    if (!StoreAdmin::upgrade(arguments.constFirst(), &error))
+    const int present = StoreAdmin::schemaVersion();
+    const int from = StoreAdmin::version(url, &error);
+    if (from < 0)
         return fail(streams, error);
-    streams.out << QStringLiteral("Хранилище версии %1.\n").arg(StoreAdmin::schemaVersion());
+    if (from == present) {
+        streams.out << QStringLiteral("Хранилище уже версии %1, обновлять нечего.\n").arg(present);
+        return Success;
+    }
+    // A store that is no older one is refused by the upgrade itself.
+    isCopied = isCopied && from < present && from > 0;
+    if (isCopied) {
+        copy = copy.isEmpty() ? ownPlaceOf(url, from) : copy;
+        if (!StoreAdmin::backup(url, copy, &error))
+            return fail(streams, error);
+        streams.out << QStringLiteral("Копия проверена: %1\n").arg(copy);
+    }
+    if (!StoreAdmin::upgrade(url, &error))
+        return fail(streams, error);
+    streams.out << QStringLiteral("Хранилище обновлено с версии %1 до версии %2.\n").arg(from).arg(present);
     return Success;
 }

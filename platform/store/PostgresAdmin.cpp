@@ -2,6 +2,7 @@
 
 #include "CodePage.h"
 #include "GenGuid32.h"
+#include "PgAddress.h"
 #include "PostgresAccess.h"
 #include "PostgresCheck.h"
 #include "PostgresObjects.h"
@@ -12,6 +13,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QStandardPaths>
 #include <QTimeZone>
 
@@ -96,6 +98,35 @@ bool isFit(PgConnection& link, StoreError* error)
     return true;
 }
 
+/// A connection to the empty database of the address, which is made where it is missing.
+std::unique_ptr<PgConnection> emptyDatabase(const QString& url, bool* isNew, StoreError* error)
+{
+    auto link = connected(url, error, {}, longMs);
+    *isNew = !link && makeDatabase(url, error);
+    if (*isNew) {
+        error->clear();
+        link = connected(url, error, {}, longMs);
+    }
+    if (!link || !isFit(*link, error))
+        return nullptr;
+    return link;
+}
+
+/// The database as emptyDatabase() found it.
+void giveBack(PgConnection& link, const QString& url, bool isNew)
+{
+    StoreError ignored;
+    if (isNew) {
+        const auto server = connected(url, &ignored, "postgres");
+        if (server)
+            server->exec("DROP DATABASE " + databaseName(url) + " WITH (FORCE)", &ignored);
+        return;
+    }
+    link.exec("ROLLBACK", &ignored);
+    link.exec("DROP OWNED BY vrk_owner", &ignored);
+    PostgresAccess::reopen(link, &ignored);
+}
+
 /// The schema, the properties and the access to an empty database, in one transaction.
 bool install(PgConnection& link, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error)
 {
@@ -116,27 +147,20 @@ bool PostgresAdmin::init(const QString& url, const QByteArray& codecName, const 
     if (!QTimeZone(timeZone).isValid())
         return refuse(error, StoreError::BadRequest,
                       QString::fromUtf8("Часовой пояс «%1» неизвестен.").arg(QString::fromLatin1(timeZone)));
-    auto link = connected(url, error);
-    const bool isNewDatabase = !link && makeDatabase(url, error);
-    if (isNewDatabase) {
-        error->clear();
-        link = connected(url, error);
-    }
-    if (!link || !isFit(*link, error))
+    bool isNewDatabase = false;
+    const auto link = emptyDatabase(url, &isNewDatabase, error);
+    if (!link)
         return false;
     if (install(*link, codecName, timeZone, error) && isFilled())
         return true;
-    StoreError ignored;
-    if (isNewDatabase) {
-        link = connected(url, &ignored, "postgres");
-        if (link)
-            link->exec("DROP DATABASE " + databaseName(url) + " WITH (FORCE)", &ignored);
-    } else {
-        link->exec("ROLLBACK", &ignored);
-        link->exec("DROP OWNED BY vrk_owner", &ignored);
-        PostgresAccess::reopen(*link, &ignored);
-    }
+    giveBack(*link, url, isNewDatabase);
     return false;
+}
+
+int PostgresAdmin::version(const QString& url, StoreError* error)
+{
+    const auto link = connected(url, error);
+    return link ? PostgresSchema::versionOf(*link, error) : -1;
 }
 
 bool PostgresAdmin::upgrade(const QString& url, StoreError* error)
@@ -182,38 +206,110 @@ bool PostgresAdmin::check(const QString& url, QVector<StoreAdmin::Finding>* find
            PostgresCheck::log(*link, findings, error);
 }
 
-bool PostgresAdmin::backup(const QString& url, const QString& copy, StoreError* error)
+namespace
 {
-    if (QFileInfo::exists(copy) || QFileInfo(copy).isSymLink())
-        return refuse(error, StoreError::BadRequest,
-                      QString::fromUtf8("Файл «%1» уже существует.").arg(copy));
-    if (!connectedToStore(url, error))
-        return false;
-    const QString dump = QStandardPaths::findExecutable(QStringLiteral("pg_dump"));
-    const QString restore = QStandardPaths::findExecutable(QStringLiteral("pg_restore"));
-    if (dump.isEmpty() || restore.isEmpty())
+/// Runs a program of the server's maker. False with \a failure as the reason.
+bool runTool(const char* name, const QStringList& arguments, const QString& url, const QString& failure,
+             StoreError* error)
+{
+    const QString program = QStandardPaths::findExecutable(QLatin1String(name));
+    if (program.isEmpty())
         return refuse(
             error, StoreError::BadRequest,
-            QString::fromUtf8("Копию базы на сервере делает pg_dump, а его здесь нет: установите пакет "
-                              "postgresql-client или сделайте копию на сервере."));
+            QString::fromUtf8("Копии базы на сервере делает и возвращает %1, а его здесь нет: установите "
+                              "пакет postgresql-client или выполните команду на сервере.")
+                .arg(QLatin1String(name)));
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (const QByteArray mode = PgAddress::sslMode(url); !mode.isEmpty())
+        environment.insert(QStringLiteral("PGSSLMODE"), QString::fromLatin1(mode));
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    if (process.waitForFinished(-1) && process.exitStatus() == QProcess::NormalExit &&
+        process.exitCode() == 0)
+        return true;
+    *error = {StoreError::Internal, failure, QString::fromUtf8(process.readAllStandardError()).trimmed()};
+    return false;
+}
+
+/// The copy, at the version of this program, with its own history and the access of a store.
+bool putBack(PgConnection& link, const QString& url, const QString& copy, StoreError* error)
+{
+    QVector<StoreAdmin::Finding> findings;
+    const bool isThere = PostgresSchema::makeRoles(link, error) &&
+                         runTool("pg_restore",
+                                 {QStringLiteral("--exit-on-error"), QStringLiteral("--single-transaction"),
+                                  QStringLiteral("--dbname=") + url, copy},
+                                 url, QString::fromUtf8("Копию вернуть не удалось."), error) &&
+                         PostgresAdmin::upgrade(url, error) && PostgresSchema::beginLogged(link, error) &&
+                         link.run("UPDATE StoreProperties SET value = $1 WHERE name = 'epoch'",
+                                  PgValues().text(GenGuid32()), error) &&
+                         PostgresAccess::close(link, error) && link.exec("COMMIT; ANALYZE", error) &&
+                         PostgresAdmin::check(url, &findings, error);
+    for (const StoreAdmin::Finding& finding : qAsConst(findings))
+        if (finding.grade == StoreAdmin::Finding::Fault)
+            return refuse(error, StoreError::Internal,
+                          QString::fromUtf8("Копия не прошла проверку: %1").arg(finding.text));
+    return isThere;
+}
+
+/// Every login of the store gets its role. Those without a password cannot get in.
+bool admitAll(PgConnection& link, const QString& url, QStringList* withoutPassword, StoreError* error)
+{
+    const char logins[] = "SELECT login FROM Users WHERE coalesce(deleted_, 0) = 0 ORDER BY login";
+    const PgResult all = link.run(logins, error);
+    for (int i = 0; all && i < all.rows(); ++i)
+        if (!PostgresAdmin::addRole(url, QString::fromUtf8(all.bytes(i, 0)), error))
+            return false;
+    const PgResult open = link.run(QByteArray("SELECT rolname::text FROM pg_authid WHERE rolpassword IS NULL "
+                                              "AND NOT rolsuper AND rolname IN (") +
+                                       logins + ") ORDER BY rolname",
+                                   error);
+    for (int i = 0; open && i < open.rows(); ++i)
+        withoutPassword->append(QString::fromUtf8(open.bytes(i, 0)));
+    return all && open;
+}
+} // namespace
+
+bool PostgresAdmin::backup(const QString& url, const QString& copy, StoreError* error)
+{
+    if (version(url, error) < 0)
+        return false;
     const QString draft = copy + QStringLiteral(".part");
-    const auto run = [&](const QString& program, const QStringList& arguments) {
-        QProcess process;
-        process.start(program, arguments);
-        if (process.waitForFinished(-1) && process.exitStatus() == QProcess::NormalExit &&
-            process.exitCode() == 0)
-            return true;
-        *error = {StoreError::Internal, QString::fromUtf8("Копию сделать не удалось."),
-                  QString::fromUtf8(process.readAllStandardError()).trimmed()};
+    const QString failure = QString::fromUtf8("Копию сделать не удалось.");
+    if (!runTool("pg_dump",
+                 {QStringLiteral("--format=custom"), QStringLiteral("--file=") + draft,
+                  QStringLiteral("--dbname=") + url},
+                 url, failure, error) ||
+        !runTool("pg_restore", {QStringLiteral("--list"), draft}, url, failure, error)) {
         QFile::remove(draft);
         return false;
-    };
-    if (!run(dump, {QStringLiteral("--format=custom"), QStringLiteral("--file=") + draft,
-                    QStringLiteral("--dbname=") + url}) ||
-        !run(restore, {QStringLiteral("--list"), draft}))
-        return false;
+    }
     return QFile::rename(draft, copy) ||
            refuse(error, StoreError::ReadOnly, QString::fromUtf8("Файл «%1» нельзя создать.").arg(copy));
+}
+
+bool PostgresAdmin::restore(const QString& url, const QString& copy, QStringList* notes, StoreError* error)
+{
+    if (!QFileInfo(copy).isFile())
+        return refuse(error, StoreError::Missing, QString::fromUtf8("Файл «%1» не найден.").arg(copy));
+    bool isNewDatabase = false;
+    if (!runTool("pg_restore", {QStringLiteral("--list"), copy}, url,
+                 QString::fromUtf8("Файл «%1» не является копией хранилища на сервере.").arg(copy), error))
+        return false;
+    const auto link = emptyDatabase(url, &isNewDatabase, error);
+    if (!link)
+        return false;
+    QStringList withoutPassword;
+    if (!putBack(*link, url, copy, error) || !admitAll(*link, url, &withoutPassword, error)) {
+        giveBack(*link, url, isNewDatabase);
+        return false;
+    }
+    if (!withoutPassword.isEmpty())
+        notes->append(
+            QString::fromUtf8("Задайте пароли (vrk-admin user URL password ИМЯ), без них не войдут: %1")
+                .arg(withoutPassword.join(QStringLiteral(", "))));
+    return true;
 }
 
 namespace

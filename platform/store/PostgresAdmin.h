@@ -15,6 +15,9 @@ bool changeProperty(const QString& url, const QByteArray& name, const QByteArray
 bool check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// Leaves it to pg_dump, which must be there, and looks whether its copy can be read.
 bool backup(const QString& url, const QString& file, StoreError* error);
+/// Into an empty database, made where it is missing, with the roles that the store needs.
+bool restore(const QString& url, const QString& file, QStringList* notes, StoreError* error);
+int version(const QString& url, StoreError* error);
 
 int endRunaways(const QString& url, int seconds, StoreError* error);
 

@@ -18,8 +18,8 @@ const char rolesScript[] = "DO $$ BEGIN\n"
                            "IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = 'vrk_loader') THEN\n"
                            "    CREATE ROLE vrk_loader NOLOGIN; END IF;\n"
                            "END $$;\n"
-                           "GRANT vrk_client TO vrk_loader;\n"
-                           "GRANT USAGE, CREATE ON SCHEMA public TO vrk_owner;\n"
+                           "GRANT vrk_client TO vrk_loader;\n";
+const char ownerScript[] = "GRANT USAGE, CREATE ON SCHEMA public TO vrk_owner;\n"
                            "SET ROLE vrk_owner;\n";
 
 QByteArray columnType(MDRType type)
@@ -203,6 +203,11 @@ const char fillSearchScript[] = "TRUNCATE RecordSearch;\n"
                                 "ANALYZE RecordSearch;\n";
 } // namespace
 
+bool PostgresSchema::makeRoles(PgConnection& link, StoreError* error)
+{
+    return link.exec(rolesScript, error);
+}
+
 namespace
 {
 /// What is written from here to the end of the transaction is the administrator's, whom no rule binds.
@@ -231,7 +236,8 @@ bool PostgresSchema::beginLogged(PgConnection& link, StoreError* error)
 
 bool PostgresSchema::install(PgConnection& link, StoreError* error)
 {
-    return link.exec(rolesScript + objectsSql() + versionSql() + "RESET ROLE;\n", error);
+    return link.exec(QByteArray(rolesScript) + ownerScript + objectsSql() + versionSql() + "RESET ROLE;\n",
+                     error);
 }
 
 bool PostgresSchema::installAside(PgConnection& link, const QByteArray& schema, StoreError* error)

@@ -14,6 +14,8 @@ struct CatalogTable;
 /// all and write the tables of the catalog; members of vrk_loader may put the rules out of force.
 namespace PostgresSchema
 {
+/// The roles that every store on a server needs.
+bool makeRoles(PgConnection& link, StoreError* error);
 /// Begins a transaction that is logged under the administrator's name, and that no rule binds.
 bool beginLogged(PgConnection& link, StoreError* error);
 

@@ -6,6 +6,7 @@
 #include "SqliteConnection.h"
 #include "SqliteSchema.h"
 #include "SqliteTransaction.h"
+#include "StorePlace.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -43,18 +44,49 @@ bool logged(SqliteConnection& connection, StoreError* error, Work work)
            transaction.close(GenGuid32(), QDateTime::currentSecsSinceEpoch(), error);
 }
 
-/// Gives the copy a history of its own and looks it through. The connection is closed on return, so that everything
-/// lies in the one file.
+int versionOf(SqliteConnection& connection)
+{
+    SqliteStatement version = connection.prepare("PRAGMA user_version");
+    return version.step() ? static_cast<int>(version.integer(0)) : -1;
+}
+
+/// Copies what the connection sees into a new file.
+bool copyInto(const QString& draft, SqliteConnection& connection, StoreError* error)
+{
+    SqliteConnection::removeFile(draft);
+    const QByteArray draftName = draft.toUtf8();
+    SqliteStatement vacuum = connection.prepare("VACUUM INTO ?");
+    vacuum.bind(1, draftName);
+    if (connection.exec("PRAGMA query_only = OFF", error) && vacuum.run())
+        return true;
+    *error = connection.lastError();
+    const int code = vacuum.code() & 0xFF;
+    if (code == SQLITE_FULL)
+        *error = SqliteConnection::errorOf(code, draft, error->detail);
+    else if (code == SQLITE_CANTOPEN || code == SQLITE_READONLY)
+        *error = {
+            StoreError::ReadOnly,
+            QString::fromUtf8("В папку «%1» нельзя записать копию.").arg(QFileInfo(draft).absolutePath()),
+            error->detail};
+    return false;
+}
+
+/// Gives the copy a history of its own and looks it through, as far as this program knows its version. The connection
+/// is closed on return, so that everything lies in the one file.
 bool finishCopy(const QString& copy, StoreError* error)
 {
-    const auto connection = SqliteConnection::open(copy, SqliteConnection::ReadWrite, deadlineMs, error);
-    if (!connection || !connection->exec("BEGIN IMMEDIATE", error) ||
-        !logged(*connection, error, [&] { return setProperty(*connection, "epoch", GenGuid32(), error); }) ||
-        !connection->exec("COMMIT", error))
+    const auto connection = SqliteConnection::open(copy, SqliteConnection::Upgrade, deadlineMs, error);
+    if (!connection)
+        return false;
+    const bool isPresent = versionOf(*connection) == SqliteSchema::version;
+    if (isPresent && (!connection->exec("BEGIN IMMEDIATE", error) || !logged(*connection, error, [&] {
+            return setProperty(*connection, "epoch", GenGuid32(), error);
+        }) || !connection->exec("COMMIT", error)))
         return false;
     QVector<StoreAdmin::Finding> findings;
     if (!SqliteCheck::engine(*connection, &findings, error) ||
-        !SqliteCheck::log(*connection, &findings, error))
+        (isPresent && (!SqliteCheck::schema(*connection, &findings, error) ||
+                       !SqliteCheck::log(*connection, &findings, error))))
         return false;
     if (!findings.isEmpty())
         return refuse(error, StoreError::Internal,
@@ -96,9 +128,7 @@ bool SqliteAdmin::upgrade(const QString& file, StoreError* error)
     const auto connection = SqliteConnection::open(file, SqliteConnection::Upgrade, deadlineMs, error);
     if (!connection || !connection->exec("BEGIN IMMEDIATE", error))
         return false;
-    SqliteStatement version = connection->prepare("PRAGMA user_version");
-    const int from = version.step() ? static_cast<int>(version.integer(0)) : SqliteSchema::version;
-    version.reset();
+    const int from = versionOf(*connection);
     if (from < 1) {
         *error = SqliteSchema::versionError(from, file);
         return false; // no store of any program
@@ -136,29 +166,50 @@ bool SqliteAdmin::check(const QString& file, QVector<StoreAdmin::Finding>* findi
            SqliteCheck::log(*connection, findings, error);
 }
 
+int SqliteAdmin::version(const QString& file, StoreError* error)
+{
+    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOlder, deadlineMs, error);
+    return connection ? versionOf(*connection) : -1;
+}
+
 bool SqliteAdmin::backup(const QString& file, const QString& copy, StoreError* error)
 {
-    const QFileInfo target(copy);
-    if (target.exists() || target.isSymLink())
-        return refuse(error, StoreError::BadRequest,
-                      QString::fromUtf8("Файл «%1» уже существует.").arg(copy));
-    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadWrite, deadlineMs, error);
+    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOlder, deadlineMs, error);
     if (!connection)
         return false;
     // Under another name until it is whole and looked through, so that half a copy is never taken for one.
     const QString draft = copy + QStringLiteral(".part");
-    SqliteConnection::removeFile(draft);
-    const QByteArray draftName = draft.toUtf8();
-    SqliteStatement vacuum = connection->prepare("VACUUM INTO ?");
-    vacuum.bind(1, draftName);
-    bool done = vacuum.run();
-    if (!done)
-        *error = connection->lastError();
-    done = done && finishCopy(draft, error);
+    bool done = copyInto(draft, *connection, error) && finishCopy(draft, error);
     if (done && !QFile::rename(draft, copy))
         done = refuse(error, StoreError::ReadOnly, QString::fromUtf8("Файл «%1» нельзя создать.").arg(copy));
     if (!done)
         SqliteConnection::removeFile(draft);
+    return done;
+}
+
+bool SqliteAdmin::restore(const QString& file, const QString& copy, QStringList* notes, StoreError* error)
+{
+    const QFileInfo source(copy);
+    if (source.exists() && source.canonicalFilePath() == QFileInfo(file).canonicalFilePath())
+        return refuse(
+            error, StoreError::BadRequest,
+            QString::fromUtf8("Файл «%1» и есть хранилище. Переименуйте его и верните под новым именем.")
+                .arg(copy));
+    StorePlace place(file);
+    if (!place.hold(error))
+        return false;
+    const QString draft = place.file() + QStringLiteral(".part");
+    bool done = false;
+    {
+        const auto connection = SqliteConnection::open(copy, SqliteConnection::ReadOlder, deadlineMs, error);
+        done = connection && copyInto(draft, *connection, error);
+    }
+    QString kept;
+    done = done && upgrade(draft, error) && finishCopy(draft, error) && place.take(draft, &kept, error);
+    if (!done)
+        SqliteConnection::removeFile(draft);
+    else if (!kept.isEmpty())
+        notes->append(QString::fromUtf8("Прежнее хранилище сохранено: %1").arg(kept));
     return done;
 }
 

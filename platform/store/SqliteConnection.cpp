@@ -3,16 +3,24 @@
 #include "ChangeRow.h"
 #include "RecordWords.h"
 #include "SqliteSchema.h"
+#include "SqliteWal.h"
 
 #include <algorithm>
 #include <QDir>
 #include <QFileInfo>
+#include <QUrl>
+#include <sys/stat.h>
 
 namespace
 {
 constexpr int cachedStatements = 128;
 constexpr int stepsBetweenLooks = 20000; // of the engine's machine: well under a millisecond
 constexpr int longestNapMs = 25;         // between two looks at a lock
+
+bool isReading(SqliteConnection::Mode mode)
+{
+    return mode == SqliteConnection::ReadOnly || mode == SqliteConnection::ReadOlder;
+}
 
 QString sentence(const char* text, const QString& file)
 {
@@ -102,22 +110,64 @@ std::unique_ptr<SqliteConnection> SqliteConnection::open(const QString& file, Mo
     if (mode == Create && !info.absoluteDir().exists())
         return fail(StoreError::Missing, "Папка для файла «%1» не найдена.");
 
+    if (mode != Create && SqliteWal(file).isForeign())
+        return fail(
+            StoreError::NotAStore,
+            "Рядом с хранилищем «%1» лежит журнал «%1-wal» от другого файла: вместе их открывать нельзя. "
+            "Если на место хранилища положили копию, верните её командой vrk-admin restore.");
+
+    // Where nothing can be written no log can be made, and none is left behind that would shut others out.
+    const bool isFilled = isReading(mode) && SqliteWal(file).isFilled();
+    const bool isWritable = info.isWritable() && QFileInfo(info.absolutePath()).isWritable();
+    auto connection = connected(file, mode, deadlineMs, isReading(mode) && !isWritable && !isFilled, error);
+    if (!connection && isFilled && error->code == StoreError::ReadOnly)
+        return fail(
+            StoreError::ReadOnly,
+            "Хранилище «%1» не дописано: рядом лежит «%1-wal». Скопируйте оба файла туда, где разрешена "
+            "запись.");
+    return connection;
+}
+
+std::unique_ptr<SqliteConnection> SqliteConnection::connected(const QString& file, Mode mode, int deadlineMs,
+                                                              bool isFrozen, StoreError* error)
+{
     std::unique_ptr<SqliteConnection> connection(new SqliteConnection(file, deadlineMs));
     int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
-    flags |= mode == ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    flags |= isReading(mode) ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    QByteArray name = file.toUtf8();
+    connection->m_isFrozen = isFrozen;
+    connection->m_watched = QFile::encodeName(isFrozen ? file : SqliteWal::of(file));
     if (mode == Create)
         flags |= SQLITE_OPEN_CREATE;
-    const int code = sqlite3_open_v2(file.toUtf8().constData(), &connection->m_db, flags, nullptr);
+    if (isFrozen) {
+        flags |= SQLITE_OPEN_URI;
+        name = "file:" + QUrl::toPercentEncoding(file, "/") + "?immutable=1";
+        connection->m_stateThere = FileState::of(connection->m_watched);
+    }
+    const int code = sqlite3_open_v2(name.constData(), &connection->m_db, flags, nullptr);
     if (code != SQLITE_OK) {
         *error = errorOf(code, file, QString::fromUtf8(sqlite3_errstr(code)));
         return nullptr;
     }
-    if (connection->setUp(mode, error))
+    if (connection->setUp(mode, error)) {
+        if (!isFrozen)
+            connection->m_stateThere = FileState::of(connection->m_watched);
         return connection;
+    }
     connection.reset();
     if (mode == Create)
         removeFile(file);
     return nullptr;
+}
+
+FileState FileState::of(const QByteArray& name)
+{
+    struct stat found = {};
+    if (::stat(name.constData(), &found) != 0)
+        return FileState();
+    constexpr qint64 nsInSecond = 1000000000;
+    return {found.st_dev, found.st_ino, found.st_size,
+            found.st_mtim.tv_sec * nsInSecond + found.st_mtim.tv_nsec};
 }
 
 void SqliteConnection::removeFile(const QString& file)
@@ -132,14 +182,14 @@ bool SqliteConnection::setUp(Mode mode, StoreError* error)
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     // The triggers of the search write into a virtual table, which this engine counts among what might be unsafe; no
     // function that is known to these connections does more than reckon.
-    sqlite3_db_config(m_db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, mode == ReadOnly ? 0 : 1, nullptr);
+    sqlite3_db_config(m_db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, isReading(mode) ? 0 : 1, nullptr);
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
     ChangeRow::installFunction(m_db);
     RecordWords::installFunctions(m_db);
 
     if (mode != Create) {
-        if (sqlite3_db_readonly(m_db, "main") == 1 && mode != ReadOnly) {
+        if (sqlite3_db_readonly(m_db, "main") == 1 && !isReading(mode)) {
             *error = errorOf(SQLITE_READONLY, m_file, QString());
             return false;
         }
@@ -154,12 +204,13 @@ bool SqliteConnection::setUp(Mode mode, StoreError* error)
             return false;
         }
         *error = SqliteSchema::versionError(static_cast<int>(marks.integer(1)), m_file);
-        if (*error && (mode != Upgrade || error->code != StoreError::TooOld))
+        const bool isOlderTaken = mode == Upgrade || mode == ReadOlder;
+        if (*error && (!isOlderTaken || error->code != StoreError::TooOld))
             return false;
         error->clear();
     }
     QByteArray settings = "PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL;";
-    settings += mode == ReadOnly ? "PRAGMA query_only = ON;" : "PRAGMA journal_mode = WAL;";
+    settings += isReading(mode) ? "PRAGMA query_only = ON;" : "PRAGMA journal_mode = WAL;";
     return exec(settings, error);
 }
 
@@ -231,10 +282,27 @@ int SqliteConnection::onBusy(void* connection, int count)
     return 1;
 }
 
-bool SqliteConnection::hasMoved() const
+SqliteConnection::Place SqliteConnection::place() const
 {
+    if (m_isFrozen)
+        return FileState::of(m_watched).isSameContent(m_stateThere) && !SqliteWal(m_file).isFilled() ? InPlace
+                                                                                                     : Moved;
     int moved = 0;
-    return sqlite3_file_control(m_db, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved != 0;
+    if (sqlite3_file_control(m_db, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved != 0)
+        return Moved;
+    const FileState log = FileState::of(m_watched);
+    if (log.isSameFile(m_stateThere))
+        return InPlace;
+    return log.inode == 0 ? LogGone : LogReplaced;
+}
+
+bool SqliteConnection::emptyLog(StoreError* error)
+{
+    SqliteStatement done = prepare("PRAGMA wal_checkpoint(FULL)");
+    if (done.step() && done.integer(0) == 0)
+        return true;
+    *error = done.code() == SQLITE_ROW ? errorOf(SQLITE_BUSY, m_file, QString()) : lastError();
+    return false;
 }
 
 StoreError SqliteConnection::lastError() const

@@ -55,6 +55,21 @@ private:
     int m_code = SQLITE_OK;
 };
 
+/// What tells one file from another, and one content from the next.
+struct FileState {
+    quint64 device = 0;
+    quint64 inode = 0; ///< 0: there is none
+    qint64 size = 0;
+    qint64 changedNs = 0;
+
+    static FileState of(const QByteArray& name);
+    bool isSameFile(const FileState& other) const { return device == other.device && inode == other.inode; }
+    bool isSameContent(const FileState& other) const
+    {
+        return isSameFile(other) && size == other.size && changedNs == other.changedNs;
+    }
+};
+
 /// One connection to the file of a store, with the settings that every connection has, a cache of statements, a
 /// deadline, and the engine's codes told in the user's words.
 class SqliteConnection
@@ -64,14 +79,15 @@ public:
         Create,
         ReadWrite,
         ReadOnly,
-        Upgrade ///< ReadWrite, for a store of an older version too
+        Upgrade,  ///< ReadWrite, for a store of an older version too
+        ReadOlder ///< ReadOnly, for a store of an older version too
     };
 
     /// "VRKJ", the mark of a store in the file's header.
     static constexpr int ApplicationId = 0x56524B4A;
 
     /// Opens the file and checks that it is a store of this version; with Create a new, empty file that must not be
-    /// there yet. Null, and \a error says why.
+    /// there yet. Null, and \a error says why. ReadOnly reads files in places where nothing can be written, too.
     static std::unique_ptr<SqliteConnection> open(const QString& file, Mode mode, int deadlineMs,
                                                   StoreError* error);
     ~SqliteConnection();
@@ -96,8 +112,18 @@ public:
 
     /// What the last failed operation means for the user.
     StoreError lastError() const;
-    /// True when the file is no longer at its place, so that nobody would find what is written.
-    bool hasMoved() const;
+    /// Whether what is written would be found by the next who opens the file.
+    enum Place {
+        InPlace,
+        Moved,      ///< the file is gone or another one; or it was read only, and has changed
+        LogGone,    ///< the file is there, its write-ahead log is not
+        LogReplaced ///< another log lies there
+    };
+    Place place() const;
+    /// Puts all of the log into the file, wherever the log is. False with Locked while others read.
+    bool emptyLog(StoreError* error);
+    /// Leaves the log alone when the connection is closed.
+    void abandonLog() { sqlite3_db_config(m_db, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr); }
 
     /// Removes a database file that nobody has open, with its logs.
     static void removeFile(const QString& file);
@@ -106,6 +132,9 @@ public:
 
 private:
     SqliteConnection(const QString& file, int deadlineMs) : m_file(file), m_deadlineMs(deadlineMs) {}
+    /// \a isFrozen reads a file that nobody can change, without locks and without a log.
+    static std::unique_ptr<SqliteConnection> connected(const QString& file, Mode mode, int deadlineMs,
+                                                       bool isFrozen, StoreError* error);
     bool setUp(Mode mode, StoreError* error);
     static int onProgress(void* connection);
     /// Waits for the lock of another process, as long as the deadline; then the statement fails with Locked.
@@ -113,6 +142,9 @@ private:
 
     sqlite3* m_db = nullptr;
     QString m_file;
+    QByteArray m_watched;   ///< the log, or the file itself when it is frozen
+    FileState m_stateThere; ///< of that, when the connection was made
+    bool m_isFrozen = false;
     int m_deadlineMs;
     QElapsedTimer m_clock;
     QElapsedTimer m_busy;

@@ -32,7 +32,8 @@ bool SqliteStore::connect(StoreError* error)
     m_read.reset();
     m_write.reset();
     auto write = SqliteConnection::open(m_file, SqliteConnection::ReadWrite, m_options.deadlineMs, error);
-    auto read = write
+    const bool isReadable = write || error->code == StoreError::ReadOnly;
+    auto read = isReadable
                     ? SqliteConnection::open(m_file, SqliteConnection::ReadOnly, m_options.deadlineMs, error)
                     : nullptr;
     if (!read || !takeProperties(*read, error))
@@ -43,10 +44,11 @@ bool SqliteStore::connect(StoreError* error)
     m_read = std::move(read);
     m_write = std::move(write);
     for (SqliteConnection* connection : {m_write.get(), m_read.get()}) {
-        connection->setProgress([this] {
-            if (m_progress)
-                m_progress();
-        });
+        if (connection)
+            connection->setProgress([this] {
+                if (m_progress)
+                    m_progress();
+            });
     }
     m_dataVersion = -1;
     m_inRead = false;
@@ -77,16 +79,32 @@ bool SqliteStore::takeProperties(SqliteConnection& connection, StoreError* error
 
 bool SqliteStore::ready(StoreError* error)
 {
-    if (m_write && !m_write->hasMoved())
+    const SqliteConnection::Place place = m_read ? m_read->place() : SqliteConnection::Moved;
+    if (place == SqliteConnection::InPlace)
         return true;
     if (!QFileInfo::exists(m_file)) {
         *error = {StoreError::Lost, QString::fromUtf8("Файл хранилища «%1» исчез.").arg(m_file), QString()};
         return false;
     }
+    if (!leaveLog(place, error))
+        return false;
     if (connect(error))
         return true;
     error->code = StoreError::Lost;
     return false;
+}
+
+bool SqliteStore::leaveLog(SqliteConnection::Place place, StoreError* error)
+{
+    if (place == SqliteConnection::LogGone) {
+        qWarning("bool SqliteStore::ready(StoreError*) the log beside the store's file was removed: %s",
+                 qUtf8Printable(m_file));
+        return !m_write || m_write->emptyLog(error); // we still have it open
+    }
+    for (const auto& connection : {m_write.get(), m_read.get()})
+        if (connection && place == SqliteConnection::LogReplaced)
+            connection->abandonLog();
+    return true;
 }
 
 bool SqliteStore::fail(const SqliteConnection& connection, StoreError* error) const

@@ -9,8 +9,8 @@ struct AnswerShape;
 struct RowStatement;
 
 /// A store in one SQLite file, for the processes of one computer. Two connections: one that writes, each transaction
-/// taken at its beginning (BEGIN IMMEDIATE), and one that can only read. When the file is replaced or comes back after
-/// it was gone, the next request opens it anew.
+/// taken at its beginning (BEGIN IMMEDIATE), and one that can only read; in a place where nothing can be written the second
+/// alone. When the file or its log is replaced or comes back after it was gone, the next request opens it anew.
 class SqliteStore : public Store
 {
 public:
@@ -19,6 +19,10 @@ public:
 
     QTextCodec* codec() const override { return m_codePage->codec(); }
     QByteArray timeZone() const override { return m_timeZone; }
+    QString caution() const override
+    {
+        return m_write || !m_read ? QString() : QString::fromUtf8("только просмотр");
+    }
 
     QVector<StoreLogin> logins() override;
     bool signIn(const QString& login, StoreLogin* user, StoreError* error) override;
@@ -54,6 +58,9 @@ private:
     bool connect(StoreError* error);
     /// Opens the file anew when it is no longer where it was. Called first by every request.
     bool ready(StoreError* error);
+    /// Before the file is opened anew because its log is gone: nothing in it gets lost, nothing gets into a log that
+    /// somebody else has put there.
+    bool leaveLog(SqliteConnection::Place place, StoreError* error);
     bool takeProperties(SqliteConnection& connection, StoreError* error);
     bool findLogin(SqliteConnection& connection, const QString& login, StoreLogin* user,
                    StoreError* error) const;

@@ -8,6 +8,10 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
         return true;
     if (!ready(error))
         return false;
+    if (!m_write) {
+        *error = SqliteConnection::errorOf(SQLITE_READONLY, m_file, QString());
+        return false;
+    }
     if (m_user.login.isEmpty() && !m_options.loader) {
         *error = {StoreError::Refused, QString::fromUtf8("Вход в хранилище не выполнен."), QString()};
         return false;
@@ -45,10 +49,10 @@ bool SqliteStore::isWritten(const QByteArray& batchKey, bool* written, StoreErro
 {
     if (!ready(error))
         return false;
-    SqliteStatement known = m_write->cached("SELECT 1 FROM ChangeTransactions WHERE batchKey = ?");
+    SqliteStatement known = m_read->cached("SELECT 1 FROM ChangeTransactions WHERE batchKey = ?");
     known.bind(1, batchKey);
     *written = known.step();
-    return *written || known.code() == SQLITE_DONE || fail(*m_write, error);
+    return *written || known.code() == SQLITE_DONE || fail(*m_read, error);
 }
 
 bool SqliteStore::writeRow(const RowStatement& row, StoreError* error)

@@ -73,7 +73,7 @@ bool SqliteStore::changesAfter(ChangePosition* position, int limit, QVector<Stor
 
 bool SqliteStore::hasNews()
 {
-    if (!m_read || m_read->hasMoved())
+    if (!m_read || m_read->place() != SqliteConnection::InPlace)
         return true; // the reader finds out what is wrong
     SqliteStatement row = m_read->cached("PRAGMA data_version");
     const qint64 version = row.step() ? row.integer(0) : -1;

@@ -37,5 +37,7 @@ bool SqliteTransaction::close(const QByteArray& batchKey, double time, StoreErro
     log.bind(1, head.number).bind(2, head.batchKey).bind(3, head.login).bind(4, qint64(head.loader));
     log.bind(5, head.time).bindBlob(6, chain);
     SqliteStatement end = m_connection.cached("DELETE FROM CurrentTransaction");
-    return (log.run() && end.run()) || fail(error);
+    SqliteStatement mark = m_connection.cached("UPDATE LogMark SET former = present, present = ?");
+    mark.bindBlob(1, chain);
+    return (log.run() && end.run() && mark.run()) || fail(error);
 }

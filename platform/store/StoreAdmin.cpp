@@ -5,7 +5,10 @@
 #include "SqliteAdmin.h"
 #include "SqliteConnection.h"
 #include "SqliteSchema.h"
+#include "SqliteWal.h"
 #include "StoreUrl.h"
+
+#include <QFileInfo>
 
 namespace
 {
@@ -19,6 +22,34 @@ auto dispatch(const QString& url, StoreError* error, OnSqlite onSqlite, OnPostgr
     if (*error)
         return {};
     return parsed.engine == StoreUrl::Sqlite ? onSqlite(parsed.file) : onPostgres();
+}
+/// What helps against a store in a file that cannot be opened.
+QString cureOf(const StoreError& error, const QString& file)
+{
+    if (error.code == StoreError::TooOld)
+        return QString::fromUtf8("Выполните vrk-admin upgrade.");
+    if (error.code == StoreError::TooNew)
+        return QString::fromUtf8("Установите программу той же версии, что и хранилище.");
+    if (error.code == StoreError::NotAStore && SqliteWal(file).isForeign())
+        return QString::fromUtf8(
+            "Верните копию: vrk-admin restore URL КОПИЯ. Если копия уже на месте хранилища, сначала "
+            "переименуйте её. Прежние файлы останутся рядом.");
+    return QString::fromUtf8("Проверьте адрес и права на файл и его папку.");
+}
+
+/// Why no copy can be made under a name: it must be a new one, in a folder that takes files.
+StoreError obstacleTo(const QString& copy)
+{
+    const QFileInfo target(copy);
+    const QString folder = target.absolutePath();
+    if (target.exists() || target.isSymLink())
+        return {StoreError::BadRequest, QString::fromUtf8("Файл «%1» уже существует.").arg(copy), QString()};
+    if (!QFileInfo(folder).isDir())
+        return {StoreError::Missing, QString::fromUtf8("Папки «%1» для копии нет.").arg(folder), QString()};
+    if (!QFileInfo(folder).isWritable())
+        return {StoreError::ReadOnly, QString::fromUtf8("В папку «%1» нельзя записать копию.").arg(folder),
+                QString()};
+    return StoreError();
 }
 } // namespace
 
@@ -47,6 +78,16 @@ bool StoreAdmin::init(const QString& url, const QByteArray& codecName, const QBy
             return isDone;
         },
         [&] { return PostgresAdmin::init(url, codecName, timeZone, isFilled, error); });
+}
+
+int StoreAdmin::version(const QString& url, StoreError* error)
+{
+    const StoreUrl parsed(url);
+    *error = parsed.error();
+    if (*error)
+        return -1;
+    return parsed.engine == StoreUrl::Sqlite ? SqliteAdmin::version(parsed.file, error)
+                                             : PostgresAdmin::version(url, error);
 }
 
 bool StoreAdmin::upgrade(const QString& url, StoreError* error)
@@ -91,7 +132,12 @@ QVector<StoreAdmin::Symptom> StoreAdmin::examine(const QString& url)
         error.clear();
     QVector<Symptom> symptoms;
     if (error)
-        symptoms.append({error.text, QString::fromUtf8("Проверьте адрес и права на файл и его папку.")});
+        symptoms.append({error.text, cureOf(error, StoreUrl(url).file)});
+    else if (QFileInfo file(StoreUrl(url).file);
+             !file.isWritable() || !QFileInfo(file.absolutePath()).isWritable())
+        symptoms.append(
+            {QString::fromUtf8("Хранилище «%1» доступно только для просмотра.").arg(file.filePath()),
+             QString::fromUtf8("Чтобы вести журнал, разрешите запись в файл и в его папку.")});
     for (const Finding& finding : findings)
         symptoms.append(
             {finding.text, QString::fromUtf8("Разберите вывод vrk-admin check; при порче файла верните "
@@ -110,9 +156,20 @@ int StoreAdmin::endRunaways(const QString& url, int seconds, StoreError* error)
 
 bool StoreAdmin::backup(const QString& url, const QString& copy, StoreError* error)
 {
+    *error = obstacleTo(copy);
+    if (*error)
+        return false;
     return dispatch(
         url, error, [&](const QString& file) { return SqliteAdmin::backup(file, copy, error); },
         [&] { return PostgresAdmin::backup(url, copy, error); });
+}
+
+bool StoreAdmin::restore(const QString& url, const QString& copy, QStringList* notes, StoreError* error)
+{
+    notes->clear();
+    return dispatch(
+        url, error, [&](const QString& file) { return SqliteAdmin::restore(file, copy, notes, error); },
+        [&] { return PostgresAdmin::restore(url, copy, notes, error); });
 }
 
 bool StoreAdmin::putFile(const QString& url, const QString& folder, const QString& name,

@@ -18,6 +18,9 @@ using Filling = std::function<bool(Store* store, StoreError* error)>;
 bool init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error,
           const Filling& filling = Filling());
 
+/// The version of a store; -1 with the reason when there is none.
+int version(const QString& url, StoreError* error);
+
 /// Brings a store of an older version to this one, in one transaction; one of this version stays as it is. Workstations
 /// with the older program should be closed: they could not write any more.
 bool upgrade(const QString& url, StoreError* error);
@@ -49,11 +52,19 @@ QVector<Symptom> examine(const QString& url);
 /// have held up others and are older than that; the number of ended ones, -1 for a failure. For clients that ignore their own deadline; run it now and then.
 int endRunaways(const QString& url, int seconds, StoreError* error);
 
-/// Copies a store in use into a new file and checks the copy. A server's is made by its own pg_dump.
+/// Copies a store in use, of an older version too, into a new file and checks the copy. A server's is made by its own
+/// pg_dump.
 bool backup(const QString& url, const QString& file, StoreError* error);
+
+/// Puts a copy back, brings it to this version, checks it and gives it a history of its own. A file takes the place of the
+/// present store, which nobody may have open and which is kept beside it; a copy of a server's store goes into an empty
+/// database, made where there is none, and every login gets its role. \a notes tells what the administrator must know.
+bool restore(const QString& url, const QString& file, QStringList* notes, StoreError* error);
 
 /// \name Logins, rights, files
 /// @{
+/// Why a text is no name to sign in by; no error for one that is.
+StoreError loginError(const QString& login);
 /// On a server the login is one of its roles, which cannot get in before it has a password.
 bool addUser(const QString& url, const QString& login, const QString& name, StoreError* error);
 /// Refused where logins have no passwords.

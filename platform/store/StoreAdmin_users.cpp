@@ -5,6 +5,7 @@
 #include "StoreUrl.h"
 #include "TableCatalog.h"
 
+#include <algorithm>
 #include <QTextCodec>
 
 namespace
@@ -64,12 +65,22 @@ QByteArray userKey(Store& store, const QString& login, bool deletedToo, StoreErr
 }
 } // namespace
 
+StoreError StoreAdmin::loginError(const QString& login)
+{
+    if (login.trimmed().isEmpty())
+        return {StoreError::BadRequest, QString::fromUtf8("Имя для входа не задано."), QString()};
+    if (std::any_of(login.begin(), login.end(), [](QChar sign) { return sign.isSpace() || !sign.isPrint(); }))
+        return {StoreError::BadRequest,
+                QString::fromUtf8("В имени для входа «%1» есть пробел: его пишут одним словом.").arg(login),
+                QString()};
+    return StoreError();
+}
+
 bool StoreAdmin::addUser(const QString& url, const QString& login, const QString& name, StoreError* error)
 {
-    if (login.trimmed().isEmpty()) {
-        *error = {StoreError::BadRequest, QString::fromUtf8("Имя для входа не задано."), QString()};
+    *error = loginError(login);
+    if (*error)
         return false;
-    }
     const auto store = openLoader(url, error);
     if (!store)
         return false;

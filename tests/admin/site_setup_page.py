@@ -59,11 +59,17 @@ def main(folder):
         configuration.write("".join(blocks("conf")) + f"port = {port}\nunix_socket_directories = '{folder}'\n")
     access = "".join(blocks("hba")).replace("192.168.10.0/24", "127.0.0.1/32 ")
     (data / "pg_hba.conf").write_text(access.replace(" postgres ", f" {user.pw_name} "), encoding="utf-8")
-    server = subprocess.Popen([*as_user, str(server_bin / "postgres")], env=environment, cwd=folder,
-                              stdout=open(folder / "log", "wb"), stderr=subprocess.STDOUT)
-    seats = []
-    try:
+    run("cp -a data empty")  # a server that has never held a journal
+
+    def start(folder_of_data):
+        process = subprocess.Popen([*as_user, str(server_bin / "postgres"), "-D", folder_of_data], env=environment,
+                                   cwd=folder, stdout=open(folder / "log", "wb"), stderr=subprocess.STDOUT)
         run("for i in $(seq 200); do pg_isready -q && exit; sleep 0.1; done; cat log; exit 1")
+        return process
+
+    seats = []
+    server = start("data")
+    try:
         for script in blocks("server") + blocks("sh"):
             run(script)
         passwords = re.findall(r"^(\w+); .*\n(.+)$", (folder / "answers").read_text(encoding="utf-8"), re.M)
@@ -90,6 +96,15 @@ def main(folder):
         time.sleep(1)  # long enough to fail on opening the journal
         assert all(seat.poll() is None for seat in seats), "a workstation has ended"
         print("three workstations work")
+
+        for process in [*seats, server]:
+            process.terminate()
+            process.wait(timeout=60)
+        seats, server = [], start("empty")
+        for script in blocks("server"):
+            run(script)
+        told = run(blocks("restore")[0])
+        assert all(login in told for login, _ in passwords), "who needs a password is not told"
     finally:
         for process in [*seats, server]:
             process.terminate()

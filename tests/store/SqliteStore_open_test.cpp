@@ -1,8 +1,14 @@
+#include "AsNobody.h"
+#include "CMDArray.h"
+#include "FaultVfs.h"
+#include "SqliteWal.h"
 #include "StoreAdmin.h"
+#include "TestFolder.h"
 #include "TestStore.h"
 
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTest>
 #include <QUrl>
 #include <sqlite3.h>
@@ -30,7 +36,41 @@ class SqliteStore_open_test : public QObject
         out.write(content);
     }
 
+    /// A store as a crash leaves it: with a row that stands in its log alone, of which so many pages have got into the
+    /// file. Its file.
+    QString leaveCrashed(const TestStore& files, const char* role, int pagesInFile = 0) const
+    {
+        const auto store = files.openLoader();
+        if (!TestStore::write(store.get(), "Roles", ROW_INSERT, role))
+            qFatal("cannot write");
+        if (pagesInFile > 0) {
+            FaultVfs::arm(FaultVfs::Write, pagesInFile + 1, SQLITE_IOERR_WRITE, true);
+            files.exec(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"));
+            FaultVfs::disarm();
+        }
+        const QString crashed = path("crashed.vrk");
+        for (const char* suffix : {"", "-wal", "-shm"}) {
+            QFile::remove(crashed + QLatin1String(suffix));
+            QFile::copy(files.path() + QLatin1String(suffix), crashed + QLatin1String(suffix));
+        }
+        return crashed;
+    }
+    /// As cp does it: into the file that is there.
+    void replaceContent(const QString& file, const QString& by) const
+    {
+        QFile out(file);
+        QVERIFY(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        out.write(bytesOf(by));
+    }
+    static QByteArray bytesOf(const QString& file)
+    {
+        QFile in(file);
+        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+    }
+
 private slots:
+    void initTestCase() { FaultVfs::install(); }
+
     void addressesThatAreNotUnderstood_data()
     {
         QTest::addColumn<QString>("url");
@@ -166,6 +206,181 @@ private slots:
         sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr);
         sqlite3_close(other);
         QVERIFY(TestStore::write(waiting.get(), "Roles", ROW_INSERT, "A"));
+    }
+
+    // The log beside the file
+
+    void logOfAnotherFileIsRefused_data()
+    {
+        QTest::addColumn<bool>("byHand");
+        QTest::addColumn<bool>("isOlder");
+        QTest::newRow("a copy made by vrk-admin backup") << false << true;
+        QTest::newRow("one made just before the first row in the log") << false << false;
+        QTest::newRow("the file itself, copied while nobody worked") << true << true;
+    }
+    void logOfAnotherFileIsRefused()
+    {
+        QFETCH(bool, byHand);
+        QFETCH(bool, isOlder);
+        const TestStore files;
+        const QString copy = path("copy.vrk");
+        QFile::remove(copy);
+        StoreError error;
+        QVERIFY(byHand ? QFile::copy(files.path(), copy) : StoreAdmin::backup(files.url(), copy, &error));
+        if (isOlder)
+            QVERIFY(TestStore::write(files.openLoader().get(), "Roles", ROW_INSERT, "AFTER_COPY"));
+
+        const QString crashed = leaveCrashed(files, "IN_LOG");
+        replaceContent(crashed, copy);
+        const QList<QByteArray> before{bytesOf(crashed), bytesOf(crashed + QStringLiteral("-wal"))};
+        error = refusal(urlOf(crashed));
+        QCOMPARE(error.code, StoreError::NotAStore);
+        QCOMPARE(error.text, QString::fromUtf8(
+                                 "Рядом с хранилищем «%1» лежит журнал «%1-wal» от другого файла: вместе их "
+                                 "открывать нельзя. Если на место хранилища положили копию, верните её "
+                                 "командой vrk-admin restore.")
+                                 .arg(crashed));
+        QVector<StoreAdmin::Finding> findings;
+        QVERIFY(!StoreAdmin::check(urlOf(crashed), &findings, &error));
+        QCOMPARE(error.code, StoreError::NotAStore);
+        QCOMPARE((QList<QByteArray>{bytesOf(crashed), bytesOf(crashed + QStringLiteral("-wal"))}), before);
+    }
+
+    void ownLogIsTakenInAfterACrash_data()
+    {
+        QTest::addColumn<int>("failingWrite");
+        for (int n = 0; n < 24; ++n)
+            QTest::addRow("%d pages of the log in the file", n) << n;
+    }
+    void ownLogIsTakenInAfterACrash()
+    {
+        QFETCH(int, failingWrite);
+        const TestStore files;
+        QVERIFY(TestStore::write(files.openLoader().get(), "Roles", ROW_INSERT, "BEFORE"));
+        const QString crashed = leaveCrashed(files, "IN_LOG", failingWrite);
+        QVERIFY(SqliteWal(crashed).isFilled());
+        QVERIFY(!SqliteWal(crashed).isForeign());
+        StoreError error;
+        Store::Options options;
+        options.loader = true;
+        const auto store = Store::open(urlOf(crashed), options, &error);
+        QVERIFY2(store, qPrintable(error.text));
+        CMDArray answer;
+        answer = store->select("SELECT KeyLink FROM Roles WHERE KeyLink IN ('BEFORE', 'IN_LOG')", &error);
+        QCOMPARE(answer.RecCount(), 2);
+    }
+
+    void logRemovedWhileTheProgramRunsLosesNothing_data()
+    {
+        QTest::addColumn<bool>("withIndex");
+        QTest::newRow("the log") << false;
+        QTest::newRow("the log and its index") << true;
+    }
+    void logRemovedWhileTheProgramRunsLosesNothing()
+    {
+        QFETCH(bool, withIndex);
+        const TestStore files;
+        const auto store = files.openLoader();
+        const auto other = files.open(QStringLiteral("ivanov"));
+        QVERIFY(TestStore::write(store.get(), "Roles", ROW_INSERT, "BEFORE"));
+        QVERIFY(QFile::remove(files.path() + QStringLiteral("-wal")));
+        QVERIFY(!withIndex || QFile::remove(files.path() + QStringLiteral("-shm")));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("was removed")));
+        QVERIFY(TestStore::write(store.get(), "Roles", ROW_INSERT, "AFTER"));
+        const QByteArray select = "SELECT KeyLink FROM Roles WHERE KeyLink IN ('BEFORE', 'AFTER')";
+        StoreError error;
+        CMDArray answer;
+        answer = other->select(select, &error); // finds the other log
+        QCOMPARE(answer.RecCount(), 2);
+        // What a crash would leave now holds both, too.
+        const QString crashed = path("crashed.vrk");
+        for (const char* suffix : {"", "-wal"}) {
+            QFile::remove(crashed + QLatin1String(suffix));
+            QVERIFY(QFile::copy(files.path() + QLatin1String(suffix), crashed + QLatin1String(suffix)));
+        }
+        const auto found = Store::open(urlOf(crashed), Store::Options(), &error);
+        QVERIFY2(found, qPrintable(error.text));
+        answer = found->select(select, &error);
+        QCOMPARE(answer.RecCount(), 2);
+    }
+
+    void readOnlyPlaceIsViewedAndChecked_data()
+    {
+        QTest::addColumn<bool>("fileOpen");
+        QTest::addColumn<bool>("folderOpen");
+        QTest::newRow("file") << false << true;
+        QTest::newRow("folder") << true << false;
+        QTest::newRow("both") << false << false;
+    }
+    void readOnlyPlaceIsViewedAndChecked()
+    {
+        QFETCH(bool, fileOpen);
+        QFETCH(bool, folderOpen);
+        const TestStore files;
+        const QString folder = QFileInfo(files.path()).path();
+        QTemporaryDir elsewhere(testFolderTemplate());
+        QFile::setPermissions(elsewhere.path(), QFile::Permissions(0x7777));
+        QFile::setPermissions(files.path(), QFile::Permissions(fileOpen ? 0x6666 : 0x4444));
+        QFile::setPermissions(folder, QFile::Permissions(folderOpen ? 0x7777 : 0x5555));
+        std::unique_ptr<Store> store;
+        StoreError error;
+        CMDArray answer;
+        const QByteArray select = "SELECT KeyLink FROM LogbookRecords";
+        {
+            const AsNobody nobody;
+            store = Store::open(files.url(), Store::Options(), &error);
+            QVERIFY2(store, qPrintable(error.text + error.detail));
+            QCOMPARE(store->caution(), QString::fromUtf8("только просмотр"));
+            StoreLogin user;
+            QVERIFY(store->signIn(QStringLiteral("ivanov"), &user, &error));
+            answer = store->select(select, &error);
+            QCOMPARE(answer.RecCount(), 11);
+            QVERIFY(!TestStore::write(store.get(), "LogbookComments", ROW_INSERT, "A", {}, &error));
+            QCOMPARE(error.code, StoreError::ReadOnly);
+            bool isWritten = true;
+            QVERIFY(store->isWritten("no such batch", &isWritten, &error) && !isWritten);
+            QVector<StoreAdmin::Finding> findings;
+            QVERIFY2(StoreAdmin::check(files.url(), &findings, &error),
+                     qPrintable(error.text + error.detail));
+            QVERIFY(findings.isEmpty());
+            const QString copy = elsewhere.filePath(QStringLiteral("copy.vrk"));
+            QVERIFY2(StoreAdmin::backup(files.url(), copy, &error), qPrintable(error.text + error.detail));
+            const QVector<StoreAdmin::Symptom> symptoms = StoreAdmin::examine(files.url());
+            QCOMPARE(symptoms.size(), 1);
+            QVERIFY(symptoms.constFirst().fault.contains(QString::fromUtf8("только для просмотра")));
+        }
+        // Nothing is left behind that would shut the writers out, and what they write is seen.
+        QVERIFY(!QFile::exists(files.path() + QStringLiteral("-wal")));
+        QFile::setPermissions(folder, QFile::Permissions(0x7777));
+        const auto writer = files.openLoader();
+        QVERIFY(TestStore::write(writer.get(), "LogbookRecords", ROW_INSERT, "NEW",
+                                 {{"ShiftKey", "SHIFT_CDS_OPEN"}}, &error));
+        const AsNobody nobody;
+        QVERIFY(store->hasNews());
+        answer = store->select(select, &error);
+        QCOMPARE(answer.RecCount(), 12);
+    }
+
+    void unfinishedStoreInAReadOnlyPlaceIsTold()
+    {
+        const TestStore files;
+        const QString crashed = leaveCrashed(files, "IN_LOG");
+        QVERIFY(QFile::remove(crashed + QStringLiteral("-shm")));
+        for (const char* suffix : {"", "-wal"})
+            QFile::setPermissions(crashed + QLatin1String(suffix), QFile::Permissions(0x4444));
+        QFile::setPermissions(m_folder.path(), QFile::Permissions(0x5555));
+        StoreError error;
+        {
+            const AsNobody nobody;
+            error = refusal(urlOf(crashed));
+        }
+        QFile::setPermissions(m_folder.path(), QFile::Permissions(0x7777));
+        QCOMPARE(error.code, StoreError::ReadOnly);
+        QCOMPARE(error.text,
+                 QString::fromUtf8(
+                     "Хранилище «%1» не дописано: рядом лежит «%1-wal». Скопируйте оба файла туда, где "
+                     "разрешена запись.")
+                     .arg(crashed));
     }
 
     void fileOrFolderWithoutPermissionIsReadOnly_data()

@@ -1,5 +1,6 @@
 #include "StatusLine.h"
 
+#include "../support/AsNobody.h"
 #include "../support/TextWalk.h"
 #include "CRowBatch.h"
 #include "CVrkCliApp.h"
@@ -32,6 +33,7 @@ private slots:
     void namesAndFailuresAreNoMarkup();
     void withLargeLettersNothingIsCutOff_data();
     void withLargeLettersNothingIsCutOff();
+    void aStoreThatCanOnlyBeReadIsToldAlsoWhereThereIsNoRoom();
     void aFailureStaysUntilItIsAcknowledged();
     void theKeyAcknowledges();
     void severalFailuresAreCounted();
@@ -98,6 +100,27 @@ void StatusLine_test::cleanup()
     m_line.reset();
     m_app.reset();
     m_bench.reset();
+}
+
+void StatusLine_test::aStoreThatCanOnlyBeReadIsToldAlsoWhereThereIsNoRoom()
+{
+    m_line.reset();
+    m_app.reset();
+    QFile::setPermissions(m_bench->path(QStringLiteral("store.sqlite")), QFile::Permissions(0x4444));
+    const AsNobody nobody;
+    m_app = std::make_unique<CVrkCliApp>();
+    SignIn signIn;
+    QVERIFY2(signIn.open(m_bench->url()), qPrintable(signIn.errorText()));
+    QVERIFY(signIn.signIn(QStringLiteral("roshchin")) && signIn.enter(m_app.get(), QByteArray()));
+    m_line = std::make_unique<StatusLine>(m_app->session(), QStringLiteral("Рощин"), QStringLiteral("ЦДС"));
+    for (int width : {1200, 300}) {
+        m_line->resize(width, 30);
+        m_line->show();
+        QCOMPARE(text("connectionLabel"), QStringLiteral("Подключено: только просмотр"));
+        QVERIFY(m_line->findChild<QLabel*>(QStringLiteral("connectionLabel"))->isVisible());
+    }
+    m_line.reset();
+    m_app.reset();
 }
 
 void StatusLine_test::itTellsWhoWorksWhere()
