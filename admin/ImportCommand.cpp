@@ -1,5 +1,6 @@
 #include "ImportCommand.h"
 
+#include "DemoTemplates.h"
 #include "SheetImport.h"
 #include "StoreAdmin.h"
 #include "StoreZone.h"
@@ -39,6 +40,8 @@ QString ImportCommand::summary() const
 
 QString ImportCommand::usage() const
 {
+    QStringList markers = DemoTemplates::markerLabels();
+    markers.sort();
     QString text = QStringLiteral(
         "vrk-admin import URL DIR [--dry-run]\n"
         "  Читает из папки файлы CSV, добавляет новые строки и записывает изменённые ячейки: всё или "
@@ -56,16 +59,20 @@ QString ImportCommand::usage() const
         "  Права: ");
     text += Sheets::rights().join(QStringLiteral(", "));
     text += QStringLiteral(
-        "; через запятую.\n"
-        "  Текст шаблона: {вид:Название}, {вид?:Название} для необязательного поля, "
-        "*жирный*, ~зачёркнутый~;\n"
-        "  {list:Название;да|нет}, {datetime:Название;hh:mm}, {text:Название};\n"
-        "  {text?:Номер; Бланк № ….}: слова вокруг многоточия стоят только вместе со значением.\n"
-        "\n"
-        "  Таблицы прежнего журнала (OperLog*.csv) берутся как есть, с ключами и именами полей; их "
-        "преобразует модуль «Конвертер».\n"
-        "\n"
-        "  Файлы и столбцы (звёздочкой отмечены обязательные):\n");
+                "; через запятую.\n"
+                "  Текст шаблона: {вид:Название}, {вид?:Название} для необязательного поля, "
+                "*жирный*, ~зачёркнутый~;\n"
+                "  {list:Название;да|нет}, {datetime:Название;hh:mm}, {text:Название};\n"
+                "  {text?:Номер; Бланк № ….}: слова вокруг многоточия стоят только вместе со значением.\n"
+                "  Виды: %1.\n"
+                "  Маркеры: %2.\n"
+                "\n"
+                "  Таблицы прежнего журнала (OperLog*.csv) берутся как есть, с ключами и именами полей; их "
+                "преобразует модуль «Конвертер».\n"
+                "\n"
+                "  Файлы и столбцы (звёздочкой отмечены обязательные):\n")
+                .arg(DemoTemplates::parameterKinds().join(QStringLiteral(", ")),
+                     markers.join(QStringLiteral(", ")));
     for (const Sheet& sheet : Sheets::all()) {
         QStringList columns;
         for (const SheetColumn& column : sheet.columns)

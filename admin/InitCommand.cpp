@@ -6,6 +6,18 @@
 
 #include <QTimeZone>
 
+namespace
+{
+/// The code page as it is called; empty for one that is not offered.
+QByteArray offeredCodec(const QByteArray& name)
+{
+    for (const char* codec : {"Windows-1251", "UTF-8"})
+        if (qstricmp(codec, name.constData()) == 0)
+            return codec;
+    return QByteArray();
+}
+} // namespace
+
 QString InitCommand::summary() const
 {
     return QStringLiteral("создать новое пустое хранилище");
@@ -45,6 +57,13 @@ Command::ExitCode InitCommand::run(const QStringList& arguments, Streams& stream
         return wrongUsage(streams);
 
     StoreError error;
+    const QByteArray offered = offeredCodec(codec);
+    if (offered.isEmpty())
+        return fail(streams, {StoreError::BadRequest,
+                              QStringLiteral("Кодовой страницы «%1» нет: есть Windows-1251 и UTF-8.")
+                                  .arg(QString::fromUtf8(codec)),
+                              QString()});
+    codec = offered;
     StoreAdmin::Filling filling;
     if (starter)
         filling = [](Store* store, StoreError* reason) { return SitePlan::starter().write(store, reason); };

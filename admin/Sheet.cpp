@@ -76,7 +76,7 @@ QVector<Sheet> organization()
                name(QStringLiteral("Имя"), "firstName", Column::Identity),
                name(QStringLiteral("Отчество"), "patronymicName", Column::Identity),
                reference(QStringLiteral("Логин"), "UserKey", "Users"),
-               plain(QStringLiteral("Группа"), "safetyGroup", Column::Number),
+               plain(QStringLiteral("Группа"), "safetyGroup", Column::SafetyGroup),
                plain(retired, "deleted_", Column::Flag)}),
         sheet(QStringLiteral("roles.csv"), QStringLiteral("должности"), "Roles",
               {reference(department, "DepartmentKey", "Departments", identified), name(title, "name_")}),
@@ -199,6 +199,11 @@ const QStringList& Sheets::rights()
 
 QString Sheets::nearest(const QString& word, const QStringList& known)
 {
+    constexpr int shortestBeginning = 3;
+    for (const QString& one : known) {
+        if (word.size() >= shortestBeginning && one.startsWith(word, Qt::CaseInsensitive))
+            return one;
+    }
     QString best;
     int least = std::max(2, word.size() / 2);
     for (const QString& one : known) {

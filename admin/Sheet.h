@@ -9,8 +9,8 @@
 struct SheetColumn {
     enum Kind {
         Text,
-        Verbatim, ///< a text to the letter, blanks and line ends included
-        Number,
+        Verbatim,      ///< a text to the letter, blanks and line ends included
+        SafetyGroup,   ///< a whole number from 0 to 5
         Flag,          ///< "да" or "нет"
         Time,          ///< "hh:mm" is a time of day, "dd.MM.yyyy hh:mm" a moment
         Reference,     ///< a row of another sheet by its name
@@ -60,6 +60,6 @@ const Sheet& of(const QByteArray& table);
 const Sheet* byFile(const QString& file);
 /// The rights that the modules ask for.
 const QStringList& rights();
-/// The one of \a known that \a word was probably meant to be; empty when none is like it.
+/// The one of \a known that \a word was probably meant to be, or begins; empty when none is like it.
 QString nearest(const QString& word, const QStringList& known);
 } // namespace Sheets

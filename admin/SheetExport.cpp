@@ -66,7 +66,7 @@ QStringList SheetExport::cells(const Directory& directory, const Sheet& sheet, c
             break;
         case SheetColumn::Text:
         case SheetColumn::Verbatim:
-        case SheetColumn::Number:
+        case SheetColumn::SafetyGroup:
         case SheetColumn::Code:
             cells << value.toString();
         }

@@ -1,8 +1,10 @@
 #include "SheetImport.h"
 
+#include "DemoTemplates.h"
 #include "DemoWriter.h"
 #include "GenGuid32.h"
 #include "SheetRow.h"
+#include "StoreAdmin.h"
 #include "TableCatalog.h"
 
 #include <QFile>
@@ -126,6 +128,9 @@ void SheetImport::compareSheet(const File& file)
         }
         waiting = left;
     }
+    for (const Csv::Row& row : ringsIn(file, &waiting))
+        fault(file.sheet->file, row.line,
+              QStringLiteral("строка и её владельцы входят друг в друга по кругу"));
     for (const Csv::Row& row : qAsConst(waiting))
         compareRow(file, row, true, &seen, &report);
     for (const DirectoryRow* row : m_directory.rows(file.sheet->table)) {
@@ -133,6 +138,31 @@ void SheetImport::compareSheet(const File& file)
             report.missing << m_directory.label(file.sheet->table, *row);
     }
     m_reports.append(report);
+}
+
+QVector<Csv::Row> SheetImport::ringsIn(const File& file, QVector<Csv::Row>* waiting) const
+{
+    const auto nameOf = [](const SheetRow& row) {
+        return row.row.text(row.row.values.contains("nameLoc") ? "nameLoc" : "name_");
+    };
+    QHash<QString, QString> owners;
+    for (const Csv::Row& row : qAsConst(*waiting)) {
+        const SheetRow read(m_directory, *file.sheet, file.columns, row.cells);
+        owners.insert(nameOf(read), read.owner);
+    }
+    QVector<Csv::Row> rings;
+    QVector<Csv::Row> others;
+    for (const Csv::Row& row : qAsConst(*waiting)) {
+        QString name = nameOf(SheetRow(m_directory, *file.sheet, file.columns, row.cells));
+        int steps = 0; // more of them than there are rows lead round in a circle
+        while (steps <= owners.size() && owners.contains(name)) {
+            name = owners.value(name);
+            ++steps;
+        }
+        (steps > owners.size() ? rings : others).append(row);
+    }
+    *waiting = others;
+    return rings;
 }
 
 bool SheetImport::compareRow(const File& file, const Csv::Row& cells, bool last, QHash<QByteArray, int>* seen,
@@ -156,6 +186,8 @@ bool SheetImport::compareRow(const File& file, const Csv::Row& cells, bool last,
     if (!read.row.key.isEmpty() && !same.isEmpty() && same != read.row.key)
         return wrong(QStringLiteral("такая строка уже есть, её код %1, а не %2")
                          .arg(QString::fromUtf8(same), QString::fromUtf8(read.row.key)));
+    if (!stored && sheet.table == "Users" && StoreAdmin::loginError(read.row.text("login")))
+        return wrong(StoreAdmin::loginError(read.row.text("login")).text);
     DirectoryRow row = read.row;
     row.key = stored ? stored->key : row.key.isEmpty() ? GenGuid32() : row.key;
     if (seen->contains(row.key))
@@ -171,6 +203,15 @@ bool SheetImport::compareRow(const File& file, const Csv::Row& cells, bool last,
         }
         if (read.cells.text.startsWith(QLatin1String("html:")))
             read.cells.properties.clear();
+        const QString kind =
+            read.cells.text.startsWith(QLatin1String("html:")) || (stored && read.cells == before)
+                ? QString()
+                : DemoTemplates::unknownKind(read.cells.text);
+        const QString nearest = Sheets::nearest(kind, DemoTemplates::parameterKinds());
+        if (!kind.isEmpty())
+            return wrong(QStringLiteral("столбец «Текст»: вида параметра «%1» нет%2")
+                             .arg(kind, nearest.isEmpty() ? QString()
+                                                          : QStringLiteral(", похоже на «%1»").arg(nearest)));
         QString error;
         const QString html = read.cells == before ? stored->text("html") : read.cells.html(&error);
         if (!error.isEmpty())
@@ -191,7 +232,9 @@ bool SheetImport::compareRow(const File& file, const Csv::Row& cells, bool last,
     takeRow(file, row, given, read.hasRights ? takeRights(row, read.rights) : QStringList(), report);
     for (const SheetColumn& column : sheet.columns) {
         if (column.refers == sheet.table && m_directory.ownsItself(sheet.table, row.key, column.field))
-            return wrong(QStringLiteral("столбец «%1»: строка входит сама в себя").arg(column.heading));
+            return wrong(row.reference(column.field) == row.key
+                             ? QStringLiteral("столбец «%1»: строка входит сама в себя").arg(column.heading)
+                             : QStringLiteral("строка и её владельцы входят друг в друга по кругу"));
     }
     return true;
 }
@@ -213,7 +256,7 @@ void SheetImport::takeRow(const File& file, DirectoryRow row, const QSet<QByteAr
             const QVariant now = row.values.value(column.field);
             const QVariant before = stored.values.value(column.field);
             const bool unset = !now.toBool() && !before.toBool();
-            const bool flag = column.kind == SheetColumn::Flag || column.kind == SheetColumn::Number;
+            const bool flag = column.kind == SheetColumn::Flag || column.kind == SheetColumn::SafetyGroup;
             if (now.toString() == before.toString() || (flag && unset))
                 continue; // a flag that was never set is no
             change.fields.insert(column.field);

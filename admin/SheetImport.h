@@ -54,6 +54,8 @@ private:
     bool readFile(const QString& path, const Sheet& sheet);
     bool readHeadings(File* file, const Csv::Row& headings);
     void compareSheet(const File& file);
+    /// Takes those out of the rows that wait for each other whose owners lead round in a circle.
+    QVector<Csv::Row> ringsIn(const File& file, QVector<Csv::Row>* waiting) const;
     /// False when the row waits for another one of its sheet.
     bool compareRow(const File& file, const Csv::Row& cells, bool last, QHash<QByteArray, int>* seen,
                     Report* report);

@@ -3,6 +3,11 @@
 #include "DemoTemplates.h"
 #include "SheetCells.h"
 
+namespace
+{
+constexpr int highestSafetyGroup = 5;
+}
+
 SheetRow::SheetRow(const Directory& directory, const Sheet& sheet, const QVector<const SheetColumn*>& columns,
                    const QStringList& texts)
     : m_directory(directory), m_sheet(sheet)
@@ -51,10 +56,17 @@ void SheetRow::readCell(const SheetColumn& column, const QString& cell)
         return set(cell);
     case SheetColumn::EquipmentKind:
         return set(SheetCells::readEquipmentKind(cell));
-    case SheetColumn::Number: {
+    case SheetColumn::SafetyGroup: {
         bool number = true;
         const int value = name.isEmpty() ? 0 : name.toInt(&number);
-        return number ? set(value) : fault(column, QStringLiteral("«%1» не число").arg(name));
+        if (!number)
+            return fault(column, QStringLiteral("«%1» не число").arg(name));
+        return value >= 0 && value <= highestSafetyGroup
+                   ? set(value)
+                   : fault(column,
+                           QStringLiteral("группы «%1» нет, есть от 1 до %2; 0 или пусто, если группы нет")
+                               .arg(name)
+                               .arg(highestSafetyGroup));
     }
     case SheetColumn::Flag: {
         const QVariant value = SheetCells::readFlag(cell);
@@ -114,7 +126,10 @@ void SheetRow::readReference(const SheetColumn& column, const QString& cell)
         return;
     }
     if (found.isEmpty()) {
-        waits = waits || table == m_sheet.table;
+        if (table == m_sheet.table) {
+            waits = true;
+            owner = cell.section(QLatin1Char('/'), -1).simplified();
+        }
         return unknown(column, QStringLiteral("в таблице «%1» строки").arg(Sheets::of(table).title), cell,
                        m_directory.nearest(table, cell, m_department));
     }

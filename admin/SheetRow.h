@@ -16,6 +16,7 @@ struct SheetRow {
     QSet<QByteArray> textCells; ///< "html" and the template properties that the sheet has columns for
     QStringList faults;         ///< what is wrong with the cells
     bool waits = false;         ///< the only fault is a row of the same sheet that is not there yet
+    QString owner;              ///< the name of that row
 
     SheetRow(const Directory& directory, const Sheet& sheet, const QVector<const SheetColumn*>& columns,
              const QStringList& texts);

@@ -5,6 +5,7 @@
 #include "GenGuid32.h"
 #include "HiddenInput.h"
 #include "Sheet.h"
+#include "StoreAdmin.h"
 
 #include <functional>
 #include <QMap>
@@ -119,6 +120,8 @@ QString takePerson(const QString& answer, const QStringList& posts, SitePlan::Pe
     if (person->login.isEmpty() || person->lastName.isEmpty())
         return QStringLiteral(
             "Нужны имя для входа и фамилия, например: ivanov; Иванов Иван Иванович; Диспетчер; 5");
+    if (const StoreError error = StoreAdmin::loginError(person->login))
+        return error.text;
     if (!person->post.isEmpty() && !posts.contains(person->post))
         return QStringLiteral("В подразделении нет должности «%1».").arg(person->post);
     if (person->safetyGroup < 0 || person->safetyGroup > 5)

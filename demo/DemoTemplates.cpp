@@ -266,6 +266,47 @@ bool DemoTemplates::parse(const QString& notation, QVector<DemoTemplate>* templa
     return Reader(notation, templates).read(error);
 }
 
+const QStringList& DemoTemplates::parameterKinds()
+{
+    static const QStringList kinds{
+        QStringLiteral("text"),
+        QStringLiteral("list"),
+        QStringLiteral("datetime"),
+        QStringLiteral("interval"),
+        QStringLiteral("substation"),
+        QStringLiteral("line"),
+        QStringLiteral("bay"),
+        QStringLiteral("equipmentName"),
+        QStringLiteral("equipmentPath"),
+        QStringLiteral("baseVoltage"),
+        QStringLiteral("signalName"),
+        QStringLiteral("signalNum"),
+        QStringLiteral("organization"),
+        QStringLiteral("department"),
+        QStringLiteral("employee_fio"),
+        QStringLiteral("employee_fio_role"),
+        QStringLiteral("employee_fio_group"),
+        QStringLiteral("employee_fio_dep_org"),
+        QStringLiteral("shift_workers"),
+        QStringLiteral("shift_workers_groups"),
+    };
+    return kinds;
+}
+
+QString DemoTemplates::unknownKind(const QString& text)
+{
+    int open = text.indexOf(QLatin1Char('{'));
+    while (open >= 0) {
+        const int end = text.indexOf(QLatin1Char('}'), open);
+        Parameter parameter;
+        if (end > 0 && readParameter(text.mid(open + 1, end - open - 1), &parameter) &&
+            !parameterKinds().contains(parameter.type))
+            return parameter.type;
+        open = text.indexOf(QLatin1Char('{'), open + 1);
+    }
+    return QString();
+}
+
 std::string DemoTemplates::html(const QString& text, QString* error)
 {
     std::string result;

@@ -36,6 +36,11 @@ bool parse(const QString& notation, QVector<DemoTemplate>* templates, QString* e
 /// The html (UTF-8) of a text in the notation: parameters, *bold*, ~struck out~, line breaks.
 std::string html(const QString& text, QString* error);
 
+/// The kinds of parameters that a text may hold: the base names of ParametersBase.
+const QStringList& parameterKinds();
+/// The first kind of a parameter in the text that is none; empty when all are known.
+QString unknownKind(const QString& text);
+
 /// The inverse: a text without template properties in the notation; null when it holds what the notation cannot say.
 QString notation(const std::string& html);
 

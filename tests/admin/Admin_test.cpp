@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextCodec>
 
 /// vrk-admin as it is called from a shell, its streams replaced.
 class Admin_test : public QObject
@@ -24,6 +25,9 @@ private slots:
     void wrongArgumentsShowTheUsage();
     void initMakesAStoreOnce();
     void initTakesCodePageAndTimeZone();
+    void initRefusesCodePagesThatItDoesNotOffer();
+    void theVersionIsTold();
+    void loginsAreOneWord();
     void demoLaysDownTheEarlierJournalToo();
     void demoTellsTheStoryOfHoursAgo();
     void aFreshStoreIsClean();
@@ -107,6 +111,11 @@ void Admin_test::wrongArgumentsShowTheUsage_data()
                              "check",
                              "check URL extra",
                              "backup URL",
+                             "restore URL",
+                             "restore URL FILE extra",
+                             "upgrade",
+                             "upgrade URL --backup",
+                             "upgrade URL --no-backup --backup FILE",
                              "user",
                              "user URL",
                              "user URL add LOGIN",
@@ -165,6 +174,37 @@ void Admin_test::initTakesCodePageAndTimeZone()
         run({QStringLiteral("init"), other, QStringLiteral("--time-zone"), QStringLiteral("Nowhere/Land")}),
         Command::Failed);
     QVERIFY(!QFile::exists(path("other.sqlite")));
+}
+
+void Admin_test::initRefusesCodePagesThatItDoesNotOffer()
+{
+    for (const char* name : {"KOI8-R", "ISO-8859-1", "UTF-16", "nonsense"}) {
+        QCOMPARE(run({QStringLiteral("init"), m_url, QStringLiteral("--codec"), QLatin1String(name)}),
+                 Command::Failed);
+        QCOMPARE(m_err, QStringLiteral("Кодовой страницы «%1» нет: есть Windows-1251 и UTF-8.\n")
+                            .arg(QLatin1String(name)));
+        QVERIFY(!QFile::exists(path("store.sqlite")));
+    }
+    QCOMPARE(run({QStringLiteral("init"), m_url, QStringLiteral("--codec"), QStringLiteral("windows-1251")}),
+             Command::Success);
+    StoreError error;
+    QCOMPARE(Store::open(m_url, {}, &error)->codec()->name(), QByteArray("windows-1251"));
+}
+
+void Admin_test::theVersionIsTold()
+{
+    QCOMPARE(run({QStringLiteral("--version")}), Command::Success);
+    QCOMPARE(m_out,
+             QStringLiteral("vrk-admin 2.0.0, версия хранилища %1\n").arg(StoreAdmin::schemaVersion()));
+}
+
+void Admin_test::loginsAreOneWord()
+{
+    QCOMPARE(run({QStringLiteral("init"), m_url}), Command::Success);
+    QCOMPARE(run({QStringLiteral("user"), m_url, QStringLiteral("add"), QStringLiteral("ivan petrov"),
+                  QStringLiteral("Петров Иван")}),
+             Command::Failed);
+    QCOMPARE(m_err, QStringLiteral("В имени для входа «ivan petrov» есть пробел: его пишут одним словом.\n"));
 }
 
 void Admin_test::demoLaysDownTheEarlierJournalToo()
@@ -246,7 +286,8 @@ void Admin_test::aStoreOfThisVersionNeedsNoUpgrade()
 {
     run({QStringLiteral("init"), m_url});
     QCOMPARE(run({QStringLiteral("upgrade"), m_url}), Command::Success);
-    QCOMPARE(m_out, QStringLiteral("Хранилище версии 4.\n"));
+    QCOMPARE(m_out,
+             QStringLiteral("Хранилище уже версии %1, обновлять нечего.\n").arg(StoreAdmin::schemaVersion()));
     QCOMPARE(run({QStringLiteral("upgrade")}), Command::WrongUsage);
     QCOMPARE(run({QStringLiteral("upgrade"), m_url + QStringLiteral("x")}), Command::Failed);
 }

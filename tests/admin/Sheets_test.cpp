@@ -371,6 +371,28 @@ void Sheets_test::faultsNameFileAndLine_data()
         << QByteArray("parameters.csv") << QByteArray("Группа;Название;Текст\nГруппа;Поле;{text:Поле\n")
         << QStringLiteral(
                "parameters.csv:2: столбец «Текст»: параметр без названия или без закрывающей скобки");
+    QTest::newRow("unknown kind of parameter")
+        << QByteArray("templates.csv")
+        << QByteArray("Категория;Название;Текст\nКатегория;Шаблон;\"Вывод {text:Что} в {date:Когда}\"\n")
+        << QStringLiteral(
+               "templates.csv:2: столбец «Текст»: вида параметра «date» нет, похоже на «datetime»");
+    QTest::newRow("misspelt kind of parameter")
+        << QByteArray("templates.csv")
+        << QByteArray("Категория;Название;Текст\nКатегория;Шаблон;{txet?:Что}\n")
+        << QStringLiteral("templates.csv:2: столбец «Текст»: вида параметра «txet» нет, похоже на «text»");
+    QTest::newRow("no such safety group")
+        << QByteArray("workers.csv") << QByteArray("Подразделение;Фамилия;Группа\nЦДС;Петров;99\n")
+        << QStringLiteral("workers.csv:2: столбец «Группа»: группы «99» нет, есть от 1 до 5");
+    QTest::newRow("login with a blank")
+        << QByteArray("users.csv") << QByteArray("Логин;Имя\nivan petrov;Иван\n")
+        << QStringLiteral("users.csv:2: В имени для входа «ivan petrov» есть пробел");
+    QTest::newRow("ring of new rows")
+        << QByteArray("departments.csv")
+        << QByteArray("Организация;Название;Входит в\nСети;А;Б\nСети;Б;В\nСети;В;А\n")
+        << QStringLiteral("departments.csv:2: строка и её владельцы входят друг в друга по кругу");
+    QTest::newRow("ring closed by a row that is there")
+        << QByteArray("organizations.csv") << QByteArray("Название;Входит в\nСети;Новая\nНовая;Сети\n")
+        << QStringLiteral("строка и её владельцы входят друг в друга по кругу");
     QTest::newRow("unknown marker")
         << QByteArray("templates.csv")
         << QByteArray("Категория;Название;Текст;Первый маркер\nКатегория;Шаблон;Текст;Аварии\n")

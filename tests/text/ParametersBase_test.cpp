@@ -1,4 +1,5 @@
 #include "CModelTable.h"
+#include "DemoTemplates.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
 #include "ParametersBase.h"
@@ -61,6 +62,7 @@ private slots:
     void rowsThatAreThereStayAsTheyAre();
     void aTableWithoutFieldsTakesTheParametersOfEquipment();
     void thePageNamesThemAll();
+    void theNotationAndTheGuideKnowThemAll();
 };
 
 void ParametersBase_test::everyBaseNameHasAParameter()
@@ -196,6 +198,24 @@ void ParametersBase_test::thePageNamesThemAll()
     told.sort();
     made.sort();
     QCOMPARE(told, made);
+}
+
+void ParametersBase_test::theNotationAndTheGuideKnowThemAll()
+{
+    Tables tables;
+    ParametersBase(nullptr).createBaseParameters(&tables.categories, &tables.parameters, true);
+    QStringList made = names(tables.parameters);
+    QStringList known = DemoTemplates::parameterKinds();
+    made.sort();
+    known.sort();
+    QCOMPARE(known, made);
+    QFile page(QFINDTESTDATA("../../docs/admin-guide.ru.md"));
+    QVERIFY(page.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(page.readAll());
+    for (const QString& kind : qAsConst(known))
+        QVERIFY2(text.contains(QStringLiteral("| `%1` |").arg(kind)), qPrintable(kind));
+    for (const QString& marker : DemoTemplates::markerLabels())
+        QVERIFY2(text.contains(marker), qPrintable(marker));
 }
 
 QTEST_MAIN(ParametersBase_test)
