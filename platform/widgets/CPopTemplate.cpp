@@ -2,6 +2,7 @@
 
 #include "PopGuard.h"
 
+#include <QApplication>
 #include <QHideEvent>
 #include <QScreen>
 
@@ -90,6 +91,7 @@ void CPopTemplate::settle()
 void CPopTemplate::showEvent(QShowEvent* event)
 {
     m_isFrameless = frameOf(this).isNull();
+    m_opener = qobject_cast<CPopTemplate*>(QApplication::activeWindow());
     resize(size().boundedTo(room(this).size()));
     if (m_guarding)
         m_guard->raise();
@@ -100,6 +102,10 @@ void CPopTemplate::hideEvent(QHideEvent* event)
 {
     if (m_guard)
         m_guard->lower();
+    // After minimising and restoring, a window manager would choose the module's window.
+    const bool wasActive = !QApplication::activeWindow();
+    if (wasActive && m_opener && m_opener != this && m_opener->isVisible())
+        m_opener->activateWindow();
     QWidget::hideEvent(event);
 }
 

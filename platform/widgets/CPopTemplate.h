@@ -3,13 +3,14 @@
 #include "VrkExport.h"
 
 #include <memory>
+#include <QPointer>
 #include <QWidget>
 
 class PopGuard;
 
 /// Base of all dialogs: a pop-up over the module's window. A window of its own, not modal, no larger than the
 /// screen with its frame; it is hidden and shown again, never destroyed before its parent. Keys do nothing by
-/// themselves.
+/// themselves. A dialog that another one has opened gives the keyboard back to it.
 ///
 /// showEvent() and hideEvent() come when somebody shows or closes the dialog. A window that the window system minimises
 /// and restores was neither shown nor closed: it gets no such event and keeps what it holds.
@@ -39,6 +40,7 @@ private:
     void settle();
 
     std::unique_ptr<PopGuard> m_guard; ///< made when first asked for
+    QPointer<CPopTemplate> m_opener;   ///< was active when this one was shown: gets the keyboard back
     bool m_guarding = false;
     bool m_isFrameless = false; ///< shown before its frame was known
 };

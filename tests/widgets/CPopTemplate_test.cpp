@@ -135,6 +135,23 @@ private slots:
         QCOMPARE(pop.shown, 2);
     }
 
+    void theOpenerGetsTheKeyboardBack()
+    {
+        Setup s;
+        CPopTemplate opener(&s.window);
+        CPopTemplate opened(&s.window);
+        opener.show();
+        QVERIFY(QTest::qWaitForWindowActive(&opener));
+        opened.show();
+        QVERIFY(QTest::qWaitForWindowActive(&opened));
+        s.window.activateWindow(); // as a window manager does after minimising
+        QVERIFY(QTest::qWaitForWindowActive(&s.window));
+        opened.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&opened));
+        opened.close();
+        QTRY_VERIFY(opener.isActiveWindow());
+    }
+
     void withoutAGuardTheWindowUnderItCanBeUsed()
     {
         Setup s;
