@@ -104,8 +104,7 @@ private slots:
 
     void theNextShiftIsTheFirstOfTheTimetable()
     {
-        const QDateTime now = QDateTime::fromSecsSinceEpoch(this->now);
-        const int hour = now.time().hour();
+        const int hour = QDateTime::fromSecsSinceEpoch(now).time().hour();
         const double next = (hour >= 8 && hour < 20 ? 20 : 8) * 3600; // the shifts change at 8 and at 20
         for (const QVariantList& department : demo.rows(QStringLiteral("SELECT KeyLink FROM Departments"))) {
             const auto rows =
