@@ -1,5 +1,6 @@
 #include "Csv.h"
 
+#include <algorithm>
 #include <QTextCodec>
 
 namespace
@@ -123,16 +124,14 @@ private:
     int m_line = 1;
 };
 
-QString quoted(const QString& cell)
+/// \a special: signs that would not stay in the cell.
+QString quoted(const QString& cell, const QString& special)
 {
-    for (const QChar sign : cell) {
-        // The other candidates too: a reader takes the separator that the first row holds most of.
-        if (candidates.contains(sign) || sign == QLatin1Char('"') || sign == QLatin1Char('\n') ||
-            sign == QLatin1Char('\r'))
-            return QLatin1Char('"') + QString(cell).replace(QLatin1Char('"'), QStringLiteral("\"\"")) +
-                   QLatin1Char('"');
-    }
-    return cell;
+    const bool isPlain =
+        std::none_of(cell.begin(), cell.end(), [&](QChar sign) { return special.contains(sign); });
+    return isPlain ? cell
+                   : QLatin1Char('"') + QString(cell).replace(QLatin1Char('"'), QStringLiteral("\"\"")) +
+                         QLatin1Char('"');
 }
 } // namespace
 
@@ -144,11 +143,14 @@ bool Csv::read(const QByteArray& bytes, QVector<Row>* rows, QString* error)
 QByteArray Csv::write(const QVector<QStringList>& rows)
 {
     QString text(QChar(0xFEFF));
+    // A reader takes the separator that the first row holds most of.
+    QString special = candidates + QLatin1String("\"\r\n");
     for (const QStringList& row : rows) {
         QStringList cells;
         for (const QString& cell : row)
-            cells << quoted(cell);
+            cells << quoted(cell, special);
         text += cells.join(QLatin1Char(';')) + QStringLiteral("\r\n");
+        special = QStringLiteral(";\"\r\n");
     }
     return text.toUtf8();
 }

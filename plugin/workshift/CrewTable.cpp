@@ -47,7 +47,10 @@ void CrewTable::append(const QString& workerKey, bool selectable)
 {
     const int row = m_view->rowCount();
     m_view->insertRow(row);
-    if (workerKey.isEmpty())
+    const bool hasName = m_names == ShortNames ||
+                         !HfnWrapper::workerFullName(m_session->codec(), m_workers, workerKey).isEmpty();
+    // Deliberate: who is chosen for a crew and has no full name leaves a row without cells. The opener has always some.
+    if (workerKey.isEmpty() || (selectable && !hasName))
         return;
 
     auto* nameItem =

@@ -32,7 +32,7 @@ public:
     void setNames(Names names) { m_names = names; }
 
     bool contains(const QString& workerKey) const;
-    /// Appends a row; an empty key leaves one without cells. \a selectable false: the row can neither be
+    /// Appends a row; an empty key, and a worker to choose without a full name, leave one without cells. \a selectable false: the row can neither be
     /// selected nor removed.
     void append(const QString& workerKey, bool selectable = true);
     void removeCurrent();

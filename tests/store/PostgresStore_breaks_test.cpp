@@ -201,6 +201,7 @@ private slots:
     void batchIsWrittenOnceWhereverItsLinkBreaks()
     {
         QFETCH(int, place);
+        const auto before = number("SELECT number FROM ChangeHead");
         int request = 0;
         for (bool isBroken = true; isBroken;) {
             const auto store = open();
@@ -216,7 +217,7 @@ private slots:
         }
         QVERIFY2(request > 6,
                  qPrintable(QString::number(request))); // begin, key, insert and commit, each prepared
-        QCOMPARE(number("SELECT number FROM ChangeHead"), request);
+        QCOMPARE(number("SELECT number FROM ChangeHead"), before + request);
     }
 
     void unansweredCommitIsTold_data()
@@ -263,6 +264,7 @@ private slots:
         CVrkCliSes session(open(600));
         QVERIFY(session.startEvents());
         QSignalSpy settled(&session, &CVrkCliSes::writeSettled);
+        const auto before = number("SELECT number FROM ChangeHead");
         const auto write = [&](const QByteArray& key) {
             const QVector<MDRFieldDescr> fields = TableCatalog::table("Roles")->descriptors();
             CRowBatch batch(fields.constData(), fields.size());
@@ -283,7 +285,7 @@ private slots:
         // The user tries once more under the same key.
         QCOMPARE(write("B"), !written);
         QCOMPARE(rows("B"), 1);
-        QCOMPARE(number("SELECT number FROM ChangeHead"), 2);
+        QCOMPARE(number("SELECT number FROM ChangeHead"), before + 2);
     }
 };
 

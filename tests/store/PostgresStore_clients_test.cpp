@@ -65,7 +65,8 @@ private slots:
                          "SELECT string_agg(oid::regprocedure::text, ', ') FROM pg_proc WHERE pronamespace = "
                          "'public'::regnamespace AND has_function_privilege('petrov', oid, 'EXECUTE')"))
                      .toString(),
-                 QString());
+                 QStringLiteral(
+                     "vrk_write_file(text,text,bytea)")); // which asks for the right of an administrator
         QVERIFY(m_files
                     ->value(QStringLiteral(
                         "SELECT count(*) FROM pg_proc WHERE pronamespace = 'public'::regnamespace"))

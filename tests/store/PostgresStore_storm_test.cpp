@@ -236,8 +236,8 @@ class PostgresStore_storm_test : public QObject
             QVERIFY(thread->wait(60000));
         QVERIFY2(allCame, "some listeners have not heard everything");
 
-        QSet<QByteArray> written;
-        for (const QByteArray& key : column("SELECT batchKey FROM ChangeTransactions"))
+        QSet<QByteArray> written; // but for what made the store
+        for (const QByteArray& key : column("SELECT batchKey FROM ChangeTransactions WHERE number > 1"))
             written.insert(key);
         int acknowledged = 0;
         for (const Writer& pen : pens) {
