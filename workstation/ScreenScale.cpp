@@ -1,5 +1,6 @@
 #include "ScreenScale.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fcntl.h>
 #include <QGuiApplication>
@@ -14,6 +15,12 @@ namespace
 constexpr double usualDots = 96;
 const char* const settingName = "QT_SCREEN_SCALE_FACTORS";
 bool isSet = false;
+
+void enlargeNothing()
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, false);
+    QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
+}
 
 QVector<ScreenScale::Screen> screensOf(int argc, char* argv[])
 {
@@ -35,6 +42,9 @@ double ScreenScale::rounded(double factor)
 
 QByteArray ScreenScale::setting(const QVector<Screen>& screens)
 {
+    const auto isEnlarged = [](const Screen& screen) { return rounded(screen.factor) > 1; };
+    if (std::none_of(screens.begin(), screens.end(), isEnlarged))
+        return QByteArray();
     QByteArray text;
     for (const Screen& screen : screens) {
         if (!text.isEmpty())
@@ -75,6 +85,8 @@ void ScreenScale::roundToQuarters(int argc, char* argv[])
     isSet = isAnswered && !text.isEmpty();
     if (isSet)
         qputenv(settingName, text);
+    else if (isAnswered)
+        enlargeNothing();
 }
 
 void ScreenScale::forget()
@@ -85,7 +97,6 @@ void ScreenScale::forget()
 
 void ScreenScale::switchOff()
 {
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, false);
-    QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
+    enlargeNothing();
     qputenv("QT_FONT_DPI", QByteArray::number(usualDots));
 }

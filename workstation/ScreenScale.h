@@ -14,7 +14,8 @@ struct Screen {
 
 /// To the nearest quarter; 1 below 1.125, for a screen is never made smaller.
 double rounded(double factor);
-/// The screens with their rounded factors, as the toolkit takes them from QT_SCREEN_SCALE_FACTORS.
+/// The screens with their rounded factors, as the toolkit takes them from QT_SCREEN_SCALE_FACTORS; empty where no screen
+/// is to be enlarged, for the toolkit passes over factors that are all 1.
 QByteArray setting(const QVector<Screen>& screens);
 /// Sets that for this program; to be called before there is an application. Does nothing where the user has set factors
 /// of his own, or where the screens cannot be asked.

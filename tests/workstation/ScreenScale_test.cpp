@@ -33,6 +33,7 @@ private slots:
     void eachScreenHasItsOwnFactor()
     {
         QCOMPARE(ScreenScale::setting({{"eDP-1", 1.04}, {"DP=2", 1.56}}), QByteArray("eDP-1=1;DP=2=1.5"));
+        QCOMPARE(ScreenScale::setting({{"eDP-1", 1.04}, {"DP-2", 1}}), QByteArray()); // nothing is enlarged
         QCOMPARE(ScreenScale::setting({}), QByteArray());
     }
 
@@ -41,11 +42,11 @@ private slots:
         QByteArray name = "test";
         char* arguments[] = {name.data(), nullptr};
         qunsetenv("QT_SCREEN_SCALE_FACTORS");
+        QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
         ScreenScale::roundToQuarters(1, arguments); // the screen of the offscreen platform has 96
-        QVERIFY2(qgetenv("QT_SCREEN_SCALE_FACTORS").endsWith("=1"),
-                 qgetenv("QT_SCREEN_SCALE_FACTORS").constData());
-        ScreenScale::forget(); // programs that are started have their own
         QVERIFY(!qEnvironmentVariableIsSet("QT_SCREEN_SCALE_FACTORS"));
+        QVERIFY(!QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling));
+        QVERIFY(QCoreApplication::testAttribute(Qt::AA_DisableHighDpiScaling));
 
         qputenv("QT_SCREEN_SCALE_FACTORS", "1.3");
         ScreenScale::roundToQuarters(1, arguments);
