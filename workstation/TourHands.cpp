@@ -151,12 +151,14 @@ void TourHands::whenShown(const char* className, const std::function<void(QWidge
 void TourHands::fill(QWidget* dialog, const QStringList& values)
 {
     for (const QString& value : values) {
+        const QWidget* field = dialog->focusWidget();
         if (!value.isEmpty()) {
             type(dialog, value);
             if (visibleDialog("SuggestionPopup"))
                 press(dialog, Qt::Key_Return);
         }
-        press(dialog, Qt::Key_Tab);
+        if (dialog->focusWidget() == field) // a suggestion that was taken goes on by itself
+            press(dialog, Qt::Key_Tab);
         settle();
     }
 }
