@@ -23,22 +23,47 @@ constexpr int selectionRule = 2;
 constexpr int documentsKept = 256;   // more rows than a screen shows
 constexpr int lettersShown = 100000; // some fifty pages: more of a text costs seconds and is read elsewhere
 
+constexpr int lettersUnbroken =
+    500; // laying out a word takes a time that grows with the square of its length
+
+/// The text with places to break a line in its very long words; none within tags and characters written by name.
+QString breakable(const QString& text, bool isHtml)
+{
+    QString result;
+    int unbroken = 0;
+    bool isMarkup = false;
+    for (const QChar letter : text) {
+        result += letter;
+        isMarkup = isHtml && (isMarkup ? letter != u'>' && letter != u';' : letter == u'<' || letter == u'&');
+        unbroken = letter.isSpace() ? 0 : unbroken + 1;
+        if (unbroken < lettersUnbroken || isMarkup || letter.isHighSurrogate())
+            continue;
+        result += QChar(0x200B);
+        unbroken = 0;
+    }
+    return result;
+}
+
 /// What a cell shows of a text.
 QString shownPart(const QString& text)
 {
-    return text.size() > lettersShown ? text.left(lettersShown) + QChar(0x2026) : text;
+    if (text.size() < lettersUnbroken)
+        return text;
+    return breakable(text.size() > lettersShown ? text.left(lettersShown) + QChar(0x2026) : text, false);
 }
 
 /// The same of a template text; a tag or a character that the cut goes through is left out.
 QString shownHtml(const QString& html)
 {
-    if (html.size() <= lettersShown)
+    if (html.size() < lettersUnbroken)
         return html;
+    if (html.size() <= lettersShown)
+        return breakable(html, true);
     QString part = html.left(lettersShown);
     for (const auto& [open, close] : {std::pair(u'<', u'>'), std::pair(u'&', u';')})
         if (part.lastIndexOf(open) > part.lastIndexOf(close))
             part.truncate(part.lastIndexOf(open));
-    return part + QChar(0x2026);
+    return breakable(part, true) + QChar(0x2026);
 }
 
 QTextOption textOption(Qt::Alignment alignment)
