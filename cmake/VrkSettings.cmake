@@ -21,7 +21,8 @@ endif()
 
 find_program(VRK_CCACHE ccache)
 if(VRK_CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${VRK_CCACHE}")
+    # By default it does not keep what was compiled with precompiled headers.
+    set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros "${VRK_CCACHE}")
 endif()
 
 add_library(vrk_settings INTERFACE)

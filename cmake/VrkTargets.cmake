@@ -22,6 +22,7 @@ function(vrk_floor name)
     target_link_libraries(vrk_${name} PUBLIC ${ARG_LINKS} PRIVATE vrk_settings)
     set_target_properties(vrk_${name} PROPERTIES LINKER_LANGUAGE CXX VRK_LINKS "${ARG_LINKS}"
         VRK_PUBLIC "${ARG_PUBLIC}")
+    vrk_precompiled(vrk_${name} ${ARG_LINKS})
 endfunction()
 
 function(vrk_testing_library name)

@@ -97,9 +97,9 @@ bool FieldSet::isSameName(const char* a, const char* b)
     return lower(*a) == lower(*b);
 }
 
-void FieldSet::rehash(std::size_t slots)
+void FieldSet::rehash(std::size_t places)
 {
-    m_hash.assign(slots, 0);
+    m_hash.assign(places, 0);
     for (const MDRField& field : m_fields)
         enterHash(field);
 }

@@ -36,7 +36,7 @@ public:
     static bool isSameName(const char* a, const char* b);
 
 private:
-    void rehash(std::size_t slots);
+    void rehash(std::size_t places);
     void enterHash(const MDRField& field);
 
     std::deque<MDRField> m_fields;

@@ -50,7 +50,7 @@ Body* Body::clone(const Body* body, int count, std::size_t spare)
         return nullptr;
     for (const Bits set : {Present, Marked, Text})
         std::copy_n(body->words(set), wordCount(body->count), copy->words(set));
-    std::copy_n(body->slots(), body->count, copy->slots());
+    std::copy_n(body->slotTable(), body->count, copy->slotTable());
     if (live == body->textUsed) { // the texts stand side by side already
         std::copy_n(body->texts(), live, copy->texts());
         copy->textUsed = body->textUsed;
@@ -89,7 +89,7 @@ int Body::setText(Body*& body, int ordinal, const char* data, std::int32_t lengt
         char* text = body->texts() + body->slot(ordinal).text.offset;
         std::memmove(text, data, static_cast<std::size_t>(length));
         text[length] = 0;
-        body->slots()[ordinal].text.length = length;
+        body->slotTable()[ordinal].text.length = length;
         return mdr_Ok;
     }
     if (body->textCapacity - body->textUsed >= need) {
@@ -160,8 +160,8 @@ void Body::append(int ordinal, const char* data, std::int32_t length)
     if (length > 0)
         std::memcpy(text, data, static_cast<std::size_t>(length));
     text[length] = 0;
-    slots()[ordinal].text.offset = textUsed;
-    slots()[ordinal].text.length = length;
+    slotTable()[ordinal].text.offset = textUsed;
+    slotTable()[ordinal].text.length = length;
     textUsed += static_cast<std::uint32_t>(length) + 1;
     put(Present, ordinal, true);
     put(Text, ordinal, true);

@@ -43,7 +43,7 @@ struct MDRData::Body {
     bool isMarked(int ordinal) const { return test(Marked, ordinal); }
     /// The text of the field lies in this body. A blob with a value and without this is a stored one.
     bool holdsText(int ordinal) const { return test(Text, ordinal); }
-    const Slot& slot(int ordinal) const { return slots()[ordinal]; }
+    const Slot& slot(int ordinal) const { return slotTable()[ordinal]; }
     const char* text(int ordinal) const { return texts() + slot(ordinal).text.offset; }
     StoredBlob* blob(int ordinal) const;
 
@@ -51,12 +51,12 @@ struct MDRData::Body {
     void setNumber(int ordinal, std::int32_t number)
     {
         put(Present, ordinal, true);
-        slots()[ordinal].number = number;
+        slotTable()[ordinal].number = number;
     }
     void setReal(int ordinal, double real)
     {
         put(Present, ordinal, true);
-        slots()[ordinal].real = real;
+        slotTable()[ordinal].real = real;
     }
     void setBlob(int ordinal, std::unique_ptr<StoredBlob> blob);
     void setMark(int ordinal, bool mark) { put(Marked, ordinal, mark); }
@@ -88,11 +88,11 @@ private:
     {
         return reinterpret_cast<const std::uint64_t*>(this + 1) + set * wordCount(count);
     }
-    Slot* slots()
+    Slot* slotTable()
     {
         return reinterpret_cast<Slot*>(reinterpret_cast<char*>(this) + headBytes(count)) - count;
     }
-    const Slot* slots() const
+    const Slot* slotTable() const
     {
         return reinterpret_cast<const Slot*>(reinterpret_cast<const char*>(this) + headBytes(count)) - count;
     }

@@ -68,7 +68,7 @@ bool SqliteStore::takeProperties(SqliteConnection& connection, StoreError* error
                   QString::fromUtf8("Кодировка хранилища «%1» не поддерживается.").arg(m_file), QString()};
         return false;
     }
-    // Sessions and records hold on to the first one, also when the file is opened anew.
+    // Sessions and records hold on to the first one, also when the file is opened again.
     if (!m_codePage) {
         m_codePage = std::move(codePage);
         m_packer = std::make_unique<ChangePacker>(m_codePage.get());

@@ -10,7 +10,7 @@ struct RowStatement;
 
 /// A store in one SQLite file, for the processes of one computer. Two connections: one that writes, each transaction
 /// taken at its beginning (BEGIN IMMEDIATE), and one that can only read; in a place where nothing can be written the second
-/// alone. When the file or its log is replaced or comes back after it was gone, the next request opens it anew.
+/// alone. When the file or its log is replaced or comes back after it was gone, the next request opens it again.
 class SqliteStore : public Store
 {
 public:
@@ -56,9 +56,9 @@ private:
     SqliteStore(const QString& file, const Options& options) : m_file(file), m_options(options) {}
 
     bool connect(StoreError* error);
-    /// Opens the file anew when it is no longer where it was. Called first by every request.
+    /// Opens the file again when it is no longer where it was. Called first by every request.
     bool ready(StoreError* error);
-    /// Before the file is opened anew because its log is gone: nothing in it gets lost, nothing gets into a log that
+    /// Before the file is opened again because its log is gone: nothing in it gets lost, nothing gets into a log that
     /// somebody else has put there.
     bool leaveLog(SqliteConnection::Place place, StoreError* error);
     bool takeProperties(SqliteConnection& connection, StoreError* error);

@@ -15,7 +15,7 @@ enum class ParameterState {
 
 /// The text of a template as it will read, parameters highlighted: what has to be filled is in italics on a warm ground
 /// with a star behind the label, what may stay empty in italics, values are underlined, by a wave where the reference data
-/// does not know them, the parameter in work is marked like a selection. A click on a parameter is told.
+/// does not know them, the parameter in work is marked like a selection. A click on a parameter emits a signal.
 class FillerText : public QTextBrowser
 {
     Q_OBJECT

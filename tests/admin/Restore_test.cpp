@@ -269,7 +269,7 @@ void Restore_test::aServerTakesACopyWithItsRoles()
     StoreLogin user;
     QVERIFY(opened->signIn(QString(), &user, &error));
     QCOMPARE(user.name, QStringLiteral("Орлов"));
-    // Another history: listeners of the former one must start anew.
+    // Another history: listeners of the former one must start again.
     const auto former = Store::open(source, {}, &error);
     ChangePosition position;
     ChangePosition formerPosition;

@@ -3,7 +3,7 @@
 
     run.py BUILD [--scenes NAME,...] [--letters 100,150] [--seed N] [--keys N]
 
-A scene is a function of the module `scenes` that gets a Desk. What is wrong is told at once, and a picture of the screen and the
+A scene is a function of the module `scenes` that gets a Desk. Faults are printed at once, and a picture of the screen and the
 tree of widgets are left in BUILD/tests/desk/faults.
 """
 import argparse

@@ -106,7 +106,7 @@ def switched(text, changes):
 class Apart:
     """Changed copies of sources, each compiled by the command of its original and linked in front of the libraries,
     which then do not give theirs. What is changed inside of functions is compiled once for all changes of its source,
-    and a test is told by the variable VRK_CHANGE which of them it has to do with."""
+    and the variable VRK_CHANGE says which of them a test runs with."""
 
     def __init__(self, build):
         self.build = pathlib.Path(build)

@@ -139,7 +139,7 @@ private slots:
         QSignalSpy reset(page, &TemplateTab::editDataReseted);
         QSignalSpy painted(page->model(), &QAbstractItemModel::dataChanged);
         one.deliver();
-        QCOMPARE(painted.size(), 1); // the view is told
+        QCOMPARE(painted.size(), 1); // the view gets the signal
         QVERIFY(!page->isExistUnsaved());
         QCOMPARE(reset.size(), 1);
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Приём"));

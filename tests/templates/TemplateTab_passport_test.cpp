@@ -263,7 +263,7 @@ private slots:
         QSignalSpy painted(page->model(), &QAbstractItemModel::dataChanged);
         edit(page, "templateNameEdit")->setText(QStringLiteral("Аварийная заявка"));
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Аварийная заявка"));
-        QCOMPARE(painted.size(), 1); // the view is told
+        QCOMPARE(painted.size(), 1); // the view gets the signal
         page->cancelChanges();
     }
 

@@ -189,7 +189,7 @@ QJsonObject describe(const QWidget* widget)
     return made;
 }
 
-/// A hidden window is told by its frame alone: what is in it does not matter, but that it is hidden does.
+/// Of a hidden window only the frame is reported: its contents do not matter, but the fact that it is hidden does.
 QJsonObject describeWindow(const QWidget* window)
 {
     QJsonObject made;

@@ -29,6 +29,17 @@ struct Host {
     }
 };
 
+/// As the toolkit reads "@Rect(x y width height)", with the wrap of its release build.
+QRect rectOf(int x, int y, int width, int height)
+{
+    const auto end = [](int begin, int length) {
+        return static_cast<int>(static_cast<uint>(begin) + static_cast<uint>(length) - 1U);
+    };
+    QRect rect;
+    rect.setCoords(x, y, end(x, width), end(y, height));
+    return rect;
+}
+
 /// What a line of an INI file can hold: a text, a number, a list, a map, bytes, a rectangle.
 QVariant valueOf(const QByteArray& bytes)
 {
@@ -50,7 +61,7 @@ QVariant valueOf(const QByteArray& bytes)
     case 4:
         return rest;
     case 5:
-        return QRect(number(0), number(1), number(2), number(3));
+        return rectOf(number(0), number(1), number(2), number(3));
     default:
         return QSize(number(0), number(1));
     }
