@@ -9,9 +9,9 @@
 class VRK_EXPORT CLiteModel
 {
 public:
-    /// The table, or null when it did not arrive. The name is compared exactly.
+    /// Returns the table, or null when it was not received. Names are compared exactly.
     CModelTable* GetTableByName(const std::string& name) const;
-    /// Takes the table in, in place of one of the same name.
+    /// Adds the table; replaces a table of the same name.
     void add(std::unique_ptr<CModelTable> table);
     void Clear();
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// A named table: a record array under the name that the server knows it by.
+/// A record array with the name of its table on the server.
 class VRK_EXPORT CModelTable
 {
 public:

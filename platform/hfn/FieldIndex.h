@@ -5,7 +5,7 @@
 #include <string>
 #include <unordered_map>
 
-/// The posted records of an array by the text of one field; those of one text stand in order of entry.
+/// Index of an array's posted records by the text of one field. Records with the same text keep their order of entry.
 class FieldIndex
 {
 public:
@@ -14,7 +14,7 @@ public:
     int ordinal() const { return m_ordinal; }
     MDRRange find(const char* text) const;
     void insert(MDRData* record);
-    /// The record is in the index, with the text that it was inserted with.
+    /// The record must be in the index with the text that it was inserted with.
     void erase(const MDRData* record);
     void clear() { m_records.clear(); }
 

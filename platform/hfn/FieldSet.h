@@ -5,8 +5,8 @@
 #include <deque>
 #include <memory>
 
-/// The fields of an array or of a stand-alone record, with a hash over their names. Handles keep their
-/// address as long as the set lives.
+/// The fields of an array or of a stand-alone record, with a hash of their names. Handles keep their address as long
+/// as the set exists.
 class FieldSet
 {
 public:
@@ -17,9 +17,9 @@ public:
     std::uint8_t type(int ordinal) const { return m_types[static_cast<std::size_t>(ordinal)]; }
     /// Null when there is no such field.
     const MDRField* byNumber(int ordinal) const;
-    /// ASCII case ignored; of several fields with one name the first.
+    /// Ignores ASCII case. If several fields have the same name, returns the first.
     const MDRField* byName(const char* name) const;
-    /// mdr_Ok when a record with these fields has the field that the handle means.
+    /// mdr_Ok if a record with these fields has the field that the handle describes.
     int check(const MDRField* field) const
     {
         if (field == nullptr || field->ordinal >= count())
@@ -32,7 +32,7 @@ public:
     /// A copy with handles of its own.
     std::unique_ptr<FieldSet> clone() const;
     bool sameAs(const FieldSet& other) const;
-    /// ASCII case ignored.
+    /// Ignores ASCII case.
     static bool isSameName(const char* a, const char* b);
 
 private:

@@ -30,7 +30,7 @@ void set(HFNCliParam* block, int field, const MDRVar& value)
     MDRSetVal(MDRFldByNum(block->array, field), block->record, &value);
 }
 
-/// The field's value, or one without a type when there is none of this kind.
+/// The field's value, or a value without a type if there is no field of this kind.
 MDRVar get(const MDRField* field, const HFNCliParam* block, int* code)
 {
     MDRVar value;

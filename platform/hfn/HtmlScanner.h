@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <string_view>
 
-/// Cuts markup into tags and the text between them, in one pass over bytes or UTF-16 units and without
-/// copies. A "<" that no ">" follows before the next "<" is text, as is one in front of anything but a name:
-/// prose with stray brackets loses nothing.
+/// Splits markup into tags and the text between them, in one pass over bytes or UTF-16 units and without copies. A
+/// "<" is text if another "<" comes before the next ">", or if no name follows it, so prose with stray brackets loses
+/// nothing.
 template <class Char>
 class HtmlScanner
 {
@@ -44,7 +44,7 @@ public:
         return true;
     }
 
-    /// Where the value of an attribute stands in the text that is scanned, without its quotes.
+    /// The position of an attribute's value in the scanned text, without its quotes.
     Span attribute(const Token& tag, std::string_view name) const
     {
         std::size_t at = tag.begin + 1 + tag.name.size();
@@ -76,7 +76,7 @@ public:
     View view(const Span& span) const { return m_html.substr(span.begin, span.end - span.begin); }
     View view(const Token& token) const { return m_html.substr(token.begin, token.end - token.begin); }
 
-    /// The link of a parameter when the tag opens one: what follows "parameter:" in the target of an anchor.
+    /// The parameter link if the tag opens one: the text after "parameter:" in the target of an anchor.
     Span parameterLink(const Token& tag) const
     {
         if (tag.kind != Open || !equals(tag.name, "a"))
@@ -143,7 +143,7 @@ private:
                             m_html[at + 1] == Char('-') && m_html[at + 2] == Char('-');
         if (!dashed)
             return readToBracket(token, at);
-        if (m_commentsEnd) // one search that failed is enough for the whole text
+        if (m_commentsEnd) // one failed search is enough for the whole text
             return false;
         for (at += 3; at + 2 < m_html.size(); ++at) {
             if (m_html[at] == Char('-') && m_html[at + 1] == Char('-') && m_html[at + 2] == Char('>')) {
@@ -157,7 +157,8 @@ private:
 
     bool readToBracket(Token& token, std::size_t at)
     {
-        // Only as far as the next tag: many stray brackets must not each be followed to the end of the text.
+        // Search only up to the next tag: with many stray brackets, searching to the end of the text each time would
+        // be quadratic.
         const View piece = m_html.substr(at, m_html.find(Char('<'), at) - at);
         const std::size_t bracket = piece.find(Char('>'));
         token.end = at + bracket + 1;

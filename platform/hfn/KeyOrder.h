@@ -4,23 +4,22 @@
 
 #include <string>
 
-/// How a key orders records: by its fields, each rising or falling, and equal ones by their order of entry.
-/// Null is the least value; numbers stand by value (a double that is no number before all others), texts by
-/// bytes.
+/// How a key orders records: by its fields, each ascending or descending; equal records keep their order of entry.
+/// Null is the least value; numbers compare by value (NaN before all others), texts by bytes.
 class KeyOrder
 {
 public:
-    /// Reads a descriptor. mdr_Invalid when it is malformed or names a field that cannot be ordered by.
+    /// Parses a descriptor. mdr_Invalid if it is malformed or names a field that cannot be ordered.
     int parse(const MDRKeyDescr& descriptor, const FieldSet& fields);
-    /// Looks the fields up anew, after those of the array were replaced. Fields that are gone order nothing.
+    /// Resolves the fields again after those of the array were replaced. Missing fields are ignored.
     void resolve(const FieldSet& fields);
 
     const MDRKeyDescr& descriptor() const { return m_descriptor; }
     bool uses(int ordinal) const;
 
-    /// Negative, 0 or positive by the fields alone.
+    /// Negative, 0 or positive; compares the fields only.
     int compare(const MDRData::Body* a, const MDRData::Body* b) const;
-    /// The same for a record and as many values as there are fields, which isSeekable() has accepted.
+    /// The same for a record and an array of values, one for each field, which isSeekable() has accepted.
     int compare(const MDRData::Body* a, const MDRVar* values) const;
     bool less(const MDRData& a, const MDRData& b) const
     {

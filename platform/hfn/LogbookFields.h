@@ -1,14 +1,13 @@
 #pragma once
 
-/// Descriptor tables of the journal: the fields of its tables in the order in which server and client agree
-/// on them.
+/// Descriptor tables of the journal: the fields of its tables, in the order on which server and client agree.
 
 #include "MDArray.h"
 
 extern VRK_EXPORT const MDRFieldDescr LogbookWorkshiftFields[7];
 extern VRK_EXPORT const MDRFieldDescr LogbookWorkersWorkshiftFields[4];
 extern VRK_EXPORT const MDRFieldDescr LogbookRecordFields[15];
-/// The fields of LogbookRecordFields, then three that exist in the client only: file, comment, object.
+/// The fields of LogbookRecordFields, then three that exist only in the client: file, comment, object.
 extern VRK_EXPORT const MDRFieldDescr LogbookRecordExtFields[18];
 extern VRK_EXPORT const MDRFieldDescr LogbookCommentFields[6];
 extern VRK_EXPORT const MDRFieldDescr LogbookFilesFields[5];

@@ -138,7 +138,7 @@ MDRData* MDArray::postEdited(MDRData* edited)
     for (const auto& index : m_nullIndexes)
         index->insert(posted);
     RecordPool::kill(edited);
-    edited->partner = posted; // the header serves the next edit of this record
+    edited->partner = posted; // the header is used again by the next edit of this record
     return posted;
 }
 
@@ -157,7 +157,7 @@ void MDArray::remove(MDRData* record)
         RecordPool::kill(record);
     } else {
         RecordPool::kill(record);
-        record->partner = partner; // of an abandoned edit: it serves the next one
+        record->partner = partner; // of an abandoned edit: the next edit uses it again
     }
 }
 
@@ -202,7 +202,7 @@ int MDArray::copyRecords(const MDArray& source)
 
 int MDArray::append(const MDRData& record)
 {
-    constexpr std::size_t spare = 32; // for a text in one of the fields that the other array lacks
+    constexpr std::size_t spare = 32; // for a text in a field that the other array does not have
     MDRData* copy = m_pool.make(this);
     if (copy == nullptr)
         return mdr_Full;

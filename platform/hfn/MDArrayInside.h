@@ -7,8 +7,8 @@
 
 #include <bitset>
 
-/// A record array from within: fields, headers of records, keys and indexes, and what keeps them in step. Its
-/// operations expect checked arguments; the flat functions check.
+/// The implementation of a record array: fields, headers of records, keys and indexes, and the code that keeps them
+/// consistent. Its operations expect checked arguments; the flat functions check them.
 class MDArray
 {
 public:
@@ -16,7 +16,7 @@ public:
 
     const FieldSet& fields() const { return *m_fields; }
     int addFields(int count, const MDRFieldDescr* fields) { return m_fields->add(count, fields); }
-    /// Replaces the fields. There are no records; handles of the former fields stay readable.
+    /// Replaces the fields. The array must have no records; handles of the former fields stay readable.
     void replaceFields(const FieldSet& fields);
 
     int addKey(const MDRKeyDescr& descriptor);
@@ -28,18 +28,18 @@ public:
     MDRData* makeRecord();
     MDRData* edit(MDRData* posted);
     void post(MDRData* fresh);
-    /// Swaps the edited version into its record, which it returns.
+    /// Swaps the edited version into its record and returns the record.
     MDRData* postEdited(MDRData* edited);
     void remove(MDRData* record);
     void removeAll();
     void removeKeys();
     std::vector<MDRData*> recordsByEntry() const;
     void copyKeys(const MDArray& source);
-    /// Takes over another array's posted records; the fields are the same, there are no records yet. mdr_Full
-    /// when memory runs out, and then takes none.
+    /// Takes over another array's posted records; the fields are the same, there are no records yet. mdr_Full if
+    /// memory runs out; then nothing is taken.
     int copyRecords(const MDArray& source);
-    /// Posts a copy of another array's record, without flags and marks. The first fields are of the types that the
-    /// fields there have. mdr_Full when memory runs out.
+    /// Posts a copy of another array's record, without flags and marks. The first fields have the types of the other
+    /// array's fields. mdr_Full if memory runs out.
     int append(const MDRData& record);
 
     /// The records whose text field holds this text.
@@ -49,7 +49,7 @@ public:
 
     /// Room for the body of a record of this array.
     int ensureBody(MDRData* record);
-    /// Calls \a change, which alters one field of a record, and keeps keys and indexes right.
+    /// Calls \a change, which changes one field of a record, and updates keys and indexes.
     template <typename Change>
     int alter(MDRData* record, int ordinal, Change change)
     {
@@ -62,7 +62,7 @@ public:
     }
 
 private:
-    /// Takes the record out of the keys and indexes that depend on the field, and back in.
+    /// Removes the record from the keys and indexes that depend on the field, and inserts it again.
     void leave(MDRData* record, int ordinal);
     void enter(MDRData* record, int ordinal);
     void watchFields();
@@ -75,7 +75,7 @@ private:
     Marks m_watched; ///< fields that a key or an index depends on
     RecordPool m_pool;
     std::uint64_t m_lastEntry = 0;
-    std::size_t m_textHint = 0; ///< about what the texts of a record took lately
+    std::size_t m_textHint = 0; ///< approximate size of the texts of recent records
 };
 
 /// The fields of a record, whether it is part of an array or stands alone; null when it has none.

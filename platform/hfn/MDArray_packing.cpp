@@ -4,9 +4,9 @@
 #include <cstring>
 #include <limits>
 
-// The packed forms. An array: its fields, its keys, its records. A record: its fields, and itself. A record
-// within: its flags, and for each field one byte (value, mark) and the value. The array's form is base 64,
-// since it travels as a text.
+// The packed forms. An array: its fields, its keys, its records. A stand-alone record: its fields, then the record. A
+// record inside either form: its flags, and for each field one byte (value, mark) and the value. The array's form is
+// base 64, since it is sent as text.
 
 namespace
 {
@@ -159,7 +159,7 @@ int HFNArrayUnPack(MDArray* array, const char* packed, int)
     const QByteArray text = QByteArray::fromRawData(packed, static_cast<int>(length));
     const QByteArray bytes = QByteArray::fromBase64(text);
     PackedReader in(arrayTag, bytes.constData(), bytes.size());
-    // The decoder forgives much; only the one text that stands for these bytes is undamaged.
+    // The decoder is tolerant; only the one text that encodes exactly these bytes is undamaged.
     if (in.ok() && bytes.toBase64() == text && readArray(in, array))
         return mdr_Ok;
     MDAClearAll(array);

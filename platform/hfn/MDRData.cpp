@@ -7,7 +7,7 @@ using Body = MDRData::Body;
 
 namespace
 {
-/// mdr_Ok when the record has the field that the handle means.
+/// mdr_Ok if the record has the field that the handle describes.
 int check(const MDRField* field, const MDRData* record)
 {
     const FieldSet* fields = MDRFieldsOf(record);
@@ -87,7 +87,7 @@ int setNumber(const MDRField* field, MDRData* record, std::int32_t number)
     });
 }
 
-/// Brings the bytes of a stored blob here, if they are not yet.
+/// Fetches the bytes of a stored blob if they are not here yet.
 int fetch(StoredBlob* blob)
 {
     if (blob->source == nullptr)

@@ -1,6 +1,6 @@
 #pragma once
 
-/// Short ways to make and to test values in transit.
+/// Helpers that make and test values in transit.
 
 #include "CRowBatch.h"
 

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-/// The posted records of an array in which each of some fields is null, in order of entry.
+/// Index of the posted records of an array in which all of the given fields are null, in order of entry.
 class NullIndex
 {
 public:
@@ -13,9 +13,9 @@ public:
     const std::vector<int>& ordinals() const { return m_ordinals; }
     bool uses(int ordinal) const;
     MDRRange all() const { return {m_records.data(), m_records.size()}; }
-    /// Takes the record in when its fields are null.
+    /// Adds the record if its fields are null.
     void insert(MDRData* record);
-    /// Takes it out; called with the values with which it was inserted.
+    /// Removes the record; must be called with the values that it was inserted with.
     void erase(const MDRData* record);
 
 private:

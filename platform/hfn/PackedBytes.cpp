@@ -11,7 +11,7 @@ namespace
 constexpr std::uint8_t packedVersion = 1;
 constexpr int headBytes = 4 + 1 + 4; // tag, version, length of the content
 constexpr int sumBytes = 4;
-constexpr int maxBytes = 1 << 30; // its base 64 form still fits a byte array
+constexpr int maxBytes = 1 << 30; // its base 64 form still fits in a byte array
 
 constexpr std::array<std::uint32_t, 256> makeCrcTable()
 {
@@ -25,7 +25,7 @@ constexpr std::array<std::uint32_t, 256> makeCrcTable()
     return table;
 }
 
-/// CRC-32: no change of a single byte leaves it as it was.
+/// CRC-32: detects every change of a single byte.
 std::uint32_t checksum(const char* data, qint64 size)
 {
     static constexpr std::array<std::uint32_t, 256> table = makeCrcTable();

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <QByteArray>
 
-/// Writes a packed form: a tag, the version, the length and the content, and a checksum over all of it.
-/// Numbers are little-endian; a number that is not finite makes the form empty.
+/// Writes a packed form: a tag, the version, the length, the content, and a checksum of everything before it. Numbers
+/// are little-endian; a number that is not finite makes the form empty.
 class PackedWriter
 {
 public:
@@ -14,7 +14,7 @@ public:
     void number(std::uint32_t value);
     void real(double value);
     void text(const char* data, std::int32_t length);
-    /// Completes the form; empty when it would take more than 1 GiB.
+    /// Completes the form; empty if it would exceed 1 GiB.
     QByteArray finish();
 
 private:
@@ -24,22 +24,22 @@ private:
     bool m_failed = false;
 };
 
-/// Reads a packed form and trusts nothing in it: what is missing, and a number that is not finite, reads as zero and makes
-/// ok() false for good.
+/// Reads a packed form without trusting it: missing content and numbers that are not finite read as zero, and ok()
+/// stays false from then on.
 class PackedReader
 {
 public:
-    /// ok() is false at once when the bytes are not an undamaged form with this tag in the present version.
+    /// ok() is false at once unless the bytes are an undamaged form with this tag in the current version.
     PackedReader(const char (&tag)[5], const char* data, qint64 size);
 
     bool ok() const { return m_ok; }
-    /// Everything was read, and nothing was missing.
+    /// Everything was read and nothing was missing.
     bool finished() const { return m_ok && m_next == m_end; }
 
     std::uint8_t byte();
     std::uint32_t number();
     double real();
-    /// The bytes lie in the packed form.
+    /// Returns a pointer into the packed form.
     const char* text(std::int32_t* length);
 
 private:

@@ -11,7 +11,7 @@ using Body = MDRData::Body;
 
 namespace
 {
-constexpr std::size_t maxSpare = 4096; // room for later texts, beyond which moving is cheaper than keeping
+constexpr std::size_t maxSpare = 4096; // room for later texts; above this, moving is cheaper
 }
 
 Body* Body::create(int count, std::size_t textCapacity)
@@ -51,7 +51,7 @@ Body* Body::clone(const Body* body, int count, std::size_t spare)
     for (const Bits set : {Present, Marked, Text})
         std::copy_n(body->words(set), wordCount(body->count), copy->words(set));
     std::copy_n(body->slotTable(), body->count, copy->slotTable());
-    if (live == body->textUsed) { // the texts stand side by side already
+    if (live == body->textUsed) { // the texts are contiguous already
         std::copy_n(body->texts(), live, copy->texts());
         copy->textUsed = body->textUsed;
     } else {
@@ -98,7 +98,7 @@ int Body::setText(Body*& body, int ordinal, const char* data, std::int32_t lengt
         return mdr_Ok;
     }
     const bool hadText = body->holdsText(ordinal);
-    body->put(Text, ordinal, false); // the old text need not move along
+    body->put(Text, ordinal, false); // do not copy the old text
     Body* larger = clone(body, body->count, need + std::min((body->textUsed + need) / 2, maxSpare));
     if (larger == nullptr) {
         body->put(Text, ordinal, hadText);
@@ -106,7 +106,7 @@ int Body::setText(Body*& body, int ordinal, const char* data, std::int32_t lengt
     }
     larger->dropBlob(ordinal);
     larger->fields = std::exchange(body->fields, nullptr);
-    larger->append(ordinal, data, length); // before the old body goes: the bytes may lie in it
+    larger->append(ordinal, data, length); // before the old body is freed: the bytes may be inside it
     destroy(std::exchange(body, larger));
     return mdr_Ok;
 }

@@ -2,22 +2,21 @@
 
 #include "FieldSet.h"
 
-/// A blob whose bytes stay in the store until somebody reads them.
+/// A blob whose bytes stay in the store until they are read.
 struct StoredBlob {
     std::uint8_t ordinal = 0;
-    std::int32_t length = 0;                     ///< as the store told it, then of what was fetched
-    std::shared_ptr<const MDRBlobSource> source; ///< null once the bytes are here
+    std::int32_t length = 0;                     ///< as the store reported it, later of the fetched bytes
+    std::shared_ptr<const MDRBlobSource> source; ///< null once the bytes are fetched
     QByteArray bytes;
     std::unique_ptr<StoredBlob> next;
 };
 
-/// The values of one record in one allocation: three bit sets (the field has a value, has the user mark, has
-/// its text in here), a slot of eight bytes a field, and behind them the texts, each NUL-terminated. A record
-/// without a body is all null and without marks; fields beyond a body's count (added later to the array) are
-/// null.
+/// The values of one record in one allocation: three bit sets (the field has a value, has the user mark, has its text
+/// in this body), a slot of eight bytes for each field, then the texts, each NUL-terminated. A record without a body
+/// is all null and without marks; fields beyond a body's count (added later to the array) are null.
 ///
-/// Operations that may move the body take the pointer by reference. They return mdr_Full when memory or the 4
-/// GiB of one record run out, and then change nothing.
+/// Operations that may move the body take the pointer by reference. They return mdr_Full if memory or the 4 GiB of
+/// one record run out, and then change nothing.
 struct MDRData::Body {
     union Slot {
         std::int32_t number;
@@ -31,17 +30,16 @@ struct MDRData::Body {
     /// A compact copy with room for \a count fields, without \a fields; null when memory runs out. Stored
     /// blobs stay unfetched.
     static Body* clone(const Body* body, int count, std::size_t spare = 0);
-    /// Makes sure that there is a body with at least \a count fields. \a hint is the expected size of its
-    /// texts.
+    /// Makes sure that a body with at least \a count fields exists. \a hint is the expected size of its texts.
     static int ensure(Body*& body, int count, std::size_t hint = 0);
-    /// Copies the text, which may lie in this very body. The field exists.
+    /// Copies the text, which may be in this very body. The field must exist.
     static int setText(Body*& body, int ordinal, const char* data, std::int32_t length);
-    /// Gives back what a finished record will not need.
+    /// Frees the memory that a finished record does not need.
     static void trim(Body*& body);
 
     bool has(int ordinal) const { return test(Present, ordinal); }
     bool isMarked(int ordinal) const { return test(Marked, ordinal); }
-    /// The text of the field lies in this body. A blob with a value and without this is a stored one.
+    /// The text of the field is in this body. A blob with a value and without this bit is a stored one.
     bool holdsText(int ordinal) const { return test(Text, ordinal); }
     const Slot& slot(int ordinal) const { return slotTable()[ordinal]; }
     const char* text(int ordinal) const { return texts() + slot(ordinal).text.offset; }
@@ -109,7 +107,7 @@ private:
         const std::uint64_t bit = std::uint64_t(1) << (ordinal % 64);
         word = value ? word | bit : word & ~bit;
     }
-    /// Copies the text behind the last one, where there is room for it and its NUL.
+    /// Copies the text to the end of the texts; there must be room for it and its NUL.
     void append(int ordinal, const char* data, std::int32_t length);
     void dropBlob(int ordinal);
 };

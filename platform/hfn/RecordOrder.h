@@ -19,7 +19,7 @@ public:
     MDRData* seek(const MDRVar* values) const;
 
     void insert(MDRData* record);
-    /// The record is in the order, with the values that it was inserted with.
+    /// The record must be in the order with the values that it was inserted with.
     void erase(const MDRData* record);
     void clear();
     /// Replaces the content by these records, in any order.
@@ -32,8 +32,8 @@ private:
         std::size_t index;
     };
 
-    /// Place of the first record for which \a before is false; behind the last one of the last chunk when
-    /// none is.
+    /// Position of the first record for which \a before is false; behind the last record of the last chunk if there
+    /// is none.
     template <typename Before>
     Place partition(Before before) const;
     void pushChunk(Chunk chunk);
@@ -45,7 +45,7 @@ private:
     std::vector<Chunk> m_chunks; ///< none is empty
     std::vector<int> m_sums;     ///< binary indexed tree over the sizes of the chunks, from 1
     int m_count = 0;
-    // Where at() was last: walks from position to position are the rule.
+    // Position of the last at(): most callers walk from position to position.
     mutable std::size_t m_lastChunk = 0;
     mutable int m_lastFirst = 0;
 };

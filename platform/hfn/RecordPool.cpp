@@ -83,7 +83,7 @@ std::vector<MDRData*> RecordPool::all(RecordState state) const
 
 void RecordPool::retire(const Chunk& chunk)
 {
-    // Pages given back read as zeros, and a header of zeros is a deleted record.
+    // Released pages read as zeros, and a header of zeros is a deleted record.
     if (chunk.capacity == fullCapacity)
         madvise(static_cast<void*>(chunk.records), chunk.capacity * sizeof(MDRData), MADV_DONTNEED);
 }

@@ -2,7 +2,7 @@
 
 #include "RecordBody.h"
 
-/// Where a record stands in its array (MDRData::state).
+/// State of a record in its array (MDRData::state).
 enum RecordState : std::uint8_t {
     RecordVoid = 0, ///< deleted, or never part of an array
     RecordFresh,    ///< from MDARecNew, in no key
@@ -10,9 +10,8 @@ enum RecordState : std::uint8_t {
     RecordEdited,   ///< the editable version of a posted one
 };
 
-/// The headers of an array's records. Their addresses are never used twice: whoever still holds a deleted
-/// record can see that it is deleted, as long as the array lives. What remains of dead headers costs
-/// addresses, not memory.
+/// The headers of an array's records. Addresses are never reused: a pointer to a deleted record shows that it is
+/// deleted, as long as the array exists. Dead headers use address space, not memory.
 class RecordPool
 {
 public:

@@ -3,14 +3,14 @@
 #include <QByteArray>
 #include <QString>
 
-/// What is looked for among the records of all workshifts. An empty field asks for nothing.
+/// Search criteria for the records of all workshifts. An empty field is no condition.
 struct RecordQuery {
-    QString words;     ///< each has to stand in the visible text (SearchWords)
-    QString equipment; ///< each word has to stand in the substations, lines, bays and equipment of the text
+    QString words;     ///< each must occur in the visible text (SearchWords)
+    QString equipment; ///< each word must occur in the substations, lines, bays and equipment of the text
     QByteArray departmentKey; ///< of the workshift
     QByteArray workerKey;     ///< the author
     int status = -1;          ///< RecordStatus; -1: any
-    double from = 0;          ///< recordTime, the bound included; 0: from the beginning
-    double to = 0;            ///< the bound left out; 0: to the end
-    int limit = 500;          ///< so many at most, the newest
+    double from = 0;          ///< recordTime, inclusive; 0: from the beginning
+    double to = 0;            ///< exclusive; 0: to the end
+    int limit = 500;          ///< maximum number of records; the newest are returned
 };

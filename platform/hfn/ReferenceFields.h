@@ -1,7 +1,7 @@
 #pragma once
 
-/// Descriptor tables of what the journal refers to: people, departments, equipment, parameters, and the tables of the
-/// earlier journal; the fields in the order in which server and client agree on them.
+/// Descriptor tables of the reference data: people, departments, equipment, parameters, and the tables of the earlier
+/// journal; the fields are in the order on which server and client agree.
 
 #include "LogbookFields.h"
 

@@ -33,7 +33,7 @@ bool isVowel(char16_t letter)
     return View(u"аеиоуыэюя").find(letter) != View::npos;
 }
 
-/// A word that loses its endings; what stands before the region of the endings stays.
+/// A word that loses its endings; the part before the region of the endings stays.
 class Word
 {
 public:
@@ -45,8 +45,8 @@ public:
 
     View left() const { return m_left; }
 
-    /// Takes the longest of the endings off. Those of \a behindVowel want "а" or "я" in front, which stays; when the
-    /// longest one that fits lacks it, nothing happens.
+    /// Removes the longest of the endings that fits. Those of \a behindVowel need "а" or "я" before them, which
+    /// stays; if the longest one that fits does not have it, nothing happens.
     bool drop(const Endings& endings, const Endings& behindVowel = {})
     {
         const std::size_t free = longest(endings);
@@ -60,14 +60,14 @@ public:
         m_left.remove_suffix(length);
         return length > 0;
     }
-    /// The same, where the ending has to lie in the second region.
+    /// The same for an ending that must be in the second region.
     void dropDerivation()
     {
         const std::size_t length = longest(derivations);
         if (length > 0 && m_left.size() - length >= m_second)
             m_left.remove_suffix(length);
     }
-    /// One of two "н" at the end goes.
+    /// Removes one of two "н" at the end.
     void undouble()
     {
         if (longest({u"нн"}) > 0)
@@ -75,7 +75,7 @@ public:
     }
 
 private:
-    /// Behind the first vowel, or the first letter that is none, from \a from on; the end where there is none.
+    /// The position after the first vowel (or the first other letter) from \a from on; the end if there is none.
     std::size_t past(std::size_t from, bool vowel) const
     {
         while (from < m_left.size() && isVowel(m_left[from]) != vowel)
@@ -95,7 +95,7 @@ private:
     }
 
     View m_left;
-    std::size_t m_region; ///< endings lie here
+    std::size_t m_region; ///< endings are in this region
     std::size_t m_second;
 };
 } // namespace

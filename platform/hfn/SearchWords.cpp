@@ -6,9 +6,9 @@
 
 namespace
 {
-constexpr int longestWord = 64; // what follows does not tell words apart
+constexpr int longestWord = 64; // the characters after these do not distinguish words
 constexpr int shortestBeginning = 4;
-constexpr int shortestStarred = 2; // nearly every word begins with some letter
+constexpr int shortestStarred = 2; // almost every word begins with some single letter
 
 ushort folded(ushort c)
 {
@@ -22,7 +22,7 @@ bool isDigit(ushort c)
     return c >= '0' && c <= '9';
 }
 
-/// Of a folded character.
+/// For a folded character.
 bool isOfWord(ushort c)
 {
     return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 0xDF && c <= 0xFF && c != 0xF7) ||
@@ -50,8 +50,8 @@ QString stemOf(const QString& word)
     return RussianStem::of(word.left(longestWord));
 }
 
-/// What all words begin with that a long word of a query stands for: where the stem of a verb has kept the vowel of one of
-/// its forms, the others lack it.
+/// The common beginning of all words that a long word of a query finds: where the stem of a verb has kept the vowel
+/// of one of its forms, the other forms do not have it.
 QString beginningOf(QString stem)
 {
     if (stem.size() > shortestBeginning && QStringLiteral("аеиоуыэюя").contains(stem.at(stem.size() - 1)))

@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what a shared library of the platform shows to others; everything else stays hidden.
+/// Exports a symbol of a shared library of the platform; all other symbols stay hidden.
 #define VRK_EXPORT __attribute__((visibility("default")))
