@@ -9,7 +9,7 @@ constexpr int frameMs = 60;
 constexpr int thickness = 4;
 constexpr int periodMs = 1800; ///< of one pass from left to right
 
-/// A bar that wanders along the strip.
+/// A bar that moves along the strip.
 class Strip : public QWidget
 {
 public:
@@ -55,7 +55,7 @@ void BusyStrip::begin()
 
 void BusyStrip::tick()
 {
-    // A program without windows has nowhere to show it.
+    // A program without windows has no place to show it.
     const bool hasWindows = qobject_cast<QApplication*>(QCoreApplication::instance());
     if (!hasWindows || !m_since.isValid() || m_since.elapsed() < delayMs)
         return;

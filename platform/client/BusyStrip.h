@@ -4,8 +4,8 @@
 #include <QPointer>
 #include <QWidget>
 
-/// The sign of life of a long request: after 0.3 s the wait cursor, and a strip along the top of the active
-/// window that is painted directly. It runs no event loop, so nothing else happens meanwhile.
+/// Shows that a long request is running: after 0.3 s the wait cursor, and a strip along the top of the
+/// active window that is painted directly. It runs no event loop, so nothing else happens in the meantime.
 class BusyStrip
 {
 public:
@@ -14,7 +14,7 @@ public:
     ~BusyStrip() { end(); }
 
     void begin();
-    /// Called now and then while the request runs; shows the strip when it is time, and moves it on.
+    /// Called repeatedly while the request runs; shows the strip when the time has come, and moves it.
     void tick();
     void end();
 

@@ -7,20 +7,20 @@
 #include <set>
 #include <string>
 
-/// Fetches whole reference tables into a CLiteModel, each with KeyLink as key 0; Tables has nameLat as key 1.
-/// A table that cannot be had is missing from the model, the others arrive.
+/// Fetches whole reference tables into a CLiteModel, each with KeyLink as key 0; Tables has nameLat as key
+/// 1. A table that cannot be fetched is missing from the model; the others are there.
 class VRK_EXPORT CToolLiteModel : public CVrkToolObject
 {
     Q_OBJECT
 
 public:
     explicit CToolLiteModel(CVrkCliMod* module);
-    /// Clears and frees the model if the caller has not taken it out.
+    /// Clears and frees the model unless the caller has taken it.
     ~CToolLiteModel() override;
 
     int Perform(bool asynchronous) override;
 
     std::set<std::string> m_loaded; ///< names of the tables that arrived
-    QStringList m_names;            ///< tables wanted
-    CLiteModel* m_model = nullptr;  ///< take it out and set this to null to keep it
+    QStringList m_names;            ///< requested tables
+    CLiteModel* m_model = nullptr;  ///< to keep the model, take the pointer and set this to null
 };

@@ -15,7 +15,7 @@ struct VRK_EXPORT CVar {
     std::vector<CVar> elements;
 };
 
-/// Prepare and free \a count values side by side.
+/// Prepare and free \a count contiguous values.
 VRK_EXPORT void CVarInit(CVar* var, int count);
 VRK_EXPORT void CVarClear(CVar* var, int count);
 /// Makes \a var an array of \a count empty elements.

@@ -19,7 +19,7 @@ struct CVrkCliApp::Private {
     std::function<bool(CVrkCliMod*)> closeGuard;
     std::function<CVrkCliMod*(const QString&)> opener;
     bool delivering = false;
-    bool missed = false; ///< events came while a module was being served
+    bool missed = false; ///< events arrived while a module was being served
 };
 
 CVrkCliApp::CVrkCliApp(QObject* parent) : QObject(parent), d(std::make_unique<Private>())
@@ -43,7 +43,7 @@ void CVrkCliApp::setSession(std::unique_ptr<CVrkCliSes> session)
     d->guard.setCodec(d->session ? d->session->codec() : nullptr);
     if (!d->session)
         return;
-    // Queued: whatever the session is doing when it hears of events comes to its end first.
+    // Queued, so that the session first finishes its current request.
     connect(d->session.get(), &CVrkCliSes::eventsWaiting, this, &CVrkCliApp::deliver, Qt::QueuedConnection);
     connect(d->session.get(), &CVrkCliSes::connectionChanged, this, [this](bool connected) {
         const QVector<QPointer<CVrkCliMod>> modules(d->modules.begin(), d->modules.end());
@@ -160,7 +160,7 @@ int CVrkCliApp::deliverTo(CVrkCliMod* module)
     int delivered = 0;
     {
         const QScopedValueRollback<bool> delivering(d->delivering, true);
-        const QPointer<CVrkCliMod> alive(module); // a message may be the end of its module
+        const QPointer<CVrkCliMod> alive(module); // a message may delete its module
         while (alive && !module->m_waiting.empty()) {
             const std::shared_ptr<HFNCliParam> block = module->m_waiting.front();
             module->m_waiting.pop_front();

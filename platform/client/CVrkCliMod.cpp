@@ -125,7 +125,7 @@ void CVrkCliMod::SetModTitle(QString title, QString subtitle)
     m_title = title;
     m_subtitle = subtitle;
     const QString whole = subtitle.isEmpty() ? title : QStringLiteral("%1 – %2").arg(title, subtitle);
-    setWindowTitle(whole + QStringLiteral("[*]")); // the place of the star of the edit state
+    setWindowTitle(whole + QStringLiteral("[*]")); // placeholder of the modified mark
     emit titleChanged(title, subtitle);
 }
 
@@ -158,7 +158,7 @@ QIcon CVrkCliMod::icon(const QString& name)
     QString path = name;
     if (!name.startsWith(QLatin1String(":/"))) {
         if (name.contains(QLatin1String("..")))
-            return QIcon(); // a name, never a way out of the folder of the host's icons
+            return QIcon(); // only a plain name: no path that leaves the folder of the host's icons
         path = QStringLiteral(":/vrk/") + name;
         for (const char* suffix : {".svg", ".png"}) {
             if (!QFile::exists(path) && QFile::exists(path + QLatin1String(suffix)))
@@ -170,8 +170,8 @@ QIcon CVrkCliMod::icon(const QString& name)
 
 void CVrkCliMod::setModuleStyle()
 {
-    // Colours and fonts are those of the application, for day and night alike; a style sheet here would slow
-    // down the painting of every table below.
+    // The application sets colours and fonts for both themes; a style sheet here would slow down painting
+    // of all tables.
     setIconSize(QSize(24, 24));
     setToolButtonStyle(Qt::ToolButtonIconOnly);
     setDocumentMode(true);

@@ -25,14 +25,14 @@ public:
     explicit CVrkCliMod(CVrkCliApp* app);
     ~CVrkCliMod() override;
 
-    /// Takes a log line: function signature and sentence. The base hands it to the application's log sink,
-    /// and as the sink itself, or without one, writes a warning to the message log of Qt.
+    /// Writes a log line: function signature and sentence. The base passes it to the application's log
+    /// sink. If it is the sink itself, or there is none, it writes a warning to Qt's message log.
     virtual void LogFile(int level, QString func, QString text);
     virtual bool ModuleStart();
     virtual void ModuleStop();
-    /// The host's knock: change events wait. Modules answer with MessageGet().
+    /// Called by the host when change events are waiting. Modules answer with MessageGet().
     virtual int MessageOn();
-    /// One message. The block belongs to the caller.
+    /// Receives one message. The caller owns the block.
     virtual int MessageData(HFNCliParam* block);
     virtual void SetError(QString text);
     virtual void SetParamMod(QString name, QString value);
@@ -50,7 +50,7 @@ public:
     virtual void ModDataEditCancel();
 
 public slots:
-    /// A notice of the host or of another module (CVrkCliApp::notifyModule); unknown ones are passed over.
+    /// A notice from the host or another module (CVrkCliApp::notifyModule); unknown ones are ignored.
     virtual void slot_modNotify(QString name, QVariant value);
     virtual void slot_toolFinished();
     virtual void slot_popMessageBoxClicked(QAbstractButton* button);
@@ -60,7 +60,7 @@ public:
     CVrkCliApp* app() const { return m_app; }
     /// The application's session.
     CVrkCliSes* session() const;
-    /// The module that receives the log lines of all; this one when the host named none.
+    /// The module that receives the log lines of all modules; this one if the host has set none.
     CVrkCliMod* logSink();
 
     void SetModTitle(QString title, QString subtitle);
@@ -68,20 +68,20 @@ public:
     void SetIsEdit(bool edit);
     bool isEdit() const { return m_edit; }
     QString moduleTitle() const { return m_title; }
-    /// What happens in the module concerns the user now: the host alerts him, in the task bar and the tray, unless he has
-    /// one of the module's windows before him. Each call is an alert of its own.
+    /// Something in the module needs the user's attention: the host alerts him in the task bar and the
+    /// tray, unless one of the module's windows is active. Each call is a separate alert.
     void CallAttention(const QString& text);
-    /// How many unread comments wait for the user: the host shows the number in its status line, and nothing for 0. Tell
-    /// it at the start and whenever it changes.
+    /// Number of unread comments: the host shows it in its status line, nothing for 0. Call it at the start
+    /// and whenever the number changes.
     void SetUnreadComments(int count);
     int unreadComments() const { return m_unreadComments; }
-    /// The host's named icons: a resource path as it stands, a bare name under ":/vrk/". Null icon when
-    /// unknown.
+    /// The host's named icons: a resource path is used unchanged, a bare name is looked up under ":/vrk/".
+    /// Null icon if unknown.
     static QIcon icon(const QString& name);
-    /// The look that all modules share.
+    /// Applies the look that all modules share.
     void setModuleStyle();
-    /// Delivers this module's waiting events through MessageData, in order, and returns their count. Called
-    /// from inside a delivery or a request it delivers nothing and returns 0.
+    /// Delivers this module's waiting events through MessageData, in order, and returns their number.
+    /// During a delivery or a request it delivers nothing and returns 0.
     int MessageGet();
 
 signals:
@@ -89,13 +89,14 @@ signals:
     void editStateChanged(bool edit);
     void attentionCalled(const QString& text);
     void unreadCommentsChanged(int count);
-    /// Emitted by the host: the user wants to see the comments that wait. A module that counts them shows them.
+    /// Emitted by the host when the user wants to see the unread comments. A module that counts them shows
+    /// them.
     void unreadCommentsRequested();
     /// The window was closed: the host may delete the module.
     void closed();
 
 protected:
-    /// Asks the application's close guard, and stays open when it says no.
+    /// Calls the application's close guard; the window stays open if the guard refuses.
     void closeEvent(QCloseEvent* event) override;
 
     CVrkCliApp* m_app;
@@ -112,5 +113,6 @@ private:
     int m_unreadComments = 0;
 };
 
-/// What a plug-in exports under this plain name: makes the module called \a name, or gives null.
+/// The function that a plug-in exports under this plain name: makes the module called \a name, or returns
+/// null.
 using CppCliModuleFunction = CVrkCliMod* (*)(CVrkCliApp* app, const char* name);

@@ -28,7 +28,7 @@ QByteArray packedFile(const QByteArray& folder, const QByteArray& name, const QB
     return HFNArrayPack(file.array);
 }
 
-/// Reads a blob through the session's store. It may outlive the session and finds nothing then.
+/// Reads a blob through the session's store. It may outlive the session; then it reads nothing.
 class SessionBlob : public MDRBlobSource
 {
 public:

@@ -16,61 +16,60 @@ class WrittenRows;
 struct RecordQuery;
 struct StoreError;
 
-/// The session: the only road to the server. All requests are synchronous and answer within the session's
-/// deadline; a long one shows the wait cursor and no event is delivered from inside it. After a missed
-/// deadline the session is down and requests fail at once until the link is found again.
+/// The session: the only access to the server. All requests are synchronous and end within the session's
+/// deadline; a long one shows the wait cursor. No event is delivered during a request. After a missed
+/// deadline the session is down, and requests fail at once until the link is restored.
 ///
-/// SignIn is the door to it: it opens a store, signs a person in, and gives the application its session.
+/// SignIn creates it: it opens a store, signs a person in, and gives the application its session.
 class VRK_EXPORT CVrkCliSes : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Takes the store over; a login must be signed in there. SignIn::enter does both.
+    /// Takes ownership of the store; a login must be signed in there. SignIn::enter does both.
     explicit CVrkCliSes(std::unique_ptr<Store> store, QObject* parent = nullptr);
     ~CVrkCliSes() override;
 
     /// Code page of all texts in records.
     QTextCodec* codec() const;
 
-    /// Runs one select (UTF-8) as it stands and returns an array that the caller owns, or null.
+    /// Runs one select (UTF-8, passed unchanged) and returns an array that the caller owns, or null.
     MDArray* SqlRequest(const char* sql);
-    /// Looks for records in all workshifts by the server's full-text index. The answer, which the caller owns, has the
-    /// fields of LogbookRecordFields in their order, then DepartmentKey, startTime and endTime of the record's
-    /// workshift; the newest record comes first. Null on failure.
+    /// Searches the records of all workshifts with the server's full-text index. The caller owns the
+    /// answer. It has the fields of LogbookRecordFields in their order, then DepartmentKey, startTime and
+    /// endTime of the record's workshift; the newest record comes first. Null on failure.
     MDArray* SearchRecords(const RecordQuery& query);
     /// Writes every flagged record of \a array in order of entry, in one transaction; inside a block the
-    /// records are copied and written at its end. \a flag is true and \a result null in all calls. True: the
-    /// rows are on the disk.
+    /// records are copied and written at the end of the block. \a flag is true and \a result null in all
+    /// calls. True: the rows are on the disk.
     bool SqlUpdate(const char* table, MDArray* array, bool flag, HFNCliParam** result);
-    /// Sends a named packet and fills \a result at once. The only packet is "FileGet" with "<folder>;<name>"
-    /// in the code page: an array of one record with folder, name, size, content; a code other than 0 when
-    /// there is no such file. False: no packet of this name, or the server cannot be reached; \a result is
-    /// null then.
+    /// Sends a named packet and fills \a result at once. The only packet is "FileGet" with
+    /// "<folder>;<name>" in the code page: it returns an array of one record with folder, name, size,
+    /// content, or a code other than 0 if there is no such file. False: no packet has this name, or the
+    /// server cannot be reached; \a result is then null.
     bool PacketExec(const char* name, const unsigned char* data, int length, HFNCliParam** result);
-    /// Writes a named file of the server whole, which "FileGet" then fetches; a null \a content removes it. Only for who
-    /// has the right "ADMINISTRATOR".
+    /// Writes a whole named file of the server, which "FileGet" then fetches; a null \a content removes it.
+    /// Requires the right "ADMINISTRATOR".
     bool writeFile(const QString& folder, const QString& name, const QByteArray& content);
-    /// True when the answer is there; -1 waits as long as the session's deadline. Answers arrive with
+    /// True when the answer has arrived; -1 waits as long as the session's deadline. Answers arrive with
     /// PacketExec, so there is nothing left to wait for.
     bool WaitResult(HFNCliParam** result, int timeout);
-    /// Frees a block that PacketExec or takeEvents gave out. Null, and a block that is free already, are
-    /// passed over.
+    /// Frees a block returned by PacketExec or takeEvents. Ignores null and blocks that are already free.
     void PrmFree(HFNCliParam* block);
-    /// Opens a block: SqlUpdate calls are collected until BlockEnd. A block inside a block is a part of it:
-    /// its end writes nothing yet, and dropping it drops its own part only.
+    /// Opens a block: SqlUpdate calls are collected until BlockEnd. A nested block is part of the outer
+    /// one: its end writes nothing yet, and dropping it drops only its own part.
     void BlockBeg();
-    /// Writes the block in one transaction, in the order given, or drops it when \a commit is false. False:
-    /// no block is open, or nothing was written; the block is closed either way.
+    /// Writes the block in one transaction, in the given order, or drops it if \a commit is false. False:
+    /// no block is open, or nothing was written; the block is closed in either case.
     bool BlockEnd(bool commit, HFNCliParam** result);
     /// Non-zero when the user has the right.
     int OperationRights(const char* right);
-    /// The server's present time. While the server cannot be reached: reckoned on from the last answer.
+    /// The server's current time. While the server cannot be reached, computed from its last answer.
     double GetHfnTime();
-    /// The server's present time in the zone of the process.
+    /// The server's current time in the zone of the process.
     QDateTime HfnTimeToSesTime();
     QDateTime HfnTimeToSesTime(double time);
-    /// The longest workshift that the server takes, in seconds; 0 while it is not known.
+    /// The longest workshift that the server accepts, in seconds; 0 while unknown.
     int longestShift();
 
     /// Starts the delivery of change events.
@@ -78,18 +77,19 @@ public:
     /// Events that wait for delivery; the receiver owns the blocks and frees them with PrmFree. Used by
     /// CVrkCliApp.
     std::vector<HFNCliParam*> takeEvents();
-    /// Asks the server at once what has changed; the events then wait for takeEvents. Returns their number.
+    /// Asks the server at once for changes; the events then wait for takeEvents. Returns their number.
     int pollEvents();
     bool isConnected() const;
-    /// What the user should know of the connection, in two or three words, such as "только просмотр"; mostly empty.
+    /// Information for the user about the connection, in two or three words, such as "только просмотр";
+    /// usually empty.
     QString caution() const;
     /// True inside a request.
     bool isBusy() const;
-    /// Blocks that were given out and not freed yet.
+    /// Number of blocks that were returned and not freed yet.
     int openBlocks() const;
-    /// Fetches the bytes of one blob, such as "fileData" of "LogbookFiles"; null for a null one.
+    /// Fetches the bytes of one blob, such as "fileData" of "LogbookFiles"; null if the blob is null.
     bool readBlob(const QByteArray& table, const QByteArray& field, const QByteArray& key, QByteArray* bytes);
-    /// For MDRSetBlobSource: where the bytes of a row's blob come from. Rows that arrive with an event carry
+    /// The source of the bytes of a row's blob, for MDRSetBlobSource. Rows that arrive with an event have
     /// none.
     std::shared_ptr<const MDRBlobSource> blobSource(const QByteArray& table, const QByteArray& field,
                                                     const QByteArray& key);
@@ -99,17 +99,18 @@ public:
     Store* store() const;
 
 signals:
-    /// Change events wait; sent from the event loop, never from inside a request.
+    /// Change events are waiting; emitted from the event loop, never during a request.
     void eventsWaiting();
     void connectionChanged(bool connected);
-    /// A request failed: \a write tells a refused or failed write; \a reason is in Russian.
+    /// A request failed: \a write is true for a refused or failed write; \a reason is in Russian.
     void requestFailed(bool write, const QString& table, const QString& reason);
-    /// A write has ended, after requestFailed when it failed: for whoever follows what was not written until it is.
+    /// A write has ended; comes after requestFailed if it failed. For receivers that track an unsaved text
+    /// until it is written.
     void writeEnded(bool written, const WrittenRows& rows);
-    /// The link broke while the server was writing, and the write was told as failed: now it is known whether the server
-    /// had written it. Sent before any other request goes to the server.
+    /// The link broke during a write, which was reported as failed; now it is known whether the server has
+    /// written it. Emitted before any other request goes to the server.
     void writeSettled(bool written);
-    /// The history of the server is another one: modules must start anew.
+    /// The server has a different history: modules must restart.
     void historyChanged();
 
 private:

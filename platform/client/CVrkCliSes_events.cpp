@@ -25,7 +25,7 @@ void CVrkCliSes::connectFeed()
 
 void CVrkCliSes::Private::setConnected(bool up)
 {
-    // Without the feed nobody would find the link again: each request tries for itself.
+    // Without the feed nothing would notice that the link is back: each request tries for itself.
     if (up == connected || !started)
         return;
     connected = up;

@@ -10,7 +10,7 @@
 #include <deque>
 #include <unordered_set>
 
-/// What the parts of the session share.
+/// Data that the parts of the session share.
 struct CVrkCliSes::Private {
     /// A write that waits for the end of its block.
     struct Write {
@@ -18,7 +18,7 @@ struct CVrkCliSes::Private {
         std::unique_ptr<CMDArray> records;
     };
 
-    /// Stands as long as a request runs.
+    /// Exists as long as a request runs.
     class Request
     {
     public:
@@ -39,26 +39,26 @@ struct CVrkCliSes::Private {
         Private* m_session;
     };
 
-    /// Tells log and user why a request failed and takes the session down when the link is gone. Always
+    /// Reports to log and user why a request failed and takes the session down if the link is lost. Always
     /// false.
     bool fail(const char* function, const StoreError& error, const QString& what, bool write = false,
               const QByteArray& table = QByteArray());
     /// The failure of every request while the session is down.
     static StoreError noLink();
     void setConnected(bool up);
-    /// Finds out what has become of the write that was never answered. False when the store cannot be reached.
+    /// Finds out whether the write without an answer was done. False if the store cannot be reached.
     bool settle(StoreError* error);
     /// The answer of a reading request, or null after fail().
     template <class Ask>
     MDArray* request(const char* function, const QString& what, Ask ask);
     bool apply(const char* function, const std::vector<StoreWrite>& writes);
-    /// Enters the block among those that PrmFree frees.
+    /// Registers the block as one that PrmFree frees.
     HFNCliParam* give(HFNCliParam* answer);
 
     CVrkCliSes* q = nullptr;
     std::unique_ptr<Store> store;
     std::shared_ptr<const ProcessZone> zone; ///< of the store
-    std::unique_ptr<ChangeFeed> feed;        ///< ends before the store
+    std::unique_ptr<ChangeFeed> feed;        ///< destroyed before the store
     bool started = false;
     bool connected = true;
     bool polling = false;
@@ -69,12 +69,12 @@ struct CVrkCliSes::Private {
     std::vector<Write> block;
     std::vector<std::size_t> blockStarts; ///< of the open blocks, the outermost first
 
-    QByteArray unsettledKey;      ///< batch key of the write that was never answered
+    QByteArray unsettledKey;      ///< batch key of the write without an answer
     bool hasFailedWrites = false; ///< since the start
 
     std::deque<HFNCliParam*> waiting;
     std::unordered_set<HFNCliParam*> given;
 
-    double serverTime = 0; ///< the last answer
+    double serverTime = 0; ///< the server's time in its last answer
     QElapsedTimer sinceServerTime;
 };

@@ -7,8 +7,8 @@
 
 namespace
 {
-/// A link that broke shows at once; a server that has fallen silent costs the whole deadline, and a second
-/// one is not waited for.
+/// A broken link shows at once; a server that has stopped answering costs the whole deadline, so there is
+/// no second wait.
 constexpr int quickMs = 1000;
 
 QByteArray tablesOf(const std::vector<StoreWrite>& writes)
@@ -47,8 +47,8 @@ bool CVrkCliSes::Private::apply(const char* function, const std::vector<StoreWri
         QElapsedTimer taken;
         taken.start();
         written = settle(&error) && store->apply(writes, batchKey, &error);
-        // The answer to a commit may have been lost with the link: the batch key lets it be sent again
-        // safely.
+        // The answer to a commit may have been lost with the link: the batch key makes it safe to send the
+        // batch again.
         if (!written && error.code == StoreError::Lost && taken.elapsed() < quickMs) {
             error.clear();
             written = settle(&error) && store->apply(writes, batchKey, &error);
@@ -59,7 +59,7 @@ bool CVrkCliSes::Private::apply(const char* function, const std::vector<StoreWri
     WrittenRows rows;
     hasFailedWrites = hasFailedWrites || !written;
     for (const StoreWrite& write : writes)
-        if (hasFailedWrites) // otherwise there is nothing to follow
+        if (hasFailedWrites) // otherwise nobody tracks an unsaved text
             rows.add(write.table, write.records);
     if (!written) {
         const QByteArray tables = tablesOf(writes);

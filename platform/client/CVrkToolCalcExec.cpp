@@ -15,8 +15,9 @@
 
 namespace
 {
-/// Gives the scripts their names and runs one: `_run(script, arguments)` is empty after a run that came to
-/// its end, and tells the error otherwise. `exit` is a property of the global object whose reading throws.
+/// Defines the names that scripts use and runs a script: `_run(script, arguments)` returns an empty text
+/// after a complete run and the error otherwise. `exit` is a property of the global object that throws when
+/// it is read.
 const char* const language = R"js(
 var var_Nil = 0, var_Int = 1, var_Dbl = 2, var_Str = 3, var_Arr = 4;
 var Result;
@@ -67,9 +68,9 @@ QJSValue toScript(QJSEngine* engine, const CVar& var)
 }
 
 constexpr quint32 longestArray = 1000000;
-constexpr int deepestArray = 100; // one may hold itself
+constexpr int deepestArray = 100; // guards against an array that contains itself
 
-/// What is too large to be a result breaks the run off, as one that takes too long.
+/// A result that is too large ends the run, like a run that takes too long.
 CVar fromScript(QJSEngine* engine, const QJSValue& value, int depth = 0)
 {
     CVar var;
@@ -90,7 +91,7 @@ CVar fromScript(QJSEngine* engine, const QJSValue& value, int depth = 0)
     return var;
 }
 
-/// One consistent read of the store, ended with its scope.
+/// One consistent read of the store; ends with its scope.
 class ConsistentRead
 {
 public:
@@ -111,7 +112,8 @@ private:
     bool m_begun;
 };
 
-/// Interrupts an engine that is still busy after a time. The window waits for a script, which may never end.
+/// Interrupts an engine that is still busy after a time. The window waits for the script, which might never
+/// end.
 class ScriptDeadline
 {
 public:
@@ -140,7 +142,7 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_ended;
     bool m_isOver = false;
-    std::thread m_thread; // the last one: it uses those above
+    std::thread m_thread; // declared last because it uses the members above
 };
 } // namespace
 
@@ -175,7 +177,7 @@ int CVrkToolCalcExec::Perform(bool)
     engine.evaluate(QString::fromLatin1(language));
     const ScriptDeadline deadline(&engine, m_deadlineMs);
 
-    // The line break keeps a comment at the end of the script from swallowing the bracket.
+    // The line break keeps a comment at the end of the script from hiding the bracket.
     const QJSValue script = engine.evaluate(QStringLiteral("(function ") + m_script + QStringLiteral("\n)"));
     QString error = script.toString();
     if (script.isCallable()) {

@@ -15,7 +15,7 @@
 
 namespace
 {
-/// What stands in a document's raw text for objects, forced line ends, paragraphs and frames: no characters.
+/// Characters in a document's raw text that mark objects, forced line ends, paragraphs and frames.
 bool isStructure(QChar character)
 {
     switch (character.unicode()) {
@@ -71,7 +71,7 @@ void EditorGuard::fitLine()
     const QString head = edited.left(line->cursorPosition());
     const int cursor = TextFit::applied(head, m_fit.changes(head)).size();
 
-    // The edit is taken back and made once more with the fitted text, so that it stays one step of undo.
+    // The edit is undone and repeated with the fitted text, so that it stays one step of undo.
     if (line->isUndoAvailable())
         line->undo();
     const QString before = line->text();
@@ -85,7 +85,8 @@ void EditorGuard::fitLine()
     line->setSelection(same, before.size() - same - tail);
     line->insert(fitted.mid(same, fitted.size() - same - tail));
     line->setCursorPosition(cursor);
-    // The line is still about to tell the edit as the user made it: the fitted text has the last word.
+    // The line has yet to emit the edit as the user made it: the signal with the fitted text must come
+    // last.
     QTimer::singleShot(0, line, [line] { emit line->textChanged(line->text()); });
     emit textAdjusted(TextFit::notice(edited, changes));
 }
@@ -107,11 +108,12 @@ void EditorGuard::fitPlainTextEdit()
 void EditorGuard::fitEdited(QTextDocument* document, QWidget* editor)
 {
     if (document->isUndoRedoEnabled()) {
-        // Setting a text as a whole leaves nothing to undo: that is how the program's text shows.
+        // Setting a text as a whole leaves nothing to undo; this distinguishes text set by the program.
         if (document->isUndoAvailable())
             fitDocument(document);
     } else if (editor->hasFocus()) {
-        // Undo is off while the program sets a text as a whole, or for good: later it can be told which.
+        // Undo is off either while the program sets a text as a whole, or permanently: decide later which
+        // it is.
         QTimer::singleShot(0, document, [guard = QPointer<EditorGuard>(this), document] {
             if (guard && !document->isUndoRedoEnabled())
                 guard->fitDocument(document);

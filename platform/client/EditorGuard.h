@@ -7,9 +7,9 @@
 class QTextDocument;
 class QWidget;
 
-/// Watches over every editor of the process (line edits, also those of combo boxes and cells, and both kinds
-/// of text edits): what the user types, pastes, drops or composes there is fitted into the code page at once.
-/// One undo takes the user's edit and its fitting back together. Text that the program sets stays as it is
+/// Watches every editor of the process (line edits, including those of combo boxes and cells, and both
+/// kinds of text edits): text that the user types, pastes, drops or composes is fitted to the code page at
+/// once. One undo reverts the user's edit and its fitting together. Text that the program sets is unchanged
 /// until the user edits it.
 class EditorGuard : public QObject
 {

@@ -7,7 +7,7 @@ namespace
 {
 constexpr int usualDelayMs = 500;
 constexpr int longestDelayMs = 1000;
-constexpr int shareOfTime = 10; ///< reading takes no more than one part in so many
+constexpr int shareOfTime = 10; ///< reading takes at most this share of the time
 } // namespace
 
 KeptDraft::KeptDraft(QWidget* window, KeptTexts* texts, std::function<KeptTexts::Values()> read)
@@ -31,7 +31,7 @@ KeptDraft::KeptDraft(QWidget* window, KeptTexts* texts, std::function<KeptTexts:
 
 KeptDraft::~KeptDraft()
 {
-    // The text outlives the window, for the next one of its kind.
+    // The text outlives the window and is offered to the next one of its kind.
     if (m_texts && !m_id.isEmpty())
         m_texts->hold(m_id, nullptr);
 }

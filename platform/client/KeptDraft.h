@@ -6,30 +6,31 @@
 #include <QPointer>
 #include <QTimer>
 
-/// The text that one window holds unsaved, kept while it is typed. The window says that something was typed, which costs
-/// nothing; what it holds is read some time later, and never so often that it would take a tenth of the time.
+/// The unsaved text of one window, kept while it is typed. The window reports a change, which costs
+/// nothing; its text is read some time later, and never so often that reading takes more than a tenth of
+/// the time.
 class VRK_EXPORT KeptDraft : public QObject
 {
     Q_OBJECT
 
 public:
-    /// \a read tells what \a window holds; no values: nothing that is unsaved.
+    /// \a read returns the unsaved values of \a window; no values: nothing is unsaved.
     KeptDraft(QWidget* window, KeptTexts* texts, std::function<KeptTexts::Values()> read);
     ~KeptDraft() override;
 
-    /// Where the text is kept from now on.
+    /// Sets the place where the text is kept from now on.
     void setPlace(const QString& place) { m_place = place; }
     QString place() const { return m_place; }
 
     /// The window's text may have changed.
     void touch();
-    /// Keeps what the window holds now.
+    /// Keeps the window's current text.
     void keepNow();
-    /// The window has taken this kept text: it goes on under its id.
+    /// The window has taken this kept text: the text keeps its id.
     void take(const KeptTexts::Text& text);
-    /// The window's text was written or dropped.
+    /// The window's text was saved or dropped.
     void forget();
-    /// The window gives its text up, as it is now, to whoever opens next.
+    /// The window releases its current text; the next window that opens may take it.
     void release();
 
 private:
@@ -41,5 +42,5 @@ private:
     QString m_place;
     QByteArray m_id;
     QTimer m_timer;
-    bool m_isDropped = false; ///< by the user's answer, until something is typed
+    bool m_isDropped = false; ///< dropped by the user, until something is typed
 };

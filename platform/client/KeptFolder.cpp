@@ -27,7 +27,7 @@ bool isId(const QByteArray& name)
     return digits.match(QString::fromLatin1(name)).hasMatch();
 }
 
-/// A descriptor that is closed at the end.
+/// A file descriptor that is closed at the end of its scope.
 class Descriptor
 {
 public:
@@ -97,7 +97,8 @@ bool KeptFolder::fail(int error)
     return false;
 }
 
-/// The last two steps of the path are the program's own: each a real folder of this user, open to nobody else.
+/// The last two folders of the path belong to the program: each must be a real folder of this user that
+/// nobody else can open.
 bool KeptFolder::open()
 {
     if (m_folder >= 0)
@@ -166,7 +167,7 @@ QVector<KeptFolder::File> KeptFolder::takeOver()
     return files;
 }
 
-/// What a process that was killed has half written.
+/// Removes partial files of a killed process.
 void KeptFolder::clearAway(const QByteArray& name)
 {
     const Descriptor half(::openat(m_folder, name.constData(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
@@ -195,7 +196,7 @@ bool KeptFolder::takeFile(const QByteArray& id, File* file)
     const bool isStill = ::fstatat(m_folder, name.constData(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
                          named.st_ino == about.st_ino && named.st_dev == about.st_dev;
     if (!isStill)
-        return false; // its process has replaced it meanwhile, and has the new one locked
+        return false; // its process has replaced it in the meantime and holds the lock of the new one
     if (about.st_size > longestFile || !readAll(taken.get(), about.st_size, &file->bytes))
         return refuse("cannot be read");
     ::fchmod(taken.get(), S_IRUSR | S_IWUSR);
@@ -215,7 +216,7 @@ bool KeptFolder::write(const QByteArray& id, const QByteArray& bytes)
                              S_IRUSR | S_IWUSR));
     if (file.get() < 0)
         return fail(errno);
-    // Locked before it has its name, so that there is no moment in which another process could take it.
+    // The file is locked before it gets its name, so that another process can never take it.
     const bool written = ::flock(file.get(), LOCK_EX | LOCK_NB) == 0 && writeAll(file.get(), bytes) &&
                          ::fsync(file.get()) == 0 &&
                          ::renameat(m_folder, half.constData(), m_folder, name.constData()) == 0;

@@ -5,10 +5,10 @@
 #include <QString>
 #include <QVector>
 
-/// A folder of small files that belong to the process that has them locked: a file whose process has ended is taken
-/// over by the next one that looks. Whoever else may write into the folder can plant there what he likes: links,
-/// devices, files of other users and of other names are passed over. Its own files are readable to the user alone, and
-/// a file that was written is on the disk as a whole.
+/// A folder of small files that belong to the process that holds their locks. When a process has ended, the
+/// next one that looks takes over its files. Anyone with write access to the folder may plant entries
+/// there, so links, devices, files of other users and files with other names are ignored. Own files are
+/// readable only by the user, and a written file is complete on the disk.
 class KeptFolder
 {
 public:
@@ -17,19 +17,19 @@ public:
         QByteArray bytes;
     };
 
-    /// Makes the folder when it is first needed.
+    /// Creates the folder when it is first needed.
     explicit KeptFolder(const QString& path);
-    /// Gives its files up: they stay for the next process.
+    /// Releases its files: they stay for the next process.
     ~KeptFolder();
     KeptFolder(const KeptFolder&) = delete;
     KeptFolder& operator=(const KeptFolder&) = delete;
 
-    /// Locks the files that no living process has, and returns them.
+    /// Locks the files that belong to no living process, and returns them.
     QVector<File> takeOver();
-    /// Writes or replaces a file of this process; \a id is 32 upper-case hexadecimal digits. False when it could not;
-    /// the file is as it was then.
+    /// Writes or replaces a file of this process; \a id is 32 upper-case hexadecimal digits. False on
+    /// failure; the file is then unchanged.
     bool write(const QByteArray& id, const QByteArray& bytes);
-    /// Removes a file of this process; true when there is none.
+    /// Removes a file of this process; also true if there is none.
     bool remove(const QByteArray& id);
     /// Why the last operation failed, for the user.
     QString errorText() const { return m_errorText; }

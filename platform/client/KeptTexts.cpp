@@ -42,7 +42,7 @@ struct KeptTexts::Private {
 
     std::vector<Entry> entries; ///< the latest last
     qint64 lastTime = 0;
-    std::unique_ptr<KeptWriter> writer; ///< null while there is no folder
+    std::unique_ptr<KeptWriter> writer; ///< null without a folder
 };
 
 void KeptTexts::Private::takeOver(const QVector<KeptFolder::File>& files, const QByteArray& scope)

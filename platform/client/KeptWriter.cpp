@@ -25,13 +25,13 @@ const QByteArray magic = QByteArrayLiteral("VRK kept text 1\n");
 } // namespace
 
 struct KeptWriter::Shared {
-    using Job = std::optional<KeptTexts::Text>; ///< nothing: the file goes
+    using Job = std::optional<KeptTexts::Text>; ///< no value: the file is removed
 
     void run();
     bool take(QMap<QByteArray, Job>* work);
     QString write(QMap<QByteArray, Job>* work);
 
-    std::unique_ptr<KeptFolder> folder; ///< of the thread alone
+    std::unique_ptr<KeptFolder> folder; ///< used only by the thread
     QByteArray scope;
 
     std::mutex mutex;
@@ -54,7 +54,7 @@ void KeptWriter::Shared::run()
         const QString error = write(&work);
         const std::lock_guard<std::mutex> lock(mutex);
         for (auto job = work.cbegin(); job != work.cend(); ++job)
-            if (!waiting.contains(job.key())) // nothing newer came meanwhile
+            if (!waiting.contains(job.key())) // no newer job has come in the meantime
                 waiting.insert(job.key(), job.value());
         if (told && errorText != error)
             told(error);
@@ -70,7 +70,7 @@ void KeptWriter::Shared::run()
     idle.notify_all();
 }
 
-/// Waits for work; false at the end.
+/// Waits for work; false when the thread must end.
 bool KeptWriter::Shared::take(QMap<QByteArray, Job>* work)
 {
     std::unique_lock<std::mutex> lock(mutex);
@@ -84,7 +84,7 @@ bool KeptWriter::Shared::take(QMap<QByteArray, Job>* work)
     return true;
 }
 
-/// What could not be done stays in \a work; the error text of the last such job.
+/// Failed jobs stay in \a work; returns the error text of the last one.
 QString KeptWriter::Shared::write(QMap<QByteArray, Job>* work)
 {
     QString error;
@@ -137,7 +137,7 @@ void KeptWriter::remove(const QByteArray& id)
 {
     const std::lock_guard<std::mutex> lock(m_shared->mutex);
     m_shared->waiting.insert(id, std::nullopt);
-    m_shared->isHurried = true; // what was written must not be offered again
+    m_shared->isHurried = true; // written texts must not be offered again
     m_shared->wake.notify_all();
 }
 

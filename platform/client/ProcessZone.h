@@ -3,14 +3,15 @@
 #include <memory>
 #include <QByteArray>
 
-/// The time zone in which all times of the process are shown and typed. A process has one: the stores that are open in it
-/// share it.
+/// The time zone in which the process shows and reads all times. A process has only one; all stores that
+/// are open in it share it.
 class ProcessZone
 {
 public:
-    /// Keeps the zone for the process as long as the answer lives. Null while another zone is kept.
+    /// Keeps the zone for the process as long as the returned object exists. Null while another zone is
+    /// kept.
     static std::shared_ptr<const ProcessZone> hold(const QByteArray& zone);
-    /// The zone that is kept; empty when there is none.
+    /// The zone that is kept; empty if there is none.
     static QByteArray held();
 
 private:

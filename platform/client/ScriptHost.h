@@ -6,8 +6,8 @@
 class QJSEngine;
 class Store;
 
-/// What a server script sees of the store, as functions that the engine calls. Wrong arguments end the script
-/// with an error.
+/// The functions that give server scripts access to the store; called by the engine. Wrong arguments end
+/// the script with an error.
 class ScriptHost : public QObject
 {
     Q_OBJECT
@@ -22,7 +22,8 @@ public:
     Q_INVOKABLE QJSValue fieldValue(const QJSValue& record, const QString& field);
 
 private:
-    /// The table's name after a check; empty, and the script broken off, when it is none or has no such key.
+    /// Returns the table's name after a check; empty, with the script ended, if there is no such table or
+    /// key.
     QByteArray tableName(const QJSValue& table, int key = 0);
     QJSValue rowAt(const QByteArray& table, int key, qint64 index);
 

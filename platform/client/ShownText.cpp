@@ -14,7 +14,7 @@ bool isControl(QChar character)
            character == QChar::ParagraphSeparator;
 }
 
-/// Turns the direction of what follows, also of the words of the program around the text.
+/// Changes the direction of the following text, including the program's own words.
 bool turnsDirection(QChar character)
 {
     const ushort code = character.unicode();

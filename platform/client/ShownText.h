@@ -4,15 +4,15 @@
 
 #include <QString>
 
-/// Fits a text of a record, a template or a name into a place that is not made for any text.
+/// Fits a text of a record, a template or a name to a place that cannot show every text.
 namespace ShownText
 {
-/// For an entry of a menu or a tab: one line, "&" as it stands, the end of a very long text left out.
+/// For a menu entry or a tab: one line, "&" shown literally, a very long text truncated.
 VRK_EXPORT QString entry(const QString& text);
 
-/// For a tool tip: the lines stay, long ones are broken, the end of a very long text is left out.
+/// For a tool tip: keeps the lines, breaks long ones, truncates a very long text.
 VRK_EXPORT QString tip(const QString& text);
 
-/// For a notification of the desktop, which may take angle brackets for markup, or show escapes as they stand.
+/// For a desktop notification, which may read angle brackets as markup or show escapes literally.
 VRK_EXPORT QString notification(const QString& text);
 } // namespace ShownText

@@ -7,8 +7,8 @@ namespace
 enum BlockField { FieldNumber = 1, FieldKey = 4, FieldSource = 5, FieldRow = 7 };
 constexpr int sourcePrefix = 4; ///< "NCI:", never read
 
-/// Numbers of row events, as bits over 601. Bit 30 stands for 631, which modules do not let through; it is
-/// known here all the same, and meant to stay.
+/// Numbers of row events, as bits from 601. Bit 30 is 631, which modules do not accept. Deliberate: it is
+/// still known here.
 bool isRowEvent(int number)
 {
     constexpr std::uint32_t numbers = 0x40000007;

@@ -8,20 +8,21 @@
 /// Numbers of change events.
 enum EventNumber { EventInserted = 601, EventChanged = 602, EventDeleted = 603 };
 
-/// A change event taken apart once, for all that look at it. The pointers point into the parameter block,
-/// which must outlive the parse. Missing fields give 0, empty texts and no row.
+/// A change event, parsed once for all receivers. The pointers point into the parameter block, which must
+/// outlive the parse. Missing fields give 0, empty texts and no row.
 struct VRK_EXPORT TEventNciParse {
     TEventNciParse() = default;
     explicit TEventNciParse(HFNCliParam* block);
 
-    /// The numbers that modules let through: 601 to 603.
+    /// The numbers that modules accept: 601 to 603.
     bool isChange() const { return eventNumber >= EventInserted && eventNumber <= EventDeleted; }
 
     HFNCliParam* parameterBlock = nullptr;
     int eventNumber = 0;
     char* recordKey = nullptr;  ///< KeyLink of the row
     char* sourceText = nullptr; ///< "NCI:<Table>,<number>"
-    QString tableName;          ///< between the prefix of four and the first comma; empty without a comma
+    QString tableName;          ///< after the prefix of four characters, up to the first comma; empty
+                                ///< without a comma
     MDRRecordType recordType;   ///< fields of recordData; empty for 603
     MDRData recordData;         ///< the row as sent, with marks on the changed fields
 };

@@ -8,7 +8,7 @@
 
 namespace
 {
-/// Kin that decomposition does not give.
+/// Replacements that decomposition does not give.
 const QHash<QChar, QString>& kinTable()
 {
     struct Row {
@@ -97,7 +97,7 @@ const QHash<QChar, QString>& kinTable()
 
 constexpr QChar strokeThrough(0x0338);
 
-/// The passage as the user can see it: characters without a shape by their numbers.
+/// The passage as shown to the user: characters without a glyph by their numbers.
 QString shown(const QString& passage)
 {
     QStringList codes;
@@ -165,7 +165,7 @@ QString TextFit::kin(const QString& passage) const
                                   : QString(whole).normalized(QString::NormalizationForm_KD);
         for (const QChar part : parts) {
             if (part == strokeThrough)
-                return QString(); // without its stroke the sign would say the opposite
+                return QString(); // without its stroke the sign would have the opposite meaning
             if (carries(part))
                 result += part;
             else if (part.isSpace())

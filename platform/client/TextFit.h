@@ -6,7 +6,7 @@
 
 class QTextCodec;
 
-/// Fits text into a code page: finds the characters that it cannot carry and their nearest kin.
+/// Fits text to a code page: finds the characters that it does not have and their closest replacements.
 class TextFit
 {
 public:
@@ -14,16 +14,17 @@ public:
     struct Change {
         int start;
         int length;
-        QString replacement; ///< empty: the passage is left out
+        QString replacement; ///< empty: the passage is dropped
     };
 
-    /// A null or Unicode codec carries everything.
+    /// A null or Unicode codec has all characters.
     explicit TextFit(const QTextCodec* codec = nullptr);
 
-    /// What to replace in \a text, from its start to its end; empty when all of it can be carried.
+    /// The replacements for \a text, from its start to its end; empty if the code page has all its
+    /// characters.
     QVector<Change> changes(const QString& text) const;
     static QString applied(QString text, const QVector<Change>& changes);
-    /// Tells the user in Russian what becomes of \a text.
+    /// Describes the changes to \a text for the user, in Russian.
     static QString notice(const QString& text, const QVector<Change>& changes);
 
 private:

@@ -9,7 +9,7 @@
 
 namespace
 {
-/// The fields that hold what somebody has typed.
+/// The fields with typed text.
 const char* const textFields[] = {"html", "text_", "fileName"};
 
 QByteArray bytesOf(const MDArray* array, const MDRData* record, const char* name)
@@ -56,7 +56,7 @@ bool WrittenRows::areAllIn(const WrittenRows& done) const
         known.insert(row.text);
         for (const QByteArray& mark : row.marks) {
             known.insert(mark);
-            known.insert(mark.left(mark.lastIndexOf('/'))); // a row that was changed is there
+            known.insert(mark.left(mark.lastIndexOf('/'))); // a row that was changed exists
         }
     }
     return std::all_of(m_rows.begin(), m_rows.end(), [&known](const Row& row) {

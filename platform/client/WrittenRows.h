@@ -6,20 +6,20 @@
 #include <QByteArrayList>
 #include <QVector>
 
-/// What the rows of a write are, so that one that failed is known again when it is done later: by their keys and the
-/// fields that were changed, or by the text that a new row carries, which may come under another key the next time.
+/// Identifies the rows of a write, so that a failed write is recognised when it is repeated later: by their
+/// keys and changed fields, or by the text of a new row, which may have another key the next time.
 class VRK_EXPORT WrittenRows
 {
 public:
-    /// Adds the posted records of an array as they go to \a table.
+    /// Adds the posted records of an array, as written to \a table.
     void add(const QByteArray& table, const MDArray* records);
-    /// \a done holds all of these rows, with what was to be changed in them.
+    /// \a done contains all of these rows, with all their changes.
     bool areAllIn(const WrittenRows& done) const;
 
 private:
     struct Row {
         QByteArrayList marks;
-        QByteArray text; ///< of a new row; empty: it has none
+        QByteArray text; ///< of a new row; empty if it has no text
     };
     QVector<Row> m_rows;
 };
