@@ -16,7 +16,7 @@ MDRFieldDescr describe(const QByteArray& name, MDRType type, int width)
     return field;
 }
 
-/// A table that the text takes in more than once cannot tell which of its keys goes with which of its blobs.
+/// If the text names a table more than once, it is unknown which of its keys belongs to which of its blobs.
 bool isTakenOnce(const QByteArray& sql, const QByteArray& table)
 {
     const QRegularExpression mention(
@@ -34,7 +34,7 @@ bool isBlank(char c)
     return isspace(static_cast<unsigned char>(c)) != 0;
 }
 
-/// Whether a remark begins here.
+/// Whether a SQL comment begins here.
 bool isRemark(const QByteArray& sql, int at)
 {
     const char c = sql.at(at);
@@ -42,7 +42,7 @@ bool isRemark(const QByteArray& sql, int at)
     return (c == '-' && after == '-') || (c == '/' && after == '*');
 }
 
-/// Where the remark, the quoted text or the single character that begins here ends.
+/// The end of the comment, the quoted text or the single character that begins here.
 int pieceEnd(const QByteArray& sql, int at)
 {
     const char c = sql.at(at);
@@ -56,7 +56,7 @@ int pieceEnd(const QByteArray& sql, int at)
     return closed < 0 ? sql.size() : closed + 1;
 }
 
-/// Whether the word in front is IN.
+/// Whether the preceding word is IN.
 bool isBehindIn(const QByteArray& sql, int at)
 {
     int end = at;
@@ -119,7 +119,7 @@ QByteArray AnswerShape::wrapped(const QByteArray& sql, const Expression& other) 
         else
             values += other ? other(i, name) : name;
     }
-    // The select may end with a remark, hence the line break.
+    // The select may end with a comment, which the line break ends.
     return "WITH answer (" + names + ") AS (" + sql + "\n) SELECT " + values + " FROM answer";
 }
 
@@ -133,7 +133,7 @@ QVector<MDRFieldDescr> AnswerShape::descriptors() const
 
 QByteArray AnswerShape::withoutEnd(const QByteArray& sql)
 {
-    // The end is behind the last character that is no blank, no semicolon and in no remark.
+    // The end is after the last character that is no blank, no semicolon and not in a comment.
     int end = 0;
     for (int i = 0; i < sql.size();) {
         const int next = pieceEnd(sql, i);
@@ -147,7 +147,7 @@ QByteArray AnswerShape::withoutEnd(const QByteArray& sql)
 QByteArray AnswerShape::withoutLists(const QByteArray& sql)
 {
     QByteArray lean;
-    int taken = 0; // what is before it is in, or left out
+    int taken = 0; // the text before this position is copied or dropped
     for (int i = 0; i < sql.size();) {
         const int next = pieceEnd(sql, i);
         if (sql.at(i) == '(' && isBehindIn(sql, i) && next < sql.size() && sql.at(next) == '\'') {

@@ -5,9 +5,9 @@
 
 namespace
 {
-constexpr int pollMs = 100;         // for what other processes write
-constexpr int slowestPollMs = 2000; // while the store is gone
-constexpr int settleMs = 50;        // hints that follow one another closely are answered by one reading
+constexpr int pollMs = 100;         // for writes of other processes
+constexpr int slowestPollMs = 2000; // while the store cannot be reached
+constexpr int settleMs = 50;        // hints in quick succession are answered by one reading
 constexpr int changesAtOnce = 1000;
 } // namespace
 
@@ -48,14 +48,14 @@ void ChangeFeed::hear()
     if (m_isPolling || !m_store->hasNews())
         return;
     if (m_settle.isActive())
-        return; // read at its end
+        return; // this reading finds it
     m_settle.start();
     poll();
 }
 
 void ChangeFeed::settle()
 {
-    // A store does not hint at every single transaction, so that a last reading has to find nothing.
+    // A store does not send a hint for every transaction, so the last reading must find nothing.
     if (!m_lost && poll() > 0)
         m_settle.start();
 }
@@ -75,7 +75,7 @@ void ChangeFeed::wake()
 int ChangeFeed::poll()
 {
     if (m_isPolling)
-        return 0; // called by a receiver: the poll that is under way goes on to the end of the log
+        return 0; // called by a receiver: the running poll continues to the end of the log
     m_isPolling = true;
     int delivered = 0;
     for (;;) {
@@ -112,7 +112,7 @@ void ChangeFeed::waitLonger()
 {
     if (!m_timer.isActive())
         return;
-    // Not all at once: a server that comes back has many workstations waiting for it.
+    // Not all at once: many workstations are waiting for a server that comes back.
     m_pause = m_lost ? std::min(2 * m_pause, slowestPollMs) : pollMs;
     m_timer.setInterval(m_pause / 2 + QRandomGenerator::global()->bounded(m_pause));
 }

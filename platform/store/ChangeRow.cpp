@@ -71,7 +71,7 @@ void rowFunction(sqlite3_context* context, int count, sqlite3_value** values)
     sqlite3_result_text(context, json.constData(), json.size(), SQLITE_TRANSIENT);
 }
 
-/// The end of the value that begins at \a from: behind its last character; -1 when the text breaks off.
+/// The end of the value that begins at \a from: after its last character; -1 if the text is truncated.
 int valueEnd(const QByteArray& json, int from)
 {
     bool quoted = false;

@@ -32,7 +32,7 @@ unsigned bits(char byte, unsigned mask)
 {
     return static_cast<unsigned char>(byte) & mask;
 }
-/// Whether the byte never takes its successor into its character.
+/// Whether the byte never forms a character with the byte after it.
 bool standsAlone(QTextCodec* codec, char byte)
 {
     for (const char next : {'A', '\xA1'}) {
@@ -59,7 +59,7 @@ std::unique_ptr<CodePage> CodePage::create(const QByteArray& name)
     for (int byte = 0; byte < 256; ++byte) {
         const char one = static_cast<char>(byte);
         const QString decoded = codec->toUnicode(&one, 1);
-        // A byte without a character stands for the control character of its number, so that nothing is lost.
+        // A byte without a character becomes the control character of its number, so that nothing is lost.
         QChar character(static_cast<ushort>(byte));
         if (decoded.size() == 1 && decoded.at(0) != QChar(QChar::ReplacementCharacter))
             character = decoded.at(0);

@@ -13,7 +13,7 @@ struct Reference {
     Finding::Grade grade;
 };
 
-// People come and go, so a worker who is not there is only noted.
+// People come and go, so a missing worker is only a note.
 const Reference references[] = {
     {"LogbookWorkshifts", "DepartmentKey", "Departments", Finding::Fault},
     {"LogbookWorkshifts", "OpenWorkerKey", "Workers", Finding::Note},
@@ -69,7 +69,7 @@ QVector<ContentCheck::Look> ContentCheck::looks()
                     reference.grade, "Поле «%1» строки «%2» указывает на строку, которой нет."});
     }
     for (const char* tree : trees) {
-        // Walking down from the roots reaches every row but those that hang in a circle.
+        // Walking down from the roots reaches every row except those in a cycle.
         const QByteArray table(tree);
         all.append({"WITH RECURSIVE reached (k) AS (SELECT KeyLink FROM " + table +
                         " WHERE coalesce(ParentKey, '') = '' OR ParentKey NOT IN (SELECT KeyLink FROM " +

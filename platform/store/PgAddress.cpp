@@ -9,7 +9,7 @@
 
 namespace
 {
-/// The options that an address writes out.
+/// The options written in an address.
 QHash<QByteArray, QByteArray> writtenOptions(const QString& url)
 {
     QHash<QByteArray, QByteArray> written;
@@ -44,7 +44,8 @@ QByteArray PgAddress::sslMode(const QString& url)
     const QHash<QByteArray, QByteArray> written = writtenOptions(url);
     if (written.contains("sslmode"))
         return written.value("sslmode");
-    // Where both stand, the number is where it connects to, and the name what the certificate must tell.
+    // If both are given, the number is the address to connect to, and the name is the one in the
+    // certificate.
     QByteArray hosts = written.value("hostaddr", written.value("host"));
     if (hosts.isEmpty())
         hosts = qgetenv(qEnvironmentVariableIsEmpty("PGHOSTADDR") ? "PGHOST" : "PGHOSTADDR");
@@ -66,7 +67,7 @@ QString PgAddress::caution(const QByteArray& host, const QByteArray& sslMode, bo
 
 bool PgAddress::isAboutProof(const QString& words)
 {
-    // In the language of the machine.
+    // In the machine's language.
     for (const char* word : {"certificate", "сертификат", "SSL"})
         if (words.contains(QString::fromUtf8(word), Qt::CaseInsensitive))
             return true;

@@ -3,21 +3,23 @@
 #include <QByteArray>
 #include <QString>
 
-/// How far the address of a server trusts it. A password goes only to a server that has proved who it is, unless the
-/// address says otherwise or the server is on this machine.
+/// How much a connection trusts the server of an address. A password is sent only to a server that has
+/// proved its identity, unless the address says otherwise or the server is on this machine.
 namespace PgAddress
 {
-/// Whether a host, as it stands in an address, is this machine: nothing, a folder of sockets, a name of localhost, an
-/// address of the loopback.
+/// Whether a host in an address is this machine: empty, a folder of sockets, a name of localhost, a
+/// loopback address.
 bool isThisMachine(const QByteArray& host);
 
-/// The way of encryption: the one written in the address; else "verify-full" when a host is another machine; else
-/// nothing, which leaves it to libpq.
+/// The SSL mode: the one in the address; otherwise "verify-full" if a host is another machine; otherwise
+/// empty, and libpq decides.
 QByteArray sslMode(const QString& url);
 
-/// What a connection leaves unproved, in the user's words; empty when the server is this machine or has proved who it is.
+/// What the server of a connection has not proved, in the user's words; empty if it is this machine or has
+/// proved its identity.
 QString caution(const QByteArray& host, const QByteArray& sslMode, bool isEncrypted);
 
-/// Whether the words of a failed attempt to connect are about encryption and certificates. libpq has no code for it.
+/// Whether the error text of a failed connection attempt is about encryption or certificates. libpq has no
+/// code for it.
 bool isAboutProof(const QString& words);
 } // namespace PgAddress

@@ -14,9 +14,9 @@
 namespace
 {
 using Clock = std::chrono::steady_clock;
-constexpr std::chrono::seconds patience(3); // with one host that keeps silent
+constexpr std::chrono::seconds patience(3); // with one host that does not answer
 
-/// Connects as far as the host answers within the patience. What is failed afterwards has failed.
+/// Connects as long as the host answers within the patience; a later failure is final.
 PostgresPollingStatusType connectPatiently(PGconn* connection)
 {
     const auto end = Clock::now() + patience;
@@ -44,13 +44,14 @@ PGconn* connected(const QVector<PgAttempt::Setting>& settings)
     PGconn* connection = PQconnectStartParams(names.constData(), values.constData(), 1);
     if (!connection)
         return nullptr;
-    PQsetErrorVerbosity(connection, PQERRORS_VERBOSE); // with the code that tells a refusal from a loss
+    PQsetErrorVerbosity(connection, PQERRORS_VERBOSE); // includes the code that distinguishes a refusal
+                                                       // from a lost connection
     PQsetNoticeProcessor(
         connection, [](void*, const char*) {}, nullptr);
     if (PQstatus(connection) == CONNECTION_BAD)
         return connection;
     const PostgresPollingStatusType end = connectPatiently(connection);
-    // A host that keeps silent: only where libpq waits by itself does it try the next one.
+    // A host that does not answer: libpq tries the next one only while it waits itself.
     if (end != PGRES_POLLING_OK && end != PGRES_POLLING_FAILED)
         PQreset(connection);
     return connection;
@@ -58,7 +59,7 @@ PGconn* connected(const QVector<PgAttempt::Setting>& settings)
 
 } // namespace
 
-/// What the thread and its owner both hold.
+/// Shared by the thread and its owner.
 struct PgAttempt::Shared {
     std::mutex mutex;
     std::condition_variable ended;
@@ -90,8 +91,8 @@ PgAttempt::PgAttempt(const QVector<Setting>& settings) : m_shared(std::make_shar
 {
     QVector<Setting> all = settings;
     all.prepend(
-        {"connect_timeout", QByteArray::number(qint64(patience.count()))}); // the address may say another
-    // Signals are for the program's own threads.
+        {"connect_timeout", QByteArray::number(qint64(patience.count()))}); // the address may set another one
+    // Only the program's own threads handle signals.
     sigset_t every;
     sigset_t former;
     sigfillset(&every);
@@ -99,7 +100,7 @@ PgAttempt::PgAttempt(const QVector<Setting>& settings) : m_shared(std::make_shar
     try {
         std::thread([all, shared = m_shared] { shared->end(connected(all)); }).detach();
     } catch (const std::system_error&) {
-        m_shared->end(nullptr); // this machine has no more threads
+        m_shared->end(nullptr); // the machine cannot start another thread
     }
     pthread_sigmask(SIG_SETMASK, &former, nullptr);
 }

@@ -5,29 +5,29 @@
 #include <QByteArray>
 #include <QVector>
 
-/// One attempt to connect to a PostgreSQL server, in a thread of its own: looking up a name, reading a service file and
-/// a ticket block in libpq whatever it is asked for, and only where it may block does it go on from a host that keeps
-/// silent to the next one. Whoever gives an attempt up leaves its thread to end by itself.
+/// One attempt to connect to a PostgreSQL server, in a separate thread: libpq always blocks while it looks
+/// up a name or reads a service file or a ticket, and only when it may block does it move from a host that
+/// does not answer to the next one. An abandoned attempt's thread ends by itself.
 class PgAttempt
 {
 public:
-    /// A name and a value of a connection, as PQconnectdbParams takes them; an address may stand for "dbname".
+    /// A name and a value of a connection, as PQconnectdbParams takes them; "dbname" may be an address.
     struct Setting {
         QByteArray name;
         QByteArray value;
     };
 
-    /// Begins at once.
+    /// Starts at once.
     explicit PgAttempt(const QVector<Setting>& settings);
     ~PgAttempt();
     PgAttempt(const PgAttempt&) = delete;
     PgAttempt& operator=(const PgAttempt&) = delete;
 
-    /// True when the attempt has ended, for which it waits at most \a ms.
+    /// True if the attempt has ended; waits at most \a ms for it.
     bool wait(int ms) const;
-    /// Readable when it has ended; -1 when this machine has no more descriptors.
+    /// Readable when the attempt has ended; -1 if no descriptors are left on this machine.
     int descriptor() const;
-    /// The connection of an attempt that has ended, good or bad, for the caller to finish; null where memory or
+    /// The connection of an ended attempt, good or bad, which the caller must finish; null if memory or
     /// threads have run out.
     PGconn* take();
 

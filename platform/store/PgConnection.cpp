@@ -13,8 +13,8 @@
 
 namespace
 {
-constexpr int longestNapMs = 50;        // between two signs of life
-constexpr int shortestConnectMs = 2000; // a short deadline of requests leaves room for signing in
+constexpr int longestNapMs = 50;        // between two calls of the progress function
+constexpr int shortestConnectMs = 2000; // with a short request deadline there is still time to sign in
 constexpr int cachedStatements = 200;
 constexpr int lowestVersion = 150000;
 
@@ -68,7 +68,7 @@ PgAttempt* PgConnection::attempt()
 {
     if (m_attempt)
         return m_attempt.get();
-    // What stands before the address are defaults, what stands behind it has the last word.
+    // Settings before the address are defaults; those after it override the address.
     QVector<PgAttempt::Setting> settings{{"application_name", "vrk"},   {"keepalives_idle", "10"},
                                          {"keepalives_interval", "5"},  {"keepalives_count", "3"},
                                          {"tcp_user_timeout", "15000"}, {"dbname", m_url},
@@ -152,20 +152,20 @@ bool PgConnection::finishConnecting(StoreError* error)
         return false;
     }
     m_clock.start();
-    // The server ends by itself what its client has forgotten. None of our statements is worth compiling.
+    // The server ends what its client has abandoned. None of our statements is worth JIT compilation.
     const QByteArray limit = QByteArray::number(m_deadlineMs + 5000);
     if (exec("SET search_path = public; SET client_min_messages = warning; SET jit = off; "
              "SET statement_timeout = " +
                  limit + "; SET idle_in_transaction_session_timeout = " + limit + "; LISTEN vrk_changes",
              error))
         return true;
-    drop(); // one that does not listen is none
+    drop(); // a connection without LISTEN is useless
     return false;
 }
 
 void PgConnection::watch(int descriptor)
 {
-    // Closing the one before has taken it out.
+    // Closing the previous descriptor has removed it.
     epoll_event event = {};
     event.events = EPOLLIN;
     if (descriptor >= 0)
@@ -263,7 +263,7 @@ PgResult PgConnection::prepared(const QByteArray& sql, const PgValues& values, S
     QVector<int> lengths;
     QVector<int> formats;
     QVector<Oid> types;
-    // The types belong to the statement: a null takes that of its column.
+    // The types belong to the statement: a null has the type of its column.
     QByteArray key = sql;
     for (const PgValues::Value& value : values.m_values) {
         types.append(value.type);
@@ -304,7 +304,8 @@ PgResult PgConnection::describeCursor(const char* cursor, StoreError* error)
 
 void PgConnection::cancel()
 {
-    // Asking to cancel takes a connection of its own, which a frozen server would not answer: nobody waits for it.
+    // A cancel request opens another connection, which a frozen server would not answer: do not wait for
+    // it.
     if (PGcancel* request = PQgetCancel(m_pg)) {
         std::thread([request] {
             char message[256];

@@ -11,98 +11,98 @@
 #include <QHash>
 #include <QString>
 
-/// One connection to a PostgreSQL server. It never blocks: every wait ends with the deadline, after which the
+/// One connection to a PostgreSQL server. It never blocks: every wait ends with the deadline; then the
 /// statement is cancelled on the server and the connection dropped. One thread.
 class PgConnection
 {
 public:
-    /// What stands for a part of the address, where it is not empty.
+    /// Overrides parts of the address where not empty.
     struct Instead {
         QByteArray database;
         QByteArray login;
         QByteArray password;
     };
-    /// Takes the address as libpq does, with all its options but one: PgAddress says when the server must prove who it
-    /// is. Nothing is connected yet.
+    /// Takes the address as libpq does, with all its options but one: PgAddress decides when the server
+    /// must prove its identity. Does not connect yet.
     PgConnection(const QString& url, int deadlineMs, const Instead& instead);
     PgConnection(const QString& url, int deadlineMs) : PgConnection(url, deadlineMs, Instead()) {}
     ~PgConnection();
     PgConnection(const PgConnection&) = delete;
     PgConnection& operator=(const PgConnection&) = delete;
 
-    /// Begins to connect, or goes on with it, for at most \a waitMs: false with Lost while it is under way or when it
-    /// has failed. An attempt goes on between the calls.
+    /// Starts or continues to connect, for at most \a waitMs: false with Lost while the attempt runs or if
+    /// it has failed. The attempt continues between the calls.
     bool connect(int waitMs, StoreError* error);
     bool isOpen() const { return m_isOpen; }
     void drop();
     /// How long a request should wait for a connection.
     int connectMs() const;
 
-    /// The deadline of what follows begins now; it is never longer than that of the connection.
+    /// Starts the deadline of the following statements; it is never longer than that of the connection.
     void startDeadline(int limitMs)
     {
         m_limitMs = qMin(limitMs, m_deadlineMs);
         m_clock.start();
     }
-    /// Called now and then while a statement runs.
+    /// Called repeatedly while a statement runs.
     void setProgress(std::function<void()> progress) { m_progress = std::move(progress); }
 
-    /// Runs one statement. A false result, and \a error says why.
+    /// Runs one statement. On failure the result is false and \a error is set.
     PgResult run(const QByteArray& sql, const PgValues& values, StoreError* error);
     PgResult run(const QByteArray& sql, StoreError* error) { return run(sql, PgValues(), error); }
-    /// The same with a statement that the server prepares once a connection.
+    /// The same with a statement that the server prepares once per connection.
     PgResult prepared(const QByteArray& sql, const PgValues& values, StoreError* error);
     /// Runs any number of statements without values.
     bool exec(const QByteArray& script, StoreError* error);
-    /// What a cursor's answer will look like, without rows.
+    /// Describes the columns of a cursor's answer, without rows.
     PgResult describeCursor(const char* cursor, StoreError* error);
 
     /// The server's code for the last failure, such as "40001"; empty when the connection was lost.
     QByteArray failureState() const { return m_state; }
-    /// The constraint that the last failure is about.
+    /// The constraint of the last failure.
     QByteArray failureConstraint() const { return m_constraint; }
 
-    /// Readable when there may be a notification, the connection may have broken or an attempt to connect has ended; the
-    /// same for the object's life.
+    /// Readable when there may be a notification, the connection may be broken, or a connection attempt has
+    /// ended; the same for the object's lifetime.
     int descriptor() const { return m_epoll; }
-    /// Takes in what the server has sent unasked. False when the connection is gone.
+    /// Reads notifications that have arrived. False if the connection is lost.
     bool takeNotifications(bool* any);
 
     bool isEncrypted() const { return m_pg && PQsslInUse(m_pg) != 0; }
-    /// What the open connection leaves unproved (PgAddress::caution).
+    /// What the server of the open connection has not proved (PgAddress::caution).
     QString caution() const;
-    /// Over a socket of this machine, which no network carries.
+    /// Over a socket of this machine, not over a network.
     bool isLocal() const { return m_pg && PQhost(m_pg) && *PQhost(m_pg) == '/'; }
-    /// What the server keeps instead of a password (SCRAM); empty when there can be none.
+    /// The hash that the server stores for a password (SCRAM); empty if it cannot be made.
     QByteArray passwordHash(const QString& login, const QString& password) const;
-    /// The database of an address.
+    /// The database in an address.
     static QByteArray databaseOf(const QString& url);
 
-    /// The name under which users know the server: the address without the name and the password.
+    /// The server's name for users: the address without login and password.
     QString place() const { return m_place; }
-    /// The error for a code of the server.
+    /// The error for an error code of the server.
     StoreError errorOf(const QByteArray& state, const QString& message) const;
     StoreError lostError(const QString& detail) const;
 
 private:
     bool wait(short events, qint64 untilMs, const QElapsedTimer& clock);
     PgAttempt* attempt();
-    /// Has the descriptor tell of another one.
+    /// Makes the descriptor watch another one.
     void watch(int descriptor);
-    /// Why the attempt to connect has failed.
+    /// Why the connection attempt failed.
     StoreError connectError() const;
     bool finishConnecting(StoreError* error);
-    /// The result of what was sent, or null with \a error.
+    /// The result of the last statement sent, or null with \a error.
     PgResult collect(bool wasSent, StoreError* error);
     void cancel();
     static PgResult nothing() { return PgResult(); }
 
     QByteArray m_url;
-    QByteArray m_sslMode; ///< empty where libpq chooses
+    QByteArray m_sslMode; ///< empty if libpq decides
     Instead m_instead;
     QString m_place;
     int m_deadlineMs;
-    int m_limitMs; ///< of the present request
+    int m_limitMs; ///< of the current request
     int m_epoll;
     PGconn* m_pg = nullptr;
     bool m_isOpen = false;

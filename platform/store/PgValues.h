@@ -5,7 +5,8 @@
 #include <QByteArray>
 #include <QVector>
 
-/// The answer of a statement, in the binary format of the server; freed with the object. False when it failed.
+/// The answer of a statement, in the server's binary format; freed with the object. False if the statement
+/// failed.
 class PgResult
 {
 public:
@@ -16,13 +17,13 @@ public:
     PGresult* handle() const { return m_result.get(); }
     int rows() const { return PQntuples(handle()); }
     int columns() const { return PQnfields(handle()); }
-    /// Rows that an insert, update or delete has touched.
+    /// Number of rows that an insert, update or delete has changed.
     qint64 touched() const { return QByteArray(PQcmdTuples(handle())).toLongLong(); }
 
     bool isNull(int row, int column) const { return PQgetisnull(handle(), row, column) != 0; }
     /// A copy: a null array for NULL, an empty one for an empty value.
     QByteArray bytes(int row, int column) const;
-    /// Of an integer of any width.
+    /// An integer of any width.
     qint64 integer(int row, int column) const;
     double real(int row, int column) const;
 
@@ -30,7 +31,7 @@ private:
     std::shared_ptr<PGresult> m_result;
 };
 
-/// Values bound to a statement. They travel as they are, never as text of the statement.
+/// Values bound to a statement. They are sent separately, never as part of its text.
 class PgValues
 {
 public:

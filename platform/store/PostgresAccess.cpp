@@ -4,14 +4,14 @@
 
 namespace
 {
-// Advisory locks fill the table of locks that the whole server shares; what one statement emits or notifies a million times
-// fills its disk and its queue; large objects, snapshots and slots are kept by nobody's rules. The store's own trigger
-// notifies, as the owner.
+// Advisory locks fill the lock table that the whole server shares; messages and notifications of one
+// statement, repeated a million times, fill its disk and its queue; no rules limit large objects, snapshots
+// and slots. The store's own trigger notifies as the owner.
 const char closedFunctions[] = "(pg_(try_)?advisory_.*|lo_.*|loread|lowrite|pg_logical_emit_message|pg_notify"
                                "|pg_export_snapshot|pg_(create|copy)_(logical|physical)_replication_slot"
                                "|pg_drop_replication_slot|pg_replication_slot_advance|pg_logical_slot_.*)";
 
-// Blocks in plpgsql are the way to do anything a million times in one statement.
+// PL/pgSQL blocks can do anything a million times in one statement.
 const char closeScript[] =
     "DO $$ DECLARE thing text; BEGIN\n"
     "EXECUTE format('REVOKE ALL ON DATABASE %1$I FROM PUBLIC; GRANT CONNECT ON DATABASE %1$I TO "
@@ -51,7 +51,7 @@ QString text(const char* utf8)
 
 using Symptoms = QVector<StoreAdmin::Symptom>;
 
-/// A copy that was put back has the access that the server gives to every new database.
+/// A restored copy has the access that the server gives to every new database.
 void lookAtDatabase(PgConnection& link, Symptoms* symptoms)
 {
     StoreError error;
@@ -68,7 +68,7 @@ void lookAtDatabase(PgConnection& link, Symptoms* symptoms)
                  .arg(QString::fromUtf8(open.bytes(0, 0)))});
 }
 
-/// The table of locks and the queue of notifications are one for all databases of a server.
+/// All databases of a server share the lock table and the notification queue.
 void lookAtFunctions(PgConnection& link, Symptoms* symptoms)
 {
     StoreError error;

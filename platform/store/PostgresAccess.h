@@ -4,20 +4,20 @@
 
 class PgConnection;
 
-/// Who may do what in the database of a store besides the store's own tables: the database itself, the functions of the
-/// server, the language that any statement may be written in. A server gives every login more than persons need, and some
-/// of it holds up all others.
+/// Access to a store's database apart from the store's own tables: the database itself, the server's
+/// functions, the language of statements. A server gives every login more than persons need, and some of it
+/// can block everybody else.
 namespace PostgresAccess
 {
-/// Closes the database of \a link to everybody but its clients, and to them what they could harm the others with. Runs
-/// inside the caller's transaction.
+/// Closes the database of \a link to everybody but its clients, and to them everything that could harm
+/// others. Runs inside the caller's transaction.
 bool close(PgConnection& link, StoreError* error);
-/// Takes that back. Runs inside the caller's transaction.
+/// Reverses close(). Runs inside the caller's transaction.
 bool reopen(PgConnection& link, StoreError* error);
 
-/// A condition on the column of a function's name: what close() takes from everybody.
+/// A condition on the column of a function's name: the functions that close() revokes from everybody.
 QByteArray isClosed(const QByteArray& name);
 
-/// What a doctor has to say of it.
+/// The symptoms for a doctor's report.
 void examine(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms);
 } // namespace PostgresAccess

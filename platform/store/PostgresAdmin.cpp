@@ -20,9 +20,10 @@
 namespace
 {
 constexpr int deadlineMs = 60000;
-constexpr int longMs = 6 * 3600 * 1000; ///< for what goes through the whole store
-const char mostConnections[] = "20";    ///< of one person, so that nobody takes those of all others
-constexpr qint64 mostLocks = 500; ///< of one connection; the table of locks is shared, ours hold some dozens
+constexpr int longMs = 6 * 3600 * 1000; ///< for work on the whole store
+const char mostConnections[] = "20";    ///< of one person, so that nobody uses up the connections of others
+constexpr qint64 mostLocks = 500; ///< of one connection; the lock table is shared, our transactions hold
+                                  ///< some dozens
 
 bool refuse(StoreError* error, StoreError::Code code, const QString& text)
 {
@@ -49,20 +50,20 @@ std::unique_ptr<PgConnection> connectedToStore(const QString& url, StoreError* e
     return link;
 }
 
-/// As it stands in statements.
+/// Quoted for statements.
 QByteArray databaseName(const QString& url)
 {
     return PostgresSchema::identifier(QString::fromUtf8(PgConnection::databaseOf(url)));
 }
 
-/// Makes the database of the address, when the server has none of this name.
+/// Creates the database of the address if the server has none of this name.
 bool makeDatabase(const QString& url, StoreError* error)
 {
     const QByteArray name = PgConnection::databaseOf(url);
     StoreError unreachable;
     const auto server = connected(url, &unreachable, "postgres");
     if (!server)
-        return false; // the caller tells why the database itself could not be reached
+        return false; // the caller reports why the database itself could not be reached
     const PgResult known =
         server->run("SELECT 1 FROM pg_database WHERE datname = $1", PgValues().text(name), error);
     if (!known || known.rows() > 0)
@@ -79,7 +80,7 @@ bool setProperty(PgConnection& link, const QByteArray& name, const QByteArray& v
                          PgValues().text(name).text(value), error));
 }
 
-/// Whether nothing stands in the database yet and it can hold every text.
+/// Whether the database is empty and can hold every text.
 bool isFit(PgConnection& link, StoreError* error)
 {
     const PgResult state =
@@ -98,7 +99,7 @@ bool isFit(PgConnection& link, StoreError* error)
     return true;
 }
 
-/// A connection to the empty database of the address, which is made where it is missing.
+/// A connection to the empty database of the address, which is created if it does not exist.
 std::unique_ptr<PgConnection> emptyDatabase(const QString& url, bool* isNew, StoreError* error)
 {
     auto link = connected(url, error, {}, longMs);
@@ -112,7 +113,7 @@ std::unique_ptr<PgConnection> emptyDatabase(const QString& url, bool* isNew, Sto
     return link;
 }
 
-/// The database as emptyDatabase() found it.
+/// Restores the database to the state that emptyDatabase() found.
 void giveBack(PgConnection& link, const QString& url, bool isNew)
 {
     StoreError ignored;
@@ -127,7 +128,7 @@ void giveBack(PgConnection& link, const QString& url, bool isNew)
     PostgresAccess::reopen(link, &ignored);
 }
 
-/// The schema, the properties and the access to an empty database, in one transaction.
+/// Creates schema, properties and access in an empty database, in one transaction.
 bool install(PgConnection& link, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error)
 {
     return PostgresSchema::beginLogged(link, error) && PostgresSchema::install(link, error) &&
@@ -197,7 +198,7 @@ bool PostgresAdmin::changeProperty(const QString& url, const QByteArray& name, c
 bool PostgresAdmin::check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error)
 {
     const auto link = connectedToStore(url, error, longMs);
-    // One transaction, so that all looks at the rows see the same moment of a store in use.
+    // One transaction, so that all queries see the same state of a store in use.
     return link && PostgresObjects::compare(*link, findings, error) &&
            link->exec("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY; SET LOCAL statement_timeout = 0",
                       error) &&
@@ -208,7 +209,7 @@ bool PostgresAdmin::check(const QString& url, QVector<StoreAdmin::Finding>* find
 
 namespace
 {
-/// Runs a program of the server's maker. False with \a failure as the reason.
+/// Runs a program of PostgreSQL. False with \a failure as the reason.
 bool runTool(const char* name, const QStringList& arguments, const QString& url, const QString& failure,
              StoreError* error)
 {
@@ -232,7 +233,7 @@ bool runTool(const char* name, const QStringList& arguments, const QString& url,
     return false;
 }
 
-/// The copy, at the version of this program, with its own history and the access of a store.
+/// Restores the copy at this program's version, with its own history and the access of a store.
 bool putBack(PgConnection& link, const QString& url, const QString& copy, StoreError* error)
 {
     QVector<StoreAdmin::Finding> findings;
@@ -253,7 +254,7 @@ bool putBack(PgConnection& link, const QString& url, const QString& copy, StoreE
     return isThere;
 }
 
-/// Every login of the store gets its role. Those without a password cannot get in.
+/// Gives every login of the store its role. A role without a password cannot log in.
 bool admitAll(PgConnection& link, const QString& url, QStringList* withoutPassword, StoreError* error)
 {
     const char logins[] = "SELECT login FROM Users WHERE coalesce(deleted_, 0) = 0 ORDER BY login";
@@ -314,11 +315,11 @@ bool PostgresAdmin::restore(const QString& url, const QString& copy, QStringList
 
 namespace
 {
-/// Members of the role of persons, whatever else they are, but for the administrators of the server.
+/// Members of the role of persons, except administrators of the server.
 const char persons[] = "(SELECT rolname FROM pg_roles WHERE NOT rolsuper AND pg_has_role(oid, 'vrk_client', "
                        "'MEMBER'))";
 
-/// What is left of those who prepared a transaction and never came back; it would hold its locks for good.
+/// Rolls back abandoned prepared transactions; they would hold their locks forever.
 int endPrepared(PgConnection& link, int seconds, StoreError* error)
 {
     const PgResult prepared = link.run(
@@ -339,7 +340,7 @@ int PostgresAdmin::endRunaways(const QString& url, int seconds, StoreError* erro
     const auto link = connectedToStore(url, error);
     if (!link)
         return -1;
-    // Locks are looked at in all databases: their table is one for the whole server.
+    // Checks the locks in all databases: the whole server shares one lock table.
     const PgResult ended = link->run(
         QByteArray(
             "WITH old AS (SELECT clock_timestamp() - make_interval(secs => $1) AS moment), "

@@ -5,29 +5,29 @@
 /// StoreAdmin for stores on a PostgreSQL server. The addresses are those of an administrator of the server.
 namespace PostgresAdmin
 {
-/// Makes the database where it is missing, and the store in it. An existing database must be empty. \a isFilled is
-/// called when the store stands; when it fails, everything is as it was.
+/// Creates the database if it does not exist, and the store in it. An existing database must be empty. \a
+/// isFilled is called when the store is complete; if it fails, everything is undone.
 bool init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone,
           const std::function<bool()>& isFilled, StoreError* error);
 bool upgrade(const QString& url, StoreError* error);
 bool rebuildSearch(const QString& url, StoreError* error);
 bool changeProperty(const QString& url, const QByteArray& name, const QByteArray& value, StoreError* error);
 bool check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error);
-/// Leaves it to pg_dump, which must be there, and looks whether its copy can be read.
+/// Runs pg_dump, which must be installed, and checks that its copy can be read.
 bool backup(const QString& url, const QString& file, StoreError* error);
-/// Into an empty database, made where it is missing, with the roles that the store needs.
+/// Restores into an empty database, which is created if it does not exist, with the roles that the store
+/// needs.
 bool restore(const QString& url, const QString& file, QStringList* notes, StoreError* error);
 int version(const QString& url, StoreError* error);
 
 int endRunaways(const QString& url, int seconds, StoreError* error);
 
 /// \name Persons as roles of the server
-/// @{
-/// Makes the role of a login, or lets one that is there in again.
+/// @{ Creates the role of a login, or enables an existing one again.
 bool addRole(const QString& url, const QString& login, StoreError* error);
-/// Locks a role out and ends its sessions; what it has written keeps its name.
+/// Disables a role and ends its sessions; its records keep its name.
 bool lockRole(const QString& url, const QString& login, StoreError* error);
-/// The password is hashed here; neither the server nor its log gets to see it.
+/// The password is hashed here; neither the server nor its log sees it.
 bool setPassword(const QString& url, const QString& login, const QString& password, StoreError* error);
 /// @}
 

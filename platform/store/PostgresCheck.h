@@ -4,13 +4,14 @@
 
 class PgConnection;
 
-/// The looks that a check of a PostgreSQL store takes. Each appends what it finds; false when it could not look.
+/// The parts of a check of a PostgreSQL store. Each appends its findings; false if it could not be done.
 namespace PostgresCheck
 {
-/// References by key between tables, states of records, trees, workshifts that were never finished opening.
+/// References by key between tables, states of records, trees, workshifts whose opening was never
+/// completed.
 bool content(PgConnection& link, QVector<StoreAdmin::Finding>* findings, StoreError* error);
-/// Whether the search finds the records as they stand.
+/// Whether the search index matches the records.
 bool search(PgConnection& link, QVector<StoreAdmin::Finding>* findings, StoreError* error);
-/// The change log: contiguous numbers, the chain, and that it ends in the rows as they stand.
+/// The change log: contiguous numbers, the chain, and that it leads to the current rows.
 bool log(PgConnection& link, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 } // namespace PostgresCheck

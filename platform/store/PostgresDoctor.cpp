@@ -10,7 +10,7 @@
 namespace
 {
 constexpr int deadlineMs = 15000;
-constexpr double tolerableSeconds = 2; // of difference between two clocks
+constexpr double tolerableSeconds = 2; // difference between two clocks
 constexpr int fewestReserved = 3;      // connections: an administrator, a backup, the watchdog
 
 QString text(const char* utf8)
@@ -68,7 +68,8 @@ void lookAtAccess(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
         symptoms->append({text("Сервер не доказывает, что он тот самый: пароль может уйти чужому."),
                           text("Напишите в адресе sslmode=verify-full и положите сертификат вашего центра в "
                                "~/.postgresql/root.crt.")});
-    // Only an administrator may read the access file; for others its faults show when they cannot get in.
+    // Only an administrator may read the access file; other logins notice its faults when they cannot
+    // connect.
     const PgResult lines = link.run("SELECT line_number::integer, auth_method FROM pg_hba_file_rules "
                                     "WHERE error IS NULL AND type <> 'local' "
                                     "AND auth_method IN ('trust', 'password', 'md5')",
@@ -87,7 +88,7 @@ void lookAtAccess(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
                           text("Исправьте строку и выполните SELECT pg_reload_conf();")});
 }
 
-/// The administrator and the watchdog have to get in when persons hold all other connections.
+/// The administrator and the watchdog must be able to connect when persons hold all other connections.
 void lookAtReserve(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
 {
     StoreError error;
@@ -115,7 +116,7 @@ void lookAtClock(PgConnection& link, QVector<StoreAdmin::Symptom>* symptoms)
 
 QString cureOfNoConnection(const StoreError& error)
 {
-    // libpq tells what is wrong with the encryption in words alone, in the language of the machine.
+    // libpq reports encryption problems only as text, in the machine's language.
     const auto tells = [&](const char* word) {
         return error.detail.contains(text(word), Qt::CaseInsensitive);
     };

@@ -2,8 +2,8 @@
 
 #include "StoreAdmin.h"
 
-/// Looks whether a server is fit for a store: reachable, of the right version, in the right encoding, safe against
-/// power cuts and against listeners on the network.
+/// Checks whether a server is fit for a store: reachable, of the right version, in the right encoding, safe
+/// against power cuts and against eavesdropping.
 namespace PostgresDoctor
 {
 QVector<StoreAdmin::Symptom> examine(const QString& url);

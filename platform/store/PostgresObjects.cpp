@@ -9,9 +9,9 @@ namespace
 {
 using StoreAdmin::Finding;
 
-const char aside[] = "vrk_fresh"; // the schema beside that of the store
+const char aside[] = "vrk_fresh"; // the fresh schema for the comparison
 
-// Grants as a text, whoever has granted them.
+// Grants as text, without who granted them.
 QByteArray grantsOf(const QByteArray& list, const QByteArray& kind, const QByteArray& owner)
 {
     return "(SELECT string_agg(concat_ws(' ', CASE WHEN A.grantee = 0 THEN 'PUBLIC' ELSE "
@@ -20,8 +20,8 @@ QByteArray grantsOf(const QByteArray& list, const QByteArray& kind, const QByteA
            list + ", acldefault('" + kind + "', " + owner + "))) AS A)";
 }
 
-// Each gives names and definitions of objects in the schema $1. The path of the session names no schema but the server's
-// own, so that all definitions name theirs.
+// Each select returns names and definitions of objects in the schema $1. The session's search path contains
+// only the server's own schema, so all definitions are qualified.
 QVector<QByteArray> selects()
 {
     const QByteArray relation =
@@ -64,7 +64,7 @@ QVector<QByteArray> selects()
         "CASE WHEN K.contype <> 't' THEN pg_get_constraintdef(K.oid) END, K.condeferrable, K.condeferred, "
         "K.convalidated) FROM pg_constraint AS K LEFT JOIN pg_class AS C ON C.oid = K.conrelid "
         "WHERE K.connamespace = $1::regnamespace",
-        // Those that the server makes for references have numbers in their names.
+        // Triggers that the server creates for references have numbers in their names.
         "SELECT 'trigger ' || CASE WHEN T.tgisinternal THEN K.conname || ' ' || T.tgfoid::regproc ELSE "
         "T.tgname "
         "END || ' on ' || C.relname, T.tgenabled::text || CASE WHEN T.tgisinternal THEN '' ELSE "

@@ -4,10 +4,11 @@
 
 class PgConnection;
 
-/// Compares what the schema of a PostgreSQL store consists of, and who may do what with it, with a schema that is made by
-/// the same scripts beside it and given up again.
+/// Compares the objects of a PostgreSQL store's schema and their grants with a fresh schema, which the same
+/// scripts create next to it and which is rolled back.
 namespace PostgresObjects
 {
-/// Every object of the schema: its definition, owner and grants. In a transaction of its own, which leaves nothing.
+/// Compares every object of the schema: its definition, owner and grants. Runs in its own transaction,
+/// which leaves nothing behind.
 bool compare(PgConnection& link, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 } // namespace PostgresObjects

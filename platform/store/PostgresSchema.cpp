@@ -9,7 +9,7 @@
 
 namespace
 {
-// Roles belong to the whole server: another store on it may have made them.
+// Roles belong to the whole server: another store may have created them.
 const char rolesScript[] = "DO $$ BEGIN\n"
                            "IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = 'vrk_owner') THEN\n"
                            "    CREATE ROLE vrk_owner NOLOGIN; END IF;\n"
@@ -113,8 +113,9 @@ QByteArray grantsSql()
            "GRANT SELECT ON StoreProperties, StoreFiles, ChangeHead, ChangeEnd, ChangeTransactions, "
            "ChangeLog, RecordSearch, LongestShift TO "
            "vrk_client;\n"
-           // A trigger needs no right of whoever sets it off. One who may call them could make a table of his own,
-           // where the server lets him, and tie the log's functions to it.
+           // A trigger runs without rights of the user who fires it. A user with the right to call these
+           // functions could create a table, where the server lets him, and attach the log's functions to
+           // it.
            "REVOKE EXECUTE ON ALL FUNCTIONS IN SCHEMA public FROM PUBLIC;\n"
            "GRANT EXECUTE ON FUNCTION vrk_write_file TO vrk_client;\n";
 }
@@ -156,7 +157,7 @@ QByteArray stepsSql(int from)
     return all;
 }
 
-/// Functions, triggers, views and grants, on tables as they are after the last step.
+/// Functions, triggers, views and grants, for the tables as they are after the last step.
 QByteArray rulesSql()
 {
     QByteArray all = SchemaScript::file("postgresql-log.sql") + SchemaScript::rules(dialect) +
@@ -173,7 +174,7 @@ QByteArray versionSql()
            "') ON CONFLICT (name) DO UPDATE SET value = excluded.value;\n";
 }
 
-/// All objects, in an empty schema.
+/// Creates all objects in an empty schema.
 QByteArray objectsSql()
 {
     QByteArray all;
@@ -182,7 +183,7 @@ QByteArray objectsSql()
     return all + stepsSql(0) + rulesSql();
 }
 
-// Triggers go with their functions; one thing may take others along.
+// Triggers are dropped with their functions; one drop may remove others.
 const char dropRulesScript[] =
     "DO $$ DECLARE thing text; BEGIN\n"
     "FOREACH thing IN ARRAY (SELECT coalesce(array_agg(oid::regclass::text), '{}') FROM pg_class\n"
@@ -193,7 +194,7 @@ const char dropRulesScript[] =
     "    EXECUTE 'DROP FUNCTION IF EXISTS ' || thing || ' CASCADE'; END LOOP;\n"
     "END $$;\n";
 
-// Nobody writes between the emptying and the end of the transaction.
+// Nobody writes between the truncation and the end of the transaction.
 const char fillSearchScript[] = "TRUNCATE RecordSearch;\n"
                                 "DROP INDEX IF EXISTS RecordSearch_Words;\n"
                                 "INSERT INTO RecordSearch (recordKey, recordTime, words)\n"
@@ -210,14 +211,14 @@ bool PostgresSchema::makeRoles(PgConnection& link, StoreError* error)
 
 namespace
 {
-/// What is written from here to the end of the transaction is the administrator's, whom no rule binds.
+/// From here to the end of the transaction, writes belong to the administrator and no rule applies.
 QByteArray loaderSql()
 {
     return "SELECT set_config('vrk.batch_key', '" + GenGuid32() +
            "', true), set_config('vrk.loader', 'on', true);\n";
 }
 
-/// What the store's own tables held before the log knew them.
+/// Logs the content that the store's own tables had before they were logged.
 QByteArray logOwnRowsSql()
 {
     QByteArray all;
@@ -242,7 +243,7 @@ bool PostgresSchema::install(PgConnection& link, StoreError* error)
 
 bool PostgresSchema::installAside(PgConnection& link, const QByteArray& schema, StoreError* error)
 {
-    // The scripts write the name of the schema small, and that of everybody in capitals.
+    // The scripts write the schema's name in lower case, and PUBLIC in capitals.
     const QString objects =
         QString::fromUtf8(objectsSql())
             .replace(QRegularExpression(QStringLiteral("\\bpublic\\b")), QString::fromLatin1(schema));

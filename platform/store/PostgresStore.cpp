@@ -5,7 +5,7 @@
 
 namespace
 {
-constexpr qint64 reliefMs = 1000; ///< for the server to end what served a former connection
+constexpr qint64 reliefMs = 1000; ///< time for the server to end the process of a former connection
 
 StoreLogin loginOf(const PgResult& rows, int row)
 {
@@ -25,7 +25,7 @@ PostgresStore::PostgresStore(const QString& url, const Options& options)
     : m_options(options),
       m_link(url, options.deadlineMs, {{}, options.login.toUtf8(), options.password.toUtf8()})
 {
-    m_options.password.clear(); // the link keeps it, to find the server again
+    m_options.password.clear(); // the link keeps it to reconnect
     m_sinceRead.start();
     m_link.setProgress([this] {
         if (m_progress)
@@ -83,7 +83,7 @@ bool PostgresStore::greet(StoreError* error)
     }
     if (!PostgresSchema::columns(m_link, &m_columns, error))
         return false;
-    // The login that was signed in before the connection was lost must be there again.
+    // The login that was signed in before the connection was lost must still exist.
     return m_user.login.isEmpty() || becomePerson(m_user.login, error);
 }
 
@@ -222,7 +222,7 @@ bool PostgresStore::writeFile(const QString& folder, const QString& name, const 
         values.null();
     else
         values.blob(content);
-    // One statement is a transaction by itself.
+    // A single statement is a transaction.
     const PgResult done =
         m_link.prepared("SELECT vrk_write_file($3, $4, $5), loader, batchKey "
                         "FROM (SELECT set_config('vrk.loader', $1, true) AS loader, "

@@ -8,12 +8,12 @@
 struct AnswerShape;
 struct RowStatement;
 
-/// A store in a database of a PostgreSQL server, for the workstations of a site. One connection, which also hears the
-/// notifications of the change log. Persons are roles of the server, so what they write is judged by the name under
-/// which the connection was authenticated.
+/// A store in a database of a PostgreSQL server, for the workstations of a site. One connection, which also
+/// receives the notifications of the change log. Persons are roles of the server, so writes are judged by
+/// the name that the connection was authenticated with.
 ///
-/// A connection that is lost comes back by itself: a request waits for it as long as for an answer, the reading of
-/// changes only for a moment, so that a window stays alive while its server is away.
+/// A lost connection is restored automatically: a request waits for it as long as for an answer, the
+/// reading of changes only for a moment, so that a window stays responsive while its server is away.
 class PostgresStore : public Store
 {
 public:
@@ -34,8 +34,8 @@ public:
     MDArray* search(const RecordQuery& query, StoreError* error) override;
     bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key, QByteArray* bytes,
               StoreError* error) override;
-    /// Tries again when the server asks for it (deadlocks) and when the connection is lost and back within the
-    /// deadline: the batch key makes sure that it is written once.
+    /// Tries again after a deadlock, and if the connection is lost and restored within the deadline: the
+    /// batch key makes sure that the batch is written once.
     bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error) override;
     bool isWritten(const QByteArray& batchKey, bool* written, StoreError* error) override;
 
@@ -58,21 +58,21 @@ public:
 private:
     PostgresStore(const QString& url, const Options& options);
 
-    /// Connects where needed, for at most \a waitMs, and begins the deadline. Called first by every request.
+    /// Connects if needed, for at most \a waitMs, and starts the deadline. Every request calls it first.
     bool ready(StoreError* error, int waitMs, int deadlineMs);
     bool ready(StoreError* error) { return ready(error, m_link.connectMs(), m_options.deadlineMs); }
-    /// The same for what nobody waits for: the window must stay alive.
+    /// The same for work that nobody waits for: the window must stay responsive.
     bool readyAside(StoreError* error) { return ready(error, 50, 3000); }
-    /// What is asked of every new connection: that it leads to this store, and who we are.
+    /// Checks every new connection: it must lead to this store, with the signed-in login.
     bool greet(StoreError* error);
     bool becomePerson(const QString& login, StoreError* error);
-    /// Ends what serves the connection before this one on the server, where it is still there: its commit may lie
-    /// unread. Remembers the server's end of this one.
+    /// Ends the server process of the previous connection if it still exists: a commit sent to it may be
+    /// unread. Remembers the server process of this connection.
     bool relieve(StoreError* error);
-    /// The failure of a batch whose commit was sent and never answered.
+    /// The error of a batch whose commit was sent and never answered.
     StoreError unsettledError(const StoreError& loss) const;
 
-    /// \a limitMs is the deadline of each row, and of the end.
+    /// \a limitMs is the deadline of each row, and of the commit.
     bool writeAll(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, int limitMs,
                   StoreError* error);
     bool writeRow(const RowStatement& row, StoreError* error);
@@ -96,10 +96,10 @@ private:
     bool m_hasNews = false;
     bool m_inRead = false;
     bool m_isUnsettled = false; ///< the answer to a commit is missing
-    qint64 m_backend = 0;       ///< the server's process for the connection
-    QByteArray m_backendStart;  ///< when it began: numbers of processes are used again
+    qint64 m_backend = 0;       ///< process id of the connection's server process
+    QByteArray m_backendStart;  ///< its start time: process ids are reused
     QElapsedTimer m_sinceRead;  ///< of the change log
-    QByteArray m_recoded;       ///< kept between fields, so that texts of an answer cost no allocation
-    /// What blob sources hold of the store: it is null when the store is gone.
+    QByteArray m_recoded;       ///< kept between fields, so that texts of an answer need no allocation
+    /// Used by blob sources: points to null when the store is destroyed.
     std::shared_ptr<Store*> m_self = std::make_shared<Store*>(this);
 };

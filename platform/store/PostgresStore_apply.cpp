@@ -52,7 +52,7 @@ bool PostgresStore::apply(const std::vector<StoreWrite>& writes, const QByteArra
         if (m_link.isOpen()) {
             StoreError ignored;
             m_link.exec("ROLLBACK", &ignored);
-            // A batch that another attempt of ours has written meanwhile is found at the next one.
+            // If another attempt of ours has written the batch in the meantime, the next attempt finds it.
             if (!isWorthRepeating(state) ||
                 (state == "23505" && constraint != "changetransactions_batchkey_key"))
                 return false;
@@ -82,7 +82,7 @@ bool PostgresStore::writeAll(const std::vector<StoreWrite>& writes, const QByteA
                         PgValues().text(batchKey).text(m_options.loader ? "on" : "off"), error);
     if (!known)
         return false;
-    m_isUnsettled = false; // whatever served the connections before this one has ended
+    m_isUnsettled = false; // all server processes of former connections have ended
     if (known.integer(0, 2) == 0) {
         for (const StoreWrite& write : writes) {
             const auto run = [&](const RowStatement& row) {
@@ -94,7 +94,7 @@ bool PostgresStore::writeAll(const std::vector<StoreWrite>& writes, const QByteA
         }
     }
     m_link.startDeadline(limitMs);
-    // From here on only the log can tell whether the batch was written, should the answer be lost.
+    // From here on, if the answer is lost, only the log shows whether the batch was written.
     m_isUnsettled = true;
     const bool isDone = bool(m_link.prepared("COMMIT", {}, error));
     m_isUnsettled = !isDone && !m_link.isOpen();

@@ -3,7 +3,7 @@
 
 namespace
 {
-constexpr int slowPollMs = 2000; // behind the notifications, which may get lost
+constexpr int slowPollMs = 2000; // in addition to notifications, which may get lost
 } // namespace
 
 bool PostgresStore::position(ChangePosition* position, StoreError* error)
@@ -23,8 +23,9 @@ bool PostgresStore::changesAfter(ChangePosition* position, int limit, QVector<St
     if (!readyAside(error))
         return false;
     m_sinceRead.start();
-    // One statement sees one moment: the end of the log, and the rows up to it or up to the end of the transaction in
-    // which the limit is reached. The server plans for one row of ends, as long as nothing has counted its tables, too.
+    // One statement sees one snapshot: the end of the log, and the rows up to it or up to the end of the
+    // transaction that reaches the limit. The planner expects one row in the table of ends, also before its
+    // statistics exist.
     const PgResult rows = m_link.prepared(
         "WITH ends AS MATERIALIZED (SELECT epoch, number AS head, "
         "(SELECT number FROM ChangeLog WHERE number > $1 ORDER BY number, entry OFFSET $2 LIMIT 1) AS last, "
@@ -57,7 +58,7 @@ bool PostgresStore::changesAfter(ChangePosition* position, int limit, QVector<St
     for (int i = 0; i < rows.rows() && !rows.isNull(i, 3); ++i) {
         const CatalogTable* table = TableCatalog::table(rows.bytes(i, 5));
         if (!table)
-            continue; // a table of a newer schema is nobody's here
+            continue; // no receiver knows a table of a newer schema
         StoreChange change;
         change.number = rows.integer(i, 3);
         change.event = static_cast<int>(rows.integer(i, 4));
@@ -73,7 +74,7 @@ bool PostgresStore::changesAfter(ChangePosition* position, int limit, QVector<St
 bool PostgresStore::hasNews()
 {
     if (!m_link.takeNotifications(&m_hasNews))
-        return true; // the reader finds out what is wrong
+        return true; // the reader will find the error
     const bool hasNews = m_hasNews || m_sinceRead.hasExpired(slowPollMs);
     m_hasNews = false;
     return hasNews;

@@ -22,7 +22,7 @@ PgValues valuesOf(const QVariantList& values)
 
 bool PostgresStore::beginRead(StoreError* error)
 {
-    // The first read fixes what is seen until endRead().
+    // The first read fixes the snapshot until endRead().
     if (!ready(error) || !m_link.prepared("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY", {}, error))
         return false;
     m_inRead = true;

@@ -4,7 +4,7 @@
 
 namespace
 {
-/// A lexeme as the text of a query has it.
+/// A lexeme in the notation of a query.
 QByteArray lexeme(QByteArray text)
 {
     return '\'' + text.replace('\\', "\\\\").replace('\'', "''") + '\'';

@@ -84,7 +84,7 @@ double realOf(const PgResult& rows, int row, int column)
     return isWhole(type) ? static_cast<double>(rows.integer(row, column)) : rows.real(row, column);
 }
 
-/// By the server's type, and where that is wide by the first value.
+/// Determined by the server's type; for wide types, by the first value.
 MDRType computedType(const PgResult& rows, int column)
 {
     switch (PQftype(rows.handle(), column)) {
@@ -126,7 +126,7 @@ AnswerShape PostgresStore::shapeOf(const PgResult& description, const QByteArray
 
 bool PostgresStore::declareCursor(const QByteArray& sql, StoreError* error)
 {
-    // The server takes nothing but one select for a cursor.
+    // The server accepts only a single select for a cursor.
     return bool(m_link.run("DECLARE answer NO SCROLL CURSOR FOR " + sql, error));
 }
 
@@ -140,7 +140,7 @@ MDArray* PostgresStore::select(const QByteArray& sqlUtf8, StoreError* error)
         return nullptr;
     MDArray* answer = readCursor(sqlUtf8, error);
     StoreError ignored;
-    // Whatever the select has set in its session is taken back.
+    // Reverts all settings that the select has made in its session.
     if (m_link.isOpen())
         m_link.prepared("ROLLBACK", {}, &ignored);
     return answer;

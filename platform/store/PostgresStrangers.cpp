@@ -11,7 +11,7 @@ using Looks = QVector<ContentCheck::Look>;
 
 const char isGranted[] = "У роли «%2» есть лишние права на «%1».";
 const char thisDatabase[] = "(SELECT oid FROM pg_database WHERE datname = current_database())";
-// Who owns the database may drop it: no rule holds him.
+// The owner of the database may drop it: no rule limits him.
 const char databaseOwner[] = "(SELECT datdba FROM pg_database WHERE datname = current_database())";
 const char ourRoles[] = "('vrk_owner', 'vrk_client', 'vrk_loader')";
 
@@ -27,7 +27,8 @@ QByteArray granteeName()
     return "CASE WHEN A.grantee = 0 THEN 'PUBLIC' ELSE pg_get_userbyid(A.grantee)::text END";
 }
 
-/// Objects that neither a fresh server nor a fresh store has; what the server brought along has lower numbers.
+/// Objects that exist neither on a fresh server nor in a fresh store; the server's own objects have lower
+/// numbers.
 Looks objects()
 {
     const auto list = [](const char* catalog, const char* condition) {
@@ -54,8 +55,8 @@ Looks objects()
              Finding::Fault, ContentCheck::strange}};
 }
 
-/// Grants on functions or tables of the server that it did not bring along, but for those that a store makes. "%p" stands
-/// for the prefix of the columns.
+/// Grants on the server's functions or tables that are neither its defaults nor made by a store. "%p" is
+/// the prefix of the columns.
 ContentCheck::Look serverGrants(const QByteArray& catalog, const QByteArray& prefix, const QByteArray& kind,
                                 const QByteArray& type)
 {
@@ -93,7 +94,8 @@ Looks grants()
              "'information_schema') AND A.privilege_type <> 'USAGE' AND A.grantee <> N.nspowner "
              "AND (N.nspname <> 'public' OR A.grantee <> 'vrk_owner'::regrole)",
          Finding::Fault, isGranted},
-        // Whether everybody may connect and make tables depends on how the database was made: a doctor's case.
+        // Whether everybody may connect and create tables depends on how the database was created: `doctor`
+        // reports it.
         {"SELECT 'database ' || D.datname, " + granteeName() +
              " FROM pg_database AS D, aclexplode(D.datacl) AS A WHERE D.datname = current_database() "
              "AND A.grantee <> D.datdba AND (A.privilege_type = 'CREATE' OR A.is_grantable OR A.grantee <> 0 "

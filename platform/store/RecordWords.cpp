@@ -15,7 +15,7 @@ using Scanner = HtmlScanner<char16_t>;
 constexpr int mostWords = 5000;
 constexpr int mostEquipmentWords = 500;
 
-/// Elements that stand within words.
+/// Elements that may occur within words.
 constexpr std::string_view inlines[] = {"a", "b",      "strong", "i",   "em",  "u",    "ins",
                                         "s", "strike", "del",    "sup", "sub", "span", "font"};
 constexpr std::string_view unseen[] = {"head", "style", "script", "title"};
@@ -30,7 +30,7 @@ bool isOneOf(Scanner::View name, const Names& names)
                        [name](std::string_view one) { return Scanner::equals(name, one); });
 }
 
-/// Whether a parameter's link, such as "name=line;locname=...", is that of equipment.
+/// Whether a parameter's link, such as "name=line;locname=...", is one of equipment.
 bool isOfEquipment(Scanner::View link)
 {
     if (!Scanner::equals(link.substr(0, 5), "name="))
@@ -39,7 +39,7 @@ bool isOfEquipment(Scanner::View link)
     return isOneOf(link.substr(0, link.find(u';')), equipmentParameters);
 }
 
-/// Entities as blanks.
+/// Appends text; entities become blanks.
 void append(Scanner::View html, QString* text)
 {
     for (std::size_t i = 0; i < html.size(); ++i) {

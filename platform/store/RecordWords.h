@@ -4,17 +4,17 @@
 
 struct sqlite3;
 
-/// What the search finds a record by, out of its html: the stems of the words that a reader sees, and of those that name
-/// equipment. Tags are not words, nor are the properties that ride in them; entities part words. The functions of a
-/// server's store, vrk_words and vrk_equipment, do the same.
+/// The words by which the search finds a record, taken from its html: the stems of the visible words, and
+/// of those that name equipment. Tags and the properties in them are not words; entities separate words.
+/// The functions vrk_words and vrk_equipment of a server's store do the same.
 struct RecordWords {
     /// \a html in UTF-8.
     explicit RecordWords(const QByteArray& html);
 
-    /// Each stem once, parted by blanks, in UTF-8; what stands behind the first thousands of words is left out.
+    /// Each stem once, separated by blanks, in UTF-8; only the first several thousand words are used.
     QByteArray words;
     QByteArray equipment;
 
-    /// Makes vrk_words(html) and vrk_equipment(html) known to a connection.
+    /// Adds the functions vrk_words(html) and vrk_equipment(html) to a connection.
     static void installFunctions(sqlite3* database);
 };

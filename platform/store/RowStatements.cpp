@@ -16,7 +16,7 @@ StoreError badRequest(const char* text, const QByteArray& table, const QByteArra
             QString::fromUtf8(detail)};
 }
 
-/// One column to be written: where its value stands in the record and what the store takes it for.
+/// One column to be written: the position of its value in the record and its type in the store.
 struct Column {
     const MDRField* from;
     const CatalogField* to;
@@ -27,7 +27,7 @@ bool isFlagged(const MDRData* record)
     return (record->flags & (ROW_INSERT | ROW_UPDATE | ROW_DELETE)) != 0;
 }
 
-/// A value that the column can take, as the engines take it. False when it cannot.
+/// Converts a value to a form that the column and both engines accept. False if that is impossible.
 bool convert(const MDRVar& value, const CatalogField& to, const CodePage& page, Value* converted)
 {
     *converted = Value();
@@ -45,7 +45,7 @@ bool convert(const MDRVar& value, const CatalogField& to, const CodePage& page, 
         page.toUtf8(value.value.text.data, value.value.text.length, &converted->bytes);
         return true;
     case mdr_TBlob:
-        // The record outlives the statement, so that large files are not copied once more.
+        // The record outlives the statement, so large files need no extra copy.
         converted->kind = Value::Blob;
         converted->bytes = value.value.text.length > 0
                                ? QByteArray::fromRawData(value.value.text.data, value.value.text.length)
@@ -85,7 +85,7 @@ QByteArray updateSql(const QByteArray& table, const QVector<Column>& columns, ch
     QByteArray values;
     for (int i = 0; i < columns.size(); ++i)
         values += (i ? ", " : "") + columns.at(i).to->name + " = " + sign + QByteArray::number(i + 2);
-    // Without a changed field the row is touched all the same: it must be there, and its writer waits for the event.
+    // Even without a changed field the row is updated: it must exist, and its writer waits for the event.
     if (columns.isEmpty())
         values = "KeyLink = KeyLink";
     return "UPDATE " + table + " SET " + values + " WHERE KeyLink = " + sign + "1";

@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QRegularExpression>
 
-// At global scope, as the macro wants it.
+// At global scope, as the macro requires.
 static void registerSchema()
 {
     Q_INIT_RESOURCE(store_schema);
@@ -13,7 +13,7 @@ static void registerSchema()
 
 namespace
 {
-/// The rules of tables that the loader writes, and the administrator where \a isAdministrators.
+/// The rules of tables that only the loader writes, and the administrator if \a isAdministrators.
 QString closedTable(const CatalogTable& table, const char* text, bool isAdministrators)
 {
     const QString name = QString::fromLatin1(table.name);
@@ -29,7 +29,7 @@ QString closedTable(const CatalogTable& table, const char* text, bool isAdminist
     return rules;
 }
 
-/// CHANGED(a, b) written out.
+/// Expands CHANGED(a, b).
 QString withChanges(QString script)
 {
     static const QRegularExpression changed(QStringLiteral("CHANGED\\(([\\w,\\s]+)\\)"));
@@ -44,7 +44,7 @@ QString withChanges(QString script)
     return script;
 }
 
-/// LOGGED(row, Table.field) in the words of an engine.
+/// Expands LOGGED(row, Table.field) for an engine.
 QString withLogged(QString script, const QByteArray& words)
 {
     static const QRegularExpression logged(QStringLiteral("LOGGED\\(([\\w.]+), (\\w+)\\.(\\w+)\\)"));

@@ -35,7 +35,7 @@ bool setProperty(SqliteConnection& connection, const QByteArray& name, const QBy
     return false;
 }
 
-/// One transaction of the log around what \a work changes, under the administrator's name; the caller commits.
+/// Runs \a work inside a transaction of the log, under the administrator's name; the caller commits.
 template <class Work>
 bool logged(SqliteConnection& connection, StoreError* error, Work work)
 {
@@ -50,7 +50,7 @@ int versionOf(SqliteConnection& connection)
     return version.step() ? static_cast<int>(version.integer(0)) : -1;
 }
 
-/// Copies what the connection sees into a new file.
+/// Copies the connection's snapshot into a new file.
 bool copyInto(const QString& draft, SqliteConnection& connection, StoreError* error)
 {
     SqliteConnection::removeFile(draft);
@@ -71,8 +71,8 @@ bool copyInto(const QString& draft, SqliteConnection& connection, StoreError* er
     return false;
 }
 
-/// Gives the copy a history of its own and looks it through, as far as this program knows its version. The connection
-/// is closed on return, so that everything lies in the one file.
+/// Gives the copy its own history and checks it, as far as this program knows its version. Closes the
+/// connection, so that the file contains everything.
 bool finishCopy(const QString& copy, StoreError* error)
 {
     const auto connection = SqliteConnection::open(copy, SqliteConnection::Upgrade, deadlineMs, error);
@@ -131,7 +131,7 @@ bool SqliteAdmin::upgrade(const QString& file, StoreError* error)
     const int from = versionOf(*connection);
     if (from < 1) {
         *error = SqliteSchema::versionError(from, file);
-        return false; // no store of any program
+        return false; // not a store of any program
     }
     return from == SqliteSchema::version ||
            (SqliteSchema::upgrade(*connection, from, error) && connection->exec("COMMIT", error));
@@ -156,7 +156,7 @@ bool SqliteAdmin::changeProperty(const QString& file, const QByteArray& name, co
 bool SqliteAdmin::check(const QString& file, QVector<StoreAdmin::Finding>* findings, StoreError* error)
 {
     const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOnly, deadlineMs, error);
-    // One transaction, so that all looks see the same moment of a store in use.
+    // One transaction, so that all queries see the same state of a store in use.
     if (!connection || !connection->exec("BEGIN", error))
         return false;
     return SqliteCheck::place(*connection, findings) && SqliteCheck::engine(*connection, findings, error) &&
@@ -177,7 +177,8 @@ bool SqliteAdmin::backup(const QString& file, const QString& copy, StoreError* e
     const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOlder, deadlineMs, error);
     if (!connection)
         return false;
-    // Under another name until it is whole and looked through, so that half a copy is never taken for one.
+    // Under another name until it is complete and checked, so that a partial copy is never mistaken for a
+    // complete one.
     const QString draft = copy + QStringLiteral(".part");
     bool done = copyInto(draft, *connection, error) && finishCopy(draft, error);
     if (done && !QFile::rename(draft, copy))

@@ -2,7 +2,7 @@
 
 #include "StoreAdmin.h"
 
-/// What StoreAdmin does with a store in a SQLite file. The contracts are those of StoreAdmin.
+/// The operations of StoreAdmin for a store in a SQLite file. The contracts are those of StoreAdmin.
 namespace SqliteAdmin
 {
 bool init(const QString& file, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error);

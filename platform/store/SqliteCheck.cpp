@@ -17,7 +17,7 @@ using StoreAdmin::Finding;
 
 using ContentCheck::add;
 
-/// One finding for each row of the answer, its first two columns put into the text.
+/// Adds one finding for each row of the answer, with its first two columns in the text.
 bool addRows(SqliteConnection& connection, const QByteArray& sql, Finding::Grade grade, const char* text,
              QVector<Finding>* findings, StoreError* error)
 {
@@ -31,7 +31,7 @@ bool addRows(SqliteConnection& connection, const QByteArray& sql, Finding::Grade
     return false;
 }
 
-/// Everything that the schema consists of, by name.
+/// All objects of the schema by name.
 QMap<QByteArray, QByteArray> objects(SqliteConnection& connection)
 {
     QMap<QByteArray, QByteArray> all;
@@ -47,7 +47,7 @@ QByteArray hashOf(const QByteArray& row)
     return QCryptographicHash::hash(row, QCryptographicHash::Md5);
 }
 
-/// What the log says the rows of a table are, as hashes by key.
+/// The rows of a table according to the log, as hashes by key.
 bool loggedRows(SqliteConnection& connection, const QByteArray& table, QHash<QByteArray, QByteArray>* rows)
 {
     SqliteStatement entries =
@@ -133,7 +133,7 @@ bool SqliteCheck::search(SqliteConnection& connection, QVector<Finding>* finding
         return false;
     if (findings->size() > before)
         return true;
-    // The engine compares its index with the rows only for who may write; nothing is written.
+    // The engine compares its index with the rows only on a writing connection; nothing is written.
     StoreError ignored;
     const auto writer =
         SqliteConnection::open(connection.file(), SqliteConnection::ReadWrite, 1000, &ignored);

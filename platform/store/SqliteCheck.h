@@ -4,19 +4,20 @@
 
 class SqliteConnection;
 
-/// The looks that a check of a SQLite store takes. Each appends what it finds; false when it could not look.
+/// The parts of a check of a SQLite store. Each appends its findings; false if it could not be done.
 namespace SqliteCheck
 {
-/// Whether the file lies where SQLite can lock it.
+/// Whether SQLite can lock the file at its place.
 bool place(SqliteConnection& connection, QVector<StoreAdmin::Finding>* findings);
-/// What the engine itself can tell: pages, indexes, constraints, references.
+/// The engine's own checks: pages, indexes, constraints, references.
 bool engine(SqliteConnection& connection, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// Whether tables, indexes, rules and log triggers are those of this program.
 bool schema(SqliteConnection& connection, QVector<StoreAdmin::Finding>* findings, StoreError* error);
-/// References by key between tables, states of records, trees, workshifts that were never finished opening.
+/// References by key between tables, states of records, trees, workshifts whose opening was never
+/// completed.
 bool content(SqliteConnection& connection, QVector<StoreAdmin::Finding>* findings, StoreError* error);
-/// Whether the search finds the records as they stand.
+/// Whether the search index matches the records.
 bool search(SqliteConnection& connection, QVector<StoreAdmin::Finding>* findings, StoreError* error);
-/// The change log: contiguous numbers, the chain, and that it ends in the rows as they stand.
+/// The change log: contiguous numbers, the chain, and that it leads to the current rows.
 bool log(SqliteConnection& connection, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 } // namespace SqliteCheck

@@ -14,8 +14,8 @@
 namespace
 {
 constexpr int cachedStatements = 128;
-constexpr int stepsBetweenLooks = 20000; // of the engine's machine: well under a millisecond
-constexpr int longestNapMs = 25;         // between two looks at a lock
+constexpr int stepsBetweenLooks = 20000; // steps of SQLite's virtual machine: well under a millisecond
+constexpr int longestNapMs = 25;         // between two attempts to get a lock
 
 bool isReading(SqliteConnection::Mode mode)
 {
@@ -116,7 +116,8 @@ std::unique_ptr<SqliteConnection> SqliteConnection::open(const QString& file, Mo
             "Рядом с хранилищем «%1» лежит журнал «%1-wal» от другого файла: вместе их открывать нельзя. "
             "Если на место хранилища положили копию, верните её командой vrk-admin restore.");
 
-    // Where nothing can be written no log can be made, and none is left behind that would shut others out.
+    // Where nothing can be written, SQLite cannot create a log, and this keeps it from leaving one that
+    // would lock others out.
     const bool isFilled = isReading(mode) && SqliteWal(file).isFilled();
     const bool isWritable = info.isWritable() && QFileInfo(info.absolutePath()).isWritable();
     auto connection = connected(file, mode, deadlineMs, isReading(mode) && !isWritable && !isFilled, error);
@@ -180,8 +181,8 @@ bool SqliteConnection::setUp(Mode mode, StoreError* error)
 {
     sqlite3_busy_handler(m_db, onBusy, this);
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    // The triggers of the search write into a virtual table, which this engine counts among what might be unsafe; no
-    // function that is known to these connections does more than reckon.
+    // The search triggers write into a virtual table, which this SQLite regards as potentially unsafe; no
+    // function registered on these connections does more than compute.
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, isReading(mode) ? 0 : 1, nullptr);
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);

@@ -12,8 +12,8 @@
 
 class SqliteConnection;
 
-/// A prepared statement with one life: bound, stepped, and given back reset. Those of the connection's cache go back
-/// there, others are finalized.
+/// A prepared statement with one use: bound, stepped, and returned reset. Those of the connection's cache
+/// go back to it, others are finalized.
 class SqliteStatement
 {
 public:
@@ -30,15 +30,16 @@ public:
     explicit operator bool() const { return m_statement != nullptr; }
     sqlite3_stmt* handle() const { return m_statement; }
 
-    /// The bytes of texts and blobs must live until the statement was stepped.
+    /// The bytes of texts and blobs must live until the statement is stepped.
     SqliteStatement& bind(int parameter, const QByteArray& text);
     SqliteStatement& bindBlob(int parameter, const QByteArray& bytes);
     SqliteStatement& bind(int parameter, qint64 number);
     SqliteStatement& bind(int parameter, double number);
 
-    /// True when there is a row to read. The code is then SQLITE_ROW, at the end SQLITE_DONE, otherwise an error.
+    /// True if there is a row to read. The code is then SQLITE_ROW; at the end SQLITE_DONE, otherwise an
+    /// error.
     bool step();
-    /// Runs a statement without an answer to its end.
+    /// Runs a statement without an answer to completion.
     bool run();
     int code() const { return m_code; }
     void reset();
@@ -55,10 +56,10 @@ private:
     int m_code = SQLITE_OK;
 };
 
-/// What tells one file from another, and one content from the next.
+/// Distinguishes one file from another, and one content of a file from the next.
 struct FileState {
     quint64 device = 0;
-    quint64 inode = 0; ///< 0: there is none
+    quint64 inode = 0; ///< 0: no file
     qint64 size = 0;
     qint64 changedNs = 0;
 
@@ -70,8 +71,8 @@ struct FileState {
     }
 };
 
-/// One connection to the file of a store, with the settings that every connection has, a cache of statements, a
-/// deadline, and the engine's codes told in the user's words.
+/// One connection to the file of a store: settings, a cache of statements, a deadline, and messages for the
+/// engine's error codes.
 class SqliteConnection
 {
 public:
@@ -79,15 +80,16 @@ public:
         Create,
         ReadWrite,
         ReadOnly,
-        Upgrade,  ///< ReadWrite, for a store of an older version too
-        ReadOlder ///< ReadOnly, for a store of an older version too
+        Upgrade,  ///< ReadWrite, also for a store of an older version
+        ReadOlder ///< ReadOnly, also for a store of an older version
     };
 
     /// "VRKJ", the mark of a store in the file's header.
     static constexpr int ApplicationId = 0x56524B4A;
 
-    /// Opens the file and checks that it is a store of this version; with Create a new, empty file that must not be
-    /// there yet. Null, and \a error says why. ReadOnly reads files in places where nothing can be written, too.
+    /// Opens the file and checks that it is a store of this version; Create makes a new, empty file that
+    /// must not exist yet. Null with \a error on failure. ReadOnly also reads files in places where nothing
+    /// can be written.
     static std::unique_ptr<SqliteConnection> open(const QString& file, Mode mode, int deadlineMs,
                                                   StoreError* error);
     ~SqliteConnection();
@@ -97,37 +99,37 @@ public:
     sqlite3* handle() const { return m_db; }
     QString file() const { return m_file; }
 
-    /// A statement out of the cache, made at its first use. It must not be in use already.
+    /// A statement from the cache, prepared on first use. It must not be in use already.
     SqliteStatement cached(const QByteArray& sql);
-    /// A statement of its own.
+    /// A statement outside the cache.
     SqliteStatement prepare(const QByteArray& sql);
     /// Runs any number of statements.
     bool exec(const QByteArray& sql, StoreError* error = nullptr);
 
-    /// Called now and then while a statement runs under a deadline or waits for the lock of another process.
+    /// Called repeatedly while a statement runs under a deadline or waits for the lock of another process.
     void setProgress(std::function<void()> progress) { m_progress = std::move(progress); }
-    /// From now until stopDeadline() a statement that outlives the deadline is broken off.
+    /// From now until stopDeadline(), a statement that exceeds the deadline is interrupted.
     void startDeadline();
     void stopDeadline();
 
-    /// What the last failed operation means for the user.
+    /// The last failure in the user's words.
     StoreError lastError() const;
-    /// Whether what is written would be found by the next who opens the file.
+    /// Whether the next process that opens the file will find what is written.
     enum Place {
         InPlace,
-        Moved,      ///< the file is gone or another one; or it was read only, and has changed
-        LogGone,    ///< the file is there, its write-ahead log is not
-        LogReplaced ///< another log lies there
+        Moved,      ///< the file is missing or another one; or it was read-only and has changed
+        LogGone,    ///< the file exists, its write-ahead log is missing
+        LogReplaced ///< another log is in its place
     };
     Place place() const;
-    /// Puts all of the log into the file, wherever the log is. False with Locked while others read.
+    /// Copies the whole log into the file, also a log without a name. False with Locked while others read.
     bool emptyLog(StoreError* error);
-    /// Leaves the log alone when the connection is closed.
+    /// Leaves the log unchanged when the connection is closed.
     void abandonLog() { sqlite3_db_config(m_db, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr); }
 
     /// Removes a database file that nobody has open, with its logs.
     static void removeFile(const QString& file);
-    /// The error of an engine's code, for the file.
+    /// The error for an engine's code, for the file.
     static StoreError errorOf(int code, const QString& file, const QString& detail);
 
 private:
@@ -137,13 +139,13 @@ private:
                                                        bool isFrozen, StoreError* error);
     bool setUp(Mode mode, StoreError* error);
     static int onProgress(void* connection);
-    /// Waits for the lock of another process, as long as the deadline; then the statement fails with Locked.
+    /// Waits for the lock of another process until the deadline; then the statement fails with Locked.
     static int onBusy(void* connection, int count);
 
     sqlite3* m_db = nullptr;
     QString m_file;
-    QByteArray m_watched;   ///< the log, or the file itself when it is frozen
-    FileState m_stateThere; ///< of that, when the connection was made
+    QByteArray m_watched;   ///< the log, or the file itself if it is frozen
+    FileState m_stateThere; ///< its state when the connection was made
     bool m_isFrozen = false;
     int m_deadlineMs;
     QElapsedTimer m_clock;

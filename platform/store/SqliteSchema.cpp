@@ -36,7 +36,8 @@ QByteArray trigger(const CatalogTable& table, const QByteArray& operation, int e
            "\n    FROM CurrentTransaction;\nEND;\n";
 }
 
-/// No engine has this literal for infinity, but a number that is too large reads as one. NaN is stored as null.
+/// No engine has a literal for infinity, but a number that is too large reads as infinity. NaN is stored as
+/// null.
 QByteArray finiteCheck(const CatalogTable& table, bool isUpdate)
 {
     QByteArray faults;
@@ -92,7 +93,7 @@ bool takeSteps(SqliteConnection& connection, int from, StoreError* error)
     return true;
 }
 
-/// The views and triggers, on tables as they are after the last step.
+/// The views and triggers, for the tables as they are after the last step.
 bool makeRules(SqliteConnection& connection, StoreError* error)
 {
     QByteArray rules = SchemaScript::file("sqlite-log.sql") + SchemaScript::rules(dialect) +
@@ -120,7 +121,7 @@ bool dropRules(SqliteConnection& connection, StoreError* error)
 
 namespace
 {
-/// What the store's own tables held before the log knew them.
+/// Logs the content that the store's own tables had before they were logged.
 bool logOwnRows(SqliteConnection& connection, StoreError* error)
 {
     SqliteTransaction transaction(connection, SqliteTransaction::loader());
@@ -153,7 +154,7 @@ bool SqliteSchema::upgrade(SqliteConnection& connection, int from, StoreError* e
 
 bool SqliteSchema::rebuildSearch(SqliteConnection& connection, StoreError* error)
 {
-    // Without the triggers the index is made at once instead of row by row.
+    // Without the triggers the index is built at once instead of row by row.
     QByteArray drops;
     QByteArray triggers;
     {

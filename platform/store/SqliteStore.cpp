@@ -38,7 +38,7 @@ bool SqliteStore::connect(StoreError* error)
                     : nullptr;
     if (!read || !takeProperties(*read, error))
         return false;
-    // The login that was signed in before the file went away must be there again.
+    // The login that was signed in before the file disappeared must still exist.
     if (!m_user.login.isEmpty() && !findLogin(*read, m_user.login, &m_user, error))
         return false;
     m_read = std::move(read);
@@ -68,7 +68,7 @@ bool SqliteStore::takeProperties(SqliteConnection& connection, StoreError* error
                   QString::fromUtf8("Кодировка хранилища «%1» не поддерживается.").arg(m_file), QString()};
         return false;
     }
-    // Sessions and records hold on to the first one, also when the file is opened again.
+    // Sessions and records keep pointers to the first code page, so it stays when the file is opened again.
     if (!m_codePage) {
         m_codePage = std::move(codePage);
         m_packer = std::make_unique<ChangePacker>(m_codePage.get());
@@ -181,7 +181,7 @@ bool SqliteStore::hasRight(const QByteArray& right)
 
 double SqliteStore::serverTime()
 {
-    // The server is this very computer.
+    // The server is this computer.
     return static_cast<double>(QDateTime::currentSecsSinceEpoch());
 }
 

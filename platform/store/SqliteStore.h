@@ -8,9 +8,10 @@
 struct AnswerShape;
 struct RowStatement;
 
-/// A store in one SQLite file, for the processes of one computer. Two connections: one that writes, each transaction
-/// taken at its beginning (BEGIN IMMEDIATE), and one that can only read; in a place where nothing can be written the second
-/// alone. When the file or its log is replaced or comes back after it was gone, the next request opens it again.
+/// A store in one SQLite file, for the processes of one computer. It has two connections: one that writes,
+/// with each transaction locked at its beginning (BEGIN IMMEDIATE), and one that can only read; in a place
+/// where nothing can be written it has only the second. If the file or its log is replaced or restored, the
+/// next request opens it again.
 class SqliteStore : public Store
 {
 public:
@@ -56,16 +57,16 @@ private:
     SqliteStore(const QString& file, const Options& options) : m_file(file), m_options(options) {}
 
     bool connect(StoreError* error);
-    /// Opens the file again when it is no longer where it was. Called first by every request.
+    /// Opens the file again if it was moved or replaced. Every request calls it first.
     bool ready(StoreError* error);
-    /// Before the file is opened again because its log is gone: nothing in it gets lost, nothing gets into a log that
-    /// somebody else has put there.
+    /// Called before the file is opened again because its log is missing: nothing in the log is lost, and
+    /// nothing is written to a log that somebody else has put there.
     bool leaveLog(SqliteConnection::Place place, StoreError* error);
     bool takeProperties(SqliteConnection& connection, StoreError* error);
     bool findLogin(SqliteConnection& connection, const QString& login, StoreLogin* user,
                    StoreError* error) const;
     bool fail(const SqliteConnection& connection, StoreError* error) const;
-    /// Whose writes these are in the log.
+    /// The author of these writes in the log.
     QByteArray writerName() const
     {
         return m_user.login.isEmpty() ? QByteArray("loader") : m_user.login.toUtf8();
@@ -86,7 +87,7 @@ private:
     StoreLogin m_user;
     qint64 m_dataVersion = -1;
     bool m_inRead = false;
-    QByteArray m_recoded; ///< kept between fields, so that texts of an answer cost no allocation
-    /// What blob sources hold of the store: it is null when the store is gone.
+    QByteArray m_recoded; ///< kept between fields, so that texts of an answer need no allocation
+    /// Used by blob sources: points to null when the store is destroyed.
     std::shared_ptr<Store*> m_self = std::make_shared<Store*>(this);
 };

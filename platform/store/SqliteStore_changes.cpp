@@ -39,7 +39,8 @@ bool SqliteStore::changesAfter(ChangePosition* position, int limit, QVector<Stor
             QString()};
         return false;
     }
-    // What is committed while we read is left for the next call: the transactions up to the end are whole.
+    // Changes committed while we read are left for the next call: the transactions up to the end are
+    // complete.
     SqliteStatement rows =
         m_read->cached("SELECT number, event, tableName, rowKey, oldRow, newRow FROM ChangeLog"
                        " WHERE number > ? AND number <= ? ORDER BY number, entry");
@@ -55,7 +56,7 @@ bool SqliteStore::changesAfter(ChangePosition* position, int limit, QVector<Stor
         current = number;
         const CatalogTable* table = TableCatalog::table(rows.bytes(2));
         if (!table)
-            continue; // a table of a newer schema is nobody's here
+            continue; // no receiver knows a table of a newer schema
         StoreChange change;
         change.number = number;
         change.event = static_cast<int>(rows.integer(1));
@@ -74,7 +75,7 @@ bool SqliteStore::changesAfter(ChangePosition* position, int limit, QVector<Stor
 bool SqliteStore::hasNews()
 {
     if (!m_read || m_read->place() != SqliteConnection::InPlace)
-        return true; // the reader finds out what is wrong
+        return true; // the reader will find the error
     SqliteStatement row = m_read->cached("PRAGMA data_version");
     const qint64 version = row.step() ? row.integer(0) : -1;
     if (version == m_dataVersion && version >= 0)

@@ -23,7 +23,7 @@ bool SqliteStore::beginRead(StoreError* error)
     if (!ready(error) || !m_read->exec("BEGIN", error))
         return false;
     m_inRead = true;
-    // The first read fixes what is seen until endRead.
+    // The first read fixes the snapshot until endRead.
     ChangePosition now;
     if (position(&now, error))
         return true;

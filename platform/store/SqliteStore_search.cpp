@@ -5,7 +5,7 @@
 
 namespace
 {
-/// Stems are letters and digits, so that they need no quoting beyond this.
+/// Stems are letters and digits, so they need no other quoting.
 QByteArray phrase(const SearchWords::Term& term)
 {
     return '"' + term.stem.toUtf8() + '"' + (term.isBeginning ? "*" : "");
@@ -39,7 +39,7 @@ QByteArray matchOf(const RecordQuery& query)
     return parts.join(" AND ");
 }
 
-/// The first number that a second may have.
+/// The first row number of a second.
 QByteArray numberAt(double second)
 {
     constexpr double last = (Q_INT64_C(1) << 42) - 1;
@@ -49,11 +49,12 @@ QByteArray numberAt(double second)
 
 MDArray* SqliteStore::search(const RecordQuery& query, StoreError* error)
 {
-    // The engine opens its index with statements of its own, which the rules for selects of others would not let pass.
+    // The engine opens its index with its own statements, which the authorizer for foreign selects would
+    // refuse.
     if (!ready(error))
         return nullptr;
     m_read->cached("SELECT rowid FROM RecordWords LIMIT 0").run();
-    // The index hands its rows out in the order of their numbers, so that it stops at the limit.
+    // The index returns its rows in the order of their numbers, so it stops at the limit.
     QByteArray bounds;
     if (query.from > 0)
         bounds += " AND rowid >= " + numberAt(query.from);

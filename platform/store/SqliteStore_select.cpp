@@ -11,7 +11,7 @@ namespace
 constexpr int mostFields = 255;
 constexpr int longSelect = 4096; // bytes of text
 
-/// Lets nothing through but reading.
+/// Allows nothing but reading.
 int allowReading(void*, int action, const char*, const char* function, const char*, const char*)
 {
     switch (action) {
@@ -82,8 +82,8 @@ private:
     SqliteConnection& m_connection;
 };
 
-/// A statement that reads and is the only one of the text, otherwise none; \a understood says whether the engine takes
-/// the text at all.
+/// A reading statement that is the only one in the text, otherwise none; \a understood says whether the
+/// engine accepts the text at all.
 SqliteStatement singleSelect(sqlite3* db, const QByteArray& sql, bool* understood = nullptr)
 {
     const auto prepared = [db](const char* text, int bytes, const char** tail) {
@@ -112,7 +112,8 @@ MDArray* SqliteStore::select(const QByteArray& sqlUtf8, StoreError* error)
     sqlite3* db = m_read->handle();
     const Deadline deadline(*m_read);
     if (sqlUtf8.size() > longSelect) {
-        // A list of thousands of keys is told to the engine once, not once for the shape of the answer too.
+        // The engine parses a list of thousands of keys only once, not a second time for the shape of the
+        // answer.
         const SqliteStatement sample = singleSelect(db, AnswerShape::withoutLists(sqlUtf8));
         AnswerShape shape;
         if (sample)

@@ -6,8 +6,9 @@
 
 class SqliteConnection;
 
-/// What the change log needs at both ends of a transaction that changes rows of a SQLite store. Runs inside the caller's
-/// transaction; between begin() and close() the triggers log under its number.
+/// What the change log needs at the beginning and the end of a transaction that changes rows of a SQLite
+/// store. Runs inside the caller's transaction; between begin() and close() the triggers log under its
+/// number.
 class SqliteTransaction
 {
 public:
@@ -16,7 +17,7 @@ public:
         QByteArray userKey;
         bool loader;
     };
-    /// The administrator's own, whom no rule binds.
+    /// The administrator, to whom no rule applies.
     static Writer loader() { return {"loader", QByteArray(), true}; }
 
     SqliteTransaction(SqliteConnection& connection, const Writer& writer)
@@ -25,7 +26,7 @@ public:
     }
 
     bool begin(StoreError* error);
-    /// Writes the transaction itself into the log, at \a time in seconds.
+    /// Writes the transaction's own row to the log, with \a time in seconds.
     bool close(const QByteArray& batchKey, double time, StoreError* error);
 
 private:

@@ -13,14 +13,14 @@ constexpr int frameHeaderLength = 24;
 constexpr int smallestPage = 512;
 constexpr int largestPage = 65536;
 constexpr int lockMs = 15000;
-constexpr quint32 magic = 0x377F0682; // its last bit says how the checksums read their words
+constexpr quint32 magic = 0x377F0682; // its last bit is the byte order of the checksums
 
 quint32 number(const char* bytes)
 {
     return qFromBigEndian<quint32>(bytes);
 }
 
-/// The running checksum that SQLite keeps over a log.
+/// The running checksum of a SQLite log.
 struct Checksum {
     quint32 first = 0;
     quint32 second = 0;
@@ -42,7 +42,8 @@ private:
     }
 };
 
-/// The two marks on a page of LogMark: a leaf of a table with one row of two blobs. Empty for any other page.
+/// The two marks on a page of LogMark: a leaf of a table with one row of two blobs. Empty for any other
+/// page.
 QByteArray marksOn(const char* page, int length)
 {
     static const QByteArray rowHead("\x44\x01\x04\x00\x4C\x4C", 6); // lengths and types of one row numbered 1
@@ -56,7 +57,7 @@ QByteArray marksOn(const char* page, int length)
     return QByteArray(page + marks, 2 * SqliteWal::markLength);
 }
 
-/// A connection that leaves the log as it is when it is closed.
+/// A connection that leaves the log unchanged when it is closed.
 class Onlooker
 {
 public:
@@ -115,16 +116,16 @@ QVector<QByteArray> SqliteWal::marks() const
         return all;
 
     const int length = static_cast<int>(pageLength);
-    QByteArray open; // of the transaction whose frames are being read
+    QByteArray open; // the transaction whose frames are being read
     for (;;) {
         const QByteArray frame = log.read(frameHeaderLength + length);
         if (frame.size() < frameHeaderLength + length || frame.mid(8, 8) != header.mid(16, 8))
-            return all; // the end, or what a former log has left there
+            return all; // the end, or remains of a former log
         sum.add(frame.constData(), 8);
         sum.add(frame.constData() + frameHeaderLength, length);
         if (!sum.equals(frame.constData() + 16))
             return all;
-        // By its looks: in a copy the page bears another number.
+        // Recognised by its content: in a copy the page may have another number.
         const QByteArray found = marksOn(frame.constData() + frameHeaderLength, length);
         if (!found.isEmpty())
             open = found;
@@ -150,7 +151,8 @@ bool SqliteWal::isForeign() const
 {
     if (!isFilled() || !seemsForeign())
         return false;
-    // File and log of a store in use may have gone on between the two looks. While nobody can write they do not.
+    // File and log of a store in use may change between the two reads. While nobody can write they do not
+    // change.
     Onlooker guard(m_file, SQLITE_OPEN_READWRITE, QByteArray());
     return guard.run("BEGIN IMMEDIATE") != SQLITE_BUSY && seemsForeign();
 }

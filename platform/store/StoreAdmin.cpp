@@ -12,7 +12,8 @@
 
 namespace
 {
-/// Calls what belongs to the engine of the address; false for any other address, with the reason in \a error.
+/// Calls the function for the engine of the address; false for any other address, with the reason in \a
+/// error.
 template <class OnSqlite, class OnPostgres>
 auto dispatch(const QString& url, StoreError* error, OnSqlite onSqlite, OnPostgres onPostgres)
     -> decltype(onPostgres())
@@ -23,7 +24,7 @@ auto dispatch(const QString& url, StoreError* error, OnSqlite onSqlite, OnPostgr
         return {};
     return parsed.engine == StoreUrl::Sqlite ? onSqlite(parsed.file) : onPostgres();
 }
-/// What helps against a store in a file that cannot be opened.
+/// The remedy for a store in a file that cannot be opened.
 QString cureOf(const StoreError& error, const QString& file)
 {
     if (error.code == StoreError::TooOld)
@@ -37,7 +38,7 @@ QString cureOf(const StoreError& error, const QString& file)
     return QString::fromUtf8("Проверьте адрес и права на файл и его папку.");
 }
 
-/// Why no copy can be made under a name: it must be a new one, in a folder that takes files.
+/// Why no copy can be made under a name: it must be new, in a writable folder.
 StoreError obstacleTo(const QString& copy)
 {
     const QFileInfo target(copy);

@@ -10,7 +10,7 @@
 
 namespace
 {
-/// A store in the role of imports. Texts of the selects below are keys, logins and names of rights.
+/// Opens a store in the role of imports. Texts of the selects below are keys, logins and names of rights.
 std::unique_ptr<Store> openLoader(const QString& url, StoreError* error)
 {
     Store::Options options;
@@ -93,7 +93,7 @@ bool StoreAdmin::addUser(const QString& url, const QString& login, const QString
         return false;
     if (!admit(url, login, true, error))
         return false;
-    // A login that was removed comes back as the same person.
+    // A login that was removed is restored as the same person.
     const QByteArray former = userKey(*store, login, true, error);
     CRowBatch batch = batchOf("Users");
     MDRData* row =
@@ -161,7 +161,7 @@ bool StoreAdmin::grant(const QString& url, const QString& login, const QByteArra
     if (*error)
         return false;
     if (present.isEmpty() != given)
-        return true; // as it should be already
+        return true; // already in the wanted state
     CRowBatch batch = batchOf("UserRights");
     MDRData* row = batch.newRow(given ? ROW_INSERT : ROW_DELETE, given ? GenGuid32() : present);
     if (given) {

@@ -2,11 +2,11 @@
 
 #include "Store.h"
 
-/// Fetches the bytes of one blob by its row's key, as long as the store is there.
+/// Fetches the bytes of one blob by its row's key, as long as the store exists.
 class StoreBlobSource : public MDRBlobSource
 {
 public:
-    /// \a store points to null from the end of the store on.
+    /// \a store points to null after the store is destroyed.
     StoreBlobSource(std::shared_ptr<Store*> store, const QByteArray& table, const QByteArray& field,
                     const QByteArray& key)
         : m_store(std::move(store)), m_table(table), m_field(field), m_key(key)

@@ -13,7 +13,7 @@
 
 namespace
 {
-// Where SQLite locks a file; whoever has a store open holds a part of it.
+// The bytes that SQLite locks in a file; every process with the store open holds a part of them.
 constexpr off_t lockedFrom = 0x40000000;
 constexpr off_t lockedLength = 512;
 
@@ -27,7 +27,7 @@ bool isThere(const QString& file)
     return QFileInfo::exists(file) || QFileInfo(file).isSymLink();
 }
 
-/// Brings what was done in a folder to the disk.
+/// Flushes the changes of a folder to the disk.
 void syncFolderOf(const QString& file)
 {
     const int folder =
@@ -38,7 +38,7 @@ void syncFolderOf(const QString& file)
     ::close(folder);
 }
 
-/// Owner and permissions of the former file.
+/// Copies owner and permissions of the former file.
 void makeLike(const QString& draft, const QString& former)
 {
     struct stat state = {};
@@ -46,7 +46,7 @@ void makeLike(const QString& draft, const QString& former)
         return;
     ::chmod(nameOf(draft).constData(), state.st_mode & 07777);
     if (::chown(nameOf(draft).constData(), state.st_uid, state.st_gid) != 0)
-        return; // only the administrator of the machine may give a file away
+        return; // only the administrator of the machine may change a file's owner
 }
 } // namespace
 
@@ -90,7 +90,7 @@ bool StorePlace::hold(StoreError* error)
     return false;
 }
 
-/// Under a second name as well; where the file system knows none, under the new one alone.
+/// Creates a second name; if the file system does not support links, renames.
 bool StorePlace::keepFormer(const QString& kept, StoreError* error) const
 {
     for (const QString& suffix : {SqliteWal::of(QString()), QString()}) {
@@ -123,7 +123,8 @@ bool StorePlace::take(const QString& draft, QString* kept, StoreError* error)
         *error = failure();
         return false;
     }
-    // A crash before this line leaves the former log beside the new file, which SqliteWal tells from its own.
+    // After a crash before this line the former log is next to the new file; SqliteWal recognises that it
+    // belongs to another file.
     QFile::remove(SqliteWal::of(m_file));
     QFile::remove(SqliteWal::indexOf(m_file));
     syncFolderOf(m_file);

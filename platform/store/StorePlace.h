@@ -2,8 +2,8 @@
 
 #include "StoreError.h"
 
-/// The place of a store's file, held for another file that is to stand there. While it is held no program can open the
-/// file, and what has it open already keeps it from being held.
+/// The place of a store's file, locked so that another file can replace it. While it is locked no program
+/// can open the file; a program that has the file open prevents the lock.
 class StorePlace
 {
 public:
@@ -12,12 +12,12 @@ public:
     StorePlace(const StorePlace&) = delete;
     StorePlace& operator=(const StorePlace&) = delete;
 
-    /// Where the file lies, links followed.
+    /// The path of the file, links resolved.
     QString file() const { return m_file; }
     /// False with Locked while a program has the store open. A place without a file is free.
     bool hold(StoreError* error);
-    /// Puts \a draft into the place. What stood there, its log included, lies under the name \a kept afterwards, which is
-    /// empty when nothing did. At every moment, whatever happens, the place has the one file or the other.
+    /// Moves \a draft into the place. The former file and its log are kept under the name \a kept, which is
+    /// empty if there was none. At every moment, even after a crash, the place has one file or the other.
     bool take(const QString& draft, QString* kept, StoreError* error);
 
 private:

@@ -2,18 +2,19 @@
 
 #include "StoreError.h"
 
-/// The address of a store taken apart: "sqlite:///absolute/path" (percent-encoded where needed), "postgresql://...".
+/// The parsed address of a store: "sqlite:///absolute/path" (percent-encoded where needed),
+/// "postgresql://...".
 struct StoreUrl {
     enum Engine { None, Sqlite, PostgreSql };
 
     explicit StoreUrl(const QString& url);
-    /// Why no store can be opened under this address.
+    /// Why no store can be opened at this address.
     StoreError error() const;
-    /// The address as it may be shown and logged: without a password.
+    /// The address for display and logs: without a password.
     QString shown() const;
-    /// The address without the password in it, as it may be kept.
+    /// The address without its password, safe to keep.
     QString withoutPassword() const;
-    /// The login in the address of a server; empty when there is none.
+    /// The login in the address of a server; empty if there is none.
     QString login() const;
 
     QString url;

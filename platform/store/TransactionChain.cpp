@@ -7,7 +7,7 @@
 
 namespace
 {
-/// Each part is preceded by its length, so that parts cannot flow into one another.
+/// Each part is preceded by its length, so that different parts cannot give the same bytes.
 void add(QCryptographicHash* hash, const QByteArray& part)
 {
     hash->addData(QByteArray::number(part.size()) + ':');

@@ -4,8 +4,9 @@
 
 class SqliteConnection;
 
-/// The hash chain of the change log: that of a transaction is SHA-256 over the one before it, its own head and every
-/// row that it logged. A changed, removed or inserted entry breaks all that follow.
+/// The hash chain of the change log: a transaction's hash is SHA-256 over the previous hash, the
+/// transaction's own head and every row that it logged. A changed, removed or inserted entry invalidates
+/// all later hashes.
 namespace TransactionChain
 {
 struct Head {
@@ -16,6 +17,6 @@ struct Head {
     double time;
 };
 
-/// The hash for a transaction whose rows stand in the log. False: the engine failed.
+/// The hash for a transaction whose rows are in the log. False: the engine failed.
 bool next(SqliteConnection& connection, const Head& head, QByteArray* chain);
 } // namespace TransactionChain
