@@ -24,7 +24,7 @@ QVector<int> numbers(const QString& text)
     return list;
 }
 
-/// Digits without separators, cut from the left into parts of two; a last part of four for years.
+/// Splits digits without separators into groups of two from the left; a last group of four is a year.
 QVector<int> cut(const QString& digits, int parts)
 {
     QVector<int> list;
@@ -56,7 +56,7 @@ bool readTime(const QString& chunk, QTime* time)
     QVector<int> parts = numbers(chunk);
     if (parts.size() == 1 && chunk.size() > 2) {
         if (digits.size() % 2 == 1)
-            digits.prepend(QLatin1Char('0')); // "830" is half past eight
+            digits.prepend(QLatin1Char('0')); // "830" means 08:30
         parts = cut(digits, digits.size() / 2);
     }
     if (parts.isEmpty() || parts.size() > 4)
@@ -65,8 +65,9 @@ bool readTime(const QString& chunk, QTime* time)
     *time = QTime(parts.at(0), parts.at(1), parts.at(2), parts.at(3));
     return time->isValid();
 }
-/// Which chunks are the date and which the time. A ":" makes a time, a "." or "/" a date; bare numbers are a date when
-/// something follows that can be the time: "25 2200", "2511 22 00". A single one is a time. False: a part is too many.
+/// Decides which chunks are the date and which the time. A ":" marks a time, a "." or "/" a date; bare
+/// numbers are a date if a time may follow: "25 2200", "2511 22 00". A single number is a time. False:
+/// there is a part too many.
 bool split(const QStringList& chunks, QString* date, QString* time)
 {
     static const QRegularExpression dateMarks(QStringLiteral("[./-]"));

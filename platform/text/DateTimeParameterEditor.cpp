@@ -137,7 +137,7 @@ void DateTimeParameterEditor::finish(QWidget* input)
     if (m_isGiven)
         return;
     static_cast<DateTimeLine*>(input)->complete();
-    // On the way from the first time to the second nothing is amiss yet.
+    // No error yet while the user moves from the first time to the second.
     const bool between = isInterval() && input == m_lines.first() && m_lines.first()->time().isValid() &&
                          m_lines.last()->text().isEmpty();
     complain(between ? QString() : fault());

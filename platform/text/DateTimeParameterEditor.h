@@ -6,7 +6,7 @@
 
 class DateTimeLine;
 
-/// A date and time in the parameter's layout, or an interval of two of them, which reads "с %1 по %2".
+/// A date and time in the parameter's layout, or an interval of two of them, written as "с %1 по %2".
 class DateTimeParameterEditor : public ParameterEditor
 {
     Q_OBJECT
@@ -26,10 +26,10 @@ private:
     bool isInterval() const { return m_lines.size() == 2; }
     DateTimeLine* addLine(const QString& caption, const QString& format, ReferenceData* reference);
     void lineEdited();
-    /// Why what stands in the lines is no value; empty when it is one or nothing was entered.
+    /// Why the content of the lines is not a value; empty if it is one or nothing was entered.
     QString fault() const;
 
     QVector<DateTimeLine*> m_lines;
-    ParameterValue m_given; ///< a text of another form: stays until the user changes it
+    ParameterValue m_given; ///< a text in another form: kept until the user changes it
     bool m_isGiven = false;
 };

@@ -16,8 +16,8 @@ FillerEditors::FillerEditors(QWidget* parent) : QScrollArea(parent)
 void FillerEditors::setParameters(const QVector<ParameterSpec>& specs, ReferenceData* reference,
                                   LatelyUsed* latelyUsed)
 {
-    // Losing the keyboard, the old editors would still speak up, under numbers that belong to the new ones. They may be
-    // the ones whose signal led here, so they go later.
+    // The old editors emit signals when they lose the focus, with numbers that now belong to the new
+    // editors. One of them may have emitted the signal that led here, so they are deleted later.
     for (const Row& row : qAsConst(m_rows))
         row.editor->blockSignals(true);
     if (QWidget* old = takeWidget())
@@ -60,13 +60,13 @@ void FillerEditors::setParameters(const QVector<ParameterSpec>& specs, Reference
 
 void FillerEditors::placeInTabOrder()
 {
-    // New widgets come last in the window's order; the editors belong where this area stands in it, which it only
-    // does while it takes the keyboard itself.
+    // New widgets are last in the window's focus chain; the editors must have the position of this area,
+    // which is in the chain only while it accepts the focus itself.
     setFocusPolicy(Qt::TabFocus);
     QWidget* before = this;
     for (QWidget* input : widget()->findChildren<QWidget*>()) {
         const bool walked = (input->focusPolicy() & Qt::TabFocus) && !input->focusProxy();
-        if (!walked || input->window() != window()) // the list of a combo box is a window of its own
+        if (!walked || input->window() != window()) // the popup of a combo box is a separate window
             continue;
         setTabOrder(before, input);
         before = input;

@@ -11,8 +11,8 @@ class ParameterEditor;
 class QLabel;
 class ReferenceData;
 
-/// The editors of a template's parameters under one another, each with its label and its state. Tab walks them in the
-/// order of the text; they are told apart by their numbers.
+/// The editors of a template's parameters in a column, each with its label and its state. Tab follows the
+/// order of the text; editors are identified by number.
 class FillerEditors : public QScrollArea
 {
     Q_OBJECT
@@ -23,16 +23,16 @@ public:
     /// Replaces all editors.
     void setParameters(const QVector<ParameterSpec>& specs, ReferenceData* reference, LatelyUsed* latelyUsed);
     int count() const { return m_rows.size(); }
-    /// The parameter whose input this is, or a part of it; -1 for others.
+    /// The parameter that this widget belongs to; -1 for other widgets.
     int indexOf(const QWidget* widget) const;
 
     ParameterValue value(int index) const;
     void setValue(int index, const ParameterValue& value);
     bool isUnknown(int index) const;
     void setState(int index, ParameterState state);
-    /// Gives the keyboard to an editor.
+    /// Moves the focus to an editor.
     void focusEditor(int index);
-    /// Marks the label of the parameter in work and scrolls to its editor; -1 for none.
+    /// Highlights the label of the current parameter and scrolls to its editor; -1 for none.
     void setCurrent(int index);
 
 signals:

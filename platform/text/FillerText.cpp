@@ -103,7 +103,7 @@ void FillerText::rebuild()
             continue;
         }
         if (run.parameter >= m_positions.size() || m_positions.at(run.parameter) >= 0)
-            continue; // of several passages the first shows the value
+            continue; // if there are several passages, the first shows the value
         const Shown& shown = m_parameters.at(run.parameter);
         m_positions[run.parameter] = cursor.position();
         format.merge(formatOf(shown.state, run.parameter == m_current));

@@ -5,17 +5,18 @@
 #include <QTextBrowser>
 #include <QVector>
 
-/// How far a parameter is filled.
+/// The state of a parameter.
 enum class ParameterState {
-    Missing,   ///< has to be filled yet
-    LeftEmpty, ///< may stay empty, and is
+    Missing,   ///< must still be filled
+    LeftEmpty, ///< optional and empty
     Filled,
-    Unknown, ///< filled with what the reference data does not know
+    Unknown, ///< filled with a value that the reference data does not have
 };
 
-/// The text of a template as it will read, parameters highlighted: what has to be filled is in italics on a warm ground
-/// with a star behind the label, what may stay empty in italics, values are underlined, by a wave where the reference data
-/// does not know them, the parameter in work is marked like a selection. A click on a parameter emits a signal.
+/// The text of a template in its final form with parameters highlighted. Parameters to be filled are in
+/// italics on a warm background with a star after the label; optional ones are in italics; values are
+/// underlined, with a wavy line if the reference data does not have them; the current parameter is marked
+/// like a selection. A click on a parameter emits a signal.
 class FillerText : public QTextBrowser
 {
     Q_OBJECT
@@ -28,14 +29,14 @@ public:
 
     explicit FillerText(QWidget* parent = nullptr);
 
-    /// The passages of the text, and for each of its parameters what it shows.
+    /// Shows the passages of the text, and for each of its parameters its value or label.
     void showText(const QVector<TemplateText::Run>& runs, const QVector<Shown>& parameters);
     void showParameter(int index, const Shown& shown);
-    /// Marks the parameter in work and scrolls to it; -1 for none.
+    /// Highlights the current parameter and scrolls to it; -1 for none.
     void setCurrent(int index);
-    /// Height that shows all of the text at the present width.
+    /// Height that shows the whole text at the current width.
     int neededHeight() const;
-    /// Where the parameter's shown text begins, in the viewport.
+    /// Position of the parameter's shown text, in viewport coordinates.
     QRect parameterRect(int index) const;
 
 signals:

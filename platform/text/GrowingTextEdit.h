@@ -2,7 +2,8 @@
 
 #include <QPlainTextEdit>
 
-/// A plain text editor that is one line tall and grows with its lines, up to a limit. Tab leaves it.
+/// A plain text editor that is one line high and grows with its lines, up to a limit. Tab moves the focus
+/// out of it.
 class GrowingTextEdit : public QPlainTextEdit
 {
     Q_OBJECT

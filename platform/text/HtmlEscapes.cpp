@@ -29,7 +29,7 @@ constexpr Entity entities[] = {{"amp", '&'},  {"lt", '<'},    {"gt", '>'},
                                {"quot", '"'}, {"apos", '\''}, {"nbsp", ' '}};
 constexpr std::size_t longestEntity = 10;
 
-/// The character of "#45" or "#x2d", or -1 when it is none of ASCII; the no-break blank counts as a blank.
+/// The character of "#45" or "#x2d", or -1 if it is not ASCII; the no-break space counts as a space.
 int numericEntity(std::string_view digits)
 {
     const bool hexadecimal = !digits.empty() && (digits[0] == 'x' || digits[0] == 'X');
@@ -47,7 +47,7 @@ int numericEntity(std::string_view digits)
     return code > 0 && code < 0x80 ? code : -1;
 }
 
-/// Resolves the entity at the start of \a html; false when there is none that can be resolved.
+/// Resolves the entity at the start of \a html; false if there is none that can be resolved.
 bool readEntity(std::string_view html, char& character, std::size_t& length)
 {
     const std::size_t end = html.substr(0, longestEntity).find(';');
@@ -76,7 +76,7 @@ std::string HtmlEscapes::toPercent(std::string_view text, char alsoEscaped)
     std::string escaped;
     escaped.reserve(text.size());
     for (const char c : text) {
-        // Two hyphens in a row could end a comment that somebody left open in front.
+        // Two hyphens in a row could end a comment that was left open before.
         const bool hyphens = c == '-' && !escaped.empty() && escaped.back() == '-';
         if (isSpecial(c) || hyphens || (alsoEscaped != '\0' && c == alsoEscaped)) {
             const auto byte = static_cast<unsigned char>(c);
@@ -119,7 +119,7 @@ std::string HtmlEscapes::toHtml(std::string_view text)
         behindBlank = false;
         switch (c) {
         case '\0':
-            behindTag = afterTag; // texts end with it in records, so it cannot be part of one
+            behindTag = afterTag; // texts in records end with it, so it cannot be part of one
             behindBlank = afterBlank;
             break;
         case '<':

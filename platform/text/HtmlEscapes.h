@@ -6,19 +6,19 @@
 /// The escapes of template texts, on bytes of any encoding that extends ASCII.
 namespace HtmlEscapes
 {
-/// Escapes as %XX what separates properties or reads as markup, in attributes without quotes too: blanks, control
-/// characters and % ; = & < > [ ] " '.
+/// Escapes as %XX the characters that separate properties or read as markup, also in attributes without
+/// quotes: spaces, control characters and % ; = & < > [ ] " '.
 std::string toPercent(std::string_view text, char alsoEscaped = '\0');
-/// The inverse; a "%" without two hexadecimal digits stands for itself.
+/// The inverse; a "%" without two hexadecimal digits is literal.
 std::string fromPercent(std::string_view text);
 
-/// Plain text as content of an element. A "," or "." right behind a tag is escaped, for the conversion of old
-/// templates sets a blank between ">" and those.
+/// Plain text as content of an element. A "," or "." right after a tag is escaped, because the conversion
+/// of old templates inserts a space between ">" and these.
 std::string toHtml(std::string_view text);
-/// Resolves entities of ASCII characters and the no-break blank, which becomes a blank; others stand as they
-/// are, because the encoding is not known here.
+/// Resolves entities of ASCII characters and the no-break space, which becomes a space; other entities are
+/// unchanged, because the encoding is not known here.
 std::string fromEntities(std::string_view html);
-/// Appends text of an element to \a text as a reader sees it: entities resolved, runs of blanks and line ends
-/// as one blank. \a blank carries over whether the last character was such a blank.
+/// Appends the visible text of an element to \a text: entities resolved, runs of spaces and line ends
+/// collapsed to one space. \a blank carries over whether the last character was such a space.
 void appendCollapsed(std::string_view html, std::string& text, bool& blank);
 } // namespace HtmlEscapes

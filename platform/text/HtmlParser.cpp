@@ -20,7 +20,7 @@ struct Edit {
 };
 
 /// Calls \a piece(name, value, hasValue) for each "name=value" or "name" of a packed list; stops when it
-/// gives false.
+/// returns false.
 template <class Piece>
 void forEachProperty(std::string_view packed, Piece piece)
 {
@@ -36,7 +36,7 @@ void forEachProperty(std::string_view packed, Piece piece)
     }
 }
 
-/// Links are written without entities; a view or an editor may have brought some in.
+/// Links are written without entities; a view or an editor may have added some.
 std::string plainLink(std::string_view raw)
 {
     return raw.find('&') == std::string_view::npos ? std::string(raw) : HtmlEscapes::fromEntities(raw);
@@ -73,7 +73,7 @@ std::string packedProperties(const std::vector<HtmlParser::Property>& properties
 std::string plainContent(std::string_view content)
 {
     std::string text;
-    bool blank = false; // the last character is a blank that swallows the blanks behind it
+    bool blank = false; // the last character is a space that absorbs the following ones
     Scanner scanner(content);
     Scanner::Token token;
     while (scanner.next(token)) {
@@ -87,7 +87,7 @@ std::string plainContent(std::string_view content)
     return text;
 }
 
-/// The tags that enclose the whole content stay around a new text: {length in front, length behind}.
+/// The tags that enclose the whole content also enclose the new text: {length before, length after}.
 std::pair<std::size_t, std::size_t> enclosingTags(std::string_view content)
 {
     std::vector<Scanner::Token> leading;
@@ -166,7 +166,7 @@ void HtmlParser::parse()
 void HtmlParser::readTemplateProperties(std::string_view content)
 {
     const std::string packed = plainLink(content);
-    std::unordered_set<std::string> known; // the first of a name counts
+    std::unordered_set<std::string> known; // the first property of a name counts
     for (const TemplateProperty& property : m_templateProperties)
         known.insert(property.name);
     forEachProperty(packed, [this, &known](std::string_view key, std::string_view value, bool hasValue) {
@@ -243,7 +243,7 @@ void HtmlParser::setDisplayText(unsigned i, const std::string& text)
     const auto [front, behind] = enclosingTags(old);
     parameter.content = old.substr(0, front) + escaped(text) + old.substr(old.size() - behind);
     parameter.contentChanged = true;
-    for (const PropertyElement& element : m_propertyElements) { // it would go down with the old text
+    for (const PropertyElement& element : m_propertyElements) { // it would go with the old text
         if (element.begin >= parameter.contentBegin && element.begin < parameter.contentEnd)
             m_templatePropertiesChanged = true;
     }
@@ -384,7 +384,7 @@ std::string HtmlParser::readyHtml(bool withTemplateProperties) const
         for (const PropertyElement& element : m_propertyElements)
             edits.push_back({element.begin, element.end, element.behindStray ? "<!>" : ""});
     }
-    // Of two that begin together the one that encloses the other goes first, a parameter's before others.
+    // If two begin at the same position, the enclosing one comes first, and a parameter's before others.
     std::stable_sort(edits.begin(), edits.end(), [](const Edit& a, const Edit& b) {
         return a.begin != b.begin ? a.begin < b.begin : a.end > b.end;
     });

@@ -10,17 +10,17 @@
 
 /// Reads and changes the text of a template or of a record: rich text, parameters, template properties.
 ///
-/// A parameter is an anchor element; its properties ride in the link target, in their order:
+/// A parameter is an anchor element; the link target contains its properties, in their order:
 ///     <a href="parameter:name=text;locname=Label">shown text</a>
-/// Template properties stand in one element that a rich-text view does not show:
+/// Template properties are in one element that a rich-text view does not show:
 ///     <meta name="template" content="open_wshift;first_mark=:/markers/worker_red.png">
-/// In names and values only ASCII specials are escaped, as %XX, so that recoding the text recodes them as
-/// well. Bytes above 127 are opaque: the text may be in Windows-1251 or UTF-8, and strings come back in its
-/// encoding.
+/// In names and values only special ASCII characters are escaped, as %XX, so that converting the text
+/// converts them correctly. Bytes above 127 are opaque: the text may be in Windows-1251 or UTF-8, and
+/// returned strings have its encoding.
 ///
-/// Broken markup is never an error: what is no whole tag is text, an element that is not closed ends where
-/// the next anchor begins or the text ends. All work is linear in the length of the text. Indexes that no
-/// parameter has give empty answers and change nothing.
+/// Broken markup is never an error: an incomplete tag is text, an unclosed element ends where the next
+/// anchor begins or the text ends. All work is linear in the length of the text. Indexes without a
+/// parameter give empty answers and change nothing.
 class VRK_EXPORT HtmlParser
 {
 public:
@@ -35,47 +35,47 @@ public:
     unsigned countParameters() const;
     /// The property "name": the base name of parameter \a i.
     std::string propertyNameValue(unsigned i) const;
-    /// Any property of parameter \a i; empty when it has none of this name.
+    /// Any property of parameter \a i; empty if it has none of this name.
     std::string propertyValue(unsigned i, const std::string& name) const;
     bool isExistProperty(unsigned i, const std::string& name) const;
     /// All properties of parameter \a i in their order, the datum among them as "data".
     std::vector<Property> properties(unsigned i) const;
     /// The shown text without markup; a line break is "\n".
     std::string displayText(unsigned i) const;
-    /// Replaces the shown text. An element that encloses all of it, such as a strike-out, stays.
+    /// Replaces the shown text. An element that encloses all of it, such as a strike-out, is kept.
     void setDisplayText(unsigned i, const std::string& text);
-    /// The shown text without the words around the value: the properties "before" and "after" of the parameter. They
-    /// stand in the text with the value and go with it.
+    /// The shown text without the words around the value: the properties "before" and "after" of the
+    /// parameter. These words are shown only together with the value.
     std::string valueText(unsigned i) const;
-    /// Shows a value with the words around it; an empty one shows nothing.
+    /// Shows a value with the words around it; for an empty value shows nothing.
     void setValueText(unsigned i, const std::string& value);
-    /// The datum, empty when there is none.
+    /// The datum; empty if there is none.
     std::string propertyData(unsigned i) const;
-    /// Attaches a datum, such as the key of a reference record; an empty one takes it away.
+    /// Attaches a datum, such as the key of a reference record; an empty one removes it.
     void setPropertyData(unsigned i, const std::string& data);
     /// @}
 
     /// \name Template properties
     /// @{
     bool isExistTemplateProperty(const std::string& name) const;
-    /// Fetches a text property; \a value stays as it is when the property is absent or a flag.
+    /// Reads a text property; \a value is unchanged if the property is absent or a flag.
     void templatePropertyValue(const std::string& name, std::string& value) const;
-    /// Fetches a flag; \a value stays as it is when the property is absent or a text.
+    /// Reads a flag; \a value is unchanged if the property is absent or a text.
     void templatePropertyValue(const std::string& name, bool& value) const;
-    /// Sets a flag; false removes it, for absence is what false means.
+    /// Sets a flag; false removes it, because an absent flag is false.
     void setTemplateProperty(const std::string& name, bool value);
     void setTemplateProperty(const std::string& name, const std::string& value);
-    /// Without this a literal would be taken for a flag.
+    /// Without this overload a literal would be taken for a flag.
     void setTemplateProperty(const std::string& name, const char* value);
     void removeTemplateProperty(const std::string& name);
     /// @}
 
-    /// The text with all changes applied; without changes byte for byte what was given. False leaves the
-    /// template properties away.
+    /// The text with all changes applied; without changes it is the original, byte for byte. False omits
+    /// the template properties.
     std::string readyHtml(bool withTemplateProperties) const;
 
-    /// The text of one parameter. "name" comes first among the properties; "optional", with any value, says
-    /// that the parameter may stay empty; "before" and "after" are words that are shown only with its value.
+    /// The text of one parameter. "name" comes first among the properties; "optional", with any value,
+    /// makes the parameter optional; "before" and "after" are words that are shown only with its value.
     static std::string createParameter(const std::vector<Property>& properties,
                                        const std::string& displayText);
     /// Packs the values of a list into one property value.
@@ -84,25 +84,25 @@ public:
     static std::vector<std::string> listValues(const std::string& property);
     /// The datum of a parameter from the link target that a view reports for it; empty for any other link.
     static std::string dataFromProperties(const std::string& link);
-    /// Characters to be kept out of property values, joined by single blanks, or side by side when \a
-    /// separated is false. The form itself carries every character; these are the ones that read as markup
-    /// elsewhere.
+    /// Characters that must not occur in property values, separated by single spaces, or without separators
+    /// if \a separated is false. The format itself supports every character; these are the ones that read
+    /// as markup elsewhere.
     static std::string invalidChars(bool separated);
-    /// Plain text as it has to stand in the html: specials escaped, line breaks as elements, blanks kept.
+    /// Plain text in the form for html: special characters escaped, line breaks as elements, spaces kept.
     static std::string escaped(const std::string& text);
 
 private:
     struct Parameter {
         std::size_t begin = 0;        ///< "<" of the opening tag
-        std::size_t linkBegin = 0;    ///< behind "parameter:"
+        std::size_t linkBegin = 0;    ///< after "parameter:"
         std::size_t linkEnd = 0;      ///< the closing quote
-        std::size_t contentBegin = 0; ///< behind ">" of the opening tag
+        std::size_t contentBegin = 0; ///< after ">" of the opening tag
         std::size_t contentEnd = 0;   ///< "<" of the closing tag
         bool closed = false;
         bool linkChanged = false;
         bool contentChanged = false;
-        std::string link;    ///< in force when linkChanged
-        std::string content; ///< in force when contentChanged
+        std::string link;    ///< valid if linkChanged
+        std::string content; ///< valid if contentChanged
     };
     struct TemplateProperty {
         std::string name;
@@ -112,7 +112,7 @@ private:
     struct PropertyElement {
         std::size_t begin;
         std::size_t end;
-        bool behindStray; ///< a stray "<" stands in front, which must not join with what follows
+        bool behindStray; ///< a stray "<" comes before; it must not combine with the following text
     };
 
     void parse();
@@ -127,6 +127,6 @@ private:
     std::vector<Parameter> m_parameters;
     std::vector<TemplateProperty> m_templateProperties;
     std::vector<PropertyElement>
-        m_propertyElements; ///< where the elements with template properties stand in m_html
+        m_propertyElements; ///< positions of the elements with template properties in m_html
     bool m_templatePropertiesChanged = false;
 };

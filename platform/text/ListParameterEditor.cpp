@@ -40,7 +40,7 @@ ParameterValue ListParameterEditor::value() const
 
 void ListParameterEditor::setValue(const ParameterValue& value)
 {
-    offer(value.text); // it may come from an older list, or was written by hand
+    offer(value.text); // it may come from an older list or was typed in full
     SuggestedParameterEditor::setValue(value);
 }
 

@@ -2,8 +2,8 @@
 
 #include "SuggestedParameterEditor.h"
 
-/// One of the values of a list, found by parts of it. Other text is no value, and the editor says so; a value that a
-/// record came with stays on offer.
+/// One of the values of a list, found by parts of it. Other text is not a value, and the editor says so;
+/// the value that a record already has is always offered.
 class ListParameterEditor : public SuggestedParameterEditor
 {
     Q_OBJECT

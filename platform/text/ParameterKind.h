@@ -5,7 +5,7 @@
 
 class HtmlParser;
 
-/// Base name of a parameter as a value.
+/// Base name of a parameter as an enum value.
 enum class ParameterKind {
     Text,
     DateTime,
@@ -27,7 +27,7 @@ enum class ParameterKind {
     CrewWithGroups,
 };
 
-/// What stands in a parameter.
+/// The value of a parameter.
 struct ParameterValue {
     QString text; ///< empty: no value
     QString key;  ///< KeyLink of the reference record behind the text, or empty
@@ -37,23 +37,23 @@ struct ParameterValue {
     bool operator!=(const ParameterValue& other) const { return !(*this == other); }
 };
 
-/// A parameter of a template as its editor needs it.
+/// The data of a template's parameter that its editor needs.
 struct ParameterSpec {
     ParameterKind kind = ParameterKind::Text;
     QString name;       ///< base name
     QString label;      ///< in the user's language
-    QString format;     ///< of dates and times, in the notation of the toolkit
-    QStringList values; ///< of a list
-    QString before;     ///< words that stand in front of the value, and only with it
-    QString after;      ///< the same behind it
+    QString format;     ///< for dates and times, in Qt's notation
+    QStringList values; ///< for a list
+    QString before;     ///< words before the value, shown only with it
+    QString after;      ///< the same after it
     bool optional = false;
-    bool wholeText = false; ///< the parameter is all there is to the template's text
+    bool wholeText = false; ///< the parameter is the whole text of the template
 
-    /// A value as the text shows it.
+    /// A value in the form that the text shows.
     QString shown(const QString& value) const { return before + value + after; }
 
-    /// Case is ignored; names that nobody knows are texts.
+    /// Ignores case; unknown names are texts.
     static ParameterKind kindOf(const QString& name);
-    /// Parameter \a index of a text in UTF-8. A parameter without a label is called by its place.
+    /// Parameter \a index of a text in UTF-8. A parameter without a label is named after its position.
     static ParameterSpec read(const HtmlParser& parser, unsigned index);
 };

@@ -62,7 +62,7 @@ constexpr MDRFieldDescr parameterFields[] = {
     {"html", 0, mdr_TMemo},
 };
 
-/// Adds one row unless its key is there. The row carries no flag and no marks.
+/// Adds one row unless its key exists. The row has no flag and no marks.
 void addRow(CMDArray& table, const QByteArray& key,
             std::initializer_list<std::pair<const char*, QByteArray>> fields)
 {

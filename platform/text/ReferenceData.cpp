@@ -90,7 +90,7 @@ struct ReferenceData::Private {
     CVrkCliMod* module = nullptr;
     std::map<ParameterKind, QVector<ReferenceItem>> items;
     std::map<QByteArray, std::unique_ptr<CModelTable>> tables;
-    std::set<ParameterKind> incomplete; ///< made while a request failed: made anew at the next question
+    std::set<ParameterKind> incomplete; ///< read while a request failed: read again at the next question
     bool failed = false;
 
     CVrkCliSes* session() const { return module->session(); }
@@ -113,7 +113,7 @@ struct ReferenceData::Private {
         }
         return kept->data;
     }
-    /// Forgets tables that could not be read; true when there were any.
+    /// Forgets tables that could not be read; true if there were any.
     bool dropFailed()
     {
         if (!failed)
@@ -174,13 +174,13 @@ struct ReferenceData::Private {
         return list;
     }
 
-    /// The user's department and all below it.
+    /// The user's department and all departments below it.
     QSet<QString> area()
     {
         QSet<QString> keys{userParameter("DEPARTMENTKEY")};
         const CMDArray& rows = table("Departments");
         bool grown = true;
-        while (grown) { // ends at cycles too: a key is taken once
+        while (grown) { // also ends with cycles, since each key is added once
             grown = false;
             forEach(rows, [&](const MDRData* record) {
                 const QString key = text(rows, record, "KeyLink");
@@ -364,7 +364,7 @@ QVector<ReferenceItem> ReferenceData::Private::make(ParameterKind kind)
     if (!session())
         return list;
     if (kind == ParameterKind::Voltage)
-        list = voltages(); // by voltage, not by text
+        list = voltages(); // sorted by voltage, not by text
     else if (kind == ParameterKind::Organization)
         list = organizations();
     else if (kind == ParameterKind::Department)
@@ -455,7 +455,7 @@ void ReferenceData::MessageData(TEventNciParse* event)
         return;
     QByteArray name = event->tableName.toLatin1();
     if (name.compare("LogbookWorkshifts", Qt::CaseInsensitive) == 0)
-        name = "LogbookWorkersWorkshift"; // the crew is that of the open workshift
+        name = "LogbookWorkersWorkshift"; // the crew of the open workshift
     const auto stale = std::find_if(d->tables.begin(), d->tables.end(), [&name](const auto& table) {
         return table.first.compare(name, Qt::CaseInsensitive) == 0;
     });

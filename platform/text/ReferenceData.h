@@ -10,36 +10,40 @@
 class CVrkCliMod;
 struct TEventNciParse;
 
-/// Something that a parameter may refer to.
+/// An item that a parameter may refer to.
 struct ReferenceItem {
     QString key;
-    QString text;     ///< what the parameter shows
-    QString detail;   ///< tells equal ones apart in a list
-    QString folded;   ///< text and detail for searching
-    bool near = true; ///< of the user's own department or below it
+    QString text;     ///< text that the parameter shows
+    QString detail;   ///< distinguishes equal texts in a list
+    QString folded;   ///< text and detail in the form used for searching
+    bool near = true; ///< in the user's own department or below it
 };
 
-/// The reference data of a module's session as parameters need it: read at the first question, kept, and read again
-/// after a change. One serves all fillers of a module. Without a session all answers are empty.
+/// The reference data of a module's session in the form that parameters need: read on demand, cached, and
+/// read again after a change. All fillers of a module share one object. Without a session all answers are
+/// empty.
 class ReferenceData : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The one of this module, made at the first call; it lives as long as the module. Null without a module.
+    /// The object of this module, created on the first call; it lives as long as the module. Null without a
+    /// module.
     static ReferenceData* of(CVrkCliMod* module);
     ~ReferenceData() override;
 
-    /// All items that a parameter of this kind can take, near ones first, otherwise by text. Valid until changed().
+    /// All items that a parameter of this kind can refer to, near ones first, then sorted by text. Valid
+    /// until changed().
     const QVector<ReferenceItem>& items(ParameterKind kind);
-    /// The workers of the open workshift of the user's department, as parameters of this kind of crew show them.
+    /// The workers of the open workshift of the user's department, in the form that parameters of this kind
+    /// of crew show.
     QVector<ReferenceItem> crew(ParameterKind kind);
-    /// The server's present time.
+    /// The server's current time.
     QDateTime now() const;
     /// Key of the login's row.
     QString userKey() const;
 
-    /// Drops what the event has made stale. Several fillers may hand in the same event.
+    /// Drops the data that the event makes stale. Several fillers may pass the same event.
     void MessageData(TEventNciParse* event);
 
 signals:

@@ -101,7 +101,7 @@ void ReferenceParameterEditor::fillCrew()
 void ReferenceParameterEditor::setTyped(const QString& text, const QString& key)
 {
     setUnknown(false);
-    // No record stands behind several names.
+    // Several names have no single record.
     SuggestedParameterEditor::setTyped(text, isCrew() && text.contains(QLatin1Char(',')) ? QString() : key);
 }
 
@@ -119,7 +119,7 @@ QStringList ReferenceParameterEditor::unknownNames()
         return {};
     loadItems();
     if (model()->isEmpty())
-        return {}; // nothing is known at all, as while the store cannot be reached
+        return {}; // nothing is known, for example while the store cannot be reached
     QStringList unknown;
     for (const QString& name :
          isCrew() ? text.split(QLatin1Char(','), Qt::SkipEmptyParts) : QStringList{text}) {

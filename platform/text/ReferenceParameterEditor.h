@@ -2,9 +2,10 @@
 
 #include "SuggestedParameterEditor.h"
 
-/// A worker, a department, an organization, a piece of equipment, a voltage, or the crew of a shift: a line that finds
-/// items of the reference data by parts of their names. Other text is taken as it stands, without a key, and told as
-/// unknown. A crew is several workers parted by commas; a button fills in that of the open workshift.
+/// A worker, a department, an organization, a piece of equipment, a voltage, or the crew of a shift: a line
+/// that finds items of the reference data by parts of their names. Other text is accepted without a key and
+/// marked as unknown. A crew is several workers separated by commas; a button fills in the crew of the open
+/// workshift.
 class ReferenceParameterEditor : public SuggestedParameterEditor
 {
     Q_OBJECT
@@ -28,12 +29,12 @@ private:
     bool isCrew() const;
     bool isEquipment() const;
     void fillCrew();
-    /// The names that the reference data does not know.
+    /// The names that the reference data does not have.
     QStringList unknownNames();
     void tellUnknown();
     void setUnknown(bool unknown);
 
     ReferenceData* m_reference;
-    bool m_loaded = false; ///< the model holds the present items
+    bool m_loaded = false; ///< the model contains the current items
     bool m_unknown = false;
 };

@@ -75,7 +75,7 @@ void SuggestedParameterEditor::setTyped(const QString& text, const QString& key)
     m_popup->hide();
     complain(QString());
     m_key = key;
-    m_line->setText(text); // the cursor stands behind it
+    m_line->setText(text); // moves the cursor to the end
     emit edited();
 }
 
@@ -91,7 +91,7 @@ void SuggestedParameterEditor::setValue(const ParameterValue& value)
     complain(QString());
     m_line->setText(value.text);
     if (!m_line->hasFocus())
-        m_line->setCursorPosition(0); // of a long name the beginning is seen
+        m_line->setCursorPosition(0); // shows the beginning of a long name
     m_key = value.key;
 }
 
@@ -104,7 +104,7 @@ bool SuggestedParameterEditor::eventFilter(QObject* watched, QEvent* event)
 {
     const bool handled = ParameterEditor::eventFilter(watched, event);
     if (event->type() == QEvent::FocusOut) {
-        // Whoever comes back from another window goes on typing where he was.
+        // After a switch from another window the cursor stays, so that the user can continue typing.
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
             m_line->setCursorPosition(0);

@@ -7,8 +7,8 @@ class QLineEdit;
 class SuggestionModel;
 class SuggestionPopup;
 
-/// A line that finds items by parts of their names, with a button that shows them all: what lists and references have in
-/// common. Enter and Tab take the marked item and go on.
+/// A line that finds items by parts of their names, with a button that shows them all; the common base of
+/// list and reference editors. Enter and Tab take the marked item and go on.
 class SuggestedParameterEditor : public ParameterEditor
 {
     Q_OBJECT
@@ -25,15 +25,15 @@ protected:
     SuggestionModel* model() const { return m_model; }
     SuggestionPopup* popup() const { return m_popup; }
     QHBoxLayout* row() const { return m_row; } ///< the line and its buttons
-    QString key() const { return m_key; }      ///< of the item that the text was taken from
+    QString key() const { return m_key; }      ///< of the item that the text comes from
 
-    /// Fills the model, unless it holds the present items.
+    /// Fills the model, unless it contains the current items.
     virtual void loadItems() = 0;
     /// The part of the text that is being typed.
     virtual QString query() const;
-    /// The text is one of the items: it would find nothing but itself.
+    /// The text is one of the items: it would find only itself.
     virtual bool isTaken() const = 0;
-    /// The user has taken this row.
+    /// The user has chosen this row.
     virtual void take(int row);
     /// Shows a text and its key as the user's choice.
     virtual void setTyped(const QString& text, const QString& key);

@@ -6,7 +6,8 @@
 
 namespace
 {
-/// 0 begins with the query, 1 a word begins with its first word, 2 holds all words, -1 does not.
+/// 0: begins with the query; 1: a word begins with its first word; 2: contains all words; -1: does not
+/// match.
 int rank(const QString& folded, const QString& query, const QStringList& words)
 {
     if (!TextMatch::matches(folded, words))
@@ -46,7 +47,7 @@ void SuggestionModel::find()
     m_far = 0;
     const QStringList words = TextMatch::parts(m_query);
     const QString query = words.join(QLatin1Char(' '));
-    QVector<int> found[2][3]; // by distance, by rank
+    QVector<int> found[2][3]; // by distance and rank
     for (int i = 0; i < m_items.size(); ++i) {
         const ReferenceItem& item = m_items.at(i);
         const int place = words.isEmpty() ? 0 : rank(item.folded, query, words);

@@ -4,8 +4,9 @@
 
 #include <QAbstractListModel>
 
-/// The items that a few typed words find, best ones first: those that begin with the query, those of which a word does,
-/// the others that hold all the words; near ones before far ones. Thousands of items answer within a keystroke.
+/// The items that a few typed words find, best ones first: those that begin with the query, those in which
+/// a word begins with it, then others that contain all the words; near ones before far ones. Fast enough
+/// for thousands of items at each keystroke.
 class SuggestionModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -13,24 +14,24 @@ class SuggestionModel : public QAbstractListModel
 public:
     enum Roles {
         DetailRole = Qt::UserRole,
-        MoreRole, ///< true for the row that stands for the far items
+        MoreRole, ///< true for the row that represents the far items
     };
     static constexpr int shownAtMost = 200;
 
     explicit SuggestionModel(QObject* parent = nullptr);
 
     void setItems(const QVector<ReferenceItem>& items);
-    /// Finds near items only, and offers the others with one more row behind them.
+    /// Finds only near items, and offers the others with one more row at the end.
     void setNearOnly(bool nearOnly);
     bool isNearOnly() const { return m_nearOnly; }
     void setQuery(const QString& query);
 
     /// The item of a row; null for the row of the far items.
     const ReferenceItem* item(int row) const;
-    bool isEmpty() const { return m_items.isEmpty(); } ///< there is nothing to be found
-    /// The row of the item that reads like this, -1 when it is not shown.
+    bool isEmpty() const { return m_items.isEmpty(); } ///< there are no items to search
+    /// The row of the item with this text, -1 if it is not shown.
     int rowOf(const QString& text) const;
-    /// The item that reads like this, or null.
+    /// The item with this text, or null.
     const ReferenceItem* itemByText(const QString& text) const;
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -43,5 +44,5 @@ private:
     QString m_query;
     bool m_nearOnly = false;
     QVector<int> m_rows;
-    int m_far = 0; ///< far items that were found and are not shown
+    int m_far = 0; ///< far items that match and are not shown
 };

@@ -14,7 +14,7 @@ namespace
 {
 constexpr int rowsAtMost = 10;
 
-/// A suggestion with its detail behind it in a weaker colour.
+/// A suggestion, followed by its detail in a weaker colour.
 class SuggestionDelegate : public QStyledItemDelegate
 {
 public:
@@ -156,7 +156,7 @@ bool SuggestionPopup::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Move:
     case QEvent::Resize:
     case QEvent::WindowDeactivate:
-        if (watched == m_window) // not the list's own scroll bars, whose events come here too
+        if (watched == m_window) // not the list's own scroll bars, whose events also come here
             hide();
         break;
     default:
@@ -199,8 +199,8 @@ bool SuggestionPopup::handleKey(int key, Qt::KeyboardModifiers modifiers)
         const QModelIndex marked = currentIndex();
         take(marked);
         if (!marked.isValid() || key == Qt::Key_Tab)
-            return false;                   // on to the next editor
-        return m_enterStays || isVisible(); // more rows were asked for
+            return false;                   // continue to the next editor
+        return m_enterStays || isVisible(); // the user has requested more rows
     }
     default:
         return false;

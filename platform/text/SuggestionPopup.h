@@ -5,27 +5,27 @@
 
 class SuggestionModel;
 
-/// The list of suggestions below an editor. The keyboard stays in the editor: up and down move in the list, Enter and
-/// Tab take the marked row, Esc closes it. The list closes when the editor loses the keyboard.
+/// The list of suggestions below an editor. The focus stays in the editor: up and down move in the list,
+/// Enter and Tab take the marked row, Esc closes it. The list closes when the editor loses the focus.
 class SuggestionPopup : public QListView
 {
     Q_OBJECT
 
 public:
-    /// \a editor takes the keys; the popup belongs to it.
+    /// \a editor receives the keys and owns the popup.
     SuggestionPopup(QWidget* editor, SuggestionModel* model);
 
-    /// Shows the model's rows, or closes when there are none. The row \a marked is the one that Enter takes; with -1 the
-    /// user has to go down to one.
+    /// Shows the model's rows, or closes if there are none. Enter takes the row \a marked; with -1 the user
+    /// must first move down to a row.
     void suggest(int marked);
-    /// Enter takes the marked row and no more, as the text may go on behind it; otherwise the editor gets the key too and
-    /// goes on to the next field.
+    /// With true, Enter only takes the marked row, since the text may continue after it; otherwise the
+    /// editor gets the key, too, and goes to the next field.
     void setEnterStays(bool stays) { m_enterStays = stays; }
 
 signals:
-    /// The user has taken this row of the model; the list is closed before.
+    /// The user has chosen this row of the model; emitted after the list has closed.
     void taken(int row);
-    /// The user has asked for the list, with the down key.
+    /// The user has requested the list with the down key.
     void asked();
 
 protected:
@@ -35,10 +35,10 @@ private:
     bool handleKey(int key, Qt::KeyboardModifiers modifiers);
     void take(const QModelIndex& index);
     void place();
-    void mark(int row); ///< -1 marks none
+    void mark(int row); ///< -1 marks no row
 
     QWidget* m_editor;
-    QPointer<QWidget> m_window; ///< that the editor stands in
+    QPointer<QWidget> m_window; ///< the editor's window
     SuggestionModel* m_model;
     bool m_enterStays = false;
 };

@@ -25,7 +25,8 @@ namespace
 {
 constexpr int usualHeight = 400;
 
-/// A line around a view that shows on any ground: that of the style all but vanishes in the dark.
+/// A line around a view that is visible on any background: that of the style almost disappears in the dark
+/// theme.
 void frame(QFrame* view)
 {
     view->setFrameStyle(QFrame::Box | QFrame::Plain);
@@ -63,12 +64,12 @@ struct TemplateEditor::Private {
 
     bool enabled = true;
     bool loading = false;
-    QString untouched;  ///< what the text was set to; in force while the document is unmodified
+    QString untouched;  ///< the text that was set; valid while the document is unmodified
     QString properties; ///< the elements with template properties
     QString told;       ///< the text as the receivers know it
     bool warned = false;
 
-    // Where the cursor was in a text that was cleared: it comes back there when the same text follows.
+    // The cursor position in a text that was cleared: restored if the same text is set next.
     QString clearedText;
     int clearedPosition = 0;
     int clearedScroll = 0;
@@ -148,7 +149,7 @@ QAction* TemplateEditor::Private::action(const QString& words, const QKeySequenc
     auto* made = new QAction(words, q);
     made->setObjectName(QLatin1String(name));
     made->setShortcut(shortcut);
-    // Several editors may live in one window.
+    // Several editors may exist in one window.
     made->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     made->setToolTip(words + QLatin1Char(' ') + shortcut.toString(QKeySequence::PortableText));
     q->addAction(made);
@@ -161,7 +162,7 @@ QToolButton* TemplateEditor::Private::tool(QAction* action, const char* name)
     button->setObjectName(QLatin1String(name));
     button->setDefaultAction(action);
     button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::TabFocus); // a click leaves the keyboard in the text
+    button->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the text
     return button;
 }
 
@@ -210,7 +211,7 @@ void TemplateEditor::Private::load(const QString& html)
 {
     const QScopedValueRollback<bool> rollback(loading, true);
     if (dialog)
-        dialog->reject(); // it belongs to the text that goes
+        dialog->reject(); // it belongs to the text that is being replaced
     untouched = html;
     told = html;
     properties = TemplateEditorHtml::properties(html);
@@ -279,7 +280,7 @@ void TemplateEditor::Private::editChip(int position)
 {
     if (!enabled || position < 0 || dialog)
         return;
-    // A cursor keeps the place when the text around it changes meanwhile.
+    // A cursor keeps the position if the surrounding text changes in the meantime.
     QTextCursor place(text->document());
     place.setPosition(position);
     place.setKeepPositionOnInsert(true);
@@ -302,7 +303,7 @@ void TemplateEditor::Private::take(const QString& html)
     const TemplateEditorChip chip = text->chipAt(text->currentChip());
     const bool isEmptyList = ParameterSpec::kindOf(chip.property("name")) == ParameterKind::List &&
                              chip.property("list").isEmpty();
-    if (isEmptyList) // later: the change that a drop is part of takes notices away at its end
+    if (isEmptyList) // later, because the end of the change that a drop belongs to removes notices
         QTimer::singleShot(0, q,
                            [this] { tell(tr("Список пока пуст: значения задаются в окне параметра (F2)")); });
 }
@@ -314,7 +315,7 @@ TemplateEditor::TemplateEditor(QWidget* parent) : QWidget(parent), d(new Private
 
 TemplateEditor::~TemplateEditor()
 {
-    d->text->blockSignals(true); // it may lose the keyboard after d is gone
+    d->text->blockSignals(true); // it may lose the focus after d is destroyed
     d->text->document()->blockSignals(true);
     delete d->dialog;
 }

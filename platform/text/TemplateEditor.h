@@ -11,11 +11,11 @@ class QTextCodec;
 struct MDRData;
 
 /// The editor of a template's text: bold and struck-out passages, parameters as solid chips, a tree of the
-/// parameters on offer beside it, and below it a preview as the journal shows the template to be filled.
+/// available parameters next to it, and below it a preview as the journal shows the template to be filled.
 ///
-/// A text that was not touched, or that undo has brought back, comes back byte for byte. An edited one is
-/// written anew from what is seen: parameters keep all their properties in their order, template properties
-/// stand in front as they were. What the format cannot carry is left out with a visible notice.
+/// A text that was not changed, or was restored by undo, is returned byte for byte. A changed text is
+/// generated from the document: parameters keep all their properties in their order, template properties
+/// come first and are unchanged. Content that the format does not support is dropped with a visible notice.
 class VRK_EXPORT TemplateEditor : public QWidget
 {
     Q_OBJECT
@@ -26,35 +26,35 @@ public:
 
     /// Code page of the texts in the tables; the texts of this class are decoded.
     void setTextCodec(QTextCodec* codec);
-    /// TemplateParamCategories and TemplateParams. They belong to the caller and may be refilled at any time,
-    /// followed by reloadParameters(); the widget keeps copies of what it shows, never records.
+    /// TemplateParamCategories and TemplateParams. They belong to the caller and may be refilled at any
+    /// time, followed by reloadParameters(); the widget keeps copies of the data it shows, never records.
     void setCatsParametersTable(CModelTable* table);
     void setParametersTable(CModelTable* table);
-    /// The base names of the parameters on offer; an empty list offers all.
+    /// The base names of the available parameters; an empty list allows all.
     void setParameterFilter(const QStringList& names);
 
-    /// No higher than its place in a table of properties.
+    /// Not higher than the cell of a property table.
     QSize sizeHint() const override;
 
     /// False makes it read-only: the text can still be read, selected and copied.
     void setEnabled(bool enabled);
     bool isEnabled() const;
 
-    /// Replaces the text. One that differs from the present text in its template properties only leaves the
-    /// cursor and the history of undo as they are. templateChanged() does not come.
+    /// Replaces the text. If the new text differs from the current one only in its template properties, the
+    /// cursor and the undo history are kept. Does not emit templateChanged().
     void setTemplateText(const QString& html);
     /// Empties the editor; nothing is left to undo.
     void clearTemplateText();
-    /// The present text with the template properties.
+    /// The current text with the template properties.
     QString templateText() const;
 
-    /// Builds the tree of parameters anew from the tables; what is expanded and current stays.
+    /// Rebuilds the tree of parameters from the tables; keeps expanded branches and the current item.
     void reloadParameters();
     /// One row of either table has changed. Null is ignored.
     void updateParameters(MDRData* record);
 
 signals:
-    /// The user has changed the text; \a html is what templateText() gives.
+    /// The user has changed the text; \a html equals templateText().
     void templateChanged(const QString& html);
 
 private:

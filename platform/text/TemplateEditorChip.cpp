@@ -20,7 +20,7 @@ QTextCharFormat TemplateEditorChip::format() const
     if (shown.trimmed().isEmpty())
         shown = property("name");
     QTextCharFormat format = TemplateText::charFormat(looks);
-    // The chip itself is never raised: its vertical alignment is that of an object in the line.
+    // The chip itself is never raised: its vertical alignment is that of an inline object.
     format.setProperty(Raise, int(looks & (TemplateText::Raised | TemplateText::Lowered)));
     format.setVerticalAlignment(QTextCharFormat::AlignMiddle);
     format.setObjectType(ObjectType);
@@ -87,8 +87,8 @@ void TemplateEditorChip::removeProperty(const char* name)
 
 QString TemplateEditorChip::html() const
 {
-    // Blanks at the ends of a line could be dropped by a reader: as entities they stay what they are.
-    constexpr QChar kept(0xE000); // no text has it
+    // Html viewers may drop spaces at the ends of a line, so they are written as entities.
+    constexpr QChar kept(0xE000); // not used in any text
     QString shown = shownText;
     const auto endsLine = [&shown](int i) {
         return i < 0 || i == shown.size() || shown.at(i) == QLatin1Char('\n');
@@ -99,7 +99,7 @@ QString TemplateEditorChip::html() const
     }
     QString element = QString::fromStdString(HtmlParser::createParameter(properties, shown.toStdString()));
     if (looks & TemplateText::StruckOut) {
-        // Values in the opening tag have no bracket: the first one ends it.
+        // Values in the opening tag contain no bracket: the first one ends the tag.
         element.insert(element.size() - 4, QStringLiteral("</span>"));
         element.insert(element.indexOf(QLatin1Char('>')) + 1,
                        QStringLiteral("<span style=\" text-decoration: line-through;\">"));
@@ -120,7 +120,7 @@ std::vector<TemplateEditorChip> TemplateEditorChip::read(const QString& html)
             continue;
         const auto index = static_cast<std::size_t>(run.parameter);
         if (!seen[index])
-            chips[index].looks = run.looks; // of several looks the first counts for the whole
+            chips[index].looks = run.looks; // of several looks, the first applies to the whole parameter
         seen[index] = true;
         chips[index].shownText += run.text;
         chips[index].shownText.remove(QChar::ObjectReplacementCharacter);

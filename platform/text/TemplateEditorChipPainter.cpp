@@ -19,7 +19,7 @@ qreal padding(const QFontMetricsF& metrics)
     return metrics.averageCharWidth() * 0.6;
 }
 
-/// The room of an object is laid around the middle of small letters; this much of it lies above the baseline.
+/// An object is centred on the middle of small letters; this part of it is above the baseline.
 qreal ascentOf(qreal height, const QFontMetricsF& metrics)
 {
     return (height + metrics.xHeight() / 2) / 2;

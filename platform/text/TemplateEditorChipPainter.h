@@ -3,8 +3,8 @@
 #include <QObject>
 #include <QTextObjectInterface>
 
-/// Draws the chips of a document: the caption on a rounded ground, level with the words around it. A dashed
-/// frame says that the parameter may stay empty.
+/// Draws the chips of a document: the caption on a rounded background, aligned with the surrounding words.
+/// A dashed frame marks an optional parameter.
 class TemplateEditorChipPainter : public QObject, public QTextObjectInterface
 {
     Q_OBJECT
@@ -18,5 +18,5 @@ public:
                     const QTextFormat& format) override;
 
 private:
-    QWidget* m_editor; ///< lends its palette
+    QWidget* m_editor; ///< its palette is used
 };

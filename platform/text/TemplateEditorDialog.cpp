@@ -161,7 +161,7 @@ TemplateEditorChip TemplateEditorDialog::chip() const
     const QString label = m_label->text().trimmed();
     if (label != old) {
         chip.setProperty("locname", label);
-        // A text of its own is a value that the template comes with; it stays.
+        // A different text is a value that the template presets; it is kept.
         if (chip.shownText == old || chip.shownText.trimmed().isEmpty())
             chip.shownText = label;
     }

@@ -10,8 +10,9 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 
-/// Asks for what the author of a template may set on a parameter: its label, the layout of a date, the values of a
-/// list, whether it may stay empty, and the words that go with its value. All else of the parameter stays as it is.
+/// Edits the properties that the author of a template may set on a parameter: its label, the layout of a
+/// date, the values of a list, whether it is optional, and the words that are shown with its value. All
+/// other properties are unchanged.
 class TemplateEditorDialog : public QDialog
 {
     Q_OBJECT
@@ -19,10 +20,10 @@ class TemplateEditorDialog : public QDialog
 public:
     TemplateEditorDialog(const TemplateEditorChip& chip, QWidget* parent);
 
-    /// The parameter as the dialog stands.
+    /// The parameter with the dialog's current settings.
     TemplateEditorChip chip() const;
 
-    /// Stays open, and says why, while something could not be stored.
+    /// Stays open, and says why, while a setting cannot be stored.
     void accept() override;
 
 private:

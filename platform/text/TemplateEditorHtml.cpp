@@ -22,7 +22,7 @@ Scanner::View viewOf(const QString& html)
 
 const QString lineEnd = QStringLiteral("<br/>");
 
-/// One character of a line as it has to be written.
+/// One character of a line in the form to be written.
 struct Piece {
     QChar character;
     QTextCharFormat format;
@@ -39,8 +39,8 @@ bool showsNothing(const Piece& piece)
     return piece.isChip && TemplateEditorChip::fromFormat(piece.format).shownText.isEmpty();
 }
 
-/// The looks whose elements stand around passages; strike-outs stand around each passage by itself, for that of
-/// a parameter belongs inside of its element.
+/// Looks whose elements enclose runs of passages; strike-outs enclose each passage separately, because that
+/// of a parameter must be inside its element.
 struct Element {
     TemplateText::Look look;
     QLatin1String open;
@@ -57,7 +57,7 @@ const Element elements[] = {
 class Writer
 {
 public:
-    /// \a keptBlank stands for blanks that a reader would drop.
+    /// \a keptBlank is the placeholder of spaces that a viewer would drop.
     explicit Writer(QChar keptBlank) : m_keptBlank(keptBlank) {}
 
     void line(QVector<Piece> pieces)
@@ -91,7 +91,7 @@ public:
 
 private:
     static Looks outerOf(Looks looks) { return looks & ~Looks(TemplateText::StruckOut); }
-    /// A reader drops blanks behind blanks and at the ends of a line.
+    /// A viewer drops repeated spaces and those at the ends of a line.
     void keepBlanks(QVector<Piece>& pieces) const
     {
         int end = pieces.size();
@@ -158,7 +158,7 @@ QVector<Piece> piecesOf(const QTextBlock& block, int from, int to)
 QString written(const QTextDocument* document, int from, int to, QChar keptBlank, bool keepLineEnds)
 {
     Writer writer(keptBlank);
-    int due = 0; // line breaks that are written when more follows
+    int due = 0; // line breaks to be written if more text follows
     for (QTextBlock block = document->findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
         QVector<Piece> line;
@@ -193,7 +193,7 @@ void TemplateEditorHtml::insert(QTextCursor& cursor, const QString& html)
         if (run.parameter < 0) {
             QString words = run.text;
             words.remove(QChar::ObjectReplacementCharacter);
-            words.remove(QChar::Null); // it shows nothing, and the blanks around it would meet
+            words.remove(QChar::Null); // it shows nothing, and the spaces around it would become adjacent
             cursor.insertText(words, TemplateText::charFormat(run.looks));
         } else if (!inserted[static_cast<std::size_t>(run.parameter)]) {
             const auto index = static_cast<std::size_t>(run.parameter);
@@ -241,7 +241,7 @@ QString TemplateEditorHtml::text(const QTextDocument* document)
 
 QString TemplateEditorHtml::fragment(const QTextDocument* document, int from, int to)
 {
-    constexpr QChar kept(0xE000); // no text has it; an entity would be escaped
+    constexpr QChar kept(0xE000); // not used in any text; an entity would be escaped
     return written(document, from, to, kept, true).replace(kept, QLatin1String("&#32;"));
 }
 

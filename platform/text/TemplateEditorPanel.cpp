@@ -20,8 +20,8 @@
 
 namespace
 {
-/// Leaves the parameters whose name, or the names of the groups above it, hold every word of the query. Groups stay with
-/// what is in them.
+/// Shows the parameters whose names, together with the names of their groups, contain every word of the
+/// query. Groups are shown with their content.
 class Matches : public QSortFilterProxyModel
 {
 public:
@@ -42,7 +42,7 @@ public:
                           indexes.first().data(TemplateEditorPanel::HtmlRole).toString().toUtf8());
         return mime;
     }
-    /// Copying alone: after a move the view would take the parameter out of the tree.
+    /// Only copying: after a move the view would remove the parameter from the tree.
     Qt::DropActions supportedDragActions() const override { return Qt::CopyAction; }
 
 protected:
@@ -206,7 +206,7 @@ void TemplateEditorPanel::reload()
     for (const Row& group : groups)
         parents.insert(group.key, m_items.contains(group.category) ? group.category : QString());
     for (const Row& group : groups) {
-        // Groups that contain each other have no place of their own: they stand on top.
+        // Groups that contain each other have no valid parent: they are shown at the top level.
         QSet<QString> seen{group.key};
         QString above = parents.value(group.key);
         while (!above.isEmpty() && !seen.contains(above)) {
@@ -253,7 +253,7 @@ void TemplateEditorPanel::update(MDRData* record)
     QStandardItem* item = m_items.value(row.key);
     const QString parent = item && item->parent() ? item->parent()->data(KeyRole).toString() : QString();
     if (!item || !row.offered || parent != row.category || item->text() != row.name) {
-        reload(); // its place may be another
+        reload(); // it may have moved
         return;
     }
     if (isParameter)
@@ -285,7 +285,7 @@ QModelIndex TemplateEditorPanel::firstParameter() const
 {
     QModelIndex index = m_shown->index(0, 0);
     while (index.isValid() && !index.data(HtmlRole).isValid())
-        index = m_shown->index(0, 0, index); // a group is shown only with a parameter in it
+        index = m_shown->index(0, 0, index); // a group is shown only if it contains a parameter
     return index;
 }
 
@@ -303,7 +303,7 @@ bool TemplateEditorPanel::eventFilter(QObject* watched, QEvent* event)
     const auto* key = static_cast<QKeyEvent*>(event);
     const bool escape = key->key() == Qt::Key_Escape;
     if (event->type() == QEvent::ShortcutOverride) {
-        // The window may have these keys for its own content: here they never mean that.
+        // The window may use these keys for its own content; here they must not reach it.
         if (!escape && !(watched == m_tree && key->key() == Qt::Key_Delete))
             return QWidget::eventFilter(watched, event);
         event->accept();

@@ -15,8 +15,9 @@ class QTextCodec;
 class QTreeView;
 struct MDRData;
 
-/// The parameters on offer as a tree of their groups, with a search line above it. A double click, or Enter in the
-/// tree or in the search line, takes a parameter; it can also be dragged from the tree into the text.
+/// The available parameters as a tree of their groups, with a search line above it. A double click, or
+/// Enter in the tree or in the search line, takes a parameter; it can also be dragged from the tree into
+/// the text.
 class TemplateEditorPanel : public QWidget
 {
     Q_OBJECT
@@ -29,14 +30,14 @@ public:
     void setTextCodec(QTextCodec* codec);
     void setCategories(CModelTable* table);
     void setParameters(CModelTable* table);
-    /// The base names on offer; empty: all.
+    /// The base names of the available parameters; empty: all.
     void setFilter(const QStringList& names);
-    /// False: the tree can be looked through, nothing is taken.
+    /// False: the tree can be browsed, but no parameter can be taken.
     void setTaking(bool taking);
 
-    /// Builds the tree anew; what is expanded and current stays.
+    /// Rebuilds the tree; keeps expanded branches and the current item.
     void reload();
-    /// One row has changed: its item alone is renewed when its place stays the same.
+    /// One row has changed: only its item is updated if its place is the same.
     void update(MDRData* record);
 
     QSize sizeHint() const override;
@@ -45,7 +46,7 @@ public:
 signals:
     /// The user has chosen the parameter with this text.
     void taken(const QString& html);
-    /// Escape was pressed: the search is over.
+    /// Escape was pressed: the search has ended.
     void left();
 
 protected:
@@ -65,7 +66,7 @@ private:
     void take(const QModelIndex& index);
     void search(const QString& query);
     void expandAsBefore();
-    /// The first parameter in the order of the tree that the search leaves.
+    /// The first parameter in the order of the tree that matches the search.
     QModelIndex firstParameter() const;
 
     QTextCodec* m_codec;

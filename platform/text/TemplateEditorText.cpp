@@ -24,7 +24,7 @@ const QString ownFormat = QStringLiteral("logbook_template_text");
 
 TemplateEditorText::TemplateEditorText(QWidget* parent) : QTextEdit(parent)
 {
-    setTabChangesFocus(true); // a template carries no tabs
+    setTabChangesFocus(true); // a template does not support tabs
     setAutoFormatting(QTextEdit::AutoNone);
     document()->setDocumentMargin(6);
     document()->documentLayout()->registerHandler(TemplateEditorChip::ObjectType,
@@ -105,7 +105,7 @@ void TemplateEditorText::redoStep()
 
 void TemplateEditorText::step(const std::function<void()>& go)
 {
-    // The document's own choice of a place may lie behind its end.
+    // The document's own choice of a position may be after its end.
     int place = -1;
     const auto changed = connect(document(), &QTextDocument::contentsChange, this,
                                  [&place](int position, int, int added) { place = position + added; });
@@ -133,7 +133,7 @@ void TemplateEditorText::insertParameter(const QString& html)
     QTextCursor inserted(document());
     inserted.setPosition(start);
     inserted.setPosition(cursor.position(), QTextCursor::KeepAnchor);
-    QTextCharFormat look = words; // it reads like the words around it
+    QTextCharFormat look = words; // it reads like the surrounding words
     look.clearProperty(QTextFormat::TextVerticalAlignment);
     inserted.mergeCharFormat(look);
     if (isChip(cursor.position())) {
@@ -246,7 +246,7 @@ void TemplateEditorText::mousePressEvent(QMouseEvent* event)
     const bool inSelection = cursor.hasSelection() && m_pressedChip >= cursor.selectionStart() &&
                              m_pressedChip < cursor.selectionEnd();
     if (m_pressedChip >= 0 && !inSelection)
-        select(m_pressedChip); // selected before the press is seen, so that it can be dragged at once
+        select(m_pressedChip); // selected before the press is handled, so that it can be dragged at once
     QTextEdit::mousePressEvent(event);
 }
 

@@ -5,15 +5,15 @@
 #include <functional>
 #include <QTextEdit>
 
-/// The text of a template under edit. A chip is one character: a click selects it, it can be dragged, copied and
-/// deleted; Enter on a selected chip and a double click ask for its dialog. What comes in from outside is
-/// cleaned to what a template carries.
+/// The text of a template in the editor. A chip is one character: a click selects it, it can be dragged,
+/// copied and deleted; Enter on a selected chip and a double click open its dialog. Inserted foreign
+/// content is reduced to what a template supports.
 class TemplateEditorText : public QTextEdit
 {
     Q_OBJECT
 
 public:
-    /// Format in which the text of a single parameter is dragged in from a list of them.
+    /// Drag format for the text of a single parameter from a list.
     static QString parameterFormat() { return QStringLiteral("logbook_template_parameter"); }
 
     explicit TemplateEditorText(QWidget* parent = nullptr);
@@ -23,16 +23,16 @@ public:
     /// The content as a template's text, without template properties.
     QString content() const;
 
-    /// Inserts a parameter from the outside in place of the selection, parted by a blank from chips beside it.
+    /// Replaces the selection by a parameter from outside, separated by a space from adjacent chips.
     void insertParameter(const QString& html);
-    /// The position of the chip that is selected, or beside the cursor when nothing is; -1 for none.
+    /// The position of the selected chip, or of a chip next to the cursor without a selection; -1 for none.
     int currentChip() const;
-    /// An empty one when no chip stands there.
+    /// Empty if there is no chip at this position.
     TemplateEditorChip chipAt(int position) const;
     /// One step of undo.
     void replaceChip(int position, const TemplateEditorChip& chip);
 
-    /// One step back or forth; the cursor goes where the text changed.
+    /// One step of undo or redo; the cursor moves to the changed text.
     void undoStep();
     void redoStep();
 
@@ -43,9 +43,9 @@ public:
 
 signals:
     void chipRequested(int position);
-    /// A parameter was dropped here: the cursor stands where it goes.
+    /// A parameter was dropped here; the cursor is at the insertion point.
     void parameterDropped(const QString& html);
-    /// Something could not be taken over, or not as it was.
+    /// Something could not be inserted, or not unchanged.
     void refused(const QString& notice);
 
 protected:
@@ -62,14 +62,14 @@ protected:
 private:
     bool isChip(int position) const;
     QTextCharFormat formatAt(int position) const;
-    /// The chip under a point of the viewport, or -1.
+    /// The chip at a point of the viewport, or -1.
     int chipUnder(const QPoint& point) const;
     void select(int chip);
     void step(const std::function<void()>& go);
     QString toolTipOf(const TemplateEditorChip& chip) const;
-    /// Text typed beside a chip must not take over its format.
+    /// Text typed next to a chip must not get its format.
     void leaveChipFormat();
-    /// True when all of the selection has the look; without a selection, when typed text gets it.
+    /// True if the whole selection has the look; without a selection, if typed text gets it.
     bool hasLook(TemplateText::Look look) const;
 
     int m_pressedChip = -1;

@@ -22,7 +22,7 @@ namespace
 constexpr int keptTemplates = 50;
 const QString textName = QStringLiteral("text.");
 const QString keyName = QStringLiteral("key.");
-constexpr int namedMissing = 4; ///< of the parameters without a value; more would not be read
+constexpr int namedMissing = 4; ///< parameters without a value that a message names; nobody would read more
 } // namespace
 
 struct TemplateFiller::Private {
@@ -30,10 +30,10 @@ struct TemplateFiller::Private {
 
     void build();
     void readTemplate();
-    /// The value that the text itself holds; a label is none.
+    /// The value that the text itself contains; a label is not a value.
     ParameterValue valueInText(int index) const;
     bool isFilled(int index) const;
-    int firstMissing() const; ///< -1 when nothing is missing
+    int firstMissing() const; ///< -1 if nothing is missing
     FillerText::Shown shown(int index) const;
     void showParameter(int index);
     void userEdited(int index);
@@ -55,16 +55,16 @@ struct TemplateFiller::Private {
     QString html;
     HtmlParser parser; ///< over the text in UTF-8
     QVector<ParameterSpec> specs;
-    QVector<ParameterValue> initial; ///< values that the text came with
+    QVector<ParameterValue> initial; ///< values that the text already had
     QVector<ParameterValue> values;
-    bool isRecord = false; ///< the text came with values: it is no template any more
+    bool isRecord = false; ///< the text already had values: it is a record, not a template
 
-    QPointer<KeptTexts> texts; ///< one text a template, the template's html among its values
+    QPointer<KeptTexts> texts; ///< one kept text for each template, with the template's html among its values
     QString keptPlace;
     QString keptCaption;
     Keeps keeps = Everything;
-    QHash<int, ParameterValue> typed; ///< for the template on show, by the parameter's number
-    QByteArray keptId;                ///< of what was typed for it; empty: nothing
+    QHash<int, ParameterValue> typed; ///< for the shown template, by the parameter's number
+    QByteArray keptId;                ///< id of its kept text; empty: none
 
     QStackedWidget* pages = nullptr;
     QSplitter* splitter = nullptr;
@@ -246,7 +246,7 @@ void TemplateFiller::Private::keepTyped(KeptTexts::Where where)
         texts->forget(all.at(i).id);
 }
 
-/// Finds what was typed for the template on show earlier.
+/// Finds the values typed earlier for the shown template.
 void TemplateFiller::Private::takeKept()
 {
     KeptTexts::Values kept;
@@ -265,7 +265,7 @@ void TemplateFiller::Private::takeKept()
         texts->hold(keptId, q);
 }
 
-/// Another template comes.
+/// Called when another template is shown.
 void TemplateFiller::Private::leaveKept()
 {
     if (!keptId.isEmpty())
@@ -330,7 +330,7 @@ TemplateFiller::TemplateFiller(QWidget* parent) : QWidget(parent), d(new Private
 
 TemplateFiller::~TemplateFiller()
 {
-    d->editors->blockSignals(true); // they lose the keyboard after d is gone
+    d->editors->blockSignals(true); // they lose the focus after d is destroyed
 }
 
 void TemplateFiller::setModule(CVrkCliMod* module)
@@ -384,7 +384,7 @@ void TemplateFiller::setParameterValue(unsigned int index, const QString& text, 
     if (d->values.at(i) == value)
         return;
     d->values[i] = value;
-    if (d->typed.remove(i) > 0) { // it is no longer what was typed
+    if (d->typed.remove(i) > 0) { // it is no longer the typed value
         if (d->typed.isEmpty())
             d->forgetKept();
         else

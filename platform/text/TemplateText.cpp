@@ -56,7 +56,7 @@ constexpr std::string_view blocks[] = {"p",  "div", "li", "ul", "ol", "tr", "tab
                                        "h1", "h2",  "h3", "h4", "h5", "h6", "hr",    "blockquote"};
 constexpr std::string_view unseen[] = {"head", "style", "script", "title"};
 
-/// Walks the markup and hands visible text to the sink: text(pointer, length, looks, parameter) and
+/// Walks the markup and passes visible text to the sink: text(pointer, length, looks, parameter) and
 /// parameter(index) at the start of each parameter.
 template <class Sink>
 class Walker
@@ -72,7 +72,8 @@ public:
                 if (token.kind == Scanner::Close && Scanner::equals(token.name, m_unseen))
                     m_unseen = std::string_view();
                 if (m_scanner.parameterLink(token).found)
-                    m_sink.parameter(m_count++, Looks()); // counted, for the numbers are those of the parser
+                    m_sink.parameter(m_count++, Looks()); // counted, because the numbers must match the
+                                                          // parser's
             } else if (token.kind == Scanner::Text) {
                 text(m_scanner.view(token));
             } else if (token.kind == Scanner::Open) {
@@ -86,7 +87,7 @@ public:
 private:
     struct Level {
         std::string_view name;
-        Looks looks; ///< in force outside
+        Looks looks; ///< looks outside the parameter
     };
 
     void open(const Scanner::Token& token)
@@ -98,7 +99,7 @@ private:
         if (Scanner::equals(token.name, "a")) {
             closeAnchor();
             if (m_scanner.parameterLink(token).found) {
-                showDue(); // what was seen in front does not belong to the parameter
+                showDue(); // the preceding text does not belong to the parameter
                 m_parameter = m_count++;
                 m_anchorDepth = m_depth;
                 m_sink.parameter(m_parameter, m_looks);
@@ -201,7 +202,8 @@ private:
         }
     }
 
-    /// Shows the entity at the start of \a html, or the ampersand itself; how much of it was used.
+    /// Shows the entity at the start of \a html, or a literal ampersand; returns the number of characters
+    /// used.
     std::size_t entity(Scanner::View html)
     {
         const std::size_t end = html.substr(0, longestEntity).find(u';');
@@ -237,7 +239,7 @@ private:
         m_sink.text(text, length, m_looks, m_parameter);
     }
 
-    /// Line breaks and the blank that were put off until more text follows.
+    /// Writes the pending line breaks and the pending space.
     void showDue()
     {
         startBlock();
@@ -259,11 +261,11 @@ private:
     int m_parameter = -1;
     int m_count = 0;
     std::string_view m_unseen;
-    bool m_anything = false; ///< something was seen in front: a new block begins a line
+    bool m_anything = false; ///< there is visible text: a new block begins a line
     bool m_newBlock = false; ///< the next text begins a new line
-    bool m_lineStart = true; ///< blanks are not seen here
-    bool m_blank = false;    ///< a blank is due when more text follows in the line
-    int m_breaks = 0;        ///< line breaks that are due when more text follows
+    bool m_lineStart = true; ///< spaces are invisible here
+    bool m_blank = false;    ///< a space is pending until more text follows in the line
+    int m_breaks = 0;        ///< line breaks that are pending until more text follows
     Looks m_blankLooks;
     int m_blankParameter = -1;
 };

@@ -9,7 +9,7 @@
 
 namespace
 {
-constexpr int PartLimit = 32; // words of a query that are looked at
+constexpr int PartLimit = 32; // maximum number of query words
 } // namespace
 
 TemplatesModel::TemplatesModel(QObject* parent)
@@ -47,7 +47,7 @@ void TemplatesModel::applyFilter()
 {
     const quint64 allParts = (quint64(1) << m_parts.size()) - 1;
     const bool hideEmpty = m_hideEmpty || isFiltered();
-    // A bit for each word found in the name of a node or of a category above it; parents stand before
+    // A bit for each word found in the name of a node or of a category above it; parents come before
     // children.
     std::vector<quint64> found(m_nodes.size(), 0);
     std::vector<bool> shown(m_nodes.size(), false);
@@ -109,7 +109,8 @@ QModelIndex TemplatesModel::nextTemplate(const QModelIndex& from, int step) cons
     int position = step > 0 ? 0 : count - 1;
     if (from.isValid()) {
         const Node& node = m_nodes[static_cast<std::size_t>(nodeOf(from))];
-        // A category lies between the template before it and the first one below it.
+        // In the order of the tree, a category is between the template before it and the first one below
+        // it.
         position = node.order + (step > 0 ? (node.kind == Kind::Template ? 1 : 0) : -1);
     }
     return position >= 0 && position < count ? indexOfNode(m_order[static_cast<std::size_t>(position)])
@@ -202,7 +203,7 @@ QVariant TemplatesModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return node.name;
     case Qt::ToolTipRole: {
-        // Names are cut off in a narrow tree, and a recent template does not show where it is filed.
+        // Names are truncated in a narrow tree, and a recent template does not show its category.
         QStringList path{node.name};
         int parent =
             m_nodes[static_cast<std::size_t>(m_places.value(node.key, {nodeOf(index)}).front())].parent;

@@ -9,7 +9,7 @@
 class CModelTable;
 class QTextCodec;
 
-/// What the tree of templates is built from. Nothing is owned.
+/// The data from which the tree of templates is built. Owns nothing.
 struct TemplatesSource {
     QTextCodec* codec = nullptr;
     CModelTable* categories = nullptr;
@@ -18,16 +18,15 @@ struct TemplatesSource {
     CModelTable* orgTypes = nullptr;
     QString departmentKey;
     QString orgTypeKey;
-    QStringList props;        ///< template properties asked for
-    bool propsPresent = true; ///< all of them are there, or none
+    QStringList props;        ///< template properties to filter by
+    bool propsPresent = true; ///< templates must have all of them, or none
     QStringList recent;
     QStringList pinned;
 };
 
-/// The tree shown by TemplatesWidget: groups, in them categories by name, then templates by name. It is built
-/// in one pass and holds keys and names only, so that the tables may change under it until the next
-/// rebuild(). A template may stand at several places: in its category, among the recent and among the pinned
-/// ones.
+/// The tree of TemplatesWidget: groups, in them categories by name, then templates by name. It is built in
+/// one pass and contains only keys and names, so the tables may change until the next rebuild(). A template
+/// may occur several times: in its category, among the recent and among the pinned ones.
 class TemplatesModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -41,23 +40,23 @@ public:
     explicit TemplatesModel(QObject* parent = nullptr);
 
     void rebuild(const TemplatesSource& source);
-    /// Shows only templates in whose name, or the names of whose categories, all words of the query are
-    /// found, and the categories that hold them.
+    /// Shows only templates whose name, together with the names of their categories, contains all words of
+    /// the query, and the categories that contain them.
     void setFilter(const QString& query);
     bool isFiltered() const { return !m_parts.isEmpty(); }
-    int templateCount() const { return m_templateCount; } ///< in the levels, whatever the filter
-    int shownCount() const { return m_shownCount; }       ///< in the levels, under the filter
+    int templateCount() const { return m_templateCount; } ///< in the levels, without the filter
+    int shownCount() const { return m_shownCount; }       ///< in the levels, with the filter
 
     /// The first shown template of the levels.
     QModelIndex firstTemplate() const;
-    /// The template shown next after (\a step 1) or before (-1) an index in the order of the tree.
+    /// The next (\a step 1) or previous (-1) shown template in the order of the tree.
     QModelIndex nextTemplate(const QModelIndex& from, int step) const;
-    /// The first shown template in whose name the query begins a word, otherwise the first shown one.
+    /// The first shown template with a word that begins with the query, otherwise the first shown one.
     QModelIndex bestMatch() const;
-    /// Where a template is shown: at \a near's group when it is there, otherwise in its category.
+    /// The index of a template: in the group of \a near if it is there, otherwise in its category.
     QModelIndex indexOf(const QString& templateKey, const QString& nearGroup = QString()) const;
     bool contains(const QString& templateKey) const { return m_places.contains(templateKey); }
-    /// The key of the group in which an index stands.
+    /// The key of an index's group.
     QString groupOf(const QModelIndex& index) const;
 
     QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
@@ -75,9 +74,9 @@ private:
         QString key;
         QString name;
         QString folded;
-        std::vector<int> shown; ///< children under the filter, in order
+        std::vector<int> shown; ///< children that pass the filter, in order
         int row = -1;           ///< among the parent's shown children, -1 when hidden
-        int order = 0;          ///< number of shown templates that stand before it in the tree
+        int order = 0;          ///< number of shown templates before it in the tree
     };
     class Builder;
 

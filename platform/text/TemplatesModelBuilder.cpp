@@ -42,7 +42,7 @@ std::vector<MDRData*> recordsWith(CModelTable* table, const char* field, const Q
     return {found.begin(), found.end()};
 }
 
-/// "Caption: name", or the plain caption when the name is not known.
+/// "Caption: name", or the plain caption if the name is not known.
 QString levelCaption(CModelTable* table, const QString& recordKey, const QTextCodec* codec,
                      const QString& named, const QString& plain)
 {
@@ -51,7 +51,7 @@ QString levelCaption(CModelTable* table, const QString& recordKey, const QTextCo
     return name.isEmpty() ? plain : named.arg(name);
 }
 
-/// A record with its name as it is sorted.
+/// A record with its sort name.
 struct Named {
     MDRData* record;
     QString name;
@@ -88,7 +88,7 @@ TemplatesModel::Builder::Builder(const TemplatesSource& source) : m_source(sourc
                           tr("Шаблоны типа организации")),
              recordsWith(source.categories, "OrgTypeKey", source.orgTypeKey));
     addLevel(QStringLiteral("#common"), tr("Общие шаблоны"), commonCategories());
-    // Last, because only what the levels hold is open to the department.
+    // Last, because the department may use only the templates of the levels.
     addFavourites(recent, source.recent);
     addFavourites(pinned, source.pinned);
 }
@@ -165,7 +165,7 @@ TemplatesModel::Builder::Records TemplatesModel::Builder::commonCategories() con
 TemplatesModel::Builder::Records TemplatesModel::Builder::subcategories(const QString& parentKey) const
 {
     Records result = recordsWith(m_source.categories, "ParentKey", parentKey);
-    // A row with a key of its own level is a top category there, whatever its parent says.
+    // A row with a key of its own level is a top category there, even if it has a parent.
     result.erase(std::remove_if(result.begin(), result.end(),
                                 [](const MDRData* record) {
                                     return hasText(record, "OrgTypeKey") || hasText(record, "DepartmentKey");

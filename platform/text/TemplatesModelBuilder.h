@@ -6,9 +6,9 @@
 
 #include <QSet>
 
-/// One pass over the tables that makes the nodes of the tree. Starts at the top categories of each level and
-/// finds children by the arrays' indexes; a category that was reached once is not entered again, so that
-/// damaged rows whose parents form a ring cannot hold it up.
+/// Builds the nodes of the tree in one pass over the tables. Starts at the top categories of each level and
+/// finds children by the arrays' indexes; a category is entered only once, which guards against cycles in
+/// damaged rows.
 class TemplatesModel::Builder
 {
 public:

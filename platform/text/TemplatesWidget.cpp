@@ -14,9 +14,9 @@
 
 namespace
 {
-// A tree up to this size is shown open: everything can be seen, nothing has to be searched for.
+// A tree up to this size is shown expanded, so that everything is visible.
 constexpr int SmallTree = 100;
-// Matches up to this number are all unfolded; of more nobody looks at the end.
+// Up to this number of matches all branches are expanded; nobody looks through more.
 constexpr int UnfoldedMatches = 500;
 constexpr int PageStep = 10;
 } // namespace
@@ -133,7 +133,7 @@ void TemplatesWidget::reloadTemplates()
 void TemplatesWidget::markStale()
 {
     m_stale = true;
-    if (isVisible()) // a bulk change of the tables comes as thousands of events: one rebuild serves them all
+    if (isVisible()) // a bulk change of the tables sends thousands of events: one rebuild is enough
         m_refreshTimer->start();
 }
 
@@ -159,7 +159,7 @@ void TemplatesWidget::refresh()
         highlight(m_model->indexOf(key, group));
     else
         highlightChosen();
-    m_form->templatesTree->doItemsLayout(); // the bar has no range before
+    m_form->templatesTree->doItemsLayout(); // the scroll bar has no range before
     m_form->templatesTree->verticalScrollBar()->setValue(scrolled);
     if (!m_chosen.isEmpty() && !m_model->contains(m_chosen))
         clearSelection();
@@ -244,7 +244,7 @@ void TemplatesWidget::choose(const QModelIndex& index)
 {
     if (index.data(TemplatesModel::TemplateRole).toBool()) {
         setChosen(index.data(TemplatesModel::KeyRole).toString(), m_model->groupOf(index));
-    } else { // walking over a category leaves the choice, and the look of it, as it is
+    } else { // moving over a category does not change the chosen template
         m_form->templatesTree->selectionModel()->select(m_model->indexOf(m_chosen, m_chosenGroup),
                                                         QItemSelectionModel::ClearAndSelect);
     }
@@ -363,8 +363,8 @@ bool TemplatesWidget::eventFilter(QObject* watched, QEvent* event)
         if (search ? searchKey(key) : treeKey(key))
             return true;
     } else if (event->type() == QEvent::FocusOut && search && !m_form->templatesTree->hasFocus()) {
-        // What was only looked at while typing is not the choice. On the way into the tree, or into another
-        // window and back, it is still looked at.
+        // A template that was only current while typing is not chosen. It remains current when the focus
+        // moves into the tree, or to another window and back.
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
             highlightChosen();

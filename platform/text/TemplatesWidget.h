@@ -23,8 +23,8 @@ class TemplatesWidget;
 }
 
 /// The tree of template categories and templates that a department may use, with a search line above it:
-/// first the templates used lately and the pinned ones (when a user is told), then those of the department,
-/// of its type of organization, and the common ones. The tables belong to the caller and may be refilled at
+/// first the recently used and the pinned templates (if a user is set), then those of the department, of
+/// its type of organization, and the common ones. The tables belong to the caller and may be refilled at
 /// any time, followed by reloadTemplates(); the widget keeps keys, never records.
 class VRK_EXPORT TemplatesWidget : public QWidget
 {
@@ -38,47 +38,47 @@ public:
     void setTextCodec(QTextCodec* codec);
     void setCatsTemplateTable(CModelTable* table);
     void setTemplatesTable(CModelTable* table);
-    /// Only for the captions of the levels; both may be missing.
+    /// Needed only for the captions of the levels; both may be missing.
     void setDepartmentsTable(CModelTable* table);
     void setOrgTypesTable(CModelTable* table);
-    /// The department and the type of organization whose templates are open. An empty key: no templates of
-    /// that level.
+    /// The department and the type of organization whose templates are available. An empty key: no
+    /// templates of that level.
     void setRootDepKeyLink(const QString& key);
     void setRootOrgKeyLink(const QString& key);
-    /// Restricts the tree to templates that carry all named properties (\a present), or none of them. An
-    /// empty list lifts the restriction.
+    /// Restricts the tree to templates that have all named properties (\a present), or none of them. An
+    /// empty list removes the restriction.
     void setTemplateProps(const QStringList& props, bool present);
-    /// Turns the groups of recent and pinned templates on, kept for this worker and the department told by
-    /// setRootDepKeyLink. Without a key there are no such groups.
+    /// Shows the groups of recent and pinned templates, kept for this worker and the department set by
+    /// setRootDepKeyLink. Without a key these groups are hidden.
     void setUserKey(const QString& workerKey);
 
-    /// The tables have changed. Hidden: the tree is built anew at the next showing or question. Visible: the
-    /// tree keeps its selection and expanded branches; selectionChanged() comes, at once, only when the
-    /// selected template is gone.
+    /// The tables have changed. If hidden, the tree is rebuilt when it is next shown or queried. If
+    /// visible, the tree keeps its selection and expanded branches; it emits selectionChanged() at once,
+    /// but only if the selected template no longer exists.
     void reloadTemplates();
-    /// Whether any template is open here, whatever is searched for.
+    /// Whether any template is available, independent of the search.
     bool hasTemplates() const;
-    /// Selects the first template of the levels, department first; none clears the selection.
+    /// Selects the first template of the levels, department first; clears the selection if there is none.
     void selectFirstTemplate();
     void clearSelection();
-    /// Selects the template with this key; false and no change when it is not open here.
+    /// Selects the template with this key; false and no change if it is not available.
     bool selectTemplate(const QString& key);
-    /// The chosen template, a record of the templates table, or null. Look it up anew after each change of
-    /// the table.
+    /// The chosen template, a record of the templates table, or null. Get it again after each change of the
+    /// table.
     MDRData* currentTemplate() const;
     QString currentTemplateKey() const;
 
-    /// The chosen template was used: it comes first among the recent ones.
+    /// The chosen template was used: it becomes the first of the recent ones.
     void noteUse();
-    /// Empties the search line and puts the keyboard there. Typing narrows the tree, arrow keys move in it,
-    /// Enter chooses.
+    /// Clears the search line and gives it the focus. Typing filters the tree, arrow keys move in it, Enter
+    /// chooses.
     void startSearch();
 
 signals:
-    /// Another template is chosen, or none any more. Not sent for choosing the same one again.
+    /// Another template or none is chosen. Not emitted when the same one is chosen again.
     void selectionChanged();
-    /// The user has chosen by Enter or double click, the same template included: the keyboard may go on to
-    /// its text.
+    /// The user has chosen with Enter or a double click, possibly the same template: the focus may move on
+    /// to its text.
     void templateActivated();
 
 protected:
@@ -110,10 +110,11 @@ private:
     std::unique_ptr<TemplateFavourites> m_favourites;
     QAction* m_pinAction;
     QTimer* m_refreshTimer;
-    QSet<QString> m_toggled; ///< keys of branches that the user opened or closed against their default
+    QSet<QString> m_toggled; ///< keys of branches that the user has expanded or collapsed against their
+                             ///< default
     QString m_userKey;
     QString m_chosen;      ///< key of the chosen template
-    QString m_chosenGroup; ///< where in the tree it was chosen
+    QString m_chosenGroup; ///< group of the tree in which it was chosen
     bool m_stale = true;
-    bool m_arranging = false; ///< the tree is changed by the widget, not by the user
+    bool m_arranging = false; ///< the widget is changing the tree, not the user
 };

@@ -24,7 +24,7 @@ TextParameterEditor::TextParameterEditor(const ParameterSpec& spec, LatelyUsed* 
     rows()->addWidget(m_edit);
     addInput(m_edit);
     m_popup = new SuggestionPopup(m_edit, m_model);
-    m_popup->setEnterStays(true); // the text may go on
+    m_popup->setEnterStays(true); // the text may continue
 
     connect(m_edit, &QPlainTextEdit::textChanged, this, [this] {
         m_key.clear();

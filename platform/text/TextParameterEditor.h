@@ -6,9 +6,10 @@ class GrowingTextEdit;
 class SuggestionModel;
 class SuggestionPopup;
 
-/// Free text. The input grows with its lines; Enter leads on and Shift+Enter makes a line break, the other way round
-/// (Enter breaks, Ctrl+Enter leads on) where the text is all there is to the record. Texts lately given to parameters of
-/// this label are offered while typing and with the down key.
+/// Free text. The input grows with its lines. Enter moves to the next parameter and Shift+Enter inserts a
+/// line break; if the parameter is the whole text of the record, Enter inserts a line break and Ctrl+Enter
+/// moves on. Texts recently given to parameters with this label are suggested while typing and with the
+/// down key.
 class TextParameterEditor : public ParameterEditor
 {
     Q_OBJECT
@@ -30,5 +31,5 @@ private:
     GrowingTextEdit* m_edit;
     SuggestionModel* m_model;
     SuggestionPopup* m_popup;
-    QString m_key; ///< of the value that was set, until the text changes
+    QString m_key; ///< of the set value, until the text changes
 };
