@@ -23,7 +23,7 @@ QString iconName(TMessageBoxIcon icon)
     return QStringLiteral("information");
 }
 
-// The larger rendering, shown at the size of message icons.
+// The larger rendering, at the size of message icons.
 QPixmap iconPixmap(TMessageBoxIcon icon, int side)
 {
     QPixmap pixmap(QStringLiteral(":/vrk/%1@2x.png").arg(iconName(icon)));
@@ -88,7 +88,7 @@ QPushButton* CPopMessageBox::addButton(const QString& text, QDialogButtonBox::Bu
 {
     QPushButton* button = m_buttons->addButton(text, role);
     button->setObjectName(QLatin1String(name));
-    // Told before clicked(): the slot that gets the answer closes the box.
+    // Set before clicked(): the slot that gets the answer closes the box.
     connect(button, &QAbstractButton::released, this, [this] { m_answered = true; });
     return button;
 }
@@ -105,7 +105,7 @@ QString CPopMessageBox::text() const
 
 void CPopMessageBox::fitHeight()
 {
-    // Laid out anew first: the row with the text keeps the height of the message before otherwise.
+    // Forces a new layout: otherwise the row with the text keeps the height of the previous message.
     layout()->invalidate();
     layout()->activate();
     const int wanted = layout()->totalHeightForWidth(qMax(width(), layout()->minimumSize().width()));
@@ -114,8 +114,8 @@ void CPopMessageBox::fitHeight()
 
 bool CPopMessageBox::event(QEvent* event)
 {
-    // The button box makes its first accepting button the default one whenever it comes to the screen, also when the
-    // window system restores it; Return does nothing here.
+    // The button box makes its first accepting button the default one whenever it is shown, also when the
+    // window system restores it; here Return must do nothing.
     if (event->type() == QEvent::Show) {
         for (QAbstractButton* button : m_buttons->buttons()) {
             if (auto* push = qobject_cast<QPushButton*>(button)) {

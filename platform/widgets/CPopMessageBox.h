@@ -23,10 +23,10 @@ enum TMessageBoxType {
     MessageTypeYesNo = 5, ///< a question; guards the window under the box
 };
 
-/// The message box. One serves a module or a tab for all its messages: setMessage(), show(), and the answer
-/// comes to a slot connected to the button box's clicked(QAbstractButton*). A slot first disconnects that
-/// signal as a whole, then closes the box, and goes on only if ButtonRole() of a button that is not null
-/// gives 5.
+/// The message box. A module or a tab uses one box for all its messages: setMessage(), show(), and the
+/// answer goes to a slot connected to the button box's clicked(QAbstractButton*). A slot first disconnects
+/// the whole signal, then closes the box, and continues only if the button is not null and ButtonRole()
+/// returns 5.
 class VRK_EXPORT CPopMessageBox : public CPopTemplate
 {
     Q_OBJECT
@@ -35,13 +35,14 @@ public:
     explicit CPopMessageBox(QWidget* parent);
     ~CPopMessageBox() override;
 
-    /// Fills the box for a new message; slots of an earlier one are disconnected, for its answer was never
-    /// given. A text that begins with "<center>" is markup: names and the like in it have to be escaped. Any other is
-    /// shown as it stands. \a slot is null or the SLOT() signature of a slot of the parent, which gets the answer.
+    /// Fills the box for a new message; disconnects slots of an earlier one, which was never answered. A
+    /// text that begins with "<center>" is markup: names and the like in it must be escaped. Any other text
+    /// is shown as plain text. \a slot is null or the SLOT() signature of a slot of the parent, which gets
+    /// the answer.
     void setMessage(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
                     const char* slot = nullptr);
     QDialogButtonBox* buttonBox() const { return m_buttons; }
-    /// The role in the sense of QDialogButtonBox::ButtonRole, 5 for yes; -1 for null and foreign buttons.
+    /// The role as in QDialogButtonBox::ButtonRole, 5 for yes; -1 for null and foreign buttons.
     int ButtonRole(QAbstractButton* button) const;
 
     QString title() const { return windowTitle(); }
@@ -66,5 +67,5 @@ private:
     QDialogButtonBox* m_buttons;
     TMessageBoxIcon m_icon = MessageIconInformation;
     TMessageBoxType m_type = MessageTypeOk;
-    bool m_answered = false; ///< a button was pressed, or the frame has answered
+    bool m_answered = false; ///< a button was pressed, or the window was closed
 };

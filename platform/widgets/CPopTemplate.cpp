@@ -16,8 +16,8 @@ QMargins frameOf(const QWidget* window)
                     qMax(0, outer.right() - inner.right()), qMax(0, outer.bottom() - inner.bottom()));
 }
 
-// The room that the contents may take on the screen, the window's frame left out. A window that was never shown has no
-// frame yet: it will get one like that of the window below.
+// The screen area available to the contents, without the window's frame. A window that was never shown has
+// no frame yet: it will get one like that of the window below.
 QRect room(const QWidget* window)
 {
     QMargins frame = frameOf(window);
@@ -63,7 +63,7 @@ bool CPopTemplate::event(QEvent* event)
     if (byTheSystem)
         return true;
     const bool done = QWidget::event(event);
-    // The first events by which the window system tells of the frame that it has put around the contents.
+    // The first events after which the size of the window's frame is known.
     if (event->type() == QEvent::Move || event->type() == QEvent::WindowActivate)
         settle();
     return done;
@@ -102,7 +102,7 @@ void CPopTemplate::hideEvent(QHideEvent* event)
 {
     if (m_guard)
         m_guard->lower();
-    // After minimising and restoring, a window manager would choose the module's window.
+    // After minimising and restoring, a window manager would activate the module's window.
     const bool wasActive = !QApplication::activeWindow();
     if (wasActive && m_opener && m_opener != this && m_opener->isVisible())
         m_opener->activateWindow();

@@ -8,12 +8,13 @@
 
 class PopGuard;
 
-/// Base of all dialogs: a pop-up over the module's window. A window of its own, not modal, no larger than the
-/// screen with its frame; it is hidden and shown again, never destroyed before its parent. Keys do nothing by
-/// themselves. A dialog that another one has opened gives the keyboard back to it.
+/// Base of all dialogs: a pop-up over the module's window. It is a separate window, not modal, with its
+/// frame no larger than the screen; it is hidden and shown again, and destroyed only with its parent. Keys
+/// have no default actions. A dialog that another one has opened returns the focus to it.
 ///
-/// showEvent() and hideEvent() come when somebody shows or closes the dialog. A window that the window system minimises
-/// and restores was neither shown nor closed: it gets no such event and keeps what it holds.
+/// showEvent() and hideEvent() are called when somebody shows or closes the dialog. A window that the
+/// window system minimises and restores was neither shown nor closed: it gets no such event and keeps its
+/// content.
 class VRK_EXPORT CPopTemplate : public QWidget
 {
     Q_OBJECT
@@ -23,10 +24,10 @@ public:
     explicit CPopTemplate(QWidget* parent, int flag = -1);
     ~CPopTemplate() override;
 
-    /// Centres the window over its parent's window, on the screen as a whole.
+    /// Centres the window over its parent's window, fully on the screen.
     void moveToCenter();
-    /// Asks for a guard: while the dialog is visible, mouse and keys do not reach the window under it. For
-    /// questions and small value dialogs whose answer goes to the record that is current below.
+    /// Requests a guard: while the dialog is visible, mouse and keys do not reach the window under it. For
+    /// questions and small value dialogs whose answer applies to the current record of that window.
     void setGuarding(bool guarding);
 
 protected:
@@ -39,8 +40,9 @@ private:
     void fitIntoScreen(QRect contents);
     void settle();
 
-    std::unique_ptr<PopGuard> m_guard; ///< made when first asked for
-    QPointer<CPopTemplate> m_opener;   ///< was active when this one was shown: gets the keyboard back
+    std::unique_ptr<PopGuard> m_guard; ///< created when first needed
+    QPointer<CPopTemplate> m_opener;   ///< the dialog that was active when this one was shown: gets the
+                                       ///< focus back
     bool m_guarding = false;
-    bool m_isFrameless = false; ///< shown before its frame was known
+    bool m_isFrameless = false; ///< shown before its frame size was known
 };

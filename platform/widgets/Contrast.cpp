@@ -26,7 +26,7 @@ QColor Contrast::legible(const QColor& color, const QColor& ground, double least
 {
     if (between(color, ground) >= least)
         return color;
-    // Away from the ground, to the side with more room.
+    // Away from the background, towards the side with more range.
     const bool isLighter = between(Qt::white, ground) > between(Qt::black, ground);
     for (int step = 1; step < 20; ++step) {
         const qreal share = step / 20.0;

@@ -27,7 +27,7 @@ void EmptyHint::refresh()
     const bool isEmpty = m_view->model()->rowCount() == 0;
     setText(isEmpty ? m_ask() : QString());
     setVisible(!text().isEmpty());
-    // Readers of the screen come to the view, not to what stands over it.
+    // Screen readers read the view, not the label over it.
     m_view->setAccessibleDescription(text());
     place();
 }

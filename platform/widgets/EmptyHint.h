@@ -7,17 +7,18 @@
 
 class QAbstractItemView;
 
-/// Says in an empty list or table why nothing is there, and what to do. It stands over the view's rows and lets the mouse
-/// through; it is gone as soon as there is a row.
+/// Explains in an empty list or table why it is empty, and what to do. It covers the view's rows and passes
+/// mouse events through; it disappears as soon as there is a row.
 class VRK_EXPORT EmptyHint : public QLabel
 {
     Q_OBJECT
 
 public:
-    /// \a text is asked each time that the view has become empty; an empty one shows nothing. The view has its model.
+    /// \a text is called each time the view becomes empty; an empty text shows nothing. The view must have
+    /// its model.
     EmptyHint(QAbstractItemView* view, std::function<QString()> text);
 
-    /// What the text tells has changed.
+    /// The hint's text has changed.
     void refresh();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

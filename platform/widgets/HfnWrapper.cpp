@@ -35,7 +35,7 @@ void append(QString& name, const QString& part)
     name += part;
 }
 
-// A part that is empty but not null still leaves its point; this is meant.
+// Deliberate: a part that is empty but not null still gives its point.
 QString initial(const QTextCodec* codec, const CModelTable* table, const MDRData* record, const char* field)
 {
     MDRVar value;

@@ -6,15 +6,15 @@
 
 class QTextCodec;
 
-/// Texts about workers, read from the tables. A key that is empty or not found, and a missing table, give an
-/// empty text; key 0 of Workers and Roles is KeyLink.
+/// Texts about workers, read from the tables. A key that is empty or not found, and a missing table, give
+/// an empty text; key 0 of Workers and Roles must be KeyLink.
 namespace HfnWrapper
 {
-/// Surname, then the initials of first name and patronymic, each behind a blank and followed by a point.
+/// Surname, then the initials of first name and patronymic, each after a space and followed by a point.
 VRK_EXPORT QString workerShortName(const QTextCodec* codec, CModelTable* workers, QString workerKey);
-/// Surname, first name and patronymic, joined by blanks.
+/// Surname, first name and patronymic, joined by spaces.
 VRK_EXPORT QString workerFullName(const QTextCodec* codec, CModelTable* workers, QString workerKey);
-/// Names of the worker's roles, sorted without regard to case and joined by "/".
+/// Names of the worker's roles, sorted case-insensitively and joined by "/".
 VRK_EXPORT QString workerRoles(const QTextCodec* codec, CModelTable* roles, CModelTable* workerRoles,
                                QString workerKey);
 } // namespace HfnWrapper

@@ -50,7 +50,7 @@ void NoticeBar::tell(Kind kind, const QString& text, const QVector<Choice>& choi
     for (QWidget* button : qAsConst(m_buttons)) {
         button->hide();
         button->setObjectName(QString());
-        button->deleteLater(); // the bar may be told anew by the press of one of them
+        button->deleteLater(); // pressing a button may change the bar
     }
     m_buttons.clear();
     m_ids.clear();

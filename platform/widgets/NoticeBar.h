@@ -8,15 +8,15 @@
 class QHBoxLayout;
 class QLabel;
 
-/// A line inside a window that tells something or asks: an icon, a text, and buttons for what can be done about it.
-/// Hidden until it is shown; asks nothing of the window but its place.
+/// A line inside a window with a message or a question: an icon, a text, and a button for each possible
+/// action. Hidden until it is shown; needs nothing from the window but a place.
 class VRK_EXPORT NoticeBar : public QFrame
 {
     Q_OBJECT
 
 public:
     enum Kind { Information, Warning, Question, Error };
-    /// One answer: what chosen() tells, the button's text, its object name.
+    /// One answer: the id that chosen() emits, the button's text, its object name.
     struct Choice {
         int id;
         QString text;
@@ -25,10 +25,10 @@ public:
 
     explicit NoticeBar(QWidget* parent = nullptr);
 
-    /// Shows the bar with this text and these buttons, in place of what it showed.
+    /// Shows the bar with this text and these buttons; replaces its current content.
     void tell(Kind kind, const QString& text, const QVector<Choice>& choices = {});
     QString text() const;
-    /// Puts the keyboard on the button of this answer.
+    /// Moves the focus to the button of this answer.
     void focusChoice(int id);
 
 signals:

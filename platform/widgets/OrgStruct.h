@@ -7,7 +7,7 @@
 /// Items of the organization structure.
 namespace OrgStruct
 {
-/// Kinds of items; joined, the kinds that may be selected.
+/// Kinds of items; combined as flags, the kinds that may be selected.
 enum ItemType {
     None = 0,
     OrgType = 1,
@@ -26,7 +26,7 @@ struct Worker {
     int group = 0;    ///< safety group, 0 for none
 };
 
-/// What the user has chosen. The keys of all levels above the item are set too, where there are such.
+/// The selected item. The keys of all levels above it are set, too, if they exist.
 struct SelectedItem {
     int type = None;
     QString orgTypeKey;

@@ -6,8 +6,8 @@
 class OrgStructWidget;
 class QPushButton;
 
-/// The pop-up in which a department or a worker is chosen. One serves all dialogs of a tab, so whoever asks
-/// connects to itemSelected anew and disconnects what an earlier, cancelled choice has left.
+/// The pop-up for choosing a department or a worker. All dialogs of a tab share one, so each user
+/// reconnects itemSelected and disconnects what an earlier, cancelled choice has left.
 class VRK_EXPORT OrgStructDialog : public CPopTemplate
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     OrgStructWidget* widget() const { return m_widget; }
 
 signals:
-    /// The user has chosen, by double click, Enter or the button; the dialog is closed before.
+    /// The user has chosen with a double click, Enter or the button; emitted after the dialog has closed.
     void itemSelected(const OrgStruct::SelectedItem& item);
 
 protected:

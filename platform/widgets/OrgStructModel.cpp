@@ -12,7 +12,7 @@ int typeOf(const QStandardItem* item)
     return item->data(OrgStructModel::TypeRole).toInt();
 }
 
-// Workers stand before subdepartments, otherwise by name.
+// Workers come before subdepartments; otherwise items are sorted by name.
 bool precedes(const QStandardItem* left, const QStandardItem* right)
 {
     static const QCollator collator{QLocale(QLocale::Russian)};
@@ -73,7 +73,7 @@ QModelIndex OrgStructModel::indexOf(int type, const QString& key) const
     return item ? item->index() : QModelIndex();
 }
 
-// The item of a row, made with all those above it.
+// The item of a row; creates it and all items above it if needed.
 QStandardItem* OrgStructModel::place(const OrgStructTables::Row& row)
 {
     if (row.hidden)
@@ -128,13 +128,13 @@ void OrgStructModel::refresh(int type, const QString& key)
         QStandardItem* parent = item->parent() ? item->parent() : invisibleRootItem();
         QStandardItem* target = parentItem(row);
         setName(item, row.name);
-        // Left in its place where possible: an item that is taken out loses selection and expansion.
+        // Stays in its place if possible: a removed item loses selection and expansion.
         if (parent != target || !isInOrder(parent, item))
             insert(target, parent->takeRow(item->row()).first());
     }
 }
 
-// Moves rows that hang elsewhere now, because an item of this type has come or gone.
+// Moves rows that now have a different parent, because an item of this type was added or removed.
 void OrgStructModel::moveChildren(int type)
 {
     for (int child = type; child <= OrgStruct::Person; child *= 2) {

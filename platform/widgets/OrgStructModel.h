@@ -6,8 +6,8 @@
 #include <QSortFilterProxyModel>
 #include <QStandardItemModel>
 
-/// The tree of organizations as items. Single rows come, go and move with their notifications, so that selection and
-/// expanded branches live through events.
+/// The tree of organizations as items. Single rows are inserted, removed and moved with the proper signals,
+/// so that selection and expanded branches survive events.
 class OrgStructModel : public QStandardItemModel
 {
     Q_OBJECT
@@ -18,10 +18,10 @@ public:
     explicit OrgStructModel(const OrgStructTables* tables, QObject* parent = nullptr);
     ~OrgStructModel() override;
 
-    /// Builds the tree anew.
+    /// Rebuilds the tree.
     void rebuild();
-    /// Brings one item to what the tables say: makes, moves, renames or removes it, and moves items whose parent it
-    /// is or was.
+    /// Updates one item from the tables: creates, moves, renames or removes it, and moves items whose
+    /// parent it is or was.
     void refresh(int type, const QString& key);
     QModelIndex indexOf(int type, const QString& key) const;
 
@@ -37,8 +37,9 @@ private:
     QHash<Id, QStandardItem*> m_items;
 };
 
-/// What of the tree is shown: the levels that lead to selectable items, below one department if so told, and what a
-/// search finds: every word typed stands in the name of the item or of an item above it.
+/// Filters the tree: only the levels that lead to selectable items, optionally only one department and
+/// below, and only the matches of a search. Every typed word must be in the name of the item or of an item
+/// above it.
 class OrgStructFilter : public QSortFilterProxyModel
 {
     Q_OBJECT
@@ -49,7 +50,7 @@ public:
 
     void setSelectionType(int type);
     int selectionType() const { return m_selectionType; }
-    /// Null lifts the restriction; an empty text shows nothing.
+    /// Null removes the restriction; an empty text shows nothing.
     void setRootDepartment(const QString& key);
     QString rootDepartment() const { return m_root; }
     void setQuery(const QString& query);

@@ -23,7 +23,7 @@ constexpr Source sources[] = {
     {OrgStruct::Person, "Workers"},
 };
 
-// The marked fields of the event's row go to the fields of the same names.
+// Copies the marked fields of the event's row to the fields with the same names.
 void copyMarked(const TEventNciParse& event, CMDArray& array, MDRData* record)
 {
     for (int i = 0; i < event.recordType.count; ++i) {
@@ -173,7 +173,7 @@ int OrgStructTables::apply(const TEventNciParse& event)
         MDARecDel(known);
         return type;
     }
-    // A row that is known already was loaded after it had been written; the event brings what is newer.
+    // A known row was loaded after it had been written; the event is newer.
     if (!known && event.eventNumber != EventInserted)
         return OrgStruct::None;
     MDRData* edited = known ? MDARecEdit(known) : MDARecNew(changed->data.array);

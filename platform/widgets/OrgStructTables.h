@@ -14,7 +14,7 @@ struct TEventNciParse;
 class OrgStructTables
 {
 public:
-    /// A row as the tree needs it.
+    /// A row with the fields that the tree needs.
     struct Row {
         int type = OrgStruct::None;
         QString key;
@@ -22,17 +22,19 @@ public:
         bool hidden = false; ///< a deleted worker
     };
 
-    /// Loads the tables; those that cannot be had stay empty.
+    /// Loads the tables; those that cannot be loaded stay empty.
     void load(CVrkCliMod* module);
-    /// Applies an event. The type of the row that it was about, None when it is of another table or changes nothing.
+    /// Applies an event. Returns the type of the event's row; None if it belongs to another table or
+    /// changes nothing.
     int apply(const TEventNciParse& event);
 
     QVector<Row> rows(int type) const;
-    /// The row with this key; its type is None when there is none.
+    /// The row with this key; its type is None if it does not exist.
     Row row(int type, const QString& key) const;
-    /// Where a row hangs: the first of its parents that exists, else the top (type None). Rings end at the top.
+    /// The parent of a row: the first of its parents that exists, otherwise the top (type None). Cycles end
+    /// at the top.
     Row parent(int type, const QString& key) const;
-    /// All that is known about a worker, but for the path; without a key when there is none.
+    /// All data of a worker except the path; without a key if he is not found.
     OrgStruct::Worker worker(const QString& key) const;
 
 private:

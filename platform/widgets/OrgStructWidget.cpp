@@ -24,7 +24,7 @@ struct OrgStructWidget::Private {
     OrgStructFilter filter;
     QLineEdit* search = nullptr;
     QTreeView* tree = nullptr;
-    QString unseenWorker; ///< current, but not in the tree as it is shown
+    QString unseenWorker; ///< current, but not in the shown tree
 };
 
 // A restricted tree begins with its department: the levels above it are not shown.
@@ -118,7 +118,7 @@ OrgStructWidget::OrgStructWidget(QWidget* parent) : QWidget(parent), d(new Priva
 
 OrgStructWidget::~OrgStructWidget()
 {
-    // The tree must let go of the models before they end.
+    // The tree must disconnect from the models before they are destroyed.
     d->tree->disconnect(this);
     d->tree->selectionModel()->disconnect(this);
     delete d->tree;
@@ -170,7 +170,7 @@ void OrgStructWidget::setCurrectItem(const OrgStruct::Worker& worker)
     if (item.isValid() && !d->filter.mapFromSource(item).isValid())
         d->search->clear();
     d->makeCurrent(item);
-    // Dialogs ask for the names of a worker by his key, whether the tree shows him or not.
+    // Dialogs query the names of a worker by his key, even if the tree does not show him.
     const bool known = d->tables.row(OrgStruct::Person, worker.keyLink).type == OrgStruct::Person;
     d->unseenWorker = known && !d->tree->currentIndex().isValid() ? worker.keyLink : QString();
 }
@@ -193,7 +193,7 @@ OrgStruct::SelectedItem OrgStructWidget::selectedItem() const
     if (row.type == OrgStruct::Person)
         item.worker = d->tables.worker(key);
     for (; row.type != OrgStruct::None; row = d->tables.parent(row.type, row.key)) {
-        // The nearest of each level counts: a department within a department has its own key.
+        // The nearest item of each level counts: a department within a department has its own key.
         QString* keys[] = {&item.orgTypeKey, &item.organizationKey, &item.departmentKey};
         const int level = row.type == OrgStruct::OrgType ? 0 : row.type == OrgStruct::Organization ? 1 : 2;
         if (row.type != OrgStruct::Person) {

@@ -11,8 +11,8 @@ class CVrkCliMod;
 struct TEventNciParse;
 
 /// The tree of organizations: types of organization, organizations, departments with their subdepartments,
-/// workers. Deleted workers are left out. A search line stands above it: typing narrows the tree, the arrow
-/// keys move in it, Enter chooses.
+/// workers. Deleted workers are not shown. It has a search line at the top: typing filters the tree, the
+/// arrow keys move in it, Enter chooses.
 class VRK_EXPORT OrgStructWidget : public QWidget
 {
     Q_OBJECT
@@ -21,25 +21,24 @@ public:
     explicit OrgStructWidget(QWidget* parent = nullptr);
     ~OrgStructWidget() override;
 
-    /// Loads the reference tables through the module's session. Once.
+    /// Loads the reference tables through the module's session. Call it once.
     void init(CVrkCliMod* module);
-    /// Restricts the tree to a department and what is below it; an unknown key gives an empty tree.
+    /// Restricts the tree to a department and its subtree; an unknown key gives an empty tree.
     void setRootDepartment(const QString& key);
     void resetRoot();
-    /// OrgStruct::ItemType, one or several joined: what may be selected. Levels below the lowest of them are
-    /// hidden. 8, the workers, at first.
+    /// Which items may be selected: OrgStruct::ItemType flags. Levels below the lowest of them are hidden.
+    /// The default is 8, the workers.
     void setSelectionType(int type);
     int selectionType() const;
     void setSelectionMode(QAbstractItemView::SelectionMode mode);
-    /// Makes the worker with this keyLink current, whatever else stands in the value; an unknown key clears
-    /// the current item. A search that would hide him is cleared.
+    /// Makes the worker with this keyLink current; other members are ignored. An unknown key clears the
+    /// current item. A search that would hide him is cleared.
     void setCurrectItem(const OrgStruct::Worker& worker);
-    /// The current item with all that is known about it; type 0 when there is none or it is of no selectable
-    /// type.
+    /// The current item with all its data; type 0 if there is none or it is not selectable.
     OrgStruct::SelectedItem selectedItem() const;
-    /// Follows changes of the reference tables.
+    /// Applies changes of the reference tables.
     void MessageData(TEventNciParse* event);
-    /// Empties the search line and puts the keyboard there.
+    /// Clears the search line and gives it the focus.
     void startSearch();
 
 signals:

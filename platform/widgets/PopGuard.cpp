@@ -14,7 +14,7 @@ QVector<PopGuard*>& standing()
     return guards;
 }
 
-// Releases pass: without their press they do nothing, and a press from before the guard must find its end.
+// Releases pass: without their press they do nothing, and a press from before the guard needs its release.
 bool isInput(QEvent::Type type)
 {
     switch (type) {
@@ -69,7 +69,8 @@ void PopGuard::lower()
     m_up = false;
     standing().removeAll(this);
     QCoreApplication::instance()->removeEventFilter(this);
-    // Slots close the pop-up before they act on the current record: what waits for the end must come later.
+    // Slots close the pop-up before they change the current record: receivers that wait for the end must
+    // run later.
     QMetaObject::invokeMethod(this, &PopGuard::lowered, Qt::QueuedConnection);
 }
 
@@ -95,7 +96,7 @@ bool PopGuard::eventFilter(QObject* watched, QEvent* event)
         m_pop->raise();
         m_pop->activateWindow();
     }
-    // An accepted override keeps the shortcuts of the window quiet.
+    // An accepted override disables the shortcuts of the window.
     event->setAccepted(event->type() == QEvent::ShortcutOverride);
     return true;
 }

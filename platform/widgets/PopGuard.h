@@ -6,7 +6,7 @@
 #include <QPointer>
 #include <QWidget>
 
-/// Keeps mouse and keys from the window under a pop-up while the guard is up, and tells tables that a
+/// Blocks mouse and keys for the window under a pop-up while the guard is up, and informs tables that a
 /// question is open, so that they keep their current record.
 class VRK_EXPORT PopGuard : public QObject
 {
@@ -21,13 +21,13 @@ public:
     void lower();
     bool isUp() const { return m_up; }
 
-    /// The guard that stands over this widget, or null.
+    /// The guard over this widget, or null.
     static PopGuard* over(const QWidget* widget);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
-    /// The pop-up is closed and its answer is dealt with.
+    /// The pop-up is closed and its answer has been handled.
     void lowered();
 
 private:

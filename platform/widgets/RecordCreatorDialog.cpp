@@ -21,7 +21,7 @@ namespace
 const QSize UsualSize(1200, 650);
 const char* const SplitterSetting = "recordCreator/splitter";
 
-/// A disabled field that is there to be read keeps the colours of enabled text.
+/// A disabled but readable field keeps the colours of enabled text.
 void setReadable(QWidget* field, bool readable)
 {
     QPalette palette;
@@ -89,8 +89,8 @@ void RecordCreatorDialog::connectWidgets()
         connect(bar, &NoticeBar::chosen, this, &RecordCreatorDialog::answer);
 }
 
-/// The field in work takes what was typed as its own before it is saved, as it does when it is left. What is missing gets
-/// the keyboard.
+/// Before saving, the current field accepts its input, as it does when it loses the focus. A missing value
+/// gets the focus.
 void RecordCreatorDialog::saveByKey()
 {
     const QPointer<QWidget> field = focusWidget();
@@ -114,7 +114,7 @@ bool RecordCreatorDialog::goToMissing()
     return false;
 }
 
-/// Enter in the fields around the text: on to the next one.
+/// Enter in the fields around the text: go to the next one.
 bool RecordCreatorDialog::goOn()
 {
     if (m_form->eventTimeEdit->hasFocus())
@@ -274,7 +274,7 @@ void RecordCreatorDialog::askUnsaved()
                               complete ? tr("Текст не сохранён. Сохранить его?")
                                        : tr("Текст не сохранён и заполнен не полностью."),
                               choices);
-    m_form->questionBar->focusChoice(complete ? choices.first().id : Stay); // Enter must lose nothing
+    m_form->questionBar->focusChoice(complete ? choices.first().id : Stay); // Enter must not lose anything
 }
 
 void RecordCreatorDialog::answer(int answer)
@@ -342,7 +342,8 @@ void RecordCreatorDialog::hideEvent(QHideEvent* event)
 
 void RecordCreatorDialog::closeEvent(QCloseEvent* event)
 {
-    // By the frame the user closes the window and is asked; a close() of the program keeps the text for the next time.
+    // If the user closes the window by its frame, he is asked; a close() of the program keeps the text for
+    // the next time.
     if (event->spontaneous() && isDirty()) {
         event->ignore();
         askUnsaved();
@@ -366,7 +367,7 @@ void RecordCreatorDialog::keyPressEvent(QKeyEvent* event)
 
 bool RecordCreatorDialog::eventFilter(QObject* watched, QEvent* event)
 {
-    // A wheel turned over the window must not change the time of the event by chance.
+    // The wheel, turned over the window by accident, must not change the time of the event.
     if (event->type() == QEvent::Wheel) {
         event->ignore();
         return true;
@@ -388,7 +389,7 @@ void RecordCreatorDialog::restoreLayout()
 void RecordCreatorDialog::saveLayout() const
 {
     if (!m_form->templatesWidget->isVisibleTo(this))
-        return; // without the tree the splitter has nothing to tell
+        return; // without the tree the splitter has no state to save
     QSettings settings;
     settings.setValue(QLatin1String(SplitterSetting), m_form->splitter->saveState());
 }

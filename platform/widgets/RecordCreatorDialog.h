@@ -20,15 +20,15 @@ namespace Ui
 class RecordCreatorDialog;
 }
 
-/// The dialog in which a journal record is written: a template chosen on the left, its text filled in on the
-/// right, time of the event, direction and counterpart below. It writes the row by itself as a draft and says
-/// nothing to its caller: the row comes back as a change event. It keeps keys and looks records up when it
-/// needs them.
+/// The dialog in which a journal record is written: a template chosen on the left, its text filled in on
+/// the right, time of the event, direction and counterpart below. It writes the row itself, as a draft, and
+/// does not notify its caller: the row arrives as a change event. It keeps keys and looks records up when
+/// it needs them.
 ///
-/// Shown with a record it edits that draft and writes only what was changed; an approved or deleted record
-/// opens for reading. Unsaved text is never dropped without a question: Esc, Cancel and the frame ask, a
-/// programmatic close() keeps the text and offers it at the next opening. What is typed is kept at once (KeptTexts), so
-/// that the end of the program does not lose it either.
+/// Shown with a record it edits that draft and writes only the changes; an approved or deleted record is
+/// read-only. Unsaved text is never dropped without a question: Esc, Cancel and the frame ask, a
+/// programmatic close() keeps the text and offers it at the next opening. Typed text is kept at once
+/// (KeptTexts), so that it is not lost if the program ends.
 class VRK_EXPORT RecordCreatorDialog : public CPopTemplate
 {
     Q_OBJECT
@@ -37,25 +37,26 @@ public:
     explicit RecordCreatorDialog(QWidget* parent, int flag = -1);
     ~RecordCreatorDialog() override;
 
-    /// Takes the module, through which it reaches the session. Once, before everything else.
+    /// Sets the module, which gives access to the session. Call it once, before everything else.
     void init(CVrkCliMod* module);
-    /// The table of the journal tab that records to edit come from. It is read, never changed.
+    /// The table of the journal tab with the records to edit. It is read, never changed.
     void setRecordsTable(CModelTable* table);
     /// The author of new records.
     void setWorkerKey(const QString& key);
-    /// Department and type of organization: they narrow the templates on offer.
+    /// Department and type of organization: they restrict the available templates.
     void setDepartmentKey(const QString& key);
     void setOrgTypeKey(const QString& key);
-    /// The workshift that a new record goes into.
+    /// The workshift of new records.
     void setWorkshiftKey(const QString& key);
-    /// What the next showing is for: null to create, the record to edit. While the dialog is visible with
-    /// unsaved text it asks what becomes of that text before it goes over to the other record.
+    /// The record to edit the next time the dialog is shown; null creates a new one. While the dialog is
+    /// visible with unsaved text it asks what to do with that text before it switches to the other record.
     void setCurrentRecord(MDRData* record);
 
-    /// The template tables have changed. Visible: the tree is renewed from the events given to MessageData,
-    /// selection and filled text stay. Hidden: the tables are loaded again at the next showing.
+    /// The template tables have changed. If visible, the tree is updated from the events passed to
+    /// MessageData; selection and filled text stay. If hidden, the tables are reloaded when it is next
+    /// shown.
     void reloadTemplates();
-    /// Every change event: templates, the record in work, and its own new record are followed.
+    /// Handles every change event: of templates, of the current record, and of its own new record.
     void MessageData(TEventNciParse* event);
 
 protected:
@@ -66,13 +67,14 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// What is being done with the record in work.
+    /// What the dialog does with the current record.
     enum class Mode {
-        Nothing,  ///< not opened yet, or left
+        Nothing,  ///< not opened yet, or closed
         Create,   ///< a new row
         Edit,     ///< a draft
-        Read,     ///< approved, deleted, or not to be found
-        Orphaned, ///< was open as a draft and may not be written any more: only a new record can take the text
+        Read,     ///< approved, deleted, or not found
+        Orphaned, ///< was open as a draft and can no longer be written: the text can only go into a new
+                  ///< record
     };
     /// Answers of the bars.
     enum Answer { SaveText, DropText, Stay, KeepMine, TakeTheirs, SaveAsNew, DropRestored, ReloadTables };
@@ -95,7 +97,7 @@ private:
     void restoreLayout();
     void saveLayout() const;
 
-    // RecordCreatorDialog_open.cpp: what is shown
+    // RecordCreatorDialog_open.cpp: displayed content
     void open();
     void loadTables();
     void openNew();
@@ -117,7 +119,7 @@ private:
     RecordDraft draft() const;
     bool isDirty() const;
 
-    // RecordCreatorDialog_fill.cpp: what is known already
+    // RecordCreatorDialog_fill.cpp: known values
     void prefill();
     void prefillTime();
     void prefillParameter(const QString& name, const QString& text, const QString& key);
@@ -133,7 +135,7 @@ private:
     void saved();
     void showFailure(const QString& text);
 
-    // RecordCreatorDialog_events.cpp: what others do
+    // RecordCreatorDialog_events.cpp: changes by others
     void recordEvent(const TEventNciParse* event);
     void recordArrived(const TEventNciParse* event);
     void recordChanged(const TEventNciParse* event);
@@ -147,24 +149,24 @@ private:
     CVrkCliMod* m_module = nullptr;
     CModelTable* m_records = nullptr;
     OrgStructDialog* m_orgStruct = nullptr;
-    std::unique_ptr<CLiteModel> m_tables; ///< templates, categories and reference tables of its own
+    std::unique_ptr<CLiteModel> m_tables; ///< the dialog's own templates, categories and reference tables
     bool m_tablesStale = true;
     QString m_workerKey;
     QString m_departmentKey;
     QString m_workshiftKey;
 
     Mode m_mode = Mode::Nothing;
-    QByteArray m_requestedKey; ///< record to edit at the next opening, empty to create
-    bool m_openAsked = false;  ///< waits for the answer about unsaved text
-    QByteArray m_key;          ///< of the record in work, kept over retries
-    bool m_attempted = false; ///< a row with this key may have been written although the answer was a failure
-    RecordDraft m_sent;       ///< what the last attempt tried to write
-    RecordDraft m_before;     ///< what the record held when it was opened, or last by others
-    QString m_cleanText;      ///< filled text before the user touched it
-    QString m_autoTime;       ///< what prefilling wrote into the time parameter
-    bool m_restored = false;  ///< the window shows text that was kept
+    QByteArray m_requestedKey;  ///< record to edit the next time it opens, empty to create
+    bool m_openAsked = false;   ///< the question about unsaved text is open
+    QByteArray m_key;           ///< key of the current record, the same for all retries
+    bool m_attempted = false;   ///< a row with this key may exist although writing it failed
+    RecordDraft m_sent;         ///< the values of the last attempt to write
+    RecordDraft m_before;       ///< values of the record when it was opened, or last changed by others
+    QString m_cleanText;        ///< filled text before the user touched it
+    QString m_autoTime;         ///< value that prefilling gave to the time parameter
+    bool m_restored = false;    ///< the window shows a kept text
     bool m_lostUnsaved = false; ///< there was unsaved text when the record was lost
-    bool m_conflict = false;    ///< others changed the record under unsaved text
-    bool m_filling = false;     ///< the window changes its own fields
-    KeptDraft* m_unsaved;       ///< kept texts are offered one after the other, the last first
+    bool m_conflict = false;    ///< others changed the record while it had unsaved text
+    bool m_filling = false;     ///< the window is changing its own fields
+    KeptDraft* m_unsaved;       ///< kept texts are offered one after another, the last first
 };

@@ -16,7 +16,7 @@
 
 namespace
 {
-/// Brings a change into a table whose key 0 is KeyLink. A known key never gives a second row.
+/// Applies a change to a table whose key 0 is KeyLink. A known key never creates a second row.
 void merge(CMDArray& rows, const TEventNciParse& event)
 {
     const MDRVar key = MDRValue::text(event.recordKey);
@@ -77,7 +77,7 @@ void RecordCreatorDialog::MessageData(TEventNciParse* event)
 void RecordCreatorDialog::recordEvent(const TEventNciParse* event)
 {
     const QByteArray key(event->recordKey);
-    // Kept text is of no use when its row is there after all, exactly as it stood.
+    // A kept text is useless if exactly this row exists after all.
     if (event->eventNumber == EventInserted)
         for (const KeptTexts::Text& text : KeptTexts::of(this)->offered(m_unsaved->place())) {
             const Kept kept = Kept::read(text);
@@ -135,7 +135,7 @@ void RecordCreatorDialog::recordChanged(const TEventNciParse* event)
     const QStringList changes = theirs.differences(m_before);
     if (changes.isEmpty())
         return;
-    if (theirs.differences(draft()).isEmpty()) { // what the window shows is what the server holds
+    if (theirs.differences(draft()).isEmpty()) { // the window shows what the server has
         m_before = theirs;
         if (m_attempted && m_sent.differences(theirs).isEmpty())
             saved();
@@ -149,7 +149,7 @@ void RecordCreatorDialog::recordChanged(const TEventNciParse* event)
                                   : told);
 }
 
-/// Takes over what the user has not touched; the rest stays and waits for his decision.
+/// Accepts the others' values in fields that the user has not changed; the rest waits for his decision.
 void RecordCreatorDialog::takeUntouched(const RecordDraft& theirs)
 {
     RecordDraft shown = draft();
@@ -163,7 +163,7 @@ void RecordCreatorDialog::takeUntouched(const RecordDraft& theirs)
         shown.receiverKey = theirs.receiverKey;
     m_before = theirs;
     if (textTouched) {
-        m_cleanText = QString(); // whatever the filler says now differs from what is stored
+        m_cleanText = QString(); // the filler's text now always differs from the stored one
         showFields(shown);
     } else {
         shown.html = theirs.html;
@@ -208,7 +208,7 @@ void RecordCreatorDialog::saveAsNew()
     save();
 }
 
-/// "Name, hh:mm" of the transaction that an event came from; the change log knows its author.
+/// "Name, hh:mm" of the transaction of an event; the change log knows its author.
 QString RecordCreatorDialog::whoAndWhen(const TEventNciParse* event) const
 {
     CVrkCliSes* session = m_module->session();

@@ -68,7 +68,7 @@ void RecordCreatorDialog::prefillTime()
     if (found.isEmpty())
         return;
     const HtmlParser parser(m_form->templateFiller->filledTemplate(false).toStdString());
-    // A term is set by a decision: the present moment standing there would be overlooked.
+    // A deadline is a decision: with the current time filled in, nobody would notice that it is missing.
     if (!isEmpty(parser, found.first()) ||
         ParameterSpec::read(parser, found.first()).label.startsWith(tr("Срок"), Qt::CaseInsensitive))
         return;
@@ -91,7 +91,7 @@ void RecordCreatorDialog::eventTimeEdited()
     const QVector<unsigned int> found = m_form->templateFiller->findParameter(QStringLiteral("datetime"));
     if (!m_autoTime.isEmpty() && !found.isEmpty()) {
         const HtmlParser parser(m_form->templateFiller->filledTemplate(false).toStdString());
-        // Follows the time of the event as long as the user has not set it himself.
+        // Follows the time of the event until the user sets it himself.
         if (QString::fromStdString(parser.valueText(found.first())) == m_autoTime) {
             const bool clean = !isDirty();
             writeAutoTime(parser, found.first());

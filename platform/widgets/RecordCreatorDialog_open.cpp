@@ -54,7 +54,7 @@ void RecordCreatorDialog::setCurrentRecord(MDRData* record)
 void RecordCreatorDialog::open()
 {
     m_openAsked = false;
-    m_unsaved->forget(); // whoever goes on from unsaved text has been asked
+    m_unsaved->forget(); // the user was asked before he continued from unsaved text
     hideBars();
     loadTables();
     if (m_requestedKey.isEmpty())
@@ -81,7 +81,7 @@ void RecordCreatorDialog::loadTables()
             {{ReloadTables, tr("Повторить"), QStringLiteral("reloadTablesButton")}});
     }
     if (!complete && m_tables)
-        return; // what was loaded earlier is better than a part of it
+        return; // tables loaded earlier are better than a part of them
     m_tablesStale = !complete;
     const std::unique_ptr<CLiteModel> old = std::move(m_tables);
     m_tables.reset(tool.m_model);
@@ -196,9 +196,11 @@ void RecordCreatorDialog::chooseTemplate()
         return;
     const MDRData* chosen = m_form->templatesWidget->currentTemplate();
     if (!chosen && isDirty())
-        return; // the template was deleted meanwhile: what is typed stays, the record carries its own text
+        return; // the template was deleted in the meantime: the typed text stays, since the record contains
+                // its text
     if (m_restored && isDirty()) {
-        // The filler keeps what was typed for a template, but not what was restored: that waits for the next opening.
+        // The filler keeps the values typed for a template, but not a restored text: that is kept here for
+        // the next opening.
         keepUnsaved();
         m_key = GenGuid32();
         m_attempted = false;
@@ -214,7 +216,7 @@ void RecordCreatorDialog::chooseTemplate()
         QScopedValueRollback<bool> filling(m_filling, true);
         TemplateFiller* filler = m_form->templateFiller;
         filler->setTemplate(html);
-        // What was typed for this template before shows again, and is as unsaved as it was then.
+        // Values typed earlier for this template are shown again, and are still unsaved.
         const bool typedBefore = filler->filledTemplate(false) != html;
         prefill();
         m_cleanText = typedBefore ? QString() : filler->filledTemplate(true);
@@ -236,7 +238,7 @@ RecordDraft RecordCreatorDialog::draft() const
 {
     RecordDraft draft = m_before;
     const QString text = m_form->templateFiller->filledTemplate(true);
-    // Untouched text is the stored one to the letter, whatever the filler makes of it.
+    // Unchanged text is the stored one, byte for byte, even if the filler's output differs.
     draft.html = m_mode == Mode::Edit && text == m_cleanText ? m_before.html : text;
     draft.eventTime = DateTime_To_HfnTime(m_form->eventTimeEdit->dateTime());
     draft.direction = m_form->directionGroup->checkedId();
@@ -273,7 +275,7 @@ KeptTexts::Values RecordCreatorDialog::unsaved() const
     Kept kept;
     kept.create = m_mode != Mode::Edit;
     kept.key = m_mode == Mode::Orphaned ? GenGuid32() : m_key;
-    if (m_mode == Mode::Create) // the tree of an edit is hidden and stands where it stood
+    if (m_mode == Mode::Create) // while editing, the tree is hidden and keeps its state
         kept.templateKey = m_form->templatesWidget->currentTemplateKey();
     kept.attempted = m_attempted;
     kept.sent = m_sent;
@@ -288,7 +290,7 @@ void RecordCreatorDialog::keepUnsaved()
     m_unsaved->release();
 }
 
-/// The text that was kept last, of those that are not written meanwhile.
+/// Restores the text kept last among those that were not written in the meantime.
 void RecordCreatorDialog::restoreNew()
 {
     QVector<KeptTexts::Text> texts = KeptTexts::of(this)->offered(m_unsaved->place());
@@ -296,7 +298,7 @@ void RecordCreatorDialog::restoreNew()
         ;
 }
 
-/// What was typed for the record in work, the last of it, if there is any.
+/// Restores the text kept last for the current record, if any.
 void RecordCreatorDialog::restoreEdit()
 {
     KeptTexts::Text last;
@@ -309,7 +311,7 @@ void RecordCreatorDialog::restoreEdit()
         restoreKept(last);
 }
 
-/// False when the text turns out to be written: a program that was killed may have had no time to forget it.
+/// False if the text was already written: a program that was killed may not have been able to forget it.
 bool RecordCreatorDialog::restoreKept(const KeptTexts::Text& text)
 {
     const Kept kept = Kept::read(text);

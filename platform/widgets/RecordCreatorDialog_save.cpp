@@ -41,7 +41,7 @@ void RecordCreatorDialog::askConflict()
 bool RecordCreatorDialog::insert()
 {
     if (m_attempted) {
-        // The answer to an earlier attempt may have been lost on the way: the row must not be written twice.
+        // The answer to an earlier attempt may have been lost: the row must not be written twice.
         bool written = false;
         if (!findOwnRow(&written))
             return false;

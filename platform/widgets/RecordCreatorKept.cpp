@@ -7,7 +7,7 @@
 namespace
 {
 constexpr int lettersOfCaption = 60;
-constexpr int lettersRead = 2000; ///< for the caption; a long text need not be read whole
+constexpr int lettersRead = 2000; ///< for the caption, which does not need the whole of a long text
 
 void put(KeptTexts::Values* values, const QString& name, const RecordDraft& draft)
 {

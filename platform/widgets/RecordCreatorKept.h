@@ -3,10 +3,10 @@
 #include "KeptTexts.h"
 #include "RecordCreatorDialog.h"
 
-/// Text of a record that is not saved, as it is kept.
+/// The unsaved text of a record in the form in which it is kept.
 struct RecordCreatorDialog::Kept {
     bool create = true;  ///< for a new record; otherwise an edit of the record with this key
-    QByteArray key;      ///< KeyLink, kept so that a row that was written after all is not written twice
+    QByteArray key;      ///< KeyLink; prevents a second row if the first one was written after all
     QString templateKey; ///< template that was chosen
     bool attempted = false;
     RecordDraft sent;

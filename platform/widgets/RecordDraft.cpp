@@ -8,7 +8,8 @@
 
 namespace
 {
-/// Calls \a take with each field of the draft that the record has a value for; \a field finds a field by name.
+/// Calls \a take with each field of the draft that has a value in the record; \a field finds a field by
+/// name.
 template <typename FieldByName>
 void readFields(RecordDraft& draft, const MDRData* record, const QTextCodec* codec, const FieldByName& field)
 {

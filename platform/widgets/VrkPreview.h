@@ -11,8 +11,8 @@
 class QTableView;
 class QTextDocument;
 
-/// Turns what a table view shows (visible columns in their visual order, all rows of its model) into a
-/// document that can be looked at, printed and saved as PDF.
+/// Makes a document from the content of a table view (visible columns in their visual order, all rows of
+/// its model) that can be viewed, printed and saved as PDF.
 class VRK_EXPORT VrkPreview : public QObject
 {
     Q_OBJECT
@@ -26,12 +26,12 @@ public:
     void setWindowIcon(const QIcon& icon);
     void setWindowTitle(const QString& title);
     void setHeaderBackgroundColor(QColor color);
-    /// An upper bound of a column's width, in pixels of the view; it spares the last visible column, which
-    /// gets the rest of the page.
+    /// Maximum width of a column, in pixels of the view; it does not apply to the last visible column,
+    /// which gets the rest of the page.
     void setMaxColummnWidth(int width);
     /// A text at the end of the document.
     void setFooter(const QString& text);
-    /// Makes the document anew and opens the preview window.
+    /// Rebuilds the document and opens the preview window.
     void showDocument();
 
 private:

@@ -16,15 +16,15 @@ constexpr qreal padding = 2 * point;
 constexpr qreal rule = point / 3;
 constexpr qreal fontSize = 9 * point;
 constexpr qreal iconSide = 10 * point;
-constexpr qreal shareOfLast = 0.4;          ///< names give way for it and stand in two lines
-constexpr qreal smallestShareOfLast = 0.28; ///< words are broken for it
-constexpr int linesWorthStarting = 4;       ///< of a row that is higher than a page
+constexpr qreal shareOfLast = 0.4;          ///< names are wrapped into two lines to provide it
+constexpr qreal smallestShareOfLast = 0.28; ///< words are broken to provide it
+constexpr int linesWorthStarting = 4;       ///< for a row that is higher than a page
 constexpr int shortText = 40;
 
 using Cell = VrkPreviewTable::Cell;
 using Row = VrkPreviewTable::Row;
 
-/// A cell's text laid out at a width; null for an empty text.
+/// A cell's text, laid out for a width; null for an empty text.
 std::unique_ptr<QTextLayout> laidOut(const Cell& cell, const QFont& font, qreal width)
 {
     if (cell.text.isEmpty())
@@ -56,7 +56,7 @@ qreal heightOf(const QTextLayout* layout)
     return layout ? lineTop(*layout, layout->lineCount()) : 0;
 }
 
-/// The icon stands before the text, or alone in the middle.
+/// The icon is before the text, or centred without text.
 qreal iconRoom(const Cell& cell)
 {
     return cell.icon.isNull() || cell.text.isEmpty() ? 0 : iconSide + padding;
@@ -68,7 +68,7 @@ QString numberText(int page, int count)
 }
 } // namespace
 
-/// Fills pages from top to bottom.
+/// Distributes the rows to pages from top to bottom.
 class VrkPreviewPages::Breaker
 {
 public:
@@ -84,7 +84,7 @@ public:
         const Row& row = rows()[number];
         const qreal needed = measure(number);
         const qreal fresh = m_pages->bodyHeight() - m_pages->m_headerHeight;
-        qreal company = 0; // what must stand on the same page below it
+        qreal company = 0; // height of what must be on the same page below it
         if (row.isDayLine && number + 1 < rows().size())
             company = qMin(measure(number + 1), linesWorthStarting * m_line);
         if (needed > fresh) {
@@ -136,7 +136,7 @@ private:
         }
         return highest + 2 * padding;
     }
-    /// Times and names come again and again.
+    /// Times and names occur many times.
     qreal textHeight(const Row& row, int number)
     {
         const Cell& cell = row.cells[number];
@@ -150,7 +150,7 @@ private:
             known = measured();
         return known;
     }
-    /// The row after a day line is asked for twice.
+    /// The row after a day line is measured twice.
     qreal measure(int number)
     {
         if (m_measured != number) {
@@ -212,7 +212,8 @@ void VrkPreviewPages::setTable(const VrkPreviewTable& table)
     m_pages.clear();
     m_font = table.font;
     m_font.setPixelSize(qRound(fontSize));
-    m_font.setHintingPreference(QFont::PreferNoHinting); // widths grow with the size, on every device
+    m_font.setHintingPreference(QFont::PreferNoHinting); // widths are proportional to the size, on every
+                                                         // device
 }
 
 bool VrkPreviewPages::layOut(const QSizeF& page, const Progress& progress)
@@ -234,8 +235,8 @@ bool VrkPreviewPages::layOut(const QSizeF& page, const Progress& progress)
     return true;
 }
 
-/// Columns grow until names stand in one line, within the bound, and then give way so that the last one has enough: at
-/// first down to their longest word, then alike.
+/// Columns grow until names fit in one line, up to the maximum, and then shrink so that the last one has
+/// enough space: first down to their longest word, then in proportion.
 void VrkPreviewPages::fitColumns()
 {
     const qreal pixel = unitsPerInch / m_table.pixelsPerInch;
@@ -352,7 +353,7 @@ void VrkPreviewPages::paintRow(QPainter* painter, const Row& row, const Piece& p
     }
 }
 
-/// At the foot of each page what the document is and which page of it this is: sheets get mixed up.
+/// Paints the document's name and the page number at the bottom of each page, because sheets get mixed up.
 void VrkPreviewPages::paintNumber(QPainter* painter, int page) const
 {
     const QFontMetricsF metrics(m_font);

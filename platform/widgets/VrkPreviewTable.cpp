@@ -37,7 +37,7 @@ QPixmap iconOf(const QVariant& decoration)
     return icon.isNull() ? QPixmap() : icon.pixmap(iconPixels, iconPixels);
 }
 
-/// What the view lays over the whole cell.
+/// The view's format for the whole cell.
 QTextCharFormat cellFormat(const QModelIndex& index)
 {
     QTextCharFormat format;

@@ -9,14 +9,13 @@
 
 class QTableView;
 
-/// What a table view shows, taken at one moment on its way to paper: the columns in sight in their order, all rows of
-/// the view's model, a line with the date where the view has one. Paper has its own colours: of the theme nothing comes
-/// along.
+/// A copy of a table view's content for printing: the visible columns in their order, all rows of the
+/// view's model, a day line where the view has one. Colours of the theme are not copied.
 struct VrkPreviewTable {
     struct Cell {
         QString text; ///< lines end with QChar::LineSeparator
         QVector<QTextLayout::FormatRange> formats;
-        QPixmap icon; ///< larger than it is shown: printers are finer than screens
+        QPixmap icon; ///< larger than on the screen, since printers have a higher resolution
         bool isCentred = false;
     };
     struct Row {
@@ -29,7 +28,7 @@ struct VrkPreviewTable {
 
     QFont font;
     QVector<int> widths;    ///< of the columns in pixels of the view; the last one gets the rest of the page
-    int maxColumnWidth = 0; ///< in the same pixels, of all columns but the last one; 0 for no bound
+    int maxColumnWidth = 0; ///< in the same pixels, for all columns but the last one; 0 for no maximum
     int pixelsPerInch = 96;
     QColor headerBackground = Qt::lightGray;
     Row header;

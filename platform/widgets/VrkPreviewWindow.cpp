@@ -19,7 +19,7 @@ namespace
 {
 constexpr qreal marginMillimetres = 12;
 
-/// Tells how far a long work is and lets the user end it.
+/// Shows the progress of a long operation; the user can cancel it.
 class Progress
 {
 public:
@@ -29,10 +29,10 @@ public:
     {
         m_dialog.setObjectName(QStringLiteral("pagesProgress"));
         m_dialog.setWindowTitle(title);
-        m_dialog.setWindowModality(Qt::ApplicationModal); // nothing may ask for other pages meanwhile
+        m_dialog.setWindowModality(Qt::ApplicationModal); // the pages must not be changed in the meantime
         m_dialog.setMinimumDuration(0);
     }
-    /// False when the user has ended it.
+    /// False if the user has cancelled.
     bool step(int done)
     {
         m_dialog.setValue(done);
@@ -84,7 +84,7 @@ VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
 
 VrkPreviewWindow::~VrkPreviewWindow()
 {
-    delete m_preview; // before its printer
+    delete m_preview; // destroyed before its printer
 }
 
 void VrkPreviewWindow::addActions()
@@ -109,7 +109,7 @@ void VrkPreviewWindow::addActions()
         setUpPage(m_printer.get(), on ? QPageLayout::Portrait : QPageLayout::Landscape);
         m_preview->updatePreview();
         if (m_isCancelled)
-            close(); // a part of the pages would pass for the whole
+            close(); // a part of the pages would be mistaken for the whole document
     });
     bar->addSeparator();
     add("fitWidthAction", tr("По ширине"), QKeySequence(), [this] { m_preview->fitToWidth(); });
@@ -191,7 +191,7 @@ bool VrkPreviewWindow::savePdf(const QString& file)
 {
     if (QFileInfo::exists(file) && !QFileInfo(file).isWritable())
         return false;
-    // Beside it first: a cancelled or failed one leaves the file that was there.
+    // Writes to another name first, so that cancelling or an error does not damage an existing file.
     const QString part = QStringLiteral("%1.%2.part").arg(file).arg(QCoreApplication::applicationPid());
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);

@@ -16,30 +16,30 @@ class VrkPreviewWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    /// What the user is asked. Tests put operations of their own in their place.
+    /// Questions to the user. Tests replace these functions.
     struct Asking {
-        /// Where to write; empty when the user gave no place.
+        /// The file to write; empty if the user cancelled.
         std::function<QString(QWidget* parent, const QString& title, const QString& filter)> pdfFile;
-        /// On which printer and how; false when the user has called it off.
+        /// Chooses the printer and its settings; false if the user cancelled.
         std::function<bool(QWidget* parent, QPrinter* printer)> printer;
     };
-    /// In use for all windows.
+    /// Used by all windows.
     static Asking& asking();
 
     explicit VrkPreviewWindow(QWidget* parent);
     ~VrkPreviewWindow() override;
 
-    /// Makes the pages of a table anew. False when the user has cancelled it: then there is nothing to show.
+    /// Rebuilds the pages from a table. False if the user cancelled: then there is nothing to show.
     bool setTable(const VrkPreviewTable& table);
-    /// What is shown.
+    /// The shown table.
     const VrkPreviewTable& table() const { return m_pages.table(); }
     int pageCount() const;
-    /// Writes all pages; false when the file cannot be written, or when the user has cancelled: then what was there
-    /// before stays.
+    /// Writes all pages; false if the file cannot be written or the user cancelled: then an existing file
+    /// is unchanged.
     bool savePdf(const QString& file);
 
 private:
-    /// Many rows show their progress; false when the user has cancelled, with the pages so far painted.
+    /// Shows progress for many rows; false if the user cancelled; the pages painted so far remain.
     bool paintPages(QPrinter* printer);
     void print();
     void askPdf();
@@ -50,5 +50,5 @@ private:
     std::unique_ptr<QPrinter> m_printer;
     QPrintPreviewWidget* m_preview;
     QLabel* m_pageLabel;
-    bool m_isCancelled = false; ///< the last painting
+    bool m_isCancelled = false; ///< refers to the last painting
 };

@@ -21,12 +21,12 @@ constexpr int horizontalMargin = 5;
 constexpr int verticalMargin = 3;
 constexpr int selectionRule = 2;
 constexpr int documentsKept = 256;   // more rows than a screen shows
-constexpr int lettersShown = 100000; // some fifty pages: more of a text costs seconds and is read elsewhere
+constexpr int lettersShown = 100000; // some fifty pages: more would take seconds, and nobody reads it in a
+                                     // table
 
-constexpr int lettersUnbroken =
-    500; // laying out a word takes a time that grows with the square of its length
+constexpr int lettersUnbroken = 500; // the time to lay out a word grows with the square of its length
 
-/// The text with places to break a line in its very long words; none within tags and characters written by name.
+/// Inserts places to break a line into very long words, but not into tags and named characters.
 QString breakable(const QString& text, bool isHtml)
 {
     QString result;
@@ -44,7 +44,7 @@ QString breakable(const QString& text, bool isHtml)
     return result;
 }
 
-/// What a cell shows of a text.
+/// The part of a text that a cell shows.
 QString shownPart(const QString& text)
 {
     if (text.size() < lettersUnbroken)
@@ -52,7 +52,7 @@ QString shownPart(const QString& text)
     return breakable(text.size() > lettersShown ? text.left(lettersShown) + QChar(0x2026) : text, false);
 }
 
-/// The same of a template text; a tag or a character that the cut goes through is left out.
+/// The same for a template text; a tag or entity that would be cut is dropped.
 QString shownHtml(const QString& html)
 {
     if (html.size() < lettersUnbroken)
@@ -73,7 +73,7 @@ QTextOption textOption(Qt::Alignment alignment)
     return option;
 }
 
-// Lays a plain text out at a width; returns its size.
+// Lays a plain text out for a width; returns its size.
 QSizeF layOut(QTextLayout& layout, qreal width)
 {
     QSizeF size;
@@ -101,7 +101,7 @@ QColor selectionColor(const QStyleOptionViewItem& option)
                                 QPalette::Highlight);
 }
 
-/// A veil between two rules instead of a full colour: icons stay as they are.
+/// A translucent background between two lines instead of a solid colour, so that icons keep their colours.
 QColor selectionGround(const QStyleOptionViewItem& option)
 {
     constexpr double veil = 0.25;
@@ -113,7 +113,7 @@ QColor selectionGround(const QStyleOptionViewItem& option)
                             base.blueF() + (mark.blueF() - base.blueF()) * veil);
 }
 
-/// That of the cell; in the selection a shade of it that stands out from the veil, for grey does not.
+/// The cell's text colour; in the selection, a shade with enough contrast, since grey has too little.
 QColor textColor(const QStyleOptionViewItem& option)
 {
     const QColor color = option.palette.color(QPalette::Text);
@@ -265,7 +265,8 @@ void VrkTableDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->restore();
 }
 
-// Every cell of the row paints its piece of one line that is as wide as the table, so that it scrolls with it.
+// Every cell of the row paints its part of one line that is as wide as the table, so that the line scrolls
+// with it.
 void VrkTableDelegate::paintDayLine(QPainter* painter, const QRect& cell, int row) const
 {
     const QHeaderView* header = m_view->horizontalHeader();

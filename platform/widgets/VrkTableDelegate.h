@@ -8,8 +8,9 @@ class QTextDocument;
 class VrkTableProxyModel;
 struct MDRData;
 
-/// Paints and measures the cells of a record table: wrapped texts from the top, template text rendered, icons in the
-/// middle, and above the first record of a day a line with the date while the table is sorted by a time.
+/// Paints and measures the cells of a record table: wrapped texts aligned to the top, rendered template
+/// text, centred icons, and while the table is sorted by a time, a line with the date above the first
+/// record of each day.
 class VrkTableDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -18,22 +19,23 @@ public:
     VrkTableDelegate(VrkTableProxyModel* model, QTableView* view);
     ~VrkTableDelegate() override;
 
-    /// A plain text as it is laid out: its lines end with QChar::LineSeparator, the initials of a name stay together.
+    /// A plain text prepared for layout: its lines end with QChar::LineSeparator, the initials of a name
+    /// are kept together.
     static QString laidOutText(QString text);
-    /// Height that a cell needs at this width of its column, without the day line.
+    /// Height that a cell needs at this column width, without the day line.
     int heightForWidth(const QModelIndex& index, int width) const;
     /// Width that a cell needs for a text in one line (\a longestWord false) or for its longest word.
     int naturalWidth(const QModelIndex& index, bool longestWord) const;
-    /// Height of the day line above a row of the proxy, 0 for none.
+    /// Height of the day line above a row of the proxy, 0 without one.
     int dayLineHeight(int row) const;
-    /// The date in the day line above a row; invalid when there is none.
+    /// The date in the day line above a row; invalid without one.
     QDate dayLine(int row) const;
     void setDayLines(bool shown, bool aboveFirstRow)
     {
         m_hasDayLines = shown;
         m_hasFirstDayLine = aboveFirstRow;
     }
-    /// Drops what is kept about a record, or about all.
+    /// Drops cached data of a record, or of all.
     void forget(const MDRData* record);
     void forgetAll();
 

@@ -4,7 +4,7 @@
 
 #include <QObject>
 
-/// A rule that decides which records a table shows. Enabled when it is made.
+/// A rule that decides which records a table shows. Enabled by default.
 class VRK_EXPORT VrkTableFilterRow : public QObject
 {
     Q_OBJECT
@@ -13,12 +13,12 @@ public:
     explicit VrkTableFilterRow(QObject* parent = nullptr);
     ~VrkTableFilterRow() override;
 
-    /// True keeps the row. The rule itself heeds isEnabled(). Stays the first virtual operation behind those
-    /// of QObject.
+    /// True keeps the row. The rule itself checks isEnabled(). Must remain the first virtual function after
+    /// those of QObject.
     virtual bool isAcceptRow(const CMDArray* array, MDRData* record) const;
 
     bool isEnabled() const { return m_enabled; }
-    /// Switches the rule; every proxy that holds it asks again about all rows at once.
+    /// Switches the rule on or off; every proxy that uses it filters all rows again at once.
     void setEnabled(bool enabled);
 
 signals:

@@ -90,7 +90,7 @@ void VrkTableHeader::paintSection(QPainter* painter, const QRect& rect, int sect
     painter->restore();
 }
 
-// A small triangle at the upper edge: it points where the greater values are.
+// A small triangle at the upper edge that points to the greater values.
 void VrkTableHeader::paintArrow(QPainter* painter, const QRect& rect) const
 {
     const bool rising = sortIndicatorOrder() == Qt::AscendingOrder;

@@ -3,8 +3,8 @@
 #include <QHash>
 #include <QHeaderView>
 
-/// Header of a record table: texts of several lines and lone icons stand in the middle, and the arrow of the sorted
-/// column takes no room from them.
+/// Header of a record table: texts of several lines and single icons are centred, and the sort arrow takes
+/// no space from them.
 class VrkTableHeader : public QHeaderView
 {
     Q_OBJECT
@@ -29,5 +29,5 @@ private:
     void paintArrow(QPainter* painter, const QRect& rect) const;
 
     mutable QHash<QString, QSize>
-        m_textSizes; ///< in the present font: the view asks at each change of a column
+        m_textSizes; ///< for the current font: the view queries them at each change of a column
 };

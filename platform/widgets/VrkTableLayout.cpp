@@ -30,7 +30,7 @@ VrkTableLayout::VrkTableLayout(VrkTableProxyModel* model, QTableView* view, VrkT
         m_delegate->forgetAll();
         forgetHeights();
     });
-    // Records that a filter hides must be forgotten too, so the source is watched.
+    // Cached heights of hidden records must be dropped, too, so the source model is watched.
     connect(model->tableModel(), &QAbstractItemModel::dataChanged, this, &VrkTableLayout::forget);
     connect(model->tableModel(), &QAbstractItemModel::rowsAboutToBeRemoved, this,
             [this](const QModelIndex&, int first, int last) {
@@ -97,7 +97,8 @@ void VrkTableLayout::measure()
     if (m_measuring || !m_view->isVisible())
         return;
     const QScopedValueRollback<bool> guard(m_measuring, true);
-    // Rows that shrink bring further ones into sight, with words that need wider columns; growing ones push them out.
+    // When rows shrink, further ones become visible, with words that need wider columns; when rows grow,
+    // others are pushed out of view.
     for (int pass = 0; pass < 8; ++pass) {
         readWidths(false);
         if (m_model->rowCount() == 0 || !measureOnce())
@@ -105,7 +106,7 @@ void VrkTableLayout::measure()
     }
 }
 
-// Sets the heights of the rows in sight; false when there was nothing to set.
+// Sets the heights of the visible rows; false if nothing changed.
 bool VrkTableLayout::measureOnce()
 {
     const int rows = m_model->rowCount();
@@ -113,7 +114,7 @@ bool VrkTableLayout::measureOnce()
     const int below = m_view->rowAt(m_view->viewport()->height() - 1);
     const int last = below < 0 ? rows - 1 : below;
 
-    // What was measured before is what the user looks at: it keeps its place.
+    // The first measured row is what the user looks at: it keeps its position.
     int anchor = first;
     while (anchor < last && !m_heights.contains(m_model->record(anchor)))
         ++anchor;
@@ -130,7 +131,7 @@ bool VrkTableLayout::measureOnce()
     for (const auto& change : qAsConst(changes))
         m_view->setRowHeight(change.first, change.second);
     if (!changes.isEmpty()) {
-        // The range of the scroll bar must know the new heights before anything scrolls.
+        // The range of the scroll bar must be updated before anything scrolls.
         QMetaObject::invokeMethod(m_view, "updateGeometries");
         QScrollBar* bar = m_view->verticalScrollBar();
         bar->setValue(bar->value() + m_view->rowViewportPosition(anchor) - anchorAt);

@@ -10,8 +10,8 @@ class VrkTableDelegate;
 class VrkTableProxyModel;
 struct MDRData;
 
-/// Keeps the row heights and column widths of a record table. Heights are measured for visible rows only, gathered
-/// until control returns to the event loop, at once while scrolling; what the user looks at stays in its place.
+/// Manages the row heights and column widths of a record table. Only visible rows are measured: from the
+/// event loop for collected changes, at once while scrolling. The visible content keeps its position.
 class VrkTableLayout : public QObject
 {
     Q_OBJECT
@@ -20,19 +20,20 @@ public:
     VrkTableLayout(VrkTableProxyModel* model, QTableView* view, VrkTableDelegate* delegate);
     ~VrkTableLayout() override;
 
-    /// Fits all widths anew, those that the user has set too.
+    /// Recomputes all widths, including those that the user has set.
     void fitColumns();
-    /// What the view needs to show all columns beside a text of readable lines; 0 when that is not known.
+    /// Width at which the view shows all columns and text lines of a readable length; 0 if unknown.
     int comfortableWidth();
     /// The widths that the user has set, in characters, by column.
     QHash<int, double> userWidths() const;
-    /// Sets widths as if the user had; columns that are not there or take what remains are passed over.
+    /// Sets widths as if the user had set them; ignores missing columns and the one that takes the
+    /// remaining space.
     void setUserWidths(const QHash<int, double>& widths);
-    /// Scrolls so that the row is seen as a whole, measuring on the way.
+    /// Scrolls until the whole row is visible; measures rows as needed.
     void showRow(const QModelIndex& index);
     /// Measures the visible rows now.
     void measure();
-    /// Takes the sizes of icons and of rows not measured yet from the view's font.
+    /// Takes the sizes of icons and of unmeasured rows from the view's font.
     void applyFont();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -40,7 +41,7 @@ public:
 private:
     struct Width {
         int natural = 0; ///< needed by header and contents in one line
-        int least = 0;   ///< needed by the header and the longest word that is not broken
+        int least = 0;   ///< needed by the header and the longest unbroken word
         bool byUser = false;
     };
 
@@ -58,11 +59,11 @@ private:
     VrkTableProxyModel* m_model;
     QTableView* m_view;
     VrkTableDelegate* m_delegate;
-    QHash<const MDRData*, int> m_heights; ///< without the day line, at the present widths
+    QHash<const MDRData*, int> m_heights; ///< without the day line, at the current widths
     QVector<Width> m_widths;
-    QPersistentModelIndex m_shown; ///< to be kept in sight until it is measured
+    QPersistentModelIndex m_shown; ///< kept visible until it is measured
     bool m_scheduled = false;
     bool m_measuring = false;
     bool m_distributing = false;
-    bool m_fitted = false; ///< widths are ours to keep
+    bool m_fitted = false; ///< the widths are managed here
 };

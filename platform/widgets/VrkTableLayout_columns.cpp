@@ -11,16 +11,17 @@
 namespace
 {
 constexpr int charactersOfWrapped = 16;     ///< wider names are wrapped
-constexpr int charactersOfLeast = 14;       ///< longer words are broken where room is scarce
-constexpr int charactersOfFill = 45;        ///< the text of records gets them at the cost of wrapped names
-constexpr int charactersOfText = 20;        ///< with fewer the table is scrolled sideways instead
-constexpr int charactersOfReadable = 28;    ///< lines of the text that still read well
-constexpr double charactersOfNarrowest = 2; ///< that a column is set to
+constexpr int charactersOfLeast = 14;       ///< longer words are broken when there is too little space
+constexpr int charactersOfFill = 45;        ///< the text of records gets this width, even if names must be
+                                            ///< wrapped
+constexpr int charactersOfText = 20;        ///< below this width the table scrolls horizontally instead
+constexpr int charactersOfReadable = 28;    ///< length of a text line that is easy to read
+constexpr double charactersOfNarrowest = 2; ///< minimum width of a column
 constexpr double charactersOfWidest = 120;
-constexpr int rowsRead = 100; ///< at most, for the widths
+constexpr int rowsRead = 100; ///< maximum number of rows used to find the widths
 } // namespace
 
-// The column that takes what remains: the text of records, else the last one in sight.
+// The column that takes the remaining space: the text of records, otherwise the last visible one.
 int VrkTableLayout::fillColumn() const
 {
     const QHeaderView* header = m_view->horizontalHeader();
@@ -42,7 +43,7 @@ int VrkTableLayout::headerWidth(int column) const
     return header ? header->neededWidth(column) : m_view->horizontalHeader()->sectionSizeHint(column);
 }
 
-// Reads what the columns need, from the rows in sight; unless \a anew, columns only grow.
+// Computes the widths that the columns need for the visible rows. Without the flag, columns only grow.
 void VrkTableLayout::readWidths(bool anew)
 {
     if (!m_fitted)
@@ -65,7 +66,7 @@ void VrkTableLayout::readWidths(bool anew)
         int least = qMax(width.least, header);
         for (int row = first; row <= last; ++row) {
             if (m_heights.contains(m_model->record(row)))
-                continue; // read when it was measured
+                continue; // computed when it was measured
             const QModelIndex cell = m_model->index(row, column);
             const int inOneLine = m_delegate->naturalWidth(cell, false);
             if (inOneLine <= natural && inOneLine <= least)
@@ -134,8 +135,8 @@ void VrkTableLayout::setUserWidths(const QHash<int, double>& widths)
     forgetHeights();
 }
 
-// Gives the columns their widths: what they need in one line while the text keeps enough, those first that gain it at the
-// least cost; the others get what their longest word needs.
+// Sets the column widths. Columns get their one-line width as long as the text keeps enough, starting with
+// those that need the least for it; the others get the width of their longest word.
 void VrkTableLayout::distribute()
 {
     const int fill = fillColumn();

@@ -146,7 +146,7 @@ QVariant VrkTableModel::data(const QModelIndex& index, int role) const
         return ShownText::tip(answer.toString());
     if (role != Qt::ToolTipRole || answer.isValid() || column.field->type != mdr_TDouble)
         return answer;
-    // Cells show the time of day alone: the full date stands in the tooltip.
+    // Cells show only the time of day; the full date is in the tool tip.
     MDRVar time;
     MDRGetVal(column.field, cellRecord, &time);
     if (!MDRValue::hasTime(time))

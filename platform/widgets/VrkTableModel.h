@@ -10,55 +10,57 @@
 class AbstractHfnCellConversion;
 class QTextCodec;
 
-/// Item model over a record array: a row a record, in the order of the array's first key; a column a field.
-/// The array belongs to the caller and is changed by the caller between the begin and end operations below.
+/// Item model of a record array: one row for each record, in the order of the array's first key, and one
+/// column for each field. The caller owns the array and changes it between the begin and end functions
+/// below.
 ///
-/// Decoded texts and the visible text of templates are kept for each record until updateRecord(), the
-/// record's removal or a reset; so a record that changes must be announced.
+/// Decoded texts and the visible text of templates are cached for each record until updateRecord(), the
+/// record's removal or a reset; so every change of a record must be announced.
 class VRK_EXPORT VrkTableModel : public QAbstractTableModel
 {
     Q_OBJECT
 
 public:
-    /// The field whose text is that of a template.
+    /// The field that contains template text.
     static const char TemplateField[];
 
     explicit VrkTableModel(QObject* parent = nullptr);
     ~VrkTableModel() override;
 
-    /// The data; null for none. Resets the model.
+    /// Sets the data; null for none. Resets the model.
     void setCMDArray(CMDArray* array);
     CMDArray* cmdArray() const { return m_array; }
-    /// Code page of the texts; UTF-8 when it is null.
+    /// Code page of the texts; null means UTF-8.
     void setTextCodec(QTextCodec* codec);
     QTextCodec* textCodec() const { return m_codec; }
 
-    /// Bracket a full reload: between them the array may be cleared, refilled and given other fields.
-    /// Brackets may stand within brackets; only the outermost pair counts.
+    /// Enclose a full reload: between them the array may be cleared, refilled and given other fields. Calls
+    /// may be nested; only the outermost pair has an effect.
     void beginResetModel();
     void endResetModel();
     bool isResetting() const { return m_resets > 0; }
-    /// Bracket \a count records that are posted at the end of the array. If another number came, or they came
-    /// elsewhere, the model is reset. Within a reset, or with a count below 1, they do nothing.
+    /// Enclose the posting of \a count records at the end of the array. If the number or the position
+    /// differs, the model is reset. During a reset, or with a count below 1, they do nothing.
     void beginAppendRows(int count);
     void endAppendRows();
-    /// Bracket the removal of a posted record. Nothing happens for a record of another array or within a
+    /// Enclose the removal of a posted record. They do nothing for a record of another array or during a
     /// reset.
     void beginRemoveRecord(MDRData* record);
     void endRemoveRecord();
-    /// Tells that a record has changed, in these columns; an empty list means all.
+    /// Announces a change of a record in these columns; an empty list means all.
     void updateRecord(MDRData* record, const QVector<int>& columns = {});
 
-    /// Column of a field, -1 when there is none. ASCII case is ignored, as in the array.
+    /// Column of a field, -1 if there is none. Ignores ASCII case, like the array.
     int idxField(const QString& field) const;
     /// Description of a column's field, or null.
     const MDRField* field(int column) const;
-    /// True for the column whose text is that of a template.
+    /// True for the column with template text.
     bool isTemplateText(int column) const;
-    /// Lets the conversion answer every question about cells of this field; null takes it back. Not owned.
-    /// May be called before the array has the field.
+    /// Sets the conversion that provides all data of this field's cells; null removes it. Not owned. May be
+    /// called before the array has the field.
     void setCellConversion(const QString& field, AbstractHfnCellConversion* conversion);
-    /// Header of a field's column, kept by the field's name over resets. The orientation must be horizontal.
+    /// Sets the header of a field's column, kept by the field's name across resets. The orientation must be
+    /// horizontal.
     bool setHeaderData(const QString& field, Qt::Orientation orientation, const QVariant& value, int role);
     bool setHeaderData(int section, Qt::Orientation orientation, const QVariant& value, int role) override;
 
@@ -67,9 +69,9 @@ public:
     MDRData* record(const QModelIndex& index) const { return record(index.row()); }
     /// The index of a posted record of the array, or an invalid one.
     QModelIndex indexOf(const MDRData* record, int column = 0) const;
-    /// The stored text of a field, decoded; empty when absent.
+    /// The stored text of a field, decoded; empty if absent.
     QString storedText(const MDRData* record, int column) const;
-    /// What a reader sees of the text: for template text its visible part, kept for each record.
+    /// The visible text: for template text its visible part, cached for each record.
     QString visibleText(const MDRData* record, int column) const;
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -97,12 +99,12 @@ private:
     QTextCodec* m_codec = nullptr;
     QVector<Column> m_columns;
     QHash<QString, ColumnSettings> m_settings; ///< by the field's name in lower case
-    AbstractHfnCellConversion* m_plain;        ///< answers for columns without a conversion
-    int m_rows = 0;                            ///< as announced
+    AbstractHfnCellConversion* m_plain;        ///< used for columns without a conversion
+    int m_rows = 0;                            ///< number of announced rows
     int m_resets = 0;
     int m_appending = 0;
-    const MDRData* m_last = nullptr; ///< the last record before the rows that are being appended
+    const MDRData* m_last = nullptr; ///< the last record before the rows being appended
     const MDRData* m_removing = nullptr;
     mutable QHash<const MDRData*, QVector<QString>>
-        m_texts; ///< visible texts by column, null when not asked yet
+        m_texts; ///< visible texts by column, null until requested
 };

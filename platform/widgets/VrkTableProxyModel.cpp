@@ -47,7 +47,7 @@ void VrkTableProxyModel::setFilterRows(VrkTableFilterRow* filter)
     if (!filter || m_filters.contains(filter))
         return;
     m_filters.append(filter);
-    // During a reset the array is being refilled: all rows are asked at its end anyway.
+    // During a reset the array is being refilled; all rows are filtered at its end anyway.
     const auto ask = [this] {
         if (!tableModel() || !tableModel()->isResetting())
             invalidateFilter();
@@ -97,6 +97,7 @@ bool VrkTableProxyModel::lessThan(const QModelIndex& left, const QModelIndex& ri
                                       : compareTexts(left.data().toString(), right.data().toString());
     if (order != 0)
         return order < 0;
-    // In falling order the arguments come swapped; the order of the array holds either way.
+    // In descending order the arguments are swapped; equal rows must keep the order of the array in both
+    // cases.
     return sortOrder() == Qt::AscendingOrder ? left.row() < right.row() : left.row() > right.row();
 }

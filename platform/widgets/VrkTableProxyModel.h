@@ -8,10 +8,10 @@
 
 class VrkTableFilterRow;
 
-/// Sorts and filters a VrkTableModel. Numbers and times sort by their stored value, never by what is shown,
-/// all other columns by the shown text; equal ones stand in the order of the array, whichever way the column
-/// is sorted. A row is shown when every filter keeps it; filters are asked again whenever the record changes
-/// or a filter is switched.
+/// Sorts and filters a VrkTableModel. Numbers and times are sorted by their stored value, never by the
+/// shown text; all other columns by the shown text. Equal rows keep the order of the array in both sort
+/// directions. A row is shown if every filter accepts it; filters are applied again whenever the record
+/// changes or a filter is switched.
 class VRK_EXPORT VrkTableProxyModel : public QSortFilterProxyModel
 {
     Q_OBJECT
@@ -20,13 +20,13 @@ public:
     explicit VrkTableProxyModel(QObject* parent = nullptr);
     ~VrkTableProxyModel() override;
 
-    /// Adds a filter; one that is there already, or null, changes nothing. Not owned; it leaves when it is
-    /// destroyed.
+    /// Adds a filter; null or one that was already added changes nothing. Not owned; it is removed when it
+    /// is destroyed.
     void setFilterRows(VrkTableFilterRow* filter);
-    /// A VrkTableModel; any other model is neither sorted nor filtered.
+    /// Expects a VrkTableModel; any other model is neither sorted nor filtered.
     void setSourceModel(QAbstractItemModel* model) override;
     VrkTableModel* tableModel() const { return m_table; }
-    /// The record behind a row of this model, or null.
+    /// The record of a row of this model, or null.
     MDRData* record(int row) const;
 
 protected:

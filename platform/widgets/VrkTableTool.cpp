@@ -20,7 +20,7 @@
 struct VrkTableTool::Private {
     struct Column {
         QString field;
-        int position = -1; ///< not told
+        int position = -1; ///< not set
         bool visible = true;
     };
     enum class AfterReset { Nothing, First, Record };
@@ -38,11 +38,12 @@ struct VrkTableTool::Private {
     VrkTableModel model;
     VrkTableProxyModel proxy;
     QPointer<QTableView> view;
-    QPointer<VrkTableLayout> layout; ///< of the view, as is the delegate
-    QVector<Column> columns;         ///< in the order in which they were told
+    QPointer<VrkTableLayout> layout; ///< owned by the view, like the delegate
+    QVector<Column> columns;         ///< in the order in which they were added
     AfterReset afterReset = AfterReset::Nothing;
-    MDRData* wanted = nullptr;       ///< to become current after the reset, or when the box above is closed
-    QMetaObject::Connection waiting; ///< for the box above
+    MDRData* wanted = nullptr;       ///< to become current after the reset, or when the box over the table
+                                     ///< is closed
+    QMetaObject::Connection waiting; ///< to the box over the table
 };
 
 VrkTableTool::Private::Column& VrkTableTool::Private::settings(const QString& field)
@@ -73,7 +74,7 @@ void VrkTableTool::Private::applyColumns()
         header->moveSection(header->visualIndex(position.second), qMin(position.first, header->count() - 1));
 }
 
-// The index of the record's row, in the present column or, when that cannot be seen, in the first one that can.
+// The index of the record's row, in the current column or, if that is hidden, in the first visible one.
 QModelIndex VrkTableTool::Private::indexOf(const MDRData* record) const
 {
     const QModelIndex row = proxy.mapFromSource(model.indexOf(record));
@@ -91,7 +92,7 @@ void VrkTableTool::Private::makeCurrent(const QModelIndex& index)
 {
     if (!view || !index.isValid())
         return;
-    // Up and down only: who has scrolled sideways to the text goes on reading it.
+    // Scrolls only vertically: a user who has scrolled sideways to the text continues reading there.
     QScrollBar* sideways = view->horizontalScrollBar();
     const int position = sideways->value();
     view->setCurrentIndex(index);
@@ -108,7 +109,7 @@ bool VrkTableTool::Private::isDelivering() const
     return false;
 }
 
-// Makes the wanted record current when the guard, and any that is raised meanwhile, is lowered.
+// Makes the wanted record current when the guard, and any guard raised in the meantime, is lowered.
 void VrkTableTool::Private::waitFor(PopGuard* guard, VrkTableTool* tool)
 {
     QObject::disconnect(waiting);
@@ -125,7 +126,7 @@ void VrkTableTool::Private::waitFor(PopGuard* guard, VrkTableTool* tool)
 
 VrkTableTool::VrkTableTool(QObject* parent) : QObject(parent), d(new Private(this))
 {
-    // Before the proxy hears of it: nobody is left with a current record that is about to go.
+    // Connected before the proxy, so that the current record is changed before it is removed.
     connect(&d->model, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         disconnect(d->waiting);
         d->wanted = nullptr;
@@ -141,7 +142,8 @@ VrkTableTool::VrkTableTool(QObject* parent) : QObject(parent), d(new Private(thi
         else if (then == Private::AfterReset::Record)
             setCurrentRecord(d->wanted);
     });
-    // Before the view hears of it: while a question is open, its record leaving must not make another one current.
+    // Connected before the view: while a question is open, the removal of its record must not make another
+    // one current.
     connect(&d->proxy, &QAbstractItemModel::rowsAboutToBeRemoved, this,
             [this](const QModelIndex&, int first, int last) {
                 const int row = d->view ? d->view->currentIndex().row() : -1;
@@ -166,7 +168,7 @@ void VrkTableTool::setTableView(QTableView* view)
     d->view = view;
     auto* header = new VrkTableHeader(view);
     view->setHorizontalHeader(header);
-    header->show(); // a child that a visible view gets is hidden at first
+    header->show(); // a child added to a visible view is hidden at first
     view->setModel(&d->proxy);
     auto* delegate = new VrkTableDelegate(&d->proxy, view);
     view->setItemDelegate(delegate);
@@ -189,7 +191,7 @@ void VrkTableTool::setDefaultSettingsView()
     view->setSelectionMode(QAbstractItemView::SingleSelection);
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view->setAlternatingRowColors(true);
-    view->setShowGrid(false); // the delegate draws the lines: those of the day run through
+    view->setShowGrid(false); // the delegate draws the lines, because day lines have no column separators
     view->setWordWrap(true);
     view->setTabKeyNavigation(false);
     view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -268,7 +270,7 @@ MDRData* VrkTableTool::recordByIndex(const QModelIndex& index) const
 void VrkTableTool::setColumnPosition(const QString& field, int position)
 {
     d->settings(field).position = position;
-    if (!d->model.isResetting()) // its end applies them all
+    if (!d->model.isResetting()) // the end of the reset applies them all
         d->applyColumns();
 }
 
@@ -329,7 +331,7 @@ void VrkTableTool::updateView(MDRData* record, const QVector<int>& columns)
     d->model.updateRecord(record, columns);
 }
 
-// What is to be read in the selected rows, cells joined by tabs.
+// The visible text of the selected rows, cells separated by tabs.
 QString VrkTableTool::Private::selectedText() const
 {
     QModelIndexList rows = view->selectionModel()->selectedRows();

@@ -10,12 +10,11 @@
 
 class QTableView;
 
-/// Binds a table view to a record array: model, proxy, look, row heights, column widths, day lines and
-/// copying. The proxy and the view's selection model stay the same as long as the tool lives.
+/// Connects a table view to a record array: model, proxy, look, row heights, column widths, day lines and
+/// copying. The proxy and the view's selection model stay the same for the tool's lifetime.
 ///
-/// Heights are measured for visible rows only, and a little after the change; rows whose neighbour above
-/// belongs to another day carry a line with the date while the table is sorted by a time. Ctrl+C copies what
-/// is visible.
+/// Only visible rows are measured, shortly after the change. While the table is sorted by a time, a row has
+/// a line with the date if the row above it belongs to another day. Ctrl+C copies the visible text.
 class VRK_EXPORT VrkTableTool : public QObject
 {
     Q_OBJECT
@@ -24,12 +23,12 @@ public:
     explicit VrkTableTool(QObject* parent = nullptr);
     ~VrkTableTool() override;
 
-    /// The view to manage; it gets the proxy, with it its selection model, and the delegate of template
-    /// texts. Once.
+    /// Sets the view to manage; it gets the proxy with its selection model, and the delegate of template
+    /// texts. Call it once.
     void setTableView(QTableView* view);
-    /// The data; rows are the records of the array, columns its fields. Not owned.
+    /// Sets the data; rows are the records of the array, columns its fields. Not owned.
     void setCMDArray(CMDArray* array);
-    /// The standard look: whole rows, one at a time, texts wrapped, sorting by a click on a header.
+    /// Sets the standard look: whole rows, one at a time, wrapped texts, sorting by a click on a header.
     void setDefaultSettingsView();
 
     VrkTableModel* model() const;
@@ -37,39 +36,39 @@ public:
     QTableView* tableView() const;
 
     enum DayLines {
-        NoDayLines,      ///< for tables whose cells tell the date
-        DayLinesBetween, ///< above the first record of each day but the first
-        DayLinesAll,     ///< above that of the first day too, for tables that do not tell it elsewhere
+        NoDayLines,      ///< for tables whose cells show the date
+        DayLinesBetween, ///< above the first record of each day except the first day
+        DayLinesAll,     ///< also above the first day, for tables that do not show it elsewhere
     };
-    /// Where lines with the date stand while the table is sorted by a time; between the days when nothing is said.
+    /// Sets where day lines are shown while the table is sorted by a time; the default is between the days.
     void setDayLines(DayLines lines);
 
     /// The record of the view's current row, or null.
     MDRData* currentRecord() const;
-    /// Makes the record's row current and scrolls to it; nothing happens for a record that is not shown.
-    /// Called out of a change event while a question box or a small value dialog stands over the view, it
-    /// waits until that is closed, so that the answer meets the record that was asked about.
+    /// Makes the record's row current and scrolls to it; does nothing for a record that is not shown. If a
+    /// change event calls it while a question box or a small value dialog is open over the view, it waits
+    /// until that is closed, so that the answer applies to the right record.
     void setCurrentRecord(MDRData* record);
     /// Makes the first row of the proxy current.
     void setCurrentFirst();
     /// The record of an index of the proxy, or null.
     MDRData* recordByIndex(const QModelIndex& index) const;
 
-    /// Puts the field's column at this visual position. Unknown fields are ignored here and below.
+    /// Moves the field's column to this visual position. Here and below, unknown fields are ignored.
     void setColumnPosition(const QString& field, int position);
     void setColumnVisible(const QString& field, bool visible);
     void sortByColumn(const QString& field, Qt::SortOrder order);
-    /// Fits the widths to headers and visible rows; the text of records gets what remains. From then on
-    /// columns that turn out too narrow grow by themselves, except those that the user has set.
+    /// Fits the widths to headers and visible rows; the text of records gets the remaining space. From then
+    /// on columns that are too narrow grow automatically, except those that the user has set.
     void adjustColumnsWidth();
-    /// The width in which the visible view shows all columns and the text of records gets lines that read well; 0 before
+    /// The width at which the visible view shows all columns and text lines of a readable length; 0 before
     /// adjustColumnsWidth() and while the view is hidden.
     int comfortableWidth() const;
-    /// The widths that the user has given to columns, by field, in characters; for setUserWidths() at another time, where
-    /// letters may have another size.
+    /// The widths that the user has set, by field, in characters; pass them to setUserWidths() later, even
+    /// if the font size has changed.
     QVariantMap userWidths() const;
     void setUserWidths(const QVariantMap& widths);
-    /// Tells that the record has changed, in these columns; an empty list means all columns.
+    /// Announces a change of the record in these columns; an empty list means all columns.
     void updateView(MDRData* record, const QVector<int>& columns = {});
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -60,7 +60,7 @@ void WorkerEdit::setWorker(const QByteArray& key, const QString& name)
     m_key = key;
     m_line->setText(key.isEmpty() ? QString() : name);
     if (!m_line->hasFocus())
-        m_line->setCursorPosition(0); // of a long name the beginning is seen
+        m_line->setCursorPosition(0); // shows the beginning of a long name
     emit changed();
 }
 
@@ -103,7 +103,7 @@ bool WorkerEdit::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::FocusOut) {
         takeTyped();
-        // Whoever comes back from another window goes on typing where he was.
+        // After a switch from another window the cursor stays, so that the user can continue typing.
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
             m_line->setCursorPosition(0);

@@ -11,8 +11,8 @@ class ReferenceData;
 class SuggestionModel;
 class SuggestionPopup;
 
-/// A line in which a worker is chosen by typing parts of his name or department, with a button for the tree of the
-/// organization. Text that names nobody is not taken: isResolved() says so.
+/// A line for choosing a worker by typing parts of his name or department, with a button for the tree of
+/// the organization. Text that names nobody is not accepted: isResolved() is then false.
 class WorkerEdit : public QWidget
 {
     Q_OBJECT
@@ -20,18 +20,18 @@ class WorkerEdit : public QWidget
 public:
     explicit WorkerEdit(QWidget* parent = nullptr);
 
-    /// The module gives the workers on offer; deleted ones are none of them.
+    /// Sets the module that provides the available workers; deleted ones are excluded.
     void setModule(CVrkCliMod* module);
-    /// Shows a worker under this name, whether he is on offer or not; an empty key empties the line.
+    /// Shows a worker with this name, even if he is not available for choice; an empty key clears the line.
     void setWorker(const QByteArray& key, const QString& name);
     QByteArray workerKey() const { return m_key; }
-    /// False while the text names nobody.
+    /// False if the text names nobody.
     bool isResolved() const;
 
 signals:
     /// The worker or the text has changed.
     void changed();
-    /// The button was pressed: the owner shows the tree and answers with setWorker().
+    /// The button was pressed: the owner shows the tree and calls setWorker().
     void treeRequested();
 
 protected:
@@ -41,7 +41,7 @@ private:
     void loadItems();
     void suggest(const QString& query);
     void take(int row);
-    /// The text may name a worker in full without having been taken from the list.
+    /// Accepts a text that names a worker in full without a choice from the list.
     void takeTyped();
 
     QLineEdit* m_line;
