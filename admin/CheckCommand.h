@@ -2,7 +2,7 @@
 
 #include "Command.h"
 
-/// Looks through a whole store.
+/// Checks a whole store.
 class CheckCommand : public Command
 {
 public:

@@ -8,32 +8,32 @@
 
 struct StoreError;
 
-/// Where a command reads and writes; tests put strings in their place.
+/// The streams of a command; tests replace them by strings.
 struct Streams {
     QTextStream& out;
     QTextStream& err;
-    QTextStream* in = nullptr; ///< for commands that ask; null where nobody answers
+    QTextStream* in = nullptr; ///< for commands that ask questions; null if nobody can answer
 };
 
 /// One sub-command of vrk-admin.
 class Command
 {
 public:
-    /// What the program returns to the shell.
+    /// Exit codes of the program.
     enum ExitCode {
         Success = 0,
-        Failed = 1,      ///< the reason stands on the error stream
-        WrongUsage = 2,  ///< the usage stands on the error stream
-        FaultsFound = 3, ///< a check that found faults
+        Failed = 1,      ///< the reason is on the error stream
+        WrongUsage = 2,  ///< the usage is on the error stream
+        FaultsFound = 3, ///< the check found faults
     };
 
     virtual ~Command() = default;
 
-    /// The word by which it is called.
+    /// The name of the sub-command.
     virtual QString name() const = 0;
     /// One line for the list of commands.
     virtual QString summary() const = 0;
-    /// Arguments and what they mean, without the program's name.
+    /// The arguments and their meaning, without the program's name.
     virtual QString usage() const = 0;
     virtual ExitCode run(const QStringList& arguments, Streams& streams) = 0;
 
@@ -47,6 +47,6 @@ protected:
 /// All sub-commands, in the order of the help.
 std::vector<std::unique_ptr<Command>> adminCommands();
 
-/// Runs the command that the arguments (without the program's name) call. Help without arguments, with "help"
-/// and with "--help"; "COMMAND --help" tells that command's usage.
+/// Runs the command named by the arguments (without the program's name). Shows help without arguments, with
+/// "help" and with "--help"; "COMMAND --help" shows that command's usage.
 Command::ExitCode runAdmin(const QStringList& arguments, Streams& streams);

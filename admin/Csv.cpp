@@ -17,7 +17,7 @@ QString decoded(const QByteArray& bytes)
     return QTextCodec::codecForName("Windows-1251")->toUnicode(bytes);
 }
 
-/// What may part cells, the likeliest first.
+/// Possible separators, the most likely first.
 const QString candidates = QStringLiteral(";,\t");
 
 QChar separatorOf(const QString& text)
@@ -124,7 +124,7 @@ private:
     int m_line = 1;
 };
 
-/// \a special: signs that would not stay in the cell.
+/// \a special: characters that must be quoted.
 QString quoted(const QString& cell, const QString& special)
 {
     const bool isPlain =
@@ -143,7 +143,7 @@ bool Csv::read(const QByteArray& bytes, QVector<Row>* rows, QString* error)
 QByteArray Csv::write(const QVector<QStringList>& rows)
 {
     QString text(QChar(0xFEFF));
-    // A reader takes the separator that the first row holds most of.
+    // A reader takes the separator that occurs most often in the first row.
     QString special = candidates + QLatin1String("\"\r\n");
     for (const QStringList& row : rows) {
         QStringList cells;

@@ -5,19 +5,20 @@
 #include <QStringList>
 #include <QVector>
 
-/// Tables as a spreadsheet keeps them in a text file.
+/// Tables in the text format of spreadsheets.
 namespace Csv
 {
 struct Row {
-    int line = 0; ///< of the file, from 1, where the row begins
+    int line = 0; ///< line of the file, from 1, where the row begins
     QStringList cells;
 };
 
-/// Reads UTF-8 with or without a mark, UTF-16 with one, else Windows-1251; cells parted by semicolon, comma or tab,
-/// whichever the first row holds most of; quoted cells may hold separators, doubled quotes and line ends. Blank rows
-/// are passed over. False, and \a error names the line: a quote that is not closed or has text behind it.
+/// Reads UTF-8 with or without a byte order mark, UTF-16 with one, otherwise Windows-1251; cells are
+/// separated by semicolon, comma or tab, the one that occurs most often in the first row; quoted cells may
+/// contain separators, doubled quotes and line ends. Blank rows are ignored. False, and \a error names the
+/// line, if a quote is not closed or followed by text.
 bool read(const QByteArray& bytes, QVector<Row>* rows, QString* error);
 
-/// A file that a Russian spreadsheet opens by double click: UTF-8 with a mark, semicolons, CRLF.
+/// A file that a Russian spreadsheet opens by double click: UTF-8 with a byte order mark, semicolons, CRLF.
 QByteArray write(const QVector<QStringList>& rows);
 } // namespace Csv

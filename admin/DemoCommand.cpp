@@ -31,7 +31,7 @@ QString describe(DemoStore::State state)
     return {};
 }
 
-/// Every login of a store on a server gets its role; what is to be told of them.
+/// Gives every login of a store on a server its role; returns a message about it.
 bool admitAll(const QString& url, QString* told, StoreError* error)
 {
     const auto store = Store::open(url, {}, error);
@@ -114,7 +114,7 @@ Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& stream
     DemoStore::State state = DemoStore::State::Empty;
     bool known = DemoStore::state(url, now(), &state, &error);
     if (!known && error.code == StoreError::TooOld) {
-        error.clear(); // the demo of a former program
+        error.clear(); // the demo of an earlier program version
         known = StoreAdmin::upgrade(url, &error) && DemoStore::state(url, now(), &state, &error);
     }
     if (!known) {

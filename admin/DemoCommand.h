@@ -2,8 +2,8 @@
 
 #include "Command.h"
 
-/// Lays down the demo journal or brings it up to now; with --live goes on writing as a second workstation
-/// would.
+/// Creates the demo journal or updates it to the current time; with --live keeps writing like a second
+/// workstation.
 class DemoCommand : public Command
 {
 public:

@@ -116,7 +116,7 @@ void Directory::put(const QByteArray& table, const DirectoryRow& row)
     const bool fresh = !known.rows.contains(row.key);
     known.rows.insert(row.key, row);
     if (!fresh)
-        known.stale = true; // its old names have to go
+        known.stale = true; // its old names must be removed
     else if (!known.stale)
         enter(table, row);
 }
@@ -211,7 +211,7 @@ QString Directory::reference(const QByteArray& table, const QByteArray& key,
 {
     const DirectoryRow* referred = row(table, key);
     if (!referred)
-        return QString::fromUtf8(key); // of somebody who is no more: not a name, but not lost
+        return QString::fromUtf8(key); // of a row that no longer exists: not a name, but not lost
     const QStringList parts = label(table, *referred).split(parting());
     for (int first = parts.size() - 1; first >= 0; --first) {
         const QString name = parts.mid(first).join(parting());

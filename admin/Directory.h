@@ -10,43 +10,44 @@
 struct DirectoryRow {
     QByteArray key;
     QHash<QByteArray, QVariant>
-        values; ///< texts as QString, numbers, flags and times; null ones are not there
+        values; ///< texts as QString, numbers, flags and times; null values are absent
 
     QString text(const QByteArray& field) const { return values.value(field).toString(); }
     QByteArray reference(const QByteArray& field) const { return values.value(field).toByteArray(); }
     bool retired() const { return values.value("deleted_").toBool(); }
 };
 
-/// The tables of all sheets in memory, with the names by which people call their rows: a row is called by its own name,
-/// or by that with the names of its owners in front ("Owner / Name"), or by its key.
+/// The tables of all sheets in memory, with the names by which people identify their rows: a row's own
+/// name, or its name after the names of its owners ("Owner / Name"), or its key.
 class Directory
 {
 public:
-    /// False when the store cannot be read.
+    /// False if the store cannot be read.
     bool load(Store* store, StoreError* error);
 
-    /// In the order of their labels.
+    /// Sorted by label.
     QVector<const DirectoryRow*> rows(const QByteArray& table) const;
     const DirectoryRow* row(const QByteArray& table, const QByteArray& key) const;
-    /// Takes a row in or puts it in place of the one with its key.
+    /// Adds a row or replaces the one with its key.
     void put(const QByteArray& table, const DirectoryRow& row);
 
-    /// The full name of a row: owners first.
+    /// The full name of a row, which begins with its owners.
     QString label(const QByteArray& table, const DirectoryRow& row) const;
-    /// The shortest name that resolve() understands.
+    /// The shortest name that resolve() finds.
     QString reference(const QByteArray& table, const QByteArray& key,
                       const QByteArray& department = {}) const;
-    /// The rows that \a text may mean; one when all is well. \a department, where given, is the one they belong to.
+    /// The rows that \a text may refer to; normally one. They must belong to \a department if it is given.
     QVector<QByteArray> resolve(const QByteArray& table, const QString& text,
                                 const QByteArray& department = {}) const;
-    /// The name that was probably meant by one that nothing is called; empty when none is like it.
+    /// The most similar existing name for an unknown one; empty if none is similar.
     QString nearest(const QByteArray& table, const QString& text, const QByteArray& department = {}) const;
-    /// The key of the row that has the identity of \a row, or empty, as for tables that know rows by their keys alone. Of several the one that is not retired.
+    /// The key of the row with the same identity as \a row, or empty, as for tables that identify rows only
+    /// by key. If there are several, the one that is not retired.
     QByteArray same(const QByteArray& table, const DirectoryRow& row) const;
-    /// True when the row is its own owner over some others.
+    /// True if the row is its own owner, directly or through others.
     bool ownsItself(const QByteArray& table, const QByteArray& key, const QByteArray& field) const;
 
-    /// Rows of UserRights by the user: name of the right to the row's key.
+    /// Rows of UserRights of the user: name of the right to the row's key.
     QHash<QString, QByteArray> rights(const QByteArray& user) const { return m_rights.value(user); }
 
 private:

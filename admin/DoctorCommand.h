@@ -2,7 +2,7 @@
 
 #include "Command.h"
 
-/// Names what is wrong with a store's surroundings, and the cure.
+/// Reports problems of a store's environment, and the remedies.
 class DoctorCommand : public Command
 {
 public:

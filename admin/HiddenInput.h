@@ -3,7 +3,7 @@
 #include <termios.h>
 #include <unistd.h>
 
-/// As long as it lives, what is typed on a terminal is not shown. Does nothing where input comes from elsewhere.
+/// Hides the input on a terminal as long as it exists. Does nothing if input comes from elsewhere.
 class HiddenInput
 {
 public:
@@ -14,7 +14,7 @@ public:
             return;
         termios hidden = m_former;
         hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-        hidden.c_lflag |= ECHONL; // the end of the line shows
+        hidden.c_lflag |= ECHONL; // the end of the line is shown
         tcsetattr(m_descriptor, TCSADRAIN, &hidden);
     }
     ~HiddenInput()

@@ -113,7 +113,7 @@ Command::ExitCode ImportCommand::run(const QStringList& arguments, Streams& stre
         streams.out << QStringLiteral("Ничего не записано.\n");
         return Success;
     }
-    // A role without a row in Users can do nothing, so it may come first.
+    // A role without a row in Users has no rights, so it may be created first.
     for (const QString& login : import.admitted()) {
         if (!StoreAdmin::admit(rest[0], login, true, &error))
             return fail(streams, error);

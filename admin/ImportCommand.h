@@ -2,7 +2,7 @@
 
 #include "Command.h"
 
-/// Brings the reference tables of a store to what a folder of sheets says.
+/// Updates the reference tables of a store from a folder of sheets.
 class ImportCommand : public Command
 {
 public:

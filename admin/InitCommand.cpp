@@ -8,7 +8,7 @@
 
 namespace
 {
-/// The code page as it is called; empty for one that is not offered.
+/// The code page's canonical name; empty if it is not supported.
 QByteArray offeredCodec(const QByteArray& name)
 {
     for (const char* codec : {"Windows-1251", "UTF-8"})

@@ -2,7 +2,7 @@
 
 #include "Command.h"
 
-/// Makes a new, empty store.
+/// Creates a new, empty store.
 class InitCommand : public Command
 {
 public:

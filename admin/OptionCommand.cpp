@@ -13,12 +13,13 @@ const QString fileName = QStringLiteral("OperLogOptions");
 const QString check = QStringLiteral("CheckLengthShift");
 const QString delay = QStringLiteral("DelayTime");
 const QString interval = QStringLiteral("IntervalMessage");
-/// Not in the file: the store itself judges by it.
+/// Not in the file: the store's own rules use it.
 const QString longest = QStringLiteral("LongestShift");
-/// The workstations count the interval in milliseconds of 32 bits.
+/// The workstations count the interval in 32-bit milliseconds.
 constexpr qint64 longestSeconds = 24 * 24 * 3600;
 
-/// "1h30m", "15m", "90s", "900"; Russian letters too. -1 for anything else and for more than can be kept.
+/// "1h30m", "15m", "90s", "900"; also with Russian letters. -1 for anything else and for values that are
+/// too large.
 qint64 secondsOf(const QString& text)
 {
     static const QRegularExpression pattern(
@@ -44,7 +45,7 @@ QString spanOf(qint64 seconds)
     return text.isEmpty() ? QStringLiteral("0s") : text;
 }
 
-/// What stands in the store for an option's value as it is typed; null when the value is none.
+/// The stored form of an option's typed value; null if the value is invalid.
 QString storedValue(const QString& name, const QString& typed)
 {
     if (name != check) {
@@ -57,8 +58,8 @@ QString storedValue(const QString& name, const QString& typed)
     return word == QLatin1String("off") || word == QStringLiteral("нет") ? QStringLiteral("0") : QString();
 }
 
-/// Fetches the file of the store, an empty one when there is none yet, and the longest shift; the reason stands on the
-/// error stream otherwise.
+/// Reads the file of the store, an empty one if it does not exist yet, and the longest shift; on failure
+/// writes the reason to the error stream.
 bool fetch(const QString& url, OptionsFile* file, int* longestShift, QByteArray* codec, Streams& streams,
            StoreError* error)
 {
@@ -83,7 +84,7 @@ bool fetch(const QString& url, OptionsFile* file, int* longestShift, QByteArray*
     return false;
 }
 
-/// How the workstations read a number: what is none counts as 0.
+/// The number as the workstations read it: an invalid one counts as 0.
 int numberOf(const OptionsFile& file, const QString& name)
 {
     return file.value(name).toInt();

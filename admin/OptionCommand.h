@@ -2,7 +2,7 @@
 
 #include "Command.h"
 
-/// Shows and sets what the control of the length of workshifts goes by.
+/// Shows and sets the options for the control of the length of workshifts.
 class OptionCommand : public Command
 {
 public:

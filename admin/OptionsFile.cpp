@@ -56,9 +56,9 @@ QString OptionsFile::with(const QMap<QString, QString>& values) const
         const QXmlStreamReader::TokenType token = reader.readNext();
         depth += token == QXmlStreamReader::StartElement ? 1 : token == QXmlStreamReader::EndElement ? -1 : 0;
         if (token == QXmlStreamReader::StartDocument || token == QXmlStreamReader::EndDocument)
-            continue; // the declaration is the caller's: it names the encoding
+            continue; // the caller writes the declaration, since it names the encoding
         if (token == QXmlStreamReader::StartElement && reader.name() == element) {
-            openOptions(writer, reader.attributes(), values); // all alike: the last one counts
+            openOptions(writer, reader.attributes(), values); // in all of them: the last one counts
             isThere = true;
             continue;
         }

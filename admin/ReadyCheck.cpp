@@ -8,7 +8,7 @@ namespace
 constexpr int deepest = 64;
 constexpr int secondsOfDay = 86400;
 
-/// True when the templates of a category are offered to the department.
+/// True if the department may use the templates of a category.
 bool isOffered(const Directory& directory, QByteArray category, const DirectoryRow& department)
 {
     const DirectoryRow* organization =

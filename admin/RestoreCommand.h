@@ -2,7 +2,7 @@
 
 #include "Command.h"
 
-/// Puts a copy of a store back.
+/// Restores a copy of a store.
 class RestoreCommand : public Command
 {
 public:

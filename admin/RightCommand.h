@@ -2,7 +2,7 @@
 
 #include "Command.h"
 
-/// Lists, gives and takes rights of a login.
+/// Lists, grants and revokes rights of a login.
 class RightCommand : public Command
 {
 public:

@@ -2,7 +2,7 @@
 
 #include "Command.h"
 
-/// Makes a site ready to work out of the answers to a row of questions.
+/// Prepares a site for work from the answers to a series of questions.
 class SetupCommand : public Command
 {
 public:

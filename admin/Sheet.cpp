@@ -128,7 +128,7 @@ QVector<Sheet> templates()
     };
 }
 
-/// How many signs have to be put in, left out or changed.
+/// The number of characters to insert, delete or replace.
 int distance(const QString& from, const QString& to)
 {
     QVector<int> row(to.size() + 1);

@@ -9,14 +9,14 @@
 struct SheetColumn {
     enum Kind {
         Text,
-        Verbatim,      ///< a text to the letter, blanks and line ends included
+        Verbatim,      ///< a text taken literally, with its spaces and line ends
         SafetyGroup,   ///< a whole number from 0 to 5
         Flag,          ///< "да" or "нет"
         Time,          ///< "hh:mm" is a time of day, "dd.MM.yyyy hh:mm" a moment
         Reference,     ///< a row of another sheet by its name
-        Scope,         ///< no field: narrows the references of the same row to a department
-        EquipmentKind, ///< a Russian word for the kinds that templates know
-        Rights,        ///< no field: rows of UserRights
+        Scope,         ///< not a field: restricts the references of the same row to a department
+        EquipmentKind, ///< a Russian word for the kinds that templates use
+        Rights,        ///< not a field: rows of UserRights
         Notation,      ///< text of a template, in the notation of TemplateCells
         TemplateFlag,  ///< a template property within the text; field is its name
         TemplateMarker,
@@ -36,14 +36,14 @@ struct SheetColumn {
     QByteArray refers; ///< table of a reference
 };
 
-/// One table of the store as a file for a spreadsheet.
+/// One table of the store in the form of a spreadsheet file.
 struct Sheet {
     QString file;
     QString title;
     QByteArray table;
     QVector<SheetColumn> columns; ///< the code comes last
-    /// A table of the journal before this one, as it was: headings are its fields, and its keys, names and texts are taken
-    /// to the letter, whatever their length. Exported only when it holds a row.
+    /// A table of the earlier journal in its original form: headings are its fields; keys, names and texts
+    /// are taken literally, of any length. Exported only if it has rows.
     bool earlier = false;
 
     const SheetColumn* column(const QString& heading) const;
@@ -52,14 +52,14 @@ struct Sheet {
 
 namespace Sheets
 {
-/// All sheets; one refers to itself and those before it only.
+/// All sheets; each refers only to itself and to sheets before it.
 const QVector<Sheet>& all();
-/// By table; ends the program when there is none.
+/// By table; aborts the program if there is none.
 const Sheet& of(const QByteArray& table);
-/// By file name, case ignored; null when there is none.
+/// By file name, ignoring case; null if there is none.
 const Sheet* byFile(const QString& file);
-/// The rights that the modules ask for.
+/// The rights that the modules check.
 const QStringList& rights();
-/// The one of \a known that \a word was probably meant to be, or begins; empty when none is like it.
+/// The entry of \a known that is most similar to \a word or begins with it; empty if none is similar.
 QString nearest(const QString& word, const QStringList& known);
 } // namespace Sheets

@@ -8,7 +8,7 @@
 
 namespace
 {
-/// The department that narrows the references of a row: that of the worker in it.
+/// The department that restricts the references of a row: that of the row's worker.
 QByteArray scopeOf(const Directory& directory, const Sheet& sheet, const DirectoryRow& row)
 {
     for (const SheetColumn& column : sheet.columns) {

@@ -9,6 +9,7 @@ namespace SheetExport
 {
 /// One row of cells in the order of the sheet's columns.
 QStringList cells(const Directory& directory, const Sheet& sheet, const DirectoryRow& row);
-/// All sheets, those without rows with their headings only. False, and \a failure names the file.
+/// Writes all sheets; those without rows only with their headings. False with the file's name in \a
+/// failure.
 bool write(const Directory& directory, const QDir& folder, QString* failure);
 } // namespace SheetExport

@@ -116,7 +116,7 @@ void SheetImport::compareSheet(const File& file)
     Report report{file.sheet, {}, {}, {}};
     QHash<QByteArray, int> seen;
     QVector<Csv::Row> waiting = file.rows;
-    // Rows may stand in front of those that they belong to.
+    // Rows may come before the rows that they belong to.
     for (bool moved = true; moved && !waiting.isEmpty();) {
         moved = false;
         QVector<Csv::Row> left;
@@ -154,7 +154,7 @@ QVector<Csv::Row> SheetImport::ringsIn(const File& file, QVector<Csv::Row>* wait
     QVector<Csv::Row> others;
     for (const Csv::Row& row : qAsConst(*waiting)) {
         QString name = nameOf(SheetRow(m_directory, *file.sheet, file.columns, row.cells));
-        int steps = 0; // more of them than there are rows lead round in a circle
+        int steps = 0; // more steps than rows mean a cycle
         while (steps <= owners.size() && owners.contains(name)) {
             name = owners.value(name);
             ++steps;
@@ -258,7 +258,7 @@ void SheetImport::takeRow(const File& file, DirectoryRow row, const QSet<QByteAr
             const bool unset = !now.toBool() && !before.toBool();
             const bool flag = column.kind == SheetColumn::Flag || column.kind == SheetColumn::SafetyGroup;
             if (now.toString() == before.toString() || (flag && unset))
-                continue; // a flag that was never set is no
+                continue; // a flag that was never set is "no"
             change.fields.insert(column.field);
             headings << column.heading;
             if (now.isValid())

@@ -6,12 +6,12 @@
 #include <QDir>
 #include <QSet>
 
-/// Brings the tables of a store to what the sheets say: rows that are not there are added, cells that differ are written,
-/// rows that the sheets do not name stay. A column or a file that is not there changes nothing.
+/// Updates the tables of a store from the sheets: missing rows are added, cells that differ are written,
+/// rows that the sheets do not contain are kept. A missing column or file changes nothing.
 class SheetImport
 {
 public:
-    /// What becomes of one sheet.
+    /// The result for one sheet.
     struct Report {
         const Sheet* sheet;
         QStringList added; ///< names of rows
@@ -21,20 +21,21 @@ public:
 
     explicit SheetImport(Store* store) : m_store(store) {}
 
-    /// Reads the sheets of a folder. False when there is a fault, which errors() names.
+    /// Reads the sheets of a folder. False if there are faults; errors() lists them.
     bool read(const QDir& folder);
-    /// Takes rows of a sheet, headings first, as if they had been read from its file.
+    /// Reads rows of a sheet, headings first, as if they came from its file.
     bool take(const Sheet& sheet, const QVector<QStringList>& rows);
-    /// Compares the sheets with the store. False when it cannot be read (\a error) or a cell is wrong (errors()).
+    /// Compares the sheets with the store. False if it cannot be read (\a error) or a cell is wrong
+    /// (errors()).
     bool compare(StoreError* error);
-    /// Writes what compare() found, in one transaction.
+    /// Writes the differences that compare() found, in one transaction.
     bool write(StoreError* error);
 
-    /// "file:line: what is wrong", in the order of the files.
+    /// "file:line: fault", in the order of the files.
     const QStringList& errors() const { return m_errors; }
     const QVector<Report>& reports() const { return m_reports; }
     const Directory& directory() const { return m_directory; }
-    /// Logins that were added or let in again, and those that were retired.
+    /// Logins that were added or enabled again, and those that were retired.
     const QStringList& admitted() const { return m_admitted; }
     const QStringList& retired() const { return m_retired; }
 
@@ -48,20 +49,20 @@ private:
         QByteArray table;
         DirectoryRow row;
         bool fresh;
-        QSet<QByteArray> fields; ///< that are written
+        QSet<QByteArray> fields; ///< fields to be written
     };
 
     bool readFile(const QString& path, const Sheet& sheet);
     bool readHeadings(File* file, const Csv::Row& headings);
     void compareSheet(const File& file);
-    /// Takes those out of the rows that wait for each other whose owners lead round in a circle.
+    /// Removes from the waiting rows those whose owners form a cycle.
     QVector<Csv::Row> ringsIn(const File& file, QVector<Csv::Row>* waiting) const;
-    /// False when the row waits for another one of its sheet.
+    /// False if the row waits for another one of its sheet.
     bool compareRow(const File& file, const Csv::Row& cells, bool last, QHash<QByteArray, int>* seen,
                     Report* report);
     void takeRow(const File& file, DirectoryRow row, const QSet<QByteArray>& given, const QStringList& rights,
                  Report* report);
-    /// Notes what has to be granted and revoked, and tells it.
+    /// Records the rights to be granted and revoked, and returns their names.
     QStringList takeRights(const DirectoryRow& user, const QStringList& rights);
     void fault(const QString& file, int line, const QString& text);
 

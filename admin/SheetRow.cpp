@@ -12,7 +12,7 @@ SheetRow::SheetRow(const Directory& directory, const Sheet& sheet, const QVector
                    const QStringList& texts)
     : m_directory(directory), m_sheet(sheet)
 {
-    // A scope narrows the references wherever it stands in the file.
+    // A scope restricts the references at any position in the file.
     for (const bool scope : {true, false}) {
         for (int i = 0; i < columns.size(); ++i) {
             if ((columns[i]->kind == SheetColumn::Scope) == scope)

@@ -8,14 +8,14 @@
 
 /// Reads the cells of one row of a sheet.
 struct SheetRow {
-    DirectoryRow row;       ///< its key as given, else empty
-    QSet<QByteArray> given; ///< fields that the sheet has a column for
+    DirectoryRow row;       ///< its key if given, otherwise empty
+    QSet<QByteArray> given; ///< fields for which the sheet has a column
     QStringList rights;     ///< of a user
     bool hasRights = false;
     TemplateCells cells;        ///< of a template
-    QSet<QByteArray> textCells; ///< "html" and the template properties that the sheet has columns for
-    QStringList faults;         ///< what is wrong with the cells
-    bool waits = false;         ///< the only fault is a row of the same sheet that is not there yet
+    QSet<QByteArray> textCells; ///< "html" and the template properties for which the sheet has columns
+    QStringList faults;         ///< errors in the cells
+    bool waits = false;         ///< the only fault is a missing row of the same sheet
     QString owner;              ///< the name of that row
 
     SheetRow(const Directory& directory, const Sheet& sheet, const QVector<const SheetColumn*>& columns,

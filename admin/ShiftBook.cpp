@@ -10,7 +10,7 @@
 
 namespace
 {
-// What the key of such a transaction begins with; the reason follows behind a unique part.
+// Beginning of the key of such a transaction; a unique part follows, then the reason.
 const QByteArray mark = "shift:";
 
 MDRVar fieldOf(const MDArray* array, int row, int field)

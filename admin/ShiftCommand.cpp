@@ -8,7 +8,7 @@ namespace
 {
 constexpr int longestReason = 500;
 
-/// 0 for what is none.
+/// 0 if the text is not a time.
 double timeOf(const QString& text)
 {
     return DateTime_To_HfnTime(QDateTime::fromString(text.simplified(), QStringLiteral("d.M.yyyy h:mm")));
@@ -30,7 +30,7 @@ struct Wanted {
     QMap<QString, QString> options; ///< "--start", "--end", "--reason"
 };
 
-/// False for anything but a key and options with their values.
+/// False for anything except a key and options with their values.
 bool read(const QStringList& arguments, Wanted* wanted)
 {
     for (int i = 0; i < arguments.size(); ++i) {

@@ -5,7 +5,7 @@
 
 #include <QMap>
 
-/// Shows the shifts that may be corrected, and mends mistyped bounds of one.
+/// Shows the shifts that may be corrected, and corrects mistyped bounds of one.
 class ShiftCommand : public Command
 {
 public:

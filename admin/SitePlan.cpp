@@ -25,8 +25,8 @@ public:
 
     QString error() const { return m_error; }
 
-    /// One answer that \a take accepts; \a take tells what is wrong with others. What the journal keeps must be in its
-    /// code page. False at the end of the answers.
+    /// Asks for one answer that \a take accepts; for others \a take returns the error. Stored texts must be
+    /// in the journal's code page. False if the input ends.
     bool ask(const QString& question, const std::function<QString(const QString&)>& take, bool isKept = true)
     {
         while (m_error.isEmpty()) {
@@ -40,7 +40,7 @@ public:
             }
             if (m_isFile &&
                 (line.startsWith(QLatin1String("\\#")) || line.startsWith(QLatin1String("\\\\#"))))
-                line.remove(0, 1); // an answer, a password above all, may begin with the sign of a comment
+                line.remove(0, 1); // an answer, especially a password, may begin with the comment character
             if (line.isNull()) {
                 m_error = QStringLiteral("Ответы закончились на вопросе «%1».").arg(question);
                 break;
@@ -59,7 +59,7 @@ public:
         }
         return false;
     }
-    /// Answers until an empty one.
+    /// Reads answers until an empty one.
     bool askAll(const QString& question, const std::function<QString(const QString&)>& take)
     {
         bool isMore = true;
@@ -237,7 +237,7 @@ bool SitePlan::write(Store* store, StoreError* error) const
         for (const QString& post : department.posts)
             posts.insert(post, made("Roles", {{"DepartmentKey", place}, {"name_", post}}));
         for (const Person& person : department.people) {
-            // Somebody may work in several departments under one login.
+            // A person may work in several departments with one login.
             if (!users.contains(person.login))
                 users.insert(person.login,
                              made("Users", {{"login", person.login}, {"name_", person.fullName()}}));
@@ -256,7 +256,7 @@ bool SitePlan::write(Store* store, StoreError* error) const
             }
         }
     }
-    // Without templates for taking over and handing over no shift could be opened.
+    // Without templates for taking over and handing over no shift can be opened.
     QMap<QString, QString> categories; ///< keys by path
     for (const DemoTemplate& one : DemoTemplates::builtIn()) {
         if (one.level != DemoTemplate::Common)

@@ -8,7 +8,8 @@
 class Store;
 struct StoreError;
 
-/// A site as its administrator tells it: one organization, its departments with timetables, posts and people.
+/// A site as described by its administrator: one organization, its departments with timetables, posts and
+/// people.
 struct SitePlan {
     struct Shift {
         QString name;
@@ -20,10 +21,10 @@ struct SitePlan {
         QString lastName;
         QString firstName;
         QString patronymic;
-        QString post; ///< one of the department's; may be empty
+        QString post; ///< a post of the department; may be empty
         int safetyGroup = 0;
         QStringList rights;
-        QString password; ///< empty: may not get in yet
+        QString password; ///< empty: cannot log in yet
         QString fullName() const;
     };
     struct Department {
@@ -37,13 +38,14 @@ struct SitePlan {
     QString organization;
     QVector<Department> departments;
 
-    /// What a site begins with that has told nothing yet: one department with its posts and timetable, nobody in it.
+    /// The default plan of a site: one department with its posts and timetable, without people.
     static SitePlan starter();
 
-    /// Asks line by line: a question to \a out, its answer from \a in. A wrong answer is told and asked for again,
-    /// unless \a in is a file (\a isFile), where it ends the questions with an error. An empty answer ends a list.
+    /// Asks line by line: a question to \a out, its answer from \a in. An invalid answer is reported and
+    /// asked again, unless \a in is a file (\a isFile), where it ends the questions with an error. An empty
+    /// answer ends a list.
     bool ask(QTextStream& in, QTextStream& out, bool isFile, bool withPasswords, QString* error);
 
-    /// Writes everything into an empty store in one transaction, with the templates that every journal needs.
+    /// Writes the plan into an empty store in one transaction, with the templates that every journal needs.
     bool write(Store* store, StoreError* error) const;
 };

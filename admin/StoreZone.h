@@ -4,7 +4,8 @@
 
 #include <ctime>
 
-/// Times are shown and typed in the zone of the store, as the workstations do, as long as this lives.
+/// Makes the process show and read times in the zone of the store, like the workstations, as long as it
+/// exists.
 class StoreZone
 {
 public:

@@ -25,7 +25,7 @@ QString UpgradeCommand::usage() const
 
 namespace
 {
-/// Beside a store's file; of a server's in the folder where the command runs.
+/// Next to a store's file; for a server, in the current folder.
 QString ownPlaceOf(const QString& url, int version)
 {
     const StoreUrl parsed(url);
@@ -64,7 +64,7 @@ Command::ExitCode UpgradeCommand::run(const QStringList& arguments, Streams& str
         streams.out << QStringLiteral("Хранилище уже версии %1, обновлять нечего.\n").arg(present);
         return Success;
     }
-    // A store that is no older one is refused by the upgrade itself.
+    // The upgrade itself refuses a store that is not older.
     isCopied = isCopied && from < present && from > 0;
     if (isCopied) {
         copy = copy.isEmpty() ? ownPlaceOf(url, from) : copy;

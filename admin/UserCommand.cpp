@@ -16,7 +16,7 @@ QString typedPassword(Streams& streams)
     return streams.in->readLine();
 }
 
-/// A login and the worker who goes with it, in one transaction.
+/// Adds a login and its worker in one transaction.
 bool addWorker(const QString& url, const QString& login, const QString& name, const QString& department,
                StoreError* error)
 {
@@ -42,7 +42,7 @@ bool addWorker(const QString& url, const QString& login, const QString& name, co
             *error = {StoreError::BadRequest, text, QString()};
         return false;
     };
-    if (!isSound) // without the name and line of the sheet that nobody has written
+    if (!isSound) // without name and line of the sheet, which exists only in memory
         return refuse(import.errors().value(0).section(QStringLiteral(": "), 1));
     if (!import.admitted().contains(login))
         return refuse(QStringLiteral("Пользователь «%1» уже есть.").arg(login));

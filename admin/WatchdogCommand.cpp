@@ -4,7 +4,7 @@
 
 namespace
 {
-constexpr int defaultSeconds = 120; // far above the deadline of any workstation
+constexpr int defaultSeconds = 120; // much longer than the deadline of any workstation
 } // namespace
 
 QString WatchdogCommand::summary() const

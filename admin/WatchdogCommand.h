@@ -2,7 +2,7 @@
 
 #include "Command.h"
 
-/// Ends requests that run for too long on a server.
+/// Ends requests that run too long on a server.
 class WatchdogCommand : public Command
 {
 public:
