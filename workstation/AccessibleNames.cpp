@@ -23,7 +23,7 @@ bool AccessibleNames::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() != QEvent::ToolTipChange && event->type() != QEvent::Polish)
         return false;
-    constexpr const char* given = "nameOfToolTip"; // by us, and to be followed
+    constexpr const char* given = "nameOfToolTip"; // set by us, and to be updated
     auto* button = qobject_cast<QAbstractButton*>(watched);
     if (button && button->text().isEmpty() &&
         (button->accessibleName().isEmpty() || button->property(given).toBool())) {

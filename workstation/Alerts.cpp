@@ -9,7 +9,7 @@
 
 namespace
 {
-/// One of the module's windows, its dialogs included, is the one that the user works in.
+/// Whether one of the module's windows or dialogs is the active one.
 bool isInFront(const CVrkCliMod* module)
 {
     for (const QWidget* window = QApplication::activeWindow(); window; window = window->parentWidget())
@@ -69,7 +69,7 @@ void Alerts::bringUp()
     m_calling->activateWindow();
 }
 
-/// Whoever has come back needs no icon any more.
+/// The user is back and needs no icon.
 bool Alerts::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate && watched == m_calling)

@@ -9,14 +9,14 @@
 class CVrkCliMod;
 class Tray;
 
-/// Calls the user back to a module that wants him while he is elsewhere: the task bar's entry blinks, the tray tells
-/// why, and a click there brings the window up.
+/// Alerts a user who is working elsewhere when a module needs him: the task bar's entry blinks, the tray
+/// shows the reason, and a click there raises the window.
 class Alerts : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What blinks the entry of a window in the task bar.
+    /// Makes the entry of a window in the task bar blink.
     using Blink = std::function<void(QWidget*)>;
 
     explicit Alerts(QObject* parent = nullptr);
@@ -35,5 +35,5 @@ private:
 
     std::unique_ptr<Tray> m_tray;
     Blink m_blink;
-    QPointer<QWidget> m_calling; ///< the window of the module that the tray shows
+    QPointer<QWidget> m_calling; ///< the module's window that the tray shows
 };

@@ -2,12 +2,12 @@
 
 #include <QString>
 
-/// Where the workstation keeps what it remembers for the user of this computer.
+/// Settings that the workstation keeps for the user of this computer.
 namespace HostSettings
 {
-/// Names organisation and application, which every QSettings of the process goes by. What an earlier version kept without
-/// an organisation is taken over once.
+/// Sets the organisation and application used by every QSettings of the process. Copies once the settings
+/// that an earlier version kept without an organisation.
 void useOwnPlace();
-/// The folder of what was typed and not written yet (KeptTexts).
+/// The folder for typed texts that are not saved yet (KeptTexts).
 QString keptTextsFolder();
 } // namespace HostSettings

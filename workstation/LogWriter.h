@@ -4,13 +4,13 @@
 
 #include <QFile>
 
-/// The log file of the workstation: the message log of the whole process and the lines of the modules. A file
-/// that has grown past 4 MiB is set aside once, so the log never takes more than twice that.
+/// The log file of the workstation: Qt's message log of the whole process and the lines of the modules. A
+/// file larger than 4 MiB is renamed once, so the log never takes more than twice that size.
 class LogWriter
 {
 public:
-    /// Opens \a file for appending and takes over Qt's message log; what is written goes to stderr as well. A
-    /// file that cannot be opened leaves stderr alone.
+    /// Opens \a file for appending and handles Qt's message log; everything also goes to stderr. If the
+    /// file cannot be opened, only stderr is used.
     explicit LogWriter(const QString& file);
     ~LogWriter();
     LogWriter(const LogWriter&) = delete;

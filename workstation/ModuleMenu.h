@@ -7,8 +7,8 @@
 
 class CVrkCliSes;
 
-/// The menu behind "Модули" in the status line: the modules that the user may open, and the change of the user. It lists
-/// what the rights of the moment allow.
+/// The menu of the button "Модули" in the status line: the modules that the user may open, and the change
+/// of user. It lists what the user's current rights allow.
 class ModuleMenu : public QMenu
 {
     Q_OBJECT
@@ -16,9 +16,9 @@ class ModuleMenu : public QMenu
 public:
     ModuleMenu(CVrkCliSes* session, const PluginCatalog& catalog, QWidget* parent = nullptr);
 
-    /// What "Сменить пользователя" triggers; it has a key of its own and belongs to the menu.
+    /// The action for "Сменить пользователя"; it has its own shortcut and belongs to the menu.
     QAction* changeUserAction() const { return m_changeUser; }
-    /// "Вид по умолчанию": the window is to look as its module made it.
+    /// "Вид по умолчанию": restores the window's layout set by its module.
     QAction* ownViewAction() const { return m_ownView; }
 
 signals:

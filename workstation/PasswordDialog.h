@@ -10,15 +10,15 @@ namespace Ui
 class PasswordDialog;
 }
 
-/// Asks for a login of the server and its password until the server lets him in. The password stays in the field and in
-/// the connection; it is kept nowhere else.
+/// Asks for a login of the server and its password until the server accepts them. The password is only in
+/// the field and in the connection; it is not kept anywhere else.
 class PasswordDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Opens \a url through \a signIn, which has a person signed in when the dialog is accepted, unless the login is the
-    /// server's administrator, who may be anybody. \a login is offered.
+    /// Opens \a url through \a signIn. When the dialog is accepted, a person is signed in, unless the login
+    /// is the server's administrator, who may act as anybody. \a login is preset.
     PasswordDialog(SignIn* signIn, const QString& url, const QString& login, QWidget* parent = nullptr);
     ~PasswordDialog() override;
 

@@ -4,30 +4,30 @@
 #include <QStringList>
 #include <QVector>
 
-/// The plug-ins that are installed, by the descriptions that they leave in the folder "plugins" beside the programs. A
+/// The installed plug-ins, found by the descriptions in the folder "plugins" next to the programs. A
 /// description is a JSON file:
 ///
 ///     { "library": "libName.so.1",
 ///       "modules": [ { "name": "archive", "title": "Поиск по архиву", "right": "ADMINISTRATOR" } ] }
 ///
-/// The library lies in the folder "lib" beside "plugins", or where the loader of the system finds it; it makes the modules
-/// through its exported function CppCliModule. "right" may be missing. Descriptions are taken in the order of their file
-/// names, which is that of the menu. What cannot be read is passed over with a warning in the log.
+/// The library is in the folder "lib" next to "plugins", or where the dynamic loader finds it; it creates
+/// the modules through its exported function CppCliModule. "right" is optional. The menu has the order of
+/// the descriptions' file names. A description that cannot be read is skipped with a warning in the log.
 class PluginCatalog
 {
 public:
     struct Module {
-        QString name;    ///< as the library knows it
-        QString title;   ///< as the user does
-        QString right;   ///< that opens it; empty: the module itself decides what it shows to whom
+        QString name;    ///< name used by the library
+        QString title;   ///< name shown to the user
+        QString right;   ///< right required to open it; empty: the module checks rights itself
         QString library; ///< file
     };
 
-    /// The plug-ins of a folder; one beside this program when \a folder is empty.
+    /// The plug-ins of a folder; if \a folder is empty, of the one next to this program.
     explicit PluginCatalog(const QString& folder = QString());
 
     const QVector<Module>& modules() const { return m_modules; }
-    /// By name, case ignored; null when there is none.
+    /// By name, ignoring case; null if there is none.
     const Module* module(const QString& name) const;
 
 private:

@@ -8,15 +8,15 @@
 #include <QLibrary>
 #include <QString>
 
-/// Makes modules by name, each through the exported function of the library that has it. Libraries are loaded at the first
-/// use and stay.
+/// Creates modules by name, each through the exported function of its library. Libraries are loaded on
+/// first use and stay loaded.
 class PluginLoader
 {
 public:
-    /// \a file, when not empty, is asked for every module in place of the libraries of the catalog.
+    /// If \a file is not empty, it provides every module in place of the catalog's libraries.
     explicit PluginLoader(const PluginCatalog& catalog, const QString& file = QString());
 
-    /// A new module, owned by the caller; null, and errorText() says why.
+    /// A new module, owned by the caller; null with errorText() on failure.
     CVrkCliMod* create(CVrkCliApp* app, const QString& name);
     QString errorText() const { return m_errorText; }
 

@@ -24,7 +24,7 @@ void enlargeNothing()
 
 QVector<ScreenScale::Screen> screensOf(int argc, char* argv[])
 {
-    std::vector<char*> arguments(argv, argv + argc); // the toolkit takes some of them out
+    std::vector<char*> arguments(argv, argv + argc); // Qt removes some of them
     arguments.push_back(nullptr);
     QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
     const QGuiApplication application(argc, arguments.data());
@@ -54,7 +54,8 @@ QByteArray ScreenScale::setting(const QVector<Screen>& screens)
     return text;
 }
 
-// A program has one application, and that one takes its factors as it starts. So a child looks at the screens.
+// A program has only one application, which reads its factors at its start. So a child process examines the
+// screens.
 void ScreenScale::roundToQuarters(int argc, char* argv[])
 {
     isSet = false;
@@ -66,8 +67,7 @@ void ScreenScale::roundToQuarters(int argc, char* argv[])
     if (child == 0) {
         const rlimit none = {0, 0};
         setrlimit(RLIMIT_CORE, &none);
-        const int silence =
-            open("/dev/null", O_WRONLY); // a display that is missing is told once, by the program
+        const int silence = open("/dev/null", O_WRONLY); // the program itself reports a missing display, once
         dup2(silence, STDOUT_FILENO);
         dup2(silence, STDERR_FILENO);
         const QByteArray text = setting(screensOf(argc, argv));

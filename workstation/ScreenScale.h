@@ -3,25 +3,26 @@
 #include <QByteArray>
 #include <QVector>
 
-/// How much windows are enlarged on each screen. The toolkit takes the screen's resolution as it stands: 100 dots an inch
-/// give a factor of 1.04, and lines and letters that fall between the dots. Quarters fall on them.
+/// The scale factor of windows on each screen. Qt uses the screen's exact resolution: 100 dots per inch
+/// give a factor of 1.04, and lines and letters between the pixels. With quarters they match the pixels.
 namespace ScreenScale
 {
 struct Screen {
     QByteArray name;
-    double factor; ///< as the resolution gives it
+    double factor; ///< according to the resolution
 };
 
-/// To the nearest quarter; 1 below 1.125, for a screen is never made smaller.
+/// Rounds to a quarter; 1 below 1.125, because a screen is never scaled down.
 double rounded(double factor);
-/// The screens with their rounded factors, as the toolkit takes them from QT_SCREEN_SCALE_FACTORS; empty where no screen
-/// is to be enlarged, for the toolkit passes over factors that are all 1.
+/// The screens with their rounded factors, in the format of QT_SCREEN_SCALE_FACTORS; empty if no screen
+/// needs scaling, because Qt ignores factors that are all 1.
 QByteArray setting(const QVector<Screen>& screens);
-/// Sets that for this program; to be called before there is an application. Does nothing where the user has set factors
-/// of his own, or where the screens cannot be asked.
+/// Applies the setting to this program; call it before there is an application. Does nothing if the user
+/// has set his own factors, or if the screens cannot be examined.
 void roundToQuarters(int argc, char* argv[]);
-/// To be called when the application is there: programs that it starts have factors of their own.
+/// Call it once the application exists: programs that it starts must use their own factors.
 void forget();
-/// One dot for one dot at 96 dots an inch, whatever the screen: for pictures. To be called before there is an application.
+/// One pixel for one dot at 96 dots per inch on any screen: for pictures. Call it before there is an
+/// application.
 void switchOff();
 } // namespace ScreenScale

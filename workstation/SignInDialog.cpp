@@ -8,7 +8,7 @@
 namespace
 {
 const char* const lastLogin = "signIn/login";
-const char* const formerLogin = "signIn/formerLogin";     ///< before the last one
+const char* const formerLogin = "signIn/formerLogin";     ///< the one before the last
 const char* const lastDepartments = "signIn/departments"; ///< by login
 
 void select(QComboBox* combo, const QVariant& data)
@@ -30,7 +30,8 @@ SignInDialog::SignInDialog(SignIn* signIn, const QString& login, const QString& 
         if (login.isEmpty() || known.login == login)
             m_form->loginCombo->addItem(QStringLiteral("%1 (%2)").arg(known.name, known.login), known.login);
     }
-    if (m_form->loginCombo->count() == 0 && !signIn->userName().isEmpty()) // the server has let one person in
+    if (m_form->loginCombo->count() == 0 && !signIn->userName().isEmpty()) // the server has accepted one
+                                                                           // person
         m_form->loginCombo->addItem(signIn->userName(), login);
     select(m_form->loginCombo, QSettings().value(QLatin1String(lastLogin)));
     m_form->loginCombo->setEnabled(m_form->loginCombo->count() > 1);
@@ -57,7 +58,7 @@ void SignInDialog::offerNextOf(const QString& leaving)
         offers << former;
     for (int i = 1; i <= combo->count(); ++i)
         offers << (present + i) % combo->count();
-    for (const int offer : qAsConst(offers)) { // some are workers nowhere
+    for (const int offer : qAsConst(offers)) { // some logins are not workers
         combo->setCurrentIndex(offer);
         if (m_form->buttonBox->button(QDialogButtonBox::Ok)->isEnabled())
             return;
@@ -115,7 +116,7 @@ void SignInDialog::loginChosen()
         m_form->departmentCombo->addItem(QStringLiteral("%1, %2").arg(one.name, one.organizationName),
                                          one.key);
     if (departments.size() > 1)
-        m_form->departmentCombo->setCurrentIndex(-1); // the first of the alphabet is nobody's choice
+        m_form->departmentCombo->setCurrentIndex(-1); // nobody wants the first one of the alphabet by default
     select(m_form->departmentCombo, QSettings().value(QLatin1String(lastDepartments)).toMap().value(login()));
     const QByteArray wanted = departmentOf(*m_signIn, m_department);
     if (!wanted.isEmpty())
@@ -129,7 +130,7 @@ void SignInDialog::loginChosen()
     m_form->noticeLabel->setText(refusal);
     m_isKnown = refusal.isEmpty();
     departmentChosen();
-    resize(size().expandedTo(sizeHint())); // so that the longest name is seen
+    resize(size().expandedTo(sizeHint())); // so that the longest name is visible
 }
 
 void SignInDialog::departmentChosen()

@@ -19,16 +19,16 @@
 namespace
 {
 constexpr int noticeMs = 12000;
-/// A message gets room for so many at least, at the cost of the other texts.
+/// A message gets at least this width, at the cost of the other texts.
 constexpr int charactersOfMessage = 40;
-/// The server is asked for its time once in so many seconds; in between our own clock carries it on.
+/// The server is asked for its time at this interval; in between our own clock continues it.
 constexpr int secondsBetweenSynchronizations = 60;
-/// A clock of this computer that goes wrong by more is told.
+/// A larger deviation of this computer's clock is reported.
 constexpr qint64 toleratedDeviationMs = 5000;
-/// Legible on light and dark grounds.
+/// Legible on light and dark backgrounds.
 const char noticeColours[] = "color: black; background: #F2C94C; padding: 1px 6px;";
 
-/// What the tables of a refused write are called; names that say nothing to a dispatcher are left out.
+/// Names of the tables of a refused write; names that a dispatcher does not know are omitted.
 QString titlesOf(const QString& tables)
 {
     static const QHash<QString, QString> titles{
@@ -49,7 +49,7 @@ QString titlesOf(const QString& tables)
     return shown.join(QStringLiteral(", "));
 }
 
-/// Surname and initials of a full name; anything else as it stands.
+/// Surname and initials of a full name; any other text is unchanged.
 QString shortName(const QString& name)
 {
     const QStringList parts = name.split(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -173,7 +173,7 @@ void StatusLine::fitTexts()
     setTexts(false);
     const int forMessage =
         m_messageLabel->text().isEmpty() ? 0 : charactersOfMessage * fontMetrics().averageCharWidth();
-    // The message itself is no part of this: it takes what is left.
+    // The message itself is not included: it takes the remaining space.
     if (layout()->sizeHint().width() + forMessage > width())
         setTexts(true);
 }
@@ -181,14 +181,14 @@ void StatusLine::fitTexts()
 void StatusLine::setTexts(bool isShort)
 {
     m_isShort = isShort;
-    // Of a connection as it should be the icon tells as well.
+    // The icon alone is enough for a normal connection.
     m_connectionLabel->setVisible(!isShort || !m_session->isConnected() || !m_session->caution().isEmpty());
     const QString name = isShort ? shortName(m_user) : m_user;
     m_userLabel->setText(m_department.isEmpty() ? name : QStringLiteral("%1, %2").arg(name, m_department));
     m_unreadButton->setText(
         (isShort ? tr("Комментарии: %1") : tr("Непрочитанных комментариев: %1")).arg(m_unread));
     m_themeButton->setText(isShort ? QStringLiteral("◐") : tr("День/ночь"));
-    m_themeButton->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_D); // a new text takes it away
+    m_themeButton->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_D); // a new text removes the shortcut
     showClock();
 }
 
@@ -255,7 +255,7 @@ void StatusLine::requestFailed(bool write, const QString& table, const QString& 
 void StatusLine::writeEnded(bool written, const WrittenRows& rows)
 {
     if (!written && !m_failures.isEmpty()) {
-        m_failures.last().unwritten.append(rows); // told a moment ago
+        m_failures.last().unwritten.append(rows); // just reported
         return;
     }
     for (int i = m_failures.size() - 1; written && i >= 0; --i) {
@@ -301,7 +301,7 @@ void StatusLine::showMessage()
     m_messageLabel->setText(text);
     m_messageLabel->setToolTip(told.isEmpty() ? m_notice : told.join(QLatin1Char('\n')));
 
-    // A colour of its own beside the words: legible on light and dark grounds.
+    // A colour in addition to the words: legible on light and dark backgrounds.
     m_messageLabel->setStyleSheet(
         m_failures.isEmpty() ? QString()
                              : QStringLiteral("color: white; background: #B3261E; padding: 1px 6px;"));

@@ -13,9 +13,9 @@ class QLabel;
 class QMenu;
 class QToolButton;
 
-/// The line at the foot of every window: is the store there, who works where, what time the server has, the menu of modules; and
-/// each request that was refused or failed, with time and reason, until the user acknowledges it, or until what was not
-/// written has been written after all.
+/// The line at the bottom of every window: state of the store, user and department, the server's time, the
+/// menu of modules; and each request that was refused or failed, with time and reason, until the user
+/// acknowledges it or the failed write succeeds after all.
 class StatusLine : public QWidget
 {
     Q_OBJECT
@@ -24,15 +24,15 @@ public:
     StatusLine(CVrkCliSes* session, const QString& user, const QString& department,
                QWidget* parent = nullptr);
 
-    /// A failure that stays until it is acknowledged. The same text again is counted, not repeated.
+    /// Shows a failure until it is acknowledged. A repeated text is counted, not shown again.
     void addFailure(const QString& text);
-    /// A notice that goes by itself; it never covers a failure.
+    /// Shows a notice that disappears by itself; it never covers a failure.
     void showNotice(const QString& text);
     /// Failures not yet acknowledged, oldest first.
     QStringList failures() const;
-    /// The menu behind the button "Модули"; without one there is no button.
+    /// Sets the menu of the button "Модули"; without a menu there is no button.
     void setModuleMenu(QMenu* menu);
-    /// The number of unread comments on the user's records; 0 shows nothing.
+    /// The number of unread comments on the user's records; nothing is shown for 0.
     void setUnreadComments(int count);
     /// The clock of this computer, for tests.
     void setOwnClock(std::function<QDateTime()> clock);
@@ -50,14 +50,14 @@ private:
         QString text;
         QDateTime last; ///< time
         int count = 1;
-        QVector<WrittenRows> unwritten; ///< of writes, until they are done
+        QVector<WrittenRows> unwritten; ///< failed writes that have not succeeded yet
     };
 
     void requestFailed(bool write, const QString& table, const QString& reason);
     void writeEnded(bool written, const WrittenRows& rows);
     void showConnection(bool connected);
     void showMessage();
-    /// Shortens the texts where the line has no room for all of them and for a message.
+    /// Shortens the texts if the line has no space for all of them and for a message.
     void fitTexts();
     void setTexts(bool isShort);
     void acknowledge();
@@ -83,7 +83,7 @@ private:
     QString m_notice;
     QTimer m_noticeTimer;
     QTimer m_clockTimer;
-    qint64 m_serverAhead = 0; ///< milliseconds by which the server's clock is ahead of ours
+    qint64 m_serverAhead = 0; ///< milliseconds that the server's clock is ahead of ours
     int m_ticks = 0;
     int m_unread = 0;
     bool m_isShort = false;

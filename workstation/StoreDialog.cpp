@@ -21,7 +21,7 @@ QString urlOfFile(const QString& file)
     return ofFiles + QString::fromLatin1(QUrl::toPercentEncoding(QDir(file).absolutePath(), "/"));
 }
 
-/// A path for a file, else the address as it stands.
+/// A path for a file, otherwise the address itself.
 QString shownAddress(const QString& url)
 {
     return url.startsWith(ofFiles) ? QUrl::fromPercentEncoding(url.mid(ofFiles.size()).toUtf8()) : url;

@@ -10,8 +10,8 @@ namespace Ui
 class StoreDialog;
 }
 
-/// Asks which store to open: one of those opened before, the last first; a file; a server; or a demo store that is made for
-/// this user.
+/// Asks which store to open: one of those opened before, the last first; a file; a server; or a demo store,
+/// which is created for this user.
 class StoreDialog : public QDialog
 {
     Q_OBJECT
@@ -20,17 +20,17 @@ public:
     explicit StoreDialog(QWidget* parent = nullptr);
     ~StoreDialog() override;
 
-    /// The address of what was chosen, after it was accepted.
+    /// The address of the chosen store, after the dialog was accepted.
     QString url() const;
     /// Why the last choice could not be opened.
     void showNotice(const QString& text);
-    /// Asks for a file in place of the desktop's dialog; an empty answer changes nothing.
+    /// Replaces the desktop's file dialog; an empty answer changes nothing.
     void setFileChooser(std::function<QString()> choose) { m_chooseFile = std::move(choose); }
 
-    /// Notes, without its password, an address that was opened.
+    /// Remembers an address that was opened, without its password.
     static void remember(const QString& url);
     static QStringList remembered();
-    /// The address of what a person types: a full address, a path, or server and database. Empty for nothing.
+    /// The address for typed text: a full address, a path, or server and database. Empty for an empty text.
     static QString addressOf(const QString& typed);
 
 private:

@@ -17,7 +17,7 @@ QString& inForce()
     return name;
 }
 
-/// The toolkit's light colours, with texts that are off or dim dark enough to be read.
+/// Qt's light colours, with darker shades for disabled and dim texts, so that they are legible.
 QPalette lightPalette()
 {
     const QColor dim(0x66, 0x6B, 0x70);
@@ -56,7 +56,8 @@ QPalette darkPalette()
     palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x45, 0x4A, 0x52));
     return palette;
 }
-/// A desktop without a style of its own leaves the toolkit's plain one: that we draw better. Colours of the desktop stay.
+/// Without a style of the desktop, Qt's plain one is used: replace it by ours. Colours of the desktop are
+/// kept.
 void drawPlainStyleOurWay()
 {
     const QStyle* style = QApplication::style();
@@ -77,7 +78,7 @@ bool Theme::apply(const QString& name)
         const bool dark = name == QLatin1String("dark");
         if (!dark && name != QLatin1String("light"))
             return false;
-        // A style of the desktop would mix its own colours in.
+        // A style of the desktop would mix in its own colours.
         QApplication::setStyle(new ThemeStyle); // the application owns it
         QApplication::setPalette(dark ? darkPalette() : lightPalette());
     }

@@ -5,13 +5,13 @@
 /// The colours of the workstation: light for the day, dark for the night shift.
 namespace Theme
 {
-/// Puts the theme on the whole application: "light", "dark", or "system" for the desktop's own colours. False and no
-/// change for another name.
+/// Applies a theme to the whole application: "light", "dark", or "system" for the desktop's own colours.
+/// False without a change for another name.
 bool apply(const QString& name);
-/// The theme in force.
+/// The current theme.
 QString current();
-/// The user's choice of an earlier session; "system" when there is none.
+/// The user's choice in an earlier session; "system" if there is none.
 QString remembered();
-/// Applies the other of light and dark and remembers it.
+/// Switches between light and dark and remembers the choice.
 void toggle();
 } // namespace Theme

@@ -9,7 +9,7 @@
 
 namespace
 {
-constexpr int darkGround = 128; ///< lightness below which a ground counts as dark
+constexpr int darkGround = 128; ///< lightness below which a background counts as dark
 constexpr qreal focusWidth = 2;
 constexpr qreal corner = 2.5;
 
@@ -48,7 +48,7 @@ bool isDark(const QPalette& palette)
     return palette.color(QPalette::Window).lightness() < darkGround;
 }
 
-/// The frame of a field: the toolkit's own is hardly lighter or darker than the ground, and cannot be seen.
+/// The frame of a field: the one of Qt has almost the colour of the background and is invisible.
 void drawFieldFrame(QPainter* painter, const QStyleOption* option)
 {
     const QPalette& palette = option->palette;
@@ -65,7 +65,7 @@ void drawFieldFrame(QPainter* painter, const QStyleOption* option)
     }
 }
 
-/// A button that stays down: the toolkit's own shade of it is hardly one.
+/// A checked button: Qt's own shade is almost invisible.
 void drawDown(QPainter* painter, const QStyleOption* option)
 {
     painter->save();
@@ -79,7 +79,8 @@ void drawDown(QPainter* painter, const QStyleOption* option)
     painter->restore();
 }
 
-/// The ground, frame and mark of a box or a button that can be on, in the colours of texts: legible on every ground.
+/// The background, frame and mark of a check box or a checkable button, in the colours of texts: legible on
+/// every background.
 void drawMark(QPainter* painter, const QStyleOption* option, bool isRound)
 {
     const QPalette& palette = option->palette;
@@ -116,7 +117,7 @@ void drawMark(QPainter* painter, const QStyleOption* option, bool isRound)
     painter->restore();
 }
 
-/// The cross that clears a line edit, in the colour that texts have when it is painted.
+/// The cross that clears a line edit, in the text colour at the time of painting.
 class ClearIcon : public QIconEngine
 {
 public:
@@ -172,8 +173,8 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         drawMark(painter, option, true);
         return;
     case PE_FrameFocusRect:
-        // Cells of a view show the current row by themselves.
-        // The others have it however the keyboard came there: a question gives it to its safe answer.
+        // Cells of a view show the current row themselves. Other widgets show the focus, also when it was
+        // not set by the keyboard: a question sets it to its safe answer.
         if (!(option->state & State_Item))
             drawFocus(painter, QRectF(option->rect), option->palette, 1.5);
         else
@@ -212,7 +213,7 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
         drawFieldFrame(painter, option);
 }
 
-/// Under the icon of a selected row a tile of the colour that it is drawn for.
+/// Draws a tile in the icon's intended background colour under the icon of a selected row.
 QPixmap ThemeStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap,
                                         const QStyleOption* option) const
 {
@@ -240,7 +241,7 @@ QIcon ThemeStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, 
 int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* result) const
 {
-    // The journal's own dialogs have buttons with words alone.
+    // The journal's own dialogs have buttons without icons.
     return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0
                                                        : QProxyStyle::styleHint(hint, option, widget, result);
 }

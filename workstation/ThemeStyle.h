@@ -2,14 +2,14 @@
 
 #include <QProxyStyle>
 
-/// The toolkit's plain style with what it draws too weakly for a dark room or a bright one: marks of check boxes and
-/// radio buttons, the crosses of tabs and of line edits, icons in selected rows, and where the keyboard is.
+/// Qt's plain style, with stronger drawing of what is too weak in a dark or a bright room: marks of check
+/// boxes and radio buttons, the crosses of tabs and of line edits, icons in selected rows, and the focus.
 class ThemeStyle : public QProxyStyle
 {
 public:
     ThemeStyle();
 
-    /// The colour that shows the widget with the keyboard; it stands out from the grounds of \a palette.
+    /// The colour that shows the focus; it has enough contrast to the backgrounds of \a palette.
     static QColor focusColor(const QPalette& palette);
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

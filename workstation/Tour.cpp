@@ -51,10 +51,11 @@ QString Tour::summary() const
 
 bool Tour::play()
 {
-    // What the tour types and who signs in is not remembered for the user of this computer.
+    // Texts and logins of the tour are not remembered for the user of this computer.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder + QStringLiteral("/settings"));
     if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
-        QFont font = QApplication::font(); // the platform's own is far larger than that of any desktop
+        QFont font = QApplication::font(); // the default font of the platform is much larger than that of
+                                           // any desktop
         font.setPointSizeF(usualPoints);
         QApplication::setFont(font);
     }

@@ -9,21 +9,21 @@ class CVrkCliMod;
 class QWidget;
 class Workstation;
 
-/// Plays the demo story through the real windows, with keys and clicks, and leaves a page of captioned pictures: once in
-/// light and once in dark colours, each on a demo store of its own.
+/// Plays the demo story through the real windows, with keys and clicks, and writes a page of captioned
+/// pictures: once in light and once in dark colours, each on its own demo store.
 class Tour
 {
     Q_DECLARE_TR_FUNCTIONS(Tour)
 
 public:
-    /// Pictures and stores go into \a folder; vrk-admin is looked for beside this program.
+    /// Pictures and stores go into \a folder; vrk-admin must be next to this program.
     explicit Tour(const QString& folder);
 
-    /// False, and errorText() says why, when a scene could not be played.
+    /// False with errorText() if a scene could not be played.
     bool play();
 
     QString errorText() const { return m_errorText; }
-    /// One line for the log: what was made.
+    /// One line for the log that describes the result.
     QString summary() const;
 
 private:
@@ -58,12 +58,12 @@ private:
     bool sceneAddedWorker(CVrkCliMod* window);
     bool sceneOverdue(const QString& theme);
 
-    // Tour_past.cpp: what lies behind the open shift
+    // Tour_past.cpp: what happened before the open shift
     bool playPast(CVrkCliMod* journal);
     bool sceneUnfinished(CVrkCliMod* journal);
     bool sceneAllShifts(CVrkCliMod* journal);
 
-    // Tour_templates.cpp: an administrator at the same desk, and what comes of his work in the journal
+    // Tour_templates.cpp: an administrator at the same desk, and the effect of his work in the journal
     bool playTemplates(CVrkCliMod* journal);
     bool sceneOwnTemplate(CVrkCliMod* window);
     bool sceneConverter(CVrkCliMod* window);
@@ -79,6 +79,6 @@ private:
     TourBook m_book;
     QString m_folder;
     QString m_store; ///< URL of the present theme's store
-    QString m_check; ///< what the check of the stores said
+    QString m_check; ///< result of the check of the stores
     QString m_errorText;
 };

@@ -10,7 +10,7 @@
 
 namespace
 {
-/// Windows lie over each other in the order in which they were shown: dialogs above the module's window.
+/// Windows are stacked in the order in which they were shown: dialogs above the module's window.
 QPixmap pictureOfScreen()
 {
     QWidgetList windows;
@@ -25,7 +25,7 @@ QPixmap pictureOfScreen()
                 ++n;
             return n;
         };
-        // Of two dialogs the one in which the user works lies on top.
+        // Of two dialogs the active one is on top.
         return std::make_pair(depth(a), a->isActiveWindow()) < std::make_pair(depth(b), b->isActiveWindow());
     });
     QRect area;
@@ -81,7 +81,7 @@ bool TourBook::write() const
         << "</title>\n<style>\n"
         << "body { font-family: sans-serif; margin: 2em; background: #f4f5f7; color: #222; }\n"
         << "figure { margin: 0 0 3em 0; } figcaption { font-size: 1.15em; margin: 0 0 .6em 0; }\n"
-        // One dot for one dot: letters of a picture that is made smaller lose their strokes.
+        // One pixel for one dot: letters of a reduced picture lose their strokes.
         << "img { display: block; max-width: none; margin: 0 0 12px 0; border: 1px solid #bbb; }\n"
         << "</style></head><body>\n<h1>"
         << QCoreApplication::translate("TourBook", "Оперативный журнал: ночная смена") << "</h1>\n";

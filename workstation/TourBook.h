@@ -5,20 +5,20 @@
 #include <QStringList>
 #include <QVector>
 
-/// The page that a tour leaves: captioned pictures of the windows on the screen, the same scene in each theme side by
-/// side.
+/// The page written by a tour: captioned pictures of the windows on the screen, the same scene in each
+/// theme side by side.
 class TourBook
 {
 public:
-    /// The folder is made; pictures of an earlier tour in it are overwritten.
+    /// Creates the folder; pictures of an earlier tour in it are overwritten.
     explicit TourBook(const QString& folder);
 
-    /// The theme of the pictures that follow.
+    /// The theme of the following pictures.
     void setTheme(const QString& name, const QString& title);
-    /// Takes a picture of all windows that are visible now, as they lie over each other. Scenes of a second theme are
-    /// matched by their order.
+    /// Takes a picture of all visible windows in their stacking order. Scenes of a second theme are matched
+    /// by their order.
     void add(const QString& caption);
-    /// Writes index.html. False when the folder cannot be written.
+    /// Writes index.html. False if the folder cannot be written.
     bool write() const;
 
     QString page() const { return m_folder.filePath(QStringLiteral("index.html")); }

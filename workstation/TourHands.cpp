@@ -14,7 +14,7 @@ namespace
 {
 constexpr int patienceMs = 10000;
 constexpr int breathMs = 20;
-constexpr int animationMs = 400; ///< longer than the toolkit's own
+constexpr int animationMs = 400; ///< longer than Qt's own
 } // namespace
 
 bool TourHands::wait(const std::function<bool()>& condition)
@@ -157,7 +157,7 @@ void TourHands::fill(QWidget* dialog, const QStringList& values)
             if (visibleDialog("SuggestionPopup"))
                 press(dialog, Qt::Key_Return);
         }
-        if (dialog->focusWidget() == field) // a suggestion that was taken goes on by itself
+        if (dialog->focusWidget() == field) // accepting a suggestion moves on by itself
             press(dialog, Qt::Key_Tab);
         settle();
     }

@@ -112,7 +112,7 @@ bool Tour::sceneDeletion(CVrkCliMod* window)
 bool Tour::sceneReading(CVrkCliMod* window)
 {
     if (!selectRecord(window, tr("Смену принял")))
-        return true; // the story may open otherwise
+        return true; // the story may already be there at the start
     emit records(window)->doubleClicked(records(window)->currentIndex());
     settle();
     QWidget* dialog = visibleDialog("RecordCreatorDialog");

@@ -17,7 +17,7 @@ QAbstractItemView* found(QWidget* window)
     return window->findChild<QAbstractItemView*>(QStringLiteral("foundTable"));
 }
 
-/// Opens a module from the menu of the journal, in a window over it.
+/// Opens a module from the menu of the journal, in a window over the journal.
 QWidget* opened(CVrkCliMod* journal, const char* action, const char* className)
 {
     QWidget* window = trigger(journal, action) ? visibleDialog(className) : nullptr;
@@ -35,7 +35,7 @@ QWidget* opened(CVrkCliMod* journal, const char* action, const char* className)
 bool Tour::playPast(CVrkCliMod* journal)
 {
     const bool played = sceneUnfinished(journal) && sceneAllShifts(journal);
-    // Back at the desk.
+    // Returns to the journal.
     auto* tabs = journal->findChild<QTabWidget*>(QStringLiteral("logbooks"));
     tabs->setCurrentIndex(0);
     while (played && tabs->count() > 1)

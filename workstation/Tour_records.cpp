@@ -96,7 +96,7 @@ bool Tour::sceneAddedWorker(CVrkCliMod* window)
     return true;
 }
 
-/// A shift that should have been handed over long ago: the story as it was told fourteen hours earlier.
+/// A shift that should have been handed over long ago: the story, filled fourteen hours earlier.
 bool Tour::sceneOverdue(const QString& theme)
 {
     const QString file = QStringLiteral("%1/%2-overdue.sqlite").arg(m_folder, theme);

@@ -19,10 +19,10 @@ using namespace TourHands;
 
 namespace
 {
-constexpr int recordsOfStorm = 300; ///< no other night has so many
+constexpr int recordsOfStorm = 300; ///< no other night has this number
 constexpr double largeLetters = 1.5;
 
-/// Takes the store's file away, or brings it back.
+/// Moves the store's file away, or back.
 void moveStore(const QString& url, const QString& from, const QString& to)
 {
     const QString file = url.mid(int(qstrlen("sqlite://")));
@@ -187,10 +187,12 @@ bool Tour::sceneOpening(CVrkCliMod* window)
         return fail(tr("Второй диспетчер смены не выбран."));
     if (!chooseOwnTemplate(dialog))
         return false;
-    dialog->findChild<QWidget*>(QStringLiteral("parameterInput_2"))->setFocus(); // the others are filled in
+    dialog->findChild<QWidget*>(QStringLiteral("parameterInput_2"))->setFocus(); // the other fields are
+                                                                                 // filled in
     fill(dialog, {tr("усилить контроль за ПС Ольховка")});
 
-    // The shift that was handed over early still runs by plan: the next one of the timetable begins at its end.
+    // The shift that was handed over early still runs according to the plan: the next one of the timetable
+    // begins at its end.
     auto* button = dialog->findChild<QPushButton*>(QStringLiteral("applyButton"));
     auto* timetable = dialog->findChild<QTableWidget*>(QStringLiteral("shiftsTable"));
     auto* start = dialog->findChild<QDateEdit*>(QStringLiteral("startDateEdit"));
@@ -198,7 +200,8 @@ bool Tour::sceneOpening(CVrkCliMod* window)
     for (int day = 0; day < 3 && !button->isEnabled(); ++day)
         for (int row = 0; row < timetable->rowCount() && !button->isEnabled(); ++row) {
             timetable->selectRow((row + 1) %
-                                 timetable->rowCount()); // another one than before, so that it tells
+                                 timetable->rowCount()); // different from the one before, so that the
+                                                         // change is visible
             timetable->selectRow(row);
             end->setDate(end->date().addDays(day));
             start->setDate(start->date().addDays(day));

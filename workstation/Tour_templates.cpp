@@ -42,7 +42,7 @@ QWidget* commonPage(CVrkCliMod* window)
     return page;
 }
 
-/// Types into the search line of the page; true when an item of this name is current then.
+/// Types into the search line of the page; true if an item with this name is then current.
 bool find(QWidget* page, const QString& name)
 {
     auto* line = page->findChild<QLineEdit*>(QStringLiteral("searchEdit"));
@@ -53,7 +53,7 @@ bool find(QWidget* page, const QString& name)
            name;
 }
 
-/// Finds a parameter in the list beside the text and puts it where the cursor is.
+/// Finds a parameter in the list next to the text and inserts it at the cursor.
 void insertParameter(QWidget* page, const QString& name)
 {
     page->findChild<QToolButton*>(QStringLiteral("findParameterButton"))->click();

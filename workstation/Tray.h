@@ -5,7 +5,7 @@
 
 class QSystemTrayIcon;
 
-/// The desktop's tray, where there is one: the icon of the journal is in it as long as something wants the user.
+/// The desktop's tray, if there is one: shows the journal's icon as long as a module needs the user.
 class Tray : public QObject
 {
     Q_OBJECT

@@ -15,11 +15,11 @@
 namespace
 {
 constexpr QSize leastWindow(640, 400);
-constexpr QSize usualFrame(8, 36); ///< of a window that has not been shown yet
-constexpr int leastPane = 40;      ///< a narrower one is as good as lost
+constexpr QSize usualFrame(8, 36); ///< for a window that has not been shown yet
+constexpr int leastPane = 40;      ///< a narrower one is almost invisible
 constexpr int largestPane = 10000;
 
-/// The names of a widget and of what it stands in: the same at every start.
+/// The names of a widget and of its parents: the same at every start.
 QString pathOf(const QWidget* widget)
 {
     QStringList names;
@@ -44,8 +44,8 @@ bool isUseful(const QList<int>& sizes)
                        [](int size) { return size >= leastPane && size <= largestPane; });
 }
 
-/// The window may get its size later: the splitter takes the sizes at the length that it had with them, and goes on from
-/// there as if the user had changed the window's size.
+/// The window may get its size later: the splitter sets the sizes at the length for which they were saved,
+/// then adapts them as if the user had resized the window.
 void setSizes(QSplitter* splitter, const QList<int>& sizes)
 {
     const int handles = splitter->handleWidth() * (sizes.size() - 1);
@@ -66,7 +66,7 @@ int area(const QRect& rect)
 WindowMemory::WindowMemory(QMainWindow* window, const QString& user, const QString& module)
     : m_window(window), m_ownSize(window->size())
 {
-    // A slash would open a group of its own.
+    // A slash would open a subgroup.
     m_group =
         QStringLiteral("windows/%1/%2").arg(QString::fromLatin1(user.toUtf8().toPercentEncoding()), module);
 }
@@ -108,7 +108,7 @@ bool WindowMemory::restorePlace()
             m_window->size().boundedTo(screen ? screen->availableSize() - usualFrame : m_window->size()));
         return false;
     }
-    // What the window manager's frame takes; nothing sensible is larger.
+    // Size of the window manager's frame; a larger value is not plausible.
     const QSize around = settings.value(key(QStringLiteral("around"))).toSize().expandedTo(QSize(0, 0));
     const QRect place = fitted(frame, screensNow());
     m_window->move(place.topLeft());
@@ -176,7 +176,7 @@ void WindowMemory::save() const
     }
     for (const QSplitter* splitter : splitters()) {
         const QList<int> sizes = splitter->sizes();
-        // A pane that is hidden, or drawn shut, has no size worth keeping: the one before stays.
+        // The size of a hidden or collapsed pane is not saved: the previous one is kept.
         if (!isUseful(sizes))
             continue;
         QVariantList kept;

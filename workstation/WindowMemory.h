@@ -12,24 +12,26 @@ class QMainWindow;
 class QSplitter;
 class VrkTableTool;
 
-/// Where a user left a module's window, and how he arranged it: place and size, the borders between its panes, the widths
-/// of columns. Kept in the settings under his login and the module's name. Dialogs keep the sizes that they give themselves.
+/// The geometry of a module's window and its layout: place and size, the borders between its panes, the
+/// widths of columns. Kept in the settings under the user's login and the module's name. Dialogs choose
+/// their own sizes.
 class WindowMemory
 {
 public:
     WindowMemory(QMainWindow* window, const QString& user, const QString& module);
 
-    /// Puts the window where it was, before it is shown. False when nothing is remembered: then it is only made no larger
-    /// than the screen.
+    /// Restores the window's place before it is shown. False if nothing is remembered: then it is only made
+    /// no larger than the screen.
     bool restorePlace();
-    /// Gives panes and columns their sizes, once the module has made them; what they are by themselves is noted first.
+    /// Restores the sizes of panes and columns once the module has created them; remembers their defaults
+    /// first.
     void restoreInside();
     void save() const;
-    /// Back to what the module gives itself, now and at the next start.
+    /// Restores the module's defaults, now and at the next start.
     void reset();
 
-    /// \a wanted as it can be shown: as it is when screens cover it, else moved onto the screen that shows most of it; no
-    /// smaller than is useful, no larger than that screen.
+    /// \a wanted, adapted to the screens: unchanged if screens cover it, otherwise moved onto the screen
+    /// that shows most of it; not smaller than useful, not larger than that screen.
     static QRect fitted(const QRect& wanted, const QVector<QRect>& screens);
 
 private:

@@ -85,8 +85,8 @@ bool Workstation::enterStore(const Options& options)
     return true;
 }
 
-/// Asks for login and password where the server wants them, or where another person is to come in; they go into the
-/// options then. False without an error text: the user has called it off.
+/// Asks for login and password if the server requires them, or if another person signs in; they are stored
+/// in the options. False without an error text: the user has cancelled.
 bool Workstation::openStore(SignIn* signIn, Options* options)
 {
     const bool isNextAtServer = m_changing && SignIn::isServer(options->store);
@@ -114,7 +114,7 @@ bool Workstation::openStore(SignIn* signIn, Options* options)
     return true;
 }
 
-/// Signs in as well. False without an error text: the user has called it off.
+/// Also signs in. False without an error text: the user has cancelled.
 bool Workstation::chooseDepartment(SignIn* signIn, const Options& options, QByteArray* department)
 {
     const bool chosenByServer = signIn->logins().isEmpty();
@@ -126,7 +126,7 @@ bool Workstation::chooseDepartment(SignIn* signIn, const Options& options, QByte
         m_leavingLogin = options.user.isEmpty() ? SignIn::loginOf(options.store) : options.user;
         *department = SignInDialog::departmentOf(*signIn, options.department);
         if (!department->isEmpty() || signIn->departments().isEmpty())
-            return true; // without a department the module says what is missing
+            return true; // without a department the module reports what is missing
         if (!options.department.isEmpty()) {
             m_errorText = tr("Пользователь %1 не работает в подразделении «%2».")
                               .arg(signIn->userName(), options.department);
@@ -176,11 +176,11 @@ CVrkCliMod* Workstation::startModule(const QString& name)
     connect(module, &CVrkCliMod::closed, this, [this, module] { moduleClosed(module); });
 
     if (!memory(module)->restorePlace() && !m_deskPlace.isEmpty())
-        module->restoreGeometry(m_deskPlace); // the desk keeps its arrangement
+        module->restoreGeometry(m_deskPlace); // the window arrangement of the desk is kept
     module->show();
     module->ModuleStart();
     memory(module)->restoreInside();
-    if (m_departmentName.isEmpty()) // the module refuses in few words
+    if (m_departmentName.isEmpty()) // the module's own message is very short
         statusLine(module)->addFailure(
             tr("Для этого пользователя не заведён сотрудник ни в одном подразделении: "
                "это делает администратор журнала."));
@@ -211,7 +211,7 @@ void Workstation::addStatusLine(CVrkCliMod* module)
         if (!startModule(name))
             line->addFailure(m_errorText);
     });
-    // Later: the window in whose menu it was chosen will be gone.
+    // Queued: the window whose menu was used will be deleted.
     connect(menu->changeUserAction(), &QAction::triggered, this,
             [this] { QTimer::singleShot(0, this, &Workstation::changeUser); });
 }
@@ -250,7 +250,7 @@ void Workstation::changeUser()
         emit left();
 }
 
-/// They have been asked already.
+/// The modules have agreed already.
 void Workstation::closeModules()
 {
     for (const Open& open : m_modules) {
@@ -263,7 +263,7 @@ void Workstation::closeModules()
         delete open.module;
     }
     m_modules.clear();
-    m_app.keptTexts()->close(); // the next user has his own
+    m_app.keptTexts()->close(); // the next user has his own texts
 }
 
 StatusLine* Workstation::statusLine(const CVrkCliMod* module) const
@@ -276,7 +276,7 @@ bool Workstation::mayClose(CVrkCliMod* module)
     return mayLeaveEdit(module) && mayLeaveTexts(module);
 }
 
-/// Asks about what is typed in the module's windows and not written.
+/// Asks about unsaved texts in the module's windows.
 bool Workstation::mayLeaveTexts(CVrkCliMod* module)
 {
     QStringList texts;

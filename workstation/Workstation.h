@@ -17,8 +17,8 @@ class SignIn;
 class StatusLine;
 class WindowMemory;
 
-/// The host: signs in, loads the plug-in, starts modules as windows on one session and looks after them until
-/// they are closed or another user takes over.
+/// The host: signs in, loads the plug-ins, starts modules as windows on one session, and manages them until
+/// they are closed or another user signs in.
 class Workstation : public QObject
 {
     Q_OBJECT
@@ -28,25 +28,25 @@ public:
     explicit Workstation(LogWriter* log = nullptr);
     ~Workstation() override;
 
-    /// Opens the store and signs in, asking for what the options leave open, the store too. False, and errorText() says why;
-    /// an empty text means that the user has called it off.
+    /// Opens the store and signs in; asks for options that are not set, including the store. False with
+    /// errorText(); an empty text means that the user has cancelled.
     bool enter(const Options& options);
-    /// Makes the module called \a name and shows its window, or raises the one that is open. Null, and errorText() says
-    /// why. A module whose start fails stays open: it shows the reason itself.
+    /// Creates the module called \a name and shows its window, or raises the one that is open. Null with
+    /// errorText() on failure. A module whose start fails stays open: it shows the reason itself.
     CVrkCliMod* startModule(const QString& name);
-    /// Closes all modules, asking about their edit states, signs the next user in and starts the journal for him. A
-    /// module that wants to stay ends it before anything was closed.
+    /// Closes all modules after asking about their unsaved changes, signs the next user in and starts the
+    /// journal for him. If a module refuses, nothing is closed.
     void changeUser();
 
     QString errorText() const { return m_errorText; }
     CVrkCliApp* app() { return &m_app; }
     const PluginCatalog& catalog() const { return m_catalog; }
     StatusLine* statusLine(const CVrkCliMod* module) const;
-    /// The module that is open under this name; null when there is none.
+    /// The open module with this name; null if there is none.
     CVrkCliMod* module(const QString& name) const;
 
 signals:
-    /// Nobody is signed in any more; errorText() says why when it was not the user's choice.
+    /// Nobody is signed in any more; errorText() is set if this was not the user's choice.
     void left();
 
 private:
@@ -74,9 +74,9 @@ private:
     };
     std::vector<Open> m_modules;
     Options m_options;
-    QString m_leavingLogin; ///< who is signed in, and not offered first when he leaves
+    QString m_leavingLogin; ///< the user who leaves; not preset for the next sign-in
     bool m_changing = false;
-    QByteArray m_deskPlace; ///< of the journal of the user before, while the next one comes in
+    QByteArray m_deskPlace; ///< place of the former user's journal window, while the next user signs in
     QString m_userName;
     QString m_departmentName;
     QString m_errorText;

@@ -19,7 +19,7 @@
 
 namespace
 {
-/// Tells why the program cannot go on: on the terminal and in a box.
+/// Reports why the program cannot continue: on the terminal and in a box.
 int fail(const QString& text)
 {
     std::fprintf(stderr, "%s\n", qUtf8Printable(text));
@@ -27,7 +27,7 @@ int fail(const QString& text)
     return 1;
 }
 
-/// Makes each module without starting it; the exit code is 1 when one is missing.
+/// Creates each module without starting it; the exit code is 1 if one is missing.
 int listModules(const Options& options)
 {
     CVrkCliApp app;
@@ -52,7 +52,7 @@ bool isAmong(int argc, char* argv[], std::initializer_list<const char*> words)
     return false;
 }
 
-/// Answers about the program itself want no display; for windows the toolkit says what is missing.
+/// Information about the program itself needs no display; for windows Qt reports what is missing.
 void doWithoutDisplay(int argc, char* argv[])
 {
     for (const char* choice : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
@@ -62,7 +62,8 @@ void doWithoutDisplay(int argc, char* argv[])
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-/// A desktop at 125 or 150 % means just that, which the toolkit would make 100 and 200 %; one at 104 % means nothing.
+/// A desktop scaled by 125 or 150 % must keep this factor, which Qt would round to 100 and 200 %; 104 %
+/// must be 100 %.
 void scaleWindows(int argc, char* argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
@@ -90,7 +91,7 @@ int main(int argc, char* argv[])
         icon.addFile(QStringLiteral(":/vrk/app_%1.png").arg(size));
     QApplication::setWindowIcon(icon);
 
-    // The words of the toolkit itself: calendars, menus of editors, standard buttons.
+    // Qt's own texts: calendars, menus of editors, standard buttons.
     QLocale::setDefault(QLocale(QLocale::Russian, QLocale::Russia));
     QTranslator translator;
     if (translator.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
