@@ -7,7 +7,7 @@ namespace
 {
 constexpr qint64 minute = 60;
 constexpr qint64 hour = 60 * minute;
-constexpr qint64 storyLength = 6 * hour + 25 * minute; // with some minutes to the present
+constexpr qint64 storyLength = 6 * hour + 25 * minute; // plus some minutes up to now
 constexpr int dayChange = 8;
 constexpr int nightChange = 20;
 

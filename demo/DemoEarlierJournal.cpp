@@ -29,7 +29,7 @@ struct Pattern {
     QStringList values; ///< flags, icon, second icon, command, text
 };
 
-/// What a file of the notation holds; its rows are written as they are read, its patterns kept.
+/// The content of a file in the notation; rows are written while reading, patterns are kept.
 struct Reader {
     DemoWriter* writer;
     const DemoNetwork& network;
@@ -118,7 +118,7 @@ void DemoEarlierJournal::writeAll(DemoWriter* writer, const DemoNetwork& network
     reader.read(QStringLiteral(":/demo/earlier.txt"));
     reader.read(QStringLiteral(":/demo/old.txt"));
     const int categories = reader.categories.size();
-    // One more pattern on at each round of the categories, so that each of them meets all patterns.
+    // The pattern moves on by one at each round of the categories, so that each category gets all patterns.
     for (int i = 0; reader.templates < templates; ++i) {
         const Pattern& pattern = reader.patterns.at((i + i / categories) % reader.patterns.size());
         const QString name = QStringLiteral("%1 № %2").arg(pattern.name).arg(i + 1);

@@ -3,12 +3,13 @@
 class DemoNetwork;
 class DemoWriter;
 
-/// The tables of the journal before this one, so that the converter has something to convert: parameters of every kind,
-/// categories of the three levels, templates under names of their own, one with a parameter that does not exist.
+/// The tables of the earlier journal, so that the converter has something to convert: parameters of every
+/// kind, categories of the three levels, templates with their own names, one of them with a parameter that
+/// does not exist.
 namespace DemoEarlierJournal
 {
 void write(DemoWriter* writer, const DemoNetwork& network);
-/// The same and more: 60 categories and every construct that the earlier journal knew. \a templates says how many
-/// templates there are in all; those of write() are never fewer. Everything in it can be converted and saved.
+/// The same and more: 60 categories and every construct of the earlier journal. \a templates is the total
+/// number of templates, at least those of write(). Everything in it can be converted and saved.
 void writeAll(DemoWriter* writer, const DemoNetwork& network, int templates);
 } // namespace DemoEarlierJournal

@@ -21,7 +21,7 @@ QString shown(qint64 time, const QString& format)
 struct DemoFiller::Place {
     const DemoSubstation* substation;
     const DemoLine* line;
-    QString voltage; ///< of what was named last
+    QString voltage; ///< of the item named last
 };
 
 DemoFiller::DemoFiller(const DemoNetwork& network, quint32 seed) : m_network(network), m_random(seed) {}
@@ -79,11 +79,12 @@ QPair<const DemoPerson*, int> DemoFiller::somebody(const Scene& scene, const std
                 candidates.append({&person, department});
     };
     if (type == "employee_fio_dep_org") {
-        // The dispatcher at the other end of the line: for the network its centre, for the others the network.
+        // The dispatcher at the other end of the line: for the network its dispatching centre, for the
+        // others the network.
         offer(grid ? DemoNetwork::Ods : DemoNetwork::Cds,
               [](const DemoPerson& person) { return person.role.contains(QStringLiteral("испетчер")); });
     } else if (type == "employee_fio_group" && label != QStringLiteral("Принял") && grid) {
-        // Work on the spot is done by the crews and at the substations, whoever writes about it.
+        // Work on site is done by the crews and at the substations, for records of every department.
         for (int department : {DemoNetwork::Cds, DemoNetwork::Zarechnaya, DemoNetwork::Lugovaya})
             offer(department, [](const DemoPerson& person) {
                 return person.role.contains(QStringLiteral("ОВБ")) ||
@@ -183,7 +184,7 @@ std::string DemoFiller::fill(const DemoTemplate& record, const Scene& scene, con
         parser.setValueText(i, text.toStdString());
         for (const DemoSubstation& other : m_network.substations())
             if (text == other.name) {
-                place.substation = &other; // what follows speaks of this one
+                place.substation = &other; // the rest of the record is about this one
                 place.voltage = other.voltage;
             }
         if (type == "equipmentName" && text.endsWith(QStringLiteral("10 кВ")))

@@ -24,7 +24,7 @@ struct DemoShift {
     DemoFiller::Scene scene(qint64 time, const DemoPerson* author) const;
 };
 
-/// One record on its way into the journal. Times are 0 and persons null where there is nothing.
+/// One record to be written to the journal. Times are 0 and persons null if not set.
 struct DemoRecord {
     QByteArray key;
     const DemoPerson* author = nullptr;
@@ -41,24 +41,24 @@ struct DemoRecord {
     RecordDirection direction = DirectionNone;
 };
 
-/// Puts shifts, records, comments and files into a writer, and knows the templates by name.
+/// Puts shifts, records, comments and files into a writer, and provides the templates by name.
 class DemoJournal
 {
 public:
     DemoJournal(DemoWriter* writer, const DemoNetwork& network, QVector<DemoTemplate> templates);
 
     const DemoNetwork& network() const { return m_network; }
-    /// Ends the program when there is none of this name.
+    /// Aborts the program if there is none of this name.
     const DemoTemplate& record(const QString& name) const;
     /// The templates that a department may use, except those that open or close a shift.
     QVector<const DemoTemplate*> recordsOf(int department) const;
 
     static QByteArray shiftKey(int department, qint64 start);
-    /// A shift of the timetable, crewed in turn; it is not yet in the journal.
+    /// A shift of the timetable with the crew whose turn it is; it is not written to the journal yet.
     DemoShift plan(int department, qint64 start, qint64 end, int turn) const;
 
     void add(const DemoShift& shift);
-    /// The first marker's time is that of the event, when the html has one.
+    /// The first marker's time is that of the event if the html has a first marker.
     void add(const DemoShift& shift, const DemoRecord& record);
     /// \a readTime 0: unread.
     void comment(const QByteArray& record, const DemoPerson& author, qint64 time, const QString& text,
@@ -69,7 +69,7 @@ public:
     /// The records with which a shift is opened and closed.
     void opening(const DemoShift& shift, DemoFiller* filler, qint64 time);
     void closing(const DemoShift& shift, DemoFiller* filler, qint64 time);
-    /// So many everyday records between two times; what is done to them later stays before \a to as well.
+    /// A number of everyday records between two times; later actions on them are also before \a to.
     void routine(const DemoShift& shift, DemoFiller* filler, int count, qint64 from, qint64 to,
                  const QVector<const DemoTemplate*>& kinds);
 

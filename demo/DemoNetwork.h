@@ -13,10 +13,10 @@ struct DemoPerson {
     QString lastName;
     QString firstName;
     QString patronymicName;
-    int group = 0; ///< of electrical safety, 0 for none
+    int group = 0; ///< for electrical safety, 0 for none
     QString role;
     QString login;     ///< empty for most
-    bool gone = false; ///< deleted_: has left, but stands in old records
+    bool gone = false; ///< deleted_: has left, but occurs in old records
 
     QString shortName() const; ///< surname and initials
     QString fullName() const;
@@ -32,7 +32,7 @@ struct DemoSubstation {
     QVector<QPair<QByteArray, QString>> bays; ///< key, name
 };
 
-/// One line between two substations; the same one twice for a line that only begins here.
+/// One line between two substations; the same substation twice for a line that only begins here.
 struct DemoLine {
     QByteArray key;
     QString name;
@@ -41,13 +41,13 @@ struct DemoLine {
     int to = 0;
 };
 
-/// One department and what its dispatchers work with.
+/// One department and the equipment of its dispatchers.
 struct DemoDepartment {
     QByteArray key;
     QString name;
     int organization = 0;
-    QVector<DemoPerson> people; ///< the first ones up to crewSize() stand the shifts
-    int onShift = 0;            ///< how many of them stand the shifts
+    QVector<DemoPerson> people; ///< the first crewSize() of them work in shifts
+    int onShift = 0;            ///< number of people who work in shifts
     QVector<int> substations;
 };
 
@@ -57,7 +57,7 @@ struct DemoOrganization {
     QByteArray typeKey;
 };
 
-/// The invented network: organizations, departments, people, substations, lines, bays. Nobody and nothing in it is
+/// The invented network: organizations, departments, people, substations, lines, bays. None of them is
 /// real.
 class DemoNetwork
 {
@@ -66,8 +66,8 @@ public:
 
     DemoNetwork();
 
-    /// Writes the reference tables: types, organizations, departments, logins, workers, roles, timetables, equipment.
-    /// At \a now the next shift of a timetable is the first of its rows.
+    /// Writes the reference tables: types, organizations, departments, logins, workers, roles, timetables,
+    /// equipment. The shift of a timetable that is next at \a now is the first of its rows.
     void write(DemoWriter* writer, qint64 now) const;
 
     const DemoDepartment& department(int index) const { return m_departments.at(index); }
@@ -75,11 +75,11 @@ public:
     const QVector<DemoOrganization>& organizations() const { return m_organizations; }
     const QVector<DemoSubstation>& substations() const { return m_substations; }
     const QVector<DemoLine>& lines() const { return m_lines; }
-    /// The person of a login in a department; ends the program when there is none.
+    /// The person with a login in a department; aborts the program if there is none.
     const DemoPerson& person(const QString& login, int department = Cds) const;
-    /// By surname, in any department; ends the program when there is none.
+    /// By surname, in any department; aborts the program if there is none.
     const DemoPerson& byLastName(const QString& lastName) const;
-    /// The key behind a shown name (a person in any form, equipment, a department, an organization), or empty.
+    /// The key for a shown name (a person in any form, equipment, a department, an organization), or empty.
     QByteArray keyOf(const QString& shown) const { return m_keys.value(shown); }
     QByteArray orgTypeKey(const QString& name) const;
     QByteArray departmentKey(const QString& name) const;

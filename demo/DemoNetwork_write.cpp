@@ -48,8 +48,8 @@ void writePeople(DemoWriter* writer, const DemoDepartment& department)
     }
 }
 
-/// The dialog of opening lists the rows by their keys and proposes the first: that is the shift which begins at the next
-/// change, at \a nextStart o'clock.
+/// The opening dialog lists the rows by their keys and proposes the first: that is the shift that begins at
+/// the next change, at \a nextStart o'clock.
 void writeTimetable(DemoWriter* writer, const DemoDepartment& department, int nextStart)
 {
     int row = 0;

@@ -50,11 +50,11 @@ void DemoPast::writeDepartment(int department, qint64 now, const DemoClock::Stor
     int storm = starts.size() - 10;
     for (int i = 0; i < starts.size(); ++i) {
         const qint64 end = std::min(DemoClock::nextChange(starts[i]), until);
-        // The crews take turns so that the next in turn after the last shift is the first crew again.
+        // The crews take turns so that the crew after the last shift is the first one again.
         DemoShift shift =
             m_journal->plan(department, starts[i], end, i - starts.size() + 12 * shiftsOfFortnight);
         const bool last = i + 1 == starts.size();
-        shift.open = last && department == Network::Lugovaya; // the one that nobody has closed in time
+        shift.open = last && department == Network::Lugovaya; // the one that nobody closed in time
         if (last && department == Network::Cds)
             writeChief(&shift, &filler);
         m_journal->add(shift);
@@ -102,7 +102,7 @@ void DemoPast::writeStorm(const DemoShift& shift, DemoFiller* filler)
                        kinds);
 }
 
-/// The chief stands in for a dispatcher; three remarks on his records wait for him.
+/// The chief replaces a dispatcher; three comments on his records are unread.
 void DemoPast::writeChief(DemoShift* shift, DemoFiller* filler)
 {
     const DemoNetwork& network = m_journal->network();
@@ -148,7 +148,7 @@ void DemoPast::step(const QString& kind, qint64 time, const DemoFiller::Values& 
 {
     const DemoShift shift = shiftAt(Network::Cds, time);
     if (shift.key.isEmpty())
-        return; // on this day the story's shift began earlier than the timetable says
+        return; // on this day the story's shift began earlier than in the timetable
     DemoFiller filler(m_journal->network(), static_cast<quint32>(time));
     DemoRecord record;
     record.key = demoKey(QStringLiteral("repair %1").arg(time));

@@ -3,8 +3,8 @@
 #include "DemoClock.h"
 #include "DemoJournal.h"
 
-/// Everything around the story: a fortnight of shifts in five departments with a storm night and a repair over three
-/// days, the shifts of the other departments that run now, and a month a year ago.
+/// Everything except the story: a fortnight of shifts in five departments with a storm night and a repair
+/// over three days, the running shifts of the other departments, and a month one year ago.
 class DemoPast
 {
 public:
@@ -12,7 +12,7 @@ public:
 
     void write(qint64 now, const DemoClock::Story& story);
 
-    /// The shift of a department that covers a time; a shift without key when there is none.
+    /// The shift of a department that covers a time; a shift without key if there is none.
     DemoShift shiftAt(int department, qint64 time) const;
 
 private:

@@ -34,7 +34,7 @@ bool DemoState::read(Store* store)
 
 bool DemoState::write(const QString& url, StoreError* error) const
 {
-    // The file is a change of its own in the log.
+    // The file is a separate change in the log.
     const qint64 own = number < 0 ? number : number + 1;
     const QByteArray content =
         QByteArray(heading) + '\n' + QByteArray::number(own) + '\n' + QByteArray::number(end) + '\n';

@@ -33,7 +33,7 @@ bool refuse(StoreError* error, const QString& text)
     return false;
 }
 
-/// True when no table has a row.
+/// True if no table has a row.
 bool isEmpty(Store* store, StoreError* error)
 {
     for (const CatalogTable& table : TableCatalog::tables()) {
@@ -61,7 +61,7 @@ void writeJournal(DemoWriter* writer, const DemoNetwork& network, const QVector<
     DemoStory(&journal, clock).write(&past, now);
 }
 
-/// Remembers the present end of the log as the demo's own work.
+/// Remembers the current end of the log as the demo's own work.
 bool remember(Store* store, const QString& url, qint64 now, StoreError* error)
 {
     ChangePosition position;
@@ -73,7 +73,7 @@ bool remember(Store* store, const QString& url, qint64 now, StoreError* error)
     return state.write(url, error);
 }
 
-/// Marks all rows of a table for removal; false when they cannot be read.
+/// Marks all rows of a table for removal; false if they cannot be read.
 bool removeAll(DemoWriter* writer, Store* store, const char* table, StoreError* error)
 {
     CMDArray rows;
@@ -133,7 +133,7 @@ QVector<OpenShift> openShifts(Store* store, StoreError* error)
     return shifts;
 }
 
-/// Closes what has ended in one department and opens its next shift, unless one is running.
+/// Closes the ended shift of a department and opens its next one, unless one is running.
 void reopen(DemoWriter* writer, DemoJournal* journal, int department, const QVector<OpenShift>& open,
             qint64 now)
 {
@@ -173,7 +173,7 @@ bool goOn(Store* store, const QString& url, qint64 now, StoreError* error)
     for (int department : {DemoNetwork::Ods, DemoNetwork::Cds, DemoNetwork::Zarechnaya})
         reopen(&writer, &journal, department, open, now);
     DemoState state;
-    state.number = -1; // somebody has worked here: it stays so
+    state.number = -1; // somebody has worked here: this state is kept
     state.end = DemoClock::story(now).end;
     return writer.write(error) && state.write(url, error);
 }
@@ -306,7 +306,7 @@ bool DemoStore::writeEarlierJournal(const QString& url, qint64 now, int template
     if (!writer.write(error) || !store->position(&after, error))
         return false;
     if (before.number != known.number)
-        return true; // somebody has worked here: it stays so
+        return true; // somebody has worked here: this state is kept
     known.number = after.number;
     return known.write(url, error);
 }

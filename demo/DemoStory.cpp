@@ -155,7 +155,7 @@ void DemoStory::writeOrders()
                               {QStringLiteral("Оборудование"), QStringLiteral("В-110 Полевая I")},
                               {QStringLiteral("Цель переключений"), QStringLiteral("замена ввода")},
                               {QStringLiteral("Номер бланка"), QStringLiteral("214")}});
-    DemoRecord successor = first; // entered with the execution time in place of the first one
+    DemoRecord successor = first; // replaces the first one, with the execution time
     first.status = StatusDeleted;
     first.visa = &m_chief;
     add(first);
@@ -397,7 +397,7 @@ void DemoStory::writeLateHours(DemoPast* past)
     colleagues.status = StatusDraft;
     add(colleagues);
 
-    // A record of the neighbours, copied and pasted here: a draft that keeps the times of its source.
+    // A record of a neighbouring department, copied and pasted here: a draft with the times of its source.
     const DemoShift neighbours = past->shiftAt(DemoNetwork::Zarechnaya, at(2, 12));
     DemoRecord source =
         entry(*neighbours.crew.first(), at(2, 12), QStringLiteral("Переход водозабора на резервный ввод"),
@@ -412,7 +412,7 @@ void DemoStory::writeLateHours(DemoPast* past)
     add(source);
 }
 
-/// What was written since, when the story ended hours ago.
+/// The records written since the end of the story, if it ended hours ago.
 void DemoStory::writeSince(qint64 now)
 {
     const qint64 end = at(2, 20);

@@ -5,14 +5,15 @@
 
 class DemoPast;
 
-/// The story of the open night shift of the dispatching service: some thirty-five records in which every state, marker
-/// and annex of a record occurs. Times are told as of a shift that begins at 20:00 and move with its real start.
+/// The story of the open night shift of the dispatching service: some thirty-five records that contain
+/// every state, marker and attachment of a record. Its times assume a shift that begins at 20:00 and move
+/// with its real start.
 class DemoStory
 {
 public:
     DemoStory(DemoJournal* journal, const DemoClock::Story& clock);
 
-    /// \a past must be written already: one record is copied out of it.
+    /// \a past must be written before: one record is copied from it.
     void write(DemoPast* past, qint64 now);
 
 private:
@@ -27,11 +28,12 @@ private:
     void writeSince(qint64 now);
     void attach(const QByteArray& record);
 
-    /// The moment that the story calls this time of day.
+    /// The real time of a time of day of the story.
     qint64 at(int hour, int minute, int second = 0) const;
-    /// That moment as it is shown.
+    /// That time as shown text.
     QString shown(int hour, int minute, const char* format = "hh:mm") const;
-    /// A record of this template by this author, about an event at this moment; not yet in the journal.
+    /// A record of this template by this author, about an event at this time; not written to the journal
+    /// yet.
     DemoRecord entry(const DemoPerson& author, qint64 time, const QString& kind, const Values& values = {});
     QByteArray add(const DemoRecord& record);
 

@@ -14,7 +14,8 @@ QByteArray contentOf(const QString& path)
     return file.readAll();
 }
 
-/// The disturbance record of the line: 60 ms of load, 80 ms of fault, then nothing; a sample a millisecond.
+/// The oscillogram of the line fault: 60 ms of load, 80 ms of fault, then nothing; one sample per
+/// millisecond.
 QByteArray oscillogram(qint64 time)
 {
     constexpr double pi = 3.14159265358979;

@@ -6,7 +6,7 @@
 #include <QMap>
 #include <QSet>
 
-// Outside of any namespace, as the macro asks for.
+// Outside of any namespace, as the macro requires.
 static void openResources()
 {
     Q_INIT_RESOURCE(demo);
@@ -16,18 +16,18 @@ namespace
 {
 using Property = std::pair<std::string, std::string>;
 
-/// What stands between the braces of a parameter.
+/// The content of a parameter's braces.
 struct Parameter {
     QString type;
     bool optional = false;
     QString label;
     QString more;
-    QString before; ///< words that stand in the text only with the value
+    QString before; ///< words that are shown only together with the value
     QString after;
 };
 
-/// Takes the words around the value off the end of what follows the label: "; Бланк № …." Lists and dates have their
-/// values and their layout before them.
+/// Removes the words around the value from the end of the text after the label: "; Бланк № …." Lists and
+/// dates have their values and their layout before them.
 void readWords(Parameter* parameter)
 {
     const bool hasMore =
@@ -80,7 +80,7 @@ std::string parameterHtml(const Parameter& parameter, int index)
     return HtmlParser::createParameter(properties, parameter.label.toStdString());
 }
 
-/// Reads one template after the other; knows the line for the error.
+/// Reads templates one after another; knows the current line for errors.
 class Reader
 {
 public:
@@ -183,7 +183,7 @@ private:
         return path;
     }
 
-    /// Completes the template that is open and takes it in.
+    /// Completes the open template and adds it.
     void finish()
     {
         if (!m_open || !m_error.isEmpty())

@@ -6,7 +6,7 @@
 #include <QVector>
 #include <string>
 
-/// One record template of the demo, as the notation of templates.txt tells it.
+/// One record template of the demo, in the notation of templates.txt.
 struct DemoTemplate {
     enum Level { Common, OrgType, Department };
 
@@ -22,26 +22,26 @@ struct DemoTemplate {
     QHash<QString, QStringList> samples; ///< by label
 };
 
-/// Reads the notation in which the templates of the demo are written; templates.txt tells it.
+/// Reads the notation of the demo's templates, which templates.txt describes.
 namespace DemoTemplates
 {
-/// The templates that are built in.
+/// The built-in templates.
 QVector<DemoTemplate> builtIn();
 
-/// Appends the templates of \a notation. False, and \a error names the line: an unknown word, a parameter
-/// without label, a text parameter without samples, samples without parameter, a command without second
-/// marker.
+/// Appends the templates of \a notation. False, and \a error names the line, for an unknown word, a
+/// parameter without label, a text parameter without samples, samples without parameter, a command without
+/// second marker.
 bool parse(const QString& notation, QVector<DemoTemplate>* templates, QString* error);
 
 /// The html (UTF-8) of a text in the notation: parameters, *bold*, ~struck out~, line breaks.
 std::string html(const QString& text, QString* error);
 
-/// The kinds of parameters that a text may hold: the base names of ParametersBase.
+/// The kinds of parameters that a text may contain: the base names of ParametersBase.
 const QStringList& parameterKinds();
-/// The first kind of a parameter in the text that is none; empty when all are known.
+/// The first unknown kind of a parameter in the text; empty if all are known.
 QString unknownKind(const QString& text);
 
-/// The inverse: a text without template properties in the notation; null when it holds what the notation cannot say.
+/// The inverse: a text without template properties in the notation; null if the notation cannot express it.
 QString notation(const std::string& html);
 
 /// The resource path of a marker by its label; empty for an unknown one.

@@ -5,7 +5,7 @@
 
 namespace
 {
-/// A parameter as it stands between braces; empty when it has more than the notation can say.
+/// The content of a parameter's braces; empty if the notation cannot express it.
 QString parameterNotation(const HtmlParser& parser, unsigned index)
 {
     const QString type = QString::fromStdString(parser.propertyNameValue(index));
@@ -35,9 +35,9 @@ QString DemoTemplates::notation(const std::string& html)
     HtmlScanner<char> scanner(html);
     HtmlScanner<char>::Token token;
     QString text;
-    QString styles; // signs of the spans that are open
+    QString styles; // style characters of the open spans
     unsigned parameter = 0;
-    bool inside = false; // the shown text of a parameter is its label
+    bool inside = false; // the parser is in the shown text of a parameter, its label
     while (scanner.next(token)) {
         const std::string piece = html.substr(token.begin, token.end - token.begin);
         const bool opens = token.kind == HtmlScanner<char>::Open;
@@ -61,7 +61,7 @@ QString DemoTemplates::notation(const std::string& html)
                 styles.chop(1);
         }
     }
-    // Whatever was lost on the way shows in the way back.
+    // Converting back shows whether anything was lost.
     QString error;
     return DemoTemplates::html(text, &error) == html && error.isEmpty() ? text : QString();
 }

@@ -11,8 +11,8 @@
 
 class CRowBatch;
 
-/// Gathers rows of any tables of the store and writes them in one transaction, table after table in the order in which
-/// the tables came.
+/// Collects rows of any tables of the store and writes them in one transaction, table by table in the order
+/// in which the tables were first used.
 class DemoWriter
 {
 public:
@@ -22,17 +22,18 @@ public:
     explicit DemoWriter(Store* store);
     ~DemoWriter();
 
-    /// Texts as QString, in records as bytes of the store's code page; an invalid value leaves the field as it is, a
-    /// null one of another type makes it null. A table or field that the store does not know ends the program: the demo would not fit the schema.
+    /// Texts as QString, in records as bytes of the store's code page; an invalid value does not set the
+    /// field, a null one of another type sets it to null. A table or field that the store does not know
+    /// aborts the program: the demo would not match the schema.
     void insert(const char* table, const QByteArray& key, const Fields& fields);
     void update(const char* table, const QByteArray& key, const Fields& fields);
     void remove(const char* table, const QByteArray& key);
 
-    /// Rows that come from now on are written after all that came so far, whatever their tables.
+    /// Later rows are written after all rows so far, independent of their tables.
     void barrier() { m_current.clear(); }
 
     int rows() const { return m_rows; }
-    /// Writes what was gathered, all of it or nothing, and starts anew.
+    /// Writes the collected rows, all or nothing, and starts again.
     bool write(StoreError* error);
 
 private:
@@ -42,6 +43,6 @@ private:
 
     Store* m_store;
     std::vector<std::unique_ptr<Batch>> m_batches; ///< in the order of writing
-    std::map<QByteArray, Batch*> m_current;        ///< the one that takes the rows of a table
+    std::map<QByteArray, Batch*> m_current;        ///< the batch that takes the rows of a table
     int m_rows = 0;
 };

@@ -3,18 +3,18 @@
 #include <QHash>
 #include <QString>
 
-/// The text of a template taken apart into the cells of a row. The text cell holds the readable notation of the demo's
-/// templates ({type:label}, *bold*, ~struck out~, line breaks), or "html:" and the text as it is stored where the
-/// notation cannot say it.
+/// The text of a template split into the cells of a row. The text cell contains the readable notation of
+/// the demo's templates ({type:label}, *bold*, ~struck out~, line breaks), or "html:" and the stored text
+/// if the notation cannot express it.
 struct TemplateCells {
     QString text;
     QHash<QByteArray, QString>
-        properties; ///< flags with "1", markers by their paths; absent ones are not there
+        properties; ///< flags with "1", markers by their paths; missing properties are absent
 
     explicit TemplateCells(const QString& html = QString());
-    /// A template property, also of a text that the notation cannot say.
+    /// A template property; also works for a text that the notation cannot express.
     static bool hasFlag(const QString& html, const char* name);
-    /// The text as it is stored. Empty, and \a error says why, when the notation is broken.
+    /// The text in its stored form. Empty with \a error if the notation is broken.
     QString html(QString* error) const;
     bool operator==(const TemplateCells& other) const
     {

@@ -7,6 +7,6 @@ rsvg-convert -f pdf scheme.svg -o scheme.pdf
 photo=$(mktemp --suffix .png)
 trap 'rm -f "$photo"' EXIT
 rsvg-convert photo.svg -o "$photo"
-# The grain and the blur of a picture taken at night in wet snow.
+# The grain and blur of a picture taken at night in wet snow.
 convert "$photo" -blur 0x0.7 -seed 7 -attenuate 0.12 +noise Gaussian -modulate 100,80 -colors 96 \
     -define png:compression-level=9 -strip photo.png
