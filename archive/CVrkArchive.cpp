@@ -48,7 +48,7 @@ CVrkArchive::CVrkArchive(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::CVrk
 
 CVrkArchive::~CVrkArchive()
 {
-    delete m_form->list; // it reads the names until it is gone
+    delete m_form->list; // it uses the names until it is destroyed
 }
 
 void CVrkArchive::makeTypable(QComboBox* combo)
@@ -185,7 +185,7 @@ RecordQuery CVrkArchive::query() const
     default:
         break;
     }
-    query.limit = m_limit + 1; // one more tells that there are more
+    query.limit = m_limit + 1; // an extra record shows that there are more
     return query;
 }
 

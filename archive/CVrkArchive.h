@@ -13,9 +13,9 @@ namespace Ui
 class CVrkArchive;
 }
 
-/// The window "Поиск по архиву": records of all shifts by words, equipment, department, author, period and state, the
-/// newest first, with the words of the search marked. It asks a moment after the typing and at once after a choice, and
-/// changes nothing.
+/// The window "Поиск по архиву": records of all shifts by words, equipment, department, author, period and
+/// state, the newest first, with the search words marked. It searches shortly after typing and at once
+/// after a choice, and changes nothing.
 class CVrkArchive : public CVrkCliMod
 {
     Q_OBJECT
@@ -24,10 +24,10 @@ public:
     explicit CVrkArchive(CVrkCliApp* app);
     ~CVrkArchive() override;
 
-    /// False leaves the window up with the reason in place of the list.
+    /// On failure the window shows the reason in place of the list.
     bool ModuleStart() override;
 
-    /// So many hits are shown at first, and are added by "Показать ещё".
+    /// Number of hits shown at first, and added by "Показать ещё".
     static constexpr int hitsAtOnce = 500;
 
 protected:
@@ -44,7 +44,8 @@ private:
     void search();
     void showMore();
     void tell(int found, qint64 milliseconds);
-    /// A choice in which one may type parts of a name; what is no name of the list goes back to the last choice.
+    /// Makes a combo box searchable by parts of names; text that is no name of the list reverts to the last
+    /// choice.
     static void makeTypable(QComboBox* combo);
 
     std::unique_ptr<Ui::CVrkArchive> m_form;

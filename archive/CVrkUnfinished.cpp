@@ -64,7 +64,7 @@ CVrkUnfinished::CVrkUnfinished(CVrkCliApp* app)
 
 CVrkUnfinished::~CVrkUnfinished()
 {
-    delete m_list; // it reads the names until it is gone
+    delete m_list; // it uses the names until it is destroyed
 }
 
 void CVrkUnfinished::makeBar()
@@ -167,7 +167,7 @@ void CVrkUnfinished::setKinds(int kinds)
 
 QString CVrkUnfinished::select(const QString& condition) const
 {
-    // The templates' properties are told exactly by RecordRules; this only leaves out what cannot have them.
+    // RecordRules reads the templates' properties exactly; this only skips records that cannot have them.
     return QStringLiteral(
                "SELECT R.*, W.DepartmentKey, W.startTime, W.endTime, W.CloseWorkerKey FROM LogbookRecords AS "
                "R "
@@ -194,14 +194,14 @@ void CVrkUnfinished::reload()
     answer = session()->SqlRequest(
         select(QStringLiteral("R.recordTime >= ") + QString::number(firstTime(), 'g', 10)).toUtf8());
     m_failure.clear();
-    if (!answer
-             .array) { // what is shown stays: it is better than a list that says that nothing is left undone
+    if (!answer.array) { // the shown records stay: that is better than an empty list, which would say that
+                         // nothing is unfinished
         m_failure = tr("Список не прочитан: %1").arg(session()->lastErrorText());
         showCounts();
         return;
     }
     m_shifts.clear();
-    // The list takes over what it shows by position; what lacks what is reckoned first, in a column of its own.
+    // The list copies its content by position. Compute first what each record is missing (column `lacks`).
     CMDArray judged;
     MDACreate(&judged.array, 0);
     MDACopy(judged.array, m_list->records().array, 0);
@@ -291,7 +291,7 @@ CVrkUnfinished::Shift CVrkUnfinished::shift(const QByteArray& key)
     CMDArray answer;
     answer = session()->SqlRequest("SELECT * FROM LogbookWorkshifts WHERE KeyLink = '" + key + "'");
     Shift of;
-    if (!answer.array) // asked again at the next event
+    if (!answer.array) // read again at the next event
         return of;
     if (answer.RecCount() > 0) {
         const MDRData* row = MDARec(answer.array, 0, 0);
@@ -314,7 +314,7 @@ void CVrkUnfinished::shiftEvent(const TEventNciParse& event)
     const Shift of = shift(key);
     if (!of.isOurs || of.isClosed == wasClosed)
         return;
-    // Closed: its drafts are left behind now.
+    // The shift is closed: its drafts are now unfinished.
     CMDArray answer;
     answer = session()->SqlRequest(
         select(QStringLiteral("R.ShiftKey = '%1'").arg(QString::fromUtf8(key))).toUtf8());

@@ -13,8 +13,9 @@ class RecordList;
 class UnfinishedFilter;
 struct TEventNciParse;
 
-/// The window "Незавершённое": the records of the user's department, over so many days, that something is left undone in
-/// (RecordRules). It follows every change by itself and changes nothing. Days and kinds are kept for the next start.
+/// The window "Незавершённое": the records of the user's department from the last days in which something
+/// is unfinished (RecordRules). It follows every change and changes nothing. Number of days and kinds are
+/// kept for the next start.
 class CVrkUnfinished : public CVrkCliMod
 {
     Q_OBJECT
@@ -23,11 +24,11 @@ public:
     explicit CVrkUnfinished(CVrkCliApp* app);
     ~CVrkUnfinished() override;
 
-    /// False leaves the window up with the reason in place of the list.
+    /// On failure the window shows the reason in place of the list.
     bool ModuleStart() override;
     int MessageOn() override;
     int MessageData(HFNCliParam* block) override;
-    /// Reads everything anew.
+    /// Reads everything again.
     void ModSesReconnect() override;
 
     static constexpr int usualDays = 30;
@@ -43,13 +44,13 @@ private:
     void makeBar();
     void reload();
     QString select(const QString& condition) const;
-    /// Adds a fresh record of the list when something is left undone in it, discards it otherwise.
+    /// Adds a fresh record of the list if something is unfinished in it, otherwise discards it.
     void take(MDRData* record);
     void recordEvent(const TEventNciParse& event);
     void shiftEvent(const TEventNciParse& event);
-    /// Of another department, also while the server does not tell.
+    /// The shift belongs to another department, also if the server cannot be asked.
     Shift shift(const QByteArray& key);
-    /// Since when records are listed.
+    /// Start of the listed period.
     double firstTime() const;
     void setKinds(int kinds);
     void showCounts();
@@ -60,8 +61,8 @@ private:
     RecordList* m_list;
     UnfinishedFilter* m_filter;
     QSpinBox* m_days;
-    QVector<QToolButton*> m_kinds; ///< one a kind of RecordRules::Lack, checked when it is shown
+    QVector<QToolButton*> m_kinds; ///< one for each RecordRules::Lack, checked while that kind is shown
     QLabel* m_summary;
-    QString m_failure; ///< why the list could not be read; empty when it was
+    QString m_failure; ///< why the list could not be read; empty if it was
     bool m_isStarted = false;
 };

@@ -98,7 +98,7 @@ QVector<KeyNames::Entry> KeyNames::workers(const QByteArray& departmentKey) cons
         if (!departmentKey.isEmpty() && MDRValue::copy(department) != departmentKey)
             continue;
         QString name = workerName(MDRValue::copy(key));
-        if (departmentKey.isEmpty()) // one person may work in several
+        if (departmentKey.isEmpty()) // a person may work in several departments
             name += QStringLiteral(", ") + departmentName(MDRValue::copy(department));
         all.append({MDRValue::copy(key), name});
     }

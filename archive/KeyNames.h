@@ -9,7 +9,7 @@ class CLiteModel;
 class CModelTable;
 class CVrkCliMod;
 
-/// Who and what the keys of records stand for: the workers, departments and organizations of the store, as they were when
+/// The names for the keys of records: the workers, departments and organizations of the store, loaded when
 /// the module started.
 class KeyNames
 {
@@ -17,7 +17,7 @@ public:
     KeyNames();
     ~KeyNames();
 
-    /// False when a table could not be had.
+    /// False if a table could not be loaded.
     bool load(CVrkCliMod* module);
 
     /// Surname and initials; empty for an unknown key.
@@ -28,9 +28,10 @@ public:
         QByteArray key;
         QString name;
     };
-    /// All departments with their organizations, by name.
+    /// All departments with their organizations, sorted by name.
     QVector<Entry> departments() const;
-    /// The workers of a department, all when the key is empty, by name; former ones too, for the archive is theirs as well.
+    /// The workers of a department, or all for an empty key, sorted by name; includes former ones, because
+    /// the archive contains their records.
     QVector<Entry> workers(const QByteArray& departmentKey) const;
 
 private:

@@ -24,7 +24,7 @@ QString element(const QString& text, TemplateText::Looks looks)
         after.prepend(QStringLiteral("</%1>").arg(QLatin1String(one.name)));
     }
     QString content = text.toHtmlEscaped();
-    // Only the first of several blanks would be shown.
+    // Html shows only the first of several spaces.
     content.replace(QLatin1String("  "), QLatin1String("&nbsp; "))
         .replace(QLatin1Char('\n'), QLatin1String("<br>"));
     return before + content + after;
@@ -42,8 +42,8 @@ QString MarkedText::html(const QString& html, const QVector<SearchWords::Term>& 
         return html;
 
     QString marked;
-    int begin = 0; // of the run in the whole text
-    int next = 0;  // the first place that does not end before what comes
+    int begin = 0; // position of the run in the whole text
+    int next = 0;  // the first match that does not end before the current position
     for (const TemplateText::Run& run : runs) {
         const int end = begin + run.text.size();
         for (int at = begin; at < end;) {

@@ -2,9 +2,9 @@
 
 #include "SearchWords.h"
 
-/// The text of a record with the words of a search marked: bold and underlined.
+/// Marks the search words in the text of a record: bold and underlined.
 namespace MarkedText
 {
-/// \a html and the answer are texts of templates (TemplateText). Words are found across the markup within them.
+/// \a html and the result are texts of templates (TemplateText). Words are also found across markup.
 QString html(const QString& html, const QVector<SearchWords::Term>& terms);
 } // namespace MarkedText

@@ -52,7 +52,7 @@ bool isDeleted(const AbstractHfnCellData& cell)
     return !status.isNull && status.value.number == StatusDeleted;
 }
 
-/// Deleted records are grey and struck out, as in the journal.
+/// Deleted records are grey and struck out, like in the journal.
 class Cell : public AbstractHfnCellConversion
 {
 public:
@@ -166,7 +166,7 @@ private:
 };
 } // namespace
 
-/// What the columns show.
+/// The conversions of the columns.
 class RecordList::Cells
 {
 public:
@@ -203,7 +203,7 @@ RecordList::RecordList(QWidget* parent)
     setFocusProxy(m_view);
 
     m_showAction->setObjectName(QStringLiteral("showAction"));
-    m_showAction->setShortcut(Qt::Key_Return); // told in the menu; the view hears the key itself
+    m_showAction->setShortcut(Qt::Key_Return); // shown in the menu; the view handles the key itself
     m_showAction->setShortcutContext(Qt::WidgetShortcut);
     m_copyAction->setObjectName(QStringLiteral("copyAction"));
     m_copyAction->setShortcut(QKeySequence::Copy);
@@ -218,7 +218,7 @@ RecordList::RecordList(QWidget* parent)
 
 RecordList::~RecordList()
 {
-    delete m_tool; // before the records and the cells that it shows
+    delete m_tool; // destroyed before the records and the cells that it shows
 }
 
 void RecordList::init(CVrkCliMod* module, const KeyNames* names)

@@ -15,8 +15,8 @@ class QStackedLayout;
 class QTableView;
 class VrkTableTool;
 
-/// A read-only table of journal records out of many shifts, and in its place a text while there is none. A double click, or
-/// Enter, shows the record in the journal; Ctrl+C copies what is to be read.
+/// A read-only table of journal records from many shifts; while it is empty, a text is shown instead. A
+/// double click, or Enter, shows the record in the journal; Ctrl+C copies the visible text.
 class RecordList : public QWidget
 {
     Q_OBJECT
@@ -25,20 +25,21 @@ public:
     explicit RecordList(QWidget* parent = nullptr);
     ~RecordList() override;
 
-    /// Makes the table of a module. \a names is not owned.
+    /// Creates the table for a module. \a names is not owned.
     void init(CVrkCliMod* module, const KeyNames* names);
 
-    /// The fields of LogbookRecordFields, then DepartmentKey, startTime and endTime of the shift, and lacks, a sum of
-    /// RecordRules::Lack.
+    /// The fields of LogbookRecordFields, then DepartmentKey, startTime and endTime of the shift, and
+    /// `lacks`, a combination of RecordRules::Lack.
     CMDArray& records() { return m_records; }
     VrkTableTool* tool() const { return m_tool; }
     QTableView* view() const { return m_view; }
     void setColumnVisible(const char* field, bool visible);
 
-    /// Takes the rows of an answer over, by position, in place of those that are there. The words of \a terms are marked.
-    /// The current record stays current when it is there again, otherwise the first becomes it.
+    /// Replaces the rows by those of an answer, copied by position. The words of \a terms are marked. The
+    /// current record stays current if it is there again, otherwise the first one becomes current.
     void replace(const MDArray* answer, const QVector<SearchWords::Term>& terms = {});
-    /// A fresh record with the stored values of \a source, whose fields \a type tells, by position, to be changed and given to add().
+    /// A fresh record with the stored values of \a source, copied by position; \a type describes its
+    /// fields. Change it and pass it to add().
     template <class Type>
     MDRData* made(const Type* type, const MDRData* source)
     {
@@ -55,10 +56,10 @@ public:
     bool contains(const QByteArray& recordKey) const;
     int count() const;
 
-    /// What stands in place of the table while no row is shown.
+    /// The text shown while there are no rows.
     void setEmptyText(const QString& text);
     QByteArray currentKey() const;
-    /// Makes a record current when it is shown.
+    /// Makes a record current if it is shown.
     void makeCurrent(const QByteArray& recordKey);
 
 protected:

@@ -2,13 +2,13 @@
 
 #include <string>
 
-/// What may be left undone in a record.
+/// Rules for what is unfinished in a record.
 namespace RecordRules
 {
 enum Lack {
-    ExecutionTime = 1, ///< its template wants one
+    ExecutionTime = 1, ///< its template requires one
     SecondMarker = 2,  ///< its template has one
-    Approval = 4,      ///< a draft that its shift has left behind
+    Approval = 4,      ///< a draft of a closed shift
 };
 
 struct State {
@@ -18,6 +18,7 @@ struct State {
     bool hasSecondMark = false;
     bool isShiftClosed = false;
 };
-/// A sum of Lack; 0 for what is done, for deleted records, and for the drafts of an open shift, on which its crew is at work.
+/// A combination of Lack; 0 for finished and deleted records, and for drafts of an open shift, whose crew
+/// is still working on them.
 int lacksOf(const State& record);
 } // namespace RecordRules

@@ -5,7 +5,7 @@ void UnfinishedFilter::setKinds(int kinds)
     if (kinds == m_kinds)
         return;
     m_kinds = kinds;
-    emit enabledChanged(isEnabled()); // whoever holds the rule asks again
+    emit enabledChanged(isEnabled()); // proxies with this rule filter again
 }
 
 bool UnfinishedFilter::isAcceptRow(const CMDArray* array, MDRData* record) const

@@ -2,7 +2,7 @@
 
 #include "VrkTableFilterRow.h"
 
-/// Shows the records that lack one of the chosen things.
+/// Shows the records in which one of the chosen things is missing.
 class UnfinishedFilter : public VrkTableFilterRow
 {
     Q_OBJECT
@@ -10,7 +10,7 @@ class UnfinishedFilter : public VrkTableFilterRow
 public:
     using VrkTableFilterRow::VrkTableFilterRow;
 
-    /// A sum of RecordRules::Lack; every table that holds the filter asks again.
+    /// A combination of RecordRules::Lack; every table with this filter filters again.
     void setKinds(int kinds);
     int kinds() const { return m_kinds; }
     bool isAcceptRow(const CMDArray* array, MDRData* record) const override;
