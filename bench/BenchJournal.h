@@ -24,7 +24,7 @@
 #include <string>
 #include <vector>
 
-/// A journal for measuring, and a client that opens its page.
+/// A journal for measurements, and a client that opens its page.
 namespace BenchJournal
 {
 constexpr double startTime = 1800000000;
@@ -33,8 +33,8 @@ struct Sizes {
     int records;
     int comments;
     int files;
-    int shifts = 1;       ///< the records are shared out among them, the first one is open
-    int commentsStep = 2; ///< from the record of a comment to that of the next one
+    int shifts = 1;       ///< the records are distributed among them; the first one is open
+    int commentsStep = 2; ///< distance between two records with comments
     int filesStep = 7;
 };
 
@@ -49,7 +49,7 @@ inline QByteArray numbered(const char* prefix, int number)
     return prefix + QByteArray::number(number).rightJustified(8, '0');
 }
 
-/// The text of a record as a template makes it: fixed words and two parameters.
+/// The text of a record made from a template: fixed words and two parameters.
 inline QByteArray recordText(int number)
 {
     const auto parameter = [](const char* name, const QByteArray& text) {
@@ -185,7 +185,7 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// A module with a session on a journal and what a page needs of it.
+/// A module with a session on a journal and everything that a page needs from it.
 class Client
 {
 public:
@@ -212,7 +212,7 @@ public:
         m_module->resize(1219, 602);
     }
 
-    /// Opens a page and returns when its table is painted.
+    /// Opens a page and returns after its table was painted.
     LogBookWidget* open()
     {
         class PaintWatch : public QObject

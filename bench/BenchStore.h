@@ -9,7 +9,7 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// A temporary store for measuring: one department, one open workshift, as many records as wanted.
+/// A temporary store for measurements: one department, one open workshift, any number of records.
 class BenchStore
 {
 public:
@@ -46,7 +46,7 @@ public:
         require(m_loader->apply({{table, batch.array}}, GenGuid32(), &m_error));
     }
 
-    /// A record like those of a real journal: all 15 fields, a text of some 400 bytes in Russian.
+    /// A typical record of a real journal: all 15 fields, a text of some 400 bytes in Russian.
     static MDRData* newRecord(CRowBatch& batch, int number)
     {
         static const QByteArray html = "<p>\xCE\xF2\xE4\xE0\xED\xE0 \xEA\xEE\xEC\xE0\xED\xE4\xE0 <a "

@@ -1,5 +1,5 @@
-// Record arrays beside a map and a sorted vector of the standard library, and beside reading the same rows out of SQLite.
-// Read the figures as ratios within one run.
+// Compares record arrays with a map and a sorted vector of the standard library, and with reading the same
+// rows from SQLite. Read the figures as ratios within one run.
 
 #include "GenGuid32.h"
 #include "LogbookFields.h"
@@ -68,7 +68,7 @@ void addSorted(Sorted& rows, const std::string& key)
                 std::make_unique<Row>(Row{key, 1.0}));
 }
 
-/// Order of keys for questions, the same for all.
+/// Order of the keys to look up, the same for all.
 std::vector<std::size_t> makeOrder(std::size_t count)
 {
     std::vector<std::size_t> order(count);
@@ -88,7 +88,7 @@ void count(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-// --- insertion of keys in no order ---
+// --- insertion of keys in random order ---
 
 void insertArray(benchmark::State& state)
 {
@@ -126,7 +126,7 @@ void insertVector(benchmark::State& state)
     count(state);
 }
 
-// --- one insertion and deletion among many ---
+// --- one insertion and deletion in a large array ---
 
 void insertOneArray(benchmark::State& state)
 {
@@ -159,7 +159,7 @@ void insertOneVector(benchmark::State& state)
     }
 }
 
-// --- seeking every key, in no order ---
+// --- seeking every key in random order ---
 
 void seekArray(benchmark::State& state)
 {
@@ -284,7 +284,7 @@ void walkVector(benchmark::State& state)
 
 // --- an answer of the journal: rows of 15 columns ---
 
-/// The texts of one journal record, as a select brings them.
+/// The texts of one journal record, as returned by a select.
 struct JournalRow {
     std::string keys[7];
     double times[5] = {1795168800, 1795168801, 1795168802, 0, 0};

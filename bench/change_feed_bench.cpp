@@ -45,7 +45,7 @@ void changeOfAnother(benchmark::State& state)
 }
 BENCHMARK(changeOfAnother)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
 
-/// What a write costs: rules, log and chain included.
+/// The cost of a write, including rules, log and chain.
 void writeOneRecord(benchmark::State& state)
 {
     BenchStore store;

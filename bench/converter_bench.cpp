@@ -1,5 +1,6 @@
-// The conversion of an earlier journal with 2,000 parameters: the time per template ought not to grow with their number,
-// and what it takes in memory, report included, ought to stay below four times the texts, old and new.
+// The conversion of an earlier journal with 2,000 parameters: the time per template should not grow with
+// their number, and the memory used, including the report, should stay below four times the size of the
+// texts, old and new.
 
 #include "MDRValues.h"
 #include "ParamRules.h"
@@ -38,7 +39,7 @@ QByteArray numbered(const char* prefix, int number)
     return prefix + QByteArray::number(number);
 }
 
-/// Tables with so many old templates, four parameters in each.
+/// Tables with this number of old templates, four parameters in each.
 std::unique_ptr<ConverterTables> earlierJournal(int templates)
 {
     auto tables = std::make_unique<ConverterTables>();
@@ -104,7 +105,7 @@ void convert(benchmark::State& state)
         state.ResumeTiming();
         ConversionReport report;
         ParamRules params(tables.get(), &report);
-        state.PauseTiming(); // the parameters are as many at each size
+        state.PauseTiming(); // the number of parameters is the same at each size
         params.processParameters();
         state.ResumeTiming();
         TemplateRules rules(tables.get(), &params, &report);

@@ -1,5 +1,5 @@
-// The search over all shifts beside a plain scan of the texts, on both engines, among 350,000 records; and what the index
-// costs whoever writes. VRK_SEARCH_RECORDS takes another number.
+// Compares the search over all shifts with a plain scan of the texts, on both engines, among 350,000
+// records; measures the cost of the index for writes. VRK_SEARCH_RECORDS sets another number.
 
 #include "../tests/support/PrivateCluster.h"
 #include "CMDArray.h"
@@ -45,7 +45,7 @@ void require(bool done, const StoreError& error)
         qFatal("%s %s", qPrintable(error.text), qPrintable(error.detail));
 }
 
-/// Texts like those of a journal: words of the demo's templates, few of them often, most of them rarely.
+/// Texts like those of a journal: words of the demo's templates, few of them frequent, most of them rare.
 class Texts
 {
 public:
@@ -112,7 +112,7 @@ public:
             shifts.RecPost(shift);
         }
         write("LogbookWorkshifts", shifts);
-        // A server that logs and indexes each row by itself takes hours for an archive.
+        // A server that logs and indexes each row separately needs hours for an archive.
         if (engine == Postgres)
             exec("ALTER TABLE LogbookRecords DISABLE TRIGGER USER");
         while (m_written < records)
@@ -125,7 +125,7 @@ public:
     }
 
     Store* store() { return m_store.get(); }
-    /// Nanoseconds that one transaction with so many more records takes.
+    /// Nanoseconds for one transaction with this number of additional records.
     void add(int records)
     {
         CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));

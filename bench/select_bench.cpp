@@ -1,4 +1,4 @@
-// Selects against their peer: plain stepping through the same rows with every column read.
+// Compares selects with plain stepping through the same rows with every column read.
 
 #include "BenchStore.h"
 

@@ -1,6 +1,6 @@
-// Working with a long shift: going from one shift of 2,000 records to another, going down the rows of records with many
-// comments and files, and a report of 2,000 records as preview and as PDF. Read each by its counter ratio, to the work
-// that is told at it.
+// Working with a long shift: switching from one shift of 2,000 records to another, moving down the rows of
+// records with many comments and files, and a report of 2,000 records as preview and as PDF. Read the
+// counter ratio of each, relative to the work named at it.
 
 #include "BenchJournal.h"
 
@@ -42,7 +42,8 @@ void readPlain(const Journal& journal, const QByteArray& shift)
     sqlite3_close(db);
 }
 
-/// From the choice of a shift to its first painted frame, beside reading its records with plain sqlite3.
+/// From the choice of a shift to its first painted frame, compared with reading its records with plain
+/// sqlite3.
 void switchShifts(benchmark::State& state)
 {
     const Journal& journal = journalOf({4000, 1000, 200, 2});
@@ -68,8 +69,8 @@ void switchShifts(benchmark::State& state)
     state.counters["ratio"] = ours / plain;
 }
 
-/// One row down, with 20 comments and 10 files on each record, painted; beside filling a list and a table of the toolkit
-/// with as many items.
+/// Moving down one row, with 20 comments and 10 files on each record, until painted; compared with filling
+/// a list and a table of Qt with the same number of items.
 void selectRecords(benchmark::State& state)
 {
     const Journal& journal = journalOf({200, 4000, 2000, 1, 1, 1});
@@ -111,7 +112,7 @@ void selectRecords(benchmark::State& state)
     state.counters["ratio"] = ours / plain;
 }
 
-/// The report of a shift, and its preview once it is asked for.
+/// The report of a shift, and its preview when requested.
 class Report
 {
 public:
@@ -138,7 +139,7 @@ private:
     ReportDialog* m_dialog = nullptr;
 };
 
-/// Every cell of the table laid out once on one line, as the toolkit does it.
+/// Lays out every cell of the table once on one line, as Qt does it.
 void layOutPlain(const VrkPreviewTable& table)
 {
     QFont font = table.font;
@@ -153,7 +154,7 @@ void layOutPlain(const VrkPreviewTable& table)
     }
 }
 
-/// From the button to the preview with all its pages, beside the bare layout of all cells.
+/// From the button to the preview with all its pages, compared with the plain layout of all cells.
 void preview(benchmark::State& state)
 {
     Report report(static_cast<int>(state.range(0)));
@@ -172,7 +173,7 @@ void preview(benchmark::State& state)
     state.counters["ratio"] = ours / plain;
 }
 
-/// The preview saved as PDF, beside the same.
+/// The preview saved as PDF, with the same comparison.
 void pdf(benchmark::State& state)
 {
     Report report(static_cast<int>(state.range(0)));

@@ -1,6 +1,6 @@
-// The page of a department's journal: opening a long shift beside reading the same rows with plain sqlite3, and one
-// change event into shifts of growing length. Read openShift by its counter ratio; the events ought to cost the same
-// whatever the number of records.
+// The page of a department's journal: opening a long shift compared with reading the same rows with plain
+// sqlite3, and one change event in shifts of increasing length. Read the counter ratio of openShift; events
+// should cost the same for any number of records.
 
 #include "BenchJournal.h"
 
@@ -57,7 +57,8 @@ void readPlain(const Journal& journal)
     sqlite3_close(db);
 }
 
-/// From the page's birth to its first painted frame. The ratio is one of processor times: it holds on a busy machine too.
+/// From the creation of the page to its first painted frame. The ratio is one of processor times, so it is
+/// valid on a busy machine.
 void openShift(benchmark::State& state)
 {
     using Clock = std::chrono::steady_clock;
@@ -80,7 +81,7 @@ void openShift(benchmark::State& state)
     state.counters["ratio"] = ours / plain;
 }
 
-/// A change event made by hand: the row's fields as the store sends them.
+/// A synthetic change event: the row's fields in the form that the store sends.
 class MadeEvent
 {
 public:
@@ -106,7 +107,7 @@ private:
     std::unique_ptr<HFNCliParam> m_block;
 };
 
-/// A page of many records, with what the tool bar asks at each of its signals.
+/// A page with many records, including the queries of the tool bar at each of its signals.
 LogBookWidget* pageOf(Client& client)
 {
     LogBookWidget* tab = client.open();

@@ -1,5 +1,5 @@
-// Record tables: what a journal of 10,000 records costs to open, and whether one more record costs the same whatever
-// the number of rows already there.
+// Record tables: the cost of opening a journal of 10,000 records, and whether one more record costs the
+// same for any number of existing rows.
 
 #include "HfnTime.h"
 #include "LogbookFields.h"
@@ -95,7 +95,7 @@ private:
     int m_count = 0;
 };
 
-// From the records at hand to the painted first page.
+// From the loaded records to the painted first page.
 void firstPaint(benchmark::State& state)
 {
     for (auto _ : state) {
@@ -111,7 +111,7 @@ void firstPaint(benchmark::State& state)
 }
 BENCHMARK(firstPaint)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 
-// A record arrives and goes again, the table being shown.
+// A record is added and removed while the table is shown.
 void appendAndRemove(benchmark::State& state)
 {
     Journal journal(static_cast<int>(state.range(0)));
@@ -126,7 +126,7 @@ void appendAndRemove(benchmark::State& state)
 }
 BENCHMARK(appendAndRemove)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 
-// The same with the record made current, as the journal does.
+// The same with the record made current, like in the journal.
 void appendAndFollow(benchmark::State& state)
 {
     Journal journal(static_cast<int>(state.range(0)));
@@ -154,7 +154,7 @@ void changeOneRecord(benchmark::State& state)
 }
 BENCHMARK(changeOneRecord)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 
-// The search line: the first letter meets texts that were not rendered yet, the next ones do not.
+// The search line: the first letter needs texts that were not rendered yet, the next ones do not.
 void search(benchmark::State& state)
 {
     Journal journal(static_cast<int>(state.range(0)));

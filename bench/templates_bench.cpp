@@ -1,6 +1,6 @@
-// The configurator of templates: opening it, unfolding its tree, searching and one rename, at 200 categories with 2,000
-// templates and at ten times as many. Read the figures of the larger by those of the smaller: ten times the rows may
-// cost a little more than ten times as much; a rename ought to cost the same.
+// The configurator of templates: opening it, expanding its tree, searching and one rename, with 200
+// categories and 2,000 templates and with ten times as many. Compare the larger figures with the smaller:
+// ten times the rows may cost a little more than ten times as much; a rename should cost the same.
 
 #include "BenchStore.h"
 #include "CVrkCliApp.h"
@@ -30,7 +30,7 @@ const MDRFieldDescr userFields[] = {
 const MDRFieldDescr rightFields[] = {
     {"KeyLink", 32, mdr_TChar}, {"UserKey", 32, mdr_TChar}, {"rightName", 64, mdr_TChar}};
 
-/// A store with common templates: categories three deep, ten templates for each.
+/// A store with common templates: categories three levels deep, ten templates in each.
 class TemplateStore
 {
 public:

@@ -1,5 +1,5 @@
-// Template texts: what it costs to read the visible text of a record, to render it for painting, and to find its
-// parameters, each beside the toolkit's own way; and a keystroke in a list of 5,000 pieces of equipment.
+// Template texts: the cost of reading the visible text of a record, rendering it for painting, and finding
+// its parameters, each compared with Qt's own way; and a keystroke in a list of 5,000 pieces of equipment.
 
 #include "HtmlParser.h"
 #include "SuggestionModel.h"
