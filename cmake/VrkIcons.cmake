@@ -1,14 +1,16 @@
 # Pictures that are drawn as SVG and embedded as PNG.
 #
 #   vrk_icons(TARGET DRAWN prefix=folder[=size:suffix,...]... [READY path=file...])
-#       The object library TARGET with one Qt resource. DRAWN: every folder/NAME.svg is rendered at build time and lies
-#       at ":/prefix/NAME.png" with 24 and at ":/prefix/NAME@2x.png" with 48 pixels a side, or at the sizes given.
-#       READY: the file as it stands at ":/path". Folders and files are relative to the current source folder.
+#       The object library TARGET with one Qt resource. DRAWN: every folder/NAME.svg is rendered at build
+#       time and is
+#       available at ":/prefix/NAME.png" with 24 and at ":/prefix/NAME@2x.png" with 48 pixels, or at the
+#       sizes given.
+#       READY: the unchanged file at ":/path". Folders and files are relative to the current source folder.
 
 function(vrk_icons target)
     cmake_parse_arguments(ARG "" "" "DRAWN;READY" ${ARGN})
     if(ARG_DRAWN)
-        find_program(VRK_RSVG rsvg-convert REQUIRED) # only here: a plug-in without drawings does without it
+        find_program(VRK_RSVG rsvg-convert REQUIRED) # only here: a plug-in without drawings does not need it
     endif()
     set(script "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/render-icons.sh")
     set(out "${CMAKE_CURRENT_BINARY_DIR}/${target}")

@@ -1,5 +1,6 @@
-# What is installed, and the Debian packages: cpack -G DEB in the build tree of the preset release. "runtime" is what users
-# get; "dev" what a plug-in is built against: the public headers and the CMake package VrkPlatform.
+# What is installed, and the Debian packages: cpack -G DEB in the build tree of the preset release.
+# "runtime" is for users; "dev" is for building plug-ins: the public headers and the CMake package
+# VrkPlatform.
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME runtime)
 set_target_properties(vrk-workstation vrk-admin VrkHfn VrkClient PROPERTIES INSTALL_RPATH "\$ORIGIN/../lib;\$ORIGIN")
 install(TARGETS vrk-workstation vrk-admin RUNTIME DESTINATION ${VRK_HOME}/bin)

@@ -1,10 +1,11 @@
-# A plug-in of the workstation, in this build tree and in projects that find the installed platform alike.
+# A plug-in of the workstation, both in this build tree and in projects that find the installed platform.
 #
 #   vrk_plugin(TARGET DESCRIPTION NAME)
-#       The shared library TARGET lies beside the platform's libraries, its description as plugins/NAME.json, from where
-#       the workstation knows it: its library and the names and titles of its modules. Both are installed.
+#       Places the shared library TARGET next to the platform's libraries and its description at
+#       plugins/NAME.json,
+#       which gives the workstation the library and the names and titles of its modules. Installs both.
 
-# Programs, libraries and descriptions lie beside each other as in the build tree; bin has links to the programs.
+# Programs, libraries and descriptions are installed like in the build tree; bin has links to the programs.
 set(VRK_HOME lib/vrk-logbook)
 
 function(vrk_plugin target description name)

@@ -1,9 +1,11 @@
-# The toolkit's headers, compiled once for all: a build takes half the time.
+# Qt's headers, compiled once for all targets: a build takes half the time.
 #
 #   vrk_precompiled(TARGET link...)
-#       TARGET reads the toolkit's headers from what was compiled before: those of the widgets, or where it links none of
-#       them (every link is Qt5::Core or one of the floors below the client) those of the core. Every source still
-#       includes what it uses: VRK_PRECOMPILE=OFF shows it.
+#       TARGET uses precompiled Qt headers: those of the widgets, or if it links none of them (every link is
+#       Qt5::Core
+#       or a floor below the client) those of the core. Every source must still include what it uses: a
+#       build with
+#       VRK_PRECOMPILE=OFF checks this.
 option(VRK_PRECOMPILE "Compile the toolkit's headers once" ON)
 
 set(core_headers <algorithm> <functional> <memory> <vector> <QByteArray> <QCoreApplication> <QDateTime> <QDir> <QFile>

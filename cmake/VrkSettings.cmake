@@ -11,7 +11,7 @@ set(CMAKE_AUTORCC ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
-# All libraries and programs of a build tree lie in one place each, as they do when installed.
+# All libraries and all programs of a build tree are in one folder each, like after installation.
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 
@@ -21,7 +21,7 @@ endif()
 
 find_program(VRK_CCACHE ccache)
 if(VRK_CCACHE)
-    # By default it does not keep what was compiled with precompiled headers.
+    # By default the cache does not store objects compiled with precompiled headers.
     set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros "${VRK_CCACHE}")
 endif()
 
@@ -34,7 +34,8 @@ target_compile_definitions(vrk_settings INTERFACE
 if(VRK_SANITIZE)
     target_compile_options(vrk_settings INTERFACE -fsanitize=${VRK_SANITIZE} -fno-sanitize-recover=all
                            -fno-omit-frame-pointer
-                           # Instrumented code makes the compiler see uninitialised values that are not there.
+                           # In instrumented code the compiler reports uninitialised values that do not
+                           # exist.
                            $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(vrk_settings INTERFACE -fsanitize=${VRK_SANITIZE})
 endif()

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Makes icons.png, the contact sheet of all pictures on a light and on a dark ground, at 24 and at 48 pixels.
+# Creates icons.png, the contact sheet of all pictures on a light and on a dark background, at 24 and at 48
+# pixels.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 pictures=(plugin/resources/svg/icons/*.svg plugin/resources/svg/markers/*.svg platform/widgets/icons/vrk/*.svg)
@@ -7,7 +8,7 @@ columns=10 cell_w=110 cell_h=96
 rows=$(((${#pictures[@]} + columns - 1) / columns))
 width=$((columns * cell_w)) height=$((rows * cell_h))
 
-drawing() { sed -e '1,2d' -e '$d' "$1"; } # what stands between the opening and the closing tag
+drawing() { sed -e '1,2d' -e '$d' "$1"; } # the content of the svg element
 stroke() { sed -n 's/.* stroke="\(#[0-9a-f]*\)" stroke-width="2".*/\1/p' "$1" | head -1; }
 
 {

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that a step needs and that are not there yet: dependencies.sh build|test|check|fuzz ...
+# Installs the Debian packages that a step needs and that are not installed yet: dependencies.sh
+# build|test|check|fuzz ...
 set -euo pipefail
 
 tour="xvfb xauth"
