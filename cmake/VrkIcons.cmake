@@ -2,9 +2,8 @@
 #
 #   vrk_icons(TARGET DRAWN prefix=folder[=size:suffix,...]... [READY path=file...])
 #       The object library TARGET with one Qt resource. DRAWN: every folder/NAME.svg is rendered at build
-#       time and is
-#       available at ":/prefix/NAME.png" with 24 and at ":/prefix/NAME@2x.png" with 48 pixels, or at the
-#       sizes given.
+#       time and is available at ":/prefix/NAME.png" with 24 and at ":/prefix/NAME@2x.png" with 48 pixels,
+#       or at the sizes given.
 #       READY: the unchanged file at ":/path". Folders and files are relative to the current source folder.
 
 function(vrk_icons target)

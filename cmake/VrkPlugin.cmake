@@ -2,8 +2,8 @@
 #
 #   vrk_plugin(TARGET DESCRIPTION NAME)
 #       Places the shared library TARGET next to the platform's libraries and its description at
-#       plugins/NAME.json,
-#       which gives the workstation the library and the names and titles of its modules. Installs both.
+#       plugins/NAME.json, which gives the workstation the library and the names and titles of its modules.
+#       Installs both.
 
 # Programs, libraries and descriptions are installed like in the build tree; bin has links to the programs.
 set(VRK_HOME lib/vrk-logbook)

@@ -2,10 +2,8 @@
 #
 #   vrk_precompiled(TARGET link...)
 #       TARGET uses precompiled Qt headers: those of the widgets, or if it links none of them (every link is
-#       Qt5::Core
-#       or a floor below the client) those of the core. Every source must still include what it uses: a
-#       build with
-#       VRK_PRECOMPILE=OFF checks this.
+#       Qt5::Core or a floor below the client) those of the core. Every source must still include what it
+#       uses: a build with VRK_PRECOMPILE=OFF checks this.
 option(VRK_PRECOMPILE "Compile the toolkit's headers once" ON)
 
 set(core_headers <algorithm> <functional> <memory> <vector> <QByteArray> <QCoreApplication> <QDateTime> <QDir> <QFile>

@@ -2,10 +2,8 @@
 #
 #   vrk_floor(NAME USES floor... LINKS target... PUBLIC header...)
 #       One floor of the platform, from all sources of the current folder: the object library vrk_NAME with
-#       its
-#       folder as include directory. It sees the headers of the floors it USES, and of no others. The PUBLIC
-#       headers are
-#       installed for plug-ins.
+#       its folder as include directory. It sees the headers of the floors it USES, and of no others. The
+#       PUBLIC headers are installed for plug-ins.
 #
 #   vrk_testing_library(NAME floor...)
 #       The objects of the floors again as a static library, so that tests can use what the shared libraries
