@@ -76,7 +76,7 @@ bool CVrkArchive::ModuleStart()
         return false;
     }
     m_form->list->init(this, &m_names);
-    m_form->list->setColumnVisible("lacks", false);
+    m_form->list->setColumnVisible(Field::lacks, false);
     m_form->departmentCombo->addItem(tr("Все подразделения"), QByteArray());
     for (const KeyNames::Entry& department : m_names.departments())
         m_form->departmentCombo->addItem(department.name, department.key);
@@ -225,7 +225,7 @@ void CVrkArchive::search()
         tr("Ничего не найдено. Попробуйте меньше слов, другое подразделение или другой период."));
     m_form->list->replace(answer.array, SearchWords::terms(m_form->wordsEdit->text()) +
                                             SearchWords::terms(m_form->equipmentEdit->text()));
-    m_form->list->setColumnVisible("DepartmentKey",
+    m_form->list->setColumnVisible(Field::DepartmentKey,
                                    m_form->departmentCombo->currentData().toByteArray().isEmpty());
     tell(found, taken);
 }

@@ -35,12 +35,12 @@ MDRVar value(const CMDArray& array, const MDRData* record, const char* field)
 int lacksOf(const CMDArray& array, const MDRData* record, bool isShiftClosed)
 {
     RecordRules::State state;
-    const QByteArray html = MDRValue::bytes(value(array, record, "html"));
+    const QByteArray html = MDRValue::bytes(value(array, record, Field::html));
     state.html.assign(html.constData(), static_cast<std::size_t>(html.size()));
-    const MDRVar status = value(array, record, "status");
+    const MDRVar status = value(array, record, Field::status);
     state.status = status.isNull ? StatusDeleted : status.value.number;
-    state.hasExecutionTime = MDRValue::hasTime(value(array, record, "executionTime"));
-    state.hasSecondMark = MDRValue::hasTime(value(array, record, "secondMarkTime"));
+    state.hasExecutionTime = MDRValue::hasTime(value(array, record, Field::executionTime));
+    state.hasSecondMark = MDRValue::hasTime(value(array, record, Field::secondMarkTime));
     state.isShiftClosed = isShiftClosed;
     return RecordRules::lacksOf(state);
 }
@@ -140,8 +140,8 @@ bool CVrkUnfinished::ModuleStart()
     }
     SetModTitle(m_name, m_names.departmentName(m_departmentKey));
     m_list->init(this, &m_names);
-    m_list->setColumnVisible("DepartmentKey", false);
-    m_list->setColumnVisible("status", false);
+    m_list->setColumnVisible(Field::DepartmentKey, false);
+    m_list->setColumnVisible(Field::status, false);
     m_list->tool()->proxy()->setFilterRows(m_filter);
 
     const QSettings settings;
@@ -207,18 +207,18 @@ void CVrkUnfinished::reload()
     MDACopy(judged.array, m_list->records().array, 0);
     for (int i = 0; i < answer.RecCount(); ++i) {
         const MDRData* row = MDARec(answer.array, 0, i);
-        Shift& of = m_shifts[MDRValue::copy(value(answer, row, "ShiftKey"))];
+        Shift& of = m_shifts[MDRValue::copy(value(answer, row, Field::ShiftKey))];
         of.isOurs = true;
-        of.isClosed = MDRValue::hasText(value(answer, row, "CloseWorkerKey"));
-        of.startTime = value(answer, row, "startTime").value.real;
-        of.endTime = value(answer, row, "endTime").value.real;
+        of.isClosed = MDRValue::hasText(value(answer, row, Field::CloseWorkerKey));
+        of.startTime = value(answer, row, Field::startTime).value.real;
+        of.endTime = value(answer, row, Field::endTime).value.real;
         MDRData* record = MDARecNew(judged.array);
         for (int number = 0; number < MDAFldCount(judged.array) - 1; ++number) {
             const MDRVar one = value(answer, row, MDRFldByNum(judged.array, number)->name);
             MDRSetVal(MDRFldByNum(judged.array, number), record, &one);
         }
         const int lacks = lacksOf(judged, record, of.isClosed);
-        judged.SetValF(record, "lacks", MDRValue::number(lacks));
+        judged.SetValF(record, Field::lacks, MDRValue::number(lacks));
         if (lacks)
             judged.RecPost(record);
         else
@@ -268,18 +268,18 @@ void CVrkUnfinished::recordEvent(const TEventNciParse& event)
 void CVrkUnfinished::take(MDRData* record)
 {
     CMDArray& records = m_list->records();
-    const QByteArray shiftKey = MDRValue::copy(value(records, record, "ShiftKey"));
+    const QByteArray shiftKey = MDRValue::copy(value(records, record, Field::ShiftKey));
     const Shift of = shift(shiftKey);
-    const bool isListed = of.isOurs && value(records, record, "recordTime").value.real >= firstTime();
+    const bool isListed = of.isOurs && value(records, record, Field::recordTime).value.real >= firstTime();
     const int lacks = isListed ? lacksOf(records, record, of.isClosed) : 0;
     if (lacks == 0) {
         MDARecDel(record);
         return;
     }
-    records.SetValF(record, "DepartmentKey", MDRValue::text(m_departmentKey));
-    records.SetValF(record, "startTime", MDRValue::real(of.startTime));
-    records.SetValF(record, "endTime", MDRValue::real(of.endTime));
-    records.SetValF(record, "lacks", MDRValue::number(lacks));
+    records.SetValF(record, Field::DepartmentKey, MDRValue::text(m_departmentKey));
+    records.SetValF(record, Field::startTime, MDRValue::real(of.startTime));
+    records.SetValF(record, Field::endTime, MDRValue::real(of.endTime));
+    records.SetValF(record, Field::lacks, MDRValue::number(lacks));
     m_list->add(record);
 }
 
@@ -295,10 +295,10 @@ CVrkUnfinished::Shift CVrkUnfinished::shift(const QByteArray& key)
         return of;
     if (answer.RecCount() > 0) {
         const MDRData* row = MDARec(answer.array, 0, 0);
-        of.isOurs = MDRValue::bytes(value(answer, row, "DepartmentKey")) == m_departmentKey;
-        of.isClosed = MDRValue::hasText(value(answer, row, "CloseWorkerKey"));
-        of.startTime = value(answer, row, "startTime").value.real;
-        of.endTime = value(answer, row, "endTime").value.real;
+        of.isOurs = MDRValue::bytes(value(answer, row, Field::DepartmentKey)) == m_departmentKey;
+        of.isClosed = MDRValue::hasText(value(answer, row, Field::CloseWorkerKey));
+        of.startTime = value(answer, row, Field::startTime).value.real;
+        of.endTime = value(answer, row, Field::endTime).value.real;
     }
     m_shifts.insert(key, of);
     return of;
@@ -320,7 +320,7 @@ void CVrkUnfinished::shiftEvent(const TEventNciParse& event)
         select(QStringLiteral("R.ShiftKey = '%1'").arg(QString::fromUtf8(key))).toUtf8());
     for (int i = 0; i < answer.RecCount(); ++i) {
         const MDRData* row = MDARec(answer.array, 0, i);
-        const QByteArray recordKey = MDRValue::copy(value(answer, row, "KeyLink"));
+        const QByteArray recordKey = MDRValue::copy(value(answer, row, Field::KeyLink));
         if (!m_list->contains(recordKey))
             take(m_list->made(answer.array, row));
     }
@@ -334,7 +334,7 @@ void CVrkUnfinished::showCounts()
     int counts[3] = {};
     const CMDArray& records = m_list->records();
     for (int row = 0; row < records.RecCount(); ++row) {
-        const int lacks = value(records, MDARec(records.array, 0, row), "lacks").value.number;
+        const int lacks = value(records, MDARec(records.array, 0, row), Field::lacks).value.number;
         for (int i = 0; i < m_kinds.size(); ++i)
             counts[i] += lacks & (1 << i) ? 1 : 0;
     }

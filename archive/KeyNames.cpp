@@ -4,6 +4,7 @@
 #include "CToolLiteModel.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "HfnWrapper.h"
 #include "MDRValues.h"
 
@@ -40,7 +41,7 @@ QString KeyNames::workerName(const QByteArray& key) const
 
 QString KeyNames::departmentName(const QByteArray& key) const
 {
-    return text(m_departments, key, "name_");
+    return text(m_departments, key, Field::name_);
 }
 
 QString KeyNames::text(CModelTable* table, const QByteArray& key, const char* field) const
@@ -73,11 +74,11 @@ QVector<KeyNames::Entry> KeyNames::departments() const
         const MDRData* row = MDARec(m_departments->data.array, 0, i);
         MDRVar key;
         MDRVar organization;
-        m_departments->data.GetVal(row, "KeyLink", key);
-        m_departments->data.GetVal(row, "OrganizationKey", organization);
+        m_departments->data.GetVal(row, Field::KeyLink, key);
+        m_departments->data.GetVal(row, Field::OrganizationKey, organization);
         const QByteArray departmentKey = MDRValue::copy(key);
         QString name = departmentName(departmentKey);
-        const QString organizationName = text(m_organizations, MDRValue::copy(organization), "name_");
+        const QString organizationName = text(m_organizations, MDRValue::copy(organization), Field::name_);
         if (!organizationName.isEmpty())
             name += QStringLiteral(", ") + organizationName;
         all.append({departmentKey, name});
@@ -93,8 +94,8 @@ QVector<KeyNames::Entry> KeyNames::workers(const QByteArray& departmentKey) cons
         const MDRData* row = MDARec(m_workers->data.array, 0, i);
         MDRVar key;
         MDRVar department;
-        m_workers->data.GetVal(row, "KeyLink", key);
-        m_workers->data.GetVal(row, "DepartmentKey", department);
+        m_workers->data.GetVal(row, Field::KeyLink, key);
+        m_workers->data.GetVal(row, Field::DepartmentKey, department);
         if (!departmentKey.isEmpty() && MDRValue::copy(department) != departmentKey)
             continue;
         QString name = workerName(MDRValue::copy(key));

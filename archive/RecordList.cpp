@@ -26,10 +26,10 @@
 namespace
 {
 const MDRFieldDescr moreFields[] = {
-    {"DepartmentKey", 32, mdr_TChar},
-    {"startTime", 0, mdr_TDouble},
-    {"endTime", 0, mdr_TDouble},
-    {"lacks", 0, mdr_TInt32},
+    Field::DepartmentKey,
+    Field::startTime,
+    Field::endTime,
+    Field::lacks,
 };
 
 MDRVar valueOf(const AbstractHfnCellData& cell, const char* field)
@@ -48,7 +48,7 @@ MDRVar own(const AbstractHfnCellData& cell)
 
 bool isDeleted(const AbstractHfnCellData& cell)
 {
-    const MDRVar status = valueOf(cell, "status");
+    const MDRVar status = valueOf(cell, Field::status);
     return !status.isNull && status.value.number == StatusDeleted;
 }
 
@@ -244,12 +244,12 @@ void RecordList::init(CVrkCliMod* module, const KeyNames* names)
         QString title;
     };
     const Column columns[] = {
-        {"status", &m_cells->state, QString()},
-        {"lacks", &m_cells->lacks, tr("Не хватает")},
-        {"recordTime", &m_cells->time, tr("Время записи")},
-        {"DepartmentKey", &m_cells->department, tr("Подразделение")},
-        {"WorkerKey", &m_cells->worker, tr("Автор")},
-        {"html", &m_cells->text, tr("Текст")},
+        {Field::status, &m_cells->state, QString()},
+        {Field::lacks, &m_cells->lacks, tr("Не хватает")},
+        {Field::recordTime, &m_cells->time, tr("Время записи")},
+        {Field::DepartmentKey, &m_cells->department, tr("Подразделение")},
+        {Field::WorkerKey, &m_cells->worker, tr("Автор")},
+        {Field::html, &m_cells->text, tr("Текст")},
     };
     for (int i = 0; i < MDAFldCount(m_records.array); ++i)
         m_tool->setColumnVisible(QLatin1String(MDRFldByNum(m_records.array, i)->name), false);
@@ -261,7 +261,7 @@ void RecordList::init(CVrkCliMod* module, const KeyNames* names)
         m_tool->setColumnPosition(field, position++);
         m_tool->setColumnVisible(field, true);
     }
-    m_tool->sortByColumn(QStringLiteral("recordTime"), Qt::DescendingOrder);
+    m_tool->sortByColumn(QLatin1String(Field::recordTime), Qt::DescendingOrder);
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(m_tool->proxy(), signal, this, &RecordList::showWhatIsThere);
     connect(m_tool->proxy(), &QAbstractItemModel::modelReset, this, &RecordList::showWhatIsThere);
@@ -326,7 +326,7 @@ void RecordList::remove(const QByteArray& recordKey)
 MDRData* RecordList::recordOf(const QByteArray& key) const
 {
     const MDRRange found =
-        key.isEmpty() ? MDRRange() : MDARecsWith(m_records.array, "KeyLink", key.constData());
+        key.isEmpty() ? MDRRange() : MDARecsWith(m_records.array, Field::KeyLink, key.constData());
     return found.count > 0 ? found.data[0] : nullptr;
 }
 
@@ -358,7 +358,7 @@ QByteArray RecordList::currentKey() const
 {
     MDRVar key;
     if (const MDRData* record = m_tool ? m_tool->currentRecord() : nullptr)
-        m_records.GetVal(record, "KeyLink", key);
+        m_records.GetVal(record, Field::KeyLink, key);
     return MDRValue::copy(key);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CMDArray.h"
+#include "Fields.h"
 #include "SearchWords.h"
 
 #include <memory>
@@ -14,6 +15,12 @@ class QMenu;
 class QStackedLayout;
 class QTableView;
 class VrkTableTool;
+
+namespace Field
+{
+/// Of the list alone: a sum of RecordRules::Lack.
+inline constexpr NumberField lacks("lacks");
+} // namespace Field
 
 /// A read-only table of journal records from many shifts; while it is empty, a text is shown instead. A
 /// double click, or Enter, shows the record in the journal; Ctrl+C copies the visible text.

@@ -1,5 +1,7 @@
 #include "UnfinishedFilter.h"
 
+#include "RecordList.h"
+
 void UnfinishedFilter::setKinds(int kinds)
 {
     if (kinds == m_kinds)
@@ -11,6 +13,6 @@ void UnfinishedFilter::setKinds(int kinds)
 bool UnfinishedFilter::isAcceptRow(const CMDArray* array, MDRData* record) const
 {
     MDRVar lacks;
-    array->GetVal(record, "lacks", lacks);
+    array->GetVal(record, Field::lacks, lacks);
     return !isEnabled() || (!lacks.isNull && (lacks.value.number & m_kinds) != 0);
 }

@@ -2,6 +2,7 @@
 
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 
 CToolLiteModel::CToolLiteModel(CVrkCliMod* module) : CVrkToolObject(module)
 {
@@ -34,9 +35,9 @@ int CToolLiteModel::Perform(bool)
         rows = answer;
         while (MDAKeyCount(rows.array) > 0)
             MDAKeyDel(rows.array, 0);
-        rows.KeyAdd("KeyLink", 0);
+        rows.KeyAdd(Field::KeyLink, 0);
         if (table->name == "Tables")
-            rows.KeyAdd("nameLat", 0);
+            rows.KeyAdd(Field::nameLat, 0);
         m_loaded.insert(table->name);
         m_model->add(std::move(table));
     }

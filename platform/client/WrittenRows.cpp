@@ -10,7 +10,7 @@
 namespace
 {
 /// The fields with typed text.
-const char* const textFields[] = {"html", "text_", "fileName"};
+const char* const textFields[] = {Field::html, Field::text_, Field::fileName};
 
 QByteArray bytesOf(const MDArray* array, const MDRData* record, const char* name)
 {
@@ -27,7 +27,7 @@ void WrittenRows::add(const QByteArray& table, const MDArray* records)
     const int count = MDAKeyRecCount(records, 0);
     for (int position = 0; position < count; ++position) {
         const MDRData* record = MDARec(records, 0, position);
-        const QByteArray place = table + '/' + bytesOf(records, record, "KeyLink");
+        const QByteArray place = table + '/' + bytesOf(records, record, Field::KeyLink);
         Row row;
         if ((record->flags & ROW_UPDATE) == 0)
             row.marks << place + (record->flags & ROW_DELETE ? "/gone" : "");

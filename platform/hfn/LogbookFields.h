@@ -2,7 +2,7 @@
 
 /// Descriptor tables of the journal: the fields of its tables, in the order on which server and client agree.
 
-#include "MDArray.h"
+#include "Fields.h"
 
 extern VRK_EXPORT const MDRFieldDescr LogbookWorkshiftFields[7];
 extern VRK_EXPORT const MDRFieldDescr LogbookWorkersWorkshiftFields[4];

@@ -1,6 +1,7 @@
 #include "RowStatements.h"
 
 #include "CodePage.h"
+#include "Fields.h"
 #include "MDRValues.h"
 #include "TableCatalog.h"
 
@@ -117,7 +118,7 @@ bool RowStatements::forEach(const StoreWrite& write, const CodePage& page, char 
         *error = badRequest("В хранилище нет таблицы «%1».", write.table);
         return false;
     }
-    const MDRField* key = MDRFldByName(write.records, "KeyLink");
+    const MDRField* key = MDRFldByName(write.records, Field::KeyLink);
     if (!key || (key->type != mdr_TChar && key->type != mdr_TMemo)) {
         *error = badRequest("В строках таблицы «%1» нет ключа.", table->name);
         return false;

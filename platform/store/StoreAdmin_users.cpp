@@ -1,3 +1,4 @@
+#include "Fields.h"
 #include "GenGuid32.h"
 #include "MDRValues.h"
 #include "PostgresAdmin.h"
@@ -100,9 +101,9 @@ bool StoreAdmin::addUser(const QString& url, const QString& login, const QString
         batch.newRow(former.isEmpty() ? ROW_INSERT : ROW_UPDATE, former.isEmpty() ? GenGuid32() : former);
     const QByteArray loginBytes = store->codec()->fromUnicode(login);
     const QByteArray nameBytes = store->codec()->fromUnicode(name);
-    batch.SetValF(row, "login", MDRValue::text(loginBytes));
-    batch.SetValF(row, "name_", MDRValue::text(nameBytes));
-    batch.SetValF(row, "deleted_", MDRValue::boolean(false));
+    batch.SetValF(row, Field::login, MDRValue::text(loginBytes));
+    batch.SetValF(row, Field::name_, MDRValue::text(nameBytes));
+    batch.SetValF(row, Field::deleted_, MDRValue::boolean(false));
     batch.RecPost(row);
     return write(*store, "Users", batch, error);
 }
@@ -117,7 +118,7 @@ bool StoreAdmin::removeUser(const QString& url, const QString& login, StoreError
         return noSuchLogin(login, error);
     CRowBatch batch = batchOf("Users");
     MDRData* row = batch.newRow(ROW_UPDATE, key);
-    batch.SetValF(row, "deleted_", MDRValue::boolean(true));
+    batch.SetValF(row, Field::deleted_, MDRValue::boolean(true));
     batch.RecPost(row);
     return write(*store, "Users", batch, error) &&
            (StoreUrl(url).engine != StoreUrl::PostgreSql || PostgresAdmin::lockRole(url, login, error));
@@ -165,8 +166,8 @@ bool StoreAdmin::grant(const QString& url, const QString& login, const QByteArra
     CRowBatch batch = batchOf("UserRights");
     MDRData* row = batch.newRow(given ? ROW_INSERT : ROW_DELETE, given ? GenGuid32() : present);
     if (given) {
-        batch.SetValF(row, "UserKey", MDRValue::text(user));
-        batch.SetValF(row, "rightName", MDRValue::text(right));
+        batch.SetValF(row, Field::UserKey, MDRValue::text(user));
+        batch.SetValF(row, Field::rightName, MDRValue::text(right));
     }
     batch.RecPost(row);
     return write(*store, "UserRights", batch, error);

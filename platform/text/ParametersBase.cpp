@@ -5,6 +5,7 @@
 #include "CVrkCliSes.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
+#include "ReferenceFields.h"
 
 #include <QTextCodec>
 
@@ -53,15 +54,6 @@ constexpr BaseParameter equipmentParameters[] = {
     {"bay", equipmentGroup, "Присоединение"},
 };
 
-constexpr std::uint8_t keyWidth = 32;
-constexpr std::uint8_t nameWidth = 100;
-constexpr MDRFieldDescr parameterFields[] = {
-    {"KeyLink", keyWidth, mdr_TChar},
-    {"CategoryKey", keyWidth, mdr_TChar},
-    {"nameLoc", nameWidth, mdr_TChar},
-    {"html", 0, mdr_TMemo},
-};
-
 /// Adds one row unless its key exists. The row has no flag and no marks.
 void addRow(CMDArray& table, const QByteArray& key,
             std::initializer_list<std::pair<const char*, QByteArray>> fields)
@@ -70,7 +62,7 @@ void addRow(CMDArray& table, const QByteArray& key,
     if (MDARecSeekV(table.array, 0, &keyValue, 0))
         return;
     MDRData* record = MDARecNew(table.array);
-    MDRSetVal(MDRFldByName(table.array, "KeyLink"), record, &keyValue);
+    MDRSetVal(MDRFldByName(table.array, Field::KeyLink), record, &keyValue);
     for (const auto& [name, bytes] : fields) {
         const MDRVar value = MDRValue::text(bytes);
         MDRSetVal(MDRFldByName(table.array, name), record, &value);
@@ -89,9 +81,9 @@ void addParameter(CMDArray& table, const BaseParameter& parameter, const QByteAr
         properties.insert(properties.begin() + 1, {"list", HtmlParser::createListProperty({})});
     const std::string html = HtmlParser::createParameter(properties, parameter.label);
     addRow(table, QByteArrayLiteral("$base.") + parameter.name,
-           {{"CategoryKey", category},
-            {"nameLoc", codec->fromUnicode(QString::fromUtf8(parameter.label))},
-            {"html", codec->fromUnicode(QString::fromStdString(html))}});
+           {{Field::CategoryKey, category},
+            {Field::nameLoc, codec->fromUnicode(QString::fromUtf8(parameter.label))},
+            {Field::html, codec->fromUnicode(QString::fromStdString(html))}});
 }
 
 const QTextCodec* codecOf(CVrkCliMod* module)
@@ -110,7 +102,8 @@ void ParametersBase::createBaseParameters(CModelTable* categories, CModelTable* 
         return;
     const QTextCodec* codec = codecOf(m_module);
     for (const Group& group : groups)
-        addRow(*categories, group.key, {{"nameLoc", codec->fromUnicode(QString::fromUtf8(group.label))}});
+        addRow(*categories, group.key,
+               {{Field::nameLoc, codec->fromUnicode(QString::fromUtf8(group.label))}});
     for (const BaseParameter& parameter : baseParameters)
         addParameter(*parameters, parameter, parameter.group, codec);
     if (withEquipment)
@@ -123,7 +116,7 @@ void ParametersBase::createBaseEquipmentsParameter(CModelTable* table, QByteArra
         return;
     CMDArray& rows = *table;
     if (MDAFldCount(rows.array) == 0) {
-        MDAFldAdd(rows.array, static_cast<int>(std::size(parameterFields)), parameterFields);
+        MDAFldAdd(rows.array, fieldCount(TemplateParamsFields), TemplateParamsFields);
         rows.KeyAdd("", 0);
     }
     for (const BaseParameter& parameter : equipmentParameters)

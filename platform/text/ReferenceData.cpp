@@ -4,6 +4,7 @@
 #include "CVrkCliApp.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "MDRValues.h"
 #include "TEventNciParse.h"
 #include "TextMatch.h"
@@ -151,7 +152,7 @@ struct ReferenceData::Private {
         QHash<QString, QString> map;
         const CMDArray& rows = table(tableName);
         forEach(rows, [&](const MDRData* record) {
-            map.insert(text(rows, record, "KeyLink"), text(rows, record, "name_"));
+            map.insert(text(rows, record, Field::KeyLink), text(rows, record, Field::name_));
         });
         return map;
     }
@@ -162,13 +163,13 @@ struct ReferenceData::Private {
         const CMDArray& rows = table("Workers");
         forEach(rows, [&](const MDRData* record) {
             WorkerRow row;
-            row.key = text(rows, record, "KeyLink");
-            row.department = text(rows, record, "DepartmentKey");
-            row.lastName = text(rows, record, "lastName");
-            row.firstName = text(rows, record, "firstName");
-            row.patronymicName = text(rows, record, "patronymicName");
-            row.group = number(rows, record, "safetyGroup");
-            row.deleted = number(rows, record, "deleted_") != 0;
+            row.key = text(rows, record, Field::KeyLink);
+            row.department = text(rows, record, Field::DepartmentKey);
+            row.lastName = text(rows, record, Field::lastName);
+            row.firstName = text(rows, record, Field::firstName);
+            row.patronymicName = text(rows, record, Field::patronymicName);
+            row.group = number(rows, record, Field::safetyGroup);
+            row.deleted = number(rows, record, Field::deleted_) != 0;
             list.append(row);
         });
         return list;
@@ -183,8 +184,8 @@ struct ReferenceData::Private {
         while (grown) { // also ends with cycles, since each key is added once
             grown = false;
             forEach(rows, [&](const MDRData* record) {
-                const QString key = text(rows, record, "KeyLink");
-                const QString parent = text(rows, record, "ParentKey");
+                const QString key = text(rows, record, Field::KeyLink);
+                const QString parent = text(rows, record, Field::ParentKey);
                 if (!parent.isEmpty() && keys.contains(parent) && !keys.contains(key)) {
                     keys.insert(key);
                     grown = true;
@@ -209,8 +210,8 @@ QVector<ReferenceItem> ReferenceData::Private::organizations()
     const CMDArray& rows = table("Organizations");
     forEach(rows, [&](const MDRData* record) {
         ReferenceItem item;
-        item.key = text(rows, record, "KeyLink");
-        item.text = text(rows, record, "name_");
+        item.key = text(rows, record, Field::KeyLink);
+        item.text = text(rows, record, Field::name_);
         item.near = item.key == own;
         list.append(item);
     });
@@ -225,9 +226,9 @@ QVector<ReferenceItem> ReferenceData::Private::departments()
     const CMDArray& rows = table("Departments");
     forEach(rows, [&](const MDRData* record) {
         ReferenceItem item;
-        item.key = text(rows, record, "KeyLink");
-        item.text = text(rows, record, "name_");
-        item.detail = organizationNames.value(text(rows, record, "OrganizationKey"));
+        item.key = text(rows, record, Field::KeyLink);
+        item.text = text(rows, record, Field::name_);
+        item.detail = organizationNames.value(text(rows, record, Field::OrganizationKey));
         item.near = own.contains(item.key);
         list.append(item);
     });
@@ -243,15 +244,15 @@ QVector<ReferenceItem> ReferenceData::Private::workerItems(ParameterKind kind)
     QHash<QString, QString> organizationOf;
     const CMDArray& departmentRows = table("Departments");
     forEach(departmentRows, [&](const MDRData* record) {
-        organizationOf.insert(text(departmentRows, record, "KeyLink"),
-                              organizationNames.value(text(departmentRows, record, "OrganizationKey")));
+        organizationOf.insert(text(departmentRows, record, Field::KeyLink),
+                              organizationNames.value(text(departmentRows, record, Field::OrganizationKey)));
     });
     QHash<QString, QStringList> rolesOf;
     const CMDArray& roleRows = table("WorkerRoles");
     forEach(roleRows, [&](const MDRData* record) {
-        const QString role = roleNames.value(text(roleRows, record, "RoleKey"));
+        const QString role = roleNames.value(text(roleRows, record, Field::RoleKey));
         if (!role.isEmpty())
-            rolesOf[text(roleRows, record, "WorkerKey")] << role;
+            rolesOf[text(roleRows, record, Field::WorkerKey)] << role;
     });
 
     QVector<ReferenceItem> list;
@@ -302,10 +303,10 @@ QVector<ReferenceItem> ReferenceData::Private::equipment(ParameterKind kind)
     QHash<QString, int> byKey;
     const CMDArray& rows = table("Equipment");
     forEach(rows, [&](const MDRData* record) {
-        byKey.insert(text(rows, record, "KeyLink"), all.size());
-        all.append({text(rows, record, "KeyLink"), text(rows, record, "ParentKey"),
-                    text(rows, record, "DepartmentKey"), text(rows, record, "kind"),
-                    text(rows, record, "name_"), text(rows, record, "voltage")});
+        byKey.insert(text(rows, record, Field::KeyLink), all.size());
+        all.append({text(rows, record, Field::KeyLink), text(rows, record, Field::ParentKey),
+                    text(rows, record, Field::DepartmentKey), text(rows, record, Field::kind),
+                    text(rows, record, Field::name_), text(rows, record, Field::voltage)});
     });
 
     QVector<ReferenceItem> list;
@@ -339,7 +340,7 @@ QVector<ReferenceItem> ReferenceData::Private::voltages()
 {
     QStringList all;
     const CMDArray& rows = table("Equipment");
-    forEach(rows, [&](const MDRData* record) { all << text(rows, record, "voltage"); });
+    forEach(rows, [&](const MDRData* record) { all << text(rows, record, Field::voltage); });
     all.removeAll(QString());
     all.removeDuplicates();
     const auto kilovolts = [](const QString& voltage) {
@@ -428,8 +429,8 @@ QVector<ReferenceItem> ReferenceData::crew(ParameterKind kind)
             "' AND (LogbookWorkshifts.CloseWorkerKey IS NULL OR LogbookWorkshifts.CloseWorkerKey = '');");
     QSet<QString> keys;
     d->forEach(rows, [&](const MDRData* record) {
-        if (d->number(rows, record, "opening") != 0)
-            keys.insert(d->text(rows, record, "WorkerKey"));
+        if (d->number(rows, record, Field::opening) != 0)
+            keys.insert(d->text(rows, record, Field::WorkerKey));
     });
     d->dropFailed();
     for (const ReferenceItem& item : items(kind)) {

@@ -1,6 +1,7 @@
 #include "TemplateEditorPanel.h"
 
 #include "CModelTable.h"
+#include "Fields.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
 #include "ShownText.h"
@@ -164,12 +165,12 @@ TemplateEditorPanel::Row TemplateEditorPanel::read(const MDRData* record, bool p
         return m_codec->toUnicode(MDRValue::copy(value));
     };
     Row row;
-    row.key = parameter ? parameterKey(text("KeyLink")) : groupKey(text("KeyLink"));
-    row.name = text("nameLoc");
-    const QString category = text(parameter ? "CategoryKey" : "ParentKey");
+    row.key = parameter ? parameterKey(text(Field::KeyLink)) : groupKey(text(Field::KeyLink));
+    row.name = text(Field::nameLoc);
+    const QString category = text(parameter ? Field::CategoryKey : Field::ParentKey);
     row.category = category.isEmpty() ? QString() : groupKey(category);
     if (parameter) {
-        row.html = text("html");
+        row.html = text(Field::html);
         const HtmlParser parser(row.html.toStdString());
         const QString name = QString::fromStdString(parser.propertyNameValue(0));
         row.offered = parser.countParameters() > 0 && (m_filter.isEmpty() || m_filter.contains(name));

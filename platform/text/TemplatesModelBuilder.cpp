@@ -1,6 +1,7 @@
 #include "TemplatesModelBuilder.h"
 
 #include "CModelTable.h"
+#include "Fields.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
 #include "TextMatch.h"
@@ -25,7 +26,7 @@ bool hasText(const MDRData* record, const char* field)
 
 QString keyOf(const MDRData* record)
 {
-    return QString::fromUtf8(MDRValue::bytes(value(record, "KeyLink")));
+    return QString::fromUtf8(MDRValue::bytes(value(record, Field::KeyLink)));
 }
 
 QString text(const MDRData* record, const char* field, const QTextCodec* codec)
@@ -46,8 +47,8 @@ std::vector<MDRData*> recordsWith(CModelTable* table, const char* field, const Q
 QString levelCaption(CModelTable* table, const QString& recordKey, const QTextCodec* codec,
                      const QString& named, const QString& plain)
 {
-    const std::vector<MDRData*> found = recordsWith(table, "KeyLink", recordKey);
-    const QString name = found.empty() ? QString() : text(found.front(), "name_", codec);
+    const std::vector<MDRData*> found = recordsWith(table, Field::KeyLink, recordKey);
+    const QString name = found.empty() ? QString() : text(found.front(), Field::name_, codec);
     return name.isEmpty() ? plain : named.arg(name);
 }
 
@@ -63,7 +64,7 @@ std::vector<Named> byName(const std::vector<MDRData*>& records, const QTextCodec
     std::vector<Named> result;
     result.reserve(records.size());
     for (MDRData* record : records) {
-        const QString name = text(record, "nameLoc", codec);
+        const QString name = text(record, Field::nameLoc, codec);
         result.push_back({record, name, TextMatch::folded(name)});
     }
     std::stable_sort(result.begin(), result.end(),
@@ -82,11 +83,11 @@ TemplatesModel::Builder::Builder(const TemplatesSource& source) : m_source(sourc
     addLevel(QStringLiteral("#department"),
              levelCaption(source.departments, source.departmentKey, source.codec, tr("Подразделение: %1"),
                           tr("Шаблоны подразделения")),
-             recordsWith(source.categories, "DepartmentKey", source.departmentKey));
+             recordsWith(source.categories, Field::DepartmentKey, source.departmentKey));
     addLevel(QStringLiteral("#orgType"),
              levelCaption(source.orgTypes, source.orgTypeKey, source.codec, tr("Тип организации: %1"),
                           tr("Шаблоны типа организации")),
-             recordsWith(source.categories, "OrgTypeKey", source.orgTypeKey));
+             recordsWith(source.categories, Field::OrgTypeKey, source.orgTypeKey));
     addLevel(QStringLiteral("#common"), tr("Общие шаблоны"), commonCategories());
     // Last, because the department may use only the templates of the levels.
     addFavourites(recent, source.recent);
@@ -129,7 +130,7 @@ void TemplatesModel::Builder::addCategories(int parent, const Records& categorie
 void TemplatesModel::Builder::addTemplates(int parent, const QString& categoryKey)
 {
     for (const Named& record :
-         byName(recordsWith(m_source.templates, "CategoryKey", categoryKey), m_source.codec)) {
+         byName(recordsWith(m_source.templates, Field::CategoryKey, categoryKey), m_source.codec)) {
         if (!isWanted(record.record))
             continue;
         const QString key = keyOf(record.record);
@@ -155,8 +156,8 @@ TemplatesModel::Builder::Records TemplatesModel::Builder::commonCategories() con
     const CMDArray& categories = m_source.categories->data;
     for (int position = 0; position < categories.RecCount(); ++position) {
         MDRData* record = MDARec(categories.array, 0, position);
-        if (!hasText(record, "ParentKey") && !hasText(record, "OrgTypeKey") &&
-            !hasText(record, "DepartmentKey"))
+        if (!hasText(record, Field::ParentKey) && !hasText(record, Field::OrgTypeKey) &&
+            !hasText(record, Field::DepartmentKey))
             result.push_back(record);
     }
     return result;
@@ -164,11 +165,12 @@ TemplatesModel::Builder::Records TemplatesModel::Builder::commonCategories() con
 
 TemplatesModel::Builder::Records TemplatesModel::Builder::subcategories(const QString& parentKey) const
 {
-    Records result = recordsWith(m_source.categories, "ParentKey", parentKey);
+    Records result = recordsWith(m_source.categories, Field::ParentKey, parentKey);
     // A row with a key of its own level is a top category there, even if it has a parent.
     result.erase(std::remove_if(result.begin(), result.end(),
                                 [](const MDRData* record) {
-                                    return hasText(record, "OrgTypeKey") || hasText(record, "DepartmentKey");
+                                    return hasText(record, Field::OrgTypeKey) ||
+                                           hasText(record, Field::DepartmentKey);
                                 }),
                  result.end());
     return result;
@@ -178,7 +180,7 @@ bool TemplatesModel::Builder::isWanted(const MDRData* record) const
 {
     if (m_source.props.isEmpty())
         return true;
-    const HtmlParser parser(MDRValue::copy(value(record, "html")).toStdString());
+    const HtmlParser parser(MDRValue::copy(value(record, Field::html)).toStdString());
     return std::all_of(m_source.props.begin(), m_source.props.end(), [&](const QString& property) {
         return parser.isExistTemplateProperty(property.toStdString()) == m_source.propsPresent;
     });

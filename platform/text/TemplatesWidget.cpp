@@ -1,6 +1,7 @@
 #include "TemplatesWidget.h"
 
 #include "CModelTable.h"
+#include "Fields.h"
 #include "TemplateFavourites.h"
 #include "TemplatesModel.h"
 #include "ui_TemplatesWidget.h"
@@ -304,7 +305,7 @@ MDRData* TemplatesWidget::currentTemplate() const
     if (m_chosen.isEmpty() || !m_source->templates)
         return nullptr;
     const MDRRange found =
-        MDARecsWith(m_source->templates->data.array, "KeyLink", m_chosen.toUtf8().constData());
+        MDARecsWith(m_source->templates->data.array, Field::KeyLink, m_chosen.toUtf8().constData());
     return found.count > 0 ? *found.begin() : nullptr;
 }
 

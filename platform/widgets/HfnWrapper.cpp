@@ -1,5 +1,6 @@
 #include "HfnWrapper.h"
 
+#include "Fields.h"
 #include "MDRValues.h"
 
 #include <QStringList>
@@ -51,9 +52,9 @@ QString HfnWrapper::workerShortName(const QTextCodec* codec, CModelTable* worker
     const MDRData* worker = recordByKey(workers, workerKey);
     if (!worker)
         return QString();
-    QString name = text(codec, workers, worker, "lastName");
-    append(name, initial(codec, workers, worker, "firstName"));
-    append(name, initial(codec, workers, worker, "patronymicName"));
+    QString name = text(codec, workers, worker, Field::lastName);
+    append(name, initial(codec, workers, worker, Field::firstName));
+    append(name, initial(codec, workers, worker, Field::patronymicName));
     return name;
 }
 
@@ -62,9 +63,9 @@ QString HfnWrapper::workerFullName(const QTextCodec* codec, CModelTable* workers
     const MDRData* worker = recordByKey(workers, workerKey);
     if (!worker)
         return QString();
-    QString name = text(codec, workers, worker, "lastName");
-    append(name, text(codec, workers, worker, "firstName"));
-    append(name, text(codec, workers, worker, "patronymicName"));
+    QString name = text(codec, workers, worker, Field::lastName);
+    append(name, text(codec, workers, worker, Field::firstName));
+    append(name, text(codec, workers, worker, Field::patronymicName));
     return name;
 }
 
@@ -78,11 +79,11 @@ QString HfnWrapper::workerRoles(const QTextCodec* codec, CModelTable* roles, CMo
     for (int i = 0; i < workerRoles->data.RecCount(); ++i) {
         const MDRData* row = MDARec(workerRoles->data.array, 0, i);
         MDRVar value;
-        workerRoles->data.GetVal(row, "WorkerKey", value);
+        workerRoles->data.GetVal(row, Field::WorkerKey, value);
         if (MDRValue::bytes(value) != key)
             continue;
-        const MDRData* role = recordByKey(roles, text(nullptr, workerRoles, row, "RoleKey"));
-        const QString name = role ? text(codec, roles, role, "name_") : QString();
+        const MDRData* role = recordByKey(roles, text(nullptr, workerRoles, row, Field::RoleKey));
+        const QString name = role ? text(codec, roles, role, Field::name_) : QString();
         if (!name.isEmpty())
             names.append(name);
     }

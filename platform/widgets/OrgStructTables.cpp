@@ -3,6 +3,7 @@
 #include "CToolLiteModel.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "MDRValues.h"
 #include "TEventNciParse.h"
 
@@ -82,16 +83,16 @@ OrgStructTables::Row OrgStructTables::read(int type, const MDRData* record) cons
     if (!record)
         return row;
     row.type = type;
-    row.key = text(type, record, "KeyLink");
+    row.key = text(type, record, Field::KeyLink);
     if (type != OrgStruct::Person) {
-        row.name = text(type, record, "name_");
+        row.name = text(type, record, Field::name_);
         return row;
     }
-    const QStringList parts{text(type, record, "lastName"), text(type, record, "firstName"),
-                            text(type, record, "patronymicName")};
+    const QStringList parts{text(type, record, Field::lastName), text(type, record, Field::firstName),
+                            text(type, record, Field::patronymicName)};
     row.name = parts.join(QLatin1Char(' ')).simplified();
     MDRVar deleted;
-    table(type)->data.GetVal(record, "deleted_", deleted);
+    table(type)->data.GetVal(record, Field::deleted_, deleted);
     row.hidden = deleted.type == mdr_TBool && !deleted.isNull && deleted.value.number != 0;
     return row;
 }
@@ -116,14 +117,14 @@ OrgStructTables::Row OrgStructTables::directParent(int type, const QString& key)
     if (!child)
         return Row();
     if (type == OrgStruct::Person)
-        return row(OrgStruct::Department, text(type, child, "DepartmentKey"));
-    const Row above = type == OrgStruct::OrgType ? Row() : row(type, text(type, child, "ParentKey"));
+        return row(OrgStruct::Department, text(type, child, Field::DepartmentKey));
+    const Row above = type == OrgStruct::OrgType ? Row() : row(type, text(type, child, Field::ParentKey));
     if (above.type != OrgStruct::None)
         return above;
     if (type == OrgStruct::Department)
-        return row(OrgStruct::Organization, text(type, child, "OrganizationKey"));
+        return row(OrgStruct::Organization, text(type, child, Field::OrganizationKey));
     if (type == OrgStruct::Organization)
-        return row(OrgStruct::OrgType, text(type, child, "OrgTypeKey"));
+        return row(OrgStruct::OrgType, text(type, child, Field::OrgTypeKey));
     return Row();
 }
 
@@ -146,11 +147,11 @@ OrgStruct::Worker OrgStructTables::worker(const QString& key) const
     if (!found)
         return worker;
     worker.keyLink = key;
-    worker.lastName = text(OrgStruct::Person, found, "lastName");
-    worker.firstName = text(OrgStruct::Person, found, "firstName");
-    worker.patronymicName = text(OrgStruct::Person, found, "patronymicName");
+    worker.lastName = text(OrgStruct::Person, found, Field::lastName);
+    worker.firstName = text(OrgStruct::Person, found, Field::firstName);
+    worker.patronymicName = text(OrgStruct::Person, found, Field::patronymicName);
     MDRVar group;
-    table(OrgStruct::Person)->data.GetVal(found, "safetyGroup", group);
+    table(OrgStruct::Person)->data.GetVal(found, Field::safetyGroup, group);
     if ((group.type == mdr_TInt32 || group.type == mdr_TByte) && !group.isNull)
         worker.group = group.value.number;
     return worker;

@@ -3,6 +3,7 @@
 #include "CLiteModel.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "GenGuid32.h"
 #include "KeptDraft.h"
 #include "MDRValues.h"
@@ -227,9 +228,9 @@ QString RecordCreatorDialog::whoAndWhen(const TEventNciParse* event) const
     QDateTime time = session->HfnTimeToSesTime();
     if (const MDRData* row = MDARec(answer.array, 0, 0)) {
         MDRVar value;
-        answer.GetVal(row, "name_", value);
+        answer.GetVal(row, Field::name_, value);
         if (!MDRValue::hasText(value))
-            answer.GetVal(row, "login", value);
+            answer.GetVal(row, Field::login, value);
         if (MDRValue::hasText(value))
             name = session->codec()->toUnicode(MDRValue::bytes(value));
         answer.GetVal(row, "time", value);

@@ -4,6 +4,7 @@
 #include "CVrkCliApp.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "HfnWrapper.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
@@ -32,7 +33,7 @@ QString nameOf(CModelTable* table, const QString& key, const QTextCodec* codec)
     const MDRVar wanted = MDRValue::text(bytes);
     MDRVar name;
     if (const MDRData* record = MDARecSeekV(table->data.array, 0, &wanted, 0))
-        table->data.GetVal(record, "name_", name);
+        table->data.GetVal(record, Field::name_, name);
     return codec->toUnicode(MDRValue::bytes(name));
 }
 } // namespace

@@ -4,6 +4,7 @@
 #include "CToolLiteModel.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "GenGuid32.h"
 #include "HfnWrapper.h"
 #include "HtmlParser.h"
@@ -26,7 +27,7 @@ MDRData* recordWithKey(CModelTable* table, const QByteArray& key)
 {
     if (!table || key.isEmpty())
         return nullptr;
-    const MDRRange found = MDARecsWith(table->data.array, "KeyLink", key.constData());
+    const MDRRange found = MDARecsWith(table->data.array, Field::KeyLink, key.constData());
     return found.count > 0 ? *found.begin() : nullptr;
 }
 } // namespace
@@ -35,7 +36,7 @@ void RecordCreatorDialog::setCurrentRecord(MDRData* record)
 {
     MDRVar key;
     if (record)
-        MDRGetVal(MDRFldByName(MDARecArr(record), "KeyLink"), record, &key);
+        MDRGetVal(MDRFldByName(MDARecArr(record), Field::KeyLink), record, &key);
     m_requestedKey = MDRValue::copy(key);
     if (!isVisible())
         return;
@@ -210,7 +211,7 @@ void RecordCreatorDialog::chooseTemplate()
     m_restored = false;
     MDRVar value;
     if (chosen)
-        MDRGetVal(MDRFldByName(MDARecArr(chosen), "html"), chosen, &value);
+        MDRGetVal(MDRFldByName(MDARecArr(chosen), Field::html), chosen, &value);
     const QString html = m_module->session()->codec()->toUnicode(MDRValue::bytes(value));
     {
         QScopedValueRollback<bool> filling(m_filling, true);

@@ -2,6 +2,7 @@
 
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "KeptDraft.h"
 #include "MDRValues.h"
 #include "ui_RecordCreatorDialog.h"
@@ -53,12 +54,13 @@ bool RecordCreatorDialog::insert()
     const QByteArray worker = m_workerKey.toUtf8();
     CRowBatch rows(LogbookRecordFields, fieldCount(LogbookRecordFields));
     MDRData* row = rows.newRow(ROW_INSERT, m_key);
-    rows.SetValF(row, "ShiftKey", MDRValue::text(shift));
-    rows.SetValF(row, "WorkerKey", MDRValue::text(worker));
-    rows.SetValF(row, "recordTime", MDRValue::real(session->GetHfnTime()));
-    rows.SetValF(row, "status", MDRValue::number(StatusDraft));
+    rows.SetValF(row, Field::ShiftKey, MDRValue::text(shift));
+    rows.SetValF(row, Field::WorkerKey, MDRValue::text(worker));
+    rows.SetValF(row, Field::recordTime, MDRValue::real(session->GetHfnTime()));
+    rows.SetValF(row, Field::status, MDRValue::number(StatusDraft));
     for (const char* absent :
-         {"VisaWorkerKey", "OriginRecordKey", "SecondMarkWorkerKey", "secondMarkTime", "executionTime"})
+         fieldNames(Field::VisaWorkerKey, Field::OriginRecordKey, Field::SecondMarkWorkerKey,
+                    Field::secondMarkTime, Field::executionTime))
         rows.SetValF(row, absent, MDRValue::null());
     m_sent = draft();
     m_sent.writeAll(rows, row, session->codec());

@@ -1,5 +1,6 @@
 #include "RecordDraft.h"
 
+#include "Fields.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
 
@@ -22,17 +23,17 @@ void readFields(RecordDraft& draft, const MDRData* record, const QTextCodec* cod
         return read.isNull ? absent : read.value.number;
     };
     MDRVar read;
-    if (value("html", read))
+    if (value(Field::html, read))
         draft.html = codec->toUnicode(MDRValue::bytes(read));
-    if (value("eventTime", read))
+    if (value(Field::eventTime, read))
         draft.eventTime = time(read);
-    if (value("firstMarkTime", read))
+    if (value(Field::firstMarkTime, read))
         draft.firstMark = time(read);
-    if (value("ReceiverWorkerKey", read))
+    if (value(Field::ReceiverWorkerKey, read))
         draft.receiverKey = MDRValue::copy(read);
-    if (value("direction", read))
+    if (value(Field::direction, read))
         draft.direction = number(read, DirectionNone);
-    if (value("status", read))
+    if (value(Field::status, read))
         draft.status = number(read, StatusApproved);
 }
 
@@ -67,24 +68,24 @@ bool RecordDraft::writeChanges(CMDArray& rows, MDRData* row, const RecordDraft& 
             rows.SetValF(row, name, value);
         changed = changed || differs;
     };
-    set(receiverKey != before.receiverKey, "ReceiverWorkerKey",
+    set(receiverKey != before.receiverKey, Field::ReceiverWorkerKey,
         receiverKey.isEmpty() ? MDRValue::null() : MDRValue::text(receiverKey));
-    set(eventTime != before.eventTime, "eventTime", MDRValue::real(eventTime));
-    set(firstMark != before.firstMark, "firstMarkTime", timeOrNull(firstMark));
-    set(html != before.html, "html", MDRValue::text(text, mdr_TMemo));
-    set(direction != before.direction, "direction", MDRValue::number(direction));
+    set(eventTime != before.eventTime, Field::eventTime, MDRValue::real(eventTime));
+    set(firstMark != before.firstMark, Field::firstMarkTime, timeOrNull(firstMark));
+    set(html != before.html, Field::html, MDRValue::text(text, mdr_TMemo));
+    set(direction != before.direction, Field::direction, MDRValue::number(direction));
     return changed;
 }
 
 void RecordDraft::writeAll(CMDArray& rows, MDRData* row, const QTextCodec* codec) const
 {
     const QByteArray text = codec->fromUnicode(html);
-    rows.SetValF(row, "ReceiverWorkerKey",
+    rows.SetValF(row, Field::ReceiverWorkerKey,
                  receiverKey.isEmpty() ? MDRValue::null() : MDRValue::text(receiverKey));
-    rows.SetValF(row, "eventTime", MDRValue::real(eventTime));
-    rows.SetValF(row, "firstMarkTime", timeOrNull(firstMark));
-    rows.SetValF(row, "html", MDRValue::text(text, mdr_TMemo));
-    rows.SetValF(row, "direction", MDRValue::number(direction));
+    rows.SetValF(row, Field::eventTime, MDRValue::real(eventTime));
+    rows.SetValF(row, Field::firstMarkTime, timeOrNull(firstMark));
+    rows.SetValF(row, Field::html, MDRValue::text(text, mdr_TMemo));
+    rows.SetValF(row, Field::direction, MDRValue::number(direction));
 }
 
 QStringList RecordDraft::differences(const RecordDraft& other) const

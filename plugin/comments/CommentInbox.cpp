@@ -3,6 +3,7 @@
 #include "CModelTable.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "HfnWrapper.h"
 #include "LocationInfo.h"
 #include "LogbookTables.h"
@@ -19,13 +20,10 @@ namespace
 {
 constexpr int retryMs = 1000; ///< until what failed is asked again
 
-/// Positions in the table of comments.
-enum CommentField { KeyField, WorkerField, RecordField, TimeField, TextField, ReadedField };
-
-MDRVar eventValue(const TEventNciParse& event, CommentField field)
+MDRVar eventValue(const TEventNciParse& event, const char* field)
 {
     MDRVar value;
-    MDRGetVal(MDRFldByNum(&event.recordType, field), &event.recordData, &value);
+    MDRGetVal(MDRFldByName(&event.recordType, field), &event.recordData, &value);
     return value;
 }
 
@@ -53,23 +51,23 @@ void CommentInbox::upload()
     m_unread.clear();
     m_isOwn.clear();
     CMDArray records;
-    records = request(
-        LogText::fill(QLatin1String(LogbookSql::UnreadRecords),
-                      {QLatin1String(LogbookTable::Records), QStringLiteral("KeyLink"),
-                       QLatin1String(LogbookTable::Comments), QStringLiteral("RecordKey"),
-                       QStringLiteral("WorkerKey"), m_location->workerKey(), QStringLiteral("readedTime")}));
+    records = request(LogText::fill(QLatin1String(LogbookSql::UnreadRecords),
+                                    {QLatin1String(LogbookTable::Records), QLatin1String(Field::KeyLink),
+                                     QLatin1String(LogbookTable::Comments), QLatin1String(Field::RecordKey),
+                                     QLatin1String(Field::WorkerKey), m_location->workerKey(),
+                                     QLatin1String(Field::readedTime)}));
     m_isUploaded = records.array != nullptr;
     const QString keys = TableLoad::quotedKeys(records);
     if (!keys.isEmpty()) {
         CMDArray comments;
         comments = request(
             LogText::fill(QLatin1String(LogbookSql::ByRecords),
-                          {QLatin1String(LogbookTable::Comments), QStringLiteral("RecordKey"), keys}));
+                          {QLatin1String(LogbookTable::Comments), QLatin1String(Field::RecordKey), keys}));
         m_isUploaded = comments.array != nullptr;
         for (int row = 0; row < comments.RecCount(); ++row) {
             const MDRData* comment = MDARec(comments.array, 0, row);
-            if (!isRead(recordValue(comment, "readedTime")))
-                m_unread.insert(MDRValue::copy(recordValue(comment, "KeyLink")));
+            if (!isRead(recordValue(comment, Field::readedTime)))
+                m_unread.insert(MDRValue::copy(recordValue(comment, Field::KeyLink)));
         }
     }
     if (!m_isUploaded)
@@ -82,10 +80,10 @@ void CommentInbox::take(const TEventNciParse& event)
     if (event.tableName.compare(QLatin1String(LogbookTable::Comments), Qt::CaseInsensitive) != 0)
         return;
     const QByteArray key(event.recordKey);
-    const Arrival arrival{key, MDRValue::copy(eventValue(event, RecordField)),
+    const Arrival arrival{key, MDRValue::copy(eventValue(event, Field::RecordKey)),
                           announcement(event, tr("Комментарий к вашей записи. %1: %2")),
                           announcement(event, tr("Ответ на ваш комментарий. %1: %2")),
-                          event.eventNumber != EventDeleted && !isRead(eventValue(event, ReadedField))};
+                          event.eventNumber != EventDeleted && !isRead(eventValue(event, Field::readedTime))};
     if (arrival.isUnread) {
         if (!m_unread.contains(key))
             judge(arrival);
@@ -125,13 +123,13 @@ void CommentInbox::askAgain()
 
 QString CommentInbox::announcement(const TEventNciParse& event, const QString& text) const
 {
-    const QByteArray worker = MDRValue::copy(eventValue(event, WorkerField));
+    const QByteArray worker = MDRValue::copy(eventValue(event, Field::WorkerKey));
     if (event.eventNumber != EventInserted || worker == m_location->workerKey().toUtf8())
         return QString();
     const QTextCodec* codec = m_module->session()->codec();
     const QString author = HfnWrapper::workerShortName(
         codec, m_location->table(QLatin1String(LogbookTable::Workers)), QString::fromUtf8(worker));
-    return text.arg(author, codec->toUnicode(MDRValue::bytes(eventValue(event, TextField))));
+    return text.arg(author, codec->toUnicode(MDRValue::bytes(eventValue(event, Field::text_))));
 }
 
 bool CommentInbox::tellAnswer(const Arrival& arrival)
@@ -140,14 +138,14 @@ bool CommentInbox::tellAnswer(const Arrival& arrival)
         return true;
     CMDArray comments;
     comments = request(LogText::fill(QLatin1String(LogbookSql::RecordByField),
-                                     {QLatin1String(LogbookTable::Comments), QStringLiteral("RecordKey"),
+                                     {QLatin1String(LogbookTable::Comments), QLatin1String(Field::RecordKey),
                                       QString::fromUtf8(arrival.recordKey)}));
     if (!comments.array)
         return false;
     const QByteArray worker = m_location->workerKey().toUtf8();
     for (int row = 0; row < comments.RecCount(); ++row) {
         const MDRData* comment = MDARec(comments.array, 0, row);
-        if (MDRValue::bytes(recordValue(comment, "WorkerKey")) == worker) {
+        if (MDRValue::bytes(recordValue(comment, Field::WorkerKey)) == worker) {
             emit arrived(arrival.answer);
             break;
         }
@@ -163,12 +161,12 @@ CommentInbox::Answer CommentInbox::isOwnRecord(const QByteArray& recordKey)
     CMDArray answer;
     answer = request(LogText::fill(
         QLatin1String(LogbookSql::RecordByField),
-        {QLatin1String(LogbookTable::Records), QStringLiteral("KeyLink"), QString::fromUtf8(recordKey)}));
+        {QLatin1String(LogbookTable::Records), QLatin1String(Field::KeyLink), QString::fromUtf8(recordKey)}));
     if (!answer.array)
         return Answer::Unknown;
     if (answer.RecCount() == 0)
         return Answer::No; // asked again with the next comment
-    const MDRVar worker = recordValue(MDARec(answer.array, 0, 0), "WorkerKey");
+    const MDRVar worker = recordValue(MDARec(answer.array, 0, 0), Field::WorkerKey);
     const bool isOwn =
         MDRValue::hasText(worker) && MDRValue::bytes(worker) == m_location->workerKey().toUtf8();
     m_isOwn.insert(recordKey, isOwn);

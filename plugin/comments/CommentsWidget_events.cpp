@@ -43,7 +43,7 @@ bool CommentsWidget::insertRecord(TEventNciParse* event)
 {
     CRowBatch rows(LogbookRecordFields, fieldCount(LogbookRecordFields));
     const MDRData* row = changeRecord(&rows, MDARecNew(rows.array), event);
-    const MDRVar worker = recordValue(row, "WorkerKey");
+    const MDRVar worker = recordValue(row, Field::WorkerKey);
     if (!MDRValue::hasText(worker) || MDRValue::bytes(worker) != m_location->workerKey().toUtf8())
         return false;
     m_tableTool->model()->beginAppendRows(1);
@@ -57,7 +57,7 @@ bool CommentsWidget::insertRecord(TEventNciParse* event)
 bool CommentsWidget::insertComment(TEventNciParse* event)
 {
     MDRVar value;
-    MDRGetVal(MDRFldByName(&event->recordType, "RecordKey"), &event->recordData, &value);
+    MDRGetVal(MDRFldByName(&event->recordType, Field::RecordKey), &event->recordData, &value);
     const QByteArray key = MDRValue::copy(value);
     MDRData* record = recordByKeyLink(&m_records, key.constData());
     if (!record)
@@ -130,7 +130,7 @@ bool CommentsWidget::deleteRow(CModelTable& table, TEventNciParse* event)
 
 MDRData* CommentsWidget::recordOf(const MDRData* attachment) const
 {
-    const MDRVar key = recordValue(attachment, "RecordKey");
+    const MDRVar key = recordValue(attachment, Field::RecordKey);
     return MDRValue::hasText(key) ? recordByKeyLink(&m_records, key.value.text.data) : nullptr;
 }
 

@@ -2,6 +2,7 @@
 
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "LocationInfo.h"
 #include "LogbookTables.h"
 #include "LogText.h"
@@ -12,11 +13,11 @@
 /// A failed request goes unnoticed here: the tab stays empty, and the session has told the user.
 void CommentsWidget::uploadRecords()
 {
-    const QString sql =
-        LogText::fill(QLatin1String(LogbookSql::UnreadRecords),
-                      {QLatin1String(LogbookTable::Records), QStringLiteral("KeyLink"),
-                       QLatin1String(LogbookTable::Comments), QStringLiteral("RecordKey"),
-                       QStringLiteral("WorkerKey"), m_location->workerKey(), QStringLiteral("readedTime")});
+    const QString sql = LogText::fill(QLatin1String(LogbookSql::UnreadRecords),
+                                      {QLatin1String(LogbookTable::Records), QLatin1String(Field::KeyLink),
+                                       QLatin1String(LogbookTable::Comments), QLatin1String(Field::RecordKey),
+                                       QLatin1String(Field::WorkerKey), m_location->workerKey(),
+                                       QLatin1String(Field::readedTime)});
     CModelTable answer(LogbookTable::Records);
     answer.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
     TableLoad::repack(answer.data, m_records.data);
@@ -29,14 +30,14 @@ void CommentsWidget::uploadByRecords(CModelTable& target)
         return;
     const QString sql =
         LogText::fill(QLatin1String(LogbookSql::ByRecords),
-                      {QString::fromStdString(target.name), QStringLiteral("RecordKey"), keys});
+                      {QString::fromStdString(target.name), QLatin1String(Field::RecordKey), keys});
     target.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
 }
 
 void CommentsWidget::uploadAttachments(CModelTable& target, const char* recordKey)
 {
     const QString sql = LogText::fill(QLatin1String(LogbookSql::ByRecords),
-                                      {QString::fromStdString(target.name), QStringLiteral("RecordKey"),
+                                      {QString::fromStdString(target.name), QLatin1String(Field::RecordKey),
                                        QLatin1Char('\'') + QString::fromUtf8(recordKey) + QLatin1Char('\'')});
     CMDArray answer;
     answer = m_module->session()->SqlRequest(sql.toUtf8().constData());
@@ -47,7 +48,7 @@ MDRData* CommentsWidget::uploadRecord(const char* key)
 {
     const QString sql = LogText::fill(
         QLatin1String(LogbookSql::RecordByField),
-        {QLatin1String(LogbookTable::Records), QStringLiteral("KeyLink"), QString::fromUtf8(key)});
+        {QLatin1String(LogbookTable::Records), QLatin1String(Field::KeyLink), QString::fromUtf8(key)});
     CModelTable answer(LogbookTable::Records);
     answer.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
     if (answer.data.RecCount() == 0) {

@@ -1,5 +1,6 @@
 #include "ConverterTables.h"
 
+#include "Fields.h"
 #include "MDRValues.h"
 #include "RecordValue.h"
 
@@ -17,7 +18,7 @@ int percentFound(const CMDArray& old, const CMDArray& present)
     int found = 0;
     const int rows = old.RecCount();
     for (int i = 0; i < rows; ++i) {
-        const MDRVar name = recordValue(MDARec(old.array, 0, i), "name_");
+        const MDRVar name = recordValue(MDARec(old.array, 0, i), Field::name_);
         if (!MDRValue::hasText(name) || MDARecSeekV(present.array, 1, &name, 0))
             ++found;
     }
@@ -31,13 +32,13 @@ void ConverterTables::setKeys()
          {&oldCategories, &oldTemplates, &oldParams, &categories, &templates, &paramCategories, &params}) {
         CMDArray& rows = *table;
         rows.lastError = MDAUnpackForWrite(rows.array);
-        rows.KeyAdd("KeyLink", 0);
+        rows.KeyAdd(Field::KeyLink, 0);
         while (MDAKeyCount(rows.array) > 1)
             rows.lastError = MDAKeyDel(rows.array, 0);
     }
-    categories.data.KeyAdd("nameLoc", 0);
-    templates.data.KeyAdd("nameLoc", 0);
-    oldParams.data.KeyAdd("nameLat", 0);
+    categories.data.KeyAdd(Field::nameLoc, 0);
+    templates.data.KeyAdd(Field::nameLoc, 0);
+    oldParams.data.KeyAdd(Field::nameLat, 0);
 }
 
 QString ConverterTables::text(const MDRData* record, const char* field) const

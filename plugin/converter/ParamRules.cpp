@@ -1,5 +1,6 @@
 #include "ParamRules.h"
 
+#include "Fields.h"
 #include "HtmlParser.h"
 #include "LogText.h"
 #include "MDRValues.h"
@@ -60,12 +61,12 @@ void ParamRules::processParameters()
 
 void ParamRules::convert(const MDRData* old)
 {
-    const QString param = m_tables->text(old, "param");
-    const QString name = m_tables->text(old, "nameLat");
+    const QString param = m_tables->text(old, Field::param);
+    const QString name = m_tables->text(old, Field::nameLat);
     const bool isDate = ParamText::contains(param, "DateTimeFormat");
     const bool isEnum = !isDate && ParamText::contains(param, "Enum");
     const bool isReference =
-        !isDate && !isEnum && (!param.isEmpty() || MDRValue::hasText(recordValue(old, "TableKey")));
+        !isDate && !isEnum && (!param.isEmpty() || MDRValue::hasText(recordValue(old, Field::TableKey)));
     if (isReference) {
         note(old, ConversionReport::Reference);
     } else if (isDate && layoutOf(param).isEmpty()) {
@@ -73,7 +74,7 @@ void ParamRules::convert(const MDRData* old)
     } else if (name.isEmpty()) {
         const QString text =
             LogText::fill(ConversionReport::tr("Параметр без латинского имени пропущен: '%1'"),
-                          {m_tables->text(old, "nameLoc")});
+                          {m_tables->text(old, Field::nameLoc)});
         m_report->add(ConversionReport::Warning, text);
         note(old, ConversionReport::Unnamed);
     } else if (!isPossibleKey(name)) {
@@ -103,7 +104,7 @@ void ParamRules::convertText(const MDRData* old)
 
 void ParamRules::convertEnum(const MDRData* old)
 {
-    const std::vector<std::string> values = ParamText::enumValues(m_tables->text(old, "param"));
+    const std::vector<std::string> values = ParamText::enumValues(m_tables->text(old, Field::param));
     QStringList losses;
     for (std::size_t i = 0; i < values.size(); ++i)
         if (values[i].empty())
@@ -114,14 +115,14 @@ void ParamRules::convertEnum(const MDRData* old)
 
 void ParamRules::convertDateTime(const MDRData* old)
 {
-    const QString param = m_tables->text(old, "param");
+    const QString param = m_tables->text(old, Field::param);
     const QString layout = layoutOf(param);
     if (!layout.isEmpty()) {
         make(old, {{"name", "datetime"}, {"format", layout.toStdString()}},
              titleOf(old, ConversionReport::tr("Дата и время")), ConversionReport::DateTime);
         return;
     }
-    const QString name = m_tables->text(old, "nameLat");
+    const QString name = m_tables->text(old, Field::nameLat);
     const QStringList pieces = param.split(QLatin1Char('='));
     const auto tell = [this](const QString& format, const QString& value) {
         m_report->add(ConversionReport::Error, LogText::fill(format, {value}));
@@ -143,9 +144,9 @@ void ParamRules::createParamCategory()
     CMDArray& table = m_tables->paramCategories;
     MDRData* record = MDARecNew(table.array);
     MDRSetFlags(record, ROW_INSERT);
-    setText(table, record, "KeyLink", key);
-    setText(table, record, "ParentKey", QByteArray());
-    setText(table, record, "nameLoc", m_tables->codec->fromUnicode(ConversionReport::tr("Параметры")));
+    setText(table, record, Field::KeyLink, key);
+    setText(table, record, Field::ParentKey, QByteArray());
+    setText(table, record, Field::nameLoc, m_tables->codec->fromUnicode(ConversionReport::tr("Параметры")));
     table.RecPost(record);
 }
 
@@ -162,10 +163,10 @@ void ParamRules::createParameter(const QString& key, const QString& title, const
         MDRSetFlags(record, isNew ? ROW_INSERT : ROW_UPDATE);
     }
     const QTextCodec* codec = m_tables->codec;
-    setText(table, record, "KeyLink", codec->fromUnicode(key));
-    setText(table, record, "CategoryKey", convertedCategoryKey);
-    setText(table, record, "nameLoc", codec->fromUnicode(title));
-    setText(table, record, "html", codec->fromUnicode(QString::fromStdString(html)));
+    setText(table, record, Field::KeyLink, codec->fromUnicode(key));
+    setText(table, record, Field::CategoryKey, convertedCategoryKey);
+    setText(table, record, Field::nameLoc, codec->fromUnicode(title));
+    setText(table, record, Field::html, codec->fromUnicode(QString::fromStdString(html)));
     table.RecPost(record);
     m_byBaseName.clear();
 }
@@ -176,7 +177,7 @@ QString ParamRules::toHtmlParameter(QString name, bool strikeOut)
     const MDRData* record = m_tables->seek(m_tables->params, 0, name);
     if (!record)
         record = findBaseParam(name);
-    QString html = m_tables->text(record, "html");
+    QString html = m_tables->text(record, Field::html);
     if (!strikeOut)
         return html;
     const int opening = html.indexOf(QLatin1Char('>'));
@@ -204,7 +205,7 @@ void ParamRules::indexBaseNames()
     const CMDArray& rows = m_tables->params;
     for (int i = 0; i < rows.RecCount(); ++i) {
         MDRData* record = MDARec(rows.array, 0, i);
-        const HtmlParser parser(m_tables->text(record, "html").toStdString());
+        const HtmlParser parser(m_tables->text(record, Field::html).toStdString());
         const QString name = QString::fromStdString(parser.propertyNameValue(0)).toLower();
         if (!m_byBaseName.contains(name)) // the first in the order of the keys stands for all
             m_byBaseName.insert(name, record);
@@ -213,23 +214,24 @@ void ParamRules::indexBaseNames()
 
 QString ParamRules::baseName(const MDRData* old) const
 {
-    if (!isNull(recordValue(old, "param"))) {
-        const QString param = m_tables->text(old, "param");
+    if (!isNull(recordValue(old, Field::param))) {
+        const QString param = m_tables->text(old, Field::param);
         if (ParamText::contains(param, "Equipment"))
             return ParamText::equipmentParameter(param);
         if (ParamText::contains(param, "Organization"))
             return ParamText::organizationParameter(param);
         return {};
     }
-    const QString name = m_tables->text(old, "nameLat");
+    const QString name = m_tables->text(old, Field::nameLat);
     if (name == QLatin1String("shift_interval"))
         return QStringLiteral("interval");
     if (name == QLatin1String("shift_workers"))
         return QStringLiteral("shift_workers");
     if (name == QLatin1String("shift_workers2"))
         return QStringLiteral("shift_workers_groups");
-    const bool isVoltage = ParamText::contains(m_tables->text(old, "FieldTypeKey"), "FieldsTypeGUID_REF") &&
-                           ParamText::contains(m_tables->text(old, "TableKey"), "Tbl_BaseVoltage");
+    const bool isVoltage =
+        ParamText::contains(m_tables->text(old, Field::FieldTypeKey), "FieldsTypeGUID_REF") &&
+        ParamText::contains(m_tables->text(old, Field::TableKey), "Tbl_BaseVoltage");
     return isVoltage ? QStringLiteral("basevoltage") : QString();
 }
 
@@ -242,7 +244,7 @@ bool ParamRules::isExistParameterDelphi(QString name) const
 void ParamRules::make(const MDRData* old, Properties properties, const QString& title,
                       ConversionReport::Result result, const QStringList& losses)
 {
-    const QString name = m_tables->text(old, "nameLat");
+    const QString name = m_tables->text(old, Field::nameLat);
     properties.emplace_back("locname", title.toStdString());
     properties.emplace_back("param_key", name.toStdString());
     createParameter(name, title, HtmlParser::createParameter(properties, title.toStdString()));
@@ -251,11 +253,11 @@ void ParamRules::make(const MDRData* old, Properties properties, const QString& 
 
 QString ParamRules::titleOf(const MDRData* old, const QString& otherwise) const
 {
-    const QString title = m_tables->text(old, "nameLoc");
+    const QString title = m_tables->text(old, Field::nameLoc);
     return title.isEmpty() ? otherwise : title;
 }
 
 void ParamRules::note(const MDRData* old, ConversionReport::Result result, const QStringList& losses)
 {
-    m_report->params.append({m_tables->text(old, "nameLat"), result, losses});
+    m_report->params.append({m_tables->text(old, Field::nameLat), result, losses});
 }

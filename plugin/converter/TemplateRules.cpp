@@ -1,5 +1,6 @@
 #include "TemplateRules.h"
 
+#include "Fields.h"
 #include "GenGuid32.h"
 #include "HtmlParser.h"
 #include "LogText.h"
@@ -34,8 +35,8 @@ TemplateRules::TemplateRules(ConverterTables* tables, ParamRules* params, Conver
     : m_tables(tables),
       m_params(params),
       m_report(report),
-      m_children(grouped(tables->oldCategories, "ParentKey")),
-      m_templates(grouped(tables->oldTemplates, "CategoryKey"))
+      m_children(grouped(tables->oldCategories, Field::ParentKey)),
+      m_templates(grouped(tables->oldTemplates, Field::CategoryKey))
 {
 }
 
@@ -56,7 +57,8 @@ void TemplateRules::processPublicTempaltes()
     const CMDArray& old = m_tables->oldCategories;
     for (int i = 0; i < old.RecCount(); ++i) {
         const MDRData* row = MDARec(old.array, 0, i);
-        if (isNull(row, "ParentKey") && isNull(row, "OrgTypeKey") && isNull(row, "DepartmentKey"))
+        if (isNull(row, Field::ParentKey) && isNull(row, Field::OrgTypeKey) &&
+            isNull(row, Field::DepartmentKey))
             takeCategory(row, {}, {}, {});
     }
 }
@@ -66,8 +68,8 @@ void TemplateRules::processOrgTypesTempaltes()
     const CMDArray& old = m_tables->oldCategories;
     for (int i = 0; i < old.RecCount(); ++i) {
         const MDRData* row = MDARec(old.array, 0, i);
-        const QByteArray type = key(row, "OrgTypeKey");
-        if (isNull(row, "ParentKey") && isNull(row, "DepartmentKey") && !type.isEmpty())
+        const QByteArray type = key(row, Field::OrgTypeKey);
+        if (isNull(row, Field::ParentKey) && isNull(row, Field::DepartmentKey) && !type.isEmpty())
             takeCategory(row, {}, type, {});
     }
 }
@@ -77,16 +79,16 @@ void TemplateRules::processDepartmentsTempaltes()
     const CMDArray& old = m_tables->oldCategories;
     for (int i = 0; i < old.RecCount(); ++i) {
         const MDRData* row = MDARec(old.array, 0, i);
-        const QByteArray department = key(row, "DepartmentKey");
-        if (isNull(row, "ParentKey") && !department.isEmpty())
+        const QByteArray department = key(row, Field::DepartmentKey);
+        if (isNull(row, Field::ParentKey) && !department.isEmpty())
             takeCategory(row, {}, {}, department);
     }
 }
 
 void TemplateRules::processChildCats(const MDRData* oldCategory, const MDRData* newCategory)
 {
-    const QByteArray parent = key(newCategory, "KeyLink");
-    for (const MDRData* child : m_children.value(key(oldCategory, "KeyLink")))
+    const QByteArray parent = key(newCategory, Field::KeyLink);
+    for (const MDRData* child : m_children.value(key(oldCategory, Field::KeyLink)))
         takeCategory(child, parent, {}, {});
 }
 
@@ -96,11 +98,11 @@ void TemplateRules::takeCategory(const MDRData* old, const QByteArray& parent, c
     CMDArray& table = m_tables->categories;
     MDRData* record = MDARecNew(table.array);
     MDRSetFlags(record, ROW_INSERT);
-    setKey(table, record, "KeyLink", GenGuid32());
-    setKey(table, record, "ParentKey", parent);
-    setKey(table, record, "OrgTypeKey", orgType);
-    setKey(table, record, "DepartmentKey", department);
-    setKey(table, record, "nameLoc", key(old, "name_"));
+    setKey(table, record, Field::KeyLink, GenGuid32());
+    setKey(table, record, Field::ParentKey, parent);
+    setKey(table, record, Field::OrgTypeKey, orgType);
+    setKey(table, record, Field::DepartmentKey, department);
+    setKey(table, record, Field::nameLoc, key(old, Field::name_));
     record = table.RecPost(record);
     processTemplates(old, record);
     processChildCats(old, record);
@@ -108,9 +110,9 @@ void TemplateRules::takeCategory(const MDRData* old, const QByteArray& parent, c
 
 void TemplateRules::processTemplates(const MDRData* oldCategory, const MDRData* newCategory)
 {
-    const QByteArray category = key(newCategory, "KeyLink");
-    for (const MDRData* row : m_templates.value(key(oldCategory, "KeyLink"))) {
-        if (MDRValue::hasText(recordValue(row, "text_")))
+    const QByteArray category = key(newCategory, Field::KeyLink);
+    for (const MDRData* row : m_templates.value(key(oldCategory, Field::KeyLink))) {
+        if (MDRValue::hasText(recordValue(row, Field::text_)))
             convert(row, category);
     }
 }
@@ -118,9 +120,9 @@ void TemplateRules::processTemplates(const MDRData* oldCategory, const MDRData* 
 void TemplateRules::convert(const MDRData* old, const QByteArray& category)
 {
     m_seen.insert(old);
-    const QString name = m_tables->text(old, "name_");
+    const QString name = m_tables->text(old, Field::name_);
     QStringList losses;
-    QString text = m_tables->text(old, "text_");
+    QString text = m_tables->text(old, Field::text_);
     if (text.contains(QLatin1Char('+')))
         losses << ConversionReport::tr("удалены знаки \"+\"");
     text.remove(QLatin1Char('+'));
@@ -129,25 +131,25 @@ void TemplateRules::convert(const MDRData* old, const QByteArray& category)
         return;
     }
     HtmlParser parser(TemplateMarks::normalized(text).toStdString());
-    constexpr std::pair<const char*, const char*> flags[] = {{"canStartShift", "open_wshift"},
-                                                             {"canEndShift", "close_wshift"},
-                                                             {"isNecessaryFinishTime", "time_exec"}};
+    constexpr std::pair<const char*, const char*> flags[] = {{Field::canStartShift, "open_wshift"},
+                                                             {Field::canEndShift, "close_wshift"},
+                                                             {Field::isNecessaryFinishTime, "time_exec"}};
     for (const auto& [field, property] : flags)
         if (isSet(recordValue(old, field)))
             parser.setTemplateProperty(property, true);
-    setMarker(&parser, old, "icon", "first_mark", ConversionReport::tr("Не найдена иконка 1-го маркера: %1"),
-              &losses);
-    setMarker(&parser, old, "completingIcon", "second_mark",
+    setMarker(&parser, old, Field::icon, "first_mark",
+              ConversionReport::tr("Не найдена иконка 1-го маркера: %1"), &losses);
+    setMarker(&parser, old, Field::completingIcon, "second_mark",
               ConversionReport::tr("Не найдена иконка 2-го маркера: %1"), &losses);
     setCommand(&parser, old, &losses);
 
     CMDArray& table = m_tables->templates;
     MDRData* record = MDARecNew(table.array);
     MDRSetFlags(record, ROW_INSERT);
-    setKey(table, record, "KeyLink", GenGuid32());
-    setKey(table, record, "CategoryKey", category);
-    setKey(table, record, "nameLoc", key(old, "name_"));
-    setKey(table, record, "html",
+    setKey(table, record, Field::KeyLink, GenGuid32());
+    setKey(table, record, Field::CategoryKey, category);
+    setKey(table, record, Field::nameLoc, key(old, Field::name_));
+    setKey(table, record, Field::html,
            m_tables->codec->fromUnicode(QString::fromStdString(parser.readyHtml(true))));
     table.RecPost(record);
     m_report->templates.append({name, ConversionReport::Template, losses});
@@ -198,7 +200,7 @@ void TemplateRules::setMarker(HtmlParser* parser, const MDRData* old, const char
 
 void TemplateRules::setCommand(HtmlParser* parser, const MDRData* old, QStringList* losses)
 {
-    const QString before = m_tables->text(old, "completingCommand");
+    const QString before = m_tables->text(old, Field::completingCommand);
     if (before.isEmpty())
         return;
     QString command = before;
@@ -214,7 +216,7 @@ void TemplateRules::setCommand(HtmlParser* parser, const MDRData* old, QStringLi
                                            "Команда содержала недопустимые символы, которые были удалены.\n"
                                            "Команда (до изменения): %2.\n"
                                            "Команда (после изменении): %3."),
-                      {m_tables->text(old, "name_"), before, command}));
+                      {m_tables->text(old, Field::name_), before, command}));
     *losses << LogText::fill(ConversionReport::tr("команда второго маркера изменена: %1"), {before});
 }
 
@@ -233,6 +235,6 @@ void TemplateRules::noteLeftOut()
     for (int i = 0; i < old.RecCount(); ++i) {
         const MDRData* row = MDARec(old.array, 0, i);
         if (!m_seen.contains(row))
-            m_report->templates.append({m_tables->text(row, "name_"), ConversionReport::LeftOut, {}});
+            m_report->templates.append({m_tables->text(row, Field::name_), ConversionReport::LeftOut, {}});
     }
 }

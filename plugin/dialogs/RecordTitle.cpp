@@ -1,6 +1,7 @@
 #include "RecordTitle.h"
 
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "HfnWrapper.h"
 #include "RecordValue.h"
 #include "ShownText.h"
@@ -29,15 +30,15 @@ void RecordTitle::showRecord(const MDRData* record, CVrkCliSes* session, CModelT
     if (!record)
         return;
     const QTextCodec* codec = session->codec();
-    const MDRVar time = recordValue(record, "recordTime");
+    const MDRVar time = recordValue(record, Field::recordTime);
     QStringList words;
     if (MDRValue::hasTime(time))
         words << session->HfnTimeToSesTime(time.value.real).toString(QStringLiteral("dd.MM.yyyy hh:mm"));
     const QString author = HfnWrapper::workerShortName(
-        codec, workers, QString::fromUtf8(MDRValue::bytes(recordValue(record, "WorkerKey"))));
+        codec, workers, QString::fromUtf8(MDRValue::bytes(recordValue(record, Field::WorkerKey))));
     if (!author.isEmpty())
         words << author;
-    const QString html = codec->toUnicode(MDRValue::bytes(recordValue(record, "html")));
+    const QString html = codec->toUnicode(MDRValue::bytes(recordValue(record, Field::html)));
     m_lines = QStringList{tr("Запись: %1").arg(words.join(QStringLiteral(", "))),
                           TemplateText::plain(html).left(longestText).simplified()};
     setToolTip(ShownText::tip(m_lines.join(QLatin1Char('\n'))));

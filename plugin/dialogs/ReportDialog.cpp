@@ -101,15 +101,15 @@ void ReportDialog::createTableColumns()
     };
     const Column columns[] = {
         // in the order of their positions
-        {"status", status, tr("Статус")},
-        {"recordTime", time, twoLines(tr("Время"), tr("записи"))},
-        {"eventTime", time, twoLines(tr("Время"), tr("события"))},
-        {"WorkerKey", worker, tr("Автор")},
-        {"direction", direction, QString()},
-        {"ReceiverWorkerKey", worker, twoLines(tr("Кто"), tr("Кому"))},
-        {"VisaWorkerKey", worker, tr("Виза")},
-        {"executionTime", time, twoLines(tr("Время"), tr("выполнения"))},
-        {"html", text, tr("Текст")},
+        {Field::status, status, tr("Статус")},
+        {Field::recordTime, time, twoLines(tr("Время"), tr("записи"))},
+        {Field::eventTime, time, twoLines(tr("Время"), tr("события"))},
+        {Field::WorkerKey, worker, tr("Автор")},
+        {Field::direction, direction, QString()},
+        {Field::ReceiverWorkerKey, worker, twoLines(tr("Кто"), tr("Кому"))},
+        {Field::VisaWorkerKey, worker, tr("Виза")},
+        {Field::executionTime, time, twoLines(tr("Время"), tr("выполнения"))},
+        {Field::html, text, tr("Текст")},
     };
     VrkTableModel* model = m_tableTool->model();
     model->setTextCodec(session->codec());
@@ -121,13 +121,14 @@ void ReportDialog::createTableColumns()
         model->setHeaderData(field, Qt::Horizontal, column.text, Qt::DisplayRole);
         m_tableTool->setColumnPosition(field, position++);
     }
-    model->setHeaderData(QStringLiteral("direction"), Qt::Horizontal,
+    model->setHeaderData(QLatin1String(Field::direction), Qt::Horizontal,
                          QIcon(QStringLiteral(":/icons/direction.png")), Qt::DecorationRole);
-    for (const char* field : {"KeyLink", "ShiftKey", "firstMarkTime", "secondMarkTime", "SecondMarkWorkerKey",
-                              "OriginRecordKey", "file", "comment", "object"})
+    for (const char* field : fieldNames(Field::KeyLink, Field::ShiftKey, Field::firstMarkTime,
+                                        Field::secondMarkTime, Field::SecondMarkWorkerKey,
+                                        Field::OriginRecordKey, Field::file, Field::comment, Field::object))
         m_tableTool->setColumnVisible(QLatin1String(field), false);
     model->endResetModel();
-    m_tableTool->sortByColumn(QStringLiteral("recordTime"), Qt::AscendingOrder);
+    m_tableTool->sortByColumn(QLatin1String(Field::recordTime), Qt::AscendingOrder);
     m_tableTool->adjustColumnsWidth();
 }
 
@@ -154,7 +155,7 @@ void ReportDialog::updateApprove()
 {
     const bool isOnlyApproved = m_approveButton->isChecked();
     m_filter->setEnabled(isOnlyApproved);
-    m_tableTool->setColumnVisible(QStringLiteral("status"), !isOnlyApproved);
+    m_tableTool->setColumnVisible(QLatin1String(Field::status), !isOnlyApproved);
 }
 
 void ReportDialog::showPreview()

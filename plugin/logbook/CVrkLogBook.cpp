@@ -4,6 +4,7 @@
 #include "CommentInbox.h"
 #include "CToolLiteModel.h"
 #include "CVrkCliApp.h"
+#include "Fields.h"
 #include "LocationInfo.h"
 #include "LogBookWidget.h"
 #include "OrgStructDialog.h"
@@ -175,7 +176,7 @@ void CVrkLogBook::uploadHfnTables()
 void CVrkLogBook::prepareHfnTables()
 {
     for (CModelTable* table : {m_departments, m_organizations, m_workers}) {
-        table->data.KeyAdd("KeyLink", 0);
+        table->data.KeyAdd(Field::KeyLink, 0);
         while (MDAKeyCount(table->data.array) > 1)
             table->data.lastError = MDAKeyDel(table->data.array, 0);
     }

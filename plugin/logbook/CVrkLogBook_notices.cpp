@@ -4,6 +4,7 @@
 #include "CVrkCliApp.h"
 #include "CVrkCliSes.h"
 #include "CVrkLogBook.h"
+#include "Fields.h"
 #include "LeftTexts.h"
 #include "LocationInfo.h"
 #include "LogBookWidget.h"
@@ -34,7 +35,7 @@ bool CVrkLogBook::showRecord(const QByteArray& recordKey)
         showError(tr("Запись не найдена: её могли удалить."));
         return false;
     }
-    const QByteArray departmentKey = MDRValue::copy(recordValue(row, "DepartmentKey"));
+    const QByteArray departmentKey = MDRValue::copy(recordValue(row, Field::DepartmentKey));
     LogBookWidget* logbook = home();
     if (departmentKey == logbook->location()->departmentKey().toUtf8()) {
         m_form->logbooks->setCurrentWidget(logbook);
@@ -42,12 +43,12 @@ bool CVrkLogBook::showRecord(const QByteArray& recordKey)
         const MDRVar key = MDRValue::text(departmentKey);
         const MDRData* department = MDARecSeekV(m_departments->data.array, 0, &key, 0);
         const MDRVar organization =
-            department ? recordValue(department, "OrganizationKey") : MDRValue::null();
+            department ? recordValue(department, Field::OrganizationKey) : MDRValue::null();
         appendLogbook(QString::fromUtf8(MDRValue::copy(organization)), QString::fromUtf8(departmentKey));
         logbook = currentLogBook();
     }
     const bool isShown =
-        logbook->showRecord(QString::fromUtf8(MDRValue::copy(recordValue(row, "KeyLink"))), recordKey);
+        logbook->showRecord(QString::fromUtf8(MDRValue::copy(recordValue(row, Field::KeyLink))), recordKey);
     if (!isShown)
         showError(tr("Запись не найдена: её могли удалить."));
     return isShown;

@@ -47,14 +47,15 @@ void CommentsPane::reload(const MDRData* record)
         button->setEnabled(false);
     if (!record)
         return;
-    const MDRVar key = recordValue(record, "KeyLink");
+    const MDRVar key = recordValue(record, Field::KeyLink);
     if (!MDRValue::hasText(key)) {
         LogText::warn(signature("void %1::reloadComments(MDRData*)"),
                       QStringLiteral("can not reload comments - KeyLink is empty!"));
         return;
     }
 
-    for (const MDRData* comment : MDARecsWith(source().table->data.array, "RecordKey", key.value.text.data))
+    for (const MDRData* comment :
+         MDARecsWith(source().table->data.array, Field::RecordKey, key.value.text.data))
         list(comment);
     const QString asked = askedKey();
     int position = 0;
@@ -74,15 +75,15 @@ void CommentsPane::list(const MDRData* comment)
     };
     const QTextCodec* codec = source().module->session()->codec();
     CModelTable* workers = source().location->table(QLatin1String(LogbookTable::Workers));
-    const QString author = QString::fromUtf8(MDRValue::copy(recordValue(comment, "WorkerKey")));
-    const MDRVar readed = recordValue(comment, "readedTime");
+    const QString author = QString::fromUtf8(MDRValue::copy(recordValue(comment, Field::WorkerKey)));
+    const MDRVar readed = recordValue(comment, Field::readedTime);
     const bool isRead = MDRValue::hasTime(readed) && readed.value.real > 0.0;
 
-    auto* item = new QListWidgetItem(codec->toUnicode(MDRValue::bytes(recordValue(comment, "text_"))));
+    auto* item = new QListWidgetItem(codec->toUnicode(MDRValue::bytes(recordValue(comment, Field::text_))));
     item->setToolTip(isRead ? tr("Прочитано %1").arg(timeText(readed)) : QString());
-    item->setData(CommentKeyRole, QString::fromUtf8(MDRValue::copy(recordValue(comment, "KeyLink"))));
+    item->setData(CommentKeyRole, QString::fromUtf8(MDRValue::copy(recordValue(comment, Field::KeyLink))));
     item->setData(CommentAuthorRole, HfnWrapper::workerShortName(codec, workers, author));
-    item->setData(CommentTimeRole, timeText(recordValue(comment, "commentTime")));
+    item->setData(CommentTimeRole, timeText(recordValue(comment, Field::commentTime)));
     if (isMine(comment))
         item->setData(CommentIsMineRole, true);
     item->setData(CommentIsReadRole, isRead);
@@ -97,7 +98,7 @@ QString CommentsPane::keyOf(const QListWidgetItem* item) const
 bool CommentsPane::isUnread(const QListWidgetItem* item) const
 {
     const MDRData* comment = row(keyOf(item));
-    return comment && !MDRValue::hasTime(recordValue(comment, "readedTime"));
+    return comment && !MDRValue::hasTime(recordValue(comment, Field::readedTime));
 }
 
 void CommentsPane::updateButtons()

@@ -40,7 +40,7 @@ void CommentsPane::nameRecord(const MDRData* record)
 QString CommentsPane::currentRecordKey() const
 {
     const MDRData* record = source().currentRecord();
-    return record ? QString::fromUtf8(MDRValue::copy(recordValue(record, "KeyLink"))) : QString();
+    return record ? QString::fromUtf8(MDRValue::copy(recordValue(record, Field::KeyLink))) : QString();
 }
 
 void CommentsPane::showKept(const KeptTexts::Text& text)
@@ -58,7 +58,8 @@ QString CommentsPane::replacementWarning(const QString& commentKey) const
     const MDRData* old = row(commentKey);
     if (!old)
         return tr("Текст не будет записан: комментария, который вы меняли последним, здесь уже нет.");
-    QString text = source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(old, "text_")));
+    QString text =
+        source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(old, Field::text_)));
     text = text.simplified();
     if (text.size() > shown)
         text = text.left(shown) + QStringLiteral("…");
@@ -75,7 +76,7 @@ void CommentsPane::changeCommentRequest()
     m_editor->setCommentKey(key);
     m_editor->setRecordKey(currentRecordKey());
     m_editor->setText(
-        source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(comment, "text_"))));
+        source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(comment, Field::text_))));
     m_editor->warn(QString());
     showEditor();
 }
@@ -100,16 +101,16 @@ void CommentsPane::upsertComment(const QString& commentKey, const QString& text)
             return;
         }
         written = batch.newRow(ROW_UPDATE, commentKey.toUtf8());
-        const MDRVar record = recordValue(old, "RecordKey");
-        MDRSetVal(MDRFldByName(batch.array, "RecordKey"), written, &record);
+        const MDRVar record = recordValue(old, Field::RecordKey);
+        MDRSetVal(MDRFldByName(batch.array, Field::RecordKey), written, &record);
     } else {
         written = newComment(batch, now);
         if (!written)
             return;
     }
-    batch.SetValF(written, "WorkerKey", MDRValue::text(worker));
-    batch.SetValF(written, "commentTime", MDRValue::real(now));
-    batch.SetValF(written, "text_", MDRValue::text(bytes, mdr_TMemo));
+    batch.SetValF(written, Field::WorkerKey, MDRValue::text(worker));
+    batch.SetValF(written, Field::commentTime, MDRValue::real(now));
+    batch.SetValF(written, Field::text_, MDRValue::text(bytes, mdr_TMemo));
     written = batch.RecPost(written);
     if (send(batch)) {
         m_editor->forget(text);
@@ -122,8 +123,8 @@ void CommentsPane::upsertComment(const QString& commentKey, const QString& text)
         function,
         LogText::fill(QStringLiteral("error create new comment in %1! Func SqlUpdate returned FALSE! Data: "
                                      "KeyLink(%2),WorkerKey(%3),RecordKey(%4),commentTime(%5),text_(%6)"),
-                      {QLatin1String(LogbookTable::Comments), keyText("KeyLink"),
-                       source().location->workerKey(), keyText("RecordKey"),
+                      {QLatin1String(LogbookTable::Comments), keyText(Field::KeyLink),
+                       source().location->workerKey(), keyText(Field::RecordKey),
                        QStringLiteral("%1").arg(now, 0, 'g'), text}));
     source().messages->error(tr("Ошибка"), isEdit ? tr("Не удалось изменить комментарий")
                                                   : tr("Не удалось добавить новый комментарий"));
@@ -139,19 +140,19 @@ MDRData* CommentsPane::newComment(CRowBatch& batch, double now) const
     const MDRData* record = source().currentRecord();
     if (!record)
         return failed("not selected!");
-    const MDRVar recordKey = recordValue(record, "KeyLink");
+    const MDRVar recordKey = recordValue(record, Field::KeyLink);
     if (!MDRValue::hasText(recordKey))
         return failed("does not contains KeyLink!");
-    const MDRVar author = recordValue(record, "WorkerKey");
+    const MDRVar author = recordValue(record, Field::WorkerKey);
     if (!MDRValue::hasText(author))
         return failed("does not contains WorkerKey!");
 
     const QByteArray key = GenGuid32();
     MDRData* row = batch.newRow(ROW_INSERT, key);
-    batch.SetValF(row, "KeyLink", MDRValue::text(key));
-    batch.SetValF(row, "RecordKey", recordKey);
+    batch.SetValF(row, Field::KeyLink, MDRValue::text(key));
+    batch.SetValF(row, Field::RecordKey, recordKey);
     // One's own records need no reading.
-    batch.SetValF(row, "readedTime", isMine(record) ? MDRValue::real(now) : MDRValue::null());
+    batch.SetValF(row, Field::readedTime, isMine(record) ? MDRValue::real(now) : MDRValue::null());
     return row;
 }
 
@@ -186,7 +187,7 @@ void CommentsPane::setCommentReaded(const QString& key, CRowBatch& batch)
         return;
     }
     MDRData* reading = batch.newRow(ROW_UPDATE, key.toUtf8());
-    batch.SetValF(reading, "readedTime", MDRValue::real(source().module->session()->GetHfnTime()));
+    batch.SetValF(reading, Field::readedTime, MDRValue::real(source().module->session()->GetHfnTime()));
     batch.RecPost(reading);
 }
 
@@ -195,7 +196,7 @@ void CommentsPane::setCommentReaded(const QListWidgetItem* item, CRowBatch& batc
 {
     const QString key = keyOf(item);
     const MDRData* comment = row(key);
-    if (!comment || !m_habits.isReaded(recordValue(comment, "readedTime")))
+    if (!comment || !m_habits.isReaded(recordValue(comment, Field::readedTime)))
         setCommentReaded(key, batch);
 }
 

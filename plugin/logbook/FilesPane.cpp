@@ -3,6 +3,7 @@
 #include "CModelTable.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "LogText.h"
 #include "RecordValue.h"
 
@@ -38,14 +39,14 @@ void FilesPane::reload(const MDRData* record)
         button->setEnabled(false);
     if (!record)
         return;
-    const MDRVar key = recordValue(record, "KeyLink");
+    const MDRVar key = recordValue(record, Field::KeyLink);
     if (!MDRValue::hasText(key)) {
         LogText::warn(signature("void %1::reloadFiles(MDRData*)"),
                       QStringLiteral("can not reload files - KeyLink is empty!"));
         return;
     }
 
-    const MDRRange files = MDARecsWith(source().table->data.array, "RecordKey", key.value.text.data);
+    const MDRRange files = MDARecsWith(source().table->data.array, Field::RecordKey, key.value.text.data);
     table->setColumnCount(1);
     table->setHorizontalHeaderLabels({tr("Наименование")});
     table->setRowCount(static_cast<int>(files.count));
@@ -60,7 +61,7 @@ void FilesPane::reload(const MDRData* record)
     int asked = -1;
     for (const MDRData* file : files) {
         const QString name = nameOf(file);
-        const QString fileKey = QString::fromUtf8(MDRValue::copy(recordValue(file, "KeyLink")));
+        const QString fileKey = QString::fromUtf8(MDRValue::copy(recordValue(file, Field::KeyLink)));
         auto* item = new QTableWidgetItem(name);
         item->setData(Qt::UserRole, fileKey);
         item->setData(Qt::DecorationRole, iconOf(name));
@@ -108,7 +109,8 @@ MDRData* FilesPane::currentFile() const
 
 QString FilesPane::nameOf(const MDRData* file) const
 {
-    return source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(file, "fileName")));
+    return source().module->session()->codec()->toUnicode(
+        MDRValue::bytes(recordValue(file, Field::fileName)));
 }
 
 void FilesPane::updateButtons()

@@ -3,6 +3,7 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "Desktop.h"
+#include "Fields.h"
 #include "FileNames.h"
 #include "FilesPane.h"
 #include "GenGuid32.h"
@@ -36,7 +37,7 @@ QString desktopFolder()
 bool fetch(const MDRData* file, QByteArray* content)
 {
     MDRVar value;
-    const int code = MDRGetVal(MDRFldByName(MDARecArr(file), "fileData"), file, &value);
+    const int code = MDRGetVal(MDRFldByName(MDARecArr(file), Field::fileData), file, &value);
     *content = MDRValue::bytes(value);
     return code == mdr_Ok;
 }
@@ -55,7 +56,7 @@ bool write(const QString& path, const QByteArray& content)
 void FilesPane::createFileRequest()
 {
     // The key alone: while the user looks for a file, the record may go.
-    const QByteArray recordKey = MDRValue::copy(recordValue(source().currentRecord(), "KeyLink"));
+    const QByteArray recordKey = MDRValue::copy(recordValue(source().currentRecord(), Field::KeyLink));
     if (recordKey.isEmpty())
         return;
     const QString path = Desktop::current().askOpenFile(m_page, tr("Выбор файла"), desktopFolder());
@@ -94,11 +95,11 @@ void FilesPane::attach(const QByteArray& recordKey, const QString& path, const Q
 
     CRowBatch batch(source().table->data);
     MDRData* row = batch.newRow(ROW_INSERT, key);
-    batch.SetValF(row, "KeyLink", MDRValue::text(key));
-    batch.SetValF(row, "WorkerKey", MDRValue::text(worker));
-    batch.SetValF(row, "RecordKey", MDRValue::text(recordKey));
-    batch.SetValF(row, "fileName", MDRValue::text(nameBytes));
-    batch.SetValF(row, "fileData", MDRValue::text(content, mdr_TBlob));
+    batch.SetValF(row, Field::KeyLink, MDRValue::text(key));
+    batch.SetValF(row, Field::WorkerKey, MDRValue::text(worker));
+    batch.SetValF(row, Field::RecordKey, MDRValue::text(recordKey));
+    batch.SetValF(row, Field::fileName, MDRValue::text(nameBytes));
+    batch.SetValF(row, Field::fileData, MDRValue::text(content, mdr_TBlob));
     batch.RecPost(row);
     if (!send(batch)) {
         LogText::warn(

@@ -29,7 +29,7 @@ QVariant IconCell::data(const AbstractHfnCellData& cell) const
 }
 
 StatusCell::StatusCell(QObject* parent)
-    : IconCell("status",
+    : IconCell(Field::status,
                {{StatusApproved, ":/icons/apply.png"},
                 {StatusDraft, ":/icons/draft.png"},
                 {StatusDeleted, ":/icons/deleted.png"}},
@@ -37,12 +37,12 @@ StatusCell::StatusCell(QObject* parent)
 {
 }
 
-CommentCell::CommentCell(QObject* parent) : IconCell("comment", {{1, ":/icons/comment.png"}}, parent) {}
+CommentCell::CommentCell(QObject* parent) : IconCell(Field::comment, {{1, ":/icons/comment.png"}}, parent) {}
 
-FileCell::FileCell(QObject* parent) : IconCell("file", {{1, ":/icons/affix.png"}}, parent) {}
+FileCell::FileCell(QObject* parent) : IconCell(Field::file, {{1, ":/icons/affix.png"}}, parent) {}
 
 DirectionCell::DirectionCell(QObject* parent)
-    : IconCell("direction",
+    : IconCell(Field::direction,
                {{DirectionLeft, ":/icons/arrow_left.png"}, {DirectionRight, ":/icons/arrow_right.png"}},
                parent)
 {
@@ -61,7 +61,7 @@ QVariant SignCell::data(const AbstractHfnCellData& cell) const
         return QVariant();
     if (cell.role != Qt::DecorationRole && cell.role != Qt::ToolTipRole)
         return AbstractHfnCellConversion::data(cell);
-    const MDRVar visa = recordValue(cell.record, "VisaWorkerKey");
+    const MDRVar visa = recordValue(cell.record, Field::VisaWorkerKey);
     if (!MDRValue::hasText(visa))
         return QVariant();
     if (cell.role == Qt::DecorationRole)

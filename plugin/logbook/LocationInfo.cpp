@@ -2,6 +2,7 @@
 
 #include "CModelTable.h"
 #include "CStringParams.h"
+#include "Fields.h"
 #include "MDRValues.h"
 
 #include <QDebug>
@@ -73,13 +74,13 @@ QString LocationInfo::workerKey(const QString& userKey, const QString& departmen
     MDRVar value;
     for (int i = 0; i < rows.RecCount(); ++i) {
         const MDRData* row = MDARec(rows.array, 0, i);
-        rows.GetVal(row, "deleted_", value);
+        rows.GetVal(row, Field::deleted_, value);
         if (value.type != mdr_TNone && !value.isNull && value.value.number != 0)
             continue;
-        rows.GetVal(row, "DepartmentKey", value);
+        rows.GetVal(row, Field::DepartmentKey, value);
         if (MDRValue::bytes(value) != department)
             continue;
-        rows.GetVal(row, "UserKey", value);
+        rows.GetVal(row, Field::UserKey, value);
         if (MDRValue::bytes(value) != user)
             continue;
         rows.GetVal(row, "keyLink", value);
@@ -100,7 +101,7 @@ QString LocationInfo::orgTypeKey(const QString& organizationKey) const
     const MDRData* row = MDARecSeekV(rows.array, 0, &value, 0);
     if (!row)
         return QString();
-    rows.GetVal(row, "OrgTypeKey", value);
+    rows.GetVal(row, Field::OrgTypeKey, value);
     return QString::fromUtf8(MDRValue::copy(value));
 }
 

@@ -5,6 +5,7 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "EmptyHint.h"
+#include "Fields.h"
 #include "FilesPane.h"
 #include "MDRValues.h"
 #include "MessageListDelegate.h"
@@ -161,7 +162,7 @@ MDRData* LogBookTab::recordByKeyLink(const CModelTable* table, const char* key) 
 {
     if (!table || !key || *key == '\0' || table->data.RecCount() == 0)
         return nullptr;
-    const MDRRange found = MDARecsWith(table->data.array, "KeyLink", key);
+    const MDRRange found = MDARecsWith(table->data.array, Field::KeyLink, key);
     return found.count > 0 ? found.data[0] : nullptr;
 }
 

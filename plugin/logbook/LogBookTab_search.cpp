@@ -1,3 +1,4 @@
+#include "Fields.h"
 #include "LogBookTab.h"
 #include "ui_LogBookTab.h"
 #include "VrkTableModel.h"
@@ -22,7 +23,7 @@ QModelIndexList LogBookTab::matcheIndexes(const QString& text) const
     const auto* proxy = m_tableTool->proxy();
     // The search starts at the second row and comes to the first one last, by the wrap; that is meant.
     const int start = proxy->rowCount() > 1 ? 1 : 0;
-    const QModelIndex from = proxy->index(start, m_tableTool->model()->idxField(QStringLiteral("html")));
+    const QModelIndex from = proxy->index(start, m_tableTool->model()->idxField(QLatin1String(Field::html)));
     return proxy->match(from, Qt::DisplayRole, text, -1,
                         Qt::MatchWrap | Qt::MatchFixedString | Qt::MatchContains);
 }

@@ -16,7 +16,7 @@ namespace
 {
 HtmlParser parserOf(const MDRData* record)
 {
-    return templateOf(recordValue(record, "html"));
+    return templateOf(recordValue(record, Field::html));
 }
 
 bool hasFilledProperty(const MDRData* record, const char* name)
@@ -34,7 +34,7 @@ QString nameOf(const CModelTable* table, const QString& keyLink, QTextCodec* cod
     const QByteArray key = keyLink.toUtf8();
     MDRVar value = MDRValue::text(key);
     const MDRData* row = MDARecSeekV(table->data.array, 0, &value, 0);
-    return row ? codec->toUnicode(MDRValue::bytes(recordValue(row, "name_"))) : QString();
+    return row ? codec->toUnicode(MDRValue::bytes(recordValue(row, Field::name_))) : QString();
 }
 } // namespace
 
@@ -50,8 +50,9 @@ QString LogBookWidget::title() const
 
 QString LogBookWidget::workshiftKeyLink() const
 {
-    return m_currentWorkshift ? QString::fromUtf8(MDRValue::copy(recordValue(m_currentWorkshift, "KeyLink")))
-                              : QString();
+    return m_currentWorkshift
+               ? QString::fromUtf8(MDRValue::copy(recordValue(m_currentWorkshift, Field::KeyLink)))
+               : QString();
 }
 
 QDateTime LogBookWidget::displayedPeriodStart() const
@@ -59,7 +60,7 @@ QDateTime LogBookWidget::displayedPeriodStart() const
     if (m_mode == ArchiveInterval)
         return m_intervalStart;
     return m_currentWorkshift ? m_module->session()->HfnTimeToSesTime(
-                                    recordValue(m_currentWorkshift, "startTime").value.real)
+                                    recordValue(m_currentWorkshift, Field::startTime).value.real)
                               : QDateTime();
 }
 
@@ -67,19 +68,19 @@ QDateTime LogBookWidget::displayedPeriodEnd() const
 {
     if (m_mode == ArchiveInterval)
         return m_intervalEnd;
-    return m_currentWorkshift
-               ? m_module->session()->HfnTimeToSesTime(recordValue(m_currentWorkshift, "endTime").value.real)
-               : QDateTime();
+    return m_currentWorkshift ? m_module->session()->HfnTimeToSesTime(
+                                    recordValue(m_currentWorkshift, Field::endTime).value.real)
+                              : QDateTime();
 }
 
 bool LogBookWidget::isOpenWorkshift() const
 {
-    return m_currentWorkshift && !MDRValue::hasText(recordValue(m_currentWorkshift, "CloseWorkerKey"));
+    return m_currentWorkshift && !MDRValue::hasText(recordValue(m_currentWorkshift, Field::CloseWorkerKey));
 }
 
 bool LogBookWidget::isCloseWorkshift() const
 {
-    return !m_currentWorkshift || MDRValue::hasText(recordValue(m_currentWorkshift, "CloseWorkerKey"));
+    return !m_currentWorkshift || MDRValue::hasText(recordValue(m_currentWorkshift, Field::CloseWorkerKey));
 }
 
 bool LogBookWidget::isWorkerInWorkshift() const
@@ -87,13 +88,15 @@ bool LogBookWidget::isWorkerInWorkshift() const
     if (!m_currentWorkshift)
         return false;
     const QByteArray worker = m_location->workerKey().toUtf8();
-    if (MDRValue::bytes(recordValue(m_currentWorkshift, "OpenWorkerKey")) == worker)
+    if (MDRValue::bytes(recordValue(m_currentWorkshift, Field::OpenWorkerKey)) == worker)
         return true;
-    const MDRVar workshift = recordValue(m_currentWorkshift, "KeyLink");
+    const MDRVar workshift = recordValue(m_currentWorkshift, Field::KeyLink);
     if (!MDRValue::hasText(workshift))
         return false;
-    for (const MDRData* row : MDARecsWith(m_crew.data.array, "WorkshiftKey", workshift.value.text.data)) {
-        if (isSet(recordValue(row, "opening")) && MDRValue::bytes(recordValue(row, "WorkerKey")) == worker)
+    for (const MDRData* row :
+         MDARecsWith(m_crew.data.array, Field::WorkshiftKey, workshift.value.text.data)) {
+        if (isSet(recordValue(row, Field::opening)) &&
+            MDRValue::bytes(recordValue(row, Field::WorkerKey)) == worker)
             return true;
     }
     return false;
@@ -160,7 +163,7 @@ bool LogBookWidget::isExistMyDrafts() const
 bool LogBookWidget::isRecordCopyable() const
 {
     const MDRData* record = currentRecord();
-    if (!record || !hasStatus(record, StatusApproved) || !MDRValue::hasText(recordValue(record, "html")))
+    if (!record || !hasStatus(record, StatusApproved) || !MDRValue::hasText(recordValue(record, Field::html)))
         return false;
     const HtmlParser parser = parserOf(record);
     return !parser.isExistTemplateProperty("open_wshift") && !parser.isExistTemplateProperty("close_wshift");
@@ -177,19 +180,19 @@ bool LogBookWidget::isRecordPastable() const
 bool LogBookWidget::isRecordHasOrigin() const
 {
     const MDRData* record = currentRecord();
-    return record && MDRValue::hasText(recordValue(record, "OriginRecordKey"));
+    return record && MDRValue::hasText(recordValue(record, Field::OriginRecordKey));
 }
 
 bool LogBookWidget::isFirstMarkSetted() const
 {
     const MDRData* record = currentRecord();
-    return record && MDRValue::hasTime(recordValue(record, "firstMarkTime"));
+    return record && MDRValue::hasTime(recordValue(record, Field::firstMarkTime));
 }
 
 bool LogBookWidget::isSecondMarkSetted() const
 {
     const MDRData* record = currentRecord();
-    return record && MDRValue::hasTime(recordValue(record, "secondMarkTime"));
+    return record && MDRValue::hasTime(recordValue(record, Field::secondMarkTime));
 }
 
 bool LogBookWidget::isFirstMarkSettable() const

@@ -17,14 +17,14 @@ namespace
 {
 QByteArray keyOf(const MDRData* record)
 {
-    return MDRValue::copy(recordValue(record, "KeyLink"));
+    return MDRValue::copy(recordValue(record, Field::KeyLink));
 }
 
 /// Adds a row that sets the status of a record.
 void addStatus(CRowBatch& batch, const MDRData* record, RecordStatus status)
 {
     MDRData* row = batch.newRow(ROW_UPDATE, keyOf(record));
-    batch.SetValF(row, "status", MDRValue::number(status));
+    batch.SetValF(row, Field::status, MDRValue::number(status));
     batch.RecPost(row);
 }
 
@@ -187,8 +187,8 @@ void LogBookWidget::approveRecordRequest()
     const MDRData* record = currentRecord();
     if (!record)
         return;
-    if (templateOf(recordValue(record, "html")).isExistTemplateProperty("time_exec") &&
-        !MDRValue::hasTime(recordValue(record, "executionTime"))) {
+    if (templateOf(recordValue(record, Field::html)).isExistTemplateProperty("time_exec") &&
+        !MDRValue::hasTime(recordValue(record, Field::executionTime))) {
         showMsgBox(tr("Утверждение записи"),
                    LogText::centered(tr("Не внесено время выполнения! После утверждения редактирование "
                                         "записи запрещено! Продолжить?")),
@@ -245,7 +245,7 @@ void LogBookWidget::addVisa(CRowBatch& batch, const MDRData* record) const
 {
     const QByteArray worker = m_location->workerKey().toUtf8();
     MDRData* row = batch.newRow(ROW_UPDATE, keyOf(record));
-    batch.SetValF(row, "VisaWorkerKey", MDRValue::text(worker));
+    batch.SetValF(row, Field::VisaWorkerKey, MDRValue::text(worker));
     batch.RecPost(row);
 }
 
@@ -282,7 +282,7 @@ void LogBookWidget::signAllRecordsRequest()
 
 void LogBookWidget::goToOriginRecord()
 {
-    const MDRVar key = recordValue(currentRecord(), "OriginRecordKey");
+    const MDRVar key = recordValue(currentRecord(), Field::OriginRecordKey);
     if (!MDRValue::hasText(key))
         return;
     if (MDRData* origin = recordByKeyLink(&m_records, key.value.text.data))

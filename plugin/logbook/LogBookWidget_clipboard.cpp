@@ -38,7 +38,7 @@ void LogBookWidget::copyRecordRequest()
         return;
     auto* mimeData = new QMimeData;
     mimeData->setData(QLatin1String(recordFormat), QByteArray(LogbookTable::Records) + ';' +
-                                                       MDRValue::bytes(recordValue(record, "KeyLink")));
+                                                       MDRValue::bytes(recordValue(record, Field::KeyLink)));
     QGuiApplication::clipboard()->setMimeData(mimeData);
 }
 
@@ -74,11 +74,11 @@ void LogBookWidget::pasteRecord(const MDRData* source)
     CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
     MDRData* row = batch.newRow(ROW_INSERT, key);
     copyMarked(batch, row, source);
-    batch.SetValF(row, "KeyLink", MDRValue::text(key));
-    batch.SetValF(row, "ShiftKey", MDRValue::text(workshiftKey));
-    batch.SetValF(row, "WorkerKey", MDRValue::text(workerKey));
-    batch.SetValF(row, "VisaWorkerKey", MDRValue::null());
-    batch.SetValF(row, "status", MDRValue::number(StatusDraft));
+    batch.SetValF(row, Field::KeyLink, MDRValue::text(key));
+    batch.SetValF(row, Field::ShiftKey, MDRValue::text(workshiftKey));
+    batch.SetValF(row, Field::WorkerKey, MDRValue::text(workerKey));
+    batch.SetValF(row, Field::VisaWorkerKey, MDRValue::null());
+    batch.SetValF(row, Field::status, MDRValue::number(StatusDraft));
     batch.RecPost(row);
     send(batch); // a failed paste is silent here; the status line tells of it
 }

@@ -1,6 +1,7 @@
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "FileAnswer.h"
 #include "HfnTime.h"
 #include "LogBookWidget.h"
@@ -56,7 +57,7 @@ void LogBookWidget::controlWorkshiftDuration()
     const DurationOptions& options = m_durationOptions;
     if (!options.isOn || options.delay <= 0 || options.interval <= 0 || !isEditableWorkshift())
         return;
-    const MDRVar end = recordValue(m_currentWorkshift, "endTime");
+    const MDRVar end = recordValue(m_currentWorkshift, Field::endTime);
     if (end.isNull || end.value.real < 1.0)
         return;
     // The clock of this machine, not the server's.

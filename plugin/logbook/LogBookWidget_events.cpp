@@ -81,7 +81,7 @@ bool LogBookWidget::insertAttachment(CModelTable& table, TEventNciParse* event)
 {
     // Whose it is decides before a row is made: the bytes of other departments' files are never asked for.
     MDRVar key;
-    MDRGetVal(MDRFldByName(&event->recordType, "RecordKey"), &event->recordData, &key);
+    MDRGetVal(MDRFldByName(&event->recordType, Field::RecordKey), &event->recordData, &key);
     MDRData* record = MDRValue::hasText(key) ? recordByKeyLink(&m_records, key.value.text.data) : nullptr;
     if (!record)
         return true;
@@ -154,7 +154,7 @@ bool LogBookWidget::deleteRow(TEventNciParse* event)
 
 MDRData* LogBookWidget::recordOf(const MDRData* attachment)
 {
-    const MDRVar key = recordValue(attachment, "RecordKey");
+    const MDRVar key = recordValue(attachment, Field::RecordKey);
     return MDRValue::hasText(key) ? recordByKeyLink(&m_records, key.value.text.data) : nullptr;
 }
 
@@ -207,11 +207,11 @@ bool LogBookWidget::isSuitableNCI(TEventNciParse* event)
     } else if (isTable(LogbookTable::WorkersWorkshift)) {
         fields = LogbookWorkersWorkshiftFields;
         count = fieldCount(LogbookWorkersWorkshiftFields);
-        workshiftField = "WorkshiftKey";
+        workshiftField = Field::WorkshiftKey;
     } else if (isTable(LogbookTable::Records)) {
         fields = LogbookRecordFields;
         count = fieldCount(LogbookRecordFields);
-        workshiftField = "ShiftKey";
+        workshiftField = Field::ShiftKey;
     } else {
         return false;
     }
@@ -222,7 +222,7 @@ bool LogBookWidget::isSuitableNCI(TEventNciParse* event)
         const MDRVar key = recordValue(row, workshiftField);
         row = MDRValue::hasText(key) ? recordByKeyLink(&m_workshifts, key.value.text.data) : nullptr;
     }
-    const MDRVar department = recordValue(row, "DepartmentKey");
+    const MDRVar department = recordValue(row, Field::DepartmentKey);
     return MDRValue::hasText(department) &&
            MDRValue::bytes(department) == m_location->departmentKey().toUtf8();
 }

@@ -1,5 +1,6 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "Filters.h"
 #include "HfnTime.h"
 #include "LocationInfo.h"
@@ -16,7 +17,7 @@ namespace
 /// Makes KeyLink the only key.
 void setKeyLinkAsKey(CMDArray& table)
 {
-    table.KeyAdd("KeyLink", 0);
+    table.KeyAdd(Field::KeyLink, 0);
     while (MDAKeyCount(table.array) > 1)
         table.lastError = MDAKeyDel(table.array, 0);
 }
@@ -151,11 +152,11 @@ void LogBookWidget::uploadOpenWorkshift()
     if (m_location->departmentKey().isEmpty())
         return;
     const QString sql = QString::fromLatin1(LogbookSql::OpenWorkshift)
-                            .arg(QLatin1String(LogbookTable::Workshifts), QStringLiteral("DepartmentKey"),
-                                 m_location->departmentKey(), QStringLiteral("CloseWorkerKey"));
+                            .arg(QLatin1String(LogbookTable::Workshifts), QLatin1String(Field::DepartmentKey),
+                                 m_location->departmentKey(), QLatin1String(Field::CloseWorkerKey));
     request(m_workshifts, sql, "void LogBookWidget::uploadOpenWorkshift()");
     setKeyLinkAsKey(m_workshifts);
-    m_workshifts.data.KeyAdd("createdAt", 0);
+    m_workshifts.data.KeyAdd(Field::createdAt, 0);
     m_currentWorkshift = MDARec(m_workshifts.data.array, 1, 0);
 }
 
@@ -164,7 +165,7 @@ void LogBookWidget::uploadWorkshift(const QString& key)
     if (key.isEmpty())
         return;
     const QString sql = QString::fromLatin1(LogbookSql::ByField)
-                            .arg(QLatin1String(LogbookTable::Workshifts), QStringLiteral("KeyLink"), key);
+                            .arg(QLatin1String(LogbookTable::Workshifts), QLatin1String(Field::KeyLink), key);
     request(m_workshifts, sql, "void LogBookWidget::uploadWorkshift(const QString&)");
     setKeyLinkAsKey(m_workshifts);
 }
@@ -184,8 +185,9 @@ void LogBookWidget::uploadRecordsWorkshift()
     const QString workshift = workshiftKeyLink();
     if (workshift.isEmpty())
         return;
-    const QString sql = QString::fromLatin1(LogbookSql::ByField)
-                            .arg(QLatin1String(LogbookTable::Records), QStringLiteral("ShiftKey"), workshift);
+    const QString sql =
+        QString::fromLatin1(LogbookSql::ByField)
+            .arg(QLatin1String(LogbookTable::Records), QLatin1String(Field::ShiftKey), workshift);
     CModelTable answer(LogbookTable::Records);
     if (request(answer, sql, "void LogBookWidget::uploadRecordsWorkshift()"))
         TableLoad::repack(answer.data, m_records.data);
@@ -196,8 +198,9 @@ void LogBookWidget::uploadRecordsInterval(const QDateTime& from, const QDateTime
     const QString sql =
         QString::fromLatin1(LogbookSql::RecordsInterval)
             .arg(QLatin1String(LogbookTable::Records), QLatin1String(LogbookTable::Workshifts),
-                 QStringLiteral("KeyLink"), QStringLiteral("ShiftKey"), QStringLiteral("DepartmentKey"),
-                 m_location->departmentKey(), QStringLiteral("recordTime"), sqlTime(from), sqlTime(to));
+                 QLatin1String(Field::KeyLink), QLatin1String(Field::ShiftKey),
+                 QLatin1String(Field::DepartmentKey), m_location->departmentKey(),
+                 QLatin1String(Field::recordTime), sqlTime(from), sqlTime(to));
     CModelTable answer(LogbookTable::Records);
     if (request(answer, sql, "void LogBookWidget::uploadRecordsInterval(const QDateTime&, const QDateTime&)"))
         TableLoad::repack(answer.data, m_records.data);
@@ -215,7 +218,7 @@ void LogBookWidget::uploadCommentsAndFiles()
 void LogBookWidget::uploadByRecords(CModelTable& target, const QString& keys, const char* signature)
 {
     const QString sql = QString::fromLatin1(LogbookSql::ByRecords)
-                            .arg(QString::fromStdString(target.name), QStringLiteral("RecordKey"), keys);
+                            .arg(QString::fromStdString(target.name), QLatin1String(Field::RecordKey), keys);
     request(target, sql, signature);
 }
 

@@ -74,8 +74,8 @@ void LogBookWidget::initTables()
     // Tables that events add rows to have their fields before the first answer, so that a failed select does not
     // leave rows without fields.
     const Shape shapes[] = {
-        {m_workshifts, LogbookWorkshiftFields, fieldCount(LogbookWorkshiftFields), "KeyLink"},
-        {m_crew, LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields), "KeyLink"},
+        {m_workshifts, LogbookWorkshiftFields, fieldCount(LogbookWorkshiftFields), Field::KeyLink},
+        {m_crew, LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields), Field::KeyLink},
         {m_records, LogbookRecordExtFields, fieldCount(LogbookRecordExtFields), ""},
         {m_comments, LogbookCommentFields, fieldCount(LogbookCommentFields), ""},
         {m_files, LogbookFilesFields, fieldCount(LogbookFilesFields), ""},

@@ -20,7 +20,7 @@ namespace
 {
 QByteArray keyOf(const MDRData* record)
 {
-    return MDRValue::copy(recordValue(record, "KeyLink"));
+    return MDRValue::copy(recordValue(record, Field::KeyLink));
 }
 
 QString logTime(double time)
@@ -31,7 +31,7 @@ QString logTime(double time)
 /// A property of the record's template as text.
 QString templateProperty(const MDRData* record, const char* name, const QTextCodec* codec)
 {
-    const MDRVar html = recordValue(record, "html");
+    const MDRVar html = recordValue(record, Field::html);
     if (!MDRValue::hasText(html))
         return {};
     HtmlParser parser(codec->toUnicode(MDRValue::bytes(html)).toStdString());
@@ -118,7 +118,8 @@ void LogBookWidget::setSecondMarkRequest(const QDateTime& dt)
     const QString worker = m_location->workerKey();
     const QByteArray workerKey = worker.toUtf8();
     markRecord(key,
-               {{"SecondMarkWorkerKey", MDRValue::text(workerKey)}, {"secondMarkTime", MDRValue::real(time)}},
+               {{Field::SecondMarkWorkerKey, MDRValue::text(workerKey)},
+                {Field::secondMarkTime, MDRValue::real(time)}},
                "setSecondMarkRequest(QDateTime)",
                QStringLiteral("error set second marker record! Data: Table(%1), KeyLink(%2), "
                               "SecondMarkWorkerKey(%3), secondMarkTime(%4)"),
@@ -128,11 +129,12 @@ void LogBookWidget::setSecondMarkRequest(const QDateTime& dt)
 void LogBookWidget::removeSecondMarkRequest()
 {
     if (const MDRData* record = currentRecord())
-        markRecord(keyOf(record),
-                   {{"SecondMarkWorkerKey", MDRValue::null()}, {"secondMarkTime", MDRValue::null()}},
-                   "removeSecondMarkRequest()",
-                   QStringLiteral("error remove second marker record! Data: Table(%1), KeyLink(%2)"), {},
-                   tr("Не удалось удалить второй маркер!"));
+        markRecord(
+            keyOf(record),
+            {{Field::SecondMarkWorkerKey, MDRValue::null()}, {Field::secondMarkTime, MDRValue::null()}},
+            "removeSecondMarkRequest()",
+            QStringLiteral("error remove second marker record! Data: Table(%1), KeyLink(%2)"), {},
+            tr("Не удалось удалить второй маркер!"));
 }
 
 void LogBookWidget::changeTimeExecRequest()
@@ -144,7 +146,7 @@ void LogBookWidget::removeTimeExecRequest()
 {
     // In place whatever the status: an approved record gets no successor here. Meant.
     if (const MDRData* record = currentRecord())
-        markRecord(keyOf(record), {{"executionTime", MDRValue::null()}}, "removeTimeExecRequest()",
+        markRecord(keyOf(record), {{Field::executionTime, MDRValue::null()}}, "removeTimeExecRequest()",
                    QStringLiteral("error remove time execution record! Data: Table(%1), KeyLink(%2)"), {},
                    tr("Не удалось сбросить время выпонения!"));
 }
@@ -163,7 +165,7 @@ void LogBookWidget::setTimeExecRequest(const QDateTime& dt)
     const QStringList rest{QString(), logTime(time)};
     const QString message = tr("Не удалось установить время выполнения!");
     if (!hasStatus(record, StatusApproved)) {
-        markRecord(key, {{"executionTime", MDRValue::real(time)}}, function, logLine, rest, message);
+        markRecord(key, {{Field::executionTime, MDRValue::real(time)}}, function, logLine, rest, message);
         return;
     }
     CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
@@ -176,16 +178,16 @@ void LogBookWidget::addSuccessor(CRowBatch& batch, const MDRData* record, const 
 {
     const QByteArray successorKey = GenGuid32();
     MDRData* old = batch.newRow(ROW_UPDATE, key);
-    batch.SetValF(old, "status", MDRValue::number(StatusDeleted));
+    batch.SetValF(old, Field::status, MDRValue::number(StatusDeleted));
     batch.RecPost(old);
 
     MDRData* row = batch.newRow(ROW_INSERT, successorKey);
     copyMarked(batch, row, record);
-    batch.SetValF(row, "KeyLink", MDRValue::text(successorKey));
-    batch.SetValF(row, "status", MDRValue::number(StatusApproved));
-    batch.SetValF(row, "OriginRecordKey", MDRValue::text(key));
-    batch.SetValF(row, "VisaWorkerKey", MDRValue::null());
-    batch.SetValF(row, "executionTime", MDRValue::real(time));
+    batch.SetValF(row, Field::KeyLink, MDRValue::text(successorKey));
+    batch.SetValF(row, Field::status, MDRValue::number(StatusApproved));
+    batch.SetValF(row, Field::OriginRecordKey, MDRValue::text(key));
+    batch.SetValF(row, Field::VisaWorkerKey, MDRValue::null());
+    batch.SetValF(row, Field::executionTime, MDRValue::real(time));
     batch.RecPost(row);
 }
 

@@ -1,6 +1,7 @@
 #include "MarkerCells.h"
 
 #include "CellIcon.h"
+#include "Fields.h"
 #include "HfnTime.h"
 #include "HfnWrapper.h"
 #include "MarkerIcon.h"
@@ -16,7 +17,7 @@ QVariant markerIcon(const MDRData* record, const char* timeField, const char* pr
 {
     if (!MDRValue::hasTime(recordValue(record, timeField)))
         return QVariant();
-    const MDRVar html = recordValue(record, "html");
+    const MDRVar html = recordValue(record, Field::html);
     if (!MDRValue::hasText(html))
         return QVariant();
     std::string value;
@@ -41,7 +42,7 @@ QVariant FirstMarkerCell::data(const AbstractHfnCellData& cell) const
     if (cell.role == Qt::DisplayRole)
         return QVariant();
     if (cell.role == Qt::DecorationRole)
-        return markerIcon(cell.record, "firstMarkTime", "first_mark", m_icons);
+        return markerIcon(cell.record, Field::firstMarkTime, "first_mark", m_icons);
     return AbstractHfnCellConversion::data(cell);
 }
 
@@ -55,21 +56,21 @@ QVariant SecondMarkerCell::data(const AbstractHfnCellData& cell) const
     if (cell.role == Qt::DisplayRole)
         return QVariant();
     if (cell.role == Qt::DecorationRole)
-        return markerIcon(cell.record, "secondMarkTime", "second_mark", m_icons);
+        return markerIcon(cell.record, Field::secondMarkTime, "second_mark", m_icons);
     if (cell.role == Qt::ToolTipRole)
-        return MDRValue::hasText(recordValue(cell.record, "SecondMarkWorkerKey")) ? toolTip(cell)
-                                                                                  : QVariant();
+        return MDRValue::hasText(recordValue(cell.record, Field::SecondMarkWorkerKey)) ? toolTip(cell)
+                                                                                       : QVariant();
     return AbstractHfnCellConversion::data(cell);
 }
 
 QString SecondMarkerCell::toolTip(const AbstractHfnCellData& cell) const
 {
-    const MDRVar key = recordValue(cell.record, "SecondMarkWorkerKey");
+    const MDRVar key = recordValue(cell.record, Field::SecondMarkWorkerKey);
     const QString worker =
         HfnWrapper::workerShortName(cell.codec, m_workers, QString::fromUtf8(MDRValue::bytes(key)));
-    const QString time = dateAndTime(recordValue(cell.record, "secondMarkTime"));
+    const QString time = dateAndTime(recordValue(cell.record, Field::secondMarkTime));
     std::string value;
-    templateOf(recordValue(cell.record, "html")).templatePropertyValue("command", value);
+    templateOf(recordValue(cell.record, Field::html)).templatePropertyValue("command", value);
     const QByteArray bytes = QByteArray::fromStdString(value);
     const QString command = cell.codec ? cell.codec->toUnicode(bytes) : QString::fromUtf8(bytes);
     return command.isEmpty() ? QStringLiteral("%1: %2").arg(worker, time)
@@ -82,9 +83,9 @@ QVariant TimeExecutionCell::data(const AbstractHfnCellData& cell) const
 {
     if (cell.role != Qt::DisplayRole && cell.role != Qt::ToolTipRole)
         return AbstractHfnCellConversion::data(cell);
-    if (!templateOf(recordValue(cell.record, "html")).isExistTemplateProperty("time_exec"))
+    if (!templateOf(recordValue(cell.record, Field::html)).isExistTemplateProperty("time_exec"))
         return QVariant();
-    const MDRVar time = recordValue(cell.record, "executionTime");
+    const MDRVar time = recordValue(cell.record, Field::executionTime);
     if (!MDRValue::hasTime(time))
         return tr("Не выполнено");
     if (cell.role == Qt::ToolTipRole)

@@ -1,6 +1,7 @@
 #include "RecordColumns.h"
 
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "IconCells.h"
 #include "MarkerCells.h"
 #include "TextCells.h"
@@ -47,20 +48,20 @@ void RecordColumns::configure(VrkTableTool* tool)
     };
     const Column columns[] = {
         // in the order of their positions
-        {"status", m_status, tr("Статус"), nullptr},
-        {"file", m_file, QString(), ":/icons/affix.png"},
-        {"VisaWorkerKey", m_sign, QString(), ":/icons/sign.png"},
-        {"comment", m_comment, QString(), ":/icons/comment.png"},
-        {"recordTime", m_time, tr("Время") + QLatin1Char('\n') + tr("записи"), nullptr},
-        {"eventTime", m_time, tr("Время") + QLatin1Char('\n') + tr("события"), nullptr},
-        {"WorkerKey", m_worker, tr("Автор"), nullptr},
-        {"direction", m_direction, QString(), ":/icons/direction.png"},
-        {"ReceiverWorkerKey", m_worker, tr("Кто") + QLatin1Char('\n') + tr("Кому"), nullptr},
-        {"executionTime", m_execution, tr("Время") + QLatin1Char('\n') + tr("выполнения"), nullptr},
-        {"object", m_strikeOut, tr("Линия") + QLatin1Char('\n') + tr("Подстанция"), nullptr},
-        {"firstMarkTime", m_firstMarker, QString(), ":/icons/one.png"},
-        {"secondMarkTime", m_secondMarker, QString(), ":/icons/two.png"},
-        {"html", m_strikeOut, tr("Текст"), nullptr},
+        {Field::status, m_status, tr("Статус"), nullptr},
+        {Field::file, m_file, QString(), ":/icons/affix.png"},
+        {Field::VisaWorkerKey, m_sign, QString(), ":/icons/sign.png"},
+        {Field::comment, m_comment, QString(), ":/icons/comment.png"},
+        {Field::recordTime, m_time, tr("Время") + QLatin1Char('\n') + tr("записи"), nullptr},
+        {Field::eventTime, m_time, tr("Время") + QLatin1Char('\n') + tr("события"), nullptr},
+        {Field::WorkerKey, m_worker, tr("Автор"), nullptr},
+        {Field::direction, m_direction, QString(), ":/icons/direction.png"},
+        {Field::ReceiverWorkerKey, m_worker, tr("Кто") + QLatin1Char('\n') + tr("Кому"), nullptr},
+        {Field::executionTime, m_execution, tr("Время") + QLatin1Char('\n') + tr("выполнения"), nullptr},
+        {Field::object, m_strikeOut, tr("Линия") + QLatin1Char('\n') + tr("Подстанция"), nullptr},
+        {Field::firstMarkTime, m_firstMarker, QString(), ":/icons/one.png"},
+        {Field::secondMarkTime, m_secondMarker, QString(), ":/icons/two.png"},
+        {Field::html, m_strikeOut, tr("Текст"), nullptr},
     };
 
     VrkTableModel* model = tool->model();
@@ -76,9 +77,10 @@ void RecordColumns::configure(VrkTableTool* tool)
                                  Qt::DecorationRole);
         tool->setColumnPosition(field, position++);
     }
-    model->setCellConversion(QStringLiteral("KeyLink"), m_strikeOut);
-    for (const char* field : {"KeyLink", "ShiftKey", "SecondMarkWorkerKey", "OriginRecordKey"})
+    model->setCellConversion(QLatin1String(Field::KeyLink), m_strikeOut);
+    for (const char* field :
+         fieldNames(Field::KeyLink, Field::ShiftKey, Field::SecondMarkWorkerKey, Field::OriginRecordKey))
         tool->setColumnVisible(QLatin1String(field), false);
     model->endResetModel();
-    tool->sortByColumn(QStringLiteral("recordTime"), Qt::AscendingOrder);
+    tool->sortByColumn(QLatin1String(Field::recordTime), Qt::AscendingOrder);
 }

@@ -20,13 +20,13 @@ MDRData* RecordPane::row(const QString& key) const
 {
     if (key.isEmpty())
         return nullptr;
-    const MDRRange found = MDARecsWith(m_source.table->data.array, "KeyLink", key.toUtf8().constData());
+    const MDRRange found = MDARecsWith(m_source.table->data.array, Field::KeyLink, key.toUtf8().constData());
     return found.count > 0 ? found.data[0] : nullptr;
 }
 
 bool RecordPane::isMine(const MDRData* row) const
 {
-    const MDRVar worker = recordValue(row, "WorkerKey");
+    const MDRVar worker = recordValue(row, Field::WorkerKey);
     return MDRValue::hasText(worker) && MDRValue::bytes(worker) == m_source.location->workerKey().toUtf8();
 }
 
@@ -63,10 +63,10 @@ bool RecordPane::isConfirmed(QAbstractButton* button)
 void RecordPane::remove(const MDRData* row, const char* function, const QString& logLine,
                         const QString& message)
 {
-    const QByteArray key = MDRValue::copy(recordValue(row, "KeyLink"));
+    const QByteArray key = MDRValue::copy(recordValue(row, Field::KeyLink));
     CRowBatch batch(m_source.table->data);
     MDRData* deletion = batch.newRow(ROW_DELETE, key);
-    batch.SetValF(deletion, "KeyLink", MDRValue::text(key));
+    batch.SetValF(deletion, Field::KeyLink, MDRValue::text(key));
     batch.RecPost(deletion);
     if (send(batch))
         return;

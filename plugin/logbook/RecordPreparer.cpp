@@ -1,5 +1,6 @@
 #include "RecordPreparer.h"
 
+#include "Fields.h"
 #include "RecordValue.h"
 
 #include <string>
@@ -10,11 +11,11 @@ RecordPreparer::RecordPreparer(CModelTable& records, CModelTable& comments, CMod
 }
 
 RecordPreparer::Fields::Fields(const MDArray* records)
-    : key(MDRFldByName(records, "KeyLink")),
-      html(MDRFldByName(records, "html")),
-      object(MDRFldByName(records, "object")),
-      comment(MDRFldByName(records, "comment")),
-      file(MDRFldByName(records, "file"))
+    : key(MDRFldByName(records, Field::KeyLink)),
+      html(MDRFldByName(records, Field::html)),
+      object(MDRFldByName(records, Field::object)),
+      comment(MDRFldByName(records, Field::comment)),
+      file(MDRFldByName(records, Field::file))
 {
 }
 
@@ -88,8 +89,8 @@ void RecordPreparer::markOwner(MDRData* record, const Fields& fields, const MDRF
         return;
     MDRVar key;
     MDRGetVal(fields.key, record, &key);
-    const bool isOwner =
-        MDRValue::hasText(key) && MDARecsWith(owned.data.array, "RecordKey", key.value.text.data).count > 0;
+    const bool isOwner = MDRValue::hasText(key) &&
+                         MDARecsWith(owned.data.array, Field::RecordKey, key.value.text.data).count > 0;
     const MDRVar value = MDRValue::boolean(isOwner);
     records.lastError = MDRSetVal(mark, record, &value);
 }

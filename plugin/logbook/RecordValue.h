@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CModelTable.h"
+#include "Fields.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
 
@@ -20,14 +21,14 @@ inline MDRData* recordWithKey(const CModelTable* table, const QByteArray& key)
 {
     if (!table || key.isEmpty())
         return nullptr;
-    const MDRRange found = MDARecsWith(table->data.array, "KeyLink", key.constData());
+    const MDRRange found = MDARecsWith(table->data.array, Field::KeyLink, key.constData());
     return found.count > 0 ? *found.begin() : nullptr;
 }
 
 /// The status is known and is this one (RecordStatus).
 inline bool hasStatus(const MDRData* record, int status)
 {
-    const MDRVar value = recordValue(record, "status");
+    const MDRVar value = recordValue(record, Field::status);
     return value.type == mdr_TInt32 && !value.isNull && value.value.number == status;
 }
 

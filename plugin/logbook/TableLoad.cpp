@@ -1,11 +1,12 @@
 #include "TableLoad.h"
 
+#include "Fields.h"
 #include "MDRValues.h"
 
 QString TableLoad::quotedKeys(const CMDArray& table)
 {
     constexpr int usualLength = 35; // a key of 32 characters, two quotes, a comma
-    const MDRField* field = MDRFldByName(table.array, "KeyLink");
+    const MDRField* field = MDRFldByName(table.array, Field::KeyLink);
     const int rows = table.RecCount();
     QByteArray list;
     list.reserve(rows * usualLength);

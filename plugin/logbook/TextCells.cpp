@@ -77,9 +77,9 @@ QVariant WorkerCell::data(const AbstractHfnCellData& cell) const
         return cell.codec ? cell.codec->toUnicode(MDRValue::bytes(value))
                           : QString::fromUtf8(MDRValue::bytes(value));
     };
-    QString name = text("lastName");
+    QString name = text(Field::lastName);
     // Unlike in HfnWrapper::workerShortName a part that is empty, not only one that is null, gives no initial.
-    for (const char* field : {"firstName", "patronymicName"}) {
+    for (const char* field : fieldNames(Field::firstName, Field::patronymicName)) {
         const QString part = text(field);
         if (part.isEmpty())
             continue;

@@ -27,7 +27,7 @@ bool haveSameFields(const MDArray* one, const MDArray* other)
 /// The stored row has all that the user changed.
 bool isStored(const MDRData* record, const MDRData* row)
 {
-    for (const char* name : {"nameLoc", "html"}) {
+    for (const char* name : fieldNames(Field::nameLoc, Field::html)) {
         const MDRField* field = MDRFldByName(MDARecArr(record), name);
         const MDRVar value = field ? recordValue(record, name) : MDRValue::null();
         const MDRVar stored = field ? recordValue(row, name) : MDRValue::null();
@@ -50,7 +50,7 @@ void KeptEdits::add(CModelTable* kept, const CModelTable& stored, const MDRData*
 {
     if (record->flags & ROW_DELETE)
         return;
-    const QByteArray key = MDRValue::copy(recordValue(record, "KeyLink"));
+    const QByteArray key = MDRValue::copy(recordValue(record, Field::KeyLink));
     if (MDRData* earlier = TemplateTables::recordByKeyLink(kept, key.constData()))
         TemplateTables::deleteRecord(kept, earlier);
     MDRData* copy = MDARecNew(kept->data.array);
@@ -93,7 +93,7 @@ KeptTexts::Values KeptEdits::values(const QTextCodec* codec) const
          {std::pair(&m_categories, categoriesName), std::pair(&m_templates, templatesName)}) {
         for (int i = 0; i < table->data.RecCount(); ++i)
             names << codec->toUnicode(
-                MDRValue::bytes(recordValue(MDARec(table->data.array, 0, i), "nameLoc")));
+                MDRValue::bytes(recordValue(MDARec(table->data.array, 0, i), Field::nameLoc)));
         values.insert(name, QString::fromLatin1(HFNArrayPack(table->data.array)));
     }
     values.insert(
@@ -117,7 +117,7 @@ void KeptEdits::read(CModelTable* kept, const QString& packed, const CModelTable
         return;
     for (int i = 0; i < rows.RecCount(); ++i) {
         const MDRData* record = MDARec(rows.array, 0, i);
-        const QByteArray key = MDRValue::copy(recordValue(record, "KeyLink"));
+        const QByteArray key = MDRValue::copy(recordValue(record, Field::KeyLink));
         const MDRData* row = TemplateTables::recordByKeyLink(&stored, key.constData());
         if (!key.isEmpty() && !(row && isStored(record, row)))
             add(kept, stored, record);

@@ -1,5 +1,6 @@
 #include "SentEdits.h"
 
+#include "Fields.h"
 #include "RecordValue.h"
 #include "TEventNciParse.h"
 
@@ -11,7 +12,7 @@ namespace
 QVector<QPair<const char*, QByteArray>> changedValues(const MDRData* record)
 {
     QVector<QPair<const char*, QByteArray>> values;
-    for (const char* name : {"nameLoc", "html"}) {
+    for (const char* name : fieldNames(Field::nameLoc, Field::html)) {
         const MDRField* field = MDRFldByName(MDARecArr(record), name);
         bool isMarked = false;
         if (field)
@@ -36,7 +37,7 @@ void SentEdits::note(const CModelTable& edits)
 {
     for (int i = 0; i < edits.data.RecCount(); ++i) {
         const MDRData* record = MDARec(edits.data.array, 0, i);
-        const QByteArray key = MDRValue::copy(recordValue(record, "KeyLink"));
+        const QByteArray key = MDRValue::copy(recordValue(record, Field::KeyLink));
         m_written[key].append({(record->flags & ROW_INSERT) != 0, changedValues(record)});
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Fields.h"
+
 /// What distinguishes a level of templates: common ones, those of types of organizations, those of departments.
 struct TemplateLevel {
     enum Roots {
@@ -17,6 +19,6 @@ struct TemplateLevel {
 namespace TemplateLevels
 {
 constexpr TemplateLevel publicLevel = {TemplateLevel::NoRoots, nullptr, true, false};
-constexpr TemplateLevel orgsLevel = {TemplateLevel::OrgTypeRoots, "OrgTypeKey", true, false};
-constexpr TemplateLevel depsLevel = {TemplateLevel::DepartmentRoots, "DepartmentKey", false, true};
+constexpr TemplateLevel orgsLevel = {TemplateLevel::OrgTypeRoots, Field::OrgTypeKey, true, false};
+constexpr TemplateLevel depsLevel = {TemplateLevel::DepartmentRoots, Field::DepartmentKey, false, true};
 } // namespace TemplateLevels

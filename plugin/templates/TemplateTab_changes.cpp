@@ -1,3 +1,4 @@
+#include "Fields.h"
 #include "KeptDraft.h"
 #include "LogText.h"
 #include "RecordValue.h"
@@ -26,7 +27,7 @@ std::string toStd(const QByteArray& bytes)
 void TemplateTab::nameChanged(CModelTable* edits, MDRData* record, const QString& name)
 {
     const QByteArray bytes = codec()->fromUnicode(name);
-    TemplateTables::storeField(edits, record, "nameLoc", MDRValue::text(bytes));
+    TemplateTables::storeField(edits, record, Field::nameLoc, MDRValue::text(bytes));
     m_isSent = false;
     m_unsaved->touch();
     // The row of an existing record keeps its name until the server tells the change.
@@ -61,7 +62,7 @@ void TemplateTab::templateHtmlChanged()
         return;
     }
     const QByteArray html = codec()->fromUnicode(templateHtmlEditor()->templateText());
-    TemplateTables::storeField(&m_tables.templatesEdit, record, "html", MDRValue::text(html, mdr_TMemo));
+    TemplateTables::storeField(&m_tables.templatesEdit, record, Field::html, MDRValue::text(html, mdr_TMemo));
     m_isSent = false;
     m_unsaved->touch();
 }
@@ -74,13 +75,13 @@ void TemplateTab::propertyChanged(const char* signature, bool emptyIsNull, Chang
         warnNoTemplate(signature);
         return;
     }
-    HtmlParser parser = templateOf(recordValue(record, "html"));
+    HtmlParser parser = templateOf(recordValue(record, Field::html));
     change(&parser);
     const std::string html = parser.readyHtml(true);
     const MDRVar value = html.empty() && emptyIsNull
                              ? MDRValue::null()
                              : MDRValue::text(html.data(), static_cast<int>(html.size()), mdr_TMemo);
-    TemplateTables::storeField(&m_tables.templatesEdit, record, "html", value);
+    TemplateTables::storeField(&m_tables.templatesEdit, record, Field::html, value);
     m_isSent = false;
     m_unsaved->touch();
 }

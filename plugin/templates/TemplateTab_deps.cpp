@@ -1,3 +1,4 @@
+#include "Fields.h"
 #include "TemplatesProxyModel.h"
 #include "TemplateTab.h"
 
@@ -67,7 +68,7 @@ bool TemplateTab::isCanPaste_Deps() const
 
 void TemplateTab::newFolder_Deps(QModelIndex index, MDRData* record)
 {
-    newFolderUnder(index, record, m_departmentsTable, "DepartmentKey",
+    newFolderUnder(index, record, m_departmentsTable, Field::DepartmentKey,
                    QStringLiteral("void TemplateTab::newFolder_Deps(QModelIndex, MDArrayRec*)"),
                    QStringLiteral("Not found department or parent key"));
 }
@@ -80,5 +81,5 @@ void TemplateTab::newTemplate_Deps(QModelIndex index, MDRData* record)
 
 void TemplateTab::whereInsertRecord_Deps(int& row, QModelIndex& parent, TEventNciParse* event)
 {
-    whereInsert(row, parent, event, m_departmentsTable, "DepartmentKey", {"OrgTypeKey"});
+    whereInsert(row, parent, event, m_departmentsTable, Field::DepartmentKey, {Field::OrgTypeKey});
 }

@@ -1,5 +1,6 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "HtmlParser.h"
 #include "KeptDraft.h"
 #include "LogbookTables.h"
@@ -65,7 +66,7 @@ MDRData* TemplateTab::editedRecord(CModelTable* table, CModelTable* edits,
         return record; // a pending new record is its own edit record
     if (!TemplateTables::isContains(table, record))
         return nullptr;
-    const MDRVar key = recordValue(record, "KeyLink");
+    const MDRVar key = recordValue(record, Field::KeyLink);
     if (MDRData* known = TemplateTables::recordByKeyLink(edits, key.value.text.data))
         return known;
 
@@ -83,13 +84,14 @@ MDRData* TemplateTab::editedRecord(CModelTable* table, CModelTable* edits,
 MDRData* TemplateTab::editedCategory()
 {
     // OrgTypeKey and DepartmentKey stay null in the copy, without a mark: the server keeps them.
-    return editedRecord(&m_tables.categories, &m_tables.categoriesEdit, {"KeyLink", "ParentKey", "nameLoc"});
+    return editedRecord(&m_tables.categories, &m_tables.categoriesEdit,
+                        {Field::KeyLink, Field::ParentKey, Field::nameLoc});
 }
 
 MDRData* TemplateTab::editedTemplate()
 {
     return editedRecord(&m_tables.templates, &m_tables.templatesEdit,
-                        {"KeyLink", "CategoryKey", "nameLoc", "html"});
+                        {Field::KeyLink, Field::CategoryKey, Field::nameLoc, Field::html});
 }
 
 KeptTexts::Values TemplateTab::unsaved() const
@@ -191,7 +193,8 @@ void TemplateTab::sendEdits(const CModelTable& edits)
         MDRData* sent = MDARecNew(rows.array);
         KeptEdits::copyRecord(record, sent);
         // What an earlier save inserted is there, though its event has not come.
-        if ((sent->flags & ROW_INSERT) && m_sent.isInserted(MDRValue::copy(recordValue(record, "KeyLink"))))
+        if ((sent->flags & ROW_INSERT) &&
+            m_sent.isInserted(MDRValue::copy(recordValue(record, Field::KeyLink))))
             MDRSetFlags(sent, ROW_UPDATE);
         rows.RecPost(sent);
     }
@@ -202,7 +205,7 @@ bool TemplateTab::inspectEditCategories()
 {
     for (int i = 0; i < m_tables.categoriesEdit.data.RecCount(); ++i) {
         const MDRData* record = MDARec(m_tables.categoriesEdit.data.array, 0, i);
-        if (!MDRValue::hasText(recordValue(record, "nameLoc"))) {
+        if (!MDRValue::hasText(recordValue(record, Field::nameLoc))) {
             showError(tr("Название категории не может быть пустым!"));
             return true;
         }
@@ -214,11 +217,11 @@ bool TemplateTab::inspectEditTemplates()
 {
     for (int i = 0; i < m_tables.templatesEdit.data.RecCount(); ++i) {
         const MDRData* record = MDARec(m_tables.templatesEdit.data.array, 0, i);
-        if (!MDRValue::hasText(recordValue(record, "nameLoc"))) {
+        if (!MDRValue::hasText(recordValue(record, Field::nameLoc))) {
             showError(tr("Название шаблона не может быть пустым!"));
             return true;
         }
-        if (showsNothing(codec()->toUnicode(MDRValue::bytes(recordValue(record, "html"))))) {
+        if (showsNothing(codec()->toUnicode(MDRValue::bytes(recordValue(record, Field::html))))) {
             showError(tr("Шаблон не может быть пустым!"));
             return true;
         }
@@ -309,7 +312,7 @@ void TemplateTab::restoreKept()
         return;
     }
     // A changed record is no row of the tree: its base record is selected, and the passport shows the change.
-    const MDRVar key = recordValue(restored, "KeyLink");
+    const MDRVar key = recordValue(restored, Field::KeyLink);
     const bool isCategory = TemplateTables::isContains(&m_tables.categoriesEdit, restored);
     MDRData* base = TemplateTables::recordByKeyLink(isCategory ? &m_tables.categories : &m_tables.templates,
                                                     key.value.text.data);
@@ -326,7 +329,7 @@ void TemplateTab::restoreFrom(const CModelTable& kept, const CModelTable& table,
         MDRData* back = restoreRecord(table, edits, record);
         if (back) {
             *restored = back;
-            m_kept.forget(kept, MDRValue::copy(recordValue(record, "KeyLink")));
+            m_kept.forget(kept, MDRValue::copy(recordValue(record, Field::KeyLink)));
         } else {
             ++i;
         }
@@ -336,7 +339,7 @@ void TemplateTab::restoreFrom(const CModelTable& kept, const CModelTable& table,
 /// Null when there is no place for it in this tree.
 MDRData* TemplateTab::restoreRecord(const CModelTable& table, CModelTable* edits, const MDRData* kept)
 {
-    const QByteArray key = MDRValue::copy(recordValue(kept, "KeyLink"));
+    const QByteArray key = MDRValue::copy(recordValue(kept, Field::KeyLink));
     const MDRData* base = TemplateTables::recordByKeyLink(&table, key.constData());
     const bool isTemplate = edits == &m_tables.templatesEdit;
     QModelIndex parent;
@@ -357,7 +360,7 @@ MDRData* TemplateTab::restoreRecord(const CModelTable& table, CModelTable* edits
         MDRSetUser(MDRFldByNum(edits->data.array, i), record, 1);
     if (!base && isTemplate) {
         const QByteArray category = parent.data(Qt::UserRole).toString().toUtf8();
-        edits->data.SetValF(record, "CategoryKey", MDRValue::text(category));
+        edits->data.SetValF(record, Field::CategoryKey, MDRValue::text(category));
     }
     record = edits->data.RecPost(record);
     if (!base)
@@ -367,7 +370,8 @@ MDRData* TemplateTab::restoreRecord(const CModelTable& table, CModelTable* edits
 
 QByteArray TemplateTab::keyAbove(const MDRData* record)
 {
-    for (const char* field : {"CategoryKey", "ParentKey", "OrgTypeKey", "DepartmentKey"}) {
+    for (const char* field :
+         fieldNames(Field::CategoryKey, Field::ParentKey, Field::OrgTypeKey, Field::DepartmentKey)) {
         const QByteArray key = MDRValue::copy(recordValue(record, field));
         if (!key.isEmpty())
             return key;
@@ -386,7 +390,7 @@ QModelIndex TemplateTab::placeOf(const MDRData* kept) const
         if (place.isValid())
             return place;
     }
-    if (MDRFldByName(MDARecArr(kept), "CategoryKey") == nullptr)
+    if (MDRFldByName(MDARecArr(kept), Field::CategoryKey) == nullptr)
         return {};
     const QModelIndex current = currentSource();
     for (const QModelIndex& place : {current, current.parent()})

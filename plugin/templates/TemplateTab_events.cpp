@@ -101,7 +101,8 @@ void TemplateTab::becomeChange(CModelTable* edits, MDRData* pending)
     if (index.isValid())
         m_model->beginRemoveRow(index.row(), index.parent());
     MDRSetFlags(pending, ROW_UPDATE);
-    for (const char* place : {"KeyLink", "ParentKey", "OrgTypeKey", "DepartmentKey", "CategoryKey"})
+    for (const char* place : fieldNames(Field::KeyLink, Field::ParentKey, Field::OrgTypeKey,
+                                        Field::DepartmentKey, Field::CategoryKey))
         if (const MDRField* field = MDRFldByName(edits->data.array, place))
             MDRSetUser(field, pending, 0);
     if (index.isValid())
@@ -110,7 +111,8 @@ void TemplateTab::becomeChange(CModelTable* edits, MDRData* pending)
 
 bool TemplateTab::isMoved(const CModelTable* table, const MDRData* record, TEventNciParse* event)
 {
-    for (const char* name : {"ParentKey", "OrgTypeKey", "DepartmentKey", "CategoryKey"}) {
+    for (const char* name :
+         fieldNames(Field::ParentKey, Field::OrgTypeKey, Field::DepartmentKey, Field::CategoryKey)) {
         const bool isField = MDRFldByName(table->data.array, name) != nullptr;
         if (isField && !isSame(recordValue(record, name), eventValue(event, name)))
             return true;
@@ -145,7 +147,7 @@ void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciPa
     }
     if (isLost)
         tellKept(tr("Элемент «%1» тем временем изменил другой пользователь, показано его состояние.")
-                     .arg(codec()->toUnicode(MDRValue::bytes(eventValue(event, "nameLoc")))));
+                     .arg(codec()->toUnicode(MDRValue::bytes(eventValue(event, Field::nameLoc)))));
 }
 
 /// The row stands elsewhere than before, such as after an import: out there and in here.
@@ -175,7 +177,7 @@ void TemplateTab::rowDeleted(CModelTable* table, CModelTable* edits, TEventNciPa
     MDRData* record = TemplateTables::recordByKeyLink(table, event->recordKey);
     if (!record)
         return;
-    const QString name = codec()->toUnicode(MDRValue::bytes(recordValue(record, "nameLoc")));
+    const QString name = codec()->toUnicode(MDRValue::bytes(recordValue(record, Field::nameLoc)));
     const MDRData* edit = TemplateTables::recordByKeyLink(edits, event->recordKey);
     const bool isOwnMove = m_moving.contains(event->recordKey);
     const bool isLost = edit && !m_isSent && !isOwnMove;
@@ -256,7 +258,7 @@ void TemplateTab::whereInsert(int& row, QModelIndex& parent, TEventNciParse* eve
     rows.RecPost(arrived);
 
     const CModelTable* folders = &m_tables.categories;
-    MDRVar key = recordValue(arrived, isCategory ? "ParentKey" : "CategoryKey");
+    MDRVar key = recordValue(arrived, isCategory ? Field::ParentKey : Field::CategoryKey);
     if (isCategory) {
         for (const char* field : refused)
             if (!recordValue(arrived, field).isNull)

@@ -1,5 +1,6 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "RecordValue.h"
 #include "TemplatesEditSourceModel.h"
 #include "TemplateTab.h"
@@ -14,7 +15,7 @@ MDRVar keyOrNull(const QByteArray& key)
 
 QByteArray keyOf(const MDRData* record)
 {
-    return MDRValue::copy(recordValue(record, "KeyLink"));
+    return MDRValue::copy(recordValue(record, Field::KeyLink));
 }
 } // namespace
 
@@ -54,23 +55,23 @@ void TemplateTab::moveCategory(MDRData* record, MDRData* target)
     const MDRData* stored = storedOf(record, m_tables.categoriesEdit);
     const QByteArray targetKey = keyOf(target);
     const auto keyIf = [&](bool isIt) { return isIt ? keyOrNull(targetKey) : MDRValue::null(); };
-    const QByteArray name = MDRValue::copy(recordValue(stored, "nameLoc"));
+    const QByteArray name = MDRValue::copy(recordValue(stored, Field::nameLoc));
     sendMove(&m_tables.categoriesMoved, keyOf(record),
-             {{"ParentKey", keyIf(isInCategory)},
-              {"OrgTypeKey", keyIf(isInType)},
-              {"DepartmentKey", keyIf(isInDepartment)},
-              {"nameLoc", MDRValue::text(name)}});
+             {{Field::ParentKey, keyIf(isInCategory)},
+              {Field::OrgTypeKey, keyIf(isInType)},
+              {Field::DepartmentKey, keyIf(isInDepartment)},
+              {Field::nameLoc, MDRValue::text(name)}});
 }
 
 void TemplateTab::moveTemplate(MDRData* record, MDRData* target)
 {
     const MDRData* stored = storedOf(record, m_tables.templatesEdit);
     const QByteArray category = keyOf(target);
-    const QByteArray name = MDRValue::copy(recordValue(stored, "nameLoc"));
+    const QByteArray name = MDRValue::copy(recordValue(stored, Field::nameLoc));
     sendMove(&m_tables.templatesMoved, keyOf(record),
-             {{"CategoryKey", keyOrNull(category)},
-              {"nameLoc", MDRValue::text(name)},
-              {"html", recordValue(stored, "html")}});
+             {{Field::CategoryKey, keyOrNull(category)},
+              {Field::nameLoc, MDRValue::text(name)},
+              {Field::html, recordValue(stored, Field::html)}});
 }
 
 /// Deletes and inserts one key in one block, so that what refers to it follows without being touched. What is unsaved
@@ -84,7 +85,7 @@ void TemplateTab::sendMove(CModelTable* moved, const QByteArray& key,
     // Only this move is sent: what an earlier failed one left in the table stays there.
     CRowBatch insertion(rows);
     MDRData* sent = insertion.newRow(ROW_INSERT, key);
-    MDRSetUser(MDRFldByName(insertion.array, "KeyLink"), sent, 1);
+    MDRSetUser(MDRFldByName(insertion.array, Field::KeyLink), sent, 1);
     for (const auto& [field, value] : values)
         insertion.SetValF(sent, field, value);
     sent = insertion.RecPost(sent);

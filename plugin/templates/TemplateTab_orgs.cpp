@@ -1,5 +1,6 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "LogbookTables.h"
 #include "RecordValue.h"
 #include "TemplatesProxyModel.h"
@@ -39,7 +40,7 @@ void TemplateTab::applyTemplateFilter_Orgs()
         emit hideMe();
         return;
     }
-    const MDRVar type = recordValue(MDARec(answer.array, 0, 0), "OrgTypeKey");
+    const MDRVar type = recordValue(MDARec(answer.array, 0, 0), Field::OrgTypeKey);
     if (MDRValue::hasText(type))
         m_proxy->setFilterRoot(QString::fromUtf8(MDRValue::bytes(type)));
     else
@@ -83,7 +84,7 @@ bool TemplateTab::isCanPaste_Orgs() const
 
 void TemplateTab::newFolder_Orgs(QModelIndex index, MDRData* record)
 {
-    newFolderUnder(index, record, m_orgTypesTable, "OrgTypeKey",
+    newFolderUnder(index, record, m_orgTypesTable, Field::OrgTypeKey,
                    QStringLiteral("void TemplateTab::newFolder_Orgs(QModelIndex, MDArrayRec*)"),
                    QStringLiteral("Not found organization type or parent key"));
 }
@@ -96,5 +97,5 @@ void TemplateTab::newTemplate_Orgs(QModelIndex index, MDRData* record)
 
 void TemplateTab::whereInsertRecord_Orgs(int& row, QModelIndex& parent, TEventNciParse* event)
 {
-    whereInsert(row, parent, event, m_orgTypesTable, "OrgTypeKey", {"DepartmentKey"});
+    whereInsert(row, parent, event, m_orgTypesTable, Field::OrgTypeKey, {Field::DepartmentKey});
 }

@@ -1,4 +1,5 @@
 #include "CVrkCliMod.h"
+#include "Fields.h"
 #include "LastRowFiller.h"
 #include "LogbookTables.h"
 #include "ParametersBase.h"
@@ -111,9 +112,9 @@ void TemplateTab::createPassport()
 
 void TemplateTab::createCategoryPassport()
 {
-    const MDRField* name = MDRFldByName(m_tables.categoriesEdit.data.array, "nameLoc");
+    const MDRField* name = MDRFldByName(m_tables.categoriesEdit.data.array, Field::nameLoc);
     const QString label =
-        fieldLocalName(QStringLiteral("nameLoc"), QLatin1String(LogbookTable::CatsTemplate));
+        fieldLocalName(QLatin1String(Field::nameLoc), QLatin1String(LogbookTable::CatsTemplate));
     auto* edit = new QLineEdit;
     edit->setObjectName(QStringLiteral("categoryNameEdit"));
     edit->setFrame(false);
@@ -152,9 +153,9 @@ void TemplateTab::createTemplatePassport()
     };
 
     const QString nameLabel =
-        fieldLocalName(QStringLiteral("nameLoc"), QLatin1String(LogbookTable::Templates));
+        fieldLocalName(QLatin1String(Field::nameLoc), QLatin1String(LogbookTable::Templates));
     QLineEdit* name = lineEdit();
-    name->setMaxLength(MDRFldByName(m_tables.templatesEdit.data.array, "nameLoc")->width);
+    name->setMaxLength(MDRFldByName(m_tables.templatesEdit.data.array, Field::nameLoc)->width);
     add(nameLabel.isEmpty() ? tr("Наименование") : nameLabel, name, "templateNameEdit");
     auto* open = new QCheckBox;
     add(tr("Открытие смены"), open, "templateOpenBox");
@@ -283,7 +284,8 @@ void TemplateTab::reloadCategoryPassport(MDRData* record)
         clearCategoryPassport();
         return;
     }
-    setQuietly(categoryNameEditor(), codec()->toUnicode(MDRValue::bytes(recordValue(record, "nameLoc"))));
+    setQuietly(categoryNameEditor(),
+               codec()->toUnicode(MDRValue::bytes(recordValue(record, Field::nameLoc))));
 }
 
 void TemplateTab::clearTemplatePassport()
@@ -301,7 +303,7 @@ void TemplateTab::reloadTemplatePassport(MDRData* record)
 /// Fills the editors from a record, or empties them, without a word to the handlers.
 void TemplateTab::fillTemplatePassport(const MDRData* record)
 {
-    const MDRVar html = recordValue(record, "html");
+    const MDRVar html = recordValue(record, Field::html);
     const HtmlParser parser = templateOf(html);
     const auto flag = [&parser](const char* name) {
         bool value = false;
@@ -314,12 +316,13 @@ void TemplateTab::fillTemplatePassport(const MDRData* record)
         return value;
     };
 
-    setQuietly(templateNameEditor(), codec()->toUnicode(MDRValue::bytes(recordValue(record, "nameLoc"))));
+    setQuietly(templateNameEditor(),
+               codec()->toUnicode(MDRValue::bytes(recordValue(record, Field::nameLoc))));
     const QString shown = codec()->toUnicode(MDRValue::bytes(html));
     {
         TemplateEditor* editor = templateHtmlEditor();
         const QSignalBlocker blocker(editor);
-        const QByteArray key = MDRValue::copy(recordValue(record, "KeyLink"));
+        const QByteArray key = MDRValue::copy(recordValue(record, Field::KeyLink));
         if (shown.isEmpty() || key != m_shownTemplate)
             editor->clearTemplateText(); // what was done to one template cannot be undone on another
         m_shownTemplate = key;
@@ -357,7 +360,7 @@ void TemplateTab::updateTemplateCommand()
 
 void TemplateTab::updateTemplateHtml()
 {
-    const MDRVar html = recordValue(editedTemplate(), "html");
+    const MDRVar html = recordValue(editedTemplate(), Field::html);
     if (html.isNull || html.type == mdr_TNone)
         return;
     TemplateEditor* editor = templateHtmlEditor();
@@ -375,7 +378,7 @@ QStringList TemplateTab::parameterFilter() const
     CModelTable equipment{std::string()};
     ParametersBase(m_module).createBaseEquipmentsParameter(&equipment, QByteArray());
     for (int i = 0; i < equipment.data.RecCount(); ++i) {
-        const HtmlParser parser = templateOf(recordValue(MDARec(equipment.data.array, 0, i), "html"));
+        const HtmlParser parser = templateOf(recordValue(MDARec(equipment.data.array, 0, i), Field::html));
         if (parser.countParameters() > 0)
             names << QString::fromStdString(parser.propertyNameValue(0));
     }
@@ -397,8 +400,8 @@ QString TemplateTab::fieldLocalName(QString field, QString table)
     if (fields.KeyAdd("TablesKey;nameLat", 0) != mdr_Ok)
         return {};
     const QByteArray fieldName = field.toUtf8();
-    const MDRVar pair[] = {recordValue(directory, "KeyLink"), MDRValue::text(fieldName)};
-    const MDRVar name = recordValue(MDARecSeekV(fields.array, key, pair, 0), "nameLoc");
+    const MDRVar pair[] = {recordValue(directory, Field::KeyLink), MDRValue::text(fieldName)};
+    const MDRVar name = recordValue(MDARecSeekV(fields.array, key, pair, 0), Field::nameLoc);
     const QString local = codec()->toUnicode(MDRValue::bytes(name));
     fields.lastError = MDAKeyDel(fields.array, key);
     return local;

@@ -1,3 +1,4 @@
+#include "Fields.h"
 #include "TemplateTab.h"
 #include "ui_TemplateTab.h"
 
@@ -64,5 +65,5 @@ void TemplateTab::newTemplate_Public(QModelIndex index, MDRData* record)
 
 void TemplateTab::whereInsertRecord_Public(int& row, QModelIndex& parent, TEventNciParse* event)
 {
-    whereInsert(row, parent, event, nullptr, nullptr, {"OrgTypeKey", "DepartmentKey"});
+    whereInsert(row, parent, event, nullptr, nullptr, {Field::OrgTypeKey, Field::DepartmentKey});
 }

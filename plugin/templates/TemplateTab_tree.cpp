@@ -1,6 +1,7 @@
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "GenGuid32.h"
 #include "LogbookTables.h"
 #include "LogText.h"
@@ -37,7 +38,7 @@ MDRVar keyOrNull(const QByteArray& key)
 
 QByteArray keyOf(const MDRData* record)
 {
-    return MDRValue::copy(recordValue(record, "KeyLink"));
+    return MDRValue::copy(recordValue(record, Field::KeyLink));
 }
 
 void beginTyping(QLineEdit* edit)
@@ -56,11 +57,11 @@ MDRData* TemplateTab::newCategory(const QModelIndex& parent, const QString& name
     m_model->beginInsertRow(m_model->folderCount(parent), parent);
     MDRData* record = MDARecNew(rows.array);
     MDRSetFlags(record, ROW_INSERT);
-    rows.SetValF(record, "KeyLink", MDRValue::text(key));
-    rows.SetValF(record, "ParentKey", keyOrNull(parentKey));
-    rows.SetValF(record, "OrgTypeKey", keyOrNull(orgTypeKey));
-    rows.SetValF(record, "DepartmentKey", keyOrNull(departmentKey));
-    rows.SetValF(record, "nameLoc", MDRValue::text(nameBytes));
+    rows.SetValF(record, Field::KeyLink, MDRValue::text(key));
+    rows.SetValF(record, Field::ParentKey, keyOrNull(parentKey));
+    rows.SetValF(record, Field::OrgTypeKey, keyOrNull(orgTypeKey));
+    rows.SetValF(record, Field::DepartmentKey, keyOrNull(departmentKey));
+    rows.SetValF(record, Field::nameLoc, MDRValue::text(nameBytes));
     record = rows.RecPost(record);
     m_model->endInsertRow();
     m_isSent = false;
@@ -76,10 +77,10 @@ void TemplateTab::insertTemplate(const QModelIndex& parent, const QByteArray& ca
     m_model->beginAppendRow(parent);
     MDRData* record = MDARecNew(rows.array);
     MDRSetFlags(record, ROW_INSERT);
-    rows.SetValF(record, "KeyLink", MDRValue::text(key));
-    rows.SetValF(record, "CategoryKey", keyOrNull(category));
-    rows.SetValF(record, "nameLoc", MDRValue::text(name));
-    rows.SetValF(record, "html", html);
+    rows.SetValF(record, Field::KeyLink, MDRValue::text(key));
+    rows.SetValF(record, Field::CategoryKey, keyOrNull(category));
+    rows.SetValF(record, Field::nameLoc, MDRValue::text(name));
+    rows.SetValF(record, Field::html, html);
     record = rows.RecPost(record);
     m_model->endAppendRow();
     m_isSent = false;
@@ -129,8 +130,8 @@ void TemplateTab::newFolderUnder(const QModelIndex& index, MDRData* record, cons
     const auto scope = [&](const char* field) {
         return isRoot && qstrcmp(scopeField, field) == 0 ? key : QByteArray();
     };
-    newCategory(parent, tr("Новая подкатегория"), isRoot ? QByteArray() : key, scope("OrgTypeKey"),
-                scope("DepartmentKey"));
+    newCategory(parent, tr("Новая подкатегория"), isRoot ? QByteArray() : key, scope(Field::OrgTypeKey),
+                scope(Field::DepartmentKey));
     updateEditStatus();
 }
 
@@ -216,10 +217,10 @@ void TemplateTab::answerDelete(QAbstractButton* button)
 void TemplateTab::deleteTemplate(MDRData* record)
 {
     CMDArray& rows = m_tables.templatesEdit.data;
-    const MDRVar key = recordValue(record, "KeyLink");
+    const MDRVar key = recordValue(record, Field::KeyLink);
     MDRData* deletion = MDARecNew(rows.array);
     MDRSetFlags(deletion, ROW_DELETE);
-    MDRSetVal(MDRFldByName(rows.array, "KeyLink"), deletion, &key);
+    MDRSetVal(MDRFldByName(rows.array, Field::KeyLink), deletion, &key);
     rows.RecPost(deletion);
 }
 
@@ -235,16 +236,16 @@ void TemplateTab::deleteFolder(MDRData* record, std::set<const MDRData*>* seen)
     if (!seen->insert(record).second)
         return;
     const QByteArray key = keyOf(record);
-    for (MDRData* child : MDARecsWith(m_tables.categories.data.array, "ParentKey", key.constData()))
+    for (MDRData* child : MDARecsWith(m_tables.categories.data.array, Field::ParentKey, key.constData()))
         deleteFolder(child, seen);
-    for (MDRData* child : MDARecsWith(m_tables.templates.data.array, "CategoryKey", key.constData()))
+    for (MDRData* child : MDARecsWith(m_tables.templates.data.array, Field::CategoryKey, key.constData()))
         deleteTemplate(child);
 
     CMDArray& rows = m_tables.categoriesEdit.data;
     MDRData* deletion = MDARecNew(rows.array);
     MDRSetFlags(deletion, ROW_DELETE);
     const MDRVar value = MDRValue::text(key);
-    MDRSetVal(MDRFldByName(rows.array, "KeyLink"), deletion, &value);
+    MDRSetVal(MDRFldByName(rows.array, Field::KeyLink), deletion, &value);
     rows.RecPost(deletion);
 }
 
@@ -291,5 +292,5 @@ void TemplateTab::pasteTemplate(MDRData* record)
     if (TemplateTables::isContains(&m_tables.templates, m_model->recordByIndex(index)))
         index = index.parent();
     insertTemplate(index, index.data(Qt::UserRole).toString().toUtf8(),
-                   MDRValue::copy(recordValue(record, "nameLoc")), recordValue(record, "html"));
+                   MDRValue::copy(recordValue(record, Field::nameLoc)), recordValue(record, Field::html));
 }

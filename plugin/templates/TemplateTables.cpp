@@ -39,7 +39,7 @@ MDRData* TemplateTables::recordByKeyLink(const CModelTable* table, const char* k
 {
     if (!table || !key || *key == '\0')
         return nullptr;
-    const MDRRange found = MDARecsWith(table->data.array, "KeyLink", key);
+    const MDRRange found = MDARecsWith(table->data.array, Field::KeyLink, key);
     return found.count > 0 ? found.data[0] : nullptr;
 }
 

@@ -1,6 +1,7 @@
 #include "TemplatesEditSourceModel.h"
 
 #include "CVrkCliMod.h"
+#include "Fields.h"
 #include "MDRValues.h"
 #include "RecordValue.h"
 
@@ -137,7 +138,7 @@ bool TemplatesEditSourceModel::isContains(const CModelTable* table, const MDRDat
 
 MDRData* TemplatesEditSourceModel::recordWithKey(const CModelTable* table, const char* key)
 {
-    const MDRRange found = table ? MDARecsWith(table->data.array, "KeyLink", key) : MDRRange();
+    const MDRRange found = table ? MDARecsWith(table->data.array, Field::KeyLink, key) : MDRRange();
     return found.count > 0 ? found.data[0] : nullptr;
 }
 
@@ -203,24 +204,24 @@ TemplatesEditSourceModel::Rows TemplatesEditSourceModel::rowsUnder(const MDRData
     Rows rows;
     if (!parent) {
         rows.categories = MDARecsWithout(m_categories->data.array, "ParentKey;OrgTypeKey;DepartmentKey");
-        rows.newCategories = inserted(MDARecsWithout(m_categoriesEdit->data.array, "ParentKey"));
+        rows.newCategories = inserted(MDARecsWithout(m_categoriesEdit->data.array, Field::ParentKey));
         return rows;
     }
     const bool isRoot = isContains(m_roots, parent);
     const bool isNew = isContains(m_categoriesEdit, parent) && (parent->flags & ROW_INSERT) != 0;
     const bool isFolder =
         isContains(m_categories, parent) || (isNew && m_level.roots == TemplateLevel::NoRoots);
-    const MDRVar key = recordValue(parent, "KeyLink");
+    const MDRVar key = recordValue(parent, Field::KeyLink);
     if ((!isRoot && !isFolder) || !MDRValue::hasText(key))
         return rows;
 
     const char* keyText = key.value.text.data;
-    const char* field = isRoot ? m_level.scopeField : "ParentKey";
+    const char* field = isRoot ? m_level.scopeField : Field::ParentKey;
     rows.categories = MDARecsWith(m_categories->data.array, field, keyText);
     rows.newCategories = inserted(MDARecsWith(m_categoriesEdit->data.array, field, keyText));
     if (isFolder) {
-        rows.templates = MDARecsWith(m_templates->data.array, "CategoryKey", keyText);
-        rows.newTemplates = inserted(MDARecsWith(m_templatesEdit->data.array, "CategoryKey", keyText));
+        rows.templates = MDARecsWith(m_templates->data.array, Field::CategoryKey, keyText);
+        rows.newTemplates = inserted(MDARecsWith(m_templatesEdit->data.array, Field::CategoryKey, keyText));
     }
     return rows;
 }
@@ -279,9 +280,9 @@ MDRData* TemplatesEditSourceModel::parentRecord(const MDRData* record, bool* orp
         if (m_level.scopeField)
             key = recordValue(record, m_level.scopeField);
         if (!MDRValue::hasText(key))
-            key = recordValue(record, "ParentKey");
+            key = recordValue(record, Field::ParentKey);
     } else if (isContains(m_templates, record) || isContains(m_templatesEdit, record)) {
-        key = recordValue(record, "CategoryKey");
+        key = recordValue(record, Field::CategoryKey);
     }
     if (!MDRValue::hasText(key))
         return nullptr;
@@ -290,7 +291,7 @@ MDRData* TemplatesEditSourceModel::parentRecord(const MDRData* record, bool* orp
     for (const CModelTable* table : {m_roots, m_categories})
         if (MDRData* found = recordWithKey(table, keyText))
             return found;
-    for (MDRData* found : MDARecsWith(m_categoriesEdit->data.array, "KeyLink", keyText))
+    for (MDRData* found : MDARecsWith(m_categoriesEdit->data.array, Field::KeyLink, keyText))
         if (found->flags & ROW_INSERT)
             return found;
     *orphan = true;
@@ -352,7 +353,7 @@ QVariant TemplatesEditSourceModel::data(const QModelIndex& index, int role) cons
         return {};
     switch (role) {
     case Qt::DisplayRole: {
-        const MDRVar name = recordValue(record, table == m_roots ? "name_" : "nameLoc");
+        const MDRVar name = recordValue(record, table == m_roots ? Field::name_ : Field::nameLoc);
         return MDRValue::isText(name) && !name.isNull ? m_codec->toUnicode(MDRValue::bytes(name))
                                                       : QVariant();
     }
@@ -361,9 +362,9 @@ QVariant TemplatesEditSourceModel::data(const QModelIndex& index, int role) cons
             return picture("folder.png");
         return picture(table == m_templates ? "template.png" : "edited.png");
     case Qt::UserRole:
-        return text(record, "KeyLink");
+        return text(record, Field::KeyLink);
     case Qt::ToolTipRole:
-        return m_level.tellsKey ? QVariant(text(record, "KeyLink")) : QVariant();
+        return m_level.tellsKey ? QVariant(text(record, Field::KeyLink)) : QVariant();
     default:
         return {};
     }

@@ -1,3 +1,4 @@
+#include "Fields.h"
 #include "RecordValue.h"
 #include "TemplatesEditSourceModel.h"
 
@@ -42,7 +43,7 @@ QMimeData* TemplatesEditSourceModel::mimeData(const QModelIndexList& indexes) co
         return mime;
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << text(record, "KeyLink");
+    stream << text(record, Field::KeyLink);
     mime->setData(isCategory ? categoryFormat() : templateFormat(), bytes);
     return mime;
 }

@@ -66,7 +66,7 @@ CVrkCliSes* AppendWorkerDialog::session() const
 
 void AppendWorkerDialog::setWorkshiftRecord(MDRData* record)
 {
-    m_workshiftKey = MDRValue::copy(recordValue(record, "KeyLink"));
+    m_workshiftKey = MDRValue::copy(recordValue(record, Field::KeyLink));
 }
 
 void AppendWorkerDialog::setDepartmentKey(const QString& key)
@@ -80,7 +80,7 @@ KeptTexts::Values AppendWorkerDialog::unsaved() const
     QStringList workers;
     for (int position = 0; position < m_pending.data.RecCount(); ++position)
         workers << QString::fromUtf8(
-            MDRValue::copy(recordValue(MDARec(m_pending.data.array, 0, position), "WorkerKey")));
+            MDRValue::copy(recordValue(MDARec(m_pending.data.array, 0, position), Field::WorkerKey)));
     if (workers.isEmpty())
         return {};
     return {{QStringLiteral("caption"),
@@ -144,7 +144,7 @@ void AppendWorkerDialog::reload()
     m_crew->setTables(m_workers, m_roles, m_workerRoles);
     for (int position = 0; m_crewRows && position < m_crewRows->data.RecCount(); ++position)
         m_crew->append(QString::fromUtf8(
-            MDRValue::bytes(recordValue(MDARec(m_crewRows->data.array, 0, position), "WorkerKey"))));
+            MDRValue::bytes(recordValue(MDARec(m_crewRows->data.array, 0, position), Field::WorkerKey))));
 }
 
 void AppendWorkerDialog::updateApplyEnabled()
@@ -176,7 +176,7 @@ void AppendWorkerDialog::updateTemplate()
     for (int position = 0; position < count; ++position) {
         const auto index = static_cast<unsigned>(position);
         const QByteArray key =
-            MDRValue::copy(recordValue(MDARec(m_pending.data.array, 0, position), "WorkerKey"));
+            MDRValue::copy(recordValue(MDARec(m_pending.data.array, 0, position), Field::WorkerKey));
         const QString name =
             HfnWrapper::workerShortName(session()->codec(), m_workers, QString::fromUtf8(key));
         if (!name.isEmpty())
@@ -197,10 +197,10 @@ void AppendWorkerDialog::appendWorker(const QString& workerKey)
     const QByteArray worker = workerKey.toUtf8();
     MDRData* row = MDARecNew(m_pending.data.array);
     MDRSetFlags(row, ROW_INSERT);
-    m_pending.data.SetValF(row, "KeyLink", MDRValue::text(rowKey));
-    m_pending.data.SetValF(row, "WorkshiftKey", MDRValue::text(m_workshiftKey));
-    m_pending.data.SetValF(row, "WorkerKey", MDRValue::text(worker));
-    m_pending.data.SetValF(row, "opening", MDRValue::boolean(true));
+    m_pending.data.SetValF(row, Field::KeyLink, MDRValue::text(rowKey));
+    m_pending.data.SetValF(row, Field::WorkshiftKey, MDRValue::text(m_workshiftKey));
+    m_pending.data.SetValF(row, Field::WorkerKey, MDRValue::text(worker));
+    m_pending.data.SetValF(row, Field::opening, MDRValue::boolean(true));
     m_pending.data.RecPost(row);
 
     m_crew->append(workerKey);
@@ -242,17 +242,18 @@ void AppendWorkerDialog::writeRecord()
 
     CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
     MDRData* row = batch.newRow(ROW_INSERT, recordKey);
-    batch.SetValF(row, "KeyLink", MDRValue::text(recordKey));
-    batch.SetValF(row, "ShiftKey", MDRValue::text(m_workshiftKey));
-    batch.SetValF(row, "WorkerKey", MDRValue::text(workerKey));
-    for (const char* field : {"VisaWorkerKey", "ReceiverWorkerKey", "SecondMarkWorkerKey", "OriginRecordKey",
-                              "firstMarkTime", "executionTime", "secondMarkTime"})
+    batch.SetValF(row, Field::KeyLink, MDRValue::text(recordKey));
+    batch.SetValF(row, Field::ShiftKey, MDRValue::text(m_workshiftKey));
+    batch.SetValF(row, Field::WorkerKey, MDRValue::text(workerKey));
+    for (const char* field : fieldNames(Field::VisaWorkerKey, Field::ReceiverWorkerKey,
+                                        Field::SecondMarkWorkerKey, Field::OriginRecordKey,
+                                        Field::firstMarkTime, Field::executionTime, Field::secondMarkTime))
         batch.SetValF(row, field, null);
-    batch.SetValF(row, "recordTime", MDRValue::real(now));
-    batch.SetValF(row, "eventTime", MDRValue::real(now));
-    batch.SetValF(row, "html", MDRValue::text(html, mdr_TMemo));
-    batch.SetValF(row, "status", MDRValue::number(StatusApproved));
-    batch.SetValF(row, "direction", MDRValue::number(DirectionNone));
+    batch.SetValF(row, Field::recordTime, MDRValue::real(now));
+    batch.SetValF(row, Field::eventTime, MDRValue::real(now));
+    batch.SetValF(row, Field::html, MDRValue::text(html, mdr_TMemo));
+    batch.SetValF(row, Field::status, MDRValue::number(StatusApproved));
+    batch.SetValF(row, Field::direction, MDRValue::number(DirectionNone));
     batch.RecPost(row);
     if (!session()->SqlUpdate(LogbookTable::Records, batch.array, true, nullptr))
         reportFailure(LogbookTable::Records); // the workers stay added

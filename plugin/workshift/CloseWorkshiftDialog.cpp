@@ -68,7 +68,7 @@ void CloseWorkshiftDialog::showEditor(const QString&, unsigned int) {}
 void CloseWorkshiftDialog::setCurrentWorkshift(MDRData* workshift)
 {
     // The key is kept, not the record: the table may be loaded anew while the dialog is open.
-    m_workshiftKey = MDRValue::copy(recordValue(workshift, "KeyLink"));
+    m_workshiftKey = MDRValue::copy(recordValue(workshift, Field::KeyLink));
 }
 
 MDRData* CloseWorkshiftDialog::currentWorkshift() const
@@ -123,8 +123,8 @@ void CloseWorkshiftDialog::approveDrafts() const
         const MDRData* record = MDARec(records->data.array, 0, position);
         if (!hasStatus(record, StatusDraft))
             continue;
-        MDRData* row = batch.newRow(ROW_UPDATE, MDRValue::copy(recordValue(record, "KeyLink")));
-        batch.SetValF(row, "status", MDRValue::number(StatusApproved));
+        MDRData* row = batch.newRow(ROW_UPDATE, MDRValue::copy(recordValue(record, Field::KeyLink)));
+        batch.SetValF(row, Field::status, MDRValue::number(StatusApproved));
         batch.RecPost(row);
     }
     if (batch.RecCount() > 0 && !send(LogbookTable::Records, batch))
@@ -146,15 +146,16 @@ bool CloseWorkshiftDialog::closeWorkshift(const MDRData* workshift, const QByteA
         MDRSetVal(MDRFldByNum(batch.array, number), row, &value);
     }
     const QByteArray workerKey = m_workerKey.toUtf8();
-    batch.SetValF(row, "CloseWorkerKey", MDRValue::text(workerKey));
+    batch.SetValF(row, Field::CloseWorkerKey, MDRValue::text(workerKey));
     batch.RecPost(row);
     if (send(LogbookTable::Workshifts, batch))
         return true;
-    LogText::warn(applySignature(),
-                  LogText::fill(QStringLiteral("failed closing workshift! SqlUpdate returned FALSE! Data: "
-                                               "Table[%1],%2[%3],%4[%5]"),
-                                {QLatin1String(LogbookTable::Workshifts), QStringLiteral("KeyLink"),
-                                 QString::fromLatin1(key), QStringLiteral("CloseWorkerKey"), m_workerKey}));
+    LogText::warn(
+        applySignature(),
+        LogText::fill(QStringLiteral("failed closing workshift! SqlUpdate returned FALSE! Data: "
+                                     "Table[%1],%2[%3],%4[%5]"),
+                      {QLatin1String(LogbookTable::Workshifts), QLatin1String(Field::KeyLink),
+                       QString::fromLatin1(key), QLatin1String(Field::CloseWorkerKey), m_workerKey}));
     return false;
 }
 

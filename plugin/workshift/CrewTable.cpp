@@ -2,6 +2,7 @@
 
 #include "CMDArray.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "HfnWrapper.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
@@ -78,7 +79,8 @@ QString CrewTable::shownName(const QString& workerKey) const
                        "WHERE W.KeyLink = '%1'")
             .arg(workerKey)
             .toUtf8());
-    const QString login = codec->toUnicode(MDRValue::bytes(recordValue(MDARec(answer.array, 0, 0), "login")));
+    const QString login =
+        codec->toUnicode(MDRValue::bytes(recordValue(MDARec(answer.array, 0, 0), Field::login)));
     return login.isEmpty() ? QStringLiteral("—") : login;
 }
 

@@ -2,6 +2,7 @@
 
 #include "CVrkCliMod.h"
 #include "CVrkToolCalcExec.h"
+#include "Fields.h"
 #include "GenGuid32.h"
 #include "HfnTime.h"
 
@@ -34,10 +35,10 @@ if( idx >= CTblRecCount(table) ) {
 exit;
 }
 record = CTblRec( table, keySeek, idx );
-if( CRecFldGet(record, "DepartmentKey") != DepartmentKey ) {
+if( CRecFldGet(record, Field::DepartmentKey) != DepartmentKey ) {
 exit;
 }
-endTime = CRecFldGet(record, "endTime");
+endTime = CRecFldGet(record, Field::endTime);
 // Если не указано время конца смены, то это какая-то ошибка
 if( type(endTime) != var_Dbl ) {
 exit;

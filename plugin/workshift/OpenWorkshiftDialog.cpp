@@ -4,6 +4,7 @@
 #include "CrewTable.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "LastWorkshift.h"
 #include "LogbookTables.h"
 #include "RecordValue.h"
@@ -116,19 +117,20 @@ void OpenWorkshiftDialog::reloadShifts()
     const QDateTime now = module()->session()->HfnTimeToSesTime();
     for (int position = 0; shifts && position < shifts->data.RecCount(); ++position) {
         const MDRData* shift = MDARec(shifts->data.array, 0, position);
-        if (MDRValue::bytes(recordValue(shift, "DepartmentKey")) != department)
+        if (MDRValue::bytes(recordValue(shift, Field::DepartmentKey)) != department)
             continue;
-        const auto interval = toCurrentInterval(recordValue(shift, "startTime").value.real,
-                                                recordValue(shift, "endTime").value.real, now);
+        const auto interval = toCurrentInterval(recordValue(shift, Field::startTime).value.real,
+                                                recordValue(shift, Field::endTime).value.real, now);
         const QString format = QStringLiteral("dd.MM hh:mm");
-        const QString texts[] = {codec()->toUnicode(MDRValue::bytes(recordValue(shift, "name_"))),
+        const QString texts[] = {codec()->toUnicode(MDRValue::bytes(recordValue(shift, Field::name_))),
                                  interval.first.toString(format) + QStringLiteral(" - ") +
                                      interval.second.toString(format)};
         const int row = view->rowCount();
         view->insertRow(row);
         for (int column = 0; column < 2; ++column) {
             auto* item = new QTableWidgetItem(texts[column]);
-            item->setData(Qt::UserRole, QString::fromLatin1(MDRValue::bytes(recordValue(shift, "KeyLink"))));
+            item->setData(Qt::UserRole,
+                          QString::fromLatin1(MDRValue::bytes(recordValue(shift, Field::KeyLink))));
             item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
             view->setItem(row, column, item);
         }
@@ -166,8 +168,8 @@ void OpenWorkshiftDialog::changeSelectedShift()
     if (!key.isEmpty() && shifts) {
         const MDRVar wanted = MDRValue::text(key);
         if (const MDRData* shift = MDARecSeekV(shifts->data.array, 0, &wanted, 0))
-            interval = toCurrentInterval(recordValue(shift, "startTime").value.real,
-                                         recordValue(shift, "endTime").value.real, now);
+            interval = toCurrentInterval(recordValue(shift, Field::startTime).value.real,
+                                         recordValue(shift, Field::endTime).value.real, now);
     }
     m_form->startDateEdit->setDate(interval.first.date());
     m_form->startTimeEdit->setTime(interval.first.time());

@@ -15,7 +15,7 @@ QByteArrayList keysOf(const CMDArray& rows)
 {
     QByteArrayList keys;
     for (int position = 0; position < rows.RecCount(); ++position)
-        keys << MDRValue::copy(recordValue(MDARec(rows.array, 0, position), "KeyLink"));
+        keys << MDRValue::copy(recordValue(MDARec(rows.array, 0, position), Field::KeyLink));
     return keys;
 }
 
@@ -60,24 +60,24 @@ void OpenWorkshiftDialog::openWorkshift()
 
     CRowBatch workshift(LogbookWorkshiftFields, fieldCount(LogbookWorkshiftFields));
     MDRData* row = workshift.newRow(ROW_INSERT, workshiftKey);
-    workshift.SetValF(row, "KeyLink", MDRValue::text(workshiftKey));
-    workshift.SetValF(row, "DepartmentKey", MDRValue::text(departmentKey));
-    workshift.SetValF(row, "OpenWorkerKey", MDRValue::text(workerKey));
-    workshift.SetValF(row, "CloseWorkerKey", MDRValue::null());
-    workshift.SetValF(row, "createdAt", MDRValue::real(now));
-    workshift.SetValF(row, "startTime", MDRValue::real(from));
-    workshift.SetValF(row, "endTime", MDRValue::real(to));
+    workshift.SetValF(row, Field::KeyLink, MDRValue::text(workshiftKey));
+    workshift.SetValF(row, Field::DepartmentKey, MDRValue::text(departmentKey));
+    workshift.SetValF(row, Field::OpenWorkerKey, MDRValue::text(workerKey));
+    workshift.SetValF(row, Field::CloseWorkerKey, MDRValue::null());
+    workshift.SetValF(row, Field::createdAt, MDRValue::real(now));
+    workshift.SetValF(row, Field::startTime, MDRValue::real(from));
+    workshift.SetValF(row, Field::endTime, MDRValue::real(to));
     workshift.RecPost(row);
     if (!send(LogbookTable::Workshifts, workshift)) {
         LogText::warn(
             signature,
             LogText::fill(QStringLiteral("error open workshift! SqlUpdate returned FALSE! Data: Table[%1]: "
                                          "%2[%3], %4[%5], %6[%7], %8[%9], %10[%11], %12[%13],"),
-                          {QLatin1String(LogbookTable::Workshifts), QStringLiteral("KeyLink"),
-                           QString::fromLatin1(workshiftKey), QStringLiteral("DepartmentKey"),
-                           m_departmentKey, QStringLiteral("OpenWorkerKey"), m_workerKey,
-                           QStringLiteral("CloseWorkerKey"), QStringLiteral("NULL"),
-                           QStringLiteral("startTime"), logNumber(from), QStringLiteral("endTime"),
+                          {QLatin1String(LogbookTable::Workshifts), QLatin1String(Field::KeyLink),
+                           QString::fromLatin1(workshiftKey), QLatin1String(Field::DepartmentKey),
+                           m_departmentKey, QLatin1String(Field::OpenWorkerKey), m_workerKey,
+                           QLatin1String(Field::CloseWorkerKey), QStringLiteral("NULL"),
+                           QLatin1String(Field::startTime), logNumber(from), QLatin1String(Field::endTime),
                            logNumber(to)}));
         emit error(title, tr("Произошла внутренняя ошибка при открытии смены!"));
         return;

@@ -3,6 +3,7 @@
 #include "CModelTable.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "HfnWrapper.h"
 #include "LogbookTables.h"
 #include "LogText.h"
@@ -64,7 +65,7 @@ void OpenWorkshiftDialog::autoFillNamed(const QString& parameter, const char* ta
         LogText::warn(signature, LogText::fill(notFound, {key}));
         return;
     }
-    const MDRVar name = recordValue(row, "name_");
+    const MDRVar name = recordValue(row, Field::name_);
     if (MDRValue::hasText(name))
         m_filler->setParameterValue(found.constFirst(), codec()->toUnicode(MDRValue::bytes(name)), key);
 }

@@ -171,7 +171,7 @@ void WorkshiftDialog::reloadTemplateText(MDRData* record, const QString& signatu
     m_filler->setTemplate(QString());
     if (!record)
         return;
-    const MDRVar html = recordValue(record, "html");
+    const MDRVar html = recordValue(record, Field::html);
     if (MDRValue::hasText(html))
         m_filler->setTemplate(codec()->toUnicode(MDRValue::bytes(html)));
     else
@@ -201,10 +201,10 @@ void WorkshiftDialog::addCrewRows(CRowBatch& batch, const QByteArray& workshiftK
         const QByteArray workerKey = worker.toUtf8();
         const QByteArray rowKey = GenGuid32();
         MDRData* row = batch.newRow(ROW_INSERT, rowKey);
-        batch.SetValF(row, "KeyLink", MDRValue::text(rowKey));
-        batch.SetValF(row, "WorkshiftKey", MDRValue::text(workshiftKey));
-        batch.SetValF(row, "WorkerKey", MDRValue::text(workerKey));
-        batch.SetValF(row, "opening", MDRValue::boolean(opening));
+        batch.SetValF(row, Field::KeyLink, MDRValue::text(rowKey));
+        batch.SetValF(row, Field::WorkshiftKey, MDRValue::text(workshiftKey));
+        batch.SetValF(row, Field::WorkerKey, MDRValue::text(workerKey));
+        batch.SetValF(row, Field::opening, MDRValue::boolean(opening));
         batch.RecPost(row);
     }
 }
@@ -217,29 +217,29 @@ void WorkshiftDialog::addRecord(CRowBatch& batch, const QByteArray& workshiftKey
     const QString text = m_filler->filledTemplate(true);
     const QByteArray html = codec()->fromUnicode(text);
     const QString null = QStringLiteral("NULL");
-    struct Field {
+    struct Written {
         const char* name;
         MDRVar value;
         QString shown;
     };
-    const Field fields[] = {
-        {"KeyLink", MDRValue::text(recordKey), QString::fromLatin1(recordKey)},
-        {"ShiftKey", MDRValue::text(workshiftKey), QString::fromLatin1(workshiftKey)},
-        {"WorkerKey", MDRValue::text(workerKey), m_workerKey},
-        {"VisaWorkerKey", MDRValue::null(), null},
-        {"ReceiverWorkerKey", MDRValue::null(), null},
-        {"SecondMarkWorkerKey", MDRValue::null(), null},
-        {"recordTime", MDRValue::real(time), logNumber(time)},
-        {"eventTime", MDRValue::real(time), logNumber(time)},
-        {"firstMarkTime", MDRValue::null(), null},
-        {"secondMarkTime", MDRValue::null(), null},
-        {"executionTime", MDRValue::null(), null},
-        {"html", MDRValue::text(html, mdr_TMemo), text},
-        {"status", MDRValue::number(StatusApproved), QString::number(StatusApproved)},
-        {"direction", MDRValue::number(DirectionNone), QString::number(DirectionNone)},
+    const Written fields[] = {
+        {Field::KeyLink, MDRValue::text(recordKey), QString::fromLatin1(recordKey)},
+        {Field::ShiftKey, MDRValue::text(workshiftKey), QString::fromLatin1(workshiftKey)},
+        {Field::WorkerKey, MDRValue::text(workerKey), m_workerKey},
+        {Field::VisaWorkerKey, MDRValue::null(), null},
+        {Field::ReceiverWorkerKey, MDRValue::null(), null},
+        {Field::SecondMarkWorkerKey, MDRValue::null(), null},
+        {Field::recordTime, MDRValue::real(time), logNumber(time)},
+        {Field::eventTime, MDRValue::real(time), logNumber(time)},
+        {Field::firstMarkTime, MDRValue::null(), null},
+        {Field::secondMarkTime, MDRValue::null(), null},
+        {Field::executionTime, MDRValue::null(), null},
+        {Field::html, MDRValue::text(html, mdr_TMemo), text},
+        {Field::status, MDRValue::number(StatusApproved), QString::number(StatusApproved)},
+        {Field::direction, MDRValue::number(DirectionNone), QString::number(DirectionNone)},
     };
     MDRData* row = batch.newRow(ROW_INSERT, recordKey);
-    for (const Field& field : fields) {
+    for (const Written& field : fields) {
         batch.SetValF(row, field.name, field.value);
         *pairs << QLatin1String(field.name) << field.shown;
     }

@@ -4,6 +4,7 @@
 #include "CrewTable.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "HfnWrapper.h"
 #include "RecordValue.h"
 #include "ui_WorkshiftInfoDialog.h"
@@ -40,7 +41,7 @@ void WorkshiftInfoDialog::showEvent(QShowEvent* event)
 
 void WorkshiftInfoDialog::setWorkshiftRecord(MDRData* record)
 {
-    m_workshiftKey = MDRValue::copy(recordValue(record, "KeyLink"));
+    m_workshiftKey = MDRValue::copy(recordValue(record, Field::KeyLink));
 }
 
 void WorkshiftInfoDialog::reload()
@@ -57,8 +58,8 @@ void WorkshiftInfoDialog::reload()
         label->setText(session->HfnTimeToSesTime(recordValue(workshift, field).value.real)
                            .toString(QStringLiteral("dd.MM.yyyy hh:mm")));
     };
-    showTime(m_form->startValue, "startTime");
-    showTime(m_form->endValue, "endTime");
+    showTime(m_form->startValue, Field::startTime);
+    showTime(m_form->endValue, Field::endTime);
     const auto showWorker = [&](QLabel* caption, QLabel* label, const char* field) {
         const MDRVar key = recordValue(workshift, field);
         caption->setVisible(!key.isNull);
@@ -66,13 +67,13 @@ void WorkshiftInfoDialog::reload()
         label->setText(
             HfnWrapper::workerFullName(session->codec(), m_workers, QString::fromUtf8(MDRValue::bytes(key))));
     };
-    showWorker(m_form->openLabel, m_form->openValue, "OpenWorkerKey");
-    showWorker(m_form->closeLabel, m_form->closeValue, "CloseWorkerKey");
+    showWorker(m_form->openLabel, m_form->openValue, Field::OpenWorkerKey);
+    showWorker(m_form->closeLabel, m_form->closeValue, Field::CloseWorkerKey);
 
     m_crew->setTables(m_workers, m_roles, m_workerRoles);
     for (int position = 0; m_crewRows && position < m_crewRows->data.RecCount(); ++position)
         m_crew->append(QString::fromUtf8(
-            MDRValue::bytes(recordValue(MDARec(m_crewRows->data.array, 0, position), "WorkerKey"))));
+            MDRValue::bytes(recordValue(MDARec(m_crewRows->data.array, 0, position), Field::WorkerKey))));
 }
 
 void WorkshiftInfoDialog::keyPressEvent(QKeyEvent* event)

@@ -2,6 +2,7 @@
 
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Fields.h"
 #include "LogbookTables.h"
 #include "LogText.h"
 #include "RecordValue.h"
@@ -49,15 +50,15 @@ void WorkshiftsDialog::reloadWorkshifts()
     }
     CVrkCliSes* session = static_cast<CVrkCliMod*>(parent())->session();
     const QString sql = QString::fromLatin1(LogbookSql::ClosedWorkshifts)
-                            .arg(QLatin1String(LogbookTable::Workshifts), QStringLiteral("DepartmentKey"),
-                                 m_departmentKey, QStringLiteral("CloseWorkerKey"));
+                            .arg(QLatin1String(LogbookTable::Workshifts), QLatin1String(Field::DepartmentKey),
+                                 m_departmentKey, QLatin1String(Field::CloseWorkerKey));
     CMDArray workshifts;
     workshifts = session->SqlRequest(sql.toUtf8().constData());
     if (!workshifts.array) {
         LogText::warn(signature, QStringLiteral("error SQL query execution [%1]").arg(sql));
         return;
     }
-    workshifts.KeyAdd("KeyLink", 0);
+    workshifts.KeyAdd(Field::KeyLink, 0);
     workshifts.KeyAdd("startTime:0x4", 0);
     while (MDAKeyCount(workshifts.array) > 2)
         workshifts.lastError = MDAKeyDel(workshifts.array, 0);
@@ -68,9 +69,10 @@ void WorkshiftsDialog::reloadWorkshifts()
             return session->HfnTimeToSesTime(recordValue(workshift, field).value.real)
                 .toString(QStringLiteral("dd.MM.yyyy hh:mm"));
         };
-        auto* item = new QListWidgetItem(time("startTime") + QStringLiteral(" - ") + time("endTime"),
-                                         m_form->workshiftsList);
-        item->setData(Qt::UserRole, QString::fromLatin1(MDRValue::bytes(recordValue(workshift, "KeyLink"))));
+        auto* item = new QListWidgetItem(
+            time(Field::startTime) + QStringLiteral(" - ") + time(Field::endTime), m_form->workshiftsList);
+        item->setData(Qt::UserRole,
+                      QString::fromLatin1(MDRValue::bytes(recordValue(workshift, Field::KeyLink))));
     }
 }
 
