@@ -122,11 +122,12 @@ void LogBookTab::dropAnnex()
 {
     delete m_paneRoom;
     m_paneRoom = nullptr;
+    // First: a question or a dialog that goes lets a row become current that has waited for it.
+    delete m_tableTool;
+    m_tableTool = nullptr;
     m_filesPane.reset();
     m_commentsPane.reset();
     m_messages.reset();
-    delete m_tableTool;
-    m_tableTool = nullptr;
 }
 
 void LogBookTab::reloadPanes(MDRData* record)

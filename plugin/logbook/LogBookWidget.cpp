@@ -42,12 +42,12 @@ LogBookWidget::LogBookWidget(QWidget* parent)
 
 LogBookWidget::~LogBookWidget()
 {
-    // They belong to the module's window, but hold tables of this page. The view goes before the tables too.
+    dropAnnex();
+    // They belong to the module's window, but hold tables of this page.
     for (QWidget* dialog : std::initializer_list<QWidget*>{
              m_openWorkshift, m_closeWorkshift, m_workshiftInfo, m_workshiftsDialog, m_dateTimeRange,
              m_appendWorker, m_recordCreator, m_secondMarker, m_timeExecution, m_report, m_orgStruct})
         delete dialog;
-    dropAnnex();
 }
 
 CModelTable* LogBookWidget::table(const QString& name)
