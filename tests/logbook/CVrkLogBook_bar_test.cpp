@@ -73,7 +73,133 @@ private:
         desk.deliver();
     }
 
+    /// What of the bar can be pressed: the entries of the shift, and the other buttons, each with its entries.
+    static QString pressable(JournalWindow& desk)
+    {
+        QStringList words;
+        const auto isOn = [&desk](const char* entry) { return desk.isEnabled(entry); };
+        const std::pair<const char*, const char*> ofShift[] = {{"openWorkshiftAction", "open"},
+                                                               {"closeWorkshiftAction", "close"},
+                                                               {"appendWorkerAction", "add"},
+                                                               {"infoWorkshiftAction", "info"}};
+        for (const auto& [entry, word] : ofShift)
+            if (isOn(entry))
+                words << QLatin1String(word);
+        for (const auto& [name, word] :
+             {std::pair("workshiftButton", "shift"), std::pair("createButton", "new"),
+              std::pair("executionButton", "done")})
+            if (button(desk, name)->isEnabled())
+                words << QLatin1String(word);
+        const struct {
+            const char* button;
+            const char* current;
+            const char* mine;
+            const char* all;
+        } menus[] = {
+            {"deleteButton", "deleteRecordAction", "deleteMyDraftsAction", "deleteAllDraftsAction"},
+            {"approveButton", "approveRecordAction", "approveMyRecordsAction", "approveAllRecordsAction"},
+            {"signButton", "signRecordAction", nullptr, "signAllRecordsAction"},
+        };
+        for (const auto& menu : menus) {
+            QString word = button(desk, menu.button)->isEnabled() ? QStringLiteral("+") : QStringLiteral("-");
+            word += isOn(menu.current) ? QStringLiteral("c") : QString();
+            word += menu.mine && isOn(menu.mine) ? QStringLiteral("m") : QString();
+            word += isOn(menu.all) ? QStringLiteral("a") : QString();
+            words << word;
+        }
+        return words.join(QLatin1Char(' '));
+    }
+    /// A record that may be executed, in a shift of the department below, with Ivanov in its crew.
+    static void workBelow(const TestStore& store)
+    {
+        const auto loader = store.openLoader();
+        QVERIFY(TestStore::write(
+            loader.get(), {{"LogbookWorkersWorkshift",
+                            ROW_INSERT,
+                            "CREW_ZAR_2",
+                            {{"KeyLink", "CREW_ZAR_2"},
+                             {"WorkshiftKey", "SHIFT_ZAR_OPEN"},
+                             {"WorkerKey", "WORKER_IVANOV"},
+                             {"opening", true}}},
+                           {"LogbookRecords",
+                            ROW_UPDATE,
+                            "REC_ZAR",
+                            {{"html", store.value(QStringLiteral(
+                                          "SELECT html FROM LogbookRecords WHERE KeyLink='REC_ORDER'"))}}}}));
+    }
+
 private slots:
+    void theBarOffersWhatMayBeDone_data()
+    {
+        QTest::addColumn<QByteArray>("login");
+        QTest::addColumn<QByteArray>("department");
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QByteArray>("record");
+        QTest::addColumn<QString>("offers");
+        const QByteArray none;
+        // Of the three menus: whether the button is on, and the entries for the current record, mine and all.
+        QTest::newRow("a colleague's draft")
+            << QByteArray("ivanov") << none << "" << QByteArray("REC_DRAFT_PETROV")
+            << "close add info shift new +cma +cma +a";
+        QTest::newRow("a record that may be executed")
+            << QByteArray("ivanov") << none << "" << QByteArray("REC_SUCCESSOR")
+            << "close add info shift new done +cma +ma +a";
+        QTest::newRow("a deleted record") << QByteArray("ivanov") << none << "" << QByteArray("REC_REPLACED")
+                                          << "close add info shift new +ma +ma +a";
+        QTest::newRow("drafts of others")
+            << QByteArray("ivanov") << none << "deleteMyDraftsAction" << QByteArray("REC_REPLACED")
+            << "close add info shift new +a +a +a";
+        QTest::newRow("no drafts") << QByteArray("ivanov") << none << "deleteAllDraftsAction"
+                                   << QByteArray("REC_MESSAGE") << "close add info shift new +c - +a";
+        QTest::newRow("not in the crew") << QByteArray("sidorova") << none << "" << QByteArray("REC_MESSAGE")
+                                         << "close info shift - - +ca";
+        QTest::newRow("the shift in the archive")
+            << QByteArray("ivanov") << none << "archive" << QByteArray("REC_ORDER") << "info shift - - +ca";
+        QTest::newRow("an interval") << QByteArray("ivanov") << none << "interval" << QByteArray("REC_ORDER")
+                                     << "- - +ca";
+        QTest::newRow("a closed shift") << QByteArray("ivanov") << none << "closed"
+                                        << QByteArray("REC_MESSAGE") << "open info shift - - +a";
+        QTest::newRow("no shift") << QByteArray("smirnov") << QByteArray("DEP_ODS") << "" << none
+                                  << "open shift - - -";
+        QTest::newRow("own records only") << QByteArray("smirnov") << QByteArray("DEP_ZAR") << ""
+                                          << QByteArray("REC_ZAR") << "close add info shift new done +c - -";
+        // In other departments the entries of deletion and approval stay as they were at home.
+        QTest::newRow("a shift below") << QByteArray("ivanov") << none << "DEP_ZAR" << QByteArray("REC_ZAR")
+                                       << "info shift -cma -ma +ca";
+        QTest::newRow("no shift elsewhere")
+            << QByteArray("ivanov") << none << "DEP_ODS" << none << "-cma -ma -";
+    }
+    void theBarOffersWhatMayBeDone()
+    {
+        QFETCH(QByteArray, login);
+        QFETCH(QByteArray, department);
+        QFETCH(QString, steps);
+        QFETCH(QByteArray, record);
+        QFETCH(QString, offers);
+        const TestStore store;
+        workBelow(store);
+        JournalWindow desk(store, QString::fromLatin1(login), department);
+        const QDateTime now = QDateTime::currentDateTime();
+        if (steps == QLatin1String("archive")) {
+            desk.home().uploadRecordsIn(QStringLiteral("SHIFT_CDS_OPEN"));
+        } else if (steps == QLatin1String("interval")) {
+            desk.home().uploadRecordsIn(now.addDays(-1), now);
+        } else if (steps == QLatin1String("closed")) {
+            closeShift(store, desk);
+        } else if (steps.startsWith(QLatin1String("DEP_"))) {
+            desk.select("REC_ORDER");
+            desk.window().appendLogbook(steps == QLatin1String("DEP_ODS") ? QStringLiteral("ORG_CENTER")
+                                                                          : QStringLiteral("ORG_NETS"),
+                                        steps);
+        } else if (!steps.isEmpty()) {
+            desk.trigger(qPrintable(steps));
+            desk.deliver();
+        }
+        if (steps != QLatin1String("DEP_ZAR") && !record.isEmpty())
+            desk.select(record);
+        QCOMPARE(pressable(desk), offers);
+    }
+
     void buttonsHaveTheirTipsIconsAndKeys()
     {
         const TestStore store;
@@ -107,11 +233,43 @@ private slots:
             if (told.hasMenu)
                 QCOMPARE(found->popupMode(), QToolButton::MenuButtonPopup);
         }
+        QCOMPARE(desk.child<QTabWidget>("logbooks")->cornerWidget(Qt::TopRightCorner),
+                 button(desk, "paneButton"));
         QCOMPARE(desk.child<QToolBar>("toolBar")->contextMenuPolicy(), Qt::NoContextMenu);
         QCOMPARE(desk.child<QToolBar>("toolBar")->layout()->spacing(), 6);
         QCOMPARE(picture(desk.child<QTabWidget>("logbooks")->tabIcon(0)), picture(":/icons/home.png"));
         button(desk, "commentsButton")->click();
         QCOMPARE(picture(desk.child<QTabWidget>("logbooks")->tabIcon(1)), picture(":/icons/comment.png"));
+    }
+
+    void labelsLeaveTheBarWhereItIsNarrow()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        auto* bar = desk.child<QToolBar>("toolBar");
+        auto* row = desk.child<QToolBar>("statusRow");
+        const auto labels = [](const QToolBar* where) {
+            QStringList names;
+            for (QAction* action : where->actions())
+                if (const QWidget* widget = where->widgetForAction(action))
+                    if (widget->objectName().endsWith(QLatin1String("Label")))
+                        names << widget->objectName();
+            return names.join(QLatin1Char(' '));
+        };
+        desk.window().resize(2500, 602);
+        QCOMPARE(labels(bar), QStringLiteral("intervalLabel statusLabel"));
+        QVERIFY(!row->isVisible());
+        const int all = bar->sizeHint().width();
+        desk.window().resize(all - 10, 602);
+        QCOMPARE(labels(bar), QStringLiteral("intervalLabel"));
+        QCOMPARE(labels(row), QStringLiteral("statusLabel"));
+        QVERIFY(row->isVisible());
+        desk.window().resize(bar->sizeHint().width() - 10, 602);
+        QCOMPARE(labels(bar), QString());
+        QCOMPARE(labels(row), QStringLiteral("intervalLabel statusLabel"));
+        desk.window().resize(2500, 602);
+        QCOMPARE(labels(bar), QStringLiteral("intervalLabel statusLabel"));
+        QVERIFY(!row->isVisible());
     }
 
     void menusHaveTheirTextsAndIcons()

@@ -1,22 +1,30 @@
 #include "CVrkLogBook.h"
 
 #include "CPopMessageBox.h"
+#include "DateTimeRangeDialog.h"
+#include "KeptTexts.h"
 #include "LocationInfo.h"
 #include "LogBookWidget.h"
 #include "OrgStructDialog.h"
+#include "OrgStructWidget.h"
+#include "RecordCreatorDialog.h"
+#include "RecordValue.h"
 #include "TestClient.h"
 #include "VrkTableTool.h"
 
 #include <memory>
+#include <QAbstractButton>
 #include <QAction>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
+#include <QPointer>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTableView>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
@@ -55,6 +63,13 @@ private slots:
     void otherMessagesReachNoTab();
     void controlsFollowTheCurrentRecord();
     void aClosedShiftShowsInTheBar();
+    void controlsFollowWhatOthersWrite();
+    void aQuestionDoesNotHoldTheControlsBack();
+    void timeAndReportComeBackWithAJournal();
+    void timeAndReportAreThoseOfTheJournalInFront();
+    void theHostLeadsToTheComments();
+    void theNameOfADepartmentIsNoShortcut();
+    void textsLeftBehindAreOffered();
 
 private:
     void start(const QString& login = QStringLiteral("ivanov"));
@@ -158,6 +173,8 @@ void CVrkLogBook_test::hasTheFormBeforeItStarts()
     QCOMPARE(add->toolTip(), QStringLiteral("Добавить журнал подразделения"));
     QCOMPARE(add->iconSize(), QSize(25, 24));
     QVERIFY(!add->icon().isNull());
+    QCOMPARE(add->styleSheet(), QStringLiteral("QToolButton {border: none; background-color: transparent;}"));
+    QCOMPARE(logbooks->styleSheet(), QStringLiteral("QTabBar::tab { height: 27px; }"));
     QVERIFY(!window.findChild<QToolBar*>());
 }
 
@@ -350,14 +367,17 @@ void CVrkLogBook_test::homeCannotBeClosed()
     QCOMPARE(tabs()->indexOf(home()), 1);
     emit tabs()->tabCloseRequested(1);
     QCOMPARE(tabs()->count(), 2);
+    const QPointer<QWidget> added = tabs()->widget(0);
     emit tabs()->tabCloseRequested(0);
     QCOMPARE(tabs()->count(), 1);
     QCOMPARE(tabs()->widget(0), home());
+    QVERIFY(!added);
 }
 
 void CVrkLogBook_test::aDepartmentHasOneTab()
 {
     start();
+    QTest::ignoreMessage(QtDebugMsg, "Подразделение: DEP_ZAR");
     m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
     QCOMPARE(tabs()->count(), 2);
     QCOMPARE(tabs()->currentIndex(), 1);
@@ -370,6 +390,11 @@ void CVrkLogBook_test::aDepartmentHasOneTab()
     m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
     QCOMPARE(tabs()->count(), 2);
     QCOMPARE(tabs()->currentIndex(), 1);
+
+    // Only both keys together name a department.
+    m_window->appendLogbook(QStringLiteral("ORG_CENTER"), QStringLiteral("DEP_ZAR"));
+    QCOMPARE(tabs()->count(), 3);
+    QCOMPARE(tabs()->currentIndex(), 2);
 }
 
 void CVrkLogBook_test::addingTheHomeDepartmentSelectsHome()
@@ -386,6 +411,7 @@ void CVrkLogBook_test::anotherDepartmentIsChosenInTheStructure()
     start();
     button("addButton")->click();
     QVERIFY(orgDialog() && orgDialog()->isVisible());
+    QCOMPARE(orgDialog()->widget()->selectionType(), int(OrgStruct::Department));
 
     OrgStruct::SelectedItem organization;
     organization.type = OrgStruct::Organization;
@@ -518,6 +544,131 @@ void CVrkLogBook_test::aClosedShiftShowsInTheBar()
     QCOMPARE(statusLabel()->text(), QStringLiteral("Смена закрыта"));
     QVERIFY(!button("createButton")->isEnabled());
     QVERIFY(!button("deleteButton")->isEnabled());
+}
+
+void CVrkLogBook_test::controlsFollowWhatOthersWrite()
+{
+    start();
+    QVERIFY(select(home(), "REC_DRAFT_PETROV"));
+    QVERIFY(action("approveRecordAction")->isEnabled());
+    const auto petrov = m_store->open(QStringLiteral("petrov"));
+    QVERIFY(
+        TestStore::write(petrov.get(), "LogbookRecords", ROW_UPDATE, "REC_DRAFT_PETROV", {{"status", 0}}));
+    m_client->deliver();
+    QVERIFY(!action("approveRecordAction")->isEnabled());
+    QVERIFY(action("signRecordAction")->isEnabled());
+}
+
+void CVrkLogBook_test::aQuestionDoesNotHoldTheControlsBack()
+{
+    start();
+    home()->deleteAllDraftsRequest();
+    m_client->deliver();
+    QVERIFY(select(home(), "REC_OPENING"));
+    action("deleteRecordAction")->trigger(); // the current row stays while this is asked
+    const auto petrov = m_store->open(QStringLiteral("petrov"));
+    QVERIFY(TestStore::write(petrov.get(), "LogbookRecords", ROW_INSERT, "REC_NEW",
+                             {{"KeyLink", "REC_NEW"},
+                              {"ShiftKey", "SHIFT_CDS_OPEN"},
+                              {"WorkerKey", "WORKER_PETROV"},
+                              {"recordTime", TestStore::now()},
+                              {"eventTime", TestStore::now()},
+                              {"html", QStringLiteral("Черновик")},
+                              {"status", 1},
+                              {"direction", 0}}));
+    m_client->deliver();
+    QCOMPARE(MDRValue::copy(recordValue(home()->currentRecord(), "KeyLink")), QByteArray("REC_OPENING"));
+    QVERIFY(action("approveAllRecordsAction")->isEnabled());
+    m_window.reset(); // the row that waits for the answer does not become current in a page that goes
+}
+
+void CVrkLogBook_test::timeAndReportComeBackWithAJournal()
+{
+    start();
+    button("commentsButton")->click();
+    for (const char* name : {"timeButton", "reportButton"})
+        QVERIFY2(!button(name)->isEnabled(), name);
+    tabs()->setCurrentIndex(0);
+    for (const char* name : {"timeButton", "reportButton"})
+        QVERIFY2(button(name)->isEnabled(), name);
+}
+
+void CVrkLogBook_test::timeAndReportAreThoseOfTheJournalInFront()
+{
+    start();
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    auto* added = qobject_cast<LogBookWidget*>(tabs()->currentWidget());
+    const auto visible = [this](const char* className) {
+        for (CPopTemplate* pop : m_window->findChildren<CPopTemplate*>())
+            if (pop->isVisible() && pop->inherits(className))
+                return pop;
+        return static_cast<CPopTemplate*>(nullptr);
+    };
+    action("chooseIntervalAction")->trigger();
+    auto* interval = qobject_cast<DateTimeRangeDialog*>(visible("DateTimeRangeDialog"));
+    QVERIFY(interval);
+    const QDateTime now = QDateTime::currentDateTime();
+    emit interval->rangeSelected(now.addDays(-1), now);
+    interval->close();
+    QCOMPARE(added->mode(), 2);
+    QCOMPARE(home()->mode(), 1);
+
+    button("reportButton")->click();
+    CPopTemplate* report = visible("ReportDialog");
+    QVERIFY(report);
+    QVERIFY(report->findChild<QLabel*>(QStringLiteral("titleLabel"))->text().startsWith(added->title()));
+    report->close();
+
+    home()->uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
+    button("timeButton")->click();
+    QCOMPARE(added->mode(), 1);
+    QCOMPARE(home()->mode(), 3);
+}
+
+void CVrkLogBook_test::theHostLeadsToTheComments()
+{
+    start();
+    emit m_window->unreadCommentsRequested();
+    QCOMPARE(tabs()->count(), 2);
+    QCOMPARE(tabs()->currentIndex(), 1);
+    QVERIFY(!qobject_cast<LogBookWidget*>(tabs()->currentWidget()));
+}
+
+void CVrkLogBook_test::theNameOfADepartmentIsNoShortcut()
+{
+    for (const char* key : {"DEP_CDS", "DEP_ZAR"})
+        QVERIFY(TestStore::write(m_store->openLoader().get(), "Departments", ROW_UPDATE, key,
+                                 {{"name_", QStringLiteral("Смена & связь")}}));
+    start();
+    QVERIFY(home()->title().startsWith(QStringLiteral("Смена & связь")));
+    m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    for (int tab : {0, 1})
+        QVERIFY2(tabs()->tabText(tab).startsWith(QStringLiteral("Смена && связь")),
+                 qPrintable(tabs()->tabText(tab)));
+}
+
+void CVrkLogBook_test::textsLeftBehindAreOffered()
+{
+    const QTemporaryDir folder;
+    {
+        KeptTexts former;
+        former.open(folder.path(), QStringLiteral("ivanov"), QStringLiteral("store"));
+        former.keep(QStringLiteral("record/DEP_CDS"),
+                    {{QStringLiteral("caption"), QStringLiteral("запись «Обход»")},
+                     {QStringLiteral("create"), QStringLiteral("1")}});
+        QVERIFY(former.flush());
+    }
+    m_client = std::make_unique<TestClient>(*m_store);
+    m_client->app().keptTexts()->open(folder.path(), QStringLiteral("ivanov"), QStringLiteral("store"));
+    m_window = std::make_unique<CVrkLogBook>(&m_client->app());
+    QVERIFY(m_window->ModuleStart());
+    m_window->show();
+    auto* bar = m_window->findChild<QWidget*>(QStringLiteral("leftTextsBar"));
+    QTRY_VERIFY(bar->isVisible());
+    m_window->findChild<QAbstractButton*>(QStringLiteral("openLeftButton"))->click();
+    QVERIFY(m_window->findChild<RecordCreatorDialog*>()->isVisible());
+    m_window.reset(); // the application's texts outlive the folder otherwise
+    m_client.reset();
 }
 
 QTEST_MAIN(CVrkLogBook_test)

@@ -78,6 +78,7 @@ private slots:
         QCOMPARE(tabs()->count(), 2);
         QCOMPARE(front()->location()->departmentKey(), QStringLiteral("DEP_ZAR"));
         QCOMPARE(current(), QStringLiteral("REC_ZAR"));
+        QCOMPARE(m_journal->home().mode(), 1);
         ask("REC_ORDER");
         QCOMPARE(front(), &m_journal->home());
         ask("REC_ZAR");
@@ -117,6 +118,10 @@ private slots:
         m_journal->answer(QDialogButtonBox::AcceptRole);
         ask("' OR '' = '");
         QVERIFY(m_journal->box());
+        m_journal->answer(QDialogButtonBox::AcceptRole);
+        ask("NO'SUCH");
+        QVERIFY(m_journal->box());
+        QCOMPARE(m_journal->client().takeFailures(), QStringList());
     }
 
     void anOpenQuestionKeepsItsRecord()
@@ -132,9 +137,18 @@ private slots:
         QCOMPARE(current(), QStringLiteral("REC_TRIP"));
     }
 
+    void aJournalThatDidNotStartShowsNothing()
+    {
+        CVrkLogBook window(&m_journal->client().app());
+        window.slot_modNotify(QStringLiteral("showRecord"), QStringLiteral("REC_TRIP"));
+        QVERIFY(!window.findChild<CPopMessageBox*>());
+    }
+
     void unknownNoticesArePassedOver()
     {
+        m_journal->select("REC_ORDER");
         m_journal->window().slot_modNotify(QStringLiteral("somethingElse"), QStringLiteral("REC_TRIP"));
+        QCOMPARE(current(), QStringLiteral("REC_ORDER"));
         QCOMPARE(front()->mode(), 1);
         QVERIFY(!m_journal->box());
     }
