@@ -8,6 +8,7 @@ import shlex
 import shutil
 import signal
 import subprocess
+import threading
 import time
 
 
@@ -37,15 +38,22 @@ class Test:
         """False also for a test that does not end. A change often makes a test wait for what never comes."""
         command = [str(program), *self.arguments]
         process = subprocess.Popen(command, cwd=self.folder, env={**environment, **self.environment},
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True)
+                                   stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, start_new_session=True)
+        limit = threading.Timer(self.limit, self.end, (process,))
+        limit.start()
         try:
-            return process.wait(self.limit) == 0
-        except subprocess.TimeoutExpired:
-            return False
+            # One failed function is enough; QTest would run all the others after it.
+            return not any(line.startswith(b"FAIL!") for line in process.stdout) and process.wait() == 0
         finally:
-            if process.poll() is None:
-                os.killpg(process.pid, signal.SIGKILL)
-                process.wait()
+            limit.cancel()
+            self.end(process)
+            process.wait()
+            process.stdout.close()
+
+    @staticmethod
+    def end(process):
+        if process.poll() is None:
+            os.killpg(process.pid, signal.SIGKILL)
 
     def measure(self, program, environment):
         """Sets the limit by a run without a change; whether it passed."""

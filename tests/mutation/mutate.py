@@ -29,6 +29,7 @@ import shutil
 import signal
 import subprocess
 import sys
+import tempfile
 
 from apart import Apart, BuildFailed, Change, switched
 
@@ -256,7 +257,10 @@ class Behaviours:
         self.build = build
         self.apart = Apart(build)
         self.pool = concurrent.futures.ThreadPoolExecutor(jobs)
-        self.environment = {**os.environ, "QTEST_DISABLE_STACK_DUMP": "1"}  # a crash is a failure, and it takes long
+        # Tests are ended at their first failure, so what they leave in the temporary folder is removed here. A stack of
+        # a crash takes long.
+        self.temporary = tempfile.mkdtemp(prefix="behaviours-")
+        self.environment = {**os.environ, "QTEST_DISABLE_STACK_DUMP": "1", "TMPDIR": self.temporary}
         self.verdicts = {}  # of each name that is not judged yet, None
         self.changes = []
         self.texts = {}
@@ -399,7 +403,8 @@ def try_behaviours(build, path, names, jobs):
         behaviours.run()
     finally:
         behaviours.pool.shutdown(cancel_futures=True)
-        shutil.rmtree(behaviours.apart.work, ignore_errors=True)
+        for folder in (behaviours.apart.work, behaviours.temporary):
+            shutil.rmtree(folder, ignore_errors=True)
     survivors = [name for name, verdict in behaviours.verdicts.items() if verdict != "caught"]
     count = len(behaviours.verdicts)
     caught = count - len(survivors)
