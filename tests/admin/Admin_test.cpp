@@ -26,21 +26,21 @@ private slots:
     void initMakesAStoreOnce();
     void initTakesCodePageAndTimeZone();
     void initRefusesCodePagesThatItDoesNotOffer();
-    void theVersionIsTold();
+    void reportsTheVersion();
     void loginsAreOneWord();
     void demoLaysDownTheEarlierJournalToo();
     void demoTellsTheStoryOfHoursAgo();
     void aFreshStoreIsClean();
     void aDamagedStoreIsFoundOut();
-    void theSearchIsMadeAnew();
+    void rebuildsTheSearchIndex();
     void aStoreOfThisVersionNeedsNoUpgrade();
     void aBackupIsAStoreOfItsOwn();
     void loginsAreAddedListedAndRemoved();
     void rightsAreGivenAndTaken();
     void anUnknownRightIsRefused();
     void filesAreStoredAndFetched();
-    void aMissingStoreIsToldByName();
-    void aMissingInputFileIsTold();
+    void namesAMissingStore();
+    void reportsAMissingInputFile();
 
 private:
     Command::ExitCode run(const QStringList& arguments);
@@ -191,7 +191,7 @@ void Admin_test::initRefusesCodePagesThatItDoesNotOffer()
     QCOMPARE(Store::open(m_url, {}, &error)->codec()->name(), QByteArray("windows-1251"));
 }
 
-void Admin_test::theVersionIsTold()
+void Admin_test::reportsTheVersion()
 {
     QCOMPARE(run({QStringLiteral("--version")}), Command::Success);
     QCOMPARE(m_out,
@@ -271,7 +271,7 @@ void Admin_test::aDamagedStoreIsFoundOut()
     QVERIFY(!m_err.isEmpty() || m_out.contains(QStringLiteral("Ошибка: ")));
 }
 
-void Admin_test::theSearchIsMadeAnew()
+void Admin_test::rebuildsTheSearchIndex()
 {
     run({QStringLiteral("demo"), m_url});
     QCOMPARE(run({QStringLiteral("check"), m_url, QStringLiteral("--rebuild-search")}), Command::Success);
@@ -386,7 +386,7 @@ void Admin_test::filesAreStoredAndFetched()
     QVERIFY(!QFile::exists(path("none.xml")));
 }
 
-void Admin_test::aMissingStoreIsToldByName()
+void Admin_test::namesAMissingStore()
 {
     for (const QStringList& rest :
          {QStringList{}, QStringList{QStringLiteral("list")}, QStringList{path("copy.sqlite")}}) {
@@ -399,7 +399,7 @@ void Admin_test::aMissingStoreIsToldByName()
     }
 }
 
-void Admin_test::aMissingInputFileIsTold()
+void Admin_test::reportsAMissingInputFile()
 {
     run({QStringLiteral("init"), m_url});
     QCOMPARE(run({QStringLiteral("file"), m_url, QStringLiteral("put"), QStringLiteral("options"),

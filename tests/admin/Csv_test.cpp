@@ -17,7 +17,7 @@ private slots:
     void brokenQuotesNameTheirLine_data();
     void brokenQuotesNameTheirLine();
     void aSpreadsheetOpensWhatIsWritten();
-    void whatIsWrittenReadsTheSame();
+    void writtenTablesReadBackUnchanged();
     void commasInTheFirstRowStayInTheirCell();
 
 private:
@@ -110,7 +110,7 @@ void Csv_test::aSpreadsheetOpensWhatIsWritten()
         QByteArray("\xEF\xBB\xBF") + QStringLiteral("Имя;\"а;б\"\r\n\"\"\"в\"\"\";\r\n").toUtf8());
 }
 
-void Csv_test::whatIsWrittenReadsTheSame()
+void Csv_test::writtenTablesReadBackUnchanged()
 {
     const QVector<QStringList> table{{QStringLiteral("a"), QStringLiteral("b, c")},
                                      {QStringLiteral("строка\nвторая;"), QStringLiteral("\"")},

@@ -108,7 +108,7 @@ private slots:
         QVERIFY(options.stored().isNull());
     }
 
-    void whatIsNotNamedStays()
+    void otherContentIsPreserved()
     {
         Options options;
         options.put("<?xml version=\"1.0\"?><!-- \xEF\xEE\xF0\xFF\xE4\xEE\xEA --><OperLog><Other a=\"\xF4\"/>"
@@ -183,7 +183,7 @@ private slots:
         QVERIFY(options.stored().isNull());
     }
 
-    void aBrokenFileIsToldAndKept()
+    void reportsAndKeepsABrokenFile()
     {
         Options options;
         const QByteArray broken = "<OperLog>\n<Options CheckLengthShift=\"1\"/>\n</Oper>";
@@ -194,7 +194,7 @@ private slots:
         QCOMPARE(options.stored(), broken);
     }
 
-    void whatTheJournalTakesForZeroIsTold()
+    void reportsValuesThatTheJournalReadsAsZero()
     {
         Options options;
         options.put("<Options CheckLengthShift=\"1\" DelayTime=\"soon\" IntervalMessage=\"60\"/>");
@@ -332,7 +332,7 @@ private slots:
         QVERIFY2(!shifts.out.contains(QStringLiteral("длиннее")), qPrintable(shifts.out));
     }
 
-    void aMissingStoreIsTold()
+    void reportsAMissingStore()
     {
         AdminRun run;
         QCOMPARE(run.call("option", {QStringLiteral("list")}), Command::Failed);

@@ -79,7 +79,7 @@ private slots:
         makeCertificate(QStringLiteral("foreign"));
     }
 
-    void serverWithoutEncryptionIsToldByTheDoctor()
+    void doctorReportsAServerWithoutEncryption()
     {
         const QString said = doctor(url(QStringLiteral("journal.example"), QStringLiteral("verify-full"),
                                         QStringLiteral("server.crt")));
@@ -103,7 +103,7 @@ private slots:
         QVERIFY2(!said.contains(QStringLiteral("root.crt")), qPrintable(said));
     }
 
-    void serverThatNeedProveNothingIsTold()
+    void reportsAServerThatNeedNotProveItsIdentity()
     {
         const QString address =
             url(QStringLiteral("journal.example"), QStringLiteral("require"), QStringLiteral("none"));

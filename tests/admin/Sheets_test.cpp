@@ -31,7 +31,7 @@ private slots:
     void peopleAreRetiredAndComeBack();
     void rightsFollowTheirCell();
     void rowsMayStandInFrontOfTheirOwners();
-    void sameNamesAreToldApartByTheirOwners();
+    void equalNamesAreDistinguishedByTheirOwners();
     void emptyCellsTakeAReferenceAway();
     void timesAreWrittenAsPeopleDo_data();
     void timesAreWrittenAsPeopleDo();
@@ -41,9 +41,9 @@ private slots:
     void aTextBeyondTheNotationStaysAsItIs();
     void aServerTakesTheSheetsAndTheirUsers();
     void tablesOfAnEarlierJournalComeToTheLetter();
-    void faultsInAnEarlierJournalAreTold();
+    void reportsFaultsInAnEarlierJournal();
     void starterGivesASiteThatNeedsPeopleOnly();
-    void readinessIsToldByDepartment();
+    void reportsReadinessByDepartment();
 
 private:
     void site();
@@ -253,7 +253,7 @@ void Sheets_test::rowsMayStandInFrontOfTheirOwners()
     QVERIFY(sheet.contains(QStringLiteral("ЦДС;подстанция;;ПС Луговая;110;")));
 }
 
-void Sheets_test::sameNamesAreToldApartByTheirOwners()
+void Sheets_test::equalNamesAreDistinguishedByTheirOwners()
 {
     m_admin->sheet("organizations.csv", "Название\nСети\nСтанция\n");
     m_admin->sheet("departments.csv", "Организация;Название\nСети;ОДС\nСтанция;ОДС\n");
@@ -516,7 +516,7 @@ void Sheets_test::tablesOfAnEarlierJournalComeToTheLetter()
         qPrintable(m_admin->out));
 }
 
-void Sheets_test::faultsInAnEarlierJournalAreTold()
+void Sheets_test::reportsFaultsInAnEarlierJournal()
 {
     site();
     m_admin->sheet("OperLogCategories.csv", "KeyLink;ParentKey;OrgTypeKey;DepartmentKey;name_\n"
@@ -570,7 +570,7 @@ void Sheets_test::starterGivesASiteThatNeedsPeopleOnly()
     QVERIFY(fresh.out.startsWith(QStringLiteral("Всё готово")));
 }
 
-void Sheets_test::readinessIsToldByDepartment()
+void Sheets_test::reportsReadinessByDepartment()
 {
     QCOMPARE(m_admin->call("check", {QStringLiteral("--ready")}), Command::FaultsFound);
     QVERIFY(m_admin->out.startsWith(QStringLiteral("нет ни одного подразделения")));
