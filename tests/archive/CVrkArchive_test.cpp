@@ -92,7 +92,7 @@ private slots:
         QVERIFY(!m_bench->cell(0, "html", Qt::UserRole).toString().contains(QStringLiteral("<u>")));
     }
 
-    void itFindsByItselfAMomentAfterTheTyping()
+    void searchesShortlyAfterTyping()
     {
         record("A", "SHIFT_CDS_PAST", "неповторимое");
         m_bench->start();

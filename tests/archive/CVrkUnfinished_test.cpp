@@ -50,7 +50,7 @@ private slots:
     void init() { m_bench = std::make_unique<ArchiveBench<CVrkUnfinished>>(); }
     void cleanup() { m_bench.reset(); }
 
-    void whatIsLeftUndoneIsListed()
+    void listsUnfinishedRecords()
     {
         record("EXECUTED", "SHIFT_CDS_PAST", timed(), 0, 20, {{"executionTime", 5.0}});
         record("DRAFT_LEFT", "SHIFT_CDS_PAST", QStringLiteral("Забытый черновик"), 1, 20);
@@ -215,7 +215,7 @@ private slots:
         QCOMPARE(m_bench->asked, (QStringList{once, once, once}));
     }
 
-    void whatIsReadIsCopied()
+    void copiesTheVisibleText()
     {
         m_bench->start();
         m_bench->list()->makeCurrent("REC_ORDER");
@@ -224,7 +224,7 @@ private slots:
         QVERIFY(!QGuiApplication::clipboard()->text().contains(QLatin1Char('<')));
     }
 
-    void aReconnectReadsAnew()
+    void aReconnectReadsEverythingAgain()
     {
         m_bench->start();
         const QStringList before = m_bench->keys();

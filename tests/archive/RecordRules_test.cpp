@@ -7,7 +7,7 @@ class RecordRules_test : public QObject
     Q_OBJECT
 
 private slots:
-    void whatIsLacking_data()
+    void findsWhatARecordIsMissing_data()
     {
         QTest::addColumn<QByteArray>("properties");
         QTest::addColumn<int>("status");
@@ -31,7 +31,7 @@ private slots:
         QTest::newRow("marker without a picture")
             << QByteArray("second_mark=") << 0 << false << false << true << 0;
     }
-    void whatIsLacking()
+    void findsWhatARecordIsMissing()
     {
         QFETCH(QByteArray, properties);
         QFETCH(int, status);
