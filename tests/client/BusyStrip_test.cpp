@@ -14,12 +14,12 @@ class BusyStripTest : public QObject
 
 private slots:
     void init();
-    void a_short_request_shows_nothing();
-    void a_long_request_shows_cursor_and_strip();
-    void the_strip_moves();
-    void no_event_is_handled_meanwhile();
-    void without_a_window_the_cursor_tells_alone();
-    void a_window_that_is_gone_takes_its_strip_along();
+    void aShortRequestShowsNothing();
+    void aLongRequestShowsCursorAndStrip();
+    void theStripMoves();
+    void handlesNoEventDuringARequest();
+    void withoutAWindowOnlyTheCursorChanges();
+    void aDeletedWindowDeletesItsStrip();
 
 private:
     /// Runs a select that takes its time: it reports progress until \a enough says so.
@@ -54,7 +54,7 @@ void BusyStripTest::init()
     session = std::make_unique<CVrkCliSes>(std::make_unique<FakeStore>(state));
 }
 
-void BusyStripTest::a_short_request_shows_nothing()
+void BusyStripTest::aShortRequestShowsNothing()
 {
     QMainWindow window;
     window.show();
@@ -66,7 +66,7 @@ void BusyStripTest::a_short_request_shows_nothing()
     QVERIFY(!seen);
 }
 
-void BusyStripTest::a_long_request_shows_cursor_and_strip()
+void BusyStripTest::aLongRequestShowsCursorAndStrip()
 {
     QMainWindow window;
     window.show();
@@ -85,7 +85,7 @@ void BusyStripTest::a_long_request_shows_cursor_and_strip()
     QVERIFY(!QGuiApplication::overrideCursor());
 }
 
-void BusyStripTest::the_strip_moves()
+void BusyStripTest::theStripMoves()
 {
     QMainWindow window;
     window.resize(400, 200);
@@ -105,7 +105,7 @@ void BusyStripTest::the_strip_moves()
     QVERIFY(paints.count >= 3);
 }
 
-void BusyStripTest::no_event_is_handled_meanwhile()
+void BusyStripTest::handlesNoEventDuringARequest()
 {
     QMainWindow window;
     window.show();
@@ -123,7 +123,7 @@ void BusyStripTest::no_event_is_handled_meanwhile()
     QTRY_COMPARE(handled, 2);
 }
 
-void BusyStripTest::without_a_window_the_cursor_tells_alone()
+void BusyStripTest::withoutAWindowOnlyTheCursorChanges()
 {
     bool waiting = false;
     request([&](qint64 elapsed) {
@@ -134,7 +134,7 @@ void BusyStripTest::without_a_window_the_cursor_tells_alone()
     QVERIFY(!QGuiApplication::overrideCursor());
 }
 
-void BusyStripTest::a_window_that_is_gone_takes_its_strip_along()
+void BusyStripTest::aDeletedWindowDeletesItsStrip()
 {
     auto window = std::make_unique<QMainWindow>();
     window->show();

@@ -9,16 +9,16 @@ class CToolLiteModelTest : public QObject
     Q_OBJECT
 
 private slots:
-    void tables_arrive_whole_under_their_keys();
-    void tables_without_rows_arrive_too();
-    void the_directory_of_tables_is_found_by_latin_name();
-    void a_table_that_cannot_be_had_is_missing();
-    void the_model_outlives_the_tool_when_it_is_taken();
-    void without_a_session_nothing_is_loaded();
-    void the_tool_has_its_name();
+    void loadsWholeTablesWithTheirKeys();
+    void loadsTablesWithoutRows();
+    void findsTheDirectoryOfTablesByLatinName();
+    void aTableThatCannotBeLoadedIsMissing();
+    void aTakenModelOutlivesTheTool();
+    void loadsNothingWithoutASession();
+    void theToolHasItsName();
 };
 
-void CToolLiteModelTest::tables_arrive_whole_under_their_keys()
+void CToolLiteModelTest::loadsWholeTablesWithTheirKeys()
 {
     TestStore store;
     TestClient client(store);
@@ -47,7 +47,7 @@ void CToolLiteModelTest::tables_arrive_whole_under_their_keys()
     QVERIFY(MDRFldByName(workers.array, "keyLink")); // asked for like this too
 }
 
-void CToolLiteModelTest::tables_without_rows_arrive_too()
+void CToolLiteModelTest::loadsTablesWithoutRows()
 {
     TestStore store(TestStore::Empty);
     TestClient client(store.openLoader());
@@ -62,7 +62,7 @@ void CToolLiteModelTest::tables_without_rows_arrive_too()
     QVERIFY(MDRFldByName(workers->data.array, "lastName"));
 }
 
-void CToolLiteModelTest::the_directory_of_tables_is_found_by_latin_name()
+void CToolLiteModelTest::findsTheDirectoryOfTablesByLatinName()
 {
     TestStore store(TestStore::Empty);
     const std::unique_ptr<Store> loader = store.openLoader();
@@ -84,7 +84,7 @@ void CToolLiteModelTest::the_directory_of_tables_is_found_by_latin_name()
     QCOMPARE(MDAKeyCount(tool.m_model->GetTableByName("Fields")->data.array), 1);
 }
 
-void CToolLiteModelTest::a_table_that_cannot_be_had_is_missing()
+void CToolLiteModelTest::aTableThatCannotBeLoadedIsMissing()
 {
     TestStore store;
     TestClient client(store);
@@ -99,7 +99,7 @@ void CToolLiteModelTest::a_table_that_cannot_be_had_is_missing()
     QCOMPARE(client.takeFailures().size(), 1);
 }
 
-void CToolLiteModelTest::the_model_outlives_the_tool_when_it_is_taken()
+void CToolLiteModelTest::aTakenModelOutlivesTheTool()
 {
     TestStore store;
     TestClient client(store);
@@ -120,7 +120,7 @@ void CToolLiteModelTest::the_model_outlives_the_tool_when_it_is_taken()
     QCOMPARE(untaken.m_loaded.size(), std::size_t(1));
 }
 
-void CToolLiteModelTest::without_a_session_nothing_is_loaded()
+void CToolLiteModelTest::loadsNothingWithoutASession()
 {
     TestModule module(static_cast<CVrkCliApp*>(nullptr));
     CToolLiteModel tool(&module);
@@ -129,7 +129,7 @@ void CToolLiteModelTest::without_a_session_nothing_is_loaded()
     QVERIFY(!tool.m_model);
 }
 
-void CToolLiteModelTest::the_tool_has_its_name()
+void CToolLiteModelTest::theToolHasItsName()
 {
     CToolLiteModel tool(nullptr);
     QCOMPARE(tool.objectName(), QStringLiteral("LiteModel"));

@@ -7,14 +7,14 @@ class CVarTest : public QObject
     Q_OBJECT
 
 private slots:
-    void a_fresh_value_is_none();
-    void an_array_holds_empty_elements();
-    void a_text_is_copied();
-    void clearing_leaves_none_everywhere();
-    void nothing_is_harmless();
+    void aFreshValueHasNoType();
+    void aNewArrayHasEmptyElements();
+    void aTextIsCopied();
+    void clearingResetsAllElements();
+    void nullPointersAreHarmless();
 };
 
-void CVarTest::a_fresh_value_is_none()
+void CVarTest::aFreshValueHasNoType()
 {
     CVar var;
     CVarInit(&var, 1);
@@ -23,7 +23,7 @@ void CVarTest::a_fresh_value_is_none()
     QCOMPARE(int(CVar::Array), 4);
 }
 
-void CVarTest::an_array_holds_empty_elements()
+void CVarTest::aNewArrayHasEmptyElements()
 {
     CVar var;
     CVarSetArr(&var, 2);
@@ -35,7 +35,7 @@ void CVarTest::an_array_holds_empty_elements()
     QVERIFY(var.elements.empty());
 }
 
-void CVarTest::a_text_is_copied()
+void CVarTest::aTextIsCopied()
 {
     char bytes[] = "DEP_CDS and more";
     CVar var;
@@ -48,7 +48,7 @@ void CVarTest::a_text_is_copied()
     QCOMPARE(var.text, QByteArray());
 }
 
-void CVarTest::clearing_leaves_none_everywhere()
+void CVarTest::clearingResetsAllElements()
 {
     CVar vars[2];
     CVarSetArr(&vars[0], 3);
@@ -60,7 +60,7 @@ void CVarTest::clearing_leaves_none_everywhere()
     QVERIFY(vars[1].text.isEmpty());
 }
 
-void CVarTest::nothing_is_harmless()
+void CVarTest::nullPointersAreHarmless()
 {
     CVarInit(nullptr, 1);
     CVarClear(nullptr, 1);

@@ -16,26 +16,26 @@ private slots:
     void init();
     void cleanup() { client.reset(); }
 
-    void modules_are_known_while_they_live();
-    void events_reach_every_module_once_and_in_order();
-    void events_come_from_the_event_loop();
-    void events_stay_with_a_module_that_does_not_fetch_them();
-    void a_delivery_never_nests();
-    void what_comes_during_a_delivery_is_delivered_after_it();
-    void nothing_is_delivered_inside_a_request();
-    void a_module_may_end_itself_in_its_message();
-    void a_module_may_end_another_in_its_message();
-    void message_get_returns_the_count();
-    void fetching_delivers_before_it_returns();
-    void delivering_is_told();
-    void the_end_of_a_delivery_is_told();
-    void all_blocks_are_freed_after_delivery();
-    void a_new_session_drops_what_waited();
-    void modules_hear_of_a_reconnect();
-    void a_module_without_an_application_is_harmless();
-    void modules_may_outlive_the_application();
-    void the_editors_are_watched_in_the_code_page_of_the_session();
-    void a_notice_reaches_the_module_that_the_host_opens();
+    void modulesAreKnownForTheirLifetime();
+    void everyModuleGetsEventsOnceAndInOrder();
+    void eventsAreDeliveredFromTheEventLoop();
+    void unfetchedEventsStayWithTheModule();
+    void deliveriesAreNeverNested();
+    void eventsDuringADeliveryAreDeliveredAfterIt();
+    void deliversNothingDuringARequest();
+    void aModuleMayDeleteItselfInItsMessage();
+    void aModuleMayDeleteAnotherInItsMessage();
+    void messageGetReturnsTheNumberOfEvents();
+    void fetchEventsDeliversBeforeItReturns();
+    void isDeliveringDuringADelivery();
+    void signalsTheEndOfADelivery();
+    void allBlocksAreFreedAfterDelivery();
+    void aNewSessionDropsWaitingEvents();
+    void modulesAreNotifiedOfAReconnect();
+    void aModuleWithoutAnApplicationIsHarmless();
+    void modulesMayOutliveTheApplication();
+    void editorsUseTheCodePageOfTheSession();
+    void aNoticeReachesTheOpenedModule();
 
 private:
     void log(std::initializer_list<const char*> keys)
@@ -63,7 +63,7 @@ void CVrkCliAppTest::init()
     number = 0;
 }
 
-void CVrkCliAppTest::modules_are_known_while_they_live()
+void CVrkCliAppTest::modulesAreKnownForTheirLifetime()
 {
     TestModule first(*client);
     {
@@ -74,7 +74,7 @@ void CVrkCliAppTest::modules_are_known_while_they_live()
     QCOMPARE(client->app().modules(), QVector<CVrkCliMod*>{&first});
 }
 
-void CVrkCliAppTest::events_reach_every_module_once_and_in_order()
+void CVrkCliAppTest::everyModuleGetsEventsOnceAndInOrder()
 {
     TestModule first(*client);
     TestModule second(*client);
@@ -88,7 +88,7 @@ void CVrkCliAppTest::events_reach_every_module_once_and_in_order()
     QCOMPARE(second.takeEvents(), told({"A", "B", "C", "D"}));
 }
 
-void CVrkCliAppTest::events_come_from_the_event_loop()
+void CVrkCliAppTest::eventsAreDeliveredFromTheEventLoop()
 {
     TestModule module(*client);
     log({"A"});
@@ -99,7 +99,7 @@ void CVrkCliAppTest::events_come_from_the_event_loop()
     QCOMPARE(module.takeEvents(), told({"A"}));
 }
 
-void CVrkCliAppTest::events_stay_with_a_module_that_does_not_fetch_them()
+void CVrkCliAppTest::unfetchedEventsStayWithTheModule()
 {
     struct Busy : TestModule {
         using TestModule::TestModule;
@@ -116,7 +116,7 @@ void CVrkCliAppTest::events_stay_with_a_module_that_does_not_fetch_them()
     QCOMPARE(module.takeEvents(), told({"A", "B"}));
 }
 
-void CVrkCliAppTest::a_delivery_never_nests()
+void CVrkCliAppTest::deliveriesAreNeverNested()
 {
     TestModule module(*client);
     int depth = 0;
@@ -137,7 +137,7 @@ void CVrkCliAppTest::a_delivery_never_nests()
     QCOMPARE(module.takeEvents(), told({"A", "B", "LATER"}));
 }
 
-void CVrkCliAppTest::what_comes_during_a_delivery_is_delivered_after_it()
+void CVrkCliAppTest::eventsDuringADeliveryAreDeliveredAfterIt()
 {
     TestModule module(*client);
     module.onEvent = [&](HFNCliParam*) {
@@ -155,7 +155,7 @@ void CVrkCliAppTest::what_comes_during_a_delivery_is_delivered_after_it()
     QCOMPARE(module.takeEvents(), told({"A", "B"}));
 }
 
-void CVrkCliAppTest::nothing_is_delivered_inside_a_request()
+void CVrkCliAppTest::deliversNothingDuringARequest()
 {
     struct Idle : TestModule {
         using TestModule::TestModule;
@@ -184,7 +184,7 @@ void CVrkCliAppTest::nothing_is_delivered_inside_a_request()
     QCOMPARE(module.takeEvents(), told({"W", "A"}));
 }
 
-void CVrkCliAppTest::a_module_may_end_itself_in_its_message()
+void CVrkCliAppTest::aModuleMayDeleteItselfInItsMessage()
 {
     TestModule other(*client);
     struct SelfEnding : TestModule {
@@ -202,7 +202,7 @@ void CVrkCliAppTest::a_module_may_end_itself_in_its_message()
     QCOMPARE(other.takeEvents(), told({"A", "B"}));
 }
 
-void CVrkCliAppTest::a_module_may_end_another_in_its_message()
+void CVrkCliAppTest::aModuleMayDeleteAnotherInItsMessage()
 {
     TestModule first(*client);
     auto second = std::make_unique<TestModule>(*client);
@@ -213,7 +213,7 @@ void CVrkCliAppTest::a_module_may_end_another_in_its_message()
     QCOMPARE(client->session().openBlocks(), 0);
 }
 
-void CVrkCliAppTest::message_get_returns_the_count()
+void CVrkCliAppTest::messageGetReturnsTheNumberOfEvents()
 {
     struct Counting : TestModule {
         using TestModule::TestModule;
@@ -231,7 +231,7 @@ void CVrkCliAppTest::message_get_returns_the_count()
     QCOMPARE(module.counts, (QVector<int>{2, 0}));
 }
 
-void CVrkCliAppTest::fetching_delivers_before_it_returns()
+void CVrkCliAppTest::fetchEventsDeliversBeforeItReturns()
 {
     TestModule module(*client);
     log({"A", "B"});
@@ -240,7 +240,7 @@ void CVrkCliAppTest::fetching_delivers_before_it_returns()
     QCOMPARE(client->app().fetchEvents(), 0);
 }
 
-void CVrkCliAppTest::delivering_is_told()
+void CVrkCliAppTest::isDeliveringDuringADelivery()
 {
     TestModule module(*client);
     bool delivering = false;
@@ -252,7 +252,7 @@ void CVrkCliAppTest::delivering_is_told()
     QVERIFY(!client->app().isDelivering());
 }
 
-void CVrkCliAppTest::the_end_of_a_delivery_is_told()
+void CVrkCliAppTest::signalsTheEndOfADelivery()
 {
     TestModule module(*client);
     QSignalSpy delivered(&client->app(), &CVrkCliApp::eventsDelivered);
@@ -262,7 +262,7 @@ void CVrkCliAppTest::the_end_of_a_delivery_is_told()
     QCOMPARE(module.events.size(), 2);
 }
 
-void CVrkCliAppTest::all_blocks_are_freed_after_delivery()
+void CVrkCliAppTest::allBlocksAreFreedAfterDelivery()
 {
     TestModule first(*client);
     TestModule second(*client);
@@ -273,7 +273,7 @@ void CVrkCliAppTest::all_blocks_are_freed_after_delivery()
     QCOMPARE(client->session().openBlocks(), 0);
 }
 
-void CVrkCliAppTest::a_new_session_drops_what_waited()
+void CVrkCliAppTest::aNewSessionDropsWaitingEvents()
 {
     struct Idle : TestModule {
         using TestModule::TestModule;
@@ -291,7 +291,7 @@ void CVrkCliAppTest::a_new_session_drops_what_waited()
     QCOMPARE(client->app().fetchEvents(), 0);
 }
 
-void CVrkCliAppTest::modules_hear_of_a_reconnect()
+void CVrkCliAppTest::modulesAreNotifiedOfAReconnect()
 {
     struct Listening : TestModule {
         using TestModule::TestModule;
@@ -306,7 +306,7 @@ void CVrkCliAppTest::modules_hear_of_a_reconnect()
     QCOMPARE(client->takeFailures(), QStringList(QStringLiteral("Связь потеряна.")));
 }
 
-void CVrkCliAppTest::a_module_without_an_application_is_harmless()
+void CVrkCliAppTest::aModuleWithoutAnApplicationIsHarmless()
 {
     TestModule module(static_cast<CVrkCliApp*>(nullptr));
     QVERIFY(!module.session());
@@ -315,7 +315,7 @@ void CVrkCliAppTest::a_module_without_an_application_is_harmless()
     QVERIFY(module.close());
 }
 
-void CVrkCliAppTest::modules_may_outlive_the_application()
+void CVrkCliAppTest::modulesMayOutliveTheApplication()
 {
     auto app = std::make_unique<CVrkCliApp>();
     TestModule module(app.get());
@@ -324,7 +324,7 @@ void CVrkCliAppTest::modules_may_outlive_the_application()
     QCOMPARE(module.MessageOn(), 0);
 }
 
-void CVrkCliAppTest::the_editors_are_watched_in_the_code_page_of_the_session()
+void CVrkCliAppTest::editorsUseTheCodePageOfTheSession()
 {
     QLineEdit line;
     line.show();
@@ -337,7 +337,7 @@ void CVrkCliAppTest::the_editors_are_watched_in_the_code_page_of_the_session()
     QCOMPARE(line.text(), QStringLiteral("а->→"));
 }
 
-void CVrkCliAppTest::a_notice_reaches_the_module_that_the_host_opens()
+void CVrkCliAppTest::aNoticeReachesTheOpenedModule()
 {
     struct Receiver : CVrkCliMod {
         using CVrkCliMod::CVrkCliMod;

@@ -22,21 +22,21 @@ class CVrkCliModTest : public QObject
     Q_OBJECT
 
 private slots:
-    void the_base_answers_the_host_plainly();
-    void virtual_operations_stand_in_their_order();
-    void parameters_are_kept();
-    void the_title_is_told_and_shown();
-    void the_edit_state_puts_a_star_to_the_title();
-    void without_a_guard_windows_close();
-    void the_guard_decides_whether_a_window_closes();
-    void log_lines_go_to_the_sink();
-    void without_a_sink_log_lines_go_to_the_message_log();
-    void a_sink_that_is_gone_is_forgotten();
-    void icons_are_found_by_path_and_by_name();
+    void theBaseClassHasPlainDefaults();
+    void virtualFunctionsKeepTheirOrder();
+    void parametersAreKept();
+    void theTitleIsReturnedAndShown();
+    void theEditStateAddsAStarToTheTitle();
+    void withoutAGuardWindowsClose();
+    void theGuardDecidesWhetherAWindowCloses();
+    void logLinesGoToTheSink();
+    void withoutASinkLogLinesGoToTheMessageLog();
+    void aDeletedLogSinkIsForgotten();
+    void iconsAreFoundByPathAndByName();
     void errorsAreLoggedUnderTheNameOfTheModule();
-    void unreadCommentsAreToldOnce();
-    void names_lead_to_no_other_folder();
-    void the_common_look_leaves_colours_and_fonts_alone();
+    void unreadCommentsAreReportedOnce();
+    void iconNamesLeadToNoOtherFolder();
+    void theModuleStyleKeepsColoursAndFonts();
 
 private:
     struct Sink : CVrkCliMod {
@@ -50,7 +50,7 @@ private:
     CVrkCliApp app;
 };
 
-void CVrkCliModTest::the_base_answers_the_host_plainly()
+void CVrkCliModTest::theBaseClassHasPlainDefaults()
 {
     CVrkCliMod module(&app);
     QVERIFY(module.ModuleStart());
@@ -75,7 +75,7 @@ void CVrkCliModTest::the_base_answers_the_host_plainly()
     QVERIFY(!module.isEdit());
 }
 
-void CVrkCliModTest::virtual_operations_stand_in_their_order()
+void CVrkCliModTest::virtualFunctionsKeepTheirOrder()
 {
     // Plug-ins call them by their places.
     const std::ptrdiff_t first = place(&CVrkCliMod::LogFile);
@@ -109,7 +109,7 @@ void CVrkCliModTest::virtual_operations_stand_in_their_order()
     QCOMPARE(first, place(&CVrkCliMod::createPopupMenu) + 1);
 }
 
-void CVrkCliModTest::parameters_are_kept()
+void CVrkCliModTest::parametersAreKept()
 {
     CVrkCliMod module(&app);
     module.SetParamMod(QStringLiteral("name"), QStringLiteral("value"));
@@ -120,7 +120,7 @@ void CVrkCliModTest::parameters_are_kept()
     QCOMPARE(value, QString());
 }
 
-void CVrkCliModTest::the_title_is_told_and_shown()
+void CVrkCliModTest::theTitleIsReturnedAndShown()
 {
     CVrkCliMod module(&app);
     QSignalSpy told(&module, &CVrkCliMod::titleChanged);
@@ -132,7 +132,7 @@ void CVrkCliModTest::the_title_is_told_and_shown()
     QCOMPARE(module.windowTitle(), QStringLiteral("Журнал – ЦДС[*]"));
 }
 
-void CVrkCliModTest::the_edit_state_puts_a_star_to_the_title()
+void CVrkCliModTest::theEditStateAddsAStarToTheTitle()
 {
     CVrkCliMod module(&app);
     module.SetModTitle(QStringLiteral("Журнал"), QString());
@@ -149,7 +149,7 @@ void CVrkCliModTest::the_edit_state_puts_a_star_to_the_title()
     QCOMPARE(told.at(1).at(0).toBool(), false);
 }
 
-void CVrkCliModTest::without_a_guard_windows_close()
+void CVrkCliModTest::withoutAGuardWindowsClose()
 {
     CVrkCliMod module(&app);
     module.SetIsEdit(true);
@@ -160,7 +160,7 @@ void CVrkCliModTest::without_a_guard_windows_close()
     QCOMPARE(closed.count(), 1);
 }
 
-void CVrkCliModTest::the_guard_decides_whether_a_window_closes()
+void CVrkCliModTest::theGuardDecidesWhetherAWindowCloses()
 {
     CVrkCliApp guarded;
     CVrkCliMod module(&guarded);
@@ -181,7 +181,7 @@ void CVrkCliModTest::the_guard_decides_whether_a_window_closes()
     QCOMPARE(closed.count(), 1);
 }
 
-void CVrkCliModTest::log_lines_go_to_the_sink()
+void CVrkCliModTest::logLinesGoToTheSink()
 {
     Sink sink(&app);
     CVrkCliMod module(&app);
@@ -193,7 +193,7 @@ void CVrkCliModTest::log_lines_go_to_the_sink()
              (QStringList{QStringLiteral("2 void f() sentence"), QStringLiteral("2 void g() another")}));
 }
 
-void CVrkCliModTest::without_a_sink_log_lines_go_to_the_message_log()
+void CVrkCliModTest::withoutASinkLogLinesGoToTheMessageLog()
 {
     CVrkCliMod module(&app);
     app.setLogSink(nullptr);
@@ -205,7 +205,7 @@ void CVrkCliModTest::without_a_sink_log_lines_go_to_the_message_log()
     app.setLogSink(nullptr);
 }
 
-void CVrkCliModTest::a_sink_that_is_gone_is_forgotten()
+void CVrkCliModTest::aDeletedLogSinkIsForgotten()
 {
     CVrkCliMod module(&app);
     {
@@ -216,7 +216,7 @@ void CVrkCliModTest::a_sink_that_is_gone_is_forgotten()
     QCOMPARE(module.logSink(), &module);
 }
 
-void CVrkCliModTest::icons_are_found_by_path_and_by_name()
+void CVrkCliModTest::iconsAreFoundByPathAndByName()
 {
     // Files of a resource, one in the folder of the host's icons and one elsewhere.
     CVrkCliMod module(&app);
@@ -241,7 +241,7 @@ void CVrkCliModTest::errorsAreLoggedUnderTheNameOfTheModule()
     QCOMPARE(sink.lines, QStringList{QStringLiteral("2 Журнал беда")});
 }
 
-void CVrkCliModTest::unreadCommentsAreToldOnce()
+void CVrkCliModTest::unreadCommentsAreReportedOnce()
 {
     CVrkCliMod module(&app);
     QSignalSpy changed(&module, &CVrkCliMod::unreadCommentsChanged);
@@ -251,7 +251,7 @@ void CVrkCliModTest::unreadCommentsAreToldOnce()
     QCOMPARE(changed.last().first().toInt(), 4);
 }
 
-void CVrkCliModTest::names_lead_to_no_other_folder()
+void CVrkCliModTest::iconNamesLeadToNoOtherFolder()
 {
     CVrkCliMod module(&app);
     const QString elsewhere = QStringLiteral("../qt-project.org/styles/commonstyle/images/up-16.png");
@@ -259,7 +259,7 @@ void CVrkCliModTest::names_lead_to_no_other_folder()
     QVERIFY(module.icon(elsewhere).isNull());
 }
 
-void CVrkCliModTest::the_common_look_leaves_colours_and_fonts_alone()
+void CVrkCliModTest::theModuleStyleKeepsColoursAndFonts()
 {
     CVrkCliMod module(&app);
     QPalette night;

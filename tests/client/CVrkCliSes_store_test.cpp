@@ -15,28 +15,28 @@ class CVrkCliSesStoreTest : public QObject
     Q_OBJECT
 
 private slots:
-    void an_answer_has_fields_key_and_bytes_of_the_code_page();
-    void an_answer_without_rows_has_fields_and_key();
-    void a_select_that_writes_is_refused();
-    void a_write_without_flagged_records_is_true_and_no_transaction();
-    void a_block_is_one_transaction();
-    void a_failed_block_writes_nothing();
-    void a_refused_write_tells_why();
-    void rights_are_those_of_the_login();
-    void the_options_file_arrives();
+    void anAnswerHasFieldsKeyAndCodePageTexts();
+    void anAnswerWithoutRowsHasFieldsAndKey();
+    void aSelectThatWritesIsRefused();
+    void aWriteWithoutFlagsMakesNoTransaction();
+    void aBlockIsOneTransaction();
+    void aFailedBlockWritesNothing();
+    void aRefusedWriteHasAReason();
+    void rightsAreThoseOfTheLogin();
+    void fetchesTheOptionsFile();
 
-    void both_clients_see_each_change_once_and_in_order();
-    void a_change_carries_the_row_with_marks_on_what_differs();
-    void a_write_inside_a_message_comes_back_after_the_delivery();
-    void events_begin_with_the_session();
-    void a_burst_arrives_whole_and_in_order();
-    void the_bytes_of_a_file_are_fetched_by_key();
+    void clientsSeeEachChangeOnceAndInOrder();
+    void anEventMarksTheChangedFieldsOfItsRow();
+    void anEventOfAWriteInAMessageComesAfterTheDelivery();
+    void eventsStartWithTheSession();
+    void aBurstOfEventsIsCompleteAndInOrder();
+    void theBytesOfAFileAreFetchedByKey();
 
-    void a_lock_held_by_another_fails_the_write_only();
-    void waiting_for_a_lock_shows_a_sign_of_life();
-    void a_file_that_vanishes_takes_the_session_down();
-    void a_file_that_comes_back_is_found();
-    void another_history_is_told();
+    void aLockOfAnotherFailsOnlyTheWrite();
+    void waitingForALockShowsTheStrip();
+    void aRemovedFileTakesTheSessionDown();
+    void aRestoredFileIsFound();
+    void reportsAnotherHistory();
 
 private:
     static bool write(TestClient& client, MDRFlag flag, const QByteArray& key, const QByteArray& text = "x")
@@ -63,7 +63,7 @@ private:
     }
 };
 
-void CVrkCliSesStoreTest::an_answer_has_fields_key_and_bytes_of_the_code_page()
+void CVrkCliSesStoreTest::anAnswerHasFieldsKeyAndCodePageTexts()
 {
     TestStore store;
     TestClient client(store);
@@ -76,7 +76,7 @@ void CVrkCliSesStoreTest::an_answer_has_fields_key_and_bytes_of_the_code_page()
     QCOMPARE(MDRValue::copy(name), TestStore::bytes(QStringLiteral("ЦДС")));
 }
 
-void CVrkCliSesStoreTest::an_answer_without_rows_has_fields_and_key()
+void CVrkCliSesStoreTest::anAnswerWithoutRowsHasFieldsAndKey()
 {
     TestStore store;
     TestClient client(store);
@@ -88,7 +88,7 @@ void CVrkCliSesStoreTest::an_answer_without_rows_has_fields_and_key()
     QCOMPARE(answer.RecCount(), 0);
 }
 
-void CVrkCliSesStoreTest::a_select_that_writes_is_refused()
+void CVrkCliSesStoreTest::aSelectThatWritesIsRefused()
 {
     TestStore store;
     TestClient client(store);
@@ -97,7 +97,7 @@ void CVrkCliSesStoreTest::a_select_that_writes_is_refused()
     QCOMPARE(comments(store, QStringLiteral("COM_READ")), 1);
 }
 
-void CVrkCliSesStoreTest::a_write_without_flagged_records_is_true_and_no_transaction()
+void CVrkCliSesStoreTest::aWriteWithoutFlagsMakesNoTransaction()
 {
     TestStore store;
     TestClient client(store);
@@ -113,7 +113,7 @@ void CVrkCliSesStoreTest::a_write_without_flagged_records_is_true_and_no_transac
     QCOMPARE(transactions(store), before);
 }
 
-void CVrkCliSesStoreTest::a_block_is_one_transaction()
+void CVrkCliSesStoreTest::aBlockIsOneTransaction()
 {
     TestStore store;
     TestClient client(store);
@@ -129,7 +129,7 @@ void CVrkCliSesStoreTest::a_block_is_one_transaction()
     QCOMPARE(transactions(store), before + 1);
 }
 
-void CVrkCliSesStoreTest::a_failed_block_writes_nothing()
+void CVrkCliSesStoreTest::aFailedBlockWritesNothing()
 {
     TestStore store;
     TestClient client(store);
@@ -141,7 +141,7 @@ void CVrkCliSesStoreTest::a_failed_block_writes_nothing()
     QCOMPARE(client.takeFailures().size(), 1);
 }
 
-void CVrkCliSesStoreTest::a_refused_write_tells_why()
+void CVrkCliSesStoreTest::aRefusedWriteHasAReason()
 {
     TestStore store;
     TestClient client(store);
@@ -154,7 +154,7 @@ void CVrkCliSesStoreTest::a_refused_write_tells_why()
     QVERIFY(client.session().isConnected());
 }
 
-void CVrkCliSesStoreTest::rights_are_those_of_the_login()
+void CVrkCliSesStoreTest::rightsAreThoseOfTheLogin()
 {
     TestStore store;
     TestClient chief(store, QStringLiteral("sidorova"));
@@ -166,7 +166,7 @@ void CVrkCliSesStoreTest::rights_are_those_of_the_login()
     QCOMPARE(dispatcher.session().OperationRights("ADMINISTRATOR"), 0);
 }
 
-void CVrkCliSesStoreTest::the_options_file_arrives()
+void CVrkCliSesStoreTest::fetchesTheOptionsFile()
 {
     TestStore store;
     StoreError error;
@@ -190,7 +190,7 @@ void CVrkCliSesStoreTest::the_options_file_arrives()
     QCOMPARE(client.session().openBlocks(), 0);
 }
 
-void CVrkCliSesStoreTest::both_clients_see_each_change_once_and_in_order()
+void CVrkCliSesStoreTest::clientsSeeEachChangeOnceAndInOrder()
 {
     TestStore store;
     TestClient ivanov(store);
@@ -217,7 +217,7 @@ void CVrkCliSesStoreTest::both_clients_see_each_change_once_and_in_order()
     QCOMPARE(second.takeEvents(), all);
 }
 
-void CVrkCliSesStoreTest::a_change_carries_the_row_with_marks_on_what_differs()
+void CVrkCliSesStoreTest::anEventMarksTheChangedFieldsOfItsRow()
 {
     TestStore store;
     TestClient client(store);
@@ -232,7 +232,7 @@ void CVrkCliSesStoreTest::a_change_carries_the_row_with_marks_on_what_differs()
     QCOMPARE(module.events[1].source, QByteArray("NCI:LogbookComments," + number));
 }
 
-void CVrkCliSesStoreTest::a_write_inside_a_message_comes_back_after_the_delivery()
+void CVrkCliSesStoreTest::anEventOfAWriteInAMessageComesAfterTheDelivery()
 {
     TestStore store;
     TestClient client(store);
@@ -253,7 +253,7 @@ void CVrkCliSesStoreTest::a_write_inside_a_message_comes_back_after_the_delivery
                                                QStringLiteral("601 LogbookComments C2")}));
 }
 
-void CVrkCliSesStoreTest::events_begin_with_the_session()
+void CVrkCliSesStoreTest::eventsStartWithTheSession()
 {
     TestStore store;
     TestClient early(store);
@@ -266,7 +266,7 @@ void CVrkCliSesStoreTest::events_begin_with_the_session()
     QCOMPARE(module.takeEvents(), QStringList(QStringLiteral("601 LogbookComments C2")));
 }
 
-void CVrkCliSesStoreTest::a_burst_arrives_whole_and_in_order()
+void CVrkCliSesStoreTest::aBurstOfEventsIsCompleteAndInOrder()
 {
     TestStore store;
     TestClient writer(store);
@@ -287,7 +287,7 @@ void CVrkCliSesStoreTest::a_burst_arrives_whole_and_in_order()
     QCOMPARE(module.takeEvents(), expected);
 }
 
-void CVrkCliSesStoreTest::the_bytes_of_a_file_are_fetched_by_key()
+void CVrkCliSesStoreTest::theBytesOfAFileAreFetchedByKey()
 {
     TestStore store;
     TestClient client(store);
@@ -309,7 +309,7 @@ void CVrkCliSesStoreTest::the_bytes_of_a_file_are_fetched_by_key()
     QVERIFY(!client.session().blobSource("LogbookFiles", "fileData", "NONE")->read(fetched));
 }
 
-void CVrkCliSesStoreTest::a_lock_held_by_another_fails_the_write_only()
+void CVrkCliSesStoreTest::aLockOfAnotherFailsOnlyTheWrite()
 {
     if (!TestStore::isSqlite())
         QSKIP("Of a store in a file");
@@ -334,7 +334,7 @@ void CVrkCliSesStoreTest::a_lock_held_by_another_fails_the_write_only()
     QCOMPARE(comments(store, QStringLiteral("C1")), 1);
 }
 
-void CVrkCliSesStoreTest::waiting_for_a_lock_shows_a_sign_of_life()
+void CVrkCliSesStoreTest::waitingForALockShowsTheStrip()
 {
     if (!TestStore::isSqlite())
         QSKIP("Of a store in a file");
@@ -355,7 +355,7 @@ void CVrkCliSesStoreTest::waiting_for_a_lock_shows_a_sign_of_life()
     sqlite3_close(other);
 }
 
-void CVrkCliSesStoreTest::a_file_that_vanishes_takes_the_session_down()
+void CVrkCliSesStoreTest::aRemovedFileTakesTheSessionDown()
 {
     if (!TestStore::isSqlite())
         QSKIP("Of a store in a file");
@@ -374,7 +374,7 @@ void CVrkCliSesStoreTest::a_file_that_vanishes_takes_the_session_down()
     QCOMPARE(failures.at(1), QStringLiteral("Нет связи с сервером."));
 }
 
-void CVrkCliSesStoreTest::a_file_that_comes_back_is_found()
+void CVrkCliSesStoreTest::aRestoredFileIsFound()
 {
     if (!TestStore::isSqlite())
         QSKIP("Of a store in a file");
@@ -393,7 +393,7 @@ void CVrkCliSesStoreTest::a_file_that_comes_back_is_found()
     QCOMPARE(module.takeEvents(), QStringList(QStringLiteral("601 LogbookComments C1")));
 }
 
-void CVrkCliSesStoreTest::another_history_is_told()
+void CVrkCliSesStoreTest::reportsAnotherHistory()
 {
     if (!TestStore::isSqlite())
         QSKIP("Of a store in a file");

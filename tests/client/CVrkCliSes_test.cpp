@@ -16,48 +16,48 @@ private slots:
     void init();
     void cleanup() { session.reset(); }
 
-    void a_select_goes_to_the_store_as_it_stands();
-    void a_failed_select_gives_null_and_the_reason();
-    void a_failed_select_leaves_its_table_alone();
-    void a_write_goes_to_the_store_with_a_fresh_batch_key();
-    void a_refused_write_tells_table_and_reason();
-    void a_write_without_array_or_table_fails();
-    void a_success_forgets_the_last_error();
+    void passesASelectUnchanged();
+    void aFailedSelectGivesNullAndTheReason();
+    void aFailedSelectLeavesItsTableAlone();
+    void aWriteHasAFreshBatchKey();
+    void aRefusedWriteReportsTableAndReason();
+    void aWriteWithoutArrayOrTableFails();
+    void aSuccessClearsTheLastError();
 
-    void a_block_is_written_at_its_end_in_the_order_given();
-    void a_block_holds_the_records_as_they_were_at_the_call();
-    void a_dropped_block_writes_nothing();
-    void an_empty_block_is_true_and_asks_nothing();
-    void a_block_in_a_block_is_written_with_the_outer_one();
-    void a_dropped_inner_block_drops_its_own_part_only();
-    void an_outer_block_dropped_takes_the_inner_along();
-    void the_end_of_no_block_is_false();
-    void a_failed_block_is_closed();
+    void aBlockIsWrittenAtItsEndInOrder();
+    void aBlockCopiesRecordsAtTheCall();
+    void aDroppedBlockWritesNothing();
+    void anEmptyBlockSucceedsWithoutARequest();
+    void aNestedBlockIsWrittenWithTheOuterOne();
+    void aDroppedInnerBlockDropsOnlyItsPart();
+    void aDroppedOuterBlockDropsTheInnerOne();
+    void blockEndWithoutABlockFails();
+    void aFailedBlockIsClosed();
 
-    void a_write_whose_answer_was_lost_is_sent_again_under_its_key();
-    void a_refused_write_is_not_sent_again();
-    void a_write_that_cost_the_deadline_is_not_sent_again();
-    void what_became_of_an_unanswered_write_is_told_when_the_link_is_found_data();
-    void what_became_of_an_unanswered_write_is_told_when_the_link_is_found();
-    void an_unanswered_write_is_asked_for_until_there_is_an_answer();
-    void without_events_an_unanswered_write_is_asked_for_by_the_next_one();
-    void while_the_session_is_down_requests_fail_at_once();
-    void the_session_comes_back_when_the_link_is_found();
-    void without_events_a_lost_link_is_tried_with_each_request();
+    void aWriteWithoutAnAnswerIsRepeatedWithItsKey();
+    void aRefusedWriteIsNotSentAgain();
+    void aWriteAfterTheDeadlineIsNotRepeated();
+    void reportsAnUnansweredWriteWhenTheLinkIsBack_data();
+    void reportsAnUnansweredWriteWhenTheLinkIsBack();
+    void asksForAnUnansweredWriteUntilItIsKnown();
+    void withoutEventsTheNextWriteSettlesALostOne();
+    void whileTheSessionIsDownRequestsFailAtOnce();
+    void theSessionIsUpAgainWhenTheLinkIsBack();
+    void withoutEventsEachRequestTriesALostLink();
 
-    void rights_come_from_the_store();
-    void time_comes_from_the_store();
-    void time_is_reckoned_on_while_the_store_is_silent();
-    void session_times_are_local_times();
+    void rightsComeFromTheStore();
+    void timeComesFromTheStore();
+    void computesTheTimeWhileTheStoreIsDown();
+    void sessionTimesAreLocalTimes();
 
-    void file_get_answers_one_record();
-    void file_get_recodes_its_argument();
-    void a_missing_file_is_an_answer_with_a_code();
-    void an_unknown_packet_is_refused();
-    void a_packet_without_a_link_is_false();
-    void wait_result_needs_an_answer();
-    void each_block_is_freed_once();
-    void blobs_are_fetched_through_the_session();
+    void fileGetReturnsOneRecord();
+    void fileGetConvertsItsArgument();
+    void aMissingFileIsAnAnswerWithACode();
+    void anUnknownPacketIsRefused();
+    void aPacketWithoutALinkIsFalse();
+    void waitResultRequiresAnAnswer();
+    void eachBlockIsFreedOnce();
+    void blobsAreFetchedThroughTheSession();
 
 private:
     std::shared_ptr<FakeStore::State> store;
@@ -100,7 +100,7 @@ void CVrkCliSesTest::init()
     failed = std::make_unique<QSignalSpy>(session.get(), &CVrkCliSes::requestFailed);
 }
 
-void CVrkCliSesTest::a_select_goes_to_the_store_as_it_stands()
+void CVrkCliSesTest::passesASelectUnchanged()
 {
     CMDArray answer;
     answer = session->SqlRequest("SELECT * FROM Workers WHERE name_='Пётр' ;");
@@ -109,7 +109,7 @@ void CVrkCliSesTest::a_select_goes_to_the_store_as_it_stands()
     QCOMPARE(failed->count(), 0);
 }
 
-void CVrkCliSesTest::a_failed_select_gives_null_and_the_reason()
+void CVrkCliSesTest::aFailedSelectGivesNullAndTheReason()
 {
     store->failures = {FakeStore::error(StoreError::BadRequest, QStringLiteral("Запрос не понят."))};
     QTest::ignoreMessage(QtWarningMsg,
@@ -121,7 +121,7 @@ void CVrkCliSesTest::a_failed_select_gives_null_and_the_reason()
     QVERIFY(session->isConnected());
 }
 
-void CVrkCliSesTest::a_failed_select_leaves_its_table_alone()
+void CVrkCliSesTest::aFailedSelectLeavesItsTableAlone()
 {
     CMDArray table;
     MDACreate(&table.array, 0);
@@ -132,7 +132,7 @@ void CVrkCliSesTest::a_failed_select_leaves_its_table_alone()
     QCOMPARE(table.array, before);
 }
 
-void CVrkCliSesTest::a_write_goes_to_the_store_with_a_fresh_batch_key()
+void CVrkCliSesTest::aWriteHasAFreshBatchKey()
 {
     CRowBatch batch(LogbookWorkshiftFields, 7);
     addShift(batch, ROW_INSERT, "A");
@@ -147,7 +147,7 @@ void CVrkCliSesTest::a_write_goes_to_the_store_with_a_fresh_batch_key()
     QVERIFY(store->batchKeys.at(0) != store->batchKeys.at(1));
 }
 
-void CVrkCliSesTest::a_refused_write_tells_table_and_reason()
+void CVrkCliSesTest::aRefusedWriteReportsTableAndReason()
 {
     store->failures = {FakeStore::refused()};
     QVERIFY(!writeShift("A"));
@@ -157,7 +157,7 @@ void CVrkCliSesTest::a_refused_write_tells_table_and_reason()
     QVERIFY(session->isConnected());
 }
 
-void CVrkCliSesTest::a_write_without_array_or_table_fails()
+void CVrkCliSesTest::aWriteWithoutArrayOrTableFails()
 {
     CRowBatch batch(LogbookWorkshiftFields, 7);
     QVERIFY(!session->SqlUpdate("LogbookWorkshifts", nullptr, true, nullptr));
@@ -166,7 +166,7 @@ void CVrkCliSesTest::a_write_without_array_or_table_fails()
     QCOMPARE(store->asked, QStringList());
 }
 
-void CVrkCliSesTest::a_success_forgets_the_last_error()
+void CVrkCliSesTest::aSuccessClearsTheLastError()
 {
     store->failures = {FakeStore::refused()};
     QVERIFY(!writeShift("A"));
@@ -181,7 +181,7 @@ void CVrkCliSesTest::a_success_forgets_the_last_error()
     QCOMPARE(session->lastErrorText(), QString());
 }
 
-void CVrkCliSesTest::a_block_is_written_at_its_end_in_the_order_given()
+void CVrkCliSesTest::aBlockIsWrittenAtItsEndInOrder()
 {
     session->BlockBeg();
     CRowBatch removal(LogbookWorkshiftFields, 7);
@@ -198,7 +198,7 @@ void CVrkCliSesTest::a_block_is_written_at_its_end_in_the_order_given()
                                         "LogbookWorkshifts 1:A[endTime]")));
 }
 
-void CVrkCliSesTest::a_block_holds_the_records_as_they_were_at_the_call()
+void CVrkCliSesTest::aBlockCopiesRecordsAtTheCall()
 {
     session->BlockBeg();
     {
@@ -212,7 +212,7 @@ void CVrkCliSesTest::a_block_holds_the_records_as_they_were_at_the_call()
     QCOMPARE(store->asked, QStringList(QStringLiteral("apply LogbookWorkshifts 1:A[endTime]")));
 }
 
-void CVrkCliSesTest::a_dropped_block_writes_nothing()
+void CVrkCliSesTest::aDroppedBlockWritesNothing()
 {
     session->BlockBeg();
     QVERIFY(writeShift("A"));
@@ -222,14 +222,14 @@ void CVrkCliSesTest::a_dropped_block_writes_nothing()
     QCOMPARE(store->asked, QStringList(QStringLiteral("apply LogbookWorkshifts 1:B[endTime]")));
 }
 
-void CVrkCliSesTest::an_empty_block_is_true_and_asks_nothing()
+void CVrkCliSesTest::anEmptyBlockSucceedsWithoutARequest()
 {
     session->BlockBeg();
     QVERIFY(session->BlockEnd(true, nullptr));
     QCOMPARE(store->asked, QStringList());
 }
 
-void CVrkCliSesTest::a_block_in_a_block_is_written_with_the_outer_one()
+void CVrkCliSesTest::aNestedBlockIsWrittenWithTheOuterOne()
 {
     session->BlockBeg();
     QVERIFY(writeShift("A"));
@@ -244,7 +244,7 @@ void CVrkCliSesTest::a_block_in_a_block_is_written_with_the_outer_one()
                                "LogbookWorkshifts 1:C[endTime]")));
 }
 
-void CVrkCliSesTest::a_dropped_inner_block_drops_its_own_part_only()
+void CVrkCliSesTest::aDroppedInnerBlockDropsOnlyItsPart()
 {
     session->BlockBeg();
     QVERIFY(writeShift("A"));
@@ -255,7 +255,7 @@ void CVrkCliSesTest::a_dropped_inner_block_drops_its_own_part_only()
     QCOMPARE(store->asked, QStringList(QStringLiteral("apply LogbookWorkshifts 1:A[endTime]")));
 }
 
-void CVrkCliSesTest::an_outer_block_dropped_takes_the_inner_along()
+void CVrkCliSesTest::aDroppedOuterBlockDropsTheInnerOne()
 {
     session->BlockBeg();
     session->BlockBeg();
@@ -265,14 +265,14 @@ void CVrkCliSesTest::an_outer_block_dropped_takes_the_inner_along()
     QCOMPARE(store->asked, QStringList());
 }
 
-void CVrkCliSesTest::the_end_of_no_block_is_false()
+void CVrkCliSesTest::blockEndWithoutABlockFails()
 {
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("BlockEnd.*no block is open")));
     QVERIFY(!session->BlockEnd(true, nullptr));
     QCOMPARE(store->asked, QStringList());
 }
 
-void CVrkCliSesTest::a_failed_block_is_closed()
+void CVrkCliSesTest::aFailedBlockIsClosed()
 {
     store->failures = {FakeStore::refused()};
     session->BlockBeg();
@@ -285,7 +285,7 @@ void CVrkCliSesTest::a_failed_block_is_closed()
     QCOMPARE(store->asked, QStringList(QStringLiteral("apply LogbookWorkshifts 1:B[endTime]")));
 }
 
-void CVrkCliSesTest::a_write_whose_answer_was_lost_is_sent_again_under_its_key()
+void CVrkCliSesTest::aWriteWithoutAnAnswerIsRepeatedWithItsKey()
 {
     QVERIFY(session->startEvents());
     store->failures = {FakeStore::lost()};
@@ -296,14 +296,14 @@ void CVrkCliSesTest::a_write_whose_answer_was_lost_is_sent_again_under_its_key()
     QVERIFY(session->isConnected());
 }
 
-void CVrkCliSesTest::a_refused_write_is_not_sent_again()
+void CVrkCliSesTest::aRefusedWriteIsNotSentAgain()
 {
     store->failures = {FakeStore::refused()};
     QVERIFY(!writeShift("A"));
     QCOMPARE(store->batchKeys.size(), 1);
 }
 
-void CVrkCliSesTest::a_write_that_cost_the_deadline_is_not_sent_again()
+void CVrkCliSesTest::aWriteAfterTheDeadlineIsNotRepeated()
 {
     store->failures = {FakeStore::lost()};
     store->during = [](const std::function<void()>&) { QTest::qSleep(1100); }; // the server says nothing
@@ -311,14 +311,14 @@ void CVrkCliSesTest::a_write_that_cost_the_deadline_is_not_sent_again()
     QCOMPARE(store->batchKeys.size(), 1);
 }
 
-void CVrkCliSesTest::what_became_of_an_unanswered_write_is_told_when_the_link_is_found_data()
+void CVrkCliSesTest::reportsAnUnansweredWriteWhenTheLinkIsBack_data()
 {
     QTest::addColumn<bool>("written");
     QTest::newRow("written") << true;
     QTest::newRow("not written") << false;
 }
 
-void CVrkCliSesTest::what_became_of_an_unanswered_write_is_told_when_the_link_is_found()
+void CVrkCliSesTest::reportsAnUnansweredWriteWhenTheLinkIsBack()
 {
     QFETCH(bool, written);
     QVERIFY(session->startEvents());
@@ -342,7 +342,7 @@ void CVrkCliSesTest::what_became_of_an_unanswered_write_is_told_when_the_link_is
     QCOMPARE(settled.count(), 1);
 }
 
-void CVrkCliSesTest::an_unanswered_write_is_asked_for_until_there_is_an_answer()
+void CVrkCliSesTest::asksForAnUnansweredWriteUntilItIsKnown()
 {
     QVERIFY(session->startEvents());
     QSignalSpy settled(session.get(), &CVrkCliSes::writeSettled);
@@ -354,7 +354,7 @@ void CVrkCliSesTest::an_unanswered_write_is_asked_for_until_there_is_an_answer()
     QCOMPARE(settled.count(), 1);
 }
 
-void CVrkCliSesTest::without_events_an_unanswered_write_is_asked_for_by_the_next_one()
+void CVrkCliSesTest::withoutEventsTheNextWriteSettlesALostOne()
 {
     QSignalSpy settled(session.get(), &CVrkCliSes::writeSettled);
     store->failures = {FakeStore::unsettled()};
@@ -365,7 +365,7 @@ void CVrkCliSesTest::without_events_an_unanswered_write_is_asked_for_by_the_next
     QCOMPARE(settled.count(), 1);
 }
 
-void CVrkCliSesTest::while_the_session_is_down_requests_fail_at_once()
+void CVrkCliSesTest::whileTheSessionIsDownRequestsFailAtOnce()
 {
     QVERIFY(session->startEvents());
     QSignalSpy connection(session.get(), &CVrkCliSes::connectionChanged);
@@ -385,7 +385,7 @@ void CVrkCliSesTest::while_the_session_is_down_requests_fail_at_once()
     QCOMPARE(failed->count(), 4);
 }
 
-void CVrkCliSesTest::the_session_comes_back_when_the_link_is_found()
+void CVrkCliSesTest::theSessionIsUpAgainWhenTheLinkIsBack()
 {
     QVERIFY(session->startEvents());
     QSignalSpy connection(session.get(), &CVrkCliSes::connectionChanged);
@@ -397,7 +397,7 @@ void CVrkCliSesTest::the_session_comes_back_when_the_link_is_found()
     QVERIFY(writeShift("A"));
 }
 
-void CVrkCliSesTest::without_events_a_lost_link_is_tried_with_each_request()
+void CVrkCliSesTest::withoutEventsEachRequestTriesALostLink()
 {
     store->failures = {FakeStore::lost()};
     QVERIFY(!session->SqlRequest("SELECT 1"));
@@ -406,7 +406,7 @@ void CVrkCliSesTest::without_events_a_lost_link_is_tried_with_each_request()
     QVERIFY(answer.array);
 }
 
-void CVrkCliSesTest::rights_come_from_the_store()
+void CVrkCliSesTest::rightsComeFromTheStore()
 {
     store->rights = {"ADMINISTRATOR"};
     QVERIFY(session->OperationRights("ADMINISTRATOR") != 0);
@@ -414,12 +414,12 @@ void CVrkCliSesTest::rights_come_from_the_store()
     QCOMPARE(session->OperationRights(nullptr), 0);
 }
 
-void CVrkCliSesTest::time_comes_from_the_store()
+void CVrkCliSesTest::timeComesFromTheStore()
 {
     QCOMPARE(session->GetHfnTime(), 1700000000.0);
 }
 
-void CVrkCliSesTest::time_is_reckoned_on_while_the_store_is_silent()
+void CVrkCliSesTest::computesTheTimeWhileTheStoreIsDown()
 {
     QCOMPARE(session->GetHfnTime(), 1700000000.0);
     store->time = 0;
@@ -427,14 +427,14 @@ void CVrkCliSesTest::time_is_reckoned_on_while_the_store_is_silent()
     QVERIFY(reckoned >= 1700000000.0 && reckoned < 1700000100.0);
 }
 
-void CVrkCliSesTest::session_times_are_local_times()
+void CVrkCliSesTest::sessionTimesAreLocalTimes()
 {
     QCOMPARE(session->HfnTimeToSesTime(1700000000.0), QDateTime::fromSecsSinceEpoch(1700000000));
     QCOMPARE(session->HfnTimeToSesTime(1700000000.0).timeSpec(), Qt::LocalTime);
     QCOMPARE(session->HfnTimeToSesTime(), QDateTime::fromSecsSinceEpoch(1700000000));
 }
 
-void CVrkCliSesTest::file_get_answers_one_record()
+void CVrkCliSesTest::fileGetReturnsOneRecord()
 {
     store->files.insert(QStringLiteral("options/OperLogOptions"), "<Options/>");
     HFNCliParam* block = getFile("options;OperLogOptions");
@@ -464,7 +464,7 @@ void CVrkCliSesTest::file_get_answers_one_record()
     session->PrmFree(block);
 }
 
-void CVrkCliSesTest::file_get_recodes_its_argument()
+void CVrkCliSesTest::fileGetConvertsItsArgument()
 {
     store->files.insert(QStringLiteral("настройки/файл"), "x");
     HFNCliParam* block = getFile("настройки;файл");
@@ -478,7 +478,7 @@ void CVrkCliSesTest::file_get_recodes_its_argument()
     session->PrmFree(block);
 }
 
-void CVrkCliSesTest::a_missing_file_is_an_answer_with_a_code()
+void CVrkCliSesTest::aMissingFileIsAnAnswerWithACode()
 {
     for (const char* argument : {"options;OperLogOptions", "options", ""}) {
         HFNCliParam* block = getFile(argument);
@@ -489,7 +489,7 @@ void CVrkCliSesTest::a_missing_file_is_an_answer_with_a_code()
     QCOMPARE(failed->count(), 0);
 }
 
-void CVrkCliSesTest::an_unknown_packet_is_refused()
+void CVrkCliSesTest::anUnknownPacketIsRefused()
 {
     HFNCliParam* block = nullptr;
     QVERIFY(!session->PacketExec("FilePut", nullptr, 0, &block));
@@ -498,7 +498,7 @@ void CVrkCliSesTest::an_unknown_packet_is_refused()
     QCOMPARE(failed->count(), 2);
 }
 
-void CVrkCliSesTest::a_packet_without_a_link_is_false()
+void CVrkCliSesTest::aPacketWithoutALinkIsFalse()
 {
     store->failures = {FakeStore::lost()};
     HFNCliParam* block = nullptr;
@@ -508,14 +508,14 @@ void CVrkCliSesTest::a_packet_without_a_link_is_false()
     QCOMPARE(failed->count(), 1);
 }
 
-void CVrkCliSesTest::wait_result_needs_an_answer()
+void CVrkCliSesTest::waitResultRequiresAnAnswer()
 {
     HFNCliParam* none = nullptr;
     QVERIFY(!session->WaitResult(&none, -1));
     QVERIFY(!session->WaitResult(nullptr, -1));
 }
 
-void CVrkCliSesTest::each_block_is_freed_once()
+void CVrkCliSesTest::eachBlockIsFreedOnce()
 {
     HFNCliParam* first = getFile("options;OperLogOptions");
     HFNCliParam* second = getFile("options;OperLogOptions");
@@ -529,7 +529,7 @@ void CVrkCliSesTest::each_block_is_freed_once()
     QCOMPARE(session->openBlocks(), 0);
 }
 
-void CVrkCliSesTest::blobs_are_fetched_through_the_session()
+void CVrkCliSesTest::blobsAreFetchedThroughTheSession()
 {
     const auto source = session->blobSource("LogbookFiles", "fileData", "F1");
     QByteArray bytes;

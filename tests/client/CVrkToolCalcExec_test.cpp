@@ -54,33 +54,33 @@ class CVrkToolCalcExecTest : public QObject
     Q_OBJECT
 
 private slots:
-    void the_end_of_the_only_workshift();
-    void the_end_of_the_latest_of_several_workshifts();
-    void the_latest_is_the_one_that_began_last();
-    void a_department_without_workshifts_has_no_end();
-    void a_department_behind_all_others_has_no_end();
-    void an_empty_table_has_no_end();
-    void a_workshift_without_an_end_has_none();
-    void the_workshift_of_a_neighbour_is_not_taken();
-    void each_run_reads_anew();
+    void findsTheEndOfTheOnlyWorkshift();
+    void findsTheEndOfTheLatestWorkshift();
+    void theLatestIsTheOneThatBeganLast();
+    void aDepartmentWithoutWorkshiftsHasNoEnd();
+    void aDepartmentAfterAllOthersHasNoEnd();
+    void anEmptyTableHasNoEnd();
+    void aWorkshiftWithoutAnEndHasNone();
+    void theWorkshiftOfANeighbourIsNotTaken();
+    void eachRunReadsAgain();
 
-    void the_language_knows_its_types();
-    void texts_come_as_unicode();
-    void null_fields_are_nil();
-    void indexes_outside_the_table_give_nil();
-    void an_exact_seek_gives_record_and_index();
-    void values_of_all_types_come_back();
-    void leaving_early_is_done_without_a_result();
-    void a_comment_may_end_the_script();
-    void errors_break_off_data();
-    void errors_break_off();
-    void an_endless_run_is_broken_off_data();
-    void an_endless_run_is_broken_off();
-    void an_error_empties_the_output_of_the_run_before();
-    void scripts_know_nothing_of_each_other();
-    void without_a_store_the_run_breaks_off();
-    void the_read_ends_on_every_path();
-    void the_tool_has_its_name();
+    void theLanguageKnowsItsTypes();
+    void textsAreUnicode();
+    void nullFieldsAreNil();
+    void indexesOutsideTheTableGiveNil();
+    void anExactSeekGivesRecordAndIndex();
+    void valuesOfAllTypesComeBack();
+    void exitEndsTheRunWithoutAResult();
+    void aCommentMayEndTheScript();
+    void errorsEndTheRun_data();
+    void errorsEndTheRun();
+    void anEndlessRunIsInterrupted_data();
+    void anEndlessRunIsInterrupted();
+    void anErrorClearsThePreviousOutput();
+    void scriptsAreIndependent();
+    void withoutAStoreTheRunFails();
+    void theReadEndsOnEveryPath();
+    void theToolHasItsName();
 
 private:
     struct Answer {
@@ -124,7 +124,7 @@ private:
     QCOMPARE((answer).state, 2);                                                                             \
     QCOMPARE((answer).output.type, 0)
 
-void CVrkToolCalcExecTest::the_end_of_the_only_workshift()
+void CVrkToolCalcExecTest::findsTheEndOfTheOnlyWorkshift()
 {
     TestStore store;
     TestClient client(store);
@@ -135,7 +135,7 @@ void CVrkToolCalcExecTest::the_end_of_the_only_workshift()
             .toDouble());
 }
 
-void CVrkToolCalcExecTest::the_end_of_the_latest_of_several_workshifts()
+void CVrkToolCalcExecTest::findsTheEndOfTheLatestWorkshift()
 {
     TestStore store;
     TestClient client(store);
@@ -146,7 +146,7 @@ void CVrkToolCalcExecTest::the_end_of_the_latest_of_several_workshifts()
             .toDouble());
 }
 
-void CVrkToolCalcExecTest::the_latest_is_the_one_that_began_last()
+void CVrkToolCalcExecTest::theLatestIsTheOneThatBeganLast()
 {
     TestStore store(TestStore::Empty);
     QVERIFY(addShift(store, "A", "D", 3000, 3500.0));
@@ -157,7 +157,7 @@ void CVrkToolCalcExecTest::the_latest_is_the_one_that_began_last()
     COMPARE_END(end(module, "D"), 3500.0);
 }
 
-void CVrkToolCalcExecTest::a_department_without_workshifts_has_no_end()
+void CVrkToolCalcExecTest::aDepartmentWithoutWorkshiftsHasNoEnd()
 {
     TestStore store;
     TestClient client(store);
@@ -167,7 +167,7 @@ void CVrkToolCalcExecTest::a_department_without_workshifts_has_no_end()
     COMPARE_NO_END(end(module, ""));
 }
 
-void CVrkToolCalcExecTest::a_department_behind_all_others_has_no_end()
+void CVrkToolCalcExecTest::aDepartmentAfterAllOthersHasNoEnd()
 {
     TestStore store;
     TestClient client(store);
@@ -175,7 +175,7 @@ void CVrkToolCalcExecTest::a_department_behind_all_others_has_no_end()
     COMPARE_NO_END(end(module, "DEP_ZZZ"));
 }
 
-void CVrkToolCalcExecTest::an_empty_table_has_no_end()
+void CVrkToolCalcExecTest::anEmptyTableHasNoEnd()
 {
     TestStore store(TestStore::Empty);
     TestClient client(store.openLoader());
@@ -183,7 +183,7 @@ void CVrkToolCalcExecTest::an_empty_table_has_no_end()
     COMPARE_NO_END(end(module, "DEP_CDS"));
 }
 
-void CVrkToolCalcExecTest::a_workshift_without_an_end_has_none()
+void CVrkToolCalcExecTest::aWorkshiftWithoutAnEndHasNone()
 {
     TestStore store(TestStore::Empty);
     QVERIFY(addShift(store, "A", "D", 1000, 1500.0));
@@ -193,7 +193,7 @@ void CVrkToolCalcExecTest::a_workshift_without_an_end_has_none()
     COMPARE_NO_END(end(module, "D"));
 }
 
-void CVrkToolCalcExecTest::the_workshift_of_a_neighbour_is_not_taken()
+void CVrkToolCalcExecTest::theWorkshiftOfANeighbourIsNotTaken()
 {
     TestStore store(TestStore::Empty);
     QVERIFY(addShift(store, "A", "DEP", 1000, 1500.0));
@@ -206,7 +206,7 @@ void CVrkToolCalcExecTest::the_workshift_of_a_neighbour_is_not_taken()
     COMPARE_NO_END(end(module, "dep"));
 }
 
-void CVrkToolCalcExecTest::each_run_reads_anew()
+void CVrkToolCalcExecTest::eachRunReadsAgain()
 {
     TestStore store(TestStore::Empty);
     TestClient client(store.openLoader());
@@ -216,7 +216,7 @@ void CVrkToolCalcExecTest::each_run_reads_anew()
     COMPARE_END(end(module, "D"), 1500.0);
 }
 
-void CVrkToolCalcExecTest::the_language_knows_its_types()
+void CVrkToolCalcExecTest::theLanguageKnowsItsTypes()
 {
     TestStore store;
     TestClient client(store);
@@ -234,7 +234,7 @@ void CVrkToolCalcExecTest::the_language_knows_its_types()
     QCOMPARE(codes, (QVector<int>{2, 2, 3, 4, 0, 0, 1}));
 }
 
-void CVrkToolCalcExecTest::texts_come_as_unicode()
+void CVrkToolCalcExecTest::textsAreUnicode()
 {
     TestStore store;
     TestClient client(store);
@@ -245,7 +245,7 @@ void CVrkToolCalcExecTest::texts_come_as_unicode()
     QCOMPARE(QString::fromUtf8(answer.output.text), QStringLiteral("ЦДС"));
 }
 
-void CVrkToolCalcExecTest::null_fields_are_nil()
+void CVrkToolCalcExecTest::nullFieldsAreNil()
 {
     TestStore store;
     TestClient client(store);
@@ -260,7 +260,7 @@ void CVrkToolCalcExecTest::null_fields_are_nil()
         QCOMPARE(code.number, 0.0);
 }
 
-void CVrkToolCalcExecTest::indexes_outside_the_table_give_nil()
+void CVrkToolCalcExecTest::indexesOutsideTheTableGiveNil()
 {
     TestStore store;
     TestClient client(store);
@@ -276,7 +276,7 @@ void CVrkToolCalcExecTest::indexes_outside_the_table_give_nil()
     QCOMPARE(numbers, (QVector<double>{3, 3, 0, 0, 0, 1}));
 }
 
-void CVrkToolCalcExecTest::an_exact_seek_gives_record_and_index()
+void CVrkToolCalcExecTest::anExactSeekGivesRecordAndIndex()
 {
     TestStore store;
     TestClient client(store);
@@ -291,7 +291,7 @@ void CVrkToolCalcExecTest::an_exact_seek_gives_record_and_index()
     QCOMPARE(answer.output.elements[2].text, QByteArray("SHIFT_CDS_PAST"));
 }
 
-void CVrkToolCalcExecTest::values_of_all_types_come_back()
+void CVrkToolCalcExecTest::valuesOfAllTypesComeBack()
 {
     TestStore store;
     TestClient client(store);
@@ -305,7 +305,7 @@ void CVrkToolCalcExecTest::values_of_all_types_come_back()
     QCOMPARE(run(&module, body("")).output.type, int(CVar::None));
 }
 
-void CVrkToolCalcExecTest::leaving_early_is_done_without_a_result()
+void CVrkToolCalcExecTest::exitEndsTheRunWithoutAResult()
 {
     TestStore store;
     TestClient client(store);
@@ -314,7 +314,7 @@ void CVrkToolCalcExecTest::leaving_early_is_done_without_a_result()
     COMPARE_END(run(&module, body("Result = 5; exit; Result = 6;")), 5);
 }
 
-void CVrkToolCalcExecTest::a_comment_may_end_the_script()
+void CVrkToolCalcExecTest::aCommentMayEndTheScript()
 {
     TestStore store;
     TestClient client(store);
@@ -322,7 +322,7 @@ void CVrkToolCalcExecTest::a_comment_may_end_the_script()
     COMPARE_END(run(&module, body("Result = 5;") + QStringLiteral(" // \"конец\"")), 5);
 }
 
-void CVrkToolCalcExecTest::errors_break_off_data()
+void CVrkToolCalcExecTest::errorsEndTheRun_data()
 {
     QTest::addColumn<QString>("script");
     QTest::newRow("syntax") << body("Result = ;");
@@ -337,7 +337,7 @@ void CVrkToolCalcExecTest::errors_break_off_data()
     QTest::newRow("field of no record") << body("Result = CRecFldGet(null, 'KeyLink');");
 }
 
-void CVrkToolCalcExecTest::errors_break_off()
+void CVrkToolCalcExecTest::errorsEndTheRun()
 {
     QFETCH(QString, script);
     TestStore store;
@@ -349,7 +349,7 @@ void CVrkToolCalcExecTest::errors_break_off()
     QCOMPARE(answer.output.type, 0);
 }
 
-void CVrkToolCalcExecTest::an_endless_run_is_broken_off_data()
+void CVrkToolCalcExecTest::anEndlessRunIsInterrupted_data()
 {
     QTest::addColumn<QString>("script");
     QTest::newRow("a loop") << body("Result = 1; for (;;) {}");
@@ -363,7 +363,7 @@ void CVrkToolCalcExecTest::an_endless_run_is_broken_off_data()
     QTest::newRow("a vast result") << body("Result = []; Result.length = 4000000000;");
 }
 
-void CVrkToolCalcExecTest::an_endless_run_is_broken_off()
+void CVrkToolCalcExecTest::anEndlessRunIsInterrupted()
 {
     QFETCH(QString, script);
     TestStore store;
@@ -385,7 +385,7 @@ void CVrkToolCalcExecTest::an_endless_run_is_broken_off()
     QCOMPARE(tool.m_output.number, 5.0);
 }
 
-void CVrkToolCalcExecTest::an_error_empties_the_output_of_the_run_before()
+void CVrkToolCalcExecTest::anErrorClearsThePreviousOutput()
 {
     TestStore store;
     TestClient client(store);
@@ -399,7 +399,7 @@ void CVrkToolCalcExecTest::an_error_empties_the_output_of_the_run_before()
     QCOMPARE(tool.m_output.type, 0);
 }
 
-void CVrkToolCalcExecTest::scripts_know_nothing_of_each_other()
+void CVrkToolCalcExecTest::scriptsAreIndependent()
 {
     TestStore store;
     TestClient client(store);
@@ -410,7 +410,7 @@ void CVrkToolCalcExecTest::scripts_know_nothing_of_each_other()
     QCOMPARE(answer.output.number, 0.0);
 }
 
-void CVrkToolCalcExecTest::without_a_store_the_run_breaks_off()
+void CVrkToolCalcExecTest::withoutAStoreTheRunFails()
 {
     if (!TestStore::isSqlite())
         QSKIP("Of a store in a file");
@@ -424,7 +424,7 @@ void CVrkToolCalcExecTest::without_a_store_the_run_breaks_off()
     QVERIFY(run(nullptr, body("Result = 5;")).state != 2);
 }
 
-void CVrkToolCalcExecTest::the_read_ends_on_every_path()
+void CVrkToolCalcExecTest::theReadEndsOnEveryPath()
 {
     const auto state = std::make_shared<FakeStore::State>();
     TestClient client(std::make_unique<FakeStore>(state));
@@ -438,7 +438,7 @@ void CVrkToolCalcExecTest::the_read_ends_on_every_path()
     QVERIFY(!state->reading);
 }
 
-void CVrkToolCalcExecTest::the_tool_has_its_name()
+void CVrkToolCalcExecTest::theToolHasItsName()
 {
     TestModule module(static_cast<CVrkCliApp*>(nullptr));
     QCOMPARE(CVrkToolCalcExec(&module).objectName(), QStringLiteral("CalcExec"));

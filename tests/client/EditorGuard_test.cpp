@@ -22,32 +22,32 @@ private slots:
     void init();
     void cleanup();
 
-    void typed_text_is_fitted_data() { editors(); }
-    void typed_text_is_fitted();
-    void pasted_text_is_fitted_data() { editors(); }
-    void pasted_text_is_fitted();
-    void composed_text_is_fitted_data() { editors(); }
-    void composed_text_is_fitted();
-    void dropped_text_is_fitted_data() { editors(); }
-    void dropped_text_is_fitted();
-    void undo_takes_edit_and_fitting_back_together_data() { editors(); }
-    void undo_takes_edit_and_fitting_back_together();
-    void redo_brings_the_fitted_text_data() { editors(); }
-    void redo_brings_the_fitted_text();
-    void what_the_program_sets_is_left_alone_data() { editors(); }
-    void what_the_program_sets_is_left_alone();
-    void text_that_fits_is_not_touched_data() { editors(); }
-    void text_that_fits_is_not_touched();
+    void typedTextIsFitted_data() { editors(); }
+    void typedTextIsFitted();
+    void pastedTextIsFitted_data() { editors(); }
+    void pastedTextIsFitted();
+    void composedTextIsFitted_data() { editors(); }
+    void composedTextIsFitted();
+    void droppedTextIsFitted_data() { editors(); }
+    void droppedTextIsFitted();
+    void undoRevertsEditAndFittingTogether_data() { editors(); }
+    void undoRevertsEditAndFittingTogether();
+    void redoRestoresTheFittedText_data() { editors(); }
+    void redoRestoresTheFittedText();
+    void textSetByTheProgramIsUnchanged_data() { editors(); }
+    void textSetByTheProgramIsUnchanged();
+    void fittingTextIsUnchanged_data() { editors(); }
+    void fittingTextIsUnchanged();
 
-    void pasting_without_a_key_is_fitted();
-    void a_selection_that_is_pasted_over_comes_back_by_undo();
-    void the_cursor_stays_behind_the_fitted_text();
-    void the_last_word_of_a_line_edit_is_the_fitted_text();
-    void the_limit_of_a_line_edit_holds();
-    void cells_of_tables_are_watched();
-    void formats_and_objects_of_a_text_stay();
-    void an_edit_without_undo_is_fitted();
-    void the_character_of_the_program_goes_with_the_next_edit();
+    void pastingWithoutAKeyIsFitted();
+    void undoRestoresAReplacedSelection();
+    void theCursorStaysAfterTheFittedText();
+    void aLineEditSignalsTheFittedTextLast();
+    void theLengthLimitOfALineEditApplies();
+    void cellsOfTablesAreWatched();
+    void formatsAndObjectsOfATextAreKept();
+    void anEditWithoutUndoIsFitted();
+    void theProgramsCharacterIsFittedAtTheNextEdit();
 
 private:
     /// One way to look at all kinds of editors.
@@ -146,7 +146,7 @@ EditorGuardTest::Editor EditorGuardTest::make(int kind)
     return editor;
 }
 
-void EditorGuardTest::typed_text_is_fitted()
+void EditorGuardTest::typedTextIsFitted()
 {
     QFETCH(int, kind);
     const Editor editor = make(kind);
@@ -158,7 +158,7 @@ void EditorGuardTest::typed_text_is_fitted()
     QVERIFY(adjusted->at(0).at(0).toString().contains(QStringLiteral("«→» заменено на «->»")));
 }
 
-void EditorGuardTest::pasted_text_is_fitted()
+void EditorGuardTest::pastedTextIsFitted()
 {
     QFETCH(int, kind);
     const Editor editor = make(kind);
@@ -168,7 +168,7 @@ void EditorGuardTest::pasted_text_is_fitted()
     QVERIFY(adjusted->at(0).at(0).toString().contains(QStringLiteral("«😀» опущено")));
 }
 
-void EditorGuardTest::composed_text_is_fitted()
+void EditorGuardTest::composedTextIsFitted()
 {
     QFETCH(int, kind);
     const Editor editor = make(kind);
@@ -178,7 +178,7 @@ void EditorGuardTest::composed_text_is_fitted()
     QCOMPARE(editor.text(), QStringLiteral("ne->"));
 }
 
-void EditorGuardTest::dropped_text_is_fitted()
+void EditorGuardTest::droppedTextIsFitted()
 {
     QFETCH(int, kind);
     const Editor editor = make(kind);
@@ -193,7 +193,7 @@ void EditorGuardTest::dropped_text_is_fitted()
     QCOMPARE(editor.text(), QStringLiteral("а->б"));
 }
 
-void EditorGuardTest::undo_takes_edit_and_fitting_back_together()
+void EditorGuardTest::undoRevertsEditAndFittingTogether()
 {
     QFETCH(int, kind);
     const Editor editor = make(kind);
@@ -207,7 +207,7 @@ void EditorGuardTest::undo_takes_edit_and_fitting_back_together()
     QCOMPARE(adjusted->count(), 1);
 }
 
-void EditorGuardTest::redo_brings_the_fitted_text()
+void EditorGuardTest::redoRestoresTheFittedText()
 {
     QFETCH(int, kind);
     const Editor editor = make(kind);
@@ -217,7 +217,7 @@ void EditorGuardTest::redo_brings_the_fitted_text()
     QCOMPARE(editor.text(), QStringLiteral("а->б"));
 }
 
-void EditorGuardTest::what_the_program_sets_is_left_alone()
+void EditorGuardTest::textSetByTheProgramIsUnchanged()
 {
     QFETCH(int, kind);
     const Editor editor = make(kind);
@@ -228,7 +228,7 @@ void EditorGuardTest::what_the_program_sets_is_left_alone()
     QCOMPARE(editor.text(), QStringLiteral("г→д"));
 }
 
-void EditorGuardTest::text_that_fits_is_not_touched()
+void EditorGuardTest::fittingTextIsUnchanged()
 {
     QFETCH(int, kind);
     const Editor editor = make(kind);
@@ -238,7 +238,7 @@ void EditorGuardTest::text_that_fits_is_not_touched()
     QCOMPARE(adjusted->count(), 0);
 }
 
-void EditorGuardTest::pasting_without_a_key_is_fitted()
+void EditorGuardTest::pastingWithoutAKeyIsFitted()
 {
     auto* line = new QLineEdit(window.get());
     show(line);
@@ -247,7 +247,7 @@ void EditorGuardTest::pasting_without_a_key_is_fitted()
     QCOMPARE(line->text(), QStringLiteral("а->б"));
 }
 
-void EditorGuardTest::a_selection_that_is_pasted_over_comes_back_by_undo()
+void EditorGuardTest::undoRestoresAReplacedSelection()
 {
     auto* line = new QLineEdit(window.get());
     show(line);
@@ -259,7 +259,7 @@ void EditorGuardTest::a_selection_that_is_pasted_over_comes_back_by_undo()
     QCOMPARE(line->text(), QStringLiteral("один два три"));
 }
 
-void EditorGuardTest::the_cursor_stays_behind_the_fitted_text()
+void EditorGuardTest::theCursorStaysAfterTheFittedText()
 {
     auto* line = new QLineEdit(window.get());
     show(line);
@@ -270,7 +270,7 @@ void EditorGuardTest::the_cursor_stays_behind_the_fitted_text()
     QCOMPARE(line->cursorPosition(), 6);
 }
 
-void EditorGuardTest::the_last_word_of_a_line_edit_is_the_fitted_text()
+void EditorGuardTest::aLineEditSignalsTheFittedTextLast()
 {
     auto* line = new QLineEdit(window.get());
     show(line);
@@ -280,7 +280,7 @@ void EditorGuardTest::the_last_word_of_a_line_edit_is_the_fitted_text()
     QTRY_COMPARE(told, QStringLiteral("а->б"));
 }
 
-void EditorGuardTest::the_limit_of_a_line_edit_holds()
+void EditorGuardTest::theLengthLimitOfALineEditApplies()
 {
     auto* line = new QLineEdit(window.get());
     line->setMaxLength(4);
@@ -289,7 +289,7 @@ void EditorGuardTest::the_limit_of_a_line_edit_holds()
     QCOMPARE(line->text(), QStringLiteral("абв-"));
 }
 
-void EditorGuardTest::cells_of_tables_are_watched()
+void EditorGuardTest::cellsOfTablesAreWatched()
 {
     auto* table = new QTableWidget(1, 1, window.get());
     table->setItem(0, 0, new QTableWidgetItem);
@@ -302,7 +302,7 @@ void EditorGuardTest::cells_of_tables_are_watched()
     QTRY_COMPARE(table->item(0, 0)->text(), QStringLiteral("а->б"));
 }
 
-void EditorGuardTest::formats_and_objects_of_a_text_stay()
+void EditorGuardTest::formatsAndObjectsOfATextAreKept()
 {
     auto* edit = new QTextEdit(window.get());
     show(edit);
@@ -317,7 +317,7 @@ void EditorGuardTest::formats_and_objects_of_a_text_stay()
     QCOMPARE(adjusted->count(), 1);
 }
 
-void EditorGuardTest::an_edit_without_undo_is_fitted()
+void EditorGuardTest::anEditWithoutUndoIsFitted()
 {
     auto* edit = new QTextEdit(window.get());
     edit->setUndoRedoEnabled(false);
@@ -326,7 +326,7 @@ void EditorGuardTest::an_edit_without_undo_is_fitted()
     QTRY_COMPARE(edit->toPlainText(), QStringLiteral("а->б"));
 }
 
-void EditorGuardTest::the_character_of_the_program_goes_with_the_next_edit()
+void EditorGuardTest::theProgramsCharacterIsFittedAtTheNextEdit()
 {
     auto* line = new QLineEdit(window.get());
     show(line);

@@ -285,7 +285,7 @@ private slots:
         QCOMPARE(Program(other).offered(), QStringList({QStringLiteral("текст 2")}));
     }
 
-    void aFolderThatIsNoneIsToldOnceAndTypingGoesOn()
+    void anInvalidFolderIsReportedOnceOnly()
     {
         const QString where = folder();
         QVERIFY(QDir().mkpath(QFileInfo(where).path()));

@@ -23,21 +23,21 @@ private slots:
         tzset();
     }
 
-    void the_login_of_a_worker_enters_its_only_department();
-    void of_two_departments_one_must_be_chosen();
-    void departments_come_by_name_with_their_organizations();
-    void a_department_of_others_is_refused();
-    void a_login_without_a_worker_enters_without_a_department();
-    void the_logins_to_choose_from();
-    void an_unknown_login_is_refused_and_may_be_tried_again();
-    void a_store_that_is_not_there_tells_why_data();
-    void a_store_that_is_not_there_tells_why();
-    void steps_out_of_order_fail();
-    void the_process_lives_in_the_zone_of_the_store();
-    void a_store_of_another_zone_is_refused();
-    void the_code_page_is_that_of_the_store();
-    void a_store_that_vanishes_before_the_end_tells_why();
-    void an_application_is_entered_once();
+    void theLoginOfAWorkerEntersItsOnlyDepartment();
+    void ofTwoDepartmentsOneMustBeChosen();
+    void departmentsAreSortedWithTheirOrganizations();
+    void aForeignDepartmentIsRefused();
+    void aLoginWithoutAWorkerEntersWithoutADepartment();
+    void theLoginsToChooseFrom();
+    void anUnknownLoginMayBeTriedAgain();
+    void aMissingStoreHasAReason_data();
+    void aMissingStoreHasAReason();
+    void stepsOutOfOrderFail();
+    void theProcessUsesTheZoneOfTheStore();
+    void aStoreOfAnotherZoneIsRefused();
+    void theCodePageIsThatOfTheStore();
+    void aStoreRemovedBeforeEnteringHasAReason();
+    void anApplicationIsEnteredOnce();
 
 private:
     static QString parameter(const CVrkCliApp& app, const char* name)
@@ -46,7 +46,7 @@ private:
     }
 };
 
-void SignInTest::the_login_of_a_worker_enters_its_only_department()
+void SignInTest::theLoginOfAWorkerEntersItsOnlyDepartment()
 {
     TestStore store;
     CVrkCliApp app;
@@ -64,7 +64,7 @@ void SignInTest::the_login_of_a_worker_enters_its_only_department()
     QVERIFY(app.session()->isConnected());
 }
 
-void SignInTest::of_two_departments_one_must_be_chosen()
+void SignInTest::ofTwoDepartmentsOneMustBeChosen()
 {
     TestStore store;
     CVrkCliApp app;
@@ -78,7 +78,7 @@ void SignInTest::of_two_departments_one_must_be_chosen()
     QCOMPARE(parameter(app, "ORGANIZATIONKEY"), QStringLiteral("ORG_CENTER"));
 }
 
-void SignInTest::departments_come_by_name_with_their_organizations()
+void SignInTest::departmentsAreSortedWithTheirOrganizations()
 {
     TestStore store;
     SignIn signIn;
@@ -92,7 +92,7 @@ void SignInTest::departments_come_by_name_with_their_organizations()
     QVERIFY(!departments[1].organizationName.isEmpty());
 }
 
-void SignInTest::a_department_of_others_is_refused()
+void SignInTest::aForeignDepartmentIsRefused()
 {
     TestStore store;
     CVrkCliApp app;
@@ -106,7 +106,7 @@ void SignInTest::a_department_of_others_is_refused()
     QVERIFY(signIn.departments().isEmpty());
 }
 
-void SignInTest::a_login_without_a_worker_enters_without_a_department()
+void SignInTest::aLoginWithoutAWorkerEntersWithoutADepartment()
 {
     TestStore store;
     CVrkCliApp app;
@@ -118,7 +118,7 @@ void SignInTest::a_login_without_a_worker_enters_without_a_department()
     QCOMPARE(parameter(app, "DEPARTMENTKEY"), QString());
 }
 
-void SignInTest::the_logins_to_choose_from()
+void SignInTest::theLoginsToChooseFrom()
 {
     TestStore store;
     SignIn signIn;
@@ -131,7 +131,7 @@ void SignInTest::the_logins_to_choose_from()
     QVERIFY(names.contains(QStringLiteral("viewer")));
 }
 
-void SignInTest::an_unknown_login_is_refused_and_may_be_tried_again()
+void SignInTest::anUnknownLoginMayBeTriedAgain()
 {
     TestStore store;
     CVrkCliApp app;
@@ -146,7 +146,7 @@ void SignInTest::an_unknown_login_is_refused_and_may_be_tried_again()
     QCOMPARE(parameter(app, "KEYLINK"), QStringLiteral("USER_PETROV"));
 }
 
-void SignInTest::a_store_that_is_not_there_tells_why_data()
+void SignInTest::aMissingStoreHasAReason_data()
 {
     QTest::addColumn<QString>("url");
     QTest::newRow("no url") << QString();
@@ -155,7 +155,7 @@ void SignInTest::a_store_that_is_not_there_tells_why_data()
     QTest::newRow("a folder") << QStringLiteral("sqlite:///tmp");
 }
 
-void SignInTest::a_store_that_is_not_there_tells_why()
+void SignInTest::aMissingStoreHasAReason()
 {
     QFETCH(QString, url);
     SignIn signIn;
@@ -165,7 +165,7 @@ void SignInTest::a_store_that_is_not_there_tells_why()
     QVERIFY(!signIn.signIn(QStringLiteral("ivanov")));
 }
 
-void SignInTest::steps_out_of_order_fail()
+void SignInTest::stepsOutOfOrderFail()
 {
     CVrkCliApp app;
     SignIn signIn;
@@ -175,7 +175,7 @@ void SignInTest::steps_out_of_order_fail()
     QCOMPARE(signIn.errorText(), QStringLiteral("Вход в журнал не выполнен."));
 }
 
-void SignInTest::the_process_lives_in_the_zone_of_the_store()
+void SignInTest::theProcessUsesTheZoneOfTheStore()
 {
     QTemporaryDir folder;
     const QString url = QStringLiteral("sqlite://") + folder.filePath(QStringLiteral("journal.vrk"));
@@ -188,7 +188,7 @@ void SignInTest::the_process_lives_in_the_zone_of_the_store()
     QCOMPARE(time.time(), QTime(8, 13, 20));
 }
 
-void SignInTest::a_store_of_another_zone_is_refused()
+void SignInTest::aStoreOfAnotherZoneIsRefused()
 {
     QTemporaryDir folder;
     const QString url = QStringLiteral("sqlite://") + folder.filePath(QStringLiteral("journal.vrk"));
@@ -215,7 +215,7 @@ void SignInTest::a_store_of_another_zone_is_refused()
     QCOMPARE(QDateTime::fromSecsSinceEpoch(1700000000).offsetFromUtc(), 10 * 3600);
 }
 
-void SignInTest::the_code_page_is_that_of_the_store()
+void SignInTest::theCodePageIsThatOfTheStore()
 {
     QTemporaryDir folder;
     const QString url = QStringLiteral("sqlite://") + folder.filePath(QStringLiteral("journal.vrk"));
@@ -228,7 +228,7 @@ void SignInTest::the_code_page_is_that_of_the_store()
     QCOMPARE(app.session()->codec()->name(), QByteArray("UTF-8"));
 }
 
-void SignInTest::a_store_that_vanishes_before_the_end_tells_why()
+void SignInTest::aStoreRemovedBeforeEnteringHasAReason()
 {
     if (!TestStore::isSqlite())
         QSKIP("Of a store in a file");
@@ -242,7 +242,7 @@ void SignInTest::a_store_that_vanishes_before_the_end_tells_why()
     QVERIFY(!app.session());
 }
 
-void SignInTest::an_application_is_entered_once()
+void SignInTest::anApplicationIsEnteredOnce()
 {
     TestStore store;
     CVrkCliApp app;

@@ -9,15 +9,15 @@ class TEventNciParseTest : public QObject
     Q_OBJECT
 
 private slots:
-    void an_event_is_taken_apart();
-    void a_deletion_carries_no_row();
-    void without_a_comma_there_is_no_table();
-    void the_prefix_is_never_read();
-    void a_damaged_row_is_no_row();
-    void the_parse_knows_631();
-    void other_numbers_are_not_taken_apart_data();
-    void other_numbers_are_not_taken_apart();
-    void no_block_is_harmless();
+    void parsesAnEvent();
+    void aDeletionHasNoRow();
+    void withoutACommaThereIsNoTable();
+    void thePrefixIsNeverRead();
+    void aDamagedRowIsNoRow();
+    void theParseKnows631();
+    void otherNumbersAreNotParsed_data();
+    void otherNumbersAreNotParsed();
+    void noBlockIsHarmless();
 
 private:
     static QByteArray packedRecord()
@@ -35,7 +35,7 @@ private:
     }
 };
 
-void TEventNciParseTest::an_event_is_taken_apart()
+void TEventNciParseTest::parsesAnEvent()
 {
     const auto block = event(602, "NCI:LogbookRecords,17");
     const TEventNciParse parse(block.get());
@@ -58,7 +58,7 @@ void TEventNciParseTest::an_event_is_taken_apart()
     QVERIFY(!marked);
 }
 
-void TEventNciParseTest::a_deletion_carries_no_row()
+void TEventNciParseTest::aDeletionHasNoRow()
 {
     const auto block = event(603, "NCI:LogbookRecords,17");
     const TEventNciParse parse(block.get());
@@ -68,7 +68,7 @@ void TEventNciParseTest::a_deletion_carries_no_row()
     QVERIFY(!parse.recordData.body);
 }
 
-void TEventNciParseTest::without_a_comma_there_is_no_table()
+void TEventNciParseTest::withoutACommaThereIsNoTable()
 {
     const auto block = event(602, "NCI:LogbookRecords");
     const TEventNciParse parse(block.get());
@@ -77,7 +77,7 @@ void TEventNciParseTest::without_a_comma_there_is_no_table()
     QCOMPARE(parse.recordType.count, 15);
 }
 
-void TEventNciParseTest::the_prefix_is_never_read()
+void TEventNciParseTest::thePrefixIsNeverRead()
 {
     QCOMPARE(TEventNciParse(event(602, "1234Workers,1,2").get()).tableName, QStringLiteral("Workers"));
     QCOMPARE(TEventNciParse(event(602, "NCI:,1").get()).tableName, QString());
@@ -85,7 +85,7 @@ void TEventNciParseTest::the_prefix_is_never_read()
     QCOMPARE(TEventNciParse(event(602, "").get()).tableName, QString());
 }
 
-void TEventNciParseTest::a_damaged_row_is_no_row()
+void TEventNciParseTest::aDamagedRowIsNoRow()
 {
     const auto block = event(601, "NCI:LogbookRecords,1", packedRecord().left(20));
     const TEventNciParse parse(block.get());
@@ -93,7 +93,7 @@ void TEventNciParseTest::a_damaged_row_is_no_row()
     QCOMPARE(parse.recordType.count, 0);
 }
 
-void TEventNciParseTest::the_parse_knows_631()
+void TEventNciParseTest::theParseKnows631()
 {
     const auto block = event(631, "NCI:LogbookRecords,1");
     const TEventNciParse parse(block.get());
@@ -102,14 +102,14 @@ void TEventNciParseTest::the_parse_knows_631()
     QVERIFY(!parse.isChange()); // but no module lets it through
 }
 
-void TEventNciParseTest::other_numbers_are_not_taken_apart_data()
+void TEventNciParseTest::otherNumbersAreNotParsed_data()
 {
     QTest::addColumn<int>("number");
     for (const int number : {0, 569, 600, 604, 630, 632, 633, 634, 665, -1})
         QTest::newRow(QByteArray::number(number).constData()) << number;
 }
 
-void TEventNciParseTest::other_numbers_are_not_taken_apart()
+void TEventNciParseTest::otherNumbersAreNotParsed()
 {
     QFETCH(int, number);
     const auto block = event(number, "NCI:LogbookRecords,1");
@@ -121,7 +121,7 @@ void TEventNciParseTest::other_numbers_are_not_taken_apart()
     QCOMPARE(parse.recordType.count, 0);
 }
 
-void TEventNciParseTest::no_block_is_harmless()
+void TEventNciParseTest::noBlockIsHarmless()
 {
     const TEventNciParse parse(nullptr);
     QCOMPARE(parse.eventNumber, 0);

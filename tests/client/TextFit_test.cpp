@@ -8,17 +8,17 @@ class TextFitTest : public QObject
     Q_OBJECT
 
 private slots:
-    void what_the_code_page_has_stays();
-    void each_character_has_its_nearest_kin_data();
-    void each_character_has_its_nearest_kin();
-    void what_has_no_kin_is_left_out();
-    void nothing_that_comes_out_is_beyond_the_code_page();
-    void letters_and_marks_become_one_letter();
-    void changes_tell_their_places();
-    void the_notice_tells_replaced_and_left_out();
-    void the_notice_names_characters_without_a_shape_by_number();
-    void the_notice_stays_short();
-    void unicode_code_pages_carry_everything();
+    void charactersOfTheCodePageAreKept();
+    void replacesByTheClosestCharacter_data();
+    void replacesByTheClosestCharacter();
+    void dropsCharactersWithoutAReplacement();
+    void theResultFitsTheCodePage();
+    void lettersAndMarksBecomeOneLetter();
+    void changesHaveTheirPositions();
+    void theNoticeListsReplacedAndDroppedCharacters();
+    void theNoticeNamesInvisibleCharactersByNumber();
+    void theNoticeStaysShort();
+    void unicodeCodePagesHaveAllCharacters();
 
 private:
     const QTextCodec* codec = QTextCodec::codecForName("Windows-1251");
@@ -26,14 +26,14 @@ private:
     QString fitted(const QString& text) const { return TextFit::applied(text, fit.changes(text)); }
 };
 
-void TextFitTest::what_the_code_page_has_stays()
+void TextFitTest::charactersOfTheCodePageAreKept()
 {
     const QString text = QStringLiteral("Ёлка – «№ 12» — “a” ‘b’ … • ± 5 °C µ Ґїє\tстрока\nстрока");
     QVERIFY(fit.changes(text).isEmpty());
     QVERIFY(fit.changes(QString()).isEmpty());
 }
 
-void TextFitTest::each_character_has_its_nearest_kin_data()
+void TextFitTest::replacesByTheClosestCharacter_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("kin");
@@ -60,14 +60,14 @@ void TextFitTest::each_character_has_its_nearest_kin_data()
     QTest::newRow("list") << QStringLiteral("\u25CF первый") << QStringLiteral("• первый");
 }
 
-void TextFitTest::each_character_has_its_nearest_kin()
+void TextFitTest::replacesByTheClosestCharacter()
 {
     QFETCH(QString, text);
     QFETCH(QString, kin);
     QCOMPARE(fitted(text), kin);
 }
 
-void TextFitTest::what_has_no_kin_is_left_out()
+void TextFitTest::dropsCharactersWithoutAReplacement()
 {
     QCOMPARE(fitted(QStringLiteral("а😀б")), QStringLiteral("аб"));
     QCOMPARE(fitted(QStringLiteral("а\u200Bб")), QStringLiteral("аб"));
@@ -80,7 +80,7 @@ void TextFitTest::what_has_no_kin_is_left_out()
     QCOMPARE(fitted(QString(QChar(0xD83D))), QString()); // half of a pair
 }
 
-void TextFitTest::nothing_that_comes_out_is_beyond_the_code_page()
+void TextFitTest::theResultFitsTheCodePage()
 {
     for (uint code = 1; code < 0x20000; ++code) {
         const QString text = QString::fromUcs4(&code, 1);
@@ -90,14 +90,14 @@ void TextFitTest::nothing_that_comes_out_is_beyond_the_code_page()
     }
 }
 
-void TextFitTest::letters_and_marks_become_one_letter()
+void TextFitTest::lettersAndMarksBecomeOneLetter()
 {
     QCOMPARE(fitted(QStringLiteral("и\u0306од и е\u0308лка")), QStringLiteral("йод и ёлка"));
     QCOMPARE(fitted(QStringLiteral("e\u0301")), QStringLiteral("e"));
     QCOMPARE(fitted(QStringLiteral("\n\u0301")), QStringLiteral("\n"));
 }
 
-void TextFitTest::changes_tell_their_places()
+void TextFitTest::changesHaveTheirPositions()
 {
     const QVector<TextFit::Change> changes = fit.changes(QStringLiteral("а→б😀и\u0306"));
     QCOMPARE(changes.size(), 3);
@@ -112,21 +112,21 @@ void TextFitTest::changes_tell_their_places()
     QCOMPARE(changes[2].replacement, QStringLiteral("й"));
 }
 
-void TextFitTest::the_notice_tells_replaced_and_left_out()
+void TextFitTest::theNoticeListsReplacedAndDroppedCharacters()
 {
     const QString text = QStringLiteral("а→б→в😀");
     QCOMPARE(TextFit::notice(text, fit.changes(text)),
              QStringLiteral("Журнал не может хранить некоторые знаки: «→» заменено на «->»; «😀» опущено."));
 }
 
-void TextFitTest::the_notice_names_characters_without_a_shape_by_number()
+void TextFitTest::theNoticeNamesInvisibleCharactersByNumber()
 {
     const QString text = QStringLiteral("а\u200Bб");
     QCOMPARE(TextFit::notice(text, fit.changes(text)),
              QStringLiteral("Журнал не может хранить некоторые знаки: U+200B опущено."));
 }
 
-void TextFitTest::the_notice_stays_short()
+void TextFitTest::theNoticeStaysShort()
 {
     const QString text = QStringLiteral("àèìòùáéíóú");
     const QString notice = TextFit::notice(text, fit.changes(text));
@@ -134,7 +134,7 @@ void TextFitTest::the_notice_stays_short()
     QVERIFY(notice.endsWith(QStringLiteral("; и другие.")));
 }
 
-void TextFitTest::unicode_code_pages_carry_everything()
+void TextFitTest::unicodeCodePagesHaveAllCharacters()
 {
     const QString text = QStringLiteral("→😀\u4E2D");
     QVERIFY(TextFit(QTextCodec::codecForName("UTF-8")).changes(text).isEmpty());
