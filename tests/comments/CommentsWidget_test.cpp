@@ -232,7 +232,7 @@ private slots:
         QCOMPARE(desk.rowsInTable(), 2); // hidden, not gone
     }
 
-    void showsACommentOfAnotherClientAtOnceAndItsReadingThere()
+    void showsANewCommentOfAnotherClientAndItsReading()
     {
         const TestStore store;
         Desk author(store, QStringLiteral("petrov"));
@@ -404,7 +404,7 @@ private slots:
         QCOMPARE(desk.caption(), captionOf(2));
     }
 
-    void aCommentWhoseRecordCannotBeFetchedDoesNotApply()
+    void aCommentWithoutItsRecordDoesNotApply()
     {
         const TestStore store;
         Desk desk(store);
@@ -414,7 +414,7 @@ private slots:
         QVERIFY(!desk.send(EventDeleted, "LogbookComments", "COM_NOWHERE")); // it did not stay
     }
 
-    void aFileWhoseRecordIsNotHereDoesNotStay()
+    void aFileWithoutItsRecordIsDropped()
     {
         const TestStore store;
         Desk desk(store);

@@ -158,7 +158,7 @@ private slots:
         QVERIFY(unread.copy(outside) != read.copy(outside));
     }
 
-    void staysLegibleWhereTheToldColoursDrown()
+    void staysLegibleOnDarkBackgrounds()
     {
         Fixture f;
         f.item->setData(CommentIsMineRole, true);
