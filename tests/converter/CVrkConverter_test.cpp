@@ -129,7 +129,7 @@ class CVrkConverter_test : public QObject
     Q_OBJECT
 
 private slots:
-    void the_window_as_made()
+    void showsTheInitialWindow()
     {
         const TestStore store;
         Desk desk(store);
@@ -146,7 +146,7 @@ private slots:
         QCOMPARE(desk.find<QSplitter>("splitter")->count(), 2);
     }
 
-    void each_missing_right_is_told_and_nothing_is_loaded()
+    void reportsEachMissingRightAndLoadsNothing()
     {
         const TestStore store;
         Desk desk(store);
@@ -161,13 +161,13 @@ private slots:
         QVERIFY(!desk.save()->isEnabled());
     }
 
-    void one_missing_right_is_enough_data()
+    void oneMissingRightIsEnough_data()
     {
         QTest::addColumn<int>("right");
         for (int i = 0; i < int(std::size(rights)); ++i)
             QTest::newRow(rights[i]) << i;
     }
-    void one_missing_right_is_enough()
+    void oneMissingRightIsEnough()
     {
         QFETCH(int, right);
         const TestStore store;
@@ -178,7 +178,7 @@ private slots:
         QVERIFY(!desk.convert()->isEnabled());
     }
 
-    void what_was_loaded_is_told_in_order()
+    void reportsLoadedTablesInOrder()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -196,7 +196,7 @@ private slots:
         QVERIFY(!desk.save()->isEnabled());
     }
 
-    void an_empty_earlier_journal_is_told()
+    void reportsAnEmptyEarlierJournal()
     {
         const TestStore store;
         grant(store, QStringLiteral("ivanov"));
@@ -210,7 +210,7 @@ private slots:
         QVERIFY(!desk.templates()->isEnabled());
     }
 
-    void a_failed_request_leaves_its_table_empty()
+    void aFailedRequestLeavesItsTableEmpty()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -223,7 +223,7 @@ private slots:
         QVERIFY(!desk.convert()->isEnabled());
     }
 
-    void unchecking_both_boxes_disables_the_run()
+    void uncheckingBothBoxesDisablesTheRun()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -237,7 +237,7 @@ private slots:
         QVERIFY(desk.convert()->isEnabled());
     }
 
-    void a_clean_run_may_be_saved_once()
+    void aCleanRunMayBeSavedOnce()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -290,7 +290,7 @@ private slots:
                  0);
     }
 
-    void the_second_start_refuses()
+    void theSecondStartRefuses()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -314,7 +314,7 @@ private slots:
         QVERIFY(format.fontUnderline());
     }
 
-    void only_what_is_checked_is_converted()
+    void convertsOnlyTheCheckedParts()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -330,7 +330,7 @@ private slots:
         QCOMPARE(store.value(text("SELECT count(*) FROM TemplateParams")).toInt(), 4);
     }
 
-    void templates_alone_miss_the_parameters()
+    void templatesAloneHaveNoParameters()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -345,7 +345,7 @@ private slots:
         QVERIFY(!desk.save()->isEnabled());
     }
 
-    void warnings_and_errors_decide_the_end_data()
+    void warningsAndErrorsDecideTheResult_data()
     {
         QTest::addColumn<bool>("warning");
         QTest::addColumn<bool>("error");
@@ -354,7 +354,7 @@ private slots:
         QTest::newRow("error") << false << true << QColor(Qt::darkRed);
         QTest::newRow("both") << true << true << QColor();
     }
-    void warnings_and_errors_decide_the_end()
+    void warningsAndErrorsDecideTheResult()
     {
         QFETCH(bool, warning);
         QFETCH(bool, error);
@@ -387,7 +387,7 @@ private slots:
     }
 
     /// The store would refuse the key, and with it all parameters, after the templates that need them were written.
-    void a_name_that_is_no_key_keeps_the_conversion_from_being_saved_data()
+    void anInvalidKeyPreventsSaving_data()
     {
         QTest::addColumn<QString>("name");
         QTest::newRow("quote") << QStringLiteral("a'b");
@@ -395,7 +395,7 @@ private slots:
         QTest::newRow("backslash") << QStringLiteral("a\\b");
         QTest::newRow("control character") << QStringLiteral("a\tb");
     }
-    void a_name_that_is_no_key_keeps_the_conversion_from_being_saved()
+    void anInvalidKeyPreventsSaving()
     {
         QFETCH(QString, name);
         const TestStore store;
@@ -421,7 +421,7 @@ private slots:
         QVERIFY(!desk.save()->isEnabled());
     }
 
-    void dumps_tell_arrays_and_records()
+    void dumpsShowArraysAndRecords()
     {
         const TestStore store;
         TestClient client(store);
@@ -500,7 +500,7 @@ private slots:
                                      text("bytes        (mdr_TBlob) = NULL")}));
     }
 
-    void a_failed_block_does_not_stop_the_other()
+    void aFailedBlockDoesNotStopTheOther()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -521,7 +521,7 @@ private slots:
         QCOMPARE(store.value(text("SELECT count(*) FROM LogbookTemplates")).toInt(), 7);
     }
 
-    void both_blocks_may_fail()
+    void bothBlocksMayFail()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -537,7 +537,7 @@ private slots:
         QCOMPARE(store.value(text("SELECT count(*) FROM LogbookCatsTemplate")).toInt(), 5);
     }
 
-    void a_partly_finished_conversion_may_run_again_and_changes_its_parameters()
+    void aPartlySavedConversionMayRunAgain()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -558,7 +558,7 @@ private slots:
         QCOMPARE(store.value(text("SELECT count(*) FROM TemplateParams")).toInt(), 4);
     }
 
-    void the_window_is_covered_and_stays_open_during_the_run()
+    void theWindowIsCoveredAndStaysOpenDuringTheRun()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -643,7 +643,7 @@ private slots:
         QVERIFY(desk.lines().contains(text("Предупреждений: 1")));
     }
 
-    void the_end_of_the_report_is_in_sight()
+    void theEndOfTheReportIsVisible()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -658,7 +658,7 @@ private slots:
         QCOMPARE(bar->value(), bar->maximum());
     }
 
-    void the_report_is_saved_as_a_file()
+    void theReportIsSavedAsAFile()
     {
         const TestStore store;
         writeEarlierJournal(store);
@@ -688,7 +688,7 @@ private slots:
         QVERIFY(saved.contains(text("podst: ссылка")));
     }
 
-    void a_report_that_cannot_be_saved_is_told()
+    void reportsThatAFileCannotBeSaved()
     {
         const TestStore store;
         Desk desk(store);

@@ -59,7 +59,7 @@ private slots:
         m_templates = select("SELECT * FROM LogbookTemplates");
     }
 
-    void everything_is_converted_and_only_what_is_unknown_is_lost()
+    void convertsEverythingExceptUnknownParts()
     {
         QVERIFY2(m_report.contains(QStringLiteral("Обработано 400 из 400 шаблонов")), qPrintable(m_report));
         QVERIFY(m_report.contains(QStringLiteral("Предупреждений: 3\n")));
@@ -69,7 +69,7 @@ private slots:
         QCOMPARE(m_templates->RecCount(), m_present.size() + 400);
     }
 
-    void each_old_template_shows_its_words_and_its_parameters()
+    void eachOldTemplateShowsItsTextAndParameters()
     {
         const std::unique_ptr<CMDArray> old = select("SELECT * FROM OperLogTemplates");
         QHash<QString, QString> html;
@@ -93,7 +93,7 @@ private slots:
         }
     }
 
-    void each_fills()
+    void eachTemplateCanBeFilled()
     {
         TestClient client(open(DemoStore::dispatcher()));
         TestModule module(client);
@@ -119,7 +119,7 @@ private slots:
         }
     }
 
-    void each_opens_in_the_editor_of_templates_byte_for_byte()
+    void eachTemplateOpensUnchangedInTheEditor()
     {
         TemplateEditor editor;
         for (int i = 0; i < m_templates->RecCount(); ++i) {
@@ -129,7 +129,7 @@ private slots:
         }
     }
 
-    void the_configurator_has_the_templates_and_offers_the_parameters()
+    void theConfiguratorHasTemplatesAndParameters()
     {
         TestClient client(*m_store, DemoStore::administrator());
         CVrkTemplateEditor window(&client.app());
@@ -156,7 +156,7 @@ private slots:
         QVERIFY(!page->isExistUnsaved()); // showing it changes nothing
     }
 
-    void one_of_each_kind_is_saved_as_a_record()
+    void oneOfEachKindIsSavedAsARecord()
     {
         TestClient client(open(DemoStore::dispatcher()));
         const std::unique_ptr<CMDArray> shift =

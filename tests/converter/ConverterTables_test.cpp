@@ -8,7 +8,7 @@ class ConverterTables_test : public QObject
     Q_OBJECT
 
 private slots:
-    void every_table_is_found_by_its_keys()
+    void everyTableIsFoundByItsKeys()
     {
         EarlierTables tables;
         for (const CModelTable* table :
@@ -27,7 +27,7 @@ private slots:
         QCOMPARE(tables.text(old, "no such field"), QString());
     }
 
-    void the_guard_data()
+    void refusesASecondRun_data()
     {
         QTest::addColumn<int>("rows");
         QTest::addColumn<int>("categories");
@@ -42,7 +42,7 @@ private slots:
         QTest::newRow("nine of ten") << 10 << 9 << 9 << true;
         QTest::newRow("eight of nine are 88") << 9 << 8 << 9 << false;
     }
-    void the_guard()
+    void refusesASecondRun()
     {
         QFETCH(int, rows);
         QFETCH(int, categories);
@@ -62,7 +62,7 @@ private slots:
         QCOMPARE(isAlreadyConverted(tables), converted);
     }
 
-    void rows_without_a_name_count_as_found()
+    void rowsWithoutANameCountAsFound()
     {
         EarlierTables tables;
         tables.add(tables.oldCategories, "C1", {});
@@ -71,7 +71,7 @@ private slots:
         QVERIFY(isAlreadyConverted(tables));
     }
 
-    void empty_tables_are_nothing_to_convert()
+    void emptyTablesAreNothingToConvert()
     {
         EarlierTables tables;
         QVERIFY(hasNothingToConvert(tables));
@@ -83,7 +83,7 @@ private slots:
         QVERIFY(!hasNothingToConvert(tables));
     }
 
-    void what_was_made_or_changed_goes_to_the_server()
+    void sendsCreatedAndChangedRows()
     {
         EarlierTables tables;
         tables.add(tables.params, "loaded", {{"nameLoc", "a"}});

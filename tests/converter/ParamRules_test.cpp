@@ -10,7 +10,7 @@ class ParamRules_test : public QObject
     Q_OBJECT
 
 private slots:
-    void each_kind_of_row_data()
+    void convertsEachKindOfRow_data()
     {
         QTest::addColumn<QVariantList>("old"); // nameLoc, param, TableKey
         QTest::addColumn<QString>("properties");
@@ -54,7 +54,7 @@ private slots:
         row("a reference table gets no row", {QStringLiteral("U"), null, QStringLiteral("Tbl_BaseVoltage")},
             "", "");
     }
-    void each_kind_of_row()
+    void convertsEachKindOfRow()
     {
         QFETCH(QVariantList, old);
         QFETCH(QString, properties);
@@ -95,7 +95,7 @@ private slots:
         QCOMPARE(report.lines().size(), 0); // no message
     }
 
-    void shift_parameters_are_base_parameters_data()
+    void shiftParametersAreBaseParameters_data()
     {
         QTest::addColumn<bool>("isConverted");
         QTest::newRow("shift_interval") << false;
@@ -104,7 +104,7 @@ private slots:
         QTest::newRow("Shift_interval") << true;
         QTest::newRow("shift_workers3") << true;
     }
-    void shift_parameters_are_base_parameters()
+    void shiftParametersAreBaseParameters()
     {
         QFETCH(bool, isConverted);
         EarlierTables tables;
@@ -114,7 +114,7 @@ private slots:
         QCOMPARE(tables.param(QTest::currentDataTag()) != nullptr, isConverted);
     }
 
-    void dates_that_cannot_be_read_are_errors_data()
+    void datesThatCannotBeReadAreErrors_data()
     {
         QTest::addColumn<QString>("param");
         QTest::addColumn<QStringList>("lines");
@@ -132,7 +132,7 @@ private slots:
             << QStringList{QStringLiteral("Не удалось обработать параметр даты и времени begin"),
                            QStringLiteral("Поле param: DateTimeFormat"), QStringLiteral("-----")};
     }
-    void dates_that_cannot_be_read_are_errors()
+    void datesThatCannotBeReadAreErrors()
     {
         QFETCH(QString, param);
         QFETCH(QStringList, lines);
@@ -163,14 +163,14 @@ private slots:
         QCOMPARE(report.failed, QStringList{QString()}); // which keeps the conversion from being saved
     }
 
-    void a_row_without_any_name_is_told_and_left_out_data()
+    void reportsAndSkipsARowWithoutAName_data()
     {
         QTest::addColumn<QVariant>("param");
         QTest::newRow("a text") << QVariant();
         QTest::newRow("an enumeration") << QVariant(QStringLiteral("Enum=1=a"));
         QTest::newRow("a date") << QVariant(QStringLiteral("DateTimeFormat=Date"));
     }
-    void a_row_without_any_name_is_told_and_left_out()
+    void reportsAndSkipsARowWithoutAName()
     {
         QFETCH(QVariant, param);
         EarlierTables tables;
@@ -185,7 +185,7 @@ private slots:
         QCOMPARE(report.missing, QStringList());
     }
 
-    void a_reference_without_a_name_is_passed_over()
+    void ignoresAReferenceWithoutAName()
     {
         EarlierTables tables;
         tables.add(tables.oldParams, "P", {{"TableKey", "Tbl_X"}});
@@ -195,7 +195,7 @@ private slots:
         QCOMPARE(tables.params.data.RecCount(), 0);
     }
 
-    void the_category_is_made_once()
+    void createsTheCategoryOnce()
     {
         EarlierTables tables;
         ConversionReport report;
@@ -210,7 +210,7 @@ private slots:
         QVERIFY(recordValue(made, "ParentKey").isNull);
     }
 
-    void a_category_of_an_earlier_run_stays()
+    void keepsTheCategoryOfAnEarlierRun()
     {
         EarlierTables tables;
         MDRData* old = tables.add(tables.paramCategories, "$AutoConvertFromDelphi", {{"nameLoc", "Прежние"}});
@@ -221,7 +221,7 @@ private slots:
         QCOMPARE(tables.field(old, "nameLoc"), QStringLiteral("Прежние"));
     }
 
-    void a_row_of_an_earlier_run_is_changed()
+    void changesTheRowOfAnEarlierRun()
     {
         EarlierTables tables;
         MDRData* old = tables.add(tables.params, "nomer", {{"nameLoc", "Прежний"}, {"CategoryKey", "OTHER"}});
@@ -236,7 +236,7 @@ private slots:
         QCOMPARE(tables.field(old, "html"), QStringLiteral("<b>1</b>"));
     }
 
-    void a_name_that_comes_twice_stays_one_new_row()
+    void aDuplicateNameGivesOneRow()
     {
         EarlierTables tables;
         tables.add(tables.oldParams, "P1", {{"nameLat", "nomer"}, {"nameLoc", "Первый"}});
@@ -248,7 +248,7 @@ private slots:
         QCOMPARE(tables.field(tables.param("nomer"), "nameLoc"), QStringLiteral("Второй"));
     }
 
-    void base_parameters_behind_references_data()
+    void findsBaseParametersOfReferences_data()
     {
         QTest::addColumn<QVariantList>("old"); // param, TableKey, FieldTypeKey
         QTest::addColumn<QString>("base");
@@ -280,7 +280,7 @@ private slots:
              QStringLiteral("FieldsTypeGUID_REF")},
             "");
     }
-    void base_parameters_behind_references()
+    void findsBaseParametersOfReferences()
     {
         QFETCH(QVariantList, old);
         QFETCH(QString, base);
@@ -297,7 +297,7 @@ private slots:
         QCOMPARE(rules.findBaseParam(QStringLiteral("y")), nullptr);
     }
 
-    void shift_parameters_by_name_data()
+    void findsShiftParametersByName_data()
     {
         QTest::addColumn<QString>("base");
         QTest::newRow("shift_interval") << QStringLiteral("interval");
@@ -305,7 +305,7 @@ private slots:
         QTest::newRow("shift_workers2") << QStringLiteral("shift_workers_groups");
         QTest::newRow("shift_workers9") << QString();
     }
-    void shift_parameters_by_name()
+    void findsShiftParametersByName()
     {
         QFETCH(QString, base);
         EarlierTables tables;
@@ -318,7 +318,7 @@ private slots:
         QCOMPARE(found ? QString::fromStdString(tables.parsed(found).propertyNameValue(0)) : QString(), base);
     }
 
-    void the_first_row_of_a_base_name_counts_and_new_rows_are_seen()
+    void theFirstRowOfABaseNameCounts()
     {
         EarlierTables tables;
         tables.addBase("line", "Линия");
@@ -334,7 +334,7 @@ private slots:
         QCOMPARE(rules.findBaseParam(QStringLiteral("vl")), tables.param("#line"));
     }
 
-    void a_row_of_its_own_wins_over_the_base_parameter()
+    void anOwnRowPrecedesTheBaseParameter()
     {
         EarlierTables tables;
         tables.addBase("line", "Линия");
@@ -346,7 +346,7 @@ private slots:
                  QStringLiteral("<a href=\"parameter:name=text\">ВЛ</a>"));
     }
 
-    void a_row_without_html_is_no_parameter()
+    void aRowWithoutHtmlIsNoParameter()
     {
         EarlierTables tables;
         tables.add(tables.params, "x", {});
@@ -354,7 +354,7 @@ private slots:
         QCOMPARE(ParamRules(&tables, &report).toHtmlParameter(QStringLiteral("<x>"), true), QString());
     }
 
-    void struck_out_stands_inside_of_the_anchor()
+    void aStrikeOutIsInsideTheAnchor()
     {
         EarlierTables tables;
         tables.add(tables.params, "x", {{"html", "<a href=\"parameter:name=text\">Номер</a>"}});
@@ -366,7 +366,7 @@ private slots:
         QCOMPARE(rules.toHtmlParameter(QStringLiteral("<unknown>"), true), QString());
     }
 
-    void the_old_journal_knows_its_names()
+    void theOldJournalKnowsItsNames()
     {
         EarlierTables tables;
         tables.addParam("x", {});

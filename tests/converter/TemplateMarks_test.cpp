@@ -46,7 +46,7 @@ private slots:
         QCOMPARE(found, written);
     }
 
-    void a_bracket_that_never_closes_is_told()
+    void reportsAnUnclosedBracket()
     {
         Written found;
         QVERIFY(!TemplateMarks::parameters(QStringLiteral("<a> и <b"), &found));

@@ -72,7 +72,7 @@ class TemplateRules_test : public QObject
     Q_OBJECT
 
 private slots:
-    void categories_keep_their_level_and_tree()
+    void categoriesKeepTheirLevelAndTree()
     {
         Run run;
         EarlierTables& tables = run.tables;
@@ -110,7 +110,7 @@ private slots:
         QCOMPARE(paths, wanted);
     }
 
-    void templates_hang_where_they_hung()
+    void templatesKeepTheirCategories()
     {
         Run run;
         run.tables.add(run.tables.oldCategories, "D", {{"name_", "Район"}, {"DepartmentKey", "DEP"}});
@@ -138,7 +138,7 @@ private slots:
         QCOMPARE(order, (QStringList{QStringLiteral("a"), QStringLiteral("c"), QStringLiteral("b")}));
     }
 
-    void a_new_template_is_marked_for_insertion()
+    void aNewTemplateIsMarkedForInsertion()
     {
         Run run;
         run.add("Принята смена", {{"text_", "Смена принята"}});
@@ -155,7 +155,7 @@ private slots:
         }
     }
 
-    void plus_signs_go_before_everything_else()
+    void plusSignsAreRemovedFirst()
     {
         Run run;
         run.add("t", {{"text_", "a + <pr+im>+"}});
@@ -205,7 +205,7 @@ private slots:
         QCOMPARE(run.lines(), QStringList());
     }
 
-    void a_struck_out_parameter_carries_the_mark_inside()
+    void aStruckOutParameterHasTheStrikeOutInside()
     {
         Run run;
         run.add("t", {{"text_", "[<prim>] [x]"}});
@@ -216,7 +216,7 @@ private slots:
         QVERIFY(run.html("t").startsWith(mark + QStringLiteral("<a ")));
     }
 
-    void properties_come_from_the_columns_data()
+    void readsPropertiesFromTheColumns_data()
     {
         QTest::addColumn<QByteArray>("field");
         QTest::addColumn<QVariant>("value");
@@ -254,7 +254,7 @@ private slots:
             "Для шаблона 't' изменена команда второго маркера:\nКоманда содержала недопустимые символы, "
             "которые были удалены.\nКоманда (до изменения): \"%1 %3.\nКоманда (после изменении): %1 %3.");
     }
-    void properties_come_from_the_columns()
+    void readsPropertiesFromTheColumns()
     {
         QFETCH(QByteArray, field);
         QFETCH(QVariant, value);
@@ -285,7 +285,7 @@ private slots:
         QCOMPARE(TemplateText::plain(run.html("t")), QStringLiteral("x"));
     }
 
-    void unknown_parameters_vanish_and_are_told()
+    void reportsAndDropsUnknownParameters()
     {
         Run run;
         run.add("t", {{"text_", "a <nobody> b <lost> c <nobody>"}});
@@ -296,7 +296,7 @@ private slots:
         QCOMPARE(run.count, 1);
     }
 
-    void a_text_with_an_open_bracket_ends_and_blocks()
+    void anOpenBracketEndsTheTextAndPreventsSaving()
     {
         Run run;
         run.add("broken", {{"text_", "В <prim> отключилась <podst, причина"}});
@@ -311,7 +311,7 @@ private slots:
         QCOMPARE(run.report.lines()[0].tone, ConversionReport::Error);
     }
 
-    void progress_is_told_after_each_template()
+    void reportsProgressAfterEachTemplate()
     {
         Run run;
         run.add("a", {{"text_", "x"}});
@@ -328,7 +328,7 @@ private slots:
                                      QStringLiteral("Обработано 3 из 3 шаблонов.\n100%")}));
     }
 
-    void the_report_tells_what_became_of_each()
+    void theReportListsTheResultOfEachTemplate()
     {
         Run run;
         run.add("t", {{"text_", "a + <nobody>"}, {"icon", "Пожар"}, {"completingCommand", "<x>"}});
@@ -345,13 +345,13 @@ private slots:
     }
 
     /// Whatever an old text is made of, the new one holds its parameters in their order and shows no markup.
-    void any_text_reads_back_data()
+    void anyTextReadsBack_data()
     {
         QTest::addColumn<unsigned>("seed");
         for (unsigned seed = 1; seed <= 20; ++seed)
             QTest::addRow("seed %u", seed) << seed;
     }
-    void any_text_reads_back()
+    void anyTextReadsBack()
     {
         QFETCH(unsigned, seed);
         struct Known {
