@@ -133,7 +133,7 @@ private slots:
         QVERIFY(steps.last()[0].toDouble() - steps.first()[0].toDouble() > 2 * 86400);
     }
 
-    void aMonthLiesAYearBackWithSomebodyWhoHasLeft()
+    void hasAMonthOneYearAgoWithAFormerWorker()
     {
         const qint64 from = now - 396 * 86400;
         QCOMPARE(demo.count(QStringLiteral("LogbookWorkshifts WHERE startTime BETWEEN %1 AND %2")
@@ -145,7 +145,7 @@ private slots:
                                    "W.deleted_ = 1")) > 50);
     }
 
-    void onlyOneDepartmentIsWithoutAnOpenShiftAndOneIsOverdue()
+    void oneDepartmentHasNoOpenShiftAndOneIsOverdue()
     {
         const auto open = demo.rows(QStringLiteral(
             "SELECT D.name_, W.endTime FROM Departments AS D LEFT JOIN LogbookWorkshifts AS W ON "
@@ -191,7 +191,7 @@ private slots:
         QVERIFY(pair[0][5].isNull());
     }
 
-    void theStoryHasAnOrderNotExecutedAndADraftOfTheSameKind()
+    void theStoryHasAnUnexecutedOrderAndADraftOfOne()
     {
         int approved = 0;
         int drafts = 0;
@@ -322,7 +322,7 @@ private slots:
         QCOMPARE(demo.count(QStringLiteral("LogbookRecords WHERE VisaWorkerKey = WorkerKey")), 0);
     }
 
-    void everyRecordIsOfItsShiftAndNothingLiesInTheFuture()
+    void everyRecordIsInItsShiftAndNoneInTheFuture()
     {
         QCOMPARE(demo.count(QStringLiteral(
                      "LogbookRecords AS R JOIN LogbookWorkshifts AS W ON W.KeyLink = R.ShiftKey WHERE "

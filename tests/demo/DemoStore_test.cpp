@@ -42,7 +42,7 @@ private slots:
                  0);
     }
 
-    void earlierJournalHasSixtyCategoriesAndAsManyTemplatesAsWanted()
+    void earlierJournalHasSixtyCategoriesAndAllTemplates()
     {
         const DemoFile other;
         fill(other, now);
@@ -120,7 +120,7 @@ private slots:
         QVERIFY(other.rows(log) == before);
     }
 
-    void anUntouchedOneIsWrittenAnewWhenItsShiftHasEnded()
+    void anEndedUntouchedDemoIsWrittenAgain()
     {
         const DemoFile other;
         QVERIFY(QFile::copy(filled.path(), other.path()));
@@ -138,7 +138,7 @@ private slots:
         QCOMPARE(other.state(later + 3 * 86400), DemoStore::State::Ended); // and so for ever
     }
 
-    void aTouchedOneKeepsItsRecordsAndGetsAClosingAndAnOpening()
+    void aTouchedDemoKeepsItsRecordsAndGetsANewShift()
     {
         const DemoFile other;
         QVERIFY(QFile::copy(filled.path(), other.path()));
