@@ -105,7 +105,7 @@ private slots:
         QCOMPARE(f.changed.count(), 0);
     }
 
-    void tellsOfAReplacementAndLetsTheUserWriteAnew()
+    void announcesAReplacementAndOffersANewComment()
     {
         Fixture f;
         f.dialog.setCommentKey(QStringLiteral("C1"));
@@ -156,7 +156,7 @@ private slots:
         QVERIFY(!f.keptBar()->isVisible());
     }
 
-    void whatIsTypedIsKeptUntilItIsGivenUp()
+    void keepsTypedTextUntilItIsDropped()
     {
         Fixture f;
         KeptTexts* texts = KeptTexts::of(&f.dialog);

@@ -153,7 +153,7 @@ private slots:
         QCOMPARE(report.headers().size(), 8);
     }
 
-    void standsStillWhileTheJournalGoesOn()
+    void staysUnchangedWhileTheJournalChanges()
     {
         const TestStore store;
         Report report(store);
