@@ -12,7 +12,7 @@ private slots:
     void followsPostingEditingSettingAndDeleting();
     void keepsTheOrderOfEntryWhenARecordComesBack();
     void nullIsNoTextButTheEmptyTextIsOne();
-    void isMadeAnewAfterClearingAndCopying();
+    void isRebuiltAfterClearingAndCopying();
     void servesSeveralFields();
     void unknownFieldsAndOtherKindsFindNothing();
     void findsTheRecordsWithoutValues();
@@ -89,7 +89,7 @@ void FieldIndex_test::nullIsNoTextButTheEmptyTextIsOne()
     QCOMPARE(keysWith(array, "", "KeyLink"), QByteArray());
 }
 
-void FieldIndex_test::isMadeAnewAfterClearingAndCopying()
+void FieldIndex_test::isRebuiltAfterClearingAndCopying()
 {
     MixedArray array;
     array.add("a", "text_", MDRValue::text("t"));

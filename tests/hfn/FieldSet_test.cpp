@@ -11,7 +11,7 @@ class FieldSet_test : public QObject
 
 private slots:
     void fieldsStandInTheOrderOfTheDescriptors();
-    void namesAreFoundWhateverTheCaseOfTheirLetters();
+    void findsNamesInAnyCase();
     void namesThatOnlyLookAlikeAreDifferent();
     void everyOneOf255FieldsIsFound();
     void theLastFieldIsFoundAsFastAsTheFirst();
@@ -40,7 +40,7 @@ void FieldSet_test::fieldsStandInTheOrderOfTheDescriptors()
     }
 }
 
-void FieldSet_test::namesAreFoundWhateverTheCaseOfTheirLetters()
+void FieldSet_test::findsNamesInAnyCase()
 {
     const MixedArray array;
     const MDRField* field = MDRFldByNum(array.array, 0);

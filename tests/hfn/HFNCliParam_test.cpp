@@ -13,7 +13,7 @@ private slots:
     void eventsHoldNumberKeySourceAndRow();
     void aDeletionCarriesNoRow();
     void readersGiveNothingRatherThanNull();
-    void numbersAndTextsAreToldApart();
+    void distinguishesNumbersAndTexts();
     void anEmptyBlockHasNoFields();
 };
 
@@ -125,7 +125,7 @@ void HFNCliParam_test::readersGiveNothingRatherThanNull()
     QCOMPARE(MDRGetTextRef(field(block.get(), 7), block.get(), &length, nullptr), int(mdr_Invalid));
 }
 
-void HFNCliParam_test::numbersAndTextsAreToldApart()
+void HFNCliParam_test::distinguishesNumbersAndTexts()
 {
     const std::unique_ptr<HFNCliParam> block(HFNCliParam::event(601, "12", "s", "row"));
     int number = 9;

@@ -13,12 +13,12 @@ private slots:
     void init();
     void countsWholeSecondsSince1970Utc();
     void noTimeIsZeroBothWays();
-    void whatNoDateCanShowIsNoTime();
+    void aTimeOutsideTheRangeOfDatesIsInvalid();
     void cutsMilliseconds();
     void tenDigitsSayATimeExactly();
     void everyHourOfAYearComesBack_data();
     void everyHourOfAYearComesBack();
-    void theHourThatComesTwiceIsToldApart();
+    void distinguishesTheRepeatedHour();
 };
 
 static void useZone(const char* zone)
@@ -52,7 +52,7 @@ void HfnTime_test::noTimeIsZeroBothWays()
     QVERIFY(!HfnTime_to_DateTime(-0.0, -1).isValid());
 }
 
-void HfnTime_test::whatNoDateCanShowIsNoTime()
+void HfnTime_test::aTimeOutsideTheRangeOfDatesIsInvalid()
 {
     const double infinity = std::numeric_limits<double>::infinity();
     for (double time : {infinity, -infinity, std::numeric_limits<double>::quiet_NaN(), 1e300, -1e300,
@@ -102,7 +102,7 @@ void HfnTime_test::everyHourOfAYearComesBack()
     }
 }
 
-void HfnTime_test::theHourThatComesTwiceIsToldApart()
+void HfnTime_test::distinguishesTheRepeatedHour()
 {
     useZone("Europe/Berlin");
     const double first = 1792886400.0 + 1800; // 2026-10-25 02:30, summer time

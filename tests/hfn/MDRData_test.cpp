@@ -18,8 +18,8 @@ private slots:
     void textKindsConvertAmongThemselves();
     void numbersConvertAmongThemselves_data();
     void numbersConvertAmongThemselves();
-    void whatCannotConvertIsRefusedAndChangesNothing_data();
-    void whatCannotConvertIsRefusedAndChangesNothing();
+    void anInvalidConversionIsRefusedAndChangesNothing_data();
+    void anInvalidConversionIsRefusedAndChangesNothing();
     void malformedTextsAreRefused();
     void widthsAdviseOnly();
     void textsOfTheSameRecordMayBeCopiedWithinIt();
@@ -185,7 +185,7 @@ void MDRData_test::numbersConvertAmongThemselves()
     }
 }
 
-void MDRData_test::whatCannotConvertIsRefusedAndChangesNothing_data()
+void MDRData_test::anInvalidConversionIsRefusedAndChangesNothing_data()
 {
     QTest::addColumn<QByteArray>("field");
     QTest::addColumn<int>("type");
@@ -214,7 +214,7 @@ void MDRData_test::whatCannotConvertIsRefusedAndChangesNothing_data()
     row("number", 77, 1);
 }
 
-void MDRData_test::whatCannotConvertIsRefusedAndChangesNothing()
+void MDRData_test::anInvalidConversionIsRefusedAndChangesNothing()
 {
     QFETCH(QByteArray, field);
     QFETCH(int, type);
