@@ -39,10 +39,10 @@ private slots:
     void cleanup();
 
     void opensOnTheHomeJournal();
-    void columnsHaveHeadersInAWindowThatIsShownBeforeItStarts();
+    void columnsHaveHeadersIfTheWindowIsShownFirst();
     void hasTheFormBeforeItStarts();
     void aUserWithoutAWorkerGetsAnError();
-    void aMissingTableIsTold();
+    void reportsAMissingTable();
     void theBarIsBuiltInOrder();
     void allButtonsAreShown();
     void entriesOfTheMenusShowTheirDialogs_data();
@@ -146,7 +146,7 @@ void CVrkLogBook_test::opensOnTheHomeJournal()
     QCOMPARE(home()->location()->workerKey(), QStringLiteral("WORKER_IVANOV"));
 }
 
-void CVrkLogBook_test::columnsHaveHeadersInAWindowThatIsShownBeforeItStarts()
+void CVrkLogBook_test::columnsHaveHeadersIfTheWindowIsShownFirst()
 {
     TestClient client(*m_store);
     CVrkLogBook window(&client.app());
@@ -200,7 +200,7 @@ void CVrkLogBook_test::aUserWithoutAWorkerGetsAnError()
     QVERIFY(!box->isVisible());
 }
 
-void CVrkLogBook_test::aMissingTableIsTold()
+void CVrkLogBook_test::reportsAMissingTable()
 {
     m_client = std::make_unique<TestClient>(*m_store);
     QCOMPARE(m_store->dropTables({QStringLiteral("Departments")}), QString());

@@ -39,7 +39,7 @@ private slots:
         QVERIFY(!DurationOptions::fromXml(xml).isOn);
     }
 
-    void keepsWhatStandsBeforeAnError()
+    void keepsTheOptionsBeforeAnError()
     {
         const DurationOptions read = DurationOptions::fromXml(QStringLiteral(
             "<a><Options CheckLengthShift=\"1\" DelayTime=\"5\" IntervalMessage=\"x\"/><broken </a>"));

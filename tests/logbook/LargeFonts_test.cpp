@@ -148,7 +148,7 @@ private slots:
         QTRY_VERIFY(panes(journal)->isVisible());
     }
 
-    void whatTheUserSwitchesStays()
+    void keepsTheUsersChoice()
     {
         setScale(1.0);
         const TestStore store;

@@ -139,7 +139,7 @@ private slots:
         QCOMPARE(stored(store, QStringLiteral("Поздний")).value(2).toString(), QStringLiteral("REC_MESSAGE"));
     }
 
-    void keepsTheRecordWhileACommentIsWrittenAndAColleagueWritesToo()
+    void keepsTheRecordWhileACommentIsWritten()
     {
         const TestStore store;
         Pane pane(store);

@@ -434,7 +434,7 @@ private slots:
         QCOMPARE(count(journal, "LogbookWorkersWorkshift"), 2);
     }
 
-    void hidesDraftsAndClosesTheEditorWhenTheWorkshiftIsClosed()
+    void aClosedShiftHidesDraftsAndClosesTheEditor()
     {
         const TestStore store;
         TestJournal journal(store);

@@ -389,7 +389,7 @@ private slots:
         QVERIFY(pane.desktop.opened[0].toLocalFile().endsWith(QStringLiteral("ж.pdf")));
     }
 
-    void saysThatAFileCannotBeOpenedOrSavedWhenTheStoreDoesNotGiveIt()
+    void reportsAFileThatTheStoreDoesNotReturn()
     {
         const TestStore store;
         Pane pane(store);

@@ -476,7 +476,7 @@ private slots:
         QCOMPARE(stored(store, key, "html"), stored(store, "REC_ZAR", "html"));
     }
 
-    void whatIsNoRecordIsNotPasted_data()
+    void pastesOnlyRecords_data()
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QByteArray>("format");
@@ -496,7 +496,7 @@ private slots:
         QTest::newRow("behind a NUL")
             << QByteArray("LogbookFiles\0;REC_ORDER", 22) << QByteArray("logbook_record");
     }
-    void whatIsNoRecordIsNotPasted()
+    void pastesOnlyRecords()
     {
         QFETCH(QByteArray, content);
         QFETCH(QByteArray, format);

@@ -300,7 +300,7 @@ private slots:
         QCOMPARE(journal.deliver(), QStringList());
     }
 
-    void deletesAllDraftsWhoeverWroteThem()
+    void deletesAllDraftsOfAllAuthors()
     {
         const TestStore store;
         TestJournal journal(store);
