@@ -96,14 +96,14 @@ private slots:
         QCOMPARE(QImage(path + QStringLiteral("@2x.png")).size(), QSize(48, 48));
     }
 
-    void nothingElseLiesUnderTheCommonPrefixes()
+    void commonPrefixesHaveNoOtherResources()
     {
         QCOMPARE(QDir(QStringLiteral(":/icons")).entryList().size(), 2 * icons().size());
         QCOMPARE(QDir(QStringLiteral(":/markers")).entryList().size(), 2 * markers().size());
     }
 
-    void standsOutFromLightAndDark_data() { paths(); }
-    void standsOutFromLightAndDark()
+    void isVisibleInLightAndDarkThemes_data() { paths(); }
+    void isVisibleInLightAndDarkThemes()
     {
         QFETCH(QString, path);
         const QImage image = QImage(path + QStringLiteral(".png")).convertToFormat(QImage::Format_ARGB32);
