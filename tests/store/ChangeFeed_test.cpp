@@ -42,7 +42,7 @@ private slots:
         m_files.reset();
     }
 
-    void whatWasThereBeforeDoesNotCome()
+    void earlierChangesAreNotDelivered()
     {
         QCOMPARE(m_feed->poll(), 0);
         QVERIFY(m_arrived.isEmpty());
@@ -115,7 +115,7 @@ private slots:
         QVERIFY(m_feed->position().number > 0);
     }
 
-    void lostAndFoundAreToldOnceAndNothingIsMissed()
+    void emitsLostAndFoundOnceAndMissesNothing()
     {
         QVector<StoreError::Code> lost;
         connect(m_feed.get(), &ChangeFeed::lost, this,
@@ -141,7 +141,7 @@ private slots:
         QCOMPARE(m_arrived, QStringList{QStringLiteral("A")});
     }
 
-    void otherHistoryBeginsAnew()
+    void anotherHistoryRestartsTheFeed()
     {
         if (!TestStore::isSqlite())
             QSKIP("A restored database is another matter: PostgresStore_link_test");

@@ -151,7 +151,7 @@ private slots:
         QCOMPARE(found.size(), 1);
     }
 
-    void readingALongLogCostsLittleBeforeTheServerHasCountedItsTables()
+    void readsALongLogFastWithoutTableStatistics()
     {
         QCOMPARE(m_cluster->exec(QStringLiteral("ALTER TABLE ChangeLog SET (autovacuum_enabled = off); "
                                                 "ALTER TABLE ChangeHead SET (autovacuum_enabled = off)"),
@@ -220,7 +220,7 @@ private slots:
         QCOMPARE(number("SELECT number FROM ChangeHead"), before + request);
     }
 
-    void unansweredCommitIsTold_data()
+    void reportsAnUnansweredCommit_data()
     {
         QTest::addColumn<int>("place");
         QTest::addColumn<bool>("written");
@@ -229,7 +229,7 @@ private slots:
         QTest::newRow("arrives late") << int(GateProxy::Held) << false;
     }
     /// The server is out of reach from the commit on, for longer than the deadline.
-    void unansweredCommitIsTold()
+    void reportsAnUnansweredCommit()
     {
         QFETCH(int, place);
         QFETCH(bool, written);
@@ -256,7 +256,7 @@ private slots:
         QVERIFY(store->isWritten("batch-C", &known, &error) && known);
     }
 
-    void sessionTellsWhatBecameOfItsWrite_data() { unansweredCommitIsTold_data(); }
+    void sessionTellsWhatBecameOfItsWrite_data() { reportsAnUnansweredCommit_data(); }
     void sessionTellsWhatBecameOfItsWrite()
     {
         QFETCH(int, place);

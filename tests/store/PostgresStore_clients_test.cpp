@@ -139,7 +139,7 @@ private slots:
                  QByteArray("VR001"));
     }
 
-    void whoWritesPastTheStoreHasToNameABatch()
+    void directWritesNeedABatchKey()
     {
         const auto link = person();
         const QByteArray write = "UPDATE LogbookComments SET readedTime = 5 WHERE KeyLink = 'COM_UNREAD'";
@@ -150,7 +150,7 @@ private slots:
         QCOMPARE(begin(*link, write + "; COMMIT"), QByteArray());
     }
 
-    void numbersAreLoggedExactlyWhateverAClientHasSet()
+    void clientSettingsDoNotChangeLoggedNumbers()
     {
         QCOMPARE(begin(*person(),
                        "SET LOCAL extra_float_digits = -10; UPDATE LogbookComments SET readedTime = "
@@ -173,7 +173,7 @@ private slots:
         QCOMPARE(begin(link, write, true), QByteArray());
     }
 
-    void whatIsTheStoresOwnIsNotLocked_data()
+    void clientsCannotLockTheStoresOwnTables_data()
     {
         QTest::addColumn<QByteArray>("sql");
         for (const char* sql :
@@ -182,7 +182,7 @@ private slots:
               "LOCK TABLE ChangeLog", "LOCK TABLE StoreProperties IN SHARE MODE"})
             QTest::newRow(sql) << QByteArray(sql);
     }
-    void whatIsTheStoresOwnIsNotLocked()
+    void clientsCannotLockTheStoresOwnTables()
     {
         QFETCH(QByteArray, sql);
         QCOMPARE(run(*person(), "BEGIN; " + sql), QByteArray("42501"));
@@ -201,7 +201,7 @@ private slots:
         QCOMPARE(PostgresAdmin::endRunaways(m_files->url(), 60, &error), 0);
     }
 
-    void whatHarmsOthersIsNobodys()
+    void clientsCannotCallHarmfulFunctions()
     {
         const auto link = person();
         for (const char* sql :
@@ -233,7 +233,7 @@ private slots:
         QCOMPARE(QStringList((reviewed - open).values()).join(QLatin1Char(' ')), QString());
     }
 
-    void commitsReachTheDiskWhateverAClientHasSet_data()
+    void clientSettingsDoNotWeakenDurability_data()
     {
         QTest::addColumn<QByteArray>("setting");
         QTest::addColumn<QString>("inForce");
@@ -242,7 +242,7 @@ private slots:
         QTest::newRow("more than is asked for")
             << QByteArray("remote_apply") << QStringLiteral("remote_apply");
     }
-    void commitsReachTheDiskWhateverAClientHasSet()
+    void clientSettingsDoNotWeakenDurability()
     {
         QFETCH(QByteArray, setting);
         QFETCH(QString, inForce);
@@ -300,7 +300,7 @@ private slots:
         QCOMPARE(PostgresAdmin::endRunaways(m_files->url(), 1, &error), 0);
     }
 
-    void watchdogEndsWhoStandsAndHolds()
+    void watchdogEndsIdleLockHolders()
     {
         // As a database that was put back, or another one of the server, has it.
         QCOMPARE(

@@ -85,7 +85,7 @@ private slots:
         QVERIFY(m_store->hasNews());
     }
 
-    void whatNoHintHasToldOfComesAllTheSame()
+    void changesWithoutAHintAreDelivered()
     {
         ChangeFeed feed(m_store.get());
         int arrived = 0;

@@ -66,7 +66,7 @@ private slots:
         QCOMPARE(count(store.get(), "SELECT count(*) AS n FROM Roles"), 2);
     }
 
-    void frozenServerIsToldWithinTheDeadline()
+    void reportsAFrozenServerWithinTheDeadline()
     {
         const auto store = open(1000);
         m_cluster->freeze();
@@ -87,7 +87,7 @@ private slots:
         QVERIFY(write(store.get(), "A") || count(store.get(), "SELECT count(*) AS n FROM Roles") == 1);
     }
 
-    void lostAndFoundAreToldOnceAndNothingIsMissed()
+    void emitsLostAndFoundOnceAndMissesNothing()
     {
         const auto store = open();
         ChangeFeed feed(store.get());
@@ -112,7 +112,7 @@ private slots:
         QCOMPARE(lost, 1);
     }
 
-    void acknowledgedWritesOutliveAKilledServerWhateverTheSessionAsksFor()
+    void acknowledgedWritesSurviveAKilledServer()
     {
         for (const char* setting : {"synchronous_commit = off", "wal_writer_delay = '10s'"})
             QCOMPARE(m_cluster->exec(QStringLiteral("ALTER SYSTEM SET ") + QLatin1String(setting)),

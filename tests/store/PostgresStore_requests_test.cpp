@@ -41,7 +41,7 @@ private slots:
         QCOMPARE(error.code, StoreError::BadRequest);
     }
 
-    void whatASelectHasSetIsTakenBack()
+    void settingsOfASelectAreReverted()
     {
         const auto store = m_files->openLoader();
         StoreError error;
@@ -122,7 +122,7 @@ private slots:
                  attempts > 1 ? 1 : 0);
     }
 
-    void whatRunsAwayIsCancelledLongBeforeTheServersOwnLimit()
+    void runawaysAreCancelledBeforeTheServersLimit()
     {
         Store::Options options;
         options.deadlineMs = 1500; // the server would end it by itself five seconds later
@@ -149,7 +149,7 @@ private slots:
         QCOMPARE(m_files->value(QStringLiteral("SELECT last_value FROM tries")).toInt(), 1);
     }
 
-    void textsAreOrderedByBytesWhateverTheDatabaseSortsBy()
+    void textsAreOrderedByBytesInAnyCollation()
     {
         // Where "a" comes before "B", and small letters before capital ones.
         QCOMPARE(PrivateCluster::shared().exec(QStringLiteral(

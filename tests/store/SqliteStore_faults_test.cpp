@@ -134,7 +134,7 @@ private slots:
                  QString::fromUtf8("На диске с файлом хранилища «%1» закончилось место.").arg(files.path()));
     }
 
-    void selectWhoseReadingFailsGivesNoPart()
+    void aFailedSelectReturnsNoPartialAnswer()
     {
         for (int n = 1; n < 200; ++n) {
             const TestStore files;

@@ -361,7 +361,7 @@ private slots:
         QCOMPARE(answer.RecCount(), 12);
     }
 
-    void unfinishedStoreInAReadOnlyPlaceIsTold()
+    void reportsAnUnfinishedStoreInAReadOnlyPlace()
     {
         const TestStore files;
         const QString crashed = leaveCrashed(files, "IN_LOG");

@@ -166,7 +166,7 @@ private slots:
         QCOMPARE(refusal().code, StoreError::TooOld);
     }
 
-    void whatIsNewerIsRefused()
+    void newerStoresAreRefused()
     {
         const TestStore newer;
         QCOMPARE(newer.exec(TestStore::isSqlite()

@@ -166,7 +166,7 @@ private slots:
         QVERIFY(write("Roles", ROW_INSERT, "ROLE_1")); // and the store goes on
     }
 
-    void recordsAreWrittenInOrderOfEntryWhateverTheKeys()
+    void writesRecordsInOrderOfEntryDespiteKeys()
     {
         auto batch = batchOf("Roles");
         row(*batch, ROW_INSERT, "ZZZ");
@@ -208,7 +208,7 @@ private slots:
         QCOMPARE(transactions(), before);
     }
 
-    void unmarkedFieldsThatTheTableLacksAreIgnoredMarkedOnesFail()
+    void unknownFieldsFailOnlyIfMarked()
     {
         const MDRFieldDescr fields[] = {
             {"KeyLink", 32, mdr_TChar}, {"name_", 100, mdr_TChar}, {"file", 0, mdr_TBool}};

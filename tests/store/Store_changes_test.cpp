@@ -224,7 +224,7 @@ private slots:
             QCOMPARE(MDRValue::copy(Row(all[i]).value("name_")), QByteArray::number(i));
     }
 
-    void newsAreSeenOnceWhoeverWrites()
+    void newsAreSeenOnceFromAnyWriter()
     {
         const auto other = m_files->openLoader();
         m_store->hasNews();
@@ -238,7 +238,7 @@ private slots:
             QVERIFY(!m_store->hasNews());
     }
 
-    void otherHistoryIsToldApart()
+    void recognisesAnotherHistory()
     {
         ChangePosition foreign = m_position;
         foreign.epoch = "ANOTHER";
@@ -252,7 +252,7 @@ private slots:
         QCOMPARE(m_error.code, StoreError::NotAStore);
     }
 
-    void logThatNoLongerReachesBackIsToldApart()
+    void recognisesATruncatedLog()
     {
         const ChangePosition before = m_position;
         for (const char* key : {"A", "B", "C"})

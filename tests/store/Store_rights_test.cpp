@@ -64,7 +64,7 @@ private slots:
         QVERIFY(write("smirnov", "LogbookTemplates", ROW_UPDATE, "T", {{"CategoryKey", "CHILD"}}));
     }
 
-    void localAdministratorMakesTopCategoriesOfHisDepartments()
+    void localAdministratorAddsTopCategoriesOfDepartments()
     {
         QVERIFY(write("smirnov", "LogbookCatsTemplate", ROW_INSERT, "A", {{"DepartmentKey", "DEP_ODS"}}));
         QVERIFY(!write("smirnov", "LogbookCatsTemplate", ROW_INSERT, "B", {{"DepartmentKey", "DEP_CDS"}}));

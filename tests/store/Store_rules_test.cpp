@@ -58,7 +58,7 @@ private slots:
         QCOMPARE(error.text, QString::fromUtf8("Вход в хранилище не выполнен."));
     }
 
-    void whoWasRemovedWritesNothingMore()
+    void removedLoginCannotWrite()
     {
         const auto store = m_files->open(QStringLiteral("petrov"));
         const auto comment = [&](const char* key) {
@@ -224,7 +224,7 @@ private slots:
         QVERIFY(!write("ivanov", "LogbookWorkersWorkshift", ROW_INSERT, "C", past));
     }
 
-    void whoTakesOverIsToldByWhoClosed()
+    void closingWorkerNamesHisSuccessor()
     {
         const Fields row = {
             {"WorkshiftKey", "SHIFT_CDS_OPEN"}, {"WorkerKey", "WORKER_SIDOROVA"}, {"opening", 0}};
@@ -509,7 +509,7 @@ private slots:
         QVERIFY(!visa("petrov", "REC_ZAR", "WORKER_PETROV")); // nobody's record is signed by nobody
     }
 
-    void secondMarkerIsSetByOneselfWhateverStatusAndShift()
+    void secondMarkerIsSetInOwnNameInAnyState()
     {
         const auto mark = [this](const char* login, const char* key, const char* worker) {
             return write(login, "LogbookRecords", ROW_UPDATE, key,
@@ -581,7 +581,7 @@ private slots:
         QVERIFY(write("viewer", "LogbookComments", ROW_UPDATE, "COM_UNREAD", {{"readedTime", nullptr}}));
     }
 
-    void filesAreAttachedInTheOwnNameAndDeletedByWhoAttachedThem()
+    void filesAreAttachedAndDeletedOnlyInOwnName()
     {
         const Fields file = {
             {"WorkerKey", "WORKER_SIDOROVA"}, {"RecordKey", "REC_PAST_1"}, {"fileName", "a"}};

@@ -37,7 +37,7 @@ private slots:
         m_store->endRead();
     }
 
-    void departmentWithoutWorkshiftsEndsAtAnotherDepartmentOrTheEnd()
+    void seekWithoutWorkshiftsStopsAtTheNextDepartment()
     {
         bool exact = true;
         const qint64 ods = m_store->seek("LogbookWorkshifts", 1, {QStringLiteral("DEP_ODS"), 5e10}, &exact);
@@ -57,7 +57,7 @@ private slots:
                  QStringLiteral("SHIFT_CDS_PAST"));
     }
 
-    void exactValuesAreToldSo()
+    void reportsAnExactMatch()
     {
         bool exact = false;
         const QVariantList past = {QStringLiteral("DEP_CDS"), TestStore::now() - 30 * 3600};

@@ -115,7 +115,7 @@ private slots:
         QCOMPARE(found("' OR '' = '"), QStringList());
     }
 
-    void whatTheRecordIsAndWhoseItIsNarrows()
+    void stateAndAuthorNarrowTheSearch()
     {
         record("A", "обкатка", 1000);
         record("B", "обкатка", 2000, {{"WorkerKey", "WORKER_PETROV"}, {"status", 2}});
@@ -261,7 +261,7 @@ private slots:
         QCOMPARE(faults(), QStringList());
     }
 
-    void damageIsToldAndMended()
+    void reportsAndRepairsDamage()
     {
         record("A", "сверка указателя");
         QCOMPARE(faults(), QStringList());
@@ -280,7 +280,7 @@ private slots:
         QCOMPARE(faults(), QStringList());
     }
 
-    void aForgedRowIsTold()
+    void reportsAForgedRow()
     {
         record("A", "сверка указателя");
         const QString forgery =
@@ -291,7 +291,7 @@ private slots:
         QCOMPARE(faults().size(), 1);
     }
 
-    void anIndexThatLostItsWordsIsTold()
+    void reportsAnIndexWithoutWords()
     {
         if (!TestStore::isSqlite())
             QSKIP("the server keeps its index itself");

@@ -40,7 +40,7 @@ private slots:
         m_files.reset();
     }
 
-    void answerHasTheDeclaredFieldsInOrderAndTheOrderOfEntry()
+    void answerHasDeclaredFieldsAndOrderOfEntry()
     {
         const auto answer = select("SELECT * FROM logbookrecords WHERE ShiftKey='SHIFT_CDS_OPEN'");
         QCOMPARE(answer->RecCount(), 8);

@@ -10,7 +10,7 @@ class TableCatalog_test : public QObject
     Q_OBJECT
 
 private slots:
-    void tablesAreFoundWhateverTheCase()
+    void findsTablesInAnyCase()
     {
         QCOMPARE(TableCatalog::table("logbookRECORDS")->name, QByteArray("LogbookRecords"));
         QVERIFY(!TableCatalog::table("ChangeLog"));

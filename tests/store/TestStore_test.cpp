@@ -19,7 +19,7 @@ private slots:
         QVERIFY(findings.isEmpty());
     }
 
-    void standardJournalHoldsWhatIsTold()
+    void standardJournalHasTheDocumentedRows()
     {
         const TestStore store;
         QCOMPARE(store.value(QStringLiteral("SELECT count(*) FROM LogbookRecords")).toInt(), 11);
