@@ -160,7 +160,7 @@ private slots:
                  2); // the message log and the log sink
     }
 
-    void everythingThatDidNotLoadIsTold()
+    void reportsEverythingThatDidNotLoad()
     {
         QCOMPARE(m_store->dropTables({QStringLiteral("OrgTypes"), QStringLiteral("TemplateParams"),
                                       QStringLiteral("LogbookTemplates")}),
@@ -295,7 +295,7 @@ private slots:
             QStringLiteral("Второе"));
     }
 
-    void whatCouldNotBeSavedAsksAgain()
+    void asksAgainAfterAFailedSave()
     {
         Configurator one(*m_store);
         TemplateTab* page = one.show(one.common());

@@ -146,13 +146,13 @@ private slots:
         QCOMPARE(stored("LogbookTemplates", "TPL_OPEN"), QStringLiteral("Приём"));
     }
 
-    void aSaveWhoseEventsNeverComeCanBeRepeated_data()
+    void aSaveWithoutEventsCanBeRepeated_data()
     {
         QTest::addColumn<bool>("isNew");
         QTest::newRow("a change") << false;
         QTest::newRow("a new category") << true;
     }
-    void aSaveWhoseEventsNeverComeCanBeRepeated()
+    void aSaveWithoutEventsCanBeRepeated()
     {
         QFETCH(bool, isNew);
         Configurator one(*m_store);
@@ -346,7 +346,7 @@ private slots:
         QVERIFY(!page->isExistUnsaved());
     }
 
-    void faultsAreToldOneAtATime_data()
+    void reportsOneFaultAtATime_data()
     {
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("text");
@@ -355,7 +355,7 @@ private slots:
         QTest::newRow("template") << QStringLiteral("TPL_OPEN")
                                   << QStringLiteral("Название шаблона не может быть пустым!");
     }
-    void faultsAreToldOneAtATime()
+    void reportsOneFaultAtATime()
     {
         QFETCH(QString, key);
         QFETCH(QString, text);
@@ -463,7 +463,7 @@ private slots:
         QCOMPARE(templateName(page)->text(), QStringLiteral("Приём смены"));
     }
 
-    void whatAStoreRefusedIsOfferedForLonger()
+    void refusedChangesAreOfferedLonger()
     {
         Configurator one(*m_store);
         TemplateTab* page = openCommon(one, "TPL_OPEN");
@@ -634,7 +634,7 @@ private slots:
         QCOMPARE(Configurator::shown(theirs), Configurator::shown(page));
     }
 
-    void whatWasTypedOutlivesThePlaceItWasIn()
+    void typedChangesOutliveTheirPlace()
     {
         Configurator one(*m_store);
         Configurator other(*m_store);
@@ -851,7 +851,7 @@ private slots:
         QCOMPARE(Configurator::shown(page), before);
     }
 
-    void aCategoryThatChangesItsPlaceStandsInTheNewOne()
+    void aMovedCategoryIsShownAtItsNewPlace()
     {
         Configurator one(*m_store);
         TemplateTab* page = openCommon(one, "CAT_COMMON_SUB");

@@ -155,8 +155,8 @@ private slots:
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Длинная правка"));
     }
 
-    void deletingFromAFailingStoreIsToldAndLosesNothing_data() { addFailures(); }
-    void deletingFromAFailingStoreIsToldAndLosesNothing()
+    void aFailedDeletionIsReportedAndLosesNothing_data() { addFailures(); }
+    void aFailedDeletionIsReportedAndLosesNothing()
     {
         QFETCH(int, failure);
         TemplateTab* page = open("TPL_OPEN");

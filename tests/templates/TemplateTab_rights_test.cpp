@@ -174,7 +174,7 @@ private slots:
         QVERIFY(lastInserted("LogbookCatsTemplate") < lastInserted("LogbookTemplates"));
     }
 
-    void faultsOfCategoriesAreToldFirst()
+    void reportsFaultsOfCategoriesFirst()
     {
         Configurator one(*m_store);
         TemplateTab* page = one.show(one.common());
@@ -206,7 +206,7 @@ private slots:
         page->cancelChanges();
     }
 
-    void whatHasNoPlaceIsLogged_data()
+    void logsRowsWithoutAPlace_data()
     {
         QTest::addColumn<QString>("page");
         QTest::addColumn<bool>("isFolder");
@@ -226,7 +226,7 @@ private slots:
         row("depsTemplates", true, "newFolder_Deps", QStringLiteral("Not found department or parent key"));
         row("depsTemplates", false, "newTemplate_Deps", noCategory);
     }
-    void whatHasNoPlaceIsLogged()
+    void logsRowsWithoutAPlace()
     {
         QFETCH(QString, page);
         QFETCH(bool, isFolder);

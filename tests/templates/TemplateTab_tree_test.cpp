@@ -244,7 +244,7 @@ private slots:
         QVERIFY(!down(page)->isEnabled() && !up(page)->isEnabled());
     }
 
-    void whatIsFoundOrMadeStaysInSight()
+    void foundAndCreatedItemsStayVisible()
     {
         const auto loader = m_store->openLoader();
         for (int i = 0; i < 40; ++i) {
@@ -401,7 +401,7 @@ private slots:
         QVERIFY(!Configurator::record(deps, "CAT_ZAR"));
     }
 
-    void aFailedDeletionIsTold()
+    void reportsAFailedDeletion()
     {
         Configurator one(*m_store);
         TemplateTab* page = one.show(one.common());
@@ -473,7 +473,7 @@ private slots:
         QVERIFY(!page->isExistUnsaved());
     }
 
-    void whatThePageDoesNotHoldIsNotPastedAndTold()
+    void refusesToPasteAMissingTemplate()
     {
         Configurator one(*m_store);
         TemplateTab* common = one.show(one.common());
