@@ -16,11 +16,11 @@ class DateTimeLine_test : public QObject
 private slots:
     void shortFormsAreUnderstood_data();
     void shortFormsAreUnderstood();
-    void theLayoutIsToldInWordsOfTheUser();
+    void describesTheLayoutInTheUsersWords();
     void anEmptyLayoutMeansDateAndMinutes();
     void f5SetsThePresentTime();
     void arrowsStepThePartAtTheCursor();
-    void whatIsNotUnderstoodStays();
+    void keepsInvalidInput();
 };
 
 void DateTimeLine_test::shortFormsAreUnderstood_data()
@@ -81,7 +81,7 @@ void DateTimeLine_test::shortFormsAreUnderstood()
     QCOMPARE(time.isValid() ? time.toString(format) : QString(), complete);
 }
 
-void DateTimeLine_test::theLayoutIsToldInWordsOfTheUser()
+void DateTimeLine_test::describesTheLayoutInTheUsersWords()
 {
     QCOMPARE(DateTimeLine::shownFormat(QStringLiteral("dd.MM.yyyy hh:mm:ss")),
              QStringLiteral("дд.ММ.гггг чч:мм:сс"));
@@ -128,7 +128,7 @@ void DateTimeLine_test::arrowsStepThePartAtTheCursor()
     QCOMPARE(line.text(), QStringLiteral("завтра"));
 }
 
-void DateTimeLine_test::whatIsNotUnderstoodStays()
+void DateTimeLine_test::keepsInvalidInput()
 {
     DateTimeLine line(QStringLiteral("hh:mm"));
     typeText(&line, QStringLiteral("25:00"));

@@ -38,7 +38,7 @@ private slots:
     void aListChoosesByLettersAndNotByTheWheel();
     void aListIsFoundByPartsAndHoldsNothingElse();
     void aValueThatTheListLacksStays();
-    void theCursorStandsBehindWhatWasTaken();
+    void theCursorIsAfterTheTakenSuggestion();
     void anIntervalReadsFromTo();
     void anIntervalNeedsBothEndsInOrder();
     void anIntervalOfAnotherFormStaysUntilItIsChanged();
@@ -49,7 +49,7 @@ private slots:
     void aNameTypedInFullGetsItsKey();
     void changingATakenTextDropsItsKey();
     void anUnknownNameIsTakenAsTyped();
-    void anUnknownNameIsToldAndLooksDifferent();
+    void marksAnUnknownName();
     void equipmentIsThatOfTheOwnAreaAtFirst();
     void equipmentPathsNameThePlace();
     void voltagesAreThoseOfTheEquipment();
@@ -206,7 +206,7 @@ void FillerEditors_test::aListIsFoundByPartsAndHoldsNothingElse()
     QCOMPARE(setting.input<QLineEdit>(0)->text(), QStringLiteral("включить"));
 }
 
-void FillerEditors_test::theCursorStandsBehindWhatWasTaken()
+void FillerEditors_test::theCursorIsAfterTheTakenSuggestion()
 {
     Setting setting(m_store);
     setting.filler.setTemplate(parameter("shift_workers", "Смена") + parameter("employee_fio", "Кто"));
@@ -410,7 +410,7 @@ void FillerEditors_test::anUnknownNameIsTakenAsTyped()
     QCOMPARE(setting.shown(0), QStringLiteral("Туманов И. К."));
 }
 
-void FillerEditors_test::anUnknownNameIsToldAndLooksDifferent()
+void FillerEditors_test::marksAnUnknownName()
 {
     Setting setting(m_store);
     setting.filler.setTemplate(parameter("employee_fio", "Кто") + parameter("shift_workers", "Смена"));

@@ -23,7 +23,7 @@ private slots:
     void aChipIsOneCharacter();
     void aChipMovesWithAllItsProperties();
     void aChipIsCopiedAndPasted();
-    void textTypedBesideAChipIsPlain();
+    void textTypedNextToAChipIsPlain();
     void aClickSelectsAChip();
     void aChipIsDraggedToAnotherPlace();
 };
@@ -74,7 +74,7 @@ void TemplateEditorChips_test::aChipIsCopiedAndPasted()
     QCOMPARE(bench.now(), QStringLiteral("a ") + chip + QStringLiteral(" b"));
 }
 
-void TemplateEditorChips_test::textTypedBesideAChipIsPlain()
+void TemplateEditorChips_test::textTypedNextToAChipIsPlain()
 {
     const QString chip = Bench::parameter("text", "Кто");
     Bench bench;

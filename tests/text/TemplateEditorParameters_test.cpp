@@ -101,7 +101,7 @@ private slots:
     void theDialogKeepsAllOtherProperties();
     void aDialogWithoutChangesChangesNothing();
     void aDialogThatIsCancelledChangesNothing();
-    void whatCannotBeStoredIsRefused();
+    void refusesSettingsThatCannotBeStored();
     void oneUndoTakesTheDialogBack();
     void aNewTextClosesTheDialog();
     void aChipThatMovesWhileTheDialogIsOpenIsStillChanged();
@@ -542,7 +542,7 @@ void TemplateEditorParameters_test::aDialogThatIsCancelledChangesNothing()
     QCOMPARE(bench.changes.count(), 0);
 }
 
-void TemplateEditorParameters_test::whatCannotBeStoredIsRefused()
+void TemplateEditorParameters_test::refusesSettingsThatCannotBeStored()
 {
     Bench bench;
     bench.editor.setTemplateText(Bench::list("Да", {"да"}));

@@ -39,8 +39,8 @@ class TemplateEditorPaste_test : public QObject
 private slots:
     void pastedTextIsCleaned();
     void aPictureIsRefusedWithANotice();
-    void markupThatIsLostIsTold();
-    void markupOfTheTextThatAnEditLosesIsTold();
+    void reportsLostMarkup();
+    void reportsMarkupLostByAnEdit();
     void plainTextIsPastedWithItsLinesAndBlanks();
     void charactersOutsideTheCodePageAreGuarded();
 };
@@ -77,7 +77,7 @@ void TemplateEditorPaste_test::aPictureIsRefusedWithANotice()
     QCOMPARE(bench.notice(), QString());
 }
 
-void TemplateEditorPaste_test::markupThatIsLostIsTold()
+void TemplateEditorPaste_test::reportsLostMarkup()
 {
     Bench bench;
     paste(bench, QStringLiteral("<ul><li>раз</li><li>два</li></ul><table><tr><td>три</td></tr></table>"
@@ -87,7 +87,7 @@ void TemplateEditorPaste_test::markupThatIsLostIsTold()
              QStringLiteral("Вставлен только текст. Шаблон не переносит: списки, таблицы, ссылки, рисунки"));
 }
 
-void TemplateEditorPaste_test::markupOfTheTextThatAnEditLosesIsTold()
+void TemplateEditorPaste_test::reportsMarkupLostByAnEdit()
 {
     Bench bench;
     const QString html = QStringLiteral("<ol><li>раз</li></ol>");

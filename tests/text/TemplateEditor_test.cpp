@@ -40,7 +40,7 @@ private slots:
     void textsThatAreNotTouchedComeBackToTheLetter();
     void undoBringsTheLettersOfTheTextBack();
     void settingAndClearingAreNoChangesOfTheUser();
-    void eachChangeIsToldOnceWithTheText();
+    void signalsEachChangeOnceWithTheText();
     void blockedSignalsTellNothing();
     void templatePropertiesStayInFront();
     void newTemplatePropertiesLeaveCursorAndUndo();
@@ -51,7 +51,7 @@ private slots:
 
     void boldAndStrikeOutByKeyAndButton();
     void aStruckOutParameterIsStruckOutInside();
-    void boldTypedBesideABoldPassage();
+    void typesBoldNextToABoldPassage();
     void theButtonsShowTheLookOfTheSelection();
 
     void theMenuLeadsToTheParameterAndBack();
@@ -120,7 +120,7 @@ void TemplateEditor_test::settingAndClearingAreNoChangesOfTheUser()
     QCOMPARE(bench.now(), QString()); // nothing to undo
 }
 
-void TemplateEditor_test::eachChangeIsToldOnceWithTheText()
+void TemplateEditor_test::signalsEachChangeOnceWithTheText()
 {
     Bench bench;
     bench.editor.setTemplateText(QStringLiteral("Смена"));
@@ -273,7 +273,7 @@ void TemplateEditor_test::aStruckOutParameterIsStruckOutInside()
              QStringLiteral("<b>a ") + Bench::parameter("text", "Кто") + QStringLiteral(" b</b>"));
 }
 
-void TemplateEditor_test::boldTypedBesideABoldPassage()
+void TemplateEditor_test::typesBoldNextToABoldPassage()
 {
     Bench bench;
     bench.editor.setTemplateText(QStringLiteral("<b>a</b>b"));

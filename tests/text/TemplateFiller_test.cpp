@@ -21,7 +21,7 @@ private slots:
     void init();
 
     void withoutATemplateNothingIsFilled();
-    void aTemplateWithoutParametersIsFilledAsItStands();
+    void aTemplateWithoutParametersIsFilled();
     void parametersAreFoundByTheirBaseName();
     void settingAValueShowsItAndSignals();
     void aLabelAsTextIsNoValue();
@@ -80,7 +80,7 @@ void TemplateFiller_test::withoutATemplateNothingIsFilled()
     QVERIFY(filler.findParameter(QStringLiteral("text")).isEmpty());
 }
 
-void TemplateFiller_test::aTemplateWithoutParametersIsFilledAsItStands()
+void TemplateFiller_test::aTemplateWithoutParametersIsFilled()
 {
     TemplateFiller filler;
     filler.setTemplate(QStringLiteral("<b>Готово</b>"));

@@ -28,8 +28,8 @@ class TemplateText_test : public QObject
 private slots:
     void plainTextIsWhatAReaderSees_data();
     void plainTextIsWhatAReaderSees();
-    void looksOfPassagesAreTold_data();
-    void looksOfPassagesAreTold();
+    void returnsTheLooksOfPassages_data();
+    void returnsTheLooksOfPassages();
     void everyParameterHasARunOfItsOwn();
     void parametersAreNumberedAsTheParserDoes();
     void aDocumentIsFilledAsPainted();
@@ -77,7 +77,7 @@ void TemplateText_test::plainTextIsWhatAReaderSees()
     QCOMPARE(joined.replace(QChar::Nbsp, QLatin1Char(' ')), TemplateText::plain(html));
 }
 
-void TemplateText_test::looksOfPassagesAreTold_data()
+void TemplateText_test::returnsTheLooksOfPassages_data()
 {
     using namespace TemplateText;
     QTest::addColumn<QString>("html");
@@ -103,7 +103,7 @@ void TemplateText_test::looksOfPassagesAreTold_data()
     row("<b><a href=\"parameter:name=text\">a</b></a>X</b>", Bold);
 }
 
-void TemplateText_test::looksOfPassagesAreTold()
+void TemplateText_test::returnsTheLooksOfPassages()
 {
     QFETCH(QString, html);
     QFETCH(int, looks);

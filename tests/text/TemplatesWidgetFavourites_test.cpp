@@ -18,7 +18,7 @@ private slots:
     }
     void init() { QSettings().clear(); }
 
-    void used_templates_come_first_the_latest_on_top_and_are_kept_for_worker_and_department()
+    void usedTemplatesComeFirstForWorkerAndDepartment()
     {
         {
             Tree tree;
@@ -42,7 +42,7 @@ private slots:
         QTRY_COMPARE(tree.rows().first(), QStringLiteral("Шаблоны подразделения"));
     }
 
-    void a_used_template_that_is_not_open_any_more_is_left_out()
+    void anUnavailableUsedTemplateIsHidden()
     {
         Tree tree;
         tree.widget.setUserKey(QStringLiteral("W1"));
@@ -54,7 +54,7 @@ private slots:
         QVERIFY(tree.rows().filter(QStringLiteral("Недавние")).isEmpty());
     }
 
-    void no_more_than_eight_used_templates_are_kept()
+    void keepsAtMostEightUsedTemplates()
     {
         Tree tree;
         tree.widget.setUserKey(QStringLiteral("W1"));
@@ -71,7 +71,7 @@ private slots:
         QCOMPARE(model->rowCount(model->index(0, 0)), 8);
     }
 
-    void templates_are_pinned_by_key_and_unpinned_by_the_menu()
+    void pinsTemplatesByKeyAndUnpinsByMenu()
     {
         Tree tree;
         tree.widget.setUserKey(QStringLiteral("W1"));
@@ -92,7 +92,7 @@ private slots:
         menu->close();
     }
 
-    void without_a_user_nothing_is_pinned_or_recent()
+    void withoutAUserNothingIsPinnedOrRecent()
     {
         Tree tree;
         tree.show();

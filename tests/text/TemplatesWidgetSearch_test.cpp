@@ -18,7 +18,7 @@ private slots:
     }
     void init() { QSettings().clear(); }
 
-    void typing_narrows_by_parts_of_words_whatever_case_and_yo()
+    void typingFindsPartsOfWordsInAnyCase()
     {
         Tree tree;
         tree.show();
@@ -32,7 +32,7 @@ private slots:
         QCOMPARE(tree.rows().last(), QStringLiteral(".Пустая"));
     }
 
-    void the_name_of_a_category_finds_its_templates()
+    void aCategoryNameFindsItsTemplates()
     {
         Tree tree;
         tree.show();
@@ -40,7 +40,7 @@ private slots:
         QCOMPARE(tree.rows(), lines("Тип организации: Диспетчерский центр|.Режим|..Изменение перетока"));
     }
 
-    void a_name_in_which_the_word_begins_is_offered_first()
+    void namesWithThePrefixAreOfferedFirst()
     {
         Tree tree;
         tree.templateRow("T_AIRLINE", "COMMON", "Авиалиния"); // holds "лини", stands before "Включение линии"
@@ -50,7 +50,7 @@ private slots:
         QCOMPARE(tree.current(), QStringLiteral("Включение линии"));
     }
 
-    void a_search_without_a_hit_says_so()
+    void aSearchWithoutAHitSaysSo()
     {
         Tree tree;
         tree.show();
@@ -61,7 +61,7 @@ private slots:
         QVERIFY(!tree.emptyLabel()->isVisible());
     }
 
-    void arrows_move_and_enter_chooses_while_typing()
+    void arrowsMoveAndEnterChoosesWhileTyping()
     {
         Tree tree;
         tree.show();
@@ -87,7 +87,7 @@ private slots:
         QCOMPARE(activated.count(), 2);
     }
 
-    void arrows_reach_templates_in_closed_branches()
+    void arrowsReachTemplatesInCollapsedBranches()
     {
         Tree tree;
         tree.show();
@@ -101,7 +101,7 @@ private slots:
         QCOMPARE(tree.current(), QStringLiteral("Паводок: приём сообщения"));
     }
 
-    void escape_empties_the_search_and_is_left_to_the_window_when_it_is_empty()
+    void escapeClearsTheSearchBeforeItClosesTheWindow()
     {
         Tree tree;
         tree.show();
@@ -115,7 +115,7 @@ private slots:
         QVERIFY(!escape.isAccepted());
     }
 
-    void letters_typed_in_the_tree_go_to_the_search()
+    void lettersTypedInTheTreeGoToTheSearch()
     {
         Tree tree;
         tree.show();
@@ -125,7 +125,7 @@ private slots:
         QVERIFY(tree.search()->hasFocus());
     }
 
-    void what_was_only_looked_at_is_forgotten_when_the_search_is_left()
+    void leavingTheSearchRestoresTheChoice()
     {
         Tree tree;
         QWidget window;
@@ -144,7 +144,7 @@ private slots:
         tree.widget.setParent(nullptr);
     }
 
-    void a_renewal_while_typing_leaves_the_line_where_it_was()
+    void aReloadWhileTypingKeepsTheSearchLine()
     {
         Tree tree;
         tree.show();

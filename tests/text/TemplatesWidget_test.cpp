@@ -21,7 +21,7 @@ private slots:
     }
     void init() { QSettings().clear(); }
 
-    void levels_stand_in_order_with_captions_and_categories_before_templates()
+    void levelsAreOrderedWithCategoriesFirst()
     {
         Tree tree;
         tree.show();
@@ -31,7 +31,7 @@ private slots:
                                     "..Включение линии|..Команда на производство переключений|.Пустая"));
     }
 
-    void a_level_without_a_known_name_has_a_plain_caption()
+    void aLevelWithoutANameHasAPlainCaption()
     {
         Tree tree;
         tree.widget.setDepartmentsTable(nullptr);
@@ -41,7 +41,7 @@ private slots:
         QVERIFY(tree.rows().contains(QStringLiteral("Шаблоны типа организации")));
     }
 
-    void without_keys_of_department_and_type_only_common_templates_are_open()
+    void withoutKeysOnlyCommonTemplatesAreAvailable()
     {
         Tree tree;
         tree.widget.setRootDepKeyLink(QString());
@@ -50,7 +50,7 @@ private slots:
         QCOMPARE(tree.rows().first(), QStringLiteral("Общие шаблоны"));
     }
 
-    void a_category_of_another_department_below_an_open_one_is_not_open()
+    void aForeignCategoryBelowAnOwnOneIsHidden()
     {
         Tree tree;
         tree.category("STRAY", "Заблудшая", "ParentKey", "COMMON");
@@ -60,7 +60,7 @@ private slots:
         QVERIFY(!tree.find(QStringLiteral("Заблудшая")).isValid());
     }
 
-    void a_ring_of_categories_is_walked_once()
+    void aCycleOfCategoriesIsWalkedOnce()
     {
         Tree tree;
         // Both rows are top categories of the department and each other's parents.
@@ -76,7 +76,7 @@ private slots:
         QVERIFY(!tree.find(QStringLiteral("Сама в себе")).isValid());
     }
 
-    void a_restriction_to_properties_shows_only_templates_that_carry_all_of_them()
+    void propertyFilterRequiresAllProperties()
     {
         Tree tree;
         const QString opening =
@@ -95,7 +95,7 @@ private slots:
         QVERIFY(!tree.find(QStringLiteral("Приём смены")).isValid());
     }
 
-    void the_first_template_is_that_of_the_department()
+    void theFirstTemplateIsThatOfTheDepartment()
     {
         Tree tree;
         QSignalSpy changed(&tree.widget, &TemplatesWidget::selectionChanged);
@@ -111,7 +111,7 @@ private slots:
         QCOMPARE(changed.count(), 2);
     }
 
-    void without_templates_the_first_one_is_none()
+    void withoutTemplatesNothingIsSelected()
     {
         Tree tree;
         tree.widget.selectFirstTemplate();
@@ -122,7 +122,7 @@ private slots:
         QCOMPARE(tree.widget.currentTemplateKey(), QString());
     }
 
-    void a_click_chooses_and_a_category_leaves_the_choice()
+    void clickingACategoryKeepsTheChosenTemplate()
     {
         Tree tree;
         tree.show();
@@ -138,7 +138,7 @@ private slots:
                  QStringLiteral("Изменение перетока"));
     }
 
-    void reloading_keeps_selection_and_branches_and_tells_only_of_a_selected_template_that_is_gone()
+    void aReloadKeepsSelectionAndBranches()
     {
         Tree tree;
         tree.show();
@@ -160,7 +160,7 @@ private slots:
         QVERIFY(!tree.find(QStringLiteral("Бланк переключений")).isValid());
     }
 
-    void a_selected_template_that_moves_to_a_closed_level_is_gone()
+    void movingToAnotherLevelClearsTheSelection()
     {
         Tree tree;
         tree.show();
@@ -172,7 +172,7 @@ private slots:
         QVERIFY(!tree.widget.currentTemplate());
     }
 
-    void a_hidden_tree_is_renewed_at_the_next_showing()
+    void aHiddenTreeIsReloadedWhenShown()
     {
         Tree tree;
         tree.show();
@@ -184,7 +184,7 @@ private slots:
         QVERIFY(tree.find(QStringLiteral("Авария")).isValid());
     }
 
-    void tables_may_be_refilled_under_the_tree()
+    void tablesMayBeRefilledBelowTheTree()
     {
         Tree tree;
         tree.show();
@@ -197,7 +197,7 @@ private slots:
         QVERIFY(tree.widget.currentTemplate());
     }
 
-    void a_renewal_leaves_the_tree_scrolled_where_it_was()
+    void aReloadKeepsTheScrollPosition()
     {
         Tree tree;
         for (int number = 0; number < 80; ++number)
@@ -212,7 +212,7 @@ private slots:
         QCOMPARE(tree.view()->verticalScrollBar()->value(), 40);
     }
 
-    void the_model_keeps_its_promises()
+    void passesTheModelTester()
     {
         Tree tree;
         tree.widget.setUserKey(QStringLiteral("W1"));
@@ -228,7 +228,7 @@ private slots:
         tree.widget.reloadTemplates();
     }
 
-    void work_grows_with_the_tree_and_no_faster()
+    void workIsLinearInTheSizeOfTheTree()
     {
         const auto cost = [](int categories) {
             Tree tree;

@@ -7,7 +7,7 @@ class TextMatch_test : public QObject
     Q_OBJECT
 
 private slots:
-    void folding_blinds_case_yo_dashes_and_blanks_and_keeps_positions()
+    void foldingUnifiesLettersAndKeepsPositions()
     {
         const QString text = QStringLiteral("ВЛ 110\u00A0кВ Полевая – Ёлка−2");
         QCOMPARE(TextMatch::folded(text), QStringLiteral("вл 110 кв полевая - елка-2"));
@@ -16,7 +16,7 @@ private slots:
                  QStringLiteral("-----"));
     }
 
-    void every_word_typed_has_to_be_found_anywhere()
+    void everyTypedWordMustBeFound()
     {
         const QString name = TextMatch::folded(QStringLiteral("Приём смены"));
         QVERIFY(TextMatch::matches(name, TextMatch::parts(QStringLiteral("  СМЕН  ием "))));
@@ -24,7 +24,7 @@ private slots:
         QVERIFY(TextMatch::matches(name, TextMatch::parts(QStringLiteral("  "))));
     }
 
-    void a_word_begins_behind_what_is_no_letter()
+    void aWordBeginsAfterANonLetter()
     {
         QVERIFY(TextMatch::beginsWord(QStringLiteral("авиалиния, линия"), QStringLiteral("лин")));
         QVERIFY(TextMatch::beginsWord(QStringLiteral("линия"), QStringLiteral("лин")));
