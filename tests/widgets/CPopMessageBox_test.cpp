@@ -153,7 +153,7 @@ private slots:
         QVERIFY(!asker.box.isVisible());
     }
 
-    void returnDoesNothingByItself()
+    void returnHasNoDefaultAction()
     {
         Asker asker;
         asker.show();
@@ -181,7 +181,7 @@ private slots:
         QCOMPARE(asker.roles, QVector<int>{5});
     }
 
-    void theSlotMayBeToldByItsSignature()
+    void theSlotMayBeGivenAsSignature()
     {
         Asker asker;
         asker.show();

@@ -204,7 +204,7 @@ private slots:
         QCOMPARE(other.text(), QStringLiteral("b"));
     }
 
-    void theEndIsToldWhenTheAnswerHasBeenDealtWith()
+    void signalsTheEndAfterTheAnswerWasHandled()
     {
         Setup s;
         s.pop.setGuarding(true);

@@ -10,7 +10,7 @@ class LoaderIndicator_test : public QObject
     Q_OBJECT
 
 private slots:
-    void stays_hidden_when_its_window_comes_up()
+    void staysHiddenWhenItsWindowIsShown()
     {
         QMainWindow window;
         const LoaderIndicator indicator(&window);
@@ -19,7 +19,7 @@ private slots:
         QVERIFY(window.isEnabled());
     }
 
-    void covers_and_disables_its_main_window_until_it_closes()
+    void coversAndDisablesItsWindowUntilItCloses()
     {
         QMainWindow window;
         window.resize(700, 300);
@@ -44,7 +44,7 @@ private slots:
         QCOMPARE(movie(indicator)->state(), QMovie::NotRunning);
     }
 
-    void leaves_another_parent_and_its_own_geometry_alone()
+    void ignoresOtherParentsAndKeepsItsGeometry()
     {
         QWidget parent;
         parent.resize(700, 300);
@@ -58,7 +58,7 @@ private slots:
         QVERIFY(parent.isEnabled());
     }
 
-    void the_picture_grows_with_the_longer_side_data()
+    void thePictureGrowsWithTheLongerSide_data()
     {
         QTest::addColumn<QSize>("size");
         QTest::addColumn<int>("side");
@@ -67,7 +67,7 @@ private slots:
         QTest::newRow("of the height when that is longer") << QSize(500, 2500) << 75;
         QTest::newRow("whole hundreds count") << QSize(2099, 100) << 60;
     }
-    void the_picture_grows_with_the_longer_side()
+    void thePictureGrowsWithTheLongerSide()
     {
         QFETCH(QSize, size);
         QFETCH(int, side);
@@ -81,7 +81,7 @@ private slots:
         QCOMPARE(movie(indicator)->scaledSize(), QSize(120, 120));
     }
 
-    void a_click_dismisses_it()
+    void aClickDismissesIt()
     {
         QMainWindow window;
         window.resize(400, 300);
@@ -93,7 +93,7 @@ private slots:
         QVERIFY(window.isEnabled());
     }
 
-    void a_click_on_the_text_dismisses_it_too()
+    void aClickOnTheTextDismissesIt()
     {
         QMainWindow window;
         window.resize(400, 300);

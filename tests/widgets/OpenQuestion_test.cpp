@@ -112,7 +112,7 @@ private:
     };
 
 private slots:
-    void aColleaguesRecordBecomesCurrentAtOnceWithoutAQuestion()
+    void withoutAQuestionANewRecordBecomesCurrentAtOnce()
     {
         Setup s;
         s.colleagueWrites("NEW");

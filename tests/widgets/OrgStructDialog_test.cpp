@@ -99,7 +99,7 @@ private slots:
         QCOMPARE(s.chosen, QStringList());
     }
 
-    void aReceiverMayRestrictTheTreeAnewAndShowTheDialogAgain()
+    void aReceiverMayRestrictTheTreeAndReopenTheDialog()
     {
         Setup s;
         s.dialog.widget()->setRootDepartment(QStringLiteral("DEP_CDS"));

@@ -99,7 +99,7 @@ private:
     };
 
 private slots:
-    void theTreeHoldsTypesOrganizationsDepartmentsAndWorkers()
+    void theTreeHasTypesOrganizationsDepartmentsWorkers()
     {
         Setup s;
         const QString shown = s.shown();
@@ -255,7 +255,7 @@ private slots:
         QVERIFY(s.find(QStringLiteral("Иванов Иван Иванович")).isValid());
     }
 
-    void arrowsMoveInTheTreeFromTheSearchLineAndEnterChooses()
+    void arrowsAndEnterWorkFromTheSearchLine()
     {
         Setup s;
         s.widget.show();

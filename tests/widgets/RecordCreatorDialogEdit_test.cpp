@@ -64,7 +64,7 @@ private slots:
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
     }
 
-    void an_edit_writes_only_what_was_changed()
+    void anEditWritesOnlyChangedFields()
     {
         Journal store;
         CreatorBench bench(store);
@@ -84,7 +84,7 @@ private slots:
         QCOMPARE(store.field("status").toInt(), 1);
     }
 
-    void each_field_is_written_by_itself()
+    void writesEachFieldSeparately()
     {
         Journal store;
         CreatorBench bench(store);
@@ -111,7 +111,7 @@ private slots:
         QCOMPARE(saveMarked(), QStringList{QStringLiteral("eventTime")});
     }
 
-    void nothing_changed_writes_nothing()
+    void writesNothingWithoutAChange()
     {
         Journal store;
         CreatorBench bench(store);
@@ -125,7 +125,7 @@ private slots:
         QCOMPARE(bench.plan->writes, 0);
     }
 
-    void the_first_mark_follows_the_time_of_the_event()
+    void theFirstMarkFollowsTheTimeOfTheEvent()
     {
         Journal store;
         HtmlParser html("Допуск");
@@ -139,7 +139,7 @@ private slots:
         QCOMPARE(store.field("firstMarkTime").toDouble(), TestStore::now() - 1060);
     }
 
-    void a_first_mark_of_another_time_stays()
+    void keepsAFirstMarkOfAnotherTime()
     {
         Journal store;
         HtmlParser html("Допуск");
@@ -153,7 +153,7 @@ private slots:
         QCOMPARE(store.field("firstMarkTime").toDouble(), TestStore::now() - 500);
     }
 
-    void a_deleted_worker_stays_as_counterpart()
+    void keepsADeletedWorkerAsCounterpart()
     {
         Journal store;
         store.change({{"ReceiverWorkerKey", "WORKER_KUZNETSOV"}, {"direction", 1}});
@@ -165,7 +165,7 @@ private slots:
         QCOMPARE(store.field("ReceiverWorkerKey").toString(), QStringLiteral("WORKER_KUZNETSOV"));
     }
 
-    void approved_and_deleted_records_open_for_reading()
+    void approvedAndDeletedRecordsOpenForReading()
     {
         Journal store;
         CreatorBench bench(store);
@@ -190,7 +190,7 @@ private slots:
         }
     }
 
-    void a_record_that_is_not_there_any_more_is_said()
+    void reportsAMissingRecord()
     {
         Journal store;
         CreatorBench bench(store);
@@ -201,7 +201,7 @@ private slots:
         QVERIFY(!bench.button("saveButton")->isVisible());
     }
 
-    void the_record_is_kept_by_key()
+    void theRecordIsKeptByKey()
     {
         Journal store;
         CreatorBench bench(store);
@@ -212,7 +212,7 @@ private slots:
         QCOMPARE(store.field("html").toString(), message("новое"));
     }
 
-    void a_change_by_a_colleague_is_shown_when_nothing_is_unsaved()
+    void showsAColleaguesChangeWithoutUnsavedText()
     {
         Journal store;
         CreatorBench bench(store);
@@ -228,7 +228,7 @@ private slots:
         QVERIFY(!bench.dialog->isVisible());
     }
 
-    void what_others_set_besides_the_text_is_no_notice()
+    void othersMarksCauseNoNotice()
     {
         Journal store;
         CreatorBench bench(store);
@@ -238,7 +238,7 @@ private slots:
         QCOMPARE(bench.notice(), QString());
     }
 
-    void unsaved_text_stays_and_saving_asks_which_to_keep_mine()
+    void aConflictCanKeepTheOwnText()
     {
         Journal store;
         CreatorBench bench(store);
@@ -259,7 +259,7 @@ private slots:
         QVERIFY(!bench.dialog->isVisible());
     }
 
-    void or_theirs()
+    void aConflictCanTakeTheOthersText()
     {
         Journal store;
         CreatorBench bench(store);
@@ -275,7 +275,7 @@ private slots:
         QVERIFY(!bench.dialog->isVisible());
     }
 
-    void or_neither_yet()
+    void aConflictCanBeLeftOpen()
     {
         Journal store;
         CreatorBench bench(store);
@@ -291,7 +291,7 @@ private slots:
         QVERIFY(!bench.question().isEmpty());
     }
 
-    void the_same_text_by_a_colleague_is_no_conflict()
+    void anEqualTextOfAColleagueIsNoConflict()
     {
         Journal store;
         CreatorBench bench(store);
@@ -305,7 +305,7 @@ private slots:
         QCOMPARE(bench.plan->writes, 0);
     }
 
-    void text_of_a_deleted_record_can_be_saved_as_a_new_draft()
+    void textOfADeletedRecordCanBecomeANewDraft()
     {
         Journal store;
         CreatorBench bench(store);
@@ -328,7 +328,7 @@ private slots:
         QVERIFY(store.value(newest.arg(QStringLiteral("KeyLink"))).toString() != QStringLiteral("REC_TEXT"));
     }
 
-    void a_record_deleted_without_unsaved_text_closes_without_a_question()
+    void aDeletedRecordWithoutUnsavedTextClosesTheDialog()
     {
         Journal store;
         CreatorBench bench(store);
@@ -340,7 +340,7 @@ private slots:
         QVERIFY(!bench.dialog->isVisible());
     }
 
-    void leaving_the_text_of_a_deleted_record_asks()
+    void leavingTheTextOfADeletedRecordAsks()
     {
         Journal store;
         CreatorBench bench(store);
@@ -354,7 +354,7 @@ private slots:
         QVERIFY(!bench.dialog->isVisible());
     }
 
-    void a_record_approved_meanwhile_turns_to_reading_or_offers_a_new_draft()
+    void anApprovedRecordBecomesReadOnly()
     {
         Journal store;
         CreatorBench bench(store);
@@ -386,7 +386,7 @@ private slots:
                  message("моё"));
     }
 
-    void a_record_read_only_follows_its_state()
+    void aReadOnlyRecordFollowsItsState()
     {
         Journal store;
         CreatorBench bench(store);
@@ -396,7 +396,7 @@ private slots:
         QCOMPARE(bench.notice(), QStringLiteral("Запись удалена и открыта только для чтения."));
     }
 
-    void a_refused_edit_keeps_everything_and_says_why()
+    void aRefusedEditKeepsEverythingAndSaysWhy()
     {
         Journal store;
         CreatorBench bench(store);
@@ -412,7 +412,7 @@ private slots:
         QCOMPARE(store.field("html").toString(), message("моё"));
     }
 
-    void an_edit_whose_answer_was_lost_is_saved_when_its_event_comes()
+    void anEditWithoutAnAnswerIsSavedByItsEvent()
     {
         Journal store;
         CreatorBench bench(store);

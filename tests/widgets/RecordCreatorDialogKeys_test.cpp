@@ -82,7 +82,7 @@ private slots:
     }
     void init() { QSettings().clear(); }
 
-    void a_switching_order_takes_few_keys_besides_its_words()
+    void aSwitchingOrderNeedsFewExtraKeys()
     {
         TestStore store;
         addDemoTemplates(store);
@@ -113,7 +113,7 @@ private slots:
         qInfo("%d keys", keyboard.count);
     }
 
-    void tab_walks_the_way_of_the_eye()
+    void tabFollowsTheVisualOrder()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -138,7 +138,7 @@ private slots:
         }
     }
 
-    void control_enter_saves_out_of_a_text_that_is_the_whole_record()
+    void controlEnterSavesFromAWholeText()
     {
         TestStore store;
         const std::unique_ptr<Store> loader = store.openLoader();
@@ -161,7 +161,7 @@ private slots:
         QCOMPARE(TemplateText::plain(written), QStringLiteral("Осмотр\nзакончен"));
     }
 
-    void control_enter_goes_to_what_is_missing()
+    void controlEnterGoesToTheMissingValue()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -182,7 +182,7 @@ private slots:
         QCOMPARE(QApplication::focusWidget(), bench.counterpartLine());
     }
 
-    void enter_goes_on_in_the_fields_around_the_text()
+    void enterMovesThroughTheFieldsAroundTheText()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -197,7 +197,7 @@ private slots:
         QVERIFY(bench.filler()->isAncestorOf(QApplication::focusWidget()));
     }
 
-    void a_failed_save_leaves_the_keyboard_where_it_was()
+    void aFailedSaveKeepsTheFocus()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -211,7 +211,7 @@ private slots:
         QCOMPARE(QApplication::focusWidget(), field);
     }
 
-    void the_time_of_the_event_is_set_by_f5_and_not_by_the_wheel()
+    void f5SetsTheTimeOfTheEventTheWheelDoesNot()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -227,7 +227,7 @@ private slots:
         QVERIFY(bench.eventTime()->dateTime() > past);
     }
 
-    void control_f_leads_back_to_the_search()
+    void controlFReturnsToTheSearch()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -238,7 +238,7 @@ private slots:
         QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("searchEdit"));
     }
 
-    void enter_on_a_template_leads_to_its_first_empty_parameter()
+    void enterOnATemplateGoesToItsFirstEmptyParameter()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -249,7 +249,7 @@ private slots:
         QCOMPARE(QApplication::focusWidget()->accessibleName(), QStringLiteral("Линия"));
     }
 
-    void the_keyboard_starts_where_work_begins()
+    void theFocusStartsWhereWorkBegins()
     {
         TestStore store;
         CreatorBench bench(store);

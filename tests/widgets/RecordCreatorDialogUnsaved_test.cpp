@@ -91,7 +91,7 @@ private slots:
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
     }
 
-    void without_unsaved_text_every_way_out_is_free()
+    void closesWithoutAQuestionIfNothingIsUnsaved()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -109,7 +109,7 @@ private slots:
         QCOMPARE(bench.notice(), QString());
     }
 
-    void cancel_escape_and_frame_ask_before_text_is_dropped()
+    void asksBeforeUnsavedTextIsDropped()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -141,7 +141,7 @@ private slots:
         QVERIFY(bench.shown("text") != QStringLiteral("В-110"));
     }
 
-    void the_question_can_save()
+    void theQuestionCanSave()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -154,7 +154,7 @@ private slots:
         QCOMPARE(recordCount(store), before + 1);
     }
 
-    void text_that_is_not_complete_can_only_be_dropped_or_gone_on_with()
+    void incompleteTextCanBeDroppedOrContinued()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -246,7 +246,7 @@ private slots:
         QVERIFY(next.button("toButton")->isChecked());
     }
 
-    void a_failed_write_keeps_everything_and_says_why()
+    void aFailedWriteKeepsTheTextAndShowsTheReason()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -268,7 +268,7 @@ private slots:
         QCOMPARE(recordCount(store), before + 1);
     }
 
-    void a_rule_of_the_journal_is_told_in_its_own_words()
+    void showsTheTextOfAViolatedRule()
     {
         TestStore store;
         CreatorBench bench(store, QStringLiteral("sidorova")); // not in the shift
@@ -280,7 +280,7 @@ private slots:
         QVERIFY(bench.failure().size() > 40);
     }
 
-    void after_a_lost_answer_a_retry_writes_no_second_row()
+    void aRetryAfterALostAnswerWritesNoSecondRow()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -301,7 +301,7 @@ private slots:
         QCOMPARE(bench.plan->writes, writes); // the row is there as it should be
     }
 
-    void a_retry_with_other_text_changes_the_row_that_is_there()
+    void aRetryWithAnotherTextChangesTheRow()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -322,7 +322,7 @@ private slots:
         QVERIFY(newestHtml(store).contains(QStringLiteral("В-220")));
     }
 
-    void a_retry_that_cannot_ask_whether_the_row_is_there_writes_nothing()
+    void aRetryThatCannotFindTheRowWritesNothing()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -341,7 +341,7 @@ private slots:
         QCOMPARE(recordCount(store), before + 1);
     }
 
-    void after_a_lost_answer_the_own_event_means_saved()
+    void theOwnEventAfterALostAnswerConfirmsTheSave()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -356,7 +356,7 @@ private slots:
         QVERIFY(bench.filler()->filledTemplate(true).isEmpty());
     }
 
-    void text_changed_after_a_lost_answer_becomes_an_edit_of_that_row()
+    void laterTextAfterALostAnswerBecomesAnEdit()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -377,7 +377,7 @@ private slots:
         QVERIFY(newestHtml(store).contains(QStringLiteral("В-220")));
     }
 
-    void closed_by_the_program_it_asks_nothing_and_offers_the_text_at_the_next_opening()
+    void aProgrammaticCloseKeepsTheText()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -404,7 +404,7 @@ private slots:
         QCOMPARE(bench.notice(), QString());
     }
 
-    void text_typed_for_another_template_is_found_again_and_still_unsaved()
+    void textOfAnotherTemplateIsRestoredUnsaved()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -420,7 +420,7 @@ private slots:
         QVERIFY(!bench.question().isEmpty());
     }
 
-    void restored_text_waits_when_another_template_is_chosen()
+    void restoredTextIsKeptIfAnotherTemplateIsChosen()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -440,7 +440,7 @@ private slots:
         QCOMPARE(recordCount(store), before + 2);
     }
 
-    void text_after_text_is_kept_and_offered_one_after_the_other()
+    void keepsSeveralTextsAndOffersEach()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -467,7 +467,7 @@ private slots:
         QCOMPARE(bench.notice(), QString());
     }
 
-    void restored_text_can_be_dropped()
+    void restoredTextCanBeDropped()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -484,7 +484,7 @@ private slots:
         QCOMPARE(bench.notice(), QString());
     }
 
-    void text_that_is_not_complete_is_restored_too_even_without_its_template()
+    void incompleteTextIsRestoredWithoutItsTemplate()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -502,7 +502,7 @@ private slots:
         QVERIFY(newestHtml(store).contains(QStringLiteral("ПС Луговая")));
     }
 
-    void an_unsaved_edit_is_restored_into_its_record()
+    void anUnsavedEditIsRestoredIntoItsRecord()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -520,7 +520,7 @@ private slots:
         QVERIFY(bench.button("noDirectionButton")->isChecked());
     }
 
-    void an_unsaved_edit_becomes_a_new_draft_when_a_record_is_created_next()
+    void anUnsavedEditCanBecomeANewDraft()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -535,7 +535,7 @@ private slots:
         QVERIFY(newestHtml(store).contains(QStringLiteral("осмотр оборудования")));
     }
 
-    void kept_text_whose_row_was_written_after_all_is_not_offered()
+    void aKeptTextThatWasWrittenIsNotOffered()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -549,7 +549,7 @@ private slots:
         QCOMPARE(bench.notice(), QString());
     }
 
-    void another_record_waits_for_the_answer_about_unsaved_text()
+    void switchingRecordsAsksAboutUnsavedText()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -570,7 +570,7 @@ private slots:
         QCOMPARE(bench.dialog->windowTitle(), QStringLiteral("Новая запись"));
     }
 
-    void asking_for_the_same_thing_again_changes_nothing()
+    void requestingTheSameRecordChangesNothing()
     {
         TestStore store;
         CreatorBench bench(store);

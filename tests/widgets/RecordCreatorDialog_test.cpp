@@ -58,7 +58,7 @@ private slots:
     }
     void init() { QSettings().clear(); }
 
-    void a_new_record_is_one_draft_with_all_its_fields()
+    void aNewRecordIsOneDraftWithAllFields()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -98,7 +98,7 @@ private slots:
         QCOMPARE(bench.module.takeEvents().size(), 1);
     }
 
-    void every_field_is_marked_as_set()
+    void everyFieldIsMarkedAsSet()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -110,7 +110,7 @@ private slots:
         QCOMPARE(bench.module.events.first().marked.size(), 15);
     }
 
-    void the_first_mark_is_the_time_of_the_event_when_the_template_has_one()
+    void theFirstMarkIsTheTimeOfTheEvent()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -126,7 +126,7 @@ private slots:
         QVERIFY(field(store, "firstMarkTime", Newest).toDouble() > 0);
     }
 
-    void an_empty_first_mark_is_none()
+    void anEmptyFirstMarkIsIgnored()
     {
         TestStore store;
         HtmlParser html("Текст");
@@ -139,7 +139,7 @@ private slots:
         QVERIFY(field(store, "firstMarkTime", Newest).isNull());
     }
 
-    void direction_and_a_counterpart_typed_by_parts_of_his_name()
+    void writesDirectionAndTypedCounterpart()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -159,7 +159,7 @@ private slots:
         QCOMPARE(field(store, "ReceiverWorkerKey", Newest).toString(), QStringLiteral("WORKER_SMIRNOV_ZAR"));
     }
 
-    void a_deleted_worker_is_not_offered_as_counterpart()
+    void aDeletedWorkerIsNotOfferedAsCounterpart()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -172,7 +172,7 @@ private slots:
         QVERIFY(bench.counterpart()->isResolved());
     }
 
-    void a_counterpart_chosen_in_the_organization_tree()
+    void writesACounterpartChosenInTheTree()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -195,7 +195,7 @@ private slots:
         QCOMPARE(field(store, "ReceiverWorkerKey", Newest).toString(), QStringLiteral("WORKER_PETROV"));
     }
 
-    void what_is_known_is_filled_in()
+    void fillsInKnownValues()
     {
         TestStore store;
         addTemplate(store, "TPL_KNOWN",
@@ -219,7 +219,7 @@ private slots:
         QCOMPARE(html.propertyData(4), std::string("ORG_NETS"));
     }
 
-    void a_time_without_a_format_shows_date_and_time()
+    void aTimeWithoutAFormatShowsDateAndTime()
     {
         TestStore store;
         addTemplate(store, "TPL_TIME", "В " + parameter("datetime", "Время"));
@@ -230,7 +230,7 @@ private slots:
                  bench.eventTime()->dateTime().toString(QStringLiteral("dd.MM.yyyy hh:mm")));
     }
 
-    void a_term_is_not_filled_with_the_present_time()
+    void aDeadlineIsNotFilledWithTheCurrentTime()
     {
         TestStore store;
         addTemplate(store, "TPL_TERM", "До " + parameter("datetime", "Срок исполнения"));
@@ -240,7 +240,7 @@ private slots:
         QCOMPARE(bench.holdText(), QStringLiteral("Не заполнено: Срок исполнения"));
     }
 
-    void the_filled_time_follows_the_time_of_the_event_until_the_user_sets_it()
+    void aFilledTimeFollowsTheEventUntilChanged()
     {
         TestStore store;
         addTemplate(store, "TPL_TIME", "В " + parameter("datetime", "Время", {{"format", "hh:mm"}}));
@@ -256,7 +256,7 @@ private slots:
         QVERIFY(qAbs(bench.eventTime()->dateTime().secsTo(bench.client.session().HfnTimeToSesTime())) < 5);
     }
 
-    void empty_required_parameters_hold_back_saving_and_say_so()
+    void emptyRequiredParametersPreventSaving()
     {
         TestStore store;
         addTemplate(
@@ -281,7 +281,7 @@ private slots:
         QVERIFY(bench.button("saveButton")->isEnabled());
     }
 
-    void without_an_open_shift_or_a_worker_nothing_is_saved()
+    void withoutAShiftOrAWorkerNothingIsSaved()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -300,7 +300,7 @@ private slots:
         QCOMPARE(bench.holdText(), QStringLiteral("Не известен автор записи"));
     }
 
-    void control_enter_saves_and_enter_alone_does_not()
+    void controlEnterSavesAndEnterDoesNot()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -313,7 +313,7 @@ private slots:
         QVERIFY(!bench.dialog->isVisible());
     }
 
-    void kept_open_it_is_ready_for_the_next_record()
+    void staysReadyForTheNextRecordIfKeptOpen()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -337,7 +337,7 @@ private slots:
         QVERIFY(field(store, "KeyLink", Newest).toString() != first);
     }
 
-    void a_used_template_comes_first_the_next_time()
+    void aUsedTemplateComesFirstNextTime()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -351,7 +351,7 @@ private slots:
                  QStringLiteral("Штормовое предупреждение"));
     }
 
-    void templates_of_other_departments_are_not_offered()
+    void templatesOfOtherDepartmentsAreNotOffered()
     {
         TestStore store;
         const std::unique_ptr<Store> loader = store.openLoader();
@@ -363,7 +363,7 @@ private slots:
         QVERIFY(bench.templates()->selectTemplate(QStringLiteral("TPL_TRIP")));
     }
 
-    void a_template_changed_or_deleted_meanwhile_leaves_what_is_typed()
+    void aChangedOrDeletedTemplateKeepsTypedText()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -388,7 +388,7 @@ private slots:
         QVERIFY(bench.templates()->selectTemplate(QStringLiteral("TPL_NEW")));
     }
 
-    void templates_made_while_hidden_are_there_at_the_next_showing()
+    void templatesCreatedWhileHiddenAreShownNextTime()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -400,7 +400,7 @@ private slots:
         QVERIFY(bench.templates()->selectTemplate(QStringLiteral("TPL_NEW")));
     }
 
-    void templates_that_cannot_be_loaded_are_said_and_loaded_on_request()
+    void reportsMissingTemplatesAndReloadsOnRequest()
     {
         TestStore store;
         CreatorBench bench(store);
@@ -413,7 +413,7 @@ private slots:
         QVERIFY(bench.templates()->selectTemplate(QStringLiteral("TPL_TEXT")));
     }
 
-    void it_is_no_larger_than_the_screen_and_remembers_the_splitter()
+    void fitsTheScreenAndRemembersTheSplitter()
     {
         TestStore store;
         QList<int> sizes;

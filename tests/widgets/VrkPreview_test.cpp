@@ -291,7 +291,7 @@ private slots:
         QCOMPARE(rows, 120);
     }
 
-    void aRowStandsWholeOnOnePage()
+    void aRowIsNotSplitBetweenPages()
     {
         Setup s(0);
         for (int i = 0; i < 40; ++i)
@@ -315,7 +315,7 @@ private slots:
         QCOMPARE(pageOf.size(), 40);
     }
 
-    void aRowHigherThanAPageBreaksBetweenLinesAndLosesNothing()
+    void aRowHigherThanAPageBreaksBetweenLines()
     {
         Setup s(3);
         QString text;
@@ -402,7 +402,7 @@ private slots:
         QFAIL("the page never got too narrow");
     }
 
-    void theFooterStandsAtTheEndAndTheHeaderHasItsColour()
+    void theFooterIsLastAndTheHeaderHasItsColour()
     {
         Setup s;
         VrkPreviewTable printed = s.printed();
@@ -449,7 +449,7 @@ private slots:
         QVERIFY(Recording(none).lines().contains(QStringLiteral("Смена")));
     }
 
-    void aLongDocumentShowsItsProgressAndCanBeCancelledAtAnyTime()
+    void aLongDocumentShowsProgressAndCanBeCancelled()
     {
         Setup s(2000);
         VrkPreview preview;

@@ -145,7 +145,7 @@ private slots:
         QTRY_VERIFY(s.view.columnWidth(s.column(object)) > s.view.fontMetrics().horizontalAdvance(word));
     }
 
-    void aNameIsShownInOneLineOrAtItsLongestWordButNeverBetween()
+    void aNameHasOneLineOrItsLongestWordAsWidth()
     {
         Setup s;
         const QString object = QStringLiteral("object");

@@ -72,7 +72,7 @@ private slots:
         QCOMPARE(model.columnCount(), 15);
     }
 
-    void fieldsAreFoundWhateverTheCase()
+    void findsFieldsInAnyCase()
     {
         Setup s;
         QCOMPARE(s.model.idxField(QStringLiteral("KeyLink")), 0);
@@ -201,7 +201,7 @@ private slots:
         QCOMPARE(resets.count(), 0);
     }
 
-    void anotherNumberOfRowsThanToldResets()
+    void anUnexpectedNumberOfRowsResets()
     {
         Setup s;
         QSignalSpy resets(&s.model, &QAbstractItemModel::modelReset);
@@ -310,7 +310,7 @@ private slots:
         QCOMPARE(s.model.rowCount(), 3);
     }
 
-    void aChangedRecordIsReadAnew()
+    void aChangedRecordIsReadAgain()
     {
         Setup s;
         QCOMPARE(s.text(0), QStringLiteral("первая"));

@@ -195,7 +195,7 @@ private slots:
         QCOMPARE(s.view.verticalScrollBar()->value(), s.view.verticalScrollBar()->maximum());
     }
 
-    void whatTheUserReadsStaysInItsPlaceWhileHeScrollsUp()
+    void scrollingUpKeepsTheVisibleRowsInPlace()
     {
         Setup s;
         s.tool.model()->beginResetModel();
@@ -240,7 +240,7 @@ private slots:
         QVERIFY(s.view.rowHeight(0) < narrow);
     }
 
-    void aLineStandsWhereTheDayChanges()
+    void showsALineWhereTheDayChanges()
     {
         Setup s;
         s.append("A", QStringLiteral("19.11.2026 23:58"), QStringLiteral("вечер"));
