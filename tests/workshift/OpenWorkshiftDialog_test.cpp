@@ -42,14 +42,14 @@ private slots:
     void theUserIsInTheCrewAndStaysThere();
     void aWorkerIsAddedOnce();
     void aWorkerIsRemovedAgain();
-    void theTemplateIsFilledByItself();
+    void fillsTheTemplateAutomatically();
     void theIntervalFollowsTheEditsWhileTheBoxIsChecked();
     void theShiftMayNotBeginBeforeTheLastOneEnded();
     void theEndOfTheLastShiftIsAskedAtEachShowing();
     void withoutAnEarlierShiftAnyStartWillDo();
     void tooLongShiftIsAnnouncedBeforeSaving();
     void anUnfilledTemplateHoldsTheOpeningBack();
-    void aDepartmentWithoutTemplatesIsTold();
+    void reportsADepartmentWithoutTemplates();
     void escapeClosesIt();
     void controlEnterGoesToWhatIsMissingOrOpens();
     void writesShiftCrewAndRecord();
@@ -281,7 +281,7 @@ void OpenWorkshiftDialog_test::aWorkerIsRemovedAgain()
     QCOMPARE(crew()->item(0, 0)->data(Qt::UserRole).toString(), QStringLiteral("WORKER_IVANOV"));
 }
 
-void OpenWorkshiftDialog_test::theTemplateIsFilledByItself()
+void OpenWorkshiftDialog_test::fillsTheTemplateAutomatically()
 {
     start(QStringLiteral("ivanov"), "DEP_CDS");
     QVERIFY(m_dialog->findChild<TemplatesWidget*>()->currentTemplate());
@@ -395,7 +395,7 @@ void OpenWorkshiftDialog_test::anUnfilledTemplateHoldsTheOpeningBack()
     QCOMPARE(told(), QStringLiteral("Выберите шаблон"));
 }
 
-void OpenWorkshiftDialog_test::aDepartmentWithoutTemplatesIsTold()
+void OpenWorkshiftDialog_test::reportsADepartmentWithoutTemplates()
 {
     start(QStringLiteral("smirnov"), "DEP_ODS");
     m_dialog->close();

@@ -286,7 +286,7 @@ private slots:
         QCOMPARE(count("LogbookWorkersWorkshift", "WorkshiftKey='SHIFT_CDS_OPEN' AND opening=0"), 1);
     }
 
-    void aRefusedRecordLeavesTheShiftOpenAndTheDraftsApproved()
+    void aRefusedRecordLeavesTheShiftOpen()
     {
         startClosing(QDialogButtonBox::YesRole);
         const QString html = JournalWindow::filled(m_window->closing());

@@ -161,7 +161,7 @@ private slots:
         }
     }
 
-    void theNewestClosedShiftStandsFirst()
+    void theNewestClosedShiftIsFirst()
     {
         const TestStore store;
         const auto loader = store.openLoader();

@@ -215,7 +215,7 @@ private slots:
         QTRY_COMPARE(petrov.status(), QStringLiteral("Смена закрыта"));
     }
 
-    void whatOneApprovesAnotherCannotDelete()
+    void anApprovedDraftCannotBeDeletedElsewhere()
     {
         const TestStore store;
         JournalWindow ivanov(store, QStringLiteral("ivanov"));
@@ -243,7 +243,7 @@ private slots:
         QCOMPARE(status(store, "REC_DRAFT_IVANOV"), 2);
     }
 
-    void whatOneDeletesAnotherCannotApprove()
+    void aDeletedDraftCannotBeApprovedElsewhere()
     {
         const TestStore store;
         JournalWindow ivanov(store, QStringLiteral("ivanov"));
