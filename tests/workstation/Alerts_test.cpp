@@ -66,7 +66,7 @@ private:
     };
 
 private slots:
-    void whoIsElsewhereIsCalled()
+    void alertsAUserInAnotherWindow()
     {
         Desk desk;
         desk.activate(&desk.other);
@@ -75,7 +75,7 @@ private slots:
         QCOMPARE(desk.blinked, QVector<QWidget*>{&desk.module});
     }
 
-    void whoWorksInTheModuleIsNotDisturbed()
+    void doesNotAlertAUserInTheModule()
     {
         Desk desk;
         desk.activate(&desk.module);

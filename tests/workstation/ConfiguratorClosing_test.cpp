@@ -100,7 +100,7 @@ private slots:
         QVERIFY(!isThere(QStringLiteral("Сдача дежурства")));
     }
 
-    void whatCannotBeSavedKeepsTheWindow()
+    void aFailedSaveKeepsTheWindowOpen()
     {
         open(before());
         name()->clear();

@@ -65,7 +65,7 @@ private slots:
         QCOMPARE(catalog().module(QStringLiteral("b"))->library, library.fileName());
     }
 
-    void whatCannotBeReadIsPassedOver()
+    void ignoresUnreadableDescriptions()
     {
         write("30-c.json", "{ broken");
         write("40-d.json", R"({"modules": [{"name": "d", "title": "Д"}]})");

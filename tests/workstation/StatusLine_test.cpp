@@ -33,25 +33,25 @@ private slots:
     void namesAndFailuresAreNoMarkup();
     void withLargeLettersNothingIsCutOff_data();
     void withLargeLettersNothingIsCutOff();
-    void aStoreThatCanOnlyBeReadIsToldAlsoWhereThereIsNoRoom();
+    void aReadOnlyStoreIsAlwaysShown();
     void aFailureStaysUntilItIsAcknowledged();
     void theKeyAcknowledges();
     void severalFailuresAreCounted();
     void theSameFailureAgainIsCountedNotRepeated();
-    void refusedRequestsAreTold_data();
-    void refusedRequestsAreTold();
-    void aRefusedWriteIsToldWithTimeTableAndReason();
+    void showsRefusedRequests_data();
+    void showsRefusedRequests();
+    void showsARefusedWriteWithTimeTableAndReason();
     void aRefusedWriteGoesWhenItIsWritten();
-    void aFailedSelectIsTold();
+    void showsAFailedSelect();
     void aNoticeDoesNotCoverAFailure();
-    void aNoticeGoesByItself();
+    void aNoticeDisappears();
     void aLostConnectionIsShownAndFound();
-    void whatBecameOfAnUnansweredWriteStaysUntilItIsAcknowledged_data();
-    void whatBecameOfAnUnansweredWriteStaysUntilItIsAcknowledged();
+    void theResultOfAnUnansweredWriteStays_data();
+    void theResultOfAnUnansweredWriteStays();
     void anotherHistoryIsAFailure();
     void theClockShowsTheServersTime();
-    void aWrongClockIsTold_data();
-    void aWrongClockIsTold();
+    void showsAWrongClock_data();
+    void showsAWrongClock();
     void theThemeChangesByItsKey();
     void thereIsNoMenuButtonWithoutAMenu();
 
@@ -102,7 +102,7 @@ void StatusLine_test::cleanup()
     m_bench.reset();
 }
 
-void StatusLine_test::aStoreThatCanOnlyBeReadIsToldAlsoWhereThereIsNoRoom()
+void StatusLine_test::aReadOnlyStoreIsAlwaysShown()
 {
     m_line.reset();
     m_app.reset();
@@ -223,7 +223,7 @@ void StatusLine_test::theSameFailureAgainIsCountedNotRepeated()
     QVERIFY(text("messageLabel").endsWith(QStringLiteral(" Нет связи (раз: 3)")));
 }
 
-void StatusLine_test::refusedRequestsAreTold_data()
+void StatusLine_test::showsRefusedRequests_data()
 {
     QTest::addColumn<bool>("write");
     QTest::addColumn<QString>("told");
@@ -238,7 +238,7 @@ void StatusLine_test::refusedRequestsAreTold_data()
     QTest::newRow("read") << false << QStringLiteral(" Не прочитано: Смена уже закрыта.") << QString();
 }
 
-void StatusLine_test::refusedRequestsAreTold()
+void StatusLine_test::showsRefusedRequests()
 {
     QFETCH(bool, write);
     QFETCH(QString, told);
@@ -247,7 +247,7 @@ void StatusLine_test::refusedRequestsAreTold()
     QVERIFY(text("messageLabel").endsWith(told));
 }
 
-void StatusLine_test::aRefusedWriteIsToldWithTimeTableAndReason()
+void StatusLine_test::showsARefusedWriteWithTimeTableAndReason()
 {
     CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
     MDRData* row = batch.newRow(ROW_UPDATE, "NO_SUCH_RECORD");
@@ -301,7 +301,7 @@ void StatusLine_test::aRefusedWriteGoesWhenItIsWritten()
     QVERIFY(m_line->failures().last().endsWith(QStringLiteral("Прочее.")));
 }
 
-void StatusLine_test::aFailedSelectIsTold()
+void StatusLine_test::showsAFailedSelect()
 {
     QVERIFY(!m_app->session()->SqlRequest("SELECT * FROM Nowhere"));
     QCOMPARE(m_line->failures().size(), 1);
@@ -320,7 +320,7 @@ void StatusLine_test::aNoticeDoesNotCoverAFailure()
     QVERIFY(text("messageLabel").endsWith(QStringLiteral("Неудача")));
 }
 
-void StatusLine_test::aNoticeGoesByItself()
+void StatusLine_test::aNoticeDisappears()
 {
     m_line->showNotice(QStringLiteral("Замечание"));
     QTRY_VERIFY_WITH_TIMEOUT(text("messageLabel").isEmpty(), 20000);
@@ -339,7 +339,7 @@ void StatusLine_test::aLostConnectionIsShownAndFound()
     QCOMPARE(text("connectionLabel"), QStringLiteral("Подключено"));
 }
 
-void StatusLine_test::whatBecameOfAnUnansweredWriteStaysUntilItIsAcknowledged_data()
+void StatusLine_test::theResultOfAnUnansweredWriteStays_data()
 {
     QTest::addColumn<bool>("written");
     QTest::addColumn<QString>("told");
@@ -351,7 +351,7 @@ void StatusLine_test::whatBecameOfAnUnansweredWriteStaysUntilItIsAcknowledged_da
                                         "Связь вернулась: последнее изменение не записано, повторите его.");
 }
 
-void StatusLine_test::whatBecameOfAnUnansweredWriteStaysUntilItIsAcknowledged()
+void StatusLine_test::theResultOfAnUnansweredWriteStays()
 {
     QFETCH(bool, written);
     QFETCH(QString, told);
@@ -377,7 +377,7 @@ void StatusLine_test::theClockShowsTheServersTime()
     QVERIFY(qAbs(shown.secsTo(server)) <= 2);
 }
 
-void StatusLine_test::aWrongClockIsTold_data()
+void StatusLine_test::showsAWrongClock_data()
 {
     QTest::addColumn<int>("ahead");
     QTest::addColumn<QString>("told");
@@ -388,7 +388,7 @@ void StatusLine_test::aWrongClockIsTold_data()
     QTest::newRow("fast") << 30 << QStringLiteral("^Часы компьютера спешат на (30|31) с$");
 }
 
-void StatusLine_test::aWrongClockIsTold()
+void StatusLine_test::showsAWrongClock()
 {
     QFETCH(int, ahead);
     QFETCH(QString, told);

@@ -88,7 +88,7 @@ private slots:
         QCOMPARE(StoreDialog::remembered(), QStringList{m_bench->url()});
     }
 
-    void whatCannotBeOpenedIsToldAndAskedForAgain()
+    void aStoreThatCannotBeOpenedIsAskedAgain()
     {
         StoreDialog::remember(m_bench->url(QStringLiteral("missing.sqlite")));
         HostBench::whenShown<StoreDialog>([this](StoreDialog* first) {

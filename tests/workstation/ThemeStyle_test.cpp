@@ -43,11 +43,11 @@ private slots:
     void textsStandOut();
     void marksStandOut_data();
     void marksStandOut();
-    void theCrossThatClearsALineStandsOut_data() { themes(); }
-    void theCrossThatClearsALineStandsOut();
+    void theClearButtonIsVisible_data() { themes(); }
+    void theClearButtonIsVisible();
     void theCrossFollowsTheTheme();
-    void theIconOfASelectedRowStandsOnItsOwnGround_data() { themes(); }
-    void theIconOfASelectedRowStandsOnItsOwnGround();
+    void theIconOfASelectedRowHasItsOwnBackground_data() { themes(); }
+    void theIconOfASelectedRowHasItsOwnBackground();
     void theWidgetWithTheKeyboardIsSeen_data();
     void theWidgetWithTheKeyboardIsSeen();
     void aButtonThatIsDownIsSeen_data() { themes(); }
@@ -172,7 +172,7 @@ void ThemeStyle_test::marksStandOut()
     QVERIFY2(different > 12, qPrintable(QString::number(different)));
 }
 
-void ThemeStyle_test::theCrossThatClearsALineStandsOut()
+void ThemeStyle_test::theClearButtonIsVisible()
 {
     QFETCH(QString, theme);
     QVERIFY(Theme::apply(theme));
@@ -199,7 +199,7 @@ void ThemeStyle_test::theCrossFollowsTheTheme()
              qPrintable(middle.name()));
 }
 
-void ThemeStyle_test::theIconOfASelectedRowStandsOnItsOwnGround()
+void ThemeStyle_test::theIconOfASelectedRowHasItsOwnBackground()
 {
     QFETCH(QString, theme);
     QVERIFY(Theme::apply(theme));

@@ -23,8 +23,8 @@ private slots:
     void anUnknownThemeChangesNothing();
     void lightAndDarkColourTheWholeApplication();
     void systemLeavesTheColours();
-    void whatIsDimStaysLegible_data();
-    void whatIsDimStaysLegible();
+    void dimTextsAreLegible_data();
+    void dimTextsAreLegible();
     void tabsCanBeSeenToClose_data();
     void tabsCanBeSeenToClose();
     void theToggleRemembersTheChoice();
@@ -73,14 +73,14 @@ void Theme_test::systemLeavesTheColours()
     QCOMPARE(Theme::current(), QStringLiteral("system"));
 }
 
-void Theme_test::whatIsDimStaysLegible_data()
+void Theme_test::dimTextsAreLegible_data()
 {
     QTest::addColumn<QString>("theme");
     QTest::newRow("light") << QStringLiteral("light");
     QTest::newRow("dark") << QStringLiteral("dark");
 }
 
-void Theme_test::whatIsDimStaysLegible()
+void Theme_test::dimTextsAreLegible()
 {
     QFETCH(QString, theme);
     QVERIFY(Theme::apply(theme));

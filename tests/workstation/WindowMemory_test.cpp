@@ -232,7 +232,7 @@ private slots:
         QVERIFY(table(window)->width() > 100);
     }
 
-    void whatWasKeptWithoutAnOrganisationIsTakenOver()
+    void copiesSettingsWithoutAnOrganisation()
     {
         const QString organization = QCoreApplication::organizationName();
         const QString application = QCoreApplication::applicationName();

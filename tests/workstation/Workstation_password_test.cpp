@@ -41,7 +41,7 @@ private slots:
     void cleanup();
 
     void thePasswordIsAskedForAndHidden();
-    void aWrongPasswordIsToldAndAskedForAgain();
+    void aWrongPasswordIsReportedAndAskedAgain();
     void thePasswordThatTheMachineKeepsIsTakenWithoutAsking_data();
     void thePasswordThatTheMachineKeepsIsTakenWithoutAsking();
     void aWrongKeptPasswordIsAskedFor();
@@ -49,8 +49,8 @@ private slots:
     void anybodyMayComeIn();
     void anAddressWithoutANameAsksForBoth();
     void withoutANameNothingIsTried();
-    void aRoleThatIsNobodyInTheJournalIsTold();
-    void aServerThatGoesAwayIsTold();
+    void reportsARoleWithoutALogin();
+    void reportsALostServer();
     void theUserIsChangedByItsKeyThePasswordAndReturn();
     void passwordsAreWrittenNowhere();
 
@@ -152,7 +152,7 @@ void Workstation_password_test::thePasswordIsAskedForAndHidden()
     QVERIFY(userShown().contains(QStringLiteral("Орлов")));
 }
 
-void Workstation_password_test::aWrongPasswordIsToldAndAskedForAgain()
+void Workstation_password_test::aWrongPasswordIsReportedAndAskedAgain()
 {
     QString told;
     whenAsked([&](PasswordDialog* dialog) {
@@ -272,7 +272,7 @@ void Workstation_password_test::withoutANameNothingIsTried()
     QVERIFY(!m_host->enter(options(QStringLiteral("orlov"))));
 }
 
-void Workstation_password_test::aRoleThatIsNobodyInTheJournalIsTold()
+void Workstation_password_test::reportsARoleWithoutALogin()
 {
     QCOMPARE(m_cluster->exec(
                  QStringLiteral("CREATE ROLE stranger LOGIN PASSWORD 'чужой пароль' IN ROLE vrk_client")),
@@ -287,7 +287,7 @@ void Workstation_password_test::aRoleThatIsNobodyInTheJournalIsTold()
     QCOMPARE(told, QStringLiteral("Пользователь «stranger» не найден."));
 }
 
-void Workstation_password_test::aServerThatGoesAwayIsTold()
+void Workstation_password_test::reportsALostServer()
 {
     QString told;
     whenAsked([&](PasswordDialog* dialog) {

@@ -127,7 +127,7 @@ private slots:
         QCOMPARE(module->moduleTitle(), title);
     }
 
-    void whatIsWrongWithTheStoreIsSaid_data()
+    void reportsProblemsOfTheStore_data()
     {
         QTest::addColumn<QString>("url");
         QFile text(m_folder.filePath(QStringLiteral("text.sqlite")));
@@ -138,7 +138,7 @@ private slots:
         QTest::newRow("no database") << QStringLiteral("sqlite://") + text.fileName();
         QTest::newRow("no address") << QStringLiteral("ftp://journal");
     }
-    void whatIsWrongWithTheStoreIsSaid()
+    void reportsProblemsOfTheStore()
     {
         QFETCH(QString, url);
         Workstation host;
@@ -248,7 +248,7 @@ private slots:
     }
 
     // Last: the shift of the demo is closed afterwards.
-    void aRefusedClosingOfTheShiftIsToldInTheStatusLine()
+    void theStatusLineShowsARefusedClosing()
     {
         start();
         m_journal->findChild<QAction*>(QStringLiteral("closeWorkshiftAction"))->trigger();

@@ -29,8 +29,8 @@ private slots:
     void aMissingStoreIsNamed();
     void aFileThatIsNoStoreIsNamed();
     void aNewerStoreNamesTheVersionNeeded();
-    void aLockedStoreIsTold();
-    void aStoreWithoutPermissionIsTold();
+    void reportsALockedStore();
+    void reportsAStoreWithoutPermission();
 
     void theDialogAsksForUserAndDepartment();
     void aDepartmentOfSeveralIsChosenByTheUser();
@@ -129,7 +129,7 @@ void Workstation_users_test::aNewerStoreNamesTheVersionNeeded()
     QVERIFY2(text.contains(QStringLiteral("нужна версия схемы 57")), qPrintable(text));
 }
 
-void Workstation_users_test::aLockedStoreIsTold()
+void Workstation_users_test::reportsALockedStore()
 {
     const QString script = QStringLiteral("import sqlite3, sys\n"
                                           "store = sqlite3.connect(sys.argv[1], isolation_level=None)\n"
@@ -149,7 +149,7 @@ void Workstation_users_test::aLockedStoreIsTold()
                        .arg(m_bench->path(QStringLiteral("store.sqlite"))));
 }
 
-void Workstation_users_test::aStoreWithoutPermissionIsTold()
+void Workstation_users_test::reportsAStoreWithoutPermission()
 {
     const QString file = m_bench->path(QStringLiteral("store.sqlite"));
     const auto entering = [this, &file](int fileRights) {
