@@ -44,7 +44,7 @@ void CommentsWidget::init(CVrkCliMod* module, LocationInfo* location)
     m_tableTool->setDefaultSettingsView();
     m_tableTool->setDayLines(VrkTableTool::DayLinesAll);
     m_tableTool->proxy()->setFilterRows(m_filter);
-    configureTableTool(); // before the rows: each conversion announces its whole column
+    configureTableTool(); // before the rows are loaded: each conversion updates its whole column
 
     m_tableTool->model()->beginResetModel();
     uploadRecords();

@@ -6,9 +6,9 @@
 
 class FilterUnreadedComments;
 
-/// The user's inbox: the own records on which comments wait unread. Loads once in init and lives on change events; a
-/// record stays in the table when its comments have been read, hidden by the filter. For reading and answering
-/// comments only: no workshift, no period, no action on records, no files.
+/// The user's inbox: his own records with unread comments. It loads once in init and follows change events;
+/// when its comments have been read, a record stays in the table, hidden by the filter. Only for reading
+/// and answering comments: no workshift, no period, no actions on records, no files.
 class CommentsWidget : public LogBookTab
 {
     Q_OBJECT
@@ -20,13 +20,14 @@ public:
     void init(CVrkCliMod* module, LocationInfo* location) override;
     bool MessageData(TEventNciParse* event) override;
 
-    /// "Комментарии (%1)" with the number of records that are shown.
+    /// "Комментарии (%1)" with the number of shown records.
     QString title() const;
-    /// Fetches one record into the table, whosever it is, with its comments and files; null, with a line in the log, when the server has none.
+    /// Loads one record of any author into the table, with its comments and files; null with a line in the
+    /// log if the server has none.
     MDRData* uploadRecord(const char* key);
 
 signals:
-    /// Ask for the title again.
+    /// The title has changed: read it again.
     void titleChanged();
 
 private:
@@ -47,7 +48,7 @@ private:
     bool deleteRow(CModelTable& table, TEventNciParse* event);
     CModelTable* eventTable(const TEventNciParse* event);
     MDRData* recordOf(const MDRData* attachment) const;
-    /// Shows what changed in the record's comments or files.
+    /// Updates the view after a change of the record's comments or files.
     void updateAttachments(const CModelTable& table, MDRData* record);
 
     CModelTable m_records;

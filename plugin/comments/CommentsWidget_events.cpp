@@ -16,7 +16,7 @@ bool CommentsWidget::MessageData(TEventNciParse* event)
         return true;
     switch (event->eventNumber) {
     case EventInserted:
-        if (recordByKeyLink(table, event->recordKey)) // a load brought the row already
+        if (recordByKeyLink(table, event->recordKey)) // the row was already loaded
             return true;
         return table == &m_records    ? insertRecord(event)
                : table == &m_comments ? insertComment(event)
@@ -38,7 +38,7 @@ CModelTable* CommentsWidget::eventTable(const TEventNciParse* event)
     return nullptr;
 }
 
-/// A new record of the user's own gets a row at once, which the filter hides until a comment comes.
+/// A new record of the user gets a row at once, which the filter hides until it has a comment.
 bool CommentsWidget::insertRecord(TEventNciParse* event)
 {
     CRowBatch rows(LogbookRecordFields, fieldCount(LogbookRecordFields));
@@ -53,7 +53,7 @@ bool CommentsWidget::insertRecord(TEventNciParse* event)
     return true;
 }
 
-/// Brings its record in without asking whose it is: meant.
+/// Deliberate: loads the comment's record without checking its author.
 bool CommentsWidget::insertComment(TEventNciParse* event)
 {
     MDRVar value;
@@ -64,7 +64,7 @@ bool CommentsWidget::insertComment(TEventNciParse* event)
         record = uploadRecord(key.constData());
     if (!record)
         return false;
-    if (!recordByKeyLink(&m_comments, event->recordKey)) // it may have come with its record
+    if (!recordByKeyLink(&m_comments, event->recordKey)) // it may have been loaded with its record
         changeRecord(&m_comments, MDARecNew(m_comments.data.array), event);
     m_preparer.prepareRecordComment(record);
     updateAttachments(m_comments, record);
@@ -104,7 +104,7 @@ bool CommentsWidget::changeRow(CModelTable& table, TEventNciParse* event)
     return true;
 }
 
-/// The caption stays until something else changes it: meant.
+/// Deliberate: the caption stays until something else changes it.
 bool CommentsWidget::deleteRow(CModelTable& table, TEventNciParse* event)
 {
     MDRData* row = recordByKeyLink(&table, event->recordKey);

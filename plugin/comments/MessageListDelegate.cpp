@@ -6,7 +6,7 @@
 
 namespace
 {
-constexpr int lettersShown = 100000; // more of a text costs seconds at each painting
+constexpr int lettersShown = 100000; // painting more of a text would take seconds
 
 QString messageOf(const QModelIndex& index)
 {
@@ -19,7 +19,8 @@ int heightOf(const QRect& rect)
     return rect.bottom() - rect.top() + 1;
 }
 
-/// The pen told for the item; in a selected one, and where a dark colour drowns in a dark ground, the view's own.
+/// The item's own pen; for a selected item, and for a dark colour on a dark background, the pen of the
+/// view.
 QPen penFor(const QStyleOptionViewItem& option, const QColor& color)
 {
     constexpr int dark = 100;
@@ -30,7 +31,7 @@ QPen penFor(const QStyleOptionViewItem& option, const QColor& color)
     return QPen(color);
 }
 
-/// One point smaller, where the font's size is told in points.
+/// One point smaller if the font's size is given in points.
 QFont smaller(QFont font)
 {
     if (font.pointSize() > 1)
@@ -63,7 +64,7 @@ int MessageListDelegate::messageBlockSpacing(const QStyleOptionViewItem& option)
 
 QSize MessageListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    // Roles that the items do not carry, and meant so: an empty text still has the height of a line.
+    // Deliberate: roles that the items do not have, because an empty text still has the height of a line.
     constexpr int authorMeasure = 28;
     constexpr int dateMeasure = 27;
     const QRect author =
@@ -122,7 +123,7 @@ void MessageListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
     drawLine(painter, QRect(0, dateTop, isRead ? width - line - 4 : width, line), dateFont,
              penFor(option, QColor(0x3E, 0x40, 0x3E)), index.data(CommentTimeRole).toString(),
              QTextOption(Qt::AlignRight));
-    // Drawn for an unread comment too: there it lies behind the right edge, where nothing shows.
+    // Also drawn for an unread comment: there it is outside the right edge and invisible.
     const QPixmap mark = QPixmap(QStringLiteral(":/icons/readed.png"))
                              .scaled(line, line, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     painter->save();

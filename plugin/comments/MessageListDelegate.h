@@ -11,8 +11,8 @@ enum CommentRole {
     CommentIsReadRole,
 };
 
-/// Draws one comment as a small message: the author on top, the text below it, the date at the bottom right, and a
-/// mark beside the date of a read one.
+/// Draws one comment as a small message: the author at the top, the text below it, the date at the bottom
+/// right, and for a read comment a mark next to the date.
 class MessageListDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ class MessageListDelegate : public QStyledItemDelegate
 public:
     explicit MessageListDelegate(QObject* parent);
 
-    /// Height of a text wrapped at the words to the option's width.
+    /// Height of a text wrapped at word boundaries to the option's width.
     int messageTextHeight(const QStyleOptionViewItem& option, const QString& text) const;
     /// The gap between author and text: half a line.
     int messageBlockSpacing(const QStyleOptionViewItem& option) const;
