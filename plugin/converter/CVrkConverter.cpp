@@ -13,7 +13,7 @@
 
 namespace
 {
-// Meant: a category counts when its parent is there, whatever becomes of that parent's own parent.
+// Deliberate: a category counts if its parent exists; the parent's own parent is not checked.
 const char categoriesSelect[] =
     "SELECT *                         FROM OperLogCategories           WHERE ParentKey "
     "IS NULL                OR ParentKey IN                  "
@@ -142,7 +142,7 @@ void CVrkConverter::createBaseParameters()
     base.createBaseParameters(&m_tables.paramCategories, &m_tables.params, true);
 }
 
-/// The journal holds the templates already.
+/// The journal already has the templates.
 void CVrkConverter::refuse()
 {
     setRunEnabled(false);

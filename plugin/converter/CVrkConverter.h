@@ -12,9 +12,10 @@ namespace Ui
 class CVrkConverter;
 }
 
-/// The converter of the earlier journal: a tool that an administrator uses once. It turns the templates and parameters
-/// of the old tables into those of this journal, in memory and with a report, and writes them when asked to. One run a
-/// start. The rules are in ParamRules and TemplateRules; the window shows and runs.
+/// The converter of the earlier journal: a tool that an administrator uses once. It converts the templates
+/// and parameters of the old tables to those of this journal, in memory and with a report, and writes them
+/// on request. One run for each start. The rules are in ParamRules and TemplateRules; the window shows the
+/// report and runs them.
 class CVrkConverter : public CVrkCliMod
 {
     Q_OBJECT
@@ -23,18 +24,18 @@ public:
     explicit CVrkConverter(CVrkCliApp* app);
     ~CVrkConverter() override;
 
-    /// Always true: what stands in the way is told in the report.
+    /// Always true: the report shows all obstacles.
     bool ModuleStart() override;
     void ModuleStop() override;
     int MessageOn() override;
-    /// The converter follows no events: every message is taken as done, unread.
+    /// The converter follows no events: every message is accepted unread.
     int MessageData(HFNCliParam* block) override;
     void AppIdleEvent() override;
 
-    /// Writes the report as a text in UTF-8; the report on the screen tells where it went, or why it did not.
+    /// Writes the report as a UTF-8 text; the report on the screen shows its path, or why it failed.
     void saveReport(const QString& path);
 
-    /// \name Dumps to the message log, for use at the bench
+    /// \name Dumps to the message log, for debugging
     /// @{
     static void printStructTable(CMDArray* table, const QString& title);
     static void printKeysTable(CMDArray* table, const QString& title);
@@ -43,7 +44,7 @@ public:
     /// @}
 
 protected:
-    /// Stays open during a run: the loops below it work on its tables.
+    /// Stays open during a run, whose loops use its tables.
     void closeEvent(QCloseEvent* event) override;
 
 private:

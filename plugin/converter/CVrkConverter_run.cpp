@@ -47,7 +47,7 @@ void CVrkConverter::convert()
     m_loader->close();
     setRunEnabled(false);
     m_form->reportButton->setEnabled(true);
-    // The button that had the keyboard is off now.
+    // The button that had the focus is now disabled.
     (m_form->saveButton->isEnabled() ? m_form->saveButton : m_form->reportButton)->setFocus();
     m_running = false;
 }
@@ -79,7 +79,7 @@ void CVrkConverter::conclude(int count)
     const QString closing = tr("Конвертация закончена");
     if (failed.isEmpty())
         m_report.add(missing.isEmpty() ? ConversionReport::Good : ConversionReport::Warning, closing);
-    else if (missing.isEmpty()) // Meant: with warnings and errors alike there is no closing line.
+    else if (missing.isEmpty()) // Deliberate: there is no closing line if there are warnings or errors.
         m_report.add(ConversionReport::Error, closing);
     m_form->saveButton->setEnabled(failed.isEmpty());
 }
@@ -123,7 +123,7 @@ void CVrkConverter::showLine(ConversionReport::Tone tone, const QString& text)
     if (!m_form->infoEdit->document()->isEmpty())
         cursor.insertBlock(QTextBlockFormat(), format);
     cursor.insertText(text, format);
-    if (atEnd) // whoever reads further up is left there
+    if (atEnd) // a user who has scrolled up stays there
         bar->setValue(bar->maximum());
 }
 

@@ -12,7 +12,8 @@ void CVrkConverter::sendToServer()
          tr("CVrkCliSes::BlockEnd для шаблонов завершился с ошибкой"));
 }
 
-/// Writes what was made or changed in two tables as one block; its end alone decides. Nothing to write is told nowhere.
+/// Writes the created or changed rows of two tables as one block; only the block's end decides. Nothing is
+/// reported if there is nothing to write.
 void CVrkConverter::send(const CModelTable& first, const CModelTable& second, const QString& saved,
                          const QString& failed)
 {

@@ -4,8 +4,8 @@
 #include <QStringList>
 #include <QVector>
 
-/// What a conversion has to tell: lines for the eye, the two lists that decide whether it may be saved, and what became
-/// of each template and parameter.
+/// The result of a conversion: lines for display, the two lists that decide whether it may be saved, and
+/// the outcome for each template and parameter.
 class ConversionReport : public QObject
 {
     Q_OBJECT
@@ -29,24 +29,24 @@ public:
         OpenBracket,
         LeftOut
     };
-    /// What became of one old row.
+    /// The outcome for one old row.
     struct Outcome {
         QString name;
         Result result;
-        QStringList losses; ///< what the new row no longer holds
+        QStringList losses; ///< content that the new row does not have
     };
 
-    /// Appends one paragraph; it may hold several lines.
+    /// Appends one paragraph, possibly with several lines.
     void add(Tone tone, const QString& text);
     const QVector<Line>& lines() const { return m_lines; }
-    /// One old row is done; \a text says how far the run is, empty for no change.
+    /// One old row is done; \a text is the progress, empty for no change.
     void step(const QString& text = QString());
 
-    /// The whole report as a text file shows it.
+    /// The whole report in the form of a text file.
     QString asText() const;
 
-    QStringList missing; ///< parameters that templates name and nobody knows; warnings
-    QStringList failed;  ///< what could not be converted; errors, which block saving
+    QStringList missing; ///< unknown parameters that templates name; warnings
+    QStringList failed;  ///< rows that could not be converted; errors, which block saving
     QVector<Outcome> params;
     QVector<Outcome> templates;
 

@@ -52,7 +52,7 @@ std::vector<std::string> ParamText::enumValues(const QString& param)
 {
     QString items = param;
     items.remove(QLatin1Char('"'));
-    // Meant: other spellings of the prefix stay and spoil the first item.
+    // Deliberate: other spellings of the prefix stay and become part of the first item.
     items.remove(QLatin1String("Enum="));
     items.remove(QLatin1String("ENUM="));
     std::vector<std::string> values;
@@ -68,7 +68,7 @@ QString ParamText::equipmentParameter(const QString& param)
     if (contains(param, "ALL") || contains(param, "PARENTAL"))
         return contains(param, "CaptionAndContainer") ? QStringLiteral("equipmentpath")
                                                       : QStringLiteral("equipmentname");
-    // Meant: without "=" the name starts at the beginning, without ";" it runs to the end.
+    // Deliberate: without "=" the name starts at the beginning, without ";" it extends to the end.
     const int begin = param.indexOf(QLatin1Char('=')) + 1;
     const int end = param.indexOf(QLatin1Char(';'), begin);
     return param.mid(begin, end < 0 ? -1 : end - begin).toLower();

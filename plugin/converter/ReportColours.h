@@ -4,8 +4,8 @@
 
 class QTextEdit;
 
-/// Paints the paragraphs of a report in shades of their own colours that are legible on the ground of the theme in
-/// force. The document keeps the colours that it was given.
+/// Paints the paragraphs of a report in shades of their colours that are legible on the current theme's
+/// background. The document keeps its own colours.
 class ReportColours : public QSyntaxHighlighter
 {
     Q_OBJECT

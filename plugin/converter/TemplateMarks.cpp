@@ -7,7 +7,7 @@ struct Pair {
     const char* present;
 };
 
-/// In this order: each replacement works on what those above it have made.
+/// Order matters: each replacement uses the result of those above it.
 constexpr Pair replacements[] = {
     {"\r", ""},       {"\n", " "},
     {"][", "] ["},    {" ]", "] "},
@@ -26,7 +26,7 @@ constexpr Pair markers[] = {
     {"Установлено заземление", ":/markers/thunder_red.png"},
 };
 
-/// The first \a bracket at or behind \a position, given that of an earlier position; -1 when there is none.
+/// The first \a bracket at or after \a position, given that of an earlier position; -1 if there is none.
 int nextBracket(const QString& text, char bracket, int last, int position)
 {
     return last >= 0 && last < position ? text.indexOf(QLatin1Char(bracket), position) : last;
@@ -43,7 +43,8 @@ bool TemplateMarks::parameters(const QString& text, QMap<QString, bool>* paramet
             return false;
         opening = nextBracket(text, '[', opening, end + 1);
         closing = nextBracket(text, ']', closing, end + 1);
-        // Meant: in the last struck-out passage no "[" follows, and the parameter counts as not struck out.
+        // Deliberate: no "[" follows in the last struck-out passage, and the parameter counts as not struck
+        // out.
         parameters->insert(text.mid(begin, end + 1 - begin), opening > closing);
         begin = text.indexOf(QLatin1Char('<'), end + 1);
     }

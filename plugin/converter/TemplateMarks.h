@@ -3,15 +3,18 @@
 #include <QMap>
 #include <QString>
 
-/// How templates of the earlier journal were written: parameters as <name>, struck-out passages in square brackets.
+/// The notation of templates in the earlier journal: parameters as <name>, struck-out passages in square
+/// brackets.
 namespace TemplateMarks
 {
-/// Collects the written forms of all parameters, "<" and ">" included, each with whether it is struck out: the last
-/// occurrence decides for all. False for a "<" that no ">" follows; \a parameters holds what came before it.
+/// Collects the written forms of all parameters, including "<" and ">", each with whether it is struck out:
+/// the last occurrence decides for all. False if a "<" has no ">"; \a parameters then contains those before
+/// it.
 bool parameters(const QString& text, QMap<QString, bool>* parameters);
-/// The text with brackets as struck-out passages, line ends as blanks, and blanks where words and parameters would
-/// touch; parameters have to be anchors already.
+/// The text with brackets as struck-out passages, line ends as spaces, and spaces where words and
+/// parameters would touch; parameters must already be anchors.
 QString normalized(QString text);
-/// Path of the marker that the earlier journal called so, with or without ".png"; empty for an unknown name.
+/// Path of the marker with this name in the earlier journal, with or without ".png"; empty for an unknown
+/// name.
 QString toResourcesIcon(QString name);
 } // namespace TemplateMarks

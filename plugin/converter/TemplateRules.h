@@ -10,14 +10,15 @@
 class HtmlParser;
 class ParamRules;
 
-/// Builds the tree of template categories anew and turns every template of the earlier journal that hangs in it into a
-/// row of LogbookTemplates. Works on the tables in memory; the old ones must not change meanwhile.
+/// Rebuilds the tree of template categories and converts every template of the earlier journal that belongs
+/// to it to a row of LogbookTemplates. Uses the tables in memory; the old ones must not change in the
+/// meantime.
 class TemplateRules
 {
 public:
     TemplateRules(ConverterTables* tables, ParamRules* params, ConversionReport* report);
 
-    /// \name The three levels: each takes its top-level categories with all that hangs below them
+    /// \name The three levels: each converts its top-level categories with their subtrees
     /// @{
     void processPublicTempaltes();
     void processOrgTypesTempaltes();
@@ -25,7 +26,7 @@ public:
     /// @}
     void processChildCats(const MDRData* oldCategory, const MDRData* newCategory);
     void processTemplates(const MDRData* oldCategory, const MDRData* newCategory);
-    /// Notes the templates that no level has taken. After the three levels.
+    /// Reports the templates that no level contains. Call it after the three levels.
     void noteLeftOut();
 
     /// Templates converted so far.
@@ -34,12 +35,13 @@ public:
 private:
     using Rows = QVector<const MDRData*>;
 
-    /// Rows by the text of a field, each group in the order of key 0; rows without the text in none.
+    /// Rows by the text of a field, each group in the order of key 0; rows without the text are in no
+    /// group.
     static QHash<QByteArray, Rows> grouped(const CMDArray& table, const char* field);
     void takeCategory(const MDRData* old, const QByteArray& parent, const QByteArray& orgType,
                       const QByteArray& department);
     void convert(const MDRData* old, const QByteArray& category);
-    /// Puts the new parameters in place of the written ones; false when the text cannot be read.
+    /// Replaces the written parameters by the new ones; false if the text cannot be read.
     bool replaceParameters(QString* text, const QString& name, QStringList* losses);
     void setMarker(HtmlParser* parser, const MDRData* old, const char* field, const char* property,
                    const QString& unknown, QStringList* losses);
@@ -51,6 +53,6 @@ private:
     ConversionReport* m_report;
     QHash<QByteArray, Rows> m_children;  ///< of OperLogCategories, by ParentKey
     QHash<QByteArray, Rows> m_templates; ///< of OperLogTemplates, by CategoryKey
-    QSet<const MDRData*> m_seen;         ///< templates that a level has taken
+    QSet<const MDRData*> m_seen;         ///< templates of the levels done so far
     int m_count = 0;
 };
