@@ -111,7 +111,7 @@ void CommentCreatorDialog::take(const KeptTexts::Text& text)
     m_form->commentEdit->setPlainText(textOf(text));
 }
 
-/// The text that was taken and not applied is offered again as it was; anything else the user has given up.
+/// Offers an unchanged kept text again that was not applied; other texts were dropped by the user.
 void CommentCreatorDialog::giveBack()
 {
     if (m_taken.id.isEmpty()) {
@@ -164,7 +164,7 @@ void CommentCreatorDialog::choose(int choice)
             m_kept->forget(text.id);
         } else {
             giveBack();
-            m_kept->putBehind(former); // all the others, so that each gets its turn
+            m_kept->putBehind(former); // after all others, so that each is offered
             take(text);
         }
     }
@@ -175,7 +175,7 @@ void CommentCreatorDialog::choose(int choice)
 
 void CommentCreatorDialog::apply()
 {
-    m_taken = KeptTexts::Text(); // whoever takes the text now keeps it when it cannot be written
+    m_taken = KeptTexts::Text(); // the receiver of the text keeps it if it cannot be written
     emit commentChanged(m_commentKey, m_form->commentEdit->toPlainText());
     m_unsaved->forget();
     close();
@@ -196,7 +196,8 @@ void CommentCreatorDialog::hideEvent(QHideEvent* event)
 
 void CommentCreatorDialog::showEvent(QShowEvent* event)
 {
-    m_form->applyButton->setEnabled(false); // until the text changes, also when there is one: meant
+    // Deliberate: disabled until the text changes, even if there is one
+    m_form->applyButton->setEnabled(false);
     tellNotices();
     m_form->commentEdit->moveCursor(QTextCursor::End);
     m_form->commentEdit->setFocus();

@@ -14,8 +14,8 @@ namespace Ui
 class CommentCreatorDialog;
 }
 
-/// The dialog in which the text of a comment is written. It knows no record: whoever listens takes the one that is
-/// current when the text comes. Ctrl+Enter applies, Escape cancels.
+/// The dialog in which the text of a comment is written. It knows no record: the receiver uses the record
+/// that is current when the text is applied. Ctrl+Enter applies, Escape cancels.
 class CommentCreatorDialog : public CPopTemplate
 {
     Q_OBJECT
@@ -24,27 +24,27 @@ public:
     explicit CommentCreatorDialog(QWidget* parent, int flag = -1);
     ~CommentCreatorDialog() override;
 
-    /// Names the record that the comment goes to.
+    /// Shows the record of the comment.
     RecordTitle* recordTitle() const { return m_recordTitle; }
     /// The comment that is changed; empty for a new one.
     void setCommentKey(const QString& key) { m_commentKey = key; }
     QString commentKey() const { return m_commentKey; }
     void setText(const QString& text);
-    /// Empties the text and leaves the key as it is: meant.
+    /// Clears the text. Deliberate: the key is kept.
     void clear();
 
-    /// What the user must know of the text that he is going to write, told above it at the next showing, with a button
-    /// that makes it a new comment; an empty text tells nothing.
+    /// Information about the text, shown above it the next time, with a button that makes it a new comment;
+    /// an empty text shows nothing.
     void warn(const QString& text);
-    /// The record that the next text is typed for, by which a text that was kept finds its way back.
+    /// The record of the next text; a kept text is restored by it.
     void setRecordKey(const QString& key) { m_recordKey = key; }
-    /// Keeps a text until it has been written: while texts are kept, each showing of a dialog of this application offers
-    /// the last one.
+    /// Keeps a text until it is written: while there are kept texts, each dialog of this application offers
+    /// the last one when shown.
     void keep(const QString& text);
     void forget(const QString& text);
-    /// Shows the dialog with this kept text in it.
+    /// Shows the dialog with this kept text.
     void showKept(const KeptTexts::Text& text);
-    /// Where comments are kept.
+    /// The place of kept comments.
     static QString keptPlace() { return QStringLiteral("comment"); }
 
 signals:
@@ -71,8 +71,8 @@ private:
     QString m_commentKey;
     QString m_warning;
     QString m_recordKey;
-    QString m_clean; ///< what the editor showed before the user touched it
+    QString m_clean; ///< the editor's content before the user changed it
     KeptTexts* m_kept;
     KeptDraft* m_unsaved;
-    KeptTexts::Text m_taken; ///< the kept text that is in the editor, until it is applied
+    KeptTexts::Text m_taken; ///< the kept text in the editor, until it is applied
 };

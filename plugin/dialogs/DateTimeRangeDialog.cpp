@@ -56,12 +56,13 @@ void DateTimeRangeDialog::keyPressEvent(QKeyEvent* event)
 
 void DateTimeRangeDialog::showEvent(QShowEvent* event)
 {
-    m_form->applyButton->setEnabled(false); // until an edit changes, though the values still stand: meant
+    // Deliberate: disabled until an edit changes, although the values are kept
+    m_form->applyButton->setEnabled(false);
     m_form->startDateEdit->setFocus();
     m_form->startDateEdit->setSelectedSection(QDateTimeEdit::DaySection);
     const QDateTime now = QDateTime::currentDateTime();
     m_form->endDateEdit->setMaximumDate(now.date());
-    m_form->endTimeEdit->setMaximumTime(now.time()); // whatever the date: meant
+    m_form->endTimeEdit->setMaximumTime(now.time()); // Deliberate: on every date
     resize(300, 100);
     moveToCenter();
     CPopTemplate::showEvent(event);

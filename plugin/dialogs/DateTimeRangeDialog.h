@@ -10,7 +10,7 @@ namespace Ui
 class DateTimeRangeDialog;
 }
 
-/// Chooses an interval of the archive. Its values stay as the last use left them.
+/// Chooses an interval of the archive. Keeps the values of its last use.
 class DateTimeRangeDialog : public CPopTemplate
 {
     Q_OBJECT

@@ -45,7 +45,7 @@ void MarkTimeDialog::apply()
 
 void MarkTimeDialog::keyPressEvent(QKeyEvent* event)
 {
-    // Return does nothing, the keypad's Enter applies: meant.
+    // Deliberate: Return does nothing, the keypad's Enter applies.
     if (event->key() == Qt::Key_Enter)
         apply();
     else if (event->key() == Qt::Key_Escape)
@@ -55,7 +55,7 @@ void MarkTimeDialog::keyPressEvent(QKeyEvent* event)
 
 void MarkTimeDialog::showEvent(QShowEvent* event)
 {
-    // The radio button stays as the last use left it.
+    // The radio button keeps the state of the last use.
     const QDateTime now = static_cast<CVrkCliMod*>(parent())->session()->HfnTimeToSesTime();
     m_controls.date->setFocus();
     m_controls.date->setDate(now.date());

@@ -10,14 +10,15 @@ class QRadioButton;
 class QTimeEdit;
 class RecordTitle;
 
-/// The dialog in which a mark of a record is set with its time or taken away: what the second marker and the execution
-/// time share. It holds no record; whoever listens takes the record that is current when the answer comes.
+/// The dialog that sets a mark of a record with its time or removes it: the common base of second marker
+/// and execution time. It knows no record; the receiver uses the record that is current when the answer
+/// arrives.
 class MarkTimeDialog : public CPopTemplate
 {
     Q_OBJECT
 
 public:
-    /// Names the record that the answer will meet.
+    /// Shows the record that the answer applies to.
     RecordTitle* recordTitle() const { return m_recordTitle; }
 
 protected:
@@ -32,7 +33,7 @@ protected:
 
     MarkTimeDialog(QWidget* parent, int flag);
 
-    /// Ties the form that the derived dialog has set up.
+    /// Connects the form of the derived dialog.
     void setUpForm(const Form& form);
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -6,8 +6,8 @@ class CModelTable;
 class CVrkCliSes;
 struct MDRData;
 
-/// The lines in a small dialog that name the record which it acts on: when it was written and by whom, and how its text
-/// begins. As wide as the dialog; what has no room stands in the tool tip.
+/// The lines in a small dialog that show its record: when and by whom it was written, and how its text
+/// begins. As wide as the dialog; the full text is in the tool tip.
 class RecordTitle : public QLabel
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ class RecordTitle : public QLabel
 public:
     explicit RecordTitle(QWidget* parent);
 
-    /// Null names none and hides the lines.
+    /// Null hides the lines.
     void showRecord(const MDRData* record, CVrkCliSes* session, CModelTable* workers);
 
 protected:

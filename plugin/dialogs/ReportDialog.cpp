@@ -44,7 +44,7 @@ ReportDialog::ReportDialog(QWidget* parent, int flag)
 
 ReportDialog::~ReportDialog()
 {
-    delete m_tableTool; // before the records that it shows
+    delete m_tableTool; // destroyed before the records that it shows
 }
 
 void ReportDialog::createToolBar()

@@ -15,8 +15,8 @@ namespace Ui
 class ReportDialog;
 }
 
-/// The records of the journal's present view as a plain table with a title, on their way to paper. Holds a copy of the
-/// records, so that it stays as it is while the journal goes on.
+/// The records of the journal's current view as a plain table with a title, for printing. It has a copy of
+/// the records, so it does not change with the journal.
 class ReportDialog : public CPopTemplate
 {
     Q_OBJECT
@@ -26,9 +26,9 @@ public:
     explicit ReportDialog(QWidget* parent, int flag = -1);
     ~ReportDialog() override;
 
-    /// Stores the table, not owned, and sets the columns up: called once, before the first showing.
+    /// Sets the table, not owned, and configures the columns: call it once, before the dialog is shown.
     void setWorkersTable(CModelTable* table);
-    /// Copies the records; a null table leaves what is there and stores the code -3.
+    /// Copies the records; a null table changes nothing and sets the code -3.
     void setRecordsTable(CModelTable* table);
     void setDayLines(VrkTableTool::DayLines lines);
     void setReportTitle(const QString& title, const QString& period);

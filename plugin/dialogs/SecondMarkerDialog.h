@@ -15,7 +15,7 @@ class SecondMarkerDialog : public MarkTimeDialog
     Q_OBJECT
 
 public:
-    /// \a parent is the module, which the server's time comes from.
+    /// \a parent is the module, which provides the server's time.
     explicit SecondMarkerDialog(QWidget* parent, int flag = -1);
     ~SecondMarkerDialog() override;
 

@@ -15,7 +15,7 @@ class TimeExecutionDialog : public MarkTimeDialog
     Q_OBJECT
 
 public:
-    /// \a parent is the module, which the server's time comes from.
+    /// \a parent is the module, which provides the server's time.
     explicit TimeExecutionDialog(QWidget* parent, int flag = -1);
     ~TimeExecutionDialog() override;
 
