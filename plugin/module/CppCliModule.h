@@ -5,6 +5,6 @@
 class CVrkCliApp;
 class CVrkCliMod;
 
-/// The door of the plug-in: makes the module called \a name ("logbook", "template", "converter", case
-/// ignored). Null for any other name. The caller owns the module and starts it with ModuleStart().
+/// Entry point of the plug-in: creates the module called \a name ("logbook", "template", "converter",
+/// ignoring case). Null for any other name. The caller owns the module and starts it with ModuleStart().
 extern "C" VRK_EXPORT CVrkCliMod* CppCliModule(CVrkCliApp* app, const char* name);
