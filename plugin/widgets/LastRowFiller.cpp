@@ -38,7 +38,7 @@ bool LastRowFiller::eventFilter(QObject* watched, QEvent* event)
         return QStyledItemDelegate::eventFilter(watched, event);
     if (event->type() == QEvent::Resize)
         layOutAnew();
-    return false; // the delegate would take the viewport for one of its editors, and eat their keys
+    return false; // the delegate would take the viewport for one of its editors, and consume their keys
 }
 
 void LastRowFiller::layOutAnew()

@@ -4,8 +4,8 @@
 
 class QTreeWidget;
 
-/// Lets the last top-level row of a property table grow into the room that the others leave in a high window; it is
-/// never lower than its size hint. Keep it installed as the delegate of that table.
+/// Lets the last top-level row of a property table fill the remaining height of a large window; it is never
+/// lower than its size hint. Must stay installed as the delegate of that table.
 class LastRowFiller : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -24,5 +24,6 @@ private:
     void layOutAnew();
 
     QTreeWidget* m_tree;
-    const QObject* m_viewport; ///< of the tree; the only thing of it that its own end may ask for
+    const QObject* m_viewport; ///< of the tree; the only member of the tree that may be used in the
+                               ///< destructor
 };

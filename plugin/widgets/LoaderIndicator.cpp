@@ -23,7 +23,7 @@ LoaderIndicator::LoaderIndicator(QWidget* parent)
     setObjectName(QStringLiteral("loaderIndicator"));
     m_picture->setObjectName(QStringLiteral("loaderPicture"));
     m_text->setObjectName(QStringLiteral("loaderText"));
-    hide(); // a child that nobody has hidden would come up with its window
+    hide(); // a child that was not hidden would be shown with its window
     QPalette colours = palette();
     colours.setColor(QPalette::Window, ground);
     setPalette(colours);
@@ -60,7 +60,8 @@ void LoaderIndicator::showEvent(QShowEvent* event)
 {
     if (auto* window = qobject_cast<QMainWindow*>(parentWidget())) {
         window->setEnabled(false);
-        // setEnabled(true) does nothing below a disabled parent, but the click that dismisses has to arrive.
+        // setEnabled(true) does nothing below a disabled parent, but the overlay must receive the click
+        // that closes it.
         setAttribute(Qt::WA_Disabled, false);
         setGeometry(QRect(QPoint(0, 0), window->size()));
         raise();

@@ -5,8 +5,8 @@
 class QLabel;
 class QMovie;
 
-/// Busy overlay: an animated picture with a text on a dark ground, laid over a main window during long work. Hidden
-/// until it is shown. A click dismisses it; the work below goes on.
+/// Busy overlay: an animated picture with a text on a dark background, over a main window during long work.
+/// Hidden until it is shown. A click closes it; the work continues.
 class LoaderIndicator : public QWidget
 {
     Q_OBJECT
@@ -15,8 +15,8 @@ public:
     explicit LoaderIndicator(QWidget* parent);
 
     void setText(const QString& text);
-    /// Sets the text and shows the overlay. A parent that is a QMainWindow is covered whole and disabled until the
-    /// overlay closes; any other parent stays as it is, and so does the overlay's geometry.
+    /// Sets the text and shows the overlay. A parent that is a QMainWindow is covered completely and
+    /// disabled until the overlay closes; any other parent, and the overlay's geometry, are unchanged.
     void show(const QString& text);
     using QWidget::show;
 
