@@ -18,7 +18,7 @@
 
 namespace
 {
-constexpr int retryMs = 1000; ///< until what failed is asked again
+constexpr int retryMs = 1000; ///< until a failed request is repeated
 
 MDRVar eventValue(const TEventNciParse& event, const char* field)
 {
@@ -94,7 +94,8 @@ void CommentInbox::take(const TEventNciParse& event)
                      m_doubtful.end());
     if (m_unread.remove(key))
         emit countChanged(count());
-    if (!arrival.answer.isEmpty()) // the author of a record answers with a comment that is born read
+    // when the author of a record answers, his comment is already marked as read
+    if (!arrival.answer.isEmpty())
         judge(arrival);
 }
 

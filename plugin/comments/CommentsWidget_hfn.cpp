@@ -10,7 +10,7 @@
 #include "VrkTableModel.h"
 #include "VrkTableTool.h"
 
-/// A failed request goes unnoticed here: the tab stays empty, and the session has told the user.
+/// A failed request is not handled here: the tab stays empty, and the session has informed the user.
 void CommentsWidget::uploadRecords()
 {
     const QString sql = LogText::fill(QLatin1String(LogbookSql::UnreadRecords),
@@ -59,7 +59,7 @@ MDRData* CommentsWidget::uploadRecord(const char* key)
     }
     m_tableTool->model()->beginAppendRows(1);
     MDRData* record = TableLoad::repack(answer.data, m_records.data);
-    uploadAttachments(m_comments, key); // what was said before belongs to it
+    uploadAttachments(m_comments, key); // its existing comments
     uploadAttachments(m_files, key);
     m_preparer.prepareRecord(record);
     m_tableTool->model()->endAppendRows();

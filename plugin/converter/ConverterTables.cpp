@@ -12,7 +12,7 @@ namespace
 {
 constexpr int convertedPercent = 90;
 
-/// Percent of the rows whose name_ is absent or is the nameLoc (key 1) of a row of the other table.
+/// Percentage of the rows whose name_ is absent or is the nameLoc (key 1) of a row of the other table.
 int percentFound(const CMDArray& old, const CMDArray& present)
 {
     int found = 0;

@@ -12,7 +12,7 @@
 
 namespace
 {
-/// What says how a parameter reads when it has no title, and texts without one are called so too.
+/// The title of lists, also used for texts without a title.
 QString listTitle()
 {
     return ConversionReport::tr("Список значений");
@@ -29,14 +29,14 @@ void setText(CMDArray& table, MDRData* record, const char* field, const QByteArr
     table.SetValF(record, field, bytes.isNull() ? MDRValue::null() : MDRValue::text(bytes));
 }
 
-/// The layout that a description of a date names; empty when it cannot be read.
+/// The layout in a description of a date; empty if it cannot be read.
 QString layoutOf(const QString& param)
 {
     const QStringList pieces = param.split(QLatin1Char('='));
     return pieces.size() == 2 ? ParamText::toQtDateTimeLayout(pieces[1]) : QString();
 }
 
-/// Whether the store takes the name as the key of a row: no quotes, no backslash, no control characters.
+/// Whether the store accepts the name as the key of a row: no quotes, no backslash, no control characters.
 bool isPossibleKey(const QString& name)
 {
     return std::none_of(name.begin(), name.end(), [](QChar sign) {
@@ -70,7 +70,7 @@ void ParamRules::convert(const MDRData* old)
     if (isReference) {
         note(old, ConversionReport::Reference);
     } else if (isDate && layoutOf(param).isEmpty()) {
-        convertDateTime(old); // an error, with a name or without one
+        convertDateTime(old); // an error in any case
     } else if (name.isEmpty()) {
         const QString text =
             LogText::fill(ConversionReport::tr("Параметр без латинского имени пропущен: '%1'"),
@@ -98,7 +98,7 @@ void ParamRules::convert(const MDRData* old)
 
 void ParamRules::convertText(const MDRData* old)
 {
-    // Meant: a text without a title is called a list of values, as enumerations are.
+    // Deliberate: a text without a title gets the title of lists, like enumerations.
     make(old, {{"name", "text"}}, titleOf(old, listTitle()), ConversionReport::Text);
 }
 
@@ -207,7 +207,7 @@ void ParamRules::indexBaseNames()
         MDRData* record = MDARec(rows.array, 0, i);
         const HtmlParser parser(m_tables->text(record, Field::html).toStdString());
         const QString name = QString::fromStdString(parser.propertyNameValue(0)).toLower();
-        if (!m_byBaseName.contains(name)) // the first in the order of the keys stands for all
+        if (!m_byBaseName.contains(name)) // the first in the order of the keys represents all
             m_byBaseName.insert(name, record);
     }
 }
