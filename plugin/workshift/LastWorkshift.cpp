@@ -2,7 +2,6 @@
 
 #include "CVrkCliMod.h"
 #include "CVrkToolCalcExec.h"
-#include "Fields.h"
 #include "GenGuid32.h"
 #include "HfnTime.h"
 
@@ -35,10 +34,10 @@ if( idx >= CTblRecCount(table) ) {
 exit;
 }
 record = CTblRec( table, keySeek, idx );
-if( CRecFldGet(record, Field::DepartmentKey) != DepartmentKey ) {
+if( CRecFldGet(record, "DepartmentKey") != DepartmentKey ) {
 exit;
 }
-endTime = CRecFldGet(record, Field::endTime);
+endTime = CRecFldGet(record, "endTime");
 // Если не указано время конца смены, то это какая-то ошибка
 if( type(endTime) != var_Dbl ) {
 exit;
