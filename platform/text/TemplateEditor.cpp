@@ -7,9 +7,9 @@
 #include "TemplateEditorHtml.h"
 #include "TemplateEditorPanel.h"
 #include "TemplateEditorText.h"
+#include "WrapLayout.h"
 
 #include <QAction>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -181,7 +181,7 @@ QWidget* TemplateEditor::Private::buildTools()
         action(tr("Найти параметр"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), "findParameterAction");
 
     auto* tools = new QWidget(q);
-    auto* row = new QHBoxLayout(tools);
+    auto* row = new WrapLayout(tools); // a column of the configurator may be narrow
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
     QToolButton* boldButton = tool(bold, "boldButton");
@@ -193,10 +193,8 @@ QWidget* TemplateEditor::Private::buildTools()
     struck.setStrikeOut(true);
     struckButton->setFont(struck);
     for (QToolButton* button : {boldButton, struckButton, tool(undo, "undoButton"), tool(redo, "redoButton"),
-                                tool(parameter, "parameterButton")})
+                                tool(parameter, "parameterButton"), tool(insertion, "findParameterButton")})
         row->addWidget(button);
-    row->addStretch(1);
-    row->addWidget(tool(insertion, "findParameterButton"));
 
     connect(bold, &QAction::triggered, q, [this](bool on) { text->setBold(on); });
     connect(struckOut, &QAction::triggered, q, [this](bool on) { text->setStruckOut(on); });

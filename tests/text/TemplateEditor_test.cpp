@@ -59,6 +59,7 @@ private slots:
     void thePreviewFollowsTheText();
     void tabWalksInTheOrderOfTheEye();
     void largeFontsAndDarkThemesHold();
+    void narrowEditorShowsAllItsTools();
 };
 
 void TemplateEditor_test::textsThatAreNotTouchedComeBackToTheLetter_data()
@@ -414,6 +415,26 @@ void TemplateEditor_test::largeFontsAndDarkThemesHold()
     }
     QVERIFY(light > 160);  // the caption
     QVERIFY(darkest < 90); // its ground
+}
+
+void TemplateEditor_test::narrowEditorShowsAllItsTools()
+{
+    QWidget room; // without a layout, as in a cell of a table
+    Bench bench;
+    bench.editor.setParent(&room);
+    room.resize(900, 420);
+    bench.editor.setGeometry(0, 0, 900, 420);
+    bench.editor.show();
+    room.show();
+    const QWidget* first = bench.child("boldButton");
+    const QWidget* last = bench.child("findParameterButton");
+    QCOMPARE(last->y(), first->y());
+    bench.editor.resize(260, 420);
+    QTRY_VERIFY(last->y() > first->y());
+    for (const QToolButton* tool : first->parentWidget()->findChildren<QToolButton*>()) {
+        QVERIFY(tool->parentWidget()->rect().contains(tool->geometry()));
+        QVERIFY(tool->width() > tool->fontMetrics().horizontalAdvance(tool->text()));
+    }
 }
 
 QTEST_MAIN(TemplateEditor_test)
