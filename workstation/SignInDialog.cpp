@@ -2,6 +2,7 @@
 
 #include "ui_SignInDialog.h"
 
+#include <QLayout>
 #include <QPushButton>
 #include <QSettings>
 
@@ -130,7 +131,9 @@ void SignInDialog::loginChosen()
     m_form->noticeLabel->setText(refusal);
     m_isKnown = refusal.isEmpty();
     departmentChosen();
-    resize(size().expandedTo(sizeHint())); // so that the longest name is visible
+    layout()->activate(); // else it knows the former names only
+    // So that the longest name is visible; the size of a window that was not shown yet says nothing.
+    resize(isVisible() ? size().expandedTo(sizeHint()) : sizeHint());
 }
 
 void SignInDialog::departmentChosen()

@@ -170,9 +170,15 @@ void Workstation_users_test::reportsAStoreWithoutPermission()
 void Workstation_users_test::theDialogAsksForUserAndDepartment()
 {
     QString chosen;
-    HostBench::whenShown<SignInDialog>([&chosen](SignInDialog* dialog) {
+    QSize spare;
+    int cut = -1;
+    HostBench::whenShown<SignInDialog>([&chosen, &spare, &cut](SignInDialog* dialog) {
+        spare = dialog->size() - dialog->sizeHint();
         auto* logins = dialog->findChild<QComboBox*>(QStringLiteral("loginCombo"));
         auto* departments = dialog->findChild<QComboBox*>(QStringLiteral("departmentCombo"));
+        logins->setCurrentIndex(
+            logins->findData(QStringLiteral("lugovoy"))); // of a department with a long name
+        cut = qMax(0, departments->sizeHint().width() - departments->width());
         logins->setCurrentIndex(logins->findData(QStringLiteral("ozerov")));
         QCOMPARE(departments->count(), 2);
         departments->setCurrentIndex(1);
@@ -183,6 +189,8 @@ void Workstation_users_test::theDialogAsksForUserAndDepartment()
     CVrkCliMod* window = m_host->startModule(QStringLiteral("logbook"));
     QVERIFY(window);
     QVERIFY(window->findChild<QLabel*>(QStringLiteral("userLabel"))->text().endsWith(chosen));
+    QCOMPARE(spare, QSize(0, 0)); // no larger than what it shows
+    QCOMPARE(cut, 0);
 }
 
 void Workstation_users_test::aDepartmentOfSeveralIsChosenByTheUser()
