@@ -14,9 +14,9 @@
 
 namespace
 {
-constexpr QSize leastWindow(640, 400);
-constexpr QSize usualFrame(8, 36); ///< for a window that has not been shown yet
-constexpr int leastPane = 40;      ///< a narrower one is almost invisible
+constexpr QSize leastWindow(680, 400); ///< the bars of the journal fit into it
+constexpr QSize usualFrame(8, 36);     ///< for a window that has not been shown yet
+constexpr int leastPane = 40;          ///< a narrower one is almost invisible
 constexpr int largestPane = 10000;
 
 /// The names of a widget and of its parents: the same at every start.
@@ -69,6 +69,9 @@ WindowMemory::WindowMemory(QMainWindow* window, const QString& user, const QStri
     // A slash would open a subgroup.
     m_group =
         QStringLiteral("windows/%1/%2").arg(QString::fromLatin1(user.toUtf8().toPercentEncoding()), module);
+    const QScreen* screen = window->screen();
+    window->setMinimumSize(screen ? leastWindow.boundedTo(screen->availableSize() - usualFrame)
+                                  : leastWindow);
 }
 
 QString WindowMemory::key(const QString& name) const

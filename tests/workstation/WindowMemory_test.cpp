@@ -12,6 +12,7 @@
 #include <QSplitter>
 #include <QTableView>
 #include <QTest>
+#include <QToolBar>
 
 /// What the host remembers of windows, over real modules and settings of its own.
 class WindowMemory_test : public QObject
@@ -92,7 +93,7 @@ private slots:
         QTest::newRow("above the screen") << QRect(100, -300, 800, 600) << QRect(100, 0, 800, 600);
         QTest::newRow("partly right of all") << QRect(2800, 100, 800, 600) << QRect(2400, 100, 800, 600);
         QTest::newRow("far from all") << QRect(9000, 9000, 800, 600) << QRect(1120, 600, 800, 600);
-        QTest::newRow("too small") << QRect(10, 10, 20, 20) << QRect(10, 10, 640, 400);
+        QTest::newRow("too small") << QRect(10, 10, 20, 20) << QRect(10, 10, 680, 400);
         QTest::newRow("too large") << QRect(10, 10, 5000, 5000) << QRect(0, 0, 1920, 1200);
     }
     void aPlaceIsFittedToTheScreens()
@@ -102,6 +103,20 @@ private slots:
         const QVector<QRect> screens{QRect(0, 0, 1920, 1200), QRect(1920, 0, 1280, 1024)};
         QCOMPARE(WindowMemory::fitted(wanted, screens), shown);
         QCOMPARE(WindowMemory::fitted(wanted, {}), wanted);
+    }
+
+    void smallestWindowHasRoomForItsBars()
+    {
+        CVrkCliMod* window = start();
+        window->resize(1, 1);
+        QCoreApplication::processEvents();
+        for (const QToolBar* bar : window->findChildren<QToolBar*>()) {
+            for (QAction* action : bar->actions()) {
+                const QWidget* widget = bar->widgetForAction(action);
+                if (bar->isVisible() && action->isVisible() && widget)
+                    QVERIFY2(bar->rect().contains(widget->geometry()), qPrintable(widget->objectName()));
+            }
+        }
     }
 
     void theWindowComesBackAsItWasLeft()
