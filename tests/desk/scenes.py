@@ -146,6 +146,8 @@ def handover(desk):
 
 def comment(seat, text):
     select_record(seat, text)
+    if not seat.tree().one("createCommentButton", inside="homeLogbook"):
+        seat.press("F4")  # with large letters the panes are hidden at first
     seat.click("createCommentButton", inside="homeLogbook")
     seat.open("CommentCreatorDialog")
     seat.expect_focus("commentEdit")
@@ -437,5 +439,4 @@ def monkey_step(seat, dice):
     else:
         inner, frame = windows[-1].rect, windows[-1].frame
         bar = inner[1] - frame[1]
-        seat.screen.click(frame[0] + frame[2] - bar // 2 - 1, frame[1] + bar // 2 + 1)
-        seat.calm_or_ended()
+        seat.close_by_frame(windows[-1])

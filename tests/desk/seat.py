@@ -8,9 +8,9 @@ import time
 import checks
 from screen import end
 
-PATIENCE = 60  # seconds; for a loaded machine, not for the program
-CALM = 0.03    # seconds between two looks that have to be the same
-GIVE_UP = 4    # seconds after which a fault that does not go away is one
+PATIENCE = 120  # seconds; for a loaded machine, not for the program
+CALM = 0.03     # seconds between two looks that have to be the same
+GIVE_UP = 10    # seconds after which a fault that does not go away is one
 
 
 class Failure(Exception):
@@ -146,7 +146,7 @@ class Seat:
 
     def calm(self, keys=0, buttons=0, before=None):
         """Waits until what was pressed has arrived, and until nothing changes any more."""
-        until = time.monotonic() + 3
+        until = time.monotonic() + GIVE_UP
         last = None
         while True:
             self.screen.display.sync()
@@ -190,19 +190,13 @@ class Seat:
                 return
             time.sleep(CALM)
 
-    def calm_or_ended(self, *arrived):
-        """False when the program has ended as it was asked to."""
-        try:
-            self.calm(*arrived)
-            return True
-        except Failure:
-            if self.process.poll() != 0:
-                raise
-            return False
-
     def _done(self, step, keys, buttons, before):
-        if self.alive() and self.calm_or_ended(keys, buttons, before):
+        try:
+            self.calm(keys, buttons, before)
             self.look(step)
+        except Failure:
+            if self.process.poll() != 0:  # else it has ended as it was asked to
+                raise
 
     def press(self, *combinations):
         for combination in combinations:
@@ -225,12 +219,28 @@ class Seat:
 
     def click(self, what, times=1, button=1, **more):
         """A widget by its name, or a widget itself, or an item of one."""
-        widget = self.widget(what, **more) if isinstance(what, str) else what
-        x, y, width, height = widget["rect"]
+        widget = self.revealed(what, **more) if isinstance(what, str) else what
+        x, y, width, height = widget.get("seen") or widget["rect"]
         before = self.tree().report
         self.screen.click(x + width // 2, y + height // 2, button, times)
         label = widget.get("name") or widget.get("text") or widget.get("class")
         self._done(f"click {label}", 0, times, before)
+
+    def revealed(self, name, **more):
+        """A widget that can be clicked; what has been scrolled away is scrolled back."""
+        widget = self.widget(name, **more)
+        while 0 in widget.get("seen", [1])[2:]:
+            area = widget["parent"]
+            while area and 0 in area.get("seen", area["rect"])[2:]:
+                area = area["parent"]
+            if not area:
+                raise Failure(f"{self.name}: {name} cannot be seen")
+            before = widget["rect"]
+            x, y, width, height = area.get("seen") or area["rect"]
+            self.screen.click(x + 5, y + height // 2, button=5 if widget["rect"][1] > y else 4)
+            self.wait(lambda tree: (tree.one(name, **more) or widget)["rect"] != before, f"{name} to be scrolled to")
+            widget = self.widget(name, **more)
+        return widget
 
     def click_button(self, text, inside=None):
         """A button by its text."""
@@ -326,13 +336,12 @@ class Seat:
             raise Failure(f"{self.name}: {cls} has no window that can be seen")
         return found[0]
 
-    def close_by_frame(self, cls):
-        """By the cross in its title bar."""
-        frame = self.frame(cls).frame
-        inner = self.frame(cls).rect
-        bar = inner[1] - frame[1]
+    def close_by_frame(self, what):
+        """By the cross in the title bar of a window, or of the one of this class."""
+        window = self.frame(what) if isinstance(what, str) else what
+        frame, bar = window.frame, window.rect[1] - window.frame[1]
         self.screen.click(frame[0] + frame[2] - bar // 2 - 1, frame[1] + bar // 2 + 1)
-        self._done(f"close {cls} by its frame", 0, 0, None)
+        self._done(f"close {what} by its frame", 0, 0, None)
 
     def endure(self, cls, resizable=True):
         """Minimises, restores, moves and resizes a window: what was typed stays, all can be seen."""

@@ -2,7 +2,7 @@
 
 #include "WidgetReport.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QGenericPlugin>
 #include <QJsonDocument>
@@ -47,7 +47,11 @@ class DeskProbePlugin : public QGenericPlugin
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "deskprobe.json")
 
 public:
-    QObject* create(const QString&, const QString& socket) override { return new DeskProbe(socket); }
+    /// Nothing for an application without widgets: with such a one the program only looks at the screens, in a child.
+    QObject* create(const QString&, const QString& socket) override
+    {
+        return qobject_cast<QApplication*>(QCoreApplication::instance()) ? new DeskProbe(socket) : nullptr;
+    }
 };
 
 #include "DeskProbe.moc"

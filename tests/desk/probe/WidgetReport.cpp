@@ -157,6 +157,9 @@ QJsonObject describe(const QWidget* widget)
                      {QStringLiteral("name"), widget->objectName()},
                      {QStringLiteral("rect"), place(widget, widget->rect())},
                      {QStringLiteral("enabled"), widget->isEnabled()}};
+    const QRect seen = widget->visibleRegion().boundingRect();
+    if (seen != widget->rect())
+        made.insert(QStringLiteral("seen"), place(widget, seen));
     const QString text = textOf(widget);
     if (!text.isEmpty())
         made.insert(QStringLiteral("text"), text);
