@@ -7,7 +7,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-/// vrk-admin with its streams replaced, a store of its own and a folder of sheets.
+/// vrk-admin with its own streams, store and folder of sheets.
 struct AdminRun {
     Command::ExitCode run(const QStringList& arguments)
     {
@@ -18,13 +18,14 @@ struct AdminRun {
         Streams streams{outStream, errStream};
         return runAdmin(arguments, streams);
     }
-    /// The command with the store's address as its first argument, the rest parted by blanks.
+    /// Runs the command with the store's address as its first argument; the other arguments are separated
+    /// by spaces.
     Command::ExitCode call(const char* command, const QStringList& rest = {})
     {
         return run(QStringList{QLatin1String(command), url} + rest);
     }
     QString path(const QString& name) const { return folder.filePath(name); }
-    /// A sheet in the folder "sheets", as it stands.
+    /// Writes a sheet into the folder "sheets".
     void sheet(const char* name, const QByteArray& bytes) const
     {
         QDir(folder.path()).mkpath(QStringLiteral("sheets"));

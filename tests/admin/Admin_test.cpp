@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QTextCodec>
 
-/// vrk-admin as it is called from a shell, its streams replaced.
+/// vrk-admin, called as from a shell, with its streams replaced.
 class Admin_test : public QObject
 {
     Q_OBJECT
@@ -241,7 +241,7 @@ void Admin_test::demoTellsTheStoryOfHoursAgo()
                                .arg(store->serverTime(), 0, 'f', 0)
                                .toUtf8(),
                            &error);
-    QCOMPARE(answer.RecCount(), 0); // whatever shift is open is overdue
+    QCOMPARE(answer.RecCount(), 0); // every open shift is overdue
     answer = store->select(
         "SELECT * FROM LogbookWorkshifts WHERE CloseWorkerKey IS NULL OR CloseWorkerKey=''", &error);
     QVERIFY(answer.RecCount() > 0);
@@ -335,7 +335,7 @@ void Admin_test::rightsAreGivenAndTaken()
                     QStringLiteral("ADMINISTRATOR")});
     };
     QCOMPARE(right("grant"), Command::Success);
-    QCOMPARE(right("grant"), Command::Success); // given already
+    QCOMPARE(right("grant"), Command::Success); // granted already
     QCOMPARE(run({QStringLiteral("right"), m_url, QStringLiteral("list"), QStringLiteral("petrov")}),
              Command::Success);
     QCOMPARE(m_out, QStringLiteral("ADMINISTRATOR\n"));

@@ -8,13 +8,13 @@ class HiddenInput_test : public QObject
 {
     Q_OBJECT
 
-    /// What a terminal shows for a line that is typed on it.
+    /// The output of a terminal for a line that is typed on it.
     static QByteArray shown(int terminal, int program, const QByteArray& line)
     {
         if (::write(terminal, line.constData(), static_cast<std::size_t>(line.size())) != line.size())
             qFatal("nothing can be typed");
         char read[100];
-        if (::read(program, read, sizeof read) != line.size()) // the line has come
+        if (::read(program, read, sizeof read) != line.size()) // the line has arrived
             qFatal("the line has not come");
         char text[100];
         const ssize_t length = ::read(terminal, text, sizeof text);

@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-/// vrk-admin option, shift and check --ready: what an administrator says about shifts, on a store of either engine.
+/// vrk-admin option, shift and check --ready: the administrator's settings for shifts, on both engines.
 class Option_test : public QObject
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ private:
                                      content, &error))
                 qFatal("%s", qUtf8Printable(error.text));
         }
-        /// Null when the store has no such file.
+        /// Null if the store has no such file.
         QByteArray stored() const
         {
             StoreError error;
@@ -39,7 +39,7 @@ private:
         TestStore store{TestStore::Empty};
     };
 
-    /// The standard journal; its shift SHIFT_CDS_OPEN is the one to be mended.
+    /// The standard journal; its shift SHIFT_CDS_OPEN will be corrected.
     struct Shifts : AdminRun {
         Shifts() { url = store.url(); }
         Command::ExitCode correct(const QStringList& rest)
@@ -239,7 +239,7 @@ private slots:
                  Command::Success);
         QCOMPARE(shifts.number("endTime"), double(end.toSecsSinceEpoch()));
         QCOMPARE(shifts.number("startTime"), start);
-        // The log keeps who, when and why; the list tells it.
+        // The log keeps who, when and why; the list shows it.
         QCOMPARE(shifts.store
                      .value(QStringLiteral("SELECT L.rowKey || T.login FROM ChangeTransactions AS T JOIN "
                                            "ChangeLog AS L ON L.number = T.number WHERE T.batchKey LIKE "
@@ -249,13 +249,13 @@ private slots:
         QCOMPARE(shifts.call("shift", {QStringLiteral("list")}), Command::Success);
         QVERIFY2(shifts.out.contains(QStringLiteral(": опечатка в годе: 2066\n")), qPrintable(shifts.out));
         QCOMPARE(shifts.call("check", {QStringLiteral("--ready")}),
-                 Command::FaultsFound); // no timetable of ОДС
+                 Command::FaultsFound); // ОДС has no timetable
         QVERIFY(!shifts.out.contains(QStringLiteral("SHIFT_CDS_OPEN")));
     }
 
     void impossibleCorrectionsAreRefused_data()
     {
-        QTest::addColumn<QString>("arguments"); // parted by "|"
+        QTest::addColumn<QString>("arguments"); // separated by "|"
         QTest::addColumn<QString>("refusal");
         const auto row = [](const char* arguments, const char* refusal) {
             QTest::newRow(arguments) << QString::fromUtf8(arguments) << QString::fromUtf8(refusal);

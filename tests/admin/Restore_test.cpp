@@ -11,7 +11,7 @@
 #include <QRegularExpression>
 #include <QTest>
 
-/// Copies that are put back, and what is copied before an upgrade.
+/// Restored copies, and the copy made before an upgrade.
 class Restore_test : public QObject
 {
     Q_OBJECT
@@ -100,7 +100,7 @@ void Restore_test::aCopyTakesThePlaceAndTheFormerIsKept()
              (QStringList{QStringLiteral("AFTER"), QStringLiteral("BEFORE")}));
     QCOMPARE(m_admin->call("check"), Command::Success);
     QVERIFY(write("MORE"));
-    // The copy itself stays, and may be put back once more.
+    // The copy itself is kept, and may be restored again.
     QCOMPARE(m_admin->call("restore", {copy()}), Command::Success);
     QCOMPARE(roles(m_admin->url), QStringList{QStringLiteral("BEFORE")});
 }
@@ -118,7 +118,7 @@ void Restore_test::theLogOfACrashGoesWithTheFormerFile()
         for (const char* suffix : {"", "-wal", "-shm"})
             QVERIFY(QFile::copy(store() + QLatin1String(suffix), crashed + QLatin1String(suffix)));
     }
-    // As somebody does who knows files only.
+    // Like a user who knows only files.
     const QByteArray bytes = admin.bytes(QStringLiteral("copy.sqlite"));
     QFile out(crashed);
     QVERIFY(out.open(QIODevice::WriteOnly | QIODevice::Truncate) && out.write(bytes) == bytes.size());
@@ -170,7 +170,7 @@ void Restore_test::aCopyThatIsNoneIsRefused()
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         file.write(QByteArray("a letter\n").repeated(1000));
     } else {
-        QProcess sqlite; // past the rules
+        QProcess sqlite; // without the rules
         sqlite.start(
             QStringLiteral("sqlite3"),
             {copy(), QStringLiteral("DROP TRIGGER Log_noUpdate; UPDATE ChangeLog SET newRow = '[]'")});
@@ -207,7 +207,7 @@ void Restore_test::anUpgradeCopiesFirstAndNamesBothVersions()
     QCOMPARE(m_admin->out,
              QStringLiteral("Хранилище уже версии %1, обновлять нечего.\n").arg(StoreAdmin::schemaVersion()));
 
-    // Where no copy can be made, nothing is upgraded unless it is asked for.
+    // Where no copy can be made, an upgrade runs only on request.
     QVERIFY(QFile::remove(former));
     takeFormer(former);
     const QString nowhere = m_admin->path(QStringLiteral("none/copy"));
@@ -269,7 +269,7 @@ void Restore_test::aServerTakesACopyWithItsRoles()
     StoreLogin user;
     QVERIFY(opened->signIn(QString(), &user, &error));
     QCOMPARE(user.name, QStringLiteral("Орлов"));
-    // Another history: listeners of the former one must start again.
+    // A different history: listeners of the former one must restart.
     const auto former = Store::open(source, {}, &error);
     ChangePosition position;
     ChangePosition formerPosition;
@@ -292,7 +292,7 @@ void Restore_test::aServerTakesNoCopyIntoWhatIsThere()
     QCOMPARE(m_admin->run({QStringLiteral("backup"), there, dump}), Command::Success);
     QCOMPARE(m_admin->run({QStringLiteral("restore"), there, dump}), Command::Failed);
     QVERIFY2(m_admin->err.contains(QStringLiteral("уже не пуста")), qPrintable(m_admin->err));
-    // What is no copy makes no database.
+    // A file that is no copy creates no database.
     QCOMPARE(m_admin->run({QStringLiteral("restore"), cluster.url(QStringLiteral("none")), copy()}),
              Command::Failed);
     QVERIFY2(m_admin->err.contains(QStringLiteral("не является копией")), qPrintable(m_admin->err));

@@ -11,7 +11,7 @@
 
 namespace
 {
-/// An address of this machine that no other process of the tests listens at.
+/// An address of this machine on which no other process of the tests listens.
 QString ownAddress()
 {
     const auto id = static_cast<unsigned>(getpid());
@@ -19,7 +19,7 @@ QString ownAddress()
 }
 } // namespace
 
-/// A server that is known by its certificate, and what is said when it is not the right one.
+/// A server that is identified by its certificate, and the messages for a wrong one.
 class ServerCertificate_test : public QObject
 {
     Q_OBJECT
@@ -54,7 +54,7 @@ class ServerCertificate_test : public QObject
         if (!openssl.waitForFinished(60000) || openssl.exitCode() != 0)
             qFatal("no certificate: %s", openssl.readAllStandardError().constData());
     }
-    /// The server keeps its key to itself, so it takes the files in as its own.
+    /// The server accepts only files that belong to it.
     void give(const QString& from, const QString& to) const
     {
         QFile file(m_folder.filePath(from));

@@ -30,7 +30,7 @@ const char siteAnswers[] = "# Пример площадки\n"
                            "\n";
 } // namespace
 
-/// From nothing to a site that works, and what is said when something is in the way.
+/// From nothing to a working site, and the messages for obstacles.
 class Setup_test : public QObject
 {
     Q_OBJECT
@@ -75,7 +75,7 @@ private slots:
     void initTestCase()
     {
         m_cluster = std::make_unique<PrivateCluster>();
-        // Persons get in by password, the administrator as the owner of the machine.
+        // Persons log in by password, the administrator as the owner of the machine.
         m_cluster->requirePasswords();
     }
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
@@ -262,7 +262,7 @@ private slots:
                       answersFile(QStringLiteral("короткий"), QStringLiteral("мал"))}),
                  Command::Failed);
         QVERIFY2(m_err.contains(QStringLiteral("Строка 13: Пароль не короче 8 знаков.")), qPrintable(m_err));
-        // Nothing was made.
+        // Nothing was created.
         QVERIFY(!m_cluster->exec(QString(), QStringLiteral("other")).isEmpty());
     }
 
@@ -282,7 +282,7 @@ private slots:
         StoreError error;
         const auto store = Store::open(url, {}, &error);
         QCOMPARE(count(store.get(), "Organizations WHERE name_ = 'Сети'"), 1);
-        // One person in two departments has his right once.
+        // A person in two departments has his right once.
         QCOMPARE(count(store.get(), "Users"), 1);
         QCOMPARE(count(store.get(), "Workers"), 2);
         QCOMPARE(count(store.get(), "UserRights"), 1);
@@ -300,7 +300,7 @@ private slots:
         const QString name = isMade ? QStringLiteral("made") : QStringLiteral("unmade");
         if (isMade)
             QCOMPARE(m_cluster->exec(QStringLiteral("CREATE DATABASE made TEMPLATE template0")), QString());
-        // The server keeps such names to itself, and tells so when the store stands already.
+        // The server reserves such names, and reports this when the store exists already.
         const QString path = answersFile(QStringLiteral("первый пароль"), QStringLiteral("второй пароль"));
         QFile file(path);
         QVERIFY(file.open(QIODevice::ReadOnly));
@@ -322,7 +322,7 @@ private slots:
                                                "relnamespace = 'public'::regnamespace); END $$"),
                                 name),
                 QString());
-        // The next try finds nothing in its way.
+        // The next attempt finds no obstacle.
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         file.write(good);
         file.close();
@@ -334,7 +334,7 @@ private slots:
     {
         const QString url = m_cluster->url(QStringLiteral("site"));
         QCOMPARE(run({QStringLiteral("doctor"), url}),
-                 Command::FaultsFound); // the server of the tests is in a hurry
+                 Command::FaultsFound); // the server of the tests runs without syncing
         QVERIFY(m_out.contains(QStringLiteral("Сервер не дожидается диска")));
         QVERIFY(m_out.contains(QStringLiteral("ALTER SYSTEM SET fsync = 'on'")));
         QVERIFY(m_out.contains(QStringLiteral("pg_checksums --enable")));
@@ -373,7 +373,7 @@ private slots:
         m_cluster->requirePasswords();
         run({QStringLiteral("doctor"), url});
         QVERIFY(!m_out.contains(QStringLiteral("pg_hba.conf")));
-        // A password that the server does not take.
+        // A password that the server refuses.
         qputenv("PGPASSWORD", "wrong");
         run({QStringLiteral("doctor"), m_cluster->url(QStringLiteral("site"), QStringLiteral("orlov"))});
         qunsetenv("PGPASSWORD");
@@ -393,7 +393,7 @@ private slots:
         QVERIFY2(m_out.contains(QStringLiteral("ssl = on")), qPrintable(m_out));
         QVERIFY(!m_out.contains(QStringLiteral("Часы")));
         run({QStringLiteral("doctor"), m_cluster->url(site)});
-        QVERIFY(!m_out.contains(QStringLiteral("не шифруется"))); // no network carries it
+        QVERIFY(!m_out.contains(QStringLiteral("не шифруется"))); // no network is used
 
         QCOMPARE(
             m_cluster->exec(QStringLiteral("CREATE FUNCTION public.tomorrow() RETURNS timestamptz LANGUAGE "

@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QTextCodec>
 
-/// Import and export of the reference tables, as an administrator calls them.
+/// Import and export of the reference tables, called like an administrator does.
 class Sheets_test : public QObject
 {
     Q_OBJECT
@@ -88,7 +88,7 @@ void Sheets_test::anEmptyStoreGivesBlankForms()
                  QStringLiteral("Подразделение;Название;Начало;Конец;Код\r\n").toUtf8());
     int forms = 0;
     for (const Sheet& sheet : Sheets::all())
-        forms += sheet.earlier ? 0 : 1; // of tables of an earlier journal there are none
+        forms += sheet.earlier ? 0 : 1; // none for tables of an earlier journal
     QCOMPARE(QDir(m_admin->sheets).entryList(QDir::Files).size(), forms);
     QCOMPARE(m_admin->call("import", {m_admin->sheets}), Command::Success);
 }
@@ -128,7 +128,7 @@ void Sheets_test::sheetsWithoutCodesChangeNothing()
     QCOMPARE(demo.call("export", {demo.sheets}), Command::Success);
     for (const Sheet& sheet : Sheets::all()) {
         if (sheet.earlier)
-            continue; // nothing but the key tells their rows apart
+            continue; // only the key distinguishes their rows
         QVector<Csv::Row> rows;
         QString error;
         QVERIFY(Csv::read(demo.bytes(QStringLiteral("sheets/") + sheet.file), &rows, &error));
@@ -235,7 +235,7 @@ void Sheets_test::rightsFollowTheirCell()
     QCOMPARE(rights("SQL_EXEC, ADMINISTRATOR"),
              qMakePair(QStringLiteral("ADMINISTRATOR\nSQL_EXEC\n"), false));
     QCOMPARE(rights("SQL_EXEC"), qMakePair(QStringLiteral("SQL_EXEC\n"), true));
-    m_admin->sheet("users.csv", "Логин\nivanov\n"); // no column: no change
+    m_admin->sheet("users.csv", "Логин\nivanov\n"); // a missing column changes nothing
     QCOMPARE(m_admin->call("import", {m_admin->sheets}), Command::Success);
     m_admin->call("right", {QStringLiteral("list"), QStringLiteral("ivanov")});
     QCOMPARE(m_admin->out, QStringLiteral("SQL_EXEC\n"));
@@ -468,7 +468,7 @@ void Sheets_test::aServerTakesTheSheetsAndTheirUsers()
     QCOMPARE(m_admin->call("check"), Command::Success);
 }
 
-/// What stands in a table, row by row in the order of the keys; null told apart from empty.
+/// The content of a table, row by row in the order of the keys; distinguishes null from empty.
 static QVector<QStringList> tableOf(const QString& url, const char* table)
 {
     StoreError error;
@@ -507,10 +507,10 @@ void Sheets_test::tablesOfAnEarlierJournalComeToTheLetter()
         const QVector<QStringList> taken = tableOf(m_admin->url, table);
         QCOMPARE(taken.size(), rows.size());
         for (int i = 0; i < rows.size(); ++i)
-            QCOMPARE(taken.at(i).join(QLatin1Char('|')), // files know one kind of line end
+            QCOMPARE(taken.at(i).join(QLatin1Char('|')), // files have one kind of line end
                      rows.at(i).join(QLatin1Char('|')).replace(QLatin1String("\r\n"), QLatin1String("\n")));
     }
-    QCOMPARE(m_admin->call("import", {demo.sheets}), Command::Success); // nothing comes twice
+    QCOMPARE(m_admin->call("import", {demo.sheets}), Command::Success); // nothing is added twice
     QVERIFY2(
         m_admin->out.contains(QStringLiteral("OperLogTemplates.csv: добавлено 0, изменено 0, нет в файле 0")),
         qPrintable(m_admin->out));

@@ -59,7 +59,7 @@ def main(folder):
         configuration.write("".join(blocks("conf")) + f"port = {port}\nunix_socket_directories = '{folder}'\n")
     access = "".join(blocks("hba")).replace("192.168.10.0/24", "127.0.0.1/32 ")
     (data / "pg_hba.conf").write_text(access.replace(" postgres ", f" {user.pw_name} "), encoding="utf-8")
-    run("cp -a data empty")  # a server that has never held a journal
+    run("cp -a data empty")  # a server that has never had a journal
 
     def start(folder_of_data):
         process = subprocess.Popen([*as_user, str(server_bin / "postgres"), "-D", folder_of_data], env=environment,
