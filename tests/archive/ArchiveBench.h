@@ -12,8 +12,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-/// A module that shows records of many shifts, over a test store and with settings of its own; what it asks of the journal
-/// is kept instead of done.
+/// A module that shows records of many shifts, on a test store and with its own settings; its requests to
+/// the journal are recorded instead of executed.
 template <class Module>
 class ArchiveBench
 {
@@ -31,7 +31,7 @@ public:
         m_client = std::make_unique<TestClient>(store, m_login, department);
         begin();
     }
-    /// Over a store that fails as the test says.
+    /// On a store that fails on request of the test.
     void startOn(std::unique_ptr<Store> other)
     {
         m_client = std::make_unique<TestClient>(std::move(other));
@@ -52,7 +52,7 @@ public:
     }
     RecordList* list() { return m_module->template findChild<RecordList*>(); }
     QTableView* view() { return child<QTableView>("foundTable"); }
-    /// Keys of the rows shown, from top to bottom.
+    /// Keys of the shown rows, from top to bottom.
     QStringList keys()
     {
         QStringList all;
@@ -73,7 +73,7 @@ public:
         QTest::mouseClick(view()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
         QTest::mouseDClick(view()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
     }
-    /// Writes a row in the role of imports and delivers what comes of it.
+    /// Writes a row in the role of imports and delivers its events.
     void write(const char* table, MDRFlag flag, const char* key, const TestStore::Fields& fields = {})
     {
         StoreError error;

@@ -111,7 +111,7 @@ private slots:
         QCOMPARE(found("обкатка"), list("A B D"));
         choose("departmentCombo", QStringLiteral("Все подразделения"));
         QCOMPARE(m_bench->keys(), list("A B C D"));
-        QVERIFY(!m_bench->view()->isColumnHidden(15)); // whose each is
+        QVERIFY(!m_bench->view()->isColumnHidden(15)); // the authors
         choose("periodCombo", QStringLiteral("За год"));
         QCOMPARE(m_bench->keys(), list("A B C"));
         choose("periodCombo", QStringLiteral("За месяц"));
@@ -159,7 +159,8 @@ private slots:
     {
         m_bench->start();
         auto* workers = m_bench->child<QComboBox>("workerCombo");
-        QVERIFY(workers->findData(QByteArray("WORKER_KUZNETSOV")) > 0); // he has left, his records have not
+        // he has left, his records are still there
+        QVERIFY(workers->findData(QByteArray("WORKER_KUZNETSOV")) > 0);
         QCOMPARE(workers->findData(QByteArray("WORKER_SMIRNOV_ZAR")), -1);
         choose("departmentCombo", QStringLiteral("Все подразделения"));
         QVERIFY(workers->findData(QByteArray("WORKER_SMIRNOV_ZAR")) > 0);

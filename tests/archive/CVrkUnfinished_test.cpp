@@ -179,7 +179,7 @@ private slots:
         QVERIFY(button("markerButton")->isChecked());
         button("markerButton")->click();
         QCOMPARE(lacks("REC_SUCCESSOR"), QStringLiteral("-"));
-        QVERIFY(lacks("REC_ORDER") != QStringLiteral("-")); // it lacks its time too
+        QVERIFY(lacks("REC_ORDER") != QStringLiteral("-")); // its time is missing, too
         QCOMPARE(summary(), QStringLiteral("Записей: 2 из 3"));
         button("timeButton")->click();
         QCOMPARE(m_bench->keys(), QStringList{QStringLiteral("DRAFT_LEFT")});

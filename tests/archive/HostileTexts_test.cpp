@@ -24,8 +24,8 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
-/// A journal in which somebody has written markup, paths and scripts into every text. All windows are opened over it;
-/// the texts show as they were written, and no file that they name is opened.
+/// A journal with markup, paths and scripts in every text. All windows are opened on it; they show the
+/// texts literally, and open none of the files that the texts name.
 class HostileTexts_test : public QObject
 {
     Q_OBJECT
@@ -100,7 +100,7 @@ bool HostileTexts_test::isFileOpened() const
     return read(m_watch, events, sizeof events) > 0;
 }
 
-/// Every text of every table that is no key and no word of the program.
+/// Every text of every table that is neither a key nor a word of the program.
 void HostileTexts_test::spoilTexts()
 {
     const QSet<QByteArray> ofTheProgram{"Users.login", "UserRights.rightName", "Equipment.kind",
@@ -236,7 +236,7 @@ void HostileTexts_test::journalShowsTextsAsTheyAre()
     desk.child<QToolButton>("commentsButton")->click();
     desk.window().appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
     look();
-    // What is to be looked at has been seen: a menu entry, a tip, a tab, a list.
+    // All kinds of places were checked: a menu entry, a tip, a tab, a list.
     const QString places = QStringList(m_walk.places().values()).join(QLatin1Char('\n'));
     for (const char* place : {"recordMenu(QMenu) action", "recordsTable(QTableView) tip of item", "tab",
                               "commentsList(QListWidget) item", "filesTable(QTableWidget) item",
