@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QTimer>
 
-/// What a long request shows, and that nothing else happens meanwhile.
+/// What a long request shows, and that nothing else happens during it.
 class BusyStripTest : public QObject
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ private slots:
     void aDeletedWindowDeletesItsStrip();
 
 private:
-    /// Runs a select that takes its time: it reports progress until \a enough says so.
+    /// Runs a long select: it reports progress until \a enough returns true.
     void request(const std::function<bool(qint64 elapsedMs)>& enough)
     {
         QElapsedTimer since;

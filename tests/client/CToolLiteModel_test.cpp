@@ -44,7 +44,7 @@ void CToolLiteModelTest::loadsWholeTablesWithTheirKeys()
     MDRVar name;
     workers.GetVal(petrov, "firstName", name);
     QCOMPARE(TestStore::text(MDRValue::copy(name)), QStringLiteral("Пётр"));
-    QVERIFY(MDRFldByName(workers.array, "keyLink")); // asked for like this too
+    QVERIFY(MDRFldByName(workers.array, "keyLink")); // also requested in this spelling
 }
 
 void CToolLiteModelTest::loadsTablesWithoutRows()
@@ -113,7 +113,7 @@ void CToolLiteModelTest::aTakenModelOutlivesTheTool()
         tool.m_model = nullptr;
     }
     QVERIFY(model->GetTableByName("OrgTypes")->data.RecCount() > 0);
-    CToolLiteModel untaken(&module); // frees what it still holds
+    CToolLiteModel untaken(&module); // frees its remaining model
     untaken.m_names << QStringLiteral("OrgTypes");
     untaken.Perform(false);
     untaken.Perform(false); // again into the same model

@@ -7,7 +7,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-/// Delivery of events and the services of the application, over a store whose log the test writes.
+/// Delivery of events and the services of the application, on a store whose log the test writes.
 class CVrkCliAppTest : public QObject
 {
     Q_OBJECT
@@ -94,7 +94,7 @@ void CVrkCliAppTest::eventsAreDeliveredFromTheEventLoop()
     log({"A"});
     QCOMPARE(client->session().pollEvents(), 1);
     QCOMPARE(module.events.size(), 0);
-    QCOMPARE(module.MessageGet(), 0); // the application has not shared it out yet
+    QCOMPARE(module.MessageGet(), 0); // the application has not distributed it yet
     client->deliver();
     QCOMPARE(module.takeEvents(), told({"A"}));
 }
@@ -126,7 +126,7 @@ void CVrkCliAppTest::deliveriesAreNeverNested()
         log({"LATER"});
         QCOMPARE(module.MessageGet(), 0);
         QCOMPARE(client->app().fetchEvents(), 0);
-        QCoreApplication::processEvents(); // as a message box would
+        QCoreApplication::processEvents(); // like a message box
         --depth;
         module.onEvent = nullptr;
     };
@@ -143,7 +143,8 @@ void CVrkCliAppTest::eventsDuringADeliveryAreDeliveredAfterIt()
     module.onEvent = [&](HFNCliParam*) {
         module.onEvent = nullptr;
         log({"B"});
-        // The loop of a box inside the message: the feed reads meanwhile, and nobody may miss what it read.
+        // The event loop of a box inside the message: the feed reads during it, and every module must get
+        // those events.
         QSignalSpy waiting(&client->session(), &CVrkCliSes::eventsWaiting);
         QVERIFY(waiting.wait());
         QCoreApplication::processEvents();
@@ -164,7 +165,7 @@ void CVrkCliAppTest::deliversNothingDuringARequest()
     };
     Idle module(*client);
     log({"W"});
-    client->deliver(); // it waits for the module to fetch it
+    client->deliver(); // it waits until the module fetches it
     module.isIdle = false;
     log({"A"});
     client->session().pollEvents();

@@ -7,7 +7,7 @@
 
 namespace
 {
-/// Place of a virtual operation in the table of its class: a pointer to it holds the offset there, plus one.
+/// Position of a virtual function in the table of its class: a pointer to it contains the offset plus one.
 template <typename Operation>
 std::ptrdiff_t place(Operation operation)
 {
@@ -77,7 +77,7 @@ void CVrkCliModTest::theBaseClassHasPlainDefaults()
 
 void CVrkCliModTest::virtualFunctionsKeepTheirOrder()
 {
-    // Plug-ins call them by their places.
+    // Plug-ins call them by position.
     const std::ptrdiff_t first = place(&CVrkCliMod::LogFile);
     const QVector<std::ptrdiff_t> places{
         place(&CVrkCliMod::LogFile),
@@ -199,7 +199,7 @@ void CVrkCliModTest::withoutASinkLogLinesGoToTheMessageLog()
     app.setLogSink(nullptr);
     QTest::ignoreMessage(QtWarningMsg, "void f() sentence");
     module.logSink()->LogFile(2, QStringLiteral("void f()"), QStringLiteral("sentence"));
-    app.setLogSink(&module); // the base as the sink itself
+    app.setLogSink(&module); // the base itself is the sink
     QTest::ignoreMessage(QtWarningMsg, "void g() sentence");
     module.LogFile(2, QStringLiteral("void g()"), QStringLiteral("sentence"));
     app.setLogSink(nullptr);
@@ -224,9 +224,9 @@ void CVrkCliModTest::iconsAreFoundByPathAndByName()
     QVERIFY(module.icon(QStringLiteral("no_such_icon")).isNull());
     QVERIFY(module.icon(QStringLiteral(":/icons/no_such_icon.png")).isNull());
     QVERIFY(!module.icon(QStringLiteral(":/qt-project.org/styles/commonstyle/images/up-16.png")).isNull());
-    QVERIFY(!module.icon(QStringLiteral("remove.png")).isNull()); // one of the host's own
+    QVERIFY(!module.icon(QStringLiteral("remove.png")).isNull()); // an icon of the host
     QVERIFY(QFile::exists(QStringLiteral(":/icons/hour_glass.png")));
-    QVERIFY(module.icon(QStringLiteral("hour_glass.png")).isNull()); // one of a plug-in
+    QVERIFY(module.icon(QStringLiteral("hour_glass.png")).isNull()); // an icon of a plug-in
 }
 
 void CVrkCliModTest::errorsAreLoggedUnderTheNameOfTheModule()

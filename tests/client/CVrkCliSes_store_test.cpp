@@ -9,7 +9,8 @@
 #include <QTest>
 #include <sqlite3.h>
 
-/// Sessions over a real store: what several clients see of each other, and what a failing store does to them.
+/// Sessions on a real store: how several clients see each other's changes, and the effects of a failing
+/// store.
 class CVrkCliSesStoreTest : public QObject
 {
     Q_OBJECT
@@ -205,7 +206,7 @@ void CVrkCliSesStoreTest::clientsSeeEachChangeOnceAndInOrder()
     read.RecPost(row);
     QVERIFY(petrov.session().SqlUpdate("LogbookComments", read.array, true, nullptr));
     QVERIFY(write(ivanov, ROW_DELETE, "C1"));
-    QCOMPARE(first.events.size(), 0); // never from inside a request
+    QCOMPARE(first.events.size(), 0); // never during a request
 
     const QStringList all{QStringLiteral("601 LogbookComments C1"), QStringLiteral("602 LogbookComments C1"),
                           QStringLiteral("602 LogbookComments C1"), QStringLiteral("603 LogbookComments C1")};
@@ -384,7 +385,7 @@ void CVrkCliSesStoreTest::aRestoredFileIsFound()
     QSignalSpy connection(&client.session(), &CVrkCliSes::connectionChanged);
     const QString aside = store.path() + QStringLiteral(".aside");
     QVERIFY(QFile::rename(store.path(), aside));
-    QTRY_VERIFY(!client.session().isConnected()); // the feed notices by itself
+    QTRY_VERIFY(!client.session().isConnected()); // the feed notices it
     QVERIFY(QFile::rename(aside, store.path()));
     QTRY_VERIFY_WITH_TIMEOUT(client.session().isConnected(), 10000);
     QCOMPARE(connection.count(), 2);

@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QTextCodec>
 
-/// The session's own rules, over a store that only keeps what it is asked.
+/// The session's own rules, on a store that only records its calls.
 class CVrkCliSesTest : public QObject
 {
     Q_OBJECT
@@ -306,7 +306,7 @@ void CVrkCliSesTest::aRefusedWriteIsNotSentAgain()
 void CVrkCliSesTest::aWriteAfterTheDeadlineIsNotRepeated()
 {
     store->failures = {FakeStore::lost()};
-    store->during = [](const std::function<void()>&) { QTest::qSleep(1100); }; // the server says nothing
+    store->during = [](const std::function<void()>&) { QTest::qSleep(1100); }; // the server does not answer
     QVERIFY(!writeShift("A"));
     QCOMPARE(store->batchKeys.size(), 1);
 }
@@ -346,7 +346,7 @@ void CVrkCliSesTest::asksForAnUnansweredWriteUntilItIsKnown()
 {
     QVERIFY(session->startEvents());
     QSignalSpy settled(session.get(), &CVrkCliSes::writeSettled);
-    // The write; the reading of changes finds the link; it is gone again when the question comes.
+    // The write; then reading changes finds the link; then the link is lost again at the query.
     store->failures = {FakeStore::unsettled(), StoreError(), FakeStore::lost()};
     QVERIFY(!writeShift("A"));
     QTRY_VERIFY(session->isConnected());
@@ -472,7 +472,7 @@ void CVrkCliSesTest::fileGetConvertsItsArgument()
     QCOMPARE(code(block), 0);
     session->PrmFree(block);
 
-    store->files.insert(QStringLiteral("настройки/а;б"), "x"); // only the first semicolon parts
+    store->files.insert(QStringLiteral("настройки/а;б"), "x"); // only the first semicolon separates
     block = getFile("настройки;а;б");
     QCOMPARE(code(block), 0);
     session->PrmFree(block);
@@ -522,7 +522,7 @@ void CVrkCliSesTest::eachBlockIsFreedOnce()
     QCOMPARE(session->openBlocks(), 2);
     session->PrmFree(first);
     QCOMPARE(session->openBlocks(), 1);
-    session->PrmFree(first); // free already: passed over
+    session->PrmFree(first); // already free: ignored
     session->PrmFree(nullptr);
     QCOMPARE(session->openBlocks(), 1);
     session->PrmFree(second);

@@ -10,7 +10,7 @@
 
 namespace
 {
-/// The script that asks for the end of a department's last workshift, as the opening of a workshift sends it.
+/// The script that finds the end of a department's last workshift, as sent when a workshift is opened.
 const char* const lastWorkshiftEnd = R"script(
 ( DepartmentKey )
 {
@@ -287,7 +287,7 @@ void CVrkToolCalcExecTest::anExactSeekGivesRecordAndIndex()
                                             " CRecFldGet(CTblRec(t, 0, found[1]), 'KeyLink')];"));
     QCOMPARE(answer.output.elements.size(), std::size_t(3));
     QCOMPARE(answer.output.elements[0].text, QByteArray("SHIFT_CDS_PAST"));
-    QCOMPARE(answer.output.elements[1].number, 1.0); // behind SHIFT_CDS_OPEN
+    QCOMPARE(answer.output.elements[1].number, 1.0); // after SHIFT_CDS_OPEN
     QCOMPARE(answer.output.elements[2].text, QByteArray("SHIFT_CDS_PAST"));
 }
 

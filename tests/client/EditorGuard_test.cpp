@@ -50,7 +50,7 @@ private slots:
     void theProgramsCharacterIsFittedAtTheNextEdit();
 
 private:
-    /// One way to look at all kinds of editors.
+    /// The same interface to all kinds of editors.
     struct Editor {
         QWidget* widget;
         std::function<QString()> text;
@@ -224,7 +224,7 @@ void EditorGuardTest::textSetByTheProgramIsUnchanged()
     editor.set(QStringLiteral("а→б"));
     QCOMPARE(editor.text(), QStringLiteral("а→б"));
     paste(editor.widget, QStringLiteral("в"));
-    editor.set(QStringLiteral("г→д")); // also after the user edited another text
+    editor.set(QStringLiteral("г→д")); // also after an edit in another text
     QCOMPARE(editor.text(), QStringLiteral("г→д"));
 }
 

@@ -8,18 +8,18 @@
 #include <QStringList>
 #include <QTextCodec>
 
-/// A store without a database: it keeps what it is asked and answers as the test says.
+/// A store without a database: it records its calls and answers as the test says.
 class FakeStore : public Store
 {
 public:
-    /// What the test and the store, which belongs to the session, share.
+    /// Shared by the test and the store, which belongs to the session.
     struct State {
         QStringList asked;                ///< "select ...", "apply Table 1:KEY[field,...] | ...", in order
         QByteArrayList batchKeys;         ///< of all calls of apply
         QByteArrayList askedFor;          ///< batch keys, by isWritten
         bool isWritten = false;           ///< its answer
-        QVector<StoreError> failures;     ///< of the next calls, first come first served; None succeeds
-        QVector<StoreChange> log;         ///< what changesAfter still has to tell
+        QVector<StoreError> failures;     ///< results of the next calls, in order; None succeeds
+        QVector<StoreChange> log;         ///< changes that changesAfter will return
         QHash<QString, QByteArray> files; ///< "folder/name"
         QByteArrayList rights;
         double time = 1700000000;

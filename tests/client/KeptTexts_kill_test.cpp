@@ -27,8 +27,8 @@ QString typed(int count)
     return text;
 }
 
-/// The program that is killed: somebody types into a window without end, and each key goes to the standard output with
-/// its time.
+/// The program that is killed: endless typing into a window; each key goes to the standard output with its
+/// time.
 int type(const QString& folder)
 {
     KeptTexts texts;
@@ -69,13 +69,13 @@ std::vector<Key> keysOf(const QByteArray& output)
 }
 } // namespace
 
-/// kill -9 while somebody types: the next program offers the text as it stood, at most two seconds old, and whole.
+/// kill -9 during typing: the next program offers the complete text, at most two seconds old.
 class KeptTexts_kill_test : public QObject
 {
     Q_OBJECT
 
 private:
-    /// Kills \a count programs that type side by side, each at a moment of its own.
+    /// Kills \a count programs that type at the same time, each at a different moment.
     static void killSome(int count)
     {
         const QTemporaryDir folder(testFolderTemplate());

@@ -60,7 +60,7 @@ private:
     QTemporaryDir m_folder{testFolderTemplate()};
     int m_made = 0;
 
-    /// A folder that nothing has used yet.
+    /// A folder that was not used before.
     QString folder() { return m_folder.filePath(QString::number(++m_made)) + QStringLiteral("/kept"); }
     static QStringList filesIn(const QString& folder)
     {
@@ -146,7 +146,7 @@ private slots:
         QVERIFY(Program(where, QStringLiteral("petrov")).offered().isEmpty());
         QVERIFY(
             Program(where, QStringLiteral("ivanov"), QStringLiteral("/other.sqlite")).offered().isEmpty());
-        // Moved into the folder of another login, the file still says whose it is.
+        // A file that was moved into the folder of another login still identifies its login.
         const QString own = filesIn(where).first();
         Program other(where, QStringLiteral("petrov"));
         other->keep(place, values(QStringLiteral("чужое")));
@@ -172,7 +172,7 @@ private slots:
         QVERIFY(second.offered().isEmpty());
         second->keep(place, values(QStringLiteral("вторая")));
         QVERIFY(second->flush());
-        // Replacing the file hands its lock on: it stays out of reach without a gap.
+        // Replacing the file passes on its lock: it is always locked.
         for (int i = 0; i < 3; ++i) {
             (*first)->keep(place, values(QStringLiteral("первая %1").arg(i)), id);
             QVERIFY((*first)->flush());
@@ -243,7 +243,7 @@ private slots:
             next->forget(next->left().first().id);
             QVERIFY(next->flush());
         }
-        for (int digit = 1; digit <= 8; ++digit) // all still there
+        for (int digit = 1; digit <= 8; ++digit) // all are still there
             QVERIFY(modeOf(name(digit)) != 0);
         QCOMPARE(contentOf(secret), whole);
         QVERIFY(QFile::exists(inside + QStringLiteral("notes.txt")));
@@ -253,7 +253,7 @@ private slots:
 
     void aPlantedLinkIsNeverWrittenThrough()
     {
-        // In the place of the folder:
+        // Planted in the place of the folder:
         const QString where = folder();
         const QString target = m_folder.filePath(QStringLiteral("target"));
         QVERIFY(QDir().mkpath(target) && QDir().mkpath(QFileInfo(where).path()));
@@ -267,7 +267,7 @@ private slots:
         }
         QVERIFY(filesIn(target).isEmpty());
 
-        // In the place of the file that is about to be written:
+        // Planted in the place of the file to be written:
         const QString other = folder();
         const QString secret = m_folder.filePath(QStringLiteral("secret2"));
         QFile(secret).open(QIODevice::WriteOnly);
@@ -302,8 +302,7 @@ private slots:
         QVERIFY(!program->errorText().isEmpty());
         QCOMPARE(program.offered(), QStringList({QStringLiteral("абв")}));
 
-        QVERIFY(
-            QFile::remove(where)); // it is mended, and the text goes to the disk without being typed again
+        QVERIFY(QFile::remove(where)); // once repaired, the text is written without being typed again
         QVERIFY(program->flush());
         QVERIFY(program->errorText().isEmpty());
         program.texts.reset();
@@ -328,12 +327,12 @@ private slots:
         const QByteArray bytes = contentOf(files.value(0));
         QVERIFY(::setrlimit(RLIMIT_FSIZE, &usual) == 0);
         QVERIFY(!isOnDisk);
-        QCOMPARE(files.size(), 1); // no half of the new one
+        QCOMPARE(files.size(), 1); // no part of the new one
         KeptTexts::Text text;
         QVERIFY(KeptWriter::unpack(bytes, QByteArray("ivanov\0/store.sqlite", 20), &text));
         QCOMPARE(textOf(text), QStringLiteral("поместилось"));
         QVERIFY(failed.size() == 1 || failed.wait(1000));
-        QVERIFY(program->flush()); // there is room again
+        QVERIFY(program->flush()); // there is space again
     }
 
     void aLongTextIsWrittenOnceForManyKeys()
@@ -377,7 +376,7 @@ private slots:
         draft.setPlace(place);
         connect(&window, &QLineEdit::textChanged, &draft, &KeptDraft::touch);
         window.setText(QStringLiteral("набрано"));
-        QCOMPARE(texts.held(&window).size(), 1); // what was typed a moment ago, too
+        QCOMPARE(texts.held(&window).size(), 1); // including recently typed text
         QVERIFY(texts.offered(place).isEmpty()); // it is in its window
         window.clear();
         QVERIFY(texts.held(&window).isEmpty());

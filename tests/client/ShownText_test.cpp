@@ -65,7 +65,7 @@ private slots:
         QLabel markup(text);
         markup.setTextFormat(Qt::RichText);
         markup.adjustSize();
-        QCOMPARE(markup.textFormat(), Qt::RichText); // who says so means it
+        QCOMPARE(markup.textFormat(), Qt::RichText); // an explicit format is kept
         QToolTip::showText(QPoint(1, 1), text);
         int tips = 0;
         for (const QWidget* window : QApplication::topLevelWidgets()) {

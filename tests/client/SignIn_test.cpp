@@ -101,7 +101,7 @@ void SignInTest::aForeignDepartmentIsRefused()
     QVERIFY(!signIn.enter(&app, "DEP_ODS"));
     QCOMPARE(signIn.errorText(), QStringLiteral("Пользователь не работает в выбранном подразделении."));
     QVERIFY(!app.session());
-    // A worker's row that is deleted opens nothing.
+    // A deleted row of a worker gives no access.
     QVERIFY(signIn.signIn(QStringLiteral("kuznetsov")));
     QVERIFY(signIn.departments().isEmpty());
 }
@@ -206,7 +206,7 @@ void SignInTest::aStoreOfAnotherZoneIsRefused()
              qPrintable(second.errorText()));
     QVERIFY(second.logins().isEmpty());
     QCOMPARE(QDateTime::fromSecsSinceEpoch(1700000000).offsetFromUtc(), 3 * 3600);
-    // Another store of the same zone is welcome, and this one when the first is gone.
+    // Another store of the same zone can be opened, and this one after the first is closed.
     const TestStore other;
     QVERIFY(second.open(other.url()));
     QVERIFY(second.open(store.url()));

@@ -99,7 +99,7 @@ void TEventNciParseTest::theParseKnows631()
     const TEventNciParse parse(block.get());
     QCOMPARE(parse.tableName, QStringLiteral("LogbookRecords"));
     QCOMPARE(parse.recordType.count, 15);
-    QVERIFY(!parse.isChange()); // but no module lets it through
+    QVERIFY(!parse.isChange()); // but modules do not accept it
 }
 
 void TEventNciParseTest::otherNumbersAreNotParsed_data()
