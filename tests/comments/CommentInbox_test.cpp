@@ -8,7 +8,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-/// What the journal tells the host of comments that wait and of shifts that are overdue.
+/// What the journal reports to the host: unread comments and overdue shifts.
 class CommentInbox_test : public QObject
 {
     Q_OBJECT
@@ -70,7 +70,8 @@ private slots:
         const TestStore store;
         Desk desk(store);
         write(store, QStringLiteral("sidorova"), "REC_TRIP", "COM_OTHER");
-        write(store, QStringLiteral("ivanov"), "REC_MESSAGE", "COM_OWN", TestStore::now()); // born read
+        // already marked as read
+        write(store, QStringLiteral("ivanov"), "REC_MESSAGE", "COM_OWN", TestStore::now());
         QCOMPARE(desk.takeCalls(), QStringList());
         QCOMPARE(desk.window.unreadComments(), 2);
     }
@@ -80,15 +81,16 @@ private slots:
         const TestStore store;
         Desk desk(store);
         write(store, QStringLiteral("sidorova"), "REC_TRIP", "COM_FIRST");
-        QCOMPARE(desk.takeCalls(), QStringList()); // not one's own record, and no word of one's own on it
+        QCOMPARE(desk.takeCalls(), QStringList()); // neither a record nor a comment of the user
         write(store, QStringLiteral("ivanov"), "REC_TRIP", "COM_MINE");
         QCOMPARE(desk.takeCalls(), QStringList());
         write(store, QStringLiteral("sidorova"), "REC_TRIP", "COM_THIRD");
-        write(store, QStringLiteral("petrov"), "REC_TRIP", "COM_AUTHOR", TestStore::now()); // born read
+        // already marked as read
+        write(store, QStringLiteral("petrov"), "REC_TRIP", "COM_AUTHOR", TestStore::now());
         const QString sidorova = QStringLiteral("Ответ на ваш комментарий. Сидорова А. С.: Замечание");
         const QString petrov = QStringLiteral("Ответ на ваш комментарий. Петров П. П.: Замечание");
         QCOMPARE(desk.takeCalls(), QStringList({sidorova, petrov}));
-        QCOMPARE(desk.window.unreadComments(), 2); // it waits for the author of the record
+        QCOMPARE(desk.window.unreadComments(), 2); // it is counted for the author of the record
         QVERIFY(TestStore::write(store.open(QStringLiteral("sidorova")).get(), "LogbookComments", ROW_UPDATE,
                                  "COM_THIRD", {{"text_", QStringLiteral("Иначе")}}));
         QCOMPARE(desk.takeCalls(), QStringList());
@@ -113,7 +115,7 @@ private slots:
 
     void aCommentThatComesWhileTheStoreFailsCallsLater()
     {
-        const LogWatch log; // the failures stand there
+        const LogWatch log; // it shows the failures
         const TestStore store;
         const auto plan = std::make_shared<FailingStore::Plan>();
         JournalWindow ivanov(std::make_unique<FailingStore>(store.open(QStringLiteral("ivanov")), plan),
@@ -136,7 +138,7 @@ private slots:
         JournalWindow ivanov(std::make_unique<FailingStore>(store.open(QStringLiteral("ivanov")), plan),
                              QStringLiteral("ivanov"), QStringLiteral("DEP_CDS"), QStringLiteral("ORG_NETS"));
         auto* inbox = ivanov.window().findChild<CommentInbox*>();
-        plan->failedSelects = 2; // and once more when it is asked again
+        plan->failedSelects = 2; // and again when it is repeated
         inbox->upload();
         QCOMPARE(ivanov.window().unreadComments(), 0);
         QTRY_COMPARE(ivanov.window().unreadComments(), 2);

@@ -75,7 +75,7 @@ private:
             view()->setCurrentIndex(view()->model()->index(row, 4));
         }
         void deliver() { client.deliver(); }
-        /// Hands the tab an event made by hand.
+        /// Passes a synthetic event to the tab.
         bool send(int number, const char* table, const QByteArray& key)
         {
             const std::unique_ptr<HFNCliParam> block(
@@ -178,7 +178,7 @@ private slots:
         QVERIFY(plan->selects[1].startsWith("SELECT * FROM LogbookComments WHERE RecordKey IN ('REC_"));
         QVERIFY(plan->selects[2].startsWith("SELECT * FROM LogbookFiles WHERE RecordKey IN ('REC_"));
 
-        plan->failedSelects = 1; // a failed load leaves the tab empty, and nothing more is asked
+        plan->failedSelects = 1; // a failed load leaves the tab empty, and no further request follows
         QCOMPARE(open("WORKER_IVANOV"), captionOf(0));
         QCOMPARE(plan->selects.size(), 1);
         QVERIFY(!m_log->take(QStringLiteral("CVrkCliSes")).isEmpty());
@@ -229,7 +229,7 @@ private slots:
         desk.deliver();
         QCOMPARE(desk.keys(), QStringList{QStringLiteral("REC_PAST_1")});
         QCOMPARE(desk.caption(), captionOf(1));
-        QCOMPARE(desk.rowsInTable(), 2); // hidden, not gone
+        QCOMPARE(desk.rowsInTable(), 2); // hidden, not removed
     }
 
     void showsANewCommentOfAnotherClientAndItsReading()
@@ -242,7 +242,7 @@ private slots:
         other.deliver();
         QCOMPARE(author.keys(), QStringList{QStringLiteral("REC_TRIP")});
         QCOMPARE(author.caption(), captionOf(1));
-        QCOMPARE(other.caption(), captionOf(3)); // a comment brings its record in, whosever it is
+        QCOMPARE(other.caption(), captionOf(3)); // a comment adds its record, of any author
         QVERIFY(other.keys().contains(QStringLiteral("REC_TRIP")));
         author.select("REC_TRIP");
         author.button("readedCommentButton")->actions().first()->trigger();
@@ -309,7 +309,7 @@ private slots:
                     QStringLiteral("SELECT commentTime,readedTime FROM LogbookComments WHERE text_='Ответ'"))
                 .value(0);
         QVERIFY(row.value(0).toDouble() > 0);
-        QCOMPARE(row.value(1), row.value(0)); // born read
+        QCOMPARE(row.value(1), row.value(0)); // already marked as read
         desk.deliver();
         QCOMPARE(desk.list()->count(), 2);
         QCOMPARE(desk.caption(), captionOf(2));
@@ -328,7 +328,7 @@ private slots:
         QVERIFY(TestStore::write(petrov.get(), "LogbookComments", ROW_DELETE, "COM_UNREAD"));
         desk.deliver();
         QCOMPARE(desk.keys(), QStringList{QStringLiteral("REC_PAST_1")});
-        QCOMPARE(desk.caption(), captionOf(2)); // until the next change that tells the title
+        QCOMPARE(desk.caption(), captionOf(2)); // until the next change that updates the title
         emit desk.tab()->titleChanged();
         QCOMPARE(desk.caption(), captionOf(1));
     }
@@ -411,7 +411,7 @@ private slots:
         QVERIFY(!desk.send(EventInserted, "LogbookComments", "COM_NOWHERE"));
         QVERIFY(m_log->take().join(QString()).contains(QStringLiteral("Not found record")));
         QCOMPARE(desk.rowsInTable(), 2);
-        QVERIFY(!desk.send(EventDeleted, "LogbookComments", "COM_NOWHERE")); // it did not stay
+        QVERIFY(!desk.send(EventDeleted, "LogbookComments", "COM_NOWHERE")); // it was not added
     }
 
     void aFileWithoutItsRecordIsDropped()

@@ -153,7 +153,7 @@ private slots:
         f.item->setData(CommentIsReadRole, true);
         const QImage read = f.paint();
         QVERIFY(read.copy(mark) != unread.copy(mark));
-        // Of an unread one the mark lies behind the right edge.
+        // For an unread one the mark is outside the right edge.
         const QRect outside(f.option.rect.width(), 0, 100, f.option.rect.height());
         QVERIFY(unread.copy(outside) != read.copy(outside));
     }
@@ -224,7 +224,7 @@ private slots:
             QVERIFY(!text.font.bold());
             lowest = qMax(lowest, text.box.bottom());
         }
-        QCOMPARE(written, words); // wrapped, and nothing left out
+        QCOMPARE(written, words); // wrapped and complete
         QVERIFY2(lowest <= origin.y() + h + s + t + 1, qPrintable(QString::number(lowest)));
 
         const PaintRecord::Text date = page.find(QStringLiteral("1.2"));
@@ -251,7 +251,7 @@ private slots:
         QCOMPARE(page.find(word).text.trimmed(), word);
         QVERIFY(page.find(QStringLiteral("после")).box.top() > page.find(word).box.top());
         QVERIFY(page.find(QStringLiteral("до")).box.top() < page.find(word).box.top());
-        // All of it has room above the date.
+        // The whole text fits above the date.
         QVERIFY(page.find(QStringLiteral("после")).box.bottom() <=
                 page.find(QStringLiteral("01.02.2026")).box.top() + 1);
     }
@@ -275,7 +275,7 @@ private slots:
         PaintRecord page(QSize(1000, 1000));
         f.paintOn(&page);
         QCOMPARE(page.find(QStringLiteral("Author")).font.pixelSize(), 14);
-        QCOMPARE(log.take(), QStringList()); // no complaint at each painting
+        QCOMPARE(log.take(), QStringList()); // no warning at each painting
     }
 
     void leavesInvalidIndexesToItsBase()

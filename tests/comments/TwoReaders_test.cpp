@@ -43,7 +43,7 @@ struct Desk : JournalWindow {
             QTest::mouseClick(childOf<QPushButton>(editor, "applyButton"), Qt::LeftButton);
         }
     }
-    /// Makes a row of the tab of comments current; false when it is not shown.
+    /// Makes a row of the tab of comments current; false if it is not shown.
     bool selectComment(const QString& key)
     {
         tabs()->setCurrentWidget(comments);
@@ -86,7 +86,7 @@ QString captionOf(int count)
 }
 } // namespace
 
-/// What one does to a record the other sees, each at a workstation of his own.
+/// Two users at two workstations see each other's changes of a record.
 class TwoReaders_test : public QObject
 {
     Q_OBJECT
@@ -116,7 +116,7 @@ private slots:
         ivanov.deliver();
         QCOMPARE(ivanov.caption(), captionOf(3));
         QCOMPARE(ivanov.window().unreadComments(), 3);
-        QCOMPARE(petrov.caption(), captionOf(1)); // a comment brings its record in, whosever it is
+        QCOMPARE(petrov.caption(), captionOf(1)); // a comment adds its record, of any author
         QCOMPARE(petrov.window().unreadComments(), 0);
 
         QVERIFY(ivanov.selectComment(QStringLiteral("REC_MESSAGE")));
@@ -181,7 +181,7 @@ private slots:
         QVERIFY(petrov.hasStatusOf("REC_OPENING", 2));
         QVERIFY(!Desk::childOf<QToolButton>(&petrov.home(), "createCommentButton")->isEnabled());
         ivanov.deliver();
-        QVERIFY(ivanov.selectComment(QStringLiteral("REC_OPENING"))); // its comment is unread still
+        QVERIFY(ivanov.selectComment(QStringLiteral("REC_OPENING"))); // its comment is still unread
         QVERIFY(!Desk::childOf<QToolButton>(ivanov.comments, "createCommentButton")->isEnabled());
     }
 
