@@ -81,7 +81,7 @@ bool write(const TestStore& store, const char* table, const char* key, const Tes
     return TestStore::write(store.openLoader().get(), table, ROW_INSERT, key, fields);
 }
 
-/// Two categories, three templates, three parameters; everything can be converted.
+/// Two categories, three templates, three parameters that can all be converted.
 void writeEarlierJournal(const TestStore& store)
 {
     grant(store, QStringLiteral("ivanov"));
@@ -105,7 +105,7 @@ void writeEarlierJournal(const TestStore& store)
         write(store, "OperLogTemplates", "T4", {{"name_", "Сирота"}, {"CategoryKey", "C3"}, {"text_", "x"}}));
 }
 
-/// Counts the moves of the mouse that have been delivered.
+/// Counts the delivered mouse moves.
 class MouseWatch : public QObject
 {
 public:
@@ -386,7 +386,7 @@ private slots:
         QCOMPARE(desk.save()->isEnabled(), !error);
     }
 
-    /// The store would refuse the key, and with it all parameters, after the templates that need them were written.
+    /// The store would refuse the key, and all parameters with it, after writing templates that need them.
     void anInvalidKeyPreventsSaving_data()
     {
         QTest::addColumn<QString>("name");
@@ -511,7 +511,7 @@ private slots:
         desk.press(desk.convert());
         plan->refusedWrites = 1;
         desk.press(desk.save());
-        QCOMPARE(plan->writes, 2); // one transaction a pair of tables
+        QCOMPARE(plan->writes, 2); // one transaction for each pair of tables
         const QString failed = text("CVrkCliSes::BlockEnd для параметров завершился с ошибкой");
         QCOMPARE(desk.lines().mid(desk.lines().size() - 2),
                  (QStringList{failed, text("Шаблоны успешно сохранены")}));
@@ -729,7 +729,7 @@ private slots:
         QApplication::setPalette(before);
         QCOMPARE(faint, QStringList());
         QCOMPARE(image.pixelColor(image.width() / 2, image.height() - 2), ground);
-        QCOMPARE(desk.colour(text("Нет прав: SQL_EXEC")), QColor(Qt::darkRed)); // what it was given
+        QCOMPARE(desk.colour(text("Нет прав: SQL_EXEC")), QColor(Qt::darkRed)); // its original colour
     }
 };
 

@@ -25,7 +25,7 @@
 #include <QTextEdit>
 #include <QTreeView>
 
-/// The earlier journal of the demo, converted and saved: what the journal makes of its templates.
+/// The earlier journal of the demo, converted and saved: how the journal uses its templates.
 class ConvertedDemo_test : public QObject
 {
     Q_OBJECT
@@ -153,7 +153,7 @@ private slots:
                  QStringLiteral("Сообщено"));
         QCOMPARE(page->findChild<QComboBox*>(QStringLiteral("templateFirstMarkBox"))->currentText(),
                  QStringLiteral("Авария"));
-        QVERIFY(!page->isExistUnsaved()); // showing it changes nothing
+        QVERIFY(!page->isExistUnsaved()); // showing it causes no change
     }
 
     void oneOfEachKindIsSavedAsARecord()
@@ -236,7 +236,7 @@ private:
     std::unique_ptr<TestStore> m_store;
     QString m_report;
     std::unique_ptr<CMDArray> m_templates;
-    QSet<QString> m_present; ///< keys of the templates that were there before
+    QSet<QString> m_present; ///< keys of the templates that existed before
 };
 
 QTEST_MAIN(ConvertedDemo_test)

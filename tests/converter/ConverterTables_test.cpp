@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-/// Keys, the guard against a second run, and what goes to the server.
+/// Keys, the guard against a second run, and the rows sent to the server.
 class ConverterTables_test : public QObject
 {
     Q_OBJECT

@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-/// Old parameters become rows of TemplateParams, and templates find what they refer to.
+/// Old parameters become rows of TemplateParams, and references of templates are resolved.
 class ParamRules_test : public QObject
 {
     Q_OBJECT
@@ -160,7 +160,7 @@ private slots:
         ParamRules(&tables, &report).processParameters();
         QCOMPARE(report.lines().size(), 4);
         QCOMPARE(report.lines()[1].text, QStringLiteral("Поле param: DateTimeFormat=Century"));
-        QCOMPARE(report.failed, QStringList{QString()}); // which keeps the conversion from being saved
+        QCOMPARE(report.failed, QStringList{QString()}); // which prevents saving the conversion
     }
 
     void reportsAndSkipsARowWithoutAName_data()

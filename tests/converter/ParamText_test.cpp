@@ -81,7 +81,7 @@ private slots:
         row("Equipment;rest", "equipment");
         row(";a=Line;", "line");
         row("Equipment", "equipment");
-        row("Equipment=Wall;", "equipmentname"); // "wall" holds "all"
+        row("Equipment=Wall;", "equipmentname"); // "wall" contains "all"
     }
     void equipment()
     {

@@ -7,7 +7,7 @@ Q_DECLARE_METATYPE(Written)
 
 #define MARK "<span style=\" text-decoration: line-through;\">"
 
-/// How old template texts are read, rule by rule.
+/// Reading old template texts, rule by rule.
 class TemplateMarks_test : public QObject
 {
     Q_OBJECT

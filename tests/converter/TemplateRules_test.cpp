@@ -10,7 +10,7 @@
 
 namespace
 {
-/// Old tables with a common category "C", and the rules run over them.
+/// Old tables with a common category "C", and the rules applied to them.
 struct Run {
     EarlierTables tables;
     ConversionReport report;
@@ -344,7 +344,7 @@ private slots:
             QVERIFY2(text.contains(QString::fromUtf8(line)), line);
     }
 
-    /// Whatever an old text is made of, the new one holds its parameters in their order and shows no markup.
+    /// For any old text, the new one has its parameters in their order and shows no markup.
     void anyTextReadsBack_data()
     {
         QTest::addColumn<unsigned>("seed");
