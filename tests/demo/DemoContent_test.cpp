@@ -17,7 +17,7 @@ std::string templateProperty(const QString& html, const char* name)
 }
 } // namespace
 
-/// What the demo journal holds.
+/// The content of the demo journal.
 class DemoContent_test : public QObject
 {
     Q_OBJECT
@@ -74,7 +74,7 @@ private slots:
         QCOMPARE(demo.count(QStringLiteral(
                      "OperLogCategories WHERE name_ IN (SELECT nameLoc FROM LogbookCatsTemplate)")),
                  0);
-        // A "<" without a ">" would keep it busy for ever.
+        // A "<" without a ">" would make it loop forever.
         for (const QVariantList& row : demo.rows(QStringLiteral("SELECT text_ FROM OperLogTemplates")))
             QCOMPARE(row[0].toString().count(QLatin1Char('<')), row[0].toString().count(QLatin1Char('>')));
     }

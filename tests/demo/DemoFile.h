@@ -14,7 +14,7 @@ inline qint64 at(const char* text)
     return QDateTime::fromString(QLatin1String(text), QStringLiteral("dd.MM.yyyy hh:mm")).toSecsSinceEpoch();
 }
 
-/// A file of its own with what the demo makes of it; rows are read through the store.
+/// The demo journal in a separate file; rows are read through the store.
 class DemoFile
 {
 public:
@@ -99,7 +99,7 @@ const char storyShift[] =
     "(SELECT W.KeyLink FROM LogbookWorkshifts AS W JOIN Departments AS D ON D.KeyLink = "
     "W.DepartmentKey WHERE D.name_ = 'ЦДС' AND coalesce(W.CloseWorkerKey, '') = '')";
 
-/// "FROM" what: the records of that shift that meet a condition.
+/// "FROM" clause: the records of that shift that meet a condition.
 inline QString inStory(const char* condition)
 {
     return QStringLiteral("LogbookRecords WHERE ShiftKey = %1 AND %2")

@@ -47,7 +47,7 @@ private slots:
         const DemoFile other;
         fill(other, now);
         StoreError error;
-        for (const int templates : {400, 450, 400, 0}) { // each time anew
+        for (const int templates : {400, 450, 400, 0}) { // written again each time
             QVERIFY2(DemoStore::writeEarlierJournal(other.url(), now, templates, &error),
                      qPrintable(error.text + error.detail));
             QCOMPARE(other.count(QStringLiteral("OperLogCategories")), 60);
@@ -59,7 +59,7 @@ private slots:
         }
         QCOMPARE(other.findings(), QString());
         QCOMPARE(other.state(now), DemoStore::State::Current);
-        QCOMPARE(other.state(now + 86400), DemoStore::State::Ended); // the demo's own work
+        QCOMPARE(other.state(now + 86400), DemoStore::State::Ended); // the demo's own transactions
         QVERIFY(DemoStore::writeEarlierJournal(other.url(), now, 400, &error));
         QCOMPARE(
             other.count(QStringLiteral(
@@ -135,7 +135,7 @@ private slots:
             QStringLiteral("SELECT KeyLink, html, recordTime FROM LogbookRecords ORDER BY KeyLink");
         QVERIFY(other.rows(sql) == fresh.rows(sql));
         QCOMPARE(other.findings(), QString());
-        QCOMPARE(other.state(later + 3 * 86400), DemoStore::State::Ended); // and so for ever
+        QCOMPARE(other.state(later + 3 * 86400), DemoStore::State::Ended); // and so on forever
     }
 
     void aTouchedDemoKeepsItsRecordsAndGetsANewShift()
@@ -152,7 +152,7 @@ private slots:
         QVERIFY2(DemoStore::renew(other.url(), later, &error), qPrintable(error.text));
         QCOMPARE(other.state(later), DemoStore::State::Current);
         QCOMPARE(other.findings(), QString());
-        QCOMPARE(other.count(QStringLiteral("LogbookRecords")), records + 6); // three departments go on
+        QCOMPARE(other.count(QStringLiteral("LogbookRecords")), records + 6); // three departments continue
         QCOMPARE(other.count(
                      QStringLiteral("LogbookWorkshifts WHERE KeyLink = '%1' AND CloseWorkerKey IS NOT NULL")
                          .arg(old)),
@@ -162,7 +162,7 @@ private slots:
                                  .arg(QString::fromUtf8(storyShift))
                                  .arg(later)),
                  1);
-        // The day after it is touched still, and the colleague can go on writing.
+        // The next day it is still touched, and the colleague can continue writing.
         QVERIFY2(DemoStore::writeLiveRecord(other.url(), later + 60, 1, &error), qPrintable(error.text));
         QCOMPARE(other.state(later + 86400), DemoStore::State::Touched);
         QVERIFY2(DemoStore::renew(other.url(), later + 86400, &error), qPrintable(error.text));
