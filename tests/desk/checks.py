@@ -1,6 +1,6 @@
 """What has to be right after every step, whatever was done."""
 
-# Dialogs of the toolkit: what they show is not ours.
+# Qt's own dialogs: their content is not ours.
 NOT_OURS = {"QFileDialog"}
 
 

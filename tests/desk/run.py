@@ -114,7 +114,7 @@ def main():
     parser.add_argument("--seed", type=int, default=int(time.time()))
     parser.add_argument("--keys", type=int, default=0, help="how many keys and clicks the scene monkey makes")
     options = parser.parse_args()
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # ends what was started, too
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # also ends the started programs
     build = os.path.abspath(options.build)
     with tempfile.TemporaryDirectory(prefix="vrk-desk-") as folder:
         demo = make_demo(build, folder)

@@ -17,7 +17,7 @@ from Xlib.protocol import event
 MODIFIERS = {"Ctrl": "Control_L", "Shift": "Shift_L", "Alt": "Alt_L"}
 LATIN, RUSSIAN = 0, 1
 LAYOUT_KEY = 0xfe08  # ISO_Next_Group
-DOUBLE_CLICK = 0.6  # seconds, more than the toolkit's
+DOUBLE_CLICK = 0.6  # seconds, more than Qt's interval
 GRACE = 5  # seconds that a process has to end by itself
 
 
@@ -73,7 +73,7 @@ class Screen:
         self.display = display.Display(self.environment["DISPLAY"])
         self.root = self.display.screen().root
         self.atom = self.display.intern_atom
-        # What a desktop sets when its user asks for larger letters.
+        # The setting of a desktop for larger letters.
         self.root.change_property(Xatom.RESOURCE_MANAGER, Xatom.STRING, 8, f"Xft.dpi:\t{96 * letters // 100}\n".encode())
         self._learn_keyboard()
         with open(f"{folder}/openbox.log", "wb") as log:
@@ -87,7 +87,7 @@ class Screen:
         if self.display:
             try:
                 self.display.close()
-            except Exception:  # the server may be gone
+            except Exception:  # the server may have ended
                 pass
         end(self.server)
 
@@ -122,7 +122,7 @@ class Screen:
             return chr(symbol)
         if symbol == 0x6b0:
             return "№"
-        if 0x6a0 <= symbol <= 0x6ff:  # the keyboard's own numbers of Cyrillic letters are those of KOI8-R
+        if 0x6a0 <= symbol <= 0x6ff:  # the keyboard numbers of Cyrillic letters are those of KOI8-R
             return {0x6a3: "ё", 0x6b3: "Ё"}.get(symbol) or (bytes([symbol & 0xff]).decode("koi8-r") if symbol >= 0x6c0 else None)
         return None
 
@@ -187,7 +187,7 @@ class Screen:
         self.display.sync()
 
     def click(self, x, y, button=1, times=1):
-        if (x, y) == self.clicked[:2]:  # no double click with the one before
+        if (x, y) == self.clicked[:2]:  # avoids a double click with the previous one
             time.sleep(max(0, self.clicked[2] + DOUBLE_CLICK - time.monotonic()))
         self.clicked = (x, y, time.monotonic())
         self.point(x, y)
@@ -223,7 +223,7 @@ class Screen:
 
     def place(self, wid, x, y, width, height):
         """The frame's corner and the size of what is in it; what is None stays."""
-        flags = 1 | 2 << 12  # the corner of the frame, asked for by a pager
+        flags = 1 | 2 << 12  # the corner of the frame, requested like a pager does
         for bit, value in enumerate((x, y, width, height)):
             flags |= (1 << (8 + bit)) if value is not None else 0
         self._ask(wid, "_NET_MOVERESIZE_WINDOW", [flags] + [int(v or 0) for v in (x, y, width, height)])
@@ -261,7 +261,7 @@ class Screen:
         for window in self.root.query_tree().children:
             try:
                 look(window, None)
-            except Exception as error:  # it went away meanwhile
+            except Exception as error:  # it was closed in the meantime
                 if "BadWindow" not in repr(error) and "BadDrawable" not in repr(error):
                     raise
         return seen

@@ -109,7 +109,7 @@ class Seat:
         if self.line:
             try:
                 self.line.close()
-            except OSError:  # the other end has gone
+            except OSError:  # the other end is closed
                 pass
             self.line = None
         end(self.process)
@@ -173,7 +173,7 @@ class Seat:
                 raise Failure(f"{self.name}: waited in vain for {what}")
             time.sleep(CALM)
 
-    # -- hands; each looks whether all is well afterwards
+    # -- actions; each checks the windows afterwards
 
     def look(self, step):
         """Records what is wrong with what can be seen, as soon as it does not go away by itself."""
@@ -327,7 +327,7 @@ class Seat:
                     break
         raise Failure(f"{self.name}: no row with {text} in {name}")
 
-    # -- what the frame of a window offers
+    # -- actions of a window's frame
 
     def frame(self, cls):
         window = self.wait(lambda tree: tree.shown(cls), f"window {cls}")

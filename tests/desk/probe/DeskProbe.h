@@ -3,9 +3,9 @@
 #include <QLocalServer>
 #include <QObject>
 
-/// Tells what the windows of a running program look like: a plug-in of the toolkit that tests load into the unmodified
-/// program by QT_QPA_GENERIC_PLUGINS=deskprobe:SOCKET. It only reads. Every line that comes on the socket is answered by one
-/// line of JSON, see WidgetReport; while the program is busy the answer waits.
+/// Reports the state of the windows of a running program: a Qt plug-in that tests load into the unmodified
+/// program by QT_QPA_GENERIC_PLUGINS=deskprobe:SOCKET. It only reads. Every line on the socket is answered
+/// by one line of JSON, see WidgetReport; while the program is busy the answer waits.
 class DeskProbe : public QObject
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class DeskProbe : public QObject
 public:
     explicit DeskProbe(const QString& socket);
 
-    /// Counts what the window system sends, so that a test knows when its keys have arrived.
+    /// Counts the input events, so that a test knows when its keys have arrived.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

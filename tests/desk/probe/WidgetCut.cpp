@@ -16,7 +16,7 @@
 
 namespace
 {
-/// Pixels by which metrics and painting may differ.
+/// Tolerated difference in pixels between metrics and painting.
 constexpr int slack = 2;
 
 QString plain(QString text)
@@ -83,7 +83,7 @@ QString cutTabs(const QTabBar* bar)
     return QString();
 }
 
-/// Its own scroll area may show it bit by bit; everything else has to show it whole.
+/// Its own scroll area may show a part of it; all other parents must show all of it.
 QString outsideParent(const QWidget* widget)
 {
     QRect rect = widget->rect();

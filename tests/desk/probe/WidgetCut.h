@@ -3,5 +3,5 @@
 class QString;
 class QWidget;
 
-/// Why not all of the widget's own text can be seen, in a few words; empty when all can.
+/// Why a part of the widget's own text is not visible, in a few words; empty if all of it is.
 QString widgetCut(const QWidget* widget);

@@ -25,7 +25,7 @@ namespace
 {
 constexpr int cellsAtMost = 4000;
 
-/// The same for as long as the widget lives.
+/// Constant for the widget's lifetime.
 double idOf(const QWidget* widget)
 {
     return double(quintptr(widget));
@@ -77,7 +77,7 @@ QJsonObject item(const QString& text, const QJsonArray& rect, bool isCurrent, bo
             {QStringLiteral("enabled"), isEnabled}};
 }
 
-/// A row of the view: the texts of its cells with bars between them.
+/// A row of the view: the texts of its cells separated by bars.
 QJsonObject row(const QAbstractItemView* view, const QModelIndex& first)
 {
     const QAbstractItemModel* model = view->model();
@@ -192,7 +192,7 @@ QJsonObject describe(const QWidget* widget)
     return made;
 }
 
-/// Of a hidden window only the frame is reported: its contents do not matter, but the fact that it is hidden does.
+/// Of a hidden window only the frame is reported: that it is hidden matters, its contents do not.
 QJsonObject describeWindow(const QWidget* window)
 {
     QJsonObject made;
