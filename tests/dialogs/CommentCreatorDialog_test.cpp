@@ -18,7 +18,7 @@ private:
         {
             window.resize(700, 600);
             window.show();
-            if (!QTest::qWaitForWindowActive(&window)) // before the dialog asks for the same
+            if (!QTest::qWaitForWindowActive(&window)) // before the dialog requests the same
                 qFatal("the window does not show");
         }
         QTextEdit* edit() { return dialog.findChild<QTextEdit*>(QStringLiteral("commentEdit")); }
@@ -63,7 +63,7 @@ private slots:
         QCOMPARE(f.changed.at(0), QVariantList({QStringLiteral("C1"), QStringLiteral("Старый!")}));
 
         f.dialog.show();
-        QVERIFY(!f.apply()->isEnabled()); // at each showing
+        QVERIFY(!f.apply()->isEnabled()); // each time it is shown
     }
 
     void doesNotApplyAnEmptiedText()
@@ -116,7 +116,7 @@ private slots:
         QTest::keyClicks(f.edit(), QStringLiteral("a"));
         QTest::mouseClick(f.button("asNewButton"), Qt::LeftButton);
         QVERIFY(!f.notice()->isVisible());
-        QCOMPARE(f.edit()->toPlainText(), QStringLiteral("a")); // nothing typed is lost
+        QCOMPARE(f.edit()->toPlainText(), QStringLiteral("a")); // typed text is not lost
         f.apply()->click();
         QCOMPARE(f.changed.at(0), QVariantList({QString(), QStringLiteral("a")}));
         f.dialog.warn(QString());
@@ -142,7 +142,7 @@ private slots:
         QCOMPARE(f.edit()->toPlainText(), QStringLiteral("Второй"));
         f.apply()->click();
         f.dialog.clear();
-        f.dialog.show(); // the one before it waits still
+        f.dialog.show(); // the previous one is still waiting
         QTest::mouseClick(f.button("takeKeptButton"), Qt::LeftButton);
         QCOMPARE(f.edit()->toPlainText(), QStringLiteral("Первый"));
         f.apply()->click();
@@ -171,7 +171,7 @@ private slots:
         QCOMPARE(held.first().values.value(QStringLiteral("record")), QStringLiteral("R1"));
         QCOMPARE(held.first().values.value(QStringLiteral("caption")),
                  QStringLiteral("комментарий «Старый!»"));
-        f.cancel()->click(); // the user does not want it
+        f.cancel()->click(); // dropped by the user
         f.dialog.clear();
         f.dialog.show();
         QVERIFY(!f.keptBar()->isVisible());
@@ -208,7 +208,7 @@ private slots:
         }
     }
 
-    // A tab that is closed takes its dialog along, not what could not be written there.
+    // A closed tab deletes its dialog, but not the text that could not be written there.
     void aTextThatWasNotWrittenOutlivesItsDialog()
     {
         Fixture f;

@@ -59,7 +59,7 @@ QString contentOf(const QWidget* widget)
     return text;
 }
 
-/// All that a user sees of a dialog, one widget a line.
+/// The visible state of a dialog, one line for each widget.
 QStringList stateOf(const QWidget* dialog)
 {
     QStringList lines{QStringLiteral("at %1,%2 size %3x%4")
@@ -229,7 +229,7 @@ QWidget* parameter(JournalWindow& journal)
 }
 } // namespace
 
-/// What stands in a dialog is still there after its window was minimised and restored: for every dialog.
+/// For every dialog: its content is unchanged after its window was minimised and restored.
 class MinimisedDialogs_test : public QObject
 {
     Q_OBJECT

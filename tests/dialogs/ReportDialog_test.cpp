@@ -67,7 +67,7 @@ private:
         return HfnTime_to_DateTime(time, -1).toString(QStringLiteral("dd.MM.yyyy hh:mm"));
     }
 
-    /// Without the lines that part the days, which stand there when the shift has passed midnight.
+    /// Without the day lines, which exist if the shift has passed midnight.
     static QVector<VrkPreviewTable::Row> recordsOf(const VrkPreviewTable& table)
     {
         QVector<VrkPreviewTable::Row> records;
