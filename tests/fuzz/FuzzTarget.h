@@ -1,7 +1,7 @@
 #pragma once
 
-/// What every fuzz target defines. The same file becomes two programs: one that libFuzzer drives (option
-/// VRK_BUILD_FUZZ), and one that runs a fixed number of seeded mutations among the tests.
+/// The functions that every fuzz target defines. The same file is built into two programs: one driven by
+/// libFuzzer (option VRK_BUILD_FUZZ), and one that runs a fixed number of seeded mutations among the tests.
 
 #include <cstddef>
 #include <cstdint>
@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 /// Well-formed inputs to start from.
 std::vector<QByteArray> fuzzSeeds();
 
-/// Ends the program when a property does not hold, and names the line that asked.
+/// Ends the program if a property is violated, and prints the line of the call.
 inline void fuzzRequire(bool holds, const char* file = __builtin_FILE(), int line = __builtin_LINE())
 {
     if (!holds) {

@@ -46,7 +46,7 @@ int main(int argc, char** argv)
     const std::vector<QByteArray> seeds = fuzzSeeds();
     std::mt19937 random(1);
     const auto tryOut = [](const QByteArray& input) {
-        // A copy of exactly this size, so that a step beyond its end is a step out of the allocation.
+        // A copy of exactly this size, so that an access beyond its end is outside the allocation.
         const std::vector<std::uint8_t> bytes(input.begin(), input.end());
         LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
     };

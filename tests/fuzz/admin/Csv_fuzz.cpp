@@ -1,8 +1,8 @@
 #include "Csv.h"
 #include "FuzzTarget.h"
 
-// Any bytes are a file: they are read or refused with the line, and rows that were read come back from what is written
-// of them.
+// For any bytes as a file: they are read, or refused with the line; rows that were read are the same after
+// writing and reading them.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -20,10 +20,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         last = row.line;
         cells.append(row.cells);
         for (QString& cell : cells.last()) {
-            cell.remove(QChar::ByteOrderMark); // at the beginning of a file it is the mark of its encoding
+            cell.remove(QChar::ByteOrderMark); // at the beginning of a file it is the byte order mark
             for (QChar& sign : cell)
                 if (sign.isSurrogate())
-                    sign = QLatin1Char('?'); // half a pair is no text
+                    sign = QLatin1Char('?'); // half a surrogate pair is not a text
         }
         if (cells.last().join(QString()).trimmed().isEmpty())
             cells.removeLast();

@@ -6,8 +6,8 @@
 #include "TemplateMarks.h"
 #include "TemplateRules.h"
 
-// A template and its parameters of the earlier journal may hold any text: what is converted is a template's text that
-// reads as it was written, and each template is converted or named in the report.
+// A template and its parameters of the earlier journal may contain any text: the result is a valid template
+// text, and each template is converted or named in the report.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -3,8 +3,8 @@
 #include "MDRValues.h"
 #include "PackedInput.h"
 
-// An array out of any bytes is either refused and empty, or sound: every value can be read, every record
-// found where its keys say, and packing it again gives an array that packs to the same bytes.
+// An array from any bytes is either refused and empty, or valid: every value can be read, every record is
+// found by its keys, and packing it again gives an array that packs to the same bytes.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         for (int i = 0; i < MDAFldCount(array.array); ++i) {
             MDRVar value;
             fuzzRequire(MDRGetVal(MDRFldByNum(array.array, i), record, &value) == mdr_Ok);
-            if (MDRValue::isText(value)) // every byte is there, and the NUL behind them
+            if (MDRValue::isText(value)) // every byte can be read, and the NUL after them
                 fuzzRequire(QByteArray(value.value.text.data, value.value.text.length + 1).endsWith('\0'));
         }
         fuzzRequire(MDARecEdit(record) != nullptr);

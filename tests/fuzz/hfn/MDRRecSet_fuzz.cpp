@@ -3,14 +3,14 @@
 #include "MDRValues.h"
 #include "PackedInput.h"
 
-// A record out of any bytes is either refused and empty, or sound: its type reads it, its values can be
+// A record from any bytes is either refused and empty, or valid: its type reads it, its values can be
 // copied into an array by position, and packing it again gives a record that packs to the same bytes.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     bool wrapped = false;
     const QByteArray input = packedInput(data, size, "VRKR", &wrapped);
-    // Without the NUL that ends a byte array: nothing may be read behind the last byte.
+    // Without the NUL that ends a byte array: nothing may be read after the last byte.
     const std::vector<char> packed(input.begin(), input.end());
 
     MDRData record;

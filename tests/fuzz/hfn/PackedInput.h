@@ -2,8 +2,8 @@
 
 #include "PackedBytes.h"
 
-/// The bytes of an input after its first one. With an odd first byte they become the content of a form with a
-/// valid checksum, so that what lies behind the checksum is reached.
+/// The bytes of an input after its first one. If the first byte is odd, they become the content of a form
+/// with a valid checksum, so that the code after the checksum test is reached.
 inline QByteArray packedInput(const std::uint8_t* data, std::size_t size, const char (&tag)[5], bool* wrapped)
 {
     *wrapped = size > 0 && data[0] % 2 == 1;
@@ -17,7 +17,7 @@ inline QByteArray packedInput(const std::uint8_t* data, std::size_t size, const 
     return writer.finish();
 }
 
-/// The content of a form: what stands between its head and its checksum.
+/// The content of a form, between its head and its checksum.
 inline QByteArray packedContent(const QByteArray& packed)
 {
     return packed.mid(9, packed.size() - 13);

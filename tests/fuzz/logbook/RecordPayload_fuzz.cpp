@@ -5,8 +5,8 @@
 #include <QClipboard>
 #include <QMimeData>
 
-// Whatever lies on the clipboard under the name of a record, a paste writes nothing, or one draft when it names a record
-// that is there.
+// For any clipboard content in the format of a record, a paste writes nothing, or one draft if it names an
+// existing record.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

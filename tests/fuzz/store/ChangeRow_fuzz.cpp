@@ -4,8 +4,8 @@
 #include "CodePage.h"
 #include "FuzzTarget.h"
 
-// Any bytes are a row of the change log: they are taken apart or give an empty row, and an event made of them can be
-// unpacked again.
+// For any bytes as a row of the change log: they are parsed or give an empty row, and an event made from
+// them can be unpacked again.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static ChangePacker packer(codePage.get());
     static const QVector<CatalogTable>& tables = TableCatalog::tables();
 
-    // The first byte chooses the table, a NUL parts the old row from the new one.
+    // The first byte chooses the table, a NUL separates the old row from the new one.
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));
     const CatalogTable& table =
         tables.at(bytes.isEmpty() ? 0 : static_cast<uchar>(bytes.at(0)) % tables.size());

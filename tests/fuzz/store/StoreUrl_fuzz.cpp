@@ -1,7 +1,7 @@
 #include "FuzzTarget.h"
 #include "StoreUrl.h"
 
-// Any text is an address: it is taken apart or refused, and what is shown of it never carries the password.
+// For any text as an address: it is parsed or refused, and its shown form never contains the password.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzzRequire(url.engine == StoreUrl::Sqlite || url.file.isEmpty());
     fuzzRequire(StoreUrl(url.shown()).engine == url.engine);
 
-    // The same text as a password, in both places where one can stand.
+    // The same text as a password, in both possible places.
     const QString secret = QLatin1String("geheim") + QString::fromLatin1(text.toUtf8().toHex().left(16));
     const QString inAuthority = StoreUrl(QLatin1String("postgresql://ivanov:") + secret +
                                          QLatin1String("@host/journal?application_name=") +

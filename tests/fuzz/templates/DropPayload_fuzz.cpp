@@ -7,7 +7,8 @@
 #include <QMimeData>
 #include <QTextCodec>
 
-// The tree of templates takes a drop of any payload: it moves nothing, or asks for a move of a key that is not empty.
+// For a drop of any payload the tree of templates moves nothing, or requests a move of a key that is not
+// empty.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

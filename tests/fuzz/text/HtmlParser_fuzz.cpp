@@ -5,8 +5,9 @@
 #include <QTextCodec>
 #include <string>
 
-// Any bytes are a text: without changes they come back as they were; shown texts, data and template properties that are
-// set can be read again, whatever surrounds them; and what a reader sees numbers the parameters as the parser does.
+// For any bytes as a text: without changes it is returned unchanged; shown texts, data and template
+// properties that were set can be read again, with any text around them; and the visible text numbers the
+// parameters like the parser.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -17,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const unsigned count = parser.countParameters();
     const std::string value = text.substr(0, 40);
-    std::string shown; // a text carries neither a NUL nor the difference between line ends
+    std::string shown; // a text contains no NUL, and does not distinguish line ends
     for (std::size_t i = 0; i < value.size(); ++i) {
         if (value[i] == '\r')
             shown += i + 1 < value.size() && value[i + 1] == '\n' ? "" : "\n";

@@ -7,8 +7,8 @@
 #include <QApplication>
 #include <QMimeData>
 
-// The editor of templates takes any text: what it makes of it is a template's text that reads the same once more,
-// a copied passage comes back as it was, and any payload of the clipboard or of a drag leaves a sound text.
+// The template editor accepts any text: its result is a template's text that stays the same when read
+// again, a copied passage is unchanged, and any payload of the clipboard or of a drag leaves a valid text.
 
 namespace
 {
@@ -23,7 +23,7 @@ void requireSound(const QString& html)
     const std::string text = html.toStdString();
     fuzzRequire(HtmlParser(text).readyHtml(true) == text);
 }
-/// The same to a reader: the words, and the parameters with their values.
+/// Equal for a reader: the words, and the parameters with their values.
 void requireSame(const QString& left, const QString& right)
 {
     fuzzRequire(TemplateText::plain(left) == TemplateText::plain(right));
@@ -55,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     editor.setContent(once);
     const QString twice = editor.content();
     requireSame(once, twice);
-    editor.setContent(twice); // what shows nothing may lose its looks, but only once
+    editor.setContent(twice); // invisible text may lose its looks, but only once
     fuzzRequire(editor.content() == twice);
 
     const int end = editor.document()->characterCount() - 1;

@@ -6,8 +6,8 @@
 #include <QSet>
 #include <QTemporaryDir>
 
-// Any file in the folder of the plug-ins is a description or is passed over with a warning; modules have names and
-// titles, and no name stands twice.
+// Any file in the folder of the plug-ins is a description or is skipped with a warning; modules have names
+// and titles, and no name occurs twice.
 
 namespace
 {

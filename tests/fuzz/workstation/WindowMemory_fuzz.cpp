@@ -9,8 +9,8 @@
 #include <QTableView>
 #include <QTemporaryDir>
 
-// Whatever stands in the file of settings, a window opens where it can be seen, with panes and columns that can be
-// used, and what it keeps then is read back.
+// For any content of the settings file, a window opens at a visible place, with usable panes and columns,
+// and its saved state is read back.
 
 namespace
 {
@@ -29,7 +29,7 @@ struct Host {
     }
 };
 
-/// As the toolkit reads "@Rect(x y width height)", with the wrap of its release build.
+/// As Qt reads "@Rect(x y width height)", with the integer overflow of its release build.
 QRect rectOf(int x, int y, int width, int height)
 {
     const auto end = [](int begin, int length) {
@@ -40,7 +40,7 @@ QRect rectOf(int x, int y, int width, int height)
     return rect;
 }
 
-/// What a line of an INI file can hold: a text, a number, a list, a map, bytes, a rectangle.
+/// The possible values in a line of an INI file: a text, a number, a list, a map, bytes, a rectangle.
 QVariant valueOf(const QByteArray& bytes)
 {
     if (bytes.isEmpty())
