@@ -7,7 +7,7 @@
 #include <string_view>
 
 /// Long seeded runs of all operations, compared step by step with a model that is too simple to be wrong: a
-/// vector of rows in order of entry, sorted anew for every question.
+/// vector of rows in order of entry, sorted again for every query.
 class ArrayModel_test : public QObject
 {
     Q_OBJECT

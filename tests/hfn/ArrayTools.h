@@ -1,6 +1,6 @@
 #pragma once
 
-/// What the tests of record arrays share: short ways to make arrays, to fill and to read records.
+/// Helpers for the tests of record arrays: they make arrays, fill and read records.
 
 #include "MDRValues.h"
 
@@ -93,7 +93,7 @@ public:
     }
 };
 
-/// A blob in a store of the test's making.
+/// A blob in a store of the test.
 class TestBlob : public MDRBlobSource
 {
 public:

@@ -109,7 +109,7 @@ void CMDArray_test::setValFSetsValueAndMark()
 {
     MixedArray array;
     MDRData* record = array.fresh("a");
-    QVERIFY(!array.isMarked(record, "KeyLink")); // set with MDRSetVal: names the row, is no change
+    QVERIFY(!array.isMarked(record, "KeyLink")); // set with MDRSetVal: names the row, is not a change
     array.SetValF(record, "NUMBER", MDRValue::number(4));
     QCOMPARE(array.get(record, "number").value.number, 4);
     QVERIFY(array.isMarked(record, "number"));

@@ -104,7 +104,7 @@ void FieldIndex_test::isRebuiltAfterClearingAndCopying()
     QCOMPARE(keysWith(source, "t"), QByteArray("cd"));
     QCOMPARE(MDACopy(array.array, source.array, 1), int(mdr_Ok));
     QCOMPARE(keysWith(array, "t"), QByteArray("cd"));
-    // A field with this name at another place.
+    // A field with this name at another position.
     const MDRFieldDescr fields[] = {{"text_", 0, mdr_TMemo}, {"KeyLink", 0, mdr_TChar}};
     CMDArray turned;
     MDACreate(&turned.array, 0);
@@ -159,7 +159,7 @@ void FieldIndex_test::findsTheRecordsWithoutValues()
     array.add("a", "text_", MDRValue::text("t"));
     array.add("d", "number", MDRValue::number(1));
     array.add("b");
-    array.add("e", "text_", MDRValue::text("")); // the empty text is a value
+    array.add("e", "text_", MDRValue::text("")); // the empty text is also a value
     QCOMPARE(keysWithout(array, "text_"), QByteArray("cdb"));
     QCOMPARE(keysWithout(array, "text_;number"), QByteArray("cb"));
     QCOMPARE(keysWithout(array, "TEXT_;NUMBER"), QByteArray("cb"));

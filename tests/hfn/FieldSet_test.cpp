@@ -63,14 +63,14 @@ void FieldSet_test::namesThatOnlyLookAlikeAreDifferent()
     QVERIFY(MDRFldByName(array.array, "KeyLin") == nullptr);
     QVERIFY(MDRFldByName(array.array, "KeyLink_") == nullptr);
     QVERIFY(MDRFldByName(array.array, "") == nullptr);
-    // '[' and '{' differ by the bit that makes letters small, and are no letters.
+    // '[' and '{' differ in the bit that makes letters lower case, but are not letters.
     const MDRFieldDescr brackets[] = {{"a[", 0, mdr_TInt32}, {"a{", 0, mdr_TInt32}, {"a@", 0, mdr_TInt32}};
     CMDArray other;
     MDACreate(&other.array, 0);
     QCOMPARE(MDAFldAdd(other.array, 3, brackets), int(mdr_Ok));
     QCOMPARE(int(MDRFldByName(other.array, "A{")->ordinal), 1);
     QVERIFY(MDRFldByName(other.array, "a`") == nullptr);
-    // Only ASCII letters have a case: the same letter of the code page in both cases makes two names.
+    // Only ASCII letters are case-insensitive: a code page letter in both cases makes two names.
     const MDRFieldDescr cyrillic[] = {{"\xe0", 0, mdr_TInt32}, {"\xc0", 0, mdr_TInt32}};
     QCOMPARE(MDAFldAdd(other.array, 2, cyrillic), int(mdr_Ok));
     QCOMPARE(int(MDRFldByName(other.array, "\xc0")->ordinal), 4);
@@ -126,7 +126,7 @@ void FieldSet_test::theLastFieldIsFoundAsFastAsTheFirst()
         names.append(field.name);
     }
     const auto timeOf = [&](int first, int last) {
-        const std::clock_t start = std::clock(); // of this process: others do not count
+        const std::clock_t start = std::clock(); // of this process: other processes do not count
         int found = 0;
         for (int round = 0; round < 2000; ++round) {
             for (int i = 0; i < 255; ++i)
@@ -138,7 +138,7 @@ void FieldSet_test::theLastFieldIsFoundAsFastAsTheFirst()
     timeOf(0, 254);
     const std::clock_t ofFirst = timeOf(0, 19);
     const std::clock_t ofLast = timeOf(235, 254);
-    if (ofLast > 8 * ofFirst) // a walk over the fields takes some twenty times as long
+    if (ofLast > 8 * ofFirst) // a scan of the fields would take about twenty times as long
         QFAIL(qPrintable(QStringLiteral("%1 against %2 ticks").arg(ofLast).arg(ofFirst)));
 }
 

@@ -30,7 +30,7 @@ void HFNCliParam_test::blocksHaveTheirAgreedFields()
         for (int i = 0; i < MDAFldCount(block->array); ++i) {
             types.append(field(made, i)->type);
             if (field(made, i)->width != 0)
-                types.append(-field(made, i)->width); // none is bounded
+                types.append(-field(made, i)->width); // none has a maximum
         }
         return types;
     };

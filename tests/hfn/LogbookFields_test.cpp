@@ -3,7 +3,7 @@
 #include <cstring>
 #include <QTest>
 
-/// The descriptor tables are an agreement with stores and with other programs: a change here breaks it.
+/// The descriptor tables are a contract with stores and other programs: a change here breaks it.
 class LogbookFields_test : public QObject
 {
     Q_OBJECT

@@ -39,7 +39,7 @@ void MDACopy_test::copiesFieldsAndRecordsInOrderOfEntry()
     QCOMPARE(MDAKeyCount(copy.array), 1);
     for (const MDRData* record : MDARecsByEntry(copy.array))
         QCOMPARE(MDARecArr(record), copy.array);
-    // Records posted later stand behind them.
+    // Records posted later come after them.
     MixedArray::orderOf(copy.array);
     MDRData* late = MDARecNew(copy.array);
     copy.SetValF(late, "KeyLink", MDRValue::text("0"));
@@ -90,7 +90,7 @@ void MDACopy_test::aDestinationWithKeysKeepsThem()
     QCOMPARE(copy.order(1), QByteArray("c a b"));
     copy.add("bb");
     QCOMPARE(copy.order(0), QByteArray("c bb b a"));
-    // The fields of a key are looked up anew: here they stand elsewhere.
+    // The fields of a key are resolved again: here they have other positions.
     const MDRFieldDescr fields[] = {{"text_", 0, mdr_TMemo}, {"KeyLink", 0, mdr_TChar}};
     CMDArray turned;
     MDACreate(&turned.array, 0);
@@ -139,10 +139,10 @@ void MDACopy_test::keyFieldsThatAreGoneDropOut()
     MixedArray copy({"number;KeyLink", "number"});
     QCOMPARE(MDACopy(copy.array, narrow.array, 1), int(mdr_Ok));
     QCOMPARE(copy.order(0), QByteArray("a b c"));
-    QCOMPARE(copy.order(1), QByteArray("b c a")); // nothing left but the order of entry
+    QCOMPARE(copy.order(1), QByteArray("b c a")); // only the order of entry is left
     const MDRVar value = MDRValue::number(1);
     QVERIFY(MDARecSeekV(copy.array, 1, &value, 0) == nullptr);
-    // They come back with the field.
+    // They are restored with the field.
     MixedArray source;
     source.add("x", "number", MDRValue::number(2));
     source.add("y", "number", MDRValue::number(1));
@@ -255,7 +255,7 @@ void MDACopy_test::appendedRecordsStandBehindThoseThatAreThere()
     QCOMPARE(MDARec(wider.array, 0, 0), first);
     QCOMPARE(int(MDARecsWith(wider.array, "KeyLink", "b").count), 1);
     QCOMPARE(source.order(), QByteArray("a b c"));
-    // What the source has no field for is null and can be set.
+    // Fields that the source does not have are null and can be set.
     MDRData* last = MDARec(wider.array, 0, 3);
     QCOMPARE(MDARecArr(last), wider.array);
     QVERIFY(wider.isNull(last, "extra"));
@@ -291,7 +291,7 @@ void MDACopy_test::appendedValuesComeWithoutFlagsAndMarks()
     QCOMPARE(wider.get(copy, "small").value.number, 200);
     QCOMPARE(wider.get(copy, "number").value.number, -5);
     QCOMPARE(wider.get(copy, "time").value.real, 1.5);
-    QCOMPARE(blob->reads, 0); // it stays in the store until somebody reads it
+    QCOMPARE(blob->reads, 0); // it stays in the store until it is read
     QCOMPARE(wider.text(copy, "data"), QByteArray("bytes"));
     source.set(record, "text_", MDRValue::text("else"));
     QCOMPARE(wider.text(copy, "text_"), QByteArray("long"));
@@ -317,7 +317,7 @@ void MDACopy_test::appendedValuesOfOtherTypesAreConverted()
     QCOMPARE(mixed.get(copy, "flag").value.number, 1);
     QVERIFY(mixed.isNull(copy, "small"));
     QVERIFY(!mixed.isMarked(copy, "KeyLink"));
-    // Fields that the destination lacks stay behind.
+    // Fields that the destination does not have are not copied.
     MixedArray wide;
     wide.add("wide", "text_", MDRValue::text("left behind"));
     CMDArray narrow;
@@ -333,7 +333,7 @@ void MDACopy_test::textsThatWereReplacedDoNotComeAlong()
     MixedArray source;
     MDRData* record = source.add("a", "text_", MDRValue::text("short"));
     const QByteArray longer(300, 'y');
-    source.set(record, "text_", MDRValue::text(longer)); // behind the former one
+    source.set(record, "text_", MDRValue::text(longer)); // after the former one
     source.set(record, "KeyLink", MDRValue::null());
     MixedArray copy;
     QCOMPARE(MDARecsAppend(copy.array, source.array), int(mdr_Ok));

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <QTest>
 
-/// The life of records: made, posted, edited, deleted, copied.
+/// The life of records: created, posted, edited, deleted, copied.
 class MDArray_test : public QObject
 {
     Q_OBJECT
@@ -115,7 +115,7 @@ void MDArray_test::anEditChangesNothingUntilPosted()
     QVERIFY(array.isMarked(record, "text_"));
     QCOMPARE(array.seek(0, "b"), record);
     QVERIFY(array.seek(0, "a") == nullptr);
-    // The version was used up.
+    // The version was consumed.
     QVERIFY(MDARecArr(edited) == nullptr);
     QCOMPARE(MDARecPost(edited, &posted), int(mdr_Invalid));
     QVERIFY(posted == nullptr);
@@ -336,7 +336,7 @@ void MDArray_test::clearedRecordsGiveTheirMemoryBack()
         records.push_back(array.add("a"));
     QVERIFY(records[4000]->entry == 4001);
     MDAClearRec(array.array);
-    // Pages given back to the system read as zeros, the number of entry too.
+    // Pages returned to the system read as zeros, including the number of entry.
     const auto zeros =
         std::count_if(records.begin(), records.end(), [](const MDRData* r) { return r->entry == 0; });
     QVERIFY(zeros > 2500);

@@ -202,7 +202,7 @@ void MDRData_test::anInvalidConversionIsRefusedAndChangesNothing_data()
     row("number", mdr_TDouble, std::numeric_limits<double>::quiet_NaN());
     row("number", mdr_TDouble, std::numeric_limits<double>::infinity());
     row("flag", mdr_TDouble, std::numeric_limits<double>::quiet_NaN());
-    row("number", mdr_TNone, 1); // a value without a type is none
+    row("number", mdr_TNone, 1); // a value without a type is not a value
     row("time", mdr_TNone, 1);
     row("text_", mdr_TNone, 1);
     row("text_", mdr_TInt32, 1);
@@ -267,7 +267,7 @@ void MDRData_test::textsOfTheSameRecordMayBeCopiedWithinIt()
 {
     MixedArray array;
     MDRData* record = array.fresh("0123456789");
-    // A pointer into the record as the source: of the same field, of a field that fits, of one that has to
+    // A pointer into the record as the source: of the same field, of a field that fits, of one that must
     // move.
     MDRVar inside = array.get(record, "KeyLink");
     inside.value.text = {4, inside.value.text.data + 3};
@@ -314,7 +314,7 @@ void MDRData_test::postedRecordsKeepLittleIdleRoom()
         const MDRData* record = array.add("key", "text_", MDRValue::text(large));
         QVERIFY(idle(record) <= 64 + 4096);
     }
-    // A small one after many large ones: it was given room for a large one, and gives it back.
+    // A small one after many large ones: it was allocated for a large one, and releases the excess.
     MDRData* small = array.fresh("key");
     QVERIFY(idle(small) > 10000);
     array.post(small);
@@ -324,11 +324,11 @@ void MDRData_test::postedRecordsKeepLittleIdleRoom()
     array.set(edited, "text_", MDRValue::text(large));
     array.post(edited);
     QVERIFY(idle(small) <= 64 + 4096);
-    // What was replaced by something smaller goes with the next edit.
+    // Space of replaced texts is released at the next edit.
     array.set(small, "text_", MDRValue::text("s"));
     array.post(MDARecEdit(small));
     QVERIFY(small->body->textCapacity < 100);
-    // Texts that grow step by step do not move at each step.
+    // Texts that grow gradually do not move at each step.
     int moves = 0;
     MDRData* growing = array.add("grows");
     for (int length = 1; length < 2000; ++length) {

@@ -4,7 +4,7 @@
 #include <QTest>
 #include <random>
 
-/// Packed arrays and packed records: what goes through them, and what damaged bytes give.
+/// Packed arrays and packed records: what they preserve, and how damaged bytes are handled.
 class Packing_test : public QObject
 {
     Q_OBJECT
@@ -249,7 +249,7 @@ void Packing_test::typesReadAsTheRecordsFields()
     MDRVar value;
     QCOMPARE(MDRGetVal(MDRFldByName(&type, "NUMBER"), &record, &value), int(mdr_Ok));
     QCOMPARE(value.value.number, -123456789);
-    // Again over the same one, of a record in an array, and wrong calls leave it as it is.
+    // Again for the same one, for a record in an array, and after wrong calls it is unchanged.
     QCOMPARE(MDRTypGen(&type, "NCI", MDARec(array.array, 0, 0)), int(mdr_Ok));
     QCOMPARE(MDRTypGen(&type, "XYZ", &record), int(mdr_Invalid));
     QCOMPARE(MDRTypGen(&type, nullptr, &record), int(mdr_Invalid));
@@ -276,7 +276,7 @@ static void verifyRefused(const QByteArray& packed, const char* what, int at)
 
 static void verifyRecordRefused(const QByteArray& packed, const char* what, int at)
 {
-    // An exact copy on the heap, so that a checker of addresses sees any step beyond its end.
+    // An exact copy on the heap, so that an address checker notices any access beyond its end.
     const std::vector<char> bytes(packed.begin(), packed.end());
     MDRData record;
     record.flags = 7;
@@ -307,7 +307,7 @@ void Packing_test::everyFlipOfABitInAnArrayIsNoticed()
 {
     MixedArray array({"KeyLink"});
     fill(array);
-    // Three lengths, so that the text ends in each of the ways it can.
+    // Three lengths, for the three possible endings of the text.
     for (int more = 0; more < 3; ++more) {
         array.add(QByteArray(more + 1, 'x'));
         const QByteArray packed = HFNArrayPack(array.array);
@@ -335,7 +335,7 @@ void Packing_test::everyFlipOfABitInARecordIsNoticed()
     }
 }
 
-/// The bytes with a checksum that fits them.
+/// The bytes with a matching checksum.
 static QByteArray withChecksum(const QByteArray& content, const char (&tag)[5])
 {
     PackedWriter writer(tag);
@@ -344,7 +344,7 @@ static QByteArray withChecksum(const QByteArray& content, const char (&tag)[5])
     return writer.finish();
 }
 
-/// What stands between head and checksum.
+/// The content between head and checksum.
 static QByteArray contentOf(const QByteArray& packed)
 {
     return packed.mid(9, packed.size() - 13);
@@ -421,13 +421,13 @@ void Packing_test::forgedContentIsRefused()
 {
     QFETCH(QByteArray, content);
     verifyRefused(withChecksum(content, "VRKA").toBase64(), "forged", 0);
-    // A record has no keys and no count: it is refused too, if only for that.
+    // A record has no keys and no count: refused, if only for that reason.
     verifyRecordRefused(withChecksum(content, "VRKR"), "forged", 0);
 }
 
 void Packing_test::forgedLengthsAllocateNothing()
 {
-    // Counts and lengths of four billion in some forty bytes: refused without trying to get the room for them.
+    // Counts and lengths of four billion in some forty bytes: refused without allocating memory for them.
     const QByteArray field = QByteArray("\1\1\0\0\0a\0", 7) + static_cast<char>(mdr_TMemo);
     const QByteArray huge("\xff\xff\xff\x7f", 4);
     QElapsedTimer timer;
@@ -459,7 +459,7 @@ void Packing_test::randomDamageUnderAValidChecksumHarmsNothing()
             QVERIFY(code == mdr_Ok || code == mdr_Packed);
             QVERIFY(code == mdr_Ok || MDAFldCount(target.array) == 0);
             taken += code == mdr_Ok ? 1 : 0;
-            if (code == mdr_Ok) // what was taken is sound: it can be packed, and comes back the same
+            if (code == mdr_Ok) // accepted content is valid: it can be packed, and is unchanged
                 QCOMPARE(HFNArrayUnPack(target.array, HFNArrayPack(target.array).constData(), 1),
                          int(mdr_Ok));
         } else {
@@ -470,7 +470,7 @@ void Packing_test::randomDamageUnderAValidChecksumHarmsNothing()
             QCOMPARE(code == mdr_Ok, !MDRRecPack(&record).isEmpty());
         }
     }
-    QVERIFY(taken > 100); // values may differ without doing harm
+    QVERIFY(taken > 100); // changed values are harmless
 }
 
 void Packing_test::writerAndReaderAgree()
@@ -495,7 +495,7 @@ void Packing_test::writerAndReaderAgree()
     QCOMPARE(length, 0);
     QVERIFY(reader.ok());
     QVERIFY(reader.finished());
-    QCOMPARE(reader.number(), 0U); // nothing is left
+    QCOMPARE(reader.number(), 0U); // nothing remains
     QVERIFY(!reader.ok());
     QVERIFY(!reader.finished());
     QCOMPARE(int(reader.byte()), 0);
@@ -506,7 +506,7 @@ void Packing_test::writerAndReaderAgree()
     QCOMPARE(packed.toHex(), QByteArray("544553540118000000"
                                         "fa00286bee000000000000c0bf0300000061006200000000"
                                         "1f5327be"));
-    const QByteArray nothing = PackedWriter("TEST").finish(); // a form without content is one all the same
+    const QByteArray nothing = PackedWriter("TEST").finish(); // a form without content is also a form
     QVERIFY(PackedReader("TEST", nothing.constData(), nothing.size()).finished());
     QVERIFY(!PackedReader("TEST", nothing.constData(), nothing.size() - 1).ok());
     QVERIFY(!PackedReader("TEST", nullptr, 0).ok());
@@ -532,7 +532,7 @@ void Packing_test::formsBeyondAGibibyteAreRefusedWhole()
     QVERIFY(bytes != nullptr);
     PackedWriter writer("TEST");
     writer.text(static_cast<const char*>(bytes.get()), tooMany);
-    writer.byte(1); // nothing is written behind the gap
+    writer.byte(1); // nothing is written after the gap
     QCOMPARE(writer.finish(), QByteArray());
     PackedWriter small("TEST");
     small.text(static_cast<const char*>(bytes.get()), 1000);
@@ -551,7 +551,7 @@ void Packing_test::nullIsAnsweredByCodes()
     QCOMPARE(MDRRecSet(&record, "", -1), int(mdr_Packed));
     QCOMPARE(MDRRecPack(nullptr), QByteArray());
     QCOMPARE(MDRRecPack(&record), QByteArray());
-    // A record of an array without fields has nothing that could be packed.
+    // A record of an array without fields has nothing to pack.
     MDAClearAll(array.array);
     QCOMPARE(MDRRecPack(MDARecNew(array.array)), QByteArray());
 }

@@ -5,7 +5,7 @@
 #include <map>
 #include <QTest>
 
-/// Keys of record arrays: how they order, find and place.
+/// Keys of record arrays: ordering, seeking and positions.
 class RecordOrder_test : public QObject
 {
     Q_OBJECT
@@ -47,7 +47,7 @@ void RecordOrder_test::withoutAKeyThereAreNoRecords()
     QCOMPARE(MDAKeyRecCount(array.array, 0), 0);
     QCOMPARE(MDAKeyRecCount(array.array, -1), 0);
     QCOMPARE(MDAKeyRecCount(nullptr, 0), 0);
-    // The record is held all the same, and a key brings it to light.
+    // The record is still in the array, and a key shows it.
     QCOMPARE(MDARecsByEntry(array.array).size(), std::size_t(1));
     array.KeyAdd("", 0);
     QCOMPARE(array.RecCount(), 1);
@@ -126,7 +126,7 @@ void RecordOrder_test::fallingTurnsTheWholeOrderAround()
     array.add("null");
     array.add("three", "number", MDRValue::number(3));
     array.add("deux", "number", MDRValue::number(2));
-    QCOMPARE(array.order(), QByteArray("three two deux null")); // equal ones still in order of entry
+    QCOMPARE(array.order(), QByteArray("three two deux null")); // equal ones keep the order of entry
     MixedArray decimal({"number:4"});
     decimal.add("1", "number", MDRValue::number(1));
     decimal.add("2", "number", MDRValue::number(2));
@@ -350,10 +350,10 @@ void RecordOrder_test::positionsFollowTheKey()
 
 void RecordOrder_test::insertionStaysNearThatOfABalancedTree()
 {
-    // Sorting anew or moving all the others at each insertion would cost a hundred times as much and more.
+    // Sorting again or moving all others at each insertion would cost a hundred times as much.
     constexpr int count = 40000;
     const auto numberOf = [](int i) { return int(i * 7919LL % count); };
-    std::clock_t start = std::clock(); // of this process: others do not count
+    std::clock_t start = std::clock(); // of this process: other processes do not count
     std::map<int, QByteArray> tree;
     for (int i = 0; i < count; ++i)
         tree.emplace(numberOf(i), "key");

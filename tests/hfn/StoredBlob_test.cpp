@@ -41,7 +41,7 @@ void StoredBlob_test::isFetchedAtTheFirstReadingOnly()
         QCOMPARE(value.value.text.data[3], char(0));
         QCOMPARE(source->reads, 1);
     }
-    QCOMPARE(source.use_count(), 1L); // let go of once it is here
+    QCOMPARE(source.use_count(), 1L); // released once it is fetched
 }
 
 void StoredBlob_test::isNotNullAndHasALengthBeforeItIsFetched()
@@ -55,11 +55,11 @@ void StoredBlob_test::isNotNullAndHasALengthBeforeItIsFetched()
     MDRSetBlobSource(array.field("data"), record, 7, source);
     QVERIFY(!array.isNull(record, "data"));
     QCOMPARE(MDRBlobLength(array.field("data"), record, &length), int(mdr_Ok));
-    QCOMPARE(length, 7); // as told
+    QCOMPARE(length, 7); // as reported
     QCOMPARE(source->reads, 0);
     array.get(record, "data");
     QCOMPARE(MDRBlobLength(array.field("data"), record, &length), int(mdr_Ok));
-    QCOMPARE(length, 5); // as it came
+    QCOMPARE(length, 5); // as fetched
     array.set(record, "data", MDRValue::text("123"));
     QCOMPARE(MDRBlobLength(array.field("data"), record, &length), int(mdr_Ok));
     QCOMPARE(length, 3);
@@ -116,7 +116,7 @@ void StoredBlob_test::copiesStayUnfetched()
     QCOMPARE(length, 5);
     QCOMPARE(copy.text(twin, "data"), QByteArray("bytes"));
     QCOMPARE(source->reads, 1);
-    // What was fetched goes along.
+    // Fetched bytes are copied along.
     MixedArray second;
     MDACopy(second.array, copy.array, 1);
     QCOMPARE(second.text(MDARec(second.array, 0, 0), "data"), QByteArray("bytes"));
@@ -153,7 +153,7 @@ void StoredBlob_test::valuesAndNullReplaceIt()
     QCOMPARE(array.text(record, "data"), QByteArray("bytes"));
     const QByteArray large(3000, 'z');
     MDRSetBlobSource(array.field("data"), record, 5, source);
-    array.set(record, "data", MDRValue::text(large)); // has to move to make room
+    array.set(record, "data", MDRValue::text(large)); // must move to make space
     QCOMPARE(array.text(record, "data"), large);
     MDRSetBlobSource(array.field("data"), record, 5, source);
     array.set(record, "data", MDRValue::null());
