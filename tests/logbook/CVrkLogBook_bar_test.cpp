@@ -18,8 +18,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
-/// The tool bar and the record menu of the journal window: what they show, and what each of their buttons and entries
-/// does.
+/// The tool bar and the record menu of the journal window: their state, and the effect of each button and
+/// entry.
 class CVrkLogBook_bar_test : public QObject
 {
     Q_OBJECT
@@ -47,7 +47,7 @@ private:
                 return action;
         return nullptr;
     }
-    /// What stands in the store about the drafts and the visas: "draft of Ivanov, draft of Petrov, visas".
+    /// The drafts and the visas in the store: "draft of Ivanov, draft of Petrov, visas".
     static QString state(const TestStore& store)
     {
         QStringList words;
@@ -65,7 +65,7 @@ private:
                          .section(QLatin1Char('_'), 1);
         return words.join(QLatin1Char(' '));
     }
-    /// Closes the shift of the home tab behind the user's back.
+    /// Closes the shift of the home tab from another client.
     static void closeShift(const TestStore& store, JournalWindow& desk)
     {
         QVERIFY(TestStore::write(store.openLoader().get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",

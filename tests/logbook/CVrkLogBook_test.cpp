@@ -29,7 +29,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
-/// The journal window over a real store.
+/// The journal window on a real store.
 class CVrkLogBook_test : public QObject
 {
     Q_OBJECT
@@ -225,7 +225,7 @@ void CVrkLogBook_test::theBarIsBuiltInOrder()
     QVERIFY(!bar->isFloatable());
     QCOMPARE(m_window->toolBarArea(bar), Qt::TopToolBarArea);
 
-    m_window->resize(1800, 602); // with the screen's large font, room for the whole bar
+    m_window->resize(1800, 602); // with the screen's large font, enough width for the whole bar
     QStringList order;
     for (QAction* one : bar->actions())
         order << (one->isSeparator() ? QStringLiteral("|") : bar->widgetForAction(one)->objectName());
@@ -294,7 +294,7 @@ void CVrkLogBook_test::theButtonOfTheShiftDoesWhatComesNext()
         dialog->close();
         return isShown;
     };
-    // In the archive it tells about the shift, in the open one it closes it, without one it opens the next.
+    // In the archive it shows the shift, in the open one it closes it, without one it opens the next.
     home()->uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
     button("workshiftButton")->click();
     QVERIFY(shown("WorkshiftInfoDialog"));
@@ -423,7 +423,7 @@ void CVrkLogBook_test::anotherDepartmentIsChosenInTheStructure()
     emit orgDialog()->itemSelected(department("DEP_ZAR"));
     QCOMPARE(tabs()->count(), 2);
 
-    // The answer was taken once: a choice that nobody asked for changes nothing.
+    // The answer was used once: an unrequested choice changes nothing.
     emit orgDialog()->itemSelected(department("DEP_OTHER"));
     QCOMPARE(tabs()->count(), 2);
 }
@@ -452,7 +452,7 @@ void CVrkLogBook_test::onlyHomeIsChanged()
     m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
     for (const char* name : {"createButton", "deleteButton", "approveButton", "executionButton"})
         QVERIFY2(!button(name)->isEnabled(), name);
-    QVERIFY(action("approveRecordAction")->isEnabled()); // only its button goes off
+    QVERIFY(action("approveRecordAction")->isEnabled()); // only its button is disabled
     QVERIFY(button("timeButton")->isEnabled());
 
     tabs()->setCurrentWidget(home());

@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QTextCodec>
 
-/// The conversions of single cells: what each answers to each role.
+/// The conversions of single cells: their answer for each role.
 class Cells_test : public QObject
 {
     Q_OBJECT
@@ -134,7 +134,7 @@ private slots:
         QCOMPARE(ask(worker, deleted, "WorkerKey", Qt::ForegroundRole).value<QBrush>().color(),
                  QColor(Qt::gray));
         QVERIFY(ask(worker, deleted, "WorkerKey", Qt::FontRole).value<QFont>().strikeOut());
-        // Columns of icons carry no redirection: a deleted record's icons stay as they are.
+        // Columns of icons have no redirection: a deleted record's icons are unchanged.
         const FileCell file(nullptr);
         QVERIFY(!ask(file, deleted, "file", Qt::ForegroundRole).isValid());
         QVERIFY(!ask(file, deleted, "file", Qt::FontRole).isValid());

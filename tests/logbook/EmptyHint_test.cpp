@@ -10,7 +10,7 @@
 #include <QTableView>
 #include <QTest>
 
-/// What an empty list says, alone and in the journal over a real store.
+/// The hint in an empty list, alone and in the journal on a real store.
 class EmptyHint_test : public QObject
 {
     Q_OBJECT

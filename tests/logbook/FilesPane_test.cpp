@@ -101,7 +101,7 @@ private slots:
             }
         };
         const QString usual = QApplication::style()->objectName();
-        QApplication::setStyle(new NoFileIcon); // what the provider of icons asks
+        QApplication::setStyle(new NoFileIcon); // used by the icon provider
         RedFileIcon red;
         {
             Fixture f;

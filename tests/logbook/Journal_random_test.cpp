@@ -8,10 +8,11 @@
 #include <QTabWidget>
 #include <QTest>
 
-/// Three dispatchers at three journal windows of one store do at random what their windows offer, hear of each other
-/// late and in heaps, go home and are followed by others. After every step each window is reckoned anew from its rows, and
-/// every few steps, when all has been heard, compared with the store and with a window opened that moment.
-/// VRK_SEED plays a run again, VRK_HISTORY=1 prints all its steps; VRK_LONG=1 makes it a long one.
+/// Three dispatchers at three journal windows of one store perform random actions, receive each other's
+/// changes late and in batches, leave and are replaced by others. After every step each window is checked
+/// by recomputing it from its rows, and every few steps, when all events have arrived, compared with the
+/// store and with a newly opened window. VRK_SEED repeats a run, VRK_HISTORY=1 prints all its steps;
+/// VRK_LONG=1 makes it long.
 class Journal_random_test : public QObject
 {
     Q_OBJECT
@@ -25,10 +26,10 @@ private:
     std::unique_ptr<TestStore> m_store;
     std::unique_ptr<JournalCheck> m_check;
     std::vector<std::unique_ptr<RandomDispatcher>> m_people;
-    std::vector<qint64> m_heard; ///< the last transaction that each window has heard of
-    bool m_isFailing = false;    ///< requests fail now and then
+    std::vector<qint64> m_heard; ///< the last transaction that each window has received
+    bool m_isFailing = false;    ///< requests fail sometimes
     std::vector<std::shared_ptr<FailingStore::Plan>> m_plans;
-    QHash<QString, QStringList> m_boxes; ///< of errors, that stood open after the last step, by login
+    QHash<QString, QStringList> m_boxes; ///< open error boxes after the last step, by login
     QStringList m_history;
     QStringList m_faults;
 
@@ -54,7 +55,7 @@ private:
     {
         return login == QLatin1String("smirnov") ? QByteArrayLiteral("DEP_ZAR") : QByteArray();
     }
-    /// Somebody who sits at no other workplace.
+    /// A login that is not in use at another workplace.
     QString anybody()
     {
         QStringList logins{QStringLiteral("ivanov"), QStringLiteral("petrov"), QStringLiteral("sidorova"),
@@ -87,25 +88,25 @@ private:
         RandomDispatcher& person = *m_people[std::size_t(place)];
         QCoreApplication::processEvents();
         person.window().deliver();
-        QCoreApplication::processEvents(); // what was put off to the next turn
+        QCoreApplication::processEvents(); // work queued for the next turn
         m_heard[std::size_t(place)] = lastTransaction();
     }
 
-    /// What the log and the session say of a step.
+    /// Checks the log lines and the session's messages of a step.
     void judge(RandomDispatcher& person, bool knewAll)
     {
         QStringList failures = person.window().client().takeFailures();
         if (!failures.isEmpty() && knewAll && !person.mayBeRefused())
             fault(QStringLiteral("%1 knew all, and was refused: %2")
                       .arg(person.login(), failures.join(QLatin1Char(' '))));
-        for (const auto& other : m_people) // whose turn came in the event loop
+        for (const auto& other : m_people) // whose events were delivered
             if (other)
                 failures += other->window().client().takeFailures();
         for (const QString& line : m_log->take()) {
             const bool isTold = !failures.isEmpty() && (line.contains(QLatin1String("CVrkCliSes::")) ||
                                                         line.contains(QLatin1String("error ")) ||
                                                         line.contains(QLatin1String("fail")));
-            // What another has taken away by now: the comment that is edited, the record that is commented on.
+            // Deleted by another user in the meantime: the edited comment, or its record.
             const bool isGone = line.contains(QLatin1String("error edit comment: comment")) ||
                                 line.contains(QLatin1String("record not selected!")) ||
                                 line.contains(QLatin1String("Not found record"));
@@ -168,7 +169,7 @@ private:
         return texts;
     }
 
-    /// The store fails at the next requests of this workplace, or serves them again.
+    /// Makes the next requests of this workplace fail, or succeed again.
     void breakStore(int place)
     {
         FailingStore::Plan& plan = *m_plans[std::size_t(place)];
@@ -177,7 +178,7 @@ private:
             plan.refusedWrites = 1 + pick(3);
             break;
         case 1:
-            plan.lostAnswers = 2 * (1 + pick(2)); // the session asks a second time by itself
+            plan.lostAnswers = 2 * (1 + pick(2)); // the session sends the request a second time
             break;
         case 2:
             plan.failedSelects = 1 + pick(6);
@@ -191,7 +192,7 @@ private:
                          .arg(plan.lostAnswers)
                          .arg(plan.failedSelects);
     }
-    /// The store works again, and the person asks for what could not be loaded.
+    /// The store works again, and the person repeats the failed loads.
     void repair(int place)
     {
         if (!m_isFailing)
@@ -206,7 +207,7 @@ private:
             tabs->setCurrentIndex(i);
             if (auto* journal = qobject_cast<LogBookWidget*>(person.tab())) {
                 journal->uploadRecordsIn(
-                    journal->workshiftKeyLink()); // what is shown already is not loaded again
+                    journal->workshiftKeyLink()); // content that is already shown is not loaded again
                 person.window().trigger("currentWorkshiftAction");
             } else {
                 emit tabs->tabCloseRequested(i);
@@ -320,7 +321,7 @@ private slots:
     void aStoreThatFailsLosesNothing()
     {
         play(steps());
-        checkStore(StoreAdmin::Finding::Fault); // an opening that could not be taken back is a note
+        checkStore(StoreAdmin::Finding::Fault); // an opening that could not be undone is a note
     }
 };
 

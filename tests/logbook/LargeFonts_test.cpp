@@ -8,8 +8,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
-/// The journal in a window of 1280 by 720 with the font of a usual desktop, and with letters a quarter and a half larger:
-/// everything can be seen and reached.
+/// The journal in a window of 1280 by 720 with a usual desktop font, and with fonts larger by a quarter and
+/// a half: everything is visible and reachable.
 class LargeFonts_test : public QObject
 {
     Q_OBJECT
@@ -20,14 +20,14 @@ private:
     static void setScale(double scale)
     {
         QFont font = QApplication::font();
-        font.setPointSizeF(9.6 * scale); // 13 pixels at the 100 dots an inch of the offscreen screen
+        font.setPointSizeF(9.6 * scale); // 13 pixels at the 100 dots per inch of the offscreen screen
         QApplication::setFont(font);
     }
     static void show(JournalWindow& journal, const QSize& size = QSize(1280, 720))
     {
         journal.window().resize(size);
         QCoreApplication::processEvents();
-        QCoreApplication::processEvents(); // what was put off: measuring, placing
+        QCoreApplication::processEvents(); // queued work: measuring, placing
     }
     static bool isInside(const QWidget* widget, const QWidget* window)
     {
@@ -90,13 +90,13 @@ private slots:
         QCOMPARE(table(journal)->horizontalScrollBar()->maximum(), 0);
         QTRY_COMPARE(table(journal)->horizontalScrollBar()->maximum(), 0);
 
-        // The panes are a key away, and the way back.
+        // A key shows the panes and hides them again.
         const bool isRoomy = panes(journal)->isVisible();
         QCOMPARE(isRoomy, scale < 1.1);
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window));
         QTest::keyClick(window, Qt::Key_F4);
-        QTRY_COMPARE(panes(journal)->isVisible(), !isRoomy); // the button shows that it is pressed
+        QTRY_COMPARE(panes(journal)->isVisible(), !isRoomy); // the button is shown pressed
         if (isRoomy)
             journal.child<QToolButton>("paneButton")->click();
         QVERIFY(panes(journal)->isVisible());

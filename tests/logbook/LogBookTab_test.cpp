@@ -241,7 +241,7 @@ private slots:
         auto* edit = journal.child<QLineEdit>("searchEdit");
         auto* up = journal.child<QToolButton>("upSearchButton");
         auto* down = journal.child<QToolButton>("downSearchButton");
-        // Three records were made from the order's template; the search is blind to case.
+        // Three records were made from the order's template; the search ignores case.
         type(edit, QStringLiteral("отдана КОМАНДА"));
         QCOMPARE(journal.currentKey(), QStringLiteral("REC_REPLACED"));
         QVERIFY(down->isEnabled() && !up->isEnabled());
@@ -259,7 +259,7 @@ private slots:
         QVERIFY(down->isEnabled() && !up->isEnabled());
         QTest::mouseClick(down, Qt::LeftButton);
         QTest::mouseClick(down, Qt::LeftButton);
-        QTest::keyClick(edit, Qt::Key_Return); // behind the last hit Return begins anew
+        QTest::keyClick(edit, Qt::Key_Return); // after the last hit Return starts again
         QCOMPARE(journal.currentKey(), QStringLiteral("REC_REPLACED"));
         QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(edit, Qt::Key_Delete);

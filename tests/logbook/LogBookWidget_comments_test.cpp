@@ -355,7 +355,7 @@ private slots:
         QVERIFY(pane.readed()->isEnabled()); // for the sake of the other one
         QTest::mouseClick(pane.readed(), Qt::LeftButton);
         QCOMPARE(pane.journal.deliver(), QStringList());
-        pane.readAll(); // the read one keeps its time
+        pane.readAll(); // a read comment keeps its time
         QCOMPARE(pane.journal.deliver(), QStringList{QStringLiteral("602 LogbookComments 1")});
         pane.readAll();
         QCOMPARE(pane.journal.deliver(), QStringList());
@@ -415,7 +415,7 @@ private slots:
         QCOMPARE(stored(store, QStringLiteral("Важное")).value(2).toString(), QStringLiteral("REC_TRIP"));
         QTest::mouseClick(pane.create(), Qt::LeftButton);
         QVERIFY(
-            !pane.editor()->findChild<NoticeBar*>(QStringLiteral("keptBar"))->isVisible()); // it is written
+            !pane.editor()->findChild<NoticeBar*>(QStringLiteral("keptBar"))->isVisible()); // it was written
     }
 
     void saysWhichCommentTheNextOneReplaces()
@@ -429,7 +429,7 @@ private slots:
 
         pane.journal.select("REC_ORDER");
         pane.doubleClick(0);
-        QVERIFY(!pane.notice()->isVisible()); // a change is a change
+        QVERIFY(!pane.notice()->isVisible()); // here a change is intended
         pane.write(QStringLiteral("Изменённый"));
         pane.journal.deliver();
         QTest::mouseClick(pane.create(), Qt::LeftButton);

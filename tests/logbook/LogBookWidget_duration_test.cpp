@@ -12,14 +12,14 @@
 #include <QTest>
 #include <QTimer>
 
-/// The reminder that a workshift has overrun its end.
+/// The reminder that a workshift has exceeded its end.
 class LogBookWidget_duration_test : public QObject
 {
     Q_OBJECT
 
 private:
     std::unique_ptr<LogWatch> m_log;
-    static constexpr int overrun = 100; ///< seconds by which the shift of late() has passed its end
+    static constexpr int overrun = 100; ///< seconds since the end of the shift of late()
 
     static void putOptions(const TestStore& store, const QByteArray& xml)
     {
@@ -27,7 +27,7 @@ private:
         QVERIFY(StoreAdmin::putFile(store.url(), QStringLiteral("options"), QStringLiteral("OperLogOptions"),
                                     xml, &error));
     }
-    /// A store whose open workshift has overrun its end, with these options.
+    /// A store whose open workshift has exceeded its end, with these options.
     static void makeLate(const TestStore& store, const QByteArray& options,
                          const QVariant& end = QVariant(-1))
     {
@@ -45,7 +45,7 @@ private:
             .arg(interval)
             .toLatin1();
     }
-    /// What the running timers of the page are set to: the control first, then the repetition.
+    /// Intervals of the page's running timers: the control first, then the repetition.
     static QVector<int> running(TestJournal& journal)
     {
         QVector<int> intervals;
@@ -55,7 +55,7 @@ private:
         }
         return intervals;
     }
-    /// Lets the control look once, without waiting for its second.
+    /// Runs the control once, without waiting for its second.
     static void look(TestJournal& journal) { emitTimeout(journal.child<QTimer>("controlTimer")); }
     static void emitTimeout(QTimer* timer) { QMetaObject::invokeMethod(timer, "timeout"); }
 
@@ -101,7 +101,7 @@ private slots:
 
         journal.press(QDialogButtonBox::AcceptRole);
         QVERIFY(!journal.box());
-        emitTimeout(journal.child<QTimer>("repeatTimer")); // it comes again and again
+        emitTimeout(journal.child<QTimer>("repeatTimer")); // it is repeated
         QVERIFY(journal.box());
         QCOMPARE(calls.size(), 2);
         journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST")); // also in the archive

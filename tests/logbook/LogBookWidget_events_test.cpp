@@ -9,7 +9,7 @@
 #include <QTableWidget>
 #include <QTest>
 
-/// How a page follows the changes that others, and it itself, write to the store.
+/// How a page follows the changes of others, and its own, in the store.
 class LogBookWidget_events_test : public QObject
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ private:
     {
         return journal.tab().table(QLatin1String(table))->data.RecCount();
     }
-    /// Opens a workshift of the department beside the one that is open.
+    /// Opens a second workshift of the department.
     static void openSecond(Store* loader)
     {
         QVERIFY(TestStore::write(loader, "LogbookWorkshifts", ROW_INSERT, "SHIFT_SECOND",
@@ -214,7 +214,8 @@ private slots:
         QVERIFY(TestStore::write(petrov.get(), "LogbookRecords", ROW_UPDATE, "REC_DRAFT_PETROV",
                                  {{"status", 0}}));
         QCOMPARE(journal.deliver(), answer("602 LogbookRecords 1"));
-        QVERIFY(journal.shownKeys().contains(QStringLiteral("REC_DRAFT_PETROV"))); // the filter asked again
+        // the filter was applied again
+        QVERIFY(journal.shownKeys().contains(QStringLiteral("REC_DRAFT_PETROV")));
         QVERIFY(TestStore::write(petrov.get(), "LogbookRecords", ROW_DELETE, "REC_DRAFT_IVANOV"));
         QCOMPARE(journal.deliver(), answer("603 LogbookRecords 1"));
         QCOMPARE(count(journal, "LogbookRecords"), before - 1);
@@ -319,7 +320,7 @@ private slots:
         QVERIFY(writeRecord(smirnov.get(), "NEW", "WORKER_SMIRNOV_ODS", 1, "SHIFT_NEW"));
         QCOMPARE(journal.deliver(),
                  QStringList({QStringLiteral("601 LogbookWorkshifts 1"),
-                              QStringLiteral("601 LogbookWorkersWorkshift 0"), // the load brought it
+                              QStringLiteral("601 LogbookWorkersWorkshift 0"), // the load contained it
                               QStringLiteral("601 LogbookRecords 1")}));
         QVERIFY(status.count() > 0);
         QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_NEW"));
@@ -339,7 +340,7 @@ private slots:
         QCOMPARE(journal.shownKeys(), QStringList());
     }
 
-    // The page holds both workshifts, and their department is all that is asked of a new row.
+    // The page contains both workshifts, and a new row only needs to belong to their department.
     void takesRowsOfBothWorkshiftsWhenTwoAreOpen()
     {
         const TestStore store;
@@ -360,7 +361,7 @@ private slots:
         QCOMPARE(count(journal, "LogbookWorkersWorkshift"), 1);
     }
 
-    // Asking for the current workshift does nothing while it is shown, closed or taken back as it may be.
+    // Requesting the current workshift does nothing while it is shown, even if it was closed or undone.
     void leadsToTheOtherOpenWorkshiftByAnotherPeriodAndBack()
     {
         for (const bool isTakenBack : {false, true}) {
@@ -485,11 +486,11 @@ private slots:
         QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_UPDATE, "TPL_NEW",
                                  {{"nameLoc", QStringLiteral("Другой")}}));
         QCOMPARE(journal.deliver(), answer("602 LogbookTemplates 1"));
-        // The row of a deleted template stays until the next load; that is meant.
+        // Deliberate: the row of a deleted template stays until the next load.
         QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_DELETE, "TPL_NEW"));
         QCOMPARE(journal.deliver(), answer("603 LogbookTemplates 1"));
         QCOMPARE(count(journal, "LogbookTemplates"), before + 1);
-        QVERIFY(!journal.send(601, "TPL_NEW", "NCI:LogbookTemplates,1")); // known already
+        QVERIFY(!journal.send(601, "TPL_NEW", "NCI:LogbookTemplates,1")); // already known
         QVERIFY(!journal.send(601, "CAT_CDS", "NCI:LogbookCatsTemplate,1"));
     }
 

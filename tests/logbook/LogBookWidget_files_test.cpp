@@ -26,7 +26,7 @@ private:
         QString title;
         QString path;
     };
-    /// The desktop of a user who answers as the test says.
+    /// The desktop of a user whose answers the test sets.
     struct FakeDesktop {
         FakeDesktop() : m_real(Desktop::current())
         {
@@ -165,7 +165,7 @@ private slots:
         QCOMPARE(pane.table()->rowCount(), 1);
         QVERIFY(pane.remove()->isEnabled() && pane.save()->isEnabled());
         QVERIFY(isSet(recordValue(pane.journal.record("REC_ORDER"), "file")));
-        pane.open(0); // the bytes come from the store when they are asked for
+        pane.open(0); // the bytes are fetched from the store on demand
         QCOMPARE(read(pane.desktop.opened.value(0).toLocalFile()), QByteArray("a\0b", 3));
     }
 
@@ -215,7 +215,7 @@ private slots:
         pane.journal.press(QDialogButtonBox::YesRole);
         QCOMPARE(read(pane.desktop.opened.value(0).toLocalFile()), content);
 
-        // The same after saving, behind the question whether to open it at all.
+        // The same after saving, with the question whether to open it at all.
         pane.saveAs(pane.path(QStringLiteral("saved") + QFileInfo(name).suffix().prepend(u'.')));
         pane.journal.press(QDialogButtonBox::YesRole);
         QCOMPARE(pane.desktop.opened.size(), 1);
@@ -253,7 +253,7 @@ private slots:
                      QStringLiteral("Размер файла слишком большой!<br/><br/>Выберете файл с размером не "
                                     "более 5 МБ."));
         QVERIFY(stored(store, QStringLiteral("more.bin")).isEmpty());
-        pane.attach(QStringLiteral("/dev/zero")); // tells no size
+        pane.attach(QStringLiteral("/dev/zero")); // reports no size
         compareError(pane,
                      QStringLiteral("Размер файла слишком большой!<br/><br/>Выберете файл с размером не "
                                     "более 5 МБ."));
@@ -295,7 +295,8 @@ private slots:
         Pane pane(store);
         pane.journal.select("REC_ORDER");
         const QString name =
-            QStringLiteral("ж").repeated(120) + QStringLiteral(".pdf"); // as long as a disk takes it
+            // the longest name that a disk accepts
+            QStringLiteral("ж").repeated(120) + QStringLiteral(".pdf");
         pane.attach(pane.make(name, "x"));
         QCOMPARE(stored(store, name).value(2).toString(), QStringLiteral("REC_ORDER"));
         pane.journal.deliver();
@@ -334,7 +335,7 @@ private slots:
             QVERIFY(read(path).startsWith("t;Ia;Ib;Ic"));
             const QFileInfo top(QFileInfo(path).absolutePath() + QStringLiteral("/.."));
             QVERIFY(!(top.permissions() & (QFile::ReadOther | QFile::ReadGroup | QFile::WriteOther)));
-            pane.open(0); // a second copy: a program may have changed the first
+            pane.open(0); // a second copy, since a program may have changed the first
             QVERIFY(pane.desktop.opened[1].toLocalFile() != path);
         }
         QVERIFY(!QFileInfo::exists(path));
@@ -494,7 +495,7 @@ private slots:
                                   {"WorkerKey", QByteArray("WORKER_PETROV")},
                                   {"fileName", QStringLiteral("new.txt")},
                                   {"fileData", QByteArray("x")}}));
-        pane.journal.deliver(); // and the list is filled anew meanwhile
+        pane.journal.deliver(); // and the list is refilled in the meantime
         pane.journal.press(QDialogButtonBox::YesRole);
         QCOMPARE(pane.journal.deliver(), QStringList{QStringLiteral("603 LogbookFiles 1")});
         QCOMPARE(pane.table()->rowCount(), 2);
@@ -511,7 +512,7 @@ private slots:
         QVERIFY(pane.save()->isEnabled() && pane.create()->isEnabled());
         pane.table()->setFocus();
         QTest::keyClick(pane.table(), Qt::Key_Delete);
-        QVERIFY(!pane.journal.box()); // and the record stays as well
+        QVERIFY(!pane.journal.box()); // and the record stays, too
     }
 
     void offersNoChangeOnADeletedRecord()

@@ -10,7 +10,7 @@
 #include <QTableWidget>
 #include <QTest>
 
-/// What a journal page shows in each of its modes.
+/// The content of a journal page in each of its modes.
 class LogBookWidget_load_test : public QObject
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ private:
     {
         return HfnTime_to_DateTime(TestStore::now() + hours * 3600, -1);
     }
-    /// A page of a department with an open workshift that holds no record.
+    /// A page of a department with an open workshift without records.
     static void openEmptyWorkshift(const TestStore& store)
     {
         const auto loader = store.openLoader();
@@ -350,7 +350,7 @@ private slots:
         if (table == QLatin1String("LogbookCatsTemplate")) // a failure of the first does not stop the second
             QVERIFY(count(journal, "LogbookTemplates") > 0);
         if (table == QLatin1String("Roles"))
-            QCOMPARE(count(journal, "WorkerRoles"), 0); // and nothing was asked
+            QCOMPARE(count(journal, "WorkerRoles"), 0); // and nothing was requested
     }
 
     void logsTheOtherFailedSelects()
@@ -392,7 +392,7 @@ private slots:
         ivanov.home().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
         plan->failedSelects = 1;
         ivanov.trigger("currentWorkshiftAction");
-        QCOMPARE(ivanov.status(), QStringLiteral("Смена закрыта")); // as far as it knows
+        QCOMPARE(ivanov.status(), QStringLiteral("Смена закрыта")); // according to its own knowledge
         QVERIFY(!m_log->take().isEmpty());
         const int selects = plan->selects.size();
         ivanov.trigger("currentWorkshiftAction"); // is shown already

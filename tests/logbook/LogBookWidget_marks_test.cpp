@@ -18,7 +18,8 @@
 #include <QTest>
 #include <QToolButton>
 
-/// Second markers, execution times, and the copying of records: what reaches the store and what the user is told.
+/// Second markers, execution times, and the copying of records: the result in the store and the messages to
+/// the user.
 class LogBookWidget_marks_test : public QObject
 {
     Q_OBJECT
@@ -55,7 +56,7 @@ private:
         QCOMPARE(box->type(), MessageTypeOk);
         journal.press(QDialogButtonBox::AcceptRole);
     }
-    /// The record menu as it pops up on the current record.
+    /// The record menu opened on the current record.
     static QAction* menuEntry(TestJournal& journal, int index)
     {
         emit journal.view()->customContextMenuRequested(QPoint(10, 10));
@@ -87,7 +88,7 @@ private:
         for (const MDRFieldDescr& field : LogbookRecordFields)
             QVERIFY2(!stored(store, key, field.name).isNull(), field.name);
     }
-    /// Fields of a record that differ from those of another.
+    /// Fields with different values in two records.
     static QStringList differences(const TestStore& store, const QString& key, const char* other)
     {
         QStringList names;
@@ -154,7 +155,7 @@ private slots:
     {
         const TestStore store;
         TestJournal journal(store);
-        journal.select("REC_ORDER"); // approved: settable no more
+        journal.select("REC_ORDER"); // approved: can no longer be set
         QAction* entry = menuEntry(journal, 1);
         QVERIFY(entry->isEnabled());
         QCOMPARE(entry->text(), QStringLiteral("Второй маркер..."));
@@ -177,7 +178,7 @@ private slots:
         struct Marker {
             const char* path;
             const char* name;
-            const char* icon; ///< a path that is none of a marker is not opened
+            const char* icon; ///< a path that is not that of a marker is not opened
         };
         const Marker markers[] = {{":/markers/worker_red.png", "Допуск бригады", ":/markers/worker_red.png"},
                                   {":/icons/star.png", "", ":/icons/two.png"},
@@ -287,7 +288,7 @@ private slots:
         TestJournal journal(store);
         const int before = records(store);
         journal.select("REC_ORDER");
-        refuse(store, "INSERT"); // the old record's deletion must not stand alone
+        refuse(store, "INSERT"); // the old record must not be deleted without its successor
         journal.tab().setTimeExecRequest(moment());
         compareFailure(
             journal,
@@ -346,7 +347,7 @@ private slots:
         dialog->findChild<QPushButton*>(QStringLiteral("applyButton"))->click();
         QVERIFY(stored(store, "REC_ORDER", "secondMarkTime").isNull());
 
-        journal.tab().changeSecondMarkRequest(); // the choice stays as the last use left it
+        journal.tab().changeSecondMarkRequest(); // the choice of the last use is kept
         QVERIFY(clear->isChecked());
         QVERIFY(!date->isEnabled());
         QCOMPARE(date->date(), QDate::currentDate());
@@ -397,7 +398,7 @@ private slots:
         fill(store, "REC_ZAR");
         fill(store, "REC_ORDER");
         TestJournal journal(store);
-        for (const char* source : {"REC_ORDER", "REC_ZAR"}) { // in the view, and fetched
+        for (const char* source : {"REC_ORDER", "REC_ZAR"}) { // shown, and fetched
             put(QByteArray("LogbookRecords;") + source);
             journal.tab().pasteRecordRequest();
             const QString key =
@@ -455,7 +456,7 @@ private slots:
         auto* comment = journal.module().findChild<CommentCreatorDialog*>();
         journal.child<QToolButton>("createCommentButton")->click();
         QVERIFY(isNamed(titleOf(comment)));
-        journal.select("REC_MESSAGE"); // the answer meets this one now
+        journal.select("REC_MESSAGE"); // the answer now applies to this one
         for (const QWidget* dialog : std::initializer_list<const QWidget*>{marker, execution, comment})
             QVERIFY(titleOf(dialog).contains(QStringLiteral("Запрошено состояние нагрузки")));
     }
@@ -525,7 +526,7 @@ private slots:
         journal.tab().pasteRecordRequest();
         QVERIFY(!journal.box());
         QVERIFY(!m_log->take(QStringLiteral("CVrkCliSes")).isEmpty());
-        QCOMPARE(journal.client().takeFailures().size(), 1); // the status line tells of it
+        QCOMPARE(journal.client().takeFailures().size(), 1); // the status line shows it
     }
 };
 

@@ -9,7 +9,8 @@
 #include <QTableWidget>
 #include <QTest>
 
-/// Creating, editing, deleting, approving and signing records: what reaches the store and what the user is told.
+/// Creating, editing, deleting, approving and signing records: the result in the store and the messages to
+/// the user.
 class LogBookWidget_records_test : public QObject
 {
     Q_OBJECT
@@ -29,7 +30,7 @@ private:
                               .arg(QLatin1String(key)))
                    .toInt() > 0;
     }
-    /// From now on the store takes no change of records.
+    /// From now on the store refuses changes of records.
     static void refuseWrites(const TestStore& store)
     {
         for (const char* operation : {"UPDATE", "DELETE"})
@@ -124,7 +125,7 @@ private slots:
         QTest::keyClick(journal.view(), Qt::Key_Delete);
         QVERIFY(!journal.box());
         QVERIFY(!isStored(store, "REC_DRAFT_PETROV"));
-        QVERIFY(journal.record("REC_DRAFT_PETROV")); // it leaves with the event
+        QVERIFY(journal.record("REC_DRAFT_PETROV")); // it is removed by the event
         QCOMPARE(journal.deliver(), QStringList{QStringLiteral("603 LogbookRecords 1")});
         QVERIFY(!journal.record("REC_DRAFT_PETROV"));
     }
@@ -179,7 +180,7 @@ private slots:
         journal.box()->close();
         QVERIFY(!journal.box());
         QCOMPARE(stored(store, "REC_ORDER", "status").toInt(), 0);
-        journal.tab().deleteRecordRequest(); // the earlier question left nothing behind
+        journal.tab().deleteRecordRequest(); // the earlier question has no effect any more
         journal.press(QDialogButtonBox::NoRole);
         QCOMPARE(stored(store, "REC_ORDER", "status").toInt(), 0);
     }
@@ -192,7 +193,7 @@ private slots:
         journal.tab().deleteRecordRequest();
         QDialogButtonBox* buttons = journal.box()->buttonBox();
         journal.press(QDialogButtonBox::NoRole);
-        for (QAbstractButton* button : buttons->buttons()) // of a question that is answered
+        for (QAbstractButton* button : buttons->buttons()) // of an answered question
             emit buttons->clicked(button);
         QCOMPARE(stored(store, "REC_ORDER", "status").toInt(), 0);
     }
@@ -296,7 +297,7 @@ private slots:
         QVERIFY(!isStored(store, "REC_DRAFT_IVANOV"));
         QVERIFY(isStored(store, "REC_DRAFT_PETROV"));
         QCOMPARE(journal.deliver(), QStringList{QStringLiteral("603 LogbookRecords 1")});
-        journal.tab().deleteMyDraftsRequest(); // none is left: nothing is sent
+        journal.tab().deleteMyDraftsRequest(); // none is left: no request
         QCOMPARE(journal.deliver(), QStringList());
     }
 

@@ -7,7 +7,7 @@
 #include <QMimeData>
 #include <QTest>
 
-/// What may be done with a record and a workshift in each of their states.
+/// The allowed actions on a record and a workshift in each of their states.
 class LogBookWidget_states_test : public QObject
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ class LogBookWidget_states_test : public QObject
 private:
     std::unique_ptr<LogWatch> m_log;
 
-    /// Changes a row past the rules of the journal, before a page loads it.
+    /// Changes a row without the rules of the journal, before a page loads it.
     static void change(const TestStore& store, const char* table, const char* key, TestStore::Fields fields)
     {
         QVERIFY(TestStore::write(store.openLoader().get(), table, ROW_UPDATE, key, fields));
@@ -26,7 +26,7 @@ private:
         parser.setTemplateProperty(property, std::string(value));
         return QString::fromStdString(parser.readyHtml(true));
     }
-    /// Names of the rules that hold for the page as it stands.
+    /// Names of the rules that are true for the page.
     static QStringList holding(const LogBookWidget& tab)
     {
         const std::pair<const char*, bool> rules[] = {{"draft", tab.isRecordDraft()},
@@ -103,7 +103,7 @@ private slots:
         TestJournal journal(store, QStringLiteral("smirnov"), "DEP_ODS");
         const LogBookWidget& tab = journal.tab();
         QVERIFY(!tab.isOpenWorkshift());
-        QVERIFY(tab.isCloseWorkshift()); // not quite the opposite of open, and meant so
+        QVERIFY(tab.isCloseWorkshift()); // deliberate: not exactly the opposite of open
         QVERIFY(!tab.isWorkerInWorkshift());
         QVERIFY(!tab.isEditableWorkshift());
         QVERIFY(tab.isHideDraft());
@@ -168,7 +168,7 @@ private slots:
         QCOMPARE(holding(journal.tab()), words("draft deletable second secondSettable"));
         journal.select("REC_DRAFT_PETROV");
         QCOMPARE(holding(journal.tab()), words("draft deletable"));
-        journal.select("REC_ORDER"); // approved: not settable, though its template has the marker
+        journal.select("REC_ORDER"); // approved: cannot be set, although its template has the marker
         QVERIFY(!journal.tab().isSecondMarkSettable());
     }
 

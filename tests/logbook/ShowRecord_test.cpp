@@ -65,7 +65,7 @@ private slots:
         QCOMPARE(front()->workshiftKeyLink(), QStringLiteral("SHIFT_CDS_PAST"));
         QCOMPARE(current(), QStringLiteral("REC_PAST_2"));
         QCOMPARE(m_journal->status(), QStringLiteral("Просмотр записей смены"));
-        ask("REC_PAST_1"); // the shift is there already
+        ask("REC_PAST_1"); // the shift is already shown
         QCOMPARE(current(), QStringLiteral("REC_PAST_1"));
         ask("REC_TRIP");
         QCOMPARE(front()->workshiftKeyLink(), QStringLiteral("SHIFT_CDS_OPEN"));
@@ -107,7 +107,7 @@ private slots:
         QCOMPARE(rows(), 2);
         ask("LEFT");
         front()->uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
-        QCOMPARE(rows(), 2); // the next load is as always
+        QCOMPARE(rows(), 2); // the next load is as usual
     }
 
     void aRecordThatIsGoneIsSaid()
