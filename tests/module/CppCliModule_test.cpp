@@ -8,7 +8,7 @@
 #include <memory>
 #include <QTest>
 
-/// The door of the plug-in and how the modules answer the host.
+/// The entry point of the plug-in, and the modules' answers to the host.
 class CppCliModule_test : public QObject
 {
     Q_OBJECT
