@@ -27,7 +27,8 @@ class Test:
     def __init__(self, name, command, properties):
         values = {one["name"]: one["value"] for one in properties}
         self.name = name
-        # ctest does not know the command of a program that is not built; such a one is called as its test is.
+        # ctest does not know the command of a program that is not built; such a program has the name of its
+        # test.
         self.program = pathlib.Path(command[0]).name if command else name.replace("_on_postgresql", "")
         self.arguments = command[1:]
         self.environment = dict(one.split("=", 1) for one in values.get("ENVIRONMENT", []))
@@ -121,7 +122,7 @@ class Apart:
         self.work = self.build / f"changed-{os.getpid()}"
         self.launcher = [path for path in [shutil.which("ccache")] if path]
         database = json.loads((self.build / "compile_commands.json").read_text())
-        # The first command is the one of the library that is tested; others build a part of it for another program.
+        # The first command is that of the tested library; others build a part of it for another program.
         self.compilers = {}
         for entry in database:
             self.compilers.setdefault(entry["file"], (entry["command"], entry["directory"]))

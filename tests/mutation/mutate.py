@@ -35,7 +35,7 @@ from apart import Apart, BuildFailed, Change, switched
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 
-# What to look for in a line, and what to put there.
+# The patterns to find in a line, and their replacements.
 SWAPS = [
     (r"==", "!="),
     (r"!=", "=="),
@@ -57,7 +57,7 @@ SWAPS = [
     (r"(?<=return )(?!false|true|-?\d|\{)(\w+ (?:&&|\|\|) .+)(?=;)", r"!(\1)"),
 ]
 NUMBER = re.compile(r"(?<![\w.\"'])(\d+)(?=[UL]*\b)(?![\w.]*[\"'xX.])")
-# A statement that can go as a whole: a call or an assignment on a line of its own, no declaration.
+# A statement that can be removed: a call or an assignment on its own line, not a declaration.
 STATEMENT = re.compile(r"^\s+(?:[\w:>.\-\[\]*]+(?:\(.*\)|\s[-+|&^]?=\s.*)|\+\+\S+|delete\s.*|emit\s.*);$")
 NO_STATEMENT = re.compile(r"^\s+(?:return|using|throw|break|continue|case)\b")
 
@@ -119,7 +119,7 @@ class Tests:
         return [name for name in self.names if name.startswith(path.stem.split("_")[0])]
 
     def make(self, names):
-        # The clusters of the server's tests are filled by the changed sources, too.
+        # The clusters of the server's tests are also filled by the changed sources.
         wanted = {name.replace("_on_postgresql", "") for name in names} | {"make_test_clusters"}
         programs = wanted & self.programs
         return run(["ninja", "-C", self.build, "-j2", *sorted(programs)]).returncode == 0
@@ -243,7 +243,7 @@ def take_away(build, path, names):
         if verdict != "caught":
             survivors.append(one.name)
         print(f"{verdict:8} {one.name}", flush=True)
-    tests.make(wanted)  # the build tree holds the true sources again
+    tests.make(wanted)  # the build tree has the original sources again
     print(f"\n{len(chosen)} safeguards, the loss of {len(survivors)} was noticed by no test")
     return survivors
 
@@ -261,7 +261,7 @@ class Behaviours:
         # a crash takes long.
         self.temporary = tempfile.mkdtemp(prefix="behaviours-")
         self.environment = {**os.environ, "QTEST_DISABLE_STACK_DUMP": "1", "TMPDIR": self.temporary}
-        self.verdicts = {}  # of each name that is not judged yet, None
+        self.verdicts = {}  # by name; None while undecided
         self.changes = []
         self.texts = {}
         for path in lists:
@@ -280,7 +280,7 @@ class Behaviours:
         except Stale as why:
             self.tell(name, f"STALE {why}")
             return
-        if source not in self.texts:  # what is edited during the run is not looked at
+        if source not in self.texts:  # files edited during the run are ignored
             self.texts[source] = source.read_text(encoding="utf-8")
         self.changes.append(Change(len(self.changes) + 1, name, source, self.texts[source], place, words["old"],
                                    words["new"], words["tests"].split()))
@@ -425,7 +425,7 @@ def main():
     parser.add_argument("-j", type=int, default=2, dest="jobs", help="behaviours tried at the same time (default 2)")
     options = parser.parse_args()
     build = str((ROOT / options.build_dir).resolve())
-    os.environ.pop("VRK_LONG", None)  # each change is judged by the tests as they run every day
+    os.environ.pop("VRK_LONG", None)  # each change is tested by the daily tests
     names = options.globs if options.globs != parser.get_default("globs") else []
     if options.behaviours:
         sys.exit(0 if try_behaviours(build, ROOT / options.behaviours, names, options.jobs) else 1)
@@ -471,7 +471,7 @@ def main():
         print(f"{verdict:8} {place}\n    - {old.strip()}\n    + {new.strip() or '(nothing)'}", flush=True)
 
     for room in rooms.values():
-        room.make(room.names)  # the build tree holds the true sources again
+        room.make(room.names)  # the build tree has the original sources again
     print(f"\n{caught} caught, {len(survivors)} survived, {unbuilt} did not compile; "
           f"{len(choices)} changes are possible in {len(sources)} sources")
     for place, old, new in survivors:
