@@ -25,7 +25,7 @@ QStringList markers()
         .split(QLatin1Char(' '));
 }
 
-/// The same signs in the modules and in the host.
+/// Signs that modules and host share.
 QStringList sharedIcons()
 {
     return QStringLiteral("add apply folder template edited search up-arrow down-arrow copy paste")
@@ -125,9 +125,9 @@ private slots:
     {
         QVector<QImage> shapes;
         QStringList names = all();
-        names.removeOne(QStringLiteral(":/vrk/information"));  // the same sign as the info of the tool bar
-        names.removeOne(QStringLiteral(":/vrk/warning"));      // the same sign as the marker of an accident
-        names.removeOne(QStringLiteral(":/vrk/organization")); // the same sign in the modules and in the host
+        names.removeOne(QStringLiteral(":/vrk/information"));  // shared with the info of the tool bar
+        names.removeOne(QStringLiteral(":/vrk/warning"));      // shared with the marker of an accident
+        names.removeOne(QStringLiteral(":/vrk/organization")); // shared by modules and host
         names.removeOne(QStringLiteral(":/vrk/department"));
         for (const QString& name : sharedIcons())
             names.removeOne(QStringLiteral(":/vrk/") + name);
