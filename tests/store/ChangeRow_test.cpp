@@ -15,7 +15,7 @@ class ChangeRow_test : public QObject
 
     sqlite3* m_db = nullptr;
 
-    /// What vrk_row makes of SQL expressions, or of bound values.
+    /// The result of vrk_row for SQL expressions, or for bound values.
     QByteArray rowOf(const QByteArray& expressions, double bound = 0)
     {
         sqlite3_stmt* statement = nullptr;

@@ -52,7 +52,7 @@ private slots:
             const QChar character(static_cast<ushort>(unicode));
             if (character.isSurrogate() || unicode == 0x98)
                 continue;
-            // Only what the codec gives back unchanged is a character of the page; it also guesses likenesses.
+            // Only characters that the codec restores belong to the page; it also substitutes similar ones.
             const QByteArray byte = codec->fromUnicode(character);
             const bool known = codec->toUnicode(byte) == QString(character);
             QCOMPARE(down(*page, QString(character).toUtf8()), known ? byte : QByteArray("?"));

@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-/// What a check finds in the schema of a server's store, and beside it.
+/// The findings of a check in the schema of a server's store, and outside it.
 class PostgresCheck_test : public QObject
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ class PostgresCheck_test : public QObject
         texts.sort();
         return texts;
     }
-    /// Does all of it to one store, and looks once: each thing must be named, and nothing else.
+    /// Applies all changes to one store and checks it once: each must be reported, and nothing else.
     void tamper(const QVector<Tampering>& tamperings)
     {
         QStringList expected;

@@ -13,7 +13,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
-/// Links that break at an exact place: at every single request of connecting, signing in, reading and writing.
+/// Links that break at an exact place: at each single request of connecting, signing in, reading and
+/// writing.
 class PostgresStore_breaks_test : public QObject
 {
     Q_OBJECT
@@ -48,7 +49,7 @@ class PostgresStore_breaks_test : public QObject
         batch.RecPost(batch.newRow(ROW_INSERT, key));
         return store->apply({{"Roles", batch.array}}, batchKey, error);
     }
-    /// Past the gate.
+    /// Without the gate.
     qint64 number(const QByteArray& sql) const
     {
         StoreError error;
@@ -115,7 +116,7 @@ private slots:
         QByteArrayList written;
         int request = 0;
         for (bool isBroken = true; isBroken;) {
-            // The present link breaks, then the next one at its n-th request, and after it two are refused.
+            // The current link breaks, then the next one at its n-th request, and after it two are refused.
             m_gate->breakAt(++request, static_cast<GateProxy::Place>(place), 2);
             m_gate->breakNow();
             written.append("K" + QByteArray::number(request));
@@ -228,7 +229,7 @@ private slots:
         QTest::newRow("arrived") << int(GateProxy::BeforeAnswer) << true;
         QTest::newRow("arrives late") << int(GateProxy::Held) << false;
     }
-    /// The server is out of reach from the commit on, for longer than the deadline.
+    /// The server is unreachable from the commit on, for longer than the deadline.
     void reportsAnUnansweredCommit()
     {
         QFETCH(int, place);
@@ -248,7 +249,7 @@ private slots:
         m_gate->admit();
         QTRY_VERIFY(store->isWritten("batch-B", &known, &error));
         QCOMPARE(known, written);
-        // What is on its way has missed its time.
+        // The request on its way has missed its time.
         m_gate->release();
         QVERIFY(apply(store.get(), "C", "batch-C", &error));
         QTRY_COMPARE(number("SELECT count(*) FROM pg_stat_activity WHERE usename = 'keeper'"), 1);

@@ -10,8 +10,8 @@
 #include <QSet>
 #include <QTest>
 
-/// What a client can do to the others: one that talks to the server without our program, with the rights of a person, and
-/// two that write at the same moment.
+/// What a client can do to others: one that accesses the server without our program, with the rights of a
+/// person, and two that write at the same time.
 class PostgresStore_clients_test : public QObject
 {
     Q_OBJECT
@@ -35,14 +35,14 @@ class PostgresStore_clients_test : public QObject
         StoreError error;
         return link.exec(sql, &error) ? QByteArray() : link.failureState();
     }
-    /// Begins a transaction that writes past our program, with a rule's view of the person.
+    /// Begins a transaction that writes without our program, as a person to whom the rules apply.
     static QByteArray begin(PgConnection& link, const QByteArray& sql, bool asLoader = false)
     {
         return run(link, "BEGIN; SELECT set_config('vrk.batch_key', '" + GenGuid32() +
                              "', true), set_config('vrk.loader', '" + (asLoader ? "on" : "off") +
                              "', true); " + sql);
     }
-    /// Sees to it that \a other commits when \a store has to wait for it.
+    /// Makes \a other commit when \a store must wait for it.
     static void commitWhenWaitedFor(Store* store, PgConnection* other, bool* isDone)
     {
         store->setProgress([=] {
@@ -66,7 +66,7 @@ private slots:
                          "'public'::regnamespace AND has_function_privilege('petrov', oid, 'EXECUTE')"))
                      .toString(),
                  QStringLiteral(
-                     "vrk_write_file(text,text,bytea)")); // which asks for the right of an administrator
+                     "vrk_write_file(text,text,bytea)")); // which requires the right of an administrator
         QVERIFY(m_files
                     ->value(QStringLiteral(
                         "SELECT count(*) FROM pg_proc WHERE pronamespace = 'public'::regnamespace"))
@@ -75,7 +75,7 @@ private slots:
 
     void eventsAreNotForgedByATableOfOnesOwn()
     {
-        // As in a database that was put back from a copy.
+        // As in a database that was restored from a copy.
         QCOMPARE(m_files->exec(
                      QStringLiteral("DO $$ BEGIN EXECUTE format('GRANT TEMPORARY ON DATABASE %I TO PUBLIC', "
                                     "current_database()); END $$")),
@@ -97,7 +97,7 @@ private slots:
                                     "current_database()); END $$")),
                  QString());
         const auto link = person("sidorova");
-        // Who is not in the shift makes himself a shift of his own, a login, and a place for the log.
+        // A person who is not in the shift creates a shift, a login, and a place for the log.
         for (const char* table : {"LogbookWorkshifts", "LogbookWorkersWorkshift", "Users", "Workers",
                                   "ChangeHead", "ChangePending", "StoreProperties"})
             QCOMPARE(run(*link, QByteArray("CREATE TEMP TABLE ") + table + " AS SELECT * FROM public." +
@@ -110,7 +110,7 @@ private slots:
                               "'WORKER_SIDOROVA', 1)"),
                  QByteArray("VR001"));
         run(*link, "ROLLBACK");
-        // What is allowed is logged all the same.
+        // Allowed writes are logged, too.
         QCOMPARE(begin(*link, "SET LOCAL search_path = pg_temp, public; UPDATE public.LogbookComments SET "
                               "readedTime = 5 WHERE KeyLink = 'COM_UNREAD'; COMMIT"),
                  QByteArray());
@@ -144,7 +144,7 @@ private slots:
         const auto link = person();
         const QByteArray write = "UPDATE LogbookComments SET readedTime = 5 WHERE KeyLink = 'COM_UNREAD'";
         QCOMPARE(run(*link, write), QByteArray("VR001"));
-        // What is left of a name when its transaction is over is an empty one.
+        // After its transaction the name is empty.
         QCOMPARE(begin(*link, "COMMIT"), QByteArray());
         QCOMPARE(run(*link, write), QByteArray("VR001"));
         QCOMPARE(begin(*link, write + "; COMMIT"), QByteArray());
@@ -193,7 +193,7 @@ private slots:
         const auto link = person();
         QCOMPARE(run(*link, "SELECT count(pg_advisory_lock(g)) FROM generate_series(1, 10000000) AS g"),
                  QByteArray("42501"));
-        // Where he is, the others go on: they sign in, write, and end what runs away.
+        // The others continue in his presence: they sign in, write, and end runaways.
         StoreError error;
         QVERIFY2(TestStore::write(m_files->open(QStringLiteral("ivanov")).get(), "LogbookRecords", ROW_UPDATE,
                                   "REC_DRAFT_IVANOV", {{"html", "x"}}, &error),
@@ -246,7 +246,7 @@ private slots:
     {
         QFETCH(QByteArray, setting);
         QFETCH(QString, inForce);
-        // A witness, called after the transaction has been closed.
+        // A witness, called after the transaction has ended.
         QCOMPARE(
             m_files->exec(QStringLiteral(
                 "CREATE TABLE seen (setting text); CREATE FUNCTION witness() RETURNS trigger LANGUAGE "
@@ -272,7 +272,7 @@ private slots:
     void watchdogEndsWhoHoldsUpOthers()
     {
         const auto holder = person();
-        // It goes on asking, so that no request of its own is ever old.
+        // It keeps sending requests, so none of them is ever old.
         QCOMPARE(run(*holder, "BEGIN; LOCK TABLE LogbookRecords; SELECT 1"), QByteArray());
         const auto waiter = m_files->open(QStringLiteral("ivanov"));
         StoreError error;
@@ -302,7 +302,7 @@ private slots:
 
     void watchdogEndsIdleLockHolders()
     {
-        // As a database that was put back, or another one of the server, has it.
+        // As in a restored database, or another one of the server.
         QCOMPARE(
             m_files->exec(QStringLiteral("GRANT EXECUTE ON FUNCTION pg_advisory_lock(bigint) TO petrov")),
             QString());
@@ -367,7 +367,7 @@ private slots:
                     return symptom.cure;
             return QString();
         };
-        const QString cure = isNamed(); // a copied database has the access of every new one
+        const QString cure = isNamed(); // a copied database has the access of a new one
         QVERIFY(cure.contains(QStringLiteral("REVOKE ALL ON DATABASE")));
         QCOMPARE(m_files->exec(cure.mid(cure.indexOf(QLatin1String("REVOKE")))), QString());
         QCOMPARE(isNamed(), QString());

@@ -18,7 +18,7 @@
 
 namespace
 {
-/// A name server that does not answer before it is told to.
+/// A name server that does not answer until it is released.
 struct SlowNames {
     std::mutex mutex;
     std::condition_variable answers;
@@ -47,7 +47,7 @@ SlowNames slowNames;
 const char slowHost[] = "journal.example";
 } // namespace
 
-/// Every library of the program looks names up here.
+/// All libraries of the program look up names here.
 extern "C" Q_DECL_EXPORT int getaddrinfo(const char* host, const char* service, const addrinfo* hints,
                                          addrinfo** result)
 {
@@ -59,7 +59,7 @@ extern "C" Q_DECL_EXPORT int getaddrinfo(const char* host, const char* service, 
     return real("127.0.0.1", service, hints, result);
 }
 
-/// The way to a server: names that nobody answers for, hosts that keep silent.
+/// Connecting to a server: names that nobody resolves, hosts that do not answer.
 class PostgresStore_connect_test : public QObject
 {
     Q_OBJECT
@@ -142,7 +142,7 @@ private slots:
                      "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = 'site'")),
                  QString());
 
-        // Reading changes comes back at once, a request at its deadline: all that while nobody answers.
+        // While nobody answers, reading changes returns at once, and a request at its deadline.
         ChangePosition position;
         while (store->position(&position, &error)) {
         }
@@ -154,7 +154,7 @@ private slots:
         QVERIFY(!TestStore::write(store.get(), "Roles", ROW_INSERT, "A", {}, &error));
         QCOMPARE(error.code, StoreError::Lost);
         QVERIFY(signsOfLife > 5);
-        QTRY_COMPARE(slowNames.timesAsked(), asked + 1); // and the question is not put again and again
+        QTRY_COMPARE(slowNames.timesAsked(), asked + 1); // and the lookup is not repeated
 
         slowNames.setAnswering(true);
         QTRY_VERIFY(store->position(&position, &error));
@@ -166,7 +166,7 @@ private slots:
         RewritingProxy proxy(m_cluster->socketFolder());
         StoreError error;
         slowNames.setAnswering(false);
-        // What is waited for is not there yet: opening fails, and its attempt ends by itself afterwards.
+        // The server is not reachable yet: opening fails, and its attempt ends by itself afterwards.
         QVERIFY(!open(proxy.url(QStringLiteral("site"), QLatin1String(slowHost)), 1, &error));
         QCOMPARE(error.code, StoreError::Lost);
         slowNames.setAnswering(true);
@@ -195,7 +195,7 @@ private slots:
 
     void silentHostIsPassedOver()
     {
-        // The first host takes connections and never says a word.
+        // The first host accepts connections and never answers.
         const QTemporaryDir silent(testFolderTemplate());
         const int listener = UnixSocket::listenIn(silent.path());
         const QString url = QStringLiteral("postgresql://postgres@/site?host=%1,%2")
@@ -210,7 +210,7 @@ private slots:
 
     void processThatBearsAFormerNumberIsLeftAlone()
     {
-        // Another client has the process whose number the store takes for that of its own connection.
+        // Another client has the process id that the store remembers for its own connection.
         const std::unique_ptr<PGconn, decltype(&PQfinish)> other(
             PQconnectdb(m_cluster->url(QStringLiteral("site")).toUtf8().constData()), PQfinish);
         const QByteArray number = QByteArray::number(PQbackendPID(other.get())).rightJustified(7, '0');
@@ -234,7 +234,7 @@ private slots:
 
     void tooOldServerIsRefused()
     {
-        // The version stands in what the server tells of itself at first.
+        // The server's first message contains its version.
         const RewritingProxy proxy(m_cluster->socketFolder(), {{QByteArray("server_version\0", 15) + "15",
                                                                 QByteArray("server_version\0", 15) + "14"}});
         StoreError error;

@@ -8,7 +8,8 @@
 #include <QFile>
 #include <QTest>
 
-/// What the change feed of a server rests on: the counter, the hint with the slow poll behind it, the name of the history.
+/// The parts of a server's change feed: the counter, the hint, the slow poll in addition, the name of the
+/// history.
 class PostgresStore_feed_test : public QObject
 {
     Q_OBJECT
@@ -26,7 +27,7 @@ class PostgresStore_feed_test : public QObject
         pollfd entry = {store->newsDescriptor(), POLLIN, 0};
         return ::poll(&entry, 1, waitMs) > 0;
     }
-    /// The transactions of the store wake nobody from now on.
+    /// From now on the transactions of the store notify nobody.
     void silence()
     {
         QCOMPARE(m_files->exec(
@@ -54,7 +55,7 @@ private slots:
         PgConnection first(m_files->url(), 15000);
         StoreError error;
         QVERIFY(first.connect(first.connectMs(), &error));
-        // As far as its commit, but for the very end.
+        // Everything up to the commit, except the very end.
         QVERIFY2(
             first.exec("BEGIN; SELECT set_config('vrk.batch_key', 'first', true), set_config('vrk.loader', "
                        "'on', true); INSERT INTO Roles (KeyLink) VALUES ('A'); SET CONSTRAINTS ALL "
@@ -81,7 +82,7 @@ private slots:
         m_store->hasNews();
         QVERIFY(!isReadable(m_store.get(), 0));
         QVERIFY(write(m_other.get(), "A"));
-        QVERIFY(isReadable(m_store.get(), 1500)); // the slow poll would not make it so
+        QVERIFY(isReadable(m_store.get(), 1500)); // the slow poll would not be that fast
         QVERIFY(m_store->hasNews());
     }
 
@@ -109,7 +110,7 @@ private slots:
         QVERIFY(feed.start(&error));
         QVERIFY(write(m_other.get(), "A"));
         QTRY_COMPARE(arrived, 1);
-        // Close behind the first one, without a hint of its own.
+        // Shortly after the first one, without its own hint.
         silence();
         QVERIFY(write(m_other.get(), "B"));
         QVERIFY(QTest::qWaitFor([&] { return arrived == 2; }, 1500));
@@ -154,7 +155,7 @@ private slots:
         ChangePosition before;
         QVERIFY(store->position(&before, &error));
         store.reset();
-        // The same files, taken over by a server that has followed another one.
+        // The same files, used by a server that has followed another one.
         server.stop();
         QFile signal(server.socketFolder() + QStringLiteral("/data/standby.signal"));
         QVERIFY(signal.open(QIODevice::WriteOnly));

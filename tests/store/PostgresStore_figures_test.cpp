@@ -38,7 +38,7 @@ std::unique_ptr<Store> opened(const QString& url)
     return store;
 }
 
-/// Sessions that listen, ten to a thread.
+/// Listening sessions, ten in a thread.
 class Audience
 {
 public:
@@ -104,7 +104,8 @@ qint64 median(QVector<qint64> times)
 }
 } // namespace
 
-/// What the server's store costs. The figures are told; what must hold is compared with a peer in the same run.
+/// The cost of the server's store. The figures are printed; requirements are compared with a peer in the
+/// same run.
 class PostgresStore_figures_test : public QObject
 {
     Q_OBJECT
@@ -113,7 +114,7 @@ class PostgresStore_figures_test : public QObject
     QString m_database;
     QString m_url;
 
-    /// Fills a shift past the log, as an archive is there before its readers come.
+    /// Fills a shift without the log, like an archive that exists before its readers.
     void fill(const QString& database, const char* shift, qint64 records, qint64 from, qint64 to) const
     {
         QCOMPARE(
@@ -226,7 +227,7 @@ class PostgresStore_figures_test : public QObject
     {
         return *std::min_element(times.cbegin(), times.cend());
     }
-    /// The pages that the server reads for a select; they are the same on every machine.
+    /// The number of pages that the server reads for a select; the same on every machine.
     static int pagesOf(const QString& url, const QByteArray& sql)
     {
         StoreError error;
@@ -275,7 +276,7 @@ private slots:
         std::vector<QVector<qint64>> delays(static_cast<std::size_t>(sessions));
         std::atomic<int> heard{0};
         Audience audience(m_url, sessions, [&](int listener, const StoreChange& change) {
-            // An event may overtake the answer to its writer.
+            // An event may arrive before the answer to its writer.
             const qint64 at = committed[change.key.toUInt()];
             delays[static_cast<std::size_t>(listener)].append(at > 0 ? clock.nsecsElapsed() / 1000 - at : 0);
             ++heard;
@@ -338,14 +339,15 @@ private slots:
     {
         const qint64 now = 1763600000;
         const qint64 tenYears = 10 * 365 * 86400LL;
-        // The last fortnight alone, and the same with ten years behind it.
+        // Only the last fortnight, and the same after ten years of records.
         const QString young = m_database + QStringLiteral("_young");
         StoreError error;
         QVERIFY(StoreAdmin::init(m_cluster->url(young), "Windows-1251", "Europe/Moscow", &error));
         for (const QString& database : {young, m_database})
             fill(database, "NOW", 10000, now - 14 * 86400, now);
         fill(m_database, "OLD", isLong() ? 2000000 : 100000, now - tenYears, now - 14 * 86400 - 1);
-        for (const QString& database : {young, m_database}) // or the server would do it while it is measured
+        // or the server would do it during the measurement
+        for (const QString& database : {young, m_database})
             QCOMPARE(m_cluster->exec(QStringLiteral("VACUUM ANALYZE"), database), QString());
         QCOMPARE(m_cluster->exec(QStringLiteral("CHECKPOINT")), QString());
 
@@ -362,7 +364,7 @@ private slots:
             QVector<qint64> after;
             int rows = 0;
             int rowsAlone = 0;
-            for (int i = 0; i < (isLong() ? 60 : 5); ++i) { // in turns, so that other load meets both
+            for (int i = 0; i < (isLong() ? 60 : 5); ++i) { // alternating, so that other load affects both
                 before += timesOf(alone.get(), sql, &rowsAlone);
                 after += timesOf(store.get(), sql, &rows);
             }

@@ -11,7 +11,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-/// A server that stops, freezes, dies or is replaced under its clients.
+/// A server that stops, freezes, dies or is replaced while it has clients.
 class PostgresStore_link_test : public QObject
 {
     Q_OBJECT
@@ -76,7 +76,7 @@ private slots:
         QVERIFY(!write(store.get(), "A", &error));
         QCOMPARE(error.code, StoreError::Lost);
         QVERIFY2(clock.elapsed() < 4000, qPrintable(QString::number(clock.elapsed())));
-        // Reading changes does not wait for a connection at all.
+        // Reading changes does not wait for a connection.
         ChangePosition position;
         clock.start();
         QVERIFY(!store->position(&position, &error));
@@ -159,7 +159,7 @@ private slots:
         ChangePosition position;
         StoreError error;
         QVERIFY(store->position(&position, &error));
-        QCOMPARE(position.number, 2); // the making of the store, and this
+        QCOMPARE(position.number, 2); // creating the store, and this
         store.reset();
         const QString name = QStringLiteral("site%1").arg(m_count);
         QCOMPARE(m_cluster->exec(QStringLiteral("ALTER DATABASE %1 RENAME TO %1_old").arg(name)), QString());
@@ -182,7 +182,8 @@ private slots:
             return PQresultStatus(done.get()) == PGRES_COMMAND_OK ||
                    PQresultStatus(done.get()) == PGRES_TUPLES_OK;
         };
-        // The other one holds B and wants A; ours holds A by then and wants B. Ours, which waited first, is the victim.
+        // The other one holds B and requests A; ours then holds A and requests B. Ours waited first and is
+        // the victim.
         QVERIFY(exec(
             "SET deadlock_timeout = '60s'; BEGIN; SELECT set_config('vrk.batch_key', 'other', true), "
             "set_config('vrk.loader', 'on', true); UPDATE Roles SET name_ = 'other' WHERE KeyLink = 'B'"));
@@ -226,7 +227,7 @@ private slots:
         const QString database = QStringLiteral("site%1").arg(m_count);
         QTemporaryDir folder;
         StoreError error;
-        // Several hosts: the first one is not there.
+        // Several hosts: the first one does not exist.
         QVERIFY2(Store::open(
                      QStringLiteral("postgresql://postgres@/%1?host=%2,%3&target_session_attrs=read-write")
                          .arg(database, QString::fromLatin1(QUrl::toPercentEncoding(folder.path())), socket),
@@ -365,7 +366,7 @@ private slots:
         QCOMPARE(user.login, QStringLiteral("orlov"));
         QVERIFY(!TestStore::write(store.get(), "Roles", ROW_INSERT, "X", {}, &error));
         QCOMPARE(error.code, StoreError::Refused);
-        // Asking to be the loader does not make one.
+        // Requesting the loader's role does not grant it.
         Store::Options loader;
         loader.loader = true;
         const auto pretender = Store::open(own, loader, &error);

@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-/// What each request to a server is guarded by, whatever server, database and role are set to.
+/// The safeguards of each request to a server, for any settings of server, database and role.
 class PostgresStore_requests_test : public QObject
 {
     Q_OBJECT
@@ -46,7 +46,7 @@ private slots:
         const auto store = m_files->openLoader();
         StoreError error;
         const QVariant limit = one(store.get(), "SELECT current_setting('statement_timeout') AS v", &error);
-        QCOMPARE(limit.toString(), QStringLiteral("20s")); // the deadline, and time to end by itself
+        QCOMPARE(limit.toString(), QStringLiteral("20s")); // the deadline, plus time to end by itself
         QCOMPARE(
             one(store.get(), "SELECT set_config('statement_timeout', '0', false) AS v", &error).toString(),
             QStringLiteral("0"));
@@ -58,7 +58,7 @@ private slots:
 
     void settingsOfTheDatabaseDoNotCount()
     {
-        QString all; // at once: the last of them would keep the others from being set
+        QString all; // all at once, because the last of them would prevent setting the others
         for (const char* setting :
              {"search_path = pg_catalog", "client_encoding = ''LATIN1''", "statement_timeout = ''1ms''",
               "default_transaction_isolation = ''serializable''", "default_transaction_read_only = on"})
@@ -72,7 +72,7 @@ private slots:
                  qPrintable(error.text + error.detail));
         QCOMPARE(one(store.get(), "SELECT name_ AS v FROM Roles WHERE KeyLink = 'NEW'", &error).toString(),
                  name);
-        // One that is serializable would have to be tried again.
+        // A serializable one would have to be repeated.
         const auto other = m_files->openLoader();
         QVERIFY(store->beginRead(&error));
         QVERIFY(TestStore::write(other.get(), "Roles", ROW_UPDATE, "NEW", {{"name_", "x"}}, &error));
@@ -151,7 +151,7 @@ private slots:
 
     void textsAreOrderedByBytesInAnyCollation()
     {
-        // Where "a" comes before "B", and small letters before capital ones.
+        // In this collation "a" comes before "B", and lower-case letters before upper-case ones.
         QCOMPARE(PrivateCluster::shared().exec(QStringLiteral(
                      "CREATE DATABASE sorted TEMPLATE template0 ENCODING 'UTF8' LOCALE_PROVIDER "
                      "icu ICU_LOCALE 'ru' LC_COLLATE 'C.UTF-8' LC_CTYPE 'C.UTF-8'")),

@@ -21,7 +21,7 @@ namespace
 constexpr int writers = 16;
 constexpr int listeners = 50;
 constexpr int listenersInAThread = 10;
-constexpr int keys = 40; ///< few, so that writers meet
+constexpr int keys = 40; ///< few, so that writers collide
 constexpr int deadlineMs = 3000;
 
 bool isLong()
@@ -37,7 +37,7 @@ Store::Options options()
     return made;
 }
 
-/// Opens however often it takes.
+/// Tries to open until it succeeds.
 std::unique_ptr<Store> opened(const QString& url)
 {
     for (;;) {
@@ -48,7 +48,7 @@ std::unique_ptr<Store> opened(const QString& url)
     }
 }
 
-/// Writes batches of one to three rows until it is told to end, each as often as it takes to know what became of it.
+/// Writes batches of one to three rows until it must end; repeats each until its outcome is known.
 class Writer
 {
 public:
@@ -70,7 +70,7 @@ public:
                 batch.SetValF(row, "name_", MDRValue::text(name));
                 batch.RecPost(row);
             }
-            // One that leaves a trace for sure: deleting what is not there does not.
+            // A change that certainly leaves a trace: deleting a missing row does not.
             const QByteArray batchKey = GenGuid32();
             MDRData* trace = batch.newRow(ROW_INSERT, batchKey);
             batch.SetValF(trace, "name_", MDRValue::text(batchKey));
@@ -81,7 +81,7 @@ public:
                     acknowledged.append(batchKey);
                     break;
                 }
-                // What is not settled yet is told by the next try, by its key.
+                // The next attempt with the same key settles an unknown outcome.
                 if (error.code != StoreError::Lost && error.code != StoreError::Locked &&
                     error.code != StoreError::Unsettled) {
                     refused.append(batchKey);
@@ -94,13 +94,13 @@ public:
     }
 };
 
-/// Follows the changes and keeps what it was told.
+/// Follows the changes and keeps them.
 struct Listener {
     std::unique_ptr<Store> store;
     std::unique_ptr<ChangeFeed> feed;
     ChangePosition start;
     QVector<QByteArray> heard;          ///< "number event table key"
-    QHash<QByteArray, QByteArray> rows; ///< of the table by key, as events tell them
+    QHash<QByteArray, QByteArray> rows; ///< rows of the table by key, according to the events
     int restarts = 0;
     std::atomic<qint64> number{0};
 
@@ -116,7 +116,7 @@ struct Listener {
             QThread::msleep(20);
         start = feed->position();
         number = start.number;
-        // Changes that come while the rows are read only say the same once more.
+        // Changes that arrive while the rows are being read repeat the same content.
         CMDArray answer;
         while (!answer.array) {
             answer = store->select("SELECT * FROM Roles", &error);
@@ -152,7 +152,7 @@ struct Listener {
 };
 } // namespace
 
-/// Many writers and many listeners at once, while connections, and the server, come and go.
+/// Many writers and listeners at the same time, while connections and the server fail and return.
 class PostgresStore_storm_test : public QObject
 {
     Q_OBJECT
@@ -179,8 +179,8 @@ class PostgresStore_storm_test : public QObject
         return values;
     }
 
-    /// Lets them all work while \a trouble runs, then compares what everybody has seen with what the log and the table
-    /// hold.
+    /// Lets them all work while \a trouble runs, then compares what everybody has received with the log and
+    /// the table.
     void storm(const QString& url, const std::function<void()>& trouble)
     {
         std::atomic<bool> isEnding{false};
@@ -236,7 +236,7 @@ class PostgresStore_storm_test : public QObject
             QVERIFY(thread->wait(60000));
         QVERIFY2(allCame, "some listeners have not heard everything");
 
-        QSet<QByteArray> written; // but for what made the store
+        QSet<QByteArray> written; // except the transactions that created the store
         for (const QByteArray& key : column("SELECT batchKey FROM ChangeTransactions WHERE number > 1"))
             written.insert(key);
         int acknowledged = 0;

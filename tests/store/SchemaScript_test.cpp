@@ -19,7 +19,7 @@ private slots:
         QCOMPARE(rules.count("\nRULE "), 0);
         QCOMPARE(rules.count("CHANGED("), 0);
         QCOMPARE(rules.count("LOGGED("), 0);
-        QCOMPARE(rules.count("REFUSE '"), 1); // in the head, which tells the notation
+        QCOMPARE(rules.count("REFUSE '"), 1); // in the head, which explains the notation
         int closed = 0;
         for (const CatalogTable& table : TableCatalog::tables())
             closed += table.name.startsWith("Logbook") ? 0 : 3;

@@ -12,7 +12,7 @@
 #include <QTest>
 #include <sqlite3.h>
 
-/// Disks that give out, processes that are killed, processes side by side.
+/// Failing disks, killed processes, concurrent processes.
 class SqliteStore_faults_test : public QObject
 {
     Q_OBJECT
@@ -86,12 +86,12 @@ private slots:
                 if (!hit) {
                     QVERIFY(done);
                     QVERIFY(failures > 0);
-                    return; // no place is left where it could fail
+                    return; // there is no place left where it could fail
                 }
                 ++failures;
                 if (!done)
                     QCOMPARE(int(error.code), storeCode);
-                // Sent again under the same key it is there once, whether the first call got through or not.
+                // Sent again under the same key it is written once, even if the first call succeeded.
                 QVERIFY2(store->apply({{"LogbookComments", batch.array}}, batchKey, &error),
                          qPrintable(error.text + error.detail));
             }
@@ -111,7 +111,7 @@ private slots:
         const auto store = files.openLoader();
         for (int i = 0; i < 3; ++i)
             QVERIFY(TestStore::write(store.get(), "Roles", ROW_INSERT, QByteArray::number(i)));
-        // Not the first write alone, which begins the engine's own log, but each.
+        // Not only the first write, which starts the engine's log, but each.
         for (int i = 3; i < 6; ++i) {
             FaultVfs::arm(FaultVfs::Sync, 1, SQLITE_IOERR_FSYNC);
             const bool done = TestStore::write(store.get(), "Roles", ROW_INSERT, QByteArray::number(i));
@@ -192,7 +192,7 @@ private slots:
             const bool hit = FaultVfs::disarm();
             QCOMPARE(QFile::exists(file), done);
             if (done) {
-                // At the latest what is tidied up on closing may fail; the store is whole all the same.
+                // The cleanup when closing may also fail; the store is still intact.
                 QVector<StoreAdmin::Finding> findings;
                 QVERIFY(StoreAdmin::check(QStringLiteral("sqlite://") + file, &findings, &error));
                 QVERIFY(findings.isEmpty());
@@ -215,12 +215,12 @@ private slots:
         int acknowledged = 0;
         for (int round = 0; round < rounds; ++round) {
             const auto writer = startWriter(files, QString::number(round), 100000);
-            QVERIFY(writer->waitForReadyRead(20000)); // it has begun
-            QTest::qWait(random.bounded(60));         // the moment of death is to be any
+            QVERIFY(writer->waitForReadyRead(20000)); // it has started
+            QTest::qWait(random.bounded(60));         // a random moment of death
             ::kill(static_cast<pid_t>(writer->processId()), SIGKILL);
             QVERIFY(writer->waitForFinished(20000));
             const QList<QByteArray> said = writer->readAllStandardOutput().split('\n');
-            const int last = said.size() > 1 ? said[said.size() - 2].toInt() : -1; // the last whole line
+            const int last = said.size() > 1 ? said[said.size() - 2].toInt() : -1; // the last complete line
             QVERIFY(last >= 0);
             acknowledged += last + 1;
             const int there =
@@ -230,7 +230,7 @@ private slots:
                             .arg(round))
                     .toInt();
             QVERIFY2(there >= last + 1, qPrintable(QStringLiteral("%1 of %2").arg(there).arg(last + 1)));
-            QVERIFY(there <= last + 2); // one more may have been committed and not told
+            QVERIFY(there <= last + 2); // one more may have been committed and not reported
             QVERIFY(isClean(files));
         }
         QVERIFY(acknowledged >= rounds);
@@ -277,7 +277,8 @@ private slots:
     }
 };
 
-/// The program started anew: writes rows one after another and says the number of each once it is acknowledged.
+/// The program, started again: writes rows one after another and prints the number of each once it is
+/// acknowledged.
 static int runWriter(const char* url, const QByteArray& name, int rows)
 {
     StoreError error;

@@ -14,7 +14,7 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
-/// What opening says of files that are no store, or cannot be used.
+/// The errors for files that are not stores, or cannot be used.
 class SqliteStore_open_test : public QObject
 {
     Q_OBJECT
@@ -36,8 +36,8 @@ class SqliteStore_open_test : public QObject
         out.write(content);
     }
 
-    /// A store as a crash leaves it: with a row that stands in its log alone, of which so many pages have got into the
-    /// file. Its file.
+    /// A store after a crash: with a row only in its log, of which a number of pages were copied to the
+    /// file. Returns its file.
     QString leaveCrashed(const TestStore& files, const char* role, int pagesInFile = 0) const
     {
         const auto store = files.openLoader();
@@ -55,7 +55,7 @@ class SqliteStore_open_test : public QObject
         }
         return crashed;
     }
-    /// As cp does it: into the file that is there.
+    /// Like cp: into the existing file.
     void replaceContent(const QString& file, const QString& by) const
     {
         QFile out(file);
@@ -199,7 +199,7 @@ private slots:
         QCOMPARE(error.text, QString::fromUtf8("Файл хранилища «%1» слишком долго занят другой программой.")
                                  .arg(store.path()));
         QVERIFY(clock.elapsed() >= 100 && clock.elapsed() < 5000);
-        // Reading goes on meanwhile.
+        // Reading continues in the meantime.
         MDArray* answer = waiting->select("SELECT * FROM Roles", &error);
         QVERIFY(answer);
         MDADestroy(answer);
@@ -292,7 +292,7 @@ private slots:
         CMDArray answer;
         answer = other->select(select, &error); // finds the other log
         QCOMPARE(answer.RecCount(), 2);
-        // What a crash would leave now holds both, too.
+        // A crash now would leave both, too.
         const QString crashed = path("crashed.vrk");
         for (const char* suffix : {"", "-wal"}) {
             QFile::remove(crashed + QLatin1String(suffix));
@@ -349,7 +349,7 @@ private slots:
             QCOMPARE(symptoms.size(), 1);
             QVERIFY(symptoms.constFirst().fault.contains(QString::fromUtf8("только для просмотра")));
         }
-        // Nothing is left behind that would shut the writers out, and what they write is seen.
+        // No file is left that would lock the writers out, and their changes are visible.
         QVERIFY(!QFile::exists(files.path() + QStringLiteral("-wal")));
         QFile::setPermissions(folder, QFile::Permissions(0x7777));
         const auto writer = files.openLoader();
@@ -408,7 +408,8 @@ private slots:
     }
 };
 
-/// The program started anew as nobody, whom permissions bind: opens a store and writes into it, and says what came.
+/// The program, started again as a user to whom permissions apply: opens a store, writes into it, and
+/// reports the result.
 static int openAsNobody(const char* url)
 {
     if (getuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0))

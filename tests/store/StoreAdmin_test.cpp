@@ -27,7 +27,7 @@ class StoreAdmin_test : public QObject
     QStringList faults() { return findings(m_files->url(), StoreAdmin::Finding::Fault); }
     QStringList notes() { return findings(m_files->url(), StoreAdmin::Finding::Note); }
 
-    /// Changes data as somebody does who goes round the store: the triggers away, then the change, then they are back.
+    /// Changes data without the store: removes the triggers, makes the change, restores the triggers.
     void tamper(const QString& sql, const QStringList& triggers = {})
     {
         QString whole = QStringLiteral("PRAGMA foreign_keys = OFF;");
@@ -70,7 +70,7 @@ private slots:
         QVERIFY(store->logins().isEmpty());
         ChangePosition position;
         QVERIFY(store->position(&position, &m_error));
-        QCOMPARE(position.number, 1); // the making itself
+        QCOMPARE(position.number, 1); // the creation itself
         QCOMPARE(position.epoch.size(), 32);
     }
 
@@ -266,7 +266,7 @@ private slots:
         QVERIFY(faults().contains(QString::fromUtf8("Строка таблицы «LogbookTemplates» ссылается на строку "
                                                     "таблицы «LogbookCatsTemplate», которой нет.")));
         init();
-        load("Departments", ROW_DELETE, "DEP_ODS"); // no reference of the engine holds it
+        load("Departments", ROW_DELETE, "DEP_ODS"); // no reference of the engine keeps it
         QVERIFY(faults().contains(QString::fromUtf8(
             "Поле «Workers.DepartmentKey» строки «WORKER_SMIRNOV_ODS» указывает на строку, которой нет.")));
     }
@@ -348,7 +348,7 @@ private slots:
         ChangePosition here;
         ChangePosition there;
         QVERIFY(inUse->position(&here, &m_error) && other->position(&there, &m_error));
-        QCOMPARE(there.number, here.number + 1); // the making of the copy
+        QCOMPARE(there.number, here.number + 1); // the creation of the copy
         QVERIFY(there.epoch != here.epoch);
         QVERIFY(TestStore::write(inUse.get(), "Roles", ROW_INSERT, "A"));
         CMDArray answer;

@@ -8,7 +8,7 @@
 #include <QProcess>
 #include <QTest>
 
-/// Stores as former programs have left them, in tests/store/former, brought to this version.
+/// Stores of earlier program versions, in tests/store/former, upgraded to this version.
 class StoreUpgrade_test : public QObject
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ class StoreUpgrade_test : public QObject
         QVERIFY(process.waitForFinished(60000));
         QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
     }
-    /// Makes the store of a former version anew.
+    /// Restores the store of a former version.
     void take(const QString& version)
     {
         m_folder = std::make_unique<QTemporaryDir>(testFolderTemplate());
@@ -98,7 +98,7 @@ private slots:
     {
         QFETCH(QString, version);
         take(version);
-        // A file of options, as it was put before the log knew of it.
+        // A file of options, stored before the log included files.
         if (TestStore::isSqlite())
             run(QStringLiteral("sqlite3"),
                 {m_folder->filePath(QStringLiteral("former.vrk")),
@@ -119,7 +119,7 @@ private slots:
         query.departmentKey = "DEP_ZAR";
         found = store->search(query, &m_error);
         QCOMPARE(TestStore::field(found.array, "KeyLink").toString(), QStringLiteral("REC_ZAR"));
-        // The journal goes on: its rules, its log, its search.
+        // The journal continues to work: its rules, its log, its search.
         QVERIFY2(TestStore::write(store.get(), "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV",
                                   {{"html", "обновлённое"}}, &m_error),
                  qPrintable(m_error.text + m_error.detail));
@@ -155,7 +155,7 @@ private slots:
     void anUpgradeThatFailsChangesNothing()
     {
         take(QStringLiteral("1"));
-        // What the new step wants to make is there already.
+        // An object that the new step will create exists already.
         if (TestStore::isSqlite())
             run(QStringLiteral("sqlite3"), {m_folder->filePath(QStringLiteral("former.vrk")),
                                             QStringLiteral("CREATE TABLE RecordWords (x)")});

@@ -163,7 +163,7 @@ private slots:
         const qint64 before = transactions();
         QVERIFY(!m_store->apply({{"Roles", first->array}, {"Roles", second->array}}, GenGuid32(), &m_error));
         QCOMPARE(transactions(), before);
-        QVERIFY(write("Roles", ROW_INSERT, "ROLE_1")); // and the store goes on
+        QVERIFY(write("Roles", ROW_INSERT, "ROLE_1")); // and the store continues to work
     }
 
     void writesRecordsInOrderOfEntryDespiteKeys()
@@ -397,7 +397,8 @@ private slots:
         QVERIFY(!write("LogbookTemplates", ROW_INSERT, "TPL_1", {{"CategoryKey", "NOWHERE"}}));
         QVERIFY(!write("LogbookCatsTemplate", ROW_INSERT, "CAT_1", {{"ParentKey", "NOWHERE"}}));
         QVERIFY(
-            !write("LogbookCatsTemplate", ROW_DELETE, "CAT_COMMON")); // its templates and child would hang
+            // it would leave templates and a child without a parent
+            !write("LogbookCatsTemplate", ROW_DELETE, "CAT_COMMON"));
         QVERIFY(write("LogbookRecords", ROW_INSERT, "REC_1",
                       {{"ShiftKey", "SHIFT_ZAR_OPEN"}, {"WorkerKey", "NOBODY"}}));
     }

@@ -7,7 +7,7 @@
 
 namespace
 {
-/// An event's record taken apart.
+/// The parsed record of an event.
 struct Row {
     MDRData record;
     MDRRecordType type;
@@ -95,7 +95,7 @@ private slots:
         QCOMPARE(row.marks(), 6);
         QCOMPARE(MDRValue::copy(row.value("text_")), TestStore::bytes(QString::fromUtf8("Смена")));
         QVERIFY(row.value("WorkerKey").isNull);
-        QCOMPARE(row.value("readedTime").value.real, 0.0); // what the store made of it
+        QCOMPARE(row.value("readedTime").value.real, 0.0); // the value stored
         QVERIFY(!row.value("readedTime").isNull);
         QVERIFY(changes().isEmpty()); // once
     }
@@ -140,7 +140,7 @@ private slots:
     {
         write("LogbookRecords", ROW_DELETE, "REC_TRIP");
         const auto all = changes();
-        QCOMPARE(all.size(), 3); // two files with it
+        QCOMPARE(all.size(), 3); // with two files
         QSet<QByteArray> keys;
         for (const StoreChange& change : all) {
             QCOMPARE(change.event, 603);
@@ -192,7 +192,7 @@ private slots:
         QVector<StoreChange> all;
         for (int read = 0; read < 5; ++read) {
             const auto some = changes(3);
-            QCOMPARE(some.size(), 4); // never a part of a transaction
+            QCOMPARE(some.size(), 4); // a transaction is never split
             QCOMPARE(m_position.number, before + read + 1);
             all += some;
         }
@@ -230,7 +230,7 @@ private slots:
         m_store->hasNews();
         QVERIFY(!m_store->hasNews());
         QVERIFY(TestStore::write(other.get(), "Roles", ROW_INSERT, "A"));
-        QVERIFY(QTest::qWaitFor([this] { return m_store->hasNews(); })); // a server tells it in its own time
+        QVERIFY(QTest::qWaitFor([this] { return m_store->hasNews(); })); // a server reports it with a delay
         QVERIFY(!m_store->hasNews());
         write("Roles", ROW_INSERT, "B");
         QVERIFY(m_store->hasNews());
@@ -247,7 +247,7 @@ private slots:
         QCOMPARE(m_error.code, StoreError::NotAStore);
         QVERIFY(!m_error.text.isEmpty());
         ChangePosition ahead = m_position;
-        ahead.number += 5; // the file was put back to an earlier state
+        ahead.number += 5; // the file was replaced by an earlier state
         QVERIFY(!m_store->changesAfter(&ahead, 10, &all, &m_error));
         QCOMPARE(m_error.code, StoreError::NotAStore);
     }
@@ -257,7 +257,7 @@ private slots:
         const ChangePosition before = m_position;
         for (const char* key : {"A", "B", "C"})
             write("Roles", ROW_INSERT, key);
-        // An administrator has put the oldest changes away.
+        // An administrator has archived the oldest changes.
         for (const char* table : {"ChangeLog", "ChangeTransactions"}) {
             const QString unlock =
                 TestStore::isSqlite()
@@ -274,7 +274,7 @@ private slots:
         QVERIFY2(m_error.text.contains(QString::fromUtf8("нужно загрузить заново")),
                  qPrintable(m_error.text));
         QCOMPARE(m_position.number, before.number);
-        ++m_position.number; // who has read them goes on
+        ++m_position.number; // readers after that position continue
         QCOMPARE(changes().size(), 2);
     }
 

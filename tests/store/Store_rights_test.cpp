@@ -8,8 +8,8 @@
 #include <QTest>
 #include <sqlite3.h>
 
-/// Who may write templates and reference tables, what the loader and a stranger may, that rules judge
-/// persons, and that nobody writes past the store.
+/// Who may write templates and reference tables, what the loader and a stranger may do, that rules apply to
+/// persons, and that nobody can bypass the store.
 class Store_rights_test : public QObject, private WriterOfRules
 {
     Q_OBJECT
@@ -70,7 +70,7 @@ private slots:
         QVERIFY(!write("smirnov", "LogbookCatsTemplate", ROW_INSERT, "B", {{"DepartmentKey", "DEP_CDS"}}));
         QVERIFY(!write("smirnov", "LogbookCatsTemplate", ROW_INSERT, "C", {{"OrgTypeKey", "TYPE_NETS"}}));
         QVERIFY(!write("smirnov", "LogbookCatsTemplate", ROW_INSERT, "D"));
-        // A key of the own department on a subcategory of another level gives no right to it.
+        // A key of the user's department on a subcategory of another level gives no right to it.
         QVERIFY(!write("smirnov", "LogbookCatsTemplate", ROW_INSERT, "E",
                        {{"ParentKey", "CAT_CDS"}, {"DepartmentKey", "DEP_ODS"}}));
     }
@@ -169,7 +169,7 @@ private slots:
         for (const CatalogTable& table : TableCatalog::tables())
             QTest::newRow(table.name.constData()) << table.name;
     }
-    /// Somebody who may sign in and works nowhere tries every operation, and every column of each row of the journal.
+    /// A login that works nowhere tries every operation, and every column of each row of the journal.
     void strangerChangesNothingButReadMarks()
     {
         QFETCH(QByteArray, name);
@@ -178,7 +178,7 @@ private slots:
         const auto isRefused = [&](MDRFlag flag, const QByteArray& key, const Fields& fields) {
             StoreError error;
             const bool done = TestStore::write(store.get(), name, flag, key, fields, &error);
-            // By a rule, and not since other rows depend on this one.
+            // By a rule, not because other rows depend on this one.
             return !done && error.code == StoreError::Refused &&
                    !error.text.contains(QString::fromUtf8("связана с другими"));
         };
@@ -187,7 +187,7 @@ private slots:
             load(name, ROW_INSERT, "LOADED");
         auto keys = m_files->rows(QString::fromLatin1("SELECT KeyLink FROM " + name));
         if (!name.startsWith("Logbook"))
-            keys.resize(1); // no rule of the other tables looks at the row
+            keys.resize(1); // no rule of the other tables reads the row
         for (const QVariantList& row : keys) {
             const QByteArray key = row.value(0).toString().toUtf8();
             for (const CatalogField& field : table.fields) {
@@ -234,7 +234,7 @@ private slots:
 
     void visaGoesByPersonsNotByRows()
     {
-        // Two more rows of those who have written: a living one, and one that was removed.
+        // Two more rows of the authors: a current one, and a deleted one.
         load("Workers", ROW_INSERT, "SECOND", {{"UserKey", "USER_IVANOV"}, {"DepartmentKey", "DEP_ODS"}});
         QVERIFY(!write("ivanov", "LogbookRecords", ROW_UPDATE, "REC_OPENING", {{"VisaWorkerKey", "SECOND"}}));
         QCOMPARE(m_refusal, QString::fromUtf8("Автор не визирует свою запись."));
@@ -258,7 +258,7 @@ private slots:
 
     void workerOfNobodyIsNobody()
     {
-        // A worker without a login, and a login that was removed: neither stands for the other.
+        // A worker without a login, and a removed login: neither represents the other.
         load("Workers", ROW_INSERT, "NOBODY", {{"UserKey", ""}, {"DepartmentKey", "DEP_CDS"}});
         const auto store = m_files->open(QStringLiteral("petrov"));
         load("Users", ROW_UPDATE, "USER_PETROV", {{"deleted_", 1}});
@@ -297,7 +297,7 @@ private slots:
         sqlite3_close(raw);
     }
 
-    /// Whoever speaks to the engine past our code may send what no array and no statement of ours lets through.
+    /// A client that bypasses our code may send values that no array and no statement of ours allows.
     void nonFiniteTimesAreRefusedToEverybody()
     {
         sqlite3* raw = nullptr;

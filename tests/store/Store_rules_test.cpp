@@ -7,7 +7,7 @@
 
 #include <QTest>
 
-/// Who may write what: one test a line of the rules, each column of a table tried.
+/// Who may write what: one test for each rule, with each column of a table.
 class Store_rules_test : public QObject, private WriterOfRules
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ class Store_rules_test : public QObject, private WriterOfRules
     {
         return {"LogbookRecords", ROW_UPDATE, key, {{"status", 2}}};
     }
-    /// What the journal writes when the execution time of an approved record is set.
+    /// The rows that the journal writes when the execution time of an approved record is set.
     TestStore::Row successor(const char* origin, const char* key = "NEW") const
     {
         TestStore::Row row{"LogbookRecords", ROW_INSERT, key, {}};
@@ -101,7 +101,7 @@ private slots:
                        newWorkshift("DEP_CDS", "WORKER_PETROV", openEnd() - 1)));
         QCOMPARE(m_refusal, QString::fromUtf8(
                                 "Смена не может начаться раньше окончания предыдущей смены подразделения."));
-        // At its very end it may, and two open ones may stand.
+        // At its very end it is allowed, and two shifts may be open.
         QVERIFY(write("petrov", "LogbookWorkshifts", ROW_INSERT, "S",
                       newWorkshift("DEP_CDS", "WORKER_PETROV", openEnd())));
         QCOMPARE(value("SELECT count(*) FROM LogbookWorkshifts WHERE DepartmentKey='DEP_CDS' AND "
@@ -131,7 +131,7 @@ private slots:
         QVERIFY(!open(3601));
         QVERIFY(open(3600));
         QCOMPARE(m_files->open(QStringLiteral("smirnov"))->longestShift(), 3600);
-        // Without a start it is as long as the time since 1970.
+        // Without a start its length is the time since 1970.
         Fields endless = newWorkshift("DEP_ODS", "WORKER_SMIRNOV_ODS", 1000);
         endless[3] = {"startTime", nullptr};
         endless.back() = {"endTime", 4e9};
@@ -153,7 +153,7 @@ private slots:
             return write(login, "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
                          {{"CloseWorkerKey", worker}});
         };
-        QVERIFY(!close("sidorova", "WORKER_SIDOROVA")); // of the department, not in the shift
+        QVERIFY(!close("sidorova", "WORKER_SIDOROVA")); // in the department, not in the shift
         QVERIFY(!close("petrov", "WORKER_IVANOV"));
         QVERIFY(!close("smirnov", "WORKER_SMIRNOV_ZAR"));
         QVERIFY(close("petrov", "WORKER_PETROV"));
@@ -161,7 +161,7 @@ private slots:
         QCOMPARE(m_refusal, QString::fromUtf8("Смена уже закрыта."));
         QVERIFY(!close("petrov", ""));
         QVERIFY(
-            write("petrov", "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN")); // touched, nothing changed
+            write("petrov", "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN")); // an update without a change
     }
 
     void crewRowWithoutOpeningIsNotInTheShift()
@@ -218,7 +218,7 @@ private slots:
         QVERIFY(!write("smirnov", "LogbookWorkersWorkshift", ROW_INSERT, "C", row));
         QVERIFY(write("petrov", "LogbookWorkersWorkshift", ROW_INSERT, "C", row)); // for any worker
         QVERIFY(!write("smirnov", "LogbookWorkersWorkshift", ROW_DELETE, "C"));
-        QVERIFY(write("sidorova", "LogbookWorkersWorkshift", ROW_DELETE, "C")); // who is in it by now
+        QVERIFY(write("sidorova", "LogbookWorkersWorkshift", ROW_DELETE, "C")); // who belongs to it now
         const Fields past = {
             {"WorkshiftKey", "SHIFT_CDS_PAST"}, {"WorkerKey", "WORKER_SIDOROVA"}, {"opening", 1}};
         QVERIFY(!write("ivanov", "LogbookWorkersWorkshift", ROW_INSERT, "C", past));
@@ -389,7 +389,7 @@ private slots:
         load("LogbookRecords", ROW_UPDATE, "REC_TRIP",
              {{"SecondMarkWorkerKey", "WORKER_SIDOROVA"}, {"secondMarkTime", 5}, {"WorkerKey", nullptr}});
         QVERIFY2(write("ivanov", {successor("REC_TRIP", "NEW2"), gone("REC_TRIP")}), qPrintable(m_refusal));
-        // The chain may go on, also within one transaction.
+        // The chain may continue, also within one transaction.
         QVERIFY2(write("ivanov", {gone("NEW"), successor("NEW", "NEW3")}), qPrintable(m_refusal));
         auto next = successor("NEW3", "NEW4");
         auto nextButOne = successor("NEW3", "NEW5");
@@ -399,7 +399,7 @@ private slots:
 
     void foreignAuthorNeedsAReplacedRecord()
     {
-        // The old record stays, or was replaced before, whatever else the transaction does to it.
+        // The old record stays, or was replaced before, with any other changes in the transaction.
         QVERIFY(!write("ivanov", {successor("REC_ORDER")}));
         QCOMPARE(m_refusal, QString::fromUtf8(notTheAuthor));
         QVERIFY(!write("ivanov", {{"LogbookRecords", ROW_UPDATE, "REC_ORDER", {}}, successor("REC_ORDER")}));
@@ -416,14 +416,14 @@ private slots:
                                   marked}));
         QVERIFY(write("ivanov", {gone("REC_ORDER")}));
         QVERIFY(!write("ivanov", {successor("REC_ORDER")}));
-        // Another record goes in its place.
+        // Another record is deleted in its place.
         QVERIFY(!write("ivanov", {successor("REC_TRIP"), gone("REC_MESSAGE")}));
         QCOMPARE(value("SELECT count(*) FROM LogbookRecords WHERE KeyLink='NEW'").toInt(), 0);
     }
 
     void oldRecordOfAnotherPlaceMakesNobodyAnAuthor()
     {
-        // The record that is named lies in a past shift, or in another department.
+        // The named record is in a past shift, or in another department.
         for (const char* origin : {"REC_PAST_2", "REC_ZAR"}) {
             auto made = successor(origin);
             made.fields.push_back({"ShiftKey", "SHIFT_CDS_OPEN"});
@@ -459,7 +459,7 @@ private slots:
             QVERIFY2(!write("ivanov", {gone("REC_ORDER"), made}), field.name);
             QCOMPARE(m_refusal, QString::fromUtf8(notTheAuthor));
         }
-        // What it is a copy of may be no draft, whose text still changes.
+        // The original must not be a draft, whose text may still change.
         QVERIFY(!write("ivanov", {successor("REC_DRAFT_PETROV"),
                                   {"LogbookRecords", ROW_UPDATE, "REC_DRAFT_PETROV", {{"status", 0}}},
                                   gone("REC_DRAFT_PETROV")}));
@@ -470,7 +470,7 @@ private slots:
         QVERIFY(
             !write("ivanov", {gone("REC_ORDER"), successor("REC_ORDER"), successor("REC_ORDER", "NEW2")}));
         QCOMPARE(m_refusal, QString::fromUtf8("Запись заменяется одной новой."));
-        // One's own are not counted: a copy of a successor keeps its origin.
+        // Own copies are not counted: a copy of a successor keeps its origin.
         auto pasted = successor("REC_SUCCESSOR", "NEW2");
         pasted.fields.push_back({"OriginRecordKey", "REC_ORDER"});
         QVERIFY2(write("ivanov", {gone("REC_ORDER"), successor("REC_ORDER"), pasted}), qPrintable(m_refusal));
@@ -506,7 +506,8 @@ private slots:
         QCOMPARE(m_refusal, QString::fromUtf8("Виза ставится только на утверждённую запись."));
         QVERIFY(!visa("petrov", "REC_REPLACED", "WORKER_PETROV"));
         load("LogbookRecords", ROW_UPDATE, "REC_ZAR", {{"WorkerKey", nullptr}});
-        QVERIFY(!visa("petrov", "REC_ZAR", "WORKER_PETROV")); // nobody's record is signed by nobody
+        // an empty worker cannot sign a record without an author
+        QVERIFY(!visa("petrov", "REC_ZAR", "WORKER_PETROV"));
     }
 
     void secondMarkerIsSetInOwnNameInAnyState()
@@ -523,7 +524,7 @@ private slots:
         QVERIFY(write("petrov", "LogbookRecords", ROW_UPDATE, "REC_PAST_1",
                       {{"SecondMarkWorkerKey", nullptr}, {"secondMarkTime", nullptr}}));
         QVERIFY(!write("petrov", "LogbookRecords", ROW_UPDATE, "REC_OPENING", {{"secondMarkTime", 6}}));
-        // A marker is somebody's.
+        // A marker must have a worker.
         QVERIFY(!write("petrov", "LogbookRecords", ROW_UPDATE, "REC_ORDER", {{"secondMarkTime", 6}}));
         QCOMPARE(m_refusal, QString::fromUtf8("Второй маркер ставят от своего имени."));
         load("LogbookRecords", ROW_UPDATE, "REC_ORDER", {{"secondMarkTime", 6}});
@@ -532,7 +533,7 @@ private slots:
 
     void noRuleLooksAtTheClock()
     {
-        // A shift of the year 1970, and a record of things to come.
+        // A shift in 1970, and a record in the future.
         QVERIFY(write("smirnov", "LogbookWorkshifts", ROW_INSERT, "S",
                       newWorkshift("DEP_ODS", "WORKER_SMIRNOV_ODS", 1)));
         Fields record = newRecord("S", "WORKER_SMIRNOV_ODS", 1);

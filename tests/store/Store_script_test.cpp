@@ -91,7 +91,7 @@ private slots:
         QCOMPARE(m_store->rowCount("Roles"), 3);
         m_store->endRead();
         QCOMPARE(m_store->rowCount("Roles"), 4);
-        m_store->endRead(); // once more does no harm
+        m_store->endRead(); // a second call is harmless
     }
 };
 

@@ -10,7 +10,8 @@
 #include <QFile>
 #include <QTest>
 
-/// The search over all shifts: what is found by what, on both engines alike, and that the index follows every write.
+/// The search over all shifts: which query finds which record, equally on both engines, and that the index
+/// follows every write.
 class Store_search_test : public QObject
 {
     Q_OBJECT
@@ -250,7 +251,7 @@ private slots:
                 &m_error));
         QCOMPARE(found("залп").size(), 50);
         if (TestStore::isSqlite()) {
-            // The numbers of this second are used up: what comes then is found all the same.
+            // The numbers of this second are used up: later records are still found.
             QCOMPARE(m_files->exec(QStringLiteral(
                          "UPDATE RecordSearch SET number = (7777 << 16) + 65535 WHERE number = "
                          "(7777 << 16) + 49")),
@@ -274,7 +275,7 @@ private slots:
                  qPrintable(m_error.text + m_error.detail));
         QCOMPARE(faults(), QStringList());
         QCOMPARE(found("указатель"), keys("A"));
-        // And the index goes on following.
+        // And the index continues to follow.
         change(ROW_UPDATE, "A", {{"html", "после"}});
         QCOMPARE(found("после"), keys("A"));
         QCOMPARE(faults(), QStringList());
@@ -364,7 +365,7 @@ private slots:
     {
         if (TestStore::isSqlite())
             QSKIP("compares our stems with the server's");
-        // Every ending on every kind of beginning.
+        // Every ending after every kind of beginning.
         const QStringList beginnings =
             QStringLiteral("а о вл отключа осмотре подстанцион линия мощн важн перева лежа северн ии ррр "
                            "изолирова откр чистян")

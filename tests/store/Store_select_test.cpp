@@ -194,7 +194,7 @@ private slots:
     void onlyOneSelectIsTaken()
     {
         QFETCH(QByteArray, sql);
-        // A long text goes another way.
+        // A long text is handled differently.
         const QByteArray longOne = "/*" + QByteArray(5000, 'x') + "*/ " + sql;
         for (const QByteArray& text : {sql, longOne}) {
             const StoreError error = refusal(text);
@@ -239,7 +239,7 @@ private slots:
                                      ") AND KeyLink IN ('REC_TRIP','REC_OPENING','REC_DRAFT') -- ('a','b'";
             QCOMPARE(MDAFldCount(select(named)->array), 3);
         }
-        // Contents stay in the store here too.
+        // Contents stay in the store here, too.
         const auto answer = select("SELECT * FROM LogbookFiles WHERE RecordKey IN (" + keys + ");");
         QCOMPARE(answer->RecCount(),
                  select("SELECT * FROM LogbookFiles WHERE RecordKey='REC_TRIP'")->RecCount());
@@ -257,7 +257,7 @@ private slots:
         std::int32_t length = 0;
         MDRBlobLength(data, record, &length);
         QCOMPARE(length, 40);
-        // What stands there at the moment of reading comes, so nothing was read before.
+        // The content at the time of reading is returned, so nothing was read before.
         QVERIFY(TestStore::write(m_files->openLoader().get(), "LogbookFiles", ROW_UPDATE, "FILE_TEXT",
                                  {{"fileData", QByteArray("later")}}));
         MDRVar value;

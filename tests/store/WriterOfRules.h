@@ -2,7 +2,8 @@
 
 #include "TestStore.h"
 
-/// What tests of the rules share: a fresh standard journal, writes as a login, and the text of the last refusal.
+/// Common base of the tests of the rules: a fresh standard journal, writes as a login, and the text of the
+/// last refusal.
 class WriterOfRules
 {
 protected:
@@ -14,7 +15,7 @@ protected:
         m_refusal.clear();
     }
 
-    /// Writes as a login; the text of a refusal is kept, any other failure ends the test.
+    /// Writes as a login; keeps the text of a refusal; any other failure ends the test.
     bool write(const char* login, const char* table, MDRFlag flag, const char* key, const Fields& fields = {})
     {
         return write(login, {{table, flag, key, fields}});
@@ -37,7 +38,7 @@ protected:
             qFatal("%s", qPrintable(error.text + error.detail));
     }
     QVariant value(const QByteArray& sql) const { return m_files->value(QString::fromUtf8(sql)); }
-    /// A value that differs from what the standard journal has in that column.
+    /// A value that differs from that of the standard journal in this column.
     static TestStore::Field other(const char* name, MDRType type)
     {
         if (type == mdr_TChar || type == mdr_TMemo)
