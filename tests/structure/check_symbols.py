@@ -8,8 +8,8 @@ import sys
 def main(library, wanted_file):
     out = subprocess.run(["nm", "-D", "--defined-only", library], check=True, capture_output=True, text=True).stdout
     exported = sorted(line.split()[-1].split("@")[0] for line in out.splitlines() if line.split()[-2] in "TWVBDR")
-    # What the compiler emits for templates of the standard library, and for classes of Qt that instrumented code looks
-    # at, carries their default visibility.
+    # Code that the compiler generates for templates of the standard library, and for Qt classes in
+    # instrumented code, has their default visibility.
     own = [name for name in exported if not name.startswith(("_ZNSt", "_ZSt", "_ZNKSt", "_ZTISt", "_ZTSSt", "_ZTVSt",
                                                              "_ZN9__gnu_cxx", "_ZNK9__gnu_cxx"))
            and not re.match(r"_ZT[ISV]\d+Q[A-Z]", name)]

@@ -20,7 +20,7 @@ PROJECT = """cmake_minimum_required(VERSION 3.25)
 project(EachHeaderAlone LANGUAGES CXX)
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
-# As if rsvg-convert were not there: a plug-in without drawings of its own needs none.
+# As if rsvg-convert were not installed: a plug-in without its own drawings does not need it.
 set(CMAKE_IGNORE_PATH /usr/local/bin /usr/bin /bin)
 find_program(drawing rsvg-convert)
 if(drawing)
@@ -91,7 +91,8 @@ def opens_as_a_window(prefix, environment, store, library):
             if process.poll() is not None or time.monotonic() > until:
                 sys.exit("the workstation has not opened the module: " + (process.stdout.read() if process.poll() is not None else ""))
             time.sleep(0.05)
-        # Whoever works keeps his log; a module that cannot start would have said why there and gone.
+        # A working program keeps its log open; a module that cannot start would have logged the reason and
+        # ended.
         if process.poll() is not None:
             sys.exit("the workstation has ended by itself: " + process.stdout.read())
     finally:
@@ -103,7 +104,7 @@ def main(source, build):
     folder = pathlib.Path(tempfile.mkdtemp(prefix="vrk-installed-"))
     try:
         prefix = folder / "prefix"
-        for component in ("runtime", "dev"):  # as the packages are put together
+        for component in ("runtime", "dev"):  # in the way the packages are built
             run("cmake", "--install", build, "--prefix", prefix, "--component", component)
         home = prefix / "lib/vrk-logbook"
         for wanted in ("lib/libVrkHfn_x64.so.1", "lib/libVrkClient_x64.so.2", "lib/libVrkLogBook.so.2",
@@ -119,7 +120,7 @@ def main(source, build):
         environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", HOME=str(folder), XDG_CONFIG_HOME=str(folder / "config"),
                            XDG_DATA_HOME=str(folder / "data"), XDG_RUNTIME_DIR=str(folder))
         environment.pop("VRK_STORE", None)
-        # Without the one that was built along: what follows comes from the installed package alone.
+        # Without the libraries of this build: the rest uses only the installed package.
         for path in list(home.glob("lib/libVrkArchive*")) + [home / "plugins/20-archive.json"]:
             path.unlink()
         before = modules(prefix, environment)
