@@ -3,7 +3,7 @@
 #include <QtGlobal>
 #include <unistd.h>
 
-/// While it lives, permissions bind this process also where the tests run as root.
+/// As long as it exists, file permissions apply to this process, even if the tests run as root.
 class AsNobody
 {
 public:

@@ -77,7 +77,7 @@ void CreatorBench::create()
     dialog->setCurrentRecord(nullptr);
     dialog->setWorkshiftKey(QStringLiteral("SHIFT_CDS_OPEN"));
     dialog->show();
-    // The offscreen platform activates a window only the first time that it is shown.
+    // The offscreen platform activates a window only the first time it is shown.
     QApplication::setActiveWindow(dialog);
     QVERIFY(QTest::qWaitForWindowActive(dialog));
 }
@@ -87,7 +87,7 @@ void CreatorBench::edit(const QByteArray& key)
     dialog->setCurrentRecord(record(key));
     dialog->setWorkshiftKey(QStringLiteral("SHIFT_CDS_OPEN"));
     dialog->show();
-    // The offscreen platform activates a window only the first time that it is shown.
+    // The offscreen platform activates a window only the first time it is shown.
     QApplication::setActiveWindow(dialog);
     QVERIFY(QTest::qWaitForWindowActive(dialog));
 }

@@ -14,8 +14,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
-/// The record dialog of a dispatcher in the open shift of DEP_CDS, driven as the journal's tab drives it, over a store
-/// whose requests can be made to fail.
+/// The record dialog of a dispatcher in the open shift of DEP_CDS, used like in the journal's tab, on a
+/// store whose requests can be made to fail.
 class CreatorBench
 {
 public:
@@ -25,7 +25,7 @@ public:
     /// Shows the dialog for a new record, or for the record with this key.
     void create();
     void edit(const QByteArray& key);
-    /// Reads the records of the open shift into the table, as a tab does when it is loaded.
+    /// Reads the records of the open shift into the table, like a tab that loads.
     void loadRecords();
     MDRData* record(const QByteArray& key);
 
@@ -41,7 +41,7 @@ public:
     QLineEdit* counterpartLine() { return find<QLineEdit>("workerLine"); }
     QAbstractButton* button(const char* name) { return find<QAbstractButton>(name); }
     void click(const char* name);
-    /// Why saving is held back, as the line below the text says; empty while it is hidden.
+    /// The reason below the text why saving is disabled; empty while it is hidden.
     QString holdText()
     {
         const auto* label = find<QLabel>("holdLabel");

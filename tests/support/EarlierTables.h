@@ -7,7 +7,7 @@
 
 #include <QTextCodec>
 
-/// The tables of a conversion by hand, with the fields and keys that the server's answers have.
+/// The tables of a conversion, filled by the test, with the fields and keys of the server's answers.
 class EarlierTables : public ConverterTables
 {
 public:
@@ -22,7 +22,7 @@ public:
         setKeys();
     }
 
-    /// Adds a row; texts go through the code page, fields that are not told are null.
+    /// Adds a row; texts are converted to the code page, missing fields are null.
     MDRData* add(CModelTable& table, const char* key, const TestStore::Fields& fields) const
     {
         MDRData* row = MDARecNew(table.data.array);
@@ -38,7 +38,7 @@ public:
         const QByteArray key = QByteArrayLiteral("P_") + name;
         return add(oldParams, key.constData(), all);
     }
-    /// A row of TemplateParams with one parameter, as the base parameters are: no flag, no marks.
+    /// A row of TemplateParams with one parameter, like the base parameters: no flag, no marks.
     MDRData* addBase(const char* name, const char* label)
     {
         const std::string html = HtmlParser::createParameter({{"name", name}, {"locname", label}}, label);

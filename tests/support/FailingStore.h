@@ -4,18 +4,19 @@
 
 #include <QList>
 
-/// A real store whose next requests fail as the test says, and whose clock may go otherwise than that of the workstation.
+/// A real store whose next requests fail on request, and whose clock may differ from that of the
+/// workstation.
 class FailingStore : public Store
 {
 public:
-    /// What the test and the store, which belongs to the session, share.
+    /// Shared by the test and the store, which belongs to the session.
     struct Plan {
-        int refusedWrites = 0;     ///< of the next writes so many are refused, and nothing is written
-        int lostAnswers = 0;       ///< of the next writes so many are written, but the answer is lost
-        int failedSelects = 0;     ///< of the next selects so many fail
-        int writes = 0;            ///< writes asked for so far
+        int refusedWrites = 0;     ///< number of next writes to be refused; nothing is written
+        int lostAnswers = 0;       ///< number of next writes to be done without an answer
+        int failedSelects = 0;     ///< number of next selects to fail
+        int writes = 0;            ///< number of writes so far
         double clockAhead = 0;     ///< seconds that the server's clock is ahead of the real one
-        QList<QByteArray> selects; ///< asked for so far
+        QList<QByteArray> selects; ///< selects so far
     };
 
     FailingStore(std::unique_ptr<Store> store, std::shared_ptr<Plan> plan)

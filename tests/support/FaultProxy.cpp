@@ -58,7 +58,7 @@ void FaultProxy::carry(int client, unsigned seed)
     int server = -1;
     bool isOpen = UnixSocket::connectTo(m_server, &server);
     const auto fault = m_isHealed ? Passes : static_cast<Fault>(random() % 6);
-    // The greeting is about a thousand bytes; half of the faults come within the first few requests.
+    // The greeting is about a thousand bytes; half of the faults happen within the first few requests.
     long left = static_cast<long>(random() % (random() % 2 ? 6000 : 200000));
     bool isSpoilt = false;
     std::vector<char> buffer(65536);
@@ -86,10 +86,10 @@ void FaultProxy::carry(int client, unsigned seed)
             }
             isSpoilt = true;
             switch (fault) {
-            case Cut: // in the middle of what is on its way
+            case Cut: // in the middle of a message
                 UnixSocket::sendAll(to, buffer.data(), std::max<long>(0, length + left));
                 break;
-            case HalfClosed: // the server hears no more, its answer still comes
+            case HalfClosed: // the server receives nothing more, its answer still arrives
                 UnixSocket::sendAll(server, buffer.data(), way == 0 ? length : 0);
                 ::shutdown(server, SHUT_WR);
                 while ((length = ::recv(server, buffer.data(), buffer.size(), 0)) > 0 &&

@@ -6,22 +6,22 @@
 #include <thread>
 #include <vector>
 
-/// Stands between the clients and the socket of a PostgreSQL server and spoils their connections: delays, breaks off
-/// in the middle of a message, closes one way, freezes, resets. What happens to the n-th connection depends on the
-/// seed alone.
+/// A proxy between clients and the socket of a PostgreSQL server that disturbs their connections: delays,
+/// disconnects in the middle of a message, closes one direction, freezes, resets. The fault of the n-th
+/// connection depends only on the seed.
 class FaultProxy
 {
 public:
-    /// Listens in a folder of its own, like the server in \a serverFolder.
+    /// Listens in its own folder, like the server in \a serverFolder.
     FaultProxy(const QString& serverFolder, unsigned seed);
     ~FaultProxy();
     FaultProxy(const FaultProxy&) = delete;
     FaultProxy& operator=(const FaultProxy&) = delete;
 
     QString socketFolder() const { return m_folder.path(); }
-    /// From now on connections pass unharmed; those that are spoilt end.
+    /// From now on connections pass undisturbed; disturbed ones end.
     void heal() { m_isHealed = true; }
-    /// How many connections were spoilt so far.
+    /// Number of disturbed connections so far.
     int faults() const { return m_faults; }
 
 private:
@@ -36,5 +36,5 @@ private:
     std::atomic<bool> m_isHealed{false};
     std::atomic<int> m_faults{0};
     std::thread m_acceptor;
-    std::vector<std::thread> m_carriers; ///< of the acceptor until it has ended
+    std::vector<std::thread> m_carriers; ///< used by the acceptor until it has ended
 };

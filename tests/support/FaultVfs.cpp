@@ -27,7 +27,7 @@ int strike(FaultVfs::Operation operation)
     return fault.code;
 }
 
-/// A file of ours: the real one lies behind it in the same memory.
+/// A file of ours: the real one follows it in the same memory.
 struct File {
     sqlite3_file base;
 };

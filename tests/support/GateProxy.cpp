@@ -11,7 +11,7 @@ namespace
 {
 constexpr int napMs = 5;
 
-/// The length of the first message in \a bytes, 0 while it has not come whole.
+/// The length of the first message in \a bytes, 0 while it is incomplete.
 int messageLength(const QByteArray& bytes, bool isFirst)
 {
     const int head = isFirst ? 0 : 1; // the start-up message has no type
@@ -81,7 +81,7 @@ void GateProxy::accept()
     }
 }
 
-/// Passes one request on, if it has come whole. False when the connection ends with it.
+/// Passes one complete request on. False if the connection ends with it.
 bool GateProxy::carryRequest(Link& link)
 {
     for (;;) {

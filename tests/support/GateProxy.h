@@ -8,37 +8,37 @@
 #include <QTemporaryDir>
 #include <thread>
 
-/// Stands between clients and the socket of a PostgreSQL server and breaks one connection at an exact place: at the n-th
-/// request that passes, counted from the call on. A request is what the server answers at once: the start-up message,
-/// a word of the authentication, a query, the end of an extended query.
+/// A proxy between clients and the socket of a PostgreSQL server that breaks one connection at an exact
+/// place: at the n-th request after the call. A request is something that the server answers at once: the
+/// start-up message, a message of the authentication, a query, the end of an extended query.
 class GateProxy
 {
 public:
     enum Place {
         BeforeRequest, ///< the server never sees the request
         BeforeAnswer,  ///< the server has the request, the client never sees its answer
-        Held,          ///< as BeforeRequest for the client; the server has it when release() is called
+        Held,          ///< like BeforeRequest for the client; the server receives it when release() is called
     };
 
-    /// Listens in a folder of its own, like the server in \a serverFolder.
+    /// Listens in its own folder, like the server in \a serverFolder.
     explicit GateProxy(const QString& serverFolder);
     ~GateProxy();
     GateProxy(const GateProxy&) = delete;
     GateProxy& operator=(const GateProxy&) = delete;
 
     QString socketFolder() const { return m_folder.path(); }
-    /// Breaks the connection of the \a request-th request from now on (1 is the next), and after it refuses \a refusals
-    /// connections.
+    /// Breaks the connection of the \a request-th request from now on (1 is the next), and then refuses \a
+    /// refusals connections.
     void breakAt(int request, Place place, int refusals = 0);
-    /// Refuses nobody any more.
+    /// Accepts all connections again.
     void admit() { m_refusals = 0; }
-    /// Breaks all connections that stand.
+    /// Breaks all open connections.
     void breakNow();
     /// Whether the place was reached.
     bool hasBroken() const { return m_hasBroken; }
     /// Connections that are still to be refused.
     int refusals() const { return m_refusals; }
-    /// Gives the server what was held.
+    /// Passes the held request to the server.
     void release() { m_isReleased = true; }
 
 private:
@@ -55,10 +55,10 @@ private:
     Place m_place = BeforeRequest;
     int m_nextRefusals = 0;
     std::atomic<int> m_refusals{0};
-    std::atomic<int> m_generation{0}; ///< connections of a former one are broken
+    std::atomic<int> m_generation{0}; ///< connections of a former generation are broken
     std::atomic<bool> m_hasBroken{false};
     std::atomic<bool> m_isReleased{false};
     std::atomic<bool> m_isEnding{false};
     std::thread m_acceptor;
-    std::vector<std::thread> m_carriers; ///< of the acceptor until it has ended
+    std::vector<std::thread> m_carriers; ///< used by the acceptor until it has ended
 };

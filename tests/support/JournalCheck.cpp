@@ -37,7 +37,7 @@ QString timeText(const MDRVar& time)
     return HfnTime_to_DateTime(time.value.real, -1).toString(QStringLiteral("dd.MM.yyyy hh:mm"));
 }
 
-/// The rules of what may be done, told once more and from the rows alone.
+/// The rules for the allowed actions, written a second time, from the rows alone.
 struct Rules {
     explicit Rules(LogBookWidget* journal)
         : me(journal->location()->workerKey().toUtf8()),
@@ -126,7 +126,7 @@ QString JournalCheck::recordsWhere(LogBookWidget* journal) const
     return QStringLiteral("ShiftKey='%1'").arg(journal->workshiftKeyLink());
 }
 
-// ---- by itself
+// ---- the window alone
 
 QStringList JournalCheck::byItself(RandomDispatcher& person)
 {

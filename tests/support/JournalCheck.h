@@ -6,25 +6,25 @@
 #include <QObject>
 #include <QStringList>
 
-/// Says what is wrong with journal windows: each of them against itself, reckoned anew by plain loops; against the rows of
-/// the store; and against a window that is opened now.
+/// Finds errors in journal windows: compares each of them with its own rows, recomputed by simple loops;
+/// with the rows of the store; and with a newly opened window.
 class JournalCheck : public QObject
 {
 public:
     explicit JournalCheck(const TestStore& store);
     ~JournalCheck() override;
 
-    /// Follows the loads of the pages of a window from now on.
+    /// Follows the loads of a window's pages from now on.
     void follow(RandomDispatcher& person);
 
-    /// A window by itself: rows shown, order, cells that the client fills, panes, buttons, labels.
+    /// Checks a window alone: shown rows, order, cells that the client fills, panes, buttons, labels.
     QStringList byItself(RandomDispatcher& person);
-    /// The tables of a window that has heard of everything against the store.
+    /// Compares the tables of a window that has received all events with the store.
     QStringList againstStore(RandomDispatcher& person);
-    /// The cells of all visible rows of a journal against those of a fresh page in a fresh window.
+    /// Compares the cells of all visible rows of a journal with those of a fresh page in a fresh window.
     QStringList againstFresh(RandomDispatcher& person, JournalWindow& fresh);
 
-    /// While loads fail, a page may hold less than the store.
+    /// While loads fail, a page may contain less than the store.
     void setLoadsFail(bool fail) { m_loadsFail = fail; }
 
 private:
@@ -49,7 +49,7 @@ private:
     QStringList inbox(CommentsWidget* page) const;
 
     std::unique_ptr<Store> m_reader;
-    /// What an archive view was loaded with: it takes no new rows.
+    /// The loaded rows of an archive view: it accepts no new ones.
     QHash<const QObject*, QSet<QByteArray>> m_loaded;
     QStringList m_loadFaults;
     bool m_loadsFail = false;

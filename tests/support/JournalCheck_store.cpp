@@ -11,7 +11,7 @@
 #include <QIcon>
 #include <QTabWidget>
 
-/// Windows against the store, and against windows that are opened now.
+/// Compares windows with the store, and with newly opened windows.
 
 namespace
 {
@@ -38,7 +38,7 @@ QString quotedKeys(const QList<QByteArray>& keys)
     return QLatin1Char('\'') + QString::fromUtf8(keys.join("','")) + QLatin1Char('\'');
 }
 
-/// All fields that the store has of a record.
+/// All fields of a record that the store has.
 QString rowText(const MDRData* record, const char* table)
 {
     QStringList values;
@@ -47,7 +47,7 @@ QString rowText(const MDRData* record, const char* table)
     return values.join(QLatin1Char('|'));
 }
 
-/// What a cell shows in a role, in a form that can be compared.
+/// The content of a cell in a role, in a comparable form.
 QString cellText(const QVariant& value, int role)
 {
     if (role == Qt::DecorationRole) {
@@ -64,7 +64,7 @@ QString cellText(const QVariant& value, int role)
     return value.toString();
 }
 
-/// The visible rows of a journal by the key of their record: everything that is to be seen of them.
+/// The visible rows of a journal by the key of their record, with everything that they show.
 QMap<QByteArray, QStringList> cells(LogBookWidget* journal)
 {
     QMap<QByteArray, QStringList> rows;
@@ -140,8 +140,8 @@ QStringList JournalCheck::workshifts(const QString& name, LogBookWidget* journal
         return compare(name + QStringLiteral(" shift"), shifts,
                        stored("LogbookWorkshifts", QStringLiteral("KeyLink='%1'").arg(current)));
 
-    // A page that stands open keeps the shifts that it has shown, closed ones too: those beside the open ones are
-    // compared with themselves.
+    // An open page keeps the shifts that it has shown, including closed ones: those in addition to the open
+    // ones are compared with themselves.
     const Rows open =
         stored("LogbookWorkshifts",
                QStringLiteral("DepartmentKey='%1' AND (CloseWorkerKey IS NULL OR CloseWorkerKey='')")
@@ -151,14 +151,16 @@ QStringList JournalCheck::workshifts(const QString& name, LogBookWidget* journal
     for (auto row = open.begin(); row != open.end(); ++row)
         wanted.insert(row.key(), row.value());
     QStringList faults = compare(name + QStringLiteral(" shift"), shifts, wanted);
-    // One that was closed or taken back stays in view until the user looks elsewhere: see leaveStale().
+    // A shift that was closed or undone stays visible until the user switches to another period: see
+    // leaveStale().
     if (!open.isEmpty() && !open.contains(current.toUtf8()))
         faults << QStringLiteral("%1 shows the shift %2, while %3 is open")
                       .arg(name, current, QString::fromUtf8(open.keys().join(',')));
     return faults;
 }
 
-/// The tab of comments: the own records on which comments wait, and those of others on which one came meanwhile.
+/// The tab of comments: the user's own records with unread comments, and others' records with a new
+/// comment.
 QStringList JournalCheck::inbox(CommentsWidget* page) const
 {
     const QString name = QStringLiteral("comments");
@@ -199,8 +201,8 @@ QStringList JournalCheck::inbox(CommentsWidget* page) const
     return faults;
 }
 
-/// What a user does when the page tells of a shift that is over while another one is open, or was taken back: he looks at
-/// another period and comes back.
+/// The user's reaction if the page shows a shift that has ended while another one is open, or that was
+/// undone: he switches to another period and back.
 void JournalCheck::leaveStale(LogBookWidget* journal)
 {
     const QString current = journal->workshiftKeyLink();
@@ -216,7 +218,7 @@ void JournalCheck::leaveStale(LogBookWidget* journal)
     journal->uploadRealTimeWorkshift();
 }
 
-/// New rows of a shift that is held beside the one shown come in, too, until the next load.
+/// New rows of a shift that is kept in addition to the shown one are also added, until the next load.
 void JournalCheck::takeRowsOfOthers(LogBookWidget* journal, Rows* crew, Rows* records) const
 {
     QStringList others;
@@ -249,7 +251,7 @@ QStringList JournalCheck::againstStore(RandomDispatcher& person)
                               "WorkerKey='%1')")
                    .arg(me))
             .size();
-    // What could not be asked is asked again a little later.
+    // A failed request is repeated a little later.
     if (!TestClient::waitUntil([&] { return person.window().window().unreadComments() == unread; },
                                m_loadsFail ? 4000 : 0))
         faults << QStringLiteral("%1 unread comments are told instead of %2")
@@ -270,7 +272,7 @@ QStringList JournalCheck::againstStore(RandomDispatcher& person)
         Rows records = stored("LogbookRecords", recordsWhere(journal));
         const Rows heldRecords = held(journal, "LogbookRecords");
         if (journal->mode() != LogBookWidget::RealTime) {
-            const QSet<QByteArray> loaded = m_loaded.value(journal); // nothing new comes to an archive
+            const QSet<QByteArray> loaded = m_loaded.value(journal); // an archive gets no new rows
             for (auto row = records.begin(); row != records.end();)
                 row = loaded.contains(row.key()) ? row + 1 : records.erase(row);
         }
@@ -298,7 +300,7 @@ QStringList JournalCheck::againstFresh(RandomDispatcher& person, JournalWindow& 
         auto* page = qobject_cast<LogBookWidget*>(tabs->currentWidget());
         if (page->title() != journal->title())
             faults << QStringLiteral("%1: the title is %2").arg(name, journal->title());
-        // Where an open shift is shown live a fresh page does so by itself; anything else it has to be told.
+        // A fresh page shows an open shift live by itself; any other period must be set.
         if (journal->mode() == LogBookWidget::ArchiveInterval)
             page->uploadRecordsIn(journal->displayedPeriodStart(), journal->displayedPeriodEnd());
         else if (page->workshiftKeyLink() != journal->workshiftKeyLink() ||

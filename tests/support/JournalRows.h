@@ -8,7 +8,7 @@
 
 class VrkTableProxyModel;
 
-/// Short ways to ask the rows of a journal's page, for the checks of whole windows.
+/// Functions that query the rows of a journal's page, for the checks of whole windows.
 namespace JournalRows
 {
 inline QByteArray bytes(const MDRData* record, const char* field)

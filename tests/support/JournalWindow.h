@@ -11,15 +11,16 @@
 #include <QAction>
 #include <QLabel>
 
-/// The whole journal window of one login over a test store, as a workstation of its own: several of them stand side by
-/// side on one store. What another one writes comes when the event loop runs or deliver() is called, not before.
+/// The whole journal window of one login on a test store, as a separate workstation: several of them can
+/// use one store. Changes of another one arrive when the event loop runs or deliver() is called, not
+/// before.
 class JournalWindow
 {
 public:
     explicit JournalWindow(const TestStore& store, const QString& login,
                            const QByteArray& department = QByteArray());
 
-    /// On a store of one's own, signed in already as \a login.
+    /// On its own store, signed in already as \a login.
     JournalWindow(std::unique_ptr<Store> store, const QString& login, const QString& department,
                   const QString& organization);
 
@@ -28,7 +29,7 @@ public:
     LogBookWidget& home() { return *m_home; }
     void deliver() { m_client.deliver(); }
 
-    /// A child of the window by its object name; the program ends when there is none.
+    /// A child of the window by its object name; aborts the program if there is none.
     template <class Widget>
     Widget* child(const char* name)
     {
@@ -42,7 +43,7 @@ public:
             qFatal("no child %s", name);
         return widget;
     }
-    /// Triggers an action of the tool bar; one that is off does nothing.
+    /// Triggers an action of the tool bar; a disabled one does nothing.
     void trigger(const char* action) { child<QAction>(action)->trigger(); }
     bool isEnabled(const char* action) { return child<QAction>(action)->isEnabled(); }
     QString status() { return child<QLabel>("statusLabel")->text(); }
@@ -52,18 +53,18 @@ public:
     CloseWorkshiftDialog* closing() { return m_window->findChild<CloseWorkshiftDialog*>(); }
     /// The message box that is shown, or null.
     CPopMessageBox* box() const;
-    /// Presses the button of this role in the box; without it the program ends.
+    /// Presses the button of this role in the box; aborts the program if there is none.
     void answer(QDialogButtonBox::ButtonRole role);
 
-    /// Shows the dialog of opening, with the interval \a start and a day on.
+    /// Shows the opening dialog, with an interval of one day from \a start.
     void requestOpening(const QDateTime& start);
-    /// Shows the dialog of closing; the question about drafts, when it comes, is answered with \a role.
+    /// Shows the closing dialog; a question about drafts is answered with \a role.
     void requestClosing(QDialogButtonBox::ButtonRole role = QDialogButtonBox::NoRole);
-    /// Adds a worker to the crew of a dialog of the shift through its button and the structure.
+    /// Adds a worker to the crew of a shift dialog through its button and the organization tree.
     void choose(const QWidget* dialog, const char* workerKey);
-    /// Types a text into the editor of a dialog's parameter in the place of what is there.
+    /// Replaces the text of a dialog's parameter editor by typing.
     static void type(const QWidget* dialog, int parameter, const QString& text);
-    /// The text of a dialog as it would be written.
+    /// The text of a dialog in the form to be written.
     static QString filled(const QWidget* dialog);
 
     /// The record with this key in the home tab, or null.

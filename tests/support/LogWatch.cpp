@@ -41,7 +41,7 @@ QStringList LogWatch::takeDebug(const QString& part)
 
 void LogWatch::handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
-    // What the offscreen platform says about windows and pop-up menus.
+    // Messages of the offscreen platform about windows and pop-up menus.
     if (text.startsWith(QLatin1String("This plugin does not support ")))
         return;
     if (type == QtFatalMsg)

@@ -3,8 +3,9 @@
 #include <QStringList>
 #include <QtGlobal>
 
-/// Takes over the message log of the process while it lives: a test says which lines it expects by taking them, and
-/// finds the others left over. One at a time; make it inside of a test, for Qt Test takes the log over before the first.
+/// Handles the message log of the process as long as it exists: a test takes the lines that it expects, and
+/// finds the others left over. Only one at a time; create it inside a test, because Qt Test installs its
+/// own handler before the first.
 class LogWatch
 {
 public:
@@ -13,9 +14,9 @@ public:
     LogWatch(const LogWatch&) = delete;
     LogWatch& operator=(const LogWatch&) = delete;
 
-    /// Warnings and worse that hold \a part, in order; they are forgotten.
+    /// Warnings and worse that contain \a part, in order; they are removed.
     QStringList take(const QString& part = QString());
-    /// The same of the debug log.
+    /// The same for debug messages.
     QStringList takeDebug(const QString& part = QString());
 
 private:

@@ -9,14 +9,14 @@
 #include <QVariant>
 #include <utility>
 
-/// A value of a made row: what a QVariant takes, and ASCII literals.
+/// A value of a test row: a QVariant or an ASCII literal.
 struct MadeValue : QVariant {
     using QVariant::QVariant;
     MadeValue() = default;
     MadeValue(const char* ascii) : QVariant(QByteArray(ascii)) {}
 };
 
-/// A table made by hand, without a store.
+/// A table filled by the test, without a store.
 class MadeTable : public CModelTable
 {
 public:
@@ -28,7 +28,7 @@ public:
         data.KeyAdd(key, 0);
     }
 
-    /// Adds a row; texts go through the code page of the tests, an invalid variant is null.
+    /// Adds a row; texts are converted to the code page of the tests, an invalid variant is null.
     MDRData* add(std::initializer_list<std::pair<const char*, MadeValue>> values)
     {
         MDRData* row = MDARecNew(data.array);
@@ -58,7 +58,7 @@ public:
     }
 };
 
-/// Fields of the reference tables, as far as the journal reads them.
+/// The fields of the reference tables that the journal reads.
 inline constexpr MDRFieldDescr MadeWorkerFields[] = {
     {"KeyLink", 32, mdr_TChar},    {"UserKey", 32, mdr_TChar},   {"DepartmentKey", 32, mdr_TChar},
     {"firstName", 100, mdr_TChar}, {"lastName", 100, mdr_TChar}, {"patronymicName", 100, mdr_TChar},

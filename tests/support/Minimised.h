@@ -5,8 +5,8 @@
 #include <QWidget>
 #include <QWindow>
 
-/// Minimises a shown window and restores it, as its user does through the window system; false when the window system
-/// has not told the window.
+/// Minimises a shown window and restores it, like its user does; false if the window system did not notify
+/// the window.
 inline bool minimiseAndRestore(QWidget* window)
 {
     struct Watch : QObject {
@@ -21,7 +21,7 @@ inline bool minimiseAndRestore(QWidget* window)
     const Qt::WindowStates before = window->windowHandle()->windowStates();
     for (const Qt::WindowStates states : {before | Qt::WindowMinimized, before}) {
         window->windowHandle()->setWindowStates(states);
-        QCoreApplication::processEvents(); // the window system tells it by the event loop
+        QCoreApplication::processEvents(); // the window system notifies through the event loop
     }
     window->removeEventFilter(&watch);
     return watch.told;

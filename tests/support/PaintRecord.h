@@ -5,13 +5,13 @@
 #include <QPainter>
 #include <QVector>
 
-/// A paint device that keeps what is painted on it, in its own coordinates.
+/// A paint device that records what is painted on it, in its own coordinates.
 class PaintRecord : public QPaintDevice
 {
 public:
     struct Text {
         QString text;
-        QRectF box; ///< from ascent to descent, as wide as the text runs
+        QRectF box; ///< from ascent to descent, with the width of the text
         QFont font;
         QColor color;
     };
@@ -39,7 +39,7 @@ public:
             all.append(text.text);
         return all;
     }
-    /// Everything that was written, in its order; passages that do not touch are parted by a line end.
+    /// All painted texts in order; passages that do not touch are separated by a line end.
     QString written() const
     {
         QString all;
@@ -51,7 +51,7 @@ public:
         }
         return all;
     }
-    /// The first passage that holds these words.
+    /// The first passage that contains these words.
     Text find(const QString& words) const
     {
         for (const Text& text : texts)

@@ -18,7 +18,7 @@ constexpr int startMs = 60000;
 
 QString program(const char* name)
 {
-    // The newest server that is installed; its programs are in nobody's PATH.
+    // The newest installed server; its programs are not in PATH.
     const QString root = QStringLiteral("/usr/lib/postgresql");
     const QStringList versions = QDir(root).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
     if (versions.isEmpty())
@@ -26,7 +26,7 @@ QString program(const char* name)
     return QStringLiteral("%1/%2/bin/%3").arg(root, versions.last(), QLatin1String(name));
 }
 
-/// State and parent of a process, and what else the system tells; empty when it is gone.
+/// State and parent of a process, and further fields; empty if it does not exist.
 QList<QByteArray> statusOf(qint64 process)
 {
     QFile status(QStringLiteral("/proc/%1/stat").arg(process));
@@ -122,7 +122,7 @@ void PrivateCluster::run(QStringList line) const
 
 void PrivateCluster::copyData(const QString& from, const QString& to) const
 {
-    // Owners and rights go with it: the server refuses a folder that others can read.
+    // Owners and permissions are copied, too: the server refuses a folder that others can read.
     run({QStringLiteral("cp"), QStringLiteral("-a"), QStringLiteral("--reflink=auto"), from, to});
 }
 
@@ -151,7 +151,7 @@ void PrivateCluster::requirePasswords()
     access.close();
     if (!exec(QStringLiteral("SELECT pg_reload_conf()")).isEmpty())
         qFatal("the access file cannot be read");
-    // The server reads it in its own time.
+    // The server reads it with a delay.
     while (!exec(QStringLiteral("DO $$ BEGIN ASSERT (SELECT count(*) FROM pg_hba_file_rules) = 2; END $$"))
                 .isEmpty())
         QThread::msleep(5);
@@ -167,7 +167,7 @@ void PrivateCluster::start()
     m_server.start(line.takeFirst(), line);
     QElapsedTimer clock;
     clock.start();
-    // Asking is the only way to know that a server answers; a server that has ended will not.
+    // Only a query shows that a server is ready; a server that has ended never will be.
     while (!exec(QString()).isEmpty()) {
         m_server.waitForFinished(0);
         if (clock.hasExpired(startMs) || m_server.state() == QProcess::NotRunning)
@@ -210,13 +210,13 @@ void PrivateCluster::thaw()
 
 void PrivateCluster::kill()
 {
-    // The first one is stopped before: it must neither make new ones nor tell the others to end in order.
+    // The first one is stopped before: it must neither start new ones nor shut the others down in order.
     ::kill(static_cast<pid_t>(m_server.processId()), SIGSTOP);
     const QList<qint64> all = processes();
     for (const qint64 id : all)
         ::kill(static_cast<pid_t>(id), SIGKILL);
     m_server.waitForFinished(startMs);
-    // A server does not start as long as one of the former processes holds the shared memory.
+    // A server does not start while one of the former processes holds the shared memory.
     for (const qint64 id : all) {
         for (QByteArray state = statusOf(id).value(0); !state.isEmpty() && state != "Z";
              state = statusOf(id).value(0))

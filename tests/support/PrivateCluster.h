@@ -6,25 +6,27 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// A PostgreSQL server of the tests' own: its data in a temporary folder, reached by a socket there and by no network,
-/// run as an ordinary user, gone with the process whatever ends it. Any failure ends the program.
+/// A private PostgreSQL server for tests: its data in a temporary folder, reachable only by a socket there,
+/// run as an ordinary user, ended with the process in all cases. Any failure ends the program.
 class PrivateCluster
 {
 public:
-    /// Makes the cluster and starts it. \a settings are lines for its configuration. \a data is the folder of a stopped
-    /// cluster to copy; without one the cluster is new and empty.
+    /// Creates the cluster and starts it. \a settings are lines of its configuration. \a data is the folder
+    /// of a stopped cluster to copy; without it the cluster is new and empty.
     explicit PrivateCluster(const QByteArray& settings = QByteArray(), const QString& data = QString());
     ~PrivateCluster();
     PrivateCluster(const PrivateCluster&) = delete;
     PrivateCluster& operator=(const PrivateCluster&) = delete;
 
-    /// The one that all test stores of a process share, started at the first use. It holds what leaveOriginals() left.
+    /// The cluster that all test stores of a process share, started on first use. It contains the databases
+    /// of leaveOriginals().
     static PrivateCluster& shared();
 
-    /// The folder in which a run of the tests keeps clusters to copy (VRK_TEST_CLUSTERS); empty for a program started
-    /// by hand, which makes its own.
+    /// The folder in which a test run keeps clusters to copy (VRK_TEST_CLUSTERS); empty for a program
+    /// started by hand, which creates its own.
     static QString originals();
-    /// Stops the shared cluster and leaves its data in originals(), and those of a new cluster, for the programs to come.
+    /// Stops the shared cluster and leaves its data in originals(), and those of a new cluster, for later
+    /// programs.
     static void leaveOriginals();
 
     /// The folder with the server's socket.
@@ -32,15 +34,15 @@ public:
     /// The address of a database for a role; that of the server's administrator is "postgres".
     QString url(const QString& database, const QString& role = QStringLiteral("postgres")) const;
 
-    /// From now on everybody but the administrator gets in by a password only.
+    /// From now on everybody except the administrator needs a password.
     void requirePasswords();
 
     void start();
     void stop();
-    /// Stops all its processes where they stand, and lets them go on.
+    /// Stops all its processes, and lets them continue.
     void freeze();
     void thaw();
-    /// Ends it by signal 9 with all its processes, so that it has to recover at the next start.
+    /// Kills it with all its processes by signal 9, so that it must recover at the next start.
     void kill();
 
     /// Runs statements as the administrator; the server's message, empty for success.

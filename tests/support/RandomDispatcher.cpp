@@ -26,7 +26,7 @@ RandomDispatcher::RandomDispatcher(std::unique_ptr<JournalWindow> window, const 
                                    const QString& login, std::mt19937* random)
     : m_window(std::move(window)), m_store(store), m_login(login), m_random(random)
 {
-    m_window->window().resize(1700, 700); // room for the panes beside the table
+    m_window->window().resize(1700, 700); // space for the panes next to the table
     QFile file(m_files.filePath(QStringLiteral("схема.txt")));
     if (!file.open(QIODevice::WriteOnly) || file.write("ТН-1 в работе") < 0)
         qFatal("no file to attach");
@@ -192,7 +192,7 @@ bool RandomDispatcher::clickRow()
     return index.isValid();
 }
 
-/// Nothing reaches the window under a question.
+/// Nothing reaches the window below a question.
 bool RandomDispatcher::clickUnderGuard()
 {
     m_told << QStringLiteral("clicks under a question");
@@ -228,7 +228,7 @@ bool RandomDispatcher::keyInTable()
     m_mayBeRefused = false;
     QTableView* table = view(tab());
     if (keys[key] == Qt::Key_Delete)
-        QTest::keyClick(tab(), Qt::Key_Delete); // the table hands it on to the page
+        QTest::keyClick(tab(), Qt::Key_Delete); // the table passes it on to the page
     else
         QTest::keyClick(table, keys[key]);
     return true;
@@ -386,7 +386,7 @@ bool RandomDispatcher::changeTab()
         m_told << QStringLiteral("home");
         tabs->setCurrentWidget(&m_window->home());
         return true;
-    case 5: // as a drag of the tab ends
+    case 5: // like the end of dragging a tab
         m_told << QStringLiteral("move");
         tabs->tabBar()->moveTab(pick(tabs->count()), pick(tabs->count()));
         return true;
@@ -448,7 +448,7 @@ bool RandomDispatcher::lookAround()
         return trigger("infoWorkshiftAction", "workshiftButton");
     case 1:
         return press(in<QToolButton>(&m_window->window(), "reportButton"));
-    default: { // away and back, as F4 twice
+    default: { // hide and show, like F4 twice
         auto* button = in<QToolButton>(&m_window->window(), "paneButton");
         return press(button) && press(button);
     }

@@ -15,8 +15,8 @@ class QAbstractButton;
 class QTableView;
 class RecordCreatorDialog;
 
-/// A person at a journal window who does at random what the window offers, through its widgets: one thing a step. Which
-/// things follow one another hangs on the generator alone, so that a run can be played again.
+/// A person at a journal window who performs random actions through its widgets, one in each step. The
+/// sequence depends only on the generator, so a run can be repeated.
 class RandomDispatcher
 {
 public:
@@ -25,25 +25,25 @@ public:
                      std::mt19937* random);
     ~RandomDispatcher();
 
-    /// Does one thing. The line says what, and on what.
+    /// Performs one action. Returns a line that describes it.
     QString step();
-    /// The store may refuse what was done last, though the window knew all: it went through a dialog that was opened on
-    /// another state, or the window offers it whatever the state.
+    /// The store may refuse the last action although the window had all events: it used a dialog that was
+    /// opened in an earlier state, or the window offers the action in any state.
     bool mayBeRefused() const { return m_mayBeRefused; }
 
     JournalWindow& window() { return *m_window; }
     QString login() const { return m_login; }
-    /// The page in front.
+    /// The current page.
     LogBookTab* tab() const;
     static QTableView* view(const LogBookTab* tab);
     QList<LogBookWidget*> journals() const;
     QVector<CPopTemplate*> pops() const;
-    /// A question or a small value dialog keeps the window from input.
+    /// A question or a small value dialog blocks the window's input.
     bool isGuarded() const;
 
-    /// Answers or closes whatever is open, so that the window stands alone.
+    /// Answers or closes all open dialogs.
     void closePops();
-    /// Texts that were typed and not dropped by the user, that the store has never held, and that no dialog of the
+    /// Typed texts that the user has not dropped, that were never in the store, and that no dialog of the
     /// window offers. Closes what is open; takes what is offered.
     QStringList lostTexts();
 
@@ -68,7 +68,7 @@ private:
     void clickOn(const QModelIndex& index);
     void setTime(const QWidget* dialog, const char* date, const char* time, const QDateTime& value);
     QString newText();
-    /// Takes what this text holds as dropped by the user.
+    /// Marks the content of this text as dropped by the user.
     void drop(const QString& text);
     void strikeOffered();
     void chooseWorker();
@@ -97,7 +97,7 @@ private:
     bool changeShift();
     bool lookAround();
 
-    // In what is open above it.
+    // In the dialog above it.
     void actIn(CPopTemplate* pop);
     void actInBox(CPopMessageBox* box);
     void actInCreator(RecordCreatorDialog* dialog);

@@ -20,16 +20,16 @@
 #include <QTextEdit>
 #include <QToolButton>
 
-/// What is done in the pop-ups above the window.
+/// Actions in the pop-ups above the window.
 
 namespace
 {
 const char* const templateKeys[] = {"TPL_ORDER", "TPL_TRIP", "TPL_TEXT"};
 
-/// A bar that has told something else keeps the buttons of before until the next turn of the event loop.
+/// A bar with a new message keeps the previous buttons until the next turn of the event loop.
 QAbstractButton* visibleButton(const QWidget* dialog, const char* name)
 {
-    QCoreApplication::processEvents(); // and shows the new ones then
+    QCoreApplication::processEvents(); // and then shows the new ones
     for (auto* button : dialog->findChildren<QAbstractButton*>(QLatin1String(name)))
         if (button->isVisible())
             return button;
@@ -69,13 +69,13 @@ void RandomDispatcher::actIn(CPopTemplate* pop)
         if (!press(in<QAbstractButton>(pop, pick(5) ? "applyButton" : "cancelButton")))
             pop->close();
     } else {
-        pop->close(); // there is nothing but to read
+        pop->close(); // it can only be read
     }
 }
 
 void RandomDispatcher::actInBox(CPopMessageBox* box)
 {
-    m_mayBeRefused = true; // what is asked about may be another by now
+    m_mayBeRefused = true; // the question may now concern another record
     QAbstractButton* button = box->buttonBox()->buttons().constFirst();
     const bool isYes = pick(3) > 0;
     for (QAbstractButton* one : box->buttonBox()->buttons())
@@ -126,7 +126,7 @@ void RandomDispatcher::actInCreator(RecordCreatorDialog* dialog)
         in<QAbstractButton>(dialog, pick(2) ? "fromButton" : "toButton")->click();
     } else if (what == 5) {
         m_told << QStringLiteral("closes");
-        dialog->close(); // as an event closes it: nothing is asked
+        dialog->close(); // like an event closes it: without a question
     } else if (what == 6) {
         m_told << QStringLiteral("Esc");
         QTest::keyClick(dialog, Qt::Key_Escape);
@@ -143,7 +143,7 @@ bool RandomDispatcher::typeInCreator(RecordCreatorDialog* dialog)
     const HtmlParser parser(shownText(dialog).toStdString());
     const int count = static_cast<int>(parser.countParameters());
     int parameter = pick(count);
-    for (int i = 0; i < count; ++i) // those that are empty first
+    for (int i = 0; i < count; ++i) // the empty ones first
         if (parser.displayText(unsigned(i)) == parser.propertyValue(unsigned(i), "locname"))
             parameter = i;
     const auto* input = in<QWidget>(dialog, qPrintable(QStringLiteral("parameterInput_%1").arg(parameter)));
@@ -271,7 +271,7 @@ void RandomDispatcher::actInRange(CPopTemplate* dialog)
         press(in<QAbstractButton>(dialog, "cancelButton"));
 }
 
-/// As a double click on an item of the tree ends: the dialog is closed and tells what was chosen.
+/// Like a double click on an item of the tree: closes the dialog and reports the choice.
 void RandomDispatcher::actInStructure(CPopTemplate* dialog)
 {
     auto* structure = qobject_cast<OrgStructDialog*>(dialog);
@@ -324,7 +324,7 @@ QStringList RandomDispatcher::lostTexts()
 
 void RandomDispatcher::strikeOffered()
 {
-    // Whatever was kept comes one after the other when the dialogs are shown again.
+    // All kept texts are offered one after another when the dialogs are shown again.
     m_window->home().createRecordRequest();
     auto* creator = m_window->window().findChild<RecordCreatorDialog*>();
     for (int rounds = 0; rounds < 20; ++rounds) {
@@ -342,7 +342,7 @@ void RandomDispatcher::strikeOffered()
 
     for (auto* comments : m_window->window().findChildren<CommentCreatorDialog*>()) {
         comments->show();
-        for (int rounds = 0; rounds < 20; ++rounds) { // each takes the place of the one before
+        for (int rounds = 0; rounds < 20; ++rounds) { // each replaces the previous one
             QAbstractButton* kept = visibleButton(comments, "takeKeptButton");
             if (!kept)
                 break;

@@ -8,22 +8,23 @@
 #include <thread>
 #include <vector>
 
-/// Stands between clients on the network of this machine and the socket of a PostgreSQL server, and changes what they
-/// tell each other: for servers that cannot be had, such as one of an earlier version.
+/// A proxy between clients on this machine's network and the socket of a PostgreSQL server that changes
+/// their messages: for servers that are not available, such as one of an earlier version.
 class RewritingProxy
 {
 public:
-    /// What is said instead of a passage, in both directions; of the same length, since messages carry theirs.
+    /// A passage and its replacement, in both directions; of the same length, since messages contain their
+    /// length.
     using Rewriting = QPair<QByteArray, QByteArray>;
 
-    /// Leads to the server in \a serverFolder.
+    /// Connects to the server in \a serverFolder.
     explicit RewritingProxy(const QString& serverFolder, const QVector<Rewriting>& rewritings = {});
     ~RewritingProxy();
     RewritingProxy(const RewritingProxy&) = delete;
     RewritingProxy& operator=(const RewritingProxy&) = delete;
 
     quint16 port() const { return m_port; }
-    /// The address of a database behind it, by a name of this machine.
+    /// The address of a database behind the proxy, by a name of this machine.
     QString url(const QString& database, const QString& host = QStringLiteral("127.0.0.1")) const;
 
 private:
@@ -36,5 +37,5 @@ private:
     quint16 m_port = 0;
     std::atomic<bool> m_isEnding{false};
     std::thread m_acceptor;
-    std::vector<std::thread> m_carriers; ///< of the acceptor until it has ended
+    std::vector<std::thread> m_carriers; ///< used by the acceptor until it has ended
 };

@@ -2,5 +2,5 @@
 
 class Store;
 
-/// Writes the journal that TestStore.h tells into an empty store; \a now is the second that its times hang on.
+/// Writes the journal described in TestStore.h into an empty store; its times are relative to \a now.
 void writeStandardJournal(Store* loader, double now);

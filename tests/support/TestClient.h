@@ -9,15 +9,16 @@
 #include <QSignalSpy>
 #include <QStringList>
 
-/// A client of a test store as the workstation makes it: an application with a session, signed in, its events
-/// running. Several clients may share one store in one process. A failure while it is made ends the program.
+/// A client of a test store like that of the workstation: an application with a session, signed in, its
+/// events running. Several clients may share one store in one process. A failure during its creation ends
+/// the program.
 class TestClient
 {
 public:
-    /// An empty \a department stands for the login's only one, or the first by name.
+    /// An empty \a department selects the login's only one, or the first by name.
     explicit TestClient(const TestStore& store, const QString& login = QStringLiteral("ivanov"),
                         const QByteArray& department = QByteArray());
-    /// On a store of one's own, already signed in; the parameters of the login stay empty.
+    /// On its own store, already signed in; the parameters of the login are empty.
     explicit TestClient(std::unique_ptr<Store> store);
     ~TestClient();
     TestClient(const TestClient&) = delete;
@@ -26,12 +27,12 @@ public:
     CVrkCliApp& app() { return m_app; }
     CVrkCliSes& session() { return *m_app.session(); }
 
-    /// Delivers everything that was committed before the call, by whomever, to the modules.
+    /// Delivers everything that was committed before the call, by any client, to the modules.
     void deliver();
     /// Reasons of the requests that failed since the last call.
     QStringList takeFailures();
 
-    /// Runs the event loop until \a condition holds; false when it does not within \a timeoutMs.
+    /// Runs the event loop until \a condition is true; false on timeout.
     static bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 5000);
 
 private:
@@ -39,7 +40,7 @@ private:
     std::unique_ptr<QSignalSpy> m_failures;
 };
 
-/// A module that keeps the events it gets.
+/// A module that keeps its events.
 class TestModule : public CVrkCliMod
 {
     Q_OBJECT
@@ -59,7 +60,7 @@ public:
     int MessageOn() override { return MessageGet(); }
     int MessageData(HFNCliParam* block) override;
 
-    /// "601 LogbookRecords REC_1" for each event, in order, and forgets them.
+    /// "601 LogbookRecords REC_1" for each event, in order; removes them.
     QStringList takeEvents();
     /// Runs the event loop until at least \a count events are there.
     bool waitForEvents(int count) const;

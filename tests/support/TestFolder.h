@@ -4,8 +4,8 @@
 #include <QFileInfo>
 #include <QString>
 
-/// The template of a temporary folder, in memory where the system offers it as a folder: tests would otherwise mostly
-/// wait for the disk.
+/// The template of a temporary folder, in memory if the system has such a folder: tests would otherwise
+/// mostly wait for the disk.
 inline QString testFolderTemplate()
 {
     const QFileInfo memory(QStringLiteral("/dev/shm"));

@@ -51,7 +51,7 @@ TestJournal::TestJournal(const TestStore& store, const QString& login, const QBy
 
     m_tab = new LogBookWidget(m_module.get());
     m_module->setCentralWidget(m_tab);
-    m_module->resize(1600, 600); // room for the panes beside the table, whatever the font
+    m_module->resize(1600, 600); // space for the panes next to the table, for any font
     if (isStarted)
         start();
 }

@@ -52,7 +52,7 @@ bool isPostgres()
     return chosen;
 }
 
-/// The files or databases that are copied for each test, made at the first use.
+/// The files or databases that are copied for each test, created on first use.
 struct Originals {
     QTemporaryDir folder{testFolderTemplate()};
     double now = 0;
@@ -140,7 +140,7 @@ QVector<QVariantList> postgresRows(const QString& url, const QString& sql)
     return all;
 }
 
-/// A raw connection for looking past the store.
+/// A raw connection that reads without the store.
 class RawConnection
 {
 public:

@@ -58,8 +58,8 @@ class TestStore
 {
 public:
     enum Content {
-        Standard, ///< the journal told above
-        Empty     ///< the schema, no row
+        Standard, ///< the journal described above
+        Empty     ///< the schema, without rows
     };
 
     explicit TestStore(Content content = Standard);
@@ -67,37 +67,36 @@ public:
     TestStore(const TestStore&) = delete;
     TestStore& operator=(const TestStore&) = delete;
 
-    /// The engine that this run of the tests asks for: PostgreSQL where VRK_TEST_ENGINE=postgresql, with a private
-    /// server for the process, SQLite otherwise.
+    /// The engine of this test run: PostgreSQL if VRK_TEST_ENGINE=postgresql, with a private server for the
+    /// process, otherwise SQLite.
     static bool isSqlite();
     /// Of the SQLite file.
     QString path() const;
-    /// On a server that of its administrator, who may sign in as anybody.
+    /// On a server, the address of its administrator, who may sign in as anybody.
     QString url() const;
     /// Leaves the originals on a server for the other programs of a run (PrivateCluster::originals).
     static void leaveOriginals();
     /// The second in which the standard set was made, as HfnTime.
     static double now();
 
-    /// A store on the file with this login signed in; as many side by side as wanted. Any failure ends the
-    /// program.
+    /// A store on the file with this login signed in; any number of them. Any failure ends the program.
     std::unique_ptr<Store> open(const QString& login, const Store::Options& options = Store::Options()) const;
-    /// The same in the role of imports, which no rule of the journal binds.
+    /// The same in the role of imports, to which no rule of the journal applies.
     std::unique_ptr<Store> openLoader() const;
 
-    /// Reads with a raw connection of its own; one row a list, texts as QString, blobs as QByteArray. The word rowid
-    /// stands for the order in which the rows of a table were entered, on both engines.
+    /// Reads with a separate raw connection; one list for each row, texts as QString, blobs as QByteArray.
+    /// The word rowid is the order in which the rows of a table were inserted, on both engines.
     QVector<QVariantList> rows(const QString& sql) const;
     /// The first column of the first row; invalid without a row.
     QVariant value(const QString& sql) const;
-    /// Runs statements on a raw connection, past the store; the engine's message, empty for success.
+    /// Runs statements on a raw connection, without the store; the engine's message, empty for success.
     QString exec(const QString& sql) const;
 
-    /// Takes tables away, whatever refers to them; the engine's message, empty for success.
+    /// Drops tables with all references to them; the engine's message, empty for success.
     QString dropTables(const QStringList& tables) const;
     /// From now on the database refuses this operation (INSERT, UPDATE, DELETE) on a table, with the text "broken".
     QString refuse(const QString& operation, const QString& table) const;
-    /// Takes that back.
+    /// Reverses refuse().
     QString permit(const QString& operation, const QString& table) const;
 
     /// A field and its value: texts as literals in UTF-8, as QString, or as bytes of the code page; nullptr is null.

@@ -18,13 +18,13 @@
 #include <QTextEdit>
 #include <QToolTip>
 
-/// Walks all widgets of the process for texts that somebody else wrote. Such a text is made by of(): it begins with
-/// markup, so that a place that shows it without the tags has taken it for markup. Places are found by what the widgets
-/// hold, tool tips by showing them; nothing is listed by name.
+/// Walks all widgets of the process and looks for texts of other users. Such a text is made by of(): it
+/// begins with markup, so a place that shows it without the tags has treated it as markup. Places are found
+/// by the widgets' content, tool tips by showing them; no list of names is needed.
 class TextWalk
 {
 public:
-    /// A text that wants to be markup, marked with its \a origin; \a file is one that nobody may open.
+    /// A text that looks like markup, marked with its \a origin; \a file is one that nobody may open.
     static QString of(const QString& origin, const QString& file)
     {
         return QStringLiteral("<b>МЕТКА %1;</b> Р&Р <img src=\"%2\"><img src=\"//srv/share/a.png\">"
@@ -32,10 +32,10 @@ public:
             .arg(origin, file);
     }
 
-    /// Goes round once; may be called again for windows that are shown later.
+    /// Walks once; may be called again for windows that are shown later.
     void walk()
     {
-        QVector<QPointer<QWidget>> widgets; // a new tip deletes the one before
+        QVector<QPointer<QWidget>> widgets; // a new tip deletes the previous one
         for (QWidget* widget : QApplication::allWidgets())
             widgets.append(widget);
         for (const QPointer<QWidget>& widget : qAsConst(widgets)) {
@@ -47,7 +47,7 @@ public:
     const QStringList& faults() const { return m_faults; }
     /// Origins of the texts that were met.
     const QSet<QString>& origins() const { return m_origins; }
-    /// "class objectName" of the widgets that showed one, with the kind of the place.
+    /// "class objectName" of the widgets that showed one, with the kind of place.
     const QSet<QString>& places() const { return m_places; }
 
 private:
@@ -59,7 +59,7 @@ private:
                 widget->objectName(), QString::fromLatin1(widget->metaObject()->className())));
         return path.mid(qMax(0, path.size() - 3)).join(QLatin1Char('/'));
     }
-    /// What the toolkit shows of a text with mnemonics.
+    /// What Qt shows for a text with mnemonics.
     static QString withoutMnemonics(const QString& text)
     {
         QString shown;
@@ -81,7 +81,7 @@ private:
         document.adjustSize();
         return document.toPlainText() + (document.asked ? QStringLiteral(" loads a resource") : QString());
     }
-    /// Reads nothing, and knows that it was asked to.
+    /// Reads no file, and records the request.
     class Document : public QTextDocument
     {
     public:
@@ -95,7 +95,7 @@ private:
         }
     };
 
-    /// \a held is what the widget was given, \a shown what a reader sees of it.
+    /// \a held is the widget's text, \a shown what a reader sees.
     void check(const QWidget* widget, const char* place, const QString& held, const QString& shown)
     {
         static const QString mark = QStringLiteral("МЕТКА");
@@ -106,7 +106,7 @@ private:
         m_places.insert(where);
         for (; at >= 0; at = held.indexOf(mark, at + 1))
             m_origins.insert(held.mid(at + mark.size() + 1).section(QLatin1Char(';'), 0, 0));
-        // Initials are made of the first letter of a name, so that only whole texts can be held against each other.
+        // Initials are made from the first letter of a name, so only whole texts can be compared.
         const bool hasTags = shown.count(QStringLiteral("<b>МЕТКА")) == held.count(mark);
         const bool keepsLetters =
             !shown.contains(QStringLiteral("Р")) || shown.contains(QStringLiteral("Р&Р"));
@@ -177,7 +177,7 @@ private:
                     m_faults.append(described(edit) + QStringLiteral(" links to ") + format.anchorHref());
             }
         }
-        // A view may make the tips of its passages by itself.
+        // A view may create the tips of its passages itself.
         if (!edit->isVisible())
             return;
         for (int y = 4; y < qMin(edit->viewport()->height(), 120); y += 12) {

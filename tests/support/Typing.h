@@ -2,7 +2,8 @@
 
 #include <QTest>
 
-/// Types a text into a widget, one press and release a character. QTest's own keyClicks knows ASCII only.
+/// Types a text into a widget, one press and release for each character. QTest's own keyClicks supports
+/// only ASCII.
 inline void typeText(QWidget* widget, const QString& text)
 {
     for (const QChar character : text)

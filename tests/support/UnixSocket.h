@@ -6,7 +6,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-/// Sockets of PostgreSQL in a folder, for what stands between a server and its clients.
+/// Sockets of PostgreSQL in a folder, for proxies between a server and its clients.
 namespace UnixSocket
 {
 inline sockaddr_un addressIn(const QString& folder)
@@ -18,7 +18,7 @@ inline sockaddr_un addressIn(const QString& folder)
     return address;
 }
 
-/// Ends the program when it cannot be made.
+/// Ends the program if it cannot be created.
 inline int listenIn(const QString& folder)
 {
     const sockaddr_un address = addressIn(folder);
@@ -29,7 +29,7 @@ inline int listenIn(const QString& folder)
     return listener;
 }
 
-/// A socket that leads to the server in \a folder; false when there is none.
+/// A socket connected to the server in \a folder; false if there is none.
 inline bool connectTo(const QString& folder, int* socket)
 {
     const sockaddr_un address = addressIn(folder);

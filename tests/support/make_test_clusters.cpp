@@ -1,4 +1,4 @@
-// Makes the clusters that the programs of a run copy, so that not each of them has to fill one of its own.
+// Creates the clusters that the programs of a run copy, so that not each of them has to fill its own.
 
 #include "PrivateCluster.h"
 #include "TestStore.h"
