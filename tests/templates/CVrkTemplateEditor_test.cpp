@@ -6,7 +6,7 @@
 #include <QMenu>
 #include <QToolBar>
 
-/// The window of the configurator over a real store: rights, loading, pages, tool bar, routing of events.
+/// The window of the configurator on a real store: rights, loading, pages, tool bar, routing of events.
 class CVrkTemplateEditor_test : public QObject
 {
     Q_OBJECT
@@ -219,7 +219,7 @@ private slots:
         QVERIFY(Configurator::select(page, "TPL_ORDER"));
         auto* name = Configurator::in<QLineEdit>(page, "templateNameEdit");
         auto* keyboard = page->findChild<QWidget*>(editor);
-        QTRY_VERIFY(button(one, "cancelButton")->isVisible()); // the bar is laid out
+        QTRY_VERIFY(button(one, "cancelButton")->isVisible()); // the bar has its layout
         keyboard->setFocus();
         QVERIFY(keyboard->hasFocus());
         if (editor != QLatin1String("parameterSearch")) { // there the key ends the search
@@ -317,7 +317,7 @@ private slots:
         QCOMPARE(one.window().MessageData(unknown), 0);
         one.client().session().PrmFree(unknown);
 
-        // The choice of parameters follows on all pages, also on those that are not in front.
+        // The choice of parameters is updated on all pages, also on hidden ones.
         const auto offered = [&one](const QString& name) {
             int pages = 0;
             for (TemplateTab* page : {one.common(), one.orgs(), one.deps()}) {

@@ -26,7 +26,7 @@ public:
     {
         open();
     }
-    /// On a client of one's own.
+    /// On its own client.
     explicit Configurator(std::unique_ptr<TestClient> client) : m_client(std::move(client)) { open(); }
 
     TestClient& client() { return *m_client; }
@@ -76,7 +76,7 @@ public:
     {
         return page->model()->indexByRecord(record(page, key));
     }
-    /// Makes the row of a record current, as a click does.
+    /// Makes the row of a record current, like a click.
     static bool select(TemplateTab* page, const char* key)
     {
         const QModelIndex index = page->proxy()->mapFromSource(source(page, key));
@@ -103,7 +103,7 @@ public:
     {
         return tree(page)->currentIndex().data().toString();
     }
-    /// The rows as they are shown, an indent for each level.
+    /// The shown rows, with an indent for each level.
     static QStringList shown(const TemplateTab* page)
     {
         QStringList lines;
@@ -125,7 +125,7 @@ public:
             QTest::mouseClick(one->findChild<QAbstractButton*>(QLatin1String(buttonName)), Qt::LeftButton);
     }
     void deliver() { m_client->deliver(); }
-    /// Runs what waits for the event loop, then delivers.
+    /// Runs queued work of the event loop, then delivers.
     void settle()
     {
         QCoreApplication::processEvents();

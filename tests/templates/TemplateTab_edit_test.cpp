@@ -32,7 +32,7 @@ private:
     static QAbstractButton* restoreButton(TemplateTab* page)
     {
         for (QAbstractButton* button : page->findChildren<QAbstractButton*>(QStringLiteral("restoreButton")))
-            if (button->isVisible()) // that of an earlier notice goes later
+            if (button->isVisible()) // that of an earlier notice is deleted later
                 return button;
         return nullptr;
     }
@@ -57,7 +57,7 @@ private:
                 QStringLiteral("SELECT count(*) FROM ChangeLog WHERE rowKey='%1'").arg(QLatin1String(key)))
             .toInt();
     }
-    /// What happened until now is never told to this configurator.
+    /// This configurator never receives the events up to now.
     static void loseEvents(Configurator& one)
     {
         one.client().session().pollEvents();
@@ -105,7 +105,7 @@ private slots:
         }
         QCOMPARE(MDRValue::copy(recordValue(edit, "html")),
                  MDRValue::copy(recordValue(Configurator::record(page, "TPL_ORDER"), "html")));
-        // The row keeps its name until the server tells the change.
+        // The row keeps its name until the change event arrives.
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Команда на производство переключений"));
     }
 
@@ -131,15 +131,15 @@ private slots:
         TemplateTab* page = openCommon(one, "TPL_OPEN");
         templateName(page)->setText(QStringLiteral("Приём"));
         page->applyChanges();
-        QVERIFY(page->isExistUnsaved()); // sent, and still unsaved till the server tells
+        QVERIFY(page->isExistUnsaved()); // sent, and unsaved until the event arrives
         QCOMPARE(writes("TPL_OPEN"), 2);
-        QVERIFY(Configurator::select(page, "TPL_CLOSE")); // going on does not send it again
+        QVERIFY(Configurator::select(page, "TPL_CLOSE")); // continuing does not send it again
         QVERIFY(Configurator::select(page, "TPL_OPEN"));
         QCOMPARE(writes("TPL_OPEN"), 2);
         QSignalSpy reset(page, &TemplateTab::editDataReseted);
         QSignalSpy painted(page->model(), &QAbstractItemModel::dataChanged);
         one.deliver();
-        QCOMPARE(painted.size(), 1); // the view gets the signal
+        QCOMPARE(painted.size(), 1); // the view receives the signal
         QVERIFY(!page->isExistUnsaved());
         QCOMPARE(reset.size(), 1);
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Приём"));
@@ -187,7 +187,7 @@ private slots:
         one.deliver();
         QCOMPARE(name->text(), QStringLiteral("Приём и"));
         QCOMPARE(name->cursorPosition(), 2);
-        QVERIFY(!restoreButton(page)); // nobody else was there
+        QVERIFY(!restoreButton(page)); // nobody else was involved
         QVERIFY(page->isExistUnsaved());
         QVERIFY(one.window().isEdit());
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Приём"));
@@ -228,7 +228,7 @@ private slots:
         QVERIFY(page->isExistUnsaved());
         QCOMPARE(Configurator::currentKey(page).toLatin1(), key);
         QCOMPARE(Configurator::shown(page).filter(QStringLiteral("Погода")),
-                 QStringList{QStringLiteral("  Погода")}); // one row, and it has what the server holds
+                 QStringList{QStringLiteral("  Погода")}); // one row, with the server's state
         page->applyChanges();
         one.deliver();
         QVERIFY(!page->isExistUnsaved());
@@ -371,7 +371,7 @@ private slots:
         QVERIFY(!one.box());
         QVERIFY(page->isExistUnsaved()); // all edits survive
 
-        // Selecting another item is called off.
+        // Selecting another item is cancelled.
         Configurator::select(page, "TPL_CLOSE");
         QVERIFY(one.box());
         QTRY_COMPARE(Configurator::currentKey(page), key);
@@ -392,7 +392,7 @@ private slots:
         page->applyChanges();
         QCOMPARE(one.boxText(), QStringLiteral("<center>Шаблон не может быть пустым!</center>"));
         one.answer("okButton");
-        openBox(page)->click(); // a property is a text
+        openBox(page)->click(); // a property is enough
         page->applyChanges();
         one.deliver();
         QVERIFY(!page->isExistUnsaved());
@@ -413,7 +413,7 @@ private slots:
         page->applyChanges();
         QVERIFY(!Configurator::record(page, key.toLatin1().constData()));
         one.deliver();
-        QCOMPARE(Configurator::currentKey(page), key); // the row that came is selected
+        QCOMPARE(Configurator::currentKey(page), key); // the inserted row is selected
         QCOMPARE(page->currentRecord(), Configurator::record(page, key.toLatin1().constData()));
         QCOMPARE(Configurator::shown(page).filter(QStringLiteral("Новая категория")).size(), 1);
         QVERIFY(!page->isExistUnsaved());
@@ -426,7 +426,8 @@ private slots:
         const QStringList before = Configurator::shown(page);
         page->createFolder();
         categoryName(page)->setText(QStringLiteral("Лишняя"));
-        QCOMPARE(Configurator::currentName(page), QStringLiteral("Лишняя")); // a new row follows the typing
+        // a new row follows the typed name
+        QCOMPARE(Configurator::currentName(page), QStringLiteral("Лишняя"));
         page->cancelChanges();
         QCOMPARE(Configurator::shown(page), before);
         QVERIFY(!page->isExistUnsaved());
@@ -444,7 +445,7 @@ private slots:
         Configurator one(*m_store);
         TemplateTab* page = openCommon(one, "TPL_OPEN");
         templateName(page)->setText(QStringLiteral("Длинная правка"));
-        page->cancelChanges(); // by a slip on Escape
+        page->cancelChanges(); // as by a mistaken Escape
         QVERIFY(!page->isExistUnsaved());
         QTRY_VERIFY(restoreButton(page));
         QCOMPARE(page->findChild<QLabel*>(QStringLiteral("noticeText"))->text(),
@@ -495,7 +496,7 @@ private slots:
         QCOMPARE(one.client().takeFailures(), QStringList{QStringLiteral("broken")}); // for the status line
         const QStringList log = m_log->take(QStringLiteral("bool TemplateTab::sendChangesToServer()"));
         QCOMPARE(log.size(), 2);
-        // Meant: under the heading of categories, and the records are those of categories: none.
+        // Deliberate: under the heading of categories, and the records are those of categories: none.
         QCOMPARE(log.first(),
                  QStringLiteral("bool TemplateTab::sendChangesToServer() CVrkCliSes::BlockEnd returned "
                                 "FALSE\nTable LogbookCatsTemplate contains:\n\n"));
@@ -593,7 +594,7 @@ private slots:
         QVERIFY(!one.box());
         QCOMPARE(templateName(page)->text(), QStringLiteral("Их"));
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Их"));
-        // What was dropped can be had back.
+        // The dropped changes can be restored.
         QVERIFY(restoreButton(page));
         restoreButton(page)->click();
         QCOMPARE(templateName(page)->text(), QStringLiteral("Моё"));
@@ -620,7 +621,7 @@ private slots:
         QVERIFY(!Configurator::shown(page).contains(QStringLiteral("  Приём смены")));
         QVERIFY(page->currentRecord());
         QVERIFY(!one.window().isEdit());
-        // What was typed comes back as a new item in the old place.
+        // The typed changes are restored as a new item at the old place.
         restoreButton(page)->click();
         QVERIFY(page->isExistUnsaved());
         QCOMPARE(templateName(page)->text(), QStringLiteral("Моё"));
@@ -657,7 +658,7 @@ private slots:
                  QStringLiteral("<center>Места, где был шаблон, больше нет. Выберите категорию, в "
                                 "которую его вернуть.</center>"));
         one.answer("okButton");
-        QVERIFY(restoreButton(page)); // nothing is lost by trying
+        QVERIFY(restoreButton(page)); // trying loses nothing
         QVERIFY(Configurator::select(page, place.toLatin1().constData()));
         restoreButton(page)->click();
         QCOMPARE(templateName(page)->text(), QStringLiteral("Моё"));
@@ -759,7 +760,7 @@ private slots:
         other.deliver();
         QCOMPARE(Configurator::shown(page), Configurator::shown(other.common()));
         QVERIFY(page->currentRecord());
-        QVERIFY(Configurator::source(page, "TPL_ORDER").isValid()); // the subtree came along
+        QVERIFY(Configurator::source(page, "TPL_ORDER").isValid()); // the subtree was moved along
         QCOMPARE(Configurator::currentKey(other.common()), QStringLiteral("CAT_COMMON_SUB"));
     }
 
@@ -797,7 +798,7 @@ private slots:
         one.deliver();
         QCOMPARE(Configurator::currentKey(page), QStringLiteral("TPL_CLOSE"));
         QVERIFY(Configurator::shown(page).contains(QStringLiteral("  Новая подкатегория")));
-        // The other levels have no use for it.
+        // The other levels do not use it.
         QCOMPARE(one.orgs()->tables().categories.data.RecCount(), 5);
         QCOMPARE(one.common()->tables().categories.data.RecCount(), 6);
     }
@@ -828,7 +829,7 @@ private slots:
         one.client().session().pollEvents();
         const std::vector<HFNCliParam*> events = one.client().session().takeEvents();
         QCOMPARE(events.size(), std::size_t(1));
-        for (int times = 0; times < 2; ++times) // as when a load has brought the row already
+        for (int times = 0; times < 2; ++times) // as if a load already contained the row
             one.window().MessageData(events.front());
         one.client().session().PrmFree(events.front());
         QCOMPARE(Configurator::shown(page).filter(QStringLiteral("Новая")).size(), 1);

@@ -8,8 +8,8 @@
 #include <QMimeData>
 #include <sqlite3.h>
 
-/// A store that fails while the configurator saves, deletes or moves: it can only be read, somebody else holds it, or it
-/// is gone. Nothing changes then, the status line has a word, and what was typed can be had back.
+/// A store that fails while the configurator saves, deletes or moves: it is read-only, locked by somebody,
+/// or lost. Then nothing changes, the status line shows a message, and the typed changes can be restored.
 class TemplateTab_failures_test : public QObject
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ private:
             ->value(QStringLiteral("SELECT %1 FROM LogbookTemplates WHERE KeyLink='TPL_OPEN'").arg(field))
             .toString();
     }
-    /// On the page of common templates, at this item. Requests give up soon.
+    /// Opens the page of common templates at this item. Requests have a short deadline.
     TemplateTab* open(const char* key)
     {
         Store::Options options;
@@ -88,7 +88,7 @@ private:
         QTRY_VERIFY(m_one->client().session().isConnected());
         m_log->take();
     }
-    /// The word that the status line gets; one for each request that failed.
+    /// The messages in the status line, one for each failed request.
     QString word()
     {
         const QStringList words = m_one->client().takeFailures();
@@ -97,7 +97,7 @@ private:
     static void addFailures()
     {
         QTest::addColumn<int>("failure");
-        if (TestStore::isSqlite()) // a standby server cannot be listened to: it counts as gone
+        if (TestStore::isSqlite()) // a standby server does not support listening: it counts as lost
             QTest::newRow("only readable") << int(ReadOnly);
         QTest::newRow("held by another") << int(Locked);
         QTest::newRow("gone") << int(Gone);
@@ -162,7 +162,7 @@ private slots:
         TemplateTab* page = open("TPL_OPEN");
         const QStringList before = Configurator::shown(page);
         name(page)->setText(QStringLiteral("Правка"));
-        QTest::keyClick(page, Qt::Key_Delete); // which does not look at unsaved changes
+        QTest::keyClick(page, Qt::Key_Delete); // which ignores unsaved changes
         QCOMPARE(m_one->boxText(), QStringLiteral("Удалить шаблон?"));
         begin(failure);
         m_one->answer("yesButton");
@@ -177,7 +177,7 @@ private slots:
         m_one->deliver();
         QCOMPARE(stored(QStringLiteral("nameLoc")), QStringLiteral("Приём смены"));
 
-        restoreButton(page)->click(); // what was typed before the deletion
+        restoreButton(page)->click(); // the changes typed before the deletion
         QCOMPARE(name(page)->text(), QStringLiteral("Правка"));
         page->cancelChanges();
         page->deleteSelected();
@@ -200,7 +200,7 @@ private slots:
         QVERIFY(!word().isEmpty());
         QVERIFY(!m_one->box());
         QCOMPARE(Configurator::shown(page), before);
-        QVERIFY(page->isExistUnsaved()); // what was typed is still there
+        QVERIFY(page->isExistUnsaved()); // the typed changes are still there
         QCOMPARE(name(page)->text(), QStringLiteral("Правка"));
         QCOMPARE(page->tables().templatesMoved.data.RecCount(), 1);
         end(failure);

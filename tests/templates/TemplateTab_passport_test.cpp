@@ -9,7 +9,7 @@
 #include <QTextEdit>
 #include <QTreeWidget>
 
-/// The passport: its rows and editors, filling them, and what each change writes into the edit record.
+/// The passport: its rows and editors, filling them, and the effect of each change on the edit record.
 class TemplateTab_passport_test : public QObject
 {
     Q_OBJECT
@@ -148,7 +148,7 @@ private slots:
         QCOMPARE(combo(page, "templateSecondMarkBox")->currentIndex(), 0);
         QVERIFY(edit(page, "templateCommandEdit")->text().isEmpty());
         QVERIFY(!tree(page)->topLevelItem(5)->isExpanded() && !tree(page)->itemsExpandable());
-        QVERIFY(!page->isExistUnsaved()); // filling makes no change
+        QVERIFY(!page->isExistUnsaved()); // filling causes no change
         QVERIFY(Configurator::select(page, "CAT_COMMON_SUB"));
         QCOMPARE(edit(page, "categoryNameEdit")->text(), QStringLiteral("Команды и переключения"));
     }
@@ -220,7 +220,7 @@ private slots:
         QCOMPARE(property(edited(page), "second_mark"), QStringLiteral(":/markers/worker_blue.png"));
         QCOMPARE(property(edited(page), "command"), QStringLiteral("Работы завершены, бригада удалена"));
 
-        // The words survive the store and come back with its code page.
+        // The words are stored and read back in the code page.
         page->applyChanges();
         one.deliver();
         QVERIFY(Configurator::select(page, "CAT_CDS"));
@@ -305,7 +305,7 @@ private slots:
         page->applyChanges();
         one.deliver();
         QVERIFY(text->document()->isUndoAvailable()); // saved, and still the same template
-        // A copy has the same text to the letter.
+        // A copy has exactly the same text.
         page->copyItem();
         page->pasteItem();
         QVERIFY(!text->document()->isUndoAvailable());
@@ -328,7 +328,8 @@ private slots:
         QTRY_COMPARE(rows->visualItemRect(rows->topLevelItem(6)).bottom(), rows->viewport()->rect().bottom());
         const int wide = textHeight();
         QComboBox* second = combo(page, "templateSecondMarkBox");
-        second->setCurrentIndex(second->currentIndex() > 0 ? 0 : 1); // the row of the command comes or goes
+        // the row of the command is shown or hidden
+        second->setCurrentIndex(second->currentIndex() > 0 ? 0 : 1);
         QTRY_COMPARE(qAbs(textHeight() - wide), 30);
         one.window().resize(1300, 500); // scrolled, it keeps its height
         QTRY_COMPARE(textHeight(), 400);

@@ -5,7 +5,7 @@
 #include <QMenu>
 #include <QMimeData>
 
-/// Who may do what on which level, item by item; and what is said when an item cannot be made.
+/// Who may do what on which level, item by item; and the messages if an item cannot be created.
 class TemplateTab_rights_test : public QObject
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ private:
     {
         return Configurator::selectRoot(page, key) || Configurator::select(page, key.toLatin1().constData());
     }
-    /// All that the page lets its user do with the current item, in words.
+    /// The actions that the page allows its user on the current item, in words.
     static QString allowed(Configurator& one, TemplateTab* page)
     {
         QStringList words;
@@ -136,7 +136,7 @@ private slots:
         page->createFolder(); // which no button offers him
         page->applyChanges();
         QVERIFY(page->isExistUnsaved());
-        QCOMPARE(one.client().takeFailures(), QStringList()); // nothing was asked of the store
+        QCOMPARE(one.client().takeFailures(), QStringList()); // no request went to the store
         page->cancelChanges();
     }
 
@@ -233,7 +233,7 @@ private slots:
         QFETCH(QString, line);
         Configurator one(*m_store);
         TemplateTab* shown = one.show(one.page(page.toLatin1().constData()));
-        // A new category that is not saved yet stands for no place.
+        // A new, unsaved category has no place.
         if (shown == one.common()) {
             shown->createRootFolder();
         } else {

@@ -8,7 +8,8 @@
 #include <QSignalSpy>
 #include <QSplitter>
 
-/// The tree of a page: its form, what each level allows to whom, selection, search, keys, and the operations on it.
+/// The tree of a page: its form, the actions that each level allows, selection, search, keys, and the
+/// operations on it.
 class TemplateTab_tree_test : public QObject
 {
     Q_OBJECT
@@ -44,7 +45,7 @@ private:
         QCOMPARE(m_store->refuse(m_broken.first, m_broken.second), QString());
     }
     void mendTable() { QCOMPARE(m_store->permit(m_broken.first, m_broken.second), QString()); }
-    /// Drags a row onto another, through the models as the view does it.
+    /// Drags a row onto another, through the models like the view does.
     static void drag(TemplateTab* page, const char* key, const QModelIndex& target)
     {
         const QModelIndex row = page->proxy()->mapFromSource(Configurator::source(page, key));
@@ -145,7 +146,7 @@ private slots:
                 !page->isItemDeletable());
         QVERIFY(Configurator::select(page, "CAT_ZAR"));
         QVERIFY(page->isTemplateCreatable() && page->isItemDeletable());
-        // The other pages are read only to him.
+        // The other pages are read-only for him.
         TemplateTab* common = one.show(one.common());
         QVERIFY(Configurator::select(common, "CAT_COMMON"));
         QVERIFY(!common->isFolderCreatable() && !common->isItemDeletable());
@@ -268,7 +269,7 @@ private slots:
         };
         QVERIFY(view->isAnimated());
         for (const char* name : {"t1CAT_1020", "t2CAT_1039", "t0CAT_1005"}) {
-            searchEdit(page)->setText(QLatin1String(name)); // branches unfold
+            searchEdit(page)->setText(QLatin1String(name)); // branches expand
             QCoreApplication::processEvents();
             QVERIFY2(isInSight(), name);
         }
@@ -293,7 +294,7 @@ private slots:
     {
         Configurator one(*m_store);
         TemplateTab* page = one.show(one.common());
-        QVERIFY(Configurator::select(page, "TPL_ORDER")); // a template stands for its category
+        QVERIFY(Configurator::select(page, "TPL_ORDER")); // a template represents its category
         page->createFolder();
         QCOMPARE(Configurator::source(page, "CAT_COMMON_SUB"),
                  page->model()->indexByRecord(page->currentRecord()).parent());
@@ -368,7 +369,7 @@ private slots:
 
         page->deleteSelected();
         one.answer("yesButton");
-        QVERIFY(Configurator::record(page, "TPL_OPEN")); // until the server tells
+        QVERIFY(Configurator::record(page, "TPL_OPEN")); // until the event arrives
         QVERIFY(!page->isExistUnsaved());
         one.deliver();
         QVERIFY(!Configurator::record(page, "TPL_OPEN"));
@@ -440,7 +441,7 @@ private slots:
         one.answer("okButton");
         page->cancelChanges();
 
-        // Unsaved changes of an existing one go in the same block.
+        // Unsaved changes of an existing one are sent in the same block.
         QVERIFY(Configurator::select(page, "TPL_OPEN"));
         Configurator::in<QLineEdit>(page, "templateNameEdit")->setText(QStringLiteral("Напоследок"));
         QTest::keyClick(page, Qt::Key_Delete);
@@ -458,7 +459,7 @@ private slots:
         QTest::keyClick(Configurator::tree(page), Qt::Key_C, Qt::ControlModifier);
         const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
         QCOMPARE(mime->data(QStringLiteral("logbook_template")), QByteArray("TPL_ORDER"));
-        QVERIFY(Configurator::select(page, "TPL_CLOSE")); // beside it
+        QVERIFY(Configurator::select(page, "TPL_CLOSE")); // next to it
         QTest::keyClick(page, Qt::Key_V, Qt::ControlModifier);
         const MDRData* copy = page->currentRecord();
         QCOMPARE(MDRValue::copy(recordValue(copy, "CategoryKey")), QByteArray("CAT_COMMON"));
@@ -482,7 +483,7 @@ private slots:
         common->pasteItem();
         common->applyChanges();
         one.deliver();
-        common->copyItem(); // made after the pages were loaded: the other pages do not hold it
+        common->copyItem(); // created after the pages were loaded: the other pages do not have it
         TemplateTab* page = one.show(one.deps());
         QVERIFY(Configurator::select(page, "CAT_CDS"));
         QTest::keyClick(page, Qt::Key_V, Qt::ControlModifier);
@@ -605,7 +606,7 @@ private slots:
         Configurator one(*m_store);
         TemplateTab* page = one.show(one.common());
         const QStringList before = Configurator::shown(page);
-        drag(page, "CAT_COMMON", Configurator::source(page, "CAT_COMMON_SUB")); // below itself
+        drag(page, "CAT_COMMON", Configurator::source(page, "CAT_COMMON_SUB")); // into its own subtree
         one.deliver();
         QCOMPARE(Configurator::shown(page), before);
         QCOMPARE(one.client().takeFailures().size(), 1); // for the status line

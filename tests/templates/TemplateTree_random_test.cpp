@@ -5,8 +5,8 @@
 #include <QMimeData>
 #include <random>
 
-/// Two configurators on one store, and a writer outside of them, do at random what can be done. After every step each
-/// tree is compared with one computed afresh from the arrays by plain loops, and now and then with the store.
+/// Two configurators on one store, and another writer, perform random actions. After every step each tree
+/// is compared with one computed from the arrays by simple loops, and sometimes with the store.
 class TemplateTree_random_test : public QObject
 {
     Q_OBJECT
@@ -59,7 +59,7 @@ private:
         return {"DepartmentKey", "SELECT KeyLink FROM Departments"};
     }
 
-    /// The tree from the arrays, by loops alone; a row is its indent and its key.
+    /// The tree from the arrays, only by loops; a row is its indent and its key.
     static void addFolder(const TemplateTab* page, const QByteArray& key, const char* field,
                           bool withTemplates, const QString& indent, QStringList* lines)
     {
@@ -141,13 +141,13 @@ private:
         QCOMPARE(listed(page->model()), expected);
         QCOMPARE(sorted(listed(page->proxy())), sorted(expected));
         checkOrder(page->proxy(), QModelIndex());
-        // The passport stands on the current record.
+        // The passport shows the current record.
         const MDRData* current = page->currentRecord();
         const QModelIndex back = page->model()->indexByRecord(current);
         QCOMPARE(back, page->proxy()->mapToSource(Configurator::tree(page)->currentIndex()));
     }
 
-    /// The keys that the store holds for a page, by loops over its rows.
+    /// The keys of a page in the store, by loops over its rows.
     QStringList stored(const TemplateTab* page) const
     {
         const Level level = levelOf(page);
@@ -214,7 +214,7 @@ private:
         const QByteArray key = rows.at(pick(rows.size())).first().toByteArray();
         const QByteArray other = templates.at(pick(templates.size())).first().toByteArray();
         switch (pick(3)) {
-        case 0: // among its brothers and sisters
+        case 0: // among its siblings
             for (const QVariantList& row : rows)
                 if (row.first().toByteArray() == key && !row.at(1).isNull()) {
                     const QString above =
@@ -312,7 +312,7 @@ private:
         case 19:
             page->cancelChanges();
             break;
-        case 20: // the key looks at the level only
+        case 20: // the key checks only the level
             QTest::keyClick(page, Qt::Key_Delete);
             break;
         case 21:
@@ -348,7 +348,7 @@ private:
 private slots:
     void treesStayInStepWithTheArraysAndTheStore()
     {
-        LogWatch log; // refused writes leave lines there, as they should
+        LogWatch log; // refused writes leave lines there, as expected
         m_random.seed(qEnvironmentVariableIsSet("VRK_SEED") ? qEnvironmentVariableIntValue("VRK_SEED")
                                                             : 20261120);
         const int steps = qEnvironmentVariableIsSet("VRK_LONG") ? 10000 : 2000;
@@ -371,7 +371,7 @@ private slots:
         int comparisons = 0;
         for (int i = 0; i < steps; ++i) {
             step();
-            QCoreApplication::processEvents(); // between two acts of a user the event loop has its turn
+            QCoreApplication::processEvents(); // the event loop runs between two actions of a user
             for (const auto& user : m_users)
                 for (TemplateTab* page : {user->common(), user->orgs(), user->deps()})
                     compare(page);

@@ -11,7 +11,7 @@
 #include <QTest>
 #include <QTextCodec>
 
-/// The three tree models and their proxy over arrays made by hand.
+/// The three tree models and their proxy on arrays filled by the test.
 class TemplatesEditSourceModel_test : public QObject
 {
     Q_OBJECT
@@ -264,14 +264,14 @@ private slots:
         };
         QVERIFY(can(*common, category.get(), QModelIndex()));
         QVERIFY(!can(*common, item.get(), QModelIndex()));
-        QVERIFY(can(*common, category.get(), c1)); // on itself: the store refuses that
+        QVERIFY(can(*common, category.get(), c1)); // on itself: the store refuses it
         QVERIFY(can(*common, item.get(), c1));
         QVERIFY(!can(*common, item.get(), t1));
         QVERIFY(!can(*common, item.get(), c1, Qt::CopyAction));
         QVERIFY(!can(*common, pending.get(), c1));
         QVERIFY(!can(*orgs, category.get(), QModelIndex()));
         QVERIFY(can(*orgs, category.get(), orgs->index(0, 0)));
-        QVERIFY(!can(*orgs, item.get(), orgs->index(0, 0))); // templates live only in categories
+        QVERIFY(!can(*orgs, item.get(), orgs->index(0, 0))); // templates exist only in categories
         QVERIFY(can(*orgs, item.get(), orgs->indexByRecord(record("O1"))));
 
         QSignalSpy moves(common.get(), &TemplatesEditSourceModel::moveToCategory);
@@ -378,7 +378,7 @@ private slots:
         QVERIFY(!proxy.isTemplate(QModelIndex()));
         proxy.setFilterRoot(QStringLiteral("C1"));
         QCOMPARE(names(QModelIndex()), QStringLiteral("Первая"));
-        QCOMPARE(proxy.rowCount(proxy.index(0, 0)), 4); // what is below is not filtered
+        QCOMPARE(proxy.rowCount(proxy.index(0, 0)), 4); // the lower levels are not filtered
         proxy.setFilterRoot(QString());
         QCOMPARE(names(QModelIndex()), QStringLiteral("Вторая Первая"));
     }
