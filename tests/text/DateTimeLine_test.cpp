@@ -27,7 +27,7 @@ void DateTimeLine_test::shortFormsAreUnderstood_data()
 {
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("complete"); // empty: not understood
+    QTest::addColumn<QString>("complete"); // empty: not recognised
     const auto row = [](const char* format, const char* typed, const char* complete) {
         QTest::addRow("%s: %s", format, typed)
             << QString::fromLatin1(format) << QString::fromLatin1(typed) << QString::fromLatin1(complete);

@@ -21,7 +21,7 @@ QStringList latelyUsed(const QString& label)
 }
 } // namespace
 
-/// The editors of the filler, one kind after the other: what keys do in them, what they offer and refuse.
+/// The editors of the filler, one kind after another: their keys, suggestions and errors.
 class FillerEditors_test : public QObject
 {
     Q_OBJECT
@@ -169,7 +169,7 @@ void FillerEditors_test::aListChoosesByLettersAndNotByTheWheel()
     QCOMPARE(setting.shown(0), QStringLiteral("включить"));
     QCOMPARE(QApplication::focusWidget(), setting.input(1));
     line->setFocus(Qt::TabFocusReason);
-    setting.press(Qt::Key_Down); // the whole list, from the value on
+    setting.press(Qt::Key_Down); // the whole list, starting at the value
     QCOMPARE(setting.suggested().size(), 3);
     setting.press(Qt::Key_Down);
     setting.press(Qt::Key_Tab);
@@ -198,7 +198,7 @@ void FillerEditors_test::aListIsFoundByPartsAndHoldsNothingElse()
     QCOMPARE(setting.complaint(0), QStringLiteral("⚠ Такого значения нет в списке"));
     QVERIFY(setting.filler.filledTemplate(true).contains(QStringLiteral(">Операция</a>")));
     setting.input(0)->setFocus(Qt::TabFocusReason);
-    setting.type(QStringLiteral("Включить")); // in full, without the list
+    setting.type(QStringLiteral("Включить")); // typed in full, without the list
     QCOMPARE(setting.complaint(0), QString());
     setting.press(Qt::Key_Escape);
     setting.press(Qt::Key_Return);
@@ -228,7 +228,7 @@ void FillerEditors_test::theCursorIsAfterTheTakenSuggestion()
     QApplication::sendEvent(who, &left);
     QCOMPARE(who->cursorPosition(), who->text().size());
     crew->setFocus();
-    QCOMPARE(who->cursorPosition(), 0); // of a long name the beginning is seen
+    QCOMPARE(who->cursorPosition(), 0); // shows the beginning of a long name
 }
 
 void FillerEditors_test::aValueThatTheListLacksStays()
@@ -351,7 +351,7 @@ void FillerEditors_test::deletedWorkersAreNotOffered()
     setting.press(Qt::Key_Down);
     QCOMPARE(setting.suggested().size(), 5);
     QVERIFY(setting.suggested().filter(QStringLiteral("Кузнецов")).isEmpty());
-    // Those of the own department and below it come before the others.
+    // Those of the user's department and below it come before the others.
     QCOMPARE(setting.suggested().first(), QStringLiteral("Иванов Иван Иванович"));
     QVERIFY(
         setting.popup()->model()->index(4, 0).data(Qt::UserRole).toString().contains(QStringLiteral("ОДС")));
@@ -422,7 +422,7 @@ void FillerEditors_test::marksAnUnknownName()
         return cursor.charFormat().underlineStyle();
     };
     setting.type(QStringLiteral("Туманов И. К."));
-    QCOMPARE(setting.complaint(0), QString()); // not while he is at it
+    QCOMPARE(setting.complaint(0), QString()); // not while he is typing
     setting.press(Qt::Key_Return);
     QCOMPARE(setting.complaint(0), QStringLiteral("Нет в справочнике: будет записано, как введено"));
     QCOMPARE(setting.label(0), QStringLiteral("✎ Кто"));
@@ -442,7 +442,7 @@ void FillerEditors_test::marksAnUnknownName()
     QCOMPARE(setting.label(0), QStringLiteral("✓ Кто"));
     QVERIFY(underline(0) != QTextCharFormat::WaveUnderline);
 
-    // A record that holds such a name tells it when it is opened.
+    // A record with such a name reports it when it is opened.
     const QString record = setting.filler.filledTemplate(true);
     setting.filler.setTemplate(QString());
     setting.filler.setTemplate(record);
@@ -452,7 +452,7 @@ void FillerEditors_test::marksAnUnknownName()
 
 void FillerEditors_test::equipmentIsThatOfTheOwnAreaAtFirst()
 {
-    Setting setting(m_store, QStringLiteral("smirnov")); // ЗДГ: the line belongs to the department above
+    Setting setting(m_store, QStringLiteral("smirnov")); // ЗДГ: the line belongs to the parent department
     setting.filler.setTemplate(parameter("equipmentName", "Оборудование") + parameter("line", "Линия") +
                                parameter("substation", "ПС") + parameter("bay", "Присоединение"));
     if (setting.client.app().m_user_params.getValue(QStringLiteral("DEPARTMENTKEY"), QString()) !=
@@ -537,7 +537,7 @@ void FillerEditors_test::theCrewOfTheOpenShiftIsFilledIn()
     setting.filler.setFocus();
     setting.press(Qt::Key_F5);
     QCOMPARE(setting.shown(0), QStringLiteral("Иванов И. И., Петров П. П."));
-    QCOMPARE(setting.key(0), QString()); // several names have no record behind them
+    QCOMPARE(setting.key(0), QString()); // several names have no single record
     auto* editor = setting.filler.findChild<QWidget*>(QStringLiteral("parameterEditor_1"));
     QTest::mouseClick(editor->findChild<QToolButton*>(QStringLiteral("crewButton")), Qt::LeftButton);
     QCOMPARE(setting.shown(1), QStringLiteral("Иванов И. И. гр.V, Петров П. П. гр.IV"));
@@ -617,7 +617,7 @@ void FillerEditors_test::aLongListIsShownAndLeavesNoWindow()
     QVERIFY(list->verticalScrollBar()->isVisible());
     const auto below = [&] { return setting.input(0)->mapToGlobal(QPoint(0, setting.input(0)->height())); };
     QCOMPARE(list->pos(), below());
-    setting.type(QStringLiteral("длинный1")); // eleven of them: still more than fit in
+    setting.type(QStringLiteral("длинный1")); // eleven of them: still too many for the list
     QVERIFY(setting.popup());
     setting.press(Qt::Key_PageDown);
     setting.press(Qt::Key_Return);
@@ -628,7 +628,7 @@ void FillerEditors_test::aLongListIsShownAndLeavesNoWindow()
     setting.filler.setFocus();
     setting.press(Qt::Key_Down);
     QVERIFY(setting.popup());
-    setting.filler.move(setting.filler.pos() + QPoint(40, 40)); // the list does not stay behind
+    setting.filler.move(setting.filler.pos() + QPoint(40, 40)); // the list moves along
     QVERIFY(!setting.popup());
     QVERIFY(!list->windowHandle()->isVisible());
 }

@@ -27,7 +27,7 @@ inline QString list(const char* label, const std::vector<std::string>& values)
     return parameter("list", label, {{"list", HtmlParser::createListProperty(values)}});
 }
 
-/// A filler in a window of its own over the session of a login.
+/// A filler in a separate window on the session of a login.
 struct Setting {
     explicit Setting(const TestStore& store, const QString& login = QStringLiteral("ivanov"))
         : client(store, login), module(client)
@@ -76,7 +76,7 @@ struct Setting {
         return texts;
     }
     FillerText* text() { return filler.findChild<FillerText*>(QStringLiteral("fillerText")); }
-    /// Types into the input that has the keyboard.
+    /// Types into the input that has the focus.
     void type(const QString& typed)
     {
         if (!QApplication::focusWidget())

@@ -16,7 +16,7 @@ std::string parameter(const std::string& name, const std::string& shown)
     return HtmlParser::createParameter({{"name", name}, {"locname", shown}}, shown);
 }
 
-/// What the conversion of old templates does to a text that already holds the new parameters.
+/// The effect of converting old templates on a text that already contains the new parameters.
 std::string normalized(const std::string& html)
 {
     QString text = QString::fromUtf8(html.c_str());
@@ -30,7 +30,7 @@ std::string normalized(const std::string& html)
     return text.toStdString();
 }
 
-/// A random text over all characters that the code page carries, specials more often than others.
+/// A random text of all characters of the code page, special ones more often than others.
 QString randomText(std::mt19937& random, QTextCodec* codec, int longest)
 {
     static const QString specials = QStringLiteral("<>[]\"'&;=%|,. \n\t#/\\+?!*()-:;&lt;%3B</a><br/>");
@@ -342,7 +342,7 @@ void HtmlParser_test::readyHtmlLeavesTemplatePropertiesAwayWhenAsked()
     parser.setTemplateProperty("time_exec", true);
     QCOMPARE(parser.readyHtml(false), std::string("x"));
     QCOMPARE(HtmlParser(parser.readyHtml(true)).readyHtml(false), std::string("x"));
-    // What stood on both sides of them does not join to a tag.
+    // The texts on both sides of them do not join to a tag.
     const HtmlParser between(
         "<a <meta name=\"template\" content=\"time_exec\">href=\"parameter:name=text\">x");
     QCOMPARE(HtmlParser(between.readyHtml(false)).countParameters(), 0u);
@@ -565,7 +565,7 @@ void HtmlParser_test::propertiesAreOfOneKind()
     parser.setTemplateProperty("a", true);
     std::string text = "kept";
     parser.templatePropertyValue("a", text);
-    QCOMPARE(text, std::string("kept")); // a flag is no text
+    QCOMPARE(text, std::string("kept")); // a flag is not a text
     parser.setTemplateProperty("b", std::string("x"));
     parser.setTemplateProperty("b", true);
     bool isSet = false;
@@ -612,7 +612,7 @@ void HtmlParser_test::timeIsLinearInTheLength()
         const std::string text = piece.repeated(length / piece.size()).toStdString();
         std::clock_t best = std::numeric_limits<std::clock_t>::max();
         for (int run = 0; run < 3; ++run) {
-            // Time of this process: the load of the machine does not count.
+            // Processor time of this process: the load of the machine does not count.
             const std::clock_t begin = std::clock();
             HtmlParser parser(text);
             parser.setDisplayText(0, "x");

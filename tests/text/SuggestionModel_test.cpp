@@ -130,7 +130,7 @@ void SuggestionModel_test::fiveThousandItemsAreFilteredFast()
         items.append(made(QStringLiteral("Выключатель В-%1 присоединения").arg(i), i % 3 != 0,
                           QStringLiteral("ПС 110 кВ Заречная №%1").arg(i % 40)));
     model.setItems(items);
-    // The peer is the toolkit's own filter over a model of items.
+    // Compared with Qt's own filter over a model of items.
     QStandardItemModel rows;
     for (const ReferenceItem& item : qAsConst(items))
         rows.appendRow(new QStandardItem(item.folded));

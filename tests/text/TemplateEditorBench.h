@@ -14,7 +14,7 @@
 #include <QTextCodec>
 #include <QTreeView>
 
-/// A template editor in a window of its own, and what tests do with it.
+/// A template editor in a separate window, and the actions of the tests.
 struct TemplateEditorBench {
     TemplateEditorBench()
     {
@@ -26,7 +26,7 @@ struct TemplateEditorBench {
         text()->setFocus();
     }
 
-    /// The text of a parameter; \a more goes behind name and label.
+    /// The text of a parameter; \a more is appended to name and label.
     static QString parameter(const char* name, const char* label,
                              const std::vector<HtmlParser::Property>& more = {})
     {
@@ -60,12 +60,12 @@ struct TemplateEditorBench {
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1)
     {
         QApplication::setActiveWindow(
-            &editor); // the offscreen platform does not give it back when a dialog closes
+            &editor); // the offscreen platform does not return the focus when a dialog closes
         for (int i = 0; i < times; ++i)
             QTest::keyClick(text(), key, modifiers);
     }
     void type(const QString& words) { typeText(text(), words); }
-    /// Presses in the dialog that is open, wherever its keyboard stands.
+    /// Presses a key in the open dialog, in the widget with the focus.
     void pressInDialog(Qt::Key key) { QTest::keyClick(dialog()->focusWidget(), key); }
     /// The middle of the chip at a position, in the viewport.
     QPoint middleOf(int position)

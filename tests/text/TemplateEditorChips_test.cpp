@@ -14,7 +14,7 @@ unsigned count(const QString& html)
 
 } // namespace
 
-/// Parameters stand in the text of the editor as chips: one character each, with all its properties.
+/// Parameters are chips in the text of the editor: one character each, with all their properties.
 class TemplateEditorChips_test : public QObject
 {
     Q_OBJECT
@@ -82,7 +82,7 @@ void TemplateEditorChips_test::textTypedNextToAChipIsPlain()
     bench.type(QStringLiteral("a"));
     bench.press(Qt::Key_End);
     bench.type(QStringLiteral("b"));
-    for (const int position : {1, 3}) { // behind the letter
+    for (const int position : {1, 3}) { // after the letter
         QTextCursor letter(bench.text()->document());
         letter.setPosition(position);
         QCOMPARE(letter.charFormat().verticalAlignment(), QTextCharFormat::AlignNormal);
@@ -90,7 +90,7 @@ void TemplateEditorChips_test::textTypedNextToAChipIsPlain()
     }
     bench.press(Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(bench.now(), QStringLiteral("a") + chip + QStringLiteral("b"));
-    bench.type(QStringLiteral("c")); // in place of a selection that holds the chip
+    bench.type(QStringLiteral("c")); // replaces a selection that contains the chip
     QCOMPARE(bench.now(), QStringLiteral("c"));
     QVERIFY(!TemplateEditorChip::isChip(bench.text()->currentCharFormat()));
 }
@@ -118,7 +118,8 @@ void TemplateEditorChips_test::aChipIsDraggedToAnotherPlace()
     cursor.setPosition(3);
     cursor.setPosition(4, QTextCursor::KeepAnchor);
     bench.text()->setTextCursor(cursor);
-    // What the text sees of a drag; taking the chip away from its old place belongs to the drag, which needs a desktop.
+    // The part of a drag that the text sees; removing the chip from its old place belongs to the drag,
+    // which needs a desktop.
     QMimeData data;
     data.setHtml(chip);
     const QPoint target = bench.text()->cursorRect(QTextCursor(bench.text()->document())).center();

@@ -39,7 +39,8 @@ const std::string& label(const Properties& properties)
     return none;
 }
 
-/// What a reader sees, letter by letter, with the looks; chips by their labels. Line ends at the end are not seen.
+/// The visible text, letter by letter, with the looks; chips by their labels. Line ends at the end are
+/// invisible.
 QStringList seen(const Text& text)
 {
     QStringList letters;
@@ -77,7 +78,7 @@ QStringList seen(const QString& html)
     return seen(text);
 }
 
-/// An editor beside a plain list of what should stand in it.
+/// An editor and a plain list of its expected content.
 class Pair : public Bench
 {
 public:
@@ -156,7 +157,7 @@ public:
             QCOMPARE(parser.properties(i), chips[i]);
             QCOMPARE(parser.displayText(i), label(chips[i]));
         }
-        // What was written is read and written again without a change.
+        // Written text that is read and written again is unchanged.
         TemplateEditorText again;
         again.setContent(html);
         QCOMPARE(again.content(), html);
@@ -173,7 +174,7 @@ private:
     {
         Atom atom;
         atom.letter = letter;
-        atom.bold = text()->isBold(); // what the buttons show is what typed text gets
+        atom.bold = text()->isBold(); // the buttons show the look of typed text
         atom.struck = text()->isStruckOut();
         return atom;
     }
@@ -303,7 +304,7 @@ private:
                           Qt::LeftButton);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    /// The way back and forth over some steps ends where it began.
+    /// Undoing and redoing some steps ends where it began.
     void undoAndRedo()
     {
         const QString before = now();

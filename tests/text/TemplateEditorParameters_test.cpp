@@ -41,7 +41,7 @@ struct Bench : TemplateEditorBench {
                                {"nameLoc", QString::fromUtf8(name)},
                                {"html", html}});
     }
-    /// Names from the top down as the tree shows them, two blanks in front for each level.
+    /// The shown names from the top down, with two spaces for each level.
     QStringList shown(const QModelIndex& parent = QModelIndex(), const QString& indent = QString())
     {
         QStringList names;
@@ -130,13 +130,13 @@ void TemplateEditorParameters_test::onlyParametersOfTheFilterAreOffered()
     QCOMPARE(bench.shown(),
              QStringList({QStringLiteral("Люди"), QStringLiteral("  ФИО"), QStringLiteral("Срок")}));
     bench.editor.setParameterFilter({});
-    QCOMPARE(bench.shown().size(), 5); // rows without a parameter are offered to nobody
+    QCOMPARE(bench.shown().size(), 5); // rows without a parameter are not offered
 }
 
 void TemplateEditorParameters_test::theBaseParametersAreOffered()
 {
     Bench bench;
-    bench.editor.setTextCodec(QTextCodec::codecForName("UTF-8")); // that of a module without a session
+    bench.editor.setTextCodec(QTextCodec::codecForName("UTF-8")); // the codec of a module without a session
     ParametersBase(nullptr).createBaseParameters(&bench.categories, &bench.parameters, true);
     bench.editor.reloadParameters();
     QVERIFY(bench.find(QStringLiteral("Подстанция")).parent().data().toString() ==
@@ -180,7 +180,7 @@ void TemplateEditorParameters_test::enterInTheSearchInsertsTheFirstMatch()
     QTest::keyClick(bench.search(), Qt::Key_Return);
     QCOMPARE(bench.now(),
              QStringLiteral("до ") + Bench::parameter("datetime", "Срок", {{"format", "hh:mm"}}));
-    QVERIFY(bench.text()->hasFocus()); // the author goes on typing
+    QVERIFY(bench.text()->hasFocus()); // the author can continue typing
     bench.type(QStringLiteral("!"));
     QVERIFY(bench.now().endsWith(QLatin1String("</a>!")));
 }
@@ -237,7 +237,7 @@ void TemplateEditorParameters_test::anInsertedParameterIsPartedFromItsNeighbours
     typeText(bench.search(), QStringLiteral("фио"));
     QTest::keyClick(bench.search(), Qt::Key_Return);
     QCOMPARE(bench.now(), chip + QStringLiteral(" ") + name + QStringLiteral(" ") + chip);
-    bench.type(QStringLiteral(",")); // typing goes on right behind the new one
+    bench.type(QStringLiteral(",")); // typing continues right after the new one
     QCOMPARE(bench.now(), chip + QStringLiteral(" ") + name + QStringLiteral("&#44; ") + chip);
 }
 
@@ -251,7 +251,7 @@ void TemplateEditorParameters_test::aParameterIsDraggedIntoTheText()
     bench.editor.setTemplateText(QStringLiteral("ab") + chip);
     const auto drop = [&bench](const QString& what, int position) {
         QAbstractItemModel* model = bench.tree()->model();
-        QCOMPARE(model->supportedDragActions(), Qt::CopyAction); // a move would take the row out of the tree
+        QCOMPARE(model->supportedDragActions(), Qt::CopyAction); // a move would remove the row from the tree
         const std::unique_ptr<QMimeData> mime(model->mimeData({bench.find(what)}));
         QTextCursor cursor(bench.text()->document());
         cursor.setPosition(position);
@@ -267,7 +267,7 @@ void TemplateEditorParameters_test::aParameterIsDraggedIntoTheText()
     QVERIFY(bench.find(QStringLiteral("ФИО")).flags() & Qt::ItemIsDragEnabled);
     drop(QStringLiteral("ФИО"), 1);
     QCOMPARE(bench.now(), QStringLiteral("a") + name + QStringLiteral("b") + chip);
-    drop(QStringLiteral("ФИО"), 4); // behind the other chip: parted from it
+    drop(QStringLiteral("ФИО"), 4); // after the other chip: separated from it
     QCOMPARE(bench.now(), QStringLiteral("a") + name + QStringLiteral("b") + chip + QLatin1Char(' ') + name);
     bench.press(Qt::Key_Z, Qt::ControlModifier); // one step each
     QCOMPARE(bench.now(), QStringLiteral("a") + name + QStringLiteral("b") + chip);
@@ -316,7 +316,8 @@ void TemplateEditorParameters_test::aReloadKeepsClosedGroupsAndTheCurrentRow()
     QVERIFY(!bench.tree()->isExpanded(bench.find(QStringLiteral("Смена"))));
     QVERIFY(bench.tree()->isExpanded(bench.find(QStringLiteral("Люди"))));
     QCOMPARE(bench.tree()->currentIndex(), bench.find(QStringLiteral("ФИО")));
-    typeText(bench.search(), QStringLiteral("старший")); // a search opens what it finds, and leaves the state
+    // a search expands its results, and restores the state
+    typeText(bench.search(), QStringLiteral("старший"));
     QVERIFY(bench.tree()->isExpanded(bench.find(QStringLiteral("Смена"))));
     bench.search()->clear();
     QVERIFY(!bench.tree()->isExpanded(bench.find(QStringLiteral("Смена"))));
@@ -370,7 +371,7 @@ void TemplateEditorParameters_test::escapeAndDeleteInTheTreeAreNotForTheWindow()
     QTest::keyClick(bench.tree(), Qt::Key_Escape);
     QVERIFY(bench.text()->hasFocus());
     QCOMPARE(dropped.count(), 0);
-    bench.press(Qt::Key_Escape); // in the text the key is the window's
+    bench.press(Qt::Key_Escape); // in the text the key belongs to the window
     QCOMPARE(dropped.count(), 1);
 }
 

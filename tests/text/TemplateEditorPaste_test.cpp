@@ -31,7 +31,7 @@ QString struck(const QString& words)
 
 } // namespace
 
-/// What comes into the editor of templates from outside, and what of it is left out.
+/// Content pasted into the template editor, and what is removed from it.
 class TemplateEditorPaste_test : public QObject
 {
     Q_OBJECT

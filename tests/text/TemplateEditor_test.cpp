@@ -249,7 +249,7 @@ void TemplateEditor_test::boldAndStrikeOutByKeyAndButton()
     QCOMPARE(bench.now(), struck(QStringLiteral("один")) + QStringLiteral(" два три"));
     QTest::mouseClick(bench.child("struckOutButton"), Qt::LeftButton);
     QCOMPARE(bench.now(), QStringLiteral("один два три"));
-    QVERIFY(bench.text()->hasFocus()); // a click leaves the keyboard in the text
+    QVERIFY(bench.text()->hasFocus()); // a click leaves the focus in the text
     bench.press(Qt::Key_End);
     bench.press(Qt::Key_B, Qt::ControlModifier);
     bench.type(QStringLiteral("x"));
@@ -325,7 +325,7 @@ void TemplateEditor_test::theMenuLeadsToTheParameterAndBack()
     opened = menu(QPoint(10, 10));
     opened->findChild<QAction*>(QStringLiteral("edit-redo"))->trigger();
     QCOMPARE(bench.now(), QString());
-    QCOMPARE(bench.changes.count(), 3); // each step was told once
+    QCOMPARE(bench.changes.count(), 3); // each step was signalled once
     QCOMPARE(log.take(), QStringList());
 }
 
@@ -360,7 +360,7 @@ void TemplateEditor_test::thePreviewFollowsTheText()
     bench.editor.setTemplateText(QStringLiteral("Принял ") + Bench::parameter("text", "Кто") +
                                  QStringLiteral(" ") +
                                  Bench::parameter("text", "Зачем", {{"optional", "1"}}));
-    QCOMPARE(bench.preview(), QStringLiteral("Принял Кто * Зачем")); // what has to be filled has a star
+    QCOMPARE(bench.preview(), QStringLiteral("Принял Кто * Зачем")); // a parameter to be filled has a star
     bench.press(Qt::Key_End);
     bench.type(QStringLiteral(" смену"));
     QCOMPARE(bench.preview(), QStringLiteral("Принял Кто * Зачем смену"));
@@ -393,7 +393,7 @@ void TemplateEditor_test::largeFontsAndDarkThemesHold()
     large.setPointSizeF(large.pointSizeF() * 1.5);
     bench.editor.setFont(large);
     QCoreApplication::processEvents();
-    // A chip never is wider than the text; what does not fit is cut in its caption.
+    // A chip is never wider than the text; its caption is truncated.
     QVERIFY(bench.text()->document()->idealWidth() <= bench.text()->viewport()->width());
     auto* undo = bench.child<QToolButton>("undoButton");
     QVERIFY(undo->width() >= undo->fontMetrics().horizontalAdvance(undo->text()));
@@ -414,7 +414,7 @@ void TemplateEditor_test::largeFontsAndDarkThemesHold()
         }
     }
     QVERIFY(light > 160);  // the caption
-    QVERIFY(darkest < 90); // its ground
+    QVERIFY(darkest < 90); // its background
 }
 
 void TemplateEditor_test::narrowEditorShowsAllItsTools()

@@ -165,7 +165,7 @@ void TemplateFiller_test::wordsAroundAValueGoWithIt()
     QCOMPARE(TemplateText::plain(record), QStringLiteral("Готово. Бланк № 7. Конец"));
     QVERIFY(setting.text()->toPlainText().contains(QStringLiteral("Готово. Бланк № 7. Конец")));
 
-    // The record is changed later: the value alone stands in the field, and takes the words along.
+    // The record is changed later: the field contains only the value, and keeps the words around it.
     filler.setTemplate(record);
     QCOMPARE(setting.input<GrowingTextEdit>(0)->toPlainText(), QStringLiteral("7"));
     QCOMPARE(filler.filledTemplate(true), record);
@@ -295,7 +295,7 @@ void TemplateFiller_test::aClickOnAParameterLeadsToItsEditor()
     QCOMPARE(requests.first().at(1).toUInt(), 2u);
     QCOMPARE(QApplication::focusWidget(), setting.input(2));
 
-    // The other way round: the editor in use is marked in the text and scrolled into view.
+    // The other direction: the active editor is highlighted in the text and scrolled into view.
     setting.input(29)->setFocus();
     const QTextCharFormat marked = text->document()->find(QStringLiteral("П29")).charFormat();
     QCOMPARE(marked.background(), text->palette().brush(QPalette::Active, QPalette::Highlight));
@@ -389,7 +389,7 @@ void TemplateFiller_test::keptValuesOutliveTheWidget()
     TestClient client(m_store);
     TestModule module(client);
     const KeptTexts* texts = client.app().keptTexts();
-    /// What the filler shows at first; then the text is typed.
+    /// The initial content of the filler; then the text is typed.
     const auto type = [&](TemplateFiller::Keeps keeps, const QString& text) {
         TemplateFiller filler(&module);
         filler.setModule(&module);
@@ -479,11 +479,11 @@ void TemplateFiller_test::writtenTextsAreOfferedAgain()
     setting.type(QStringLiteral("рем"));
     const QStringList expected{QStringLiteral("ремонт ввода"), QStringLiteral("ремонт линии")};
     QCOMPARE(setting.suggested(), expected);
-    setting.press(Qt::Key_Return); // nothing is marked: Enter leads on
+    setting.press(Qt::Key_Return); // nothing is marked: Enter moves on
     QCOMPARE(QApplication::focusWidget(), setting.input(1));
     QCOMPARE(setting.shown(0), QStringLiteral("рем"));
     setting.press(Qt::Key_Down);
-    QVERIFY(setting.suggested().isEmpty()); // of this label nothing was written
+    QVERIFY(setting.suggested().isEmpty()); // nothing was written for this label
 
     setting.press(Qt::Key_Backtab);
     setting.press(Qt::Key_A, Qt::ControlModifier);
@@ -498,7 +498,7 @@ void TemplateFiller_test::writtenTextsAreOfferedAgain()
     other.filler.setTemplate(html);
     other.filler.setFocus();
     other.press(Qt::Key_Down);
-    QVERIFY(other.suggested().isEmpty()); // each user has his own
+    QVERIFY(other.suggested().isEmpty()); // each user has his own texts
 }
 
 void TemplateFiller_test::valuesMakeTheRoundTripThroughAnyTemplate()
@@ -552,7 +552,7 @@ void TemplateFiller_test::bothThemesAndLargeFontsHoldTheWidgets()
     dark.setColor(QPalette::Text, QColor(0xdf, 0xe1, 0xe5));
     setting.filler.setPalette(dark);
     const QTextCharFormat format = setting.text()->document()->find(QStringLiteral("Место")).charFormat();
-    QVERIFY(format.background().color().lightness() < 128); // the ground follows the theme
+    QVERIFY(format.background().color().lightness() < 128); // the background follows the theme
     QCOMPARE(format.foreground().color(), dark.color(QPalette::Text));
     QFont large = setting.filler.font();
     large.setPointSizeF(large.pointSizeF() * 1.5);

@@ -188,7 +188,7 @@ void TemplateText_test::tenThousandRecordsAreReadInATrice()
         length += TemplateText::plain(html).size();
     const std::clock_t own = std::clock() - begin;
     begin = std::clock();
-    // The peer is the rich-text document of the toolkit, on a fiftieth of the records.
+    // Compared with Qt's rich-text document, on a fiftieth of the records.
     QTextDocument document;
     for (int i = 0; i < 200; ++i) {
         document.setHtml(html);

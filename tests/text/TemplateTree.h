@@ -114,7 +114,7 @@ public:
     QLabel* emptyLabel() { return widget.findChild<QLabel*>(QStringLiteral("emptyLabel")); }
     QString current() { return view()->currentIndex().data().toString(); }
 
-    /// All shown rows, indented by one dot a level.
+    /// All shown rows, indented by one dot for each level.
     QStringList rows(const QModelIndex& parent = QModelIndex(), int depth = 0)
     {
         QStringList result;

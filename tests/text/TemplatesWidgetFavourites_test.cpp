@@ -5,7 +5,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
-/// Templates that are pinned or were used lately stand first in the tree.
+/// Pinned and recently used templates come first in the tree.
 class TemplatesWidgetFavourites_test : public QObject
 {
     Q_OBJECT

@@ -77,7 +77,7 @@ private slots:
         QCOMPARE(tree.current(), QStringLiteral("Команда на производство переключений"));
         QTest::keyClick(tree.search(), Qt::Key_Up);
         QCOMPARE(tree.current(), QStringLiteral("Включение линии"));
-        QCOMPARE(changed.count(), 0); // looked at, not chosen
+        QCOMPARE(changed.count(), 0); // current, not chosen
         QTest::keyClick(tree.search(), Qt::Key_Return);
         QCOMPARE(changed.count(), 1);
         QCOMPARE(activated.count(), 1);

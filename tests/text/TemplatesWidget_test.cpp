@@ -8,7 +8,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
-/// The tree of templates: levels, restrictions, selection, and what becomes of it when the tables change.
+/// The tree of templates: levels, restrictions, selection, and their behaviour when the tables change.
 class TemplatesWidget_test : public QObject
 {
     Q_OBJECT
@@ -243,7 +243,7 @@ private slots:
                     tree.templateRow(name.constData(), key.constData(), ("Шаблон " + name).constData());
                 }
             }
-            // Time of this process: the load of the machine does not count.
+            // Processor time of this process: the load of the machine does not count.
             const std::clock_t begin = std::clock();
             tree.show();
             const QString last = QStringLiteral("CAT%1_7").arg(categories - 1);
