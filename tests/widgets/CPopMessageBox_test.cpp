@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QTest>
 
-/// Asks questions and takes the answers as the rules of answer slots tell.
+/// Asks questions and handles the answers according to the rules of answer slots.
 class Asker : public QWidget
 {
     Q_OBJECT
@@ -79,7 +79,7 @@ private slots:
         QCOMPARE(button(box, "noButton")->text().remove(QLatin1Char('&')), QStringLiteral("Нет"));
     }
 
-    /// Between what the text needs at the width that it has, and what it has.
+    /// Whether the text needs no more height than it has at its width.
     static bool showsItsWholeText(const CPopMessageBox& box)
     {
         const auto* label = box.findChild<QLabel*>(QStringLiteral("textLabel"));
@@ -139,7 +139,7 @@ private slots:
         asker.box.close();
         QVERIFY(asker.null);
         QCOMPARE(asker.roles, QVector<int>{-1});
-        asker.box.close(); // hidden: nothing more to say
+        asker.box.close(); // hidden: it has no message any more
         QCOMPARE(asker.roles.size(), 1);
     }
 

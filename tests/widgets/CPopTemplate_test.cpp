@@ -19,7 +19,7 @@ class CPopTemplate_test : public QObject
     Q_OBJECT
 
 private:
-    /// A window with a field and a button, as a module has them, and a pop-up over it.
+    /// A window with a field and a button, like a module, and a pop-up over it.
     struct Setup {
         Setup() : edit(new QLineEdit), button(new QPushButton), pop(&window, -1)
         {
@@ -89,7 +89,7 @@ private slots:
         s.pop.moveToCenter();
         QVERIFY(screen.contains(s.pop.frameGeometry()));
 
-        // The frame is not known before the window system has put it around the window, and nothing below has one.
+        // The frame is unknown before the window system has added it, and no window below has one.
         QWidget bare(nullptr, Qt::FramelessWindowHint);
         bare.show();
         CPopTemplate late(&bare);
@@ -144,7 +144,7 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&opener));
         opened.show();
         QVERIFY(QTest::qWaitForWindowActive(&opened));
-        s.window.activateWindow(); // as a window manager does after minimising
+        s.window.activateWindow(); // like a window manager after minimising
         QVERIFY(QTest::qWaitForWindowActive(&s.window));
         opened.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&opened));
@@ -213,7 +213,7 @@ private slots:
         QSignalSpy lowered(guard, &PopGuard::lowered);
         s.pop.close();
         QVERIFY(!guard->isUp());
-        QCOMPARE(lowered.count(), 0); // the slot that closed the box may still be at work
+        QCOMPARE(lowered.count(), 0); // the slot that closed the box may still be running
         QCoreApplication::sendPostedEvents();
         QCOMPARE(lowered.count(), 1);
     }

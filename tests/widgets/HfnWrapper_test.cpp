@@ -26,7 +26,7 @@ private:
         }
         table.data.KeyAdd("KeyLink", 0);
     }
-    /// Fields that are not told stay null.
+    /// Fields without a value stay null.
     static void add(CModelTable& table, Fields fields)
     {
         MDRData* record = MDARecNew(table.data.array);

@@ -1,4 +1,4 @@
-// A question box stands over a table while change events arrive.
+// A question box is open over a table while change events arrive.
 
 #include "CPopMessageBox.h"
 #include "PopGuard.h"
@@ -11,7 +11,7 @@
 #include <QTableView>
 #include <QTest>
 
-/// A module with a record table that takes every inserted record in and makes it current, as the journal does, and
+/// A module with a record table that adds every inserted record and makes it current, like the journal, and
 /// asks a question about the current record.
 class QuestionModule : public TestModule
 {
@@ -62,7 +62,7 @@ public:
     QTableView* view;
     VrkTableTool tool;
     CPopMessageBox box;
-    QByteArray answered; ///< key of the record that was current when the answer came
+    QByteArray answered; ///< key of the record that was current at the answer
 
 public slots:
     void answer(QAbstractButton* button)
@@ -165,7 +165,7 @@ private slots:
         QCOMPARE(s.module.currentKey(), QByteArray("OTHER"));
         s.press("noButton");
         QCoreApplication::sendPostedEvents();
-        QCOMPARE(s.module.currentKey(), QByteArray("OTHER")); // and what waited is forgotten
+        QCOMPARE(s.module.currentKey(), QByteArray("OTHER")); // and the pending request is dropped
     }
 
     void aRecordThatLeavesUnderTheQuestionHandsItToNoOther()

@@ -17,7 +17,7 @@ class OrgStructWidget_test : public QObject
     Q_OBJECT
 
 private:
-    /// The tree over the standard store; changes written by colleagues reach it as events.
+    /// The tree on the standard store; colleagues' changes reach it as events.
     struct Setup {
         explicit Setup(int type = OrgStruct::Person) : client(store), module(client)
         {
@@ -58,7 +58,7 @@ private:
                      qPrintable(error.text + error.detail));
             client.deliver();
         }
-        /// What is shown: names with one dot a level, one a line.
+        /// The shown names with one dot for each level, one in a line.
         QString shown() const
         {
             QStringList lines;
@@ -242,12 +242,12 @@ private slots:
         s.widget.show();
         typeText(s.search, QStringLiteral("пе"));
         QVERIFY(s.find(QStringLiteral("Петров Пётр Петрович")).isValid());
-        s.search->setText(QStringLiteral("ПЕТР цдс")); // words of the name and of what is above it
+        s.search->setText(QStringLiteral("ПЕТР цдс")); // words of the name and of the levels above it
         QVERIFY(!s.find(QStringLiteral("Иванов Иван Иванович")).isValid());
         QCOMPARE(s.widget.selectedItem().worker.keyLink, QStringLiteral("WORKER_PETROV"));
         QVERIFY(s.tree->isExpanded(s.find(QStringLiteral("ЦДС"))));
 
-        s.search->setText(QStringLiteral("заречная")); // a department brings its workers
+        s.search->setText(QStringLiteral("заречная")); // a department shows its workers
         QVERIFY(s.shown().contains(QStringLiteral("Смирнов")));
         s.search->setText(QStringLiteral("нет такого"));
         QCOMPARE(s.shown(), QString());
@@ -272,7 +272,7 @@ private slots:
         QCOMPARE(activated.count(), 1);
         QTest::keyClick(s.tree, Qt::Key_Enter);
         QCOMPARE(activated.count(), 2);
-        s.makeCurrent(QStringLiteral("ЦДС")); // of no selectable type
+        s.makeCurrent(QStringLiteral("ЦДС")); // not of a selectable type
         QTest::keyClick(s.tree, Qt::Key_Return);
         QCOMPARE(activated.count(), 2);
     }
@@ -340,7 +340,7 @@ private slots:
                  QStringLiteral("Новая"));
         s.write("Departments", ROW_DELETE, "DEP_NEW");
         QVERIFY(!s.find(QStringLiteral("Новая")).isValid());
-        // A worker without a department is still to be found, at the top.
+        // A worker without a department can still be found, at the top.
         QVERIFY(s.find(QStringLiteral("Петров Пётр Петрович")).isValid());
         QVERIFY(!s.find(QStringLiteral("Петров Пётр Петрович")).parent().isValid());
         s.write("Departments", ROW_INSERT, "DEP_NEW",

@@ -52,7 +52,7 @@ public:
 const QString Colleague = QStringLiteral("Петров Пётр Петрович, ");
 } // namespace
 
-/// Editing records, and what others do to them meanwhile.
+/// Editing records, and changes by others in the meantime.
 class RecordCreatorDialogEdit_test : public QObject
 {
     Q_OBJECT
@@ -247,7 +247,7 @@ private slots:
         store.change({{"html", message("от коллеги")}, {"direction", 2}});
         bench.client.deliver();
         QCOMPARE(bench.shown("text"), QStringLiteral("моё"));
-        QVERIFY(bench.button("toButton")->isChecked()); // not touched here
+        QVERIFY(bench.button("toButton")->isChecked()); // not changed here
         QVERIFY2(bench.notice().startsWith(Colleague), qPrintable(bench.notice()));
         QVERIFY(bench.notice().contains(QStringLiteral("Ваш текст остался в окне")));
         bench.click("saveButton");

@@ -13,7 +13,7 @@
 
 namespace
 {
-/// Files the templates of the demo journal, all of them open to DEP_CDS.
+/// Adds the templates of the demo journal, all available to DEP_CDS.
 void addDemoTemplates(const TestStore& store)
 {
     const std::unique_ptr<Store> loader = store.openLoader();
@@ -43,11 +43,11 @@ void addDemoTemplates(const TestStore& store)
                                   {"nameLoc", demo.name},
                                   {"html", QString::fromStdString(demo.html)}}));
     }
-    // The small journal's own template of this name would be a second one.
+    // The small journal's own template of this name would be a duplicate.
     QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_DELETE, "TPL_ORDER"));
 }
 
-/// A dispatcher at the keyboard: everything goes where the keyboard is, and keys are counted.
+/// A dispatcher at the keyboard: every key goes to the focus, and keys are counted.
 class Keyboard
 {
 public:
@@ -62,14 +62,14 @@ public:
         count += letters.size();
         typeText(QApplication::focusWidget(), letters);
     }
-    /// The words of the record itself: they would have to be written by any means.
+    /// The words of the record itself, which must be typed in any case: not counted.
     void write(const QString& words) { typeText(QApplication::focusWidget(), words); }
 
     int count = 0;
 };
 } // namespace
 
-/// The dialog by keyboard alone.
+/// Using the dialog only by keyboard.
 class RecordCreatorDialogKeys_test : public QObject
 {
     Q_OBJECT
@@ -92,7 +92,7 @@ private slots:
 
         Keyboard keyboard;
         keyboard.find(QStringLiteral("ком пр"));
-        keyboard.press(Qt::Key_Return); // the time of the order is there already
+        keyboard.press(Qt::Key_Return); // the time of the order is filled in already
         for (const char* letters : {"пет", "зар", "о", "пол"}) {
             keyboard.find(QString::fromUtf8(letters));
             keyboard.press(Qt::Key_Return); // takes the first suggestion and goes on
@@ -263,7 +263,7 @@ private slots:
             const char* record;
             const char* focus;
         } cases[] = {{nullptr, "searchEdit"},
-                     {"REC_DRAFT_PETROV", "parameterInput_0"}, // something is missing there
+                     {"REC_DRAFT_PETROV", "parameterInput_0"}, // a value is missing there
                      {"REC_DRAFT_IVANOV", "eventTimeEdit"},    // a text without parameters
                      {"REC_ORDER", "cancelButton"}};
         for (const auto& opened : cases) {

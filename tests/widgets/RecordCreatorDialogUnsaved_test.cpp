@@ -34,7 +34,7 @@ void closeByFrame(QWidget* window)
 {
     QCloseEvent event;
     QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(window, &event); // sendEvent would make it a program's own
+    qApp->notify(window, &event); // sendEvent would make it look like an event of the program
     if (event.isAccepted() && window->isVisible())
         window->hide();
 }
@@ -63,7 +63,7 @@ QStringList filesIn(const QString& folder)
     return files;
 }
 
-/// What a kill at this moment leaves of the folder: the files without their locks.
+/// The folder after a kill at this moment: the files without their locks.
 void copyAsKilled(CreatorBench& bench, const QString& folder, const QString& copy)
 {
     KeptTexts* texts = bench.client.app().keptTexts();
@@ -79,7 +79,7 @@ void copyAsKilled(CreatorBench& bench, const QString& folder, const QString& cop
 }
 } // namespace
 
-/// Unsaved text: questions, failures, retries, closing over the user's head.
+/// Unsaved text: questions, failures, retries, closing by the program.
 class RecordCreatorDialogUnsaved_test : public QObject
 {
     Q_OBJECT
@@ -136,7 +136,7 @@ private slots:
         QVERIFY(!bench.dialog->isVisible());
         QCOMPARE(bench.plan->writes, 0);
         bench.create();
-        QCOMPARE(bench.notice(), QString()); // what was dropped is not offered
+        QCOMPARE(bench.notice(), QString()); // dropped text is not offered
         bench.choose("TPL_ORDER");
         QVERIFY(bench.shown("text") != QStringLiteral("В-110"));
     }
@@ -163,7 +163,7 @@ private slots:
         bench.click("cancelButton");
         QCOMPARE(bench.question(), QStringLiteral("Текст не сохранён и заполнен не полностью."));
         QVERIFY(!bench.button("saveTextButton"));
-        QVERIFY(bench.button("stayButton")->hasFocus()); // Enter loses nothing
+        QVERIFY(bench.button("stayButton")->hasFocus()); // Enter must not lose anything
         QTest::keyClick(bench.button("stayButton"), Qt::Key_Return);
         QVERIFY(bench.dialog->isVisible());
         QCOMPARE(bench.shown("text"), QStringLiteral("В-110"));
@@ -196,7 +196,7 @@ private slots:
         QCOMPARE(next.notice(), QStringLiteral("Восстановлен несохранённый текст"));
         QCOMPARE(next.shown("text"), QStringLiteral("В-110"));
         QVERIFY(next.button("fromButton")->isChecked());
-        next.choose("TPL_TRIP"); // what was typed for other templates comes back with them
+        next.choose("TPL_TRIP"); // texts typed for other templates are restored with them
         QVERIFY(next.filler()->filledTemplate(true).contains(QStringLiteral("другой шаблон")));
         next.click("cancelButton");
         next.click("dropTextButton");
@@ -204,7 +204,7 @@ private slots:
         next.click("saveButton");
         QCOMPARE(recordCount(store), before + 1);
         QVERIFY(next.client.app().keptTexts()->flush());
-        QCOMPARE(filesIn(killed), QStringList()); // written or dropped: gone
+        QCOMPARE(filesIn(killed), QStringList()); // written or dropped: removed
     }
 
     void aRecordThatWasWrittenBeforeTheKillIsNotOffered()
@@ -284,11 +284,11 @@ private slots:
     {
         TestStore store;
         CreatorBench bench(store);
-        bench.module.onEvent = nullptr; // the retry is quicker than the event
+        bench.module.onEvent = nullptr; // the retry comes before the event
         const int before = recordCount(store);
         bench.create();
         fillOrder(bench);
-        bench.plan->lostAnswers = 2; // the session sends once more by itself
+        bench.plan->lostAnswers = 2; // the session sends it a second time
         bench.click("saveButton");
         QVERIFY(bench.dialog->isVisible());
         QVERIFY(!bench.failure().isEmpty());
@@ -298,7 +298,7 @@ private slots:
         bench.click("saveButton");
         QVERIFY(!bench.dialog->isVisible());
         QCOMPARE(recordCount(store), before + 1);
-        QCOMPARE(bench.plan->writes, writes); // the row is there as it should be
+        QCOMPARE(bench.plan->writes, writes); // the row already has the right content
     }
 
     void aRetryWithAnotherTextChangesTheRow()
@@ -447,12 +447,12 @@ private slots:
         bench.create();
         fillOrder(bench, QStringLiteral("Первый"));
         bench.dialog->close();
-        bench.edit("REC_DRAFT_IVANOV"); // an edit is kept beside it
+        bench.edit("REC_DRAFT_IVANOV"); // an edit is kept in addition
         bench.click("toButton");
         bench.dialog->close();
         bench.create(); // the last first
         QVERIFY(bench.button("toButton")->isChecked());
-        bench.choose("TPL_ORDER", {{"text", QStringLiteral("Второй")}}); // which keeps what was shown
+        bench.choose("TPL_ORDER", {{"text", QStringLiteral("Второй")}}); // which keeps the shown text
         bench.dialog->close();
 
         bench.create();
@@ -509,7 +509,7 @@ private slots:
         bench.edit("REC_DRAFT_IVANOV");
         bench.click("toButton");
         bench.dialog->close();
-        bench.edit("REC_DRAFT_PETROV"); // another record is not touched by it
+        bench.edit("REC_DRAFT_PETROV"); // another record is not affected
         QCOMPARE(bench.notice(), QString());
         QVERIFY(bench.button("noDirectionButton")->isChecked());
         bench.click("cancelButton");
@@ -566,7 +566,7 @@ private slots:
         QVERIFY(newestHtml(store).contains(QStringLiteral("В-110")));
         QVERIFY(bench.dialog->isVisible());
         QCOMPARE(bench.dialog->windowTitle(), QStringLiteral("Правка записи"));
-        bench.create(); // nothing unsaved: at once
+        bench.create(); // nothing is unsaved: at once
         QCOMPARE(bench.dialog->windowTitle(), QStringLiteral("Новая запись"));
     }
 

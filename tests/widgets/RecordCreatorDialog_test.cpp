@@ -329,7 +329,7 @@ private slots:
         QVERIFY(!bench.templates()->currentTemplate());
         QVERIFY(bench.button("noDirectionButton")->isChecked());
         QVERIFY(bench.find<QLineEdit>("searchEdit")->hasFocus());
-        bench.client.deliver(); // its own event touches nothing
+        bench.client.deliver(); // its own event changes nothing
         QVERIFY(bench.dialog->isVisible());
         bench.choose("TPL_TEXT");
         bench.click("saveButton");

@@ -51,7 +51,7 @@ public:
     MDRData* row(int position) const { return MDARec(array, 0, position); }
 };
 
-/// Shows times of day, as the journal does.
+/// Shows times of day, like the journal.
 class TimeCell : public AbstractHfnCellConversion
 {
 public:
@@ -68,7 +68,7 @@ public:
     }
 };
 
-/// Answers one role with one value.
+/// Returns one value for one role.
 class FixedCell : public AbstractHfnCellConversion
 {
 public:

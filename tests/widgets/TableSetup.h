@@ -21,7 +21,7 @@ QString longText(int words)
     return QStringLiteral("переключение ").repeated(words);
 }
 
-/// A table set up as a page does it: key, time and text in sight.
+/// A table configured like in a page: key, time and text visible.
 struct Setup {
     Setup() : tester(tool.proxy(), QAbstractItemModelTester::FailureReportingMode::QtTest)
     {
@@ -57,7 +57,7 @@ struct Setup {
         QVERIFY(QTest::qWaitForWindowExposed(&view));
         settle();
     }
-    /// Lets what was gathered happen.
+    /// Runs queued work.
     static void settle() { QCoreApplication::sendPostedEvents(); }
     int column(const QString& field) const { return tool.model()->idxField(field); }
     VrkTableDelegate* delegate() const { return qobject_cast<VrkTableDelegate*>(view.itemDelegate()); }

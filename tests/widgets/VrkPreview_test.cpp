@@ -23,7 +23,7 @@ namespace
 {
 const QSizeF pageSize(12000, 8000); // units of 1/1200 inch
 
-/// A page as it was painted.
+/// A page as painted.
 class Recording : public PaintRecord
 {
 public:
@@ -42,7 +42,7 @@ public:
         record(pages, 0);
     }
 
-    /// All words of the page that are made of this beginning and a number, in their order.
+    /// All words on the page that consist of this prefix and a number, in their order.
     QStringList words(const QString& beginning) const
     {
         QStringList found;
@@ -111,7 +111,7 @@ private:
         QTableView view;
         VrkTableTool tool;
     };
-    /// A page in small.
+    /// A reduced page.
     static QImage page(const VrkPreviewTable& table)
     {
         VrkPreviewPages pages;
@@ -177,7 +177,7 @@ private slots:
         struck.setRoleRedirect(Qt::ForegroundRole, &grey);
         s.tool.model()->setCellConversion(QStringLiteral("html"), &struck);
         const VrkPreviewTable::Cell cell = s.printed().rows[0].cells[2];
-        QCOMPARE(cell.formats.size(), 3); // before, in and behind the bold passage
+        QCOMPARE(cell.formats.size(), 3); // before, in and after the bold passage
         for (const QTextLayout::FormatRange& range : cell.formats) {
             QVERIFY(range.format.fontStrikeOut());
             QCOMPARE(range.format.foreground().color(), QColor(Qt::gray));
@@ -200,7 +200,7 @@ private slots:
                 isGreen |= image.pixelColor(x, y) == QColor(Qt::green);
         QVERIFY(isGreen);
 
-        // A column that has to give way keeps room for them.
+        // A shrinking column keeps space for them.
         for (const char* field : {"KeyLink", "ShiftKey", "WorkerKey", "recordTime", "eventTime"}) {
             s.tool.setColumnVisible(QLatin1String(field), true);
             s.view.horizontalHeader()->resizeSection(s.tool.model()->idxField(QLatin1String(field)), 400);
@@ -246,7 +246,7 @@ private slots:
         };
         QCOMPARE(firstFrame(100).rect.width(), 100 * 1200.0 / s.view.logicalDpiX());
         QCOMPARE(firstFrame(0).rect.width(), 500 * 1200.0 / s.view.logicalDpiX());
-        // On the page the last one reaches the edge, whatever its width in the view.
+        // On the page the last column reaches the edge, for any width in the view.
         QCOMPARE(Recording(VrkPreviewTable::of(&s.view, 100)).right(), pageSize.width());
     }
 
@@ -353,7 +353,7 @@ private slots:
             QCOMPARE(last.lines().contains(QStringLiteral("Утро")),
                      last.lines().contains(QStringLiteral("21 ноября 2026, суббота")));
             if (pages.count() > 2)
-                return; // the break has gone past the day line
+                return; // the break is now after the day line
         }
     }
 
@@ -395,7 +395,7 @@ private slots:
                     last = frame.rect.width();
             QVERIFY(last >= 0.28 * width - 1);
             if (last < 0.29 * width)
-                return; // from here on there is no room for whole words
+                return; // from here on there is no space for whole words
             for (const QString& field : fields)
                 QVERIFY2(page.lines().contains(field), qPrintable(page.lines().join(QLatin1Char('|'))));
         }
@@ -477,7 +477,7 @@ private slots:
             return false;
         };
 
-        cancelAt = 100; // while the rows are laid out: there is no preview then
+        cancelAt = 100; // while the rows are being laid out: then there is no preview
         preview.showDocument();
         QVERIFY(!values.isEmpty());
         QVERIFY(!window()->isVisible());
@@ -505,11 +505,11 @@ private slots:
         const qint64 size = QFileInfo(file).size();
         cancelAt = 2500;
         QVERIFY(!window()->savePdf(file));
-        QCOMPARE(QFileInfo(file).size(), size); // what was there before stays
+        QCOMPARE(QFileInfo(file).size(), size); // the existing file is unchanged
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
         cancelAt = 0;
         window()->findChild<QAction*>(QStringLiteral("portraitAction"))->setChecked(true);
-        QVERIFY(!window()->isVisible()); // a part of the pages would pass for the whole
+        QVERIFY(!window()->isVisible()); // a part of the pages would be mistaken for the whole document
         QVERIFY(!isProgress());
     }
 
@@ -545,13 +545,13 @@ private slots:
             return found && found->isVisible() ? found : nullptr;
         };
 
-        press("pdfAction"); // called off
+        press("pdfAction"); // cancelled
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
         answer = folder.filePath(QStringLiteral("отчет"));
         press("pdfAction");
         QCOMPARE(begins("отчет.pdf"), QByteArray("%PDF-"));
         QVERIFY(!box());
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1); // nothing beside it
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1); // no other file
 
         answer = folder.filePath(QStringLiteral("nowhere/отчет.pdf"));
         press("pdfAction");
@@ -567,7 +567,7 @@ private slots:
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
         box()->close();
 
-        press("printAction"); // called off
+        press("printAction"); // cancelled
         QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("paper.pdf"))));
         isPrinting = true;
         press("printAction");

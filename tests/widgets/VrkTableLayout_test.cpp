@@ -5,7 +5,7 @@
 #include <QHeaderView>
 #include <QScrollBar>
 
-/// The widths of the columns of a record table, at any size of window and font.
+/// The column widths of a record table, for all sizes of window and font.
 class VrkTableLayout_test : public QObject
 {
     Q_OBJECT
@@ -141,7 +141,7 @@ private slots:
         s.tool.adjustColumnsWidth();
         s.view.resize(300, 300);
         s.show();
-        s.view.resize(1500, 1500); // rows shrink, and the last ones come into sight
+        s.view.resize(1500, 1500); // rows shrink, and the last ones become visible
         QTRY_VERIFY(s.view.columnWidth(s.column(object)) > s.view.fontMetrics().horizontalAdvance(word));
     }
 
@@ -168,7 +168,7 @@ private slots:
             const int text = s.view.columnWidth(s.column(html));
             if (column < whole) {
                 ++wrapped;
-                QVERIFY(text < 70 * metrics.averageCharWidth()); // no room lost
+                QVERIFY(text < 70 * metrics.averageCharWidth()); // no space is lost
             }
             QVERIFY(column > whole || column < whole - metrics.horizontalAdvance(QLatin1Char('.')));
         }
@@ -190,7 +190,7 @@ private slots:
             return s.delegate()->naturalWidth(s.tool.proxy()->index(0, s.column(object)), true);
         };
         QVERIFY(longest(QStringLiteral("Ян А. Б.")) > metrics.horizontalAdvance(QStringLiteral("А. Б.")));
-        // A sentence that ends before an initial is no name, and lines that the text ends stay apart.
+        // A sentence before an initial is not a name, and line ends of the text are kept.
         QVERIFY(longest(QStringLiteral("Да. Нет. Да.")) <
                 metrics.horizontalAdvance(QStringLiteral("Да. Нет.")));
         QVERIFY(longest(QStringLiteral("Линия\nПост")) <

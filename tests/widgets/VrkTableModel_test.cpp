@@ -216,7 +216,7 @@ private slots:
 
     void aRowThatDoesNotComeLastResets()
     {
-        // Not what is asked of callers, so the model tester would object to the announcement itself.
+        // Callers must not do this, so the model tester would report the announcement itself.
         RecordTable table;
         table.add("A", 10, QString());
         table.add("C", 30, QString());
@@ -286,7 +286,7 @@ private slots:
         QCOMPARE(resets.count(), 0);
         QVERIFY(s.model.isResetting());
         s.model.endResetModel();
-        s.model.endResetModel(); // one too many does nothing
+        s.model.endResetModel(); // an extra call does nothing
         QCOMPARE(begun.count(), 1);
         QCOMPARE(resets.count(), 1);
         QCOMPARE(s.model.rowCount(), 1);

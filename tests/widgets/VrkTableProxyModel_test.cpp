@@ -189,7 +189,7 @@ private slots:
         auto onlyB = std::make_unique<OnlyB>();
         s.proxy.setFilterRows(onlyB.get());
         QCOMPARE(s.keys(), QStringLiteral("B"));
-        onlyB.reset(); // leaves with its end
+        onlyB.reset(); // removed when it is destroyed
         QCOMPARE(s.keys(), QStringLiteral("A B"));
     }
 

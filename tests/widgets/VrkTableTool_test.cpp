@@ -119,7 +119,7 @@ private slots:
         s.tool.setColumnVisible(QStringLiteral("nothing"), false);
         s.tool.sortByColumn(QStringLiteral("nothing"), Qt::AscendingOrder);
 
-        // A table without fields for a moment, as when an answer could not be had.
+        // A table without fields for a moment, as after a failed request.
         s.tool.model()->beginResetModel();
         MDAClearAll(s.table.array);
         s.tool.model()->endResetModel();
@@ -284,7 +284,7 @@ private slots:
         QVERIFY(s.delegate()->dayLineHeight(0) > 0);
 
         s.append("C", QStringLiteral("18.11.2026 12:00"),
-                 QStringLiteral("день")); // a new first row takes it over
+                 QStringLiteral("день")); // a new first row gets the line
         s.settle();
         QCOMPARE(s.delegate()->dayLine(0), QDate(2026, 11, 18));
         QCOMPARE(s.view.rowHeight(0), s.view.rowHeight(1));
@@ -350,7 +350,7 @@ private slots:
         const qint64 plain = ink(QStringLiteral("отключена"));
         const qint64 bold = ink(QStringLiteral("<b>отключена</b>"));
         QVERIFY(bold > plain * 11 / 10);
-        QVERIFY(bold < plain * 2); // and no tags beside it
+        QVERIFY(bold < plain * 2); // and no tags next to it
     }
 
     void greyAndStruckOutRowsAreSoInTemplateTextToo()
