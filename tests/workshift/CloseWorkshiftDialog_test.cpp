@@ -26,7 +26,7 @@
 #include <QTest>
 #include <QToolButton>
 
-/// Closing the open shift of ЦДС through the journal window, over a real store. The shift holds two drafts.
+/// Closing the open shift of ЦДС through the journal window, on a real store. The shift has two drafts.
 class CloseWorkshiftDialog_test : public QObject
 {
     Q_OBJECT
@@ -130,7 +130,7 @@ void CloseWorkshiftDialog_test::cleanup()
     m_store.reset();
 }
 
-/// Asks for the closing with the tool bar's action and answers the question about drafts.
+/// Requests the closing with the tool bar's action and answers the question about drafts.
 void CloseWorkshiftDialog_test::request(const char* answer)
 {
     m_window->findChild<QAction*>(QStringLiteral("closeWorkshiftAction"))->trigger();
@@ -286,7 +286,7 @@ void CloseWorkshiftDialog_test::anyTimeOfTheEventWillDo()
 void CloseWorkshiftDialog_test::anUnfilledTemplateHoldsTheClosingBack()
 {
     request("Нет");
-    QVERIFY(!closeButton()->isEnabled()); // nothing is filled in by itself
+    QVERIFY(!closeButton()->isEnabled()); // nothing is filled in automatically
     const auto* told = dialog()->findChild<QLabel*>(QStringLiteral("missingLabel"));
     QVERIFY2(told->text().startsWith(QStringLiteral("Не заполнено: ")), qPrintable(told->text()));
     fill();
@@ -348,7 +348,7 @@ void CloseWorkshiftDialog_test::onlyTheCloserIsMarked()
 {
     request("Нет");
     fill();
-    // Corrected meanwhile, which this workstation has not heard yet.
+    // Corrected in the meantime; the event has not arrived at this workstation.
     QVERIFY(TestStore::write(m_store->openLoader().get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
                              {{"endTime", TestStore::now() + 7200}}));
     closeButton()->click();
@@ -369,7 +369,8 @@ void CloseWorkshiftDialog_test::aTemplateWithoutTextIsLogged()
         QWidget* shown =
             opens ? static_cast<QWidget*>(m_window->findChild<OpenWorkshiftDialog*>()) : dialog();
         auto* templates = shown->findChild<TemplatesWidget*>();
-        // A template whose text is gone meanwhile is no longer one of the kind; shown as such, it says so.
+        // A template whose text was removed in the meantime no longer belongs to this kind; if it is shown,
+        // a message says so.
         templates->setTemplateProps({}, false);
         LogWatch log;
         if (opens)

@@ -12,7 +12,7 @@
 #include <QToolButton>
 #include <QTreeView>
 
-/// The crew of the three dialogs of a shift: whom they offer, and what is left of a choice.
+/// The crew in the three shift dialogs: the offered workers, and the effects of a choice.
 class CrewTable_test : public QObject
 {
     Q_OBJECT
@@ -89,7 +89,7 @@ private slots:
         QVERIFY(choice);
         QStringList workers = offered(choice);
         QVERIFY(has(workers, "Сидорова"));
-        QVERIFY(has(workers, "Заречная")); // a department below
+        QVERIFY(has(workers, "Заречная")); // a subordinate department
         QVERIFY(!has(workers, "ОДС"));
         QCOMPARE(choice->widget()->selectionType(), int(OrgStruct::Person));
 
@@ -100,7 +100,7 @@ private slots:
         QVERIFY(!choice->isVisible());
         QCOMPARE(crew->rowCount(), before + 1);
         QCOMPARE(crew->item(before, 0)->data(Qt::UserRole).toString(), wanted.keyLink);
-        // The structure serves others as well: it is whole again.
+        // Other dialogs use the organization tree, too: it is complete again.
         workers = offered(choice);
         QVERIFY(has(workers, "ОДС"));
     }

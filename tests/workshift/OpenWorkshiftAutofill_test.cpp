@@ -8,7 +8,7 @@
 #include <QTest>
 #include <QTreeView>
 
-/// What the dialog of opening fills in by itself, and what it says when it cannot.
+/// What the opening dialog fills in automatically, and its messages if it cannot.
 class OpenWorkshiftAutofill_test : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ private:
     {
         QVERIFY(TestStore::write(store.openLoader().get(), table, ROW_UPDATE, key, fields));
     }
-    /// The department's shift closed, and the template of opening made of these parameters.
+    /// Closes the department's shift and gives the opening template these parameters.
     static void prepare(const TestStore& store, const std::vector<const char*>& parameters)
     {
         change(store, "LogbookWorkshifts", "SHIFT_CDS_OPEN", {{"CloseWorkerKey", "WORKER_IVANOV"}});
@@ -34,7 +34,7 @@ private:
         change(store, "LogbookTemplates", "TPL_OPEN",
                {{"html", QString::fromStdString(parser.readyHtml(true))}});
     }
-    /// Shown texts and keys of the parameters as they would be written: "text|key".
+    /// Shown texts and keys of the parameters in the form to be written: "text|key".
     static QStringList filled(JournalWindow& journal)
     {
         const HtmlParser parser(JournalWindow::filled(journal.opening()).toStdString());
@@ -170,7 +170,7 @@ private slots:
         QCOMPARE(filled(journal), QStringList({QStringLiteral("?|"), QStringLiteral("?|")}));
         QCOMPARE(takeLines(), QStringList());
         const auto* shifts = JournalWindow::childOf<QTableWidget>(journal.opening(), "shiftsTable");
-        QCOMPARE(shifts->rowCount(), 0); // whose timetable it would be is not known
+        QCOMPARE(shifts->rowCount(), 0); // the department of the timetable is unknown
     }
 
     void templatesOfAllLevelsAreOfferedUnderTheirNames()
@@ -206,7 +206,7 @@ private slots:
         QVERIFY(!isThere(QStringLiteral("Команда на производство переключений"))); // opens no shift
     }
 
-    // Times of day that a timetable holds as negative ones: only their time of day counts.
+    // Times of day that are negative in a timetable: only the time of day counts.
     void aNegativeTimeOfDayIsTakenForItself()
     {
         const QDateTime now(QDate(2026, 11, 20), QTime(9, 30));
@@ -220,7 +220,7 @@ private slots:
         QCOMPARE(to, QDateTime(now.date().addDays(1), six));
     }
 
-    // His row has no key, so that he is in the table and in no crew.
+    // His row has no key, so he is in the table but in no crew.
     void aWorkerWithoutANameIsARowWithoutItems()
     {
         const TestStore store;

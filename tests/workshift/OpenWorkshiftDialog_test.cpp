@@ -23,7 +23,7 @@
 #include <QTest>
 #include <QToolButton>
 
-/// Opening a workshift through the dialog, over a real store. The department ОДС has no open shift.
+/// Opening a workshift through the dialog, on a real store. The department ОДС has no open shift.
 class OpenWorkshiftDialog_test : public QObject
 {
     Q_OBJECT
@@ -259,7 +259,7 @@ void OpenWorkshiftDialog_test::aWorkerIsAddedOnce()
     choose("WORKER_PETROV");
     choose("WORKER_IVANOV");
     QCOMPARE(crew()->rowCount(), 2);
-    // A choice that nobody asked for changes nothing.
+    // An unrequested choice changes nothing.
     OrgStruct::SelectedItem item;
     item.worker.keyLink = QStringLiteral("WORKER_SIDOROVA");
     emit m_structure->itemSelected(item);
@@ -354,7 +354,7 @@ void OpenWorkshiftDialog_test::withoutAnEarlierShiftAnyStartWillDo()
     fillAll();
     setStart(QDateTime(QDate(2001, 1, 1), QTime(0, 0)));
     QVERIFY(applyButton()->isEnabled());
-    // The end may not lie before the start.
+    // The end must not be before the start.
     m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(QDate(2000, 1, 1));
     QVERIFY(!applyButton()->isEnabled());
     QCOMPARE(told(), QStringLiteral("Начало смены должно быть раньше конца"));
@@ -375,7 +375,7 @@ void OpenWorkshiftDialog_test::tooLongShiftIsAnnouncedBeforeSaving()
                                         "DepartmentKey='DEP_ODS'"))
                  .toInt(),
              0);
-    // The limit is asked for at each showing.
+    // The limit is read each time the dialog is shown.
     StoreError error;
     QVERIFY(StoreAdmin::setLongestShift(m_store->url(), 45000, &error));
     m_dialog->show();

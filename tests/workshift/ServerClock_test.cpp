@@ -12,7 +12,8 @@
 #include <QTest>
 #include <QTimeEdit>
 
-/// Times that the dialogs begin with and write are those of the server, whose clock is days ahead of the workstation's here.
+/// The initial and written times of the dialogs are those of the server, whose clock is days ahead of the
+/// workstation's here.
 class ServerClock_test : public QObject
 {
     Q_OBJECT

@@ -8,9 +8,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
-/// Each write of opening and closing a shift refused by the database: what stands in the journal afterwards, what the log
-/// says, what the status line gets, and that the text is offered again. The departments are those of the standard journal:
-/// ОДС has no shift yet, that of ЦДС is open and holds two drafts.
+/// Each write of opening and closing a shift, refused by the database: the state of the journal afterwards,
+/// the log lines, the message in the status line, and that the text is offered again. The departments are
+/// those of the standard journal: ОДС has no shift yet, that of ЦДС is open and has two drafts.
 class ShiftFailures_test : public QObject
 {
     Q_OBJECT
@@ -58,7 +58,8 @@ private:
                 QStringLiteral("SELECT CloseWorkerKey FROM LogbookWorkshifts WHERE KeyLink='SHIFT_CDS_OPEN'"))
             .toString();
     }
-    /// Puts a field for a free text at the end of a template: what a dispatcher types there is not filled in by itself.
+    /// Appends a free text parameter to a template: the dispatcher's text there is not filled in
+    /// automatically.
     void addField(const char* key)
     {
         const QString sql = QStringLiteral("SELECT html FROM LogbookTemplates WHERE KeyLink='%1'");
@@ -88,7 +89,7 @@ private:
         JournalWindow::type(m_window->closing(), 1, text());
         m_window->choose(m_window->closing(), "WORKER_PETROV");
     }
-    /// Presses the button and compares what the dialog says: nothing for an empty text.
+    /// Presses the button and compares the dialog's message; an empty text means none.
     void apply(CPopTemplate* dialog, const char* button, const QString& title, const QString& message)
     {
         QSignalSpy error(dialog, SIGNAL(error(QString, QString)));
@@ -97,7 +98,7 @@ private:
         m_window->client().takeFailures();
         QTest::mouseClick(apply, Qt::LeftButton);
         QVERIFY(!dialog->isVisible());
-        QVERIFY(!m_window->box()); // the status line tells it
+        QVERIFY(!m_window->box()); // the status line shows it
         QCOMPARE(error.count(), message.isEmpty() ? 0 : 1);
         if (message.isEmpty())
             return;
@@ -112,8 +113,8 @@ private:
     {
         apply(m_window->closing(), "closeWorkshiftButton", QStringLiteral("Ошибка закрытия смены"), message);
     }
-    /// The dialog's lines, letter for letter but for keys that are new at each run ("<key>") and the second of the
-    /// writing ("<now>"); the session's own lines go with them.
+    /// The dialog's log lines, exactly except for keys that differ in each run ("<key>") and the second of
+    /// writing ("<now>"), and the session's own lines with them.
     void compareLog(const QStringList& expected)
     {
         const QStringList lines = m_log->take(QStringLiteral("WorkshiftDialog"));
@@ -135,7 +136,7 @@ private:
     {
         return QStringLiteral("%1").arg(double(time.toSecsSinceEpoch()), 0, 'g', -1);
     }
-    /// The line of the record about opening or closing; \a separators as each has them.
+    /// The line of the record about opening or closing; \a separators differ between them.
     static QString recordLine(const QString& begin, const QString& shift, const QString& worker,
                               const QString& time, const QString& html, bool isClosing)
     {
@@ -155,7 +156,7 @@ private:
                           QStringLiteral("<key>"), QStringLiteral("WORKER_SMIRNOV_ODS"),
                           QStringLiteral("<now>"), html, false);
     }
-    /// The dialog shows the typed text again, and opens the shift when nothing stands in the way.
+    /// The dialog shows the typed text again, and opens the shift if nothing prevents it.
     void openAgain()
     {
         m_window->deliver();
@@ -228,7 +229,7 @@ private slots:
         openAgain();
     }
 
-    // The compensation is best effort: what it cannot take back stays, and no further line reports it.
+    // The compensation is best effort: rows that it cannot remove stay, and no further line reports it.
     void aShiftThatCannotBeTakenBackStays()
     {
         startOpening();
