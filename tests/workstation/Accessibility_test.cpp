@@ -22,7 +22,7 @@
 #include <QTest>
 #include <QTextEdit>
 
-/// Every window and dialog of the program, walked as one would who sees it badly or has no mouse.
+/// Every window and dialog of the program, checked for users who see badly or have no mouse.
 class Accessibility_test : public QObject
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ private:
                 widget->objectName(), QString::fromLatin1(widget->metaObject()->className())));
         return path.mid(qMax(0, path.size() - 3)).join(QLatin1Char('/'));
     }
-    /// Parts that the toolkit makes for itself; their owners are walked.
+    /// Parts that Qt creates itself; their owners are checked.
     static bool isPart(const QWidget* widget)
     {
         if (widget->objectName().startsWith(QLatin1String("qt_")) || qobject_cast<const QHeaderView*>(widget))
@@ -113,7 +113,7 @@ private:
         }
         return found;
     }
-    /// Goes round by Tab: nobody keeps the keyboard, and all who take it are come to.
+    /// Moves by Tab: no widget keeps the focus, and all that accept it are reached.
     static QStringList notReached(QWidget* window)
     {
         QApplication::setActiveWindow(window);
@@ -127,7 +127,7 @@ private:
         QSet<QWidget*> visited;
         for (int steps = 0; at && steps < 400 && !visited.contains(at); ++steps) {
             visited.insert(at);
-            // In a date Tab goes from day to month to year first.
+            // In a date Tab first moves from day to month to year.
             const int most = qobject_cast<QDateTimeEdit*>(at) ? 8 : 1;
             QWidget* next = at;
             for (int press = 0; press < most && next == at; ++press) {
@@ -141,7 +141,7 @@ private:
         for (QWidget* widget : widgetsOf(window)) {
             const bool isWanted = isControl(widget) && widget->isVisible() && widget->isEnabled() &&
                                   (widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy();
-            // Of radio buttons of one group Tab comes to the one that is on.
+            // In a group of radio buttons Tab reaches the checked one.
             const auto* button = qobject_cast<QAbstractButton*>(widget);
             const bool isOfGroup = button && button->autoExclusive() && !button->isChecked();
             if (isWanted && !isOfGroup && !visited.contains(widget))

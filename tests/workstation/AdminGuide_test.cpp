@@ -13,8 +13,8 @@
 #include <QTextCodec>
 #include <QTreeView>
 
-/// The page docs/admin-guide.ru.md as an administrator follows it: its commands run, its tables are saved as a
-/// spreadsheet saves them, and at its end a shift is opened.
+/// The page docs/admin-guide.ru.md as an administrator follows it: its commands are run, its tables are
+/// saved like by a spreadsheet, and finally a shift is opened.
 class AdminGuide_test : public QObject
 {
     Q_OBJECT
@@ -86,7 +86,7 @@ void AdminGuide_test::thePageLeadsToTheFirstRecord()
         const QString name = block.head.section(QLatin1Char(' '), 1);
         QVERIFY2(block.head.startsWith(QLatin1String("csv ")), qPrintable(block.head));
         QFile table(m_folder.filePath(QStringLiteral("tables/") + name));
-        QVERIFY2(table.exists(), qPrintable(name)); // the page fills forms that the export has made
+        QVERIFY2(table.exists(), qPrintable(name)); // the page fills in forms created by the export
         QVERIFY(table.open(QIODevice::WriteOnly | QIODevice::Truncate));
         table.write(QTextCodec::codecForName("Windows-1251")->fromUnicode(block.text));
         ++tables;

@@ -14,7 +14,7 @@
 
 namespace
 {
-/// Keeps what the tray was told.
+/// Records the calls of the tray.
 class ToldTray : public Tray
 {
 public:
@@ -30,7 +30,7 @@ private:
 };
 } // namespace
 
-/// The user is called back to a module when he is elsewhere.
+/// The user is alerted when a module needs him and he is elsewhere.
 class Alerts_test : public QObject
 {
     Q_OBJECT
@@ -143,7 +143,8 @@ private slots:
         emit tray->clicked();
     }
 
-    /// Through the real journal: a colleague's comment is counted in the status line, and a click there shows it.
+    /// Through the real journal: a colleague's comment is counted in the status line, and a click there
+    /// shows it.
     void theStatusLineCountsUnreadComments()
     {
         HostBench bench;
@@ -159,7 +160,7 @@ private slots:
         QCOMPARE(button->isVisible(), waiting > 0);
         journal->SetUnreadComments(waiting + 2);
         QVERIFY(button->isVisible());
-        // The screen of the tests is small, where the line says it in fewer words.
+        // The screen of the tests is small, so the line uses fewer words.
         QTRY_COMPARE(button->text(), QStringLiteral("Комментарии: %1").arg(waiting + 2));
         journal->resize(1600, 600);
         QTRY_COMPARE(button->text(), QStringLiteral("Непрочитанных комментариев: %1").arg(waiting + 2));

@@ -13,7 +13,7 @@
 #include <QToolButton>
 #include <QTreeView>
 
-/// Leaving the configurator with something unsaved: save, drop, or stay. The real plug-in in the real host.
+/// Closing the configurator with unsaved changes: save, drop, or stay. The real plug-in in the real host.
 class ConfiguratorClosing_test : public QObject
 {
     Q_OBJECT
@@ -131,7 +131,7 @@ private slots:
         KeptTexts* texts = m_host->app()->keptTexts();
         QCOMPARE(texts->held(m_window).size(), 1);
         QVERIFY(texts->flush());
-        // What a kill leaves: the files without their locks.
+        // The state after a kill: the files without their locks.
         const QString kept = m_bench->path(QStringLiteral("vrk-logbook/kept"));
         const QString copy = m_bench->path(QStringLiteral("copy"));
         QCOMPARE(HostBench::run(QStringLiteral("cp"), {QStringLiteral("-r"), kept, copy}), QString());
@@ -150,7 +150,7 @@ private slots:
         QTRY_VERIFY(isThere(QStringLiteral("Сдача дежурства")));
         QVERIFY(m_window->close());
         open(QStringLiteral("Сдача дежурства"));
-        QVERIFY(!page()->findChild<QWidget*>(QStringLiteral("keptNotice"))->isVisible()); // saved: gone
+        QVERIFY(!page()->findChild<QWidget*>(QStringLiteral("keptNotice"))->isVisible()); // saved: removed
     }
 
     void nothingChangedAsksNothing()

@@ -12,8 +12,8 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
-/// What tests of the host stand on: a folder of its own with a demo store that the real vrk-admin has made, and settings
-/// of its own. The shared libraries and the plug-in are those that are built.
+/// The environment of host tests: a folder with a demo store created by the real vrk-admin, and separate
+/// settings. The shared libraries and the plug-in are the built ones.
 struct HostBench {
     HostBench()
     {
@@ -32,7 +32,7 @@ struct HostBench {
         return QStringLiteral("sqlite://") + path(name);
     }
 
-    /// Runs a program to its end; its error output when it fails, else nothing.
+    /// Runs a program to its end; returns its error output if it fails, otherwise an empty text.
     static QString run(const QString& program, const QStringList& arguments)
     {
         QProcess process;
@@ -47,7 +47,7 @@ struct HostBench {
         return run(QCoreApplication::applicationDirPath() + QStringLiteral("/vrk-admin"), arguments);
     }
 
-    /// When a window of class \a name is up: \a act on it. To be called before what shows it.
+    /// Calls \a act when a window of class \a name is shown. Call it before the code that shows the window.
     template <class Window>
     static void whenShown(std::function<void(Window*)> act)
     {
@@ -76,7 +76,7 @@ struct HostBench {
     QTemporaryDir folder{testFolderTemplate()};
 
 private:
-    /// Made once in a process.
+    /// Created once in a process.
     static QString master()
     {
         static const QTemporaryDir made(testFolderTemplate());

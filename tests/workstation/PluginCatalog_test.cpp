@@ -11,7 +11,7 @@
 #include <QTableView>
 #include <QTest>
 
-/// Which plug-ins the host finds, and how their modules lead to one another.
+/// The plug-ins that the host finds, and how their modules open one another.
 class PluginCatalog_test : public QObject
 {
     Q_OBJECT
@@ -58,7 +58,7 @@ private slots:
         const PluginCatalog found = catalog();
         QCOMPARE(names(found), QStringList({QStringLiteral("a"), QStringLiteral("b")}));
         QCOMPARE(found.module(QStringLiteral("a"))->library,
-                 QStringLiteral("libA.so.1")); // the system's loader knows
+                 QStringLiteral("libA.so.1")); // found by the dynamic loader
         QDir(m_folder.path()).mkpath(QStringLiteral("lib"));
         QFile library(m_folder.filePath(QStringLiteral("lib/libB.so.1")));
         QVERIFY(library.open(QIODevice::WriteOnly));
@@ -131,7 +131,7 @@ private slots:
         QVERIFY(journal && journal->isVisible());
         const auto* records = journal->findChild<QTableView*>(QStringLiteral("recordsTable"));
         QCOMPARE(records->currentIndex().siblingAtColumn(12).data().toString(), text);
-        // The next one finds it open.
+        // The next one is already open.
         QTest::keyClick(table, Qt::Key_Down);
         QTest::keyClick(table, Qt::Key_Return);
         QCOMPARE(host.module(QStringLiteral("logbook")), journal);

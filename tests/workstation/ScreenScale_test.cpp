@@ -33,7 +33,7 @@ private slots:
     void eachScreenHasItsOwnFactor()
     {
         QCOMPARE(ScreenScale::setting({{"eDP-1", 1.04}, {"DP=2", 1.56}}), QByteArray("eDP-1=1;DP=2=1.5"));
-        QCOMPARE(ScreenScale::setting({{"eDP-1", 1.04}, {"DP-2", 1}}), QByteArray()); // nothing is enlarged
+        QCOMPARE(ScreenScale::setting({{"eDP-1", 1.04}, {"DP-2", 1}}), QByteArray()); // nothing is scaled
         QCOMPARE(ScreenScale::setting({}), QByteArray());
     }
 
@@ -51,7 +51,7 @@ private slots:
         qputenv("QT_SCREEN_SCALE_FACTORS", "1.3");
         ScreenScale::roundToQuarters(1, arguments);
         ScreenScale::forget();
-        QCOMPARE(qgetenv("QT_SCREEN_SCALE_FACTORS"), QByteArray("1.3")); // the user knows better
+        QCOMPARE(qgetenv("QT_SCREEN_SCALE_FACTORS"), QByteArray("1.3")); // the user's own setting is kept
     }
 };
 

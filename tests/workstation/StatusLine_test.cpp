@@ -20,7 +20,7 @@
 #include <QTest>
 #include <QToolButton>
 
-/// The status line over a real session.
+/// The status line on a real session.
 class StatusLine_test : public QObject
 {
     Q_OBJECT
@@ -173,7 +173,7 @@ void StatusLine_test::withLargeLettersNothingIsCutOff()
                 ->text()
                 .endsWith(QStringLiteral(": 12")));
 
-    // A lost link is told in words whatever the room.
+    // A lost link is always reported in words.
     emit m_app->session()->connectionChanged(false);
     QVERIFY(label("connectionIcon")->toolTip() == QStringLiteral("Нет связи с хранилищем"));
     QApplication::setFont(before);

@@ -12,7 +12,7 @@
 #include <QListWidget>
 #include <QTest>
 
-/// A workstation that is started without a store, over the shared libraries and the real programs.
+/// A workstation started without a store, with the shared libraries and the real programs.
 class StoreDialog_test : public QObject
 {
     Q_OBJECT

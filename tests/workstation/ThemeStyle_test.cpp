@@ -30,8 +30,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-/// What is drawn is held against the ground on which it stands, in the measure of the accessibility guidelines: 3 for
-/// marks and frames, 4.5 for texts.
+/// Painted widgets are compared with their background, according to the accessibility guidelines: contrast
+/// 3 for marks and frames, 4.5 for texts.
 class ThemeStyle_test : public QObject
 {
     Q_OBJECT
@@ -217,7 +217,7 @@ void ThemeStyle_test::theIconOfASelectedRowHasItsOwnBackground()
     const QPoint corner = list.viewport()->pos() + row.topLeft();
     const QRect icon(corner, QSize(24, row.height()));
     const QColor base = QApplication::palette().color(QPalette::Base);
-    // The ground that the icon was drawn for, around the icon inside the selection.
+    // The icon's intended background, around the icon inside the selection.
     int tile = 0;
     int blue = 0;
     for (int y = icon.top(); y <= icon.bottom(); ++y) {
@@ -266,8 +266,7 @@ void ThemeStyle_test::theWidgetWithTheKeyboardIsSeen()
     other->setFocus();
     QTRY_VERIFY(other->hasFocus());
     const QImage without = picture(widget);
-    widget->setFocus(
-        Qt::OtherFocusReason); // not by Tab: a question gives the keyboard to an answer by itself
+    widget->setFocus(Qt::OtherFocusReason); // not by Tab: a question sets the focus to an answer
     QTRY_VERIFY(widget->hasFocus());
     const QImage with = picture(widget);
     const QColor ground = window.palette().color(QPalette::Window);
@@ -381,7 +380,7 @@ void ThemeStyle_test::deletedTextIsLegibleInTheSelection()
     view.resize(300, 200);
     view.show();
     QTest::qWait(0);
-    for (int row = 0; row < 2; ++row) { // the second one on the alternate ground
+    for (int row = 0; row < 2; ++row) { // the second one on the alternate background
         view.setCurrentIndex(view.model()->index(row, 0));
         QTest::qWait(0);
         const QImage image = view.viewport()->grab().toImage();

@@ -10,7 +10,7 @@
 #include <QRegularExpression>
 #include <QTest>
 
-/// The tour plays the night of the story with keys and clicks, and what it leaves is a page and two sound stores.
+/// The tour plays the night of the story with keys and clicks, and produces a page and two valid stores.
 class Tour_test : public QObject
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ private slots:
         QVERIFY(
             !html.contains(QRegularExpression(QStringLiteral("img \\{[^}]*[^-]width:")))); // none is scaled
 
-        // Who handed the shift over, who took it, and who works the next one: in both stores.
+        // Who handed the shift over, who took it over, and who works in the next one: in both stores.
         for (const char* theme : {"light", "dark"}) {
             CVrkCliApp app;
             SignIn signIn;

@@ -14,7 +14,7 @@
 #include <QTextEdit>
 #include <QToolButton>
 
-/// What is typed and not written when the journal is closed or the program ends: the question, and the offer at the next
+/// Unsaved texts when the journal is closed or the program ends: the question, and the offer at the next
 /// start. The real plug-in in the real host.
 class UnwrittenTexts_test : public QObject
 {
@@ -46,7 +46,7 @@ private:
         QVERIFY2(found, button);
         found->click();
     }
-    /// A record that somebody has begun to write.
+    /// A record that the user has started to write.
     void begin()
     {
         press(m_journal, "createButton");
@@ -54,7 +54,7 @@ private:
         filler()->setTemplate(QStringLiteral("Отключён выключатель В-110"));
         QCOMPARE(m_host->app()->keptTexts()->held(m_journal).size(), 1);
     }
-    /// Ends the host as a kill does: what it has on the disk stays as it stood.
+    /// Ends the host like a kill: the files on the disk are unchanged.
     void kill()
     {
         QVERIFY(m_host->app()->keptTexts()->flush());

@@ -14,7 +14,7 @@
 #include <QTest>
 #include <QToolBar>
 
-/// What the host remembers of windows, over real modules and settings of its own.
+/// What the host remembers of windows, with real modules and separate settings.
 class WindowMemory_test : public QObject
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ private:
         QCoreApplication::processEvents();
         return window;
     }
-    /// The configurator, whose panes have room on any screen.
+    /// The configurator, whose panes fit on any screen.
     QSplitter* startWithPanes()
     {
         CVrkCliMod* window = start(QStringLiteral("admin"), QStringLiteral("template"));
@@ -131,7 +131,7 @@ private slots:
         QCOMPARE(window->geometry(), place);
         const int width = table(window)->columnWidth(author(window));
         QVERIFY2(qAbs(width - 123) <= 1, qPrintable(QString::number(width)));
-        // It goes on being the user's: what comes in does not push it aside.
+        // It remains the user's: new content does not change it.
         QVERIFY(table(window)->horizontalHeader()->sectionResizeMode(author(window)) ==
                 QHeaderView::Interactive);
     }
@@ -260,7 +260,7 @@ private slots:
         HostSettings::useOwnPlace();
         QCOMPARE(QCoreApplication::organizationName(), QStringLiteral("vrk"));
         QCOMPARE(QSettings().value(QStringLiteral("theme")).toString(), QStringLiteral("dark"));
-        // Once: what is chosen now stays.
+        // Only once: a later choice is kept.
         QSettings().setValue(QStringLiteral("theme"), QStringLiteral("light"));
         HostSettings::useOwnPlace();
         QCOMPARE(QSettings().value(QStringLiteral("theme")).toString(), QStringLiteral("light"));

@@ -30,7 +30,7 @@ const char* const answers = "Диспетчерский центр\n"
                             "\n";
 } // namespace
 
-/// Persons who come in at a server that wants their passwords: over the shared libraries and the real plug-in.
+/// Persons who sign in at a server with passwords: with the shared libraries and the real plug-in.
 class Workstation_password_test : public QObject
 {
     Q_OBJECT
@@ -64,7 +64,7 @@ private:
     {
         return dialog->findChild<QLabel*>(QStringLiteral("noticeLabel"))->text();
     }
-    /// When the dialog is up: \a act on it; a failure closes it, so that the test ends.
+    /// Calls \a act when the dialog is shown; a failure closes it, so that the test ends.
     static void whenAsked(const std::function<void(PasswordDialog*)>& act)
     {
         HostBench::whenShown<PasswordDialog>([act](PasswordDialog* dialog) {
@@ -77,7 +77,7 @@ private:
             }
         });
     }
-    /// Types where the keyboard is, and presses Return.
+    /// Types into the focus widget, and presses Return.
     static void type(PasswordDialog* dialog, const char* password)
     {
         for (const QChar letter : QString::fromUtf8(password))
@@ -248,7 +248,7 @@ void Workstation_password_test::anAddressWithoutANameAsksForBoth()
         type(dialog, "пароль Беловой");
     });
     QVERIFY(m_host->enter(nameless));
-    // The next time it is known who worked here.
+    // The next time the last user is known.
     whenAsked([](PasswordDialog* dialog) {
         QCOMPARE(dialog->login(), QStringLiteral("belova"));
         type(dialog, "пароль Беловой");
@@ -319,7 +319,7 @@ void Workstation_password_test::theUserIsChangedByItsKeyThePasswordAndReturn()
     QVERIFY(m_host->enter(options(QStringLiteral("orlov"))));
     QVERIFY(m_host->startModule(QStringLiteral("logbook")));
     QVERIFY(isKnown);
-    // The first change has to name the other one, every further one offers whoever worked here before.
+    // The first change must name the other user; later ones preset the user who worked here before.
     const char* const passwords[] = {"пароль Беловой", "пароль Орлова", "пароль Беловой"};
     const char* const names[] = {"Белова", "Орлов", "Белова"};
     for (int i = 0; i < 3; ++i) {
@@ -343,7 +343,7 @@ void Workstation_password_test::passwordsAreWrittenNowhere()
     QVERIFY(m_host->enter(options(QStringLiteral("orlov"))));
     QVERIFY(m_host->startModule(QStringLiteral("logbook")));
     m_cluster->stop();
-    m_cluster->start(); // what the session tells about a lost server is logged
+    m_cluster->start(); // the session's messages about a lost server are logged
     QSettings().sync();
     m_host.reset();
     QDirIterator files(m_bench->folder.path(), QDir::Files, QDirIterator::Subdirectories);

@@ -27,7 +27,8 @@
 #include <QTimer>
 #include <QToolButton>
 
-/// The host over the real libraries and the demo journal: signing in, loading modules, the line of status, closing.
+/// The host with the real libraries and the demo journal: signing in, loading modules, the status line,
+/// closing.
 class Workstation_test : public QObject
 {
     Q_OBJECT
@@ -41,7 +42,7 @@ private:
         options.department = QStringLiteral("ЦДС");
         return options;
     }
-    /// A journal of the demo's dispatcher, at work.
+    /// Opens the journal of the demo's dispatcher.
     void start()
     {
         m_host = std::make_unique<Workstation>();
@@ -232,7 +233,8 @@ private slots:
         QVERIFY(m_journal && m_journal->isVisible());
         QVERIFY(m_journal->isEdit());
 
-        closeAnd(QStringLiteral("Сохранить")); // the journal has nothing to save, and its edit state stays
+        // the journal has nothing to save, and its edit state is unchanged
+        closeAnd(QStringLiteral("Сохранить"));
         QVERIFY(m_journal && m_journal->isVisible());
 
         closeAnd(QStringLiteral("Не сохранять"));
@@ -265,7 +267,7 @@ private slots:
         auto* close = dialog->findChild<QAbstractButton*>(QStringLiteral("closeWorkshiftButton"));
         QVERIFY(close->isEnabled());
 
-        // A colleague closes it meanwhile, and the news have not come yet.
+        // A colleague closes it in the meantime, and the event has not arrived yet.
         CVrkCliApp other;
         SignIn signIn;
         QVERIFY(signIn.open(m_url) && signIn.signIn(QStringLiteral("roshchin")) &&

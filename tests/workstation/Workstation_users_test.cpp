@@ -16,7 +16,7 @@
 #include <QToolButton>
 #include <unistd.h>
 
-/// Who works with the host, and with which modules: over the shared libraries and the real plug-in.
+/// The users of the host and their modules: with the shared libraries and the real plug-in.
 class Workstation_users_test : public QObject
 {
     Q_OBJECT
@@ -155,7 +155,7 @@ void Workstation_users_test::reportsAStoreWithoutPermission()
     const auto entering = [this, &file](int fileRights) {
         QFile::setPermissions(file, QFile::Permissions(fileRights));
         QFile::setPermissions(m_bench->folder.path(), QFile::Permissions(0x5555));
-        QProcess other; // as somebody who is not the administrator of the computer
+        QProcess other; // as a user who is not the administrator of the computer
         other.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--enter"), m_bench->url()});
         const bool hasEnded = other.waitForFinished(30000);
         QFile::setPermissions(m_bench->folder.path(), QFile::Permissions(0x7777));
@@ -164,7 +164,7 @@ void Workstation_users_test::reportsAStoreWithoutPermission()
     const QString text = entering(0);
     QVERIFY2(text.contains(file), qPrintable(text));
     QVERIFY2(text.startsWith(QStringLiteral("Нет доступа к файлу хранилища")), qPrintable(text));
-    QCOMPARE(entering(0x4444), QString()); // it can be viewed
+    QCOMPARE(entering(0x4444), QString()); // it can be opened for reading
 }
 
 void Workstation_users_test::theDialogAsksForUserAndDepartment()
@@ -212,7 +212,7 @@ void Workstation_users_test::aDepartmentOfSeveralIsChosenByTheUser()
         QCOMPARE(departments->currentIndex(), 0);
         QVERIFY(enter->isEnabled());
         QCOMPARE(notice->text(), QString());
-        // The only one needs no choice.
+        // A single login needs no choice.
         logins->setCurrentIndex(logins->findData(QStringLiteral("roshchin")));
         QCOMPARE(departments->currentIndex(), 0);
         QVERIFY(enter->isEnabled());
@@ -379,7 +379,7 @@ void Workstation_users_test::theNextUserIsInByTwoKeys()
     QString offered;
     HostBench::whenShown<SignInDialog>([&](SignInDialog* dialog) {
         offered = dialog->login();
-        QVERIFY(!journal && !editor); // nobody sees the windows of the one who left
+        QVERIFY(!journal && !editor); // the windows of the previous user are closed
         QTest::keyClick(dialog, Qt::Key_Return);
     });
     QTest::keyClick(journal.data(), Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
