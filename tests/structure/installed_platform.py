@@ -20,7 +20,7 @@ PROJECT = """cmake_minimum_required(VERSION 3.25)
 project(EachHeaderAlone LANGUAGES CXX)
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
-# As if rsvg-convert were not installed: a plug-in without its own drawings does not need it.
+# As if rsvg-convert were not there: a plug-in without drawings of its own needs none.
 set(CMAKE_IGNORE_PATH /usr/local/bin /usr/bin /bin)
 find_program(drawing rsvg-convert)
 if(drawing)
