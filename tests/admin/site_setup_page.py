@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Does what docs/site-setup.ru.md tells, block by block, on a server of its own: site_setup_page.py SOURCE BIN."""
+"""Runs the commands of docs/site-setup.ru.md, block by block, on a private server: site_setup_page.py SOURCE BIN."""
 import os
 import pathlib
 import pwd
@@ -103,8 +103,8 @@ def main(folder):
         seats, server = [], start("empty")
         for script in blocks("server"):
             run(script)
-        told = run(blocks("restore")[0])
-        assert all(login in told for login, _ in passwords), "who needs a password is not told"
+        output = run(blocks("restore")[0])
+        assert all(login in output for login, _ in passwords), "the logins that need a password are not listed"
     finally:
         for process in [*seats, server]:
             process.terminate()

@@ -60,8 +60,7 @@ private slots:
         row("to the end of the day", "20.11.2026 19:59", "19.11.2026 20:00", "20.11.2026 21:00");
         row("in the evening it began in the afternoon", "20.11.2026 22:00", "20.11.2026 15:35",
             "21.11.2026 08:00");
-        row("after midnight it lies over midnight", "21.11.2026 00:31", "20.11.2026 18:05",
-            "21.11.2026 08:00");
+        row("after midnight it spans midnight", "21.11.2026 00:31", "20.11.2026 18:05", "21.11.2026 08:00");
     }
     void laysTheStory()
     {

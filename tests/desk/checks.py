@@ -1,4 +1,4 @@
-"""What has to be right after every step, whatever was done."""
+"""The checks after every step of every scene."""
 
 # Qt's own dialogs: their content is not ours.
 NOT_OURS = {"QFileDialog"}
@@ -83,7 +83,7 @@ def focus_problems(tree, windows, screen):
 
 
 def entries(tree, cls):
-    """What a user has put into a window."""
+    """The values that a user has entered in a window."""
     window = tree.shown(cls)
     made = []
     for widget in tree.all if window else []:

@@ -23,7 +23,7 @@ from seat import Failure, Seat
 
 
 class Faults:
-    """What has been found, each once."""
+    """The findings, each once."""
 
     def __init__(self, folder):
         self.folder, self.known = folder, []
@@ -45,7 +45,7 @@ class Faults:
 
 
 class Desk:
-    """Seats over one store, each with a screen of its own, all of it in a folder that goes afterwards."""
+    """Seats that share one store, each with its own screen, in a folder that is removed afterwards."""
 
     def __init__(self, build, letters, faults, options):
         self.build, self.letters, self.faults, self.options = build, letters, faults, options

@@ -1,11 +1,11 @@
-"""What people do at their desks. After every key and click all that stands in checks.py is looked at."""
+"""The actions of people at their desks. After every key and click all checks of checks.py run."""
 import random
 
 LONG_LIST = "Автоматическое отключение линии"
 
 
 def sign_in(seat, login, department):
-    """Through the dialog, with the keyboard alone."""
+    """Through the dialog, only by keyboard."""
     seat.start()
     seat.open("SignInDialog")
     seat.expect_focus("loginCombo")
@@ -133,7 +133,7 @@ def past(desk):
 
 
 def handover(desk):
-    """One more worker comes, the shift is closed, the next one is opened at another desk."""
+    """A worker is added, the shift is closed, the next one is opened at another desk."""
     seat, colleague = start(desk, "ozerov"), start(desk, "gorin")
     for one in (seat, colleague):
         one.open("CVrkLogBook")
@@ -160,7 +160,7 @@ def comment(seat, text):
 
 
 def dialog_with_time(seat, cls, choose):
-    """A small dialog with a date and a time: what is typed there stays."""
+    """A small dialog with a date and a time: typed values are kept."""
     seat.open(cls)
     seat.click(choose, inside=cls)
     seat.click("dateEdit", inside=cls)
@@ -209,7 +209,7 @@ def visa(seat, text):
 
 
 def attach(seat, text):
-    """The list of files, and the question for a file called off."""
+    """The list of files, and a cancelled file dialog."""
     select_record(seat, text)
     seat.click(seat.item("qt_tabwidget_tabbar", "Файлы", inside="additionalTab"))
     seat.click("createFileButton", inside="homeLogbook")
@@ -279,7 +279,7 @@ def shift_info(seat):
 
 
 def choose_worker(seat, dialog, name):
-    """From the structure that a dialog has opened, which has the keyboard again afterwards."""
+    """From the organization tree of a dialog, which gets the focus back afterwards."""
     seat.open("OrgStructDialog")
     seat.type(name)
     seat.endure("OrgStructDialog")
@@ -392,7 +392,7 @@ def converter(desk):
 
 
 def monkey(desk):
-    """Keys, clicks and what a frame offers, in a random order that its number repeats."""
+    """Keys, clicks and actions of a frame, in a random order; the same number repeats it."""
     seed = desk.options.seed
     print(f"   monkey number {seed}", flush=True)
     dice = random.Random(seed)

@@ -32,7 +32,7 @@ def end(process):
 
 
 class Window:
-    """A window that can be seen: the program's own one, and the frame that the window manager has put around it."""
+    """A visible window: that of the program, and the frame that the window manager has added."""
 
     def __init__(self, wid, rect, frame, managed):
         self.wid, self.rect, self.frame, self.managed = wid, rect, frame, managed
@@ -144,14 +144,14 @@ class Screen:
         self.display.sync()
 
     def press(self, combination):
-        """As "Ctrl+Shift+U", "Down"; returns how many keys were let go."""
+        """Such as "Ctrl+Shift+U", "Down"; returns the number of released keys."""
         *modifiers, key = combination.split("+") if combination != "+" else ["plus"]
         key = {"Enter": "Return", "Space": "space"}.get(key, key)
         self.press_key(key.lower() if len(key) == 1 else key, modifiers)
         return len(modifiers) + 1
 
     def type(self, text):
-        """Returns how many keys were let go."""
+        """Returns the number of released keys."""
         keys = 0
         shift_key = self.codes[XK.string_to_keysym("Shift_L")]
         for letter in text:
@@ -215,14 +215,14 @@ class Screen:
         self._ask(wid, "WM_CHANGE_STATE", [3])
 
     def activate(self, wid):
-        """As a click in a panel does; restores, too."""
+        """Like a click in a panel; also restores."""
         self._ask(wid, "_NET_ACTIVE_WINDOW", [2])
 
     def ask_to_close(self, wid):
         self._ask(wid, "_NET_CLOSE_WINDOW", [0, 2])
 
     def place(self, wid, x, y, width, height):
-        """The frame's corner and the size of what is in it; what is None stays."""
+        """The frame's corner and the size of its content; None changes nothing."""
         flags = 1 | 2 << 12  # the corner of the frame, requested like a pager does
         for bit, value in enumerate((x, y, width, height)):
             flags |= (1 << (8 + bit)) if value is not None else 0
@@ -231,7 +231,7 @@ class Screen:
     # -- what can be seen
 
     def focus(self):
-        """The window that has the keyboard."""
+        """The window with the focus."""
         window = self.display.get_input_focus().focus
         return window.id if hasattr(window, "id") else 0
 
@@ -240,7 +240,7 @@ class Screen:
         return found.value[0] if found else 0
 
     def windows(self, base):
-        """What a program (the upper part of its windows' numbers) shows, from the lowest to the topmost."""
+        """The windows of a program (the upper part of their numbers), from the lowest to the topmost."""
         mask = ~self.display.display.info.resource_id_mask
         seen = []
 
@@ -270,7 +270,7 @@ class Screen:
         return wid & ~self.display.display.info.resource_id_mask
 
     def picture(self, rect=None):
-        """Width, height, and the bytes of a part of the screen, four a pixel."""
+        """Width, height, and the bytes of a part of the screen, four for each pixel."""
         x, y, width, height = rect or (0, 0, self.width, self.height)
         right, bottom = min(self.width, x + width), min(self.height, y + height)
         x, y = max(0, x), max(0, y)

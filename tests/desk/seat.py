@@ -1,4 +1,4 @@
-"""One dispatcher at one screen: the unmodified program, what it shows, and the hands that use it."""
+"""One dispatcher at one screen: the unmodified program, its widgets, and the keys and clicks that use it."""
 import json
 import os
 import socket
@@ -35,7 +35,7 @@ class Tree:
             self._add(child, widget, window)
 
     def find(self, name=None, cls=None, text=None, inside=None):
-        """All visible widgets that fit, in the order of the tree; inside: the name or class of a widget around them."""
+        """All matching visible widgets, in the order of the tree; inside: the name or class of a widget around them."""
         return [w for w in self.all if "rect" in w and (name is None or w["name"] == name) and (cls is None or w["class"] == cls)
                 and (text is None or w.get("text") == text) and (inside is None or self.is_inside(w, inside))]
 
@@ -59,7 +59,7 @@ class Tree:
         return self.by_id.get(self.report["focus"])
 
     def focus_path(self):
-        """The names of the widget that has the keyboard and of those around it, the innermost first."""
+        """The names of the widget with the focus and of those around it, the innermost first."""
         names, widget = [], self.focus()
         while widget:
             names.append(widget["name"] or widget["class"])
@@ -145,7 +145,7 @@ class Seat:
         return self.screen.windows(self.screen.base_of(int(known))) if known else []
 
     def calm(self, keys=0, buttons=0, before=None):
-        """Waits until what was pressed has arrived, and until nothing changes any more."""
+        """Waits until all keys and clicks have arrived, and until nothing changes any more."""
         until = time.monotonic() + GIVE_UP
         last = None
         while True:
@@ -161,7 +161,7 @@ class Seat:
             time.sleep(CALM)
 
     def wait(self, condition, what):
-        """Until the condition holds for the tree of widgets; what it returns."""
+        """Waits until the condition is true for the tree of widgets; returns its result."""
         until = time.monotonic() + PATIENCE
         while True:
             tree = self.tree()
@@ -176,7 +176,7 @@ class Seat:
     # -- actions; each checks the windows afterwards
 
     def look(self, step):
-        """Records what is wrong with what can be seen, as soon as it does not go away by itself."""
+        """Records visible errors that do not disappear."""
         self.looks += 1
         until = time.monotonic() + GIVE_UP
         while True:
@@ -208,7 +208,7 @@ class Seat:
         self._done(f"type {text}", self.screen.type(text), 0, before)
 
     def fill(self, *values):
-        """Values for one field after the other; Enter takes a suggestion and goes on. None leaves a field as it is."""
+        """Values for one field after another; Enter takes a suggestion and goes on. None does not change a field."""
         for value in values:
             if value is not None:
                 self.type(value)
@@ -227,7 +227,7 @@ class Seat:
         self._done(f"click {label}", 0, times, before)
 
     def revealed(self, name, **more):
-        """A widget that can be clicked; what has been scrolled away is scrolled back."""
+        """A widget that can be clicked; scrolls to it if needed."""
         widget = self.widget(name, **more)
         while 0 in widget.get("seen", [1])[2:]:
             area = widget["parent"]
@@ -261,7 +261,7 @@ class Seat:
         return self.wait(find, f"{text} in {name}")
 
     def menu(self, *texts):
-        """Chooses one entry after the other of menus that are open."""
+        """Chooses one entry after another of open menus."""
         for text in texts:
             def find(tree):
                 for menu in tree.find():
@@ -275,7 +275,7 @@ class Seat:
             self.click(item)
 
     def open(self, cls):
-        """The window of this class, once it is up and has the keyboard."""
+        """The window of this class, once it is shown and has the focus."""
         window = self.wait(lambda tree: tree.shown(cls), f"window {cls}")
         self.wait(lambda tree: (tree.by_id.get(tree.report["active"]) or {}).get("id") == window["id"], f"{cls} to be active")
         self.look(f"{cls} is open")
@@ -286,7 +286,7 @@ class Seat:
         self.look(f"{cls} is closed")
 
     def expect(self, condition, what):
-        """A fault unless it comes true."""
+        """A fault unless it becomes true."""
         until = time.monotonic() + GIVE_UP
         while True:
             tree = self.tree()
@@ -310,7 +310,7 @@ class Seat:
         self.menu(entry)
 
     def choose(self, name, text, **more):
-        """Walks down a list or a table with the keyboard's arrows until its current row shows this text."""
+        """Moves down in a list or a table with the arrow keys until its current row shows this text."""
         def current(tree):
             for widget in tree.find(name, **more):
                 for item in widget.get("items", []):
@@ -344,7 +344,7 @@ class Seat:
         self._done(f"close {what} by its frame", 0, 0, None)
 
     def endure(self, cls, resizable=True):
-        """Minimises, restores, moves and resizes a window: what was typed stays, all can be seen."""
+        """Minimises, restores, moves and resizes a window: typed text is kept, everything is visible."""
         wid = int(self.frame(cls).wid)
         before = self.calm()
         told = checks.entries(before, cls)

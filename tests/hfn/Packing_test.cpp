@@ -411,9 +411,9 @@ void Packing_test::forgedContentIsRefused_data()
         << "\1" + field("a", mdr_TMemo) + noKeys + one + flags + value + QByteArray("\5\0\0\0abcd", 8);
     QTest::newRow("a text of negative length")
         << "\1" + field("a", mdr_TMemo) + noKeys + one + flags + value + QByteArray("\xff\xff\xff\xff", 4);
-    QTest::newRow("fewer records than told")
+    QTest::newRow("fewer records than stated")
         << "\1" + field("a", mdr_TMemo) + noKeys + QByteArray("\2\0\0\0", 4) + flags + QByteArray(1, 0);
-    QTest::newRow("fewer fields than told") << "\2" + field("a", mdr_TMemo);
+    QTest::newRow("fewer fields than stated") << "\2" + field("a", mdr_TMemo);
     QTest::newRow("nothing") << QByteArray();
 }
 

@@ -1,4 +1,4 @@
-"""Builds one changed source and the tests that link it beside a build tree, which stays as it is."""
+"""Builds one changed source and the tests that link it outside a build tree, which is not changed."""
 import hashlib
 import json
 import os
@@ -22,7 +22,7 @@ def run(command, **options):
 
 
 class Test:
-    """A test as ctest starts it: its program, its environment, how long it takes while nothing is changed."""
+    """A test as ctest starts it: its program, its environment, its duration without changes."""
 
     def __init__(self, name, command, properties):
         values = {one["name"]: one["value"] for one in properties}
@@ -36,7 +36,7 @@ class Test:
         self.limit = values.get("TIMEOUT", 600)
 
     def passes(self, program, environment):
-        """False also for a test that does not end. A change often makes a test wait for what never comes."""
+        """Also false for a test that does not end. A change often makes a test wait forever."""
         command = [str(program), *self.arguments]
         process = subprocess.Popen(command, cwd=self.folder, env={**environment, **self.environment},
                                    stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, start_new_session=True)
@@ -57,7 +57,7 @@ class Test:
             os.killpg(process.pid, signal.SIGKILL)
 
     def measure(self, program, environment):
-        """Sets the limit by a run without a change; whether it passed."""
+        """Sets the limit by a run without a change; returns whether it passed."""
         started = time.monotonic()
         passed = self.passes(program, environment)
         self.limit = min(self.limit, 20 + 10 * (time.monotonic() - started))
@@ -65,7 +65,7 @@ class Test:
 
 
 class Change:
-    """One change of a source: a piece of its text and what stands there instead."""
+    """One change of a source: a piece of its text and the replacement."""
 
     def __init__(self, number, name, source, text, place, old, new, tests):
         self.number, self.name, self.source, self.text, self.place = number, name, source, text, place
@@ -95,8 +95,8 @@ bool vrkIsChanged(int number)
 
 
 def switched(text, changes):
-    """A text that holds all these changes, each behind a question for its number, and the changes that cannot be asked
-    for: those outside of functions. A function is repeated as a whole, so that a change may be any piece of it."""
+    """A text with all these changes, each selected by its number at run time, and the changes that cannot be selected:
+    those outside of functions. A function is repeated as a whole, so that a change may be any piece of it."""
     bodies = [match.span("body") for match in FUNCTION.finditer(text) if "constexpr" not in match[0].split("\n{\n")[0]]
     groups, left = {}, []
     for one in changes:
@@ -113,9 +113,9 @@ def switched(text, changes):
 
 
 class Apart:
-    """Changed copies of sources, each compiled by the command of its original and linked in front of the libraries,
-    which then do not give theirs. What is changed inside of functions is compiled once for all changes of its source,
-    and the variable VRK_CHANGE says which of them a test runs with."""
+    """Changed copies of sources, each compiled by the command of its original and linked before the libraries, whose
+    objects are then not used. Changes inside functions are compiled once for all changes of a source; the variable
+    VRK_CHANGE selects the one for a test."""
 
     def __init__(self, build):
         self.build = pathlib.Path(build)
@@ -145,7 +145,7 @@ class Apart:
             all(self.linker(one) and "bin/libVrk" not in self.linker(one) for one in programs)
 
     def folder(self, name):
-        """Where what has this name is built."""
+        """The place where the target of this name is built."""
         folder = self.work / hashlib.sha1(name.encode()).hexdigest()[:12]
         folder.mkdir(parents=True, exist_ok=True)
         return folder

@@ -1,23 +1,23 @@
 #!/usr/bin/env python3
-"""Asks whether the tests would notice: changes one line of the sources at a time, builds the tests of its room, runs
-them, and lists the changes that no test caught.
+"""Checks whether the tests notice changes: changes one line of the sources at a time, builds the tests of its room,
+runs them, and lists the changes that no test caught.
 
     tests/mutation/mutate.py --count 20 --seed 1 --build-dir build/dev 'platform/hfn/*.cpp' 'plugin/logbook/*.cpp'
     tests/mutation/mutate.py --safeguards tests/mutation/safeguards.txt --build-dir build/dev [NAME...]
 
-The room of a source is its folder; its tests are those that bear the folder's name as their label. A change that does
-not compile is put aside and another one is drawn. Some survivors change nothing that can be seen (a hint of a size, an
-order that does not matter): each has to be judged, by a test that is missing or by a reason why none can be written.
+The room of a source is its folder; its tests have the folder's name as their label. A change that does not compile is
+replaced by another one. Some survivors have no visible effect (a hint of a size, an order that does not matter): each
+needs a decision, either a missing test or a reason why none can be written.
 
-A list of safeguards names the changes itself, each with the tests that must fail without it; its head tells the notation.
-Each of its changes must leave a store that can be made and signed in to, so that a slip in the list does not pass for a
-test that failed; and every one must be caught.
+A list of safeguards contains the changes, each with the tests that must fail with it; its head explains the notation.
+After each change it must still be possible to create a store and sign in, so that an error in the list does not count
+as a failed test; and every change must be caught.
 
     tests/mutation/mutate.py --behaviours tests/mutation/behaviours -j2 --build-dir build/dev [NAME...]
 
-A list of behaviours, or a folder of such lists, is written in the same way: one change for one thing that the program is
-said to do. 95 in 100 must be caught. Changed sources are compiled and linked beside the build tree, each once with all
-its changes, so that several are tried at the same time and nothing has to be restored.
+A list of behaviours, or a folder of such lists, has the same notation: one change for each documented behaviour of the
+program. 95 in 100 must be caught. Changed sources are compiled and linked outside the build tree, each once with all
+its changes, so that several are tested at the same time and nothing has to be restored.
 """
 import argparse
 import concurrent.futures
@@ -63,7 +63,7 @@ NO_STATEMENT = re.compile(r"^\s+(?:return|using|throw|break|continue|case)\b")
 
 
 def masked(line):
-    """The line with the inside of texts and comments blanked, so that nothing is changed there."""
+    """The line with the content of texts and comments blanked, so that nothing is changed there."""
     line = re.sub(r'"(?:[^"\\]|\\.)*"', lambda m: '"' + "_" * (len(m.group()) - 2) + '"', line)
     line = re.sub(r"'(?:[^'\\]|\\.)'", lambda m: "'" + "_" * (len(m.group()) - 2) + "'", line)
     return re.sub(r"//.*", lambda m: " " * len(m.group()), line)
@@ -106,7 +106,7 @@ def known_tests(build, *choice):
 
 
 class Tests:
-    """The tests of one room in a build tree, or those that are named."""
+    """The tests of one room in a build tree, or the named ones."""
 
     def __init__(self, build, room=None):
         self.build = build
@@ -115,7 +115,7 @@ class Tests:
         self.programs = set(re.findall(r"^(\S+): phony$", targets, re.M))
 
     def of(self, path):
-        """Those that bear the name of the source's class; they are asked first, for they know most."""
+        """Those with the name of the source's class; they run first, since they cover most."""
         return [name for name in self.names if name.startswith(path.stem.split("_")[0])]
 
     def make(self, names):
@@ -131,7 +131,7 @@ class Tests:
         return run(command).returncode == 0
 
     def judge(self, path):
-        """None when it does not compile, else whether a test failed."""
+        """None if it does not compile, otherwise whether a test failed."""
         first = self.of(path)
         for names in (first, [name for name in self.names if name not in first]):
             if names and not self.make(names):
@@ -142,20 +142,20 @@ class Tests:
 
 
 class Safeguard:
-    """One change that takes something away on which others rely."""
+    """One change that removes something on which others rely."""
 
     def __init__(self, name, path, old, new, tests):
         self.name, self.path, self.old, self.new, self.tests = name, path, old, new, tests
 
     def canaries(self):
-        """What must still work, so that the change is one and not a ruin."""
+        """The tests that must still pass, so that the change does not break everything."""
         on_server = [name.startswith("Postgres") or name.endswith("_on_postgresql") for name in self.tests]
         return (["Store_login_test"] if not all(on_server) else []) + \
                (["Store_login_test_on_postgresql"] if any(on_server) else [])
 
 
 def refusals(name, path, tests):
-    """Each refusal of a file of rules that never comes, and each column left out where a rule lists those it watches."""
+    """One change for each refusal of a rule file, which removes it, and for each column that a rule lists."""
     text = path.read_text(encoding="utf-8")
 
     def rule_of(match):
@@ -174,11 +174,11 @@ def refusals(name, path, tests):
 
 
 class Stale(Exception):
-    """A list names what is no longer there."""
+    """A list names something that no longer exists."""
 
 
 def place_of(words, source):
-    """Where the piece stands that is changed: once in the file, or first behind the text that "after" names."""
+    """The position of the piece to change: once in the file, or first after the text of "after"."""
     text = source.read_text(encoding="utf-8") if source.exists() else ""
     start = 0
     if "after" in words:
@@ -193,7 +193,7 @@ def place_of(words, source):
 
 
 def blocks(path):
-    """The blocks of a list: the name of each, and its words."""
+    """The blocks of a list: the name and the entries of each."""
     for block in re.split(r"\n\s*\n", path.read_text(encoding="utf-8")):
         lines = [line for line in block.splitlines() if line and not line.startswith("#")]
         if not lines:
@@ -218,7 +218,7 @@ def safeguards(path):
 
 
 def take_away(build, path, names):
-    """Takes each safeguard of the list away; the names of those that no test missed."""
+    """Removes each safeguard of the list; returns the names of those that no test missed."""
     tests = Tests(build)
     chosen = [one for one in safeguards(path) if not names or any(name in one.name for name in names)]
     wanted = sorted({name for one in chosen for name in one.tests + one.canaries()})
@@ -293,7 +293,7 @@ class Behaviours:
         return list(dict.fromkeys(self.apart.tests[name].program for name in change.tests))
 
     def check(self):
-        """Builds the tests that are named and runs them without a change."""
+        """Builds the named tests and runs them without a change."""
         wanted = list(dict.fromkeys(name for change in self.changes for name in change.tests))
         unknown = [name for name in wanted if name not in self.apart.tests]
         if unknown:
@@ -319,7 +319,7 @@ class Behaviours:
         return "SURVIVED"
 
     def judge_alone(self, change):
-        """Builds one change by itself."""
+        """Builds a single change."""
         folder = self.apart.folder(change.name)
         try:
             objects = [self.apart.compile(folder, change.source, change.made())]
@@ -330,7 +330,7 @@ class Behaviours:
             shutil.rmtree(folder, ignore_errors=True)
 
     def judge_in_place(self, change):
-        """For what the programs load from a library or get from a header: the build tree itself is changed."""
+        """For code that the programs load from a library or include from a header: changes the build tree itself."""
         original = change.source.read_bytes()
         try:
             change.source.write_bytes(change.made().encode("utf-8"))
@@ -348,7 +348,7 @@ class Behaviours:
             yield waiting[done], done.result()
 
     def compile(self, changes):
-        """One object a source with all its changes; those that cannot be built in company."""
+        """One object for each source with all its changes; returns those that cannot be built together."""
         sources = {}
         for change in changes:
             sources.setdefault(change.source, []).append(change)
@@ -369,7 +369,7 @@ class Behaviours:
         return objects, alone
 
     def try_together(self, changes):
-        """Judges what can be built in company; the others come back."""
+        """Tests the changes that can be built together; returns the others."""
         folder = self.apart.folder("together")
         objects, alone = self.compile(changes)
         together = [change for change in changes if change not in alone]

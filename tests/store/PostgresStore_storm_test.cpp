@@ -228,8 +228,9 @@ class PostgresStore_storm_test : public QObject
             30000);
         for (const Listener& one : all) {
             if (one.number != end)
-                qWarning("a listener has heard up to %lld of %lld, after %d fresh starts; it stands at %lld",
-                         one.number.load(), end, one.restarts, one.feed->position().number);
+                qWarning(
+                    "a listener has received up to %lld of %lld, after %d restarts; its position is %lld",
+                    one.number.load(), end, one.restarts, one.feed->position().number);
         }
         isEnding = true;
         for (const auto& thread : threads)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Holds every #include of the project against the list of who may include whom.
+"""Compares every #include of the project with the list of allowed includes.
 
 A floor of the platform includes itself and the floors below it; the plug-ins include the platform above the store and
 nothing of each other; the host includes the platform above the store and no header of a plug-in; the admin tool includes hfn,

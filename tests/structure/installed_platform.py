@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Installs a build tree into a folder of its own and builds against nothing but that.
+"""Installs a build tree into a separate folder and builds only against that.
 
 The public headers stand by themselves, also where nothing draws icons: each is compiled alone, and what the plug-ins include of the platform is among them.
 The second plug-in configures, builds and installs with the installed package; the installed workstation then lists its
@@ -138,7 +138,7 @@ def main(source, build):
             if library not in after.get(name, ""):
                 sys.exit(f"{name} does not come from {library}: {after}")
         opens_as_a_window(prefix, environment, f"sqlite://{folder}/demo.sqlite", os.path.realpath(library))
-        print("each header stands alone; the second plug-in was built against the installed platform and opened")
+        print("each header compiles alone; the second plug-in was built against the installed platform and opened")
     finally:
         shutil.rmtree(folder, ignore_errors=True)
 

@@ -254,7 +254,7 @@ QStringList JournalCheck::againstStore(RandomDispatcher& person)
     // A failed request is repeated a little later.
     if (!TestClient::waitUntil([&] { return person.window().window().unreadComments() == unread; },
                                m_loadsFail ? 4000 : 0))
-        faults << QStringLiteral("%1 unread comments are told instead of %2")
+        faults << QStringLiteral("%1 unread comments are reported instead of %2")
                       .arg(person.window().window().unreadComments())
                       .arg(unread);
     for (LogBookWidget* journal : person.journals()) {
