@@ -161,19 +161,15 @@ void LogBookWidget::createSmallDialogs()
     m_report->setWorkersTable(m_location->table(QLatin1String(LogbookTable::Workers)));
 }
 
-/// The entry is never disabled, so that the dialog opens on any record; only its look follows the record. Meant.
+/// Deliberate: the entry is never disabled, so that the dialog opens on any record; only its look follows the record.
 void LogBookWidget::updateSecondMarkAction()
 {
-    if (!isSecondMarkSettable()) {
-        m_secondMarkAction->setIcon(QIcon(QStringLiteral(":/icons/two.png")));
-        m_secondMarkAction->setText(tr("Второй маркер..."));
-        return;
-    }
     const QString path = secondMarkIconPath();
     const QString command = secondMarkCommand();
+    const QString name = command.isEmpty() ? iconPathToName(path) : command;
     const QIcon marker = MarkerIcon::at(path);
     m_secondMarkAction->setIcon(marker.isNull() ? QIcon(QStringLiteral(":/icons/two.png")) : marker);
-    m_secondMarkAction->setText(ShownText::entry(command.isEmpty() ? iconPathToName(path) : command));
+    m_secondMarkAction->setText(name.isEmpty() ? tr("Второй маркер...") : ShownText::entry(name));
 }
 
 void LogBookWidget::createShiftDialogs()

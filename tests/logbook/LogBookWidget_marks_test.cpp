@@ -181,8 +181,9 @@ private slots:
             const char* icon; ///< a path that is not that of a marker is not opened
         };
         const Marker markers[] = {{":/markers/worker_red.png", "Допуск бригады", ":/markers/worker_red.png"},
-                                  {":/icons/star.png", "", ":/icons/two.png"},
-                                  {"/usr/share/pixmaps/debian-logo.png", "", ":/icons/two.png"}};
+                                  {":/icons/star.png", "Второй маркер...", ":/icons/two.png"},
+                                  {"/usr/share/two.png", "Второй маркер...", ":/icons/two.png"},
+                                  {":/markers/unknown.png", "Второй маркер...", ":/markers/unknown.png"}};
         for (const auto& [path, name, icon] : markers) {
             HtmlParser html("Бригада");
             html.setTemplateProperty("second_mark", std::string(path));
