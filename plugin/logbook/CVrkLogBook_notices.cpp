@@ -11,6 +11,7 @@
 #include "NoticeBar.h"
 #include "RecordValue.h"
 #include "ui_CVrkLogBook.h"
+#include "WorkshiftDialog.h"
 
 #include <QAction>
 
@@ -76,6 +77,10 @@ void CVrkLogBook::createLeftTexts()
                        }});
     openers.push_back(byAction(QStringLiteral("values/open_wshift/") + department, m_openWorkshiftAction));
     openers.push_back(byAction(QStringLiteral("values/close_wshift/") + department, m_closeWorkshiftAction));
+    openers.push_back(byAction(WorkshiftDialog::keptPlace(QStringLiteral("open_wshift"), department),
+                               m_openWorkshiftAction));
+    openers.push_back(byAction(WorkshiftDialog::keptPlace(QStringLiteral("close_wshift"), department),
+                               m_closeWorkshiftAction));
     openers.push_back(byAction(AppendWorkerDialog::keptPlace(department), m_appendWorkerAction));
     new LeftTexts(m_app->keptTexts(), bar, std::move(openers), this);
 }

@@ -6,11 +6,10 @@
 #include "GenGuid32.h"
 #include "HfnWrapper.h"
 #include "HtmlParser.h"
-#include "KeptDraft.h"
+#include "KeptChoice.h"
 #include "LogbookFields.h"
 #include "LogbookTables.h"
 #include "LogText.h"
-#include "NoticeBar.h"
 #include "RecordValue.h"
 #include "TemplateText.h"
 #include "ui_AppendWorkerDialog.h"
@@ -20,8 +19,6 @@
 
 namespace
 {
-enum KeptChoice { TakeKept, DropKept };
-
 void reportFailure(const char* table)
 {
     LogText::warn(QStringLiteral("void AppendWorkerDialog::apply()"),
@@ -31,16 +28,15 @@ void reportFailure(const char* table)
 } // namespace
 
 AppendWorkerDialog::AppendWorkerDialog(QWidget* parent, int flag)
-    : CPopTemplate(parent, flag),
-      m_pending(LogbookTable::Workshifts),
-      m_form(new Ui::AppendWorkerDialog),
-      m_keptBar(new NoticeBar(this)),
-      m_unsaved(new KeptDraft(this, KeptTexts::of(this), [this] { return unsaved(); }))
+    : CPopTemplate(parent, flag), m_pending(LogbookTable::Workshifts), m_form(new Ui::AppendWorkerDialog)
 {
     m_form->setupUi(this);
-    m_keptBar->setObjectName(QStringLiteral("keptBar"));
-    m_form->verticalLayout->insertWidget(0, m_keptBar);
-    connect(m_keptBar, &NoticeBar::chosen, this, &AppendWorkerDialog::takeKept);
+    const auto isOver = [this](const KeptTexts::Values& kept) {
+        return kept.value(QStringLiteral("workshift")).toUtf8() != m_workshiftKey;
+    };
+    m_kept = new KeptChoice(
+        this, tr("Не добавлено: %1."),
+        {[this] { return chosen(); }, isOver, [this](const KeptTexts::Values& kept) { choose(kept); }});
     setWindowIcon(QIcon(QStringLiteral(":/icons/info.png")));
     m_form->addButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
     m_form->addButton->setToolTip(tr("Добавить сотрудника"));
@@ -72,10 +68,10 @@ void AppendWorkerDialog::setWorkshiftRecord(MDRData* record)
 void AppendWorkerDialog::setDepartmentKey(const QString& key)
 {
     m_departmentKey = key;
-    m_unsaved->setPlace(keptPlace(key));
+    m_kept->setPlace(keptPlace(key));
 }
 
-KeptTexts::Values AppendWorkerDialog::unsaved() const
+KeptTexts::Values AppendWorkerDialog::chosen() const
 {
     QStringList workers;
     for (int position = 0; position < m_pending.data.RecCount(); ++position)
@@ -89,45 +85,23 @@ KeptTexts::Values AppendWorkerDialog::unsaved() const
             {QStringLiteral("workers"), workers.join(u'\n')}};
 }
 
-void AppendWorkerDialog::offerKept()
+void AppendWorkerDialog::choose(const KeptTexts::Values& kept)
 {
-    m_keptBar->hide();
-    KeptTexts* texts = KeptTexts::of(this);
-    for (const KeptTexts::Text& text : texts->offered(m_unsaved->place())) {
-        if (text.values.value(QStringLiteral("workshift")).toUtf8() != m_workshiftKey)
-            texts->forget(text.id); // of a workshift that is over
-        else
-            m_keptBar->tell(NoticeBar::Question,
-                            tr("Не добавлено: %1.").arg(text.values.value(QStringLiteral("caption"))),
-                            {{TakeKept, tr("Вернуть"), QStringLiteral("takeKeptButton")},
-                             {DropKept, tr("Забыть"), QStringLiteral("dropKeptButton")}});
-    }
-}
-
-void AppendWorkerDialog::takeKept(int choice)
-{
-    m_keptBar->hide();
-    KeptTexts* texts = KeptTexts::of(this);
-    for (const KeptTexts::Text& text : texts->offered(m_unsaved->place())) {
-        texts->forget(text.id);
-        if (choice != TakeKept)
-            continue;
-        for (const QString& worker : text.values.value(QStringLiteral("workers")).split(u'\n'))
-            if (!m_crew->workerKeys().contains(worker))
-                appendWorker(worker);
-    }
+    for (const QString& worker : kept.value(QStringLiteral("workers")).split(u'\n'))
+        if (!m_crew->workerKeys().contains(worker))
+            appendWorker(worker);
 }
 
 void AppendWorkerDialog::hideEvent(QHideEvent* event)
 {
-    m_unsaved->forget(); // given up by the user, or written
+    m_kept->forget(); // given up by the user, or written
     CPopTemplate::hideEvent(event);
 }
 
 void AppendWorkerDialog::showEvent(QShowEvent* event)
 {
     reload();
-    offerKept();
+    m_kept->begin();
     updateApplyEnabled();
     resize(400, 300);
     moveToCenter();
@@ -207,7 +181,7 @@ void AppendWorkerDialog::appendWorker(const QString& workerKey)
     m_form->workersTable->selectRow(m_form->workersTable->rowCount() - 1);
     updateTemplate();
     updateApplyEnabled();
-    m_unsaved->touch();
+    m_kept->touch();
 }
 
 void AppendWorkerDialog::workerLinkClicked(const QString& link)

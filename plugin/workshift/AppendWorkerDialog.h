@@ -8,8 +8,7 @@
 
 class CrewTable;
 class CVrkCliSes;
-class KeptDraft;
-class NoticeBar;
+class KeptChoice;
 class OrgStructDialog;
 namespace Ui
 {
@@ -57,9 +56,8 @@ private:
     void workerLinkClicked(const QString& link);
     void apply();
     void writeRecord();
-    KeptTexts::Values unsaved() const;
-    void offerKept();
-    void takeKept(int choice);
+    KeptTexts::Values chosen() const;
+    void choose(const KeptTexts::Values& kept);
     CVrkCliSes* session() const;
 
     OrgStructDialog* m_orgStructDialog = nullptr;
@@ -73,6 +71,5 @@ private:
     CModelTable m_pending; ///< the rows to be added, of LogbookWorkersWorkshift in spite of its name: meant
     CrewTable* m_crew = nullptr;
     std::unique_ptr<Ui::AppendWorkerDialog> m_form;
-    NoticeBar* m_keptBar;
-    KeptDraft* m_unsaved;
+    KeptChoice* m_kept = nullptr;
 };

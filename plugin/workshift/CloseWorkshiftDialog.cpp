@@ -4,6 +4,7 @@
 #include "CrewTable.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "KeptChoice.h"
 #include "LogbookFields.h"
 #include "LogbookTables.h"
 #include "LogText.h"
@@ -45,6 +46,9 @@ CloseWorkshiftDialog::CloseWorkshiftDialog(QWidget* parent, int flag)
         apply();
         close(); // in every case
     });
+    for (QDateTimeEdit* edit :
+         std::initializer_list<QDateTimeEdit*>{m_form->eventDateEdit, m_form->eventTimeEdit})
+        connect(edit, &QDateTimeEdit::dateTimeChanged, m_kept, &KeptChoice::touch);
     connect(m_templates, &TemplatesWidget::selectionChanged, this, [this] {
         reloadTemplateText(m_templates->currentTemplate(),
                            QStringLiteral("void CloseWorkshiftDialog::reloadTemplateText(MDArrayRec*)"));
@@ -84,6 +88,8 @@ void CloseWorkshiftDialog::showEvent(QShowEvent* event)
     m_templates->reloadTemplates();
     m_templates->selectFirstTemplate();
     updateStateControls();
+    m_proposed = eventTime();
+    m_kept->begin();
     resize(1200, 500);
     moveToCenter();
     WorkshiftDialog::showEvent(event);
@@ -91,9 +97,41 @@ void CloseWorkshiftDialog::showEvent(QShowEvent* event)
 
 void CloseWorkshiftDialog::closeEvent(QCloseEvent* event)
 {
+    WorkshiftDialog::closeEvent(event);
     m_workshiftKey.clear();
     m_approveDraftRecords = false;
-    WorkshiftDialog::closeEvent(event);
+}
+
+QDateTime CloseWorkshiftDialog::eventTime() const
+{
+    return QDateTime(m_form->eventDateEdit->date(), m_form->eventTimeEdit->time());
+}
+
+KeptTexts::Values CloseWorkshiftDialog::chosen() const
+{
+    const QStringList workers = m_crew->workerKeys();
+    const QDateTime time = eventTime();
+    if (workers.isEmpty() && time == m_proposed)
+        return {};
+    KeptTexts::Values values = chosenCrew(workers, time.toString(QStringLiteral("dd.MM.yyyy hh:mm")));
+    values.insert(QStringLiteral("workshift"), QString::fromUtf8(m_workshiftKey));
+    if (time != m_proposed) // otherwise "now" is right at any showing
+        values.insert(QStringLiteral("time"), time.toString(Qt::ISODate));
+    return values;
+}
+
+bool CloseWorkshiftDialog::isOver(const KeptTexts::Values& kept) const
+{
+    return kept.value(QStringLiteral("workshift")).toUtf8() != m_workshiftKey;
+}
+
+void CloseWorkshiftDialog::chooseTimes(const KeptTexts::Values& kept)
+{
+    const QDateTime time = QDateTime::fromString(kept.value(QStringLiteral("time")), Qt::ISODate);
+    if (!time.isValid())
+        return;
+    m_form->eventDateEdit->setDate(time.date());
+    m_form->eventTimeEdit->setTime(time.time());
 }
 
 void CloseWorkshiftDialog::updateStateControls()
@@ -166,8 +204,7 @@ void CloseWorkshiftDialog::apply()
     if (m_approveDraftRecords)
         approveDrafts();
 
-    const double time =
-        DateTime_To_HfnTime(QDateTime(m_form->eventDateEdit->date(), m_form->eventTimeEdit->time()));
+    const double time = DateTime_To_HfnTime(eventTime());
     const QByteArray workshiftKey = m_workshiftKey;
     QStringList values{QLatin1String(LogbookTable::Records)};
     CRowBatch record(LogbookRecordFields, fieldCount(LogbookRecordFields));
@@ -188,6 +225,7 @@ void CloseWorkshiftDialog::apply()
         emit error(title, internalError);
         return;
     }
+    m_kept->forget();
     m_filler->valuesWritten(); // not before: a closing that failed is tried again with the same text
 
     CRowBatch takers(LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields));

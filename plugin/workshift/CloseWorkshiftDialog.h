@@ -3,6 +3,7 @@
 #include "WorkshiftDialog.h"
 
 #include <memory>
+#include <QDateTime>
 
 namespace Ui
 {
@@ -41,10 +42,15 @@ private:
     bool closeWorkshift(const MDRData* workshift, const QByteArray& key) const;
     void clearWorkers() override;
     void updateWorkshiftControls() override;
+    KeptTexts::Values chosen() const override;
+    bool isOver(const KeptTexts::Values& kept) const override;
+    void chooseTimes(const KeptTexts::Values& kept) override;
     void updateStateControls();
+    QDateTime eventTime() const;
     MDRData* currentWorkshift() const;
 
     QByteArray m_workshiftKey;
     bool m_approveDraftRecords = false;
+    QDateTime m_proposed; ///< the time of the event that the dialog began with
     std::unique_ptr<Ui::CloseWorkshiftDialog> m_form;
 };

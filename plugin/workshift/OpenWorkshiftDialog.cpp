@@ -5,6 +5,7 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "Fields.h"
+#include "KeptChoice.h"
 #include "LastWorkshift.h"
 #include "LogbookTables.h"
 #include "RecordValue.h"
@@ -56,6 +57,7 @@ void OpenWorkshiftDialog::createConnections()
              m_form->startDateEdit, m_form->startTimeEdit, m_form->endDateEdit, m_form->endTimeEdit}) {
         connect(edit, &QDateTimeEdit::dateTimeChanged, this, &OpenWorkshiftDialog::changeIntervalTemplate);
         connect(edit, &QDateTimeEdit::dateTimeChanged, this, &OpenWorkshiftDialog::updateStateControls);
+        connect(edit, &QDateTimeEdit::dateTimeChanged, m_kept, &KeptChoice::touch);
     }
     connect(m_templates, &TemplatesWidget::selectionChanged, this, &OpenWorkshiftDialog::templateSelected);
 }
@@ -95,6 +97,8 @@ void OpenWorkshiftDialog::showEvent(QShowEvent* event)
     uploadLastWorkshift();
     updateStateControls();
     updateWorkshiftControls();
+    m_proposed = {start(), end()};
+    m_kept->begin();
     resize(1200, 600);
     moveToCenter();
     WorkshiftDialog::showEvent(event);
@@ -171,10 +175,42 @@ void OpenWorkshiftDialog::changeSelectedShift()
             interval = toCurrentInterval(recordValue(shift, Field::startTime).value.real,
                                          recordValue(shift, Field::endTime).value.real, now);
     }
+    setInterval(interval);
+}
+
+void OpenWorkshiftDialog::setInterval(const std::pair<QDateTime, QDateTime>& interval)
+{
     m_form->startDateEdit->setDate(interval.first.date());
     m_form->startTimeEdit->setTime(interval.first.time());
     m_form->endDateEdit->setDate(interval.second.date());
     m_form->endTimeEdit->setTime(interval.second.time());
+}
+
+KeptTexts::Values OpenWorkshiftDialog::chosen() const
+{
+    QStringList workers = m_crew->workerKeys();
+    workers.removeAll(m_workerKey); // he is always in it
+    const std::pair<QDateTime, QDateTime> interval(start(), end());
+    if (workers.isEmpty() && interval == m_proposed)
+        return {};
+    const QString format = QStringLiteral("dd.MM.yyyy hh:mm");
+    KeptTexts::Values values = chosenCrew(
+        workers, tr("с %1 по %2").arg(interval.first.toString(format), interval.second.toString(format)));
+    values.insert(QStringLiteral("start"), interval.first.toString(Qt::ISODate));
+    values.insert(QStringLiteral("end"), interval.second.toString(Qt::ISODate));
+    return values;
+}
+
+bool OpenWorkshiftDialog::isOver(const KeptTexts::Values& kept) const
+{
+    const QDateTime end = QDateTime::fromString(kept.value(QStringLiteral("end")), Qt::ISODate);
+    return !end.isValid() || end <= module()->session()->HfnTimeToSesTime();
+}
+
+void OpenWorkshiftDialog::chooseTimes(const KeptTexts::Values& kept)
+{
+    setInterval({QDateTime::fromString(kept.value(QStringLiteral("start")), Qt::ISODate),
+                 QDateTime::fromString(kept.value(QStringLiteral("end")), Qt::ISODate)});
 }
 
 void OpenWorkshiftDialog::updateStateControls()

@@ -50,6 +50,10 @@ private:
     void clearWorkers() override;
     void updateWorkshiftControls() override;
     QWidget* wrongField() const override;
+    KeptTexts::Values chosen() const override;
+    bool isOver(const KeptTexts::Values& kept) const override;
+    void chooseTimes(const KeptTexts::Values& kept) override;
+    void setInterval(const std::pair<QDateTime, QDateTime>& interval);
     void updateStateControls();
     void templateSelected();
 
@@ -74,7 +78,8 @@ private:
     QString tooLongText() const;
 
     QString m_organizationKey;
-    QDateTime m_lastWorkshiftEnd; ///< invalid when unknown
-    int m_longestShift = 0;       ///< in seconds; 0 when unknown
+    QDateTime m_lastWorkshiftEnd;               ///< invalid when unknown
+    std::pair<QDateTime, QDateTime> m_proposed; ///< the interval that the dialog began with
+    int m_longestShift = 0;                     ///< in seconds; 0 when unknown
     std::unique_ptr<Ui::OpenWorkshiftDialog> m_form;
 };

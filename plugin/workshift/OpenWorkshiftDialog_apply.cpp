@@ -3,6 +3,7 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "GenGuid32.h"
+#include "KeptChoice.h"
 #include "LogbookFields.h"
 #include "LogbookTables.h"
 #include "LogText.h"
@@ -116,4 +117,5 @@ void OpenWorkshiftDialog::openWorkshift()
         return;
     }
     m_filler->valuesWritten();
+    m_kept->forget();
 }

@@ -5,6 +5,8 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "GenGuid32.h"
+#include "HfnWrapper.h"
+#include "KeptChoice.h"
 #include "LogbookFields.h"
 #include "LogbookTables.h"
 #include "LogText.h"
@@ -55,6 +57,12 @@ void WorkshiftDialog::setUpForm(QTableWidget* crew, TemplatesWidget* templates, 
     m_filler = filler;
     m_filler->setModule(module());
     m_filler->setOrientation(Qt::Vertical);
+    m_kept = new KeptChoice(this, tr("Не записано: %1."),
+                            {[this] { return chosen(); },
+                             [this](const KeptTexts::Values& kept) { return isOver(kept); },
+                             [this](const KeptTexts::Values& kept) { choose(kept); }});
+    connect(crew->model(), &QAbstractItemModel::rowsInserted, m_kept, &KeptChoice::touch);
+    connect(crew->model(), &QAbstractItemModel::rowsRemoved, m_kept, &KeptChoice::touch);
 }
 
 void WorkshiftDialog::setDepartmentKey(const QString& key)
@@ -62,6 +70,7 @@ void WorkshiftDialog::setDepartmentKey(const QString& key)
     m_departmentKey = key;
     m_templates->setRootDepKeyLink(key);
     m_filler->setKept(QStringLiteral("values/%1/%2").arg(m_property, key), windowTitle().toLower());
+    m_kept->setPlace(keptPlace(m_property, key));
 }
 
 void WorkshiftDialog::setOrgTypeKey(const QString& key)
@@ -130,9 +139,34 @@ void WorkshiftDialog::reloadTemplates()
 
 void WorkshiftDialog::closeEvent(QCloseEvent* event)
 {
+    m_kept->leave(); // before the crew goes
     clearWorkers();
     m_templates->clearSelection();
     CPopTemplate::closeEvent(event);
+}
+
+void WorkshiftDialog::hideEvent(QHideEvent* event)
+{
+    m_kept->leave(); // hidden by the journal, not closed
+    CPopTemplate::hideEvent(event);
+}
+
+KeptTexts::Values WorkshiftDialog::chosenCrew(const QStringList& workers, const QString& times) const
+{
+    QStringList words{times};
+    for (const QString& worker : workers)
+        words << HfnWrapper::workerShortName(codec(), table(QLatin1String(LogbookTable::Workers)), worker);
+    return {{QStringLiteral("caption"), windowTitle().toLower() + u' ' + words.join(QStringLiteral(", "))},
+            {QStringLiteral("workers"), workers.join(u'\n')}};
+}
+
+void WorkshiftDialog::choose(const KeptTexts::Values& kept)
+{
+    for (const QString& worker : kept.value(QStringLiteral("workers")).split(u'\n', Qt::SkipEmptyParts))
+        if (!m_crew->contains(worker))
+            m_crew->append(worker);
+    chooseTimes(kept);
+    updateWorkshiftControls();
 }
 
 /// The field in work takes what was typed as its own before the button is pressed, as it does when it is left. What is

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CPopTemplate.h"
+#include "KeptTexts.h"
 #include "MDArray.h"
 
 #include <QMap>
@@ -10,6 +11,7 @@ class CModelTable;
 class CrewTable;
 class CRowBatch;
 class CVrkCliMod;
+class KeptChoice;
 class OrgStructDialog;
 class QPushButton;
 class QTableWidget;
@@ -47,6 +49,12 @@ public:
     void MessageData(TEventNciParse* event);
     void reloadTemplates();
 
+    /// Where times and crew are kept; \a property is that of the templates on offer.
+    static QString keptPlace(const QString& property, const QString& department)
+    {
+        return QStringLiteral("shift/%1/%2").arg(property, department);
+    }
+
 signals:
     /// Nobody listens, which is meant: the log and the host's status line tell of a failure.
     void error(const QString& title, const QString& message);
@@ -60,7 +68,16 @@ protected:
                    const QString& property, QPushButton* apply);
     /// The widget beside the text that has to be put right before the button can be pressed; null when none has.
     virtual QWidget* wrongField() const { return nullptr; }
+    /// The times and the crew that the user has chosen; no values when they are as at the beginning.
+    virtual KeptTexts::Values chosen() const = 0;
+    /// Times and crew that were chosen earlier fit no more.
+    virtual bool isOver(const KeptTexts::Values& kept) const = 0;
+    /// Chooses these times again; the crew has been chosen.
+    virtual void chooseTimes(const KeptTexts::Values& kept) = 0;
+    /// These workers as values of chosen(), with a caption that names the times, too.
+    KeptTexts::Values chosenCrew(const QStringList& workers, const QString& times) const;
     void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     /// Escape closes, as everywhere; what was typed for the template is offered again.
     void keyPressEvent(QKeyEvent* event) override;
     /// What keeps the text from being written, in a sentence; empty when nothing does.
@@ -94,9 +111,11 @@ protected:
     CrewTable* m_crew = nullptr;
     TemplatesWidget* m_templates = nullptr;
     TemplateFiller* m_filler = nullptr;
+    KeptChoice* m_kept = nullptr;
 
 private:
     void setCrewTables();
+    void choose(const KeptTexts::Values& kept);
     void applyByKey();
 
     QTableWidget* m_crewView = nullptr;

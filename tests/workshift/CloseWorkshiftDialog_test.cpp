@@ -3,6 +3,7 @@
 #include "AppendWorkerDialog.h"
 #include "CPopMessageBox.h"
 #include "CVrkLogBook.h"
+#include "KeptTexts.h"
 #include "LogBookWidget.h"
 #include "LogWatch.h"
 #include "OpenWorkshiftDialog.h"
@@ -46,6 +47,7 @@ private slots:
     void anUnfilledTemplateHoldsTheClosingBack();
     void controlEnterGoesToWhatIsMissingOrCloses();
     void aSecondShowingStartsAfresh();
+    void chosenTimeAndTakersAreOfferedAgain();
     void aTakerOverIsAddedOnceAndRemoved();
     void onlyTheCloserIsMarked();
     void aTemplateWithoutTextIsLogged();
@@ -323,6 +325,38 @@ void CloseWorkshiftDialog_test::aSecondShowingStartsAfresh()
     closeButton()->click();
     QCOMPARE(drafts(), 2);
     QCOMPARE(takersInStore(), 0);
+}
+
+void CloseWorkshiftDialog_test::chosenTimeAndTakersAreOfferedAgain()
+{
+    KeptTexts* texts = KeptTexts::of(m_window.get());
+    const QString place =
+        CloseWorkshiftDialog::keptPlace(QStringLiteral("close_wshift"), QStringLiteral("DEP_CDS"));
+    texts->keep(place, {{QStringLiteral("workshift"), QStringLiteral("SHIFT_OTHER")}}); // it is over
+    request("Нет");
+    QVERIFY(texts->offered(place).isEmpty());
+    const auto edit = [this](const char* name) {
+        return dialog()->findChild<QDateTimeEdit*>(QLatin1String(name));
+    };
+    const QDate day = QDate::currentDate().addDays(-3);
+    edit("eventDateEdit")->setDate(day);
+    choose("WORKER_PETROV");
+    fill();
+    QCOMPARE(m_store->refuse(QStringLiteral("INSERT"), QStringLiteral("LogbookRecords")), QString());
+    closeButton()->click();
+    QVERIFY(!dialog()->isVisible());
+    QCOMPARE(texts->offered(place).size(), 1); // nothing was written
+
+    QCOMPARE(m_store->permit(QStringLiteral("INSERT"), QStringLiteral("LogbookRecords")), QString());
+    request("Нет");
+    QCOMPARE(edit("eventDateEdit")->date(), QDate::currentDate());
+    dialog()->findChild<QPushButton*>(QStringLiteral("takeKeptButton"))->click();
+    QCOMPARE(edit("eventDateEdit")->date(), day);
+    QCOMPARE(takers()->rowCount(), 1);
+    fill();
+    closeButton()->click();
+    QCOMPARE(takersInStore(), 1);
+    QVERIFY(texts->offered(place).isEmpty());
 }
 
 void CloseWorkshiftDialog_test::aTakerOverIsAddedOnceAndRemoved()

@@ -1,6 +1,7 @@
 #include "OpenWorkshiftDialog.h"
 
 #include "CVrkLogBook.h"
+#include "KeptTexts.h"
 #include "LocationInfo.h"
 #include "LogBookWidget.h"
 #include "OrgStructDialog.h"
@@ -53,6 +54,8 @@ private slots:
     void escapeClosesIt();
     void controlEnterGoesToWhatIsMissingOrOpens();
     void writesShiftCrewAndRecord();
+    void chosenIntervalAndCrewAreOfferedAgain();
+    void keptIntervalThatIsOverIsForgotten();
     void aNamelessOpenerIsWrittenIntoTheCrew();
     void withoutADepartmentNothingIsOpened();
     void withoutAWorkerNothingIsOpened();
@@ -488,6 +491,76 @@ void OpenWorkshiftDialog_test::writesShiftCrewAndRecord()
     QVERIFY(record[0][5].isNull());
     QVERIFY(record[0][6].isNull());
     QVERIFY(record[0][7].toString().contains(QStringLiteral("open_wshift")));
+}
+
+void OpenWorkshiftDialog_test::chosenIntervalAndCrewAreOfferedAgain()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    KeptTexts* texts = KeptTexts::of(m_dialog);
+    const QString place =
+        OpenWorkshiftDialog::keptPlace(QStringLiteral("open_wshift"), QStringLiteral("DEP_ODS"));
+    const auto heldHere = [&] {
+        KeptTexts::Values values;
+        for (const KeptTexts::Text& text : texts->held(m_dialog))
+            if (text.place == place)
+                values = text.values;
+        return values;
+    };
+    QVERIFY(heldHere().isEmpty()); // as it began
+    const QDateTime from(QDate::currentDate().addDays(1), QTime(6, 30));
+    setStart(from);
+    choose("WORKER_PETROV");
+    QVERIFY(heldHere().value(QStringLiteral("caption")).contains(QStringLiteral("Петров")));
+    QVERIFY(heldHere()
+                .value(QStringLiteral("caption"))
+                .contains(from.toString(QStringLiteral("dd.MM.yyyy hh:mm"))));
+
+    tool("removeWorkerButton")->click();
+    tool("clearWorkersButton")->click();
+    choose("WORKER_PETROV");
+    m_dialog->close();
+    QCOMPARE(texts->offered(place).size(), 1);
+    m_dialog->show();
+    QCOMPARE(crew()->rowCount(), 1); // nothing but an offer
+    m_dialog->findChild<QPushButton*>(QStringLiteral("takeKeptButton"))->click();
+    QCOMPARE(crew()->rowCount(), 2);
+    QCOMPARE(crew()->item(1, 0)->data(Qt::UserRole).toString(), QStringLiteral("WORKER_PETROV"));
+    QVERIFY(texts->offered(place).isEmpty());
+    QVERIFY(!heldHere().isEmpty());
+
+    fillAll();
+    applyButton()->click();
+    QVERIFY(texts->offered(place).isEmpty());
+    QCOMPARE(
+        m_store
+            ->value(QStringLiteral("SELECT startTime FROM LogbookWorkshifts WHERE DepartmentKey='DEP_ODS'"))
+            .toLongLong(),
+        from.toSecsSinceEpoch());
+}
+
+void OpenWorkshiftDialog_test::keptIntervalThatIsOverIsForgotten()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    KeptTexts* texts = KeptTexts::of(m_dialog);
+    const QString place =
+        OpenWorkshiftDialog::keptPlace(QStringLiteral("open_wshift"), QStringLiteral("DEP_ODS"));
+    m_dialog->close();
+    const QDateTime now = QDateTime::currentDateTime();
+    const auto keep = [&](const QDateTime& end) {
+        texts->keep(place, {{QStringLiteral("caption"), QStringLiteral("открытие")},
+                            {QStringLiteral("start"), now.addDays(-1).toString(Qt::ISODate)},
+                            {QStringLiteral("end"), end.toString(Qt::ISODate)}});
+    };
+    keep(now.addSecs(-60));
+    m_dialog->show();
+    QVERIFY(texts->offered(place).isEmpty());
+    QVERIFY(!m_dialog->findChild<QPushButton*>(QStringLiteral("takeKeptButton")));
+    m_dialog->close();
+    keep(now.addSecs(3600));
+    m_dialog->show();
+    QVERIFY(m_dialog->findChild<QPushButton*>(QStringLiteral("takeKeptButton"))->isVisible());
+    m_dialog->findChild<QPushButton*>(QStringLiteral("dropKeptButton"))->click();
+    QVERIFY(texts->offered(place).isEmpty());
 }
 
 void OpenWorkshiftDialog_test::aNamelessOpenerIsWrittenIntoTheCrew()
