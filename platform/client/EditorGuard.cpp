@@ -1,5 +1,7 @@
 #include "EditorGuard.h"
 
+#include "LongWords.h"
+
 #include <algorithm>
 #include <QAbstractSpinBox>
 #include <QCoreApplication>
@@ -50,8 +52,10 @@ void EditorGuard::watch(QObject* editor)
         if (!qobject_cast<QAbstractSpinBox*>(line->parent()))
             connect(line, &QLineEdit::textEdited, this, &EditorGuard::fitLine, Qt::UniqueConnection);
     } else if (auto* text = qobject_cast<QTextEdit*>(editor)) {
+        LongWords::watch(text->document());
         connect(text, &QTextEdit::textChanged, this, &EditorGuard::fitTextEdit, Qt::UniqueConnection);
     } else if (auto* plain = qobject_cast<QPlainTextEdit*>(editor)) {
+        LongWords::watch(plain->document());
         connect(plain, &QPlainTextEdit::textChanged, this, &EditorGuard::fitPlainTextEdit,
                 Qt::UniqueConnection);
     }

@@ -16,6 +16,8 @@ QColor blended(const QColor& base, const QColor& over, qreal part)
                             mix(base.blueF(), over.blueF()));
 }
 
+constexpr int lettersShown = 100000; ///< some fifty pages; more takes seconds to lay out, at every key
+
 const QColor warm(0xe0, 0x8a, 0x00);
 } // namespace
 
@@ -96,10 +98,15 @@ void FillerText::rebuild()
     document()->clear();
     QTextCursor cursor(document());
     cursor.beginEditBlock();
+    int room = lettersShown;
+    const auto insert = [&](const QString& text, const QTextCharFormat& format) {
+        cursor.insertText(text.size() > room ? text.left(room) + QChar(0x2026) : text, format);
+        room = qMax(0, room - text.size());
+    };
     for (const TemplateText::Run& run : qAsConst(m_runs)) {
         QTextCharFormat format = TemplateText::charFormat(run.looks);
         if (run.parameter < 0) {
-            cursor.insertText(run.text, format);
+            insert(run.text, format);
             continue;
         }
         if (run.parameter >= m_positions.size() || m_positions.at(run.parameter) >= 0)
@@ -109,7 +116,7 @@ void FillerText::rebuild()
         format.merge(formatOf(shown.state, run.parameter == m_current));
         format.setAnchorHref(QLatin1Char('#') + QString::number(run.parameter));
         const bool missing = shown.state == ParameterState::Missing;
-        cursor.insertText(missing ? shown.text + QStringLiteral("\u00a0*") : shown.text, format);
+        insert(missing ? shown.text + QStringLiteral("\u00a0*") : shown.text, format);
     }
     cursor.endEditBlock();
     verticalScrollBar()->setValue(scrolled);

@@ -48,8 +48,11 @@ private slots:
     void formatsAndObjectsOfATextAreKept();
     void anEditWithoutUndoIsFitted();
     void theProgramsCharacterIsFittedAtTheNextEdit();
+    void linesOfVeryLongWordsEndAtAnyLetter();
 
 private:
+    template <class Edit>
+    void typeVeryLongWord();
     /// The same interface to all kinds of editors.
     struct Editor {
         QWidget* widget;
@@ -334,6 +337,35 @@ void EditorGuardTest::theProgramsCharacterIsFittedAtTheNextEdit()
     line->end(false);
     paste(line, QStringLiteral("б"));
     QCOMPARE(line->text(), QStringLiteral("-> б"));
+}
+
+/// Only such lines are laid out in a time that does not grow with the square of the word's length.
+template <class Edit>
+void EditorGuardTest::typeVeryLongWord()
+{
+    const auto mode = [](const Edit& edit) { return edit.document()->defaultTextOption().wrapMode(); };
+    const QString word(20000, QLatin1Char('x'));
+    auto* edit = new Edit(window.get());
+    edit->setPlainText(word);
+    edit->show();
+    show(edit);
+    QCOMPARE(mode(*edit), QTextOption::WrapAnywhere);
+    edit->setPlainText(QStringLiteral("word "));
+    QCOMPARE(mode(*edit), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    edit->moveCursor(QTextCursor::End);
+    paste(edit, word);
+    QCOMPARE(mode(*edit), QTextOption::WrapAnywhere);
+    QCOMPARE(edit->toPlainText(), QStringLiteral("word ") + word);
+    edit->undo();
+    QCOMPARE(mode(*edit), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    edit->setPlainText(QStringLiteral("a word ").repeated(2000)); // only words are long, not texts
+    QCOMPARE(mode(*edit), QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+void EditorGuardTest::linesOfVeryLongWordsEndAtAnyLetter()
+{
+    typeVeryLongWord<QTextEdit>();
+    typeVeryLongWord<QPlainTextEdit>();
 }
 
 QTEST_MAIN(EditorGuardTest)
