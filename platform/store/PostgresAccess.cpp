@@ -29,12 +29,15 @@ const char closeScript[] =
     "REVOKE CREATE ON SCHEMA public FROM PUBLIC;\n"
     "END $$";
 
+// Only what a new database gives to everybody: lo_import and lo_export reach the server's files and are nobody's there.
 const char reopenScript[] =
     "DO $$ DECLARE thing text; BEGIN\n"
     "EXECUTE format('REVOKE CONNECT ON DATABASE %1$I FROM vrk_client; '\n"
     "               'GRANT CONNECT, TEMPORARY ON DATABASE %1$I TO PUBLIC', current_database());\n"
     "FOR thing IN SELECT oid::regprocedure FROM pg_proc WHERE pronamespace = 'pg_catalog'::regnamespace\n"
-    "    AND %closed LOOP\n"
+    "    AND %closed AND NOT EXISTS (SELECT 1 FROM pg_init_privs AS I WHERE I.objoid = pg_proc.oid\n"
+    "        AND I.classoid = 'pg_proc'::regclass\n"
+    "        AND NOT EXISTS (SELECT 1 FROM aclexplode(I.initprivs) AS A WHERE A.grantee = 0)) LOOP\n"
     "    EXECUTE format('GRANT EXECUTE ON FUNCTION %s TO PUBLIC', thing); END LOOP;\n"
     "GRANT USAGE ON LANGUAGE plpgsql TO PUBLIC;\n"
     "END $$";

@@ -233,11 +233,12 @@ bool runTool(const char* name, const QStringList& arguments, const QString& url,
     return false;
 }
 
-/// Restores the copy at this program's version, with its own history and the access of a store.
+/// Restores the copy at this program's version, with its own history and the access of a store. The database is closed
+/// before the copy is read, which takes a while, and again afterwards, because the copy brings grants of its own.
 bool putBack(PgConnection& link, const QString& url, const QString& copy, StoreError* error)
 {
     QVector<StoreAdmin::Finding> findings;
-    const bool isThere = PostgresSchema::makeRoles(link, error) &&
+    const bool isThere = PostgresSchema::makeRoles(link, error) && PostgresAccess::close(link, error) &&
                          runTool("pg_restore",
                                  {QStringLiteral("--exit-on-error"), QStringLiteral("--single-transaction"),
                                   QStringLiteral("--dbname=") + url, copy},

@@ -32,6 +32,7 @@ private slots:
 
     void aServerTakesACopyWithItsRoles();
     void aServerTakesNoCopyIntoWhatIsThere();
+    void aFailedRestoreLeavesAccessAsItWas();
     void aDemoOnAServerLetsItsPeopleIn();
     void theDoctorTellsAMissingDatabaseFromADeadServer();
 
@@ -298,6 +299,35 @@ void Restore_test::aServerTakesNoCopyIntoWhatIsThere()
     QVERIFY2(m_admin->err.contains(QStringLiteral("не является копией")), qPrintable(m_admin->err));
     QVERIFY(!Store::open(cluster.url(QStringLiteral("none")), {}, &error));
     QCOMPARE(error.code, StoreError::Missing);
+}
+
+void Restore_test::aFailedRestoreLeavesAccessAsItWas()
+{
+    PrivateCluster& cluster = PrivateCluster::shared();
+    for (const char* name : {"CREATE DATABASE foreigner", "CREATE DATABASE waiting"})
+        QCOMPARE(cluster.exec(QLatin1String(name)), QString());
+    const QString dump = m_admin->path(QStringLiteral("foreigner.dump"));
+    const QStringList arguments{QStringLiteral("--format=custom"), QStringLiteral("--file=") + dump,
+                                QStringLiteral("--dbname=") + cluster.url(QStringLiteral("foreigner"))};
+    QCOMPARE(QProcess::execute(QStringLiteral("pg_dump"), arguments), 0);
+    // The server's answer to a statement that fails is all that exec() hands on.
+    const auto ofAll = [&] {
+        return cluster.exec(
+            QStringLiteral(
+                "DO $$ BEGIN RAISE EXCEPTION '%', (SELECT has_language_privilege('public', 'plpgsql', "
+                "'USAGE')"
+                " || has_database_privilege('public', current_database(), 'CONNECT')::text || string_agg("
+                "oid::regprocedure::text, ' ' ORDER BY oid) FROM pg_proc WHERE "
+                "has_function_privilege('public', "
+                "oid, 'EXECUTE')); END $$"),
+            QStringLiteral("waiting"));
+    };
+    const QString before = ofAll();
+    QVERIFY(before.contains(QStringLiteral("pg_advisory_lock(bigint)")));
+    QVERIFY(!before.contains(QStringLiteral("lo_export"))); // it writes files of the server
+    QCOMPARE(m_admin->run({QStringLiteral("restore"), cluster.url(QStringLiteral("waiting")), dump}),
+             Command::Failed);
+    QCOMPARE(ofAll(), before);
 }
 
 void Restore_test::aDemoOnAServerLetsItsPeopleIn()
