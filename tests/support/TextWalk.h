@@ -24,11 +24,12 @@
 class TextWalk
 {
 public:
-    /// A text that looks like markup, marked with its \a origin; \a file is one that nobody may open.
+    /// A text that looks like markup and turns the direction of what follows, marked with its \a origin; \a file is one
+    /// that nobody may open.
     static QString of(const QString& origin, const QString& file)
     {
         return QStringLiteral("<b>МЕТКА %1;</b> Р&Р <img src=\"%2\"><img src=\"//srv/share/a.png\">"
-                              "<a href=\"javascript:x()\">x</a>")
+                              "<a href=\"javascript:x()\">x</a>\u202e\u200f")
             .arg(origin, file);
     }
 
@@ -112,6 +113,11 @@ private:
             !shown.contains(QStringLiteral("Р")) || shown.contains(QStringLiteral("Р&Р"));
         if (!hasTags || !keepsLetters || shown.contains(QStringLiteral("loads a resource")))
             m_faults.append(QStringLiteral("%1: %2").arg(where, shown.left(200)));
+        // Where the program's own words may follow, they must stay readable.
+        const QByteArray kind(place);
+        if ((kind.startsWith("tip") || kind.startsWith("tab") || kind == "action") &&
+            shown.contains(QChar(0x202e)))
+            m_faults.append(where + QStringLiteral(" turns the words behind it"));
     }
 
     void checkTip(const QWidget* widget, const char* place, const QString& tip)
