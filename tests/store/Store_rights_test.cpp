@@ -274,7 +274,8 @@ private slots:
     {
         for (const char* sql : {"UPDATE LogbookRecords SET html = 'x' WHERE KeyLink = 'REC_ORDER'",
                                 "DELETE FROM LogbookComments", "INSERT INTO Roles (KeyLink) VALUES ('X')",
-                                "UPDATE ChangeLog SET newRow = NULL", "DELETE FROM ChangeTransactions"})
+                                "UPDATE ChangeLog SET newRow = NULL", "DELETE FROM ChangeTransactions",
+                                "UPDATE ChangeTransactions SET login = 'x'"})
             QVERIFY2(!m_files->exec(QString::fromUtf8(sql)).isEmpty(), sql);
         QCOMPARE(m_files->exec(QStringLiteral("DELETE FROM ChangeLog")),
                  QString::fromUtf8("Журнал изменений не изменяется."));
