@@ -9,7 +9,7 @@
 
 class CVrkCliMod;
 class LocationInfo;
-struct MDArray;
+class MDArray;
 struct TEventNciParse;
 
 /// The unread comments on all of the user's own records: counted when the journal starts and updated by
