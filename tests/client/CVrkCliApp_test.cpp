@@ -151,8 +151,7 @@ void CVrkCliAppTest::eventsDuringADeliveryAreDeliveredAfterIt()
         QCOMPARE(module.events.size(), 1);
     };
     log({"A"});
-    client->deliver();
-    QVERIFY(module.waitForEvents(2));
+    QVERIFY(module.waitForEvents(2)); // by the event loop alone
     QCOMPARE(module.takeEvents(), told({"A", "B"}));
 }
 

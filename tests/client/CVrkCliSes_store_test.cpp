@@ -29,6 +29,7 @@ private slots:
     void clientsSeeEachChangeOnceAndInOrder();
     void anEventMarksTheChangedFieldsOfItsRow();
     void anEventOfAWriteInAMessageComesAfterTheDelivery();
+    void anOwnWriteComesBackAtOnce();
     void eventsStartWithTheSession();
     void aBurstOfEventsIsCompleteAndInOrder();
     void theBytesOfAFileAreFetchedByKey();
@@ -252,6 +253,18 @@ void CVrkCliSesStoreTest::anEventOfAWriteInAMessageComesAfterTheDelivery()
     QVERIFY(module.waitForEvents(2));
     QCOMPARE(module.takeEvents(), (QStringList{QStringLiteral("601 LogbookComments C1"),
                                                QStringLiteral("601 LogbookComments C2")}));
+}
+
+void CVrkCliSesStoreTest::anOwnWriteComesBackAtOnce()
+{
+    const TestStore store;
+    TestClient client(store);
+    TestModule module(client);
+    client.deliver();
+    QVERIFY(write(client, ROW_INSERT, "MINE"));
+    for (int i = 0; i < 5; ++i) // no poll of others' writes is due so soon
+        QCoreApplication::processEvents();
+    QCOMPARE(module.takeEvents(), QStringList{QStringLiteral("601 LogbookComments MINE")});
 }
 
 void CVrkCliSesStoreTest::eventsStartWithTheSession()

@@ -51,6 +51,7 @@ private slots:
     void countsWhatWaitsAtTheStart()
     {
         const TestStore store;
+        write(store, QStringLiteral("sidorova"), "REC_OPENING", "COM_ALREADY_READ", TestStore::now());
         QCOMPARE(Desk(store).window.unreadComments(), 2); // COM_UNREAD and COM_PAST
         QCOMPARE(Desk(store, QStringLiteral("petrov")).window.unreadComments(), 0);
     }
@@ -72,6 +73,26 @@ private slots:
         write(store, QStringLiteral("sidorova"), "REC_TRIP", "COM_OTHER");
         // already marked as read
         write(store, QStringLiteral("ivanov"), "REC_MESSAGE", "COM_OWN", TestStore::now());
+        write(store, QStringLiteral("petrov"), "REC_MESSAGE", "COM_READ_AT_ONCE", TestStore::now());
+        QCOMPARE(desk.takeCalls(), QStringList());
+        QCOMPARE(desk.window.unreadComments(), 2);
+        // It is unread again: it counts, but it is not new.
+        QVERIFY(TestStore::write(store.openLoader().get(), "LogbookComments", ROW_UPDATE, "COM_READ_AT_ONCE",
+                                 {{"readedTime", QVariant()}}));
+        QCOMPARE(desk.takeCalls(), QStringList());
+        QCOMPARE(desk.window.unreadComments(), 3);
+    }
+
+    void aFileOnOnesOwnRecordIsNoComment()
+    {
+        const TestStore store;
+        Desk desk(store);
+        QVERIFY(TestStore::write(store.open(QStringLiteral("petrov")).get(), "LogbookFiles", ROW_INSERT,
+                                 "FILE_NEW",
+                                 {{"WorkerKey", QByteArray("WORKER_PETROV")},
+                                  {"RecordKey", QByteArray("REC_MESSAGE")},
+                                  {"fileName", QStringLiteral("a.txt")},
+                                  {"fileData", QByteArray("x")}}));
         QCOMPARE(desk.takeCalls(), QStringList());
         QCOMPARE(desk.window.unreadComments(), 2);
     }
@@ -81,8 +102,9 @@ private slots:
         const TestStore store;
         Desk desk(store);
         write(store, QStringLiteral("sidorova"), "REC_TRIP", "COM_FIRST");
-        QCOMPARE(desk.takeCalls(), QStringList()); // neither a record nor a comment of the user
-        write(store, QStringLiteral("ivanov"), "REC_TRIP", "COM_MINE");
+        QCOMPARE(desk.takeCalls(), QStringList());            // neither a record nor a comment of the user
+        for (const char* mine : {"COM_MINE", "COM_MINE_TOO"}) // two comments, and one call for each answer
+            write(store, QStringLiteral("ivanov"), "REC_TRIP", mine);
         QCOMPARE(desk.takeCalls(), QStringList());
         write(store, QStringLiteral("sidorova"), "REC_TRIP", "COM_THIRD");
         // already marked as read
@@ -111,6 +133,17 @@ private slots:
         ivanov.deliver();
         QCOMPARE(calls.count(), 0);
         QTRY_COMPARE(calls.count(), 1);
+        // What was called stays called, and what is gone meanwhile calls nobody.
+        plan->failedSelects = 2;
+        write(store, QStringLiteral("petrov"), "REC_MESSAGE", "COM_GONE");
+        write(store, QStringLiteral("petrov"), "REC_SUCCESSOR", "COM_STAYS");
+        ivanov.deliver();
+        QVERIFY(TestStore::write(store.open(QStringLiteral("petrov")).get(), "LogbookComments", ROW_DELETE,
+                                 "COM_GONE"));
+        ivanov.deliver();
+        QCOMPARE(calls.count(), 1);
+        QTRY_COMPARE(calls.count(), 2);
+        QCOMPARE(ivanov.window().unreadComments(), 3);
     }
 
     void aCommentThatComesWhileTheStoreFailsCallsLater()

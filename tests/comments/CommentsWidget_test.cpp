@@ -11,12 +11,14 @@
 #include "MessageListDelegate.h"
 #include "RecordValue.h"
 #include "TestClient.h"
+#include "VrkTableDelegate.h"
 #include "VrkTableProxyModel.h"
 
 #include <QAction>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QTabWidget>
 #include <QTest>
@@ -364,6 +366,47 @@ private slots:
         const auto* proxy = qobject_cast<VrkTableProxyModel*>(desk.view()->model());
         const MDRData* record = proxy->record(desk.keys().indexOf(QStringLiteral("REC_OPENING")));
         QCOMPARE(MDRValue::copy(recordValue(record, "VisaWorkerKey")), QByteArray("WORKER_SIDOROVA"));
+    }
+
+    void repaintsARecordThatAnotherHasChanged()
+    {
+        const TestStore store;
+        Desk desk(store);
+        desk.select("REC_OPENING");
+        QVERIFY(desk.button("createCommentButton")->isEnabled());
+        const QSignalSpy repainted(desk.view()->model(), &QAbstractItemModel::dataChanged);
+        QVERIFY(TestStore::write(store.open(QStringLiteral("petrov")).get(), "LogbookRecords", ROW_UPDATE,
+                                 "REC_OPENING", {{"status", 2}}));
+        desk.deliver();
+        QVERIFY(repainted.count() > 0);
+        QVERIFY(!desk.button("createCommentButton")->isEnabled()); // the record is deleted
+    }
+
+    void leavesTheListOfTheCurrentRecord()
+    {
+        const TestStore store;
+        Desk desk(store);
+        desk.select("REC_OPENING");
+        const QString text = desk.list()->item(0)->text();
+        writeComment(store, QStringLiteral("petrov"), "REC_PAST_1", "COM_ELSEWHERE");
+        desk.deliver();
+        QCOMPARE(desk.list()->count(), 1);
+        QCOMPARE(desk.list()->item(0)->text(), text);
+    }
+
+    void comparesTableNamesWithoutCase()
+    {
+        const TestStore store;
+        Desk desk(store);
+        QVERIFY(!desk.send(EventChanged, "LOGBOOKCOMMENTS", "NOWHERE"));
+    }
+
+    void aDayHasItsLine()
+    {
+        const TestStore store;
+        Desk desk(store);
+        const auto* rows = qobject_cast<const VrkTableDelegate*>(desk.view()->itemDelegate());
+        QVERIFY(rows && rows->dayLine(0).isValid()); // the first day too: the records are of all shifts
     }
 
     void marksTheRecordsThatHaveFiles()

@@ -362,7 +362,10 @@ void CVrkLogBook_test::theIntervalIsThatOfTheShift()
 void CVrkLogBook_test::homeCannotBeClosed()
 {
     start();
+    const auto dialogs = [this] { return m_window->findChildren<CPopTemplate*>().size(); };
+    const int before = dialogs();
     m_window->appendLogbook(QStringLiteral("ORG_NETS"), QStringLiteral("DEP_ZAR"));
+    QVERIFY(dialogs() > before);
     tabs()->tabBar()->moveTab(0, 1);
     QCOMPARE(tabs()->indexOf(home()), 1);
     emit tabs()->tabCloseRequested(1);
@@ -372,6 +375,7 @@ void CVrkLogBook_test::homeCannotBeClosed()
     QCOMPARE(tabs()->count(), 1);
     QCOMPARE(tabs()->widget(0), home());
     QVERIFY(!added);
+    QCOMPARE(dialogs(), before);
 }
 
 void CVrkLogBook_test::aDepartmentHasOneTab()

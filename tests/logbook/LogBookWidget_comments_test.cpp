@@ -1,7 +1,9 @@
 #include "CommentCreatorDialog.h"
+#include "KeptTexts.h"
 #include "LogWatch.h"
 #include "MessageListDelegate.h"
 #include "NoticeBar.h"
+#include "RecordTitle.h"
 #include "RecordValue.h"
 #include "TestJournal.h"
 
@@ -31,6 +33,10 @@ private:
         QToolButton* readed() { return journal.child<QToolButton>("readedCommentButton"); }
         CommentCreatorDialog* editor() { return journal.module().findChild<CommentCreatorDialog*>(); }
         QTextEdit* edit() { return editor()->findChild<QTextEdit*>(QStringLiteral("commentEdit")); }
+        QString title()
+        {
+            return editor()->recordTitle()->isVisible() ? editor()->recordTitle()->text() : QString();
+        }
         NoticeBar* notice() { return editor()->findChild<NoticeBar*>(QStringLiteral("warningBar")); }
         void doubleClick(int row)
         {
@@ -134,7 +140,9 @@ private slots:
         Pane pane(store);
         pane.journal.select("REC_TRIP");
         QTest::mouseClick(pane.create(), Qt::LeftButton);
+        QVERIFY(pane.title().contains(QStringLiteral("Петров")));
         pane.journal.select("REC_MESSAGE");
+        QVERIFY(pane.title().contains(QStringLiteral("Иванов")));
         pane.write(QStringLiteral("Поздний"));
         QCOMPARE(stored(store, QStringLiteral("Поздний")).value(2).toString(), QStringLiteral("REC_MESSAGE"));
     }
@@ -454,6 +462,73 @@ private slots:
         QVERIFY2(pane.notice()->text().contains(QStringLiteral("уже нет")),
                  qPrintable(pane.notice()->text()));
         pane.editor()->close();
+    }
+
+    void cutsALongCommentThatIsReplaced()
+    {
+        const TestStore store;
+        Pane pane(store);
+        pane.journal.select("REC_ORDER");
+        pane.doubleClick(0);
+        pane.write(QString(60, QLatin1Char('x')));
+        pane.journal.deliver();
+        QTest::mouseClick(pane.create(), Qt::LeftButton);
+        QVERIFY(pane.notice()->text().contains(QStringLiteral("«%1…»").arg(QString(40, QLatin1Char('x')))));
+        pane.editor()->close();
+        pane.doubleClick(0);
+        QVERIFY(pane.editor()->isVisible());
+        QVERIFY(!pane.notice()->isVisible()); // it is the comment itself that is changed
+    }
+
+    void aTextThatComesBackNamesItsRecord()
+    {
+        const TestStore store;
+        Pane pane(store);
+        pane.journal.select("REC_TRIP");
+        QTest::mouseClick(pane.create(), Qt::LeftButton);
+        pane.edit()->setPlainText(QStringLiteral("Недописанное"));
+        KeptTexts* texts = KeptTexts::of(&pane.journal.module());
+        const QVector<KeptTexts::Text> held = texts->held(&pane.journal.module());
+        QCOMPARE(held.size(), 1);
+        QCOMPARE(held.first().values.value(QStringLiteral("record")), QStringLiteral("REC_TRIP"));
+        pane.editor()->close();
+        pane.editor()->recordTitle()->hide();
+        pane.journal.tab().showKeptComment(held.first());
+        QCOMPARE(pane.edit()->toPlainText(), QStringLiteral("Недописанное"));
+        QVERIFY(pane.title().contains(QStringLiteral("Петров")));
+        pane.editor()->close();
+    }
+
+    void whatIsGoneIsNotDeletedInItsNeighboursPlace()
+    {
+        const TestStore store;
+        Pane pane(store);
+        pane.journal.select("REC_ORDER");
+        pane.comment(QStringLiteral("Второй"));
+        pane.journal.deliver();
+        QTest::mouseClick(pane.remove(), Qt::LeftButton);
+        QVERIFY(TestStore::write(store.open(QStringLiteral("ivanov")).get(), "LogbookComments", ROW_DELETE,
+                                 "COM_READ"));
+        pane.journal.deliver();
+        QCOMPARE(pane.list()->count(), 1);
+        QCOMPARE(pane.list()->currentRow(), -1);
+        pane.journal.press(QDialogButtonBox::YesRole);
+        QVERIFY(!stored(store, QStringLiteral("Второй")).isEmpty());
+    }
+
+    void aQuestionThatWasClosedLetsTheListGo()
+    {
+        const TestStore store;
+        Pane pane(store);
+        pane.journal.select("REC_ORDER");
+        pane.comment(QStringLiteral("Второй"));
+        pane.journal.deliver();
+        pane.list()->setCurrentRow(1);
+        QTest::mouseClick(pane.remove(), Qt::LeftButton);
+        pane.journal.box()->close(); // by its frame
+        pane.comment(QStringLiteral("Третий"));
+        pane.journal.deliver();
+        QCOMPARE(pane.list()->currentRow(), 0);
     }
 
     void saysWhatFailed()

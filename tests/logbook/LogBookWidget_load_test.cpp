@@ -4,6 +4,7 @@
 #include "LogWatch.h"
 #include "RecordValue.h"
 #include "TestJournal.h"
+#include "VrkTableDelegate.h"
 
 #include <QListWidget>
 #include <QSignalSpy>
@@ -244,6 +245,11 @@ private slots:
         QCOMPARE(shown.size(), 8); // drafts are hidden in the archive
         QVERIFY(!shown.contains(QStringLiteral("REC_DRAFT_IVANOV")));
         QCOMPARE(count(journal, "LogbookWorkshifts"), 0);
+        const auto* rows = qobject_cast<const VrkTableDelegate*>(journal.view()->itemDelegate());
+        QVERIFY(rows && rows->dayLine(0).isValid()); // an interval may begin on any day
+        QVERIFY(journal.tab().isExistNoSign());
+        journal.tab().uploadRealTimeWorkshift();
+        QVERIFY(!rows->dayLine(0).isValid());
     }
 
     void takesTheBoundsOfAnIntervalIn()

@@ -239,7 +239,7 @@ void FillerEditors_test::aValueThatTheListLacksStays()
     QCOMPARE(setting.input<QLineEdit>(0)->text(), QStringLiteral("свой"));
     QVERIFY(setting.filler.isFilled());
     setting.filler.setFocus();
-    setting.press(Qt::Key_Tab);
+    setting.press(Qt::Key_Return);
     QCOMPARE(setting.complaint(0), QString());
     QCOMPARE(setting.shown(0), QStringLiteral("свой"));
     setting.filler.setTemplate(parameter("list", "Пустой список"));

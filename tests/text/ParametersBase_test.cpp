@@ -3,6 +3,7 @@
 #include "HtmlParser.h"
 #include "MDRValues.h"
 #include "ParametersBase.h"
+#include "TestClient.h"
 
 #include <QFile>
 #include <QTest>
@@ -58,6 +59,7 @@ private slots:
     void everyBaseNameHasAParameter();
     void rowsCarryNoFlagAndNoMarks();
     void keysLabelsAndGroupsFitTogether();
+    void textsAreInTheCodePageOfTheStore();
     void equipmentIsLeftOutWhenAsked();
     void rowsThatAreThereStayAsTheyAre();
     void aTableWithoutFieldsTakesTheParametersOfEquipment();
@@ -132,6 +134,25 @@ void ParametersBase_test::keysLabelsAndGroupsFitTogether()
         QVERIFY2(category, group.constData());
         QVERIFY(!text(tables.categories, category, "nameLoc").isEmpty());
     }
+}
+
+void ParametersBase_test::textsAreInTheCodePageOfTheStore()
+{
+    const TestStore store(TestStore::Empty);
+    TestClient client(store.openLoader());
+    CVrkCliMod module(&client.app());
+    Tables tables;
+    ParametersBase(&module).createBaseParameters(&tables.categories, &tables.parameters, true);
+    const MDRVar key = MDRValue::text("$base.datetime");
+    const MDRData* record = MDARecSeekV(tables.parameters.data.array, 0, &key, 0);
+    QVERIFY(record);
+    const QString label = QStringLiteral("Дата и время");
+    QCOMPARE(text(tables.parameters, record, "nameLoc"), TestStore::bytes(label));
+    QVERIFY(text(tables.parameters, record, "html").contains(TestStore::bytes(label)));
+    const MDRVar group = MDRValue::text("$base.group.common");
+    record = MDARecSeekV(tables.categories.data.array, 0, &group, 0);
+    QVERIFY(record);
+    QCOMPARE(text(tables.categories, record, "nameLoc"), TestStore::bytes(QStringLiteral("Общие")));
 }
 
 void ParametersBase_test::equipmentIsLeftOutWhenAsked()

@@ -74,6 +74,10 @@ private slots:
                               QStringLiteral("Иванов И. И. гр.V|WORKER_IVANOV"),
                               QStringLiteral("с 06.05.2030 08:00 по 07.05.2030 08:00|")}));
         QVERIFY(JournalWindow::childOf<QPushButton>(journal.opening(), "applyButton")->isEnabled());
+        QCOMPARE(JournalWindow::childOf<QTableWidget>(journal.opening(), "shiftsTable")->rowCount(), 2);
+        const auto* crew = JournalWindow::childOf<QTableWidget>(journal.opening(), "workersTable");
+        QCOMPARE(crew->item(0, 0)->text(), QStringLiteral("Иванов Иван Иванович"));
+        QVERIFY(crew->item(0, 1)->text().contains(QLatin1Char('/'))); // two roles
     }
 
     void onlyTheFirstOfItsKindIsFilled()

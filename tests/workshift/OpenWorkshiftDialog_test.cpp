@@ -212,6 +212,7 @@ void OpenWorkshiftDialog_test::showsTheTimetableOfTheDepartment()
     QCOMPARE(shifts()->horizontalHeaderItem(0)->text(), QStringLiteral("Наименование"));
     QCOMPARE(shifts()->horizontalHeaderItem(1)->text(), QStringLiteral("Интервал"));
     QCOMPARE(shifts()->currentRow(), 0);
+    QCOMPARE(shifts()->selectionModel()->selectedRows().size(), 1);
     const QString today = QDate::currentDate().toString(QStringLiteral("dd.MM"));
     const QString tomorrow = QDate::currentDate().addDays(1).toString(QStringLiteral("dd.MM"));
     QStringList intervals{shifts()->item(0, 1)->text(), shifts()->item(1, 1)->text()};

@@ -1,4 +1,5 @@
 #include "AppendWorkerDialog.h"
+#include "CommentCreatorDialog.h"
 #include "FailingStore.h"
 #include "JournalWindow.h"
 #include "OrgStructDialog.h"
@@ -8,8 +9,11 @@
 
 #include <QDateEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <QTableWidget>
+#include <QTabWidget>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimeEdit>
 
 /// The initial and written times of the dialogs are those of the server, whose clock is days ahead of the
@@ -132,6 +136,32 @@ private slots:
         const QString about = QStringLiteral("html LIKE '%employee_fio%' AND ShiftKey='SHIFT_CDS_OPEN'");
         QVERIFY(isNow(stored("recordTime", "LogbookRecords", about)));
         QVERIFY(isNow(stored("eventTime", "LogbookRecords", about)));
+    }
+
+    void commentsAndTheirReadingAreOfNow()
+    {
+        start("ivanov", "DEP_CDS", "ORG_NETS");
+        m_window->select("REC_OPENING");
+        JournalWindow::childOf<QAbstractButton>(&m_window->home(), "readedCommentButton")->click();
+        QVERIFY(isNow(stored("readedTime", "LogbookComments", QStringLiteral("KeyLink='COM_UNREAD'"))));
+        QWidget* page = &m_window->home();
+        for (const QString& text :
+             {QStringLiteral("На вкладке журнала"), QStringLiteral("На вкладке комментариев")}) {
+            if (page == nullptr) {
+                m_window->child<QAbstractButton>("commentsButton")->click();
+                page = m_window->child<QTabWidget>("logbooks")->currentWidget();
+                JournalWindow::childOf<QTableView>(page, "recordsTable")->selectRow(0);
+            }
+            JournalWindow::childOf<QAbstractButton>(page, "createCommentButton")->click();
+            for (auto* editor : m_window->window().findChildren<CommentCreatorDialog*>()) {
+                if (!editor->isVisible())
+                    continue;
+                JournalWindow::childOf<QTextEdit>(editor, "commentEdit")->setPlainText(text);
+                JournalWindow::childOf<QAbstractButton>(editor, "applyButton")->click();
+            }
+            QVERIFY(isNow(stored("commentTime", "LogbookComments", QStringLiteral("text_='%1'").arg(text))));
+            page = nullptr;
+        }
     }
 
 private:
