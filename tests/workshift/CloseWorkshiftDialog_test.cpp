@@ -317,8 +317,10 @@ void CloseWorkshiftDialog_test::aSecondShowingStartsAfresh()
 {
     request("Да");
     choose("WORKER_PETROV");
+    QVERIFY(dialog()->findChild<TemplatesWidget*>()->currentTemplate());
     dialog()->findChild<QPushButton*>(QStringLiteral("cancelButton"))->click();
     QVERIFY(!dialog()->isVisible());
+    QVERIFY(!dialog()->findChild<TemplatesWidget*>()->currentTemplate());
     request("Нет");
     QCOMPARE(takers()->rowCount(), 0);
     fill();
@@ -371,6 +373,7 @@ void CloseWorkshiftDialog_test::aTakerOverIsAddedOnceAndRemoved()
     tool("removeWorkerButton")->click();
     QCOMPARE(takers()->rowCount(), 0);
     QVERIFY(!tool("clearWorkersButton")->isEnabled());
+    QVERIFY(!tool("removeWorkerButton")->isEnabled());
     choose("WORKER_PETROV");
     choose("WORKER_SIDOROVA");
     QCOMPARE(takers()->currentRow(), 0); // the first, not the new one
@@ -459,13 +462,16 @@ void CloseWorkshiftDialog_test::aNewWorkerComesToTheStructure()
         return structure->widget()->selectedItem().worker.keyLink == worker.keyLink;
     };
     QVERIFY(!known());
+    auto* input = dialog()->findChild<QWidget*>(QStringLiteral("parameterInput_0"));
+    typeText(input, QStringLiteral("нов")); // the fields have read the workers by now
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(input, Qt::Key_Backspace);
     QVERIFY(TestStore::write(
         m_store->openLoader().get(), "Workers", ROW_INSERT, "WORKER_NOVIKOV",
         {{"lastName", QStringLiteral("Новиков")}, {"DepartmentKey", "DEP_CDS"}, {"deleted_", 0}}));
     m_client->deliver();
     QVERIFY(known());
     // The fields of the dialog know him as well.
-    auto* input = dialog()->findChild<QWidget*>(QStringLiteral("parameterInput_0"));
     typeText(input, QStringLiteral("новик"));
     QTest::keyClick(input, Qt::Key_Tab);
     QVERIFY(dialog()->findChild<TemplateFiller*>()->filledTemplate(true).contains(

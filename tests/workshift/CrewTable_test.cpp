@@ -82,6 +82,11 @@ private slots:
         QVERIFY(dialog && dialog->isVisible());
         const auto* crew = JournalWindow::childOf<QTableWidget>(dialog, "workersTable");
         QCOMPARE(crew->columnCount(), 2);
+        QCOMPARE(crew->horizontalHeaderItem(0)->text(), QStringLiteral("ФИО"));
+        QCOMPARE(crew->horizontalHeaderItem(1)->text(), QStringLiteral("Должность"));
+        QVERIFY(crew->verticalHeader()->isHidden());
+        QCOMPARE(crew->selectionMode(), QAbstractItemView::SingleSelection);
+        QCOMPARE(crew->selectionBehavior(), QAbstractItemView::SelectRows);
         const int before = crew->rowCount();
 
         JournalWindow::childOf<QToolButton>(dialog, qPrintable(button))->click();
@@ -103,6 +108,19 @@ private slots:
         // Other dialogs use the organization tree, too: it is complete again.
         workers = offered(choice);
         QVERIFY(has(workers, "ОДС"));
+    }
+
+    void aCancelledChoiceIsNotAnsweredLater()
+    {
+        const TestStore store;
+        JournalWindow journal(store, QStringLiteral("ivanov"));
+        QWidget* adding = show(journal, QStringLiteral("appendWorkerAction"));
+        JournalWindow::childOf<QToolButton>(adding, "addButton")->click();
+        structure(journal)->close();
+        adding->close();
+        journal.requestClosing(QDialogButtonBox::NoRole);
+        journal.choose(journal.closing(), "WORKER_SIDOROVA"); // the same structure serves this dialog
+        QCOMPARE(JournalWindow::childOf<QTableWidget>(journal.closing(), "workersTable")->rowCount(), 1);
     }
 
     void namelessWorkersStandUnderTheirLogin()

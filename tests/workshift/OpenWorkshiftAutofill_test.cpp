@@ -210,6 +210,23 @@ private slots:
         QVERIFY(!isThere(QStringLiteral("Команда на производство переключений"))); // opens no shift
     }
 
+    void aNewWorkerComesToTheFields()
+    {
+        const TestStore store;
+        prepare(store, {"employee_fio"});
+        JournalWindow journal(store, QStringLiteral("ivanov"));
+        journal.trigger("openWorkshiftAction");
+        JournalWindow::type(journal.opening(), 0,
+                            QStringLiteral("нов")); // the fields have read the workers by now
+        QVERIFY(TestStore::write(
+            store.openLoader().get(), "Workers", ROW_INSERT, "WORKER_NOVIKOV",
+            {{"lastName", QStringLiteral("Новиков")}, {"DepartmentKey", "DEP_CDS"}, {"deleted_", 0}}));
+        journal.deliver();
+        JournalWindow::type(journal.opening(), 0, QStringLiteral("новик"));
+        QTest::keyClick(JournalWindow::childOf<QWidget>(journal.opening(), "parameterInput_0"), Qt::Key_Tab);
+        QCOMPARE(filled(journal), QStringList{QStringLiteral("Новиков|WORKER_NOVIKOV")});
+    }
+
     // Times of day that are negative in a timetable: only the time of day counts.
     void aNegativeTimeOfDayIsTakenForItself()
     {

@@ -57,6 +57,7 @@ private slots:
     void chosenIntervalAndCrewAreOfferedAgain();
     void keptIntervalThatIsOverIsForgotten();
     void aNamelessOpenerIsWrittenIntoTheCrew();
+    void withoutACrewNothingIsOpened();
     void withoutADepartmentNothingIsOpened();
     void withoutAWorkerNothingIsOpened();
 
@@ -226,6 +227,12 @@ void OpenWorkshiftDialog_test::showsTheTimetableOfTheDepartment()
     const QString shown = shifts()->item(1, 1)->text();
     const auto* time = m_dialog->findChild<QTimeEdit*>(QStringLiteral("startTimeEdit"));
     QCOMPARE(time->time().toString(QStringLiteral("hh:mm")), shown.mid(6, 5));
+
+    // Rows of other departments are none of this one's.
+    m_dialog->close();
+    m_dialog->setDepartmentKey(QStringLiteral("DEP_ODS"));
+    m_dialog->show();
+    QCOMPARE(shifts()->rowCount(), 0);
 }
 
 void OpenWorkshiftDialog_test::withoutATimetableTheShiftIsTheNextHour()
@@ -259,7 +266,8 @@ void OpenWorkshiftDialog_test::aWorkerIsAddedOnce()
     QCOMPARE(crew()->rowCount(), 2);
     QCOMPARE(crew()->item(1, 0)->text(), QStringLiteral("Петров Пётр Петрович"));
     QVERIFY(tool("clearWorkersButton")->isEnabled());
-    QCOMPARE(crew()->currentRow(), 0); // the first, not the new one
+    QCOMPARE(crew()->currentRow(), 0);                 // the first, not the new one
+    QVERIFY(!tool("removeWorkerButton")->isEnabled()); // the opener stays
     choose("WORKER_PETROV");
     choose("WORKER_IVANOV");
     QCOMPARE(crew()->rowCount(), 2);
@@ -330,6 +338,17 @@ void OpenWorkshiftDialog_test::theShiftMayNotBeginBeforeTheLastOneEnded()
     QCOMPARE(applyButton()->isEnabled(), false);
     QVERIFY(applyButton()->toolTip().contains(last.toString(QStringLiteral("dd.MM.yyyy hh:mm"))));
     QCOMPARE(told(), applyButton()->toolTip());
+    m_dialog->activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), m_dialog);
+    shifts()->setFocus();
+    QTest::keyClick(shifts(), Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(m_dialog->focusWidget()->objectName(), QStringLiteral("startDateEdit"));
+    // The button follows the interval also where the text does not.
+    m_dialog->findChild<QCheckBox*>(QStringLiteral("changeTemplateCheck"))->click();
+    setStart(allowed);
+    QVERIFY(applyButton()->isEnabled());
+    setStart(allowed.addSecs(-60));
+    QVERIFY(!applyButton()->isEnabled());
 }
 
 void OpenWorkshiftDialog_test::theEndOfTheLastShiftIsAskedAtEachShowing()
@@ -362,6 +381,10 @@ void OpenWorkshiftDialog_test::withoutAnEarlierShiftAnyStartWillDo()
     m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(QDate(2000, 1, 1));
     QVERIFY(!applyButton()->isEnabled());
     QCOMPARE(told(), QStringLiteral("Начало смены должно быть раньше конца"));
+    m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(QDate(2001, 1, 1));
+    QVERIFY(!applyButton()->isEnabled()); // a shift of no length
+    m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(QDate(2001, 1, 2));
+    QVERIFY(applyButton()->isEnabled());
 }
 
 void OpenWorkshiftDialog_test::tooLongShiftIsAnnouncedBeforeSaving()
@@ -408,6 +431,11 @@ void OpenWorkshiftDialog_test::reportsADepartmentWithoutTemplates()
     QVERIFY(!applyButton()->isEnabled());
     QCOMPARE(told(),
              QStringLiteral("Нет шаблона для этой записи: его заводит администратор в конфигураторе"));
+    m_dialog->activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), m_dialog);
+    shifts()->setFocus();
+    QTest::keyClick(shifts(), Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(m_dialog->focusWidget(), shifts()); // there is nothing to go to
 }
 
 void OpenWorkshiftDialog_test::escapeClosesIt()
@@ -584,6 +612,24 @@ void OpenWorkshiftDialog_test::aNamelessOpenerIsWrittenIntoTheCrew()
                                      "(SELECT KeyLink FROM LogbookWorkshifts WHERE DepartmentKey='DEP_ODS') "
                                      "ORDER BY 1")),
         (QVector<QVariantList>{{QStringLiteral("WORKER_SMIRNOV_ODS")}}));
+}
+
+void OpenWorkshiftDialog_test::withoutACrewNothingIsOpened()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    fillAll();
+    crew()->setRowCount(0);
+    setStart(QDateTime::currentDateTime());
+    QVERIFY(!applyButton()->isEnabled());
+    QCOMPARE(told(), QStringLiteral("Добавьте сотрудников в смену"));
+    m_dialog->activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), m_dialog);
+    shifts()->setFocus();
+    QTest::keyClick(shifts(), Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(m_dialog->focusWidget(), tool("addWorkerButton"));
+    QTest::mouseClick(m_dialog->findChild<QPushButton*>(QStringLiteral("cancelButton")), Qt::LeftButton);
+    QVERIFY(!m_dialog->isVisible());
+    QCOMPARE(count("LogbookWorkshifts"), 3);
 }
 
 void OpenWorkshiftDialog_test::withoutADepartmentNothingIsOpened()

@@ -354,6 +354,28 @@ private slots:
         QCOMPARE(text.count(QStringLiteral("</a>, <a")), qMax(0, workers - 1));
     }
 
+    void aClosedShiftIsTakenByTheButton()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        journal.tab().showWorkshiftsDialog();
+        auto* shifts = dialog<WorkshiftsDialog>(journal);
+        child<QPushButton>(shifts, "applyButton")->click();
+        QVERIFY(!shifts->isVisible());
+        QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_CDS_PAST"));
+    }
+
+    void escapeLeavesTheDialogOfAdding()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        journal.tab().appendWorkerRequest();
+        auto* append = dialog<AppendWorkerDialog>(journal);
+        QVERIFY(append->isVisible());
+        QTest::keyClick(append, Qt::Key_Escape);
+        QVERIFY(!append->isVisible());
+    }
+
     void chosenWorkersSurviveTheEndOfTheProgram()
     {
         const TestStore store;
@@ -374,6 +396,7 @@ private slots:
         }
         TestJournal journal(store);
         KeptTexts* texts = KeptTexts::of(&journal.module());
+        values[QStringLiteral("workers")] += QStringLiteral("\nWORKER_PETROV"); // who is in the shift by now
         texts->keep(place, values);
         auto other = values;
         other.insert(QStringLiteral("workshift"), QStringLiteral("SHIFT_OTHER"));
@@ -382,6 +405,13 @@ private slots:
         journal.tab().appendWorkerRequest();
         auto* crew = child<QTableWidget>(append, "workersTable");
         QCOMPARE(crew->rowCount(), 2); // nothing but an offer
+        QCOMPARE(texts->offered(place).size(), 1);
+        child<QPushButton>(append, "dropKeptButton")->click();
+        QCOMPARE(crew->rowCount(), 2);
+        QVERIFY(texts->offered(place).isEmpty());
+        append->close();
+        texts->keep(place, values);
+        journal.tab().appendWorkerRequest();
         child<QPushButton>(append, "takeKeptButton")->click();
         QCOMPARE(crew->rowCount(), 3);
         QVERIFY(child<QPushButton>(append, "applyButton")->isEnabled());
