@@ -13,6 +13,7 @@
 #include <QPrinter>
 #include <QPrintPreviewWidget>
 #include <QProgressDialog>
+#include <QScreen>
 #include <QToolBar>
 
 namespace
@@ -79,7 +80,8 @@ VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
     connect(m_preview, &QPrintPreviewWidget::previewChanged, this, &VrkPreviewWindow::updatePageLabel);
     addActions();
     const int em = fontMetrics().height();
-    resize(70 * em, 48 * em);
+    const QSize room = screen()->availableSize() * 9 / 10; // the frame and the title bar take some of it
+    resize(QSize(70 * em, 48 * em).boundedTo(room));
 }
 
 VrkPreviewWindow::~VrkPreviewWindow()

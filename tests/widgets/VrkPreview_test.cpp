@@ -14,6 +14,7 @@
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -588,6 +589,8 @@ private slots:
         preview.setFooter(QStringLiteral("ЦДС"));
         preview.showDocument();
         QVERIFY(window() && window()->isVisible());
+        const QSize room = window()->screen()->availableSize();
+        QVERIFY(window()->width() < room.width() && window()->height() < room.height());
         QCOMPARE(window()->windowTitle(), QStringLiteral("Печать отчета"));
         QTRY_VERIFY(window()->pageCount() > 1);
         const int landscape = window()->pageCount();
