@@ -46,6 +46,13 @@ WorkerEdit::WorkerEdit(QWidget* parent)
     connect(m_treeButton, &QToolButton::clicked, this, &WorkerEdit::treeRequested);
 }
 
+void WorkerEdit::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange)
+        m_line->setClearButtonEnabled(isEnabled()); // where nothing can be cleared its button would mislead
+}
+
 void WorkerEdit::setModule(CVrkCliMod* module)
 {
     m_reference = ReferenceData::of(module);

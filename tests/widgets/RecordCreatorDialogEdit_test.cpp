@@ -177,6 +177,8 @@ private slots:
         for (const auto& record : records) {
             bench.edit(record.key);
             QCOMPARE(bench.dialog->windowTitle(), QStringLiteral("Просмотр записи"));
+            const auto* worker = bench.dialog->findChild<QLineEdit*>(QStringLiteral("workerLine"));
+            QVERIFY(!worker->isClearButtonEnabled());
             QCOMPARE(bench.notice(), QString::fromUtf8(record.told));
             QVERIFY(!bench.filler()->isEnabled());
             QVERIFY(!bench.eventTime()->isEnabled());
