@@ -1,7 +1,7 @@
 """The checks after every step of every scene."""
 
 # Qt's own dialogs: their content is not ours.
-NOT_OURS = {"QFileDialog"}
+NOT_OURS = {"QFileDialog", "QPrintDialog", "QPrintPropertiesDialog", "QUnixPrintWidget"}
 
 
 def owner_chain(tree, window):

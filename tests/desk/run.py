@@ -3,6 +3,8 @@
 
     run.py BUILD [--scenes NAME,...] [--letters 100,150] [--seed N] [--keys N]
 
+With VRK_LONG=1 each scene is played three times, and the monkey presses twenty times as many keys.
+
 A scene is a function of the module `scenes` that gets a Desk. Faults are printed at once, and a picture of the screen and the
 tree of widgets are left in BUILD/tests/desk/faults.
 """
@@ -109,16 +111,18 @@ def play(build, demo, name, letters, options):
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("build")
-    parser.add_argument("--scenes", default="night,past,handover,configurator,converter")
+    parser.add_argument("--scenes", default="night,past,handover,dialogs,configurator,converter")
     parser.add_argument("--letters", default="100,150")
     parser.add_argument("--seed", type=int, default=int(time.time()))
-    parser.add_argument("--keys", type=int, default=0, help="how many keys and clicks the scene monkey makes")
+    parser.add_argument("--keys", type=int, default=60, help="how many keys and clicks the scene monkey makes")
     options = parser.parse_args()
+    is_long = bool(os.environ.get("VRK_LONG"))
+    options.keys *= 20 if is_long else 1
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # also ends the started programs
     build = os.path.abspath(options.build)
     with tempfile.TemporaryDirectory(prefix="vrk-desk-") as folder:
         demo = make_demo(build, folder)
-        fine = [play(build, demo, scene, int(letters), options)
+        fine = [play(build, demo, scene, int(letters), options) for _ in range(3 if is_long else 1)
                 for scene in options.scenes.split(",") for letters in options.letters.split(",")]
     return 0 if all(fine) else 1
 

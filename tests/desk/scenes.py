@@ -1,6 +1,8 @@
 """The actions of people at their desks. After every key and click all checks of checks.py run."""
 import random
 
+import checks
+
 LONG_LIST = "Автоматическое отключение линии"
 
 
@@ -112,7 +114,7 @@ def night(desk):
     colleague.wait(lambda tree: any(text in r["text"] for r in records(tree)), "the record at the next desk")
     comment(seat, text)
     approve(seat, text)
-    execution(seat)
+    execution(seat, text)
     visa(colleague, text)
     attach(seat, text)
     second_marker(seat)
@@ -144,6 +146,48 @@ def handover(desk):
     leave(colleague)
 
 
+def dialogs(desk):
+    """Each dialog of the journal, in the dark, left by Escape and by its frame: nothing is written, the keyboard goes back."""
+    seat = start(desk, "ozerov")
+    seat.open("CVrkLogBook")
+    seat.press("Ctrl+Shift+D")
+    write_record(seat, "обнаружен", "Ольховка", "осмотре", "Т-1, ввод 35 кВ фазы В", "35", "течь масла", "Туманов", "контроль",
+                 "26.11.2026 12:00")
+    before = len(records(seat.tree()))
+    if not seat.tree().one("createCommentButton", inside="homeLogbook"):
+        seat.press("F4")
+        select_record(seat, "течь масла")  # the keyboard went to the panes
+    shift = lambda entry: seat.drop("workshiftButton", entry)
+    leave_both_ways(seat, "RecordCreatorDialog", lambda: seat.press("Ctrl+N"))
+    leave_both_ways(seat, "RecordCreatorDialog", lambda: seat.click(next(r for r in records(seat.tree()) if r["current"]), times=2))
+    leave_both_ways(seat, "CPopMessageBox", lambda: seat.click("approveButton"))
+    leave_both_ways(seat, "TimeExecutionDialog", lambda: seat.click("executionButton"))
+    leave_both_ways(seat, "CommentCreatorDialog", lambda: seat.click("createCommentButton", inside="homeLogbook"))
+    leave_both_ways(seat, "ReportDialog", lambda: seat.press("Ctrl+P"))
+    leave_both_ways(seat, "DateTimeRangeDialog", lambda: seat.drop("timeButton", "Выбрать интервал"))
+    leave_both_ways(seat, "WorkshiftsDialog", lambda: seat.drop("timeButton", "Выбрать смену"))
+    leave_both_ways(seat, "WorkshiftInfoDialog", lambda: shift("Информация о смене"))
+    leave_both_ways(seat, "AppendWorkerDialog", lambda: shift("Добавить диспетчера в смену"))
+    leave_both_ways(seat, "CPopMessageBox", lambda: shift("Закрыть смену"))
+    shift("Добавить диспетчера в смену")
+    seat.open("AppendWorkerDialog")
+    leave_both_ways(seat, "OrgStructDialog", lambda: seat.click("addButton", inside="AppendWorkerDialog"), back="AppendWorkerDialog")
+    seat.press("Escape")
+    seat.gone("AppendWorkerDialog")
+    seat.expect(lambda tree: len(records(tree)) == before, "a dialog that was left has written something")
+    seat.press("Ctrl+Shift+D")
+    leave(seat)
+
+
+def leave_both_ways(seat, cls, show, back="recordsTable"):
+    for away in (lambda: seat.press("Escape"), lambda: seat.close_by_frame(cls)):
+        show()
+        seat.open(cls)
+        away()
+        seat.gone(cls)
+        seat.expect_focus(back)
+
+
 def comment(seat, text):
     select_record(seat, text)
     if not seat.tree().one("createCommentButton", inside="homeLogbook"):
@@ -171,15 +215,30 @@ def dialog_with_time(seat, cls, choose):
     seat.endure(cls)
 
 
-def second_marker(seat):
-    record = select_record(seat, "Установил")
-    seat.click(record, button=3)
+def show_second_marker(seat):
+    current = next(r for r in records(seat.tree()) if r["current"])
+    seat.click(current, button=3)
     entry = next(i for m in seat.tree().find(cls="QMenu") for i in m.get("items", [])[1:2])
     seat.click(entry)
+
+
+def second_marker(seat):
+    select_record(seat, "Установил")
+    show_second_marker(seat)
     dialog_with_time(seat, "SecondMarkerDialog", "setMarkCheck")
     seat.press("Escape")
     seat.gone("SecondMarkerDialog")
     seat.expect_focus("recordsTable")
+    show_second_marker(seat)
+    seat.open("SecondMarkerDialog")
+    seat.click("setMarkCheck", inside="SecondMarkerDialog")
+    seat.click("applyButton", inside="SecondMarkerDialog")
+    seat.gone("SecondMarkerDialog")
+    show_second_marker(seat)
+    seat.open("SecondMarkerDialog")
+    seat.expect(lambda tree: tree.one("setMarkCheck")["checked"], "the second marker was not set")
+    seat.press("Escape")
+    seat.gone("SecondMarkerDialog")
 
 
 def approve(seat, text):
@@ -192,11 +251,18 @@ def approve(seat, text):
     seat.expect_focus("recordsTable")
 
 
-def execution(seat):
+def execution(seat, text):
     seat.click("executionButton")
     dialog_with_time(seat, "TimeExecutionDialog", "readyCheck")
     seat.close_by_frame("TimeExecutionDialog")
     seat.gone("TimeExecutionDialog")
+    seat.expect_focus("recordsTable")
+    seat.click("executionButton")
+    seat.open("TimeExecutionDialog")
+    seat.click("readyCheck", inside="TimeExecutionDialog")
+    seat.click("applyButton", inside="TimeExecutionDialog")
+    seat.gone("TimeExecutionDialog")
+    seat.wait(lambda tree: any(text in r["text"] and "Не выполнено" not in r["text"] for r in records(tree)), "the time of execution")
     seat.expect_focus("recordsTable")
 
 
@@ -217,6 +283,14 @@ def attach(seat, text):
     seat.endure("QFileDialog")
     seat.press("Escape")
     seat.gone("QFileDialog")
+    name = "note-1.txt"
+    with open(f"{seat.folder}/{name}", "w") as file:
+        file.write("ok")
+    seat.click("createFileButton", inside="homeLogbook")
+    seat.open("QFileDialog")
+    seat.click(seat.item("treeView", name, inside="QFileDialog"), times=2)
+    seat.gone("QFileDialog")
+    seat.item("filesTable", name, inside="homeLogbook")
 
 
 def copy_paste(seat):
@@ -329,8 +403,12 @@ def open_shift(seat, colleague):
     colleague.type("0807")
     colleague.expect(lambda tree: tree.one("endTimeEdit").get("text") == "08:07", "08:07 was typed into the end of the shift")
     colleague.endure("OpenWorkshiftDialog")
-    colleague.press("Escape")
+    colleague.click("parameterInput_5", inside="OpenWorkshiftDialog")
+    colleague.fill("отклонения", "исправны")
+    colleague.click("applyButton", inside="OpenWorkshiftDialog")
     colleague.gone("OpenWorkshiftDialog")
+    for one in (colleague, seat):
+        one.wait(lambda tree: "Смена открыта" in tree.one("statusLabel").get("text", ""), "the shift to be open")
 
 
 def leave(seat):
@@ -410,7 +488,10 @@ def monkey_step(seat, dice):
     tree = seat.tree()
     windows = [w for w in seat.windows(tree) if w.managed]
     kind = dice.random()
-    if not windows:
+    active = tree.by_id.get(tree.report["active"])
+    if active and active["class"] in checks.NOT_OURS:
+        seat.press("Escape")
+    elif not windows:
         seat.screen.activate(int(next(w["wid"] for w in tree.windows if w["shown"])))
         seat.calm()
     elif kind < 0.35:
@@ -433,7 +514,7 @@ def monkey_step(seat, dice):
         seat.calm()
         seat.look("restored")
     elif kind < 0.97:
-        seat.screen.place(windows[-1].wid, dice.randrange(200), dice.randrange(100), dice.choice([1, 600, 1000]), dice.choice([1, 400, 600]))
+        seat.screen.place(windows[-1].wid, dice.randrange(100), dice.randrange(50), dice.choice([1, 800, 1000]), dice.choice([1, 400, 600]))
         seat.calm()
         seat.look("resized")
     else:
