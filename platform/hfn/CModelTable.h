@@ -16,3 +16,8 @@ public:
     std::string name;
     CMDArray data;
 };
+
+/// The first record with this key, in order of entry. Null when there is none, without a table, and for a null or an empty
+/// key.
+VRK_EXPORT MDRData* recordByKeyLink(const CModelTable* table, const char* key);
+VRK_EXPORT MDRData* recordByKeyLink(const CMDArray& array, const char* key);

@@ -302,11 +302,7 @@ bool TemplatesWidget::selectTemplate(const QString& key)
 
 MDRData* TemplatesWidget::currentTemplate() const
 {
-    if (m_chosen.isEmpty() || !m_source->templates)
-        return nullptr;
-    const MDRRange found =
-        MDARecsWith(m_source->templates->data.array, Field::KeyLink, m_chosen.toUtf8().constData());
-    return found.count > 0 ? *found.begin() : nullptr;
+    return recordByKeyLink(m_source->templates, m_chosen.toUtf8().constData());
 }
 
 QString TemplatesWidget::currentTemplateKey() const

@@ -3,9 +3,9 @@
 #include "CToolLiteModel.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "EventRow.h"
 #include "Fields.h"
 #include "MDRValues.h"
-#include "TEventNciParse.h"
 
 #include <QSet>
 #include <QTextCodec>
@@ -23,20 +23,6 @@ constexpr Source sources[] = {
     {OrgStruct::Department, "Departments"},
     {OrgStruct::Person, "Workers"},
 };
-
-// Copies the marked fields of the event's row to the fields with the same names.
-void copyMarked(const TEventNciParse& event, CMDArray& array, MDRData* record)
-{
-    for (int i = 0; i < event.recordType.count; ++i) {
-        const MDRField* from = MDRFldByNum(&event.recordType, i);
-        const MDRField* to = MDRFldByName(array.array, from->name);
-        bool marked = false;
-        MDRVar value;
-        if (to && MDRIsUser(from, &event.recordData, &marked) == mdr_Ok && marked &&
-            MDRGetVal(from, &event.recordData, &value) == mdr_Ok)
-            MDRSetVal(to, record, &value);
-    }
-}
 } // namespace
 
 void OrgStructTables::load(CVrkCliMod* module)
@@ -178,7 +164,6 @@ int OrgStructTables::apply(const TEventNciParse& event)
     if (!known && event.eventNumber != EventInserted)
         return OrgStruct::None;
     MDRData* edited = known ? MDARecEdit(known) : MDARecNew(changed->data.array);
-    copyMarked(event, changed->data, edited);
-    changed->data.RecPost(edited);
+    changeRecord(changed, edited, &event);
     return type;
 }

@@ -3,6 +3,7 @@
 #include "CLiteModel.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "EventRow.h"
 #include "Fields.h"
 #include "GenGuid32.h"
 #include "KeptDraft.h"
@@ -29,20 +30,7 @@ void merge(CMDArray& rows, const TEventNciParse& event)
     if (!known && event.eventNumber != EventInserted)
         return;
     MDRData* row = known ? MDARecEdit(known) : MDARecNew(rows.array);
-    for (int number = 0; number < MDAFldCount(rows.array); ++number) {
-        const MDRField* field = MDRFldByNum(&event.recordType, number);
-        bool marked = false;
-        MDRVar value;
-        if (MDRIsUser(field, &event.recordData, &marked) == mdr_Ok && marked &&
-            MDRGetVal(field, &event.recordData, &value) == mdr_Ok)
-            MDRSetVal(MDRFldByNum(rows.array, number), row, &value);
-    }
-    rows.RecPost(row);
-}
-
-bool isTable(const TEventNciParse* event, const char* name)
-{
-    return event->tableName.compare(QLatin1String(name), Qt::CaseInsensitive) == 0;
+    changeRecord(&rows, row, &event);
 }
 } // namespace
 
@@ -59,13 +47,13 @@ void RecordCreatorDialog::MessageData(TEventNciParse* event)
     m_form->templateFiller->MessageData(event);
     if (m_orgStruct)
         m_orgStruct->widget()->MessageData(event);
-    if (isTable(event, "LogbookRecords")) {
+    if (EventRow(*event).isOf("LogbookRecords")) {
         recordEvent(event);
         return;
     }
     for (const char* name :
          {"LogbookTemplates", "LogbookCatsTemplate", "Workers", "Departments", "Organizations", "OrgTypes"}) {
-        if (!isTable(event, name))
+        if (!EventRow(*event).isOf(name))
             continue;
         CModelTable* changed = table(name);
         if (isVisible() && changed)

@@ -4,7 +4,6 @@
 #include "CToolLiteModel.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
-#include "Fields.h"
 #include "GenGuid32.h"
 #include "HfnWrapper.h"
 #include "HtmlParser.h"
@@ -12,6 +11,7 @@
 #include "MarkerIcon.h"
 #include "MDRValues.h"
 #include "RecordCreatorKept.h"
+#include "Row.h"
 #include "ui_RecordCreatorDialog.h"
 
 #include <QScopedValueRollback>
@@ -22,22 +22,11 @@ namespace
 {
 const char* const CategoriesTable = "LogbookCatsTemplate";
 const char* const TemplatesTable = "LogbookTemplates";
-
-MDRData* recordWithKey(CModelTable* table, const QByteArray& key)
-{
-    if (!table || key.isEmpty())
-        return nullptr;
-    const MDRRange found = MDARecsWith(table->data.array, Field::KeyLink, key.constData());
-    return found.count > 0 ? *found.begin() : nullptr;
-}
 } // namespace
 
 void RecordCreatorDialog::setCurrentRecord(MDRData* record)
 {
-    MDRVar key;
-    if (record)
-        MDRGetVal(MDRFldByName(MDARecArr(record), Field::KeyLink), record, &key);
-    m_requestedKey = MDRValue::copy(key);
+    m_requestedKey = Row(record).key();
     if (!isVisible())
         return;
     raise();
@@ -130,7 +119,7 @@ void RecordCreatorDialog::openRecord(const QByteArray& key)
     m_conflict = false;
     m_restored = false;
     m_before = RecordDraft();
-    const MDRData* record = recordWithKey(m_records, key);
+    const MDRData* record = recordByKeyLink(m_records, key.constData());
     if (record)
         m_before.read(record, m_module->session()->codec());
     const bool draft = record && m_before.status == StatusDraft;

@@ -3,7 +3,7 @@
 #include "CModelTable.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
-#include "Fields.h"
+#include "EventRow.h"
 #include "HfnWrapper.h"
 #include "LocationInfo.h"
 #include "LogbookTables.h"
@@ -19,13 +19,6 @@
 namespace
 {
 constexpr int retryMs = 1000; ///< until a failed request is repeated
-
-MDRVar eventValue(const TEventNciParse& event, const char* field)
-{
-    MDRVar value;
-    MDRGetVal(MDRFldByName(&event.recordType, field), &event.recordData, &value);
-    return value;
-}
 
 bool isRead(const MDRVar& time)
 {
@@ -66,8 +59,8 @@ void CommentInbox::upload()
         m_isUploaded = comments.array != nullptr;
         for (int row = 0; row < comments.RecCount(); ++row) {
             const MDRData* comment = MDARec(comments.array, 0, row);
-            if (!isRead(recordValue(comment, Field::readedTime)))
-                m_unread.insert(MDRValue::copy(recordValue(comment, Field::KeyLink)));
+            if (!isRead(Row(comment).value(Field::readedTime)))
+                m_unread.insert(Row(comment).key());
         }
     }
     if (!m_isUploaded)
@@ -77,13 +70,14 @@ void CommentInbox::upload()
 
 void CommentInbox::take(const TEventNciParse& event)
 {
-    if (event.tableName.compare(QLatin1String(LogbookTable::Comments), Qt::CaseInsensitive) != 0)
+    if (!EventRow(event).isOf(LogbookTable::Comments))
         return;
     const QByteArray key(event.recordKey);
-    const Arrival arrival{key, MDRValue::copy(eventValue(event, Field::RecordKey)),
+    const Arrival arrival{key, EventRow(event).copy(Field::RecordKey),
                           announcement(event, tr("Комментарий к вашей записи. %1: %2")),
                           announcement(event, tr("Ответ на ваш комментарий. %1: %2")),
-                          event.eventNumber != EventDeleted && !isRead(eventValue(event, Field::readedTime))};
+                          event.eventNumber != EventDeleted &&
+                              !isRead(EventRow(event).value(Field::readedTime))};
     if (arrival.isUnread) {
         if (!m_unread.contains(key))
             judge(arrival);
@@ -124,13 +118,13 @@ void CommentInbox::askAgain()
 
 QString CommentInbox::announcement(const TEventNciParse& event, const QString& text) const
 {
-    const QByteArray worker = MDRValue::copy(eventValue(event, Field::WorkerKey));
+    const QByteArray worker = EventRow(event).copy(Field::WorkerKey);
     if (event.eventNumber != EventInserted || worker == m_location->workerKey().toUtf8())
         return QString();
     const QTextCodec* codec = m_module->session()->codec();
     const QString author = HfnWrapper::workerShortName(
         codec, m_location->table(QLatin1String(LogbookTable::Workers)), QString::fromUtf8(worker));
-    return text.arg(author, codec->toUnicode(MDRValue::bytes(eventValue(event, Field::text_))));
+    return text.arg(author, EventRow(event).text(Field::text_, codec));
 }
 
 bool CommentInbox::tellAnswer(const Arrival& arrival)
@@ -146,7 +140,7 @@ bool CommentInbox::tellAnswer(const Arrival& arrival)
     const QByteArray worker = m_location->workerKey().toUtf8();
     for (int row = 0; row < comments.RecCount(); ++row) {
         const MDRData* comment = MDARec(comments.array, 0, row);
-        if (MDRValue::bytes(recordValue(comment, Field::WorkerKey)) == worker) {
+        if (Row(comment).bytes(Field::WorkerKey) == worker) {
             emit arrived(arrival.answer);
             break;
         }
@@ -167,7 +161,7 @@ CommentInbox::Answer CommentInbox::isOwnRecord(const QByteArray& recordKey)
         return Answer::Unknown;
     if (answer.RecCount() == 0)
         return Answer::No; // asked again with the next comment
-    const MDRVar worker = recordValue(MDARec(answer.array, 0, 0), Field::WorkerKey);
+    const MDRVar worker = Row(MDARec(answer.array, 0, 0)).value(Field::WorkerKey);
     const bool isOwn =
         MDRValue::hasText(worker) && MDRValue::bytes(worker) == m_location->workerKey().toUtf8();
     m_isOwn.insert(recordKey, isOwn);

@@ -47,7 +47,6 @@ private:
     bool changeRow(CModelTable& table, TEventNciParse* event);
     bool deleteRow(CModelTable& table, TEventNciParse* event);
     CModelTable* eventTable(const TEventNciParse* event);
-    MDRData* recordOf(const MDRData* attachment) const;
     /// Updates the view after a change of the record's comments or files.
     void updateAttachments(const CModelTable& table, MDRData* record);
 

@@ -1,8 +1,8 @@
 #include "CommentsPane.h"
 #include "CommentsWidget.h"
+#include "EventRow.h"
 #include "FilesPane.h"
 #include "LocationInfo.h"
-#include "LogbookFields.h"
 #include "PageMessages.h"
 #include "RecordColumns.h"
 #include "RecordValue.h"
@@ -32,19 +32,14 @@ bool CommentsWidget::MessageData(TEventNciParse* event)
 
 CModelTable* CommentsWidget::eventTable(const TEventNciParse* event)
 {
-    for (CModelTable* own : {&m_records, &m_comments, &m_files})
-        if (event->tableName.compare(QLatin1String(own->name.c_str()), Qt::CaseInsensitive) == 0)
-            return own;
-    return nullptr;
+    return tableOf(event, {&m_records, &m_comments, &m_files});
 }
 
 /// A new record of the user gets a row at once, which the filter hides until it has a comment.
 bool CommentsWidget::insertRecord(TEventNciParse* event)
 {
-    CRowBatch rows(LogbookRecordFields, fieldCount(LogbookRecordFields));
-    const MDRData* row = changeRecord(&rows, MDARecNew(rows.array), event);
-    const MDRVar worker = recordValue(row, Field::WorkerKey);
-    if (!MDRValue::hasText(worker) || MDRValue::bytes(worker) != m_location->workerKey().toUtf8())
+    const QByteArray worker = EventRow(*event).copy(Field::WorkerKey);
+    if (worker.isEmpty() || worker != m_location->workerKey().toUtf8())
         return false;
     m_tableTool->model()->beginAppendRows(1);
     m_preparer.prepareRecord(changeRecord(&m_records, MDARecNew(m_records.data.array), event));
@@ -56,9 +51,7 @@ bool CommentsWidget::insertRecord(TEventNciParse* event)
 /// Deliberate: loads the comment's record without checking its author.
 bool CommentsWidget::insertComment(TEventNciParse* event)
 {
-    MDRVar value;
-    MDRGetVal(MDRFldByName(&event->recordType, Field::RecordKey), &event->recordData, &value);
-    const QByteArray key = MDRValue::copy(value);
+    const QByteArray key = EventRow(*event).copy(Field::RecordKey);
     MDRData* record = recordByKeyLink(&m_records, key.constData());
     if (!record)
         record = uploadRecord(key.constData());
@@ -75,7 +68,7 @@ bool CommentsWidget::insertComment(TEventNciParse* event)
 bool CommentsWidget::insertFile(TEventNciParse* event)
 {
     MDRData* file = changeRecord(&m_files, MDARecNew(m_files.data.array), event);
-    MDRData* record = recordOf(file);
+    MDRData* record = recordOf(m_records, Row(file));
     if (!record) {
         m_files.data.lastError = MDARecDel(file);
         return true;
@@ -98,7 +91,7 @@ bool CommentsWidget::changeRow(CModelTable& table, TEventNciParse* event)
         emit titleChanged();
         return true;
     }
-    updateAttachments(table, recordOf(row));
+    updateAttachments(table, recordOf(m_records, Row(row)));
     if (&table == &m_comments)
         emit titleChanged();
     return true;
@@ -116,7 +109,7 @@ bool CommentsWidget::deleteRow(CModelTable& table, TEventNciParse* event)
         m_tableTool->model()->endRemoveRecord();
         return true;
     }
-    MDRData* record = recordOf(row);
+    MDRData* record = recordOf(m_records, Row(row));
     table.data.lastError = MDARecDel(row);
     if (!record)
         return true;
@@ -126,12 +119,6 @@ bool CommentsWidget::deleteRow(CModelTable& table, TEventNciParse* event)
         m_preparer.prepareRecordFile(record);
     updateAttachments(table, record);
     return true;
-}
-
-MDRData* CommentsWidget::recordOf(const MDRData* attachment) const
-{
-    const MDRVar key = recordValue(attachment, Field::RecordKey);
-    return MDRValue::hasText(key) ? recordByKeyLink(&m_records, key.value.text.data) : nullptr;
 }
 
 void CommentsWidget::updateAttachments(const CModelTable& table, MDRData* record)

@@ -18,7 +18,7 @@ int percentFound(const CMDArray& old, const CMDArray& present)
     int found = 0;
     const int rows = old.RecCount();
     for (int i = 0; i < rows; ++i) {
-        const MDRVar name = recordValue(MDARec(old.array, 0, i), Field::name_);
+        const MDRVar name = Row(MDARec(old.array, 0, i)).value(Field::name_);
         if (!MDRValue::hasText(name) || MDARecSeekV(present.array, 1, &name, 0))
             ++found;
     }
@@ -43,7 +43,7 @@ void ConverterTables::setKeys()
 
 QString ConverterTables::text(const MDRData* record, const char* field) const
 {
-    return codec->toUnicode(MDRValue::bytes(recordValue(record, field)));
+    return codec->toUnicode(MDRValue::bytes(Row(record).value(field)));
 }
 
 MDRData* ConverterTables::seek(const CModelTable& table, int key, const QString& text) const

@@ -65,8 +65,7 @@ void ParamRules::convert(const MDRData* old)
     const QString name = m_tables->text(old, Field::nameLat);
     const bool isDate = ParamText::contains(param, "DateTimeFormat");
     const bool isEnum = !isDate && ParamText::contains(param, "Enum");
-    const bool isReference =
-        !isDate && !isEnum && (!param.isEmpty() || MDRValue::hasText(recordValue(old, Field::TableKey)));
+    const bool isReference = !isDate && !isEnum && (!param.isEmpty() || Row(old).has(Field::TableKey));
     if (isReference) {
         note(old, ConversionReport::Reference);
     } else if (isDate && layoutOf(param).isEmpty()) {
@@ -214,7 +213,7 @@ void ParamRules::indexBaseNames()
 
 QString ParamRules::baseName(const MDRData* old) const
 {
-    if (!isNull(recordValue(old, Field::param))) {
+    if (!isNull(Row(old).value(Field::param))) {
         const QString param = m_tables->text(old, Field::param);
         if (ParamText::contains(param, "Equipment"))
             return ParamText::equipmentParameter(param);

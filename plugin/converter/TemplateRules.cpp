@@ -15,13 +15,13 @@ namespace
 {
 bool isNull(const MDRData* record, const char* field)
 {
-    const MDRVar value = recordValue(record, field);
+    const MDRVar value = Row(record).value(field);
     return value.type == mdr_TNone || value.isNull;
 }
 
 QByteArray key(const MDRData* record, const char* field)
 {
-    return MDRValue::copy(recordValue(record, field));
+    return MDRValue::copy(Row(record).value(field));
 }
 
 /// Sets a field with the user mark; empty bytes are null.
@@ -112,7 +112,7 @@ void TemplateRules::processTemplates(const MDRData* oldCategory, const MDRData* 
 {
     const QByteArray category = key(newCategory, Field::KeyLink);
     for (const MDRData* row : m_templates.value(key(oldCategory, Field::KeyLink))) {
-        if (MDRValue::hasText(recordValue(row, Field::text_)))
+        if (Row(row).has(Field::text_))
             convert(row, category);
     }
 }
@@ -135,7 +135,7 @@ void TemplateRules::convert(const MDRData* old, const QByteArray& category)
                                                              {Field::canEndShift, "close_wshift"},
                                                              {Field::isNecessaryFinishTime, "time_exec"}};
     for (const auto& [field, property] : flags)
-        if (isSet(recordValue(old, field)))
+        if (isSet(Row(old).value(field)))
             parser.setTemplateProperty(property, true);
     setMarker(&parser, old, Field::icon, "first_mark",
               ConversionReport::tr("Не найдена иконка 1-го маркера: %1"), &losses);

@@ -30,15 +30,15 @@ void RecordTitle::showRecord(const MDRData* record, CVrkCliSes* session, CModelT
     if (!record)
         return;
     const QTextCodec* codec = session->codec();
-    const MDRVar time = recordValue(record, Field::recordTime);
+    const MDRVar time = Row(record).value(Field::recordTime);
     QStringList words;
     if (MDRValue::hasTime(time))
         words << session->HfnTimeToSesTime(time.value.real).toString(QStringLiteral("dd.MM.yyyy hh:mm"));
-    const QString author = HfnWrapper::workerShortName(
-        codec, workers, QString::fromUtf8(MDRValue::bytes(recordValue(record, Field::WorkerKey))));
+    const QString author =
+        HfnWrapper::workerShortName(codec, workers, QString::fromUtf8(Row(record).bytes(Field::WorkerKey)));
     if (!author.isEmpty())
         words << author;
-    const QString html = codec->toUnicode(MDRValue::bytes(recordValue(record, Field::html)));
+    const QString html = Row(record).text(Field::html, codec);
     m_lines = QStringList{tr("Запись: %1").arg(words.join(QStringLiteral(", "))),
                           TemplateText::plain(html).left(longestText).simplified()};
     setToolTip(ShownText::tip(m_lines.join(QLatin1Char('\n'))));

@@ -36,7 +36,7 @@ bool CVrkLogBook::showRecord(const QByteArray& recordKey)
         showError(tr("Запись не найдена: её могли удалить."));
         return false;
     }
-    const QByteArray departmentKey = MDRValue::copy(recordValue(row, Field::DepartmentKey));
+    const QByteArray departmentKey = Row(row).copy(Field::DepartmentKey);
     LogBookWidget* logbook = home();
     if (departmentKey == logbook->location()->departmentKey().toUtf8()) {
         m_form->logbooks->setCurrentWidget(logbook);
@@ -44,12 +44,11 @@ bool CVrkLogBook::showRecord(const QByteArray& recordKey)
         const MDRVar key = MDRValue::text(departmentKey);
         const MDRData* department = MDARecSeekV(m_departments->data.array, 0, &key, 0);
         const MDRVar organization =
-            department ? recordValue(department, Field::OrganizationKey) : MDRValue::null();
+            department ? Row(department).value(Field::OrganizationKey) : MDRValue::null();
         appendLogbook(QString::fromUtf8(MDRValue::copy(organization)), QString::fromUtf8(departmentKey));
         logbook = currentLogBook();
     }
-    const bool isShown =
-        logbook->showRecord(QString::fromUtf8(MDRValue::copy(recordValue(row, Field::KeyLink))), recordKey);
+    const bool isShown = logbook->showRecord(QString::fromUtf8(Row(row).key()), recordKey);
     if (!isShown)
         showError(tr("Запись не найдена: её могли удалить."));
     return isShown;

@@ -47,7 +47,7 @@ void CommentsPane::reload(const MDRData* record)
         button->setEnabled(false);
     if (!record)
         return;
-    const MDRVar key = recordValue(record, Field::KeyLink);
+    const MDRVar key = Row(record).value(Field::KeyLink);
     if (!MDRValue::hasText(key)) {
         LogText::warn(signature("void %1::reloadComments(MDRData*)"),
                       QStringLiteral("can not reload comments - KeyLink is empty!"));
@@ -75,15 +75,15 @@ void CommentsPane::list(const MDRData* comment)
     };
     const QTextCodec* codec = source().module->session()->codec();
     CModelTable* workers = source().location->table(QLatin1String(LogbookTable::Workers));
-    const QString author = QString::fromUtf8(MDRValue::copy(recordValue(comment, Field::WorkerKey)));
-    const MDRVar readed = recordValue(comment, Field::readedTime);
+    const QString author = QString::fromUtf8(Row(comment).copy(Field::WorkerKey));
+    const MDRVar readed = Row(comment).value(Field::readedTime);
     const bool isRead = MDRValue::hasTime(readed) && readed.value.real > 0.0;
 
-    auto* item = new QListWidgetItem(codec->toUnicode(MDRValue::bytes(recordValue(comment, Field::text_))));
+    auto* item = new QListWidgetItem(Row(comment).text(Field::text_, codec));
     item->setToolTip(isRead ? tr("Прочитано %1").arg(timeText(readed)) : QString());
-    item->setData(CommentKeyRole, QString::fromUtf8(MDRValue::copy(recordValue(comment, Field::KeyLink))));
+    item->setData(CommentKeyRole, QString::fromUtf8(Row(comment).key()));
     item->setData(CommentAuthorRole, HfnWrapper::workerShortName(codec, workers, author));
-    item->setData(CommentTimeRole, timeText(recordValue(comment, Field::commentTime)));
+    item->setData(CommentTimeRole, timeText(Row(comment).value(Field::commentTime)));
     if (isMine(comment))
         item->setData(CommentIsMineRole, true);
     item->setData(CommentIsReadRole, isRead);
@@ -98,7 +98,7 @@ QString CommentsPane::keyOf(const QListWidgetItem* item) const
 bool CommentsPane::isUnread(const QListWidgetItem* item) const
 {
     const MDRData* comment = row(keyOf(item));
-    return comment && !MDRValue::hasTime(recordValue(comment, Field::readedTime));
+    return comment && !Row(comment).has(Field::readedTime);
 }
 
 void CommentsPane::updateButtons()

@@ -40,7 +40,7 @@ void CommentsPane::nameRecord(const MDRData* record)
 QString CommentsPane::currentRecordKey() const
 {
     const MDRData* record = source().currentRecord();
-    return record ? QString::fromUtf8(MDRValue::copy(recordValue(record, Field::KeyLink))) : QString();
+    return record ? QString::fromUtf8(Row(record).key()) : QString();
 }
 
 void CommentsPane::showKept(const KeptTexts::Text& text)
@@ -58,8 +58,7 @@ QString CommentsPane::replacementWarning(const QString& commentKey) const
     const MDRData* old = row(commentKey);
     if (!old)
         return tr("Текст не будет записан: комментария, который вы меняли последним, здесь уже нет.");
-    QString text =
-        source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(old, Field::text_)));
+    QString text = Row(old).text(Field::text_, source().module->session()->codec());
     text = text.simplified();
     if (text.size() > shown)
         text = text.left(shown) + QStringLiteral("…");
@@ -75,8 +74,7 @@ void CommentsPane::changeCommentRequest()
         return;
     m_editor->setCommentKey(key);
     m_editor->setRecordKey(currentRecordKey());
-    m_editor->setText(
-        source().module->session()->codec()->toUnicode(MDRValue::bytes(recordValue(comment, Field::text_))));
+    m_editor->setText(Row(comment).text(Field::text_, source().module->session()->codec()));
     m_editor->warn(QString());
     showEditor();
 }
@@ -101,7 +99,7 @@ void CommentsPane::upsertComment(const QString& commentKey, const QString& text)
             return;
         }
         written = batch.newRow(ROW_UPDATE, commentKey.toUtf8());
-        const MDRVar record = recordValue(old, Field::RecordKey);
+        const MDRVar record = Row(old).value(Field::RecordKey);
         MDRSetVal(MDRFldByName(batch.array, Field::RecordKey), written, &record);
     } else {
         written = newComment(batch, now);
@@ -117,7 +115,7 @@ void CommentsPane::upsertComment(const QString& commentKey, const QString& text)
         return;
     }
     const auto keyText = [written](const char* field) {
-        return QString::fromUtf8(MDRValue::copy(recordValue(written, field)));
+        return QString::fromUtf8(MDRValue::copy(Row(written).value(field)));
     };
     LogText::warn(
         function,
@@ -140,10 +138,10 @@ MDRData* CommentsPane::newComment(CRowBatch& batch, double now) const
     const MDRData* record = source().currentRecord();
     if (!record)
         return failed("not selected!");
-    const MDRVar recordKey = recordValue(record, Field::KeyLink);
+    const MDRVar recordKey = Row(record).value(Field::KeyLink);
     if (!MDRValue::hasText(recordKey))
         return failed("does not contains KeyLink!");
-    const MDRVar author = recordValue(record, Field::WorkerKey);
+    const MDRVar author = Row(record).value(Field::WorkerKey);
     if (!MDRValue::hasText(author))
         return failed("does not contains WorkerKey!");
 
@@ -196,7 +194,7 @@ void CommentsPane::setCommentReaded(const QListWidgetItem* item, CRowBatch& batc
 {
     const QString key = keyOf(item);
     const MDRData* comment = row(key);
-    if (!comment || !m_habits.isReaded(recordValue(comment, Field::readedTime)))
+    if (!comment || !m_habits.isReaded(Row(comment).value(Field::readedTime)))
         setCommentReaded(key, batch);
 }
 

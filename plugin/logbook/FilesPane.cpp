@@ -39,7 +39,7 @@ void FilesPane::reload(const MDRData* record)
         button->setEnabled(false);
     if (!record)
         return;
-    const MDRVar key = recordValue(record, Field::KeyLink);
+    const MDRVar key = Row(record).value(Field::KeyLink);
     if (!MDRValue::hasText(key)) {
         LogText::warn(signature("void %1::reloadFiles(MDRData*)"),
                       QStringLiteral("can not reload files - KeyLink is empty!"));
@@ -61,7 +61,7 @@ void FilesPane::reload(const MDRData* record)
     int asked = -1;
     for (const MDRData* file : files) {
         const QString name = nameOf(file);
-        const QString fileKey = QString::fromUtf8(MDRValue::copy(recordValue(file, Field::KeyLink)));
+        const QString fileKey = QString::fromUtf8(Row(file).key());
         auto* item = new QTableWidgetItem(name);
         item->setData(Qt::UserRole, fileKey);
         item->setData(Qt::DecorationRole, iconOf(name));
@@ -109,8 +109,7 @@ MDRData* FilesPane::currentFile() const
 
 QString FilesPane::nameOf(const MDRData* file) const
 {
-    return source().module->session()->codec()->toUnicode(
-        MDRValue::bytes(recordValue(file, Field::fileName)));
+    return Row(file).text(Field::fileName, source().module->session()->codec());
 }
 
 void FilesPane::updateButtons()

@@ -56,7 +56,7 @@ bool write(const QString& path, const QByteArray& content)
 void FilesPane::createFileRequest()
 {
     // The key alone: while the user looks for a file, the record may go.
-    const QByteArray recordKey = MDRValue::copy(recordValue(source().currentRecord(), Field::KeyLink));
+    const QByteArray recordKey = Row(source().currentRecord()).key();
     if (recordKey.isEmpty())
         return;
     const QString path = Desktop::current().askOpenFile(m_page, tr("Выбор файла"), desktopFolder());

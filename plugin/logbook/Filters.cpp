@@ -8,7 +8,7 @@ bool FilterByStatus::isAcceptRow(const CMDArray*, MDRData* record) const
 {
     if (!isEnabled() || !hasStatus(record, StatusDraft))
         return true;
-    return !m_shown.isEmpty() && MDRValue::bytes(recordValue(record, Field::KeyLink)) == m_shown;
+    return !m_shown.isEmpty() && Row(record).bytes(Field::KeyLink) == m_shown;
 }
 
 void FilterByStatus::setShown(const QByteArray& recordKey)
@@ -34,11 +34,11 @@ bool FilterUnreadedComments::isAcceptRow(const CMDArray*, MDRData* record) const
 {
     if (!isEnabled())
         return true;
-    const MDRVar key = recordValue(record, Field::KeyLink);
+    const MDRVar key = Row(record).value(Field::KeyLink);
     if (!MDRValue::hasText(key))
         return false;
     for (const MDRData* comment : MDARecsWith(m_comments->data.array, Field::RecordKey, key.value.text.data))
-        if (!MDRValue::hasTime(recordValue(comment, Field::readedTime)))
+        if (!Row(comment).has(Field::readedTime))
             return true;
     return false;
 }

@@ -18,7 +18,7 @@ QVariant IconCell::data(const AbstractHfnCellData& cell) const
         return QVariant();
     if (cell.role != Qt::DecorationRole)
         return AbstractHfnCellConversion::data(cell);
-    const MDRVar value = recordValue(cell.record, m_field);
+    const MDRVar value = Row(cell.record).value(m_field);
     if (value.isNull || (value.type != mdr_TInt32 && value.type != mdr_TBool))
         return QVariant();
     const int number = value.type == mdr_TBool ? int(isSet(value)) : value.value.number;
@@ -61,7 +61,7 @@ QVariant SignCell::data(const AbstractHfnCellData& cell) const
         return QVariant();
     if (cell.role != Qt::DecorationRole && cell.role != Qt::ToolTipRole)
         return AbstractHfnCellConversion::data(cell);
-    const MDRVar visa = recordValue(cell.record, Field::VisaWorkerKey);
+    const MDRVar visa = Row(cell.record).value(Field::VisaWorkerKey);
     if (!MDRValue::hasText(visa))
         return QVariant();
     if (cell.role == Qt::DecorationRole)

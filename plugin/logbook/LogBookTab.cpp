@@ -1,13 +1,12 @@
 #include "LogBookTab.h"
 
-#include "CModelTable.h"
 #include "CommentsPane.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "EmptyHint.h"
+#include "EventRow.h"
 #include "Fields.h"
 #include "FilesPane.h"
-#include "MDRValues.h"
 #include "MessageListDelegate.h"
 #include "PageMessages.h"
 #include "PaneRoom.h"
@@ -159,48 +158,26 @@ MDRData* LogBookTab::currentRecord() const
     return m_tableTool ? m_tableTool->currentRecord() : nullptr;
 }
 
-MDRData* LogBookTab::recordByKeyLink(const CModelTable* table, const char* key) const
+CModelTable* LogBookTab::tableOf(const TEventNciParse* event, std::initializer_list<CModelTable*> tables)
 {
-    if (!table || !key || *key == '\0' || table->data.RecCount() == 0)
-        return nullptr;
-    const MDRRange found = MDARecsWith(table->data.array, Field::KeyLink, key);
-    return found.count > 0 ? found.data[0] : nullptr;
+    const EventRow row(*event);
+    for (CModelTable* table : tables)
+        if (row.isOf(table->name.c_str()))
+            return table;
+    return nullptr;
 }
 
-MDRData* LogBookTab::changeRecord(CMDArray* array, MDRData* record, TEventNciParse* event) const
+MDRData* LogBookTab::recordOf(const CModelTable& records, const Row& attachment)
 {
-    if (!array || !record)
-        return nullptr;
-    for (int i = 0; i < event->recordType.count; ++i) {
-        const MDRField* field = MDRFldByNum(&event->recordType, i);
-        bool isMarked = false;
-        MDRIsUser(field, &event->recordData, &isMarked);
-        if (!isMarked)
-            continue;
-        bool isNull = false;
-        MDRIsNull(field, &event->recordData, &isNull);
-        // By position: the handle is of the event's type.
-        if (isNull && field->type == mdr_TBlob) {
-            leaveInStore(field, record, event);
-            continue;
-        }
-        MDRVar value = MDRValue::null();
-        if (!isNull)
-            MDRGetVal(field, &event->recordData, &value);
-        MDRSetVal(field, record, &value);
-    }
-    return array->RecPost(record);
+    return recordByKeyLink(&records, attachment.copy(Field::RecordKey).constData());
 }
 
-void LogBookTab::leaveInStore(const MDRField* field, MDRData* record, const TEventNciParse* event) const
+MDRData* LogBookTab::changeRecord(CMDArray* array, MDRData* record, const TEventNciParse* event) const
 {
-    // Events carry no contents of files: the store gives them when they are asked for.
-    MDRSetBlobSource(
-        field, record, 0,
-        m_module->session()->blobSource(event->tableName.toLatin1(), field->name, event->recordKey));
+    return ::changeRecord(array, record, event, m_module->session());
 }
 
-MDRData* LogBookTab::changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event) const
+MDRData* LogBookTab::changeRecord(CModelTable* table, MDRData* record, const TEventNciParse* event) const
 {
-    return table ? changeRecord(&table->data, record, event) : nullptr;
+    return ::changeRecord(table, record, event, m_module->session());
 }

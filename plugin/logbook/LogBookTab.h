@@ -5,6 +5,7 @@
 #include "TEventNciParse.h"
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <QModelIndexList>
 #include <QWidget>
@@ -17,6 +18,7 @@ class LocationInfo;
 class PageMessages;
 class PaneRoom;
 class RecordColumns;
+class Row;
 class QAction;
 class VrkTableTool;
 struct MDRVar;
@@ -60,12 +62,14 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
 
-    /// The first record with this KeyLink, or null; also null for a null table and an empty key.
-    MDRData* recordByKeyLink(const CModelTable* table, const char* key) const;
+    /// That of these tables which an event is about, or null.
+    static CModelTable* tableOf(const TEventNciParse* event, std::initializer_list<CModelTable*> tables);
+    /// The record that a comment or a file belongs to, or null.
+    static MDRData* recordOf(const CModelTable& records, const Row& attachment);
     /// Takes the marked fields of the event's row over into \a record, field by position, and posts it.
     /// Returns the posted record; null when there is nothing to change.
-    MDRData* changeRecord(CMDArray* array, MDRData* record, TEventNciParse* event) const;
-    MDRData* changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event) const;
+    MDRData* changeRecord(CMDArray* array, MDRData* record, const TEventNciParse* event) const;
+    MDRData* changeRecord(CModelTable* table, MDRData* record, const TEventNciParse* event) const;
 
     /// What the panes of one page have that those of another have not; the tables belong to the page.
     struct Annex {
@@ -98,7 +102,6 @@ protected:
 
 private:
     void configureForm();
-    void leaveInStore(const MDRField* field, MDRData* record, const TEventNciParse* event) const;
     QModelIndexList matcheIndexes(const QString& text) const;
     void setCurrentIndex(const QModelIndex& index);
     void search(const QString& text);

@@ -211,12 +211,13 @@ private:
     // LogBookWidget_events.cpp
     /// The event concerns the department of this page. Compares table names with case, unlike the dispatch.
     bool isSuitableNCI(TEventNciParse* event);
+    /// The department of a workshift that is loaded here; empty when it is not.
+    QByteArray departmentOf(const QByteArray& workshiftKey) const;
     CModelTable* eventTable(const TEventNciParse* event);
     bool insertRow(TEventNciParse* event);
     bool insertAttachment(CModelTable& table, TEventNciParse* event);
     bool changeRow(TEventNciParse* event);
     bool deleteRow(TEventNciParse* event);
-    MDRData* recordOf(const MDRData* attachment);
     void updateAttachments(const CModelTable& table, MDRData* record);
     void reloadTemplates();
     void closeShiftDialogs();

@@ -16,7 +16,7 @@ namespace
 {
 HtmlParser parserOf(const MDRData* record)
 {
-    return templateOf(recordValue(record, Field::html));
+    return templateOf(Row(record).value(Field::html));
 }
 
 bool hasFilledProperty(const MDRData* record, const char* name)
@@ -34,7 +34,7 @@ QString nameOf(const CModelTable* table, const QString& keyLink, QTextCodec* cod
     const QByteArray key = keyLink.toUtf8();
     MDRVar value = MDRValue::text(key);
     const MDRData* row = MDARecSeekV(table->data.array, 0, &value, 0);
-    return row ? codec->toUnicode(MDRValue::bytes(recordValue(row, Field::name_))) : QString();
+    return row ? Row(row).text(Field::name_, codec) : QString();
 }
 } // namespace
 
@@ -50,9 +50,7 @@ QString LogBookWidget::title() const
 
 QString LogBookWidget::workshiftKeyLink() const
 {
-    return m_currentWorkshift
-               ? QString::fromUtf8(MDRValue::copy(recordValue(m_currentWorkshift, Field::KeyLink)))
-               : QString();
+    return m_currentWorkshift ? QString::fromUtf8(Row(m_currentWorkshift).key()) : QString();
 }
 
 QDateTime LogBookWidget::displayedPeriodStart() const
@@ -60,7 +58,7 @@ QDateTime LogBookWidget::displayedPeriodStart() const
     if (m_mode == ArchiveInterval)
         return m_intervalStart;
     return m_currentWorkshift ? m_module->session()->HfnTimeToSesTime(
-                                    recordValue(m_currentWorkshift, Field::startTime).value.real)
+                                    Row(m_currentWorkshift).value(Field::startTime).value.real)
                               : QDateTime();
 }
 
@@ -69,18 +67,18 @@ QDateTime LogBookWidget::displayedPeriodEnd() const
     if (m_mode == ArchiveInterval)
         return m_intervalEnd;
     return m_currentWorkshift ? m_module->session()->HfnTimeToSesTime(
-                                    recordValue(m_currentWorkshift, Field::endTime).value.real)
+                                    Row(m_currentWorkshift).value(Field::endTime).value.real)
                               : QDateTime();
 }
 
 bool LogBookWidget::isOpenWorkshift() const
 {
-    return m_currentWorkshift && !MDRValue::hasText(recordValue(m_currentWorkshift, Field::CloseWorkerKey));
+    return m_currentWorkshift && !Row(m_currentWorkshift).has(Field::CloseWorkerKey);
 }
 
 bool LogBookWidget::isCloseWorkshift() const
 {
-    return !m_currentWorkshift || MDRValue::hasText(recordValue(m_currentWorkshift, Field::CloseWorkerKey));
+    return !m_currentWorkshift || Row(m_currentWorkshift).has(Field::CloseWorkerKey);
 }
 
 bool LogBookWidget::isWorkerInWorkshift() const
@@ -88,15 +86,14 @@ bool LogBookWidget::isWorkerInWorkshift() const
     if (!m_currentWorkshift)
         return false;
     const QByteArray worker = m_location->workerKey().toUtf8();
-    if (MDRValue::bytes(recordValue(m_currentWorkshift, Field::OpenWorkerKey)) == worker)
+    if (Row(m_currentWorkshift).bytes(Field::OpenWorkerKey) == worker)
         return true;
-    const MDRVar workshift = recordValue(m_currentWorkshift, Field::KeyLink);
+    const MDRVar workshift = Row(m_currentWorkshift).value(Field::KeyLink);
     if (!MDRValue::hasText(workshift))
         return false;
     for (const MDRData* row :
          MDARecsWith(m_crew.data.array, Field::WorkshiftKey, workshift.value.text.data)) {
-        if (isSet(recordValue(row, Field::opening)) &&
-            MDRValue::bytes(recordValue(row, Field::WorkerKey)) == worker)
+        if (Row(row).isSet(Field::opening) && Row(row).bytes(Field::WorkerKey) == worker)
             return true;
     }
     return false;
@@ -163,7 +160,7 @@ bool LogBookWidget::isExistMyDrafts() const
 bool LogBookWidget::isRecordCopyable() const
 {
     const MDRData* record = currentRecord();
-    if (!record || !hasStatus(record, StatusApproved) || !MDRValue::hasText(recordValue(record, Field::html)))
+    if (!record || !hasStatus(record, StatusApproved) || !Row(record).has(Field::html))
         return false;
     const HtmlParser parser = parserOf(record);
     return !parser.isExistTemplateProperty("open_wshift") && !parser.isExistTemplateProperty("close_wshift");
@@ -180,19 +177,19 @@ bool LogBookWidget::isRecordPastable() const
 bool LogBookWidget::isRecordHasOrigin() const
 {
     const MDRData* record = currentRecord();
-    return record && MDRValue::hasText(recordValue(record, Field::OriginRecordKey));
+    return record && Row(record).has(Field::OriginRecordKey);
 }
 
 bool LogBookWidget::isFirstMarkSetted() const
 {
     const MDRData* record = currentRecord();
-    return record && MDRValue::hasTime(recordValue(record, Field::firstMarkTime));
+    return record && Row(record).has(Field::firstMarkTime);
 }
 
 bool LogBookWidget::isSecondMarkSetted() const
 {
     const MDRData* record = currentRecord();
-    return record && MDRValue::hasTime(recordValue(record, Field::secondMarkTime));
+    return record && Row(record).has(Field::secondMarkTime);
 }
 
 bool LogBookWidget::isFirstMarkSettable() const

@@ -15,22 +15,17 @@
 
 namespace
 {
-QByteArray keyOf(const MDRData* record)
-{
-    return MDRValue::copy(recordValue(record, Field::KeyLink));
-}
-
 /// Adds a row that sets the status of a record.
 void addStatus(CRowBatch& batch, const MDRData* record, RecordStatus status)
 {
-    MDRData* row = batch.newRow(ROW_UPDATE, keyOf(record));
+    MDRData* row = batch.newRow(ROW_UPDATE, Row(record).key());
     batch.SetValF(row, Field::status, MDRValue::number(status));
     batch.RecPost(row);
 }
 
 void addDeletion(CRowBatch& batch, const MDRData* record)
 {
-    batch.RecPost(batch.newRow(ROW_DELETE, keyOf(record)));
+    batch.RecPost(batch.newRow(ROW_DELETE, Row(record).key()));
 }
 } // namespace
 
@@ -128,7 +123,7 @@ void LogBookWidget::deleteRecordRequest()
     } else if (hasStatus(record, StatusDraft) && !deleteRecord(record)) {
         LogText::warn(QStringLiteral("void LogBookWidget::deleteRecordRequest()"),
                       LogText::fill(QStringLiteral("failed delete record %1 with status %2 from table %3"),
-                                    {QString::fromUtf8(keyOf(record)), QString::number(StatusDraft),
+                                    {QString::fromUtf8(Row(record).key()), QString::number(StatusDraft),
                                      QLatin1String(LogbookTable::Records)}));
         showError(tr("Ошибка удаления записи"), tr("Не удалось удалить запись!"));
     }
@@ -143,7 +138,7 @@ void LogBookWidget::deleteRecordAnswer(QAbstractButton* button)
         return;
     LogText::warn(QStringLiteral("void LogBookWidget::deleteRecordAnswer(QAbstractButton*)"),
                   LogText::fill(QStringLiteral("failed set status %1 for record %2 in table %3"),
-                                {QString::number(StatusDeleted), QString::fromUtf8(keyOf(record)),
+                                {QString::number(StatusDeleted), QString::fromUtf8(Row(record).key()),
                                  QLatin1String(LogbookTable::Records)}));
     showError(tr("Ошибка удаления записи"), tr("Не удалось удалить запись!"));
 }
@@ -187,8 +182,8 @@ void LogBookWidget::approveRecordRequest()
     const MDRData* record = currentRecord();
     if (!record)
         return;
-    if (templateOf(recordValue(record, Field::html)).isExistTemplateProperty("time_exec") &&
-        !MDRValue::hasTime(recordValue(record, Field::executionTime))) {
+    if (templateOf(Row(record).value(Field::html)).isExistTemplateProperty("time_exec") &&
+        !Row(record).has(Field::executionTime)) {
         showMsgBox(tr("Утверждение записи"),
                    LogText::centered(tr("Не внесено время выполнения! После утверждения редактирование "
                                         "записи запрещено! Продолжить?")),
@@ -213,9 +208,10 @@ void LogBookWidget::approveRecord()
     addStatus(batch, record, StatusApproved);
     if (send(batch))
         return;
-    LogText::warn(QStringLiteral("void LogBookWidget::approveRecord()"),
-                  LogText::fill(QStringLiteral("error approve record! Data: Table(%1), KeyLink(%2)"),
-                                {QLatin1String(LogbookTable::Records), QString::fromUtf8(keyOf(record))}));
+    LogText::warn(
+        QStringLiteral("void LogBookWidget::approveRecord()"),
+        LogText::fill(QStringLiteral("error approve record! Data: Table(%1), KeyLink(%2)"),
+                      {QLatin1String(LogbookTable::Records), QString::fromUtf8(Row(record).key())}));
     showError(tr("Ошибка"), tr("Не удалось утвердить запись!"));
 }
 
@@ -244,7 +240,7 @@ void LogBookWidget::approveDrafts(bool onlyMine, const char* signature)
 void LogBookWidget::addVisa(CRowBatch& batch, const MDRData* record) const
 {
     const QByteArray worker = m_location->workerKey().toUtf8();
-    MDRData* row = batch.newRow(ROW_UPDATE, keyOf(record));
+    MDRData* row = batch.newRow(ROW_UPDATE, Row(record).key());
     batch.SetValF(row, Field::VisaWorkerKey, MDRValue::text(worker));
     batch.RecPost(row);
 }
@@ -258,9 +254,10 @@ void LogBookWidget::signRecordRequest()
     addVisa(batch, record);
     if (send(batch))
         return;
-    LogText::warn(QStringLiteral("void LogBookWidget::signRecordRequest()"),
-                  LogText::fill(QStringLiteral("error sign record! Data: Table(%1), KeyLink(%2)"),
-                                {QLatin1String(LogbookTable::Records), QString::fromUtf8(keyOf(record))}));
+    LogText::warn(
+        QStringLiteral("void LogBookWidget::signRecordRequest()"),
+        LogText::fill(QStringLiteral("error sign record! Data: Table(%1), KeyLink(%2)"),
+                      {QLatin1String(LogbookTable::Records), QString::fromUtf8(Row(record).key())}));
     showError(tr("Ошибка"), tr("Не удалось поставить визу на запись!"));
 }
 
@@ -282,7 +279,7 @@ void LogBookWidget::signAllRecordsRequest()
 
 void LogBookWidget::goToOriginRecord()
 {
-    const MDRVar key = recordValue(currentRecord(), Field::OriginRecordKey);
+    const MDRVar key = Row(currentRecord()).value(Field::OriginRecordKey);
     if (!MDRValue::hasText(key))
         return;
     if (MDRData* origin = recordByKeyLink(&m_records, key.value.text.data))

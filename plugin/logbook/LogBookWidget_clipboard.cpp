@@ -37,8 +37,8 @@ void LogBookWidget::copyRecordRequest()
     if (!record)
         return;
     auto* mimeData = new QMimeData;
-    mimeData->setData(QLatin1String(recordFormat), QByteArray(LogbookTable::Records) + ';' +
-                                                       MDRValue::bytes(recordValue(record, Field::KeyLink)));
+    mimeData->setData(QLatin1String(recordFormat),
+                      QByteArray(LogbookTable::Records) + ';' + Row(record).bytes(Field::KeyLink));
     QGuiApplication::clipboard()->setMimeData(mimeData);
 }
 

@@ -57,7 +57,7 @@ void LogBookWidget::controlWorkshiftDuration()
     const DurationOptions& options = m_durationOptions;
     if (!options.isOn || options.delay <= 0 || options.interval <= 0 || !isEditableWorkshift())
         return;
-    const MDRVar end = recordValue(m_currentWorkshift, Field::endTime);
+    const MDRVar end = Row(m_currentWorkshift).value(Field::endTime);
     if (end.isNull || end.value.real < 1.0)
         return;
     // The clock of this machine, not the server's.

@@ -1,5 +1,6 @@
 #include "CloseWorkshiftDialog.h"
 #include "CommentsPane.h"
+#include "EventRow.h"
 #include "FilesPane.h"
 #include "LocationInfo.h"
 #include "LogbookFields.h"
@@ -34,11 +35,8 @@ bool LogBookWidget::MessageData(TEventNciParse* event)
 
 CModelTable* LogBookWidget::eventTable(const TEventNciParse* event)
 {
-    for (CModelTable* own :
-         {&m_workshifts, &m_crew, &m_records, &m_comments, &m_files, &m_categories, &m_templates})
-        if (event->tableName.compare(QLatin1String(own->name.c_str()), Qt::CaseInsensitive) == 0)
-            return own;
-    return nullptr;
+    return tableOf(event,
+                   {&m_workshifts, &m_crew, &m_records, &m_comments, &m_files, &m_categories, &m_templates});
 }
 
 bool LogBookWidget::insertRow(TEventNciParse* event)
@@ -80,9 +78,7 @@ bool LogBookWidget::insertRow(TEventNciParse* event)
 bool LogBookWidget::insertAttachment(CModelTable& table, TEventNciParse* event)
 {
     // Whose it is decides before a row is made: the bytes of other departments' files are never asked for.
-    MDRVar key;
-    MDRGetVal(MDRFldByName(&event->recordType, Field::RecordKey), &event->recordData, &key);
-    MDRData* record = MDRValue::hasText(key) ? recordByKeyLink(&m_records, key.value.text.data) : nullptr;
+    MDRData* record = recordOf(m_records, EventRow(*event));
     if (!record)
         return true;
     changeRecord(&table, MDARecNew(table.data.array), event);
@@ -117,7 +113,7 @@ bool LogBookWidget::changeRow(TEventNciParse* event)
         }
         emit recordUpdated();
     } else if (table == &m_comments || table == &m_files) {
-        updateAttachments(*table, recordOf(row));
+        updateAttachments(*table, recordOf(m_records, Row(row)));
     } else if (table == &m_categories || table == &m_templates) {
         reloadTemplates();
     }
@@ -141,7 +137,7 @@ bool LogBookWidget::deleteRow(TEventNciParse* event)
         m_tableTool->model()->endRemoveRecord();
         emit recordRemoved();
     } else if (table == &m_comments || table == &m_files) {
-        MDRData* record = recordOf(row);
+        MDRData* record = recordOf(m_records, Row(row));
         rows.lastError = MDARecDel(row);
         updateAttachments(*table, record);
     } else {
@@ -150,12 +146,6 @@ bool LogBookWidget::deleteRow(TEventNciParse* event)
         reloadTemplates();
     }
     return true;
-}
-
-MDRData* LogBookWidget::recordOf(const MDRData* attachment)
-{
-    const MDRVar key = recordValue(attachment, Field::RecordKey);
-    return MDRValue::hasText(key) ? recordByKeyLink(&m_records, key.value.text.data) : nullptr;
 }
 
 void LogBookWidget::updateAttachments(const CModelTable& table, MDRData* record)
@@ -198,31 +188,18 @@ bool LogBookWidget::isSuitableNCI(TEventNciParse* event)
         isTable(LogbookTable::CatsTemplate) || isTable(LogbookTable::Templates))
         return true;
 
-    const MDRFieldDescr* fields = nullptr;
-    int count = 0;
-    const char* workshiftField = nullptr; // null: the row is the workshift itself
-    if (isTable(LogbookTable::Workshifts)) {
-        fields = LogbookWorkshiftFields;
-        count = fieldCount(LogbookWorkshiftFields);
-    } else if (isTable(LogbookTable::WorkersWorkshift)) {
-        fields = LogbookWorkersWorkshiftFields;
-        count = fieldCount(LogbookWorkersWorkshiftFields);
-        workshiftField = Field::WorkshiftKey;
-    } else if (isTable(LogbookTable::Records)) {
-        fields = LogbookRecordFields;
-        count = fieldCount(LogbookRecordFields);
-        workshiftField = Field::ShiftKey;
-    } else {
-        return false;
-    }
+    const EventRow row(*event);
+    QByteArray department;
+    if (isTable(LogbookTable::Workshifts))
+        department = row.copy(Field::DepartmentKey);
+    else if (isTable(LogbookTable::WorkersWorkshift))
+        department = departmentOf(row.copy(Field::WorkshiftKey));
+    else if (isTable(LogbookTable::Records))
+        department = departmentOf(row.copy(Field::ShiftKey));
+    return !department.isEmpty() && department == m_location->departmentKey().toUtf8();
+}
 
-    CRowBatch rows(fields, count);
-    const MDRData* row = changeRecord(&rows, MDARecNew(rows.array), event);
-    if (workshiftField) {
-        const MDRVar key = recordValue(row, workshiftField);
-        row = MDRValue::hasText(key) ? recordByKeyLink(&m_workshifts, key.value.text.data) : nullptr;
-    }
-    const MDRVar department = recordValue(row, Field::DepartmentKey);
-    return MDRValue::hasText(department) &&
-           MDRValue::bytes(department) == m_location->departmentKey().toUtf8();
+QByteArray LogBookWidget::departmentOf(const QByteArray& workshiftKey) const
+{
+    return Row(recordByKeyLink(&m_workshifts, workshiftKey.constData())).copy(Field::DepartmentKey);
 }

@@ -18,11 +18,6 @@
 
 namespace
 {
-QByteArray keyOf(const MDRData* record)
-{
-    return MDRValue::copy(recordValue(record, Field::KeyLink));
-}
-
 QString logTime(double time)
 {
     return QStringLiteral("%1").arg(time, 0, 'g');
@@ -31,7 +26,7 @@ QString logTime(double time)
 /// A property of the record's template as text.
 QString templateProperty(const MDRData* record, const char* name, const QTextCodec* codec)
 {
-    const MDRVar html = recordValue(record, Field::html);
+    const MDRVar html = Row(record).value(Field::html);
     if (!MDRValue::hasText(html))
         return {};
     HtmlParser parser(codec->toUnicode(MDRValue::bytes(html)).toStdString());
@@ -113,7 +108,7 @@ void LogBookWidget::setSecondMarkRequest(const QDateTime& dt)
     const MDRData* record = currentRecord();
     if (!record)
         return;
-    const QByteArray key = keyOf(record);
+    const QByteArray key = Row(record).key();
     const double time = DateTime_To_HfnTime(dt);
     const QString worker = m_location->workerKey();
     const QByteArray workerKey = worker.toUtf8();
@@ -130,7 +125,7 @@ void LogBookWidget::removeSecondMarkRequest()
 {
     if (const MDRData* record = currentRecord())
         markRecord(
-            keyOf(record),
+            Row(record).key(),
             {{Field::SecondMarkWorkerKey, MDRValue::null()}, {Field::secondMarkTime, MDRValue::null()}},
             "removeSecondMarkRequest()",
             QStringLiteral("error remove second marker record! Data: Table(%1), KeyLink(%2)"), {},
@@ -146,7 +141,7 @@ void LogBookWidget::removeTimeExecRequest()
 {
     // In place whatever the status: an approved record gets no successor here. Meant.
     if (const MDRData* record = currentRecord())
-        markRecord(keyOf(record), {{Field::executionTime, MDRValue::null()}}, "removeTimeExecRequest()",
+        markRecord(Row(record).key(), {{Field::executionTime, MDRValue::null()}}, "removeTimeExecRequest()",
                    QStringLiteral("error remove time execution record! Data: Table(%1), KeyLink(%2)"), {},
                    tr("Не удалось сбросить время выпонения!"));
 }
@@ -156,7 +151,7 @@ void LogBookWidget::setTimeExecRequest(const QDateTime& dt)
     const MDRData* record = currentRecord();
     if (!record)
         return;
-    const QByteArray key = keyOf(record);
+    const QByteArray key = Row(record).key();
     const double time = DateTime_To_HfnTime(dt);
     // The line has no third placeholder: the time stands in the fourth.
     const QString logLine =

@@ -15,9 +15,9 @@ namespace
 QVariant markerIcon(const MDRData* record, const char* timeField, const char* property,
                     QHash<QString, QIcon>& icons)
 {
-    if (!MDRValue::hasTime(recordValue(record, timeField)))
+    if (!MDRValue::hasTime(Row(record).value(timeField)))
         return QVariant();
-    const MDRVar html = recordValue(record, Field::html);
+    const MDRVar html = Row(record).value(Field::html);
     if (!MDRValue::hasText(html))
         return QVariant();
     std::string value;
@@ -58,19 +58,18 @@ QVariant SecondMarkerCell::data(const AbstractHfnCellData& cell) const
     if (cell.role == Qt::DecorationRole)
         return markerIcon(cell.record, Field::secondMarkTime, "second_mark", m_icons);
     if (cell.role == Qt::ToolTipRole)
-        return MDRValue::hasText(recordValue(cell.record, Field::SecondMarkWorkerKey)) ? toolTip(cell)
-                                                                                       : QVariant();
+        return Row(cell.record).has(Field::SecondMarkWorkerKey) ? toolTip(cell) : QVariant();
     return AbstractHfnCellConversion::data(cell);
 }
 
 QString SecondMarkerCell::toolTip(const AbstractHfnCellData& cell) const
 {
-    const MDRVar key = recordValue(cell.record, Field::SecondMarkWorkerKey);
+    const MDRVar key = Row(cell.record).value(Field::SecondMarkWorkerKey);
     const QString worker =
         HfnWrapper::workerShortName(cell.codec, m_workers, QString::fromUtf8(MDRValue::bytes(key)));
-    const QString time = dateAndTime(recordValue(cell.record, Field::secondMarkTime));
+    const QString time = dateAndTime(Row(cell.record).value(Field::secondMarkTime));
     std::string value;
-    templateOf(recordValue(cell.record, Field::html)).templatePropertyValue("command", value);
+    templateOf(Row(cell.record).value(Field::html)).templatePropertyValue("command", value);
     const QByteArray bytes = QByteArray::fromStdString(value);
     const QString command = cell.codec ? cell.codec->toUnicode(bytes) : QString::fromUtf8(bytes);
     return command.isEmpty() ? QStringLiteral("%1: %2").arg(worker, time)
@@ -83,9 +82,9 @@ QVariant TimeExecutionCell::data(const AbstractHfnCellData& cell) const
 {
     if (cell.role != Qt::DisplayRole && cell.role != Qt::ToolTipRole)
         return AbstractHfnCellConversion::data(cell);
-    if (!templateOf(recordValue(cell.record, Field::html)).isExistTemplateProperty("time_exec"))
+    if (!templateOf(Row(cell.record).value(Field::html)).isExistTemplateProperty("time_exec"))
         return QVariant();
-    const MDRVar time = recordValue(cell.record, Field::executionTime);
+    const MDRVar time = Row(cell.record).value(Field::executionTime);
     if (!MDRValue::hasTime(time))
         return tr("Не выполнено");
     if (cell.role == Qt::ToolTipRole)

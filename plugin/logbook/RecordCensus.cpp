@@ -21,13 +21,13 @@ bool RecordCensus::isDraft(const MDRData* record)
 
 bool RecordCensus::isAuthor(const MDRData* record, const QByteArray& workerKey)
 {
-    const MDRVar author = recordValue(record, Field::WorkerKey);
+    const MDRVar author = Row(record).value(Field::WorkerKey);
     return MDRValue::hasText(author) && isKey(author, workerKey);
 }
 
 bool RecordCensus::isSignable(const MDRData* record, const QByteArray& workerKey)
 {
-    const MDRVar author = recordValue(record, Field::WorkerKey);
+    const MDRVar author = Row(record).value(Field::WorkerKey);
     return MDRValue::hasText(author) && !isKey(author, workerKey) && hasStatus(record, StatusApproved);
 }
 

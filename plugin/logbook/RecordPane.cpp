@@ -26,7 +26,7 @@ MDRData* RecordPane::row(const QString& key) const
 
 bool RecordPane::isMine(const MDRData* row) const
 {
-    const MDRVar worker = recordValue(row, Field::WorkerKey);
+    const MDRVar worker = Row(row).value(Field::WorkerKey);
     return MDRValue::hasText(worker) && MDRValue::bytes(worker) == m_source.location->workerKey().toUtf8();
 }
 
@@ -63,7 +63,7 @@ bool RecordPane::isConfirmed(QAbstractButton* button)
 void RecordPane::remove(const MDRData* row, const char* function, const QString& logLine,
                         const QString& message)
 {
-    const QByteArray key = MDRValue::copy(recordValue(row, Field::KeyLink));
+    const QByteArray key = Row(row).key();
     CRowBatch batch(m_source.table->data);
     MDRData* deletion = batch.newRow(ROW_DELETE, key);
     batch.SetValF(deletion, Field::KeyLink, MDRValue::text(key));

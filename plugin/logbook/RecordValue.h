@@ -1,35 +1,15 @@
 #pragma once
 
 #include "CModelTable.h"
-#include "Fields.h"
 #include "HtmlParser.h"
-#include "MDRValues.h"
+#include "Row.h"
 
 /// Short ways to ask a record, whatever array it is in.
-
-/// The value of a field; type 0 when there is no such field or no record.
-inline MDRVar recordValue(const MDRData* record, const char* field)
-{
-    MDRVar value;
-    if (record)
-        MDRGetVal(MDRFldByName(MDARecArr(record), field), record, &value);
-    return value;
-}
-
-/// The record with this key; null when there is none, or no table.
-inline MDRData* recordWithKey(const CModelTable* table, const QByteArray& key)
-{
-    if (!table || key.isEmpty())
-        return nullptr;
-    const MDRRange found = MDARecsWith(table->data.array, Field::KeyLink, key.constData());
-    return found.count > 0 ? *found.begin() : nullptr;
-}
 
 /// The status is known and is this one (RecordStatus).
 inline bool hasStatus(const MDRData* record, int status)
 {
-    const MDRVar value = recordValue(record, Field::status);
-    return value.type == mdr_TInt32 && !value.isNull && value.value.number == status;
+    return Row(record).number(Field::status, -1) == status;
 }
 
 /// A flag that is set, neither null nor absent.

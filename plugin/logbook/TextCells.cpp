@@ -73,7 +73,7 @@ QVariant WorkerCell::data(const AbstractHfnCellData& cell) const
         return QVariant();
 
     const auto text = [&](const char* field) {
-        const MDRVar value = recordValue(worker, field);
+        const MDRVar value = Row(worker).value(field);
         return cell.codec ? cell.codec->toUnicode(MDRValue::bytes(value))
                           : QString::fromUtf8(MDRValue::bytes(value));
     };

@@ -3,10 +3,10 @@
 #include "CPopMessageBox.h"
 #include "CToolLiteModel.h"
 #include "CVrkCliSes.h"
+#include "EventRow.h"
 #include "LogText.h"
 #include "ParametersBase.h"
 #include "TemplateTab.h"
-#include "TEventNciParse.h"
 #include "ui_CVrkTemplateEditor.h"
 
 #include <QDebug>
@@ -187,16 +187,6 @@ int CVrkTemplateEditor::parametersChanged(CModelTable* table, TEventNciParse* ev
     for (TemplateTab* tab : tabs())
         tab->reloadParameters();
     return 1;
-}
-
-MDRData* CVrkTemplateEditor::recordByKeyLink(const CModelTable* table, const char* key) const
-{
-    return TemplateTables::recordByKeyLink(table, key);
-}
-
-MDRData* CVrkTemplateEditor::changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event)
-{
-    return TemplateTables::changeRecord(table, record, event);
 }
 
 void CVrkTemplateEditor::ModuleStop() {}

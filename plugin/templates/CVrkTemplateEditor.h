@@ -69,8 +69,6 @@ private:
     void updateStatusView();
     void updateControls();
 
-    MDRData* recordByKeyLink(const CModelTable* table, const char* key) const;
-    MDRData* changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event);
     int parametersChanged(CModelTable* table, TEventNciParse* event);
     QList<TemplateTab*> tabs() const;
 

@@ -29,8 +29,8 @@ bool isStored(const MDRData* record, const MDRData* row)
 {
     for (const char* name : fieldNames(Field::nameLoc, Field::html)) {
         const MDRField* field = MDRFldByName(MDARecArr(record), name);
-        const MDRVar value = field ? recordValue(record, name) : MDRValue::null();
-        const MDRVar stored = field ? recordValue(row, name) : MDRValue::null();
+        const MDRVar value = field ? Row(record).value(name) : MDRValue::null();
+        const MDRVar stored = field ? Row(row).value(name) : MDRValue::null();
         if (value.isNull != stored.isNull || MDRValue::bytes(value) != MDRValue::bytes(stored))
             return false;
     }
@@ -50,15 +50,15 @@ void KeptEdits::add(CModelTable* kept, const CModelTable& stored, const MDRData*
 {
     if (record->flags & ROW_DELETE)
         return;
-    const QByteArray key = MDRValue::copy(recordValue(record, Field::KeyLink));
-    if (MDRData* earlier = TemplateTables::recordByKeyLink(kept, key.constData()))
+    const QByteArray key = Row(record).key();
+    if (MDRData* earlier = recordByKeyLink(kept, key.constData()))
         TemplateTables::deleteRecord(kept, earlier);
     MDRData* copy = MDARecNew(kept->data.array);
     copyRecord(record, copy);
-    const MDRData* base = TemplateTables::recordByKeyLink(&stored, key.constData());
+    const MDRData* base = recordByKeyLink(&stored, key.constData());
     for (int i = 0; base && i < MDAFldCount(kept->data.array); ++i) {
         const MDRField* field = MDRFldByNum(kept->data.array, i);
-        const MDRVar value = recordValue(base, field->name);
+        const MDRVar value = Row(base).value(field->name);
         bool isMarked = false;
         MDRIsUser(field, copy, &isMarked);
         if (!isMarked)
@@ -92,8 +92,7 @@ KeptTexts::Values KeptEdits::values(const QTextCodec* codec) const
     for (const auto& [table, name] :
          {std::pair(&m_categories, categoriesName), std::pair(&m_templates, templatesName)}) {
         for (int i = 0; i < table->data.RecCount(); ++i)
-            names << codec->toUnicode(
-                MDRValue::bytes(recordValue(MDARec(table->data.array, 0, i), Field::nameLoc)));
+            names << Row(MDARec(table->data.array, 0, i)).text(Field::nameLoc, codec);
         values.insert(name, QString::fromLatin1(HFNArrayPack(table->data.array)));
     }
     values.insert(
@@ -117,8 +116,8 @@ void KeptEdits::read(CModelTable* kept, const QString& packed, const CModelTable
         return;
     for (int i = 0; i < rows.RecCount(); ++i) {
         const MDRData* record = MDARec(rows.array, 0, i);
-        const QByteArray key = MDRValue::copy(recordValue(record, Field::KeyLink));
-        const MDRData* row = TemplateTables::recordByKeyLink(&stored, key.constData());
+        const QByteArray key = Row(record).key();
+        const MDRData* row = recordByKeyLink(&stored, key.constData());
         if (!key.isEmpty() && !(row && isStored(record, row)))
             add(kept, stored, record);
     }
@@ -135,7 +134,7 @@ void KeptEdits::keep(const TemplateTables& tables, const MDRData* record)
 void KeptEdits::forget(const CModelTable& kept, const QByteArray& key)
 {
     CModelTable* table = &kept == &m_categories ? &m_categories : &m_templates;
-    if (MDRData* record = TemplateTables::recordByKeyLink(table, key.constData()))
+    if (MDRData* record = recordByKeyLink(table, key.constData()))
         TemplateTables::deleteRecord(table, record);
 }
 

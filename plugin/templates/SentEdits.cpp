@@ -1,8 +1,7 @@
 #include "SentEdits.h"
 
-#include "Fields.h"
+#include "EventRow.h"
 #include "RecordValue.h"
-#include "TEventNciParse.h"
 
 #include <algorithm>
 
@@ -18,7 +17,7 @@ QVector<QPair<const char*, QByteArray>> changedValues(const MDRData* record)
         if (field)
             MDRIsUser(field, record, &isMarked);
         if (isMarked)
-            values.append({name, MDRValue::copy(recordValue(record, name))});
+            values.append({name, MDRValue::copy(Row(record).value(name))});
     }
     return values;
 }
@@ -26,9 +25,7 @@ QVector<QPair<const char*, QByteArray>> changedValues(const MDRData* record)
 bool hasAll(TEventNciParse* event, const QVector<QPair<const char*, QByteArray>>& values)
 {
     return std::all_of(values.begin(), values.end(), [event](const auto& one) {
-        MDRVar value;
-        MDRGetVal(MDRFldByName(&event->recordType, one.first), &event->recordData, &value);
-        return MDRValue::copy(value) == one.second;
+        return MDRValue::copy(EventRow(*event).value(one.first)) == one.second;
     });
 }
 } // namespace
@@ -37,7 +34,7 @@ void SentEdits::note(const CModelTable& edits)
 {
     for (int i = 0; i < edits.data.RecCount(); ++i) {
         const MDRData* record = MDARec(edits.data.array, 0, i);
-        const QByteArray key = MDRValue::copy(recordValue(record, Field::KeyLink));
+        const QByteArray key = Row(record).key();
         m_written[key].append({(record->flags & ROW_INSERT) != 0, changedValues(record)});
     }
 }

@@ -237,7 +237,6 @@ private:
     void rowChanged(CModelTable* table, CModelTable* edits, TEventNciParse* event);
     void rowDeleted(CModelTable* table, CModelTable* edits, TEventNciParse* event);
     void rowInserted(CModelTable* table, CModelTable* edits, CModelTable* moved, TEventNciParse* event);
-    MDRData* changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event);
     bool deleteEditRecord(CModelTable* table, TEventNciParse* event);
     void removeRow(CModelTable* table, MDRData* record);
     /// A new record that the server has got meanwhile is no row of its own any more.

@@ -75,7 +75,7 @@ void TemplateTab::propertyChanged(const char* signature, bool emptyIsNull, Chang
         warnNoTemplate(signature);
         return;
     }
-    HtmlParser parser = templateOf(recordValue(record, Field::html));
+    HtmlParser parser = templateOf(Row(record).value(Field::html));
     change(&parser);
     const std::string html = parser.readyHtml(true);
     const MDRVar value = html.empty() && emptyIsNull

@@ -66,14 +66,14 @@ MDRData* TemplateTab::editedRecord(CModelTable* table, CModelTable* edits,
         return record; // a pending new record is its own edit record
     if (!TemplateTables::isContains(table, record))
         return nullptr;
-    const MDRVar key = recordValue(record, Field::KeyLink);
-    if (MDRData* known = TemplateTables::recordByKeyLink(edits, key.value.text.data))
+    const MDRVar key = Row(record).value(Field::KeyLink);
+    if (MDRData* known = recordByKeyLink(edits, key.value.text.data))
         return known;
 
     MDRData* edit = MDARecNew(edits->data.array);
     MDRSetFlags(edit, ROW_UPDATE);
     for (const char* field : copied) {
-        const MDRVar value = recordValue(record, field);
+        const MDRVar value = Row(record).value(field);
         MDRSetVal(MDRFldByName(edits->data.array, field), edit, &value);
     }
     edit = edits->data.RecPost(edit);
@@ -193,8 +193,7 @@ void TemplateTab::sendEdits(const CModelTable& edits)
         MDRData* sent = MDARecNew(rows.array);
         KeptEdits::copyRecord(record, sent);
         // What an earlier save inserted is there, though its event has not come.
-        if ((sent->flags & ROW_INSERT) &&
-            m_sent.isInserted(MDRValue::copy(recordValue(record, Field::KeyLink))))
+        if ((sent->flags & ROW_INSERT) && m_sent.isInserted(Row(record).key()))
             MDRSetFlags(sent, ROW_UPDATE);
         rows.RecPost(sent);
     }
@@ -205,7 +204,7 @@ bool TemplateTab::inspectEditCategories()
 {
     for (int i = 0; i < m_tables.categoriesEdit.data.RecCount(); ++i) {
         const MDRData* record = MDARec(m_tables.categoriesEdit.data.array, 0, i);
-        if (!MDRValue::hasText(recordValue(record, Field::nameLoc))) {
+        if (!Row(record).has(Field::nameLoc)) {
             showError(tr("Название категории не может быть пустым!"));
             return true;
         }
@@ -217,11 +216,11 @@ bool TemplateTab::inspectEditTemplates()
 {
     for (int i = 0; i < m_tables.templatesEdit.data.RecCount(); ++i) {
         const MDRData* record = MDARec(m_tables.templatesEdit.data.array, 0, i);
-        if (!MDRValue::hasText(recordValue(record, Field::nameLoc))) {
+        if (!Row(record).has(Field::nameLoc)) {
             showError(tr("Название шаблона не может быть пустым!"));
             return true;
         }
-        if (showsNothing(codec()->toUnicode(MDRValue::bytes(recordValue(record, Field::html))))) {
+        if (showsNothing(Row(record).text(Field::html, codec()))) {
             showError(tr("Шаблон не может быть пустым!"));
             return true;
         }
@@ -312,10 +311,10 @@ void TemplateTab::restoreKept()
         return;
     }
     // A changed record is no row of the tree: its base record is selected, and the passport shows the change.
-    const MDRVar key = recordValue(restored, Field::KeyLink);
+    const MDRVar key = Row(restored).value(Field::KeyLink);
     const bool isCategory = TemplateTables::isContains(&m_tables.categoriesEdit, restored);
-    MDRData* base = TemplateTables::recordByKeyLink(isCategory ? &m_tables.categories : &m_tables.templates,
-                                                    key.value.text.data);
+    MDRData* base =
+        recordByKeyLink(isCategory ? &m_tables.categories : &m_tables.templates, key.value.text.data);
     setFocusOn(restored->flags & ROW_INSERT ? restored : base);
     raiseUpPassport(restored);
     updateEditStatus();
@@ -329,7 +328,7 @@ void TemplateTab::restoreFrom(const CModelTable& kept, const CModelTable& table,
         MDRData* back = restoreRecord(table, edits, record);
         if (back) {
             *restored = back;
-            m_kept.forget(kept, MDRValue::copy(recordValue(record, Field::KeyLink)));
+            m_kept.forget(kept, Row(record).key());
         } else {
             ++i;
         }
@@ -339,8 +338,8 @@ void TemplateTab::restoreFrom(const CModelTable& kept, const CModelTable& table,
 /// Null when there is no place for it in this tree.
 MDRData* TemplateTab::restoreRecord(const CModelTable& table, CModelTable* edits, const MDRData* kept)
 {
-    const QByteArray key = MDRValue::copy(recordValue(kept, Field::KeyLink));
-    const MDRData* base = TemplateTables::recordByKeyLink(&table, key.constData());
+    const QByteArray key = Row(kept).key();
+    const MDRData* base = recordByKeyLink(&table, key.constData());
     const bool isTemplate = edits == &m_tables.templatesEdit;
     QModelIndex parent;
     if (base && !m_model->indexByRecord(base).isValid())
@@ -372,7 +371,7 @@ QByteArray TemplateTab::keyAbove(const MDRData* record)
 {
     for (const char* field :
          fieldNames(Field::CategoryKey, Field::ParentKey, Field::OrgTypeKey, Field::DepartmentKey)) {
-        const QByteArray key = MDRValue::copy(recordValue(record, field));
+        const QByteArray key = MDRValue::copy(Row(record).value(field));
         if (!key.isEmpty())
             return key;
     }
@@ -385,8 +384,7 @@ QModelIndex TemplateTab::placeOf(const MDRData* kept) const
     const QByteArray above = keyAbove(kept);
     const CModelTable* const places[] = {&m_tables.categories, m_orgTypesTable, m_departmentsTable};
     for (const CModelTable* folders : places) {
-        const QModelIndex place =
-            m_model->indexByRecord(TemplateTables::recordByKeyLink(folders, above.constData()));
+        const QModelIndex place = m_model->indexByRecord(recordByKeyLink(folders, above.constData()));
         if (place.isValid())
             return place;
     }

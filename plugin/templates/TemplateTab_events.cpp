@@ -1,5 +1,6 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "EventRow.h"
 #include "LogbookFields.h"
 #include "LogbookTables.h"
 #include "QuietSelection.h"
@@ -7,37 +8,18 @@
 #include "TemplatesEditSourceModel.h"
 #include "TemplatesProxyModel.h"
 #include "TemplateTab.h"
-#include "TEventNciParse.h"
 #include "ui_TemplateTab.h"
 
 #include <QTextCodec>
 
 namespace
 {
-/// Takes over all fields of an event's row, marked or not.
-void takeWhole(MDRData* record, TEventNciParse* event)
-{
-    for (int i = 0; i < event->recordType.count; ++i) {
-        const MDRField* field = MDRFldByNum(&event->recordType, i);
-        MDRVar value;
-        MDRGetVal(field, &event->recordData, &value);
-        MDRSetVal(field, record, &value); // by position
-    }
-}
-
 bool isSame(const MDRVar& one, const MDRVar& other)
 {
     const bool isNull = one.isNull || one.type == mdr_TNone;
     if (isNull || other.isNull || other.type == mdr_TNone)
         return isNull == (other.isNull || other.type == mdr_TNone);
     return MDRValue::bytes(one) == MDRValue::bytes(other);
-}
-
-MDRVar eventValue(TEventNciParse* event, const char* field)
-{
-    MDRVar value;
-    MDRGetVal(MDRFldByName(&event->recordType, field), &event->recordData, &value);
-    return value;
 }
 } // namespace
 
@@ -66,11 +48,6 @@ void TemplateTab::MessageData(TEventNciParse* event)
     }
 }
 
-MDRData* TemplateTab::changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event)
-{
-    return TemplateTables::changeRecord(table, record, event);
-}
-
 void TemplateTab::removeRow(CModelTable* table, MDRData* record)
 {
     const QModelIndex index = m_model->indexByRecord(record);
@@ -83,7 +60,7 @@ void TemplateTab::removeRow(CModelTable* table, MDRData* record)
 
 bool TemplateTab::deleteEditRecord(CModelTable* table, TEventNciParse* event)
 {
-    MDRData* record = TemplateTables::recordByKeyLink(table, event->recordKey);
+    MDRData* record = recordByKeyLink(table, event->recordKey);
     if (!record)
         return false;
     const QuietSelection quiet(m_form->templatesTree->selectionModel());
@@ -114,7 +91,7 @@ bool TemplateTab::isMoved(const CModelTable* table, const MDRData* record, TEven
     for (const char* name :
          fieldNames(Field::ParentKey, Field::OrgTypeKey, Field::DepartmentKey, Field::CategoryKey)) {
         const bool isField = MDRFldByName(table->data.array, name) != nullptr;
-        if (isField && !isSame(recordValue(record, name), eventValue(event, name)))
+        if (isField && !isSame(Row(record).value(name), EventRow(*event).value(name)))
             return true;
     }
     return false;
@@ -123,7 +100,7 @@ bool TemplateTab::isMoved(const CModelTable* table, const MDRData* record, TEven
 void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciParse* event)
 {
     const bool isOwn = m_sent.take(event);
-    MDRData* edit = TemplateTables::recordByKeyLink(edits, event->recordKey);
+    MDRData* edit = recordByKeyLink(edits, event->recordKey);
     const bool isOther = SentEdits::differs(edit, event);
     // One's own save comes back, and its user has typed on meanwhile.
     const bool goesOn = isOwn && isOther && !(edit->flags & ROW_INSERT);
@@ -133,7 +110,7 @@ void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciPa
     if (!goesOn && deleteEditRecord(edits, event))
         updateEditStatus();
 
-    MDRData* record = TemplateTables::recordByKeyLink(table, event->recordKey);
+    MDRData* record = recordByKeyLink(table, event->recordKey);
     if (!record)
         return;
     if (isMoved(table, record, event)) {
@@ -147,7 +124,7 @@ void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciPa
     }
     if (isLost)
         tellKept(tr("Элемент «%1» тем временем изменил другой пользователь, показано его состояние.")
-                     .arg(codec()->toUnicode(MDRValue::bytes(eventValue(event, Field::nameLoc)))));
+                     .arg(EventRow(*event).text(Field::nameLoc, codec())));
 }
 
 /// The row stands elsewhere than before, such as after an import: out there and in here.
@@ -162,7 +139,7 @@ void TemplateTab::moveRow(CModelTable* table, MDRData* record, TEventNciParse* e
     if (row >= 0) {
         m_model->beginInsertRow(row, parent);
         MDRData* arrived = MDARecNew(table->data.array);
-        takeWhole(arrived, event);
+        EventRow(*event).copyTo(arrived, EventRow::All);
         arrived = table->data.RecPost(arrived);
         m_model->endInsertRow();
         if (wasCurrent)
@@ -174,11 +151,11 @@ void TemplateTab::moveRow(CModelTable* table, MDRData* record, TEventNciParse* e
 
 void TemplateTab::rowDeleted(CModelTable* table, CModelTable* edits, TEventNciParse* event)
 {
-    MDRData* record = TemplateTables::recordByKeyLink(table, event->recordKey);
+    MDRData* record = recordByKeyLink(table, event->recordKey);
     if (!record)
         return;
-    const QString name = codec()->toUnicode(MDRValue::bytes(recordValue(record, Field::nameLoc)));
-    const MDRData* edit = TemplateTables::recordByKeyLink(edits, event->recordKey);
+    const QString name = Row(record).text(Field::nameLoc, codec());
+    const MDRData* edit = recordByKeyLink(edits, event->recordKey);
     const bool isOwnMove = m_moving.contains(event->recordKey);
     const bool isLost = edit && !m_isSent && !isOwnMove;
     if (isLost)
@@ -204,7 +181,7 @@ void TemplateTab::rowInserted(CModelTable* table, CModelTable* edits, CModelTabl
     QTreeView* tree = m_form->templatesTree;
     QuietSelection quiet(tree->selectionModel());
     const bool isOwn = m_sent.take(event);
-    MDRData* edit = TemplateTables::recordByKeyLink(edits, event->recordKey);
+    MDRData* edit = recordByKeyLink(edits, event->recordKey);
     const bool isOwnMove = m_moving.remove(event->recordKey);
     const bool wasPending = edit && !isOwnMove;
     const bool goesOn = wasPending && isOwn && (edit->flags & ROW_INSERT) && SentEdits::differs(edit, event);
@@ -217,7 +194,7 @@ void TemplateTab::rowInserted(CModelTable* table, CModelTable* edits, CModelTabl
     }
     int row = -1;
     QModelIndex parent;
-    if (!TemplateTables::recordByKeyLink(table, event->recordKey)) // a load may have brought it already
+    if (!recordByKeyLink(table, event->recordKey)) // a load may have brought it already
         (this->*m_operations->whereInsertRecord)(row, parent, event);
     if (row < 0) { // it belongs to the tree of another page
         if (quiet.end())
@@ -250,26 +227,20 @@ void TemplateTab::whereInsert(int& row, QModelIndex& parent, TEventNciParse* eve
                               const char* scopeField, std::initializer_list<const char*> refused)
 {
     const bool isCategory = event->tableName == QLatin1String(LogbookTable::CatsTemplate);
-    const MDRFieldDescr* fields = isCategory ? LogbookCatsTemplateFields : LogbookTemplatesFields;
-    CRowBatch rows(fields,
-                   isCategory ? fieldCount(LogbookCatsTemplateFields) : fieldCount(LogbookTemplatesFields));
-    MDRData* arrived = MDARecNew(rows.array);
-    takeWhole(arrived, event);
-    rows.RecPost(arrived);
-
+    const EventRow arrived(*event);
     const CModelTable* folders = &m_tables.categories;
-    MDRVar key = recordValue(arrived, isCategory ? Field::ParentKey : Field::CategoryKey);
+    MDRVar key = arrived.value(isCategory ? Field::ParentKey : Field::CategoryKey);
     if (isCategory) {
         for (const char* field : refused)
-            if (!recordValue(arrived, field).isNull)
+            if (!arrived.value(field).isNull)
                 return;
-        if (scopeField && !recordValue(arrived, scopeField).isNull) {
-            key = recordValue(arrived, scopeField);
+        if (scopeField && !arrived.value(scopeField).isNull) {
+            key = arrived.value(scopeField);
             folders = roots;
         }
     }
     if (MDRValue::hasText(key))
-        parent = m_model->indexByRecord(TemplateTables::recordByKeyLink(folders, key.value.text.data));
+        parent = m_model->indexByRecord(recordByKeyLink(folders, key.value.text.data));
     const bool isTop = isCategory && !scopeField && !MDRValue::hasText(key);
     if (parent.isValid() || isTop)
         row = isCategory ? m_model->nextCategoryRow(parent) : m_model->nextTemplateRow(parent);

@@ -13,10 +13,6 @@ MDRVar keyOrNull(const QByteArray& key)
     return key.isEmpty() ? MDRValue::null() : MDRValue::text(key);
 }
 
-QByteArray keyOf(const MDRData* record)
-{
-    return MDRValue::copy(recordValue(record, Field::KeyLink));
-}
 } // namespace
 
 void TemplateTab::moveItem(const QString& keyLink, const QModelIndex& target)
@@ -25,20 +21,19 @@ void TemplateTab::moveItem(const QString& keyLink, const QModelIndex& target)
         return;
     MDRData* targetRecord = m_model->recordByIndex(target);
     const QByteArray key = keyLink.toUtf8();
-    if (MDRData* category = TemplateTables::recordByKeyLink(&m_tables.categories, key.constData())) {
+    if (MDRData* category = recordByKeyLink(&m_tables.categories, key.constData())) {
         moveCategory(category, targetRecord);
         return;
     }
-    MDRData* item = TemplateTables::recordByKeyLink(&m_tables.templates, key.constData());
+    MDRData* item = recordByKeyLink(&m_tables.templates, key.constData());
     if (item && targetRecord)
         moveTemplate(item, targetRecord);
 }
 
 const MDRData* TemplateTab::storedOf(const MDRData* record, const CModelTable& edits) const
 {
-    const QByteArray key = keyOf(record);
-    const MDRData* sent =
-        m_sent.isUnderWay(key) ? TemplateTables::recordByKeyLink(&edits, key.constData()) : nullptr;
+    const QByteArray key = Row(record).key();
+    const MDRData* sent = m_sent.isUnderWay(key) ? recordByKeyLink(&edits, key.constData()) : nullptr;
     return sent ? sent : record;
 }
 
@@ -53,10 +48,10 @@ void TemplateTab::moveCategory(MDRData* record, MDRData* target)
         return;
     }
     const MDRData* stored = storedOf(record, m_tables.categoriesEdit);
-    const QByteArray targetKey = keyOf(target);
+    const QByteArray targetKey = Row(target).key();
     const auto keyIf = [&](bool isIt) { return isIt ? keyOrNull(targetKey) : MDRValue::null(); };
-    const QByteArray name = MDRValue::copy(recordValue(stored, Field::nameLoc));
-    sendMove(&m_tables.categoriesMoved, keyOf(record),
+    const QByteArray name = Row(stored).copy(Field::nameLoc);
+    sendMove(&m_tables.categoriesMoved, Row(record).key(),
              {{Field::ParentKey, keyIf(isInCategory)},
               {Field::OrgTypeKey, keyIf(isInType)},
               {Field::DepartmentKey, keyIf(isInDepartment)},
@@ -66,12 +61,12 @@ void TemplateTab::moveCategory(MDRData* record, MDRData* target)
 void TemplateTab::moveTemplate(MDRData* record, MDRData* target)
 {
     const MDRData* stored = storedOf(record, m_tables.templatesEdit);
-    const QByteArray category = keyOf(target);
-    const QByteArray name = MDRValue::copy(recordValue(stored, Field::nameLoc));
-    sendMove(&m_tables.templatesMoved, keyOf(record),
+    const QByteArray category = Row(target).key();
+    const QByteArray name = Row(stored).copy(Field::nameLoc);
+    sendMove(&m_tables.templatesMoved, Row(record).key(),
              {{Field::CategoryKey, keyOrNull(category)},
               {Field::nameLoc, MDRValue::text(name)},
-              {Field::html, recordValue(stored, Field::html)}});
+              {Field::html, Row(stored).value(Field::html)}});
 }
 
 /// Deletes and inserts one key in one block, so that what refers to it follows without being touched. What is unsaved
@@ -90,7 +85,7 @@ void TemplateTab::sendMove(CModelTable* moved, const QByteArray& key,
         insertion.SetValF(sent, field, value);
     sent = insertion.RecPost(sent);
 
-    if (MDRData* earlier = TemplateTables::recordByKeyLink(moved, key.constData()))
+    if (MDRData* earlier = recordByKeyLink(moved, key.constData()))
         TemplateTables::deleteRecord(moved, earlier);
     MDRData* kept = MDARecNew(rows.array);
     KeptEdits::copyRecord(sent, kept);

@@ -40,7 +40,7 @@ void TemplateTab::applyTemplateFilter_Orgs()
         emit hideMe();
         return;
     }
-    const MDRVar type = recordValue(MDARec(answer.array, 0, 0), Field::OrgTypeKey);
+    const MDRVar type = Row(MDARec(answer.array, 0, 0)).value(Field::OrgTypeKey);
     if (MDRValue::hasText(type))
         m_proxy->setFilterRoot(QString::fromUtf8(MDRValue::bytes(type)));
     else

@@ -21,7 +21,7 @@
 namespace
 {
 enum Page { EmptyPage, CategoryPage, TemplatePage };
-enum Row { NameRow, OpenRow, CloseRow, TimeRow, FirstMarkRow, SecondMarkRow, HtmlRow };
+enum PassportRow { NameRow, OpenRow, CloseRow, TimeRow, FirstMarkRow, SecondMarkRow, HtmlRow };
 constexpr int rowHeight = 30;
 constexpr int editorHeight = 400;
 
@@ -284,8 +284,7 @@ void TemplateTab::reloadCategoryPassport(MDRData* record)
         clearCategoryPassport();
         return;
     }
-    setQuietly(categoryNameEditor(),
-               codec()->toUnicode(MDRValue::bytes(recordValue(record, Field::nameLoc))));
+    setQuietly(categoryNameEditor(), Row(record).text(Field::nameLoc, codec()));
 }
 
 void TemplateTab::clearTemplatePassport()
@@ -303,7 +302,7 @@ void TemplateTab::reloadTemplatePassport(MDRData* record)
 /// Fills the editors from a record, or empties them, without a word to the handlers.
 void TemplateTab::fillTemplatePassport(const MDRData* record)
 {
-    const MDRVar html = recordValue(record, Field::html);
+    const MDRVar html = Row(record).value(Field::html);
     const HtmlParser parser = templateOf(html);
     const auto flag = [&parser](const char* name) {
         bool value = false;
@@ -316,13 +315,12 @@ void TemplateTab::fillTemplatePassport(const MDRData* record)
         return value;
     };
 
-    setQuietly(templateNameEditor(),
-               codec()->toUnicode(MDRValue::bytes(recordValue(record, Field::nameLoc))));
+    setQuietly(templateNameEditor(), Row(record).text(Field::nameLoc, codec()));
     const QString shown = codec()->toUnicode(MDRValue::bytes(html));
     {
         TemplateEditor* editor = templateHtmlEditor();
         const QSignalBlocker blocker(editor);
-        const QByteArray key = MDRValue::copy(recordValue(record, Field::KeyLink));
+        const QByteArray key = Row(record).key();
         if (shown.isEmpty() || key != m_shownTemplate)
             editor->clearTemplateText(); // what was done to one template cannot be undone on another
         m_shownTemplate = key;
@@ -360,7 +358,7 @@ void TemplateTab::updateTemplateCommand()
 
 void TemplateTab::updateTemplateHtml()
 {
-    const MDRVar html = recordValue(editedTemplate(), Field::html);
+    const MDRVar html = Row(editedTemplate()).value(Field::html);
     if (html.isNull || html.type == mdr_TNone)
         return;
     TemplateEditor* editor = templateHtmlEditor();
@@ -378,7 +376,7 @@ QStringList TemplateTab::parameterFilter() const
     CModelTable equipment{std::string()};
     ParametersBase(m_module).createBaseEquipmentsParameter(&equipment, QByteArray());
     for (int i = 0; i < equipment.data.RecCount(); ++i) {
-        const HtmlParser parser = templateOf(recordValue(MDARec(equipment.data.array, 0, i), Field::html));
+        const HtmlParser parser = templateOf(Row(MDARec(equipment.data.array, 0, i)).value(Field::html));
         if (parser.countParameters() > 0)
             names << QString::fromStdString(parser.propertyNameValue(0));
     }
@@ -400,8 +398,8 @@ QString TemplateTab::fieldLocalName(QString field, QString table)
     if (fields.KeyAdd("TablesKey;nameLat", 0) != mdr_Ok)
         return {};
     const QByteArray fieldName = field.toUtf8();
-    const MDRVar pair[] = {recordValue(directory, Field::KeyLink), MDRValue::text(fieldName)};
-    const MDRVar name = recordValue(MDARecSeekV(fields.array, key, pair, 0), Field::nameLoc);
+    const MDRVar pair[] = {Row(directory).value(Field::KeyLink), MDRValue::text(fieldName)};
+    const MDRVar name = Row(MDARecSeekV(fields.array, key, pair, 0)).value(Field::nameLoc);
     const QString local = codec()->toUnicode(MDRValue::bytes(name));
     fields.lastError = MDAKeyDel(fields.array, key);
     return local;

@@ -36,11 +36,6 @@ MDRVar keyOrNull(const QByteArray& key)
     return key.isEmpty() ? MDRValue::null() : MDRValue::text(key);
 }
 
-QByteArray keyOf(const MDRData* record)
-{
-    return MDRValue::copy(recordValue(record, Field::KeyLink));
-}
-
 void beginTyping(QLineEdit* edit)
 {
     edit->setFocus();
@@ -126,7 +121,7 @@ void TemplateTab::newFolderUnder(const QModelIndex& index, MDRData* record, cons
         emit writeLog(signature, failure);
         return;
     }
-    const QByteArray key = keyOf(record);
+    const QByteArray key = Row(record).key();
     const auto scope = [&](const char* field) {
         return isRoot && qstrcmp(scopeField, field) == 0 ? key : QByteArray();
     };
@@ -146,7 +141,7 @@ void TemplateTab::newTemplateUnder(QModelIndex index, MDRData* record, const QSt
                       QStringLiteral("failed get record by index. Can't find parent category record."));
         return;
     }
-    insertTemplate(index, keyOf(record), codec()->fromUnicode(tr("Новый шаблон")), MDRValue::null());
+    insertTemplate(index, Row(record).key(), codec()->fromUnicode(tr("Новый шаблон")), MDRValue::null());
 }
 
 void TemplateTab::deleteSelected()
@@ -217,7 +212,7 @@ void TemplateTab::answerDelete(QAbstractButton* button)
 void TemplateTab::deleteTemplate(MDRData* record)
 {
     CMDArray& rows = m_tables.templatesEdit.data;
-    const MDRVar key = recordValue(record, Field::KeyLink);
+    const MDRVar key = Row(record).value(Field::KeyLink);
     MDRData* deletion = MDARecNew(rows.array);
     MDRSetFlags(deletion, ROW_DELETE);
     MDRSetVal(MDRFldByName(rows.array, Field::KeyLink), deletion, &key);
@@ -235,7 +230,7 @@ void TemplateTab::deleteFolder(MDRData* record, std::set<const MDRData*>* seen)
 {
     if (!seen->insert(record).second)
         return;
-    const QByteArray key = keyOf(record);
+    const QByteArray key = Row(record).key();
     for (MDRData* child : MDARecsWith(m_tables.categories.data.array, Field::ParentKey, key.constData()))
         deleteFolder(child, seen);
     for (MDRData* child : MDARecsWith(m_tables.templates.data.array, Field::CategoryKey, key.constData()))
@@ -253,7 +248,7 @@ void TemplateTab::copyItem()
 {
     if (!canCopyCurrent())
         return;
-    const QByteArray key = keyOf(currentRecord());
+    const QByteArray key = Row(currentRecord()).key();
     if (key.isEmpty())
         return;
     auto* mime = new QMimeData;
@@ -275,7 +270,7 @@ void TemplateTab::pasteItem()
     const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
     const QByteArray key =
         mime ? QByteArray(mime->data(clipboardFormat()).constData()) : QByteArray(); // to the zero
-    if (MDRData* record = TemplateTables::recordByKeyLink(&m_tables.templates, key.constData()))
+    if (MDRData* record = recordByKeyLink(&m_tables.templates, key.constData()))
         pasteTemplate(record);
     else if (m_kept.isEmpty()) // whose notice has precedence
         m_notice->tell(
@@ -291,6 +286,6 @@ void TemplateTab::pasteTemplate(MDRData* record)
     QModelIndex index = currentSource();
     if (TemplateTables::isContains(&m_tables.templates, m_model->recordByIndex(index)))
         index = index.parent();
-    insertTemplate(index, index.data(Qt::UserRole).toString().toUtf8(),
-                   MDRValue::copy(recordValue(record, Field::nameLoc)), recordValue(record, Field::html));
+    insertTemplate(index, index.data(Qt::UserRole).toString().toUtf8(), Row(record).copy(Field::nameLoc),
+                   Row(record).value(Field::html));
 }

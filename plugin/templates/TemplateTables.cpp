@@ -1,8 +1,6 @@
 #include "TemplateTables.h"
 
 #include "LogbookFields.h"
-#include "MDRValues.h"
-#include "TEventNciParse.h"
 
 TemplateTables::TemplateTables()
 {
@@ -35,34 +33,9 @@ void TemplateTables::copyFrom(CModelTable* table, const CModelTable* source)
     setDefaultKey(table);
 }
 
-MDRData* TemplateTables::recordByKeyLink(const CModelTable* table, const char* key)
-{
-    if (!table || !key || *key == '\0')
-        return nullptr;
-    const MDRRange found = MDARecsWith(table->data.array, Field::KeyLink, key);
-    return found.count > 0 ? found.data[0] : nullptr;
-}
-
 bool TemplateTables::isContains(const CModelTable* table, const MDRData* record)
 {
     return table && record && MDARecArr(record) == table->data.array;
-}
-
-MDRData* TemplateTables::changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event)
-{
-    if (!table || !record)
-        return nullptr;
-    for (int i = 0; i < event->recordType.count; ++i) {
-        const MDRField* field = MDRFldByNum(&event->recordType, i);
-        bool isMarked = false;
-        MDRIsUser(field, &event->recordData, &isMarked);
-        if (!isMarked)
-            continue;
-        MDRVar value;
-        MDRGetVal(field, &event->recordData, &value);
-        MDRSetVal(field, record, &value); // by position: the handle is of the event's type
-    }
-    return table->data.RecPost(record);
 }
 
 void TemplateTables::deleteRecord(CModelTable* table, MDRData* record)

@@ -2,8 +2,6 @@
 
 #include "CModelTable.h"
 
-struct TEventNciParse;
-
 /// The tables of one page of the configurator, each named after the server's table and with the order of entry as its
 /// only key: copies of what the server holds, unsaved records, and the insert halves of moves that are under way.
 struct TemplateTables {
@@ -20,12 +18,7 @@ struct TemplateTables {
     static void setDefaultKey(CModelTable* table);
     /// Makes the table a copy of another, which may be null or without array: mdr_Assign.
     static void copyFrom(CModelTable* table, const CModelTable* source);
-    /// The record with this key; null for a null table, a null or empty key, or when there is none.
-    static MDRData* recordByKeyLink(const CModelTable* table, const char* key);
     static bool isContains(const CModelTable* table, const MDRData* record);
-    /// Takes over the marked fields of an event's row and posts the record, which it returns; null without a table or a
-    /// record, and when the record is not the table's.
-    static MDRData* changeRecord(CModelTable* table, MDRData* record, TEventNciParse* event);
     /// Removes the record; mdr_Foreign in the table's lastError when it is not the table's.
     static void deleteRecord(CModelTable* table, MDRData* record);
     /// Stores one field as the user's change, and posts the record.

@@ -136,12 +136,6 @@ bool TemplatesEditSourceModel::isContains(const CModelTable* table, const MDRDat
     return table && record && MDARecArr(record) == table->data.array;
 }
 
-MDRData* TemplatesEditSourceModel::recordWithKey(const CModelTable* table, const char* key)
-{
-    const MDRRange found = table ? MDARecsWith(table->data.array, Field::KeyLink, key) : MDRRange();
-    return found.count > 0 ? found.data[0] : nullptr;
-}
-
 const CModelTable* TemplatesEditSourceModel::tableByRecord(const MDRData* record) const
 {
     for (const CModelTable* table : {m_roots, m_categories, m_templates, m_categoriesEdit, m_templatesEdit})
@@ -211,7 +205,7 @@ TemplatesEditSourceModel::Rows TemplatesEditSourceModel::rowsUnder(const MDRData
     const bool isNew = isContains(m_categoriesEdit, parent) && (parent->flags & ROW_INSERT) != 0;
     const bool isFolder =
         isContains(m_categories, parent) || (isNew && m_level.roots == TemplateLevel::NoRoots);
-    const MDRVar key = recordValue(parent, Field::KeyLink);
+    const MDRVar key = Row(parent).value(Field::KeyLink);
     if ((!isRoot && !isFolder) || !MDRValue::hasText(key))
         return rows;
 
@@ -278,18 +272,18 @@ MDRData* TemplatesEditSourceModel::parentRecord(const MDRData* record, bool* orp
     MDRVar key;
     if (isContains(m_categories, record) || isContains(m_categoriesEdit, record)) {
         if (m_level.scopeField)
-            key = recordValue(record, m_level.scopeField);
+            key = Row(record).value(m_level.scopeField);
         if (!MDRValue::hasText(key))
-            key = recordValue(record, Field::ParentKey);
+            key = Row(record).value(Field::ParentKey);
     } else if (isContains(m_templates, record) || isContains(m_templatesEdit, record)) {
-        key = recordValue(record, Field::CategoryKey);
+        key = Row(record).value(Field::CategoryKey);
     }
     if (!MDRValue::hasText(key))
         return nullptr;
 
     const char* keyText = key.value.text.data;
     for (const CModelTable* table : {m_roots, m_categories})
-        if (MDRData* found = recordWithKey(table, keyText))
+        if (MDRData* found = recordByKeyLink(table, keyText))
             return found;
     for (MDRData* found : MDARecsWith(m_categoriesEdit->data.array, Field::KeyLink, keyText))
         if (found->flags & ROW_INSERT)
@@ -342,7 +336,7 @@ QModelIndex TemplatesEditSourceModel::indexByRecord(const MDRData* record) const
 
 QString TemplatesEditSourceModel::text(const MDRData* record, const char* field) const
 {
-    return m_codec->toUnicode(MDRValue::bytes(recordValue(record, field)));
+    return m_codec->toUnicode(MDRValue::bytes(Row(record).value(field)));
 }
 
 QVariant TemplatesEditSourceModel::data(const QModelIndex& index, int role) const
@@ -353,7 +347,7 @@ QVariant TemplatesEditSourceModel::data(const QModelIndex& index, int role) cons
         return {};
     switch (role) {
     case Qt::DisplayRole: {
-        const MDRVar name = recordValue(record, table == m_roots ? Field::name_ : Field::nameLoc);
+        const MDRVar name = Row(record).value(table == m_roots ? Field::name_ : Field::nameLoc);
         return MDRValue::isText(name) && !name.isNull ? m_codec->toUnicode(MDRValue::bytes(name))
                                                       : QVariant();
     }

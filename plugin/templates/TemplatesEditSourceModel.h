@@ -104,7 +104,6 @@ private:
     };
 
     static bool isContains(const CModelTable* table, const MDRData* record);
-    static MDRData* recordWithKey(const CModelTable* table, const char* key);
     const CModelTable* tableByRecord(const MDRData* record) const;
     void setTable(CModelTable*& member, CModelTable* table);
     bool isTopOfRoots(const MDRData* parent) const

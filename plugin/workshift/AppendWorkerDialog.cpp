@@ -62,7 +62,7 @@ CVrkCliSes* AppendWorkerDialog::session() const
 
 void AppendWorkerDialog::setWorkshiftRecord(MDRData* record)
 {
-    m_workshiftKey = MDRValue::copy(recordValue(record, Field::KeyLink));
+    m_workshiftKey = Row(record).key();
 }
 
 void AppendWorkerDialog::setDepartmentKey(const QString& key)
@@ -75,8 +75,7 @@ KeptTexts::Values AppendWorkerDialog::chosen() const
 {
     QStringList workers;
     for (int position = 0; position < m_pending.data.RecCount(); ++position)
-        workers << QString::fromUtf8(
-            MDRValue::copy(recordValue(MDARec(m_pending.data.array, 0, position), Field::WorkerKey)));
+        workers << QString::fromUtf8(Row(MDARec(m_pending.data.array, 0, position)).copy(Field::WorkerKey));
     if (workers.isEmpty())
         return {};
     return {{QStringLiteral("caption"),
@@ -117,8 +116,8 @@ void AppendWorkerDialog::reload()
         return;
     m_crew->setTables(m_workers, m_roles, m_workerRoles);
     for (int position = 0; m_crewRows && position < m_crewRows->data.RecCount(); ++position)
-        m_crew->append(QString::fromUtf8(
-            MDRValue::bytes(recordValue(MDARec(m_crewRows->data.array, 0, position), Field::WorkerKey))));
+        m_crew->append(
+            QString::fromUtf8(Row(MDARec(m_crewRows->data.array, 0, position)).bytes(Field::WorkerKey)));
 }
 
 void AppendWorkerDialog::updateApplyEnabled()
@@ -149,8 +148,7 @@ void AppendWorkerDialog::updateTemplate()
     HtmlParser parser(hardTemplate(count).toStdString());
     for (int position = 0; position < count; ++position) {
         const auto index = static_cast<unsigned>(position);
-        const QByteArray key =
-            MDRValue::copy(recordValue(MDARec(m_pending.data.array, 0, position), Field::WorkerKey));
+        const QByteArray key = Row(MDARec(m_pending.data.array, 0, position)).copy(Field::WorkerKey);
         const QString name =
             HfnWrapper::workerShortName(session()->codec(), m_workers, QString::fromUtf8(key));
         if (!name.isEmpty())

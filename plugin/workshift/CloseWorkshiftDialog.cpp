@@ -72,12 +72,12 @@ void CloseWorkshiftDialog::showEditor(const QString&, unsigned int) {}
 void CloseWorkshiftDialog::setCurrentWorkshift(MDRData* workshift)
 {
     // The key is kept, not the record: the table may be loaded anew while the dialog is open.
-    m_workshiftKey = MDRValue::copy(recordValue(workshift, Field::KeyLink));
+    m_workshiftKey = Row(workshift).key();
 }
 
 MDRData* CloseWorkshiftDialog::currentWorkshift() const
 {
-    return recordWithKey(table(QLatin1String(LogbookTable::Workshifts)), m_workshiftKey);
+    return recordByKeyLink(table(QLatin1String(LogbookTable::Workshifts)), m_workshiftKey.constData());
 }
 
 void CloseWorkshiftDialog::showEvent(QShowEvent* event)
@@ -161,7 +161,7 @@ void CloseWorkshiftDialog::approveDrafts() const
         const MDRData* record = MDARec(records->data.array, 0, position);
         if (!hasStatus(record, StatusDraft))
             continue;
-        MDRData* row = batch.newRow(ROW_UPDATE, MDRValue::copy(recordValue(record, Field::KeyLink)));
+        MDRData* row = batch.newRow(ROW_UPDATE, Row(record).key());
         batch.SetValF(row, Field::status, MDRValue::number(StatusApproved));
         batch.RecPost(row);
     }

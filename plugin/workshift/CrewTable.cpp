@@ -79,8 +79,7 @@ QString CrewTable::shownName(const QString& workerKey) const
                        "WHERE W.KeyLink = '%1'")
             .arg(workerKey)
             .toUtf8());
-    const QString login =
-        codec->toUnicode(MDRValue::bytes(recordValue(MDARec(answer.array, 0, 0), Field::login)));
+    const QString login = Row(MDARec(answer.array, 0, 0)).text(Field::login, codec);
     return login.isEmpty() ? QStringLiteral("—") : login;
 }
 

@@ -121,20 +121,19 @@ void OpenWorkshiftDialog::reloadShifts()
     const QDateTime now = module()->session()->HfnTimeToSesTime();
     for (int position = 0; shifts && position < shifts->data.RecCount(); ++position) {
         const MDRData* shift = MDARec(shifts->data.array, 0, position);
-        if (MDRValue::bytes(recordValue(shift, Field::DepartmentKey)) != department)
+        if (Row(shift).bytes(Field::DepartmentKey) != department)
             continue;
-        const auto interval = toCurrentInterval(recordValue(shift, Field::startTime).value.real,
-                                                recordValue(shift, Field::endTime).value.real, now);
+        const auto interval = toCurrentInterval(Row(shift).value(Field::startTime).value.real,
+                                                Row(shift).value(Field::endTime).value.real, now);
         const QString format = QStringLiteral("dd.MM hh:mm");
-        const QString texts[] = {codec()->toUnicode(MDRValue::bytes(recordValue(shift, Field::name_))),
+        const QString texts[] = {Row(shift).text(Field::name_, codec()),
                                  interval.first.toString(format) + QStringLiteral(" - ") +
                                      interval.second.toString(format)};
         const int row = view->rowCount();
         view->insertRow(row);
         for (int column = 0; column < 2; ++column) {
             auto* item = new QTableWidgetItem(texts[column]);
-            item->setData(Qt::UserRole,
-                          QString::fromLatin1(MDRValue::bytes(recordValue(shift, Field::KeyLink))));
+            item->setData(Qt::UserRole, QString::fromLatin1(Row(shift).bytes(Field::KeyLink)));
             item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
             view->setItem(row, column, item);
         }
@@ -172,8 +171,8 @@ void OpenWorkshiftDialog::changeSelectedShift()
     if (!key.isEmpty() && shifts) {
         const MDRVar wanted = MDRValue::text(key);
         if (const MDRData* shift = MDARecSeekV(shifts->data.array, 0, &wanted, 0))
-            interval = toCurrentInterval(recordValue(shift, Field::startTime).value.real,
-                                         recordValue(shift, Field::endTime).value.real, now);
+            interval = toCurrentInterval(Row(shift).value(Field::startTime).value.real,
+                                         Row(shift).value(Field::endTime).value.real, now);
     }
     setInterval(interval);
 }

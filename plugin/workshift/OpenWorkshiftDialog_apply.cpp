@@ -16,7 +16,7 @@ QByteArrayList keysOf(const CMDArray& rows)
 {
     QByteArrayList keys;
     for (int position = 0; position < rows.RecCount(); ++position)
-        keys << MDRValue::copy(recordValue(MDARec(rows.array, 0, position), Field::KeyLink));
+        keys << Row(MDARec(rows.array, 0, position)).key();
     return keys;
 }
 

@@ -65,7 +65,7 @@ void OpenWorkshiftDialog::autoFillNamed(const QString& parameter, const char* ta
         LogText::warn(signature, LogText::fill(notFound, {key}));
         return;
     }
-    const MDRVar name = recordValue(row, Field::name_);
+    const MDRVar name = Row(row).value(Field::name_);
     if (MDRValue::hasText(name))
         m_filler->setParameterValue(found.constFirst(), codec()->toUnicode(MDRValue::bytes(name)), key);
 }

@@ -205,7 +205,7 @@ void WorkshiftDialog::reloadTemplateText(MDRData* record, const QString& signatu
     m_filler->setTemplate(QString());
     if (!record)
         return;
-    const MDRVar html = recordValue(record, Field::html);
+    const MDRVar html = Row(record).value(Field::html);
     if (MDRValue::hasText(html))
         m_filler->setTemplate(codec()->toUnicode(MDRValue::bytes(html)));
     else

@@ -41,7 +41,7 @@ void WorkshiftInfoDialog::showEvent(QShowEvent* event)
 
 void WorkshiftInfoDialog::setWorkshiftRecord(MDRData* record)
 {
-    m_workshiftKey = MDRValue::copy(recordValue(record, Field::KeyLink));
+    m_workshiftKey = Row(record).key();
 }
 
 void WorkshiftInfoDialog::reload()
@@ -49,19 +49,19 @@ void WorkshiftInfoDialog::reload()
     for (QLabel* label : {m_form->startValue, m_form->endValue, m_form->openValue, m_form->closeValue})
         label->clear();
     m_crew->clear();
-    const MDRData* workshift = recordWithKey(m_workshifts, m_workshiftKey);
+    const MDRData* workshift = recordByKeyLink(m_workshifts, m_workshiftKey.constData());
     if (!workshift)
         return;
 
     CVrkCliSes* session = sessionOf(this);
     const auto showTime = [&](QLabel* label, const char* field) {
-        label->setText(session->HfnTimeToSesTime(recordValue(workshift, field).value.real)
+        label->setText(session->HfnTimeToSesTime(Row(workshift).value(field).value.real)
                            .toString(QStringLiteral("dd.MM.yyyy hh:mm")));
     };
     showTime(m_form->startValue, Field::startTime);
     showTime(m_form->endValue, Field::endTime);
     const auto showWorker = [&](QLabel* caption, QLabel* label, const char* field) {
-        const MDRVar key = recordValue(workshift, field);
+        const MDRVar key = Row(workshift).value(field);
         caption->setVisible(!key.isNull);
         label->setVisible(!key.isNull);
         label->setText(
@@ -72,8 +72,8 @@ void WorkshiftInfoDialog::reload()
 
     m_crew->setTables(m_workers, m_roles, m_workerRoles);
     for (int position = 0; m_crewRows && position < m_crewRows->data.RecCount(); ++position)
-        m_crew->append(QString::fromUtf8(
-            MDRValue::bytes(recordValue(MDARec(m_crewRows->data.array, 0, position), Field::WorkerKey))));
+        m_crew->append(
+            QString::fromUtf8(Row(MDARec(m_crewRows->data.array, 0, position)).bytes(Field::WorkerKey)));
 }
 
 void WorkshiftInfoDialog::keyPressEvent(QKeyEvent* event)

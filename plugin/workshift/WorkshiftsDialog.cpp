@@ -66,13 +66,12 @@ void WorkshiftsDialog::reloadWorkshifts()
     for (int position = 0; position < MDAKeyRecCount(workshifts.array, 1); ++position) {
         const MDRData* workshift = MDARec(workshifts.array, 1, position);
         const auto time = [&](const char* field) {
-            return session->HfnTimeToSesTime(recordValue(workshift, field).value.real)
+            return session->HfnTimeToSesTime(Row(workshift).value(field).value.real)
                 .toString(QStringLiteral("dd.MM.yyyy hh:mm"));
         };
         auto* item = new QListWidgetItem(
             time(Field::startTime) + QStringLiteral(" - ") + time(Field::endTime), m_form->workshiftsList);
-        item->setData(Qt::UserRole,
-                      QString::fromLatin1(MDRValue::bytes(recordValue(workshift, Field::KeyLink))));
+        item->setData(Qt::UserRole, QString::fromLatin1(Row(workshift).bytes(Field::KeyLink)));
     }
 }
 

@@ -62,7 +62,7 @@ private:
             const auto* proxy = qobject_cast<VrkTableProxyModel*>(view()->model());
             QStringList all;
             for (int row = 0; row < proxy->rowCount(); ++row)
-                all.append(QString::fromUtf8(MDRValue::copy(recordValue(proxy->record(row), "KeyLink"))));
+                all.append(QString::fromUtf8(MDRValue::copy(Row(proxy->record(row)).value("KeyLink"))));
             return all;
         }
         int rowsInTable()
@@ -270,8 +270,8 @@ private slots:
         QCOMPARE(desk.list()->item(1)->data(CommentKeyRole).toString(), QStringLiteral("NEW"));
         const auto* proxy = qobject_cast<VrkTableProxyModel*>(desk.view()->model());
         const MDRData* trip = proxy->record(desk.keys().indexOf(QStringLiteral("REC_TRIP")));
-        QVERIFY(isSet(recordValue(trip, "file")));
-        QVERIFY(isSet(recordValue(trip, "comment")));
+        QVERIFY(isSet(Row(trip).value("file")));
+        QVERIFY(isSet(Row(trip).value("comment")));
     }
 
     void hidesANewRecordUntilAColleagueCommentsOnIt()
@@ -365,7 +365,7 @@ private slots:
         desk.deliver();
         const auto* proxy = qobject_cast<VrkTableProxyModel*>(desk.view()->model());
         const MDRData* record = proxy->record(desk.keys().indexOf(QStringLiteral("REC_OPENING")));
-        QCOMPARE(MDRValue::copy(recordValue(record, "VisaWorkerKey")), QByteArray("WORKER_SIDOROVA"));
+        QCOMPARE(MDRValue::copy(Row(record).value("VisaWorkerKey")), QByteArray("WORKER_SIDOROVA"));
     }
 
     void repaintsARecordThatAnotherHasChanged()
@@ -416,7 +416,7 @@ private slots:
         const auto hasFile = [&] {
             const auto* proxy = qobject_cast<VrkTableProxyModel*>(desk.view()->model());
             return isSet(
-                recordValue(proxy->record(desk.keys().indexOf(QStringLiteral("REC_OPENING"))), "file"));
+                Row(proxy->record(desk.keys().indexOf(QStringLiteral("REC_OPENING")))).value("file"));
         };
         const auto petrov = store.open(QStringLiteral("petrov"));
         const TestStore::Fields file{{"RecordKey", QByteArray("REC_OPENING")},

@@ -50,7 +50,7 @@ struct Desk : JournalWindow {
         auto* view = childOf<QTableView>(comments, "recordsTable");
         const auto* proxy = qobject_cast<VrkTableProxyModel*>(view->model());
         for (int row = 0; row < proxy->rowCount(); ++row) {
-            if (MDRValue::copy(recordValue(proxy->record(row), "KeyLink")) != key.toUtf8())
+            if (MDRValue::copy(Row(proxy->record(row)).value("KeyLink")) != key.toUtf8())
                 continue;
             view->setCurrentIndex(proxy->index(row, 4));
             return true;
@@ -59,7 +59,7 @@ struct Desk : JournalWindow {
     }
     QByteArray value(const char* record, const char* field)
     {
-        return MDRValue::copy(recordValue(this->record(QLatin1String(record)), field));
+        return MDRValue::copy(Row(this->record(QLatin1String(record))).value(field));
     }
     bool hasStatusOf(const char* record, int status)
     {
@@ -71,8 +71,8 @@ struct Desk : JournalWindow {
         const auto* view = childOf<QTableView>(comments, "recordsTable");
         const auto* model = qobject_cast<VrkTableProxyModel*>(view->model())->tableModel();
         for (int row = 0; row < model->rowCount(); ++row)
-            if (MDRValue::copy(recordValue(model->record(row), "KeyLink")) == record)
-                return isSet(recordValue(model->record(row), field));
+            if (MDRValue::copy(Row(model->record(row)).value("KeyLink")) == record)
+                return isSet(Row(model->record(row)).value(field));
         qFatal("no record %s among the comments", record);
         return false;
     }

@@ -230,7 +230,7 @@ private:
     }
     static QString textOf(const CMDArray& rows, int row, const char* field)
     {
-        return TestStore::text(MDRValue::copy(recordValue(MDARec(rows.array, 0, row), field)));
+        return TestStore::text(MDRValue::copy(Row(MDARec(rows.array, 0, row)).value(field)));
     }
 
     std::unique_ptr<TestStore> m_store;

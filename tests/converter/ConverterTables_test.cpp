@@ -106,7 +106,7 @@ private slots:
             MDRIsUser(MDRFldByNum(sent.data.array, f), second, &marked);
             QVERIFY(marked);
         }
-        QVERIFY(recordValue(second, "html").isNull);
+        QVERIFY(Row(second).value("html").isNull);
     }
 };
 

@@ -207,7 +207,7 @@ private slots:
         QCOMPARE(int(made->flags), int(ROW_INSERT));
         QCOMPARE(tables.field(made, "KeyLink"), QStringLiteral("$AutoConvertFromDelphi"));
         QCOMPARE(tables.field(made, "nameLoc"), QStringLiteral("Параметры"));
-        QVERIFY(recordValue(made, "ParentKey").isNull);
+        QVERIFY(Row(made).value("ParentKey").isNull);
     }
 
     void keepsTheCategoryOfAnEarlierRun()

@@ -109,8 +109,8 @@ private slots:
         Report report(store);
         report.journal.tab().showReportDialog();
         const MDRData* shift = report.journal.tab().currentWorkshift();
-        const QString period = stamp(recordValue(shift, "startTime").value.real) + QStringLiteral(" - ") +
-                               stamp(recordValue(shift, "endTime").value.real);
+        const QString period = stamp(Row(shift).value("startTime").value.real) + QStringLiteral(" - ") +
+                               stamp(Row(shift).value("endTime").value.real);
         QCOMPARE(report.title(), report.journal.tab().title() + QStringLiteral("\nСмена ") + period);
 
         const QDateTime from(QDate(2026, 1, 2), QTime(3, 4));

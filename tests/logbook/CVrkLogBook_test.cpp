@@ -581,7 +581,7 @@ void CVrkLogBook_test::aQuestionDoesNotHoldTheControlsBack()
                               {"status", 1},
                               {"direction", 0}}));
     m_client->deliver();
-    QCOMPARE(MDRValue::copy(recordValue(home()->currentRecord(), "KeyLink")), QByteArray("REC_OPENING"));
+    QCOMPARE(Row(home()->currentRecord()).key(), QByteArray("REC_OPENING"));
     QVERIFY(action("approveAllRecordsAction")->isEnabled());
     m_window.reset(); // the row that waits for the answer does not become current in a page that goes
 }

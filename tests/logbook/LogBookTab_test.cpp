@@ -284,7 +284,7 @@ private slots:
     {
         const TestStore store;
         TestJournal journal(store);
-        const double time = recordValue(journal.record("REC_ORDER"), "recordTime").value.real;
+        const double time = Row(journal.record("REC_ORDER")).value("recordTime").value.real;
         const QDateTime moment = journal.session().HfnTimeToSesTime(time);
         journal.tab().uploadRecordsIn(moment, moment);
         journal.tab().switchVisibleSearch();

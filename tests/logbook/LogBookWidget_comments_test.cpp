@@ -118,7 +118,7 @@ private slots:
         QCOMPARE(pane.list()->count(), 1);
         QVERIFY(pane.remove()->isEnabled());
         QVERIFY(pane.readed()->isEnabled());
-        QVERIFY(isSet(recordValue(pane.journal.record("REC_TRIP"), "comment")));
+        QVERIFY(isSet(Row(pane.journal.record("REC_TRIP")).value("comment")));
     }
 
     void writesACommentOnAnOwnRecordRead()
@@ -289,7 +289,7 @@ private slots:
         QCOMPARE(pane.list()->count(), 1);
         QCOMPARE(pane.journal.deliver(), QStringList{QStringLiteral("603 LogbookComments 1")});
         QCOMPARE(pane.list()->count(), 0);
-        QVERIFY(!isSet(recordValue(pane.journal.record("REC_ORDER"), "comment")));
+        QVERIFY(!isSet(Row(pane.journal.record("REC_ORDER")).value("comment")));
     }
 
     void deletesWhatWasAskedAboutAlsoWhenAColleagueComments()

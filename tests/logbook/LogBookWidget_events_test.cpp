@@ -78,8 +78,8 @@ private slots:
         QCOMPARE(journal.shownKeys().last(), QStringLiteral("NEW"));
         QCOMPARE(journal.currentKey(), QStringLiteral("NEW"));
         QCOMPARE(current, journal.record("NEW"));
-        QVERIFY(!isSet(recordValue(journal.record("NEW"), "comment")));
-        QVERIFY(!recordValue(journal.record("NEW"), "comment").isNull);
+        QVERIFY(!isSet(Row(journal.record("NEW")).value("comment")));
+        QVERIFY(!Row(journal.record("NEW")).value("comment").isNull);
     }
 
     void showsTheSameInTwoSessions()
@@ -89,12 +89,12 @@ private slots:
         TestJournal petrov(store, QStringLiteral("petrov"));
         ivanov.select("REC_DRAFT_PETROV");
         ivanov.tab().approveRecord();
-        QCOMPARE(recordValue(ivanov.record("REC_DRAFT_PETROV"), "status").value.number,
+        QCOMPARE(Row(ivanov.record("REC_DRAFT_PETROV")).value("status").value.number,
                  1); // not before the event
         QCOMPARE(ivanov.deliver(), answer("602 LogbookRecords 1"));
         QCOMPARE(petrov.deliver(), answer("602 LogbookRecords 1"));
         for (TestJournal* journal : {&ivanov, &petrov})
-            QCOMPARE(recordValue(journal->record("REC_DRAFT_PETROV"), "status").value.number, 0);
+            QCOMPARE(Row(journal->record("REC_DRAFT_PETROV")).value("status").value.number, 0);
     }
 
     void neverShowsALoadedRowTwice()
@@ -125,14 +125,14 @@ private slots:
         TestJournal journal(store);
         QSignalSpy updated(&journal.tab(), &LogBookWidget::recordUpdated);
         const MDRData* draft = journal.record("REC_DRAFT_PETROV");
-        const QByteArray author = MDRValue::copy(recordValue(draft, "WorkerKey"));
+        const QByteArray author = MDRValue::copy(Row(draft).value("WorkerKey"));
         QVERIFY(TestStore::write(store.open(QStringLiteral("petrov")).get(), "LogbookRecords", ROW_UPDATE,
                                  "REC_DRAFT_PETROV", {{"html", QStringLiteral("Другой текст")}}));
         QCOMPARE(journal.deliver(), answer("602 LogbookRecords 1"));
         QCOMPARE(updated.count(), 1);
         QCOMPARE(journal.record("REC_DRAFT_PETROV"), draft); // records keep their addresses
-        QCOMPARE(TestStore::text(MDRValue::copy(recordValue(draft, "html"))), QStringLiteral("Другой текст"));
-        QCOMPARE(MDRValue::copy(recordValue(draft, "WorkerKey")), author);
+        QCOMPARE(TestStore::text(MDRValue::copy(Row(draft).value("html"))), QStringLiteral("Другой текст"));
+        QCOMPARE(MDRValue::copy(Row(draft).value("WorkerKey")), author);
         QCOMPARE(journal.cell("REC_DRAFT_PETROV", "html").toString(), QStringLiteral("Другой текст"));
         QCOMPARE(journal.currentKey(),
                  QStringLiteral("REC_OPENING")); // a changed record does not become current
@@ -142,11 +142,11 @@ private slots:
     {
         const TestStore store;
         TestJournal journal(store);
-        QVERIFY(MDRValue::hasTime(recordValue(journal.record("REC_SUCCESSOR"), "executionTime")));
+        QVERIFY(MDRValue::hasTime(Row(journal.record("REC_SUCCESSOR")).value("executionTime")));
         QVERIFY(TestStore::write(store.open(QStringLiteral("ivanov")).get(), "LogbookRecords", ROW_UPDATE,
                                  "REC_SUCCESSOR", {{"executionTime", QVariant()}}));
         journal.deliver();
-        QVERIFY(recordValue(journal.record("REC_SUCCESSOR"), "executionTime").isNull);
+        QVERIFY(Row(journal.record("REC_SUCCESSOR")).value("executionTime").isNull);
     }
 
     void removesADeletedRecord()
@@ -231,7 +231,7 @@ private slots:
 
         QVERIFY(writeComment(petrov.get(), "COM_NEW", "REC_MESSAGE"));
         QCOMPARE(journal.deliver(), answer("601 LogbookComments 1"));
-        QVERIFY(isSet(recordValue(journal.record("REC_MESSAGE"), "comment")));
+        QVERIFY(isSet(Row(journal.record("REC_MESSAGE")).value("comment")));
         QCOMPARE(list->count(), 1);
         QCOMPARE(list->item(0)->text(), QStringLiteral("Замечание"));
 
@@ -242,7 +242,7 @@ private slots:
 
         QVERIFY(TestStore::write(petrov.get(), "LogbookComments", ROW_DELETE, "COM_NEW"));
         QCOMPARE(journal.deliver(), answer("603 LogbookComments 1"));
-        QVERIFY(!isSet(recordValue(journal.record("REC_MESSAGE"), "comment")));
+        QVERIFY(!isSet(Row(journal.record("REC_MESSAGE")).value("comment")));
         QCOMPARE(list->count(), 0);
         QCOMPARE(journal.currentKey(), QStringLiteral("REC_MESSAGE"));
     }
@@ -255,7 +255,7 @@ private slots:
         QCOMPARE(journal.deliver(), answer("601 LogbookComments 1"));
         QCOMPARE(journal.child<QListWidget>("commentsList")->item(0)->data(Qt::UserRole).toString(),
                  QStringLiteral("COM_UNREAD"));
-        QVERIFY(isSet(recordValue(journal.record("REC_MESSAGE"), "comment")));
+        QVERIFY(isSet(Row(journal.record("REC_MESSAGE")).value("comment")));
     }
 
     void keepsNoCommentsAndFilesOfRecordsNotShown()
@@ -288,16 +288,16 @@ private slots:
                                   {"fileName", QStringLiteral("схема.pdf")},
                                   {"fileData", QByteArray("\0bytes", 6)}}));
         QCOMPARE(journal.deliver(), answer("601 LogbookFiles 1"));
-        QVERIFY(isSet(recordValue(journal.record("REC_MESSAGE"), "file")));
+        QVERIFY(isSet(Row(journal.record("REC_MESSAGE")).value("file")));
         QCOMPARE(table->rowCount(), 1);
         QCOMPARE(table->item(0, 0)->text(), QStringLiteral("схема.pdf"));
         const MDRRange rows = MDARecsWith(journal.tab().table(QStringLiteral("LogbookFiles"))->data.array,
                                           "KeyLink", "FILE_NEW");
-        QCOMPARE(MDRValue::copy(recordValue(rows.data[0], "fileData")), QByteArray("\0bytes", 6));
+        QCOMPARE(MDRValue::copy(Row(rows.data[0]).value("fileData")), QByteArray("\0bytes", 6));
 
         QVERIFY(TestStore::write(petrov.get(), "LogbookFiles", ROW_DELETE, "FILE_NEW"));
         QCOMPARE(journal.deliver(), answer("603 LogbookFiles 1"));
-        QVERIFY(!isSet(recordValue(journal.record("REC_MESSAGE"), "file")));
+        QVERIFY(!isSet(Row(journal.record("REC_MESSAGE")).value("file")));
         QCOMPARE(table->rowCount(), 0);
     }
 

@@ -164,7 +164,7 @@ private slots:
         QCOMPARE(pane.journal.deliver(), QStringList{QStringLiteral("601 LogbookFiles 1")});
         QCOMPARE(pane.table()->rowCount(), 1);
         QVERIFY(pane.remove()->isEnabled() && pane.save()->isEnabled());
-        QVERIFY(isSet(recordValue(pane.journal.record("REC_ORDER"), "file")));
+        QVERIFY(isSet(Row(pane.journal.record("REC_ORDER")).value("file")));
         pane.open(0); // the bytes are fetched from the store on demand
         QCOMPARE(read(pane.desktop.opened.value(0).toLocalFile()), QByteArray("a\0b", 3));
     }

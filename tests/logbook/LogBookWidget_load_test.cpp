@@ -91,7 +91,7 @@ private slots:
         QVERIFY(start.date() < journal.tab().displayedPeriodEnd().date());
         double last = 0;
         for (const QString& key : journal.shownKeys()) {
-            const double time = recordValue(journal.record(key.toUtf8()), "recordTime").value.real;
+            const double time = Row(journal.record(key.toUtf8())).value("recordTime").value.real;
             QVERIFY(time >= last);
             last = time;
         }
@@ -142,10 +142,10 @@ private slots:
     {
         const TestStore store;
         TestJournal journal(store);
-        QVERIFY(isSet(recordValue(journal.record("REC_OPENING"), "comment")));
-        QVERIFY(!isSet(recordValue(journal.record("REC_OPENING"), "file")));
-        QVERIFY(isSet(recordValue(journal.record("REC_TRIP"), "file")));
-        QVERIFY(!isSet(recordValue(journal.record("REC_TRIP"), "comment")));
+        QVERIFY(isSet(Row(journal.record("REC_OPENING")).value("comment")));
+        QVERIFY(!isSet(Row(journal.record("REC_OPENING")).value("file")));
+        QVERIFY(isSet(Row(journal.record("REC_TRIP")).value("file")));
+        QVERIFY(!isSet(Row(journal.record("REC_TRIP")).value("comment")));
     }
 
     void isEmptyWithoutAnOpenWorkshift()
@@ -206,7 +206,7 @@ private slots:
                  QStringList({QStringLiteral("REC_PAST_1"), QStringLiteral("REC_PAST_2")}));
         QCOMPARE(journal.currentKey(), QStringLiteral("REC_PAST_1"));
         QCOMPARE(journal.tab().displayedPeriodEnd(), hoursFromNow(-6));
-        QVERIFY(isSet(recordValue(journal.record("REC_PAST_1"), "comment")));
+        QVERIFY(isSet(Row(journal.record("REC_PAST_1")).value("comment")));
         QCOMPARE(count(journal, "LogbookWorkersWorkshift"), 3);
     }
 
@@ -256,7 +256,7 @@ private slots:
     {
         const TestStore store;
         TestJournal journal(store);
-        const double time = recordValue(journal.record("REC_ORDER"), "recordTime").value.real;
+        const double time = Row(journal.record("REC_ORDER")).value("recordTime").value.real;
         const QDateTime moment = HfnTime_to_DateTime(time, -1);
         journal.tab().uploadRecordsIn(moment, moment);
         QCOMPARE(journal.shownKeys(), QStringList{QStringLiteral("REC_ORDER")});

@@ -25,7 +25,7 @@ private:
     }
     static QString object(const MDRData* record)
     {
-        return TestStore::text(MDRValue::copy(recordValue(record, "object")));
+        return TestStore::text(MDRValue::copy(Row(record).value("object")));
     }
 
 private slots:
@@ -68,10 +68,10 @@ private slots:
         Fixture f;
         MDRData* plain = f.records.add({{"html", parameter("text", QStringLiteral("слово"))}});
         f.preparer.prepareRecordHtml(plain);
-        QVERIFY(recordValue(plain, "object").isNull);
+        QVERIFY(Row(plain).value("object").isNull);
         MDRData* none = f.records.add({});
         f.preparer.prepareRecordHtml(none);
-        QVERIFY(recordValue(none, "object").isNull);
+        QVERIFY(Row(none).value("object").isNull);
     }
 
     void marksRecordsWithCommentsAndFiles()
@@ -84,14 +84,14 @@ private slots:
         f.comments.add({{"KeyLink", "C2"}});
         f.files.add({{"KeyLink", "F1"}, {"RecordKey", "R2"}});
         f.preparer.prepareRecords();
-        QVERIFY(isSet(recordValue(first, "comment")) && !isSet(recordValue(first, "file")));
-        QVERIFY(!isSet(recordValue(second, "comment")) && isSet(recordValue(second, "file")));
-        QVERIFY(!recordValue(keyless, "comment").isNull);
-        QVERIFY(!isSet(recordValue(keyless, "comment")));
+        QVERIFY(isSet(Row(first).value("comment")) && !isSet(Row(first).value("file")));
+        QVERIFY(!isSet(Row(second).value("comment")) && isSet(Row(second).value("file")));
+        QVERIFY(!Row(keyless).value("comment").isNull);
+        QVERIFY(!isSet(Row(keyless).value("comment")));
 
         MDARecDel(comment);
         f.preparer.prepareRecordComment(first);
-        QVERIFY(!isSet(recordValue(first, "comment")));
+        QVERIFY(!isSet(Row(first).value("comment")));
     }
 
     void doesNotTouchRecordsOfOtherTables()
@@ -100,8 +100,8 @@ private slots:
         MadeTable other("LogbookRecords", LogbookRecordExtFields);
         MDRData* record = other.add({{"KeyLink", "R1"}, {"html", parameter("line", QStringLiteral("А"))}});
         f.preparer.prepareRecord(record);
-        QVERIFY(recordValue(record, "object").isNull);
-        QVERIFY(recordValue(record, "comment").isNull);
+        QVERIFY(Row(record).value("object").isNull);
+        QVERIFY(Row(record).value("comment").isNull);
     }
 };
 

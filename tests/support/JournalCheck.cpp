@@ -49,7 +49,7 @@ struct Rules {
         isOpen = shift && !hasText(shift, "CloseWorkerKey");
         isIn = shift && bytes(shift, "OpenWorkerKey") == me;
         for (const MDRData* row : all(journal->table(QStringLiteral("LogbookWorkersWorkshift"))))
-            isIn = isIn || (shift && isSet(recordValue(row, "opening")) && bytes(row, "WorkerKey") == me &&
+            isIn = isIn || (shift && isSet(Row(row).value("opening")) && bytes(row, "WorkerKey") == me &&
                             bytes(row, "WorkshiftKey") == bytes(shift, "KeyLink"));
         isWorking = mode == 1 && isOpen && isIn;
         for (const MDRData* one : records) {
@@ -171,7 +171,7 @@ QStringList JournalCheck::rows(const QString& name, LogBookTab* tab, CModelTable
     const MDRField* field = model->field(column);
     for (int row = 1; row < proxy->rowCount() && field && field->type == mdr_TDouble; ++row) {
         const auto value = [&](int of) {
-            const MDRVar time = recordValue(proxy->record(of), field->name);
+            const MDRVar time = Row(proxy->record(of)).value(field->name);
             return time.isNull ? -1.0 : time.value.real;
         };
         const bool isRight = proxy->sortOrder() == Qt::AscendingOrder ? value(row - 1) <= value(row)
@@ -203,9 +203,9 @@ QStringList JournalCheck::filledFields(const QString& name, LogBookWidget* journ
     const QSet<QByteArray> filed = owners("LogbookFiles");
     for (const MDRData* record : all(journal->table(QStringLiteral("LogbookRecords")))) {
         const QByteArray key = bytes(record, "KeyLink");
-        if (isSet(recordValue(record, "comment")) != commented.contains(key))
+        if (isSet(Row(record).value("comment")) != commented.contains(key))
             faults << QStringLiteral("%1: the mark of comments on %2").arg(name, QString::fromUtf8(key));
-        if (isSet(recordValue(record, "file")) != filed.contains(key))
+        if (isSet(Row(record).value("file")) != filed.contains(key))
             faults << QStringLiteral("%1: the mark of files on %2").arg(name, QString::fromUtf8(key));
         const HtmlParser parser(bytes(record, "html").toStdString());
         std::string substation;
@@ -261,13 +261,13 @@ QStringList JournalCheck::panes(const QString& name, LogBookWidget* journal) con
                       .arg(name, shown.join(QLatin1Char(',')), keys(comments).join(QLatin1Char(',')));
     for (std::size_t i = 0; i < comments.size() && shown == keys(comments); ++i) {
         const QListWidgetItem* item = list->item(static_cast<int>(i));
-        const bool isRead = MDRValue::hasTime(recordValue(comments[i], "readedTime"));
+        const bool isRead = MDRValue::hasTime(Row(comments[i]).value("readedTime"));
         isAnyUnread = isAnyUnread || !isRead;
         if (item->text() != TestStore::text(bytes(comments[i], "text_")) ||
             item->data(CommentIsReadRole).toBool() != isRead ||
             !item->data(CommentTimeRole)
                  .toString()
-                 .startsWith(timeText(recordValue(comments[i], "commentTime"))))
+                 .startsWith(timeText(Row(comments[i]).value("commentTime"))))
             faults << QStringLiteral("%1: the comment %2 shows as it was").arg(name, shown.at(int(i)));
     }
     const int row = list->currentRow();
@@ -395,10 +395,9 @@ QStringList JournalCheck::bar(RandomDispatcher& person) const
         expectText("intervalLabel", QStringLiteral("Время: ") + period);
         return faults;
     }
-    const QString shift = is.shift
-                              ? QStringLiteral("%1 - %2").arg(timeText(recordValue(is.shift, "startTime")),
-                                                              timeText(recordValue(is.shift, "endTime")))
-                              : QString();
+    const QString shift = is.shift ? QStringLiteral("%1 - %2").arg(timeText(Row(is.shift).value("startTime")),
+                                                                   timeText(Row(is.shift).value("endTime")))
+                                   : QString();
     if (is.shift)
         expectText("intervalLabel", QStringLiteral("Смена: ") + shift);
     else if (is.mode == 1)

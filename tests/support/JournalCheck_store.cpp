@@ -43,7 +43,7 @@ QString rowText(const MDRData* record, const char* table)
 {
     QStringList values;
     for (const MDRFieldDescr& field : TableCatalog::table(table)->descriptors())
-        values << valueText(recordValue(record, field.name));
+        values << valueText(Row(record).value(field.name));
     return values.join(QLatin1Char('|'));
 }
 
@@ -196,7 +196,7 @@ QStringList JournalCheck::inbox(CommentsWidget* page) const
     if (listed != there)
         faults << QStringLiteral("comments of %1: %2 instead of %3")
                       .arg(ofCurrent, listed.join(QLatin1Char(',')), there.join(QLatin1Char(',')));
-    if (current && isSet(recordValue(current, "file")) != !stored("LogbookFiles", ofCurrent).isEmpty())
+    if (current && isSet(Row(current).value("file")) != !stored("LogbookFiles", ofCurrent).isEmpty())
         faults << QStringLiteral("comments: the mark of files with ") + ofCurrent;
     return faults;
 }

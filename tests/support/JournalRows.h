@@ -13,16 +13,16 @@ namespace JournalRows
 {
 inline QByteArray bytes(const MDRData* record, const char* field)
 {
-    return MDRValue::copy(recordValue(record, field));
+    return MDRValue::copy(Row(record).value(field));
 }
 inline bool hasText(const MDRData* record, const char* field)
 {
-    return MDRValue::hasText(recordValue(record, field));
+    return MDRValue::hasText(Row(record).value(field));
 }
 /// The status, -1 without one.
 inline int status(const MDRData* record)
 {
-    const MDRVar value = recordValue(record, "status");
+    const MDRVar value = Row(record).value("status");
     return value.isNull || value.type == mdr_TNone ? -1 : value.value.number;
 }
 /// All records of an array, in the order of its first key.

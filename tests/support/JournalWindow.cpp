@@ -123,7 +123,7 @@ void JournalWindow::select(const char* key)
     auto* view = childOf<QTableView>(m_home, "recordsTable");
     const auto* proxy = qobject_cast<VrkTableProxyModel*>(view->model());
     for (int row = 0; row < proxy->rowCount(); ++row) {
-        if (MDRValue::bytes(recordValue(proxy->record(row), "KeyLink")) == key) {
+        if (MDRValue::bytes(Row(proxy->record(row)).value("KeyLink")) == key) {
             view->setCurrentIndex(proxy->index(row, 4));
             return;
         }

@@ -103,13 +103,13 @@ QStringList TestJournal::shownKeys()
     const auto* proxy = qobject_cast<VrkTableProxyModel*>(view()->model());
     QStringList keys;
     for (int row = 0; row < proxy->rowCount(); ++row)
-        keys.append(QString::fromUtf8(MDRValue::copy(recordValue(proxy->record(row), "KeyLink"))));
+        keys.append(QString::fromUtf8(MDRValue::copy(Row(proxy->record(row)).value("KeyLink"))));
     return keys;
 }
 
 QString TestJournal::currentKey()
 {
-    return QString::fromUtf8(MDRValue::copy(recordValue(m_tab->currentRecord(), "KeyLink")));
+    return QString::fromUtf8(MDRValue::copy(Row(m_tab->currentRecord()).value("KeyLink")));
 }
 
 void TestJournal::select(const char* key)

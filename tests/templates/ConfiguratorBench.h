@@ -69,8 +69,8 @@ public:
     /// The record with this key in the copies of the server's tables.
     static MDRData* record(const TemplateTab* page, const char* key)
     {
-        MDRData* found = TemplateTables::recordByKeyLink(&page->tables().categories, key);
-        return found ? found : TemplateTables::recordByKeyLink(&page->tables().templates, key);
+        MDRData* found = recordByKeyLink(&page->tables().categories, key);
+        return found ? found : recordByKeyLink(&page->tables().templates, key);
     }
     static QModelIndex source(const TemplateTab* page, const char* key)
     {
@@ -97,7 +97,7 @@ public:
     }
     static QString currentKey(const TemplateTab* page)
     {
-        return QString::fromUtf8(MDRValue::copy(recordValue(page->currentRecord(), "KeyLink")));
+        return QString::fromUtf8(MDRValue::copy(Row(page->currentRecord()).value("KeyLink")));
     }
     static QString currentName(const TemplateTab* page)
     {

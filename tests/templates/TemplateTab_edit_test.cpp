@@ -103,8 +103,8 @@ private slots:
             MDRIsUser(MDRFldByName(MDARecArr(edit), field), edit, &isMarked);
             QCOMPARE(isMarked, qstrcmp(field, "nameLoc") == 0); // only what the user changed is written
         }
-        QCOMPARE(MDRValue::copy(recordValue(edit, "html")),
-                 MDRValue::copy(recordValue(Configurator::record(page, "TPL_ORDER"), "html")));
+        QCOMPARE(MDRValue::copy(Row(edit).value("html")),
+                 MDRValue::copy(Row(Configurator::record(page, "TPL_ORDER")).value("html")));
         // The row keeps its name until the change event arrives.
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Команда на производство переключений"));
     }
@@ -116,7 +116,7 @@ private slots:
         QVERIFY(Configurator::select(page, "CAT_CDS"));
         categoryName(page)->setText(QStringLiteral("Погода и дороги"));
         const MDRData* edit = MDARec(page->tables().categoriesEdit.data.array, 0, 0);
-        QVERIFY(recordValue(edit, "DepartmentKey").isNull);
+        QVERIFY(Row(edit).value("DepartmentKey").isNull);
         page->applyChanges();
         one.deliver();
         QCOMPARE(stored("LogbookCatsTemplate", "CAT_CDS"), QStringLiteral("Погода и дороги"));

@@ -41,7 +41,7 @@ private:
     /// The text of the edit record.
     static HtmlParser edited(TemplateTab* page)
     {
-        return templateOf(recordValue(MDARec(page->tables().templatesEdit.data.array, 0, 0), "html"));
+        return templateOf(Row(MDARec(page->tables().templatesEdit.data.array, 0, 0)).value("html"));
     }
     static QString property(const HtmlParser& parser, const char* name)
     {
@@ -250,7 +250,7 @@ private slots:
         QVERIFY(edited(page).isExistTemplateProperty("open_wshift"));
         box(page, "templateOpenBox")->click();
         const MDRData* record = page->currentRecord();
-        QVERIFY(recordValue(record, "html").isNull); // an empty result is stored as null
+        QVERIFY(Row(record).value("html").isNull); // an empty result is stored as null
         page->cancelChanges();
     }
 

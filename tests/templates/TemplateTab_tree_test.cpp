@@ -308,8 +308,8 @@ private slots:
         QVERIFY(Configurator::selectRoot(deps, QStringLiteral("DEP_ODS")));
         deps->createFolder();
         const MDRData* folder = deps->currentRecord();
-        QCOMPARE(MDRValue::copy(recordValue(folder, "DepartmentKey")), QByteArray("DEP_ODS"));
-        QVERIFY(recordValue(folder, "ParentKey").isNull && recordValue(folder, "OrgTypeKey").isNull);
+        QCOMPARE(MDRValue::copy(Row(folder).value("DepartmentKey")), QByteArray("DEP_ODS"));
+        QVERIFY(Row(folder).value("ParentKey").isNull && Row(folder).value("OrgTypeKey").isNull);
         deps->applyChanges();
         one.deliver();
         QCOMPARE(count(QStringLiteral("LogbookCatsTemplate WHERE DepartmentKey='DEP_ODS'")), 1);
@@ -318,8 +318,8 @@ private slots:
         TemplateTab* orgs = one.show(one.orgs());
         QVERIFY(Configurator::select(orgs, "CAT_NETS"));
         orgs->createFolder();
-        QCOMPARE(MDRValue::copy(recordValue(orgs->currentRecord(), "ParentKey")), QByteArray("CAT_NETS"));
-        QVERIFY(recordValue(orgs->currentRecord(), "OrgTypeKey").isNull);
+        QCOMPARE(MDRValue::copy(Row(orgs->currentRecord()).value("ParentKey")), QByteArray("CAT_NETS"));
+        QVERIFY(Row(orgs->currentRecord()).value("OrgTypeKey").isNull);
         orgs->cancelChanges();
     }
 
@@ -462,11 +462,11 @@ private slots:
         QVERIFY(Configurator::select(page, "TPL_CLOSE")); // next to it
         QTest::keyClick(page, Qt::Key_V, Qt::ControlModifier);
         const MDRData* copy = page->currentRecord();
-        QCOMPARE(MDRValue::copy(recordValue(copy, "CategoryKey")), QByteArray("CAT_COMMON"));
-        QVERIFY(MDRValue::copy(recordValue(copy, "KeyLink")) != "TPL_ORDER");
+        QCOMPARE(MDRValue::copy(Row(copy).value("CategoryKey")), QByteArray("CAT_COMMON"));
+        QVERIFY(MDRValue::copy(Row(copy).value("KeyLink")) != "TPL_ORDER");
         QCOMPARE(Configurator::currentName(page), QStringLiteral("Команда на производство переключений"));
-        QCOMPARE(MDRValue::copy(recordValue(copy, "html")),
-                 MDRValue::copy(recordValue(Configurator::record(page, "TPL_ORDER"), "html")));
+        QCOMPARE(MDRValue::copy(Row(copy).value("html")),
+                 MDRValue::copy(Row(Configurator::record(page, "TPL_ORDER")).value("html")));
         page->applyChanges();
         one.deliver();
         QCOMPARE(count(QStringLiteral("LogbookTemplates")), 6);

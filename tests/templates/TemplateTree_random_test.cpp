@@ -32,11 +32,11 @@ private:
 
     static QByteArray text(const MDRData* record, const char* field)
     {
-        return MDRValue::copy(recordValue(record, field));
+        return MDRValue::copy(Row(record).value(field));
     }
     static bool isNull(const MDRData* record, const char* field)
     {
-        const MDRVar value = recordValue(record, field);
+        const MDRVar value = Row(record).value(field);
         return value.isNull || value.type == mdr_TNone;
     }
     static std::vector<MDRData*> all(const CModelTable& table, bool onlyNew)

@@ -72,7 +72,7 @@ private:
                                              &m_tables->categoriesEdit, &m_tables->templatesEdit,
                                              m_orgTypes.get(),          m_departments.get()};
         for (const CModelTable* table : tables)
-            if (MDRData* found = TemplateTables::recordByKeyLink(table, key))
+            if (MDRData* found = recordByKeyLink(table, key))
                 return found;
         return nullptr;
     }
