@@ -3,6 +3,8 @@
 # Qt's own dialogs: their content is not ours.
 NOT_OURS = {"QFileDialog", "QPrintDialog", "QPrintPropertiesDialog", "QUnixPrintWidget"}
 
+EDGE = 3  # pixels of a line around a window
+
 
 def owner_chain(tree, window):
     """The windows that a window belongs to."""
@@ -46,7 +48,9 @@ def problems(seat, tree):
                 if not owner["shown"] or owner["minimized"]:
                     found.append(f"{label(known)} is left behind by its window")
     if windows and (not windows[-1].managed or windows[-1].wid == screen.active()):
-        width, height, data = screen.picture(windows[-1].rect)
+        x, y, width, height = windows[-1].rect
+        # Without the frame and the scroll bar: they show even if nothing else does.
+        width, height, data = screen.picture((x + EDGE, y + EDGE, width * 3 // 4, height - 2 * EDGE))
         if data == data[:4] * (width * height):
             found.append(f"{windows[-1]} is empty")
     seen = {w.wid for w in windows}
