@@ -32,7 +32,7 @@ QString describe(DemoStore::State state)
 }
 
 /// Gives every login of a store on a server its role; returns a message about it.
-bool admitAll(const QString& url, QString* told, StoreError* error)
+bool admitAll(const QString& url, QString* message, StoreError* error)
 {
     const auto store = Store::open(url, {}, error);
     QStringList names;
@@ -41,8 +41,8 @@ bool admitAll(const QString& url, QString* told, StoreError* error)
             return false;
         names << login.login;
     }
-    *told = QStringLiteral("Входят: %1. Пароли задаёт vrk-admin user URL password ИМЯ.\n")
-                .arg(names.join(QStringLiteral(", ")));
+    *message = QStringLiteral("Входят: %1. Пароли задаёт vrk-admin user URL password ИМЯ.\n")
+                   .arg(names.join(QStringLiteral(", ")));
     return store != nullptr;
 }
 } // namespace
@@ -130,10 +130,10 @@ Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& stream
         if (!DemoStore::fill(url, now(), &error)) // refuses a store with foreign data
             return fail(streams, error);
         streams.out << QStringLiteral("Демонстрационный журнал записан.\n");
-        QString told;
-        if (StoreUrl(url).engine == StoreUrl::PostgreSql && !admitAll(url, &told, &error))
+        QString message;
+        if (StoreUrl(url).engine == StoreUrl::PostgreSql && !admitAll(url, &message, &error))
             return fail(streams, error);
-        streams.out << told;
+        streams.out << message;
     }
     if (old) {
         if (!DemoStore::writeEarlierJournal(url, now(), templates < 0 ? oldTemplates : templates, &error))

@@ -165,7 +165,7 @@ std::string DemoFiller::fill(const DemoTemplate& record, const Scene& scene, con
     Place place{&m_network.substations().at(substation), pick(lines), QString()};
     place.voltage = place.substation->voltage;
 
-    Values told = values;
+    Values unused = values;
     for (unsigned i = 0; i < parser.countParameters(); ++i) {
         const std::string type = parser.propertyNameValue(i);
         const QString label = QString::fromStdString(parser.propertyValue(i, "locname"));
@@ -176,9 +176,9 @@ std::string DemoFiller::fill(const DemoTemplate& record, const Scene& scene, con
         QString text = value(type, label, choices, format, record, scene, place);
         if (parser.isExistProperty(i, "optional") && chance(15))
             text.clear();
-        for (int t = 0; t < told.size(); ++t)
-            if (told[t].first == label) {
-                text = told.takeAt(t).second;
+        for (int t = 0; t < unused.size(); ++t)
+            if (unused[t].first == label) {
+                text = unused.takeAt(t).second;
                 break;
             }
         parser.setValueText(i, text.toStdString());
@@ -195,7 +195,7 @@ std::string DemoFiller::fill(const DemoTemplate& record, const Scene& scene, con
         if (!key.isEmpty() && type != "text" && type != "list")
             parser.setPropertyData(i, key.toStdString());
     }
-    if (!told.isEmpty())
-        qFatal("\"%s\" has no parameter \"%s\"", qPrintable(record.name), qPrintable(told.first().first));
+    if (!unused.isEmpty())
+        qFatal("\"%s\" has no parameter \"%s\"", qPrintable(record.name), qPrintable(unused.first().first));
     return parser.readyHtml(true);
 }

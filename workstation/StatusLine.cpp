@@ -291,15 +291,15 @@ void StatusLine::showConnection(bool connected)
 void StatusLine::showMessage()
 {
     m_acknowledgeButton->setVisible(!m_failures.isEmpty());
-    const QStringList told = failures();
+    const QStringList reported = failures();
     QString text = m_notice;
-    if (!told.isEmpty()) {
-        text = told.constLast();
-        if (told.size() > 1)
-            text += tr(" (и ещё %1)").arg(told.size() - 1);
+    if (!reported.isEmpty()) {
+        text = reported.constLast();
+        if (reported.size() > 1)
+            text += tr(" (и ещё %1)").arg(reported.size() - 1);
     }
     m_messageLabel->setText(text);
-    m_messageLabel->setToolTip(told.isEmpty() ? m_notice : told.join(QLatin1Char('\n')));
+    m_messageLabel->setToolTip(reported.isEmpty() ? m_notice : reported.join(QLatin1Char('\n')));
 
     // A colour in addition to the words: legible on light and dark backgrounds.
     m_messageLabel->setStyleSheet(
@@ -324,10 +324,10 @@ void StatusLine::synchronizeClock()
 
 void StatusLine::showDeviation()
 {
-    const bool told = qAbs(m_serverAhead) > toleratedDeviationMs;
+    const bool isWrong = qAbs(m_serverAhead) > toleratedDeviationMs;
     const qint64 seconds = qAbs(m_serverAhead) / 1000;
-    m_deviationLabel->setVisible(told);
-    m_deviationLabel->setText(!told ? QString()
+    m_deviationLabel->setVisible(isWrong);
+    m_deviationLabel->setText(!isWrong ? QString()
                               : m_serverAhead > 0 ? tr("Часы компьютера отстают на %1 с").arg(seconds)
                                                   : tr("Часы компьютера спешат на %1 с").arg(seconds));
 }

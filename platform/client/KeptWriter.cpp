@@ -38,7 +38,7 @@ struct KeptWriter::Shared {
     std::condition_variable wake;
     std::condition_variable idle;
     QMap<QByteArray, Job> waiting;
-    std::function<void(const QString&)> told;
+    std::function<void(const QString&)> reportError;
     bool isHurried = false;
     bool isEnding = false;
     bool isAtWork = false;
@@ -56,8 +56,8 @@ void KeptWriter::Shared::run()
         for (auto job = work.cbegin(); job != work.cend(); ++job)
             if (!waiting.contains(job.key())) // no newer job has come in the meantime
                 waiting.insert(job.key(), job.value());
-        if (told && errorText != error)
-            told(error);
+        if (reportError && errorText != error)
+            reportError(error);
         errorText = error;
         isAtWork = false;
         ++passes;
@@ -103,12 +103,12 @@ QString KeptWriter::Shared::write(QMap<QByteArray, Job>* work)
 }
 
 KeptWriter::KeptWriter(std::unique_ptr<KeptFolder> folder, const QByteArray& scope,
-                       std::function<void(const QString&)> told)
+                       std::function<void(const QString&)> reportError)
     : m_shared(std::make_shared<Shared>())
 {
     m_shared->folder = std::move(folder);
     m_shared->scope = scope;
-    m_shared->told = std::move(told);
+    m_shared->reportError = std::move(reportError);
     try {
         std::thread([shared = m_shared] { shared->run(); }).detach();
     } catch (const std::system_error& error) {
@@ -121,7 +121,7 @@ KeptWriter::~KeptWriter()
 {
     std::unique_lock<std::mutex> lock(m_shared->mutex);
     m_shared->isEnding = true;
-    m_shared->told = nullptr;
+    m_shared->reportError = nullptr;
     m_shared->wake.notify_all();
     m_shared->idle.wait_for(lock, patience, [this] { return m_shared->hasEnded; });
 }

@@ -16,7 +16,7 @@ public:
     /// Takes ownership of the folder. \a scope marks the files. The callback receives an error text when writing
     /// starts to fail, and an empty text when it works again; it is called in the thread.
     KeptWriter(std::unique_ptr<KeptFolder> folder, const QByteArray& scope,
-               std::function<void(const QString&)> told);
+               std::function<void(const QString&)> reportError);
     /// Waits at most a few seconds for pending writes; a disk that hangs does not block the program.
     ~KeptWriter();
     KeptWriter(const KeptWriter&) = delete;

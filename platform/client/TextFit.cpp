@@ -9,7 +9,7 @@
 namespace
 {
 /// Replacements that decomposition does not give.
-const QHash<QChar, QString>& kinTable()
+const QHash<QChar, QString>& closestTable()
 {
     struct Row {
         char16_t from;
@@ -87,10 +87,10 @@ const QHash<QChar, QString>& kinTable()
         {0x0153, u"oe"},
     };
     static const QHash<QChar, QString> table = [] {
-        QHash<QChar, QString> kin;
+        QHash<QChar, QString> closest;
         for (const Row& row : rows)
-            kin.insert(QChar(row.from), QString::fromUtf16(row.to));
-        return kin;
+            closest.insert(QChar(row.from), QString::fromUtf16(row.to));
+        return closest;
     }();
     return table;
 }
@@ -146,21 +146,21 @@ QVector<TextFit::Change> TextFit::changes(const QString& text) const
         int end = i + 1;
         while (end < text.size() && !carries(text[end]) && (text[end].isMark() || text[end].isLowSurrogate()))
             ++end;
-        found.append({start, end - start, kin(text.mid(start, end - start))});
+        found.append({start, end - start, closest(text.mid(start, end - start))});
         i = end - 1;
     }
     return found;
 }
 
-QString TextFit::kin(const QString& passage) const
+QString TextFit::closest(const QString& passage) const
 {
     const QString composed = passage.normalized(QString::NormalizationForm_C);
     if (carries(composed))
         return composed;
     QString result;
     for (const QChar whole : composed) {
-        const auto known = kinTable().constFind(whole);
-        const QString parts = known != kinTable().constEnd()
+        const auto known = closestTable().constFind(whole);
+        const QString parts = known != closestTable().constEnd()
                                   ? *known
                                   : QString(whole).normalized(QString::NormalizationForm_KD);
         for (const QChar part : parts) {
@@ -171,7 +171,7 @@ QString TextFit::kin(const QString& passage) const
             else if (part.isSpace())
                 result += QLatin1Char(' ');
             else if (!part.isMark())
-                result += kinTable().value(part);
+                result += closestTable().value(part);
         }
     }
     return carries(result) ? result : QString();

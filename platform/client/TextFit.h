@@ -30,7 +30,7 @@ public:
 private:
     bool carries(QChar character) const { return m_all || m_carried[character.unicode()]; }
     bool carries(const QString& text) const;
-    QString kin(const QString& passage) const;
+    QString closest(const QString& passage) const;
 
     bool m_all = false;
     std::bitset<65536> m_carried;

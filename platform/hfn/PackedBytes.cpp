@@ -124,9 +124,9 @@ double PackedReader::real()
 
 const char* PackedReader::text(std::int32_t* length)
 {
-    const std::uint32_t told = number();
-    const char* raw = told <= std::numeric_limits<std::int32_t>::max() ? take(told) : take(-1);
-    *length = raw != nullptr ? static_cast<std::int32_t>(told) : 0;
+    const std::uint32_t claimed = number();
+    const char* raw = claimed <= std::numeric_limits<std::int32_t>::max() ? take(claimed) : take(-1);
+    *length = raw != nullptr ? static_cast<std::int32_t>(claimed) : 0;
     return raw != nullptr ? raw : "";
 }
 

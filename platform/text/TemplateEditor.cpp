@@ -66,7 +66,7 @@ struct TemplateEditor::Private {
     bool loading = false;
     QString untouched;  ///< the text that was set; valid while the document is unmodified
     QString properties; ///< the elements with template properties
-    QString told;       ///< the text as the receivers know it
+    QString announced;  ///< the text as the receivers know it
     bool warned = false;
 
     // The cursor position in a text that was cleared: restored if the same text is set next.
@@ -211,7 +211,7 @@ void TemplateEditor::Private::load(const QString& html)
     if (dialog)
         dialog->reject(); // it belongs to the text that is being replaced
     untouched = html;
-    told = html;
+    announced = html;
     properties = TemplateEditorHtml::properties(html);
     warned = false;
     text->setContent(html);
@@ -225,9 +225,9 @@ void TemplateEditor::Private::contentsChanged()
     if (loading)
         return;
     const QString now = q->templateText();
-    if (now == told)
+    if (now == announced)
         return;
-    told = now;
+    announced = now;
     notice->hide();
     const QStringList lost = warned ? QStringList() : TemplateEditorHtml::uncarried(untouched);
     if (!lost.isEmpty()) {
@@ -241,7 +241,7 @@ void TemplateEditor::Private::contentsChanged()
 
 void TemplateEditor::Private::showPreview()
 {
-    const HtmlParser parser(told.toStdString());
+    const HtmlParser parser(announced.toStdString());
     QVector<FillerText::Shown> shown;
     for (unsigned i = 0; i < parser.countParameters(); ++i) {
         const ParameterSpec spec = ParameterSpec::read(parser, i);
@@ -252,7 +252,7 @@ void TemplateEditor::Private::showPreview()
             {spec.shown(value.isEmpty() ? spec.label : value), filled ? ParameterState::Filled : empty});
     }
     const int scrolled = preview->verticalScrollBar()->value();
-    preview->showText(TemplateText::runs(told), shown);
+    preview->showText(TemplateText::runs(announced), shown);
     preview->verticalScrollBar()->setValue(scrolled);
 }
 
@@ -371,7 +371,7 @@ void TemplateEditor::setTemplateText(const QString& html)
         const bool modified = d->text->document()->isModified();
         d->properties = TemplateEditorHtml::properties(html);
         d->untouched = modified ? d->properties + TemplateEditorHtml::withoutProperties(d->untouched) : html;
-        d->told = html;
+        d->announced = html;
         return;
     }
     d->load(html);

@@ -132,10 +132,10 @@ void RecordCreatorDialog::recordChanged(const TEventNciParse* event)
     }
     const bool dirty = isDirty();
     takeUntouched(theirs);
-    const QString told = tr("%1: изменено (%2).").arg(whoAndWhen(event), changes.join(QStringLiteral(", ")));
+    const QString news = tr("%1: изменено (%2).").arg(whoAndWhen(event), changes.join(QStringLiteral(", ")));
     m_form->noticeBar->tell(dirty ? NoticeBar::Warning : NoticeBar::Information,
-                            dirty ? told + u' ' + tr("Ваш текст остался в окне, при сохранении будет вопрос.")
-                                  : told);
+                            dirty ? news + u' ' + tr("Ваш текст остался в окне, при сохранении будет вопрос.")
+                                  : news);
 }
 
 /// Accepts the others' values in fields that the user has not changed; the rest waits for his decision.

@@ -52,7 +52,7 @@ private:
     int contentHeight(int row);
     int fillColumn() const;
     int headerWidth(int column) const;
-    void readWidths(bool anew);
+    void readWidths(bool mayShrink);
     void distribute();
     void sectionResized(int column, int before, int now);
 

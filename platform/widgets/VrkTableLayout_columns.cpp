@@ -43,13 +43,13 @@ int VrkTableLayout::headerWidth(int column) const
     return header ? header->neededWidth(column) : m_view->horizontalHeader()->sectionSizeHint(column);
 }
 
-// Computes the widths that the columns need for the visible rows. Without the flag, columns only grow.
-void VrkTableLayout::readWidths(bool anew)
+// Computes the widths that the columns need for the visible rows. Without \a mayShrink, columns only grow.
+void VrkTableLayout::readWidths(bool mayShrink)
 {
     if (!m_fitted)
         return;
     const int columns = m_model->columnCount();
-    bool grown = anew || m_widths.size() != columns;
+    bool grown = mayShrink || m_widths.size() != columns;
     if (grown)
         m_widths = QVector<Width>(columns);
     const int fill = fillColumn();

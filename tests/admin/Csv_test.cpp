@@ -98,9 +98,9 @@ void Csv_test::brokenQuotesNameTheirLine()
     QFETCH(QByteArray, bytes);
     QFETCH(QString, error);
     QVector<Csv::Row> found;
-    QString told;
-    QVERIFY(!Csv::read(bytes, &found, &told));
-    QCOMPARE(told, error);
+    QString reported;
+    QVERIFY(!Csv::read(bytes, &found, &reported));
+    QCOMPARE(reported, error);
 }
 
 void Csv_test::aSpreadsheetOpensWhatIsWritten()

@@ -70,15 +70,15 @@ private slots:
         QCOMPARE(options.set({QStringLiteral("CheckLengthShift=on"), QStringLiteral("DelayTime=15m"),
                               QStringLiteral("IntervalMessage=5m")}),
                  Command::Success);
-        const QString told =
+        const QString reported =
             QStringLiteral("CheckLengthShift=on\nDelayTime=15m\nIntervalMessage=5m\nLongestShift=48h\n");
-        QCOMPARE(options.out, told);
+        QCOMPARE(options.out, reported);
         QCOMPARE(options.err, QString());
         QCOMPARE(options.stored(),
                  QByteArray("<?xml version=\"1.0\" encoding=\"windows-1251\"?>\n"
                             "<Options CheckLengthShift=\"1\" DelayTime=\"900\" IntervalMessage=\"300\"/>\n"));
         QCOMPARE(options.list(), Command::Success);
-        QCOMPARE(options.out, told);
+        QCOMPARE(options.out, reported);
     }
 
     void theJournalReadsWhatWasSet()

@@ -154,7 +154,7 @@ void Restore_test::aStoreInUseIsRefused()
 void Restore_test::aCopyThatIsNoneIsRefused_data()
 {
     QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("reported");
     QTest::newRow("missing") << QStringLiteral("missing") << QStringLiteral("не найден");
     QTest::newRow("no store") << QStringLiteral("text") << QStringLiteral("не является");
     QTest::newRow("changed") << QStringLiteral("changed") << QStringLiteral("Копия не прошла проверку: ");
@@ -163,7 +163,7 @@ void Restore_test::aCopyThatIsNoneIsRefused_data()
 void Restore_test::aCopyThatIsNoneIsRefused()
 {
     QFETCH(QString, kind);
-    QFETCH(QString, told);
+    QFETCH(QString, reported);
     if (kind == QLatin1String("missing")) {
         QVERIFY(QFile::remove(copy()));
     } else if (kind == QLatin1String("text")) {
@@ -178,7 +178,7 @@ void Restore_test::aCopyThatIsNoneIsRefused()
         QVERIFY(sqlite.waitForFinished(20000) && sqlite.exitCode() == 0);
     }
     QCOMPARE(m_admin->call("restore", {copy()}), Command::Failed);
-    QVERIFY2(m_admin->err.contains(told), qPrintable(m_admin->err));
+    QVERIFY2(m_admin->err.contains(reported), qPrintable(m_admin->err));
     QVERIFY(roles(m_admin->url).contains(QStringLiteral("AFTER")));
     QCOMPARE(QDir(m_admin->folder.path()).entryList({QStringLiteral("*.part*"), QStringLiteral("*before*")}),
              QStringList());
@@ -233,7 +233,7 @@ void Restore_test::anOlderCopyIsBroughtToThisVersion()
 void Restore_test::aPlaceThatTakesNoCopyIsNamed_data()
 {
     QTest::addColumn<QString>("target");
-    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("reported");
     QTest::newRow("no folder") << QStringLiteral("none/copy") << QStringLiteral("/none» для копии нет.");
     QTest::newRow("there already") << QStringLiteral("copy.sqlite") << QStringLiteral("уже существует");
     QTest::newRow("a folder that takes nothing")
@@ -243,9 +243,9 @@ void Restore_test::aPlaceThatTakesNoCopyIsNamed_data()
 void Restore_test::aPlaceThatTakesNoCopyIsNamed()
 {
     QFETCH(QString, target);
-    QFETCH(QString, told);
+    QFETCH(QString, reported);
     QCOMPARE(m_admin->call("backup", {QDir(m_admin->folder.path()).filePath(target)}), Command::Failed);
-    QVERIFY2(m_admin->err.contains(told), qPrintable(m_admin->err));
+    QVERIFY2(m_admin->err.contains(reported), qPrintable(m_admin->err));
 }
 
 void Restore_test::aServerTakesACopyWithItsRoles()

@@ -227,9 +227,9 @@ void Sheets_test::rightsFollowTheirCell()
     const auto rights = [this](const QByteArray& cell) {
         m_admin->sheet("users.csv", "Логин;Права\nivanov;" + cell + "\n");
         m_admin->call("import", {m_admin->sheets});
-        const QString told = m_admin->out + m_admin->err;
+        const QString reported = m_admin->out + m_admin->err;
         m_admin->call("right", {QStringLiteral("list"), QStringLiteral("ivanov")});
-        return qMakePair(m_admin->out, told.contains(QStringLiteral("изменено 1")));
+        return qMakePair(m_admin->out, reported.contains(QStringLiteral("изменено 1")));
     };
     QCOMPARE(rights("administrator,sql_exec"), qMakePair(QStringLiteral("ADMINISTRATOR\nSQL_EXEC\n"), true));
     QCOMPARE(rights("SQL_EXEC, ADMINISTRATOR"),

@@ -43,7 +43,7 @@ private:
         for (const char* key : keys)
             state->log.append({++number, 603, "LogbookRecords", key, QByteArray()});
     }
-    static QStringList told(std::initializer_list<const char*> keys)
+    static QStringList expected(std::initializer_list<const char*> keys)
     {
         QStringList lines;
         for (const char* key : keys)
@@ -84,8 +84,8 @@ void CVrkCliAppTest::everyModuleGetsEventsOnceAndInOrder()
     log({"D"});
     QVERIFY(second.waitForEvents(4));
     QCOMPARE(first.events.at(0).source, QByteArray("NCI:LogbookRecords,1"));
-    QCOMPARE(first.takeEvents(), told({"A", "B", "C", "D"}));
-    QCOMPARE(second.takeEvents(), told({"A", "B", "C", "D"}));
+    QCOMPARE(first.takeEvents(), expected({"A", "B", "C", "D"}));
+    QCOMPARE(second.takeEvents(), expected({"A", "B", "C", "D"}));
 }
 
 void CVrkCliAppTest::eventsAreDeliveredFromTheEventLoop()
@@ -96,7 +96,7 @@ void CVrkCliAppTest::eventsAreDeliveredFromTheEventLoop()
     QCOMPARE(module.events.size(), 0);
     QCOMPARE(module.MessageGet(), 0); // the application has not distributed it yet
     client->deliver();
-    QCOMPARE(module.takeEvents(), told({"A"}));
+    QCOMPARE(module.takeEvents(), expected({"A"}));
 }
 
 void CVrkCliAppTest::unfetchedEventsStayWithTheModule()
@@ -113,7 +113,7 @@ void CVrkCliAppTest::unfetchedEventsStayWithTheModule()
     module.fetches = true;
     log({"B"});
     client->deliver();
-    QCOMPARE(module.takeEvents(), told({"A", "B"}));
+    QCOMPARE(module.takeEvents(), expected({"A", "B"}));
 }
 
 void CVrkCliAppTest::deliveriesAreNeverNested()
@@ -134,7 +134,7 @@ void CVrkCliAppTest::deliveriesAreNeverNested()
     client->deliver();
     QVERIFY(module.waitForEvents(3));
     QCOMPARE(deepest, 1);
-    QCOMPARE(module.takeEvents(), told({"A", "B", "LATER"}));
+    QCOMPARE(module.takeEvents(), expected({"A", "B", "LATER"}));
 }
 
 void CVrkCliAppTest::eventsDuringADeliveryAreDeliveredAfterIt()
@@ -152,7 +152,7 @@ void CVrkCliAppTest::eventsDuringADeliveryAreDeliveredAfterIt()
     };
     log({"A"});
     QVERIFY(module.waitForEvents(2)); // by the event loop alone
-    QCOMPARE(module.takeEvents(), told({"A", "B"}));
+    QCOMPARE(module.takeEvents(), expected({"A", "B"}));
 }
 
 void CVrkCliAppTest::deliversNothingDuringARequest()
@@ -181,7 +181,7 @@ void CVrkCliAppTest::deliversNothingDuringARequest()
     QVERIFY(!client->session().isBusy());
     QCOMPARE(module.events.size(), 0);
     client->deliver();
-    QCOMPARE(module.takeEvents(), told({"W", "A"}));
+    QCOMPARE(module.takeEvents(), expected({"W", "A"}));
 }
 
 void CVrkCliAppTest::aModuleMayDeleteItselfInItsMessage()
@@ -199,7 +199,7 @@ void CVrkCliAppTest::aModuleMayDeleteItselfInItsMessage()
     log({"A", "B"});
     client->deliver();
     QVERIFY(!ending);
-    QCOMPARE(other.takeEvents(), told({"A", "B"}));
+    QCOMPARE(other.takeEvents(), expected({"A", "B"}));
 }
 
 void CVrkCliAppTest::aModuleMayDeleteAnotherInItsMessage()
@@ -209,7 +209,7 @@ void CVrkCliAppTest::aModuleMayDeleteAnotherInItsMessage()
     first.onEvent = [&](HFNCliParam*) { second.reset(); };
     log({"A", "B"});
     client->deliver();
-    QCOMPARE(first.takeEvents(), told({"A", "B"}));
+    QCOMPARE(first.takeEvents(), expected({"A", "B"}));
     QCOMPARE(client->session().openBlocks(), 0);
 }
 
@@ -236,7 +236,7 @@ void CVrkCliAppTest::fetchEventsDeliversBeforeItReturns()
     TestModule module(*client);
     log({"A", "B"});
     QCOMPARE(client->app().fetchEvents(), 2);
-    QCOMPARE(module.takeEvents(), told({"A", "B"}));
+    QCOMPARE(module.takeEvents(), expected({"A", "B"}));
     QCOMPARE(client->app().fetchEvents(), 0);
 }
 
@@ -341,8 +341,11 @@ void CVrkCliAppTest::aNoticeReachesTheOpenedModule()
 {
     struct Receiver : CVrkCliMod {
         using CVrkCliMod::CVrkCliMod;
-        void slot_modNotify(QString name, QVariant value) override { told.append(name + value.toString()); }
-        QStringList told;
+        void slot_modNotify(QString name, QVariant value) override
+        {
+            notices.append(name + value.toString());
+        }
+        QStringList notices;
     } receiver(&client->app());
     QVERIFY(
         !client->app().notifyModule(QStringLiteral("logbook"), QStringLiteral("showRecord"), 1)); // no host
@@ -351,7 +354,7 @@ void CVrkCliAppTest::aNoticeReachesTheOpenedModule()
     });
     QVERIFY(client->app().notifyModule(QStringLiteral("logbook"), QStringLiteral("showRecord"),
                                        QStringLiteral("KEY")));
-    QCOMPARE(receiver.told, QStringList{QStringLiteral("showRecordKEY")});
+    QCOMPARE(receiver.notices, QStringList{QStringLiteral("showRecordKEY")});
     QVERIFY(!client->app().notifyModule(QStringLiteral("other"), QStringLiteral("showRecord"), 1));
 }
 

@@ -123,9 +123,9 @@ void CVrkCliModTest::parametersAreKept()
 void CVrkCliModTest::theTitleIsReturnedAndShown()
 {
     CVrkCliMod module(&app);
-    QSignalSpy told(&module, &CVrkCliMod::titleChanged);
+    QSignalSpy spy(&module, &CVrkCliMod::titleChanged);
     module.SetModTitle(QStringLiteral("Оперативный журнал"), QString());
-    QCOMPARE(told.at(0), (QVariantList{QStringLiteral("Оперативный журнал"), QString()}));
+    QCOMPARE(spy.at(0), (QVariantList{QStringLiteral("Оперативный журнал"), QString()}));
     QCOMPARE(module.moduleTitle(), QStringLiteral("Оперативный журнал"));
     QCOMPARE(module.windowTitle(), QStringLiteral("Оперативный журнал[*]"));
     module.SetModTitle(QStringLiteral("Журнал"), QStringLiteral("ЦДС"));
@@ -136,17 +136,17 @@ void CVrkCliModTest::theEditStateAddsAStarToTheTitle()
 {
     CVrkCliMod module(&app);
     module.SetModTitle(QStringLiteral("Журнал"), QString());
-    QSignalSpy told(&module, &CVrkCliMod::editStateChanged);
+    QSignalSpy spy(&module, &CVrkCliMod::editStateChanged);
     module.SetIsEdit(true);
     QVERIFY(module.isEdit());
     QVERIFY(module.isWindowModified());
     module.SetIsEdit(true);
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(spy.count(), 1);
     module.SetIsEdit(false);
     QVERIFY(!module.isEdit());
     QVERIFY(!module.isWindowModified());
-    QCOMPARE(told.count(), 2);
-    QCOMPARE(told.at(1).at(0).toBool(), false);
+    QCOMPARE(spy.count(), 2);
+    QCOMPARE(spy.at(1).at(0).toBool(), false);
 }
 
 void CVrkCliModTest::withoutAGuardWindowsClose()

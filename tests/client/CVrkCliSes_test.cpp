@@ -423,8 +423,8 @@ void CVrkCliSesTest::computesTheTimeWhileTheStoreIsDown()
 {
     QCOMPARE(session->GetHfnTime(), 1700000000.0);
     store->time = 0;
-    const double reckoned = session->GetHfnTime();
-    QVERIFY(reckoned >= 1700000000.0 && reckoned < 1700000100.0);
+    const double computed = session->GetHfnTime();
+    QVERIFY(computed >= 1700000000.0 && computed < 1700000100.0);
 }
 
 void CVrkCliSesTest::sessionTimesAreLocalTimes()

@@ -277,10 +277,10 @@ void EditorGuardTest::aLineEditSignalsTheFittedTextLast()
 {
     auto* line = new QLineEdit(window.get());
     show(line);
-    QString told;
-    connect(line, &QLineEdit::textChanged, line, [&told](const QString& text) { told = text; });
+    QString signalled;
+    connect(line, &QLineEdit::textChanged, line, [&signalled](const QString& text) { signalled = text; });
     paste(line, QStringLiteral("а→б"));
-    QTRY_COMPARE(told, QStringLiteral("а->б"));
+    QTRY_COMPARE(signalled, QStringLiteral("а->б"));
 }
 
 void EditorGuardTest::theLengthLimitOfALineEditApplies()

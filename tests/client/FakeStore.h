@@ -75,7 +75,7 @@ public:
     {
         QStringList batches;
         for (const StoreWrite& write : writes)
-            batches.append(told(write));
+            batches.append(described(write));
         m_state->asked.append(QStringLiteral("apply ") + batches.join(QStringLiteral(" | ")));
         m_state->batchKeys.append(batchKey);
         if (m_state->during)
@@ -144,7 +144,7 @@ private:
         return static_cast<bool>(*failure);
     }
 
-    static QString told(const StoreWrite& write)
+    static QString described(const StoreWrite& write)
     {
         QStringList rows;
         for (MDRData* row : MDARecsByEntry(write.records)) {

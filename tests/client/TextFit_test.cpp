@@ -36,7 +36,7 @@ void TextFitTest::charactersOfTheCodePageAreKept()
 void TextFitTest::replacesByTheClosestCharacter_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("kin");
+    QTest::addColumn<QString>("closest");
     QTest::newRow("hyphen") << QStringLiteral("а\u2010б") << QStringLiteral("а-б");
     QTest::newRow("non-breaking hyphen") << QStringLiteral("ВЛ\u2011110") << QStringLiteral("ВЛ-110");
     QTest::newRow("minus") << QStringLiteral("\u22125") << QStringLiteral("-5");
@@ -63,8 +63,8 @@ void TextFitTest::replacesByTheClosestCharacter_data()
 void TextFitTest::replacesByTheClosestCharacter()
 {
     QFETCH(QString, text);
-    QFETCH(QString, kin);
-    QCOMPARE(fitted(text), kin);
+    QFETCH(QString, closest);
+    QCOMPARE(fitted(text), closest);
 }
 
 void TextFitTest::dropsCharactersWithoutAReplacement()

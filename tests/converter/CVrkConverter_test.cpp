@@ -411,12 +411,12 @@ private slots:
         Desk desk(store);
         desk.start();
         desk.press(desk.convert());
-        const QString told =
+        const QString reported =
             text("Параметр '%1' не преобразован: в его латинском имени кавычка, обратная черта "
                  "или управляющий знак")
                 .arg(name);
-        QVERIFY2(desk.lines().contains(told), qPrintable(desk.lines().join(QLatin1Char('\n'))));
-        QCOMPARE(desk.colour(told), QColor(Qt::darkRed));
+        QVERIFY2(desk.lines().contains(reported), qPrintable(desk.lines().join(QLatin1Char('\n'))));
+        QCOMPARE(desk.colour(reported), QColor(Qt::darkRed));
         QVERIFY(desk.lines().contains(text("Ошибок: 2"))); // the parameter, and the template's use of it
         QVERIFY(!desk.save()->isEnabled());
     }

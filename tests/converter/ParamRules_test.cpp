@@ -141,12 +141,12 @@ private slots:
         tables.addParam("other", {});
         ConversionReport report;
         ParamRules(&tables, &report).processParameters();
-        QStringList told;
+        QStringList reported;
         for (const ConversionReport::Line& line : report.lines()) {
             QCOMPARE(line.tone, ConversionReport::Error);
-            told << line.text;
+            reported << line.text;
         }
-        QCOMPARE(told, lines);
+        QCOMPARE(reported, lines);
         QCOMPARE(report.failed, QStringList{QStringLiteral("begin")});
         QCOMPARE(tables.param("begin"), nullptr);
         QVERIFY(tables.param("other")); // the run goes on

@@ -278,8 +278,8 @@ private slots:
         }
         QCOMPARE(found.join(QLatin1Char('|')), property);
         QCOMPARE(run.lines().join(QLatin1Char('|')), line);
-        for (const ConversionReport::Line& told : run.report.lines())
-            QCOMPARE(told.tone, ConversionReport::Warning);
+        for (const ConversionReport::Line& reported : run.report.lines())
+            QCOMPARE(reported.tone, ConversionReport::Warning);
         QCOMPARE(run.report.missing, QStringList());
         QCOMPARE(run.report.failed, QStringList());
         QCOMPARE(TemplateText::plain(run.html("t")), QStringLiteral("x"));
@@ -305,9 +305,9 @@ private slots:
         QCOMPARE(run.tables.made(QStringLiteral("broken")), nullptr);
         QVERIFY(run.tables.made(QStringLiteral("whole")));
         QCOMPARE(run.count, 1);
-        const QString told = QStringLiteral("Шаблон 'broken': за знаком \"<\" нет знака \">\"");
-        QCOMPARE(run.report.failed, QStringList{told});
-        QCOMPARE(run.lines(), QStringList{told});
+        const QString reported = QStringLiteral("Шаблон 'broken': за знаком \"<\" нет знака \">\"");
+        QCOMPARE(run.report.failed, QStringList{reported});
+        QCOMPARE(run.lines(), QStringList{reported});
         QCOMPARE(run.report.lines()[0].tone, ConversionReport::Error);
     }
 

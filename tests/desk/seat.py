@@ -347,7 +347,7 @@ class Seat:
         """Minimises, restores, moves and resizes a window: typed text is kept, everything is visible."""
         wid = int(self.frame(cls).wid)
         before = self.calm()
-        told = checks.entries(before, cls)
+        listed = checks.entries(before, cls)
         self.screen.minimise(wid)
         self.wait(lambda tree: all(w.wid != wid for w in self.windows(tree)), f"{cls} to be minimised")
         self.look(f"{cls} is minimised")
@@ -355,7 +355,7 @@ class Seat:
         self.wait(lambda tree: any(w.wid == wid for w in self.windows(tree)) and self.screen.active() == wid, f"{cls} to be restored")
         after = self.calm()
         self.look(f"{cls} is restored")
-        for line in checks.changes(told, checks.entries(after, cls)):
+        for line in checks.changes(listed, checks.entries(after, cls)):
             self.faults.add(self, f"minimise and restore {cls}", line, after)
         self.expect(lambda tree: tree.focus_path() == before.focus_path(),
                     lambda tree: f"{cls}: after minimising the keyboard is at {tree.focus_path()[:2]}, it was at {before.focus_path()[:2]}")
@@ -369,5 +369,5 @@ class Seat:
             self.screen.place(wid, x, y, width, height)
             self.calm()
             self.look(f"{cls} at {x}, {y} with the size {width}, {height}")
-        for line in checks.changes(told, checks.entries(self.calm(), cls)):
+        for line in checks.changes(listed, checks.entries(self.calm(), cls)):
             self.faults.add(self, f"move and resize {cls}", line, self.tree())

@@ -10,7 +10,7 @@ class SearchWords_test : public QObject
 
     static QString text(const char* utf8) { return QString::fromUtf8(utf8); }
     static QStringList list(const char* words) { return text(words).split(QLatin1Char(' ')); }
-    static QStringList told(const QString& query)
+    static QStringList parsed(const QString& query)
     {
         QStringList all;
         for (const SearchWords::Term& term : SearchWords::terms(query))
@@ -63,12 +63,12 @@ private slots:
 
     void longWordsAreFoundByTheirBeginning()
     {
-        QCOMPARE(told(QStringLiteral("отключена ВЛ 110 10кВ")), (list("отключ* вл 110 10кв")));
-        QCOMPARE(told(QStringLiteral("отключать приняли")), (list("отключ* прин*")));
-        QCOMPARE(told(QStringLiteral("ВЛ* 11* акт")), (list("вл* 11* акт")));
-        QCOMPARE(told(QStringLiteral("осмотр осмотра ОСМОТР")), (list("осмотр*")));
-        QCOMPARE(told(QStringLiteral("в* 1*")), list("в 1")); // all but everything would begin so
-        QCOMPARE(told(QStringLiteral(" * ")), QStringList());
+        QCOMPARE(parsed(QStringLiteral("отключена ВЛ 110 10кВ")), (list("отключ* вл 110 10кв")));
+        QCOMPARE(parsed(QStringLiteral("отключать приняли")), (list("отключ* прин*")));
+        QCOMPARE(parsed(QStringLiteral("ВЛ* 11* акт")), (list("вл* 11* акт")));
+        QCOMPARE(parsed(QStringLiteral("осмотр осмотра ОСМОТР")), (list("осмотр*")));
+        QCOMPARE(parsed(QStringLiteral("в* 1*")), list("в 1")); // all but everything would begin so
+        QCOMPARE(parsed(QStringLiteral(" * ")), QStringList());
     }
 
     void hitsAreMarkedAsTheyStand()

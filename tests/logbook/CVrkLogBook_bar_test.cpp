@@ -224,13 +224,13 @@ private slots:
             {"searchButton", "Поиск (Ctrl + F)", ":/icons/search.png", Qt::CTRL + Qt::Key_F, false},
             {"addButton", "Добавить журнал подразделения", ":/icons/add_blue.png", {}, false},
         };
-        for (const auto& told : buttons) {
-            const QToolButton* found = button(desk, told.name);
-            QCOMPARE(found->toolTip(), QString::fromUtf8(told.tip));
-            QCOMPARE(picture(found->icon()), picture(told.icon));
-            QCOMPARE(found->shortcut(), told.key);
-            QCOMPARE(found->menu() != nullptr, told.hasMenu);
-            if (told.hasMenu)
+        for (const auto& expected : buttons) {
+            const QToolButton* found = button(desk, expected.name);
+            QCOMPARE(found->toolTip(), QString::fromUtf8(expected.tip));
+            QCOMPARE(picture(found->icon()), picture(expected.icon));
+            QCOMPARE(found->shortcut(), expected.key);
+            QCOMPARE(found->menu() != nullptr, expected.hasMenu);
+            if (expected.hasMenu)
                 QCOMPARE(found->popupMode(), QToolButton::MenuButtonPopup);
         }
         QCOMPARE(desk.child<QTabWidget>("logbooks")->cornerWidget(Qt::TopRightCorner),
@@ -276,25 +276,26 @@ private slots:
     {
         const TestStore store;
         JournalWindow desk(store, QStringLiteral("ivanov"));
-        const auto told = [](const QMenu* menu) {
+        const auto expected = [](const QMenu* menu) {
             QStringList lines;
             for (const QAction* action : menu->actions())
                 lines << (action->isSeparator() ? QStringLiteral("|") : action->text());
             return lines.join(QLatin1Char(';'));
         };
         const auto menu = [&](const char* name) { return button(desk, name)->menu(); };
-        QCOMPARE(told(menu("timeButton")), QStringLiteral("Текущая смена;Выбрать смену;Выбрать интервал"));
+        QCOMPARE(expected(menu("timeButton")),
+                 QStringLiteral("Текущая смена;Выбрать смену;Выбрать интервал"));
         QCOMPARE(
-            told(menu("workshiftButton")),
+            expected(menu("workshiftButton")),
             QStringLiteral("Открыть смену;Закрыть смену;Добавить диспетчера в смену;|;Информация о смене"));
-        QCOMPARE(told(menu("deleteButton")), QStringLiteral("Удалить текущую запись;Удалить мои черновые "
-                                                            "записи;Удалить все черновые записи"));
-        QCOMPARE(told(menu("approveButton")),
+        QCOMPARE(expected(menu("deleteButton")), QStringLiteral("Удалить текущую запись;Удалить мои черновые "
+                                                                "записи;Удалить все черновые записи"));
+        QCOMPARE(expected(menu("approveButton")),
                  QStringLiteral("Утвердить текущую запись;Утвердить мои записи;Утвердить все записи"));
-        QCOMPARE(told(menu("signButton")),
+        QCOMPARE(expected(menu("signButton")),
                  QStringLiteral("Поставить визу на текущую запись;Поставить визу на все записи"));
         desk.select("REC_OPENING");
-        QCOMPARE(told(recordMenu(desk)),
+        QCOMPARE(expected(recordMenu(desk)),
                  QStringLiteral(
                      "Время выполнения...;Второй маркер...;|;Утвердить текущую запись;Поставить визу "
                      "на текущую запись;Перейти к первичной записи;|;Копировать запись;Вставить запись"));

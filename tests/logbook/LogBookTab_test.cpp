@@ -97,13 +97,13 @@ private slots:
         const auto named = [picture](const char* icon) {
             return picture(QIcon(QStringLiteral(":/icons/%1.png").arg(QLatin1String(icon))));
         };
-        for (const Button& told : buttons) {
-            const auto* button = tab.findChild<QToolButton*>(QLatin1String(told.name));
-            QVERIFY2(button, told.name);
-            QCOMPARE(button->isEnabled(), qstrcmp(told.name, "closeSearchButton") == 0);
-            QCOMPARE(picture(button->icon()), named(told.icon));
-            if (!told.tip.isEmpty())
-                QCOMPARE(button->toolTip(), told.tip);
+        for (const Button& reported : buttons) {
+            const auto* button = tab.findChild<QToolButton*>(QLatin1String(reported.name));
+            QVERIFY2(button, reported.name);
+            QCOMPARE(button->isEnabled(), qstrcmp(reported.name, "closeSearchButton") == 0);
+            QCOMPARE(picture(button->icon()), named(reported.icon));
+            if (!reported.tip.isEmpty())
+                QCOMPARE(button->toolTip(), reported.tip);
         }
         const auto* panes = tab.findChild<QTabWidget*>(QStringLiteral("additionalTab"));
         QCOMPARE(picture(panes->tabIcon(0)), named("comment"));

@@ -299,7 +299,7 @@ QStringList JournalCheck::rules(const QString& name, LogBookWidget* journal) con
     const int state = status(is.record);
     const struct {
         const char* rule;
-        bool told;
+        bool reported;
         bool wanted;
     } predicates[] = {
         {"isOpenWorkshift", journal->isOpenWorkshift(), is.isOpen},
@@ -322,8 +322,8 @@ QStringList JournalCheck::rules(const QString& name, LogBookWidget* journal) con
     };
     QStringList faults;
     for (const auto& one : predicates)
-        if (one.told != one.wanted)
-            faults << QStringLiteral("%1: %2 says %3").arg(name, QLatin1String(one.rule)).arg(one.told);
+        if (one.reported != one.wanted)
+            faults << QStringLiteral("%1: %2 says %3").arg(name, QLatin1String(one.rule)).arg(one.reported);
     return faults;
 }
 
@@ -334,10 +334,10 @@ QStringList JournalCheck::bar(RandomDispatcher& person) const
     LogBookTab* tab = person.tab();
     auto* journal = qobject_cast<LogBookWidget*>(tab);
     const auto expectText = [&](const char* label, const QString& wanted) {
-        const QString told = window->findChild<QLabel*>(QLatin1String(label))->text();
-        if (told != wanted)
-            faults
-                << QStringLiteral("%1 says \"%2\" instead of \"%3\"").arg(QLatin1String(label), told, wanted);
+        const QString reported = window->findChild<QLabel*>(QLatin1String(label))->text();
+        if (reported != wanted)
+            faults << QStringLiteral("%1 says \"%2\" instead of \"%3\"")
+                          .arg(QLatin1String(label), reported, wanted);
     };
     const auto expectButton = [&](const char* name, bool wanted) {
         if (window->findChild<QToolButton*>(QLatin1String(name))->isEnabled() != wanted)

@@ -332,12 +332,12 @@ QStringList JournalCheck::againstFresh(RandomDispatcher& person, JournalWindow& 
                                   .arg(there[row.key()].at(i));
         }
         for (int column = 0; column < model->columnCount(); ++column) {
-            const QVariant told = proxyOf(journal)->headerData(column, Qt::Horizontal);
-            if (told != proxyOf(page)->headerData(column, Qt::Horizontal))
+            const QVariant shownText = proxyOf(journal)->headerData(column, Qt::Horizontal);
+            if (shownText != proxyOf(page)->headerData(column, Qt::Horizontal))
                 faults << QStringLiteral("%1: column %2 is headed %3")
                               .arg(name)
                               .arg(column)
-                              .arg(told.toString());
+                              .arg(shownText.toString());
         }
     }
     return faults;

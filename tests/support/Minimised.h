@@ -12,10 +12,10 @@ inline bool minimiseAndRestore(QWidget* window)
     struct Watch : QObject {
         bool eventFilter(QObject*, QEvent* event) override
         {
-            told = told || (event->type() == QEvent::Show && event->spontaneous());
+            reported = reported || (event->type() == QEvent::Show && event->spontaneous());
             return false;
         }
-        bool told = false;
+        bool reported = false;
     } watch;
     window->installEventFilter(&watch);
     const Qt::WindowStates before = window->windowHandle()->windowStates();
@@ -24,5 +24,5 @@ inline bool minimiseAndRestore(QWidget* window)
         QCoreApplication::processEvents(); // the window system notifies through the event loop
     }
     window->removeEventFilter(&watch);
-    return watch.told;
+    return watch.reported;
 }

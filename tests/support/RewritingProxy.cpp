@@ -78,11 +78,11 @@ void RewritingProxy::carry(int client)
                 continue;
             const ssize_t length =
                 ::recv(entries[way].fd, buffer.data(), static_cast<std::size_t>(buffer.size()), 0);
-            QByteArray told = buffer.left(static_cast<int>(length));
+            QByteArray reported = buffer.left(static_cast<int>(length));
             for (const Rewriting& rewriting : m_rewritings)
-                told.replace(rewriting.first, rewriting.second);
-            isOpen =
-                length > 0 && UnixSocket::sendAll(way == 0 ? server : client, told.constData(), told.size());
+                reported.replace(rewriting.first, rewriting.second);
+            isOpen = length > 0 &&
+                     UnixSocket::sendAll(way == 0 ? server : client, reported.constData(), reported.size());
         }
     }
     ::close(client);

@@ -64,12 +64,12 @@ int TestModule::MessageData(HFNCliParam* block)
 
 QStringList TestModule::takeEvents()
 {
-    QStringList told;
+    QStringList reported;
     for (const Event& event : qAsConst(events))
-        told.append(
+        reported.append(
             QStringLiteral("%1 %2 %3").arg(event.number).arg(event.table, QString::fromUtf8(event.key)));
     events.clear();
-    return told;
+    return reported;
 }
 
 bool TestModule::waitForEvents(int count) const

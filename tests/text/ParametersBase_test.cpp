@@ -199,10 +199,10 @@ void ParametersBase_test::thePageNamesThemAll()
 {
     QFile page(QFINDTESTDATA("../../docs/template-parameters.md"));
     QVERIFY(page.open(QIODevice::ReadOnly));
-    QStringList told;
+    QStringList reported;
     for (const QString& line : QString::fromUtf8(page.readAll()).split(QLatin1Char('\n')))
         if (line.startsWith(QLatin1String("| `")))
-            told << line.split(QStringLiteral(" | ")).mid(0, 3).join(QLatin1Char('|'));
+            reported << line.split(QStringLiteral(" | ")).mid(0, 3).join(QLatin1Char('|'));
     Tables tables;
     ParametersBase(nullptr).createBaseParameters(&tables.categories, &tables.parameters, true);
     QStringList made;
@@ -216,9 +216,9 @@ void ParametersBase_test::thePageNamesThemAll()
                          QString::fromUtf8(text(tables.parameters, parameter, "nameLoc")),
                          QString::fromUtf8(text(tables.categories, category, "nameLoc")));
     }
-    told.sort();
+    reported.sort();
     made.sort();
-    QCOMPARE(told, made);
+    QCOMPARE(reported, made);
 }
 
 void ParametersBase_test::theNotationAndTheGuideKnowThemAll()

@@ -120,12 +120,12 @@ void TemplateText_test::everyParameterHasARunOfItsOwn()
                          parameter("text", QStringLiteral("x")) + parameter("text", QStringLiteral("y\nz")) +
                          QStringLiteral(" b");
     const QVector<TemplateText::Run> runs = TemplateText::runs(html);
-    QStringList told;
+    QStringList reported;
     for (const TemplateText::Run& run : runs)
-        told << QString::number(run.parameter) + QLatin1Char(':') + run.text;
+        reported << QString::number(run.parameter) + QLatin1Char(':') + run.text;
     const QStringList expected{QStringLiteral("-1:a "), QStringLiteral("0:"),     QStringLiteral("-1:\n"),
                                QStringLiteral("1:x"),   QStringLiteral("2:y\nz"), QStringLiteral("-1: b")};
-    QCOMPARE(told, expected);
+    QCOMPARE(reported, expected);
 }
 
 void TemplateText_test::parametersAreNumberedAsTheParserDoes()

@@ -171,7 +171,7 @@ private slots:
         CreatorBench bench(store);
         const struct {
             const char* key;
-            const char* told;
+            const char* reported;
         } records[] = {{"REC_ORDER", "Запись утверждена и открыта только для чтения."},
                        {"REC_REPLACED", "Запись удалена и открыта только для чтения."}};
         for (const auto& record : records) {
@@ -179,7 +179,7 @@ private slots:
             QCOMPARE(bench.dialog->windowTitle(), QStringLiteral("Просмотр записи"));
             const auto* worker = bench.dialog->findChild<QLineEdit*>(QStringLiteral("workerLine"));
             QVERIFY(!worker->isClearButtonEnabled());
-            QCOMPARE(bench.notice(), QString::fromUtf8(record.told));
+            QCOMPARE(bench.notice(), QString::fromUtf8(record.reported));
             QVERIFY(!bench.filler()->isEnabled());
             QVERIFY(!bench.eventTime()->isEnabled());
             QVERIFY(!bench.counterpart()->isEnabled());

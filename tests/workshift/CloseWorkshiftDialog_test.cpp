@@ -289,10 +289,10 @@ void CloseWorkshiftDialog_test::anUnfilledTemplateHoldsTheClosingBack()
 {
     request("Нет");
     QVERIFY(!closeButton()->isEnabled()); // nothing is filled in automatically
-    const auto* told = dialog()->findChild<QLabel*>(QStringLiteral("missingLabel"));
-    QVERIFY2(told->text().startsWith(QStringLiteral("Не заполнено: ")), qPrintable(told->text()));
+    const auto* reported = dialog()->findChild<QLabel*>(QStringLiteral("missingLabel"));
+    QVERIFY2(reported->text().startsWith(QStringLiteral("Не заполнено: ")), qPrintable(reported->text()));
     fill();
-    QCOMPARE(told->text(), QString());
+    QCOMPARE(reported->text(), QString());
     QVERIFY(closeButton()->isEnabled());
 }
 

@@ -66,7 +66,7 @@ private:
     QTableWidget* crew() const { return m_dialog->findChild<QTableWidget*>(QStringLiteral("workersTable")); }
     QTableWidget* shifts() const { return m_dialog->findChild<QTableWidget*>(QStringLiteral("shiftsTable")); }
     /// Why the shift cannot be opened.
-    QString told() const { return m_dialog->findChild<QLabel*>(QStringLiteral("missingLabel"))->text(); }
+    QString reported() const { return m_dialog->findChild<QLabel*>(QStringLiteral("missingLabel"))->text(); }
     QPushButton* applyButton() const
     {
         return m_dialog->findChild<QPushButton*>(QStringLiteral("applyButton"));
@@ -337,7 +337,7 @@ void OpenWorkshiftDialog_test::theShiftMayNotBeginBeforeTheLastOneEnded()
     setStart(allowed.addSecs(-60));
     QCOMPARE(applyButton()->isEnabled(), false);
     QVERIFY(applyButton()->toolTip().contains(last.toString(QStringLiteral("dd.MM.yyyy hh:mm"))));
-    QCOMPARE(told(), applyButton()->toolTip());
+    QCOMPARE(reported(), applyButton()->toolTip());
     m_dialog->activateWindow();
     QTRY_COMPARE(QApplication::activeWindow(), m_dialog);
     shifts()->setFocus();
@@ -366,9 +366,9 @@ void OpenWorkshiftDialog_test::theEndOfTheLastShiftIsAskedAtEachShowing()
                               {"endTime", last}}));
     m_dialog->show();
     setStart(end.addSecs(-60));
-    QCOMPARE(told(), QStringLiteral("Предыдущая смена заканчивается 03.02.2031 04:05"));
+    QCOMPARE(reported(), QStringLiteral("Предыдущая смена заканчивается 03.02.2031 04:05"));
     setStart(end);
-    QVERIFY(told() != QStringLiteral("Предыдущая смена заканчивается 03.02.2031 04:05"));
+    QVERIFY(reported() != QStringLiteral("Предыдущая смена заканчивается 03.02.2031 04:05"));
 }
 
 void OpenWorkshiftDialog_test::withoutAnEarlierShiftAnyStartWillDo()
@@ -380,7 +380,7 @@ void OpenWorkshiftDialog_test::withoutAnEarlierShiftAnyStartWillDo()
     // The end must not be before the start.
     m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(QDate(2000, 1, 1));
     QVERIFY(!applyButton()->isEnabled());
-    QCOMPARE(told(), QStringLiteral("Начало смены должно быть раньше конца"));
+    QCOMPARE(reported(), QStringLiteral("Начало смены должно быть раньше конца"));
     m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(QDate(2001, 1, 1));
     QVERIFY(!applyButton()->isEnabled()); // a shift of no length
     m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(QDate(2001, 1, 2));
@@ -392,10 +392,10 @@ void OpenWorkshiftDialog_test::tooLongShiftIsAnnouncedBeforeSaving()
     start(QStringLiteral("smirnov"), "DEP_ODS");
     fillAll();
     setStart(QDateTime(QDate(2030, 1, 1), QTime(8, 0))); // for two days
-    QCOMPARE(told(), QString());
+    QCOMPARE(reported(), QString());
     auto* endTime = m_dialog->findChild<QTimeEdit*>(QStringLiteral("endTimeEdit"));
     endTime->setTime(QTime(8, 1));
-    QCOMPARE(told(), tr("Смена длиннее разрешённых 48 ч: журнал её не примет"));
+    QCOMPARE(reported(), tr("Смена длиннее разрешённых 48 ч: журнал её не примет"));
     QTest::mouseClick(applyButton(), Qt::LeftButton);
     QCOMPARE(m_store
                  ->value(QStringLiteral("SELECT count(*) FROM LogbookWorkshifts WHERE "
@@ -407,7 +407,7 @@ void OpenWorkshiftDialog_test::tooLongShiftIsAnnouncedBeforeSaving()
     QVERIFY(StoreAdmin::setLongestShift(m_store->url(), 45000, &error));
     m_dialog->show();
     setStart(QDateTime(QDate(2030, 1, 1), QTime(8, 0)));
-    QCOMPARE(told(), tr("Смена длиннее разрешённых 12 ч 30 мин: журнал её не примет"));
+    QCOMPARE(reported(), tr("Смена длиннее разрешённых 12 ч 30 мин: журнал её не примет"));
 }
 
 void OpenWorkshiftDialog_test::anUnfilledTemplateHoldsTheOpeningBack()
@@ -416,10 +416,10 @@ void OpenWorkshiftDialog_test::anUnfilledTemplateHoldsTheOpeningBack()
     fillAll();
     setStart(QDateTime::currentDateTime());
     QVERIFY(applyButton()->isEnabled());
-    QCOMPARE(told(), QString());
+    QCOMPARE(reported(), QString());
     m_dialog->findChild<TemplatesWidget*>()->clearSelection();
     QVERIFY(!applyButton()->isEnabled());
-    QCOMPARE(told(), QStringLiteral("Выберите шаблон"));
+    QCOMPARE(reported(), QStringLiteral("Выберите шаблон"));
 }
 
 void OpenWorkshiftDialog_test::reportsADepartmentWithoutTemplates()
@@ -429,7 +429,7 @@ void OpenWorkshiftDialog_test::reportsADepartmentWithoutTemplates()
     m_dialog->findChild<TemplatesWidget*>()->setTemplateProps({QStringLiteral("no_such_property")}, true);
     m_dialog->show();
     QVERIFY(!applyButton()->isEnabled());
-    QCOMPARE(told(),
+    QCOMPARE(reported(),
              QStringLiteral("Нет шаблона для этой записи: его заводит администратор в конфигураторе"));
     m_dialog->activateWindow();
     QTRY_COMPARE(QApplication::activeWindow(), m_dialog);
@@ -621,7 +621,7 @@ void OpenWorkshiftDialog_test::withoutACrewNothingIsOpened()
     crew()->setRowCount(0);
     setStart(QDateTime::currentDateTime());
     QVERIFY(!applyButton()->isEnabled());
-    QCOMPARE(told(), QStringLiteral("Добавьте сотрудников в смену"));
+    QCOMPARE(reported(), QStringLiteral("Добавьте сотрудников в смену"));
     m_dialog->activateWindow();
     QTRY_COMPARE(QApplication::activeWindow(), m_dialog);
     shifts()->setFocus();

@@ -19,7 +19,7 @@
 #include <QTest>
 #include <QToolButton>
 
-/// What period a page shows, what is told of its shift, and workers added to the running one: through the dialogs, over a
+/// What period a page shows, what is reported of its shift, and workers added to the running one: through the dialogs, over a
 /// real store.
 class ShiftPeriods_test : public QObject
 {

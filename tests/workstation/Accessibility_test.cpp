@@ -78,8 +78,8 @@ private:
         for (QWidget* widget : widgetsOf(window)) {
             if (!isControl(widget))
                 continue;
-            const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(widget);
-            if (!told || told->text(QAccessible::Name).trimmed().isEmpty())
+            const QAccessibleInterface* reported = QAccessible::queryAccessibleInterface(widget);
+            if (!reported || reported->text(QAccessible::Name).trimmed().isEmpty())
                 found << QStringLiteral("no name: ") + described(widget);
         }
         return found;

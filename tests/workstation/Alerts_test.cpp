@@ -18,7 +18,7 @@ namespace
 class ToldTray : public Tray
 {
 public:
-    explicit ToldTray(QStringList* told) : m_told(told) {}
+    explicit ToldTray(QStringList* reported) : m_told(reported) {}
     void show(const QString& title, const QString& text) override
     {
         m_told->append(title + QStringLiteral(": ") + text);
@@ -39,7 +39,7 @@ private:
     struct Desk {
         Desk()
         {
-            auto own = std::make_unique<ToldTray>(&told);
+            auto own = std::make_unique<ToldTray>(&reported);
             tray = own.get();
             alerts =
                 std::make_unique<Alerts>(std::move(own), [this](QWidget* window) { blinked.append(window); });
@@ -53,13 +53,13 @@ private:
             window->activateWindow();
             QApplication::setActiveWindow(window);
             QVERIFY(QTest::qWaitForWindowActive(window));
-            told.clear();
+            reported.clear();
         }
 
         CVrkCliApp app;
         CVrkCliMod module{&app};
         QWidget other;
-        QStringList told;
+        QStringList reported;
         QVector<QWidget*> blinked;
         Tray* tray;
         std::unique_ptr<Alerts> alerts;
@@ -71,7 +71,7 @@ private slots:
         Desk desk;
         desk.activate(&desk.other);
         desk.module.CallAttention(QStringLiteral("Сдайте смену."));
-        QCOMPARE(desk.told, QStringList{QStringLiteral("Оперативный журнал: Сдайте смену.")});
+        QCOMPARE(desk.reported, QStringList{QStringLiteral("Оперативный журнал: Сдайте смену.")});
         QCOMPARE(desk.blinked, QVector<QWidget*>{&desk.module});
     }
 
@@ -84,7 +84,7 @@ private slots:
         dialog.show();
         desk.activate(&dialog);
         desk.module.CallAttention(QStringLiteral("Сдайте смену."));
-        QCOMPARE(desk.told, QStringList());
+        QCOMPARE(desk.reported, QStringList());
         QVERIFY(desk.blinked.isEmpty());
     }
 
@@ -98,7 +98,7 @@ private slots:
         QVERIFY(desk.module.isVisible());
         QVERIFY(!desk.module.isMinimized());
         QTRY_COMPARE(QApplication::activeWindow(), &desk.module);
-        QCOMPARE(desk.told.last(), QStringLiteral("-"));
+        QCOMPARE(desk.reported.last(), QStringLiteral("-"));
     }
 
     void comingBackTakesTheIconAway()
@@ -107,7 +107,7 @@ private slots:
         desk.activate(&desk.other);
         desk.module.CallAttention(QStringLiteral("Сдайте смену."));
         desk.module.activateWindow();
-        QTRY_COMPARE(desk.told.last(), QStringLiteral("-"));
+        QTRY_COMPARE(desk.reported.last(), QStringLiteral("-"));
     }
 
     void aLongTextIsCutForTheTray()
@@ -115,8 +115,8 @@ private slots:
         Desk desk;
         desk.activate(&desk.other);
         desk.module.CallAttention(QString(1000, QLatin1Char('x')));
-        QVERIFY(desk.told[0].size() < 300);
-        QVERIFY(desk.told[0].endsWith(QStringLiteral("…")));
+        QVERIFY(desk.reported[0].size() < 300);
+        QVERIFY(desk.reported[0].endsWith(QStringLiteral("…")));
     }
 
     void aTextIsNoMarkupInTheTray()
@@ -124,14 +124,14 @@ private slots:
         Desk desk;
         desk.activate(&desk.other);
         desk.module.CallAttention(QStringLiteral("<img src=\"//srv/a.png\">"));
-        QVERIFY(!desk.told[0].contains(QLatin1Char('<')));
-        QVERIFY(desk.told[0].contains(QStringLiteral("img src")));
+        QVERIFY(!desk.reported[0].contains(QLatin1Char('<')));
+        QVERIFY(desk.reported[0].contains(QStringLiteral("img src")));
     }
 
     void aModuleThatIsGoneIsNotBroughtUp()
     {
-        QStringList told;
-        auto own = std::make_unique<ToldTray>(&told);
+        QStringList reported;
+        auto own = std::make_unique<ToldTray>(&reported);
         Tray* tray = own.get();
         Alerts alerts(std::move(own), [](QWidget*) {});
         CVrkCliApp app;
@@ -139,7 +139,7 @@ private slots:
         alerts.watch(module.get());
         module->CallAttention(QStringLiteral("Сдайте смену."));
         module.reset();
-        QCOMPARE(told.last(), QStringLiteral("-"));
+        QCOMPARE(reported.last(), QStringLiteral("-"));
         emit tray->clicked();
     }
 

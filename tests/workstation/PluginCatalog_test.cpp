@@ -87,9 +87,9 @@ private slots:
                       {QStringLiteral("--modules")});
         QVERIFY(program.waitForFinished(60000));
         QCOMPARE(program.exitCode(), 0);
-        const QString told = QString::fromUtf8(program.readAllStandardOutput());
-        QCOMPARE(told.count(QLatin1Char('\n')), 5);
-        QVERIFY(told.contains(
+        const QString reported = QString::fromUtf8(program.readAllStandardOutput());
+        QCOMPARE(reported.count(QLatin1Char('\n')), 5);
+        QVERIFY(reported.contains(
             QRegularExpression(QStringLiteral("unfinished +Незавершённое: .*libVrkArchive\\.so\\.1"))));
     }
 

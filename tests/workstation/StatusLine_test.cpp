@@ -208,11 +208,11 @@ void StatusLine_test::severalFailuresAreCounted()
     for (const char* what : {"a", "b", "c"})
         m_line->addFailure(QLatin1String(what));
     QVERIFY(text("messageLabel").endsWith(QStringLiteral(" c (и ещё 2)")));
-    const QStringList told =
+    const QStringList shownText =
         m_line->findChild<QLabel*>(QStringLiteral("messageLabel"))->toolTip().split(QLatin1Char('\n'));
-    QCOMPARE(told, m_line->failures());
-    QCOMPARE(told.size(), 3);
-    QVERIFY(told[0].endsWith(QStringLiteral(" a")));
+    QCOMPARE(shownText, m_line->failures());
+    QCOMPARE(shownText.size(), 3);
+    QVERIFY(shownText[0].endsWith(QStringLiteral(" a")));
 }
 
 void StatusLine_test::theSameFailureAgainIsCountedNotRepeated()
@@ -226,7 +226,7 @@ void StatusLine_test::theSameFailureAgainIsCountedNotRepeated()
 void StatusLine_test::showsRefusedRequests_data()
 {
     QTest::addColumn<bool>("write");
-    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("shownText");
     QTest::addColumn<QString>("table");
     QTest::newRow("write") << true << QStringLiteral(" Не записано (смена): Смена уже закрыта.")
                            << QStringLiteral("LogbookWorkshifts");
@@ -241,10 +241,10 @@ void StatusLine_test::showsRefusedRequests_data()
 void StatusLine_test::showsRefusedRequests()
 {
     QFETCH(bool, write);
-    QFETCH(QString, told);
+    QFETCH(QString, shownText);
     QFETCH(QString, table);
     emit m_app->session()->requestFailed(write, table, QStringLiteral("Смена уже закрыта."));
-    QVERIFY(text("messageLabel").endsWith(told));
+    QVERIFY(text("messageLabel").endsWith(shownText));
 }
 
 void StatusLine_test::showsARefusedWriteWithTimeTableAndReason()
@@ -257,9 +257,9 @@ void StatusLine_test::showsARefusedWriteWithTimeTableAndReason()
     QCOMPARE(m_line->failures().size(), 1);
     const QString reason = m_app->session()->lastErrorText();
     QVERIFY(QRegularExpression(QStringLiteral("[А-Яа-я]{3}")).match(reason).hasMatch());
-    const QRegularExpression told(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d Не записано \\(записи\\): %1$")
-                                      .arg(QRegularExpression::escape(reason)));
-    QVERIFY2(told.match(text("messageLabel")).hasMatch(), qPrintable(text("messageLabel")));
+    const QRegularExpression shownText(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d Не записано \\(записи\\): %1$")
+                                           .arg(QRegularExpression::escape(reason)));
+    QVERIFY2(shownText.match(text("messageLabel")).hasMatch(), qPrintable(text("messageLabel")));
 }
 
 void StatusLine_test::aRefusedWriteGoesWhenItIsWritten()
@@ -342,7 +342,7 @@ void StatusLine_test::aLostConnectionIsShownAndFound()
 void StatusLine_test::theResultOfAnUnansweredWriteStays_data()
 {
     QTest::addColumn<bool>("written");
-    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("shownText");
     QTest::newRow("written") << true
                              << QStringLiteral(
                                     "Связь вернулась: последнее изменение записано, повторять его не нужно.");
@@ -354,9 +354,9 @@ void StatusLine_test::theResultOfAnUnansweredWriteStays_data()
 void StatusLine_test::theResultOfAnUnansweredWriteStays()
 {
     QFETCH(bool, written);
-    QFETCH(QString, told);
+    QFETCH(QString, shownText);
     emit m_app->session()->writeSettled(written);
-    QVERIFY(text("messageLabel").endsWith(told));
+    QVERIFY(text("messageLabel").endsWith(shownText));
     QTest::mouseClick(acknowledge(), Qt::LeftButton);
     QVERIFY(m_line->failures().isEmpty());
 }
@@ -380,7 +380,7 @@ void StatusLine_test::theClockShowsTheServersTime()
 void StatusLine_test::showsAWrongClock_data()
 {
     QTest::addColumn<int>("ahead");
-    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("shownText");
     QTest::newRow("right") << 0 << QString();
     QTest::newRow("a little slow") << -3 << QString();
     QTest::newRow("a little fast") << 3 << QString();
@@ -391,11 +391,11 @@ void StatusLine_test::showsAWrongClock_data()
 void StatusLine_test::showsAWrongClock()
 {
     QFETCH(int, ahead);
-    QFETCH(QString, told);
+    QFETCH(QString, shownText);
     m_line->setOwnClock([ahead] { return QDateTime::currentDateTime().addSecs(ahead); });
     auto* label = m_line->findChild<QLabel*>(QStringLiteral("deviationLabel"));
-    QCOMPARE(label->isVisible(), !told.isEmpty());
-    QVERIFY2(QRegularExpression(told).match(label->text()).hasMatch(), qPrintable(label->text()));
+    QCOMPARE(label->isVisible(), !shownText.isEmpty());
+    QVERIFY2(QRegularExpression(shownText).match(label->text()).hasMatch(), qPrintable(label->text()));
     m_line->setOwnClock(&QDateTime::currentDateTime);
     QVERIFY(!label->isVisible());
 }

@@ -154,18 +154,18 @@ void Workstation_password_test::thePasswordIsAskedForAndHidden()
 
 void Workstation_password_test::aWrongPasswordIsReportedAndAskedAgain()
 {
-    QString told;
+    QString reported;
     whenAsked([&](PasswordDialog* dialog) {
         type(dialog, "не тот пароль");
-        told = notice(dialog);
+        reported = notice(dialog);
         QVERIFY(dialog->isVisible());
         QVERIFY(edit(dialog, "passwordEdit")->text().isEmpty());
         QCOMPARE(dialog->focusWidget(), edit(dialog, "passwordEdit"));
         type(dialog, "пароль Орлова");
     });
     QVERIFY(m_host->enter(options(QStringLiteral("orlov"))));
-    QVERIFY2(told.startsWith(QStringLiteral("Сервер «")), qPrintable(told));
-    QVERIFY2(told.endsWith(QStringLiteral("» не принял имя или пароль.")), qPrintable(told));
+    QVERIFY2(reported.startsWith(QStringLiteral("Сервер «")), qPrintable(reported));
+    QVERIFY2(reported.endsWith(QStringLiteral("» не принял имя или пароль.")), qPrintable(reported));
 }
 
 void Workstation_password_test::thePasswordThatTheMachineKeepsIsTakenWithoutAsking_data()
@@ -204,15 +204,15 @@ void Workstation_password_test::thePasswordThatTheMachineKeepsIsTakenWithoutAski
 void Workstation_password_test::aWrongKeptPasswordIsAskedFor()
 {
     qputenv("PGPASSWORD", "старый пароль");
-    QString told;
+    QString reported;
     whenAsked([&](PasswordDialog* dialog) {
-        told = notice(dialog);
+        reported = notice(dialog);
         type(dialog, "пароль Орлова");
     });
     const bool isIn = m_host->enter(options(QStringLiteral("orlov")));
     qunsetenv("PGPASSWORD");
     QVERIFY(isIn);
-    QVERIFY2(told.endsWith(QStringLiteral("» не принял имя или пароль.")), qPrintable(told));
+    QVERIFY2(reported.endsWith(QStringLiteral("» не принял имя или пароль.")), qPrintable(reported));
 }
 
 void Workstation_password_test::escapeCallsItOff()
@@ -263,10 +263,10 @@ void Workstation_password_test::withoutANameNothingIsTried()
         edit(dialog, "loginEdit")->clear();
         const auto* box = dialog->findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
         QVERIFY(!box->button(QDialogButtonBox::Ok)->isEnabled());
-        const QString told = notice(dialog);
+        const QString reported = notice(dialog);
         type(dialog, "пароль Орлова");
         QVERIFY(dialog->isVisible());
-        QCOMPARE(notice(dialog), told);
+        QCOMPARE(notice(dialog), reported);
         dialog->reject();
     });
     QVERIFY(!m_host->enter(options(QStringLiteral("orlov"))));
@@ -277,28 +277,28 @@ void Workstation_password_test::reportsARoleWithoutALogin()
     QCOMPARE(m_cluster->exec(
                  QStringLiteral("CREATE ROLE stranger LOGIN PASSWORD 'чужой пароль' IN ROLE vrk_client")),
              QString());
-    QString told;
+    QString reported;
     whenAsked([&](PasswordDialog* dialog) {
         type(dialog, "чужой пароль");
-        told = notice(dialog);
+        reported = notice(dialog);
         dialog->reject();
     });
     QVERIFY(!m_host->enter(options(QStringLiteral("stranger"))));
-    QCOMPARE(told, QStringLiteral("Пользователь «stranger» не найден."));
+    QCOMPARE(reported, QStringLiteral("Пользователь «stranger» не найден."));
 }
 
 void Workstation_password_test::reportsALostServer()
 {
-    QString told;
+    QString reported;
     whenAsked([&](PasswordDialog* dialog) {
         m_cluster->stop();
         type(dialog, "пароль Орлова");
-        told = notice(dialog);
+        reported = notice(dialog);
         m_cluster->start();
         type(dialog, "пароль Орлова");
     });
     QVERIFY(m_host->enter(options(QStringLiteral("orlov"))));
-    QVERIFY2(told.startsWith(QStringLiteral("Нет связи с сервером «")), qPrintable(told));
+    QVERIFY2(reported.startsWith(QStringLiteral("Нет связи с сервером «")), qPrintable(reported));
 }
 
 void Workstation_password_test::theUserIsChangedByItsKeyThePasswordAndReturn()

@@ -172,9 +172,9 @@ private slots:
         const auto* box = module->findChild<CPopMessageBox*>();
         QVERIFY(box && box->isVisible());
         QCOMPARE(box->text(), QStringLiteral("<center>Сотрудник не определен!</center>"));
-        const QStringList told = host.statusLine(module)->failures();
-        QCOMPARE(told.size(), 1);
-        QVERIFY(told.constFirst().endsWith(QStringLiteral("это делает администратор журнала.")));
+        const QStringList reported = host.statusLine(module)->failures();
+        QCOMPARE(reported.size(), 1);
+        QVERIFY(reported.constFirst().endsWith(QStringLiteral("это делает администратор журнала.")));
         const auto* user = host.statusLine(module)->findChild<QLabel*>(QStringLiteral("userLabel"));
         QVERIFY2(!user->text().contains(QLatin1Char(',')), qPrintable(user->text()));
     }
