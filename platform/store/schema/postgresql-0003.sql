@@ -1,2 +1,2 @@
--- Step 3: the rules alone, which every step makes anew: as in SQLite, and what a rule looks at holds until the end of its
--- transaction.
+-- Step 3: only the rules, which every step recreates: as in SQLite, and a row that a rule reads stays
+-- locked until the end of the transaction.

@@ -1,4 +1,5 @@
--- The change log at work. Made anew at every step of the schema, before the triggers of the tables.
+-- The functions of the change log. Recreated at every step of the schema, before the triggers of the
+-- tables.
 
 -- Ends the statement with a text for the user.
 CREATE FUNCTION vrk_refuse(reason text) RETURNS void LANGUAGE plpgsql AS $$
@@ -6,14 +7,15 @@ BEGIN
     RAISE EXCEPTION USING ERRCODE = 'VR001', MESSAGE = reason;
 END $$;
 
--- Whether the rules of the journal are out of force: asked for by the client, allowed by a role.
+-- Whether the rules of the journal are off: requested by the client, permitted by a role.
 CREATE FUNCTION vrk_is_loader() RETURNS boolean LANGUAGE sql STABLE AS $$
     SELECT coalesce(current_setting('vrk.loader', true), '') = 'on'
            AND pg_has_role(session_user, 'vrk_loader', 'MEMBER');
 $$;
 
--- The end of the log, one row. The epoch names the history: another database, a restored one and a promoted standby each
--- tell another one. A view, since every reading of every listener asks for it, and a function costs more than the rest.
+-- The end of the log, one row. The epoch identifies the history: another database, a restored one and a
+-- promoted standby each have a different one. A view, because every reading of every listener queries it,
+-- and a function would cost more than the rest.
 CREATE VIEW ChangeEnd AS
     SELECT (SELECT value FROM StoreProperties WHERE name = 'epoch')
            || '.' || (SELECT oid FROM pg_database WHERE datname = current_database())
@@ -21,13 +23,13 @@ CREATE VIEW ChangeEnd AS
            number
     FROM ChangeHead;
 
--- A part of what is hashed, preceded by its length in bytes, so that parts cannot flow into one another. The server puts
--- it into the statement that calls it, as long as it stays this simple.
+-- A part of the hashed text, preceded by its length in bytes, so that different parts cannot give the same
+-- bytes. The server inlines the function as long as it is this simple.
 CREATE FUNCTION vrk_part(part text) RETURNS text LANGUAGE sql IMMUTABLE AS $$
     SELECT coalesce(octet_length(part), 0)::text || ':' || coalesce(part, '');
 $$;
 
--- The hash for a transaction whose rows stand in the log: over the one before it, its own head and every row.
+-- The hash for a transaction whose rows are in the log: over the previous hash, its own head and every row.
 CREATE FUNCTION vrk_chain(before bytea, head ChangeTransactions) RETURNS bytea LANGUAGE sql STABLE
     SET search_path = pg_catalog, public, pg_temp AS $$
     SELECT sha256(convert_to(length(before)::text || ':', 'UTF8') || before
@@ -52,7 +54,7 @@ BEGIN
             vrk_log.tableName, vrk_log.rowKey, vrk_log.event, vrk_log.oldRow, vrk_log.newRow);
 END $$;
 
--- Ends a transaction: takes its number, writes its log, wakes the listeners.
+-- Ends a transaction: takes its number, writes its log, notifies the listeners.
 CREATE FUNCTION vrk_close() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER
     SET search_path = pg_catalog, public, pg_temp AS $$
 DECLARE
@@ -95,8 +97,9 @@ END $$;
 CREATE TRIGGER A_ReadedTime BEFORE INSERT OR UPDATE ON LogbookComments
     FOR EACH ROW EXECUTE FUNCTION vrk_zero_readed_time();
 
--- What a rule looks at in another row must hold until its transaction ends: whoever closes a workshift waits for those
--- who write into it, and the other way round; two openings in one department come one after the other.
+-- A row that a rule reads must stay unchanged until the end of the transaction: closing a workshift waits
+-- for transactions that write into it, and vice versa; two openings in one department run one after
+-- another.
 
 CREATE FUNCTION vrk_hold_workshift() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER
     SET search_path = pg_catalog, public, pg_temp AS $$
@@ -123,7 +126,8 @@ CREATE TRIGGER B_Hold BEFORE INSERT OR DELETE ON LogbookWorkersWorkshift
 CREATE TRIGGER B_Hold BEFORE INSERT ON LogbookWorkshifts
     FOR EACH ROW EXECUTE FUNCTION vrk_hold_workshift();
 
--- Writes a named file, or removes it where there are no bytes; false when there was none. Clients may not write the table.
+-- Writes a named file, or removes it if there are no bytes; false if it did not exist. Clients may not
+-- write the table.
 CREATE FUNCTION vrk_write_file(inFolder text, called text, bytes bytea) RETURNS boolean LANGUAGE plpgsql
     SECURITY DEFINER SET search_path = pg_catalog, public, pg_temp AS $$
 BEGIN
@@ -139,13 +143,13 @@ BEGIN
     RETURN FOUND;
 END $$;
 
--- Those who move categories come one after the other, since two moves may close a circle that neither of them sees. A
--- row that no client may lock, and no advisory lock, which anybody may hold.
+-- Moves of categories run one after another, because two moves could form a cycle that neither of them
+-- sees. Locks a row that no client may lock; anybody could hold an advisory lock.
 CREATE FUNCTION vrk_hold_trees() RETURNS void LANGUAGE sql AS $$
     SELECT FROM StoreProperties WHERE name = 'epoch' FOR UPDATE;
 $$;
 
--- The log is for good, and no table loses its rows past it.
+-- The log is permanent, and no table loses rows without it.
 
 CREATE FUNCTION vrk_keep_log() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN
@@ -163,7 +167,7 @@ BEGIN
     RETURN NULL;
 END $$;
 
--- Who writes: one row. The role that the connection was authenticated as, which no client can change.
+-- The writer: one row. The role that the connection was authenticated with, which no client can change.
 CREATE VIEW CurrentTransaction AS
     SELECT session_user::text COLLATE "C" AS login,
            coalesce((SELECT KeyLink FROM Users

@@ -1,6 +1,6 @@
--- Keeps the search in step with the records. Made anew at every step of the schema.
+-- Keeps the search index up to date with the records. Recreated at every step of the schema.
 
--- Lower case and "е" for "ё", whatever the locale of the database is. One that does not know Russian takes its time.
+-- Lower case and "е" for "ё", for any locale of the database. A locale without Russian is slower.
 CREATE FUNCTION vrk_folded(plain text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
     SELECT translate(CASE WHEN lower('ЖÀ' COLLATE "default") = 'жà' THEN lower(plain COLLATE "default") ELSE translate(plain,
         'ABCDEFGHIJKLMNOPQRSTUVWXYZ'
@@ -11,7 +11,7 @@ CREATE FUNCTION vrk_folded(plain text) RETURNS text LANGUAGE sql IMMUTABLE PARAL
         'àáâãäåæçèéêëìíîïðñòóôõöøùúûüýþ') END, 'ё', 'е');
 $$;
 
--- What a reader sees of a text in markup, as far as words go: entities part them.
+-- The visible text of markup, as needed for words: entities separate them.
 CREATE FUNCTION vrk_visible(html text) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
 BEGIN
     IF strpos(html, '<') > 0 THEN
@@ -42,7 +42,7 @@ CREATE FUNCTION vrk_words(html text) RETURNS text[] LANGUAGE sql IMMUTABLE PARAL
     SELECT vrk_stems(vrk_visible(coalesce(html, '')), 5000);
 $$;
 
--- The same of the parameters that name equipment.
+-- The same for the parameters that name equipment.
 CREATE FUNCTION vrk_equipment(html text) RETURNS text[] LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
     SELECT vrk_stems(coalesce(string_agg(vrk_visible(shown[1]), ' ' ORDER BY place), ''), 500)
     FROM regexp_matches(coalesce(html, ''),
@@ -51,7 +51,7 @@ CREATE FUNCTION vrk_equipment(html text) RETURNS text[] LANGUAGE sql IMMUTABLE P
          WITH ORDINALITY AS parameters (shown, place);
 $$;
 
--- What the row of each record has to be.
+-- The content of the row for each record.
 CREATE FUNCTION vrk_search_words(html text, departmentKey text, workerKey text, status integer) RETURNS tsvector
     LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
     SELECT array_to_tsvector(vrk_words(html)

@@ -1,31 +1,31 @@
 -- What a person may write, in one notation for all engines:
 --
 --     RULE name BEFORE operation ON table
---     WHEN condition              (may be missing)
+--     WHEN condition              (optional)
 --         REFUSE 'text' WHERE condition;
 --     END;
 --
--- A rule becomes a trigger that binds everybody but the loader. It judges by CurrentTransaction, which each engine has
--- in its own way and which tells who writes. CHANGED(a, b) is true when one of the fields is changed;
--- LOGGED(oldRow, LogbookRecords.status) is the number that stands there in a row of the change log. The texts go to the
--- user as they stand.
+-- A rule becomes a trigger that applies to everybody except the loader. It uses CurrentTransaction, which each engine
+-- implements itself and which identifies the writer. CHANGED(a, b) is true if one of the fields is changed;
+-- LOGGED(oldRow, LogbookRecords.status) is the number in this field of a row of the change log. The texts are shown to the
+-- user unchanged.
 --
 -- Rules compare persons, not rows of Workers: a person may have several.
 
--- The workers of the person who writes, also those that were removed since; nobody for the loader.
+-- The workers of the writer, including those that were removed since; nobody for the loader.
 CREATE VIEW CurrentPerson AS
     SELECT Workers.KeyLink, Workers.DepartmentKey, coalesce(Workers.deleted_, 0) AS removed
     FROM CurrentTransaction JOIN Workers ON Workers.UserKey = CurrentTransaction.userKey
     WHERE CurrentTransaction.userKey <> '';
 
--- The living ones, in whose names the person writes.
+-- The current ones, in whose names the writer may write.
 CREATE VIEW CurrentWorkers AS SELECT KeyLink, DepartmentKey FROM CurrentPerson WHERE removed = 0;
 
 CREATE VIEW CurrentRights AS
     SELECT UserRights.rightName
     FROM CurrentTransaction JOIN UserRights ON UserRights.UserKey = CurrentTransaction.userKey;
 
--- The open workshifts in which the writer is: as their opener or by a crew row with opening.
+-- The open workshifts of the writer: as their opener or by a crew row with opening.
 CREATE VIEW CurrentOpenWorkshifts AS
     SELECT W.KeyLink
     FROM LogbookWorkshifts AS W
@@ -37,7 +37,7 @@ CREATE VIEW CurrentOpenWorkshifts AS
 
 -- Workshifts
 
--- How long a workshift may be, in seconds: a property of the store, two days where it is not set.
+-- Maximum length of a workshift in seconds: a property of the store; two days if it is not set.
 CREATE VIEW LongestShift AS
     SELECT coalesce((SELECT CAST(value AS integer) FROM StoreProperties WHERE name = 'longestShift'), 172800) AS seconds;
 
@@ -73,7 +73,7 @@ RULE Rule_Workshifts_delete BEFORE DELETE ON LogbookWorkshifts
        OR EXISTS (SELECT 1 FROM LogbookRecords WHERE ShiftKey = OLD.KeyLink);
 END;
 
--- Crew. Rows that go with their workshift are not judged: the workshift is gone by then.
+-- Crew. Rows that are deleted with their workshift are not checked: the workshift no longer exists then.
 
 RULE Rule_Crew_insert BEFORE INSERT ON LogbookWorkersWorkshift
     REFUSE 'Состав открытой смены меняет только работник этой смены.'
@@ -125,15 +125,16 @@ RULE Rule_Records_insert BEFORE INSERT ON LogbookRecords
     REFUSE 'Новая запись не может нести визу.' WHERE coalesce(NEW.VisaWorkerKey, '') <> '';
 END;
 
--- The records that each transaction has entered in the name of another person than the one who writes.
+-- The records that each transaction has written in the name of a person other than the writer.
 CREATE VIEW ForeignRecords AS
     SELECT L.number, R.KeyLink, R.OriginRecordKey
     FROM ChangeLog AS L JOIN LogbookRecords AS R ON R.KeyLink = L.rowKey
     WHERE L.tableName = 'LogbookRecords' AND L.event = 601
       AND coalesce(R.WorkerKey, '') NOT IN (SELECT KeyLink FROM CurrentWorkers);
 
--- The log gets the row of a transaction when all others are written, so that this rule sees the whole: who enters a record
--- in the name of another marks the one that it replaces as deleted, before or behind it.
+-- The log writes the row of a transaction after all others, so this rule sees the whole transaction: a
+-- writer who adds a record in the name of another must mark the record that it replaces as deleted, before
+-- or after it.
 RULE Rule_Transactions_insert BEFORE INSERT ON ChangeTransactions
     REFUSE 'Автором записи может быть только тот, кто её вносит.'
     WHERE EXISTS (SELECT 1 FROM ForeignRecords AS F
@@ -148,7 +149,7 @@ RULE Rule_Transactions_insert BEFORE INSERT ON ChangeTransactions
                   GROUP BY OriginRecordKey HAVING count(*) > 1);
 END;
 
--- The second marker may be set and removed whatever the status, in any shift.
+-- The second marker may be set and removed in any status and any shift.
 RULE Rule_Records_secondMark BEFORE UPDATE OF SecondMarkWorkerKey, secondMarkTime ON LogbookRecords
     REFUSE 'Второй маркер ставят от своего имени.'
     WHERE CHANGED(SecondMarkWorkerKey, secondMarkTime)
@@ -189,7 +190,8 @@ RULE Rule_Records_delete BEFORE DELETE ON LogbookRecords
     WHERE NOT EXISTS (SELECT 1 FROM CurrentOpenWorkshifts WHERE KeyLink = OLD.ShiftKey);
 END;
 
--- Comments and files. Those that go with their draft are not judged: the record is gone by then.
+-- Comments and files. Those that are deleted with their draft are not checked: the record no longer exists
+-- then.
 
 RULE Rule_Comments_insert BEFORE INSERT ON LogbookComments
     REFUSE 'Комментарий пишут от своего имени.'
@@ -226,8 +228,8 @@ RULE Rule_Files_delete BEFORE DELETE ON LogbookFiles
       AND EXISTS (SELECT 1 FROM LogbookRecords WHERE KeyLink = OLD.RecordKey);
 END;
 
--- Templates: the administrator writes all levels, the local administrator those of the departments he works in. The
--- level of a category is that of the category at the top of its chain.
+-- Templates: the administrator writes all levels, the local administrator those of the departments he works
+-- in. The level of a category is that of the category at the top of its chain.
 
 CREATE VIEW TemplateLevels AS
     WITH RECURSIVE levels (KeyLink, DepartmentKey) AS (

@@ -1,5 +1,5 @@
--- Step 1: the tables as the catalog declares them, the store's own tables, the indexes.
--- Texts compare as bytes (BINARY, SQLite's default). Worker keys are no references: people come and go.
+-- Step 1: the tables that the catalog declares, the store's own tables, the indexes. Texts compare as bytes
+-- (BINARY, SQLite's default). Worker keys are not references: people come and go.
 
 CREATE TABLE LogbookWorkshifts (
     KeyLink TEXT PRIMARY KEY NOT NULL,
@@ -220,7 +220,7 @@ CREATE TABLE OperLogTemplateParams (
     FieldTypeKey TEXT
 ) STRICT;
 
--- What is no table of the catalog.
+-- Tables that are not in the catalog.
 
 CREATE TABLE StoreProperties (
     name TEXT PRIMARY KEY NOT NULL, -- codec, timeZone, epoch
@@ -234,7 +234,7 @@ CREATE TABLE StoreFiles (
     PRIMARY KEY (folder, name)
 ) STRICT;
 
--- One row for each committed transaction: who, when, and the chain over all that came before.
+-- One row for each committed transaction: who, when, and the chain over all previous transactions.
 CREATE TABLE ChangeTransactions (
     number INTEGER PRIMARY KEY,
     batchKey TEXT NOT NULL UNIQUE,
@@ -244,8 +244,8 @@ CREATE TABLE ChangeTransactions (
     chain BLOB NOT NULL
 ) STRICT;
 
--- One row for each changed row. The values are JSON arrays in the order of the table's fields; a blob stands there by
--- its hash and length.
+-- One row for each changed row. The values are JSON arrays in the order of the table's fields; a blob is
+-- represented by its hash and length.
 CREATE TABLE ChangeLog (
     entry INTEGER PRIMARY KEY,
     number INTEGER NOT NULL,
@@ -257,7 +257,7 @@ CREATE TABLE ChangeLog (
 ) STRICT;
 CREATE INDEX ChangeLog_Number ON ChangeLog (number);
 
--- Holds one row while a transaction of the store is being written, and none at any other time.
+-- Contains one row while a transaction of the store is being written, otherwise none.
 CREATE TABLE CurrentTransaction (
     number INTEGER PRIMARY KEY,
     login TEXT NOT NULL,

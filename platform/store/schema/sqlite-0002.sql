@@ -1,6 +1,6 @@
 -- Step 2: the search over the records of all workshifts.
 
--- What each record is found by. The number orders the rows by recordTime.
+-- The search words of each record. The number orders the rows by recordTime.
 CREATE TABLE RecordSearch (
     number INTEGER PRIMARY KEY,
     recordKey TEXT NOT NULL UNIQUE,

@@ -1,1 +1,1 @@
--- Step 3: the rules alone, which every step makes anew: the time of a second marker stands with its worker.
+-- Step 3: only the rules, which every step recreates: the time of a second marker needs its worker.

@@ -1,6 +1,6 @@
--- Made anew at every step of the schema.
+-- Recreated at every step of the schema.
 
--- The log is for good.
+-- The log is permanent.
 
 CREATE TRIGGER Log_noUpdate BEFORE UPDATE ON ChangeLog
 BEGIN SELECT RAISE(ABORT, 'Журнал изменений не изменяется.'); END;

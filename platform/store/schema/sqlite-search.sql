@@ -1,6 +1,7 @@
--- Keeps the search in step with the records. Made anew at every step of the schema.
+-- Keeps the search index up to date with the records. Recreated at every step of the schema.
 
--- What the row of each record has to be. Keys stand as hexadecimal words, since they may hold any character.
+-- The content of the row for each record. Keys are written as hexadecimal words, since they may contain any
+-- character.
 CREATE VIEW SearchSource AS
     SELECT R.KeyLink AS recordKey,
            min(max(CAST(coalesce(R.recordTime, 0) AS INTEGER), 0), (1 << 42) - 1) AS second,
@@ -9,7 +10,7 @@ CREATE VIEW SearchSource AS
            || ' s' || coalesce(R.status, 0) AS marks
     FROM LogbookRecords AS R LEFT JOIN LogbookWorkshifts AS W ON W.KeyLink = R.ShiftKey;
 
--- A second holds 65536 numbers; what comes when they are used up is found last.
+-- A second has 65536 numbers; records beyond that are found last.
 CREATE VIEW SearchNumbers AS
     SELECT recordKey, CASE
         WHEN EXISTS (SELECT 1 FROM RecordSearch WHERE number = (second << 16) + 65535)
@@ -39,7 +40,7 @@ BEGIN
     DELETE FROM RecordSearch WHERE recordKey = OLD.KeyLink;
 END;
 
--- The index is told what it held: it keeps no copy.
+-- The index keeps no copy of its content, so the old values must be passed to it.
 
 CREATE TRIGGER Search_insert AFTER INSERT ON RecordSearch
 BEGIN
