@@ -30,7 +30,7 @@ CVrkLogBook::CVrkLogBook(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::CVrk
 
 CVrkLogBook::~CVrkLogBook()
 {
-    // The tabs read the reference tables until they are gone themselves.
+    // The tabs read the reference tables until they are destroyed.
     m_form->logbooks->disconnect(this);
     while (m_form->logbooks->count() > 0)
         delete m_form->logbooks->widget(0);
@@ -117,7 +117,7 @@ QString CVrkLogBook::GetParamState()
 
 void CVrkLogBook::AppIdleEvent() {}
 
-/// Meant: the tabs keep what they hold and go on from the next change event.
+/// Deliberate: the tabs keep their content and continue with the next change event.
 void CVrkLogBook::ModSesReconnect() {}
 
 void CVrkLogBook::ModDataEditPost() {}

@@ -26,9 +26,9 @@ namespace Ui
 class CVrkLogBook;
 }
 
-/// The window "Оперативный журнал": one tab a department's journal and one tool bar. The first tab, home, is
-/// the journal of the user's own department: records are made and changed, and shifts opened and closed, only
-/// there. What the bar changes it changes at home; what it shows it shows in the tab in front.
+/// The window "Оперативный журнал": one tab for each department's journal, and one tool bar. The first tab,
+/// home, is the journal of the user's own department: only there records are created and changed, and
+/// shifts opened and closed. Changes by the tool bar apply to the home tab, its views to the current tab.
 class CVrkLogBook : public CVrkCliMod
 {
     Q_OBJECT
@@ -37,12 +37,12 @@ public:
     explicit CVrkLogBook(CVrkCliApp* app);
     ~CVrkLogBook() override;
 
-    /// Loads the reference tables, finds out who and where the user is, loads the home tab. False leaves the
-    /// window up with an error box, the home tab empty and no tool bar.
+    /// Loads the reference tables, determines user and department, loads the home tab. On failure the
+    /// window shows an error box, the home tab is empty and there is no tool bar.
     bool ModuleStart() override;
     void ModuleStop() override;
     int MessageOn() override;
-    /// Gives a change event to every initialised tab, in tab order; returns 1, and 0 for anything else.
+    /// Passes a change event to every initialised tab, in tab order; returns 1, and 0 for anything else.
     int MessageData(HFNCliParam* block) override;
     int SetParamCommand(QString command) override;
     int SetParamProfile(QString profile) override;
@@ -54,13 +54,14 @@ public:
     void ModDataEditPost() override;
     void ModDataEditCancel() override;
 
-    /// Takes "showRecord" with the KeyLink of a record: shows it in its workshift, in the tab of its department.
+    /// Accepts "showRecord" with the KeyLink of a record: shows it in its workshift, in the tab of its
+    /// department.
     void slot_modNotify(QString name, QVariant value) override;
 
-    /// Opens the journal of a department in a tab of its own, or brings the one that is open to the front.
+    /// Opens the journal of a department in a new tab, or raises the existing one.
     void appendLogbook(const QString& organizationKey, const QString& departmentKey);
 
-    /// The four reference tables; null until they have been loaded.
+    /// The four reference tables; null until they are loaded.
     CModelTable* workersTable() const { return m_workers; }
     CModelTable* departmentsTable() const { return m_departments; }
     CModelTable* organizationsTable() const { return m_organizations; }
@@ -69,7 +70,7 @@ public:
 public slots:
     /// Closes a tab and deletes it; the home tab stays.
     void closeLogbook(int index);
-    /// Ties the tool bar to the tab at \a index.
+    /// Connects the tool bar to the tab at \a index.
     void switchingToLogBook(int index);
 
 protected:
@@ -85,22 +86,22 @@ private:
     void writeLog(const QString& func, const QString& text);
     void showError(const QString& text);
     void showMessage(const QString& title, const QString& text, TMessageBoxIcon icon);
-    /// False, with an error box, when there is no such record.
+    /// False, with an error box, if there is no such record.
     bool showRecord(const QByteArray& recordKey);
-    /// Offers what was typed and not written when the program ended last.
+    /// Offers texts that were not saved when the program ended last.
     void createLeftTexts();
 
     void uploadHfnTables();
-    /// Sets KeyLink as the only key of Departments, Organizations and Workers. Stands ready for a host whose
-    /// tables come without it; ours gives that key, so nothing calls this.
+    /// Sets KeyLink as the only key of Departments, Organizations and Workers. For a host whose tables have
+    /// no key; ours sets it, so nothing calls this.
     void prepareHfnTables();
     bool hasErrorUpload();
 
     void configureAddButton();
     void configurePaneButton();
     void configureToolBar();
-    /// Gives the labels of the bar their widths, and the status its place: in the bar, or where that has no room for it,
-    /// in a row below.
+    /// Sets the widths of the tool bar's labels, and the place of the status: in the bar, or in a row below
+    /// if there is no space.
     void placeLabels();
     void placeLabel(QAction* label, bool inBar, QAction* before);
     void configureTabBar();
@@ -111,7 +112,7 @@ private:
 
     void requestAppendLogbook();
     void comeBackRequest();
-    /// Brings the tab of comments to the front; makes it first when there is none.
+    /// Raises the tab of comments; creates it first if needed.
     void commentsRequest();
     void workshiftButtonClicked();
 
@@ -133,9 +134,9 @@ private:
     void updateIntervalWorkshift(LogBookWidget* logbook);
     void updateLogBookState(LogBookWidget* logbook);
     void disableToolBar();
-    /// Why no record can be written while this tab is in front; empty where it can.
+    /// Why no record can be created while this tab is current; empty if it can.
     QString creationRefusal(const LogBookTab* tab) const;
-    /// Lets the status and Ctrl+N say why, as long as the create button is off.
+    /// Makes the status and Ctrl+N show the reason while the create button is disabled.
     void updateCreationRefusal();
     void tellCreationRefusal();
 
@@ -146,17 +147,17 @@ private:
     CModelTable* m_organizations = nullptr;
     CModelTable* m_orgTypes = nullptr;
     LocationInfo* m_location = nullptr;
-    CommentInbox* m_inbox = nullptr; ///< null until the journal is there
+    CommentInbox* m_inbox = nullptr; ///< null until the journal is loaded
     OrgStructDialog* m_orgStructDialog = nullptr;
     CPopMessageBox* m_messageBox = nullptr;
 
     QToolButton* m_addButton = nullptr;
     QToolBar* m_toolBar = nullptr;
-    QToolBar* m_statusRow = nullptr; ///< below it, for the labels where the bar has no room
+    QToolBar* m_statusRow = nullptr; ///< below it, for the labels that do not fit into the bar
     QToolButton* m_timeButton = nullptr;
     QToolButton* m_workshiftButton = nullptr;
     QToolButton* m_createButton = nullptr;
-    QShortcut* m_refusalShortcut = nullptr; ///< the key of the create button while that is off
+    QShortcut* m_refusalShortcut = nullptr; ///< the key of the create button while the button is disabled
     QToolButton* m_deleteButton = nullptr;
     QToolButton* m_approveButton = nullptr;
     QToolButton* m_signButton = nullptr;
@@ -166,9 +167,9 @@ private:
     QToolButton* m_searchButton = nullptr;
     QLabel* m_intervalLabel = nullptr;
     QLabel* m_statusLabel = nullptr;
-    QAction* m_statusAction = nullptr;   ///< the label in its bar
+    QAction* m_statusAction = nullptr;   ///< the action of the label in its bar
     QAction* m_intervalAction = nullptr; ///< the same
-    QAction* m_afterInterval = nullptr;  ///< what stands behind the interval in the bar
+    QAction* m_afterInterval = nullptr;  ///< the action after the interval in the bar
 
     QAction* m_currentWorkshiftAction = nullptr;
     QAction* m_chooseWorkshiftAction = nullptr;

@@ -15,7 +15,7 @@
 
 #include <QAction>
 
-/// What other modules ask of the journal.
+/// Requests of other modules.
 
 void CVrkLogBook::slot_modNotify(QString name, QVariant value)
 {

@@ -79,7 +79,7 @@ void CVrkLogBook::tellCreationRefusal()
 void CVrkLogBook::updateActionDeleteRecord(LogBookWidget* logbook)
 {
     m_deleteButton->setEnabled(false);
-    if (logbook != home()) // meant: the actions keep the state they had at home
+    if (logbook != home()) // deliberate: the actions keep their state of the home tab
         return;
     m_deleteRecordAction->setEnabled(logbook->isRecordDeletable());
     m_deleteMyDraftsAction->setEnabled(logbook->isExistMyDrafts());

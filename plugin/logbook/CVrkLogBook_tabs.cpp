@@ -16,7 +16,7 @@
 
 namespace
 {
-/// Type of the items of the organisation structure that are departments.
+/// Type of the department items of the organisation structure.
 constexpr int departmentType = 4;
 } // namespace
 
@@ -47,13 +47,13 @@ void CVrkLogBook::configureTabBar()
 void CVrkLogBook::createDialogs()
 {
     m_orgStructDialog = new OrgStructDialog(this, -1);
-    m_orgStructDialog->setObjectName(QStringLiteral("departmentDialog")); // the tabs have theirs beside it
+    m_orgStructDialog->setObjectName(QStringLiteral("departmentDialog")); // the tabs have their own
     m_orgStructDialog->widget()->init(this);
 }
 
 void CVrkLogBook::requestAppendLogbook()
 {
-    // A cancelled choice leaves its connection behind, which would answer the next one as well.
+    // A cancelled choice leaves its connection, which would also receive the next choice.
     disconnect(m_orgStructDialog, &OrgStructDialog::itemSelected, this, nullptr);
     connect(m_orgStructDialog, &OrgStructDialog::itemSelected, this,
             [this](const OrgStruct::SelectedItem& item) {
@@ -119,7 +119,7 @@ void CVrkLogBook::commentsRequest()
     m_form->logbooks->setCurrentIndex(index);
 }
 
-/// Whether the tab of comments is open or not, the host knows what waits.
+/// The host shows the number of unread comments even if the tab of comments is not open.
 void CVrkLogBook::createInbox()
 {
     m_inbox = new CommentInbox(this, m_location, this);
@@ -147,8 +147,8 @@ void CVrkLogBook::closeLogbook(int index)
 
 void CVrkLogBook::switchingToLogBook(int index)
 {
-    // Meant: nothing is connected in this direction, so nothing is taken away here. The connections of tabs
-    // visited earlier stay, and a visa reaches all of them.
+    // Deliberate: nothing is connected in this direction, so nothing is disconnected here. The connections
+    // of tabs visited earlier stay, and a visa reaches all of them.
     for (QAction* action : {m_signRecordAction, m_signAllRecordsAction})
         QObject::disconnect(this, nullptr, action, nullptr);
     for (int i = 0; i < m_form->logbooks->count(); ++i) {

@@ -152,7 +152,7 @@ void CVrkLogBook::configurePaneButton()
     button->setToolTip(tr("Комментарии и файлы записи: показать или скрыть") + QStringLiteral(" (F4)"));
     button->setShortcut(Qt::Key_F4);
     m_form->logbooks->setCornerWidget(button, Qt::TopRightCorner);
-    button->show(); // the window may be up by now
+    button->show(); // the window may be visible already
     connect(button, &QToolButton::clicked, this, [this] {
         if (LogBookTab* tab = currentTab())
             tab->switchVisiblePanes();
@@ -161,14 +161,14 @@ void CVrkLogBook::configurePaneButton()
 
 void CVrkLogBook::placeLabels()
 {
-    m_statusLabel->setFont(m_toolBar->font()); // one with a style sheet keeps the font that it began with
+    m_statusLabel->setFont(m_toolBar->font()); // a label with a style sheet keeps its initial font
     const QFontMetrics metrics(m_statusLabel->font());
     m_statusLabel->setFixedWidth(metrics.horizontalAdvance(tr("Смена закрыта, редактирование запрещено")) +
                                  20);
     m_intervalLabel->setFixedWidth(
         metrics.horizontalAdvance(QStringLiteral("WWWWW: 01.01.1970 00:00:00 -01.01.1970 00:00:00")) + 10);
 
-    // The buttons come first; then the interval, then the status, as far as there is room.
+    // The buttons come first; then the interval, then the status, as far as there is space.
     const int spacing = m_toolBar->layout()->spacing();
     const int interval = m_intervalLabel->width() + spacing;
     const int status = m_statusLabel->width() + spacing;
@@ -187,7 +187,7 @@ void CVrkLogBook::placeLabel(QAction* label, bool inBar, QAction* before)
     (inBar ? m_statusRow : m_toolBar)->removeAction(label);
     if (inBar)
         m_toolBar->insertAction(before, label);
-    else // the interval in front of the status
+    else // the interval before the status
         m_statusRow->insertAction(m_statusRow->actions().value(0), label);
 }
 
@@ -196,11 +196,11 @@ void CVrkLogBook::changeEvent(QEvent* event)
     CVrkCliMod::changeEvent(event);
     if (event->type() != QEvent::FontChange || !m_statusLabel)
         return;
-    // What stands under a style sheet keeps the font that it began with, until the sheet is put on anew.
+    // Widgets with a style sheet keep their initial font until the sheet is set again.
     const QString sheet = m_form->logbooks->styleSheet();
     m_form->logbooks->setStyleSheet(QString());
     m_form->logbooks->setStyleSheet(sheet);
-    QMetaObject::invokeMethod(this, &CVrkLogBook::placeLabels, Qt::QueuedConnection); // when the bar has it
+    QMetaObject::invokeMethod(this, &CVrkLogBook::placeLabels, Qt::QueuedConnection); // after the bar has it
 }
 
 void CVrkLogBook::resizeEvent(QResizeEvent* event)
@@ -241,7 +241,7 @@ void CVrkLogBook::createConnections()
     connect(m_approveMyRecordsAction, &QAction::triggered, home(), &LogBookWidget::approveMyRecordsRequest);
     connect(m_approveAllRecordsAction, &QAction::triggered, home(), &LogBookWidget::approveAllRecordsRequest);
 
-    // A disabled action does not trigger: QAction sees to "if it is enabled".
+    // A disabled action does not trigger: QAction itself checks "if it is enabled".
     connect(m_deleteButton, &QToolButton::clicked, m_deleteRecordAction, &QAction::trigger);
     connect(m_approveButton, &QToolButton::clicked, m_approveRecordAction, &QAction::trigger);
     connect(m_signButton, &QToolButton::clicked, m_signRecordAction, &QAction::trigger);

@@ -2,7 +2,8 @@
 
 #include <QIcon>
 
-/// An icon for a table cell: the style does not tint it in the selected row, where a thin line would drown.
+/// An icon for a table cell: the style does not tint it in the selected row, where a thin line would be
+/// invisible.
 inline QIcon cellIcon(const QString& path)
 {
     QIcon icon(path);

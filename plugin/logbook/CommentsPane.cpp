@@ -59,7 +59,7 @@ void CommentsPane::reload(const MDRData* record)
         list(comment);
     const QString asked = askedKey();
     int position = 0;
-    if (!asked.isEmpty()) { // the answer meets the comment that was asked about, or none
+    if (!asked.isEmpty()) { // the answer applies to the comment of the question, or to none
         position = m_controls.list->count() - 1;
         while (position >= 0 && keyOf(m_controls.list->item(position)) != asked)
             --position;
@@ -118,7 +118,7 @@ void CommentsPane::updateCommentDelete()
     m_controls.remove->setEnabled(isChangeable() && isMine(row(keyOf(m_controls.list->currentItem()))));
 }
 
-/// While any comment of the record is unread, whichever is selected: meant.
+/// Deliberate: enabled while any comment of the record is unread, independent of the selection.
 void CommentsPane::updateCommentReaded()
 {
     bool isAnyUnread = false;

@@ -13,8 +13,8 @@ class QListWidgetItem;
 class QToolButton;
 struct MDRVar;
 
-/// The pane with the comments of the current record: lists them, writes, changes and deletes the user's own, and marks
-/// them read.
+/// The pane with the comments of the current record: lists them, writes, changes and deletes the user's
+/// own, and marks them as read.
 class CommentsPane : public RecordPane
 {
     Q_OBJECT
@@ -27,25 +27,25 @@ public:
         QToolButton* readed;
         QAction* allReaded;
     };
-    /// What the two pages do each in its own way.
+    /// The operations that differ between the two pages.
     struct Habits {
-        std::function<double()> now; ///< time of a comment that is written
+        std::function<double()> now; ///< the time of a new comment
         std::function<bool(const MDRVar& time)>
-            isReaded; ///< a comment with this time is not marked read again
+            isReaded; ///< a comment with this time is not marked as read again
     };
     CommentsPane(const Controls& controls, const Source& source, const Habits& habits, QObject* parent);
     ~CommentsPane() override;
 
     /// Lists the comments of a record in the order of their table; null lists none.
     void reload(const MDRData* record);
-    /// Asks anew what may be done.
+    /// Updates which actions are enabled.
     void updateButtons();
-    /// Shows the editor with a text that was kept.
+    /// Shows the editor with a kept text.
     void showKept(const KeptTexts::Text& text);
-    /// What the Delete key does in the list.
+    /// The action of the Delete key in the list.
     void deleteByKey();
 
-private slots: // by name: the message box takes the slot's name
+private slots: // connected by name: the message box takes the slot's name
     void deleteCommentAnswer(QAbstractButton* button);
 
 private:
@@ -61,7 +61,7 @@ private:
     void changeCommentRequest();
     void deleteCommentRequest();
     void upsertComment(const QString& commentKey, const QString& text);
-    /// The row of a new comment on the current record; null, with a line in the log, when there can be none.
+    /// The row of a new comment on the current record; null, with a line in the log, if there can be none.
     MDRData* newComment(CRowBatch& batch, double now) const;
     QString replacementWarning(const QString& commentKey) const;
     void showEditor();
@@ -73,5 +73,5 @@ private:
 
     Controls m_controls;
     Habits m_habits;
-    QPointer<CommentCreatorDialog> m_editor; ///< belongs to the module's window, goes with the pane
+    QPointer<CommentCreatorDialog> m_editor; ///< belongs to the module's window, deleted with the pane
 };

@@ -18,7 +18,8 @@
 
 void CommentsPane::createCommentRequest()
 {
-    // The key of the comment that was changed last stays, and the new text replaces that comment: meant.
+    // Deliberate: the key of the comment that was changed last stays, and the new text replaces that
+    // comment.
     m_editor->clear();
     m_editor->setRecordKey(currentRecordKey());
     m_editor->warn(replacementWarning(m_editor->commentKey()));
@@ -49,7 +50,7 @@ void CommentsPane::showKept(const KeptTexts::Text& text)
     m_editor->showKept(text);
 }
 
-/// What becomes of a text that is written under the key of a comment changed earlier; empty for a new comment.
+/// A warning about a text that will replace an earlier comment; empty for a new comment.
 QString CommentsPane::replacementWarning(const QString& commentKey) const
 {
     constexpr int shown = 40;
@@ -65,7 +66,7 @@ QString CommentsPane::replacementWarning(const QString& commentKey) const
     return tr("Текст заменит ваш прежний комментарий: «%1».").arg(text);
 }
 
-/// The status of the record is not asked: the writer may change a comment on a deleted record. Meant.
+/// Deliberate: the record's status is not checked: the author may change a comment on a deleted record.
 void CommentsPane::changeCommentRequest()
 {
     const QString key = keyOf(m_controls.list->currentItem());
@@ -149,7 +150,7 @@ MDRData* CommentsPane::newComment(CRowBatch& batch, double now) const
     MDRData* row = batch.newRow(ROW_INSERT, key);
     batch.SetValF(row, Field::KeyLink, MDRValue::text(key));
     batch.SetValF(row, Field::RecordKey, recordKey);
-    // One's own records need no reading.
+    // On the author's own records a comment counts as read.
     batch.SetValF(row, Field::readedTime, isMine(record) ? MDRValue::real(now) : MDRValue::null());
     return row;
 }
@@ -189,7 +190,7 @@ void CommentsPane::setCommentReaded(const QString& key, CRowBatch& batch)
     batch.RecPost(reading);
 }
 
-/// A comment that is read keeps its time.
+/// A read comment keeps its time.
 void CommentsPane::setCommentReaded(const QListWidgetItem* item, CRowBatch& batch)
 {
     const QString key = keyOf(item);

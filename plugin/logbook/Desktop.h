@@ -6,15 +6,15 @@
 class QUrl;
 class QWidget;
 
-/// The user's desktop as the pane of files asks it. Tests put operations of their own in their place.
+/// The desktop operations of the pane of files. Tests replace them.
 struct Desktop {
-    /// Asks for a file to read; empty when the user gave none.
+    /// Asks for a file to read; empty if the user cancelled.
     std::function<QString(QWidget* parent, const QString& title, const QString& folder)> askOpenFile;
-    /// Asks where to write; \a path is what is proposed.
+    /// Asks where to write; \a path is the proposed place.
     std::function<QString(QWidget* parent, const QString& title, const QString& path)> askSaveFile;
-    /// Opens something with the program that the desktop has for it.
+    /// Opens something with the desktop's program for it.
     std::function<void(const QUrl& url)> open;
 
-    /// The desktop in use, at first the real one.
+    /// The desktop in use, initially the real one.
     static Desktop& current();
 };

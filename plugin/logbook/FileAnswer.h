@@ -5,11 +5,11 @@
 
 struct HFNCliParam;
 
-/// What the server answered to the packet "FileGet".
+/// The server's answer to the packet "FileGet".
 struct FileAnswer {
     QByteArray content;
-    QString failure; ///< why there is no content, as the log tells it; empty for a success
+    QString failure; ///< why there is no content, for the log; empty after a success
 
-    /// Unpacks an answer; \a argument is what was asked for.
+    /// Unpacks an answer; \a argument is that of the request.
     static FileAnswer read(const HFNCliParam* answer, const QString& argument);
 };

@@ -10,7 +10,8 @@ QString FileNames::fitted(const QString& name, const QTextCodec* codec)
         const bool isPair = composed.at(i).isHighSurrogate() && i + 1 < composed.size() &&
                             composed.at(i + 1).isLowSurrogate();
         const QString character = composed.mid(i, isPair ? 2 : 1);
-        const bool isWhole = isPair || !composed.at(i).isSurrogate(); // half a pair fools the code page
+        // half a surrogate pair confuses the code page
+        const bool isWhole = isPair || !composed.at(i).isSurrogate();
         result += isWhole && codec->canEncode(character) ? character : QStringLiteral("_");
         i += isPair ? 1 : 0;
     }

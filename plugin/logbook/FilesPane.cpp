@@ -70,7 +70,7 @@ void FilesPane::reload(const MDRData* record)
             asked = position;
         table->setItem(position++, 0, item);
     }
-    // The answer meets the file that was asked about, or none.
+    // The answer applies to the file of the question, or to none.
     table->selectRow(askedFile.isEmpty() ? 0 : asked);
     updateButtons();
 }
@@ -84,7 +84,7 @@ QPixmap FilesPane::iconOf(const QString& fileName)
     if (known != m_icons.constEnd())
         return *known;
 
-    // The provider looks at real files only. A suffix with a slash names no file of this folder.
+    // The icon provider reads only real files. A suffix with a slash does not name a file of this folder.
     QTemporaryFile sample(QDir::tempPath() + QStringLiteral("/XXXXXX") +
                           (suffix.contains(QLatin1Char('/')) ? QString() : suffix));
     if (sample.open())

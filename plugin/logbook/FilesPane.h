@@ -10,8 +10,8 @@ class QTableWidget;
 class QTemporaryDir;
 class QToolButton;
 
-/// The pane with the files of the current record: lists them, attaches, opens, saves and deletes them. Opened files are
-/// copies in a private folder that goes with the pane.
+/// The pane with the files of the current record: lists them, attaches, opens, saves and deletes them.
+/// Opened files are copies in a private folder that is deleted with the pane.
 class FilesPane : public RecordPane
 {
     Q_OBJECT
@@ -32,12 +32,12 @@ public:
 
     /// Lists the files of a record in the order of their table; null lists none. The contents are not read.
     void reload(const MDRData* record);
-    /// Asks anew what may be done.
+    /// Updates which actions are enabled.
     void updateButtons();
-    /// What the Delete key does in the table.
+    /// The action of the Delete key in the table.
     void deleteByKey();
 
-private slots: // by name: the message box takes the slot's name
+private slots: // connected by name: the message box takes the slot's name
     void deleteFileAnswer(QAbstractButton* button);
     void openSavedFileAnswer(QAbstractButton* button);
     void openRunnableAnswer(QAbstractButton* button);
@@ -54,9 +54,9 @@ private:
     void createFileRequest();
     void attach(const QByteArray& recordKey, const QString& path, const QByteArray& content);
     void openFileRequest();
-    /// Opens the file at \a path, one that could run as a program only after a question.
+    /// Opens the file at \a path; asks first if it could run as a program.
     void open(const QString& path);
-    /// A path for a copy to open, in a folder that no other copy is in; empty when there is none.
+    /// A path for a copy to be opened, in a folder without other copies; empty on failure.
     QString temporaryPath(const QString& name);
     void saveFileRequest();
     void deleteFileRequest();
@@ -66,5 +66,5 @@ private:
     QHash<QString, QPixmap> m_icons; ///< by suffix
     std::unique_ptr<QTemporaryDir> m_opened;
     int m_openedCount = 0;
-    QString m_runnable; ///< the path that the open question is about
+    QString m_runnable; ///< the path of the open question
 };

@@ -33,7 +33,8 @@ QString desktopFolder()
     return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
 }
 
-/// Fetches what a file holds, \a content as a part of the record; false when the store does not give it.
+/// Fetches the content of a file, \a content as a part of the record; false if the store does not return
+/// it.
 bool fetch(const MDRData* file, QByteArray* content)
 {
     MDRVar value;
@@ -42,7 +43,7 @@ bool fetch(const MDRData* file, QByteArray* content)
     return code == mdr_Ok;
 }
 
-/// Whether everything reached the disk is not asked: meant.
+/// Deliberate: does not check whether everything reached the disk.
 bool write(const QString& path, const QByteArray& content)
 {
     QFile file(path);
@@ -55,7 +56,7 @@ bool write(const QString& path, const QByteArray& content)
 
 void FilesPane::createFileRequest()
 {
-    // The key alone: while the user looks for a file, the record may go.
+    // Only the key: while the user chooses a file, the record may be removed.
     const QByteArray recordKey = Row(source().currentRecord()).key();
     if (recordKey.isEmpty())
         return;
@@ -77,7 +78,7 @@ void FilesPane::createFileRequest()
                       LogText::fill(QStringLiteral("could not open file %1 for read!"), {path}));
         return;
     }
-    const QByteArray content = file.read(sizeLimit + 1); // it may have grown, and a device tells no size
+    const QByteArray content = file.read(sizeLimit + 1); // it may have grown, and a device reports no size
     if (content.size() > sizeLimit)
         refuse();
     else
@@ -166,13 +167,13 @@ void FilesPane::saveFileRequest()
     const MDRData* file = currentFile();
     if (!file)
         return;
-    // A copy: while the user chooses a place, an event may take the record away.
+    // A copy: while the user chooses a place, an event may remove the record.
     QByteArray content;
     const bool isFetched = fetch(file, &content);
     content.detach();
     const QString proposal = desktopFolder() + QLatin1Char('/') + FileNames::local(nameOf(file));
     const QString path = Desktop::current().askSaveFile(m_page, tr("Сохранение файла"), proposal);
-    if (path.isEmpty()) { // also when the user has cancelled: meant
+    if (path.isEmpty()) { // deliberate: also if the user has cancelled
         source().messages->error(tr("Ошибка"), tr("Некорректный путь для сохранения файла!"));
         return;
     }

@@ -17,7 +17,7 @@ void FilterByStatus::setShown(const QByteArray& recordKey)
         return;
     m_shown = recordKey;
     if (isEnabled())
-        emit enabledChanged(true); // whoever holds the rule asks again
+        emit enabledChanged(true); // proxies with this rule filter again
 }
 
 bool FilterOnlyApprove::isAcceptRow(const CMDArray*, MDRData* record) const

@@ -6,16 +6,16 @@
 
 class CModelTable;
 
-/// Hides drafts, but for one that may be asked for.
+/// Hides drafts, except one that was requested.
 class FilterByStatus : public VrkTableFilterRow
 {
     Q_OBJECT
 
 public:
     using VrkTableFilterRow::VrkTableFilterRow;
-    /// The record with this key is shown whatever its status.
+    /// Shows the record with this key in any status.
     void setShown(const QByteArray& recordKey);
-    /// Takes that back; for tables that are about to be filled anew.
+    /// Reverses setShown(); for tables that are about to be refilled.
     void forgetShown() { m_shown.clear(); }
     bool isAcceptRow(const CMDArray* array, MDRData* record) const override;
 
@@ -23,7 +23,7 @@ private:
     QByteArray m_shown;
 };
 
-/// Shows approved records only.
+/// Shows only approved records.
 class FilterOnlyApprove : public VrkTableFilterRow
 {
     Q_OBJECT
@@ -33,13 +33,13 @@ public:
     bool isAcceptRow(const CMDArray* array, MDRData* record) const override;
 };
 
-/// Shows records with at least one comment that nobody has read.
+/// Shows records with at least one unread comment.
 class FilterUnreadedComments : public VrkTableFilterRow
 {
     Q_OBJECT
 
 public:
-    /// The table of comments to look in; not owned.
+    /// The table of comments; not owned.
     FilterUnreadedComments(CModelTable* comments, QObject* parent);
     bool isAcceptRow(const CMDArray* array, MDRData* record) const override;
 

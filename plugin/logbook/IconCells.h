@@ -10,7 +10,7 @@ class CModelTable;
 
 /// Columns that show an icon and no text.
 
-/// The icon that stands for the value of one field, from a table; a value without one shows nothing.
+/// The icon for the value of one field, from a table; a value without an icon shows nothing.
 class IconCell : public AbstractHfnCellConversion
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ struct DirectionCell : IconCell {
     explicit DirectionCell(QObject* parent);
 };
 
-/// The visa; its tooltip names who put it.
+/// The visa; its tooltip shows who has set it.
 class SignCell : public AbstractHfnCellConversion
 {
     Q_OBJECT

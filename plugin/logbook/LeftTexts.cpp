@@ -18,7 +18,7 @@ LeftTexts::LeftTexts(KeptTexts* texts, NoticeBar* bar, std::vector<Opener> opene
     connect(&m_timer, &QTimer::timeout, this, &LeftTexts::offer);
     connect(texts, &KeptTexts::changed, &m_timer, qOverload<>(&QTimer::start));
     connect(bar, &NoticeBar::chosen, this, &LeftTexts::choose);
-    m_timer.start(); // what the window is still doing comes first
+    m_timer.start(); // the window first finishes its current work
 }
 
 const LeftTexts::Opener* LeftTexts::openerOf(const KeptTexts::Text& text) const

@@ -8,8 +8,8 @@
 
 class NoticeBar;
 
-/// Offers, one by one, the texts that the program had no time to write when it ended last: a line says what waits, with
-/// buttons that open it in its window, drop it, or leave it for later.
+/// Offers, one by one, the texts that were not saved when the program ended last: a line shows the text,
+/// with buttons that open it in its window, drop it, or keep it for later.
 class LeftTexts : public QObject
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     /// How the texts of one place are opened.
     struct Opener {
         QString place;
-        std::function<bool()> isPossible; ///< otherwise the text waits, unmentioned
+        std::function<bool()> isPossible; ///< otherwise the text waits and is not offered
         std::function<void(const KeptTexts::Text&)> open;
     };
 
@@ -33,5 +33,5 @@ private:
     NoticeBar* m_bar;
     std::vector<Opener> m_openers;
     KeptTexts::Text m_offered;
-    QTimer m_timer; ///< gathers changes
+    QTimer m_timer; ///< collects changes
 };

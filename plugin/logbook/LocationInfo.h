@@ -7,8 +7,8 @@
 class CModelTable;
 class CStringParams;
 
-/// Who and where the user is: login, worker, department, organization, type of organization; and the way to
-/// the reference tables that all tabs share. Filled once; later changes of the tables do not change the keys.
+/// The user and his place: login, worker, department, organization, type of organization; and access to the
+/// reference tables that all tabs share. Filled once; later changes of the tables do not change the keys.
 class LocationInfo : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ class LocationInfo : public QObject
 public:
     explicit LocationInfo(QObject* parent = nullptr);
 
-    /// Enter a reference table under its name. The tables are not owned.
+    /// Add a reference table under its name. The tables are not owned.
     void setWorkersTable(CModelTable* table);
     void setDepartmentsTable(CModelTable* table);
     void setOrganizationsTable(CModelTable* table);
@@ -24,11 +24,11 @@ public:
     /// The reference table of this name, or null.
     CModelTable* table(const QString& name) const;
 
-    /// Takes the keys from the login's parameters and looks the rest up in the tables, which must be set.
+    /// Takes the keys from the login's parameters and finds the others in the tables, which must be set.
     void init(const CStringParams& params);
-    /// True when user, worker, department or organization is not known.
+    /// True if user, worker, department or organization is unknown.
     bool hasError() const;
-    /// What is not known, in the user's words: the first of user, worker, department, organization; else
+    /// The first unknown one of user, worker, department, organization in the user's words; otherwise
     /// empty.
     QString errorString() const;
 
@@ -37,12 +37,12 @@ public:
     QString organizationKey() const { return m_organizationKey; }
     QString orgTypeKey() const { return m_orgTypeKey; }
 
-    /// Set a key as it is, without a check: for tabs of other departments.
+    /// Set a key without a check: for tabs of other departments.
     void setWorkerKey(const QString& key) { m_workerKey = key; }
     void setDepartmentKey(const QString& key) { m_departmentKey = key; }
     void setOrganizationKey(const QString& key) { m_organizationKey = key; }
 
-    /// The worker that a login is in a department: the first live row of Workers, or empty.
+    /// The worker of a login in a department: the first current row of Workers, or empty.
     QString workerKey(const QString& userKey, const QString& departmentKey) const;
     /// Type of an organization, or empty.
     QString orgTypeKey(const QString& organizationKey) const;

@@ -67,7 +67,7 @@ void LogBookTab::configureForm()
     m_ui->additionalTab->setTabIcon(1, QIcon(QStringLiteral(":/icons/affix.png")));
     m_ui->commentsList->setAlternatingRowColors(true);
     m_ui->commentsList->setItemDelegate(new MessageListDelegate(this));
-    // The table takes the room that is left; the panes keep their width.
+    // The table takes the remaining space; the panes keep their width.
     m_ui->splitter->setStretchFactor(0, 1);
     m_ui->searchWidget->hide();
 }

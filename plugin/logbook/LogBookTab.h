@@ -29,7 +29,7 @@ class LogBookTab;
 }
 
 /// Base of the pages of the journal window: the form with the record table, the panes of comments and files
-/// and the search bar, and the helpers by which a page finds and changes its records.
+/// and the search bar, and helpers that find and change a page's records.
 class LogBookTab : public QWidget
 {
     Q_OBJECT
@@ -38,25 +38,25 @@ public:
     explicit LogBookTab(QWidget* parent = nullptr);
     ~LogBookTab() override;
 
-    /// Loads the page. \a location stays with its owner and outlives the page's use of it.
+    /// Loads the page. \a location is not owned and must outlive the page.
     virtual void init(CVrkCliMod* module, LocationInfo* location) = 0;
-    /// A change event; false when it does not apply to this page.
+    /// Handles a change event; false if it does not apply to this page.
     virtual bool MessageData(TEventNciParse* event) = 0;
 
-    /// Events go to pages after init only.
+    /// Pages receive events only after init.
     bool isInit() const { return m_isInit; }
-    /// What init was given, or null.
+    /// The location passed to init, or null.
     LocationInfo* location() const { return m_location; }
     /// The record under the current row, or null.
     MDRData* currentRecord() const;
 
-    /// Shows the search bar and moves the focus there, or hides and empties it.
+    /// Shows the search bar and moves the focus there, or hides and clears it.
     void switchVisibleSearch();
-    /// Gives the records the keyboard.
+    /// Moves the focus to the records.
     void takeKeyboard();
     /// Hides the panes of comments and files, or shows them.
     void switchVisiblePanes();
-    /// Shows the editor of comments with a text that was kept.
+    /// Shows the editor of comments with a kept text.
     void showKeptComment(const KeptTexts::Text& text);
 
 protected:
@@ -66,12 +66,12 @@ protected:
     static CModelTable* tableOf(const TEventNciParse* event, std::initializer_list<CModelTable*> tables);
     /// The record that a comment or a file belongs to, or null.
     static MDRData* recordOf(const CModelTable& records, const Row& attachment);
-    /// Takes the marked fields of the event's row over into \a record, field by position, and posts it.
-    /// Returns the posted record; null when there is nothing to change.
+    /// Copies the marked fields of the event's row to \a record, field by position, and posts it. Returns
+    /// the posted record; null if nothing changes.
     MDRData* changeRecord(CMDArray* array, MDRData* record, const TEventNciParse* event) const;
     MDRData* changeRecord(CModelTable* table, MDRData* record, const TEventNciParse* event) const;
 
-    /// What the panes of one page have that those of another have not; the tables belong to the page.
+    /// The parts of the panes that differ between pages; the tables belong to the page.
     struct Annex {
         QString owner; ///< the page's class, for log lines
         CModelTable* comments;
@@ -79,25 +79,26 @@ protected:
         std::function<double()> commentTime;
         std::function<bool(const MDRVar& time)> isCommentReaded;
     };
-    /// Makes the message box and both panes; module and location are there already.
+    /// Creates the message box and both panes; module and location must be set.
     void createAnnex(const Annex& annex);
-    /// Takes the table, the panes and their windows away: for destructors, while the page's tables still live.
+    /// Deletes the table, the panes and their windows: for destructors, while the page's tables still
+    /// exist.
     void dropAnnex();
     /// Shows the comments and files of a record in the panes.
     void reloadPanes(MDRData* record);
-    /// What the Delete key does in the pane that has the focus; false when neither has it.
+    /// The action of the Delete key in the pane with the focus; false if neither has it.
     bool deleteInPanes();
 
     std::unique_ptr<Ui::LogBookTab> m_ui;
     QAction* m_allReaded; ///< "mark all as read", in the menu of readedCommentButton
     CVrkCliMod* m_module = nullptr;
     LocationInfo* m_location = nullptr;
-    VrkTableTool* m_tableTool = nullptr; ///< made by the page in init
+    VrkTableTool* m_tableTool = nullptr; ///< created by the page in init
     RecordColumns* m_columns = nullptr;  ///< made by the page in init
     std::unique_ptr<PageMessages> m_messages;
     std::unique_ptr<CommentsPane> m_commentsPane;
     std::unique_ptr<FilesPane> m_filesPane;
-    PaneRoom* m_paneRoom = nullptr; ///< made with the panes
+    PaneRoom* m_paneRoom = nullptr; ///< created with the panes
     bool m_isInit = false;
 
 private:

@@ -21,7 +21,7 @@ QModelIndexList LogBookTab::matcheIndexes(const QString& text) const
     if (!m_tableTool)
         return QModelIndexList();
     const auto* proxy = m_tableTool->proxy();
-    // The search starts at the second row and comes to the first one last, by the wrap; that is meant.
+    // Deliberate: the search starts at the second row and reaches the first one last, after wrapping.
     const int start = proxy->rowCount() > 1 ? 1 : 0;
     const QModelIndex from = proxy->index(start, m_tableTool->model()->idxField(QLatin1String(Field::html)));
     return proxy->match(from, Qt::DisplayRole, text, -1,

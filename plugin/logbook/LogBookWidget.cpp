@@ -62,7 +62,7 @@ CModelTable* LogBookWidget::table(const QString& name)
 void LogBookWidget::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Delete) {
-        // A list that has the focus takes the key for itself, also when it has nothing to delete.
+        // A list with the focus handles the key, even if it has nothing to delete.
         if (!deleteInPanes() && isRecordDeletable())
             deleteRecordRequest();
     }

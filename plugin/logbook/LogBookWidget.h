@@ -31,9 +31,9 @@ class TimeExecutionDialog;
 class WorkshiftInfoDialog;
 class WorkshiftsDialog;
 
-/// The journal of one department: its current workshift, live, or a workshift or an interval of the archive.
-/// Loads the tables, mends them by change events, and writes what the user does with records. An action
-/// changes nothing here: it writes to the server, and the table follows by the change event.
+/// The journal of one department: its current workshift, live, or a workshift or an interval of the
+/// archive. Loads the tables, updates them from change events, and writes the user's changes of records. An
+/// action changes nothing here: it writes to the server, and the table follows the change event.
 class LogBookWidget : public LogBookTab
 {
     Q_OBJECT
@@ -44,32 +44,33 @@ public:
     explicit LogBookWidget(QWidget* parent = nullptr);
     ~LogBookWidget() override;
 
-    /// Loads the current workshift and makes the page ready.
+    /// Loads the current workshift and initialises the page.
     void init(CVrkCliMod* module, LocationInfo* location) override;
     bool MessageData(TEventNciParse* event) override;
-    /// Reads the options of the duration control from the server; called for the home page only.
+    /// Reads the options of the duration control from the server; called only for the home page.
     void uploadWorkshiftDurationControl();
 
     /// "department, organization".
     QString title() const;
     /// A Mode.
     int mode() const { return m_mode; }
-    /// The workshift shown, or null; always null in an interval.
+    /// The shown workshift, or null; always null in an interval.
     MDRData* currentWorkshift() const { return m_currentWorkshift; }
     /// Its key, or empty.
     QString workshiftKeyLink() const;
-    /// Bounds of the interval or of the workshift shown; invalid when there is none.
+    /// Bounds of the interval or of the shown workshift; invalid if there is none.
     QDateTime displayedPeriodStart() const;
     QDateTime displayedPeriodEnd() const;
-    /// A table of this page, else a reference table; null for an unknown name.
+    /// A table of this page, otherwise a reference table; null for an unknown name.
     CModelTable* table(const QString& name);
 
-    /// \name What may be done now. They read memory only, and cost the same whatever the number of records.
+    /// \name The currently allowed actions. They read only memory, and cost the same for any number of
+    /// records.
     /// @{
     bool isOpenWorkshift() const;
-    /// Not quite the opposite of isOpenWorkshift: true without a workshift.
+    /// Not exactly the opposite of isOpenWorkshift: true without a workshift.
     bool isCloseWorkshift() const;
-    /// The user opened the workshift shown or is in its crew.
+    /// The user has opened the shown workshift or is in its crew.
     bool isWorkerInWorkshift() const;
     bool isEditableWorkshift() const;
     bool isSelectedWorkshift() const;
@@ -90,39 +91,40 @@ public:
     bool isFirstMarkSettable() const;
     bool isSecondMarkSettable() const;
     bool isTimeExecutionChangable() const;
-    /// Wording and icon of the second marker that may be set now; empty when none may.
+    /// Wording and icon of the second marker that can be set now; empty if none can.
     QString secondMarkCommand() const;
     QString secondMarkIconPath() const;
-    /// What a marker's picture stands for; empty for a picture that is none.
+    /// The name of a marker's picture; empty if it is not a marker.
     QString iconPathToName(const QString& path) const;
     /// @}
 
 public slots:
-    /// Shows the current workshift; does nothing when it is shown already.
+    /// Shows the current workshift; does nothing if it is already shown.
     void uploadRealTimeWorkshift();
     /// Shows a workshift of the archive.
     void uploadRecordsIn(const QString& workshiftKey);
-    /// Shows a workshift, unless it is shown already, and makes one of its records current, be it a draft that is hidden
-    /// otherwise. False when the record is not there; nothing changes while a question is open above the table.
+    /// Shows a workshift, unless it is already shown, and makes one of its records current, including a
+    /// draft that is otherwise hidden. False if the record does not exist; nothing changes while a question
+    /// is open above the table.
     bool showRecord(const QString& workshiftKey, const QByteArray& recordKey);
-    /// Shows the records made in an interval.
+    /// Shows the records created in an interval.
     void uploadRecordsIn(const QDateTime& from, const QDateTime& to);
 
-    /// Shows the dialog in which a workshift is opened.
+    /// Shows the dialog that opens a workshift.
     void openWorkshiftRequest();
-    /// Shows the dialog in which it is closed; asks about its drafts first, if there are any.
+    /// Shows the dialog that closes it; asks about its drafts first, if there are any.
     void closeWorkshiftRequest();
-    /// Show what is known of the workshift, and the dialog that adds workers to the open one.
+    /// Show the information about the workshift, and the dialog that adds workers to the open one.
     void showWorkshiftInfoDialog();
     void appendWorkerRequest();
     /// Choose an interval or a closed workshift to show.
     void showDateTimeDialog();
     void showWorkshiftsDialog();
-    /// Shows the records of this view as a report, as they are now.
+    /// Shows the current records of this view as a report.
     void showReportDialog();
     void createRecordRequest();
-    /// Shows the record dialog, which comes with the text that was kept: an edit on its record, where that is still a
-    /// draft, any other as a new record.
+    /// Shows the record dialog with a kept text: an edit on its record if that is still a draft, any other
+    /// text as a new record.
     void showKeptRecord(const KeptTexts::Text& text);
     void editRecordRequest();
     void deleteRecordRequest();
@@ -136,8 +138,8 @@ public slots:
     void signAllRecordsRequest();
     void goToOriginRecord();
 
-    /// The second marker and the execution time of the current record. On an approved record an execution time
-    /// makes a successor; taken away it is taken away in place.
+    /// The second marker and the execution time of the current record. Setting an execution time on an
+    /// approved record makes a successor; removing it changes the record in place.
     void changeSecondMarkRequest();
     void setSecondMarkRequest(const QDateTime& dt);
     void removeSecondMarkRequest();
@@ -145,24 +147,25 @@ public slots:
     void setTimeExecRequest(const QDateTime& dt);
     void removeTimeExecRequest();
 
-    /// A reference to the current record goes to the clipboard; a paste makes a draft of mine in this shift.
+    /// Copies a reference to the current record to the clipboard; pasting creates a draft of the user in
+    /// this shift.
     void copyRecordRequest();
     void pasteRecordRequest();
 
 signals:
-    /// Mode, workshift or crew changed: everything that shows them has to ask anew.
+    /// Mode, workshift or crew has changed: everything that shows them must be updated.
     void statusChanged();
     void recordUpdated();
     void recordAdded();
-    /// A row has left; it need not have been the current one.
+    /// A row was removed, not necessarily the current one.
     void recordRemoved();
-    /// The current row moved to this record (null: to none).
+    /// This record has become current (null: none).
     void changedSelectedRecord(MDRData* record);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
-private slots: // by name: showMsgBox takes the slot's name
+private slots: // connected by name: showMsgBox takes the slot's name
     void closeMsgBox(QAbstractButton* button);
     void closeWorkshiftAnswer(QAbstractButton* button);
     void deleteRecordAnswer(QAbstractButton* button);
@@ -172,7 +175,7 @@ private:
     // LogBookWidget_init.cpp
     void initTables();
     void configurePanes();
-    /// Why there is no record, and what to do.
+    /// Why there are no records, and what to do.
     QString emptyText() const;
     void configureTableTool();
     void configureContextMenu();
@@ -183,7 +186,7 @@ private:
     VrkTableTool::DayLines dayLines() const;
     void showMsgBox(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
                     const char* slot);
-    /// Takes the box off; true when its question was answered with yes.
+    /// Closes the box; true if its question was answered with yes.
     bool isConfirmed(QAbstractButton* button);
 
     // LogBookWidget_hfn.cpp
@@ -199,7 +202,7 @@ private:
     void uploadRolesTable();
     void uploadWorkerRolesTable();
     void uploadTemplatesTable();
-    /// Runs a select into a table. A failure is logged under the signature and leaves the table as it was.
+    /// Runs a select into a table. A failure is logged under the signature and does not change the table.
     bool request(CModelTable& table, const QString& sql, const char* signature);
     void uploadByRecords(CModelTable& target, const QString& keys, const char* signature);
     void uploadOfDepartment(CModelTable& target, const char* signature);
@@ -209,7 +212,8 @@ private:
     void prepareRecord(MDRData* record);
 
     // LogBookWidget_events.cpp
-    /// The event concerns the department of this page. Compares table names with case, unlike the dispatch.
+    /// The event belongs to the department of this page. Compares table names with case, unlike the
+    /// dispatch.
     bool isSuitableNCI(TEventNciParse* event);
     /// The department of a workshift that is loaded here; empty when it is not.
     QByteArray departmentOf(const QByteArray& workshiftKey) const;
@@ -230,15 +234,15 @@ private:
     // LogBookWidget_annex.cpp
     bool send(CRowBatch& batch);
     using Marks = std::initializer_list<std::pair<const char*, MDRVar>>;
-    /// Writes values into a record in place. The log line of a failure has the table as "%1", the record as "%2", and
-    /// the rest from "%3" on.
+    /// Writes values into a record in place. In the log line of a failure "%1" is the table, "%2" the
+    /// record, the rest from "%3" on.
     void markRecord(const QByteArray& key, const Marks& marks, const char* function, const QString& logLine,
                     const QStringList& rest, const QString& message);
     void sendMark(CRowBatch& batch, const QByteArray& key, const char* function, const QString& logLine,
                   const QStringList& rest, const QString& message);
     void addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time);
     void pasteRecord(const MDRData* source);
-    /// Shows a dialog that names the record which its answer will meet.
+    /// Shows a dialog that displays the record to which its answer applies.
     void showMarkDialog(MarkTimeDialog* dialog);
     void nameRecord(const MarkTimeDialog* dialog, const MDRData* record) const;
     static void copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record);
@@ -272,7 +276,7 @@ private:
     RecordPreparer m_preparer;
     RecordCensus m_census;
     FilterByStatus* m_draftsFilter = nullptr;
-    bool m_hasFailed = false; ///< a request of the load that is shown
+    bool m_hasFailed = false; ///< a request of the shown load
     DurationOptions m_durationOptions;
     QTimer* m_controlTimer;
     QTimer* m_repeatTimer;
@@ -284,7 +288,7 @@ private:
     QAction* m_originAction = nullptr;
     QAction* m_approveAction = nullptr;
     QAction* m_signAction = nullptr;
-    QPointer<OrgStructDialog> m_orgStruct; ///< one for all dialogs of the page
+    QPointer<OrgStructDialog> m_orgStruct; ///< shared by all dialogs of the page
     QPointer<OpenWorkshiftDialog> m_openWorkshift;
     QPointer<CloseWorkshiftDialog> m_closeWorkshift;
     QPointer<WorkshiftInfoDialog> m_workshiftInfo;
@@ -295,5 +299,5 @@ private:
     QPointer<ReportDialog> m_report;
     QPointer<SecondMarkerDialog> m_secondMarker;
     QPointer<TimeExecutionDialog> m_timeExecution;
-    QVector<QWidget*> m_shiftDialogs; ///< those that a closed workshift closes
+    QVector<QWidget*> m_shiftDialogs; ///< those that are closed with the workshift
 };

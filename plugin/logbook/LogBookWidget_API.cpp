@@ -133,7 +133,7 @@ bool LogBookWidget::isRecordDeletable() const
 
 bool LogBookWidget::isRecordSignable(MDRData* record) const
 {
-    // A visa that is there already is not looked at: the next one overwrites it.
+    // An existing visa is not checked: the next one overwrites it.
     return record && RecordCensus::isSignable(record, m_location->workerKey().toUtf8());
 }
 

@@ -56,7 +56,7 @@ void LogBookWidget::closeWorkshiftRequest()
                MessageIconQuestion, MessageTypeYesNo, SLOT(closeWorkshiftAnswer(QAbstractButton*)));
 }
 
-/// No does not stop the closing: the drafts stay drafts.
+/// "No" does not stop the closing: the drafts stay drafts.
 void LogBookWidget::closeWorkshiftAnswer(QAbstractButton* button)
 {
     const bool approve = isConfirmed(button);
@@ -133,7 +133,7 @@ void LogBookWidget::deleteRecordAnswer(QAbstractButton* button)
 {
     if (!isConfirmed(button))
         return;
-    MDRData* record = currentRecord(); // the one that is current now, whichever was asked about
+    MDRData* record = currentRecord(); // the record that is current now, not that of the question
     if (!record || setRecordDeleted(record))
         return;
     LogText::warn(QStringLiteral("void LogBookWidget::deleteRecordAnswer(QAbstractButton*)"),

@@ -13,14 +13,14 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
-/// Copying and pasting of records. Only a reference travels: the paste fetches the record itself.
+/// Copying and pasting of records. Only a reference is copied: pasting fetches the record itself.
 
 namespace
 {
 constexpr char recordFormat[] = "logbook_record";
 constexpr int longestKey = 32;
 
-/// A key from outside goes into a select as it stands, so nothing but letters and digits is taken for one.
+/// A foreign key is inserted into a select unchanged, so only letters and digits are accepted.
 bool isKey(const QString& key)
 {
     return !key.isEmpty() && key.size() <= longestKey &&
@@ -53,7 +53,7 @@ void LogBookWidget::pasteRecordRequest()
     if (parts.size() != 2 || parts[0] != QLatin1String(LogbookTable::Records) || !isKey(parts[1]))
         return;
 
-    CMDArray answer; // holds the record when it lies outside this page's view
+    CMDArray answer; // contains the record if it is not in this page's view
     const MDRData* source = recordByKeyLink(&m_records, parts[1].toLatin1().constData());
     if (!source) {
         const QString sql =
@@ -61,7 +61,7 @@ void LogBookWidget::pasteRecordRequest()
         answer = m_module->session()->SqlRequest(sql.toUtf8().constData());
         source = answer.RecCount() > 0 ? MDARec(answer.array, 0, 0) : nullptr;
         if (!source)
-            return; // gone, or out of reach: nothing is said
+            return; // removed, or unreachable: no message
     }
     pasteRecord(source);
 }
@@ -80,5 +80,5 @@ void LogBookWidget::pasteRecord(const MDRData* source)
     batch.SetValF(row, Field::VisaWorkerKey, MDRValue::null());
     batch.SetValF(row, Field::status, MDRValue::number(StatusDraft));
     batch.RecPost(row);
-    send(batch); // a failed paste is silent here; the status line tells of it
+    send(batch); // a failed paste has no message here; the status line shows it
 }

@@ -60,7 +60,7 @@ void LogBookWidget::controlWorkshiftDuration()
     const MDRVar end = Row(m_currentWorkshift).value(Field::endTime);
     if (end.isNull || end.value.real < 1.0)
         return;
-    // The clock of this machine, not the server's.
+    // The clock of this machine, not that of the server.
     if (options.delay + end.value.real > DateTime_To_HfnTime(QDateTime::currentDateTime()))
         return;
     m_controlTimer->stop();

@@ -47,7 +47,7 @@ bool LogBookWidget::insertRow(TEventNciParse* event)
     const bool isLive = table == &m_workshifts || table == &m_crew || table == &m_records;
     if (isLive && m_mode != RealTime)
         return false;
-    if (recordByKeyLink(table, event->recordKey)) // a load brought the row already
+    if (recordByKeyLink(table, event->recordKey)) // the row was already loaded
         return table == &m_records || table == &m_comments || table == &m_files;
 
     if (table == &m_comments || table == &m_files)
@@ -77,7 +77,7 @@ bool LogBookWidget::insertRow(TEventNciParse* event)
 
 bool LogBookWidget::insertAttachment(CModelTable& table, TEventNciParse* event)
 {
-    // Whose it is decides before a row is made: the bytes of other departments' files are never asked for.
+    // The owner is checked before a row is made: the bytes of other departments' files are never fetched.
     MDRData* record = recordOf(m_records, EventRow(*event));
     if (!record)
         return true;
@@ -107,7 +107,7 @@ bool LogBookWidget::changeRow(TEventNciParse* event)
     } else if (table == &m_records) {
         prepareRecord(row);
         m_tableTool->updateView(row);
-        if (row == currentRecord()) { // what may be done depends on its status
+        if (row == currentRecord()) { // the allowed actions depend on its status
             m_commentsPane->updateButtons();
             m_filesPane->updateButtons();
         }
@@ -131,7 +131,7 @@ bool LogBookWidget::deleteRow(TEventNciParse* event)
 
     CMDArray& rows = table->data;
     if (table == &m_records) {
-        m_census.remove(row); // before the current row moves and the tool bar asks
+        m_census.remove(row); // before the current row changes and the tool bar queries it
         m_tableTool->model()->beginRemoveRecord(row);
         rows.lastError = MDARecDel(row);
         m_tableTool->model()->endRemoveRecord();
@@ -141,7 +141,7 @@ bool LogBookWidget::deleteRow(TEventNciParse* event)
         rows.lastError = MDARecDel(row);
         updateAttachments(*table, record);
     } else {
-        // A fresh row is deleted and the one found stays until the next load; that is meant.
+        // Deliberate: a fresh row is deleted and the existing one stays until the next load.
         rows.lastError = MDARecDel(MDARecNew(rows.array));
         reloadTemplates();
     }
@@ -183,7 +183,7 @@ void LogBookWidget::closeShiftDialogs()
 bool LogBookWidget::isSuitableNCI(TEventNciParse* event)
 {
     const auto isTable = [&](const char* name) { return event->tableName == QLatin1String(name); };
-    // Comments and files are sorted out later, by their record.
+    // Comments and files are checked later, by their record.
     if (isTable(LogbookTable::Comments) || isTable(LogbookTable::Files) ||
         isTable(LogbookTable::CatsTemplate) || isTable(LogbookTable::Templates))
         return true;

@@ -14,7 +14,7 @@
 
 namespace
 {
-/// Makes KeyLink the only key.
+/// Sets KeyLink as the only key.
 void setKeyLinkAsKey(CMDArray& table)
 {
     table.KeyAdd(Field::KeyLink, 0);
@@ -100,7 +100,7 @@ void LogBookWidget::uploadShownWorkshift()
 
 void LogBookWidget::clearTables(std::initializer_list<CModelTable*> tables)
 {
-    m_draftsFilter->forgetShown(); // it was asked for among the former rows
+    m_draftsFilter->forgetShown(); // it was requested for the former rows
     m_census.clear();
     m_hasFailed = false;
     for (CModelTable* table : tables)
@@ -210,7 +210,7 @@ void LogBookWidget::uploadCommentsAndFiles()
 {
     if (m_records.data.RecCount() == 0)
         return;
-    const QString keys = TableLoad::quotedKeys(m_records.data); // a long list: made once
+    const QString keys = TableLoad::quotedKeys(m_records.data); // a long list: built once
     uploadByRecords(m_comments, keys, "void LogBookWidget::uploadCommentsRecords()");
     uploadByRecords(m_files, keys, "void LogBookWidget::uploadFilesRecords()");
 }

@@ -50,7 +50,7 @@ void LogBookWidget::init(CVrkCliMod* module, LocationInfo* location)
     connect(m_ui->recordsTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this] { emit changedSelectedRecord(currentRecord()); });
 
-    configureTableTool(); // before the rows: each conversion announces its whole column
+    configureTableTool(); // before the rows are loaded: each conversion updates its whole column
     uploadRealTimeWorkshift();
     m_tableTool->adjustColumnsWidth();
     configureContextMenu();
@@ -59,7 +59,7 @@ void LogBookWidget::init(CVrkCliMod* module, LocationInfo* location)
     updateRecordsFilter();
     auto* hint = new EmptyHint(m_ui->recordsTable, [this] { return emptyText(); });
     connect(this, &LogBookWidget::statusChanged, hint, &EmptyHint::refresh);
-    reloadPanes(currentRecord()); // the load moved the current row before anybody listened
+    reloadPanes(currentRecord()); // the load changed the current row before anything was connected
     startDurationControl();
 }
 
@@ -71,8 +71,8 @@ void LogBookWidget::initTables()
         int count;
         const char* key;
     };
-    // Tables that events add rows to have their fields before the first answer, so that a failed select does not
-    // leave rows without fields.
+    // Tables to which events add rows get their fields before the first answer, so that a failed select
+    // does not leave rows without fields.
     const Shape shapes[] = {
         {m_workshifts, LogbookWorkshiftFields, fieldCount(LogbookWorkshiftFields), Field::KeyLink},
         {m_crew, LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields), Field::KeyLink},
@@ -136,7 +136,7 @@ void LogBookWidget::showRecordMenu(const QPoint& pos)
 
 void LogBookWidget::createDialogs()
 {
-    // The module is the parent: dialogs ask their parent for the session.
+    // The module is the parent: dialogs get the session from their parent.
     m_recordCreator = new RecordCreatorDialog(m_module, -1);
     m_recordCreator->init(m_module);
     m_recordCreator->setRecordsTable(&m_records);
@@ -219,7 +219,8 @@ void LogBookWidget::createConnections()
     connect(m_approveAction, &QAction::triggered, this, &LogBookWidget::approveRecordRequest);
     connect(m_signAction, &QAction::triggered, this, &LogBookWidget::signRecordRequest);
     connect(m_ui->recordsTable, &QAbstractItemView::doubleClicked, this, [this] {
-        if (isRecordDeletable()) // the same rule: a record not deleted, in an open workshift with the user in it
+        // the same rule: a record that is not deleted, in an open workshift with the user in it
+        if (isRecordDeletable())
             editRecordRequest();
     });
     connect(m_ui->recordsTable->selectionModel(), &QItemSelectionModel::currentChanged, this,

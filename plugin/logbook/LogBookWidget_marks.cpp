@@ -14,7 +14,8 @@
 
 #include <QTextCodec>
 
-/// The second marker and the execution time. A record to write to is the one that is current when the answer comes.
+/// The second marker and the execution time. They are written to the record that is current when the answer
+/// arrives.
 
 namespace
 {
@@ -139,7 +140,7 @@ void LogBookWidget::changeTimeExecRequest()
 
 void LogBookWidget::removeTimeExecRequest()
 {
-    // In place whatever the status: an approved record gets no successor here. Meant.
+    // Deliberate: in place in any status: an approved record gets no successor here.
     if (const MDRData* record = currentRecord())
         markRecord(Row(record).key(), {{Field::executionTime, MDRValue::null()}}, "removeTimeExecRequest()",
                    QStringLiteral("error remove time execution record! Data: Table(%1), KeyLink(%2)"), {},
@@ -153,7 +154,7 @@ void LogBookWidget::setTimeExecRequest(const QDateTime& dt)
         return;
     const QByteArray key = Row(record).key();
     const double time = DateTime_To_HfnTime(dt);
-    // The line has no third placeholder: the time stands in the fourth.
+    // The line has no third placeholder: the time is the fourth.
     const QString logLine =
         QStringLiteral("error set time execution record! Data: Table(%1), KeyLink(%2), executionTime(%4)");
     const char* const function = "setTimeExecRequest(QDateTime)";
@@ -168,7 +169,7 @@ void LogBookWidget::setTimeExecRequest(const QDateTime& dt)
     sendMark(batch, key, function, logLine, rest, message);
 }
 
-/// The old record is marked deleted, a copy with the execution time takes its place and remembers it.
+/// The old record is marked deleted; a copy with the execution time replaces it and refers to it.
 void LogBookWidget::addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time)
 {
     const QByteArray successorKey = GenGuid32();

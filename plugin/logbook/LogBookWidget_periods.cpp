@@ -12,11 +12,11 @@
 #include "WorkshiftInfoDialog.h"
 #include "WorkshiftsDialog.h"
 
-/// What period is shown, and what is known of its shift.
+/// The shown period, and information about its shift.
 
 void LogBookWidget::showDateTimeDialog()
 {
-    // Meant: the disconnection names the wrong direction and removes nothing, so each showing adds a load.
+    // Deliberate: the disconnection names the wrong direction and removes nothing, so each use adds a load.
     connect(m_dateTimeRange, &DateTimeRangeDialog::rangeSelected, this,
             [this](const QDateTime& start, const QDateTime& end) {
                 QObject::disconnect(this, nullptr, m_dateTimeRange, nullptr);
@@ -29,7 +29,7 @@ void LogBookWidget::showWorkshiftsDialog()
 {
     QObject::disconnect(m_workshiftsDialog, &WorkshiftsDialog::workshiftSelected, this, nullptr);
     connect(m_workshiftsDialog, &WorkshiftsDialog::workshiftSelected, this, [this](const QString& keyLink) {
-        const QString key = keyLink; // lives on when the connection goes
+        const QString key = keyLink; // stays alive when the connection is removed
         QObject::disconnect(m_workshiftsDialog, &WorkshiftsDialog::workshiftSelected, this, nullptr);
         uploadRecordsIn(key);
     });
@@ -61,7 +61,7 @@ void LogBookWidget::appendWorkerRequest()
     m_appendWorker->show();
 }
 
-/// An interval may begin on any day; a shift is named with its date above the table.
+/// An interval may begin on any day; the date of a shift is shown above the table.
 VrkTableTool::DayLines LogBookWidget::dayLines() const
 {
     return m_mode == ArchiveInterval ? VrkTableTool::DayLinesAll : VrkTableTool::DayLinesBetween;
@@ -88,7 +88,7 @@ void LogBookWidget::showReportDialog()
 bool LogBookWidget::showRecord(const QString& workshiftKey, const QByteArray& recordKey)
 {
     if (PopGuard::over(m_ui->recordsTable))
-        return true; // its answer is meant for the record that it asks about
+        return true; // its answer belongs to the record of the question
     const bool isShown =
         (m_mode == RealTime || m_mode == ArchiveWorkshift) && workshiftKeyLink() == workshiftKey;
     if (!isShown)

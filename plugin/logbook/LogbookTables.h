@@ -1,7 +1,7 @@
 #pragma once
 
-/// Names of the journal's tables and the selects that the journal runs. The texts are formats for QString::arg: keys
-/// and times are the only values filled in, nothing is quoted. %1 is the table unless told otherwise.
+/// Names of the journal's tables, and the journal's selects. The texts are formats for QString::arg: only
+/// keys and times are inserted, nothing is quoted. %1 is the table unless stated otherwise.
 
 namespace LogbookTable
 {
@@ -23,7 +23,7 @@ constexpr char OrgTypes[] = "OrgTypes";
 
 namespace LogbookSql
 {
-/// %2 department field, %3 department, %4 field of the one who closed.
+/// %2 department field, %3 department, %4 field of the closing worker.
 constexpr char OpenWorkshift[] = "SELECT * FROM %1 WHERE %2='%3' AND (%4 IS NULL OR %4='')";
 /// %2 field, %3 key: one workshift by its key, the records of a workshift.
 constexpr char ByField[] = "SELECT * FROM %1 WHERE %2='%3'";
@@ -34,15 +34,15 @@ constexpr char OfDepartment[] = "SELECT * FROM %1 WHERE DepartmentKey='%2'";
 /// %2 list of quoted keys.
 constexpr char WorkerRoles[] = "SELECT * FROM %1 WHERE RoleKey IN (%2);";
 constexpr char Templates[] = "SELECT * FROM %1 ;";
-/// %2 department field, %3 department, %4 field of the one who closed.
+/// %2 department field, %3 department, %4 field of the closing worker.
 constexpr char ClosedWorkshifts[] =
     "SELECT * FROM %1 WHERE %2 = '%3'        AND %4 <> ''        AND %4 IS NOT NULL;";
 /// %2 record.
 constexpr char RecordByKey[] = "SELECT * FROM %1 WHERE KeyLink='%2';";
 /// %2 field, %3 key.
 constexpr char RecordByField[] = "SELECT * FROM %1 WHERE %2 = '%3';";
-/// The records of a worker with comments that nobody has read. %1 records, %2 their key, %3 comments, %4 their
-/// reference, %5 author field, %6 worker, %7 time of reading.
+/// The records of a worker with unread comments. %1 records, %2 their key, %3 comments, %4 their reference,
+/// %5 author field, %6 worker, %7 time of reading.
 constexpr char UnreadRecords[] = "SELECT * FROM %1 WHERE %2 IN (SELECT %1.%2              FROM %1"
                                  "              INNER JOIN %3                 ON %1.%2 = %3.%4"
                                  "              WHERE %1.%5 = '%6'                    AND %3.%7 = 0"

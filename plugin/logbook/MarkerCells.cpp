@@ -11,7 +11,7 @@
 
 namespace
 {
-/// The icon at the path that a property of the record's template names, while the marker's time is set.
+/// The icon at the path in a property of the record's template, if the marker's time is set.
 QVariant markerIcon(const MDRData* record, const char* timeField, const char* property,
                     QHash<QString, QIcon>& icons)
 {

@@ -7,9 +7,9 @@
 
 class CModelTable;
 
-/// Columns that show what the template of a record asks for.
+/// Columns that depend on the template of a record.
 
-/// The icon of the first marker, when it is set.
+/// The icon of the first marker, if it is set.
 class FirstMarkerCell : public AbstractHfnCellConversion
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ private:
     mutable QHash<QString, QIcon> m_icons; ///< by path
 };
 
-/// The icon of the second marker, when it is set; the tooltip tells when and by whom.
+/// The icon of the second marker, if it is set; the tooltip shows when and by whom.
 class SecondMarkerCell : public AbstractHfnCellConversion
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ private:
     mutable QHash<QString, QIcon> m_icons; ///< by path
 };
 
-/// The execution time where the template needs one, and that it is missing.
+/// The execution time if the template requires one, and a note if it is missing.
 class TimeExecutionCell : public AbstractHfnCellConversion
 {
     Q_OBJECT

@@ -4,30 +4,30 @@
 
 #include <QPointer>
 
-/// The messages and questions of one page, all in its one message box.
+/// The messages and questions of one page, all in one message box.
 class PageMessages
 {
 public:
-    /// The box belongs to the module's window and goes with this object.
+    /// The box belongs to the module's window and is deleted with this object.
     explicit PageMessages(QWidget* module);
     ~PageMessages();
     PageMessages(const PageMessages&) = delete;
     PageMessages& operator=(const PageMessages&) = delete;
 
-    /// Shows a message; its answer comes to \a slot, a SLOT(name(QAbstractButton*)) of \a receiver, which takes the
-    /// box off with isConfirmed().
+    /// Shows a message; its answer goes to \a slot, a SLOT(name(QAbstractButton*)) of \a receiver, which
+    /// closes the box with isConfirmed().
     void show(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
               QObject* receiver, const char* slot);
-    /// A centred text that any button takes off.
+    /// A centred text that any button closes.
     void error(const QString& title, const QString& text);
     /// A centred question to be answered with yes or no.
     void ask(const QString& title, const QString& text, QObject* receiver, const char* slot);
-    /// Takes the box off; true when its question was answered with yes.
+    /// Closes the box; true if its question was answered with yes.
     bool isConfirmed(QAbstractButton* button);
     bool isOpen() const { return m_box && m_box->isVisible(); }
 
 private:
     void present();
 
-    QPointer<CPopMessageBox> m_box; ///< deleted with the module's window, should that go first
+    QPointer<CPopMessageBox> m_box; ///< deleted with the module's window if that is deleted first
 };

@@ -25,7 +25,7 @@ bool PaneRoom::eventFilter(QObject* watched, QEvent* event)
     const bool isNews = event->type() == QEvent::Resize || event->type() == QEvent::Show ||
                         event->type() == QEvent::FontChange;
     if (watched == m_splitter && isNews && !m_byUser && !m_scheduled) {
-        m_scheduled = true; // later: the table has to take the new font and size first
+        m_scheduled = true; // later: the table must first get the new font and size
         QMetaObject::invokeMethod(this, &PaneRoom::judge, Qt::QueuedConnection);
     }
     return false;
@@ -40,6 +40,7 @@ void PaneRoom::judge()
     QWidget* panes = m_splitter->widget(1);
     if (panes->isVisible())
         m_paneWidth =
-            qMax(panes->width(), panes->minimumSizeHint().width()); // a new font is not laid out yet
+            // the layout does not have the new font yet
+            qMax(panes->width(), panes->minimumSizeHint().width());
     panes->setVisible(m_splitter->width() - m_paneWidth - m_splitter->handleWidth() >= needed);
 }

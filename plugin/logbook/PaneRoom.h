@@ -5,17 +5,17 @@
 class QSplitter;
 class VrkTableTool;
 
-/// Keeps the panes beside a record table out of its way where the text of records would have no room beside them: with
-/// large letters in a small window they are hidden at first. What the user switches stays as he has left it.
+/// Hides the panes next to a record table at first if the text of records would have no space, as with
+/// large letters in a small window. The user's own choice is kept.
 class PaneRoom : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The splitter holds the table, then the panes; both outlive this.
+    /// The splitter contains the table, then the panes; both must outlive this object.
     PaneRoom(QSplitter* splitter, const VrkTableTool* tool);
 
-    /// Hides or shows the panes, by the user's wish.
+    /// Hides or shows the panes on the user's request.
     void toggle();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -25,7 +25,7 @@ private:
 
     QSplitter* m_splitter;
     const VrkTableTool* m_tool;
-    int m_paneWidth = 0; ///< when last seen
+    int m_paneWidth = 0; ///< at the last check
     bool m_byUser = false;
     bool m_scheduled = false;
 };

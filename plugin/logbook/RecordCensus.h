@@ -5,26 +5,26 @@
 #include <QByteArray>
 #include <QHash>
 
-/// Counts of the records that bulk actions would touch, kept current record by record: the questions whether
-/// there is one are asked at every event and must not walk over the table.
+/// Numbers of the records that bulk actions would change, updated record by record: at every event they
+/// decide which actions are enabled, which must not scan the table.
 class RecordCensus
 {
 public:
-    /// Whose records are mine. Set before the first record.
+    /// The author of "my" records. Set it before the first record.
     void setWorkerKey(const QByteArray& key) { m_workerKey = key; }
 
-    /// Counts the record, anew when it was counted before.
+    /// Counts the record, or counts it again after a change.
     void put(const MDRData* record);
-    /// Forgets the record; call it before the record is deleted.
+    /// Removes the record from the counts; call it before the record is deleted.
     void remove(const MDRData* record);
     void clear();
 
     bool hasDrafts() const { return m_drafts > 0; }
     bool hasMyDrafts() const { return m_myDrafts > 0; }
-    /// Approved records of other workers: those that can take my visa.
+    /// Approved records of other workers: those on which the user can set a visa.
     bool hasSignable() const { return m_signable > 0; }
 
-    /// The rules themselves, for one record. A record without an author is nobody's and takes no visa.
+    /// The rules for one record. A record without an author belongs to nobody and cannot get a visa.
     static bool isDraft(const MDRData* record);
     static bool isAuthor(const MDRData* record, const QByteArray& workerKey);
     static bool isSignable(const MDRData* record, const QByteArray& workerKey);

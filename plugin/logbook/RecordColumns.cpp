@@ -66,7 +66,8 @@ void RecordColumns::configure(VrkTableTool* tool)
 
     VrkTableModel* model = tool->model();
     model->setTextCodec(m_session->codec());
-    model->beginResetModel(); // all columns at once: each by itself makes the header measure itself anew
+    // all columns at once: otherwise the header recomputes its layout for each column
+    model->beginResetModel();
     int position = 0;
     for (const Column& column : columns) {
         const QString field = QLatin1String(column.field);

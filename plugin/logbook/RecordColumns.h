@@ -17,8 +17,9 @@ class RecordColumns : public QObject
 public:
     RecordColumns(CVrkCliSes* session, CModelTable* workers, const QFont& font, QObject* parent);
 
-    /// Sets the columns up and sorts by the time of the record. The tool has its array already, best without records:
-    /// every conversion announces its column anew. Widths are fitted afterwards, from the rows.
+    /// Configures the columns and sorts by the time of the record. The tool must have its array, preferably
+    /// without records, since every conversion updates its whole column. Widths are fitted later, from the
+    /// rows.
     void configure(VrkTableTool* tool);
     /// The font of the cells' texts.
     void setFont(const QFont& font);

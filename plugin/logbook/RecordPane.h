@@ -11,15 +11,15 @@ class PageMessages;
 class QAbstractButton;
 struct MDRData;
 
-/// What the panes of comments and of files have in common: rows of one table that belong to the page's current record,
-/// of which the user may delete his own. An action changes nothing here: it writes to the server, and the page reloads
-/// by the change event.
+/// The common base of the panes of comments and of files: rows of one table that belong to the page's
+/// current record, of which the user may delete his own. An action changes nothing here: it writes to the
+/// server, and the page reloads after the change event.
 class RecordPane : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What a pane works on; nothing is owned.
+    /// The data of a pane; nothing is owned.
     struct Source {
         QString owner; ///< the page's class, for its log lines
         CVrkCliMod* module;
@@ -33,7 +33,7 @@ protected:
     RecordPane(const Source& source, QObject* parent);
 
     const Source& source() const { return m_source; }
-    /// A function as the log names it: "%1" stands for the page's class.
+    /// A function's signature for the log: "%1" is replaced by the page's class.
     QString signature(const char* function) const;
     /// The row with this key, or null.
     MDRData* row(const QString& key) const;
@@ -43,14 +43,14 @@ protected:
     bool isChangeable() const;
     bool send(const CRowBatch& batch) const;
 
-    /// Asks about a row; the answer comes to \a slot of this pane.
+    /// Asks a question about a row; the answer goes to \a slot of this pane.
     void ask(const QString& key, const QString& title, const QString& text, const char* slot);
-    /// The row that the open question is about; empty without one, also when another message took its place.
+    /// The row of the open question; empty without one, also if another message has replaced it.
     QString askedKey();
-    /// Takes the question off; true when it was answered with yes.
+    /// Closes the question; true if it was answered with yes.
     bool isConfirmed(QAbstractButton* button);
-    /// Deletes a row on the server. A failure goes to the log, "%1" of \a logLine being the table and "%2" the key, and
-    /// into the message box.
+    /// Deletes a row on the server. A failure goes to the log ("%1" of \a logLine is the table, "%2" the
+    /// key) and into the message box.
     void remove(const MDRData* row, const char* function, const QString& logLine, const QString& message);
 
 private:

@@ -73,7 +73,7 @@ void RecordPreparer::fillObject(MDRData* record, const Fields& fields)
         else if (qstricmp(name.c_str(), "line") == 0)
             line = parser.valueText(i);
     }
-    // The other way round than the column's header, and meant so.
+    // Deliberate: the opposite order of the column's header.
     const std::string object = substation + (substation.empty() || line.empty() ? "" : "/") + line;
     if (object.empty())
         return;

@@ -2,7 +2,7 @@
 
 #include "CModelTable.h"
 
-/// Fills the three fields of a page's records that exist in the client only: object, comment and file. Holds
+/// Fills the three fields of a page's records that exist only in the client: object, comment and file. Uses
 /// the page's tables, which keep their addresses; a table's array may be replaced.
 class RecordPreparer
 {
@@ -13,8 +13,8 @@ public:
     void prepareRecords();
     /// All three, of one record.
     void prepareRecord(MDRData* record);
-    /// object: substation and line out of the record's text, as "substation/line". Untouched when it names
-    /// neither.
+    /// object: substation and line from the record's text, as "substation/line". Unchanged if the text
+    /// names neither.
     void prepareRecordHtml(MDRData* record);
     /// comment: whether the record has a comment.
     void prepareRecordComment(MDRData* record);
@@ -22,7 +22,7 @@ public:
     void prepareRecordFile(MDRData* record);
 
 private:
-    /// Handles of the fields, looked up once for a whole pass.
+    /// Handles of the fields, resolved once for a whole pass.
     struct Fields {
         explicit Fields(const MDArray* records);
         const MDRField* key;

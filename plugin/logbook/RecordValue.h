@@ -4,7 +4,7 @@
 #include "HtmlParser.h"
 #include "Row.h"
 
-/// Short ways to ask a record, whatever array it is in.
+/// Helpers that read a record of any array.
 
 /// The status is known and is this one (RecordStatus).
 inline bool hasStatus(const MDRData* record, int status)
@@ -12,13 +12,13 @@ inline bool hasStatus(const MDRData* record, int status)
     return Row(record).number(Field::status, -1) == status;
 }
 
-/// A flag that is set, neither null nor absent.
+/// A flag that is set: not null, not absent, not false.
 inline bool isSet(const MDRVar& flag)
 {
     return flag.type != mdr_TNone && !flag.isNull && flag.value.number != 0;
 }
 
-/// The template that a value of the field html holds; one without parameters and properties when it is absent.
+/// The template in a value of the field html; one without parameters and properties if the value is absent.
 inline HtmlParser templateOf(const MDRVar& html)
 {
     HtmlParser parser;

@@ -41,7 +41,7 @@ bool isLauncher(const QByteArray& head)
 
 bool RunnableFile::isName(const QString& name)
 {
-    // Some desktops pass over blanks and dots at the end.
+    // Some desktops ignore spaces and dots at the end.
     int end = name.size();
     while (end > 0 && (name.at(end - 1).isSpace() || name.at(end - 1) == u'.'))
         --end;

@@ -4,8 +4,8 @@
 
 class QByteArray;
 
-/// Tells files that could run as a program from documents: by the name, as desktops choose what to do with a file, and
-/// by how the content begins, as the system itself does.
+/// Distinguishes files that could run as a program from documents: by the name, like desktops do, and by
+/// the beginning of the content, like the system does.
 namespace RunnableFile
 {
 bool is(const QString& path);

@@ -78,7 +78,7 @@ QVariant WorkerCell::data(const AbstractHfnCellData& cell) const
                           : QString::fromUtf8(MDRValue::bytes(value));
     };
     QString name = text(Field::lastName);
-    // Unlike in HfnWrapper::workerShortName a part that is empty, not only one that is null, gives no initial.
+    // Unlike in HfnWrapper::workerShortName, an empty part gives no initial, not only a null one.
     for (const char* field : fieldNames(Field::firstName, Field::patronymicName)) {
         const QString part = text(field);
         if (part.isEmpty())

@@ -46,7 +46,7 @@ private:
     CVrkCliSes* m_session;
 };
 
-/// Text: the short name of the worker whose key the field holds.
+/// Text: the short name of the worker with the key in the field.
 class WorkerCell : public AbstractHfnCellConversion
 {
     Q_OBJECT
