@@ -26,7 +26,7 @@ CVrkTemplateEditor::CVrkTemplateEditor(CVrkCliApp* app) : CVrkCliMod(app), m_for
 
 CVrkTemplateEditor::~CVrkTemplateEditor()
 {
-    // The pages read the reference tables until they are gone themselves.
+    // The pages read the reference tables until they are destroyed.
     m_form->templatesTabWidget->disconnect(this);
     qDeleteAll(tabs());
     if (m_model)
@@ -226,7 +226,7 @@ void CVrkTemplateEditor::ModDataEditPost()
 {
     currentTab()->applyChanges();
     SetIsEdit(false);
-    // What could not be saved asks again at the next closing.
+    // Text that could not be saved is asked about again at the next closing.
     QTimer::singleShot(0, this, &CVrkTemplateEditor::updateControls);
 }
 

@@ -17,8 +17,9 @@ namespace Ui
 class CVrkTemplateEditor;
 }
 
-/// The configurator of record templates: three pages, one for each level of templates, under a tool bar that acts on the
-/// page in front. It finds out the user's rights, loads the tables, hands them to the pages, and then only routes.
+/// The configurator of record templates: three pages, one for each level of templates, under a tool bar for
+/// the current page. It reads the user's rights, loads the tables, passes them to the pages, and then only
+/// routes events.
 class CVrkTemplateEditor : public CVrkCliMod
 {
     Q_OBJECT
@@ -27,11 +28,11 @@ public:
     explicit CVrkTemplateEditor(CVrkCliApp* app);
     ~CVrkTemplateEditor() override;
 
-    /// False, with an error box, when a table could not be loaded; the pages stay empty then.
+    /// False, with an error box, if a table could not be loaded; the pages then stay empty.
     bool ModuleStart() override;
     void ModuleStop() override;
     int MessageOn() override;
-    /// Result 0: an event of the parameter tables whose key is not as expected; otherwise 1.
+    /// Returns 0 for an event of the parameter tables with an unexpected key; otherwise 1.
     int MessageData(HFNCliParam* block) override;
     int SetParamCommand(QString command) override;
     int SetParamProfile(QString profile) override;
@@ -57,7 +58,7 @@ private:
     void uploadHfnTables();
     void uploadSqlTables();
     void uploadSqlTable(CModelTable* table);
-    /// The text of all load failures, a line each; empty if there are none.
+    /// The text of all load failures, one line each; empty if there are none.
     QString errorUpload() const;
 
     void createToolBar();
@@ -92,7 +93,7 @@ private:
     CModelTable* m_departments = nullptr;
     CModelTable* m_parameterCategories = nullptr;
     CModelTable* m_parameters = nullptr;
-    /// These two only carry the first load to the pages.
+    /// These two only pass the first load to the pages.
     CModelTable m_categories{"LogbookCatsTemplate"};
     CModelTable m_templates{"LogbookTemplates"};
 };

@@ -119,7 +119,7 @@ void CVrkTemplateEditor::updateStatusView()
 void CVrkTemplateEditor::updateControls()
 {
     const TemplateTab* tab = currentTab();
-    if (!m_toolBar || !tab || !tab->model()) // a page may ask before all of them are there
+    if (!m_toolBar || !tab || !tab->model()) // a page may send a request before all of them exist
         return;
     const bool isUnsaved = tab->isExistUnsaved();
     if (!isUnsaved)

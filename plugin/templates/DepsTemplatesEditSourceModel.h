@@ -2,7 +2,8 @@
 
 #include "TemplatesEditSourceModel.h"
 
-/// The tree of the templates by department, under the rows of Departments. Items cannot be moved in it, which is meant.
+/// The tree of the templates by department, under the rows of Departments. Deliberate: items cannot be
+/// moved in it.
 class DepsTemplatesEditSourceModel : public TemplatesEditSourceModel
 {
     Q_OBJECT

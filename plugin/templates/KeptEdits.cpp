@@ -24,7 +24,7 @@ bool haveSameFields(const MDArray* one, const MDArray* other)
     return isSame;
 }
 
-/// The stored row has all that the user changed.
+/// The stored row already has all changes of the user.
 bool isStored(const MDRData* record, const MDRData* row)
 {
     for (const char* name : fieldNames(Field::nameLoc, Field::html)) {

@@ -6,26 +6,26 @@
 
 class QTextCodec;
 
-/// Unsaved records that left the edit tables without being saved, kept so that the user can have them back.
+/// Records that left the edit tables without being saved, kept so that the user can restore them.
 class KeptEdits
 {
 public:
     KeptEdits();
 
-    /// Adds the new and changed records of the edit tables to what is kept.
+    /// Adds the new and changed records of the edit tables.
     void keepAll(const TemplateTables& tables);
     /// Adds this record of one of the edit tables.
     void keep(const TemplateTables& tables, const MDRData* record);
-    /// What is kept under the key of this record was given back.
+    /// The kept version of this record was restored.
     void forget(const CModelTable& kept, const QByteArray& key);
     void clear();
     bool isEmpty() const;
 
-    /// Adds what is kept here too.
+    /// Adds the records kept there.
     void keepAll(const KeptEdits& other);
-    /// What is kept as a text that outlives the program; no values when there is nothing.
+    /// The kept records as a text that outlives the program; no values if there are none.
     KeptTexts::Values values(const QTextCodec* codec) const;
-    /// Adds what such a text holds, without what the tables hold by now.
+    /// Adds the records of such a text, except those that the tables already have.
     void read(const KeptTexts::Values& values, const TemplateTables& tables);
 
     const CModelTable& categories() const { return m_categories; }
@@ -35,7 +35,7 @@ public:
     static void copyRecord(const MDRData* from, MDRData* to);
 
 private:
-    /// A change is kept with all that its row holds, should the row be gone when it comes back.
+    /// A changed record is kept with all fields, in case its row no longer exists when it is restored.
     static void add(CModelTable* kept, const CModelTable& stored, const MDRData* record);
     static void read(CModelTable* kept, const QString& packed, const CModelTable& stored);
 

@@ -2,7 +2,7 @@
 
 #include "TemplatesEditSourceModel.h"
 
-/// The tree of the common templates; its top level is made of categories.
+/// The tree of the common templates; its top level contains categories.
 class PublicTemplatesEditSourceModel : public TemplatesEditSourceModel
 {
     Q_OBJECT

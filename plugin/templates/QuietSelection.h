@@ -4,8 +4,8 @@
 #include <QPersistentModelIndex>
 #include <QSignalBlocker>
 
-/// Keeps a selection model from telling that the current row moves while rows come and go under it; unblocks at the end
-/// of its scope.
+/// Blocks the signals of a selection model while rows are inserted and removed; unblocks them at the end of
+/// its scope.
 class QuietSelection
 {
 public:
@@ -17,7 +17,7 @@ public:
     {
     }
 
-    /// Ends the silence. True when another row, or none any more, is current than at its beginning.
+    /// Unblocks the signals. True if the current row differs from the one at the beginning.
     bool end()
     {
         m_blocker.unblock();

@@ -5,7 +5,7 @@ namespace Rights
 {
 enum AdminRights {
     View = 0,       ///< reads
-    LocalAdmin = 1, ///< keeps the templates of his department
-    Admin = 2       ///< keeps all templates
+    LocalAdmin = 1, ///< edits the templates of his department
+    Admin = 2       ///< edits all templates
 };
 } // namespace Rights

@@ -7,7 +7,7 @@
 
 namespace
 {
-/// The fields that a user changes, with what he has made of them.
+/// The fields that a user can change, with their new values.
 QVector<QPair<const char*, QByteArray>> changedValues(const MDRData* record)
 {
     QVector<QPair<const char*, QByteArray>> values;

@@ -8,21 +8,21 @@
 
 struct TEventNciParse;
 
-/// What saves have written while their change events are on the way: tells one's own change that comes back from a
+/// The changes written by saves whose events have not arrived yet: distinguishes own changes from a
 /// colleague's.
 class SentEdits
 {
 public:
-    /// The records of an edit table were written.
+    /// Call it after the records of an edit table were written.
     void note(const CModelTable& edits);
-    /// Whether an event brings back what was written under its key. That, and what was written before it, is forgotten.
+    /// Whether an event contains what was written under its key. Forgets that write and all earlier ones.
     bool take(TEventNciParse* event);
-    /// Whether something written under this key has not come back.
+    /// Whether an event for this key is still to come.
     bool isUnderWay(const QByteArray& key) const { return m_written.contains(key); }
     /// Whether the server already has the new record of this key.
     bool isInserted(const QByteArray& key) const;
 
-    /// Whether a name or a text that the user changed is not the one of an event's row. False for null.
+    /// Whether a name or a text that the user changed differs from that of an event's row. False for null.
     static bool differs(const MDRData* edit, TEventNciParse* event);
 
 private:

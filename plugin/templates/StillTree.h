@@ -2,8 +2,8 @@
 
 #include <QTreeView>
 
-/// Lets branches of a tree unfold at once while it lives: under an animation a row that is scrolled to would slide out of
-/// sight again.
+/// Switches the animation of a tree off as long as it exists: during an animation a row that was scrolled
+/// to would move out of view.
 class StillTree
 {
 public:

@@ -2,16 +2,17 @@
 
 #include "Fields.h"
 
-/// What distinguishes a level of templates: common ones, those of types of organizations, those of departments.
+/// The properties of a level of templates: common ones, those of types of organizations, those of
+/// departments.
 struct TemplateLevel {
     enum Roots {
-        NoRoots,        ///< the top level of the tree is made of categories
-        OrgTypeRoots,   ///< of the rows of OrgTypes
-        DepartmentRoots ///< of the rows of Departments
+        NoRoots,        ///< the top level contains categories
+        OrgTypeRoots,   ///< the top level contains the rows of OrgTypes
+        DepartmentRoots ///< the top level contains the rows of Departments
     };
 
     Roots roots;
-    const char* scopeField; ///< field of a category that names its root row; null without root rows
+    const char* scopeField; ///< field of a category with the key of its root row; null without root rows
     bool takesMoves;        ///< items can be moved by drag and drop
     bool tellsKey;          ///< the tool tip of an item is its key
 };

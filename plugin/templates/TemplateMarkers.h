@@ -2,13 +2,13 @@
 
 #include <QtGlobal>
 
-/// A marker that a template may carry as its first or second one.
+/// A marker that may be the first or second one of a template.
 struct TemplateMarker {
     const char* label; ///< source text in the context of TemplateTab
     const char* icon;  ///< resource path, which is the value of the property; null for no marker
 };
 
-/// The choice of markers in the order of the lists.
+/// The available markers in the order of the lists.
 constexpr TemplateMarker templateMarkers[] = {
     {QT_TRANSLATE_NOOP("TemplateTab", "нет"), nullptr},
     {QT_TRANSLATE_NOOP("TemplateTab", "Авария"), ":/markers/exclamation_mark.png"},

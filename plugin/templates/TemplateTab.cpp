@@ -39,7 +39,7 @@ TemplateTab::TemplateTab(QWidget* parent) : QWidget(parent), m_form(new Ui::Temp
 
 TemplateTab::~TemplateTab()
 {
-    // The views go first: they read the tables until they are gone.
+    // Destroyed first: the views read the tables.
     if (m_form->templatesTree->model())
         m_form->templatesTree->setModel(nullptr);
     delete m_proxy;
@@ -120,7 +120,7 @@ void TemplateTab::createConnections()
         m_unsaved->touch();
     });
 
-    // The view would eat the key for a copy of the name.
+    // Otherwise the view uses the key to copy the name.
     auto* copy =
         new QShortcut(QKeySequence::Copy, m_form->templatesTree, nullptr, nullptr, Qt::WidgetShortcut);
     connect(copy, &QShortcut::activated, this, [this] {
@@ -264,9 +264,9 @@ MDRData* TemplateTab::currentRecord() const
 void TemplateTab::reloadFor(const QModelIndex& current, const QModelIndex& previous)
 {
     const QPersistentModelIndex last(previous); // a failed save takes its rows away
-    // What was sent as it stands is not sent again by going on; saving by the button sends it each time.
+    // Changes that were already sent are not sent again here; saving by the button sends them each time.
     if (!m_isSent && !sendChangesToServer()) {
-        // Not from within the change of selection itself.
+        // Not during the change of selection.
         QTimer::singleShot(0, this, [this, last] { putBack(last); });
         return;
     }
@@ -278,17 +278,17 @@ void TemplateTab::reloadFor(const QModelIndex& current, const QModelIndex& previ
 
 void TemplateTab::putBack(const QPersistentModelIndex& previous)
 {
-    // The row may have gone with the record that could not be saved; then the one that is current stays.
+    // The row may have been removed with the record that could not be saved; then the current one stays.
     QItemSelectionModel* selection = m_form->templatesTree->selectionModel();
     const QModelIndex wanted = previous.isValid() ? QModelIndex(previous) : selection->currentIndex();
     selection->blockSignals(true);
     selection->clearSelection();
     m_form->templatesTree->setCurrentIndex(
-        wanted); // through the view, which still minds the row that was wanted
+        wanted); // through the view, which still has the requested row as current
     selection->blockSignals(false);
     m_form->templatesTree->viewport()->update();
     m_form->templatesTree->scrollTo(wanted);
-    if (!isExistUnsaved()) // what was typed is dropped: show what is stored
+    if (!isExistUnsaved()) // the typed changes are dropped: show the stored values
         raiseUpPassport(wanted);
     emit itemChanged();
 }
@@ -375,7 +375,7 @@ void TemplateTab::keyPressEvent(QKeyEvent* event)
         m_form->searchEdit->setFocus();
     } else if (m_operations && !isControl && event->key() == Qt::Key_Delete &&
                (this->*m_operations->isItemDeletable)()) {
-        // Meant: the key asks the level alone and does not look at unsaved changes.
+        // Deliberate: the key checks only the level, not unsaved changes.
         deleteSelected();
     }
     QWidget::keyPressEvent(event);

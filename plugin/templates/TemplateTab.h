@@ -32,9 +32,9 @@ namespace Ui
 class TemplateTab;
 }
 
-/// One page of the configurator: the tree of one level of templates with its search line, and the passport of the
-/// selected item. What the user does lands in edit tables; saving sends them in one block; the page's copies of the
-/// server's tables change only when the server tells the change.
+/// One page of the configurator: the tree of one level of templates with its search line, and the passport
+/// of the selected item. The user's changes go into edit tables; saving sends them in one block; the page's
+/// copies of the server's tables change only by change events.
 class TemplateTab : public QWidget
 {
     Q_OBJECT
@@ -57,10 +57,11 @@ public:
     void setTemplatesTable(const CModelTable* table);
     /// @}
 
-    /// Makes the page one of this level for a user with these rights; once, after the tables.
+    /// Initialises the page for this level and a user with these rights; call it once, after setting the
+    /// tables.
     void init(CVrkCliMod* module, TemplateTypes type, Rights::AdminRights rights);
 
-    /// There are unsaved records: saving and cancelling make sense, creating and deleting wait.
+    /// There are unsaved records: saving and cancelling are enabled, creating and deleting are not.
     bool isExistUnsaved() const;
     bool isRootCreatable() const;
     bool isFolderCreatable() const;
@@ -78,18 +79,18 @@ public:
     /// The item was dropped on \a target, an index of the source model.
     void moveItem(const QString& keyLink, const QModelIndex& target);
 
-    /// Gives the tree the keyboard.
+    /// Moves the focus to the tree.
     void takeKeyboard();
     void selectFirst();
-    /// Selects the record's row without the change of selection being noticed, and shows its passport, or that of the
-    /// change of it that is not saved.
+    /// Selects the record's row without handling the change of selection, and shows its passport, or that
+    /// of its unsaved change.
     void setFocusOn(MDRData* record, MDRData* edit = nullptr);
     MDRData* currentRecord() const;
-    /// A change event of the server.
+    /// Handles a change event of the server.
     void MessageData(TEventNciParse* event);
     /// One row of the parameter tables has changed.
     void updateParameters(MDRData* record);
-    /// Rows came to or left the parameter tables.
+    /// Rows of the parameter tables were added or removed.
     void reloadParameters();
 
     const TemplateTables& tables() const { return m_tables; }
@@ -98,10 +99,10 @@ public:
 
     /// Names of the parameters that the template editor offers.
     QStringList parameterFilter() const;
-    /// A field's name in the user's language; empty when the directory does not know it.
+    /// A field's name in the user's language; empty if the directory does not have it.
     QString fieldLocalName(QString field, QString table);
 
-    /// \name Dumps to the message log, for use at the bench
+    /// \name Dumps to the message log, for debugging
     /// @{
     static void printStructTable(CMDArray* table, const QString& title);
     static void printKeysTable(CMDArray* table, const QString& title);
@@ -110,7 +111,7 @@ public:
     /// @}
 
 public slots:
-    /// Takes the answer to the question of deletion.
+    /// Handles the answer to the question about a deletion.
     void answerDelete(QAbstractButton* button);
     void closeMsgBox(QAbstractButton* button);
 
@@ -119,14 +120,14 @@ signals:
     void editDataReseted();
     void itemChanged();
     void writeLog(QString func, QString text);
-    /// The page has nothing to show to this user.
+    /// The page has nothing to show for this user.
     void hideMe();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    /// What differs between the levels.
+    /// The operations that differ between the levels.
     struct Operations {
         bool (TemplateTab::*isEditable)() const;
         void (TemplateTab::*applyTemplateFilter)(); ///< may be null
@@ -239,10 +240,11 @@ private:
     void rowInserted(CModelTable* table, CModelTable* edits, CModelTable* moved, TEventNciParse* event);
     bool deleteEditRecord(CModelTable* table, TEventNciParse* event);
     void removeRow(CModelTable* table, MDRData* record);
-    /// A new record that the server has got meanwhile is no row of its own any more.
+    /// Turns a new record that the server has received in the meantime into a change.
     void becomeChange(CModelTable* edits, MDRData* pending);
     static bool isMoved(const CModelTable* table, const MDRData* record, TEventNciParse* event);
-    /// Where the row of an event belongs in this page's tree; \a row stays negative when it does not.
+    /// The position of an event's row in this page's tree; \a row stays negative if it does not belong
+    /// there.
     void whereInsert(int& row, QModelIndex& parent, TEventNciParse* event, const CModelTable* roots,
                      const char* scopeField, std::initializer_list<const char*> refused);
     void moveRow(CModelTable* table, MDRData* record, TEventNciParse* event);
@@ -261,7 +263,7 @@ private:
     void pasteTemplate(MDRData* record);
     void moveCategory(MDRData* record, MDRData* target);
     void moveTemplate(MDRData* record, MDRData* target);
-    /// What the server holds of a record: that of a save which is on its way, else the record itself.
+    /// The server's state of a record: that of a running save, otherwise the record itself.
     const MDRData* storedOf(const MDRData* record, const CModelTable& edits) const;
     void sendMove(CModelTable* moved, const QByteArray& key,
                   const std::vector<std::pair<const char*, MDRVar>>& values);
@@ -299,7 +301,7 @@ private:
     void templateHtmlChanged();
     void nameChanged(CModelTable* edits, MDRData* record, const QString& name);
     void flagChanged(const QCheckBox* box, const char* property, const char* signature);
-    /// Changes the text of the edited template: \a change works on its parsed html.
+    /// Changes the text of the edited template with \a change, which gets its parsed html.
     template <typename Change>
     void propertyChanged(const char* signature, bool emptyIsNull, Change change);
 
@@ -327,10 +329,11 @@ private:
     TemplateTables m_tables;
     KeptEdits m_kept;
     KeptDraft* m_unsaved =
-        nullptr; ///< made by init: the edit tables and what is kept of them, should the program end
-    bool m_isPassingOffer = false; ///< what is kept was cancelled by the user, and goes when he goes on
+        nullptr; ///< created by init: the edit tables and kept edits, in case the program ends
+    bool m_isPassingOffer = false; ///< the kept edits were cancelled by the user, and are dropped when he
+                                   ///< continues
     QByteArray m_shownTemplate;    ///< key of the template in the passport
     SentEdits m_sent;
-    QSet<QByteArray> m_moving; ///< keys of moved rows whose events have not come
-    bool m_isSent = false; ///< the unsaved records were written as they stand, their events are on the way
+    QSet<QByteArray> m_moving; ///< keys of moved rows whose events have not arrived yet
+    bool m_isSent = false;     ///< the unsaved records were written, their events have not arrived yet
 };

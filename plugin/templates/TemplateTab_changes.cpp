@@ -30,7 +30,7 @@ void TemplateTab::nameChanged(CModelTable* edits, MDRData* record, const QString
     TemplateTables::storeField(edits, record, Field::nameLoc, MDRValue::text(bytes));
     m_isSent = false;
     m_unsaved->touch();
-    // The row of an existing record keeps its name until the server tells the change.
+    // The row of an existing record keeps its name until the change event arrives.
     if (record->flags & ROW_INSERT)
         m_model->updateRecord(record);
 }
@@ -128,7 +128,7 @@ void TemplateTab::templateSecondMarkChanged()
 {
     const QByteArray marker = templateSecondMarkEditor()->currentData().toString().toUtf8();
     propertyChanged("void TemplateTab::templateSecondMarkChanged()", true, [&](HtmlParser* parser) {
-        if (marker.isEmpty()) { // a command never stands alone
+        if (marker.isEmpty()) { // a command needs a marker
             parser->removeTemplateProperty("second_mark");
             parser->removeTemplateProperty("command");
         } else {

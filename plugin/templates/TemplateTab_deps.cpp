@@ -15,8 +15,8 @@ bool TemplateTab::isEditable_Deps() const
     return isAnyAdmin();
 }
 
-/// An administrator sees all departments, others their own. Without a department the page hides from everybody, the
-/// administrator included, which is meant.
+/// An administrator sees all departments, others their own. Deliberate: without a department the page is
+/// hidden for everybody, including the administrator.
 void TemplateTab::applyTemplateFilter_Deps()
 {
     const QString department = userParameter("DEPARTMENTKEY");

@@ -17,7 +17,7 @@
 
 namespace
 {
-/// The names of a record's flags, each followed by a blank.
+/// The names of a record's flags, each followed by a space.
 QString flagNames(const MDRData* record)
 {
     QString names;
@@ -47,7 +47,7 @@ QString dumpOf(const CModelTable& table, const QTextCodec* codec)
     }
     return dump + QLatin1Char('\n');
 }
-/// Blanks alone are no text, whichever way they are written; a parameter or a property is one.
+/// Spaces alone, in any form, are no text; a parameter or a property is.
 bool showsNothing(const QString& html)
 {
     if (QString(html).remove(QLatin1Char(' ')).isEmpty())
@@ -103,7 +103,7 @@ KeptTexts::Values TemplateTab::unsaved() const
     return all.values(codec());
 }
 
-/// What the program had no time to save or to drop when it ended.
+/// Offers changes that were neither saved nor dropped when the program ended.
 void TemplateTab::offerLeft()
 {
     const bool isDepartment = m_operations == &depsOperations;
@@ -149,7 +149,7 @@ void TemplateTab::cancelChanges()
     m_unsaved->touch();
 }
 
-/// An offer to take a cancellation back lasts until the user goes on.
+/// The offer to undo a cancellation lasts until the user continues.
 void TemplateTab::forgetOffer()
 {
     if (!m_isPassingOffer)
@@ -192,7 +192,7 @@ void TemplateTab::sendEdits(const CModelTable& edits)
         const MDRData* record = MDARec(edits.data.array, 0, i);
         MDRData* sent = MDARecNew(rows.array);
         KeptEdits::copyRecord(record, sent);
-        // What an earlier save inserted is there, though its event has not come.
+        // Records inserted by an earlier save exist, even if their events have not arrived.
         if ((sent->flags & ROW_INSERT) && m_sent.isInserted(Row(record).key()))
             MDRSetFlags(sent, ROW_UPDATE);
         rows.RecPost(sent);
@@ -254,7 +254,7 @@ void TemplateTab::clearEditTables()
     reloadFor(tree->currentIndex(), QModelIndex());
 }
 
-/// What could not be saved leaves the edit tables, but can be had back.
+/// Changes that could not be saved leave the edit tables, but can be restored.
 void TemplateTab::dropUnsaved(const QString& reason)
 {
     m_kept.keepAll(m_tables);
@@ -273,7 +273,7 @@ void TemplateTab::dropUnsaved(const QString& reason)
 
 void TemplateTab::writeLogUnsaved(const QString& func, const QString& text)
 {
-    // Meant: the pass for templates, too, lists the categories under their heading.
+    // Deliberate: the pass for templates also lists the categories under their heading.
     QString dump;
     for (const CModelTable* table : {&m_tables.categoriesEdit, &m_tables.templatesEdit})
         if (table->data.RecCount() > 0)
@@ -310,7 +310,8 @@ void TemplateTab::restoreKept()
                       : tr("Вернуть изменения некуда: элемента больше нет в дереве."));
         return;
     }
-    // A changed record is no row of the tree: its base record is selected, and the passport shows the change.
+    // A changed record is not a row of the tree: its base record is selected, and the passport shows the
+    // change.
     const MDRVar key = Row(restored).value(Field::KeyLink);
     const bool isCategory = TemplateTables::isContains(&m_tables.categoriesEdit, restored);
     MDRData* base =
@@ -335,7 +336,7 @@ void TemplateTab::restoreFrom(const CModelTable& kept, const CModelTable& table,
     }
 }
 
-/// Null when there is no place for it in this tree.
+/// Null if it has no place in this tree.
 MDRData* TemplateTab::restoreRecord(const CModelTable& table, CModelTable* edits, const MDRData* kept)
 {
     const QByteArray key = Row(kept).key();
@@ -378,7 +379,8 @@ QByteArray TemplateTab::keyAbove(const MDRData* record)
     return {};
 }
 
-/// The index under which a record that is not there belongs. A template whose category is gone goes where the user is.
+/// The index to which a missing record belongs. A template whose category no longer exists goes to the
+/// current place.
 QModelIndex TemplateTab::placeOf(const MDRData* kept) const
 {
     const QByteArray above = keyAbove(kept);

@@ -102,7 +102,7 @@ void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciPa
     const bool isOwn = m_sent.take(event);
     MDRData* edit = recordByKeyLink(edits, event->recordKey);
     const bool isOther = SentEdits::differs(edit, event);
-    // One's own save comes back, and its user has typed on meanwhile.
+    // The event of the user's own save, who has continued typing in the meantime.
     const bool goesOn = isOwn && isOther && !(edit->flags & ROW_INSERT);
     const bool isLost = isOther && !isOwn && !(m_isSent && m_sent.isUnderWay(event->recordKey));
     if (isLost)
@@ -127,7 +127,7 @@ void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciPa
                      .arg(EventRow(*event).text(Field::nameLoc, codec())));
 }
 
-/// The row stands elsewhere than before, such as after an import: out there and in here.
+/// The row has moved, for example by an import: remove it and insert it at the new place.
 void TemplateTab::moveRow(CModelTable* table, MDRData* record, TEventNciParse* event)
 {
     const bool wasCurrent = record == currentRecord();
@@ -167,7 +167,7 @@ void TemplateTab::rowDeleted(CModelTable* table, CModelTable* edits, TEventNciPa
     removeRow(table, record);
     m_form->templatesTree->viewport()->update();
     const bool hasMoved = quiet.end();
-    if (hasMoved && isOwnMove) // the row is on its way to its new place
+    if (hasMoved && isOwnMove) // the row will be inserted at its new place
         raiseUpPassport(m_form->templatesTree->currentIndex());
     else if (hasMoved)
         reloadFor(m_form->templatesTree->currentIndex(), QModelIndex());
@@ -185,7 +185,7 @@ void TemplateTab::rowInserted(CModelTable* table, CModelTable* edits, CModelTabl
     const bool isOwnMove = m_moving.remove(event->recordKey);
     const bool wasPending = edit && !isOwnMove;
     const bool goesOn = wasPending && isOwn && (edit->flags & ROW_INSERT) && SentEdits::differs(edit, event);
-    if (goesOn) { // its user has typed on since the save
+    if (goesOn) { // the user has continued typing since the save
         becomeChange(edits, edit);
     } else if (!isOwnMove) {
         edit = nullptr;

@@ -69,15 +69,15 @@ void TemplateTab::moveTemplate(MDRData* record, MDRData* target)
               {Field::html, Row(stored).value(Field::html)}});
 }
 
-/// Deletes and inserts one key in one block, so that what refers to it follows without being touched. What is unsaved
-/// stays so: a move writes what the server holds.
+/// Deletes and inserts one key in one block, so that references to it stay valid without changes. Unsaved
+/// changes stay unsaved: a move writes the server's state.
 void TemplateTab::sendMove(CModelTable* moved, const QByteArray& key,
                            const std::vector<std::pair<const char*, MDRVar>>& values)
 {
     CMDArray& rows = moved->data;
     CRowBatch deletion(rows);
     deletion.RecPost(deletion.newRow(ROW_DELETE, key));
-    // Only this move is sent: what an earlier failed one left in the table stays there.
+    // Sends only this move: rows of an earlier failed move stay in the table.
     CRowBatch insertion(rows);
     MDRData* sent = insertion.newRow(ROW_INSERT, key);
     MDRSetUser(MDRFldByName(insertion.array, Field::KeyLink), sent, 1);
@@ -96,6 +96,6 @@ void TemplateTab::sendMove(CModelTable* moved, const QByteArray& key,
     session->BlockBeg();
     session->SqlUpdate(name, deletion.array, true, nullptr);
     session->SqlUpdate(name, insertion.array, true, nullptr);
-    if (session->BlockEnd(true, nullptr)) // the host tells a failure; the tree has not changed
+    if (session->BlockEnd(true, nullptr)) // the host reports a failure; the tree has not changed
         m_moving.insert(key);
 }

@@ -19,7 +19,8 @@ bool TemplateTab::isEditable_Orgs() const
     return isAdmin();
 }
 
-/// An administrator sees all types of organizations, a local one that of his organization, a viewer no page.
+/// An administrator sees all types of organizations, a local administrator that of his organization, a
+/// viewer no page.
 void TemplateTab::applyTemplateFilter_Orgs()
 {
     if (isAdmin())
@@ -34,7 +35,7 @@ void TemplateTab::applyTemplateFilter_Orgs()
     CMDArray answer;
     answer = m_module->session()->SqlRequest(sql.toUtf8().constData());
     if (answer.RecCount() == 0) {
-        // Meant: the placeholder stays unfilled.
+        // Deliberate: the placeholder is not filled in.
         emit writeLog(QStringLiteral("void TemplateTab::applyTemplateFilter_Orgs()"),
                       QStringLiteral("SQL request {%1} return 0 records. Failed check "));
         emit hideMe();

@@ -38,7 +38,8 @@ QTreeWidgetItem* addRow(QTreeWidget* tree, QTreeWidgetItem* parent, const QStrin
 QWidget* centerCheckBox(QCheckBox* box)
 {
     auto* cell = new QWidget;
-    cell->setAutoFillBackground(true); // on the ground of the table a dark theme would hide an empty box
+    // on the table's background an empty box would be invisible in a dark theme
+    cell->setAutoFillBackground(true);
     cell->setBackgroundRole(QPalette::Window);
     auto* layout = new QHBoxLayout(cell);
     layout->setSpacing(0);
@@ -55,8 +56,8 @@ void configureTree(QTreeWidget* tree, const QString& widest)
     tree->setSortingEnabled(false);
     tree->setSelectionMode(QAbstractItemView::NoSelection);
     tree->setVerticalScrollMode(
-        QAbstractItemView::ScrollPerPixel); // a step of the text's row would skip half a page
-    tree->setFocusPolicy(Qt::NoFocus);      // the editors take the keyboard
+        QAbstractItemView::ScrollPerPixel); // one step, the height of the text's row, would skip half a page
+    tree->setFocusPolicy(Qt::NoFocus);      // the editors take the focus
     const QFontMetrics metrics(tree->font());
     const int width = metrics.horizontalAdvance(widest) + 6 * metrics.horizontalAdvance(QLatin1Char('W'));
     QHeaderView* header = tree->header();
@@ -85,7 +86,7 @@ QCheckBox* boxAt(const QTreeWidget* tree, int row)
 void setQuietly(QLineEdit* edit, const QString& text)
 {
     const QSignalBlocker blocker(edit);
-    if (edit->text() != text) // the cursor stays where it is in a text that is the same
+    if (edit->text() != text) // an unchanged text keeps its cursor
         edit->setText(text);
 }
 
@@ -128,7 +129,7 @@ void TemplateTab::createCategoryPassport()
 void TemplateTab::createTemplatePassport()
 {
     QTreeWidget* tree = m_form->templatePropsTree;
-    new LastRowFiller(tree); // the text takes the room of a high window
+    new LastRowFiller(tree); // the text fills the remaining height of the window
     const bool canEdit = (this->*m_operations->canEditPassport)();
     const auto add = [&](const QString& label, QWidget* editor, const char* name, int height = rowHeight,
                          QTreeWidgetItem* parent = nullptr) {
@@ -185,7 +186,7 @@ void TemplateTab::createTemplatePassport()
         editor->setAccessibleName(label);
     for (QWidget* editor : std::initializer_list<QWidget*>{name, open, close, time, first, second, command})
         editor->setEnabled(canEdit);
-    html->setEnabled(canEdit); // its own operation: what it shows can still be selected
+    html->setEnabled(canEdit); // a separate function: the shown text can still be selected
 
     connect(name, &QLineEdit::textChanged, this, &TemplateTab::templateNameChanged);
     connect(open, &QCheckBox::clicked, this, &TemplateTab::templateOpenChanged);
@@ -299,7 +300,7 @@ void TemplateTab::reloadTemplatePassport(MDRData* record)
     fillTemplatePassport(isTemplate ? record : nullptr);
 }
 
-/// Fills the editors from a record, or empties them, without a word to the handlers.
+/// Fills the editors from a record, or clears them, without emitting signals to the handlers.
 void TemplateTab::fillTemplatePassport(const MDRData* record)
 {
     const MDRVar html = Row(record).value(Field::html);
@@ -322,10 +323,9 @@ void TemplateTab::fillTemplatePassport(const MDRData* record)
         const QSignalBlocker blocker(editor);
         const QByteArray key = Row(record).key();
         if (shown.isEmpty() || key != m_shownTemplate)
-            editor->clearTemplateText(); // what was done to one template cannot be undone on another
+            editor->clearTemplateText(); // changes of one template must not be undone on another
         m_shownTemplate = key;
-        if (!shown.isEmpty() &&
-            editor->templateText() != shown) // the cursor stays where it is in a text that is the same
+        if (!shown.isEmpty() && editor->templateText() != shown) // an unchanged text keeps its cursor
             editor->setTemplateText(shown);
     }
     setQuietly(templateOpenEditor(), flag("open_wshift"));
@@ -340,7 +340,7 @@ void TemplateTab::fillTemplatePassport(const MDRData* record)
                                         : box->findData(QString::fromStdString(value), Qt::UserRole,
                                                         Qt::MatchExactly | Qt::MatchCaseSensitive);
         setQuietly(box,
-                   found > 0 ? found : 0); // a value outside of the list shows as none, the text keeps it
+                   found > 0 ? found : 0); // an unknown value is shown as none; the text keeps it
     }
     const bool hasSecond = templateSecondMarkEditor()->currentIndex() > 0;
     const std::string command = hasSecond ? text("command") : std::string();

@@ -16,7 +16,7 @@ void TemplateTab::goTo(const QModelIndex& index)
     QTreeView* tree = m_form->templatesTree;
     const StillTree still(tree);
     tree->setCurrentIndex(index);
-    tree->scrollTo(tree->currentIndex(), QAbstractItemView::EnsureVisible); // a failed save takes rows away
+    tree->scrollTo(tree->currentIndex(), QAbstractItemView::EnsureVisible); // a failed save removes rows
 }
 
 void TemplateTab::search(const QString& text)

@@ -197,7 +197,7 @@ void TemplateTab::answerDelete(QAbstractButton* button)
     if (!isDone)
         showError(tr("При изменения данных возникла ошибка.\nДанные не были изменены!"));
 
-    // Unsaved changes go with the deletions: sent in the same block, or dropped with it.
+    // Unsaved changes go with the deletions: they are sent in the same block, or dropped with it.
     if (!isDone)
         m_kept.keepAll(m_tables);
     QuietSelection quiet(m_form->templatesTree->selectionModel());
@@ -221,11 +221,11 @@ void TemplateTab::deleteTemplate(MDRData* record)
 
 void TemplateTab::deleteFolder(MDRData* record)
 {
-    std::set<const MDRData*> seen; // a ring of categories must not lead round for ever
+    std::set<const MDRData*> seen; // guards against cycles
     deleteFolder(record, &seen);
 }
 
-/// Descendants come ahead of their ancestors.
+/// Descendants come before their ancestors.
 void TemplateTab::deleteFolder(MDRData* record, std::set<const MDRData*>* seen)
 {
     if (!seen->insert(record).second)
@@ -269,10 +269,10 @@ void TemplateTab::pasteItem()
         return;
     const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
     const QByteArray key =
-        mime ? QByteArray(mime->data(clipboardFormat()).constData()) : QByteArray(); // to the zero
+        mime ? QByteArray(mime->data(clipboardFormat()).constData()) : QByteArray(); // up to the NUL
     if (MDRData* record = recordByKeyLink(&m_tables.templates, key.constData()))
         pasteTemplate(record);
-    else if (m_kept.isEmpty()) // whose notice has precedence
+    else if (m_kept.isEmpty()) // its notice has priority
         m_notice->tell(
             NoticeBar::Information,
             tr("Вставить нечего: скопированный шаблон удалён или появился на другой странице после "

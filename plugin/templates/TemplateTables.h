@@ -2,8 +2,8 @@
 
 #include "CModelTable.h"
 
-/// The tables of one page of the configurator, each named after the server's table and with the order of entry as its
-/// only key: copies of what the server holds, unsaved records, and the insert halves of moves that are under way.
+/// The tables of one page of the configurator, each with the name of the server's table and only the order
+/// of entry as key: copies of the server's tables, unsaved records, and the insert halves of running moves.
 struct TemplateTables {
     TemplateTables();
 
@@ -19,7 +19,7 @@ struct TemplateTables {
     /// Makes the table a copy of another, which may be null or without array: mdr_Assign.
     static void copyFrom(CModelTable* table, const CModelTable* source);
     static bool isContains(const CModelTable* table, const MDRData* record);
-    /// Removes the record; mdr_Foreign in the table's lastError when it is not the table's.
+    /// Removes the record; mdr_Foreign in the table's lastError if it belongs to another table.
     static void deleteRecord(CModelTable* table, MDRData* record);
     /// Stores one field as the user's change, and posts the record.
     static void storeField(CModelTable* table, MDRData* record, const char* field, const MDRVar& value);

@@ -18,7 +18,7 @@ bool enteredBefore(const MDRData* a, const MDRData* b)
     return a->entry < b->entry;
 }
 
-/// Scaled once for each name: the pictures never change.
+/// Scaled once for each name, since the pictures never change.
 QPixmap picture(const char* name)
 {
     static QHash<QByteArray, QPixmap> pictures;
@@ -313,8 +313,8 @@ QModelIndex TemplatesEditSourceModel::indexByRecord(const MDRData* record) const
 {
     if (!isReady() || !tableByRecord(record))
         return {};
-    // Upwards as long as each record stands under the next. A ring of categories never ends at the top, and is left
-    // when it has taken more steps than there are categories.
+    // Goes up while each record is a child of the next. A cycle of categories never reaches the top; it
+    // ends after more steps than there are categories.
     int steps = m_categories->data.RecCount() + m_categoriesEdit->data.RecCount() + 2;
     int ownRow = -1;
     for (const MDRData* one = record; steps >= 0; --steps) {
@@ -367,7 +367,8 @@ QVariant TemplatesEditSourceModel::data(const QModelIndex& index, int role) cons
 Qt::ItemFlags TemplatesEditSourceModel::flags(const QModelIndex& index) const
 {
     if (!index
-             .isValid()) // the empty area below a tree of categories takes a drop, which the page then refuses
+             // the empty area below a tree of categories accepts a drop, which the page then refuses
+             .isValid())
         return m_editable && m_level.roots == TemplateLevel::NoRoots ? Qt::ItemIsDropEnabled
                                                                      : Qt::NoItemFlags;
     if (!m_editable)
@@ -376,7 +377,7 @@ Qt::ItemFlags TemplatesEditSourceModel::flags(const QModelIndex& index) const
     const MDRData* record = recordByIndex(index);
     if (isContains(m_categories, record))
         return base | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
-    // Meant: in the common tree new items too take part in drag and drop; their mime data stays empty.
+    // Deliberate: in the common tree new items can also be dragged; their mime data is empty.
     if (m_level.roots == TemplateLevel::NoRoots || isContains(m_templates, record))
         return base | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled | Qt::ItemNeverHasChildren;
     return isContains(m_roots, record) ? base | Qt::ItemIsDropEnabled : base;

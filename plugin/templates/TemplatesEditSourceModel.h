@@ -8,10 +8,11 @@
 
 class QTextCodec;
 
-/// The tree of one level of templates, computed on demand from flat record arrays: an index carries the record itself,
-/// and what stands under a parent is asked of the arrays' own indexes, so that nothing can fall out of step with them.
-/// Under one parent stand its categories, its new categories, its templates and its new templates, each part in array
-/// order. The model owns no table; who changes the arrays brackets the change with begin...Row and end...Row.
+/// The tree of one level of templates, computed on demand from flat record arrays: an index contains the
+/// record itself, and the children of a parent come from the arrays' own indexes, so that they are always
+/// consistent. The children of a parent are its categories, its new categories, its templates and its new
+/// templates, each group in array order. The model owns no table; callers enclose changes of the arrays in
+/// begin...Row and end...Row.
 class TemplatesEditSourceModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -19,7 +20,8 @@ class TemplatesEditSourceModel : public QAbstractItemModel
 public:
     ~TemplatesEditSourceModel() override;
 
-    /// \name Tables of the level; each setter resets the model. A table that the level does not have is passed over.
+    /// \name Tables of the level; each setter resets the model. A table that the level does not have is
+    /// ignored.
     /// @{
     void setTextCodec(QTextCodec* codec);
     void setOrgTypesTable(CModelTable* table);
@@ -30,24 +32,25 @@ public:
     void setTemplatesEdit(CModelTable* table);
     void setEditable(bool editable);
     void clear();
-    /// The codec and all tables of the level are there.
+    /// The codec and all tables of the level are set.
     bool isReady() const;
     /// @}
 
-    /// The record of a valid index, else null.
+    /// The record of a valid index, otherwise null.
     MDRData* recordByIndex(const QModelIndex& index) const;
-    /// The index of a record that can be reached from the top of the tree, else an invalid one.
+    /// The index of a record that can be reached from the top of the tree, otherwise an invalid one.
     QModelIndex indexByRecord(const MDRData* record) const;
-    /// Number of categories under the parent, new ones included; at a top level of root rows their number. It is the
-    /// row at which a new category comes in.
+    /// Number of categories under the parent, including new ones; at a top level of root rows, the number
+    /// of these. It is the row of the next new category.
     int folderCount(const QModelIndex& parent) const;
-    /// The top level is made of categories.
+    /// The top level contains categories.
     bool isTopOfCategories() const { return m_level.roots == TemplateLevel::NoRoots; }
-    /// The row at which the next stored category or template under the parent comes in: behind its like.
+    /// The row at which the next stored category or template under the parent is inserted: after others of
+    /// its kind.
     int nextCategoryRow(const QModelIndex& parent) const;
     int nextTemplateRow(const QModelIndex& parent) const;
 
-    /// \name Brackets around a change of the arrays
+    /// \name Calls that enclose a change of the arrays
     /// @{
     void beginAppendRow(const QModelIndex& parent);
     void endAppendRow();
@@ -59,9 +62,9 @@ public:
     void beginMoveRow(const QModelIndex& parent, int from, int to);
     void endMoveRow();
     void resetModel();
-    /// The whole tree looks different.
+    /// The whole tree must be repainted.
     void updateView();
-    /// The record's row looks different.
+    /// The record's row must be repainted.
     void updateRecord(MDRData* record);
     /// @}
 
@@ -82,14 +85,14 @@ public:
     Qt::DropActions supportedDropActions() const override;
 
 signals:
-    /// An item was dropped: the key of its record and where. The receiver moves it.
+    /// An item was dropped: the key of its record and the target. The receiver moves it.
     void moveToCategory(QString keyLink, QModelIndex indexSource);
 
 protected:
     TemplatesEditSourceModel(const TemplateLevel& level, QObject* parent);
 
 private:
-    /// What stands under one parent.
+    /// The children of one parent.
     struct Rows {
         MDRRange categories;
         std::vector<MDRData*> newCategories;
@@ -112,8 +115,7 @@ private:
     }
     int rootCount() const;
     Rows rowsUnder(const MDRData* parent) const;
-    /// The record under which a record stands; null at the top level, and then \a orphan tells whether it should stand
-    /// somewhere.
+    /// The parent of a record; null at the top level; then \a orphan says whether it should have a parent.
     MDRData* parentRecord(const MDRData* record, bool* orphan) const;
     int rowOf(const MDRData* record, const MDRData* parent) const;
     QString text(const MDRData* record, const char* field) const;

@@ -60,7 +60,7 @@ bool TemplatesEditSourceModel::canDropMimeData(const QMimeData* data, Qt::DropAc
         return false;
     const MDRData* target = recordByIndex(parent);
     if (isContains(m_categories, target))
-        return true; // meant: also the category itself and those below it, which the store refuses
+        return true; // deliberate: also the category itself and its descendants, which the store refuses
     const bool atTop = target ? isContains(m_roots, target) : m_level.roots == TemplateLevel::NoRoots;
     return atTop && !isTemplate;
 }

@@ -43,7 +43,7 @@ void TemplatesProxyModel::setTemplatesEdit(CModelTable* table)
 void TemplatesProxyModel::setFilterRoot(QString key)
 {
     set(m_filterRoot, key);
-    invalidate(); // what was sorted out before
+    invalidate(); // apply the filter again to all rows
 }
 
 bool TemplatesProxyModel::isReadyData() const

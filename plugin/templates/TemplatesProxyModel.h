@@ -5,7 +5,8 @@
 class CModelTable;
 struct MDRData;
 
-/// Sorts a tree of templates, categories before templates and each by name, and may show one root row only.
+/// Sorts a tree of templates, categories before templates and each by name, and can be restricted to one
+/// root row.
 class TemplatesProxyModel : public QSortFilterProxyModel
 {
     Q_OBJECT
@@ -17,11 +18,11 @@ public:
     void setCatsTemplateEdit(CModelTable* table);
     void setTemplatesTable(CModelTable* table);
     void setTemplatesEdit(CModelTable* table);
-    /// Shows the row of the top level with this key alone, with all below it. Empty: all rows.
+    /// Shows only the row of the top level with this key, and its subtree. Empty: all rows.
     void setFilterRoot(QString key);
 
     bool isReadyData() const;
-    /// These two take indexes of the source.
+    /// These two expect indexes of the source.
     bool isCategory(const QModelIndex& index) const;
     bool isTemplate(const QModelIndex& index) const;
 
