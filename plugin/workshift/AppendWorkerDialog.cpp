@@ -93,7 +93,7 @@ void AppendWorkerDialog::choose(const KeptTexts::Values& kept)
 
 void AppendWorkerDialog::hideEvent(QHideEvent* event)
 {
-    m_kept->forget(); // given up by the user, or written
+    m_kept->forget(); // dropped by the user, or written
     CPopTemplate::hideEvent(event);
 }
 
@@ -198,7 +198,7 @@ void AppendWorkerDialog::apply()
         return;
     if (!session()->SqlUpdate(LogbookTable::WorkersWorkshift, m_pending.data.array, true, nullptr)) {
         reportFailure(LogbookTable::WorkersWorkshift);
-        return; // the dialog stays for another try
+        return; // the dialog stays open for another attempt
     }
     writeRecord();
     close();

@@ -15,8 +15,8 @@ namespace Ui
 class AppendWorkerDialog;
 }
 
-/// Adds dispatchers to the open workshift and leaves a record in the journal that says so. Whom the user had chosen when
-/// the program ended is offered at the next showing for the same workshift.
+/// Adds dispatchers to the open workshift and writes a record about it. If the program ended before the
+/// choice was saved, it is offered the next time the dialog is shown for the same workshift.
 class AppendWorkerDialog : public CPopTemplate
 {
     Q_OBJECT
@@ -37,9 +37,10 @@ public:
     void setWorkersRoleTable(CModelTable* table) { m_workerRoles = table; }
     void setWorkshiftRecord(MDRData* record);
 
-    /// The text of the record, a template that no table holds, with a parameter for each of \a count workers.
+    /// The text of the record: a template that is in no table, with a parameter for each of \a count
+    /// workers.
     static QString hardTemplate(int count);
-    /// Where the choice is kept.
+    /// The place of the kept choice.
     static QString keptPlace(const QString& department) { return QStringLiteral("append/") + department; }
 
 protected:
@@ -68,7 +69,8 @@ private:
     CModelTable* m_crewRows = nullptr;
     CModelTable* m_roles = nullptr;
     CModelTable* m_workerRoles = nullptr;
-    CModelTable m_pending; ///< the rows to be added, of LogbookWorkersWorkshift in spite of its name: meant
+    CModelTable m_pending; ///< deliberate: the rows to be added belong to LogbookWorkersWorkshift in spite
+                           ///< of its name
     CrewTable* m_crew = nullptr;
     std::unique_ptr<Ui::AppendWorkerDialog> m_form;
     KeptChoice* m_kept = nullptr;

@@ -29,7 +29,7 @@ CloseWorkshiftDialog::CloseWorkshiftDialog(QWidget* parent, int flag)
     m_form->addWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
     m_form->removeWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/delete.png")));
     m_form->clearWorkersButton->setIcon(QIcon(QStringLiteral(":/icons/clear.png")));
-    // The text that is filled in gets the room.
+    // The filled-in text gets the space.
     m_form->splitter_2->setSizes({340, 860});
     m_form->splitter->setSizes({280, 580});
     setUpForm(m_form->workersTable, m_form->templatesWidget, m_form->templateFiller,
@@ -71,7 +71,7 @@ void CloseWorkshiftDialog::showEditor(const QString&, unsigned int) {}
 
 void CloseWorkshiftDialog::setCurrentWorkshift(MDRData* workshift)
 {
-    // The key is kept, not the record: the table may be loaded anew while the dialog is open.
+    // The key is kept, not the record: the table may be reloaded while the dialog is open.
     m_workshiftKey = Row(workshift).key();
 }
 
@@ -210,7 +210,7 @@ void CloseWorkshiftDialog::apply()
     CRowBatch record(LogbookRecordFields, fieldCount(LogbookRecordFields));
     addRecord(record, workshiftKey, time, &values);
     if (!send(LogbookTable::Records, record)) {
-        // The last pair, the direction, has no place in the line.
+        // The last pair, the direction, is not in the log line.
         LogText::warn(
             applySignature(),
             LogText::fill(
@@ -226,12 +226,12 @@ void CloseWorkshiftDialog::apply()
         return;
     }
     m_kept->forget();
-    m_filler->valuesWritten(); // not before: a closing that failed is tried again with the same text
+    m_filler->valuesWritten(); // not earlier: a failed closing is tried again with the same text
 
     CRowBatch takers(LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields));
     addCrewRows(takers, workshiftKey, false);
     if (takers.RecCount() > 0 && !send(LogbookTable::WorkersWorkshift, takers)) {
-        // The line names the table of workshifts all the same: meant.
+        // Deliberate: the line names the table of workshifts.
         LogText::warn(
             applySignature(),
             LogText::fill(

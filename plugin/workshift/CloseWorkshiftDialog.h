@@ -10,8 +10,9 @@ namespace Ui
 class CloseWorkshiftDialog;
 }
 
-/// Closes the open workshift: approves its drafts if that was agreed to, writes the record about closing, marks the
-/// workshift closed and records who takes over. The writes follow each other; what was done stays done.
+/// Closes the open workshift: approves its drafts if the user agreed, writes the record about closing,
+/// marks the workshift closed and records who takes over. The writes are separate; completed ones are not
+/// undone.
 class CloseWorkshiftDialog : public WorkshiftDialog
 {
     Q_OBJECT
@@ -23,13 +24,13 @@ public:
 
     void setRecordsTable(CModelTable* table);
     void setWorkshiftsTable(CModelTable* table);
-    /// The workshift to close, a record of the workshifts table, and whether its drafts are approved. Both hold for
-    /// one showing.
+    /// The workshift to close, a record of the workshifts table, and whether its drafts are approved. Both
+    /// apply to one use of the dialog.
     void setCurrentWorkshift(MDRData* workshift);
     void setApproveDraftRecords(bool approve) { m_approveDraftRecords = approve; }
 
 public slots:
-    /// Meant to be empty: parameters are edited inside the filler.
+    /// Deliberately empty: parameters are edited inside the filler.
     void showEditor(const QString& parameterName, unsigned int index);
 
 protected:

@@ -50,7 +50,8 @@ void CrewTable::append(const QString& workerKey, bool selectable)
     m_view->insertRow(row);
     const bool hasName = m_names == ShortNames ||
                          !HfnWrapper::workerFullName(m_session->codec(), m_workers, workerKey).isEmpty();
-    // Deliberate: who is chosen for a crew and has no full name leaves a row without cells. The opener has always some.
+    // Deliberate: a chosen crew member without a full name leaves a row without cells. The opener always
+    // has cells.
     if (workerKey.isEmpty() || (selectable && !hasName))
         return;
 
@@ -108,7 +109,7 @@ QStringList CrewTable::workerKeys() const
 void CrewTable::choose(OrgStructDialog* dialog, const QString& departmentKey,
                        const std::function<void(const QString&)>& chosen)
 {
-    // A cancelled choice leaves its connection behind, which would answer the next one as well.
+    // A cancelled choice leaves its connection, which would also receive the next choice.
     QObject::disconnect(dialog, SIGNAL(itemSelected(OrgStruct::SelectedItem)), nullptr, nullptr);
     connect(dialog, &OrgStructDialog::itemSelected, this,
             [this, dialog, chosen](const OrgStruct::SelectedItem& item) {

@@ -13,8 +13,8 @@ namespace OrgStruct
 struct Worker;
 }
 
-/// The table of workers in a shift's dialogs: a row a worker, with full name and roles, his key behind both cells. Who has no
-/// name stands there under his login, or under a dash.
+/// The table of workers in a shift's dialogs: one row for each worker, with full name and roles, and his
+/// key as data of both cells. A worker without a name is shown by his login, or as a dash.
 class CrewTable : public QObject
 {
     Q_OBJECT
@@ -22,25 +22,26 @@ class CrewTable : public QObject
 public:
     enum Names { FullNames, ShortNames };
 
-    /// Gives the view its columns and look; \a view and \a session outlive this object.
+    /// Sets the view's columns and look; \a view and \a session must outlive this object.
     CrewTable(QTableWidget* view, CVrkCliSes* session, QObject* parent);
 
-    /// Reference tables that names and roles come from; any of them may be missing.
+    /// Reference tables for names and roles; any of them may be missing.
     void setTables(CModelTable* workers, CModelTable* roles, CModelTable* workerRoles);
 
-    /// How workers are named: in full at first.
+    /// The form of workers' names; the default is the full name.
     void setNames(Names names) { m_names = names; }
 
     bool contains(const QString& workerKey) const;
-    /// Appends a row; an empty key, and a worker to choose without a full name, leave one without cells. \a selectable false: the row can neither be
-    /// selected nor removed.
+    /// Appends a row; an empty key, and a chosen worker without a full name, give a row without cells. \a
+    /// selectable false: the row can be neither selected nor removed.
     void append(const QString& workerKey, bool selectable = true);
     void removeCurrent();
     void clear();
-    /// Keys of the rows from top to bottom; rows without cells are left out.
+    /// Keys of the rows from top to bottom; rows without cells are skipped.
     QStringList workerKeys() const;
 
-    /// Lets the user choose a worker of the department; \a chosen gets him once, unless he stands in the table already.
+    /// Lets the user choose a worker of the department; calls \a chosen once, unless the worker is already
+    /// in the table.
     void choose(OrgStructDialog* dialog, const QString& departmentKey,
                 const std::function<void(const QString&)>& chosen);
 

@@ -7,7 +7,7 @@
 
 namespace
 {
-/// Runs on the server as it stands, behind a function name that is new at each run.
+/// The script runs on the server unchanged, after a function name that is unique for each run.
 const char script[] = R"(
 ( DepartmentKey )
 {

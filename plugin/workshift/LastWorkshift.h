@@ -4,6 +4,6 @@
 
 class CVrkCliMod;
 
-/// End of the department's latest workshift, found by a script on the server. Invalid when there is none, or when the
-/// script could not be run.
+/// End of the department's latest workshift, found by a script on the server. Invalid if there is none, or
+/// if the script could not be run.
 QDateTime lastWorkshiftEnd(CVrkCliMod* module, const QString& departmentKey);

@@ -28,7 +28,7 @@ OpenWorkshiftDialog::OpenWorkshiftDialog(QWidget* parent, int flag)
     m_form->addWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
     m_form->removeWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/delete.png")));
     m_form->clearWorkersButton->setIcon(QIcon(QStringLiteral(":/icons/clear.png")));
-    // The text that is filled in gets the room.
+    // The filled-in text gets the space.
     m_form->splitter_3->setSizes({420, 780});
     m_form->splitter_2->setSizes({280, 580});
     setUpForm(m_form->workersTable, m_form->templatesWidget, m_form->templateFiller,

@@ -11,9 +11,9 @@ namespace Ui
 class OpenWorkshiftDialog;
 }
 
-/// Opens a workshift: a shift from the department's timetable, its interval, the crew, and the record about opening,
-/// filled from an "open" template. Writes the workshift, its crew and the record one after another; when a later
-/// write fails, the earlier ones are taken back.
+/// Opens a workshift: a shift from the department's timetable, its interval, the crew, and the record about
+/// opening, filled from an "open" template. Writes the workshift, its crew and the record one after
+/// another; if a later write fails, the earlier ones are undone.
 class OpenWorkshiftDialog : public WorkshiftDialog
 {
     Q_OBJECT
@@ -27,15 +27,15 @@ public:
     void setShiftsTable(CModelTable* table);
     void setOrganizationsTable(CModelTable* table);
 
-    /// The occurrence of a shift today: its bounds are times of day; it ends tomorrow when it runs over midnight.
-    /// \a now is the session's time.
+    /// The occurrence of a shift today: its bounds are times of day; it ends tomorrow if it passes
+    /// midnight. \a now is the session's time.
     static std::pair<QDateTime, QDateTime> toCurrentInterval(double start, double end, const QDateTime& now);
-    /// A safety group as it is written behind a name: "I" to "V", higher ones as a number.
+    /// A safety group as written after a name: "I" to "V", higher ones as a number.
     static QString groupText(int group);
 
 public slots:
     void apply();
-    /// Meant to be empty: parameters are edited inside the filler.
+    /// Deliberately empty: parameters are edited inside the filler.
     void showEditor(const QString& parameterName, unsigned int index);
 
 protected:
@@ -74,12 +74,12 @@ private:
 
     QDateTime start() const;
     QDateTime end() const;
-    /// Says that the journal will not take a shift of this length; empty when it will.
+    /// The message that the journal will not accept a shift of this length; empty if it will.
     QString tooLongText() const;
 
     QString m_organizationKey;
-    QDateTime m_lastWorkshiftEnd;               ///< invalid when unknown
+    QDateTime m_lastWorkshiftEnd;               ///< invalid if unknown
     std::pair<QDateTime, QDateTime> m_proposed; ///< the interval that the dialog began with
-    int m_longestShift = 0;                     ///< in seconds; 0 when unknown
+    int m_longestShift = 0;                     ///< in seconds; 0 if unknown
     std::unique_ptr<Ui::OpenWorkshiftDialog> m_form;
 };

@@ -20,7 +20,7 @@ QByteArrayList keysOf(const CMDArray& rows)
     return keys;
 }
 
-/// Puts deletions of these rows in the place of what the batch holds.
+/// Replaces the content of the batch by deletions of these rows.
 void turnIntoDeletions(CRowBatch& batch)
 {
     const QByteArrayList keys = keysOf(batch);
@@ -105,7 +105,7 @@ void OpenWorkshiftDialog::openWorkshift()
         turnIntoDeletions(crew);
         send(LogbookTable::Workshifts, workshift);
         send(LogbookTable::WorkersWorkshift, crew);
-        // The last pair, the direction, has no place in the line.
+        // The last pair, the direction, is not in the log line.
         LogText::warn(
             signature,
             LogText::fill(

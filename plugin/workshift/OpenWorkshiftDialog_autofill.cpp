@@ -84,7 +84,8 @@ void OpenWorkshiftDialog::autoFillOrganization()
                   QStringLiteral("Not found organization %1!"));
 }
 
-/// The user's surname and initials, as the organization structure knows him. The crew's other workers are not in it.
+/// The user's surname and initials, from the organization structure. The other workers of the crew are not
+/// included.
 QString OpenWorkshiftDialog::shortName(int* group) const
 {
     OrgStruct::Worker worker;

@@ -169,8 +169,8 @@ void WorkshiftDialog::choose(const KeptTexts::Values& kept)
     updateWorkshiftControls();
 }
 
-/// The field in work takes what was typed as its own before the button is pressed, as it does when it is left. What is
-/// missing gets the keyboard.
+/// Before the button is pressed, the current field accepts its input, as it does when it loses the focus. A
+/// missing value gets the focus.
 void WorkshiftDialog::applyByKey()
 {
     const QPointer<QWidget> field = focusWidget();
@@ -216,7 +216,7 @@ void WorkshiftDialog::addWorker()
 {
     m_crew->choose(m_orgStructDialog, m_departmentKey, [this](const QString& workerKey) {
         m_crew->append(workerKey);
-        m_crewView->selectRow(0); // the first row, not the new one: meant
+        m_crewView->selectRow(0); // deliberate: the first row, not the new one
         updateWorkshiftControls();
     });
 }

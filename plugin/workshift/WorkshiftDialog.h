@@ -20,9 +20,9 @@ class TemplateFiller;
 class TemplatesWidget;
 struct TEventNciParse;
 
-/// What opening and closing a workshift have in common: the tables by name, the keys of the place, the crew table, the
-/// template side, and the first or last record of the shift. The dialog owns no data; it writes to the server, and
-/// the journal follows by the change events.
+/// The common base of opening and closing a workshift: the tables by name, the keys of department and
+/// worker, the crew table, the template part, and the first or last record of the shift. The dialog owns no
+/// data; it writes to the server, and the journal follows the change events.
 class WorkshiftDialog : public CPopTemplate
 {
     Q_OBJECT
@@ -32,9 +32,9 @@ public:
 
     void setOrgStructDialog(OrgStructDialog* dialog) { m_orgStructDialog = dialog; }
     void setWorkerKey(const QString& key) { m_workerKey = key; }
-    /// Also opens the department's templates.
+    /// Also makes the department's templates available.
     void setDepartmentKey(const QString& key);
-    /// Also opens the templates of the type of organization.
+    /// Also makes the templates of the type of organization available.
     void setOrgTypeKey(const QString& key);
 
     void setWorkersTable(CModelTable* table);
@@ -56,17 +56,17 @@ public:
     }
 
 signals:
-    /// Nobody listens, which is meant: the log and the host's status line tell of a failure.
+    /// Deliberate: nobody is connected; the log and the host's status line report a failure.
     void error(const QString& title, const QString& message);
 
 protected:
     WorkshiftDialog(QWidget* parent, int flag);
 
-    /// Ties the shared parts to the form that the derived dialog has set up; \a property is what the templates on
-    /// offer have to carry, \a apply the button that Ctrl+Enter presses.
+    /// Connects the shared parts to the form of the derived dialog; templates must have the property \a
+    /// property, and Ctrl+Enter presses the button \a apply.
     void setUpForm(QTableWidget* crew, TemplatesWidget* templates, TemplateFiller* filler,
                    const QString& property, QPushButton* apply);
-    /// The widget beside the text that has to be put right before the button can be pressed; null when none has.
+    /// The widget outside the text that must be corrected before the button can be pressed; null if none.
     virtual QWidget* wrongField() const { return nullptr; }
     /// The times and the crew that the user has chosen; no values when they are as at the beginning.
     virtual KeptTexts::Values chosen() const = 0;
@@ -78,9 +78,9 @@ protected:
     KeptTexts::Values chosenCrew(const QStringList& workers, const QString& times) const;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    /// Escape closes, as everywhere; what was typed for the template is offered again.
+    /// Escape closes the dialog, as everywhere; the text typed for the template is offered again.
     void keyPressEvent(QKeyEvent* event) override;
-    /// What keeps the text from being written, in a sentence; empty when nothing does.
+    /// Why the text cannot be written, in a sentence; empty if it can.
     QString missingText() const;
 
     CModelTable* table(const QString& name) const { return m_tables.value(name); }
@@ -88,19 +88,20 @@ protected:
     QTextCodec* codec() const;
     CVrkCliMod* module() const;
 
-    /// Shows a template's text in the filler; \a signature is for the log line of a template without text.
+    /// Shows a template's text in the filler; \a signature is used in the log line about a template without
+    /// text.
     void reloadTemplateText(MDRData* record, const QString& signature);
     /// Lets the user add a worker of the department to the crew.
     void addWorker();
     void removeWorkers();
-    /// Back to the crew that a fresh dialog starts with.
+    /// Resets the crew to that of a fresh dialog.
     virtual void clearWorkers() = 0;
     virtual void updateWorkshiftControls() = 0;
 
-    /// The crew as rows of LogbookWorkersWorkshift; posts one row a worker.
+    /// Adds the crew as rows of LogbookWorkersWorkshift, one for each worker.
     void addCrewRows(CRowBatch& batch, const QByteArray& workshiftKey, bool opening) const;
-    /// The record about opening or closing, with the filled template as its text. \a pairs gets the field names and
-    /// the values as the log shows them.
+    /// The record about opening or closing, with the filled template as its text. \a pairs receives the
+    /// field names and the values in the form of the log.
     void addRecord(CRowBatch& batch, const QByteArray& workshiftKey, double time, QStringList* pairs) const;
     bool send(const char* table, const CRowBatch& batch) const;
 
@@ -120,9 +121,9 @@ private:
 
     QTableWidget* m_crewView = nullptr;
     QPushButton* m_apply = nullptr;
-    QString m_property; ///< of the templates on offer
+    QString m_property; ///< required property of the templates
     QMap<QString, CModelTable*> m_tables;
 };
 
-/// A number as the log shows it.
+/// A number in the form of the log.
 QString logNumber(double number);

@@ -13,7 +13,7 @@ namespace Ui
 class WorkshiftInfoDialog;
 }
 
-/// Shows a workshift: its interval, who opened and who closed it, everybody who belongs to it.
+/// Shows a workshift: its interval, who opened and closed it, and all its workers.
 class WorkshiftInfoDialog : public CPopTemplate
 {
     Q_OBJECT
@@ -25,11 +25,11 @@ public:
 
     void setWorkersTable(CModelTable* table) { m_workers = table; }
     void setWorkshiftsTable(CModelTable* table) { m_workshifts = table; }
-    /// The rows of the workshift shown.
+    /// The rows of the shown workshift.
     void setWorkersWorkshiftTable(CModelTable* table) { m_crewRows = table; }
     void setRolesTable(CModelTable* table) { m_roles = table; }
     void setWorkersRoleTable(CModelTable* table) { m_workerRoles = table; }
-    /// The workshift of the next showing, a record of the workshifts table; null shows nothing.
+    /// The workshift to show next, a record of the workshifts table; null shows nothing.
     void setWorkshiftRecord(MDRData* record);
 
 protected:
@@ -44,7 +44,7 @@ private:
     CModelTable* m_crewRows = nullptr;
     CModelTable* m_roles = nullptr;
     CModelTable* m_workerRoles = nullptr;
-    QByteArray m_workshiftKey; ///< not the record: the table may be loaded again while the dialog is open
+    QByteArray m_workshiftKey; ///< not the record: the table may be reloaded while the dialog is open
     CrewTable* m_crew = nullptr;
     std::unique_ptr<Ui::WorkshiftInfoDialog> m_form;
 };

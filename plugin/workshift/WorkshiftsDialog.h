@@ -10,7 +10,7 @@ namespace Ui
 class WorkshiftsDialog;
 }
 
-/// Chooses a closed workshift of a department; the list is read at each showing.
+/// Chooses a closed workshift of a department; the list is read each time the dialog is shown.
 class WorkshiftsDialog : public CPopTemplate
 {
     Q_OBJECT
