@@ -499,7 +499,7 @@ private slots:
         pane.editor()->close();
     }
 
-    void whatIsGoneIsNotDeletedInItsNeighboursPlace()
+    void theNeighbourOfADeletedRowIsNotDeleted()
     {
         const TestStore store;
         Pane pane(store);
