@@ -18,7 +18,7 @@ class VrkTableTool;
 
 namespace Field
 {
-/// Of the list alone: a sum of RecordRules::Lack.
+/// Only in this list: a combination of RecordRules::Lack.
 inline constexpr NumberField lacks("lacks");
 } // namespace Field
 

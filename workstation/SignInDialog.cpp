@@ -131,8 +131,8 @@ void SignInDialog::loginChosen()
     m_form->noticeLabel->setText(refusal);
     m_isKnown = refusal.isEmpty();
     departmentChosen();
-    layout()->activate(); // else it knows the former names only
-    // So that the longest name is visible; the size of a window that was not shown yet says nothing.
+    layout()->activate(); // otherwise the layout knows only the former names
+    // So that the longest name is visible; the size of a window that was not shown yet is meaningless.
     resize(isVisible() ? size().expandedTo(sizeHint()) : sizeHint());
 }
 

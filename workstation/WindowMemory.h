@@ -18,7 +18,7 @@ class VrkTableTool;
 class WindowMemory
 {
 public:
-    /// From now on the window can be made no smaller than is useful.
+    /// From now on the window has a minimum size at which it is usable.
     WindowMemory(QMainWindow* window, const QString& user, const QString& module);
 
     /// Restores the window's place before it is shown. False if nothing is remembered: then it is only made

@@ -21,7 +21,7 @@ void EventRow::copyTo(MDRData* record, Which which, CVrkCliSes* session) const
             continue;
         MDRVar value;
         MDRGetVal(field, row, &value);
-        // The handle is of the event's type: it names a position.
+        // The handle belongs to the event's type: only its position is used.
         if (session && value.isNull && field->type == mdr_TBlob)
             MDRSetBlobSource(
                 field, record, 0,

@@ -25,7 +25,7 @@ bool hasLongWord(const QTextDocument& document)
     return false;
 }
 
-/// Comes before the document is laid out.
+/// Called before the document is laid out.
 void fit(QTextDocument* document)
 {
     QTextOption option = document->defaultTextOption();

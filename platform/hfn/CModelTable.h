@@ -17,7 +17,7 @@ public:
     CMDArray data;
 };
 
-/// The first record with this key, in order of entry. Null when there is none, without a table, and for a null or an empty
-/// key.
+/// The first record with this key, in order of entry. Null if there is none, without a table, and for a
+/// null or an empty key.
 VRK_EXPORT MDRData* recordByKeyLink(const CModelTable* table, const char* key);
 VRK_EXPORT MDRData* recordByKeyLink(const CMDArray& array, const char* key);

@@ -1,14 +1,13 @@
 #pragma once
 
-/// The fields of all tables, each once. A descriptor table is a list of them, and code names a field by its constant, so
-/// that a misspelt one does not compile.
+/// The fields of all tables, each defined once. A descriptor table is a list of them, and code names a
+/// field by its constant, so a misspelt name does not compile.
 
 #include "MDArray.h"
 
 #include <array>
 
-/// A field that is known when the program is compiled: a row of a descriptor table. It reads as its name where a name is
-/// asked for.
+/// A field known at compile time: a row of a descriptor table. It converts to its name.
 template <MDRType Type>
 struct TypedField : MDRFieldDescr {
     /// \a width in bytes, for fields of type mdr_TChar.
@@ -27,14 +26,14 @@ using RealField = TypedField<mdr_TDouble>;
 using NumberField = TypedField<mdr_TInt32>;
 using FlagField = TypedField<mdr_TBool>;
 
-/// The names of fields of any types, to go through one after another.
+/// The names of fields of any types, for loops.
 template <class... Fields>
 constexpr std::array<const char*, sizeof...(Fields)> fieldNames(const Fields&... fields)
 {
     return {fields.name...};
 }
 
-/// The constants bear the names that the fields have in the store.
+/// The constants have the names of the fields in the store.
 namespace Field
 {
 constexpr std::uint8_t keyWidth = 32;

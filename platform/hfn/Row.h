@@ -5,8 +5,9 @@
 
 #include <QTextCodec>
 
-/// Reads the fields of a record by the constants of Fields.h. A null record and a field that the record does not have read
-/// as absent. It copies nothing: the record must outlive the row, and the result of bytes() is valid until the record changes.
+/// Reads the fields of a record by the constants of Fields.h. A null record and a missing field read as
+/// absent. It copies nothing: the record must outlive the row, and the result of bytes() is valid until the
+/// record changes.
 class Row
 {
 public:
@@ -14,7 +15,7 @@ public:
     /// A stand-alone record with the description of its fields, such as that of a change event.
     Row(const MDRData* record, const MDRRecordType* type) : m_record(record), m_type(type) {}
 
-    /// The value of any field; its type is mdr_TNone when there is no such field.
+    /// The value of any field; its type is mdr_TNone if there is no such field.
     MDRVar value(const char* field) const
     {
         MDRVar value;
@@ -37,7 +38,7 @@ public:
         else
             return MDRValue::hasText(value(field));
     }
-    /// The bytes of a text in the code page of the session, without a copy; empty when absent.
+    /// The bytes of a text in the code page of the session, without a copy; empty if absent.
     template <MDRType Type>
     QByteArray bytes(const TypedField<Type>& field) const
     {
@@ -55,13 +56,13 @@ public:
     {
         return codec->toUnicode(bytes(field));
     }
-    /// An HfnTime; 0 when absent.
+    /// An HfnTime; 0 if absent.
     double time(const RealField& field) const
     {
         const MDRVar time = value(field);
         return MDRValue::hasTime(time) ? time.value.real : 0.0;
     }
-    /// A number; \a absent for null and where there is no such field.
+    /// A number; \a absent for null and a missing field.
     int number(const NumberField& field, int absent) const
     {
         const MDRVar number = value(field);

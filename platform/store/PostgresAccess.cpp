@@ -29,7 +29,8 @@ const char closeScript[] =
     "REVOKE CREATE ON SCHEMA public FROM PUBLIC;\n"
     "END $$";
 
-// Only what a new database gives to everybody: lo_import and lo_export reach the server's files and are nobody's there.
+// Only what a new database grants to everybody: lo_import and lo_export access the server's files and are
+// granted to nobody there.
 const char reopenScript[] =
     "DO $$ DECLARE thing text; BEGIN\n"
     "EXECUTE format('REVOKE CONNECT ON DATABASE %1$I FROM vrk_client; '\n"

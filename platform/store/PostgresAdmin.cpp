@@ -233,8 +233,9 @@ bool runTool(const char* name, const QStringList& arguments, const QString& url,
     return false;
 }
 
-/// Restores the copy at this program's version, with its own history and the access of a store. The database is closed
-/// before the copy is read, which takes a while, and again afterwards, because the copy brings grants of its own.
+/// Restores the copy at this program's version, with its own history and the access of a store. The
+/// database is closed before the copy is read, which takes a while, and again afterwards, because the copy
+/// contains its own grants.
 bool putBack(PgConnection& link, const QString& url, const QString& copy, StoreError* error)
 {
     QVector<StoreAdmin::Finding> findings;

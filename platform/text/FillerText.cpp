@@ -16,7 +16,7 @@ QColor blended(const QColor& base, const QColor& over, qreal part)
                             mix(base.blueF(), over.blueF()));
 }
 
-constexpr int lettersShown = 100000; ///< some fifty pages; more takes seconds to lay out, at every key
+constexpr int lettersShown = 100000; ///< some fifty pages; laying out more would take seconds at every key
 
 const QColor warm(0xe0, 0x8a, 0x00);
 } // namespace

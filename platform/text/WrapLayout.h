@@ -3,8 +3,8 @@
 #include <QLayout>
 #include <QVector>
 
-/// Puts widgets beside each other, as wide as they want to be, and goes on in a new line where there is no more room.
-/// Owns its items.
+/// Places widgets side by side at their preferred widths, and continues in a new line when there is no more
+/// space. Owns its items.
 class WrapLayout : public QLayout
 {
     Q_OBJECT
@@ -22,12 +22,12 @@ public:
     int heightForWidth(int width) const override { return arrange(QRect(0, 0, width, 0), false); }
     /// All in one line.
     QSize sizeHint() const override;
-    /// The widest one alone.
+    /// The size of the widest item.
     QSize minimumSize() const override;
     void setGeometry(const QRect& rect) override;
 
 private:
-    /// The height that the items take in the width of \a rect; \a isMoving puts them there.
+    /// The height of the items at the width of \a rect; \a isMoving also places them there.
     int arrange(const QRect& rect, bool isMoving) const;
 
     QVector<QLayoutItem*> m_items;

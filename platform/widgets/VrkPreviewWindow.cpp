@@ -80,7 +80,7 @@ VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
     connect(m_preview, &QPrintPreviewWidget::previewChanged, this, &VrkPreviewWindow::updatePageLabel);
     addActions();
     const int em = fontMetrics().height();
-    const QSize room = screen()->availableSize() * 9 / 10; // the frame and the title bar take some of it
+    const QSize room = screen()->availableSize() * 9 / 10; // the frame and the title bar need some of it
     resize(QSize(70 * em, 48 * em).boundedTo(room));
 }
 

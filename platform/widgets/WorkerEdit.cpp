@@ -50,7 +50,8 @@ void WorkerEdit::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::EnabledChange)
-        m_line->setClearButtonEnabled(isEnabled()); // where nothing can be cleared its button would mislead
+        // if nothing can be cleared the button would be misleading
+        m_line->setClearButtonEnabled(isEnabled());
 }
 
 void WorkerEdit::setModule(CVrkCliMod* module)

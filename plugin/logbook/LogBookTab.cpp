@@ -121,7 +121,7 @@ void LogBookTab::dropAnnex()
 {
     delete m_paneRoom;
     m_paneRoom = nullptr;
-    // First: a question or a dialog that goes lets a row become current that has waited for it.
+    // First: closing a question or a dialog lets a waiting row become current.
     delete m_tableTool;
     m_tableTool = nullptr;
     m_filesPane.reset();

@@ -62,9 +62,9 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
 
-    /// That of these tables which an event is about, or null.
+    /// The table of an event among these, or null.
     static CModelTable* tableOf(const TEventNciParse* event, std::initializer_list<CModelTable*> tables);
-    /// The record that a comment or a file belongs to, or null.
+    /// The record of a comment or a file, or null.
     static MDRData* recordOf(const CModelTable& records, const Row& attachment);
     /// Copies the marked fields of the event's row to \a record, field by position, and posts it. Returns
     /// the posted record; null if nothing changes.

@@ -43,7 +43,7 @@ LogBookWidget::LogBookWidget(QWidget* parent)
 LogBookWidget::~LogBookWidget()
 {
     dropAnnex();
-    // They belong to the module's window, but hold tables of this page.
+    // They belong to the module's window, but use tables of this page.
     for (QWidget* dialog : std::initializer_list<QWidget*>{
              m_openWorkshift, m_closeWorkshift, m_workshiftInfo, m_workshiftsDialog, m_dateTimeRange,
              m_appendWorker, m_recordCreator, m_secondMarker, m_timeExecution, m_report, m_orgStruct})

@@ -215,7 +215,7 @@ private:
     /// The event belongs to the department of this page. Compares table names with case, unlike the
     /// dispatch.
     bool isSuitableNCI(TEventNciParse* event);
-    /// The department of a workshift that is loaded here; empty when it is not.
+    /// The department of a loaded workshift; empty if it is not loaded.
     QByteArray departmentOf(const QByteArray& workshiftKey) const;
     CModelTable* eventTable(const TEventNciParse* event);
     bool insertRow(TEventNciParse* event);

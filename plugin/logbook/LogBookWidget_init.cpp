@@ -161,7 +161,8 @@ void LogBookWidget::createSmallDialogs()
     m_report->setWorkersTable(m_location->table(QLatin1String(LogbookTable::Workers)));
 }
 
-/// Deliberate: the entry is never disabled, so that the dialog opens on any record; only its look follows the record.
+/// Deliberate: the entry is never disabled, so the dialog opens on any record; only its look follows the
+/// record.
 void LogBookWidget::updateSecondMarkAction()
 {
     const QString path = secondMarkIconPath();

@@ -115,7 +115,7 @@ KeptTexts::Values CloseWorkshiftDialog::chosen() const
         return {};
     KeptTexts::Values values = chosenCrew(workers, time.toString(QStringLiteral("dd.MM.yyyy hh:mm")));
     values.insert(QStringLiteral("workshift"), QString::fromUtf8(m_workshiftKey));
-    if (time != m_proposed) // otherwise "now" is right at any showing
+    if (time != m_proposed) // otherwise "now" is right each time the dialog is shown
         values.insert(QStringLiteral("time"), time.toString(Qt::ISODate));
     return values;
 }

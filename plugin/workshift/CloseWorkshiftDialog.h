@@ -52,6 +52,6 @@ private:
 
     QByteArray m_workshiftKey;
     bool m_approveDraftRecords = false;
-    QDateTime m_proposed; ///< the time of the event that the dialog began with
+    QDateTime m_proposed; ///< the initial time of the event in the dialog
     std::unique_ptr<Ui::CloseWorkshiftDialog> m_form;
 };

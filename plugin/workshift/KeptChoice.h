@@ -7,31 +7,32 @@
 class KeptDraft;
 class NoticeBar;
 
-/// What the user has chosen in a dialog and that is written nowhere yet. It is kept while he chooses; a later showing
-/// offers it in a line at the head of the dialog.
+/// The user's choice in a dialog that is not saved yet. It is kept while he chooses; the next time the
+/// dialog is shown it is offered in a line at the top.
 class KeptChoice : public QObject
 {
     Q_OBJECT
 
 public:
-    /// How the choice gets out of the dialog and back into it. Values hold a "caption".
+    /// Functions that read the choice from the dialog and set it again. Values contain a "caption".
     struct Hooks {
         std::function<KeptTexts::Values()> read;              ///< no values: nothing is chosen
-        std::function<bool(const KeptTexts::Values&)> isOver; ///< nobody needs this choice any more
+        std::function<bool(const KeptTexts::Values&)> isOver; ///< this choice is no longer needed
         std::function<void(const KeptTexts::Values&)> take;
     };
 
-    /// \a dialog has a vertical layout. \a offer is the text of the line, with a place for the caption.
+    /// \a dialog must have a vertical layout. \a offer is the text of the line, with a placeholder for the
+    /// caption.
     KeptChoice(QWidget* dialog, const QString& offer, Hooks hooks);
 
     void setPlace(const QString& place);
-    /// The dialog is shown, as it is at its beginning: offers what was kept. From now on the choice is read.
+    /// The dialog is shown in its initial state: offers a kept choice. From now on the choice is read.
     void begin();
     /// The choice may have changed.
     void touch();
-    /// The choice was written or given up. Nothing is read until begin().
+    /// The choice was saved or dropped. Nothing is read until begin().
     void forget();
-    /// The choice is left to the next showing. Nothing is read until begin().
+    /// The choice is kept for the next time. Nothing is read until begin().
     void leave();
 
 private:

@@ -188,7 +188,7 @@ void OpenWorkshiftDialog::setInterval(const std::pair<QDateTime, QDateTime>& int
 KeptTexts::Values OpenWorkshiftDialog::chosen() const
 {
     QStringList workers = m_crew->workerKeys();
-    workers.removeAll(m_workerKey); // he is always in it
+    workers.removeAll(m_workerKey); // he is always included
     const std::pair<QDateTime, QDateTime> interval(start(), end());
     if (workers.isEmpty() && interval == m_proposed)
         return {};

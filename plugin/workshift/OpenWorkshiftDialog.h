@@ -79,7 +79,7 @@ private:
 
     QString m_organizationKey;
     QDateTime m_lastWorkshiftEnd;               ///< invalid if unknown
-    std::pair<QDateTime, QDateTime> m_proposed; ///< the interval that the dialog began with
+    std::pair<QDateTime, QDateTime> m_proposed; ///< the initial interval of the dialog
     int m_longestShift = 0;                     ///< in seconds; 0 if unknown
     std::unique_ptr<Ui::OpenWorkshiftDialog> m_form;
 };

@@ -139,7 +139,7 @@ void WorkshiftDialog::reloadTemplates()
 
 void WorkshiftDialog::closeEvent(QCloseEvent* event)
 {
-    m_kept->leave(); // before the crew goes
+    m_kept->leave(); // before the crew is cleared
     clearWorkers();
     m_templates->clearSelection();
     CPopTemplate::closeEvent(event);

@@ -49,7 +49,7 @@ public:
     void MessageData(TEventNciParse* event);
     void reloadTemplates();
 
-    /// Where times and crew are kept; \a property is that of the templates on offer.
+    /// The place of kept times and crew; \a property is that of the available templates.
     static QString keptPlace(const QString& property, const QString& department)
     {
         return QStringLiteral("shift/%1/%2").arg(property, department);
@@ -68,13 +68,13 @@ protected:
                    const QString& property, QPushButton* apply);
     /// The widget outside the text that must be corrected before the button can be pressed; null if none.
     virtual QWidget* wrongField() const { return nullptr; }
-    /// The times and the crew that the user has chosen; no values when they are as at the beginning.
+    /// The times and the crew that the user has chosen; no values if they are unchanged.
     virtual KeptTexts::Values chosen() const = 0;
-    /// Times and crew that were chosen earlier fit no more.
+    /// Times and crew that were chosen earlier are no longer valid.
     virtual bool isOver(const KeptTexts::Values& kept) const = 0;
     /// Chooses these times again; the crew has been chosen.
     virtual void chooseTimes(const KeptTexts::Values& kept) = 0;
-    /// These workers as values of chosen(), with a caption that names the times, too.
+    /// These workers as values of chosen(), with a caption that also names the times.
     KeptTexts::Values chosenCrew(const QStringList& workers, const QString& times) const;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;

@@ -310,7 +310,7 @@ void Restore_test::aFailedRestoreLeavesAccessAsItWas()
     const QStringList arguments{QStringLiteral("--format=custom"), QStringLiteral("--file=") + dump,
                                 QStringLiteral("--dbname=") + cluster.url(QStringLiteral("foreigner"))};
     QCOMPARE(QProcess::execute(QStringLiteral("pg_dump"), arguments), 0);
-    // The server's answer to a statement that fails is all that exec() hands on.
+    // exec() returns only the server's answer to a failed statement.
     const auto ofAll = [&] {
         return cluster.exec(
             QStringLiteral(

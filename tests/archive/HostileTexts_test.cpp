@@ -33,7 +33,8 @@
 
 namespace
 {
-/// A named pipe: opening it to read waits until somebody writes. This one releases the reader after a moment and reports it.
+/// A named pipe: opening it for reading waits for a writer. This one releases the reader after a moment and
+/// reports it.
 class Pipe
 {
 public:
@@ -43,7 +44,7 @@ public:
             qFatal("no pipe");
         m_thread = std::thread([this] {
             while (!m_isOver) {
-                // Opens only while somebody waits at the other end.
+                // Opens only while a reader waits at the other end.
                 const int end = ::open(m_path.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
                 if (end >= 0) {
                     m_isOpened = true;
@@ -364,15 +365,15 @@ void HostileTexts_test::converterShowsTextsAsTheyAre()
     look();
     window.findChild<QPushButton*>(QStringLiteral("convertButton"))->click();
     look();
-    // Every tag is taken for the name of a parameter that is missing.
+    // Every tag is taken for the name of a missing parameter.
     const QString report = window.findChild<QTextEdit*>(QStringLiteral("infoEdit"))->toPlainText();
     for (const char* line :
          {"\n<b>\n", "\n<img src=\"//srv/share/a.png\">\n", "\n<a href=\"javascript:x()\">\n"})
         QVERIFY2(report.contains(QLatin1String(line)), qPrintable(report));
 }
 
-/// What is shown nowhere needs a reason: no template here has a field for equipment, base parameters are offered by
-/// their names, and the name of a login stands in the window around the modules.
+/// Texts that are shown nowhere need a reason: no template here has a field for equipment, base parameters
+/// are offered by their names, and the name of a login is shown in the window around the modules.
 void HostileTexts_test::everyTextIsMetSomewhere()
 {
     QSet<QString> unseen = m_written;
@@ -384,8 +385,8 @@ void HostileTexts_test::everyTextIsMetSomewhere()
     QCOMPARE(names.join(QLatin1Char(' ')), QString());
 }
 
-/// Five megabytes in one word, in one line of words, and a NUL in the middle. Processor time is measured, which other
-/// programs do not lengthen.
+/// Five megabytes in one word, in one line of words, and with a NUL in the middle. Processor time is
+/// measured, which does not depend on other programs.
 void HostileTexts_test::endlessLinesAndNulFreezeNoWindow()
 {
     const TestStore store;
@@ -426,7 +427,7 @@ void HostileTexts_test::endlessLinesAndNulFreezeNoWindow()
          [&] { creator->findChild<TemplatesWidget*>()->selectTemplate(QStringLiteral("TPL_TEXT")); });
     creator->hide();
     step("report", [&] { desk->home().showReportDialog(); });
-    // A tenth of it at most; the sanitizers are several times slower.
+    // At most a tenth of it; the sanitizers are several times slower.
     QVERIFY2(longest < 10, qPrintable(QString::fromLatin1(slowest) + QString::number(longest)));
 }
 

@@ -339,7 +339,7 @@ void EditorGuardTest::theProgramsCharacterIsFittedAtTheNextEdit()
     QCOMPARE(line->text(), QStringLiteral("-> б"));
 }
 
-/// Only such lines are laid out in a time that does not grow with the square of the word's length.
+/// Only with such lines the layout time does not grow with the square of the word's length.
 template <class Edit>
 void EditorGuardTest::typeVeryLongWord()
 {
@@ -358,7 +358,7 @@ void EditorGuardTest::typeVeryLongWord()
     QCOMPARE(edit->toPlainText(), QStringLiteral("word ") + word);
     edit->undo();
     QCOMPARE(mode(*edit), QTextOption::WrapAtWordBoundaryOrAnywhere);
-    edit->setPlainText(QStringLiteral("a word ").repeated(2000)); // only words are long, not texts
+    edit->setPlainText(QStringLiteral("a word ").repeated(2000)); // only words are too long, not texts
     QCOMPARE(mode(*edit), QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 

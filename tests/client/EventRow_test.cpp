@@ -3,7 +3,7 @@
 
 #include <QTest>
 
-/// What a change event says gets into a table.
+/// Change events are copied into tables.
 class EventRow_test : public QObject
 {
     Q_OBJECT

@@ -76,7 +76,7 @@ private slots:
         write(store, QStringLiteral("petrov"), "REC_MESSAGE", "COM_READ_AT_ONCE", TestStore::now());
         QCOMPARE(desk.takeCalls(), QStringList());
         QCOMPARE(desk.window.unreadComments(), 2);
-        // It is unread again: it counts, but it is not new.
+        // It is unread again: it is counted, but it is not new.
         QVERIFY(TestStore::write(store.openLoader().get(), "LogbookComments", ROW_UPDATE, "COM_READ_AT_ONCE",
                                  {{"readedTime", QVariant()}}));
         QCOMPARE(desk.takeCalls(), QStringList());
@@ -133,7 +133,7 @@ private slots:
         ivanov.deliver();
         QCOMPARE(calls.count(), 0);
         QTRY_COMPARE(calls.count(), 1);
-        // What was called stays called, and what is gone meanwhile calls nobody.
+        // Announced comments stay announced, and removed ones are not announced.
         plan->failedSelects = 2;
         write(store, QStringLiteral("petrov"), "REC_MESSAGE", "COM_GONE");
         write(store, QStringLiteral("petrov"), "REC_SUCCESSOR", "COM_STAYS");

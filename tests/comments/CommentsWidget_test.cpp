@@ -406,7 +406,8 @@ private slots:
         const TestStore store;
         Desk desk(store);
         const auto* rows = qobject_cast<const VrkTableDelegate*>(desk.view()->itemDelegate());
-        QVERIFY(rows && rows->dayLine(0).isValid()); // the first day too: the records are of all shifts
+        // also for the first day: the records belong to all shifts
+        QVERIFY(rows && rows->dayLine(0).isValid());
     }
 
     void marksTheRecordsThatHaveFiles()

@@ -28,7 +28,7 @@ private slots:
         QCOMPARE(row.number(Field::status, -1), int(StatusDeleted));
     }
 
-    void whatIsNotThereReadsAsAbsent()
+    void missingFieldsReadAsAbsent()
     {
         CRowBatch batch(LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields));
         const MDRData* record = batch.RecPost(batch.newRow(ROW_INSERT, "CREW_1"));

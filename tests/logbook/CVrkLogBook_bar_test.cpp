@@ -73,7 +73,8 @@ private:
         desk.deliver();
     }
 
-    /// What of the bar can be pressed: the entries of the shift, and the other buttons, each with its entries.
+    /// The parts of the bar that can be pressed: the entries of the shift, and the other buttons, each with
+    /// its entries.
     static QString pressable(JournalWindow& desk)
     {
         QStringList words;
@@ -109,7 +110,7 @@ private:
         }
         return words.join(QLatin1Char(' '));
     }
-    /// A record that may be executed, in a shift of the department below, with Ivanov in its crew.
+    /// A record that may be executed, in a shift of the subordinate department, with Ivanov in its crew.
     static void workBelow(const TestStore& store)
     {
         const auto loader = store.openLoader();
@@ -137,7 +138,8 @@ private slots:
         QTest::addColumn<QByteArray>("record");
         QTest::addColumn<QString>("offers");
         const QByteArray none;
-        // Of the three menus: whether the button is on, and the entries for the current record, mine and all.
+        // For the three menus: whether the button is enabled, and the entries for the current record, mine
+        // and all.
         QTest::newRow("a colleague's draft")
             << QByteArray("ivanov") << none << "" << QByteArray("REC_DRAFT_PETROV")
             << "close add info shift new +cma +cma +a";
@@ -163,7 +165,7 @@ private slots:
                                   << "open shift - - -";
         QTest::newRow("own records only") << QByteArray("smirnov") << QByteArray("DEP_ZAR") << ""
                                           << QByteArray("REC_ZAR") << "close add info shift new done +c - -";
-        // In other departments the entries of deletion and approval stay as they were at home.
+        // In other departments the entries of deletion and approval keep their state of the home tab.
         QTest::newRow("a shift below") << QByteArray("ivanov") << none << "DEP_ZAR" << QByteArray("REC_ZAR")
                                        << "info shift -cma -ma +ca";
         QTest::newRow("no shift elsewhere")

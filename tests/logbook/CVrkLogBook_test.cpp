@@ -583,7 +583,8 @@ void CVrkLogBook_test::aQuestionDoesNotHoldTheControlsBack()
     m_client->deliver();
     QCOMPARE(Row(home()->currentRecord()).key(), QByteArray("REC_OPENING"));
     QVERIFY(action("approveAllRecordsAction")->isEnabled());
-    m_window.reset(); // the row that waits for the answer does not become current in a page that goes
+    // the row that waits for the answer does not become current in a page that is being closed
+    m_window.reset();
 }
 
 void CVrkLogBook_test::timeAndReportComeBackWithAJournal()

@@ -477,7 +477,7 @@ private slots:
         pane.editor()->close();
         pane.doubleClick(0);
         QVERIFY(pane.editor()->isVisible());
-        QVERIFY(!pane.notice()->isVisible()); // it is the comment itself that is changed
+        QVERIFY(!pane.notice()->isVisible()); // the comment itself is changed
     }
 
     void aTextThatComesBackNamesItsRecord()

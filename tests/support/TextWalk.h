@@ -24,8 +24,8 @@
 class TextWalk
 {
 public:
-    /// A text that looks like markup and turns the direction of what follows, marked with its \a origin; \a file is one
-    /// that nobody may open.
+    /// A text that looks like markup and changes the direction of the following text, marked with its \a
+    /// origin; \a file is one that nobody may open.
     static QString of(const QString& origin, const QString& file)
     {
         return QStringLiteral("<b>МЕТКА %1;</b> Р&Р <img src=\"%2\"><img src=\"//srv/share/a.png\">"

@@ -334,7 +334,7 @@ void CloseWorkshiftDialog_test::chosenTimeAndTakersAreOfferedAgain()
     KeptTexts* texts = KeptTexts::of(m_window.get());
     const QString place =
         CloseWorkshiftDialog::keptPlace(QStringLiteral("close_wshift"), QStringLiteral("DEP_CDS"));
-    texts->keep(place, {{QStringLiteral("workshift"), QStringLiteral("SHIFT_OTHER")}}); // it is over
+    texts->keep(place, {{QStringLiteral("workshift"), QStringLiteral("SHIFT_OTHER")}}); // it has ended
     request("Нет");
     QVERIFY(texts->offered(place).isEmpty());
     const auto edit = [this](const char* name) {
@@ -463,7 +463,7 @@ void CloseWorkshiftDialog_test::aNewWorkerComesToTheStructure()
     };
     QVERIFY(!known());
     auto* input = dialog()->findChild<QWidget*>(QStringLiteral("parameterInput_0"));
-    typeText(input, QStringLiteral("нов")); // the fields have read the workers by now
+    typeText(input, QStringLiteral("нов")); // the fields have loaded the workers by now
     for (int i = 0; i < 3; ++i)
         QTest::keyClick(input, Qt::Key_Backspace);
     QVERIFY(TestStore::write(

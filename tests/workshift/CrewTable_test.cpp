@@ -119,7 +119,7 @@ private slots:
         structure(journal)->close();
         adding->close();
         journal.requestClosing(QDialogButtonBox::NoRole);
-        journal.choose(journal.closing(), "WORKER_SIDOROVA"); // the same structure serves this dialog
+        journal.choose(journal.closing(), "WORKER_SIDOROVA"); // this dialog uses the same organization tree
         QCOMPARE(JournalWindow::childOf<QTableWidget>(journal.closing(), "workersTable")->rowCount(), 1);
     }
 

@@ -217,7 +217,7 @@ private slots:
         JournalWindow journal(store, QStringLiteral("ivanov"));
         journal.trigger("openWorkshiftAction");
         JournalWindow::type(journal.opening(), 0,
-                            QStringLiteral("нов")); // the fields have read the workers by now
+                            QStringLiteral("нов")); // the fields have loaded the workers by now
         QVERIFY(TestStore::write(
             store.openLoader().get(), "Workers", ROW_INSERT, "WORKER_NOVIKOV",
             {{"lastName", QStringLiteral("Новиков")}, {"DepartmentKey", "DEP_CDS"}, {"deleted_", 0}}));

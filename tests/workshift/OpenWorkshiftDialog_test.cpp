@@ -228,7 +228,7 @@ void OpenWorkshiftDialog_test::showsTheTimetableOfTheDepartment()
     const auto* time = m_dialog->findChild<QTimeEdit*>(QStringLiteral("startTimeEdit"));
     QCOMPARE(time->time().toString(QStringLiteral("hh:mm")), shown.mid(6, 5));
 
-    // Rows of other departments are none of this one's.
+    // Rows of other departments do not belong to this one.
     m_dialog->close();
     m_dialog->setDepartmentKey(QStringLiteral("DEP_ODS"));
     m_dialog->show();
@@ -343,7 +343,7 @@ void OpenWorkshiftDialog_test::theShiftMayNotBeginBeforeTheLastOneEnded()
     shifts()->setFocus();
     QTest::keyClick(shifts(), Qt::Key_Return, Qt::ControlModifier);
     QCOMPARE(m_dialog->focusWidget()->objectName(), QStringLiteral("startDateEdit"));
-    // The button follows the interval also where the text does not.
+    // The button follows the interval even if the text does not.
     m_dialog->findChild<QCheckBox*>(QStringLiteral("changeTemplateCheck"))->click();
     setStart(allowed);
     QVERIFY(applyButton()->isEnabled());
@@ -382,7 +382,7 @@ void OpenWorkshiftDialog_test::withoutAnEarlierShiftAnyStartWillDo()
     QVERIFY(!applyButton()->isEnabled());
     QCOMPARE(reported(), QStringLiteral("Начало смены должно быть раньше конца"));
     m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(QDate(2001, 1, 1));
-    QVERIFY(!applyButton()->isEnabled()); // a shift of no length
+    QVERIFY(!applyButton()->isEnabled()); // an empty shift
     m_dialog->findChild<QDateEdit*>(QStringLiteral("endDateEdit"))->setDate(QDate(2001, 1, 2));
     QVERIFY(applyButton()->isEnabled());
 }
@@ -435,7 +435,7 @@ void OpenWorkshiftDialog_test::reportsADepartmentWithoutTemplates()
     QTRY_COMPARE(QApplication::activeWindow(), m_dialog);
     shifts()->setFocus();
     QTest::keyClick(shifts(), Qt::Key_Return, Qt::ControlModifier);
-    QCOMPARE(m_dialog->focusWidget(), shifts()); // there is nothing to go to
+    QCOMPARE(m_dialog->focusWidget(), shifts()); // there is no field to go to
 }
 
 void OpenWorkshiftDialog_test::escapeClosesIt()
@@ -535,7 +535,7 @@ void OpenWorkshiftDialog_test::chosenIntervalAndCrewAreOfferedAgain()
                 values = text.values;
         return values;
     };
-    QVERIFY(heldHere().isEmpty()); // as it began
+    QVERIFY(heldHere().isEmpty()); // as at the beginning
     const QDateTime from(QDate::currentDate().addDays(1), QTime(6, 30));
     setStart(from);
     choose("WORKER_PETROV");

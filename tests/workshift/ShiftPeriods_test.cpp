@@ -19,8 +19,8 @@
 #include <QTest>
 #include <QToolButton>
 
-/// What period a page shows, what is reported of its shift, and workers added to the running one: through the dialogs, over a
-/// real store.
+/// The period of a page, the information about its shift, and workers added to the running one: through the
+/// dialogs, on a real store.
 class ShiftPeriods_test : public QObject
 {
     Q_OBJECT
@@ -396,7 +396,8 @@ private slots:
         }
         TestJournal journal(store);
         KeptTexts* texts = KeptTexts::of(&journal.module());
-        values[QStringLiteral("workers")] += QStringLiteral("\nWORKER_PETROV"); // who is in the shift by now
+        // those who are in the shift by now
+        values[QStringLiteral("workers")] += QStringLiteral("\nWORKER_PETROV");
         texts->keep(place, values);
         auto other = values;
         other.insert(QStringLiteral("workshift"), QStringLiteral("SHIFT_OTHER"));

@@ -189,7 +189,7 @@ void Workstation_users_test::theDialogAsksForUserAndDepartment()
     CVrkCliMod* window = m_host->startModule(QStringLiteral("logbook"));
     QVERIFY(window);
     QVERIFY(window->findChild<QLabel*>(QStringLiteral("userLabel"))->text().endsWith(chosen));
-    QCOMPARE(spare, QSize(0, 0)); // no larger than what it shows
+    QCOMPARE(spare, QSize(0, 0)); // no larger than its content
     QCOMPARE(cut, 0);
 }
 

@@ -47,7 +47,8 @@ class DeskProbePlugin : public QGenericPlugin
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "deskprobe.json")
 
 public:
-    /// Nothing for an application without widgets: with such a one the program only looks at the screens, in a child.
+    /// Nothing for an application without widgets: the program uses one only to examine the screens, in a
+    /// child process.
     QObject* create(const QString&, const QString& socket) override
     {
         return qobject_cast<QApplication*>(QCoreApplication::instance()) ? new DeskProbe(socket) : nullptr;
