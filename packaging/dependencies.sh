@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a step needs and that are not installed yet: dependencies.sh
 # build|test|check|fuzz ...
+# The lists are read by their names.
+# shellcheck disable=SC2034
 set -euo pipefail
 
 tour="xvfb xauth"
@@ -8,7 +10,7 @@ build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclara
        fonts-dejavu-core fonts-liberation tzdata ca-certificates"
 test="sqlite3 python3 postgresql openssl poppler-utils"
 desk="xvfb x11-xkb-utils openbox python3-xlib"
-check="clang-format-14 git"
+check="clang-format-14 git shellcheck pyflakes3"
 clock="faketime"
 fuzz="clang-14 libclang-rt-14-dev"
 bench="libbenchmark-dev"

@@ -520,6 +520,4 @@ def monkey_step(seat, dice):
         seat.calm()
         seat.look("resized")
     else:
-        inner, frame = windows[-1].rect, windows[-1].frame
-        bar = inner[1] - frame[1]
         seat.close_by_frame(windows[-1])
