@@ -97,7 +97,7 @@ bool SqliteStore::ready(StoreError* error)
 bool SqliteStore::leaveLog(SqliteConnection::Place place, StoreError* error)
 {
     if (place == SqliteConnection::LogGone) {
-        qWarning("bool SqliteStore::ready(StoreError*) the log beside the store's file was removed: %s",
+        qWarning("bool SqliteStore::ready(StoreError*) the log of the store's file was removed: %s",
                  qUtf8Printable(m_file));
         return !m_write || m_write->emptyLog(error); // we still have it open
     }
