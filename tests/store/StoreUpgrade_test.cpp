@@ -4,9 +4,11 @@
 #include "TestFolder.h"
 #include "TestStore.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QProcess>
 #include <QTest>
+#include <QUrl>
 
 /// Stores of earlier program versions, in tests/store/former, upgraded to this version.
 class StoreUpgrade_test : public QObject
@@ -49,6 +51,25 @@ class StoreUpgrade_test : public QObject
         run(QStringLiteral("psql"),
             {QStringLiteral("-q"), QStringLiteral("-v"), QStringLiteral("ON_ERROR_STOP=1"), m_url},
             base + QStringLiteral(".postgresql.sql"));
+    }
+    /// The SHA-256 of all definitions in a schema, as hexadecimal digits.
+    QString schemaDigest(const QString& url)
+    {
+        const QString file = QUrl(url).path();
+        QProcess process;
+        if (TestStore::isSqlite())
+            process.start(QStringLiteral("sqlite3"), {file, QStringLiteral(".schema")});
+        else
+            process.start(QStringLiteral("pg_dump"),
+                          {QStringLiteral("--schema-only"), QStringLiteral("--no-owner"), url});
+        if (!process.waitForFinished(60000) || process.exitCode() != 0)
+            qFatal("%s", process.readAllStandardError().constData());
+        QCryptographicHash hash(QCryptographicHash::Sha256);
+        for (const QByteArray& line : process.readAllStandardOutput().split('\n'))
+            // Of the dump only what defines something: comments and commands name the programs that made it.
+            if (!line.startsWith("--") && !line.startsWith('\\') && !line.startsWith("SET "))
+                hash.addData(line.trimmed());
+        return QString::fromLatin1(hash.result().toHex());
     }
     StoreError refusal()
     {
@@ -150,6 +171,25 @@ private slots:
         QCOMPARE(present.value(QStringLiteral("SELECT count(*) FROM ChangeLog")).toInt(), changes);
         m_url = present.url();
         QCOMPARE(faults(), QStringList());
+    }
+
+    void aChangedSchemaIsANewVersion()
+    {
+        const TestStore fresh;
+        const int version = StoreAdmin::version(fresh.url(), &m_error);
+        const QString found = QStringLiteral("%1 %2 %3")
+                                  .arg(version)
+                                  .arg(QLatin1String(TestStore::isSqlite() ? "sqlite" : "postgresql"),
+                                       schemaDigest(fresh.url()));
+        QFile list(QFINDTESTDATA("schema-of-versions.txt"));
+        QVERIFY(list.open(QIODevice::ReadOnly));
+        const QStringList pinned = QString::fromUtf8(list.readAll()).split(QLatin1Char('\n'));
+        QVERIFY2(
+            pinned.contains(found),
+            qPrintable(
+                QStringLiteral("Stores of this version exist already, and no upgrade would reach them: add a "
+                               "step and raise the version. The line of the new version is: ") +
+                found));
     }
 
     void anUpgradeThatFailsChangesNothing()
