@@ -91,10 +91,16 @@ VrkPreviewWindow::~VrkPreviewWindow()
 
 void VrkPreviewWindow::addActions()
 {
-    QToolBar* bar = addToolBar(tr("Просмотр"));
-    bar->setObjectName(QStringLiteral("previewBar"));
-    bar->setMovable(false);
-    const auto add = [this, bar](const char* name, const QString& text, const QKeySequence& key, auto slot) {
+    const auto addBar = [this](const char* name, const QString& title) {
+        QToolBar* added = addToolBar(title);
+        added->setObjectName(QLatin1String(name));
+        added->setMovable(false);
+        return added;
+    };
+    m_bar = addBar("previewBar", tr("Просмотр"));
+    m_pageBar = addBar("pageBar", tr("Страницы"));
+    QToolBar* bar = m_bar;
+    const auto add = [this, &bar](const char* name, const QString& text, const QKeySequence& key, auto slot) {
         QAction* action = bar->addAction(text, this, slot);
         action->setObjectName(QLatin1String(name));
         action->setShortcut(key);
@@ -118,7 +124,7 @@ void VrkPreviewWindow::addActions()
     add("fitPageAction", tr("Страница целиком"), QKeySequence(), [this] { m_preview->fitInView(); });
     add("zoomInAction", tr("Крупнее"), QKeySequence::ZoomIn, [this] { m_preview->zoomIn(); });
     add("zoomOutAction", tr("Мельче"), QKeySequence::ZoomOut, [this] { m_preview->zoomOut(); });
-    bar->addSeparator();
+    bar = m_pageBar;
     add("previousPageAction", tr("Назад"), QKeySequence(Qt::ALT + Qt::Key_PageUp),
         [this] { m_preview->setCurrentPage(m_preview->currentPage() - 1); });
     bar->addWidget(m_pageLabel);
@@ -128,6 +134,24 @@ void VrkPreviewWindow::addActions()
     closeAction->setShortcut(Qt::Key_Escape);
     connect(closeAction, &QAction::triggered, this, &QWidget::close);
     addAction(closeAction);
+}
+
+/// The buttons for pages go into a row of their own where the window is too narrow for one.
+void VrkPreviewWindow::arrangeBars()
+{
+    const bool isNarrow = m_bar->sizeHint().width() + m_pageBar->sizeHint().width() > width();
+    if (isNarrow == toolBarBreak(m_pageBar))
+        return;
+    if (isNarrow)
+        insertToolBarBreak(m_pageBar);
+    else
+        removeToolBarBreak(m_pageBar);
+}
+
+void VrkPreviewWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    arrangeBars();
 }
 
 bool VrkPreviewWindow::setTable(const VrkPreviewTable& table)
@@ -147,6 +171,7 @@ int VrkPreviewWindow::pageCount() const
 void VrkPreviewWindow::updatePageLabel()
 {
     m_pageLabel->setText(tr(" Страница %1 из %2 ").arg(m_preview->currentPage()).arg(m_preview->pageCount()));
+    arrangeBars(); // the label may have become longer
 }
 
 bool VrkPreviewWindow::paintPages(QPrinter* printer)

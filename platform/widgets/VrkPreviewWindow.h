@@ -9,6 +9,7 @@
 class QLabel;
 class QPrinter;
 class QPrintPreviewWidget;
+class QToolBar;
 
 /// The preview: pages as they will be printed, with printing and saving as PDF.
 class VrkPreviewWindow : public QMainWindow
@@ -38,6 +39,9 @@ public:
     /// is unchanged.
     bool savePdf(const QString& file);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     /// Shows progress for many rows; false if the user cancelled; the pages painted so far remain.
     bool paintPages(QPrinter* printer);
@@ -45,10 +49,13 @@ private:
     void askPdf();
     void addActions();
     void updatePageLabel();
+    void arrangeBars();
 
     VrkPreviewPages m_pages;
     std::unique_ptr<QPrinter> m_printer;
     QPrintPreviewWidget* m_preview;
+    QToolBar* m_bar = nullptr;
+    QToolBar* m_pageBar = nullptr;
     QLabel* m_pageLabel;
     bool m_isCancelled = false; ///< refers to the last painting
 };

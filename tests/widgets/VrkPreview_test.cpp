@@ -19,6 +19,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolBar>
 
 namespace
 {
@@ -574,6 +575,25 @@ private slots:
         press("printAction");
         VrkPreviewWindow::asking() = real;
         QCOMPARE(begins("paper.pdf"), QByteArray("%PDF-"));
+    }
+
+    void aNarrowWindowShowsAllItsButtons()
+    {
+        Setup s(3);
+        VrkPreview preview;
+        preview.setView(&s.view);
+        preview.showDocument();
+        auto* bar = window()->findChild<QToolBar*>(QStringLiteral("previewBar"));
+        auto* pages = window()->findChild<QToolBar*>(QStringLiteral("pageBar"));
+        auto* next = window()->findChild<QAction*>(QStringLiteral("nextPageAction"));
+        const int needed = bar->sizeHint().width() + pages->sizeHint().width();
+        for (const bool isWide : {true, false, true}) {
+            window()->resize(needed + (isWide ? 40 : -40), window()->height());
+            QTRY_COMPARE(pages->y() == bar->y(), isWide);
+            QTRY_VERIFY(pages->widgetForAction(next)->isVisible());
+            QVERIFY(pages->rect().contains(pages->widgetForAction(next)->geometry()));
+        }
+        window()->close();
     }
 
     void theWindowShowsPagesAndSavesThemAsPdf()
