@@ -299,7 +299,10 @@ void StatusLine::showMessage()
             text += tr(" (и ещё %1)").arg(reported.size() - 1);
     }
     m_messageLabel->setText(text);
-    m_messageLabel->setToolTip(reported.isEmpty() ? m_notice : reported.join(QLatin1Char('\n')));
+    QStringList tips;
+    for (const QString& one : reported.isEmpty() ? QStringList(m_notice) : reported)
+        tips << ShownText::tip(one);
+    m_messageLabel->setToolTip(tips.join(QLatin1Char('\n')));
 
     // A colour in addition to the words: legible on light and dark backgrounds.
     m_messageLabel->setStyleSheet(

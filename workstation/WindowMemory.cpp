@@ -44,6 +44,17 @@ bool isUseful(const QList<int>& sizes)
                        [](int size) { return size >= leastPane && size <= largestPane; });
 }
 
+/// A damaged file may hold a rectangle that is too large to compute with.
+bool isPossible(const QRect& frame)
+{
+    constexpr int farthest = 100000; // no desktop is that large
+    for (const int edge : {frame.left(), frame.top(), frame.right(), frame.bottom()}) {
+        if (edge < -farthest || edge > farthest)
+            return false;
+    }
+    return frame.isValid();
+}
+
 /// The window may get its size later: the splitter sets the sizes at the length for which they were saved,
 /// then adapts them as if the user had resized the window.
 void setSizes(QSplitter* splitter, const QList<int>& sizes)
@@ -105,7 +116,7 @@ bool WindowMemory::restorePlace()
     const QRect frame = settings.value(key(QStringLiteral("frame"))).toRect();
     if (!m_window)
         return false;
-    if (!frame.isValid()) {
+    if (!isPossible(frame)) {
         const QScreen* screen = m_window->screen();
         m_window->resize(
             m_window->size().boundedTo(screen ? screen->availableSize() - usualFrame : m_window->size()));

@@ -135,7 +135,7 @@ private slots:
         QCOMPARE(own.value(1).toInt(), 0);
     }
 
-    // Whatever a table is, and whoever comes
+    // Any table, any login
 
     void everyLoginReadsEveryTable_data()
     {
