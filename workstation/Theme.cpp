@@ -4,8 +4,11 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QPointer>
 #include <QSettings>
 #include <QStyle>
+#include <QVector>
+#include <QWidget>
 
 namespace
 {
@@ -56,6 +59,24 @@ QPalette darkPalette()
     palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x45, 0x4A, 0x52));
     return palette;
 }
+
+/// Widgets with a style sheet, and those inside of them, keep their palette until the sheet is set again.
+void colourWidgetsWithSheets()
+{
+    QVector<QPointer<QWidget>> widgets;
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (!widget->styleSheet().isEmpty())
+            widgets.append(widget);
+    }
+    for (const QPointer<QWidget>& widget : qAsConst(widgets)) {
+        if (!widget)
+            continue;
+        const QString sheet = widget->styleSheet();
+        widget->setStyleSheet(QString());
+        widget->setStyleSheet(sheet);
+    }
+}
+
 /// Without a style of the desktop, Qt's plain one is used: replace it by ours. Colours of the desktop are
 /// kept.
 void drawPlainStyleOurWay()
@@ -81,6 +102,7 @@ bool Theme::apply(const QString& name)
         // A style of the desktop would mix in its own colours.
         QApplication::setStyle(new ThemeStyle); // the application owns it
         QApplication::setPalette(dark ? darkPalette() : lightPalette());
+        colourWidgetsWithSheets();
     }
     inForce() = name;
     return true;

@@ -3,12 +3,16 @@
 #include "../support/TestFolder.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QImage>
+#include <QLabel>
 #include <QPainter>
 #include <QPalette>
 #include <QSettings>
 #include <QStyle>
 #include <QStyleOption>
+#include <QTableWidget>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -22,6 +26,7 @@ private slots:
 
     void anUnknownThemeChangesNothing();
     void lightAndDarkColourTheWholeApplication();
+    void aSwitchReachesWidgetsWithStyleSheets();
     void systemLeavesTheColours();
     void dimTextsAreLegible_data();
     void dimTextsAreLegible();
@@ -62,6 +67,25 @@ void Theme_test::lightAndDarkColourTheWholeApplication()
     QVERIFY(Theme::apply(QStringLiteral("light")));
     QVERIFY(lightness(QPalette::Base) > 192 && lightness(QPalette::Text) < 64);
     QCOMPARE(QApplication::style()->objectName(), QStringLiteral("fusion"));
+}
+
+void Theme_test::aSwitchReachesWidgetsWithStyleSheets()
+{
+    QVERIFY(Theme::apply(QStringLiteral("light")));
+    QTabWidget tabs;
+    tabs.setStyleSheet(QStringLiteral("QTabBar::close-button { width: 9px; }"));
+    auto* page = new QTableWidget(2, 2);
+    tabs.addTab(page, QStringLiteral("ЦДС"));
+    QLabel label(QStringLiteral("Смена открыта"));
+    label.setStyleSheet(QStringLiteral("border: 2px solid green;"));
+    tabs.show();
+    label.show();
+    for (const bool isDark : {true, false, true}) {
+        QVERIFY(Theme::apply(isDark ? QStringLiteral("dark") : QStringLiteral("light")));
+        QCOMPARE(page->palette().color(QPalette::Base).lightness() < 128, isDark);
+        QCOMPARE(page->horizontalHeader()->palette().color(QPalette::Button).lightness() < 128, isDark);
+        QCOMPARE(label.palette().color(QPalette::WindowText).lightness() > 128, isDark);
+    }
 }
 
 void Theme_test::systemLeavesTheColours()
