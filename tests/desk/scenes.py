@@ -158,7 +158,8 @@ def dialogs(desk):
     before = len(records(seat.tree()))
     if not seat.tree().one("createCommentButton", inside="homeLogbook"):
         seat.press("F4")
-        select_record(seat, "течь масла")  # the keyboard went to the panes
+        seat.wait(lambda tree: "additionalTab" in tree.focus_path(), "the panes to take the keyboard")
+        select_record(seat, "течь масла")
     shift = lambda entry: seat.drop("workshiftButton", entry)
     leave_both_ways(seat, "RecordCreatorDialog", lambda: seat.press("Ctrl+N"))
     leave_both_ways(seat, "RecordCreatorDialog", lambda: seat.click(next(r for r in records(seat.tree()) if r["current"]), times=2))
