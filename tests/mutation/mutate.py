@@ -414,6 +414,25 @@ def try_behaviours(build, path, names, jobs):
     return count > 0 and 100 * caught >= Behaviours.wanted * count
 
 
+def stale(build, paths):
+    """Prints each entry of the lists that names a place or a test that no longer exists; returns their number."""
+    tests, count = set(known_tests(build)), 0
+    for path in paths:
+        for name, words in blocks(path):
+            missing = [test for test in words["tests"].split() if test not in tests]
+            try:
+                if "old" in words:
+                    place_of(words, ROOT / words["file"])
+                elif not (ROOT / words["file"]).exists():
+                    raise Stale(f"there is no {words['file']}")
+                if missing:
+                    raise Stale(f"there is no {' '.join(missing)}")
+            except Stale as why:
+                count += 1
+                print(f"{path.relative_to(ROOT)}: {name}: {why}")
+    return count
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("globs", nargs="*", default=["platform/hfn/*.cpp"], help="sources, relative to the root")
@@ -422,11 +441,15 @@ def main():
     parser.add_argument("--build-dir", default="build/dev", help="a configured build with tests")
     parser.add_argument("--safeguards", metavar="FILE", help="take away what a list names; NAMEs choose some of them")
     parser.add_argument("--behaviours", metavar="LIST", help="try the changes of a list, or of the lists in a folder")
+    parser.add_argument("--stale", action="store_true", help="only say which entries of all lists no longer fit")
     parser.add_argument("-j", type=int, default=2, dest="jobs", help="behaviours tried at the same time (default 2)")
     options = parser.parse_args()
     build = str((ROOT / options.build_dir).resolve())
     os.environ.pop("VRK_LONG", None)  # each change is tested by the daily tests
     names = options.globs if options.globs != parser.get_default("globs") else []
+    if options.stale:
+        folder = ROOT / "tests/mutation"
+        sys.exit(1 if stale(build, [folder / "safeguards.txt", *sorted(folder.glob("behaviours/*.txt"))]) else 0)
     if options.behaviours:
         sys.exit(0 if try_behaviours(build, ROOT / options.behaviours, names, options.jobs) else 1)
     if options.safeguards:
