@@ -2,7 +2,7 @@
 """Checks whether the tests notice changes: changes one line of the sources at a time, builds the tests of its room,
 runs them, and lists the changes that no test caught.
 
-    tests/mutation/mutate.py --count 20 --seed 1 --build-dir build/dev 'platform/hfn/*.cpp' 'plugin/logbook/*.cpp'
+    tests/mutation/mutate.py --count 20 --seed 1 --build-dir build/dev 'platform/hfn/*.cpp' 'plugin/journal/*.cpp'
     tests/mutation/mutate.py --safeguards tests/mutation/safeguards.txt --build-dir build/dev [NAME...]
 
 The room of a source is its folder; its tests have the folder's name as their label. A change that does not compile is

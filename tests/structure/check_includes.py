@@ -3,21 +3,37 @@
 
 A floor of the platform includes itself and the floors below it; the plug-ins include the platform above the store and
 nothing of each other; the host includes the platform above the store and no header of a plug-in; the admin tool includes hfn,
-store and demo.
+store and demo. The rooms of the journal's plug-in are floors, too. A form counts as the header that is made of it.
 """
 import pathlib
 import re
 import sys
+
+ABOVE_STORE = {"platform/hfn", "platform/client", "platform/text", "platform/widgets"}
+
+
+def plugin(*rooms):
+    return ABOVE_STORE | {f"plugin/{room}" for room in rooms}
+
 
 ALLOWED = {
     "platform/hfn": {"platform/hfn"},
     "platform/store": {"platform/hfn", "platform/store"},
     "platform/client": {"platform/hfn", "platform/store", "platform/client"},
     "platform/text": {"platform/hfn", "platform/client", "platform/text"},
-    "platform/widgets": {"platform/hfn", "platform/client", "platform/text", "platform/widgets"},
-    "plugin": {"platform/hfn", "platform/client", "platform/text", "platform/widgets", "plugin"},
-    "archive": {"platform/hfn", "platform/client", "platform/text", "platform/widgets", "archive"},
-    "workstation": {"platform/hfn", "platform/client", "platform/text", "platform/widgets", "workstation"},
+    "platform/widgets": ABOVE_STORE,
+    "plugin/base": plugin("base"),
+    "plugin/records": plugin("base", "records"),
+    "plugin/workshift": plugin("base", "records", "workshift"),
+    "plugin/comments": plugin("base", "records", "comments"),
+    "plugin/dialogs": plugin("base", "records", "dialogs"),
+    "plugin/journal": plugin("base", "records", "workshift", "dialogs", "journal"),
+    "plugin/templates": plugin("base", "templates"),
+    "plugin/converter": plugin("base", "converter"),
+    "plugin/window": plugin("base", "records", "workshift", "comments", "dialogs", "journal", "templates", "converter",
+                            "window"),
+    "archive": ABOVE_STORE | {"archive"},
+    "workstation": ABOVE_STORE | {"workstation"},
     "demo": {"platform/hfn", "platform/store", "platform/text", "demo"},
     "admin": {"platform/hfn", "platform/store", "demo", "admin"},
 }
@@ -30,28 +46,39 @@ def room_of(path):
     return None
 
 
+def provided(path):
+    """The name under which others include the file; None for a source."""
+    if path.suffix == ".ui":
+        return f"ui_{path.stem}.h"
+    return path.name if path.suffix == ".h" else None
+
+
 def main(root):
-    sources = [p for room in ALLOWED for p in (root / room).rglob("*") if p.suffix in (".h", ".cpp")]
+    files = {}
     rooms = {}
     faults = []
-    for path in sources:
-        if path.suffix == ".h":
-            room = room_of(path.relative_to(root).as_posix())
-            if path.name in rooms:
-                faults.append(f"two headers are called {path.name}: in {rooms[path.name]} and {room}")
-            rooms[path.name] = room
+    for house in sorted({room.split("/")[0] for room in ALLOWED}):
+        for path in (root / house).rglob("*"):
+            if path.suffix not in (".h", ".cpp", ".ui"):
+                continue
+            room = files[path] = room_of(path.relative_to(root).as_posix())
+            if room is None:
+                faults.append(f"{path.relative_to(root)} belongs to no room")
+            header = provided(path)
+            if header in rooms:
+                faults.append(f"two headers are called {header}: in {rooms[header]} and {room}")
+            if header:
+                rooms[header] = room
     count = 0
-    for path in sources:
+    sources = {path: room for path, room in files.items() if room and path.suffix != ".ui"}
+    for path, room in sources.items():
         name = path.relative_to(root).as_posix()
-        room = room_of(name)
         for line in path.read_text(encoding="utf-8").splitlines():
             match = re.match(r'\s*#\s*include\s+"([^"]+)"', line)
             if not match:
                 continue
             count += 1
             included = match.group(1).split("/")[-1]
-            if included.startswith("ui_") or included.endswith(".moc") or included.startswith("moc_"):
-                continue
             owner = rooms.get(included)
             if owner and owner not in ALLOWED[room]:
                 faults.append(f"{name} includes {included} of {owner}")
