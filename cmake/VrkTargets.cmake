@@ -1,8 +1,8 @@
 # Functions of this build.
 #
-#   vrk_floor(NAME USES floor... LINKS target... PUBLIC header...)
-#       One floor of the platform, from all sources of the current folder: the object library vrk_NAME with
-#       its folder as include directory. It sees the headers of the floors it USES, and of no others. The
+#   vrk_floor(NAME ROOMS folder... USES floor... LINKS target... PUBLIC header...)
+#       One floor of the platform, from all sources of the current folder and its ROOMS: the object library
+#       vrk_NAME with these folders as include directories. It sees the headers of the floors it USES, and of no others. The
 #       PUBLIC headers are installed for plug-ins.
 #
 #   vrk_testing_library(NAME floor...)
@@ -11,11 +11,16 @@
 #       Never link it into a program that also links the shared libraries.
 
 function(vrk_floor name)
-    cmake_parse_arguments(ARG "" "" "USES;LINKS;PUBLIC" ${ARGN})
-    file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h"
-         "${CMAKE_CURRENT_SOURCE_DIR}/*.ui" "${CMAKE_CURRENT_SOURCE_DIR}/*.qrc")
+    cmake_parse_arguments(ARG "" "" "ROOMS;USES;LINKS;PUBLIC" ${ARGN})
+    list(TRANSFORM ARG_ROOMS PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE folders)
+    list(PREPEND folders "${CMAKE_CURRENT_SOURCE_DIR}")
+    set(patterns)
+    foreach(folder IN LISTS folders)
+        list(APPEND patterns "${folder}/*.cpp" "${folder}/*.h" "${folder}/*.ui" "${folder}/*.qrc")
+    endforeach()
+    file(GLOB sources CONFIGURE_DEPENDS ${patterns})
     add_library(vrk_${name} OBJECT ${sources})
-    target_include_directories(vrk_${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+    target_include_directories(vrk_${name} PUBLIC ${folders})
     foreach(floor IN LISTS ARG_USES)
         target_include_directories(vrk_${name} PRIVATE
             "$<TARGET_PROPERTY:vrk_${floor},INTERFACE_INCLUDE_DIRECTORIES>")

@@ -5,8 +5,8 @@ runs them, and lists the changes that no test caught.
     tests/mutation/mutate.py --count 20 --seed 1 --build-dir build/dev 'platform/hfn/*.cpp' 'plugin/journal/*.cpp'
     tests/mutation/mutate.py --safeguards tests/mutation/safeguards.txt --build-dir build/dev [NAME...]
 
-The room of a source is its folder; its tests have the folder's name as their label. A change that does not compile is
-replaced by another one. Some survivors have no visible effect (a hint of a size, an order that does not matter): each
+The room of a source is its folder, or the floor that the folder divides; its tests have this name as their label. A
+change that does not compile is replaced by another one. Some survivors have no visible effect (a hint of a size, an order that does not matter): each
 needs a decision, either a missing test or a reason why none can be written.
 
 A list of safeguards contains the changes, each with the tests that must fail with it; its head explains the notation.
@@ -466,7 +466,7 @@ def main():
     for path, number, old, new in choices:
         if caught + len(survivors) == options.count:
             break
-        room = path.parent.name
+        room = path.relative_to(ROOT).parts[:-1][:2][-1]
         if room not in rooms:
             rooms[room] = Tests(build, room)
             names = rooms[room].names

@@ -3,12 +3,18 @@
 
 A floor of the platform includes itself and the floors below it; the plug-ins include the platform above the store and
 nothing of each other; the host includes the platform above the store and no header of a plug-in; the admin tool includes hfn,
-store and demo. The rooms of the journal's plug-in are floors, too. A form counts as the header that is made of it.
+store and demo. The rooms of the journal's plug-in and of the store are floors, too. A form counts as the header that is made of it.
+A file belongs to the longest entry that matches its path, so an entry may also be a single file.
 """
 import pathlib
 import re
 import sys
 
+SCHEMA = {"platform/hfn", "platform/store/schema"}
+STORE = SCHEMA | {"platform/store"}  # what both engines share
+SQLITE = STORE | {"platform/store/sqlite"}
+POSTGRES = STORE | {"platform/store/postgres"}
+STORE_ADMIN = STORE | {"platform/store/admin"}
 ABOVE_STORE = {"platform/hfn", "platform/client", "platform/text", "platform/widgets"}
 
 
@@ -18,8 +24,13 @@ def plugin(*rooms):
 
 ALLOWED = {
     "platform/hfn": {"platform/hfn"},
-    "platform/store": {"platform/hfn", "platform/store"},
-    "platform/client": {"platform/hfn", "platform/store", "platform/client"},
+    "platform/store/schema": SCHEMA,
+    "platform/store": STORE,
+    "platform/store/sqlite": SQLITE,
+    "platform/store/postgres": POSTGRES,
+    "platform/store/Store.cpp": SQLITE | POSTGRES,  # opens a store of either engine
+    "platform/store/admin": SQLITE | POSTGRES | STORE_ADMIN,
+    "platform/client": STORE | {"platform/client"},
     "platform/text": {"platform/hfn", "platform/client", "platform/text"},
     "platform/widgets": ABOVE_STORE,
     "plugin/base": plugin("base"),
@@ -34,16 +45,14 @@ ALLOWED = {
                             "window"),
     "archive": ABOVE_STORE | {"archive"},
     "workstation": ABOVE_STORE | {"workstation"},
-    "demo": {"platform/hfn", "platform/store", "platform/text", "demo"},
-    "admin": {"platform/hfn", "platform/store", "demo", "admin"},
+    "demo": STORE_ADMIN | {"platform/text", "demo"},
+    "admin": STORE_ADMIN | {"demo", "admin"},
 }
 
 
 def room_of(path):
-    for room in ALLOWED:
-        if path.startswith(room + "/"):
-            return room
-    return None
+    rooms = [room for room in ALLOWED if path == room or path.startswith(room + "/")]
+    return max(rooms, key=len, default=None)
 
 
 def provided(path):

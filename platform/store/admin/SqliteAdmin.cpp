@@ -2,10 +2,12 @@
 
 #include "CodePage.h"
 #include "GenGuid32.h"
+#include "SchemaScript.h"
 #include "SqliteCheck.h"
 #include "SqliteConnection.h"
 #include "SqliteSchema.h"
 #include "SqliteTransaction.h"
+#include "StoreErrors.h"
 #include "StorePlace.h"
 
 #include <QDateTime>
@@ -78,7 +80,7 @@ bool finishCopy(const QString& copy, StoreError* error)
     const auto connection = SqliteConnection::open(copy, SqliteConnection::Upgrade, deadlineMs, error);
     if (!connection)
         return false;
-    const bool isPresent = versionOf(*connection) == SqliteSchema::version;
+    const bool isPresent = versionOf(*connection) == SchemaScript::version;
     if (isPresent && (!connection->exec("BEGIN IMMEDIATE", error) || !logged(*connection, error, [&] {
             return setProperty(*connection, "epoch", GenGuid32(), error);
         }) || !connection->exec("COMMIT", error)))
@@ -130,10 +132,10 @@ bool SqliteAdmin::upgrade(const QString& file, StoreError* error)
         return false;
     const int from = versionOf(*connection);
     if (from < 1) {
-        *error = SqliteSchema::versionError(from, file);
+        *error = StoreErrors::version(from, file);
         return false; // not a store of any program
     }
-    return from == SqliteSchema::version ||
+    return from == SchemaScript::version ||
            (SqliteSchema::upgrade(*connection, from, error) && connection->exec("COMMIT", error));
 }
 

@@ -5,6 +5,9 @@
 /// The scripts of the schema, and the rules for writes of persons, which are written once for both engines.
 namespace SchemaScript
 {
+/// The version of the schema that this program writes and reads.
+constexpr int version = 4;
+
 /// A file of the folder schema; empty if it does not exist.
 QByteArray file(const char* name);
 

@@ -2,9 +2,9 @@
 
 #include "PostgresAdmin.h"
 #include "PostgresDoctor.h"
+#include "SchemaScript.h"
 #include "SqliteAdmin.h"
 #include "SqliteConnection.h"
-#include "SqliteSchema.h"
 #include "SqliteWal.h"
 #include "StoreUrl.h"
 
@@ -56,7 +56,7 @@ StoreError obstacleTo(const QString& copy)
 
 int StoreAdmin::schemaVersion()
 {
-    return SqliteSchema::version;
+    return SchemaScript::version;
 }
 
 bool StoreAdmin::init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone,

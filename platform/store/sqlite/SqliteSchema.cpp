@@ -84,7 +84,7 @@ namespace
 {
 bool takeSteps(SqliteConnection& connection, int from, StoreError* error)
 {
-    for (int step = from + 1; step <= SqliteSchema::version; ++step) {
+    for (int step = from + 1; step <= SchemaScript::version; ++step) {
         if (!connection.exec(SchemaScript::file(qPrintable(
                                  QStringLiteral("sqlite-%1.sql").arg(step, 4, 10, QLatin1Char('0')))),
                              error))
@@ -101,7 +101,7 @@ bool makeRules(SqliteConnection& connection, StoreError* error)
     for (const CatalogTable& table : TableCatalog::loggedTables())
         rules += SqliteSchema::logTriggers(table);
     rules += "PRAGMA application_id = " + QByteArray::number(SqliteConnection::ApplicationId) +
-             "; PRAGMA user_version = " + QByteArray::number(SqliteSchema::version) + ";";
+             "; PRAGMA user_version = " + QByteArray::number(SchemaScript::version) + ";";
     return connection.exec(rules, error);
 }
 
@@ -177,25 +177,4 @@ bool SqliteSchema::rebuildSearch(SqliteConnection& connection, StoreError* error
             "INSERT INTO RecordWords (RecordWords) VALUES ('rebuild');" +
             triggers,
         error);
-}
-
-StoreError SqliteSchema::versionError(int storeVersion, const QString& file)
-{
-    if (storeVersion > version)
-        return {
-            StoreError::TooNew,
-            QString::fromUtf8("Хранилище «%1» создано более новой программой: нужна версия схемы %2, а эта "
-                              "программа знает версию %3.")
-                .arg(file)
-                .arg(storeVersion)
-                .arg(version),
-            QString()};
-    if (storeVersion < version)
-        return {StoreError::TooOld,
-                QString::fromUtf8("Хранилище «%1» версии %2 нужно обновить до версии %3: vrk-admin upgrade.")
-                    .arg(file)
-                    .arg(storeVersion)
-                    .arg(version),
-                QString()};
-    return StoreError();
 }

@@ -2,8 +2,8 @@
 
 #include "ChangeRow.h"
 #include "RecordWords.h"
-#include "SqliteSchema.h"
 #include "SqliteWal.h"
+#include "StoreErrors.h"
 
 #include <algorithm>
 #include <QDir>
@@ -204,7 +204,7 @@ bool SqliteConnection::setUp(Mode mode, StoreError* error)
                       QStringLiteral("application_id %1").arg(marks.integer(0))};
             return false;
         }
-        *error = SqliteSchema::versionError(static_cast<int>(marks.integer(1)), m_file);
+        *error = StoreErrors::version(static_cast<int>(marks.integer(1)), m_file);
         const bool isOlderTaken = mode == Upgrade || mode == ReadOlder;
         if (*error && (!isOlderTaken || error->code != StoreError::TooOld))
             return false;

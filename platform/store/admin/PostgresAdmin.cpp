@@ -8,7 +8,7 @@
 #include "PostgresObjects.h"
 #include "PostgresSchema.h"
 #include "PostgresStrangers.h"
-#include "SqliteSchema.h"
+#include "StoreErrors.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -170,7 +170,7 @@ bool PostgresAdmin::upgrade(const QString& url, StoreError* error)
     const int version = link ? PostgresSchema::versionOf(*link, error) : -1;
     if (version < 0)
         return false;
-    *error = SqliteSchema::versionError(version, link->place());
+    *error = StoreErrors::version(version, link->place());
     if (error->code != StoreError::TooOld)
         return !*error;
     error->clear();

@@ -12,9 +12,6 @@ struct CatalogTable;
 /// log, which are made from the catalog.
 namespace SqliteSchema
 {
-/// The version that this program writes and reads.
-constexpr int version = 4;
-
 /// Creates all tables in an empty file. Runs inside the caller's transaction.
 bool install(SqliteConnection& connection, StoreError* error);
 
@@ -24,9 +21,6 @@ bool upgrade(SqliteConnection& connection, int from, StoreError* error);
 
 /// Rebuilds the search index in the order of the records' times. Runs inside the caller's transaction.
 bool rebuildSearch(SqliteConnection& connection, StoreError* error);
-
-/// No error if a store of this version can be used.
-StoreError versionError(int storeVersion, const QString& file);
 
 /// The triggers that log every change of a table and refuse changes that bypass the store.
 QByteArray logTriggers(const CatalogTable& table);

@@ -2,7 +2,7 @@
 
 #include "GenGuid32.h"
 #include "SchemaScript.h"
-#include "SqliteSchema.h"
+#include "StoreErrors.h"
 #include "TableCatalog.h"
 
 #include <QRegularExpression>
@@ -151,7 +151,7 @@ namespace
 QByteArray stepsSql(int from)
 {
     QByteArray all;
-    for (int step = from + 1; step <= SqliteSchema::version; ++step)
+    for (int step = from + 1; step <= SchemaScript::version; ++step)
         all += SchemaScript::file(
             qPrintable(QStringLiteral("postgresql-%1.sql").arg(step, 4, 10, QLatin1Char('0'))));
     return all;
@@ -170,7 +170,7 @@ QByteArray rulesSql()
 QByteArray versionSql()
 {
     return "INSERT INTO StoreProperties (name, value) VALUES ('schema', '" +
-           QByteArray::number(SqliteSchema::version) +
+           QByteArray::number(SchemaScript::version) +
            "') ON CONFLICT (name) DO UPDATE SET value = excluded.value;\n";
 }
 
@@ -285,7 +285,7 @@ bool PostgresSchema::isOurs(PgConnection& link, StoreError* error)
     const int version = versionOf(link, error);
     if (version < 0)
         return false;
-    *error = SqliteSchema::versionError(version, link.place());
+    *error = StoreErrors::version(version, link.place());
     return !*error;
 }
 
