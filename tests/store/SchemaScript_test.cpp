@@ -7,8 +7,9 @@ class SchemaScript_test : public QObject
 {
     Q_OBJECT
 
-    const SchemaScript::Dialect m_dialect{"<%name|%operation|%table|%row%condition>", "</%name>",
-                                          "STOP(%text)", "%values[%place]"};
+    const SchemaScript::Dialect m_dialect{"engine",          "<%name|%operation|%table|%row%condition>",
+                                          "</%name>",        "STOP(%text)",
+                                          "%values[%place]", nullptr};
 
 private slots:
     void everyRuleIsTranslatedWhole()

@@ -22,32 +22,6 @@ const char rolesScript[] = "DO $$ BEGIN\n"
 const char ownerScript[] = "GRANT USAGE, CREATE ON SCHEMA public TO vrk_owner;\n"
                            "SET ROLE vrk_owner;\n";
 
-QByteArray columnType(MDRType type)
-{
-    switch (type) {
-    case mdr_TChar:
-    case mdr_TMemo:
-        return "text COLLATE \"C\"";
-    case mdr_TDouble:
-        return "double precision";
-    case mdr_TInt32:
-        return "integer";
-    case mdr_TBlob:
-        return "bytea";
-    default:
-        return "smallint";
-    }
-}
-
-QByteArray tableSql(const CatalogTable& table)
-{
-    QByteArray columns;
-    for (const CatalogField& field : table.fields)
-        columns += (columns.isEmpty() ? "    " : ",\n    ") + field.name + ' ' + columnType(field.type) +
-                   (field.name == "KeyLink" ? " PRIMARY KEY" : "");
-    return "CREATE TABLE " + table.name + " (\n" + columns + "\n);\n";
-}
-
 const char functionHead[] =
     "() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER\n"
     "    SET search_path = pg_catalog, public, pg_temp SET extra_float_digits = 1 AS $$\n";
@@ -98,10 +72,13 @@ QByteArray logSql(const CatalogTable& table)
 }
 
 const SchemaScript::Dialect dialect{
+    "postgresql",
     QByteArray("CREATE FUNCTION %name") + functionHead + "BEGIN\n    IF NOT vrk_is_loader()%condition THEN\n",
     "    END IF;\n    RETURN %row;\nEND $$;\nCREATE TRIGGER %name BEFORE %operation ON %table\n"
     "    FOR EACH ROW EXECUTE FUNCTION %name();",
-    "PERFORM vrk_refuse(%text)", "(%values::json ->> %place)::integer"};
+    "PERFORM vrk_refuse(%text)",
+    "(%values::json ->> %place)::integer",
+    logSql};
 
 QByteArray grantsSql()
 {
@@ -148,25 +125,6 @@ QByteArray PostgresSchema::rowOf(const CatalogTable& table, const QByteArray& al
 
 namespace
 {
-QByteArray stepsSql(int from)
-{
-    QByteArray all;
-    for (int step = from + 1; step <= SchemaScript::version; ++step)
-        all += SchemaScript::file(
-            qPrintable(QStringLiteral("postgresql-%1.sql").arg(step, 4, 10, QLatin1Char('0'))));
-    return all;
-}
-
-/// Functions, triggers, views and grants, for the tables as they are after the last step.
-QByteArray rulesSql()
-{
-    QByteArray all = SchemaScript::file("postgresql-log.sql") + SchemaScript::rules(dialect) +
-                     SchemaScript::file("postgresql-search.sql");
-    for (const CatalogTable& table : TableCatalog::loggedTables())
-        all += logSql(table);
-    return all + grantsSql();
-}
-
 QByteArray versionSql()
 {
     return "INSERT INTO StoreProperties (name, value) VALUES ('schema', '" +
@@ -174,13 +132,10 @@ QByteArray versionSql()
            "') ON CONFLICT (name) DO UPDATE SET value = excluded.value;\n";
 }
 
-/// Creates all objects in an empty schema.
-QByteArray objectsSql()
+/// Makes the tables of version \a from those of this one, and creates everything else.
+QByteArray objectsSql(int from)
 {
-    QByteArray all;
-    for (const CatalogTable& table : TableCatalog::tables())
-        all += tableSql(table);
-    return all + stepsSql(0) + rulesSql();
+    return SchemaScript::steps(dialect.engine, from) + SchemaScript::definitions(dialect) + grantsSql();
 }
 
 // Triggers are dropped with their functions; one drop may remove others.
@@ -237,7 +192,7 @@ bool PostgresSchema::beginLogged(PgConnection& link, StoreError* error)
 
 bool PostgresSchema::install(PgConnection& link, StoreError* error)
 {
-    return link.exec(QByteArray(rolesScript) + ownerScript + objectsSql() + versionSql() + "RESET ROLE;\n",
+    return link.exec(QByteArray(rolesScript) + ownerScript + objectsSql(0) + versionSql() + "RESET ROLE;\n",
                      error);
 }
 
@@ -245,7 +200,7 @@ bool PostgresSchema::installAside(PgConnection& link, const QByteArray& schema, 
 {
     // The scripts write the schema's name in lower case, and PUBLIC in capitals.
     const QString objects =
-        QString::fromUtf8(objectsSql())
+        QString::fromUtf8(objectsSql(0))
             .replace(QRegularExpression(QStringLiteral("\\bpublic\\b")), QString::fromLatin1(schema));
     return link.exec("CREATE SCHEMA " + schema + " AUTHORIZATION vrk_owner; SET LOCAL search_path = " +
                          schema + "; SET LOCAL ROLE vrk_owner;\n" + objects.toUtf8() + "RESET ROLE;\n",
@@ -254,7 +209,7 @@ bool PostgresSchema::installAside(PgConnection& link, const QByteArray& schema, 
 
 bool PostgresSchema::upgrade(PgConnection& link, int from, StoreError* error)
 {
-    return link.exec(QByteArray("SET ROLE vrk_owner;\n") + dropRulesScript + stepsSql(from) + rulesSql() +
+    return link.exec(QByteArray("SET ROLE vrk_owner;\n") + dropRulesScript + objectsSql(from) +
                          (from < 4 ? logOwnRowsSql() : QByteArray()) + versionSql() +
                          (from < 2 ? fillSearchScript : "") + "RESET ROLE;\n",
                      error);

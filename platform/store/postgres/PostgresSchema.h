@@ -6,9 +6,8 @@
 
 struct CatalogTable;
 
-/// The schema of a PostgreSQL store: tables and log triggers made from the catalog, the steps in
-/// schema/postgresql-NNNN.sql, the change log in schema/postgresql-log.sql, the rules of SchemaScript, the
-/// search in schema/postgresql-search.sql.
+/// The schema of a PostgreSQL store, made by the scripts of SchemaScript. The triggers of the change log are
+/// derived from the catalog.
 ///
 /// Everything belongs to the role vrk_owner, which cannot log in. Persons are members of vrk_client, which
 /// may read everything and write the tables of the catalog; members of vrk_loader may switch the rules off.

@@ -62,11 +62,19 @@ QString withLogged(QString script, const QByteArray& words)
 }
 } // namespace
 
-QByteArray SchemaScript::file(const char* name)
+QByteArray SchemaScript::file(const QByteArray& name)
 {
     registerSchema();
-    QFile file(QStringLiteral(":/vrk/store/") + QLatin1String(name));
+    QFile file(QStringLiteral(":/vrk/store/") + QString::fromLatin1(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray SchemaScript::steps(const QByteArray& engine, int from)
+{
+    QByteArray all;
+    for (int step = from + 1; step <= version; ++step)
+        all += file(engine + '-' + QByteArray::number(step).rightJustified(4, '0') + ".sql");
+    return all;
 }
 
 QByteArray SchemaScript::rules(const Dialect& dialect)
@@ -109,4 +117,13 @@ QByteArray SchemaScript::rules(const Dialect& dialect)
         end = one.capturedEnd();
     }
     return (made + script.midRef(end)).toUtf8();
+}
+
+QByteArray SchemaScript::definitions(const Dialect& dialect)
+{
+    QByteArray all =
+        file(dialect.engine + "-log.sql") + rules(dialect) + file(dialect.engine + "-search.sql");
+    for (const CatalogTable& table : TableCatalog::loggedTables())
+        all += dialect.logTriggers(table);
+    return all;
 }

@@ -2,24 +2,38 @@
 
 #include <QByteArray>
 
-/// The scripts of the schema, and the rules for writes of persons, which are written once for both engines.
+struct CatalogTable;
+
+/// The scripts of the schema. The steps and the log are written for each engine, the rules for writes of
+/// persons once for both. A store is made by steps only, whether new or upgraded.
 namespace SchemaScript
 {
 /// The version of the schema that this program writes and reads.
 constexpr int version = 4;
 
 /// A file of the folder schema; empty if it does not exist.
-QByteArray file(const char* name);
+QByteArray file(const QByteArray& name);
 
-/// The syntax of an engine's rules: the refusing statements of a rule are placed between head and end.
+/// What differs between the engines: the syntax of rules, in which the refusing statements of a rule are
+/// placed between head and tail, and the triggers of the log.
 struct Dialect {
+    QByteArray engine; ///< how the names of its files begin
     /// with "%name", "%operation", "%table", "%condition" and "%row" (NEW, or OLD for a deletion)
     QByteArray head;
     QByteArray tail;
     QByteArray refuse; ///< "%text", with its quotes
     QByteArray logged; ///< "%values" of a row of the change log, and "%place" of the wanted value
+    /// The triggers that log every change of a table and refuse changes that bypass the store.
+    QByteArray (*logTriggers)(const CatalogTable& table);
 };
+
+/// The steps from version \a from to this version. A new store is made by all steps, from 0.
+QByteArray steps(const QByteArray& engine, int from);
 
 /// schema/rules.sql and the rules of tables that persons may not write at all, as statements of an engine.
 QByteArray rules(const Dialect& dialect);
+
+/// Everything that every upgrade recreates, for the tables as they are after the last step: rules, views,
+/// functions and triggers of the log and the search.
+QByteArray definitions(const Dialect& dialect);
 } // namespace SchemaScript

@@ -1,48 +1,227 @@
--- Step 1: keys, references and indexes of the tables, which are made from the catalog before; the store's
--- own tables; the change log. Identifiers are not quoted, so the server keeps them in lower case.
+-- Step 1: the tables that the catalog declares, the store's own tables, the indexes, the change log. Texts
+-- compare as bytes. Worker keys are not references: people come and go. Identifiers are not quoted, so the
+-- server keeps them in lower case.
 
-ALTER TABLE LogbookWorkersWorkshift
-    ADD FOREIGN KEY (WorkshiftKey) REFERENCES LogbookWorkshifts ON DELETE CASCADE;
-ALTER TABLE LogbookRecords ADD FOREIGN KEY (ShiftKey) REFERENCES LogbookWorkshifts;
-ALTER TABLE LogbookComments
-    ADD FOREIGN KEY (RecordKey) REFERENCES LogbookRecords ON DELETE CASCADE,
-    -- Unset is stored as 0, so that a comparison with 0 finds the unread ones.
-    ALTER readedTime SET DEFAULT 0, ALTER readedTime SET NOT NULL;
-ALTER TABLE LogbookFiles ADD FOREIGN KEY (RecordKey) REFERENCES LogbookRecords ON DELETE CASCADE;
--- Deferred, so that a category can be moved by deleting and inserting it in one transaction.
-ALTER TABLE LogbookTemplates
-    ADD FOREIGN KEY (CategoryKey) REFERENCES LogbookCatsTemplate DEFERRABLE INITIALLY DEFERRED;
-ALTER TABLE LogbookCatsTemplate
-    ADD FOREIGN KEY (ParentKey) REFERENCES LogbookCatsTemplate DEFERRABLE INITIALLY DEFERRED;
-ALTER TABLE TemplateParamCategories
-    ADD FOREIGN KEY (ParentKey) REFERENCES TemplateParamCategories DEFERRABLE INITIALLY DEFERRED;
-ALTER TABLE TemplateParams
-    ADD FOREIGN KEY (CategoryKey) REFERENCES TemplateParamCategories DEFERRABLE INITIALLY DEFERRED;
-ALTER TABLE Users ALTER login SET NOT NULL, ADD UNIQUE (login);
-
+CREATE TABLE LogbookWorkshifts (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    DepartmentKey text COLLATE "C",
+    OpenWorkerKey text COLLATE "C",
+    CloseWorkerKey text COLLATE "C",
+    createdAt double precision,
+    startTime double precision,
+    endTime double precision
+);
 CREATE INDEX LogbookWorkshifts_Department ON LogbookWorkshifts (DepartmentKey, startTime DESC NULLS LAST);
 CREATE INDEX LogbookWorkshifts_Open ON LogbookWorkshifts (DepartmentKey, CloseWorkerKey);
 CREATE INDEX LogbookWorkshifts_Opener ON LogbookWorkshifts (OpenWorkerKey);
+
+CREATE TABLE LogbookWorkersWorkshift (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    WorkshiftKey text COLLATE "C" REFERENCES LogbookWorkshifts ON DELETE CASCADE,
+    WorkerKey text COLLATE "C",
+    opening smallint
+);
 CREATE INDEX LogbookWorkersWorkshift_Workshift ON LogbookWorkersWorkshift (WorkshiftKey);
 CREATE INDEX LogbookWorkersWorkshift_Worker ON LogbookWorkersWorkshift (WorkerKey);
+
+CREATE TABLE LogbookRecords (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    ShiftKey text COLLATE "C" REFERENCES LogbookWorkshifts,
+    WorkerKey text COLLATE "C",
+    VisaWorkerKey text COLLATE "C",
+    ReceiverWorkerKey text COLLATE "C",
+    OriginRecordKey text COLLATE "C",
+    SecondMarkWorkerKey text COLLATE "C",
+    recordTime double precision,
+    eventTime double precision,
+    firstMarkTime double precision,
+    secondMarkTime double precision,
+    executionTime double precision,
+    html text COLLATE "C",
+    status integer,
+    direction integer
+);
 CREATE INDEX LogbookRecords_Shift ON LogbookRecords (ShiftKey, recordTime);
 CREATE INDEX LogbookRecords_Time ON LogbookRecords (recordTime);
 CREATE INDEX LogbookRecords_Worker ON LogbookRecords (WorkerKey);
 CREATE INDEX LogbookRecords_Origin ON LogbookRecords (OriginRecordKey) WHERE OriginRecordKey IS NOT NULL;
+
+CREATE TABLE LogbookComments (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    WorkerKey text COLLATE "C",
+    RecordKey text COLLATE "C" REFERENCES LogbookRecords ON DELETE CASCADE,
+    commentTime double precision,
+    text_ text COLLATE "C",
+    -- Unset is stored as 0, so that a comparison with 0 finds the unread ones.
+    readedTime double precision NOT NULL DEFAULT 0
+);
 CREATE INDEX LogbookComments_Record ON LogbookComments (RecordKey);
 CREATE INDEX LogbookComments_Unread ON LogbookComments (readedTime) WHERE readedTime = 0;
+
+CREATE TABLE LogbookFiles (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    WorkerKey text COLLATE "C",
+    RecordKey text COLLATE "C",
+    fileName text COLLATE "C",
+    fileData bytea,
+    FOREIGN KEY (RecordKey) REFERENCES LogbookRecords ON DELETE CASCADE
+);
 CREATE INDEX LogbookFiles_Record ON LogbookFiles (RecordKey);
-CREATE INDEX LogbookTemplates_Category ON LogbookTemplates (CategoryKey);
+
+CREATE TABLE LogbookCatsTemplate (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    -- Deferred, so that a category may be deleted and inserted again in one transaction, which is how it moves.
+    ParentKey text COLLATE "C" REFERENCES LogbookCatsTemplate DEFERRABLE INITIALLY DEFERRED,
+    OrgTypeKey text COLLATE "C",
+    DepartmentKey text COLLATE "C",
+    nameLoc text COLLATE "C"
+);
 CREATE INDEX LogbookCatsTemplate_Parent ON LogbookCatsTemplate (ParentKey);
+
+CREATE TABLE LogbookTemplates (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    CategoryKey text COLLATE "C" REFERENCES LogbookCatsTemplate DEFERRABLE INITIALLY DEFERRED,
+    nameLoc text COLLATE "C",
+    html text COLLATE "C"
+);
+CREATE INDEX LogbookTemplates_Category ON LogbookTemplates (CategoryKey);
+
+CREATE TABLE Users (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    login text COLLATE "C" NOT NULL UNIQUE,
+    name_ text COLLATE "C",
+    deleted_ smallint
+);
+
+CREATE TABLE UserRights (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    UserKey text COLLATE "C",
+    rightName text COLLATE "C"
+);
 CREATE UNIQUE INDEX UserRights_User ON UserRights (UserKey, rightName);
+
+CREATE TABLE Workers (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    UserKey text COLLATE "C",
+    DepartmentKey text COLLATE "C",
+    firstName text COLLATE "C",
+    lastName text COLLATE "C",
+    patronymicName text COLLATE "C",
+    safetyGroup integer,
+    deleted_ smallint
+);
 CREATE INDEX Workers_User ON Workers (UserKey);
 CREATE INDEX Workers_Department ON Workers (DepartmentKey);
+
+CREATE TABLE Departments (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    OrganizationKey text COLLATE "C",
+    ParentKey text COLLATE "C",
+    name_ text COLLATE "C"
+);
+
+CREATE TABLE Organizations (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    OrgTypeKey text COLLATE "C",
+    ParentKey text COLLATE "C",
+    name_ text COLLATE "C"
+);
+
+CREATE TABLE OrgTypes (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    name_ text COLLATE "C"
+);
+
+CREATE TABLE Shifts (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    DepartmentKey text COLLATE "C",
+    name_ text COLLATE "C",
+    startTime double precision,
+    endTime double precision
+);
 CREATE INDEX Shifts_Department ON Shifts (DepartmentKey);
+
+CREATE TABLE Roles (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    DepartmentKey text COLLATE "C",
+    name_ text COLLATE "C"
+);
 CREATE INDEX Roles_Department ON Roles (DepartmentKey);
+
+CREATE TABLE WorkerRoles (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    RoleKey text COLLATE "C",
+    WorkerKey text COLLATE "C"
+);
 CREATE INDEX WorkerRoles_Role ON WorkerRoles (RoleKey);
+
+CREATE TABLE Tables (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    nameLat text COLLATE "C",
+    nameLoc text COLLATE "C"
+);
+
+CREATE TABLE Fields (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    TablesKey text COLLATE "C",
+    nameLat text COLLATE "C",
+    nameLoc text COLLATE "C"
+);
+
+CREATE TABLE TemplateParamCategories (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    ParentKey text COLLATE "C" REFERENCES TemplateParamCategories DEFERRABLE INITIALLY DEFERRED,
+    nameLoc text COLLATE "C"
+);
 CREATE INDEX TemplateParamCategories_Parent ON TemplateParamCategories (ParentKey);
+
+CREATE TABLE TemplateParams (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    CategoryKey text COLLATE "C" REFERENCES TemplateParamCategories DEFERRABLE INITIALLY DEFERRED,
+    nameLoc text COLLATE "C",
+    html text COLLATE "C"
+);
 CREATE INDEX TemplateParams_Category ON TemplateParams (CategoryKey);
+
+CREATE TABLE Equipment (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    ParentKey text COLLATE "C",
+    DepartmentKey text COLLATE "C",
+    kind text COLLATE "C",
+    name_ text COLLATE "C",
+    voltage text COLLATE "C"
+);
 CREATE INDEX Equipment_Parent ON Equipment (ParentKey);
+
+CREATE TABLE OperLogCategories (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    ParentKey text COLLATE "C",
+    OrgTypeKey text COLLATE "C",
+    DepartmentKey text COLLATE "C",
+    name_ text COLLATE "C"
+);
+
+CREATE TABLE OperLogTemplates (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    CategoryKey text COLLATE "C",
+    name_ text COLLATE "C",
+    text_ text COLLATE "C",
+    canStartShift smallint,
+    canEndShift smallint,
+    isNecessaryFinishTime smallint,
+    icon text COLLATE "C",
+    completingIcon text COLLATE "C",
+    completingCommand text COLLATE "C"
+);
+
+CREATE TABLE OperLogTemplateParams (
+    KeyLink text COLLATE "C" PRIMARY KEY,
+    nameLoc text COLLATE "C",
+    nameLat text COLLATE "C",
+    param text COLLATE "C",
+    TableKey text COLLATE "C",
+    FieldTypeKey text COLLATE "C"
+);
 
 -- Tables that are not in the catalog.
 

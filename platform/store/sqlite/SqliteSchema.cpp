@@ -49,12 +49,7 @@ QByteArray finiteCheck(const CatalogTable& table, bool isUpdate)
                : "    SELECT RAISE(ABORT, 'Недопустимое время или число.')\n    WHERE " + faults + ";\n";
 }
 
-const SchemaScript::Dialect dialect{"CREATE TRIGGER %name BEFORE %operation ON %table\n"
-                                    "WHEN (SELECT loader FROM CurrentTransaction) = 0%condition\nBEGIN\n",
-                                    "END;", "SELECT RAISE(ABORT, %text)", "(%values ->> %place)"};
-} // namespace
-
-QByteArray SqliteSchema::logTriggers(const CatalogTable& table)
+QByteArray logTriggers(const CatalogTable& table)
 {
     QByteArray keyCheck;
     if (table.fieldIndex("KeyLink") >= 0)
@@ -80,29 +75,22 @@ QByteArray SqliteSchema::logTriggers(const CatalogTable& table)
            trigger(table, "delete", 603, QByteArray());
 }
 
-namespace
-{
-bool takeSteps(SqliteConnection& connection, int from, StoreError* error)
-{
-    for (int step = from + 1; step <= SchemaScript::version; ++step) {
-        if (!connection.exec(SchemaScript::file(qPrintable(
-                                 QStringLiteral("sqlite-%1.sql").arg(step, 4, 10, QLatin1Char('0')))),
-                             error))
-            return false;
-    }
-    return true;
-}
+const SchemaScript::Dialect dialect{"sqlite",
+                                    "CREATE TRIGGER %name BEFORE %operation ON %table\n"
+                                    "WHEN (SELECT loader FROM CurrentTransaction) = 0%condition\nBEGIN\n",
+                                    "END;",
+                                    "SELECT RAISE(ABORT, %text)",
+                                    "(%values ->> %place)",
+                                    logTriggers};
 
-/// The views and triggers, for the tables as they are after the last step.
-bool makeRules(SqliteConnection& connection, StoreError* error)
+/// Makes the tables of version \a from those of this one, and creates everything else.
+bool makeObjects(SqliteConnection& connection, int from, StoreError* error)
 {
-    QByteArray rules = SchemaScript::file("sqlite-log.sql") + SchemaScript::rules(dialect) +
-                       SchemaScript::file("sqlite-search.sql");
-    for (const CatalogTable& table : TableCatalog::loggedTables())
-        rules += SqliteSchema::logTriggers(table);
-    rules += "PRAGMA application_id = " + QByteArray::number(SqliteConnection::ApplicationId) +
-             "; PRAGMA user_version = " + QByteArray::number(SchemaScript::version) + ";";
-    return connection.exec(rules, error);
+    return connection.exec(
+        SchemaScript::steps(dialect.engine, from) + SchemaScript::definitions(dialect) +
+            "PRAGMA application_id = " + QByteArray::number(SqliteConnection::ApplicationId) +
+            "; PRAGMA user_version = " + QByteArray::number(SchemaScript::version) + ";",
+        error);
 }
 
 bool dropRules(SqliteConnection& connection, StoreError* error)
@@ -117,10 +105,6 @@ bool dropRules(SqliteConnection& connection, StoreError* error)
     }
     return connection.exec(drops, error);
 }
-} // namespace
-
-namespace
-{
 /// Logs the content that the store's own tables had before they were logged.
 bool logOwnRows(SqliteConnection& connection, StoreError* error)
 {
@@ -142,14 +126,13 @@ bool logOwnRows(SqliteConnection& connection, StoreError* error)
 
 bool SqliteSchema::install(SqliteConnection& connection, StoreError* error)
 {
-    return takeSteps(connection, 0, error) && makeRules(connection, error);
+    return makeObjects(connection, 0, error);
 }
 
 bool SqliteSchema::upgrade(SqliteConnection& connection, int from, StoreError* error)
 {
-    return dropRules(connection, error) && takeSteps(connection, from, error) &&
-           makeRules(connection, error) && (from >= 2 || rebuildSearch(connection, error)) &&
-           (from >= 4 || logOwnRows(connection, error));
+    return dropRules(connection, error) && makeObjects(connection, from, error) &&
+           (from >= 2 || rebuildSearch(connection, error)) && (from >= 4 || logOwnRows(connection, error));
 }
 
 bool SqliteSchema::rebuildSearch(SqliteConnection& connection, StoreError* error)

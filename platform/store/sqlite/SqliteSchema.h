@@ -2,14 +2,10 @@
 
 #include "StoreError.h"
 
-#include <QByteArray>
-
 class SqliteConnection;
-struct CatalogTable;
 
-/// The schema of a SQLite store: steps in schema/sqlite-NNNN.sql, each from one version to the next; the
-/// rules of SchemaScript, the triggers of the search in schema/sqlite-search.sql, and those of the change
-/// log, which are made from the catalog.
+/// The schema of a SQLite store, made by the scripts of SchemaScript. The triggers of the change log are
+/// derived from the catalog.
 namespace SqliteSchema
 {
 /// Creates all tables in an empty file. Runs inside the caller's transaction.
@@ -21,7 +17,4 @@ bool upgrade(SqliteConnection& connection, int from, StoreError* error);
 
 /// Rebuilds the search index in the order of the records' times. Runs inside the caller's transaction.
 bool rebuildSearch(SqliteConnection& connection, StoreError* error);
-
-/// The triggers that log every change of a table and refuse changes that bypass the store.
-QByteArray logTriggers(const CatalogTable& table);
 } // namespace SqliteSchema
