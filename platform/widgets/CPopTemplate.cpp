@@ -63,9 +63,8 @@ bool CPopTemplate::event(QEvent* event)
     if (byTheSystem)
         return true;
     const bool done = QWidget::event(event);
-    // The first events after which the size of the window's frame is known.
     if (event->type() == QEvent::Move || event->type() == QEvent::WindowActivate)
-        settle();
+        settle(event->type());
     return done;
 }
 
@@ -80,17 +79,21 @@ void CPopTemplate::fitIntoScreen(QRect contents)
     setGeometry(contents);
 }
 
-void CPopTemplate::settle()
+// Only the window manager knows the frame and where it puts the window, also when it is shown again. So from
+// the showing to the first activation the frame is kept on the screen; later the user may move it anywhere.
+void CPopTemplate::settle(QEvent::Type event)
 {
-    if (!m_isFrameless || !isVisible() || frameOf(this).isNull())
+    const bool isFrameKnown = !frameOf(this).isNull();
+    if (m_fitsLeft == 0 || !isVisible() || !isFrameKnown)
         return;
-    m_isFrameless = false;
-    fitIntoScreen(geometry());
+    m_fitsLeft = event == QEvent::WindowActivate ? 0 : m_fitsLeft - 1;
+    if (screen() && !screen()->availableGeometry().contains(frameGeometry()))
+        fitIntoScreen(geometry());
 }
 
 void CPopTemplate::showEvent(QShowEvent* event)
 {
-    m_isFrameless = frameOf(this).isNull();
+    m_fitsLeft = 3;
     m_opener = qobject_cast<CPopTemplate*>(QApplication::activeWindow());
     resize(size().boundedTo(room(this).size()));
     if (m_guarding)

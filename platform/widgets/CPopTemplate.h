@@ -3,6 +3,7 @@
 #include "VrkExport.h"
 
 #include <memory>
+#include <QEvent>
 #include <QPointer>
 #include <QWidget>
 
@@ -38,11 +39,11 @@ protected:
 
 private:
     void fitIntoScreen(QRect contents);
-    void settle();
+    void settle(QEvent::Type event);
 
     std::unique_ptr<PopGuard> m_guard; ///< created when first needed
     QPointer<CPopTemplate> m_opener;   ///< the dialog that was active when this one was shown: gets the
                                        ///< focus back
     bool m_guarding = false;
-    bool m_isFrameless = false; ///< shown before its frame size was known
+    int m_fitsLeft = 0; ///< how often the frame may still be moved onto the screen after a showing
 };
