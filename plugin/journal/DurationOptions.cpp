@@ -20,7 +20,5 @@ DurationOptions DurationOptions::fromXml(const QString& xml)
             read.interval = readInt("IntervalMessage", read.interval);
         }
     }
-    if (!read.isOn)
-        return DurationOptions();
     return read;
 }

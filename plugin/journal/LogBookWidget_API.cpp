@@ -88,11 +88,8 @@ bool LogBookWidget::isWorkerInWorkshift() const
     const QByteArray worker = m_location->workerKey().toUtf8();
     if (Row(m_currentWorkshift).bytes(Field::OpenWorkerKey) == worker)
         return true;
-    const MDRVar workshift = Row(m_currentWorkshift).value(Field::KeyLink);
-    if (!MDRValue::hasText(workshift))
-        return false;
-    for (const MDRData* row :
-         MDARecsWith(m_crew.data.array, Field::WorkshiftKey, workshift.value.text.data)) {
+    const QByteArray workshift = Row(m_currentWorkshift).key();
+    for (const MDRData* row : MDARecsWith(m_crew.data.array, Field::WorkshiftKey, workshift.constData())) {
         if (Row(row).isSet(Field::opening) && Row(row).bytes(Field::WorkerKey) == worker)
             return true;
     }

@@ -66,8 +66,7 @@ void LogBookWidget::uploadRecordsIn(const QString& workshiftKey)
     m_tableTool->model()->beginResetModel();
     clearTables({&m_workshifts, &m_crew, &m_records, &m_comments, &m_files});
     uploadWorkshift(workshiftKey);
-    if (m_workshifts.data.RecCount() == 1)
-        m_currentWorkshift = MDARec(m_workshifts.data.array, 0, 0);
+    m_currentWorkshift = MDARec(m_workshifts.data.array, 0, 0);
     uploadShownWorkshift();
     finishLoad();
 }

@@ -56,7 +56,6 @@ void LogBookWidget::init(CVrkCliMod* module, LocationInfo* location)
     configureContextMenu();
     createDialogs();
     createConnections();
-    updateRecordsFilter();
     auto* hint = new EmptyHint(m_ui->recordsTable, [this] { return emptyText(); });
     connect(this, &LogBookWidget::statusChanged, hint, &EmptyHint::refresh);
     reloadPanes(currentRecord()); // the load changed the current row before anything was connected
@@ -216,6 +215,8 @@ void LogBookWidget::createConnections()
     connect(m_secondMarker, &SecondMarkerDialog::removeMarker, this, &LogBookWidget::removeSecondMarkRequest);
     connect(m_timeExecution, &TimeExecutionDialog::setTime, this, &LogBookWidget::setTimeExecRequest);
     connect(m_timeExecution, &TimeExecutionDialog::removeTime, this, &LogBookWidget::removeTimeExecRequest);
+    connect(m_workshiftsDialog, &WorkshiftsDialog::workshiftSelected, this,
+            qOverload<const QString&>(&LogBookWidget::uploadRecordsIn));
     connect(m_originAction, &QAction::triggered, this, &LogBookWidget::goToOriginRecord);
     connect(m_approveAction, &QAction::triggered, this, &LogBookWidget::approveRecordRequest);
     connect(m_signAction, &QAction::triggered, this, &LogBookWidget::signRecordRequest);

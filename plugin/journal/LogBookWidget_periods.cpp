@@ -27,12 +27,6 @@ void LogBookWidget::showDateTimeDialog()
 
 void LogBookWidget::showWorkshiftsDialog()
 {
-    QObject::disconnect(m_workshiftsDialog, &WorkshiftsDialog::workshiftSelected, this, nullptr);
-    connect(m_workshiftsDialog, &WorkshiftsDialog::workshiftSelected, this, [this](const QString& keyLink) {
-        const QString key = keyLink; // stays alive when the connection is removed
-        QObject::disconnect(m_workshiftsDialog, &WorkshiftsDialog::workshiftSelected, this, nullptr);
-        uploadRecordsIn(key);
-    });
     m_workshiftsDialog->setDepartmentKey(m_location->departmentKey());
     m_workshiftsDialog->show();
 }
@@ -89,9 +83,7 @@ bool LogBookWidget::showRecord(const QString& workshiftKey, const QByteArray& re
 {
     if (PopGuard::over(m_ui->recordsTable))
         return true; // its answer belongs to the record of the question
-    const bool isShown =
-        (m_mode == RealTime || m_mode == ArchiveWorkshift) && workshiftKeyLink() == workshiftKey;
-    if (!isShown)
+    if (workshiftKeyLink() != workshiftKey)
         uploadRecordsIn(workshiftKey);
     MDRData* record = recordByKeyLink(&m_records, recordKey.constData());
     if (!record)

@@ -84,9 +84,8 @@ QPixmap FilesPane::iconOf(const QString& fileName)
     if (known != m_icons.constEnd())
         return *known;
 
-    // The icon provider reads only real files. A suffix with a slash does not name a file of this folder.
-    QTemporaryFile sample(QDir::tempPath() + QStringLiteral("/XXXXXX") +
-                          (suffix.contains(QLatin1Char('/')) ? QString() : suffix));
+    // The icon provider reads only real files. Without one, as for a suffix with a slash, the icon is the usual one.
+    QTemporaryFile sample(QDir::tempPath() + QStringLiteral("/XXXXXX") + suffix);
     if (sample.open())
         sample.close();
     QPixmap icon = QFileIconProvider().icon(QFileInfo(sample.fileName())).pixmap(side, side);

@@ -91,14 +91,8 @@ void LogBookTab::createAnnex(const Annex& annex)
     const auto ofRecord = [this](const QString& text) {
         return m_tableTool && currentRecord() ? text : QString();
     };
-    auto* comments =
-        new EmptyHint(m_ui->commentsList, [this, ofRecord] { return ofRecord(tr("Комментариев нет")); });
-    auto* files = new EmptyHint(m_ui->filesTable, [this, ofRecord] { return ofRecord(tr("Файлов нет")); });
-    connect(m_ui->recordsTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [comments, files] {
-                comments->refresh();
-                files->refresh();
-            });
+    new EmptyHint(m_ui->commentsList, [this, ofRecord] { return ofRecord(tr("Комментариев нет")); });
+    new EmptyHint(m_ui->filesTable, [this, ofRecord] { return ofRecord(tr("Файлов нет")); });
 }
 
 void LogBookTab::takeKeyboard()
