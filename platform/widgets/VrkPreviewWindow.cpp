@@ -1,6 +1,7 @@
 #include "VrkPreviewWindow.h"
 
 #include "CPopMessageBox.h"
+#include "WrapLayout.h"
 
 #include <cstdio>
 #include <QAction>
@@ -14,7 +15,8 @@
 #include <QPrintPreviewWidget>
 #include <QProgressDialog>
 #include <QScreen>
-#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
 
 namespace
 {
@@ -75,11 +77,17 @@ VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
     m_preview->setObjectName(QStringLiteral("previewWidget"));
     m_pageLabel = new QLabel(this);
     m_pageLabel->setObjectName(QStringLiteral("pageLabel"));
-    setCentralWidget(m_preview);
+    auto* page = new QWidget(this);
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(makeBar());
+    column->addWidget(m_preview, 1);
+    setCentralWidget(page);
     connect(m_preview, &QPrintPreviewWidget::paintRequested, this, &VrkPreviewWindow::paintPages);
     connect(m_preview, &QPrintPreviewWidget::previewChanged, this, &VrkPreviewWindow::updatePageLabel);
-    addActions();
     const int em = fontMetrics().height();
+    setMinimumSize(20 * em, 16 * em);
     const QSize room = screen()->availableSize() * 9 / 10; // the frame and the title bar need some of it
     resize(QSize(70 * em, 48 * em).boundedTo(room));
 }
@@ -89,28 +97,30 @@ VrkPreviewWindow::~VrkPreviewWindow()
     delete m_preview; // destroyed before its printer
 }
 
-void VrkPreviewWindow::addActions()
+QWidget* VrkPreviewWindow::makeBar()
 {
-    const auto addBar = [this](const char* name, const QString& title) {
-        QToolBar* added = addToolBar(title);
-        added->setObjectName(QLatin1String(name));
-        added->setMovable(false);
-        return added;
-    };
-    m_bar = addBar("previewBar", tr("Просмотр"));
-    m_pageBar = addBar("pageBar", tr("Страницы"));
-    QToolBar* bar = m_bar;
-    const auto add = [this, &bar](const char* name, const QString& text, const QKeySequence& key, auto slot) {
-        QAction* action = bar->addAction(text, this, slot);
+    auto* bar = new QWidget(this);
+    bar->setObjectName(QStringLiteral("previewBar"));
+    auto* row = new WrapLayout(bar); // the window may be narrow and the letters large
+    row->setContentsMargins(4, 4, 4, 4);
+    row->setSpacing(2);
+    const auto add = [this, bar, row](const char* name, const QString& text, const QKeySequence& key,
+                                      auto slot) {
+        auto* action = new QAction(text, this);
+        addAction(action);
+        connect(action, &QAction::triggered, this, slot);
         action->setObjectName(QLatin1String(name));
         action->setShortcut(key);
         if (!key.isEmpty())
             action->setToolTip(QStringLiteral("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText)));
+        auto* button = new QToolButton(bar);
+        button->setDefaultAction(action);
+        button->setAutoRaise(true);
+        row->addWidget(button);
         return action;
     };
     add("printAction", tr("Печать..."), QKeySequence::Print, [this] { print(); });
     add("pdfAction", tr("Сохранить в PDF..."), QKeySequence::Save, [this] { askPdf(); });
-    bar->addSeparator();
     QAction* portrait = add("portraitAction", tr("Книжная"), QKeySequence(), [] {});
     portrait->setCheckable(true);
     connect(portrait, &QAction::toggled, this, [this](bool on) {
@@ -119,39 +129,20 @@ void VrkPreviewWindow::addActions()
         if (m_isCancelled)
             close(); // a part of the pages would be mistaken for the whole document
     });
-    bar->addSeparator();
     add("fitWidthAction", tr("По ширине"), QKeySequence(), [this] { m_preview->fitToWidth(); });
     add("fitPageAction", tr("Страница целиком"), QKeySequence(), [this] { m_preview->fitInView(); });
     add("zoomInAction", tr("Крупнее"), QKeySequence::ZoomIn, [this] { m_preview->zoomIn(); });
     add("zoomOutAction", tr("Мельче"), QKeySequence::ZoomOut, [this] { m_preview->zoomOut(); });
-    bar = m_pageBar;
     add("previousPageAction", tr("Назад"), QKeySequence(Qt::ALT + Qt::Key_PageUp),
         [this] { m_preview->setCurrentPage(m_preview->currentPage() - 1); });
-    bar->addWidget(m_pageLabel);
+    row->addWidget(m_pageLabel);
     add("nextPageAction", tr("Вперёд"), QKeySequence(Qt::ALT + Qt::Key_PageDown),
         [this] { m_preview->setCurrentPage(m_preview->currentPage() + 1); });
     auto* closeAction = new QAction(this);
     closeAction->setShortcut(Qt::Key_Escape);
     connect(closeAction, &QAction::triggered, this, &QWidget::close);
     addAction(closeAction);
-}
-
-/// The buttons for pages go into a row of their own where the window is too narrow for one.
-void VrkPreviewWindow::arrangeBars()
-{
-    const bool isNarrow = m_bar->sizeHint().width() + m_pageBar->sizeHint().width() > width();
-    if (isNarrow == toolBarBreak(m_pageBar))
-        return;
-    if (isNarrow)
-        insertToolBarBreak(m_pageBar);
-    else
-        removeToolBarBreak(m_pageBar);
-}
-
-void VrkPreviewWindow::resizeEvent(QResizeEvent* event)
-{
-    QMainWindow::resizeEvent(event);
-    arrangeBars();
+    return bar;
 }
 
 bool VrkPreviewWindow::setTable(const VrkPreviewTable& table)
@@ -171,7 +162,6 @@ int VrkPreviewWindow::pageCount() const
 void VrkPreviewWindow::updatePageLabel()
 {
     m_pageLabel->setText(tr(" Страница %1 из %2 ").arg(m_preview->currentPage()).arg(m_preview->pageCount()));
-    arrangeBars(); // the label may have become longer
 }
 
 bool VrkPreviewWindow::paintPages(QPrinter* printer)

@@ -9,7 +9,6 @@
 class QLabel;
 class QPrinter;
 class QPrintPreviewWidget;
-class QToolBar;
 
 /// The preview: pages as they will be printed, with printing and saving as PDF.
 class VrkPreviewWindow : public QMainWindow
@@ -39,23 +38,17 @@ public:
     /// is unchanged.
     bool savePdf(const QString& file);
 
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
 private:
     /// Shows progress for many rows; false if the user cancelled; the pages painted so far remain.
     bool paintPages(QPrinter* printer);
     void print();
     void askPdf();
-    void addActions();
+    QWidget* makeBar();
     void updatePageLabel();
-    void arrangeBars();
 
     VrkPreviewPages m_pages;
     std::unique_ptr<QPrinter> m_printer;
     QPrintPreviewWidget* m_preview;
-    QToolBar* m_bar = nullptr;
-    QToolBar* m_pageBar = nullptr;
     QLabel* m_pageLabel;
     bool m_isCancelled = false; ///< refers to the last painting
 };
