@@ -168,6 +168,8 @@ class Apart:
         """A program of the build tree with these objects in the place of its own."""
         made = folder / program
         command = self.linker(program).replace(f" -o bin/{program} ", f" -o {made} ", 1)
+        for one in objects:  # some programs take the objects of a library, and not only those they need
+            command = re.sub(rf"\s\S+\.dir/(\S+/)?{re.escape(one.stem)}\.cpp\.o(?=\s)", "", command)
         given = " ".join(str(one) for one in sorted(objects))
         command = re.sub(r"(\s)(\S+\.o\s)", lambda match: f"{match[1]}{given} {match[2]}", command, count=1)
         done = run(command, cwd=self.build, shell=True)
