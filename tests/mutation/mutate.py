@@ -154,9 +154,21 @@ class Safeguard:
                (["Store_login_test_on_postgresql"] if any(on_server) else [])
 
 
+def field_lists(rules, path):
+    """The fields of each list {name} in a rule file, by its name, from the steps of the schema next to it."""
+    steps = "".join(step.read_text(encoding="utf-8") for step in sorted(path.parent.glob("sqlite-[0-9]*.sql")))
+    lists = {}
+    for name, table, free in re.findall(r"^FIELDS (\w+) OF (\w+) BUT([\w,\s]*);", rules, re.M):
+        body = re.search(rf"CREATE TABLE {table} \((.*?)\n\)", steps, re.S)[1]
+        columns = re.findall(r"^ +(\w+) [A-Z]", body, re.M) + re.findall(rf"ALTER TABLE {table} ADD (\w+)", steps)
+        lists[name] = [one for one in columns if one not in ["KeyLink", *re.findall(r"\w+", free)]]
+    return lists
+
+
 def refusals(name, path, tests):
     """One change for each refusal of a rule file, which removes it, and for each column that a rule lists."""
     text = path.read_text(encoding="utf-8")
+    lists = field_lists(text, path)
 
     def rule_of(match):
         return ([""] + re.findall(r"^RULE (\w+)", text[:match.start()], re.M))[-1]
@@ -165,8 +177,9 @@ def refusals(name, path, tests):
         if rule_of(match):
             yield Safeguard(f"{name}: {rule_of(match)}: {match[1]}", path, (match.start(), match[0]),
                             f"REFUSE '{match[1]}' WHERE 1 = 0 AND ({match[2]});", tests)
-    for match in re.finditer(r"CHANGED\(([^)]*,[^)]*)\)", text):
-        columns = [column.strip() for column in match[1].split(",")]
+    for match in re.finditer(r"CHANGED\(([^)]*[,{][^)]*)\)", text):
+        words = re.sub(r"\{(\w+)\}", lambda found: ", ".join(lists[found[1]]), match[1])
+        columns = [column.strip() for column in words.split(",")]
         for column in columns if rule_of(match) else []:
             left = ", ".join(other for other in columns if other != column)
             yield Safeguard(f"{name}: {rule_of(match)}: {column}", path, (match.start(), match[0]), f"CHANGED({left})",

@@ -29,6 +29,54 @@ QString closedTable(const CatalogTable& table, const char* text, bool isAdminist
     return rules;
 }
 
+/// Expands {name} to the fields that "FIELDS name OF table BUT free, fields;" leaves, and removes these
+/// statements.
+QString withFields(QString script)
+{
+    static const QRegularExpression statement(QStringLiteral("^FIELDS (\\w+) OF (\\w+) BUT([\\w,\\s]*);\\n"),
+                                              QRegularExpression::MultilineOption);
+    static const QRegularExpression comma(QStringLiteral("[,\\s]+"));
+    for (QRegularExpressionMatch match = statement.match(script); match.hasMatch();
+         match = statement.match(script)) {
+        const CatalogTable* table = TableCatalog::table(match.captured(2).toLatin1());
+        Q_ASSERT(table);
+        QStringList fields;
+        for (const CatalogField& field : table->fields)
+            fields.append(QString::fromLatin1(field.name));
+        for (const QString& free : (QStringLiteral("KeyLink,") + match.captured(3)).split(comma))
+            fields.removeOne(free);
+        script.remove(match.capturedStart(), match.capturedLength());
+        script.replace(QLatin1Char('{') + match.captured(1) + QLatin1Char('}'),
+                       fields.join(QLatin1String(", ")));
+    }
+    return script;
+}
+
+/// Expands EACH(row, a, b), with line breaks: administrators read the rules in the database.
+QString withRows(QString script)
+{
+    constexpr int longestLine = 120;
+    static const QRegularExpression each(QStringLiteral("EACH\\((\\w+), ([\\w,\\s]+)\\)"));
+    for (QRegularExpressionMatch match = each.match(script); match.hasMatch(); match = each.match(script)) {
+        const int indent =
+            match.capturedStart() - script.lastIndexOf(QLatin1Char('\n'), match.capturedStart());
+        QString row(QLatin1Char('('));
+        int length = indent;
+        for (const QString& field : match.captured(2).split(QLatin1String(", "))) {
+            const QString value = match.captured(1) + QLatin1Char('.') + field + QLatin1Char(',');
+            const bool isLong = length + value.size() > longestLine;
+            if (isLong)
+                row.chop(1);
+            row += (isLong ? QLatin1Char('\n') + QString(indent, QLatin1Char(' ')) : QString()) + value +
+                   QLatin1Char(' ');
+            length = (isLong ? indent : length) + value.size() + 1;
+        }
+        row.chop(2);
+        script.replace(match.capturedStart(), match.capturedLength(), row + QLatin1Char(')'));
+    }
+    return script;
+}
+
 /// Expands CHANGED(a, b).
 QString withChanges(QString script)
 {
@@ -60,33 +108,24 @@ QString withLogged(QString script, const QByteArray& words)
     }
     return script;
 }
-} // namespace
 
-QByteArray SchemaScript::file(const QByteArray& name)
+/// rules.sql and the rules of tables that persons may not write at all, in their own notation.
+QString rules()
 {
-    registerSchema();
-    QFile file(QStringLiteral(":/vrk/store/") + QString::fromLatin1(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QByteArray SchemaScript::steps(const QByteArray& engine, int from)
-{
-    QByteArray all;
-    for (int step = from + 1; step <= version; ++step)
-        all += file(engine + '-' + QByteArray::number(step).rightJustified(4, '0') + ".sql");
-    return all;
-}
-
-QByteArray SchemaScript::rules(const Dialect& dialect)
-{
-    QString script = QString::fromUtf8(file("rules.sql"));
+    QString script = QString::fromUtf8(SchemaScript::file("rules.sql"));
     for (const CatalogTable& table : TableCatalog::tables()) {
         if (table.name.startsWith("TemplateParam"))
             script += closedTable(table, "Нет права изменять параметры шаблонов.", true);
         else if (!table.name.startsWith("Logbook"))
             script += closedTable(table, "Справочники изменяются только средствами администратора.", false);
     }
-    script = withLogged(withChanges(script), dialect.logged);
+    return script;
+}
+
+/// A script with the notation of rules as statements of an engine.
+QByteArray translated(QString script, const SchemaScript::Dialect& dialect)
+{
+    script = withLogged(withChanges(withRows(withFields(script))), dialect.logged);
 
     static const QRegularExpression rule(
         QStringLiteral("^RULE (?<name>\\w+) BEFORE (?<operation>[^\\n]+) ON (?<table>\\w+)\\n"
@@ -118,11 +157,27 @@ QByteArray SchemaScript::rules(const Dialect& dialect)
     }
     return (made + script.midRef(end)).toUtf8();
 }
+} // namespace
+
+QByteArray SchemaScript::file(const QByteArray& name)
+{
+    registerSchema();
+    QFile file(QStringLiteral(":/vrk/store/") + QString::fromLatin1(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray SchemaScript::steps(const QByteArray& engine, int from)
+{
+    QByteArray all;
+    for (int step = from + 1; step <= version; ++step)
+        all += file(engine + '-' + QByteArray::number(step).rightJustified(4, '0') + ".sql");
+    return all;
+}
 
 QByteArray SchemaScript::definitions(const Dialect& dialect)
 {
-    QByteArray all =
-        file(dialect.engine + "-log.sql") + rules(dialect) + file(dialect.engine + "-search.sql");
+    QByteArray all = translated(QString::fromUtf8(file(dialect.engine + "-log.sql")) + rules(), dialect) +
+                     file(dialect.engine + "-search.sql");
     for (const CatalogTable& table : TableCatalog::loggedTables())
         all += dialect.logTriggers(table);
     return all;

@@ -30,10 +30,8 @@ struct Dialect {
 /// The steps from version \a from to this version. A new store is made by all steps, from 0.
 QByteArray steps(const QByteArray& engine, int from);
 
-/// schema/rules.sql and the rules of tables that persons may not write at all, as statements of an engine.
-QByteArray rules(const Dialect& dialect);
-
-/// Everything that every upgrade recreates, for the tables as they are after the last step: rules, views,
-/// functions and triggers of the log and the search.
+/// Everything that every upgrade recreates, for the tables as they are after the last step: functions and
+/// views, the rules of rules.sql and of tables that persons may not write at all, the triggers of the log and
+/// of the search.
 QByteArray definitions(const Dialect& dialect);
 } // namespace SchemaScript

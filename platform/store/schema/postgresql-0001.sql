@@ -61,10 +61,9 @@ CREATE INDEX LogbookComments_Unread ON LogbookComments (readedTime) WHERE readed
 CREATE TABLE LogbookFiles (
     KeyLink text COLLATE "C" PRIMARY KEY,
     WorkerKey text COLLATE "C",
-    RecordKey text COLLATE "C",
+    RecordKey text COLLATE "C" REFERENCES LogbookRecords ON DELETE CASCADE,
     fileName text COLLATE "C",
-    fileData bytea,
-    FOREIGN KEY (RecordKey) REFERENCES LogbookRecords ON DELETE CASCADE
+    fileData bytea
 );
 CREATE INDEX LogbookFiles_Record ON LogbookFiles (RecordKey);
 

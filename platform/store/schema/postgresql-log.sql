@@ -118,8 +118,7 @@ BEGIN
     END IF;
     RETURN NEW;
 END $$;
-CREATE TRIGGER B_Hold BEFORE INSERT OR DELETE OR UPDATE OF status, executionTime, ReceiverWorkerKey, recordTime,
-    eventTime, firstMarkTime, html, direction ON LogbookRecords
+CREATE TRIGGER B_Hold BEFORE INSERT OR DELETE OR UPDATE OF status, executionTime, {RecordContent} ON LogbookRecords
     FOR EACH ROW EXECUTE FUNCTION vrk_hold_workshift();
 CREATE TRIGGER B_Hold BEFORE INSERT OR DELETE ON LogbookWorkersWorkshift
     FOR EACH ROW EXECUTE FUNCTION vrk_hold_workshift();

@@ -7,10 +7,23 @@
 --
 -- A rule becomes a trigger that applies to everybody except the loader. It uses CurrentTransaction, which each engine
 -- implements itself and which identifies the writer. CHANGED(a, b) is true if one of the fields is changed;
--- LOGGED(oldRow, LogbookRecords.status) is the number in this field of a row of the change log. The texts are shown to the
--- user unchanged.
+-- EACH(NEW, a, b) is the row of these values; LOGGED(oldRow, LogbookRecords.status) is the number in this field of a row of
+-- the change log. The texts are shown to the user unchanged.
 --
 -- Rules compare persons, not rows of Workers: a person may have several.
+
+-- Lists of fields, which rules use as {name}: all fields of a table except KeyLink and those named here. So a new field is
+-- protected unless it is added to a list.
+
+FIELDS Workshift OF LogbookWorkshifts BUT CloseWorkerKey;
+FIELDS Crew OF LogbookWorkersWorkshift BUT;
+-- What a record says: approved with it, and written only in an open shift.
+FIELDS RecordContent OF LogbookRecords BUT ShiftKey, WorkerKey, VisaWorkerKey, OriginRecordKey, SecondMarkWorkerKey,
+    secondMarkTime, executionTime, status;
+-- What a record that replaces another takes over from it.
+FIELDS RecordCopy OF LogbookRecords BUT VisaWorkerKey, OriginRecordKey, executionTime, status;
+FIELDS CommentPlace OF LogbookComments BUT commentTime, text_, readedTime;
+FIELDS File OF LogbookFiles BUT;
 
 -- The workers of the writer, including those that were removed since; nobody for the loader.
 CREATE VIEW CurrentPerson AS
@@ -57,7 +70,7 @@ END;
 
 RULE Rule_Workshifts_update BEFORE UPDATE ON LogbookWorkshifts
     REFUSE 'У смены меняется только отметка о её закрытии.'
-    WHERE CHANGED(DepartmentKey, OpenWorkerKey, createdAt, startTime, endTime);
+    WHERE CHANGED({Workshift});
     REFUSE 'Смена уже закрыта.'
     WHERE CHANGED(CloseWorkerKey) AND coalesce(OLD.CloseWorkerKey, '') <> '';
     REFUSE 'Смену закрывает от своего имени работник этой смены.'
@@ -88,7 +101,7 @@ END;
 
 RULE Rule_Crew_update BEFORE UPDATE ON LogbookWorkersWorkshift
     REFUSE 'Строки состава смены не изменяются.'
-    WHERE CHANGED(WorkshiftKey, WorkerKey, opening);
+    WHERE CHANGED({Crew});
 END;
 
 RULE Rule_Crew_delete BEFORE DELETE ON LogbookWorkersWorkshift
@@ -116,12 +129,9 @@ RULE Rule_Records_insert BEFORE INSERT ON LogbookRecords
       AND (NEW.status <> 0
            OR NOT EXISTS (SELECT 1 FROM LogbookRecords AS R
                           WHERE R.KeyLink = NEW.OriginRecordKey AND R.status <> 1
-                            AND (R.ShiftKey, R.WorkerKey, R.ReceiverWorkerKey, R.SecondMarkWorkerKey, R.recordTime,
-                                 R.eventTime, R.firstMarkTime, R.secondMarkTime, R.html, R.direction)
+                            AND EACH(R, {RecordCopy})
                                 IS NOT DISTINCT FROM
-                                (NEW.ShiftKey, NEW.WorkerKey, NEW.ReceiverWorkerKey, NEW.SecondMarkWorkerKey,
-                                 NEW.recordTime, NEW.eventTime, NEW.firstMarkTime, NEW.secondMarkTime, NEW.html,
-                                 NEW.direction)));
+                                EACH(NEW, {RecordCopy})));
     REFUSE 'Новая запись не может нести визу.' WHERE coalesce(NEW.VisaWorkerKey, '') <> '';
 END;
 
@@ -176,11 +186,11 @@ RULE Rule_Records_update BEFORE UPDATE ON LogbookRecords
     WHERE CHANGED(WorkerKey, ShiftKey, OriginRecordKey);
     REFUSE 'Утверждённая запись не изменяется.'
     WHERE OLD.status IS DISTINCT FROM 1
-      AND (CHANGED(ReceiverWorkerKey, recordTime, eventTime, firstMarkTime, html, direction)
+      AND (CHANGED({RecordContent})
            OR CHANGED(executionTime)
               AND (OLD.status IS DISTINCT FROM 0 OR NEW.executionTime IS NOT NULL));
     REFUSE 'Записи изменяют работники открытой смены.'
-    WHERE CHANGED(status, executionTime, ReceiverWorkerKey, recordTime, eventTime, firstMarkTime, html, direction)
+    WHERE CHANGED(status, executionTime, {RecordContent})
       AND NOT EXISTS (SELECT 1 FROM CurrentOpenWorkshifts WHERE KeyLink = OLD.ShiftKey);
 END;
 
@@ -200,7 +210,7 @@ END;
 
 RULE Rule_Comments_update BEFORE UPDATE ON LogbookComments
     REFUSE 'Автор комментария и его запись не изменяются.'
-    WHERE CHANGED(WorkerKey, RecordKey);
+    WHERE CHANGED({CommentPlace});
     REFUSE 'Комментарий изменяет только его автор.'
     WHERE CHANGED(text_, commentTime)
       AND coalesce(OLD.WorkerKey, '') NOT IN (SELECT KeyLink FROM CurrentWorkers);
@@ -219,7 +229,7 @@ END;
 
 RULE Rule_Files_update BEFORE UPDATE ON LogbookFiles
     REFUSE 'Прикреплённый файл не изменяется.'
-    WHERE CHANGED(WorkerKey, RecordKey, fileName, fileData);
+    WHERE CHANGED({File});
 END;
 
 RULE Rule_Files_delete BEFORE DELETE ON LogbookFiles
