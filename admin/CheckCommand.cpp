@@ -63,14 +63,5 @@ Command::ExitCode CheckCommand::run(const QStringList& arguments, Streams& strea
     QVector<StoreAdmin::Finding> findings;
     if (!StoreAdmin::check(rest.constFirst(), &findings, &error))
         return fail(streams, error);
-    int faults = 0;
-    for (const StoreAdmin::Finding& finding : findings) {
-        const bool fault = finding.grade == StoreAdmin::Finding::Fault;
-        faults += fault ? 1 : 0;
-        streams.out << (fault ? QStringLiteral("Ошибка: ") : QStringLiteral("Примечание: ")) << finding.text
-                    << QLatin1Char('\n');
-    }
-    streams.out << (faults ? QStringLiteral("Найдено ошибок: %1\n").arg(faults)
-                           : QStringLiteral("Хранилище в порядке.\n"));
-    return faults ? FaultsFound : Success;
+    return report(findings, QStringLiteral("Хранилище в порядке.\n"), streams);
 }

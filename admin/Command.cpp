@@ -55,6 +55,20 @@ Command::ExitCode Command::fail(Streams& streams, const StoreError& error)
     return Failed;
 }
 
+Command::ExitCode Command::report(const QVector<StoreAdmin::Finding>& findings, const QString& clean,
+                                  Streams& streams)
+{
+    int faults = 0;
+    for (const StoreAdmin::Finding& finding : findings) {
+        const bool isFault = finding.grade == StoreAdmin::Finding::Fault;
+        faults += isFault ? 1 : 0;
+        streams.out << (isFault ? QStringLiteral("Ошибка: ") : QStringLiteral("Примечание: ")) << finding.text
+                    << QLatin1Char('\n');
+    }
+    streams.out << (faults ? QStringLiteral("Найдено ошибок: %1\n").arg(faults) : clean);
+    return faults ? FaultsFound : Success;
+}
+
 Command::ExitCode Command::outcome(bool done, Streams& streams, const StoreError& error)
 {
     return done ? Success : fail(streams, error);

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "StoreAdmin.h"
+
 #include <memory>
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
 #include <vector>
-
-struct StoreError;
 
 /// The streams of a command; tests replace them by strings.
 struct Streams {
@@ -40,6 +40,9 @@ public:
 protected:
     ExitCode wrongUsage(Streams& streams) const;
     static ExitCode fail(Streams& streams, const StoreError& error);
+    /// Success, or the findings and FaultsFound; \a clean is the last line if there are no faults.
+    static ExitCode report(const QVector<StoreAdmin::Finding>& findings, const QString& clean,
+                           Streams& streams);
     /// Success, or the error and Failed.
     static ExitCode outcome(bool done, Streams& streams, const StoreError& error);
 };

@@ -16,7 +16,8 @@ QString UpgradeCommand::usage() const
         "vrk-admin upgrade URL [--backup FILE | --no-backup]\n"
         "  Приводит хранилище, созданное прежней программой, к её нынешней версии. Журнал и журнал\n"
         "  изменений остаются как есть; при неудаче не меняется ничего. Прежние программы на время\n"
-        "  обновления закройте: в обновлённое хранилище они писать не смогут.\n"
+        "  обновления закройте: в обновлённое хранилище они писать не смогут. Хранилище нынешней\n"
+        "  версии не меняется; если его правила отличаются от правил программы, код завершения 3.\n"
         "  --backup     куда сперва положить копию; без этого она ляжет рядом с файлом хранилища, копия "
         "базы\n"
         "               с сервера в эту папку\n"
@@ -61,8 +62,12 @@ Command::ExitCode UpgradeCommand::run(const QStringList& arguments, Streams& str
     if (from < 0)
         return fail(streams, error);
     if (from == present) {
-        streams.out << QStringLiteral("Хранилище уже версии %1, обновлять нечего.\n").arg(present);
-        return Success;
+        QVector<StoreAdmin::Finding> findings;
+        return StoreAdmin::checkSchema(url, &findings, &error)
+                   ? report(findings,
+                            QStringLiteral("Хранилище уже версии %1, обновлять нечего.\n").arg(present),
+                            streams)
+                   : fail(streams, error);
     }
     // The upgrade itself refuses a store that is not older.
     isCopied = isCopied && from < present && from > 0;

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextCodec>
@@ -288,6 +289,13 @@ void Admin_test::aStoreOfThisVersionNeedsNoUpgrade()
     QCOMPARE(run({QStringLiteral("upgrade"), m_url}), Command::Success);
     QCOMPARE(m_out,
              QStringLiteral("Хранилище уже версии %1, обновлять нечего.\n").arg(StoreAdmin::schemaVersion()));
+    // Rules that this program does not have, as after a change without a new version.
+    QProcess::execute(QStringLiteral("sqlite3"),
+                      {path("store.sqlite"), QStringLiteral("DROP TRIGGER Rule_Records_visa")});
+    QCOMPARE(run({QStringLiteral("upgrade"), m_url}), Command::FaultsFound);
+    QCOMPARE(m_out,
+             QStringLiteral("Ошибка: В схеме хранилища недостаёт «trigger Rule_Records_visa».\nНайдено "
+                            "ошибок: 1\n"));
     QCOMPARE(run({QStringLiteral("upgrade")}), Command::WrongUsage);
     QCOMPARE(run({QStringLiteral("upgrade"), m_url + QStringLiteral("x")}), Command::Failed);
 }

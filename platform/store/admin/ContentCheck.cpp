@@ -57,6 +57,18 @@ void ContentCheck::add(QVector<Finding>* findings, Finding::Grade grade, const c
     findings->append({grade, whole});
 }
 
+void ContentCheck::compare(const Objects& fresh, const Objects& present, QVector<Finding>* findings)
+{
+    for (auto object = fresh.cbegin(); object != fresh.cend(); ++object)
+        if (!present.contains(object.key()))
+            add(findings, Finding::Fault, "В схеме хранилища недостаёт «%1».", object.key());
+        else if (present.value(object.key()) != object.value())
+            add(findings, Finding::Fault, "В схеме хранилища изменено «%1».", object.key());
+    for (auto object = present.cbegin(); object != present.cend(); ++object)
+        if (!fresh.contains(object.key()))
+            add(findings, Finding::Fault, strange, object.key());
+}
+
 QVector<ContentCheck::Look> ContentCheck::looks()
 {
     QVector<Look> all;

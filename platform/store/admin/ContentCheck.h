@@ -2,6 +2,8 @@
 
 #include "StoreAdmin.h"
 
+#include <QMap>
+
 /// The queries of a check, the same for both engines.
 namespace ContentCheck
 {
@@ -20,10 +22,18 @@ constexpr char searchOutOfStep[] =
     "Поиск по архиву не видит записи такими, какие они есть: %1, например «%2». "
     "Исправит vrk-admin check --rebuild-search.";
 
-/// For objects, compared with those of a fresh schema.
-constexpr char missing[] = "В схеме хранилища недостаёт «%1».";
-constexpr char changed[] = "В схеме хранилища изменено «%1».";
+/// For the change log.
+constexpr char missingTransactions[] = "В журнале изменений нет транзакций с %1 по %2.";
+constexpr char changedTransaction[] = "Транзакция %1 журнала изменений изменена после записи.";
+constexpr char strayEntries[] = "Строки журнала изменений не принадлежат ни одной транзакции (%1).";
+constexpr char changedRow[] = "Строка «%2» таблицы «%1» изменена в обход журнала изменений.";
+constexpr char lostRow[] = "Строка «%2» таблицы «%1» исчезла в обход журнала изменений.";
+
 constexpr char strange[] = "В схеме хранилища есть лишнее «%1».";
+/// The definitions of a schema by the names of its objects.
+using Objects = QMap<QByteArray, QByteArray>;
+/// Finds how a schema differs from a fresh one.
+void compare(const Objects& fresh, const Objects& present, QVector<StoreAdmin::Finding>* findings);
 
 /// Appends one finding; replaces "%1" and "%2" in the text.
 void add(QVector<StoreAdmin::Finding>* findings, StoreAdmin::Finding::Grade grade, const char* text,

@@ -195,6 +195,12 @@ bool PostgresAdmin::changeProperty(const QString& url, const QByteArray& name, c
            link->exec("COMMIT", error);
 }
 
+bool PostgresAdmin::checkSchema(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error)
+{
+    const auto link = connectedToStore(url, error);
+    return link && PostgresObjects::compare(*link, findings, error);
+}
+
 bool PostgresAdmin::check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error)
 {
     const auto link = connectedToStore(url, error, longMs);

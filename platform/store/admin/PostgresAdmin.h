@@ -13,6 +13,7 @@ bool upgrade(const QString& url, StoreError* error);
 bool rebuildSearch(const QString& url, StoreError* error);
 bool changeProperty(const QString& url, const QByteArray& name, const QByteArray& value, StoreError* error);
 bool check(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error);
+bool checkSchema(const QString& url, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 /// Runs pg_dump, which must be installed, and checks that its copy can be read.
 bool backup(const QString& url, const QString& file, StoreError* error);
 /// Restores into an empty database, which is created if it does not exist, with the roles that the store

@@ -26,6 +26,12 @@ bool addAll(PgConnection& link, const QVector<ContentCheck::Look>& looks, QVecto
             return false;
     return true;
 }
+
+/// Without nulls at its end: a row that was logged before its last fields existed does not have them.
+QByteArray withoutNulls(const QByteArray& row)
+{
+    return "regexp_replace(" + row + ", '(,null)+\\]$', ']')";
+}
 } // namespace
 
 bool PostgresCheck::content(PgConnection& link, QVector<Finding>* findings, StoreError* error)
@@ -50,30 +56,31 @@ bool PostgresCheck::log(PgConnection& link, QVector<Finding>* findings, StoreErr
     QVector<ContentCheck::Look> looks = {
         {"SELECT (before + 1)::text, (number - 1)::text FROM (SELECT number, lag(number, 1, 0::bigint) "
          "OVER (ORDER BY number) AS before FROM ChangeTransactions) AS T WHERE number <> before + 1",
-         Finding::Fault, "В журнале изменений нет транзакций с %1 по %2."},
+         Finding::Fault, ContentCheck::missingTransactions},
         {"SELECT number::text FROM (SELECT number, chain, vrk_chain(lag(chain, 1, ''::bytea) OVER (ORDER BY "
          "number), "
          "T) AS expected FROM ChangeTransactions AS T) AS C WHERE chain <> expected",
-         Finding::Fault, "Транзакция %1 журнала изменений изменена после записи."},
+         Finding::Fault, ContentCheck::changedTransaction},
         {"SELECT DISTINCT number::text FROM ChangeLog WHERE number NOT IN (SELECT number FROM "
          "ChangeTransactions)",
-         Finding::Fault, "Строки журнала изменений не принадлежат ни одной транзакции (%1)."},
+         Finding::Fault, ContentCheck::strayEntries},
         {"SELECT number::text FROM ChangeHead WHERE number <> (SELECT coalesce(max(number), 0) FROM "
          "ChangeTransactions)",
          Finding::Fault, "Конец журнала изменений не на месте (%1)."}};
     for (const CatalogTable& table : TableCatalog::loggedTables()) {
         const QByteArray key = table.rowKeyOf("T");
+        const QByteArray row = PostgresSchema::rowOf(table, "T");
         const QByteArray logged =
             "(SELECT DISTINCT ON (rowKey) rowKey, newRow FROM ChangeLog WHERE tableName = '" + table.name +
             "' ORDER BY rowKey, entry DESC) AS L";
         looks.append({"SELECT '" + table.name + "', " + key + " FROM " + table.name + " AS T LEFT JOIN " +
-                          logged + " ON L.rowKey = " + key + " WHERE L.newRow IS DISTINCT FROM " +
-                          PostgresSchema::rowOf(table, "T"),
-                      Finding::Fault, "Строка «%2» таблицы «%1» изменена в обход журнала изменений."});
+                          logged + " ON L.rowKey = " + key + " WHERE L.newRow IS DISTINCT FROM " + row +
+                          " AND " + withoutNulls("L.newRow") + " IS DISTINCT FROM " + withoutNulls(row),
+                      Finding::Fault, ContentCheck::changedRow});
         looks.append({"SELECT '" + table.name + "', L.rowKey FROM " + logged +
                           " WHERE L.newRow IS NOT NULL AND NOT EXISTS (SELECT 1 FROM " + table.name +
                           " AS T WHERE " + key + " = L.rowKey)",
-                      Finding::Fault, "Строка «%2» таблицы «%1» исчезла в обход журнала изменений."});
+                      Finding::Fault, ContentCheck::lostRow});
     }
     return addAll(link, looks, findings, error);
 }

@@ -3,8 +3,6 @@
 #include "ContentCheck.h"
 #include "PostgresSchema.h"
 
-#include <QMap>
-
 namespace
 {
 using StoreAdmin::Finding;
@@ -100,7 +98,7 @@ QVector<QByteArray> selects()
     };
 }
 
-using Objects = QMap<QByteArray, QByteArray>;
+using ContentCheck::Objects;
 
 bool addObjects(PgConnection& link, const QByteArray& schema, Objects* objects, StoreError* error)
 {
@@ -115,18 +113,6 @@ bool addObjects(PgConnection& link, const QByteArray& schema, Objects* objects, 
                             rows.bytes(i, 1).replace(schema, "public"));
     }
     return true;
-}
-
-void tellDifferences(const Objects& wanted, const Objects& present, QVector<Finding>* findings)
-{
-    for (auto object = wanted.cbegin(); object != wanted.cend(); ++object)
-        if (!present.contains(object.key()))
-            ContentCheck::add(findings, Finding::Fault, ContentCheck::missing, object.key());
-        else if (present.value(object.key()) != object.value())
-            ContentCheck::add(findings, Finding::Fault, ContentCheck::changed, object.key());
-    for (auto object = present.cbegin(); object != present.cend(); ++object)
-        if (!wanted.contains(object.key()))
-            ContentCheck::add(findings, Finding::Fault, ContentCheck::strange, object.key());
 }
 } // namespace
 
@@ -150,6 +136,6 @@ bool PostgresObjects::compare(PgConnection& link, QVector<Finding>* findings, St
     if (link.isOpen() && !link.exec("ROLLBACK", &ignored))
         return false;
     if (isDone)
-        tellDifferences(wanted, present, findings);
+        ContentCheck::compare(wanted, present, findings);
     return isDone;
 }

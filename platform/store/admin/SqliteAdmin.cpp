@@ -168,6 +168,12 @@ bool SqliteAdmin::check(const QString& file, QVector<StoreAdmin::Finding>* findi
            SqliteCheck::log(*connection, findings, error);
 }
 
+bool SqliteAdmin::checkSchema(const QString& file, QVector<StoreAdmin::Finding>* findings, StoreError* error)
+{
+    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOnly, deadlineMs, error);
+    return connection && SqliteCheck::schema(*connection, findings, error);
+}
+
 int SqliteAdmin::version(const QString& file, StoreError* error)
 {
     const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOlder, deadlineMs, error);

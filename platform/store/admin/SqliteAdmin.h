@@ -10,6 +10,7 @@ bool upgrade(const QString& file, StoreError* error);
 bool rebuildSearch(const QString& file, StoreError* error);
 bool changeProperty(const QString& file, const QByteArray& name, const QByteArray& value, StoreError* error);
 bool check(const QString& file, QVector<StoreAdmin::Finding>* findings, StoreError* error);
+bool checkSchema(const QString& file, QVector<StoreAdmin::Finding>* findings, StoreError* error);
 bool backup(const QString& file, const QString& copy, StoreError* error);
 bool restore(const QString& file, const QString& copy, QStringList* notes, StoreError* error);
 int version(const QString& file, StoreError* error);

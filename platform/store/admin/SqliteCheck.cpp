@@ -8,7 +8,6 @@
 
 #include <QCryptographicHash>
 #include <QHash>
-#include <QMap>
 #include <QStorageInfo>
 
 namespace
@@ -32,9 +31,9 @@ bool addRows(SqliteConnection& connection, const QByteArray& sql, Finding::Grade
 }
 
 /// All objects of the schema by name.
-QMap<QByteArray, QByteArray> objects(SqliteConnection& connection)
+ContentCheck::Objects objects(SqliteConnection& connection)
 {
-    QMap<QByteArray, QByteArray> all;
+    ContentCheck::Objects all;
     SqliteStatement rows = connection.prepare("SELECT type || ' ' || name, sql FROM sqlite_schema"
                                               " WHERE sql IS NOT NULL AND name NOT LIKE 'sqlite_%'");
     while (rows.step())
@@ -42,9 +41,14 @@ QMap<QByteArray, QByteArray> objects(SqliteConnection& connection)
     return all;
 }
 
+/// Without nulls at its end: a row that was logged before its last fields existed does not have them.
 QByteArray hashOf(const QByteArray& row)
 {
-    return QCryptographicHash::hash(row, QCryptographicHash::Md5);
+    static const QByteArray null = ",null";
+    QByteArray values = QByteArray::fromRawData(row.constData(), qMax(0, row.size() - 1)); // no bracket
+    while (values.endsWith(null))
+        values = QByteArray::fromRawData(row.constData(), values.size() - null.size());
+    return QCryptographicHash::hash(values, QCryptographicHash::Md5);
 }
 
 /// The rows of a table according to the log, as hashes by key.
@@ -96,17 +100,7 @@ bool SqliteCheck::schema(SqliteConnection& connection, QVector<Finding>* finding
         SqliteConnection::open(QStringLiteral(":memory:"), SqliteConnection::Create, 1000, error);
     if (!fresh || !SqliteSchema::install(*fresh, error))
         return false;
-    const QMap<QByteArray, QByteArray> wanted = objects(*fresh);
-    const QMap<QByteArray, QByteArray> present = objects(connection);
-    for (auto object = wanted.cbegin(); object != wanted.cend(); ++object) {
-        if (!present.contains(object.key()))
-            add(findings, Finding::Fault, ContentCheck::missing, object.key());
-        else if (present.value(object.key()) != object.value())
-            add(findings, Finding::Fault, ContentCheck::changed, object.key());
-    }
-    for (auto object = present.cbegin(); object != present.cend(); ++object)
-        if (!wanted.contains(object.key()))
-            add(findings, Finding::Fault, ContentCheck::strange, object.key());
+    ContentCheck::compare(objects(*fresh), objects(connection), findings);
     return true;
 }
 
@@ -163,14 +157,13 @@ bool SqliteCheck::log(SqliteConnection& connection, QVector<Finding>* findings, 
         const TransactionChain::Head head{heads.integer(0), heads.bytes(1), heads.bytes(2),
                                           heads.integer(3) != 0, heads.real(4)};
         if (head.number != expected)
-            add(findings, Finding::Fault, "В журнале изменений нет транзакций с %1 по %2.",
-                QByteArray::number(expected), QByteArray::number(head.number - 1));
+            add(findings, Finding::Fault, ContentCheck::missingTransactions, QByteArray::number(expected),
+                QByteArray::number(head.number - 1));
         QByteArray chain;
         if (!TransactionChain::next(connection, head, &chain))
             break;
         if (chain != heads.bytes(5))
-            add(findings, Finding::Fault, "Транзакция %1 журнала изменений изменена после записи.",
-                QByteArray::number(head.number));
+            add(findings, Finding::Fault, ContentCheck::changedTransaction, QByteArray::number(head.number));
         expected = head.number + 1;
     }
     if (heads.code() != SQLITE_DONE) {
@@ -180,8 +173,7 @@ bool SqliteCheck::log(SqliteConnection& connection, QVector<Finding>* findings, 
     if (!addRows(connection,
                  "SELECT DISTINCT number FROM ChangeLog"
                  " WHERE number NOT IN (SELECT number FROM ChangeTransactions)",
-                 Finding::Fault, "Строки журнала изменений не принадлежат ни одной транзакции (%1).",
-                 findings, error))
+                 Finding::Fault, ContentCheck::strayEntries, findings, error))
         return false;
 
     for (const CatalogTable& table : TableCatalog::loggedTables()) {
@@ -194,16 +186,14 @@ bool SqliteCheck::log(SqliteConnection& connection, QVector<Finding>* findings, 
         bool read = loggedRows(connection, table.name, &logged);
         while (read && rows.step()) {
             if (logged.take(rows.bytes(0)) != hashOf(rows.bytes(1)))
-                add(findings, Finding::Fault, "Строка «%2» таблицы «%1» изменена в обход журнала изменений.",
-                    table.name, rows.bytes(0));
+                add(findings, Finding::Fault, ContentCheck::changedRow, table.name, rows.bytes(0));
         }
         if (!read || rows.code() != SQLITE_DONE) {
             *error = connection.lastError();
             return false;
         }
         for (auto lost = logged.cbegin(); lost != logged.cend(); ++lost)
-            add(findings, Finding::Fault, "Строка «%2» таблицы «%1» исчезла в обход журнала изменений.",
-                table.name, lost.key());
+            add(findings, Finding::Fault, ContentCheck::lostRow, table.name, lost.key());
     }
     return true;
 }

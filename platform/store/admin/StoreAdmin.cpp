@@ -123,6 +123,14 @@ bool StoreAdmin::check(const QString& url, QVector<Finding>* findings, StoreErro
         [&] { return PostgresAdmin::check(url, findings, error); });
 }
 
+bool StoreAdmin::checkSchema(const QString& url, QVector<Finding>* findings, StoreError* error)
+{
+    findings->clear();
+    return dispatch(
+        url, error, [&](const QString& file) { return SqliteAdmin::checkSchema(file, findings, error); },
+        [&] { return PostgresAdmin::checkSchema(url, findings, error); });
+}
+
 QVector<StoreAdmin::Symptom> StoreAdmin::examine(const QString& url)
 {
     StoreError error = StoreUrl(url).error();

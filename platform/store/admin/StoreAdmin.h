@@ -39,6 +39,8 @@ struct Finding {
 /// Checks the whole store: integrity of the file, references, states of records, the change log and its
 /// chain. No findings, or only notes, mean a clean store. False if the check could not be done.
 bool check(const QString& url, QVector<Finding>* findings, StoreError* error);
+/// The part of check() that compares tables, rules and triggers with those of this program.
+bool checkSchema(const QString& url, QVector<Finding>* findings, StoreError* error);
 
 /// A problem in a store's environment, and its remedy.
 struct Symptom {
