@@ -148,6 +148,28 @@ def handover(desk):
     leave(colleague)
 
 
+def door(desk):
+    """Without a store: an address is typed, the next time it is in the list."""
+    seat = desk.seat("ozerov")
+    seat.start(asks=True)
+    seat.open("StoreDialog")
+    seat.expect_focus("addressEdit")
+    seat.type(desk.store.replace("sqlite://", ""))
+    seat.endure("StoreDialog")
+    seat.press("Enter")
+    seat.open("SignInDialog")
+    seat.press("Enter")
+    seat.open("CVrkLogBook")
+    leave(seat)
+    for away in (lambda: seat.press("Escape"), lambda: seat.close_by_frame("StoreDialog")):
+        seat.start(asks=True)
+        seat.open("StoreDialog")
+        seat.expect(lambda tree: any("store.sqlite" in i["text"] for i in tree.one("recentList")["items"]), "the store is not in the list")
+        away()
+        if seat.alive() and seat.ended():
+            seat.faults.add(seat, "leave", "the program ends with an error", seat.tree())
+
+
 def dialogs(desk):
     """Each dialog of the journal, in the dark, left by Escape and by its frame: nothing is written, the keyboard goes back."""
     seat = start(desk, "ozerov")
@@ -343,6 +365,12 @@ def report(seat):
     seat.open("ReportDialog")
     seat.click("onlyApprovedButton", inside="ReportDialog")
     seat.endure("ReportDialog")
+    leave_both_ways(seat, "VrkPreviewWindow", lambda: seat.press("Ctrl+P"), back="ReportDialog")
+    seat.press("Ctrl+P")
+    seat.open("VrkPreviewWindow")
+    seat.endure("VrkPreviewWindow")
+    seat.press("Escape")
+    seat.gone("VrkPreviewWindow")
     seat.press("Escape")
     seat.gone("ReportDialog")
 
@@ -377,10 +405,15 @@ def add_worker(seat):
     seat.wait(lambda tree: len(records(tree)) > before, "the record about the worker")
 
 
-def hand_over(seat):
+def ask_to_close(seat):
     seat.drop("workshiftButton", "Закрыть смену")
     seat.open("CPopMessageBox")
     seat.click_button("Да", inside="CPopMessageBox")
+
+
+def hand_over(seat):
+    leave_both_ways(seat, "CloseWorkshiftDialog", lambda: ask_to_close(seat))
+    ask_to_close(seat)
     seat.open("CloseWorkshiftDialog")
     for name in ("Горин", "Ручьёва"):
         seat.click("addWorkerButton", inside="CloseWorkshiftDialog")
@@ -397,6 +430,7 @@ def hand_over(seat):
 
 def open_shift(seat, colleague):
     colleague.wait(lambda tree: "закрыта" in tree.one("statusLabel").get("text", ""), "the closed shift at the next desk")
+    leave_both_ways(colleague, "OpenWorkshiftDialog", lambda: colleague.drop("workshiftButton", "Открыть смену"))
     colleague.drop("workshiftButton", "Открыть смену")
     colleague.open("OpenWorkshiftDialog")
     colleague.click("addWorkerButton", inside="OpenWorkshiftDialog")

@@ -81,7 +81,8 @@ class Seat:
 
     # -- the program
 
-    def start(self, *arguments):
+    def start(self, *arguments, asks=False):
+        """Starts the program with the store of the desk, or without one if it "asks" for it."""
         self.starts += 1
         self.end()
         path = f"{self.folder}/probe-{self.starts}"
@@ -92,7 +93,7 @@ class Seat:
             environment.pop(variable, None)
         self.log = f"{self.folder}/{self.name}.log"
         with open(self.log, "ab") as log:
-            self.process = subprocess.Popen([f"{self.build}/bin/vrk-workstation", "--store", self.store, *arguments],
+            self.process = subprocess.Popen([f"{self.build}/bin/vrk-workstation", *([] if asks else ["--store", self.store]), *arguments],
                                             env=environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
         until = time.monotonic() + PATIENCE
         while not os.path.exists(path):
