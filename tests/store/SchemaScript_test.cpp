@@ -31,6 +31,17 @@ private slots:
         QCOMPARE(rules.count("</Rule_"), notation.count("\nRULE ") + closed);
     }
 
+    void everyVersionHasAStepOnEachEngine()
+    {
+        for (const QByteArray engine : {"sqlite", "postgresql"}) {
+            const QByteArray all = SchemaScript::steps(engine, 0);
+            for (int step = 1; step <= SchemaScript::version; ++step)
+                QVERIFY(all.contains("-- Step " + QByteArray::number(step)));
+            QVERIFY(!all.contains("-- Step " + QByteArray::number(SchemaScript::version + 1)));
+            QCOMPARE(SchemaScript::steps(engine, SchemaScript::version), QByteArray());
+        }
+    }
+
     void freeFieldsAreFieldsOfTheirTable()
     {
         const QString notation = QString::fromUtf8(SchemaScript::file("rules.sql"));
