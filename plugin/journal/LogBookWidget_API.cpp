@@ -29,7 +29,7 @@ bool hasFilledProperty(const MDRData* record, const char* name)
 /// The field name_ of the row with this key, or empty.
 QString nameOf(const CModelTable* table, const QString& keyLink, QTextCodec* codec)
 {
-    if (!table || keyLink.isEmpty())
+    if (!table)
         return QString();
     const QByteArray key = keyLink.toUtf8();
     MDRVar value = MDRValue::text(key);

@@ -5,6 +5,7 @@
 #include "RecordValue.h"
 #include "TestJournal.h"
 #include "VrkPreviewWindow.h"
+#include "VrkTableDelegate.h"
 #include "VrkTableProxyModel.h"
 
 #include <QApplication>
@@ -67,6 +68,11 @@ private:
         return HfnTime_to_DateTime(time, -1).toString(QStringLiteral("dd.MM.yyyy hh:mm"));
     }
 
+    static const VrkTableDelegate* dayLines(Report& report)
+    {
+        return qobject_cast<const VrkTableDelegate*>(report.view()->itemDelegate());
+    }
+
     /// Without the day lines, which exist if the shift has passed midnight.
     static QVector<VrkPreviewTable::Row> recordsOf(const VrkPreviewTable& table)
     {
@@ -120,6 +126,33 @@ private slots:
         QCOMPARE(report.title(),
                  report.journal.tab().title() + QStringLiteral("\n02.01.2026 03:04 - 03.01.2026 05:06"));
         QCOMPARE(report.proxy()->rowCount(), 0);
+
+        report.journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
+        report.journal.tab().showReportDialog();
+        QVERIFY2(report.title().contains(QStringLiteral("\nСмена ")), qPrintable(report.title()));
+        QVERIFY(!dayLines(report)->dayLine(0).isValid());
+        report.journal.tab().uploadRecordsIn(QDateTime::currentDateTime().addDays(-3),
+                                             QDateTime::currentDateTime());
+        report.journal.tab().showReportDialog();
+        QVERIFY(dayLines(report)->dayLine(0).isValid()); // an interval may begin on any day
+    }
+
+    void comesToTheFrontWhenItIsShownAgain()
+    {
+        struct Raised : QObject {
+            bool eventFilter(QObject*, QEvent* event) override
+            {
+                count += event->type() == QEvent::ZOrderChange;
+                return false;
+            }
+            int count = 0;
+        } raised;
+        const TestStore store;
+        Report report(store);
+        report.journal.tab().showReportDialog();
+        report.dialog()->installEventFilter(&raised);
+        report.journal.tab().showReportDialog();
+        QCOMPARE(raised.count, 1);
     }
 
     void namesNoPeriodWithoutAShift()

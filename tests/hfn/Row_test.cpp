@@ -68,6 +68,9 @@ private slots:
         QCOMPARE(recordByKeyLink(&table, "CREW_1"), records[0]);
         QCOMPARE(recordByKeyLink(table.data, "CREW_1"), records[0]);
         QVERIFY(!recordByKeyLink(&table, "CREW_2"));
+        MDRData* nameless = MDARecNew(table.data.array);
+        table.data.SetValF(nameless, Field::KeyLink, MDRValue::text(""));
+        table.data.RecPost(nameless);
         QVERIFY(!recordByKeyLink(&table, ""));
         QVERIFY(!recordByKeyLink(&table, nullptr));
         QVERIFY(!recordByKeyLink(nullptr, "CREW_1"));

@@ -153,6 +153,10 @@ private slots:
         QTest::addColumn<QString>("login");
         const QVariant late(TestStore::now() - overrun);
         QTest::newRow("off") << options(0, 1, 600) << late << QStringLiteral("ivanov");
+        QTest::newRow("off in the end")
+            << QByteArray("<OperLog><Options CheckLengthShift=\"1\" DelayTime=\"1\" IntervalMessage=\"600\"/>"
+                          "<Options CheckLengthShift=\"0\"/></OperLog>")
+            << late << QStringLiteral("ivanov");
         QTest::newRow("no delay") << options(1, 0, 600) << late << QStringLiteral("ivanov");
         QTest::newRow("no interval") << options(1, 1, 0) << late << QStringLiteral("ivanov");
         QTest::newRow("within the delay") << options(1, 10000, 600) << late << QStringLiteral("ivanov");

@@ -219,6 +219,11 @@ private slots:
         QVERIFY(TestStore::write(petrov.get(), "LogbookRecords", ROW_DELETE, "REC_DRAFT_IVANOV"));
         QCOMPARE(journal.deliver(), answer("603 LogbookRecords 1"));
         QCOMPARE(count(journal, "LogbookRecords"), before - 1);
+
+        const int comments = count(journal, "LogbookComments"); // these come here, too
+        QVERIFY(writeComment(petrov.get(), "COM_NEW", "REC_MESSAGE"));
+        QCOMPARE(journal.deliver(), answer("601 LogbookComments 1"));
+        QCOMPARE(count(journal, "LogbookComments"), comments + 1);
     }
 
     void followsCommentsOfItsRecords()
@@ -451,6 +456,19 @@ private slots:
         QVERIFY(journal.tab().isCloseWorkshift());
         QCOMPARE(journal.shownKeys().size(), 6);
         QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_CDS_OPEN"));
+    }
+
+    void aClosedShiftEndsNoProgramThatIsHidden()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        journal.module().hide();
+        const QSignalSpy ended(qApp, &QGuiApplication::lastWindowClosed);
+        QVERIFY(TestStore::write(store.open(QStringLiteral("petrov")).get(), "LogbookWorkshifts", ROW_UPDATE,
+                                 "SHIFT_CDS_OPEN", {{"CloseWorkerKey", QByteArray("WORKER_PETROV")}}));
+        journal.deliver();
+        QVERIFY(journal.tab().isCloseWorkshift());
+        QCOMPARE(ended.count(), 0);
     }
 
     void tellsNothingWhenAnotherWorkshiftOfItsTableChanges()

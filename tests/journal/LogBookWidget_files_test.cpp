@@ -1,3 +1,4 @@
+#include "AsNobody.h"
 #include "CVrkCliApp.h"
 #include "Desktop.h"
 #include "LogWatch.h"
@@ -189,6 +190,8 @@ private slots:
         QTest::addColumn<QByteArray>("content");
         QTest::newRow("launcher") << QStringLiteral("a.desktop") << QByteArray("x");
         QTest::newRow("script without a suffix") << QStringLiteral("отчёт") << QByteArray("#!/bin/sh");
+        QTest::newRow("launcher of a name with a hidden sign")
+            << QStringLiteral("a\u00AD.desktop") << QByteArray("x");
         QTest::newRow("program called a picture") << QStringLiteral("<b>.png")
                                                   << QByteArray("\x7F"
                                                                 "ELF");
@@ -205,7 +208,7 @@ private slots:
         const QString question =
             QStringLiteral("<center>Файл «%1» может выполниться как программа. Открыть его?"
                            "</center>")
-                .arg(name.toHtmlEscaped());
+                .arg(QString(name).remove(QChar(QChar::SoftHyphen)).toHtmlEscaped());
         pane.open(0);
         QVERIFY(pane.desktop.opened.isEmpty());
         compareBox(pane, QStringLiteral("Открытие файла"), question, MessageIconWarning, MessageTypeYesNo);
@@ -254,6 +257,25 @@ private slots:
                                     "более 5 МБ."));
         QVERIFY(stored(store, QStringLiteral("more.bin")).isEmpty());
         pane.attach(QStringLiteral("/dev/zero")); // reports no size
+        compareError(pane,
+                     QStringLiteral("Размер файла слишком большой!<br/><br/>Выберете файл с размером не "
+                                    "более 5 МБ."));
+    }
+
+    void aFileThatIsTooLargeIsNotEvenOpened()
+    {
+        const TestStore store;
+        Pane pane(store);
+        pane.journal.select("REC_ORDER");
+        const QTemporaryDir folder(QStringLiteral("/tmp/XXXXXX"));
+        QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7777)));
+        QFile file(folder.filePath(QStringLiteral("secret.bin")));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.resize(5242881));
+        QVERIFY(file.setPermissions(QFile::Permissions()));
+        {
+            const AsNobody nobody;
+            pane.attach(file.fileName());
+        }
         compareError(pane,
                      QStringLiteral("Размер файла слишком большой!<br/><br/>Выберете файл с размером не "
                                     "более 5 МБ."));

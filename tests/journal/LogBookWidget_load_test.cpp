@@ -245,6 +245,8 @@ private slots:
         QCOMPARE(shown.size(), 8); // drafts are hidden in the archive
         QVERIFY(!shown.contains(QStringLiteral("REC_DRAFT_IVANOV")));
         QCOMPARE(count(journal, "LogbookWorkshifts"), 0);
+        QCOMPARE(count(journal, "LogbookComments"), 3);
+        QCOMPARE(count(journal, "LogbookFiles"), 2);
         const auto* rows = qobject_cast<const VrkTableDelegate*>(journal.view()->itemDelegate());
         QVERIFY(rows && rows->dayLine(0).isValid()); // an interval may begin on any day
         QVERIFY(journal.tab().isExistNoSign());
@@ -292,6 +294,32 @@ private slots:
                  QString());
         TestJournal journal(store, QStringLiteral("smirnov"), "DEP_ODS");
         QCOMPARE(journal.tab().workshiftKeyLink(), QStringLiteral("SHIFT_ODS"));
+    }
+
+    void asksForNothingThatHangsOnWhatIsMissing()
+    {
+        const auto load = [](const char* login, const QByteArray& department, const QStringList& tables) {
+            const TestStore store;
+            TestJournal journal(store, QLatin1String(login), department, false);
+            QCOMPARE(store.dropTables(tables), QString());
+            journal.start();
+            QCOMPARE(journal.client().takeFailures(), QStringList());
+        };
+        // Without a shift: its crew and records. Without roles: those of the workers.
+        load("smirnov", "DEP_ODS",
+             {QStringLiteral("LogbookWorkersWorkshift"), QStringLiteral("LogbookRecords"),
+              QStringLiteral("WorkerRoles")});
+        load("viewer", QByteArray(), {QStringLiteral("LogbookWorkshifts")}); // without a department
+    }
+
+    void theShiftOfTheArchiveIsNotThatOfThePresent()
+    {
+        const TestStore store;
+        TestJournal journal(store, QStringLiteral("viewer")); // has no department, so no present shift
+        journal.tab().uploadRecordsIn(QStringLiteral("SHIFT_CDS_PAST"));
+        QVERIFY(journal.tab().currentWorkshift());
+        journal.tab().uploadRealTimeWorkshift();
+        QVERIFY(!journal.tab().currentWorkshift());
     }
 
     void logsFailedSelectsAndKeepsItsFields_data()

@@ -363,9 +363,17 @@ private slots:
                  QStringLiteral("Выполнено"));
         QCOMPARE(execution->findChild<QRadioButton*>(QStringLiteral("notReadyCheck"))->text(),
                  QStringLiteral("Не выполено"));
-        execution->findChild<QRadioButton*>(QStringLiteral("notReadyCheck"))->click();
-        execution->findChild<QPushButton*>(QStringLiteral("applyButton"))->click();
-        QVERIFY(stored(store, "REC_ORDER", "executionTime").isNull());
+        execution->close();
+        journal.select("REC_DRAFT_IVANOV");
+        const auto apply = [&](const char* choice) {
+            journal.tab().changeTimeExecRequest();
+            execution->findChild<QRadioButton*>(QLatin1String(choice))->click();
+            execution->findChild<QPushButton*>(QStringLiteral("applyButton"))->click();
+        };
+        apply("readyCheck");
+        QVERIFY(!stored(store, "REC_DRAFT_IVANOV", "executionTime").isNull());
+        apply("notReadyCheck");
+        QVERIFY(stored(store, "REC_DRAFT_IVANOV", "executionTime").isNull());
     }
 
     void copiesAReferenceAndPastesADraft()
@@ -516,6 +524,28 @@ private slots:
         journal.tab().pasteRecordRequest();
         QCOMPARE(records(store), before);
         QVERIFY(!journal.box());
+    }
+
+    void aPasteEndsAtTheFirstNul()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        const int before = records(store);
+        put(QByteArray("LogbookRecords;REC_ORDER\0;more", 30));
+        journal.tab().pasteRecordRequest();
+        QCOMPARE(records(store), before + 1);
+    }
+
+    void whatIsNoKeyIsNotAskedFor()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        QCOMPARE(store.dropTables({QStringLiteral("LogbookRecords")}), QString());
+        for (const char* key : {"", "ЗАПИСЬ", "x'"}) {
+            put(QByteArray("LogbookRecords;") + key);
+            journal.tab().pasteRecordRequest();
+            QCOMPARE(journal.client().takeFailures(), QStringList());
+        }
     }
 
     void aFailedPasteIsSilent()

@@ -1,11 +1,15 @@
+#include "CVrkCliSes.h"
 #include "HtmlParser.h"
 #include "LogWatch.h"
 #include "RecordCreatorDialog.h"
 #include "RecordValue.h"
+#include "TemplateFiller.h"
+#include "TemplatesWidget.h"
 #include "TestJournal.h"
 
 #include <QListWidget>
 #include <QMenu>
+#include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
 
@@ -76,6 +80,35 @@ private slots:
         QVERIFY(!editor(journal)->isVisible());
         journal.tab().createRecordRequest();
         QVERIFY(editor(journal)->isVisible());
+    }
+
+    void theEditorShowsTheDraftAndNothingOfItInANewRecord()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        const auto shown = [&] {
+            return editor(journal)->findChild<TemplateFiller*>()->filledTemplate(false);
+        };
+        journal.select("REC_DRAFT_IVANOV");
+        journal.tab().editRecordRequest();
+        QVERIFY2(shown().contains(QStringLiteral("осмотр оборудования")), qPrintable(shown()));
+        editor(journal)->close();
+        journal.tab().createRecordRequest();
+        QVERIFY2(!shown().contains(QStringLiteral("осмотр оборудования")), qPrintable(shown()));
+    }
+
+    void aNewRecordGoesIntoTheShiftOfThePage()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        journal.tab().createRecordRequest();
+        auto* templates = editor(journal)->findChild<TemplatesWidget*>();
+        QVERIFY(templates->selectTemplate(QStringLiteral("TPL_TRIP"))); // of the type of the organization
+        QVERIFY(templates->selectTemplate(QStringLiteral("TPL_TEXT"))); // of the department
+        editor(journal)->findChild<QPushButton*>(QStringLiteral("saveButton"))->click();
+        const auto row = store.rows(
+            QStringLiteral("SELECT ShiftKey, WorkerKey FROM LogbookRecords ORDER BY rowid DESC LIMIT 1"))[0];
+        QCOMPARE(row, QVariantList({QStringLiteral("SHIFT_CDS_OPEN"), QStringLiteral("WORKER_IVANOV")}));
     }
 
     void opensTheEditorByADoubleClick_data()
@@ -240,6 +273,15 @@ private slots:
         QCOMPARE(journal.deliver(), QStringList());
     }
 
+    void theKeyDeletesNothingOutsideOfTheShift()
+    {
+        const TestStore store;
+        TestJournal journal(store, QStringLiteral("sidorova"));
+        journal.select("REC_ORDER");
+        QTest::keyClick(&journal.tab(), Qt::Key_Delete);
+        QVERIFY(!journal.box());
+    }
+
     void leavesTheKeyToTheListThatHasTheFocus()
     {
         const TestStore store;
@@ -297,8 +339,11 @@ private slots:
         QVERIFY(!isStored(store, "REC_DRAFT_IVANOV"));
         QVERIFY(isStored(store, "REC_DRAFT_PETROV"));
         QCOMPARE(journal.deliver(), QStringList{QStringLiteral("603 LogbookRecords 1")});
+        int writes = 0;
+        connect(&journal.session(), &CVrkCliSes::writeEnded, &journal.tab(), [&writes] { ++writes; });
         journal.tab().deleteMyDraftsRequest(); // none is left: no request
         QCOMPARE(journal.deliver(), QStringList());
+        QCOMPARE(writes, 0);
     }
 
     void deletesAllDraftsOfAllAuthors()

@@ -70,7 +70,9 @@ private slots:
     {
         QFETCH(QString, login);
         QFETCH(bool, isIn);
-        const TestStore store;
+        const TestStore store; // the one who opened it is in his shift without a row of the crew, too
+        QVERIFY(
+            TestStore::write(store.openLoader().get(), "LogbookWorkersWorkshift", ROW_DELETE, "CREW_CDS_1"));
         TestJournal journal(store, login);
         const LogBookWidget& tab = journal.tab();
         QVERIFY(tab.isOpenWorkshift());
@@ -145,6 +147,8 @@ private slots:
                                << QByteArray("draft deletable");
         QTest::newRow("outside of the shift")
             << QByteArray("sidorova") << QByteArray("REC_ORDER") << QByteArray("signable copyable");
+        QTest::newRow("marker outside of the shift")
+            << QByteArray("sidorova") << QByteArray("REC_TRIP") << QByteArray("signable copyable first");
     }
     void knowsEachRecordOfTheWorkshift()
     {
@@ -155,6 +159,17 @@ private slots:
         TestJournal journal(store, QString::fromLatin1(login));
         journal.select(record);
         QCOMPARE(holding(journal.tab()), words(rules));
+    }
+
+    void offersNothingOnADraftOutsideOfTheShift()
+    {
+        const TestStore store;
+        change(store, "LogbookRecords", "REC_DRAFT_IVANOV",
+               {{"html", html("second_mark", ":/markers/worker_red.png")}});
+        TestJournal journal(store, QStringLiteral("sidorova"));
+        QVERIFY(journal.tab().showRecord(QStringLiteral("SHIFT_CDS_OPEN"), "REC_DRAFT_IVANOV")); // asked for
+        QCOMPARE(journal.currentKey(), QStringLiteral("REC_DRAFT_IVANOV"));
+        QCOMPARE(holding(journal.tab()), QStringList());
     }
 
     void asksTheTemplateForTheSecondMarker()

@@ -68,6 +68,12 @@ private slots:
         QVERIFY(pairs.toUtf8().size() <= 255);
         QVERIFY(pairs.at(pairs.size() - 1).isLowSurrogate());
     }
+
+    void signsWithoutAWidthAreNotShown()
+    {
+        QCOMPARE(FileNames::shown(QStringLiteral("отчёт\u202Etxt.\u200Bsh\n")),
+                 QStringLiteral("отчётtxt.sh"));
+    }
 };
 
 QTEST_MAIN(FileNames_test)

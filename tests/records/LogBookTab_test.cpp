@@ -8,10 +8,12 @@
 #include <QAbstractItemModelTester>
 #include <QAction>
 #include <QBoxLayout>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTest>
 #include <QToolButton>
@@ -227,6 +229,8 @@ private slots:
         journal.tab().switchVisibleSearch();
         auto* edit = journal.child<QLineEdit>("searchEdit");
         type(edit, QStringLiteral("ПС"));
+        // Without this order, the keyboard would come to the records by itself.
+        QWidget::setTabOrder(edit, journal.child<QWidget>("commentsList"));
         QTest::keyClick(edit, Qt::Key_Escape);
         QVERIFY(!journal.child<QWidget>("searchWidget")->isVisible());
         QVERIFY(edit->text().isEmpty());
@@ -266,6 +270,31 @@ private slots:
         QVERIFY(!down->isEnabled() && !up->isEnabled());
         QTest::keyClick(edit, Qt::Key_Return);
         QCOMPARE(journal.currentKey(), QStringLiteral("REC_REPLACED"));
+    }
+
+    void theFirstRowIsTheLastHit()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        journal.tab().switchVisibleSearch();
+        type(journal.child<QLineEdit>("searchEdit"), QStringLiteral("с")); // in every text
+        QCOMPARE(journal.currentKey(), QStringLiteral("REC_MESSAGE"));
+    }
+
+    void aHitThatIsCurrentComesBackIntoView()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        journal.module().resize(1600, 250);
+        journal.tab().switchVisibleSearch();
+        auto* edit = journal.child<QLineEdit>("searchEdit");
+        type(edit, QStringLiteral("Смену"));
+        QScrollBar* bar = journal.view()->verticalScrollBar();
+        QTRY_VERIFY(bar->maximum() > 0);
+        bar->setValue(bar->maximum());
+        type(edit, QStringLiteral(" "));
+        QCOMPARE(journal.currentKey(), QStringLiteral("REC_OPENING"));
+        QCOMPARE(bar->value(), 0);
     }
 
     void reachesTheFirstRowByTheWrap()
@@ -335,7 +364,9 @@ private slots:
         TestJournal journal(store);
         journal.select("REC_ORDER");
         const QPoint position(40, 30);
-        emit journal.view()->customContextMenuRequested(position);
+        QWidget* viewport = journal.view()->viewport();
+        QContextMenuEvent click(QContextMenuEvent::Mouse, position, viewport->mapToGlobal(position));
+        QApplication::sendEvent(viewport, &click);
         auto* menu = journal.view()->findChild<QMenu*>(QStringLiteral("recordMenu"));
         QVERIFY(menu->isVisible());
         QCOMPARE(menu->pos(), journal.view()->viewport()->mapToGlobal(position));
@@ -355,6 +386,16 @@ private slots:
                  QStringList({QStringLiteral("Время выполнения..."), QStringLiteral("Второй маркер..."),
                               QStringLiteral("Поставить визу на текущую запись"),
                               QStringLiteral("Копировать запись")}));
+        menu->close();
+
+        journal.select("REC_DRAFT_IVANOV");
+        emit journal.view()->customContextMenuRequested(position);
+        enabled.clear();
+        for (const QAction* action : menu->actions())
+            if (action->isEnabled() && !action->isSeparator())
+                enabled.append(action->text());
+        QCOMPARE(enabled, QStringList({QStringLiteral("Второй маркер..."),
+                                       QStringLiteral("Утвердить текущую запись")}));
         menu->close();
     }
 

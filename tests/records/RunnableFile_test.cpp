@@ -38,6 +38,7 @@ private slots:
         QTest::newRow("class") << QByteArray("\xCA\xFE\xBA\xBE") << true;
         QTest::newRow("shortcut") << QByteArray("\x4C\0\0\0\1\x14\2\0", 8) << true;
         QTest::newRow("launcher") << QByteArray("[Desktop Entry]\nExec=rm") << true;
+        QTest::newRow("older launcher") << QByteArray("[KDE Desktop Entry]\nExec=rm") << true;
         QTest::newRow("launcher behind comments") << QByteArray("# a\r\n\n  [Desktop Entry]\n") << true;
         QTest::newRow("text") << QByteArray("Схема [Desktop Entry]") << false;
         QTest::newRow("document") << QByteArray("%PDF-1.5") << false;

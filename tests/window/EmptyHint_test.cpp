@@ -18,6 +18,7 @@ class EmptyHint_test : public QObject
 private slots:
     void itShowsWhileThereIsNoRow();
     void theJournalSaysWhyItIsEmpty();
+    void onlyTheCrewIsAskedToWrite();
     void theKeyboardIsAtTheRecordsFromTheStart();
     void panesSayThatNothingIsThere();
 
@@ -87,10 +88,31 @@ void EmptyHint_test::theJournalSaysWhyItIsEmpty()
                             QDateTime(QDate(1999, 1, 2), QTime(0, 0)));
     QVERIFY2(hint(table())->text().startsWith(QStringLiteral("Записи не прочитаны")),
              qPrintable(hint(table())->text()));
+    home()->uploadRecordsIn(QStringLiteral("NO_SUCH_SHIFT")); // does not ask for records
+    QCOMPARE(hint(table())->text(), QStringLiteral("В этой смене записей нет"));
 
     start(QStringLiteral("ivanov"), "DEP_CDS");
     QVERIFY(table()->model()->rowCount() > 0);
     QVERIFY(!hint(table())->isVisible());
+}
+
+void EmptyHint_test::onlyTheCrewIsAskedToWrite()
+{
+    start(QStringLiteral("smirnov"), "DEP_ODS");
+    const auto loader = m_store->openLoader();
+    QVERIFY(TestStore::write(loader.get(), "LogbookWorkshifts", ROW_INSERT, "SHIFT_ODS",
+                             {{"DepartmentKey", "DEP_ODS"},
+                              {"OpenWorkerKey", "WORKER_SIDOROVA"},
+                              {"createdAt", TestStore::now()},
+                              {"startTime", TestStore::now()},
+                              {"endTime", TestStore::now() + 3600}}));
+    m_client->deliver();
+    QCOMPARE(hint(table())->text(), QStringLiteral("В смене ещё нет записей"));
+    QVERIFY(TestStore::write(
+        loader.get(), "LogbookWorkersWorkshift", ROW_INSERT, "CREW_ODS",
+        {{"WorkshiftKey", "SHIFT_ODS"}, {"WorkerKey", "WORKER_SMIRNOV_ODS"}, {"opening", true}}));
+    m_client->deliver();
+    QCOMPARE(hint(table())->text(), QStringLiteral("В смене ещё нет записей.\nНовая запись: Ctrl + N"));
 }
 
 void EmptyHint_test::theKeyboardIsAtTheRecordsFromTheStart()

@@ -56,6 +56,9 @@ private slots:
         QCOMPARE(front(), &m_journal->home());
         QCOMPARE(front()->mode(), 1);
         QCOMPARE(current(), QStringLiteral("REC_ORDER"));
+        front()->findChild<QWidget*>(QStringLiteral("commentsList"))->setFocus();
+        ask("REC_TRIP"); // arrow keys go on from there
+        QCOMPARE(m_journal->window().focusWidget()->objectName(), QStringLiteral("recordsTable"));
     }
 
     void aRecordOfAPastShiftBringsItsShift()
@@ -70,6 +73,9 @@ private slots:
         ask("REC_TRIP");
         QCOMPARE(front()->workshiftKeyLink(), QStringLiteral("SHIFT_CDS_OPEN"));
         QCOMPARE(current(), QStringLiteral("REC_TRIP"));
+        front()->uploadRecordsIn(QDateTime::currentDateTime().addDays(-3), QDateTime::currentDateTime());
+        ask("REC_PAST_2"); // also from an interval that contains it
+        QCOMPARE(front()->workshiftKeyLink(), QStringLiteral("SHIFT_CDS_PAST"));
     }
 
     void aRecordOfAnotherDepartmentGetsItsTab()

@@ -1,7 +1,9 @@
+#include "HFNCliParam.h"
 #include "HfnTime.h"
 #include "HtmlParser.h"
 #include "JournalWindow.h"
 #include "LogWatch.h"
+#include "TEventNciParse.h"
 
 #include <QPushButton>
 #include <QTableWidget>
@@ -222,6 +224,26 @@ private slots:
             store.openLoader().get(), "Workers", ROW_INSERT, "WORKER_NOVIKOV",
             {{"lastName", QStringLiteral("Новиков")}, {"DepartmentKey", "DEP_CDS"}, {"deleted_", 0}}));
         journal.deliver();
+        JournalWindow::type(journal.opening(), 0, QStringLiteral("новик"));
+        QTest::keyClick(JournalWindow::childOf<QWidget>(journal.opening(), "parameterInput_0"), Qt::Key_Tab);
+        QCOMPARE(filled(journal), QStringList{QStringLiteral("Новиков|WORKER_NOVIKOV")});
+    }
+
+    // All fields of a window share what they know, so the dialog is asked alone.
+    void theFieldsReadAgainAfterAnEvent()
+    {
+        const TestStore store;
+        prepare(store, {"employee_fio"});
+        JournalWindow journal(store, QStringLiteral("ivanov"));
+        journal.trigger("openWorkshiftAction");
+        JournalWindow::type(journal.opening(), 0, QStringLiteral("нов"));
+        QVERIFY(TestStore::write(
+            store.openLoader().get(), "Workers", ROW_INSERT, "WORKER_NOVIKOV",
+            {{"lastName", QStringLiteral("Новиков")}, {"DepartmentKey", "DEP_CDS"}, {"deleted_", 0}}));
+        const std::unique_ptr<HFNCliParam> block(
+            HFNCliParam::event(EventInserted, "WORKER_NOVIKOV", "NCI:Workers,1", QByteArray()));
+        TEventNciParse event(block.get());
+        journal.opening()->MessageData(&event);
         JournalWindow::type(journal.opening(), 0, QStringLiteral("новик"));
         QTest::keyClick(JournalWindow::childOf<QWidget>(journal.opening(), "parameterInput_0"), Qt::Key_Tab);
         QCOMPARE(filled(journal), QStringList{QStringLiteral("Новиков|WORKER_NOVIKOV")});

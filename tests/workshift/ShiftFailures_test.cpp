@@ -1,6 +1,9 @@
+#include "FailingStore.h"
+#include "Fields.h"
 #include "HtmlParser.h"
 #include "JournalWindow.h"
 #include "LogWatch.h"
+#include "Row.h"
 
 #include <QDateEdit>
 #include <QPushButton>
@@ -359,6 +362,38 @@ private slots:
         m_window->closing()->show(); // another shift would be closed
         QVERIFY(!JournalWindow::filled(m_window->closing()).contains(text()));
         m_window->closing()->close();
+    }
+
+    // The row to close carries the shift as it was; only the closer is marked.
+    void theWrittenRowCarriesTheWholeShift()
+    {
+        struct Seeing : FailingStore {
+            using FailingStore::FailingStore;
+            bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey,
+                       StoreError* error) override
+            {
+                for (const StoreWrite& write : writes)
+                    if (write.table == "LogbookWorkshifts")
+                        start = Row(MDARec(write.records, 0, 0)).value(Field::startTime).value.real;
+                return FailingStore::apply(writes, batchKey, error);
+            }
+            double start = 0;
+        };
+        addField("TPL_CLOSE");
+        auto seeing = std::make_unique<Seeing>(m_store->open(QStringLiteral("ivanov")),
+                                               std::make_shared<FailingStore::Plan>());
+        const Seeing& seen = *seeing;
+        m_window = std::make_unique<JournalWindow>(std::move(seeing), QStringLiteral("ivanov"),
+                                                   QStringLiteral("DEP_CDS"), QStringLiteral("ORG_NETS"));
+        m_window->requestClosing(QDialogButtonBox::NoRole);
+        JournalWindow::type(m_window->closing(), 0, QStringLiteral("Иванов Иван Иванович"));
+        JournalWindow::type(m_window->closing(), 1, text());
+        applyClosing(QString());
+        QCOMPARE(seen.start,
+                 m_store
+                     ->value(QStringLiteral(
+                         "SELECT startTime FROM LogbookWorkshifts WHERE KeyLink='SHIFT_CDS_OPEN'"))
+                     .toDouble());
     }
 };
 

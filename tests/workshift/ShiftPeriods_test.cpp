@@ -431,6 +431,10 @@ private slots:
         auto* crew = child<QTableWidget>(append, "workersTable");
         auto* text = child<QLabel>(append, "templateLabel");
         QCOMPARE(crew->rowCount(), 2);
+        QStringList roles{crew->item(0, 1)->text(), crew->item(1, 1)->text()};
+        roles.sort();
+        QCOMPARE(roles,
+                 QStringList({QStringLiteral("Диспетчер"), QStringLiteral("Диспетчер/Старший диспетчер")}));
         QVERIFY(!apply->isEnabled());
         choose(journal, "WORKER_PETROV"); // in the shift already
         QCOMPARE(crew->rowCount(), 2);
