@@ -248,6 +248,7 @@ private slots:
                  QStringLiteral("SHIFT_CDS_OPENloader"));
         QCOMPARE(shifts.call("shift", {QStringLiteral("list")}), Command::Success);
         QVERIFY2(shifts.out.contains(QStringLiteral(": опечатка в годе: 2066\n")), qPrintable(shifts.out));
+        QCOMPARE(shifts.out.count(QStringLiteral("опечатка")), 1); // below this shift only
         QCOMPARE(shifts.call("check", {QStringLiteral("--ready")}),
                  Command::FaultsFound); // ОДС has no timetable
         QVERIFY(!shifts.out.contains(QStringLiteral("SHIFT_CDS_OPEN")));
@@ -289,6 +290,21 @@ private slots:
             Command::Failed);
         QVERIFY2(shifts.err.contains(refusal), qPrintable(shifts.err));
         QCOMPARE(shifts.store.value(changes), before);
+    }
+
+    void aCorrectedShiftMayHaveTheLongestLength()
+    {
+        Shifts shifts;
+        shifts.load({{"startTime", 1e9 - 40}, {"endTime", 1e9 + 3600}}); // from 05:46
+        QCOMPARE(shifts.call("option", {QStringLiteral("set"), QStringLiteral("LongestShift=12h")}),
+                 Command::Success);
+        const auto correct = [&](const char* end) {
+            return shifts.correct({QStringLiteral("--end"), QLatin1String(end), QStringLiteral("--reason"),
+                                   QStringLiteral("x")});
+        };
+        QCOMPARE(correct("09.09.2001 17:47"), Command::Failed);
+        QVERIFY2(shifts.err.contains(QStringLiteral("длиннее разрешённого")), qPrintable(shifts.err));
+        QVERIFY2(correct("09.09.2001 17:46") == Command::Success, qPrintable(shifts.err));
     }
 
     void aReasonIsKeptWholeOrRefused()

@@ -31,6 +31,7 @@ private slots:
     void peopleAreRetiredAndComeBack();
     void rightsFollowTheirCell();
     void rowsMayStandInFrontOfTheirOwners();
+    void propertiesWithoutAColumnStay();
     void equalNamesAreDistinguishedByTheirOwners();
     void emptyCellsTakeAReferenceAway();
     void timesAreWrittenAsPeopleDo_data();
@@ -44,6 +45,7 @@ private slots:
     void reportsFaultsInAnEarlierJournal();
     void starterGivesASiteThatNeedsPeopleOnly();
     void reportsReadinessByDepartment();
+    void withoutATemplateOfRecordsNoShiftIsReady();
 
 private:
     void site();
@@ -192,7 +194,9 @@ void Sheets_test::rowsOutOfTheFileStay()
 void Sheets_test::columnsOutOfTheFileChangeNothing()
 {
     site();
-    m_admin->sheet("workers.csv", "Фамилия;Имя;Отчество;Подразделение;Группа\nИванов;Иван;Иванович;ЦДС;4\n");
+    // Spreadsheets leave empty columns at the end.
+    m_admin->sheet("workers.csv",
+                   "Фамилия;Имя;Отчество;Подразделение;Группа;;\nИванов;Иван;Иванович;ЦДС;4;;\n");
     QCOMPARE(m_admin->call("import", {m_admin->sheets}), Command::Success);
     QVERIFY(exported("workers.csv").contains(QStringLiteral(";ivanov;4;")));
 }
@@ -215,6 +219,10 @@ void Sheets_test::peopleAreRetiredAndComeBack()
     QCOMPARE(m_admin->call("import", {m_admin->sheets}), Command::Success);
     m_admin->call("user", {QStringLiteral("list")});
     QVERIFY(m_admin->out.isEmpty());
+    m_admin->sheet("users.csv", "Логин\npetrov\n"); // the retired one is not missed
+    QCOMPARE(m_admin->call("import", {m_admin->sheets, QStringLiteral("--dry-run")}), Command::Success);
+    QVERIFY2(m_admin->out.contains(QStringLiteral("users.csv: добавлено 1, изменено 0, нет в файле 0")),
+             qPrintable(m_admin->out));
     m_admin->sheet("users.csv", "Логин;Удалён\nivanov;\n");
     QCOMPARE(m_admin->call("import", {m_admin->sheets}), Command::Success);
     m_admin->call("user", {QStringLiteral("list")});
@@ -251,6 +259,22 @@ void Sheets_test::rowsMayStandInFrontOfTheirOwners()
     const QString sheet = exported("equipment.csv");
     QVERIFY(sheet.contains(QStringLiteral("ЦДС;присоединение;ПС Луговая;В-110;0,4;")));
     QVERIFY(sheet.contains(QStringLiteral("ЦДС;подстанция;;ПС Луговая;110;")));
+    m_admin->sheet("organizations.csv", "Название;Входит в\nУчасток;Район\nРайон;Область\nОбласть;\n");
+    QVERIFY2(m_admin->call("import", {m_admin->sheets}) == Command::Success, qPrintable(m_admin->err));
+}
+
+void Sheets_test::propertiesWithoutAColumnStay()
+{
+    site();
+    m_admin->sheet("template-categories.csv", "Название\nОбщее\n");
+    m_admin->sheet("templates.csv", "Категория;Название;Текст;Открывает смену\nОбщее;Приём;Принял;да\n");
+    QVERIFY2(m_admin->call("import", {m_admin->sheets}) == Command::Success, qPrintable(m_admin->err));
+    const QString before = exported("templates.csv");
+    QVERIFY2(before.contains(QStringLiteral(";Принял;")), qPrintable(before));
+    m_admin->sheet("templates.csv", "Категория;Название;Текст\nОбщее;Приём;Принял смену\n");
+    QVERIFY2(m_admin->call("import", {m_admin->sheets}) == Command::Success, qPrintable(m_admin->err));
+    QCOMPARE(exported("templates.csv"),
+             QString(before).replace(QStringLiteral(";Принял;"), QStringLiteral(";Принял смену;")));
 }
 
 void Sheets_test::equalNamesAreDistinguishedByTheirOwners()
@@ -577,9 +601,16 @@ void Sheets_test::reportsReadinessByDepartment()
     site();
     m_admin->sheet("departments.csv", "Организация;Название\nСети;ОДС\n");
     m_admin->sheet("shifts.csv", "Подразделение;Название;Начало;Конец\nЦДС;Сутки;08:00;08:00\n");
-    m_admin->sheet("template-categories.csv", "Подразделение;Название\nЦДС;Смена\n;Общее\n");
-    m_admin->sheet("templates.csv", "Категория;Название;Текст;Открывает смену\nСмена;Приём;Принял;да\n"
-                                    "Общее;Запись;{text:Текст};\n");
+    // Not offered: a template of another type of organization, retired workers, and workers of a retired login.
+    m_admin->sheet("organization-types.csv", "Название\nСтанции\n");
+    m_admin->sheet("users.csv", "Логин;Удалён\nivanov;\nsidorov;да\n");
+    m_admin->sheet("workers.csv", "Подразделение;Фамилия;Имя;Отчество;Логин;Удалён\n"
+                                  "ОДС;Иванов;Иван;Иванович;ivanov;да\nОДС;Сидоров;;;sidorov;\n");
+    m_admin->sheet("template-categories.csv",
+                   "Подразделение;Тип организации;Название\nЦДС;;Смена\n;;Общее\n;Станции;Чужое\n");
+    m_admin->sheet("templates.csv",
+                   "Категория;Название;Текст;Открывает смену;Закрывает смену\n"
+                   "Смена;Приём;Принял;да;\nОбщее;Запись;{text:Текст};;\nЧужое;Сдача;Сдал;;да\n");
     QVERIFY2(m_admin->call("import", {m_admin->sheets}) == Command::Success, qPrintable(m_admin->err));
     QCOMPARE(m_admin->call("check", {QStringLiteral("--ready")}), Command::FaultsFound);
     QCOMPARE(
@@ -592,6 +623,17 @@ void Sheets_test::reportsReadinessByDepartment()
                        "Сети / ЦДС:\n"
                        "  для закрытия смены нет шаблона с «да» в столбце «Закрывает смену» (templates.csv)\n"
                        "Не хватает: 5\n"));
+}
+
+void Sheets_test::withoutATemplateOfRecordsNoShiftIsReady()
+{
+    site();
+    m_admin->sheet("template-categories.csv", "Название\nОбщее\n");
+    m_admin->sheet("templates.csv", "Категория;Название;Текст;Открывает смену\nОбщее;Приём;Принял;да\n");
+    QVERIFY2(m_admin->call("import", {m_admin->sheets}) == Command::Success, qPrintable(m_admin->err));
+    QCOMPARE(m_admin->call("check", {QStringLiteral("--ready")}), Command::FaultsFound);
+    QVERIFY2(m_admin->out.contains(QStringLiteral("для записей в смене нет ни одного обычного шаблона")),
+             qPrintable(m_admin->out));
 }
 
 QTEST_GUILESS_MAIN(Sheets_test)

@@ -3,6 +3,7 @@
 #include "KeptTexts.h"
 #include "KeptWriter.h"
 
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <QDir>
@@ -16,7 +17,29 @@
 #include <QTest>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
+
+namespace
+{
+bool isDiskFull = false;
+mode_t modesOfFolders = 0; ///< all with which folders were made
+} // namespace
+
+// The program's own calls come here: a disk that is full reports it no later than at the flush.
+extern "C" int fsync(int file)
+{
+    if (isDiskFull) {
+        errno = ENOSPC;
+        return -1;
+    }
+    return static_cast<int>(::syscall(SYS_fsync, file));
+}
+extern "C" int mkdirat(int parent, const char* name, mode_t mode) noexcept
+{
+    modesOfFolders |= mode;
+    return static_cast<int>(::syscall(SYS_mkdirat, parent, name, mode));
+}
 
 namespace
 {
@@ -197,6 +220,32 @@ private slots:
         QCOMPARE(modeOf(file), mode_t(0600));
         QCOMPARE(modeOf(QFileInfo(file).path()), mode_t(0700));
         QCOMPARE(modeOf(where), mode_t(0700));
+        QCOMPARE(modesOfFolders, mode_t(0700)); // nobody can slip into one that was just made
+    }
+
+    void aFolderOfAnotherUserIsNotUsed()
+    {
+        if (::geteuid() != 0)
+            QSKIP("only root can give a folder away");
+        const QString where = folder();
+        QVERIFY(QDir().mkpath(where));
+        QVERIFY(::chown(QFile::encodeName(where).constData(), 65534, 65534) == 0);
+        Program program(where);
+        program->keep(place, values(QStringLiteral("текст")));
+        QVERIFY(!program->flush());
+        QVERIFY(filesIn(where).isEmpty());
+    }
+
+    void aFullDiskIsNamed()
+    {
+        Program program(folder());
+        program->keep(place, values(QStringLiteral("текст")));
+        isDiskFull = true;
+        const bool isOnDisk = program->flush();
+        const QString error = program->errorText();
+        isDiskFull = false;
+        QVERIFY(!isOnDisk);
+        QVERIFY2(error.contains(QStringLiteral("нет места на диске")), qPrintable(error));
     }
 
     void foreignAndBrokenFilesAreLeftAside()
@@ -224,10 +273,14 @@ private slots:
         plant(name(2), whole.left(whole.size() - 1));
         plant(name(3), QByteArray(whole).replace(whole.size() - 3, 1, "~"));
         plant(name(4), QByteArray("\0\xff garbage", 10));
-        QVERIFY(QFile::link(secret, name(5)));
+        const QString linked = m_folder.filePath(QStringLiteral("linked"));
+        plant(linked, whole);
+        QVERIFY(QFile::link(linked, name(5)));
         QVERIFY(::link(QFile::encodeName(secret).constData(), QFile::encodeName(name(6)).constData()) == 0);
         QVERIFY(::mkfifo(QFile::encodeName(name(7)).constData(), 0600) == 0);
         QVERIFY(QDir().mkdir(name(8)));
+        plant(name(9), QByteArray());
+        QVERIFY(QFile::resize(name(9), (64 << 20) + 1));
         plant(inside + QStringLiteral("notes.txt"), "мои заметки");
         plant(inside + QString(32, u'A') + QStringLiteral(".new"), "half"); // of a program that was killed
         for (int i = 0; i < 4; ++i)
@@ -236,6 +289,7 @@ private slots:
         expect("kept texts: .*is no file of this user alone");
         expect("kept texts: .*is no file of this user alone");
         expect("kept texts: .*(cannot be opened|is no file of this user alone)");
+        expect("kept texts: .*cannot be read"); // more than any text
         expect("kept texts: foreign file .*notes.txt");
         {
             Program next(where);
@@ -243,7 +297,7 @@ private slots:
             next->forget(next->left().first().id);
             QVERIFY(next->flush());
         }
-        for (int digit = 1; digit <= 8; ++digit) // all are still there
+        for (int digit = 1; digit <= 9; ++digit) // all are still there
             QVERIFY(modeOf(name(digit)) != 0);
         QCOMPARE(contentOf(secret), whole);
         QVERIFY(QFile::exists(inside + QStringLiteral("notes.txt")));

@@ -54,6 +54,10 @@ private:
         VrkPreviewWindow* print()
         {
             QTest::mouseClick(child<QToolButton>("printButton"), Qt::LeftButton);
+            return preview();
+        }
+        static VrkPreviewWindow* preview()
+        {
             for (QWidget* window : QApplication::topLevelWidgets())
                 if (auto* found = qobject_cast<VrkPreviewWindow*>(window))
                     return found;
@@ -155,6 +159,17 @@ private slots:
         QCOMPARE(raised.count, 1);
     }
 
+    void recordsStandInTheOrderOfTheirTime()
+    {
+        const TestStore store;
+        QVERIFY(TestStore::write(store.openLoader().get(), "LogbookRecords", ROW_UPDATE, "REC_ORDER",
+                                 {{"recordTime", TestStore::now() - 7 * 3600}})); // before the first one
+        Report report(store);
+        report.journal.tab().showReportDialog();
+        const QModelIndex author = report.proxy()->index(0, report.column("WorkerKey"));
+        QCOMPARE(author.data().toString(), QStringLiteral("Петров П. П."));
+    }
+
     void namesNoPeriodWithoutAShift()
     {
         const TestStore store;
@@ -215,7 +230,11 @@ private slots:
         const TestStore store;
         Report report(store);
         report.journal.tab().showReportDialog();
-        VrkPreviewWindow* preview = report.print();
+        QTest::keyClick(report.dialog(), Qt::Key_P, Qt::ControlModifier);
+        VrkPreviewWindow* preview = Report::preview();
+        QVERIFY(preview && preview->isVisible());
+        preview->close();
+        preview = report.print();
         QVERIFY(preview && preview->isVisible());
         QCOMPARE(preview->windowTitle(), QStringLiteral("Печать отчета"));
         QCOMPARE(preview->table().footer, report.title());

@@ -470,6 +470,47 @@ private slots:
             QVERIFY(titleOf(dialog).contains(QStringLiteral("Запрошено состояние нагрузки")));
     }
 
+    void aTitleFitsItsDialog()
+    {
+        const TestStore store;
+        const QString text = QStringLiteral("осмотр ").repeated(200);
+        QVERIFY(TestStore::write(store.openLoader().get(), "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV",
+                                 {{"html", text}}));
+        TestJournal journal(store);
+        journal.select("REC_DRAFT_IVANOV");
+        journal.tab().changeSecondMarkRequest();
+        auto* title = journal.module().findChild<SecondMarkerDialog*>()->findChild<QLabel*>(
+            QStringLiteral("recordTitle"));
+        const double time = Row(journal.record("REC_DRAFT_IVANOV")).value("recordTime").value.real;
+        QVERIFY(title->toolTip().contains(
+            journal.session().HfnTimeToSesTime(time).toString(QStringLiteral("dd.MM.yyyy hh:mm"))));
+        for (const QString& line : title->toolTip().split(u'\n'))
+            QVERIFY2(line.size() <= 120, qPrintable(line));
+        QVERIFY(title->toolTip().count(QStringLiteral("осмотр")) > 50);
+        QVERIFY(title->toolTip().count(QStringLiteral("осмотр")) < 100);
+        const auto fits = [title] {
+            for (const QString& line : title->text().split(u'\n'))
+                if (title->fontMetrics().horizontalAdvance(line) > title->width())
+                    return false;
+            return title->text().endsWith(u'…');
+        };
+        QVERIFY2(fits(), qPrintable(title->text()));
+        const QString narrow = title->text();
+        title->resize(title->width() + 200, title->height());
+        QVERIFY(title->text().size() > narrow.size());
+        QVERIFY2(fits(), qPrintable(title->text()));
+    }
+
+    void withoutARecordThereIsNoTitle()
+    {
+        const TestStore store;
+        TestJournal journal(store, QStringLiteral("smirnov"), "DEP_ODS");
+        journal.tab().changeSecondMarkRequest();
+        const auto* dialog = journal.module().findChild<SecondMarkerDialog*>();
+        QVERIFY(dialog->isVisible());
+        QVERIFY(!dialog->findChild<QLabel*>(QStringLiteral("recordTitle"))->isVisible());
+    }
+
     void pastesARecordOfAnotherDepartment()
     {
         const TestStore store;

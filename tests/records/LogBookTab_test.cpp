@@ -292,6 +292,8 @@ private slots:
         QScrollBar* bar = journal.view()->verticalScrollBar();
         QTRY_VERIFY(bar->maximum() > 0);
         bar->setValue(bar->maximum());
+        QCoreApplication::processEvents();
+        QCOMPARE(bar->value(), bar->maximum());
         type(edit, QStringLiteral(" "));
         QCOMPARE(journal.currentKey(), QStringLiteral("REC_OPENING"));
         QCOMPARE(bar->value(), 0);

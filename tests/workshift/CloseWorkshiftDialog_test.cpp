@@ -26,6 +26,7 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QToolButton>
+#include <QTreeView>
 
 /// Closing the open shift of ЦДС through the journal window, on a real store. The shift has two drafts.
 class CloseWorkshiftDialog_test : public QObject
@@ -443,6 +444,17 @@ void CloseWorkshiftDialog_test::newTemplatesComeToOpenDialogs()
         QVERIFY(one->isVisible());
         QVERIFY2(one->findChild<TemplatesWidget*>()->selectTemplate(QStringLiteral("TPL_NEW")),
                  one->metaObject()->className());
+    }
+    const QString name = QStringLiteral("Другой порядок");
+    QVERIFY(TestStore::write(m_store->openLoader().get(), "LogbookTemplates", ROW_UPDATE, "TPL_NEW",
+                             {{"nameLoc", name}}));
+    m_client->deliver();
+    for (QWidget* one : dialogs) {
+        const auto* tree = one->findChild<TemplatesWidget*>()->findChild<QTreeView*>()->model();
+        QVERIFY2(
+            !tree->match(tree->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly | Qt::MatchRecursive)
+                 .isEmpty(),
+            one->metaObject()->className());
     }
 }
 
