@@ -450,11 +450,14 @@ void CloseWorkshiftDialog_test::newTemplatesComeToOpenDialogs()
                              {{"nameLoc", name}}));
     m_client->deliver();
     for (QWidget* one : dialogs) {
-        const auto* tree = one->findChild<TemplatesWidget*>()->findChild<QTreeView*>()->model();
-        QVERIFY2(
-            !tree->match(tree->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly | Qt::MatchRecursive)
-                 .isEmpty(),
-            one->metaObject()->className());
+        const auto* tree = one->findChild<TemplatesWidget*>()->findChild<QTreeView*>();
+        const auto isShown = [&] {
+            return !tree->model()
+                        ->match(tree->model()->index(0, 0), Qt::DisplayRole, name, 1,
+                                Qt::MatchExactly | Qt::MatchRecursive)
+                        .isEmpty();
+        };
+        QTRY_VERIFY2(isShown(), one->metaObject()->className()); // the tree is built again a moment later
     }
 }
 
