@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTextEdit>
+#include <QTimer>
 #include <QToolButton>
 
 /// Writing, changing, deleting and reading comments in the pane of the journal page.
@@ -528,6 +529,23 @@ private slots:
         pane.journal.box()->close(); // by its frame
         pane.comment(QStringLiteral("Третий"));
         pane.journal.deliver();
+        QCOMPARE(pane.list()->currentRow(), 0);
+    }
+
+    void aQuestionThatWasReplacedLetsTheListGo()
+    {
+        const TestStore store;
+        Pane pane(store);
+        pane.journal.select("REC_ORDER");
+        pane.comment(QStringLiteral("Второй"));
+        pane.journal.deliver();
+        pane.list()->setCurrentRow(1);
+        QTest::mouseClick(pane.remove(), Qt::LeftButton);
+        QMetaObject::invokeMethod(pane.journal.child<QTimer>("repeatTimer"), "timeout"); // takes its box
+        pane.journal.press(QDialogButtonBox::AcceptRole);
+        pane.comment(QStringLiteral("Третий"));
+        pane.journal.deliver();
+        QCOMPARE(pane.list()->count(), 3);
         QCOMPARE(pane.list()->currentRow(), 0);
     }
 

@@ -3,6 +3,7 @@
 #include "HtmlParser.h"
 #include "JournalWindow.h"
 #include "LogWatch.h"
+#include "TemplatesWidget.h"
 #include "TEventNciParse.h"
 
 #include <QPushButton>
@@ -80,6 +81,28 @@ private slots:
         const auto* crew = JournalWindow::childOf<QTableWidget>(journal.opening(), "workersTable");
         QCOMPARE(crew->item(0, 0)->text(), QStringLiteral("Иванов Иван Иванович"));
         QVERIFY(crew->item(0, 1)->text().contains(QLatin1Char('/'))); // two roles
+    }
+
+    void anotherTemplateIsFilledWithWhatIsKnown()
+    {
+        const TestStore store;
+        prepare(store, {"employee_fio", "interval"});
+        QVERIFY(
+            TestStore::write(store.openLoader().get(), "LogbookTemplates", ROW_INSERT, "TPL_OTHER",
+                             {{"CategoryKey", "CAT_COMMON"},
+                              {"nameLoc", "Другой приём"},
+                              {"html", store
+                                           .value(QStringLiteral("SELECT html FROM LogbookTemplates WHERE "
+                                                                 "KeyLink='TPL_OPEN'"))
+                                           .toString()}}));
+        change(store, "LogbookTemplates", "TPL_OPEN", {{"nameLoc", "А"}}); // the first
+        JournalWindow journal(store, QStringLiteral("ivanov"));
+        journal.requestOpening(QDateTime(QDate(2030, 5, 6), QTime(8, 0)));
+        JournalWindow::type(journal.opening(), 0, QStringLiteral("Сидорова"));
+        auto* templates = journal.opening()->findChild<TemplatesWidget*>();
+        QVERIFY(templates->selectTemplate(QStringLiteral("TPL_OTHER")));
+        QCOMPARE(filled(journal), QStringList({QStringLiteral("Иванов Иван Иванович|WORKER_IVANOV"),
+                                               QStringLiteral("с 06.05.2030 08:00 по 07.05.2030 08:00|")}));
     }
 
     void onlyTheFirstOfItsKindIsFilled()
