@@ -1,46 +1,28 @@
 #pragma once
 
-#include "CModelTable.h"
-#include "CPopMessageBox.h"
-#include "DurationOptions.h"
+#include "JournalRules.h"
 #include "LogBookTab.h"
-#include "RecordCensus.h"
-#include "RecordPreparer.h"
+#include "RecordActions.h"
 #include "VrkTableTool.h"
 
-#include <initializer_list>
+#include <functional>
+#include <memory>
 #include <QDateTime>
-#include <QPointer>
-#include <QVector>
 
-class AppendWorkerDialog;
-class CloseWorkshiftDialog;
-class CRowBatch;
-class DateTimeRangeDialog;
 class FilterByStatus;
-class MarkTimeDialog;
-class OpenWorkshiftDialog;
-class OrgStructDialog;
+class JournalDialogs;
+class JournalLoader;
 class QAbstractButton;
-class QMenu;
-class QTimer;
-class RecordCreatorDialog;
-class ReportDialog;
-class SecondMarkerDialog;
-class TimeExecutionDialog;
-class WorkshiftInfoDialog;
-class WorkshiftsDialog;
+class ShiftClock;
 
 /// The journal of one department: its current workshift, live, or a workshift or an interval of the
-/// archive. Loads the tables, updates them from change events, and writes the user's changes of records. An
-/// action changes nothing here: it writes to the server, and the table follows the change event.
-class LogBookWidget : public LogBookTab
+/// archive. Arranges the page: a loader fills the tables, change events update them, and the user's actions
+/// write to the server without changing anything here: the table follows the change event.
+class LogBookWidget : public LogBookTab, public JournalRules
 {
     Q_OBJECT
 
 public:
-    enum Mode { NothingLoaded = 0, RealTime = 1, ArchiveInterval = 2, ArchiveWorkshift = 3 };
-
     explicit LogBookWidget(QWidget* parent = nullptr);
     ~LogBookWidget() override;
 
@@ -52,51 +34,17 @@ public:
 
     /// "department, organization".
     QString title() const;
-    /// A Mode.
-    int mode() const { return m_mode; }
-    /// The shown workshift, or null; always null in an interval.
-    MDRData* currentWorkshift() const { return m_currentWorkshift; }
-    /// Its key, or empty.
-    QString workshiftKeyLink() const;
+    MDRData* currentRecord() const override { return LogBookTab::currentRecord(); }
     /// Bounds of the interval or of the shown workshift; invalid if there is none.
     QDateTime displayedPeriodStart() const;
     QDateTime displayedPeriodEnd() const;
     /// A table of this page, otherwise a reference table; null for an unknown name.
     CModelTable* table(const QString& name);
-
-    /// \name The currently allowed actions. They read only memory, and cost the same for any number of
-    /// records.
-    /// @{
-    bool isOpenWorkshift() const;
-    /// Not exactly the opposite of isOpenWorkshift: true without a workshift.
-    bool isCloseWorkshift() const;
-    /// The user has opened the shown workshift or is in its crew.
-    bool isWorkerInWorkshift() const;
-    bool isEditableWorkshift() const;
-    bool isSelectedWorkshift() const;
-    bool isRecordCreatable() const;
-    bool isHideDraft() const;
-    bool isRecordDraft() const;
-    bool isRecordDeletable() const;
-    bool isRecordSignable(MDRData* record) const;
-    bool isRecordSignable() const;
-    bool isExistNoSign() const;
-    bool isExistDrafts() const;
-    bool isExistMyDrafts() const;
-    bool isRecordCopyable() const;
-    bool isRecordPastable() const;
-    bool isRecordHasOrigin() const;
-    bool isFirstMarkSetted() const;
-    bool isSecondMarkSetted() const;
-    bool isFirstMarkSettable() const;
-    bool isSecondMarkSettable() const;
-    bool isTimeExecutionChangable() const;
     /// Wording and icon of the second marker that can be set now; empty if none can.
     QString secondMarkCommand() const;
     QString secondMarkIconPath() const;
     /// The name of a marker's picture; empty if it is not a marker.
     QString iconPathToName(const QString& path) const;
-    /// @}
 
 public slots:
     /// Shows the current workshift; does nothing if it is already shown.
@@ -127,30 +75,29 @@ public slots:
     /// text as a new record.
     void showKeptRecord(const KeptTexts::Text& text);
     void editRecordRequest();
-    void deleteRecordRequest();
-    void deleteMyDraftsRequest();
-    void deleteAllDraftsRequest();
-    void approveRecordRequest();
-    void approveRecord();
-    void approveMyRecordsRequest();
-    void approveAllRecordsRequest();
-    void signRecordRequest();
-    void signAllRecordsRequest();
     void goToOriginRecord();
-
-    /// The second marker and the execution time of the current record. Setting an execution time on an
-    /// approved record makes a successor; removing it changes the record in place.
+    /// Show the dialogs for the second marker and the execution time of the current record.
     void changeSecondMarkRequest();
-    void setSecondMarkRequest(const QDateTime& dt);
-    void removeSecondMarkRequest();
     void changeTimeExecRequest();
-    void setTimeExecRequest(const QDateTime& dt);
-    void removeTimeExecRequest();
 
-    /// Copies a reference to the current record to the clipboard; pasting creates a draft of the user in
-    /// this shift.
-    void copyRecordRequest();
-    void pasteRecordRequest();
+    /// \name Changes of records: RecordActions
+    /// @{
+    void deleteRecordRequest() { m_actions->deleteRecordRequest(); }
+    void deleteMyDraftsRequest() { m_actions->deleteMyDraftsRequest(); }
+    void deleteAllDraftsRequest() { m_actions->deleteAllDraftsRequest(); }
+    void approveRecordRequest() { m_actions->approveRecordRequest(); }
+    void approveRecord() { m_actions->approveRecord(); }
+    void approveMyRecordsRequest() { m_actions->approveMyRecordsRequest(); }
+    void approveAllRecordsRequest() { m_actions->approveAllRecordsRequest(); }
+    void signRecordRequest() { m_actions->signRecordRequest(); }
+    void signAllRecordsRequest() { m_actions->signAllRecordsRequest(); }
+    void setSecondMarkRequest(const QDateTime& dt) { m_actions->setSecondMarkRequest(dt); }
+    void removeSecondMarkRequest() { m_actions->removeSecondMarkRequest(); }
+    void setTimeExecRequest(const QDateTime& dt) { m_actions->setTimeExecRequest(dt); }
+    void removeTimeExecRequest() { m_actions->removeTimeExecRequest(); }
+    void copyRecordRequest() { m_actions->copyRecordRequest(); }
+    void pasteRecordRequest() { m_actions->pasteRecordRequest(); }
+    /// @}
 
 signals:
     /// Mode, workshift or crew has changed: everything that shows them must be updated.
@@ -165,51 +112,24 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
-private slots: // connected by name: showMsgBox takes the slot's name
+private slots: // connected by name: the message box takes the slot's name
     void closeMsgBox(QAbstractButton* button);
     void closeWorkshiftAnswer(QAbstractButton* button);
-    void deleteRecordAnswer(QAbstractButton* button);
-    void approveRecordAnswer(QAbstractButton* button);
 
 private:
-    // LogBookWidget_init.cpp
-    void initTables();
     void configurePanes();
+    void configureTableTool();
+    void createConnections();
     /// Why there are no records, and what to do.
     QString emptyText() const;
-    void configureTableTool();
-    void configureContextMenu();
-    void createDialogs();
-    void createConnections();
-    void showRecordMenu(const QPoint& pos);
     void updateRecordsFilter();
     VrkTableTool::DayLines dayLines() const;
-    void showMsgBox(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
-                    const char* slot);
-    /// Closes the box; true if its question was answered with yes.
-    bool isConfirmed(QAbstractButton* button);
+    void showNotifyWorkshiftLimit();
 
-    // LogBookWidget_hfn.cpp
+    // LogBookWidget_load.cpp
     void uploadCurrentWorkshift();
-    void uploadShownWorkshift();
-    void uploadOpenWorkshift();
-    void uploadWorkshift(const QString& key);
-    void uploadWorkersWorkshiftTable();
-    void uploadRecordsWorkshift();
-    void uploadRecordsInterval(const QDateTime& from, const QDateTime& to);
-    void uploadCommentsAndFiles();
-    void uploadShiftsTable();
-    void uploadRolesTable();
-    void uploadWorkerRolesTable();
-    void uploadTemplatesTable();
-    /// Runs a select into a table. A failure is logged under the signature and does not change the table.
-    bool request(CModelTable& table, const QString& sql, const char* signature);
-    void uploadByRecords(CModelTable& target, const QString& keys, const char* signature);
-    void uploadOfDepartment(CModelTable& target, const char* signature);
-    void clearTables(std::initializer_list<CModelTable*> tables);
-    void finishLoad();
-    void prepareRecords();
-    void prepareRecord(MDRData* record);
+    void load(ShownJournal::Mode mode, const std::function<void()>& upload);
+    void reload(const std::function<void()>& upload);
 
     // LogBookWidget_events.cpp
     /// The event belongs to the department of this page. Compares table names with case, unlike the
@@ -223,81 +143,10 @@ private:
     bool changeRow(TEventNciParse* event);
     bool deleteRow(TEventNciParse* event);
     void updateAttachments(const CModelTable& table, MDRData* record);
-    void reloadTemplates();
-    void closeShiftDialogs();
 
-    // LogBookWidget_duration.cpp
-    void startDurationControl();
-    void controlWorkshiftDuration();
-    void showNotifyWorkshiftLimit();
-
-    // LogBookWidget_annex.cpp
-    bool send(CRowBatch& batch);
-    using Marks = std::initializer_list<std::pair<const char*, MDRVar>>;
-    /// Writes values into a record in place. In the log line of a failure "%1" is the table, "%2" the
-    /// record, the rest from "%3" on.
-    void markRecord(const QByteArray& key, const Marks& marks, const char* function, const QString& logLine,
-                    const QStringList& rest, const QString& message);
-    void sendMark(CRowBatch& batch, const QByteArray& key, const char* function, const QString& logLine,
-                  const QStringList& rest, const QString& message);
-    void addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time);
-    void pasteRecord(const MDRData* source);
-    /// Shows a dialog that displays the record to which its answer applies.
-    void showMarkDialog(MarkTimeDialog* dialog);
-    void nameRecord(const MarkTimeDialog* dialog, const MDRData* record) const;
-    static void copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record);
-    void showError(const QString& title, const QString& text);
-    void createShiftDialogs();
-    void createSmallDialogs();
-    void updateSecondMarkAction();
-    void showCloseWorkshift(bool approveDrafts);
-    void showRecordCreator(MDRData* record);
-    bool deleteRecord(MDRData* record);
-    bool setRecordDeleted(MDRData* record);
-    QVector<MDRData*> drafts(bool onlyMine) const;
-    void deleteDrafts(bool onlyMine, const char* signature);
-    void approveDrafts(bool onlyMine, const char* signature);
-    void addVisa(CRowBatch& batch, const MDRData* record) const;
-
-    Mode m_mode = NothingLoaded;
-    CModelTable m_workshifts;
-    CModelTable m_crew;
-    CModelTable m_records;
-    CModelTable m_comments;
-    CModelTable m_files;
-    CModelTable m_shifts;
-    CModelTable m_roles;
-    CModelTable m_workerRoles;
-    CModelTable m_categories;
-    CModelTable m_templates;
-    MDRData* m_currentWorkshift = nullptr; ///< in m_workshifts
-    QDateTime m_intervalStart;
-    QDateTime m_intervalEnd;
-    RecordPreparer m_preparer;
-    RecordCensus m_census;
+    std::unique_ptr<JournalLoader> m_loader;   ///< created by init, like the next two
+    std::unique_ptr<JournalDialogs> m_dialogs; ///< deleted with the page: they use its tables
+    RecordActions* m_actions = nullptr;
+    ShiftClock* m_clock;
     FilterByStatus* m_draftsFilter = nullptr;
-    bool m_hasFailed = false; ///< a request of the shown load
-    DurationOptions m_durationOptions;
-    QTimer* m_controlTimer;
-    QTimer* m_repeatTimer;
-    QMenu* m_recordMenu = nullptr;
-    QAction* m_timeExecAction = nullptr;
-    QAction* m_secondMarkAction = nullptr;
-    QAction* m_copyAction = nullptr;
-    QAction* m_pasteAction = nullptr;
-    QAction* m_originAction = nullptr;
-    QAction* m_approveAction = nullptr;
-    QAction* m_signAction = nullptr;
-    QPointer<OrgStructDialog> m_orgStruct; ///< shared by all dialogs of the page
-    QPointer<OpenWorkshiftDialog> m_openWorkshift;
-    QPointer<CloseWorkshiftDialog> m_closeWorkshift;
-    QPointer<WorkshiftInfoDialog> m_workshiftInfo;
-    QPointer<WorkshiftsDialog> m_workshiftsDialog;
-    QPointer<DateTimeRangeDialog> m_dateTimeRange;
-    QPointer<AppendWorkerDialog> m_appendWorker;
-    QPointer<RecordCreatorDialog> m_recordCreator;
-    QPointer<ReportDialog> m_report;
-    QPointer<SecondMarkerDialog> m_secondMarker;
-    QPointer<TimeExecutionDialog> m_timeExecution;
-    QVector<QWidget*> m_shiftDialogs; ///< those that are closed with the workshift
 };

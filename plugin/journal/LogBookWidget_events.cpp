@@ -1,26 +1,18 @@
-#include "CloseWorkshiftDialog.h"
 #include "CommentsPane.h"
 #include "EventRow.h"
 #include "FilesPane.h"
+#include "JournalDialogs.h"
 #include "LocationInfo.h"
-#include "LogbookFields.h"
-#include "LogbookTables.h"
 #include "LogBookWidget.h"
 #include "OpenWorkshiftDialog.h"
-#include "OrgStructDialog.h"
-#include "OrgStructWidget.h"
-#include "RecordCreatorDialog.h"
 #include "RecordValue.h"
+#include "ShiftClock.h"
 #include "VrkTableModel.h"
 #include "VrkTableTool.h"
 
 bool LogBookWidget::MessageData(TEventNciParse* event)
 {
-    m_openWorkshift->MessageData(event);
-    m_closeWorkshift->MessageData(event);
-    m_recordCreator->MessageData(event);
-    m_orgStruct->widget()->MessageData(event);
-
+    m_dialogs->MessageData(event);
     switch (event->eventNumber) {
     case EventInserted:
         return insertRow(event);
@@ -35,8 +27,8 @@ bool LogBookWidget::MessageData(TEventNciParse* event)
 
 CModelTable* LogBookWidget::eventTable(const TEventNciParse* event)
 {
-    return tableOf(event,
-                   {&m_workshifts, &m_crew, &m_records, &m_comments, &m_files, &m_categories, &m_templates});
+    return tableOf(event, {&m_shown.workshifts, &m_shown.crew, &m_shown.records, &m_shown.comments,
+                           &m_shown.files, &m_shown.categories, &m_shown.templates});
 }
 
 bool LogBookWidget::insertRow(TEventNciParse* event)
@@ -44,33 +36,33 @@ bool LogBookWidget::insertRow(TEventNciParse* event)
     CModelTable* table = isSuitableNCI(event) ? eventTable(event) : nullptr;
     if (!table)
         return false;
-    const bool isLive = table == &m_workshifts || table == &m_crew || table == &m_records;
-    if (isLive && m_mode != RealTime)
+    const bool isLive = table == &m_shown.workshifts || table == &m_shown.crew || table == &m_shown.records;
+    if (isLive && m_shown.mode != ShownJournal::RealTime)
         return false;
     if (recordByKeyLink(table, event->recordKey)) // the row was already loaded
-        return table == &m_records || table == &m_comments || table == &m_files;
+        return table == &m_shown.records || table == &m_shown.comments || table == &m_shown.files;
 
-    if (table == &m_comments || table == &m_files)
+    if (table == &m_shown.comments || table == &m_shown.files)
         return insertAttachment(*table, event);
-    if (table == &m_records)
+    if (table == &m_shown.records)
         m_tableTool->model()->beginAppendRows(1);
     MDRData* row = changeRecord(table, MDARecNew(table->data.array), event);
-    if (table == &m_workshifts) {
-        m_currentWorkshift = row;
+    if (table == &m_shown.workshifts) {
+        m_shown.workshift = row;
         updateRecordsFilter();
-        if (isOpenWorkshift() && m_openWorkshift->isVisible())
-            m_openWorkshift->close();
+        if (isOpenWorkshift() && m_dialogs->openWorkshift->isVisible())
+            m_dialogs->openWorkshift->close();
         uploadCurrentWorkshift();
-    } else if (table == &m_crew) {
+    } else if (table == &m_shown.crew) {
         updateRecordsFilter();
         emit statusChanged();
-    } else if (table == &m_records) {
-        prepareRecord(row);
+    } else if (table == &m_shown.records) {
+        m_shown.prepareRecord(row);
         m_tableTool->model()->endAppendRows();
         m_tableTool->setCurrentRecord(row);
         emit recordAdded();
     } else {
-        reloadTemplates();
+        m_dialogs->reloadTemplates();
     }
     return true;
 }
@@ -78,7 +70,7 @@ bool LogBookWidget::insertRow(TEventNciParse* event)
 bool LogBookWidget::insertAttachment(CModelTable& table, TEventNciParse* event)
 {
     // The owner is checked before a row is made: the bytes of other departments' files are never fetched.
-    MDRData* record = recordOf(m_records, EventRow(*event));
+    MDRData* record = recordOf(m_shown.records, EventRow(*event));
     if (!record)
         return true;
     changeRecord(&table, MDARecNew(table.data.array), event);
@@ -89,33 +81,33 @@ bool LogBookWidget::insertAttachment(CModelTable& table, TEventNciParse* event)
 bool LogBookWidget::changeRow(TEventNciParse* event)
 {
     CModelTable* table = eventTable(event);
-    if (!table || table == &m_crew)
+    if (!table || table == &m_shown.crew)
         return true;
     MDRData* row = recordByKeyLink(table, event->recordKey);
     if (!row)
         return false;
     changeRecord(table, MDARecEdit(row), event); // the row keeps its address
 
-    if (table == &m_workshifts) {
+    if (table == &m_shown.workshifts) {
         updateRecordsFilter();
         if (isCloseWorkshift())
-            closeShiftDialogs();
-        if (row != m_currentWorkshift)
+            m_dialogs->closeShiftDialogs();
+        if (row != m_shown.workshift)
             return true;
-        startDurationControl();
+        m_clock->start();
         emit statusChanged();
-    } else if (table == &m_records) {
-        prepareRecord(row);
+    } else if (table == &m_shown.records) {
+        m_shown.prepareRecord(row);
         m_tableTool->updateView(row);
         if (row == currentRecord()) { // the allowed actions depend on its status
             m_commentsPane->updateButtons();
             m_filesPane->updateButtons();
         }
         emit recordUpdated();
-    } else if (table == &m_comments || table == &m_files) {
-        updateAttachments(*table, recordOf(m_records, Row(row)));
-    } else if (table == &m_categories || table == &m_templates) {
-        reloadTemplates();
+    } else if (table == &m_shown.comments || table == &m_shown.files) {
+        updateAttachments(*table, recordOf(m_shown.records, Row(row)));
+    } else if (table == &m_shown.categories || table == &m_shown.templates) {
+        m_dialogs->reloadTemplates();
     }
     return true;
 }
@@ -123,27 +115,27 @@ bool LogBookWidget::changeRow(TEventNciParse* event)
 bool LogBookWidget::deleteRow(TEventNciParse* event)
 {
     CModelTable* table = eventTable(event);
-    if (!table || table == &m_workshifts || table == &m_crew)
+    if (!table || table == &m_shown.workshifts || table == &m_shown.crew)
         return true;
     MDRData* row = recordByKeyLink(table, event->recordKey);
     if (!row)
         return false;
 
     CMDArray& rows = table->data;
-    if (table == &m_records) {
-        m_census.remove(row); // before the current row changes and the tool bar queries it
+    if (table == &m_shown.records) {
+        m_shown.census.remove(row); // before the current row changes and the tool bar queries it
         m_tableTool->model()->beginRemoveRecord(row);
         rows.lastError = MDARecDel(row);
         m_tableTool->model()->endRemoveRecord();
         emit recordRemoved();
-    } else if (table == &m_comments || table == &m_files) {
-        MDRData* record = recordOf(m_records, Row(row));
+    } else if (table == &m_shown.comments || table == &m_shown.files) {
+        MDRData* record = recordOf(m_shown.records, Row(row));
         rows.lastError = MDARecDel(row);
         updateAttachments(*table, record);
     } else {
         // Deliberate: a fresh row is deleted and the existing one stays until the next load.
         rows.lastError = MDARecDel(MDARecNew(rows.array));
-        reloadTemplates();
+        m_dialogs->reloadTemplates();
     }
     return true;
 }
@@ -152,11 +144,11 @@ void LogBookWidget::updateAttachments(const CModelTable& table, MDRData* record)
 {
     if (!record)
         return;
-    const bool isComment = &table == &m_comments;
+    const bool isComment = &table == &m_shown.comments;
     if (isComment)
-        m_preparer.prepareRecordComment(record);
+        m_shown.preparer.prepareRecordComment(record);
     else
-        m_preparer.prepareRecordFile(record);
+        m_shown.preparer.prepareRecordFile(record);
     m_tableTool->updateView(record);
     if (record != currentRecord())
         return;
@@ -164,20 +156,6 @@ void LogBookWidget::updateAttachments(const CModelTable& table, MDRData* record)
         m_commentsPane->reload(record);
     else
         m_filesPane->reload(record);
-}
-
-void LogBookWidget::reloadTemplates()
-{
-    m_openWorkshift->reloadTemplates();
-    m_closeWorkshift->reloadTemplates();
-    m_recordCreator->reloadTemplates();
-}
-
-void LogBookWidget::closeShiftDialogs()
-{
-    for (QWidget* dialog : m_shiftDialogs)
-        if (dialog->isVisible())
-            dialog->close();
 }
 
 bool LogBookWidget::isSuitableNCI(TEventNciParse* event)
@@ -201,5 +179,5 @@ bool LogBookWidget::isSuitableNCI(TEventNciParse* event)
 
 QByteArray LogBookWidget::departmentOf(const QByteArray& workshiftKey) const
 {
-    return Row(recordByKeyLink(&m_workshifts, workshiftKey.constData())).copy(Field::DepartmentKey);
+    return Row(recordByKeyLink(&m_shown.workshifts, workshiftKey.constData())).copy(Field::DepartmentKey);
 }

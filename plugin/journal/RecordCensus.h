@@ -12,6 +12,7 @@ class RecordCensus
 public:
     /// The author of "my" records. Set it before the first record.
     void setWorkerKey(const QByteArray& key) { m_workerKey = key; }
+    const QByteArray& workerKey() const { return m_workerKey; }
 
     /// Counts the record, or counts it again after a change.
     void put(const MDRData* record);

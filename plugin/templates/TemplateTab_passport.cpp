@@ -13,6 +13,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -147,7 +148,8 @@ void TemplateTab::createTemplatePassport()
         auto* box = new QComboBox;
         for (const TemplateMarker& marker : templateMarkers) {
             const QString path = QLatin1String(marker.icon);
-            box->addItem(marker.icon ? QIcon(path) : QIcon(), tr(marker.label),
+            box->addItem(marker.icon ? QIcon(path) : QIcon(),
+                         QCoreApplication::translate("TemplateMarkers", marker.label),
                          marker.icon ? QVariant(path) : QVariant());
         }
         return box;

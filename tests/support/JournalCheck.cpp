@@ -116,7 +116,7 @@ void JournalCheck::rememberLoad(LogBookWidget* journal)
 
 QString JournalCheck::recordsWhere(LogBookWidget* journal) const
 {
-    if (journal->mode() == LogBookWidget::ArchiveInterval) {
+    if (journal->mode() == ShownJournal::ArchiveInterval) {
         const auto seconds = [](const QDateTime& time) { return QString::number(time.toSecsSinceEpoch()); };
         return QStringLiteral("recordTime >= %1 AND recordTime <= %2 AND ShiftKey IN (SELECT KeyLink FROM "
                               "LogbookWorkshifts WHERE DepartmentKey='%3')")

@@ -133,10 +133,10 @@ QStringList JournalCheck::compare(const QString& what, const Rows& held, const R
 QStringList JournalCheck::workshifts(const QString& name, LogBookWidget* journal) const
 {
     const Rows shifts = held(journal, "LogbookWorkshifts");
-    if (journal->mode() == LogBookWidget::ArchiveInterval)
+    if (journal->mode() == ShownJournal::ArchiveInterval)
         return compare(name + QStringLiteral(" shift"), shifts, {});
     const QString current = journal->workshiftKeyLink();
-    if (journal->mode() == LogBookWidget::ArchiveWorkshift)
+    if (journal->mode() == ShownJournal::ArchiveWorkshift)
         return compare(name + QStringLiteral(" shift"), shifts,
                        stored("LogbookWorkshifts", QStringLiteral("KeyLink='%1'").arg(current)));
 
@@ -258,25 +258,25 @@ QStringList JournalCheck::againstStore(RandomDispatcher& person)
                       .arg(person.window().window().unreadComments())
                       .arg(unread);
     for (LogBookWidget* journal : person.journals()) {
-        if (journal->mode() == LogBookWidget::RealTime)
+        if (journal->mode() == ShownJournal::RealTime)
             leaveStale(journal);
         const QString name = this->name(journal);
         faults += workshifts(name, journal);
 
         const QString shift = journal->workshiftKeyLink();
-        const bool isInterval = journal->mode() == LogBookWidget::ArchiveInterval;
+        const bool isInterval = journal->mode() == ShownJournal::ArchiveInterval;
         Rows crew = isInterval
                         ? Rows()
                         : stored("LogbookWorkersWorkshift", QStringLiteral("WorkshiftKey='%1'").arg(shift));
         Rows heldCrew = held(journal, "LogbookWorkersWorkshift");
         Rows records = stored("LogbookRecords", recordsWhere(journal));
         const Rows heldRecords = held(journal, "LogbookRecords");
-        if (journal->mode() != LogBookWidget::RealTime) {
+        if (journal->mode() != ShownJournal::RealTime) {
             const QSet<QByteArray> loaded = m_loaded.value(journal); // an archive gets no new rows
             for (auto row = records.begin(); row != records.end();)
                 row = loaded.contains(row.key()) ? row + 1 : records.erase(row);
         }
-        if (journal->mode() == LogBookWidget::RealTime)
+        if (journal->mode() == ShownJournal::RealTime)
             takeRowsOfOthers(journal, &crew, &records);
         faults += compare(name + QStringLiteral(" crew"), heldCrew, crew);
         faults += compare(name + QStringLiteral(" record"), heldRecords, records);
@@ -301,15 +301,15 @@ QStringList JournalCheck::againstFresh(RandomDispatcher& person, JournalWindow& 
         if (page->title() != journal->title())
             faults << QStringLiteral("%1: the title is %2").arg(name, journal->title());
         // A fresh page shows an open shift live by itself; any other period must be set.
-        if (journal->mode() == LogBookWidget::ArchiveInterval)
+        if (journal->mode() == ShownJournal::ArchiveInterval)
             page->uploadRecordsIn(journal->displayedPeriodStart(), journal->displayedPeriodEnd());
         else if (page->workshiftKeyLink() != journal->workshiftKeyLink() ||
-                 journal->mode() == LogBookWidget::ArchiveWorkshift)
+                 journal->mode() == ShownJournal::ArchiveWorkshift)
             page->uploadRecordsIn(journal->workshiftKeyLink());
 
         Rows crew;
         Rows foreign;
-        if (journal->mode() == LogBookWidget::RealTime)
+        if (journal->mode() == ShownJournal::RealTime)
             takeRowsOfOthers(journal, &crew, &foreign);
         const auto here = cells(journal);
         const auto there = cells(page);

@@ -1,18 +1,11 @@
-#include "CPopMessageBox.h"
-#include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "GenGuid32.h"
-#include "LocationInfo.h"
+#include "JournalRules.h"
 #include "LogbookFields.h"
-#include "LogbookTables.h"
-#include "LogBookWidget.h"
 #include "LogText.h"
-#include "RecordTitle.h"
+#include "PageMessages.h"
+#include "RecordActions.h"
 #include "RecordValue.h"
-#include "SecondMarkerDialog.h"
-#include "TimeExecutionDialog.h"
-
-#include <QTextCodec>
 
 /// The second marker and the execution time. They are written to the record that is current when the answer
 /// arrives.
@@ -23,48 +16,9 @@ QString logTime(double time)
 {
     return QStringLiteral("%1").arg(time, 0, 'g');
 }
-
-/// A property of the record's template as text.
-QString templateProperty(const MDRData* record, const char* name, const QTextCodec* codec)
-{
-    const MDRVar html = Row(record).value(Field::html);
-    if (!MDRValue::hasText(html))
-        return {};
-    HtmlParser parser(codec->toUnicode(MDRValue::bytes(html)).toStdString());
-    std::string value;
-    parser.templatePropertyValue(name, value);
-    return QString::fromStdString(value);
-}
 } // namespace
 
-QString LogBookWidget::secondMarkCommand() const
-{
-    return isSecondMarkSettable() ? templateProperty(currentRecord(), "command", m_module->session()->codec())
-                                  : QString();
-}
-
-QString LogBookWidget::secondMarkIconPath() const
-{
-    return isSecondMarkSettable()
-               ? templateProperty(currentRecord(), "second_mark", m_module->session()->codec())
-               : QString();
-}
-
-QString LogBookWidget::iconPathToName(const QString& path) const
-{
-    const QHash<QString, QString> names{
-        {QStringLiteral(":/markers/exclamation_mark.png"), tr("Авария")},
-        {QStringLiteral(":/markers/worker_red.png"), tr("Допуск бригады")},
-        {QStringLiteral(":/markers/worker_blue.png"), tr("Завершение работ бригады")},
-        {QStringLiteral(":/markers/arrow_up_blue.png"), tr("Передача вышестоящей организации")},
-        {QStringLiteral(":/markers/arrow_down_red.png"), tr("Передача от вышестоящей организации")},
-        {QStringLiteral(":/markers/thunder_blue.png"), tr("Снято заземление")},
-        {QStringLiteral(":/markers/thunder_red.png"), tr("Установлено заземление")},
-    };
-    return names.value(path);
-}
-
-void LogBookWidget::sendMark(CRowBatch& batch, const QByteArray& key, const char* function,
+void RecordActions::sendMark(CRowBatch& batch, const QByteArray& key, const char* function,
                              const QString& logLine, const QStringList& rest, const QString& message)
 {
     if (send(batch))
@@ -73,10 +27,10 @@ void LogBookWidget::sendMark(CRowBatch& batch, const QByteArray& key, const char
         QStringLiteral("void LogBookWidget::") + QLatin1String(function),
         LogText::fill(logLine,
                       QStringList{QLatin1String(LogbookTable::Records), QString::fromLatin1(key)} + rest));
-    showError(tr("Ошибка"), message);
+    m_messages.error(tr("Ошибка"), message);
 }
 
-void LogBookWidget::markRecord(const QByteArray& key, const Marks& marks, const char* function,
+void RecordActions::markRecord(const QByteArray& key, const Marks& marks, const char* function,
                                const QString& logLine, const QStringList& rest, const QString& message)
 {
     CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
@@ -87,44 +41,26 @@ void LogBookWidget::markRecord(const QByteArray& key, const Marks& marks, const 
     sendMark(batch, key, function, logLine, rest, message);
 }
 
-void LogBookWidget::showMarkDialog(MarkTimeDialog* dialog)
+void RecordActions::setSecondMarkRequest(const QDateTime& dt)
 {
-    nameRecord(dialog, currentRecord());
-    dialog->show();
-}
-
-void LogBookWidget::nameRecord(const MarkTimeDialog* dialog, const MDRData* record) const
-{
-    dialog->recordTitle()->showRecord(record, m_module->session(),
-                                      m_location->table(QLatin1String(LogbookTable::Workers)));
-}
-
-void LogBookWidget::changeSecondMarkRequest()
-{
-    showMarkDialog(m_secondMarker);
-}
-
-void LogBookWidget::setSecondMarkRequest(const QDateTime& dt)
-{
-    const MDRData* record = currentRecord();
+    const MDRData* record = m_rules.currentRecord();
     if (!record)
         return;
     const QByteArray key = Row(record).key();
     const double time = DateTime_To_HfnTime(dt);
-    const QString worker = m_location->workerKey();
-    const QByteArray workerKey = worker.toUtf8();
-    markRecord(key,
-               {{Field::SecondMarkWorkerKey, MDRValue::text(workerKey)},
-                {Field::secondMarkTime, MDRValue::real(time)}},
-               "setSecondMarkRequest(QDateTime)",
-               QStringLiteral("error set second marker record! Data: Table(%1), KeyLink(%2), "
-                              "SecondMarkWorkerKey(%3), secondMarkTime(%4)"),
-               {worker, logTime(time)}, tr("Не удалось установить второй маркер!"));
+    const QByteArray& worker = m_rules.workerKey();
+    markRecord(
+        key,
+        {{Field::SecondMarkWorkerKey, MDRValue::text(worker)}, {Field::secondMarkTime, MDRValue::real(time)}},
+        "setSecondMarkRequest(QDateTime)",
+        QStringLiteral("error set second marker record! Data: Table(%1), KeyLink(%2), "
+                       "SecondMarkWorkerKey(%3), secondMarkTime(%4)"),
+        {QString::fromUtf8(worker), logTime(time)}, tr("Не удалось установить второй маркер!"));
 }
 
-void LogBookWidget::removeSecondMarkRequest()
+void RecordActions::removeSecondMarkRequest()
 {
-    if (const MDRData* record = currentRecord())
+    if (const MDRData* record = m_rules.currentRecord())
         markRecord(
             Row(record).key(),
             {{Field::SecondMarkWorkerKey, MDRValue::null()}, {Field::secondMarkTime, MDRValue::null()}},
@@ -133,23 +69,18 @@ void LogBookWidget::removeSecondMarkRequest()
             tr("Не удалось удалить второй маркер!"));
 }
 
-void LogBookWidget::changeTimeExecRequest()
-{
-    showMarkDialog(m_timeExecution);
-}
-
-void LogBookWidget::removeTimeExecRequest()
+void RecordActions::removeTimeExecRequest()
 {
     // Deliberate: in place in any status: an approved record gets no successor here.
-    if (const MDRData* record = currentRecord())
+    if (const MDRData* record = m_rules.currentRecord())
         markRecord(Row(record).key(), {{Field::executionTime, MDRValue::null()}}, "removeTimeExecRequest()",
                    QStringLiteral("error remove time execution record! Data: Table(%1), KeyLink(%2)"), {},
                    tr("Не удалось сбросить время выпонения!"));
 }
 
-void LogBookWidget::setTimeExecRequest(const QDateTime& dt)
+void RecordActions::setTimeExecRequest(const QDateTime& dt)
 {
-    const MDRData* record = currentRecord();
+    const MDRData* record = m_rules.currentRecord();
     if (!record)
         return;
     const QByteArray key = Row(record).key();
@@ -170,7 +101,7 @@ void LogBookWidget::setTimeExecRequest(const QDateTime& dt)
 }
 
 /// The old record is marked deleted; a copy with the execution time replaces it and refers to it.
-void LogBookWidget::addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time)
+void RecordActions::addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time)
 {
     const QByteArray successorKey = GenGuid32();
     MDRData* old = batch.newRow(ROW_UPDATE, key);
@@ -187,7 +118,7 @@ void LogBookWidget::addSuccessor(CRowBatch& batch, const MDRData* record, const 
     batch.RecPost(row);
 }
 
-void LogBookWidget::copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record)
+void RecordActions::copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record)
 {
     for (int number = 0; number < MDAFldCount(batch.array); ++number) {
         const MDRField* field = MDRFldByNum(batch.array, number);

@@ -1,11 +1,9 @@
-#include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "GenGuid32.h"
-#include "LocationInfo.h"
+#include "JournalRules.h"
 #include "LogbookFields.h"
 #include "LogbookTables.h"
-#include "LogBookWidget.h"
-#include "LogText.h"
+#include "RecordActions.h"
 #include "RecordValue.h"
 
 #include <algorithm>
@@ -31,9 +29,9 @@ bool isKey(const QString& key)
 }
 } // namespace
 
-void LogBookWidget::copyRecordRequest()
+void RecordActions::copyRecordRequest()
 {
-    const MDRData* record = currentRecord();
+    const MDRData* record = m_rules.currentRecord();
     if (!record)
         return;
     auto* mimeData = new QMimeData;
@@ -42,7 +40,7 @@ void LogBookWidget::copyRecordRequest()
     QGuiApplication::clipboard()->setMimeData(mimeData);
 }
 
-void LogBookWidget::pasteRecordRequest()
+void RecordActions::pasteRecordRequest()
 {
     const QMimeData* mimeData = QGuiApplication::clipboard()->mimeData();
     if (!mimeData || !mimeData->hasFormat(QLatin1String(recordFormat)))
@@ -54,11 +52,11 @@ void LogBookWidget::pasteRecordRequest()
         return;
 
     CMDArray answer; // contains the record if it is not in this page's view
-    const MDRData* source = recordByKeyLink(&m_records, parts[1].toLatin1().constData());
+    const MDRData* source = recordByKeyLink(&m_rules.shown().records, parts[1].toLatin1().constData());
     if (!source) {
         const QString sql =
             QString::fromLatin1(LogbookSql::RecordByKey).arg(QLatin1String(LogbookTable::Records), parts[1]);
-        answer = m_module->session()->SqlRequest(sql.toUtf8().constData());
+        answer = m_session->SqlRequest(sql.toUtf8().constData());
         source = answer.RecCount() > 0 ? MDARec(answer.array, 0, 0) : nullptr;
         if (!source)
             return; // removed, or unreachable: no message
@@ -66,11 +64,11 @@ void LogBookWidget::pasteRecordRequest()
     pasteRecord(source);
 }
 
-void LogBookWidget::pasteRecord(const MDRData* source)
+void RecordActions::pasteRecord(const MDRData* source)
 {
     const QByteArray key = GenGuid32();
-    const QByteArray workerKey = m_location->workerKey().toUtf8();
-    const QByteArray workshiftKey = workshiftKeyLink().toUtf8();
+    const QByteArray& workerKey = m_rules.workerKey();
+    const QByteArray workshiftKey = m_rules.workshiftKeyLink().toUtf8();
     CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
     MDRData* row = batch.newRow(ROW_INSERT, key);
     copyMarked(batch, row, source);

@@ -1,10 +1,10 @@
-#include "CPopMessageBox.h"
-#include "CVrkCliMod.h"
+#include "ShiftClock.h"
+
 #include "CVrkCliSes.h"
 #include "Fields.h"
 #include "FileAnswer.h"
 #include "HfnTime.h"
-#include "LogBookWidget.h"
+#include "JournalRules.h"
 #include "LogText.h"
 #include "RecordValue.h"
 
@@ -14,7 +14,16 @@
 #include <QTextCodec>
 #include <QTimer>
 
-void LogBookWidget::uploadWorkshiftDurationControl()
+ShiftClock::ShiftClock(const JournalRules& rules, QObject* parent)
+    : QObject(parent), m_rules(rules), m_control(new QTimer(this)), m_repeat(new QTimer(this))
+{
+    m_control->setObjectName(QStringLiteral("controlTimer"));
+    m_repeat->setObjectName(QStringLiteral("repeatTimer"));
+    connect(m_control, &QTimer::timeout, this, &ShiftClock::control);
+    connect(m_repeat, &QTimer::timeout, this, &ShiftClock::limitExceeded);
+}
+
+void ShiftClock::upload(CVrkCliSes* session)
 {
     const QString name = QStringLiteral("FileGet");
     const QString argument = QStringLiteral("options;OperLogOptions");
@@ -22,7 +31,6 @@ void LogBookWidget::uploadWorkshiftDurationControl()
         qDebug().noquote() << "void LogBookWidget::uploadWorkshiftDurationControl()" << text;
     };
 
-    CVrkCliSes* session = m_module->session();
     const QByteArray bytes = session->codec()->fromUnicode(argument);
     HFNCliParam* block = nullptr;
     if (!session->PacketExec("FileGet", reinterpret_cast<const unsigned char*>(bytes.constData()),
@@ -41,39 +49,28 @@ void LogBookWidget::uploadWorkshiftDurationControl()
     }
     const FileAnswer answer = FileAnswer::read(block, argument);
     if (answer.failure.isEmpty())
-        m_durationOptions = DurationOptions::fromXml(session->codec()->toUnicode(answer.content));
+        m_options = DurationOptions::fromXml(session->codec()->toUnicode(answer.content));
     else
         log(answer.failure);
 }
 
-void LogBookWidget::startDurationControl()
+void ShiftClock::start()
 {
-    m_controlTimer->start(1000);
-    m_repeatTimer->stop();
+    m_control->start(1000);
+    m_repeat->stop();
 }
 
-void LogBookWidget::controlWorkshiftDuration()
+void ShiftClock::control()
 {
-    const DurationOptions& options = m_durationOptions;
-    if (!options.isOn || options.delay <= 0 || options.interval <= 0 || !isEditableWorkshift())
+    if (!m_options.isOn || m_options.delay <= 0 || m_options.interval <= 0 || !m_rules.isEditableWorkshift())
         return;
-    const MDRVar end = Row(m_currentWorkshift).value(Field::endTime);
+    const MDRVar end = Row(m_rules.currentWorkshift()).value(Field::endTime);
     if (end.isNull || end.value.real < 1.0)
         return;
     // The clock of this machine, not that of the server.
-    if (options.delay + end.value.real > DateTime_To_HfnTime(QDateTime::currentDateTime()))
+    if (m_options.delay + end.value.real > DateTime_To_HfnTime(QDateTime::currentDateTime()))
         return;
-    m_controlTimer->stop();
-    showNotifyWorkshiftLimit();
-    m_repeatTimer->start(qMin(options.interval, std::numeric_limits<int>::max() / 1000) * 1000);
-}
-
-void LogBookWidget::showNotifyWorkshiftLimit()
-{
-    showMsgBox(tr("Предупреждение"),
-               LogText::centered(tr("Превышена допустимая длительность смены.") + QStringLiteral("<br/>") +
-                                 tr("Необходимо провести сдачу/прием смены.")),
-               MessageIconWarning, MessageTypeOk, SLOT(closeMsgBox(QAbstractButton*)));
-    m_module->CallAttention(tr("Превышена допустимая длительность смены.") + QLatin1Char(' ') +
-                            tr("Необходимо провести сдачу/прием смены."));
+    m_control->stop();
+    emit limitExceeded();
+    m_repeat->start(qMin(m_options.interval, std::numeric_limits<int>::max() / 1000) * 1000);
 }

@@ -1,0 +1,216 @@
+#include "RecordActions.h"
+
+#include "CVrkCliSes.h"
+#include "JournalRules.h"
+#include "LogbookFields.h"
+#include "LogText.h"
+#include "PageMessages.h"
+#include "RecordValue.h"
+
+namespace
+{
+/// Adds a row that sets the status of a record.
+void addStatus(CRowBatch& batch, const MDRData* record, RecordStatus status)
+{
+    MDRData* row = batch.newRow(ROW_UPDATE, Row(record).key());
+    batch.SetValF(row, Field::status, MDRValue::number(status));
+    batch.RecPost(row);
+}
+
+void addDeletion(CRowBatch& batch, const MDRData* record)
+{
+    batch.RecPost(batch.newRow(ROW_DELETE, Row(record).key()));
+}
+} // namespace
+
+RecordActions::RecordActions(CVrkCliSes* session, const JournalRules& rules, PageMessages& messages,
+                             QObject* parent)
+    : QObject(parent), m_session(session), m_rules(rules), m_messages(messages)
+{
+}
+
+bool RecordActions::send(CRowBatch& batch)
+{
+    return m_session->SqlUpdate(LogbookTable::Records, batch.array, true, nullptr);
+}
+
+bool RecordActions::deleteRecord(MDRData* record)
+{
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    addDeletion(batch, record);
+    return send(batch);
+}
+
+bool RecordActions::setRecordDeleted(MDRData* record)
+{
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    addStatus(batch, record, StatusDeleted);
+    return send(batch);
+}
+
+void RecordActions::deleteRecordRequest()
+{
+    MDRData* record = m_rules.currentRecord();
+    if (hasStatus(record, StatusApproved)) {
+        m_messages.show(tr("Удаление утвержденной записи"),
+                        LogText::centered(tr("После удаления запись будет помечена как удалённая!") +
+                                          QLatin1Char('\n') + tr("Вы действительно хотите удалить запись?")),
+                        MessageIconQuestion, MessageTypeYesNo, this,
+                        SLOT(deleteRecordAnswer(QAbstractButton*)));
+    } else if (hasStatus(record, StatusDraft) && !deleteRecord(record)) {
+        LogText::warn(QStringLiteral("void LogBookWidget::deleteRecordRequest()"),
+                      LogText::fill(QStringLiteral("failed delete record %1 with status %2 from table %3"),
+                                    {QString::fromUtf8(Row(record).key()), QString::number(StatusDraft),
+                                     QLatin1String(LogbookTable::Records)}));
+        m_messages.error(tr("Ошибка удаления записи"), tr("Не удалось удалить запись!"));
+    }
+}
+
+void RecordActions::deleteRecordAnswer(QAbstractButton* button)
+{
+    if (!m_messages.isConfirmed(button))
+        return;
+    MDRData* record = m_rules.currentRecord(); // the record that is current now, not that of the question
+    if (!record || setRecordDeleted(record))
+        return;
+    LogText::warn(QStringLiteral("void LogBookWidget::deleteRecordAnswer(QAbstractButton*)"),
+                  LogText::fill(QStringLiteral("failed set status %1 for record %2 in table %3"),
+                                {QString::number(StatusDeleted), QString::fromUtf8(Row(record).key()),
+                                 QLatin1String(LogbookTable::Records)}));
+    m_messages.error(tr("Ошибка удаления записи"), tr("Не удалось удалить запись!"));
+}
+
+void RecordActions::deleteMyDraftsRequest()
+{
+    deleteDrafts(true, "void LogBookWidget::deleteMyDraftsRequest()");
+}
+
+void RecordActions::deleteAllDraftsRequest()
+{
+    deleteDrafts(false, "void LogBookWidget::deleteAllDraftsRequest()");
+}
+
+void RecordActions::deleteDrafts(bool onlyMine, const char* signature)
+{
+    CRowBatch batch(m_rules.shown().records.data);
+    for (const MDRData* record : drafts(onlyMine))
+        addDeletion(batch, record);
+    if (batch.RecCount() == 0 || send(batch))
+        return;
+    LogText::warn(QLatin1String(signature), QStringLiteral("error delete my records! Data: Table(%1) ")
+                                                .arg(QLatin1String(LogbookTable::Records)));
+    m_messages.error(tr("Ошибка"), tr("Не удалось удалить черновые записи!"));
+}
+
+QVector<MDRData*> RecordActions::drafts(bool onlyMine) const
+{
+    QVector<MDRData*> found;
+    const QByteArray& worker = m_rules.workerKey();
+    for (int i = 0; i < m_rules.shown().records.data.RecCount(); ++i) {
+        MDRData* record = MDARec(m_rules.shown().records.data.array, 0, i);
+        if (RecordCensus::isDraft(record) && (!onlyMine || RecordCensus::isAuthor(record, worker)))
+            found.append(record);
+    }
+    return found;
+}
+
+void RecordActions::approveRecordRequest()
+{
+    const MDRData* record = m_rules.currentRecord();
+    if (!record)
+        return;
+    if (templateOf(Row(record).value(Field::html)).isExistTemplateProperty("time_exec") &&
+        !Row(record).has(Field::executionTime)) {
+        m_messages.show(tr("Утверждение записи"),
+                        LogText::centered(tr("Не внесено время выполнения! После утверждения редактирование "
+                                             "записи запрещено! Продолжить?")),
+                        MessageIconWarning, MessageTypeYesNo, this,
+                        SLOT(approveRecordAnswer(QAbstractButton*)));
+        return;
+    }
+    approveRecord();
+}
+
+void RecordActions::approveRecordAnswer(QAbstractButton* button)
+{
+    if (m_messages.isConfirmed(button))
+        approveRecord();
+}
+
+void RecordActions::approveRecord()
+{
+    const MDRData* record = m_rules.currentRecord();
+    if (!record)
+        return;
+    CRowBatch batch(m_rules.shown().records.data);
+    addStatus(batch, record, StatusApproved);
+    if (send(batch))
+        return;
+    LogText::warn(
+        QStringLiteral("void LogBookWidget::approveRecord()"),
+        LogText::fill(QStringLiteral("error approve record! Data: Table(%1), KeyLink(%2)"),
+                      {QLatin1String(LogbookTable::Records), QString::fromUtf8(Row(record).key())}));
+    m_messages.error(tr("Ошибка"), tr("Не удалось утвердить запись!"));
+}
+
+void RecordActions::approveMyRecordsRequest()
+{
+    approveDrafts(true, "void LogBookWidget::approveMyRecordsRequest()");
+}
+
+void RecordActions::approveAllRecordsRequest()
+{
+    approveDrafts(false, "void LogBookWidget::approveAllRecordsRequest()");
+}
+
+void RecordActions::approveDrafts(bool onlyMine, const char* signature)
+{
+    CRowBatch batch(m_rules.shown().records.data);
+    for (const MDRData* record : drafts(onlyMine))
+        addStatus(batch, record, StatusApproved);
+    if (batch.RecCount() == 0 || send(batch))
+        return;
+    LogText::warn(QLatin1String(signature), QStringLiteral("error approve users records! Data: Table(%1) ")
+                                                .arg(QLatin1String(LogbookTable::Records)));
+    m_messages.error(tr("Ошибка"), tr("Не удалось утвердить записи!"));
+}
+
+void RecordActions::addVisa(CRowBatch& batch, const MDRData* record) const
+{
+    const QByteArray& worker = m_rules.workerKey();
+    MDRData* row = batch.newRow(ROW_UPDATE, Row(record).key());
+    batch.SetValF(row, Field::VisaWorkerKey, MDRValue::text(worker));
+    batch.RecPost(row);
+}
+
+void RecordActions::signRecordRequest()
+{
+    MDRData* record = m_rules.currentRecord();
+    if (!m_rules.isRecordSignable(record))
+        return;
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    addVisa(batch, record);
+    if (send(batch))
+        return;
+    LogText::warn(
+        QStringLiteral("void LogBookWidget::signRecordRequest()"),
+        LogText::fill(QStringLiteral("error sign record! Data: Table(%1), KeyLink(%2)"),
+                      {QLatin1String(LogbookTable::Records), QString::fromUtf8(Row(record).key())}));
+    m_messages.error(tr("Ошибка"), tr("Не удалось поставить визу на запись!"));
+}
+
+void RecordActions::signAllRecordsRequest()
+{
+    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    for (int i = 0; i < m_rules.shown().records.data.RecCount(); ++i) {
+        MDRData* record = MDARec(m_rules.shown().records.data.array, 0, i);
+        if (m_rules.isRecordSignable(record))
+            addVisa(batch, record);
+    }
+    if (batch.RecCount() == 0 || send(batch))
+        return;
+    LogText::warn(
+        QStringLiteral("void LogBookWidget::signAllRecordsRequest()"),
+        QStringLiteral("error sign record! Data: Table(%1)").arg(QLatin1String(LogbookTable::Records)));
+    m_messages.error(tr("Ошибка"), tr("Не удалось поставить визу на записи!"));
+}

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "CMDArray.h"
+
+#include <initializer_list>
+#include <QDateTime>
+#include <QObject>
+#include <QVector>
+
+class CRowBatch;
+class CVrkCliSes;
+class JournalRules;
+class PageMessages;
+class QAbstractButton;
+struct MDRVar;
+
+/// The changes that the user makes to the records of a page, apart from writing them. Each applies to the
+/// record that is current at that moment, and only writes to the server: the page follows the change event.
+class RecordActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Nothing is owned.
+    RecordActions(CVrkCliSes* session, const JournalRules& rules, PageMessages& messages, QObject* parent);
+
+    void deleteRecordRequest();
+    void deleteMyDraftsRequest();
+    void deleteAllDraftsRequest();
+    void approveRecordRequest();
+    void approveRecord();
+    void approveMyRecordsRequest();
+    void approveAllRecordsRequest();
+    void signRecordRequest();
+    void signAllRecordsRequest();
+
+    /// Setting an execution time on an approved record makes a successor; removing it changes the record in
+    /// place.
+    void setSecondMarkRequest(const QDateTime& dt);
+    void removeSecondMarkRequest();
+    void setTimeExecRequest(const QDateTime& dt);
+    void removeTimeExecRequest();
+
+    /// Copies a reference to the record to the clipboard; pasting creates a draft of the user in this shift.
+    void copyRecordRequest();
+    void pasteRecordRequest();
+
+private slots: // connected by name: the message box takes the slot's name
+    void deleteRecordAnswer(QAbstractButton* button);
+    void approveRecordAnswer(QAbstractButton* button);
+
+private:
+    bool send(CRowBatch& batch);
+    bool deleteRecord(MDRData* record);
+    bool setRecordDeleted(MDRData* record);
+    QVector<MDRData*> drafts(bool onlyMine) const;
+    void deleteDrafts(bool onlyMine, const char* signature);
+    void approveDrafts(bool onlyMine, const char* signature);
+    void addVisa(CRowBatch& batch, const MDRData* record) const;
+
+    using Marks = std::initializer_list<std::pair<const char*, MDRVar>>;
+    /// Writes values into a record in place. In the log line of a failure "%1" is the table, "%2" the
+    /// record, the rest from "%3" on.
+    void markRecord(const QByteArray& key, const Marks& marks, const char* function, const QString& logLine,
+                    const QStringList& rest, const QString& message);
+    void sendMark(CRowBatch& batch, const QByteArray& key, const char* function, const QString& logLine,
+                  const QStringList& rest, const QString& message);
+    void addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time);
+    static void copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record);
+    void pasteRecord(const MDRData* source);
+
+    CVrkCliSes* m_session;
+    const JournalRules& m_rules;
+    PageMessages& m_messages;
+};

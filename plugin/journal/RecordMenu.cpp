@@ -1,0 +1,72 @@
+#include "RecordMenu.h"
+
+#include "LogBookWidget.h"
+#include "MarkerIcon.h"
+#include "ShownText.h"
+
+namespace
+{
+struct Entry {
+    const char* icon; ///< null for a separator
+    const char* text;
+    bool (*isEnabled)(const LogBookWidget& page);
+    void (LogBookWidget::*request)();
+};
+using Page = const LogBookWidget&;
+
+constexpr Entry secondMark = {":/icons/two.png", QT_TRANSLATE_NOOP("RecordMenu", "Второй маркер..."),
+                              [](Page) { return true; }, &LogBookWidget::changeSecondMarkRequest};
+constexpr Entry separator = {};
+constexpr Entry entries[] = {
+    {":/icons/hour_glass.png", QT_TRANSLATE_NOOP("RecordMenu", "Время выполнения..."),
+     [](Page page) { return page.isTimeExecutionChangable(); }, &LogBookWidget::changeTimeExecRequest},
+    secondMark,
+    separator,
+    {":/icons/apply.png", QT_TRANSLATE_NOOP("RecordMenu", "Утвердить текущую запись"),
+     [](Page page) { return page.isRecordDraft(); }, &LogBookWidget::approveRecordRequest},
+    {":/icons/sign.png", QT_TRANSLATE_NOOP("RecordMenu", "Поставить визу на текущую запись"),
+     [](Page page) { return page.isRecordSignable(); }, &LogBookWidget::signRecordRequest},
+    {":/icons/star.png", QT_TRANSLATE_NOOP("RecordMenu", "Перейти к первичной записи"),
+     [](Page page) { return page.isRecordHasOrigin(); }, &LogBookWidget::goToOriginRecord},
+    separator,
+    {":/icons/copy.png", QT_TRANSLATE_NOOP("RecordMenu", "Копировать запись"),
+     [](Page page) { return page.isRecordCopyable(); }, &LogBookWidget::copyRecordRequest},
+    {":/icons/paste.png", QT_TRANSLATE_NOOP("RecordMenu", "Вставить запись"),
+     [](Page page) { return page.isRecordPastable(); }, &LogBookWidget::pasteRecordRequest},
+};
+} // namespace
+
+RecordMenu::RecordMenu(LogBookWidget* page, QWidget* parent) : QMenu(parent), m_page(page)
+{
+    setObjectName(QStringLiteral("recordMenu"));
+    for (const Entry& entry : entries) {
+        QAction* action =
+            entry.icon ? addAction(QIcon(QLatin1String(entry.icon)), tr(entry.text)) : addSeparator();
+        if (entry.icon)
+            connect(action, &QAction::triggered, page, entry.request);
+    }
+}
+
+void RecordMenu::show(const QPoint& globalPos)
+{
+    for (int i = 0; i < actions().size(); ++i) {
+        QAction* action = actions().at(i);
+        if (entries[i].isEnabled)
+            action->setEnabled(entries[i].isEnabled(*m_page));
+        if (entries[i].request == secondMark.request)
+            nameSecondMark(action);
+    }
+    popup(globalPos);
+}
+
+/// Deliberate: the entry is never disabled, so the dialog opens on any record; only its look follows the
+/// record.
+void RecordMenu::nameSecondMark(QAction* action)
+{
+    const QString path = m_page->secondMarkIconPath();
+    const QString command = m_page->secondMarkCommand();
+    const QString name = command.isEmpty() ? m_page->iconPathToName(path) : command;
+    const QIcon marker = MarkerIcon::at(path);
+    action->setIcon(marker.isNull() ? QIcon(QLatin1String(secondMark.icon)) : marker);
+    action->setText(name.isEmpty() ? tr(secondMark.text) : ShownText::entry(name));
+}
