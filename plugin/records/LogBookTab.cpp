@@ -11,7 +11,10 @@
 #include "PageMessages.h"
 #include "PaneRoom.h"
 #include "RecordColumns.h"
+#include "SearchBar.h"
 #include "ui_LogBookTab.h"
+#include "VrkTableModel.h"
+#include "VrkTableProxyModel.h"
 #include "VrkTableTool.h"
 
 #include <QAction>
@@ -27,10 +30,14 @@ LogBookTab::LogBookTab(QWidget* parent)
     configureForm();
 
     connect(m_ui->closeSearchButton, &QToolButton::clicked, m_ui->searchWidget, &QWidget::close);
-    connect(m_ui->upSearchButton, &QToolButton::clicked, this, &LogBookTab::searchUp);
-    connect(m_ui->downSearchButton, &QToolButton::clicked, this, &LogBookTab::searchDown);
-    connect(m_ui->searchEdit, &QLineEdit::textChanged, this, &LogBookTab::search);
-    connect(m_ui->searchEdit, &QLineEdit::returnPressed, this, &LogBookTab::searchNext);
+    new SearchBar(
+        {m_ui->searchEdit, m_ui->upSearchButton, m_ui->downSearchButton, m_ui->recordsTable},
+        [this](const QString& text) { return matcheIndexes(text); },
+        [this](const QModelIndex& hit) {
+            m_ui->recordsTable->setCurrentIndex(hit);
+            m_ui->recordsTable->scrollTo(hit);
+        },
+        this);
     const auto* leave =
         new QShortcut(Qt::Key_Escape, m_ui->searchWidget, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(leave, &QShortcut::activated, this, [this] {
@@ -93,6 +100,29 @@ void LogBookTab::createAnnex(const Annex& annex)
     };
     new EmptyHint(m_ui->commentsList, [this, ofRecord] { return ofRecord(tr("Комментариев нет")); });
     new EmptyHint(m_ui->filesTable, [this, ofRecord] { return ofRecord(tr("Файлов нет")); });
+}
+
+void LogBookTab::switchVisibleSearch()
+{
+    if (m_ui->searchWidget->isVisible()) {
+        m_ui->searchWidget->hide();
+        m_ui->searchEdit->clear();
+    } else {
+        m_ui->searchWidget->show();
+        m_ui->searchEdit->setFocus(Qt::ShortcutFocusReason);
+    }
+}
+
+QModelIndexList LogBookTab::matcheIndexes(const QString& text) const
+{
+    if (!m_tableTool)
+        return QModelIndexList();
+    const auto* proxy = m_tableTool->proxy();
+    // Deliberate: the search starts at the second row and reaches the first one last, after wrapping.
+    const int start = proxy->rowCount() > 1 ? 1 : 0;
+    const QModelIndex from = proxy->index(start, m_tableTool->model()->idxField(QLatin1String(Field::html)));
+    return proxy->match(from, Qt::DisplayRole, text, -1,
+                        Qt::MatchWrap | Qt::MatchFixedString | Qt::MatchContains);
 }
 
 void LogBookTab::takeKeyboard()

@@ -104,9 +104,4 @@ protected:
 private:
     void configureForm();
     QModelIndexList matcheIndexes(const QString& text) const;
-    void setCurrentIndex(const QModelIndex& index);
-    void search(const QString& text);
-    void searchUp();
-    void searchDown();
-    void searchNext();
 };

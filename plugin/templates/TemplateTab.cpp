@@ -9,6 +9,7 @@
 #include "NoticeBar.h"
 #include "OrgsTemplatesEditSourceModel.h"
 #include "PublicTemplatesEditSourceModel.h"
+#include "SearchBar.h"
 #include "StillTree.h"
 #include "TemplateEditor.h"
 #include "TemplatesProxyModel.h"
@@ -70,7 +71,6 @@ void TemplateTab::configureForm()
     for (const auto& [button, icon] : buttons) {
         button->setIcon(CVrkCliMod::icon(icon));
         button->setFixedSize(searchHeight, searchHeight);
-        button->setEnabled(false);
     }
     m_form->upSearchButton->setToolTip(tr("Предыдущее совпадение"));
     m_form->downSearchButton->setToolTip(tr("Следующее совпадение"));
@@ -100,10 +100,17 @@ void TemplateTab::configureForm()
 
 void TemplateTab::createConnections()
 {
-    connect(m_form->upSearchButton, &QToolButton::clicked, this, &TemplateTab::searchUp);
-    connect(m_form->downSearchButton, &QToolButton::clicked, this, &TemplateTab::searchDown);
-    connect(m_form->searchEdit, &QLineEdit::textChanged, this, &TemplateTab::search);
-    connect(m_form->searchEdit, &QLineEdit::returnPressed, this, &TemplateTab::searchNext);
+    QTreeView* tree = m_form->templatesTree;
+    new SearchBar(
+        {m_form->searchEdit, m_form->upSearchButton, m_form->downSearchButton, tree},
+        [this](const QString& text) { return matcheIndexes(text); },
+        [tree](const QModelIndex& hit) {
+            const StillTree still(tree);
+            tree->setCurrentIndex(hit);
+            // not the hit itself: a failed save removes rows
+            tree->scrollTo(tree->currentIndex(), QAbstractItemView::EnsureVisible);
+        },
+        this);
     connect(m_rootFolderAction, &QAction::triggered, this, &TemplateTab::createRootFolder);
     connect(m_folderAction, &QAction::triggered, this, &TemplateTab::createFolder);
     connect(m_templateAction, &QAction::triggered, this, &TemplateTab::createTemplate);
@@ -124,9 +131,17 @@ void TemplateTab::createConnections()
     auto* copy =
         new QShortcut(QKeySequence::Copy, m_form->templatesTree, nullptr, nullptr, Qt::WidgetShortcut);
     connect(copy, &QShortcut::activated, this, [this] {
-        if (m_operations && (this->*m_operations->isCanCopy)())
+        if (m_level && canCopyCurrent())
             copyItem();
     });
+}
+
+QModelIndexList TemplateTab::matcheIndexes(const QString& text) const
+{
+    if (!m_proxy || text.isEmpty())
+        return {};
+    return m_proxy->match(m_proxy->index(0, 0), Qt::DisplayRole, text, -1,
+                          Qt::MatchContains | Qt::MatchFixedString | Qt::MatchWrap | Qt::MatchRecursive);
 }
 
 void TemplateTab::setCatsTemplateTable(const CModelTable* table)
@@ -145,15 +160,15 @@ void TemplateTab::init(CVrkCliMod* module, TemplateTypes type, Rights::AdminRigh
     m_rights = rights;
     switch (type) {
     case Public:
-        m_operations = &publicOperations;
+        m_level = &TemplateLevels::publicLevel;
         m_model = new PublicTemplatesEditSourceModel(this);
         break;
     case Orgs:
-        m_operations = &orgsOperations;
+        m_level = &TemplateLevels::orgsLevel;
         m_model = new OrgsTemplatesEditSourceModel(this);
         break;
     case Deps:
-        m_operations = &depsOperations;
+        m_level = &TemplateLevels::depsLevel;
         m_model = new DepsTemplatesEditSourceModel(this);
         break;
     }
@@ -169,22 +184,23 @@ void TemplateTab::init(CVrkCliMod* module, TemplateTypes type, Rights::AdminRigh
     m_model->setTemplatesTable(&m_tables.templates);
     m_model->setCatsTemplateEdit(&m_tables.categoriesEdit);
     m_model->setTemplatesEdit(&m_tables.templatesEdit);
-    const bool isEditable = (this->*m_operations->isEditable)();
-    m_model->setEditable(isEditable);
+    m_model->setEditable(canEdit());
 
     m_proxy->setDynamicSortFilter(true);
     m_proxy->setCatsTemplateTable(&m_tables.categories);
     m_proxy->setCatsTemplateEdit(&m_tables.categoriesEdit);
     m_proxy->setTemplatesTable(&m_tables.templates);
     m_proxy->setTemplatesEdit(&m_tables.templatesEdit);
-    if (m_operations->applyTemplateFilter)
-        (this->*m_operations->applyTemplateFilter)();
+    if (type == Orgs)
+        applyTemplateFilter_Orgs();
+    else if (type == Deps)
+        applyTemplateFilter_Deps();
     m_proxy->setSourceModel(m_model);
 
     QTreeView* tree = m_form->templatesTree;
     tree->setModel(m_proxy);
     tree->sortByColumn(0, Qt::AscendingOrder);
-    if (isEditable) {
+    if (canEdit()) {
         tree->setDragEnabled(true);
         tree->setAcceptDrops(true);
         tree->viewport()->setAcceptDrops(true);
@@ -214,41 +230,6 @@ QString TemplateTab::userParameter(const char* name) const
 bool TemplateTab::isExistUnsaved() const
 {
     return m_tables.categoriesEdit.data.RecCount() > 0 || m_tables.templatesEdit.data.RecCount() > 0;
-}
-
-bool TemplateTab::isRootCreatable() const
-{
-    return isAdmin() && !isExistUnsaved() && (this->*m_operations->isRootCreatable)();
-}
-
-bool TemplateTab::isFolderCreatable() const
-{
-    return isAnyAdmin() && !isExistUnsaved() && m_form->templatesTree->currentIndex().isValid() &&
-           (this->*m_operations->isFolderCreatable)();
-}
-
-bool TemplateTab::isTemplateCreatable() const
-{
-    return isAnyAdmin() && !isExistUnsaved() && m_form->templatesTree->currentIndex().isValid() &&
-           (this->*m_operations->isTemplateCreatable)();
-}
-
-bool TemplateTab::isItemDeletable() const
-{
-    return isAnyAdmin() && !isExistUnsaved() && (this->*m_operations->isItemDeletable)();
-}
-
-bool TemplateTab::isOwnItemCurrent() const
-{
-    const MDRData* record = currentRecord();
-    return TemplateTables::isContains(&m_tables.categories, record) ||
-           TemplateTables::isContains(&m_tables.templates, record);
-}
-
-bool TemplateTab::isCurrentDeletable(const CModelTable* roots) const
-{
-    const MDRData* record = currentRecord();
-    return record && !TemplateTables::isContains(roots, record);
 }
 
 QModelIndex TemplateTab::currentSource() const
@@ -331,11 +312,6 @@ void TemplateTab::setFocusOn(MDRData* record, MDRData* edit)
     tree->viewport()->update();
 }
 
-bool TemplateTab::canCopyCurrent() const
-{
-    return isAnyAdmin() && TemplateTables::isContains(&m_tables.templates, currentRecord());
-}
-
 void TemplateTab::showError(const QString& text)
 {
     m_messageBox->setMessage(tr("Ошибка"), QStringLiteral("<center>%1</center>").arg(text), MessageIconError,
@@ -358,23 +334,22 @@ void TemplateTab::contextMenuRequest(const QPoint& pos)
     m_rootFolderAction->setEnabled(isRootCreatable());
     m_folderAction->setEnabled(isFolderCreatable());
     m_templateAction->setEnabled(isTemplateCreatable());
-    m_copyAction->setEnabled((this->*m_operations->isCanCopy)());
-    m_pasteAction->setEnabled((this->*m_operations->isCanPaste)());
+    m_copyAction->setEnabled(canCopyCurrent());
+    m_pasteAction->setEnabled(canPasteHere());
     m_menu->popup(m_form->templatesTree->viewport()->mapToGlobal(pos));
 }
 
 void TemplateTab::keyPressEvent(QKeyEvent* event)
 {
     const bool isControl = event->modifiers() & Qt::ControlModifier;
-    if (m_operations && isControl && event->key() == Qt::Key_C && (this->*m_operations->isCanCopy)())
+    if (m_level && isControl && event->key() == Qt::Key_C && canCopyCurrent())
         copyItem();
-    else if (m_operations && isControl && event->key() == Qt::Key_V && (this->*m_operations->isCanPaste)())
+    else if (m_level && isControl && event->key() == Qt::Key_V && canPasteHere())
         pasteItem();
     else if (isControl && event->key() == Qt::Key_F) {
         m_form->searchEdit->selectAll();
         m_form->searchEdit->setFocus();
-    } else if (m_operations && !isControl && event->key() == Qt::Key_Delete &&
-               (this->*m_operations->isItemDeletable)()) {
+    } else if (m_level && !isControl && event->key() == Qt::Key_Delete && isCurrentDeletable()) {
         // Deliberate: the key checks only the level, not unsaved changes.
         deleteSelected();
     }

@@ -3,6 +3,7 @@
 #include "KeptEdits.h"
 #include "Rights.h"
 #include "SentEdits.h"
+#include "TemplateLevel.h"
 #include "TemplateTables.h"
 
 #include <memory>
@@ -127,25 +128,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    /// The operations that differ between the levels.
-    struct Operations {
-        bool (TemplateTab::*isEditable)() const;
-        void (TemplateTab::*applyTemplateFilter)(); ///< may be null
-        bool (TemplateTab::*isRootCreatable)() const;
-        bool (TemplateTab::*isFolderCreatable)() const;
-        bool (TemplateTab::*isTemplateCreatable)() const;
-        bool (TemplateTab::*isItemDeletable)() const;
-        bool (TemplateTab::*canEditPassport)() const;
-        bool (TemplateTab::*isCanCopy)() const;
-        bool (TemplateTab::*isCanPaste)() const;
-        void (TemplateTab::*newFolder)(QModelIndex, MDRData*);
-        void (TemplateTab::*newTemplate)(QModelIndex, MDRData*);
-        void (TemplateTab::*whereInsertRecord)(int&, QModelIndex&, TEventNciParse*);
-    };
-    static const Operations publicOperations;
-    static const Operations orgsOperations;
-    static const Operations depsOperations;
-
     // The page
     void configureForm();
     void createConnections();
@@ -157,58 +139,21 @@ private:
     bool isAdmin() const { return m_rights == Rights::Admin; }
     bool isAnyAdmin() const { return m_rights != Rights::View; }
     bool isOwnItemCurrent() const;
-    bool isCurrentDeletable(const CModelTable* roots) const;
-    bool canCopyCurrent() const;
-    bool canPasteHere() const;
     void showError(const QString& text);
     void contextMenuRequest(const QPoint& pos);
 
-    // The levels
-    bool isEditable_Public() const;
-    bool isRootCreatable_Public() const;
-    bool isFolderCreatable_Public() const;
-    bool isTemplateCreatable_Public() const;
-    bool isItemDeletable_Public() const;
-    bool canEditPassport_Public() const;
-    bool isCanCopy_Public() const;
-    bool isCanPaste_Public() const;
-    void newFolder_Public(QModelIndex index, MDRData* record);
-    void newTemplate_Public(QModelIndex index, MDRData* record);
-    void whereInsertRecord_Public(int& row, QModelIndex& parent, TEventNciParse* event);
-
-    bool isEditable_Orgs() const;
+    // The level: TemplateTab_level.cpp
+    bool canEdit() const { return m_rights >= m_level->editor; }
+    /// The rows at the top of the tree; null if these are categories.
+    const CModelTable* roots() const;
     void applyTemplateFilter_Orgs();
-    bool isRootCreatable_Orgs() const;
-    bool isFolderCreatable_Orgs() const;
-    bool isTemplateCreatable_Orgs() const;
-    bool isItemDeletable_Orgs() const;
-    bool canEditPassport_Orgs() const;
-    bool isCanCopy_Orgs() const;
-    bool isCanPaste_Orgs() const;
-    void newFolder_Orgs(QModelIndex index, MDRData* record);
-    void newTemplate_Orgs(QModelIndex index, MDRData* record);
-    void whereInsertRecord_Orgs(int& row, QModelIndex& parent, TEventNciParse* event);
-
-    bool isEditable_Deps() const;
     void applyTemplateFilter_Deps();
-    bool isRootCreatable_Deps() const;
-    bool isFolderCreatable_Deps() const;
-    bool isTemplateCreatable_Deps() const;
-    bool isItemDeletable_Deps() const;
-    bool canEditPassport_Deps() const;
-    bool isCanCopy_Deps() const;
-    bool isCanPaste_Deps() const;
-    void newFolder_Deps(QModelIndex index, MDRData* record);
-    void newTemplate_Deps(QModelIndex index, MDRData* record);
-    void whereInsertRecord_Deps(int& row, QModelIndex& parent, TEventNciParse* event);
+    bool isCurrentDeletable() const;
+    bool canCopyCurrent() const;
+    bool canPasteHere() const;
+    QString levelSignature(const char* function) const;
 
-    // Search
     QModelIndexList matcheIndexes(const QString& text) const;
-    void search(const QString& text);
-    void searchUp();
-    void searchDown();
-    void searchNext();
-    void goTo(const QModelIndex& index);
 
     // Editing and saving
     MDRData* editedCategory();
@@ -245,16 +190,14 @@ private:
     static bool isMoved(const CModelTable* table, const MDRData* record, TEventNciParse* event);
     /// The position of an event's row in this page's tree; \a row stays negative if it does not belong
     /// there.
-    void whereInsert(int& row, QModelIndex& parent, TEventNciParse* event, const CModelTable* roots,
-                     const char* scopeField, std::initializer_list<const char*> refused);
+    void whereInsert(int& row, QModelIndex& parent, TEventNciParse* event);
     void moveRow(CModelTable* table, MDRData* record, TEventNciParse* event);
 
     // Tree operations
     MDRData* newCategory(const QModelIndex& parent, const QString& name, const QByteArray& parentKey,
                          const QByteArray& orgTypeKey, const QByteArray& departmentKey);
-    void newFolderUnder(const QModelIndex& index, MDRData* record, const CModelTable* roots,
-                        const char* scopeField, const QString& signature, const QString& failure);
-    void newTemplateUnder(QModelIndex index, MDRData* record, const QString& signature);
+    void newFolder(const QModelIndex& index, MDRData* record);
+    void newTemplate(QModelIndex index, MDRData* record);
     void insertTemplate(const QModelIndex& parent, const QByteArray& category, const QByteArray& name,
                         const MDRVar& html);
     void deleteFolder(MDRData* record);
@@ -308,7 +251,7 @@ private:
     std::unique_ptr<Ui::TemplateTab> m_form;
     CVrkCliMod* m_module = nullptr;
     Rights::AdminRights m_rights = Rights::View;
-    const Operations* m_operations = nullptr;
+    const TemplateLevel* m_level = nullptr; ///< set by init
     TemplatesEditSourceModel* m_model = nullptr;
     TemplatesProxyModel* m_proxy = nullptr;
     CPopMessageBox* m_messageBox = nullptr;

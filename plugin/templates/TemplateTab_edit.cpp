@@ -106,7 +106,7 @@ KeptTexts::Values TemplateTab::unsaved() const
 /// Offers changes that were neither saved nor dropped when the program ended.
 void TemplateTab::offerLeft()
 {
-    const bool isDepartment = m_operations == &depsOperations;
+    const bool isDepartment = m_level->roots == TemplateLevel::DepartmentRoots;
     m_unsaved->setPlace(QStringLiteral("templates/") + objectName() +
                         (isDepartment ? userParameter("DEPARTMENTKEY") : QString()));
     KeptTexts* texts = KeptTexts::of(m_module);

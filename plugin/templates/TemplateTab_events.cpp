@@ -135,7 +135,7 @@ void TemplateTab::moveRow(CModelTable* table, MDRData* record, TEventNciParse* e
     removeRow(table, record);
     int row = -1;
     QModelIndex parent;
-    (this->*m_operations->whereInsertRecord)(row, parent, event);
+    whereInsert(row, parent, event);
     if (row >= 0) {
         m_model->beginInsertRow(row, parent);
         MDRData* arrived = MDARecNew(table->data.array);
@@ -195,7 +195,7 @@ void TemplateTab::rowInserted(CModelTable* table, CModelTable* edits, CModelTabl
     int row = -1;
     QModelIndex parent;
     if (!recordByKeyLink(table, event->recordKey)) // a load may have brought it already
-        (this->*m_operations->whereInsertRecord)(row, parent, event);
+        whereInsert(row, parent, event);
     if (row < 0) { // it belongs to the tree of another page
         if (quiet.end())
             reloadFor(tree->currentIndex(), QModelIndex());
@@ -223,25 +223,24 @@ void TemplateTab::rowInserted(CModelTable* table, CModelTable* edits, CModelTabl
     updateEditStatus();
 }
 
-void TemplateTab::whereInsert(int& row, QModelIndex& parent, TEventNciParse* event, const CModelTable* roots,
-                              const char* scopeField, std::initializer_list<const char*> refused)
+void TemplateTab::whereInsert(int& row, QModelIndex& parent, TEventNciParse* event)
 {
     const bool isCategory = event->tableName == QLatin1String(LogbookTable::CatsTemplate);
     const EventRow arrived(*event);
     const CModelTable* folders = &m_tables.categories;
     MDRVar key = arrived.value(isCategory ? Field::ParentKey : Field::CategoryKey);
-    if (isCategory) {
-        for (const char* field : refused)
-            if (!arrived.value(field).isNull)
-                return;
-        if (scopeField && !arrived.value(scopeField).isNull) {
-            key = arrived.value(scopeField);
-            folders = roots;
-        }
+    const char* const ownScope = m_level->scopeField;
+    for (const char* scope : fieldNames(Field::OrgTypeKey, Field::DepartmentKey)) {
+        if (!isCategory || arrived.value(scope).isNull)
+            continue;
+        if (qstrcmp(scope, ownScope) != 0)
+            return; // a category of another level
+        key = arrived.value(scope);
+        folders = roots();
     }
     if (MDRValue::hasText(key))
         parent = m_model->indexByRecord(recordByKeyLink(folders, key.value.text.data));
-    const bool isTop = isCategory && !scopeField && !MDRValue::hasText(key);
+    const bool isTop = isCategory && !ownScope && !MDRValue::hasText(key);
     if (parent.isValid() || isTop)
         row = isCategory ? m_model->nextCategoryRow(parent) : m_model->nextTemplateRow(parent);
 }

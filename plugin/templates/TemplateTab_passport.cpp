@@ -121,7 +121,7 @@ void TemplateTab::createCategoryPassport()
     edit->setObjectName(QStringLiteral("categoryNameEdit"));
     edit->setFrame(false);
     edit->setMaxLength(name->width);
-    edit->setEnabled((this->*m_operations->canEditPassport)());
+    edit->setEnabled(canEdit());
     edit->setAccessibleName(label.isEmpty() ? tr("Наименование") : label);
     addRow(m_form->categoryPropsTree, nullptr, label.isEmpty() ? tr("Наименование") : label, edit);
     connect(edit, &QLineEdit::textChanged, this, &TemplateTab::categoryNameChanged);
@@ -131,7 +131,6 @@ void TemplateTab::createTemplatePassport()
 {
     QTreeWidget* tree = m_form->templatePropsTree;
     new LastRowFiller(tree); // the text fills the remaining height of the window
-    const bool canEdit = (this->*m_operations->canEditPassport)();
     const auto add = [&](const QString& label, QWidget* editor, const char* name, int height = rowHeight,
                          QTreeWidgetItem* parent = nullptr) {
         editor->setObjectName(QLatin1String(name));
@@ -187,8 +186,8 @@ void TemplateTab::createTemplatePassport()
     for (const auto& [editor, label] : boxes)
         editor->setAccessibleName(label);
     for (QWidget* editor : std::initializer_list<QWidget*>{name, open, close, time, first, second, command})
-        editor->setEnabled(canEdit);
-    html->setEnabled(canEdit); // a separate function: the shown text can still be selected
+        editor->setEnabled(canEdit());
+    html->setEnabled(canEdit()); // a separate function: the shown text can still be selected
 
     connect(name, &QLineEdit::textChanged, this, &TemplateTab::templateNameChanged);
     connect(open, &QCheckBox::clicked, this, &TemplateTab::templateOpenChanged);

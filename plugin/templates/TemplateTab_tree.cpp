@@ -95,7 +95,7 @@ void TemplateTab::createFolder()
     const QModelIndex index = currentSource();
     if (!index.isValid())
         return;
-    (this->*m_operations->newFolder)(index, m_model->recordByIndex(index));
+    newFolder(index, m_model->recordByIndex(index));
     beginTyping(categoryNameEditor());
 }
 
@@ -104,41 +104,39 @@ void TemplateTab::createTemplate()
     const QModelIndex index = currentSource();
     if (!index.isValid())
         return;
-    (this->*m_operations->newTemplate)(index, m_model->recordByIndex(index));
+    newTemplate(index, m_model->recordByIndex(index));
     beginTyping(templateNameEditor());
 }
 
-void TemplateTab::newFolderUnder(const QModelIndex& index, MDRData* record, const CModelTable* roots,
-                                 const char* scopeField, const QString& signature, const QString& failure)
+void TemplateTab::newFolder(const QModelIndex& index, MDRData* record)
 {
     QModelIndex parent = index;
-    const bool isRoot = TemplateTables::isContains(roots, record);
+    const bool isRoot = TemplateTables::isContains(roots(), record);
     if (!isRoot && !TemplateTables::isContains(&m_tables.categories, record)) { // a template is selected
         parent = index.parent();
         record = m_model->recordByIndex(parent);
     }
     if (!isRoot && !TemplateTables::isContains(&m_tables.categories, record)) {
-        emit writeLog(signature, failure);
+        emit writeLog(levelSignature("newFolder"), QLatin1String(m_level->noParent));
         return;
     }
     const QByteArray key = Row(record).key();
     const auto scope = [&](const char* field) {
-        return isRoot && qstrcmp(scopeField, field) == 0 ? key : QByteArray();
+        return isRoot && qstrcmp(m_level->scopeField, field) == 0 ? key : QByteArray();
     };
     newCategory(parent, tr("Новая подкатегория"), isRoot ? QByteArray() : key, scope(Field::OrgTypeKey),
                 scope(Field::DepartmentKey));
     updateEditStatus();
 }
 
-void TemplateTab::newTemplateUnder(QModelIndex index, MDRData* record, const QString& signature)
+void TemplateTab::newTemplate(QModelIndex index, MDRData* record)
 {
     if (!TemplateTables::isContains(&m_tables.categories, record)) {
         index = index.parent();
         record = m_model->recordByIndex(index);
     }
     if (!TemplateTables::isContains(&m_tables.categories, record)) {
-        emit writeLog(signature,
-                      QStringLiteral("failed get record by index. Can't find parent category record."));
+        emit writeLog(levelSignature("newTemplate"), QLatin1String(TemplateLevels::noCategory));
         return;
     }
     insertTemplate(index, Row(record).key(), codec()->fromUnicode(tr("Новый шаблон")), MDRValue::null());
@@ -244,6 +242,18 @@ void TemplateTab::deleteFolder(MDRData* record, std::set<const MDRData*>* seen)
     rows.RecPost(deletion);
 }
 
+bool TemplateTab::canCopyCurrent() const
+{
+    return isAnyAdmin() && TemplateTables::isContains(&m_tables.templates, currentRecord());
+}
+
+bool TemplateTab::canPasteHere() const
+{
+    const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+    return canEdit() && isOwnItemCurrent() && mime && mime->hasFormat(clipboardFormat()) &&
+           !mime->data(clipboardFormat()).isEmpty();
+}
+
 void TemplateTab::copyItem()
 {
     if (!canCopyCurrent())
@@ -254,13 +264,6 @@ void TemplateTab::copyItem()
     auto* mime = new QMimeData;
     mime->setData(clipboardFormat(), key);
     QGuiApplication::clipboard()->setMimeData(mime);
-}
-
-bool TemplateTab::canPasteHere() const
-{
-    const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
-    return isOwnItemCurrent() && mime && mime->hasFormat(clipboardFormat()) &&
-           !mime->data(clipboardFormat()).isEmpty();
 }
 
 void TemplateTab::pasteItem()

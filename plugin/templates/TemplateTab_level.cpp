@@ -1,0 +1,105 @@
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
+#include "LogbookTables.h"
+#include "RecordValue.h"
+#include "TemplatesProxyModel.h"
+#include "TemplateTab.h"
+#include "ui_TemplateTab.h"
+
+/// What the user may see and do on the page of his level.
+
+const CModelTable* TemplateTab::roots() const
+{
+    switch (m_level->roots) {
+    case TemplateLevel::OrgTypeRoots:
+        return m_orgTypesTable;
+    case TemplateLevel::DepartmentRoots:
+        return m_departmentsTable;
+    default:
+        return nullptr;
+    }
+}
+
+QString TemplateTab::levelSignature(const char* function) const
+{
+    return QStringLiteral("void TemplateTab::%1_%2(QModelIndex, MDArrayRec*)")
+        .arg(QLatin1String(function), QLatin1String(m_level->name));
+}
+
+/// An administrator sees all types of organizations, a local administrator that of his organization, a
+/// viewer no page.
+void TemplateTab::applyTemplateFilter_Orgs()
+{
+    if (isAdmin())
+        return;
+    const QString organization = isAnyAdmin() ? userParameter("ORGANIZATIONKEY") : QString();
+    if (organization.isEmpty()) {
+        emit hideMe();
+        return;
+    }
+    const QString sql = QStringLiteral("SELECT * FROM %1 WHERE KeyLink = '%2';")
+                            .arg(QLatin1String(LogbookTable::Organizations), organization);
+    CMDArray answer;
+    answer = m_module->session()->SqlRequest(sql.toUtf8().constData());
+    if (answer.RecCount() == 0) {
+        // Deliberate: the placeholder is not filled in.
+        emit writeLog(QStringLiteral("void TemplateTab::applyTemplateFilter_Orgs()"),
+                      QStringLiteral("SQL request {%1} return 0 records. Failed check "));
+        emit hideMe();
+        return;
+    }
+    const MDRVar type = Row(MDARec(answer.array, 0, 0)).value(Field::OrgTypeKey);
+    if (MDRValue::hasText(type))
+        m_proxy->setFilterRoot(QString::fromUtf8(MDRValue::bytes(type)));
+    else
+        emit hideMe();
+}
+
+/// An administrator sees all departments, others their own. Deliberate: without a department the page is
+/// hidden for everybody, including the administrator.
+void TemplateTab::applyTemplateFilter_Deps()
+{
+    const QString department = userParameter("DEPARTMENTKEY");
+    if (department.isEmpty()) {
+        emit writeLog(
+            QStringLiteral("void TemplateTab::applyTemplateFilter_Deps()"),
+            QStringLiteral("not found department key in {m_app->m_user_params} by key DEPARTMENTKEY"));
+        emit hideMe();
+        return;
+    }
+    if (!isAdmin())
+        m_proxy->setFilterRoot(department);
+}
+
+bool TemplateTab::isRootCreatable() const
+{
+    return isAdmin() && !isExistUnsaved() && m_level->roots == TemplateLevel::NoRoots;
+}
+
+bool TemplateTab::isFolderCreatable() const
+{
+    return canEdit() && !isExistUnsaved() && m_form->templatesTree->currentIndex().isValid();
+}
+
+bool TemplateTab::isTemplateCreatable() const
+{
+    return canEdit() && !isExistUnsaved() && isOwnItemCurrent();
+}
+
+bool TemplateTab::isItemDeletable() const
+{
+    return !isExistUnsaved() && isCurrentDeletable();
+}
+
+bool TemplateTab::isCurrentDeletable() const
+{
+    const MDRData* record = currentRecord();
+    return canEdit() && record && !TemplateTables::isContains(roots(), record);
+}
+
+bool TemplateTab::isOwnItemCurrent() const
+{
+    const MDRData* record = currentRecord();
+    return TemplateTables::isContains(&m_tables.categories, record) ||
+           TemplateTables::isContains(&m_tables.templates, record);
+}
