@@ -80,6 +80,12 @@ class Change:
 FUNCTION = re.compile(r"^(?!enum|class|struct|namespace|union|using|template)\S[^\n]*(?:\n(?![{}#]|\n)[^\n]*)*\n\{\n"
                       r"(?P<body>(?:(?!\}\n)[^\n]*\n)*)\}\n", re.M)
 
+
+def object_of(source):
+    """Matches the object of this source in the command of a linker."""
+    return rf"\s\S+\.dir/(\S+/)?{re.escape(source.stem)}\.cpp\.o(?=\s)"
+
+
 SWITCH = """#include <cstdlib>
 namespace
 {
@@ -141,8 +147,9 @@ class Apart:
     def can_take(self, source, programs):
         """Whether these programs hold the source themselves. One that loads it from a library would not see the
         change."""
-        return str(source) in self.compilers and \
-            all(self.linker(one) and "bin/libVrk" not in self.linker(one) for one in programs)
+        def holds(linker):
+            return linker and ("lib/libVrk" not in linker or re.search(object_of(source), linker))
+        return str(source) in self.compilers and all(holds(self.linker(one)) for one in programs)
 
     def folder(self, name):
         """The place where the target of this name is built."""
@@ -169,7 +176,7 @@ class Apart:
         made = folder / program
         command = self.linker(program).replace(f" -o bin/{program} ", f" -o {made} ", 1)
         for one in objects:  # some programs take the objects of a library, and not only those they need
-            command = re.sub(rf"\s\S+\.dir/(\S+/)?{re.escape(one.stem)}\.cpp\.o(?=\s)", "", command)
+            command = re.sub(object_of(one), "", command)
         given = " ".join(str(one) for one in sorted(objects))
         command = re.sub(r"(\s)(\S+\.o\s)", lambda match: f"{match[1]}{given} {match[2]}", command, count=1)
         done = run(command, cwd=self.build, shell=True)
