@@ -10,12 +10,10 @@ class CModelTable;
 class CommentInbox;
 class LocationInfo;
 class LogBookTab;
+class LogBookToolBar;
 class LogBookWidget;
 class OrgStructDialog;
-class QAction;
-class QLabel;
 class QShortcut;
-class QToolBar;
 class QToolButton;
 namespace OrgStruct
 {
@@ -100,35 +98,19 @@ private:
     void configureAddButton();
     void configurePaneButton();
     void configureToolBar();
-    /// Sets the widths of the tool bar's labels, and the place of the status: in the bar, or in a row below
-    /// if there is no space.
-    void placeLabels();
-    void placeLabel(QAction* label, bool inBar, QAction* before);
     void configureTabBar();
     void createDialogs();
     void createInbox();
     void createConnections();
-    QToolButton* appendButton(const QString& name, const QString& icon, const QString& toolTip);
 
     void requestAppendLogbook();
-    void comeBackRequest();
     /// Raises the tab of comments; creates it first if needed.
     void commentsRequest();
-    void workshiftButtonClicked();
 
     LogBookWidget* home() const;
     LogBookWidget* currentLogBook() const;
     LogBookTab* currentTab() const;
 
-    void updateActionsOpenWorkshift(LogBookWidget* logbook);
-    void updateActionsCloseWorkshift(LogBookWidget* logbook);
-    void updateActionsInfoWorkshift(LogBookWidget* logbook);
-    void updateActionsAppendWorker(LogBookWidget* logbook);
-    void updateActionCreateRecord(LogBookWidget* logbook);
-    void updateActionDeleteRecord(LogBookWidget* logbook);
-    void updateActionApproveRecord(LogBookWidget* logbook);
-    void updateActionSignRecord(LogBookWidget* logbook);
-    void updateActionTimeExec(LogBookWidget* logbook);
     void updateControlsState(LogBookWidget* logbook);
     void updateStatusWorkshift(LogBookTab* tab);
     void updateIntervalWorkshift(LogBookWidget* logbook);
@@ -152,38 +134,6 @@ private:
     CPopMessageBox* m_messageBox = nullptr;
 
     QToolButton* m_addButton = nullptr;
-    QToolBar* m_toolBar = nullptr;
-    QToolBar* m_statusRow = nullptr; ///< below it, for the labels that do not fit into the bar
-    QToolButton* m_timeButton = nullptr;
-    QToolButton* m_workshiftButton = nullptr;
-    QToolButton* m_createButton = nullptr;
+    LogBookToolBar* m_toolBar = nullptr;    ///< null until the journal is loaded
     QShortcut* m_refusalShortcut = nullptr; ///< the key of the create button while the button is disabled
-    QToolButton* m_deleteButton = nullptr;
-    QToolButton* m_approveButton = nullptr;
-    QToolButton* m_signButton = nullptr;
-    QToolButton* m_executionButton = nullptr;
-    QToolButton* m_commentsButton = nullptr;
-    QToolButton* m_reportButton = nullptr;
-    QToolButton* m_searchButton = nullptr;
-    QLabel* m_intervalLabel = nullptr;
-    QLabel* m_statusLabel = nullptr;
-    QAction* m_statusAction = nullptr;   ///< the action of the label in its bar
-    QAction* m_intervalAction = nullptr; ///< the same
-    QAction* m_afterInterval = nullptr;  ///< the action after the interval in the bar
-
-    QAction* m_currentWorkshiftAction = nullptr;
-    QAction* m_chooseWorkshiftAction = nullptr;
-    QAction* m_chooseIntervalAction = nullptr;
-    QAction* m_openWorkshiftAction = nullptr;
-    QAction* m_closeWorkshiftAction = nullptr;
-    QAction* m_appendWorkerAction = nullptr;
-    QAction* m_infoWorkshiftAction = nullptr;
-    QAction* m_deleteRecordAction = nullptr;
-    QAction* m_deleteMyDraftsAction = nullptr;
-    QAction* m_deleteAllDraftsAction = nullptr;
-    QAction* m_approveRecordAction = nullptr;
-    QAction* m_approveMyRecordsAction = nullptr;
-    QAction* m_approveAllRecordsAction = nullptr;
-    QAction* m_signRecordAction = nullptr;
-    QAction* m_signAllRecordsAction = nullptr;
 };

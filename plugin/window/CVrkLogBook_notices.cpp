@@ -7,6 +7,7 @@
 #include "Fields.h"
 #include "LeftTexts.h"
 #include "LocationInfo.h"
+#include "LogBookToolBar.h"
 #include "LogBookWidget.h"
 #include "NoticeBar.h"
 #include "RecordValue.h"
@@ -74,12 +75,15 @@ void CVrkLogBook::createLeftTexts()
                            if (showRecord(text.values.value(QStringLiteral("record")).toUtf8()))
                                currentTab()->showKeptComment(text);
                        }});
-    openers.push_back(byAction(QStringLiteral("values/open_wshift/") + department, m_openWorkshiftAction));
-    openers.push_back(byAction(QStringLiteral("values/close_wshift/") + department, m_closeWorkshiftAction));
+    openers.push_back(byAction(QStringLiteral("values/open_wshift/") + department,
+                               m_toolBar->action("openWorkshiftAction")));
+    openers.push_back(byAction(QStringLiteral("values/close_wshift/") + department,
+                               m_toolBar->action("closeWorkshiftAction")));
     openers.push_back(byAction(WorkshiftDialog::keptPlace(QStringLiteral("open_wshift"), department),
-                               m_openWorkshiftAction));
+                               m_toolBar->action("openWorkshiftAction")));
     openers.push_back(byAction(WorkshiftDialog::keptPlace(QStringLiteral("close_wshift"), department),
-                               m_closeWorkshiftAction));
-    openers.push_back(byAction(AppendWorkerDialog::keptPlace(department), m_appendWorkerAction));
+                               m_toolBar->action("closeWorkshiftAction")));
+    openers.push_back(
+        byAction(AppendWorkerDialog::keptPlace(department), m_toolBar->action("appendWorkerAction")));
     new LeftTexts(m_app->keptTexts(), bar, std::move(openers), this);
 }

@@ -4,6 +4,7 @@
 #include "CommentInbox.h"
 #include "CommentsWidget.h"
 #include "LocationInfo.h"
+#include "LogBookToolBar.h"
 #include "LogBookWidget.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
@@ -149,7 +150,9 @@ void CVrkLogBook::switchingToLogBook(int index)
 {
     // Deliberate: nothing is connected in this direction, so nothing is disconnected here. The connections
     // of tabs visited earlier stay, and a visa reaches all of them.
-    for (QAction* action : {m_signRecordAction, m_signAllRecordsAction})
+    QAction* const sign = m_toolBar->action("signRecordAction");
+    QAction* const signAll = m_toolBar->action("signAllRecordsAction");
+    for (QAction* action : {sign, signAll})
         QObject::disconnect(this, nullptr, action, nullptr);
     for (int i = 0; i < m_form->logbooks->count(); ++i) {
         if (auto* other = qobject_cast<LogBookWidget*>(m_form->logbooks->widget(i)))
@@ -164,8 +167,6 @@ void CVrkLogBook::switchingToLogBook(int index)
         return;
     }
 
-    m_reportButton->setEnabled(true);
-    m_timeButton->setEnabled(true);
     updateLogBookState(logbook);
 
     connect(logbook, &LogBookWidget::statusChanged, logbook, [this] {
@@ -180,6 +181,6 @@ void CVrkLogBook::switchingToLogBook(int index)
     connect(logbook, &LogBookWidget::recordAdded, logbook, refreshControls);
     connect(logbook, &LogBookWidget::recordRemoved, logbook, refreshControls);
     connect(logbook, &LogBookWidget::changedSelectedRecord, logbook, refreshControls);
-    connect(m_signRecordAction, &QAction::triggered, logbook, &LogBookWidget::signRecordRequest);
-    connect(m_signAllRecordsAction, &QAction::triggered, logbook, &LogBookWidget::signAllRecordsRequest);
+    connect(sign, &QAction::triggered, logbook, &LogBookWidget::signRecordRequest);
+    connect(signAll, &QAction::triggered, logbook, &LogBookWidget::signAllRecordsRequest);
 }
