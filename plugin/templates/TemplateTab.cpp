@@ -5,19 +5,26 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "DepsTemplatesEditSourceModel.h"
+#include "Fields.h"
 #include "KeptDraft.h"
+#include "LogbookTables.h"
 #include "NoticeBar.h"
 #include "OrgsTemplatesEditSourceModel.h"
+#include "ParametersBase.h"
 #include "PublicTemplatesEditSourceModel.h"
+#include "RecordValue.h"
 #include "SearchBar.h"
 #include "StillTree.h"
 #include "TemplateEditor.h"
+#include "TemplateMoves.h"
+#include "TemplatePassport.h"
 #include "TemplatesProxyModel.h"
 #include "ui_TemplateTab.h"
 
 #include <QKeyEvent>
 #include <QMenu>
 #include <QShortcut>
+#include <QTextCodec>
 #include <QTimer>
 
 namespace
@@ -176,6 +183,8 @@ void TemplateTab::init(CVrkCliMod* module, TemplateTypes type, Rights::AdminRigh
     m_messageBox = new CPopMessageBox(m_module);
     m_messageBox->setObjectName(objectName() + QStringLiteral("MessageBox"));
     m_proxy = new TemplatesProxyModel(this);
+    m_moves = std::make_unique<TemplateMoves>(m_module->session(), m_tables, m_sent, m_orgTypesTable,
+                                              m_departmentsTable);
 
     m_model->setTextCodec(codec());
     m_model->setOrgTypesTable(m_orgTypesTable);
@@ -304,7 +313,7 @@ void TemplateTab::setFocusOn(MDRData* record, MDRData* edit)
     selection->clearSelection();
     selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     selection->select(index, QItemSelectionModel::Select | QItemSelectionModel::Current);
-    raiseUpPassport(edit ? edit : record);
+    m_passport->show(edit ? edit : record);
     selection->blockSignals(false);
     tree->scrollTo(index, QAbstractItemView::EnsureVisible);
     if (parent.isValid() && !tree->isExpanded(parent))
@@ -358,12 +367,78 @@ void TemplateTab::keyPressEvent(QKeyEvent* event)
 
 void TemplateTab::updateParameters(MDRData* record)
 {
-    if (TemplateEditor* editor = templateHtmlEditor())
-        editor->updateParameters(record);
+    if (m_passport)
+        m_passport->templateHtmlEditor()->updateParameters(record);
 }
 
 void TemplateTab::reloadParameters()
 {
-    if (TemplateEditor* editor = templateHtmlEditor())
-        editor->reloadParameters();
+    if (m_passport)
+        m_passport->templateHtmlEditor()->reloadParameters();
+}
+
+void TemplateTab::createPassport()
+{
+    const auto label = [this](const char* table) {
+        const QString name = fieldLocalName(QLatin1String(Field::nameLoc), QLatin1String(table));
+        return name.isEmpty() ? tr("Наименование") : name;
+    };
+    m_passport = new TemplatePassport(
+        {m_form.get(), codec(), m_tables, m_catsParameterTable, m_parametersTable, parameterFilter(),
+         label(LogbookTable::CatsTemplate), label(LogbookTable::Templates), canEdit(),
+         [this] { return editedCategory(); }, [this] { return editedTemplate(); }},
+        this);
+    connect(m_passport, &TemplatePassport::edited, this, [this] {
+        m_isSent = false;
+        m_unsaved->touch();
+    });
+    connect(m_passport, &TemplatePassport::renamed, this, [this](MDRData* record) {
+        // The row of an existing record keeps its name until the change event arrives.
+        if (record->flags & ROW_INSERT)
+            m_model->updateRecord(record);
+    });
+}
+
+void TemplateTab::raiseUpPassport(const QModelIndex& proxyIndex)
+{
+    m_passport->show(m_model->recordByIndex(m_proxy->mapToSource(proxyIndex)));
+}
+
+QStringList TemplateTab::parameterFilter() const
+{
+    QStringList names =
+        QStringLiteral("datetime text list signalName signalNum baseVoltage organization department "
+                       "employee_fio employee_fio_role employee_fio_group employee_fio_dep_org "
+                       "equipmentName equipmentPath interval shift_workers shift_workers_groups")
+            .split(QLatin1Char(' '));
+    CModelTable equipment{std::string()};
+    ParametersBase(m_module).createBaseEquipmentsParameter(&equipment, QByteArray());
+    for (int i = 0; i < equipment.data.RecCount(); ++i) {
+        const HtmlParser parser = templateOf(Row(MDARec(equipment.data.array, 0, i)).value(Field::html));
+        if (parser.countParameters() > 0)
+            names << QString::fromStdString(parser.propertyNameValue(0));
+    }
+    return names;
+}
+
+QString TemplateTab::fieldLocalName(QString field, QString table)
+{
+    if (!m_tablesTable || !m_fieldsTable)
+        return {};
+    const QByteArray tableName = table.toUtf8();
+    const MDRVar wanted = MDRValue::text(tableName);
+    const MDRData* directory = MDARecSeekV(m_tablesTable->data.array, 1, &wanted, 0);
+    if (!directory)
+        return {};
+
+    CMDArray& fields = m_fieldsTable->data;
+    const int key = MDAKeyCount(fields.array);
+    if (fields.KeyAdd("TablesKey;nameLat", 0) != mdr_Ok)
+        return {};
+    const QByteArray fieldName = field.toUtf8();
+    const MDRVar pair[] = {Row(directory).value(Field::KeyLink), MDRValue::text(fieldName)};
+    const MDRVar name = Row(MDARecSeekV(fields.array, key, pair, 0)).value(Field::nameLoc);
+    const QString local = codec()->toUnicode(MDRValue::bytes(name));
+    fields.lastError = MDAKeyDel(fields.array, key);
+    return local;
 }

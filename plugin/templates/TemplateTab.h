@@ -8,10 +8,8 @@
 
 #include <memory>
 #include <QModelIndex>
-#include <QSet>
 #include <QWidget>
 #include <set>
-#include <vector>
 
 class CPopMessageBox;
 class CVrkCliMod;
@@ -19,13 +17,10 @@ class KeptDraft;
 class NoticeBar;
 class QAbstractButton;
 class QAction;
-class QCheckBox;
-class QComboBox;
-class QLineEdit;
 class QMenu;
 class QTextCodec;
-class QTreeWidget;
-class TemplateEditor;
+class TemplateMoves;
+class TemplatePassport;
 class TemplatesEditSourceModel;
 class TemplatesProxyModel;
 namespace Ui
@@ -204,49 +199,9 @@ private:
     void deleteFolder(MDRData* record, std::set<const MDRData*>* seen);
     void deleteTemplate(MDRData* record);
     void pasteTemplate(MDRData* record);
-    void moveCategory(MDRData* record, MDRData* target);
-    void moveTemplate(MDRData* record, MDRData* target);
-    /// The server's state of a record: that of a running save, otherwise the record itself.
-    const MDRData* storedOf(const MDRData* record, const CModelTable& edits) const;
-    void sendMove(CModelTable* moved, const QByteArray& key,
-                  const std::vector<std::pair<const char*, MDRVar>>& values);
 
-    // Passport
     void createPassport();
-    void createCategoryPassport();
-    void createTemplatePassport();
     void raiseUpPassport(const QModelIndex& proxyIndex);
-    void raiseUpPassport(MDRData* record);
-    void reloadCategoryPassport(MDRData* record);
-    void reloadTemplatePassport(MDRData* record);
-    void clearCategoryPassport();
-    void clearTemplatePassport();
-    void fillTemplatePassport(const MDRData* record);
-    void updateTemplateCommand();
-    void updateTemplateHtml();
-    QLineEdit* categoryNameEditor() const;
-    QLineEdit* templateNameEditor() const;
-    QCheckBox* templateOpenEditor() const;
-    QCheckBox* templateCloseEditor() const;
-    QCheckBox* templateTimeEditor() const;
-    QComboBox* templateFirstMarkEditor() const;
-    QComboBox* templateSecondMarkEditor() const;
-    QLineEdit* templateCommandEditor() const;
-    TemplateEditor* templateHtmlEditor() const;
-    void categoryNameChanged();
-    void templateNameChanged();
-    void templateOpenChanged();
-    void templateCloseChanged();
-    void templateTimeChanged();
-    void templateFirstMarkChanged();
-    void templateSecondMarkChanged();
-    void templateCommandChanged();
-    void templateHtmlChanged();
-    void nameChanged(CModelTable* edits, MDRData* record, const QString& name);
-    void flagChanged(const QCheckBox* box, const char* property, const char* signature);
-    /// Changes the text of the edited template with \a change, which gets its parsed html.
-    template <typename Change>
-    void propertyChanged(const char* signature, bool emptyIsNull, Change change);
 
     std::unique_ptr<Ui::TemplateTab> m_form;
     CVrkCliMod* m_module = nullptr;
@@ -254,6 +209,7 @@ private:
     const TemplateLevel* m_level = nullptr; ///< set by init
     TemplatesEditSourceModel* m_model = nullptr;
     TemplatesProxyModel* m_proxy = nullptr;
+    TemplatePassport* m_passport = nullptr; ///< created by init
     CPopMessageBox* m_messageBox = nullptr;
     NoticeBar* m_notice = nullptr;
     QMenu* m_menu = nullptr;
@@ -275,8 +231,7 @@ private:
         nullptr; ///< created by init: the edit tables and kept edits, in case the program ends
     bool m_isPassingOffer = false; ///< the kept edits were cancelled by the user, and are dropped when he
                                    ///< continues
-    QByteArray m_shownTemplate;    ///< key of the template in the passport
     SentEdits m_sent;
-    QSet<QByteArray> m_moving; ///< keys of moved rows whose events have not arrived yet
-    bool m_isSent = false;     ///< the unsaved records were written, their events have not arrived yet
+    std::unique_ptr<TemplateMoves> m_moves; ///< created by init
+    bool m_isSent = false; ///< the unsaved records were written, their events have not arrived yet
 };

@@ -7,6 +7,7 @@
 #include "NoticeBar.h"
 #include "QuietSelection.h"
 #include "RecordValue.h"
+#include "TemplatePassport.h"
 #include "TemplatesEditSourceModel.h"
 #include "TemplatesProxyModel.h"
 #include "TemplateTab.h"
@@ -265,7 +266,7 @@ void TemplateTab::dropUnsaved(const QString& reason)
     if (hasMoved)
         raiseUpPassport(m_form->templatesTree->currentIndex());
     else
-        raiseUpPassport(currentRecord());
+        m_passport->show(currentRecord());
     updateEditStatus();
     if (!m_kept.isEmpty())
         tellKept(tr("Изменения не сохранены. %1").arg(reason));
@@ -317,7 +318,7 @@ void TemplateTab::restoreKept()
     MDRData* base =
         recordByKeyLink(isCategory ? &m_tables.categories : &m_tables.templates, key.value.text.data);
     setFocusOn(restored->flags & ROW_INSERT ? restored : base);
-    raiseUpPassport(restored);
+    m_passport->show(restored);
     updateEditStatus();
 }
 

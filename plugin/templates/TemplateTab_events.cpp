@@ -5,6 +5,8 @@
 #include "LogbookTables.h"
 #include "QuietSelection.h"
 #include "RecordValue.h"
+#include "TemplateMoves.h"
+#include "TemplatePassport.h"
 #include "TemplatesEditSourceModel.h"
 #include "TemplatesProxyModel.h"
 #include "TemplateTab.h"
@@ -120,7 +122,7 @@ void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciPa
         record = changeRecord(table, MDARecEdit(record), event);
         m_model->updateRecord(record);
         if (record == currentRecord() && !goesOn)
-            raiseUpPassport(record);
+            m_passport->show(record);
     }
     if (isLost)
         tellKept(tr("Элемент «%1» тем временем изменил другой пользователь, показано его состояние.")
@@ -156,7 +158,7 @@ void TemplateTab::rowDeleted(CModelTable* table, CModelTable* edits, TEventNciPa
         return;
     const QString name = Row(record).text(Field::nameLoc, codec());
     const MDRData* edit = recordByKeyLink(edits, event->recordKey);
-    const bool isOwnMove = m_moving.contains(event->recordKey);
+    const bool isOwnMove = m_moves->isUnderWay(event->recordKey);
     const bool isLost = edit && !m_isSent && !isOwnMove;
     if (isLost)
         m_kept.keep(m_tables, edit);
@@ -182,7 +184,7 @@ void TemplateTab::rowInserted(CModelTable* table, CModelTable* edits, CModelTabl
     QuietSelection quiet(tree->selectionModel());
     const bool isOwn = m_sent.take(event);
     MDRData* edit = recordByKeyLink(edits, event->recordKey);
-    const bool isOwnMove = m_moving.remove(event->recordKey);
+    const bool isOwnMove = m_moves->finish(event->recordKey);
     const bool wasPending = edit && !isOwnMove;
     const bool goesOn = wasPending && isOwn && (edit->flags & ROW_INSERT) && SentEdits::differs(edit, event);
     if (goesOn) { // the user has continued typing since the save

@@ -8,6 +8,8 @@
 #include "NoticeBar.h"
 #include "QuietSelection.h"
 #include "RecordValue.h"
+#include "TemplateMoves.h"
+#include "TemplatePassport.h"
 #include "TemplatesEditSourceModel.h"
 #include "TemplatesProxyModel.h"
 #include "TemplateTab.h"
@@ -86,7 +88,7 @@ void TemplateTab::insertTemplate(const QModelIndex& parent, const QByteArray& ca
 void TemplateTab::createRootFolder()
 {
     newCategory(QModelIndex(), tr("Новая категория"), {}, {}, {});
-    beginTyping(categoryNameEditor());
+    beginTyping(m_passport->categoryNameEditor());
     updateEditStatus();
 }
 
@@ -96,7 +98,7 @@ void TemplateTab::createFolder()
     if (!index.isValid())
         return;
     newFolder(index, m_model->recordByIndex(index));
-    beginTyping(categoryNameEditor());
+    beginTyping(m_passport->categoryNameEditor());
 }
 
 void TemplateTab::createTemplate()
@@ -105,7 +107,7 @@ void TemplateTab::createTemplate()
     if (!index.isValid())
         return;
     newTemplate(index, m_model->recordByIndex(index));
-    beginTyping(templateNameEditor());
+    beginTyping(m_passport->templateNameEditor());
 }
 
 void TemplateTab::newFolder(const QModelIndex& index, MDRData* record)
@@ -291,4 +293,21 @@ void TemplateTab::pasteTemplate(MDRData* record)
         index = index.parent();
     insertTemplate(index, index.data(Qt::UserRole).toString().toUtf8(), Row(record).copy(Field::nameLoc),
                    Row(record).value(Field::html));
+}
+
+void TemplateTab::moveItem(const QString& keyLink, const QModelIndex& target)
+{
+    if (keyLink.isEmpty())
+        return;
+    const MDRData* targetRecord = m_model->recordByIndex(target);
+    const QByteArray key = keyLink.toUtf8();
+    if (const MDRData* category = recordByKeyLink(&m_tables.categories, key.constData())) {
+        if (!m_moves->moveCategory(category, targetRecord))
+            emit writeLog(QStringLiteral("void TemplateTab::moveCategory(MDArrayRec*, MDArrayRec*)"),
+                          QStringLiteral("Can not find destination parent"));
+        return;
+    }
+    const MDRData* item = recordByKeyLink(&m_tables.templates, key.constData());
+    if (item && targetRecord)
+        m_moves->moveTemplate(item, targetRecord);
 }

@@ -1,10 +1,9 @@
 #include "Fields.h"
-#include "KeptDraft.h"
 #include "LogText.h"
 #include "RecordValue.h"
 #include "TemplateEditor.h"
-#include "TemplatesEditSourceModel.h"
-#include "TemplateTab.h"
+#include "TemplatePassport.h"
+#include "TemplateTables.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -24,53 +23,50 @@ std::string toStd(const QByteArray& bytes)
 }
 } // namespace
 
-void TemplateTab::nameChanged(CModelTable* edits, MDRData* record, const QString& name)
+void TemplatePassport::nameChanged(CModelTable* edits, MDRData* record, const QString& name)
 {
-    const QByteArray bytes = codec()->fromUnicode(name);
+    const QByteArray bytes = m_source.codec->fromUnicode(name);
     TemplateTables::storeField(edits, record, Field::nameLoc, MDRValue::text(bytes));
-    m_isSent = false;
-    m_unsaved->touch();
-    // The row of an existing record keeps its name until the change event arrives.
-    if (record->flags & ROW_INSERT)
-        m_model->updateRecord(record);
+    emit edited();
+    emit renamed(record);
 }
 
-void TemplateTab::categoryNameChanged()
+void TemplatePassport::categoryNameChanged()
 {
-    MDRData* record = editedCategory();
-    if (!TemplateTables::isContains(&m_tables.categoriesEdit, record)) {
+    MDRData* record = m_source.editedCategory();
+    if (!TemplateTables::isContains(&m_source.tables.categoriesEdit, record)) {
         LogText::warn(QStringLiteral("void TemplateTab::categoryNameChanged()"),
                       QStringLiteral("not found record edited category!"));
         return;
     }
-    nameChanged(&m_tables.categoriesEdit, record, categoryNameEditor()->text());
+    nameChanged(&m_source.tables.categoriesEdit, record, categoryNameEditor()->text());
 }
 
-void TemplateTab::templateNameChanged()
+void TemplatePassport::templateNameChanged()
 {
-    if (MDRData* record = editedTemplate())
-        nameChanged(&m_tables.templatesEdit, record, templateNameEditor()->text());
+    if (MDRData* record = m_source.editedTemplate())
+        nameChanged(&m_source.tables.templatesEdit, record, templateNameEditor()->text());
     else
         warnNoTemplate("void TemplateTab::templateNameChanged()");
 }
 
-void TemplateTab::templateHtmlChanged()
+void TemplatePassport::templateHtmlChanged()
 {
-    MDRData* record = editedTemplate();
+    MDRData* record = m_source.editedTemplate();
     if (!record) {
         warnNoTemplate("void TemplateTab::templateHtmlChanged()");
         return;
     }
-    const QByteArray html = codec()->fromUnicode(templateHtmlEditor()->templateText());
-    TemplateTables::storeField(&m_tables.templatesEdit, record, Field::html, MDRValue::text(html, mdr_TMemo));
-    m_isSent = false;
-    m_unsaved->touch();
+    const QByteArray html = m_source.codec->fromUnicode(templateHtmlEditor()->templateText());
+    TemplateTables::storeField(&m_source.tables.templatesEdit, record, Field::html,
+                               MDRValue::text(html, mdr_TMemo));
+    emit edited();
 }
 
 template <typename Change>
-void TemplateTab::propertyChanged(const char* signature, bool emptyIsNull, Change change)
+void TemplatePassport::propertyChanged(const char* signature, bool emptyIsNull, Change change)
 {
-    MDRData* record = editedTemplate();
+    MDRData* record = m_source.editedTemplate();
     if (!record) {
         warnNoTemplate(signature);
         return;
@@ -81,12 +77,11 @@ void TemplateTab::propertyChanged(const char* signature, bool emptyIsNull, Chang
     const MDRVar value = html.empty() && emptyIsNull
                              ? MDRValue::null()
                              : MDRValue::text(html.data(), static_cast<int>(html.size()), mdr_TMemo);
-    TemplateTables::storeField(&m_tables.templatesEdit, record, Field::html, value);
-    m_isSent = false;
-    m_unsaved->touch();
+    TemplateTables::storeField(&m_source.tables.templatesEdit, record, Field::html, value);
+    emit edited();
 }
 
-void TemplateTab::flagChanged(const QCheckBox* box, const char* property, const char* signature)
+void TemplatePassport::flagChanged(const QCheckBox* box, const char* property, const char* signature)
 {
     propertyChanged(signature, true, [&](HtmlParser* parser) {
         if (box->isChecked())
@@ -97,22 +92,22 @@ void TemplateTab::flagChanged(const QCheckBox* box, const char* property, const 
     updateTemplateHtml();
 }
 
-void TemplateTab::templateOpenChanged()
+void TemplatePassport::templateOpenChanged()
 {
     flagChanged(templateOpenEditor(), "open_wshift", "void TemplateTab::templateOpenChanged()");
 }
 
-void TemplateTab::templateCloseChanged()
+void TemplatePassport::templateCloseChanged()
 {
     flagChanged(templateCloseEditor(), "close_wshift", "void TemplateTab::templateCloseChanged()");
 }
 
-void TemplateTab::templateTimeChanged()
+void TemplatePassport::templateTimeChanged()
 {
     flagChanged(templateTimeEditor(), "time_exec", "void TemplateTab::templateTimeChanged()");
 }
 
-void TemplateTab::templateFirstMarkChanged()
+void TemplatePassport::templateFirstMarkChanged()
 {
     const QByteArray marker = templateFirstMarkEditor()->currentData().toString().toUtf8();
     propertyChanged("void TemplateTab::templateFirstMarkChanged()", true, [&](HtmlParser* parser) {
@@ -124,7 +119,7 @@ void TemplateTab::templateFirstMarkChanged()
     updateTemplateHtml();
 }
 
-void TemplateTab::templateSecondMarkChanged()
+void TemplatePassport::templateSecondMarkChanged()
 {
     const QByteArray marker = templateSecondMarkEditor()->currentData().toString().toUtf8();
     propertyChanged("void TemplateTab::templateSecondMarkChanged()", true, [&](HtmlParser* parser) {
@@ -139,9 +134,9 @@ void TemplateTab::templateSecondMarkChanged()
     updateTemplateHtml();
 }
 
-void TemplateTab::templateCommandChanged()
+void TemplatePassport::templateCommandChanged()
 {
-    const QByteArray command = codec()->fromUnicode(templateCommandEditor()->text());
+    const QByteArray command = m_source.codec->fromUnicode(templateCommandEditor()->text());
     propertyChanged("void TemplateTab::templateCommandChanged()", false, [&](HtmlParser* parser) {
         if (command.isEmpty())
             parser->removeTemplateProperty("command");

@@ -1,9 +1,11 @@
-#include "CVrkCliMod.h"
+#include "TemplateMoves.h"
+
 #include "CVrkCliSes.h"
 #include "Fields.h"
+#include "KeptEdits.h"
 #include "RecordValue.h"
-#include "TemplatesEditSourceModel.h"
-#include "TemplateTab.h"
+#include "SentEdits.h"
+#include "TemplateTables.h"
 
 namespace
 {
@@ -12,41 +14,28 @@ MDRVar keyOrNull(const QByteArray& key)
 {
     return key.isEmpty() ? MDRValue::null() : MDRValue::text(key);
 }
-
 } // namespace
 
-void TemplateTab::moveItem(const QString& keyLink, const QModelIndex& target)
+TemplateMoves::TemplateMoves(CVrkCliSes* session, TemplateTables& tables, const SentEdits& sent,
+                             const CModelTable* orgTypes, const CModelTable* departments)
+    : m_session(session), m_tables(tables), m_sent(sent), m_orgTypes(orgTypes), m_departments(departments)
 {
-    if (keyLink.isEmpty())
-        return;
-    MDRData* targetRecord = m_model->recordByIndex(target);
-    const QByteArray key = keyLink.toUtf8();
-    if (MDRData* category = recordByKeyLink(&m_tables.categories, key.constData())) {
-        moveCategory(category, targetRecord);
-        return;
-    }
-    MDRData* item = recordByKeyLink(&m_tables.templates, key.constData());
-    if (item && targetRecord)
-        moveTemplate(item, targetRecord);
 }
 
-const MDRData* TemplateTab::storedOf(const MDRData* record, const CModelTable& edits) const
+const MDRData* TemplateMoves::storedOf(const MDRData* record, const CModelTable& edits) const
 {
     const QByteArray key = Row(record).key();
     const MDRData* sent = m_sent.isUnderWay(key) ? recordByKeyLink(&edits, key.constData()) : nullptr;
     return sent ? sent : record;
 }
 
-void TemplateTab::moveCategory(MDRData* record, MDRData* target)
+bool TemplateMoves::moveCategory(const MDRData* record, const MDRData* target)
 {
-    const bool isInType = TemplateTables::isContains(m_orgTypesTable, target);
-    const bool isInDepartment = TemplateTables::isContains(m_departmentsTable, target);
+    const bool isInType = TemplateTables::isContains(m_orgTypes, target);
+    const bool isInDepartment = TemplateTables::isContains(m_departments, target);
     const bool isInCategory = TemplateTables::isContains(&m_tables.categories, target);
-    if (!isInType && !isInDepartment && !isInCategory) {
-        emit writeLog(QStringLiteral("void TemplateTab::moveCategory(MDArrayRec*, MDArrayRec*)"),
-                      QStringLiteral("Can not find destination parent"));
-        return;
-    }
+    if (!isInType && !isInDepartment && !isInCategory)
+        return false;
     const MDRData* stored = storedOf(record, m_tables.categoriesEdit);
     const QByteArray targetKey = Row(target).key();
     const auto keyIf = [&](bool isIt) { return isIt ? keyOrNull(targetKey) : MDRValue::null(); };
@@ -56,9 +45,10 @@ void TemplateTab::moveCategory(MDRData* record, MDRData* target)
               {Field::OrgTypeKey, keyIf(isInType)},
               {Field::DepartmentKey, keyIf(isInDepartment)},
               {Field::nameLoc, MDRValue::text(name)}});
+    return true;
 }
 
-void TemplateTab::moveTemplate(MDRData* record, MDRData* target)
+void TemplateMoves::moveTemplate(const MDRData* record, const MDRData* target)
 {
     const MDRData* stored = storedOf(record, m_tables.templatesEdit);
     const QByteArray category = Row(target).key();
@@ -71,8 +61,8 @@ void TemplateTab::moveTemplate(MDRData* record, MDRData* target)
 
 /// Deletes and inserts one key in one block, so that references to it stay valid without changes. Unsaved
 /// changes stay unsaved: a move writes the server's state.
-void TemplateTab::sendMove(CModelTable* moved, const QByteArray& key,
-                           const std::vector<std::pair<const char*, MDRVar>>& values)
+void TemplateMoves::sendMove(CModelTable* moved, const QByteArray& key,
+                             const std::vector<std::pair<const char*, MDRVar>>& values)
 {
     CMDArray& rows = moved->data;
     CRowBatch deletion(rows);
@@ -91,11 +81,10 @@ void TemplateTab::sendMove(CModelTable* moved, const QByteArray& key,
     KeptEdits::copyRecord(sent, kept);
     rows.RecPost(kept);
 
-    CVrkCliSes* session = m_module->session();
     const char* name = moved->name.c_str();
-    session->BlockBeg();
-    session->SqlUpdate(name, deletion.array, true, nullptr);
-    session->SqlUpdate(name, insertion.array, true, nullptr);
-    if (session->BlockEnd(true, nullptr)) // the host reports a failure; the tree has not changed
+    m_session->BlockBeg();
+    m_session->SqlUpdate(name, deletion.array, true, nullptr);
+    m_session->SqlUpdate(name, insertion.array, true, nullptr);
+    if (m_session->BlockEnd(true, nullptr)) // the host reports a failure; the tree has not changed
         m_moving.insert(key);
 }

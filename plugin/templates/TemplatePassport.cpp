@@ -1,14 +1,11 @@
-#include "CVrkCliMod.h"
+#include "TemplatePassport.h"
+
 #include "Fields.h"
 #include "LastRowFiller.h"
-#include "LogbookTables.h"
-#include "ParametersBase.h"
 #include "RecordValue.h"
 #include "TemplateEditor.h"
 #include "TemplateMarkers.h"
-#include "TemplatesEditSourceModel.h"
-#include "TemplatesProxyModel.h"
-#include "TemplateTab.h"
+#include "TemplateTables.h"
 #include "ui_TemplateTab.h"
 
 #include <QCheckBox>
@@ -104,32 +101,46 @@ void setQuietly(QComboBox* box, int index)
 }
 } // namespace
 
-void TemplateTab::createPassport()
+TemplatePassport::TemplatePassport(const Source& source, QObject* parent) : QObject(parent), m_source(source)
 {
-    configureTree(m_form->categoryPropsTree, tr("Наименование"));
-    configureTree(m_form->templatePropsTree, tr("Требует введения времени выполнения"));
+    configureTree(m_source.form->categoryPropsTree, tr("Наименование"));
+    configureTree(m_source.form->templatePropsTree, tr("Требует введения времени выполнения"));
     createCategoryPassport();
     createTemplatePassport();
 }
 
-void TemplateTab::createCategoryPassport()
+void TemplatePassport::show(MDRData* record)
 {
-    const MDRField* name = MDRFldByName(m_tables.categoriesEdit.data.array, Field::nameLoc);
-    const QString label =
-        fieldLocalName(QLatin1String(Field::nameLoc), QLatin1String(LogbookTable::CatsTemplate));
+    const auto isIn = [record](const CModelTable& table) {
+        return TemplateTables::isContains(&table, record);
+    };
+    if (isIn(m_source.tables.categories) || isIn(m_source.tables.categoriesEdit)) {
+        setQuietly(categoryNameEditor(), Row(record).text(Field::nameLoc, m_source.codec));
+        m_source.form->passportStack->setCurrentIndex(CategoryPage);
+    } else if (isIn(m_source.tables.templates) || isIn(m_source.tables.templatesEdit)) {
+        fillTemplatePassport(record);
+        m_source.form->passportStack->setCurrentIndex(TemplatePage);
+    } else {
+        m_source.form->passportStack->setCurrentIndex(EmptyPage);
+    }
+}
+
+void TemplatePassport::createCategoryPassport()
+{
+    const MDRField* name = MDRFldByName(m_source.tables.categoriesEdit.data.array, Field::nameLoc);
     auto* edit = new QLineEdit;
     edit->setObjectName(QStringLiteral("categoryNameEdit"));
     edit->setFrame(false);
     edit->setMaxLength(name->width);
-    edit->setEnabled(canEdit());
-    edit->setAccessibleName(label.isEmpty() ? tr("Наименование") : label);
-    addRow(m_form->categoryPropsTree, nullptr, label.isEmpty() ? tr("Наименование") : label, edit);
-    connect(edit, &QLineEdit::textChanged, this, &TemplateTab::categoryNameChanged);
+    edit->setEnabled(m_source.canEdit);
+    edit->setAccessibleName(m_source.categoryLabel);
+    addRow(m_source.form->categoryPropsTree, nullptr, m_source.categoryLabel, edit);
+    connect(edit, &QLineEdit::textChanged, this, &TemplatePassport::categoryNameChanged);
 }
 
-void TemplateTab::createTemplatePassport()
+void TemplatePassport::createTemplatePassport()
 {
-    QTreeWidget* tree = m_form->templatePropsTree;
+    QTreeWidget* tree = m_source.form->templatePropsTree;
     new LastRowFiller(tree); // the text fills the remaining height of the window
     const auto add = [&](const QString& label, QWidget* editor, const char* name, int height = rowHeight,
                          QTreeWidgetItem* parent = nullptr) {
@@ -154,11 +165,9 @@ void TemplateTab::createTemplatePassport()
         return box;
     };
 
-    const QString nameLabel =
-        fieldLocalName(QLatin1String(Field::nameLoc), QLatin1String(LogbookTable::Templates));
     QLineEdit* name = lineEdit();
-    name->setMaxLength(MDRFldByName(m_tables.templatesEdit.data.array, Field::nameLoc)->width);
-    add(nameLabel.isEmpty() ? tr("Наименование") : nameLabel, name, "templateNameEdit");
+    name->setMaxLength(MDRFldByName(m_source.tables.templatesEdit.data.array, Field::nameLoc)->width);
+    add(m_source.templateLabel, name, "templateNameEdit");
     auto* open = new QCheckBox;
     add(tr("Открытие смены"), open, "templateOpenBox");
     auto* close = new QCheckBox;
@@ -172,10 +181,10 @@ void TemplateTab::createTemplatePassport()
     QLineEdit* command = lineEdit();
     add(tr("Команда"), command, "templateCommandEdit", rowHeight, secondRow);
     auto* html = new TemplateEditor(nullptr);
-    html->setTextCodec(codec());
-    html->setCatsParametersTable(m_catsParameterTable);
-    html->setParametersTable(m_parametersTable);
-    html->setParameterFilter(parameterFilter());
+    html->setTextCodec(m_source.codec);
+    html->setCatsParametersTable(m_source.catsParameterTable);
+    html->setParametersTable(m_source.parametersTable);
+    html->setParameterFilter(m_source.parameterFilter);
     add(tr("Шаблон"), html, "templateHtmlEditor", editorHeight)
         ->setTextAlignment(0, Qt::AlignLeft | Qt::AlignTop);
     const std::pair<QWidget*, QString> boxes[] = {{open, tr("Открытие смены")},
@@ -186,123 +195,74 @@ void TemplateTab::createTemplatePassport()
     for (const auto& [editor, label] : boxes)
         editor->setAccessibleName(label);
     for (QWidget* editor : std::initializer_list<QWidget*>{name, open, close, time, first, second, command})
-        editor->setEnabled(canEdit());
-    html->setEnabled(canEdit()); // a separate function: the shown text can still be selected
+        editor->setEnabled(m_source.canEdit);
+    html->setEnabled(m_source.canEdit); // a separate function: the shown text can still be selected
 
-    connect(name, &QLineEdit::textChanged, this, &TemplateTab::templateNameChanged);
-    connect(open, &QCheckBox::clicked, this, &TemplateTab::templateOpenChanged);
-    connect(close, &QCheckBox::clicked, this, &TemplateTab::templateCloseChanged);
-    connect(time, &QCheckBox::clicked, this, &TemplateTab::templateTimeChanged);
+    connect(name, &QLineEdit::textChanged, this, &TemplatePassport::templateNameChanged);
+    connect(open, &QCheckBox::clicked, this, &TemplatePassport::templateOpenChanged);
+    connect(close, &QCheckBox::clicked, this, &TemplatePassport::templateCloseChanged);
+    connect(time, &QCheckBox::clicked, this, &TemplatePassport::templateTimeChanged);
     const auto indexChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
-    connect(first, indexChanged, this, &TemplateTab::templateFirstMarkChanged);
-    connect(second, indexChanged, this, &TemplateTab::templateSecondMarkChanged);
-    connect(command, &QLineEdit::textChanged, this, &TemplateTab::templateCommandChanged);
-    connect(html, &TemplateEditor::templateChanged, this, &TemplateTab::templateHtmlChanged);
+    connect(first, indexChanged, this, &TemplatePassport::templateFirstMarkChanged);
+    connect(second, indexChanged, this, &TemplatePassport::templateSecondMarkChanged);
+    connect(command, &QLineEdit::textChanged, this, &TemplatePassport::templateCommandChanged);
+    connect(html, &TemplateEditor::templateChanged, this, &TemplatePassport::templateHtmlChanged);
     updateTemplateCommand();
 }
 
-QLineEdit* TemplateTab::categoryNameEditor() const
+QLineEdit* TemplatePassport::categoryNameEditor() const
 {
-    return editorAt<QLineEdit>(m_form->categoryPropsTree, m_form->categoryPropsTree->topLevelItem(NameRow));
+    return editorAt<QLineEdit>(m_source.form->categoryPropsTree,
+                               m_source.form->categoryPropsTree->topLevelItem(NameRow));
 }
 
-QLineEdit* TemplateTab::templateNameEditor() const
+QLineEdit* TemplatePassport::templateNameEditor() const
 {
-    return editorAt<QLineEdit>(m_form->templatePropsTree, m_form->templatePropsTree->topLevelItem(NameRow));
+    return editorAt<QLineEdit>(m_source.form->templatePropsTree,
+                               m_source.form->templatePropsTree->topLevelItem(NameRow));
 }
 
-QCheckBox* TemplateTab::templateOpenEditor() const
+QCheckBox* TemplatePassport::templateOpenEditor() const
 {
-    return boxAt(m_form->templatePropsTree, OpenRow);
+    return boxAt(m_source.form->templatePropsTree, OpenRow);
 }
 
-QCheckBox* TemplateTab::templateCloseEditor() const
+QCheckBox* TemplatePassport::templateCloseEditor() const
 {
-    return boxAt(m_form->templatePropsTree, CloseRow);
+    return boxAt(m_source.form->templatePropsTree, CloseRow);
 }
 
-QCheckBox* TemplateTab::templateTimeEditor() const
+QCheckBox* TemplatePassport::templateTimeEditor() const
 {
-    return boxAt(m_form->templatePropsTree, TimeRow);
+    return boxAt(m_source.form->templatePropsTree, TimeRow);
 }
 
-QComboBox* TemplateTab::templateFirstMarkEditor() const
+QComboBox* TemplatePassport::templateFirstMarkEditor() const
 {
-    return editorAt<QComboBox>(m_form->templatePropsTree,
-                               m_form->templatePropsTree->topLevelItem(FirstMarkRow));
+    return editorAt<QComboBox>(m_source.form->templatePropsTree,
+                               m_source.form->templatePropsTree->topLevelItem(FirstMarkRow));
 }
 
-QComboBox* TemplateTab::templateSecondMarkEditor() const
+QComboBox* TemplatePassport::templateSecondMarkEditor() const
 {
-    return editorAt<QComboBox>(m_form->templatePropsTree,
-                               m_form->templatePropsTree->topLevelItem(SecondMarkRow));
+    return editorAt<QComboBox>(m_source.form->templatePropsTree,
+                               m_source.form->templatePropsTree->topLevelItem(SecondMarkRow));
 }
 
-QLineEdit* TemplateTab::templateCommandEditor() const
+QLineEdit* TemplatePassport::templateCommandEditor() const
 {
-    const QTreeWidgetItem* row = m_form->templatePropsTree->topLevelItem(SecondMarkRow);
-    return editorAt<QLineEdit>(m_form->templatePropsTree, row ? row->child(0) : nullptr);
+    const QTreeWidgetItem* row = m_source.form->templatePropsTree->topLevelItem(SecondMarkRow);
+    return editorAt<QLineEdit>(m_source.form->templatePropsTree, row ? row->child(0) : nullptr);
 }
 
-TemplateEditor* TemplateTab::templateHtmlEditor() const
+TemplateEditor* TemplatePassport::templateHtmlEditor() const
 {
-    return editorAt<TemplateEditor>(m_form->templatePropsTree,
-                                    m_form->templatePropsTree->topLevelItem(HtmlRow));
+    return editorAt<TemplateEditor>(m_source.form->templatePropsTree,
+                                    m_source.form->templatePropsTree->topLevelItem(HtmlRow));
 }
 
-void TemplateTab::raiseUpPassport(const QModelIndex& proxyIndex)
-{
-    if (proxyIndex.isValid())
-        raiseUpPassport(m_model->recordByIndex(m_proxy->mapToSource(proxyIndex)));
-    else
-        m_form->passportStack->setCurrentIndex(EmptyPage);
-}
-
-void TemplateTab::raiseUpPassport(MDRData* record)
-{
-    const auto isIn = [record](const CModelTable& table) {
-        return TemplateTables::isContains(&table, record);
-    };
-    if (isIn(m_tables.categories) || isIn(m_tables.categoriesEdit)) {
-        reloadCategoryPassport(record);
-        m_form->passportStack->setCurrentIndex(CategoryPage);
-    } else if (isIn(m_tables.templates) || isIn(m_tables.templatesEdit)) {
-        reloadTemplatePassport(record);
-        m_form->passportStack->setCurrentIndex(TemplatePage);
-    } else {
-        m_form->passportStack->setCurrentIndex(EmptyPage);
-    }
-}
-
-void TemplateTab::clearCategoryPassport()
-{
-    setQuietly(categoryNameEditor(), QString());
-}
-
-void TemplateTab::reloadCategoryPassport(MDRData* record)
-{
-    if (!TemplateTables::isContains(&m_tables.categories, record) &&
-        !TemplateTables::isContains(&m_tables.categoriesEdit, record)) {
-        clearCategoryPassport();
-        return;
-    }
-    setQuietly(categoryNameEditor(), Row(record).text(Field::nameLoc, codec()));
-}
-
-void TemplateTab::clearTemplatePassport()
-{
-    fillTemplatePassport(nullptr);
-}
-
-void TemplateTab::reloadTemplatePassport(MDRData* record)
-{
-    const bool isTemplate = TemplateTables::isContains(&m_tables.templates, record) ||
-                            TemplateTables::isContains(&m_tables.templatesEdit, record);
-    fillTemplatePassport(isTemplate ? record : nullptr);
-}
-
-/// Fills the editors from a record, or clears them, without emitting signals to the handlers.
-void TemplateTab::fillTemplatePassport(const MDRData* record)
+/// Without emitting signals to the handlers.
+void TemplatePassport::fillTemplatePassport(const MDRData* record)
 {
     const MDRVar html = Row(record).value(Field::html);
     const HtmlParser parser = templateOf(html);
@@ -317,8 +277,8 @@ void TemplateTab::fillTemplatePassport(const MDRData* record)
         return value;
     };
 
-    setQuietly(templateNameEditor(), Row(record).text(Field::nameLoc, codec()));
-    const QString shown = codec()->toUnicode(MDRValue::bytes(html));
+    setQuietly(templateNameEditor(), Row(record).text(Field::nameLoc, m_source.codec));
+    const QString shown = m_source.codec->toUnicode(MDRValue::bytes(html));
     {
         TemplateEditor* editor = templateHtmlEditor();
         const QSignalBlocker blocker(editor);
@@ -345,63 +305,25 @@ void TemplateTab::fillTemplatePassport(const MDRData* record)
     }
     const bool hasSecond = templateSecondMarkEditor()->currentIndex() > 0;
     const std::string command = hasSecond ? text("command") : std::string();
-    setQuietly(templateCommandEditor(), codec()->toUnicode(command.data(), static_cast<int>(command.size())));
+    setQuietly(templateCommandEditor(),
+               m_source.codec->toUnicode(command.data(), static_cast<int>(command.size())));
     updateTemplateCommand();
 }
 
-void TemplateTab::updateTemplateCommand()
+void TemplatePassport::updateTemplateCommand()
 {
-    QTreeWidget* tree = m_form->templatePropsTree;
+    QTreeWidget* tree = m_source.form->templatePropsTree;
     const bool hasSecond = templateSecondMarkEditor()->currentData().isValid();
     tree->setItemsExpandable(hasSecond);
     tree->topLevelItem(SecondMarkRow)->setExpanded(hasSecond);
 }
 
-void TemplateTab::updateTemplateHtml()
+void TemplatePassport::updateTemplateHtml()
 {
-    const MDRVar html = Row(editedTemplate()).value(Field::html);
+    const MDRVar html = Row(m_source.editedTemplate()).value(Field::html);
     if (html.isNull || html.type == mdr_TNone)
         return;
     TemplateEditor* editor = templateHtmlEditor();
     const QSignalBlocker blocker(editor);
-    editor->setTemplateText(codec()->toUnicode(MDRValue::bytes(html)));
-}
-
-QStringList TemplateTab::parameterFilter() const
-{
-    QStringList names =
-        QStringLiteral("datetime text list signalName signalNum baseVoltage organization department "
-                       "employee_fio employee_fio_role employee_fio_group employee_fio_dep_org "
-                       "equipmentName equipmentPath interval shift_workers shift_workers_groups")
-            .split(QLatin1Char(' '));
-    CModelTable equipment{std::string()};
-    ParametersBase(m_module).createBaseEquipmentsParameter(&equipment, QByteArray());
-    for (int i = 0; i < equipment.data.RecCount(); ++i) {
-        const HtmlParser parser = templateOf(Row(MDARec(equipment.data.array, 0, i)).value(Field::html));
-        if (parser.countParameters() > 0)
-            names << QString::fromStdString(parser.propertyNameValue(0));
-    }
-    return names;
-}
-
-QString TemplateTab::fieldLocalName(QString field, QString table)
-{
-    if (!m_tablesTable || !m_fieldsTable)
-        return {};
-    const QByteArray tableName = table.toUtf8();
-    const MDRVar wanted = MDRValue::text(tableName);
-    const MDRData* directory = MDARecSeekV(m_tablesTable->data.array, 1, &wanted, 0);
-    if (!directory)
-        return {};
-
-    CMDArray& fields = m_fieldsTable->data;
-    const int key = MDAKeyCount(fields.array);
-    if (fields.KeyAdd("TablesKey;nameLat", 0) != mdr_Ok)
-        return {};
-    const QByteArray fieldName = field.toUtf8();
-    const MDRVar pair[] = {Row(directory).value(Field::KeyLink), MDRValue::text(fieldName)};
-    const MDRVar name = Row(MDARecSeekV(fields.array, key, pair, 0)).value(Field::nameLoc);
-    const QString local = codec()->toUnicode(MDRValue::bytes(name));
-    fields.lastError = MDAKeyDel(fields.array, key);
-    return local;
+    editor->setTemplateText(m_source.codec->toUnicode(MDRValue::bytes(html)));
 }
