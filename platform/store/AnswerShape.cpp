@@ -1,5 +1,6 @@
 #include "AnswerShape.h"
 
+#include "StoreErrors.h"
 #include "TableCatalog.h"
 
 #include <cctype>
@@ -95,6 +96,13 @@ AnswerShape AnswerShape::of(const QVector<Origin>& origins, const QByteArray& sq
             blob.table = table->name;
     }
     return shape;
+}
+
+bool AnswerShape::isNarrow(StoreError* error) const
+{
+    constexpr int mostFields = 255;
+    return columns.size() <= mostFields ||
+           StoreErrors::raise(error, StoreError::BadRequest, "В ответе на запрос слишком много полей.");
 }
 
 bool AnswerShape::hasStoredBlobs() const

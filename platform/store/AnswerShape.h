@@ -7,6 +7,7 @@
 #include <QVector>
 
 struct CatalogTable;
+struct StoreError;
 
 /// The shape of a select's answer: names and types of its columns. They come from the catalog for plain
 /// columns of a table, from the engine or the first row for computed ones.
@@ -29,6 +30,8 @@ struct AnswerShape {
     static AnswerShape of(const QVector<Origin>& origins, const QByteArray& sql);
 
     bool hasStoredBlobs() const;
+    /// Whether an array can have so many fields; otherwise sets the error.
+    bool isNarrow(StoreError* error) const;
     /// The same select with blobs that stay in the store replaced by their lengths. \a other makes the
     /// expression of every other column from its name.
     using Expression = std::function<QByteArray(int column, const QByteArray& name)>;

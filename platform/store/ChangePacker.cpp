@@ -6,6 +6,15 @@
 
 #include <cmath>
 
+bool ChangePacker::append(qint64 number, qint64 event, const QByteArray& table, const QByteArray& key,
+                          const QByteArray& oldRow, const QByteArray& newRow, QVector<StoreChange>* changes)
+{
+    const CatalogTable* known = TableCatalog::table(table);
+    if (known)
+        changes->append({number, static_cast<int>(event), known->name, key, pack(*known, oldRow, newRow)});
+    return known != nullptr;
+}
+
 QByteArray ChangePacker::pack(const CatalogTable& table, const QByteArray& oldRow, const QByteArray& newRow)
 {
     if (newRow.isEmpty())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CMDArray.h"
+#include "Store.h"
 #include "TableCatalog.h"
 
 #include <map>
@@ -8,12 +9,17 @@
 
 class CodePage;
 
-/// Makes the packed records of change events from rows of the change log.
+/// Makes changes with packed records from rows of the change log.
 class ChangePacker
 {
 public:
     /// \a codePage must outlive the packer.
     explicit ChangePacker(const CodePage* codePage) : m_codePage(codePage) {}
+
+    /// Appends the change of a row of the log; false if no receiver knows its table, which is one of a newer
+    /// schema.
+    bool append(qint64 number, qint64 event, const QByteArray& table, const QByteArray& key,
+                const QByteArray& oldRow, const QByteArray& newRow, QVector<StoreChange>* changes);
 
     /// All fields of the new row in order; marks on the fields that differ from the old row, or on all
     /// fields without an old row. An empty \a newRow (a deletion) gives no bytes. Blobs are null, and

@@ -50,3 +50,9 @@ QByteArray DeclaredKey::rowSql(const QByteArray& parameter, const QByteArray& ti
     return "SELECT " + columns + " FROM " + table->name + " ORDER BY " + order + tie + " LIMIT 1 OFFSET " +
            parameter;
 }
+
+bool DeclaredKey::isNumber(const QVariant& value)
+{
+    return value.type() == QVariant::Double || value.type() == QVariant::Int ||
+           value.type() == QVariant::LongLong || value.type() == QVariant::Bool;
+}

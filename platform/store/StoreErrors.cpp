@@ -2,6 +2,22 @@
 
 #include "SchemaScript.h"
 
+StoreError StoreErrors::make(StoreError::Code code, const char* text, const QString& first,
+                             const QString& second)
+{
+    // Not arg(): a place may contain "%2".
+    QString whole = QString::fromUtf8(text);
+    whole.replace(QLatin1String("%2"), second);
+    return {code, whole.replace(QLatin1String("%1"), first), QString()};
+}
+
+bool StoreErrors::raise(StoreError* error, StoreError::Code code, const char* text, const QString& first,
+                        const QString& second)
+{
+    *error = make(code, text, first, second);
+    return false;
+}
+
 StoreError StoreErrors::version(int found, const QString& place)
 {
     if (found > SchemaScript::version)
@@ -21,4 +37,27 @@ StoreError StoreErrors::version(int found, const QString& place)
                     .arg(SchemaScript::version),
                 QString()};
     return StoreError();
+}
+
+StoreError StoreErrors::noFile(const QString& folder, const QString& name)
+{
+    return {StoreError::NoSuchRow, QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name),
+            QString()};
+}
+
+StoreError StoreErrors::noLogin(const QString& login)
+{
+    return make(StoreError::Refused, "Пользователь «%1» не найден.", login);
+}
+
+StoreError StoreErrors::otherHistory(const QString& place)
+{
+    return make(StoreError::NotAStore, "Хранилище «%1» заменено другим: данные нужно загрузить заново.",
+                place);
+}
+
+StoreError StoreErrors::shorterLog(const QString& place)
+{
+    return make(StoreError::NotAStore,
+                "Журнал изменений хранилища «%1» начинается позже: данные нужно загрузить заново.", place);
 }

@@ -1,6 +1,7 @@
 #include "PgConnection.h"
 
 #include "PgAddress.h"
+#include "StoreErrors.h"
 
 #include <algorithm>
 #include <poll.h>
@@ -370,14 +371,13 @@ StoreError PgConnection::errorOf(const QByteArray& state, const QString& message
     if (state == "VR001")
         return {StoreError::Refused, message, QString()}; // the rule's own text
     if (state == "23503")
-        return make(StoreError::Refused,
-                    "Строка связана с другими строками, или строки, на которую она ссылается, нет.");
+        return make(StoreError::Refused, StoreErrors::related);
     if (state == "23505")
-        return make(StoreError::BadRequest, "Строка с таким ключом уже есть.");
+        return make(StoreError::BadRequest, StoreErrors::sameKey);
     if (state == "42501")
         return make(StoreError::Refused, "На сервере «%1» нет права на это действие.");
     if (state == "25006")
-        return make(StoreError::BadRequest, "Запрос может только читать данные.");
+        return make(StoreError::BadRequest, StoreErrors::onlyReading);
     if (state == "57014")
         return make(StoreError::Lost, "Запрос к серверу «%1» не уложился в отведённое время.");
     if (state == "40001" || state == "40P01" || state == "55P03")
@@ -392,6 +392,6 @@ StoreError PgConnection::errorOf(const QByteArray& state, const QString& message
         return make(StoreError::Internal, "Сервер «%1» не может прочитать или записать свои файлы.");
     if (state.startsWith("0A") || state.startsWith('2') || state.startsWith("34") || state.startsWith("42") ||
         state.startsWith("44"))
-        return make(StoreError::BadRequest, "Хранилище не может выполнить запрос.");
-    return make(StoreError::Internal, "Внутренняя ошибка хранилища «%1».");
+        return make(StoreError::BadRequest, StoreErrors::notUnderstood);
+    return make(StoreError::Internal, StoreErrors::internal);
 }

@@ -1,16 +1,24 @@
 #include "PgValues.h"
 
 #include <cstring>
+#include <limits>
 #include <QtEndian>
 
 namespace
 {
-// Types of values, from the server's catalog.
-constexpr Oid typeBytea = 17;
-constexpr Oid typeInt8 = 20;
-constexpr Oid typeInt4 = 23;
-constexpr Oid typeText = 25;
-constexpr Oid typeFloat8 = 701;
+/// A decimal number of any length in the server's binary format.
+double numericOf(const char* data)
+{
+    const int digits = qFromBigEndian<qint16>(data);
+    const int weight = qFromBigEndian<qint16>(data + 2);
+    const auto sign = qFromBigEndian<quint16>(data + 4);
+    if (sign == 0xC000)
+        return std::numeric_limits<double>::quiet_NaN();
+    QByteArray text = sign == 0x4000 ? "-" : "";
+    for (int i = 0; i < digits; ++i)
+        text += QByteArray::number(qFromBigEndian<qint16>(data + 8 + 2 * i)).rightJustified(4, '0');
+    return digits > 0 ? QByteArray(text + 'e' + QByteArray::number(4 * (weight - digits + 1))).toDouble() : 0;
+}
 
 template <class T>
 QByteArray bigEndian(T number)
@@ -62,15 +70,29 @@ double PgResult::real(int row, int column) const
     return number;
 }
 
+double PgRow::real(int column) const
+{
+    switch (PQftype(m_rows.handle(), column)) {
+    case PgType::Numeric:
+        return numericOf(data(column));
+    case PgType::Int2:
+    case PgType::Int4:
+    case PgType::Int8:
+        return static_cast<double>(integer(column));
+    default:
+        return m_rows.real(m_row, column);
+    }
+}
+
 PgValues& PgValues::text(const QByteArray& utf8)
 {
-    m_values.append({typeText, utf8.isNull() ? QByteArray("") : utf8});
+    m_values.append({PgType::Text, utf8.isNull() ? QByteArray("") : utf8});
     return *this;
 }
 
 PgValues& PgValues::blob(const QByteArray& bytes)
 {
-    m_values.append({typeBytea, bytes.isNull() ? QByteArray("") : bytes});
+    m_values.append({PgType::Bytea, bytes.isNull() ? QByteArray("") : bytes});
     return *this;
 }
 
@@ -78,19 +100,19 @@ PgValues& PgValues::real(double number)
 {
     quint64 bits = 0;
     std::memcpy(&bits, &number, sizeof bits);
-    m_values.append({typeFloat8, bigEndian(bits)});
+    m_values.append({PgType::Float8, bigEndian(bits)});
     return *this;
 }
 
 PgValues& PgValues::number(qint32 number)
 {
-    m_values.append({typeInt4, bigEndian(number)});
+    m_values.append({PgType::Int4, bigEndian(number)});
     return *this;
 }
 
 PgValues& PgValues::number(qint64 number)
 {
-    m_values.append({typeInt8, bigEndian(number)});
+    m_values.append({PgType::Int8, bigEndian(number)});
     return *this;
 }
 

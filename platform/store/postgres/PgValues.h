@@ -5,6 +5,22 @@
 #include <QByteArray>
 #include <QVector>
 
+/// Types of values, from the server's catalog.
+namespace PgType
+{
+enum : Oid {
+    Bool = 16,
+    Bytea = 17,
+    Int8 = 20,
+    Int2 = 21,
+    Int4 = 23,
+    Text = 25,
+    Float4 = 700,
+    Float8 = 701,
+    Numeric = 1700,
+};
+}
+
 /// The answer of a statement, in the server's binary format; freed with the object. False if the statement
 /// failed.
 class PgResult
@@ -29,6 +45,26 @@ public:
 
 private:
     std::shared_ptr<PGresult> m_result;
+};
+
+/// One row of an answer.
+class PgRow
+{
+public:
+    PgRow(const PgResult& rows, int row) : m_rows(rows), m_row(row) {}
+
+    bool isNull(int column) const { return m_rows.isNull(m_row, column); }
+    QByteArray bytes(int column) const { return m_rows.bytes(m_row, column); }
+    /// The same bytes in place.
+    const char* data(int column) const { return PQgetvalue(m_rows.handle(), m_row, column); }
+    int size(int column) const { return PQgetlength(m_rows.handle(), m_row, column); }
+    qint64 integer(int column) const { return m_rows.integer(m_row, column); }
+    /// Of any numeric type.
+    double real(int column) const;
+
+private:
+    const PgResult& m_rows;
+    int m_row;
 };
 
 /// Values bound to a statement. They are sent separately, never as part of its text.

@@ -2,15 +2,11 @@
 
 #include "GenGuid32.h"
 #include "PostgresSchema.h"
+#include "StoreErrors.h"
 
 namespace
 {
 constexpr qint64 reliefMs = 1000; ///< time for the server to end the process of a former connection
-
-StoreLogin loginOf(const PgResult& rows, int row)
-{
-    return {rows.bytes(row, 0), QString::fromUtf8(rows.bytes(row, 1)), QString::fromUtf8(rows.bytes(row, 2))};
-}
 } // namespace
 
 std::unique_ptr<Store> PostgresStore::open(const QString& url, const Options& options, StoreError* error)
@@ -22,7 +18,7 @@ std::unique_ptr<Store> PostgresStore::open(const QString& url, const Options& op
 }
 
 PostgresStore::PostgresStore(const QString& url, const Options& options)
-    : m_options(options),
+    : EngineStore(options),
       m_link(url, options.deadlineMs, {{}, options.login.toUtf8(), options.password.toUtf8()})
 {
     m_options.password.clear(); // the link keeps it to reconnect
@@ -31,11 +27,6 @@ PostgresStore::PostgresStore(const QString& url, const Options& options)
         if (m_progress)
             m_progress();
     });
-}
-
-PostgresStore::~PostgresStore()
-{
-    *m_self = nullptr;
 }
 
 bool PostgresStore::ready(StoreError* error, int waitMs, int deadlineMs)
@@ -69,19 +60,8 @@ bool PostgresStore::greet(StoreError* error)
         return false;
     m_loginOfUrl = QString::fromUtf8(me.bytes(0, 0));
     m_isSuperuser = me.integer(0, 1) != 0;
-    std::unique_ptr<CodePage> codePage = CodePage::create(me.bytes(0, 2));
-    if (!codePage || (m_codePage && m_codePage->codec() != codePage->codec())) {
-        *error = {StoreError::NotAStore,
-                  QString::fromUtf8("Кодировка хранилища «%1» не поддерживается.").arg(m_link.place()),
-                  QString()};
-        return false;
-    }
-    if (!m_codePage) {
-        m_codePage = std::move(codePage);
-        m_packer = std::make_unique<ChangePacker>(m_codePage.get());
-        m_timeZone = me.bytes(0, 3);
-    }
-    if (!PostgresSchema::columns(m_link, &m_columns, error))
+    if (!takeProperties(me.bytes(0, 2), me.bytes(0, 3), m_link.place(), error) ||
+        !PostgresSchema::columns(m_link, &m_columns, error))
         return false;
     // The login that was signed in before the connection was lost must still exist.
     return m_user.login.isEmpty() || becomePerson(m_user.login, error);
@@ -110,12 +90,9 @@ bool PostgresStore::becomePerson(const QString& login, StoreError* error)
 {
     if (login == m_loginOfUrl)
         return true;
-    if (!m_isSuperuser) {
-        *error = {StoreError::Refused,
-                  QString::fromUtf8("С сервером соединился «%1», а не «%2».").arg(m_loginOfUrl, login),
-                  QString()};
-        return false;
-    }
+    if (!m_isSuperuser)
+        return StoreErrors::raise(error, StoreError::Refused, "С сервером соединился «%1», а не «%2».",
+                                  m_loginOfUrl, login);
     return m_link.exec("SET SESSION AUTHORIZATION " + PostgresSchema::identifier(login), error);
 }
 
@@ -128,7 +105,7 @@ QVector<StoreLogin> PostgresStore::logins()
     const PgResult rows = m_link.prepared(
         "SELECT KeyLink, login, name_ FROM Users WHERE coalesce(deleted_, 0) = 0 ORDER BY login", {}, &error);
     for (int i = 0; rows && i < rows.rows(); ++i)
-        all.append(loginOf(rows, i));
+        all.append(loginOf(PgRow(rows, i)));
     return all;
 }
 
@@ -143,13 +120,12 @@ bool PostgresStore::signIn(const QString& login, StoreLogin* user, StoreError* e
     if (!rows)
         return false;
     if (rows.rows() == 0) {
-        *error = {StoreError::Refused, QString::fromUtf8("Пользователь «%1» не найден.").arg(name),
-                  QString()};
+        *error = StoreErrors::noLogin(name);
         return false;
     }
     if (!becomePerson(name, error))
         return false;
-    m_user = loginOf(rows, 0);
+    m_user = loginOf(PgRow(rows, 0));
     *user = m_user;
     return true;
 }
@@ -167,8 +143,7 @@ QVector<StoreDepartment> PostgresStore::departments(const QByteArray& userKey)
                         " WHERE W.UserKey = $1 AND coalesce(W.deleted_, 0) = 0 ORDER BY D.name_, D.KeyLink",
                         PgValues().text(userKey), &error);
     for (int i = 0; rows && i < rows.rows(); ++i)
-        all.append({rows.bytes(i, 0), QString::fromUtf8(rows.bytes(i, 1)), rows.bytes(i, 2),
-                    QString::fromUtf8(rows.bytes(i, 3))});
+        all.append(departmentOf(PgRow(rows, i)));
     return all;
 }
 
@@ -204,8 +179,7 @@ bool PostgresStore::file(const QString& folder, const QString& name, QByteArray*
         *content = rows.bytes(0, 0);
         return true;
     }
-    *error = {StoreError::NoSuchRow, QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name),
-              QString()};
+    *error = StoreErrors::noFile(folder, name);
     return false;
 }
 
@@ -230,7 +204,6 @@ bool PostgresStore::writeFile(const QString& folder, const QString& name, const 
                         values, error);
     if (!done || done.integer(0, 0) != 0)
         return bool(done);
-    *error = {StoreError::NoSuchRow, QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name),
-              QString()};
+    *error = StoreErrors::noFile(folder, name);
     return false;
 }

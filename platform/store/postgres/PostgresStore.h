@@ -1,9 +1,7 @@
 #pragma once
 
-#include "ChangePacker.h"
-#include "CodePage.h"
+#include "EngineStore.h"
 #include "PgConnection.h"
-#include "Store.h"
 
 struct AnswerShape;
 struct RowStatement;
@@ -14,14 +12,11 @@ struct RowStatement;
 ///
 /// A lost connection is restored automatically: a request waits for it as long as for an answer, the
 /// reading of changes only for a moment, so that a window stays responsive while its server is away.
-class PostgresStore : public Store
+class PostgresStore : public EngineStore
 {
 public:
     static std::unique_ptr<Store> open(const QString& url, const Options& options, StoreError* error);
-    ~PostgresStore() override;
 
-    QTextCodec* codec() const override { return m_codePage->codec(); }
-    QByteArray timeZone() const override { return m_timeZone; }
     QString caution() const override { return m_link.caution(); }
 
     QVector<StoreLogin> logins() override;
@@ -80,26 +75,15 @@ private:
     MDArray* readCursor(const QByteArray& sql, StoreError* error);
     bool declareCursor(const QByteArray& sql, StoreError* error);
     AnswerShape shapeOf(const PgResult& description, const QByteArray& sql) const;
-    bool addRows(const PgResult& rows, const AnswerShape& shape, MDArray* answer, qint64* held,
-                 StoreError* error);
 
-    Options m_options;
     PgConnection m_link;
-    std::unique_ptr<CodePage> m_codePage;
-    std::unique_ptr<ChangePacker> m_packer;
-    QByteArray m_timeZone;
     /// Table and field by the server's numbers.
     QHash<QPair<Oid, int>, QPair<QByteArray, QByteArray>> m_columns;
     bool m_isSuperuser = false;
     QString m_loginOfUrl;
-    StoreLogin m_user;
     bool m_hasNews = false;
-    bool m_inRead = false;
     bool m_isUnsettled = false; ///< the answer to a commit is missing
     qint64 m_backend = 0;       ///< process id of the connection's server process
     QByteArray m_backendStart;  ///< its start time: process ids are reused
     QElapsedTimer m_sinceRead;  ///< of the change log
-    QByteArray m_recoded;       ///< kept between fields, so that texts of an answer need no allocation
-    /// Used by blob sources: points to null when the store is destroyed.
-    std::shared_ptr<Store*> m_self = std::make_shared<Store*>(this);
 };

@@ -21,10 +21,8 @@ bool PostgresStore::apply(const std::vector<StoreWrite>& writes, const QByteArra
 {
     if (!RowStatements::isAnythingFlagged(writes))
         return true;
-    if (m_user.login.isEmpty() && !m_options.loader) {
-        *error = {StoreError::Refused, QString::fromUtf8("Вход в хранилище не выполнен."), QString()};
+    if (!canWrite(error))
         return false;
-    }
     QElapsedTimer clock;
     clock.start();
     m_isUnsettled = false;

@@ -1,5 +1,5 @@
 #include "PostgresStore.h"
-#include "TableCatalog.h"
+#include "StoreErrors.h"
 
 namespace
 {
@@ -40,33 +40,16 @@ bool PostgresStore::changesAfter(ChangePosition* position, int limit, QVector<St
         return false;
     const qint64 end = rows.integer(0, 1);
     if (rows.bytes(0, 0) != position->epoch || end < position->number) {
-        *error = {StoreError::NotAStore,
-                  QString::fromUtf8("Хранилище «%1» заменено другим: данные нужно загрузить заново.")
-                      .arg(m_link.place()),
-                  QString()};
+        *error = StoreErrors::otherHistory(m_link.place());
         return false;
     }
     if (rows.integer(0, 9) == 0) {
-        *error = {
-            StoreError::NotAStore,
-            QString::fromUtf8("Журнал изменений хранилища «%1» начинается позже: данные нужно загрузить "
-                              "заново.")
-                .arg(m_link.place()),
-            QString()};
+        *error = StoreErrors::shorterLog(m_link.place());
         return false;
     }
-    for (int i = 0; i < rows.rows() && !rows.isNull(i, 3); ++i) {
-        const CatalogTable* table = TableCatalog::table(rows.bytes(i, 5));
-        if (!table)
-            continue; // no receiver knows a table of a newer schema
-        StoreChange change;
-        change.number = rows.integer(i, 3);
-        change.event = static_cast<int>(rows.integer(i, 4));
-        change.table = table->name;
-        change.key = rows.bytes(i, 6);
-        change.packedRecord = m_packer->pack(*table, rows.bytes(i, 7), rows.bytes(i, 8));
-        changes->append(change);
-    }
+    for (int i = 0; i < rows.rows() && !rows.isNull(i, 3); ++i)
+        m_packer->append(rows.integer(i, 3), rows.integer(i, 4), rows.bytes(i, 5), rows.bytes(i, 6),
+                         rows.bytes(i, 7), rows.bytes(i, 8), changes);
     position->number = rows.isNull(0, 2) ? end : rows.integer(0, 2);
     return true;
 }

@@ -9,9 +9,7 @@ PgValues valuesOf(const QVariantList& values)
 {
     PgValues bound;
     for (const QVariant& value : values) {
-        const bool isNumber = value.type() == QVariant::Double || value.type() == QVariant::Int ||
-                              value.type() == QVariant::LongLong || value.type() == QVariant::Bool;
-        if (isNumber)
+        if (DeclaredKey::isNumber(value))
             bound.real(value.toDouble());
         else
             bound.text(value.toString().toUtf8());
@@ -63,34 +61,10 @@ qint64 PostgresStore::seek(const QByteArray& table, int key, const QVariantList&
 
 QVariantMap PostgresStore::row(const QByteArray& table, int key, qint64 index)
 {
-    QVariantMap fields;
     StoreError error;
     const DeclaredKey declared(TableCatalog::table(table), key);
     if (declared.fields.isEmpty() || index < 0 || !ready(&error))
-        return fields;
+        return QVariantMap();
     const PgResult row = m_link.prepared(declared.rowSql("$1", "KeyLink"), PgValues().number(index), &error);
-    if (!row || row.rows() == 0)
-        return fields;
-    for (int i = 0; i < declared.table->fields.size(); ++i) {
-        const CatalogField& field = declared.table->fields.at(i);
-        QVariant value;
-        if (!row.isNull(0, i)) {
-            switch (field.type) {
-            case mdr_TDouble:
-                value = row.real(0, i);
-                break;
-            case mdr_TChar:
-            case mdr_TMemo:
-                value = QString::fromUtf8(row.bytes(0, i));
-                break;
-            case mdr_TBlob:
-                value = row.bytes(0, i);
-                break;
-            default:
-                value = static_cast<int>(row.integer(0, i));
-            }
-        }
-        fields.insert(QString::fromLatin1(field.name), value);
-    }
-    return fields;
+    return row && row.rows() > 0 ? declared.fieldsOf(PgRow(row, 0)) : QVariantMap();
 }

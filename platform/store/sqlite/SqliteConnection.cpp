@@ -102,7 +102,7 @@ std::unique_ptr<SqliteConnection> SqliteConnection::open(const QString& file, Mo
         return nullptr;
     };
     if (mode == Create && (info.exists() || info.isSymLink()))
-        return fail(StoreError::BadRequest, "Файл «%1» уже существует.");
+        return fail(StoreError::BadRequest, StoreErrors::existingFile);
     if (mode != Create && !info.exists())
         return fail(StoreError::Missing, "Файл хранилища «%1» не найден.");
     if (mode != Create && !info.isFile())
@@ -320,11 +320,10 @@ StoreError SqliteConnection::errorOf(int code, const QString& file, const QStrin
     case SQLITE_CONSTRAINT_TRIGGER:
         return {StoreError::Refused, detail, QStringLiteral("SQLite %1").arg(code)}; // the rule's own text
     case SQLITE_CONSTRAINT_FOREIGNKEY:
-        return make(StoreError::Refused,
-                    "Строка связана с другими строками, или строки, на которую она ссылается, нет.");
+        return make(StoreError::Refused, StoreErrors::related);
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_UNIQUE:
-        return make(StoreError::BadRequest, "Строка с таким ключом уже есть.");
+        return make(StoreError::BadRequest, StoreErrors::sameKey);
     default:
         break;
     }
@@ -351,13 +350,13 @@ StoreError SqliteConnection::errorOf(int code, const QString& file, const QStrin
     case SQLITE_NOMEM:
         return make(StoreError::TooLarge, "Данные слишком велики для хранилища «%1».");
     case SQLITE_AUTH:
-        return make(StoreError::BadRequest, "Запрос может только читать данные.");
+        return make(StoreError::BadRequest, StoreErrors::onlyReading);
     case SQLITE_ERROR:
     case SQLITE_CONSTRAINT:
     case SQLITE_MISMATCH:
     case SQLITE_RANGE:
-        return make(StoreError::BadRequest, "Хранилище не может выполнить запрос.");
+        return make(StoreError::BadRequest, StoreErrors::notUnderstood);
     default:
-        return make(StoreError::Internal, "Внутренняя ошибка хранилища «%1».");
+        return make(StoreError::Internal, StoreErrors::internal);
     }
 }

@@ -46,6 +46,12 @@ public:
 
     /// The bytes of a text or blob: a null array for NULL, an empty one for an empty value.
     QByteArray bytes(int column) const;
+    /// The same bytes in place, until the next step.
+    const char* data(int column) const
+    {
+        return static_cast<const char*>(sqlite3_column_blob(m_statement, column));
+    }
+    int size(int column) const { return sqlite3_column_bytes(m_statement, column); }
     qint64 integer(int column) const { return sqlite3_column_int64(m_statement, column); }
     double real(int column) const { return sqlite3_column_double(m_statement, column); }
     bool isNull(int column) const { return sqlite3_column_type(m_statement, column) == SQLITE_NULL; }

@@ -2,17 +2,10 @@
 
 #include "GenGuid32.h"
 #include "SqliteTransaction.h"
+#include "StoreErrors.h"
 
 #include <QDateTime>
 #include <QFileInfo>
-
-namespace
-{
-StoreLogin loginOf(const SqliteStatement& row)
-{
-    return {row.bytes(0), QString::fromUtf8(row.bytes(1)), QString::fromUtf8(row.bytes(2))};
-}
-} // namespace
 
 std::unique_ptr<Store> SqliteStore::open(const QString& file, const Options& options, StoreError* error)
 {
@@ -20,11 +13,6 @@ std::unique_ptr<Store> SqliteStore::open(const QString& file, const Options& opt
     if (!store->connect(error))
         return nullptr;
     return store;
-}
-
-SqliteStore::~SqliteStore()
-{
-    *m_self = nullptr;
 }
 
 bool SqliteStore::connect(StoreError* error)
@@ -36,7 +24,7 @@ bool SqliteStore::connect(StoreError* error)
     auto read = isReadable
                     ? SqliteConnection::open(m_file, SqliteConnection::ReadOnly, m_options.deadlineMs, error)
                     : nullptr;
-    if (!read || !takeProperties(*read, error))
+    if (!read || !readProperties(*read, error))
         return false;
     // The login that was signed in before the file disappeared must still exist.
     if (!m_user.login.isEmpty() && !findLogin(*read, m_user.login, &m_user, error))
@@ -55,26 +43,12 @@ bool SqliteStore::connect(StoreError* error)
     return true;
 }
 
-bool SqliteStore::takeProperties(SqliteConnection& connection, StoreError* error)
+bool SqliteStore::readProperties(SqliteConnection& connection, StoreError* error)
 {
     SqliteStatement row =
         connection.prepare("SELECT (SELECT value FROM StoreProperties WHERE name = 'codec'),"
                            " (SELECT value FROM StoreProperties WHERE name = 'timeZone')");
-    if (!row.step())
-        return fail(connection, error);
-    std::unique_ptr<CodePage> codePage = CodePage::create(row.bytes(0));
-    if (!codePage || (m_codePage && m_codePage->codec() != codePage->codec())) {
-        *error = {StoreError::NotAStore,
-                  QString::fromUtf8("Кодировка хранилища «%1» не поддерживается.").arg(m_file), QString()};
-        return false;
-    }
-    // Sessions and records keep pointers to the first code page, so it stays when the file is opened again.
-    if (!m_codePage) {
-        m_codePage = std::move(codePage);
-        m_packer = std::make_unique<ChangePacker>(m_codePage.get());
-        m_timeZone = row.bytes(1);
-    }
-    return true;
+    return row.step() ? takeProperties(row.bytes(0), row.bytes(1), m_file, error) : fail(connection, error);
 }
 
 bool SqliteStore::ready(StoreError* error)
@@ -82,10 +56,8 @@ bool SqliteStore::ready(StoreError* error)
     const SqliteConnection::Place place = m_read ? m_read->place() : SqliteConnection::Moved;
     if (place == SqliteConnection::InPlace)
         return true;
-    if (!QFileInfo::exists(m_file)) {
-        *error = {StoreError::Lost, QString::fromUtf8("Файл хранилища «%1» исчез.").arg(m_file), QString()};
-        return false;
-    }
+    if (!QFileInfo::exists(m_file))
+        return StoreErrors::raise(error, StoreError::Lost, "Файл хранилища «%1» исчез.", m_file);
     if (!leaveLog(place, error))
         return false;
     if (connect(error))
@@ -147,7 +119,7 @@ bool SqliteStore::findLogin(SqliteConnection& connection, const QString& login, 
     }
     if (row.code() != SQLITE_DONE)
         return fail(connection, error);
-    *error = {StoreError::Refused, QString::fromUtf8("Пользователь «%1» не найден.").arg(login), QString()};
+    *error = StoreErrors::noLogin(login);
     return false;
 }
 
@@ -164,8 +136,7 @@ QVector<StoreDepartment> SqliteStore::departments(const QByteArray& userKey)
                        " WHERE W.UserKey = ? AND coalesce(W.deleted_, 0) = 0 ORDER BY D.name_, D.KeyLink");
     rows.bind(1, userKey);
     while (rows.step())
-        all.append({rows.bytes(0), QString::fromUtf8(rows.bytes(1)), rows.bytes(2),
-                    QString::fromUtf8(rows.bytes(3))});
+        all.append(departmentOf(rows));
     return all;
 }
 
@@ -199,8 +170,23 @@ bool SqliteStore::file(const QString& folder, const QString& name, QByteArray* c
     }
     if (row.code() != SQLITE_DONE)
         return fail(*m_read, error);
-    *error = {StoreError::NoSuchRow, QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name),
-              QString()};
+    *error = StoreErrors::noFile(folder, name);
+    return false;
+}
+
+bool SqliteStore::transact(const std::function<bool(SqliteTransaction&)>& work, StoreError* error)
+{
+    if (!m_write) {
+        *error = SqliteConnection::errorOf(SQLITE_READONLY, m_file, QString());
+        return false;
+    }
+    if (!m_write->exec("BEGIN IMMEDIATE", error))
+        return false;
+    SqliteTransaction transaction(*m_write, {writerName(), m_user.key, m_options.loader});
+    if (work(transaction) && m_write->exec("COMMIT", error))
+        return true;
+    if (!sqlite3_get_autocommit(m_write->handle()))
+        m_write->exec("ROLLBACK");
     return false;
 }
 
@@ -209,11 +195,9 @@ bool SqliteStore::writeFile(const QString& folder, const QString& name, const QB
 {
     if (!ready(error))
         return false;
-    if (!m_options.loader && !hasRight("ADMINISTRATOR")) {
-        *error = {StoreError::Refused, QString::fromUtf8("Файлы хранилища записывает только администратор."),
-                  QString()};
-        return false;
-    }
+    if (!m_options.loader && !hasRight("ADMINISTRATOR"))
+        return StoreErrors::raise(error, StoreError::Refused,
+                                  "Файлы хранилища записывает только администратор.");
     const auto change = [&] {
         const QByteArray folderBytes = folder.toUtf8();
         const QByteArray nameBytes = name.toUtf8();
@@ -226,19 +210,11 @@ bool SqliteStore::writeFile(const QString& folder, const QString& name, const QB
             statement.bindBlob(3, content);
         if (!statement.run())
             return fail(*m_write, error);
-        if (sqlite3_changes(m_write->handle()) > 0)
-            return true;
-        *error = {StoreError::NoSuchRow,
-                  QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name), QString()};
-        return false;
+        *error = StoreErrors::noFile(folder, name);
+        return sqlite3_changes(m_write->handle()) > 0;
     };
-    if (!m_write->exec("BEGIN IMMEDIATE", error))
-        return false;
-    SqliteTransaction transaction(*m_write, {writerName(), m_user.key, m_options.loader});
-    if (transaction.begin(error) && change() && transaction.close(GenGuid32(), serverTime(), error) &&
-        m_write->exec("COMMIT", error))
-        return true;
-    if (!sqlite3_get_autocommit(m_write->handle()))
-        m_write->exec("ROLLBACK");
-    return false;
+    const auto work = [&](SqliteTransaction& transaction) {
+        return transaction.begin(error) && change() && transaction.close(GenGuid32(), serverTime(), error);
+    };
+    return transact(work, error);
 }

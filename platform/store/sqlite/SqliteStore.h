@@ -1,25 +1,21 @@
 #pragma once
 
-#include "ChangePacker.h"
-#include "CodePage.h"
+#include "EngineStore.h"
 #include "SqliteConnection.h"
-#include "Store.h"
 
 struct AnswerShape;
+class SqliteTransaction;
 struct RowStatement;
 
 /// A store in one SQLite file, for the processes of one computer. It has two connections: one that writes,
 /// with each transaction locked at its beginning (BEGIN IMMEDIATE), and one that can only read; in a place
 /// where nothing can be written it has only the second. If the file or its log is replaced or restored, the
 /// next request opens it again.
-class SqliteStore : public Store
+class SqliteStore : public EngineStore
 {
 public:
     static std::unique_ptr<Store> open(const QString& file, const Options& options, StoreError* error);
-    ~SqliteStore() override;
 
-    QTextCodec* codec() const override { return m_codePage->codec(); }
-    QByteArray timeZone() const override { return m_timeZone; }
     QString caution() const override
     {
         return m_write || !m_read ? QString() : QString::fromUtf8("только просмотр");
@@ -54,7 +50,7 @@ public:
     QVariantMap row(const QByteArray& table, int key, qint64 index) override;
 
 private:
-    SqliteStore(const QString& file, const Options& options) : m_file(file), m_options(options) {}
+    SqliteStore(const QString& file, const Options& options) : EngineStore(options), m_file(file) {}
 
     bool connect(StoreError* error);
     /// Opens the file again if it was moved or replaced. Every request calls it first.
@@ -62,7 +58,7 @@ private:
     /// Called before the file is opened again because its log is missing: nothing in the log is lost, and
     /// nothing is written to a log that somebody else has put there.
     bool leaveLog(SqliteConnection::Place place, StoreError* error);
-    bool takeProperties(SqliteConnection& connection, StoreError* error);
+    bool readProperties(SqliteConnection& connection, StoreError* error);
     bool findLogin(SqliteConnection& connection, const QString& login, StoreLogin* user,
                    StoreError* error) const;
     bool fail(const SqliteConnection& connection, StoreError* error) const;
@@ -72,22 +68,13 @@ private:
         return m_user.login.isEmpty() ? QByteArray("loader") : m_user.login.toUtf8();
     }
 
+    /// Runs \a work in one transaction of the log; \a work ends with its close().
+    bool transact(const std::function<bool(SqliteTransaction&)>& work, StoreError* error);
     bool writeRow(const RowStatement& row, StoreError* error);
     MDArray* answerOf(SqliteStatement& statement, AnswerShape* shape, StoreError* error);
-    bool addRow(SqliteStatement& statement, const AnswerShape& shape, MDArray* answer, qint64* held,
-                StoreError* error);
 
     QString m_file;
-    Options m_options;
     std::unique_ptr<SqliteConnection> m_write;
     std::unique_ptr<SqliteConnection> m_read;
-    std::unique_ptr<CodePage> m_codePage;
-    std::unique_ptr<ChangePacker> m_packer;
-    QByteArray m_timeZone;
-    StoreLogin m_user;
     qint64 m_dataVersion = -1;
-    bool m_inRead = false;
-    QByteArray m_recoded; ///< kept between fields, so that texts of an answer need no allocation
-    /// Used by blob sources: points to null when the store is destroyed.
-    std::shared_ptr<Store*> m_self = std::make_shared<Store*>(this);
 };

@@ -6,20 +6,9 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
 {
     if (!RowStatements::isAnythingFlagged(writes))
         return true;
-    if (!ready(error))
+    if (!ready(error) || !canWrite(error))
         return false;
-    if (!m_write) {
-        *error = SqliteConnection::errorOf(SQLITE_READONLY, m_file, QString());
-        return false;
-    }
-    if (m_user.login.isEmpty() && !m_options.loader) {
-        *error = {StoreError::Refused, QString::fromUtf8("Вход в хранилище не выполнен."), QString()};
-        return false;
-    }
-    if (!m_write->exec("BEGIN IMMEDIATE", error))
-        return false;
-
-    const auto inside = [&] {
+    const auto work = [&](SqliteTransaction& transaction) {
         {
             SqliteStatement known = m_write->cached("SELECT 1 FROM ChangeTransactions WHERE batchKey = ?");
             known.bind(1, batchKey);
@@ -28,7 +17,6 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
             if (known.code() != SQLITE_DONE)
                 return fail(*m_write, error);
         }
-        SqliteTransaction transaction(*m_write, {writerName(), m_user.key, m_options.loader});
         if (!transaction.begin(error))
             return false;
         for (const StoreWrite& write : writes)
@@ -38,11 +26,7 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
                 return false;
         return transaction.close(batchKey, serverTime(), error);
     };
-    if (inside() && m_write->exec("COMMIT", error))
-        return true;
-    if (!sqlite3_get_autocommit(m_write->handle()))
-        m_write->exec("ROLLBACK");
-    return false;
+    return transact(work, error);
 }
 
 bool SqliteStore::isWritten(const QByteArray& batchKey, bool* written, StoreError* error)

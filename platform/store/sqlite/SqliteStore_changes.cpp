@@ -1,5 +1,5 @@
 #include "SqliteStore.h"
-#include "TableCatalog.h"
+#include "StoreErrors.h"
 
 bool SqliteStore::position(ChangePosition* position, StoreError* error)
 {
@@ -20,10 +20,7 @@ bool SqliteStore::changesAfter(ChangePosition* position, int limit, QVector<Stor
     if (!this->position(&end, error))
         return false;
     if (end.epoch != position->epoch || end.number < position->number) {
-        *error = {
-            StoreError::NotAStore,
-            QString::fromUtf8("Хранилище «%1» заменено другим: данные нужно загрузить заново.").arg(m_file),
-            QString()};
+        *error = StoreErrors::otherHistory(m_file);
         return false;
     }
     SqliteStatement next = m_read->cached("SELECT 1 FROM ChangeTransactions WHERE number = ?");
@@ -31,12 +28,7 @@ bool SqliteStore::changesAfter(ChangePosition* position, int limit, QVector<Stor
     if (end.number > position->number && !next.step()) {
         if (next.code() != SQLITE_DONE)
             return fail(*m_read, error);
-        *error = {
-            StoreError::NotAStore,
-            QString::fromUtf8("Журнал изменений хранилища «%1» начинается позже: данные нужно загрузить "
-                              "заново.")
-                .arg(m_file),
-            QString()};
+        *error = StoreErrors::shorterLog(m_file);
         return false;
     }
     // Changes committed while we read are left for the next call: the transactions up to the end are
@@ -54,17 +46,9 @@ bool SqliteStore::changesAfter(ChangePosition* position, int limit, QVector<Stor
             return true;
         }
         current = number;
-        const CatalogTable* table = TableCatalog::table(rows.bytes(2));
-        if (!table)
-            continue; // no receiver knows a table of a newer schema
-        StoreChange change;
-        change.number = number;
-        change.event = static_cast<int>(rows.integer(1));
-        change.table = table->name;
-        change.key = rows.bytes(3);
-        change.packedRecord = m_packer->pack(*table, rows.bytes(4), rows.bytes(5));
-        changes->append(change);
-        ++taken;
+        if (m_packer->append(number, rows.integer(1), rows.bytes(2), rows.bytes(3), rows.bytes(4),
+                             rows.bytes(5), changes))
+            ++taken;
     }
     if (rows.code() != SQLITE_DONE)
         return fail(*m_read, error);

@@ -7,9 +7,7 @@ namespace
 {
 void bindVariant(SqliteStatement& statement, int parameter, const QVariant& value)
 {
-    const bool isNumber = value.type() == QVariant::Double || value.type() == QVariant::Int ||
-                          value.type() == QVariant::LongLong || value.type() == QVariant::Bool;
-    if (isNumber) {
+    if (DeclaredKey::isNumber(value)) {
         statement.bind(parameter, value.toDouble());
     } else {
         const QByteArray text = value.toString().toUtf8();
@@ -67,35 +65,11 @@ qint64 SqliteStore::seek(const QByteArray& table, int key, const QVariantList& v
 
 QVariantMap SqliteStore::row(const QByteArray& table, int key, qint64 index)
 {
-    QVariantMap fields;
     StoreError error;
     const DeclaredKey declared(TableCatalog::table(table), key);
     if (declared.fields.isEmpty() || index < 0 || !ready(&error))
-        return fields;
+        return QVariantMap();
     SqliteStatement row = m_read->cached(declared.rowSql("?", "rowid"));
     row.bind(1, index);
-    if (!row.step())
-        return fields;
-    for (int i = 0; i < declared.table->fields.size(); ++i) {
-        const CatalogField& field = declared.table->fields.at(i);
-        QVariant value;
-        if (!row.isNull(i)) {
-            switch (field.type) {
-            case mdr_TDouble:
-                value = row.real(i);
-                break;
-            case mdr_TChar:
-            case mdr_TMemo:
-                value = QString::fromUtf8(row.bytes(i));
-                break;
-            case mdr_TBlob:
-                value = row.bytes(i);
-                break;
-            default:
-                value = static_cast<int>(row.integer(i));
-            }
-        }
-        fields.insert(QString::fromLatin1(field.name), value);
-    }
-    return fields;
+    return row.step() ? declared.fieldsOf(row) : QVariantMap();
 }

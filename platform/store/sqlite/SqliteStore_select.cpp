@@ -1,14 +1,10 @@
-#include "AnswerShape.h"
-#include "MDRValues.h"
+#include "AnswerRows.h"
 #include "SqliteStore.h"
-#include "StoreBlobSource.h"
+#include "StoreErrors.h"
 #include "TableCatalog.h"
-
-#include <limits>
 
 namespace
 {
-constexpr int mostFields = 255;
 constexpr int longSelect = 4096; // bytes of text
 
 /// Allows nothing but reading.
@@ -46,12 +42,8 @@ QVector<AnswerShape::Origin> originsOf(sqlite3_stmt* statement)
 MDRType computedType(sqlite3_stmt* statement, int column)
 {
     switch (sqlite3_column_type(statement, column)) {
-    case SQLITE_INTEGER: {
-        const sqlite3_int64 number = sqlite3_column_int64(statement, column);
-        const bool fits = number >= std::numeric_limits<std::int32_t>::min() &&
-                          number <= std::numeric_limits<std::int32_t>::max();
-        return fits ? mdr_TInt32 : mdr_TDouble;
-    }
+    case SQLITE_INTEGER:
+        return AnswerRows::fits(sqlite3_column_int64(statement, column)) ? mdr_TInt32 : mdr_TDouble;
     case SQLITE_FLOAT:
         return mdr_TDouble;
     case SQLITE_BLOB:
@@ -59,11 +51,6 @@ MDRType computedType(sqlite3_stmt* statement, int column)
     default:
         return mdr_TMemo;
     }
-}
-
-StoreError selectError(StoreError::Code code, const char* text)
-{
-    return {code, QString::fromUtf8(text), QString()};
 }
 
 /// The deadline of one request on a connection.
@@ -118,7 +105,9 @@ MDArray* SqliteStore::select(const QByteArray& sqlUtf8, StoreError* error)
         AnswerShape shape;
         if (sample)
             shape = AnswerShape::of(originsOf(sample.handle()), sqlUtf8);
-        if (shape.columns.size() <= mostFields && shape.hasStoredBlobs()) {
+        if (!shape.isNarrow(error))
+            return nullptr;
+        if (shape.hasStoredBlobs()) {
             SqliteStatement lean = singleSelect(db, shape.wrapped(AnswerShape::withoutEnd(sqlUtf8)));
             if (lean)
                 return answerOf(lean, &shape, error);
@@ -131,14 +120,12 @@ MDArray* SqliteStore::select(const QByteArray& sqlUtf8, StoreError* error)
         return nullptr;
     }
     if (!statement) {
-        *error = selectError(StoreError::BadRequest, "Запрос должен состоять из одной выборки.");
+        StoreErrors::raise(error, StoreError::BadRequest, StoreErrors::oneSelect);
         return nullptr;
     }
     AnswerShape shape = AnswerShape::of(originsOf(statement.handle()), sqlUtf8);
-    if (shape.columns.size() > mostFields) {
-        *error = selectError(StoreError::BadRequest, "В ответе на запрос слишком много полей.");
+    if (!shape.isNarrow(error))
         return nullptr;
-    }
     if (!shape.hasStoredBlobs())
         return answerOf(statement, &shape, error);
     SqliteStatement lean =
@@ -157,105 +144,23 @@ MDArray* SqliteStore::answerOf(SqliteStatement& statement, AnswerShape* shape, S
     for (int i = 0; more && i < shape->columns.size(); ++i)
         if (shape->columns.at(i).isComputed)
             shape->columns[i].field.type = computedType(statement.handle(), i);
-    MDArray* answer = nullptr;
-    MDACreate(&answer, 0);
-    const QVector<MDRFieldDescr> fields = shape->descriptors();
-    const MDRKeyDescr orderOfEntry = {};
-    MDAFldAdd(answer, fields.size(), fields.constData());
-    MDAKeyAdd(answer, 1, &orderOfEntry);
-
-    qint64 held = 0;
-    for (; more; more = statement.step()) {
-        if (!addRow(statement, *shape, answer, &held, error)) {
-            MDADestroy(answer);
+    AnswerRows answer(*shape, *m_codePage, m_self, m_options.memoryGuard);
+    for (; more; more = statement.step())
+        if (!answer.add(statement, error))
             return nullptr;
-        }
-    }
-    if (statement.code() != SQLITE_DONE) {
-        fail(*m_read, error);
-        MDADestroy(answer);
-        return nullptr;
-    }
-    return answer;
-}
-
-bool SqliteStore::addRow(SqliteStatement& statement, const AnswerShape& shape, MDArray* answer, qint64* held,
-                         StoreError* error)
-{
-    sqlite3_stmt* row = statement.handle();
-    MDRData* record = MDARecNew(answer);
-    const int count = shape.columns.size();
-    *held += 64 + 8 * count;
-    for (int i = 0; i < count; ++i) {
-        if (sqlite3_column_type(row, i) == SQLITE_NULL)
-            continue;
-        const AnswerShape::Column& column = shape.columns.at(i);
-        const MDRField* field = MDRFldByNum(answer, i);
-        MDRVar value;
-        value.type = column.field.type;
-        int code = mdr_Ok;
-        switch (column.field.type) {
-        case mdr_TDouble:
-            value.value.real = sqlite3_column_double(row, i);
-            code = MDRSetVal(field, record, &value);
-            break;
-        case mdr_TChar:
-        case mdr_TMemo: {
-            const char* text = reinterpret_cast<const char*>(sqlite3_column_text(row, i));
-            m_recoded.resize(0);
-            m_codePage->fromUtf8(text, sqlite3_column_bytes(row, i), &m_recoded);
-            value.value.text = {m_recoded.size(), m_recoded.constData()};
-            *held += m_recoded.size() + 1;
-            code = MDRSetVal(field, record, &value);
-            break;
-        }
-        case mdr_TBlob:
-            if (column.keyColumn >= 0) {
-                const int length = sqlite3_column_int(row, i);
-                auto source = std::make_shared<StoreBlobSource>(m_self, column.table, column.field.name,
-                                                                statement.bytes(column.keyColumn));
-                code = MDRSetBlobSource(field, record, length, std::move(source));
-            } else {
-                value.value.text.data = static_cast<const char*>(sqlite3_column_blob(row, i));
-                value.value.text.length = sqlite3_column_bytes(row, i);
-                *held += value.value.text.length;
-                code = MDRSetVal(field, record, &value);
-            }
-            break;
-        default: {
-            const sqlite3_int64 number = sqlite3_column_int64(row, i);
-            if (number < std::numeric_limits<std::int32_t>::min() ||
-                number > std::numeric_limits<std::int32_t>::max()) {
-                *error = selectError(StoreError::BadRequest, "Число в ответе на запрос слишком велико.");
-                return false;
-            }
-            value.value.number = static_cast<std::int32_t>(number);
-            code = MDRSetVal(field, record, &value);
-        }
-        }
-        if (code != mdr_Ok || *held > m_options.memoryGuard) {
-            *error = selectError(StoreError::TooLarge,
-                                 "Ответ на запрос слишком велик: сузьте период или условия.");
-            return false;
-        }
-    }
-    MDARecPost(record, nullptr);
-    return true;
+    if (statement.code() == SQLITE_DONE)
+        return answer.take();
+    fail(*m_read, error);
+    return nullptr;
 }
 
 bool SqliteStore::blob(const QByteArray& table, const QByteArray& field, const QByteArray& key,
                        QByteArray* bytes, StoreError* error)
 {
-    const CatalogTable* known = TableCatalog::table(table);
-    const int index = known ? known->fieldIndex(field) : -1;
-    if (index < 0 || known->fields.at(index).type != mdr_TBlob) {
-        *error = selectError(StoreError::BadRequest, "Такого двоичного поля в хранилище нет.");
+    const QByteArray sql = blobSql(table, field, "?", error);
+    if (sql.isEmpty() || !ready(error))
         return false;
-    }
-    if (!ready(error))
-        return false;
-    SqliteStatement row = m_read->cached("SELECT " + known->fields.at(index).name + " FROM " + known->name +
-                                         " WHERE KeyLink = ?");
+    SqliteStatement row = m_read->cached(sql);
     row.bind(1, key);
     if (row.step()) {
         *bytes = row.bytes(0);
@@ -263,6 +168,5 @@ bool SqliteStore::blob(const QByteArray& table, const QByteArray& field, const Q
     }
     if (row.code() != SQLITE_DONE)
         return fail(*m_read, error);
-    *error = selectError(StoreError::NoSuchRow, "Такой строки в хранилище нет.");
-    return false;
+    return StoreErrors::raise(error, StoreError::NoSuchRow, StoreErrors::noRow);
 }
