@@ -295,7 +295,7 @@ void HostileTexts_test::journalShowsTextsAsTheyAre()
     look();
     // All kinds of places were checked: a menu entry, a tip, a tab, a list.
     const QString places = QStringList(m_walk.places().values()).join(QLatin1Char('\n'));
-    for (const char* place : {"recordMenu(QMenu) action", "recordsTable(QTableView) tip of item", "tab",
+    for (const char* place : {"recordMenu(RecordMenu) action", "recordsTable(QTableView) tip of item", "tab",
                               "commentsList(QListWidget) item", "filesTable(QTableWidget) item",
                               "templateLabel(QLabel) text", "recordTitle(RecordTitle) text", "workersTable"})
         QVERIFY2(places.contains(QLatin1String(place)),
