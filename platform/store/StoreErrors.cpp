@@ -5,10 +5,11 @@
 StoreError StoreErrors::make(StoreError::Code code, const char* text, const QString& first,
                              const QString& second)
 {
-    // Not arg(): a place may contain "%2".
-    QString whole = QString::fromUtf8(text);
-    whole.replace(QLatin1String("%2"), second);
-    return {code, whole.replace(QLatin1String("%1"), first), QString()};
+    const QString whole = QString::fromUtf8(text);
+    // Both at once, because the first may contain "%2".
+    if (whole.contains(QLatin1String("%2")))
+        return {code, whole.arg(first, second), QString()};
+    return {code, QString(whole).replace(QLatin1String("%1"), first), QString()};
 }
 
 bool StoreErrors::raise(StoreError* error, StoreError::Code code, const char* text, const QString& first,

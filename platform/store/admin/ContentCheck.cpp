@@ -1,5 +1,6 @@
 #include "ContentCheck.h"
 
+#include "StoreErrors.h"
 #include "TableCatalog.h"
 
 namespace
@@ -51,10 +52,18 @@ const char* const trees[] = {"LogbookCatsTemplate", "TemplateParamCategories", "
 void ContentCheck::add(QVector<Finding>* findings, Finding::Grade grade, const char* text,
                        const QByteArray& first, const QByteArray& second)
 {
-    QString whole = QString::fromUtf8(text);
-    whole.replace(QLatin1String("%1"), QString::fromUtf8(first));
-    whole.replace(QLatin1String("%2"), QString::fromUtf8(second));
-    findings->append({grade, whole});
+    findings->append(
+        {grade, StoreErrors::make(StoreError::None, text, QString::fromUtf8(first), QString::fromUtf8(second))
+                    .text});
+}
+
+bool ContentCheck::isSound(const QVector<Finding>& findings, StoreError* error)
+{
+    for (const Finding& finding : findings)
+        if (finding.grade == Finding::Fault)
+            return StoreErrors::raise(error, StoreError::Internal, "Копия не прошла проверку: %1",
+                                      finding.text);
+    return true;
 }
 
 void ContentCheck::compare(const Objects& fresh, const Objects& present, QVector<Finding>* findings)

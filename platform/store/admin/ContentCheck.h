@@ -35,6 +35,9 @@ using Objects = QMap<QByteArray, QByteArray>;
 /// Finds how a schema differs from a fresh one.
 void compare(const Objects& fresh, const Objects& present, QVector<StoreAdmin::Finding>* findings);
 
+/// Whether the findings of a copy's check contain no fault; otherwise sets the error.
+bool isSound(const QVector<StoreAdmin::Finding>& findings, StoreError* error);
+
 /// Appends one finding; replaces "%1" and "%2" in the text.
 void add(QVector<StoreAdmin::Finding>* findings, StoreAdmin::Finding::Grade grade, const char* text,
          const QByteArray& first = QByteArray(), const QByteArray& second = QByteArray());

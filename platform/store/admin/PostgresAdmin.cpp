@@ -1,6 +1,6 @@
 #include "PostgresAdmin.h"
 
-#include "CodePage.h"
+#include "ContentCheck.h"
 #include "GenGuid32.h"
 #include "PgAddress.h"
 #include "PostgresAccess.h"
@@ -15,7 +15,6 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStandardPaths>
-#include <QTimeZone>
 
 namespace
 {
@@ -141,13 +140,6 @@ bool install(PgConnection& link, const QByteArray& codecName, const QByteArray& 
 bool PostgresAdmin::init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone,
                          const std::function<bool()>& isFilled, StoreError* error)
 {
-    if (!CodePage::create(codecName))
-        return refuse(
-            error, StoreError::BadRequest,
-            QString::fromUtf8("Кодировка «%1» не поддерживается.").arg(QString::fromLatin1(codecName)));
-    if (!QTimeZone(timeZone).isValid())
-        return refuse(error, StoreError::BadRequest,
-                      QString::fromUtf8("Часовой пояс «%1» неизвестен.").arg(QString::fromLatin1(timeZone)));
     bool isNewDatabase = false;
     const auto link = emptyDatabase(url, &isNewDatabase, error);
     if (!link)
@@ -255,11 +247,7 @@ bool putBack(PgConnection& link, const QString& url, const QString& copy, StoreE
                                   PgValues().text(GenGuid32()), error) &&
                          PostgresAccess::close(link, error) && link.exec("COMMIT; ANALYZE", error) &&
                          PostgresAdmin::check(url, &findings, error);
-    for (const StoreAdmin::Finding& finding : qAsConst(findings))
-        if (finding.grade == StoreAdmin::Finding::Fault)
-            return refuse(error, StoreError::Internal,
-                          QString::fromUtf8("Копия не прошла проверку: %1").arg(finding.text));
-    return isThere;
+    return isThere && ContentCheck::isSound(findings, error);
 }
 
 /// Gives every login of the store its role. A role without a password cannot log in.
@@ -284,18 +272,12 @@ bool PostgresAdmin::backup(const QString& url, const QString& copy, StoreError* 
 {
     if (version(url, error) < 0)
         return false;
-    const QString draft = copy + QStringLiteral(".part");
     const QString failure = QString::fromUtf8("Копию сделать не удалось.");
-    if (!runTool("pg_dump",
-                 {QStringLiteral("--format=custom"), QStringLiteral("--file=") + draft,
-                  QStringLiteral("--dbname=") + url},
-                 url, failure, error) ||
-        !runTool("pg_restore", {QStringLiteral("--list"), draft}, url, failure, error)) {
-        QFile::remove(draft);
-        return false;
-    }
-    return QFile::rename(draft, copy) ||
-           refuse(error, StoreError::ReadOnly, QString::fromUtf8("Файл «%1» нельзя создать.").arg(copy));
+    return runTool("pg_dump",
+                   {QStringLiteral("--format=custom"), QStringLiteral("--file=") + copy,
+                    QStringLiteral("--dbname=") + url},
+                   url, failure, error) &&
+           runTool("pg_restore", {QStringLiteral("--list"), copy}, url, failure, error);
 }
 
 bool PostgresAdmin::restore(const QString& url, const QString& copy, QStringList* notes, StoreError* error)
@@ -413,17 +395,6 @@ bool PostgresAdmin::setPassword(const QString& url, const QString& login, const 
                       error);
 }
 
-bool PostgresAdmin::putFile(const QString& url, const QString& folder, const QString& name,
-                            const QByteArray& content, StoreError* error)
-{
-    const auto link = connectedToStore(url, error);
-    return link && PostgresSchema::beginLogged(*link, error) &&
-           link->run("INSERT INTO StoreFiles (folder, name, content) VALUES ($1, $2, $3)"
-                     " ON CONFLICT (folder, name) DO UPDATE SET content = excluded.content",
-                     PgValues().text(folder.toUtf8()).text(name.toUtf8()).blob(content), error) &&
-           link->exec("COMMIT", error);
-}
-
 QStringList PostgresAdmin::files(const QString& url, StoreError* error)
 {
     QStringList names;
@@ -435,20 +406,4 @@ QStringList PostgresAdmin::files(const QString& url, StoreError* error)
     for (int i = 0; rows && i < rows.rows(); ++i)
         names.append(QString::fromUtf8(rows.bytes(i, 0)));
     return names;
-}
-
-bool PostgresAdmin::removeFile(const QString& url, const QString& folder, const QString& name,
-                               StoreError* error)
-{
-    const auto link = connectedToStore(url, error);
-    if (!link || !PostgresSchema::beginLogged(*link, error))
-        return false;
-    const PgResult done = link->run("DELETE FROM StoreFiles WHERE folder = $1 AND name = $2",
-                                    PgValues().text(folder.toUtf8()).text(name.toUtf8()), error);
-    if (!done)
-        return false;
-    if (done.touched() > 0)
-        return link->exec("COMMIT", error);
-    return refuse(error, StoreError::NoSuchRow,
-                  QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name));
 }

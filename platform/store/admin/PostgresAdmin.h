@@ -32,8 +32,5 @@ bool lockRole(const QString& url, const QString& login, StoreError* error);
 bool setPassword(const QString& url, const QString& login, const QString& password, StoreError* error);
 /// @}
 
-bool putFile(const QString& url, const QString& folder, const QString& name, const QByteArray& content,
-             StoreError* error);
 QStringList files(const QString& url, StoreError* error);
-bool removeFile(const QString& url, const QString& folder, const QString& name, StoreError* error);
 } // namespace PostgresAdmin

@@ -1,6 +1,6 @@
 #include "SqliteAdmin.h"
 
-#include "CodePage.h"
+#include "ContentCheck.h"
 #include "GenGuid32.h"
 #include "SchemaScript.h"
 #include "SqliteCheck.h"
@@ -13,7 +13,6 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QTimeZone>
 
 namespace
 {
@@ -65,11 +64,12 @@ bool copyInto(const QString& draft, SqliteConnection& connection, StoreError* er
     const int code = vacuum.code() & 0xFF;
     if (code == SQLITE_FULL)
         *error = SqliteConnection::errorOf(code, draft, error->detail);
-    else if (code == SQLITE_CANTOPEN || code == SQLITE_READONLY)
-        *error = {
-            StoreError::ReadOnly,
-            QString::fromUtf8("В папку «%1» нельзя записать копию.").arg(QFileInfo(draft).absolutePath()),
-            error->detail};
+    else if (code == SQLITE_CANTOPEN || code == SQLITE_READONLY) {
+        const QString detail = error->detail;
+        StoreErrors::raise(error, StoreError::ReadOnly, StoreErrors::closedFolder,
+                           QFileInfo(draft).absolutePath());
+        error->detail = detail;
+    }
     return false;
 }
 
@@ -90,25 +90,14 @@ bool finishCopy(const QString& copy, StoreError* error)
         (isPresent && (!SqliteCheck::schema(*connection, &findings, error) ||
                        !SqliteCheck::log(*connection, &findings, error))))
         return false;
-    if (!findings.isEmpty())
-        return refuse(error, StoreError::Internal,
-                      QString::fromUtf8("Копия не прошла проверку: %1").arg(findings.first().text));
-    return connection->exec("PRAGMA wal_checkpoint(TRUNCATE)", error);
+    return ContentCheck::isSound(findings, error) &&
+           connection->exec("PRAGMA wal_checkpoint(TRUNCATE)", error);
 }
 } // namespace
 
 bool SqliteAdmin::init(const QString& file, const QByteArray& codecName, const QByteArray& timeZone,
                        StoreError* error)
 {
-    const auto codePage = CodePage::create(codecName);
-    if (!codePage)
-        return refuse(
-            error, StoreError::BadRequest,
-            QString::fromUtf8("Кодировка «%1» не поддерживается.").arg(QString::fromLatin1(codecName)));
-    if (!QTimeZone(timeZone).isValid())
-        return refuse(error, StoreError::BadRequest,
-                      QString::fromUtf8("Часовой пояс «%1» неизвестен.").arg(QString::fromLatin1(timeZone)));
-
     auto connection = SqliteConnection::open(file, SqliteConnection::Create, deadlineMs, error);
     if (!connection)
         return false;
@@ -183,17 +172,7 @@ int SqliteAdmin::version(const QString& file, StoreError* error)
 bool SqliteAdmin::backup(const QString& file, const QString& copy, StoreError* error)
 {
     const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOlder, deadlineMs, error);
-    if (!connection)
-        return false;
-    // Under another name until it is complete and checked, so that a partial copy is never mistaken for a
-    // complete one.
-    const QString draft = copy + QStringLiteral(".part");
-    bool done = copyInto(draft, *connection, error) && finishCopy(draft, error);
-    if (done && !QFile::rename(draft, copy))
-        done = refuse(error, StoreError::ReadOnly, QString::fromUtf8("Файл «%1» нельзя создать.").arg(copy));
-    if (!done)
-        SqliteConnection::removeFile(draft);
-    return done;
+    return connection && copyInto(copy, *connection, error) && finishCopy(copy, error);
 }
 
 bool SqliteAdmin::restore(const QString& file, const QString& copy, QStringList* notes, StoreError* error)
@@ -222,28 +201,6 @@ bool SqliteAdmin::restore(const QString& file, const QString& copy, QStringList*
     return done;
 }
 
-bool SqliteAdmin::putFile(const QString& file, const QString& folder, const QString& name,
-                          const QByteArray& content, StoreError* error)
-{
-    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadWrite, deadlineMs, error);
-    const auto put = [&] {
-        const QByteArray folderBytes = folder.toUtf8();
-        const QByteArray nameBytes = name.toUtf8();
-        SqliteStatement statement =
-            connection->prepare("INSERT INTO StoreFiles (folder, name, content) VALUES (?, ?, ?) "
-                                "ON CONFLICT (folder, name) DO UPDATE SET content = excluded.content");
-        statement.bind(1, folderBytes)
-            .bind(2, nameBytes)
-            .bindBlob(3, content.isNull() ? QByteArray("") : content);
-        if (statement.run())
-            return true;
-        *error = connection->lastError();
-        return false;
-    };
-    return connection && connection->exec("BEGIN IMMEDIATE", error) && logged(*connection, error, put) &&
-           connection->exec("COMMIT", error);
-}
-
 QStringList SqliteAdmin::files(const QString& file, StoreError* error)
 {
     QStringList names;
@@ -257,26 +214,4 @@ QStringList SqliteAdmin::files(const QString& file, StoreError* error)
     if (rows.code() != SQLITE_DONE)
         *error = connection->lastError();
     return names;
-}
-
-bool SqliteAdmin::removeFile(const QString& file, const QString& folder, const QString& name,
-                             StoreError* error)
-{
-    const auto connection = SqliteConnection::open(file, SqliteConnection::ReadWrite, deadlineMs, error);
-    const auto remove = [&] {
-        const QByteArray folderBytes = folder.toUtf8();
-        const QByteArray nameBytes = name.toUtf8();
-        SqliteStatement statement =
-            connection->prepare("DELETE FROM StoreFiles WHERE folder = ? AND name = ?");
-        statement.bind(1, folderBytes).bind(2, nameBytes);
-        if (!statement.run()) {
-            *error = connection->lastError();
-            return false;
-        }
-        return sqlite3_changes(connection->handle()) > 0 ||
-               refuse(error, StoreError::NoSuchRow,
-                      QString::fromUtf8("В хранилище нет файла «%1/%2».").arg(folder, name));
-    };
-    return connection && connection->exec("BEGIN IMMEDIATE", error) && logged(*connection, error, remove) &&
-           connection->exec("COMMIT", error);
 }

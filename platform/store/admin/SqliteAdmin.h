@@ -14,8 +14,5 @@ bool checkSchema(const QString& file, QVector<StoreAdmin::Finding>* findings, St
 bool backup(const QString& file, const QString& copy, StoreError* error);
 bool restore(const QString& file, const QString& copy, QStringList* notes, StoreError* error);
 int version(const QString& file, StoreError* error);
-bool putFile(const QString& file, const QString& folder, const QString& name, const QByteArray& content,
-             StoreError* error);
 QStringList files(const QString& file, StoreError* error);
-bool removeFile(const QString& file, const QString& folder, const QString& name, StoreError* error);
 } // namespace SqliteAdmin

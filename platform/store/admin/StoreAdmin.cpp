@@ -1,14 +1,17 @@
 #include "StoreAdmin.h"
 
+#include "CodePage.h"
 #include "PostgresAdmin.h"
 #include "PostgresDoctor.h"
 #include "SchemaScript.h"
 #include "SqliteAdmin.h"
 #include "SqliteConnection.h"
 #include "SqliteWal.h"
+#include "StoreErrors.h"
 #include "StoreUrl.h"
 
 #include <QFileInfo>
+#include <QTimeZone>
 
 namespace
 {
@@ -24,6 +27,14 @@ auto dispatch(const QString& url, StoreError* error, OnSqlite onSqlite, OnPostgr
         return {};
     return parsed.engine == StoreUrl::Sqlite ? onSqlite(parsed.file) : onPostgres();
 }
+std::unique_ptr<Store> openLoader(const QString& url, StoreError* error)
+{
+    Store::Options options;
+    options.loader = true;
+    options.deadlineMs = 60000; // files may be large
+    return Store::open(url, options, error);
+}
+
 /// The remedy for a store in a file that cannot be opened.
 QString cureOf(const StoreError& error, const QString& file)
 {
@@ -44,12 +55,11 @@ StoreError obstacleTo(const QString& copy)
     const QFileInfo target(copy);
     const QString folder = target.absolutePath();
     if (target.exists() || target.isSymLink())
-        return {StoreError::BadRequest, QString::fromUtf8("Файл «%1» уже существует.").arg(copy), QString()};
+        return StoreErrors::make(StoreError::BadRequest, StoreErrors::existingFile, copy);
     if (!QFileInfo(folder).isDir())
-        return {StoreError::Missing, QString::fromUtf8("Папки «%1» для копии нет.").arg(folder), QString()};
+        return StoreErrors::make(StoreError::Missing, "Папки «%1» для копии нет.", folder);
     if (!QFileInfo(folder).isWritable())
-        return {StoreError::ReadOnly, QString::fromUtf8("В папку «%1» нельзя записать копию.").arg(folder),
-                QString()};
+        return StoreErrors::make(StoreError::ReadOnly, StoreErrors::closedFolder, folder);
     return StoreError();
 }
 } // namespace
@@ -62,10 +72,14 @@ int StoreAdmin::schemaVersion()
 bool StoreAdmin::init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone,
                       StoreError* error, const Filling& filling)
 {
+    if (!CodePage::create(codecName))
+        return StoreErrors::raise(error, StoreError::BadRequest, "Кодировка «%1» не поддерживается.",
+                                  QString::fromLatin1(codecName));
+    if (!QTimeZone(timeZone).isValid())
+        return StoreErrors::raise(error, StoreError::BadRequest, "Часовой пояс «%1» неизвестен.",
+                                  QString::fromLatin1(timeZone));
     const auto isFilled = [&] {
-        Store::Options options;
-        options.loader = true;
-        const auto store = filling ? Store::open(url, options, error) : nullptr;
+        const auto store = filling ? openLoader(url, error) : nullptr;
         return !filling || (store && filling(store.get(), error));
     };
     return dispatch(
@@ -168,9 +182,16 @@ bool StoreAdmin::backup(const QString& url, const QString& copy, StoreError* err
     *error = obstacleTo(copy);
     if (*error)
         return false;
-    return dispatch(
-        url, error, [&](const QString& file) { return SqliteAdmin::backup(file, copy, error); },
-        [&] { return PostgresAdmin::backup(url, copy, error); });
+    // Under another name until it is complete and checked, so that a partial copy is never mistaken for a
+    // complete one.
+    const QString draft = copy + QStringLiteral(".part");
+    const bool isDone = dispatch(
+        url, error, [&](const QString& file) { return SqliteAdmin::backup(file, draft, error); },
+        [&] { return PostgresAdmin::backup(url, draft, error); });
+    if (isDone && QFile::rename(draft, copy))
+        return true;
+    SqliteConnection::removeFile(draft); // also what belongs to it
+    return isDone && StoreErrors::raise(error, StoreError::ReadOnly, "Файл «%1» нельзя создать.", copy);
 }
 
 bool StoreAdmin::restore(const QString& url, const QString& copy, QStringList* notes, StoreError* error)
@@ -184,10 +205,9 @@ bool StoreAdmin::restore(const QString& url, const QString& copy, QStringList* n
 bool StoreAdmin::putFile(const QString& url, const QString& folder, const QString& name,
                          const QByteArray& content, StoreError* error)
 {
-    return dispatch(
-        url, error,
-        [&](const QString& file) { return SqliteAdmin::putFile(file, folder, name, content, error); },
-        [&] { return PostgresAdmin::putFile(url, folder, name, content, error); });
+    const auto store = openLoader(url, error);
+    // Without bytes the file would be removed.
+    return store && store->writeFile(folder, name, content.isNull() ? QByteArray("") : content, error);
 }
 
 QStringList StoreAdmin::files(const QString& url, StoreError* error)
@@ -199,7 +219,6 @@ QStringList StoreAdmin::files(const QString& url, StoreError* error)
 
 bool StoreAdmin::removeFile(const QString& url, const QString& folder, const QString& name, StoreError* error)
 {
-    return dispatch(
-        url, error, [&](const QString& file) { return SqliteAdmin::removeFile(file, folder, name, error); },
-        [&] { return PostgresAdmin::removeFile(url, folder, name, error); });
+    const auto store = openLoader(url, error);
+    return store && store->writeFile(folder, name, QByteArray(), error);
 }
