@@ -339,6 +339,9 @@ private slots:
             QCOMPARE(error.code, StoreError::ReadOnly);
             bool isWritten = true;
             QVERIFY(store->isWritten("no such batch", &isWritten, &error) && !isWritten);
+            QVERIFY(store->signIn(QStringLiteral("sidorova"), &user, &error)); // an administrator
+            QVERIFY(!store->writeFile(QStringLiteral("options"), QStringLiteral("A"), "1", &error));
+            QCOMPARE(error.code, StoreError::ReadOnly);
             QVector<StoreAdmin::Finding> findings;
             QVERIFY2(StoreAdmin::check(files.url(), &findings, &error),
                      qPrintable(error.text + error.detail));
