@@ -26,10 +26,9 @@ MDArray* AnswerRows::take()
     return std::exchange(m_array, nullptr);
 }
 
-bool AnswerRows::isSet(int code, StoreError* error) const
+bool AnswerRows::isTooMuch(StoreError* error)
 {
-    return (code == mdr_Ok && m_held <= m_mostBytes) ||
-           StoreErrors::raise(error, StoreError::TooLarge,
+    return StoreErrors::raise(error, StoreError::TooLarge,
                               "Ответ на запрос слишком велик: сузьте период или условия.");
 }
 

@@ -46,12 +46,6 @@ private:
     bool set(const Reader& row, int index, MDRData* record, StoreError* error)
     {
         const AnswerShape::Column& column = m_shape.columns.at(index);
-        if (column.keyColumn >= 0)
-            return isSet(
-                MDRSetBlobSource(m_fields.at(index), record, static_cast<std::int32_t>(row.integer(index)),
-                                 std::make_shared<StoreBlobSource>(m_store, column.table, column.field.name,
-                                                                   row.bytes(column.keyColumn))),
-                error);
         MDRVar value;
         value.type = column.field.type;
         switch (column.field.type) {
@@ -68,6 +62,12 @@ private:
             break;
         }
         case mdr_TBlob:
+            if (column.keyColumn >= 0) {
+                auto source = std::make_shared<StoreBlobSource>(m_store, column.table, column.field.name,
+                                                                row.bytes(column.keyColumn));
+                const auto length = static_cast<std::int32_t>(row.integer(index));
+                return isSet(MDRSetBlobSource(m_fields.at(index), record, length, std::move(source)), error);
+            }
             value.value.text.data = row.data(index);
             value.value.text.length = row.size(index);
             m_held += value.value.text.length;
@@ -81,7 +81,11 @@ private:
         }
         return isSet(MDRSetVal(m_fields.at(index), record, &value), error);
     }
-    bool isSet(int code, StoreError* error) const;
+    bool isSet(int code, StoreError* error) const
+    {
+        return (code == mdr_Ok && m_held <= m_mostBytes) || isTooMuch(error);
+    }
+    static bool isTooMuch(StoreError* error);
     static bool isTooLarge(StoreError* error);
 
     const AnswerShape& m_shape;

@@ -70,9 +70,9 @@ double PgResult::real(int row, int column) const
     return number;
 }
 
-double PgRow::real(int column) const
+double PgRow::realOf(Oid type, int column) const
 {
-    switch (PQftype(m_rows.handle(), column)) {
+    switch (type) {
     case PgType::Numeric:
         return numericOf(data(column));
     case PgType::Int2:

@@ -60,9 +60,15 @@ public:
     int size(int column) const { return PQgetlength(m_rows.handle(), m_row, column); }
     qint64 integer(int column) const { return m_rows.integer(m_row, column); }
     /// Of any numeric type.
-    double real(int column) const;
+    double real(int column) const
+    {
+        const Oid type = PQftype(m_rows.handle(), column);
+        return type == PgType::Float8 ? m_rows.real(m_row, column) : realOf(type, column);
+    }
 
 private:
+    double realOf(Oid type, int column) const;
+
     const PgResult& m_rows;
     int m_row;
 };
