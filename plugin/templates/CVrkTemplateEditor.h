@@ -62,8 +62,8 @@ private:
     QString errorUpload() const;
 
     void createToolBar();
-    QToolButton* appendButton(const QString& name, const QString& icon, const QString& toolTip,
-                              const QKeySequence& shortcut);
+    /// Carries out an operation of the current page.
+    void request(void (TemplateTab::*operation)());
     void createConnections();
     void connectTab(TemplateTab* tab);
     void hideTab(TemplateTab* tab);
@@ -78,12 +78,6 @@ private:
     QToolBar* m_toolBar = nullptr;
     QLabel* m_statusLabel = nullptr;
     QToolButton* m_createButton = nullptr;
-    QToolButton* m_deleteButton = nullptr;
-    QToolButton* m_saveButton = nullptr;
-    QToolButton* m_cancelButton = nullptr;
-    QAction* m_rootFolderAction = nullptr;
-    QAction* m_folderAction = nullptr;
-    QAction* m_templateAction = nullptr;
     CPopMessageBox* m_messageBox = nullptr;
 
     std::unique_ptr<CLiteModel> m_model;

@@ -1,8 +1,9 @@
 #include "CVrkTemplateEditor.h"
 #include "LogText.h"
-#include "TemplateTab.h"
+#include "TemplateActions.h"
 #include "ui_CVrkTemplateEditor.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QToolBar>
@@ -12,25 +13,23 @@ namespace
 {
 constexpr int statusWidth = 160;
 
-QAction* appendAction(QToolButton* button, const char* name, const QString& text, const QString& icon)
-{
-    QAction* action = button->menu()->addAction(CVrkCliMod::icon(icon), text);
-    action->setObjectName(QLatin1String(name));
-    return action;
-}
+struct Button : TemplateAction {
+    int key;
+};
+/// The first button opens a menu.
+const Button buttons[] = {{{"createButton", QT_TR_NOOP("Создать"), "add.png"}, Qt::CTRL + Qt::Key_N},
+                          {{"deleteButton", QT_TR_NOOP("Удалить"), "remove.png",
+                            &TemplateTab::isItemDeletable, &TemplateTab::deleteSelected},
+                           Qt::Key_Delete},
+                          {},
+                          {{"saveButton", QT_TR_NOOP("Сохранить изменения"), "apply.png",
+                            &TemplateTab::isExistUnsaved, &TemplateTab::applyChanges},
+                           Qt::CTRL + Qt::Key_S},
+                          {{"cancelButton", QT_TR_NOOP("Отменить изменения"), "cancel.png",
+                            &TemplateTab::isExistUnsaved, &TemplateTab::cancelChanges},
+                           Qt::Key_Escape},
+                          {}};
 } // namespace
-
-QToolButton* CVrkTemplateEditor::appendButton(const QString& name, const QString& icon,
-                                              const QString& toolTip, const QKeySequence& shortcut)
-{
-    auto* button = new QToolButton(m_toolBar);
-    button->setObjectName(name);
-    button->setIcon(CVrkCliMod::icon(icon));
-    button->setToolTip(toolTip + QLatin1Char(' ') + shortcut.toString(QKeySequence::PortableText));
-    button->setShortcut(shortcut);
-    m_toolBar->addWidget(button);
-    return button;
-}
 
 void CVrkTemplateEditor::createToolBar()
 {
@@ -41,30 +40,46 @@ void CVrkTemplateEditor::createToolBar()
     addToolBar(Qt::TopToolBarArea, m_toolBar);
 
     m_toolBar->addSeparator();
-    m_createButton = appendButton(QStringLiteral("createButton"), QStringLiteral("add.png"), tr("Создать"),
-                                  QKeySequence(Qt::CTRL + Qt::Key_N));
+    for (const Button& row : buttons) {
+        if (!row.name) {
+            m_toolBar->addSeparator();
+            continue;
+        }
+        auto* button = new QToolButton(m_toolBar);
+        const QKeySequence shortcut(row.key);
+        button->setObjectName(QLatin1String(row.name));
+        button->setIcon(CVrkCliMod::icon(QLatin1String(row.icon)));
+        button->setToolTip(tr(row.text) + QLatin1Char(' ') + shortcut.toString(QKeySequence::PortableText));
+        button->setShortcut(shortcut);
+        m_toolBar->addWidget(button);
+        connect(button, &QToolButton::clicked, this, [this, &row] { request(row.request); });
+    }
+    m_createButton = m_toolBar->findChild<QToolButton*>(QLatin1String(buttons[0].name));
     m_createButton->setPopupMode(QToolButton::InstantPopup);
-    m_createButton->setMenu(new QMenu(m_createButton));
-    const QString folder = QStringLiteral("folder.png");
-    m_rootFolderAction = appendAction(m_createButton, "createRootFolderAction", tr("Категория"), folder);
-    m_folderAction = appendAction(m_createButton, "createFolderAction", tr("Подкатегория"), folder);
-    m_templateAction =
-        appendAction(m_createButton, "createTemplateAction", tr("Шаблон"), QStringLiteral("template.png"));
-    m_deleteButton = appendButton(QStringLiteral("deleteButton"), QStringLiteral("remove.png"), tr("Удалить"),
-                                  QKeySequence(Qt::Key_Delete));
-    m_toolBar->addSeparator();
-    m_saveButton = appendButton(QStringLiteral("saveButton"), QStringLiteral("apply.png"),
-                                tr("Сохранить изменения"), QKeySequence(Qt::CTRL + Qt::Key_S));
-    m_cancelButton = appendButton(QStringLiteral("cancelButton"), QStringLiteral("cancel.png"),
-                                  tr("Отменить изменения"), QKeySequence(Qt::Key_Escape));
-    m_saveButton->setEnabled(false);
-    m_cancelButton->setEnabled(false);
-    m_toolBar->addSeparator();
+    auto* menu = new QMenu(m_createButton);
+    m_createButton->setMenu(menu);
+    for (int i = 0; i < creatingActions; ++i) {
+        const TemplateAction& row = templateActions[i];
+        QAction* action = menu->addAction(CVrkCliMod::icon(QLatin1String(row.icon)),
+                                          QCoreApplication::translate("TemplateTab", row.text));
+        QString name = QLatin1String(row.name);
+        name[0] = name[0].toUpper();
+        action->setObjectName(QStringLiteral("create") + name);
+        connect(action, &QAction::triggered, this, [this, &row] { request(row.request); });
+    }
+
     m_statusLabel = new QLabel(m_toolBar);
     m_statusLabel->setObjectName(QStringLiteral("statusLabel"));
     m_statusLabel->setAlignment(Qt::AlignCenter);
     m_statusLabel->setMinimumWidth(statusWidth);
     m_toolBar->addWidget(m_statusLabel);
+}
+
+void CVrkTemplateEditor::request(void (TemplateTab::*operation)())
+{
+    TemplateTab* tab = currentTab();
+    if (tab && operation)
+        (tab->*operation)();
 }
 
 void CVrkTemplateEditor::createConnections()
@@ -75,19 +90,6 @@ void CVrkTemplateEditor::createConnections()
             &CVrkTemplateEditor::updateControls);
     for (TemplateTab* tab : tabs())
         connectTab(tab);
-
-    const auto onCurrent = [this](auto* sender, auto signal, void (TemplateTab::*operation)()) {
-        connect(sender, signal, this, [this, operation] {
-            if (TemplateTab* tab = currentTab())
-                (tab->*operation)();
-        });
-    };
-    onCurrent(m_rootFolderAction, &QAction::triggered, &TemplateTab::createRootFolder);
-    onCurrent(m_folderAction, &QAction::triggered, &TemplateTab::createFolder);
-    onCurrent(m_templateAction, &QAction::triggered, &TemplateTab::createTemplate);
-    onCurrent(m_deleteButton, &QToolButton::clicked, &TemplateTab::deleteSelected);
-    onCurrent(m_saveButton, &QToolButton::clicked, &TemplateTab::applyChanges);
-    onCurrent(m_cancelButton, &QToolButton::clicked, &TemplateTab::cancelChanges);
 }
 
 void CVrkTemplateEditor::connectTab(TemplateTab* tab)
@@ -131,12 +133,14 @@ void CVrkTemplateEditor::updateControls()
         if (i != pages->currentIndex())
             pages->setTabEnabled(i, !isUnsaved);
 
-    m_rootFolderAction->setEnabled(tab->isRootCreatable());
-    m_folderAction->setEnabled(tab->isFolderCreatable());
-    m_templateAction->setEnabled(tab->isTemplateCreatable());
-    m_createButton->setEnabled(m_rootFolderAction->isEnabled() || m_folderAction->isEnabled() ||
-                               m_templateAction->isEnabled());
-    m_deleteButton->setEnabled(tab->isItemDeletable());
-    m_saveButton->setEnabled(isUnsaved);
-    m_cancelButton->setEnabled(isUnsaved);
+    const QList<QAction*> creating = m_createButton->menu()->actions();
+    bool isCreatable = false;
+    for (int i = 0; i < creatingActions; ++i) {
+        creating[i]->setEnabled((tab->*templateActions[i].isEnabled)());
+        isCreatable = isCreatable || creating[i]->isEnabled();
+    }
+    m_createButton->setEnabled(isCreatable);
+    for (const Button& row : buttons)
+        if (row.isEnabled)
+            m_toolBar->findChild<QToolButton*>(QLatin1String(row.name))->setEnabled((tab->*row.isEnabled)());
 }

@@ -15,6 +15,7 @@
 #include "RecordValue.h"
 #include "SearchBar.h"
 #include "StillTree.h"
+#include "TemplateActions.h"
 #include "TemplateEditor.h"
 #include "TemplateMoves.h"
 #include "TemplatePassport.h"
@@ -87,17 +88,15 @@ void TemplateTab::configureForm()
 
     m_menu = new QMenu(this);
     m_menu->setObjectName(QStringLiteral("contextMenu"));
-    const auto append = [this](const char* objectName, const QString& text, const QString& icon) {
-        QAction* action = m_menu->addAction(CVrkCliMod::icon(icon), text);
-        action->setObjectName(QLatin1String(objectName));
-        return action;
-    };
-    m_rootFolderAction = append("rootFolderAction", tr("Категория"), QStringLiteral("folder.png"));
-    m_folderAction = append("folderAction", tr("Подкатегория"), QStringLiteral("folder.png"));
-    m_templateAction = append("templateAction", tr("Шаблон"), QStringLiteral("template.png"));
-    m_menu->addSeparator();
-    m_copyAction = append("copyAction", tr("Копировать"), QStringLiteral("copy.png"));
-    m_pasteAction = append("pasteAction", tr("Вставить"), QStringLiteral("paste.png"));
+    for (const TemplateAction& row : templateActions) {
+        QAction* action = row.name
+                              ? m_menu->addAction(CVrkCliMod::icon(QLatin1String(row.icon)), tr(row.text))
+                              : m_menu->addSeparator();
+        if (!row.name)
+            continue;
+        action->setObjectName(QLatin1String(row.name));
+        connect(action, &QAction::triggered, this, row.request);
+    }
 
     m_notice = new NoticeBar(this);
     m_notice->setObjectName(QStringLiteral("keptNotice"));
@@ -118,11 +117,6 @@ void TemplateTab::createConnections()
             tree->scrollTo(tree->currentIndex(), QAbstractItemView::EnsureVisible);
         },
         this);
-    connect(m_rootFolderAction, &QAction::triggered, this, &TemplateTab::createRootFolder);
-    connect(m_folderAction, &QAction::triggered, this, &TemplateTab::createFolder);
-    connect(m_templateAction, &QAction::triggered, this, &TemplateTab::createTemplate);
-    connect(m_copyAction, &QAction::triggered, this, &TemplateTab::copyItem);
-    connect(m_pasteAction, &QAction::triggered, this, &TemplateTab::pasteItem);
     connect(m_form->templatesTree, &QTreeView::customContextMenuRequested, this,
             &TemplateTab::contextMenuRequest);
     connect(m_notice, &NoticeBar::chosen, this, [this](int choice) {
@@ -340,11 +334,10 @@ void TemplateTab::contextMenuRequest(const QPoint& pos)
 {
     if (!isAnyAdmin() || isExistUnsaved())
         return;
-    m_rootFolderAction->setEnabled(isRootCreatable());
-    m_folderAction->setEnabled(isFolderCreatable());
-    m_templateAction->setEnabled(isTemplateCreatable());
-    m_copyAction->setEnabled(canCopyCurrent());
-    m_pasteAction->setEnabled(canPasteHere());
+    const QList<QAction*> actions = m_menu->actions();
+    for (int i = 0; i < actions.size(); ++i)
+        if (templateActions[i].isEnabled)
+            actions[i]->setEnabled((this->*templateActions[i].isEnabled)());
     m_menu->popup(m_form->templatesTree->viewport()->mapToGlobal(pos));
 }
 

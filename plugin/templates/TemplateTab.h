@@ -9,14 +9,12 @@
 #include <memory>
 #include <QModelIndex>
 #include <QWidget>
-#include <set>
 
 class CPopMessageBox;
 class CVrkCliMod;
 class KeptDraft;
 class NoticeBar;
 class QAbstractButton;
-class QAction;
 class QMenu;
 class QTextCodec;
 class TemplateMoves;
@@ -63,6 +61,8 @@ public:
     bool isFolderCreatable() const;
     bool isTemplateCreatable() const;
     bool isItemDeletable() const;
+    bool canCopyCurrent() const;
+    bool canPasteHere() const;
 
     void applyChanges();
     void cancelChanges();
@@ -144,8 +144,6 @@ private:
     void applyTemplateFilter_Orgs();
     void applyTemplateFilter_Deps();
     bool isCurrentDeletable() const;
-    bool canCopyCurrent() const;
-    bool canPasteHere() const;
     QString levelSignature(const char* function) const;
 
     QModelIndexList matcheIndexes(const QString& text) const;
@@ -156,8 +154,6 @@ private:
     MDRData* editedRecord(CModelTable* table, CModelTable* edits, std::initializer_list<const char*> copied);
     bool sendChangesToServer();
     void sendEdits(const CModelTable& edits);
-    bool inspectEditCategories();
-    bool inspectEditTemplates();
     void clearEditTables();
     void removePending();
     void dropUnsaved(const QString& reason);
@@ -171,7 +167,6 @@ private:
     void restoreFrom(const CModelTable& kept, const CModelTable& table, CModelTable* edits,
                      MDRData** restored);
     MDRData* restoreRecord(const CModelTable& table, CModelTable* edits, const MDRData* kept);
-    static QByteArray keyAbove(const MDRData* record);
     QModelIndex placeOf(const MDRData* kept) const;
 
     // Events
@@ -182,7 +177,6 @@ private:
     void removeRow(CModelTable* table, MDRData* record);
     /// Turns a new record that the server has received in the meantime into a change.
     void becomeChange(CModelTable* edits, MDRData* pending);
-    static bool isMoved(const CModelTable* table, const MDRData* record, TEventNciParse* event);
     /// The position of an event's row in this page's tree; \a row stays negative if it does not belong
     /// there.
     void whereInsert(int& row, QModelIndex& parent, TEventNciParse* event);
@@ -195,9 +189,6 @@ private:
     void newTemplate(QModelIndex index, MDRData* record);
     void insertTemplate(const QModelIndex& parent, const QByteArray& category, const QByteArray& name,
                         const MDRVar& html);
-    void deleteFolder(MDRData* record);
-    void deleteFolder(MDRData* record, std::set<const MDRData*>* seen);
-    void deleteTemplate(MDRData* record);
     void pasteTemplate(MDRData* record);
 
     void createPassport();
@@ -213,11 +204,6 @@ private:
     CPopMessageBox* m_messageBox = nullptr;
     NoticeBar* m_notice = nullptr;
     QMenu* m_menu = nullptr;
-    QAction* m_rootFolderAction = nullptr;
-    QAction* m_folderAction = nullptr;
-    QAction* m_templateAction = nullptr;
-    QAction* m_copyAction = nullptr;
-    QAction* m_pasteAction = nullptr;
 
     CModelTable* m_tablesTable = nullptr;
     CModelTable* m_fieldsTable = nullptr;

@@ -57,6 +57,35 @@ bool showsNothing(const QString& html)
     return parser.countParameters() == 0 && parser.readyHtml(true) == parser.readyHtml(false) &&
            TemplateText::plain(html).trimmed().isEmpty();
 }
+
+/// Why the unsaved records cannot be saved; empty if they can.
+QString faultOf(const TemplateTables& tables, const QTextCodec* codec)
+{
+    const auto hasName = [](const MDRData* record) { return Row(record).has(Field::nameLoc); };
+    for (int i = 0; i < tables.categoriesEdit.data.RecCount(); ++i)
+        if (!hasName(MDARec(tables.categoriesEdit.data.array, 0, i)))
+            return TemplateTab::tr("Название категории не может быть пустым!");
+    for (int i = 0; i < tables.templatesEdit.data.RecCount(); ++i) {
+        const MDRData* record = MDARec(tables.templatesEdit.data.array, 0, i);
+        if (!hasName(record))
+            return TemplateTab::tr("Название шаблона не может быть пустым!");
+        if (showsNothing(Row(record).text(Field::html, codec)))
+            return TemplateTab::tr("Шаблон не может быть пустым!");
+    }
+    return {};
+}
+
+/// The key of the row under which a record belongs; empty at the top.
+QByteArray keyAbove(const MDRData* record)
+{
+    for (const char* field :
+         fieldNames(Field::CategoryKey, Field::ParentKey, Field::OrgTypeKey, Field::DepartmentKey)) {
+        const QByteArray key = MDRValue::copy(Row(record).value(field));
+        if (!key.isEmpty())
+            return key;
+    }
+    return {};
+}
 } // namespace
 
 MDRData* TemplateTab::editedRecord(CModelTable* table, CModelTable* edits,
@@ -165,8 +194,11 @@ bool TemplateTab::sendChangesToServer()
 {
     if (!isExistUnsaved())
         return true;
-    if (inspectEditCategories() || inspectEditTemplates())
+    const QString fault = faultOf(m_tables, codec());
+    if (!fault.isEmpty()) {
+        showError(fault);
         return false;
+    }
 
     CVrkCliSes* session = m_module->session();
     session->BlockBeg();
@@ -199,34 +231,6 @@ void TemplateTab::sendEdits(const CModelTable& edits)
         rows.RecPost(sent);
     }
     m_module->session()->SqlUpdate(edits.name.c_str(), rows.array, true, nullptr);
-}
-
-bool TemplateTab::inspectEditCategories()
-{
-    for (int i = 0; i < m_tables.categoriesEdit.data.RecCount(); ++i) {
-        const MDRData* record = MDARec(m_tables.categoriesEdit.data.array, 0, i);
-        if (!Row(record).has(Field::nameLoc)) {
-            showError(tr("Название категории не может быть пустым!"));
-            return true;
-        }
-    }
-    return false;
-}
-
-bool TemplateTab::inspectEditTemplates()
-{
-    for (int i = 0; i < m_tables.templatesEdit.data.RecCount(); ++i) {
-        const MDRData* record = MDARec(m_tables.templatesEdit.data.array, 0, i);
-        if (!Row(record).has(Field::nameLoc)) {
-            showError(tr("Название шаблона не может быть пустым!"));
-            return true;
-        }
-        if (showsNothing(Row(record).text(Field::html, codec()))) {
-            showError(tr("Шаблон не может быть пустым!"));
-            return true;
-        }
-    }
-    return false;
 }
 
 void TemplateTab::removePending()
@@ -367,17 +371,6 @@ MDRData* TemplateTab::restoreRecord(const CModelTable& table, CModelTable* edits
     if (!base)
         m_model->endInsertRow();
     return record;
-}
-
-QByteArray TemplateTab::keyAbove(const MDRData* record)
-{
-    for (const char* field :
-         fieldNames(Field::CategoryKey, Field::ParentKey, Field::OrgTypeKey, Field::DepartmentKey)) {
-        const QByteArray key = MDRValue::copy(Row(record).value(field));
-        if (!key.isEmpty())
-            return key;
-    }
-    return {};
 }
 
 /// The index to which a missing record belongs. A template whose category no longer exists goes to the

@@ -23,6 +23,18 @@ bool isSame(const MDRVar& one, const MDRVar& other)
         return isNull == (other.isNull || other.type == mdr_TNone);
     return MDRValue::bytes(one) == MDRValue::bytes(other);
 }
+
+/// The event puts the record at another place of the tree.
+bool isMoved(const CModelTable* table, const MDRData* record, TEventNciParse* event)
+{
+    for (const char* name :
+         fieldNames(Field::ParentKey, Field::OrgTypeKey, Field::DepartmentKey, Field::CategoryKey)) {
+        const bool isField = MDRFldByName(table->data.array, name) != nullptr;
+        if (isField && !isSame(Row(record).value(name), EventRow(*event).value(name)))
+            return true;
+    }
+    return false;
+}
 } // namespace
 
 void TemplateTab::MessageData(TEventNciParse* event)
@@ -86,17 +98,6 @@ void TemplateTab::becomeChange(CModelTable* edits, MDRData* pending)
             MDRSetUser(field, pending, 0);
     if (index.isValid())
         m_model->endRemoveRow();
-}
-
-bool TemplateTab::isMoved(const CModelTable* table, const MDRData* record, TEventNciParse* event)
-{
-    for (const char* name :
-         fieldNames(Field::ParentKey, Field::OrgTypeKey, Field::DepartmentKey, Field::CategoryKey)) {
-        const bool isField = MDRFldByName(table->data.array, name) != nullptr;
-        if (isField && !isSame(Row(record).value(name), EventRow(*event).value(name)))
-            return true;
-    }
-    return false;
 }
 
 void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciParse* event)

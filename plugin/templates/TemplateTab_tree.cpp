@@ -20,6 +20,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QTextCodec>
+#include <set>
 
 namespace
 {
@@ -36,6 +37,29 @@ QString clipboardFormat()
 MDRVar keyOrNull(const QByteArray& key)
 {
     return key.isEmpty() ? MDRValue::null() : MDRValue::text(key);
+}
+
+/// Adds the deletion of a record to an edit table.
+void addDeletion(CModelTable& edits, const MDRData* record)
+{
+    const MDRVar key = Row(record).value(Field::KeyLink);
+    MDRData* deletion = MDARecNew(edits.data.array);
+    MDRSetFlags(deletion, ROW_DELETE);
+    MDRSetVal(MDRFldByName(edits.data.array, Field::KeyLink), deletion, &key);
+    edits.data.RecPost(deletion);
+}
+
+/// A category with its content: descendants come before their ancestors. \a seen guards against cycles.
+void addDeletions(TemplateTables& tables, const MDRData* category, std::set<const MDRData*>& seen)
+{
+    if (!seen.insert(category).second)
+        return;
+    const QByteArray key = Row(category).key();
+    for (const MDRData* child : MDARecsWith(tables.categories.data.array, Field::ParentKey, key.constData()))
+        addDeletions(tables, child, seen);
+    for (const MDRData* child : MDARecsWith(tables.templates.data.array, Field::CategoryKey, key.constData()))
+        addDeletion(tables.templatesEdit, child);
+    addDeletion(tables.categoriesEdit, category);
 }
 
 void beginTyping(QLineEdit* edit)
@@ -182,10 +206,11 @@ void TemplateTab::answerDelete(QAbstractButton* button)
 
     MDRData* record = currentRecord();
     const bool hadUnsaved = isExistUnsaved();
+    std::set<const MDRData*> seen;
     if (TemplateTables::isContains(&m_tables.categories, record))
-        deleteFolder(record);
+        addDeletions(m_tables, record, seen);
     else if (TemplateTables::isContains(&m_tables.templates, record))
-        deleteTemplate(record);
+        addDeletion(m_tables.templatesEdit, record);
 
     CVrkCliSes* session = m_module->session();
     session->BlockBeg();
@@ -207,41 +232,6 @@ void TemplateTab::answerDelete(QAbstractButton* button)
     updateEditStatus();
     if (!isDone && hadUnsaved)
         tellKept(tr("Изменения не сохранены. %1").arg(session->lastErrorText()));
-}
-
-void TemplateTab::deleteTemplate(MDRData* record)
-{
-    CMDArray& rows = m_tables.templatesEdit.data;
-    const MDRVar key = Row(record).value(Field::KeyLink);
-    MDRData* deletion = MDARecNew(rows.array);
-    MDRSetFlags(deletion, ROW_DELETE);
-    MDRSetVal(MDRFldByName(rows.array, Field::KeyLink), deletion, &key);
-    rows.RecPost(deletion);
-}
-
-void TemplateTab::deleteFolder(MDRData* record)
-{
-    std::set<const MDRData*> seen; // guards against cycles
-    deleteFolder(record, &seen);
-}
-
-/// Descendants come before their ancestors.
-void TemplateTab::deleteFolder(MDRData* record, std::set<const MDRData*>* seen)
-{
-    if (!seen->insert(record).second)
-        return;
-    const QByteArray key = Row(record).key();
-    for (MDRData* child : MDARecsWith(m_tables.categories.data.array, Field::ParentKey, key.constData()))
-        deleteFolder(child, seen);
-    for (MDRData* child : MDARecsWith(m_tables.templates.data.array, Field::CategoryKey, key.constData()))
-        deleteTemplate(child);
-
-    CMDArray& rows = m_tables.categoriesEdit.data;
-    MDRData* deletion = MDARecNew(rows.array);
-    MDRSetFlags(deletion, ROW_DELETE);
-    const MDRVar value = MDRValue::text(key);
-    MDRSetVal(MDRFldByName(rows.array, Field::KeyLink), deletion, &value);
-    rows.RecPost(deletion);
 }
 
 bool TemplateTab::canCopyCurrent() const
