@@ -236,31 +236,15 @@ void RecordList::init(CVrkCliMod* module, const KeyNames* names)
     m_tool->setDefaultSettingsView();
     m_tool->setDayLines(VrkTableTool::NoDayLines);
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    VrkTableModel* model = m_tool->model();
-    model->setTextCodec(module->session()->codec());
-    struct Column {
-        const char* field;
-        AbstractHfnCellConversion* cell;
-        QString title;
-    };
-    const Column columns[] = {
+    m_tool->model()->setTextCodec(module->session()->codec());
+    m_tool->setColumns({
         {Field::status, &m_cells->state, QString()},
         {Field::lacks, &m_cells->lacks, tr("Не хватает")},
         {Field::recordTime, &m_cells->time, tr("Время записи")},
         {Field::DepartmentKey, &m_cells->department, tr("Подразделение")},
         {Field::WorkerKey, &m_cells->worker, tr("Автор")},
         {Field::html, &m_cells->text, tr("Текст")},
-    };
-    for (int i = 0; i < MDAFldCount(m_records.array); ++i)
-        m_tool->setColumnVisible(QLatin1String(MDRFldByNum(m_records.array, i)->name), false);
-    int position = 0;
-    for (const Column& column : columns) {
-        const QString field = QLatin1String(column.field);
-        model->setCellConversion(field, column.cell);
-        model->setHeaderData(field, Qt::Horizontal, column.title, Qt::DisplayRole);
-        m_tool->setColumnPosition(field, position++);
-        m_tool->setColumnVisible(field, true);
-    }
+    });
     m_tool->sortByColumn(QLatin1String(Field::recordTime), Qt::DescendingOrder);
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(m_tool->proxy(), signal, this, &RecordList::showWhatIsThere);

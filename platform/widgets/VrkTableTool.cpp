@@ -11,6 +11,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScrollBar>
@@ -265,6 +266,27 @@ void VrkTableTool::setCurrentFirst()
 MDRData* VrkTableTool::recordByIndex(const QModelIndex& index) const
 {
     return index.model() == &d->proxy ? d->proxy.record(index.row()) : nullptr;
+}
+
+void VrkTableTool::setColumns(const QVector<Column>& columns)
+{
+    const MDArray* array = d->model.cmdArray()->array;
+    // all columns at once: otherwise the header recomputes its layout for each column
+    d->model.beginResetModel();
+    for (int i = 0; i < MDAFldCount(array); ++i)
+        setColumnVisible(QLatin1String(MDRFldByNum(array, i)->name), false);
+    for (int i = 0; i < columns.size(); ++i) {
+        const Column& column = columns[i];
+        const QString field = QLatin1String(column.field);
+        d->model.setCellConversion(field, column.conversion);
+        d->model.setHeaderData(field, Qt::Horizontal, column.title, Qt::DisplayRole);
+        if (column.icon)
+            d->model.setHeaderData(field, Qt::Horizontal, QIcon(QLatin1String(column.icon)),
+                                   Qt::DecorationRole);
+        setColumnPosition(field, i);
+        setColumnVisible(field, true);
+    }
+    d->model.endResetModel();
 }
 
 void VrkTableTool::setColumnPosition(const QString& field, int position)

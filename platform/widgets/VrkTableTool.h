@@ -54,6 +54,14 @@ public:
     /// The record of an index of the proxy, or null.
     MDRData* recordByIndex(const QModelIndex& index) const;
 
+    struct Column {
+        const char* field;
+        AbstractHfnCellConversion* conversion;
+        QString title;
+        const char* icon = nullptr; ///< shown in the header
+    };
+    /// Shows these columns in this order, and hides those of all other fields.
+    void setColumns(const QVector<Column>& columns);
     /// Moves the field's column to this visual position. Here and below, unknown fields are ignored.
     void setColumnPosition(const QString& field, int position);
     void setColumnVisible(const QString& field, bool visible);

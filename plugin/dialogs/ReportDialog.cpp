@@ -91,43 +91,21 @@ void ReportDialog::createTableColumns()
         cell->setRoleRedirect(Qt::FontRole, text);
     }
 
-    struct Column {
-        const char* field;
-        AbstractHfnCellConversion* conversion;
-        QString text;
-    };
     const auto twoLines = [](const QString& first, const QString& second) {
         return first + QLatin1Char('\n') + second;
     };
-    const Column columns[] = {
-        // in the order of their positions
+    m_tableTool->model()->setTextCodec(session->codec());
+    m_tableTool->setColumns({
         {Field::status, status, tr("Статус")},
         {Field::recordTime, time, twoLines(tr("Время"), tr("записи"))},
         {Field::eventTime, time, twoLines(tr("Время"), tr("события"))},
         {Field::WorkerKey, worker, tr("Автор")},
-        {Field::direction, direction, QString()},
+        {Field::direction, direction, QString(), ":/icons/direction.png"},
         {Field::ReceiverWorkerKey, worker, twoLines(tr("Кто"), tr("Кому"))},
         {Field::VisaWorkerKey, worker, tr("Виза")},
         {Field::executionTime, time, twoLines(tr("Время"), tr("выполнения"))},
         {Field::html, text, tr("Текст")},
-    };
-    VrkTableModel* model = m_tableTool->model();
-    model->setTextCodec(session->codec());
-    model->beginResetModel(); // all columns at once
-    int position = 0;
-    for (const Column& column : columns) {
-        const QString field = QLatin1String(column.field);
-        model->setCellConversion(field, column.conversion);
-        model->setHeaderData(field, Qt::Horizontal, column.text, Qt::DisplayRole);
-        m_tableTool->setColumnPosition(field, position++);
-    }
-    model->setHeaderData(QLatin1String(Field::direction), Qt::Horizontal,
-                         QIcon(QStringLiteral(":/icons/direction.png")), Qt::DecorationRole);
-    for (const char* field : fieldNames(Field::KeyLink, Field::ShiftKey, Field::firstMarkTime,
-                                        Field::secondMarkTime, Field::SecondMarkWorkerKey,
-                                        Field::OriginRecordKey, Field::file, Field::comment, Field::object))
-        m_tableTool->setColumnVisible(QLatin1String(field), false);
-    model->endResetModel();
+    });
     m_tableTool->sortByColumn(QLatin1String(Field::recordTime), Qt::AscendingOrder);
     m_tableTool->adjustColumnsWidth();
 }

@@ -8,8 +8,6 @@
 #include "VrkTableModel.h"
 #include "VrkTableTool.h"
 
-#include <QIcon>
-
 RecordColumns::RecordColumns(CVrkCliSes* session, CModelTable* workers, const QFont& font, QObject* parent)
     : QObject(parent), m_session(session)
 {
@@ -40,48 +38,23 @@ void RecordColumns::setFont(const QFont& font)
 
 void RecordColumns::configure(VrkTableTool* tool)
 {
-    struct Column {
-        const char* field;
-        AbstractHfnCellConversion* conversion;
-        QString text;
-        const char* icon;
-    };
-    const Column columns[] = {
-        // in the order of their positions
-        {Field::status, m_status, tr("Статус"), nullptr},
+    tool->model()->setTextCodec(m_session->codec());
+    tool->setColumns({
+        {Field::status, m_status, tr("Статус")},
         {Field::file, m_file, QString(), ":/icons/affix.png"},
         {Field::VisaWorkerKey, m_sign, QString(), ":/icons/sign.png"},
         {Field::comment, m_comment, QString(), ":/icons/comment.png"},
-        {Field::recordTime, m_time, tr("Время") + QLatin1Char('\n') + tr("записи"), nullptr},
-        {Field::eventTime, m_time, tr("Время") + QLatin1Char('\n') + tr("события"), nullptr},
-        {Field::WorkerKey, m_worker, tr("Автор"), nullptr},
+        {Field::recordTime, m_time, tr("Время") + QLatin1Char('\n') + tr("записи")},
+        {Field::eventTime, m_time, tr("Время") + QLatin1Char('\n') + tr("события")},
+        {Field::WorkerKey, m_worker, tr("Автор")},
         {Field::direction, m_direction, QString(), ":/icons/direction.png"},
-        {Field::ReceiverWorkerKey, m_worker, tr("Кто") + QLatin1Char('\n') + tr("Кому"), nullptr},
-        {Field::executionTime, m_execution, tr("Время") + QLatin1Char('\n') + tr("выполнения"), nullptr},
-        {Field::object, m_strikeOut, tr("Линия") + QLatin1Char('\n') + tr("Подстанция"), nullptr},
+        {Field::ReceiverWorkerKey, m_worker, tr("Кто") + QLatin1Char('\n') + tr("Кому")},
+        {Field::executionTime, m_execution, tr("Время") + QLatin1Char('\n') + tr("выполнения")},
+        {Field::object, m_strikeOut, tr("Линия") + QLatin1Char('\n') + tr("Подстанция")},
         {Field::firstMarkTime, m_firstMarker, QString(), ":/icons/one.png"},
         {Field::secondMarkTime, m_secondMarker, QString(), ":/icons/two.png"},
-        {Field::html, m_strikeOut, tr("Текст"), nullptr},
-    };
-
-    VrkTableModel* model = tool->model();
-    model->setTextCodec(m_session->codec());
-    // all columns at once: otherwise the header recomputes its layout for each column
-    model->beginResetModel();
-    int position = 0;
-    for (const Column& column : columns) {
-        const QString field = QLatin1String(column.field);
-        model->setCellConversion(field, column.conversion);
-        model->setHeaderData(field, Qt::Horizontal, column.text, Qt::DisplayRole);
-        if (column.icon)
-            model->setHeaderData(field, Qt::Horizontal, QIcon(QLatin1String(column.icon)),
-                                 Qt::DecorationRole);
-        tool->setColumnPosition(field, position++);
-    }
-    model->setCellConversion(QLatin1String(Field::KeyLink), m_strikeOut);
-    for (const char* field :
-         fieldNames(Field::KeyLink, Field::ShiftKey, Field::SecondMarkWorkerKey, Field::OriginRecordKey))
-        tool->setColumnVisible(QLatin1String(field), false);
-    model->endResetModel();
+        {Field::html, m_strikeOut, tr("Текст")},
+    });
+    tool->model()->setCellConversion(QLatin1String(Field::KeyLink), m_strikeOut);
     tool->sortByColumn(QLatin1String(Field::recordTime), Qt::AscendingOrder);
 }

@@ -20,9 +20,9 @@ EDITS = {
          "    MDRSetVal(fields.letters, record, &letters);\n"
          "    const HtmlParser parser = templateOf(value);\n")],
     "plugin/records/RecordColumns.cpp": [
-        ('        {Field::html, m_strikeOut, tr("Текст"), nullptr},\n',
-         '        {Field::letters, m_strikeOut, tr("Знаков"), nullptr},\n'
-         '        {Field::html, m_strikeOut, tr("Текст"), nullptr},\n')],
+        ('        {Field::html, m_strikeOut, tr("Текст")},\n',
+         '        {Field::letters, m_strikeOut, tr("Знаков")},\n'
+         '        {Field::html, m_strikeOut, tr("Текст")},\n')],
     f"tests/records/{NAME}.cpp": f"""#include "RecordValue.h"
 #include "TestJournal.h"
 #include "VrkTableModel.h"
