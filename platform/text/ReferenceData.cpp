@@ -6,6 +6,7 @@
 #include "CVrkCliSes.h"
 #include "Fields.h"
 #include "MDRValues.h"
+#include "PersonName.h"
 #include "TEventNciParse.h"
 #include "TextMatch.h"
 
@@ -53,22 +54,7 @@ QString fullName(const WorkerRow& worker)
 
 QString shortName(const WorkerRow& worker)
 {
-    QString name = worker.lastName;
-    for (const QString& part : {worker.firstName, worker.patronymicName}) {
-        if (!part.isEmpty())
-            name += QLatin1Char(' ') + part.left(1) + QLatin1Char('.');
-    }
-    return name;
-}
-
-QString withGroup(const QString& name, int group)
-{
-    static const QStringList roman{QStringLiteral("I"), QStringLiteral("II"), QStringLiteral("III"),
-                                   QStringLiteral("IV"), QStringLiteral("V")};
-    if (name.isEmpty() || group <= 0)
-        return name;
-    return name + QStringLiteral(" гр.") +
-           (group <= roman.size() ? roman.at(group - 1) : QString::number(group));
+    return PersonName::shortName(worker.lastName, worker.firstName, worker.patronymicName);
 }
 
 bool isEquipment(ParameterKind kind)
@@ -274,7 +260,7 @@ QVector<ReferenceItem> ReferenceData::Private::workerItems(ParameterKind kind)
             item.detail = department;
             break;
         case ParameterKind::WorkerWithGroup:
-            item.text = withGroup(fullName(worker), worker.group);
+            item.text = PersonName::withGroup(fullName(worker), worker.group);
             break;
         case ParameterKind::WorkerWithPlace:
             item.text = joined({fullName(worker), department, organizationOf.value(worker.department)},
@@ -285,7 +271,7 @@ QVector<ReferenceItem> ReferenceData::Private::workerItems(ParameterKind kind)
             item.text = shortName(worker);
             break;
         case ParameterKind::CrewWithGroups:
-            item.text = withGroup(shortName(worker), worker.group);
+            item.text = PersonName::withGroup(shortName(worker), worker.group);
             break;
         default:
             item.text = fullName(worker);

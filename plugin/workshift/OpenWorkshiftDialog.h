@@ -30,8 +30,6 @@ public:
     /// The occurrence of a shift today: its bounds are times of day; it ends tomorrow if it passes
     /// midnight. \a now is the session's time.
     static std::pair<QDateTime, QDateTime> toCurrentInterval(double start, double end, const QDateTime& now);
-    /// A safety group as written after a name: "I" to "V", higher ones as a number.
-    static QString groupText(int group);
 
 public slots:
     void apply();

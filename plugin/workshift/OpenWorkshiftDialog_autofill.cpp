@@ -9,6 +9,7 @@
 #include "LogText.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
+#include "PersonName.h"
 #include "RecordValue.h"
 #include "TemplateFiller.h"
 #include "ui_OpenWorkshiftDialog.h"
@@ -96,12 +97,7 @@ QString OpenWorkshiftDialog::shortName(int* group) const
     worker = structure->selectedItem().worker;
     *group = worker.group;
 
-    QString name = worker.lastName;
-    for (const QString& part : {worker.firstName, worker.patronymicName}) {
-        if (!part.isEmpty())
-            name += QLatin1Char(' ') + part.left(1) + QLatin1Char('.');
-    }
-    return name;
+    return PersonName::shortName(worker.lastName, worker.firstName, worker.patronymicName);
 }
 
 void OpenWorkshiftDialog::autoFillWorkshiftWorkers()
@@ -124,19 +120,11 @@ void OpenWorkshiftDialog::autoFillWorkshiftWorkersGroups()
     if (found.isEmpty())
         return;
     int group = 0;
-    QString name = shortName(&group);
+    const QString name = shortName(&group);
     if (name.isEmpty()) {
         LogText::warn(QStringLiteral("void OpenWorkshiftDialog::autoFillWorkshiftWorkersGroups()"),
                       QStringLiteral("can not auto fill shift_workers_groups: full name is empty!"));
         return;
     }
-    if (group > 0)
-        name += QStringLiteral(" гр.") + groupText(group);
-    m_filler->setParameterValue(found.constFirst(), name, m_workerKey);
-}
-
-QString OpenWorkshiftDialog::groupText(int group)
-{
-    static const char* const roman[] = {"I", "II", "III", "IV", "V"};
-    return group >= 1 && group <= 5 ? QString::fromLatin1(roman[group - 1]) : QString::number(group);
+    m_filler->setParameterValue(found.constFirst(), PersonName::withGroup(name, group), m_workerKey);
 }

@@ -6,6 +6,7 @@
 #include "LogBookWidget.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
+#include "PersonName.h"
 #include "StoreAdmin.h"
 #include "TemplateFiller.h"
 #include "TemplatesWidget.h"
@@ -197,7 +198,7 @@ void OpenWorkshiftDialog_test::groupsAreRomanUpToFive_data()
 void OpenWorkshiftDialog_test::groupsAreRomanUpToFive()
 {
     QFETCH(int, group);
-    QTEST(OpenWorkshiftDialog::groupText(group), "text");
+    QTEST(PersonName::groupText(group), "text");
 }
 
 void OpenWorkshiftDialog_test::showsTheTimetableOfTheDepartment()
