@@ -24,14 +24,12 @@ bool EngineStore::canWrite(StoreError* error) const
            StoreErrors::raise(error, StoreError::Refused, "Вход в хранилище не выполнен.");
 }
 
-QByteArray EngineStore::blobSql(const QByteArray& table, const QByteArray& field, const char* parameter,
-                                StoreError* error)
+QByteArray EngineStore::blobSql(const QByteArray& table, const QByteArray& field, StoreError* error)
 {
     const CatalogTable* known = TableCatalog::table(table);
     const int index = known ? known->fieldIndex(field) : -1;
     if (index >= 0 && known->fields.at(index).type == mdr_TBlob)
-        return "SELECT " + known->fields.at(index).name + " FROM " + known->name +
-               " WHERE KeyLink = " + parameter;
+        return "SELECT " + known->fields.at(index).name + " FROM " + known->name + " WHERE KeyLink = $1";
     StoreErrors::raise(error, StoreError::BadRequest, "Такого двоичного поля в хранилище нет.");
     return QByteArray();
 }

@@ -27,11 +27,25 @@ protected:
     /// Whether somebody is signed in, or nobody needs to be.
     bool canWrite(StoreError* error) const;
 
-    /// The select of one blob; empty with the reason if there is no such field.
-    static QByteArray blobSql(const QByteArray& table, const QByteArray& field, const char* parameter,
-                              StoreError* error);
+    /// \name Selects that both engines understand: their parameters are numbered as they occur.
+    /// @{
+    static constexpr char loginsSql[] =
+        "SELECT KeyLink, login, name_ FROM Users WHERE coalesce(deleted_, 0) = 0 ORDER BY login";
+    static constexpr char loginSql[] =
+        "SELECT KeyLink, login, name_ FROM Users WHERE login = $1 AND coalesce(deleted_, 0) = 0";
+    static constexpr char departmentsSql[] =
+        "SELECT DISTINCT D.KeyLink, D.name_, O.KeyLink, O.name_ FROM Workers AS W"
+        " JOIN Departments AS D ON D.KeyLink = W.DepartmentKey"
+        " LEFT JOIN Organizations AS O ON O.KeyLink = D.OrganizationKey"
+        " WHERE W.UserKey = $1 AND coalesce(W.deleted_, 0) = 0 ORDER BY D.name_, D.KeyLink";
+    static constexpr char rightSql[] = "SELECT 1 FROM UserRights WHERE UserKey = $1 AND rightName = $2";
+    static constexpr char fileSql[] = "SELECT content FROM StoreFiles WHERE folder = $1 AND name = $2";
+    static constexpr char batchSql[] = "SELECT 1 FROM ChangeTransactions WHERE batchKey = $1";
+    /// Of one blob; empty with the reason if there is no such field.
+    static QByteArray blobSql(const QByteArray& table, const QByteArray& field, StoreError* error);
+    /// @}
 
-    /// Users.KeyLink, login, name_.
+    /// Rows of these selects.
     template <class Reader>
     static StoreLogin loginOf(const Reader& row)
     {

@@ -46,11 +46,6 @@ StoreError StoreErrors::noFile(const QString& folder, const QString& name)
             QString()};
 }
 
-StoreError StoreErrors::noLogin(const QString& login)
-{
-    return make(StoreError::Refused, "Пользователь «%1» не найден.", login);
-}
-
 StoreError StoreErrors::otherHistory(const QString& place)
 {
     return make(StoreError::NotAStore, "Хранилище «%1» заменено другим: данные нужно загрузить заново.",

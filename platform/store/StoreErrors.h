@@ -16,7 +16,6 @@ bool raise(StoreError* error, StoreError::Code code, const char* text, const QSt
 /// No error if a store whose schema has the version \a found can be used.
 StoreError version(int found, const QString& place);
 StoreError noFile(const QString& folder, const QString& name);
-StoreError noLogin(const QString& login);
 /// The history of changes continues neither in the store nor in its log.
 StoreError otherHistory(const QString& place);
 StoreError shorterLog(const QString& place);
@@ -27,6 +26,7 @@ constexpr char onlyReading[] = "Запрос может только читат�
 constexpr char notUnderstood[] = "Хранилище не может выполнить запрос.";
 constexpr char internal[] = "Внутренняя ошибка хранилища «%1».";
 constexpr char oneSelect[] = "Запрос должен состоять из одной выборки.";
+constexpr char noLogin[] = "Пользователь «%1» не найден.";
 constexpr char noRow[] = "Такой строки в хранилище нет.";
 constexpr char existingFile[] = "Файл «%1» уже существует.";
 constexpr char closedFolder[] = "В папку «%1» нельзя записать копию.";

@@ -24,12 +24,6 @@ const char mostConnections[] = "20";    ///< of one person, so that nobody uses 
 constexpr qint64 mostLocks = 500; ///< of one connection; the lock table is shared, our transactions hold
                                   ///< some dozens
 
-bool refuse(StoreError* error, StoreError::Code code, const QString& text)
-{
-    *error = {code, text, QString()};
-    return false;
-}
-
 /// An open connection; null with the reason.
 std::unique_ptr<PgConnection> connected(const QString& url, StoreError* error,
                                         const QByteArray& database = {}, int limitMs = deadlineMs)
@@ -90,11 +84,10 @@ bool isFit(PgConnection& link, StoreError* error)
         return false;
     const QString name = QString::fromUtf8(state.bytes(0, 2));
     if (state.integer(0, 0) > 0)
-        return refuse(error, StoreError::BadRequest,
-                      QString::fromUtf8("База данных «%1» уже не пуста.").arg(name));
+        return StoreErrors::raise(error, StoreError::BadRequest, "База данных «%1» уже не пуста.", name);
     if (state.bytes(0, 1) != "UTF8")
-        return refuse(error, StoreError::BadRequest,
-                      QString::fromUtf8("База данных «%1» должна быть в кодировке UTF8.").arg(name));
+        return StoreErrors::raise(error, StoreError::BadRequest,
+                                  "База данных «%1» должна быть в кодировке UTF8.", name);
     return true;
 }
 
@@ -213,11 +206,10 @@ bool runTool(const char* name, const QStringList& arguments, const QString& url,
 {
     const QString program = QStandardPaths::findExecutable(QLatin1String(name));
     if (program.isEmpty())
-        return refuse(
-            error, StoreError::BadRequest,
-            QString::fromUtf8("Копии базы на сервере делает и возвращает %1, а его здесь нет: установите "
-                              "пакет postgresql-client или выполните команду на сервере.")
-                .arg(QLatin1String(name)));
+        return StoreErrors::raise(error, StoreError::BadRequest,
+                                  "Копии базы на сервере делает и возвращает %1, а его здесь нет: установите "
+                                  "пакет postgresql-client или выполните команду на сервере.",
+                                  QString::fromLatin1(name));
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     if (const QByteArray mode = PgAddress::sslMode(url); !mode.isEmpty())
@@ -283,7 +275,7 @@ bool PostgresAdmin::backup(const QString& url, const QString& copy, StoreError* 
 bool PostgresAdmin::restore(const QString& url, const QString& copy, QStringList* notes, StoreError* error)
 {
     if (!QFileInfo(copy).isFile())
-        return refuse(error, StoreError::Missing, QString::fromUtf8("Файл «%1» не найден.").arg(copy));
+        return StoreErrors::raise(error, StoreError::Missing, "Файл «%1» не найден.", copy);
     bool isNewDatabase = false;
     if (!runTool("pg_restore", {QStringLiteral("--list"), copy}, url,
                  QString::fromUtf8("Файл «%1» не является копией хранилища на сервере.").arg(copy), error))
@@ -389,7 +381,7 @@ bool PostgresAdmin::setPassword(const QString& url, const QString& login, const 
         return false;
     const QByteArray hash = link->passwordHash(login, password);
     if (hash.isEmpty())
-        return refuse(error, StoreError::BadRequest, QString::fromUtf8("Такой пароль не подходит."));
+        return StoreErrors::raise(error, StoreError::BadRequest, "Такой пароль не подходит.");
     return link->exec("ALTER ROLE " + PostgresSchema::identifier(login) + " PASSWORD " +
                           PostgresSchema::literal(hash),
                       error);

@@ -18,12 +18,6 @@ namespace
 {
 constexpr int deadlineMs = 15000;
 
-bool refuse(StoreError* error, StoreError::Code code, const QString& text)
-{
-    *error = {code, text, QString()};
-    return false;
-}
-
 bool setProperty(SqliteConnection& connection, const QByteArray& name, const QByteArray& value,
                  StoreError* error)
 {
@@ -179,10 +173,9 @@ bool SqliteAdmin::restore(const QString& file, const QString& copy, QStringList*
 {
     const QFileInfo source(copy);
     if (source.exists() && source.canonicalFilePath() == QFileInfo(file).canonicalFilePath())
-        return refuse(
-            error, StoreError::BadRequest,
-            QString::fromUtf8("Файл «%1» и есть хранилище. Переименуйте его и верните под новым именем.")
-                .arg(copy));
+        return StoreErrors::raise(error, StoreError::BadRequest,
+                                  "Файл «%1» и есть хранилище. Переименуйте его и верните под новым именем.",
+                                  copy);
     StorePlace place(file);
     if (!place.hold(error))
         return false;

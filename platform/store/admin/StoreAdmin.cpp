@@ -172,8 +172,7 @@ int StoreAdmin::endRunaways(const QString& url, int seconds, StoreError* error)
 {
     if (StoreUrl(url).engine == StoreUrl::PostgreSql)
         return PostgresAdmin::endRunaways(url, seconds, error);
-    *error = {StoreError::BadUrl, QString::fromUtf8("Запросы завершает только сервер PostgreSQL."),
-              QString()};
+    StoreErrors::raise(error, StoreError::BadUrl, "Запросы завершает только сервер PostgreSQL.");
     return -1;
 }
 

@@ -3,6 +3,7 @@
 #include "MDRValues.h"
 #include "PostgresAdmin.h"
 #include "StoreAdmin.h"
+#include "StoreErrors.h"
 #include "StoreUrl.h"
 #include "TableCatalog.h"
 
@@ -52,8 +53,7 @@ CRowBatch batchOf(const char* table)
 bool noSuchLogin(const QString& login, StoreError* error)
 {
     if (!*error)
-        *error = {StoreError::NoSuchRow, QString::fromUtf8("Пользователь «%1» не найден.").arg(login),
-                  QString()};
+        StoreErrors::raise(error, StoreError::NoSuchRow, StoreErrors::noLogin, login);
     return false;
 }
 
@@ -69,11 +69,10 @@ QByteArray userKey(Store& store, const QString& login, bool deletedToo, StoreErr
 StoreError StoreAdmin::loginError(const QString& login)
 {
     if (login.trimmed().isEmpty())
-        return {StoreError::BadRequest, QString::fromUtf8("Имя для входа не задано."), QString()};
+        return StoreErrors::make(StoreError::BadRequest, "Имя для входа не задано.");
     if (std::any_of(login.begin(), login.end(), [](QChar sign) { return sign.isSpace() || !sign.isPrint(); }))
-        return {StoreError::BadRequest,
-                QString::fromUtf8("В имени для входа «%1» есть пробел: его пишут одним словом.").arg(login),
-                QString()};
+        return StoreErrors::make(StoreError::BadRequest,
+                                 "В имени для входа «%1» есть пробел: его пишут одним словом.", login);
     return StoreError();
 }
 
@@ -85,14 +84,9 @@ bool StoreAdmin::addUser(const QString& url, const QString& login, const QString
     const auto store = openLoader(url, error);
     if (!store)
         return false;
-    if (!userKey(*store, login, false, error).isEmpty()) {
-        *error = {StoreError::BadRequest, QString::fromUtf8("Пользователь «%1» уже есть.").arg(login),
-                  QString()};
-        return false;
-    }
-    if (*error)
-        return false;
-    if (!admit(url, login, true, error))
+    if (!userKey(*store, login, false, error).isEmpty())
+        return StoreErrors::raise(error, StoreError::BadRequest, "Пользователь «%1» уже есть.", login);
+    if (*error || !admit(url, login, true, error))
         return false;
     // A login that was removed is restored as the same person.
     const QByteArray former = userKey(*store, login, true, error);
@@ -134,8 +128,7 @@ bool StoreAdmin::setPassword(const QString& url, const QString& login, const QSt
         return noSuchLogin(login, error);
     if (StoreUrl(url).engine == StoreUrl::PostgreSql)
         return PostgresAdmin::setPassword(url, login, password, error);
-    *error = {StoreError::BadRequest, QString::fromUtf8("В этом хранилище входят без пароля."), QString()};
-    return false;
+    return StoreErrors::raise(error, StoreError::BadRequest, "В этом хранилище входят без пароля.");
 }
 
 bool StoreAdmin::admit(const QString& url, const QString& login, bool admitted, StoreError* error)

@@ -14,6 +14,7 @@
 
 namespace
 {
+const char tooLate[] = "Запрос к серверу «%1» не уложился в отведённое время.";
 constexpr int longestNapMs = 50;        // between two calls of the progress function
 constexpr int shortestConnectMs = 2000; // with a short request deadline there is still time to sign in
 constexpr int cachedStatements = 200;
@@ -214,9 +215,7 @@ PgResult PgConnection::collect(bool wasSent, StoreError* error)
     if (isAlive && PQstatus(m_pg) == CONNECTION_OK && last && !failed)
         return last;
     if (!isInTime) {
-        *error = {StoreError::Lost,
-                  QString::fromUtf8("Запрос к серверу «%1» не уложился в отведённое время.").arg(m_place),
-                  QString()};
+        StoreErrors::raise(error, StoreError::Lost, tooLate, m_place);
         cancel();
         drop();
         return nothing();
@@ -365,8 +364,9 @@ StoreError PgConnection::lostError(const QString& detail) const
 StoreError PgConnection::errorOf(const QByteArray& state, const QString& message) const
 {
     const auto make = [&](StoreError::Code code, const char* text) {
-        return StoreError{code, QString::fromUtf8(text).replace(QLatin1String("%1"), m_place),
-                          QStringLiteral("PostgreSQL %1: %2").arg(QString::fromLatin1(state), message)};
+        StoreError error = StoreErrors::make(code, text, m_place);
+        error.detail = QStringLiteral("PostgreSQL %1: %2").arg(QString::fromLatin1(state), message);
+        return error;
     };
     if (state == "VR001")
         return {StoreError::Refused, message, QString()}; // the rule's own text
@@ -379,7 +379,7 @@ StoreError PgConnection::errorOf(const QByteArray& state, const QString& message
     if (state == "25006")
         return make(StoreError::BadRequest, StoreErrors::onlyReading);
     if (state == "57014")
-        return make(StoreError::Lost, "Запрос к серверу «%1» не уложился в отведённое время.");
+        return make(StoreError::Lost, tooLate);
     if (state == "40001" || state == "40P01" || state == "55P03")
         return make(StoreError::Locked, "Другие рабочие места слишком долго меняют те же данные.");
     if (state == "53100")

@@ -102,8 +102,7 @@ QVector<StoreLogin> PostgresStore::logins()
     StoreError error;
     if (!ready(&error) || !m_isSuperuser)
         return all;
-    const PgResult rows = m_link.prepared(
-        "SELECT KeyLink, login, name_ FROM Users WHERE coalesce(deleted_, 0) = 0 ORDER BY login", {}, &error);
+    const PgResult rows = m_link.prepared(loginsSql, {}, &error);
     for (int i = 0; rows && i < rows.rows(); ++i)
         all.append(loginOf(PgRow(rows, i)));
     return all;
@@ -114,15 +113,11 @@ bool PostgresStore::signIn(const QString& login, StoreLogin* user, StoreError* e
     if (!ready(error))
         return false;
     const QString name = login.isEmpty() ? m_loginOfUrl : login;
-    const PgResult rows = m_link.prepared("SELECT KeyLink, login, name_ FROM Users"
-                                          " WHERE login = $1 AND coalesce(deleted_, 0) = 0",
-                                          PgValues().text(name.toUtf8()), error);
+    const PgResult rows = m_link.prepared(loginSql, PgValues().text(name.toUtf8()), error);
     if (!rows)
         return false;
-    if (rows.rows() == 0) {
-        *error = StoreErrors::noLogin(name);
-        return false;
-    }
+    if (rows.rows() == 0)
+        return StoreErrors::raise(error, StoreError::Refused, StoreErrors::noLogin, name);
     if (!becomePerson(name, error))
         return false;
     m_user = loginOf(PgRow(rows, 0));
@@ -136,12 +131,7 @@ QVector<StoreDepartment> PostgresStore::departments(const QByteArray& userKey)
     StoreError error;
     if (!ready(&error))
         return all;
-    const PgResult rows =
-        m_link.prepared("SELECT DISTINCT D.KeyLink, D.name_, O.KeyLink, O.name_ FROM Workers AS W"
-                        " JOIN Departments AS D ON D.KeyLink = W.DepartmentKey"
-                        " LEFT JOIN Organizations AS O ON O.KeyLink = D.OrganizationKey"
-                        " WHERE W.UserKey = $1 AND coalesce(W.deleted_, 0) = 0 ORDER BY D.name_, D.KeyLink",
-                        PgValues().text(userKey), &error);
+    const PgResult rows = m_link.prepared(departmentsSql, PgValues().text(userKey), &error);
     for (int i = 0; rows && i < rows.rows(); ++i)
         all.append(departmentOf(PgRow(rows, i)));
     return all;
@@ -152,8 +142,7 @@ bool PostgresStore::hasRight(const QByteArray& right)
     StoreError error;
     if (!ready(&error))
         return false;
-    const PgResult rows = m_link.prepared("SELECT 1 FROM UserRights WHERE UserKey = $1 AND rightName = $2",
-                                          PgValues().text(m_user.key).text(right), &error);
+    const PgResult rows = m_link.prepared(rightSql, PgValues().text(m_user.key).text(right), &error);
     return rows && rows.rows() > 0;
 }
 
@@ -171,8 +160,8 @@ bool PostgresStore::file(const QString& folder, const QString& name, QByteArray*
 {
     if (!ready(error))
         return false;
-    const PgResult rows = m_link.prepared("SELECT content FROM StoreFiles WHERE folder = $1 AND name = $2",
-                                          PgValues().text(folder.toUtf8()).text(name.toUtf8()), error);
+    const PgResult rows =
+        m_link.prepared(fileSql, PgValues().text(folder.toUtf8()).text(name.toUtf8()), error);
     if (!rows)
         return false;
     if (rows.rows() > 0) {

@@ -103,8 +103,7 @@ bool PostgresStore::isWritten(const QByteArray& batchKey, bool* written, StoreEr
 {
     if (!readyAside(error))
         return false;
-    const PgResult known = m_link.prepared("SELECT 1 FROM ChangeTransactions WHERE batchKey = $1",
-                                           PgValues().text(batchKey), error);
+    const PgResult known = m_link.prepared(batchSql, PgValues().text(batchKey), error);
     *written = known && known.rows() > 0;
     return bool(known);
 }

@@ -143,7 +143,7 @@ MDArray* PostgresStore::readCursor(const QByteArray& sql, StoreError* error)
 bool PostgresStore::blob(const QByteArray& table, const QByteArray& field, const QByteArray& key,
                          QByteArray* bytes, StoreError* error)
 {
-    const QByteArray sql = blobSql(table, field, "$1", error);
+    const QByteArray sql = blobSql(table, field, error);
     if (sql.isEmpty() || !ready(error))
         return false;
     const PgResult rows = m_link.prepared(sql, PgValues().text(key), error);

@@ -22,10 +22,7 @@ bool isReading(SqliteConnection::Mode mode)
     return mode == SqliteConnection::ReadOnly || mode == SqliteConnection::ReadOlder;
 }
 
-QString sentence(const char* text, const QString& file)
-{
-    return QString::fromUtf8(text).replace(QLatin1String("%1"), file);
-}
+const char notAStore[] = "Файл «%1» не является хранилищем журнала.";
 } // namespace
 
 // Statements
@@ -98,7 +95,7 @@ std::unique_ptr<SqliteConnection> SqliteConnection::open(const QString& file, Mo
 {
     const QFileInfo info(file);
     const auto fail = [&](StoreError::Code code, const char* text) {
-        *error = {code, sentence(text, file), QString()};
+        StoreErrors::raise(error, code, text, file);
         return nullptr;
     };
     if (mode == Create && (info.exists() || info.isSymLink()))
@@ -200,8 +197,8 @@ bool SqliteConnection::setUp(Mode mode, StoreError* error)
             return false;
         }
         if (marks.integer(0) != ApplicationId) {
-            *error = {StoreError::NotAStore, sentence("Файл «%1» не является хранилищем журнала.", m_file),
-                      QStringLiteral("application_id %1").arg(marks.integer(0))};
+            StoreErrors::raise(error, StoreError::NotAStore, notAStore, m_file);
+            error->detail = QStringLiteral("application_id %1").arg(marks.integer(0));
             return false;
         }
         *error = StoreErrors::version(static_cast<int>(marks.integer(1)), m_file);
@@ -314,7 +311,9 @@ StoreError SqliteConnection::lastError() const
 StoreError SqliteConnection::errorOf(int code, const QString& file, const QString& detail)
 {
     const auto make = [&](StoreError::Code kind, const char* text) {
-        return StoreError{kind, sentence(text, file), QStringLiteral("SQLite %1: %2").arg(code).arg(detail)};
+        StoreError error = StoreErrors::make(kind, text, file);
+        error.detail = QStringLiteral("SQLite %1: %2").arg(code).arg(detail);
+        return error;
     };
     switch (code) {
     case SQLITE_CONSTRAINT_TRIGGER:
@@ -339,7 +338,7 @@ StoreError SqliteConnection::errorOf(int code, const QString& file, const QStrin
     case SQLITE_CANTOPEN:
         return make(StoreError::ReadOnly, "Нет доступа к файлу хранилища «%1» или к его папке.");
     case SQLITE_NOTADB:
-        return make(StoreError::NotAStore, "Файл «%1» не является хранилищем журнала.");
+        return make(StoreError::NotAStore, notAStore);
     case SQLITE_CORRUPT:
         return make(StoreError::NotAStore, "Файл хранилища «%1» повреждён.");
     case SQLITE_IOERR:

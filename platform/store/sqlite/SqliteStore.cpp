@@ -91,8 +91,7 @@ QVector<StoreLogin> SqliteStore::logins()
     StoreError error;
     if (!ready(&error))
         return all;
-    SqliteStatement rows = m_read->cached(
-        "SELECT KeyLink, login, name_ FROM Users WHERE coalesce(deleted_, 0) = 0 ORDER BY login");
+    SqliteStatement rows = m_read->cached(loginsSql);
     while (rows.step())
         all.append(loginOf(rows));
     return all;
@@ -110,8 +109,7 @@ bool SqliteStore::findLogin(SqliteConnection& connection, const QString& login, 
                             StoreError* error) const
 {
     const QByteArray name = login.toUtf8();
-    SqliteStatement row = connection.cached(
-        "SELECT KeyLink, login, name_ FROM Users WHERE login = ? AND coalesce(deleted_, 0) = 0");
+    SqliteStatement row = connection.cached(loginSql);
     row.bind(1, name);
     if (row.step()) {
         *user = loginOf(row);
@@ -119,8 +117,7 @@ bool SqliteStore::findLogin(SqliteConnection& connection, const QString& login, 
     }
     if (row.code() != SQLITE_DONE)
         return fail(connection, error);
-    *error = StoreErrors::noLogin(login);
-    return false;
+    return StoreErrors::raise(error, StoreError::Refused, StoreErrors::noLogin, login);
 }
 
 QVector<StoreDepartment> SqliteStore::departments(const QByteArray& userKey)
@@ -129,11 +126,7 @@ QVector<StoreDepartment> SqliteStore::departments(const QByteArray& userKey)
     StoreError error;
     if (!ready(&error))
         return all;
-    SqliteStatement rows =
-        m_read->cached("SELECT DISTINCT D.KeyLink, D.name_, O.KeyLink, O.name_ FROM Workers AS W"
-                       " JOIN Departments AS D ON D.KeyLink = W.DepartmentKey"
-                       " LEFT JOIN Organizations AS O ON O.KeyLink = D.OrganizationKey"
-                       " WHERE W.UserKey = ? AND coalesce(W.deleted_, 0) = 0 ORDER BY D.name_, D.KeyLink");
+    SqliteStatement rows = m_read->cached(departmentsSql);
     rows.bind(1, userKey);
     while (rows.step())
         all.append(departmentOf(rows));
@@ -145,7 +138,7 @@ bool SqliteStore::hasRight(const QByteArray& right)
     StoreError error;
     if (!ready(&error))
         return false;
-    SqliteStatement row = m_read->cached("SELECT 1 FROM UserRights WHERE UserKey = ? AND rightName = ?");
+    SqliteStatement row = m_read->cached(rightSql);
     row.bind(1, m_user.key).bind(2, right);
     return row.step();
 }
@@ -162,7 +155,7 @@ bool SqliteStore::file(const QString& folder, const QString& name, QByteArray* c
         return false;
     const QByteArray folderBytes = folder.toUtf8();
     const QByteArray nameBytes = name.toUtf8();
-    SqliteStatement row = m_read->cached("SELECT content FROM StoreFiles WHERE folder = ? AND name = ?");
+    SqliteStatement row = m_read->cached(fileSql);
     row.bind(1, folderBytes).bind(2, nameBytes);
     if (row.step()) {
         *content = row.bytes(0);

@@ -10,7 +10,7 @@ bool SqliteStore::apply(const std::vector<StoreWrite>& writes, const QByteArray&
         return false;
     const auto work = [&](SqliteTransaction& transaction) {
         {
-            SqliteStatement known = m_write->cached("SELECT 1 FROM ChangeTransactions WHERE batchKey = ?");
+            SqliteStatement known = m_write->cached(batchSql);
             known.bind(1, batchKey);
             if (known.step())
                 return true; // the answer to an earlier call was lost; the work is done
@@ -33,7 +33,7 @@ bool SqliteStore::isWritten(const QByteArray& batchKey, bool* written, StoreErro
 {
     if (!ready(error))
         return false;
-    SqliteStatement known = m_read->cached("SELECT 1 FROM ChangeTransactions WHERE batchKey = ?");
+    SqliteStatement known = m_read->cached(batchSql);
     known.bind(1, batchKey);
     *written = known.step();
     return *written || known.code() == SQLITE_DONE || fail(*m_read, error);

@@ -157,7 +157,7 @@ MDArray* SqliteStore::answerOf(SqliteStatement& statement, AnswerShape* shape, S
 bool SqliteStore::blob(const QByteArray& table, const QByteArray& field, const QByteArray& key,
                        QByteArray* bytes, StoreError* error)
 {
-    const QByteArray sql = blobSql(table, field, "?", error);
+    const QByteArray sql = blobSql(table, field, error);
     if (sql.isEmpty() || !ready(error))
         return false;
     SqliteStatement row = m_read->cached(sql);

@@ -1,6 +1,7 @@
 #include "StorePlace.h"
 
 #include "SqliteWal.h"
+#include "StoreErrors.h"
 
 #include <cerrno>
 #include <cstring>
@@ -83,10 +84,9 @@ bool StorePlace::hold(StoreError* error)
         return true;
     *error = failure();
     if (m_lock >= 0)
-        *error = {StoreError::Locked,
-                  QString::fromUtf8("С хранилищем «%1» работает другая программа. Закройте её и повторите.")
-                      .arg(m_file),
-                  QString()};
+        return StoreErrors::raise(error, StoreError::Locked,
+                                  "С хранилищем «%1» работает другая программа. Закройте её и повторите.",
+                                  m_file);
     return false;
 }
 
