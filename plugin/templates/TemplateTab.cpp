@@ -230,11 +230,6 @@ QString TemplateTab::userParameter(const char* name) const
     return m_module->app()->m_user_params.getValue(QLatin1String(name), QString());
 }
 
-bool TemplateTab::isExistUnsaved() const
-{
-    return m_tables.categoriesEdit.data.RecCount() > 0 || m_tables.templatesEdit.data.RecCount() > 0;
-}
-
 QModelIndex TemplateTab::currentSource() const
 {
     return m_proxy->mapToSource(m_form->templatesTree->currentIndex());

@@ -1,10 +1,8 @@
 #pragma once
 
 #include "KeptEdits.h"
-#include "Rights.h"
 #include "SentEdits.h"
-#include "TemplateLevel.h"
-#include "TemplateTables.h"
+#include "TemplatePageRules.h"
 
 #include <memory>
 #include <QModelIndex>
@@ -29,7 +27,7 @@ class TemplateTab;
 /// One page of the configurator: the tree of one level of templates with its search line, and the passport
 /// of the selected item. The user's changes go into edit tables; saving sends them in one block; the page's
 /// copies of the server's tables change only by change events.
-class TemplateTab : public QWidget
+class TemplateTab : public QWidget, public TemplatePageRules
 {
     Q_OBJECT
 
@@ -55,15 +53,6 @@ public:
     /// tables.
     void init(CVrkCliMod* module, TemplateTypes type, Rights::AdminRights rights);
 
-    /// There are unsaved records: saving and cancelling are enabled, creating and deleting are not.
-    bool isExistUnsaved() const;
-    bool isRootCreatable() const;
-    bool isFolderCreatable() const;
-    bool isTemplateCreatable() const;
-    bool isItemDeletable() const;
-    bool canCopyCurrent() const;
-    bool canPasteHere() const;
-
     void applyChanges();
     void cancelChanges();
     void createRootFolder();
@@ -81,7 +70,7 @@ public:
     /// Selects the record's row without handling the change of selection, and shows its passport, or that
     /// of its unsaved change.
     void setFocusOn(MDRData* record, MDRData* edit = nullptr);
-    MDRData* currentRecord() const;
+    MDRData* currentRecord() const override;
     /// Handles a change event of the server.
     void MessageData(TEventNciParse* event);
     /// One row of the parameter tables has changed.
@@ -89,7 +78,6 @@ public:
     /// Rows of the parameter tables were added or removed.
     void reloadParameters();
 
-    const TemplateTables& tables() const { return m_tables; }
     TemplatesEditSourceModel* model() const { return m_model; }
     TemplatesProxyModel* proxy() const { return m_proxy; }
 
@@ -131,19 +119,12 @@ private:
     QModelIndex currentSource() const;
     void reloadFor(const QModelIndex& current, const QModelIndex& previous);
     void putBack(const QPersistentModelIndex& previous);
-    bool isAdmin() const { return m_rights == Rights::Admin; }
-    bool isAnyAdmin() const { return m_rights != Rights::View; }
-    bool isOwnItemCurrent() const;
     void showError(const QString& text);
     void contextMenuRequest(const QPoint& pos);
 
     // The level: TemplateTab_level.cpp
-    bool canEdit() const { return m_rights >= m_level->editor; }
-    /// The rows at the top of the tree; null if these are categories.
-    const CModelTable* roots() const;
     void applyTemplateFilter_Orgs();
     void applyTemplateFilter_Deps();
-    bool isCurrentDeletable() const;
     QString levelSignature(const char* function) const;
 
     QModelIndexList matcheIndexes(const QString& text) const;
@@ -196,8 +177,6 @@ private:
 
     std::unique_ptr<Ui::TemplateTab> m_form;
     CVrkCliMod* m_module = nullptr;
-    Rights::AdminRights m_rights = Rights::View;
-    const TemplateLevel* m_level = nullptr; ///< set by init
     TemplatesEditSourceModel* m_model = nullptr;
     TemplatesProxyModel* m_proxy = nullptr;
     TemplatePassport* m_passport = nullptr; ///< created by init
@@ -207,11 +186,8 @@ private:
 
     CModelTable* m_tablesTable = nullptr;
     CModelTable* m_fieldsTable = nullptr;
-    CModelTable* m_orgTypesTable = nullptr;
-    CModelTable* m_departmentsTable = nullptr;
     CModelTable* m_catsParameterTable = nullptr;
     CModelTable* m_parametersTable = nullptr;
-    TemplateTables m_tables;
     KeptEdits m_kept;
     KeptDraft* m_unsaved =
         nullptr; ///< created by init: the edit tables and kept edits, in case the program ends

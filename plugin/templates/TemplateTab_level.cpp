@@ -4,21 +4,8 @@
 #include "RecordValue.h"
 #include "TemplatesProxyModel.h"
 #include "TemplateTab.h"
-#include "ui_TemplateTab.h"
 
-/// What the user may see and do on the page of his level.
-
-const CModelTable* TemplateTab::roots() const
-{
-    switch (m_level->roots) {
-    case TemplateLevel::OrgTypeRoots:
-        return m_orgTypesTable;
-    case TemplateLevel::DepartmentRoots:
-        return m_departmentsTable;
-    default:
-        return nullptr;
-    }
-}
+/// What the user sees on the page of his level.
 
 QString TemplateTab::levelSignature(const char* function) const
 {
@@ -69,37 +56,4 @@ void TemplateTab::applyTemplateFilter_Deps()
     }
     if (!isAdmin())
         m_proxy->setFilterRoot(department);
-}
-
-bool TemplateTab::isRootCreatable() const
-{
-    return isAdmin() && !isExistUnsaved() && m_level->roots == TemplateLevel::NoRoots;
-}
-
-bool TemplateTab::isFolderCreatable() const
-{
-    return canEdit() && !isExistUnsaved() && m_form->templatesTree->currentIndex().isValid();
-}
-
-bool TemplateTab::isTemplateCreatable() const
-{
-    return canEdit() && !isExistUnsaved() && isOwnItemCurrent();
-}
-
-bool TemplateTab::isItemDeletable() const
-{
-    return !isExistUnsaved() && isCurrentDeletable();
-}
-
-bool TemplateTab::isCurrentDeletable() const
-{
-    const MDRData* record = currentRecord();
-    return canEdit() && record && !TemplateTables::isContains(roots(), record);
-}
-
-bool TemplateTab::isOwnItemCurrent() const
-{
-    const MDRData* record = currentRecord();
-    return TemplateTables::isContains(&m_tables.categories, record) ||
-           TemplateTables::isContains(&m_tables.templates, record);
 }

@@ -28,11 +28,6 @@ constexpr int boxWidth = 350;
 constexpr int boxHeight = 110;
 constexpr int yes = 5;
 
-QString clipboardFormat()
-{
-    return QStringLiteral("logbook_template");
-}
-
 /// A text, or null for an empty one. The bytes must outlive the value.
 MDRVar keyOrNull(const QByteArray& key)
 {
@@ -232,18 +227,6 @@ void TemplateTab::answerDelete(QAbstractButton* button)
     updateEditStatus();
     if (!isDone && hadUnsaved)
         tellKept(tr("Изменения не сохранены. %1").arg(session->lastErrorText()));
-}
-
-bool TemplateTab::canCopyCurrent() const
-{
-    return isAnyAdmin() && TemplateTables::isContains(&m_tables.templates, currentRecord());
-}
-
-bool TemplateTab::canPasteHere() const
-{
-    const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
-    return canEdit() && isOwnItemCurrent() && mime && mime->hasFormat(clipboardFormat()) &&
-           !mime->data(clipboardFormat()).isEmpty();
 }
 
 void TemplateTab::copyItem()
