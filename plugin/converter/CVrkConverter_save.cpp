@@ -1,7 +1,7 @@
 #include "CVrkConverter.h"
 
-#include "CVrkCliSes.h"
 #include "ui_CVrkConverter.h"
+#include "WriteBlock.h"
 
 void CVrkConverter::sendToServer()
 {
@@ -18,7 +18,7 @@ void CVrkConverter::send(const CModelTable& first, const CModelTable& second, co
                          const QString& failed)
 {
     bool sent = false;
-    session()->BlockBeg();
+    WriteBlock block(session());
     for (const CModelTable* table : {&first, &second}) {
         CModelTable edited(table->name);
         copyEdited(table, &edited.data);
@@ -27,7 +27,7 @@ void CVrkConverter::send(const CModelTable& first, const CModelTable& second, co
         session()->SqlUpdate(table->name.c_str(), edited.data.array, true, nullptr);
         sent = true;
     }
-    const bool done = session()->BlockEnd(true, nullptr);
+    const bool done = block.commit();
     if (sent && done)
         addGoodMessage(saved);
     else if (sent)

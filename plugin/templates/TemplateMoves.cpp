@@ -1,11 +1,11 @@
 #include "TemplateMoves.h"
 
-#include "CVrkCliSes.h"
 #include "Fields.h"
 #include "KeptEdits.h"
 #include "RecordValue.h"
 #include "SentEdits.h"
 #include "TemplateTables.h"
+#include "WriteBlock.h"
 
 namespace
 {
@@ -82,9 +82,9 @@ void TemplateMoves::sendMove(CModelTable* moved, const QByteArray& key,
     rows.RecPost(kept);
 
     const char* name = moved->name.c_str();
-    m_session->BlockBeg();
+    WriteBlock block(m_session);
     m_session->SqlUpdate(name, deletion.array, true, nullptr);
     m_session->SqlUpdate(name, insertion.array, true, nullptr);
-    if (m_session->BlockEnd(true, nullptr)) // the host reports a failure; the tree has not changed
+    if (block.commit()) // the host reports a failure; the tree has not changed
         m_moving.insert(key);
 }

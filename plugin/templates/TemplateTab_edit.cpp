@@ -13,6 +13,7 @@
 #include "TemplateTab.h"
 #include "TemplateText.h"
 #include "ui_TemplateTab.h"
+#include "WriteBlock.h"
 
 #include <QTextCodec>
 
@@ -200,11 +201,10 @@ bool TemplateTab::sendChangesToServer()
         return false;
     }
 
-    CVrkCliSes* session = m_module->session();
-    session->BlockBeg();
+    WriteBlock block(m_module->session());
     sendEdits(m_tables.categoriesEdit);
     sendEdits(m_tables.templatesEdit);
-    if (session->BlockEnd(true, nullptr)) {
+    if (block.commit()) {
         m_isSent = true; // the records stay until their events empty the tables
         m_sent.note(m_tables.categoriesEdit);
         m_sent.note(m_tables.templatesEdit);
@@ -212,7 +212,7 @@ bool TemplateTab::sendChangesToServer()
     }
     writeLogUnsaved(QStringLiteral("bool TemplateTab::sendChangesToServer()"),
                     QStringLiteral("CVrkCliSes::BlockEnd returned FALSE"));
-    dropUnsaved(session->lastErrorText());
+    dropUnsaved(m_module->session()->lastErrorText());
     return false;
 }
 

@@ -14,6 +14,7 @@
 #include "TemplatesProxyModel.h"
 #include "TemplateTab.h"
 #include "ui_TemplateTab.h"
+#include "WriteBlock.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -208,12 +209,12 @@ void TemplateTab::answerDelete(QAbstractButton* button)
         addDeletion(m_tables.templatesEdit, record);
 
     CVrkCliSes* session = m_module->session();
-    session->BlockBeg();
+    WriteBlock block(session);
     if (m_tables.templatesEdit.data.RecCount() > 0)
         session->SqlUpdate(LogbookTable::Templates, m_tables.templatesEdit.data.array, true, nullptr);
     if (m_tables.categoriesEdit.data.RecCount() > 0)
         session->SqlUpdate(LogbookTable::CatsTemplate, m_tables.categoriesEdit.data.array, true, nullptr);
-    const bool isDone = session->BlockEnd(true, nullptr);
+    const bool isDone = block.commit();
     if (!isDone)
         showError(tr("При изменения данных возникла ошибка.\nДанные не были изменены!"));
 
