@@ -91,7 +91,7 @@ double textsOf(const ConverterTables& tables)
           &tables.templates, &tables.paramCategories, &tables.params})
         for (const MDRData* row : MDARecsByEntry(table->data.array))
             for (int f = 0; f < MDAFldCount(table->data.array); ++f)
-                size += MDRValue::bytes(recordValue(row, MDRFldByNum(table->data.array, f)->name)).size();
+                size += MDRValue::bytes(Row(row).value(MDRFldByNum(table->data.array, f)->name)).size();
     return size;
 }
 
