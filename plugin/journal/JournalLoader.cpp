@@ -5,7 +5,6 @@
 #include "HfnTime.h"
 #include "LocationInfo.h"
 #include "LogText.h"
-#include "MDRValues.h"
 #include "TableLoad.h"
 
 namespace

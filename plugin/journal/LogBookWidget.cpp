@@ -2,7 +2,6 @@
 
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
-#include "DateTimeRangeDialog.h"
 #include "EmptyHint.h"
 #include "Filters.h"
 #include "JournalDialogs.h"
@@ -10,7 +9,6 @@
 #include "LocationInfo.h"
 #include "LogText.h"
 #include "MDRValues.h"
-#include "OpenWorkshiftDialog.h"
 #include "PageMessages.h"
 #include "RecordColumns.h"
 #include "RecordMenu.h"

@@ -1,7 +1,5 @@
-#include "CVrkCliMod.h"
 #include "Filters.h"
 #include "JournalLoader.h"
-#include "LocationInfo.h"
 #include "LogBookWidget.h"
 #include "PopGuard.h"
 #include "ui_LogBookTab.h"

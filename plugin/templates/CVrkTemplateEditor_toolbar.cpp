@@ -1,5 +1,4 @@
 #include "CVrkTemplateEditor.h"
-#include "LogText.h"
 #include "TemplateActions.h"
 #include "ui_CVrkTemplateEditor.h"
 
