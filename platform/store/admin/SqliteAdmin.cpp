@@ -90,7 +90,7 @@ bool finishCopy(const QString& copy, StoreError* error)
 } // namespace
 
 bool SqliteAdmin::init(const QString& file, const QByteArray& codecName, const QByteArray& timeZone,
-                       StoreError* error)
+                       const std::function<bool()>& isFilled, StoreError* error)
 {
     auto connection = SqliteConnection::open(file, SqliteConnection::Create, deadlineMs, error);
     if (!connection)
@@ -100,10 +100,12 @@ bool SqliteAdmin::init(const QString& file, const QByteArray& codecName, const Q
                setProperty(*connection, "timeZone", timeZone, error) &&
                setProperty(*connection, "epoch", GenGuid32(), error);
     };
-    if (connection->exec("BEGIN IMMEDIATE", error) && SqliteSchema::install(*connection, error) &&
-        logged(*connection, error, setProperties) && connection->exec("COMMIT", error))
-        return true;
+    const bool isMade = connection->exec("BEGIN IMMEDIATE", error) &&
+                        SqliteSchema::install(*connection, error) &&
+                        logged(*connection, error, setProperties) && connection->exec("COMMIT", error);
     connection.reset();
+    if (isMade && isFilled())
+        return true;
     SqliteConnection::removeFile(file);
     return false;
 }

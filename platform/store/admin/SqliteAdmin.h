@@ -5,7 +5,9 @@
 /// The operations of StoreAdmin for a store in a SQLite file. The contracts are those of StoreAdmin.
 namespace SqliteAdmin
 {
-bool init(const QString& file, const QByteArray& codecName, const QByteArray& timeZone, StoreError* error);
+/// \a isFilled is called when the store is complete; if it fails, the file is removed.
+bool init(const QString& file, const QByteArray& codecName, const QByteArray& timeZone,
+          const std::function<bool()>& isFilled, StoreError* error);
 bool upgrade(const QString& file, StoreError* error);
 bool rebuildSearch(const QString& file, StoreError* error);
 bool changeProperty(const QString& file, const QByteArray& name, const QByteArray& value, StoreError* error);

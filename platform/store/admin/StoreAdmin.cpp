@@ -15,18 +15,21 @@
 
 namespace
 {
-/// Calls the function for the engine of the address; false for any other address, with the reason in \a
-/// error.
-template <class OnSqlite, class OnPostgres>
-auto dispatch(const QString& url, StoreError* error, OnSqlite onSqlite, OnPostgres onPostgres)
-    -> decltype(onPostgres())
+/// Calls the operation of the address's engine; false for any other address, with the reason in \a error. An
+/// operation takes the file of a store or the address of a server first, and the error last.
+template <class Result, class... Declared, class... Arguments>
+Result dispatch(Result (*onSqlite)(const QString&, Declared...),
+                Result (*onPostgres)(const QString&, Declared...), const QString& url, StoreError* error,
+                Arguments&&... arguments)
 {
     const StoreUrl parsed(url);
     *error = parsed.error();
     if (*error)
-        return {};
-    return parsed.engine == StoreUrl::Sqlite ? onSqlite(parsed.file) : onPostgres();
+        return Result();
+    return parsed.engine == StoreUrl::Sqlite ? onSqlite(parsed.file, arguments..., error)
+                                             : onPostgres(url, arguments..., error);
 }
+
 std::unique_ptr<Store> openLoader(const QString& url, StoreError* error)
 {
     Store::Options options;
@@ -78,71 +81,45 @@ bool StoreAdmin::init(const QString& url, const QByteArray& codecName, const QBy
     if (!QTimeZone(timeZone).isValid())
         return StoreErrors::raise(error, StoreError::BadRequest, "Часовой пояс «%1» неизвестен.",
                                   QString::fromLatin1(timeZone));
-    const auto isFilled = [&] {
+    const std::function<bool()> isFilled = [&] {
         const auto store = filling ? openLoader(url, error) : nullptr;
         return !filling || (store && filling(store.get(), error));
     };
-    return dispatch(
-        url, error,
-        [&](const QString& file) {
-            if (!SqliteAdmin::init(file, codecName, timeZone, error))
-                return false;
-            const bool isDone = isFilled();
-            if (!isDone)
-                SqliteConnection::removeFile(file);
-            return isDone;
-        },
-        [&] { return PostgresAdmin::init(url, codecName, timeZone, isFilled, error); });
+    return dispatch(SqliteAdmin::init, PostgresAdmin::init, url, error, codecName, timeZone, isFilled);
 }
 
 int StoreAdmin::version(const QString& url, StoreError* error)
 {
-    const StoreUrl parsed(url);
-    *error = parsed.error();
-    if (*error)
-        return -1;
-    return parsed.engine == StoreUrl::Sqlite ? SqliteAdmin::version(parsed.file, error)
-                                             : PostgresAdmin::version(url, error);
+    const int found = dispatch(SqliteAdmin::version, PostgresAdmin::version, url, error);
+    return *error ? -1 : found;
 }
 
 bool StoreAdmin::upgrade(const QString& url, StoreError* error)
 {
-    return dispatch(
-        url, error, [&](const QString& file) { return SqliteAdmin::upgrade(file, error); },
-        [&] { return PostgresAdmin::upgrade(url, error); });
+    return dispatch(SqliteAdmin::upgrade, PostgresAdmin::upgrade, url, error);
 }
 
 bool StoreAdmin::rebuildSearch(const QString& url, StoreError* error)
 {
-    return dispatch(
-        url, error, [&](const QString& file) { return SqliteAdmin::rebuildSearch(file, error); },
-        [&] { return PostgresAdmin::rebuildSearch(url, error); });
+    return dispatch(SqliteAdmin::rebuildSearch, PostgresAdmin::rebuildSearch, url, error);
 }
 
 bool StoreAdmin::setLongestShift(const QString& url, int seconds, StoreError* error)
 {
-    const QByteArray name = "longestShift";
-    const QByteArray value = QByteArray::number(seconds);
-    return dispatch(
-        url, error,
-        [&](const QString& file) { return SqliteAdmin::changeProperty(file, name, value, error); },
-        [&] { return PostgresAdmin::changeProperty(url, name, value, error); });
+    return dispatch(SqliteAdmin::changeProperty, PostgresAdmin::changeProperty, url, error,
+                    QByteArray("longestShift"), QByteArray::number(seconds));
 }
 
 bool StoreAdmin::check(const QString& url, QVector<Finding>* findings, StoreError* error)
 {
     findings->clear();
-    return dispatch(
-        url, error, [&](const QString& file) { return SqliteAdmin::check(file, findings, error); },
-        [&] { return PostgresAdmin::check(url, findings, error); });
+    return dispatch(SqliteAdmin::check, PostgresAdmin::check, url, error, findings);
 }
 
 bool StoreAdmin::checkSchema(const QString& url, QVector<Finding>* findings, StoreError* error)
 {
     findings->clear();
-    return dispatch(
-        url, error, [&](const QString& file) { return SqliteAdmin::checkSchema(file, findings, error); },
-        [&] { return PostgresAdmin::checkSchema(url, findings, error); });
+    return dispatch(SqliteAdmin::checkSchema, PostgresAdmin::checkSchema, url, error, findings);
 }
 
 QVector<StoreAdmin::Symptom> StoreAdmin::examine(const QString& url)
@@ -184,9 +161,7 @@ bool StoreAdmin::backup(const QString& url, const QString& copy, StoreError* err
     // Under another name until it is complete and checked, so that a partial copy is never mistaken for a
     // complete one.
     const QString draft = copy + QStringLiteral(".part");
-    const bool isDone = dispatch(
-        url, error, [&](const QString& file) { return SqliteAdmin::backup(file, draft, error); },
-        [&] { return PostgresAdmin::backup(url, draft, error); });
+    const bool isDone = dispatch(SqliteAdmin::backup, PostgresAdmin::backup, url, error, draft);
     if (isDone && QFile::rename(draft, copy))
         return true;
     SqliteConnection::removeFile(draft); // also what belongs to it
@@ -196,9 +171,7 @@ bool StoreAdmin::backup(const QString& url, const QString& copy, StoreError* err
 bool StoreAdmin::restore(const QString& url, const QString& copy, QStringList* notes, StoreError* error)
 {
     notes->clear();
-    return dispatch(
-        url, error, [&](const QString& file) { return SqliteAdmin::restore(file, copy, notes, error); },
-        [&] { return PostgresAdmin::restore(url, copy, notes, error); });
+    return dispatch(SqliteAdmin::restore, PostgresAdmin::restore, url, error, copy, notes);
 }
 
 bool StoreAdmin::putFile(const QString& url, const QString& folder, const QString& name,
@@ -211,9 +184,7 @@ bool StoreAdmin::putFile(const QString& url, const QString& folder, const QStrin
 
 QStringList StoreAdmin::files(const QString& url, StoreError* error)
 {
-    return dispatch(
-        url, error, [&](const QString& file) { return SqliteAdmin::files(file, error); },
-        [&] { return PostgresAdmin::files(url, error); });
+    return dispatch(SqliteAdmin::files, PostgresAdmin::files, url, error);
 }
 
 bool StoreAdmin::removeFile(const QString& url, const QString& folder, const QString& name, StoreError* error)
