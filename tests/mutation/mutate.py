@@ -113,6 +113,7 @@ class Tests:
         self.names = known_tests(build, *(["-L", f"^{room}$"] if room else ["-LE", "^desk$"]))
         targets = run(["ninja", "-C", build, "-t", "targets", "all"]).stdout
         self.programs = set(re.findall(r"^(\S+): phony$", targets, re.M))
+        self.failed = []  # the names of those that failed in the last run
 
     def of(self, path):
         """Those with the name of the source's class; they run first, since they cover most."""
@@ -127,8 +128,10 @@ class Tests:
     def passes(self, names):
         one = "|".join(re.escape(name) for name in names)
         command = ["ctest", "--test-dir", self.build, "-R", f"^({one})$", "-j2", "--stop-on-failure", "--timeout",
-                   "240", "-Q"]
-        return run(command).returncode == 0
+                   "240"]
+        done = run(command)
+        self.failed = re.findall(r"^\s*\d+ - (\S+) \(.*\)$", done.stdout, re.M)
+        return done.returncode == 0
 
     def judge(self, path):
         """None if it does not compile, otherwise whether a test failed."""
@@ -239,7 +242,7 @@ def take_away(build, path, names):
     if unknown:
         sys.exit(f"there are no such tests in {build}: {' '.join(sorted(unknown))}")
     if not (tests.make(wanted) and tests.passes(wanted)):
-        sys.exit("the tests fail before any change")
+        sys.exit(f"these fail before any change: {' '.join(tests.failed) or 'the build'}")
     survivors = []
     for one in chosen:
         original = one.path.read_bytes()
@@ -486,7 +489,7 @@ def main():
             if not names:
                 sys.exit(f"{room} has no tests in {build}")
             if not (rooms[room].make(names) and rooms[room].passes(names)):
-                sys.exit(f"the tests of {room} fail before any change")
+                sys.exit(f"these fail before any change: {' '.join(rooms[room].failed) or 'the build'}")
         place = f"{path.relative_to(ROOT)}:{number + 1}"
         original = path.read_bytes()
         lines = original.decode("utf-8").split("\n")
