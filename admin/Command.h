@@ -15,6 +15,16 @@ struct Streams {
     QTextStream* in = nullptr; ///< for commands that ask questions; null if nobody can answer
 };
 
+/// Makes a stream read and write UTF-8; in Qt 6 it does from the start.
+inline void setUtf8(QTextStream* stream)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    stream->setCodec("UTF-8");
+#else
+    Q_UNUSED(stream)
+#endif
+}
+
 /// One sub-command of vrk-admin.
 class Command
 {

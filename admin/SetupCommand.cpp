@@ -49,7 +49,7 @@ Command::ExitCode SetupCommand::run(const QStringList& arguments, Streams& strea
         return Failed;
     }
     QTextStream fromFile(&file);
-    fromFile.setCodec("UTF-8");
+    setUtf8(&fromFile);
 
     const bool isServer = url.startsWith(QLatin1String("postgres"));
     SitePlan plan;

@@ -205,7 +205,7 @@ QString Sheets::nearest(const QString& word, const QStringList& known)
             return one;
     }
     QString best;
-    int least = std::max(2, word.size() / 2);
+    int least = std::max(2, int(word.size()) / 2);
     for (const QString& one : known) {
         const int steps = distance(word.toCaseFolded(), one.toCaseFolded());
         if (steps <= least && (best.isEmpty() || steps < least)) {

@@ -51,7 +51,7 @@ function(vrk_icons target)
     file(CONFIGURE OUTPUT "${out}/${target}.qrc" @ONLY
          CONTENT "<RCC><qresource prefix=\"/\">\n@entries@</qresource></RCC>\n")
     add_custom_command(OUTPUT "${out}/${target}.cpp"
-        COMMAND Qt5::rcc --name ${target} -o "${out}/${target}.cpp" "${out}/${target}.qrc"
+        COMMAND Qt${VRK_QT}::rcc --name ${target} -o "${out}/${target}.cpp" "${out}/${target}.qrc"
         DEPENDS "${out}/${target}.qrc" ${depends} COMMENT "Packing ${target}" VERBATIM)
     add_library(${target} OBJECT "${out}/${target}.cpp")
     set_target_properties(${target} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)

@@ -28,7 +28,8 @@ set(VRK_PACKAGE lib/cmake/VrkPlatform)
 install(EXPORT VrkPlatform NAMESPACE VrkPlatform:: FILE VrkPlatformTargets.cmake DESTINATION ${VRK_PACKAGE} COMPONENT dev)
 include(CMakePackageConfigHelpers)
 write_basic_package_version_file("${CMAKE_BINARY_DIR}/VrkPlatformConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
-install(FILES cmake/VrkPlatformConfig.cmake cmake/VrkPlugin.cmake cmake/VrkIcons.cmake
+configure_file(cmake/VrkPlatformConfig.cmake "${CMAKE_BINARY_DIR}/VrkPlatformConfig.cmake" @ONLY)
+install(FILES "${CMAKE_BINARY_DIR}/VrkPlatformConfig.cmake" cmake/VrkPlugin.cmake cmake/VrkIcons.cmake
               "${CMAKE_BINARY_DIR}/VrkPlatformConfigVersion.cmake"
         DESTINATION ${VRK_PACKAGE} COMPONENT dev)
 install(PROGRAMS cmake/render-icons.sh DESTINATION ${VRK_PACKAGE} COMPONENT dev)

@@ -1,7 +1,12 @@
 # The platform for plug-ins: the targets VrkPlatform::Client and VrkPlatform::Hfn, and the functions vrk_icons and
 # vrk_plugin.
 include(CMakeFindDependencyMacro)
-find_dependency(Qt5 5.15 COMPONENTS Core Gui Widgets)
+set(VRK_QT @VRK_QT@)
+set(qt_components Core Gui Widgets)
+if(VRK_QT EQUAL 6)
+    list(APPEND qt_components Core5Compat)
+endif()
+find_dependency(Qt${VRK_QT} COMPONENTS ${qt_components})
 include("${CMAKE_CURRENT_LIST_DIR}/VrkPlatformTargets.cmake")
 include("${CMAKE_CURRENT_LIST_DIR}/VrkPlugin.cmake")
 include("${CMAKE_CURRENT_LIST_DIR}/VrkIcons.cmake")

@@ -2,7 +2,7 @@
 #
 #   vrk_precompiled(TARGET link...)
 #       TARGET uses precompiled Qt headers: those of the widgets, or if it links none of them (every link is
-#       Qt5::Core or a floor below the client) those of the core. Every source must still include what it
+#       Qt::Core or a floor below the client) those of the core. Every source must still include what it
 #       uses: a build with VRK_PRECOMPILE=OFF checks this.
 option(VRK_PRECOMPILE "Compile the toolkit's headers once" ON)
 
@@ -17,7 +17,7 @@ function(vrk_precompiled target)
     endif()
     set(kind gui)
     set(others ${ARGN})
-    list(REMOVE_ITEM others Qt5::Core SQLite::SQLite3 vrk_libpq vrk_hfn vrk_store vrk_demo vrk_parser vrk_hfn_testing)
+    list(REMOVE_ITEM others Qt::Core SQLite::SQLite3 vrk_libpq vrk_hfn vrk_store vrk_demo vrk_parser vrk_hfn_testing)
     if(NOT others)
         set(kind core)
     endif()
@@ -27,8 +27,8 @@ function(vrk_precompiled target)
         file(CONFIGURE OUTPUT "${empty}" CONTENT "// The precompiled headers need a source.\n")
         add_library(${owner} OBJECT "${empty}")
         set_target_properties(${owner} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
-        set(toolkit_core Qt5::Core)
-        set(toolkit_gui Qt5::Widgets)
+        set(toolkit_core Qt::Core)
+        set(toolkit_gui Qt::Widgets)
         target_link_libraries(${owner} PRIVATE ${toolkit_${kind}} vrk_settings)
         target_precompile_headers(${owner} PRIVATE ${${kind}_headers})
     endif()

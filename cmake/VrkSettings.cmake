@@ -29,6 +29,11 @@ add_library(vrk_settings INTERFACE)
 target_compile_options(vrk_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Woverloaded-virtual -Wnon-virtual-dtor
     -Wsuggest-override $<$<BOOL:${VRK_WERROR}>:-Werror>)
+if(VRK_QT EQUAL 6)
+    # Qt 5.15 does not have what takes the place of the deprecated functions.
+    target_compile_definitions(vrk_settings INTERFACE QT_NO_DEPRECATED_WARNINGS)
+endif()
+target_link_libraries(vrk_settings INTERFACE $<TARGET_NAME_IF_EXISTS:Qt6::Core5Compat>)
 target_compile_definitions(vrk_settings INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_MESSAGELOGCONTEXT)
 if(VRK_SANITIZE)

@@ -55,7 +55,7 @@ MDRData* DemoWriter::row(const char* table, MDRFlag flag, const QByteArray& key,
                                  MDRValue::number(value.toInt(), static_cast<MDRType>(field->type)));
             break;
         default: {
-            const QByteArray bytes = value.type() == QVariant::ByteArray
+            const QByteArray bytes = value.userType() == QMetaType::QByteArray
                                          ? value.toByteArray()
                                          : m_store->codec()->fromUnicode(value.toString());
             batch->rows->SetValF(record, name, MDRValue::text(bytes, static_cast<MDRType>(field->type)));

@@ -11,7 +11,7 @@ ModuleMenu::ModuleMenu(CVrkCliSes* session, const PluginCatalog& catalog, QWidge
 {
     setObjectName(QStringLiteral("moduleMenu"));
     m_changeUser->setObjectName(QStringLiteral("changeUserAction"));
-    m_changeUser->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_U);
+    m_changeUser->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_U);
     m_ownView->setObjectName(QStringLiteral("ownViewAction"));
     m_ownView->setToolTip(tr("Вернуть этому окну его место, размеры панелей и ширину столбцов"));
     setToolTipsVisible(true);

@@ -32,6 +32,12 @@ void PluginCatalog::read(const QString& file)
         qWarning().noquote() << file << "describes no library" << error.errorString();
         return;
     }
+    const int version = plugin.value(QLatin1String("qt")).toInt(QT_VERSION_MAJOR);
+    if (version != QT_VERSION_MAJOR) {
+        qWarning().noquote() << library << "is built for Qt" << version << "and this program for Qt"
+                             << QT_VERSION_MAJOR;
+        return;
+    }
     const QString beside = QDir::cleanPath(file + QStringLiteral("/../../lib/") + library);
     if (QFile::exists(beside))
         library = beside;

@@ -7,10 +7,11 @@
 /// The installed plug-ins, found by the descriptions in the folder "plugins" next to the programs. A
 /// description is a JSON file:
 ///
-///     { "library": "libName.so.1",
+///     { "library": "libName.so.1", "qt": 5,
 ///       "modules": [ { "name": "archive", "title": "Поиск по архиву", "right": "ADMINISTRATOR" } ] }
 ///
-/// The library is in the folder "lib" next to "plugins", or where the dynamic loader finds it; it creates
+/// "qt" is the major version of Qt that the library is built with. Both versions in one process would crash, so a
+/// library for the other one is not loaded. The library is in the folder "lib" next to "plugins", or where the dynamic loader finds it; it creates
 /// the modules through its exported function CppCliModule. "right" is optional. The menu has the order of
 /// the descriptions' file names. A description that cannot be read is skipped with a warning in the log.
 class PluginCatalog

@@ -18,19 +18,26 @@ bool isSet = false;
 
 void enlargeNothing()
 {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, false);
     QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
+#else
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Floor);
+#endif
 }
 
 QVector<ScreenScale::Screen> screensOf(int argc, char* argv[])
 {
     std::vector<char*> arguments(argv, argv + argc); // Qt removes some of them
     arguments.push_back(nullptr);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
+#endif
     const QGuiApplication application(argc, arguments.data());
     QVector<ScreenScale::Screen> screens;
     for (const QScreen* screen : QGuiApplication::screens())
-        screens.append({screen->name().toLocal8Bit(), screen->logicalDotsPerInch() / usualDots});
+        screens.append({screen->name().toLocal8Bit(),
+                        screen->logicalDotsPerInch() * screen->devicePixelRatio() / usualDots});
     return screens;
 }
 } // namespace

@@ -88,7 +88,7 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     m_modulesButton->setToolTip(tr("Другие модули, вид окна и смена пользователя (Ctrl + Shift + M)"));
     m_modulesButton->hide();
     layout->addWidget(m_modulesButton);
-    auto* menuKey = new QShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_M), this);
+    auto* menuKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M), this);
     connect(menuKey, &QShortcut::activated, m_modulesButton, &QToolButton::showMenu);
 
     m_unreadButton = new QToolButton;
@@ -106,7 +106,7 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     m_acknowledgeButton->setObjectName(QStringLiteral("acknowledgeButton"));
     m_acknowledgeButton->setText(tr("Понятно"));
     m_acknowledgeButton->setToolTip(tr("Убрать сообщения о неудачах (Ctrl + Shift + K)"));
-    m_acknowledgeButton->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_K);
+    m_acknowledgeButton->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_K);
     layout->addWidget(m_acknowledgeButton);
 
     m_themeButton = new QToolButton;
@@ -188,7 +188,7 @@ void StatusLine::setTexts(bool isShort)
     m_unreadButton->setText(
         (isShort ? tr("Комментарии: %1") : tr("Непрочитанных комментариев: %1")).arg(m_unread));
     m_themeButton->setText(isShort ? QStringLiteral("◐") : tr("День/ночь"));
-    m_themeButton->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_D); // a new text removes the shortcut
+    m_themeButton->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_D); // a new text removes the shortcut
     showClock();
 }
 

@@ -74,8 +74,8 @@ bool TourBook::write() const
     QSaveFile file(page());
     if (!file.open(QIODevice::WriteOnly))
         return false;
-    QTextStream out(&file);
-    out.setCodec("UTF-8");
+    QString text;
+    QTextStream out(&text);
     out << "<!DOCTYPE html>\n<html lang=\"ru\"><head><meta charset=\"utf-8\"><title>"
         << QCoreApplication::translate("TourBook", "Оперативный журнал: ночная смена")
         << "</title>\n<style>\n"
@@ -95,5 +95,6 @@ bool TourBook::write() const
     }
     out << "</body></html>\n";
     out.flush();
+    file.write(text.toUtf8());
     return file.commit();
 }

@@ -66,12 +66,16 @@ void doWithoutDisplay(int argc, char* argv[])
 /// must be 100 %.
 void scaleWindows(int argc, char* argv[])
 {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     if (std::any_of(argv, argv + argc, [](const char* word) { return qstrncmp(word, "--tour", 6) == 0; })) {
         ScreenScale::switchOff();
         return;
     }
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+#endif
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     ScreenScale::roundToQuarters(argc, argv);
 }

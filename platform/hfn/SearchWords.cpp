@@ -74,7 +74,7 @@ QVector<SearchWords::Term> SearchWords::terms(const QString& query)
         const bool hasDigit =
             std::any_of(word.begin(), word.end(), [](QChar c) { return isDigit(c.unicode()); });
         const bool isStarred =
-            word.size() >= shortestStarred && query.midRef(end).startsWith(QLatin1Char('*'));
+            word.size() >= shortestStarred && QStringView(query).mid(end).startsWith(QLatin1Char('*'));
         const bool isLong = !hasDigit && word.size() >= shortestBeginning;
         const Term term{isLong ? beginningOf(stemOf(word)) : stemOf(word), isLong || isStarred};
         const bool isKnown = std::any_of(all.cbegin(), all.cend(), [&term](const Term& one) {

@@ -57,7 +57,7 @@ private:
             const char* utf8 = row.data(index);
             m_recoded.resize(0);
             m_codePage.fromUtf8(utf8, row.size(index), &m_recoded);
-            value.value.text = {m_recoded.size(), m_recoded.constData()};
+            value.value.text = {int32_t(m_recoded.size()), m_recoded.constData()};
             m_held += m_recoded.size() + 1;
             break;
         }

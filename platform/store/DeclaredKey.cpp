@@ -53,6 +53,6 @@ QByteArray DeclaredKey::rowSql(const QByteArray& parameter, const QByteArray& ti
 
 bool DeclaredKey::isNumber(const QVariant& value)
 {
-    return value.type() == QVariant::Double || value.type() == QVariant::Int ||
-           value.type() == QVariant::LongLong || value.type() == QVariant::Bool;
+    return value.userType() == QMetaType::Double || value.userType() == QMetaType::Int ||
+           value.userType() == QMetaType::LongLong || value.userType() == QMetaType::Bool;
 }

@@ -38,7 +38,7 @@ TemplatesWidget::TemplatesWidget(QWidget* parent)
     m_form->templatesTree->installEventFilter(this);
 
     m_pinAction->setObjectName(QStringLiteral("pinAction"));
-    m_pinAction->setShortcut(Qt::CTRL + Qt::Key_D);
+    m_pinAction->setShortcut(Qt::CTRL | Qt::Key_D);
     m_pinAction->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     m_pinAction->setEnabled(false);
     addAction(m_pinAction);

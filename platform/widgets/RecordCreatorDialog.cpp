@@ -56,8 +56,8 @@ RecordCreatorDialog::~RecordCreatorDialog()
 
 void RecordCreatorDialog::connectWidgets()
 {
-    for (const int enter : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto* shortcut = new QShortcut(Qt::CTRL + enter, this);
+    for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* shortcut = new QShortcut(Qt::CTRL | enter, this);
         connect(shortcut, &QShortcut::activated, this, &RecordCreatorDialog::saveByKey);
     }
     auto* search = new QShortcut(QKeySequence::Find, this);

@@ -27,7 +27,7 @@ VrkPreviewTable::Cell boldCell(const QString& text)
     cell.isCentred = true;
     QTextCharFormat bold;
     bold.setFontWeight(QFont::Bold);
-    cell.formats.append({0, cell.text.size(), bold});
+    cell.formats.append({0, int(cell.text.size()), bold});
     return cell;
 }
 
@@ -53,7 +53,7 @@ QTextCharFormat cellFormat(const QModelIndex& index)
 void append(VrkPreviewTable::Cell* cell, const QString& text, const QTextCharFormat& format)
 {
     if (!format.isEmpty())
-        cell->formats.append({cell->text.size(), text.size(), format});
+        cell->formats.append({int(cell->text.size()), int(text.size()), format});
     cell->text += lines(text);
 }
 

@@ -133,10 +133,10 @@ QWidget* VrkPreviewWindow::makeBar()
     add("fitPageAction", tr("Страница целиком"), QKeySequence(), [this] { m_preview->fitInView(); });
     add("zoomInAction", tr("Крупнее"), QKeySequence::ZoomIn, [this] { m_preview->zoomIn(); });
     add("zoomOutAction", tr("Мельче"), QKeySequence::ZoomOut, [this] { m_preview->zoomOut(); });
-    add("previousPageAction", tr("Назад"), QKeySequence(Qt::ALT + Qt::Key_PageUp),
+    add("previousPageAction", tr("Назад"), QKeySequence(Qt::ALT | Qt::Key_PageUp),
         [this] { m_preview->setCurrentPage(m_preview->currentPage() - 1); });
     row->addWidget(m_pageLabel);
-    add("nextPageAction", tr("Вперёд"), QKeySequence(Qt::ALT + Qt::Key_PageDown),
+    add("nextPageAction", tr("Вперёд"), QKeySequence(Qt::ALT | Qt::Key_PageDown),
         [this] { m_preview->setCurrentPage(m_preview->currentPage() + 1); });
     auto* closeAction = new QAction(this);
     closeAction->setShortcut(Qt::Key_Escape);

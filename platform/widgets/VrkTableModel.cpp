@@ -142,7 +142,7 @@ QVariant VrkTableModel::data(const QModelIndex& index, int role) const
     const Column& column = m_columns[index.column()];
     const AbstractHfnCellData cell{m_codec, m_array, cellRecord, index.column(), role, this};
     const QVariant answer = (column.conversion ? column.conversion.data() : m_plain)->data(cell);
-    if (role == Qt::ToolTipRole && answer.type() == QVariant::String)
+    if (role == Qt::ToolTipRole && answer.userType() == QMetaType::QString)
         return ShownText::tip(answer.toString());
     if (role != Qt::ToolTipRole || answer.isValid() || column.field->type != mdr_TDouble)
         return answer;

@@ -10,11 +10,11 @@ QString LogText::fill(const QString& format, const QStringList& values)
         int end = i + 1;
         while (format.at(i) == QLatin1Char('%') && end < format.size() && format.at(end).isDigit())
             ++end;
-        const int number = format.midRef(i + 1, end - i - 1).toInt();
+        const int number = format.mid(i + 1, end - i - 1).toInt();
         if (number >= 1 && number <= values.size())
             result += values.at(number - 1);
         else
-            result += format.midRef(i, end - i);
+            result += format.mid(i, end - i);
         i = end;
     }
     return result;

@@ -46,8 +46,8 @@ CommentCreatorDialog::CommentCreatorDialog(QWidget* parent, int flag)
             [this] { m_form->applyButton->setEnabled(!m_form->commentEdit->toPlainText().isEmpty()); });
     connect(m_form->applyButton, &QPushButton::clicked, this, &CommentCreatorDialog::apply);
     connect(m_form->cancelButton, &QPushButton::clicked, this, &CommentCreatorDialog::close);
-    for (int key : {Qt::Key_Return, Qt::Key_Enter})
-        connect(new QShortcut(Qt::CTRL + key, this), &QShortcut::activated, m_form->applyButton,
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+        connect(new QShortcut(Qt::CTRL | key, this), &QShortcut::activated, m_form->applyButton,
                 &QPushButton::click);
     m_form->applyButton->setToolTip(QStringLiteral("Ctrl + Enter"));
 }

@@ -16,14 +16,14 @@ struct Button : TemplateAction {
     int key;
 };
 /// The first button opens a menu.
-const Button buttons[] = {{{"createButton", QT_TR_NOOP("Создать"), "add.png"}, Qt::CTRL + Qt::Key_N},
+const Button buttons[] = {{{"createButton", QT_TR_NOOP("Создать"), "add.png"}, Qt::CTRL | Qt::Key_N},
                           {{"deleteButton", QT_TR_NOOP("Удалить"), "remove.png",
                             &TemplateTab::isItemDeletable, &TemplateTab::deleteSelected},
                            Qt::Key_Delete},
                           {},
                           {{"saveButton", QT_TR_NOOP("Сохранить изменения"), "apply.png",
                             &TemplateTab::isExistUnsaved, &TemplateTab::applyChanges},
-                           Qt::CTRL + Qt::Key_S},
+                           Qt::CTRL | Qt::Key_S},
                           {{"cancelButton", QT_TR_NOOP("Отменить изменения"), "cancel.png",
                             &TemplateTab::isExistUnsaved, &TemplateTab::cancelChanges},
                            Qt::Key_Escape},

@@ -45,8 +45,8 @@ void WorkshiftDialog::setUpForm(QTableWidget* crew, TemplatesWidget* templates, 
                                 const QString& property, QPushButton* apply)
 {
     m_apply = apply;
-    for (int enter : {Qt::Key_Return, Qt::Key_Enter})
-        connect(new QShortcut(Qt::CTRL + enter, this), &QShortcut::activated, this,
+    for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter})
+        connect(new QShortcut(Qt::CTRL | enter, this), &QShortcut::activated, this,
                 &WorkshiftDialog::applyByKey);
     m_crewView = crew;
     m_crew = new CrewTable(crew, module()->session(), this);

@@ -165,7 +165,7 @@ private slots:
     {
         Setup s;
         QSignalSpy clicked(s.button, &QPushButton::clicked);
-        QShortcut shortcut(QKeySequence(Qt::CTRL + Qt::Key_N), &s.window);
+        QShortcut shortcut(QKeySequence(Qt::CTRL | Qt::Key_N), &s.window);
         QSignalSpy activated(&shortcut, &QShortcut::activated);
         s.pop.setGuarding(true);
         QCOMPARE(PopGuard::over(s.edit), nullptr); // not before it is shown

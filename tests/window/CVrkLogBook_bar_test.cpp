@@ -215,15 +215,15 @@ private slots:
         } buttons[] = {
             {"timeButton", "Перейти к текущей смене", ":/icons/clock.png", {}, true},
             {"workshiftButton", "Смена", ":/icons/workshift.png", {}, true},
-            {"createButton", "Добавить новую запись (Ctrl + N)", ":/icons/add.png", Qt::CTRL + Qt::Key_N,
+            {"createButton", "Добавить новую запись (Ctrl + N)", ":/icons/add.png", Qt::CTRL | Qt::Key_N,
              false},
             {"deleteButton", "Удалить", ":/icons/delete.png", {}, true},
             {"approveButton", "Утвердить", ":/icons/apply.png", {}, true},
             {"signButton", "Поставить визу на текущую запись", ":/icons/sign.png", {}, true},
             {"executionButton", "Время выполнения...", ":/icons/hour_glass.png", {}, false},
             {"commentsButton", "Комментарии", ":/icons/comment.png", {}, false},
-            {"reportButton", "Отчет... (Ctrl + P)", ":/icons/report.png", Qt::CTRL + Qt::Key_P, false},
-            {"searchButton", "Поиск (Ctrl + F)", ":/icons/search.png", Qt::CTRL + Qt::Key_F, false},
+            {"reportButton", "Отчет... (Ctrl + P)", ":/icons/report.png", Qt::CTRL | Qt::Key_P, false},
+            {"searchButton", "Поиск (Ctrl + F)", ":/icons/search.png", Qt::CTRL | Qt::Key_F, false},
             {"addButton", "Добавить журнал подразделения", ":/icons/add_blue.png", {}, false},
         };
         for (const auto& expected : buttons) {

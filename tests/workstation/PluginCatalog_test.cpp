@@ -80,6 +80,15 @@ private slots:
         QVERIFY(PluginCatalog(m_folder.filePath(QStringLiteral("nowhere"))).modules().isEmpty());
     }
 
+    void refusesTheOtherVersionOfTheToolkit()
+    {
+        write("60-g.json", R"({"library": "libG.so", "qt": 99, "modules": [{"name": "g", "title": "Г"}]})");
+        for (const char* warning :
+             {"30-c.json", "40-d.json", "50-e.json", "50-e.json", "libG.so is built for Qt 99"})
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QLatin1String(warning)));
+        QVERIFY(!catalog().module(QStringLiteral("g")));
+    }
+
     void theProgramTellsWhichModulesLoad()
     {
         QProcess program;

@@ -150,12 +150,12 @@ QByteArray translated(QString script, const SchemaScript::Dialect& dialect)
                 .replace(QLatin1String("%row"), operation == QLatin1String("DELETE") ? QStringLiteral("OLD")
                                                                                      : QStringLiteral("NEW"));
         };
-        made += script.midRef(end, one.capturedStart() - end);
+        made += script.mid(end, one.capturedStart() - end);
         made += filled(dialect.head) + one.captured(QStringLiteral("body")).replace(refusal, refuse) +
                 filled(dialect.tail);
         end = one.capturedEnd();
     }
-    return (made + script.midRef(end)).toUtf8();
+    return (made + script.mid(end)).toUtf8();
 }
 } // namespace
 
