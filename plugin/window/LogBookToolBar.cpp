@@ -161,7 +161,7 @@ QToolButton* LogBookToolBar::newButton(const Item& item)
     button->setIcon(QIcon(QLatin1String(item.icon)));
     button->setToolTip(tr(item.text));
     if (item.key) {
-        button->setShortcut(Qt::CTRL | item.key);
+        button->setShortcut(Qt::CTRL | Qt::Key(item.key));
         button->setToolTip(button->toolTip() + QStringLiteral(" (Ctrl + %1)").arg(QLatin1Char(item.key)));
     }
     addWidget(button);
