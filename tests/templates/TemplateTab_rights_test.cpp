@@ -48,8 +48,9 @@ private:
         add(Configurator::in<QWidget>(page, "categoryNameEdit")->isEnabled() &&
                 Configurator::in<QWidget>(page, "templateTimeBox")->isEnabled(),
             "edit");
-        add(Configurator::tree(page)->dragEnabled() && Configurator::tree(page)->viewport()->acceptDrops(),
-            "drag");
+        const QTreeView* tree = Configurator::tree(page);
+        add(tree->dragEnabled() && tree->viewport()->acceptDrops(), "drag");
+        add(tree->model()->flags(tree->currentIndex()) & Qt::ItemIsDropEnabled, "drop");
         return words.join(QLatin1Char(' '));
     }
     int lastInserted(const char* table) const
@@ -90,9 +91,9 @@ private slots:
             QTest::addRow("%s %s", login, page)
                 << QString::fromLatin1(login) << QString::fromLatin1(page) << list;
         };
-        const char folder[] = "folder menu edit drag";
-        const char category[] = "folder template delete menu paste key edit drag";
-        const char item[] = "folder template delete menu copy paste key edit drag";
+        const char folder[] = "folder menu edit drag drop";
+        const char category[] = "folder template delete menu paste key edit drag drop";
+        const char item[] = "folder template delete menu copy paste key edit drag drop";
         row("ivanov", "publicTemplates", {{"CAT_COMMON", ""}, {"TPL_OPEN", ""}});
         row("ivanov", "orgsTemplates", {{"TYPE_NETS", ""}, {"CAT_NETS", ""}, {"TPL_TRIP", ""}});
         row("ivanov", "depsTemplates", {{"DEP_CDS", ""}, {"CAT_CDS", ""}, {"TPL_TEXT", ""}});
@@ -101,8 +102,8 @@ private slots:
             {{"TYPE_NETS", "menu"}, {"CAT_NETS", "menu"}, {"TPL_TRIP", "menu copy"}});
         row("smirnov", "depsTemplates", {{"DEP_ZAR", folder}, {"CAT_ZAR", category}, {"TPL_ZAR", item}});
         row("sidorova", "publicTemplates",
-            {{"CAT_COMMON", "root folder template delete menu paste key edit drag"},
-             {"TPL_OPEN", "root folder template delete menu copy paste key edit drag"}});
+            {{"CAT_COMMON", "root folder template delete menu paste key edit drag drop"},
+             {"TPL_OPEN", "root folder template delete menu copy paste key edit drag drop"}});
         row("sidorova", "orgsTemplates", {{"TYPE_NETS", folder}, {"CAT_NETS", category}, {"TPL_TRIP", item}});
         row("sidorova", "depsTemplates", {{"DEP_CDS", folder}, {"CAT_CDS", category}, {"TPL_TEXT", item}});
     }
