@@ -21,9 +21,7 @@ CVrkLogBook::CVrkLogBook(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::CVrk
     resize(1219, 602);
     setContextMenuPolicy(Qt::NoContextMenu);
     setStyleSheet(QString());
-    const QSize size = this->size();
     m_form->setupUi(this);
-    resize(size);
     setModuleStyle();
     configureAddButton();
 }

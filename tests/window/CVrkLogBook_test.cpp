@@ -202,19 +202,23 @@ void CVrkLogBook_test::aUserWithoutAWorkerGetsAnError()
 
 void CVrkLogBook_test::reportsAMissingTable()
 {
-    m_client = std::make_unique<TestClient>(*m_store);
-    QCOMPARE(m_store->dropTables({QStringLiteral("Departments")}), QString());
-    m_window = std::make_unique<CVrkLogBook>(&m_client->app());
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Departments")));
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(QStringLiteral("bool CVrkLogBook::hasErrorUpload\\(\\).*"
-                                                           "Не удалось загрузить таблицу Departments")));
-    QVERIFY(!m_window->ModuleStart());
-    auto* box = m_window->findChild<CPopMessageBox*>();
-    QVERIFY(box && box->isVisible());
-    QCOMPARE(box->text(), QStringLiteral("<center>Не удалось загрузить данные!</center>"));
-    QVERIFY(!button("addButton")->isEnabled());
-    QVERIFY(!home()->isInit());
+    for (const char* table : {"OrgTypes", "Departments"}) {
+        const TestStore store;
+        TestClient client(store);
+        QCOMPARE(store.dropTables({QLatin1String(table)}), QString());
+        CVrkLogBook window(&client.app());
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QLatin1String(table)));
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("bool CVrkLogBook::hasErrorUpload\\(\\).*"
+                                                               "Не удалось загрузить таблицу ") +
+                                                QLatin1String(table)));
+        QVERIFY(!window.ModuleStart());
+        const auto* box = window.findChild<CPopMessageBox*>();
+        QVERIFY(box && box->isVisible());
+        QCOMPARE(box->text(), QStringLiteral("<center>Не удалось загрузить данные!</center>"));
+        QVERIFY(!window.findChild<QToolButton*>(QStringLiteral("addButton"))->isEnabled());
+        QVERIFY(!window.findChild<LogBookWidget*>(QStringLiteral("homeLogbook"))->isInit());
+    }
 }
 
 void CVrkLogBook_test::theBarIsBuiltInOrder()
