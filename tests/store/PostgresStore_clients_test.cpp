@@ -150,6 +150,21 @@ private slots:
         QCOMPARE(begin(*link, write + "; COMMIT"), QByteArray());
     }
 
+    void aBatchKeyIsWrittenOnce()
+    {
+        const auto link = person();
+        const QByteArray write =
+            "BEGIN; SELECT set_config('vrk.batch_key', 'ONCE', true), set_config('vrk.loader', "
+            "'off', true); UPDATE LogbookComments SET readedTime = 5 WHERE KeyLink = "
+            "'COM_UNREAD'; COMMIT";
+        QCOMPARE(run(*link, write), QByteArray());
+        QCOMPARE(run(*link, write), QByteArray("23505")); // not unique
+        QCOMPARE(
+            m_files->value(QStringLiteral("SELECT count(*) FROM ChangeTransactions WHERE batchKey = 'ONCE'"))
+                .toInt(),
+            1);
+    }
+
     void clientSettingsDoNotChangeLoggedNumbers()
     {
         QCOMPARE(begin(*person(),
