@@ -1,6 +1,7 @@
 #include "FailingStore.h"
 #include "HfnTime.h"
 #include "JournalWindow.h"
+#include "LogbookFields.h"
 #include "LogWatch.h"
 #include "RecordValue.h"
 #include "TestJournal.h"
@@ -111,7 +112,8 @@ private slots:
         QCOMPARE(count(journal, "WorkerRoles"), 3);
         QVERIFY(count(journal, "LogbookCatsTemplate") >= 5);
         QVERIFY(count(journal, "LogbookTemplates") >= 5);
-        QCOMPARE(MDAFldCount(journal.tab().table(QStringLiteral("LogbookRecords"))->data.array), 18);
+        QCOMPARE(MDAFldCount(journal.tab().table(QStringLiteral("LogbookRecords"))->data.array),
+                 fieldCount(LogbookRecordExtFields));
         QCOMPARE(journal.tab().table(QStringLiteral("Workers")),
                  journal.location().table(QStringLiteral("Workers")));
         QVERIFY(!journal.tab().table(QStringLiteral("Nothing")));

@@ -17,7 +17,9 @@ EDITS = {
 
 def carry_out(kitchen):
     kitchen.scratch.edit(EDITS)
-    kitchen.scratch.build("vrk-admin")
+    kitchen.scratch.build("vrk-admin", "TableCatalog_test", "LogBookWidget_load_test")
+    kitchen.scratch.run("TableCatalog_test")
+    kitchen.scratch.run("LogBookWidget_load_test")
     stores = kitchen.stores()
     for store in stores:
         kitchen.require(store.columns("LogbookRecords")[-2:], ["direction", "weather"], store.url)
