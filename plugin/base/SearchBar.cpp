@@ -50,7 +50,7 @@ void SearchBar::searchDown()
     const int next = hits.indexOf(m_controls.view->currentIndex()) + 1;
     if (next < hits.size()) {
         m_goTo(hits.at(next));
-        m_controls.up->setEnabled(hits.size() > 1);
+        m_controls.up->setEnabled(m_controls.isUpOnForOneHit || hits.size() > 1);
     }
     if (next >= hits.size() - 1)
         m_controls.down->setEnabled(false);

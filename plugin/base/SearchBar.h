@@ -20,6 +20,7 @@ public:
         QToolButton* up;
         QToolButton* down;
         QAbstractItemView* view;
+        bool isUpOnForOneHit = false; ///< after the way down to the only hit
     };
     /// \a matches returns all hits for a text in their order; \a goTo makes a hit current and visible.
     SearchBar(const Controls& controls, std::function<QModelIndexList(const QString& text)> matches,

@@ -108,7 +108,7 @@ void TemplateTab::createConnections()
 {
     QTreeView* tree = m_form->templatesTree;
     new SearchBar(
-        {m_form->searchEdit, m_form->upSearchButton, m_form->downSearchButton, tree},
+        {m_form->searchEdit, m_form->upSearchButton, m_form->downSearchButton, tree, true},
         [this](const QString& text) { return matcheIndexes(text); },
         [tree](const QModelIndex& hit) {
             const StillTree still(tree);

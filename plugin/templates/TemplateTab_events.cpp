@@ -232,18 +232,15 @@ void TemplateTab::whereInsert(int& row, QModelIndex& parent, TEventNciParse* eve
     const EventRow arrived(*event);
     const CModelTable* folders = &m_tables.categories;
     MDRVar key = arrived.value(isCategory ? Field::ParentKey : Field::CategoryKey);
-    const char* const ownScope = m_level->scopeField;
     for (const char* scope : fieldNames(Field::OrgTypeKey, Field::DepartmentKey)) {
         if (!isCategory || arrived.value(scope).isNull)
             continue;
-        if (qstrcmp(scope, ownScope) != 0)
-            return; // a category of another level
-        key = arrived.value(scope);
+        key = arrived.value(scope); // one of another level is not among the roots
         folders = roots();
     }
     if (MDRValue::hasText(key))
         parent = m_model->indexByRecord(recordByKeyLink(folders, key.value.text.data));
-    const bool isTop = isCategory && !ownScope && !MDRValue::hasText(key);
+    const bool isTop = isCategory && !m_level->scopeField && !MDRValue::hasText(key);
     if (parent.isValid() || isTop)
         row = isCategory ? m_model->nextCategoryRow(parent) : m_model->nextTemplateRow(parent);
 }

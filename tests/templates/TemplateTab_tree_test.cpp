@@ -245,6 +245,20 @@ private slots:
         QVERIFY(!down(page)->isEnabled() && !up(page)->isEnabled());
     }
 
+    void theWayUpStaysOpenForTheOnlyHit()
+    {
+        Configurator one(*m_store);
+        TemplateTab* page = one.show(one.common());
+        searchEdit(page)->setText(QStringLiteral("СМЕНЫ"));
+        const auto loader = m_store->openLoader();
+        QVERIFY(TestStore::write(loader.get(), "LogbookTemplates", ROW_DELETE, "TPL_CLOSE"));
+        one.deliver();
+        QVERIFY(Configurator::select(page, "TPL_ORDER"));
+        down(page)->click();
+        QCOMPARE(Configurator::currentKey(page), QStringLiteral("TPL_OPEN"));
+        QVERIFY(up(page)->isEnabled() && !down(page)->isEnabled());
+    }
+
     void foundAndCreatedItemsStayVisible()
     {
         const auto loader = m_store->openLoader();
