@@ -18,14 +18,14 @@ struct Button : TemplateAction {
 /// The first button opens a menu.
 const Button buttons[] = {{{"createButton", QT_TR_NOOP("Создать"), "add.png"}, Qt::CTRL | Qt::Key_N},
                           {{"deleteButton", QT_TR_NOOP("Удалить"), "remove.png",
-                            &TemplateTab::isItemDeletable, &TemplateTab::deleteSelected},
+                            is<&TemplateTab::isItemDeletable>, &TemplateTab::deleteSelected},
                            Qt::Key_Delete},
                           {},
                           {{"saveButton", QT_TR_NOOP("Сохранить изменения"), "apply.png",
-                            &TemplateTab::isExistUnsaved, &TemplateTab::applyChanges},
+                            is<&TemplateTab::isExistUnsaved>, &TemplateTab::applyChanges},
                            Qt::CTRL | Qt::Key_S},
                           {{"cancelButton", QT_TR_NOOP("Отменить изменения"), "cancel.png",
-                            &TemplateTab::isExistUnsaved, &TemplateTab::cancelChanges},
+                            is<&TemplateTab::isExistUnsaved>, &TemplateTab::cancelChanges},
                            Qt::Key_Escape},
                           {}};
 } // namespace
@@ -135,11 +135,11 @@ void CVrkTemplateEditor::updateControls()
     const QList<QAction*> creating = m_createButton->menu()->actions();
     bool isCreatable = false;
     for (int i = 0; i < creatingActions; ++i) {
-        creating[i]->setEnabled((tab->*templateActions[i].isEnabled)());
+        creating[i]->setEnabled(templateActions[i].isEnabled(*tab));
         isCreatable = isCreatable || creating[i]->isEnabled();
     }
     m_createButton->setEnabled(isCreatable);
     for (const Button& row : buttons)
         if (row.isEnabled)
-            m_toolBar->findChild<QToolButton*>(QLatin1String(row.name))->setEnabled((tab->*row.isEnabled)());
+            m_toolBar->findChild<QToolButton*>(QLatin1String(row.name))->setEnabled(row.isEnabled(*tab));
 }

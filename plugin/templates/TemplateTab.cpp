@@ -332,7 +332,7 @@ void TemplateTab::contextMenuRequest(const QPoint& pos)
     const QList<QAction*> actions = m_menu->actions();
     for (int i = 0; i < actions.size(); ++i)
         if (templateActions[i].isEnabled)
-            actions[i]->setEnabled((this->*templateActions[i].isEnabled)());
+            actions[i]->setEnabled(templateActions[i].isEnabled(*this));
     m_menu->popup(m_form->templatesTree->viewport()->mapToGlobal(pos));
 }
 
