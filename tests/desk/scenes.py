@@ -243,7 +243,7 @@ def dialog_with_time(seat, cls, choose):
 def show_second_marker(seat):
     current = next(r for r in records(seat.tree()) if r["current"])
     seat.click(current, button=3)
-    entry = next(i for m in seat.tree().find(cls="QMenu") for i in m.get("items", [])[1:2])
+    entry = next(i for m in seat.tree().find("recordMenu") for i in m.get("items", [])[1:2])
     seat.click(entry)
 
 
