@@ -336,8 +336,12 @@ def find(seat):
     seat.expect_focus("recordsTable")
 
 
+def shown_period(tree):
+    """The text of the bar; the rows that are visible depend on the hour."""
+    return tree.one("intervalLabel").get("text", "")
+
+
 def period(seat):
-    before = len(records(seat.tree()))
     seat.drop("timeButton", "Выбрать интервал")
     seat.open("DateTimeRangeDialog")
     seat.press("Escape")
@@ -349,9 +353,9 @@ def period(seat):
     seat.endure("DateTimeRangeDialog")
     seat.click("applyButton", inside="DateTimeRangeDialog")
     seat.gone("DateTimeRangeDialog")
-    seat.wait(lambda tree: len(records(tree)) > before, "more records")
+    seat.wait(lambda tree: shown_period(tree).startswith("Время:") and records(tree), "the records of the interval")
     seat.drop("timeButton", "Текущая смена")
-    seat.wait(lambda tree: len(records(tree)) == before, "the shift")
+    seat.wait(lambda tree: shown_period(tree).startswith("Смена:") and records(tree), "the shift")
     seat.drop("timeButton", "Выбрать смену")
     seat.open("WorkshiftsDialog")
     seat.press("Down")
