@@ -135,6 +135,7 @@ QWidget* VrkPreviewWindow::makeBar()
     add("zoomOutAction", tr("Мельче"), QKeySequence::ZoomOut, [this] { m_preview->zoomOut(); });
     add("previousPageAction", tr("Назад"), QKeySequence(Qt::ALT | Qt::Key_PageUp),
         [this] { m_preview->setCurrentPage(m_preview->currentPage() - 1); });
+    m_pageLabel->setMinimumHeight(row->itemAt(0)->sizeHint().height()); // in line with the buttons
     row->addWidget(m_pageLabel);
     add("nextPageAction", tr("Вперёд"), QKeySequence(Qt::ALT | Qt::Key_PageDown),
         [this] { m_preview->setCurrentPage(m_preview->currentPage() + 1); });
