@@ -78,14 +78,13 @@ void FilesPane::reload(const MDRData* record)
 QPixmap FilesPane::iconOf(const QString& fileName)
 {
     constexpr int side = 16;
-    const int dot = fileName.lastIndexOf(QLatin1Char('.'));
-    const QString suffix = dot < 0 ? QString() : fileName.mid(dot);
+    const QString suffix = QFileInfo(fileName).suffix();
     const auto known = m_icons.constFind(suffix);
     if (known != m_icons.constEnd())
         return *known;
 
-    // The icon provider reads only real files. Without one, as for a suffix with a slash, the icon is the usual one.
-    QTemporaryFile sample(QDir::tempPath() + QStringLiteral("/XXXXXX") + suffix);
+    // The icon provider reads only real files. A suffix has no slash, so the file is in this folder.
+    QTemporaryFile sample(QDir::tempPath() + QStringLiteral("/XXXXXX.") + suffix);
     if (sample.open())
         sample.close();
     QPixmap icon = QFileIconProvider().icon(QFileInfo(sample.fileName())).pixmap(side, side);
