@@ -7,9 +7,10 @@
 namespace
 {
 /// The password and the colon before it.
-QRegularExpression passwordInAuthority()
+const QRegularExpression& passwordInAuthority()
 {
-    return QRegularExpression(QStringLiteral("(?<=://)([^:/@]*)\\K:[^@/]*(?=@)"));
+    static const QRegularExpression expression(QStringLiteral("(?<=://)([^:/@]*)\\K:[^@/]*(?=@)"));
+    return expression;
 }
 } // namespace
 

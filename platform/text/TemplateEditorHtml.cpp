@@ -25,18 +25,19 @@ const QString lineEnd = QStringLiteral("<br/>");
 /// One character of a line in the form to be written.
 struct Piece {
     QChar character;
-    QTextCharFormat format;
-    bool isChip;
+    Looks looks;
+    QTextFormat chip; ///< invalid if it is a character of the text
 };
 
 bool isBlank(const Piece& piece)
 {
-    return !piece.isChip && piece.character == QLatin1Char(' ');
+    return !piece.chip.isValid() && piece.character == QLatin1Char(' ');
 }
 
 bool showsNothing(const Piece& piece)
 {
-    return piece.isChip && TemplateEditorChip::fromFormat(piece.format).shownText.isEmpty();
+    return piece.chip.isValid() &&
+           TemplateEditorChip::fromFormat(piece.chip.toCharFormat()).shownText.isEmpty();
 }
 
 /// Looks whose elements enclose runs of passages; strike-outs enclose each passage separately, because that
@@ -64,15 +65,14 @@ public:
     {
         keepBlanks(pieces);
         for (const Piece& piece : qAsConst(pieces)) {
-            if (piece.isChip) {
-                const TemplateEditorChip chip = TemplateEditorChip::fromFormat(piece.format);
+            if (piece.chip.isValid()) {
+                const TemplateEditorChip chip = TemplateEditorChip::fromFormat(piece.chip.toCharFormat());
                 beginPassage(chip.looks);
                 m_html += chip.html();
             } else {
-                const Looks looks = TemplateText::looksOf(piece.format);
-                if (looks != m_passageLooks || outerOf(looks) != m_outerLooks)
-                    beginPassage(looks);
-                m_passageLooks = looks;
+                if (piece.looks != m_passageLooks || outerOf(piece.looks) != m_outerLooks)
+                    beginPassage(piece.looks);
+                m_passageLooks = piece.looks;
                 m_passage += piece.character;
             }
         }
@@ -141,15 +141,18 @@ private:
 QVector<Piece> piecesOf(const QTextBlock& block, int from, int to)
 {
     QVector<Piece> pieces;
+    pieces.reserve(block.length());
     for (auto it = block.begin(); !it.atEnd(); ++it) {
         const QTextFragment fragment = it.fragment();
         const QTextCharFormat format = fragment.charFormat();
+        const QTextFormat chip = TemplateEditorChip::isChip(format) ? QTextFormat(format) : QTextFormat();
+        const Looks looks = TemplateText::looksOf(format);
         const QString text = fragment.text();
         for (int i = 0; i < text.size(); ++i) {
             const int position = fragment.position() + i;
             const bool isObject = text.at(i) == QChar::ObjectReplacementCharacter;
-            if (position >= from && position < to && (!isObject || TemplateEditorChip::isChip(format)))
-                pieces.append({text.at(i), format, isObject});
+            if (position >= from && position < to && (!isObject || chip.isValid()))
+                pieces.append({text.at(i), looks, isObject ? chip : QTextFormat()});
         }
     }
     return pieces;

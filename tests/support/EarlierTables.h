@@ -13,7 +13,8 @@ class EarlierTables : public ConverterTables
 public:
     EarlierTables()
     {
-        codec = QTextCodec::codecForName("Windows-1251");
+        static QTextCodec* const cyrillic = QTextCodec::codecForName("Windows-1251");
+        codec = cyrillic;
         for (CModelTable* table : {&oldCategories, &oldTemplates, &oldParams, &categories, &templates,
                                    &paramCategories, &params}) {
             const auto fields = TableCatalog::table(QByteArray::fromStdString(table->name))->descriptors();

@@ -71,6 +71,7 @@ QVariant valueOf(const QByteArray& bytes)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static Host host;
+    static const QSettings open; // keeps what was read of the file
     static QMainWindow window;
     static auto* splitter = new QSplitter;
     static const bool isMade = [] {
@@ -99,7 +100,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (int pane : splitter->sizes())
         fuzzRequire(pane >= 0 && pane <= 20000);
     memory.save();
-    memory.reset();
+    if (size % 8 == 0)
+        memory.reset();
     return 0;
 }
 
