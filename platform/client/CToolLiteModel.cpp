@@ -33,9 +33,7 @@ int CToolLiteModel::Perform(bool)
         auto table = std::make_unique<CModelTable>(name.toStdString());
         CMDArray& rows = table->data;
         rows = answer;
-        while (MDAKeyCount(rows.array) > 0)
-            MDAKeyDel(rows.array, 0);
-        rows.KeyAdd(Field::KeyLink, 0);
+        rows.setKeys({Field::KeyLink});
         if (table->name == "Tables")
             rows.KeyAdd(Field::nameLat, 0);
         m_loaded.insert(table->name);

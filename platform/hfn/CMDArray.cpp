@@ -1,5 +1,6 @@
 #include "CMDArray.h"
 
+#include <algorithm>
 #include <cstring>
 
 CMDArray& CMDArray::operator=(MDArray* answer)
@@ -26,6 +27,15 @@ int CMDArray::KeyAdd(const char* fields, int flags)
     descriptor.flags = flags;
     lastError = MDAKeyAdd(array, 1, &descriptor);
     return lastError;
+}
+
+void CMDArray::setKeys(std::initializer_list<const char*> keys)
+{
+    int added = 0;
+    for (const char* fields : keys)
+        added += KeyAdd(fields, 0) == mdr_Ok ? 1 : 0;
+    while (MDAKeyCount(array) > std::max(added, 1))
+        lastError = MDAKeyDel(array, 0);
 }
 
 MDRData* CMDArray::RecPost(MDRData* record)

@@ -2,6 +2,8 @@
 
 #include "MDArray.h"
 
+#include <initializer_list>
+
 /// Value holder of one record array: owns the array and keeps the code of the last operation.
 class VRK_EXPORT CMDArray
 {
@@ -17,6 +19,9 @@ public:
 
     /// Adds a key (format of MDRKeyDescr) as the last one; returns the code.
     int KeyAdd(const char* fields, int flags);
+    /// Replaces all keys by these, in order. One that cannot be added is left out; the last key stays, because an
+    /// array without a key counts as empty.
+    void setKeys(std::initializer_list<const char*> keys);
     /// Posts a record of this array and returns its final address; null for null and foreign records.
     MDRData* RecPost(MDRData* record);
     /// Sets a field and its user mark; does nothing if the field does not exist.

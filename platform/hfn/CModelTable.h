@@ -9,6 +9,14 @@ class VRK_EXPORT CModelTable
 {
 public:
     explicit CModelTable(const std::string& name);
+    /// With these fields and one key, such as Field::KeyLink; "" is the order of entry.
+    template <int Count>
+    CModelTable(const std::string& tableName, const MDRFieldDescr (&fields)[Count], const char* key)
+        : CModelTable(tableName)
+    {
+        data.lastError = MDAFldAdd(data.array, Count, fields);
+        data.KeyAdd(key, 0);
+    }
 
     operator CMDArray&() { return data; }
     operator const CMDArray&() const { return data; }

@@ -11,6 +11,10 @@ class VRK_EXPORT CRowBatch : public CMDArray
 public:
     /// lastError says whether the fields were accepted.
     CRowBatch(const MDRFieldDescr* fields, int count);
+    template <int Count>
+    explicit CRowBatch(const MDRFieldDescr (&fields)[Count]) : CRowBatch(fields, Count)
+    {
+    }
     /// Takes the fields of another array, without its records.
     explicit CRowBatch(const CMDArray& structure);
 

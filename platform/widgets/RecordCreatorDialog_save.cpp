@@ -52,7 +52,7 @@ bool RecordCreatorDialog::insert()
     CVrkCliSes* session = m_module->session();
     const QByteArray shift = m_workshiftKey.toUtf8();
     const QByteArray worker = m_workerKey.toUtf8();
-    CRowBatch rows(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch rows(LogbookRecordFields);
     MDRData* row = rows.newRow(ROW_INSERT, m_key);
     rows.SetValF(row, Field::ShiftKey, MDRValue::text(shift));
     rows.SetValF(row, Field::WorkerKey, MDRValue::text(worker));
@@ -90,7 +90,7 @@ bool RecordCreatorDialog::update()
 {
     CVrkCliSes* session = m_module->session();
     m_sent = draft();
-    CRowBatch rows(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch rows(LogbookRecordFields);
     MDRData* row = rows.newRow(ROW_UPDATE, m_key);
     if (!m_sent.writeChanges(rows, row, m_before, session->codec())) {
         MDARecDel(row);

@@ -32,9 +32,7 @@ void ConverterTables::setKeys()
          {&oldCategories, &oldTemplates, &oldParams, &categories, &templates, &paramCategories, &params}) {
         CMDArray& rows = *table;
         rows.lastError = MDAUnpackForWrite(rows.array);
-        rows.KeyAdd(Field::KeyLink, 0);
-        while (MDAKeyCount(rows.array) > 1)
-            rows.lastError = MDAKeyDel(rows.array, 0);
+        rows.setKeys({Field::KeyLink});
     }
     categories.data.KeyAdd(Field::nameLoc, 0);
     templates.data.KeyAdd(Field::nameLoc, 0);

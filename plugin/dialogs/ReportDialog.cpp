@@ -19,7 +19,7 @@
 ReportDialog::ReportDialog(QWidget* parent, int flag)
     : CPopTemplate(parent, flag),
       m_form(new Ui::ReportDialog),
-      m_records(LogbookTable::Records),
+      m_records(LogbookTable::Records, LogbookRecordExtFields, ""),
       m_preview(new VrkPreview(this)),
       m_tableTool(new VrkTableTool(this)),
       m_filter(new FilterOnlyApprove(this))
@@ -28,11 +28,8 @@ ReportDialog::ReportDialog(QWidget* parent, int flag)
     setWindowIcon(QIcon(QStringLiteral(":/icons/report.png")));
     createToolBar();
 
-    CMDArray& records = m_records.data;
-    records.lastError = MDAFldAdd(records.array, fieldCount(LogbookRecordExtFields), LogbookRecordExtFields);
-    records.KeyAdd("", 0);
     m_tableTool->setTableView(m_form->recordsTable);
-    m_tableTool->setCMDArray(&records);
+    m_tableTool->setCMDArray(&m_records.data);
     m_tableTool->setDefaultSettingsView();
     m_tableTool->proxy()->setFilterRows(m_filter);
 

@@ -9,14 +9,6 @@
 
 namespace
 {
-/// Sets KeyLink as the only key.
-void setKeyLinkAsKey(CMDArray& table)
-{
-    table.KeyAdd(Field::KeyLink, 0);
-    while (MDAKeyCount(table.array) > 1)
-        table.lastError = MDAKeyDel(table.array, 0);
-}
-
 QString sqlTime(const QDateTime& time)
 {
     return QString::number(DateTime_To_HfnTime(time), 'g', 10);
@@ -100,8 +92,7 @@ void JournalLoader::uploadOpenWorkshift()
                             .arg(QLatin1String(LogbookTable::Workshifts), QLatin1String(Field::DepartmentKey),
                                  m_location->departmentKey(), QLatin1String(Field::CloseWorkerKey));
     request(m_shown.workshifts, sql, "void LogBookWidget::uploadOpenWorkshift()");
-    setKeyLinkAsKey(m_shown.workshifts);
-    m_shown.workshifts.data.KeyAdd(Field::createdAt, 0);
+    m_shown.workshifts.data.setKeys({Field::KeyLink, Field::createdAt});
     m_shown.workshift = MDARec(m_shown.workshifts.data.array, 1, 0);
 }
 
@@ -112,7 +103,7 @@ void JournalLoader::uploadWorkshift(const QString& key)
     const QString sql = QString::fromLatin1(LogbookSql::ByField)
                             .arg(QLatin1String(LogbookTable::Workshifts), QLatin1String(Field::KeyLink), key);
     request(m_shown.workshifts, sql, "void LogBookWidget::uploadWorkshift(const QString&)");
-    setKeyLinkAsKey(m_shown.workshifts);
+    m_shown.workshifts.data.setKeys({Field::KeyLink});
 }
 
 void JournalLoader::uploadWorkersWorkshiftTable()
@@ -122,7 +113,7 @@ void JournalLoader::uploadWorkersWorkshiftTable()
     const QString sql = QString::fromLatin1(LogbookSql::WorkersWorkshift)
                             .arg(QLatin1String(LogbookTable::WorkersWorkshift), m_shown.workshiftKeyLink());
     request(m_shown.crew, sql, "void LogBookWidget::uploadWorkersWorkshiftTable()");
-    setKeyLinkAsKey(m_shown.crew);
+    m_shown.crew.data.setKeys({Field::KeyLink});
 }
 
 void JournalLoader::uploadRecordsWorkshift()
@@ -184,7 +175,7 @@ void JournalLoader::uploadOfDepartment(CModelTable& target, const char* signatur
     const QString sql = QString::fromLatin1(LogbookSql::OfDepartment)
                             .arg(QString::fromStdString(target.name), m_location->departmentKey());
     request(target, sql, signature);
-    setKeyLinkAsKey(target);
+    target.data.setKeys({Field::KeyLink});
 }
 
 void JournalLoader::uploadWorkerRolesTable()
@@ -195,7 +186,7 @@ void JournalLoader::uploadWorkerRolesTable()
         QString::fromLatin1(LogbookSql::WorkerRoles)
             .arg(QLatin1String(LogbookTable::WorkerRoles), TableLoad::quotedKeys(m_shown.roles.data));
     request(m_shown.workerRoles, sql, "void LogBookWidget::uploadWorkerRolesTable()");
-    setKeyLinkAsKey(m_shown.workerRoles);
+    m_shown.workerRoles.data.setKeys({Field::KeyLink});
 }
 
 void JournalLoader::uploadTemplatesTable()

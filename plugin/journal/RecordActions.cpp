@@ -36,14 +36,14 @@ bool RecordActions::send(CRowBatch& batch)
 
 bool RecordActions::deleteRecord(MDRData* record)
 {
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch batch(LogbookRecordFields);
     addDeletion(batch, record);
     return send(batch);
 }
 
 bool RecordActions::setRecordDeleted(MDRData* record)
 {
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch batch(LogbookRecordFields);
     addStatus(batch, record, StatusDeleted);
     return send(batch);
 }
@@ -188,7 +188,7 @@ void RecordActions::signRecordRequest()
     MDRData* record = m_rules.currentRecord();
     if (!m_rules.isRecordSignable(record))
         return;
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch batch(LogbookRecordFields);
     addVisa(batch, record);
     if (send(batch))
         return;
@@ -201,7 +201,7 @@ void RecordActions::signRecordRequest()
 
 void RecordActions::signAllRecordsRequest()
 {
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch batch(LogbookRecordFields);
     for (int i = 0; i < m_rules.shown().records.data.RecCount(); ++i) {
         MDRData* record = MDARec(m_rules.shown().records.data.array, 0, i);
         if (m_rules.isRecordSignable(record))

@@ -69,7 +69,7 @@ void RecordActions::pasteRecord(const MDRData* source)
     const QByteArray key = GenGuid32();
     const QByteArray& workerKey = m_rules.workerKey();
     const QByteArray workshiftKey = m_rules.workshiftKeyLink().toUtf8();
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch batch(LogbookRecordFields);
     MDRData* row = batch.newRow(ROW_INSERT, key);
     copyMarked(batch, row, source);
     batch.SetValF(row, Field::KeyLink, MDRValue::text(key));

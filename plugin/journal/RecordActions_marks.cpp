@@ -33,7 +33,7 @@ void RecordActions::sendMark(CRowBatch& batch, const QByteArray& key, const char
 void RecordActions::markRecord(const QByteArray& key, const Marks& marks, const char* function,
                                const QString& logLine, const QStringList& rest, const QString& message)
 {
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch batch(LogbookRecordFields);
     MDRData* row = batch.newRow(ROW_UPDATE, key);
     for (const auto& [field, value] : marks)
         batch.SetValF(row, field, value);
@@ -95,7 +95,7 @@ void RecordActions::setTimeExecRequest(const QDateTime& dt)
         markRecord(key, {{Field::executionTime, MDRValue::real(time)}}, function, logLine, rest, message);
         return;
     }
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch batch(LogbookRecordFields);
     addSuccessor(batch, record, key, time);
     sendMark(batch, key, function, logLine, rest, message);
 }

@@ -88,7 +88,7 @@ void CommentsPane::upsertComment(const QString& commentKey, const QString& text)
     const double now = m_habits.now();
     const bool isEdit = !commentKey.isEmpty();
 
-    CRowBatch batch(LogbookCommentFields, fieldCount(LogbookCommentFields));
+    CRowBatch batch(LogbookCommentFields);
     m_editor->keep(text); // until it is written
     MDRData* written = nullptr;
     if (isEdit) {
@@ -204,7 +204,7 @@ void CommentsPane::setCurrentCommentReaded()
     const QListWidgetItem* item = m_controls.list->currentItem();
     if (!item)
         return;
-    CRowBatch batch(LogbookCommentFields, fieldCount(LogbookCommentFields));
+    CRowBatch batch(LogbookCommentFields);
     setCommentReaded(item, batch);
     if (batch.RecCount() == 0 || send(batch))
         return;
@@ -216,7 +216,7 @@ void CommentsPane::setCurrentCommentReaded()
 
 void CommentsPane::setAllCommentsReaded()
 {
-    CRowBatch batch(LogbookCommentFields, fieldCount(LogbookCommentFields));
+    CRowBatch batch(LogbookCommentFields);
     for (int i = 0; i < m_controls.list->count(); ++i)
         setCommentReaded(m_controls.list->item(i), batch);
     if (batch.RecCount() == 0 || send(batch))

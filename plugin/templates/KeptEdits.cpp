@@ -38,14 +38,6 @@ bool isStored(const MDRData* record, const MDRData* row)
 }
 } // namespace
 
-KeptEdits::KeptEdits() : m_categories("LogbookCatsTemplate"), m_templates("LogbookTemplates")
-{
-    MDAFldAdd(m_categories.data.array, fieldCount(LogbookCatsTemplateFields), LogbookCatsTemplateFields);
-    MDAFldAdd(m_templates.data.array, fieldCount(LogbookTemplatesFields), LogbookTemplatesFields);
-    for (CModelTable* table : {&m_categories, &m_templates})
-        TemplateTables::setDefaultKey(table);
-}
-
 void KeptEdits::add(CModelTable* kept, const CModelTable& stored, const MDRData* record)
 {
     if (record->flags & ROW_DELETE)

@@ -10,8 +10,6 @@ class QTextCodec;
 class KeptEdits
 {
 public:
-    KeptEdits();
-
     /// Adds the new and changed records of the edit tables.
     void keepAll(const TemplateTables& tables);
     /// Adds this record of one of the edit tables.
@@ -39,6 +37,6 @@ private:
     static void add(CModelTable* kept, const CModelTable& stored, const MDRData* record);
     static void read(CModelTable* kept, const QString& packed, const CModelTable& stored);
 
-    CModelTable m_categories;
-    CModelTable m_templates;
+    CModelTable m_categories{"LogbookCatsTemplate", LogbookCatsTemplateFields, ""};
+    CModelTable m_templates{"LogbookTemplates", LogbookTemplatesFields, ""};
 };

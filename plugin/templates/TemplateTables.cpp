@@ -1,24 +1,14 @@
 #include "TemplateTables.h"
 
-#include "LogbookFields.h"
-
 TemplateTables::TemplateTables()
 {
-    for (CModelTable* table : {&categoriesEdit, &categoriesMoved})
-        MDAFldAdd(table->data.array, fieldCount(LogbookCatsTemplateFields), LogbookCatsTemplateFields);
-    for (CModelTable* table : {&templatesEdit, &templatesMoved})
-        MDAFldAdd(table->data.array, fieldCount(LogbookTemplatesFields), LogbookTemplatesFields);
-    for (CModelTable* table :
-         {&categories, &templates, &categoriesEdit, &templatesEdit, &categoriesMoved, &templatesMoved})
-        setDefaultKey(table);
+    setDefaultKey(&categories);
+    setDefaultKey(&templates);
 }
 
 void TemplateTables::setDefaultKey(CModelTable* table)
 {
-    CMDArray& rows = table->data;
-    rows.KeyAdd("", 0);
-    while (MDAKeyCount(rows.array) > 1)
-        rows.lastError = MDAKeyDel(rows.array, 0);
+    table->data.setKeys({""});
 }
 
 void TemplateTables::copyFrom(CModelTable* table, const CModelTable* source)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CModelTable.h"
+#include "LogbookFields.h"
 
 /// The tables of one page of the configurator, each with the name of the server's table and only the order
 /// of entry as key: copies of the server's tables, unsaved records, and the insert halves of running moves.
@@ -9,10 +10,10 @@ struct TemplateTables {
 
     CModelTable categories{"LogbookCatsTemplate"};
     CModelTable templates{"LogbookTemplates"};
-    CModelTable categoriesEdit{"LogbookCatsTemplate"};
-    CModelTable templatesEdit{"LogbookTemplates"};
-    CModelTable categoriesMoved{"LogbookCatsTemplate"};
-    CModelTable templatesMoved{"LogbookTemplates"};
+    CModelTable categoriesEdit{"LogbookCatsTemplate", LogbookCatsTemplateFields, ""};
+    CModelTable templatesEdit{"LogbookTemplates", LogbookTemplatesFields, ""};
+    CModelTable categoriesMoved{"LogbookCatsTemplate", LogbookCatsTemplateFields, ""};
+    CModelTable templatesMoved{"LogbookTemplates", LogbookTemplatesFields, ""};
 
     /// Leaves the order of entry as the only key.
     static void setDefaultKey(CModelTable* table);

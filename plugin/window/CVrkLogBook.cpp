@@ -173,11 +173,8 @@ void CVrkLogBook::uploadHfnTables()
 
 void CVrkLogBook::prepareHfnTables()
 {
-    for (CModelTable* table : {m_departments, m_organizations, m_workers}) {
-        table->data.KeyAdd(Field::KeyLink, 0);
-        while (MDAKeyCount(table->data.array) > 1)
-            table->data.lastError = MDAKeyDel(table->data.array, 0);
-    }
+    for (CModelTable* table : {m_departments, m_organizations, m_workers})
+        table->data.setKeys({Field::KeyLink});
 }
 
 bool CVrkLogBook::hasErrorUpload()

@@ -59,12 +59,6 @@ public:
     /// Opens the journal of a department in a new tab, or raises the existing one.
     void appendLogbook(const QString& organizationKey, const QString& departmentKey);
 
-    /// The four reference tables; null until they are loaded.
-    CModelTable* workersTable() const { return m_workers; }
-    CModelTable* departmentsTable() const { return m_departments; }
-    CModelTable* organizationsTable() const { return m_organizations; }
-    CModelTable* orgTypesTable() const { return m_orgTypes; }
-
 public slots:
     /// Closes a tab and deletes it; the home tab stays.
     void closeLogbook(int index);
@@ -124,7 +118,7 @@ private:
 
     std::unique_ptr<Ui::CVrkLogBook> m_form;
     std::unique_ptr<CLiteModel> m_model;
-    CModelTable* m_workers = nullptr;
+    CModelTable* m_workers = nullptr; ///< null until it is loaded, like the next three
     CModelTable* m_departments = nullptr;
     CModelTable* m_organizations = nullptr;
     CModelTable* m_orgTypes = nullptr;

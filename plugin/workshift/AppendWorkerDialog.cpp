@@ -28,7 +28,9 @@ void reportFailure(const char* table)
 } // namespace
 
 AppendWorkerDialog::AppendWorkerDialog(QWidget* parent, int flag)
-    : CPopTemplate(parent, flag), m_pending(LogbookTable::Workshifts), m_form(new Ui::AppendWorkerDialog)
+    : CPopTemplate(parent, flag),
+      m_pending(LogbookTable::Workshifts, LogbookWorkersWorkshiftFields, ""),
+      m_form(new Ui::AppendWorkerDialog)
 {
     m_form->setupUi(this);
     const auto isOver = [this](const KeptTexts::Values& kept) {
@@ -41,9 +43,6 @@ AppendWorkerDialog::AppendWorkerDialog(QWidget* parent, int flag)
     m_form->addButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
     m_form->addButton->setToolTip(tr("Добавить сотрудника"));
     m_form->templateLabel->setTextFormat(Qt::RichText);
-    m_pending.data.lastError = MDAFldAdd(m_pending.data.array, fieldCount(LogbookWorkersWorkshiftFields),
-                                         LogbookWorkersWorkshiftFields);
-    m_pending.data.KeyAdd("", 0);
     m_crew = new CrewTable(m_form->workersTable, session(), this);
     m_crew->setNames(CrewTable::ShortNames);
 
@@ -212,7 +211,7 @@ void AppendWorkerDialog::writeRecord()
     const double now = session()->GetHfnTime();
     const MDRVar null = MDRValue::null();
 
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch batch(LogbookRecordFields);
     MDRData* row = batch.newRow(ROW_INSERT, recordKey);
     batch.SetValF(row, Field::KeyLink, MDRValue::text(recordKey));
     batch.SetValF(row, Field::ShiftKey, MDRValue::text(m_workshiftKey));

@@ -156,7 +156,7 @@ void CloseWorkshiftDialog::clearWorkers()
 void CloseWorkshiftDialog::approveDrafts() const
 {
     CModelTable* records = table(QLatin1String(LogbookTable::Records));
-    CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch batch(LogbookRecordFields);
     for (int position = 0; records && position < records->data.RecCount(); ++position) {
         const MDRData* record = MDARec(records->data.array, 0, position);
         if (!hasStatus(record, StatusDraft))
@@ -176,7 +176,7 @@ void CloseWorkshiftDialog::approveDrafts() const
 
 bool CloseWorkshiftDialog::closeWorkshift(const MDRData* workshift, const QByteArray& key) const
 {
-    CRowBatch batch(LogbookWorkshiftFields, fieldCount(LogbookWorkshiftFields));
+    CRowBatch batch(LogbookWorkshiftFields);
     MDRData* row = batch.newRow(ROW_UPDATE, key);
     for (int number = 0; workshift && number < MDAFldCount(batch.array); ++number) {
         MDRVar value;
@@ -207,7 +207,7 @@ void CloseWorkshiftDialog::apply()
     const double time = DateTime_To_HfnTime(eventTime());
     const QByteArray workshiftKey = m_workshiftKey;
     QStringList values{QLatin1String(LogbookTable::Records)};
-    CRowBatch record(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch record(LogbookRecordFields);
     addRecord(record, workshiftKey, time, &values);
     if (!send(LogbookTable::Records, record)) {
         // The last pair, the direction, is not in the log line.
@@ -228,7 +228,7 @@ void CloseWorkshiftDialog::apply()
     m_kept->forget();
     m_filler->valuesWritten(); // not earlier: a failed closing is tried again with the same text
 
-    CRowBatch takers(LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields));
+    CRowBatch takers(LogbookWorkersWorkshiftFields);
     addCrewRows(takers, workshiftKey, false);
     if (takers.RecCount() > 0 && !send(LogbookTable::WorkersWorkshift, takers)) {
         // Deliberate: the line names the table of workshifts.

@@ -59,7 +59,7 @@ void OpenWorkshiftDialog::openWorkshift()
     const QByteArray departmentKey = m_departmentKey.toUtf8();
     const QByteArray workerKey = m_workerKey.toUtf8();
 
-    CRowBatch workshift(LogbookWorkshiftFields, fieldCount(LogbookWorkshiftFields));
+    CRowBatch workshift(LogbookWorkshiftFields);
     MDRData* row = workshift.newRow(ROW_INSERT, workshiftKey);
     workshift.SetValF(row, Field::KeyLink, MDRValue::text(workshiftKey));
     workshift.SetValF(row, Field::DepartmentKey, MDRValue::text(departmentKey));
@@ -84,7 +84,7 @@ void OpenWorkshiftDialog::openWorkshift()
         return;
     }
 
-    CRowBatch crew(LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields));
+    CRowBatch crew(LogbookWorkersWorkshiftFields);
     addCrewRows(crew, workshiftKey, true);
     if (!send(LogbookTable::WorkersWorkshift, crew)) {
         turnIntoDeletions(workshift);
@@ -98,7 +98,7 @@ void OpenWorkshiftDialog::openWorkshift()
     }
 
     QStringList values{QLatin1String(LogbookTable::Records)};
-    CRowBatch record(LogbookRecordFields, fieldCount(LogbookRecordFields));
+    CRowBatch record(LogbookRecordFields);
     addRecord(record, workshiftKey, now, &values);
     if (!send(LogbookTable::Records, record)) {
         turnIntoDeletions(workshift);

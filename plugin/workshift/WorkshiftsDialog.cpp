@@ -58,10 +58,7 @@ void WorkshiftsDialog::reloadWorkshifts()
         LogText::warn(signature, QStringLiteral("error SQL query execution [%1]").arg(sql));
         return;
     }
-    workshifts.KeyAdd(Field::KeyLink, 0);
-    workshifts.KeyAdd("startTime:0x4", 0);
-    while (MDAKeyCount(workshifts.array) > 2)
-        workshifts.lastError = MDAKeyDel(workshifts.array, 0);
+    workshifts.setKeys({Field::KeyLink, "startTime:0x4"});
 
     for (int position = 0; position < MDAKeyRecCount(workshifts.array, 1); ++position) {
         const MDRData* workshift = MDARec(workshifts.array, 1, position);

@@ -2,6 +2,7 @@
 #include "CLiteModel.h"
 #include "CStringParams.h"
 #include "GenGuid32.h"
+#include "LogbookFields.h"
 
 #include <QTest>
 
@@ -14,6 +15,7 @@ private slots:
     void assigningAnAnswerTakesItOver();
     void assigningNullOrTheSameArrayChangesNothing();
     void keyAddStoresItsCode();
+    void setKeysReplacesAllKeys();
     void recPostRefusesForeignAndNullRecords();
     void setValFSetsValueAndMark();
     void setValFSkipsMissingFieldsAndForeignRecords();
@@ -23,6 +25,7 @@ private slots:
     void rowBatchesNameTheRowWithoutMark();
     void rowBatchesTakeTheFieldsOfAnotherArray();
     void modelTablesComeWithAnEmptyArray();
+    void modelTablesComeWithFieldsAndAKey();
     void liteModelsFindTablesByTheirExactName();
     void stringParametersFallBackToTheDefault();
     void guidsAre32UpperCaseDigitsAndNeverTheSame();
@@ -81,6 +84,21 @@ void CMDArray_test::keyAddStoresItsCode()
         longest += ";KeyLink";
     longest += longest.size() + 4 <= 383 ? ":0x0" : "";
     QCOMPARE(array.KeyAdd(longest.constData(), 0), int(mdr_Ok));
+}
+
+void CMDArray_test::setKeysReplacesAllKeys()
+{
+    MixedArray array({"", "number"});
+    for (const char* key : {"b", "a"})
+        array.add(key);
+    array.setKeys({"KeyLink", "number"});
+    QCOMPARE(MDAKeyCount(array.array), 2);
+    QCOMPARE(array.order(), QByteArray("a b"));
+    array.setKeys({"", "nowhere"});
+    QCOMPARE(MDAKeyCount(array.array), 1);
+    QCOMPARE(array.order(), QByteArray("b a"));
+    array.setKeys({"nowhere"});
+    QCOMPARE(array.order(), QByteArray("b a")); // never without a key
 }
 
 void CMDArray_test::recPostRefusesForeignAndNullRecords()
@@ -214,6 +232,14 @@ void CMDArray_test::modelTablesComeWithAnEmptyArray()
     QCOMPARE(MDAFldCount(data.array), 0);
     const CModelTable& constant = table;
     QCOMPARE(&static_cast<const CMDArray&>(constant), &table.data);
+}
+
+void CMDArray_test::modelTablesComeWithFieldsAndAKey()
+{
+    const CModelTable table("LogbookComments", LogbookCommentFields, Field::KeyLink);
+    QCOMPARE(MDAFldCount(table.data.array), 6);
+    QCOMPARE(MDAKeyCount(table.data.array), 1);
+    QCOMPARE(table.data.lastError, 0);
 }
 
 void CMDArray_test::liteModelsFindTablesByTheirExactName()
