@@ -11,6 +11,14 @@ bool EventRow::isOf(const char* table) const
     return m_event->tableName.compare(QLatin1String(table), Qt::CaseInsensitive) == 0;
 }
 
+CModelTable* EventRow::tableAmong(std::initializer_list<CModelTable*> tables) const
+{
+    for (CModelTable* table : tables)
+        if (isOf(table->name.c_str()))
+            return table;
+    return nullptr;
+}
+
 void EventRow::copyTo(MDRData* record, Which which, CVrkCliSes* session) const
 {
     const MDRData* row = &m_event->recordData;

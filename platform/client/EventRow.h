@@ -4,6 +4,8 @@
 #include "Row.h"
 #include "TEventNciParse.h"
 
+#include <initializer_list>
+
 class CVrkCliSes;
 
 /// The row of a change event, read by the constants of Fields.h; the only way to copy it into a table.
@@ -14,6 +16,8 @@ public:
 
     /// Whether the event belongs to this table; ignores ASCII case.
     bool isOf(const char* table) const;
+    /// The table of the event among these, or null.
+    CModelTable* tableAmong(std::initializer_list<CModelTable*> tables) const;
 
     enum Which {
         Marked, ///< only the changed fields

@@ -5,6 +5,7 @@
 #include "CVrkCliSes.h"
 #include "EventRow.h"
 #include "Fields.h"
+#include "LiveTable.h"
 #include "MDRValues.h"
 
 #include <QSet>
@@ -147,23 +148,11 @@ int OrgStructTables::apply(const TEventNciParse& event)
 {
     int type = OrgStruct::None;
     for (const Source& source : sources) {
-        if (event.tableName.compare(QLatin1String(source.table), Qt::CaseInsensitive) == 0)
+        if (EventRow(event).isOf(source.table))
             type = source.type;
     }
     CModelTable* changed = table(type);
-    if (!changed || !event.recordKey)
+    if (!changed || !event.recordKey || !LiveTable(*changed).apply(event))
         return OrgStruct::None;
-    MDRData* known = record(type, QString::fromUtf8(event.recordKey));
-    if (event.eventNumber == EventDeleted) {
-        if (!known)
-            return OrgStruct::None;
-        MDARecDel(known);
-        return type;
-    }
-    // A known row was loaded after it had been written; the event is newer.
-    if (!known && event.eventNumber != EventInserted)
-        return OrgStruct::None;
-    MDRData* edited = known ? MDARecEdit(known) : MDARecNew(changed->data.array);
-    changeRecord(changed, edited, &event);
     return type;
 }

@@ -7,6 +7,7 @@
 #include "Fields.h"
 #include "GenGuid32.h"
 #include "KeptDraft.h"
+#include "LiveTable.h"
 #include "MDRValues.h"
 #include "OrgStructDialog.h"
 #include "OrgStructWidget.h"
@@ -15,24 +16,6 @@
 
 #include <QScopedValueRollback>
 #include <QTextCodec>
-
-namespace
-{
-/// Applies a change to a table whose key 0 is KeyLink. A known key never creates a second row.
-void merge(CMDArray& rows, const TEventNciParse& event)
-{
-    const MDRVar key = MDRValue::text(event.recordKey);
-    MDRData* known = MDARecSeekV(rows.array, 0, &key, 0);
-    if (event.eventNumber == EventDeleted) {
-        MDARecDel(known);
-        return;
-    }
-    if (!known && event.eventNumber != EventInserted)
-        return;
-    MDRData* row = known ? MDARecEdit(known) : MDARecNew(rows.array);
-    changeRecord(&rows, row, &event);
-}
-} // namespace
 
 void RecordCreatorDialog::reloadTemplates()
 {
@@ -57,7 +40,7 @@ void RecordCreatorDialog::MessageData(TEventNciParse* event)
             continue;
         CModelTable* changed = table(name);
         if (isVisible() && changed)
-            merge(changed->data, *event);
+            LiveTable(*changed).apply(*event);
         else
             m_tablesStale = true;
     }

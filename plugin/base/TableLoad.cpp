@@ -22,11 +22,3 @@ QString TableLoad::quotedKeys(const CMDArray& table)
     }
     return QString::fromUtf8(list);
 }
-
-MDRData* TableLoad::repack(const CMDArray& answer, CMDArray& records)
-{
-    if (answer.RecCount() == 0)
-        return nullptr;
-    records.lastError = MDARecsAppend(records.array, answer.array);
-    return records.lastError == mdr_Ok ? MDARec(records.array, 0, records.RecCount() - 1) : nullptr;
-}

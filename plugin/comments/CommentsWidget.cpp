@@ -6,7 +6,6 @@
 #include "FilesPane.h"
 #include "Filters.h"
 #include "LocationInfo.h"
-#include "LogbookFields.h"
 #include "LogbookTables.h"
 #include "MDRValues.h"
 #include "PageMessages.h"
@@ -15,14 +14,7 @@
 #include "VrkTableProxyModel.h"
 #include "VrkTableTool.h"
 
-CommentsWidget::CommentsWidget(QWidget* parent)
-    : LogBookTab(parent),
-      m_records(LogbookTable::Records),
-      m_comments(LogbookTable::Comments),
-      m_files(LogbookTable::Files),
-      m_preparer(m_records, m_comments, m_files)
-{
-}
+CommentsWidget::CommentsWidget(QWidget* parent) : LogBookTab(parent) {}
 
 CommentsWidget::~CommentsWidget()
 {
@@ -35,12 +27,11 @@ void CommentsWidget::init(CVrkCliMod* module, LocationInfo* location)
     m_module = module;
     m_location = location;
     m_isInit = true;
-    initTables();
 
-    m_filter = new FilterUnreadedComments(&m_comments, this);
+    m_filter = new FilterUnreadedComments(&m_shown.comments, this);
     m_tableTool = new VrkTableTool(this);
     m_tableTool->setTableView(m_ui->recordsTable);
-    m_tableTool->setCMDArray(&m_records.data);
+    m_tableTool->setCMDArray(&m_shown.records.data);
     m_tableTool->setDefaultSettingsView();
     m_tableTool->setDayLines(VrkTableTool::DayLinesAll);
     m_tableTool->proxy()->setFilterRows(m_filter);
@@ -48,30 +39,18 @@ void CommentsWidget::init(CVrkCliMod* module, LocationInfo* location)
 
     m_tableTool->model()->beginResetModel();
     uploadRecords();
-    uploadByRecords(m_comments);
-    uploadByRecords(m_files);
-    m_preparer.prepareRecords();
+    uploadByRecords(m_shown.comments);
+    uploadByRecords(m_shown.files);
+    m_shown.preparer.prepareRecords();
     m_tableTool->model()->endResetModel();
     m_tableTool->adjustColumnsWidth();
 
-    createAnnex({QStringLiteral("CommentsWidget"), &m_comments, &m_files,
+    createAnnex({QStringLiteral("CommentsWidget"), m_shown,
                  [this] { return m_module->session()->GetHfnTime(); }, MDRValue::hasTime});
     createConnections();
     m_commentsPane->updateButtons();
     m_filesPane->updateButtons();
     emit titleChanged();
-}
-
-void CommentsWidget::initTables()
-{
-    m_records.data.lastError =
-        MDAFldAdd(m_records.data.array, fieldCount(LogbookRecordExtFields), LogbookRecordExtFields);
-    m_comments.data.lastError =
-        MDAFldAdd(m_comments.data.array, fieldCount(LogbookCommentFields), LogbookCommentFields);
-    m_files.data.lastError =
-        MDAFldAdd(m_files.data.array, fieldCount(LogbookFilesFields), LogbookFilesFields);
-    for (CModelTable* table : {&m_records, &m_comments, &m_files})
-        table->data.KeyAdd("", 0);
 }
 
 void CommentsWidget::configureTableTool()

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "CModelTable.h"
 #include "LogBookTab.h"
-#include "RecordPreparer.h"
+#include "RecordTables.h"
 
 class FilterUnreadedComments;
 
@@ -31,7 +30,6 @@ signals:
     void titleChanged();
 
 private:
-    void initTables();
     void configureTableTool();
     void createConnections();
 
@@ -41,18 +39,8 @@ private:
     void uploadAttachments(CModelTable& target, const char* recordKey);
 
     // CommentsWidget_events.cpp
-    bool insertRecord(TEventNciParse* event);
-    bool insertComment(TEventNciParse* event);
-    bool insertFile(TEventNciParse* event);
-    bool changeRow(CModelTable& table, TEventNciParse* event);
-    bool deleteRow(CModelTable& table, TEventNciParse* event);
-    CModelTable* eventTable(const TEventNciParse* event);
-    /// Updates the view after a change of the record's comments or files.
-    void updateAttachments(const CModelTable& table, MDRData* record);
+    bool insertRow(CModelTable& table, const TEventNciParse& event);
 
-    CModelTable m_records;
-    CModelTable m_comments;
-    CModelTable m_files;
-    RecordPreparer m_preparer;
+    RecordTables m_shown;
     FilterUnreadedComments* m_filter = nullptr;
 };

@@ -1,8 +1,7 @@
 #include "CommentsWidget.h"
 
-#include "CVrkCliMod.h"
-#include "CVrkCliSes.h"
 #include "Fields.h"
+#include "LiveTable.h"
 #include "LocationInfo.h"
 #include "LogbookTables.h"
 #include "LogText.h"
@@ -19,19 +18,19 @@ void CommentsWidget::uploadRecords()
                                        QLatin1String(Field::WorkerKey), m_location->workerKey(),
                                        QLatin1String(Field::readedTime)});
     CModelTable answer(LogbookTable::Records);
-    answer.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
-    TableLoad::repack(answer.data, m_records.data);
+    live(answer).load(sql);
+    live(m_shown.records).append(answer);
 }
 
 void CommentsWidget::uploadByRecords(CModelTable& target)
 {
-    const QString keys = TableLoad::quotedKeys(m_records.data);
+    const QString keys = TableLoad::quotedKeys(m_shown.records.data);
     if (keys.isEmpty())
         return;
     const QString sql =
         LogText::fill(QLatin1String(LogbookSql::ByRecords),
                       {QString::fromStdString(target.name), QLatin1String(Field::RecordKey), keys});
-    target.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
+    live(target).load(sql);
 }
 
 void CommentsWidget::uploadAttachments(CModelTable& target, const char* recordKey)
@@ -39,9 +38,9 @@ void CommentsWidget::uploadAttachments(CModelTable& target, const char* recordKe
     const QString sql = LogText::fill(QLatin1String(LogbookSql::ByRecords),
                                       {QString::fromStdString(target.name), QLatin1String(Field::RecordKey),
                                        QLatin1Char('\'') + QString::fromUtf8(recordKey) + QLatin1Char('\'')});
-    CMDArray answer;
-    answer = m_module->session()->SqlRequest(sql.toUtf8().constData());
-    TableLoad::repack(answer, target.data);
+    CModelTable answer(target.name);
+    live(answer).load(sql);
+    live(target).append(answer);
 }
 
 MDRData* CommentsWidget::uploadRecord(const char* key)
@@ -50,7 +49,7 @@ MDRData* CommentsWidget::uploadRecord(const char* key)
         QLatin1String(LogbookSql::RecordByField),
         {QLatin1String(LogbookTable::Records), QLatin1String(Field::KeyLink), QString::fromUtf8(key)});
     CModelTable answer(LogbookTable::Records);
-    answer.data = m_module->session()->SqlRequest(sql.toUtf8().constData());
+    live(answer).load(sql);
     if (answer.data.RecCount() == 0) {
         LogText::warn(QStringLiteral("MDArrayRec* CommentsWidget::uploadRecord(MDRChar)"),
                       LogText::fill(QStringLiteral("error SQL query execution [%1]. Not found record %2!"),
@@ -58,10 +57,10 @@ MDRData* CommentsWidget::uploadRecord(const char* key)
         return nullptr;
     }
     m_tableTool->model()->beginAppendRows(1);
-    MDRData* record = TableLoad::repack(answer.data, m_records.data);
-    uploadAttachments(m_comments, key); // its existing comments
-    uploadAttachments(m_files, key);
-    m_preparer.prepareRecord(record);
+    MDRData* record = live(m_shown.records).append(answer);
+    uploadAttachments(m_shown.comments, key); // its existing comments
+    uploadAttachments(m_shown.files, key);
+    m_shown.preparer.prepareRecord(record);
     m_tableTool->model()->endAppendRows();
     return record;
 }

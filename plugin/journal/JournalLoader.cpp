@@ -3,6 +3,7 @@
 #include "CVrkCliSes.h"
 #include "Fields.h"
 #include "HfnTime.h"
+#include "LiveTable.h"
 #include "LocationInfo.h"
 #include "LogText.h"
 #include "TableLoad.h"
@@ -76,8 +77,7 @@ void JournalLoader::clearTables(std::initializer_list<CModelTable*> tables)
 
 bool JournalLoader::request(CModelTable& table, const QString& sql, const char* signature)
 {
-    table.data = m_session->SqlRequest(sql.toUtf8().constData());
-    if (table.data.lastError == mdr_Ok)
+    if (LiveTable(table, m_session).load(sql))
         return true;
     m_hasFailed = true;
     LogText::warn(QLatin1String(signature), QStringLiteral("error SQL query execution [%1]").arg(sql));
@@ -126,7 +126,7 @@ void JournalLoader::uploadRecordsWorkshift()
             .arg(QLatin1String(LogbookTable::Records), QLatin1String(Field::ShiftKey), workshift);
     CModelTable answer(LogbookTable::Records);
     if (request(answer, sql, "void LogBookWidget::uploadRecordsWorkshift()"))
-        TableLoad::repack(answer.data, m_shown.records.data);
+        LiveTable(m_shown.records).append(answer);
 }
 
 void JournalLoader::uploadRecordsInterval(const QDateTime& from, const QDateTime& to)
@@ -139,7 +139,7 @@ void JournalLoader::uploadRecordsInterval(const QDateTime& from, const QDateTime
                  QLatin1String(Field::recordTime), sqlTime(from), sqlTime(to));
     CModelTable answer(LogbookTable::Records);
     if (request(answer, sql, "void LogBookWidget::uploadRecordsInterval(const QDateTime&, const QDateTime&)"))
-        TableLoad::repack(answer.data, m_shown.records.data);
+        LiveTable(m_shown.records).append(answer);
 }
 
 void JournalLoader::uploadCommentsAndFiles()

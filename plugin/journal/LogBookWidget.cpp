@@ -91,7 +91,7 @@ void LogBookWidget::init(CVrkCliMod* module, LocationInfo* location)
 
 void LogBookWidget::configurePanes()
 {
-    createAnnex({QStringLiteral("LogBookWidget"), &m_shown.comments, &m_shown.files,
+    createAnnex({QStringLiteral("LogBookWidget"), m_shown,
                  [this] { return DateTime_To_HfnTime(m_module->session()->HfnTimeToSesTime()); },
                  [](const MDRVar& time) { return MDRValue::hasTime(time) && time.value.real > 0.0; }});
     m_actions = new RecordActions(m_module->session(), *this, *m_messages, this);

@@ -135,14 +135,11 @@ private:
     /// The event belongs to the department of this page. Compares table names with case, unlike the
     /// dispatch.
     bool isSuitableNCI(TEventNciParse* event);
-    /// The department of a loaded workshift; empty if it is not loaded.
-    QByteArray departmentOf(const QByteArray& workshiftKey) const;
-    CModelTable* eventTable(const TEventNciParse* event);
-    bool insertRow(TEventNciParse* event);
-    bool insertAttachment(CModelTable& table, TEventNciParse* event);
-    bool changeRow(TEventNciParse* event);
-    bool deleteRow(TEventNciParse* event);
-    void updateAttachments(const CModelTable& table, MDRData* record);
+    bool insertRow(CModelTable& table, const TEventNciParse& event);
+    bool changeRow(CModelTable& table, const TEventNciParse& event);
+    bool deleteRow(CModelTable& table, const TEventNciParse& event);
+    void prepareRecord(MDRData* record) override { m_shown.prepareRecord(record); }
+    void forgetRecord(MDRData* record) override { m_shown.census.remove(record); }
 
     std::unique_ptr<JournalLoader> m_loader;   ///< created by init, like the next two
     std::unique_ptr<JournalDialogs> m_dialogs; ///< deleted with the page: they use its tables

@@ -1,161 +1,100 @@
-#include "CommentsPane.h"
 #include "EventRow.h"
-#include "FilesPane.h"
 #include "JournalDialogs.h"
+#include "LiveTable.h"
 #include "LocationInfo.h"
 #include "LogBookWidget.h"
 #include "OpenWorkshiftDialog.h"
-#include "RecordValue.h"
 #include "ShiftClock.h"
-#include "VrkTableModel.h"
 #include "VrkTableTool.h"
 
 bool LogBookWidget::MessageData(TEventNciParse* event)
 {
     m_dialogs->MessageData(event);
+    CModelTable* table =
+        EventRow(*event).tableAmong({&m_shown.workshifts, &m_shown.crew, &m_shown.records, &m_shown.comments,
+                                     &m_shown.files, &m_shown.categories, &m_shown.templates});
     switch (event->eventNumber) {
     case EventInserted:
-        return insertRow(event);
+        return table && isSuitableNCI(event) && insertRow(*table, *event);
     case EventChanged:
-        return changeRow(event);
+        return !table || table == &m_shown.crew || changeRow(*table, *event);
     case EventDeleted:
-        return deleteRow(event);
+        return !table || table == &m_shown.workshifts || table == &m_shown.crew || deleteRow(*table, *event);
     default:
         return true;
     }
 }
 
-CModelTable* LogBookWidget::eventTable(const TEventNciParse* event)
+bool LogBookWidget::insertRow(CModelTable& table, const TEventNciParse& event)
 {
-    return tableOf(event, {&m_shown.workshifts, &m_shown.crew, &m_shown.records, &m_shown.comments,
-                           &m_shown.files, &m_shown.categories, &m_shown.templates});
-}
-
-bool LogBookWidget::insertRow(TEventNciParse* event)
-{
-    CModelTable* table = isSuitableNCI(event) ? eventTable(event) : nullptr;
-    if (!table)
-        return false;
-    const bool isLive = table == &m_shown.workshifts || table == &m_shown.crew || table == &m_shown.records;
+    const bool isLive =
+        &table == &m_shown.workshifts || &table == &m_shown.crew || &table == &m_shown.records;
     if (isLive && m_shown.mode != ShownJournal::RealTime)
         return false;
-    if (recordByKeyLink(table, event->recordKey)) // the row was already loaded
-        return table == &m_shown.records || table == &m_shown.comments || table == &m_shown.files;
+    if (live(table).find(event)) // the row was already loaded
+        return m_shown.contains(table);
 
-    if (table == &m_shown.comments || table == &m_shown.files)
-        return insertAttachment(*table, event);
-    if (table == &m_shown.records)
-        m_tableTool->model()->beginAppendRows(1);
-    MDRData* row = changeRecord(table, MDARecNew(table->data.array), event);
-    if (table == &m_shown.workshifts) {
-        m_shown.workshift = row;
+    if (&table == &m_shown.records) {
+        m_tableTool->setCurrentRecord(appendRecord(event));
+        emit recordAdded();
+    } else if (m_shown.contains(table)) {
+        insertAttachment(table, event);
+    } else if (&table == &m_shown.workshifts) {
+        m_shown.workshift = live(table).insert(event);
         updateRecordsFilter();
         if (isOpenWorkshift() && m_dialogs->openWorkshift->isVisible())
             m_dialogs->openWorkshift->close();
         uploadCurrentWorkshift();
-    } else if (table == &m_shown.crew) {
+    } else if (&table == &m_shown.crew) {
+        live(table).insert(event);
         updateRecordsFilter();
         emit statusChanged();
-    } else if (table == &m_shown.records) {
-        m_shown.prepareRecord(row);
-        m_tableTool->model()->endAppendRows();
-        m_tableTool->setCurrentRecord(row);
-        emit recordAdded();
     } else {
+        live(table).insert(event);
         m_dialogs->reloadTemplates();
     }
     return true;
 }
 
-bool LogBookWidget::insertAttachment(CModelTable& table, TEventNciParse* event)
+bool LogBookWidget::changeRow(CModelTable& table, const TEventNciParse& event)
 {
-    // The owner is checked before a row is made: the bytes of other departments' files are never fetched.
-    MDRData* record = recordOf(m_shown.records, EventRow(*event));
-    if (!record)
-        return true;
-    changeRecord(&table, MDARecNew(table.data.array), event);
-    updateAttachments(table, record);
-    return true;
-}
-
-bool LogBookWidget::changeRow(TEventNciParse* event)
-{
-    CModelTable* table = eventTable(event);
-    if (!table || table == &m_shown.crew)
-        return true;
-    MDRData* row = recordByKeyLink(table, event->recordKey);
+    if (m_shown.contains(table)) {
+        const bool isHere = applyChange(table, event);
+        if (isHere && &table == &m_shown.records)
+            emit recordUpdated();
+        return isHere;
+    }
+    const MDRData* row = live(table).change(event);
     if (!row)
         return false;
-    changeRecord(table, MDARecEdit(row), event); // the row keeps its address
-
-    if (table == &m_shown.workshifts) {
-        updateRecordsFilter();
-        if (isCloseWorkshift())
-            m_dialogs->closeShiftDialogs();
-        if (row != m_shown.workshift)
-            return true;
+    if (&table != &m_shown.workshifts) {
+        m_dialogs->reloadTemplates();
+        return true;
+    }
+    updateRecordsFilter();
+    if (isCloseWorkshift())
+        m_dialogs->closeShiftDialogs();
+    if (row == m_shown.workshift) {
         m_clock->start();
         emit statusChanged();
-    } else if (table == &m_shown.records) {
-        m_shown.prepareRecord(row);
-        m_tableTool->updateView(row);
-        if (row == currentRecord()) { // the allowed actions depend on its status
-            m_commentsPane->updateButtons();
-            m_filesPane->updateButtons();
-        }
-        emit recordUpdated();
-    } else if (table == &m_shown.comments || table == &m_shown.files) {
-        updateAttachments(*table, recordOf(m_shown.records, Row(row)));
-    } else if (table == &m_shown.categories || table == &m_shown.templates) {
-        m_dialogs->reloadTemplates();
     }
     return true;
 }
 
-bool LogBookWidget::deleteRow(TEventNciParse* event)
+bool LogBookWidget::deleteRow(CModelTable& table, const TEventNciParse& event)
 {
-    CModelTable* table = eventTable(event);
-    if (!table || table == &m_shown.workshifts || table == &m_shown.crew)
-        return true;
-    MDRData* row = recordByKeyLink(table, event->recordKey);
-    if (!row)
+    if (m_shown.contains(table)) {
+        const bool isHere = applyDeletion(table, event);
+        if (isHere && &table == &m_shown.records)
+            emit recordRemoved();
+        return isHere;
+    }
+    if (!live(table).find(event))
         return false;
-
-    CMDArray& rows = table->data;
-    if (table == &m_shown.records) {
-        m_shown.census.remove(row); // before the current row changes and the tool bar queries it
-        m_tableTool->model()->beginRemoveRecord(row);
-        rows.lastError = MDARecDel(row);
-        m_tableTool->model()->endRemoveRecord();
-        emit recordRemoved();
-    } else if (table == &m_shown.comments || table == &m_shown.files) {
-        MDRData* record = recordOf(m_shown.records, Row(row));
-        rows.lastError = MDARecDel(row);
-        updateAttachments(*table, record);
-    } else {
-        // Deliberate: a fresh row is deleted and the existing one stays until the next load.
-        rows.lastError = MDARecDel(MDARecNew(rows.array));
-        m_dialogs->reloadTemplates();
-    }
+    // Deliberate: a fresh row is deleted and the existing one stays until the next load.
+    live(table).remove(MDARecNew(table.data.array));
+    m_dialogs->reloadTemplates();
     return true;
-}
-
-void LogBookWidget::updateAttachments(const CModelTable& table, MDRData* record)
-{
-    if (!record)
-        return;
-    const bool isComment = &table == &m_shown.comments;
-    if (isComment)
-        m_shown.preparer.prepareRecordComment(record);
-    else
-        m_shown.preparer.prepareRecordFile(record);
-    m_tableTool->updateView(record);
-    if (record != currentRecord())
-        return;
-    if (isComment)
-        m_commentsPane->reload(record);
-    else
-        m_filesPane->reload(record);
 }
 
 bool LogBookWidget::isSuitableNCI(TEventNciParse* event)
@@ -171,13 +110,8 @@ bool LogBookWidget::isSuitableNCI(TEventNciParse* event)
     if (isTable(LogbookTable::Workshifts))
         department = row.copy(Field::DepartmentKey);
     else if (isTable(LogbookTable::WorkersWorkshift))
-        department = departmentOf(row.copy(Field::WorkshiftKey));
+        department = m_shown.departmentOf(row.copy(Field::WorkshiftKey));
     else if (isTable(LogbookTable::Records))
-        department = departmentOf(row.copy(Field::ShiftKey));
+        department = m_shown.departmentOf(row.copy(Field::ShiftKey));
     return !department.isEmpty() && department == m_location->departmentKey().toUtf8();
-}
-
-QByteArray LogBookWidget::departmentOf(const QByteArray& workshiftKey) const
-{
-    return Row(recordByKeyLink(&m_shown.workshifts, workshiftKey.constData())).copy(Field::DepartmentKey);
 }

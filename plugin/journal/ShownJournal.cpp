@@ -1,32 +1,5 @@
 #include "ShownJournal.h"
 
-#include "LogbookFields.h"
-#include "RecordValue.h"
-
-ShownJournal::ShownJournal()
-{
-    struct Shape {
-        CModelTable& table;
-        const MDRFieldDescr* fields;
-        int count;
-        const char* key;
-    };
-    const Shape shapes[] = {
-        {workshifts, LogbookWorkshiftFields, fieldCount(LogbookWorkshiftFields), Field::KeyLink},
-        {crew, LogbookWorkersWorkshiftFields, fieldCount(LogbookWorkersWorkshiftFields), Field::KeyLink},
-        {records, LogbookRecordExtFields, fieldCount(LogbookRecordExtFields), ""},
-        {comments, LogbookCommentFields, fieldCount(LogbookCommentFields), ""},
-        {files, LogbookFilesFields, fieldCount(LogbookFilesFields), ""},
-        {categories, LogbookCatsTemplateFields, fieldCount(LogbookCatsTemplateFields), ""},
-        {templates, LogbookTemplatesFields, fieldCount(LogbookTemplatesFields), ""},
-    };
-    for (const Shape& shape : shapes) {
-        CMDArray& rows = shape.table.data;
-        rows.lastError = MDAFldAdd(rows.array, shape.count, shape.fields);
-        rows.KeyAdd(shape.key, 0);
-    }
-}
-
 CModelTable* ShownJournal::table(const QString& name)
 {
     for (CModelTable* table : {&workshifts, &crew, &records, &comments, &files, &shifts, &roles, &workerRoles,
@@ -39,6 +12,11 @@ CModelTable* ShownJournal::table(const QString& name)
 QString ShownJournal::workshiftKeyLink() const
 {
     return workshift ? QString::fromUtf8(Row(workshift).key()) : QString();
+}
+
+QByteArray ShownJournal::departmentOf(const QByteArray& key) const
+{
+    return Row(recordByKeyLink(&workshifts, key.constData())).copy(Field::DepartmentKey);
 }
 
 void ShownJournal::prepareRecords()

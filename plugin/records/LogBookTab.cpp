@@ -4,13 +4,13 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "EmptyHint.h"
-#include "EventRow.h"
 #include "Fields.h"
 #include "FilesPane.h"
 #include "MessageListDelegate.h"
 #include "PageMessages.h"
 #include "PaneRoom.h"
 #include "RecordColumns.h"
+#include "RecordTables.h"
 #include "SearchBar.h"
 #include "ui_LogBookTab.h"
 #include "VrkTableModel.h"
@@ -83,17 +83,19 @@ void LogBookTab::createAnnex(const Annex& annex)
 {
     const auto current = [this] { return currentRecord(); };
     m_messages = std::make_unique<PageMessages>(m_module);
-    const auto source = [&](CModelTable* table) {
-        return RecordPane::Source{annex.owner, m_module, m_location, table, m_messages.get(), current};
+    m_tables = &annex.tables;
+    const auto source = [&](CModelTable& table) {
+        return RecordPane::Source{annex.owner, m_module, m_location, &table, m_messages.get(), current};
     };
     m_commentsPane = std::make_unique<CommentsPane>(
         CommentsPane::Controls{m_ui->commentsList, m_ui->createCommentButton, m_ui->deleteCommentButton,
                                m_ui->readedCommentButton, m_allReaded},
-        source(annex.comments), CommentsPane::Habits{annex.commentTime, annex.isCommentReaded}, nullptr);
+        source(annex.tables.comments), CommentsPane::Habits{annex.commentTime, annex.isCommentReaded},
+        nullptr);
     m_filesPane =
         std::make_unique<FilesPane>(FilesPane::Controls{m_ui->filesTable, m_ui->createFileButton,
                                                         m_ui->deleteFileButton, m_ui->saveFileButton},
-                                    source(annex.files), this, nullptr);
+                                    source(annex.tables.files), this, nullptr);
     m_paneRoom = new PaneRoom(m_ui->splitter, m_tableTool);
     const auto ofRecord = [this](const QString& text) {
         return m_tableTool && currentRecord() ? text : QString();
@@ -180,28 +182,4 @@ void LogBookTab::changeEvent(QEvent* event)
 MDRData* LogBookTab::currentRecord() const
 {
     return m_tableTool ? m_tableTool->currentRecord() : nullptr;
-}
-
-CModelTable* LogBookTab::tableOf(const TEventNciParse* event, std::initializer_list<CModelTable*> tables)
-{
-    const EventRow row(*event);
-    for (CModelTable* table : tables)
-        if (row.isOf(table->name.c_str()))
-            return table;
-    return nullptr;
-}
-
-MDRData* LogBookTab::recordOf(const CModelTable& records, const Row& attachment)
-{
-    return recordByKeyLink(&records, attachment.copy(Field::RecordKey).constData());
-}
-
-MDRData* LogBookTab::changeRecord(CMDArray* array, MDRData* record, const TEventNciParse* event) const
-{
-    return ::changeRecord(array, record, event, m_module->session());
-}
-
-MDRData* LogBookTab::changeRecord(CModelTable* table, MDRData* record, const TEventNciParse* event) const
-{
-    return ::changeRecord(table, record, event, m_module->session());
 }

@@ -5,7 +5,6 @@
 #include "TEventNciParse.h"
 
 #include <functional>
-#include <initializer_list>
 #include <memory>
 #include <QModelIndexList>
 #include <QWidget>
@@ -14,14 +13,15 @@ class CModelTable;
 class CommentsPane;
 class CVrkCliMod;
 class FilesPane;
+class LiveTable;
 class LocationInfo;
 class PageMessages;
 class PaneRoom;
 class RecordColumns;
-class Row;
 class QAction;
 class VrkTableTool;
 struct MDRVar;
+struct RecordTables;
 
 namespace Ui
 {
@@ -62,20 +62,27 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
 
-    /// The table of an event among these, or null.
-    static CModelTable* tableOf(const TEventNciParse* event, std::initializer_list<CModelTable*> tables);
-    /// The record of a comment or a file, or null.
-    static MDRData* recordOf(const CModelTable& records, const Row& attachment);
-    /// Copies the marked fields of the event's row to \a record, field by position, and posts it. Returns
-    /// the posted record; null if nothing changes.
-    MDRData* changeRecord(CMDArray* array, MDRData* record, const TEventNciParse* event) const;
-    MDRData* changeRecord(CModelTable* table, MDRData* record, const TEventNciParse* event) const;
+    LiveTable live(CModelTable& table) const;
 
-    /// The parts of the panes that differ between pages; the tables belong to the page.
+    /// \name Change events of records, comments and files: LogBookTab_events.cpp
+    /// @{
+    /// Appends the new record of an event.
+    MDRData* appendRecord(const TEventNciParse& event);
+    /// Appends a new comment or file, unless its record is not here.
+    void insertAttachment(CModelTable& table, const TEventNciParse& event);
+    /// Changes or removes a row, and updates the view and the panes; false if the row is not here.
+    bool applyChange(CModelTable& table, const TEventNciParse& event);
+    bool applyDeletion(CModelTable& table, const TEventNciParse& event);
+    /// Called for a new or changed record before it is shown: fills what exists only in the client.
+    virtual void prepareRecord(MDRData* record);
+    /// Called before a record is removed.
+    virtual void forgetRecord(MDRData*) {}
+    /// @}
+
+    /// The parts that differ between pages; the tables belong to the page.
     struct Annex {
         QString owner; ///< the page's class, for log lines
-        CModelTable* comments;
-        CModelTable* files;
+        RecordTables& tables;
         std::function<double()> commentTime;
         std::function<bool(const MDRVar& time)> isCommentReaded;
     };
@@ -93,6 +100,7 @@ protected:
     QAction* m_allReaded; ///< "mark all as read", in the menu of readedCommentButton
     CVrkCliMod* m_module = nullptr;
     LocationInfo* m_location = nullptr;
+    RecordTables* m_tables = nullptr;    ///< set with the panes
     VrkTableTool* m_tableTool = nullptr; ///< created by the page in init
     RecordColumns* m_columns = nullptr;  ///< made by the page in init
     std::unique_ptr<PageMessages> m_messages;
@@ -103,5 +111,6 @@ protected:
 
 private:
     void configureForm();
+    void updateAttachments(const CModelTable& table, MDRData* record);
     QModelIndexList matcheIndexes(const QString& text) const;
 };
