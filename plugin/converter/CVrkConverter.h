@@ -3,6 +3,7 @@
 #include "ConversionReport.h"
 #include "ConverterTables.h"
 #include "CVrkCliMod.h"
+#include "RecordDumps.h"
 
 #include <memory>
 
@@ -16,7 +17,7 @@ class CVrkConverter;
 /// and parameters of the old tables to those of this journal, in memory and with a report, and writes them
 /// on request. One run for each start. The rules are in ParamRules and TemplateRules; the window shows the
 /// report and runs them.
-class CVrkConverter : public CVrkCliMod
+class CVrkConverter : public CVrkCliMod, public RecordDumps<CVrkConverter>
 {
     Q_OBJECT
 
@@ -34,14 +35,6 @@ public:
 
     /// Writes the report as a UTF-8 text; the report on the screen shows its path, or why it failed.
     void saveReport(const QString& path);
-
-    /// \name Dumps to the message log, for debugging
-    /// @{
-    static void printStructTable(CMDArray* table, const QString& title);
-    static void printKeysTable(CMDArray* table, const QString& title);
-    static void printRecordTable(CVrkCliMod* module, CMDArray* table, MDRData* record, const QString& title);
-    static void printTable(CVrkCliMod* module, CMDArray* table, const QString& title);
-    /// @}
 
 protected:
     /// Stays open during a run, whose loops use its tables.

@@ -7,15 +7,6 @@
 #include "TemplateTables.h"
 #include "WriteBlock.h"
 
-namespace
-{
-/// A text, or null for an empty one. The bytes must outlive the value.
-MDRVar keyOrNull(const QByteArray& key)
-{
-    return key.isEmpty() ? MDRValue::null() : MDRValue::text(key);
-}
-} // namespace
-
 TemplateMoves::TemplateMoves(CVrkCliSes* session, TemplateTables& tables, const SentEdits& sent,
                              const CModelTable* orgTypes, const CModelTable* departments)
     : m_session(session), m_tables(tables), m_sent(sent), m_orgTypes(orgTypes), m_departments(departments)
@@ -38,7 +29,9 @@ bool TemplateMoves::moveCategory(const MDRData* record, const MDRData* target)
         return false;
     const MDRData* stored = storedOf(record, m_tables.categoriesEdit);
     const QByteArray targetKey = Row(target).key();
-    const auto keyIf = [&](bool isIt) { return isIt ? keyOrNull(targetKey) : MDRValue::null(); };
+    const auto keyIf = [&](bool isIt) {
+        return isIt ? TemplateTables::keyOrNull(targetKey) : MDRValue::null();
+    };
     const QByteArray name = Row(stored).copy(Field::nameLoc);
     sendMove(&m_tables.categoriesMoved, Row(record).key(),
              {{Field::ParentKey, keyIf(isInCategory)},
@@ -54,7 +47,7 @@ void TemplateMoves::moveTemplate(const MDRData* record, const MDRData* target)
     const QByteArray category = Row(target).key();
     const QByteArray name = Row(stored).copy(Field::nameLoc);
     sendMove(&m_tables.templatesMoved, Row(record).key(),
-             {{Field::CategoryKey, keyOrNull(category)},
+             {{Field::CategoryKey, TemplateTables::keyOrNull(category)},
               {Field::nameLoc, MDRValue::text(name)},
               {Field::html, Row(stored).value(Field::html)}});
 }

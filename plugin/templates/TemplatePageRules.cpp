@@ -4,11 +4,6 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
-bool TemplatePageRules::isExistUnsaved() const
-{
-    return m_tables.categoriesEdit.data.RecCount() > 0 || m_tables.templatesEdit.data.RecCount() > 0;
-}
-
 const CModelTable* TemplatePageRules::roots() const
 {
     switch (m_level->roots) {

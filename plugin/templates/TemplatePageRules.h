@@ -16,7 +16,7 @@ public:
     const TemplateTables& tables() const { return m_tables; }
 
     /// There are unsaved records: saving and cancelling are enabled, creating and deleting are not.
-    bool isExistUnsaved() const;
+    bool isExistUnsaved() const { return m_tables.isEdited(); }
     bool isRootCreatable() const;
     bool isFolderCreatable() const;
     bool isTemplateCreatable() const;

@@ -4,6 +4,7 @@
 #include "LastRowFiller.h"
 #include "RecordValue.h"
 #include "TemplateEditor.h"
+#include "TemplateEdits.h"
 #include "TemplateMarkers.h"
 #include "TemplateTables.h"
 #include "ui_TemplateTab.h"
@@ -109,7 +110,7 @@ TemplatePassport::TemplatePassport(const Source& source, QObject* parent) : QObj
     createTemplatePassport();
 }
 
-void TemplatePassport::show(MDRData* record)
+void TemplatePassport::raiseUpPassport(MDRData* record)
 {
     const auto isIn = [record](const CModelTable& table) {
         return TemplateTables::isContains(&table, record);
@@ -118,7 +119,7 @@ void TemplatePassport::show(MDRData* record)
         setQuietly(categoryNameEditor(), Row(record).text(Field::nameLoc, m_source.codec));
         m_source.form->passportStack->setCurrentIndex(CategoryPage);
     } else if (isIn(m_source.tables.templates) || isIn(m_source.tables.templatesEdit)) {
-        fillTemplatePassport(record);
+        reloadTemplatePassport(record);
         m_source.form->passportStack->setCurrentIndex(TemplatePage);
     } else {
         m_source.form->passportStack->setCurrentIndex(EmptyPage);
@@ -262,7 +263,7 @@ TemplateEditor* TemplatePassport::templateHtmlEditor() const
 }
 
 /// Without emitting signals to the handlers.
-void TemplatePassport::fillTemplatePassport(const MDRData* record)
+void TemplatePassport::reloadTemplatePassport(const MDRData* record)
 {
     const MDRVar html = Row(record).value(Field::html);
     const HtmlParser parser = templateOf(html);
@@ -320,7 +321,7 @@ void TemplatePassport::updateTemplateCommand()
 
 void TemplatePassport::updateTemplateHtml()
 {
-    const MDRVar html = Row(m_source.editedTemplate()).value(Field::html);
+    const MDRVar html = Row(m_source.edits.editedTemplate()).value(Field::html);
     if (html.isNull || html.type == mdr_TNone)
         return;
     TemplateEditor* editor = templateHtmlEditor();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <QObject>
 #include <QStringList>
 
@@ -10,6 +9,7 @@ class QComboBox;
 class QLineEdit;
 class QTextCodec;
 class TemplateEditor;
+class TemplateEdits;
 struct MDRData;
 struct TemplateTables;
 namespace Ui
@@ -35,28 +35,24 @@ public:
         QString categoryLabel; ///< of the name of a category
         QString templateLabel; ///< of the name of a template
         bool canEdit;
-        /// The edit record of the current item, created if necessary; null if it is none.
-        std::function<MDRData*()> editedCategory;
-        std::function<MDRData*()> editedTemplate;
+        TemplateEdits& edits;
     };
     TemplatePassport(const Source& source, QObject* parent);
 
     /// Shows a category or a template of the tables; anything else shows an empty page.
-    void show(MDRData* record);
+    void raiseUpPassport(MDRData* record);
     QLineEdit* categoryNameEditor() const;
     QLineEdit* templateNameEditor() const;
     TemplateEditor* templateHtmlEditor() const;
 
 signals:
-    /// The user has changed an edit record.
-    void edited();
-    /// Its name, after edited().
+    /// The user has changed the name of an edit record.
     void renamed(MDRData* record);
 
 private:
     void createCategoryPassport();
     void createTemplatePassport();
-    void fillTemplatePassport(const MDRData* record);
+    void reloadTemplatePassport(const MDRData* record);
     void updateTemplateCommand();
     void updateTemplateHtml();
     QCheckBox* templateOpenEditor() const;

@@ -2,6 +2,7 @@
 #include "LogText.h"
 #include "RecordValue.h"
 #include "TemplateEditor.h"
+#include "TemplateEdits.h"
 #include "TemplatePassport.h"
 #include "TemplateTables.h"
 
@@ -27,13 +28,13 @@ void TemplatePassport::nameChanged(CModelTable* edits, MDRData* record, const QS
 {
     const QByteArray bytes = m_source.codec->fromUnicode(name);
     TemplateTables::storeField(edits, record, Field::nameLoc, MDRValue::text(bytes));
-    emit edited();
+    m_source.edits.changed();
     emit renamed(record);
 }
 
 void TemplatePassport::categoryNameChanged()
 {
-    MDRData* record = m_source.editedCategory();
+    MDRData* record = m_source.edits.editedCategory();
     if (!TemplateTables::isContains(&m_source.tables.categoriesEdit, record)) {
         LogText::warn(QStringLiteral("void TemplateTab::categoryNameChanged()"),
                       QStringLiteral("not found record edited category!"));
@@ -44,7 +45,7 @@ void TemplatePassport::categoryNameChanged()
 
 void TemplatePassport::templateNameChanged()
 {
-    if (MDRData* record = m_source.editedTemplate())
+    if (MDRData* record = m_source.edits.editedTemplate())
         nameChanged(&m_source.tables.templatesEdit, record, templateNameEditor()->text());
     else
         warnNoTemplate("void TemplateTab::templateNameChanged()");
@@ -52,7 +53,7 @@ void TemplatePassport::templateNameChanged()
 
 void TemplatePassport::templateHtmlChanged()
 {
-    MDRData* record = m_source.editedTemplate();
+    MDRData* record = m_source.edits.editedTemplate();
     if (!record) {
         warnNoTemplate("void TemplateTab::templateHtmlChanged()");
         return;
@@ -60,13 +61,13 @@ void TemplatePassport::templateHtmlChanged()
     const QByteArray html = m_source.codec->fromUnicode(templateHtmlEditor()->templateText());
     TemplateTables::storeField(&m_source.tables.templatesEdit, record, Field::html,
                                MDRValue::text(html, mdr_TMemo));
-    emit edited();
+    m_source.edits.changed();
 }
 
 template <typename Change>
 void TemplatePassport::propertyChanged(const char* signature, bool emptyIsNull, Change change)
 {
-    MDRData* record = m_source.editedTemplate();
+    MDRData* record = m_source.edits.editedTemplate();
     if (!record) {
         warnNoTemplate(signature);
         return;
@@ -78,7 +79,7 @@ void TemplatePassport::propertyChanged(const char* signature, bool emptyIsNull, 
                              ? MDRValue::null()
                              : MDRValue::text(html.data(), static_cast<int>(html.size()), mdr_TMemo);
     TemplateTables::storeField(&m_source.tables.templatesEdit, record, Field::html, value);
-    emit edited();
+    m_source.edits.changed();
 }
 
 void TemplatePassport::flagChanged(const QCheckBox* box, const char* property, const char* signature)

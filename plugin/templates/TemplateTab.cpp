@@ -1,22 +1,25 @@
 #include "TemplateTab.h"
 
-#include "CPopMessageBox.h"
 #include "CVrkCliApp.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "DepsTemplatesEditSourceModel.h"
 #include "Fields.h"
-#include "KeptDraft.h"
 #include "LogbookTables.h"
+#include "LogText.h"
+#include "NewItems.h"
 #include "NoticeBar.h"
 #include "OrgsTemplatesEditSourceModel.h"
+#include "PageMessages.h"
+#include "PageTree.h"
 #include "ParametersBase.h"
 #include "PublicTemplatesEditSourceModel.h"
 #include "RecordValue.h"
 #include "SearchBar.h"
-#include "StillTree.h"
 #include "TemplateActions.h"
 #include "TemplateEditor.h"
+#include "TemplateEdits.h"
+#include "TemplateEvents.h"
 #include "TemplateMoves.h"
 #include "TemplatePassport.h"
 #include "TemplatesProxyModel.h"
@@ -31,9 +34,6 @@
 namespace
 {
 constexpr int searchHeight = 27;
-constexpr int boxWidth = 350;
-constexpr int boxHeight = 110;
-enum NoticeChoice { Restore, Dismiss };
 } // namespace
 
 TemplateTab::TemplateTab(QWidget* parent) : QWidget(parent), m_form(new Ui::TemplateTab)
@@ -46,15 +46,7 @@ TemplateTab::TemplateTab(QWidget* parent) : QWidget(parent), m_form(new Ui::Temp
     createConnections();
 }
 
-TemplateTab::~TemplateTab()
-{
-    // Destroyed first: the views read the tables.
-    if (m_form->templatesTree->model())
-        m_form->templatesTree->setModel(nullptr);
-    delete m_proxy;
-    delete m_model;
-    delete m_messageBox; // a child of the module
-}
+TemplateTab::~TemplateTab() = default;
 
 void TemplateTab::configureForm()
 {
@@ -109,40 +101,16 @@ void TemplateTab::createConnections()
     QTreeView* tree = m_form->templatesTree;
     new SearchBar(
         {m_form->searchEdit, m_form->upSearchButton, m_form->downSearchButton, tree, true},
-        [this](const QString& text) { return matcheIndexes(text); },
-        [tree](const QModelIndex& hit) {
-            const StillTree still(tree);
-            tree->setCurrentIndex(hit);
-            // not the hit itself: a failed save removes rows
-            tree->scrollTo(tree->currentIndex(), QAbstractItemView::EnsureVisible);
-        },
-        this);
-    connect(m_form->templatesTree, &QTreeView::customContextMenuRequested, this,
-            &TemplateTab::contextMenuRequest);
-    connect(m_notice, &NoticeBar::chosen, this, [this](int choice) {
-        if (choice == Restore && !m_kept.isEmpty())
-            restoreKept();
-        else
-            m_kept.clear();
-        m_notice->setVisible(!m_kept.isEmpty());
-        m_unsaved->touch();
-    });
+        [this](const QString& text) { return m_tree ? m_tree->matcheIndexes(text) : QModelIndexList(); },
+        [this](const QModelIndex& hit) { m_tree->scrollTo(hit); }, this);
+    connect(tree, &QTreeView::customContextMenuRequested, this, &TemplateTab::contextMenuRequest);
 
     // Otherwise the view uses the key to copy the name.
-    auto* copy =
-        new QShortcut(QKeySequence::Copy, m_form->templatesTree, nullptr, nullptr, Qt::WidgetShortcut);
+    auto* copy = new QShortcut(QKeySequence::Copy, tree, nullptr, nullptr, Qt::WidgetShortcut);
     connect(copy, &QShortcut::activated, this, [this] {
         if (m_level && canCopyCurrent())
             copyItem();
     });
-}
-
-QModelIndexList TemplateTab::matcheIndexes(const QString& text) const
-{
-    if (!m_proxy || text.isEmpty())
-        return {};
-    return m_proxy->match(m_proxy->index(0, 0), Qt::DisplayRole, text, -1,
-                          Qt::MatchContains | Qt::MatchFixedString | Qt::MatchWrap | Qt::MatchRecursive);
 }
 
 void TemplateTab::setCatsTemplateTable(const CModelTable* table)
@@ -159,65 +127,65 @@ void TemplateTab::init(CVrkCliMod* module, TemplateTypes type, Rights::AdminRigh
 {
     m_module = module;
     m_rights = rights;
+    std::unique_ptr<TemplatesEditSourceModel> model;
     switch (type) {
     case Public:
         m_level = &TemplateLevels::publicLevel;
-        m_model = new PublicTemplatesEditSourceModel(this);
+        model = std::make_unique<PublicTemplatesEditSourceModel>(this);
         break;
     case Orgs:
         m_level = &TemplateLevels::orgsLevel;
-        m_model = new OrgsTemplatesEditSourceModel(this);
+        model = std::make_unique<OrgsTemplatesEditSourceModel>(this);
         break;
     case Deps:
         m_level = &TemplateLevels::depsLevel;
-        m_model = new DepsTemplatesEditSourceModel(this);
+        model = std::make_unique<DepsTemplatesEditSourceModel>(this);
         break;
     }
-    m_unsaved = new KeptDraft(this, KeptTexts::of(m_module), [this] { return unsaved(); });
-    m_messageBox = new CPopMessageBox(m_module);
-    m_messageBox->setObjectName(objectName() + QStringLiteral("MessageBox"));
-    m_proxy = new TemplatesProxyModel(this);
-    m_moves = std::make_unique<TemplateMoves>(m_module->session(), m_tables, m_sent, m_orgTypesTable,
+    model->setTextCodec(codec());
+    model->setOrgTypesTable(m_orgTypesTable);
+    model->setDepartmentsTable(m_departmentsTable);
+    model->setEditable(canEdit());
+    m_messages = std::make_unique<PageMessages>(m_module);
+    m_tree = std::make_unique<PageTree>(m_form->templatesTree, std::move(model), m_tables, roots());
+    m_edits = new TemplateEdits(m_module->session(), m_tables, *m_tree, m_notice, this);
+    m_newItems = std::make_unique<NewItems>(*m_level, m_tables, *m_tree, *m_edits, codec());
+    m_moves = std::make_unique<TemplateMoves>(m_module->session(), m_tables, m_edits->sent(), m_orgTypesTable,
                                               m_departmentsTable);
-
-    m_model->setTextCodec(codec());
-    m_model->setOrgTypesTable(m_orgTypesTable);
-    m_model->setDepartmentsTable(m_departmentsTable);
-    m_model->setCatsTemplateTable(&m_tables.categories);
-    m_model->setTemplatesTable(&m_tables.templates);
-    m_model->setCatsTemplateEdit(&m_tables.categoriesEdit);
-    m_model->setTemplatesEdit(&m_tables.templatesEdit);
-    m_model->setEditable(canEdit());
-
-    m_proxy->setDynamicSortFilter(true);
-    m_proxy->setCatsTemplateTable(&m_tables.categories);
-    m_proxy->setCatsTemplateEdit(&m_tables.categoriesEdit);
-    m_proxy->setTemplatesTable(&m_tables.templates);
-    m_proxy->setTemplatesEdit(&m_tables.templatesEdit);
     if (type == Orgs)
         applyTemplateFilter_Orgs();
     else if (type == Deps)
         applyTemplateFilter_Deps();
-    m_proxy->setSourceModel(m_model);
-
-    QTreeView* tree = m_form->templatesTree;
-    tree->setModel(m_proxy);
-    tree->sortByColumn(0, Qt::AscendingOrder);
-    if (canEdit()) {
-        tree->setDragEnabled(true);
-        tree->setAcceptDrops(true);
-        tree->viewport()->setAcceptDrops(true);
-        tree->setDropIndicatorShown(true);
-        tree->setDragDropMode(QAbstractItemView::DragDrop);
-        tree->setDefaultDropAction(Qt::MoveAction);
-        tree->setDragDropOverwriteMode(false);
-    }
-
+    m_tree->show(canEdit());
     createPassport();
     m_form->propertiesTabWidget->setCurrentWidget(m_form->propertiesTab);
-    connect(tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &TemplateTab::reloadFor);
-    connect(m_model, &TemplatesEditSourceModel::moveToCategory, this, &TemplateTab::moveItem);
-    offerLeft();
+    m_events = new TemplateEvents(m_tables, *m_tree, *m_edits, *m_moves, *m_passport, codec(), this);
+
+    const auto reloadCurrent = [this] { reloadFor(m_tree->view()->currentIndex(), QModelIndex()); };
+    connect(m_tree->selection(), &QItemSelectionModel::currentChanged, this, &TemplateTab::reloadFor);
+    connect(m_tree->model(), &TemplatesEditSourceModel::moveToCategory, this, &TemplateTab::moveItem);
+    connect(m_edits, &TemplateEdits::currentLost, this, reloadCurrent);
+    connect(m_edits, &TemplateEdits::shown, m_passport, &TemplatePassport::raiseUpPassport);
+    connect(m_edits, &TemplateEdits::failed, this, &TemplateTab::showError);
+    connect(m_edits, &TemplateEdits::writeLog, this, &TemplateTab::writeLog);
+    connect(m_edits, &TemplateEdits::dataEdited, this, &TemplateTab::dataEdited);
+    connect(m_edits, &TemplateEdits::editDataReseted, this, &TemplateTab::editDataReseted);
+    connect(m_events, &TemplateEvents::currentLost, this, reloadCurrent);
+    connect(m_events, &TemplateEvents::writeLog, this, &TemplateTab::writeLog);
+    const bool isOfDepartment = m_level->roots == TemplateLevel::DepartmentRoots;
+    m_edits->offerLeft(QStringLiteral("templates/") + objectName() +
+                           (isOfDepartment ? userParameter("DEPARTMENTKEY") : QString()),
+                       isAnyAdmin());
+}
+
+TemplatesEditSourceModel* TemplateTab::model() const
+{
+    return m_tree ? m_tree->model() : nullptr;
+}
+
+TemplatesProxyModel* TemplateTab::proxy() const
+{
+    return m_tree ? m_tree->proxy() : nullptr;
 }
 
 QTextCodec* TemplateTab::codec() const
@@ -230,43 +198,29 @@ QString TemplateTab::userParameter(const char* name) const
     return m_module->app()->m_user_params.getValue(QLatin1String(name), QString());
 }
 
-QModelIndex TemplateTab::currentSource() const
-{
-    return m_proxy->mapToSource(m_form->templatesTree->currentIndex());
-}
-
 MDRData* TemplateTab::currentRecord() const
 {
-    return m_model->recordByIndex(currentSource());
+    return m_tree->currentRecord();
 }
 
 void TemplateTab::reloadFor(const QModelIndex& current, const QModelIndex& previous)
 {
     const QPersistentModelIndex last(previous); // a failed save takes its rows away
     // Changes that were already sent are not sent again here; saving by the button sends them each time.
-    if (!m_isSent && !sendChangesToServer()) {
+    if (!m_edits->isSent() && !m_edits->sendChangesToServer()) {
         // Not during the change of selection.
         QTimer::singleShot(0, this, [this, last] { putBack(last); });
         return;
     }
     if (current != previous && previous.isValid())
-        forgetOffer();
+        m_edits->forgetOffer();
     raiseUpPassport(current);
     emit itemChanged();
 }
 
 void TemplateTab::putBack(const QPersistentModelIndex& previous)
 {
-    // The row may have been removed with the record that could not be saved; then the current one stays.
-    QItemSelectionModel* selection = m_form->templatesTree->selectionModel();
-    const QModelIndex wanted = previous.isValid() ? QModelIndex(previous) : selection->currentIndex();
-    selection->blockSignals(true);
-    selection->clearSelection();
-    m_form->templatesTree->setCurrentIndex(
-        wanted); // through the view, which still has the requested row as current
-    selection->blockSignals(false);
-    m_form->templatesTree->viewport()->update();
-    m_form->templatesTree->scrollTo(wanted);
+    const QModelIndex wanted = m_tree->putBack(previous);
     if (!isExistUnsaved()) // the typed changes are dropped: show the stored values
         raiseUpPassport(wanted);
     emit itemChanged();
@@ -274,16 +228,8 @@ void TemplateTab::putBack(const QPersistentModelIndex& previous)
 
 void TemplateTab::selectFirst()
 {
-    const QModelIndex first = m_proxy->mapFromSource(m_model->index(0, 0));
-    QTreeView* tree = m_form->templatesTree;
-    // The filter may hide the first row of the source.
-    const QModelIndex wanted = first.isValid() ? first : m_proxy->index(0, 0);
-    if (!wanted.isValid()) {
+    if (!m_tree->selectFirst())
         raiseUpPassport(QModelIndex());
-        return;
-    }
-    tree->clearSelection();
-    tree->setCurrentIndex(wanted);
 }
 
 void TemplateTab::takeKeyboard()
@@ -291,38 +237,27 @@ void TemplateTab::takeKeyboard()
     m_form->templatesTree->setFocus();
 }
 
-void TemplateTab::setFocusOn(MDRData* record, MDRData* edit)
+void TemplateTab::setFocusOn(MDRData* record)
 {
-    QTreeView* tree = m_form->templatesTree;
-    const StillTree still(tree);
-    QItemSelectionModel* selection = tree->selectionModel();
-    selection->blockSignals(true);
-    const QModelIndex index = m_proxy->mapFromSource(m_model->indexByRecord(record));
-    const QModelIndex parent = index.parent();
-    selection->clearSelection();
-    selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-    selection->select(index, QItemSelectionModel::Select | QItemSelectionModel::Current);
-    m_passport->show(edit ? edit : record);
-    selection->blockSignals(false);
-    tree->scrollTo(index, QAbstractItemView::EnsureVisible);
-    if (parent.isValid() && !tree->isExpanded(parent))
-        tree->expand(parent);
-    tree->viewport()->update();
+    m_tree->setFocusOn(record);
+    m_passport->raiseUpPassport(record);
+}
+
+void TemplateTab::MessageData(TEventNciParse* event)
+{
+    if (m_events)
+        m_events->MessageData(event);
 }
 
 void TemplateTab::showError(const QString& text)
 {
-    m_messageBox->setMessage(tr("Ошибка"), QStringLiteral("<center>%1</center>").arg(text), MessageIconError,
-                             MessageTypeOk);
-    connect(m_messageBox->buttonBox(), &QDialogButtonBox::clicked, this, &TemplateTab::closeMsgBox);
-    m_messageBox->resize(boxWidth, boxHeight);
-    m_messageBox->show();
+    m_messages->show(tr("Ошибка"), LogText::centered(text), MessageIconError, MessageTypeOk, this,
+                     SLOT(closeMsgBox(QAbstractButton*)));
 }
 
-void TemplateTab::closeMsgBox(QAbstractButton*)
+void TemplateTab::closeMsgBox(QAbstractButton* button)
 {
-    disconnect(m_messageBox->buttonBox(), &QDialogButtonBox::clicked, nullptr, nullptr);
-    m_messageBox->close();
+    m_messages->isConfirmed(button);
 }
 
 void TemplateTab::contextMenuRequest(const QPoint& pos)
@@ -373,23 +308,18 @@ void TemplateTab::createPassport()
     };
     m_passport = new TemplatePassport(
         {m_form.get(), codec(), m_tables, m_catsParameterTable, m_parametersTable, parameterFilter(),
-         label(LogbookTable::CatsTemplate), label(LogbookTable::Templates), canEdit(),
-         [this] { return editedCategory(); }, [this] { return editedTemplate(); }},
+         label(LogbookTable::CatsTemplate), label(LogbookTable::Templates), canEdit(), *m_edits},
         this);
-    connect(m_passport, &TemplatePassport::edited, this, [this] {
-        m_isSent = false;
-        m_unsaved->touch();
-    });
     connect(m_passport, &TemplatePassport::renamed, this, [this](MDRData* record) {
         // The row of an existing record keeps its name until the change event arrives.
         if (record->flags & ROW_INSERT)
-            m_model->updateRecord(record);
+            m_tree->model()->updateRecord(record);
     });
 }
 
 void TemplateTab::raiseUpPassport(const QModelIndex& proxyIndex)
 {
-    m_passport->show(m_model->recordByIndex(m_proxy->mapToSource(proxyIndex)));
+    m_passport->raiseUpPassport(model()->recordByIndex(proxy()->mapToSource(proxyIndex)));
 }
 
 QStringList TemplateTab::parameterFilter() const

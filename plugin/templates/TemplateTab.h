@@ -1,24 +1,26 @@
 #pragma once
 
-#include "KeptEdits.h"
-#include "SentEdits.h"
+#include "RecordDumps.h"
 #include "TemplatePageRules.h"
 
 #include <memory>
 #include <QModelIndex>
 #include <QWidget>
 
-class CPopMessageBox;
-class CVrkCliMod;
-class KeptDraft;
+class NewItems;
 class NoticeBar;
+class PageMessages;
+class PageTree;
 class QAbstractButton;
 class QMenu;
 class QTextCodec;
+class TemplateEdits;
+class TemplateEvents;
 class TemplateMoves;
 class TemplatePassport;
 class TemplatesEditSourceModel;
 class TemplatesProxyModel;
+struct TEventNciParse;
 namespace Ui
 {
 class TemplateTab;
@@ -26,8 +28,9 @@ class TemplateTab;
 
 /// One page of the configurator: the tree of one level of templates with its search line, and the passport
 /// of the selected item. The user's changes go into edit tables; saving sends them in one block; the page's
-/// copies of the server's tables change only by change events.
-class TemplateTab : public QWidget, public TemplatePageRules
+/// copies of the server's tables change only by change events. Its parts do the work: PageTree,
+/// TemplateEdits, NewItems, TemplateMoves, TemplatePassport, TemplateEvents.
+class TemplateTab : public QWidget, public TemplatePageRules, public RecordDumps<TemplateTab>
 {
     Q_OBJECT
 
@@ -67,9 +70,8 @@ public:
     /// Moves the focus to the tree.
     void takeKeyboard();
     void selectFirst();
-    /// Selects the record's row without handling the change of selection, and shows its passport, or that
-    /// of its unsaved change.
-    void setFocusOn(MDRData* record, MDRData* edit = nullptr);
+    /// Selects the record's row without handling the change of selection, and shows its passport.
+    void setFocusOn(MDRData* record);
     MDRData* currentRecord() const override;
     /// Handles a change event of the server.
     void MessageData(TEventNciParse* event);
@@ -78,21 +80,13 @@ public:
     /// Rows of the parameter tables were added or removed.
     void reloadParameters();
 
-    TemplatesEditSourceModel* model() const { return m_model; }
-    TemplatesProxyModel* proxy() const { return m_proxy; }
+    TemplatesEditSourceModel* model() const;
+    TemplatesProxyModel* proxy() const;
 
     /// Names of the parameters that the template editor offers.
     QStringList parameterFilter() const;
     /// A field's name in the user's language; empty if the directory does not have it.
     QString fieldLocalName(QString field, QString table);
-
-    /// \name Dumps to the message log, for debugging
-    /// @{
-    static void printStructTable(CMDArray* table, const QString& title);
-    static void printKeysTable(CMDArray* table, const QString& title);
-    static void printRecordTable(CVrkCliMod* module, CMDArray* table, MDRData* record, const QString& title);
-    static void printTable(CVrkCliMod* module, CMDArray* table, const QString& title);
-    /// @}
 
 public slots:
     /// Handles the answer to the question about a deletion.
@@ -111,89 +105,38 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    // The page
     void configureForm();
     void createConnections();
     QTextCodec* codec() const;
     QString userParameter(const char* name) const;
-    QModelIndex currentSource() const;
+    void createPassport();
     void reloadFor(const QModelIndex& current, const QModelIndex& previous);
     void putBack(const QPersistentModelIndex& previous);
+    void raiseUpPassport(const QModelIndex& proxyIndex);
     void showError(const QString& text);
     void contextMenuRequest(const QPoint& pos);
 
-    // The level: TemplateTab_level.cpp
+    // What the user sees on the page of his level: TemplateTab_level.cpp
     void applyTemplateFilter_Orgs();
     void applyTemplateFilter_Deps();
     QString levelSignature(const char* function) const;
 
-    QModelIndexList matcheIndexes(const QString& text) const;
-
-    // Editing and saving
-    MDRData* editedCategory();
-    MDRData* editedTemplate();
-    MDRData* editedRecord(CModelTable* table, CModelTable* edits, std::initializer_list<const char*> copied);
-    bool sendChangesToServer();
-    void sendEdits(const CModelTable& edits);
-    void clearEditTables();
-    void removePending();
-    void dropUnsaved(const QString& reason);
-    void updateEditStatus();
-    void writeLogUnsaved(const QString& func, const QString& text);
-    void tellKept(const QString& text);
-    void forgetOffer();
-    KeptTexts::Values unsaved() const;
-    void offerLeft();
-    void restoreKept();
-    void restoreFrom(const CModelTable& kept, const CModelTable& table, CModelTable* edits,
-                     MDRData** restored);
-    MDRData* restoreRecord(const CModelTable& table, CModelTable* edits, const MDRData* kept);
-    QModelIndex placeOf(const MDRData* kept) const;
-
-    // Events
-    void rowChanged(CModelTable* table, CModelTable* edits, TEventNciParse* event);
-    void rowDeleted(CModelTable* table, CModelTable* edits, TEventNciParse* event);
-    void rowInserted(CModelTable* table, CModelTable* edits, CModelTable* moved, TEventNciParse* event);
-    bool deleteEditRecord(CModelTable* table, TEventNciParse* event);
-    void removeRow(CModelTable* table, MDRData* record);
-    /// Turns a new record that the server has received in the meantime into a change.
-    void becomeChange(CModelTable* edits, MDRData* pending);
-    /// The position of an event's row in this page's tree; \a row stays negative if it does not belong
-    /// there.
-    void whereInsert(int& row, QModelIndex& parent, TEventNciParse* event);
-    void moveRow(CModelTable* table, MDRData* record, TEventNciParse* event);
-
-    // Tree operations
-    MDRData* newCategory(const QModelIndex& parent, const QString& name, const QByteArray& parentKey,
-                         const QByteArray& orgTypeKey, const QByteArray& departmentKey);
-    void newFolder(const QModelIndex& index, MDRData* record);
-    void newTemplate(QModelIndex index, MDRData* record);
-    void insertTemplate(const QModelIndex& parent, const QByteArray& category, const QByteArray& name,
-                        const MDRVar& html);
-    void pasteTemplate(MDRData* record);
-
-    void createPassport();
-    void raiseUpPassport(const QModelIndex& proxyIndex);
-
     std::unique_ptr<Ui::TemplateTab> m_form;
-    CVrkCliMod* m_module = nullptr;
-    TemplatesEditSourceModel* m_model = nullptr;
-    TemplatesProxyModel* m_proxy = nullptr;
-    TemplatePassport* m_passport = nullptr; ///< created by init
-    CPopMessageBox* m_messageBox = nullptr;
-    NoticeBar* m_notice = nullptr;
     QMenu* m_menu = nullptr;
+    NoticeBar* m_notice = nullptr;
 
     CModelTable* m_tablesTable = nullptr;
     CModelTable* m_fieldsTable = nullptr;
     CModelTable* m_catsParameterTable = nullptr;
     CModelTable* m_parametersTable = nullptr;
-    KeptEdits m_kept;
-    KeptDraft* m_unsaved =
-        nullptr; ///< created by init: the edit tables and kept edits, in case the program ends
-    bool m_isPassingOffer = false; ///< the kept edits were cancelled by the user, and are dropped when he
-                                   ///< continues
-    SentEdits m_sent;
-    std::unique_ptr<TemplateMoves> m_moves; ///< created by init
-    bool m_isSent = false; ///< the unsaved records were written, their events have not arrived yet
+
+    // Created by init, in this order
+    CVrkCliMod* m_module = nullptr;
+    std::unique_ptr<PageMessages> m_messages;
+    std::unique_ptr<PageTree> m_tree;
+    TemplateEdits* m_edits = nullptr;
+    std::unique_ptr<NewItems> m_newItems;
+    std::unique_ptr<TemplateMoves> m_moves;
+    TemplatePassport* m_passport = nullptr;
+    TemplateEvents* m_events = nullptr;
 };

@@ -37,7 +37,7 @@ void TemplateTab::applyTemplateFilter_Orgs()
     }
     const MDRVar type = Row(MDARec(answer.array, 0, 0)).value(Field::OrgTypeKey);
     if (MDRValue::hasText(type))
-        m_proxy->setFilterRoot(QString::fromUtf8(MDRValue::bytes(type)));
+        proxy()->setFilterRoot(QString::fromUtf8(MDRValue::bytes(type)));
     else
         emit hideMe();
 }
@@ -55,5 +55,5 @@ void TemplateTab::applyTemplateFilter_Deps()
         return;
     }
     if (!isAdmin())
-        m_proxy->setFilterRoot(department);
+        proxy()->setFilterRoot(department);
 }

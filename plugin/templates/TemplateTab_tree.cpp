@@ -1,63 +1,27 @@
-#include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
-#include "Fields.h"
-#include "GenGuid32.h"
-#include "LogbookTables.h"
 #include "LogText.h"
+#include "NewItems.h"
 #include "NoticeBar.h"
-#include "QuietSelection.h"
+#include "PageMessages.h"
+#include "PageTree.h"
 #include "RecordValue.h"
+#include "TemplateEdits.h"
 #include "TemplateMoves.h"
 #include "TemplatePassport.h"
 #include "TemplatesEditSourceModel.h"
-#include "TemplatesProxyModel.h"
 #include "TemplateTab.h"
-#include "ui_TemplateTab.h"
-#include "WriteBlock.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QTextCodec>
-#include <set>
+#include <QTreeView>
+
+/// The operations on the tree.
 
 namespace
 {
-constexpr int boxWidth = 350;
-constexpr int boxHeight = 110;
-constexpr int yes = 5;
-
-/// A text, or null for an empty one. The bytes must outlive the value.
-MDRVar keyOrNull(const QByteArray& key)
-{
-    return key.isEmpty() ? MDRValue::null() : MDRValue::text(key);
-}
-
-/// Adds the deletion of a record to an edit table.
-void addDeletion(CModelTable& edits, const MDRData* record)
-{
-    const MDRVar key = Row(record).value(Field::KeyLink);
-    MDRData* deletion = MDARecNew(edits.data.array);
-    MDRSetFlags(deletion, ROW_DELETE);
-    MDRSetVal(MDRFldByName(edits.data.array, Field::KeyLink), deletion, &key);
-    edits.data.RecPost(deletion);
-}
-
-/// A category with its content: descendants come before their ancestors. \a seen guards against cycles.
-void addDeletions(TemplateTables& tables, const MDRData* category, std::set<const MDRData*>& seen)
-{
-    if (!seen.insert(category).second)
-        return;
-    const QByteArray key = Row(category).key();
-    for (const MDRData* child : MDARecsWith(tables.categories.data.array, Field::ParentKey, key.constData()))
-        addDeletions(tables, child, seen);
-    for (const MDRData* child : MDARecsWith(tables.templates.data.array, Field::CategoryKey, key.constData()))
-        addDeletion(tables.templatesEdit, child);
-    addDeletion(tables.categoriesEdit, category);
-}
-
 void beginTyping(QLineEdit* edit)
 {
     edit->setFocus();
@@ -65,118 +29,55 @@ void beginTyping(QLineEdit* edit)
 }
 } // namespace
 
-MDRData* TemplateTab::newCategory(const QModelIndex& parent, const QString& name, const QByteArray& parentKey,
-                                  const QByteArray& orgTypeKey, const QByteArray& departmentKey)
+void TemplateTab::applyChanges()
 {
-    const QByteArray key = GenGuid32();
-    const QByteArray nameBytes = codec()->fromUnicode(name);
-    CMDArray& rows = m_tables.categoriesEdit.data;
-    m_model->beginInsertRow(m_model->folderCount(parent), parent);
-    MDRData* record = MDARecNew(rows.array);
-    MDRSetFlags(record, ROW_INSERT);
-    rows.SetValF(record, Field::KeyLink, MDRValue::text(key));
-    rows.SetValF(record, Field::ParentKey, keyOrNull(parentKey));
-    rows.SetValF(record, Field::OrgTypeKey, keyOrNull(orgTypeKey));
-    rows.SetValF(record, Field::DepartmentKey, keyOrNull(departmentKey));
-    rows.SetValF(record, Field::nameLoc, MDRValue::text(nameBytes));
-    record = rows.RecPost(record);
-    m_model->endInsertRow();
-    m_isSent = false;
-    setFocusOn(record);
-    return record;
+    if (isExistUnsaved() && isAnyAdmin())
+        m_edits->sendChangesToServer();
 }
 
-void TemplateTab::insertTemplate(const QModelIndex& parent, const QByteArray& category,
-                                 const QByteArray& name, const MDRVar& html)
+void TemplateTab::cancelChanges()
 {
-    const QByteArray key = GenGuid32();
-    CMDArray& rows = m_tables.templatesEdit.data;
-    m_model->beginAppendRow(parent);
-    MDRData* record = MDARecNew(rows.array);
-    MDRSetFlags(record, ROW_INSERT);
-    rows.SetValF(record, Field::KeyLink, MDRValue::text(key));
-    rows.SetValF(record, Field::CategoryKey, keyOrNull(category));
-    rows.SetValF(record, Field::nameLoc, MDRValue::text(name));
-    rows.SetValF(record, Field::html, html);
-    record = rows.RecPost(record);
-    m_model->endAppendRow();
-    m_isSent = false;
-    setFocusOn(record);
-    updateEditStatus();
+    m_edits->cancelChanges();
 }
 
 void TemplateTab::createRootFolder()
 {
-    newCategory(QModelIndex(), tr("Новая категория"), {}, {}, {});
+    m_newItems->newRootFolder();
     beginTyping(m_passport->categoryNameEditor());
-    updateEditStatus();
 }
 
 void TemplateTab::createFolder()
 {
-    const QModelIndex index = currentSource();
+    const QModelIndex index = m_tree->currentSource();
     if (!index.isValid())
         return;
-    newFolder(index, m_model->recordByIndex(index));
+    if (!m_newItems->newFolder(index))
+        emit writeLog(levelSignature("newFolder"), QLatin1String(m_level->noParent));
     beginTyping(m_passport->categoryNameEditor());
 }
 
 void TemplateTab::createTemplate()
 {
-    const QModelIndex index = currentSource();
+    const QModelIndex index = m_tree->currentSource();
     if (!index.isValid())
         return;
-    newTemplate(index, m_model->recordByIndex(index));
-    beginTyping(m_passport->templateNameEditor());
-}
-
-void TemplateTab::newFolder(const QModelIndex& index, MDRData* record)
-{
-    QModelIndex parent = index;
-    const bool isRoot = TemplateTables::isContains(roots(), record);
-    if (!isRoot && !TemplateTables::isContains(&m_tables.categories, record)) { // a template is selected
-        parent = index.parent();
-        record = m_model->recordByIndex(parent);
-    }
-    if (!isRoot && !TemplateTables::isContains(&m_tables.categories, record)) {
-        emit writeLog(levelSignature("newFolder"), QLatin1String(m_level->noParent));
-        return;
-    }
-    const QByteArray key = Row(record).key();
-    const auto scope = [&](const char* field) {
-        return isRoot && qstrcmp(m_level->scopeField, field) == 0 ? key : QByteArray();
-    };
-    newCategory(parent, tr("Новая подкатегория"), isRoot ? QByteArray() : key, scope(Field::OrgTypeKey),
-                scope(Field::DepartmentKey));
-    updateEditStatus();
-}
-
-void TemplateTab::newTemplate(QModelIndex index, MDRData* record)
-{
-    if (!TemplateTables::isContains(&m_tables.categories, record)) {
-        index = index.parent();
-        record = m_model->recordByIndex(index);
-    }
-    if (!TemplateTables::isContains(&m_tables.categories, record)) {
+    if (!m_newItems->newTemplate(index))
         emit writeLog(levelSignature("newTemplate"), QLatin1String(TemplateLevels::noCategory));
-        return;
-    }
-    insertTemplate(index, Row(record).key(), codec()->fromUnicode(tr("Новый шаблон")), MDRValue::null());
+    beginTyping(m_passport->templateNameEditor());
 }
 
 void TemplateTab::deleteSelected()
 {
-    const QModelIndex current = m_form->templatesTree->currentIndex();
-    if (!current.isValid()) {
+    const QModelIndex index = m_tree->currentSource();
+    if (!index.isValid()) {
         showError(tr("Не выбран элемент для удаления!"));
         return;
     }
-    const QModelIndex index = m_proxy->mapToSource(current);
-    const MDRData* record = m_model->recordByIndex(index);
+    const MDRData* record = model()->recordByIndex(index);
     QString question;
     if (TemplateTables::isContains(&m_tables.categories, record)) {
         question =
-            m_model->rowCount(index) < 1
+            model()->rowCount(index) < 1
                 ? tr("Удалить категорию?")
                 : tr("Категория не пуста, удалится также содержимой этой категории.\nУдалить категорию?");
     } else if (TemplateTables::isContains(&m_tables.templates, record)) {
@@ -187,47 +88,14 @@ void TemplateTab::deleteSelected()
                       QStringLiteral("index contains unknown record in internalPointer()."));
         return;
     }
-    m_messageBox->setMessage(tr("Удаление"), question, MessageIconQuestion, MessageTypeYesNo);
-    connect(m_messageBox->buttonBox(), &QDialogButtonBox::clicked, this, &TemplateTab::answerDelete);
-    m_messageBox->resize(boxWidth, boxHeight);
-    m_messageBox->show();
+    m_messages->show(tr("Удаление"), question, MessageIconQuestion, MessageTypeYesNo, this,
+                     SLOT(answerDelete(QAbstractButton*)));
 }
 
 void TemplateTab::answerDelete(QAbstractButton* button)
 {
-    disconnect(m_messageBox->buttonBox(), SIGNAL(clicked(QAbstractButton*)), nullptr, nullptr);
-    m_messageBox->close();
-    if (!button || m_messageBox->ButtonRole(button) != yes)
-        return;
-
-    MDRData* record = currentRecord();
-    const bool hadUnsaved = isExistUnsaved();
-    std::set<const MDRData*> seen;
-    if (TemplateTables::isContains(&m_tables.categories, record))
-        addDeletions(m_tables, record, seen);
-    else if (TemplateTables::isContains(&m_tables.templates, record))
-        addDeletion(m_tables.templatesEdit, record);
-
-    CVrkCliSes* session = m_module->session();
-    WriteBlock block(session);
-    if (m_tables.templatesEdit.data.RecCount() > 0)
-        session->SqlUpdate(LogbookTable::Templates, m_tables.templatesEdit.data.array, true, nullptr);
-    if (m_tables.categoriesEdit.data.RecCount() > 0)
-        session->SqlUpdate(LogbookTable::CatsTemplate, m_tables.categoriesEdit.data.array, true, nullptr);
-    const bool isDone = block.commit();
-    if (!isDone)
-        showError(tr("При изменения данных возникла ошибка.\nДанные не были изменены!"));
-
-    // Unsaved changes go with the deletions: they are sent in the same block, or dropped with it.
-    if (!isDone)
-        m_kept.keepAll(m_tables);
-    QuietSelection quiet(m_form->templatesTree->selectionModel());
-    removePending();
-    if (quiet.end() || !isDone)
-        raiseUpPassport(m_form->templatesTree->currentIndex());
-    updateEditStatus();
-    if (!isDone && hadUnsaved)
-        tellKept(tr("Изменения не сохранены. %1").arg(session->lastErrorText()));
+    if (m_messages->isConfirmed(button))
+        m_edits->deleteItem(currentRecord());
 }
 
 void TemplateTab::copyItem()
@@ -249,9 +117,9 @@ void TemplateTab::pasteItem()
     const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
     const QByteArray key =
         mime ? QByteArray(mime->data(clipboardFormat()).constData()) : QByteArray(); // up to the NUL
-    if (MDRData* record = recordByKeyLink(&m_tables.templates, key.constData()))
-        pasteTemplate(record);
-    else if (m_kept.isEmpty()) // its notice has priority
+    if (const MDRData* record = recordByKeyLink(&m_tables.templates, key.constData()))
+        m_newItems->pasteTemplate(record);
+    else if (!m_edits->hasKept()) // its notice has priority
         m_notice->tell(
             NoticeBar::Information,
             tr("Вставить нечего: скопированный шаблон удалён или появился на другой странице после "
@@ -260,20 +128,11 @@ void TemplateTab::pasteItem()
     QGuiApplication::clipboard()->clear(); // a copy pastes once
 }
 
-void TemplateTab::pasteTemplate(MDRData* record)
-{
-    QModelIndex index = currentSource();
-    if (TemplateTables::isContains(&m_tables.templates, m_model->recordByIndex(index)))
-        index = index.parent();
-    insertTemplate(index, index.data(Qt::UserRole).toString().toUtf8(), Row(record).copy(Field::nameLoc),
-                   Row(record).value(Field::html));
-}
-
 void TemplateTab::moveItem(const QString& keyLink, const QModelIndex& target)
 {
     if (keyLink.isEmpty())
         return;
-    const MDRData* targetRecord = m_model->recordByIndex(target);
+    const MDRData* targetRecord = model()->recordByIndex(target);
     const QByteArray key = keyLink.toUtf8();
     if (const MDRData* category = recordByKeyLink(&m_tables.categories, key.constData())) {
         if (!m_moves->moveCategory(category, targetRecord))

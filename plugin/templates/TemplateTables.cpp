@@ -1,9 +1,16 @@
 #include "TemplateTables.h"
 
+#include "MDRValues.h"
+
 TemplateTables::TemplateTables()
 {
     setDefaultKey(&categories);
     setDefaultKey(&templates);
+}
+
+bool TemplateTables::isEdited() const
+{
+    return categoriesEdit.data.RecCount() > 0 || templatesEdit.data.RecCount() > 0;
 }
 
 void TemplateTables::setDefaultKey(CModelTable* table)
@@ -21,6 +28,11 @@ void TemplateTables::copyFrom(CModelTable* table, const CModelTable* source)
     rows.lastError = MDACopy(rows.array, source->data.array, 1);
     MDAUnpackForWrite(rows.array);
     setDefaultKey(table);
+}
+
+MDRVar TemplateTables::keyOrNull(const QByteArray& key)
+{
+    return key.isEmpty() ? MDRValue::null() : MDRValue::text(key);
 }
 
 bool TemplateTables::isContains(const CModelTable* table, const MDRData* record)

@@ -15,10 +15,14 @@ struct TemplateTables {
     CModelTable categoriesMoved{"LogbookCatsTemplate", LogbookCatsTemplateFields, ""};
     CModelTable templatesMoved{"LogbookTemplates", LogbookTemplatesFields, ""};
 
+    /// There are unsaved records.
+    bool isEdited() const;
     /// Leaves the order of entry as the only key.
     static void setDefaultKey(CModelTable* table);
     /// Makes the table a copy of another, which may be null or without array: mdr_Assign.
     static void copyFrom(CModelTable* table, const CModelTable* source);
+    /// A text, or null for an empty one. The bytes must outlive the value.
+    static MDRVar keyOrNull(const QByteArray& key);
     static bool isContains(const CModelTable* table, const MDRData* record);
     /// Removes the record; mdr_Foreign in the table's lastError if it belongs to another table.
     static void deleteRecord(CModelTable* table, MDRData* record);

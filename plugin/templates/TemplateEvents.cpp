@@ -1,18 +1,18 @@
-#include "CVrkCliMod.h"
-#include "CVrkCliSes.h"
+#include "TemplateEvents.h"
+
 #include "EventRow.h"
-#include "LogbookFields.h"
 #include "LogbookTables.h"
+#include "PageTree.h"
 #include "QuietSelection.h"
 #include "RecordValue.h"
+#include "TemplateEdits.h"
 #include "TemplateMoves.h"
 #include "TemplatePassport.h"
 #include "TemplatesEditSourceModel.h"
 #include "TemplatesProxyModel.h"
-#include "TemplateTab.h"
-#include "ui_TemplateTab.h"
 
 #include <QTextCodec>
+#include <QTreeView>
 
 namespace
 {
@@ -37,10 +37,21 @@ bool isMoved(const CModelTable* table, const MDRData* record, TEventNciParse* ev
 }
 } // namespace
 
-void TemplateTab::MessageData(TEventNciParse* event)
+TemplateEvents::TemplateEvents(TemplateTables& tables, PageTree& tree, TemplateEdits& edits,
+                               TemplateMoves& moves, TemplatePassport& passport, const QTextCodec* codec,
+                               QObject* parent)
+    : QObject(parent),
+      m_tables(tables),
+      m_tree(tree),
+      m_edits(edits),
+      m_moves(moves),
+      m_passport(passport),
+      m_codec(codec)
 {
-    if (!m_model)
-        return;
+}
+
+void TemplateEvents::MessageData(TEventNciParse* event)
+{
     const bool isCategory = event->tableName == QLatin1String(LogbookTable::CatsTemplate);
     if (!isCategory && event->tableName != QLatin1String(LogbookTable::Templates))
         return;
@@ -62,56 +73,44 @@ void TemplateTab::MessageData(TEventNciParse* event)
     }
 }
 
-void TemplateTab::removeRow(CModelTable* table, MDRData* record)
-{
-    const QModelIndex index = m_model->indexByRecord(record);
-    if (index.isValid())
-        m_model->beginRemoveRow(index.row(), index.parent());
-    TemplateTables::deleteRecord(table, record);
-    if (index.isValid())
-        m_model->endRemoveRow();
-}
-
-bool TemplateTab::deleteEditRecord(CModelTable* table, TEventNciParse* event)
+bool TemplateEvents::deleteEditRecord(CModelTable* table, TEventNciParse* event)
 {
     MDRData* record = recordByKeyLink(table, event->recordKey);
     if (!record)
         return false;
-    const QuietSelection quiet(m_form->templatesTree->selectionModel());
-    if (record->flags & ROW_INSERT)
-        removeRow(table, record);
-    else
-        TemplateTables::deleteRecord(table, record);
+    const QuietSelection quiet(m_tree.selection());
+    m_tree.removeRow(table, record);
     return true;
 }
 
-void TemplateTab::becomeChange(CModelTable* edits, MDRData* pending)
+void TemplateEvents::becomeChange(CModelTable* edits, MDRData* pending)
 {
-    const QuietSelection quiet(m_form->templatesTree->selectionModel());
-    const QModelIndex index = m_model->indexByRecord(pending);
+    const QuietSelection quiet(m_tree.selection());
+    const QModelIndex index = m_tree.model()->indexByRecord(pending);
     if (index.isValid())
-        m_model->beginRemoveRow(index.row(), index.parent());
+        m_tree.model()->beginRemoveRow(index.row(), index.parent());
     MDRSetFlags(pending, ROW_UPDATE);
     for (const char* place : fieldNames(Field::KeyLink, Field::ParentKey, Field::OrgTypeKey,
                                         Field::DepartmentKey, Field::CategoryKey))
         if (const MDRField* field = MDRFldByName(edits->data.array, place))
             MDRSetUser(field, pending, 0);
     if (index.isValid())
-        m_model->endRemoveRow();
+        m_tree.model()->endRemoveRow();
 }
 
-void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciParse* event)
+void TemplateEvents::rowChanged(CModelTable* table, CModelTable* edits, TEventNciParse* event)
 {
-    const bool isOwn = m_sent.take(event);
+    const bool isOwn = m_edits.sent().take(event);
     MDRData* edit = recordByKeyLink(edits, event->recordKey);
     const bool isOther = SentEdits::differs(edit, event);
     // The event of the user's own save, who has continued typing in the meantime.
     const bool goesOn = isOwn && isOther && !(edit->flags & ROW_INSERT);
-    const bool isLost = isOther && !isOwn && !(m_isSent && m_sent.isUnderWay(event->recordKey));
+    const bool isLost =
+        isOther && !isOwn && !(m_edits.isSent() && m_edits.sent().isUnderWay(event->recordKey));
     if (isLost)
-        m_kept.keep(m_tables, edit);
+        m_edits.keep(edit);
     if (!goesOn && deleteEditRecord(edits, event))
-        updateEditStatus();
+        m_edits.updateEditStatus();
 
     MDRData* record = recordByKeyLink(table, event->recordKey);
     if (!record)
@@ -119,73 +118,73 @@ void TemplateTab::rowChanged(CModelTable* table, CModelTable* edits, TEventNciPa
     if (isMoved(table, record, event)) {
         moveRow(table, record, event);
     } else {
-        const QuietSelection quiet(m_form->templatesTree->selectionModel());
+        const QuietSelection quiet(m_tree.selection());
         record = changeRecord(table, MDARecEdit(record), event);
-        m_model->updateRecord(record);
-        if (record == currentRecord() && !goesOn)
-            m_passport->show(record);
+        m_tree.model()->updateRecord(record);
+        if (record == m_tree.currentRecord() && !goesOn)
+            m_passport.raiseUpPassport(record);
     }
     if (isLost)
-        tellKept(tr("Элемент «%1» тем временем изменил другой пользователь, показано его состояние.")
-                     .arg(EventRow(*event).text(Field::nameLoc, codec())));
+        m_edits.tellKept(tr("Элемент «%1» тем временем изменил другой пользователь, показано его состояние.")
+                             .arg(EventRow(*event).text(Field::nameLoc, m_codec)));
 }
 
 /// The row has moved, for example by an import: remove it and insert it at the new place.
-void TemplateTab::moveRow(CModelTable* table, MDRData* record, TEventNciParse* event)
+void TemplateEvents::moveRow(CModelTable* table, MDRData* record, TEventNciParse* event)
 {
-    const bool wasCurrent = record == currentRecord();
-    QuietSelection quiet(m_form->templatesTree->selectionModel());
-    removeRow(table, record);
+    const bool wasCurrent = record == m_tree.currentRecord();
+    QuietSelection quiet(m_tree.selection());
+    m_tree.removeRow(table, record);
     int row = -1;
     QModelIndex parent;
-    whereInsert(row, parent, event);
+    whereInsertRecord(row, parent, event);
     if (row >= 0) {
-        m_model->beginInsertRow(row, parent);
+        m_tree.model()->beginInsertRow(row, parent);
         MDRData* arrived = MDARecNew(table->data.array);
         EventRow(*event).copyTo(arrived, EventRow::All);
         arrived = table->data.RecPost(arrived);
-        m_model->endInsertRow();
+        m_tree.model()->endInsertRow();
         if (wasCurrent)
             setFocusOn(arrived);
     }
     if (quiet.end())
-        reloadFor(m_form->templatesTree->currentIndex(), QModelIndex());
+        emit currentLost();
 }
 
-void TemplateTab::rowDeleted(CModelTable* table, CModelTable* edits, TEventNciParse* event)
+void TemplateEvents::rowDeleted(CModelTable* table, CModelTable* edits, TEventNciParse* event)
 {
     MDRData* record = recordByKeyLink(table, event->recordKey);
     if (!record)
         return;
-    const QString name = Row(record).text(Field::nameLoc, codec());
+    const QString name = Row(record).text(Field::nameLoc, m_codec);
     const MDRData* edit = recordByKeyLink(edits, event->recordKey);
-    const bool isOwnMove = m_moves->isUnderWay(event->recordKey);
-    const bool isLost = edit && !m_isSent && !isOwnMove;
+    const bool isOwnMove = m_moves.isUnderWay(event->recordKey);
+    const bool isLost = edit && !m_edits.isSent() && !isOwnMove;
     if (isLost)
-        m_kept.keep(m_tables, edit);
+        m_edits.keep(edit);
 
-    QuietSelection quiet(m_form->templatesTree->selectionModel());
+    QuietSelection quiet(m_tree.selection());
     if (!isOwnMove && deleteEditRecord(edits, event)) // what is unsaved goes along with one's own move
-        updateEditStatus();
-    removeRow(table, record);
-    m_form->templatesTree->viewport()->update();
+        m_edits.updateEditStatus();
+    m_tree.removeRow(table, record);
+    m_tree.view()->viewport()->update();
     const bool hasMoved = quiet.end();
     if (hasMoved && isOwnMove) // the row will be inserted at its new place
-        raiseUpPassport(m_form->templatesTree->currentIndex());
+        m_passport.raiseUpPassport(m_tree.currentRecord());
     else if (hasMoved)
-        reloadFor(m_form->templatesTree->currentIndex(), QModelIndex());
+        emit currentLost();
     if (isLost)
-        tellKept(tr("Элемент «%1» тем временем удалил или переместил другой пользователь.").arg(name));
+        m_edits.tellKept(
+            tr("Элемент «%1» тем временем удалил или переместил другой пользователь.").arg(name));
 }
 
-void TemplateTab::rowInserted(CModelTable* table, CModelTable* edits, CModelTable* moved,
-                              TEventNciParse* event)
+void TemplateEvents::rowInserted(CModelTable* table, CModelTable* edits, CModelTable* moved,
+                                 TEventNciParse* event)
 {
-    QTreeView* tree = m_form->templatesTree;
-    QuietSelection quiet(tree->selectionModel());
-    const bool isOwn = m_sent.take(event);
+    QuietSelection quiet(m_tree.selection());
+    const bool isOwn = m_edits.sent().take(event);
     MDRData* edit = recordByKeyLink(edits, event->recordKey);
-    const bool isOwnMove = m_moves->finish(event->recordKey);
+    const bool isOwnMove = m_moves.finish(event->recordKey);
     const bool wasPending = edit && !isOwnMove;
     const bool goesOn = wasPending && isOwn && (edit->flags & ROW_INSERT) && SentEdits::differs(edit, event);
     if (goesOn) { // the user has continued typing since the save
@@ -193,40 +192,40 @@ void TemplateTab::rowInserted(CModelTable* table, CModelTable* edits, CModelTabl
     } else if (!isOwnMove) {
         edit = nullptr;
         if (deleteEditRecord(edits, event))
-            updateEditStatus();
+            m_edits.updateEditStatus();
     }
     int row = -1;
     QModelIndex parent;
     if (!recordByKeyLink(table, event->recordKey)) // a load may have brought it already
-        whereInsert(row, parent, event);
+        whereInsertRecord(row, parent, event);
     if (row < 0) { // it belongs to the tree of another page
         if (quiet.end())
-            reloadFor(tree->currentIndex(), QModelIndex());
+            emit currentLost();
         return;
     }
 
-    m_model->beginInsertRow(row, parent);
+    m_tree.model()->beginInsertRow(row, parent);
     MDRData* record = changeRecord(table, MDARecNew(table->data.array), event);
-    m_model->endInsertRow();
+    m_tree.model()->endInsertRow();
     const bool wasMoved = deleteEditRecord(moved, event);
     if (!wasPending && !wasMoved) {
-        updateEditStatus();
+        m_edits.updateEditStatus();
         return;
     }
 
     setFocusOn(record, edit);
     if (table == &m_tables.categories && wasMoved) {
-        const QModelIndex index = m_proxy->mapFromSource(m_model->indexByRecord(record));
+        const QModelIndex index = m_tree.proxy()->mapFromSource(m_tree.model()->indexByRecord(record));
         if (index.isValid())
-            tree->expand(index);
+            m_tree.view()->expand(index);
         else
             emit writeLog(QStringLiteral("void TemplateTab::MessageData(TEventNciParse*)"),
                           QStringLiteral("record pasted, but has invalid index"));
     }
-    updateEditStatus();
+    m_edits.updateEditStatus();
 }
 
-void TemplateTab::whereInsert(int& row, QModelIndex& parent, TEventNciParse* event)
+void TemplateEvents::whereInsertRecord(int& row, QModelIndex& parent, TEventNciParse* event) const
 {
     const bool isCategory = event->tableName == QLatin1String(LogbookTable::CatsTemplate);
     const EventRow arrived(*event);
@@ -236,11 +235,17 @@ void TemplateTab::whereInsert(int& row, QModelIndex& parent, TEventNciParse* eve
         if (!isCategory || arrived.value(scope).isNull)
             continue;
         key = arrived.value(scope); // one of another level is not among the roots
-        folders = roots();
+        folders = m_tree.roots();
     }
     if (MDRValue::hasText(key))
-        parent = m_model->indexByRecord(recordByKeyLink(folders, key.value.text.data));
-    const bool isTop = isCategory && !m_level->scopeField && !MDRValue::hasText(key);
+        parent = m_tree.model()->indexByRecord(recordByKeyLink(folders, key.value.text.data));
+    const bool isTop = isCategory && m_tree.model()->isTopOfCategories() && !MDRValue::hasText(key);
     if (parent.isValid() || isTop)
-        row = isCategory ? m_model->nextCategoryRow(parent) : m_model->nextTemplateRow(parent);
+        row = isCategory ? m_tree.model()->nextCategoryRow(parent) : m_tree.model()->nextTemplateRow(parent);
+}
+
+void TemplateEvents::setFocusOn(MDRData* record, MDRData* edit)
+{
+    m_tree.setFocusOn(record);
+    m_passport.raiseUpPassport(edit ? edit : record);
 }
