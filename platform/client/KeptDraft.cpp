@@ -36,6 +36,18 @@ KeptDraft::~KeptDraft()
         m_texts->hold(m_id, nullptr);
 }
 
+QVector<KeptTexts::Text> KeptDraft::offered() const
+{
+    return m_texts ? m_texts->offered(m_place) : QVector<KeptTexts::Text>();
+}
+
+void KeptDraft::forgetOffered(const std::function<bool(const KeptTexts::Text&)>& isOver)
+{
+    for (const KeptTexts::Text& text : offered())
+        if (isOver(text))
+            m_texts->forget(text.id);
+}
+
 void KeptDraft::touch()
 {
     m_isDropped = false;

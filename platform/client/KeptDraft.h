@@ -20,7 +20,10 @@ public:
 
     /// Sets the place where the text is kept from now on.
     void setPlace(const QString& place) { m_place = place; }
-    QString place() const { return m_place; }
+    /// The kept texts of this place that no window shows, the latest last.
+    QVector<KeptTexts::Text> offered() const;
+    /// Forgets those for which \a isOver returns true: written, dropped or taken by the window.
+    void forgetOffered(const std::function<bool(const KeptTexts::Text&)>& isOver);
 
     /// The window's text may have changed.
     void touch();

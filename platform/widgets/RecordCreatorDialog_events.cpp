@@ -51,11 +51,10 @@ void RecordCreatorDialog::recordEvent(const TEventNciParse* event)
     const QByteArray key(event->recordKey);
     // A kept text is useless if exactly this row exists after all.
     if (event->eventNumber == EventInserted)
-        for (const KeptTexts::Text& text : KeptTexts::of(this)->offered(m_unsaved->place())) {
+        m_unsaved->forgetOffered([&key](const KeptTexts::Text& text) {
             const Kept kept = Kept::read(text);
-            if (kept.key == key && kept.sent.differences(kept.draft).isEmpty())
-                KeptTexts::of(this)->forget(text.id);
-        }
+            return kept.key == key && kept.sent.differences(kept.draft).isEmpty();
+        });
     if (key != m_key)
         return;
     if (event->eventNumber == EventInserted)

@@ -283,7 +283,7 @@ void RecordCreatorDialog::keepUnsaved()
 /// Restores the text kept last among those that were not written in the meantime.
 void RecordCreatorDialog::restoreNew()
 {
-    QVector<KeptTexts::Text> texts = KeptTexts::of(this)->offered(m_unsaved->place());
+    QVector<KeptTexts::Text> texts = m_unsaved->offered();
     while (!texts.isEmpty() && !restoreKept(texts.takeLast()))
         ;
 }
@@ -292,7 +292,7 @@ void RecordCreatorDialog::restoreNew()
 void RecordCreatorDialog::restoreEdit()
 {
     KeptTexts::Text last;
-    for (const KeptTexts::Text& text : KeptTexts::of(this)->offered(m_unsaved->place())) {
+    for (const KeptTexts::Text& text : m_unsaved->offered()) {
         const Kept kept = Kept::read(text);
         if (!kept.create && kept.key == m_key)
             last = text;

@@ -82,9 +82,7 @@ void CommentCreatorDialog::keep(const QString& text)
 
 void CommentCreatorDialog::forget(const QString& text)
 {
-    for (const KeptTexts::Text& kept : m_kept->offered(keptPlace()))
-        if (textOf(kept) == text)
-            m_kept->forget(kept.id);
+    m_unsaved->forgetOffered([&text](const KeptTexts::Text& kept) { return textOf(kept) == text; });
 }
 
 KeptTexts::Values CommentCreatorDialog::unsaved() const
@@ -141,7 +139,7 @@ void CommentCreatorDialog::tellNotices()
     else
         m_warningBar->tell(NoticeBar::Warning, m_warning,
                            {{WriteAsNew, tr("Добавить новый"), QStringLiteral("asNewButton")}});
-    const QVector<KeptTexts::Text> kept = m_kept->offered(keptPlace());
+    const QVector<KeptTexts::Text> kept = m_unsaved->offered();
     if (kept.isEmpty())
         m_keptBar->hide();
     else
@@ -158,7 +156,7 @@ void CommentCreatorDialog::choose(int choice)
         m_commentKey.clear();
         m_warning.clear();
     } else {
-        const KeptTexts::Text text = m_kept->offered(keptPlace()).last();
+        const KeptTexts::Text text = m_unsaved->offered().last();
         const QByteArray former = m_taken.id;
         if (choice == DropKept) {
             m_kept->forget(text.id);

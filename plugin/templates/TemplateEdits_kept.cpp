@@ -41,11 +41,10 @@ KeptTexts::Values TemplateEdits::unsaved() const
 void TemplateEdits::offerLeft(const QString& place, bool canRestore)
 {
     m_unsaved->setPlace(place);
-    KeptTexts* texts = KeptTexts::of(this);
-    for (const KeptTexts::Text& text : texts->offered(place)) {
+    m_unsaved->forgetOffered([this](const KeptTexts::Text& text) {
         m_kept.read(text.values, m_tables);
-        texts->forget(text.id);
-    }
+        return true;
+    });
     if (!m_kept.isEmpty() && canRestore)
         tellKept(tr("С прошлого раза остались несохранённые изменения."));
     m_unsaved->keepNow();

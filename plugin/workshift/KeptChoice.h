@@ -1,15 +1,12 @@
 #pragma once
 
-#include "KeptTexts.h"
+#include "KeptDraft.h"
 
-#include <functional>
-
-class KeptDraft;
 class NoticeBar;
 
 /// The user's choice in a dialog that is not saved yet. It is kept while he chooses; the next time the
 /// dialog is shown it is offered in a line at the top.
-class KeptChoice : public QObject
+class KeptChoice : public KeptDraft
 {
     Q_OBJECT
 
@@ -25,11 +22,8 @@ public:
     /// caption.
     KeptChoice(QWidget* dialog, const QString& offer, Hooks hooks);
 
-    void setPlace(const QString& place);
     /// The dialog is shown in its initial state: offers a kept choice. From now on the choice is read.
     void begin();
-    /// The choice may have changed.
-    void touch();
     /// The choice was saved or dropped. Nothing is read until begin().
     void forget();
     /// The choice is kept for the next time. Nothing is read until begin().
@@ -41,6 +35,5 @@ private:
     QString m_offer;
     Hooks m_hooks;
     NoticeBar* m_bar;
-    KeptDraft* m_draft;
     bool m_isOpen = false;
 };
