@@ -9,8 +9,8 @@ PageMessages::~PageMessages()
     delete m_box;
 }
 
-void PageMessages::show(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
-                        QObject* receiver, const char* slot)
+void PageMessages::showMsgBox(const QString& title, const QString& text, TMessageBoxIcon icon,
+                              TMessageBoxType type, QObject* receiver, const char* slot)
 {
     m_box->setMessage(title, text, icon, type, nullptr);
     QObject::connect(m_box->buttonBox(), SIGNAL(clicked(QAbstractButton*)), receiver, slot);
@@ -27,7 +27,7 @@ void PageMessages::error(const QString& title, const QString& text)
 
 void PageMessages::ask(const QString& title, const QString& text, QObject* receiver, const char* slot)
 {
-    show(title, LogText::centered(text), MessageIconQuestion, MessageTypeYesNo, receiver, slot);
+    showMsgBox(title, LogText::centered(text), MessageIconQuestion, MessageTypeYesNo, receiver, slot);
 }
 
 void PageMessages::present()

@@ -16,8 +16,8 @@ public:
 
     /// Shows a message; its answer goes to \a slot, a SLOT(name(QAbstractButton*)) of \a receiver, which
     /// closes the box with isConfirmed().
-    void show(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
-              QObject* receiver, const char* slot);
+    void showMsgBox(const QString& title, const QString& text, TMessageBoxIcon icon, TMessageBoxType type,
+                    QObject* receiver, const char* slot);
     /// A centred text that any button closes.
     void error(const QString& title, const QString& text);
     /// A centred question to be answered with yes or no.

@@ -9,7 +9,6 @@
 #include "LogbookTables.h"
 #include "MDRValues.h"
 #include "PageMessages.h"
-#include "RecordColumns.h"
 #include "ui_LogBookTab.h"
 #include "VrkTableProxyModel.h"
 #include "VrkTableTool.h"
@@ -28,13 +27,8 @@ void CommentsWidget::init(CVrkCliMod* module, LocationInfo* location)
     m_location = location;
     m_isInit = true;
 
-    m_filter = new FilterUnreadedComments(&m_shown.comments, this);
-    m_tableTool = new VrkTableTool(this);
-    m_tableTool->setTableView(m_ui->recordsTable);
-    m_tableTool->setCMDArray(&m_shown.records.data);
-    m_tableTool->setDefaultSettingsView();
+    createTable(m_shown, new FilterUnreadedComments(&m_shown.comments, this));
     m_tableTool->setDayLines(VrkTableTool::DayLinesAll);
-    m_tableTool->proxy()->setFilterRows(m_filter);
     configureTableTool(); // before the rows are loaded: each conversion updates its whole column
 
     m_tableTool->model()->beginResetModel();
@@ -45,19 +39,12 @@ void CommentsWidget::init(CVrkCliMod* module, LocationInfo* location)
     m_tableTool->model()->endResetModel();
     m_tableTool->adjustColumnsWidth();
 
-    createAnnex({QStringLiteral("CommentsWidget"), m_shown,
-                 [this] { return m_module->session()->GetHfnTime(); }, MDRValue::hasTime});
+    createAnnex({QStringLiteral("CommentsWidget"), [this] { return m_module->session()->GetHfnTime(); },
+                 MDRValue::hasTime});
     createConnections();
     m_commentsPane->updateButtons();
     m_filesPane->updateButtons();
     emit titleChanged();
-}
-
-void CommentsWidget::configureTableTool()
-{
-    m_columns = new RecordColumns(m_module->session(),
-                                  m_location->table(QLatin1String(LogbookTable::Workers)), font(), this);
-    m_columns->configure(m_tableTool);
 }
 
 void CommentsWidget::createConnections()

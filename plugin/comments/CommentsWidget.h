@@ -3,8 +3,6 @@
 #include "LogBookTab.h"
 #include "RecordTables.h"
 
-class FilterUnreadedComments;
-
 /// The user's inbox: his own records with unread comments. It loads once in init and follows change events;
 /// when its comments have been read, a record stays in the table, hidden by the filter. Only for reading
 /// and answering comments: no workshift, no period, no actions on records, no files.
@@ -30,7 +28,6 @@ signals:
     void titleChanged();
 
 private:
-    void configureTableTool();
     void createConnections();
 
     // CommentsWidget_hfn.cpp
@@ -42,5 +39,4 @@ private:
     bool insertRow(CModelTable& table, const TEventNciParse& event);
 
     RecordTables m_shown;
-    FilterUnreadedComments* m_filter = nullptr;
 };

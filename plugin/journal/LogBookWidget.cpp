@@ -10,7 +10,6 @@
 #include "LogText.h"
 #include "MDRValues.h"
 #include "PageMessages.h"
-#include "RecordColumns.h"
 #include "RecordMenu.h"
 #include "RecordValue.h"
 #include "SecondMarkerDialog.h"
@@ -52,7 +51,7 @@ QString templateProperty(const MDRData* record, const char* name, const QTextCod
 }
 } // namespace
 
-LogBookWidget::LogBookWidget(QWidget* parent) : LogBookTab(parent), m_clock(new ShiftClock(*this, this)) {}
+LogBookWidget::LogBookWidget(QWidget* parent) : EditablePage(parent), m_clock(new ShiftClock(*this, this)) {}
 
 LogBookWidget::~LogBookWidget()
 {
@@ -69,11 +68,7 @@ void LogBookWidget::init(CVrkCliMod* module, LocationInfo* location)
 
     m_draftsFilter = new FilterByStatus(this);
     m_draftsFilter->setEnabled(false);
-    m_tableTool = new VrkTableTool(this);
-    m_tableTool->setTableView(m_ui->recordsTable);
-    m_tableTool->setCMDArray(&m_shown.records.data);
-    m_tableTool->setDefaultSettingsView();
-    m_tableTool->proxy()->setFilterRows(m_draftsFilter);
+    createTable(m_shown, m_draftsFilter);
     configurePanes();
     connect(m_ui->recordsTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this] { emit changedSelectedRecord(currentRecord()); });
@@ -91,26 +86,14 @@ void LogBookWidget::init(CVrkCliMod* module, LocationInfo* location)
 
 void LogBookWidget::configurePanes()
 {
-    createAnnex({QStringLiteral("LogBookWidget"), m_shown,
+    createAnnex({QStringLiteral("LogBookWidget"),
                  [this] { return DateTime_To_HfnTime(m_module->session()->HfnTimeToSesTime()); },
                  [](const MDRVar& time) { return MDRValue::hasTime(time) && time.value.real > 0.0; }});
-    m_actions = new RecordActions(m_module->session(), *this, *m_messages, this);
-}
-
-void LogBookWidget::configureTableTool()
-{
-    m_columns = new RecordColumns(m_module->session(),
-                                  m_location->table(QLatin1String(LogbookTable::Workers)), font(), this);
-    m_columns->configure(m_tableTool);
 }
 
 void LogBookWidget::createConnections()
 {
-    auto* menu = new RecordMenu(this, m_ui->recordsTable);
-    m_ui->recordsTable->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(m_ui->recordsTable, &QWidget::customContextMenuRequested, menu, [this, menu](const QPoint& pos) {
-        menu->show(m_ui->recordsTable->viewport()->mapToGlobal(pos));
-    });
+    new RecordMenu(this, m_ui->recordsTable);
     connect(m_clock, &ShiftClock::limitExceeded, this, &LogBookWidget::showNotifyWorkshiftLimit);
     connect(m_dialogs->secondMarker, &SecondMarkerDialog::setMarker, this,
             &LogBookWidget::setSecondMarkRequest);
@@ -154,11 +137,11 @@ void LogBookWidget::uploadWorkshiftDurationControl()
 
 void LogBookWidget::showNotifyWorkshiftLimit()
 {
-    m_messages->show(tr("Предупреждение"),
-                     LogText::centered(tr("Превышена допустимая длительность смены.") +
-                                       QStringLiteral("<br/>") +
-                                       tr("Необходимо провести сдачу/прием смены.")),
-                     MessageIconWarning, MessageTypeOk, this, SLOT(closeMsgBox(QAbstractButton*)));
+    m_messages->showMsgBox(tr("Предупреждение"),
+                           LogText::centered(tr("Превышена допустимая длительность смены.") +
+                                             QStringLiteral("<br/>") +
+                                             tr("Необходимо провести сдачу/прием смены.")),
+                           MessageIconWarning, MessageTypeOk, this, SLOT(closeMsgBox(QAbstractButton*)));
     m_module->CallAttention(tr("Превышена допустимая длительность смены.") + QLatin1Char(' ') +
                             tr("Необходимо провести сдачу/прием смены."));
 }

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "JournalRules.h"
-#include "LogBookTab.h"
-#include "RecordActions.h"
+#include "EditablePage.h"
 #include "VrkTableTool.h"
 
 #include <functional>
@@ -18,7 +16,7 @@ class ShiftClock;
 /// The journal of one department: its current workshift, live, or a workshift or an interval of the
 /// archive. Arranges the page: a loader fills the tables, change events update them, and the user's actions
 /// write to the server without changing anything here: the table follows the change event.
-class LogBookWidget : public LogBookTab, public JournalRules
+class LogBookWidget : public EditablePage
 {
     Q_OBJECT
 
@@ -34,7 +32,6 @@ public:
 
     /// "department, organization".
     QString title() const;
-    MDRData* currentRecord() const override { return LogBookTab::currentRecord(); }
     /// Bounds of the interval or of the shown workshift; invalid if there is none.
     QDateTime displayedPeriodStart() const;
     QDateTime displayedPeriodEnd() const;
@@ -80,25 +77,6 @@ public slots:
     void changeSecondMarkRequest();
     void changeTimeExecRequest();
 
-    /// \name Changes of records: RecordActions
-    /// @{
-    void deleteRecordRequest() { m_actions->deleteRecordRequest(); }
-    void deleteMyDraftsRequest() { m_actions->deleteMyDraftsRequest(); }
-    void deleteAllDraftsRequest() { m_actions->deleteAllDraftsRequest(); }
-    void approveRecordRequest() { m_actions->approveRecordRequest(); }
-    void approveRecord() { m_actions->approveRecord(); }
-    void approveMyRecordsRequest() { m_actions->approveMyRecordsRequest(); }
-    void approveAllRecordsRequest() { m_actions->approveAllRecordsRequest(); }
-    void signRecordRequest() { m_actions->signRecordRequest(); }
-    void signAllRecordsRequest() { m_actions->signAllRecordsRequest(); }
-    void setSecondMarkRequest(const QDateTime& dt) { m_actions->setSecondMarkRequest(dt); }
-    void removeSecondMarkRequest() { m_actions->removeSecondMarkRequest(); }
-    void setTimeExecRequest(const QDateTime& dt) { m_actions->setTimeExecRequest(dt); }
-    void removeTimeExecRequest() { m_actions->removeTimeExecRequest(); }
-    void copyRecordRequest() { m_actions->copyRecordRequest(); }
-    void pasteRecordRequest() { m_actions->pasteRecordRequest(); }
-    /// @}
-
 signals:
     /// Mode, workshift or crew has changed: everything that shows them must be updated.
     void statusChanged();
@@ -118,7 +96,6 @@ private slots: // connected by name: the message box takes the slot's name
 
 private:
     void configurePanes();
-    void configureTableTool();
     void createConnections();
     /// Why there are no records, and what to do.
     QString emptyText() const;
@@ -138,12 +115,9 @@ private:
     bool insertRow(CModelTable& table, const TEventNciParse& event);
     bool changeRow(CModelTable& table, const TEventNciParse& event);
     bool deleteRow(CModelTable& table, const TEventNciParse& event);
-    void prepareRecord(MDRData* record) override { m_shown.prepareRecord(record); }
-    void forgetRecord(MDRData* record) override { m_shown.census.remove(record); }
 
-    std::unique_ptr<JournalLoader> m_loader;   ///< created by init, like the next two
+    std::unique_ptr<JournalLoader> m_loader;   ///< created by init, like the next one
     std::unique_ptr<JournalDialogs> m_dialogs; ///< deleted with the page: they use its tables
-    RecordActions* m_actions = nullptr;
     ShiftClock* m_clock;
     FilterByStatus* m_draftsFilter = nullptr;
 };

@@ -27,11 +27,11 @@ void LogBookWidget::closeWorkshiftRequest()
         m_dialogs->showCloseWorkshift(false);
         return;
     }
-    m_messages->show(tr("Утверждение записей"),
-                     LogText::centered(tr("Смена содержит черновые записи!") + QStringLiteral("<br/><br/>") +
-                                       tr("Утвердить все черновые записи?")),
-                     MessageIconQuestion, MessageTypeYesNo, this,
-                     SLOT(closeWorkshiftAnswer(QAbstractButton*)));
+    m_messages->showMsgBox(
+        tr("Утверждение записей"),
+        LogText::centered(tr("Смена содержит черновые записи!") + QStringLiteral("<br/><br/>") +
+                          tr("Утвердить все черновые записи?")),
+        MessageIconQuestion, MessageTypeYesNo, this, SLOT(closeWorkshiftAnswer(QAbstractButton*)));
 }
 
 /// "No" does not stop the closing: the drafts stay drafts.

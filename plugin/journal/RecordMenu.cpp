@@ -4,6 +4,8 @@
 #include "MarkerIcon.h"
 #include "ShownText.h"
 
+#include <QAbstractScrollArea>
+
 namespace
 {
 struct Entry {
@@ -36,7 +38,8 @@ constexpr Entry entries[] = {
 };
 } // namespace
 
-RecordMenu::RecordMenu(LogBookWidget* page, QWidget* parent) : QMenu(parent), m_page(page)
+RecordMenu::RecordMenu(LogBookWidget* page, QAbstractScrollArea* table)
+    : QMenu(table), m_page(page), m_table(table)
 {
     setObjectName(QStringLiteral("recordMenu"));
     for (const Entry& entry : entries) {
@@ -45,9 +48,11 @@ RecordMenu::RecordMenu(LogBookWidget* page, QWidget* parent) : QMenu(parent), m_
         if (entry.icon)
             connect(action, &QAction::triggered, page, entry.request);
     }
+    table->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(table, &QWidget::customContextMenuRequested, this, &RecordMenu::showRecordMenu);
 }
 
-void RecordMenu::show(const QPoint& globalPos)
+void RecordMenu::showRecordMenu(const QPoint& pos)
 {
     for (int i = 0; i < actions().size(); ++i) {
         QAction* action = actions().at(i);
@@ -56,7 +61,7 @@ void RecordMenu::show(const QPoint& globalPos)
         if (entries[i].request == secondMark.request)
             nameSecondMark(action);
     }
-    popup(globalPos);
+    popup(m_table->viewport()->mapToGlobal(pos));
 }
 
 /// Deliberate: the entry is never disabled, so the dialog opens on any record; only its look follows the

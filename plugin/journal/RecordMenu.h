@@ -3,6 +3,7 @@
 #include <QMenu>
 
 class LogBookWidget;
+class QAbstractScrollArea;
 
 /// The context menu of a record of the journal.
 class RecordMenu : public QMenu
@@ -10,14 +11,14 @@ class RecordMenu : public QMenu
     Q_OBJECT
 
 public:
-    /// \a page carries out the actions; not owned.
-    RecordMenu(LogBookWidget* page, QWidget* parent);
-
-    /// Shows the menu for the page's current record.
-    void show(const QPoint& globalPos);
+    /// The context menu of the table of a page, which carries out the actions; nothing is owned.
+    RecordMenu(LogBookWidget* page, QAbstractScrollArea* table);
 
 private:
+    /// Shows the menu for the page's current record, at a position in the table.
+    void showRecordMenu(const QPoint& pos);
     void nameSecondMark(QAction* action);
 
     LogBookWidget* m_page;
+    QAbstractScrollArea* m_table;
 };

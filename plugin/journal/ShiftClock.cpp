@@ -19,7 +19,7 @@ ShiftClock::ShiftClock(const JournalRules& rules, QObject* parent)
 {
     m_control->setObjectName(QStringLiteral("controlTimer"));
     m_repeat->setObjectName(QStringLiteral("repeatTimer"));
-    connect(m_control, &QTimer::timeout, this, &ShiftClock::control);
+    connect(m_control, &QTimer::timeout, this, &ShiftClock::controlWorkshiftDuration);
     connect(m_repeat, &QTimer::timeout, this, &ShiftClock::limitExceeded);
 }
 
@@ -60,7 +60,7 @@ void ShiftClock::start()
     m_repeat->stop();
 }
 
-void ShiftClock::control()
+void ShiftClock::controlWorkshiftDuration()
 {
     if (!m_options.isOn || m_options.delay <= 0 || m_options.interval <= 0 || !m_rules.isEditableWorkshift())
         return;

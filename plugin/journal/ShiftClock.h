@@ -28,7 +28,7 @@ signals:
     void limitExceeded();
 
 private:
-    void control();
+    void controlWorkshiftDuration();
 
     const JournalRules& m_rules;
     DurationOptions m_options;

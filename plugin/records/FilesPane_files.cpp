@@ -147,7 +147,7 @@ void FilesPane::open(const QString& path)
         return;
     }
     m_runnable = path;
-    source().messages->show(
+    source().messages->showMsgBox(
         tr("Открытие файла"),
         LogText::centered(tr("Файл «%1» может выполниться как программа. Открыть его?")
                               .arg(FileNames::shown(QFileInfo(path).fileName()).toHtmlEscaped())),
@@ -182,9 +182,9 @@ void FilesPane::saveFileRequest()
         return;
     }
     m_page->setProperty(savedPath, path);
-    source().messages->show(tr("Открытие файла"), tr("Открыть файл, который был сохранен?"),
-                            MessageIconQuestion, MessageTypeYesNo, this,
-                            SLOT(openSavedFileAnswer(QAbstractButton*)));
+    source().messages->showMsgBox(tr("Открытие файла"), tr("Открыть файл, который был сохранен?"),
+                                  MessageIconQuestion, MessageTypeYesNo, this,
+                                  SLOT(openSavedFileAnswer(QAbstractButton*)));
 }
 
 void FilesPane::openSavedFileAnswer(QAbstractButton* button)

@@ -6,6 +6,7 @@
 #include "EmptyHint.h"
 #include "Fields.h"
 #include "FilesPane.h"
+#include "LocationInfo.h"
 #include "MessageListDelegate.h"
 #include "PageMessages.h"
 #include "PaneRoom.h"
@@ -79,23 +80,38 @@ void LogBookTab::configureForm()
     m_ui->searchWidget->hide();
 }
 
+void LogBookTab::createTable(RecordTables& tables, VrkTableFilterRow* filter)
+{
+    m_tables = &tables;
+    m_tableTool = new VrkTableTool(this);
+    m_tableTool->setTableView(m_ui->recordsTable);
+    m_tableTool->setCMDArray(&tables.records.data);
+    m_tableTool->setDefaultSettingsView();
+    m_tableTool->proxy()->setFilterRows(filter);
+}
+
+void LogBookTab::configureTableTool()
+{
+    m_columns = new RecordColumns(m_module->session(),
+                                  m_location->table(QLatin1String(LogbookTable::Workers)), font(), this);
+    m_columns->configure(m_tableTool);
+}
+
 void LogBookTab::createAnnex(const Annex& annex)
 {
     const auto current = [this] { return currentRecord(); };
     m_messages = std::make_unique<PageMessages>(m_module);
-    m_tables = &annex.tables;
     const auto source = [&](CModelTable& table) {
         return RecordPane::Source{annex.owner, m_module, m_location, &table, m_messages.get(), current};
     };
     m_commentsPane = std::make_unique<CommentsPane>(
         CommentsPane::Controls{m_ui->commentsList, m_ui->createCommentButton, m_ui->deleteCommentButton,
                                m_ui->readedCommentButton, m_allReaded},
-        source(annex.tables.comments), CommentsPane::Habits{annex.commentTime, annex.isCommentReaded},
-        nullptr);
+        source(m_tables->comments), CommentsPane::Habits{annex.commentTime, annex.isCommentReaded}, nullptr);
     m_filesPane =
         std::make_unique<FilesPane>(FilesPane::Controls{m_ui->filesTable, m_ui->createFileButton,
                                                         m_ui->deleteFileButton, m_ui->saveFileButton},
-                                    source(annex.tables.files), this, nullptr);
+                                    source(m_tables->files), this, nullptr);
     m_paneRoom = new PaneRoom(m_ui->splitter, m_tableTool);
     const auto ofRecord = [this](const QString& text) {
         return m_tableTool && currentRecord() ? text : QString();

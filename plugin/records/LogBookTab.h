@@ -19,6 +19,7 @@ class PageMessages;
 class PaneRoom;
 class RecordColumns;
 class QAction;
+class VrkTableFilterRow;
 class VrkTableTool;
 struct MDRVar;
 struct RecordTables;
@@ -79,14 +80,18 @@ protected:
     virtual void forgetRecord(MDRData*) {}
     /// @}
 
-    /// The parts that differ between pages; the tables belong to the page.
+    /// Shows the records in the table, without those that the filter hides. \a tables belongs to the page.
+    void createTable(RecordTables& tables, VrkTableFilterRow* filter);
+    /// Creates the columns of the table; module and location must be set.
+    void configureTableTool();
+
+    /// The parts of the panes that differ between pages.
     struct Annex {
         QString owner; ///< the page's class, for log lines
-        RecordTables& tables;
         std::function<double()> commentTime;
         std::function<bool(const MDRVar& time)> isCommentReaded;
     };
-    /// Creates the message box and both panes; module and location must be set.
+    /// Creates the message box and both panes, after the table.
     void createAnnex(const Annex& annex);
     /// Deletes the table, the panes and their windows: for destructors, while the page's tables still
     /// exist.
@@ -100,9 +105,9 @@ protected:
     QAction* m_allReaded; ///< "mark all as read", in the menu of readedCommentButton
     CVrkCliMod* m_module = nullptr;
     LocationInfo* m_location = nullptr;
-    RecordTables* m_tables = nullptr;    ///< set with the panes
-    VrkTableTool* m_tableTool = nullptr; ///< created by the page in init
-    RecordColumns* m_columns = nullptr;  ///< made by the page in init
+    RecordTables* m_tables = nullptr;    ///< of the page, after createTable
+    VrkTableTool* m_tableTool = nullptr; ///< after createTable
+    RecordColumns* m_columns = nullptr;  ///< after configureTableTool
     std::unique_ptr<PageMessages> m_messages;
     std::unique_ptr<CommentsPane> m_commentsPane;
     std::unique_ptr<FilesPane> m_filesPane;

@@ -1,9 +1,9 @@
+#include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "EditablePage.h"
 #include "GenGuid32.h"
-#include "JournalRules.h"
 #include "LogbookFields.h"
 #include "LogbookTables.h"
-#include "RecordActions.h"
 #include "RecordValue.h"
 
 #include <algorithm>
@@ -29,9 +29,9 @@ bool isKey(const QString& key)
 }
 } // namespace
 
-void RecordActions::copyRecordRequest()
+void EditablePage::copyRecordRequest()
 {
-    const MDRData* record = m_rules.currentRecord();
+    const MDRData* record = currentRecord();
     if (!record)
         return;
     auto* mimeData = new QMimeData;
@@ -40,7 +40,7 @@ void RecordActions::copyRecordRequest()
     QGuiApplication::clipboard()->setMimeData(mimeData);
 }
 
-void RecordActions::pasteRecordRequest()
+void EditablePage::pasteRecordRequest()
 {
     const QMimeData* mimeData = QGuiApplication::clipboard()->mimeData();
     if (!mimeData || !mimeData->hasFormat(QLatin1String(recordFormat)))
@@ -52,11 +52,11 @@ void RecordActions::pasteRecordRequest()
         return;
 
     CMDArray answer; // contains the record if it is not in this page's view
-    const MDRData* source = recordByKeyLink(&m_rules.shown().records, parts[1].toLatin1().constData());
+    const MDRData* source = recordByKeyLink(&m_shown.records, parts[1].toLatin1().constData());
     if (!source) {
         const QString sql =
             QString::fromLatin1(LogbookSql::RecordByKey).arg(QLatin1String(LogbookTable::Records), parts[1]);
-        answer = m_session->SqlRequest(sql.toUtf8().constData());
+        answer = m_module->session()->SqlRequest(sql.toUtf8().constData());
         source = answer.RecCount() > 0 ? MDARec(answer.array, 0, 0) : nullptr;
         if (!source)
             return; // removed, or unreachable: no message
@@ -64,17 +64,16 @@ void RecordActions::pasteRecordRequest()
     pasteRecord(source);
 }
 
-void RecordActions::pasteRecord(const MDRData* source)
+void EditablePage::pasteRecord(const MDRData* source)
 {
     const QByteArray key = GenGuid32();
-    const QByteArray& workerKey = m_rules.workerKey();
-    const QByteArray workshiftKey = m_rules.workshiftKeyLink().toUtf8();
+    const QByteArray workshiftKey = workshiftKeyLink().toUtf8();
     CRowBatch batch(LogbookRecordFields);
     MDRData* row = batch.newRow(ROW_INSERT, key);
     copyMarked(batch, row, source);
     batch.SetValF(row, Field::KeyLink, MDRValue::text(key));
     batch.SetValF(row, Field::ShiftKey, MDRValue::text(workshiftKey));
-    batch.SetValF(row, Field::WorkerKey, MDRValue::text(workerKey));
+    batch.SetValF(row, Field::WorkerKey, MDRValue::text(workerKey()));
     batch.SetValF(row, Field::VisaWorkerKey, MDRValue::null());
     batch.SetValF(row, Field::status, MDRValue::number(StatusDraft));
     batch.RecPost(row);

@@ -1,29 +1,28 @@
 #pragma once
 
-#include "CMDArray.h"
+#include "JournalRules.h"
+#include "LogBookTab.h"
 
 #include <initializer_list>
 #include <QDateTime>
-#include <QObject>
 #include <QVector>
 
 class CRowBatch;
-class CVrkCliSes;
-class JournalRules;
-class PageMessages;
 class QAbstractButton;
-struct MDRVar;
 
-/// The changes that the user makes to the records of a page, apart from writing them. Each applies to the
-/// record that is current at that moment, and only writes to the server: the page follows the change event.
-class RecordActions : public QObject
+/// A page whose records the user may change, by the rules of the workshift that it shows. This class has the
+/// changes of existing records, apart from writing their text. Each applies to the record that is current at
+/// that moment, and only writes to the server: the page follows the change event.
+class EditablePage : public LogBookTab, public JournalRules
 {
     Q_OBJECT
 
 public:
-    /// Nothing is owned.
-    RecordActions(CVrkCliSes* session, const JournalRules& rules, PageMessages& messages, QObject* parent);
+    using LogBookTab::LogBookTab;
 
+    MDRData* currentRecord() const override { return LogBookTab::currentRecord(); }
+
+public slots:
     void deleteRecordRequest();
     void deleteMyDraftsRequest();
     void deleteAllDraftsRequest();
@@ -50,6 +49,9 @@ private slots: // connected by name: the message box takes the slot's name
     void approveRecordAnswer(QAbstractButton* button);
 
 private:
+    void prepareRecord(MDRData* record) override { m_shown.prepareRecord(record); }
+    void forgetRecord(MDRData* record) override { m_shown.census.remove(record); }
+
     bool send(CRowBatch& batch);
     bool deleteRecord(MDRData* record);
     bool setRecordDeleted(MDRData* record);
@@ -68,8 +70,4 @@ private:
     void addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time);
     static void copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record);
     void pasteRecord(const MDRData* source);
-
-    CVrkCliSes* m_session;
-    const JournalRules& m_rules;
-    PageMessages& m_messages;
 };

@@ -1,7 +1,7 @@
-#include "RecordActions.h"
+#include "EditablePage.h"
 
+#include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
-#include "JournalRules.h"
 #include "LogbookFields.h"
 #include "LogText.h"
 #include "PageMessages.h"
@@ -23,126 +23,120 @@ void addDeletion(CRowBatch& batch, const MDRData* record)
 }
 } // namespace
 
-RecordActions::RecordActions(CVrkCliSes* session, const JournalRules& rules, PageMessages& messages,
-                             QObject* parent)
-    : QObject(parent), m_session(session), m_rules(rules), m_messages(messages)
+bool EditablePage::send(CRowBatch& batch)
 {
+    return m_module->session()->SqlUpdate(LogbookTable::Records, batch.array, true, nullptr);
 }
 
-bool RecordActions::send(CRowBatch& batch)
-{
-    return m_session->SqlUpdate(LogbookTable::Records, batch.array, true, nullptr);
-}
-
-bool RecordActions::deleteRecord(MDRData* record)
+bool EditablePage::deleteRecord(MDRData* record)
 {
     CRowBatch batch(LogbookRecordFields);
     addDeletion(batch, record);
     return send(batch);
 }
 
-bool RecordActions::setRecordDeleted(MDRData* record)
+bool EditablePage::setRecordDeleted(MDRData* record)
 {
     CRowBatch batch(LogbookRecordFields);
     addStatus(batch, record, StatusDeleted);
     return send(batch);
 }
 
-void RecordActions::deleteRecordRequest()
+void EditablePage::deleteRecordRequest()
 {
-    MDRData* record = m_rules.currentRecord();
+    MDRData* record = currentRecord();
     if (hasStatus(record, StatusApproved)) {
-        m_messages.show(tr("Удаление утвержденной записи"),
-                        LogText::centered(tr("После удаления запись будет помечена как удалённая!") +
-                                          QLatin1Char('\n') + tr("Вы действительно хотите удалить запись?")),
-                        MessageIconQuestion, MessageTypeYesNo, this,
-                        SLOT(deleteRecordAnswer(QAbstractButton*)));
+        m_messages->showMsgBox(
+            tr("Удаление утвержденной записи"),
+            LogText::centered(tr("После удаления запись будет помечена как удалённая!") + QLatin1Char('\n') +
+                              tr("Вы действительно хотите удалить запись?")),
+            MessageIconQuestion, MessageTypeYesNo, this, SLOT(deleteRecordAnswer(QAbstractButton*)));
     } else if (hasStatus(record, StatusDraft) && !deleteRecord(record)) {
         LogText::warn(QStringLiteral("void LogBookWidget::deleteRecordRequest()"),
                       LogText::fill(QStringLiteral("failed delete record %1 with status %2 from table %3"),
                                     {QString::fromUtf8(Row(record).key()), QString::number(StatusDraft),
                                      QLatin1String(LogbookTable::Records)}));
-        m_messages.error(tr("Ошибка удаления записи"), tr("Не удалось удалить запись!"));
+        m_messages->error(tr("Ошибка удаления записи"), tr("Не удалось удалить запись!"));
     }
 }
 
-void RecordActions::deleteRecordAnswer(QAbstractButton* button)
+void EditablePage::deleteRecordAnswer(QAbstractButton* button)
 {
-    if (!m_messages.isConfirmed(button))
+    if (!m_messages->isConfirmed(button))
         return;
-    MDRData* record = m_rules.currentRecord(); // the record that is current now, not that of the question
+    MDRData* record = currentRecord(); // the record that is current now, not that of the question
     if (!record || setRecordDeleted(record))
         return;
     LogText::warn(QStringLiteral("void LogBookWidget::deleteRecordAnswer(QAbstractButton*)"),
                   LogText::fill(QStringLiteral("failed set status %1 for record %2 in table %3"),
                                 {QString::number(StatusDeleted), QString::fromUtf8(Row(record).key()),
                                  QLatin1String(LogbookTable::Records)}));
-    m_messages.error(tr("Ошибка удаления записи"), tr("Не удалось удалить запись!"));
+    m_messages->error(tr("Ошибка удаления записи"), tr("Не удалось удалить запись!"));
 }
 
-void RecordActions::deleteMyDraftsRequest()
+void EditablePage::deleteMyDraftsRequest()
 {
     deleteDrafts(true, "void LogBookWidget::deleteMyDraftsRequest()");
 }
 
-void RecordActions::deleteAllDraftsRequest()
+void EditablePage::deleteAllDraftsRequest()
 {
     deleteDrafts(false, "void LogBookWidget::deleteAllDraftsRequest()");
 }
 
-void RecordActions::deleteDrafts(bool onlyMine, const char* signature)
+void EditablePage::deleteDrafts(bool onlyMine, const char* signature)
 {
-    CRowBatch batch(m_rules.shown().records.data);
+    CRowBatch batch(m_shown.records.data);
     for (const MDRData* record : drafts(onlyMine))
         addDeletion(batch, record);
     if (batch.RecCount() == 0 || send(batch))
         return;
     LogText::warn(QLatin1String(signature), QStringLiteral("error delete my records! Data: Table(%1) ")
                                                 .arg(QLatin1String(LogbookTable::Records)));
-    m_messages.error(tr("Ошибка"), tr("Не удалось удалить черновые записи!"));
+    m_messages->error(tr("Ошибка"), tr("Не удалось удалить черновые записи!"));
 }
 
-QVector<MDRData*> RecordActions::drafts(bool onlyMine) const
+QVector<MDRData*> EditablePage::drafts(bool onlyMine) const
 {
     QVector<MDRData*> found;
-    const QByteArray& worker = m_rules.workerKey();
-    for (int i = 0; i < m_rules.shown().records.data.RecCount(); ++i) {
-        MDRData* record = MDARec(m_rules.shown().records.data.array, 0, i);
+    const QByteArray& worker = workerKey();
+    for (int i = 0; i < m_shown.records.data.RecCount(); ++i) {
+        MDRData* record = MDARec(m_shown.records.data.array, 0, i);
         if (RecordCensus::isDraft(record) && (!onlyMine || RecordCensus::isAuthor(record, worker)))
             found.append(record);
     }
     return found;
 }
 
-void RecordActions::approveRecordRequest()
+void EditablePage::approveRecordRequest()
 {
-    const MDRData* record = m_rules.currentRecord();
+    const MDRData* record = currentRecord();
     if (!record)
         return;
     if (templateOf(Row(record).value(Field::html)).isExistTemplateProperty("time_exec") &&
         !Row(record).has(Field::executionTime)) {
-        m_messages.show(tr("Утверждение записи"),
-                        LogText::centered(tr("Не внесено время выполнения! После утверждения редактирование "
-                                             "записи запрещено! Продолжить?")),
-                        MessageIconWarning, MessageTypeYesNo, this,
-                        SLOT(approveRecordAnswer(QAbstractButton*)));
+        m_messages->showMsgBox(
+            tr("Утверждение записи"),
+            LogText::centered(tr("Не внесено время выполнения! После утверждения редактирование "
+                                 "записи запрещено! Продолжить?")),
+            MessageIconWarning, MessageTypeYesNo, this, SLOT(approveRecordAnswer(QAbstractButton*)));
         return;
     }
     approveRecord();
 }
 
-void RecordActions::approveRecordAnswer(QAbstractButton* button)
+void EditablePage::approveRecordAnswer(QAbstractButton* button)
 {
-    if (m_messages.isConfirmed(button))
+    if (m_messages->isConfirmed(button))
         approveRecord();
 }
 
-void RecordActions::approveRecord()
+void EditablePage::approveRecord()
 {
-    const MDRData* record = m_rules.currentRecord();
+    const MDRData* record = currentRecord();
     if (!record)
         return;
-    CRowBatch batch(m_rules.shown().records.data);
+    CRowBatch batch(m_shown.records.data);
     addStatus(batch, record, StatusApproved);
     if (send(batch))
         return;
@@ -150,43 +144,43 @@ void RecordActions::approveRecord()
         QStringLiteral("void LogBookWidget::approveRecord()"),
         LogText::fill(QStringLiteral("error approve record! Data: Table(%1), KeyLink(%2)"),
                       {QLatin1String(LogbookTable::Records), QString::fromUtf8(Row(record).key())}));
-    m_messages.error(tr("Ошибка"), tr("Не удалось утвердить запись!"));
+    m_messages->error(tr("Ошибка"), tr("Не удалось утвердить запись!"));
 }
 
-void RecordActions::approveMyRecordsRequest()
+void EditablePage::approveMyRecordsRequest()
 {
     approveDrafts(true, "void LogBookWidget::approveMyRecordsRequest()");
 }
 
-void RecordActions::approveAllRecordsRequest()
+void EditablePage::approveAllRecordsRequest()
 {
     approveDrafts(false, "void LogBookWidget::approveAllRecordsRequest()");
 }
 
-void RecordActions::approveDrafts(bool onlyMine, const char* signature)
+void EditablePage::approveDrafts(bool onlyMine, const char* signature)
 {
-    CRowBatch batch(m_rules.shown().records.data);
+    CRowBatch batch(m_shown.records.data);
     for (const MDRData* record : drafts(onlyMine))
         addStatus(batch, record, StatusApproved);
     if (batch.RecCount() == 0 || send(batch))
         return;
     LogText::warn(QLatin1String(signature), QStringLiteral("error approve users records! Data: Table(%1) ")
                                                 .arg(QLatin1String(LogbookTable::Records)));
-    m_messages.error(tr("Ошибка"), tr("Не удалось утвердить записи!"));
+    m_messages->error(tr("Ошибка"), tr("Не удалось утвердить записи!"));
 }
 
-void RecordActions::addVisa(CRowBatch& batch, const MDRData* record) const
+void EditablePage::addVisa(CRowBatch& batch, const MDRData* record) const
 {
-    const QByteArray& worker = m_rules.workerKey();
+    const QByteArray& worker = workerKey();
     MDRData* row = batch.newRow(ROW_UPDATE, Row(record).key());
     batch.SetValF(row, Field::VisaWorkerKey, MDRValue::text(worker));
     batch.RecPost(row);
 }
 
-void RecordActions::signRecordRequest()
+void EditablePage::signRecordRequest()
 {
-    MDRData* record = m_rules.currentRecord();
-    if (!m_rules.isRecordSignable(record))
+    MDRData* record = currentRecord();
+    if (!isRecordSignable(record))
         return;
     CRowBatch batch(LogbookRecordFields);
     addVisa(batch, record);
@@ -196,15 +190,15 @@ void RecordActions::signRecordRequest()
         QStringLiteral("void LogBookWidget::signRecordRequest()"),
         LogText::fill(QStringLiteral("error sign record! Data: Table(%1), KeyLink(%2)"),
                       {QLatin1String(LogbookTable::Records), QString::fromUtf8(Row(record).key())}));
-    m_messages.error(tr("Ошибка"), tr("Не удалось поставить визу на запись!"));
+    m_messages->error(tr("Ошибка"), tr("Не удалось поставить визу на запись!"));
 }
 
-void RecordActions::signAllRecordsRequest()
+void EditablePage::signAllRecordsRequest()
 {
     CRowBatch batch(LogbookRecordFields);
-    for (int i = 0; i < m_rules.shown().records.data.RecCount(); ++i) {
-        MDRData* record = MDARec(m_rules.shown().records.data.array, 0, i);
-        if (m_rules.isRecordSignable(record))
+    for (int i = 0; i < m_shown.records.data.RecCount(); ++i) {
+        MDRData* record = MDARec(m_shown.records.data.array, 0, i);
+        if (isRecordSignable(record))
             addVisa(batch, record);
     }
     if (batch.RecCount() == 0 || send(batch))
@@ -212,5 +206,5 @@ void RecordActions::signAllRecordsRequest()
     LogText::warn(
         QStringLiteral("void LogBookWidget::signAllRecordsRequest()"),
         QStringLiteral("error sign record! Data: Table(%1)").arg(QLatin1String(LogbookTable::Records)));
-    m_messages.error(tr("Ошибка"), tr("Не удалось поставить визу на записи!"));
+    m_messages->error(tr("Ошибка"), tr("Не удалось поставить визу на записи!"));
 }

@@ -1,10 +1,10 @@
+#include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "EditablePage.h"
 #include "GenGuid32.h"
-#include "JournalRules.h"
 #include "LogbookFields.h"
 #include "LogText.h"
 #include "PageMessages.h"
-#include "RecordActions.h"
 #include "RecordValue.h"
 
 /// The second marker and the execution time. They are written to the record that is current when the answer
@@ -18,8 +18,8 @@ QString logTime(double time)
 }
 } // namespace
 
-void RecordActions::sendMark(CRowBatch& batch, const QByteArray& key, const char* function,
-                             const QString& logLine, const QStringList& rest, const QString& message)
+void EditablePage::sendMark(CRowBatch& batch, const QByteArray& key, const char* function,
+                            const QString& logLine, const QStringList& rest, const QString& message)
 {
     if (send(batch))
         return;
@@ -27,11 +27,11 @@ void RecordActions::sendMark(CRowBatch& batch, const QByteArray& key, const char
         QStringLiteral("void LogBookWidget::") + QLatin1String(function),
         LogText::fill(logLine,
                       QStringList{QLatin1String(LogbookTable::Records), QString::fromLatin1(key)} + rest));
-    m_messages.error(tr("Ошибка"), message);
+    m_messages->error(tr("Ошибка"), message);
 }
 
-void RecordActions::markRecord(const QByteArray& key, const Marks& marks, const char* function,
-                               const QString& logLine, const QStringList& rest, const QString& message)
+void EditablePage::markRecord(const QByteArray& key, const Marks& marks, const char* function,
+                              const QString& logLine, const QStringList& rest, const QString& message)
 {
     CRowBatch batch(LogbookRecordFields);
     MDRData* row = batch.newRow(ROW_UPDATE, key);
@@ -41,14 +41,14 @@ void RecordActions::markRecord(const QByteArray& key, const Marks& marks, const 
     sendMark(batch, key, function, logLine, rest, message);
 }
 
-void RecordActions::setSecondMarkRequest(const QDateTime& dt)
+void EditablePage::setSecondMarkRequest(const QDateTime& dt)
 {
-    const MDRData* record = m_rules.currentRecord();
+    const MDRData* record = currentRecord();
     if (!record)
         return;
     const QByteArray key = Row(record).key();
     const double time = DateTime_To_HfnTime(dt);
-    const QByteArray& worker = m_rules.workerKey();
+    const QByteArray& worker = workerKey();
     markRecord(
         key,
         {{Field::SecondMarkWorkerKey, MDRValue::text(worker)}, {Field::secondMarkTime, MDRValue::real(time)}},
@@ -58,9 +58,9 @@ void RecordActions::setSecondMarkRequest(const QDateTime& dt)
         {QString::fromUtf8(worker), logTime(time)}, tr("Не удалось установить второй маркер!"));
 }
 
-void RecordActions::removeSecondMarkRequest()
+void EditablePage::removeSecondMarkRequest()
 {
-    if (const MDRData* record = m_rules.currentRecord())
+    if (const MDRData* record = currentRecord())
         markRecord(
             Row(record).key(),
             {{Field::SecondMarkWorkerKey, MDRValue::null()}, {Field::secondMarkTime, MDRValue::null()}},
@@ -69,18 +69,18 @@ void RecordActions::removeSecondMarkRequest()
             tr("Не удалось удалить второй маркер!"));
 }
 
-void RecordActions::removeTimeExecRequest()
+void EditablePage::removeTimeExecRequest()
 {
     // Deliberate: in place in any status: an approved record gets no successor here.
-    if (const MDRData* record = m_rules.currentRecord())
+    if (const MDRData* record = currentRecord())
         markRecord(Row(record).key(), {{Field::executionTime, MDRValue::null()}}, "removeTimeExecRequest()",
                    QStringLiteral("error remove time execution record! Data: Table(%1), KeyLink(%2)"), {},
                    tr("Не удалось сбросить время выпонения!"));
 }
 
-void RecordActions::setTimeExecRequest(const QDateTime& dt)
+void EditablePage::setTimeExecRequest(const QDateTime& dt)
 {
-    const MDRData* record = m_rules.currentRecord();
+    const MDRData* record = currentRecord();
     if (!record)
         return;
     const QByteArray key = Row(record).key();
@@ -101,7 +101,7 @@ void RecordActions::setTimeExecRequest(const QDateTime& dt)
 }
 
 /// The old record is marked deleted; a copy with the execution time replaces it and refers to it.
-void RecordActions::addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time)
+void EditablePage::addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time)
 {
     const QByteArray successorKey = GenGuid32();
     MDRData* old = batch.newRow(ROW_UPDATE, key);
@@ -118,7 +118,7 @@ void RecordActions::addSuccessor(CRowBatch& batch, const MDRData* record, const 
     batch.RecPost(row);
 }
 
-void RecordActions::copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record)
+void EditablePage::copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record)
 {
     for (int number = 0; number < MDAFldCount(batch.array); ++number) {
         const MDRField* field = MDRFldByNum(batch.array, number);
