@@ -32,7 +32,7 @@ constexpr qreal refusalPoints = 12.0;
 const char refusalGround[] = "#ed5151";
 } // namespace
 
-CVrkConverter::CVrkConverter(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::CVrkConverter)
+CVrkConverter::CVrkConverter(CVrkCliApp* app) : LogbookModule(app), m_form(new Ui::CVrkConverter)
 {
     m_form->setupUi(this);
     setModuleStyle();
@@ -75,24 +75,9 @@ bool CVrkConverter::ModuleStart()
     return true;
 }
 
-void CVrkConverter::ModuleStop() {}
-
-int CVrkConverter::MessageOn()
-{
-    return MessageGet();
-}
-
 int CVrkConverter::MessageData(HFNCliParam*)
 {
     return 1;
-}
-
-void CVrkConverter::AppIdleEvent() {}
-
-void CVrkConverter::setModuleName(const QString& name)
-{
-    m_name = name;
-    SetModTitle(name, QString());
 }
 
 void CVrkConverter::closeEvent(QCloseEvent* event)

@@ -2,7 +2,7 @@
 
 #include "ConversionReport.h"
 #include "ConverterTables.h"
-#include "CVrkCliMod.h"
+#include "LogbookModule.h"
 #include "RecordDumps.h"
 
 #include <memory>
@@ -17,7 +17,7 @@ class CVrkConverter;
 /// and parameters of the old tables to those of this journal, in memory and with a report, and writes them
 /// on request. One run for each start. The rules are in ParamRules and TemplateRules; the window shows the
 /// report and runs them.
-class CVrkConverter : public CVrkCliMod, public RecordDumps<CVrkConverter>
+class CVrkConverter : public LogbookModule, public RecordDumps<CVrkConverter>
 {
     Q_OBJECT
 
@@ -27,11 +27,8 @@ public:
 
     /// Always true: the report shows all obstacles.
     bool ModuleStart() override;
-    void ModuleStop() override;
-    int MessageOn() override;
     /// The converter follows no events: every message is accepted unread.
     int MessageData(HFNCliParam* block) override;
-    void AppIdleEvent() override;
 
     /// Writes the report as a UTF-8 text; the report on the screen shows its path, or why it failed.
     void saveReport(const QString& path);
@@ -41,7 +38,6 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void setModuleName(const QString& name);
     bool hasRights();
     void uploadSqlTables();
     void createBaseParameters();

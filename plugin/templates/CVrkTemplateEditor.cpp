@@ -1,6 +1,5 @@
 #include "CVrkTemplateEditor.h"
 
-#include "CPopMessageBox.h"
 #include "CToolLiteModel.h"
 #include "CVrkCliSes.h"
 #include "EventRow.h"
@@ -9,10 +8,10 @@
 #include "TemplateTab.h"
 #include "ui_CVrkTemplateEditor.h"
 
-#include <QDebug>
 #include <QTimer>
 
-CVrkTemplateEditor::CVrkTemplateEditor(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::CVrkTemplateEditor)
+CVrkTemplateEditor::CVrkTemplateEditor(CVrkCliApp* app)
+    : LogbookModule(app), m_form(new Ui::CVrkTemplateEditor)
 {
     setObjectName(QStringLiteral("CVrkTemplateEditor"));
     m_form->setupUi(this);
@@ -189,39 +188,6 @@ int CVrkTemplateEditor::parametersChanged(CModelTable* table, TEventNciParse* ev
     return 1;
 }
 
-void CVrkTemplateEditor::ModuleStop() {}
-
-int CVrkTemplateEditor::MessageOn()
-{
-    return MessageGet();
-}
-
-int CVrkTemplateEditor::SetParamCommand(QString)
-{
-    return 0;
-}
-
-int CVrkTemplateEditor::SetParamProfile(QString)
-{
-    return 0;
-}
-
-QString CVrkTemplateEditor::GetParamProfile()
-{
-    return {};
-}
-
-void CVrkTemplateEditor::SetParamState(QString) {}
-
-QString CVrkTemplateEditor::GetParamState()
-{
-    return {};
-}
-
-void CVrkTemplateEditor::AppIdleEvent() {}
-
-void CVrkTemplateEditor::ModSesReconnect() {}
-
 void CVrkTemplateEditor::ModDataEditPost()
 {
     currentTab()->applyChanges();
@@ -235,29 +201,8 @@ void CVrkTemplateEditor::ModDataEditCancel()
     currentTab()->cancelChanges();
 }
 
-void CVrkTemplateEditor::setModuleName(const QString& name)
-{
-    m_name = name;
-    SetModTitle(name, QString());
-}
-
 void CVrkTemplateEditor::writeLog(const QString& func, const QString& text)
 {
-    qWarning().noquote() << func << text;
-    logSink()->LogFile(2, func, text);
-}
-
-void CVrkTemplateEditor::showError(const QString& text)
-{
-    if (!m_messageBox)
-        m_messageBox = new CPopMessageBox(this);
-    m_messageBox->setMessage(tr("Ошибка"), LogText::centered(text), MessageIconError, MessageTypeOk,
-                             SLOT(closeMsgBox(QAbstractButton*)));
-    m_messageBox->show();
-}
-
-void CVrkTemplateEditor::closeMsgBox(QAbstractButton*)
-{
-    if (m_messageBox)
-        m_messageBox->close();
+    LogText::warn(func, text);
+    LogbookModule::writeLog(func, text);
 }

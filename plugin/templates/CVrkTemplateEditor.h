@@ -1,12 +1,11 @@
 #pragma once
 
 #include "CLiteModel.h"
-#include "CVrkCliMod.h"
+#include "LogbookModule.h"
 #include "Rights.h"
 
 #include <memory>
 
-class CPopMessageBox;
 class QLabel;
 class QToolBar;
 class QToolButton;
@@ -20,7 +19,7 @@ class CVrkTemplateEditor;
 /// The configurator of record templates: three pages, one for each level of templates, under a tool bar for
 /// the current page. It reads the user's rights, loads the tables, passes them to the pages, and then only
 /// routes events.
-class CVrkTemplateEditor : public CVrkCliMod
+class CVrkTemplateEditor : public LogbookModule
 {
     Q_OBJECT
 
@@ -30,30 +29,16 @@ public:
 
     /// False, with an error box, if a table could not be loaded; the pages then stay empty.
     bool ModuleStart() override;
-    void ModuleStop() override;
-    int MessageOn() override;
     /// Returns 0 for an event of the parameter tables with an unexpected key; otherwise 1.
     int MessageData(HFNCliParam* block) override;
-    int SetParamCommand(QString command) override;
-    int SetParamProfile(QString profile) override;
-    QString GetParamProfile() override;
-    void SetParamState(QString state) override;
-    QString GetParamState() override;
-    void AppIdleEvent() override;
-    void ModSesReconnect() override;
     void ModDataEditPost() override;
     void ModDataEditCancel() override;
 
     Rights::AdminRights rights() const { return m_rights; }
     TemplateTab* currentTab() const;
 
-public slots:
-    void closeMsgBox(QAbstractButton* button);
-
 private:
-    void setModuleName(const QString& name);
     void writeLog(const QString& func, const QString& text);
-    void showError(const QString& text);
 
     void uploadHfnTables();
     void uploadSqlTables();
@@ -78,7 +63,6 @@ private:
     QToolBar* m_toolBar = nullptr;
     QLabel* m_statusLabel = nullptr;
     QToolButton* m_createButton = nullptr;
-    CPopMessageBox* m_messageBox = nullptr;
 
     std::unique_ptr<CLiteModel> m_model;
     CModelTable* m_tablesTable = nullptr;

@@ -11,10 +11,9 @@
 #include "TEventNciParse.h"
 #include "ui_CVrkLogBook.h"
 
-#include <QDialogButtonBox>
 #include <QToolButton>
 
-CVrkLogBook::CVrkLogBook(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::CVrkLogBook)
+CVrkLogBook::CVrkLogBook(CVrkCliApp* app) : LogbookModule(app), m_form(new Ui::CVrkLogBook)
 {
     if (objectName().isEmpty())
         setObjectName(QStringLiteral("CVrkLogBook"));
@@ -68,13 +67,6 @@ bool CVrkLogBook::ModuleStart()
     return true;
 }
 
-void CVrkLogBook::ModuleStop() {}
-
-int CVrkLogBook::MessageOn()
-{
-    return MessageGet();
-}
-
 int CVrkLogBook::MessageData(HFNCliParam* block)
 {
     TEventNciParse event(block);
@@ -89,68 +81,6 @@ int CVrkLogBook::MessageData(HFNCliParam* block)
         m_inbox->take(event);
     MDRTypFree(&event.recordType);
     return 1;
-}
-
-int CVrkLogBook::SetParamCommand(QString)
-{
-    return 0;
-}
-
-int CVrkLogBook::SetParamProfile(QString)
-{
-    return 0;
-}
-
-QString CVrkLogBook::GetParamProfile()
-{
-    return {};
-}
-
-void CVrkLogBook::SetParamState(QString) {}
-
-QString CVrkLogBook::GetParamState()
-{
-    return {};
-}
-
-void CVrkLogBook::AppIdleEvent() {}
-
-/// Deliberate: the tabs keep their content and continue with the next change event.
-void CVrkLogBook::ModSesReconnect() {}
-
-void CVrkLogBook::ModDataEditPost() {}
-
-void CVrkLogBook::ModDataEditCancel() {}
-
-void CVrkLogBook::setModuleName(const QString& name)
-{
-    m_name = name;
-    SetModTitle(name, QString());
-}
-
-void CVrkLogBook::writeLog(const QString& func, const QString& text)
-{
-    logSink()->LogFile(2, func, text);
-}
-
-void CVrkLogBook::showError(const QString& text)
-{
-    showMessage(tr("Ошибка"), text, MessageIconError);
-}
-
-void CVrkLogBook::showMessage(const QString& title, const QString& text, TMessageBoxIcon icon)
-{
-    if (!m_messageBox)
-        m_messageBox = new CPopMessageBox(this);
-    m_messageBox->setMessage(title, QStringLiteral("<center>%1</center>").arg(text), icon, MessageTypeOk,
-                             SLOT(closeMsgBox(QAbstractButton*)));
-    m_messageBox->show();
-}
-
-void CVrkLogBook::closeMsgBox(QAbstractButton*)
-{
-    if (m_messageBox)
-        m_messageBox->close();
 }
 
 void CVrkLogBook::uploadHfnTables()

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "CPopMessageBox.h"
-#include "CVrkCliMod.h"
+#include "LogbookModule.h"
 
 #include <memory>
 
@@ -27,7 +26,7 @@ class CVrkLogBook;
 /// The window "Оперативный журнал": one tab for each department's journal, and one tool bar. The first tab,
 /// home, is the journal of the user's own department: only there records are created and changed, and
 /// shifts opened and closed. Changes by the tool bar apply to the home tab, its views to the current tab.
-class CVrkLogBook : public CVrkCliMod
+class CVrkLogBook : public LogbookModule
 {
     Q_OBJECT
 
@@ -38,19 +37,8 @@ public:
     /// Loads the reference tables, determines user and department, loads the home tab. On failure the
     /// window shows an error box, the home tab is empty and there is no tool bar.
     bool ModuleStart() override;
-    void ModuleStop() override;
-    int MessageOn() override;
     /// Passes a change event to every initialised tab, in tab order; returns 1, and 0 for anything else.
     int MessageData(HFNCliParam* block) override;
-    int SetParamCommand(QString command) override;
-    int SetParamProfile(QString profile) override;
-    QString GetParamProfile() override;
-    void SetParamState(QString state) override;
-    QString GetParamState() override;
-    void AppIdleEvent() override;
-    void ModSesReconnect() override;
-    void ModDataEditPost() override;
-    void ModDataEditCancel() override;
 
     /// Accepts "showRecord" with the KeyLink of a record: shows it in its workshift, in the tab of its
     /// department.
@@ -70,14 +58,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private slots:
-    void closeMsgBox(QAbstractButton* button);
     void updateTitleComments();
 
 private:
-    void setModuleName(const QString& name);
-    void writeLog(const QString& func, const QString& text);
-    void showError(const QString& text);
-    void showMessage(const QString& title, const QString& text, TMessageBoxIcon icon);
     /// False, with an error box, if there is no such record.
     bool showRecord(const QByteArray& recordKey);
     /// Offers texts that were not saved when the program ended last.
@@ -125,7 +108,6 @@ private:
     LocationInfo* m_location = nullptr;
     CommentInbox* m_inbox = nullptr; ///< null until the journal is loaded
     OrgStructDialog* m_orgStructDialog = nullptr;
-    CPopMessageBox* m_messageBox = nullptr;
 
     QToolButton* m_addButton = nullptr;
     LogBookToolBar* m_toolBar = nullptr;    ///< null until the journal is loaded
