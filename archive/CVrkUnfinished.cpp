@@ -48,7 +48,7 @@ int lacksOf(const CMDArray& array, const MDRData* record, bool isShiftClosed)
 
 CVrkUnfinished::CVrkUnfinished(CVrkCliApp* app)
     : CVrkCliMod(app),
-      m_list(new RecordList(this)),
+      m_list(std::make_unique<RecordList>(this)),
       m_filter(new UnfinishedFilter(this)),
       m_days(new QSpinBox(this)),
       m_summary(new QLabel(this))
@@ -58,14 +58,11 @@ CVrkUnfinished::CVrkUnfinished(CVrkCliApp* app)
     resize(1000, 600);
     setContextMenuPolicy(Qt::NoContextMenu);
     setModuleStyle();
-    setCentralWidget(m_list);
+    setCentralWidget(m_list.get());
     makeBar();
 }
 
-CVrkUnfinished::~CVrkUnfinished()
-{
-    delete m_list; // it uses the names until it is destroyed
-}
+CVrkUnfinished::~CVrkUnfinished() = default;
 
 void CVrkUnfinished::makeBar()
 {

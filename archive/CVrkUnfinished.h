@@ -3,6 +3,7 @@
 #include "CVrkCliMod.h"
 #include "KeyNames.h"
 
+#include <memory>
 #include <QHash>
 #include <QVector>
 
@@ -58,7 +59,7 @@ private:
     KeyNames m_names;
     QByteArray m_departmentKey;
     QHash<QByteArray, Shift> m_shifts;
-    RecordList* m_list;
+    std::unique_ptr<RecordList> m_list; ///< uses the names until it is destroyed
     UnfinishedFilter* m_filter;
     QSpinBox* m_days;
     QVector<QToolButton*> m_kinds; ///< one for each RecordRules::Lack, checked while that kind is shown

@@ -216,10 +216,7 @@ RecordList::RecordList(QWidget* parent)
     m_view->installEventFilter(this);
 }
 
-RecordList::~RecordList()
-{
-    delete m_tool; // destroyed before the records and the cells that it shows
-}
+RecordList::~RecordList() = default;
 
 void RecordList::init(CVrkCliMod* module, const KeyNames* names)
 {
@@ -230,7 +227,7 @@ void RecordList::init(CVrkCliMod* module, const KeyNames* names)
     m_records.KeyAdd("", 0);
     m_cells = std::make_unique<Cells>(names, m_terms);
 
-    m_tool = new VrkTableTool(this);
+    m_tool = std::make_unique<VrkTableTool>(this);
     m_tool->setTableView(m_view);
     m_tool->setCMDArray(&m_records);
     m_tool->setDefaultSettingsView();

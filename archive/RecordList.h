@@ -38,7 +38,7 @@ public:
     /// The fields of LogbookRecordFields, then DepartmentKey, startTime and endTime of the shift, and
     /// `lacks`, a combination of RecordRules::Lack.
     CMDArray& records() { return m_records; }
-    VrkTableTool* tool() const { return m_tool; }
+    VrkTableTool* tool() const { return m_tool.get(); }
     QTableView* view() const { return m_view; }
     void setColumnVisible(const char* field, bool visible);
 
@@ -88,8 +88,8 @@ private:
     QStackedLayout* m_pages;
     QTableView* m_view;
     QLabel* m_empty;
-    VrkTableTool* m_tool = nullptr;
     std::unique_ptr<Cells> m_cells;
+    std::unique_ptr<VrkTableTool> m_tool; ///< destroyed before the records and the cells that it shows
     QMenu* m_menu;
     QAction* m_showAction;
     QAction* m_copyAction;

@@ -60,13 +60,7 @@ CVrkCliSes::CVrkCliSes(std::unique_ptr<Store> store, QObject* parent)
     connectFeed();
 }
 
-CVrkCliSes::~CVrkCliSes()
-{
-    for (HFNCliParam* block : d->waiting)
-        delete block;
-    for (HFNCliParam* block : d->given)
-        delete block;
-}
+CVrkCliSes::~CVrkCliSes() = default;
 
 bool CVrkCliSes::Private::fail(const char* function, const StoreError& error, const QString& what, bool write,
                                const QByteArray& table)
@@ -211,14 +205,13 @@ bool CVrkCliSes::WaitResult(HFNCliParam** result, int)
 
 HFNCliParam* CVrkCliSes::Private::give(HFNCliParam* answer)
 {
-    given.insert(answer);
+    given.emplace(answer, answer);
     return answer;
 }
 
 void CVrkCliSes::PrmFree(HFNCliParam* block)
 {
-    if (d->given.erase(block) > 0)
-        delete block;
+    d->given.erase(block);
 }
 
 int CVrkCliSes::openBlocks() const

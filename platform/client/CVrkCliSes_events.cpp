@@ -7,7 +7,8 @@ void CVrkCliSes::connectFeed()
     connect(d->feed.get(), &ChangeFeed::arrived, this, [this](const QVector<StoreChange>& changes) {
         for (const StoreChange& change : changes) {
             const QByteArray source = "NCI:" + change.table + ',' + QByteArray::number(change.number);
-            d->waiting.push_back(HFNCliParam::event(change.event, change.key, source, change.packedRecord));
+            d->waiting.emplace_back(
+                HFNCliParam::event(change.event, change.key, source, change.packedRecord));
         }
         if (!d->polling)
             emit eventsWaiting();
@@ -45,10 +46,10 @@ bool CVrkCliSes::startEvents()
 
 std::vector<HFNCliParam*> CVrkCliSes::takeEvents()
 {
-    std::vector<HFNCliParam*> events(d->waiting.begin(), d->waiting.end());
+    std::vector<HFNCliParam*> events;
+    for (std::unique_ptr<HFNCliParam>& block : d->waiting)
+        events.push_back(d->give(block.release()));
     d->waiting.clear();
-    for (HFNCliParam* block : events)
-        d->give(block);
     return events;
 }
 

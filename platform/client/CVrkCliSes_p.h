@@ -7,8 +7,7 @@
 #include "ProcessZone.h"
 #include "Store.h"
 
-#include <deque>
-#include <unordered_set>
+#include <unordered_map>
 
 /// Data that the parts of the session share.
 struct CVrkCliSes::Private {
@@ -72,8 +71,8 @@ struct CVrkCliSes::Private {
     QByteArray unsettledKey;      ///< batch key of the write without an answer
     bool hasFailedWrites = false; ///< since the start
 
-    std::deque<HFNCliParam*> waiting;
-    std::unordered_set<HFNCliParam*> given;
+    std::vector<std::unique_ptr<HFNCliParam>> waiting;
+    std::unordered_map<HFNCliParam*, std::unique_ptr<HFNCliParam>> given; ///< freed by PrmFree
 
     double serverTime = 0; ///< the server's time in its last answer
     QElapsedTimer sinceServerTime;

@@ -73,7 +73,7 @@ VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
     setObjectName(QStringLiteral("VrkPreviewWindow"));
     m_printer->setOutputFormat(QPrinter::PdfFormat); // a preview needs no printer
     setUpPage(m_printer.get(), QPageLayout::Landscape);
-    m_preview = new QPrintPreviewWidget(m_printer.get(), this);
+    m_preview = std::make_unique<QPrintPreviewWidget>(m_printer.get(), this);
     m_preview->setObjectName(QStringLiteral("previewWidget"));
     m_pageLabel = new QLabel(this);
     m_pageLabel->setObjectName(QStringLiteral("pageLabel"));
@@ -82,20 +82,17 @@ VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(makeBar());
-    column->addWidget(m_preview, 1);
+    column->addWidget(m_preview.get(), 1);
     setCentralWidget(page);
-    connect(m_preview, &QPrintPreviewWidget::paintRequested, this, &VrkPreviewWindow::paintPages);
-    connect(m_preview, &QPrintPreviewWidget::previewChanged, this, &VrkPreviewWindow::updatePageLabel);
+    connect(m_preview.get(), &QPrintPreviewWidget::paintRequested, this, &VrkPreviewWindow::paintPages);
+    connect(m_preview.get(), &QPrintPreviewWidget::previewChanged, this, &VrkPreviewWindow::updatePageLabel);
     const int em = fontMetrics().height();
     setMinimumSize(20 * em, 16 * em);
     const QSize room = screen()->availableSize() * 9 / 10; // the frame and the title bar need some of it
     resize(QSize(70 * em, 48 * em).boundedTo(room));
 }
 
-VrkPreviewWindow::~VrkPreviewWindow()
-{
-    delete m_preview; // destroyed before its printer
-}
+VrkPreviewWindow::~VrkPreviewWindow() = default;
 
 QWidget* VrkPreviewWindow::makeBar()
 {

@@ -48,7 +48,7 @@ private:
 
     VrkPreviewPages m_pages;
     std::unique_ptr<QPrinter> m_printer;
-    QPrintPreviewWidget* m_preview;
+    std::unique_ptr<QPrintPreviewWidget> m_preview; ///< destroyed before its printer
     QLabel* m_pageLabel;
     bool m_isCancelled = false; ///< refers to the last painting
 };

@@ -21,7 +21,7 @@ ReportDialog::ReportDialog(QWidget* parent, int flag)
       m_form(new Ui::ReportDialog),
       m_records(LogbookTable::Records, LogbookRecordExtFields, ""),
       m_preview(new VrkPreview(this)),
-      m_tableTool(new VrkTableTool(this)),
+      m_tableTool(std::make_unique<VrkTableTool>(this)),
       m_filter(new FilterOnlyApprove(this))
 {
     m_form->setupUi(this);
@@ -39,10 +39,7 @@ ReportDialog::ReportDialog(QWidget* parent, int flag)
     m_preview->setView(m_form->recordsTable);
 }
 
-ReportDialog::~ReportDialog()
-{
-    delete m_tableTool; // destroyed before the records that it shows
-}
+ReportDialog::~ReportDialog() = default;
 
 void ReportDialog::createToolBar()
 {

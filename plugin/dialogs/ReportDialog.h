@@ -49,7 +49,7 @@ private:
     CModelTable m_records;
     CModelTable* m_workers = nullptr;
     VrkPreview* m_preview;
-    VrkTableTool* m_tableTool;
+    std::unique_ptr<VrkTableTool> m_tableTool; ///< destroyed before the records that it shows
     FilterOnlyApprove* m_filter;
     QToolButton* m_approveButton = nullptr;
 };

@@ -11,12 +11,17 @@ namespace PgType
 enum : Oid {
     Bool = 16,
     Bytea = 17,
+    Char = 18,
+    Name = 19,
     Int8 = 20,
     Int2 = 21,
     Int4 = 23,
     Text = 25,
     Float4 = 700,
     Float8 = 701,
+    Unknown = 705,
+    BpChar = 1042,
+    VarChar = 1043,
     Numeric = 1700,
 };
 }

@@ -9,11 +9,6 @@ namespace
 {
 constexpr int rowsAtOnce = 2000;
 
-bool isKnownText(Oid type)
-{
-    return type == PgType::Text || type == 18 || type == 19 || type == 705 || type == 1042 || type == 1043;
-}
-
 bool isKnown(Oid type)
 {
     switch (type) {
@@ -25,9 +20,15 @@ bool isKnown(Oid type)
     case PgType::Float4:
     case PgType::Float8:
     case PgType::Numeric:
+    case PgType::Text:
+    case PgType::Char:
+    case PgType::Name:
+    case PgType::Unknown:
+    case PgType::BpChar:
+    case PgType::VarChar:
         return true;
     default:
-        return isKnownText(type);
+        return false;
     }
 }
 
