@@ -251,8 +251,8 @@ void TemplateTab::MessageData(TEventNciParse* event)
 
 void TemplateTab::showError(const QString& text)
 {
-    m_messages->show(tr("Ошибка"), LogText::centered(text), MessageIconError, MessageTypeOk, this,
-                     SLOT(closeMsgBox(QAbstractButton*)));
+    m_messages->showMsgBox(tr("Ошибка"), LogText::centered(text), MessageIconError, MessageTypeOk, this,
+                           SLOT(closeMsgBox(QAbstractButton*)));
 }
 
 void TemplateTab::closeMsgBox(QAbstractButton* button)

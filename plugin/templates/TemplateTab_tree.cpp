@@ -88,8 +88,8 @@ void TemplateTab::deleteSelected()
                       QStringLiteral("index contains unknown record in internalPointer()."));
         return;
     }
-    m_messages->show(tr("Удаление"), question, MessageIconQuestion, MessageTypeYesNo, this,
-                     SLOT(answerDelete(QAbstractButton*)));
+    m_messages->showMsgBox(tr("Удаление"), question, MessageIconQuestion, MessageTypeYesNo, this,
+                           SLOT(answerDelete(QAbstractButton*)));
 }
 
 void TemplateTab::answerDelete(QAbstractButton* button)
