@@ -2,15 +2,14 @@
 
 #include "DemoKey.h"
 #include "DemoNetwork.h"
+#include "DemoText.h"
 #include "DemoWriter.h"
-
-#include <QFile>
 
 namespace
 {
 QVariant orNull(const QString& value)
 {
-    return value == QLatin1String("-") ? QVariant() : QVariant(value);
+    return value.isEmpty() ? QVariant() : QVariant(value);
 }
 
 QByteArray categoryKey(const QString& name)
@@ -37,7 +36,7 @@ struct Reader {
     QVector<Pattern> patterns;
     int templates = 0;
 
-    void read(const QString& path);
+    void read(const QString& file);
     void addTemplate(const QByteArray& category, const QString& name, const QStringList& values);
 };
 
@@ -57,34 +56,28 @@ void writeCategory(DemoWriter* writer, const DemoNetwork& network, const QString
         {{"ParentKey", parent}, {"OrgTypeKey", type}, {"DepartmentKey", department}, {"name_", name}});
 }
 
-void Reader::read(const QString& path)
+void Reader::read(const QString& file)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("The demo has lost the templates of the earlier journal");
     categories.clear();
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'))) {
-        const int colon = line.indexOf(QLatin1String(": "));
-        if (colon < 0 || line.startsWith(QLatin1Char('#')))
-            continue;
-        const QString word = line.left(colon);
-        const QStringList values = line.mid(colon + 2).split(QStringLiteral(" | "));
-        if (word == QLatin1String("parameter") && values.size() == 5) {
+    for (const DemoText::Line& line : DemoText::lines(file)) {
+        if (line.word == QLatin1String("parameter")) {
+            const QStringList values = line.values(5);
             writer->insert("OperLogTemplateParams", demoKey(QStringLiteral("earlier parameter ") + values[0]),
                            {{"nameLat", values[0]},
                             {"nameLoc", orNull(values[1])},
                             {"param", orNull(values[2])},
                             {"TableKey", orNull(values[3])},
                             {"FieldTypeKey", orNull(values[4])}});
-        } else if (word == QLatin1String("category") && values.size() == 2) {
+        } else if (line.word == QLatin1String("category")) {
+            const QStringList values = line.values(2);
             writeCategory(writer, network, values[0], values[1]);
             categories << categoryKey(values[0]);
-        } else if (word == QLatin1String("template") && values.size() == 6) {
-            addTemplate(categories.last(), values[0], values.mid(1));
-        } else if (word == QLatin1String("pattern") && values.size() == 6) {
-            patterns.append({values[0], values.mid(1)});
+        } else if (line.word == QLatin1String("template") && !categories.isEmpty()) {
+            addTemplate(categories.last(), line.values(6).first(), line.values().mid(1));
+        } else if (line.word == QLatin1String("pattern")) {
+            patterns.append({line.values(6).first(), line.values().mid(1)});
         } else {
-            qFatal("The earlier journal of the demo cannot be read: %s", qPrintable(line));
+            line.failAtWord();
         }
     }
 }
@@ -109,14 +102,14 @@ void Reader::addTemplate(const QByteArray& category, const QString& name, const 
 
 void DemoEarlierJournal::write(DemoWriter* writer, const DemoNetwork& network)
 {
-    Reader{writer, network, {}, {}}.read(QStringLiteral(":/demo/earlier.txt"));
+    Reader{writer, network, {}, {}}.read(QStringLiteral("earlier.txt"));
 }
 
 void DemoEarlierJournal::writeAll(DemoWriter* writer, const DemoNetwork& network, int templates)
 {
     Reader reader{writer, network, {}, {}};
-    reader.read(QStringLiteral(":/demo/earlier.txt"));
-    reader.read(QStringLiteral(":/demo/old.txt"));
+    reader.read(QStringLiteral("earlier.txt"));
+    reader.read(QStringLiteral("old.txt"));
     const int categories = reader.categories.size();
     // The pattern moves on by one at each round of the categories, so that each category gets all patterns.
     for (int i = 0; reader.templates < templates; ++i) {

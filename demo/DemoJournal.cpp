@@ -1,6 +1,7 @@
 #include "DemoJournal.h"
 
 #include "DemoKey.h"
+#include "DemoText.h"
 #include "DemoWriter.h"
 #include "HtmlParser.h"
 
@@ -31,7 +32,10 @@ DemoFiller::Scene DemoShift::scene(qint64 time, const DemoPerson* author) const
 }
 
 DemoJournal::DemoJournal(DemoWriter* writer, const DemoNetwork& network, QVector<DemoTemplate> templates)
-    : m_writer(writer), m_network(network), m_templates(std::move(templates))
+    : m_writer(writer),
+      m_network(network),
+      m_templates(std::move(templates)),
+      m_remarks(DemoText::list(QStringLiteral("everyday.txt"), QStringLiteral("remarks")).toVector())
 {
 }
 
@@ -58,6 +62,14 @@ QVector<const DemoTemplate*> DemoJournal::recordsOf(int department) const
         if (offered && !shiftRecord)
             found.append(&candidate);
     }
+    return found;
+}
+
+QVector<const DemoTemplate*> DemoJournal::everydayRecords(const QString& word) const
+{
+    QVector<const DemoTemplate*> found;
+    for (const QString& name : DemoText::list(QStringLiteral("everyday.txt"), word))
+        found.append(&record(name));
     return found;
 }
 
@@ -201,10 +213,6 @@ void DemoJournal::routine(const DemoShift& shift, DemoFiller* filler, int count,
 void DemoJournal::everyday(const DemoShift& shift, DemoFiller* filler, const DemoTemplate& kind, qint64 time,
                            qint64 latest, int number)
 {
-    static const QVector<QString> remarks{
-        QStringLiteral("Прошу уточнить номер бланка."), QStringLiteral("Принято к сведению."),
-        QStringLiteral("Время сверено по регистратору."), QStringLiteral("Дополнить после доклада бригады."),
-        QStringLiteral("Фото и осциллограммы направлены в службу РЗА.")};
     const DemoPerson* author = filler->pick(shift.crew);
     const DemoPerson* other = shift.crew.first() == author ? shift.crew.last() : shift.crew.first();
     DemoRecord entry;
@@ -235,6 +243,6 @@ void DemoJournal::everyday(const DemoShift& shift, DemoFiller* filler, const Dem
         entry.visa = other;
     add(shift, entry);
     if (filler->chance(4) && entry.recordTime + 25 * minute < latest)
-        comment(entry.key, *other, entry.recordTime + 10 * minute, filler->pick(remarks),
+        comment(entry.key, *other, entry.recordTime + 10 * minute, filler->pick(m_remarks),
                 entry.recordTime + 25 * minute);
 }

@@ -53,6 +53,9 @@ public:
     /// The templates that a department may use, except those that open or close a shift.
     QVector<const DemoTemplate*> recordsOf(int department) const;
 
+    /// The templates of a line of everyday.txt.
+    QVector<const DemoTemplate*> everydayRecords(const QString& word) const;
+
     static QByteArray shiftKey(int department, qint64 start);
     /// A shift of the timetable with the crew whose turn it is; it is not written to the journal yet.
     DemoShift plan(int department, qint64 start, qint64 end, int turn) const;
@@ -80,5 +83,6 @@ private:
     DemoWriter* m_writer;
     const DemoNetwork& m_network;
     const QVector<DemoTemplate> m_templates;
+    const QVector<QString> m_remarks;
     int m_comments = 0;
 };

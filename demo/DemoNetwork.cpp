@@ -1,7 +1,6 @@
 #include "DemoNetwork.h"
 
 #include "DemoKey.h"
-#include "DemoWriter.h"
 
 #include <QRegularExpression>
 
@@ -19,64 +18,29 @@ QString roman(int group)
     return numbers.value(group - 1, QString::number(group));
 }
 
-/// Surname, first name, patronymic, group, role, login; "-" for none, a "!" before the surname: has left.
-const QVector<QStringList>& people()
+/// The place of the thing with this key; the line must name one.
+template <class Things>
+int indexOf(const Things& things, const QByteArray& key, const QString& name, const DemoText::Line& line)
 {
-    static const QVector<QStringList> lists = [] {
-        const QVector<QString> texts{
-            // The dispatching centre
-            QStringLiteral("Северов Максим Юрьевич 5 Старший_диспетчер severov;"
-                           "Лугин Олег Романович 5 Диспетчер -;"
-                           "Дубова Вера Степановна 5 Старший_диспетчер -;"
-                           "Рябинин Пётр Ильич 4 Диспетчер -;"
-                           "Осинин Кирилл Львович 5 Старший_диспетчер -;"
-                           "Вишнёв Егор Тимофеевич 4 Диспетчер -;"
-                           "Снегина Мария Павловна 4 Инженер_по_режимам snegina;"
-                           "Холмов Денис Андреевич 5 Начальник_службы -"),
-            // The dispatching service of the network
-            QStringLiteral("Озеров Андрей Николаевич 5 Старший_диспетчер ozerov;"
-                           "Рощин Илья Викторович 4 Диспетчер roshchin;"
-                           "Горин Борис Фёдорович 5 Старший_диспетчер gorin;"
-                           "Ручьёва Анна Дмитриевна 4 Диспетчер -;"
-                           "Ключников Савелий Петрович 5 Старший_диспетчер -;"
-                           "Заводнов Яков Миронович 4 Диспетчер -;"
-                           "Полозов Никита Глебович 5 Старший_диспетчер -;"
-                           "Криницына Ольга Борисовна 4 Диспетчер -;"
-                           "Клёнов Степан Аркадьевич 5 Начальник_ЦДС klenov;"
-                           "Листов Глеб Олегович 4 Инженер-технолог listov;"
-                           "Полянский Роман Игоревич 3 Инженер_АСУ admin;"
-                           "Туманов Иван Кузьмич 4 Старший_ОВБ -;"
-                           "Мохов Дмитрий Антонович 4 Электромонтёр_ОВБ -;"
-                           "!Берегов Тимофей Ильич 5 Старший_диспетчер beregov"),
-            // The two groups of the network
-            QStringLiteral("Заречнов Фёдор Максимович 5 Старший_диспетчер zarechnov;"
-                           "Ивушкин Роман Савельевич 4 Диспетчер -;"
-                           "Мостовая Елена Яковлевна 4 Диспетчер -;"
-                           "Пристанев Антон Егорович 4 Диспетчер -;"
-                           "Озеров Андрей Николаевич 5 Диспетчер ozerov;"
-                           "Ветров Павел Сергеевич 4 Дежурный_подстанции -;"
-                           "Кирпичёв Аркадий Ильич 4 Дежурный_подстанции -;"
-                           "Родников Лев Денисович 3 Электромонтёр_ОВБ -"),
-            QStringLiteral("Луговой Матвей Петрович 5 Старший_диспетчер lugovoy;"
-                           "Колосова Дарья Игоревна 4 Диспетчер -;"
-                           "Стогов Виктор Юрьевич 4 Диспетчер -;"
-                           "Ольховой Семён Андреевич 4 Диспетчер -;"
-                           "Мельников Захар Борисович 4 Дежурный_подстанции -;"
-                           "Выселков Юрий Львович 3 Электромонтёр_ОВБ -;"
-                           "Травин Игнат Олегович 4 Старший_ОВБ -"),
-            // The works
-            QStringLiteral("Гранитов Артём Викторович 4 Дежурный_энергетик granitov;"
-                           "Кварцева Инна Сергеевна 4 Дежурный_энергетик -;"
-                           "Базальтов Эдуард Ильич 4 Дежурный_энергетик -;"
-                           "Песков Родион Фёдорович 3 Электромонтёр_цеха -;"
-                           "Щебнев Марк Антонович 5 Главный_энергетик -"),
-        };
-        QVector<QStringList> departments;
-        for (const QString& text : texts)
-            departments.append(text.split(QLatin1Char(';')));
-        return departments;
-    }();
-    return lists;
+    for (int i = 0; i < things.size(); ++i)
+        if (things.at(i).key == key)
+            return i;
+    line.fail(QStringLiteral("nothing above has the name \"%1\"").arg(name));
+}
+
+QByteArray organizationKey(const QString& name)
+{
+    return demoKey(QStringLiteral("organization ") + name);
+}
+
+QByteArray substationKey(const QString& name)
+{
+    return demoKey(QStringLiteral("substation ") + name);
+}
+
+QString kilovolts(const QString& voltage)
+{
+    return QStringLiteral("%1 кВ").arg(voltage);
 }
 } // namespace
 
@@ -97,108 +61,109 @@ QString DemoPerson::nameWithGroup() const
 
 DemoNetwork::DemoNetwork()
 {
-    const QString center = QStringLiteral("Диспетчерский центр");
-    const QString networks = QStringLiteral("Электросетевая организация");
-    const QString consumer = QStringLiteral("Промышленный потребитель");
-    const auto organization = [this](const QString& name, const QString& type) {
-        m_organizations.append({demoKey(QStringLiteral("organization ") + name), name, orgTypeKey(type)});
-    };
-    organization(QStringLiteral("ДЦ «Северная дуга»"), center);
-    organization(QStringLiteral("Электросети «Ключевой край»"), networks);
-    organization(QStringLiteral("Завод «Гранит-Юг»"), consumer);
-
-    const auto department = [this](const QString& name, int owner, int onShift, QVector<int> substations) {
-        DemoDepartment added;
-        added.key = departmentKey(name);
-        added.name = name;
-        added.organization = owner;
-        added.onShift = onShift;
-        added.substations = std::move(substations);
-        m_departments.append(added);
-    };
-    department(QStringLiteral("ОДС"), 0, 6, {0, 1, 2, 3, 5});
-    department(QStringLiteral("ЦДС"), 1, 8, {0, 2, 3, 4, 5, 6, 7, 8});
-    department(QStringLiteral("Заречная диспетчерская группа"), 1, 4, {2, 4, 9, 10});
-    department(QStringLiteral("Луговая диспетчерская группа"), 1, 4, {3, 5, 7, 8});
-    department(QStringLiteral("Служба главного энергетика"), 2, 3, {11, 4});
-    makePeople();
-    makeSubstations();
-    makeLines();
-    makeBays();
+    for (const DemoText::Line& line : DemoText::lines(QStringLiteral("network.txt"))) {
+        if (line.word == QLatin1String("type"))
+            m_orgTypes.append(line.value);
+        else if (line.word == QLatin1String("organization"))
+            addOrganization(line);
+        else if (line.word == QLatin1String("department"))
+            addDepartment(line);
+        else if (line.word == QLatin1String("person") || line.word == QLatin1String("former"))
+            addPerson(line);
+        else if (line.word == QLatin1String("substation"))
+            addSubstation(line);
+        else if (line.word == QLatin1String("operates"))
+            addOperated(line);
+        else if (line.word == QLatin1String("line"))
+            addLine(line);
+        else if (line.word == QLatin1String("bays"))
+            makeBays(line.values());
+        else
+            line.failAtWord();
+    }
+    if (m_departments.size() != DepartmentCount)
+        qFatal("The demo's network has other departments than the program");
     index();
 }
 
-void DemoNetwork::makePeople()
+void DemoNetwork::addOrganization(const DemoText::Line& line)
 {
-    for (int d = 0; d < m_departments.size(); ++d)
-        for (const QString& line : people().at(d)) {
-            QStringList words = line.split(QLatin1Char(' '));
-            DemoPerson person;
-            person.gone = words[0].startsWith(QLatin1Char('!'));
-            person.lastName = person.gone ? words[0].mid(1) : words[0];
-            person.firstName = words[1];
-            person.patronymicName = words[2];
-            person.group = words[3].toInt();
-            person.role = words[4].replace(QLatin1Char('_'), QLatin1Char(' '));
-            person.login = words[5] == QLatin1String("-") ? QString() : words[5];
-            person.key = demoKey(QStringLiteral("worker %1 %2").arg(d).arg(person.fullName()));
-            m_departments[d].people.append(person);
-        }
+    const QStringList values = line.values(2);
+    if (!m_orgTypes.contains(values[1]))
+        line.fail(QStringLiteral("unknown type \"%1\"").arg(values[1]));
+    m_organizations.append({organizationKey(values[0]), values[0], orgTypeKey(values[1])});
 }
 
-void DemoNetwork::makeSubstations()
+void DemoNetwork::addDepartment(const DemoText::Line& line)
 {
-    const auto add = [this](const char* voltage, const QString& name, int department) {
-        DemoSubstation substation;
-        substation.voltage = QStringLiteral("%1 кВ").arg(QLatin1String(voltage));
-        substation.name = name.startsWith(QStringLiteral("РП"))
-                              ? name
-                              : QStringLiteral("ПС %1 %2").arg(substation.voltage, name);
-        substation.key = demoKey(QStringLiteral("substation ") + name);
-        substation.department = department;
-        m_substations.append(substation);
-    };
-    add("220", QStringLiteral("Полевая"), Ods);
-    add("220", QStringLiteral("Перевальная"), Ods);
-    add("110", QStringLiteral("Заречная"), Zarechnaya);
-    add("110", QStringLiteral("Луговая"), Lugovaya);
-    add("110", QStringLiteral("Кирпичная"), Zarechnaya);
-    add("110", QStringLiteral("Мельничная"), Cds);
-    add("110", QStringLiteral("Родниковая"), Cds);
-    add("35", QStringLiteral("Ольховка"), Lugovaya);
-    add("35", QStringLiteral("Выселки"), Lugovaya);
-    add("10", QStringLiteral("РП-4"), Zarechnaya);
-    add("10", QStringLiteral("РП-11"), Zarechnaya);
-    add("35", QStringLiteral("Гранитная"), Plant);
+    const QStringList values = line.values(4);
+    DemoDepartment department;
+    department.key = departmentKey(values[0]);
+    department.name = values[0];
+    department.organization = indexOf(m_organizations, organizationKey(values[1]), values[1], line);
+    if (!values[2].isEmpty())
+        department.parentKey = m_departments[departmentOf(values[2], line)].key;
+    department.onShift = values[3].toInt();
+    m_departments.append(department);
 }
 
-void DemoNetwork::makeLines()
+void DemoNetwork::addPerson(const DemoText::Line& line)
 {
-    const auto add = [this](const QString& name, const char* voltage, int from, int to) {
-        m_lines.append({demoKey(QStringLiteral("line ") + name), name,
-                        QStringLiteral("%1 кВ").arg(QLatin1String(voltage)), from, to});
-    };
-    add(QStringLiteral("ВЛ 220 кВ Полевая – Перевальная"), "220", 0, 1);
-    add(QStringLiteral("ВЛ 110 кВ Полевая – Заречная I цепь"), "110", 0, 2);
-    add(QStringLiteral("ВЛ 110 кВ Полевая – Заречная II цепь"), "110", 0, 2);
-    add(QStringLiteral("ВЛ 110 кВ Полевая – Луговая"), "110", 0, 3);
-    add(QStringLiteral("ВЛ 110 кВ Заречная – Кирпичная"), "110", 2, 4);
-    add(QStringLiteral("ВЛ 110 кВ Луговая – Мельничная"), "110", 3, 5);
-    add(QStringLiteral("ВЛ 110 кВ Перевальная – Мельничная"), "110", 1, 5);
-    add(QStringLiteral("ВЛ 110 кВ Мельничная – Родниковая"), "110", 5, 6);
-    add(QStringLiteral("ВЛ 110 кВ Родниковая – Кирпичная"), "110", 6, 4);
-    add(QStringLiteral("ВЛ 35 кВ Луговая – Ольховка"), "35", 3, 7);
-    add(QStringLiteral("ВЛ 35 кВ Ольховка – Выселки"), "35", 7, 8);
-    add(QStringLiteral("ВЛ 35 кВ Кирпичная – Гранитная I цепь"), "35", 4, 11);
-    add(QStringLiteral("ВЛ 35 кВ Кирпичная – Гранитная II цепь"), "35", 4, 11);
-    add(QStringLiteral("ф. 7 ПС Ольховка"), "10", 7, 7);
-    add(QStringLiteral("ф. 12 ПС Ольховка"), "10", 7, 7);
-    add(QStringLiteral("ф. 3 ПС Выселки"), "10", 8, 8);
-    add(QStringLiteral("КЛ 10 кВ Заречная – РП-4"), "10", 2, 9);
-    add(QStringLiteral("КЛ 10 кВ Кирпичная – РП-11"), "10", 4, 10);
+    const QStringList values = line.values(4);
+    const QStringList names = values[0].split(QLatin1Char(' '));
+    if (names.size() != 3 || m_departments.isEmpty())
+        line.fail(QStringLiteral("a person has three names and a department"));
+    DemoPerson person;
+    person.gone = line.word == QLatin1String("former");
+    person.lastName = names[0];
+    person.firstName = names[1];
+    person.patronymicName = names[2];
+    person.group = values[1].toInt();
+    person.role = values[2];
+    person.login = values[3];
+    person.key = demoKey(QStringLiteral("worker %1 %2").arg(m_departments.size() - 1).arg(values[0]));
+    m_departments.last().people.append(person);
 }
 
-void DemoNetwork::makeBays()
+void DemoNetwork::addSubstation(const DemoText::Line& line)
+{
+    const QStringList values = line.values(3);
+    DemoSubstation substation;
+    substation.voltage = kilovolts(values[1]);
+    substation.name = values[0].startsWith(QStringLiteral("РП"))
+                          ? values[0]
+                          : QStringLiteral("ПС %1 %2").arg(substation.voltage, values[0]);
+    substation.key = substationKey(values[0]);
+    substation.department = departmentOf(values[2], line);
+    m_substations.append(substation);
+}
+
+void DemoNetwork::addOperated(const DemoText::Line& line)
+{
+    const QStringList values = line.values();
+    DemoDepartment& department = m_departments[departmentOf(values[0], line)];
+    for (const QString& name : values.mid(1))
+        department.substations.append(substationOf(name, line));
+}
+
+void DemoNetwork::addLine(const DemoText::Line& line)
+{
+    const QStringList values = line.values(4);
+    m_lines.append({demoKey(QStringLiteral("line ") + values[0]), values[0], kilovolts(values[1]),
+                    substationOf(values[2], line), substationOf(values[3], line)});
+}
+
+int DemoNetwork::departmentOf(const QString& name, const DemoText::Line& line) const
+{
+    return indexOf(m_departments, departmentKey(name), name, line);
+}
+
+int DemoNetwork::substationOf(const QString& name, const DemoText::Line& line) const
+{
+    return indexOf(m_substations, substationKey(name), name, line);
+}
+
+void DemoNetwork::makeBays(const QStringList& common)
 {
     constexpr int baysOfSubstation = 10;
     static const QRegularExpression kind(QStringLiteral("^(ПС )?(\\d+ кВ )?"));
@@ -218,10 +183,7 @@ void DemoNetwork::makeBays()
                                                            ? line.name.section(QStringLiteral(" ПС"), 0, 0)
                                                            : shortOf(m_substations.at(other).name) + circuit);
             }
-        names << QStringLiteral("Т-1") << QStringLiteral("Т-2") << QStringLiteral("СВ-10")
-              << QStringLiteral("1 секция 10 кВ") << QStringLiteral("2 секция 10 кВ")
-              << QStringLiteral("ТН-1") << QStringLiteral("ТН-2") << QStringLiteral("В-10 ф. 5")
-              << QStringLiteral("В-10 ф. 8") << QStringLiteral("ТСН-1");
+        names << common;
         for (const QString& name : names.mid(0, baysOfSubstation))
             substation.bays.append({demoKey(QStringLiteral("bay %1 %2").arg(substation.name, name)), name});
     }
@@ -252,21 +214,21 @@ const DemoOrganization& DemoNetwork::organizationOf(int department) const
     return m_organizations.at(m_departments.at(department).organization);
 }
 
-const DemoPerson& DemoNetwork::person(const QString& login, int department) const
-{
-    for (const DemoPerson& person : m_departments.at(department).people)
-        if (person.login == login)
-            return person;
-    qFatal("The demo has no login %s in this department", qPrintable(login));
-}
-
-const DemoPerson& DemoNetwork::byLastName(const QString& lastName) const
+const DemoPerson* DemoNetwork::findPerson(const QString& login) const
 {
     for (const DemoDepartment& department : m_departments)
         for (const DemoPerson& person : department.people)
-            if (person.lastName == lastName)
-                return person;
-    qFatal("The demo has no %s", qPrintable(lastName));
+            if (person.login == login)
+                return &person;
+    return nullptr;
+}
+
+const DemoPerson& DemoNetwork::person(const QString& login) const
+{
+    const DemoPerson* person = findPerson(login);
+    if (!person)
+        qFatal("The demo has no login %s", qPrintable(login));
+    return *person;
 }
 
 QByteArray DemoNetwork::orgTypeKey(const QString& name) const

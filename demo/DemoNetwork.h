@@ -1,9 +1,9 @@
 #pragma once
 
+#include "DemoText.h"
+
 #include <QByteArray>
 #include <QHash>
-#include <QString>
-#include <QVector>
 
 class DemoWriter;
 
@@ -45,9 +45,10 @@ struct DemoLine {
 struct DemoDepartment {
     QByteArray key;
     QString name;
+    QByteArray parentKey; ///< empty for most
     int organization = 0;
-    QVector<DemoPerson> people; ///< the first crewSize() of them work in shifts
-    int onShift = 0;            ///< number of people who work in shifts
+    QVector<DemoPerson> people; ///< the first \a onShift of them work in shifts
+    int onShift = 0;
     QVector<int> substations;
 };
 
@@ -57,8 +58,8 @@ struct DemoOrganization {
     QByteArray typeKey;
 };
 
-/// The invented network: organizations, departments, people, substations, lines, bays. None of them is
-/// real.
+/// The invented network of network.txt: organizations, departments, people, substations, lines, bays. None
+/// of them is real.
 class DemoNetwork
 {
 public:
@@ -75,22 +76,29 @@ public:
     const QVector<DemoOrganization>& organizations() const { return m_organizations; }
     const QVector<DemoSubstation>& substations() const { return m_substations; }
     const QVector<DemoLine>& lines() const { return m_lines; }
-    /// The person with a login in a department; aborts the program if there is none.
-    const DemoPerson& person(const QString& login, int department = Cds) const;
-    /// By surname, in any department; aborts the program if there is none.
-    const DemoPerson& byLastName(const QString& lastName) const;
+    /// The person with a login; who works in several departments is that of the first. Null if there is none.
+    const DemoPerson* findPerson(const QString& login) const;
+    /// The same; aborts the program if there is none.
+    const DemoPerson& person(const QString& login) const;
     /// The key for a shown name (a person in any form, equipment, a department, an organization), or empty.
     QByteArray keyOf(const QString& shown) const { return m_keys.value(shown); }
     QByteArray orgTypeKey(const QString& name) const;
     QByteArray departmentKey(const QString& name) const;
 
 private:
-    void makePeople();
-    void makeSubstations();
-    void makeLines();
-    void makeBays();
+    void addOrganization(const DemoText::Line& line);
+    void addDepartment(const DemoText::Line& line);
+    void addPerson(const DemoText::Line& line);
+    void addSubstation(const DemoText::Line& line);
+    void addOperated(const DemoText::Line& line);
+    void addLine(const DemoText::Line& line);
+    /// The index of the department or substation of this name; aborts the program if there is none.
+    int departmentOf(const QString& name, const DemoText::Line& line) const;
+    int substationOf(const QString& name, const DemoText::Line& line) const;
+    void makeBays(const QStringList& common);
     void index();
 
+    QStringList m_orgTypes;
     QVector<DemoOrganization> m_organizations;
     QVector<DemoDepartment> m_departments;
     QVector<DemoSubstation> m_substations;

@@ -78,20 +78,16 @@ void writeTimetable(DemoWriter* writer, const DemoDepartment& department, int ne
 void DemoNetwork::write(DemoWriter* writer, qint64 now) const
 {
     const int nextStart = QDateTime::fromSecsSinceEpoch(DemoClock::nextChange(now)).time().hour();
-    for (const QString& type :
-         {QStringLiteral("Диспетчерский центр"), QStringLiteral("Электросетевая организация"),
-          QStringLiteral("Промышленный потребитель")})
+    for (const QString& type : m_orgTypes)
         writer->insert("OrgTypes", orgTypeKey(type), {{"name_", type}});
     for (const DemoOrganization& organization : m_organizations)
         writer->insert("Organizations", organization.key,
                        {{"OrgTypeKey", organization.typeKey}, {"name_", organization.name}});
-    for (int d = 0; d < m_departments.size(); ++d) {
-        const bool group = d == Zarechnaya || d == Lugovaya;
-        writer->insert("Departments", m_departments[d].key,
-                       {{"OrganizationKey", organizationOf(d).key},
-                        {"ParentKey", group ? QVariant(m_departments[Cds].key) : QVariant()},
-                        {"name_", m_departments[d].name}});
-    }
+    for (const DemoDepartment& department : m_departments)
+        writer->insert("Departments", department.key,
+                       {{"OrganizationKey", m_organizations[department.organization].key},
+                        {"ParentKey", department.parentKey},
+                        {"name_", department.name}});
 
     QSet<QString> logins;
     for (const DemoDepartment& department : m_departments) {

@@ -22,8 +22,6 @@ private:
     void writeChief(DemoShift* shift, DemoFiller* filler);
     void writeRepair(qint64 now);
     void writeYearAgo(qint64 now);
-    void step(const QString& kind, qint64 time, const DemoFiller::Values& values, qint64 executionTime = 0,
-              qint64 secondMarkTime = 0);
 
     DemoJournal* m_journal;
     QVector<DemoShift> m_shifts; ///< of the fortnight

@@ -58,7 +58,7 @@ void writeJournal(DemoWriter* writer, const DemoNetwork& network, const QVector<
     DemoJournal journal(writer, network, templates);
     DemoPast past(&journal);
     past.write(now, clock);
-    DemoStory(&journal, clock).write(&past, now);
+    DemoStory(&journal, clock).write(past, now);
 }
 
 /// Remembers the current end of the log as the demo's own work.
@@ -248,12 +248,6 @@ bool DemoStore::renew(const QString& url, qint64 now, StoreError* error)
 
 bool DemoStore::writeLiveRecord(const QString& url, qint64 now, int number, StoreError* error)
 {
-    static const QStringList kinds{QStringLiteral("Прибытие бригады на место"),
-                                   QStringLiteral("Фактическая погода"),
-                                   QStringLiteral("Действие устройства РЗА без отключения"),
-                                   QStringLiteral("Замер нагрузок"),
-                                   QStringLiteral("Сообщение вышестоящему центру"),
-                                   QStringLiteral("Обнаружен дефект оборудования")};
     const std::unique_ptr<Store> store = Store::open(url, Store::Options(), error);
     StoreLogin user;
     if (!store || !store->signIn(colleague(), &user, error))
@@ -279,7 +273,8 @@ bool DemoStore::writeLiveRecord(const QString& url, qint64 now, int number, Stor
     record.eventTime = now;
     record.recordTime = now;
     record.status = number % 3 == 2 ? StatusDraft : StatusApproved;
-    record.html = filler.fill(journal.record(kinds.at(number % kinds.size())), shift.scene(now, &author));
+    const QVector<const DemoTemplate*> kinds = journal.everydayRecords(QStringLiteral("live"));
+    record.html = filler.fill(*kinds.at(number % kinds.size()), shift.scene(now, &author));
     journal.add(shift, record);
     return writer.write(error);
 }

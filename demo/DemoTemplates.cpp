@@ -1,16 +1,10 @@
 #include "DemoTemplates.h"
 
+#include "DemoText.h"
 #include "HtmlParser.h"
 
-#include <QFile>
 #include <QMap>
 #include <QSet>
-
-// Outside of any namespace, as the macro requires.
-static void openResources()
-{
-    Q_INIT_RESOURCE(demo);
-}
 
 namespace
 {
@@ -84,49 +78,37 @@ std::string parameterHtml(const Parameter& parameter, int index)
 class Reader
 {
 public:
-    Reader(const QString& notation, QVector<DemoTemplate>* templates)
-        : m_lines(notation.split(QLatin1Char('\n'))), m_templates(templates)
-    {
-    }
+    explicit Reader(QVector<DemoTemplate>* templates) : m_templates(templates) {}
 
-    bool read(QString* error)
+    bool read(const QString& notation, QString* error)
     {
-        for (m_number = 0; m_number < m_lines.size() && m_error.isEmpty(); ++m_number)
-            readLine(m_lines.at(m_number));
-        if (m_error.isEmpty())
+        for (const DemoText::Line& line : DemoText::parse(notation, error)) {
+            m_number = line.number;
+            readLine(line);
+            if (!m_error.isEmpty())
+                break;
+        }
+        if (m_error.isEmpty() && error->isEmpty())
             finish();
-        if (!m_error.isEmpty() && error)
+        if (!m_error.isEmpty())
             *error = QStringLiteral("line %1: %2").arg(m_number).arg(m_error);
-        return m_error.isEmpty();
+        return error->isEmpty();
     }
 
 private:
-    void readLine(const QString& line)
+    void readLine(const DemoText::Line& line)
     {
-        if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
-            return;
-        if (line.startsWith(QLatin1String("== "))) {
+        if (line.word == QLatin1String("==")) {
             finish();
             m_open = true;
-            m_current.name = line.mid(3).trimmed();
-            return;
-        }
-        if (!m_open) {
+            m_current.name = line.value;
+        } else if (!m_open) {
             m_error = QStringLiteral("nothing is open");
-            return;
+        } else if (line.word == QLatin1String("~")) {
+            m_current.samples.insert(line.label, line.values());
+        } else {
+            readValue(line.word, line.value);
         }
-        if (line.startsWith(QLatin1String("  "))) {
-            m_text += QLatin1Char('\n') + line.mid(2);
-            return;
-        }
-        const int colon = line.indexOf(QLatin1String(": "));
-        if (colon < 0)
-            m_error = QStringLiteral("no value");
-        else if (line.startsWith(QLatin1String("~ ")))
-            m_current.samples.insert(line.mid(2, colon - 2),
-                                     line.mid(colon + 2).split(QStringLiteral(" | ")));
-        else
-            readValue(line.left(colon), line.mid(colon + 2).trimmed());
     }
 
     void readValue(const QString& word, const QString& value)
@@ -237,7 +219,6 @@ private:
         m_current.html = parser.readyHtml(true);
     }
 
-    const QStringList m_lines;
     QVector<DemoTemplate>* m_templates;
     int m_number = 0;
     QString m_error;
@@ -250,20 +231,16 @@ private:
 
 QVector<DemoTemplate> DemoTemplates::builtIn()
 {
-    openResources();
-    QFile file(QStringLiteral(":/demo/templates.txt"));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("The demo has lost its templates");
     QVector<DemoTemplate> templates;
     QString error;
-    if (!parse(QString::fromUtf8(file.readAll()), &templates, &error))
+    if (!parse(QString::fromUtf8(DemoText::content(QStringLiteral("templates.txt"))), &templates, &error))
         qFatal("The demo's templates cannot be read: %s", qPrintable(error));
     return templates;
 }
 
 bool DemoTemplates::parse(const QString& notation, QVector<DemoTemplate>* templates, QString* error)
 {
-    return Reader(notation, templates).read(error);
+    return Reader(templates).read(notation, error);
 }
 
 const QStringList& DemoTemplates::parameterKinds()

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes the attachments of the demo's night shift from their drawings; commit the results. Needs rsvg-convert and
-# ImageMagick. The names the journal shows are given in DemoStory.
+# ImageMagick. The names the journal shows are given in story.txt.
 set -euo pipefail
 cd "$(dirname "$0")"
 rsvg-convert -f pdf scheme.svg -o scheme.pdf

@@ -1,19 +1,10 @@
-#include "DemoStory.h"
+#include "DemoScript.h"
 
 #include <cmath>
 #include <QDateTime>
-#include <QFile>
 
 namespace
 {
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("The demo has lost %s", qPrintable(path));
-    return file.readAll();
-}
-
 /// The oscillogram of the line fault: 60 ms of load, 80 ms of fault, then nothing; one sample per
 /// millisecond.
 QByteArray oscillogram(qint64 time)
@@ -41,12 +32,11 @@ QByteArray oscillogram(qint64 time)
 }
 } // namespace
 
-void DemoStory::attach(const QByteArray& record)
+void DemoScript::writeFile(const DemoText::Line& line, const DemoRecord& record) const
 {
-    m_journal->file(record, m_senior, QStringLiteral("Осциллограмма В-110 Кирпичная.txt"),
-                    oscillogram(at(22, 17, 43)));
-    m_journal->file(record, m_colleague, QStringLiteral("Фото опоры № 42.png"),
-                    contentOf(QStringLiteral(":/demo/files/photo.png")));
-    m_journal->file(record, m_colleague, QStringLiteral("Схема сети 110 кВ после отключения (вар. 2).pdf"),
-                    contentOf(QStringLiteral(":/demo/files/scheme.pdf")));
+    const QStringList values = line.values(3);
+    m_journal->file(record.key, *person(line, values[0]), values[1],
+                    values[2] == QLatin1String("oscillogram")
+                        ? oscillogram(record.eventTime)
+                        : DemoText::content(QStringLiteral("files/") + values[2]));
 }
