@@ -1,7 +1,6 @@
 #include "CPopMessageBox.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
@@ -137,14 +136,6 @@ void CPopMessageBox::resizeEvent(QResizeEvent* event)
 {
     CPopTemplate::resizeEvent(event);
     fitHeight();
-}
-
-void CPopMessageBox::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else
-        CPopTemplate::keyPressEvent(event);
 }
 
 void CPopMessageBox::closeEvent(QCloseEvent* event)

@@ -54,7 +54,6 @@ protected:
     bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     /// A box closed by its frame or by Escape answers with a null button.
     void closeEvent(QCloseEvent* event) override;
 

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QHideEvent>
+#include <QKeyEvent>
 #include <QScreen>
 
 namespace
@@ -115,4 +116,11 @@ void CPopTemplate::hideEvent(QHideEvent* event)
 void CPopTemplate::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+}
+
+void CPopTemplate::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    QWidget::keyPressEvent(event);
 }

@@ -10,8 +10,9 @@
 class PopGuard;
 
 /// Base of all dialogs: a pop-up over the module's window. It is a separate window, not modal, with its
-/// frame no larger than the screen; it is hidden and shown again, and destroyed only with its parent. Keys
-/// have no default actions. A dialog that another one has opened returns the focus to it.
+/// frame no larger than the screen; it is hidden and shown again, and destroyed only with its parent.
+/// Escape closes it, other keys have no action. A dialog that another one has opened returns the focus to
+/// it.
 ///
 /// showEvent() and hideEvent() are called when somebody shows or closes the dialog. A window that the
 /// window system minimises and restores was neither shown nor closed: it gets no such event and keeps its
@@ -36,6 +37,7 @@ protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void fitIntoScreen(QRect contents);

@@ -3,7 +3,6 @@
 #include "OrgStructWidget.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -58,12 +57,4 @@ void OrgStructDialog::showEvent(QShowEvent* event)
     updateControls();
     moveToCenter();
     CPopTemplate::showEvent(event);
-}
-
-void OrgStructDialog::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else
-        CPopTemplate::keyPressEvent(event);
 }

@@ -358,7 +358,7 @@ void RecordCreatorDialog::keyPressEvent(QKeyEvent* event)
     if (isEnter && !(event->modifiers() & ~Qt::KeypadModifier) && goOn())
         return;
     if (event->key() != Qt::Key_Escape || event->modifiers() != Qt::NoModifier)
-        CPopTemplate::keyPressEvent(event);
+        QWidget::keyPressEvent(event);
     else if (m_form->questionBar->isVisible())
         answer(Stay);
     else

@@ -49,9 +49,7 @@ void DateTimeRangeDialog::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Enter && m_form->applyButton->isEnabled())
         apply();
-    else if (event->key() == Qt::Key_Escape)
-        close();
-    QWidget::keyPressEvent(event);
+    CPopTemplate::keyPressEvent(event);
 }
 
 void DateTimeRangeDialog::showEvent(QShowEvent* event)

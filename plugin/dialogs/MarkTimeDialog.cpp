@@ -48,9 +48,7 @@ void MarkTimeDialog::keyPressEvent(QKeyEvent* event)
     // Deliberate: Return does nothing, the keypad's Enter applies.
     if (event->key() == Qt::Key_Enter)
         apply();
-    else if (event->key() == Qt::Key_Escape)
-        close();
-    QWidget::keyPressEvent(event);
+    CPopTemplate::keyPressEvent(event);
 }
 
 void MarkTimeDialog::showEvent(QShowEvent* event)

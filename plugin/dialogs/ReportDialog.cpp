@@ -139,9 +139,7 @@ void ReportDialog::showPreview()
 
 void ReportDialog::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else if (event->matches(QKeySequence::Print))
+    if (event->matches(QKeySequence::Print))
         showPreview();
     CPopTemplate::keyPressEvent(event);
 }

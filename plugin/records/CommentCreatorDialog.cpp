@@ -5,7 +5,6 @@
 #include "RecordTitle.h"
 #include "ui_CommentCreatorDialog.h"
 
-#include <QKeyEvent>
 #include <QShortcut>
 #include <QSignalBlocker>
 
@@ -177,13 +176,6 @@ void CommentCreatorDialog::apply()
     emit commentChanged(m_commentKey, m_form->commentEdit->toPlainText());
     m_unsaved->forget();
     close();
-}
-
-void CommentCreatorDialog::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape)
-        close();
-    CPopTemplate::keyPressEvent(event);
 }
 
 void CommentCreatorDialog::hideEvent(QHideEvent* event)

@@ -51,7 +51,6 @@ signals:
     void commentChanged(const QString& commentKey, const QString& text);
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 

@@ -14,7 +14,6 @@
 #include "TemplateText.h"
 #include "ui_AppendWorkerDialog.h"
 
-#include <QKeyEvent>
 #include <QTextCodec>
 
 namespace
@@ -228,11 +227,4 @@ void AppendWorkerDialog::writeRecord()
     batch.RecPost(row);
     if (!session()->SqlUpdate(LogbookTable::Records, batch.array, true, nullptr))
         reportFailure(LogbookTable::Records); // the workers stay added
-}
-
-void AppendWorkerDialog::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape)
-        close();
-    QWidget::keyPressEvent(event);
 }

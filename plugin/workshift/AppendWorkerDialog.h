@@ -44,7 +44,6 @@ public:
     static QString keptPlace(const QString& department) { return QStringLiteral("append/") + department; }
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 

@@ -15,7 +15,6 @@
 #include "TemplatesWidget.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
@@ -183,14 +182,6 @@ void WorkshiftDialog::applyByKey()
         wrong->setFocus(Qt::TabFocusReason);
     else if (!m_filler->focusMissing() && field)
         field->setFocus();
-}
-
-void WorkshiftDialog::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else
-        CPopTemplate::keyPressEvent(event);
 }
 
 QString WorkshiftDialog::missingText() const

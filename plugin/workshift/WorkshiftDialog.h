@@ -76,10 +76,9 @@ protected:
     virtual void chooseTimes(const KeptTexts::Values& kept) = 0;
     /// These workers as values of chosen(), with a caption that also names the times.
     KeptTexts::Values chosenCrew(const QStringList& workers, const QString& times) const;
+    /// The text typed for the template is offered again.
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    /// Escape closes the dialog, as everywhere; the text typed for the template is offered again.
-    void keyPressEvent(QKeyEvent* event) override;
     /// Why the text cannot be written, in a sentence; empty if it can.
     QString missingText() const;
 

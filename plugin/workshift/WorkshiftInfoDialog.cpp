@@ -9,8 +9,6 @@
 #include "RecordValue.h"
 #include "ui_WorkshiftInfoDialog.h"
 
-#include <QKeyEvent>
-
 namespace
 {
 CVrkCliSes* sessionOf(const QObject* dialog)
@@ -74,11 +72,4 @@ void WorkshiftInfoDialog::reload()
     for (int position = 0; m_crewRows && position < m_crewRows->data.RecCount(); ++position)
         m_crew->append(
             QString::fromUtf8(Row(MDARec(m_crewRows->data.array, 0, position)).bytes(Field::WorkerKey)));
-}
-
-void WorkshiftInfoDialog::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape)
-        close();
-    QWidget::keyPressEvent(event);
 }

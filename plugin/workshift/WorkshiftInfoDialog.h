@@ -33,7 +33,6 @@ public:
     void setWorkshiftRecord(MDRData* record);
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:

@@ -86,7 +86,5 @@ void WorkshiftsDialog::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Enter && m_form->applyButton->isEnabled())
         apply();
-    else if (event->key() == Qt::Key_Escape)
-        close();
-    QWidget::keyPressEvent(event);
+    CPopTemplate::keyPressEvent(event);
 }
