@@ -9,8 +9,6 @@
 #include <QVariant>
 #include <vector>
 
-class CRowBatch;
-
 /// Collects rows of any tables of the store and writes them in one transaction, table by table in the order
 /// in which the tables were first used.
 class DemoWriter

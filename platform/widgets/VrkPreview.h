@@ -9,7 +9,6 @@
 #include <QString>
 
 class QTableView;
-class QTextDocument;
 
 /// Makes a document from the content of a table view (visible columns in their visual order, all rows of
 /// its model) that can be viewed, printed and saved as PDF.

@@ -71,14 +71,20 @@ void configureTree(QTreeWidget* tree, const QString& widest)
 }
 
 template <typename Editor>
-Editor* editorAt(const QTreeWidget* tree, const QTreeWidgetItem* item)
+Editor* editorAt(const QTreeWidget* tree, QTreeWidgetItem* item)
 {
-    return item ? qobject_cast<Editor*>(tree->itemWidget(const_cast<QTreeWidgetItem*>(item), 1)) : nullptr;
+    return item ? qobject_cast<Editor*>(tree->itemWidget(item, 1)) : nullptr;
 }
 
-QCheckBox* boxAt(const QTreeWidget* tree, int row)
+template <typename Editor>
+Editor* editorAt(const QTreeWidget* tree, PassportRow row)
 {
-    const auto* cell = editorAt<QWidget>(tree, tree->topLevelItem(row));
+    return editorAt<Editor>(tree, tree->topLevelItem(row));
+}
+
+QCheckBox* boxAt(const QTreeWidget* tree, PassportRow row)
+{
+    const auto* cell = editorAt<QWidget>(tree, row);
     return cell ? cell->findChild<QCheckBox*>() : nullptr;
 }
 
@@ -213,14 +219,12 @@ void TemplatePassport::createTemplatePassport()
 
 QLineEdit* TemplatePassport::categoryNameEditor() const
 {
-    return editorAt<QLineEdit>(m_source.form->categoryPropsTree,
-                               m_source.form->categoryPropsTree->topLevelItem(NameRow));
+    return editorAt<QLineEdit>(m_source.form->categoryPropsTree, NameRow);
 }
 
 QLineEdit* TemplatePassport::templateNameEditor() const
 {
-    return editorAt<QLineEdit>(m_source.form->templatePropsTree,
-                               m_source.form->templatePropsTree->topLevelItem(NameRow));
+    return editorAt<QLineEdit>(m_source.form->templatePropsTree, NameRow);
 }
 
 QCheckBox* TemplatePassport::templateOpenEditor() const
@@ -240,26 +244,23 @@ QCheckBox* TemplatePassport::templateTimeEditor() const
 
 QComboBox* TemplatePassport::templateFirstMarkEditor() const
 {
-    return editorAt<QComboBox>(m_source.form->templatePropsTree,
-                               m_source.form->templatePropsTree->topLevelItem(FirstMarkRow));
+    return editorAt<QComboBox>(m_source.form->templatePropsTree, FirstMarkRow);
 }
 
 QComboBox* TemplatePassport::templateSecondMarkEditor() const
 {
-    return editorAt<QComboBox>(m_source.form->templatePropsTree,
-                               m_source.form->templatePropsTree->topLevelItem(SecondMarkRow));
+    return editorAt<QComboBox>(m_source.form->templatePropsTree, SecondMarkRow);
 }
 
 QLineEdit* TemplatePassport::templateCommandEditor() const
 {
-    const QTreeWidgetItem* row = m_source.form->templatePropsTree->topLevelItem(SecondMarkRow);
+    QTreeWidgetItem* row = m_source.form->templatePropsTree->topLevelItem(SecondMarkRow);
     return editorAt<QLineEdit>(m_source.form->templatePropsTree, row ? row->child(0) : nullptr);
 }
 
 TemplateEditor* TemplatePassport::templateHtmlEditor() const
 {
-    return editorAt<TemplateEditor>(m_source.form->templatePropsTree,
-                                    m_source.form->templatePropsTree->topLevelItem(HtmlRow));
+    return editorAt<TemplateEditor>(m_source.form->templatePropsTree, HtmlRow);
 }
 
 /// Without emitting signals to the handlers.

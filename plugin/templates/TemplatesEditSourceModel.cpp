@@ -4,6 +4,7 @@
 #include "Fields.h"
 #include "MDRValues.h"
 #include "RecordValue.h"
+#include "TemplateTables.h"
 
 #include <algorithm>
 #include <QPixmap>
@@ -46,11 +47,6 @@ int positionIn(const MDRRange& range, const MDRData* record)
     return found != range.end() && *found == record ? static_cast<int>(found - range.begin()) : -1;
 }
 
-int positionIn(const std::vector<MDRData*>& records, const MDRData* record)
-{
-    const auto found = std::find(records.begin(), records.end(), record);
-    return found != records.end() ? static_cast<int>(found - records.begin()) : -1;
-}
 } // namespace
 
 TemplatesEditSourceModel::TemplatesEditSourceModel(const TemplateLevel& level, QObject* parent)
@@ -63,57 +59,54 @@ TemplatesEditSourceModel::~TemplatesEditSourceModel()
     clear();
 }
 
-void TemplatesEditSourceModel::setTextCodec(QTextCodec* codec)
+template <typename Member, typename Value>
+void TemplatesEditSourceModel::set(Member& member, Value value)
 {
     beginResetModel();
-    m_codec = codec;
+    member = value;
     endResetModel();
 }
 
-void TemplatesEditSourceModel::setTable(CModelTable*& member, CModelTable* table)
+void TemplatesEditSourceModel::setTextCodec(QTextCodec* codec)
 {
-    beginResetModel();
-    member = table;
-    endResetModel();
+    set(m_codec, codec);
 }
 
 void TemplatesEditSourceModel::setOrgTypesTable(CModelTable* table)
 {
     if (m_level.roots == TemplateLevel::OrgTypeRoots)
-        setTable(m_roots, table);
+        set(m_roots, table);
 }
 
 void TemplatesEditSourceModel::setDepartmentsTable(CModelTable* table)
 {
     if (m_level.roots == TemplateLevel::DepartmentRoots)
-        setTable(m_roots, table);
+        set(m_roots, table);
 }
 
 void TemplatesEditSourceModel::setCatsTemplateTable(CModelTable* table)
 {
-    setTable(m_categories, table);
+    set(m_categories, table);
 }
 
 void TemplatesEditSourceModel::setTemplatesTable(CModelTable* table)
 {
-    setTable(m_templates, table);
+    set(m_templates, table);
 }
 
 void TemplatesEditSourceModel::setCatsTemplateEdit(CModelTable* table)
 {
-    setTable(m_categoriesEdit, table);
+    set(m_categoriesEdit, table);
 }
 
 void TemplatesEditSourceModel::setTemplatesEdit(CModelTable* table)
 {
-    setTable(m_templatesEdit, table);
+    set(m_templatesEdit, table);
 }
 
 void TemplatesEditSourceModel::setEditable(bool editable)
 {
-    beginResetModel();
-    m_editable = editable;
-    endResetModel();
+    set(m_editable, editable);
 }
 
 void TemplatesEditSourceModel::clear()
@@ -131,17 +124,20 @@ bool TemplatesEditSourceModel::isReady() const
     return m_codec && rootsReady && m_categories && m_templates && m_categoriesEdit && m_templatesEdit;
 }
 
-bool TemplatesEditSourceModel::isContains(const CModelTable* table, const MDRData* record)
-{
-    return table && record && MDARecArr(record) == table->data.array;
-}
-
 const CModelTable* TemplatesEditSourceModel::tableByRecord(const MDRData* record) const
 {
     for (const CModelTable* table : {m_roots, m_categories, m_templates, m_categoriesEdit, m_templatesEdit})
-        if (isContains(table, record))
+        if (TemplateTables::isContains(table, record))
             return table;
     return nullptr;
+}
+
+std::array<MDRRange, 4> TemplatesEditSourceModel::Rows::groups() const
+{
+    return {categories,
+            {newCategories.data(), newCategories.size()},
+            templates,
+            {newTemplates.data(), newTemplates.size()}};
 }
 
 int TemplatesEditSourceModel::Rows::folders() const
@@ -151,41 +147,30 @@ int TemplatesEditSourceModel::Rows::folders() const
 
 int TemplatesEditSourceModel::Rows::count() const
 {
-    return static_cast<int>(categories.count + newCategories.size() + templates.count + newTemplates.size());
+    return folders() + static_cast<int>(templates.count + newTemplates.size());
 }
 
 MDRData* TemplatesEditSourceModel::Rows::at(int row) const
 {
     auto left = static_cast<std::size_t>(row);
-    if (left < categories.count)
-        return categories.data[left];
-    left -= categories.count;
-    if (left < newCategories.size())
-        return newCategories[left];
-    left -= newCategories.size();
-    if (left < templates.count)
-        return templates.data[left];
-    left -= templates.count;
-    return left < newTemplates.size() ? newTemplates[left] : nullptr;
+    for (const MDRRange& group : groups()) {
+        if (left < group.count)
+            return group.data[left];
+        left -= group.count;
+    }
+    return nullptr;
 }
 
 int TemplatesEditSourceModel::Rows::rowOf(const MDRData* record) const
 {
     int before = 0;
-    int found = positionIn(categories, record);
-    if (found >= 0)
-        return found;
-    before += static_cast<int>(categories.count);
-    found = positionIn(newCategories, record);
-    if (found >= 0)
-        return before + found;
-    before += static_cast<int>(newCategories.size());
-    found = positionIn(templates, record);
-    if (found >= 0)
-        return before + found;
-    before += static_cast<int>(templates.count);
-    found = positionIn(newTemplates, record);
-    return found >= 0 ? before + found : -1;
+    for (const MDRRange& group : groups()) {
+        const int found = positionIn(group, record);
+        if (found >= 0)
+            return before + found;
+        before += static_cast<int>(group.count);
+    }
+    return -1;
 }
 
 int TemplatesEditSourceModel::rootCount() const
@@ -201,10 +186,11 @@ TemplatesEditSourceModel::Rows TemplatesEditSourceModel::rowsUnder(const MDRData
         rows.newCategories = inserted(MDARecsWithout(m_categoriesEdit->data.array, Field::ParentKey));
         return rows;
     }
-    const bool isRoot = isContains(m_roots, parent);
-    const bool isNew = isContains(m_categoriesEdit, parent) && (parent->flags & ROW_INSERT) != 0;
-    const bool isFolder =
-        isContains(m_categories, parent) || (isNew && m_level.roots == TemplateLevel::NoRoots);
+    const bool isRoot = TemplateTables::isContains(m_roots, parent);
+    const bool isNew =
+        TemplateTables::isContains(m_categoriesEdit, parent) && (parent->flags & ROW_INSERT) != 0;
+    const bool isFolder = TemplateTables::isContains(m_categories, parent) ||
+                          (isNew && m_level.roots == TemplateLevel::NoRoots);
     const MDRVar key = Row(parent).value(Field::KeyLink);
     if ((!isRoot && !isFolder) || !MDRValue::hasText(key))
         return rows;
@@ -270,12 +256,14 @@ MDRData* TemplatesEditSourceModel::parentRecord(const MDRData* record, bool* orp
 {
     *orphan = false;
     MDRVar key;
-    if (isContains(m_categories, record) || isContains(m_categoriesEdit, record)) {
+    if (TemplateTables::isContains(m_categories, record) ||
+        TemplateTables::isContains(m_categoriesEdit, record)) {
         if (m_level.scopeField)
             key = Row(record).value(m_level.scopeField);
         if (!MDRValue::hasText(key))
             key = Row(record).value(Field::ParentKey);
-    } else if (isContains(m_templates, record) || isContains(m_templatesEdit, record)) {
+    } else if (TemplateTables::isContains(m_templates, record) ||
+               TemplateTables::isContains(m_templatesEdit, record)) {
         key = Row(record).value(Field::CategoryKey);
     }
     if (!MDRValue::hasText(key))
@@ -375,12 +363,12 @@ Qt::ItemFlags TemplatesEditSourceModel::flags(const QModelIndex& index) const
         return Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     const Qt::ItemFlags base = QAbstractItemModel::flags(index);
     const MDRData* record = recordByIndex(index);
-    if (isContains(m_categories, record))
+    if (TemplateTables::isContains(m_categories, record))
         return base | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
     // Deliberate: in the common tree new items can also be dragged; their mime data is empty.
-    if (m_level.roots == TemplateLevel::NoRoots || isContains(m_templates, record))
+    if (m_level.roots == TemplateLevel::NoRoots || TemplateTables::isContains(m_templates, record))
         return base | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled | Qt::ItemNeverHasChildren;
-    return isContains(m_roots, record) ? base | Qt::ItemIsDropEnabled : base;
+    return TemplateTables::isContains(m_roots, record) ? base | Qt::ItemIsDropEnabled : base;
 }
 
 void TemplatesEditSourceModel::beginAppendRow(const QModelIndex& parent)

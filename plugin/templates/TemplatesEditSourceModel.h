@@ -3,6 +3,7 @@
 #include "CModelTable.h"
 #include "TemplateLevel.h"
 
+#include <array>
 #include <QAbstractItemModel>
 #include <vector>
 
@@ -92,13 +93,14 @@ protected:
     TemplatesEditSourceModel(const TemplateLevel& level, QObject* parent);
 
 private:
-    /// The children of one parent.
+    /// The children of one parent: four groups, each in order of entry.
     struct Rows {
         MDRRange categories;
         std::vector<MDRData*> newCategories;
         MDRRange templates;
         std::vector<MDRData*> newTemplates;
 
+        std::array<MDRRange, 4> groups() const;
         int folders() const;
         int count() const;
         MDRData* at(int row) const;
@@ -106,9 +108,9 @@ private:
         int rowOf(const MDRData* record) const;
     };
 
-    static bool isContains(const CModelTable* table, const MDRData* record);
     const CModelTable* tableByRecord(const MDRData* record) const;
-    void setTable(CModelTable*& member, CModelTable* table);
+    template <typename Member, typename Value>
+    void set(Member& member, Value value);
     bool isTopOfRoots(const MDRData* parent) const
     {
         return !parent && m_level.roots != TemplateLevel::NoRoots;

@@ -1,6 +1,7 @@
 #include "Fields.h"
 #include "RecordValue.h"
 #include "TemplatesEditSourceModel.h"
+#include "TemplateTables.h"
 
 #include <QDataStream>
 #include <QIODevice>
@@ -38,8 +39,8 @@ QMimeData* TemplatesEditSourceModel::mimeData(const QModelIndexList& indexes) co
     if (!isReady() || indexes.isEmpty())
         return mime;
     const MDRData* record = recordByIndex(indexes.first());
-    const bool isCategory = isContains(m_categories, record);
-    if (!isCategory && !isContains(m_templates, record))
+    const bool isCategory = TemplateTables::isContains(m_categories, record);
+    if (!isCategory && !TemplateTables::isContains(m_templates, record))
         return mime;
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
@@ -59,9 +60,10 @@ bool TemplatesEditSourceModel::canDropMimeData(const QMimeData* data, Qt::DropAc
     if (!isTemplate && !data->hasFormat(categoryFormat()))
         return false;
     const MDRData* target = recordByIndex(parent);
-    if (isContains(m_categories, target))
+    if (TemplateTables::isContains(m_categories, target))
         return true; // deliberate: also the category itself and its descendants, which the store refuses
-    const bool atTop = target ? isContains(m_roots, target) : m_level.roots == TemplateLevel::NoRoots;
+    const bool atTop =
+        target ? TemplateTables::isContains(m_roots, target) : m_level.roots == TemplateLevel::NoRoots;
     return atTop && !isTemplate;
 }
 
@@ -73,7 +75,7 @@ bool TemplatesEditSourceModel::dropMimeData(const QMimeData* data, Qt::DropActio
     if (!data)
         return false;
     const MDRData* target = recordByIndex(parent);
-    if (data->hasFormat(templateFormat()) && !isContains(m_categories, target))
+    if (data->hasFormat(templateFormat()) && !TemplateTables::isContains(m_categories, target))
         return false;
     QByteArray bytes = data->data(data->hasFormat(categoryFormat()) ? categoryFormat() : templateFormat());
     QDataStream stream(&bytes, QIODevice::ReadOnly);

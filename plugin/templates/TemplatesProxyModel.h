@@ -3,7 +3,6 @@
 #include <QSortFilterProxyModel>
 
 class CModelTable;
-struct MDRData;
 
 /// Sorts a tree of templates, categories before templates and each by name, and can be restricted to one
 /// root row.

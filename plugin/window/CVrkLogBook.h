@@ -14,10 +14,6 @@ class LogBookWidget;
 class OrgStructDialog;
 class QShortcut;
 class QToolButton;
-namespace OrgStruct
-{
-struct SelectedItem;
-}
 namespace Ui
 {
 class CVrkLogBook;

@@ -8,10 +8,6 @@ class CModelTable;
 class CVrkCliSes;
 class OrgStructDialog;
 class QTableWidget;
-namespace OrgStruct
-{
-struct Worker;
-}
 
 /// The table of workers in a shift's dialogs: one row for each worker, with full name and roles, and his
 /// key as data of both cells. A worker without a name is shown by his login, or as a dash.

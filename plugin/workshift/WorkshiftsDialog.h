@@ -4,7 +4,6 @@
 
 #include <memory>
 
-class CVrkCliMod;
 namespace Ui
 {
 class WorkshiftsDialog;
