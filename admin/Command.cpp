@@ -1,51 +1,74 @@
 #include "Command.h"
 
-#include "BackupCommand.h"
-#include "CheckCommand.h"
-#include "DemoCommand.h"
-#include "DoctorCommand.h"
-#include "ExportCommand.h"
-#include "FileCommand.h"
-#include "ImportCommand.h"
-#include "InitCommand.h"
-#include "OptionCommand.h"
-#include "RestoreCommand.h"
-#include "RightCommand.h"
-#include "SetupCommand.h"
-#include "ShiftCommand.h"
 #include "StoreAdmin.h"
 #include "StoreError.h"
-#include "UpgradeCommand.h"
-#include "UserCommand.h"
-#include "WatchdogCommand.h"
+
+#include <QFile>
+
+// Outside of any namespace, as the macro requires.
+static void openResources()
+{
+    Q_INIT_RESOURCE(admin);
+}
 
 namespace
 {
+struct Entry {
+    const char* name;
+    Command::ExitCode (*run)(const QStringList& arguments, Streams& streams);
+    QStringList (*words)() = nullptr;
+};
+
+const Entry entries[] = {
+    {"init", Command::init},           {"setup", Command::setup},
+    {"demo", Command::demo},           {"doctor", Command::doctor},
+    {"check", Command::check},         {"upgrade", Command::upgrade},
+    {"export", Command::exportSheets}, {"import", Command::importSheets, Command::importWords},
+    {"backup", Command::backup},       {"restore", Command::restore},
+    {"user", Command::user},           {"right", Command::right, Command::rightWords},
+    {"file", Command::file},           {"option", Command::option},
+    {"shift", Command::shift},         {"watchdog", Command::watchdog, Command::watchdogWords},
+};
+
 bool isHelp(const QString& argument)
 {
     return argument == QLatin1String("--help") || argument == QLatin1String("-h") ||
            argument == QLatin1String("help");
 }
 
-void printHelp(QTextStream& out, const std::vector<std::unique_ptr<Command>>& commands)
+/// A chapter of help.txt: the lines below its title.
+QString chapter(const char* title)
 {
-    out << QStringLiteral("vrk-admin: хранилища оперативного журнала\n\n"
-                          "Использование: vrk-admin КОМАНДА [АРГУМЕНТЫ]\n"
-                          "               vrk-admin КОМАНДА --help\n"
-                          "               vrk-admin --version\n\nКоманды:\n");
-    for (const auto& command : commands)
-        out << QStringLiteral("  %1 %2\n").arg(command->name(), -8).arg(command->summary());
-    out << QStringLiteral(
-        "\nURL хранилища: sqlite:///полный/путь/к/файлу или postgresql://имя@сервер/база\n"
-        "Код завершения: 0 успех, 1 не удалось, 2 неверные аргументы, 3 проверка нашла ошибки.\n");
+    openResources();
+    QFile file(QStringLiteral(":/admin/help.txt"));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("The program has lost its help");
+    const QString text = QLatin1Char('\n') + QString::fromUtf8(file.readAll());
+    const QString heading = QStringLiteral("\n== %1\n").arg(QLatin1String(title));
+    const int begin = text.indexOf(heading) + heading.size();
+    const int end = text.indexOf(QStringLiteral("\n== "), begin);
+    return text.mid(begin, end < 0 ? -1 : end + 1 - begin);
+}
+
+/// Below the summary of a command in its chapter.
+QString usage(const Entry& entry)
+{
+    QString text = chapter(entry.name).section(QLatin1Char('\n'), 1);
+    for (const QString& word : entry.words ? entry.words() : QStringList())
+        text = text.arg(word);
+    return text;
+}
+
+void printHelp(QTextStream& out)
+{
+    QString commands;
+    for (const Entry& entry : entries)
+        commands += QStringLiteral("  %1 %2\n")
+                        .arg(QLatin1String(entry.name), -8)
+                        .arg(chapter(entry.name).section(QLatin1Char('\n'), 0, 0));
+    out << chapter("vrk-admin").arg(commands);
 }
 } // namespace
-
-Command::ExitCode Command::wrongUsage(Streams& streams) const
-{
-    streams.err << usage();
-    return WrongUsage;
-}
 
 Command::ExitCode Command::fail(Streams& streams, const StoreError& error)
 {
@@ -74,33 +97,18 @@ Command::ExitCode Command::outcome(bool done, Streams& streams, const StoreError
     return done ? Success : fail(streams, error);
 }
 
-std::vector<std::unique_ptr<Command>> adminCommands()
+QStringList adminCommands()
 {
-    std::vector<std::unique_ptr<Command>> commands;
-    commands.push_back(std::make_unique<InitCommand>());
-    commands.push_back(std::make_unique<SetupCommand>());
-    commands.push_back(std::make_unique<DemoCommand>());
-    commands.push_back(std::make_unique<DoctorCommand>());
-    commands.push_back(std::make_unique<CheckCommand>());
-    commands.push_back(std::make_unique<UpgradeCommand>());
-    commands.push_back(std::make_unique<ExportCommand>());
-    commands.push_back(std::make_unique<ImportCommand>());
-    commands.push_back(std::make_unique<BackupCommand>());
-    commands.push_back(std::make_unique<RestoreCommand>());
-    commands.push_back(std::make_unique<UserCommand>());
-    commands.push_back(std::make_unique<RightCommand>());
-    commands.push_back(std::make_unique<FileCommand>());
-    commands.push_back(std::make_unique<OptionCommand>());
-    commands.push_back(std::make_unique<ShiftCommand>());
-    commands.push_back(std::make_unique<WatchdogCommand>());
-    return commands;
+    QStringList names;
+    for (const Entry& entry : entries)
+        names << QLatin1String(entry.name);
+    return names;
 }
 
 Command::ExitCode runAdmin(const QStringList& arguments, Streams& streams)
 {
-    const auto commands = adminCommands();
     if (arguments.isEmpty() || isHelp(arguments.constFirst())) {
-        printHelp(arguments.isEmpty() ? streams.err : streams.out, commands);
+        printHelp(arguments.isEmpty() ? streams.err : streams.out);
         return arguments.isEmpty() ? Command::WrongUsage : Command::Success;
     }
     if (arguments.constFirst() == QLatin1String("--version")) {
@@ -109,17 +117,20 @@ Command::ExitCode runAdmin(const QStringList& arguments, Streams& streams)
                            .arg(StoreAdmin::schemaVersion());
         return Command::Success;
     }
-    for (const auto& command : commands) {
-        if (command->name() != arguments.constFirst())
+    for (const Entry& entry : entries) {
+        if (QLatin1String(entry.name) != arguments.constFirst())
             continue;
         const QStringList rest = arguments.mid(1);
         if (!rest.isEmpty() && isHelp(rest.constFirst())) {
-            streams.out << command->usage();
+            streams.out << usage(entry);
             return Command::Success;
         }
-        return command->run(rest, streams);
+        const Command::ExitCode code = entry.run(rest, streams);
+        if (code == Command::WrongUsage)
+            streams.err << usage(entry);
+        return code;
     }
     streams.err << QStringLiteral("Нет команды «%1».\n\n").arg(arguments.constFirst());
-    printHelp(streams.err, commands);
+    printHelp(streams.err);
     return Command::WrongUsage;
 }

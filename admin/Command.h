@@ -2,11 +2,9 @@
 
 #include "StoreAdmin.h"
 
-#include <memory>
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
-#include <vector>
 
 /// The streams of a command; tests replace them by strings.
 struct Streams {
@@ -25,40 +23,66 @@ inline void setUtf8(QTextStream* stream)
 #endif
 }
 
-/// One sub-command of vrk-admin.
-class Command
+/// The sub-commands of vrk-admin, each in its own file. help.txt contains their texts for the user.
+namespace Command
 {
-public:
-    /// Exit codes of the program.
-    enum ExitCode {
-        Success = 0,
-        Failed = 1,      ///< the reason is on the error stream
-        WrongUsage = 2,  ///< the usage is on the error stream
-        FaultsFound = 3, ///< the check found faults
-    };
-
-    virtual ~Command() = default;
-
-    /// The name of the sub-command.
-    virtual QString name() const = 0;
-    /// One line for the list of commands.
-    virtual QString summary() const = 0;
-    /// The arguments and their meaning, without the program's name.
-    virtual QString usage() const = 0;
-    virtual ExitCode run(const QStringList& arguments, Streams& streams) = 0;
-
-protected:
-    ExitCode wrongUsage(Streams& streams) const;
-    static ExitCode fail(Streams& streams, const StoreError& error);
-    /// Success, or the findings and FaultsFound; \a clean is the last line if there are no faults.
-    static ExitCode report(const QVector<StoreAdmin::Finding>& findings, const QString& clean,
-                           Streams& streams);
-    /// Success, or the error and Failed.
-    static ExitCode outcome(bool done, Streams& streams, const StoreError& error);
+/// Exit codes of the program.
+enum ExitCode {
+    Success = 0,
+    Failed = 1,      ///< the reason is on the error stream
+    WrongUsage = 2,  ///< runAdmin() adds the usage on the error stream
+    FaultsFound = 3, ///< the check found faults
 };
 
-/// All sub-commands, in the order of the help.
-std::vector<std::unique_ptr<Command>> adminCommands();
+/// Creates a new, empty store.
+ExitCode init(const QStringList& arguments, Streams& streams);
+/// Prepares a site for work from the answers to a series of questions.
+ExitCode setup(const QStringList& arguments, Streams& streams);
+/// Creates the demo journal or updates it to the current time; with --live keeps writing like a second
+/// workstation.
+ExitCode demo(const QStringList& arguments, Streams& streams);
+/// Reports problems of a store's environment, and the remedies.
+ExitCode doctor(const QStringList& arguments, Streams& streams);
+/// Checks a whole store.
+ExitCode check(const QStringList& arguments, Streams& streams);
+/// Updates a store of an earlier version.
+ExitCode upgrade(const QStringList& arguments, Streams& streams);
+/// Writes the reference tables of a store as sheets for a spreadsheet.
+ExitCode exportSheets(const QStringList& arguments, Streams& streams);
+/// Updates the reference tables of a store from a folder of sheets.
+ExitCode importSheets(const QStringList& arguments, Streams& streams);
+/// Copies a store in use into a file and checks the copy.
+ExitCode backup(const QStringList& arguments, Streams& streams);
+/// Restores a copy of a store.
+ExitCode restore(const QStringList& arguments, Streams& streams);
+/// Lists, adds and removes logins.
+ExitCode user(const QStringList& arguments, Streams& streams);
+/// Lists, grants and revokes rights of a login.
+ExitCode right(const QStringList& arguments, Streams& streams);
+/// Lists, fetches, stores and removes the store's named files.
+ExitCode file(const QStringList& arguments, Streams& streams);
+/// Shows and sets the options for the control of the length of workshifts.
+ExitCode option(const QStringList& arguments, Streams& streams);
+/// Shows the shifts that may be corrected, and corrects mistyped bounds of one.
+ExitCode shift(const QStringList& arguments, Streams& streams);
+/// Ends requests that run too long on a server.
+ExitCode watchdog(const QStringList& arguments, Streams& streams);
+
+/// The words for %1, %2 ... in the usage of some commands.
+QStringList importWords();
+QStringList rightWords();
+QStringList watchdogWords();
+
+/// Failed; writes the error.
+ExitCode fail(Streams& streams, const StoreError& error);
+/// Success, or the findings and FaultsFound; \a clean is the last line if there are no faults.
+ExitCode report(const QVector<StoreAdmin::Finding>& findings, const QString& clean, Streams& streams);
+/// Success, or the error and Failed.
+ExitCode outcome(bool done, Streams& streams, const StoreError& error);
+} // namespace Command
+
+/// The names of all sub-commands, in the order of the help.
+QStringList adminCommands();
 
 /// Runs the command named by the arguments (without the program's name). Shows help without arguments, with
 /// "help" and with "--help"; "COMMAND --help" shows that command's usage.

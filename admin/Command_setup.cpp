@@ -1,4 +1,4 @@
-#include "SetupCommand.h"
+#include "Command.h"
 
 #include "SitePlan.h"
 #include "StoreAdmin.h"
@@ -6,26 +6,7 @@
 #include <QFile>
 #include <QTimeZone>
 
-QString SetupCommand::summary() const
-{
-    return QStringLiteral("подготовить площадку: спросить об организации и людях, создать хранилище");
-}
-
-QString SetupCommand::usage() const
-{
-    return QStringLiteral(
-        "vrk-admin setup URL [--answers FILE] [--time-zone NAME]\n"
-        "  Создаёт новое хранилище и записывает в него организацию, подразделения, смены, должности и "
-        "людей;\n"
-        "  на сервере PostgreSQL заводит для людей имена и пароли. Пустой ответ заканчивает список.\n"
-        "  --answers    взять ответы из файла: строка на ответ, строки с # пропускаются;\n"
-        "               ответ, который сам начинается с #, пишется с \\# в начале\n"
-        "  --time-zone  часовой пояс журнала; по умолчанию пояс этой машины\n"
-        "  Смена: Дневная 08:00-20:00\n"
-        "  Сотрудник: имя для входа; Фамилия Имя Отчество; должность; группа; права через пробел\n");
-}
-
-Command::ExitCode SetupCommand::run(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::setup(const QStringList& arguments, Streams& streams)
 {
     QString url;
     QString answers;
@@ -39,10 +20,10 @@ Command::ExitCode SetupCommand::run(const QStringList& arguments, Streams& strea
         else if (url.isEmpty() && !arguments[i].startsWith(QLatin1Char('-')))
             url = arguments[i];
         else
-            return wrongUsage(streams);
+            return WrongUsage;
     }
     if (url.isEmpty() || (answers.isEmpty() && !streams.in))
-        return wrongUsage(streams);
+        return WrongUsage;
     QFile file(answers);
     if (!answers.isEmpty() && !file.open(QIODevice::ReadOnly)) {
         streams.err << QStringLiteral("Не удалось прочитать файл %1: %2\n").arg(answers, file.errorString());

@@ -1,28 +1,9 @@
-#include "UpgradeCommand.h"
+#include "Command.h"
 
 #include "StoreAdmin.h"
 #include "StoreUrl.h"
 
 #include <QDateTime>
-
-QString UpgradeCommand::summary() const
-{
-    return QStringLiteral("обновить хранилище прежней версии");
-}
-
-QString UpgradeCommand::usage() const
-{
-    return QStringLiteral(
-        "vrk-admin upgrade URL [--backup FILE | --no-backup]\n"
-        "  Приводит хранилище, созданное прежней программой, к её нынешней версии. Журнал и журнал\n"
-        "  изменений остаются как есть; при неудаче не меняется ничего. Прежние программы на время\n"
-        "  обновления закройте: в обновлённое хранилище они писать не смогут. Хранилище нынешней\n"
-        "  версии не меняется; если его правила отличаются от правил программы, код завершения 3.\n"
-        "  --backup     куда сперва положить копию; без этого она ляжет рядом с файлом хранилища, копия "
-        "базы\n"
-        "               с сервера в эту папку\n"
-        "  --no-backup  не делать копии\n");
-}
 
 namespace
 {
@@ -38,7 +19,7 @@ QString ownPlaceOf(const QString& url, int version)
 }
 } // namespace
 
-Command::ExitCode UpgradeCommand::run(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::upgrade(const QStringList& arguments, Streams& streams)
 {
     QString url;
     QString copy;
@@ -51,10 +32,10 @@ Command::ExitCode UpgradeCommand::run(const QStringList& arguments, Streams& str
         else if (url.isEmpty() && !arguments[i].startsWith(QLatin1Char('-')))
             url = arguments[i];
         else
-            return wrongUsage(streams);
+            return WrongUsage;
     }
     if (url.isEmpty() || (!isCopied && !copy.isEmpty()))
-        return wrongUsage(streams);
+        return WrongUsage;
 
     StoreError error;
     const int present = StoreAdmin::schemaVersion();

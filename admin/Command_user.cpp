@@ -1,4 +1,4 @@
-#include "UserCommand.h"
+#include "Command.h"
 
 #include "HiddenInput.h"
 #include "SheetImport.h"
@@ -50,27 +50,10 @@ bool addWorker(const QString& url, const QString& login, const QString& name, co
 }
 } // namespace
 
-QString UserCommand::summary() const
-{
-    return QStringLiteral("имена для входа: список, добавление, пароль, удаление");
-}
-
-QString UserCommand::usage() const
-{
-    return QStringLiteral("vrk-admin user URL list\n"
-                          "vrk-admin user URL add LOGIN NAME [--department NAME]\n"
-                          "vrk-admin user URL password LOGIN\n"
-                          "vrk-admin user URL remove LOGIN\n"
-                          "  NAME: Фамилия Имя Отчество. С --department человек сразу становится сотрудником "
-                          "подразделения;\n"
-                          "  без сотрудника войти нельзя, его можно завести и потом: vrk-admin import.\n"
-                          "  Пароль (только для сервера PostgreSQL) читается со стандартного ввода.\n");
-}
-
-Command::ExitCode UserCommand::run(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::user(const QStringList& arguments, Streams& streams)
 {
     if (arguments.size() < 2)
-        return wrongUsage(streams);
+        return WrongUsage;
     const QString& url = arguments[0];
     const QString& verb = arguments[1];
     StoreError error;
@@ -93,5 +76,5 @@ Command::ExitCode UserCommand::run(const QStringList& arguments, Streams& stream
                        error);
     if (verb == QLatin1String("remove") && arguments.size() == 3)
         return outcome(StoreAdmin::removeUser(url, arguments[2], &error), streams, error);
-    return wrongUsage(streams);
+    return WrongUsage;
 }

@@ -1,27 +1,14 @@
-#include "FileCommand.h"
+#include "Command.h"
 
 #include "StoreAdmin.h"
 
 #include <QFile>
 #include <QSaveFile>
 
-QString FileCommand::summary() const
-{
-    return QStringLiteral("именованные файлы хранилища, например options;OperLogOptions");
-}
-
-QString FileCommand::usage() const
-{
-    return QStringLiteral("vrk-admin file URL list\n"
-                          "vrk-admin file URL put FOLDER NAME FILE\n"
-                          "vrk-admin file URL get FOLDER NAME FILE\n"
-                          "vrk-admin file URL remove FOLDER NAME\n");
-}
-
-Command::ExitCode FileCommand::run(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::file(const QStringList& arguments, Streams& streams)
 {
     if (arguments.size() < 2)
-        return wrongUsage(streams);
+        return WrongUsage;
     const QString& url = arguments[0];
     const QString& verb = arguments[1];
     StoreError error;
@@ -37,7 +24,7 @@ Command::ExitCode FileCommand::run(const QStringList& arguments, Streams& stream
     if (verb == QLatin1String("remove") && arguments.size() == 4)
         return outcome(StoreAdmin::removeFile(url, arguments[2], arguments[3], &error), streams, error);
     if (arguments.size() != 5)
-        return wrongUsage(streams);
+        return WrongUsage;
 
     const QString& path = arguments[4];
     const auto cannot = [&](const QString& what, const QString& why) {
@@ -52,7 +39,7 @@ Command::ExitCode FileCommand::run(const QStringList& arguments, Streams& stream
                        error);
     }
     if (verb != QLatin1String("get"))
-        return wrongUsage(streams);
+        return WrongUsage;
 
     const auto store = Store::open(url, {}, &error);
     QByteArray content;

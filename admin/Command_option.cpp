@@ -1,4 +1,4 @@
-#include "OptionCommand.h"
+#include "Command.h"
 
 #include "OptionsFile.h"
 #include "StoreAdmin.h"
@@ -10,7 +10,7 @@ namespace
 {
 const QString folder = QStringLiteral("options");
 const QString fileName = QStringLiteral("OperLogOptions");
-const QString check = QStringLiteral("CheckLengthShift");
+const QString checkLength = QStringLiteral("CheckLengthShift");
 const QString delay = QStringLiteral("DelayTime");
 const QString interval = QStringLiteral("IntervalMessage");
 /// Not in the file: the store's own rules use it.
@@ -48,7 +48,7 @@ QString spanOf(qint64 seconds)
 /// The stored form of an option's typed value; null if the value is invalid.
 QString storedValue(const QString& name, const QString& typed)
 {
-    if (name != check) {
+    if (name != checkLength) {
         const qint64 seconds = secondsOf(typed.toLower());
         return seconds < (name == longest ? 1 : 0) ? QString() : QString::number(seconds);
     }
@@ -92,12 +92,12 @@ int numberOf(const OptionsFile& file, const QString& name)
 
 void tell(const OptionsFile& file, int longestShift, Streams& streams)
 {
-    const bool isOn = numberOf(file, check) != 0;
-    streams.out << check << (isOn ? QStringLiteral("=on\n") : QStringLiteral("=off\n"));
+    const bool isOn = numberOf(file, checkLength) != 0;
+    streams.out << checkLength << (isOn ? QStringLiteral("=on\n") : QStringLiteral("=off\n"));
     for (const QString& name : {delay, interval})
         streams.out << name << QLatin1Char('=') << spanOf(numberOf(file, name)) << QLatin1Char('\n');
     streams.out << longest << QLatin1Char('=') << spanOf(longestShift) << QLatin1Char('\n');
-    for (const QString& name : {check, delay, interval}) {
+    for (const QString& name : {checkLength, delay, interval}) {
         bool isNumber = false;
         file.value(name).toInt(&isNumber);
         if (!file.value(name).isNull() && !isNumber)
@@ -110,40 +110,21 @@ void tell(const OptionsFile& file, int longestShift, Streams& streams)
 }
 } // namespace
 
-QString OptionCommand::summary() const
-{
-    return QStringLiteral("настройки контроля длительности смен");
-}
-
-QString OptionCommand::usage() const
-{
-    return QStringLiteral(
-        "vrk-admin option URL list\n"
-        "vrk-admin option URL set NAME=VALUE...\n"
-        "  CheckLengthShift=on|off   напоминать ли о сдаче смены, которая длится дольше положенного\n"
-        "  DelayTime=15m             насколько смена может затянуться после планового конца\n"
-        "  IntervalMessage=5m        через сколько повторять напоминание\n"
-        "  LongestShift=48h          дольше какого срока смену нельзя открыть (сначала 48h)\n"
-        "  Время: 1h30m, 15m, 90s или число секунд, не больше 576h. Что не названо, остаётся, как было.\n"
-        "  Рабочие места берут напоминания при запуске журнала, LongestShift действует сразу.\n"
-        "  Пример: vrk-admin option URL set CheckLengthShift=on DelayTime=15m IntervalMessage=5m\n");
-}
-
-Command::ExitCode OptionCommand::run(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::option(const QStringList& arguments, Streams& streams)
 {
     if (arguments.size() < 2)
-        return wrongUsage(streams);
+        return WrongUsage;
     const QString& url = arguments[0];
     const bool isList = arguments[1] == QLatin1String("list") && arguments.size() == 2;
     if (!isList && (arguments[1] != QLatin1String("set") || arguments.size() < 3))
-        return wrongUsage(streams);
+        return WrongUsage;
 
     QMap<QString, QString> values;
     for (const QString& argument : arguments.mid(2)) {
         const QString name = argument.section(QLatin1Char('='), 0, 0);
         const QString typed = argument.section(QLatin1Char('='), 1);
         QString fault;
-        if (name != check && name != delay && name != interval && name != longest)
+        if (name != checkLength && name != delay && name != interval && name != longest)
             fault = QStringLiteral("Нет настройки «%1».").arg(name);
         else if (values.contains(name))
             fault = QStringLiteral("Настройка «%1» названа дважды.").arg(name);
@@ -151,7 +132,7 @@ Command::ExitCode OptionCommand::run(const QStringList& arguments, Streams& stre
             fault = QStringLiteral("Настройка «%1» не принимает значение «%2».").arg(name, typed);
         if (!fault.isEmpty()) {
             streams.err << fault << QLatin1Char('\n');
-            return wrongUsage(streams);
+            return WrongUsage;
         }
         values.insert(name, storedValue(name, typed));
     }

@@ -1,4 +1,4 @@
-#include "DemoCommand.h"
+#include "Command.h"
 
 #include "DemoStore.h"
 #include "StoreAdmin.h"
@@ -47,25 +47,7 @@ bool admitAll(const QString& url, QString* message, StoreError* error)
 }
 } // namespace
 
-QString DemoCommand::summary() const
-{
-    return QStringLiteral("заполнить хранилище демонстрационным журналом");
-}
-
-QString DemoCommand::usage() const
-{
-    return QStringLiteral(
-        "vrk-admin demo URL [--live [--count N] | --old [--old-templates N]] [--ago H]\n"
-        "  Заполняет новое хранилище демонстрационным журналом или обновляет прежний.\n"
-        "  Хранилище с чужими данными не трогает. На сервере заводит и роли тех, кто в журнал входит.\n"
-        "  --live   писать в открытую смену по записи каждые 15 секунд, как второе рабочее место\n"
-        "  --count  остановиться после стольких записей\n"
-        "  --old    записать и таблицы прежнего журнала для конвертера, 400 шаблонов\n"
-        "  --old-templates  столько шаблонов вместо 400\n"
-        "  --ago    как было столько часов назад: открытая смена может быть просрочена\n");
-}
-
-Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::demo(const QStringList& arguments, Streams& streams)
 {
     QString url;
     bool live = false;
@@ -88,12 +70,12 @@ Command::ExitCode DemoCommand::run(const QStringList& arguments, Streams& stream
         else if (url.isEmpty() && !arguments[i].startsWith(QLatin1Char('-')))
             url = arguments[i];
         else
-            return wrongUsage(streams);
+            return WrongUsage;
         if (!number || count < -1 || templates < -1 || hoursAgo < 0)
-            return wrongUsage(streams);
+            return WrongUsage;
     }
     if (url.isEmpty() || (count >= 0 && !live) || (templates >= 0 && !old) || (live && (old || hoursAgo > 0)))
-        return wrongUsage(streams);
+        return WrongUsage;
 
     const auto now = [hoursAgo] {
         constexpr qint64 hour = 3600;

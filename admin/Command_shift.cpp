@@ -1,7 +1,8 @@
-#include "ShiftCommand.h"
+#include "Command.h"
 
 #include "Directory.h"
 #include "HfnTime.h"
+#include "ShiftBook.h"
 #include "StoreZone.h"
 
 namespace
@@ -50,32 +51,48 @@ bool read(const QStringList& arguments, Wanted* wanted)
     return !wanted->key.isEmpty() && wanted->options.contains(QStringLiteral("--reason")) &&
            wanted->options.size() > 1;
 }
+
+Command::ExitCode correct(Store& store, const ShiftBook& book, const ShiftBook::Shift& shift,
+                          const QMap<QString, QString>& options, Streams& streams)
+{
+    ShiftBook::Shift mended = shift;
+    for (const auto& [option, time] : {std::pair<const char*, double*>("--start", &mended.start),
+                                       std::pair<const char*, double*>("--end", &mended.end)}) {
+        const QString text = options.value(QLatin1String(option));
+        if (text.isNull())
+            continue;
+        *time = timeOf(text);
+        if (*time == 0) {
+            streams.err << QStringLiteral("«%1» не время вида дд.ММ.гггг чч:мм.\n").arg(text);
+            return Command::Failed;
+        }
+    }
+    const QString reason = options.value(QStringLiteral("--reason"));
+    const QString refusal = reason.isEmpty() ? QStringLiteral("Скажите, почему смена исправляется: --reason.")
+                            : reason.size() > longestReason
+                                ? QStringLiteral("Причина длиннее %1 знаков.").arg(longestReason)
+                            : mended.start == shift.start && mended.end == shift.end
+                                ? QStringLiteral("Смена уже начинается и кончается в это время.")
+                                : book.refusal(shift.key, mended.start, mended.end, store.longestShift());
+    StoreError error;
+    if (!refusal.isEmpty()) {
+        streams.err << refusal << QLatin1Char('\n');
+        return Command::Failed;
+    }
+    if (!ShiftBook::correct(&store, shift.key, mended.start, mended.end, reason, &error))
+        return Command::fail(streams, error);
+    tell(mended, ShiftBook::corrections(&store, shift.key, &error), streams.out);
+    return Command::Success;
+}
 } // namespace
 
-QString ShiftCommand::summary() const
-{
-    return QStringLiteral("исправить начало или конец смены, набранные с ошибкой");
-}
-
-QString ShiftCommand::usage() const
-{
-    return QStringLiteral(
-        "vrk-admin shift URL list\n"
-        "  По каждому подразделению: открытые смены и последняя, их коды, начало, конец и исправления.\n"
-        "vrk-admin shift URL correct SHIFT [--start TIME] [--end TIME] --reason TEXT\n"
-        "  Исправляет открытую или последнюю смену: SHIFT — её код, TIME — дд.ММ.гггг чч:мм,\n"
-        "  TEXT — почему. Причина остаётся в журнале изменений, рабочие места видят новое время сразу.\n"
-        "  Пример: vrk-admin shift URL correct 0B1C… --end \"22.11.2026 20:00\" --reason \"опечатка в "
-        "годе\"\n");
-}
-
-Command::ExitCode ShiftCommand::run(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::shift(const QStringList& arguments, Streams& streams)
 {
     Wanted wanted;
     const bool isList = arguments.size() == 2 && arguments[1] == QLatin1String("list");
     if (!isList && (arguments.size() < 2 || arguments[1] != QLatin1String("correct") ||
                     !read(arguments.mid(2), &wanted)))
-        return wrongUsage(streams);
+        return WrongUsage;
     StoreError error;
     Store::Options options;
     options.loader = !isList;
@@ -103,37 +120,4 @@ Command::ExitCode ShiftCommand::run(const QStringList& arguments, Streams& strea
     streams.err
         << QStringLiteral("Смены «%1» нет. Коды показывает vrk-admin shift URL list.\n").arg(wanted.key);
     return Failed;
-}
-
-Command::ExitCode ShiftCommand::correct(Store& store, const ShiftBook& book, const ShiftBook::Shift& shift,
-                                        const QMap<QString, QString>& options, Streams& streams)
-{
-    ShiftBook::Shift mended = shift;
-    for (const auto& [option, time] : {std::pair<const char*, double*>("--start", &mended.start),
-                                       std::pair<const char*, double*>("--end", &mended.end)}) {
-        const QString text = options.value(QLatin1String(option));
-        if (text.isNull())
-            continue;
-        *time = timeOf(text);
-        if (*time == 0) {
-            streams.err << QStringLiteral("«%1» не время вида дд.ММ.гггг чч:мм.\n").arg(text);
-            return Failed;
-        }
-    }
-    const QString reason = options.value(QStringLiteral("--reason"));
-    const QString refusal = reason.isEmpty() ? QStringLiteral("Скажите, почему смена исправляется: --reason.")
-                            : reason.size() > longestReason
-                                ? QStringLiteral("Причина длиннее %1 знаков.").arg(longestReason)
-                            : mended.start == shift.start && mended.end == shift.end
-                                ? QStringLiteral("Смена уже начинается и кончается в это время.")
-                                : book.refusal(shift.key, mended.start, mended.end, store.longestShift());
-    StoreError error;
-    if (!refusal.isEmpty()) {
-        streams.err << refusal << QLatin1Char('\n');
-        return Failed;
-    }
-    if (!ShiftBook::correct(&store, shift.key, mended.start, mended.end, reason, &error))
-        return fail(streams, error);
-    tell(mended, ShiftBook::corrections(&store, shift.key, &error), streams.out);
-    return Success;
 }

@@ -1,4 +1,4 @@
-#include "CheckCommand.h"
+#include "Command.h"
 
 #include "ReadyCheck.h"
 #include "StoreAdmin.h"
@@ -21,29 +21,13 @@ Command::ExitCode tellReadiness(const QVector<ReadyCheck::Finding>& findings, QT
 }
 } // namespace
 
-QString CheckCommand::summary() const
-{
-    return QStringLiteral("проверить хранилище целиком");
-}
-
-QString CheckCommand::usage() const
-{
-    return QStringLiteral(
-        "vrk-admin check URL [--ready | --rebuild-search]\n"
-        "  Проверяет файл, ссылки между таблицами, состояния записей, поиск и журнал изменений.\n"
-        "  Код завершения 3, если найдены ошибки; примечания ошибками не считаются.\n"
-        "  --ready  вместо этого сказать по каждому подразделению, чего не хватает, чтобы\n"
-        "           открыть, вести и закрыть смену\n"
-        "  --rebuild-search  сначала составить указатель поиска по архиву заново\n");
-}
-
-Command::ExitCode CheckCommand::run(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::check(const QStringList& arguments, Streams& streams)
 {
     QStringList rest = arguments;
     const bool ready = rest.removeAll(QStringLiteral("--ready")) > 0;
     const bool rebuild = rest.removeAll(QStringLiteral("--rebuild-search")) > 0;
     if (rest.size() != 1 || (ready && rebuild))
-        return wrongUsage(streams);
+        return WrongUsage;
 
     StoreError error;
     if (rebuild) {

@@ -1,28 +1,17 @@
-#include "RightCommand.h"
+#include "Command.h"
 
 #include "Sheet.h"
 #include "StoreAdmin.h"
 
-QString RightCommand::summary() const
+QStringList Command::rightWords()
 {
-    return QStringLiteral("права: список, выдача, отзыв");
+    return {QStringLiteral("  ") + Sheets::rights().join(QStringLiteral("\n  "))};
 }
 
-QString RightCommand::usage() const
-{
-    QString text = QStringLiteral("vrk-admin right URL list LOGIN\n"
-                                  "vrk-admin right URL grant LOGIN RIGHT\n"
-                                  "vrk-admin right URL revoke LOGIN RIGHT\n"
-                                  "Права:\n");
-    for (const QString& right : Sheets::rights())
-        text += QStringLiteral("  ") + right + QLatin1Char('\n');
-    return text;
-}
-
-Command::ExitCode RightCommand::run(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::right(const QStringList& arguments, Streams& streams)
 {
     if (arguments.size() < 3)
-        return wrongUsage(streams);
+        return WrongUsage;
     const QString& url = arguments[0];
     const QString& verb = arguments[1];
     const QString& login = arguments[2];
@@ -38,11 +27,11 @@ Command::ExitCode RightCommand::run(const QStringList& arguments, Streams& strea
     }
     const bool grant = verb == QLatin1String("grant");
     if (arguments.size() != 4 || (!grant && verb != QLatin1String("revoke")))
-        return wrongUsage(streams);
+        return WrongUsage;
     const QByteArray right = arguments[3].toUtf8();
     if (!Sheets::rights().contains(arguments[3])) {
         streams.err << QStringLiteral("Нет права «%1».\n").arg(arguments[3]);
-        return wrongUsage(streams);
+        return WrongUsage;
     }
     return outcome(StoreAdmin::grant(url, login, right, grant, &error), streams, error);
 }

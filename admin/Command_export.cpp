@@ -1,26 +1,12 @@
-#include "ExportCommand.h"
+#include "Command.h"
 
 #include "SheetExport.h"
 #include "StoreZone.h"
 
-QString ExportCommand::summary() const
-{
-    return QStringLiteral("выгрузить справочники в таблицы CSV");
-}
-
-QString ExportCommand::usage() const
-{
-    return QStringLiteral(
-        "vrk-admin export URL DIR\n"
-        "  Записывает в папку по одному файлу CSV на таблицу; они открываются двойным щелчком.\n"
-        "  Таблицы пустого хранилища состоят из одних заголовков: это бланки для заполнения.\n"
-        "  Что стоит в столбцах, рассказывает vrk-admin import --help.\n");
-}
-
-Command::ExitCode ExportCommand::run(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::exportSheets(const QStringList& arguments, Streams& streams)
 {
     if (arguments.size() != 2)
-        return wrongUsage(streams);
+        return WrongUsage;
     StoreError error;
     const auto store = Store::open(arguments[0], {}, &error);
     Directory directory;

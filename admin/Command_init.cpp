@@ -1,4 +1,4 @@
-#include "InitCommand.h"
+#include "Command.h"
 
 #include "SitePlan.h"
 #include "StoreAdmin.h"
@@ -18,23 +18,7 @@ QByteArray offeredCodec(const QByteArray& name)
 }
 } // namespace
 
-QString InitCommand::summary() const
-{
-    return QStringLiteral("создать новое пустое хранилище");
-}
-
-QString InitCommand::usage() const
-{
-    return QStringLiteral(
-        "vrk-admin init URL [--starter] [--codec NAME] [--time-zone NAME]\n"
-        "  Создаёт новое пустое хранилище; существующее не трогает.\n"
-        "  --starter    положить в него то, с чего начинают: организацию с подразделением, должности,\n"
-        "               дневную и ночную смену, общие шаблоны записей\n"
-        "  --codec      кодовая страница текстов: Windows-1251 (по умолчанию) или UTF-8\n"
-        "  --time-zone  часовой пояс журнала, например Europe/Moscow; по умолчанию пояс этой машины\n");
-}
-
-Command::ExitCode InitCommand::run(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::init(const QStringList& arguments, Streams& streams)
 {
     QByteArray codec = "Windows-1251";
     QByteArray zone = QTimeZone::systemTimeZoneId();
@@ -51,10 +35,10 @@ Command::ExitCode InitCommand::run(const QStringList& arguments, Streams& stream
         else if (url.isEmpty() && !arguments[i].startsWith(QLatin1Char('-')))
             url = arguments[i];
         else
-            return wrongUsage(streams);
+            return WrongUsage;
     }
     if (url.isEmpty())
-        return wrongUsage(streams);
+        return WrongUsage;
 
     StoreError error;
     const QByteArray offered = offeredCodec(codec);
