@@ -6,7 +6,6 @@
 #include "CVrkCliSes.h"
 #include "KeptChoice.h"
 #include "LogbookFields.h"
-#include "LogbookTables.h"
 #include "LogText.h"
 #include "RecordValue.h"
 #include "ui_CloseWorkshiftDialog.h"
@@ -25,23 +24,15 @@ CloseWorkshiftDialog::CloseWorkshiftDialog(QWidget* parent, int flag)
     : WorkshiftDialog(parent, flag), m_form(new Ui::CloseWorkshiftDialog)
 {
     m_form->setupUi(this);
-    setWindowIcon(QIcon(QStringLiteral(":/icons/department.png")));
-    m_form->addWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
-    m_form->removeWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/delete.png")));
-    m_form->clearWorkersButton->setIcon(QIcon(QStringLiteral(":/icons/clear.png")));
     // The filled-in text gets the space.
     m_form->splitter_2->setSizes({340, 860});
     m_form->splitter->setSizes({280, 580});
-    setUpForm(m_form->workersTable, m_form->templatesWidget, m_form->templateFiller,
-              QStringLiteral("close_wshift"), m_form->closeWorkshiftButton);
+    setUpForm({m_form->workersTable, m_form->addWorkerButton, m_form->removeWorkerButton,
+               m_form->clearWorkersButton, m_form->templatesWidget, m_form->templateFiller,
+               m_form->cancelButton, m_form->closeWorkshiftButton},
+              QStringLiteral("close_wshift"));
     m_form->closeWorkshiftButton->setToolTip(QStringLiteral("Ctrl+Enter"));
 
-    connect(m_form->cancelButton, &QPushButton::clicked, this, &CloseWorkshiftDialog::close);
-    connect(m_filler, &TemplateFiller::templateChanged, this, &CloseWorkshiftDialog::updateStateControls);
-    connect(m_filler, &TemplateFiller::requestEditor, this, &CloseWorkshiftDialog::showEditor);
-    connect(m_form->addWorkerButton, &QToolButton::clicked, this, &CloseWorkshiftDialog::addWorker);
-    connect(m_form->removeWorkerButton, &QToolButton::clicked, this, &CloseWorkshiftDialog::removeWorkers);
-    connect(m_form->clearWorkersButton, &QToolButton::clicked, this, &CloseWorkshiftDialog::clearWorkers);
     connect(m_form->closeWorkshiftButton, &QPushButton::clicked, this, [this] {
         apply();
         close(); // in every case
@@ -56,18 +47,6 @@ CloseWorkshiftDialog::CloseWorkshiftDialog(QWidget* parent, int flag)
 }
 
 CloseWorkshiftDialog::~CloseWorkshiftDialog() = default;
-
-void CloseWorkshiftDialog::setRecordsTable(CModelTable* table)
-{
-    setTable(LogbookTable::Records, table);
-}
-
-void CloseWorkshiftDialog::setWorkshiftsTable(CModelTable* table)
-{
-    setTable(LogbookTable::Workshifts, table);
-}
-
-void CloseWorkshiftDialog::showEditor(const QString&, unsigned int) {}
 
 void CloseWorkshiftDialog::setCurrentWorkshift(MDRData* workshift)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LogbookTables.h"
 #include "WorkshiftDialog.h"
 
 #include <memory>
@@ -22,16 +23,12 @@ public:
     explicit CloseWorkshiftDialog(QWidget* parent, int flag = -1);
     ~CloseWorkshiftDialog() override;
 
-    void setRecordsTable(CModelTable* table);
-    void setWorkshiftsTable(CModelTable* table);
+    void setRecordsTable(CModelTable* table) { setTable(LogbookTable::Records, table); }
+    void setWorkshiftsTable(CModelTable* table) { setTable(LogbookTable::Workshifts, table); }
     /// The workshift to close, a record of the workshifts table, and whether its drafts are approved. Both
     /// apply to one use of the dialog.
     void setCurrentWorkshift(MDRData* workshift);
     void setApproveDraftRecords(bool approve) { m_approveDraftRecords = approve; }
-
-public slots:
-    /// Deliberately empty: parameters are edited inside the filler.
-    void showEditor(const QString& parameterName, unsigned int index);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -46,7 +43,7 @@ private:
     KeptTexts::Values chosen() const override;
     bool isOver(const KeptTexts::Values& kept) const override;
     void chooseTimes(const KeptTexts::Values& kept) override;
-    void updateStateControls();
+    void updateStateControls() override;
     QDateTime eventTime() const;
     MDRData* currentWorkshift() const;
 

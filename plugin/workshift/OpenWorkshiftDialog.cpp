@@ -7,7 +7,6 @@
 #include "Fields.h"
 #include "KeptChoice.h"
 #include "LastWorkshift.h"
-#include "LogbookTables.h"
 #include "RecordValue.h"
 #include "ui_OpenWorkshiftDialog.h"
 
@@ -24,15 +23,13 @@ OpenWorkshiftDialog::OpenWorkshiftDialog(QWidget* parent, int flag)
     : WorkshiftDialog(parent, flag), m_form(new Ui::OpenWorkshiftDialog)
 {
     m_form->setupUi(this);
-    setWindowIcon(QIcon(QStringLiteral(":/icons/department.png")));
-    m_form->addWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
-    m_form->removeWorkerButton->setIcon(QIcon(QStringLiteral(":/icons/delete.png")));
-    m_form->clearWorkersButton->setIcon(QIcon(QStringLiteral(":/icons/clear.png")));
     // The filled-in text gets the space.
     m_form->splitter_3->setSizes({420, 780});
     m_form->splitter_2->setSizes({280, 580});
-    setUpForm(m_form->workersTable, m_form->templatesWidget, m_form->templateFiller,
-              QStringLiteral("open_wshift"), m_form->applyButton);
+    setUpForm({m_form->workersTable, m_form->addWorkerButton, m_form->removeWorkerButton,
+               m_form->clearWorkersButton, m_form->templatesWidget, m_form->templateFiller,
+               m_form->cancelButton, m_form->applyButton},
+              QStringLiteral("open_wshift"));
     createConnections();
 }
 
@@ -40,17 +37,11 @@ OpenWorkshiftDialog::~OpenWorkshiftDialog() = default;
 
 void OpenWorkshiftDialog::createConnections()
 {
-    connect(m_filler, &TemplateFiller::templateChanged, this, &OpenWorkshiftDialog::updateStateControls);
-    connect(m_filler, &TemplateFiller::requestEditor, this, &OpenWorkshiftDialog::showEditor);
     connect(m_form->workersTable, &QTableWidget::currentCellChanged, this,
             &OpenWorkshiftDialog::updateWorkshiftControls);
     connect(m_form->shiftsTable, &QTableWidget::currentCellChanged, this,
             &OpenWorkshiftDialog::changeSelectedShift);
     connect(m_form->applyButton, &QPushButton::clicked, this, &OpenWorkshiftDialog::apply);
-    connect(m_form->cancelButton, &QPushButton::clicked, this, &OpenWorkshiftDialog::close);
-    connect(m_form->addWorkerButton, &QToolButton::clicked, this, &OpenWorkshiftDialog::addWorker);
-    connect(m_form->removeWorkerButton, &QToolButton::clicked, this, &OpenWorkshiftDialog::removeWorkers);
-    connect(m_form->clearWorkersButton, &QToolButton::clicked, this, &OpenWorkshiftDialog::clearWorkers);
     connect(m_form->changeTemplateCheck, &QCheckBox::clicked, this,
             &OpenWorkshiftDialog::changeIntervalTemplate);
     for (QDateTimeEdit* edit : std::initializer_list<QDateTimeEdit*>{
@@ -61,18 +52,6 @@ void OpenWorkshiftDialog::createConnections()
     }
     connect(m_templates, &TemplatesWidget::selectionChanged, this, &OpenWorkshiftDialog::templateSelected);
 }
-
-void OpenWorkshiftDialog::setShiftsTable(CModelTable* table)
-{
-    setTable(LogbookTable::Shifts, table);
-}
-
-void OpenWorkshiftDialog::setOrganizationsTable(CModelTable* table)
-{
-    setTable(LogbookTable::Organizations, table);
-}
-
-void OpenWorkshiftDialog::showEditor(const QString&, unsigned int) {}
 
 QDateTime OpenWorkshiftDialog::start() const
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LogbookTables.h"
 #include "WorkshiftDialog.h"
 
 #include <memory>
@@ -24,8 +25,8 @@ public:
     ~OpenWorkshiftDialog() override;
 
     void setOrganizationKey(const QString& key) { m_organizationKey = key; }
-    void setShiftsTable(CModelTable* table);
-    void setOrganizationsTable(CModelTable* table);
+    void setShiftsTable(CModelTable* table) { setTable(LogbookTable::Shifts, table); }
+    void setOrganizationsTable(CModelTable* table) { setTable(LogbookTable::Organizations, table); }
 
     /// The occurrence of a shift today: its bounds are times of day; it ends tomorrow if it passes
     /// midnight. \a now is the session's time.
@@ -33,8 +34,6 @@ public:
 
 public slots:
     void apply();
-    /// Deliberately empty: parameters are edited inside the filler.
-    void showEditor(const QString& parameterName, unsigned int index);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -52,7 +51,7 @@ private:
     bool isOver(const KeptTexts::Values& kept) const override;
     void chooseTimes(const KeptTexts::Values& kept) override;
     void setInterval(const std::pair<QDateTime, QDateTime>& interval);
-    void updateStateControls();
+    void updateStateControls() override;
     void templateSelected();
 
     // OpenWorkshiftDialog_autofill.cpp

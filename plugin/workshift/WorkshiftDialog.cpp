@@ -20,6 +20,7 @@
 #include <QShortcut>
 #include <QTableWidget>
 #include <QTextCodec>
+#include <QToolButton>
 
 QString logNumber(double number)
 {
@@ -40,28 +41,37 @@ QTextCodec* WorkshiftDialog::codec() const
     return module()->session()->codec();
 }
 
-void WorkshiftDialog::setUpForm(QTableWidget* crew, TemplatesWidget* templates, TemplateFiller* filler,
-                                const QString& property, QPushButton* apply)
+void WorkshiftDialog::setUpForm(const Form& form, const QString& property)
 {
-    m_apply = apply;
+    setWindowIcon(QIcon(QStringLiteral(":/icons/department.png")));
+    form.addWorker->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
+    form.removeWorker->setIcon(QIcon(QStringLiteral(":/icons/delete.png")));
+    form.clearWorkers->setIcon(QIcon(QStringLiteral(":/icons/clear.png")));
+    connect(form.addWorker, &QToolButton::clicked, this, &WorkshiftDialog::addWorker);
+    connect(form.removeWorker, &QToolButton::clicked, this, &WorkshiftDialog::removeWorkers);
+    connect(form.clearWorkers, &QToolButton::clicked, this, &WorkshiftDialog::clearWorkers);
+    connect(form.cancel, &QPushButton::clicked, this, &WorkshiftDialog::close);
+    m_apply = form.apply;
     for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter})
         connect(new QShortcut(Qt::CTRL | enter, this), &QShortcut::activated, this,
                 &WorkshiftDialog::applyByKey);
-    m_crewView = crew;
-    m_crew = new CrewTable(crew, module()->session(), this);
-    m_templates = templates;
+    m_crewView = form.crew;
+    m_crew = new CrewTable(form.crew, module()->session(), this);
+    m_templates = form.templates;
     m_templates->setTextCodec(codec());
     m_templates->setTemplateProps({property}, true);
     m_property = property;
-    m_filler = filler;
+    m_filler = form.filler;
     m_filler->setModule(module());
     m_filler->setOrientation(Qt::Vertical);
+    connect(m_filler, &TemplateFiller::templateChanged, this, &WorkshiftDialog::updateStateControls);
+    connect(m_filler, &TemplateFiller::requestEditor, this, &WorkshiftDialog::showEditor);
     m_kept = new KeptChoice(this, tr("Не записано: %1."),
                             {[this] { return chosen(); },
                              [this](const KeptTexts::Values& kept) { return isOver(kept); },
                              [this](const KeptTexts::Values& kept) { choose(kept); }});
-    connect(crew->model(), &QAbstractItemModel::rowsInserted, m_kept, &KeptChoice::touch);
-    connect(crew->model(), &QAbstractItemModel::rowsRemoved, m_kept, &KeptChoice::touch);
+    connect(form.crew->model(), &QAbstractItemModel::rowsInserted, m_kept, &KeptChoice::touch);
+    connect(form.crew->model(), &QAbstractItemModel::rowsRemoved, m_kept, &KeptChoice::touch);
 }
 
 void WorkshiftDialog::setDepartmentKey(const QString& key)
@@ -130,6 +140,8 @@ void WorkshiftDialog::MessageData(TEventNciParse* event)
 {
     m_filler->MessageData(event);
 }
+
+void WorkshiftDialog::showEditor(const QString&, unsigned int) {}
 
 void WorkshiftDialog::reloadTemplates()
 {

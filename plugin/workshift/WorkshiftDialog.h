@@ -16,6 +16,7 @@ class OrgStructDialog;
 class QPushButton;
 class QTableWidget;
 class QTextCodec;
+class QToolButton;
 class TemplateFiller;
 class TemplatesWidget;
 struct TEventNciParse;
@@ -55,6 +56,10 @@ public:
         return QStringLiteral("shift/%1/%2").arg(property, department);
     }
 
+public slots:
+    /// Deliberately empty: parameters are edited inside the filler.
+    void showEditor(const QString& parameterName, unsigned int index);
+
 signals:
     /// Deliberate: nobody is connected; the log and the host's status line report a failure.
     void error(const QString& title, const QString& message);
@@ -62,10 +67,19 @@ signals:
 protected:
     WorkshiftDialog(QWidget* parent, int flag);
 
-    /// Connects the shared parts to the form of the derived dialog; templates must have the property \a
-    /// property, and Ctrl+Enter presses the button \a apply.
-    void setUpForm(QTableWidget* crew, TemplatesWidget* templates, TemplateFiller* filler,
-                   const QString& property, QPushButton* apply);
+    /// The shared parts of a derived dialog's form.
+    struct Form {
+        QTableWidget* crew;
+        QToolButton* addWorker;
+        QToolButton* removeWorker;
+        QToolButton* clearWorkers;
+        TemplatesWidget* templates;
+        TemplateFiller* filler;
+        QPushButton* cancel;
+        QPushButton* apply; ///< pressed by Ctrl+Enter
+    };
+    /// Connects them; templates must have the property \a property.
+    void setUpForm(const Form& form, const QString& property);
     /// The widget outside the text that must be corrected before the button can be pressed; null if none.
     virtual QWidget* wrongField() const { return nullptr; }
     /// The times and the crew that the user has chosen; no values if they are unchanged.
@@ -96,6 +110,7 @@ protected:
     /// Resets the crew to that of a fresh dialog.
     virtual void clearWorkers() = 0;
     virtual void updateWorkshiftControls() = 0;
+    virtual void updateStateControls() = 0;
 
     /// Adds the crew as rows of LogbookWorkersWorkshift, one for each worker.
     void addCrewRows(CRowBatch& batch, const QByteArray& workshiftKey, bool opening) const;
