@@ -6,6 +6,7 @@
 #include "MDRValues.h"
 #include "RecordList.h"
 #include "RecordRules.h"
+#include "Row.h"
 #include "TEventNciParse.h"
 #include "UnfinishedFilter.h"
 #include "VrkTableProxyModel.h"
@@ -25,22 +26,13 @@ const char kindsKey[] = "Unfinished/kinds";
 constexpr int secondsADay = 24 * 3600;
 constexpr int allKinds = RecordRules::ExecutionTime | RecordRules::SecondMarker | RecordRules::Approval;
 
-MDRVar value(const CMDArray& array, const MDRData* record, const char* field)
-{
-    MDRVar found = MDRValue::null();
-    array.GetVal(record, field, found);
-    return found;
-}
-
-int lacksOf(const CMDArray& array, const MDRData* record, bool isShiftClosed)
+int lacksOf(const Row& record, bool isShiftClosed)
 {
     RecordRules::State state;
-    const QByteArray html = MDRValue::bytes(value(array, record, Field::html));
-    state.html.assign(html.constData(), static_cast<std::size_t>(html.size()));
-    const MDRVar status = value(array, record, Field::status);
-    state.status = status.isNull ? StatusDeleted : status.value.number;
-    state.hasExecutionTime = MDRValue::hasTime(value(array, record, Field::executionTime));
-    state.hasSecondMark = MDRValue::hasTime(value(array, record, Field::secondMarkTime));
+    state.html = record.bytes(Field::html).toStdString();
+    state.status = record.number(Field::status, StatusDeleted);
+    state.hasExecutionTime = record.has(Field::executionTime);
+    state.hasSecondMark = record.has(Field::secondMarkTime);
     state.isShiftClosed = isShiftClosed;
     return RecordRules::lacksOf(state);
 }
@@ -203,18 +195,15 @@ void CVrkUnfinished::reload()
     MDACreate(&judged.array, 0);
     MDACopy(judged.array, m_list->records().array, 0);
     for (int i = 0; i < answer.RecCount(); ++i) {
-        const MDRData* row = MDARec(answer.array, 0, i);
-        Shift& of = m_shifts[MDRValue::copy(value(answer, row, Field::ShiftKey))];
-        of.isOurs = true;
-        of.isClosed = MDRValue::hasText(value(answer, row, Field::CloseWorkerKey));
-        of.startTime = value(answer, row, Field::startTime).value.real;
-        of.endTime = value(answer, row, Field::endTime).value.real;
+        const Row row(MDARec(answer.array, 0, i));
+        Shift& of = m_shifts[row.copy(Field::ShiftKey)];
+        of = shiftOf(row);
         MDRData* record = MDARecNew(judged.array);
         for (int number = 0; number < MDAFldCount(judged.array) - 1; ++number) {
-            const MDRVar one = value(answer, row, MDRFldByNum(judged.array, number)->name);
+            const MDRVar one = row.value(MDRFldByNum(judged.array, number)->name);
             MDRSetVal(MDRFldByNum(judged.array, number), record, &one);
         }
-        const int lacks = lacksOf(judged, record, of.isClosed);
+        const int lacks = lacksOf(Row(record), of.isClosed);
         judged.SetValF(record, Field::lacks, MDRValue::number(lacks));
         if (lacks)
             judged.RecPost(record);
@@ -265,10 +254,10 @@ void CVrkUnfinished::recordEvent(const TEventNciParse& event)
 void CVrkUnfinished::take(MDRData* record)
 {
     CMDArray& records = m_list->records();
-    const QByteArray shiftKey = MDRValue::copy(value(records, record, Field::ShiftKey));
-    const Shift of = shift(shiftKey);
-    const bool isListed = of.isOurs && value(records, record, Field::recordTime).value.real >= firstTime();
-    const int lacks = isListed ? lacksOf(records, record, of.isClosed) : 0;
+    const Row row(record);
+    const Shift of = shift(row.copy(Field::ShiftKey));
+    const bool isListed = of.isOurs && row.time(Field::recordTime) >= firstTime();
+    const int lacks = isListed ? lacksOf(row, of.isClosed) : 0;
     if (lacks == 0) {
         MDARecDel(record);
         return;
@@ -278,6 +267,12 @@ void CVrkUnfinished::take(MDRData* record)
     records.SetValF(record, Field::endTime, MDRValue::real(of.endTime));
     records.SetValF(record, Field::lacks, MDRValue::number(lacks));
     m_list->add(record);
+}
+
+CVrkUnfinished::Shift CVrkUnfinished::shiftOf(const Row& row) const
+{
+    return {row.bytes(Field::DepartmentKey) == m_departmentKey, row.has(Field::CloseWorkerKey),
+            row.time(Field::startTime), row.time(Field::endTime)};
 }
 
 CVrkUnfinished::Shift CVrkUnfinished::shift(const QByteArray& key)
@@ -290,13 +285,8 @@ CVrkUnfinished::Shift CVrkUnfinished::shift(const QByteArray& key)
     Shift of;
     if (!answer.array) // read again at the next event
         return of;
-    if (answer.RecCount() > 0) {
-        const MDRData* row = MDARec(answer.array, 0, 0);
-        of.isOurs = MDRValue::bytes(value(answer, row, Field::DepartmentKey)) == m_departmentKey;
-        of.isClosed = MDRValue::hasText(value(answer, row, Field::CloseWorkerKey));
-        of.startTime = value(answer, row, Field::startTime).value.real;
-        of.endTime = value(answer, row, Field::endTime).value.real;
-    }
+    if (answer.RecCount() > 0)
+        of = shiftOf(Row(MDARec(answer.array, 0, 0)));
     m_shifts.insert(key, of);
     return of;
 }
@@ -317,8 +307,7 @@ void CVrkUnfinished::shiftEvent(const TEventNciParse& event)
         select(QStringLiteral("R.ShiftKey = '%1'").arg(QString::fromUtf8(key))).toUtf8());
     for (int i = 0; i < answer.RecCount(); ++i) {
         const MDRData* row = MDARec(answer.array, 0, i);
-        const QByteArray recordKey = MDRValue::copy(value(answer, row, Field::KeyLink));
-        if (!m_list->contains(recordKey))
+        if (!m_list->contains(Row(row).key()))
             take(m_list->made(answer.array, row));
     }
     showCounts();
@@ -331,7 +320,7 @@ void CVrkUnfinished::showCounts()
     int counts[3] = {};
     const CMDArray& records = m_list->records();
     for (int row = 0; row < records.RecCount(); ++row) {
-        const int lacks = value(records, MDARec(records.array, 0, row), Field::lacks).value.number;
+        const int lacks = Row(MDARec(records.array, 0, row)).number(Field::lacks, 0);
         for (int i = 0; i < m_kinds.size(); ++i)
             counts[i] += lacks & (1 << i) ? 1 : 0;
     }

@@ -11,6 +11,7 @@ class QLabel;
 class QSpinBox;
 class QToolButton;
 class RecordList;
+class Row;
 class UnfinishedFilter;
 struct TEventNciParse;
 
@@ -49,6 +50,7 @@ private:
     void take(MDRData* record);
     void recordEvent(const TEventNciParse& event);
     void shiftEvent(const TEventNciParse& event);
+    Shift shiftOf(const Row& row) const;
     /// The shift belongs to another department, also if the server cannot be asked.
     Shift shift(const QByteArray& key);
     /// Start of the listed period.

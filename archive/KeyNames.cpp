@@ -4,12 +4,10 @@
 #include "CToolLiteModel.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
-#include "Fields.h"
 #include "HfnWrapper.h"
-#include "MDRValues.h"
+#include "Row.h"
 
 #include <algorithm>
-#include <QTextCodec>
 
 KeyNames::KeyNames() = default;
 KeyNames::~KeyNames() = default;
@@ -41,18 +39,7 @@ QString KeyNames::workerName(const QByteArray& key) const
 
 QString KeyNames::departmentName(const QByteArray& key) const
 {
-    return text(m_departments, key, Field::name_);
-}
-
-QString KeyNames::text(CModelTable* table, const QByteArray& key, const char* field) const
-{
-    const MDRVar value = MDRValue::text(key);
-    const MDRData* row = table && !key.isEmpty() ? MDARecSeekV(table->data.array, 0, &value, 0) : nullptr;
-    MDRVar found;
-    if (!row)
-        return QString();
-    table->data.GetVal(row, field, found);
-    return m_module->session()->codec()->toUnicode(MDRValue::bytes(found));
+    return HfnWrapper::nameOf(m_module->session()->codec(), m_departments, QString::fromUtf8(key));
 }
 
 namespace
@@ -71,17 +58,14 @@ QVector<KeyNames::Entry> KeyNames::departments() const
 {
     QVector<Entry> all;
     for (int i = 0; m_departments && i < m_departments->data.RecCount(); ++i) {
-        const MDRData* row = MDARec(m_departments->data.array, 0, i);
-        MDRVar key;
-        MDRVar organization;
-        m_departments->data.GetVal(row, Field::KeyLink, key);
-        m_departments->data.GetVal(row, Field::OrganizationKey, organization);
-        const QByteArray departmentKey = MDRValue::copy(key);
-        QString name = departmentName(departmentKey);
-        const QString organizationName = text(m_organizations, MDRValue::copy(organization), Field::name_);
-        if (!organizationName.isEmpty())
-            name += QStringLiteral(", ") + organizationName;
-        all.append({departmentKey, name});
+        const Row row(MDARec(m_departments->data.array, 0, i));
+        const QTextCodec* codec = m_module->session()->codec();
+        QString name = row.text(Field::name_, codec);
+        const QString organization =
+            HfnWrapper::nameOf(codec, m_organizations, row.text(Field::OrganizationKey, codec));
+        if (!organization.isEmpty())
+            name += QStringLiteral(", ") + organization;
+        all.append({row.key(), name});
     }
     sort(&all);
     return all;
@@ -91,17 +75,14 @@ QVector<KeyNames::Entry> KeyNames::workers(const QByteArray& departmentKey) cons
 {
     QVector<Entry> all;
     for (int i = 0; m_workers && i < m_workers->data.RecCount(); ++i) {
-        const MDRData* row = MDARec(m_workers->data.array, 0, i);
-        MDRVar key;
-        MDRVar department;
-        m_workers->data.GetVal(row, Field::KeyLink, key);
-        m_workers->data.GetVal(row, Field::DepartmentKey, department);
-        if (!departmentKey.isEmpty() && MDRValue::copy(department) != departmentKey)
+        const Row row(MDARec(m_workers->data.array, 0, i));
+        const QByteArray department = row.copy(Field::DepartmentKey);
+        if (!departmentKey.isEmpty() && department != departmentKey)
             continue;
-        QString name = workerName(MDRValue::copy(key));
+        QString name = workerName(row.key());
         if (departmentKey.isEmpty()) // a person may work in several departments
-            name += QStringLiteral(", ") + departmentName(MDRValue::copy(department));
-        all.append({MDRValue::copy(key), name});
+            name += QStringLiteral(", ") + departmentName(department);
+        all.append({row.key(), name});
     }
     sort(&all);
     return all;

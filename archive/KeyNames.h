@@ -35,8 +35,6 @@ public:
     QVector<Entry> workers(const QByteArray& departmentKey) const;
 
 private:
-    QString text(CModelTable* table, const QByteArray& key, const char* field) const;
-
     CVrkCliMod* m_module = nullptr;
     std::unique_ptr<CLiteModel> m_model;
     CModelTable* m_workers = nullptr;

@@ -1,6 +1,7 @@
 #include "RecordList.h"
 
 #include "AbstractHfnCellConversion.h"
+#include "CModelTable.h"
 #include "CVrkCliApp.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
@@ -8,8 +9,8 @@
 #include "KeyNames.h"
 #include "LogbookFields.h"
 #include "MarkedText.h"
-#include "MDRValues.h"
 #include "RecordRules.h"
+#include "Row.h"
 #include "VrkTableProxyModel.h"
 #include "VrkTableTool.h"
 
@@ -32,13 +33,6 @@ const MDRFieldDescr moreFields[] = {
     Field::lacks,
 };
 
-MDRVar valueOf(const AbstractHfnCellData& cell, const char* field)
-{
-    MDRVar value;
-    cell.array->GetVal(cell.record, field, value);
-    return value;
-}
-
 MDRVar own(const AbstractHfnCellData& cell)
 {
     MDRVar value;
@@ -48,8 +42,7 @@ MDRVar own(const AbstractHfnCellData& cell)
 
 bool isDeleted(const AbstractHfnCellData& cell)
 {
-    const MDRVar status = valueOf(cell, Field::status);
-    return !status.isNull && status.value.number == StatusDeleted;
+    return Row(cell.record).number(Field::status, StatusApproved) == StatusDeleted;
 }
 
 /// Deleted records are grey and struck out, like in the journal.
@@ -260,17 +253,7 @@ void RecordList::replace(const MDArray* answer, const QVector<SearchWords::Term>
     m_tool->model()->beginResetModel();
     MDAClearRec(m_records.array);
     m_terms = terms;
-    const int fields = qMin(MDAFldCount(answer), MDAFldCount(m_records.array));
-    for (int i = 0; i < MDAKeyRecCount(answer, 0); ++i) {
-        const MDRData* source = MDARec(answer, 0, i);
-        MDRData* record = MDARecNew(m_records.array);
-        for (int number = 0; number < fields; ++number) {
-            MDRVar value;
-            MDRGetVal(MDRFldByNum(answer, number), source, &value);
-            MDRSetVal(MDRFldByNum(m_records.array, number), record, &value);
-        }
-        m_records.RecPost(record);
-    }
+    MDARecsAppend(m_records.array, answer);
     m_tool->model()->endResetModel();
     const QVariantMap byUser = m_tool->userWidths();
     m_tool->adjustColumnsWidth();
@@ -306,9 +289,7 @@ void RecordList::remove(const QByteArray& recordKey)
 
 MDRData* RecordList::recordOf(const QByteArray& key) const
 {
-    const MDRRange found =
-        key.isEmpty() ? MDRRange() : MDARecsWith(m_records.array, Field::KeyLink, key.constData());
-    return found.count > 0 ? found.data[0] : nullptr;
+    return recordByKeyLink(m_records, key.constData());
 }
 
 bool RecordList::contains(const QByteArray& recordKey) const
@@ -337,10 +318,7 @@ void RecordList::showWhatIsThere()
 
 QByteArray RecordList::currentKey() const
 {
-    MDRVar key;
-    if (const MDRData* record = m_tool ? m_tool->currentRecord() : nullptr)
-        m_records.GetVal(record, Field::KeyLink, key);
-    return MDRValue::copy(key);
+    return Row(m_tool ? m_tool->currentRecord() : nullptr).key();
 }
 
 void RecordList::openCurrent()

@@ -1,6 +1,7 @@
 #include "UnfinishedFilter.h"
 
 #include "RecordList.h"
+#include "Row.h"
 
 void UnfinishedFilter::setKinds(int kinds)
 {
@@ -10,9 +11,7 @@ void UnfinishedFilter::setKinds(int kinds)
     emit enabledChanged(isEnabled()); // proxies with this rule filter again
 }
 
-bool UnfinishedFilter::isAcceptRow(const CMDArray* array, MDRData* record) const
+bool UnfinishedFilter::isAcceptRow(const CMDArray*, MDRData* record) const
 {
-    MDRVar lacks;
-    array->GetVal(record, Field::lacks, lacks);
-    return !isEnabled() || (!lacks.isNull && (lacks.value.number & m_kinds) != 0);
+    return !isEnabled() || (Row(record).number(Field::lacks, 0) & m_kinds) != 0;
 }

@@ -8,7 +8,7 @@
 
 namespace
 {
-MDRData* recordByKey(CModelTable* table, const QString& key)
+MDRData* recordByKey(const CModelTable* table, const QString& key)
 {
     if (!table || key.isEmpty())
         return nullptr;
@@ -47,6 +47,12 @@ QString initial(const QTextCodec* codec, const CModelTable* table, const MDRData
 }
 } // namespace
 
+QString HfnWrapper::nameOf(const QTextCodec* codec, const CModelTable* table, const QString& key)
+{
+    const MDRData* row = recordByKey(table, key);
+    return row ? text(codec, table, row, Field::name_) : QString();
+}
+
 QString HfnWrapper::workerShortName(const QTextCodec* codec, CModelTable* workers, QString workerKey)
 {
     const MDRData* worker = recordByKey(workers, workerKey);
@@ -82,8 +88,7 @@ QString HfnWrapper::workerRoles(const QTextCodec* codec, CModelTable* roles, CMo
         workerRoles->data.GetVal(row, Field::WorkerKey, value);
         if (MDRValue::bytes(value) != key)
             continue;
-        const MDRData* role = recordByKey(roles, text(nullptr, workerRoles, row, Field::RoleKey));
-        const QString name = role ? text(codec, roles, role, Field::name_) : QString();
+        const QString name = nameOf(codec, roles, text(nullptr, workerRoles, row, Field::RoleKey));
         if (!name.isEmpty())
             names.append(name);
     }

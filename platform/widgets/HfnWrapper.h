@@ -6,10 +6,12 @@
 
 class QTextCodec;
 
-/// Texts about workers, read from the tables. A key that is empty or not found, and a missing table, give
-/// an empty text; key 0 of Workers and Roles must be KeyLink.
+/// Names of reference rows, read from the tables. A key that is empty or not found, and a missing table,
+/// give an empty text; key 0 of the tables must be KeyLink.
 namespace HfnWrapper
 {
+/// The field name_ of a row.
+VRK_EXPORT QString nameOf(const QTextCodec* codec, const CModelTable* table, const QString& key);
 /// Surname, then the initials of first name and patronymic, each after a space and followed by a point.
 VRK_EXPORT QString workerShortName(const QTextCodec* codec, CModelTable* workers, QString workerKey);
 /// Surname, first name and patronymic, joined by spaces.

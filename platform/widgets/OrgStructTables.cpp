@@ -4,9 +4,7 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "EventRow.h"
-#include "Fields.h"
 #include "LiveTable.h"
-#include "MDRValues.h"
 
 #include <QSet>
 #include <QTextCodec>
@@ -28,7 +26,7 @@ constexpr Source sources[] = {
 
 void OrgStructTables::load(CVrkCliMod* module)
 {
-    m_codec = module->session() ? module->session()->codec() : nullptr;
+    m_codec = module->session() ? module->session()->codec() : QTextCodec::codecForName("UTF-8");
     CToolLiteModel tool(module);
     for (const Source& source : sources)
         tool.m_names.append(QString::fromLatin1(source.table));
@@ -47,21 +45,7 @@ CModelTable* OrgStructTables::table(int type) const
 
 MDRData* OrgStructTables::record(int type, const QString& key) const
 {
-    const CModelTable* found = table(type);
-    const QByteArray bytes = key.toUtf8();
-    const MDRVar value = MDRValue::text(bytes);
-    return found && !key.isEmpty() ? MDARecSeekV(found->data.array, 0, &value, 0) : nullptr;
-}
-
-QString OrgStructTables::text(int type, const MDRData* record, const char* field) const
-{
-    MDRVar value;
-    table(type)->data.GetVal(record, field, value);
-    if (!MDRValue::hasText(value))
-        return QString();
-    const MDRVar::Text& bytes = value.value.text;
-    return m_codec ? m_codec->toUnicode(bytes.data, bytes.length)
-                   : QString::fromUtf8(bytes.data, bytes.length);
+    return recordByKeyLink(table(type), key.toUtf8().constData());
 }
 
 OrgStructTables::Row OrgStructTables::read(int type, const MDRData* record) const
@@ -69,18 +53,17 @@ OrgStructTables::Row OrgStructTables::read(int type, const MDRData* record) cons
     Row row;
     if (!record)
         return row;
+    const ::Row stored(record);
     row.type = type;
-    row.key = text(type, record, Field::KeyLink);
+    row.key = stored.text(Field::KeyLink, m_codec);
     if (type != OrgStruct::Person) {
-        row.name = text(type, record, Field::name_);
+        row.name = stored.text(Field::name_, m_codec);
         return row;
     }
-    const QStringList parts{text(type, record, Field::lastName), text(type, record, Field::firstName),
-                            text(type, record, Field::patronymicName)};
+    const QStringList parts{stored.text(Field::lastName, m_codec), stored.text(Field::firstName, m_codec),
+                            stored.text(Field::patronymicName, m_codec)};
     row.name = parts.join(QLatin1Char(' ')).simplified();
-    MDRVar deleted;
-    table(type)->data.GetVal(record, Field::deleted_, deleted);
-    row.hidden = deleted.type == mdr_TBool && !deleted.isNull && deleted.value.number != 0;
+    row.hidden = stored.isSet(Field::deleted_);
     return row;
 }
 
@@ -100,18 +83,19 @@ OrgStructTables::Row OrgStructTables::row(int type, const QString& key) const
 
 OrgStructTables::Row OrgStructTables::directParent(int type, const QString& key) const
 {
-    const MDRData* child = record(type, key);
-    if (!child)
+    const MDRData* found = record(type, key);
+    if (!found)
         return Row();
+    const ::Row child(found);
     if (type == OrgStruct::Person)
-        return row(OrgStruct::Department, text(type, child, Field::DepartmentKey));
-    const Row above = type == OrgStruct::OrgType ? Row() : row(type, text(type, child, Field::ParentKey));
+        return row(OrgStruct::Department, child.text(Field::DepartmentKey, m_codec));
+    const Row above = type == OrgStruct::OrgType ? Row() : row(type, child.text(Field::ParentKey, m_codec));
     if (above.type != OrgStruct::None)
         return above;
     if (type == OrgStruct::Department)
-        return row(OrgStruct::Organization, text(type, child, Field::OrganizationKey));
+        return row(OrgStruct::Organization, child.text(Field::OrganizationKey, m_codec));
     if (type == OrgStruct::Organization)
-        return row(OrgStruct::OrgType, text(type, child, Field::OrgTypeKey));
+        return row(OrgStruct::OrgType, child.text(Field::OrgTypeKey, m_codec));
     return Row();
 }
 
@@ -134,13 +118,11 @@ OrgStruct::Worker OrgStructTables::worker(const QString& key) const
     if (!found)
         return worker;
     worker.keyLink = key;
-    worker.lastName = text(OrgStruct::Person, found, Field::lastName);
-    worker.firstName = text(OrgStruct::Person, found, Field::firstName);
-    worker.patronymicName = text(OrgStruct::Person, found, Field::patronymicName);
-    MDRVar group;
-    table(OrgStruct::Person)->data.GetVal(found, Field::safetyGroup, group);
-    if ((group.type == mdr_TInt32 || group.type == mdr_TByte) && !group.isNull)
-        worker.group = group.value.number;
+    const ::Row stored(found);
+    worker.lastName = stored.text(Field::lastName, m_codec);
+    worker.firstName = stored.text(Field::firstName, m_codec);
+    worker.patronymicName = stored.text(Field::patronymicName, m_codec);
+    worker.group = stored.number(Field::safetyGroup, worker.group);
     return worker;
 }
 

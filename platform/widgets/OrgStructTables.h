@@ -40,7 +40,6 @@ public:
 private:
     CModelTable* table(int type) const;
     MDRData* record(int type, const QString& key) const;
-    QString text(int type, const MDRData* record, const char* field) const;
     Row read(int type, const MDRData* record) const;
     Row directParent(int type, const QString& key) const;
 

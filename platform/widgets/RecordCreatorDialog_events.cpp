@@ -196,16 +196,15 @@ QString RecordCreatorDialog::whoAndWhen(const TEventNciParse* event) const
             .constData());
     QString name = tr("другой пользователь");
     QDateTime time = session->HfnTimeToSesTime();
-    if (const MDRData* row = MDARec(answer.array, 0, 0)) {
-        MDRVar value;
-        answer.GetVal(row, Field::name_, value);
-        if (!MDRValue::hasText(value))
-            answer.GetVal(row, Field::login, value);
-        if (MDRValue::hasText(value))
-            name = session->codec()->toUnicode(MDRValue::bytes(value));
-        answer.GetVal(row, "time", value);
-        if (MDRValue::hasTime(value))
-            time = HfnTime_to_DateTime(value.value.real, -1);
+    if (const MDRData* found = MDARec(answer.array, 0, 0)) {
+        const Row row(found);
+        if (row.has(Field::name_))
+            name = row.text(Field::name_, session->codec());
+        else if (row.has(Field::login))
+            name = row.text(Field::login, session->codec());
+        const MDRVar written = row.value("time");
+        if (MDRValue::hasTime(written))
+            time = HfnTime_to_DateTime(written.value.real, -1);
     }
     return tr("%1, %2").arg(name, time.toString(QStringLiteral("hh:mm")));
 }

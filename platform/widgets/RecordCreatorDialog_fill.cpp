@@ -23,19 +23,6 @@ bool isEmpty(const HtmlParser& parser, unsigned index)
     return parser.propertyData(index).empty() &&
            (shown.isEmpty() || shown == ParameterSpec::read(parser, index).label.trimmed());
 }
-
-/// The name of the row with this key, in a table whose key 0 is KeyLink.
-QString nameOf(CModelTable* table, const QString& key, const QTextCodec* codec)
-{
-    if (!table || key.isEmpty())
-        return QString();
-    const QByteArray bytes = key.toUtf8();
-    const MDRVar wanted = MDRValue::text(bytes);
-    MDRVar name;
-    if (const MDRData* record = MDARecSeekV(table->data.array, 0, &wanted, 0))
-        table->data.GetVal(record, Field::name_, name);
-    return codec->toUnicode(MDRValue::bytes(name));
-}
 } // namespace
 
 void RecordCreatorDialog::prefill()
@@ -46,10 +33,10 @@ void RecordCreatorDialog::prefill()
     prefillTime();
     prefillParameter(QStringLiteral("employee_fio"),
                      HfnWrapper::workerFullName(codec, table("Workers"), m_workerKey), m_workerKey);
-    prefillParameter(QStringLiteral("department"), nameOf(table("Departments"), m_departmentKey, codec),
-                     m_departmentKey);
-    prefillParameter(QStringLiteral("organization"), nameOf(table("Organizations"), organization, codec),
-                     organization);
+    prefillParameter(QStringLiteral("department"),
+                     HfnWrapper::nameOf(codec, table("Departments"), m_departmentKey), m_departmentKey);
+    prefillParameter(QStringLiteral("organization"),
+                     HfnWrapper::nameOf(codec, table("Organizations"), organization), organization);
 }
 
 void RecordCreatorDialog::prefillParameter(const QString& name, const QString& text, const QString& key)

@@ -198,10 +198,7 @@ void RecordCreatorDialog::chooseTemplate()
     if (m_restored)
         m_form->noticeBar->hide();
     m_restored = false;
-    MDRVar value;
-    if (chosen)
-        MDRGetVal(MDRFldByName(MDARecArr(chosen), Field::html), chosen, &value);
-    const QString html = m_module->session()->codec()->toUnicode(MDRValue::bytes(value));
+    const QString html = Row(chosen).text(Field::html, m_module->session()->codec());
     {
         QScopedValueRollback<bool> filling(m_filling, true);
         TemplateFiller* filler = m_form->templateFiller;

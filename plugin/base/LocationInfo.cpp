@@ -2,8 +2,7 @@
 
 #include "CModelTable.h"
 #include "CStringParams.h"
-#include "Fields.h"
-#include "MDRValues.h"
+#include "Row.h"
 
 #include <QDebug>
 
@@ -68,41 +67,23 @@ QString LocationInfo::workerKey(const QString& userKey, const QString& departmen
     if (!workers || userKey.isEmpty() || departmentKey.isEmpty())
         return QString();
 
-    const CMDArray& rows = workers->data;
     const QByteArray user = userKey.toUtf8();
     const QByteArray department = departmentKey.toUtf8();
-    MDRVar value;
-    for (int i = 0; i < rows.RecCount(); ++i) {
-        const MDRData* row = MDARec(rows.array, 0, i);
-        rows.GetVal(row, Field::deleted_, value);
-        if (value.type != mdr_TNone && !value.isNull && value.value.number != 0)
+    for (int i = 0; i < workers->data.RecCount(); ++i) {
+        const Row row(MDARec(workers->data.array, 0, i));
+        if (row.isSet(Field::deleted_) || row.bytes(Field::DepartmentKey) != department ||
+            row.bytes(Field::UserKey) != user)
             continue;
-        rows.GetVal(row, Field::DepartmentKey, value);
-        if (MDRValue::bytes(value) != department)
-            continue;
-        rows.GetVal(row, Field::UserKey, value);
-        if (MDRValue::bytes(value) != user)
-            continue;
-        rows.GetVal(row, "keyLink", value);
-        return QString::fromUtf8(MDRValue::copy(value));
+        return QString::fromUtf8(MDRValue::copy(row.value("keyLink")));
     }
     return QString();
 }
 
 QString LocationInfo::orgTypeKey(const QString& organizationKey) const
 {
-    const CModelTable* organizations = table(QStringLiteral("Organizations"));
-    if (!organizations || organizationKey.isEmpty())
-        return QString();
-
-    const QByteArray key = organizationKey.toUtf8();
-    MDRVar value = MDRValue::text(key);
-    const CMDArray& rows = organizations->data;
-    const MDRData* row = MDARecSeekV(rows.array, 0, &value, 0);
-    if (!row)
-        return QString();
-    rows.GetVal(row, Field::OrgTypeKey, value);
-    return QString::fromUtf8(MDRValue::copy(value));
+    const MDRData* row =
+        recordByKeyLink(table(QStringLiteral("Organizations")), organizationKey.toUtf8().constData());
+    return QString::fromUtf8(Row(row).copy(Field::OrgTypeKey));
 }
 
 void LocationInfo::printInfo() const

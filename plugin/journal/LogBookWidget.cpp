@@ -4,6 +4,7 @@
 #include "CVrkCliSes.h"
 #include "EmptyHint.h"
 #include "Filters.h"
+#include "HfnWrapper.h"
 #include "JournalDialogs.h"
 #include "JournalLoader.h"
 #include "LocationInfo.h"
@@ -27,17 +28,6 @@
 
 namespace
 {
-/// The field name_ of the row with this key, or empty.
-QString nameOf(const CModelTable* table, const QString& keyLink, QTextCodec* codec)
-{
-    if (!table)
-        return QString();
-    const QByteArray key = keyLink.toUtf8();
-    MDRVar value = MDRValue::text(key);
-    const MDRData* row = MDARecSeekV(table->data.array, 0, &value, 0);
-    return row ? Row(row).text(Field::name_, codec) : QString();
-}
-
 /// A property of the record's template as text.
 QString templateProperty(const MDRData* record, const char* name, const QTextCodec* codec)
 {
@@ -153,11 +143,11 @@ void LogBookWidget::closeMsgBox(QAbstractButton* button)
 
 QString LogBookWidget::title() const
 {
-    QTextCodec* codec = m_module->session()->codec();
-    const QString department = nameOf(m_location->table(QLatin1String(LogbookTable::Departments)),
-                                      m_location->departmentKey(), codec);
-    const QString organization = nameOf(m_location->table(QLatin1String(LogbookTable::Organizations)),
-                                        m_location->organizationKey(), codec);
+    const auto nameOf = [this](const char* table, const QString& key) {
+        return HfnWrapper::nameOf(m_module->session()->codec(), m_location->table(QLatin1String(table)), key);
+    };
+    const QString department = nameOf(LogbookTable::Departments, m_location->departmentKey());
+    const QString organization = nameOf(LogbookTable::Organizations, m_location->organizationKey());
     return QStringLiteral("%1, %2").arg(department, organization);
 }
 

@@ -18,10 +18,7 @@ QString RecordPane::signature(const char* function) const
 
 MDRData* RecordPane::row(const QString& key) const
 {
-    if (key.isEmpty())
-        return nullptr;
-    const MDRRange found = MDARecsWith(m_source.table->data.array, Field::KeyLink, key.toUtf8().constData());
-    return found.count > 0 ? found.data[0] : nullptr;
+    return recordByKeyLink(m_source.table, key.toUtf8().constData());
 }
 
 bool RecordPane::isMine(const MDRData* row) const

@@ -42,11 +42,9 @@ bool CVrkLogBook::showRecord(const QByteArray& recordKey)
     if (departmentKey == logbook->location()->departmentKey().toUtf8()) {
         m_form->logbooks->setCurrentWidget(logbook);
     } else {
-        const MDRVar key = MDRValue::text(departmentKey);
-        const MDRData* department = MDARecSeekV(m_departments->data.array, 0, &key, 0);
-        const MDRVar organization =
-            department ? Row(department).value(Field::OrganizationKey) : MDRValue::null();
-        appendLogbook(QString::fromUtf8(MDRValue::copy(organization)), QString::fromUtf8(departmentKey));
+        const Row department(recordByKeyLink(m_departments, departmentKey.constData()));
+        appendLogbook(QString::fromUtf8(department.copy(Field::OrganizationKey)),
+                      QString::fromUtf8(departmentKey));
         logbook = currentLogBook();
     }
     const bool isShown = logbook->showRecord(QString::fromUtf8(Row(row).key()), recordKey);

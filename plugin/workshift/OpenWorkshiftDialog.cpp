@@ -146,13 +146,9 @@ void OpenWorkshiftDialog::changeSelectedShift()
 
     const QTableWidgetItem* item = m_form->shiftsTable->item(m_form->shiftsTable->currentRow(), 1);
     const QByteArray key = item ? item->data(Qt::UserRole).toString().toLatin1() : QByteArray();
-    CModelTable* shifts = table(QLatin1String(LogbookTable::Shifts));
-    if (!key.isEmpty() && shifts) {
-        const MDRVar wanted = MDRValue::text(key);
-        if (const MDRData* shift = MDARecSeekV(shifts->data.array, 0, &wanted, 0))
-            interval = toCurrentInterval(Row(shift).value(Field::startTime).value.real,
-                                         Row(shift).value(Field::endTime).value.real, now);
-    }
+    if (const MDRData* shift = recordByKeyLink(table(QLatin1String(LogbookTable::Shifts)), key.constData()))
+        interval = toCurrentInterval(Row(shift).value(Field::startTime).value.real,
+                                     Row(shift).value(Field::endTime).value.real, now);
     setInterval(interval);
 }
 

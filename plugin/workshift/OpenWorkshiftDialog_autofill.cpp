@@ -59,16 +59,13 @@ void OpenWorkshiftDialog::autoFillNamed(const QString& parameter, const char* ta
     CModelTable* rows = table(QLatin1String(tableName));
     if (found.isEmpty() || key.isEmpty() || !rows)
         return;
-    const QByteArray bytes = key.toUtf8();
-    const MDRVar wanted = MDRValue::text(bytes);
-    const MDRData* row = MDARecSeekV(rows->data.array, 0, &wanted, 0);
+    const MDRData* row = recordByKeyLink(rows, key.toUtf8().constData());
     if (!row) {
         LogText::warn(signature, LogText::fill(notFound, {key}));
         return;
     }
-    const MDRVar name = Row(row).value(Field::name_);
-    if (MDRValue::hasText(name))
-        m_filler->setParameterValue(found.constFirst(), codec()->toUnicode(MDRValue::bytes(name)), key);
+    if (Row(row).has(Field::name_))
+        m_filler->setParameterValue(found.constFirst(), Row(row).text(Field::name_, codec()), key);
 }
 
 void OpenWorkshiftDialog::autoFillDepartment()
