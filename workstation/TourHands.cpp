@@ -128,6 +128,21 @@ bool TourHands::answer(QWidget* box, const QString& text)
     return false;
 }
 
+bool TourHands::click(const QWidget* window, const char* name)
+{
+    auto* button = window->findChild<QAbstractButton*>(QLatin1String(name));
+    if (!button || !button->isEnabled())
+        return false;
+    button->click();
+    settle();
+    return true;
+}
+
+QWidget* TourHands::openedBy(const QWidget* window, const char* button, const char* className)
+{
+    return click(window, button) ? visibleDialog(className) : nullptr;
+}
+
 bool TourHands::trigger(QWidget* window, const char* action)
 {
     auto* entry = window->findChild<QAction*>(QLatin1String(action));

@@ -36,6 +36,10 @@ void showMidnight(QWidget* window);
 
 /// Presses a button of a message box or dialog by its text.
 bool answer(QWidget* box, const QString& text);
+/// Presses a button by its object name; false if it is missing or disabled.
+bool click(const QWidget* window, const char* button);
+/// The window of this class that a button opens, or null.
+QWidget* openedBy(const QWidget* window, const char* button, const char* className);
 /// Triggers an entry of the menu of a tool bar button; false if it is disabled.
 bool trigger(QWidget* window, const char* action);
 /// Types values into the filler's editors, starting at the one with the focus: Enter takes a suggestion,

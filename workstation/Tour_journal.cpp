@@ -27,9 +27,7 @@ bool Tour::sceneWindow(CVrkCliMod* window)
 
 bool Tour::sceneNewRecord(CVrkCliMod* window)
 {
-    window->findChild<QToolButton*>(QStringLiteral("createButton"))->click();
-    settle();
-    QWidget* dialog = visibleDialog("RecordCreatorDialog");
+    QWidget* dialog = openedBy(window, "createButton", "RecordCreatorDialog");
     if (!dialog)
         return fail(tr("Окно новой записи не открылось."));
     type(dialog, tr("обнаружен"));
@@ -67,9 +65,7 @@ bool Tour::sceneApproval(CVrkCliMod* window)
 {
     if (!selectRecord(window, tr("течь масла")))
         return fail(tr("Черновик не найден."));
-    window->findChild<QToolButton*>(QStringLiteral("approveButton"))->click();
-    settle();
-    QWidget* box = visibleDialog("CPopMessageBox");
+    QWidget* box = openedBy(window, "approveButton", "CPopMessageBox");
     if (!box)
         return fail(tr("Предупреждение при утверждении не показано."));
     picture(tr("Утверждение: шаблон требует времени выполнения, журнал предупреждает."));
@@ -96,9 +92,7 @@ bool Tour::sceneVisa(CVrkCliMod* window)
 
 bool Tour::sceneDeletion(CVrkCliMod* window)
 {
-    window->findChild<QToolButton*>(QStringLiteral("deleteButton"))->click();
-    settle();
-    QWidget* box = visibleDialog("CPopMessageBox");
+    QWidget* box = openedBy(window, "deleteButton", "CPopMessageBox");
     if (!box)
         return fail(tr("Вопрос об удалении не показан."));
     picture(tr("Утверждённая запись удаляется только после вопроса."));
@@ -126,8 +120,7 @@ bool Tour::sceneReading(CVrkCliMod* window)
 
 bool Tour::sceneSearch(CVrkCliMod* window)
 {
-    window->findChild<QToolButton*>(QStringLiteral("searchButton"))->click();
-    settle();
+    click(window, "searchButton");
     auto* edit = home(window)->findChild<QLineEdit*>(QStringLiteral("searchEdit"));
     if (!edit || !edit->isVisible())
         return fail(tr("Строка поиска не открылась."));
@@ -163,14 +156,12 @@ bool Tour::sceneMarks(CVrkCliMod* window)
 
 bool Tour::sceneExecution(CVrkCliMod* window)
 {
-    auto* button = window->findChild<QToolButton*>(QStringLiteral("executionButton"));
+    const auto* button = window->findChild<QToolButton*>(QStringLiteral("executionButton"));
     const auto* approve = window->findChild<QAction*>(QStringLiteral("approveRecordAction"));
     const auto isApproved = [&] { return button->isEnabled() && !approve->isEnabled(); };
     if (!selectRecord(window, tr("Не выполнено"), isApproved))
         return fail(tr("Невыполненное распоряжение не найдено."));
-    button->click();
-    settle();
-    QWidget* dialog = visibleDialog("TimeExecutionDialog");
+    QWidget* dialog = openedBy(window, "executionButton", "TimeExecutionDialog");
     if (!dialog)
         return fail(tr("Окно времени выполнения не открылось."));
     picture(tr("Время выполнения распоряжения."));
@@ -196,8 +187,7 @@ bool Tour::sceneComments(CVrkCliMod* window)
 {
     if (!selectRecord(window, tr("Место повреждения по прибору")))
         return fail(tr("Запись об аварии не найдена."));
-    home(window)->findChild<QToolButton*>(QStringLiteral("createCommentButton"))->click();
-    QWidget* dialog = visibleDialog("CommentCreatorDialog");
+    QWidget* dialog = openedBy(home(window), "createCommentButton", "CommentCreatorDialog");
     if (!dialog)
         return fail(tr("Окно комментария не открылось."));
     dialog->findChild<QTextEdit*>(QStringLiteral("commentEdit"))->setFocus();
@@ -228,15 +218,11 @@ bool Tour::sceneFiles(CVrkCliMod* window)
 
 bool Tour::sceneReport(CVrkCliMod* window)
 {
-    window->findChild<QToolButton*>(QStringLiteral("reportButton"))->click();
-    settle();
-    QWidget* report = visibleDialog("ReportDialog");
+    QWidget* report = openedBy(window, "reportButton", "ReportDialog");
     if (!report)
         return fail(tr("Окно отчёта не открылось."));
     picture(tr("Отчёт (Ctrl+P): записи, которые видны в журнале."));
-    report->findChild<QAbstractButton*>(QStringLiteral("printButton"))->click();
-    settle();
-    QWidget* preview = visibleDialog("VrkPreviewWindow");
+    QWidget* preview = openedBy(report, "printButton", "VrkPreviewWindow");
     if (!preview)
         return fail(tr("Просмотр не открылся."));
     picture(tr("Просмотр страниц: так отчёт печатается и сохраняется в PDF."));

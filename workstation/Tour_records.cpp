@@ -13,20 +13,6 @@
 
 using namespace TourHands;
 
-namespace
-{
-bool click(const QWidget* parent, const char* name)
-{
-    auto* button = parent->findChild<QAbstractButton*>(QLatin1String(name));
-    if (!button || !button->isEnabled())
-        return false;
-    button->click();
-    settle();
-    return true;
-}
-
-} // namespace
-
 bool Tour::sceneCopying(CVrkCliMod* window)
 {
     const int before = records(window)->model()->rowCount();

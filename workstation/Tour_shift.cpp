@@ -77,9 +77,7 @@ bool Tour::sceneLostStore(CVrkCliMod* window)
 {
     const auto* connection = window->findChild<QLabel*>(QStringLiteral("connectionLabel"));
     const QString connected = connection->text();
-    window->findChild<QToolButton*>(QStringLiteral("createButton"))->click();
-    settle();
-    QWidget* dialog = visibleDialog("RecordCreatorDialog");
+    QWidget* dialog = openedBy(window, "createButton", "RecordCreatorDialog");
     if (!dialog)
         return fail(tr("Окно новой записи не открылось."));
     type(dialog, tr("обнаружен"));
@@ -137,8 +135,7 @@ bool Tour::sceneHandover(CVrkCliMod* window)
     if (!dialog)
         return fail(tr("Окно закрытия смены не открылось."));
     for (const char* name : {"Горин", "Ручьёва"}) {
-        dialog->findChild<QToolButton*>(QStringLiteral("addWorkerButton"))->click();
-        settle();
+        click(dialog, "addWorkerButton");
         if (!chooseWorker(tr(name)))
             return fail(tr("Принимающий смену не выбран."));
     }
@@ -181,8 +178,7 @@ bool Tour::sceneOpening(CVrkCliMod* window)
     QWidget* dialog = visibleDialog("OpenWorkshiftDialog");
     if (!dialog)
         return fail(tr("Окно открытия смены не открылось."));
-    dialog->findChild<QToolButton*>(QStringLiteral("addWorkerButton"))->click();
-    settle();
+    click(dialog, "addWorkerButton");
     if (!chooseWorker(tr("Ручьёва")))
         return fail(tr("Второй диспетчер смены не выбран."));
     if (!chooseOwnTemplate(dialog))

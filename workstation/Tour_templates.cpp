@@ -177,9 +177,7 @@ bool Tour::chooseOwnTemplate(QWidget* dialog)
 
 bool Tour::sceneConvertedRecord(CVrkCliMod* journal)
 {
-    journal->findChild<QToolButton*>(QStringLiteral("createButton"))->click();
-    settle();
-    QWidget* dialog = visibleDialog("RecordCreatorDialog");
+    QWidget* dialog = openedBy(journal, "createButton", "RecordCreatorDialog");
     if (!dialog)
         return fail(tr("Окно новой записи не открылось."));
     type(dialog, convertedTemplate());
