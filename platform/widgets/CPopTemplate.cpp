@@ -1,5 +1,6 @@
 #include "CPopTemplate.h"
 
+#include "CVrkCliMod.h"
 #include "PopGuard.h"
 
 #include <QApplication>
@@ -55,6 +56,11 @@ void CPopTemplate::setGuarding(bool guarding)
         m_guard->raise();
     else if (!guarding && m_guard)
         m_guard->lower();
+}
+
+CVrkCliMod* CPopTemplate::module() const
+{
+    return qobject_cast<CVrkCliMod*>(parent());
 }
 
 bool CPopTemplate::event(QEvent* event)

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QWidget>
 
+class CVrkCliMod;
 class PopGuard;
 
 /// Base of all dialogs: a pop-up over the module's window. It is a separate window, not modal, with its
@@ -33,6 +34,8 @@ public:
     void setGuarding(bool guarding);
 
 protected:
+    /// The module that is the parent; null for another parent.
+    CVrkCliMod* module() const;
     bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;

@@ -54,7 +54,7 @@ void MarkTimeDialog::keyPressEvent(QKeyEvent* event)
 void MarkTimeDialog::showEvent(QShowEvent* event)
 {
     // The radio button keeps the state of the last use.
-    const QDateTime now = static_cast<CVrkCliMod*>(parent())->session()->HfnTimeToSesTime();
+    const QDateTime now = module()->session()->HfnTimeToSesTime();
     m_controls.date->setFocus();
     m_controls.date->setDate(now.date());
     m_controls.time->setTime(now.time());

@@ -72,7 +72,7 @@ void ReportDialog::setWorkersTable(CModelTable* table)
 
 void ReportDialog::createTableColumns()
 {
-    CVrkCliSes* session = static_cast<CVrkCliMod*>(parent())->session();
+    CVrkCliSes* session = module()->session();
     auto* color = new ColorCell(this);
     auto* time = new DateTimeCell(QStringLiteral("hh:mm"), session, this);
     auto* worker = new WorkerCell(m_workers, this);

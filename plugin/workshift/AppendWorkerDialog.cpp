@@ -42,7 +42,7 @@ AppendWorkerDialog::AppendWorkerDialog(QWidget* parent, int flag)
     m_form->addButton->setIcon(QIcon(QStringLiteral(":/icons/add.png")));
     m_form->addButton->setToolTip(tr("Добавить сотрудника"));
     m_form->templateLabel->setTextFormat(Qt::RichText);
-    m_crew = new CrewTable(m_form->workersTable, session(), this);
+    m_crew = new CrewTable(m_form->workersTable, module()->session(), this);
     m_crew->setNames(CrewTable::ShortNames);
 
     connect(m_form->templateLabel, &QLabel::linkActivated, this, &AppendWorkerDialog::workerLinkClicked);
@@ -52,11 +52,6 @@ AppendWorkerDialog::AppendWorkerDialog(QWidget* parent, int flag)
 }
 
 AppendWorkerDialog::~AppendWorkerDialog() = default;
-
-CVrkCliSes* AppendWorkerDialog::session() const
-{
-    return static_cast<CVrkCliMod*>(parent())->session();
-}
 
 void AppendWorkerDialog::setWorkshiftRecord(MDRData* record)
 {
@@ -113,9 +108,7 @@ void AppendWorkerDialog::reload()
     if (m_workshiftKey.isEmpty())
         return;
     m_crew->setTables(m_workers, m_roles, m_workerRoles);
-    for (int position = 0; m_crewRows && position < m_crewRows->data.RecCount(); ++position)
-        m_crew->append(
-            QString::fromUtf8(Row(MDARec(m_crewRows->data.array, 0, position)).bytes(Field::WorkerKey)));
+    m_crew->appendRows(m_crewRows);
 }
 
 void AppendWorkerDialog::updateApplyEnabled()
@@ -148,7 +141,7 @@ void AppendWorkerDialog::updateTemplate()
         const auto index = static_cast<unsigned>(position);
         const QByteArray key = Row(MDARec(m_pending.data.array, 0, position)).copy(Field::WorkerKey);
         const QString name =
-            HfnWrapper::workerShortName(session()->codec(), m_workers, QString::fromUtf8(key));
+            HfnWrapper::workerShortName(module()->session()->codec(), m_workers, QString::fromUtf8(key));
         if (!name.isEmpty())
             parser.setDisplayText(index, name.toStdString());
         parser.setPropertyData(index, key.toStdString());
@@ -194,7 +187,8 @@ void AppendWorkerDialog::apply()
 {
     if (m_pending.data.RecCount() == 0)
         return;
-    if (!session()->SqlUpdate(LogbookTable::WorkersWorkshift, m_pending.data.array, true, nullptr)) {
+    if (!module()->session()->SqlUpdate(LogbookTable::WorkersWorkshift, m_pending.data.array, true,
+                                        nullptr)) {
         reportFailure(LogbookTable::WorkersWorkshift);
         return; // the dialog stays open for another attempt
     }
@@ -206,8 +200,8 @@ void AppendWorkerDialog::writeRecord()
 {
     const QByteArray recordKey = GenGuid32();
     const QByteArray workerKey = m_workerKey.toUtf8();
-    const QByteArray html = session()->codec()->fromUnicode(m_form->templateLabel->text());
-    const double now = session()->GetHfnTime();
+    const QByteArray html = module()->session()->codec()->fromUnicode(m_form->templateLabel->text());
+    const double now = module()->session()->GetHfnTime();
     const MDRVar null = MDRValue::null();
 
     CRowBatch batch(LogbookRecordFields);
@@ -225,6 +219,6 @@ void AppendWorkerDialog::writeRecord()
     batch.SetValF(row, Field::status, MDRValue::number(StatusApproved));
     batch.SetValF(row, Field::direction, MDRValue::number(DirectionNone));
     batch.RecPost(row);
-    if (!session()->SqlUpdate(LogbookTable::Records, batch.array, true, nullptr))
+    if (!module()->session()->SqlUpdate(LogbookTable::Records, batch.array, true, nullptr))
         reportFailure(LogbookTable::Records); // the workers stay added
 }

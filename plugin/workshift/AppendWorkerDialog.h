@@ -7,7 +7,6 @@
 #include <memory>
 
 class CrewTable;
-class CVrkCliSes;
 class KeptChoice;
 class OrgStructDialog;
 namespace Ui
@@ -58,7 +57,6 @@ private:
     void writeRecord();
     KeptTexts::Values chosen() const;
     void choose(const KeptTexts::Values& kept);
-    CVrkCliSes* session() const;
 
     OrgStructDialog* m_orgStructDialog = nullptr;
     QString m_departmentKey;

@@ -67,6 +67,12 @@ void CrewTable::append(const QString& workerKey, bool selectable)
     m_view->setItem(row, RolesColumn, rolesItem);
 }
 
+void CrewTable::appendRows(const CModelTable* crew)
+{
+    for (int i = 0; crew && i < crew->data.RecCount(); ++i)
+        append(QString::fromUtf8(Row(MDARec(crew->data.array, 0, i)).bytes(Field::WorkerKey)));
+}
+
 QString CrewTable::shownName(const QString& workerKey) const
 {
     const QTextCodec* codec = m_session->codec();

@@ -31,6 +31,8 @@ public:
     /// Appends a row; an empty key, and a chosen worker without a full name, give a row without cells. \a
     /// selectable false: the row can be neither selected nor removed.
     void append(const QString& workerKey, bool selectable = true);
+    /// Appends the workers of a table LogbookWorkersWorkshift; none without a table.
+    void appendRows(const CModelTable* crew);
     void removeCurrent();
     void clear();
     /// Keys of the rows from top to bottom; rows without cells are skipped.

@@ -31,11 +31,6 @@ WorkshiftDialog::WorkshiftDialog(QWidget* parent, int flag) : CPopTemplate(paren
 
 WorkshiftDialog::~WorkshiftDialog() = default;
 
-CVrkCliMod* WorkshiftDialog::module() const
-{
-    return qobject_cast<CVrkCliMod*>(parent());
-}
-
 QTextCodec* WorkshiftDialog::codec() const
 {
     return module()->session()->codec();

@@ -10,7 +10,6 @@
 class CModelTable;
 class CrewTable;
 class CRowBatch;
-class CVrkCliMod;
 class KeptChoice;
 class OrgStructDialog;
 class QPushButton;
@@ -99,7 +98,6 @@ protected:
     CModelTable* table(const QString& name) const { return m_tables.value(name); }
     void setTable(const char* name, CModelTable* table) { m_tables.insert(QLatin1String(name), table); }
     QTextCodec* codec() const;
-    CVrkCliMod* module() const;
 
     /// Shows a template's text in the filler; \a signature is used in the log line about a template without
     /// text.

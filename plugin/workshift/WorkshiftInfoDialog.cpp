@@ -9,20 +9,12 @@
 #include "RecordValue.h"
 #include "ui_WorkshiftInfoDialog.h"
 
-namespace
-{
-CVrkCliSes* sessionOf(const QObject* dialog)
-{
-    return static_cast<CVrkCliMod*>(dialog->parent())->session();
-}
-} // namespace
-
 WorkshiftInfoDialog::WorkshiftInfoDialog(QWidget* parent, int flag)
     : CPopTemplate(parent, flag), m_form(new Ui::WorkshiftInfoDialog)
 {
     m_form->setupUi(this);
     setWindowIcon(QIcon(QStringLiteral(":/icons/info.png")));
-    m_crew = new CrewTable(m_form->workersTable, sessionOf(this), this);
+    m_crew = new CrewTable(m_form->workersTable, module()->session(), this);
     m_crew->setNames(CrewTable::ShortNames);
     connect(m_form->closeButton, &QPushButton::clicked, this, &WorkshiftInfoDialog::close);
 }
@@ -51,7 +43,7 @@ void WorkshiftInfoDialog::reload()
     if (!workshift)
         return;
 
-    CVrkCliSes* session = sessionOf(this);
+    CVrkCliSes* session = module()->session();
     const auto showTime = [&](QLabel* label, const char* field) {
         label->setText(session->HfnTimeToSesTime(Row(workshift).value(field).value.real)
                            .toString(QStringLiteral("dd.MM.yyyy hh:mm")));
@@ -69,7 +61,5 @@ void WorkshiftInfoDialog::reload()
     showWorker(m_form->closeLabel, m_form->closeValue, Field::CloseWorkerKey);
 
     m_crew->setTables(m_workers, m_roles, m_workerRoles);
-    for (int position = 0; m_crewRows && position < m_crewRows->data.RecCount(); ++position)
-        m_crew->append(
-            QString::fromUtf8(Row(MDARec(m_crewRows->data.array, 0, position)).bytes(Field::WorkerKey)));
+    m_crew->appendRows(m_crewRows);
 }

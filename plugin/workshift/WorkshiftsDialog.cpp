@@ -48,7 +48,7 @@ void WorkshiftsDialog::reloadWorkshifts()
         LogText::warn(signature, QStringLiteral("failed upload workshifts: department keyLink is empty!"));
         return;
     }
-    CVrkCliSes* session = static_cast<CVrkCliMod*>(parent())->session();
+    CVrkCliSes* session = module()->session();
     const QString sql = QString::fromLatin1(LogbookSql::ClosedWorkshifts)
                             .arg(QLatin1String(LogbookTable::Workshifts), QLatin1String(Field::DepartmentKey),
                                  m_departmentKey, QLatin1String(Field::CloseWorkerKey));

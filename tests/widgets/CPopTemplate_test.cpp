@@ -46,6 +46,16 @@ private slots:
         QVERIFY(!s.pop.isVisible());
     }
 
+    void escapeClosesIt()
+    {
+        Setup s;
+        s.pop.show();
+        QTest::keyClick(&s.pop, Qt::Key_Return);
+        QVERIFY(s.pop.isVisible());
+        QTest::keyClick(&s.pop, Qt::Key_Escape);
+        QVERIFY(!s.pop.isVisible());
+    }
+
     void itIsCentredOverTheWindowOfItsParent()
     {
         Setup s;
