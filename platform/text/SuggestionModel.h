@@ -23,7 +23,6 @@ public:
     void setItems(const QVector<ReferenceItem>& items);
     /// Finds only near items, and offers the others with one more row at the end.
     void setNearOnly(bool nearOnly);
-    bool isNearOnly() const { return m_nearOnly; }
     void setQuery(const QString& query);
 
     /// The item of a row; null for the row of the far items.

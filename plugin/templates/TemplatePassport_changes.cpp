@@ -18,9 +18,13 @@ void warnNoTemplate(const char* signature)
     LogText::warn(QLatin1String(signature), QStringLiteral("not found record edited template!"));
 }
 
-std::string toStd(const QByteArray& bytes)
+/// An empty value removes the property.
+void setOrRemove(HtmlParser* parser, const char* property, const QByteArray& value)
 {
-    return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    if (value.isEmpty())
+        parser->removeTemplateProperty(property);
+    else
+        parser->setTemplateProperty(property, value.toStdString());
 }
 } // namespace
 
@@ -111,12 +115,8 @@ void TemplatePassport::templateTimeChanged()
 void TemplatePassport::templateFirstMarkChanged()
 {
     const QByteArray marker = templateFirstMarkEditor()->currentData().toString().toUtf8();
-    propertyChanged("void TemplateTab::templateFirstMarkChanged()", true, [&](HtmlParser* parser) {
-        if (marker.isEmpty())
-            parser->removeTemplateProperty("first_mark");
-        else
-            parser->setTemplateProperty("first_mark", toStd(marker));
-    });
+    propertyChanged("void TemplateTab::templateFirstMarkChanged()", true,
+                    [&](HtmlParser* parser) { setOrRemove(parser, "first_mark", marker); });
     updateTemplateHtml();
 }
 
@@ -124,12 +124,9 @@ void TemplatePassport::templateSecondMarkChanged()
 {
     const QByteArray marker = templateSecondMarkEditor()->currentData().toString().toUtf8();
     propertyChanged("void TemplateTab::templateSecondMarkChanged()", true, [&](HtmlParser* parser) {
-        if (marker.isEmpty()) { // a command needs a marker
-            parser->removeTemplateProperty("second_mark");
+        setOrRemove(parser, "second_mark", marker);
+        if (marker.isEmpty()) // a command needs a marker
             parser->removeTemplateProperty("command");
-        } else {
-            parser->setTemplateProperty("second_mark", toStd(marker));
-        }
     });
     updateTemplateCommand();
     updateTemplateHtml();
@@ -138,11 +135,7 @@ void TemplatePassport::templateSecondMarkChanged()
 void TemplatePassport::templateCommandChanged()
 {
     const QByteArray command = m_source.codec->fromUnicode(templateCommandEditor()->text());
-    propertyChanged("void TemplateTab::templateCommandChanged()", false, [&](HtmlParser* parser) {
-        if (command.isEmpty())
-            parser->removeTemplateProperty("command");
-        else
-            parser->setTemplateProperty("command", toStd(command));
-    });
+    propertyChanged("void TemplateTab::templateCommandChanged()", false,
+                    [&](HtmlParser* parser) { setOrRemove(parser, "command", command); });
     updateTemplateHtml();
 }
