@@ -1,6 +1,7 @@
 #include "PostgresAccess.h"
 
 #include "PgConnection.h"
+#include "SchemaScript.h"
 
 namespace
 {
@@ -11,41 +12,16 @@ const char closedFunctions[] = "(pg_(try_)?advisory_.*|lo_.*|loread|lowrite|pg_l
                                "|pg_export_snapshot|pg_(create|copy)_(logical|physical)_replication_slot"
                                "|pg_drop_replication_slot|pg_replication_slot_advance|pg_logical_slot_.*)";
 
-// PL/pgSQL blocks can do anything a million times in one statement.
-const char closeScript[] =
-    "DO $$ DECLARE thing text; BEGIN\n"
-    "EXECUTE format('REVOKE ALL ON DATABASE %1$I FROM PUBLIC; GRANT CONNECT ON DATABASE %1$I TO "
-    "vrk_client',\n"
-    "    current_database());\n"
-    "FOR thing IN SELECT oid::regprocedure FROM pg_proc WHERE pronamespace = 'pg_catalog'::regnamespace\n"
-    "    AND %closed AND has_function_privilege('public', oid, 'EXECUTE') LOOP\n"
-    "    EXECUTE format('REVOKE EXECUTE ON FUNCTION %s FROM PUBLIC', thing); END LOOP;\n"
-    "IF has_language_privilege('public', 'plpgsql', 'USAGE') THEN\n"
-    "    REVOKE USAGE ON LANGUAGE plpgsql FROM PUBLIC; END IF;\n"
-    "IF NOT has_language_privilege('vrk_owner', 'plpgsql', 'USAGE') THEN\n"
-    "    GRANT USAGE ON LANGUAGE plpgsql TO vrk_owner; END IF;\n"
-    "IF NOT has_function_privilege('vrk_owner', 'pg_notify(text,text)', 'EXECUTE') THEN\n"
-    "    GRANT EXECUTE ON FUNCTION pg_notify(text, text) TO vrk_owner; END IF;\n"
-    "REVOKE CREATE ON SCHEMA public FROM PUBLIC;\n"
-    "END $$";
-
-// Only what a new database grants to everybody: lo_import and lo_export access the server's files and are
-// granted to nobody there.
-const char reopenScript[] =
-    "DO $$ DECLARE thing text; BEGIN\n"
-    "EXECUTE format('REVOKE CONNECT ON DATABASE %1$I FROM vrk_client; '\n"
-    "               'GRANT CONNECT, TEMPORARY ON DATABASE %1$I TO PUBLIC', current_database());\n"
-    "FOR thing IN SELECT oid::regprocedure FROM pg_proc WHERE pronamespace = 'pg_catalog'::regnamespace\n"
-    "    AND %closed AND NOT EXISTS (SELECT 1 FROM pg_init_privs AS I WHERE I.objoid = pg_proc.oid\n"
-    "        AND I.classoid = 'pg_proc'::regclass\n"
-    "        AND NOT EXISTS (SELECT 1 FROM aclexplode(I.initprivs) AS A WHERE A.grantee = 0)) LOOP\n"
-    "    EXECUTE format('GRANT EXECUTE ON FUNCTION %s TO PUBLIC', thing); END LOOP;\n"
-    "GRANT USAGE ON LANGUAGE plpgsql TO PUBLIC;\n"
-    "END $$";
-
-QByteArray script(const char* text)
+QByteArray script(const QByteArray& file)
 {
-    return QByteArray(text).replace("%closed", PostgresAccess::isClosed("proname"));
+    return SchemaScript::file(file).replace("%closed", PostgresAccess::isClosed("proname"));
+}
+
+/// Shown to the administrator in one line, so the file has no remarks. It closes PL/pgSQL, too: its blocks can
+/// do anything a million times in one statement.
+QByteArray closeScript()
+{
+    return script("postgresql-close.sql").trimmed();
 }
 
 QString text(const char* utf8)
@@ -85,7 +61,7 @@ void lookAtFunctions(PgConnection& link, Symptoms* symptoms)
         symptoms->append(
             {text(
                  "Всякому, кого пускает сервер, доступны функции, которыми он может остановить работу всех."),
-             text("Выполните в базе журнала: %1;").arg(QString::fromUtf8(script(closeScript)).simplified())});
+             text("Выполните в базе журнала: %1;").arg(QString::fromUtf8(closeScript()).simplified())});
     const PgResult others =
         link.run("SELECT string_agg(quote_ident(datname), ', ' ORDER BY datname) FROM pg_database "
                  "WHERE datallowconn AND datname <> current_database() "
@@ -108,12 +84,12 @@ QByteArray PostgresAccess::isClosed(const QByteArray& name)
 
 bool PostgresAccess::close(PgConnection& link, StoreError* error)
 {
-    return link.exec(script(closeScript), error);
+    return link.exec(closeScript(), error);
 }
 
 bool PostgresAccess::reopen(PgConnection& link, StoreError* error)
 {
-    return link.exec(script(reopenScript), error);
+    return link.exec(script("postgresql-reopen.sql"), error);
 }
 
 void PostgresAccess::examine(PgConnection& link, Symptoms* symptoms)

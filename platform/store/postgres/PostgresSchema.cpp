@@ -9,16 +9,6 @@
 
 namespace
 {
-// Roles belong to the whole server: another store may have created them.
-const char rolesScript[] = "DO $$ BEGIN\n"
-                           "IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = 'vrk_owner') THEN\n"
-                           "    CREATE ROLE vrk_owner NOLOGIN; END IF;\n"
-                           "IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = 'vrk_client') THEN\n"
-                           "    CREATE ROLE vrk_client NOLOGIN; END IF;\n"
-                           "IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = 'vrk_loader') THEN\n"
-                           "    CREATE ROLE vrk_loader NOLOGIN; END IF;\n"
-                           "END $$;\n"
-                           "GRANT vrk_client TO vrk_loader;\n";
 const char ownerScript[] = "GRANT USAGE, CREATE ON SCHEMA public TO vrk_owner;\n"
                            "SET ROLE vrk_owner;\n";
 
@@ -132,36 +122,22 @@ QByteArray versionSql()
            "') ON CONFLICT (name) DO UPDATE SET value = excluded.value;\n";
 }
 
+QByteArray fillSearchSql()
+{
+    return SchemaScript::file("postgresql-fill-search.sql");
+}
+
 /// Makes the tables of version \a from those of this one, and creates everything else.
 QByteArray objectsSql(int from)
 {
     return SchemaScript::steps(dialect.engine, from) + SchemaScript::definitions(dialect) + grantsSql();
 }
 
-// Triggers are dropped with their functions; one drop may remove others.
-const char dropRulesScript[] =
-    "DO $$ DECLARE thing text; BEGIN\n"
-    "FOREACH thing IN ARRAY (SELECT coalesce(array_agg(oid::regclass::text), '{}') FROM pg_class\n"
-    "    WHERE relnamespace = 'public'::regnamespace AND relkind = 'v') LOOP\n"
-    "    EXECUTE 'DROP VIEW IF EXISTS ' || thing || ' CASCADE'; END LOOP;\n"
-    "FOREACH thing IN ARRAY (SELECT coalesce(array_agg(oid::regprocedure::text), '{}') FROM pg_proc\n"
-    "    WHERE pronamespace = 'public'::regnamespace AND pg_get_userbyid(proowner) = 'vrk_owner') LOOP\n"
-    "    EXECUTE 'DROP FUNCTION IF EXISTS ' || thing || ' CASCADE'; END LOOP;\n"
-    "END $$;\n";
-
-// Nobody writes between the truncation and the end of the transaction.
-const char fillSearchScript[] = "TRUNCATE RecordSearch;\n"
-                                "DROP INDEX IF EXISTS RecordSearch_Words;\n"
-                                "INSERT INTO RecordSearch (recordKey, recordTime, words)\n"
-                                "    SELECT recordKey, recordTime, words FROM SearchSource;\n"
-                                "CREATE INDEX RecordSearch_Words ON RecordSearch USING gin (words)"
-                                " WITH (fastupdate = off);\n"
-                                "ANALYZE RecordSearch;\n";
 } // namespace
 
 bool PostgresSchema::makeRoles(PgConnection& link, StoreError* error)
 {
-    return link.exec(rolesScript, error);
+    return link.exec(SchemaScript::file("postgresql-roles.sql"), error);
 }
 
 namespace
@@ -192,7 +168,8 @@ bool PostgresSchema::beginLogged(PgConnection& link, StoreError* error)
 
 bool PostgresSchema::install(PgConnection& link, StoreError* error)
 {
-    return link.exec(QByteArray(rolesScript) + ownerScript + objectsSql(0) + versionSql() + "RESET ROLE;\n",
+    return link.exec(SchemaScript::file("postgresql-roles.sql") + ownerScript + objectsSql(0) + versionSql() +
+                         "RESET ROLE;\n",
                      error);
 }
 
@@ -209,9 +186,9 @@ bool PostgresSchema::installAside(PgConnection& link, const QByteArray& schema, 
 
 bool PostgresSchema::upgrade(PgConnection& link, int from, StoreError* error)
 {
-    return link.exec(QByteArray("SET ROLE vrk_owner;\n") + dropRulesScript + objectsSql(from) +
-                         (from < 4 ? logOwnRowsSql() : QByteArray()) + versionSql() +
-                         (from < 2 ? fillSearchScript : "") + "RESET ROLE;\n",
+    return link.exec("SET ROLE vrk_owner;\n" + SchemaScript::file("postgresql-drop-rules.sql") +
+                         objectsSql(from) + (from < 4 ? logOwnRowsSql() : QByteArray()) + versionSql() +
+                         (from < 2 ? fillSearchSql() : QByteArray()) + "RESET ROLE;\n",
                      error);
 }
 
@@ -219,7 +196,7 @@ bool PostgresSchema::rebuildSearch(PgConnection& link, StoreError* error)
 {
     return link.exec(
         QByteArray("SET ROLE vrk_owner;\nLOCK TABLE LogbookRecords IN SHARE ROW EXCLUSIVE MODE;\n") +
-            fillSearchScript + "RESET ROLE;\n",
+            fillSearchSql() + "RESET ROLE;\n",
         error);
 }
 
