@@ -57,9 +57,7 @@ Command::ExitCode Command::importSheets(const QStringList& arguments, Streams& s
     if (rest.size() != 2 || rest[1].startsWith(QLatin1Char('-')))
         return WrongUsage;
     StoreError error;
-    Store::Options options;
-    options.loader = true;
-    const auto store = Store::open(rest[0], options, &error);
+    const auto store = StoreAdmin::openLoader(rest[0], &error);
     if (!store)
         return fail(streams, error);
     const StoreZone zone(*store);

@@ -20,9 +20,7 @@ QString typedPassword(Streams& streams)
 bool addWorker(const QString& url, const QString& login, const QString& name, const QString& department,
                StoreError* error)
 {
-    Store::Options options;
-    options.loader = true;
-    const auto store = Store::open(url, options, error);
+    const auto store = StoreAdmin::openLoader(url, error);
     if (!store)
         return false;
     const QStringList names = name.simplified().split(QLatin1Char(' '));

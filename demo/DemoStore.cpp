@@ -20,13 +20,6 @@ namespace
 {
 const char codePage[] = "Windows-1251";
 
-std::unique_ptr<Store> openLoader(const QString& url, StoreError* error)
-{
-    Store::Options options;
-    options.loader = true;
-    return Store::open(url, options, error);
-}
-
 bool refuse(StoreError* error, const QString& text)
 {
     *error = {StoreError::Refused, text, QString()};
@@ -181,7 +174,7 @@ bool goOn(Store* store, const QString& url, qint64 now, StoreError* error)
 
 bool DemoStore::state(const QString& url, qint64 now, State* state, StoreError* error)
 {
-    const std::unique_ptr<Store> store = openLoader(url, error);
+    const std::unique_ptr<Store> store = StoreAdmin::openLoader(url, error);
     if (!store)
         return false;
     DemoState known;
@@ -212,7 +205,7 @@ bool DemoStore::fill(const QString& url, qint64 now, StoreError* error)
         return refuse(error,
                       QStringLiteral("В хранилище уже есть данные: демонстрационный журнал записывается "
                                      "только в пустое."));
-    const std::unique_ptr<Store> store = openLoader(url, error);
+    const std::unique_ptr<Store> store = StoreAdmin::openLoader(url, error);
     if (!store)
         return false;
     const DemoNetwork network;
@@ -239,7 +232,7 @@ bool DemoStore::renew(const QString& url, qint64 now, StoreError* error)
         return refuse(error, QStringLiteral("В хранилище нет демонстрационного журнала."));
     if (present == State::Current)
         return true;
-    const std::unique_ptr<Store> store = openLoader(url, error);
+    const std::unique_ptr<Store> store = StoreAdmin::openLoader(url, error);
     if (!store)
         return false;
     return present == State::Ended ? writeAnew(store.get(), url, now, error)
@@ -286,7 +279,7 @@ bool DemoStore::writeEarlierJournal(const QString& url, qint64 now, int template
         return false;
     if (present == State::Empty || present == State::Foreign)
         return refuse(error, QStringLiteral("В хранилище нет демонстрационного журнала."));
-    const std::unique_ptr<Store> store = openLoader(url, error);
+    const std::unique_ptr<Store> store = StoreAdmin::openLoader(url, error);
     DemoState known;
     ChangePosition before;
     if (!store || !known.read(store.get()) || !store->position(&before, error))

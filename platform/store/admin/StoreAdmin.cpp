@@ -15,6 +15,8 @@
 
 namespace
 {
+constexpr int deadlineOfFilesMs = 60000; // they may be large
+
 /// Calls the operation of the address's engine; false for any other address, with the reason in \a error. An
 /// operation takes the file of a store or the address of a server first, and the error last.
 template <class Result, class... Declared, class... Arguments>
@@ -28,14 +30,6 @@ Result dispatch(Result (*onSqlite)(const QString&, Declared...),
         return Result();
     return parsed.engine == StoreUrl::Sqlite ? onSqlite(parsed.file, arguments..., error)
                                              : onPostgres(url, arguments..., error);
-}
-
-std::unique_ptr<Store> openLoader(const QString& url, StoreError* error)
-{
-    Store::Options options;
-    options.loader = true;
-    options.deadlineMs = 60000; // files may be large
-    return Store::open(url, options, error);
 }
 
 /// The remedy for a store in a file that cannot be opened.
@@ -72,6 +66,14 @@ int StoreAdmin::schemaVersion()
     return SchemaScript::version;
 }
 
+std::unique_ptr<Store> StoreAdmin::openLoader(const QString& url, StoreError* error, int deadlineMs)
+{
+    Store::Options options;
+    options.loader = true;
+    options.deadlineMs = deadlineMs;
+    return Store::open(url, options, error);
+}
+
 bool StoreAdmin::init(const QString& url, const QByteArray& codecName, const QByteArray& timeZone,
                       StoreError* error, const Filling& filling)
 {
@@ -82,7 +84,7 @@ bool StoreAdmin::init(const QString& url, const QByteArray& codecName, const QBy
         return StoreErrors::raise(error, StoreError::BadRequest, "Часовой пояс «%1» неизвестен.",
                                   QString::fromLatin1(timeZone));
     const std::function<bool()> isFilled = [&] {
-        const auto store = filling ? openLoader(url, error) : nullptr;
+        const auto store = filling ? openLoader(url, error, deadlineOfFilesMs) : nullptr;
         return !filling || (store && filling(store.get(), error));
     };
     return dispatch(SqliteAdmin::init, PostgresAdmin::init, url, error, codecName, timeZone, isFilled);
@@ -177,7 +179,7 @@ bool StoreAdmin::restore(const QString& url, const QString& copy, QStringList* n
 bool StoreAdmin::putFile(const QString& url, const QString& folder, const QString& name,
                          const QByteArray& content, StoreError* error)
 {
-    const auto store = openLoader(url, error);
+    const auto store = openLoader(url, error, deadlineOfFilesMs);
     // Without bytes the file would be removed.
     return store && store->writeFile(folder, name, content.isNull() ? QByteArray("") : content, error);
 }
@@ -189,6 +191,6 @@ QStringList StoreAdmin::files(const QString& url, StoreError* error)
 
 bool StoreAdmin::removeFile(const QString& url, const QString& folder, const QString& name, StoreError* error)
 {
-    const auto store = openLoader(url, error);
+    const auto store = openLoader(url, error, deadlineOfFilesMs);
     return store && store->writeFile(folder, name, QByteArray(), error);
 }

@@ -11,6 +11,11 @@ namespace StoreAdmin
 /// Version of the schema that this program writes and reads.
 int schemaVersion();
 
+/// Opens a store in the role of imports, in which the rules of the journal do not apply. Null with \a error on
+/// failure.
+std::unique_ptr<Store> openLoader(const QString& url, StoreError* error,
+                                  int deadlineMs = Store::Options().deadlineMs);
+
 /// Writes the first rows into a new store, which it receives in the role of imports.
 using Filling = std::function<bool(Store* store, StoreError* error)>;
 /// Creates a new store, empty or filled by \a filling; never touches existing data. On failure, no store is

@@ -12,20 +12,12 @@
 
 namespace
 {
-/// Opens a store in the role of imports. Texts of the selects below are keys, logins and names of rights.
-std::unique_ptr<Store> openLoader(const QString& url, StoreError* error)
-{
-    Store::Options options;
-    options.loader = true;
-    return Store::open(url, options, error);
-}
-
 QByteArray quoted(const QByteArray& text)
 {
     return "'" + QByteArray(text).replace("'", "''") + "'";
 }
 
-/// The first field of every row of a select.
+/// The first field of every row of a select: keys, logins and names of rights.
 QVector<QByteArray> column(Store& store, const QByteArray& sql, StoreError* error)
 {
     QVector<QByteArray> values;
