@@ -1,15 +1,8 @@
 #include "Command.h"
 
+#include "AdminText.h"
 #include "StoreAdmin.h"
 #include "StoreError.h"
-
-#include <QFile>
-
-// Outside of any namespace, as the macro requires.
-static void openResources()
-{
-    Q_INIT_RESOURCE(admin);
-}
 
 namespace
 {
@@ -39,11 +32,7 @@ bool isHelp(const QString& argument)
 /// A chapter of help.txt: the lines below its title.
 QString chapter(const char* title)
 {
-    openResources();
-    QFile file(QStringLiteral(":/admin/help.txt"));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("The program has lost its help");
-    const QString text = QLatin1Char('\n') + QString::fromUtf8(file.readAll());
+    const QString text = QLatin1Char('\n') + AdminText::content("help.txt");
     const QString heading = QStringLiteral("\n== %1\n").arg(QLatin1String(title));
     const int begin = text.indexOf(heading) + heading.size();
     const int end = text.indexOf(QStringLiteral("\n== "), begin);

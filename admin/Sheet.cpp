@@ -1,131 +1,42 @@
 #include "Sheet.h"
 
+#include "AdminText.h"
+
 #include <algorithm>
 
 namespace
 {
-using Column = SheetColumn;
-constexpr int identified = Column::Required | Column::Identity;
-
-Column name(const QString& heading, const char* field, int use = identified)
+/// Reads sheets.txt, which describes its words. A fault in it aborts the program.
+QVector<Sheet> readSheets()
 {
-    return {heading, field, Column::Text, use, {}};
-}
-
-Column reference(const QString& heading, const char* field, const char* table, int use = Column::Optional)
-{
-    return {heading, field, Column::Reference, use, table};
-}
-
-Column plain(const QString& heading, const char* field, Column::Kind kind, int use = Column::Optional)
-{
-    return {heading, field, kind, use, {}};
-}
-
-Sheet sheet(const QString& file, const QString& title, const char* table, QVector<Column> columns)
-{
-    columns.append({QStringLiteral("Код"), "KeyLink", Column::Code, Column::Optional, {}});
-    return {file, title, table, columns};
-}
-
-/// Tables that the converter reads.
-QVector<Sheet> earlierJournal()
-{
-    const auto field = [](const char* name, Column::Kind kind, const char* refers = "") {
-        return Column{QString::fromLatin1(name), name, kind, Column::Optional, refers};
-    };
-    const auto raw = [&](const char* name) { return field(name, Column::Verbatim); };
-    const auto table = [&](const char* name, const QString& title, QVector<Column> columns) {
-        columns.append({QStringLiteral("KeyLink"), "KeyLink", Column::Code, Column::Required, {}});
-        return Sheet{QString::fromLatin1(name) + QStringLiteral(".csv"), title, name, columns, true};
-    };
-    return {
-        table("OperLogCategories", QStringLiteral("категории прежнего журнала"),
-              {raw("ParentKey"), field("OrgTypeKey", Column::Reference, "OrgTypes"),
-               field("DepartmentKey", Column::Reference, "Departments"), raw("name_")}),
-        table("OperLogTemplates", QStringLiteral("шаблоны прежнего журнала"),
-              {raw("CategoryKey"), raw("name_"), raw("text_"), field("canStartShift", Column::Flag),
-               field("canEndShift", Column::Flag), field("isNecessaryFinishTime", Column::Flag), raw("icon"),
-               raw("completingIcon"), raw("completingCommand")}),
-        table("OperLogTemplateParams", QStringLiteral("параметры прежнего журнала"),
-              {raw("nameLat"), raw("nameLoc"), raw("param"), raw("TableKey"), raw("FieldTypeKey")}),
-    };
-}
-
-QVector<Sheet> organization()
-{
-    const QString title = QStringLiteral("Название");
-    const QString department = QStringLiteral("Подразделение");
-    const QString parent = QStringLiteral("Входит в");
-    const QString retired = QStringLiteral("Удалён");
-    return {
-        sheet(QStringLiteral("organization-types.csv"), QStringLiteral("типы организаций"), "OrgTypes",
-              {name(title, "name_")}),
-        sheet(QStringLiteral("organizations.csv"), QStringLiteral("организации"), "Organizations",
-              {name(title, "name_"), reference(QStringLiteral("Тип"), "OrgTypeKey", "OrgTypes"),
-               reference(parent, "ParentKey", "Organizations")}),
-        sheet(QStringLiteral("departments.csv"), QStringLiteral("подразделения"), "Departments",
-              {reference(QStringLiteral("Организация"), "OrganizationKey", "Organizations", identified),
-               name(title, "name_"), reference(parent, "ParentKey", "Departments")}),
-        sheet(QStringLiteral("users.csv"), QStringLiteral("пользователи и их права"), "Users",
-              {name(QStringLiteral("Логин"), "login"), name(QStringLiteral("Имя"), "name_", Column::Optional),
-               plain(QStringLiteral("Права"), "", Column::Rights), plain(retired, "deleted_", Column::Flag)}),
-        sheet(QStringLiteral("workers.csv"), QStringLiteral("сотрудники"), "Workers",
-              {reference(department, "DepartmentKey", "Departments", identified),
-               name(QStringLiteral("Фамилия"), "lastName"),
-               name(QStringLiteral("Имя"), "firstName", Column::Identity),
-               name(QStringLiteral("Отчество"), "patronymicName", Column::Identity),
-               reference(QStringLiteral("Логин"), "UserKey", "Users"),
-               plain(QStringLiteral("Группа"), "safetyGroup", Column::SafetyGroup),
-               plain(retired, "deleted_", Column::Flag)}),
-        sheet(QStringLiteral("roles.csv"), QStringLiteral("должности"), "Roles",
-              {reference(department, "DepartmentKey", "Departments", identified), name(title, "name_")}),
-        sheet(QStringLiteral("worker-roles.csv"), QStringLiteral("должности сотрудников"), "WorkerRoles",
-              {plain(department, "DepartmentKey", Column::Scope),
-               reference(QStringLiteral("Сотрудник"), "WorkerKey", "Workers", identified),
-               reference(QStringLiteral("Должность"), "RoleKey", "Roles", identified)}),
-        sheet(QStringLiteral("shifts.csv"), QStringLiteral("расписание смен"), "Shifts",
-              {reference(department, "DepartmentKey", "Departments", identified), name(title, "name_"),
-               plain(QStringLiteral("Начало"), "startTime", Column::Time, Column::Required),
-               plain(QStringLiteral("Конец"), "endTime", Column::Time, Column::Required)}),
-        sheet(QStringLiteral("equipment.csv"), QStringLiteral("оборудование"), "Equipment",
-              {reference(department, "DepartmentKey", "Departments"),
-               plain(QStringLiteral("Вид"), "kind", Column::EquipmentKind, Column::Required),
-               reference(parent, "ParentKey", "Equipment", Column::Identity), name(title, "name_"),
-               name(QStringLiteral("Класс напряжения"), "voltage", Column::Optional)}),
-    };
-}
-
-QVector<Sheet> templates()
-{
-    const QString title = QStringLiteral("Название");
-    const QString parent = QStringLiteral("Входит в");
-    const QString text = QStringLiteral("Текст");
-    return {
-        sheet(QStringLiteral("template-categories.csv"), QStringLiteral("категории шаблонов"),
-              "LogbookCatsTemplate",
-              {reference(QStringLiteral("Тип организации"), "OrgTypeKey", "OrgTypes", Column::Identity),
-               reference(QStringLiteral("Подразделение"), "DepartmentKey", "Departments", Column::Identity),
-               reference(parent, "ParentKey", "LogbookCatsTemplate", Column::Identity),
-               name(title, "nameLoc")}),
-        sheet(QStringLiteral("templates.csv"), QStringLiteral("шаблоны записей"), "LogbookTemplates",
-              {reference(QStringLiteral("Категория"), "CategoryKey", "LogbookCatsTemplate", identified),
-               name(title, "nameLoc"), plain(text, "html", Column::Notation, Column::Required),
-               plain(QStringLiteral("Открывает смену"), "open_wshift", Column::TemplateFlag),
-               plain(QStringLiteral("Закрывает смену"), "close_wshift", Column::TemplateFlag),
-               plain(QStringLiteral("Требует времени выполнения"), "time_exec", Column::TemplateFlag),
-               plain(QStringLiteral("Первый маркер"), "first_mark", Column::TemplateMarker),
-               plain(QStringLiteral("Второй маркер"), "second_mark", Column::TemplateMarker),
-               plain(QStringLiteral("Команда"), "command", Column::TemplateCommand)}),
-        sheet(QStringLiteral("parameter-groups.csv"), QStringLiteral("группы готовых параметров"),
-              "TemplateParamCategories",
-              {reference(parent, "ParentKey", "TemplateParamCategories", Column::Identity),
-               name(title, "nameLoc")}),
-        sheet(QStringLiteral("parameters.csv"), QStringLiteral("готовые параметры шаблонов"),
-              "TemplateParams",
-              {reference(QStringLiteral("Группа"), "CategoryKey", "TemplateParamCategories", identified),
-               name(title, "nameLoc"), plain(text, "html", Column::Notation, Column::Required)}),
-    };
+    // In the order of the enumerations.
+    static const QStringList kinds =
+        QStringLiteral("text verbatim safety-group flag time reference scope equipment-kind rights notation "
+                       "template-flag template-marker template-command code")
+            .split(QLatin1Char(' '));
+    static const QStringList uses{QString(), QStringLiteral("required"), QStringLiteral("identity"),
+                                  QStringLiteral("identified")};
+    QVector<Sheet> sheets;
+    int number = 0;
+    for (const QString& line : AdminText::content("sheets.txt").split(QLatin1Char('\n'))) {
+        ++number;
+        if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+            continue;
+        const QStringList parts = line.split(QStringLiteral(" | "));
+        if (line.startsWith(QLatin1String("== ")) && parts.size() > 2) {
+            sheets.append({parts[0].mid(3), parts[1], parts[2].toLatin1(), {}, parts.size() > 3});
+            continue;
+        }
+        const QString kindWord = parts.value(2).section(QLatin1Char(' '), 0, 0);
+        const int kind = kinds.indexOf(kindWord);
+        const int use = uses.indexOf(parts.value(3));
+        if (sheets.isEmpty() || kind < 0 || use < 0)
+            qFatal("sheets.txt, line %d: \"%s\" is no column", number, qPrintable(line));
+        const QByteArray field = parts[1] == QLatin1String("-") ? QByteArray() : parts[1].toLatin1();
+        sheets.last().columns.append({parts[0], field, static_cast<SheetColumn::Kind>(kind), use,
+                                      parts[2].mid(kindWord.size() + 1).toLatin1()});
+    }
+    return sheets;
 }
 
 /// The number of characters to insert, delete or replace.
@@ -166,7 +77,7 @@ QStringList Sheet::headings() const
 
 const QVector<Sheet>& Sheets::all()
 {
-    static const QVector<Sheet> sheets = organization() + templates() + earlierJournal();
+    static const QVector<Sheet> sheets = readSheets();
     return sheets;
 }
 
