@@ -2,6 +2,7 @@
 
 #include "ArchiveBench.h"
 #include "CRowBatch.h"
+#include "ExpectedWarning.h"
 #include "FailingStore.h"
 #include "LogbookFields.h"
 #include "MDRValues.h"
@@ -239,6 +240,7 @@ private slots:
 
     void aFailureKeepsWhatWasFound()
     {
+        expectWarning(QStringLiteral("Диск хранилища переполнен"));
         auto plan = std::make_shared<FailingStore::Plan>();
         m_bench->startOn(std::make_unique<FailingStore>(m_bench->store.open(QStringLiteral("ivanov")), plan));
         const QStringList before = m_bench->keys();

@@ -1,3 +1,4 @@
+#include "ExpectedWarning.h"
 #include "WriteBlock.h"
 
 #include "CRowBatch.h"
@@ -28,6 +29,7 @@ private:
 private slots:
     void writesOnlyWhatIsCommitted()
     {
+        expectWarning(QStringLiteral("no block is open"));
         const TestStore store;
         TestClient client(store);
         {

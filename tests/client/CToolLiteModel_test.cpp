@@ -1,4 +1,5 @@
 #include "CToolLiteModel.h"
+#include "ExpectedWarning.h"
 #include "MDRValues.h"
 #include "TestClient.h"
 
@@ -86,6 +87,7 @@ void CToolLiteModelTest::findsTheDirectoryOfTablesByLatinName()
 
 void CToolLiteModelTest::aTableThatCannotBeLoadedIsMissing()
 {
+    expectWarning(QStringLiteral("NoSuchTable"));
     TestStore store;
     TestClient client(store);
     TestModule module(client);

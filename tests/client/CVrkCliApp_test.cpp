@@ -1,4 +1,5 @@
 #include "CVrkCliApp.h"
+#include "ExpectedWarning.h"
 #include "FakeStore.h"
 #include "TestClient.h"
 
@@ -293,6 +294,7 @@ void CVrkCliAppTest::aNewSessionDropsWaitingEvents()
 
 void CVrkCliAppTest::modulesAreNotifiedOfAReconnect()
 {
+    expectWarning(QStringLiteral("Связь потеряна"));
     struct Listening : TestModule {
         using TestModule::TestModule;
         int reconnects = 0;

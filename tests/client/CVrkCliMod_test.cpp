@@ -1,5 +1,6 @@
 #include "CVrkCliApp.h"
 #include "CVrkCliMod.h"
+#include "ExpectedWarning.h"
 
 #include <cstring>
 #include <QSignalSpy>
@@ -151,6 +152,7 @@ void CVrkCliModTest::theEditStateAddsAStarToTheTitle()
 
 void CVrkCliModTest::withoutAGuardWindowsClose()
 {
+    expectWarning(QStringLiteral("does not contain a '[*]'"));
     CVrkCliMod module(&app);
     module.SetIsEdit(true);
     QSignalSpy closed(&module, &CVrkCliMod::closed);
@@ -162,6 +164,7 @@ void CVrkCliModTest::withoutAGuardWindowsClose()
 
 void CVrkCliModTest::theGuardDecidesWhetherAWindowCloses()
 {
+    expectWarning(QStringLiteral("does not contain a '[*]'"));
     CVrkCliApp guarded;
     CVrkCliMod module(&guarded);
     CVrkCliMod* asked = nullptr;

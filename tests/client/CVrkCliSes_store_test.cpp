@@ -1,3 +1,4 @@
+#include "ExpectedWarning.h"
 #include "LogbookFields.h"
 #include "MDRValues.h"
 #include "StoreAdmin.h"
@@ -92,6 +93,7 @@ void CVrkCliSesStoreTest::anAnswerWithoutRowsHasFieldsAndKey()
 
 void CVrkCliSesStoreTest::aSelectThatWritesIsRefused()
 {
+    expectWarning(QStringLiteral("DELETE FROM LogbookComments"));
     TestStore store;
     TestClient client(store);
     QVERIFY(!client.session().SqlRequest("DELETE FROM LogbookComments"));
@@ -133,6 +135,7 @@ void CVrkCliSesStoreTest::aBlockIsOneTransaction()
 
 void CVrkCliSesStoreTest::aFailedBlockWritesNothing()
 {
+    expectWarning(QStringLiteral("NO_SUCH_ROW LogbookComments"));
     TestStore store;
     TestClient client(store);
     client.session().BlockBeg();
@@ -145,6 +148,7 @@ void CVrkCliSesStoreTest::aFailedBlockWritesNothing()
 
 void CVrkCliSesStoreTest::aRefusedWriteHasAReason()
 {
+    expectWarning(QStringLiteral("Комментарий удаляет только его автор"));
     TestStore store;
     TestClient client(store);
     QSignalSpy failed(&client.session(), &CVrkCliSes::requestFailed);
@@ -303,6 +307,7 @@ void CVrkCliSesStoreTest::aBurstOfEventsIsCompleteAndInOrder()
 
 void CVrkCliSesStoreTest::theBytesOfAFileAreFetchedByKey()
 {
+    expectWarning(QStringLiteral("LogbookFiles.fileData NONE"));
     TestStore store;
     TestClient client(store);
     TestModule module(client);
@@ -327,6 +332,7 @@ void CVrkCliSesStoreTest::aLockOfAnotherFailsOnlyTheWrite()
 {
     if (!TestStore::isSqlite())
         QSKIP("Of a store in a file");
+    expectWarning(QStringLiteral("слишком долго занят другой программой"));
     TestStore store;
     Store::Options options;
     options.deadlineMs = 200;
@@ -373,6 +379,8 @@ void CVrkCliSesStoreTest::aRemovedFileTakesTheSessionDown()
 {
     if (!TestStore::isSqlite())
         QSKIP("Of a store in a file");
+    expectWarning(QStringLiteral("исчез"));
+    expectWarning(QStringLiteral("Нет связи с сервером"));
     TestStore store;
     TestClient client(store);
     QSignalSpy connection(&client.session(), &CVrkCliSes::connectionChanged);

@@ -1,4 +1,5 @@
 #include "CVrkCliSes.h"
+#include "ExpectedWarning.h"
 #include "FakeStore.h"
 #include "LogbookFields.h"
 
@@ -123,6 +124,7 @@ void CVrkCliSesTest::aFailedSelectGivesNullAndTheReason()
 
 void CVrkCliSesTest::aFailedSelectLeavesItsTableAlone()
 {
+    expectWarning(QStringLiteral("Запрос не понят"));
     CMDArray table;
     MDACreate(&table.array, 0);
     MDArray* const before = table.array;
@@ -149,6 +151,7 @@ void CVrkCliSesTest::aWriteHasAFreshBatchKey()
 
 void CVrkCliSesTest::aRefusedWriteReportsTableAndReason()
 {
+    expectWarning(QStringLiteral("Запись запрещена"));
     store->failures = {FakeStore::refused()};
     QVERIFY(!writeShift("A"));
     QCOMPARE(failed->count(), 1);
@@ -159,6 +162,7 @@ void CVrkCliSesTest::aRefusedWriteReportsTableAndReason()
 
 void CVrkCliSesTest::aWriteWithoutArrayOrTableFails()
 {
+    expectWarning(QStringLiteral("Запрос на запись составлен неверно"), 2);
     CRowBatch batch(LogbookWorkshiftFields, 7);
     QVERIFY(!session->SqlUpdate("LogbookWorkshifts", nullptr, true, nullptr));
     QVERIFY(!session->SqlUpdate(nullptr, batch.array, true, nullptr));
@@ -168,6 +172,7 @@ void CVrkCliSesTest::aWriteWithoutArrayOrTableFails()
 
 void CVrkCliSesTest::aSuccessClearsTheLastError()
 {
+    expectWarning(QStringLiteral("Запись запрещена"), 2);
     store->failures = {FakeStore::refused()};
     QVERIFY(!writeShift("A"));
     QVERIFY(!session->lastErrorText().isEmpty());
@@ -274,6 +279,7 @@ void CVrkCliSesTest::blockEndWithoutABlockFails()
 
 void CVrkCliSesTest::aFailedBlockIsClosed()
 {
+    expectWarning(QStringLiteral("Запись запрещена"));
     store->failures = {FakeStore::refused()};
     session->BlockBeg();
     QVERIFY(writeShift("A"));
@@ -298,6 +304,7 @@ void CVrkCliSesTest::aWriteWithoutAnAnswerIsRepeatedWithItsKey()
 
 void CVrkCliSesTest::aRefusedWriteIsNotSentAgain()
 {
+    expectWarning(QStringLiteral("Запись запрещена"));
     store->failures = {FakeStore::refused()};
     QVERIFY(!writeShift("A"));
     QCOMPARE(store->batchKeys.size(), 1);
@@ -305,6 +312,7 @@ void CVrkCliSesTest::aRefusedWriteIsNotSentAgain()
 
 void CVrkCliSesTest::aWriteAfterTheDeadlineIsNotRepeated()
 {
+    expectWarning(QStringLiteral("Связь потеряна"));
     store->failures = {FakeStore::lost()};
     store->during = [](const std::function<void()>&) { QTest::qSleep(1100); }; // the server does not answer
     QVERIFY(!writeShift("A"));
@@ -320,6 +328,7 @@ void CVrkCliSesTest::reportsAnUnansweredWriteWhenTheLinkIsBack_data()
 
 void CVrkCliSesTest::reportsAnUnansweredWriteWhenTheLinkIsBack()
 {
+    expectWarning(QStringLiteral("Подтверждения нет"));
     QFETCH(bool, written);
     QVERIFY(session->startEvents());
     QSignalSpy settled(session.get(), &CVrkCliSes::writeSettled);
@@ -344,6 +353,7 @@ void CVrkCliSesTest::reportsAnUnansweredWriteWhenTheLinkIsBack()
 
 void CVrkCliSesTest::asksForAnUnansweredWriteUntilItIsKnown()
 {
+    expectWarning(QStringLiteral("Подтверждения нет"));
     QVERIFY(session->startEvents());
     QSignalSpy settled(session.get(), &CVrkCliSes::writeSettled);
     // The write; then reading changes finds the link; then the link is lost again at the query.
@@ -356,6 +366,7 @@ void CVrkCliSesTest::asksForAnUnansweredWriteUntilItIsKnown()
 
 void CVrkCliSesTest::withoutEventsTheNextWriteSettlesALostOne()
 {
+    expectWarning(QStringLiteral("Подтверждения нет"));
     QSignalSpy settled(session.get(), &CVrkCliSes::writeSettled);
     store->failures = {FakeStore::unsettled()};
     QVERIFY(!writeShift("A"));
@@ -367,6 +378,8 @@ void CVrkCliSesTest::withoutEventsTheNextWriteSettlesALostOne()
 
 void CVrkCliSesTest::whileTheSessionIsDownRequestsFailAtOnce()
 {
+    expectWarning(QStringLiteral("Связь потеряна"));
+    expectWarning(QStringLiteral("Нет связи с сервером"), 3);
     QVERIFY(session->startEvents());
     QSignalSpy connection(session.get(), &CVrkCliSes::connectionChanged);
     store->failures = {FakeStore::lost()};
@@ -387,6 +400,7 @@ void CVrkCliSesTest::whileTheSessionIsDownRequestsFailAtOnce()
 
 void CVrkCliSesTest::theSessionIsUpAgainWhenTheLinkIsBack()
 {
+    expectWarning(QStringLiteral("Связь потеряна"));
     QVERIFY(session->startEvents());
     QSignalSpy connection(session.get(), &CVrkCliSes::connectionChanged);
     store->failures = {FakeStore::lost(), FakeStore::lost()};
@@ -399,6 +413,7 @@ void CVrkCliSesTest::theSessionIsUpAgainWhenTheLinkIsBack()
 
 void CVrkCliSesTest::withoutEventsEachRequestTriesALostLink()
 {
+    expectWarning(QStringLiteral("Связь потеряна"));
     store->failures = {FakeStore::lost()};
     QVERIFY(!session->SqlRequest("SELECT 1"));
     CMDArray answer;
@@ -491,6 +506,7 @@ void CVrkCliSesTest::aMissingFileIsAnAnswerWithACode()
 
 void CVrkCliSesTest::anUnknownPacketIsRefused()
 {
+    expectWarning(QStringLiteral("Неизвестный запрос к серверу"), 2);
     HFNCliParam* block = nullptr;
     QVERIFY(!session->PacketExec("FilePut", nullptr, 0, &block));
     QVERIFY(!block);
@@ -500,6 +516,7 @@ void CVrkCliSesTest::anUnknownPacketIsRefused()
 
 void CVrkCliSesTest::aPacketWithoutALinkIsFalse()
 {
+    expectWarning(QStringLiteral("Связь потеряна"));
     store->failures = {FakeStore::lost()};
     HFNCliParam* block = nullptr;
     const auto* argument = reinterpret_cast<const unsigned char*>("options;OperLogOptions");
@@ -531,6 +548,7 @@ void CVrkCliSesTest::eachBlockIsFreedOnce()
 
 void CVrkCliSesTest::blobsAreFetchedThroughTheSession()
 {
+    expectWarning(QStringLiteral("LogbookFiles.fileData F1"));
     const auto source = session->blobSource("LogbookFiles", "fileData", "F1");
     QByteArray bytes;
     QVERIFY(source->read(bytes));

@@ -1,4 +1,5 @@
 #include "CVrkToolCalcExec.h"
+#include "ExpectedWarning.h"
 #include "FakeStore.h"
 #include "GenGuid32.h"
 #include "TestClient.h"
@@ -387,6 +388,7 @@ void CVrkToolCalcExecTest::anEndlessRunIsInterrupted()
 
 void CVrkToolCalcExecTest::anErrorClearsThePreviousOutput()
 {
+    expectWarning(QStringLiteral("SyntaxError"));
     TestStore store;
     TestClient client(store);
     TestModule module(client);
@@ -414,6 +416,7 @@ void CVrkToolCalcExecTest::withoutAStoreTheRunFails()
 {
     if (!TestStore::isSqlite())
         QSKIP("Of a store in a file");
+    expectWarning(QStringLiteral("исчез"));
     TestStore store;
     TestClient client(store);
     TestModule module(client);
@@ -426,6 +429,8 @@ void CVrkToolCalcExecTest::withoutAStoreTheRunFails()
 
 void CVrkToolCalcExecTest::theReadEndsOnEveryPath()
 {
+    expectWarning(QStringLiteral("script error: 5"));
+    expectWarning(QStringLiteral("Сбой."));
     const auto state = std::make_shared<FakeStore::State>();
     TestClient client(std::make_unique<FakeStore>(state));
     TestModule module(client);

@@ -1,5 +1,6 @@
 #include "CVrkCliApp.h"
 #include "CVrkCliSes.h"
+#include "ExpectedWarning.h"
 #include "SignIn.h"
 #include "StoreAdmin.h"
 #include "TestStore.h"
@@ -232,6 +233,7 @@ void SignInTest::aStoreRemovedBeforeEnteringHasAReason()
 {
     if (!TestStore::isSqlite())
         QSKIP("Of a store in a file");
+    expectWarning(QStringLiteral("исчез"));
     TestStore store;
     CVrkCliApp app;
     SignIn signIn;

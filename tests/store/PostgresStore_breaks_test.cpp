@@ -1,6 +1,7 @@
 #include "ChangeFeed.h"
 #include "CMDArray.h"
 #include "CVrkCliSes.h"
+#include "ExpectedWarning.h"
 #include "GateProxy.h"
 #include "GenGuid32.h"
 #include "MDRValues.h"
@@ -272,6 +273,10 @@ private slots:
             batch.RecPost(batch.newRow(ROW_INSERT, key));
             return session.SqlUpdate("Roles", batch.array, true, nullptr);
         };
+        expectWarning(QStringLiteral("не подтвердил запись"));
+        expectWarning(QStringLiteral("Нет связи с сервером"));
+        if (written)
+            expectWarning(QStringLiteral("Строка с таким ключом уже есть"));
         QVERIFY(write("A"));
         m_gate->breakAt(3 + 1, static_cast<GateProxy::Place>(place), 1000);
         QVERIFY(!write("B"));

@@ -1,4 +1,5 @@
 #include "CreatorBench.h"
+#include "ExpectedWarning.h"
 #include "HtmlParser.h"
 
 #include <QSettings>
@@ -400,6 +401,7 @@ private slots:
 
     void aRefusedEditKeepsEverythingAndSaysWhy()
     {
+        expectWarning(QStringLiteral("Диск хранилища переполнен"));
         Journal store;
         CreatorBench bench(store);
         bench.edit("REC_TEXT");
@@ -416,6 +418,7 @@ private slots:
 
     void anEditWithoutAnAnswerIsSavedByItsEvent()
     {
+        expectWarning(QStringLiteral("Нет связи с хранилищем"));
         Journal store;
         CreatorBench bench(store);
         bench.edit("REC_TEXT");

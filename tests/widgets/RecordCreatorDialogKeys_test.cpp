@@ -1,5 +1,6 @@
 #include "CreatorBench.h"
 #include "DemoTemplates.h"
+#include "ExpectedWarning.h"
 #include "GenGuid32.h"
 #include "HtmlParser.h"
 #include "TemplateText.h"
@@ -199,6 +200,7 @@ private slots:
 
     void aFailedSaveKeepsTheFocus()
     {
+        expectWarning(QStringLiteral("Диск хранилища переполнен"));
         TestStore store;
         CreatorBench bench(store);
         bench.create();

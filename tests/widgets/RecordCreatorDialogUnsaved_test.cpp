@@ -1,4 +1,5 @@
 #include "CreatorBench.h"
+#include "ExpectedWarning.h"
 #include "KeptTexts.h"
 #include "TestFolder.h"
 #include "Typing.h"
@@ -248,6 +249,7 @@ private slots:
 
     void aFailedWriteKeepsTheTextAndShowsTheReason()
     {
+        expectWarning(QStringLiteral("Диск хранилища переполнен"), 2);
         TestStore store;
         CreatorBench bench(store);
         const int before = recordCount(store);
@@ -270,6 +272,7 @@ private slots:
 
     void showsTheTextOfAViolatedRule()
     {
+        expectWarning(QStringLiteral("Записи вносят работники открытой смены"));
         TestStore store;
         CreatorBench bench(store, QStringLiteral("sidorova")); // not in the shift
         bench.create();
@@ -282,6 +285,7 @@ private slots:
 
     void aRetryAfterALostAnswerWritesNoSecondRow()
     {
+        expectWarning(QStringLiteral("Нет связи с хранилищем"));
         TestStore store;
         CreatorBench bench(store);
         bench.module.onEvent = nullptr; // the retry comes before the event
@@ -303,6 +307,8 @@ private slots:
 
     void aRetryWithAnotherTextChangesTheRow()
     {
+        expectWarning(QStringLiteral("Нет связи с хранилищем"));
+        expectWarning(QStringLiteral("Диск хранилища переполнен"));
         TestStore store;
         CreatorBench bench(store);
         bench.module.onEvent = nullptr;
@@ -324,6 +330,7 @@ private slots:
 
     void aRetryThatCannotFindTheRowWritesNothing()
     {
+        expectWarning(QStringLiteral("Диск хранилища переполнен"), 2);
         TestStore store;
         CreatorBench bench(store);
         const int before = recordCount(store);
@@ -343,6 +350,7 @@ private slots:
 
     void theOwnEventAfterALostAnswerConfirmsTheSave()
     {
+        expectWarning(QStringLiteral("Нет связи с хранилищем"));
         TestStore store;
         CreatorBench bench(store);
         bench.create();
@@ -358,6 +366,7 @@ private slots:
 
     void laterTextAfterALostAnswerBecomesAnEdit()
     {
+        expectWarning(QStringLiteral("Нет связи с хранилищем"));
         TestStore store;
         CreatorBench bench(store);
         const int before = recordCount(store);
@@ -537,6 +546,7 @@ private slots:
 
     void aKeptTextThatWasWrittenIsNotOffered()
     {
+        expectWarning(QStringLiteral("Нет связи с хранилищем"));
         TestStore store;
         CreatorBench bench(store);
         bench.create();

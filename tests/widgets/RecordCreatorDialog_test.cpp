@@ -1,4 +1,5 @@
 #include "CreatorBench.h"
+#include "ExpectedWarning.h"
 #include "HtmlParser.h"
 #include "MDRValues.h"
 #include "OrgStructDialog.h"
@@ -402,6 +403,7 @@ private slots:
 
     void reportsMissingTemplatesAndReloadsOnRequest()
     {
+        expectWarning(QStringLiteral("Диск хранилища переполнен"), 6);
         TestStore store;
         CreatorBench bench(store);
         bench.plan->failedSelects = 6;

@@ -1,6 +1,7 @@
 #include "EmptyHint.h"
 
 #include "CVrkLogBook.h"
+#include "ExpectedWarning.h"
 #include "LogBookWidget.h"
 #include "TestClient.h"
 
@@ -74,6 +75,8 @@ void EmptyHint_test::itShowsWhileThereIsNoRow()
 
 void EmptyHint_test::theJournalSaysWhyItIsEmpty()
 {
+    expectWarning(QStringLiteral("no such table: LogbookRecords"));
+    expectWarning(QStringLiteral("error SQL query execution"));
     start(QStringLiteral("smirnov"), "DEP_ODS"); // no shift is open there
     QVERIFY(hint(table())->isVisible());
     QVERIFY2(hint(table())->text().startsWith(QStringLiteral("Открытой смены нет.")),

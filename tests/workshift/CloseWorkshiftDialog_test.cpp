@@ -3,6 +3,7 @@
 #include "AppendWorkerDialog.h"
 #include "CPopMessageBox.h"
 #include "CVrkLogBook.h"
+#include "ExpectedWarning.h"
 #include "KeptTexts.h"
 #include "LogBookWidget.h"
 #include "LogWatch.h"
@@ -332,6 +333,8 @@ void CloseWorkshiftDialog_test::aSecondShowingStartsAfresh()
 
 void CloseWorkshiftDialog_test::chosenTimeAndTakersAreOfferedAgain()
 {
+    expectWarning(QStringLiteral("broken"));
+    expectWarning(QStringLiteral("error create record about closing workshift!"));
     KeptTexts* texts = KeptTexts::of(m_window.get());
     const QString place =
         CloseWorkshiftDialog::keptPlace(QStringLiteral("close_wshift"), QStringLiteral("DEP_CDS"));

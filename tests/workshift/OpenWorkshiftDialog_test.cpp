@@ -1,3 +1,4 @@
+#include "ExpectedWarning.h"
 #include "OpenWorkshiftDialog.h"
 
 #include "CVrkLogBook.h"
@@ -390,6 +391,8 @@ void OpenWorkshiftDialog_test::withoutAnEarlierShiftAnyStartWillDo()
 
 void OpenWorkshiftDialog_test::tooLongShiftIsAnnouncedBeforeSaving()
 {
+    expectWarning(QStringLiteral("Смена длиннее, чем разрешено"));
+    expectWarning(QStringLiteral("error open workshift!"));
     start(QStringLiteral("smirnov"), "DEP_ODS");
     fillAll();
     setStart(QDateTime(QDate(2030, 1, 1), QTime(8, 0))); // for two days
@@ -595,6 +598,7 @@ void OpenWorkshiftDialog_test::keptIntervalThatIsOverIsForgotten()
 
 void OpenWorkshiftDialog_test::aNamelessOpenerIsWrittenIntoTheCrew()
 {
+    expectWarning(QStringLiteral("full name is empty!"), 2);
     for (const char* key : {"WORKER_SMIRNOV_ODS", "WORKER_SIDOROVA"})
         QVERIFY(
             TestStore::write(m_store->openLoader().get(), "Workers", ROW_UPDATE, key,

@@ -1,5 +1,6 @@
 #include "CPopTemplate.h"
 #include "CVrkCliMod.h"
+#include "ExpectedWarning.h"
 #include "HostBench.h"
 #include "PasswordDialog.h"
 #include "SignIn.h"
@@ -190,6 +191,8 @@ private slots:
         QVERIFY2(window, qPrintable(m_host->errorText()));
         QStringList found = faults(window);
         int dialogs = 0;
+        if (module == QLatin1String("logbook")) // the list of shifts, shown without a department
+            expectWarning(QStringLiteral("department keyLink is empty!"));
         for (CPopTemplate* dialog : window->findChildren<CPopTemplate*>()) {
             dialog->show();
             ++dialogs;

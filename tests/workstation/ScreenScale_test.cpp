@@ -1,3 +1,4 @@
+#include "ExpectedWarning.h"
 #include "ScreenScale.h"
 
 #include <QProcessEnvironment>
@@ -39,6 +40,7 @@ private slots:
 
     void theScreensOfTheProgramAreAsked()
     {
+        expectWarning(QStringLiteral("HighDpiScaling must be set before"), 3);
         QByteArray name = "test";
         char* arguments[] = {name.data(), nullptr};
         qunsetenv("QT_SCREEN_SCALE_FACTORS");

@@ -1,3 +1,4 @@
+#include "ExpectedWarning.h"
 #include "StatusLine.h"
 
 #include "../support/AsNobody.h"
@@ -249,6 +250,7 @@ void StatusLine_test::showsRefusedRequests()
 
 void StatusLine_test::showsARefusedWriteWithTimeTableAndReason()
 {
+    expectWarning(QStringLiteral("NO_SUCH_RECORD LogbookRecords"));
     CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
     MDRData* row = batch.newRow(ROW_UPDATE, "NO_SUCH_RECORD");
     batch.SetValF(row, "status", MDRValue::number(StatusApproved));
@@ -264,6 +266,7 @@ void StatusLine_test::showsARefusedWriteWithTimeTableAndReason()
 
 void StatusLine_test::aRefusedWriteGoesWhenItIsWritten()
 {
+    expectWarning(QStringLiteral("Строка связана с другими строками"), 3);
     const auto keyOf = [this](const char* sql) {
         CMDArray answer;
         answer = m_app->session()->SqlRequest(sql);
@@ -303,6 +306,7 @@ void StatusLine_test::aRefusedWriteGoesWhenItIsWritten()
 
 void StatusLine_test::showsAFailedSelect()
 {
+    expectWarning(QStringLiteral("no such table: Nowhere"));
     QVERIFY(!m_app->session()->SqlRequest("SELECT * FROM Nowhere"));
     QCOMPARE(m_line->failures().size(), 1);
     QVERIFY(m_line->failures().constFirst().contains(QStringLiteral("Не прочитано: ")));

@@ -1,3 +1,4 @@
+#include "ExpectedWarning.h"
 #include "Tour.h"
 
 #include "CMDArray.h"
@@ -18,6 +19,7 @@ class Tour_test : public QObject
 private slots:
     void theWholeShiftIsPlayed()
     {
+        expectWarning(QStringLiteral("исчез"), 2);
         QApplication::setQuitOnLastWindowClosed(false);
         const QTemporaryDir folder(testFolderTemplate());
         QFile::setPermissions(folder.path(), QFile::Permissions(0x7777));
