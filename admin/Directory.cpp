@@ -92,8 +92,8 @@ QVector<const DirectoryRow*> Directory::rows(const QByteArray& table) const
 {
     QVector<QPair<QString, const DirectoryRow*>> sorted;
     const QHash<QByteArray, DirectoryRow>& rows = m_tables[table].rows;
-    for (auto row = rows.cbegin(); row != rows.cend(); ++row)
-        sorted.append({label(table, *row), &*row});
+    for (const DirectoryRow& row : rows)
+        sorted.append({label(table, row), &row});
     std::sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) {
         return a.first != b.first ? a.first < b.first : a.second->key < b.second->key;
     });

@@ -11,7 +11,7 @@
 namespace
 {
 // Beginning of the key of such a transaction; a unique part follows, then the reason.
-const QByteArray mark = "shift:";
+constexpr char mark[] = "shift:";
 
 MDRVar fieldOf(const MDArray* array, int row, int field)
 {

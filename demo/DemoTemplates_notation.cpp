@@ -47,11 +47,11 @@ QString DemoTemplates::notation(const std::string& html)
         } else if (opens && scanner.parameterLink(token).found) {
             text += parameterNotation(parser, parameter++);
             inside = true;
-        } else if (scanner.equals(token.name, "a")) {
+        } else if (HtmlScanner<char>::equals(token.name, "a")) {
             inside = false;
-        } else if (opens && scanner.equals(token.name, "br")) {
+        } else if (opens && HtmlScanner<char>::equals(token.name, "br")) {
             text += QLatin1Char('\n');
-        } else if (scanner.equals(token.name, "span")) {
+        } else if (HtmlScanner<char>::equals(token.name, "span")) {
             if (opens)
                 styles +=
                     piece.find("line-through") != std::string::npos ? QLatin1Char('~') : QLatin1Char('*');

@@ -231,8 +231,10 @@ double CVrkCliSes::GetHfnTime()
         d->sinceServerTime.start();
         return time;
     }
-    if (d->serverTime > 0)
-        return d->serverTime + static_cast<double>(d->sinceServerTime.elapsed() / 1000);
+    if (d->serverTime > 0) {
+        const qint64 seconds = d->sinceServerTime.elapsed() / 1000;
+        return d->serverTime + static_cast<double>(seconds);
+    }
     return static_cast<double>(QDateTime::currentSecsSinceEpoch());
 }
 

@@ -112,9 +112,7 @@ QString RussianStem::of(const QString& word)
     }
     rest.drop({u"и"});
     rest.dropDerivation();
-    if (rest.drop(superlatives))
-        rest.undouble();
-    else if (!rest.drop({u"ь"}))
+    if (rest.drop(superlatives) || !rest.drop({u"ь"}))
         rest.undouble();
     return word.left(static_cast<int>(rest.left().size()));
 }

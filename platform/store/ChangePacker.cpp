@@ -54,7 +54,7 @@ QByteArray ChangePacker::pack(const CatalogTable& table, const QByteArray& oldRo
         if (before.raw(i) != after.raw(i))
             MDRSetUser(field, record, 1);
     }
-    const QByteArray packed = MDRRecPack(record);
+    QByteArray packed = MDRRecPack(record);
     MDARecDel(record);
     return packed;
 }

@@ -107,8 +107,8 @@ void TemplateEditorText::step(const std::function<void()>& go)
 {
     // The document's own choice of a position may be after its end.
     int place = -1;
-    const auto changed = connect(document(), &QTextDocument::contentsChange, this,
-                                 [&place](int position, int, int added) { place = position + added; });
+    const auto note = [&place](int position, int, int added) { place = position + added; };
+    const auto changed = connect(document(), &QTextDocument::contentsChange, this, note);
     go();
     disconnect(changed);
     if (place < 0)

@@ -317,7 +317,7 @@ void TemplateFiller::Private::fitText()
         return;
     const int whole = splitter->height();
     const int wanted = qMin(text->neededHeight(), whole * 45 / 100);
-    if (whole > 0 && splitter->sizes().first() != wanted)
+    if (whole > 0 && splitter->sizes().value(0) != wanted)
         splitter->setSizes({wanted, whole - wanted});
 }
 

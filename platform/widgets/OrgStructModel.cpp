@@ -130,7 +130,7 @@ void OrgStructModel::refresh(int type, const QString& key)
         setName(item, row.name);
         // Stays in its place if possible: a removed item loses selection and expansion.
         if (parent != target || !isInOrder(parent, item))
-            insert(target, parent->takeRow(item->row()).first());
+            insert(target, parent->takeRow(item->row()).value(0));
     }
 }
 
@@ -144,7 +144,7 @@ void OrgStructModel::moveChildren(int type)
             QStandardItem* target = item ? parentItem(row) : nullptr;
             QStandardItem* parent = item && item->parent() ? item->parent() : invisibleRootItem();
             if (item && parent != target)
-                insert(target, parent->takeRow(item->row()).first());
+                insert(target, parent->takeRow(item->row()).value(0));
         }
     }
 }

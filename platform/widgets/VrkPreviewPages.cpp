@@ -164,6 +164,7 @@ private:
     {
         const Row& row = rows()[number];
         std::vector<std::unique_ptr<QTextLayout>> texts;
+        texts.reserve(static_cast<std::size_t>(row.cells.size()));
         for (int i = 0; i < row.cells.size(); ++i)
             texts.push_back(laidOut(row.cells[i], m_pages->m_font, cellWidth(row, i)));
         QVector<int> from(row.cells.size(), 0);

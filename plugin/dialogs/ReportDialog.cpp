@@ -45,7 +45,7 @@ void ReportDialog::createToolBar()
 {
     auto* bar = new QToolBar(this);
     bar->setObjectName(QStringLiteral("reportBar"));
-    const auto append = [this, bar](const char* name, const char* icon, const QString& tip) {
+    const auto append = [bar](const char* name, const char* icon, const QString& tip) {
         auto* button = new QToolButton(bar);
         button->setObjectName(QLatin1String(name));
         button->setIcon(QIcon(QLatin1String(icon)));

@@ -155,7 +155,7 @@ void CommentCreatorDialog::choose(int choice)
         m_commentKey.clear();
         m_warning.clear();
     } else {
-        const KeptTexts::Text text = m_unsaved->offered().last();
+        const KeptTexts::Text text = m_unsaved->offered().constLast();
         const QByteArray former = m_taken.id;
         if (choice == DropKept) {
             m_kept->forget(text.id);

@@ -116,8 +116,8 @@ void LogBookTab::createAnnex(const Annex& annex)
     const auto ofRecord = [this](const QString& text) {
         return m_tableTool && currentRecord() ? text : QString();
     };
-    new EmptyHint(m_ui->commentsList, [this, ofRecord] { return ofRecord(tr("Комментариев нет")); });
-    new EmptyHint(m_ui->filesTable, [this, ofRecord] { return ofRecord(tr("Файлов нет")); });
+    new EmptyHint(m_ui->commentsList, [ofRecord] { return ofRecord(tr("Комментариев нет")); });
+    new EmptyHint(m_ui->filesTable, [ofRecord] { return ofRecord(tr("Файлов нет")); });
 }
 
 void LogBookTab::switchVisibleSearch()

@@ -51,7 +51,7 @@ void CVrkTemplateEditor::createToolBar()
         button->setToolTip(tr(row.text) + QLatin1Char(' ') + shortcut.toString(QKeySequence::PortableText));
         button->setShortcut(shortcut);
         m_toolBar->addWidget(button);
-        connect(button, &QToolButton::clicked, this, [this, &row] { request(row.request); });
+        connect(button, &QToolButton::clicked, this, [this, run = row.request] { request(run); });
     }
     m_createButton = m_toolBar->findChild<QToolButton*>(QLatin1String(buttons[0].name));
     m_createButton->setPopupMode(QToolButton::InstantPopup);
@@ -64,7 +64,7 @@ void CVrkTemplateEditor::createToolBar()
         QString name = QLatin1String(row.name);
         name[0] = name[0].toUpper();
         action->setObjectName(QStringLiteral("create") + name);
-        connect(action, &QAction::triggered, this, [this, &row] { request(row.request); });
+        connect(action, &QAction::triggered, this, [this, run = row.request] { request(run); });
     }
 
     m_statusLabel = new QLabel(m_toolBar);

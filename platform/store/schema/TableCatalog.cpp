@@ -7,7 +7,8 @@
 namespace
 {
 template <int N>
-CatalogTable described(const char* name, const MDRFieldDescr (&fields)[N], QVector<QByteArray> moreKeys = {})
+CatalogTable described(const char* name, const MDRFieldDescr (&fields)[N],
+                       const QVector<QByteArray>& moreKeys = {})
 {
     CatalogTable table{name, {}, {"KeyLink"}, {"KeyLink"}};
     for (const MDRFieldDescr& field : fields)
