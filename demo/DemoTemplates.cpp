@@ -245,28 +245,7 @@ bool DemoTemplates::parse(const QString& notation, QVector<DemoTemplate>* templa
 
 const QStringList& DemoTemplates::parameterKinds()
 {
-    static const QStringList kinds{
-        QStringLiteral("text"),
-        QStringLiteral("list"),
-        QStringLiteral("datetime"),
-        QStringLiteral("interval"),
-        QStringLiteral("substation"),
-        QStringLiteral("line"),
-        QStringLiteral("bay"),
-        QStringLiteral("equipmentName"),
-        QStringLiteral("equipmentPath"),
-        QStringLiteral("baseVoltage"),
-        QStringLiteral("signalName"),
-        QStringLiteral("signalNum"),
-        QStringLiteral("organization"),
-        QStringLiteral("department"),
-        QStringLiteral("employee_fio"),
-        QStringLiteral("employee_fio_role"),
-        QStringLiteral("employee_fio_group"),
-        QStringLiteral("employee_fio_dep_org"),
-        QStringLiteral("shift_workers"),
-        QStringLiteral("shift_workers_groups"),
-    };
+    static const QStringList kinds = DemoText::list(QStringLiteral("reference.txt"), QStringLiteral("kinds"));
     return kinds;
 }
 
@@ -328,16 +307,13 @@ namespace
 {
 const QHash<QString, QString>& markerPaths()
 {
-    static const QHash<QString, QString> paths{
-        {QStringLiteral("Авария"), QStringLiteral(":/markers/exclamation_mark.png")},
-        {QStringLiteral("Допуск бригады"), QStringLiteral(":/markers/worker_red.png")},
-        {QStringLiteral("Завершение работ бригады"), QStringLiteral(":/markers/worker_blue.png")},
-        {QStringLiteral("Передача вышестоящей организации"), QStringLiteral(":/markers/arrow_up_blue.png")},
-        {QStringLiteral("Передача от вышестоящей организации"),
-         QStringLiteral(":/markers/arrow_down_red.png")},
-        {QStringLiteral("Снято заземление"), QStringLiteral(":/markers/thunder_blue.png")},
-        {QStringLiteral("Установлено заземление"), QStringLiteral(":/markers/thunder_red.png")},
-    };
+    static const QHash<QString, QString> paths = [] {
+        QHash<QString, QString> read;
+        for (const DemoText::Line& line : DemoText::lines(QStringLiteral("reference.txt")))
+            if (line.word == QLatin1String("marker"))
+                read.insert(line.values(2).first(), QStringLiteral(":/markers/") + line.values(2).last());
+        return read;
+    }();
     return paths;
 }
 } // namespace
