@@ -309,9 +309,12 @@ const QHash<QString, QString>& markerPaths()
 {
     static const QHash<QString, QString> paths = [] {
         QHash<QString, QString> read;
-        for (const DemoText::Line& line : DemoText::lines(QStringLiteral("reference.txt")))
-            if (line.word == QLatin1String("marker"))
-                read.insert(line.values(2).first(), QStringLiteral(":/markers/") + line.values(2).last());
+        for (const DemoText::Line& line : DemoText::lines(QStringLiteral("reference.txt"))) {
+            if (line.word == QLatin1String("marker")) {
+                const QStringList values = line.values(2);
+                read.insert(values[0], QStringLiteral(":/markers/") + values[1]);
+            }
+        }
         return read;
     }();
     return paths;

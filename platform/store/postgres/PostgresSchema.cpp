@@ -61,14 +61,17 @@ QByteArray logSql(const CatalogTable& table)
            table.name + " FOR EACH STATEMENT EXECUTE FUNCTION vrk_keep_rows();\n";
 }
 
-const SchemaScript::Dialect dialect{
-    "postgresql",
-    QByteArray("CREATE FUNCTION %name") + functionHead + "BEGIN\n    IF NOT vrk_is_loader()%condition THEN\n",
-    "    END IF;\n    RETURN %row;\nEND $$;\nCREATE TRIGGER %name BEFORE %operation ON %table\n"
-    "    FOR EACH ROW EXECUTE FUNCTION %name();",
-    "PERFORM vrk_refuse(%text)",
-    "(%values::json ->> %place)::integer",
-    logSql};
+SchemaScript::Dialect dialect()
+{
+    return {"postgresql",
+            QByteArray("CREATE FUNCTION %name") + functionHead +
+                "BEGIN\n    IF NOT vrk_is_loader()%condition THEN\n",
+            "    END IF;\n    RETURN %row;\nEND $$;\nCREATE TRIGGER %name BEFORE %operation ON %table\n"
+            "    FOR EACH ROW EXECUTE FUNCTION %name();",
+            "PERFORM vrk_refuse(%text)",
+            "(%values::json ->> %place)::integer",
+            logSql};
+}
 
 QByteArray grantsSql()
 {
@@ -130,7 +133,8 @@ QByteArray fillSearchSql()
 /// Makes the tables of version \a from those of this one, and creates everything else.
 QByteArray objectsSql(int from)
 {
-    return SchemaScript::steps(dialect.engine, from) + SchemaScript::definitions(dialect) + grantsSql();
+    const SchemaScript::Dialect own = dialect();
+    return SchemaScript::steps(own.engine, from) + SchemaScript::definitions(own) + grantsSql();
 }
 
 } // namespace

@@ -75,19 +75,23 @@ QByteArray logTriggers(const CatalogTable& table)
            trigger(table, "delete", 603, QByteArray());
 }
 
-const SchemaScript::Dialect dialect{"sqlite",
-                                    "CREATE TRIGGER %name BEFORE %operation ON %table\n"
-                                    "WHEN (SELECT loader FROM CurrentTransaction) = 0%condition\nBEGIN\n",
-                                    "END;",
-                                    "SELECT RAISE(ABORT, %text)",
-                                    "(%values ->> %place)",
-                                    logTriggers};
+SchemaScript::Dialect dialect()
+{
+    return {"sqlite",
+            "CREATE TRIGGER %name BEFORE %operation ON %table\n"
+            "WHEN (SELECT loader FROM CurrentTransaction) = 0%condition\nBEGIN\n",
+            "END;",
+            "SELECT RAISE(ABORT, %text)",
+            "(%values ->> %place)",
+            logTriggers};
+}
 
 /// Makes the tables of version \a from those of this one, and creates everything else.
 bool makeObjects(SqliteConnection& connection, int from, StoreError* error)
 {
+    const SchemaScript::Dialect own = dialect();
     return connection.exec(
-        SchemaScript::steps(dialect.engine, from) + SchemaScript::definitions(dialect) +
+        SchemaScript::steps(own.engine, from) + SchemaScript::definitions(own) +
             "PRAGMA application_id = " + QByteArray::number(SqliteConnection::ApplicationId) +
             "; PRAGMA user_version = " + QByteArray::number(SchemaScript::version) + ";",
         error);
