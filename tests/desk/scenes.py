@@ -1,4 +1,5 @@
 """The actions of people at their desks. After every key and click all checks of checks.py run."""
+from datetime import datetime
 import random
 
 import checks
@@ -439,10 +440,20 @@ def open_shift(seat, colleague):
     colleague.open("OpenWorkshiftDialog")
     colleague.click("addWorkerButton", inside="OpenWorkshiftDialog")
     choose_worker(colleague, "OpenWorkshiftDialog", "Ручьёва")
+    tree = colleague.tree()
+    ended = datetime.strptime(tree.one("intervalLabel")["text"].split(" - ")[1], "%d.%m.%Y %H:%M")
+    end = "08:07"
+    if tree.one("startDateEdit")["text"] != ended.strftime("%d.%m.%Y"):
+        # In the evening the closed shift ends tomorrow, but the timetable's shifts have the date of today.
+        end = "20:07"
+        for edit in ("startDateEdit", "endDateEdit"):
+            colleague.click(edit, inside="OpenWorkshiftDialog")
+            colleague.press("Shift+Tab", "Tab")  # selects the day
+            colleague.type(ended.strftime("%d%m%Y"))
     colleague.click("endDateEdit", inside="OpenWorkshiftDialog")
     colleague.press("Tab")
-    colleague.type("0807")
-    colleague.expect(lambda tree: tree.one("endTimeEdit").get("text") == "08:07", "08:07 was typed into the end of the shift")
+    colleague.type(end.replace(":", ""))
+    colleague.expect(lambda tree: tree.one("endTimeEdit").get("text") == end, end + " was typed into the end of the shift")
     colleague.endure("OpenWorkshiftDialog")
     colleague.click("parameterInput_5", inside="OpenWorkshiftDialog")
     colleague.fill("отклонения", "исправны")
