@@ -1,18 +1,17 @@
 #include "RecordCreatorDialog.h"
 
 #include "CLiteModel.h"
+#include "CreatorTables.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "DraftRow.h"
 #include "KeptDraft.h"
-#include "OrgStructDialog.h"
-#include "OrgStructWidget.h"
+#include "TemplateFiller.h"
 #include "ui_RecordCreatorDialog.h"
 
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointer>
-#include <QScreen>
 #include <QSettings>
 #include <QShortcut>
 
@@ -20,31 +19,17 @@ namespace
 {
 const QSize UsualSize(1200, 650);
 const char* const SplitterSetting = "recordCreator/splitter";
-
-/// A disabled but readable field keeps the colours of enabled text.
-void setReadable(QWidget* field, bool readable)
-{
-    QPalette palette;
-    if (readable) {
-        for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
-            palette.setColor(QPalette::Disabled, role, field->palette().color(QPalette::Active, role));
-    }
-    field->setPalette(palette);
-}
 } // namespace
 
 RecordCreatorDialog::RecordCreatorDialog(QWidget* parent, int flag)
     : CPopTemplate(parent, flag),
       m_form(new Ui::RecordCreatorDialog),
+      m_tables(new CreatorTables),
+      m_row(new DraftRow),
       m_unsaved(new KeptDraft(this, KeptTexts::of(this), [this] { return unsaved(); }))
 {
     m_form->setupUi(this);
-    m_form->directionGroup->setId(m_form->noDirectionButton, DirectionNone);
-    m_form->directionGroup->setId(m_form->fromButton, DirectionLeft);
-    m_form->directionGroup->setId(m_form->toButton, DirectionRight);
     m_form->splitter->setStretchFactor(1, 1);
-    m_form->templateFiller->setOrientation(Qt::Vertical);
-    m_form->eventTimeEdit->installEventFilter(this);
     resize(UsualSize);
     connectWidgets();
 }
@@ -71,20 +56,8 @@ void RecordCreatorDialog::connectWidgets()
             &RecordCreatorDialog::chooseTemplate);
     connect(m_form->templatesWidget, &TemplatesWidget::templateActivated, this,
             &RecordCreatorDialog::focusText);
-    connect(m_form->templateFiller, &TemplateFiller::templateChanged, this,
-            &RecordCreatorDialog::updateControls);
-    connect(m_form->counterpartEdit, &WorkerEdit::changed, this, &RecordCreatorDialog::updateControls);
-    connect(m_form->counterpartEdit, &WorkerEdit::treeRequested, this,
-            &RecordCreatorDialog::chooseCounterpart);
-    connect(m_form->eventTimeEdit, &QDateTimeEdit::dateTimeChanged, this,
-            &RecordCreatorDialog::eventTimeEdited);
-    connect(m_form->nowButton, &QToolButton::clicked, this,
-            [this] { m_form->eventTimeEdit->setDateTime(m_module->session()->HfnTimeToSesTime()); });
-    connect(m_form->templateFiller, &TemplateFiller::templateChanged, m_unsaved, &KeptDraft::touch);
-    connect(m_form->counterpartEdit, &WorkerEdit::changed, m_unsaved, &KeptDraft::touch);
-    connect(m_form->eventTimeEdit, &QDateTimeEdit::dateTimeChanged, m_unsaved, &KeptDraft::touch);
-    for (QAbstractButton* direction : m_form->directionGroup->buttons())
-        connect(direction, &QAbstractButton::clicked, m_unsaved, &KeptDraft::touch);
+    connect(m_form->recordFields, &RecordFields::changed, this, &RecordCreatorDialog::updateControls);
+    connect(m_form->recordFields, &RecordFields::changed, m_unsaved, &KeptDraft::touch);
     for (NoticeBar* bar : {m_form->noticeBar, m_form->failureBar, m_form->questionBar})
         connect(bar, &NoticeBar::chosen, this, &RecordCreatorDialog::answer);
 }
@@ -97,41 +70,18 @@ void RecordCreatorDialog::saveByKey()
     if (field)
         field->clearFocus();
     save();
-    if (isVisible() && !focusWidget() && !goToMissing() && field)
+    if (!isVisible() || focusWidget())
+        return;
+    const bool fillable = m_mode == Mode::Create || m_mode == Mode::Edit;
+    if (!(fillable && m_form->recordFields->focusMissing()) && field)
         field->setFocus();
-}
-
-bool RecordCreatorDialog::goToMissing()
-{
-    if (m_mode != Mode::Create && m_mode != Mode::Edit)
-        return false;
-    if (m_form->templateFiller->focusMissing())
-        return true;
-    if (!m_form->counterpartEdit->isResolved()) {
-        m_form->counterpartEdit->setFocus(Qt::TabFocusReason);
-        return true;
-    }
-    return false;
-}
-
-/// Enter in the fields around the text: go to the next one.
-bool RecordCreatorDialog::goOn()
-{
-    if (m_form->eventTimeEdit->hasFocus())
-        m_form->counterpartEdit->setFocus(Qt::TabFocusReason);
-    else if (m_form->counterpartEdit->isAncestorOf(focusWidget()))
-        focusText();
-    else
-        return false;
-    return true;
 }
 
 void RecordCreatorDialog::init(CVrkCliMod* module)
 {
     m_module = module;
     m_form->templatesWidget->setTextCodec(module->session()->codec());
-    m_form->templateFiller->setModule(module);
-    m_form->counterpartEdit->setModule(module);
+    m_form->recordFields->init(module, m_tables.get());
 }
 
 void RecordCreatorDialog::setRecordsTable(CModelTable* table)
@@ -141,20 +91,20 @@ void RecordCreatorDialog::setRecordsTable(CModelTable* table)
 
 void RecordCreatorDialog::setWorkerKey(const QString& key)
 {
-    if (key == m_workerKey)
+    if (key == m_row->author.workerKey)
         return;
-    m_workerKey = key;
+    m_row->author.workerKey = key;
     m_form->templatesWidget->setUserKey(key);
     updateControls();
 }
 
 void RecordCreatorDialog::setDepartmentKey(const QString& key)
 {
-    m_departmentKey = key;
+    m_row->author.departmentKey = key;
     m_form->templatesWidget->setRootDepKeyLink(key);
     m_unsaved->setPlace(QStringLiteral("record/") + key);
-    m_form->templateFiller->setKept(QStringLiteral("values/record/") + key, QString(),
-                                    TemplateFiller::OthersOnly);
+    m_form->recordFields->filler()->setKept(QStringLiteral("values/record/") + key, QString(),
+                                            TemplateFiller::OthersOnly);
 }
 
 void RecordCreatorDialog::setOrgTypeKey(const QString& key)
@@ -164,24 +114,8 @@ void RecordCreatorDialog::setOrgTypeKey(const QString& key)
 
 void RecordCreatorDialog::setWorkshiftKey(const QString& key)
 {
-    m_workshiftKey = key;
+    m_row->author.workshiftKey = key;
     updateControls();
-}
-
-void RecordCreatorDialog::chooseCounterpart()
-{
-    if (!m_orgStruct) {
-        m_orgStruct = new OrgStructDialog(this, -1);
-        m_orgStruct->widget()->init(m_module);
-        m_orgStruct->widget()->setSelectionType(OrgStruct::Person);
-        connect(
-            m_orgStruct, &OrgStructDialog::itemSelected, this,
-            [this](const OrgStruct::SelectedItem& item) { showCounterpart(item.worker.keyLink.toUtf8()); });
-    }
-    OrgStruct::Worker chosen;
-    chosen.keyLink = QString::fromUtf8(m_form->counterpartEdit->workerKey());
-    m_orgStruct->widget()->setCurrectItem(chosen);
-    m_orgStruct->show();
 }
 
 void RecordCreatorDialog::updateControls()
@@ -190,13 +124,7 @@ void RecordCreatorDialog::updateControls()
     const bool writable = creating || m_mode == Mode::Edit || m_mode == Mode::Orphaned;
     m_form->templatesWidget->setVisible(creating);
     m_form->keepOpenCheck->setVisible(creating);
-    for (QWidget* field : fields()) {
-        if (field->isEnabled() == writable)
-            continue;
-        field->setEnabled(writable);
-        if (!qobject_cast<QAbstractButton*>(field))
-            setReadable(field, !writable);
-    }
+    m_form->recordFields->setWritable(writable);
     m_form->saveButton->setVisible(m_mode != Mode::Read);
     m_form->cancelButton->setText(m_mode == Mode::Read ? tr("Закрыть") : tr("Отмена"));
 
@@ -205,12 +133,6 @@ void RecordCreatorDialog::updateControls()
     m_form->saveButton->setToolTip(reason.isEmpty() ? tr("Ctrl+Enter") : reason);
     m_form->holdLabel->setText(reason);
     m_form->holdLabel->setVisible(m_mode != Mode::Read && !reason.isEmpty());
-}
-
-QVector<QWidget*> RecordCreatorDialog::fields() const
-{
-    return {m_form->templateFiller, m_form->eventTimeEdit, m_form->nowButton,      m_form->noDirectionButton,
-            m_form->fromButton,     m_form->toButton,      m_form->counterpartEdit};
 }
 
 QString RecordCreatorDialog::holdReason() const
@@ -222,34 +144,15 @@ QString RecordCreatorDialog::holdReason() const
     case Mode::Orphaned:
         return tr("Эту запись изменить больше нельзя");
     case Mode::Create:
-        if (m_workerKey.isEmpty())
+        if (m_row->author.workerKey.isEmpty())
             return tr("Не известен автор записи");
-        if (m_workshiftKey.isEmpty())
+        if (m_row->author.workshiftKey.isEmpty())
             return tr("Нет открытой смены");
         break;
     case Mode::Edit:
         break;
     }
-    const TemplateFiller* filler = m_form->templateFiller;
-    if (filler->filledTemplate(true).isEmpty())
-        return tr("Выберите шаблон");
-    if (!filler->isFilled())
-        return filler->missing();
-    if (!m_form->counterpartEdit->isResolved())
-        return tr("Выберите собеседника из списка");
-    return QString();
-}
-
-void RecordCreatorDialog::hideBars()
-{
-    m_form->noticeBar->hide();
-    m_form->failureBar->hide();
-    m_form->questionBar->hide();
-}
-
-void RecordCreatorDialog::showFailure(const QString& text)
-{
-    m_form->failureBar->tell(NoticeBar::Error, text);
+    return m_form->recordFields->missing();
 }
 
 void RecordCreatorDialog::requestClose()
@@ -285,7 +188,7 @@ void RecordCreatorDialog::answer(int answer)
         save();
         break;
     case DropText:
-        m_form->templateFiller->forgetValues();
+        m_form->recordFields->filler()->forgetValues();
         m_unsaved->forget();
         leave();
         break;
@@ -335,8 +238,7 @@ void RecordCreatorDialog::hideEvent(QHideEvent* event)
     keepUnsaved();
     m_mode = Mode::Nothing;
     saveLayout();
-    if (m_orgStruct)
-        m_orgStruct->close();
+    m_form->recordFields->closeTree();
     CPopTemplate::hideEvent(event);
 }
 
@@ -355,7 +257,7 @@ void RecordCreatorDialog::closeEvent(QCloseEvent* event)
 void RecordCreatorDialog::keyPressEvent(QKeyEvent* event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && !(event->modifiers() & ~Qt::KeypadModifier) && goOn())
+    if (isEnter && !(event->modifiers() & ~Qt::KeypadModifier) && m_form->recordFields->focusNext())
         return;
     if (event->key() != Qt::Key_Escape || event->modifiers() != Qt::NoModifier)
         QWidget::keyPressEvent(event);
@@ -363,20 +265,6 @@ void RecordCreatorDialog::keyPressEvent(QKeyEvent* event)
         answer(Stay);
     else
         requestClose();
-}
-
-bool RecordCreatorDialog::eventFilter(QObject* watched, QEvent* event)
-{
-    // The wheel, turned over the window by accident, must not change the time of the event.
-    if (event->type() == QEvent::Wheel) {
-        event->ignore();
-        return true;
-    }
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F5) {
-        m_form->nowButton->click();
-        return true;
-    }
-    return CPopTemplate::eventFilter(watched, event);
 }
 
 void RecordCreatorDialog::restoreLayout()

@@ -2,19 +2,18 @@
 
 #include "CPopTemplate.h"
 #include "KeptTexts.h"
-#include "RecordDraft.h"
 #include "TEventNciParse.h"
 #include "VrkExport.h"
 
 #include <memory>
 #include <QString>
 
-class CLiteModel;
 class CModelTable;
+class CreatorTables;
 class CVrkCliMod;
-class HtmlParser;
 class KeptDraft;
-class OrgStructDialog;
+struct DraftRow;
+struct RecordDraft;
 namespace Ui
 {
 class RecordCreatorDialog;
@@ -64,7 +63,6 @@ protected:
     void hideEvent(QHideEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     /// What the dialog does with the current record.
@@ -83,17 +81,12 @@ private:
     // RecordCreatorDialog.cpp: the window
     void connectWidgets();
     void updateControls();
-    QVector<QWidget*> fields() const;
     QString holdReason() const;
     void saveByKey();
-    bool goToMissing();
-    bool goOn();
     void requestClose();
     void leave();
     void answer(int answer);
     void askUnsaved();
-    void chooseCounterpart();
-    void hideBars();
     void restoreLayout();
     void saveLayout() const;
 
@@ -102,38 +95,23 @@ private:
     void loadTables();
     void openNew();
     void openRecord(const QByteArray& key);
-    bool restoreKept(const KeptTexts::Text& text);
     void restoreNew();
     void restoreEdit();
+    bool restoreKept(const KeptTexts::Text& text);
     KeptTexts::Values unsaved() const;
     void keepUnsaved();
     void dropRestored();
     void chooseTemplate();
     void showDraft(const RecordDraft& draft);
-    void showFields(const RecordDraft& draft);
-    void showCounterpart(const QByteArray& key);
-    void showMarker();
     void focusText();
     void tellReadOnly();
-    CModelTable* table(const char* name) const;
     RecordDraft draft() const;
     bool isDirty() const;
 
-    // RecordCreatorDialog_fill.cpp: known values
-    void prefill();
-    void prefillTime();
-    void prefillParameter(const QString& name, const QString& text, const QString& key);
-    void writeAutoTime(const HtmlParser& parser, unsigned index);
-    void eventTimeEdited();
-
     // RecordCreatorDialog_save.cpp: writing
     void save();
-    bool insert();
-    bool update();
-    bool findOwnRow(bool* found);
     void askConflict();
     void saved();
-    void showFailure(const QString& text);
 
     // RecordCreatorDialog_events.cpp: changes by others
     void recordEvent(const TEventNciParse* event);
@@ -143,30 +121,17 @@ private:
     void recordLost(const QString& what);
     void saveAsNew();
     void takeTheirs();
-    QString whoAndWhen(const TEventNciParse* event) const;
 
     std::unique_ptr<Ui::RecordCreatorDialog> m_form;
     CVrkCliMod* m_module = nullptr;
     CModelTable* m_records = nullptr;
-    OrgStructDialog* m_orgStruct = nullptr;
-    std::unique_ptr<CLiteModel> m_tables; ///< the dialog's own templates, categories and reference tables
-    bool m_tablesStale = true;
-    QString m_workerKey;
-    QString m_departmentKey;
-    QString m_workshiftKey;
+    std::unique_ptr<CreatorTables> m_tables;
 
     Mode m_mode = Mode::Nothing;
-    QByteArray m_requestedKey;  ///< record to edit the next time it opens, empty to create
-    bool m_openAsked = false;   ///< the question about unsaved text is open
-    QByteArray m_key;           ///< key of the current record, the same for all retries
-    bool m_attempted = false;   ///< a row with this key may exist although writing it failed
-    RecordDraft m_sent;         ///< the values of the last attempt to write
-    RecordDraft m_before;       ///< values of the record when it was opened, or last changed by others
-    QString m_cleanText;        ///< filled text before the user touched it
-    QString m_autoTime;         ///< value that prefilling gave to the time parameter
-    bool m_restored = false;    ///< the window shows a kept text
-    bool m_lostUnsaved = false; ///< there was unsaved text when the record was lost
-    bool m_conflict = false;    ///< others changed the record while it had unsaved text
-    bool m_filling = false;     ///< the window is changing its own fields
-    KeptDraft* m_unsaved;       ///< kept texts are offered one after another, the last first
+    QByteArray m_requestedKey;       ///< record to edit the next time it opens, empty to create
+    bool m_openAsked = false;        ///< the question about unsaved text is open
+    std::unique_ptr<DraftRow> m_row; ///< the current record
+    bool m_restored = false;         ///< the window shows a kept text
+    bool m_conflict = false;         ///< others changed the record while it had unsaved text
+    KeptDraft* m_unsaved;            ///< kept texts are offered one after another, the last first
 };

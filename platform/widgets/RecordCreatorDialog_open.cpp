@@ -1,28 +1,19 @@
 #include "RecordCreatorDialog.h"
 
-#include "CLiteModel.h"
-#include "CToolLiteModel.h"
+#include "CModelTable.h"
+#include "CreatorTables.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "DraftRow.h"
 #include "GenGuid32.h"
-#include "HfnWrapper.h"
-#include "HtmlParser.h"
 #include "KeptDraft.h"
-#include "MarkerIcon.h"
 #include "MDRValues.h"
 #include "RecordCreatorKept.h"
 #include "Row.h"
+#include "TemplateFiller.h"
 #include "ui_RecordCreatorDialog.h"
 
-#include <QScopedValueRollback>
-#include <QStyle>
-#include <QTextCodec>
-
-namespace
-{
-const char* const CategoriesTable = "LogbookCatsTemplate";
-const char* const TemplatesTable = "LogbookTemplates";
-} // namespace
+#include <QSignalBlocker>
 
 void RecordCreatorDialog::setCurrentRecord(MDRData* record)
 {
@@ -31,7 +22,7 @@ void RecordCreatorDialog::setCurrentRecord(MDRData* record)
         return;
     raise();
     activateWindow();
-    const bool sameRecord = m_requestedKey.isEmpty() ? m_mode == Mode::Create : m_requestedKey == m_key;
+    const bool sameRecord = m_requestedKey.isEmpty() ? m_mode == Mode::Create : m_requestedKey == m_row->key;
     if (sameRecord)
         return;
     m_openAsked = isDirty();
@@ -45,7 +36,8 @@ void RecordCreatorDialog::open()
 {
     m_openAsked = false;
     m_unsaved->forget(); // the user was asked before he continued from unsaved text
-    hideBars();
+    for (NoticeBar* bar : {m_form->noticeBar, m_form->failureBar, m_form->questionBar})
+        bar->hide();
     loadTables();
     if (m_requestedKey.isEmpty())
         openNew();
@@ -56,54 +48,26 @@ void RecordCreatorDialog::open()
 
 void RecordCreatorDialog::loadTables()
 {
-    if (!m_tablesStale)
-        return;
-    CToolLiteModel tool(m_module);
-    tool.m_names = QStringList{QStringLiteral("Workers"),       QStringLiteral("Departments"),
-                               QStringLiteral("Organizations"), QStringLiteral("OrgTypes"),
-                               QLatin1String(CategoriesTable),  QLatin1String(TemplatesTable)};
-    tool.Perform(false);
-    const bool complete = tool.m_loaded.size() == static_cast<std::size_t>(tool.m_names.size());
-    if (!complete) {
+    if (!m_tables->load(m_module, m_form->templatesWidget))
         m_form->failureBar->tell(
             NoticeBar::Error,
             tr("Не удалось загрузить шаблоны: %1").arg(m_module->session()->lastErrorText()),
             {{ReloadTables, tr("Повторить"), QStringLiteral("reloadTablesButton")}});
-    }
-    if (!complete && m_tables)
-        return; // tables loaded earlier are better than a part of them
-    m_tablesStale = !complete;
-    const std::unique_ptr<CLiteModel> old = std::move(m_tables);
-    m_tables.reset(tool.m_model);
-    tool.m_model = nullptr;
-
-    TemplatesWidget* templates = m_form->templatesWidget;
-    templates->setCatsTemplateTable(table(CategoriesTable));
-    templates->setTemplatesTable(table(TemplatesTable));
-    templates->setDepartmentsTable(table("Departments"));
-    templates->setOrgTypesTable(table("OrgTypes"));
-}
-
-CModelTable* RecordCreatorDialog::table(const char* name) const
-{
-    return m_tables ? m_tables->GetTableByName(name) : nullptr;
 }
 
 void RecordCreatorDialog::openNew()
 {
     setWindowTitle(tr("Новая запись"));
     m_mode = Mode::Create;
-    m_key = GenGuid32();
-    m_attempted = false;
+    m_row->start(GenGuid32());
     m_conflict = false;
     m_restored = false;
-    m_before = RecordDraft();
-    m_before.eventTime = DateTime_To_HfnTime(m_module->session()->HfnTimeToSesTime());
+    m_row->before.eventTime = DateTime_To_HfnTime(m_module->session()->HfnTimeToSesTime());
     {
-        QScopedValueRollback<bool> filling(m_filling, true);
+        const QSignalBlocker quiet(m_form->templatesWidget);
         m_form->templatesWidget->clearSelection();
     }
-    showDraft(m_before);
+    showDraft(m_row->before);
     restoreNew();
     m_form->templatesWidget->setVisible(true);
     if (m_restored)
@@ -114,18 +78,16 @@ void RecordCreatorDialog::openNew()
 
 void RecordCreatorDialog::openRecord(const QByteArray& key)
 {
-    m_key = key;
-    m_attempted = false;
+    m_row->start(key);
     m_conflict = false;
     m_restored = false;
-    m_before = RecordDraft();
     const MDRData* record = recordByKeyLink(m_records, key.constData());
     if (record)
-        m_before.read(record, m_module->session()->codec());
-    const bool draft = record && m_before.status == StatusDraft;
+        m_row->before.read(record, m_module->session()->codec());
+    const bool draft = record && m_row->before.status == StatusDraft;
     m_mode = draft ? Mode::Edit : Mode::Read;
     setWindowTitle(draft ? tr("Правка записи") : tr("Просмотр записи"));
-    showDraft(m_before);
+    showDraft(m_row->before);
     if (!record)
         m_form->noticeBar->tell(NoticeBar::Warning, tr("Запись не найдена: возможно, она удалена."));
     else if (!draft)
@@ -139,51 +101,26 @@ void RecordCreatorDialog::focusText()
 {
     if (m_mode == Mode::Read)
         m_form->cancelButton->setFocus();
-    else if (HtmlParser(m_form->templateFiller->filledTemplate(true).toStdString()).countParameters() > 0)
-        m_form->templateFiller->setFocus();
     else
-        m_form->eventTimeEdit->setFocus();
+        m_form->recordFields->focusText();
 }
 
 void RecordCreatorDialog::tellReadOnly()
 {
     m_form->noticeBar->tell(NoticeBar::Information,
-                            m_before.status == StatusDeleted
+                            m_row->before.status == StatusDeleted
                                 ? tr("Запись удалена и открыта только для чтения.")
                                 : tr("Запись утверждена и открыта только для чтения."));
 }
 
 void RecordCreatorDialog::showDraft(const RecordDraft& draft)
 {
-    QScopedValueRollback<bool> filling(m_filling, true);
-    m_form->templateFiller->setTemplate(draft.html);
-    m_cleanText = m_form->templateFiller->filledTemplate(true);
-    m_autoTime.clear();
-    showMarker();
-    showFields(draft);
-}
-
-void RecordCreatorDialog::showFields(const RecordDraft& draft)
-{
-    QScopedValueRollback<bool> filling(m_filling, true);
-    m_form->eventTimeEdit->setDateTime(HfnTime_to_DateTime(draft.eventTime, -1));
-    showCounterpart(draft.receiverKey);
-    if (QAbstractButton* button = m_form->directionGroup->button(draft.direction))
-        button->setChecked(true);
+    m_form->recordFields->setDraft(draft);
     updateControls();
-}
-
-void RecordCreatorDialog::showCounterpart(const QByteArray& key)
-{
-    m_form->counterpartEdit->setWorker(
-        key,
-        HfnWrapper::workerFullName(m_module->session()->codec(), table("Workers"), QString::fromUtf8(key)));
 }
 
 void RecordCreatorDialog::chooseTemplate()
 {
-    if (m_filling)
-        return;
     const MDRData* chosen = m_form->templatesWidget->currentTemplate();
     if (!chosen && isDirty())
         return; // the template was deleted in the meantime: the typed text stays, since the record contains
@@ -192,50 +129,19 @@ void RecordCreatorDialog::chooseTemplate()
         // The filler keeps the values typed for a template, but not a restored text: that is kept here for
         // the next opening.
         keepUnsaved();
-        m_key = GenGuid32();
-        m_attempted = false;
+        m_row->start(GenGuid32());
     }
     if (m_restored)
         m_form->noticeBar->hide();
     m_restored = false;
-    const QString html = Row(chosen).text(Field::html, m_module->session()->codec());
-    {
-        QScopedValueRollback<bool> filling(m_filling, true);
-        TemplateFiller* filler = m_form->templateFiller;
-        filler->setTemplate(html);
-        // Values typed earlier for this template are shown again, and are still unsaved.
-        const bool typedBefore = filler->filledTemplate(false) != html;
-        prefill();
-        m_cleanText = typedBefore ? QString() : filler->filledTemplate(true);
-    }
-    showMarker();
+    m_form->recordFields->startText(Row(chosen).text(Field::html, m_module->session()->codec()),
+                                    m_row->author);
     updateControls();
-}
-
-void RecordCreatorDialog::showMarker()
-{
-    const QString marker = RecordDraft::firstMarker(m_form->templateFiller->filledTemplate(true));
-    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    m_form->markerIconLabel->setPixmap(MarkerIcon::at(marker).pixmap(size, size));
-    m_form->markerIconLabel->setVisible(MarkerIcon::isPath(marker));
-    m_form->markerLabel->setVisible(MarkerIcon::isPath(marker));
 }
 
 RecordDraft RecordCreatorDialog::draft() const
 {
-    RecordDraft draft = m_before;
-    const QString text = m_form->templateFiller->filledTemplate(true);
-    // Unchanged text is the stored one, byte for byte, even if the filler's output differs.
-    draft.html = m_mode == Mode::Edit && text == m_cleanText ? m_before.html : text;
-    draft.eventTime = DateTime_To_HfnTime(m_form->eventTimeEdit->dateTime());
-    draft.direction = m_form->directionGroup->checkedId();
-    draft.receiverKey = m_form->counterpartEdit->workerKey();
-    // The first mark follows the time of the event, unless it was set to another time.
-    if (RecordDraft::firstMarker(draft.html).isEmpty())
-        return draft;
-    if (m_before.firstMark == 0.0 || m_before.firstMark == m_before.eventTime)
-        draft.firstMark = draft.eventTime;
-    return draft;
+    return m_form->recordFields->draft(m_row->before);
 }
 
 bool RecordCreatorDialog::isDirty() const
@@ -245,12 +151,11 @@ bool RecordCreatorDialog::isDirty() const
     case Mode::Read:
         return false;
     case Mode::Create:
-        return m_form->templateFiller->filledTemplate(true) != m_cleanText ||
-               !m_form->counterpartEdit->workerKey().isEmpty();
+        return m_form->recordFields->isTextTouched() || !draft().receiverKey.isEmpty();
     case Mode::Edit:
-        return !draft().differences(m_before).isEmpty();
+        return !draft().differences(m_row->before).isEmpty();
     case Mode::Orphaned:
-        return m_lostUnsaved || m_form->templateFiller->filledTemplate(true) != m_cleanText;
+        return m_form->recordFields->isTextTouched();
     }
     return false;
 }
@@ -261,11 +166,11 @@ KeptTexts::Values RecordCreatorDialog::unsaved() const
         return {};
     Kept kept;
     kept.create = m_mode != Mode::Edit;
-    kept.key = m_mode == Mode::Orphaned ? GenGuid32() : m_key;
+    kept.key = m_mode == Mode::Orphaned ? GenGuid32() : m_row->key;
     if (m_mode == Mode::Create) // while editing, the tree is hidden and keeps its state
         kept.templateKey = m_form->templatesWidget->currentTemplateKey();
-    kept.attempted = m_attempted;
-    kept.sent = m_sent;
+    kept.attempted = m_row->attempted;
+    kept.sent = m_row->sent;
     kept.draft = draft();
     return kept.values();
 }
@@ -273,7 +178,7 @@ KeptTexts::Values RecordCreatorDialog::unsaved() const
 void RecordCreatorDialog::keepUnsaved()
 {
     if (isDirty())
-        m_form->templateFiller->forgetValues();
+        m_form->recordFields->filler()->forgetValues();
     m_unsaved->release();
 }
 
@@ -291,7 +196,7 @@ void RecordCreatorDialog::restoreEdit()
     KeptTexts::Text last;
     for (const KeptTexts::Text& text : m_unsaved->offered()) {
         const Kept kept = Kept::read(text);
-        if (!kept.create && kept.key == m_key)
+        if (!kept.create && kept.key == m_row->key)
             last = text;
     }
     if (!last.id.isEmpty())
@@ -304,25 +209,22 @@ bool RecordCreatorDialog::restoreKept(const KeptTexts::Text& text)
     const Kept kept = Kept::read(text);
     m_unsaved->take(text);
     if (m_mode == Mode::Create) {
-        m_key = kept.create ? kept.key : GenGuid32();
-        m_attempted = kept.create && (kept.attempted || text.isLeft);
-        m_sent = kept.sent;
+        m_row->key = kept.create ? kept.key : GenGuid32();
+        m_row->attempted = kept.create && (kept.attempted || text.isLeft);
+        m_row->sent = kept.sent;
         bool isWritten = false;
-        if (text.isLeft && kept.create && findOwnRow(&isWritten) && isWritten &&
-            kept.draft.differences(m_before).isEmpty()) {
+        if (text.isLeft && kept.create && m_row->find(m_module->session(), &isWritten) && isWritten &&
+            kept.draft.differences(m_row->before).isEmpty()) {
             m_unsaved->forget();
-            m_before = RecordDraft();
-            m_key = GenGuid32();
-            m_attempted = false;
+            m_row->start(GenGuid32());
             return false;
         }
-        QScopedValueRollback<bool> filling(m_filling, true);
+        const QSignalBlocker quiet(m_form->templatesWidget);
         m_form->templatesWidget->selectTemplate(kept.templateKey);
     }
     m_restored = true;
-    const QString clean = m_cleanText;
-    showDraft(kept.draft);
-    m_cleanText = clean;
+    m_form->recordFields->restoreDraft(kept.draft);
+    updateControls();
     if (m_mode == Mode::Edit && !isDirty()) {
         m_restored = false;
         m_unsaved->forget();
@@ -335,11 +237,11 @@ bool RecordCreatorDialog::restoreKept(const KeptTexts::Text& text)
 
 void RecordCreatorDialog::dropRestored()
 {
-    m_form->templateFiller->forgetValues();
+    m_form->recordFields->filler()->forgetValues();
     m_unsaved->forget();
     m_form->noticeBar->hide();
     if (m_mode == Mode::Edit)
-        openRecord(m_key);
+        openRecord(m_row->key);
     else
         openNew();
     updateControls();

@@ -2,17 +2,10 @@
 
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
-#include "Fields.h"
+#include "DraftRow.h"
 #include "KeptDraft.h"
-#include "MDRValues.h"
+#include "TemplateFiller.h"
 #include "ui_RecordCreatorDialog.h"
-
-#include <QTextCodec>
-
-namespace
-{
-const char* const RecordsTable = "LogbookRecords";
-}
 
 void RecordCreatorDialog::save()
 {
@@ -23,10 +16,12 @@ void RecordCreatorDialog::save()
         askConflict();
         return;
     }
-    if (m_mode == Mode::Create ? insert() : update())
+    CVrkCliSes* session = m_module->session();
+    if (m_mode == Mode::Create ? m_row->insert(session, draft()) : m_row->update(session, draft()))
         saved();
     else
-        showFailure(tr("Не удалось сохранить запись: %1").arg(m_module->session()->lastErrorText()));
+        m_form->failureBar->tell(NoticeBar::Error,
+                                 tr("Не удалось сохранить запись: %1").arg(session->lastErrorText()));
 }
 
 void RecordCreatorDialog::askConflict()
@@ -39,74 +34,12 @@ void RecordCreatorDialog::askConflict()
     m_form->questionBar->focusChoice(KeepMine);
 }
 
-bool RecordCreatorDialog::insert()
-{
-    if (m_attempted) {
-        // The answer to an earlier attempt may have been lost: the row must not be written twice.
-        bool written = false;
-        if (!findOwnRow(&written))
-            return false;
-        if (written)
-            return update();
-    }
-    CVrkCliSes* session = m_module->session();
-    const QByteArray shift = m_workshiftKey.toUtf8();
-    const QByteArray worker = m_workerKey.toUtf8();
-    CRowBatch rows(LogbookRecordFields);
-    MDRData* row = rows.newRow(ROW_INSERT, m_key);
-    rows.SetValF(row, Field::ShiftKey, MDRValue::text(shift));
-    rows.SetValF(row, Field::WorkerKey, MDRValue::text(worker));
-    rows.SetValF(row, Field::recordTime, MDRValue::real(session->GetHfnTime()));
-    rows.SetValF(row, Field::status, MDRValue::number(StatusDraft));
-    for (const char* absent :
-         fieldNames(Field::VisaWorkerKey, Field::OriginRecordKey, Field::SecondMarkWorkerKey,
-                    Field::secondMarkTime, Field::executionTime))
-        rows.SetValF(row, absent, MDRValue::null());
-    m_sent = draft();
-    m_sent.writeAll(rows, row, session->codec());
-    rows.RecPost(row);
-    m_attempted = true;
-    return session->SqlUpdate(RecordsTable, rows.array, true, nullptr);
-}
-
-bool RecordCreatorDialog::findOwnRow(bool* found)
-{
-    CVrkCliSes* session = m_module->session();
-    CMDArray answer;
-    answer = session->SqlRequest(QStringLiteral("SELECT * FROM LogbookRecords WHERE KeyLink = '%1'")
-                                     .arg(QString::fromUtf8(m_key))
-                                     .toUtf8());
-    if (answer.array == nullptr)
-        return false;
-    *found = answer.RecCount() > 0;
-    if (*found) {
-        m_before = RecordDraft();
-        m_before.read(MDARec(answer.array, 0, 0), session->codec());
-    }
-    return true;
-}
-
-bool RecordCreatorDialog::update()
-{
-    CVrkCliSes* session = m_module->session();
-    m_sent = draft();
-    CRowBatch rows(LogbookRecordFields);
-    MDRData* row = rows.newRow(ROW_UPDATE, m_key);
-    if (!m_sent.writeChanges(rows, row, m_before, session->codec())) {
-        MDARecDel(row);
-        return true;
-    }
-    rows.RecPost(row);
-    m_attempted = true;
-    return session->SqlUpdate(RecordsTable, rows.array, true, nullptr);
-}
-
 void RecordCreatorDialog::saved()
 {
     const bool next = m_mode == Mode::Create && m_form->keepOpenCheck->isChecked() && !m_openAsked;
     if (m_mode == Mode::Create)
         m_form->templatesWidget->noteUse();
-    m_form->templateFiller->valuesWritten();
+    m_form->recordFields->filler()->valuesWritten();
     m_unsaved->forget();
     m_mode = Mode::Nothing;
     if (!next) {

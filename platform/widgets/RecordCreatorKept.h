@@ -2,6 +2,7 @@
 
 #include "KeptTexts.h"
 #include "RecordCreatorDialog.h"
+#include "RecordDraft.h"
 
 /// The unsaved text of a record in the form in which it is kept.
 struct RecordCreatorDialog::Kept {

@@ -88,6 +88,20 @@ void RecordDraft::writeAll(CMDArray& rows, MDRData* row, const QTextCodec* codec
     rows.SetValF(row, Field::direction, MDRValue::number(direction));
 }
 
+RecordDraft RecordDraft::mergedWith(const RecordDraft& theirs, const RecordDraft& before) const
+{
+    RecordDraft merged = *this;
+    const auto take = [&](auto RecordDraft::*value) {
+        if (merged.*value == before.*value)
+            merged.*value = theirs.*value;
+    };
+    take(&RecordDraft::html);
+    take(&RecordDraft::eventTime);
+    take(&RecordDraft::direction);
+    take(&RecordDraft::receiverKey);
+    return merged;
+}
+
 QStringList RecordDraft::differences(const RecordDraft& other) const
 {
     QStringList result;

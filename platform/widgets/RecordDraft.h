@@ -28,6 +28,8 @@ struct RecordDraft {
     bool writeChanges(CMDArray& rows, MDRData* row, const RecordDraft& before, const QTextCodec* codec) const;
     /// Sets and marks html, times, counterpart and direction.
     void writeAll(CMDArray& rows, MDRData* row, const QTextCodec* codec) const;
+    /// These values, with those of \a theirs wherever they are still equal to \a before.
+    RecordDraft mergedWith(const RecordDraft& theirs, const RecordDraft& before) const;
     /// The differences in the user's words: "текст", "время события", "корреспондент", "направление".
     QStringList differences(const RecordDraft& other) const;
 
