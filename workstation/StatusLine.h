@@ -1,17 +1,15 @@
 #pragma once
 
-#include "WrittenRows.h"
-
 #include <functional>
 #include <QDateTime>
-#include <QTimer>
-#include <QVector>
 #include <QWidget>
 
 class CVrkCliSes;
 class QLabel;
 class QMenu;
 class QToolButton;
+class ServerClock;
+class StatusMessages;
 
 /// The line at the bottom of every window: state of the store, user and department, the server's time, the
 /// menu of modules; and each request that was refused or failed, with time and reason, until the user
@@ -46,24 +44,10 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    struct Failure {
-        QString text;
-        QDateTime last; ///< time
-        int count = 1;
-        QVector<WrittenRows> unwritten; ///< failed writes that have not succeeded yet
-    };
-
-    void requestFailed(bool write, const QString& table, const QString& reason);
-    void writeEnded(bool written, const WrittenRows& rows);
     void showConnection(bool connected);
-    void showMessage();
     /// Shortens the texts if the line has no space for all of them and for a message.
     void fitTexts();
     void setTexts(bool isShort);
-    void acknowledge();
-    void synchronizeClock();
-    void showClock();
-    void showDeviation();
 
     CVrkCliSes* m_session;
     const QString m_user;
@@ -71,20 +55,10 @@ private:
     QLabel* m_connectionIcon;
     QLabel* m_connectionLabel;
     QLabel* m_userLabel;
-    QLabel* m_messageLabel;
-    QToolButton* m_acknowledgeButton;
+    StatusMessages* m_messages;
     QToolButton* m_themeButton;
     QToolButton* m_modulesButton;
     QToolButton* m_unreadButton;
-    QLabel* m_deviationLabel;
-    QLabel* m_clockLabel = nullptr;
-    QVector<Failure> m_failures;
-    std::function<QDateTime()> m_ownClock = &QDateTime::currentDateTime;
-    QString m_notice;
-    QTimer m_noticeTimer;
-    QTimer m_clockTimer;
-    qint64 m_serverAhead = 0; ///< milliseconds that the server's clock is ahead of ours
-    int m_ticks = 0;
+    ServerClock* m_clock;
     int m_unread = 0;
-    bool m_isShort = false;
 };
