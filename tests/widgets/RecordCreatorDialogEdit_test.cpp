@@ -126,6 +126,20 @@ private slots:
         QCOMPARE(bench.plan->writes, 0);
     }
 
+    void writesATextChangedBackAfterOthersWroteIt()
+    {
+        Journal store;
+        CreatorBench bench(store);
+        bench.edit("REC_TEXT");
+        bench.set("text", QStringLiteral("новое"));
+        store.change({{"html", message("новое")}});
+        bench.client.deliver();
+        QVERIFY(bench.dialog->isVisible());
+        bench.set("text", QStringLiteral("старое"));
+        bench.click("saveButton");
+        QCOMPARE(store.field("html").toString(), message("старое"));
+    }
+
     void theFirstMarkFollowsTheTimeOfTheEvent()
     {
         Journal store;
