@@ -19,11 +19,6 @@ MDRVar fieldOf(const MDArray* array, int row, int field)
     MDRGetVal(MDRFldByNum(array, field), MDARec(array, 0, row), &value);
     return value;
 }
-
-QByteArray quoted(const QByteArray& text)
-{
-    return "'" + QByteArray(text).replace("'", "''") + "'";
-}
 } // namespace
 
 bool ShiftBook::load(Store* store, const QByteArray& departmentKey, StoreError* error)
@@ -32,7 +27,7 @@ bool ShiftBook::load(Store* store, const QByteArray& departmentKey, StoreError* 
     CMDArray answer;
     answer = store->select("SELECT KeyLink, CloseWorkerKey, startTime, endTime FROM LogbookWorkshifts"
                            " WHERE DepartmentKey = " +
-                               quoted(departmentKey) + " ORDER BY startTime DESC NULLS LAST",
+                               Store::literal(departmentKey) + " ORDER BY startTime DESC NULLS LAST",
                            error);
     if (!answer.array)
         return false;
@@ -95,7 +90,7 @@ QVector<ShiftBook::Correction> ShiftBook::corrections(Store* store, const QByteA
     answer = store->select("SELECT T.time, T.batchKey FROM ChangeTransactions AS T JOIN ChangeLog AS L"
                            " ON L.number = T.number WHERE T.batchKey >= 'shift:' AND T.batchKey < 'shift;'"
                            " AND L.tableName = 'LogbookWorkshifts' AND L.rowKey = " +
-                               quoted(key) + " ORDER BY T.number",
+                               Store::literal(key) + " ORDER BY T.number",
                            error);
     for (int i = 0; answer.array && i < answer.RecCount(); ++i) {
         const QString name = store->codec()->toUnicode(MDRValue::copy(fieldOf(answer.array, i, 1)));

@@ -14,6 +14,11 @@ std::unique_ptr<Store> Store::open(const QString& url, const Options& options, S
     return nullptr;
 }
 
+QByteArray Store::literal(const QByteArray& text)
+{
+    return "'" + QByteArray(text).replace("'", "''") + "'";
+}
+
 int Store::longestShift()
 {
     StoreError error;

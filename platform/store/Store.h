@@ -101,6 +101,9 @@ public:
     /// The longest workshift that the store accepts, in seconds; 0 if unavailable.
     virtual int longestShift();
 
+    /// \a text as a literal of statements.
+    static QByteArray literal(const QByteArray& text);
+
     /// Runs one select, read-only and unchanged. The answer, owned by the caller, has the declared field
     /// names and types and the order-of-entry key, also if it has no rows. Blobs stay in the store until
     /// they are read.

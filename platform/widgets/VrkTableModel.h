@@ -32,7 +32,6 @@ public:
     CMDArray* cmdArray() const { return m_array; }
     /// Code page of the texts; null means UTF-8.
     void setTextCodec(QTextCodec* codec);
-    QTextCodec* textCodec() const { return m_codec; }
 
     /// Enclose a full reload: between them the array may be cleared, refilled and given other fields. Calls
     /// may be nested; only the outermost pair has an effect.

@@ -8,6 +8,7 @@
 #include "PostgresObjects.h"
 #include "PostgresSchema.h"
 #include "PostgresStrangers.h"
+#include "SchemaScript.h"
 #include "StoreErrors.h"
 
 #include <QFile>
@@ -295,49 +296,24 @@ bool PostgresAdmin::restore(const QString& url, const QString& copy, QStringList
     return true;
 }
 
-namespace
-{
-/// Members of the role of persons, except administrators of the server.
-const char persons[] = "(SELECT rolname FROM pg_roles WHERE NOT rolsuper AND pg_has_role(oid, 'vrk_client', "
-                       "'MEMBER'))";
-
-/// Rolls back abandoned prepared transactions; they would hold their locks forever.
-int endPrepared(PgConnection& link, int seconds, StoreError* error)
-{
-    const PgResult prepared = link.run(
-        QByteArray("SELECT gid FROM pg_prepared_xacts WHERE database = current_database() AND owner IN ") +
-            persons + " AND prepared < clock_timestamp() - make_interval(secs => $1)",
-        PgValues().real(seconds), error);
-    if (!prepared)
-        return -1;
-    for (int i = 0; i < prepared.rows(); ++i)
-        if (!link.exec("ROLLBACK PREPARED " + PostgresSchema::literal(prepared.bytes(i, 0)), error))
-            return -1;
-    return prepared.rows();
-}
-} // namespace
-
 int PostgresAdmin::endRunaways(const QString& url, int seconds, StoreError* error)
 {
     const auto link = connectedToStore(url, error);
     if (!link)
         return -1;
-    // Checks the locks in all databases: the whole server shares one lock table.
-    const PgResult ended = link->run(
-        QByteArray(
-            "WITH old AS (SELECT clock_timestamp() - make_interval(secs => $1) AS moment), "
-            "held AS MATERIALIZED (SELECT pid, count(*) AS locks, bool_or(locktype = 'advisory') AS "
-            "isAdvisory FROM pg_locks GROUP BY pid) "
-            "SELECT count(pg_terminate_backend(pid)) FROM pg_stat_activity LEFT JOIN held USING (pid), old "
-            "WHERE usename IN ") +
-            persons +
-            " AND (datname = current_database() AND state <> 'idle' AND (query_start < moment "
-            "OR xact_start < moment AND EXISTS (SELECT 1 FROM pg_locks "
-            "WHERE NOT granted AND pg_stat_activity.pid = ANY (pg_blocking_pids(pg_locks.pid)))) "
-            "OR isAdvisory AND state_change < moment OR locks > $2)",
-        PgValues().real(seconds).number(mostLocks), error);
-    const int prepared = ended ? endPrepared(*link, seconds, error) : -1;
-    return prepared < 0 ? -1 : static_cast<int>(ended.integer(0, 0)) + prepared;
+    const PgResult found = link->run(SchemaScript::file("postgresql-watchdog.sql"),
+                                     PgValues().real(seconds).number(mostLocks), error);
+    if (!found)
+        return -1;
+    int ended = static_cast<int>(found.integer(0, 0));
+    for (int i = 0; i < found.rows(); ++i) {
+        if (found.isNull(i, 1))
+            continue;
+        if (!link->exec("ROLLBACK PREPARED " + Store::literal(found.bytes(i, 1)), error))
+            return -1;
+        ++ended;
+    }
+    return ended;
 }
 
 bool PostgresAdmin::addRole(const QString& url, const QString& login, StoreError* error)
@@ -382,8 +358,7 @@ bool PostgresAdmin::setPassword(const QString& url, const QString& login, const 
     const QByteArray hash = link->passwordHash(login, password);
     if (hash.isEmpty())
         return StoreErrors::raise(error, StoreError::BadRequest, "Такой пароль не подходит.");
-    return link->exec("ALTER ROLE " + PostgresSchema::identifier(login) + " PASSWORD " +
-                          PostgresSchema::literal(hash),
+    return link->exec("ALTER ROLE " + PostgresSchema::identifier(login) + " PASSWORD " + Store::literal(hash),
                       error);
 }
 

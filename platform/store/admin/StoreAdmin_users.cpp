@@ -12,11 +12,6 @@
 
 namespace
 {
-QByteArray quoted(const QByteArray& text)
-{
-    return "'" + QByteArray(text).replace("'", "''") + "'";
-}
-
 /// The first field of every row of a select: keys, logins and names of rights.
 QVector<QByteArray> column(Store& store, const QByteArray& sql, StoreError* error)
 {
@@ -51,7 +46,7 @@ bool noSuchLogin(const QString& login, StoreError* error)
 
 QByteArray userKey(Store& store, const QString& login, bool deletedToo, StoreError* error)
 {
-    QByteArray sql = "SELECT KeyLink FROM Users WHERE login = " + quoted(login.toUtf8());
+    QByteArray sql = "SELECT KeyLink FROM Users WHERE login = " + Store::literal(login.toUtf8());
     if (!deletedToo)
         sql += " AND coalesce(deleted_, 0) = 0";
     return column(store, sql, error).value(0);
@@ -139,11 +134,12 @@ bool StoreAdmin::grant(const QString& url, const QString& login, const QByteArra
     const QByteArray user = userKey(*store, login, false, error);
     if (user.isEmpty())
         return noSuchLogin(login, error);
-    const QByteArray present = column(*store,
-                                      "SELECT KeyLink FROM UserRights WHERE UserKey = " + quoted(user) +
-                                          " AND rightName = " + quoted(right),
-                                      error)
-                                   .value(0);
+    const QByteArray present =
+        column(*store,
+               "SELECT KeyLink FROM UserRights WHERE UserKey = " + Store::literal(user) +
+                   " AND rightName = " + Store::literal(right),
+               error)
+            .value(0);
     if (*error)
         return false;
     if (present.isEmpty() != given)
@@ -169,6 +165,7 @@ QVector<QByteArray> StoreAdmin::rights(const QString& url, const QString& login,
         return {};
     }
     return column(*store,
-                  "SELECT rightName FROM UserRights WHERE UserKey = " + quoted(user) + " ORDER BY rightName",
+                  "SELECT rightName FROM UserRights WHERE UserKey = " + Store::literal(user) +
+                      " ORDER BY rightName",
                   error);
 }

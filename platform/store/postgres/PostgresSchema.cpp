@@ -14,58 +14,19 @@ const char ownerScript[] = "GRANT USAGE, CREATE ON SCHEMA public TO vrk_owner;\n
 
 const char functionHead[] =
     "() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER\n"
-    "    SET search_path = pg_catalog, public, pg_temp SET extra_float_digits = 1 AS $$\n";
+    "    SET search_path = pg_catalog, public, pg_temp SET extra_float_digits = 1 AS $$";
 
 QByteArray logSql(const CatalogTable& table)
 {
-    QByteArray checks = "    IF TG_OP = 'UPDATE' AND " + table.rowKeyOf("NEW") + " <> " +
-                        table.rowKeyOf("OLD") +
-                        " THEN\n        PERFORM vrk_refuse('Ключ строки не изменяется.');\n    END IF;\n";
-    if (table.fieldIndex("KeyLink") >= 0)
-        checks +=
-            "    IF TG_OP = 'INSERT' AND (NEW.KeyLink = '' OR NEW.KeyLink ~ '[\\x01-\\x1f''\"\\\\]') THEN\n"
-            "        PERFORM vrk_refuse('Недопустимый ключ строки.');\n    END IF;\n";
-    if (table.isCategoryTree()) {
-        checks += "    IF TG_OP <> 'DELETE' AND NEW.ParentKey IS NOT NULL THEN\n"
-                  "        PERFORM vrk_hold_trees();\n"
-                  "        PERFORM vrk_refuse('Категория не может лежать внутри самой себя.')\n"
-                  "        WHERE NEW.KeyLink IN (\n"
-                  "            WITH RECURSIVE up (k) AS (\n"
-                  "                SELECT NEW.ParentKey UNION\n"
-                  "                SELECT T.ParentKey FROM up JOIN " +
-                  table.name +
-                  " AS T ON T.KeyLink = up.k)\n"
-                  "            SELECT k FROM up);\n    END IF;\n";
-    }
-    QByteArray faults;
-    for (const QByteArray& field : table.reals())
-        faults += (faults.isEmpty() ? "" : " OR ") + QByteArray("NEW.") + field +
-                  " IN ('NaN', 'Infinity', '-Infinity') AND NEW." + field + " IS DISTINCT FROM OLD." + field;
-    if (!faults.isEmpty())
-        checks += "    IF " + faults +
-                  " THEN\n        PERFORM vrk_refuse('Недопустимое время или число.');\n    END IF;\n";
-    const QByteArray name = "Log_" + table.name;
-    return "CREATE FUNCTION " + name + functionHead + "BEGIN\n" + checks + "    PERFORM vrk_log('" +
-           table.name + "', CASE TG_OP WHEN 'DELETE' THEN " + table.rowKeyOf("OLD") + " ELSE " +
-           table.rowKeyOf("NEW") +
-           " END,\n"
-           "        CASE TG_OP WHEN 'INSERT' THEN 601 WHEN 'UPDATE' THEN 602 ELSE 603 END,\n"
-           "        CASE WHEN TG_OP <> 'INSERT' THEN " +
-           PostgresSchema::rowOf(table, "OLD") + " END,\n        CASE WHEN TG_OP <> 'DELETE' THEN " +
-           PostgresSchema::rowOf(table, "NEW") +
-           " END);\n    RETURN NULL;\nEND $$;\n"
-           "CREATE TRIGGER Z_Log AFTER INSERT OR UPDATE OR DELETE ON " +
-           table.name + " FOR EACH ROW EXECUTE FUNCTION " + name +
-           "();\n"
-           "CREATE TRIGGER KeepRows BEFORE TRUNCATE ON " +
-           table.name + " FOR EACH STATEMENT EXECUTE FUNCTION vrk_keep_rows();\n";
+    return SchemaScript::ofTable("postgresql-table.sql", table, {}, PostgresSchema::rowOf)
+        .replace("%head", functionHead);
 }
 
 SchemaScript::Dialect dialect()
 {
     return {"postgresql",
             QByteArray("CREATE FUNCTION %name") + functionHead +
-                "BEGIN\n    IF NOT vrk_is_loader()%condition THEN\n",
+                "\nBEGIN\n    IF NOT vrk_is_loader()%condition THEN\n",
             "    END IF;\n    RETURN %row;\nEND $$;\nCREATE TRIGGER %name BEFORE %operation ON %table\n"
             "    FOR EACH ROW EXECUTE FUNCTION %name();",
             "PERFORM vrk_refuse(%text)",
@@ -78,27 +39,13 @@ QByteArray grantsSql()
     QByteArray tables;
     for (const CatalogTable& table : TableCatalog::tables())
         tables += (tables.isEmpty() ? "" : ", ") + table.name;
-    return "GRANT SELECT, INSERT, UPDATE, DELETE ON " + tables +
-           " TO vrk_client;\n"
-           "GRANT SELECT ON StoreProperties, StoreFiles, ChangeHead, ChangeEnd, ChangeTransactions, "
-           "ChangeLog, RecordSearch, LongestShift TO "
-           "vrk_client;\n"
-           // A trigger runs without rights of the user who fires it. A user with the right to call these
-           // functions could create a table, where the server lets him, and attach the log's functions to
-           // it.
-           "REVOKE EXECUTE ON ALL FUNCTIONS IN SCHEMA public FROM PUBLIC;\n"
-           "GRANT EXECUTE ON FUNCTION vrk_write_file TO vrk_client;\n";
+    return SchemaScript::file("postgresql-grants.sql").replace("%tables", tables);
 }
 } // namespace
 
 QByteArray PostgresSchema::identifier(const QString& name)
 {
     return '"' + name.toUtf8().replace('"', "\"\"") + '"';
-}
-
-QByteArray PostgresSchema::literal(const QByteArray& text)
-{
-    return "'" + QByteArray(text).replace("'", "''") + "'";
 }
 
 QByteArray PostgresSchema::rowOf(const CatalogTable& table, const QByteArray& alias)
@@ -123,11 +70,6 @@ QByteArray versionSql()
     return "INSERT INTO StoreProperties (name, value) VALUES ('schema', '" +
            QByteArray::number(SchemaScript::version) +
            "') ON CONFLICT (name) DO UPDATE SET value = excluded.value;\n";
-}
-
-QByteArray fillSearchSql()
-{
-    return SchemaScript::file("postgresql-fill-search.sql");
 }
 
 /// Makes the tables of version \a from those of this one, and creates everything else.
@@ -192,7 +134,8 @@ bool PostgresSchema::upgrade(PgConnection& link, int from, StoreError* error)
 {
     return link.exec("SET ROLE vrk_owner;\n" + SchemaScript::file("postgresql-drop-rules.sql") +
                          objectsSql(from) + (from < 4 ? logOwnRowsSql() : QByteArray()) + versionSql() +
-                         (from < 2 ? fillSearchSql() : QByteArray()) + "RESET ROLE;\n",
+                         (from < 2 ? SchemaScript::file("postgresql-fill-search.sql") : QByteArray()) +
+                         "RESET ROLE;\n",
                      error);
 }
 
@@ -200,7 +143,7 @@ bool PostgresSchema::rebuildSearch(PgConnection& link, StoreError* error)
 {
     return link.exec(
         QByteArray("SET ROLE vrk_owner;\nLOCK TABLE LogbookRecords IN SHARE ROW EXCLUSIVE MODE;\n") +
-            fillSearchSql() + "RESET ROLE;\n",
+            SchemaScript::file("postgresql-fill-search.sql") + "RESET ROLE;\n",
         error);
 }
 

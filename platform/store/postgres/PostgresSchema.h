@@ -43,7 +43,6 @@ bool columns(PgConnection& link, QHash<QPair<Oid, int>, QPair<QByteArray, QByteA
 
 /// A name quoted for statements.
 QByteArray identifier(const QString& name);
-QByteArray literal(const QByteArray& text);
 
 /// An expression for a row's values in the format of the change log.
 QByteArray rowOf(const CatalogTable& table, const QByteArray& alias);

@@ -1,4 +1,3 @@
-#include "PostgresSchema.h"
 #include "PostgresStore.h"
 #include "SearchWords.h"
 
@@ -37,7 +36,7 @@ MDArray* PostgresStore::search(const RecordQuery& query, StoreError* error)
     QByteArrayList conditions{"true"};
     const QByteArray match = matchOf(query);
     if (!match.isEmpty())
-        conditions.append("words @@ " + PostgresSchema::literal(match) + "::tsquery");
+        conditions.append("words @@ " + literal(match) + "::tsquery");
     if (query.from > 0)
         conditions.append("recordTime >= " + QByteArray::number(query.from, 'g', 15));
     if (query.to > 0)

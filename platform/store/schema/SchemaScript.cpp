@@ -2,6 +2,7 @@
 
 #include "TableCatalog.h"
 
+#include <algorithm>
 #include <QFile>
 #include <QRegularExpression>
 
@@ -13,6 +14,16 @@ static void registerSchema()
 
 namespace
 {
+/// Replaces what the notation matches, one after the other, by what \a expand returns for it.
+template <typename Expand>
+QString expanded(QString script, const QRegularExpression& notation, const Expand& expand)
+{
+    for (QRegularExpressionMatch match = notation.match(script); match.hasMatch();
+         match = notation.match(script))
+        script.replace(match.capturedStart(), match.capturedLength(), expand(match));
+    return script;
+}
+
 /// The rules of tables that only the loader writes, and the administrator if \a isAdministrators.
 QString closedTable(const CatalogTable& table, const char* text, bool isAdministrators)
 {
@@ -78,35 +89,29 @@ QString withRows(QString script)
 }
 
 /// Expands CHANGED(a, b).
-QString withChanges(QString script)
+QString withChanges(const QString& script)
 {
     static const QRegularExpression changed(QStringLiteral("CHANGED\\(([\\w,\\s]+)\\)"));
-    for (QRegularExpressionMatch match = changed.match(script); match.hasMatch();
-         match = changed.match(script)) {
+    return expanded(script, changed, [](const QRegularExpressionMatch& match) {
         QStringList fields;
         for (const QString& field : match.captured(1).split(QLatin1Char(',')))
             fields.append(QStringLiteral("NEW.%1 IS DISTINCT FROM OLD.%1").arg(field.trimmed()));
-        script.replace(match.capturedStart(), match.capturedLength(),
-                       QLatin1Char('(') + fields.join(QLatin1String(" OR ")) + QLatin1Char(')'));
-    }
-    return script;
+        return QString(QLatin1Char('(') + fields.join(QLatin1String(" OR ")) + QLatin1Char(')'));
+    });
 }
 
 /// Expands LOGGED(row, Table.field) for an engine.
-QString withLogged(QString script, const QByteArray& words)
+QString withLogged(const QString& script, const QByteArray& words)
 {
     static const QRegularExpression logged(QStringLiteral("LOGGED\\(([\\w.]+), (\\w+)\\.(\\w+)\\)"));
-    for (QRegularExpressionMatch match = logged.match(script); match.hasMatch();
-         match = logged.match(script)) {
+    return expanded(script, logged, [&words](const QRegularExpressionMatch& match) {
         const CatalogTable* table = TableCatalog::table(match.captured(2).toLatin1());
         const int place = table ? table->fieldIndex(match.captured(3).toLatin1()) : -1;
         Q_ASSERT(place >= 0);
-        script.replace(match.capturedStart(), match.capturedLength(),
-                       QString::fromUtf8(words)
-                           .replace(QLatin1String("%values"), match.captured(1))
-                           .replace(QLatin1String("%place"), QString::number(place)));
-    }
-    return script;
+        return QString::fromUtf8(words)
+            .replace(QLatin1String("%values"), match.captured(1))
+            .replace(QLatin1String("%place"), QString::number(place));
+    });
 }
 
 /// rules.sql and the rules of tables that persons may not write at all, in their own notation.
@@ -172,6 +177,42 @@ QByteArray SchemaScript::steps(const QByteArray& engine, int from)
     for (int step = from + 1; step <= version; ++step)
         all += file(engine + '-' + QByteArray::number(step).rightJustified(4, '0') + ".sql");
     return all;
+}
+
+QByteArray SchemaScript::ofTable(const QByteArray& name, const CatalogTable& table, QStringList facts,
+                                 QByteArray (*rowOf)(const CatalogTable& table, const QByteArray& alias))
+{
+    static const QRegularExpression block(QStringLiteral("^-- IF ([\\w ]+)\\n(.*?)^-- END IF\\n"),
+                                          QRegularExpression::MultilineOption |
+                                              QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression value(QStringLiteral("%(key|row)\\((\\w+)\\)"));
+    static const QRegularExpression any(QStringLiteral("%any\\{([^}]*)\\}"));
+    const QVector<QByteArray> reals = table.reals();
+    if (table.fieldIndex("KeyLink") >= 0)
+        facts << QStringLiteral("keyed");
+    if (table.isCategoryTree())
+        facts << QStringLiteral("tree");
+    if (!reals.isEmpty())
+        facts << QStringLiteral("reals");
+    QString script =
+        expanded(QString::fromUtf8(file(name)), block, [&](const QRegularExpressionMatch& match) {
+            const QStringList needed = match.captured(1).split(QLatin1Char(' '));
+            const bool holds = std::all_of(needed.begin(), needed.end(),
+                                           [&](const QString& fact) { return facts.contains(fact); });
+            return holds ? match.captured(2) : QString();
+        });
+    script = expanded(script, any, [&](const QRegularExpressionMatch& match) {
+        QStringList conditions;
+        for (const QByteArray& field : reals)
+            conditions << match.captured(1).replace(QLatin1Char('#'), QString::fromLatin1(field));
+        return conditions.join(QLatin1String(" OR "));
+    });
+    script = expanded(script, value, [&](const QRegularExpressionMatch& match) {
+        const QByteArray alias = match.captured(2).toLatin1();
+        return QString::fromUtf8(match.captured(1) == QLatin1String("key") ? table.rowKeyOf(alias)
+                                                                           : rowOf(table, alias));
+    });
+    return script.replace(QLatin1String("%table"), QString::fromLatin1(table.name)).toUtf8();
 }
 
 QByteArray SchemaScript::definitions(const Dialect& dialect)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QStringList>
 
 struct CatalogTable;
 
@@ -13,6 +14,13 @@ constexpr int version = 4;
 
 /// A file of the folder schema; empty if it does not exist.
 QByteArray file(const QByteArray& name);
+
+/// A file that is executed for a table, with "%table"; "%key(NEW)", the key of a row; "%row(NEW)", by
+/// \a rowOf; "%any{#}", the condition for any of the fields "#" that contain a fraction. Lines between
+/// "-- IF fact fact" and "-- END IF" stay if all these facts are true: those that the caller gives, and
+/// "keyed" (it has KeyLink), "tree" (of categories), "reals" (it has fields that contain a fraction).
+QByteArray ofTable(const QByteArray& name, const CatalogTable& table, QStringList facts,
+                   QByteArray (*rowOf)(const CatalogTable& table, const QByteArray& alias));
 
 /// What differs between the engines: the syntax of rules, in which the refusing statements of a rule are
 /// placed between head and tail, and the triggers of the log.
