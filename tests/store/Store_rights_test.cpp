@@ -298,6 +298,28 @@ private slots:
         sqlite3_close(raw);
     }
 
+    void theKeyOfAStoredRowIsNeverChanged()
+    {
+        const char change[] = "UPDATE TemplateParams SET KeyLink = 'X' || KeyLink";
+        const QString refusal = QString::fromUtf8("Ключ строки не изменяется.");
+        if (!TestStore::isSqlite()) {
+            QCOMPARE(m_files->exec(QStringLiteral("SELECT set_config('vrk.batch_key', 'X', false), "
+                                                  "set_config('vrk.loader', 'on', false); ") +
+                                   QLatin1String(change)),
+                     refusal);
+            return;
+        }
+        sqlite3* raw = nullptr;
+        sqlite3_open(m_files->path().toUtf8().constData(), &raw);
+        ChangeRow::installFunction(raw);
+        RecordWords::installFunctions(raw);
+        sqlite3_exec(raw, "INSERT INTO CurrentTransaction VALUES (1000000, 'x', '', 1)", nullptr, nullptr,
+                     nullptr);
+        QCOMPARE(sqlite3_exec(raw, change, nullptr, nullptr, nullptr), SQLITE_CONSTRAINT);
+        QCOMPARE(QString::fromUtf8(sqlite3_errmsg(raw)), refusal);
+        sqlite3_close(raw);
+    }
+
     /// A client that bypasses our code may send values that no array and no statement of ours allows.
     void nonFiniteTimesAreRefusedToEverybody()
     {
