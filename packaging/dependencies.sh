@@ -6,7 +6,7 @@
 set -euo pipefail
 
 tour="xvfb xauth"
-build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclarative5-dev libsqlite3-dev libpq-dev qttranslations5-l10n librsvg2-bin
+build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclarative5-dev libsqlite3-dev libpq-dev libssl-dev qttranslations5-l10n librsvg2-bin
        fonts-dejavu-core fonts-liberation tzdata ca-certificates"
 test="sqlite3 python3 postgresql openssl poppler-utils"
 desk="xvfb x11-xkb-utils openbox python3-xlib"

@@ -104,6 +104,13 @@ void ChangeRow::installFunction(sqlite3* database)
                                nullptr, rowFunction, nullptr, nullptr, nullptr);
 }
 
+QByteArray ChangeRow::quoted(const QByteArray& text)
+{
+    QByteArray json;
+    appendText(&json, text.constData(), text.size());
+    return json;
+}
+
 ChangeRow::ChangeRow(const QByteArray& json)
 {
     if (!json.startsWith('[') || !json.endsWith(']'))

@@ -14,6 +14,9 @@ public:
     /// Adds the function vrk_row(value, ...) to a connection; the log's triggers write rows with it.
     static void installFunction(sqlite3* database);
 
+    /// A text as it stands in a row: in quotes, with only these, backslashes and control characters escaped.
+    static QByteArray quoted(const QByteArray& text);
+
     /// Parses the text; an empty row if it is not such an array. The text must outlive the row.
     explicit ChangeRow(const QByteArray& json);
 

@@ -119,11 +119,12 @@ private slots:
         QFETCH(QString, version);
         take(version);
         // A file of options, stored before the log included files.
-        if (TestStore::isSqlite())
+        const bool isUnlogged = version.toInt() < 4;
+        if (isUnlogged && TestStore::isSqlite())
             run(QStringLiteral("sqlite3"),
                 {m_folder->filePath(QStringLiteral("former.vrk")),
                  QStringLiteral("INSERT INTO StoreFiles VALUES ('a', 'b', x'31')")});
-        else
+        else if (isUnlogged)
             run(QStringLiteral("psql"),
                 {QStringLiteral("-q"), QStringLiteral("-c"),
                  QStringLiteral("INSERT INTO StoreFiles VALUES ('a', 'b', '1')"), m_url});

@@ -1,6 +1,7 @@
 #include "ChangeRow.h"
 #include "CMDArray.h"
 #include "RecordWords.h"
+#include "SqliteTransaction.h"
 #include "TableCatalog.h"
 #include "TestStore.h"
 #include "WriterOfRules.h"
@@ -114,7 +115,7 @@ private slots:
 
     // The loader
 
-    void loaderIsBoundByNoRuleAndTheLogNamesIt()
+    void loaderIsBoundByNoRuleAndTheLogNamesItsAccount()
     {
         load("LogbookRecords", ROW_INSERT, "R", newRecord("SHIFT_CDS_PAST", "WORKER_KUZNETSOV", 2));
         load("LogbookRecords", ROW_UPDATE, "R", {{"status", 1}});
@@ -124,7 +125,10 @@ private slots:
                 ->rows(QStringLiteral(
                     "SELECT login, loader FROM ChangeTransactions ORDER BY number DESC LIMIT 1"))
                 .value(0);
-        QCOMPARE(last.value(0).toString(), QStringLiteral("loader"));
+        QCOMPARE(last.value(0).toString(),
+                 TestStore::isSqlite()
+                     ? QString::fromUtf8(SqliteTransaction::account())
+                     : m_files->value(QStringLiteral("SELECT session_user::text")).toString());
         QCOMPARE(last.value(1).toInt(), 1);
         QVERIFY(write("ivanov", "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV", {{"html", "x"}}));
         const auto own = m_files

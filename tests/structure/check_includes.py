@@ -12,9 +12,10 @@ import sys
 
 SCHEMA = {"platform/hfn", "platform/store/schema"}
 STORE = SCHEMA | {"platform/store"}  # what both engines share
+EVIDENCE = {"platform/store/evidence"}
 SQLITE = STORE | {"platform/store/sqlite"}
 POSTGRES = STORE | {"platform/store/postgres"}
-STORE_ADMIN = STORE | {"platform/store/admin"}
+STORE_ADMIN = STORE | EVIDENCE | {"platform/store/admin"}
 ABOVE_STORE = {"platform/hfn", "platform/client", "platform/text", "platform/widgets"}
 
 
@@ -26,6 +27,7 @@ ALLOWED = {
     "platform/hfn": {"platform/hfn"},
     "platform/store/schema": SCHEMA,
     "platform/store": STORE,
+    "platform/store/evidence": EVIDENCE | {"platform/store"},
     "platform/store/sqlite": SQLITE,
     "platform/store/postgres": POSTGRES,
     "platform/store/Store.cpp": SQLITE | POSTGRES,  # opens a store of either engine

@@ -57,12 +57,11 @@ void ContentCheck::add(QVector<Finding>* findings, Finding::Grade grade, const c
                     .text});
 }
 
-bool ContentCheck::isSound(const QVector<Finding>& findings, StoreError* error)
+bool ContentCheck::isSound(const QVector<Finding>& findings, StoreError* error, const char* text)
 {
     for (const Finding& finding : findings)
         if (finding.grade == Finding::Fault)
-            return StoreErrors::raise(error, StoreError::Internal, "Копия не прошла проверку: %1",
-                                      finding.text);
+            return StoreErrors::raise(error, StoreError::Internal, text, finding.text);
     return true;
 }
 

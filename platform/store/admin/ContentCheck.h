@@ -29,14 +29,17 @@ constexpr char strayEntries[] = "Строки журнала изменений 
 constexpr char changedRow[] = "Строка «%2» таблицы «%1» изменена в обход журнала изменений.";
 constexpr char lostRow[] = "Строка «%2» таблицы «%1» исчезла в обход журнала изменений.";
 
+constexpr char unsoundCopy[] = "Копия не прошла проверку: %1";
+constexpr char unsoundLog[] = "Указатель поиска не составляется: записи или журнал изменений переделаны. %1";
+
 constexpr char strange[] = "В схеме хранилища есть лишнее «%1».";
 /// The definitions of a schema by the names of its objects.
 using Objects = QMap<QByteArray, QByteArray>;
 /// Finds how a schema differs from a fresh one.
 void compare(const Objects& fresh, const Objects& present, QVector<StoreAdmin::Finding>* findings);
 
-/// Whether the findings of a copy's check contain no fault; otherwise sets the error.
-bool isSound(const QVector<StoreAdmin::Finding>& findings, StoreError* error);
+/// Whether the findings contain no fault; otherwise sets the error, whose \a text contains the first one.
+bool isSound(const QVector<StoreAdmin::Finding>& findings, StoreError* error, const char* text = unsoundCopy);
 
 /// Appends one finding; replaces "%1" and "%2" in the text.
 void add(QVector<StoreAdmin::Finding>* findings, StoreAdmin::Finding::Grade grade, const char* text,

@@ -169,7 +169,10 @@ bool PostgresAdmin::upgrade(const QString& url, StoreError* error)
 bool PostgresAdmin::rebuildSearch(const QString& url, StoreError* error)
 {
     const auto link = connectedToStore(url, error, longMs);
+    QVector<StoreAdmin::Finding> findings;
     return link && link->exec("BEGIN; SET LOCAL statement_timeout = 0", error) &&
+           PostgresCheck::log(*link, &findings, error) &&
+           ContentCheck::isSound(findings, error, ContentCheck::unsoundLog) &&
            PostgresSchema::rebuildSearch(*link, error) && link->exec("COMMIT", error);
 }
 

@@ -127,7 +127,10 @@ bool SqliteAdmin::upgrade(const QString& file, StoreError* error)
 bool SqliteAdmin::rebuildSearch(const QString& file, StoreError* error)
 {
     const auto connection = SqliteConnection::open(file, SqliteConnection::ReadWrite, deadlineMs, error);
+    QVector<StoreAdmin::Finding> findings;
     return connection && connection->exec("BEGIN IMMEDIATE", error) &&
+           SqliteCheck::log(*connection, &findings, error) &&
+           ContentCheck::isSound(findings, error, ContentCheck::unsoundLog) &&
            SqliteSchema::rebuildSearch(*connection, error) && connection->exec("COMMIT", error);
 }
 

@@ -3,9 +3,11 @@
 #include "CodePage.h"
 #include "PostgresAdmin.h"
 #include "PostgresDoctor.h"
+#include "PostgresEvidence.h"
 #include "SchemaScript.h"
 #include "SqliteAdmin.h"
 #include "SqliteConnection.h"
+#include "SqliteEvidence.h"
 #include "SqliteWal.h"
 #include "StoreErrors.h"
 #include "StoreUrl.h"
@@ -145,6 +147,12 @@ QVector<StoreAdmin::Symptom> StoreAdmin::examine(const QString& url)
             {finding.text, QString::fromUtf8("Разберите вывод vrk-admin check; при порче файла верните "
                                              "копию, сделанную vrk-admin backup.")});
     return symptoms;
+}
+
+std::unique_ptr<EvidenceLog> StoreAdmin::openEvidence(const QString& url, EvidenceLog::Access access,
+                                                      StoreError* error)
+{
+    return dispatch(SqliteEvidence::open, PostgresEvidence::open, url, error, access);
 }
 
 int StoreAdmin::endRunaways(const QString& url, int seconds, StoreError* error)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EvidenceLog.h"
 #include "Store.h"
 
 #include <functional>
@@ -30,7 +31,8 @@ int version(const QString& url, StoreError* error);
 /// unchanged. Workstations with the older program should be closed: they could not write any more.
 bool upgrade(const QString& url, StoreError* error);
 
-/// Rebuilds the search index; the journal itself is unchanged.
+/// Rebuilds the search index from records that agree with the change log; refused if they do not, because the
+/// index may be the last trace of what they were.
 bool rebuildSearch(const QString& url, StoreError* error);
 
 /// From now on no longer workshift is opened. Store::longestShift returns the current value.
@@ -55,6 +57,9 @@ struct Symptom {
 /// Examines access, encryption, encoding, version, safety of the data and clocks. The store need not exist
 /// yet.
 QVector<Symptom> examine(const QString& url);
+
+/// The change log for the evidence. Null with \a error on failure; the error must outlive the object.
+std::unique_ptr<EvidenceLog> openEvidence(const QString& url, EvidenceLog::Access access, StoreError* error);
 
 /// Ends requests of a server's clients that have run longer than \a seconds, and transactions that block
 /// others and are older than that. Returns the number of ended ones, -1 on failure. For clients that ignore

@@ -1,6 +1,6 @@
 -- The rights of persons; %tables are all tables that the store offers.
 GRANT SELECT, INSERT, UPDATE, DELETE ON %tables TO vrk_client;
-GRANT SELECT ON StoreProperties, StoreFiles, ChangeHead, ChangeEnd, ChangeTransactions, ChangeLog, RecordSearch,
+GRANT SELECT ON StoreProperties, StoreFiles, ChangeHead, ChangeEnd, ChangeTransactions, ChangeLog, LogTiles, LogHeads, RecordSearch,
     LongestShift TO vrk_client;
 
 -- A trigger runs without rights of the user who fires it. A user with the right to call these functions could

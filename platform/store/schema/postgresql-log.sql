@@ -71,7 +71,7 @@ BEGIN
     this.number := last.number + 1;
     this.batchKey := current_setting('vrk.batch_key');
     this.loader := vrk_is_loader()::integer;
-    this.login := CASE WHEN this.loader = 1 THEN 'loader' ELSE session_user END;
+    this.login := session_user;
     this.time := floor(extract(epoch FROM clock_timestamp()));
     WITH mine AS (DELETE FROM ChangePending WHERE xid = pg_current_xact_id() RETURNING *)
     INSERT INTO ChangeLog (number, tableName, rowKey, event, oldRow, newRow)

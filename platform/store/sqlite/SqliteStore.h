@@ -2,9 +2,9 @@
 
 #include "EngineStore.h"
 #include "SqliteConnection.h"
+#include "SqliteTransaction.h"
 
 struct AnswerShape;
-class SqliteTransaction;
 struct RowStatement;
 
 /// A store in one SQLite file, for the processes of one computer. It has two connections: one that writes,
@@ -65,7 +65,7 @@ private:
     /// The author of these writes in the log.
     QByteArray writerName() const
     {
-        return m_user.login.isEmpty() ? QByteArray("loader") : m_user.login.toUtf8();
+        return m_user.login.isEmpty() ? SqliteTransaction::account() : m_user.login.toUtf8();
     }
 
     /// Runs \a work in one transaction of the log; \a work ends with its close().

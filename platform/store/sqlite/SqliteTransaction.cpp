@@ -3,6 +3,15 @@
 #include "SqliteConnection.h"
 #include "TransactionChain.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
+QByteArray SqliteTransaction::account()
+{
+    const passwd* entry = getpwuid(geteuid());
+    return entry ? QByteArray(entry->pw_name) : QByteArray::number(geteuid());
+}
+
 bool SqliteTransaction::fail(StoreError* error) const
 {
     *error = m_connection.lastError();

@@ -17,8 +17,9 @@ public:
         QByteArray userKey;
         bool loader;
     };
-    /// The administrator, to whom no rule applies.
-    static Writer loader() { return {"loader", QByteArray(), true}; }
+    /// The administrator, to whom no rule applies, by the account of this process in the operating system.
+    static Writer loader() { return {account(), QByteArray(), true}; }
+    static QByteArray account();
 
     SqliteTransaction(SqliteConnection& connection, const Writer& writer)
         : m_connection(connection), m_writer(writer)

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "EvidenceLog.h"
+#include "LogHead.h"
+#include "StoreAdmin.h"
+
+/// Compares the change log with its tree, with the heads in the store and with heads from elsewhere.
+namespace LogAudit
+{
+/// A head that the log must contain.
+struct Claim {
+    QByteArray epoch; ///< empty if unknown, as on paper
+    qint64 size = 0;
+    QByteArray root; ///< its first bytes, at least 8
+    QString source;  ///< where it comes from, for the user
+};
+/// The text as it stands on paper; an invalid text gives a claim without a root.
+Claim fromPaper(const QString& text);
+
+/// The valid heads among the notes, as claims; notes that none of the keys has signed become findings.
+QVector<Claim> claims(const QVector<QByteArray>& notes, const QVector<VerifierKey>& keys,
+                      const QString& source, QVector<StoreAdmin::Finding>* findings);
+
+/// Reads the whole log once and compares. False if the log cannot be read.
+bool run(EvidenceLog& log, const QVector<Claim>& claims, QVector<StoreAdmin::Finding>* findings);
+} // namespace LogAudit

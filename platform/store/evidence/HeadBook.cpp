@@ -1,0 +1,49 @@
+#include "HeadBook.h"
+
+#include <QDir>
+#include <QFile>
+#include <unistd.h>
+
+QVector<QByteArray> HeadBook::parse(const QByteArray& text)
+{
+    static const QByteArray begin = "vrk-logbook/";
+    QVector<QByteArray> notes;
+    for (int at = text.startsWith(begin) ? 0 : text.indexOf('\n' + begin) + 1; at >= 0 && at < text.size();) {
+        const int next = text.indexOf('\n' + begin, at) + 1;
+        notes.append(text.mid(at, next > 0 ? next - at : -1));
+        at = next > 0 ? next : text.size();
+    }
+    return notes;
+}
+
+bool HeadBook::read(const QString& path, QVector<QByteArray>* notes)
+{
+    const QDir folder(path);
+    const QStringList names =
+        folder.exists() ? folder.entryList(QDir::Files, QDir::Name) : QStringList{QString()};
+    for (const QString& name : names) {
+        QFile file(name.isEmpty() ? path : folder.filePath(name));
+        if (!file.open(QIODevice::ReadOnly))
+            return false;
+        *notes += parse(file.readAll());
+    }
+    return true;
+}
+
+QVector<QByteArray> HeadBook::notes() const
+{
+    QVector<QByteArray> notes;
+    if (QFile::exists(m_file))
+        read(m_file, &notes);
+    return notes;
+}
+
+bool HeadBook::append(const QByteArray& note)
+{
+    const QVector<QByteArray> known = notes();
+    if (!known.isEmpty() && known.constLast() == note)
+        return true;
+    QFile file(m_file);
+    return file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(note) == note.size() &&
+           file.flush() && ::fsync(file.handle()) == 0;
+}
