@@ -13,14 +13,25 @@ struct Entry {
 };
 
 const Entry entries[] = {
-    {"init", Command::init},           {"setup", Command::setup},
-    {"demo", Command::demo},           {"doctor", Command::doctor},
-    {"check", Command::check},         {"upgrade", Command::upgrade},
-    {"export", Command::exportSheets}, {"import", Command::importSheets, Command::importWords},
-    {"backup", Command::backup},       {"restore", Command::restore},
-    {"user", Command::user},           {"right", Command::right, Command::rightWords},
-    {"file", Command::file},           {"option", Command::option},
-    {"shift", Command::shift},         {"watchdog", Command::watchdog, Command::watchdogWords},
+    {"init", Command::init},
+    {"setup", Command::setup},
+    {"demo", Command::demo},
+    {"doctor", Command::doctor},
+    {"check", Command::check},
+    {"upgrade", Command::upgrade},
+    {"export", Command::exportSheets},
+    {"import", Command::importSheets, Command::importWords},
+    {"backup", Command::backup},
+    {"restore", Command::restore},
+    {"user", Command::user},
+    {"right", Command::right, Command::rightWords},
+    {"file", Command::file},
+    {"option", Command::option},
+    {"shift", Command::shift},
+    {"seal", Command::seal},
+    {"export-evidence", Command::exportEvidence},
+    {"history", Command::history},
+    {"watchdog", Command::watchdog, Command::watchdogWords},
 };
 
 bool isHelp(const QString& argument)
@@ -53,7 +64,7 @@ void printHelp(QTextStream& out)
     QString commands;
     for (const Entry& entry : entries)
         commands += QStringLiteral("  %1 %2\n")
-                        .arg(QLatin1String(entry.name), -8)
+                        .arg(QLatin1String(entry.name), -15)
                         .arg(chapter(entry.name).section(QLatin1Char('\n'), 0, 0));
     out << chapter("vrk-admin").arg(commands);
 }

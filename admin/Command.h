@@ -65,6 +65,12 @@ ExitCode file(const QStringList& arguments, Streams& streams);
 ExitCode option(const QStringList& arguments, Streams& streams);
 /// Shows the shifts that may be corrected, and corrects mistyped bounds of one.
 ExitCode shift(const QStringList& arguments, Streams& streams);
+/// Extends the tree over the change log and signs its head; creates and replaces the key.
+ExitCode seal(const QStringList& arguments, Streams& streams);
+/// Writes the change log, its proofs and a verifier into a folder.
+ExitCode exportEvidence(const QStringList& arguments, Streams& streams);
+/// Shows who changed a row, when and how, from the change log.
+ExitCode history(const QStringList& arguments, Streams& streams);
 /// Ends requests that run too long on a server.
 ExitCode watchdog(const QStringList& arguments, Streams& streams);
 

@@ -1,6 +1,10 @@
 #include "Command.h"
 
+#include "Arguments.h"
+#include "HeadBook.h"
+#include "LogAudit.h"
 #include "ReadyCheck.h"
+#include "SealFiles.h"
 #include "StoreAdmin.h"
 #include "StoreZone.h"
 
@@ -19,11 +23,49 @@ Command::ExitCode tellReadiness(const QVector<ReadyCheck::Finding>& findings, QT
                                : QStringLiteral("Не хватает: %1\n").arg(findings.size()));
     return findings.isEmpty() ? Command::Success : Command::FaultsFound;
 }
+/// Compares the change log with the heads in the store, in a file or folder and on paper.
+bool audit(const QString& url, const QString& headsPath, const QString& paper,
+           QVector<StoreAdmin::Finding>* findings, StoreError* error)
+{
+    const auto store = Store::open(url, {}, error);
+    const auto log = store ? StoreAdmin::openEvidence(url, EvidenceLog::Read, error) : nullptr;
+    QByteArray keyLines;
+    if (!log || (!store->file(SealFiles::keysFolder(), SealFiles::keysName(), &keyLines, error) &&
+                 error->code != StoreError::NoSuchRow))
+        return false;
+    error->clear();
+    const QVector<VerifierKey> keys = VerifierKey::parseAll(keyLines);
+    QMap<qint64, QByteArray> stored;
+    if (!log->heads(&stored))
+        return false;
+    QVector<LogAudit::Claim> claims =
+        LogAudit::claims(stored.values().toVector(), keys, QStringLiteral("в хранилище"), findings);
+    if (!headsPath.isNull()) {
+        QVector<QByteArray> notes;
+        if (!HeadBook::read(headsPath, &notes) || notes.isEmpty()) {
+            *error = {StoreError::BadRequest, QStringLiteral("В «%1» нет печатей.").arg(headsPath),
+                      QString()};
+            return false;
+        }
+        claims += LogAudit::claims(notes, keys, headsPath, findings);
+    }
+    if (!paper.isNull()) {
+        claims.append(LogAudit::fromPaper(paper));
+        if (claims.constLast().root.isEmpty()) {
+            *error = {StoreError::BadRequest,
+                      QStringLiteral("Печать с бумаги пишется так: число, пробел, 16 знаков."), QString()};
+            return false;
+        }
+    }
+    return LogAudit::run(*log, claims, findings);
+}
 } // namespace
 
 Command::ExitCode Command::check(const QStringList& arguments, Streams& streams)
 {
     QStringList rest = arguments;
+    const QString heads = Arguments::takeValue(&rest, QStringLiteral("--heads"));
+    const QString paper = Arguments::takeValue(&rest, QStringLiteral("--paper"));
     const bool ready = rest.removeAll(QStringLiteral("--ready")) > 0;
     const bool rebuild = rest.removeAll(QStringLiteral("--rebuild-search")) > 0;
     if (rest.size() != 1 || (ready && rebuild))
@@ -45,7 +87,8 @@ Command::ExitCode Command::check(const QStringList& arguments, Streams& streams)
         return error ? fail(streams, error) : tellReadiness(findings, streams.out);
     }
     QVector<StoreAdmin::Finding> findings;
-    if (!StoreAdmin::check(rest.constFirst(), &findings, &error))
+    if (!StoreAdmin::check(rest.constFirst(), &findings, &error) ||
+        !audit(rest.constFirst(), heads, paper, &findings, &error))
         return fail(streams, error);
     return report(findings, QStringLiteral("Хранилище в порядке.\n"), streams);
 }

@@ -1,19 +1,13 @@
 #include "Command.h"
 
+#include "Arguments.h"
 #include "Directory.h"
-#include "HfnTime.h"
 #include "ShiftBook.h"
 #include "StoreZone.h"
 
 namespace
 {
 constexpr int longestReason = 500;
-
-/// 0 if the text is not a time.
-double timeOf(const QString& text)
-{
-    return DateTime_To_HfnTime(QDateTime::fromString(text.simplified(), QStringLiteral("d.M.yyyy h:mm")));
-}
 
 void tell(const ShiftBook::Shift& shift, const QVector<ShiftBook::Correction>& corrections, QTextStream& out)
 {
@@ -61,7 +55,7 @@ Command::ExitCode correct(Store& store, const ShiftBook& book, const ShiftBook::
         const QString text = options.value(QLatin1String(option));
         if (text.isNull())
             continue;
-        *time = timeOf(text);
+        *time = Arguments::timeOf(text);
         if (*time == 0) {
             streams.err << QStringLiteral("«%1» не время вида дд.ММ.гггг чч:мм.\n").arg(text);
             return Command::Failed;

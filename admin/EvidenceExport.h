@@ -1,0 +1,49 @@
+#pragma once
+
+#include "EpochHistory.h"
+#include "HashTiles.h"
+#include "LogHead.h"
+
+#include <QDir>
+#include <QFile>
+
+/// Writes the change log of a store with its proofs into a folder (docs/evidence-format.md), for somebody
+/// who has neither the store nor our program.
+class EvidenceExport
+{
+public:
+    struct Choice {
+        double from = 0;   ///< of the transactions' times, inclusive; 0: from the beginning
+        double to = 0;     ///< 0: to the end
+        QByteArray record; ///< the rows with this key only; empty: all rows
+
+        bool isWhole() const { return from == 0 && to == 0 && record.isEmpty(); }
+    };
+    /// \a keys is the named file of the store with the public keys.
+    EvidenceExport(EvidenceLog& log, const QByteArray& keys, const Choice& choice);
+
+    /// Fills an empty folder. False with an \a error, which may also be the log's own.
+    bool write(const QDir& folder, StoreError* error);
+    /// The number of transactions written, and the head that they are proven by.
+    qint64 count() const { return m_count; }
+    const LogHead& head() const { return m_head; }
+
+private:
+    bool findHead(StoreError* error);
+    bool writeLog(StoreError* error);
+    bool writeTransaction(const LoggedTransaction& transaction, const HashTiles& tiles);
+    /// Whether a row is shown.
+    bool isShown(const LoggedTransaction& transaction, const LoggedRow& row) const;
+    QByteArray proof(const HashTiles& tiles, const EpochHistory& epochs) const;
+    bool writeFile(const QString& name, const QByteArray& content, StoreError* error);
+
+    EvidenceLog& m_log;
+    QByteArray m_keys;
+    Choice m_choice;
+    QDir m_folder;
+    QFile m_lines;
+    QMap<qint64, QByteArray> m_heads;
+    LogHead m_head;
+    QVector<qint64> m_whole; ///< the leaves with a line, below the head
+    qint64 m_count = 0;
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "HeadBook.h"
+#include "SealKey.h"
+#include "StoreError.h"
+
+#include <vector>
+
+/// The files of the account that seals: its key, the former key while both sign, and the heads that it has
+/// signed. None of them belongs to the owner of the database.
+class SealFiles
+{
+public:
+    /// An empty \a key means the place given by systemd ($CREDENTIALS_DIRECTORY/vrk-seal), or the user's own
+    /// folder. The heads lie in $STATE_DIRECTORY, or beside the key.
+    explicit SealFiles(const QString& key);
+
+    /// \name The named file of the store with the public keys (VerifierKey::parseAll)
+    /// @{
+    static QString keysFolder() { return QStringLiteral("evidence"); }
+    static QString keysName() { return QStringLiteral("keys"); }
+    /// @}
+
+    QString keyFile() const { return m_key; }
+    QString formerFile() const;
+    HeadBook heads() const;
+
+    /// Creates the key.
+    bool create(const QByteArray& name, StoreError* error) const;
+    /// Creates a new key, which signs together with the former one until that is removed.
+    bool replace(StoreError* error) const;
+    /// The keys that sign, the present one first.
+    bool load(std::vector<std::unique_ptr<SealKey>>* keys, StoreError* error) const;
+
+private:
+    QString m_key;
+};
