@@ -54,9 +54,10 @@ Command::ExitCode Command::seal(const QStringList& arguments, Streams& streams)
     if (isReplaced && !files.replace(&error))
         return fail(streams, error);
     std::vector<std::unique_ptr<SealKey>> keys;
-    if (!files.load(&keys, &error) || !publish(url, keys, &error))
+    const bool isNew = isFirst || isReplaced;
+    if (!files.load(&keys, &error) || (isNew && !publish(url, keys, &error)))
         return fail(streams, error);
-    if (isFirst || isReplaced)
+    if (isNew)
         streams.out << QStringLiteral("Ключ: %1\nПроверочный ключ: %2\n")
                            .arg(files.keyFile(), QString::fromUtf8(keys.front()->verifier().text()));
 
