@@ -1,0 +1,464 @@
+#!/usr/bin/env python3
+"""Attacks exports of evidence and checks that admin/evidence/verify.py finds every attack and accepts honest exports.
+
+    verify_test.py [-v] [TEST]...      VRK_LONG=1: 1,000 attacks and 1,000 honest histories instead of some hundreds
+"""
+import collections
+import contextlib
+import copy
+import functools
+import importlib.util
+import io
+import json
+import os
+import pathlib
+import random
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import forge
+
+PROGRAM = pathlib.Path(__file__).resolve().parents[2] / "admin/evidence/verify.py"
+module = importlib.util.spec_from_file_location("verify", PROGRAM)
+verify = importlib.util.module_from_spec(module)
+module.loader.exec_module(verify)
+verify.is_signature = functools.lru_cache(None)(verify.is_signature)  # most attacks keep most heads
+
+IS_LONG = "VRK_LONG" in os.environ
+KEY, NEXT_KEY, STRANGER = (forge.Key(name, forge.sha(name.encode() + seed)) for name, seed in
+                           (("seal-vrk01", b"1"), ("seal-vrk02", b"2"), ("seal-vrk01", b"3")))
+WORDS = ["Отключён выключатель В-110", "", "РПН: \"вверх\"", "a\\b", "line\nbreak", "\0", "\u2028", "𝄞", "\udcff\udc80", "null", "0"]
+LEAF_TEXTS = ("batchKey", "login", "role")
+
+
+def run(folder, *arguments):
+    """The exit code and the answer."""
+    with contextlib.redirect_stdout(io.StringIO()) as answer:
+        code = verify.main([str(folder), *map(str, arguments)])
+    return code, answer.getvalue()
+
+
+def random_row(rng):
+    event = rng.choice((601, 602, 603))
+    values = [json.dumps([rng.choice(WORDS), rng.randrange(100)], ensure_ascii=False) for _ in range(2)]
+    return {"table": rng.choice(("LogbookRecords", "LogbookComments", "ShiftCrew")), "key": f"record-{rng.randrange(6)}",
+            "event": event, "old": None if event == 601 else values[0], "new": None if event == 603 else values[1]}
+
+
+def commit_some(store, rng, count):
+    for _ in range(count):
+        store.commit([random_row(rng) for _ in range(rng.choice((0, 1, 1, 1, 2, 3, 9)))], login=rng.choice(WORDS),
+                     time=rng.choice((1795372800, 1795372800.25, 1e-7, -0.0, 2**53, 1.7e18)))
+
+
+@functools.lru_cache(None)
+def random_store(seed, epochs=True):
+    """A history with seals, restores and a replaced key; the heads that a restore lost are beside it."""
+    rng = random.Random(seed)
+    store, lost = forge.Store("4F1C", [KEY]), []
+    for round_ in range(rng.randrange(2, 7)):
+        commit_some(store, rng, rng.randrange(1, 9))
+        store.seal()
+        if rng.random() < 0.2:
+            store.replace_keys([KEY, NEXT_KEY] if store.keys == [KEY] else [NEXT_KEY])
+        if epochs and rng.random() < 0.25:
+            copy_size = rng.randrange(len(store.transactions) + 1)
+            lost += [head for size, head in store.heads.items() if size > copy_size]
+            store.restore(copy_size, f"epoch{round_}")
+            store.seal()
+    if rng.random() < 0.4:
+        commit_some(store, rng, 3)
+    return store, lost
+
+
+def random_filter(rng):
+    """Rows of one record, or those of some transactions."""
+    if rng.random() < 0.5:
+        key = f"record-{rng.randrange(7)}"
+        return lambda transaction, row: row["key"] == key
+    first, last = sorted(rng.randrange(40) for _ in range(2))
+    return lambda transaction, row: first <= transaction["number"] <= last
+
+
+def paper(store, size):
+    return f"{size} {store.heads[size][1].hex()[:16]}"
+
+
+def interval(store, number):
+    """Where a change of this transaction shows: between the two heads around it."""
+    good, bad = max([0, *(size for size in store.heads if size < number)]), min(s for s in store.heads if s >= number)
+    return f"the transactions {good + 1} to {bad} do not give the head of {bad}"
+
+
+def changed_text(rng, text):
+    """The text with one character or byte replaced, added or removed."""
+    place = rng.randrange(len(text) + 1)
+    letter = rng.choice("Яx\"\\ \0\udc81")
+    changed = rng.choice((text[:place] + letter + text[place + 1:], text[:place] + letter + text[place:],
+                          text[:place] + text[place + 1:]))
+    return changed if changed != text else text + letter
+
+
+def change_row(rng, row):
+    field = rng.choice(("table", "key", "event", "old", "new"))
+    if field == "event":
+        row["event"] = rng.choice([event for event in (601, 602, 603, 0, -1) if event != row["event"]])
+    elif row[field] is None:
+        row[field] = rng.choice(("", "null"))
+    else:
+        row[field] = rng.choice((changed_text(rng, row[field]), None)) if field in ("old", "new") else changed_text(rng, row[field])
+
+
+def change_name(rng, transaction):
+    field = rng.choice((*LEAF_TEXTS, "time"))
+    transaction[field] = transaction[field] + 2**33 if field == "time" and transaction[field] < 1e18 \
+        else transaction[field] / 2 if field == "time" else changed_text(rng, transaction[field])
+
+
+def changeable(store):
+    """The sealed transactions with rows, without those that change the epoch."""
+    return [t for t in store.transactions[:store.size] if t["rows"] and t["rows"][0]["table"] != "StoreProperties"]
+
+
+# The attacks. Each gets a history, and returns an export, arguments and what the answer must contain.
+def row_rewritten(rng, store):
+    export = store.export()
+    number = rng.choice(changeable(store))["number"]
+    change_row(rng, rng.choice(export.line(number)["rows"]))
+    return export, [], f", transaction {number}: it was altered"
+
+
+def row_rewritten_and_rehashed(rng, store):
+    forged = store.copy()
+    number = rng.choice(changeable(store))["number"]
+    change_row(rng, rng.choice(forged.transactions[number - 1]["rows"]))
+    return forged.export(), [], interval(store, number)
+
+
+def name_altered(rng, store):
+    export = store.export()
+    line = rng.choice(export.lines[:store.size])
+    change_name(rng, line)
+    return export, [], f", transaction {line['number']}: it was altered"
+
+
+def name_altered_and_rehashed(rng, store):
+    forged = store.copy()
+    transaction = rng.choice(forged.transactions[:store.size])
+    change_name(rng, transaction)
+    return forged.export(), [], interval(store, transaction["number"])
+
+
+def rows_of_a_transaction(rng, store):
+    forged = store.copy()
+    transaction = rng.choice(changeable(forged))
+    rows = transaction["rows"]
+    kind = rng.choice(("added", "removed", "doubled", "turned"))
+    if kind == "added":
+        rows.insert(rng.randrange(len(rows) + 1), {**random_row(rng), "key": "added"})
+    elif kind == "doubled":
+        rows.append(dict(rows[-1]))
+    elif kind == "removed" or rows == rows[::-1]:
+        rows.pop(rng.randrange(len(rows)))
+    else:
+        rows.reverse()
+    return forged.export(), [], interval(store, transaction["number"])
+
+
+def row_left_out(rng, store):
+    export = store.export()
+    line = export.line(rng.choice(changeable(store))["number"])
+    line["rows"].pop(rng.randrange(len(line["rows"])))
+    line["rowCount"] -= rng.randrange(2)
+    return export, [], f"log.jsonl, line {line['number']}"
+
+
+def tail_cut(rng, store):
+    export = store.export()
+    kept = rng.randrange(store.size)
+    export.lines = export.lines[:kept]
+    return export, [], f"the transactions {kept + 1} to {store.size} are missing"
+
+
+def transaction_removed(rng, store):
+    export = store.export()
+    number = rng.randrange(1, store.size)
+    export.lines.remove(export.line(number))
+    return export, [], f"the transactions {number} to {number} are missing before this line"
+
+
+def transaction_removed_and_rehashed(rng, store):
+    forged = store.copy()
+    del forged.transactions[rng.randrange(store.size)]
+    forged.renumber()
+    if len(forged.transactions) < store.size:
+        commit_some(forged, rng, 1)
+    return forged.export(), [], "do not give the head of"
+
+
+def transaction_inserted(rng, store):
+    export = store.export()
+    line = copy.deepcopy(rng.choice(export.lines[:store.size]))
+    export.lines.insert(line["number"], line)
+    return export, [], f"transaction {line['number']} was inserted after {line['number']}"
+
+
+def transaction_inserted_and_rehashed(rng, store):
+    forged = store.copy()
+    place = rng.randrange(store.size)
+    forged.transactions.insert(place, {**forged.transactions[place], "rows": [random_row(rng)], "batchKey": "inserted"})
+    forged.renumber()
+    return forged.export(), [], interval(store, place + 1)
+
+
+def lines_swapped(rng, store):
+    export = store.export()
+    first = rng.randrange(store.size - 1)
+    export.lines[first:first + 2] = export.lines[first + 1], export.lines[first]
+    return export, [], f"the transactions {first + 1} to {first + 1} are missing"
+
+
+def transactions_swapped(rng, store):
+    forged, hints = store.copy(), store.export().lines
+    first, second = sorted(rng.sample(range(store.size), 2))
+    rows = forged.transactions
+    rows[first], rows[second] = rows[second], rows[first]
+    forged.renumber()
+    export, is_rehashed = forged.export(), rng.random() < 0.5
+    for line, hint in zip(export.lines, hints):
+        line["leaf"] = line["leaf"] if is_rehashed else hint["leaf"]
+    return export, [], interval(store, first + 1) if is_rehashed else f"line {first + 1}, transaction {first + 1}: it was altered"
+
+
+def shown_line_of_a_pruned_export(rng, store):
+    export = store.export(random_filter(rng))
+    lines = [line for line in export.lines if line["number"] <= store.size]
+    if not lines:
+        return None
+    line = rng.choice(lines)
+    kind = rng.choice(("row", "name", "removed", "hint", "place"))
+    if kind == "removed":
+        export.lines.remove(line)
+        return export, [], "FAILED"
+    if kind == "hint":  # a line with its leaf, rewritten together
+        change_name(rng, line)
+        line["leaf"] = forge.encode64(rng.randbytes(32))
+        return export, [], "do not give the head of"
+    if kind == "place" and line["rowCount"] > 1 and line["rows"][0]["place"] > 0:
+        line["rows"][0]["place"] -= 1
+        return export, [], f", transaction {line['number']}"
+    change_row(rng, rng.choice(line["rows"])) if kind == "row" else change_name(rng, line)
+    return export, [], f", transaction {line['number']}: it was altered"
+
+
+def hidden_hashes(rng, store):
+    export = store.export(random_filter(rng))
+    lists = [line["hidden"] for line in export.lines if line["number"] <= store.size] + [export.proof["hidden"]]
+    lists += [nodes for nodes in export.proof["consistency"].values()]
+    nodes = rng.choice([nodes for nodes in lists if nodes] or [export.proof["hidden"]])
+    kind, place = rng.choice(("changed", "removed", "added")), rng.randrange(len(nodes)) if nodes else 0
+    if kind == "added" or not nodes:
+        nodes.insert(place, forge.encode64(rng.randbytes(32)))
+    elif kind == "removed":
+        del nodes[place]
+    else:
+        nodes[place] = forge.encode64(rng.randbytes(32))
+    return export, [], "FAILED"
+
+
+def head_forged(rng, store):
+    export = store.export(rng.choice((None, random_filter(rng))))
+    name = rng.choice(list(export.heads))
+    note = export.heads[name].decode()
+    lines = note.split("\n")
+    kind = rng.choice(("origin", "size", "root", "time", "more", "signature"))
+    if kind == "origin":
+        lines[0] += "0"
+    elif kind == "size":
+        lines[1] = str(int(lines[1]) + 1)
+    elif kind == "root":
+        lines[2] = forge.encode64(rng.randbytes(32))
+    elif kind == "time":
+        lines[3] = "time 2026-11-23T18:40:00Z"
+    elif kind == "more":
+        lines.insert(3, "note")
+    else:
+        dash, signer, code = lines[5].split(" ")
+        data = bytearray(verify.base64.b64decode(code))
+        data[rng.randrange(4, 68)] ^= 1 << rng.randrange(8)
+        lines[5] = f"{dash} {signer} {forge.encode64(bytes(data))}"
+    export.heads[name] = "\n".join(lines).encode()
+    return export, [], f"{name}: the signature of seal-vrk0"
+
+
+def newest_head_of_another_key(rng, store):
+    forged = store.copy()
+    change_name(rng, rng.choice(forged.transactions[:store.size]))
+    export = forged.export()
+    origin, root = store.origin, forge.tree_root(forged.leaves()[:store.size])
+    note = forge.make_note(origin, store.size, root, "2026-11-22T18:40:00Z", [STRANGER])
+    expected = "no trusted key signed this head"
+    if rng.random() < 0.5:  # with the id of the known key
+        signer = store.keys[0]
+        head, _, signature = note.decode().rpartition(" ")
+        data = signer.id + verify.base64.b64decode(signature)[4:]
+        note = (head.replace(STRANGER.name, signer.name) + " " + forge.encode64(data) + "\n").encode()
+        expected = "the signature of seal-vrk0"
+    export.heads[f"{store.size:012}.txt"] = note
+    return export, [], expected
+
+
+def key_replaced(rng, store):
+    """Everything is written again and signed with a key of the attacker, who puts it into keys.txt."""
+    forged = store.copy()
+    number = rng.randrange(1, store.size + 1)
+    change_name(rng, forged.transactions[number - 1])
+    forged.keys = forged.known_keys = [STRANGER]
+    leaves = forged.leaves()
+    for size, (origin, _, _) in store.heads.items():
+        root = forge.tree_root(leaves[:size])
+        forged.heads[size] = origin, root, forge.make_note(origin, size, root, "2026-11-22T18:40:00Z", [STRANGER])
+    return forged.export(), one_fact(rng, store, [size for size in store.heads if size >= number]), "FAILED"
+
+
+def one_fact(rng, store, sizes):
+    """What an outsider may remember: the key, a head or a head on paper."""
+    size = rng.choice(sizes)
+    return rng.choice((["--key", store.known_keys[0].line], ["--paper", paper(store, size)], ["--head", size]))
+
+
+def older_log(rng, store):
+    """The log as it was at an older head; the newer heads are gone."""
+    older = store.copy()
+    sizes = sorted(store.heads)
+    kept = rng.choice(sizes[:-1])
+    older.transactions = older.transactions[:kept]
+    older.heads = {size: head for size, head in store.heads.items() if size <= kept}
+    size = rng.choice([size for size in sizes if size > kept])
+    commit_some(older, rng, rng.randrange(3))
+    if rng.random() < 0.5:
+        older.seal()
+    return older.export(rng.choice((None, random_filter(rng)))), head_or_paper(rng, store, size), "the log does not contain this head"
+
+
+def head_or_paper(rng, store, size):
+    return rng.choice((["--paper", paper(store, size)], ["--head", size]))
+
+
+def fork(rng, store):
+    """Two histories with one beginning, both sealed by the true key."""
+    other = store.copy()
+    size = rng.choice(sorted(store.heads))
+    start = rng.randrange(size)
+    other.transactions = other.transactions[:start]
+    other.heads = {at: head for at, head in other.heads.items() if at <= start}
+    commit_some(other, rng, rng.randrange(1, 20))
+    other.seal()
+    return other.export(rng.choice((None, random_filter(rng)))), head_or_paper(rng, store, size), "the log does not contain this head"
+
+
+def restore_that_ends_nothing(rng, store):
+    """A change of the epoch to itself must not excuse an older log."""
+    other = store.copy()
+    start = rng.randrange(store.size)
+    other.transactions = other.transactions[:start]
+    other.heads = {at: head for at, head in other.heads.items() if at <= start}
+    epoch = json.dumps(["epoch", other.epoch])
+    other.commit([{"table": "StoreProperties", "key": "epoch", "event": 602, "old": epoch, "new": epoch}])
+    commit_some(other, rng, rng.randrange(5))
+    other.seal()
+    return other.export(), ["--head", store.size], "the log does not contain this head"
+
+
+def other_store(rng, store):
+    other = forge.Store("99AA", store.keys)
+    commit_some(other, rng, len(store.transactions))
+    other.seal()
+    return other.export(), ["--head", store.size], "this head is of another log, vrk-logbook/"
+
+
+ATTACKS = [row_rewritten, row_rewritten_and_rehashed, name_altered, name_altered_and_rehashed, rows_of_a_transaction, row_left_out,
+           tail_cut, transaction_removed, transaction_removed_and_rehashed, transaction_inserted,
+           transaction_inserted_and_rehashed, lines_swapped, transactions_swapped, shown_line_of_a_pruned_export,
+           hidden_hashes, head_forged, newest_head_of_another_key, key_replaced, older_log, fork,
+           restore_that_ends_nothing, other_store]
+WITHOUT_RESTORES = {older_log, fork, restore_that_ends_nothing, row_rewritten_and_rehashed, transaction_inserted_and_rehashed,
+                    name_altered_and_rehashed, rows_of_a_transaction, transactions_swapped}
+
+
+class Verifier(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def heads_as_files(self, arguments, store):
+        """Writes the heads that are asked for by their size."""
+        (self.folder / "kept").mkdir(exist_ok=True)
+        for place, argument in enumerate(arguments):
+            if isinstance(argument, int):
+                arguments[place] = self.folder / "kept" / f"{argument}.txt"
+                arguments[place].write_bytes(store.heads[argument][2])
+        return arguments
+
+    def assertOk(self, answer, message=None):
+        self.assertEqual(0, answer[0], answer[1] if message is None else f"{message}: {answer[1]}")
+        self.assertRegex(answer[1], r"\AOK up to \d+, head [0-9a-f]{16}, signed by ")
+
+    def assertFails(self, answer, expected, message=None):
+        self.assertEqual(1, answer[0], f"{message}: {answer[1]}")
+        self.assertRegex(answer[1], r"\AFAILED: .*\n\Z", message)
+        self.assertIn(expected, answer[1], message)
+
+    def testFindsAttacks(self):
+        found, kinds = collections.Counter(), collections.Counter()
+        for seed in range(1000 if IS_LONG else 330):
+            rng = random.Random(seed)
+            attack = ATTACKS[seed % len(ATTACKS)]
+            case = None
+            while case is None:
+                store, _ = random_store(rng.randrange(1000 if IS_LONG else 40), attack not in WITHOUT_RESTORES)
+                if len(store.heads) > 1 and store.size > 2 and changeable(store):
+                    case = attack(rng, store)
+            export, arguments, expected = case
+            export.write(self.folder)
+            answer = run(self.folder, *self.heads_as_files(arguments, store))
+            kinds[attack.__name__] += 1
+            with self.subTest(attack=attack.__name__, seed=seed):
+                self.assertFails(answer, expected)
+                found[attack.__name__] += 1
+        for name, count in kinds.items():
+            print(f"{name}: {found[name]} of {count} found")
+
+    def testAcceptsHonestHistories(self):
+        for seed in range(1000 if IS_LONG else 60):
+            rng = random.Random(seed)
+            store, lost = random_store(seed)
+            is_shown = random_filter(rng) if seed % 2 else None
+            store.export(is_shown).write(self.folder)
+            arguments = [argument for size in store.heads for argument in ("--paper", paper(store, size)) if size]
+            arguments += [argument for size in store.heads for argument in ("--head", size)]
+            for place, (origin, _, note) in enumerate(lost):
+                if origin.partition("/")[2] not in store.epochs():
+                    continue  # a later restore took an older copy, which does not know this epoch
+                (self.folder / f"lost-{place}.txt").write_bytes(note)
+                arguments += ["--head", self.folder / f"lost-{place}.txt"]
+            if rng.random() < 0.5:
+                arguments += [argument for key in store.known_keys for argument in ("--key", key.line)]
+            with self.subTest(seed=seed):
+                code, answer = run(self.folder, *self.heads_as_files(arguments, store))
+                self.assertOk((code, answer))
+                self.assertEqual("--key" not in arguments, "the keys came with the export" in answer)
+                self.assertEqual(is_shown is not None, "shown are " in answer)
+                tail = len(store.transactions) > store.size
+                self.assertTrue(is_shown or tail == ("not sealed yet" in answer), answer)
+                restores = [t["number"] for t in store.transactions[:store.size] if t["login"] == "root"]
+                self.assertEqual([f"restored as transaction {number}" for number in restores],
+                                 re.findall(r"^restored as transaction \d+", answer, re.M))
+
+
+if __name__ == "__main__":
+    unittest.main()
