@@ -19,7 +19,10 @@ import sys
 import tempfile
 import unittest
 
-import forge
+sys.dont_write_bytecode = True  # the sources stay clean
+
+import forge  # noqa: E402
+import make_vectors  # noqa: E402
 
 PROGRAM = pathlib.Path(__file__).resolve().parents[2] / "admin/evidence/verify.py"
 module = importlib.util.spec_from_file_location("verify", PROGRAM)
@@ -458,6 +461,168 @@ class Verifier(unittest.TestCase):
                 restores = [t["number"] for t in store.transactions[:store.size] if t["login"] == "root"]
                 self.assertEqual([f"restored as transaction {number}" for number in restores],
                                  re.findall(r"^restored as transaction \d+", answer, re.M))
+
+    def testPassesTheVectors(self):
+        self.assertEqual(make_vectors.FILE.read_text("utf-8"), make_vectors.text(), "run make_vectors.py")
+        vectors = json.loads(make_vectors.FILE.read_text("utf-8"))
+        store = forge.Store("4F1C", [KEY])
+        for transaction in vectors["transactions"]:
+            store.transactions.append({name: transaction[name] for name in (*LEAF_TEXTS, "number", "time", "rows")})
+        store.seal()
+        for transaction, line in zip(vectors["transactions"], store.export().lines):
+            line = verify.check_fields(verify.decode_json(json.dumps(line)), verify.LINE)
+            self.assertEqual(transaction["leaf"], verify.transaction_leaf(line).hex())
+            self.assertEqual(transaction["timeBits"], verify.real(line["time"]).hex())
+        for sample in vectors["rows"]:
+            shown = json.dumps({"place": 0, **{name: sample[name] for name in sample if name != "leaf"}})
+            line = {"number": 1, "batchKey": "", "login": "", "role": "", "time": 0, "rowCount": 1, "hidden": []}
+            self.assertEqual(
+                verify.transaction_leaf({**line, "rows": [verify.decode_json(shown)]}),
+                verify.transaction_leaf({**line, "rows": [], "hidden": [forge.encode64(bytes.fromhex(sample["leaf"]))]}))
+        leaves = make_vectors.numbered_leaves(1000)
+        roots = {tree["size"]: bytes.fromhex(tree["root"]) for tree in vectors["trees"]}
+        self.assertEqual(roots, verify.tree_roots(enumerate(leaves), 1000, [], set(roots)))
+        for sample in vectors["pruned"]:
+            shown = [(index, leaves[index]) for index in sample["shown"]]
+            hidden = [forge.encode64(bytes.fromhex(node)) for node in sample["hidden"]]
+            self.assertEqual(sample["root"], verify.tree_roots(shown, sample["size"], hidden)[sample["size"]].hex())
+        for sample in vectors["consistency"]:
+            old, new = (forge.tree_root(leaves[:sample[name]]) for name in ("first", "second"))
+            path = [bytes.fromhex(node) for node in sample["path"]]
+            self.assertEqual((old, new), tuple(verify.consistent_roots(sample["first"], sample["second"], old, path)))
+            self.assertEqual([], path)
+        public = [forge.sha(b"\0" + bytes.fromhex(data)) for data in vectors["public"]["inputs"]]
+        self.assertEqual(vectors["public"]["roots"], [verify.tree_roots(enumerate(public[:size]), size, [])[size].hex()
+                                                      for size in range(1, 9)])
+        keys = [verify.read_key(key["line"]) for key in vectors["head"]["keys"]]
+        for name, trusted, signers in (("note", keys, 1), ("noteOfBothKeys", keys, 2), ("noteOfBothKeys", keys[1:], 1)):
+            (self.folder / "head.txt").write_text(vectors["head"][name], "utf-8")
+            head = verify.read_head(self.folder / "head.txt", dict(trusted), True)
+            self.assertEqual((vectors["head"]["origin"], 1000, vectors["head"]["root"], signers),
+                             (head.origin, head.size, head.hex, len(head.signers)))
+
+    def testChecksEd25519AsPublished(self):
+        # RFC 8032, section 7.1, tests 1 to 3.
+        for public, message, signature in (
+                ("d75a980182b10ab7d54bfed3c964073a0ee172f3daa62325af021a68f707511a", "",
+                 "e5564300c360ac729086e2cc806e828a84877f1eb8e5d974d873e065224901555fb8821590a33bacc61e39701cf9b46b"
+                 "d25bf5f0595bbe24655141438e7a100b"),
+                ("3d4017c3e843895a92b70aa74d1b7ebc9c982ccf2ec4968cc0cd55f12af4660c", "72",
+                 "92a009a9f0d4cab8720e820b5f642540a2b27b5416503f8fb3762223ebdb69da085ac1e43e15996e458f3613d0f11d8c"
+                 "387b2eaeb4302aeeb00d291612bb0c00"),
+                ("fc51cd8e6218a1a38da47ed00230f0580816ed13ba3303ac5deb911548908025", "af82",
+                 "6291d657deec24024827e69c3abe01a30ce548a284743a445e3680d7db5ac3ac18ff9b538d16f290ae67f760984dc659"
+                 "4a7c15e9716ed28dc027beceea1ec40a")):
+            public, message, signature = map(bytes.fromhex, (public, message, signature))
+            self.assertTrue(verify.is_signature(public, message, signature))
+            self.assertFalse(verify.is_signature(public, message + b"x", signature))
+            self.assertFalse(verify.is_signature(public, message, signature[:40] + bytes([signature[40] ^ 1]) + signature[41:]))
+            # The same s plus the order of the group must not pass as a second signature of the text.
+            larger = int.from_bytes(signature[32:], "little") + forge.ORDER
+            self.assertFalse(verify.is_signature(public, message, signature[:32] + larger.to_bytes(32, "little")))
+
+    def testRefusesWhatIsNoPublicKey(self):
+        # No point of the curve; a coordinate above the prime; the point (0, 1) with the sign of another.
+        for public in ((2).to_bytes(32, "little"), (2**255 - 16).to_bytes(32, "little"), (1 | 1 << 255).to_bytes(32, "little")):
+            with self.assertRaisesRegex(ValueError, "this is not a public key"):
+                verify.decode_point(public)
+
+    def testReportsMalformedFilesInOneLine(self):
+        """Bytes of the files changed, cut off or added, and values of another kind."""
+        store, _ = random_store(3)
+        for seed in range(2000 if IS_LONG else 250):
+            rng = random.Random(seed)
+            export = store.export(rng.choice((None, random_filter(rng))))
+            export.write(self.folder)
+            path = rng.choice([path for path in sorted(self.folder.rglob("*")) if path.is_file() and path.stat().st_size])
+            data = bytearray(path.read_bytes())
+            place = rng.randrange(len(data))
+            kind = rng.choice(("byte", "cut", "more", "kind", "kind"))
+            if kind == "byte":
+                data[place] ^= 1 << rng.randrange(8)
+            elif kind == "cut":
+                del data[place:]
+            elif kind == "more" or path.suffix == ".txt":
+                data[place:place] = rng.choice((b"\xff", b"\n", b"[" * 100000, b"9" * 5000, b"=", b"e400", b"{\"number\": 1}"))
+            else:
+                fields = list(re.finditer(rb'": ', data))
+                at = rng.choice(fields).end()
+                value = rng.choice((b"null", b"true", b"-1", b"1e999", b"[]", b"{}", b"[1]", b'"x"', b"NaN", b"-0", b"2" + b"0" * 400))
+                end = at + min(length for length in (data[at:].find(b","), data[at:].find(b"}"), len(data) - at) if length >= 0)
+                data[at:end] = value
+            path.write_bytes(data)
+            code, answer = run(self.folder)
+            with self.subTest(seed=seed, file=path.name, kind=kind):
+                if code:
+                    self.assertFails((code, answer), "FAILED: ")
+                    self.assertNotIn("Traceback", answer)
+                else:
+                    self.assertOk((code, answer))
+                    self.assert_same_content(export)
+
+    def assert_same_content(self, export):
+        """An export that is accepted says of proven transactions what the untouched one says."""
+        written = [json.loads(line) for line in
+                   (self.folder / "log.jsonl").read_bytes().decode("utf-8", "surrogateescape").split("\n")[:-1]]
+        lines = [[line for line in lines if line["number"] <= export.proof["size"]] for lines in (written, export.lines)]
+        for line in lines[0] + lines[1]:
+            line.pop("leaf")
+            line.pop("hidden")
+        self.assertEqual(lines[1], lines[0])
+
+    def testRunsAsAProgramInAnyLocale(self):
+        """The script lies in the export; names cannot write a line or a command of a terminal into the answer."""
+        store = forge.Store("4F1C", [KEY])
+        store.commit([random_row(random.Random(1))])
+        store.seal()
+        store.restore(1, "77D0")
+        store.transactions[-1]["login"] = "Петров\nOK up to 9\x1b[2J\udcff"
+        store.seal()
+        store.export().write(self.folder)
+        (self.folder / "verify.py").write_bytes(PROGRAM.read_bytes())
+        for locale in ("C.UTF-8", "C"):
+            program = [sys.executable, "-I", "-W", "error", str(self.folder / "verify.py")]
+            environment = {"LC_ALL": locale, "PYTHONCOERCECLOCALE": "0"}
+            done = subprocess.run(program, env=environment, capture_output=True, timeout=60)
+            lines = done.stdout.decode().split("\n")
+            self.assertEqual((0, b"", 5), (done.returncode, done.stderr, len(lines)), done)
+            self.assertIn("OK up to 2, head ", lines[0])
+            self.assertTrue(lines[3].startswith("restored as transaction 2 at 2026-11-22T18:41:00Z by "), lines)
+            self.assertTrue(lines[3].endswith(": heads of the former epoch above 1 are not contained"), lines)
+            (self.folder / "damaged").mkdir(exist_ok=True)
+            done = subprocess.run([*program, str(self.folder / "damaged")], env=environment, capture_output=True, timeout=60)
+            self.assertEqual((1, b""), (done.returncode, done.stderr))
+            self.assertRegex(done.stdout, rb"\AFAILED: [^\n]*keys.txt[^\n]*\n\Z")
+
+    def testIsShortAndNeedsTheStandardLibraryOnly(self):
+        source = PROGRAM.read_text("utf-8")
+        self.assertLess(len(source.splitlines()), 200)
+        modules = re.findall(r"^(?:import|from) (.*)$", source, re.M)
+        self.assertLessEqual(set(", ".join(modules).split(", ")), set(sys.stdlib_module_names) - {"socket", "urllib", "http"})
+
+    def testSaysWhichHeadsCannotBeCompared(self):
+        """A head of an epoch that the log does not name, of a size that a pruned export has no proof for, or of no known key."""
+        store = forge.Store("4F1C", [KEY])
+        commit_some(store, random.Random(1), 4)
+        store.seal()
+        commit_some(store, random.Random(2), 4)
+        store.restore(6, "77D0")
+        store.seal()
+        lost = store.heads[7][2]
+        store.restore(5, "88E0")  # the copy is older than the restore before
+        store.seal()
+        store.export().write(self.folder)
+        (self.folder / "lost.txt").write_bytes(lost)
+        self.assertFails(run(self.folder, "--head", self.folder / "lost.txt"), "lost.txt: this head is of another log, vrk-logbook/77D0")
+        store.export(lambda transaction, row: False).write(self.folder)
+        root = forge.tree_root(store.leaves()[:3]).hex()[:16]
+        self.assertFails(run(self.folder, "--paper", f"3 {root}"), f"paper 3 {root}: the log does not contain this head, or its proof")
+        self.assertOk(run(self.folder, "--paper", paper(store, 4).upper()))
+        self.assertFails(run(self.folder, "--paper", "4"), "--paper: ")
+        (self.folder / "strange.txt").write_bytes(forge.make_note(*store.heads[6][:1], 6, store.heads[6][1], "x", [STRANGER]))
+        self.assertFails(run(self.folder, "--head", self.folder / "strange.txt"), "strange.txt: no trusted key signed this head")
+        self.assertFails(run(self.folder, "--key", NEXT_KEY.line), "no trusted key signed this head")
+        self.assertFails(run(self.folder, "--key", KEY.line[:-2]), "keys.txt: ")
 
 
 if __name__ == "__main__":
