@@ -106,8 +106,8 @@ def text(value): return integer(len(data := value.encode("utf-8", "surrogateesca
 def option(value): return b"\0" if value is None else b"\1" + text(value)
 def transaction_leaf(line):
     leaves, last = [], -1
+    line["rows"] = [check_fields(row, ROW) for row in line["rows"]]
     for row in line["rows"]:
-        row = check_fields(row, ROW)
         require(last < (last := row["place"]) < line["rowCount"], "the places of the rows are wrong")
         leaves.append((last, sha256(b"\0" + text(row["table"]) + text(row["key"]) + integer(row["event"])
                                     + option(row["old"]) + option(row["new"]))))
@@ -129,7 +129,7 @@ def read_lines(folder, log, by_hints=False):
             log.last = number
             if number <= log.size:
                 log.altered = log.altered or hint != leaf and f"{require.place}, transaction {number}"
-                for row in map(dict, line["rows"]):
+                for row in line["rows"]:
                     if (row["table"], row["event"]) == ("StoreProperties", 602) and decode_json(row["old"])[0] == "epoch":
                         log.restores.append((number, line, "vrk-logbook/" + decode_json(row["old"])[1]))
             if number <= log.size or log.isWhole:
@@ -190,7 +190,8 @@ def main(arguments=None):
     try:
         answer = list(check(options.folder, options))
     except Exception as error:
-        answer = [f"FAILED: {require.place}: {error}"]
+        reason = error if type(error) is ValueError else f"this cannot be read: {error!r}"
+        answer = [f"FAILED: {require.place}: {reason}"]
     print("\n".join("".join(c if c.isprintable() else f"\\x{ord(c):02x}" for c in line) for line in answer))
     return 0 if answer[0].startswith("OK") else 1
 if __name__ == "__main__":

@@ -262,14 +262,18 @@ def hidden_hashes(rng, store):
     lists = [line["hidden"] for line in export.lines if line["number"] <= store.size] + [export.proof["hidden"]]
     lists += [nodes for nodes in export.proof["consistency"].values()]
     nodes = rng.choice([nodes for nodes in lists if nodes] or [export.proof["hidden"]])
-    kind, place = rng.choice(("changed", "removed", "added")), rng.randrange(len(nodes)) if nodes else 0
+    kind = rng.choice(("changed", "removed", "added"))
+    is_proof = any(nodes is path for path in export.proof["consistency"].values())
     if kind == "added" or not nodes:
-        nodes.insert(place, forge.encode64(rng.randbytes(32)))
+        nodes.insert(rng.randrange(len(nodes) + 1), forge.encode64(rng.randbytes(32)))
+        expected = "the log does not contain this head, or its proof is missing" if is_proof else "there are too many hidden hashes"
     elif kind == "removed":
-        del nodes[place]
+        del nodes[rng.randrange(len(nodes))]
+        expected = ".txt: this cannot be read: IndexError" if is_proof else "a hidden hash is missing"
     else:
-        nodes[place] = forge.encode64(rng.randbytes(32))
-    return export, [], "FAILED"
+        nodes[rng.randrange(len(nodes))] = forge.encode64(rng.randbytes(32))
+        expected = "the log does not contain this head, or its proof is missing" if is_proof else "FAILED"
+    return export, [], expected
 
 
 def head_forged(rng, store):
@@ -516,16 +520,78 @@ class Verifier(unittest.TestCase):
             public, message, signature = map(bytes.fromhex, (public, message, signature))
             self.assertTrue(verify.is_signature(public, message, signature))
             self.assertFalse(verify.is_signature(public, message + b"x", signature))
+            self.assertFalse(verify.is_signature(public, message, signature + b"\0"))
             self.assertFalse(verify.is_signature(public, message, signature[:40] + bytes([signature[40] ^ 1]) + signature[41:]))
             # The same s plus the order of the group must not pass as a second signature of the text.
             larger = int.from_bytes(signature[32:], "little") + forge.ORDER
             self.assertFalse(verify.is_signature(public, message, signature[:32] + larger.to_bytes(32, "little")))
 
-    def testRefusesWhatIsNoPublicKey(self):
+    def testRefusesWrongKeys(self):
+        name, key_id, code = KEY.line.split("+", 2)
+        other = forge.encode64(b"\2" + KEY.public)
+        for line in (f"{name}+00000000+{code}", f"{name}0+{key_id}+{code}",
+                     f"{name}+{forge.sha(name.encode() + bytes([10, 2]) + KEY.public)[:4].hex()}+{other}"):
+            with self.assertRaisesRegex(ValueError, "this is not a key"):
+                verify.read_key(line)
         # No point of the curve; a coordinate above the prime; the point (0, 1) with the sign of another.
         for public in ((2).to_bytes(32, "little"), (2**255 - 16).to_bytes(32, "little"), (1 | 1 << 255).to_bytes(32, "little")):
             with self.assertRaisesRegex(ValueError, "this is not a public key"):
                 verify.decode_point(public)
+
+    def testRefusesHeadsOfAnotherForm(self):
+        root = forge.encode64(forge.sha(b""))
+        path = self.folder / "head.txt"
+        for size, change, reason in (
+                ("0", str, None), ("00", str, "not a signed head"), ("-1", str, "not a signed head"), ("१", str, "not a signed head"),
+                ("9" * 19, str, "not a signed head"), ("0", lambda note: note[:-1], "not a signed head"),
+                ("0", lambda note: note.replace("\n", "\r\n"), ""), ("0", lambda note: note.partition("\n\n")[0] + "\n", ""),
+                ("0", lambda note: note.replace("—", "-"), "a signature line is malformed"),
+                ("0", lambda note: note + "— other AAAA\n", "a signature line is malformed"),
+                ("0", lambda note: note + f"— {KEY.name} {forge.encode64(KEY.id + bytes(63))}\n", "the signature of seal-vrk01 is not valid"),
+                ("0", lambda note: note + f"— {KEY.name} {forge.encode64(KEY.id + bytes(64))}\n", "the signature of seal-vrk01 is not valid"),
+                ("0", lambda note: note + f"— {KEY.name} {forge.encode64(NEXT_KEY.id + bytes(64))}\n", None)):
+            text = f"vrk-logbook/4F1C\n{size}\n{root}\ntime 2026-11-22T18:40:00Z\n"
+            note = change(text + "\n" + KEY.signature_line(text.encode()))
+            path.write_text(note, "utf-8", newline="")
+            with self.subTest(note=note):
+                if reason is None:
+                    self.assertEqual([KEY.name], verify.read_head(path, dict([verify.read_key(KEY.line)]), True).signers)
+                else:
+                    with self.assertRaisesRegex(ValueError, reason):
+                        verify.read_head(path, dict([verify.read_key(KEY.line)]), True)
+
+    def testRefusesWhatNobodyProves(self):
+        store = forge.Store("4F1C", [KEY])
+        for _ in range(3):
+            store.commit([random_row(random.Random(1)), random_row(random.Random(2))])
+        store.seal()
+
+        def check(change, expected):
+            export = store.export()
+            change(export)
+            export.write(self.folder)
+            with self.subTest(expected=expected):
+                self.assertFails(run(self.folder), expected)
+
+        wrong_field = "a field is missing, unknown, repeated or of the wrong kind"
+        check(lambda export: export.line(2).update(comment="x"), f"line 2: {wrong_field}")
+        check(lambda export: export.line(2).pop("role"), f"line 2: {wrong_field}")
+        check(lambda export: export.line(2).update(time="1795372800"), f"line 2: {wrong_field}")
+        check(lambda export: export.line(2)["rows"][1].update(comment="x"), f"line 2: {wrong_field}")
+        check(lambda export: export.line(2).update(rows=[5]), f"line 2: {wrong_field}")
+        check(lambda export: export.proof.update(comment="x"), f"proof.json: {wrong_field}")
+        check(lambda export: export.proof.update(format=2), "proof.json is not of format 1")
+        check(lambda export: export.proof.update(origin="vrk-logbook/77D0"), "origin and size are not those of proof.json")
+        pruned = store.export(lambda transaction, row: row == transaction["rows"][0])
+        check(lambda export: export.lines.__setitem__(1, pruned.line(2)), "line 2: rows are missing")
+        export = store.export()
+        export.write(self.folder)
+        text = (self.folder / "log.jsonl").read_text("utf-8")
+        (self.folder / "log.jsonl").write_text(text.replace('"login": ', '"login": "sidorov", "login": ', 1), "utf-8")
+        self.assertFails(run(self.folder), f"line 1: {wrong_field}")
+        (self.folder / "heads/000000000002.txt").write_bytes(export.heads["000000000003.txt"])
+        (self.folder / "proof.json").write_text(json.dumps({**export.proof, "size": 2}), "utf-8")
+        self.assertFails(run(self.folder), "000000000002.txt: origin and size are not those of proof.json")
 
     def testReportsMalformedFilesInOneLine(self):
         """Bytes of the files changed, cut off or added, and values of another kind."""
@@ -618,7 +684,7 @@ class Verifier(unittest.TestCase):
         root = forge.tree_root(store.leaves()[:3]).hex()[:16]
         self.assertFails(run(self.folder, "--paper", f"3 {root}"), f"paper 3 {root}: the log does not contain this head, or its proof")
         self.assertOk(run(self.folder, "--paper", paper(store, 4).upper()))
-        self.assertFails(run(self.folder, "--paper", "4"), "--paper: ")
+        self.assertFails(run(self.folder, "--paper", "4"), "--paper: a size and 16 hexadecimal digits belong here")
         (self.folder / "strange.txt").write_bytes(forge.make_note(*store.heads[6][:1], 6, store.heads[6][1], "x", [STRANGER]))
         self.assertFails(run(self.folder, "--head", self.folder / "strange.txt"), "strange.txt: no trusted key signed this head")
         self.assertFails(run(self.folder, "--key", NEXT_KEY.line), "no trusted key signed this head")
