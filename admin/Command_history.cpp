@@ -45,7 +45,8 @@ void tell(const LoggedRow& row, QTextStream& out)
     const ChangeRow after(row.newRow);
     const char* events[] = {"внесена", "изменена", "удалена"};
     out << QStringLiteral("  %1: %2\n")
-               .arg(QString::fromUtf8(row.table), QString::fromUtf8(events[qBound(0, row.event - 601, 2)]));
+               .arg(QString::fromUtf8(row.table),
+                    QString::fromUtf8(events[qBound(Q_INT64_C(0), row.event - 601, Q_INT64_C(2))]));
     for (int i = 0; table && i < table->fields.size(); ++i) {
         const QByteArray null = "null";
         const QByteArray was = before.raw(i).isEmpty() ? null : before.raw(i);

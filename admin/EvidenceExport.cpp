@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 namespace
 {
@@ -17,9 +18,11 @@ QByteArray list(const QVector<TreeHash>& hashes)
     return '[' + json + ']';
 }
 
-/// The fewest digits that restore the number.
+/// The fewest digits that restore the number. Readers take "-0" for an integer, which has no such zero.
 QByteArray number(double value)
 {
+    if (value == 0 && std::signbit(value))
+        return "-0.0";
     char buffer[32];
     const auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
     return QByteArray(buffer, static_cast<int>(end - buffer));

@@ -43,7 +43,7 @@ def transactions():
     for number, time in enumerate(TIMES, 1):
         yield {"number": number, "batchKey": f"batch-{number}", "login": "petrov", "role": "person", "time": time,
                "rows": samples[:number]}
-    for fields in ({"number": 2**53 - 1, "rows": []}, {"login": "Петров И. И.", "role": "loader"}, {"batchKey": "", "login": "", "role": ""},
+    for fields in ({"number": 2**53 - 1, "rows": []}, {"login": "Петров И. И.", "role": "loader"}, {"batchKey": "", "login": ""},
                    {"rows": [row("LogbookRecords", f"key-{place}", 601, None, f"[{place}]") for place in range(300)]}):
         yield {"number": 17, "batchKey": "b", "login": "ivanov", "role": "person", "time": 1795372800, "rows": samples[:1], **fields}
 

@@ -27,8 +27,7 @@ public:
             m_current = {number, row.bytes(1), row.bytes(2), row.integer(3) != 0, row.real(4), {}};
         }
         if (!row.isNull(5))
-            m_current.rows.append(
-                {row.bytes(5), row.bytes(6), static_cast<int>(row.integer(7)), row.bytes(8), row.bytes(9)});
+            m_current.rows.append({row.bytes(5), row.bytes(6), row.integer(7), row.bytes(8), row.bytes(9)});
         return true;
     }
     /// Passes on the last transaction.

@@ -2,6 +2,8 @@
 
 #include "ChangeRow.h"
 
+#include <algorithm>
+
 bool EpochHistory::load(EvidenceLog& log)
 {
     QVector<qint64> numbers;
@@ -24,8 +26,8 @@ qint64 EpochHistory::endOf(const QByteArray& epoch) const
 {
     if (epoch == m_current)
         return m_end;
-    for (const Change& change : m_changes)
-        if (!epoch.isEmpty() && change.former == epoch)
-            return change.number - 1;
-    return -1;
+    const auto ended = std::find_if(m_changes.crbegin(), m_changes.crend(), [&](const Change& change) {
+        return !epoch.isEmpty() && change.former == epoch;
+    });
+    return ended == m_changes.crend() ? -1 : ended->number - 1;
 }

@@ -9,7 +9,7 @@
 struct LoggedRow {
     QByteArray table;
     QByteArray key;
-    int event = 0;     ///< 601 inserted, 602 changed, 603 deleted
+    qint64 event = 0;  ///< 601 inserted, 602 changed, 603 deleted
     QByteArray oldRow; ///< the values (ChangeRow); null if there was no row
     QByteArray newRow;
 };
