@@ -17,7 +17,8 @@ foreach(size 16 24 32 48 256)
     install(FILES "${CMAKE_BINARY_DIR}/platform/widgets/vrk_widgets_icons/vrk/app_${size}.png"
             DESTINATION share/icons/hicolor/${size}x${size}/apps RENAME vrk-logbook.png)
 endforeach()
-install(FILES packaging/vrk-watchdog.service packaging/vrk-watchdog.timer DESTINATION lib/systemd/system)
+install(FILES packaging/vrk-watchdog.service packaging/vrk-watchdog.timer packaging/vrk-seal.service
+        packaging/vrk-seal.timer DESTINATION lib/systemd/system)
 
 foreach(floor hfn client text widgets)
     get_target_property(headers vrk_${floor} VRK_PUBLIC)
