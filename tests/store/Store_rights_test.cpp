@@ -1,11 +1,11 @@
 #include "ChangeRow.h"
 #include "CMDArray.h"
 #include "RecordWords.h"
-#include "SqliteTransaction.h"
 #include "TableCatalog.h"
 #include "TestStore.h"
 #include "WriterOfRules.h"
 
+#include <QProcess>
 #include <QTest>
 #include <sqlite3.h>
 
@@ -125,9 +125,12 @@ private slots:
                 ->rows(QStringLiteral(
                     "SELECT login, loader FROM ChangeTransactions ORDER BY number DESC LIMIT 1"))
                 .value(0);
+        QProcess id;
+        id.start(QStringLiteral("id"), {QStringLiteral("-un")});
+        QVERIFY(id.waitForFinished());
         QCOMPARE(last.value(0).toString(),
                  TestStore::isSqlite()
-                     ? QString::fromUtf8(SqliteTransaction::account())
+                     ? QString::fromUtf8(id.readAllStandardOutput()).trimmed()
                      : m_files->value(QStringLiteral("SELECT session_user::text")).toString());
         QCOMPARE(last.value(1).toInt(), 1);
         QVERIFY(write("ivanov", "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV", {{"html", "x"}}));
