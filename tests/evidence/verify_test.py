@@ -238,7 +238,7 @@ def transactions_swapped(rng, store):
 
 def shown_line_of_a_pruned_export(rng, store):
     export = store.export(random_filter(rng))
-    lines = [line for line in export.lines if line["number"] <= store.size]
+    lines = [line for line in export.lines if line["number"] <= store.size and line["rows"][0]["table"] != "StoreProperties"]
     if not lines:
         return None
     line = rng.choice(lines)
@@ -251,8 +251,8 @@ def shown_line_of_a_pruned_export(rng, store):
         line["leaf"] = forge.encode64(rng.randbytes(32))
         return export, [], "do not give the head of"
     if kind == "place" and line["rowCount"] > 1 and line["rows"][0]["place"] > 0:
-        line["rows"][0]["place"] -= 1
-        return export, [], f", transaction {line['number']}"
+        line["rows"][0]["place"] -= 1  # either the root of the rows is another, or the hidden hashes do not fit
+        return export, [], f"log.jsonl, line {export.lines.index(line) + 1}"
     change_row(rng, rng.choice(line["rows"])) if kind == "row" else change_name(rng, line)
     return export, [], f", transaction {line['number']}: it was altered"
 
@@ -582,6 +582,9 @@ class Verifier(unittest.TestCase):
         check(lambda export: export.proof.update(comment="x"), f"proof.json: {wrong_field}")
         check(lambda export: export.proof.update(format=2), "proof.json is not of format 1")
         check(lambda export: export.proof.update(origin="vrk-logbook/77D0"), "origin and size are not those of proof.json")
+        more = forge.encode64(bytes(32))
+        check(lambda export: export.proof["hidden"].append(more), "log.jsonl: there are too many hidden hashes")
+        check(lambda export: export.line(2)["hidden"].append(more), "line 2: there are too many hidden hashes")
         pruned = store.export(lambda transaction, row: row == transaction["rows"][0])
         check(lambda export: export.lines.__setitem__(1, pruned.line(2)), "line 2: rows are missing")
         export = store.export()
