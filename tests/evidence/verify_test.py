@@ -669,6 +669,34 @@ class Verifier(unittest.TestCase):
         modules = re.findall(r"^(?:import|from) (.*)$", source, re.M)
         self.assertLessEqual(set(", ".join(modules).split(", ")), set(sys.stdlib_module_names) - {"socket", "urllib", "http"})
 
+    def testComparesHeadsOfReplacedKeysIfKnown(self):
+        store = forge.Store("4F1C", [KEY])
+        commit_some(store, random.Random(1), 2)
+        store.seal()
+        store.replace_keys([NEXT_KEY])
+        commit_some(store, random.Random(2), 2)
+        store.seal()
+        store.export().write(self.folder)
+        for keys, count in (((NEXT_KEY,), 1), ((KEY, NEXT_KEY), 2)):
+            answer = run(self.folder, *(argument for key in keys for argument in ("--key", key.line)))
+            self.assertOk(answer)
+            self.assertIn(f"heads compared: {count} of 2\n", answer[1])
+
+    def testComparesHeadsAboveTheNewest(self):
+        """The export lost its newest head, which somebody kept: the lines after the head before it still give its root."""
+        store = forge.Store("4F1C", [KEY])
+        for seed in range(2):
+            commit_some(store, random.Random(seed), 3)
+            store.seal()
+        (self.folder / "kept.txt").write_bytes(store.heads.pop(6)[2])
+        store.export().write(self.folder)
+        self.assertOk(run(self.folder, "--head", self.folder / "kept.txt"))
+        changed = store.export()
+        changed.lines[4]["login"] += "x"
+        changed.write(self.folder)
+        self.assertOk(run(self.folder))
+        self.assertFails(run(self.folder, "--head", self.folder / "kept.txt"), "kept.txt: the log does not contain this head")
+
     def testSaysWhichHeadsCannotBeCompared(self):
         """A head of an epoch that the log does not name, of a size that a pruned export has no proof for, or of no known key."""
         store = forge.Store("4F1C", [KEY])
