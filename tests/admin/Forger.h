@@ -9,7 +9,7 @@
 #include <QTest>
 #include <QUrl>
 
-/// An attacker with the full power of the owner of a store: changes whatever he likes past all rules, and
+/// An attacker with the full power of the owner of a store: changes any row past all rules, and
 /// makes everything in the store agree with it. He has no key.
 class Forger
 {
