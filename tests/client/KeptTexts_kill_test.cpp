@@ -45,7 +45,7 @@ int type(const QString& folder)
     QTimer keys;
     QObject::connect(&keys, &QTimer::timeout, [&] {
         line.setText(typed(line.text().size() + 1));
-        std::printf("%d %lld\n", line.text().size(), static_cast<long long>(time.elapsed()));
+        std::printf("%d %lld\n", int(line.text().size()), static_cast<long long>(time.elapsed()));
         std::fflush(stdout);
     });
     keys.start(4);

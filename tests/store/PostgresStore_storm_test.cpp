@@ -270,7 +270,7 @@ class PostgresStore_storm_test : public QObject
             std::sort(state.begin(), state.end());
             QCOMPARE(state, rows);
         }
-        qInfo("%d writes, %d changes", acknowledged, log.size());
+        qInfo("%d writes, %d changes", acknowledged, int(log.size()));
         StoreError error;
         QVector<StoreAdmin::Finding> findings;
         QVERIFY(StoreAdmin::check(m_cluster->url(m_database), &findings, &error));

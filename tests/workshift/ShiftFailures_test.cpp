@@ -163,6 +163,7 @@ private:
     void openAgain()
     {
         m_window->deliver();
+        QVERIFY(m_window->child<QAction>("openWorkshiftAction")->isEnabled());
         m_window->trigger("openWorkshiftAction");
         QVERIFY(m_window->opening()->isVisible());
         QVERIFY(JournalWindow::filled(m_window->opening()).contains(text()));
@@ -229,6 +230,10 @@ private slots:
         QCOMPARE(m_window->client().takeFailures(), QStringList{refusal()});
         QCOMPARE(newShifts(), 0);
         QCOMPARE(newCrew(), 0);
+        m_window->deliver();
+        QVERIFY(m_window->home().isOpenWorkshift()); // until another period is shown
+        m_window->home().uploadRecordsIn(start(), start().addDays(1));
+        m_window->trigger("currentWorkshiftAction");
         openAgain();
     }
 

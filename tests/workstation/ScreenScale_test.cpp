@@ -1,8 +1,37 @@
 #include "ExpectedWarning.h"
 #include "ScreenScale.h"
 
+#include <QGuiApplication>
 #include <QProcessEnvironment>
 #include <QTest>
+
+namespace
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+void enlarge()
+{
+    // The test's program has an application already.
+    expectWarning(QStringLiteral("HighDpiScaling must be set before"), 3);
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+}
+bool isEnlarged()
+{
+    return QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling) ||
+           !QCoreApplication::testAttribute(Qt::AA_DisableHighDpiScaling);
+}
+#else
+using Rounding = Qt::HighDpiScaleFactorRoundingPolicy;
+
+void enlarge()
+{
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Rounding::PassThrough);
+}
+bool isEnlarged()
+{
+    return QGuiApplication::highDpiScaleFactorRoundingPolicy() != Rounding::Floor;
+}
+#endif
+} // namespace
 
 class ScreenScale_test : public QObject
 {
@@ -40,15 +69,13 @@ private slots:
 
     void theScreensOfTheProgramAreAsked()
     {
-        expectWarning(QStringLiteral("HighDpiScaling must be set before"), 3);
         QByteArray name = "test";
         char* arguments[] = {name.data(), nullptr};
         qunsetenv("QT_SCREEN_SCALE_FACTORS");
-        QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+        enlarge();
         ScreenScale::roundToQuarters(1, arguments); // the screen of the offscreen platform has 96
         QVERIFY(!qEnvironmentVariableIsSet("QT_SCREEN_SCALE_FACTORS"));
-        QVERIFY(!QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling));
-        QVERIFY(QCoreApplication::testAttribute(Qt::AA_DisableHighDpiScaling));
+        QVERIFY(!isEnlarged());
 
         qputenv("QT_SCREEN_SCALE_FACTORS", "1.3");
         ScreenScale::roundToQuarters(1, arguments);
