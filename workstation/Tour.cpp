@@ -20,28 +20,28 @@ constexpr double usualPoints = 9.6;
 
 Tour::Tour(const QString& folder) : m_book(folder), m_folder(QDir(folder).absolutePath()) {}
 
-bool Tour::fail(const QString& text)
-{
-    if (m_errorText.isEmpty())
-        m_errorText = text;
-    return false;
-}
-
 void Tour::picture(const QString& caption)
 {
     settle();
     m_book.add(caption);
 }
 
-bool Tour::admin(const QStringList& arguments)
+QString Tour::newStore(const QString& name) const
+{
+    const QString file = QStringLiteral("%1/%2.sqlite").arg(m_folder, name);
+    for (const char* suffix : {"", "-wal", "-shm"})
+        QFile::remove(file + QLatin1String(suffix));
+    return QStringLiteral("sqlite://") + file;
+}
+
+void Tour::admin(const QStringList& arguments)
 {
     QProcess process;
     process.start(QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("vrk-admin")),
                   arguments);
-    if (!process.waitForFinished(120000) || process.exitCode() != 0)
-        return fail(QString::fromUtf8(process.readAllStandardError()) + process.errorString());
+    const bool isDone = process.waitForFinished(120000) && process.exitCode() == 0;
+    require(isDone, QString::fromUtf8(process.readAllStandardError()) + process.errorString());
     m_check = QString::fromUtf8(process.readAllStandardOutput()).trimmed();
-    return true;
 }
 
 QString Tour::summary() const
@@ -59,50 +59,48 @@ bool Tour::play()
         font.setPointSizeF(usualPoints);
         QApplication::setFont(font);
     }
-    return playTheme(QStringLiteral("light"), tr("день")) && playTheme(QStringLiteral("dark"), tr("ночь")) &&
-           (m_book.write() || fail(tr("Не удалось записать %1").arg(m_book.page())));
+    try {
+        playTheme(QStringLiteral("light"), tr("день"));
+        playTheme(QStringLiteral("dark"), tr("ночь"));
+        require(m_book.write(), tr("Не удалось записать %1").arg(m_book.page()));
+    } catch (const Fault& fault) {
+        m_errorText = fault.text;
+        return false;
+    }
+    return true;
 }
 
-bool Tour::playTheme(const QString& theme, const QString& title)
+void Tour::playTheme(const QString& theme, const QString& title)
 {
-    const QString file = QStringLiteral("%1/%2.sqlite").arg(m_folder, theme);
-    for (const char* suffix : {"", "-wal", "-shm"})
-        QFile::remove(file + QLatin1String(suffix));
-    m_store = QStringLiteral("sqlite://") + file;
-    if (!admin({QStringLiteral("demo"), m_store, QStringLiteral("--old")}))
-        return false;
+    m_store = newStore(theme);
+    admin({QStringLiteral("demo"), m_store, QStringLiteral("--old")});
 
     Theme::apply(theme);
     m_book.setTheme(theme, title);
-    Options options;
-    options.keepsTexts = false;
-    options.store = m_store;
-    options.user = QStringLiteral("ozerov");
-    options.department = tr("ЦДС");
     {
-        Workstation workstation;
-        if (!workstation.enter(options))
-            return fail(workstation.errorText());
-        CVrkCliMod* window = workstation.startModule(options.module);
-        if (!window)
-            return fail(workstation.errorText());
-        window->resize(1280, 720);
+        Workstation desk;
+        signIn(&desk, m_store, QStringLiteral("ozerov"), tr("ЦДС"));
+        CVrkCliMod* window = started(&desk, QStringLiteral("logbook"), 720);
         settle();
-        if (!playScenes(window) || !playTemplates(window) || !sceneNextUser(&workstation))
-            return false;
-        window = workstation.module(options.module);
-        if (!sceneOpening(window) || !sceneConvertedRecord(window))
-            return false;
+        playScenes(window);
+        playTemplates(window);
+        sceneNextUser(&desk);
+        window = desk.module(QStringLiteral("logbook"));
+        sceneOpening(window);
+        sceneConvertedRecord(window);
     }
-    return sceneOverdue(theme) && admin({QStringLiteral("check"), m_store});
+    sceneOverdue(theme);
+    admin({QStringLiteral("check"), m_store});
 }
 
-bool Tour::playScenes(CVrkCliMod* window)
+void Tour::playScenes(CVrkCliMod* window)
 {
-    return sceneWindow(window) && sceneNewRecord(window) && sceneColleague(window) && sceneApproval(window) &&
-           sceneVisa(window) && sceneDeletion(window) && sceneReading(window) && sceneSearch(window) &&
-           sceneMarks(window) && sceneExecution(window) && sceneOrigin(window) && sceneCopying(window) &&
-           sceneComments(window) && sceneInbox(window) && sceneFiles(window) && sceneInterval(window) &&
-           sceneAddedWorker(window) && sceneReport(window) && sceneArchive(window) && playPast(window) &&
-           sceneStorm(window) && sceneLostStore(window) && sceneLetters(window) && sceneHandover(window);
+    for (const auto scene :
+         {&Tour::sceneWindow,      &Tour::sceneNewRecord, &Tour::sceneColleague, &Tour::sceneApproval,
+          &Tour::sceneVisa,        &Tour::sceneDeletion,  &Tour::sceneReading,   &Tour::sceneSearch,
+          &Tour::sceneMarks,       &Tour::sceneExecution, &Tour::sceneOrigin,    &Tour::sceneCopying,
+          &Tour::sceneComments,    &Tour::sceneInbox,     &Tour::sceneFiles,     &Tour::sceneInterval,
+          &Tour::sceneAddedWorker, &Tour::sceneReport,    &Tour::sceneArchive,   &Tour::playPast,
+          &Tour::sceneStorm,       &Tour::sceneLostStore, &Tour::sceneLetters,   &Tour::sceneHandover})
+        (this->*scene)(window);
 }

@@ -27,53 +27,55 @@ public:
     QString summary() const;
 
 private:
-    bool playTheme(const QString& theme, const QString& title);
-    bool playScenes(CVrkCliMod* window);
-    bool sceneWindow(CVrkCliMod* window);
-    bool sceneNewRecord(CVrkCliMod* window);
-    bool sceneColleague(CVrkCliMod* window);
-    bool sceneApproval(CVrkCliMod* window);
-    bool sceneVisa(CVrkCliMod* window);
-    bool sceneDeletion(CVrkCliMod* window);
-    bool sceneReading(CVrkCliMod* window);
-    bool sceneSearch(CVrkCliMod* window);
-    bool sceneMarks(CVrkCliMod* window);
-    bool sceneExecution(CVrkCliMod* window);
-    bool sceneOrigin(CVrkCliMod* window);
-    bool sceneComments(CVrkCliMod* window);
-    bool sceneFiles(CVrkCliMod* window);
-    bool sceneReport(CVrkCliMod* window);
-    bool sceneArchive(CVrkCliMod* window);
-    bool sceneStorm(CVrkCliMod* window);
-    bool sceneLostStore(CVrkCliMod* window);
-    bool sceneLetters(CVrkCliMod* window);
-    bool sceneHandover(CVrkCliMod* window);
-    bool sceneNextUser(Workstation* workstation);
-    bool sceneOpening(CVrkCliMod* window);
+    // Each of these throws a TourHands::Fault if it cannot be played.
+    void playTheme(const QString& theme, const QString& title);
+    void playScenes(CVrkCliMod* window);
+    void sceneWindow(CVrkCliMod* window);
+    void sceneNewRecord(CVrkCliMod* window);
+    void sceneColleague(CVrkCliMod* window);
+    void sceneApproval(CVrkCliMod* window);
+    void sceneVisa(CVrkCliMod* window);
+    void sceneDeletion(CVrkCliMod* window);
+    void sceneReading(CVrkCliMod* window);
+    void sceneSearch(CVrkCliMod* window);
+    void sceneMarks(CVrkCliMod* window);
+    void sceneExecution(CVrkCliMod* window);
+    void sceneOrigin(CVrkCliMod* window);
+    void sceneComments(CVrkCliMod* window);
+    void sceneFiles(CVrkCliMod* window);
+    void sceneReport(CVrkCliMod* window);
+    void sceneArchive(CVrkCliMod* window);
+    void sceneStorm(CVrkCliMod* window);
+    void sceneLostStore(CVrkCliMod* window);
+    void sceneLetters(CVrkCliMod* window);
+    void sceneHandover(CVrkCliMod* window);
+    void sceneNextUser(Workstation* workstation);
+    void sceneOpening(CVrkCliMod* window);
 
     // Tour_records.cpp: copies, reading comments, intervals, the crew, and a shift that was forgotten
-    bool sceneCopying(CVrkCliMod* window);
-    bool sceneInbox(CVrkCliMod* window);
-    bool sceneInterval(CVrkCliMod* window);
-    bool sceneAddedWorker(CVrkCliMod* window);
-    bool sceneOverdue(const QString& theme);
+    void sceneCopying(CVrkCliMod* window);
+    void sceneInbox(CVrkCliMod* window);
+    void sceneInterval(CVrkCliMod* window);
+    void sceneAddedWorker(CVrkCliMod* window);
+    void sceneOverdue(const QString& theme);
 
     // Tour_past.cpp: what happened before the open shift
-    bool playPast(CVrkCliMod* journal);
-    bool sceneUnfinished(CVrkCliMod* journal);
-    bool sceneAllShifts(CVrkCliMod* journal);
+    void playPast(CVrkCliMod* journal);
+    void sceneUnfinished(CVrkCliMod* journal);
+    void sceneAllShifts(CVrkCliMod* journal);
 
     // Tour_templates.cpp: an administrator at the same desk, and the effect of his work in the journal
-    bool playTemplates(CVrkCliMod* journal);
-    bool sceneOwnTemplate(CVrkCliMod* window);
-    bool sceneConverter(CVrkCliMod* window);
-    bool sceneConverted(CVrkCliMod* window);
-    bool chooseOwnTemplate(QWidget* dialog);
-    bool sceneConvertedRecord(CVrkCliMod* journal);
+    void playTemplates(CVrkCliMod* journal);
+    void sceneOwnTemplate(CVrkCliMod* window);
+    void sceneConverter(CVrkCliMod* window);
+    void sceneConverted(CVrkCliMod* window);
+    void chooseOwnTemplate(QWidget* dialog);
+    void sceneConvertedRecord(CVrkCliMod* journal);
 
-    /// Runs vrk-admin; false with its error output as errorText().
-    bool admin(const QStringList& arguments);
-    bool fail(const QString& text);
+    /// The URL of a store of this name that does not exist yet.
+    QString newStore(const QString& name) const;
+    /// Runs vrk-admin; throws its error output.
+    void admin(const QStringList& arguments);
     void picture(const QString& caption);
 
     TourBook m_book;

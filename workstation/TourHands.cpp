@@ -1,5 +1,9 @@
 #include "TourHands.h"
 
+#include "CVrkCliMod.h"
+#include "Workstation.h"
+
+#include <algorithm>
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -15,7 +19,37 @@ namespace
 constexpr int patienceMs = 10000;
 constexpr int breathMs = 20;
 constexpr int animationMs = 400; ///< longer than Qt's own
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Tour", text);
+}
 } // namespace
+
+void TourHands::require(bool condition, const QString& fault)
+{
+    if (!condition)
+        throw Fault{fault};
+}
+
+void TourHands::signIn(Workstation* desk, const QString& store, const QString& login,
+                       const QString& department)
+{
+    Options options;
+    options.keepsTexts = false;
+    options.store = store;
+    options.user = login;
+    options.department = department;
+    require(desk->enter(options), desk->errorText());
+}
+
+CVrkCliMod* TourHands::started(Workstation* desk, const QString& module, int height)
+{
+    CVrkCliMod* window = desk->startModule(module);
+    require(window, desk->errorText());
+    window->resize(1280, height);
+    return window;
+}
 
 bool TourHands::wait(const std::function<bool()>& condition)
 {
@@ -62,7 +96,14 @@ void TourHands::type(QWidget* window, const QString& text)
     settle();
 }
 
-QWidget* TourHands::visibleDialog(const char* className)
+void TourHands::typeInto(QWidget* field, const QString& text)
+{
+    field->setFocus();
+    QMetaObject::invokeMethod(field, "selectAll");
+    type(field->window(), text);
+}
+
+QWidget* TourHands::findDialog(const char* className)
 {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         if (widget->isVisible() && widget->inherits(className))
@@ -71,17 +112,36 @@ QWidget* TourHands::visibleDialog(const char* className)
     return nullptr;
 }
 
+QWidget* TourHands::visibleDialog(const char* className)
+{
+    QWidget* dialog = findDialog(className);
+    require(dialog, tr("Окно %1 не открылось.").arg(QLatin1String(className)));
+    return dialog;
+}
+
 QWidget* TourHands::home(QWidget* window)
 {
-    return window->findChild<QWidget*>(QStringLiteral("homeLogbook"));
+    return child<QWidget>(window, "homeLogbook");
 }
 
 QAbstractItemView* TourHands::records(QWidget* window)
 {
-    return home(window)->findChild<QAbstractItemView*>(QStringLiteral("recordsTable"));
+    return child<QAbstractItemView>(home(window), "recordsTable");
 }
 
-bool TourHands::selectRecord(QWidget* window, const QString& words, const std::function<bool()>& fits)
+int TourHands::countOfRecords(QWidget* window)
+{
+    return records(window)->model()->rowCount();
+}
+
+void TourHands::addRecord(QWidget* window, const std::function<void()>& act, const QString& fault)
+{
+    const int before = countOfRecords(window);
+    act();
+    require(wait([&] { return countOfRecords(window) > before; }), fault);
+}
+
+bool TourHands::findRecord(QWidget* window, const QString& words, const std::function<bool()>& fits)
 {
     QAbstractItemView* view = records(window);
     const QAbstractItemModel* model = view->model();
@@ -115,7 +175,7 @@ void TourHands::showMidnight(QWidget* window)
     }
 }
 
-bool TourHands::answer(QWidget* box, const QString& text)
+bool TourHands::isAnswered(QWidget* box, const QString& text)
 {
     for (QAbstractButton* button : box->findChildren<QAbstractButton*>()) {
         QString shown = button->text();
@@ -128,35 +188,44 @@ bool TourHands::answer(QWidget* box, const QString& text)
     return false;
 }
 
-bool TourHands::click(const QWidget* window, const char* name)
+void TourHands::answer(QWidget* box, const QString& text)
 {
-    auto* button = window->findChild<QAbstractButton*>(QLatin1String(name));
-    if (!button || !button->isEnabled())
-        return false;
+    require(isAnswered(box, text), tr("В окне нет ответа «%1».").arg(text));
+}
+
+void TourHands::click(const QWidget* window, const char* name)
+{
+    auto* button = child<QAbstractButton>(window, name);
+    require(button->isEnabled(), tr("Кнопка %1 недоступна.").arg(QLatin1String(name)));
     button->click();
     settle();
-    return true;
 }
 
 QWidget* TourHands::openedBy(const QWidget* window, const char* button, const char* className)
 {
-    return click(window, button) ? visibleDialog(className) : nullptr;
+    click(window, button);
+    return visibleDialog(className);
 }
 
-bool TourHands::trigger(QWidget* window, const char* action)
+void TourHands::trigger(QWidget* window, const char* action)
 {
-    auto* entry = window->findChild<QAction*>(QLatin1String(action));
-    if (!entry || !entry->isEnabled() || !entry->isVisible())
-        return false;
+    auto* entry = child<QAction>(window, action);
+    require(entry->isEnabled() && entry->isVisible(),
+            tr("Действие %1 недоступно.").arg(QLatin1String(action)));
     entry->trigger();
     settle();
-    return true;
+}
+
+QWidget* TourHands::triggered(QWidget* window, const char* action, const char* className)
+{
+    trigger(window, action);
+    return visibleDialog(className);
 }
 
 void TourHands::whenShown(const char* className, const std::function<void(QWidget*)>& act)
 {
     QTimer::singleShot(breathMs, qApp, [className, act] {
-        if (QWidget* window = visibleDialog(className))
+        if (QWidget* window = findDialog(className))
             act(window);
         else
             whenShown(className, act);
@@ -169,7 +238,7 @@ void TourHands::fill(QWidget* dialog, const QStringList& values)
         const QWidget* field = dialog->focusWidget();
         if (!value.isEmpty()) {
             type(dialog, value);
-            if (visibleDialog("SuggestionPopup"))
+            if (findDialog("SuggestionPopup"))
                 press(dialog, Qt::Key_Return);
         }
         if (dialog->focusWidget() == field) // accepting a suggestion moves on by itself
@@ -178,28 +247,34 @@ void TourHands::fill(QWidget* dialog, const QStringList& values)
     }
 }
 
-bool TourHands::chooseWorker(const QString& name)
+void TourHands::chooseWorker(const QString& name)
 {
     QWidget* structure = visibleDialog("OrgStructDialog");
-    if (!structure)
-        return false;
     type(structure, name);
     press(structure, Qt::Key_Return);
     settle();
-    return !structure->isVisible();
+    require(!structure->isVisible(), tr("Работника выбрать нельзя: %1.").arg(name));
 }
 
-QAction* TourHands::recordEntry(QWidget* window, const QString& text)
+QMenu* TourHands::recordMenu(QWidget* window)
 {
     const QPoint place = records(window)->visualRect(records(window)->currentIndex()).center();
     QMetaObject::invokeMethod(records(window), "customContextMenuRequested", Q_ARG(QPoint, place));
+    settle();
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (!menu)
-        return nullptr;
-    QAction* found = nullptr;
-    for (QAction* action : menu->actions())
-        if (action->text() == text && action->isEnabled())
-            found = action;
+    require(menu, tr("Меню записи не открылось."));
+    return menu;
+}
+
+void TourHands::triggerEntry(QWidget* window, const QString& text)
+{
+    QMenu* menu = recordMenu(window);
     menu->close();
-    return found;
+    const QList<QAction*> entries = menu->actions();
+    const auto found = std::find_if(entries.begin(), entries.end(), [&](const QAction* entry) {
+        return entry->text() == text && entry->isEnabled();
+    });
+    require(found != entries.end(), tr("В меню записи недоступно «%1».").arg(text));
+    (*found)->trigger();
+    settle();
 }
