@@ -2,6 +2,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QVector>
 
 bool Options::parse(const QStringList& arguments, QString* message, int* exitCode)
 {
@@ -11,32 +12,26 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, tr("Показать эту справку."));
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
                                      tr("Показать версию."));
-    const QCommandLineOption storeOption(
-        QStringLiteral("store"),
-        tr("Хранилище: sqlite:///путь или postgresql://имя@сервер/база. Без него берётся "
-           "переменная окружения VRK_STORE, а без неё программа спросит."),
-        QStringLiteral("URL"));
-    const QCommandLineOption userOption(
-        QStringLiteral("user"), tr("Имя для входа. Без него программа спросит. Пароль она спрашивает сама."),
-        QStringLiteral("LOGIN"));
-    const QCommandLineOption departmentOption(QStringLiteral("department"),
-                                              tr("Подразделение, если их у пользователя несколько."),
-                                              QStringLiteral("NAME"));
-    const QCommandLineOption moduleOption(QStringLiteral("module"),
-                                          tr("Модуль: logbook, template, converter, unfinished, archive."),
-                                          QStringLiteral("NAME"), module);
-    const QCommandLineOption pluginOption(
-        QStringLiteral("plugin"), tr("Библиотека модулей вместо установленных."), QStringLiteral("FILE"));
-    const QCommandLineOption modulesOption(
-        QStringLiteral("modules"), tr("Назвать установленные модули и проверить, что они загружаются."));
-    const QCommandLineOption tourOption(QStringLiteral("tour"),
-                                        tr("Показать журнал на примере и сохранить картинки в папку."),
-                                        QStringLiteral("DIR"));
-    const QCommandLineOption themeOption(QStringLiteral("theme"),
-                                         tr("Цвета: light, dark или system (как на рабочем столе)."),
-                                         QStringLiteral("NAME"));
-    parser.addOptions({themeOption, help, version, storeOption, userOption, departmentOption, moduleOption,
-                       pluginOption, modulesOption, tourOption});
+    const QCommandLineOption modules(QStringLiteral("modules"),
+                                     tr("Назвать установленные модули и проверить, что они загружаются."));
+    QVector<std::pair<QString, QString*>> values;
+    const auto add = [&](const char* name, const char* text, const char* valueName, QString* value) {
+        parser.addOption({QLatin1String(name), tr(text), QLatin1String(valueName), *value});
+        values.append({QLatin1String(name), value});
+    };
+    add("theme", "Цвета: light, dark или system (как на рабочем столе).", "NAME", &theme);
+    parser.addOptions({help, version});
+    store = qEnvironmentVariable("VRK_STORE");
+    add("store",
+        "Хранилище: sqlite:///путь или postgresql://имя@сервер/база. Без него берётся "
+        "переменная окружения VRK_STORE, а без неё программа спросит.",
+        "URL", &store);
+    add("user", "Имя для входа. Без него программа спросит. Пароль она спрашивает сама.", "LOGIN", &user);
+    add("department", "Подразделение, если их у пользователя несколько.", "NAME", &department);
+    add("module", "Модуль: logbook, template, converter, unfinished, archive.", "NAME", &module);
+    add("plugin", "Библиотека модулей вместо установленных.", "FILE", &plugin);
+    parser.addOption(modules);
+    add("tour", "Показать журнал на примере и сохранить картинки в папку.", "DIR", &tour);
 
     *exitCode = 0;
     if (!parser.parse(arguments)) {
@@ -57,13 +52,8 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
         *exitCode = 2;
         return false;
     }
-    store = parser.isSet(storeOption) ? parser.value(storeOption) : qEnvironmentVariable("VRK_STORE");
-    user = parser.value(userOption);
-    department = parser.value(departmentOption);
-    module = parser.value(moduleOption);
-    plugin = parser.value(pluginOption);
-    tour = parser.value(tourOption);
-    theme = parser.value(themeOption);
-    listModules = parser.isSet(modulesOption);
+    for (const auto& [name, value] : qAsConst(values))
+        *value = parser.value(name);
+    listModules = parser.isSet(modules);
     return true;
 }

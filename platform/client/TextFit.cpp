@@ -8,88 +8,72 @@
 
 namespace
 {
+struct Replacement {
+    const char16_t* from; ///< each of these characters
+    const char16_t* to;
+};
 /// Replacements that decomposition does not give.
+const Replacement replacements[] = {
+    // dashes and hyphens
+    {u"\u2010\u2011\u2012\u2043\u2212", u"-"},
+    {u"\u2015", u"\u2014"},
+    // quotes and strokes
+    {u"\u201B", u"\u2018"},
+    {u"\u201F", u"\u201C"},
+    {u"\u2032\u02B9", u"'"},
+    {u"\u2033\u02BA", u"\""},
+    {u"\u02BC", u"\u2019"},
+    {u"\u2044\u2215", u"/"},
+    {u"\u2217", u"*"},
+    {u"\u2219\u22C5", u"\u00B7"},
+    {u"\u25CF\u25E6", u"\u2022"},
+    // arrows
+    {u"\u2190\u27F5", u"<-"},
+    {u"\u2191", u"^"},
+    {u"\u2192\u27F6\u2794", u"->"},
+    {u"\u2194", u"<->"},
+    {u"\u21D0", u"<="},
+    {u"\u21D2", u"=>"},
+    {u"\u21D4", u"<=>"},
+    // signs
+    {u"\u00D7", u"x"},
+    {u"\u00F7", u":"},
+    {u"\u2248", u"~"},
+    {u"\u2260", u"<>"},
+    {u"\u2264", u"<="},
+    {u"\u2265", u">="},
+    {u"\u2205\u2300", u"\u0424"},
+    {u"\u2713\u2714", u"v"},
+    // Greek letters of electrical engineering
+    {u"\u0394", u"\u0434\u0435\u043B\u044C\u0442\u0430 "},
+    {u"\u03A3\u2211", u"\u0441\u0443\u043C\u043C\u0430 "},
+    {u"\u03A9", u"\u041E\u043C"},
+    {u"\u03BC", u"\u00B5"},
+    {u"\u03C6\u03D5", u"\u0444\u0438"},
+    // Latin letters that do not decompose
+    {u"\u00C6", u"AE"},
+    {u"\u00E6", u"ae"},
+    {u"\u00D0\u0110", u"D"},
+    {u"\u00F0\u0111", u"d"},
+    {u"\u00D8", u"O"},
+    {u"\u00F8", u"o"},
+    {u"\u00DE", u"Th"},
+    {u"\u00FE", u"th"},
+    {u"\u00DF", u"ss"},
+    {u"\u0131", u"i"},
+    {u"\u0141", u"L"},
+    {u"\u0142", u"l"},
+    {u"\u0152", u"OE"},
+    {u"\u0153", u"oe"},
+};
+
 const QHash<QChar, QString>& closestTable()
 {
-    struct Row {
-        char16_t from;
-        const char16_t* to;
-    };
-    static const Row rows[] = {
-        // dashes and hyphens
-        {0x2010, u"-"},
-        {0x2011, u"-"},
-        {0x2012, u"-"},
-        {0x2015, u"\u2014"},
-        {0x2043, u"-"},
-        {0x2212, u"-"},
-        // quotes and strokes
-        {0x201B, u"\u2018"},
-        {0x201F, u"\u201C"},
-        {0x2032, u"'"},
-        {0x2033, u"\""},
-        {0x02B9, u"'"},
-        {0x02BA, u"\""},
-        {0x02BC, u"\u2019"},
-        {0x2044, u"/"},
-        {0x2215, u"/"},
-        {0x2217, u"*"},
-        {0x2219, u"\u00B7"},
-        {0x22C5, u"\u00B7"},
-        {0x25CF, u"\u2022"},
-        {0x25E6, u"\u2022"},
-        // arrows
-        {0x2190, u"<-"},
-        {0x2191, u"^"},
-        {0x2192, u"->"},
-        {0x2194, u"<->"},
-        {0x21D0, u"<="},
-        {0x21D2, u"=>"},
-        {0x21D4, u"<=>"},
-        {0x27F5, u"<-"},
-        {0x27F6, u"->"},
-        {0x2794, u"->"},
-        // signs
-        {0x00D7, u"x"},
-        {0x00F7, u":"},
-        {0x2248, u"~"},
-        {0x2260, u"<>"},
-        {0x2264, u"<="},
-        {0x2265, u">="},
-        {0x2205, u"\u0424"},
-        {0x2300, u"\u0424"},
-        {0x2713, u"v"},
-        {0x2714, u"v"},
-        // Greek letters of electrical engineering
-        {0x0394, u"\u0434\u0435\u043B\u044C\u0442\u0430 "},
-        {0x03A3, u"\u0441\u0443\u043C\u043C\u0430 "},
-        {0x2211, u"\u0441\u0443\u043C\u043C\u0430 "},
-        {0x03A9, u"\u041E\u043C"},
-        {0x03BC, u"\u00B5"},
-        {0x03C6, u"\u0444\u0438"},
-        {0x03D5, u"\u0444\u0438"},
-        // Latin letters that do not decompose
-        {0x00C6, u"AE"},
-        {0x00D0, u"D"},
-        {0x00D8, u"O"},
-        {0x00DE, u"Th"},
-        {0x00DF, u"ss"},
-        {0x00E6, u"ae"},
-        {0x00F0, u"d"},
-        {0x00F8, u"o"},
-        {0x00FE, u"th"},
-        {0x0110, u"D"},
-        {0x0111, u"d"},
-        {0x0131, u"i"},
-        {0x0141, u"L"},
-        {0x0142, u"l"},
-        {0x0152, u"OE"},
-        {0x0153, u"oe"},
-    };
     static const QHash<QChar, QString> table = [] {
         QHash<QChar, QString> closest;
-        for (const Row& row : rows)
-            closest.insert(QChar(row.from), QString::fromUtf16(row.to));
+        for (const Replacement& one : replacements)
+            for (const QChar from : QString::fromUtf16(one.from))
+                closest.insert(from, QString::fromUtf16(one.to));
         return closest;
     }();
     return table;

@@ -3,6 +3,7 @@
 #include "MDRValues.h"
 
 #include <QDebug>
+#include <QHash>
 #include <QLocale>
 #include <QTextCodec>
 
@@ -15,24 +16,13 @@ void printLine(const QString& line)
 
 QString typeName(int type)
 {
-    switch (type) {
-    case mdr_TBool:
-        return QStringLiteral("mdr_TBool");
-    case mdr_TByte:
-        return QStringLiteral("mdr_TByte");
-    case mdr_TInt32:
-        return QStringLiteral("mdr_TInt32");
-    case mdr_TDouble:
-        return QStringLiteral("mdr_TDouble");
-    case mdr_TChar:
-        return QStringLiteral("mdr_TChar");
-    case mdr_TMemo:
-        return QStringLiteral("mdr_TMemo");
-    case mdr_TBlob:
-        return QStringLiteral("mdr_TBlob");
-    default:
-        return QStringLiteral("UNKNOWN_TYPE");
-    }
+    static const QHash<int, QString> names{
+        {mdr_TBool, QStringLiteral("mdr_TBool")},   {mdr_TByte, QStringLiteral("mdr_TByte")},
+        {mdr_TInt32, QStringLiteral("mdr_TInt32")}, {mdr_TDouble, QStringLiteral("mdr_TDouble")},
+        {mdr_TChar, QStringLiteral("mdr_TChar")},   {mdr_TMemo, QStringLiteral("mdr_TMemo")},
+        {mdr_TBlob, QStringLiteral("mdr_TBlob")},
+    };
+    return names.value(type, QStringLiteral("UNKNOWN_TYPE"));
 }
 
 QString shown(const MDRVar& value, const QTextCodec* codec)
