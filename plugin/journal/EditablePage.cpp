@@ -17,6 +17,12 @@ void addStatus(CRowBatch& batch, const MDRData* record, RecordStatus status)
     batch.RecPost(row);
 }
 
+/// A log line: "%1" is the table of records, "%2" a record.
+QString inRecords(const char* line, const QByteArray& key = QByteArray())
+{
+    return LogText::fill(QLatin1String(line), {QLatin1String(LogbookTable::Records), QString::fromUtf8(key)});
+}
+
 void addDeletion(CRowBatch& batch, const MDRData* record)
 {
     batch.RecPost(batch.newRow(ROW_DELETE, Row(record).key()));
@@ -26,6 +32,15 @@ void addDeletion(CRowBatch& batch, const MDRData* record)
 bool EditablePage::send(CRowBatch& batch)
 {
     return m_module->session()->SqlUpdate(LogbookTable::Records, batch.array, true, nullptr);
+}
+
+void EditablePage::write(CRowBatch& batch, const char* function, const QString& logLine,
+                         const QString& message)
+{
+    if (batch.RecCount() == 0 || send(batch))
+        return;
+    LogText::warn(QStringLiteral("void LogBookWidget::") + QLatin1String(function), logLine);
+    m_messages->error(tr("Ошибка"), message);
 }
 
 bool EditablePage::deleteRecord(MDRData* record)
@@ -76,24 +91,21 @@ void EditablePage::deleteRecordAnswer(QAbstractButton* button)
 
 void EditablePage::deleteMyDraftsRequest()
 {
-    deleteDrafts(true, "void LogBookWidget::deleteMyDraftsRequest()");
+    deleteDrafts(true, "deleteMyDraftsRequest()");
 }
 
 void EditablePage::deleteAllDraftsRequest()
 {
-    deleteDrafts(false, "void LogBookWidget::deleteAllDraftsRequest()");
+    deleteDrafts(false, "deleteAllDraftsRequest()");
 }
 
-void EditablePage::deleteDrafts(bool onlyMine, const char* signature)
+void EditablePage::deleteDrafts(bool onlyMine, const char* function)
 {
     CRowBatch batch(m_shown.records.data);
     for (const MDRData* record : drafts(onlyMine))
         addDeletion(batch, record);
-    if (batch.RecCount() == 0 || send(batch))
-        return;
-    LogText::warn(QLatin1String(signature), QStringLiteral("error delete my records! Data: Table(%1) ")
-                                                .arg(QLatin1String(LogbookTable::Records)));
-    m_messages->error(tr("Ошибка"), tr("Не удалось удалить черновые записи!"));
+    write(batch, function, inRecords("error delete my records! Data: Table(%1) "),
+          tr("Не удалось удалить черновые записи!"));
 }
 
 QVector<MDRData*> EditablePage::drafts(bool onlyMine) const
@@ -138,35 +150,28 @@ void EditablePage::approveRecord()
         return;
     CRowBatch batch(m_shown.records.data);
     addStatus(batch, record, StatusApproved);
-    if (send(batch))
-        return;
-    LogText::warn(
-        QStringLiteral("void LogBookWidget::approveRecord()"),
-        LogText::fill(QStringLiteral("error approve record! Data: Table(%1), KeyLink(%2)"),
-                      {QLatin1String(LogbookTable::Records), QString::fromUtf8(Row(record).key())}));
-    m_messages->error(tr("Ошибка"), tr("Не удалось утвердить запись!"));
+    write(batch, "approveRecord()",
+          inRecords("error approve record! Data: Table(%1), KeyLink(%2)", Row(record).key()),
+          tr("Не удалось утвердить запись!"));
 }
 
 void EditablePage::approveMyRecordsRequest()
 {
-    approveDrafts(true, "void LogBookWidget::approveMyRecordsRequest()");
+    approveDrafts(true, "approveMyRecordsRequest()");
 }
 
 void EditablePage::approveAllRecordsRequest()
 {
-    approveDrafts(false, "void LogBookWidget::approveAllRecordsRequest()");
+    approveDrafts(false, "approveAllRecordsRequest()");
 }
 
-void EditablePage::approveDrafts(bool onlyMine, const char* signature)
+void EditablePage::approveDrafts(bool onlyMine, const char* function)
 {
     CRowBatch batch(m_shown.records.data);
     for (const MDRData* record : drafts(onlyMine))
         addStatus(batch, record, StatusApproved);
-    if (batch.RecCount() == 0 || send(batch))
-        return;
-    LogText::warn(QLatin1String(signature), QStringLiteral("error approve users records! Data: Table(%1) ")
-                                                .arg(QLatin1String(LogbookTable::Records)));
-    m_messages->error(tr("Ошибка"), tr("Не удалось утвердить записи!"));
+    write(batch, function, inRecords("error approve users records! Data: Table(%1) "),
+          tr("Не удалось утвердить записи!"));
 }
 
 void EditablePage::addVisa(CRowBatch& batch, const MDRData* record) const
@@ -184,13 +189,9 @@ void EditablePage::signRecordRequest()
         return;
     CRowBatch batch(LogbookRecordFields);
     addVisa(batch, record);
-    if (send(batch))
-        return;
-    LogText::warn(
-        QStringLiteral("void LogBookWidget::signRecordRequest()"),
-        LogText::fill(QStringLiteral("error sign record! Data: Table(%1), KeyLink(%2)"),
-                      {QLatin1String(LogbookTable::Records), QString::fromUtf8(Row(record).key())}));
-    m_messages->error(tr("Ошибка"), tr("Не удалось поставить визу на запись!"));
+    write(batch, "signRecordRequest()",
+          inRecords("error sign record! Data: Table(%1), KeyLink(%2)", Row(record).key()),
+          tr("Не удалось поставить визу на запись!"));
 }
 
 void EditablePage::signAllRecordsRequest()
@@ -201,10 +202,6 @@ void EditablePage::signAllRecordsRequest()
         if (isRecordSignable(record))
             addVisa(batch, record);
     }
-    if (batch.RecCount() == 0 || send(batch))
-        return;
-    LogText::warn(
-        QStringLiteral("void LogBookWidget::signAllRecordsRequest()"),
-        QStringLiteral("error sign record! Data: Table(%1)").arg(QLatin1String(LogbookTable::Records)));
-    m_messages->error(tr("Ошибка"), tr("Не удалось поставить визу на записи!"));
+    write(batch, "signAllRecordsRequest()", inRecords("error sign record! Data: Table(%1)"),
+          tr("Не удалось поставить визу на записи!"));
 }

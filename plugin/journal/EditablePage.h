@@ -53,11 +53,13 @@ private:
     void forgetRecord(MDRData* record) override { m_shown.census.remove(record); }
 
     bool send(CRowBatch& batch);
+    /// Sends the batch unless it is empty. A failure is logged under this function of the page, and shown.
+    void write(CRowBatch& batch, const char* function, const QString& logLine, const QString& message);
     bool deleteRecord(MDRData* record);
     bool setRecordDeleted(MDRData* record);
     QVector<MDRData*> drafts(bool onlyMine) const;
-    void deleteDrafts(bool onlyMine, const char* signature);
-    void approveDrafts(bool onlyMine, const char* signature);
+    void deleteDrafts(bool onlyMine, const char* function);
+    void approveDrafts(bool onlyMine, const char* function);
     void addVisa(CRowBatch& batch, const MDRData* record) const;
 
     using Marks = std::initializer_list<std::pair<const char*, MDRVar>>;
@@ -65,8 +67,8 @@ private:
     /// record, the rest from "%3" on.
     void markRecord(const QByteArray& key, const Marks& marks, const char* function, const QString& logLine,
                     const QStringList& rest, const QString& message);
-    void sendMark(CRowBatch& batch, const QByteArray& key, const char* function, const QString& logLine,
-                  const QStringList& rest, const QString& message);
+    void writeMark(CRowBatch& batch, const QByteArray& key, const char* function, const QString& logLine,
+                   const QStringList& rest, const QString& message);
     void addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time);
     static void copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record);
     void pasteRecord(const MDRData* source);

@@ -4,7 +4,6 @@
 #include "GenGuid32.h"
 #include "LogbookFields.h"
 #include "LogText.h"
-#include "PageMessages.h"
 #include "RecordValue.h"
 
 /// The second marker and the execution time. They are written to the record that is current when the answer
@@ -18,16 +17,11 @@ QString logTime(double time)
 }
 } // namespace
 
-void EditablePage::sendMark(CRowBatch& batch, const QByteArray& key, const char* function,
-                            const QString& logLine, const QStringList& rest, const QString& message)
+void EditablePage::writeMark(CRowBatch& batch, const QByteArray& key, const char* function,
+                             const QString& logLine, const QStringList& rest, const QString& message)
 {
-    if (send(batch))
-        return;
-    LogText::warn(
-        QStringLiteral("void LogBookWidget::") + QLatin1String(function),
-        LogText::fill(logLine,
-                      QStringList{QLatin1String(LogbookTable::Records), QString::fromLatin1(key)} + rest));
-    m_messages->error(tr("Ошибка"), message);
+    const QStringList values{QLatin1String(LogbookTable::Records), QString::fromLatin1(key)};
+    write(batch, function, LogText::fill(logLine, values + rest), message);
 }
 
 void EditablePage::markRecord(const QByteArray& key, const Marks& marks, const char* function,
@@ -38,7 +32,7 @@ void EditablePage::markRecord(const QByteArray& key, const Marks& marks, const c
     for (const auto& [field, value] : marks)
         batch.SetValF(row, field, value);
     batch.RecPost(row);
-    sendMark(batch, key, function, logLine, rest, message);
+    writeMark(batch, key, function, logLine, rest, message);
 }
 
 void EditablePage::setSecondMarkRequest(const QDateTime& dt)
@@ -97,7 +91,7 @@ void EditablePage::setTimeExecRequest(const QDateTime& dt)
     }
     CRowBatch batch(LogbookRecordFields);
     addSuccessor(batch, record, key, time);
-    sendMark(batch, key, function, logLine, rest, message);
+    writeMark(batch, key, function, logLine, rest, message);
 }
 
 /// The old record is marked deleted; a copy with the execution time replaces it and refers to it.
