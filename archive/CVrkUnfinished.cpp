@@ -214,11 +214,6 @@ void CVrkUnfinished::reload()
     showCounts();
 }
 
-int CVrkUnfinished::MessageOn()
-{
-    return MessageGet();
-}
-
 int CVrkUnfinished::MessageData(HFNCliParam* block)
 {
     TEventNciParse event(block);
@@ -230,11 +225,6 @@ int CVrkUnfinished::MessageData(HFNCliParam* block)
         shiftEvent(event);
     MDRTypFree(&event.recordType);
     return 1;
-}
-
-void CVrkUnfinished::ModSesReconnect()
-{
-    reload();
 }
 
 void CVrkUnfinished::recordEvent(const TEventNciParse& event)

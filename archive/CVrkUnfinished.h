@@ -28,10 +28,9 @@ public:
 
     /// On failure the window shows the reason in place of the list.
     bool ModuleStart() override;
-    int MessageOn() override;
     int MessageData(HFNCliParam* block) override;
     /// Reads everything again.
-    void ModSesReconnect() override;
+    void ModSesReconnect() override { reload(); }
 
     static constexpr int usualDays = 30;
 

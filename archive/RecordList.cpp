@@ -292,16 +292,6 @@ MDRData* RecordList::recordOf(const QByteArray& key) const
     return recordByKeyLink(m_records, key.constData());
 }
 
-bool RecordList::contains(const QByteArray& recordKey) const
-{
-    return recordOf(recordKey) != nullptr;
-}
-
-int RecordList::count() const
-{
-    return m_records.RecCount();
-}
-
 void RecordList::setEmptyText(const QString& text)
 {
     m_empty->setText(text);

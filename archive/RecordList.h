@@ -60,8 +60,8 @@ public:
     }
     void add(MDRData* record);
     void remove(const QByteArray& recordKey);
-    bool contains(const QByteArray& recordKey) const;
-    int count() const;
+    bool contains(const QByteArray& recordKey) const { return recordOf(recordKey) != nullptr; }
+    int count() const { return m_records.RecCount(); }
 
     /// The text shown while there are no rows.
     void setEmptyText(const QString& text);

@@ -76,11 +76,6 @@ void DemoWriter::update(const char* table, const QByteArray& key, const Fields& 
     row(table, ROW_UPDATE, key, fields);
 }
 
-void DemoWriter::remove(const char* table, const QByteArray& key)
-{
-    row(table, ROW_DELETE, key, {});
-}
-
 bool DemoWriter::write(StoreError* error)
 {
     std::vector<StoreWrite> writes;

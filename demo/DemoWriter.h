@@ -25,7 +25,7 @@ public:
     /// aborts the program: the demo would not match the schema.
     void insert(const char* table, const QByteArray& key, const Fields& fields);
     void update(const char* table, const QByteArray& key, const Fields& fields);
-    void remove(const char* table, const QByteArray& key);
+    void remove(const char* table, const QByteArray& key) { row(table, ROW_DELETE, key, {}); }
 
     /// Later rows are written after all rows so far, independent of their tables.
     void barrier() { m_current.clear(); }

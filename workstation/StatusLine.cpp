@@ -1,10 +1,8 @@
 #include "StatusLine.h"
 
 #include "CVrkCliSes.h"
-#include "ServerClock.h"
 #include "ShownText.h"
 #include "StatusLabel.h"
-#include "StatusMessages.h"
 #include "Theme.h"
 
 #include <QEvent>
@@ -111,21 +109,6 @@ void StatusLine::setTexts(bool isShort)
     m_clock->setShort(isShort);
 }
 
-void StatusLine::addFailure(const QString& text)
-{
-    m_messages->addFailure(text);
-}
-
-void StatusLine::showNotice(const QString& text)
-{
-    m_messages->showNotice(text);
-}
-
-QStringList StatusLine::failures() const
-{
-    return m_messages->failures();
-}
-
 void StatusLine::setModuleMenu(QMenu* menu)
 {
     m_modulesButton->setMenu(menu);
@@ -138,11 +121,6 @@ void StatusLine::setUnreadComments(int count)
     m_unread = count;
     m_unreadButton->setVisible(count > 0);
     fitTexts();
-}
-
-void StatusLine::setOwnClock(std::function<QDateTime()> clock)
-{
-    m_clock->setOwnClock(std::move(clock));
 }
 
 void StatusLine::showConnection(bool connected)

@@ -1,15 +1,14 @@
 #pragma once
 
-#include <functional>
-#include <QDateTime>
+#include "ServerClock.h"
+#include "StatusMessages.h"
+
 #include <QWidget>
 
 class CVrkCliSes;
 class QLabel;
 class QMenu;
 class QToolButton;
-class ServerClock;
-class StatusMessages;
 
 /// The line at the bottom of every window: state of the store, user and department, the server's time, the
 /// menu of modules; and each request that was refused or failed, with time and reason, until the user
@@ -23,17 +22,17 @@ public:
                QWidget* parent = nullptr);
 
     /// Shows a failure until it is acknowledged. A repeated text is counted, not shown again.
-    void addFailure(const QString& text);
+    void addFailure(const QString& text) { m_messages->addFailure(text); }
     /// Shows a notice that disappears by itself; it never covers a failure.
-    void showNotice(const QString& text);
+    void showNotice(const QString& text) { m_messages->showNotice(text); }
     /// Failures not yet acknowledged, oldest first.
-    QStringList failures() const;
+    QStringList failures() const { return m_messages->failures(); }
     /// Sets the menu of the button "Модули"; without a menu there is no button.
     void setModuleMenu(QMenu* menu);
     /// The number of unread comments on the user's records; nothing is shown for 0.
     void setUnreadComments(int count);
     /// The clock of this computer, for tests.
-    void setOwnClock(std::function<QDateTime()> clock);
+    void setOwnClock(std::function<QDateTime()> clock) { m_clock->setOwnClock(std::move(clock)); }
 
 signals:
     /// The user wants to see the unread comments.

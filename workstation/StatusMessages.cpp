@@ -94,11 +94,6 @@ QStringList StatusMessages::failures() const
     return texts;
 }
 
-bool StatusMessages::isEmpty() const
-{
-    return m_failures.isEmpty() && m_notice.isEmpty();
-}
-
 void StatusMessages::showNotice(const QString& text)
 {
     m_notice = text;

@@ -29,7 +29,7 @@ public:
     /// Failures not yet acknowledged, oldest first.
     QStringList failures() const;
     /// Whether no message is shown.
-    bool isEmpty() const;
+    bool isEmpty() const { return m_failures.isEmpty() && m_notice.isEmpty(); }
 
 signals:
     /// Another message is shown, or none.

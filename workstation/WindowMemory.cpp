@@ -85,11 +85,6 @@ WindowMemory::WindowMemory(QMainWindow* window, const QString& user, const QStri
                                   : leastWindow);
 }
 
-QString WindowMemory::key(const QString& name) const
-{
-    return m_group + QLatin1Char('/') + name;
-}
-
 QRect WindowMemory::fitted(const QRect& wanted, const QVector<QRect>& screens)
 {
     if (screens.isEmpty())

@@ -36,7 +36,7 @@ public:
     static QRect fitted(const QRect& wanted, const QVector<QRect>& screens);
 
 private:
-    QString key(const QString& name) const;
+    QString key(const QString& name) const { return m_group + QLatin1Char('/') + name; }
     QVector<QSplitter*> splitters() const;
     QVector<VrkTableTool*> tables() const;
 

@@ -271,11 +271,6 @@ StatusLine* Workstation::statusLine(const CVrkCliMod* module) const
     return module->findChild<StatusLine*>();
 }
 
-bool Workstation::mayClose(CVrkCliMod* module)
-{
-    return mayLeaveEdit(module) && mayLeaveTexts(module);
-}
-
 /// Asks about unsaved texts in the module's windows.
 bool Workstation::mayLeaveTexts(CVrkCliMod* module)
 {

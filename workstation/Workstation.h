@@ -53,7 +53,7 @@ private:
     bool enterStore(const Options& options);
     bool openStore(SignIn* signIn, Options* options);
     bool chooseDepartment(SignIn* signIn, const Options& options, QByteArray* department);
-    bool mayClose(CVrkCliMod* module);
+    bool mayClose(CVrkCliMod* module) { return mayLeaveEdit(module) && mayLeaveTexts(module); }
     bool mayLeaveEdit(CVrkCliMod* module);
     bool mayLeaveTexts(CVrkCliMod* module);
     void moduleClosed(CVrkCliMod* module);

@@ -48,11 +48,6 @@ QWidget* frontWindow()
 }
 } // namespace
 
-void BusyStrip::begin()
-{
-    m_since.start();
-}
-
 void BusyStrip::tick()
 {
     // A program without windows has no place to show it.

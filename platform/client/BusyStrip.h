@@ -13,7 +13,7 @@ public:
 
     ~BusyStrip() { end(); }
 
-    void begin();
+    void begin() { m_since.start(); }
     /// Called repeatedly while the request runs; shows the strip when the time has come, and moves it.
     void tick();
     void end();

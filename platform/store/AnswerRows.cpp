@@ -21,11 +21,6 @@ AnswerRows::~AnswerRows()
         MDADestroy(m_array);
 }
 
-MDArray* AnswerRows::take()
-{
-    return std::exchange(m_array, nullptr);
-}
-
 bool AnswerRows::isTooMuch(StoreError* error)
 {
     return StoreErrors::raise(error, StoreError::TooLarge,

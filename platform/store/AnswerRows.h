@@ -4,6 +4,8 @@
 #include "CodePage.h"
 #include "StoreBlobSource.h"
 
+#include <utility>
+
 /// The answer of a select, to which an engine adds its rows.
 class AnswerRows
 {
@@ -32,7 +34,7 @@ public:
         return true;
     }
     /// The array, which belongs to the caller from now on.
-    MDArray* take();
+    MDArray* take() { return std::exchange(m_array, nullptr); }
 
     /// Whether a whole number fits a field.
     static bool fits(qint64 number)

@@ -84,21 +84,6 @@ int FillerEditors::indexOf(const QWidget* widget) const
     return -1;
 }
 
-ParameterValue FillerEditors::value(int index) const
-{
-    return m_rows.at(index).editor->value();
-}
-
-void FillerEditors::setValue(int index, const ParameterValue& value)
-{
-    m_rows.at(index).editor->setValue(value);
-}
-
-bool FillerEditors::isUnknown(int index) const
-{
-    return m_rows.at(index).editor->isUnknown();
-}
-
 void FillerEditors::setState(int index, ParameterState state)
 {
     QLabel* label = m_rows.at(index).label;
@@ -122,11 +107,6 @@ void FillerEditors::setState(int index, ParameterState state)
         label->setToolTip(tr("Заполнено тем, чего нет в справочнике"));
         break;
     }
-}
-
-void FillerEditors::focusEditor(int index)
-{
-    m_rows.at(index).editor->setFocus(Qt::TabFocusReason);
 }
 
 void FillerEditors::setCurrent(int index)

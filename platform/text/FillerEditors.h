@@ -1,13 +1,12 @@
 #pragma once
 
 #include "FillerText.h"
-#include "ParameterKind.h"
+#include "ParameterEditor.h"
 
 #include <QScrollArea>
 #include <QVector>
 
 class LatelyUsed;
-class ParameterEditor;
 class QLabel;
 class ReferenceData;
 
@@ -26,12 +25,12 @@ public:
     /// The parameter that this widget belongs to; -1 for other widgets.
     int indexOf(const QWidget* widget) const;
 
-    ParameterValue value(int index) const;
-    void setValue(int index, const ParameterValue& value);
-    bool isUnknown(int index) const;
+    ParameterValue value(int index) const { return m_rows.at(index).editor->value(); }
+    void setValue(int index, const ParameterValue& value) { m_rows.at(index).editor->setValue(value); }
+    bool isUnknown(int index) const { return m_rows.at(index).editor->isUnknown(); }
     void setState(int index, ParameterState state);
     /// Moves the focus to an editor.
-    void focusEditor(int index);
+    void focusEditor(int index) { m_rows.at(index).editor->setFocus(Qt::TabFocusReason); }
     /// Highlights the label of the current parameter and scrolls to its editor; -1 for none.
     void setCurrent(int index);
 

@@ -27,16 +27,6 @@ int GrowingTextEdit::heightOf(int lines) const
            2 * frameWidth() + 2;
 }
 
-QSize GrowingTextEdit::sizeHint() const
-{
-    return QSize(fontMetrics().averageCharWidth() * 30, height());
-}
-
-QSize GrowingTextEdit::minimumSizeHint() const
-{
-    return QSize(fontMetrics().averageCharWidth() * 12, heightOf(1));
-}
-
 void GrowingTextEdit::fit()
 {
     const int lines = qRound(document()->size().height()); // the layout of plain text counts lines

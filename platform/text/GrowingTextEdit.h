@@ -13,8 +13,11 @@ public:
 
     void setLines(int atLeast, int atMost);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override { return QSize(fontMetrics().averageCharWidth() * 30, height()); }
+    QSize minimumSizeHint() const override
+    {
+        return QSize(fontMetrics().averageCharWidth() * 12, heightOf(1));
+    }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -54,20 +54,10 @@ void ParameterEditor::addInput(QWidget* input)
         setFocusProxy(input);
 }
 
-void ParameterEditor::complain(const QString& text)
-{
-    remark(text.isEmpty() ? QString() : QStringLiteral("⚠ ") + text);
-}
-
 void ParameterEditor::remark(const QString& text)
 {
     m_complaint->setText(text);
     m_complaint->setVisible(!text.isEmpty());
-}
-
-bool ParameterEditor::enterPressed(QWidget*, Qt::KeyboardModifiers)
-{
-    return false;
 }
 
 void ParameterEditor::finish(QWidget*) {}

@@ -49,11 +49,11 @@ protected:
     /// Names an input after the parameter and watches its focus.
     void addInput(QWidget* input);
     /// Shows below the editor why the input is not a value; an empty text removes the message.
-    void complain(const QString& text);
+    void complain(const QString& text) { remark(text.isEmpty() ? QString() : QStringLiteral("⚠ ") + text); }
     /// Shows a remark on a value in the same place.
     void remark(const QString& text);
     /// Enter in an input. True: handled; otherwise the parameter is left.
-    virtual bool enterPressed(QWidget* input, Qt::KeyboardModifiers modifiers);
+    virtual bool enterPressed(QWidget* /*input*/, Qt::KeyboardModifiers /*modifiers*/) { return false; }
     /// An input loses the focus, or Enter leaves the parameter: complete what was typed.
     virtual void finish(QWidget* input);
 

@@ -67,11 +67,6 @@ QString ReferenceParameterEditor::query() const
     return isCrew() ? line()->text().section(QLatin1Char(','), -1).trimmed() : line()->text();
 }
 
-bool ReferenceParameterEditor::isTaken() const
-{
-    return isCrew() || !key().isEmpty();
-}
-
 void ReferenceParameterEditor::take(int row)
 {
     const ReferenceItem* item = model()->item(row);

@@ -19,7 +19,7 @@ public:
 protected:
     void loadItems() override;
     QString query() const override;
-    bool isTaken() const override;
+    bool isTaken() const override { return isCrew() || !key().isEmpty(); }
     void take(int row) override;
     void setTyped(const QString& text, const QString& key) override;
     void finish(QWidget* input) override;

@@ -188,11 +188,6 @@ int TemplatesModel::rowCount(const QModelIndex& parent) const
                : static_cast<int>(m_nodes[static_cast<std::size_t>(nodeOf(parent))].shown.size());
 }
 
-int TemplatesModel::columnCount(const QModelIndex&) const
-{
-    return 1;
-}
-
 QVariant TemplatesModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid())

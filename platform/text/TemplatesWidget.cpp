@@ -305,11 +305,6 @@ MDRData* TemplatesWidget::currentTemplate() const
     return recordByKeyLink(m_source->templates, m_chosen.toUtf8().constData());
 }
 
-QString TemplatesWidget::currentTemplateKey() const
-{
-    return m_chosen;
-}
-
 void TemplatesWidget::noteUse()
 {
     m_favourites->noteUse(m_chosen);

@@ -66,7 +66,7 @@ public:
     /// The chosen template, a record of the templates table, or null. Get it again after each change of the
     /// table.
     MDRData* currentTemplate() const;
-    QString currentTemplateKey() const;
+    QString currentTemplateKey() const { return m_chosen; }
 
     /// The chosen template was used: it becomes the first of the recent ones.
     void noteUse();

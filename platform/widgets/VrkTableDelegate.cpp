@@ -232,16 +232,6 @@ int VrkTableDelegate::dayLineHeight(int row) const
     return dayLine(row).isValid() ? m_view->fontMetrics().height() + 2 * verticalMargin : 0;
 }
 
-void VrkTableDelegate::forget(const MDRData* record)
-{
-    m_documents.remove(record);
-}
-
-void VrkTableDelegate::forgetAll()
-{
-    m_documents.clear();
-}
-
 QSize VrkTableDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const
 {
     const int width = m_view->columnWidth(index.column());

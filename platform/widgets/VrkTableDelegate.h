@@ -36,8 +36,8 @@ public:
         m_hasFirstDayLine = aboveFirstRow;
     }
     /// Drops cached data of a record, or of all.
-    void forget(const MDRData* record);
-    void forgetAll();
+    void forget(const MDRData* record) { m_documents.remove(record); }
+    void forgetAll() { m_documents.clear(); }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;

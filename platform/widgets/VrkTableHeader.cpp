@@ -31,11 +31,6 @@ int VrkTableHeader::iconSide() const
     return qMax(style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this), fontMetrics().height());
 }
 
-int VrkTableHeader::neededWidth(int section) const
-{
-    return sectionSizeFromContents(section).width();
-}
-
 QSize VrkTableHeader::textSize(const QString& text) const
 {
     const auto known = m_textSizes.constFind(text);

@@ -14,7 +14,7 @@ public:
     ~VrkTableHeader() override;
 
     /// Width that the contents of a section need.
-    int neededWidth(int section) const;
+    int neededWidth(int section) const { return sectionSizeFromContents(section).width(); }
 
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;

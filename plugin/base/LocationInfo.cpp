@@ -8,31 +8,6 @@
 
 LocationInfo::LocationInfo(QObject* parent) : QObject(parent) {}
 
-void LocationInfo::setWorkersTable(CModelTable* table)
-{
-    m_tables.insert(QStringLiteral("Workers"), table);
-}
-
-void LocationInfo::setDepartmentsTable(CModelTable* table)
-{
-    m_tables.insert(QStringLiteral("Departments"), table);
-}
-
-void LocationInfo::setOrganizationsTable(CModelTable* table)
-{
-    m_tables.insert(QStringLiteral("Organizations"), table);
-}
-
-void LocationInfo::setOrgTypesTable(CModelTable* table)
-{
-    m_tables.insert(QStringLiteral("OrgTypes"), table);
-}
-
-CModelTable* LocationInfo::table(const QString& name) const
-{
-    return m_tables.value(name, nullptr);
-}
-
 void LocationInfo::init(const CStringParams& params)
 {
     m_userKey = params.getValue(QStringLiteral("KEYLINK"), QString());

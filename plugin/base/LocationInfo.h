@@ -17,12 +17,15 @@ public:
     explicit LocationInfo(QObject* parent = nullptr);
 
     /// Add a reference table under its name. The tables are not owned.
-    void setWorkersTable(CModelTable* table);
-    void setDepartmentsTable(CModelTable* table);
-    void setOrganizationsTable(CModelTable* table);
-    void setOrgTypesTable(CModelTable* table);
+    void setWorkersTable(CModelTable* table) { m_tables.insert(QStringLiteral("Workers"), table); }
+    void setDepartmentsTable(CModelTable* table) { m_tables.insert(QStringLiteral("Departments"), table); }
+    void setOrganizationsTable(CModelTable* table)
+    {
+        m_tables.insert(QStringLiteral("Organizations"), table);
+    }
+    void setOrgTypesTable(CModelTable* table) { m_tables.insert(QStringLiteral("OrgTypes"), table); }
     /// The reference table of this name, or null.
-    CModelTable* table(const QString& name) const;
+    CModelTable* table(const QString& name) const { return m_tables.value(name, nullptr); }
 
     /// Takes the keys from the login's parameters and finds the others in the tables, which must be set.
     void init(const CStringParams& params);

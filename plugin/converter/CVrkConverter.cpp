@@ -75,11 +75,6 @@ bool CVrkConverter::ModuleStart()
     return true;
 }
 
-int CVrkConverter::MessageData(HFNCliParam*)
-{
-    return 1;
-}
-
 void CVrkConverter::closeEvent(QCloseEvent* event)
 {
     if (m_running)

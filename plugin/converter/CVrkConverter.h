@@ -28,7 +28,7 @@ public:
     /// Always true: the report shows all obstacles.
     bool ModuleStart() override;
     /// The converter follows no events: every message is accepted unread.
-    int MessageData(HFNCliParam* block) override;
+    int MessageData(HFNCliParam* /*block*/) override { return 1; }
 
     /// Writes the report as a UTF-8 text; the report on the screen shows its path, or why it failed.
     void saveReport(const QString& path);
@@ -48,9 +48,9 @@ private:
     void convert();
     void conclude(int count);
     void showLine(ConversionReport::Tone tone, const QString& text);
-    void addGoodMessage(const QString& text);
-    void addErrorInfo(const QString& text);
-    void addWarningInfo(const QString& text);
+    void addGoodMessage(const QString& text) { m_report.add(ConversionReport::Good, text); }
+    void addErrorInfo(const QString& text) { m_report.add(ConversionReport::Error, text); }
+    void addWarningInfo(const QString& text) { m_report.add(ConversionReport::Warning, text); }
     void askReportPath();
 
     // CVrkConverter_save.cpp

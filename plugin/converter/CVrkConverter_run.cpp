@@ -84,21 +84,6 @@ void CVrkConverter::conclude(int count)
     m_form->saveButton->setEnabled(failed.isEmpty());
 }
 
-void CVrkConverter::addGoodMessage(const QString& text)
-{
-    m_report.add(ConversionReport::Good, text);
-}
-
-void CVrkConverter::addErrorInfo(const QString& text)
-{
-    m_report.add(ConversionReport::Error, text);
-}
-
-void CVrkConverter::addWarningInfo(const QString& text)
-{
-    m_report.add(ConversionReport::Warning, text);
-}
-
 /// Plain text: names of parameters look like tags.
 void CVrkConverter::showLine(ConversionReport::Tone tone, const QString& text)
 {

@@ -49,11 +49,6 @@ void ConversionReport::add(Tone tone, const QString& text)
     emit added(tone, text);
 }
 
-void ConversionReport::step(const QString& text)
-{
-    emit stepped(text);
-}
-
 QString ConversionReport::asText() const
 {
     QString text;

@@ -40,7 +40,7 @@ public:
     void add(Tone tone, const QString& text);
     const QVector<Line>& lines() const { return m_lines; }
     /// One old row is done; \a text is the progress, empty for no change.
-    void step(const QString& text = QString());
+    void step(const QString& text = QString()) { emit stepped(text); }
 
     /// The whole report in the form of a text file.
     QString asText() const;

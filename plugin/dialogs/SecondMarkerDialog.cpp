@@ -12,13 +12,3 @@ SecondMarkerDialog::SecondMarkerDialog(QWidget* parent, int flag)
 }
 
 SecondMarkerDialog::~SecondMarkerDialog() = default;
-
-void SecondMarkerDialog::emitCleared()
-{
-    emit removeMarker();
-}
-
-void SecondMarkerDialog::emitSet(const QDateTime& time)
-{
-    emit setMarker(time);
-}

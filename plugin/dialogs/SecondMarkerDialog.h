@@ -24,8 +24,8 @@ signals:
     void setMarker(const QDateTime& time);
 
 private:
-    void emitCleared() override;
-    void emitSet(const QDateTime& time) override;
+    void emitCleared() override { emit removeMarker(); }
+    void emitSet(const QDateTime& time) override { emit setMarker(time); }
 
     std::unique_ptr<Ui::SecondMarkerDialog> m_form;
 };

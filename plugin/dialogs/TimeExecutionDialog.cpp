@@ -12,13 +12,3 @@ TimeExecutionDialog::TimeExecutionDialog(QWidget* parent, int flag)
 }
 
 TimeExecutionDialog::~TimeExecutionDialog() = default;
-
-void TimeExecutionDialog::emitCleared()
-{
-    emit removeTime();
-}
-
-void TimeExecutionDialog::emitSet(const QDateTime& time)
-{
-    emit setTime(time);
-}

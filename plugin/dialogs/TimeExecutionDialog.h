@@ -24,8 +24,8 @@ signals:
     void setTime(const QDateTime& time);
 
 private:
-    void emitCleared() override;
-    void emitSet(const QDateTime& time) override;
+    void emitCleared() override { emit removeTime(); }
+    void emitSet(const QDateTime& time) override { emit setTime(time); }
 
     std::unique_ptr<Ui::TimeExecutionDialog> m_form;
 };

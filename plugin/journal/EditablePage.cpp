@@ -89,16 +89,6 @@ void EditablePage::deleteRecordAnswer(QAbstractButton* button)
     m_messages->error(tr("Ошибка удаления записи"), tr("Не удалось удалить запись!"));
 }
 
-void EditablePage::deleteMyDraftsRequest()
-{
-    deleteDrafts(true, "deleteMyDraftsRequest()");
-}
-
-void EditablePage::deleteAllDraftsRequest()
-{
-    deleteDrafts(false, "deleteAllDraftsRequest()");
-}
-
 void EditablePage::deleteDrafts(bool onlyMine, const char* function)
 {
     CRowBatch batch(m_shown.records.data);
@@ -153,16 +143,6 @@ void EditablePage::approveRecord()
     write(batch, "approveRecord()",
           inRecords("error approve record! Data: Table(%1), KeyLink(%2)", Row(record).key()),
           tr("Не удалось утвердить запись!"));
-}
-
-void EditablePage::approveMyRecordsRequest()
-{
-    approveDrafts(true, "approveMyRecordsRequest()");
-}
-
-void EditablePage::approveAllRecordsRequest()
-{
-    approveDrafts(false, "approveAllRecordsRequest()");
 }
 
 void EditablePage::approveDrafts(bool onlyMine, const char* function)

@@ -24,12 +24,12 @@ public:
 
 public slots:
     void deleteRecordRequest();
-    void deleteMyDraftsRequest();
-    void deleteAllDraftsRequest();
+    void deleteMyDraftsRequest() { deleteDrafts(true, "deleteMyDraftsRequest()"); }
+    void deleteAllDraftsRequest() { deleteDrafts(false, "deleteAllDraftsRequest()"); }
     void approveRecordRequest();
     void approveRecord();
-    void approveMyRecordsRequest();
-    void approveAllRecordsRequest();
+    void approveMyRecordsRequest() { approveDrafts(true, "approveMyRecordsRequest()"); }
+    void approveAllRecordsRequest() { approveDrafts(false, "approveAllRecordsRequest()"); }
     void signRecordRequest();
     void signAllRecordsRequest();
 

@@ -58,21 +58,6 @@ bool JournalRules::isSelectedWorkshift() const
     return m_shown.mode == ShownJournal::RealTime || m_shown.mode == ShownJournal::ArchiveWorkshift;
 }
 
-bool JournalRules::isHideDraft() const
-{
-    return !isEditableWorkshift();
-}
-
-bool JournalRules::isExistDrafts() const
-{
-    return isEditableWorkshift() && m_shown.census.hasDrafts();
-}
-
-bool JournalRules::isExistMyDrafts() const
-{
-    return isEditableWorkshift() && m_shown.census.hasMyDrafts();
-}
-
 bool JournalRules::isRecordDraft() const
 {
     const MDRData* record = currentRecord();

@@ -30,15 +30,15 @@ public:
     bool isEditableWorkshift() const;
     bool isSelectedWorkshift() const;
     bool isRecordCreatable() const { return isEditableWorkshift(); }
-    bool isHideDraft() const;
+    bool isHideDraft() const { return !isEditableWorkshift(); }
     bool isRecordPastable() const;
     /// @}
 
     /// \name Its records
     /// @{
     bool isExistNoSign() const { return m_shown.census.hasSignable(); }
-    bool isExistDrafts() const;
-    bool isExistMyDrafts() const;
+    bool isExistDrafts() const { return isEditableWorkshift() && m_shown.census.hasDrafts(); }
+    bool isExistMyDrafts() const { return isEditableWorkshift() && m_shown.census.hasMyDrafts(); }
     bool isRecordSignable(MDRData* record) const;
     /// @}
 

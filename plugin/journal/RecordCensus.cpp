@@ -45,11 +45,6 @@ void RecordCensus::put(const MDRData* record)
     count(traits, 1);
 }
 
-void RecordCensus::remove(const MDRData* record)
-{
-    count(m_traits.take(record), -1);
-}
-
 void RecordCensus::clear()
 {
     m_traits.clear();

@@ -17,7 +17,7 @@ public:
     /// Counts the record, or counts it again after a change.
     void put(const MDRData* record);
     /// Removes the record from the counts; call it before the record is deleted.
-    void remove(const MDRData* record);
+    void remove(const MDRData* record) { count(m_traits.take(record), -1); }
     void clear();
 
     bool hasDrafts() const { return m_drafts > 0; }

@@ -67,11 +67,6 @@ void CommentCreatorDialog::clear()
     m_form->commentEdit->clear();
 }
 
-void CommentCreatorDialog::warn(const QString& text)
-{
-    m_warning = text;
-}
-
 void CommentCreatorDialog::keep(const QString& text)
 {
     forget(text);

@@ -35,7 +35,7 @@ public:
 
     /// Information about the text, shown above it the next time, with a button that makes it a new comment;
     /// an empty text shows nothing.
-    void warn(const QString& text);
+    void warn(const QString& text) { m_warning = text; }
     /// The record of the next text; a kept text is restored by it.
     void setRecordKey(const QString& key) { m_recordKey = key; }
     /// Keeps a text until it is written: while there are kept texts, each dialog of this application offers

@@ -100,11 +100,6 @@ QString FilesPane::currentKey() const
     return item ? item->data(Qt::UserRole).toString() : QString();
 }
 
-MDRData* FilesPane::currentFile() const
-{
-    return row(currentKey());
-}
-
 QString FilesPane::nameOf(const MDRData* file) const
 {
     return Row(file).text(Field::fileName, source().module->session()->codec());

@@ -45,7 +45,7 @@ private slots: // connected by name: the message box takes the slot's name
 private:
     QPixmap iconOf(const QString& fileName);
     QString currentKey() const;
-    MDRData* currentFile() const;
+    MDRData* currentFile() const { return row(currentKey()); }
     QString nameOf(const MDRData* file) const;
 
     void updateFileCreate();

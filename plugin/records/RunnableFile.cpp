@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
+#include <QStringList>
 
 namespace
 {
@@ -11,19 +12,15 @@ constexpr qint64 lengthOfHead = 4096;
 
 const QSet<QString>& suffixes()
 {
-    static const QSet<QString> known = [] {
-        const char* const names = "desktop sh bash csh ksh zsh fish py pyc pyw pyz pl pm rb php lua tcl awk "
-                                  "run bin out elf so appimage "
-                                  "flatpakref flatpak snap deb rpm apk jar jnlp class exe com bat cmd msi "
-                                  "msp scr pif cpl dll lnk url "
-                                  "reg inf ps1 psm1 vb vbs vbe js jse mjs ws wsf wsh hta sct gadget chm "
-                                  "application docm dotm xlsm xltm "
-                                  "xlam pptm potm ppam ppsm sldm service timer mount";
-        QSet<QString> set;
-        for (const QByteArray& name : QByteArray(names).split(' '))
-            set.insert(QString::fromLatin1(name));
-        return set;
-    }();
+    static const QStringList names =
+        QString::fromLatin1(
+            "desktop sh bash csh ksh zsh fish py pyc pyw pyz pl pm rb php lua tcl awk run bin "
+            "out elf so appimage flatpakref flatpak snap deb rpm apk jar jnlp class exe com "
+            "bat cmd msi msp scr pif cpl dll lnk url reg inf ps1 psm1 vb vbs vbe js jse mjs "
+            "ws wsf wsh hta sct gadget chm application docm dotm xlsm xltm xlam pptm potm "
+            "ppam ppsm sldm service timer mount")
+            .split(QLatin1Char(' '));
+    static const QSet<QString> known(names.begin(), names.end());
     return known;
 }
 

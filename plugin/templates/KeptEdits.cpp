@@ -136,11 +136,6 @@ void KeptEdits::clear()
         MDAClearRec(table->data.array);
 }
 
-bool KeptEdits::isEmpty() const
-{
-    return m_categories.data.RecCount() == 0 && m_templates.data.RecCount() == 0;
-}
-
 void KeptEdits::copyRecord(const MDRData* from, MDRData* to)
 {
     MDArray* array = MDARecArr(from);

@@ -17,7 +17,7 @@ public:
     /// The kept version of this record was restored.
     void forget(const CModelTable& kept, const QByteArray& key);
     void clear();
-    bool isEmpty() const;
+    bool isEmpty() const { return m_categories.data.RecCount() == 0 && m_templates.data.RecCount() == 0; }
 
     /// Adds the records kept there.
     void keepAll(const KeptEdits& other);

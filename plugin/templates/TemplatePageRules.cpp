@@ -21,21 +21,6 @@ bool TemplatePageRules::isRootCreatable() const
     return isAdmin() && !isExistUnsaved() && m_level->roots == TemplateLevel::NoRoots;
 }
 
-bool TemplatePageRules::isFolderCreatable() const
-{
-    return canEdit() && !isExistUnsaved() && currentRecord();
-}
-
-bool TemplatePageRules::isTemplateCreatable() const
-{
-    return canEdit() && !isExistUnsaved() && isOwnItemCurrent();
-}
-
-bool TemplatePageRules::isItemDeletable() const
-{
-    return !isExistUnsaved() && isCurrentDeletable();
-}
-
 bool TemplatePageRules::isCurrentDeletable() const
 {
     const MDRData* record = currentRecord();

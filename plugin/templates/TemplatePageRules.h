@@ -18,9 +18,9 @@ public:
     /// There are unsaved records: saving and cancelling are enabled, creating and deleting are not.
     bool isExistUnsaved() const { return m_tables.isEdited(); }
     bool isRootCreatable() const;
-    bool isFolderCreatable() const;
-    bool isTemplateCreatable() const;
-    bool isItemDeletable() const;
+    bool isFolderCreatable() const { return canEdit() && !isExistUnsaved() && currentRecord(); }
+    bool isTemplateCreatable() const { return canEdit() && !isExistUnsaved() && isOwnItemCurrent(); }
+    bool isItemDeletable() const { return !isExistUnsaved() && isCurrentDeletable(); }
     bool canCopyCurrent() const;
     bool canPasteHere() const;
 

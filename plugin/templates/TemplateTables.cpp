@@ -8,16 +8,6 @@ TemplateTables::TemplateTables()
     setDefaultKey(&templates);
 }
 
-bool TemplateTables::isEdited() const
-{
-    return categoriesEdit.data.RecCount() > 0 || templatesEdit.data.RecCount() > 0;
-}
-
-void TemplateTables::setDefaultKey(CModelTable* table)
-{
-    table->data.setKeys({""});
-}
-
 void TemplateTables::copyFrom(CModelTable* table, const CModelTable* source)
 {
     CMDArray& rows = table->data;

@@ -16,9 +16,9 @@ struct TemplateTables {
     CModelTable templatesMoved{"LogbookTemplates", LogbookTemplatesFields, ""};
 
     /// There are unsaved records.
-    bool isEdited() const;
+    bool isEdited() const { return categoriesEdit.data.RecCount() > 0 || templatesEdit.data.RecCount() > 0; }
     /// Leaves the order of entry as the only key.
-    static void setDefaultKey(CModelTable* table);
+    static void setDefaultKey(CModelTable* table) { table->data.setKeys({""}); }
     /// Makes the table a copy of another, which may be null or without array: mdr_Assign.
     static void copyFrom(CModelTable* table, const CModelTable* source);
     /// A text, or null for an empty one. The bytes must outlive the value.

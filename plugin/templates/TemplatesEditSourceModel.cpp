@@ -59,19 +59,6 @@ TemplatesEditSourceModel::~TemplatesEditSourceModel()
     clear();
 }
 
-template <typename Member, typename Value>
-void TemplatesEditSourceModel::set(Member& member, Value value)
-{
-    beginResetModel();
-    member = value;
-    endResetModel();
-}
-
-void TemplatesEditSourceModel::setTextCodec(QTextCodec* codec)
-{
-    set(m_codec, codec);
-}
-
 void TemplatesEditSourceModel::setOrgTypesTable(CModelTable* table)
 {
     if (m_level.roots == TemplateLevel::OrgTypeRoots)
@@ -82,31 +69,6 @@ void TemplatesEditSourceModel::setDepartmentsTable(CModelTable* table)
 {
     if (m_level.roots == TemplateLevel::DepartmentRoots)
         set(m_roots, table);
-}
-
-void TemplatesEditSourceModel::setCatsTemplateTable(CModelTable* table)
-{
-    set(m_categories, table);
-}
-
-void TemplatesEditSourceModel::setTemplatesTable(CModelTable* table)
-{
-    set(m_templates, table);
-}
-
-void TemplatesEditSourceModel::setCatsTemplateEdit(CModelTable* table)
-{
-    set(m_categoriesEdit, table);
-}
-
-void TemplatesEditSourceModel::setTemplatesEdit(CModelTable* table)
-{
-    set(m_templatesEdit, table);
-}
-
-void TemplatesEditSourceModel::setEditable(bool editable)
-{
-    set(m_editable, editable);
 }
 
 void TemplatesEditSourceModel::clear()
@@ -171,11 +133,6 @@ int TemplatesEditSourceModel::Rows::rowOf(const MDRData* record) const
         before += static_cast<int>(group.count);
     }
     return -1;
-}
-
-int TemplatesEditSourceModel::rootCount() const
-{
-    return m_roots->data.RecCount();
 }
 
 TemplatesEditSourceModel::Rows TemplatesEditSourceModel::rowsUnder(const MDRData* parent) const
@@ -371,44 +328,9 @@ Qt::ItemFlags TemplatesEditSourceModel::flags(const QModelIndex& index) const
     return TemplateTables::isContains(m_roots, record) ? base | Qt::ItemIsDropEnabled : base;
 }
 
-void TemplatesEditSourceModel::beginAppendRow(const QModelIndex& parent)
-{
-    beginInsertRow(rowCount(parent), parent);
-}
-
-void TemplatesEditSourceModel::endAppendRow()
-{
-    endInsertRow();
-}
-
-void TemplatesEditSourceModel::beginInsertRow(int row, const QModelIndex& parent)
-{
-    beginInsertRows(parent, row, row);
-}
-
-void TemplatesEditSourceModel::endInsertRow()
-{
-    endInsertRows();
-}
-
-void TemplatesEditSourceModel::beginRemoveRow(int row, const QModelIndex& parent)
-{
-    beginRemoveRows(parent, row, row);
-}
-
-void TemplatesEditSourceModel::endRemoveRow()
-{
-    endRemoveRows();
-}
-
 void TemplatesEditSourceModel::beginMoveRow(const QModelIndex& parent, int from, int to)
 {
     beginMoveRows(parent, from, from, parent, to + (to > from ? 1 : 0));
-}
-
-void TemplatesEditSourceModel::endMoveRow()
-{
-    endMoveRows();
 }
 
 void TemplatesEditSourceModel::resetModel()

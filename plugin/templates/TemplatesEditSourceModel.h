@@ -24,14 +24,14 @@ public:
     /// \name Tables of the level; each setter resets the model. A table that the level does not have is
     /// ignored.
     /// @{
-    void setTextCodec(QTextCodec* codec);
+    void setTextCodec(QTextCodec* codec) { set(m_codec, codec); }
     void setOrgTypesTable(CModelTable* table);
     void setDepartmentsTable(CModelTable* table);
-    void setCatsTemplateTable(CModelTable* table);
-    void setTemplatesTable(CModelTable* table);
-    void setCatsTemplateEdit(CModelTable* table);
-    void setTemplatesEdit(CModelTable* table);
-    void setEditable(bool editable);
+    void setCatsTemplateTable(CModelTable* table) { set(m_categories, table); }
+    void setTemplatesTable(CModelTable* table) { set(m_templates, table); }
+    void setCatsTemplateEdit(CModelTable* table) { set(m_categoriesEdit, table); }
+    void setTemplatesEdit(CModelTable* table) { set(m_templatesEdit, table); }
+    void setEditable(bool editable) { set(m_editable, editable); }
     void clear();
     /// The codec and all tables of the level are set.
     bool isReady() const;
@@ -53,15 +53,15 @@ public:
 
     /// \name Calls that enclose a change of the arrays
     /// @{
-    void beginAppendRow(const QModelIndex& parent);
-    void endAppendRow();
-    void beginInsertRow(int row, const QModelIndex& parent);
-    void endInsertRow();
-    void beginRemoveRow(int row, const QModelIndex& parent);
-    void endRemoveRow();
+    void beginAppendRow(const QModelIndex& parent) { beginInsertRow(rowCount(parent), parent); }
+    void endAppendRow() { endInsertRow(); }
+    void beginInsertRow(int row, const QModelIndex& parent) { beginInsertRows(parent, row, row); }
+    void endInsertRow() { endInsertRows(); }
+    void beginRemoveRow(int row, const QModelIndex& parent) { beginRemoveRows(parent, row, row); }
+    void endRemoveRow() { endRemoveRows(); }
     /// \a to is the row after the move.
     void beginMoveRow(const QModelIndex& parent, int from, int to);
-    void endMoveRow();
+    void endMoveRow() { endMoveRows(); }
     void resetModel();
     /// The whole tree must be repainted.
     void updateView();
@@ -110,12 +110,17 @@ private:
 
     const CModelTable* tableByRecord(const MDRData* record) const;
     template <typename Member, typename Value>
-    void set(Member& member, Value value);
+    void set(Member& member, Value value)
+    {
+        beginResetModel();
+        member = value;
+        endResetModel();
+    }
     bool isTopOfRoots(const MDRData* parent) const
     {
         return !parent && m_level.roots != TemplateLevel::NoRoots;
     }
-    int rootCount() const;
+    int rootCount() const { return m_roots->data.RecCount(); }
     Rows rowsUnder(const MDRData* parent) const;
     /// The parent of a record; null at the top level; then \a orphan says whether it should have a parent.
     MDRData* parentRecord(const MDRData* record, bool* orphan) const;

@@ -12,34 +12,6 @@ bool isIn(const QModelIndex& index, const CModelTable* table, const CModelTable*
 }
 } // namespace
 
-template <typename Member, typename Value>
-void TemplatesProxyModel::set(Member& member, Value value)
-{
-    beginResetModel();
-    member = value;
-    endResetModel();
-}
-
-void TemplatesProxyModel::setCatsTemplateTable(CModelTable* table)
-{
-    set(m_categories, table);
-}
-
-void TemplatesProxyModel::setCatsTemplateEdit(CModelTable* table)
-{
-    set(m_categoriesEdit, table);
-}
-
-void TemplatesProxyModel::setTemplatesTable(CModelTable* table)
-{
-    set(m_templates, table);
-}
-
-void TemplatesProxyModel::setTemplatesEdit(CModelTable* table)
-{
-    set(m_templatesEdit, table);
-}
-
 void TemplatesProxyModel::setFilterRoot(QString key)
 {
     set(m_filterRoot, key);

@@ -13,10 +13,10 @@ class TemplatesProxyModel : public QSortFilterProxyModel
 public:
     using QSortFilterProxyModel::QSortFilterProxyModel;
 
-    void setCatsTemplateTable(CModelTable* table);
-    void setCatsTemplateEdit(CModelTable* table);
-    void setTemplatesTable(CModelTable* table);
-    void setTemplatesEdit(CModelTable* table);
+    void setCatsTemplateTable(CModelTable* table) { set(m_categories, table); }
+    void setCatsTemplateEdit(CModelTable* table) { set(m_categoriesEdit, table); }
+    void setTemplatesTable(CModelTable* table) { set(m_templates, table); }
+    void setTemplatesEdit(CModelTable* table) { set(m_templatesEdit, table); }
     /// Shows only the row of the top level with this key, and its subtree. Empty: all rows.
     void setFilterRoot(QString key);
 
@@ -31,7 +31,12 @@ protected:
 
 private:
     template <typename Member, typename Value>
-    void set(Member& member, Value value);
+    void set(Member& member, Value value)
+    {
+        beginResetModel();
+        member = value;
+        endResetModel();
+    }
 
     CModelTable* m_categories = nullptr;
     CModelTable* m_categoriesEdit = nullptr;

@@ -39,11 +39,6 @@ void CrewTable::setTables(CModelTable* workers, CModelTable* roles, CModelTable*
     m_workerRoles = workerRoles;
 }
 
-bool CrewTable::contains(const QString& workerKey) const
-{
-    return workerKeys().contains(workerKey);
-}
-
 void CrewTable::append(const QString& workerKey, bool selectable)
 {
     const int row = m_view->rowCount();

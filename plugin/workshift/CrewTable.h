@@ -27,7 +27,7 @@ public:
     /// The form of workers' names; the default is the full name.
     void setNames(Names names) { m_names = names; }
 
-    bool contains(const QString& workerKey) const;
+    bool contains(const QString& workerKey) const { return workerKeys().contains(workerKey); }
     /// Appends a row; an empty key, and a chosen worker without a full name, give a row without cells. \a
     /// selectable false: the row can be neither selected nor removed.
     void append(const QString& workerKey, bool selectable = true);

@@ -74,11 +74,6 @@ bool SqliteStatement::run()
     return m_code == SQLITE_DONE;
 }
 
-void SqliteStatement::reset()
-{
-    sqlite3_reset(m_statement);
-}
-
 QByteArray SqliteStatement::bytes(int column) const
 {
     if (isNull(column))
@@ -252,11 +247,6 @@ void SqliteConnection::startDeadline()
 {
     m_clock.start();
     sqlite3_progress_handler(m_db, stepsBetweenLooks, onProgress, this);
-}
-
-void SqliteConnection::stopDeadline()
-{
-    sqlite3_progress_handler(m_db, 0, nullptr, nullptr);
 }
 
 int SqliteConnection::onProgress(void* connection)

@@ -42,7 +42,7 @@ public:
     /// Runs a statement without an answer to completion.
     bool run();
     int code() const { return m_code; }
-    void reset();
+    void reset() { sqlite3_reset(m_statement); }
 
     /// The bytes of a text or blob: a null array for NULL, an empty one for an empty value.
     QByteArray bytes(int column) const;
@@ -116,7 +116,7 @@ public:
     void setProgress(std::function<void()> progress) { m_progress = std::move(progress); }
     /// From now until stopDeadline(), a statement that exceeds the deadline is interrupted.
     void startDeadline();
-    void stopDeadline();
+    void stopDeadline() { sqlite3_progress_handler(m_db, 0, nullptr, nullptr); }
 
     /// The last failure in the user's words.
     StoreError lastError() const;
