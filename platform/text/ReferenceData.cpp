@@ -4,9 +4,8 @@
 #include "CVrkCliApp.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
-#include "Fields.h"
-#include "MDRValues.h"
 #include "PersonName.h"
+#include "Row.h"
 #include "TEventNciParse.h"
 #include "TextMatch.h"
 
@@ -14,7 +13,6 @@
 #include <map>
 #include <QHash>
 #include <QSet>
-#include <QTextCodec>
 #include <set>
 
 namespace
@@ -112,51 +110,34 @@ struct ReferenceData::Private {
     }
     const CMDArray& table(const QByteArray& name) { return table(name, "SELECT * FROM " + name + ";"); }
 
-    QString text(const CMDArray& rows, const MDRData* record, const char* field) const
+    template <class Field>
+    QString text(const Row& row, const Field& field) const
     {
-        MDRVar value;
-        rows.GetVal(record, field, value);
-        return MDRValue::hasText(value)
-                   ? session()->codec()->toUnicode(value.value.text.data, value.value.text.length)
-                   : QString();
-    }
-    int number(const CMDArray& rows, const MDRData* record, const char* field) const
-    {
-        MDRVar value;
-        rows.GetVal(record, field, value);
-        return value.isNull || MDRValue::isText(value) || value.type == mdr_TNone ? 0 : value.value.number;
+        return row.text(field, session()->codec());
     }
     template <class Function>
     void forEach(const CMDArray& rows, Function function) const
     {
         for (int i = 0; i < rows.RecCount(); ++i)
-            function(MDARec(rows.array, 0, i));
+            function(Row(MDARec(rows.array, 0, i)));
     }
 
     QHash<QString, QString> names(const QByteArray& tableName)
     {
         QHash<QString, QString> map;
-        const CMDArray& rows = table(tableName);
-        forEach(rows, [&](const MDRData* record) {
-            map.insert(text(rows, record, Field::KeyLink), text(rows, record, Field::name_));
-        });
+        forEach(table(tableName),
+                [&](const Row& row) { map.insert(text(row, Field::KeyLink), text(row, Field::name_)); });
         return map;
     }
 
     QVector<WorkerRow> workers()
     {
         QVector<WorkerRow> list;
-        const CMDArray& rows = table("Workers");
-        forEach(rows, [&](const MDRData* record) {
-            WorkerRow row;
-            row.key = text(rows, record, Field::KeyLink);
-            row.department = text(rows, record, Field::DepartmentKey);
-            row.lastName = text(rows, record, Field::lastName);
-            row.firstName = text(rows, record, Field::firstName);
-            row.patronymicName = text(rows, record, Field::patronymicName);
-            row.group = number(rows, record, Field::safetyGroup);
-            row.deleted = number(rows, record, Field::deleted_) != 0;
-            list.append(row);
+        forEach(table("Workers"), [&](const Row& row) {
+            list.append({text(row, Field::KeyLink), text(row, Field::DepartmentKey),
+                         text(row, Field::lastName), text(row, Field::firstName),
+                         text(row, Field::patronymicName), row.number(Field::safetyGroup, 0),
+                         row.isSet(Field::deleted_)});
         });
         return list;
     }
@@ -165,13 +146,12 @@ struct ReferenceData::Private {
     QSet<QString> area()
     {
         QSet<QString> keys{userParameter("DEPARTMENTKEY")};
-        const CMDArray& rows = table("Departments");
         bool grown = true;
         while (grown) { // also ends with cycles, since each key is added once
             grown = false;
-            forEach(rows, [&](const MDRData* record) {
-                const QString key = text(rows, record, Field::KeyLink);
-                const QString parent = text(rows, record, Field::ParentKey);
+            forEach(table("Departments"), [&](const Row& row) {
+                const QString key = text(row, Field::KeyLink);
+                const QString parent = text(row, Field::ParentKey);
                 if (!parent.isEmpty() && keys.contains(parent) && !keys.contains(key)) {
                     keys.insert(key);
                     grown = true;
@@ -193,11 +173,10 @@ QVector<ReferenceItem> ReferenceData::Private::organizations()
 {
     QVector<ReferenceItem> list;
     const QString own = userParameter("ORGANIZATIONKEY");
-    const CMDArray& rows = table("Organizations");
-    forEach(rows, [&](const MDRData* record) {
+    forEach(table("Organizations"), [&](const Row& row) {
         ReferenceItem item;
-        item.key = text(rows, record, Field::KeyLink);
-        item.text = text(rows, record, Field::name_);
+        item.key = text(row, Field::KeyLink);
+        item.text = text(row, Field::name_);
         item.near = item.key == own;
         list.append(item);
     });
@@ -209,12 +188,11 @@ QVector<ReferenceItem> ReferenceData::Private::departments()
     QVector<ReferenceItem> list;
     const QSet<QString> own = area();
     const QHash<QString, QString> organizationNames = names("Organizations");
-    const CMDArray& rows = table("Departments");
-    forEach(rows, [&](const MDRData* record) {
+    forEach(table("Departments"), [&](const Row& row) {
         ReferenceItem item;
-        item.key = text(rows, record, Field::KeyLink);
-        item.text = text(rows, record, Field::name_);
-        item.detail = organizationNames.value(text(rows, record, Field::OrganizationKey));
+        item.key = text(row, Field::KeyLink);
+        item.text = text(row, Field::name_);
+        item.detail = organizationNames.value(text(row, Field::OrganizationKey));
         item.near = own.contains(item.key);
         list.append(item);
     });
@@ -228,17 +206,15 @@ QVector<ReferenceItem> ReferenceData::Private::workerItems(ParameterKind kind)
     const QHash<QString, QString> organizationNames = names("Organizations");
     const QHash<QString, QString> roleNames = names("Roles");
     QHash<QString, QString> organizationOf;
-    const CMDArray& departmentRows = table("Departments");
-    forEach(departmentRows, [&](const MDRData* record) {
-        organizationOf.insert(text(departmentRows, record, Field::KeyLink),
-                              organizationNames.value(text(departmentRows, record, Field::OrganizationKey)));
+    forEach(table("Departments"), [&](const Row& row) {
+        organizationOf.insert(text(row, Field::KeyLink),
+                              organizationNames.value(text(row, Field::OrganizationKey)));
     });
     QHash<QString, QStringList> rolesOf;
-    const CMDArray& roleRows = table("WorkerRoles");
-    forEach(roleRows, [&](const MDRData* record) {
-        const QString role = roleNames.value(text(roleRows, record, Field::RoleKey));
+    forEach(table("WorkerRoles"), [&](const Row& row) {
+        const QString role = roleNames.value(text(row, Field::RoleKey));
         if (!role.isEmpty())
-            rolesOf[text(roleRows, record, Field::WorkerKey)] << role;
+            rolesOf[text(row, Field::WorkerKey)] << role;
     });
 
     QVector<ReferenceItem> list;
@@ -287,12 +263,10 @@ QVector<ReferenceItem> ReferenceData::Private::equipment(ParameterKind kind)
     const QString wanted = wantedKind(kind);
     QVector<EquipmentRow> all;
     QHash<QString, int> byKey;
-    const CMDArray& rows = table("Equipment");
-    forEach(rows, [&](const MDRData* record) {
-        byKey.insert(text(rows, record, Field::KeyLink), all.size());
-        all.append({text(rows, record, Field::KeyLink), text(rows, record, Field::ParentKey),
-                    text(rows, record, Field::DepartmentKey), text(rows, record, Field::kind),
-                    text(rows, record, Field::name_), text(rows, record, Field::voltage)});
+    forEach(table("Equipment"), [&](const Row& row) {
+        byKey.insert(text(row, Field::KeyLink), all.size());
+        all.append({text(row, Field::KeyLink), text(row, Field::ParentKey), text(row, Field::DepartmentKey),
+                    text(row, Field::kind), text(row, Field::name_), text(row, Field::voltage)});
     });
 
     QVector<ReferenceItem> list;
@@ -325,8 +299,7 @@ QVector<ReferenceItem> ReferenceData::Private::equipment(ParameterKind kind)
 QVector<ReferenceItem> ReferenceData::Private::voltages()
 {
     QStringList all;
-    const CMDArray& rows = table("Equipment");
-    forEach(rows, [&](const MDRData* record) { all << text(rows, record, Field::voltage); });
+    forEach(table("Equipment"), [&](const Row& row) { all << text(row, Field::voltage); });
     all.removeAll(QString());
     all.removeDuplicates();
     const auto kilovolts = [](const QString& voltage) {
@@ -414,9 +387,9 @@ QVector<ReferenceItem> ReferenceData::crew(ParameterKind kind)
             department +
             "' AND (LogbookWorkshifts.CloseWorkerKey IS NULL OR LogbookWorkshifts.CloseWorkerKey = '');");
     QSet<QString> keys;
-    d->forEach(rows, [&](const MDRData* record) {
-        if (d->number(rows, record, Field::opening) != 0)
-            keys.insert(d->text(rows, record, Field::WorkerKey));
+    d->forEach(rows, [&](const Row& row) {
+        if (row.isSet(Field::opening))
+            keys.insert(d->text(row, Field::WorkerKey));
     });
     d->dropFailed();
     for (const ReferenceItem& item : items(kind)) {

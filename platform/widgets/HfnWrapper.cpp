@@ -8,15 +8,6 @@
 
 namespace
 {
-MDRData* recordByKey(const CModelTable* table, const QString& key)
-{
-    if (!table || key.isEmpty())
-        return nullptr;
-    const QByteArray bytes = key.toUtf8();
-    const MDRVar value = MDRValue::text(bytes);
-    return MDARecSeekV(table->data.array, 0, &value, 0);
-}
-
 QString text(const QTextCodec* codec, const CModelTable* table, const MDRData* record, const char* field)
 {
     MDRVar value;
@@ -45,34 +36,35 @@ QString initial(const QTextCodec* codec, const CModelTable* table, const MDRData
         return QString();
     return text(codec, table, record, field).left(1) + QLatin1Char('.');
 }
+
+/// The surname, then first name and patronymic as \a part shows them.
+QString workerName(const QTextCodec* codec, const CModelTable* workers, const QString& key,
+                   decltype(initial)* part)
+{
+    const MDRData* worker = recordByKeyLink(workers, key.toUtf8().constData());
+    if (!worker)
+        return QString();
+    QString name = text(codec, workers, worker, Field::lastName);
+    append(name, part(codec, workers, worker, Field::firstName));
+    append(name, part(codec, workers, worker, Field::patronymicName));
+    return name;
+}
 } // namespace
 
 QString HfnWrapper::nameOf(const QTextCodec* codec, const CModelTable* table, const QString& key)
 {
-    const MDRData* row = recordByKey(table, key);
+    const MDRData* row = recordByKeyLink(table, key.toUtf8().constData());
     return row ? text(codec, table, row, Field::name_) : QString();
 }
 
 QString HfnWrapper::workerShortName(const QTextCodec* codec, CModelTable* workers, QString workerKey)
 {
-    const MDRData* worker = recordByKey(workers, workerKey);
-    if (!worker)
-        return QString();
-    QString name = text(codec, workers, worker, Field::lastName);
-    append(name, initial(codec, workers, worker, Field::firstName));
-    append(name, initial(codec, workers, worker, Field::patronymicName));
-    return name;
+    return workerName(codec, workers, workerKey, initial);
 }
 
 QString HfnWrapper::workerFullName(const QTextCodec* codec, CModelTable* workers, QString workerKey)
 {
-    const MDRData* worker = recordByKey(workers, workerKey);
-    if (!worker)
-        return QString();
-    QString name = text(codec, workers, worker, Field::lastName);
-    append(name, text(codec, workers, worker, Field::firstName));
-    append(name, text(codec, workers, worker, Field::patronymicName));
-    return name;
+    return workerName(codec, workers, workerKey, text);
 }
 
 QString HfnWrapper::workerRoles(const QTextCodec* codec, CModelTable* roles, CModelTable* workerRoles,
