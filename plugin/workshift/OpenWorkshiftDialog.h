@@ -3,6 +3,7 @@
 #include "LogbookTables.h"
 #include "WorkshiftDialog.h"
 
+#include <functional>
 #include <memory>
 #include <QDateTime>
 #include <utility>
@@ -64,10 +65,13 @@ private:
     void autoFillWorkshiftWorkersGroups();
     void autoFillNamed(const QString& parameter, const char* tableName, const QString& key,
                        const QString& signature, const QString& notFound);
-    QString shortName(int* group) const;
+    /// Fills the parameter with a name and the user's key; an empty name is only logged.
+    void autoFillUser(const char* parameter, const char* what, const char* function,
+                      const std::function<QString()>& userName);
 
     // OpenWorkshiftDialog_apply.cpp
     void openWorkshift();
+    void addWorkshift(CRowBatch& batch, const QByteArray& key, double from, double to, double now) const;
 
     QDateTime start() const;
     QDateTime end() const;

@@ -48,6 +48,22 @@ void OpenWorkshiftDialog::apply()
     close();
 }
 
+void OpenWorkshiftDialog::addWorkshift(CRowBatch& batch, const QByteArray& key, double from, double to,
+                                       double now) const
+{
+    const QByteArray departmentKey = m_departmentKey.toUtf8();
+    const QByteArray workerKey = m_workerKey.toUtf8();
+    MDRData* row = batch.newRow(ROW_INSERT, key);
+    batch.SetValF(row, Field::KeyLink, MDRValue::text(key));
+    batch.SetValF(row, Field::DepartmentKey, MDRValue::text(departmentKey));
+    batch.SetValF(row, Field::OpenWorkerKey, MDRValue::text(workerKey));
+    batch.SetValF(row, Field::CloseWorkerKey, MDRValue::null());
+    batch.SetValF(row, Field::createdAt, MDRValue::real(now));
+    batch.SetValF(row, Field::startTime, MDRValue::real(from));
+    batch.SetValF(row, Field::endTime, MDRValue::real(to));
+    batch.RecPost(row);
+}
+
 void OpenWorkshiftDialog::openWorkshift()
 {
     const QString signature = QStringLiteral("void OpenWorkshiftDialog::openWorkshift(CVrkCliMod*)");
@@ -56,19 +72,9 @@ void OpenWorkshiftDialog::openWorkshift()
     const double to = DateTime_To_HfnTime(end());
     const double now = DateTime_To_HfnTime(module()->session()->HfnTimeToSesTime());
     const QByteArray workshiftKey = GenGuid32();
-    const QByteArray departmentKey = m_departmentKey.toUtf8();
-    const QByteArray workerKey = m_workerKey.toUtf8();
 
     CRowBatch workshift(LogbookWorkshiftFields);
-    MDRData* row = workshift.newRow(ROW_INSERT, workshiftKey);
-    workshift.SetValF(row, Field::KeyLink, MDRValue::text(workshiftKey));
-    workshift.SetValF(row, Field::DepartmentKey, MDRValue::text(departmentKey));
-    workshift.SetValF(row, Field::OpenWorkerKey, MDRValue::text(workerKey));
-    workshift.SetValF(row, Field::CloseWorkerKey, MDRValue::null());
-    workshift.SetValF(row, Field::createdAt, MDRValue::real(now));
-    workshift.SetValF(row, Field::startTime, MDRValue::real(from));
-    workshift.SetValF(row, Field::endTime, MDRValue::real(to));
-    workshift.RecPost(row);
+    addWorkshift(workshift, workshiftKey, from, to, now);
     if (!send(LogbookTable::Workshifts, workshift)) {
         LogText::warn(
             signature,

@@ -16,6 +16,24 @@
 
 #include <QTextCodec>
 
+namespace
+{
+/// The user in the organization structure. The other workers of the crew are not included.
+OrgStruct::Worker workerIn(OrgStructWidget* structure, const QString& key)
+{
+    OrgStruct::Worker worker;
+    worker.keyLink = key;
+    structure->setSelectionType(OrgStruct::Person);
+    structure->setCurrectItem(worker);
+    return structure->selectedItem().worker;
+}
+
+QString shortName(const OrgStruct::Worker& worker)
+{
+    return PersonName::shortName(worker.lastName, worker.firstName, worker.patronymicName);
+}
+} // namespace
+
 void OpenWorkshiftDialog::autoFillTemplate()
 {
     autoFillWorker();
@@ -38,18 +56,25 @@ void OpenWorkshiftDialog::changeIntervalTemplate()
                                 QString());
 }
 
-void OpenWorkshiftDialog::autoFillWorker()
+void OpenWorkshiftDialog::autoFillUser(const char* parameter, const char* what, const char* function,
+                                       const std::function<QString()>& userName)
 {
-    const QVector<unsigned int> found = m_filler->findParameter(QStringLiteral("employee_fio"));
+    const QVector<unsigned int> found = m_filler->findParameter(QLatin1String(parameter));
     if (found.isEmpty())
         return;
-    const QString name =
-        HfnWrapper::workerFullName(codec(), table(QLatin1String(LogbookTable::Workers)), m_workerKey);
+    const QString name = userName();
     if (name.isEmpty())
-        LogText::warn(QStringLiteral("void OpenWorkshiftDialog::autoFillWorker()"),
-                      QStringLiteral("can not auto fill employee: full name is empty!"));
+        LogText::warn(QStringLiteral("void OpenWorkshiftDialog::") + QLatin1String(function),
+                      QStringLiteral("can not auto fill %1: full name is empty!").arg(QLatin1String(what)));
     else
         m_filler->setParameterValue(found.constFirst(), name, m_workerKey);
+}
+
+void OpenWorkshiftDialog::autoFillWorker()
+{
+    autoFillUser("employee_fio", "employee", "autoFillWorker()", [this] {
+        return HfnWrapper::workerFullName(codec(), table(QLatin1String(LogbookTable::Workers)), m_workerKey);
+    });
 }
 
 void OpenWorkshiftDialog::autoFillNamed(const QString& parameter, const char* tableName, const QString& key,
@@ -82,46 +107,16 @@ void OpenWorkshiftDialog::autoFillOrganization()
                   QStringLiteral("Not found organization %1!"));
 }
 
-/// The user's surname and initials, from the organization structure. The other workers of the crew are not
-/// included.
-QString OpenWorkshiftDialog::shortName(int* group) const
-{
-    OrgStruct::Worker worker;
-    worker.keyLink = m_workerKey;
-    OrgStructWidget* structure = m_orgStructDialog->widget();
-    structure->setSelectionType(OrgStruct::Person);
-    structure->setCurrectItem(worker);
-    worker = structure->selectedItem().worker;
-    *group = worker.group;
-
-    return PersonName::shortName(worker.lastName, worker.firstName, worker.patronymicName);
-}
-
 void OpenWorkshiftDialog::autoFillWorkshiftWorkers()
 {
-    const QVector<unsigned int> found = m_filler->findParameter(QStringLiteral("shift_workers"));
-    if (found.isEmpty())
-        return;
-    int group = 0;
-    const QString name = shortName(&group);
-    if (name.isEmpty())
-        LogText::warn(QStringLiteral("void OpenWorkshiftDialog::autoFillWorkshiftWorkers()"),
-                      QStringLiteral("can not auto fill shift_workers: full name is empty!"));
-    else
-        m_filler->setParameterValue(found.constFirst(), name, m_workerKey);
+    autoFillUser("shift_workers", "shift_workers", "autoFillWorkshiftWorkers()",
+                 [this] { return shortName(workerIn(m_orgStructDialog->widget(), m_workerKey)); });
 }
 
 void OpenWorkshiftDialog::autoFillWorkshiftWorkersGroups()
 {
-    const QVector<unsigned int> found = m_filler->findParameter(QStringLiteral("shift_workers_groups"));
-    if (found.isEmpty())
-        return;
-    int group = 0;
-    const QString name = shortName(&group);
-    if (name.isEmpty()) {
-        LogText::warn(QStringLiteral("void OpenWorkshiftDialog::autoFillWorkshiftWorkersGroups()"),
-                      QStringLiteral("can not auto fill shift_workers_groups: full name is empty!"));
-        return;
-    }
-    m_filler->setParameterValue(found.constFirst(), PersonName::withGroup(name, group), m_workerKey);
+    autoFillUser("shift_workers_groups", "shift_workers_groups", "autoFillWorkshiftWorkersGroups()", [this] {
+        const OrgStruct::Worker user = workerIn(m_orgStructDialog->widget(), m_workerKey);
+        return PersonName::withGroup(shortName(user), user.group);
+    });
 }
