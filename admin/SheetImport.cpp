@@ -165,6 +165,34 @@ QVector<Csv::Row> SheetImport::ringsIn(const File& file, QVector<Csv::Row>* wait
     return rings;
 }
 
+namespace
+{
+/// The template that the cells of a row describe; what they leave out it has from the stored one. Returns
+/// the fault of the cells, or an empty text.
+QString readTemplate(SheetRow* read, const DirectoryRow* stored, QString* html)
+{
+    const TemplateCells before(stored ? stored->text("html") : QString());
+    for (auto property = before.properties.cbegin(); property != before.properties.cend(); ++property) {
+        if (!read->textCells.contains(property.key()))
+            read->cells.properties.insert(property.key(), *property); // has no column in the file
+    }
+    const bool isRaw = read->cells.text.startsWith(QLatin1String("html:"));
+    if (isRaw)
+        read->cells.properties.clear();
+    const bool isKept = stored && read->cells == before;
+    const QString kind = isRaw || isKept ? QString() : DemoTemplates::unknownKind(read->cells.text);
+    const QString nearest = Sheets::nearest(kind, DemoTemplates::parameterKinds());
+    if (!kind.isEmpty())
+        return QStringLiteral("вида параметра «%1» нет%2")
+            .arg(kind, nearest.isEmpty() ? QString() : QStringLiteral(", похоже на «%1»").arg(nearest));
+    QString error;
+    *html = isKept ? stored->text("html") : read->cells.html(&error);
+    return error.isEmpty() ? QString()
+                           : QStringLiteral("параметр без названия или без закрывающей скобки: %1")
+                                 .arg(error.section(QLatin1Char('"'), 1));
+}
+} // namespace
+
 bool SheetImport::compareRow(const File& file, const Csv::Row& cells, bool last, QHash<QByteArray, int>* seen,
                              Report* report)
 {
@@ -196,28 +224,10 @@ bool SheetImport::compareRow(const File& file, const Csv::Row& cells, bool last,
 
     QSet<QByteArray> given = read.given;
     if (read.textCells.contains("html")) {
-        const TemplateCells before(stored ? stored->text("html") : QString());
-        for (auto property = before.properties.cbegin(); property != before.properties.cend(); ++property) {
-            if (!read.textCells.contains(property.key()))
-                read.cells.properties.insert(property.key(), *property); // has no column in the file
-        }
-        if (read.cells.text.startsWith(QLatin1String("html:")))
-            read.cells.properties.clear();
-        const QString kind =
-            read.cells.text.startsWith(QLatin1String("html:")) || (stored && read.cells == before)
-                ? QString()
-                : DemoTemplates::unknownKind(read.cells.text);
-        const QString nearest = Sheets::nearest(kind, DemoTemplates::parameterKinds());
-        if (!kind.isEmpty())
-            return wrong(QStringLiteral("столбец «Текст»: вида параметра «%1» нет%2")
-                             .arg(kind, nearest.isEmpty() ? QString()
-                                                          : QStringLiteral(", похоже на «%1»").arg(nearest)));
-        QString error;
-        const QString html = read.cells == before ? stored->text("html") : read.cells.html(&error);
-        if (!error.isEmpty())
-            return wrong(
-                QStringLiteral("столбец «Текст»: параметр без названия или без закрывающей скобки: %1")
-                    .arg(error.section(QLatin1Char('"'), 1)));
+        QString html;
+        const QString fault = readTemplate(&read, stored, &html);
+        if (!fault.isEmpty())
+            return wrong(QStringLiteral("столбец «Текст»: ") + fault);
         row.values.insert("html", html);
         given.insert("html");
     }

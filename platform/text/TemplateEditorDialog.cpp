@@ -64,31 +64,10 @@ TemplateEditorDialog::TemplateEditorDialog(const TemplateEditorChip& chip, QWidg
     form->addRow(tr("&Название"), m_label);
 
     const ParameterKind kind = ParameterSpec::kindOf(chip.property("name"));
-    if (kind == ParameterKind::DateTime) {
-        m_format = new QComboBox(this);
-        m_format->setObjectName(QStringLiteral("parameterFormat"));
-        m_format->setEditable(true);
-        m_format->addItems({QStringLiteral("dd.MM.yyyy hh:mm"), QStringLiteral("dd.MM.yyyy hh:mm:ss"),
-                            QStringLiteral("dd.MM.yyyy"), QStringLiteral("hh:mm"), QStringLiteral("hh:mm:ss"),
-                            QStringLiteral("dd.MM hh:mm")});
-        m_format->setEditText(chip.property("format"));
-        m_sample = new QLabel(this);
-        m_sample->setObjectName(QStringLiteral("parameterSample"));
-        form->addRow(tr("&Формат"), m_format);
-        form->addRow(tr("Пример"), m_sample);
-        connect(m_format, &QComboBox::editTextChanged, this, &TemplateEditorDialog::showSample);
-        showSample();
-    }
-    if (kind == ParameterKind::List) {
-        m_values = new QPlainTextEdit(this);
-        m_values->setObjectName(QStringLiteral("parameterValues"));
-        m_values->setTabChangesFocus(true);
-        m_values->setLineWrapMode(QPlainTextEdit::NoWrap);
-        m_values->setPlainText(valuesOf(chip).join(QLatin1Char('\n')));
-        m_values->setPlaceholderText(tr("По одному значению в строке"));
-        m_values->setMinimumHeight(fontMetrics().lineSpacing() * 6);
-        form->addRow(tr("&Значения"), m_values);
-    }
+    if (kind == ParameterKind::DateTime)
+        addFormat(form);
+    if (kind == ParameterKind::List)
+        addValues(form);
     m_optional->setObjectName(QStringLiteral("parameterOptional"));
     m_optional->setText(tr("Можно &оставить пустым"));
     m_optional->setChecked(chip.hasProperty("optional"));
@@ -118,6 +97,35 @@ TemplateEditorDialog::TemplateEditorDialog(const TemplateEditorChip& chip, QWidg
     connect(buttons, &QDialogButtonBox::accepted, this, &TemplateEditorDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &TemplateEditorDialog::reject);
     m_label->setFocus();
+}
+
+void TemplateEditorDialog::addFormat(QFormLayout* form)
+{
+    m_format = new QComboBox(this);
+    m_format->setObjectName(QStringLiteral("parameterFormat"));
+    m_format->setEditable(true);
+    m_format->addItems({QStringLiteral("dd.MM.yyyy hh:mm"), QStringLiteral("dd.MM.yyyy hh:mm:ss"),
+                        QStringLiteral("dd.MM.yyyy"), QStringLiteral("hh:mm"), QStringLiteral("hh:mm:ss"),
+                        QStringLiteral("dd.MM hh:mm")});
+    m_format->setEditText(m_chip.property("format"));
+    m_sample = new QLabel(this);
+    m_sample->setObjectName(QStringLiteral("parameterSample"));
+    form->addRow(tr("&Формат"), m_format);
+    form->addRow(tr("Пример"), m_sample);
+    connect(m_format, &QComboBox::editTextChanged, this, &TemplateEditorDialog::showSample);
+    showSample();
+}
+
+void TemplateEditorDialog::addValues(QFormLayout* form)
+{
+    m_values = new QPlainTextEdit(this);
+    m_values->setObjectName(QStringLiteral("parameterValues"));
+    m_values->setTabChangesFocus(true);
+    m_values->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_values->setPlainText(valuesOf(m_chip).join(QLatin1Char('\n')));
+    m_values->setPlaceholderText(tr("По одному значению в строке"));
+    m_values->setMinimumHeight(fontMetrics().lineSpacing() * 6);
+    form->addRow(tr("&Значения"), m_values);
 }
 
 QStringList TemplateEditorDialog::values() const

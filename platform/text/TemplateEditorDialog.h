@@ -6,6 +6,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
@@ -27,6 +28,8 @@ public:
     void accept() override;
 
 private:
+    void addFormat(QFormLayout* form);
+    void addValues(QFormLayout* form);
     QString problem() const;
     QStringList values() const;
     void showSample();

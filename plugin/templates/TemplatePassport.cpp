@@ -49,6 +49,18 @@ QWidget* centerCheckBox(QCheckBox* box)
     return cell;
 }
 
+QComboBox* markerBox()
+{
+    auto* box = new QComboBox;
+    for (const TemplateMarker& marker : templateMarkers) {
+        const QString path = QLatin1String(marker.icon);
+        box->addItem(marker.icon ? QIcon(path) : QIcon(),
+                     QCoreApplication::translate("TemplateMarkers", marker.label),
+                     marker.icon ? QVariant(path) : QVariant());
+    }
+    return box;
+}
+
 void configureTree(QTreeWidget* tree, const QString& widest)
 {
     tree->setUniformRowHeights(false);
@@ -161,16 +173,6 @@ void TemplatePassport::createTemplatePassport()
         edit->setFrame(false);
         return edit;
     };
-    const auto markerBox = [] {
-        auto* box = new QComboBox;
-        for (const TemplateMarker& marker : templateMarkers) {
-            const QString path = QLatin1String(marker.icon);
-            box->addItem(marker.icon ? QIcon(path) : QIcon(),
-                         QCoreApplication::translate("TemplateMarkers", marker.label),
-                         marker.icon ? QVariant(path) : QVariant());
-        }
-        return box;
-    };
 
     QLineEdit* name = lineEdit();
     name->setMaxLength(MDRFldByName(m_source.tables.templatesEdit.data.array, Field::nameLoc)->width);
@@ -194,13 +196,6 @@ void TemplatePassport::createTemplatePassport()
     html->setParameterFilter(m_source.parameterFilter);
     add(tr("Шаблон"), html, "templateHtmlEditor", editorHeight)
         ->setTextAlignment(0, Qt::AlignLeft | Qt::AlignTop);
-    const std::pair<QWidget*, QString> boxes[] = {{open, tr("Открытие смены")},
-                                                  {close, tr("Закрытие смены")},
-                                                  {time, tr("Требует введения времени выполнения")},
-                                                  {first, tr("Первый маркер")},
-                                                  {second, tr("Второй маркер")}};
-    for (const auto& [editor, label] : boxes)
-        editor->setAccessibleName(label);
     for (QWidget* editor : std::initializer_list<QWidget*>{name, open, close, time, first, second, command})
         editor->setEnabled(m_source.canEdit);
     html->setEnabled(m_source.canEdit); // a separate function: the shown text can still be selected
