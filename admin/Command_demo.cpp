@@ -6,6 +6,7 @@
 #include "StoreUrl.h"
 
 #include <chrono>
+#include <functional>
 #include <QDateTime>
 #include <thread>
 
@@ -45,6 +46,22 @@ bool admitAll(const QString& url, QString* message, StoreError* error)
                    .arg(names.join(QStringLiteral(", ")));
     return store != nullptr;
 }
+
+/// Writes so many records, or without end if \a count is negative.
+Command::ExitCode writeLive(const QString& url, int count, const std::function<qint64()>& now,
+                            Streams& streams)
+{
+    StoreError error;
+    for (int n = 0; n != count; ++n) {
+        if (!DemoStore::writeLiveRecord(url, now(), n, &error))
+            return Command::fail(streams, error);
+        streams.out << QStringLiteral("Запись %1 внесена\n").arg(n + 1);
+        streams.out.flush();
+        if (n + 1 != count)
+            std::this_thread::sleep_for(std::chrono::seconds(secondsBetweenLiveRecords));
+    }
+    return Command::Success;
+}
 } // namespace
 
 Command::ExitCode Command::demo(const QStringList& arguments, Streams& streams)
@@ -81,18 +98,10 @@ Command::ExitCode Command::demo(const QStringList& arguments, Streams& streams)
         constexpr qint64 hour = 3600;
         return QDateTime::currentSecsSinceEpoch() - hoursAgo * hour;
     };
-    StoreError error;
-    for (int n = 0; live && n != count; ++n) {
-        if (!DemoStore::writeLiveRecord(url, now(), n, &error))
-            return fail(streams, error);
-        streams.out << QStringLiteral("Запись %1 внесена\n").arg(n + 1);
-        streams.out.flush();
-        if (n + 1 != count)
-            std::this_thread::sleep_for(std::chrono::seconds(secondsBetweenLiveRecords));
-    }
     if (live)
-        return Success;
+        return writeLive(url, count, now, streams);
 
+    StoreError error;
     DemoStore::State state = DemoStore::State::Empty;
     bool known = DemoStore::state(url, now(), &state, &error);
     if (!known && error.code == StoreError::TooOld) {

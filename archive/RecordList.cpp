@@ -97,16 +97,9 @@ public:
         const MDRVar status = own(cell);
         const int state = status.isNull ? -1 : status.value.number;
         if (cell.role == Qt::DecorationRole) {
-            switch (state) {
-            case StatusApproved:
-                return CVrkCliMod::icon(QStringLiteral("apply"));
-            case StatusDraft:
-                return QIcon(QStringLiteral(":/archive/draft.png"));
-            case StatusDeleted:
-                return QIcon(QStringLiteral(":/archive/deleted.png"));
-            default:
-                return QVariant();
-            }
+            const QStringList icons{QStringLiteral("apply"), QStringLiteral(":/archive/draft.png"),
+                                    QStringLiteral(":/archive/deleted.png")};
+            return state >= 0 && state < icons.size() ? CVrkCliMod::icon(icons.at(state)) : QVariant();
         }
         if (cell.role != Qt::ToolTipRole && cell.role != Qt::AccessibleTextRole)
             return cell.role == Qt::DisplayRole ? QVariant() : Cell::data(cell);
