@@ -6,6 +6,15 @@
 
 #include <QTextCodec>
 
+namespace
+{
+/// To Qt 6 a variant with a null text is not null.
+bool isNull(const QVariant& value)
+{
+    return value.isNull() || (value.userType() == QMetaType::QString && value.toString().isNull());
+}
+} // namespace
+
 struct DemoWriter::Batch {
     explicit Batch(const CatalogTable& declared) : table(declared)
     {
@@ -38,7 +47,7 @@ MDRData* DemoWriter::row(const char* table, MDRFlag flag, const QByteArray& key,
             qFatal("The table %s has no field %s", table, name);
         if (!value.isValid())
             continue;
-        if (value.isNull()) {
+        if (isNull(value)) {
             batch->rows->SetValF(record, name, MDRValue::null());
             continue;
         }

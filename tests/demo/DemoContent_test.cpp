@@ -34,6 +34,7 @@ private slots:
     void hasWhatWasPromised()
     {
         QCOMPARE(demo.count(QStringLiteral("Departments")), 5);
+        QCOMPARE(demo.count(QStringLiteral("Departments WHERE ParentKey IS NULL")), 3);
         QCOMPARE(demo.count(QStringLiteral("Equipment WHERE kind = 'substation'")), 12);
         QCOMPARE(demo.count(QStringLiteral("Equipment WHERE kind = 'line'")), 18);
         QCOMPARE(demo.count(QStringLiteral("Equipment WHERE kind = 'bay'")), 120);
