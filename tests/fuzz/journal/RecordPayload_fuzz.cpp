@@ -13,7 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static int count = 1;
     static char name[] = "paste_fuzz";
     static char* names[] = {name, nullptr};
-    static const QApplication application(count, names);
+    // Never destroyed: at the exit of the program, parts of Qt 6 have gone before it.
+    [[maybe_unused]] static const auto* const application = new QApplication(count, names);
     static const TestStore store;
     static TestJournal journal(store);
     static const QString countSql = QStringLiteral("SELECT count(*) FROM LogbookRecords");
