@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a step needs and that are not installed yet: dependencies.sh
-# build|test|check|lint|fuzz|qt6 ...
+# build|test|check|lint|coverage|fuzz|qt6 ...
 # The lists are read by their names.
 # shellcheck disable=SC2034
 set -euo pipefail
@@ -13,6 +13,7 @@ desk="xvfb x11-xkb-utils openbox python3-xlib"
 check="clang-format-14 git shellcheck pyflakes3"
 lint="clang-tidy-14 clazy"
 clock="faketime"
+coverage="gcovr"
 qt6="qt6-base-dev qt6-5compat-dev qt6-declarative-dev"
 fuzz="clang-14 libclang-rt-14-dev"
 bench="libbenchmark-dev"
