@@ -164,11 +164,13 @@ bool EvidenceExport::write(const QDir& folder, StoreError* error)
 {
     m_folder = folder;
     EpochHistory epochs;
-    if (!m_folder.mkpath(QStringLiteral("heads")) ||
-        m_folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size() > 1)
+    if (!findHead(error) || !epochs.load(m_log))
+        return false;
+    if (!m_folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden).isEmpty() ||
+        !m_folder.mkpath(QStringLiteral("heads")))
         return StoreErrors::raise(error, StoreError::BadRequest, "Папка «%1» должна быть новой или пустой.",
                                   m_folder.path());
-    if (!findHead(error) || !epochs.load(m_log) || !writeLog(error))
+    if (!writeLog(error))
         return false;
     const HashTiles tiles(m_log, m_head.size);
     const QByteArray proofs = proof(tiles, epochs);

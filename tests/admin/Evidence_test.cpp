@@ -19,6 +19,8 @@ private slots:
     void aSealNamesSizeAndRoot();
     void aSecondSealOfTheSameLogChangesNothing();
     void theKeyIsReadByItsOwnerOnly();
+    void aFileWithoutAnOpenKeyIsRefused_data();
+    void aFileWithoutAnOpenKeyIsRefused();
     void anotherKeyDoesNotReplaceTheFirst();
     void whileAKeyIsReplacedBothSign();
     void anExportIsProvenByTheVerifier();
@@ -138,6 +140,28 @@ void Evidence_test::theKeyIsReadByItsOwnerOnly()
              QFile::Permissions());
 }
 
+void Evidence_test::aFileWithoutAnOpenKeyIsRefused_data()
+{
+    QTest::addColumn<QStringList>("made"); // by openssl
+    QTest::newRow("RSA") << QStringList{QStringLiteral("RSA")};
+    QTest::newRow("protected by a password")
+        << QStringList{QStringLiteral("ED25519"), QStringLiteral("-aes256"), QStringLiteral("-pass"),
+                       QStringLiteral("pass:secret")};
+}
+
+void Evidence_test::aFileWithoutAnOpenKeyIsRefused()
+{
+    QFETCH(QStringList, made);
+    QProcess openssl;
+    openssl.start(QStringLiteral("openssl"), QStringList{QStringLiteral("genpkey"), QStringLiteral("-out"),
+                                                         key(), QStringLiteral("-algorithm")} +
+                                                 made);
+    QVERIFY(openssl.waitForFinished(60000) && openssl.exitCode() == 0);
+    QCOMPARE(seal(), int(Command::Failed));
+    QVERIFY2(m_admin->err.contains(QStringLiteral("нет ключа Ed25519")), qPrintable(m_admin->err));
+    QCOMPARE(m_store->value(QStringLiteral("SELECT count(*) FROM LogHeads")).toInt(), 0);
+}
+
 void Evidence_test::anotherKeyDoesNotReplaceTheFirst()
 {
     QCOMPARE(seal({QStringLiteral("--init")}), 0);
@@ -243,6 +267,7 @@ void Evidence_test::anExportLeavesAFullFolderAlone()
     QCOMPARE(int(m_admin->call("export-evidence", {folder})), int(Command::Failed));
     QVERIFY(m_admin->err.contains(QStringLiteral("новой или пустой")));
     QVERIFY(!QFile::exists(folder + QStringLiteral("/log.jsonl")));
+    QVERIFY(!QFile::exists(folder + QStringLiteral("/heads")));
 }
 
 void Evidence_test::attacksAreFound_data()

@@ -23,6 +23,12 @@ const unsigned char* raw(const QByteArray& bytes)
     return reinterpret_cast<const unsigned char*>(bytes.constData());
 }
 
+/// Instead of the library's own, which asks on the terminal.
+int noPassword(char*, int, int, void*)
+{
+    return -1;
+}
+
 /// A file of its own that only the user reads. False if it exists or cannot be written.
 bool writeNew(const QString& name, const QByteArray& content)
 {
@@ -127,7 +133,7 @@ std::unique_ptr<SealKey> SealKey::load(const QString& file, QString* error)
         return nullptr;
     const QByteArray content = pem.read(65536);
     const Bio memory(BIO_new_mem_buf(content.constData(), content.size()), BIO_free);
-    EVP_PKEY* key = memory ? PEM_read_bio_PrivateKey(memory.get(), nullptr, nullptr, nullptr) : nullptr;
+    EVP_PKEY* key = memory ? PEM_read_bio_PrivateKey(memory.get(), nullptr, noPassword, nullptr) : nullptr;
     *error = QString::fromUtf8("В файле «%1» нет ключа Ed25519.").arg(file);
     const QByteArray line = content.left(content.indexOf('\n'));
     const QByteArray name = line.startsWith(nameMark) ? line.mid(sizeof nameMark - 1).trimmed() : "seal";
