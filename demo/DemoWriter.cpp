@@ -11,7 +11,8 @@ namespace
 /// To Qt 6 a variant with a null text is not null.
 bool isNull(const QVariant& value)
 {
-    return value.isNull() || (value.userType() == QMetaType::QString && value.toString().isNull());
+    return value.isNull() || (value.userType() == QMetaType::QString && value.toString().isNull()) ||
+           (value.userType() == QMetaType::QByteArray && value.toByteArray().isNull());
 }
 } // namespace
 
