@@ -38,8 +38,10 @@ bool audit(const QString& url, const QString& headsPath, const QString& paper,
     QMap<qint64, QByteArray> stored;
     if (!log->heads(&stored))
         return false;
-    QVector<LogAudit::Claim> claims =
-        LogAudit::claims(stored.values().toVector(), keys, QStringLiteral("в хранилище"), findings);
+    QVector<QByteArray> own;
+    for (const QByteArray& note : qAsConst(stored))
+        own.append(note);
+    QVector<LogAudit::Claim> claims = LogAudit::claims(own, keys, QStringLiteral("в хранилище"), findings);
     if (!headsPath.isNull()) {
         QVector<QByteArray> notes;
         if (!HeadBook::read(headsPath, &notes) || notes.isEmpty()) {
