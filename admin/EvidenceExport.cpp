@@ -100,12 +100,14 @@ bool EvidenceExport::writeTransaction(const LoggedTransaction& transaction, cons
     if (isSealed)
         m_whole.append(transaction.number - 1);
     ++m_count;
+    // A damaged tree still lets the rows be exported: the verifier computes it again.
+    const QByteArray leaf = isSealed ? '"' + tiles.leaf(transaction.number - 1).base64() + '"' : QByteArray();
     const QByteArray line =
         "{\"number\": " + QByteArray::number(transaction.number) +
         ", \"batchKey\": " + ChangeRow::quoted(transaction.batchKey) +
         ", \"login\": " + ChangeRow::quoted(transaction.login) + ", \"role\": \"" + transaction.role() +
-        "\", \"time\": " + number(transaction.time) + ", \"leaf\": " +
-        (isSealed ? '"' + tiles.leaf(transaction.number - 1).base64() + '"' : QByteArray("null")) +
+        "\", \"time\": " + number(transaction.time) +
+        ", \"leaf\": " + (isSealed && !tiles.isBroken() ? leaf : QByteArray("null")) +
         ", \"rowCount\": " + QByteArray::number(transaction.rows.size()) +
         ", \"hidden\": " + list(LogLeaf::rows(transaction).hidden(shown, transaction.rows.size())) +
         ", \"rows\": [" + rows + "]}\n";

@@ -17,6 +17,9 @@ private slots:
     void init();
 
     void aSealNamesSizeAndRoot();
+    void aSealTiesItsWritesToTheFile();
+    void aDamagedTreeIsNotContinued();
+    void filesThatAreNoHeadsAreNone();
     void aSecondSealOfTheSameLogChangesNothing();
     void theKeyIsReadByItsOwnerOnly();
     void aFileWithoutAnOpenKeyIsRefused_data();
@@ -116,6 +119,43 @@ void Evidence_test::aSealNamesSizeAndRoot()
         QStringLiteral("vrk-logbook/") +
         m_store->value(QStringLiteral("SELECT value FROM StoreProperties WHERE name = 'epoch'")).toString()));
     QCOMPARE(m_admin->call("check"), 0);
+}
+
+void Evidence_test::aSealTiesItsWritesToTheFile()
+{
+    if (!TestStore::isSqlite())
+        QSKIP("The write-ahead log of a SQLite file.");
+    QCOMPARE(seal({QStringLiteral("--init")}), 0);
+    const QVariantList marks = m_store->rows(QStringLiteral("SELECT former, present FROM LogMark")).value(0);
+    // The transaction that published the key has the mark before that of the seal.
+    QCOMPARE(marks.value(0),
+             m_store->value(QStringLiteral("SELECT chain FROM ChangeTransactions ORDER BY number DESC")));
+    QVERIFY(marks.value(1) != marks.value(0));
+}
+
+void Evidence_test::aDamagedTreeIsNotContinued()
+{
+    QCOMPARE(seal({QStringLiteral("--init")}), 0);
+    write("второй вариант");
+    for (const char* damage :
+         {"UPDATE LogTiles SET hashes = substr(hashes, 1, 32)", "DELETE FROM LogTiles"}) {
+        QCOMPARE(m_store->exec(QLatin1String(damage)), QString());
+        QCOMPARE(seal(), int(Command::Failed));
+        QCOMPARE(m_store->value(QStringLiteral("SELECT count(*) FROM LogHeads")).toInt(), 1);
+        QCOMPARE(int(m_admin->call("check")), int(Command::FaultsFound));
+        // The whole export is proven without the tree, a part of it is not.
+        QVERIFY2(verify({}, {}) == 0, qPrintable(m_said));
+        QCOMPARE(verify({QStringLiteral("--record"), QStringLiteral("REC_ORDER")}, {}), -1);
+        QVERIFY2(m_said.contains(QStringLiteral("повреждено")), qPrintable(m_said));
+    }
+}
+
+void Evidence_test::filesThatAreNoHeadsAreNone()
+{
+    QCOMPARE(HeadBook::parse("").size(), 0);
+    QCOMPARE(HeadBook::parse("text\nvrk-logbook").size(), 0);
+    const QByteArray note = "vrk-logbook/A\n1\nx\n\ny\n";
+    QCOMPARE(HeadBook::parse("text\n" + note + note), (QVector<QByteArray>{note, note}));
 }
 
 void Evidence_test::aSecondSealOfTheSameLogChangesNothing()

@@ -75,6 +75,8 @@ bool Seal::make(EvidenceLog& log, const std::vector<std::unique_ptr<SealKey>>& k
     if (!tiles.flush() || !contains(log, tiles, known, error))
         return false;
     head.root = tiles.root();
+    if (tiles.isBroken())
+        return refuse(error, "Журнал изменений или его дерево повреждены до транзакции %1.", tiles.size());
     head.time = QDateTime::currentDateTimeUtc();
     *note = head.note(keys);
     if (note->isEmpty())

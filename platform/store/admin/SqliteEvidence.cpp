@@ -127,7 +127,9 @@ bool SqliteEvidence::commit()
         isDone = head.run();
         head.reset();
     }
-    if (isDone)
+    // As every transaction does, so that the write-ahead log names its file (SqliteWal).
+    SqliteStatement mark = m_read->prepare("UPDATE LogMark SET former = present, present = randomblob(32)");
+    if (isDone && mark.run())
         return m_read->exec("COMMIT", m_error);
     *m_error = m_read->lastError();
     return false;

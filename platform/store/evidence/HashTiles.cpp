@@ -75,7 +75,12 @@ bool HashTiles::append(int level, qint64 index, const TreeHash& hash)
 
 bool HashTiles::append(const TreeHash& leaf)
 {
-    return !m_isBroken && append(0, m_size++, leaf);
+    if (m_isBroken || !append(0, m_size, leaf)) {
+        m_isBroken = true;
+        return false;
+    }
+    ++m_size;
+    return true;
 }
 
 bool HashTiles::flush()

@@ -15,7 +15,8 @@ public:
 
     qint64 size() const override { return m_size; }
     TreeHash leaf(qint64 number) const { return complete(0, number); }
-    /// A tile was missing, too short or could not be read: all hashes since then are wrong.
+    /// A tile was missing, too short or could not be read: all hashes since then are wrong, and nothing more is
+    /// added.
     bool isBroken() const { return m_isBroken; }
 
     /// Adds a leaf; flush() writes the tiles that have changed.

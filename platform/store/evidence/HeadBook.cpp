@@ -8,10 +8,14 @@ QVector<QByteArray> HeadBook::parse(const QByteArray& text)
 {
     static const QByteArray begin = "vrk-logbook/";
     QVector<QByteArray> notes;
-    for (int at = text.startsWith(begin) ? 0 : text.indexOf('\n' + begin) + 1; at >= 0 && at < text.size();) {
-        const int next = text.indexOf('\n' + begin, at) + 1;
-        notes.append(text.mid(at, next > 0 ? next - at : -1));
-        at = next > 0 ? next : text.size();
+    const auto noteFrom = [&text](int from) {
+        const int at = text.indexOf('\n' + begin, from);
+        return at < 0 ? text.size() : at + 1;
+    };
+    for (int at = text.startsWith(begin) ? 0 : noteFrom(0); at < text.size();) {
+        const int next = noteFrom(at);
+        notes.append(text.mid(at, next - at));
+        at = next;
     }
     return notes;
 }
