@@ -239,13 +239,13 @@ private slots:
                  Command::Success);
         QCOMPARE(shifts.number("endTime"), double(end.toSecsSinceEpoch()));
         QCOMPARE(shifts.number("startTime"), start);
-        // The log keeps who, when and why; the list shows it.
+        // The log keeps role, time and reason; the list shows it.
         QCOMPARE(shifts.store
-                     .value(QStringLiteral("SELECT L.rowKey || T.login FROM ChangeTransactions AS T JOIN "
+                     .value(QStringLiteral("SELECT L.rowKey || T.loader FROM ChangeTransactions AS T JOIN "
                                            "ChangeLog AS L ON L.number = T.number WHERE T.batchKey LIKE "
                                            "'%опечатка в годе: 2066'"))
                      .toString(),
-                 QStringLiteral("SHIFT_CDS_OPENloader"));
+                 QStringLiteral("SHIFT_CDS_OPEN1"));
         QCOMPARE(shifts.call("shift", {QStringLiteral("list")}), Command::Success);
         QVERIFY2(shifts.out.contains(QStringLiteral(": опечатка в годе: 2066\n")), qPrintable(shifts.out));
         QCOMPARE(shifts.out.count(QStringLiteral("опечатка")), 1); // below this shift only
