@@ -63,6 +63,9 @@ bool SealFiles::replace(StoreError* error) const
 
 bool SealFiles::load(std::vector<std::unique_ptr<SealKey>>* keys, StoreError* error) const
 {
+    if (!QFile::exists(m_key))
+        return fail(QStringLiteral("Ключа «%1» нет. Создайте его: vrk-admin seal URL --init").arg(m_key),
+                    error);
     for (const QString& file : {m_key, formerFile()}) {
         if (file != m_key && !QFile::exists(file))
             continue;
