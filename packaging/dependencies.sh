@@ -1,19 +1,20 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a step needs and that are not installed yet: dependencies.sh
-# build|test|check|lint|coverage|fuzz|qt6 ...
+# build|test|packages|check|lint|coverage|fuzz|qt6 ...
 # The lists are read by their names.
 # shellcheck disable=SC2034
 set -euo pipefail
 
 tour="xvfb xauth"
-build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclarative5-dev libsqlite3-dev libpq-dev libssl-dev qttranslations5-l10n librsvg2-bin
-       fonts-dejavu-core fonts-liberation tzdata ca-certificates"
-test="sqlite3 python3 postgresql openssl poppler-utils"
+build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclarative5-dev libsqlite3-dev libpq-dev libssl-dev libqrencode-dev
+       libhunspell-dev hunspell-ru qttranslations5-l10n librsvg2-bin
+       fonts-dejavu-core fonts-liberation tzdata ca-certificates python3"
+test="sqlite3 python3 postgresql openssl poppler-utils zbar-tools bash-completion groff-base man-db"
+packages="dpkg-dev debhelper fakeroot"
 desk="xvfb x11-xkb-utils openbox python3-xlib"
 check="clang-format-14 git shellcheck pyflakes3"
 lint="clang-tidy-14 clazy"
 clock="faketime"
-coverage="gcovr"
 qt6="qt6-base-dev qt6-5compat-dev qt6-declarative-dev"
 fuzz="clang-14 libclang-rt-14-dev"
 bench="libbenchmark-dev"
