@@ -16,3 +16,19 @@ QString AdminText::content(const char* name)
         qFatal("The program has lost its file %s", name);
     return QString::fromUtf8(file.readAll());
 }
+
+QString AdminText::printable(const QString& text)
+{
+    QString shown;
+    for (const QChar character : text) {
+        const QChar::Category kind = character.category();
+        if (kind == QChar::Other_Control || kind == QChar::Other_Format || kind == QChar::Separator_Line ||
+            kind == QChar::Separator_Paragraph)
+            shown += character == QLatin1Char('\n')
+                         ? QStringLiteral("\\n")
+                         : QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
+        else
+            shown += character;
+    }
+    return shown;
+}

@@ -7,4 +7,7 @@ namespace AdminText
 {
 /// The whole text of a file such as "help.txt".
 QString content(const char* file);
+/// A text of the store for one line of a terminal: characters that would move the cursor, change colours, end the
+/// line or turn its direction become visible escapes.
+QString printable(const QString& text);
 } // namespace AdminText

@@ -13,25 +13,16 @@ struct Entry {
 };
 
 const Entry entries[] = {
-    {"init", Command::init},
-    {"setup", Command::setup},
-    {"demo", Command::demo},
-    {"doctor", Command::doctor},
-    {"check", Command::check},
-    {"upgrade", Command::upgrade},
-    {"export", Command::exportSheets},
-    {"import", Command::importSheets, Command::importWords},
-    {"backup", Command::backup},
-    {"restore", Command::restore},
-    {"user", Command::user},
-    {"right", Command::right, Command::rightWords},
-    {"file", Command::file},
-    {"option", Command::option},
-    {"shift", Command::shift},
-    {"seal", Command::seal},
-    {"export-evidence", Command::exportEvidence},
-    {"history", Command::history},
-    {"watchdog", Command::watchdog, Command::watchdogWords},
+    {"init", Command::init},           {"setup", Command::setup},
+    {"demo", Command::demo},           {"doctor", Command::doctor},
+    {"check", Command::check},         {"upgrade", Command::upgrade},
+    {"export", Command::exportSheets}, {"import", Command::importSheets, Command::importWords},
+    {"backup", Command::backup},       {"restore", Command::restore},
+    {"user", Command::user},           {"right", Command::right, Command::rightWords},
+    {"file", Command::file},           {"option", Command::option},
+    {"words", Command::words},         {"shift", Command::shift},
+    {"seal", Command::seal},           {"export-evidence", Command::exportEvidence},
+    {"history", Command::history},     {"watchdog", Command::watchdog, Command::watchdogWords},
 };
 
 bool isHelp(const QString& argument)
@@ -85,8 +76,8 @@ Command::ExitCode Command::report(const QVector<StoreAdmin::Finding>& findings, 
     for (const StoreAdmin::Finding& finding : findings) {
         const bool isFault = finding.grade == StoreAdmin::Finding::Fault;
         faults += isFault ? 1 : 0;
-        streams.out << (isFault ? QStringLiteral("Ошибка: ") : QStringLiteral("Примечание: ")) << finding.text
-                    << QLatin1Char('\n');
+        streams.out << (isFault ? QStringLiteral("Ошибка: ") : QStringLiteral("Примечание: "))
+                    << AdminText::printable(finding.text) << QLatin1Char('\n');
     }
     streams.out << (faults ? QStringLiteral("Найдено ошибок: %1\n").arg(faults) : clean);
     return faults ? FaultsFound : Success;

@@ -63,6 +63,8 @@ ExitCode right(const QStringList& arguments, Streams& streams);
 ExitCode file(const QStringList& arguments, Streams& streams);
 /// Shows and sets the options for the control of the length of workshifts.
 ExitCode option(const QStringList& arguments, Streams& streams);
+/// Words that the check of spelling knows at all workstations of the site.
+ExitCode words(const QStringList& arguments, Streams& streams);
 /// Shows the shifts that may be corrected, and corrects mistyped bounds of one.
 ExitCode shift(const QStringList& arguments, Streams& streams);
 /// Extends the tree over the change log and signs its head; creates and replaces the key.

@@ -28,12 +28,10 @@ bool audit(const QString& url, const QString& headsPath, const QString& paper,
            QVector<StoreAdmin::Finding>* findings, StoreError* error)
 {
     const auto store = Store::open(url, {}, error);
-    const auto log = store ? StoreAdmin::openEvidence(url, EvidenceLog::Read, error) : nullptr;
+    const auto log = store ? store->evidence(Store::Access::Read, error) : nullptr;
     QByteArray keyLines;
-    if (!log || (!store->file(SealFiles::keysFolder(), SealFiles::keysName(), &keyLines, error) &&
-                 error->code != StoreError::NoSuchRow))
+    if (!log || !SealFiles::published(store.get(), &keyLines, error))
         return false;
-    error->clear();
     const QVector<VerifierKey> keys = VerifierKey::parseAll(keyLines);
     QMap<qint64, QByteArray> stored;
     if (!log->heads(&stored))

@@ -20,6 +20,7 @@ Command::ExitCode Command::exportEvidence(const QStringList& arguments, Streams&
     QStringList rest = arguments;
     const QString from = Arguments::takeValue(&rest, QStringLiteral("--from"));
     const QString to = Arguments::takeValue(&rest, QStringLiteral("--to"));
+    const QString heads = Arguments::takeValue(&rest, QStringLiteral("--heads"));
     EvidenceExport::Choice choice;
     choice.record = Arguments::takeValue(&rest, QStringLiteral("--record")).toUtf8();
     if (rest.size() != 2 || rest.constLast().startsWith(QLatin1String("--")))
@@ -34,12 +35,14 @@ Command::ExitCode Command::exportEvidence(const QStringList& arguments, Streams&
         streams.err << QStringLiteral("Время пишется так: дд.ММ.гггг чч:мм.\n");
         return Failed;
     }
+    if (!heads.isNull() && (!HeadBook::read(heads, &choice.heads) || choice.heads.isEmpty())) {
+        streams.err << QStringLiteral("В «%1» нет печатей.\n").arg(heads);
+        return Failed;
+    }
     QByteArray keys;
-    if (!store->file(SealFiles::keysFolder(), SealFiles::keysName(), &keys, &error) &&
-        error.code != StoreError::NoSuchRow)
+    if (!SealFiles::published(store.get(), &keys, &error))
         return fail(streams, error);
-    error.clear();
-    const auto log = StoreAdmin::openEvidence(rest.constFirst(), EvidenceLog::Read, &error);
+    const auto log = store->evidence(Store::Access::Read, &error);
     if (!log)
         return fail(streams, error);
     EvidenceExport evidence(*log, keys, choice);

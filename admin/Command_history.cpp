@@ -1,9 +1,11 @@
 #include "Command.h"
 
-#include "ChangeRow.h"
+#include "AdminText.h"
+#include "EvidenceLog.h"
+#include "LogHistory.h"
 #include "ShiftBook.h"
+#include "SignatureLines.h"
 #include "StoreZone.h"
-#include "TableCatalog.h"
 
 namespace
 {
@@ -15,50 +17,47 @@ QHash<QString, QString> namesOf(Store& store)
 {
     QHash<QString, QString> names;
     for (const StoreLogin& login : store.logins())
-        names.insert(login.login, login.name);
+        names.insert(AdminText::printable(login.login), AdminText::printable(login.name));
     return names;
 }
 
-const CatalogTable* tableOf(const QByteArray& name)
+QString shown(const QVariant& value)
 {
-    for (const CatalogTable& table : TableCatalog::loggedTables())
-        if (table.name == name)
-            return &table;
-    return nullptr;
-}
-
-QString shown(const ChangeRow& row, int place, MDRType type)
-{
-    const QByteArray raw = row.raw(place);
-    if (raw.isEmpty() || row.isNull(place))
+    if (!value.isValid())
         return QStringLiteral("-");
-    if (type == mdr_TDouble && row.number(place) >= earliestTime)
-        return ShiftBook::shown(row.number(place));
-    const QString text = QString::fromUtf8(raw.startsWith('"') ? row.text(place) : raw);
-    return text.size() > longestValue ? text.left(longestValue) + QStringLiteral("…") : text;
+    if (value.type() == QVariant::Double && value.toDouble() >= earliestTime)
+        return ShiftBook::shown(value.toDouble());
+    const QVariantMap bytes = value.toMap();
+    const QString text = bytes.isEmpty() ? value.toString()
+                                         : QStringLiteral("SHA-256 %1, байт: %2")
+                                               .arg(bytes.value(QStringLiteral("sha256")).toString(),
+                                                    bytes.value(QStringLiteral("length")).toString());
+    return AdminText::printable(text.size() > longestValue ? text.left(longestValue) + QStringLiteral("…")
+                                                           : text);
 }
 
-void tell(const LoggedRow& row, QTextStream& out)
+void tell(const RowChange& change, QTextStream& out)
 {
-    const CatalogTable* table = tableOf(row.table);
-    const ChangeRow before(row.oldRow);
-    const ChangeRow after(row.newRow);
     const char* events[] = {"внесена", "изменена", "удалена"};
-    out << QStringLiteral("  %1: %2\n")
-               .arg(QString::fromUtf8(row.table),
-                    QString::fromUtf8(events[qBound(Q_INT64_C(0), row.event - 601, Q_INT64_C(2))]));
-    for (int i = 0; table && i < table->fields.size(); ++i) {
-        const QByteArray null = "null";
-        const QByteArray was = before.raw(i).isEmpty() ? null : before.raw(i);
-        const QByteArray is = after.raw(i).isEmpty() ? null : after.raw(i);
-        if (was == is)
-            continue;
-        const CatalogField& field = table->fields[i];
-        out << QStringLiteral("    %1: ").arg(QString::fromUtf8(field.name));
-        if (row.event == 602)
-            out << shown(before, i, field.type) << QStringLiteral(" -> ");
-        out << shown(row.event == 603 ? before : after, i, field.type) << QLatin1Char('\n');
+    out << QStringLiteral("  %1: %2. %3\n")
+               .arg(AdminText::printable(QString::fromUtf8(change.table)),
+                    QString::fromUtf8(events[qBound(0, change.event - RowChange::Inserted, 2)]),
+                    AdminText::printable(change.deed()));
+    for (const int i : change.differences()) {
+        out << QStringLiteral("    %1: ").arg(QString::fromUtf8(change.fields.at(i)));
+        if (change.event == RowChange::Changed)
+            out << shown(change.before.value(i)) << QStringLiteral(" -> ");
+        out << shown(change.event == RowChange::Removed ? change.before.value(i) : change.after.value(i))
+            << QLatin1Char('\n');
     }
+}
+
+QString writer(const RowChange& change, const QHash<QString, QString>& names)
+{
+    const QString login = AdminText::printable(change.login);
+    if (change.isAdministrator)
+        return QStringLiteral("администратор (%1)").arg(login);
+    return names.contains(login) ? QStringLiteral("%1 (%2)").arg(names.value(login), login) : login;
 }
 } // namespace
 
@@ -68,33 +67,25 @@ Command::ExitCode Command::history(const QStringList& arguments, Streams& stream
         return WrongUsage;
     StoreError error;
     const auto store = Store::open(arguments[0], {}, &error);
-    const auto log = store ? StoreAdmin::openEvidence(arguments[0], EvidenceLog::Read, &error) : nullptr;
-    const QByteArray key = arguments[1].toUtf8();
-    QVector<qint64> numbers;
-    if (!log || !log->numbersOf(key, QByteArray(), &numbers))
+    const auto log = store ? store->evidence(Store::Access::Read, &error) : nullptr;
+    QVector<RowChange> changes;
+    if (!log || !LogHistory(log.get()).ofRow(arguments[1].toUtf8(), &changes))
         return fail(streams, error);
-    if (numbers.isEmpty()) {
+    if (changes.isEmpty()) {
         streams.err << QStringLiteral("В журнале изменений нет строки с ключом «%1».\n").arg(arguments[1]);
         return Failed;
     }
     const StoreZone zone(*store);
     const QHash<QString, QString> names = namesOf(*store);
-    const auto take = [&](const LoggedTransaction& transaction) {
-        const QString login = QString::fromUtf8(transaction.login);
-        streams.out << QStringLiteral("%1  %2  транзакция %3\n")
-                           .arg(ShiftBook::shown(transaction.time),
-                                transaction.isLoader ? QStringLiteral("администратор (%1)").arg(login)
-                                : names.contains(login)
-                                    ? QStringLiteral("%1 (%2)").arg(names.value(login), login)
-                                    : login)
-                           .arg(transaction.number);
-        for (const LoggedRow& row : transaction.rows)
-            if (row.key == key)
-                tell(row, streams.out);
-        return true;
-    };
-    for (const qint64 number : qAsConst(numbers))
-        if (!log->read(number, number, take))
-            return fail(streams, error);
+    qint64 number = 0;
+    for (const RowChange& change : qAsConst(changes)) {
+        if (change.number != number)
+            streams.out << QStringLiteral("%1  %2  транзакция %3\n")
+                               .arg(ShiftBook::shown(change.time), writer(change, names))
+                               .arg(change.number);
+        number = change.number;
+        tell(change, streams.out);
+        streams.out << SignatureLines::of(change, changes);
+    }
     return Success;
 }

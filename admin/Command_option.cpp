@@ -13,6 +13,7 @@ const QString fileName = QStringLiteral("OperLogOptions");
 const QString checkLength = QStringLiteral("CheckLengthShift");
 const QString delay = QStringLiteral("DelayTime");
 const QString interval = QStringLiteral("IntervalMessage");
+const QString visa = QStringLiteral("VisaPassword");
 /// Not in the file: the store's own rules use it.
 const QString longest = QStringLiteral("LongestShift");
 /// The workstations count the interval in 32-bit milliseconds.
@@ -48,7 +49,7 @@ QString spanOf(qint64 seconds)
 /// The stored form of an option's typed value; null if the value is invalid.
 QString storedValue(const QString& name, const QString& typed)
 {
-    if (name != checkLength) {
+    if (name != checkLength && name != visa) {
         const qint64 seconds = secondsOf(typed.toLower());
         return seconds < (name == longest ? 1 : 0) ? QString() : QString::number(seconds);
     }
@@ -93,11 +94,15 @@ int numberOf(const OptionsFile& file, const QString& name)
 void tell(const OptionsFile& file, int longestShift, Streams& streams)
 {
     const bool isOn = numberOf(file, checkLength) != 0;
-    streams.out << checkLength << (isOn ? QStringLiteral("=on\n") : QStringLiteral("=off\n"));
+    const auto tellSwitch = [&](const QString& name) {
+        streams.out << name << (numberOf(file, name) != 0 ? "=on\n" : "=off\n");
+    };
+    tellSwitch(checkLength);
     for (const QString& name : {delay, interval})
         streams.out << name << QLatin1Char('=') << spanOf(numberOf(file, name)) << QLatin1Char('\n');
+    tellSwitch(visa);
     streams.out << longest << QLatin1Char('=') << spanOf(longestShift) << QLatin1Char('\n');
-    for (const QString& name : {checkLength, delay, interval}) {
+    for (const QString& name : {checkLength, delay, interval, visa}) {
         bool isNumber = false;
         file.value(name).toInt(&isNumber);
         if (!file.value(name).isNull() && !isNumber)
@@ -124,7 +129,7 @@ Command::ExitCode Command::option(const QStringList& arguments, Streams& streams
         const QString name = argument.section(QLatin1Char('='), 0, 0);
         const QString typed = argument.section(QLatin1Char('='), 1);
         QString fault;
-        if (name != checkLength && name != delay && name != interval && name != longest)
+        if (name != checkLength && name != delay && name != interval && name != visa && name != longest)
             fault = QStringLiteral("Нет настройки «%1».").arg(name);
         else if (values.contains(name))
             fault = QStringLiteral("Настройка «%1» названа дважды.").arg(name);

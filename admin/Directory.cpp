@@ -62,6 +62,16 @@ bool readTable(Store* store, const QByteArray& name, QHash<QByteArray, Directory
     return true;
 }
 
+DirectoryRow rowOf(const RowChange& change)
+{
+    DirectoryRow row;
+    row.key = change.key;
+    for (int i = 0; i < change.after.size(); ++i)
+        if (change.after.at(i).isValid())
+            row.values.insert(change.fields.at(i), change.after.at(i));
+    return row;
+}
+
 QString identityOf(const Sheet& sheet, const DirectoryRow& row)
 {
     QStringList parts;
@@ -84,7 +94,24 @@ bool Directory::load(Store* store, StoreError* error)
     if (!readTable(store, "UserRights", &rights, error))
         return false;
     for (const DirectoryRow& row : qAsConst(rights))
-        m_rights[row.reference("UserKey")].insert(row.text("rightName"), row.key);
+        addRight(row);
+    return true;
+}
+
+bool Directory::load(LogHistory* history, qint64 number)
+{
+    QByteArrayList tables{"UserRights"};
+    for (const Sheet& sheet : Sheets::all())
+        tables << sheet.table;
+    QVector<RowChange> rows;
+    if (!history->tablesAt(tables, number, &rows))
+        return false;
+    for (const RowChange& change : qAsConst(rows)) {
+        if (change.table == "UserRights")
+            addRight(rowOf(change));
+        else
+            m_tables[change.table].rows.insert(change.key, rowOf(change));
+    }
     return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LogHistory.h"
 #include "Sheet.h"
 #include "Store.h"
 
@@ -24,6 +25,8 @@ class Directory
 public:
     /// False if the store cannot be read.
     bool load(Store* store, StoreError* error);
+    /// The rows as they were after a transaction of the change log. False if the log cannot be read.
+    bool load(LogHistory* history, qint64 number);
 
     /// Sorted by label.
     QVector<const DirectoryRow*> rows(const QByteArray& table) const;
@@ -60,6 +63,10 @@ private:
 
     QString label(const QByteArray& table, const DirectoryRow& row, int depth) const;
     void enter(const QByteArray& table, const DirectoryRow& row) const;
+    void addRight(const DirectoryRow& row)
+    {
+        m_rights[row.reference("UserKey")].insert(row.text("rightName"), row.key);
+    }
     const Table& indexed(const QByteArray& table) const;
 
     mutable QHash<QByteArray, Table> m_tables;

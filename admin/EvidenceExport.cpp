@@ -2,7 +2,9 @@
 
 #include "AdminText.h"
 #include "ChangeRow.h"
+#include "LogSignature.h"
 #include "StoreErrors.h"
+#include "TimeStamp.h"
 
 #include <algorithm>
 #include <charconv>
@@ -40,6 +42,13 @@ QByteArray lineOf(const LoggedRow& row, int place)
            ", \"old\": " + optional(row.oldRow) + ", \"new\": " + optional(row.newRow) + '}';
 }
 
+/// Whether a row is of the record: its own, or a signature under it.
+bool isOfRecord(const LoggedRow& row, const QByteArray& record)
+{
+    LogSignature signature;
+    return row.key == record || (LogSignature::read(row, &signature) && signature.key == record);
+}
+
 bool isEpoch(const LoggedRow& row)
 {
     return row.table == "StoreProperties" && row.key == "epoch";
@@ -55,24 +64,62 @@ bool EvidenceExport::isShown(const LoggedTransaction& transaction, const LoggedR
 {
     const bool isInTime = (m_choice.from == 0 || transaction.time >= m_choice.from) &&
                           (m_choice.to == 0 || transaction.time <= m_choice.to);
-    return isEpoch(row) || (isInTime && (m_choice.record.isEmpty() || row.key == m_choice.record));
+    return isEpoch(row) || (isInTime && (m_choice.record.isEmpty() || isOfRecord(row, m_choice.record)));
 }
 
 bool EvidenceExport::findHead(StoreError* error)
 {
     const QVector<VerifierKey> keys = VerifierKey::parseAll(m_keys);
-    if (!m_log.heads(&m_heads))
+    QMap<qint64, QByteArray> stored;
+    if (!m_log.heads(&stored))
         return false;
-    for (auto note = m_heads.begin(); note != m_heads.end();) {
-        const SignedNote read(note.value());
-        const bool isSigned = read.signer(keys).isValid() && read.head().size == note.key();
+    // A part of the log has the newest head and those wanted, not the thousands of a year.
+    const auto take = [&](const QByteArray& text) {
+        const SignedNote note(text);
+        const bool isSigned = note.signer(keys).isValid();
         if (isSigned)
-            m_head = read.head();
-        note = isSigned ? note + 1 : m_heads.erase(note);
-    }
+            m_heads.insert(note.head().size, text);
+        if (isSigned && note.head().size > m_head.size)
+            m_head = note.head();
+        return isSigned;
+    };
+    for (auto note = stored.cend(); note != stored.cbegin();)
+        if (take(*--note) && !m_choice.isWhole())
+            break;
+    for (const QByteArray& wanted : qAsConst(m_choice.heads))
+        if (SignedNote(wanted).head().size < m_head.size)
+            take(wanted);
     return m_head.size > 0 ||
            StoreErrors::raise(error, StoreError::BadRequest,
                               "Журнал изменений ещё не опечатан: сначала выполните vrk-admin seal.");
+}
+
+bool EvidenceExport::findStamps()
+{
+    QMap<qint64, QByteArray> stored;
+    if (!m_log.stamps(&stored))
+        return false;
+    for (auto stamp = stored.cbegin(); stamp != stored.cend(); ++stamp) {
+        if (!TimeStamp::isFor(stamp.value(), m_heads.value(stamp.key())))
+            continue;
+        m_stamps.insert(stamp.key(), stamp.value());
+    }
+    return true;
+}
+
+QByteArray EvidenceExport::readMe() const
+{
+    const QString clock =
+        m_stamps.isEmpty()
+            ? QStringLiteral("Что его часы шли верно, выгрузка\n   не доказывает: меток времени в ней нет.")
+            : QStringLiteral(
+                  "Что записанное до\n   печати было не позже названного часа, доказывает метка времени "
+                  "(RFC 3161) постороннего центра; её\n   проверяет openssl с сертификатом центра, "
+                  "который спросите у него самого:\n"
+                  "       openssl ts -verify -data heads/%1.txt -in heads/%1.tsr -CAfile центр.pem\n"
+                  "       openssl ts -reply -in heads/%1.tsr -text")
+                  .arg(m_stamps.lastKey(), 12, 10, QLatin1Char('0'));
+    return AdminText::content("evidence/README.txt").replace(QLatin1String("%clock"), clock).toUtf8();
 }
 
 bool EvidenceExport::writeFile(const QString& name, const QByteArray& content, StoreError* error)
@@ -166,7 +213,7 @@ bool EvidenceExport::write(const QDir& folder, StoreError* error)
 {
     m_folder = folder;
     EpochHistory epochs;
-    if (!findHead(error) || !epochs.load(m_log))
+    if (!findHead(error) || !findStamps() || !epochs.load(m_log))
         return false;
     if (!m_folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden).isEmpty() ||
         !m_folder.mkpath(QStringLiteral("heads")))
@@ -184,9 +231,12 @@ bool EvidenceExport::write(const QDir& folder, StoreError* error)
         if (!writeFile(QStringLiteral("heads/%1.txt").arg(note.key(), 12, 10, QLatin1Char('0')), note.value(),
                        error))
             return false;
+    for (auto stamp = m_stamps.cbegin(); stamp != m_stamps.cend(); ++stamp)
+        if (!writeFile(QStringLiteral("heads/%1.tsr").arg(stamp.key(), 12, 10, QLatin1Char('0')),
+                       stamp.value(), error))
+            return false;
     return writeFile(QStringLiteral("proof.json"), proofs, error) &&
            writeFile(QStringLiteral("keys.txt"), m_keys, error) &&
-           writeFile(QStringLiteral("README.txt"), AdminText::content("evidence/README.txt").toUtf8(),
-                     error) &&
+           writeFile(QStringLiteral("README.txt"), readMe(), error) &&
            writeFile(QStringLiteral("verify.py"), AdminText::content("evidence/verify.py").toUtf8(), error);
 }

@@ -16,6 +16,9 @@ public:
         double from = 0;   ///< of the transactions' times, inclusive; 0: from the beginning
         double to = 0;     ///< 0: to the end
         QByteArray record; ///< the rows with this key only; empty: all rows
+        /// Notes that the verifier has: a part of the log proves that it continues them. A whole export
+        /// proves all heads without it.
+        QVector<QByteArray> heads;
 
         bool isWhole() const { return from == 0 && to == 0 && record.isEmpty(); }
     };
@@ -30,6 +33,9 @@ public:
 
 private:
     bool findHead(StoreError* error);
+    bool findStamps();
+    /// For a person without our program, with how to prove the time.
+    QByteArray readMe() const;
     bool writeLog(StoreError* error);
     bool writeTransaction(const LoggedTransaction& transaction, const HashTiles& tiles);
     /// Whether a row is shown.
@@ -43,6 +49,7 @@ private:
     QDir m_folder;
     QFile m_lines;
     QMap<qint64, QByteArray> m_heads;
+    QMap<qint64, QByteArray> m_stamps; ///< of these heads
     LogHead m_head;
     QVector<qint64> m_whole; ///< the leaves with a line, below the head
     qint64 m_count = 0;

@@ -1,11 +1,15 @@
 #include "SealFiles.h"
 
+#include <algorithm>
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 
 namespace
 {
+const QString keysFolder = QStringLiteral("evidence");
+const QString keysName = QStringLiteral("keys");
+
 bool fail(const QString& text, StoreError* error)
 {
     *error = {StoreError::BadRequest, text, QString()};
@@ -16,11 +20,15 @@ bool fail(const QString& text, StoreError* error)
 SealFiles::SealFiles(const QString& key) : m_key(key)
 {
     const QString credentials = qEnvironmentVariable("CREDENTIALS_DIRECTORY");
-    if (m_key.isEmpty())
-        m_key = credentials.isEmpty()
-                    ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                          QStringLiteral("/vrk-logbook/seal.key")
-                    : credentials + QStringLiteral("/vrk-seal");
+    if (!m_key.isEmpty())
+        return;
+    m_key = credentials.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                                        QStringLiteral("/vrk-logbook/seal.key")
+                                  : credentials + QStringLiteral("/vrk-seal");
+    // systemd names the files of a folder so.
+    if (const QString ofFolder = m_key + QStringLiteral("_seal.key");
+        !credentials.isEmpty() && QFile::exists(ofFolder))
+        m_key = ofFolder;
 }
 
 QString SealFiles::formerFile() const
@@ -59,6 +67,40 @@ bool SealFiles::replace(StoreError* error) const
         return true;
     QFile::rename(formerFile(), m_key);
     return fail(failure, error);
+}
+
+void SealFiles::takeBack() const
+{
+    QFile::remove(m_key);
+    if (QFile::exists(formerFile()))
+        QFile::rename(formerFile(), m_key);
+}
+
+bool SealFiles::published(Store* store, QByteArray* lines, StoreError* error)
+{
+    lines->clear();
+    if (store->file(keysFolder, keysName, lines, error))
+        return true;
+    if (error->code != StoreError::NoSuchRow)
+        return false;
+    error->clear();
+    return true;
+}
+
+bool SealFiles::publish(Store* store, const std::vector<std::unique_ptr<SealKey>>& keys, StoreError* error)
+{
+    QByteArray lines;
+    if (!published(store, &lines, error))
+        return false;
+    const QByteArray before = lines;
+    const QVector<VerifierKey> known = VerifierKey::parseAll(lines);
+    for (const auto& key : keys) {
+        const QByteArray text = key->verifier().text();
+        if (std::none_of(known.begin(), known.end(),
+                         [&](const VerifierKey& other) { return other.text() == text; }))
+            lines += text + '\n';
+    }
+    return lines == before || store->writeFile(keysFolder, keysName, lines, error);
 }
 
 bool SealFiles::load(std::vector<std::unique_ptr<SealKey>>* keys, StoreError* error) const

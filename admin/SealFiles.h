@@ -2,7 +2,7 @@
 
 #include "HeadBook.h"
 #include "SealKey.h"
-#include "StoreError.h"
+#include "Store.h"
 
 #include <vector>
 
@@ -11,15 +11,15 @@
 class SealFiles
 {
 public:
-    /// An empty \a key means the place given by systemd ($CREDENTIALS_DIRECTORY/vrk-seal), or the user's own
-    /// folder. The heads lie in $STATE_DIRECTORY, or beside the key.
+    /// An empty \a key means the place given by systemd ($CREDENTIALS_DIRECTORY/vrk-seal, or seal.key in the
+    /// folder that was loaded under this name), or the user's own folder. The heads lie in $STATE_DIRECTORY,
+    /// or beside the key.
     explicit SealFiles(const QString& key);
 
-    /// \name The named file of the store with the public keys (VerifierKey::parseAll)
-    /// @{
-    static QString keysFolder() { return QStringLiteral("evidence"); }
-    static QString keysName() { return QStringLiteral("keys"); }
-    /// @}
+    /// The public keys that the store names, a key a line (VerifierKey::parseAll); empty if it names none.
+    static bool published(Store* store, QByteArray* lines, StoreError* error);
+    /// Adds the keys that are missing there.
+    static bool publish(Store* store, const std::vector<std::unique_ptr<SealKey>>& keys, StoreError* error);
 
     QString keyFile() const { return m_key; }
     QString formerFile() const;
@@ -29,6 +29,8 @@ public:
     bool create(const QByteArray& name, StoreError* error) const;
     /// Creates a new key, which signs together with the former one until that is removed.
     bool replace(StoreError* error) const;
+    /// Undoes create(), or replace() if there is a former key.
+    void takeBack() const;
     /// The keys that sign, the present one first.
     bool load(std::vector<std::unique_ptr<SealKey>>* keys, StoreError* error) const;
 

@@ -131,7 +131,8 @@ def read_lines(folder, log, by_hints=False):
                 log.altered = log.altered or hint != leaf and f"{require.place}, transaction {number}"
                 for row in line["rows"]:
                     if (row["table"], row["event"]) == ("StoreProperties", 602) and decode_json(row["old"])[0] == "epoch":
-                        log.restores.append((number, line, "vrk-logbook/" + decode_json(row["old"])[1]))
+                        is_first = all(line is not other for _, other, _ in log.restores[-1:])  # the next were replaced
+                        log.restores.append((number * is_first, line, "vrk-logbook/" + decode_json(row["old"])[1]))
             if number <= log.size or log.isWhole:
                 yield number - 1, hint if by_hints else leaf
     require.place = "log.jsonl"
@@ -144,8 +145,7 @@ def check(folder, options):
     log = types.SimpleNamespace(**check_fields(decode_json((folder / "proof.json").read_text("utf-8")), PROOF))
     size, proofs = log.size, dict(log.consistency)
     newest = read_head(folder / "heads" / f"{size:012}.txt", keys, True)
-    is_named = (newest.origin, newest.size, 1) == (log.origin, size, log.format)
-    require(is_named, "origin and size are not those of proof.json, or proof.json is not of format 1")
+    require((newest.origin, newest.size, 1) == (log.origin, size, log.format), "origin, size or format in proof.json is wrong")
     heads = [read_head(path, keys, False) for path in sorted((folder / "heads").glob("*.txt"))]
     heads += [read_head(pathlib.Path(path), keys, True) for path in options.head]
     require.place, papers = "--paper", [re.fullmatch("([0-9]{1,18}) ([0-9a-f]{16})", line.lower()) for line in options.paper]
@@ -177,7 +177,7 @@ def check(folder, options):
              f"not sealed yet: the transactions above {size}, up to {log.last}": log.last > size,
              "the keys came with the export: compare keys.txt with the keys that you know from elsewhere": not options.key}
     yield from (note for note, applies in notes.items() if applies)
-    for number, line, _ in log.restores:
+    for number, line, _ in filter(lambda restore: restore[0], log.restores):
         at = time.strftime("%Y-%m-%dT%H:%M:%SZ", time.gmtime(line["time"]))
         yield f"restored as transaction {number} at {at} by {line['login']}: heads of the former epoch above " \
               f"{number - 1} are not contained"

@@ -5,6 +5,7 @@
 #include "EditorGuard.h"
 #include "KeptTexts.h"
 #include "PlainLabels.h"
+#include "UserSettings.h"
 
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -14,10 +15,12 @@ struct CVrkCliApp::Private {
     EditorGuard guard;
     PlainLabels labels;
     KeptTexts texts;
+    UserSettings settings;
     QPointer<CVrkCliMod> sink;
     QVector<CVrkCliMod*> modules;
     std::function<bool(CVrkCliMod*)> closeGuard;
     std::function<CVrkCliMod*(const QString&)> opener;
+    QVector<RecordEntry> recordEntries;
     bool delivering = false;
     bool missed = false; ///< events arrived while a module was being served
 };
@@ -65,6 +68,11 @@ KeptTexts* CVrkCliApp::keptTexts() const
     return &d->texts;
 }
 
+UserSettings* CVrkCliApp::settings() const
+{
+    return &d->settings;
+}
+
 void CVrkCliApp::setLogSink(CVrkCliMod* module)
 {
     d->sink = module;
@@ -106,6 +114,16 @@ bool CVrkCliApp::notifyModule(const QString& module, const QString& name, const 
     if (receiver)
         receiver->slot_modNotify(name, value);
     return receiver != nullptr;
+}
+
+void CVrkCliApp::setRecordEntries(const QVector<RecordEntry>& entries)
+{
+    d->recordEntries = entries;
+}
+
+const QVector<CVrkCliApp::RecordEntry>& CVrkCliApp::recordEntries() const
+{
+    return d->recordEntries;
 }
 
 bool CVrkCliApp::mayClose(CVrkCliMod* module) const

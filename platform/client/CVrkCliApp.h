@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <QKeySequence>
 #include <QObject>
 #include <QVariant>
 #include <QVector>
@@ -12,6 +13,7 @@
 class CVrkCliMod;
 class CVrkCliSes;
 class KeptTexts;
+class UserSettings;
 
 /// The client application: holds the session and the login's parameters, knows the modules, and delivers
 /// their change events from the event loop. It also watches all editors: a character that the session's
@@ -50,12 +52,23 @@ public:
     /// "showRecord" with the KeyLink of a record as text, and shows the record in its workshift. False:
     /// there is no host or no such module.
     bool notifyModule(const QString& module, const QString& name, const QVariant& value);
+    /// An entry in the context menus of records: opens a module for the record, by the notice "showRecord".
+    struct RecordEntry {
+        QString module;
+        QString title;
+        QKeySequence key; ///< may be empty
+    };
+    /// Sets the entries; called by the host before the first module starts.
+    void setRecordEntries(const QVector<RecordEntry>& entries);
+    const QVector<RecordEntry>& recordEntries() const;
     /// Sets how the host starts or raises a module; null when it cannot.
     void setModuleOpener(std::function<CVrkCliMod*(const QString& module)> opener);
 
     /// Texts that the user has typed and that are not saved yet. In memory only, unless the host has opened
     /// a folder for them.
     KeptTexts* keptTexts() const;
+    /// What the signed-in user has chosen for himself, such as the folder of reports.
+    UserSettings* settings() const;
 
     /// Parameters of the login: "KEYLINK", "DEPARTMENTKEY", "ORGANIZATIONKEY".
     CStringParams m_user_params;

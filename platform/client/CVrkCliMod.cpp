@@ -8,6 +8,7 @@
 
 CVrkCliMod::CVrkCliMod(CVrkCliApp* app) : m_app(app)
 {
+    qRegisterMetaType<CVrkCliMod::Attention>();
     if (m_app)
         m_app->addModule(this);
 }
@@ -138,9 +139,9 @@ void CVrkCliMod::SetIsEdit(bool edit)
     emit editStateChanged(edit);
 }
 
-void CVrkCliMod::CallAttention(const QString& text)
+void CVrkCliMod::CallAttention(const QString& text, Attention kind)
 {
-    emit attentionCalled(text);
+    emit attentionCalled(text, kind);
 }
 
 void CVrkCliMod::SetUnreadComments(int count)

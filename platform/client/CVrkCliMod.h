@@ -68,9 +68,17 @@ public:
     void SetIsEdit(bool edit);
     bool isEdit() const { return m_edit; }
     QString moduleTitle() const { return m_title; }
+    /// What needs attention: the user chooses in the settings of what the host alerts him.
+    enum class Attention {
+        Message, ///< anything else, such as a failure
+        Shift,   ///< the workshift is too long
+        Comment, ///< on the user's record
+        Record,  ///< of another person
+    };
+    Q_ENUM(Attention)
     /// Something in the module needs the user's attention: the host alerts him in the task bar and the
     /// tray, unless one of the module's windows is active. Each call is a separate alert.
-    void CallAttention(const QString& text);
+    void CallAttention(const QString& text, Attention kind = Attention::Message);
     /// Number of unread comments: the host shows it in its status line, nothing for 0. Call it at the start
     /// and whenever the number changes.
     void SetUnreadComments(int count);
@@ -87,7 +95,7 @@ public:
 signals:
     void titleChanged(const QString& title, const QString& subtitle);
     void editStateChanged(bool edit);
-    void attentionCalled(const QString& text);
+    void attentionCalled(const QString& text, CVrkCliMod::Attention kind);
     void unreadCommentsChanged(int count);
     /// Emitted by the host when the user wants to see the unread comments. A module that counts them shows
     /// them.

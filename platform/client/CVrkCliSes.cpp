@@ -1,6 +1,8 @@
 #include "CVrkCliSes_p.h"
 
+#include "EvidenceLog.h"
 #include "GenGuid32.h"
+#include "LogHead.h"
 #include "MDRValues.h"
 
 #include <QDebug>
@@ -246,6 +248,35 @@ QDateTime CVrkCliSes::HfnTimeToSesTime()
 QDateTime CVrkCliSes::HfnTimeToSesTime(double time)
 {
     return HfnTime_to_DateTime(time, -1);
+}
+
+bool CVrkCliSes::hasPassword() const
+{
+    return d->store->hasPassword();
+}
+
+bool CVrkCliSes::provePassword(const QString& password)
+{
+    // A wrong password says nothing of the session's own link, so it is no failed request.
+    StoreError error = Private::noLink();
+    if (d->connected) {
+        Private::Request request(d.get());
+        error.clear();
+        d->store->provePassword(password, &error);
+    }
+    d->lastError = error.text;
+    return !error;
+}
+
+QString CVrkCliSes::sealOnPaper()
+{
+    StoreError ignored;
+    const auto log = d->store->evidence(Store::Access::Read, &ignored);
+    QByteArray note;
+    if (!log || !log->newestHead(&note))
+        return QString();
+    const SignedNote newest(note);
+    return newest.isValid() ? QString::fromLatin1(newest.head().onPaper()) : QString();
 }
 
 int CVrkCliSes::longestShift()

@@ -3,6 +3,7 @@
 #include "HFNCliParam.h"
 #include "HfnTime.h"
 #include "MDArray.h"
+#include "RowChange.h"
 #include "VrkExport.h"
 
 #include <memory>
@@ -64,6 +65,11 @@ public:
     bool BlockEnd(bool commit, HFNCliParam** result);
     /// Non-zero when the user has the right.
     int OperationRights(const char* right);
+    /// Whether the server asked for a password when this session began.
+    bool hasPassword() const;
+    /// Asks the server whether \a password is the one of the person who is signed in. False with
+    /// lastErrorText() if it is not, or if the server cannot be reached.
+    bool provePassword(const QString& password);
     /// The server's current time. While the server cannot be reached, computed from its last answer.
     double GetHfnTime();
     /// The server's current time in the zone of the process.
@@ -71,6 +77,9 @@ public:
     QDateTime HfnTimeToSesTime(double time);
     /// The longest workshift that the server accepts, in seconds; 0 while unknown.
     int longestShift();
+    /// The newest seal of the change log as it stands on paper: size and the first digits of the root, such as
+    /// "1375 e442d9c1a0b35f77". Empty if nobody seals the store, or while the server cannot be reached.
+    QString sealOnPaper();
 
     /// Starts the delivery of change events.
     bool startEvents();
@@ -93,9 +102,14 @@ public:
     /// none.
     std::shared_ptr<const MDRBlobSource> blobSource(const QByteArray& table, const QByteArray& field,
                                                     const QByteArray& key);
+    /// Appends all changes of a record, its comments and files from the change log, in order; also of removed
+    /// ones. False on failure.
+    bool recordHistory(const QByteArray& key, QVector<RowChange>* changes);
+    /// The same of a workshift, with its crew and records, and the comments and files of these.
+    bool workshiftHistory(const QByteArray& key, QVector<RowChange>* changes);
     /// Why the last failed request failed, in the user's words; empty after a success.
     QString lastErrorText() const;
-    /// For the server scripts (CVrkToolCalcExec) only.
+    /// For the server scripts (CVrkToolCalcExec) and HistoryGuard only.
     Store* store() const;
 
 signals:

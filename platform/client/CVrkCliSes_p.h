@@ -4,6 +4,7 @@
 #include "ChangeFeed.h"
 #include "CMDArray.h"
 #include "CVrkCliSes.h"
+#include "LogHistory.h"
 #include "ProcessZone.h"
 #include "Store.h"
 
@@ -50,6 +51,8 @@ struct CVrkCliSes::Private {
     /// The answer of a reading request, or null after fail().
     template <class Ask>
     MDArray* request(const char* function, const QString& what, Ask ask);
+    using ReadHistory = bool (LogHistory::*)(const QByteArray& key, QVector<RowChange>* changes);
+    bool history(const char* function, ReadHistory read, const QByteArray& key, QVector<RowChange>* changes);
     bool apply(const char* function, const std::vector<StoreWrite>& writes);
     /// Registers the block as one that PrmFree frees.
     HFNCliParam* give(HFNCliParam* answer);

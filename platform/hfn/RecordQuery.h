@@ -5,8 +5,8 @@
 
 /// Search criteria for the records of all workshifts. An empty field is no condition.
 struct RecordQuery {
-    QString words;     ///< each must occur in the visible text (SearchWords)
-    QString equipment; ///< each word must occur in the substations, lines, bays and equipment of the text
+    QString words;            ///< words, phrases and exclusions for the visible text (SearchWords)
+    QString equipment;        ///< the same for the substations, lines, bays and equipment of the text
     QByteArray departmentKey; ///< of the workshift
     QByteArray workerKey;     ///< the author
     int status = -1;          ///< RecordStatus; -1: any

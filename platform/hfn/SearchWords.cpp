@@ -58,6 +58,72 @@ QString beginningOf(QString stem)
         stem.chop(1);
     return stem;
 }
+
+bool isFoundBy(const QString& stem, const SearchWords::Term& term)
+{
+    return term.isBeginning ? stem.startsWith(term.stem) : stem == term.stem;
+}
+
+/// The words of a part of a query, each as often as it occurs.
+SearchWords::Phrase termsOf(const QString& chunk)
+{
+    SearchWords::Phrase all;
+    forEachWord(chunk, [&](int, int end, const QString& word) {
+        const bool hasDigit =
+            std::any_of(word.begin(), word.end(), [](QChar c) { return isDigit(c.unicode()); });
+        const bool isStarred =
+            word.size() >= shortestStarred && QStringView(chunk).mid(end).startsWith(QLatin1Char('*'));
+        const bool isLong = !hasDigit && word.size() >= shortestBeginning;
+        all.append({isLong ? beginningOf(stemOf(word)) : stemOf(word), isLong || isStarred});
+    });
+    return all;
+}
+
+void appendNew(QVector<SearchWords::Term>* terms, const SearchWords::Term& term)
+{
+    const bool isKnown = std::any_of(terms->cbegin(), terms->cend(), [&term](const SearchWords::Term& one) {
+        return one.stem == term.stem && one.isBeginning == term.isBeginning;
+    });
+    if (!isKnown)
+        terms->append(term);
+}
+
+/// A part of a query up to a blank, or what stands in quotes.
+struct Chunk {
+    QString text;
+    bool isExcluded = false;
+    bool isPhrase = false;
+    int end = 0; ///< where the next one begins
+};
+
+bool nextChunk(const QString& query, Chunk* chunk)
+{
+    const QLatin1Char quote('"');
+    int at = chunk->end;
+    while (at < query.size() && query.at(at).isSpace())
+        ++at;
+    if (at == query.size())
+        return false;
+    const bool isFirst = at == 0 || query.at(at - 1).isSpace();
+    const QChar next = at + 1 < query.size() ? query.at(at + 1) : QChar();
+    chunk->isExcluded =
+        isFirst && query.at(at) == QLatin1Char('-') && (next == quote || isOfWord(folded(next.unicode())));
+    if (chunk->isExcluded)
+        ++at;
+    const int closing = query.at(at) == quote ? query.indexOf(quote, at + 1) : -1;
+    if (closing > 0) {
+        chunk->text = query.mid(at + 1, closing - at - 1);
+        chunk->end = closing + 1;
+        chunk->isPhrase = true;
+        return true;
+    }
+    chunk->end = at + 1;
+    while (chunk->end < query.size() && !query.at(chunk->end).isSpace() && query.at(chunk->end) != quote)
+        ++chunk->end;
+    chunk->text = query.mid(at, chunk->end - at);
+    chunk->isPhrase = chunk->isExcluded; // such as -ВЛ-110: nobody wants all records without "110"
+    return true;
+}
 } // namespace
 
 QStringList SearchWords::stems(const QString& text)
@@ -69,21 +135,33 @@ QStringList SearchWords::stems(const QString& text)
 
 QVector<SearchWords::Term> SearchWords::terms(const QString& query)
 {
-    QVector<Term> all;
-    forEachWord(query, [&](int, int end, const QString& word) {
-        const bool hasDigit =
-            std::any_of(word.begin(), word.end(), [](QChar c) { return isDigit(c.unicode()); });
-        const bool isStarred =
-            word.size() >= shortestStarred && QStringView(query).mid(end).startsWith(QLatin1Char('*'));
-        const bool isLong = !hasDigit && word.size() >= shortestBeginning;
-        const Term term{isLong ? beginningOf(stemOf(word)) : stemOf(word), isLong || isStarred};
-        const bool isKnown = std::any_of(all.cbegin(), all.cend(), [&term](const Term& one) {
-            return one.stem == term.stem && one.isBeginning == term.isBeginning;
-        });
-        if (!isKnown)
-            all.append(term);
-    });
+    return SearchWords::query(query).terms;
+}
+
+SearchWords::Query SearchWords::query(const QString& text)
+{
+    Query all;
+    for (Chunk chunk; nextChunk(text, &chunk);) {
+        const Phrase words = termsOf(chunk.text);
+        if (words.size() > 1 && chunk.isPhrase)
+            (chunk.isExcluded ? all.excludedPhrases : all.phrases).append(words);
+        if (!chunk.isExcluded)
+            for (const Term& word : words)
+                appendNew(&all.terms, word);
+        else if (words.size() == 1)
+            appendNew(&all.excluded, words.first());
+    }
     return all;
+}
+
+bool SearchWords::fitsPhrases(const QStringList& stems, const Query& query)
+{
+    const auto has = [&stems](const Phrase& phrase) {
+        return std::search(stems.begin(), stems.end(), phrase.begin(), phrase.end(), isFoundBy) !=
+               stems.end();
+    };
+    return std::all_of(query.phrases.begin(), query.phrases.end(), has) &&
+           std::none_of(query.excludedPhrases.begin(), query.excludedPhrases.end(), has);
 }
 
 QVector<SearchWords::Place> SearchWords::places(const QString& text, const QVector<Term>& terms)
@@ -91,9 +169,8 @@ QVector<SearchWords::Place> SearchWords::places(const QString& text, const QVect
     QVector<Place> all;
     forEachWord(text, [&](int begin, int end, const QString& word) {
         const QString stem = stemOf(word);
-        const bool isFound = std::any_of(terms.cbegin(), terms.cend(), [&stem](const Term& term) {
-            return term.isBeginning ? stem.startsWith(term.stem) : stem == term.stem;
-        });
+        const bool isFound = std::any_of(terms.cbegin(), terms.cend(),
+                                         [&stem](const Term& term) { return isFoundBy(stem, term); });
         if (isFound)
             all.append({begin, end - begin});
     });

@@ -16,6 +16,7 @@ public:
 
     QTextCodec* codec() const override { return m_codePage->codec(); }
     QByteArray timeZone() const override { return m_timeZone; }
+    MDArray* search(const RecordQuery& query, StoreError* error) final;
 
 protected:
     explicit EngineStore(const Options& options) : m_options(options) {}
@@ -24,6 +25,8 @@ protected:
     /// stays.
     bool takeProperties(const QByteArray& codecName, const QByteArray& timeZone, const QString& place,
                         StoreError* error);
+    /// The records that the index finds: it knows words and exclusions, but no phrases.
+    virtual MDArray* searchIndex(const RecordQuery& query, StoreError* error) = 0;
     /// Whether somebody is signed in, or nobody needs to be.
     bool canWrite(StoreError* error) const;
 

@@ -1,6 +1,7 @@
 #include "MDRValues.h"
 #include "PostgresStore.h"
 #include "SqliteStore.h"
+#include "StoreErrors.h"
 #include "StoreUrl.h"
 
 std::unique_ptr<Store> Store::open(const QString& url, const Options& options, StoreError* error)
@@ -17,6 +18,11 @@ std::unique_ptr<Store> Store::open(const QString& url, const Options& options, S
 QByteArray Store::literal(const QByteArray& text)
 {
     return "'" + QByteArray(text).replace("'", "''") + "'";
+}
+
+bool Store::provePassword(const QString& /*password*/, StoreError* error)
+{
+    return StoreErrors::raise(error, StoreError::Refused, StoreErrors::noPasswords);
 }
 
 int Store::longestShift()

@@ -12,6 +12,7 @@
 #include <QVector>
 #include <vector>
 
+class EvidenceLog;
 class QTextCodec;
 
 /// A position in the change log. Numbers are contiguous within an epoch, one for each transaction, in order
@@ -93,6 +94,11 @@ public:
     /// Makes \a login the one that writes are judged by and logged under. False: no such login. An empty
     /// login means the one in the address.
     virtual bool signIn(const QString& login, StoreLogin* user, StoreError* error) = 0;
+    /// Whether a password opened this connection, so that provePassword() can ask for it again.
+    virtual bool hasPassword() const { return false; }
+    /// Proves over a connection of its own that \a password is the one of this connection's login. False with
+    /// Password if it is not.
+    virtual bool provePassword(const QString& password, StoreError* error);
     /// Departments of a login, sorted by name.
     virtual QVector<StoreDepartment> departments(const QByteArray& userKey) = 0;
     virtual bool hasRight(const QByteArray& right) = 0;
@@ -137,6 +143,12 @@ public:
     /// Readable when hasNews() should be called; the same for the store's lifetime. -1 if there is none, so
     /// that hasNews() must be polled.
     virtual int newsDescriptor() const { return -1; }
+
+    enum class Access { Read, Write };
+    /// The change log for the evidence, over a connection of its own with the credentials of this one: one
+    /// consistent reading from now on, so do not keep it longer than needed. Null with \a error on failure; the
+    /// error must outlive the object.
+    virtual std::unique_ptr<EvidenceLog> evidence(Access access, StoreError* error) = 0;
 
     /// A named file of the store, such as folder "options", name "OperLogOptions". False if it does not
     /// exist.

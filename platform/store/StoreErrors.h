@@ -27,6 +27,7 @@ constexpr char notUnderstood[] = "Хранилище не может выпол�
 constexpr char internal[] = "Внутренняя ошибка хранилища «%1».";
 constexpr char oneSelect[] = "Запрос должен состоять из одной выборки.";
 constexpr char noLogin[] = "Пользователь «%1» не найден.";
+constexpr char noPasswords[] = "Хранилище не спрашивает паролей.";
 constexpr char noRow[] = "Такой строки в хранилище нет.";
 constexpr char existingFile[] = "Файл «%1» уже существует.";
 constexpr char closedFolder[] = "В папку «%1» нельзя записать копию.";

@@ -10,6 +10,10 @@ struct VrkPreview::Private {
     QColor headerBackground = Qt::lightGray;
     int maxColumnWidth = 0;
     QString footer;
+    QString imprint;
+    QByteArray code;
+    QString folder;
+    QString fileName;
     QPointer<VrkPreviewWindow> window;
     QIcon icon;
     QString title;
@@ -46,6 +50,20 @@ void VrkPreview::setFooter(const QString& text)
 {
     d->footer = text;
 }
+void VrkPreview::setImprint(const QString& text)
+{
+    d->imprint = text;
+}
+void VrkPreview::setCode(const QByteArray& text)
+{
+    d->code = text;
+}
+
+void VrkPreview::setFile(const QString& folder, const QString& name)
+{
+    d->folder = folder;
+    d->fileName = name;
+}
 
 void VrkPreview::showDocument()
 {
@@ -55,9 +73,12 @@ void VrkPreview::showDocument()
         d->window = new VrkPreviewWindow(d->view->window());
     d->window->setWindowIcon(d->icon);
     d->window->setWindowTitle(d->title);
+    d->window->setFile(d->folder, d->fileName.isEmpty() ? d->title : d->fileName);
     VrkPreviewTable table = VrkPreviewTable::of(d->view, d->maxColumnWidth);
     table.headerBackground = d->headerBackground;
     table.footer = d->footer;
+    table.imprint = d->imprint;
+    table.code = d->code;
     const QPointer<VrkPreviewWindow> window(d->window);
     if (!window->setTable(table) || !window) {
         if (window)

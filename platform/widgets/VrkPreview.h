@@ -30,6 +30,13 @@ public:
     void setMaxColummnWidth(int width);
     /// A text at the end of the document.
     void setFooter(const QString& text);
+    /// A short text at the foot of each page.
+    void setImprint(const QString& text);
+    /// A text on each page as a QR code; none if it is empty.
+    void setCode(const QByteArray& text);
+    /// Folder and name, without suffix, that are proposed when the document is saved as PDF; any text. Without them
+    /// the window's title in the current folder.
+    void setFile(const QString& folder, const QString& name);
     /// Rebuilds the document and opens the preview window.
     void showDocument();
 

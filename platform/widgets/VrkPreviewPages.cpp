@@ -16,6 +16,7 @@ constexpr qreal padding = 2 * point;
 constexpr qreal rule = point / 3;
 constexpr qreal fontSize = 9 * point;
 constexpr qreal iconSide = 10 * point;
+constexpr qreal codeSide = 40 * point;      ///< 14 mm, half a millimetre for a module
 constexpr qreal shareOfLast = 0.4;          ///< names are wrapped into two lines to provide it
 constexpr qreal smallestShareOfLast = 0.28; ///< words are broken to provide it
 constexpr int linesWorthStarting = 4;       ///< for a row that is higher than a page
@@ -210,6 +211,7 @@ private:
 void VrkPreviewPages::setTable(const VrkPreviewTable& table)
 {
     m_table = table;
+    m_code = QrCode(table.code);
     m_pages.clear();
     m_font = table.font;
     m_font.setPixelSize(qRound(fontSize));
@@ -297,7 +299,8 @@ VrkPreviewPages::Needs VrkPreviewPages::needsOf(int column) const
 
 qreal VrkPreviewPages::bodyHeight() const
 {
-    return m_size.height() - 2 * QFontMetricsF(m_font).height();
+    const qreal line = QFontMetricsF(m_font).height();
+    return m_size.height() - line - qMax(line, m_code.side() == 0 ? 0 : codeSide);
 }
 
 QRectF VrkPreviewPages::cellRect(const Row& row, int cell, qreal top, qreal height) const
@@ -354,15 +357,20 @@ void VrkPreviewPages::paintRow(QPainter* painter, const Row& row, const Piece& p
     }
 }
 
-/// Paints the document's name and the page number at the bottom of each page, because sheets get mixed up.
+/// Paints the document's name, the imprint and the page number at the bottom of each page, because sheets get mixed up.
 void VrkPreviewPages::paintNumber(QPainter* painter, int page) const
 {
     const QFontMetricsF metrics(m_font);
-    const QRectF foot(0, m_size.height() - metrics.height(), m_size.width(), metrics.height());
-    const QString number = numberText(page + 1, m_pages.size());
+    const qreal textWidth =
+        m_code.side() == 0 ? m_size.width() : m_size.width() - codeSide * (1 + 4.0 / m_code.side()) - padding;
+    m_code.paint(painter, QRectF(m_size.width() - codeSide, m_size.height() - codeSide, codeSide, codeSide));
+    const QRectF foot(0, m_size.height() - metrics.height(), textWidth, metrics.height());
+    QString number = numberText(page + 1, m_pages.size());
+    if (!m_table.imprint.isEmpty())
+        number.prepend(m_table.imprint + QStringLiteral("    "));
     painter->drawText(foot, Qt::AlignRight | Qt::AlignBottom, number);
     QString title = m_table.footer;
     title.replace(QLatin1Char('\n'), QStringLiteral(", "));
-    const qreal room = foot.width() - metrics.horizontalAdvance(number) - 4 * padding;
+    const qreal room = textWidth - metrics.horizontalAdvance(number) - 4 * padding;
     painter->drawText(foot, Qt::AlignLeft | Qt::AlignBottom, metrics.elidedText(title, Qt::ElideRight, room));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "QrCode.h"
 #include "VrkPreviewTable.h"
 
 #include <functional>
@@ -58,6 +59,7 @@ private:
     void paintNumber(QPainter* painter, int page) const;
 
     VrkPreviewTable m_table;
+    QrCode m_code{QByteArray()};
     QFont m_font; ///< of a size in units
     QSizeF m_size;
     QVector<qreal> m_edges; ///< edges of the columns, one more than the number of columns

@@ -33,5 +33,7 @@ struct VrkPreviewTable {
     QColor headerBackground = Qt::lightGray;
     Row header;
     QVector<Row> rows;
-    QString footer; ///< at the end of the document
+    QString footer;  ///< at the end of the document
+    QString imprint; ///< beside the number of each page
+    QByteArray code; ///< a text that each page also has as a QR code
 };

@@ -1,15 +1,14 @@
 #include "VrkPreviewWindow.h"
 
-#include "CPopMessageBox.h"
+#include "FileSaver.h"
 #include "WrapLayout.h"
 
-#include <cstdio>
 #include <QAction>
 #include <QApplication>
-#include <QFileDialog>
-#include <QFileInfo>
+#include <QBuffer>
 #include <QLabel>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrintPreviewWidget>
@@ -46,11 +45,11 @@ private:
     QProgressDialog m_dialog;
 };
 
-void setUpPage(QPrinter* printer, QPageLayout::Orientation orientation)
+void setUpPage(QPagedPaintDevice* device, QPageLayout::Orientation orientation)
 {
-    printer->setPageSize(QPageSize(QPageSize::A4));
-    printer->setPageOrientation(orientation);
-    printer->setPageMargins(
+    device->setPageSize(QPageSize(QPageSize::A4));
+    device->setPageOrientation(orientation);
+    device->setPageMargins(
         QMarginsF(marginMillimetres, marginMillimetres, marginMillimetres, marginMillimetres),
         QPageLayout::Millimeter);
 }
@@ -58,12 +57,9 @@ void setUpPage(QPrinter* printer, QPageLayout::Orientation orientation)
 
 VrkPreviewWindow::Asking& VrkPreviewWindow::asking()
 {
-    static Asking current{[](QWidget* parent, const QString& title, const QString& filter) {
-                              return QFileDialog::getSaveFileName(parent, title, QString(), filter);
-                          },
-                          [](QWidget* parent, QPrinter* printer) {
-                              return QPrintDialog(printer, parent).exec() == QDialog::Accepted;
-                          }};
+    static Asking current{[](QWidget* parent, QPrinter* printer) {
+        return QPrintDialog(printer, parent).exec() == QDialog::Accepted;
+    }};
     return current;
 }
 
@@ -77,14 +73,18 @@ VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
     m_preview->setObjectName(QStringLiteral("previewWidget"));
     m_pageLabel = new QLabel(this);
     m_pageLabel->setObjectName(QStringLiteral("pageLabel"));
+    m_saver =
+        new FileSaver({tr("Сохранение в PDF"), tr("Документы PDF (*.pdf)"), QStringLiteral("pdf")}, this);
     auto* page = new QWidget(this);
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(makeBar());
+    column->addWidget(m_saver);
     column->addWidget(m_preview.get(), 1);
     setCentralWidget(page);
-    connect(m_preview.get(), &QPrintPreviewWidget::paintRequested, this, &VrkPreviewWindow::paintPages);
+    connect(m_preview.get(), &QPrintPreviewWidget::paintRequested, this,
+            [this](QPrinter* printer) { paintPages(printer); });
     connect(m_preview.get(), &QPrintPreviewWidget::previewChanged, this, &VrkPreviewWindow::updatePageLabel);
     const int em = fontMetrics().height();
     setMinimumSize(20 * em, 16 * em);
@@ -117,7 +117,9 @@ QWidget* VrkPreviewWindow::makeBar()
         return action;
     };
     add("printAction", tr("Печать..."), QKeySequence::Print, [this] { print(); });
-    add("pdfAction", tr("Сохранить в PDF..."), QKeySequence::Save, [this] { askPdf(); });
+    add("pdfAction", tr("Сохранить в PDF..."), QKeySequence::Save, [this] {
+        m_saver->save(m_folder, m_fileName, [this](QByteArray* bytes) { return writePdf(bytes); });
+    });
     QAction* portrait = add("portraitAction", tr("Книжная"), QKeySequence(), [] {});
     portrait->setCheckable(true);
     connect(portrait, &QAction::toggled, this, [this](bool on) {
@@ -162,7 +164,7 @@ void VrkPreviewWindow::updatePageLabel()
     m_pageLabel->setText(tr(" Страница %1 из %2 ").arg(m_preview->currentPage()).arg(m_preview->pageCount()));
 }
 
-bool VrkPreviewWindow::paintPages(QPrinter* printer)
+bool VrkPreviewWindow::paintPages(QPagedPaintDevice* device)
 {
     const int rows = m_pages.table().rows.size();
     std::unique_ptr<Progress> progress;
@@ -175,19 +177,18 @@ bool VrkPreviewWindow::paintPages(QPrinter* printer)
 
     constexpr qreal unitsPerPoint = VrkPreviewPages::unitsPerInch / 72;
     m_isCancelled = false;
-    const QSizeF page = printer->pageLayout().paintRect(QPageLayout::Point).size() * unitsPerPoint;
+    const QSizeF page = device->pageLayout().paintRect(QPageLayout::Point).size() * unitsPerPoint;
     if (!m_pages.layOut(page, goesOn))
         return false;
-    QPainter painter(printer);
+    QPainter painter(device);
     if (!painter.isActive())
         return true;
-    const QSizeF device = printer->pageRect(QPrinter::DevicePixel).size();
-    painter.scale(device.width() / page.width(), device.height() / page.height());
+    painter.scale(device->width() / page.width(), device->height() / page.height());
     for (int i = 0; i < m_pages.count(); ++i) {
         if (!goesOn(rows + rows * i / m_pages.count(), 2 * rows))
             return false;
         if (i > 0)
-            printer->newPage();
+            device->newPage();
         m_pages.paint(&painter, i);
     }
     return true;
@@ -202,44 +203,24 @@ void VrkPreviewWindow::print()
         printer.abort();
 }
 
-bool VrkPreviewWindow::savePdf(const QString& file)
+void VrkPreviewWindow::setFile(const QString& folder, const QString& name)
 {
-    if (QFileInfo::exists(file) && !QFileInfo(file).isWritable())
-        return false;
-    // Writes to another name first, so that cancelling or an error does not damage an existing file.
-    const QString part = QStringLiteral("%1.%2.part").arg(file).arg(QCoreApplication::applicationPid());
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(part);
-    printer.setDocName(windowTitle());
-    setUpPage(&printer, m_printer->pageLayout().orientation());
-    QFile probe(part);
-    if (!probe.open(QIODevice::WriteOnly))
-        return false;
-    probe.close();
-    const bool isPainted =
-        paintPages(&printer) && printer.printerState() != QPrinter::Error && QFileInfo(part).size() > 0;
-    if (isPainted &&
-        std::rename(QFile::encodeName(part).constData(), QFile::encodeName(file).constData()) == 0)
-        return true;
-    QFile::remove(part);
-    return false;
+    m_folder = folder;
+    m_fileName = name;
+    m_saver->hide(); // it speaks about another document
 }
 
-void VrkPreviewWindow::askPdf()
+bool VrkPreviewWindow::writePdf(QByteArray* bytes)
 {
-    QString file = asking().pdfFile(this, tr("Сохранение в PDF"), tr("Документы PDF (*.pdf)"));
-    if (file.isEmpty())
-        return;
-    if (QFileInfo(file).suffix().isEmpty())
-        file += QStringLiteral(".pdf");
-    if (savePdf(file) || m_isCancelled)
-        return;
-    auto* box = findChild<CPopMessageBox*>();
-    if (!box)
-        box = new CPopMessageBox(this);
-    box->setMessage(tr("Ошибка сохранения"), tr("<center>Не удалось записать файл!</center>"),
-                    MessageIconError, MessageTypeOk);
-    connect(box->buttonBox(), &QDialogButtonBox::clicked, box, &QWidget::close, Qt::UniqueConnection);
-    box->show();
+    QBuffer buffer(bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(windowTitle());
+    setUpPage(&writer, m_printer->pageLayout().orientation());
+    return paintPages(&writer);
+}
+
+bool VrkPreviewWindow::savePdf(const QString& file)
+{
+    return m_saver->write(file, [this](QByteArray* bytes) { return writePdf(bytes); });
 }

@@ -6,20 +6,20 @@
 #include <memory>
 #include <QMainWindow>
 
+class FileSaver;
 class QLabel;
+class QPagedPaintDevice;
 class QPrinter;
 class QPrintPreviewWidget;
 
-/// The preview: pages as they will be printed, with printing and saving as PDF.
+/// The preview: pages as they will be printed, with printing and saving as PDF (FileSaver).
 class VrkPreviewWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    /// Questions to the user. Tests replace these functions.
+    /// Questions to the user. Tests replace this function.
     struct Asking {
-        /// The file to write; empty if the user cancelled.
-        std::function<QString(QWidget* parent, const QString& title, const QString& filter)> pdfFile;
         /// Chooses the printer and its settings; false if the user cancelled.
         std::function<bool(QWidget* parent, QPrinter* printer)> printer;
     };
@@ -34,15 +34,17 @@ public:
     /// The shown table.
     const VrkPreviewTable& table() const { return m_pages.table(); }
     int pageCount() const;
+    /// The place and the name, without suffix, that are proposed for the PDF.
+    void setFile(const QString& folder, const QString& name);
     /// Writes all pages; false if the file cannot be written or the user cancelled: then an existing file
     /// is unchanged.
     bool savePdf(const QString& file);
 
 private:
     /// Shows progress for many rows; false if the user cancelled; the pages painted so far remain.
-    bool paintPages(QPrinter* printer);
+    bool paintPages(QPagedPaintDevice* device);
+    bool writePdf(QByteArray* bytes);
     void print();
-    void askPdf();
     QWidget* makeBar();
     void updatePageLabel();
 
@@ -50,5 +52,8 @@ private:
     std::unique_ptr<QPrinter> m_printer;
     std::unique_ptr<QPrintPreviewWidget> m_preview; ///< destroyed before its printer
     QLabel* m_pageLabel;
+    FileSaver* m_saver;
+    QString m_folder;
+    QString m_fileName;
     bool m_isCancelled = false; ///< refers to the last painting
 };

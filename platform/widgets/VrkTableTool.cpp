@@ -23,6 +23,7 @@ struct VrkTableTool::Private {
         QString field;
         int position = -1; ///< not set
         bool visible = true;
+        bool hidden = false; ///< by the user
     };
     enum class AfterReset { Nothing, First, Record };
 
@@ -30,6 +31,10 @@ struct VrkTableTool::Private {
 
     Column& settings(const QString& field);
     void applyColumns();
+    bool isHidden(const Column& column, int index) const
+    {
+        return !column.visible || (column.hidden && !model.isTemplateText(index));
+    }
     QModelIndex indexOf(const MDRData* record) const;
     void makeCurrent(const QModelIndex& index);
     bool isDelivering() const;
@@ -41,6 +46,7 @@ struct VrkTableTool::Private {
     QPointer<QTableView> view;
     QPointer<VrkTableLayout> layout; ///< owned by the view, like the delegate
     QVector<Column> columns;         ///< in the order in which they were added
+    QStringList userOrder;           ///< fields; empty: the positions of the columns
     AfterReset afterReset = AfterReset::Nothing;
     MDRData* wanted = nullptr;       ///< to become current after the reset, or when the box over the table
                                      ///< is closed
@@ -65,7 +71,7 @@ void VrkTableTool::Private::applyColumns()
         const int index = header ? model.idxField(column.field) : -1;
         if (index < 0)
             continue;
-        header->setSectionHidden(index, !column.visible);
+        header->setSectionHidden(index, isHidden(column, index));
         if (column.position >= 0)
             positions.append({column.position, index});
     }
@@ -73,6 +79,12 @@ void VrkTableTool::Private::applyColumns()
                      [](const auto& left, const auto& right) { return left.first < right.first; });
     for (const auto& position : qAsConst(positions))
         header->moveSection(header->visualIndex(position.second), qMin(position.first, header->count() - 1));
+    int next = 0;
+    for (const QString& field : qAsConst(userOrder)) {
+        const int index = header ? model.idxField(field) : -1;
+        if (index >= 0)
+            header->moveSection(header->visualIndex(index), next++);
+    }
 }
 
 // The index of the record's row, in the current column or, if that is hidden, in the first visible one.
@@ -283,6 +295,8 @@ void VrkTableTool::setColumns(const QVector<Column>& columns)
         if (column.icon)
             d->model.setHeaderData(field, Qt::Horizontal, QIcon(QLatin1String(column.icon)),
                                    Qt::DecorationRole);
+        if (!column.name.isEmpty())
+            d->model.setHeaderData(field, Qt::Horizontal, column.name, Qt::AccessibleTextRole);
         setColumnPosition(field, i);
         setColumnVisible(field, true);
     }
@@ -298,10 +312,54 @@ void VrkTableTool::setColumnPosition(const QString& field, int position)
 
 void VrkTableTool::setColumnVisible(const QString& field, bool visible)
 {
-    d->settings(field).visible = visible;
+    Private::Column& settings = d->settings(field);
+    settings.visible = visible;
     const int column = d->model.idxField(field);
     if (d->view && column >= 0)
-        d->view->setColumnHidden(column, !visible);
+        d->view->setColumnHidden(column, d->isHidden(settings, column));
+}
+
+QVector<VrkTableTool::Choice> VrkTableTool::columnChoices() const
+{
+    QVector<Choice> choices;
+    const QHeaderView* header = d->view ? d->view->horizontalHeader() : nullptr;
+    for (int visual = 0; header && visual < header->count(); ++visual) {
+        const int index = header->logicalIndex(visual);
+        const MDRField* field = d->model.field(index);
+        const QString name = field ? QString::fromLatin1(field->name) : QString();
+        const Private::Column settings = d->settings(name);
+        if (!field || !settings.visible)
+            continue;
+        QString title = d->model.headerData(index, Qt::Horizontal, Qt::AccessibleTextRole).toString();
+        if (title.isEmpty())
+            title = d->model.headerData(index, Qt::Horizontal).toString().simplified();
+        choices.append({name, title, !d->isHidden(settings, index), d->model.isTemplateText(index)});
+    }
+    return choices;
+}
+
+void VrkTableTool::setUserColumns(const QStringList& order, const QStringList& hidden)
+{
+    d->userOrder = order;
+    for (Private::Column& column : d->columns)
+        column.hidden = hidden.contains(column.field, Qt::CaseInsensitive);
+    if (!d->model.isResetting()) // the end of the reset applies them all
+        d->applyColumns();
+}
+
+QStringList VrkTableTool::userOrder() const
+{
+    return d->userOrder;
+}
+
+QStringList VrkTableTool::userHidden() const
+{
+    QStringList hidden;
+    for (const Private::Column& column : qAsConst(d->columns)) {
+        if (column.hidden)
+            hidden << column.field;
+    }
+    return hidden;
 }
 
 void VrkTableTool::sortByColumn(const QString& field, Qt::SortOrder order)

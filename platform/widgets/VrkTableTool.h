@@ -59,6 +59,7 @@ public:
         AbstractHfnCellConversion* conversion;
         QString title;
         const char* icon = nullptr; ///< shown in the header
+        QString name = QString();   ///< of a column with only an icon: for screen readers and columnChoices()
     };
     /// Shows these columns in this order, and hides those of all other fields.
     void setColumns(const QVector<Column>& columns);
@@ -66,6 +67,20 @@ public:
     void setColumnPosition(const QString& field, int position);
     void setColumnVisible(const QString& field, bool visible);
     void sortByColumn(const QString& field, Qt::SortOrder order);
+    /// A column that the module shows, as the user may choose it.
+    struct Choice {
+        QString field;
+        QString name;
+        bool isShown;
+        bool isFixed; ///< the text of records stays visible
+    };
+    /// In the order of the view.
+    QVector<Choice> columnChoices() const;
+    /// The user's own order of the module's columns, and those that he hides; empty lists restore the module's.
+    /// Fields that the order does not name follow at the end.
+    void setUserColumns(const QStringList& order, const QStringList& hidden);
+    QStringList userOrder() const;
+    QStringList userHidden() const;
     /// Fits the widths to headers and visible rows; the text of records gets the remaining space. From then
     /// on columns that are too narrow grow automatically, except those that the user has set.
     void adjustColumnsWidth();

@@ -3,6 +3,7 @@
 #include "ContentCheck.h"
 #include "EpochHistory.h"
 #include "HashTiles.h"
+#include "SignatureAudit.h"
 
 #include <algorithm>
 #include <QRegularExpression>
@@ -95,6 +96,7 @@ bool LogAudit::run(EvidenceLog& log, const QVector<Claim>& claims, QVector<Findi
     };
     compare();
     bool isSound = true;
+    SignatureAudit signatures(findings);
     const bool isRead = log.read(1, end, [&](const LoggedTransaction& transaction) {
         const TreeHash leaf = LogLeaf::ofTransaction(transaction);
         if (const qint64 place = tree.size(); isSound && place < sealed && tiles.leaf(place) != leaf) {
@@ -106,7 +108,11 @@ bool LogAudit::run(EvidenceLog& log, const QVector<Claim>& claims, QVector<Findi
         }
         tree.append(leaf);
         compare();
+        signatures.take(transaction);
         return true;
     });
+    signatures.end();
+    if (isRead && isSound && !tiles.agreesAboveTheLeaves())
+        ContentCheck::add(findings, Finding::Fault, "Дерево журнала изменений повреждено.");
     return isRead;
 }

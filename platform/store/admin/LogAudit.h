@@ -4,7 +4,8 @@
 #include "LogHead.h"
 #include "StoreAdmin.h"
 
-/// Compares the change log with its tree, with the heads in the store and with heads from elsewhere.
+/// Compares the change log with its tree, with the heads in the store and with heads from elsewhere, and its
+/// signatures with what they sign.
 namespace LogAudit
 {
 /// A head that the log must contain.

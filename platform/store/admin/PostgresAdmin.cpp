@@ -1,16 +1,19 @@
 #include "PostgresAdmin.h"
 
 #include "ContentCheck.h"
+#include "EpochHistory.h"
 #include "GenGuid32.h"
 #include "PgAddress.h"
 #include "PostgresAccess.h"
 #include "PostgresCheck.h"
+#include "PostgresEvidence.h"
 #include "PostgresObjects.h"
 #include "PostgresSchema.h"
 #include "PostgresStrangers.h"
 #include "SchemaScript.h"
 #include "StoreErrors.h"
 
+#include <algorithm>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -227,10 +230,23 @@ bool runTool(const char* name, const QStringList& arguments, const QString& url,
     return false;
 }
 
+/// Begins an epoch, and names those of the replaced store that the restored log lacks.
+bool nameEpochs(PgConnection& link, const EpochHistory& replaced, StoreError* error)
+{
+    EpochHistory own;
+    const auto log = PostgresEvidence::open(link, Store::Access::Read, deadlineMs, error);
+    if (!log || !own.load(*log))
+        return false;
+    const QByteArrayList epochs = replaced.missingFrom(own) << GenGuid32();
+    return std::all_of(epochs.cbegin(), epochs.cend(),
+                       [&](const QByteArray& epoch) { return setProperty(link, "epoch", epoch, error); });
+}
+
 /// Restores the copy at this program's version, with its own history and the access of a store. The
 /// database is closed before the copy is read, which takes a while, and again afterwards, because the copy
 /// contains its own grants.
-bool putBack(PgConnection& link, const QString& url, const QString& copy, StoreError* error)
+bool putBack(PgConnection& link, const QString& url, const QString& copy, const EpochHistory& replaced,
+             StoreError* error)
 {
     QVector<StoreAdmin::Finding> findings;
     const bool isThere = PostgresSchema::makeRoles(link, error) && PostgresAccess::close(link, error) &&
@@ -239,10 +255,8 @@ bool putBack(PgConnection& link, const QString& url, const QString& copy, StoreE
                                   QStringLiteral("--dbname=") + url, copy},
                                  url, QString::fromUtf8("Копию вернуть не удалось."), error) &&
                          PostgresAdmin::upgrade(url, error) && PostgresSchema::beginLogged(link, error) &&
-                         link.run("UPDATE StoreProperties SET value = $1 WHERE name = 'epoch'",
-                                  PgValues().text(GenGuid32()), error) &&
-                         PostgresAccess::close(link, error) && link.exec("COMMIT; ANALYZE", error) &&
-                         PostgresAdmin::check(url, &findings, error);
+                         nameEpochs(link, replaced, error) && PostgresAccess::close(link, error) &&
+                         link.exec("COMMIT; ANALYZE", error) && PostgresAdmin::check(url, &findings, error);
     return isThere && ContentCheck::isSound(findings, error);
 }
 
@@ -276,7 +290,8 @@ bool PostgresAdmin::backup(const QString& url, const QString& copy, StoreError* 
            runTool("pg_restore", {QStringLiteral("--list"), copy}, url, failure, error);
 }
 
-bool PostgresAdmin::restore(const QString& url, const QString& copy, QStringList* notes, StoreError* error)
+bool PostgresAdmin::restore(const QString& url, const QString& copy, const EpochHistory& replaced,
+                            QStringList* notes, StoreError* error)
 {
     if (!QFileInfo(copy).isFile())
         return StoreErrors::raise(error, StoreError::Missing, "Файл «%1» не найден.", copy);
@@ -288,7 +303,7 @@ bool PostgresAdmin::restore(const QString& url, const QString& copy, QStringList
     if (!link)
         return false;
     QStringList withoutPassword;
-    if (!putBack(*link, url, copy, error) || !admitAll(*link, url, &withoutPassword, error)) {
+    if (!putBack(*link, url, copy, replaced, error) || !admitAll(*link, url, &withoutPassword, error)) {
         giveBack(*link, url, isNewDatabase);
         return false;
     }
@@ -324,12 +339,16 @@ bool PostgresAdmin::addRole(const QString& url, const QString& login, StoreError
     const auto link = connectedToStore(url, error);
     if (!link)
         return false;
-    const PgResult known =
-        link->run("SELECT rolsuper FROM pg_roles WHERE rolname = $1", PgValues().text(login.toUtf8()), error);
+    const PgResult known = link->run("SELECT rolsuper, pg_has_role(oid, 'vrk_seal', 'MEMBER') FROM pg_roles"
+                                     " WHERE rolname = $1",
+                                     PgValues().text(login.toUtf8()), error);
     if (!known)
         return false;
     if (known.rows() > 0 && known.integer(0, 0) != 0)
         return true; // the administrator of the server needs no more
+    if (known.rows() > 0 && known.integer(0, 1) != 0)
+        return StoreErrors::raise(error, StoreError::BadRequest,
+                                  "Учётная запись «%1» опечатывает журнал и вести его не может.", login);
     const QByteArray name = PostgresSchema::identifier(login);
     return link->exec((known.rows() > 0
                            ? "ALTER ROLE " + name + " LOGIN"

@@ -3,6 +3,8 @@
 #include "StoreAdmin.h"
 
 /// StoreAdmin for stores on a PostgreSQL server. The addresses are those of an administrator of the server.
+class EpochHistory;
+
 namespace PostgresAdmin
 {
 /// Creates the database if it does not exist, and the store in it. An existing database must be empty. \a
@@ -18,7 +20,8 @@ bool checkSchema(const QString& url, QVector<StoreAdmin::Finding>* findings, Sto
 bool backup(const QString& url, const QString& file, StoreError* error);
 /// Restores into an empty database, which is created if it does not exist, with the roles that the store
 /// needs.
-bool restore(const QString& url, const QString& file, QStringList* notes, StoreError* error);
+bool restore(const QString& url, const QString& file, const EpochHistory& replaced, QStringList* notes,
+             StoreError* error);
 int version(const QString& url, StoreError* error);
 
 int endRunaways(const QString& url, int seconds, StoreError* error);

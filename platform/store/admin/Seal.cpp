@@ -11,23 +11,41 @@ bool refuse(StoreError* error, const char* text, qint64 number)
     return StoreErrors::raise(error, StoreError::Refused, text, QString::number(number));
 }
 
-/// Whether the log contains the heads, as far as they belong to its epochs.
-bool contains(EvidenceLog& log, const HashTiles& tiles, const QVector<LogHead>& heads, StoreError* error)
+/// A head with its note.
+struct Sealed {
+    LogHead head;
+    QByteArray note;
+};
+
+/// The last of the notes that the log must contain; it contains the earlier ones, too, if it contains this
+/// one. Notes of other keys count for nothing: anybody may have written them. False with \a error if the log
+/// cannot contain one.
+bool lastOf(const QVector<QByteArray>& notes, const QVector<VerifierKey>& own, const EpochHistory& epochs,
+            Sealed* last, StoreError* error)
 {
-    EpochHistory epochs;
-    if (!epochs.load(log))
-        return false;
-    for (const LogHead& head : heads) {
+    for (auto text = notes.crbegin(); text != notes.crend(); ++text) {
+        const SignedNote note(*text);
+        if (!note.signer(own).isValid())
+            continue;
+        const LogHead& head = note.head();
         const qint64 reach = epochs.endOf(head.epoch);
         if (reach < 0)
             return refuse(error, "Печать %1 принадлежит другому хранилищу: этим ключом его не опечатывали.",
                           head.size);
-        if (head.size > reach && head.epoch == epochs.current())
+        if (head.size <= reach) {
+            *last = {head, *text};
+            return true;
+        }
+        if (head.epoch == epochs.current())
             return refuse(error, "Журнал изменений обрезан: в нём нет того, что опечатано до %1.", head.size);
-        if (head.size <= qMin(reach, tiles.size()) && tiles.root(head.size) != head.root)
-            return refuse(error, "Журнал изменений не тот, что был опечатан до %1.", head.size);
     }
     return true;
+}
+
+bool agrees(const HashTiles& tiles, const LogHead& head, StoreError* error)
+{
+    return head.size == 0 || tiles.root(head.size) == head.root ||
+           refuse(error, "Журнал изменений не тот, что был опечатан до %1.", head.size);
 }
 } // namespace
 
@@ -37,32 +55,25 @@ bool Seal::make(EvidenceLog& log, const std::vector<std::unique_ptr<SealKey>>& k
     QVector<VerifierKey> own;
     for (const auto& key : keys)
         own.append(key->verifier());
-    QMap<qint64, QByteArray> stored;
+    QMap<qint64, QByteArray> heads;
+    EpochHistory epochs;
     LogHead head;
-    if (!log.heads(&stored) || !log.end(&head.size, &head.epoch))
+    if (!log.heads(&heads) || !log.end(&head.size, &head.epoch) || !epochs.load(log))
         return false;
+    QVector<QByteArray> stored;
+    for (const QByteArray& text : qAsConst(heads))
+        stored.append(text);
 
-    // Heads of other keys count for nothing here: anybody may have written them.
-    QVector<LogHead> known;
-    const auto remember = [&](const QByteArray& text) {
-        const SignedNote signedNote(text);
-        const bool isOwn = signedNote.signer(own).isValid();
-        if (isOwn)
-            known.append(signedNote.head());
-        return isOwn;
-    };
-    for (const QByteArray& text : seen)
-        remember(text);
-    qint64 sealed = 0;
-    for (auto it = stored.cbegin(); it != stored.cend() && it.key() <= head.size; ++it)
-        if (remember(it.value())) {
-            sealed = it.key();
-            *note = it.value();
-        }
-
+    Sealed inStore;
+    Sealed outside;
+    if (!lastOf(stored, own, epochs, &inStore, error) || !lastOf(seen, own, epochs, &outside, error))
+        return false;
+    const qint64 sealed = inStore.head.size;
     HashTiles tiles(log, sealed);
-    if (!contains(log, tiles, known, error))
+    if (!agrees(tiles, inStore.head, error) ||
+        (outside.head.size <= sealed && !agrees(tiles, outside.head, error)))
         return false;
+    *note = inStore.note;
     if (sealed == head.size)
         return true;
     const auto take = [&tiles](const LoggedTransaction& transaction) {
@@ -72,7 +83,7 @@ bool Seal::make(EvidenceLog& log, const std::vector<std::unique_ptr<SealKey>>& k
         return false;
     if (tiles.size() != head.size)
         return refuse(error, "Журнал изменений или его дерево повреждены у транзакции %1.", tiles.size() + 1);
-    if (!tiles.flush() || !contains(log, tiles, known, error))
+    if (!tiles.flush() || !agrees(tiles, outside.head, error))
         return false;
     head.root = tiles.root();
     if (tiles.isBroken())

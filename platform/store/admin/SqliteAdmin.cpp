@@ -1,15 +1,18 @@
 #include "SqliteAdmin.h"
 
 #include "ContentCheck.h"
+#include "EpochHistory.h"
 #include "GenGuid32.h"
 #include "SchemaScript.h"
 #include "SqliteCheck.h"
 #include "SqliteConnection.h"
+#include "SqliteEvidence.h"
 #include "SqliteSchema.h"
 #include "SqliteTransaction.h"
 #include "StoreErrors.h"
 #include "StorePlace.h"
 
+#include <algorithm>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
@@ -67,17 +70,35 @@ bool copyInto(const QString& draft, SqliteConnection& connection, StoreError* er
     return false;
 }
 
-/// Gives the copy its own history and checks it, as far as this program knows its version. Closes the
-/// connection, so that the file contains everything.
-bool finishCopy(const QString& copy, StoreError* error)
+/// The epochs that the log of a copy names when it takes the place of a store: those that it lacks, and its own.
+bool epochsAfter(const QString& copy, const EpochHistory& replaced, QByteArrayList* epochs, StoreError* error)
+{
+    EpochHistory own;
+    const auto log = SqliteEvidence::open(copy, Store::Access::Read, deadlineMs, error);
+    if (!log || !own.load(*log))
+        return false;
+    *epochs = replaced.missingFrom(own) << GenGuid32();
+    return true;
+}
+
+/// Gives the copy its own history, which names that of the store that it replaces, and checks it, as far as this
+/// program knows its version. Closes the connection, so that the file contains everything.
+bool finishCopy(const QString& copy, const EpochHistory& replaced, StoreError* error)
 {
     const auto connection = SqliteConnection::open(copy, SqliteConnection::Upgrade, deadlineMs, error);
     if (!connection)
         return false;
     const bool isPresent = versionOf(*connection) == SchemaScript::version;
-    if (isPresent && (!connection->exec("BEGIN IMMEDIATE", error) || !logged(*connection, error, [&] {
-            return setProperty(*connection, "epoch", GenGuid32(), error);
-        }) || !connection->exec("COMMIT", error)))
+    QByteArrayList epochs;
+    if (isPresent && !epochsAfter(copy, replaced, &epochs, error))
+        return false;
+    const auto setEpochs = [&] {
+        return std::all_of(epochs.cbegin(), epochs.cend(), [&](const QByteArray& epoch) {
+            return setProperty(*connection, "epoch", epoch, error);
+        });
+    };
+    if (isPresent && (!connection->exec("BEGIN IMMEDIATE", error) || !logged(*connection, error, setEpochs) ||
+                      !connection->exec("COMMIT", error)))
         return false;
     QVector<StoreAdmin::Finding> findings;
     if (!SqliteCheck::engine(*connection, &findings, error) ||
@@ -98,7 +119,8 @@ bool SqliteAdmin::init(const QString& file, const QByteArray& codecName, const Q
     const auto setProperties = [&] {
         return setProperty(*connection, "codec", codecName, error) &&
                setProperty(*connection, "timeZone", timeZone, error) &&
-               setProperty(*connection, "epoch", GenGuid32(), error);
+               setProperty(*connection, "epoch", GenGuid32(), error) &&
+               setProperty(*connection, "signatures", "1", error);
     };
     const bool isMade = connection->exec("BEGIN IMMEDIATE", error) &&
                         SqliteSchema::install(*connection, error) &&
@@ -171,10 +193,11 @@ int SqliteAdmin::version(const QString& file, StoreError* error)
 bool SqliteAdmin::backup(const QString& file, const QString& copy, StoreError* error)
 {
     const auto connection = SqliteConnection::open(file, SqliteConnection::ReadOlder, deadlineMs, error);
-    return connection && copyInto(copy, *connection, error) && finishCopy(copy, error);
+    return connection && copyInto(copy, *connection, error) && finishCopy(copy, {}, error);
 }
 
-bool SqliteAdmin::restore(const QString& file, const QString& copy, QStringList* notes, StoreError* error)
+bool SqliteAdmin::restore(const QString& file, const QString& copy, const EpochHistory& replaced,
+                          QStringList* notes, StoreError* error)
 {
     const QFileInfo source(copy);
     if (source.exists() && source.canonicalFilePath() == QFileInfo(file).canonicalFilePath())
@@ -191,7 +214,8 @@ bool SqliteAdmin::restore(const QString& file, const QString& copy, QStringList*
         done = connection && copyInto(draft, *connection, error);
     }
     QString kept;
-    done = done && upgrade(draft, error) && finishCopy(draft, error) && place.take(draft, &kept, error);
+    done = done && upgrade(draft, error) && finishCopy(draft, replaced, error) &&
+           place.take(draft, &kept, error);
     if (!done)
         SqliteConnection::removeFile(draft);
     else if (!kept.isEmpty())

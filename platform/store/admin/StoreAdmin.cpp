@@ -1,13 +1,12 @@
 #include "StoreAdmin.h"
+#include "EpochHistory.h"
 
 #include "CodePage.h"
 #include "PostgresAdmin.h"
 #include "PostgresDoctor.h"
-#include "PostgresEvidence.h"
 #include "SchemaScript.h"
 #include "SqliteAdmin.h"
 #include "SqliteConnection.h"
-#include "SqliteEvidence.h"
 #include "SqliteWal.h"
 #include "StoreErrors.h"
 #include "StoreUrl.h"
@@ -60,6 +59,13 @@ StoreError obstacleTo(const QString& copy)
     if (!QFileInfo(folder).isWritable())
         return StoreErrors::make(StoreError::ReadOnly, StoreErrors::closedFolder, folder);
     return StoreError();
+}
+
+bool loadEpochs(const QString& url, EpochHistory* epochs, StoreError* error)
+{
+    const auto store = Store::open(url, {}, error);
+    const auto log = store ? store->evidence(Store::Access::Read, error) : nullptr;
+    return log && epochs->load(*log);
 }
 } // namespace
 
@@ -149,12 +155,6 @@ QVector<StoreAdmin::Symptom> StoreAdmin::examine(const QString& url)
     return symptoms;
 }
 
-std::unique_ptr<EvidenceLog> StoreAdmin::openEvidence(const QString& url, EvidenceLog::Access access,
-                                                      StoreError* error)
-{
-    return dispatch(SqliteEvidence::open, PostgresEvidence::open, url, error, access);
-}
-
 int StoreAdmin::endRunaways(const QString& url, int seconds, StoreError* error)
 {
     if (StoreUrl(url).engine == StoreUrl::PostgreSql)
@@ -178,10 +178,25 @@ bool StoreAdmin::backup(const QString& url, const QString& copy, StoreError* err
     return isDone && StoreErrors::raise(error, StoreError::ReadOnly, "Файл «%1» нельзя создать.", copy);
 }
 
-bool StoreAdmin::restore(const QString& url, const QString& copy, QStringList* notes, StoreError* error)
+bool StoreAdmin::restore(const QString& url, const QString& copy, const QString& replaced, QStringList* notes,
+                         StoreError* error)
 {
     notes->clear();
-    return dispatch(SqliteAdmin::restore, PostgresAdmin::restore, url, error, copy, notes);
+    EpochHistory epochs;
+    if (!replaced.isEmpty()) {
+        if (!loadEpochs(replaced, &epochs, error))
+            return false;
+    } else if (const StoreUrl place(url); place.engine == StoreUrl::Sqlite && QFileInfo::exists(place.file)) {
+        StoreError failure;
+        if (!loadEpochs(url, &epochs, &failure)) {
+            epochs = EpochHistory();
+            notes->append(
+                QString::fromUtf8("Прежнее хранилище прочесть не удалось: печати, которые сделаны в нём "
+                                  "после возврата копии, проверка назовёт чужими. %1")
+                    .arg(failure.text));
+        }
+    }
+    return dispatch(SqliteAdmin::restore, PostgresAdmin::restore, url, error, copy, epochs, notes);
 }
 
 bool StoreAdmin::putFile(const QString& url, const QString& folder, const QString& name,

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "EvidenceLog.h"
 #include "Store.h"
 
 #include <functional>
@@ -58,9 +57,6 @@ struct Symptom {
 /// yet.
 QVector<Symptom> examine(const QString& url);
 
-/// The change log for the evidence. Null with \a error on failure; the error must outlive the object.
-std::unique_ptr<EvidenceLog> openEvidence(const QString& url, EvidenceLog::Access access, StoreError* error);
-
 /// Ends requests of a server's clients that have run longer than \a seconds, and transactions that block
 /// others and are older than that. Returns the number of ended ones, -1 on failure. For clients that ignore
 /// their own deadline; run it regularly.
@@ -72,21 +68,26 @@ bool backup(const QString& url, const QString& file, StoreError* error);
 
 /// Restores a copy, upgrades it to this version, checks it and gives it its own history. A file replaces
 /// the current store, which nobody may have open and which is kept under another name; a copy of a server's
-/// store goes into an empty database, created if missing, and every login gets its role. \a notes receives
-/// what the administrator must know.
-bool restore(const QString& url, const QString& file, QStringList* notes, StoreError* error);
+/// store goes into an empty database, created if missing, and every login gets its role. The log of the restored
+/// store names the epochs of the one that it replaces (EpochHistory): the current store of a file, or the store
+/// at \a replaced unless empty. \a notes receives what the administrator must know.
+bool restore(const QString& url, const QString& file, const QString& replaced, QStringList* notes,
+             StoreError* error);
 
 /// \name Logins, rights, files
 /// @{ Why a text cannot be a login; no error if it can.
 StoreError loginError(const QString& login);
 /// On a server the login is one of its roles, which cannot log in before it has a password.
 bool addUser(const QString& url, const QString& login, const QString& name, StoreError* error);
-/// Refused where logins have no passwords.
+/// Also of an account that seals. Refused where logins have no passwords.
 bool setPassword(const QString& url, const QString& login, const QString& password, StoreError* error);
 bool removeUser(const QString& url, const QString& login, StoreError* error);
 /// Where logins have their own roles, enables or disables a login of the table Users; elsewhere does
 /// nothing.
 bool admit(const QString& url, const QString& login, bool admitted, StoreError* error);
+/// Lets an account of a server seal the change log (PostgresSealer), or no longer. Refused for a file: who may
+/// write it may do everything.
+bool admitSealer(const QString& url, const QString& login, bool admitted, StoreError* error);
 bool grant(const QString& url, const QString& login, const QByteArray& right, bool given, StoreError* error);
 QVector<QByteArray> rights(const QString& url, const QString& login, StoreError* error);
 bool putFile(const QString& url, const QString& folder, const QString& name, const QByteArray& content,

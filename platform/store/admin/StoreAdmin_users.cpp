@@ -2,6 +2,7 @@
 #include "GenGuid32.h"
 #include "MDRValues.h"
 #include "PostgresAdmin.h"
+#include "PostgresSealer.h"
 #include "StoreAdmin.h"
 #include "StoreErrors.h"
 #include "StoreUrl.h"
@@ -111,11 +112,25 @@ bool StoreAdmin::setPassword(const QString& url, const QString& login, const QSt
     const auto store = openLoader(url, error);
     if (!store)
         return false;
-    if (userKey(*store, login, false, error).isEmpty())
+    const bool isServer = StoreUrl(url).engine == StoreUrl::PostgreSql;
+    bool isSealer = false;
+    if (isServer && !PostgresSealer::isAdmitted(url, login, &isSealer, error))
+        return false;
+    if (!isSealer && userKey(*store, login, false, error).isEmpty())
         return noSuchLogin(login, error);
-    if (StoreUrl(url).engine == StoreUrl::PostgreSql)
+    if (isServer)
         return PostgresAdmin::setPassword(url, login, password, error);
     return StoreErrors::raise(error, StoreError::BadRequest, "В этом хранилище входят без пароля.");
+}
+
+bool StoreAdmin::admitSealer(const QString& url, const QString& login, bool admitted, StoreError* error)
+{
+    *error = loginError(login);
+    if (!*error && StoreUrl(url).engine != StoreUrl::PostgreSql)
+        StoreErrors::raise(error, StoreError::BadRequest,
+                           "Хранилище в файле опечатывает тот, кому система разрешает писать в файл.");
+    return !*error &&
+           (admitted ? PostgresSealer::admit(url, login, error) : PostgresSealer::dismiss(url, login, error));
 }
 
 bool StoreAdmin::admit(const QString& url, const QString& login, bool admitted, StoreError* error)

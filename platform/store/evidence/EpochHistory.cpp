@@ -22,6 +22,19 @@ bool EpochHistory::load(EvidenceLog& log)
     return true;
 }
 
+QByteArrayList EpochHistory::missingFrom(const EpochHistory& other) const
+{
+    QByteArrayList epochs;
+    for (const Change& change : m_changes)
+        epochs.append(change.former);
+    epochs.append(m_current);
+    epochs.erase(
+        std::remove_if(epochs.begin(), epochs.end(),
+                       [&](const QByteArray& epoch) { return epoch.isEmpty() || other.endOf(epoch) >= 0; }),
+        epochs.end());
+    return epochs;
+}
+
 qint64 EpochHistory::endOf(const QByteArray& epoch) const
 {
     if (epoch == m_current)
@@ -29,5 +42,8 @@ qint64 EpochHistory::endOf(const QByteArray& epoch) const
     const auto ended = std::find_if(m_changes.crbegin(), m_changes.crend(), [&](const Change& change) {
         return !epoch.isEmpty() && change.former == epoch;
     });
-    return ended == m_changes.crend() ? -1 : ended->number - 1;
+    if (ended == m_changes.crend())
+        return -1;
+    const auto before = std::next(ended);
+    return before != m_changes.crend() && before->number == ended->number ? 0 : ended->number - 1;
 }

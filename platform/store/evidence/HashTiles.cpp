@@ -49,6 +49,19 @@ TreeHash HashTiles::complete(int level, qint64 place) const
     return rootOf(found->hashes.constData() + at, inside);
 }
 
+bool HashTiles::agreesAboveTheLeaves() const
+{
+    for (int level = widthBits; m_size >> level > 0; level += widthBits)
+        for (qint64 place = 0; place < m_size >> level; ++place) {
+            MerkleStack below;
+            for (qint64 i = 0; i < width; ++i)
+                below.append(complete(level - widthBits, place * width + i));
+            if (m_isBroken || below.root() != complete(level, place))
+                return false;
+        }
+    return !m_isBroken;
+}
+
 bool HashTiles::write(int level)
 {
     Tile& changed = m_tiles[level];

@@ -18,6 +18,8 @@ public:
     /// A tile was missing, too short or could not be read: all hashes since then are wrong, and nothing more is
     /// added.
     bool isBroken() const { return m_isBroken; }
+    /// Whether each tile above the leaves has the hashes that the tiles below give.
+    bool agreesAboveTheLeaves() const;
 
     /// Adds a leaf; flush() writes the tiles that have changed.
     bool append(const TreeHash& leaf);

@@ -51,6 +51,13 @@ PgConnection::~PgConnection()
     ::close(m_epoll);
 }
 
+std::unique_ptr<PgConnection> PgConnection::withPassword(const QByteArray& password, int deadlineMs) const
+{
+    Instead instead = m_instead;
+    instead.password = password;
+    return std::make_unique<PgConnection>(QString::fromUtf8(m_url), deadlineMs, instead);
+}
+
 int PgConnection::connectMs() const
 {
     return std::max(m_deadlineMs, shortestConnectMs);
@@ -143,6 +150,7 @@ QString PgConnection::caution() const
 bool PgConnection::finishConnecting(StoreError* error)
 {
     m_isOpen = true;
+    m_hasUsedPassword = PQconnectionUsedPassword(m_pg) != 0;
     watch(PQsocket(m_pg));
     PQsetnonblocking(m_pg, 1);
     if (PQserverVersion(m_pg) < lowestVersion) {

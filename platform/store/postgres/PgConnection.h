@@ -29,6 +29,14 @@ public:
     ~PgConnection();
     PgConnection(const PgConnection&) = delete;
     PgConnection& operator=(const PgConnection&) = delete;
+    /// A new one with the same address and credentials, not connected yet.
+    std::unique_ptr<PgConnection> another(int deadlineMs) const
+    {
+        return std::make_unique<PgConnection>(QString::fromUtf8(m_url), deadlineMs, m_instead);
+    }
+
+    /// The same for the same login with another password.
+    std::unique_ptr<PgConnection> withPassword(const QByteArray& password, int deadlineMs) const;
 
     /// Starts or continues to connect, for at most \a waitMs: false with Lost while the attempt runs or if
     /// it has failed. The attempt continues between the calls.
@@ -68,6 +76,8 @@ public:
     /// Reads notifications that have arrived. False if the connection is lost.
     bool takeNotifications(bool* any);
 
+    /// Whether the server asked for a password to open the last connection.
+    bool hasUsedPassword() const { return m_hasUsedPassword; }
     bool isEncrypted() const { return m_pg && PQsslInUse(m_pg) != 0; }
     /// What the server of the open connection has not proved (PgAddress::caution).
     QString caution() const;
@@ -106,6 +116,7 @@ private:
     int m_epoll;
     PGconn* m_pg = nullptr;
     bool m_isOpen = false;
+    bool m_hasUsedPassword = false;
     std::unique_ptr<PgAttempt> m_attempt; ///< while connecting
     QElapsedTimer m_clock;                ///< of the request
     std::function<void()> m_progress;

@@ -72,6 +72,12 @@ QByteArray versionSql()
            "') ON CONFLICT (name) DO UPDATE SET value = excluded.value;\n";
 }
 
+/// The log shows from which transaction on there are signatures.
+QByteArray signaturesSql(int from)
+{
+    return from < 6 ? "INSERT INTO StoreProperties (name, value) VALUES ('signatures', '1');\n" : "";
+}
+
 /// Makes the tables of version \a from those of this one, and creates everything else.
 QByteArray objectsSql(int from)
 {
@@ -115,7 +121,7 @@ bool PostgresSchema::beginLogged(PgConnection& link, StoreError* error)
 bool PostgresSchema::install(PgConnection& link, StoreError* error)
 {
     return link.exec(SchemaScript::file("postgresql-roles.sql") + ownerScript + objectsSql(0) + versionSql() +
-                         "RESET ROLE;\n",
+                         signaturesSql(0) + "RESET ROLE;\n",
                      error);
 }
 
@@ -132,8 +138,9 @@ bool PostgresSchema::installAside(PgConnection& link, const QByteArray& schema, 
 
 bool PostgresSchema::upgrade(PgConnection& link, int from, StoreError* error)
 {
-    return link.exec("SET ROLE vrk_owner;\n" + SchemaScript::file("postgresql-drop-rules.sql") +
-                         objectsSql(from) + (from < 4 ? logOwnRowsSql() : QByteArray()) + versionSql() +
+    return link.exec(SchemaScript::file("postgresql-roles.sql") + "SET ROLE vrk_owner;\n" +
+                         SchemaScript::file("postgresql-drop-rules.sql") + objectsSql(from) +
+                         (from < 4 ? logOwnRowsSql() : QByteArray()) + versionSql() + signaturesSql(from) +
                          (from < 2 ? SchemaScript::file("postgresql-fill-search.sql") : QByteArray()) +
                          "RESET ROLE;\n",
                      error);

@@ -10,7 +10,8 @@ struct CatalogTable;
 /// derived from the catalog.
 ///
 /// Everything belongs to the role vrk_owner, which cannot log in. Persons are members of vrk_client, which
-/// may read everything and write the tables of the catalog; members of vrk_loader may switch the rules off.
+/// may read everything and write the tables of the catalog; members of vrk_loader may switch the rules off;
+/// members of vrk_seal read the change log and write the evidence (LogTiles, LogHeads), nothing else.
 namespace PostgresSchema
 {
 /// Creates the roles that every store on a server needs.

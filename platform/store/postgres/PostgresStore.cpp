@@ -1,6 +1,7 @@
 #include "PostgresStore.h"
 
 #include "GenGuid32.h"
+#include "PostgresEvidence.h"
 #include "PostgresSchema.h"
 #include "StoreErrors.h"
 
@@ -96,6 +97,22 @@ bool PostgresStore::becomePerson(const QString& login, StoreError* error)
     return m_link.exec("SET SESSION AUTHORIZATION " + PostgresSchema::identifier(login), error);
 }
 
+bool PostgresStore::provePassword(const QString& password, StoreError* error)
+{
+    // With an empty one libpq would take what the machine keeps.
+    if (password.isEmpty())
+        return StoreErrors::raise(error, StoreError::Password, "Введите пароль.");
+    const auto link = m_link.withPassword(password.toUtf8(), m_options.deadlineMs);
+    link->setProgress(m_progress);
+    if (!link->connect(link->connectMs(), error)) {
+        if (error->code == StoreError::Password)
+            error->text = QString::fromUtf8("Пароль не подошёл.");
+        return false;
+    }
+    return link->hasUsedPassword() ||
+           StoreErrors::raise(error, StoreError::Refused, StoreErrors::noPasswords);
+}
+
 QVector<StoreLogin> PostgresStore::logins()
 {
     QVector<StoreLogin> all;
@@ -154,6 +171,11 @@ double PostgresStore::serverTime()
     const PgResult time =
         m_link.prepared("SELECT floor(extract(epoch FROM clock_timestamp()))::double precision", {}, &error);
     return time ? time.real(0, 0) : 0;
+}
+
+std::unique_ptr<EvidenceLog> PostgresStore::evidence(Access access, StoreError* error)
+{
+    return ready(error) ? PostgresEvidence::open(m_link, access, m_options.deadlineMs, error) : nullptr;
 }
 
 bool PostgresStore::file(const QString& folder, const QString& name, QByteArray* content, StoreError* error)

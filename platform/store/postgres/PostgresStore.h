@@ -21,12 +21,13 @@ public:
 
     QVector<StoreLogin> logins() override;
     bool signIn(const QString& login, StoreLogin* user, StoreError* error) override;
+    bool hasPassword() const override { return m_link.hasUsedPassword(); }
+    bool provePassword(const QString& password, StoreError* error) override;
     QVector<StoreDepartment> departments(const QByteArray& userKey) override;
     bool hasRight(const QByteArray& right) override;
     double serverTime() override;
 
     MDArray* select(const QByteArray& sqlUtf8, StoreError* error) override;
-    MDArray* search(const RecordQuery& query, StoreError* error) override;
     bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key, QByteArray* bytes,
               StoreError* error) override;
     /// Tries again after a deadlock, and if the connection is lost and restored within the deadline: the
@@ -40,6 +41,8 @@ public:
     bool hasNews() override;
     int newsDescriptor() const override { return m_link.descriptor(); }
 
+    std::unique_ptr<EvidenceLog> evidence(Access access, StoreError* error) override;
+
     bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* error) override;
     bool writeFile(const QString& folder, const QString& name, const QByteArray& content,
                    StoreError* error) override;
@@ -49,6 +52,9 @@ public:
     qint64 rowCount(const QByteArray& table) override;
     qint64 seek(const QByteArray& table, int key, const QVariantList& values, bool* exact) override;
     QVariantMap row(const QByteArray& table, int key, qint64 index) override;
+
+protected:
+    MDArray* searchIndex(const RecordQuery& query, StoreError* error) override;
 
 private:
     PostgresStore(const QString& url, const Options& options);

@@ -17,10 +17,14 @@ QByteArray lexeme(const char* kind, const SearchWords::Term& term)
 QByteArray matchOf(const RecordQuery& query)
 {
     QByteArrayList parts;
-    for (const SearchWords::Term& term : SearchWords::terms(query.words))
-        parts.append(lexeme("", term));
-    for (const SearchWords::Term& term : SearchWords::terms(query.equipment))
-        parts.append(lexeme("e:", term));
+    const auto append = [&parts](const char* kind, const SearchWords::Query& words) {
+        for (const SearchWords::Term& term : words.terms)
+            parts.append(lexeme(kind, term));
+        for (const SearchWords::Term& term : words.excluded)
+            parts.append('!' + lexeme(kind, term));
+    };
+    append("", SearchWords::query(query.words));
+    append("e:", SearchWords::query(query.equipment));
     if (!query.departmentKey.isEmpty())
         parts.append(lexeme("d:" + query.departmentKey));
     if (!query.workerKey.isEmpty())
@@ -31,7 +35,7 @@ QByteArray matchOf(const RecordQuery& query)
 }
 } // namespace
 
-MDArray* PostgresStore::search(const RecordQuery& query, StoreError* error)
+MDArray* PostgresStore::searchIndex(const RecordQuery& query, StoreError* error)
 {
     QByteArrayList conditions{"true"};
     const QByteArray match = matchOf(query);

@@ -63,6 +63,17 @@ QString withFields(QString script)
     return script;
 }
 
+/// Which changes of a table are signatures, by signatures.sql; empty if none is.
+QString meaningOf(const CatalogTable& table)
+{
+    const QRegularExpression statement(
+        QStringLiteral("^MEANING %1\\s+([^;]*);").arg(QString::fromLatin1(table.name)),
+        QRegularExpression::MultilineOption);
+    const QString meaning =
+        statement.match(QString::fromUtf8(SchemaScript::file("signatures.sql"))).captured(1);
+    return meaning.isEmpty() ? QString() : QLatin1Char('(') + meaning + QLatin1Char(')');
+}
+
 /// Expands EACH(row, a, b), with line breaks: administrators read the rules in the database.
 QString withRows(QString script)
 {
@@ -194,6 +205,9 @@ QByteArray SchemaScript::ofTable(const QByteArray& name, const CatalogTable& tab
         facts << QStringLiteral("tree");
     if (!reals.isEmpty())
         facts << QStringLiteral("reals");
+    const QString meaning = meaningOf(table);
+    if (!meaning.isEmpty())
+        facts << QStringLiteral("signed");
     QString script =
         expanded(QString::fromUtf8(file(name)), block, [&](const QRegularExpressionMatch& match) {
             const QStringList needed = match.captured(1).split(QLatin1Char(' '));
@@ -212,6 +226,10 @@ QByteArray SchemaScript::ofTable(const QByteArray& name, const CatalogTable& tab
         return QString::fromUtf8(match.captured(1) == QLatin1String("key") ? table.rowKeyOf(alias)
                                                                            : rowOf(table, alias));
     });
+    static const QRegularExpression former(QStringLiteral("\\bOLD\\.\\w+"));
+    const QString inserted = QString(meaning).replace(former, QStringLiteral("NULL"));
+    script.replace(QLatin1String("%inserted"), inserted);
+    script.replace(QLatin1String("%meaning"), facts.contains(QStringLiteral("insert")) ? inserted : meaning);
     return script.replace(QLatin1String("%table"), QString::fromLatin1(table.name)).toUtf8();
 }
 

@@ -10,7 +10,7 @@ struct CatalogTable;
 namespace SchemaScript
 {
 /// The version of the schema that this program writes and reads.
-constexpr int version = 5;
+constexpr int version = 6;
 
 /// A file of the folder schema; empty if it does not exist.
 QByteArray file(const QByteArray& name);
@@ -18,7 +18,8 @@ QByteArray file(const QByteArray& name);
 /// A file that is executed for a table, with "%table"; "%key(NEW)", the key of a row; "%row(NEW)", by
 /// \a rowOf; "%any{#}", the condition for any of the fields "#" that contain a fraction. Lines between
 /// "-- IF fact fact" and "-- END IF" stay if all these facts are true: those that the caller gives, and
-/// "keyed" (it has KeyLink), "tree" (of categories), "reals" (it has fields that contain a fraction).
+/// "keyed" (it has KeyLink), "tree" (of categories), "reals" (it has fields that contain a fraction),
+/// "signed" (some of its changes are signatures: "%meaning" by signatures.sql, "%inserted" without OLD).
 QByteArray ofTable(const QByteArray& name, const CatalogTable& table, QStringList facts,
                    QByteArray (*rowOf)(const CatalogTable& table, const QByteArray& alias));
 

@@ -63,7 +63,18 @@ const QVector<CatalogTable>& TableCatalog::loggedTables()
                        {"StoreFiles",
                         {{"folder", mdr_TChar, 100}, {"name", mdr_TChar, 100}, {"content", mdr_TBlob, 0}},
                         {},
-                        {"folder", "name"}}};
+                        {"folder", "name"}},
+                       {"LogSignatures",
+                        {{"KeyLink", mdr_TChar, 32},
+                         {"meaning", mdr_TChar, 20},
+                         {"login", mdr_TChar, 100},
+                         {"person", mdr_TChar, 100},
+                         {"time", mdr_TDouble, 0},
+                         {"signedTable", mdr_TChar, 40},
+                         {"signedKey", mdr_TChar, 32},
+                         {"rowHash", mdr_TChar, 64}},
+                        {},
+                        {"KeyLink"}}};
     return all;
 }
 

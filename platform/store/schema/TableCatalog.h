@@ -41,8 +41,8 @@ struct CatalogTable {
 namespace TableCatalog
 {
 const QVector<CatalogTable>& tables();
-/// These tables and the store's own: properties and files, which modules do not know. Every change of them
-/// is logged.
+/// These tables and the store's own: properties, files and signatures, which modules do not know. Every
+/// change of them is logged.
 const QVector<CatalogTable>& loggedTables();
 /// By name, ignoring ASCII case; null if there is no such table.
 const CatalogTable* table(const QByteArray& name);

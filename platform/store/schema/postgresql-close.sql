@@ -1,5 +1,5 @@
 DO $$ DECLARE thing text; BEGIN
-EXECUTE format('REVOKE ALL ON DATABASE %1$I FROM PUBLIC; GRANT CONNECT ON DATABASE %1$I TO vrk_client',
+EXECUTE format('REVOKE ALL ON DATABASE %1$I FROM PUBLIC; GRANT CONNECT ON DATABASE %1$I TO vrk_client, vrk_seal',
     current_database());
 FOR thing IN SELECT oid::regprocedure FROM pg_proc WHERE pronamespace = 'pg_catalog'::regnamespace
     AND %closed AND has_function_privilege('public', oid, 'EXECUTE') LOOP

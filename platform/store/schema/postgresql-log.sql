@@ -42,6 +42,17 @@ CREATE FUNCTION vrk_chain(before bytea, head ChangeTransactions) RETURNS bytea L
                                              FROM ChangeLog WHERE ChangeLog.number = head.number), ''), 'UTF8'));
 $$;
 
+-- The leaf of a row of the log in the tree of the evidence (docs/evidence-format.md), as hexadecimal digits.
+CREATE FUNCTION vrk_bytes(part text) RETURNS bytea LANGUAGE sql IMMUTABLE AS $$
+    SELECT int8send(octet_length(part)) || convert_to(part, 'UTF8');
+$$;
+CREATE FUNCTION vrk_leaf(tableName text, rowKey text, event bigint, oldRow text, newRow text) RETURNS text
+    LANGUAGE sql STABLE SET search_path = pg_catalog, public, pg_temp AS $$
+    SELECT encode(sha256('\x00'::bytea || vrk_bytes(tableName) || vrk_bytes(rowKey) || int8send(event)
+                         || coalesce('\x01'::bytea || vrk_bytes(oldRow), '\x00'::bytea)
+                         || coalesce('\x01'::bytea || vrk_bytes(newRow), '\x00'::bytea)), 'hex');
+$$;
+
 -- Called for every changed row by the trigger of its table.
 CREATE FUNCTION vrk_log(tableName text, rowKey text, event integer, oldRow text, newRow text) RETURNS void
     LANGUAGE plpgsql SET search_path = pg_catalog, public, pg_temp AS $$
@@ -125,12 +136,21 @@ CREATE TRIGGER B_Hold BEFORE INSERT OR DELETE ON LogbookWorkersWorkshift
 CREATE TRIGGER B_Hold BEFORE INSERT ON LogbookWorkshifts
     FOR EACH ROW EXECUTE FUNCTION vrk_hold_workshift();
 
+-- Whether an account that seals adds a public key to the keys of the store; it keeps those that are there.
+CREATE FUNCTION vrk_adds_key(inFolder text, called text, bytes bytea) RETURNS boolean LANGUAGE sql STABLE
+    SET search_path = pg_catalog, public, pg_temp AS $$
+    SELECT coalesce(pg_has_role(session_user, 'vrk_seal', 'MEMBER') AND inFolder = 'evidence' AND called = 'keys'
+        AND starts_with(encode(bytes, 'hex'), coalesce((SELECT encode(content, 'hex') FROM StoreFiles
+                                                        WHERE folder = inFolder AND name = called), '')), false);
+$$;
+
 -- Writes a named file, or removes it if there are no bytes; false if it did not exist. Clients may not
 -- write the table.
 CREATE FUNCTION vrk_write_file(inFolder text, called text, bytes bytea) RETURNS boolean LANGUAGE plpgsql
     SECURITY DEFINER SET search_path = pg_catalog, public, pg_temp AS $$
 BEGIN
-    IF NOT vrk_is_loader() AND NOT EXISTS (SELECT 1 FROM CurrentRights WHERE rightName = 'ADMINISTRATOR') THEN
+    IF NOT vrk_is_loader() AND NOT EXISTS (SELECT 1 FROM CurrentRights WHERE rightName = 'ADMINISTRATOR')
+        AND NOT vrk_adds_key(inFolder, called, bytes) THEN
         PERFORM vrk_refuse('Файлы хранилища записывает только администратор.');
     END IF;
     IF bytes IS NULL THEN
@@ -158,6 +178,9 @@ END $$;
 CREATE TRIGGER KeepLog BEFORE UPDATE OR DELETE OR TRUNCATE ON ChangeLog
     FOR EACH STATEMENT EXECUTE FUNCTION vrk_keep_log();
 CREATE TRIGGER KeepLog BEFORE UPDATE OR DELETE OR TRUNCATE ON ChangeTransactions
+    FOR EACH STATEMENT EXECUTE FUNCTION vrk_keep_log();
+
+CREATE TRIGGER KeepLog BEFORE UPDATE OR DELETE ON LogSignatures
     FOR EACH STATEMENT EXECUTE FUNCTION vrk_keep_log();
 
 CREATE FUNCTION vrk_keep_rows() RETURNS trigger LANGUAGE plpgsql AS $$

@@ -4,11 +4,17 @@ WITH store AS (
     -- The owner of the database may drop it: no rule limits him.
     SELECT oid, datdba AS owner FROM pg_database WHERE datname = current_database()
 ),
-ours (name) AS (VALUES ('vrk_owner'), ('vrk_client'), ('vrk_loader')),
+ours (name) AS (VALUES ('vrk_owner'), ('vrk_client'), ('vrk_loader'), ('vrk_seal')),
 person AS (
     SELECT R.oid
     FROM pg_roles AS R, store
     WHERE NOT R.rolsuper AND R.oid <> store.owner AND pg_has_role(R.oid, 'vrk_client', 'MEMBER')
+        AND R.rolname NOT IN (SELECT name FROM ours)
+),
+sealer AS (
+    SELECT R.oid
+    FROM pg_roles AS R, store
+    WHERE NOT R.rolsuper AND R.oid <> store.owner AND pg_has_role(R.oid, 'vrk_seal', 'MEMBER')
         AND R.rolname NOT IN (SELECT name FROM ours)
 ),
 -- Objects that exist neither on a fresh server nor in a fresh store; the server's own objects have lower numbers.
@@ -63,7 +69,7 @@ granted (name, grantee) AS (
     FROM pg_database AS D, aclexplode(D.datacl) AS A
     WHERE D.datname = current_database() AND A.grantee <> D.datdba
         AND (A.privilege_type = 'CREATE' OR A.is_grantable OR A.grantee <> 0
-            AND (A.grantee <> 'vrk_client'::regrole OR A.privilege_type <> 'CONNECT'))
+            AND (A.grantee NOT IN ('vrk_client'::regrole, 'vrk_seal'::regrole) OR A.privilege_type <> 'CONNECT'))
 )
 SELECT 'fault', $1::text, pg_describe_object(classid, objid, 0), '' FROM strange
 UNION ALL
@@ -94,6 +100,7 @@ SELECT 'fault', 'Роль «%1» имеет свойство %2, которог�
 FROM pg_roles AS R, store, LATERAL (VALUES ('SUPERUSER', R.rolsuper), ('CREATEROLE', R.rolcreaterole),
     ('CREATEDB', R.rolcreatedb), ('REPLICATION', R.rolreplication), ('BYPASSRLS', R.rolbypassrls)) AS A (name, has)
 WHERE A.has AND (R.rolname IN (SELECT name FROM ours) OR R.oid IN (SELECT oid FROM person)
+    OR R.oid IN (SELECT oid FROM sealer)
     OR R.rolsuper AND A.name = 'SUPERUSER' AND R.oid <> store.owner
         AND EXISTS (SELECT 1 FROM Users
             WHERE Users.login = R.rolname::text COLLATE "C" AND coalesce(deleted_, 0) = 0))
@@ -104,10 +111,11 @@ FROM store, pg_auth_members AS M
 JOIN pg_roles AS R ON R.oid = M.member
 JOIN pg_roles AS G ON G.oid = M.roleid
 WHERE R.oid <> store.owner AND NOT R.rolsuper
-    AND (G.rolname IN ('vrk_owner', 'vrk_loader') OR R.rolname IN ('vrk_owner', 'vrk_client')
+    AND (G.rolname IN ('vrk_owner', 'vrk_loader') OR R.rolname IN ('vrk_owner', 'vrk_client', 'vrk_seal')
         OR R.rolname = 'vrk_loader' AND G.rolname <> 'vrk_client'
         OR R.oid IN (SELECT oid FROM person) AND G.rolname <> 'vrk_client'
-        OR G.rolname = 'vrk_client' AND M.admin_option)
+        OR R.oid IN (SELECT oid FROM sealer) AND R.oid NOT IN (SELECT oid FROM person) AND G.rolname <> 'vrk_seal'
+        OR G.rolname IN ('vrk_client', 'vrk_seal') AND M.admin_option)
 
 UNION ALL
 SELECT 'note', 'Роль «%1» читает журнал, а среди его пользователей её нет.', R.rolname::text, ''
@@ -121,4 +129,5 @@ SELECT 'fault', 'Для «%1» на сервере записана лишняя
 FROM store, pg_db_role_setting AS S
 LEFT JOIN pg_roles AS R ON R.oid = S.setrole, unnest(S.setconfig) AS setting
 WHERE S.setdatabase IN (0, store.oid)
-    AND (S.setrole = 0 OR R.rolname IN (SELECT name FROM ours) OR R.oid IN (SELECT oid FROM person))
+    AND (S.setrole = 0 OR R.rolname IN (SELECT name FROM ours) OR R.oid IN (SELECT oid FROM person)
+        OR R.oid IN (SELECT oid FROM sealer))

@@ -33,3 +33,25 @@ BEGIN
 END $$;
 CREATE TRIGGER Z_Log AFTER INSERT OR UPDATE OR DELETE ON %table FOR EACH ROW EXECUTE FUNCTION Log_%table();
 CREATE TRIGGER KeepRows BEFORE TRUNCATE ON %table FOR EACH STATEMENT EXECUTE FUNCTION vrk_keep_rows();
+-- IF signed
+-- Writes the signature of the person who makes the change.
+CREATE FUNCTION Sign_%table%head
+DECLARE
+    act text := %meaning;
+BEGIN
+    IF NOT vrk_is_loader() THEN
+        INSERT INTO LogSignatures (KeyLink, meaning, login, person, time, signedTable, signedKey, rowHash)
+        SELECT upper(translate(gen_random_uuid()::text, '-', '')), act, login,
+            coalesce((SELECT name_ FROM Users WHERE KeyLink = userKey), ''),
+            floor(extract(epoch FROM clock_timestamp())), '%table', %key(NEW),
+            vrk_leaf('%table', %key(NEW), CASE TG_OP WHEN 'INSERT' THEN 601 ELSE 602 END,
+                CASE WHEN TG_OP <> 'INSERT' THEN %row(OLD) END, %row(NEW))
+        FROM CurrentTransaction;
+    END IF;
+    RETURN NULL;
+END $$;
+CREATE TRIGGER Z_SignInsert AFTER INSERT ON %table FOR EACH ROW WHEN (%inserted IS NOT NULL)
+    EXECUTE FUNCTION Sign_%table();
+CREATE TRIGGER Z_SignUpdate AFTER UPDATE ON %table FOR EACH ROW WHEN (%meaning IS NOT NULL)
+    EXECUTE FUNCTION Sign_%table();
+-- END IF

@@ -40,3 +40,25 @@ BEGIN
 -- END IF
     FROM CurrentTransaction;
 END;
+-- IF insert signed
+-- The signature of the person who makes the change.
+CREATE TRIGGER Sign_%table_%operation AFTER %operation ON %table
+WHEN %meaning IS NOT NULL AND (SELECT loader FROM CurrentTransaction) = 0
+BEGIN
+    INSERT INTO LogSignatures (KeyLink, meaning, login, person, time, signedTable, signedKey, rowHash)
+    SELECT hex(randomblob(16)), %meaning, login, coalesce((SELECT name_ FROM Users WHERE KeyLink = userKey), ''),
+        unixepoch(), '%table', %key(NEW), vrk_leaf('%table', %key(NEW), 601, NULL, %row(NEW))
+    FROM CurrentTransaction;
+END;
+-- END IF
+-- IF update signed
+-- The signature of the person who makes the change.
+CREATE TRIGGER Sign_%table_%operation AFTER %operation ON %table
+WHEN %meaning IS NOT NULL AND (SELECT loader FROM CurrentTransaction) = 0
+BEGIN
+    INSERT INTO LogSignatures (KeyLink, meaning, login, person, time, signedTable, signedKey, rowHash)
+    SELECT hex(randomblob(16)), %meaning, login, coalesce((SELECT name_ FROM Users WHERE KeyLink = userKey), ''),
+        unixepoch(), '%table', %key(NEW), vrk_leaf('%table', %key(NEW), 602, %row(OLD), %row(NEW))
+    FROM CurrentTransaction;
+END;
+-- END IF

@@ -2,6 +2,7 @@
 
 #include "ChangeRow.h"
 #include "RecordWords.h"
+#include "RowLeaf.h"
 #include "SqliteWal.h"
 #include "StoreErrors.h"
 
@@ -180,6 +181,7 @@ bool SqliteConnection::setUp(Mode mode, StoreError* error)
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
     ChangeRow::installFunction(m_db);
     RecordWords::installFunctions(m_db);
+    RowLeaf::installFunction(m_db);
 
     if (mode != Create) {
         if (sqlite3_db_readonly(m_db, "main") == 1 && !isReading(mode)) {

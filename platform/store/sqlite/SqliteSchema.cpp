@@ -82,6 +82,14 @@ bool logOwnRows(SqliteConnection& connection, StoreError* error)
     }
     return transaction.close(GenGuid32(), QDateTime::currentSecsSinceEpoch(), error);
 }
+/// The log shows from which transaction on there are signatures.
+bool beginSignatures(SqliteConnection& connection, StoreError* error)
+{
+    SqliteTransaction transaction(connection, SqliteTransaction::loader());
+    return transaction.begin(error) &&
+           connection.exec("INSERT INTO StoreProperties (name, value) VALUES ('signatures', '1')", error) &&
+           transaction.close(GenGuid32(), QDateTime::currentSecsSinceEpoch(), error);
+}
 } // namespace
 
 bool SqliteSchema::install(SqliteConnection& connection, StoreError* error)
@@ -92,7 +100,8 @@ bool SqliteSchema::install(SqliteConnection& connection, StoreError* error)
 bool SqliteSchema::upgrade(SqliteConnection& connection, int from, StoreError* error)
 {
     return dropRules(connection, error) && makeObjects(connection, from, error) &&
-           (from >= 2 || rebuildSearch(connection, error)) && (from >= 4 || logOwnRows(connection, error));
+           (from >= 2 || rebuildSearch(connection, error)) && (from >= 4 || logOwnRows(connection, error)) &&
+           (from >= 6 || beginSignatures(connection, error));
 }
 
 bool SqliteSchema::rebuildSearch(SqliteConnection& connection, StoreError* error)

@@ -1,6 +1,7 @@
 #include "SqliteStore.h"
 
 #include "GenGuid32.h"
+#include "SqliteEvidence.h"
 #include "SqliteTransaction.h"
 #include "StoreErrors.h"
 
@@ -147,6 +148,11 @@ double SqliteStore::serverTime()
 {
     // The server is this computer.
     return static_cast<double>(QDateTime::currentSecsSinceEpoch());
+}
+
+std::unique_ptr<EvidenceLog> SqliteStore::evidence(Access access, StoreError* error)
+{
+    return ready(error) ? SqliteEvidence::open(m_file, access, m_options.deadlineMs, error) : nullptr;
 }
 
 bool SqliteStore::file(const QString& folder, const QString& name, QByteArray* content, StoreError* error)

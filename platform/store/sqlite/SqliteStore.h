@@ -28,7 +28,6 @@ public:
     double serverTime() override;
 
     MDArray* select(const QByteArray& sqlUtf8, StoreError* error) override;
-    MDArray* search(const RecordQuery& query, StoreError* error) override;
     bool blob(const QByteArray& table, const QByteArray& field, const QByteArray& key, QByteArray* bytes,
               StoreError* error) override;
     bool apply(const std::vector<StoreWrite>& writes, const QByteArray& batchKey, StoreError* error) override;
@@ -39,6 +38,8 @@ public:
                       StoreError* error) override;
     bool hasNews() override;
 
+    std::unique_ptr<EvidenceLog> evidence(Access access, StoreError* error) override;
+
     bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* error) override;
     bool writeFile(const QString& folder, const QString& name, const QByteArray& content,
                    StoreError* error) override;
@@ -48,6 +49,9 @@ public:
     qint64 rowCount(const QByteArray& table) override;
     qint64 seek(const QByteArray& table, int key, const QVariantList& values, bool* exact) override;
     QVariantMap row(const QByteArray& table, int key, qint64 index) override;
+
+protected:
+    MDArray* searchIndex(const RecordQuery& query, StoreError* error) override;
 
 private:
     SqliteStore(const QString& file, const Options& options) : EngineStore(options), m_file(file) {}

@@ -11,19 +11,24 @@ QByteArray phrase(const SearchWords::Term& term)
     return '"' + term.stem.toUtf8() + '"' + (term.isBeginning ? "*" : "");
 }
 
-QByteArray inColumn(const char* column, const QByteArrayList& phrases)
+QByteArray inColumn(const char* column, const QVector<SearchWords::Term>& terms, const char* operation)
 {
-    return phrases.isEmpty() ? QByteArray() : column + (" : (" + phrases.join(" AND ") + ')');
+    QByteArrayList phrases;
+    for (const SearchWords::Term& term : terms)
+        phrases.append(phrase(term));
+    return phrases.isEmpty() ? QByteArray() : column + (" : (" + phrases.join(operation) + ')');
+}
+
+QByteArray joined(QByteArrayList parts, const char* operation)
+{
+    parts.removeAll(QByteArray());
+    return parts.join(operation);
 }
 
 QByteArray matchOf(const RecordQuery& query)
 {
-    QByteArrayList words;
-    for (const SearchWords::Term& term : SearchWords::terms(query.words))
-        words.append(phrase(term));
-    QByteArrayList equipment;
-    for (const SearchWords::Term& term : SearchWords::terms(query.equipment))
-        equipment.append(phrase(term));
+    const SearchWords::Query words = SearchWords::query(query.words);
+    const SearchWords::Query equipment = SearchWords::query(query.equipment);
     QByteArrayList marks;
     if (!query.departmentKey.isEmpty())
         marks.append("\"d" + query.departmentKey.toHex() + '"');
@@ -31,12 +36,16 @@ QByteArray matchOf(const RecordQuery& query)
         marks.append("\"a" + query.workerKey.toHex() + '"');
     if (query.status >= 0)
         marks.append("\"s" + QByteArray::number(query.status) + '"');
-    if (words.isEmpty() && equipment.isEmpty() && marks.isEmpty())
-        marks.append("record");
-    QByteArrayList parts{inColumn("words", words), inColumn("equipment", equipment),
-                         inColumn("marks", marks)};
-    parts.removeAll(QByteArray());
-    return parts.join(" AND ");
+    if (words.terms.isEmpty() && equipment.terms.isEmpty() && marks.isEmpty())
+        marks.append("record"); // an exclusion needs something from which it excludes
+    const QByteArray found =
+        joined({inColumn("words", words.terms, " AND "), inColumn("equipment", equipment.terms, " AND "),
+                marks.isEmpty() ? QByteArray() : "marks : (" + marks.join(" AND ") + ')'},
+               " AND ");
+    const QByteArray excluded =
+        joined({inColumn("words", words.excluded, " OR "), inColumn("equipment", equipment.excluded, " OR ")},
+               " OR ");
+    return excluded.isEmpty() ? found : '(' + found + ") NOT (" + excluded + ')';
 }
 
 /// The first row number of a second.
@@ -47,7 +56,7 @@ QByteArray numberAt(double second)
 }
 } // namespace
 
-MDArray* SqliteStore::search(const RecordQuery& query, StoreError* error)
+MDArray* SqliteStore::searchIndex(const RecordQuery& query, StoreError* error)
 {
     // The engine opens its index with its own statements, which the authorizer for foreign selects would
     // refuse.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VrkExport.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -17,8 +19,11 @@ struct Row {
 /// separated by semicolon, comma or tab, the one that occurs most often in the first row; quoted cells may
 /// contain separators, doubled quotes and line ends. Blank rows are ignored. False, and \a error names the
 /// line, if a quote is not closed or followed by text.
-bool read(const QByteArray& bytes, QVector<Row>* rows, QString* error);
+VRK_EXPORT bool read(const QByteArray& bytes, QVector<Row>* rows, QString* error);
 
 /// A file that a Russian spreadsheet opens by double click: UTF-8 with a byte order mark, semicolons, CRLF.
-QByteArray write(const QVector<QStringList>& rows);
+VRK_EXPORT QByteArray write(const QVector<QStringList>& rows);
+/// A cell for a file that people open in a spreadsheet: a text that it would run as a formula gets an apostrophe. Not
+/// for files that are read again.
+VRK_EXPORT QString harmless(const QString& cell);
 } // namespace Csv

@@ -154,3 +154,10 @@ QByteArray Csv::write(const QVector<QStringList>& rows)
     }
     return text.toUtf8();
 }
+
+QString Csv::harmless(const QString& cell)
+{
+    // A tab or a line end before the sign does not stop a spreadsheet.
+    const bool isFormula = !cell.isEmpty() && QStringLiteral("=+-@\t\r\n").contains(cell.at(0));
+    return isFormula ? QLatin1Char('\'') + cell : cell;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "EvidenceLog.h"
+#include "Store.h"
+
+class SqliteConnection;
+
+/// EvidenceLog for a SQLite file. Tiles, heads and stamps are kept back until commit(), so that writers of the
+/// journal do not wait while the tree is computed.
+class SqliteEvidence : public EvidenceLog
+{
+public:
+    static std::unique_ptr<EvidenceLog> open(const QString& file, Store::Access access, int deadlineMs,
+                                             StoreError* error);
+    ~SqliteEvidence() override;
+
+    bool end(qint64* number, QByteArray* epoch) override;
+    bool read(qint64 from, qint64 to, const Take& take) override;
+    bool numbersOf(const QByteArray& key, const QByteArray& table, QVector<qint64>* numbers) override;
+    bool rowsOf(const QByteArrayList& keys, qint64 to, const Take& take) override;
+    bool removed(const QByteArrayList& tables, qint64 since, QVector<LoggedRow>* rows) override;
+    bool keysOf(const QByteArray& table, const QByteArray& field, const QByteArrayList& values,
+                QSet<QByteArray>* keys) override;
+    bool timeOf(qint64 number, double* time) override;
+    bool chainOf(qint64 number, QByteArray* chain) override;
+    bool tile(int level, qint64 place, QByteArray* hashes) override;
+    bool writeTile(int level, qint64 place, const QByteArray& hashes) override;
+    bool headsFrom(qint64 size, QMap<qint64, QByteArray>* notes) override;
+    bool newestHead(QByteArray* note) override;
+    bool writeHead(qint64 size, const QByteArray& note) override;
+    bool stamps(QMap<qint64, QByteArray>* responses) override;
+    bool writeStamp(qint64 size, const QByteArray& response) override;
+    bool commit() override;
+
+private:
+    SqliteEvidence(std::unique_ptr<SqliteConnection> read, StoreError* error);
+
+    /// Sets the error to the engine's last one; always false.
+    bool fail() const;
+
+    std::unique_ptr<SqliteConnection> m_read;
+    QMap<QPair<int, qint64>, QByteArray> m_tiles; ///< written since open()
+    QMap<qint64, QByteArray> m_heads;
+    QMap<qint64, QByteArray> m_stamps;
+};
