@@ -1,6 +1,8 @@
 #include "ArchiveModule.h"
 
 #include "CVrkArchive.h"
+#include "CVrkHistory.h"
+#include "CVrkPast.h"
 #include "CVrkUnfinished.h"
 
 CVrkCliMod* CppCliModule(CVrkCliApp* app, const char* name)
@@ -9,5 +11,9 @@ CVrkCliMod* CppCliModule(CVrkCliApp* app, const char* name)
         return new CVrkUnfinished(app);
     if (qstricmp(name, "archive") == 0)
         return new CVrkArchive(app);
+    if (qstricmp(name, "history") == 0)
+        return new CVrkHistory(app);
+    if (qstricmp(name, "past") == 0)
+        return new CVrkPast(app);
     return nullptr;
 }

@@ -2,9 +2,13 @@
 
 #include "CVrkCliApp.h"
 #include "CVrkCliSes.h"
+#include "FileSaver.h"
 #include "HfnTime.h"
+#include "ListOutput.h"
 #include "LogbookFields.h"
 #include "RecordList.h"
+#include "Row.h"
+#include "SearchMenu.h"
 #include "ui_CVrkArchive.h"
 
 #include <QAction>
@@ -26,6 +30,12 @@ CVrkArchive::CVrkArchive(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::CVrk
     setModuleStyle();
 
     m_form->wordsEdit->addAction(icon(QStringLiteral("search")), QLineEdit::LeadingPosition);
+    const QString help = tr("Слова находятся в любой форме и в любом порядке.\n"
+                            "\"отключена линия\" – в кавычках: слова рядом, в этом порядке\n"
+                            "-учебная, -\"вывод в ремонт\" – после минуса: записи без этих слов\n"
+                            "ВЛ* – слова, которые так начинаются");
+    m_form->wordsEdit->setToolTip(help);
+    m_form->equipmentEdit->setToolTip(help);
     m_form->statusCombo->addItem(tr("Любое"), -1);
     m_form->statusCombo->addItem(icon(QStringLiteral("apply")), tr("Утверждённые"), StatusApproved);
     m_form->statusCombo->addItem(QIcon(QStringLiteral(":/archive/draft.png")), tr("Черновики"), StatusDraft);
@@ -35,6 +45,7 @@ CVrkArchive::CVrkArchive(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::CVrk
     m_form->periodCombo->addItem(tr("За неделю"), Week);
     m_form->periodCombo->addItem(tr("За месяц"), Month);
     m_form->periodCombo->addItem(tr("За год"), Year);
+    m_form->periodCombo->addItem(tr("С моей прошлой смены"), SinceOwnShift);
     m_form->periodCombo->addItem(tr("По датам:"), Chosen);
     for (QComboBox* combo : {m_form->departmentCombo, m_form->workerCombo})
         makeTypable(combo);
@@ -77,9 +88,11 @@ bool CVrkArchive::ModuleStart()
     }
     m_form->list->init(this, &m_names);
     m_form->list->setColumnVisible(Field::lacks, false);
+    makeOutput();
     m_form->departmentCombo->addItem(tr("Все подразделения"), QByteArray());
     for (const KeyNames::Entry& department : m_names.departments())
         m_form->departmentCombo->addItem(department.name, department.key);
+    m_form->searchesButton->init(m_app->settings(), [this] { return content(); });
     clear();
     createConnections();
     m_isStarted = true;
@@ -88,8 +101,120 @@ bool CVrkArchive::ModuleStart()
     return true;
 }
 
+void CVrkArchive::makeOutput()
+{
+    m_output = new ListOutput(this, m_form->list->view(), [this] {
+        const QDate today = session()->HfnTimeToSesTime().date();
+        const bool isMore = m_form->moreButton->isVisibleTo(this);
+        ListOutput::About about;
+        about.title = tr("Печать: %1").arg(m_name);
+        about.name =
+            QStringLiteral("%1 %2 %3")
+                .arg(tr("Поиск"), m_form->wordsEdit->text(), today.toString(QStringLiteral("yyyy-MM-dd")));
+        about.remark = isMore ? tr("Это последние %1 записей, есть и более ранние.").arg(m_limit) : QString();
+        about.content = QStringLiteral("%1: %2\n%3").arg(m_name, caption(), m_found);
+        return about;
+    });
+    m_form->mainLayout->insertWidget(1, m_output->saver());
+    m_form->printButton->setDefaultAction(m_output->printAction());
+    m_form->tableButton->setDefaultAction(m_output->tableAction());
+    for (QToolButton* button : {m_form->printButton, m_form->tableButton}) {
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::StrongFocus);
+    }
+}
+
+QString CVrkArchive::caption() const
+{
+    QStringList parts;
+    if (!m_form->wordsEdit->text().trimmed().isEmpty())
+        parts << m_form->wordsEdit->text().simplified();
+    if (!m_form->equipmentEdit->text().trimmed().isEmpty())
+        parts << tr("оборудование: %1").arg(m_form->equipmentEdit->text().simplified());
+    parts << m_form->departmentCombo->currentText();
+    if (m_form->workerCombo->currentIndex() > 0)
+        parts << m_form->workerCombo->currentText();
+    if (m_form->statusCombo->currentIndex() > 0)
+        parts << m_form->statusCombo->currentText().toLower();
+    if (m_form->periodCombo->currentData().toInt() == Chosen)
+        parts << m_form->fromEdit->text() + QStringLiteral(" – ") + m_form->toEdit->text();
+    else if (m_form->periodCombo->currentIndex() > 0)
+        parts << m_form->periodCombo->currentText().toLower();
+    return parts.join(QStringLiteral(", "));
+}
+
+double CVrkArchive::endOfOwnShift() const
+{
+    const QString user = m_app->m_user_params.getValue(QStringLiteral("KEYLINK"), QString());
+    const QString own = QStringLiteral("(SELECT KeyLink FROM Workers WHERE UserKey = '%1')").arg(user);
+    CMDArray answer;
+    answer = session()->SqlRequest(
+        QStringLiteral(
+            "SELECT W.endTime FROM LogbookWorkshifts AS W WHERE W.CloseWorkerKey <> '' AND "
+            "(W.OpenWorkerKey IN %1 OR W.KeyLink IN (SELECT C.WorkshiftKey FROM LogbookWorkersWorkshift AS C "
+            "WHERE C.WorkerKey IN %1)) ORDER BY W.endTime DESC LIMIT 1")
+            .arg(own)
+            .toUtf8());
+    return answer.array && answer.RecCount() > 0 ? Row(MDARec(answer.array, 0, 0)).time(Field::endTime) : 0.0;
+}
+
+KeptSearch CVrkArchive::content() const
+{
+    KeptSearch search;
+    search.name = caption();
+    search.words = m_form->wordsEdit->text();
+    search.equipment = m_form->equipmentEdit->text();
+    search.departmentKey = m_form->departmentCombo->currentData().toByteArray();
+    search.workerKey = m_form->workerCombo->currentData().toByteArray();
+    search.status = m_form->statusCombo->currentData().toInt();
+    search.period = m_form->periodCombo->currentData().toInt();
+    if (search.period == Chosen) {
+        search.from = m_form->fromEdit->date();
+        search.to = m_form->toEdit->date();
+    }
+    return search;
+}
+
+void CVrkArchive::setContent(const KeptSearch& search)
+{
+    clear();
+    const auto choose = [](QComboBox* combo, const QVariant& key) {
+        combo->setCurrentIndex(qMax(0, combo->findData(key)));
+    };
+    {
+        const QSignalBlocker blockers[] = {
+            QSignalBlocker(m_form->wordsEdit),       QSignalBlocker(m_form->equipmentEdit),
+            QSignalBlocker(m_form->departmentCombo), QSignalBlocker(m_form->workerCombo),
+            QSignalBlocker(m_form->statusCombo),     QSignalBlocker(m_form->periodCombo),
+            QSignalBlocker(m_form->fromEdit),        QSignalBlocker(m_form->toEdit)};
+        m_form->wordsEdit->setText(search.words);
+        m_form->equipmentEdit->setText(search.equipment);
+        choose(m_form->departmentCombo, search.departmentKey);
+        fillWorkers();
+        choose(m_form->workerCombo, search.workerKey);
+        choose(m_form->statusCombo, search.status);
+        choose(m_form->periodCombo, search.period);
+        if (search.from.isValid() && search.to.isValid()) {
+            m_form->fromEdit->setDate(search.from);
+            m_form->toEdit->setDate(search.to);
+        }
+    }
+    searchAnew();
+}
+
 void CVrkArchive::createConnections()
 {
+    connect(m_form->searchesButton, &SearchMenu::chosen, this, &CVrkArchive::setContent);
+    // What was searched by typing alone may be half a word.
+    const auto remember = [this] {
+        const KeptSearch search = content();
+        if (!search.words.trimmed().isEmpty() || !search.equipment.trimmed().isEmpty())
+            m_form->searchesButton->book().remember(search);
+    };
+    for (QLineEdit* edit : {m_form->wordsEdit, m_form->equipmentEdit})
+        connect(edit, &QLineEdit::editingFinished, this, remember);
+    connect(m_form->searchButton, &QPushButton::clicked, this, remember);
     connect(&m_typing, &QTimer::timeout, this, &CVrkArchive::searchAnew);
     for (QLineEdit* edit : {m_form->wordsEdit, m_form->equipmentEdit}) {
         connect(edit, &QLineEdit::textChanged, &m_typing, QOverload<>::of(&QTimer::start));
@@ -178,6 +303,9 @@ RecordQuery CVrkArchive::query() const
     case Year:
         query.from = DateTime_To_HfnTime(now.addYears(-1));
         break;
+    case SinceOwnShift:
+        query.from = endOfOwnShift();
+        break;
     case Chosen:
         query.from = DateTime_To_HfnTime(QDateTime(m_form->fromEdit->date(), QTime(0, 0)));
         query.to = DateTime_To_HfnTime(QDateTime(m_form->toEdit->date().addDays(1), QTime(0, 0)));
@@ -221,8 +349,13 @@ void CVrkArchive::search()
     const int found = answer.RecCount();
     if (found > m_limit)
         MDARecDel(MDARec(answer.array, 0, found - 1));
-    m_form->list->setEmptyText(
-        tr("Ничего не найдено. Попробуйте меньше слов, другое подразделение или другой период."));
+    const SearchWords::Query words = SearchWords::query(m_form->wordsEdit->text());
+    QString hint = tr("Ничего не найдено. Попробуйте меньше слов, другое подразделение или другой период.");
+    if (words.hasPhrases() || !words.excluded.isEmpty())
+        hint +=
+            tr("\n\nСлова в кавычках должны стоять рядом и в этом порядке, записи со словами после минуса "
+               "исключены: попробуйте без кавычек и минуса.");
+    m_form->list->setEmptyText(hint);
     m_form->list->replace(answer.array, SearchWords::terms(m_form->wordsEdit->text()) +
                                             SearchWords::terms(m_form->equipmentEdit->text()));
     m_form->list->setColumnVisible(Field::DepartmentKey,
@@ -234,9 +367,10 @@ void CVrkArchive::tell(int found, qint64 milliseconds)
 {
     const bool isMore = found > m_limit;
     m_form->moreButton->setVisible(isMore);
-    m_form->foundLabel->setText((isMore ? tr("Показаны последние %1, есть и более ранние").arg(m_limit)
-                                        : tr("Найдено записей: %1").arg(found)) +
-                                tr(" (%1 мс)").arg(milliseconds));
+    m_found = isMore ? tr("Показаны последние %1, есть и более ранние").arg(m_limit)
+                     : tr("Найдено записей: %1").arg(found);
+    m_form->foundLabel->setText(m_found + tr(" (%1 мс)").arg(milliseconds));
+    m_output->setEnabled(found > 0);
 }
 
 bool CVrkArchive::eventFilter(QObject* watched, QEvent* event)

@@ -3,10 +3,12 @@
 #include "CVrkCliMod.h"
 #include "KeyNames.h"
 #include "RecordQuery.h"
+#include "SearchBook.h"
 
 #include <memory>
 #include <QTimer>
 
+class ListOutput;
 class QComboBox;
 namespace Ui
 {
@@ -34,9 +36,16 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    enum Period { Always, Week, Month, Year, Chosen };
+    enum Period { Always, Week, Month, Year, Chosen, SinceOwnShift }; // kept in settings
 
     void createConnections();
+    KeptSearch content() const;
+    void setContent(const KeptSearch& search);
+    /// End of the user's last shift that is closed; 0 if there is none.
+    double endOfOwnShift() const;
+    void makeOutput();
+    /// The query in words.
+    QString caption() const;
     void fillWorkers();
     void clear();
     RecordQuery query() const;
@@ -49,8 +58,10 @@ private:
     static void makeTypable(QComboBox* combo);
 
     std::unique_ptr<Ui::CVrkArchive> m_form;
+    ListOutput* m_output = nullptr;
     KeyNames m_names;
     QTimer m_typing;
+    QString m_found; ///< how many records are shown, in words
     int m_limit = hitsAtOnce;
     bool m_isStarted = false;
 };

@@ -2,6 +2,8 @@
 
 #include "CVrkCliApp.h"
 #include "CVrkCliSes.h"
+#include "FileSaver.h"
+#include "ListOutput.h"
 #include "LogbookFields.h"
 #include "MDRValues.h"
 #include "RecordList.h"
@@ -18,6 +20,7 @@
 #include <QSpinBox>
 #include <QToolBar>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace
 {
@@ -50,11 +53,40 @@ CVrkUnfinished::CVrkUnfinished(CVrkCliApp* app)
     resize(1000, 600);
     setContextMenuPolicy(Qt::NoContextMenu);
     setModuleStyle();
-    setCentralWidget(m_list.get());
+    makeOutput();
     makeBar();
 }
 
 CVrkUnfinished::~CVrkUnfinished() = default;
+
+void CVrkUnfinished::makeOutput()
+{
+    m_output = new ListOutput(this, m_list->view(), [this] {
+        const QString title = tr("Незавершённое");
+        const QString department = m_names.departmentName(m_departmentKey);
+        const QDateTime now = session()->HfnTimeToSesTime();
+        QStringList kinds;
+        for (const QToolButton* button : m_kinds)
+            if (button->isChecked())
+                kinds << button->text();
+        ListOutput::About about;
+        about.title = tr("Печать: %1").arg(title);
+        about.name =
+            QStringLiteral("%1 %2 %3").arg(title, department, now.toString(QStringLiteral("yyyy-MM-dd")));
+        about.content =
+            QStringLiteral("%1, %2\n%3, %4 %5\n%6")
+                .arg(title, department, m_days->text(), tr("на"),
+                     now.toString(QStringLiteral("dd.MM.yyyy hh:mm")), kinds.join(QStringLiteral(", ")));
+        return about;
+    });
+    auto* page = new QWidget(this);
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_output->saver());
+    column->addWidget(m_list.get(), 1);
+    setCentralWidget(page);
+}
 
 void CVrkUnfinished::makeBar()
 {
@@ -103,6 +135,9 @@ void CVrkUnfinished::makeBar()
             QSettings().setValue(QLatin1String(kindsKey), chosen);
         });
     }
+    bar->addSeparator();
+    bar->addAction(m_output->printAction());
+    bar->addAction(m_output->tableAction());
     auto* gap = new QWidget(this);
     gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     bar->addWidget(gap);
@@ -323,6 +358,7 @@ void CVrkUnfinished::showCounts()
         return;
     }
     const int shown = m_list->tool()->proxy()->rowCount();
+    m_output->setEnabled(shown > 0);
     m_summary->setText(shown == m_list->count() ? tr("Записей: %1").arg(shown)
                                                 : tr("Записей: %1 из %2").arg(shown).arg(m_list->count()));
     m_list->setEmptyText(

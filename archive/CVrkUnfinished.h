@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QVector>
 
+class ListOutput;
 class QLabel;
 class QSpinBox;
 class QToolButton;
@@ -43,6 +44,7 @@ private:
     };
 
     void makeBar();
+    void makeOutput();
     void reload();
     QString select(const QString& condition) const;
     /// Adds a fresh record of the list if something is unfinished in it, otherwise discards it.
@@ -65,6 +67,7 @@ private:
     QSpinBox* m_days;
     QVector<QToolButton*> m_kinds; ///< one for each RecordRules::Lack, checked while that kind is shown
     QLabel* m_summary;
+    ListOutput* m_output = nullptr;
     QString m_failure; ///< why the list could not be read; empty if it was
     bool m_isStarted = false;
 };

@@ -1,7 +1,5 @@
 #include "MarkedText.h"
 
-#include "TemplateText.h"
-
 namespace
 {
 struct Element {
@@ -12,8 +10,9 @@ constexpr Element elements[] = {
     {TemplateText::Bold, "b"},      {TemplateText::Italic, "i"},   {TemplateText::Underlined, "u"},
     {TemplateText::StruckOut, "s"}, {TemplateText::Raised, "sup"}, {TemplateText::Lowered, "sub"},
 };
+} // namespace
 
-QString element(const QString& text, TemplateText::Looks looks)
+QString MarkedText::passage(const QString& text, TemplateText::Looks looks)
 {
     QString before;
     QString after;
@@ -29,7 +28,6 @@ QString element(const QString& text, TemplateText::Looks looks)
         .replace(QLatin1Char('\n'), QLatin1String("<br>"));
     return before + content + after;
 }
-} // namespace
 
 QString MarkedText::html(const QString& html, const QVector<SearchWords::Term>& terms)
 {
@@ -56,7 +54,7 @@ QString MarkedText::html(const QString& html, const QVector<SearchWords::Term>& 
                                           : places.at(next).begin);
             const TemplateText::Looks mark =
                 TemplateText::Looks(TemplateText::Bold) | TemplateText::Underlined;
-            marked += element(whole.mid(at, until - at), isPlace ? run.looks | mark : run.looks);
+            marked += passage(whole.mid(at, until - at), isPlace ? run.looks | mark : run.looks);
             at = until;
         }
         begin = end;

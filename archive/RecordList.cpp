@@ -9,8 +9,10 @@
 #include "KeyNames.h"
 #include "LogbookFields.h"
 #include "MarkedText.h"
+#include "RecordEntries.h"
 #include "RecordRules.h"
 #include "Row.h"
+#include "VrkTableModel.h"
 #include "VrkTableProxyModel.h"
 #include "VrkTableTool.h"
 
@@ -27,10 +29,7 @@
 namespace
 {
 const MDRFieldDescr moreFields[] = {
-    Field::DepartmentKey,
-    Field::startTime,
-    Field::endTime,
-    Field::lacks,
+    Field::DepartmentKey, Field::startTime, Field::endTime, Field::lacks, Field::comments, Field::files,
 };
 
 MDRVar own(const AbstractHfnCellData& cell)
@@ -135,6 +134,17 @@ public:
     }
 };
 
+/// A zero is shown as nothing.
+class CountCell : public Cell
+{
+public:
+    QVariant data(const AbstractHfnCellData& cell) const override
+    {
+        const QVariant count = Cell::data(cell);
+        return cell.role == Qt::DisplayRole && count.toInt() == 0 ? QVariant() : count;
+    }
+};
+
 class TextCell : public Cell
 {
 public:
@@ -162,6 +172,7 @@ public:
     }
     StateCell state;
     LacksCell lacks;
+    CountCell count;
     TimeCell time;
     NameCell worker;
     NameCell department;
@@ -207,6 +218,7 @@ RecordList::~RecordList() = default;
 void RecordList::init(CVrkCliMod* module, const KeyNames* names)
 {
     m_module = module;
+    RecordEntries::append(m_menu, m_view, module->app(), [this] { return currentKey(); });
     MDACreate(&m_records.array, 0);
     MDAFldAdd(m_records.array, fieldCount(LogbookRecordFields), LogbookRecordFields);
     MDAFldAdd(m_records.array, fieldCount(moreFields), moreFields);
@@ -226,8 +238,14 @@ void RecordList::init(CVrkCliMod* module, const KeyNames* names)
         {Field::recordTime, &m_cells->time, tr("Время записи")},
         {Field::DepartmentKey, &m_cells->department, tr("Подразделение")},
         {Field::WorkerKey, &m_cells->worker, tr("Автор")},
+        {Field::comments, &m_cells->count, tr("Комментарии")},
+        {Field::files, &m_cells->count, tr("Файлы")},
         {Field::html, &m_cells->text, tr("Текст")},
     });
+    m_tool->model()->setHeaderData(QLatin1String(Field::status), Qt::Horizontal, tr("Состояние"),
+                                   Qt::AccessibleTextRole);
+    setColumnVisible(Field::comments, false);
+    setColumnVisible(Field::files, false);
     m_tool->sortByColumn(QLatin1String(Field::recordTime), Qt::DescendingOrder);
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(m_tool->proxy(), signal, this, &RecordList::showWhatIsThere);

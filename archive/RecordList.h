@@ -20,6 +20,9 @@ namespace Field
 {
 /// Only in this list: a combination of RecordRules::Lack.
 inline constexpr NumberField lacks("lacks");
+/// Numbers of the record's comments and files; shown in past states.
+inline constexpr NumberField comments("comments");
+inline constexpr NumberField files("files");
 } // namespace Field
 
 /// A read-only table of journal records from many shifts; while it is empty, a text is shown instead. A
@@ -36,7 +39,7 @@ public:
     void init(CVrkCliMod* module, const KeyNames* names);
 
     /// The fields of LogbookRecordFields, then DepartmentKey, startTime and endTime of the shift, and
-    /// `lacks`, a combination of RecordRules::Lack.
+    /// `lacks`, a combination of RecordRules::Lack, `comments` and `files`, whose columns are hidden at first.
     CMDArray& records() { return m_records; }
     VrkTableTool* tool() const { return m_tool.get(); }
     QTableView* view() const { return m_view; }

@@ -73,9 +73,9 @@ void Reader::read(const QString& file)
             writeCategory(writer, network, values[0], values[1]);
             categories << categoryKey(values[0]);
         } else if (line.word == QLatin1String("template") && !categories.isEmpty()) {
-            addTemplate(categories.last(), line.values(6).first(), line.values().mid(1));
+            addTemplate(categories.last(), line.values(6).constFirst(), line.values().mid(1));
         } else if (line.word == QLatin1String("pattern")) {
-            patterns.append({line.values(6).first(), line.values().mid(1)});
+            patterns.append({line.values(6).constFirst(), line.values().mid(1)});
         } else {
             line.failAtWord();
         }

@@ -9,7 +9,6 @@
 namespace
 {
 constexpr int minute = 60;
-constexpr int hour = 3600;
 constexpr int shiftsOfFortnight = 28;
 constexpr int stormRecords = 400;
 constexpr quint32 seed = 20261;

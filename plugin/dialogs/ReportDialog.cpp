@@ -1,5 +1,6 @@
 #include "ReportDialog.h"
 
+#include "CVrkCliApp.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
 #include "Filters.h"
@@ -8,6 +9,7 @@
 #include "LogbookTables.h"
 #include "TextCells.h"
 #include "ui_ReportDialog.h"
+#include "UserSettings.h"
 #include "VrkPreview.h"
 #include "VrkTableModel.h"
 #include "VrkTableProxyModel.h"
@@ -134,6 +136,11 @@ void ReportDialog::showPreview()
 {
     m_preview->setMaxColummnWidth(100);
     m_preview->setFooter(m_form->titleLabel->text());
+    const QString seal = module()->session()->sealOnPaper();
+    m_preview->setImprint(seal.isEmpty() ? QString() : tr("Опечатано: %1").arg(seal));
+    m_preview->setCode(module()->app()->settings()->value(Setting::reportCode).toBool() ? seal.toLatin1()
+                                                                                        : QByteArray());
+    m_preview->setFile(module()->app()->settings()->reportFolder(), m_fileName);
     m_preview->showDocument();
 }
 

@@ -32,6 +32,8 @@ public:
     void setRecordsTable(CModelTable* table);
     void setDayLines(VrkTableTool::DayLines lines);
     void setReportTitle(const QString& title, const QString& period);
+    /// The name proposed for a PDF, without suffix.
+    void setFileName(const QString& name) { m_fileName = name; }
     /// Code of the last copy.
     int lastError() const { return m_records.data.lastError; }
 
@@ -52,4 +54,5 @@ private:
     std::unique_ptr<VrkTableTool> m_tableTool; ///< destroyed before the records that it shows
     FilterOnlyApprove* m_filter;
     QToolButton* m_approveButton = nullptr;
+    QString m_fileName;
 };

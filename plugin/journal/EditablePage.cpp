@@ -153,35 +153,3 @@ void EditablePage::approveDrafts(bool onlyMine, const char* function)
     write(batch, function, inRecords("error approve users records! Data: Table(%1) "),
           tr("Не удалось утвердить записи!"));
 }
-
-void EditablePage::addVisa(CRowBatch& batch, const MDRData* record) const
-{
-    const QByteArray& worker = workerKey();
-    MDRData* row = batch.newRow(ROW_UPDATE, Row(record).key());
-    batch.SetValF(row, Field::VisaWorkerKey, MDRValue::text(worker));
-    batch.RecPost(row);
-}
-
-void EditablePage::signRecordRequest()
-{
-    MDRData* record = currentRecord();
-    if (!isRecordSignable(record))
-        return;
-    CRowBatch batch(LogbookRecordFields);
-    addVisa(batch, record);
-    write(batch, "signRecordRequest()",
-          inRecords("error sign record! Data: Table(%1), KeyLink(%2)", Row(record).key()),
-          tr("Не удалось поставить визу на запись!"));
-}
-
-void EditablePage::signAllRecordsRequest()
-{
-    CRowBatch batch(LogbookRecordFields);
-    for (int i = 0; i < m_shown.records.data.RecCount(); ++i) {
-        MDRData* record = MDARec(m_shown.records.data.array, 0, i);
-        if (isRecordSignable(record))
-            addVisa(batch, record);
-    }
-    write(batch, "signAllRecordsRequest()", inRecords("error sign record! Data: Table(%1)"),
-          tr("Не удалось поставить визу на записи!"));
-}

@@ -32,6 +32,9 @@ public slots:
     void approveAllRecordsRequest() { approveDrafts(false, "approveAllRecordsRequest()"); }
     void signRecordRequest();
     void signAllRecordsRequest();
+    /// The user has given his password again: writes the visas that wait for it, apart from those of records that
+    /// somebody has deleted since.
+    void signAfterPassword();
 
     /// Setting an execution time on an approved record makes a successor; removing it changes the record in
     /// place.
@@ -43,6 +46,10 @@ public slots:
     /// Copies a reference to the record to the clipboard; pasting creates a draft of the user in this shift.
     void copyRecordRequest();
     void pasteRecordRequest();
+
+signals:
+    /// The site asks for the password before a visa; null stands for several records.
+    void visaPasswordWanted(const MDRData* record, int count);
 
 private slots: // connected by name: the message box takes the slot's name
     void deleteRecordAnswer(QAbstractButton* button);
@@ -60,7 +67,8 @@ private:
     QVector<MDRData*> drafts(bool onlyMine) const;
     void deleteDrafts(bool onlyMine, const char* function);
     void approveDrafts(bool onlyMine, const char* function);
-    void addVisa(CRowBatch& batch, const MDRData* record) const;
+    void requestVisas(const QVector<MDRData*>& records, bool isOfAll);
+    void writeVisas(const QVector<MDRData*>& records, bool isOfAll);
 
     using Marks = std::initializer_list<std::pair<const char*, MDRVar>>;
     /// Writes values into a record in place. In the log line of a failure "%1" is the table, "%2" the
@@ -72,4 +80,7 @@ private:
     void addSuccessor(CRowBatch& batch, const MDRData* record, const QByteArray& key, double time);
     static void copyMarked(CRowBatch& batch, MDRData* row, const MDRData* record);
     void pasteRecord(const MDRData* source);
+
+    QVector<QByteArray> m_awaitingVisas; ///< keys of the records that wait for the password
+    bool m_isVisaOfAll = false;
 };

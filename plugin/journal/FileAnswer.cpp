@@ -1,8 +1,31 @@
 #include "FileAnswer.h"
 
+#include "CVrkCliSes.h"
 #include "HFNCliParam.h"
 #include "LogText.h"
 #include "MDRValues.h"
+
+#include <memory>
+#include <QTextCodec>
+
+FileAnswer FileAnswer::fetch(CVrkCliSes* session, const QString& argument)
+{
+    const QString name = QStringLiteral("FileGet");
+    const QByteArray bytes = session->codec()->fromUnicode(argument);
+    HFNCliParam* block = nullptr;
+    if (!session->PacketExec("FileGet", reinterpret_cast<const unsigned char*>(bytes.constData()),
+                             bytes.size(), &block))
+        return {QByteArray(), LogText::fill(QStringLiteral("request PacketExec('%1', '%2') returned FALSE"),
+                                            {name, argument})};
+    const bool isAnswered = session->WaitResult(&block, -1);
+    const auto release = [session](HFNCliParam* answer) { session->PrmFree(answer); };
+    const std::unique_ptr<HFNCliParam, decltype(release)> owned(block, release);
+    if (!isAnswered || !block)
+        return {QByteArray(), LogText::fill(QStringLiteral("can not wait result or result is nullptr for "
+                                                           "request PacketExec('%1', '%2')"),
+                                            {name, argument})};
+    return read(block, argument);
+}
 
 FileAnswer FileAnswer::read(const HFNCliParam* answer, const QString& argument)
 {

@@ -14,6 +14,7 @@
 #include "SecondMarkerDialog.h"
 #include "ShownJournal.h"
 #include "TimeExecutionDialog.h"
+#include "VisaPasswordDialog.h"
 #include "WorkshiftInfoDialog.h"
 #include "WorkshiftsDialog.h"
 
@@ -50,13 +51,14 @@ JournalDialogs::JournalDialogs(CVrkCliMod* module, LocationInfo* location, Shown
     timeExecution = new TimeExecutionDialog(module, -1);
     report = new ReportDialog(module, -1);
     report->setWorkersTable(location->table(QLatin1String(LogbookTable::Workers)));
+    visaPassword = new VisaPasswordDialog(module, -1);
 }
 
 JournalDialogs::~JournalDialogs()
 {
     for (QWidget* dialog : std::initializer_list<QWidget*>{
              openWorkshift, closeWorkshift, workshiftInfo, workshifts, dateTimeRange, appendWorker,
-             recordCreator, secondMarker, timeExecution, report, m_orgStruct})
+             recordCreator, secondMarker, timeExecution, report, visaPassword, m_orgStruct})
         delete dialog;
 }
 
@@ -139,8 +141,15 @@ void JournalDialogs::showAppendWorker()
 
 void JournalDialogs::showMark(MarkTimeDialog* dialog, const MDRData* record)
 {
-    nameRecord(dialog, record);
+    nameRecord(dialog->recordTitle(), record);
     dialog->show();
+}
+
+void JournalDialogs::showVisaPassword(const MDRData* record, int count)
+{
+    nameRecord(visaPassword->recordTitle(), record);
+    visaPassword->setCount(count);
+    visaPassword->show();
 }
 
 void JournalDialogs::nameRecord(const MDRData* record)
@@ -148,11 +157,10 @@ void JournalDialogs::nameRecord(const MDRData* record)
     for (const MarkTimeDialog* dialog :
          std::initializer_list<const MarkTimeDialog*>{secondMarker, timeExecution})
         if (dialog && dialog->isVisible())
-            nameRecord(dialog, record);
+            nameRecord(dialog->recordTitle(), record);
 }
 
-void JournalDialogs::nameRecord(const MarkTimeDialog* dialog, const MDRData* record) const
+void JournalDialogs::nameRecord(RecordTitle* title, const MDRData* record) const
 {
-    dialog->recordTitle()->showRecord(record, m_module->session(),
-                                      m_location->table(QLatin1String(LogbookTable::Workers)));
+    title->showRecord(record, m_module->session(), m_location->table(QLatin1String(LogbookTable::Workers)));
 }

@@ -13,10 +13,12 @@ class MarkTimeDialog;
 class OpenWorkshiftDialog;
 class OrgStructDialog;
 class RecordCreatorDialog;
+class RecordTitle;
 class ReportDialog;
 class SecondMarkerDialog;
 struct ShownJournal;
 class TimeExecutionDialog;
+class VisaPasswordDialog;
 class WorkshiftDialog;
 class WorkshiftInfoDialog;
 class WorkshiftsDialog;
@@ -44,6 +46,8 @@ public:
     void showAppendWorker();
     /// Shows a dialog with the record to which its answer applies.
     void showMark(MarkTimeDialog* dialog, const MDRData* record);
+    /// Asks for the password before the visa of this record, or of several if it is null.
+    void showVisaPassword(const MDRData* record, int count);
     /// Another record has become current.
     void nameRecord(const MDRData* record);
 
@@ -57,10 +61,11 @@ public:
     QPointer<SecondMarkerDialog> secondMarker;
     QPointer<TimeExecutionDialog> timeExecution;
     QPointer<ReportDialog> report;
+    QPointer<VisaPasswordDialog> visaPassword;
 
 private:
     void setUp(WorkshiftDialog* dialog);
-    void nameRecord(const MarkTimeDialog* dialog, const MDRData* record) const;
+    void nameRecord(RecordTitle* title, const MDRData* record) const;
 
     CVrkCliMod* m_module;
     LocationInfo* m_location;

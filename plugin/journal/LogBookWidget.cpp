@@ -11,13 +11,16 @@
 #include "LogText.h"
 #include "MDRValues.h"
 #include "PageMessages.h"
+#include "RecordEntries.h"
 #include "RecordMenu.h"
 #include "RecordValue.h"
+#include "Row.h"
 #include "SecondMarkerDialog.h"
 #include "ShiftClock.h"
 #include "TemplateMarkers.h"
 #include "TimeExecutionDialog.h"
 #include "ui_LogBookTab.h"
+#include "VisaPasswordDialog.h"
 #include "VrkTableProxyModel.h"
 #include "VrkTableTool.h"
 #include "WorkshiftsDialog.h"
@@ -83,7 +86,9 @@ void LogBookWidget::configurePanes()
 
 void LogBookWidget::createConnections()
 {
-    new RecordMenu(this, m_ui->recordsTable);
+    auto* menu = new RecordMenu(this, m_ui->recordsTable);
+    RecordEntries::append(menu, m_ui->recordsTable, m_module->app(),
+                          [this] { return Row(currentRecord()).key(); });
     connect(m_clock, &ShiftClock::limitExceeded, this, &LogBookWidget::showNotifyWorkshiftLimit);
     connect(m_dialogs->secondMarker, &SecondMarkerDialog::setMarker, this,
             &LogBookWidget::setSecondMarkRequest);
@@ -93,6 +98,9 @@ void LogBookWidget::createConnections()
             &LogBookWidget::setTimeExecRequest);
     connect(m_dialogs->timeExecution, &TimeExecutionDialog::removeTime, this,
             &LogBookWidget::removeTimeExecRequest);
+    connect(this, &LogBookWidget::visaPasswordWanted, this,
+            [this](const MDRData* record, int count) { m_dialogs->showVisaPassword(record, count); });
+    connect(m_dialogs->visaPassword, &VisaPasswordDialog::proved, this, &LogBookWidget::signAfterPassword);
     connect(m_dialogs->workshifts, &WorkshiftsDialog::workshiftSelected, this,
             qOverload<const QString&>(&LogBookWidget::uploadRecordsIn));
     connect(m_ui->recordsTable, &QAbstractItemView::doubleClicked, this, [this] {
@@ -133,7 +141,8 @@ void LogBookWidget::showNotifyWorkshiftLimit()
                                              tr("Необходимо провести сдачу/прием смены.")),
                            MessageIconWarning, MessageTypeOk, this, SLOT(closeMsgBox(QAbstractButton*)));
     m_module->CallAttention(tr("Превышена допустимая длительность смены.") + QLatin1Char(' ') +
-                            tr("Необходимо провести сдачу/прием смены."));
+                                tr("Необходимо провести сдачу/прием смены."),
+                            CVrkCliMod::Attention::Shift);
 }
 
 void LogBookWidget::closeMsgBox(QAbstractButton* button)
@@ -141,14 +150,19 @@ void LogBookWidget::closeMsgBox(QAbstractButton* button)
     m_messages->isConfirmed(button);
 }
 
+QString LogBookWidget::departmentName() const
+{
+    return HfnWrapper::nameOf(m_module->session()->codec(),
+                              m_location->table(QLatin1String(LogbookTable::Departments)),
+                              m_location->departmentKey());
+}
+
 QString LogBookWidget::title() const
 {
-    const auto nameOf = [this](const char* table, const QString& key) {
-        return HfnWrapper::nameOf(m_module->session()->codec(), m_location->table(QLatin1String(table)), key);
-    };
-    const QString department = nameOf(LogbookTable::Departments, m_location->departmentKey());
-    const QString organization = nameOf(LogbookTable::Organizations, m_location->organizationKey());
-    return QStringLiteral("%1, %2").arg(department, organization);
+    const QString organization = HfnWrapper::nameOf(
+        m_module->session()->codec(), m_location->table(QLatin1String(LogbookTable::Organizations)),
+        m_location->organizationKey());
+    return QStringLiteral("%1, %2").arg(departmentName(), organization);
 }
 
 QDateTime LogBookWidget::displayedPeriodStart() const

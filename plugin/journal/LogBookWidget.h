@@ -95,6 +95,7 @@ private slots: // connected by name: the message box takes the slot's name
     void closeWorkshiftAnswer(QAbstractButton* button);
 
 private:
+    QString departmentName() const;
     void configurePanes();
     void createConnections();
     /// Why there are no records, and what to do.
@@ -102,6 +103,7 @@ private:
     void updateRecordsFilter();
     VrkTableTool::DayLines dayLines() const;
     void showNotifyWorkshiftLimit();
+    void announceRecord(MDRData* record);
 
     // LogBookWidget_load.cpp
     void uploadCurrentWorkshift();

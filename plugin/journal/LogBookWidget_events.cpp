@@ -1,9 +1,11 @@
+#include "CVrkCliMod.h"
 #include "EventRow.h"
 #include "JournalDialogs.h"
 #include "LiveTable.h"
 #include "LocationInfo.h"
 #include "LogBookWidget.h"
 #include "OpenWorkshiftDialog.h"
+#include "Row.h"
 #include "ShiftClock.h"
 #include "VrkTableTool.h"
 
@@ -35,7 +37,9 @@ bool LogBookWidget::insertRow(CModelTable& table, const TEventNciParse& event)
         return m_shown.contains(table);
 
     if (&table == &m_shown.records) {
-        m_tableTool->setCurrentRecord(appendRecord(event));
+        MDRData* record = appendRecord(event);
+        m_tableTool->setCurrentRecord(record);
+        announceRecord(record);
         emit recordAdded();
     } else if (m_shown.contains(table)) {
         insertAttachment(table, event);
@@ -54,6 +58,17 @@ bool LogBookWidget::insertRow(CModelTable& table, const TEventNciParse& event)
         m_dialogs->reloadTemplates();
     }
     return true;
+}
+
+/// The host decides whether the user wants to be alerted.
+void LogBookWidget::announceRecord(MDRData* record)
+{
+    const bool isOwn = Row(record).copy(Field::WorkerKey) == m_location->workerKey().toUtf8();
+    const VrkTableModel* model = m_tableTool->model();
+    const QModelIndex index = model->indexOf(record, model->idxField(QLatin1String(Field::html)));
+    if (!isOwn && m_tableTool->proxy()->mapFromSource(index).isValid())
+        m_module->CallAttention(tr("Новая запись: %1").arg(model->visibleText(record, index.column())),
+                                CVrkCliMod::Attention::Record);
 }
 
 bool LogBookWidget::changeRow(CModelTable& table, const TEventNciParse& event)

@@ -1,4 +1,6 @@
 #include "CPopMessageBox.h"
+#include "CVrkCliMod.h"
+#include "CVrkCliSes.h"
 #include "DateTimeRangeDialog.h"
 #include "JournalDialogs.h"
 #include "LocationInfo.h"
@@ -9,6 +11,7 @@
 #include "RecordCreatorDialog.h"
 #include "RecordValue.h"
 #include "ReportDialog.h"
+#include "ReportName.h"
 #include "SecondMarkerDialog.h"
 #include "TimeExecutionDialog.h"
 #include "VrkTableTool.h"
@@ -83,6 +86,8 @@ void LogBookWidget::showReportDialog()
     m_dialogs->report->setRecordsTable(&m_shown.records);
     m_dialogs->report->setDayLines(dayLines());
     m_dialogs->report->setReportTitle(title(), period);
+    m_dialogs->report->setFileName(
+        reportName(departmentName(), m_shown, start, end, m_module->session()->codec()));
     m_dialogs->report->show();
     m_dialogs->report->raise();
 }

@@ -5,7 +5,7 @@
 class LogBookWidget;
 class QAbstractScrollArea;
 
-/// The context menu of a record of the journal.
+/// The context menu of a record of the journal. Its keys work in the whole page, for the current record.
 class RecordMenu : public QMenu
 {
     Q_OBJECT

@@ -5,11 +5,9 @@
 #include "FileAnswer.h"
 #include "HfnTime.h"
 #include "JournalRules.h"
-#include "LogText.h"
 #include "RecordValue.h"
 
 #include <limits>
-#include <memory>
 #include <QDebug>
 #include <QTextCodec>
 #include <QTimer>
@@ -25,33 +23,11 @@ ShiftClock::ShiftClock(const JournalRules& rules, QObject* parent)
 
 void ShiftClock::upload(CVrkCliSes* session)
 {
-    const QString name = QStringLiteral("FileGet");
-    const QString argument = QStringLiteral("options;OperLogOptions");
-    const auto log = [](const QString& text) {
-        qDebug().noquote() << "void LogBookWidget::uploadWorkshiftDurationControl()" << text;
-    };
-
-    const QByteArray bytes = session->codec()->fromUnicode(argument);
-    HFNCliParam* block = nullptr;
-    if (!session->PacketExec("FileGet", reinterpret_cast<const unsigned char*>(bytes.constData()),
-                             bytes.size(), &block)) {
-        log(LogText::fill(QStringLiteral("request PacketExec('%1', '%2') returned FALSE"), {name, argument}));
-        return;
-    }
-    const bool isAnswered = session->WaitResult(&block, -1);
-    const auto release = [session](HFNCliParam* answer) { session->PrmFree(answer); };
-    const std::unique_ptr<HFNCliParam, decltype(release)> owned(block, release);
-    if (!isAnswered || !block) {
-        log(LogText::fill(QStringLiteral("can not wait result or result is nullptr for request "
-                                         "PacketExec('%1', '%2')"),
-                          {name, argument}));
-        return;
-    }
-    const FileAnswer answer = FileAnswer::read(block, argument);
+    const FileAnswer answer = FileAnswer::fetch(session, QStringLiteral("options;OperLogOptions"));
     if (answer.failure.isEmpty())
         m_options = DurationOptions::fromXml(session->codec()->toUnicode(answer.content));
     else
-        log(answer.failure);
+        qDebug().noquote() << "void LogBookWidget::uploadWorkshiftDurationControl()" << answer.failure;
 }
 
 void ShiftClock::start()

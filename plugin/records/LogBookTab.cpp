@@ -11,6 +11,7 @@
 #include "PageMessages.h"
 #include "PaneRoom.h"
 #include "RecordColumns.h"
+#include "RecordKeys.h"
 #include "RecordTables.h"
 #include "SearchBar.h"
 #include "ui_LogBookTab.h"
@@ -29,6 +30,7 @@ LogBookTab::LogBookTab(QWidget* parent)
 {
     m_ui->setupUi(this);
     configureForm();
+    configureKeys();
 
     connect(m_ui->closeSearchButton, &QToolButton::clicked, m_ui->searchWidget, &QWidget::close);
     new SearchBar(
@@ -48,6 +50,35 @@ LogBookTab::LogBookTab(QWidget* parent)
 }
 
 LogBookTab::~LogBookTab() = default;
+
+/// Keys that press a button of a pane, which is shown first.
+void LogBookTab::configureKeys()
+{
+    const struct {
+        const char* key;
+        QToolButton* button;
+        QWidget* pane;
+    } keys[] = {{RecordKey::comment, m_ui->createCommentButton, m_ui->commentsTab},
+                {RecordKey::file, m_ui->createFileButton, m_ui->filesTab}};
+    for (const auto& [key, button, pane] : keys) {
+        button->setProperty(RecordKey::property, QString::fromLatin1(key));
+        const auto* shortcut = new QShortcut(QKeySequence(QLatin1String(key)), this, nullptr, nullptr,
+                                             Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this, pressed = button, shown = pane] {
+            m_ui->additionalTab->setCurrentWidget(shown);
+            pressed->click();
+        });
+    }
+    // Deliberate: the same as a double click, so that both follow one rule.
+    for (const char* key : {"Return", "Enter", RecordKey::edit}) {
+        const auto* shortcut = new QShortcut(QKeySequence(QLatin1String(key)), m_ui->recordsTable, nullptr,
+                                             nullptr, Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, m_ui->recordsTable, [table = m_ui->recordsTable] {
+            if (table->currentIndex().isValid())
+                emit table->doubleClicked(table->currentIndex());
+        });
+    }
+}
 
 void LogBookTab::configureForm()
 {

@@ -116,6 +116,7 @@ protected:
 
 private:
     void configureForm();
+    void configureKeys();
     void updateAttachments(const CModelTable& table, MDRData* record);
     QModelIndexList matcheIndexes(const QString& text) const;
 };

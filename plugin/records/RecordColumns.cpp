@@ -41,18 +41,18 @@ void RecordColumns::configure(VrkTableTool* tool)
     tool->model()->setTextCodec(m_session->codec());
     tool->setColumns({
         {Field::status, m_status, tr("Статус")},
-        {Field::file, m_file, QString(), ":/icons/affix.png"},
-        {Field::VisaWorkerKey, m_sign, QString(), ":/icons/sign.png"},
-        {Field::comment, m_comment, QString(), ":/icons/comment.png"},
+        {Field::file, m_file, QString(), ":/icons/affix.png", tr("Файлы")},
+        {Field::VisaWorkerKey, m_sign, QString(), ":/icons/sign.png", tr("Виза")},
+        {Field::comment, m_comment, QString(), ":/icons/comment.png", tr("Комментарии")},
         {Field::recordTime, m_time, tr("Время") + QLatin1Char('\n') + tr("записи")},
         {Field::eventTime, m_time, tr("Время") + QLatin1Char('\n') + tr("события")},
         {Field::WorkerKey, m_worker, tr("Автор")},
-        {Field::direction, m_direction, QString(), ":/icons/direction.png"},
+        {Field::direction, m_direction, QString(), ":/icons/direction.png", tr("Направление")},
         {Field::ReceiverWorkerKey, m_worker, tr("Кто") + QLatin1Char('\n') + tr("Кому")},
         {Field::executionTime, m_execution, tr("Время") + QLatin1Char('\n') + tr("выполнения")},
         {Field::object, m_strikeOut, tr("Линия") + QLatin1Char('\n') + tr("Подстанция")},
-        {Field::firstMarkTime, m_firstMarker, QString(), ":/icons/one.png"},
-        {Field::secondMarkTime, m_secondMarker, QString(), ":/icons/two.png"},
+        {Field::firstMarkTime, m_firstMarker, QString(), ":/icons/one.png", tr("Первый маркер")},
+        {Field::secondMarkTime, m_secondMarker, QString(), ":/icons/two.png", tr("Второй маркер")},
         {Field::html, m_strikeOut, tr("Текст")},
     });
     tool->model()->setCellConversion(QLatin1String(Field::KeyLink), m_strikeOut);

@@ -125,7 +125,8 @@ void CVrkLogBook::createInbox()
 {
     m_inbox = new CommentInbox(this, m_location, this);
     connect(m_inbox, &CommentInbox::countChanged, this, &CVrkCliMod::SetUnreadComments);
-    connect(m_inbox, &CommentInbox::arrived, this, &CVrkCliMod::CallAttention);
+    connect(m_inbox, &CommentInbox::arrived, this,
+            [this](const QString& text) { CallAttention(text, Attention::Comment); });
     connect(this, &CVrkCliMod::unreadCommentsRequested, this, &CVrkLogBook::commentsRequest);
     m_inbox->upload();
 }

@@ -1,11 +1,13 @@
 #include "LogBookToolBar.h"
 
 #include "LogBookWidget.h"
+#include "RecordKeys.h"
 
 #include <QFontMetrics>
 #include <QLabel>
 #include <QLayout>
 #include <QMenu>
+#include <QShortcut>
 #include <QToolButton>
 
 namespace
@@ -49,18 +51,23 @@ struct LogBookToolBar::Item {
     Where where = Current;
     bool (*isEnabled)(Page page) = nullptr;     ///< null: never changes
     void (LogBookWidget::*request)() = nullptr; ///< null: connected by the window
-    char key = 0;                               ///< with Ctrl
+    char key = 0;                               ///< with Ctrl; the tool tip has it
+    /// Another key, of an entry or of a button's first enabled entry.
+    const char* keys = nullptr;
+    bool isKeyElsewhere = false; ///< the page handles this key
 };
 
 const LogBookToolBar::Item LogBookToolBar::items[] = {
-    {Button, "timeButton", QT_TR_NOOP("Перейти к текущей смене"), ":/icons/clock.png", Current, isAlways},
+    {Button, "timeButton", QT_TR_NOOP("Перейти к текущей смене"), ":/icons/clock.png", Current, isAlways,
+     nullptr, 0, "Home", true},
     {Entry, "currentWorkshiftAction", QT_TR_NOOP("Текущая смена"), nullptr, Current, isAlways,
      &LogBookWidget::uploadRealTimeWorkshift},
     {Entry, "chooseWorkshiftAction", QT_TR_NOOP("Выбрать смену"), ":/icons/workshift.png", Current, nullptr,
-     &LogBookWidget::showWorkshiftsDialog},
+     &LogBookWidget::showWorkshiftsDialog, 0, "Ctrl+J"},
     {Entry, "chooseIntervalAction", QT_TR_NOOP("Выбрать интервал"), ":/icons/clock_blue.png", Current,
-     nullptr, &LogBookWidget::showDateTimeDialog},
-    {NextButton, "workshiftButton", QT_TR_NOOP("Смена"), ":/icons/workshift.png", Current, isAlways},
+     nullptr, &LogBookWidget::showDateTimeDialog, 0, "Ctrl+I"},
+    {NextButton, "workshiftButton", QT_TR_NOOP("Смена"), ":/icons/workshift.png", Current, isAlways, nullptr,
+     0, "Ctrl+Shift+S"},
     {Entry, "openWorkshiftAction", QT_TR_NOOP("Открыть смену"), nullptr, Home,
      [](Page page) { return page.mode() == ShownJournal::RealTime && !page.isOpenWorkshift(); },
      &LogBookWidget::openWorkshiftRequest},
@@ -68,15 +75,17 @@ const LogBookToolBar::Item LogBookToolBar::items[] = {
      [](Page page) { return page.mode() == ShownJournal::RealTime && page.isOpenWorkshift(); },
      &LogBookWidget::closeWorkshiftRequest},
     {Entry, "appendWorkerAction", QT_TR_NOOP("Добавить диспетчера в смену"), nullptr, Home,
-     [](Page page) { return page.isEditableWorkshift(); }, &LogBookWidget::appendWorkerRequest},
+     [](Page page) { return page.isEditableWorkshift(); }, &LogBookWidget::appendWorkerRequest, 0,
+     "Ctrl+Shift+W"},
     {MenuLine},
     {Entry, "infoWorkshiftAction", QT_TR_NOOP("Информация о смене"), ":/icons/info.png", Current,
      [](Page page) { return page.isSelectedWorkshift() && !page.workshiftKeyLink().isEmpty(); },
-     &LogBookWidget::showWorkshiftInfoDialog},
+     &LogBookWidget::showWorkshiftInfoDialog, 0, "Ctrl+Shift+I"},
     {Line},
     {Button, "createButton", QT_TR_NOOP("Добавить новую запись"), ":/icons/add.png", Home,
      [](Page page) { return page.isRecordCreatable(); }, &LogBookWidget::createRecordRequest, 'N'},
-    {Button, "deleteButton", QT_TR_NOOP("Удалить"), ":/icons/delete.png", HomeKept, isAlways},
+    {Button, "deleteButton", QT_TR_NOOP("Удалить"), ":/icons/delete.png", HomeKept, isAlways, nullptr, 0,
+     "Del", true},
     {Entry, "deleteRecordAction", QT_TR_NOOP("Удалить текущую запись"), nullptr, HomeKept,
      [](Page page) { return page.isRecordDeletable(); }, &LogBookWidget::deleteRecordRequest},
     {Entry, "deleteMyDraftsAction", QT_TR_NOOP("Удалить мои черновые записи"), nullptr, HomeKept,
@@ -84,7 +93,8 @@ const LogBookToolBar::Item LogBookToolBar::items[] = {
     {Entry, "deleteAllDraftsAction", QT_TR_NOOP("Удалить все черновые записи"), nullptr, HomeKept,
      [](Page page) { return page.isExistDrafts(); }, &LogBookWidget::deleteAllDraftsRequest},
     {Line},
-    {Button, "approveButton", QT_TR_NOOP("Утвердить"), ":/icons/apply.png", HomeKept, isAlways},
+    {Button, "approveButton", QT_TR_NOOP("Утвердить"), ":/icons/apply.png", HomeKept, isAlways, nullptr, 0,
+     RecordKey::approve, true},
     {Entry, "approveRecordAction", QT_TR_NOOP("Утвердить текущую запись"), nullptr, HomeKept,
      [](Page page) { return page.isRecordDraft(); }, &LogBookWidget::approveRecordRequest},
     {Entry, "approveMyRecordsAction", QT_TR_NOOP("Утвердить мои записи"), nullptr, HomeKept,
@@ -92,15 +102,17 @@ const LogBookToolBar::Item LogBookToolBar::items[] = {
     {Entry, "approveAllRecordsAction", QT_TR_NOOP("Утвердить все записи"), nullptr, HomeKept,
      [](Page page) { return page.isExistDrafts(); }, &LogBookWidget::approveAllRecordsRequest},
     {Button, "signButton", QT_TR_NOOP("Поставить визу на текущую запись"), ":/icons/sign.png", Current,
-     isAlways},
+     isAlways, nullptr, 0, RecordKey::visa, true},
     {Entry, "signRecordAction", QT_TR_NOOP("Поставить визу на текущую запись"), nullptr, Current,
      [](Page page) { return page.isRecordSignable(); }},
     {Entry, "signAllRecordsAction", QT_TR_NOOP("Поставить визу на все записи"), nullptr, Current,
      [](Page page) { return page.isExistNoSign(); }},
     {Button, "executionButton", QT_TR_NOOP("Время выполнения..."), ":/icons/hour_glass.png", HomeStays,
-     [](Page page) { return page.isTimeExecutionChangable(); }, &LogBookWidget::changeTimeExecRequest},
+     [](Page page) { return page.isTimeExecutionChangable(); }, &LogBookWidget::changeTimeExecRequest, 0,
+     RecordKey::execution, true},
     {Line},
-    {Button, "commentsButton", QT_TR_NOOP("Комментарии"), ":/icons/comment.png"},
+    {Button, "commentsButton", QT_TR_NOOP("Комментарии"), ":/icons/comment.png", Current, nullptr, nullptr, 0,
+     "Ctrl+M"},
     {Button, "reportButton", QT_TR_NOOP("Отчет..."), ":/icons/report.png", Current, isAlways,
      &LogBookWidget::showReportDialog, 'P'},
     {Line},
@@ -164,6 +176,12 @@ QToolButton* LogBookToolBar::newButton(const Item& item)
         button->setShortcut(Qt::CTRL | Qt::Key(item.key));
         button->setToolTip(button->toolTip() + QStringLiteral(" (Ctrl + %1)").arg(QLatin1Char(item.key)));
     }
+    if (item.keys)
+        button->setProperty(RecordKey::property, QString::fromLatin1(item.keys));
+    if (item.keys && !item.isKeyElsewhere) {
+        const auto* shortcut = new QShortcut(QKeySequence(QLatin1String(item.keys)), this);
+        connect(shortcut, &QShortcut::activated, button, &QAbstractButton::click);
+    }
     addWidget(button);
     connect(button, &QToolButton::clicked, this, [this, button, &item] {
         if (item.request)
@@ -182,6 +200,8 @@ QAction* LogBookToolBar::newEntry(const Item& item, QToolButton* button)
     }
     QAction* entry = button->menu()->addAction(tr(item.text));
     entry->setObjectName(QLatin1String(item.name));
+    if (item.keys)
+        entry->setShortcut(QKeySequence(QLatin1String(item.keys)));
     if (item.icon)
         entry->setIcon(QIcon(QLatin1String(item.icon)));
     if (item.request)
