@@ -19,6 +19,19 @@ void HostSettings::useOwnPlace()
         settings.setValue(key, former.value(key));
 }
 
+QString HostSettings::historyFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/vrk-logbook/history");
+}
+
+QString HostSettings::ownWordsFile(const QString& login)
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/vrk-logbook/words/") + QString::fromLatin1(login.toUtf8().toPercentEncoding()) +
+           QStringLiteral(".txt");
+}
+
 QString HostSettings::keptTextsFolder()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +

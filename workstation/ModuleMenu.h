@@ -6,6 +6,7 @@
 #include <QString>
 
 class CVrkCliSes;
+class HelpMenu;
 
 /// The menu of the button "Модули" in the status line: the modules that the user may open, and the change
 /// of user. It lists what the user's current rights allow.
@@ -20,6 +21,10 @@ public:
     QAction* changeUserAction() const { return m_changeUser; }
     /// "Вид по умолчанию": restores the window's layout set by its module.
     QAction* ownViewAction() const { return m_ownView; }
+    /// "Настройки…"; it has its own shortcut, too.
+    QAction* settingsAction() const { return m_settings; }
+    /// "Справка".
+    HelpMenu* helpMenu() const { return m_help; }
 
 signals:
     void moduleChosen(const QString& name);
@@ -31,4 +36,6 @@ private:
     const PluginCatalog& m_catalog;
     QAction* m_changeUser;
     QAction* m_ownView;
+    QAction* m_settings;
+    HelpMenu* m_help;
 };

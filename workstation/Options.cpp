@@ -19,7 +19,7 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
         parser.addOption({QLatin1String(name), tr(text), QLatin1String(valueName), *value});
         values.append({QLatin1String(name), value});
     };
-    add("theme", "Цвета: light, dark или system (как на рабочем столе).", "NAME", &theme);
+    add("theme", "Цвета: light, dark, contrast или system (как на рабочем столе).", "NAME", &theme);
     parser.addOptions({help, version});
     store = qEnvironmentVariable("VRK_STORE");
     add("store",
@@ -28,9 +28,15 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
         "URL", &store);
     add("user", "Имя для входа. Без него программа спросит. Пароль она спрашивает сама.", "LOGIN", &user);
     add("department", "Подразделение, если их у пользователя несколько.", "NAME", &department);
-    add("module", "Модуль: logbook, template, converter, unfinished, archive.", "NAME", &module);
+    add("module",
+        "Модуль: logbook, template, converter, unfinished, archive, past. Без него открываются модули, "
+        "выбранные в настройках.",
+        "NAME", &module);
     add("plugin", "Библиотека модулей вместо установленных.", "FILE", &plugin);
     parser.addOption(modules);
+    const QCommandLineOption quiet(QStringLiteral("no-greeting"),
+                                   tr("Не показывать первые шаги и новости версии."));
+    parser.addOption(quiet);
     add("tour", "Показать журнал на примере и сохранить картинки в папку.", "DIR", &tour);
 
     *exitCode = 0;
@@ -54,6 +60,7 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
     }
     for (const auto& [name, value] : qAsConst(values))
         *value = parser.value(name);
+    greets = !parser.isSet(quiet) && tour.isEmpty();
     listModules = parser.isSet(modules);
     return true;
 }

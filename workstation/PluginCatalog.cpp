@@ -44,15 +44,25 @@ void PluginCatalog::read(const QString& file)
     const QJsonArray modules = plugin.value(QLatin1String("modules")).toArray();
     for (const QJsonValue& value : modules) {
         const QJsonObject one = value.toObject();
-        const Module made{one.value(QLatin1String("name")).toString(),
-                          one.value(QLatin1String("title")).toString(),
-                          one.value(QLatin1String("right")).toString(), library};
+        const Module made{
+            one.value(QLatin1String("name")).toString(),  one.value(QLatin1String("title")).toString(),
+            one.value(QLatin1String("right")).toString(), library,
+            one.value(QLatin1String("record")).toBool(),  one.value(QLatin1String("key")).toString()};
         if (made.name.isEmpty() || made.title.isEmpty() || module(made.name))
             qWarning().noquote() << file
                                  << "describes a module without name or title, or one that is there already";
         else
             m_modules.append(made);
     }
+}
+
+QVector<PluginCatalog::Module> PluginCatalog::recordModules() const
+{
+    QVector<Module> modules;
+    for (const Module& module : m_modules)
+        if (module.isOfRecord)
+            modules.append(module);
+    return modules;
 }
 
 const PluginCatalog::Module* PluginCatalog::module(const QString& name) const

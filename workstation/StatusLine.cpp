@@ -1,6 +1,7 @@
 #include "StatusLine.h"
 
 #include "CVrkCliSes.h"
+#include "HistoryDialog.h"
 #include "ShownText.h"
 #include "StatusLabel.h"
 #include "Theme.h"
@@ -40,6 +41,15 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     m_userLabel = StatusLabel::add(QStringLiteral("userLabel"), layout);
     m_userLabel->setToolTip(ShownText::tip(QStringLiteral("%1, %2").arg(user, department)));
 
+    m_historyButton = new QToolButton;
+    m_historyButton->setObjectName(QStringLiteral("historyButton"));
+    m_historyButton->setAutoRaise(true);
+    m_historyButton->setText(tr("История изменена!"));
+    m_historyButton->setStyleSheet(QLatin1String(StatusLabel::failureColours));
+    m_historyButton->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_H);
+    m_historyButton->hide();
+    layout->addWidget(m_historyButton);
+
     m_modulesButton = new QToolButton;
     m_modulesButton->setObjectName(QStringLiteral("modulesButton"));
     m_modulesButton->setAutoRaise(true);
@@ -66,9 +76,13 @@ StatusLine::StatusLine(CVrkCliSes* session, const QString& user, const QString& 
     m_themeButton->setAutoRaise(true);
     m_themeButton->setToolTip(tr("Светлые или тёмные цвета (Ctrl + Shift + D)"));
     layout->addWidget(m_themeButton);
-    connect(m_themeButton, &QToolButton::clicked, this, [] { Theme::toggle(); });
+    connect(m_themeButton, &QToolButton::clicked, this, [this] {
+        Theme::toggle();
+        emit themeChosen(Theme::current());
+    });
 
     m_clock = new ServerClock(session, layout, this);
+    connect(m_messages, &StatusMessages::failed, this, &StatusLine::failed);
     connect(m_messages, &StatusMessages::changed, this, &StatusLine::fitTexts);
     connect(session, &CVrkCliSes::connectionChanged, this, &StatusLine::showConnection);
     showConnection(session->isConnected());
@@ -114,6 +128,23 @@ void StatusLine::setModuleMenu(QMenu* menu)
     m_modulesButton->setMenu(menu);
     m_modulesButton->setVisible(menu != nullptr);
     fitTexts();
+}
+
+void StatusLine::setHistoryGuard(HistoryGuard* guard)
+{
+    const auto show = [this, guard] {
+        const QString alarm = guard->alarm().text;
+        m_historyButton->setVisible(!alarm.isEmpty());
+        m_historyButton->setToolTip(ShownText::tip(alarm + tr(" (Ctrl + Shift + H)")));
+        fitTexts();
+    };
+    connect(guard, &HistoryGuard::changed, this, show);
+    connect(guard, &HistoryGuard::noticed, m_messages, &StatusMessages::addFailure);
+    connect(m_historyButton, &QToolButton::clicked, guard, [this, guard] {
+        HistoryDialog dialog(guard, m_user, window());
+        dialog.exec();
+    });
+    show();
 }
 
 void StatusLine::setUnreadComments(int count)

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class CVrkCliSes;
+class HistoryGuard;
 class QLabel;
 class QMenu;
 class QToolButton;
@@ -29,6 +30,8 @@ public:
     QStringList failures() const { return m_messages->failures(); }
     /// Sets the menu of the button "Модули"; without a menu there is no button.
     void setModuleMenu(QMenu* menu);
+    /// Shows the alarm of the history of the store as long as it stands; a click opens HistoryDialog.
+    void setHistoryGuard(HistoryGuard* guard);
     /// The number of unread comments on the user's records; nothing is shown for 0.
     void setUnreadComments(int count);
     /// The clock of this computer, for tests.
@@ -37,6 +40,10 @@ public:
 signals:
     /// The user wants to see the unread comments.
     void unreadCommentsClicked();
+    /// A new failure is shown.
+    void failed(const QString& text);
+    /// The user has switched to these colours.
+    void themeChosen(const QString& name);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -55,6 +62,7 @@ private:
     QLabel* m_connectionLabel;
     QLabel* m_userLabel;
     StatusMessages* m_messages;
+    QToolButton* m_historyButton;
     QToolButton* m_themeButton;
     QToolButton* m_modulesButton;
     QToolButton* m_unreadButton;

@@ -57,7 +57,7 @@ StatusMessages::StatusMessages(const CVrkCliSes* session, QHBoxLayout* line, QOb
                            : tr("Связь вернулась: последнее изменение не записано, повторите его."));
     });
     connect(session, &CVrkCliSes::historyChanged, this, [this] {
-        addFailure(tr("Хранилище восстановлено из копии: закройте программу и откройте её снова."));
+        addFailure(tr("История хранилища сменилась: закройте программу и откройте её снова."));
     });
 
     m_noticeTimer.setSingleShot(true);
@@ -77,6 +77,7 @@ void StatusMessages::addFailure(const QString& text)
         m_failures.last().last = now;
     } else {
         m_failures.append({text, now, 1, {}});
+        emit failed(text);
     }
     show();
 }

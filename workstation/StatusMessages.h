@@ -32,6 +32,8 @@ public:
     bool isEmpty() const { return m_failures.isEmpty() && m_notice.isEmpty(); }
 
 signals:
+    /// A failure was added that is not the last one again.
+    void failed(const QString& text);
     /// Another message is shown, or none.
     void changed();
 

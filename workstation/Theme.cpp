@@ -1,14 +1,12 @@
 #include "Theme.h"
 
+#include "StyleSheets.h"
 #include "ThemeStyle.h"
 
 #include <QApplication>
 #include <QPalette>
-#include <QPointer>
 #include <QSettings>
 #include <QStyle>
-#include <QVector>
-#include <QWidget>
 
 namespace
 {
@@ -60,22 +58,37 @@ QPalette darkPalette()
     return palette;
 }
 
-/// Widgets with a style sheet, and those inside of them, keep their palette until the sheet is set again.
-void colourWidgetsWithSheets()
+/// For eyes that see badly: black and white, and yellow for what is selected.
+QPalette contrastPalette()
 {
-    QVector<QPointer<QWidget>> widgets;
-    for (QWidget* widget : QApplication::allWidgets()) {
-        if (!widget->styleSheet().isEmpty())
-            widgets.append(widget);
-    }
-    for (const QPointer<QWidget>& widget : qAsConst(widgets)) {
-        if (!widget)
-            continue;
-        const QString sheet = widget->styleSheet();
-        widget->setStyleSheet(QString());
-        widget->setStyleSheet(sheet);
-    }
+    const QColor text(Qt::white);
+    const QColor dim(0xC8, 0xC8, 0xC8);
+    const QColor mark(0xFF, 0xE6, 0x00);
+
+    QPalette palette(QColor(0x1C, 0x1C, 0x1C), Qt::black);
+    for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                     QPalette::ToolTipText, QPalette::BrightText})
+        palette.setColor(role, text);
+    palette.setColor(QPalette::Base, Qt::black);
+    palette.setColor(QPalette::AlternateBase, QColor(0x14, 0x14, 0x14));
+    palette.setColor(QPalette::ToolTipBase, Qt::black);
+    palette.setColor(QPalette::PlaceholderText, dim);
+    palette.setColor(QPalette::Link, QColor(0x7F, 0xD4, 0xFF));
+    palette.setColor(QPalette::LinkVisited, QColor(0xE0, 0xB0, 0xFF));
+    palette.setColor(QPalette::Highlight, mark);
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+    for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, dim);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x8A, 0x7D, 0x00));
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, Qt::black);
+    return palette;
 }
+
+/// How the desktop draws; found before the first change.
+struct Desktop {
+    QString style = QApplication::style()->objectName();
+    QPalette colours = QApplication::palette();
+};
 
 /// Without a style of the desktop, Qt's plain one is used: replace it by ours. Colours of the desktop are
 /// kept.
@@ -91,19 +104,37 @@ void drawPlainStyleOurWay()
 }
 } // namespace
 
+bool Theme::isKnown(const QString& name)
+{
+    return names().contains(name);
+}
+
+QStringList Theme::names()
+{
+    return {QStringLiteral("light"), QStringLiteral("dark"), QStringLiteral("system"),
+            QStringLiteral("contrast")};
+}
+
 bool Theme::apply(const QString& name)
 {
+    static const Desktop desktop;
+    if (!isKnown(name))
+        return false;
     if (name == QLatin1String("system")) {
+        if (inForce() != name) {
+            QApplication::setStyle(desktop.style);
+            QApplication::setPalette(desktop.colours);
+        }
         drawPlainStyleOurWay();
     } else {
-        const bool dark = name == QLatin1String("dark");
-        if (!dark && name != QLatin1String("light"))
-            return false;
         // A style of the desktop would mix in its own colours.
         QApplication::setStyle(new ThemeStyle); // the application owns it
-        QApplication::setPalette(dark ? darkPalette() : lightPalette());
-        colourWidgetsWithSheets();
+        QApplication::setPalette(name == QLatin1String("dark")       ? darkPalette()
+                                 : name == QLatin1String("contrast") ? contrastPalette()
+                                                                     : lightPalette());
     }
+    if (inForce() != name)
+        StyleSheets::setAgain();
     inForce() = name;
     return true;
 }
@@ -115,7 +146,8 @@ QString Theme::current()
 
 QString Theme::remembered()
 {
-    return QSettings().value(QLatin1String(settingsKey), QStringLiteral("system")).toString();
+    const QString name = QSettings().value(QLatin1String(settingsKey)).toString();
+    return isKnown(name) ? name : QStringLiteral("system");
 }
 
 void Theme::toggle()

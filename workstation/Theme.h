@@ -1,16 +1,18 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 /// The colours of the workstation: light for the day, dark for the night shift.
 namespace Theme
 {
-/// Applies a theme to the whole application: "light", "dark", or "system" for the desktop's own colours.
-/// False without a change for another name.
+/// Every theme: "light", "dark", "system" for the desktop's own colours, "contrast" for eyes that see badly.
+QStringList names();
+bool isKnown(const QString& name);
+/// Applies a theme to the whole application, at once. False without a change for an unknown name.
 bool apply(const QString& name);
 /// The current theme.
 QString current();
-/// The user's choice in an earlier session; "system" if there is none.
+/// The last choice on this computer; "system" if there is none.
 QString remembered();
 /// Switches between light and dark and remembers the choice.
 void toggle();

@@ -51,8 +51,9 @@ QString Tour::summary() const
 
 bool Tour::play()
 {
-    // Texts and logins of the tour are not remembered for the user of this computer.
+    // Nothing of the tour is remembered for the user of this computer.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder + QStringLiteral("/settings"));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder + QStringLiteral("/data")));
     if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
         QFont font = QApplication::font(); // the default font of the platform is much larger than that of
                                            // any desktop
@@ -90,6 +91,8 @@ void Tour::playTheme(const QString& theme, const QString& title)
         sceneConvertedRecord(window);
     }
     sceneOverdue(theme);
+    sceneAlarm(theme);
+    sceneOutsider(theme);
     admin({QStringLiteral("check"), m_store});
 }
 

@@ -63,6 +63,12 @@ private:
     void playPast(CVrkCliMod* journal);
     void sceneUnfinished(CVrkCliMod* journal);
     void sceneAllShifts(CVrkCliMod* journal);
+    void sceneHistory(CVrkCliMod* journal);
+    void sceneMoment(CVrkCliMod* journal);
+
+    // Tour_evidence.cpp: what happens if somebody alters the history
+    void sceneAlarm(const QString& theme);
+    void sceneOutsider(const QString& theme);
 
     // Tour_templates.cpp: an administrator at the same desk, and the effect of his work in the journal
     void playTemplates(CVrkCliMod* journal);

@@ -33,10 +33,10 @@ void TourHands::require(bool condition, const QString& fault)
 }
 
 void TourHands::signIn(Workstation* desk, const QString& store, const QString& login,
-                       const QString& department)
+                       const QString& department, bool remembers)
 {
     Options options;
-    options.keepsTexts = false;
+    options.keepsTexts = remembers;
     options.store = store;
     options.user = login;
     options.department = department;

@@ -21,8 +21,9 @@ struct Fault {
 /// Throws the fault unless the condition is true.
 void require(bool condition, const QString& fault);
 
-/// Signs in at a desk; the tour keeps no typed texts for later.
-void signIn(Workstation* desk, const QString& store, const QString& login, const QString& department = {});
+/// Signs in at a desk, which keeps typed texts and the history that it has seen only if \a remembers is true.
+void signIn(Workstation* desk, const QString& store, const QString& login, const QString& department = {},
+            bool remembers = false);
 /// Opens the window of a module, with this height.
 CVrkCliMod* started(Workstation* desk, const QString& module, int height);
 

@@ -33,6 +33,8 @@ void Tour::playPast(CVrkCliMod* journal)
 {
     sceneUnfinished(journal);
     sceneAllShifts(journal);
+    sceneHistory(journal);
+    sceneMoment(journal);
     // Returns to the journal.
     auto* tabs = child<QTabWidget>(journal, "logbooks");
     tabs->setCurrentIndex(0);
@@ -78,4 +80,23 @@ void Tour::sceneAllShifts(CVrkCliMod* journal)
     picture(tr("Если ничего не найдено, окно так и говорит."));
     window->close();
     picture(tr("Найденная запись в своей смене, в журнале своего подразделения."));
+}
+
+void Tour::sceneHistory(CVrkCliMod* journal)
+{
+    QWidget* window = opened(journal, "historyAction", "CVrkHistory");
+    require(child<QAbstractItemView>(window, "changeTable")->model()->rowCount() > 0,
+            tr("В истории записи ничего нет."));
+    picture(tr("История записи (Ctrl+H или меню записи): кто, когда и что изменил, было и стало рядом."));
+    window->close();
+}
+
+void Tour::sceneMoment(CVrkCliMod* journal)
+{
+    QWidget* window = opened(journal, "pastAction", "CVrkPast");
+    for (int i = 0; i < 3; ++i)
+        trigger(window, "backAction");
+    settle();
+    picture(tr("Журнал на момент: смена, какой она была, с шагом по изменениям; изменить прошлое нельзя."));
+    window->close();
 }

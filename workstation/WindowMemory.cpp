@@ -11,6 +11,7 @@
 #include <QSettings>
 #include <QSplitter>
 #include <QTableView>
+#include <QTabWidget>
 
 namespace
 {
@@ -18,6 +19,8 @@ constexpr QSize leastWindow(680, 400); ///< the bars of the journal fit into it
 constexpr QSize usualFrame(8, 36);     ///< for a window that has not been shown yet
 constexpr int leastPane = 40;          ///< a narrower one is almost invisible
 constexpr int largestPane = 10000;
+constexpr char ofOrder[] = ".order";
+constexpr char ofHidden[] = ".hidden";
 
 /// The names of a widget and of its parents: the same at every start.
 QString pathOf(const QWidget* widget)
@@ -28,6 +31,12 @@ QString pathOf(const QWidget* widget)
             names.prepend(one->objectName());
     }
     return names.join(QLatin1Char('.'));
+}
+
+/// The choice of columns is that of all tables of one name: every page of the journal shows the same.
+QString layoutOf(const VrkTableTool* tool)
+{
+    return QStringLiteral("shown.") + tool->tableView()->objectName();
 }
 
 QVector<QRect> screensNow()
@@ -72,14 +81,25 @@ int area(const QRect& rect)
 {
     return rect.isEmpty() ? 0 : rect.width() * rect.height();
 }
+
+// A slash would open a subgroup.
+QString groupOf(const QString& user)
+{
+    return QStringLiteral("windows/") + QString::fromLatin1(user.toUtf8().toPercentEncoding());
+}
 } // namespace
+
+bool WindowMemory::knows(const QString& user)
+{
+    QSettings settings;
+    settings.beginGroup(groupOf(user));
+    return !settings.childGroups().isEmpty();
+}
 
 WindowMemory::WindowMemory(QMainWindow* window, const QString& user, const QString& module)
     : m_window(window), m_ownSize(window->size())
 {
-    // A slash would open a subgroup.
-    m_group =
-        QStringLiteral("windows/%1/%2").arg(QString::fromLatin1(user.toUtf8().toPercentEncoding()), module);
+    m_group = groupOf(user) + QLatin1Char('/') + module;
     const QScreen* screen = window->screen();
     window->setMinimumSize(screen ? leastWindow.boundedTo(screen->availableSize() - usualFrame)
                                   : leastWindow);
@@ -163,7 +183,28 @@ void WindowMemory::restoreInside()
         if (sizes.size() == count && isUseful(sizes))
             setSizes(splitter, sizes);
     }
+    restoreTables();
+    // Pages are opened later, too.
+    for (const QTabWidget* tabs : m_window->findChildren<QTabWidget*>())
+        QObject::connect(tabs, &QTabWidget::currentChanged, this, &WindowMemory::restoreTables,
+                         Qt::UniqueConnection);
+}
+
+void WindowMemory::restoreTables()
+{
+    if (!m_window)
+        return;
+    const QSettings settings;
+    m_restored.removeAll(nullptr);
     for (VrkTableTool* tool : tables()) {
+        if (m_restored.contains(tool))
+            continue;
+        m_restored.append(tool);
+        const QString place = key(layoutOf(tool));
+        const QStringList order = settings.value(place + QLatin1String(ofOrder)).toStringList();
+        const QStringList hidden = settings.value(place + QLatin1String(ofHidden)).toStringList();
+        if (!order.isEmpty() || !hidden.isEmpty())
+            tool->setUserColumns(order, hidden);
         const QString name = pathOf(tool->tableView());
         tool->setUserWidths(settings.value(key(QStringLiteral("columns.") + name)).toMap());
     }
@@ -193,8 +234,15 @@ void WindowMemory::save() const
             kept.append(size);
         settings.setValue(key(QStringLiteral("splitter.") + pathOf(splitter)), kept);
     }
-    for (const VrkTableTool* tool : tables())
+    for (const VrkTableTool* tool : tables()) {
         settings.setValue(key(QStringLiteral("columns.") + pathOf(tool->tableView())), tool->userWidths());
+        const QString place = key(layoutOf(tool));
+        const bool isOwn = !tool->userOrder().isEmpty() || !tool->userHidden().isEmpty();
+        if (isOwn || settings.contains(place + QLatin1String(ofOrder))) {
+            settings.setValue(place + QLatin1String(ofOrder), tool->userOrder());
+            settings.setValue(place + QLatin1String(ofHidden), tool->userHidden());
+        }
+    }
 }
 
 void WindowMemory::reset()
@@ -215,6 +263,8 @@ void WindowMemory::reset()
         if (own != m_ownSplitters.constEnd())
             splitter->restoreState(own.value());
     }
-    for (VrkTableTool* tool : tables())
+    for (VrkTableTool* tool : tables()) {
+        tool->setUserColumns({}, {});
         tool->adjustColumnsWidth();
+    }
 }

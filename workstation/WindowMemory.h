@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QObject>
 #include <QPointer>
 #include <QRect>
 #include <QSize>
@@ -13,10 +14,12 @@ class QSplitter;
 class VrkTableTool;
 
 /// The geometry of a module's window and its layout: place and size, the borders between its panes, the
-/// widths of columns. Kept in the settings under the user's login and the module's name. Dialogs choose
+/// widths, order and visibility of columns. Kept in the settings under the user's login and the module's name. Dialogs choose
 /// their own sizes.
-class WindowMemory
+class WindowMemory : public QObject
 {
+    Q_OBJECT
+
 public:
     /// From now on the window has a minimum size at which it is usable.
     WindowMemory(QMainWindow* window, const QString& user, const QString& module);
@@ -28,9 +31,13 @@ public:
     /// first.
     void restoreInside();
     void save() const;
+    /// The record tables of the window.
+    QVector<VrkTableTool*> tables() const;
     /// Restores the module's defaults, now and at the next start.
     void reset();
 
+    /// Whether anything is remembered of this user's windows.
+    static bool knows(const QString& user);
     /// \a wanted, adapted to the screens: unchanged if screens cover it, otherwise moved onto the screen
     /// that shows most of it; not smaller than useful, not larger than that screen.
     static QRect fitted(const QRect& wanted, const QVector<QRect>& screens);
@@ -38,10 +45,11 @@ public:
 private:
     QString key(const QString& name) const { return m_group + QLatin1Char('/') + name; }
     QVector<QSplitter*> splitters() const;
-    QVector<VrkTableTool*> tables() const;
+    void restoreTables();
 
     QPointer<QMainWindow> m_window;
     QString m_group;
     QSize m_ownSize;
     QHash<QString, QByteArray> m_ownSplitters; ///< by name
+    QVector<QPointer<VrkTableTool>> m_restored;
 };

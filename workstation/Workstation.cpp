@@ -4,15 +4,21 @@
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "Greeting.h"
+#include "Help.h"
+#include "HistoryGuard.h"
 #include "HostSettings.h"
 #include "KeptTexts.h"
 #include "LogWriter.h"
+#include "Look.h"
 #include "ModuleMenu.h"
 #include "PasswordDialog.h"
 #include "SignIn.h"
 #include "SignInDialog.h"
+#include "SpellGuard.h"
 #include "StatusLine.h"
 #include "StoreDialog.h"
+#include "UserSettings.h"
 #include "WindowMemory.h"
 
 #include <algorithm>
@@ -22,7 +28,12 @@
 #include <QStatusBar>
 #include <QTimer>
 
-Workstation::Workstation(LogWriter* log) : m_alerts(std::make_unique<Alerts>())
+Workstation::Workstation(LogWriter* log)
+    : m_look(std::make_unique<Look>(m_app.settings())),
+      m_spelling(std::make_unique<SpellGuard>(&m_app)),
+      m_help(std::make_unique<Help>()),
+      m_greeting(std::make_unique<Greeting>(m_app.settings(), m_help.get())),
+      m_alerts(std::make_unique<Alerts>(m_app.settings()))
 {
     if (log) {
         m_sink = std::make_unique<LogSink>(&m_app, log);
@@ -30,6 +41,14 @@ Workstation::Workstation(LogWriter* log) : m_alerts(std::make_unique<Alerts>())
     }
     m_app.setCloseGuard([this](CVrkCliMod* module) { return mayClose(module); });
     m_app.setModuleOpener([this](const QString& name) { return startModule(name); });
+    QVector<CVrkCliApp::RecordEntry> entries;
+    for (const PluginCatalog::Module& module : m_catalog.recordModules())
+        entries.append({module.name, module.title, QKeySequence(module.key)});
+    m_app.setRecordEntries(entries);
+    m_chooseStore = [](QWidget* parent) {
+        StoreDialog dialog(parent);
+        return dialog.exec() == QDialog::Accepted ? dialog.url() : QString();
+    };
 }
 
 Workstation::~Workstation()
@@ -44,9 +63,14 @@ Workstation::~Workstation()
 
 bool Workstation::enter(const Options& options)
 {
-    if (!options.store.isEmpty())
-        return enterStore(options);
+    return options.store.isEmpty() ? askStore(options) : enterStore(options);
+}
+
+bool Workstation::askStore(const Options& options, const QString& notice)
+{
     StoreDialog dialog;
+    if (!notice.isEmpty())
+        dialog.showNotice(notice);
     Options chosen = options;
     while (dialog.exec() == QDialog::Accepted) {
         chosen.store = dialog.url();
@@ -75,7 +99,13 @@ bool Workstation::enterStore(const Options& options)
         m_app.keptTexts()->open(HostSettings::keptTextsFolder(),
                                 m_app.m_user_params.getValue(QStringLiteral("KEYLINK"), QString()),
                                 SignIn::storeOf(options.store));
+    if (options.keepsTexts)
+        m_history =
+            std::make_unique<HistoryGuard>(m_app.session(), HostSettings::historyFolder(), options.store);
     m_userName = signIn.userName();
+    m_look->setUser(settingsName(), !options.theme.isEmpty());
+    if (options.keepsTexts)
+        m_spelling->dictionary()->openOwnWords(HostSettings::ownWordsFile(settingsName()));
     m_departmentName.clear();
     for (const SignIn::Department& one : signIn.departments()) {
         if (one.key == department)
@@ -144,6 +174,11 @@ bool Workstation::chooseDepartment(SignIn* signIn, const Options& options, QByte
     return true;
 }
 
+QString Workstation::settingsName() const
+{
+    return m_leavingLogin.isEmpty() ? m_userName : m_leavingLogin;
+}
+
 CVrkCliMod* Workstation::module(const QString& name) const
 {
     for (const Open& open : m_modules) {
@@ -151,6 +186,32 @@ CVrkCliMod* Workstation::module(const QString& name) const
             return open.module;
     }
     return nullptr;
+}
+
+bool Workstation::mayOpen(const QString& name)
+{
+    const PluginCatalog::Module* module = m_catalog.module(name);
+    return module && !module->isOfRecord &&
+           (module->right.isEmpty() ||
+            m_app.session()->OperationRights(module->right.toLatin1().constData()));
+}
+
+QString Workstation::storeAddress() const
+{
+    return SignIn::withoutPassword(m_options.store);
+}
+
+CVrkCliMod* Workstation::start()
+{
+    const QString journal = QStringLiteral("logbook");
+    if (!m_options.module.isEmpty())
+        return startModule(m_options.module);
+    CVrkCliMod* first = nullptr;
+    for (const QString& name : m_app.settings()->value(Setting::startModules).toStringList()) {
+        CVrkCliMod* started = mayOpen(name) ? startModule(name) : nullptr;
+        first = first ? first : started;
+    }
+    return first ? first : startModule(journal);
 }
 
 CVrkCliMod* Workstation::startModule(const QString& name)
@@ -169,8 +230,7 @@ CVrkCliMod* Workstation::startModule(const QString& name)
         m_errorText = m_loader->errorText();
         return nullptr;
     }
-    const QString user = m_leavingLogin.isEmpty() ? m_userName : m_leavingLogin;
-    m_modules.push_back({name, module, std::make_unique<WindowMemory>(module, user, name)});
+    m_modules.push_back({name, module, std::make_unique<WindowMemory>(module, settingsName(), name)});
     addStatusLine(module);
     m_alerts->watch(module);
     connect(module, &CVrkCliMod::closed, this, [this, module] { moduleClosed(module); });
@@ -184,6 +244,8 @@ CVrkCliMod* Workstation::startModule(const QString& name)
         statusLine(module)->addFailure(
             tr("Для этого пользователя не заведён сотрудник ни в одном подразделении: "
                "это делает администратор журнала."));
+    if (m_options.greets && name == QLatin1String("logbook"))
+        m_greeting->greet(module, WindowMemory::knows(settingsName()));
     return module;
 }
 
@@ -196,17 +258,28 @@ void Workstation::addStatusLine(CVrkCliMod* module)
     connect(m_app.keptTexts(), &KeptTexts::failed, line, [line](const QString& reason) {
         line->showNotice(tr("Несохранённый текст не удаётся хранить на диске: %1.").arg(reason));
     });
+    connect(m_spelling.get(), &SpellGuard::failed, line, &StatusLine::showNotice);
     connect(module, &CVrkCliMod::unreadCommentsChanged, line, &StatusLine::setUnreadComments);
+    connect(line, &StatusLine::failed, module,
+            [module](const QString& text) { module->CallAttention(text); });
     connect(line, &StatusLine::unreadCommentsClicked, module, &CVrkCliMod::unreadCommentsRequested);
+
+    if (m_history)
+        line->setHistoryGuard(m_history.get());
 
     auto* menu = new ModuleMenu(m_app.session(), m_catalog, line);
     line->setModuleMenu(menu);
     line->addAction(menu->changeUserAction());
+    line->addAction(menu->settingsAction());
     line->addAction(menu->ownViewAction());
     connect(menu->ownViewAction(), &QAction::triggered, module, [this, module] {
         if (WindowMemory* kept = memory(module))
             kept->reset();
     });
+    connect(menu->settingsAction(), &QAction::triggered, module, [this, module] { showSettings(module); });
+    connectHelp(menu->helpMenu(), module);
+    connect(line, &StatusLine::themeChosen, this,
+            [this](const QString& name) { m_app.settings()->setValue(Setting::theme, name); });
     connect(menu, &ModuleMenu::moduleChosen, this, [this, line](const QString& name) {
         if (!startModule(name))
             line->addFailure(m_errorText);
@@ -227,6 +300,18 @@ WindowMemory* Workstation::memory(const CVrkCliMod* module)
 
 void Workstation::changeUser()
 {
+    leaveAndEnter(m_options.store);
+}
+
+void Workstation::changeStore()
+{
+    const QString store = m_chooseStore(QApplication::activeWindow());
+    if (!store.isEmpty())
+        leaveAndEnter(store);
+}
+
+void Workstation::leaveAndEnter(const QString& store)
+{
     if (m_changing)
         return;
     for (const Open& open : m_modules) {
@@ -239,10 +324,16 @@ void Workstation::changeUser()
     const bool quits = QApplication::quitOnLastWindowClosed();
     QApplication::setQuitOnLastWindowClosed(false);
     closeModules();
+    const bool isOtherStore = store != m_options.store;
     Options options = m_options;
+    options.store = store;
     options.user.clear();
     options.department.clear();
-    CVrkCliMod* next = enter(options) ? startModule(QStringLiteral("logbook")) : nullptr;
+    options.module.clear();
+    bool isIn = enter(options);
+    if (!isIn && isOtherStore && !m_errorText.isEmpty())
+        isIn = askStore(options, m_errorText);
+    CVrkCliMod* next = isIn ? start() : nullptr;
     m_deskPlace.clear();
     QApplication::setQuitOnLastWindowClosed(quits);
     m_changing = false;
@@ -263,6 +354,7 @@ void Workstation::closeModules()
         delete open.module;
     }
     m_modules.clear();
+    m_history.reset();
     m_app.keptTexts()->close(); // the next user has his own texts
 }
 

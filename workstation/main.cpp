@@ -128,7 +128,7 @@ int main(int argc, char* argv[])
     Workstation workstation(&log);
     if (!workstation.enter(options))
         return workstation.errorText().isEmpty() ? 0 : fail(workstation.errorText());
-    if (!workstation.startModule(options.module))
+    if (!workstation.start())
         return fail(workstation.errorText());
     QObject::connect(&workstation, &Workstation::left, &application, [&workstation] {
         const bool unwanted = !workstation.errorText().isEmpty();
