@@ -195,7 +195,7 @@ void Admin_test::reportsTheVersion()
 {
     QCOMPARE(run({QStringLiteral("--version")}), Command::Success);
     QCOMPARE(m_out,
-             QStringLiteral("vrk-admin 2.0.0, версия хранилища %1\n").arg(StoreAdmin::schemaVersion()));
+             QStringLiteral("vrk-admin 2.1.0, версия хранилища %1\n").arg(StoreAdmin::schemaVersion()));
 }
 
 void Admin_test::loginsAreOneWord()

@@ -1,31 +1,32 @@
-#include "AdminRun.h"
+#include "EvidenceBench.h"
 #include "Forger.h"
-#include "HeadBook.h"
-#include "TestStore.h"
-
-#include <memory>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QTest>
 
 /// Seals, exports for an outsider, and attacks by the owner of a store.
-class Evidence_test : public QObject
+class Evidence_test : public EvidenceBench
 {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init() { reset(); }
 
     void aSealNamesSizeAndRoot();
     void aSealTiesItsWritesToTheFile();
     void aDamagedTreeIsNotContinued();
+    void aDamagedUpperTileIsFound();
     void filesThatAreNoHeadsAreNone();
+    void aStoredHeadCountsForItsOwnSizeOnly();
+    void aKeyThatIsNotPublishedIsTakenBack();
+    void textsDoNotControlTheTerminal();
+    void aPartOfTheLogProvesTheHeadsAskedFor();
     void aSecondSealOfTheSameLogChangesNothing();
     void theKeyIsReadByItsOwnerOnly();
     void aFileWithoutAnOpenKeyIsRefused_data();
     void aFileWithoutAnOpenKeyIsRefused();
     void anotherKeyDoesNotReplaceTheFirst();
     void whileAKeyIsReplacedBothSign();
+    void credentialsOfAServiceHaveBothKeys();
+    void aClosedShiftIsSealed();
+    void aBackupLeavesItsHeadBeside();
     void anExportIsProvenByTheVerifier();
     void anExportOfARecordShowsNothingElse();
     void anExportOfATimeIsProven();
@@ -36,76 +37,9 @@ private slots:
     void aKeyOfTheAttackerIsNotTrusted();
     void rowsThatDifferFromTheLogRefuseARebuild();
     void aRestoredStoreIsNoAttack();
-    void historyNamesWhoChangedWhat();
-    void historyOfAnUnknownKeyFails();
-
-private:
-    QString key() const { return m_admin->path(QStringLiteral("seal.key")); }
-    QString book() const { return key() + QStringLiteral(".heads"); }
-    int seal(const QStringList& more = {})
-    {
-        return m_admin->call("seal", more + QStringList{QStringLiteral("--key"), key()});
-    }
-    /// A file with the last head that left the store.
-    QString lastHead()
-    {
-        QFile file(m_admin->path(QStringLiteral("head%1.txt").arg(++m_folders)));
-        if (!file.open(QIODevice::WriteOnly) || file.write(HeadBook(book()).notes().constLast()) < 0)
-            qFatal("a head cannot be written");
-        return file.fileName();
-    }
-    /// The head of the last seal as it stands on paper.
-    QString paper() const { return m_admin->out.section(QStringLiteral("Опечатано: "), -1).trimmed(); }
-    void write(const char* html) const
-    {
-        StoreError error;
-        const auto store = m_store->open(QStringLiteral("ivanov"));
-        QVERIFY2(TestStore::write(store.get(), "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV",
-                                  {{"html", html}}, &error),
-                 qPrintable(error.text + error.detail));
-    }
-    /// Exports into a new folder and runs its verifier; the exit code.
-    int verify(const QStringList& exportOptions, const QStringList& options)
-    {
-        const QString folder = m_admin->path(QStringLiteral("out%1").arg(++m_folders));
-        if (m_admin->call("export-evidence", QStringList{folder} + exportOptions) != Command::Success) {
-            m_said = m_admin->err;
-            return -1;
-        }
-        m_folder = folder;
-        return verifyAgain(options);
-    }
-    int verifyAgain(const QStringList& options)
-    {
-        QProcess python;
-        python.setProcessChannelMode(QProcess::MergedChannels);
-        python.start(QStringLiteral("python3"),
-                     QStringList{m_folder + QStringLiteral("/verify.py"), m_folder} + options);
-        if (!python.waitForFinished(60000))
-            return -2;
-        m_said = QString::fromUtf8(python.readAll());
-        return python.exitCode();
-    }
-    QString exported(const char* name) const
-    {
-        QFile file(m_folder + QLatin1Char('/') + QLatin1String(name));
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-    }
-
-    std::unique_ptr<TestStore> m_store;
-    std::unique_ptr<AdminRun> m_admin;
-    QString m_folder;
-    QString m_said; ///< by the verifier
-    int m_folders = 0;
+    void anAccountOfItsOwnSeals();
+    void aPersonDoesNotSeal();
 };
-
-void Evidence_test::init()
-{
-    m_store = std::make_unique<TestStore>();
-    m_admin = std::make_unique<AdminRun>();
-    m_admin->url = m_store->url();
-    m_folders = 0;
-}
 
 void Evidence_test::aSealNamesSizeAndRoot()
 {
@@ -150,12 +84,90 @@ void Evidence_test::aDamagedTreeIsNotContinued()
     }
 }
 
+void Evidence_test::aDamagedUpperTileIsFound()
+{
+    const auto store = m_store->openLoader();
+    while (m_store->value(QStringLiteral("SELECT max(number) FROM ChangeTransactions")).toInt() < 260)
+        for (int i = 0; i < 40; ++i)
+            QVERIFY(TestStore::write(store.get(), "Roles", ROW_UPDATE, "ROLE_ZAR",
+                                     {{"name_", QString::number(i)}}));
+    QCOMPARE(seal({QStringLiteral("--init")}), 0);
+    QCOMPARE(m_store->value(QStringLiteral("SELECT count(*) FROM LogTiles WHERE level = 1")).toInt(), 1);
+    QCOMPARE(int(m_admin->call("check")), 0);
+    QCOMPARE(m_store->exec(QStringLiteral(
+                 "UPDATE LogTiles SET hashes = (SELECT substr(T.hashes, 33, 32) FROM LogTiles AS T"
+                 " WHERE T.level = 0 AND T.place = 0) WHERE level = 1")),
+             QString());
+    QCOMPARE(int(m_admin->call("check")), int(Command::FaultsFound));
+}
+
 void Evidence_test::filesThatAreNoHeadsAreNone()
 {
     QCOMPARE(HeadBook::parse("").size(), 0);
     QCOMPARE(HeadBook::parse("text\nvrk-logbook").size(), 0);
     const QByteArray note = "vrk-logbook/A\n1\nx\n\ny\n";
     QCOMPARE(HeadBook::parse("text\n" + note + note), (QVector<QByteArray>{note, note}));
+}
+
+void Evidence_test::aStoredHeadCountsForItsOwnSizeOnly()
+{
+    QCOMPARE(seal({QStringLiteral("--init")}), 0);
+    write("второй вариант");
+    const int end = m_store->value(QStringLiteral("SELECT max(number) FROM ChangeTransactions")).toInt();
+    // The owner of the database stores the old head as that of the whole log.
+    QCOMPARE(m_store->exec(QStringLiteral("INSERT INTO LogHeads SELECT %1, note FROM LogHeads").arg(end)),
+             QString());
+    QCOMPARE(seal(), 0);
+    QVERIFY2(paper().startsWith(QStringLiteral("%1 ").arg(end)), qPrintable(paper()));
+    const QString note =
+        m_store->value(QStringLiteral("SELECT note FROM LogHeads WHERE size = %1").arg(end)).toString();
+    QCOMPARE(note.section(QLatin1Char('\n'), 1, 1), QString::number(end));
+    QCOMPARE(verify({}, {QStringLiteral("--head"), lastHead()}), 0);
+}
+
+void Evidence_test::aKeyThatIsNotPublishedIsTakenBack()
+{
+    QCOMPARE(m_store->refuse(QStringLiteral("INSERT"), QStringLiteral("StoreFiles")), QString());
+    QCOMPARE(seal({QStringLiteral("--init")}), int(Command::Failed));
+    QVERIFY(!QFile::exists(key()));
+    QCOMPARE(m_store->permit(QStringLiteral("INSERT"), QStringLiteral("StoreFiles")), QString());
+    QCOMPARE(seal({QStringLiteral("--init")}), 0);
+    const QByteArray first = m_admin->bytes(QStringLiteral("seal.key"));
+    QCOMPARE(m_store->refuse(QStringLiteral("UPDATE"), QStringLiteral("StoreFiles")), QString());
+    QCOMPARE(seal({QStringLiteral("--rotate")}), int(Command::Failed));
+    QCOMPARE(m_admin->bytes(QStringLiteral("seal.key")), first);
+    QVERIFY(!QFile::exists(key() + QStringLiteral(".former")));
+}
+
+void Evidence_test::textsDoNotControlTheTerminal()
+{
+    write("красное\x1b[31m\nстрока задом");
+    // The code page has no such character; the owner of the database can write it all the same.
+    Forger(*m_store).forge(
+        QString::fromUtf8("UPDATE ChangeLog SET newRow = replace(newRow, 'задом', '\u202Eзадом')"), true);
+    QCOMPARE(int(m_admin->call("history", {QStringLiteral("REC_DRAFT_IVANOV")})), 0);
+    QVERIFY2(m_admin->out.contains(QStringLiteral("красное\\u001b[31m\\nстрока")), qPrintable(m_admin->out));
+    QVERIFY(!m_admin->out.contains(QChar(0x1b)));
+    QVERIFY2(m_admin->out.contains(QStringLiteral("\\u202eзадом")), qPrintable(m_admin->out));
+    QVERIFY(!m_admin->out.contains(QChar(0x202e)));
+    QCOMPARE(m_store->exec(QStringLiteral("INSERT INTO LogHeads VALUES (1, 'vrk-logbook/\x1b[2J\n')")),
+             QString());
+    QCOMPARE(int(m_admin->call("check")), int(Command::FaultsFound));
+    QVERIFY(!m_admin->out.contains(QChar(0x1b)));
+}
+
+void Evidence_test::aPartOfTheLogProvesTheHeadsAskedFor()
+{
+    QCOMPARE(seal({QStringLiteral("--init")}), 0);
+    const QString older = lastHead();
+    write("второй вариант");
+    QCOMPARE(seal(), 0);
+    const QStringList part{QStringLiteral("--record"), QStringLiteral("REC_DRAFT_IVANOV")};
+    QCOMPARE(verify(part, {QStringLiteral("--head"), older}), 1);
+    QCOMPARE(verify(part + QStringList{QStringLiteral("--heads"), older}, {QStringLiteral("--head"), older}),
+             0);
+    QCOMPARE(verify(part + QStringList{QStringLiteral("--heads"), m_admin->path(QStringLiteral("none"))}, {}),
+             -1);
 }
 
 void Evidence_test::aSecondSealOfTheSameLogChangesNothing()
@@ -230,6 +242,68 @@ void Evidence_test::whileAKeyIsReplacedBothSign()
     QCOMPARE(seal(), 0);
     QCOMPARE(verify({}, {QStringLiteral("--key"), present}), 0);
     QCOMPARE(verify({}, {QStringLiteral("--key"), former}), 1);
+}
+
+void Evidence_test::credentialsOfAServiceHaveBothKeys()
+{
+    QCOMPARE(seal({QStringLiteral("--init"), QStringLiteral("--name"), QStringLiteral("seal-1")}), 0);
+    QCOMPARE(seal({QStringLiteral("--rotate")}), 0);
+    // As systemd presents a folder.
+    const QString credentials = m_admin->path(QStringLiteral("credentials"));
+    QVERIFY(QDir().mkpath(credentials));
+    for (const char* name : {"seal.key", "seal.key.former"})
+        QVERIFY(QFile::copy(m_admin->path(QLatin1String(name)),
+                            credentials + QStringLiteral("/vrk-seal_") + QLatin1String(name)));
+    qputenv("CREDENTIALS_DIRECTORY", QFile::encodeName(credentials));
+    qputenv("STATE_DIRECTORY", QFile::encodeName(m_admin->folder.path()));
+    write("после замены ключа");
+    const int code = m_admin->call("seal");
+    qunsetenv("CREDENTIALS_DIRECTORY");
+    qunsetenv("STATE_DIRECTORY");
+    QVERIFY2(code == 0, qPrintable(m_admin->err));
+    const QByteArray note = HeadBook(m_admin->path(QStringLiteral("seal.heads"))).notes().constLast();
+    QCOMPARE(note.count("\n\xE2\x80\x94 seal-1 "), 2);
+}
+
+void Evidence_test::aClosedShiftIsSealed()
+{
+    QCOMPARE(seal({QStringLiteral("--init")}), 0);
+    QProcess watch;
+    watch.start(QCoreApplication::applicationDirPath() + QStringLiteral("/vrk-admin"),
+                {QStringLiteral("seal"), m_admin->url, QStringLiteral("--at-closings"),
+                 QStringLiteral("--key"), key()});
+    QVERIFY(watch.waitForReadyRead(30000)); // the first seal
+    write("не смена");
+    StoreError error;
+    const auto store = m_store->open(QStringLiteral("ivanov"));
+    QVERIFY2(TestStore::write(store.get(), "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                              {{"CloseWorkerKey", "WORKER_IVANOV"}}, &error),
+             qPrintable(error.text + error.detail));
+    QVERIFY(watch.waitForReadyRead(30000));
+    watch.kill();
+    QVERIFY(watch.waitForFinished());
+    QCOMPARE(m_store->value(QStringLiteral("SELECT max(size) FROM LogHeads")),
+             m_store->value(QStringLiteral("SELECT max(number) FROM ChangeTransactions")));
+    QCOMPARE(m_store->value(QStringLiteral("SELECT count(*) FROM LogHeads")).toInt(), 2);
+}
+
+void Evidence_test::aBackupLeavesItsHeadBeside()
+{
+    const QString copy = m_admin->path(QStringLiteral("unsealed"));
+    QCOMPARE(int(m_admin->call("backup", {copy})), 0);
+    QVERIFY(!QFile::exists(copy + QStringLiteral(".head")));
+    QCOMPARE(seal({QStringLiteral("--init")}), 0);
+    const QString head = paper();
+    const QString sealedCopy = m_admin->path(QStringLiteral("sealed"));
+    QCOMPARE(int(m_admin->call("backup", {sealedCopy})), 0);
+    QVERIFY2(m_admin->out.contains(head), qPrintable(m_admin->out));
+    write("второй вариант");
+    const QStringList withHead{QStringLiteral("--heads"), sealedCopy + QStringLiteral(".head")};
+    QCOMPARE(int(m_admin->call("check", withHead)), 0);
+    Forger(*m_store).forge(QStringLiteral("UPDATE ChangeTransactions SET login = 'petrov' WHERE number = 2"),
+                           true);
+    QCOMPARE(m_store->exec(QStringLiteral("DELETE FROM LogHeads")), QString());
+    QCOMPARE(int(m_admin->call("check", withHead)), int(Command::FaultsFound));
 }
 
 void Evidence_test::anExportIsProvenByTheVerifier()
@@ -313,32 +387,8 @@ void Evidence_test::anExportLeavesAFullFolderAlone()
 void Evidence_test::attacksAreFound_data()
 {
     QTest::addColumn<QString>("sql");
-    const auto add = [](const char* name, const char* sql) { QTest::newRow(name) << QString::fromUtf8(sql); };
-    add("a text rewritten",
-        "UPDATE ChangeLog SET newRow = replace(newRow, 'второй вариант', 'третий вариант');"
-        "UPDATE LogbookRecords SET html = 'третий вариант' WHERE KeyLink = 'REC_DRAFT_IVANOV'");
-    add("an old value rewritten",
-        "UPDATE ChangeLog SET oldRow = replace(oldRow, 'второй вариант', 'третий вариант')");
-    add("null for an empty text", "UPDATE ChangeLog SET newRow = replace(newRow, 'null', '\"\"')"
-                                  " WHERE entry = (SELECT max(entry) FROM ChangeLog)");
-    add("another author", "UPDATE ChangeTransactions SET login = 'petrov' WHERE login = 'ivanov'");
-    add("another time", "UPDATE ChangeTransactions SET time = time + 60 WHERE login = 'ivanov'");
-    add("another role", "UPDATE ChangeTransactions SET loader = 1 WHERE login = 'ivanov'");
-    add("the tail cut",
-        "DELETE FROM ChangeLog WHERE number > (SELECT max(number) - 2 FROM ChangeTransactions);"
-        "DELETE FROM ChangeTransactions WHERE number > (SELECT max(number) - 2 FROM ChangeTransactions)");
-    add("a transaction taken out",
-        "DELETE FROM ChangeLog WHERE number = 2; DELETE FROM ChangeTransactions WHERE number = 2;"
-        "UPDATE ChangeLog SET number = -(number - 1) WHERE number > 2;"
-        "UPDATE ChangeLog SET number = -number WHERE number < 0;"
-        "UPDATE ChangeTransactions SET number = -(number - 1) WHERE number > 2;"
-        "UPDATE ChangeTransactions SET number = -number WHERE number < 0");
-    add("two transactions swapped",
-        "UPDATE ChangeLog SET number = CASE number WHEN 2 THEN 3 ELSE 2 END WHERE number IN (2, 3);"
-        "UPDATE ChangeTransactions SET number = -number WHERE number IN (2, 3);"
-        "UPDATE ChangeTransactions SET number = CASE number WHEN -2 THEN 3 ELSE 2 END WHERE number < 0");
-    add("a row put in", "INSERT INTO ChangeLog (number, tableName, rowKey, event, newRow) VALUES (2, "
-                        "'Roles', 'X', 601, '[\"X\"]')");
+    Forger::eachAttack(
+        [](const char* name, const char* sql) { QTest::newRow(name) << QString::fromUtf8(sql); });
 }
 
 void Evidence_test::attacksAreFound()
@@ -419,41 +469,73 @@ void Evidence_test::aRestoredStoreIsNoAttack()
     QCOMPARE(seal(), 0);
     const QString lost = lastHead();
     const QStringList withBook{QStringLiteral("--heads"), book()};
-    if (TestStore::isSqlite()) {
-        QCOMPARE(int(m_admin->call("restore", {copy})), 0);
-    } else {
-        m_admin->url = QString(m_store->url())
-                           .replace(QRegularExpression(QStringLiteral("/(\\w+)(\\?|$)")),
-                                    QStringLiteral("/restored_evidence\\2"));
-        QVERIFY(m_admin->url != m_store->url());
-        QVERIFY2(m_admin->call("restore", {copy}) == 0, qPrintable(m_admin->err));
-    }
+    restoreCopy(copy);
     QCOMPARE(int(m_admin->call("check", withBook)), 0);
     QVERIFY2(m_admin->out.contains(QStringLiteral("до возврата копии")), qPrintable(m_admin->out));
     QVERIFY2(seal() == 0, qPrintable(m_admin->err));
     QCOMPARE(verify({}, {QStringLiteral("--head"), lost}), 0);
     QVERIFY2(m_said.contains(QStringLiteral("restored as transaction")), qPrintable(m_said));
+    // The same copy once more: what was sealed in between is no head of another store.
+    write("между возвратами");
+    QCOMPARE(seal(), 0);
+    const QString between = lastHead();
+    restoreCopy(copy);
+    QCOMPARE(int(m_admin->call("check", withBook)), 0);
+    QVERIFY2(seal() == 0, qPrintable(m_admin->err));
+    QCOMPARE(verify({}, {QStringLiteral("--head"), lost, QStringLiteral("--head"), between}), 0);
+    // The copy of a file has an epoch of its own.
+    QCOMPARE(m_said.count(QStringLiteral("restored as transaction")), TestStore::isSqlite() ? 2 : 1);
 }
 
-void Evidence_test::historyNamesWhoChangedWhat()
+void Evidence_test::anAccountOfItsOwnSeals()
 {
+    if (TestStore::isSqlite()) {
+        QCOMPARE(seal({QStringLiteral("--admit"), QStringLiteral("notary")}), int(Command::WrongUsage));
+        QCOMPARE(int(m_admin->call("seal", {QStringLiteral("--admit"), QStringLiteral("notary")})),
+                 int(Command::Failed));
+        QVERIFY2(m_admin->err.contains(QStringLiteral("разрешает писать")), qPrintable(m_admin->err));
+        return;
+    }
+    const QString administrator = m_admin->url;
+    const QString notary =
+        QString(administrator).replace(QLatin1String("postgres@"), QLatin1String("notary@"));
+    QVERIFY2(m_admin->call("seal", {QStringLiteral("--admit"), QStringLiteral("notary")}) == 0,
+             qPrintable(m_admin->err));
+    StoreError error;
+    QVERIFY(
+        StoreAdmin::setPassword(administrator, QStringLiteral("notary"), QStringLiteral("печать-1"), &error));
+    m_admin->url = notary;
+    QVERIFY2(seal({QStringLiteral("--init")}) == 0, qPrintable(m_admin->err));
     write("второй вариант");
-    QCOMPARE(int(m_admin->call("history", {QStringLiteral("REC_DRAFT_IVANOV")})), 0);
-    const QStringList lines = m_admin->out.split(QLatin1Char('\n'));
-    QCOMPARE(lines.filter(QStringLiteral("транзакция")).size(), 2);
-    QCOMPARE(lines.filter(QStringLiteral("LogbookRecords: внесена")).size(), 1);
-    QCOMPARE(lines.filter(QStringLiteral("LogbookRecords: изменена")).size(), 1);
-    QVERIFY2(lines.filter(QStringLiteral("ivanov")).value(0).contains(QStringLiteral("Иванов")),
-             qPrintable(m_admin->out));
-    QVERIFY2(lines.filter(QStringLiteral("html: ")).value(1).endsWith(QStringLiteral(" -> второй вариант")),
-             qPrintable(m_admin->out));
+    QVERIFY2(seal() == 0, qPrintable(m_admin->err));
+    QVERIFY2(seal({QStringLiteral("--rotate")}) == 0, qPrintable(m_admin->err));
+    QCOMPARE(m_store->value(QStringLiteral("SELECT count(*) FROM LogHeads")).toInt(), 3);
+    QCOMPARE(verify({}, {}), 0);
+    m_admin->url = administrator;
+    QVERIFY2(m_admin->call("check") == 0, qPrintable(m_admin->out + m_admin->err));
+    QCOMPARE(
+        int(m_admin->call("user", {QStringLiteral("add"), QStringLiteral("notary"), QStringLiteral("Н")})),
+        int(Command::Failed));
+    QVERIFY2(m_admin->call("seal", {QStringLiteral("--dismiss"), QStringLiteral("notary")}) == 0,
+             qPrintable(m_admin->err));
+    m_admin->url = notary;
+    QCOMPARE(seal(), int(Command::Failed));
 }
 
-void Evidence_test::historyOfAnUnknownKeyFails()
+void Evidence_test::aPersonDoesNotSeal()
 {
-    QCOMPARE(int(m_admin->call("history", {QStringLiteral("NOBODY")})), int(Command::Failed));
-    QVERIFY(m_admin->err.contains(QStringLiteral("NOBODY")));
-    QCOMPARE(int(m_admin->call("history")), int(Command::WrongUsage));
+    if (TestStore::isSqlite())
+        QSKIP("A file has no accounts.");
+    for (const char* login : {"ivanov", "postgres"}) {
+        QCOMPARE(int(m_admin->call("seal", {QStringLiteral("--admit"), QLatin1String(login)})),
+                 int(Command::Failed));
+        QVERIFY2(m_admin->err.contains(QStringLiteral("отдельная учётная запись")), qPrintable(m_admin->err));
+    }
+    QCOMPARE(int(m_admin->call("seal", {QStringLiteral("--dismiss"), QStringLiteral("ivanov")})),
+             int(Command::Failed));
+    m_admin->url.replace(QLatin1String("postgres@"), QLatin1String("ivanov@"));
+    QCOMPARE(seal({QStringLiteral("--init")}), int(Command::Failed));
+    QVERIFY(!QFile::exists(key()));
 }
 
 QTEST_GUILESS_MAIN(Evidence_test)

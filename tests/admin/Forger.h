@@ -1,11 +1,13 @@
 #pragma once
 
+#include "EvidenceLog.h"
 #include "HashTiles.h"
 #include "SqliteConnection.h"
 #include "StoreAdmin.h"
 #include "TestStore.h"
 #include "TransactionChain.h"
 
+#include <functional>
 #include <QTest>
 #include <QUrl>
 
@@ -15,6 +17,36 @@ class Forger
 {
 public:
     explicit Forger(const TestStore& store) : m_store(store) {}
+
+    /// Passes the name and the statements of each kind of attack to \a add. The log needs texts of the author ivanov.
+    static void eachAttack(const std::function<void(const char*, const char*)>& add)
+    {
+        add("a text rewritten",
+            "UPDATE ChangeLog SET newRow = replace(newRow, 'второй вариант', 'третий вариант');"
+            "UPDATE LogbookRecords SET html = 'третий вариант' WHERE KeyLink = 'REC_DRAFT_IVANOV'");
+        add("an old value rewritten",
+            "UPDATE ChangeLog SET oldRow = replace(oldRow, 'второй вариант', 'третий вариант')");
+        add("null for an empty text", "UPDATE ChangeLog SET newRow = replace(newRow, 'null', '\"\"')"
+                                      " WHERE entry = (SELECT max(entry) FROM ChangeLog)");
+        add("another author", "UPDATE ChangeTransactions SET login = 'petrov' WHERE login = 'ivanov'");
+        add("another time", "UPDATE ChangeTransactions SET time = time + 60 WHERE login = 'ivanov'");
+        add("another role", "UPDATE ChangeTransactions SET loader = 1 WHERE login = 'ivanov'");
+        add("the tail cut",
+            "DELETE FROM ChangeLog WHERE number > (SELECT max(number) - 2 FROM ChangeTransactions);"
+            "DELETE FROM ChangeTransactions WHERE number > (SELECT max(number) - 2 FROM ChangeTransactions)");
+        add("a transaction taken out",
+            "DELETE FROM ChangeLog WHERE number = 2; DELETE FROM ChangeTransactions WHERE number = 2;"
+            "UPDATE ChangeLog SET number = -(number - 1) WHERE number > 2;"
+            "UPDATE ChangeLog SET number = -number WHERE number < 0;"
+            "UPDATE ChangeTransactions SET number = -(number - 1) WHERE number > 2;"
+            "UPDATE ChangeTransactions SET number = -number WHERE number < 0");
+        add("two transactions swapped",
+            "UPDATE ChangeLog SET number = CASE number WHEN 2 THEN 3 ELSE 2 END WHERE number IN (2, 3);"
+            "UPDATE ChangeTransactions SET number = -number WHERE number IN (2, 3);"
+            "UPDATE ChangeTransactions SET number = CASE number WHEN -2 THEN 3 ELSE 2 END WHERE number < 0");
+        add("a row put in", "INSERT INTO ChangeLog (number, tableName, rowKey, event, newRow) VALUES (2, "
+                            "'Roles', 'X', 601, '[\"X\"]')");
+    }
 
     /// Runs statements without any trigger, then hashes the chain again and, if \a alsoTree, the tree.
     void forge(const QString& sql, bool alsoTree) const
@@ -77,7 +109,8 @@ private:
     {
         m_store.exec(QStringLiteral("DELETE FROM LogTiles"));
         StoreError error;
-        const auto log = StoreAdmin::openEvidence(m_store.url(), EvidenceLog::Write, &error);
+        const auto store = Store::open(m_store.url(), {}, &error);
+        const auto log = store->evidence(Store::Access::Write, &error);
         HashTiles tiles(*log, 0);
         qint64 end = 0;
         QByteArray epoch;

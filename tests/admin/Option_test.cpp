@@ -2,6 +2,7 @@
 #include "DurationOptions.h"
 #include "StoreAdmin.h"
 #include "TestStore.h"
+#include "VisaOption.h"
 
 #include <QTest>
 
@@ -64,14 +65,38 @@ private:
     };
 
 private slots:
+    void wordsOfTheSiteAreKept()
+    {
+        Options site;
+        const auto listed = [&site] {
+            site.call("words", {QStringLiteral("list")});
+            return site.out;
+        };
+        QCOMPARE(listed(), QString());
+        QCOMPARE(site.call("words",
+                           {QStringLiteral("add"), QStringLiteral("телемех"), QStringLiteral("квитировать")}),
+                 Command::Success);
+        QCOMPARE(listed(), QStringLiteral("квитировать\nтелемех\n"));
+        for (const char* bad : {"two words", "1", "-", "<b>"})
+            QCOMPARE(site.call("words", {QStringLiteral("add"), QString::fromLatin1(bad)}), Command::Failed);
+        QCOMPARE(site.call("words", {QStringLiteral("add")}), Command::WrongUsage);
+        QCOMPARE(
+            site.call("words", {QStringLiteral("remove"), QStringLiteral("телемех"), QStringLiteral("нет")}),
+            Command::Success);
+        QCOMPARE(listed(), QStringLiteral("квитировать\n"));
+        QCOMPARE(site.call("words", {QStringLiteral("remove"), QStringLiteral("квитировать")}),
+                 Command::Success);
+        QCOMPARE(listed(), QString());
+    }
+
     void setWritesAndListTells()
     {
         Options options;
         QCOMPARE(options.set({QStringLiteral("CheckLengthShift=on"), QStringLiteral("DelayTime=15m"),
                               QStringLiteral("IntervalMessage=5m")}),
                  Command::Success);
-        const QString reported =
-            QStringLiteral("CheckLengthShift=on\nDelayTime=15m\nIntervalMessage=5m\nLongestShift=48h\n");
+        const QString reported = QStringLiteral(
+            "CheckLengthShift=on\nDelayTime=15m\nIntervalMessage=5m\nVisaPassword=off\nLongestShift=48h\n");
         QCOMPARE(options.out, reported);
         QCOMPARE(options.err, QString());
         QCOMPARE(options.stored(),
@@ -93,19 +118,30 @@ private slots:
         QCOMPARE(read().interval, 90);
         QCOMPARE(options.set({QStringLiteral("CheckLengthShift=нет")}), Command::Success);
         QVERIFY(!read().isOn);
-        QCOMPARE(
-            options.out,
-            QStringLiteral("CheckLengthShift=off\nDelayTime=1h\nIntervalMessage=1m30s\nLongestShift=48h\n"));
+        QCOMPARE(options.out, QStringLiteral("CheckLengthShift=off\nDelayTime=1h\nIntervalMessage="
+                                             "1m30s\nVisaPassword=off\nLongestShift=48h\n"));
     }
 
     void withoutAFileEverythingIsOff()
     {
         Options options;
         QCOMPARE(options.list(), Command::Success);
-        QCOMPARE(
-            options.out,
-            QStringLiteral("CheckLengthShift=off\nDelayTime=0s\nIntervalMessage=0s\nLongestShift=48h\n"));
+        QCOMPARE(options.out, QStringLiteral("CheckLengthShift=off\nDelayTime=0s\nIntervalMessage="
+                                             "0s\nVisaPassword=off\nLongestShift=48h\n"));
         QVERIFY(options.stored().isNull());
+    }
+
+    void thePasswordAtTheVisaIsASwitch()
+    {
+        Options options;
+        QCOMPARE(options.set({QStringLiteral("VisaPassword=15m")}), Command::WrongUsage);
+        QCOMPARE(options.set({QStringLiteral("VisaPassword=да"), QStringLiteral("DelayTime=15m")}),
+                 Command::Success);
+        QVERIFY2(options.out.contains(QStringLiteral("VisaPassword=on\n")), qPrintable(options.out));
+        QVERIFY(VisaOption::fromXml(TestStore::text(options.stored())));
+        QCOMPARE(options.set({QStringLiteral("VisaPassword=off")}), Command::Success);
+        QVERIFY(!VisaOption::fromXml(TestStore::text(options.stored())));
+        QVERIFY(options.out.contains(QStringLiteral("DelayTime=15m\n")));
     }
 
     void otherContentIsPreserved()
@@ -115,9 +151,8 @@ private slots:
                     "<Options CheckLengthShift=\"1\" Colour=\"red\" DelayTime=\"60\"/></OperLog>");
         QCOMPARE(options.set({QStringLiteral("IntervalMessage=1h30m5s"), QStringLiteral("DelayTime=2ч")}),
                  Command::Success);
-        QCOMPARE(
-            options.out,
-            QStringLiteral("CheckLengthShift=on\nDelayTime=2h\nIntervalMessage=1h30m5s\nLongestShift=48h\n"));
+        QCOMPARE(options.out, QStringLiteral("CheckLengthShift=on\nDelayTime=2h\nIntervalMessage="
+                                             "1h30m5s\nVisaPassword=off\nLongestShift=48h\n"));
         const QString text = TestStore::text(options.stored());
         QVERIFY2(text.contains(QStringLiteral("<!-- порядок -->")), qPrintable(text));
         QVERIFY(text.contains(QStringLiteral("<Other a=\"ф\"/>")));
@@ -199,8 +234,8 @@ private slots:
         Options options;
         options.put("<Options CheckLengthShift=\"1\" DelayTime=\"soon\" IntervalMessage=\"60\"/>");
         QCOMPARE(options.list(), Command::Success);
-        QCOMPARE(options.out,
-                 QStringLiteral("CheckLengthShift=on\nDelayTime=0s\nIntervalMessage=1m\nLongestShift=48h\n"));
+        QCOMPARE(options.out, QStringLiteral("CheckLengthShift=on\nDelayTime=0s\nIntervalMessage="
+                                             "1m\nVisaPassword=off\nLongestShift=48h\n"));
         QVERIFY(options.err.contains(QStringLiteral("DelayTime: «soon» не число")));
         QVERIFY(options.err.contains(QStringLiteral("молчит")));
     }

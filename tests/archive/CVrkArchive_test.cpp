@@ -2,19 +2,26 @@
 
 #include "ArchiveBench.h"
 #include "CRowBatch.h"
+#include "CVrkCliApp.h"
 #include "ExpectedWarning.h"
 #include "FailingStore.h"
+#include "FileSaver.h"
 #include "LogbookFields.h"
 #include "MDRValues.h"
+#include "SearchMenu.h"
 #include "Typing.h"
+#include "UserSettings.h"
+#include "VrkPreviewWindow.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QComboBox>
 #include <QCompleter>
 #include <QDateEdit>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 
 class CVrkArchive_test : public QObject
@@ -226,6 +233,109 @@ private slots:
         QCOMPARE(m_bench->asked, (QStringList{once, once}));
     }
 
+    void whatIsFoundIsSavedAsATable()
+    {
+        record("A", "SHIFT_CDS_PAST", "<p>=обкатка <b>1</b>; &quot;да&quot;</p>", 1,
+               {{"recordTime", 1600000000.0}});
+        m_bench->start();
+        const QTemporaryDir folder;
+        m_bench->client().app().settings()->setValue(Setting::reportFolder, folder.path());
+        const FileSaver::Asking desktop = FileSaver::asking();
+        QString file;
+        FileSaver::asking().file = [&](QWidget*, const FileSaver::Kind&, const QString& proposed) {
+            return file = proposed;
+        };
+        found("обкатка");
+        QTest::keyClick(&m_bench->module(), Qt::Key_S, Qt::ControlModifier);
+        FileSaver::asking() = desktop;
+        QVERIFY2(file.startsWith(folder.filePath(QStringLiteral("Поиск обкатка 20"))), qPrintable(file));
+        QFile table(file);
+        QVERIFY(table.open(QIODevice::ReadOnly));
+        const QByteArray bytes = table.readAll();
+        QVERIFY(bytes.startsWith("\xEF\xBB\xBF"));
+        QCOMPARE(QString::fromUtf8(bytes),
+                 QStringLiteral("Состояние;Время записи;Автор;Текст\r\n"
+                                "Утверждена;13.09.2020 15:26;Петров П. П.;\"'=обкатка 1; \"\"да\"\"\"\r\n"));
+        QVERIFY(m_bench->module().findChild<FileSaver*>()->text().startsWith(QStringLiteral("Сохранено")));
+        found("неслыханное");
+        QVERIFY(!m_bench->child<QAction>("tableAction")->isEnabled());
+    }
+
+    void whatIsFoundIsPrintedWithTheQuery()
+    {
+        record("A", "SHIFT_CDS_PAST", "обкатка");
+        m_bench->start();
+        found("обкатка");
+        QTest::keyClick(&m_bench->module(), Qt::Key_P, Qt::ControlModifier);
+        auto* preview = m_bench->module().findChild<VrkPreviewWindow*>();
+        QVERIFY(preview && preview->isVisible());
+        QCOMPARE(preview->table().footer,
+                 QStringLiteral("Поиск по архиву: обкатка, %1\nНайдено записей: 1")
+                     .arg(m_bench->child<QComboBox>("departmentCombo")->currentText()));
+        QCOMPARE(preview->table().rows.size(), 1);
+        preview->close();
+    }
+
+    void searchesAreSavedRenamedAndRemoved()
+    {
+        record("A", "SHIFT_CDS_PAST", "обкатка");
+        m_bench->start();
+        QString name = QStringLiteral("Моя & обкатка");
+        const SearchMenu::AskName real = SearchMenu::askName();
+        SearchMenu::askName() = [&name](QWidget*, const QString&, const QString&) { return name; };
+        auto* menu = m_bench->child<QMenu>("searchMenu");
+        const auto entries = [menu](const char* kind) {
+            emit menu->aboutToShow();
+            return menu->findChildren<QAction*>(QLatin1String(kind));
+        };
+        QCOMPARE(found("обкатка"), list("A"));
+        choose("periodCombo", QStringLiteral("За год"));
+        entries("saveSearch").at(0)->trigger();
+        m_bench->child<QPushButton>("clearButton")->click();
+        QVERIFY(m_bench->keys().size() > 1);
+        QCOMPARE(entries("savedSearch").size(), 1);
+        QCOMPARE(entries("savedSearch").at(0)->text(), QStringLiteral("Моя && обкатка"));
+        entries("savedSearch").at(0)->trigger();
+        QCOMPARE(m_bench->keys(), list("A"));
+        QCOMPARE(m_bench->child<QComboBox>("periodCombo")->currentText(), QStringLiteral("За год"));
+        name = QStringLiteral("Другая");
+        entries("renameSearch").at(0)->trigger();
+        QCOMPARE(entries("savedSearch").size(), 1);
+        QCOMPARE(entries("savedSearch").at(0)->text(), name);
+        entries("removeSearch").at(0)->trigger();
+        QVERIFY(entries("savedSearch").isEmpty());
+        SearchMenu::askName() = real;
+    }
+
+    void theLastTenSearchesAreKept()
+    {
+        m_bench->start();
+        for (int i = 0; i < 12; ++i)
+            found(qPrintable(QStringLiteral("слово%1").arg(i)));
+        found("слово11");
+        const SearchBook book(m_bench->client().app().settings());
+        QCOMPARE(book.last().size(), 10);
+        QCOMPARE(book.last().constFirst().words, QStringLiteral("слово11"));
+        QCOMPARE(book.last().constLast().words, QStringLiteral("слово2"));
+        m_bench->client().app().settings()->setValue(
+            Setting::lastSearches, QStringList{QStringLiteral("{damaged"), QStringLiteral("[]"), QString()});
+        QVERIFY(book.last().isEmpty());
+    }
+
+    void whatCameSinceTheOwnLastShiftIsFound()
+    {
+        const double end = TestStore::now() - 5 * 24 * 3600;
+        m_bench->write(
+            "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_PAST",
+            {{"OpenWorkerKey", "WORKER_IVANOV"}, {"CloseWorkerKey", "WORKER_IVANOV"}, {"endTime", end}});
+        record("BEFORE", "SHIFT_CDS_PAST", "обкатка", 6);
+        record("SINCE", "SHIFT_CDS_PAST", "обкатка", 4);
+        m_bench->start();
+        QCOMPARE(found("обкатка"), list("SINCE BEFORE"));
+        choose("periodCombo", QStringLiteral("С моей прошлой смены"));
+        QCOMPARE(m_bench->keys(), list("SINCE"));
+    }
+
     void nothingFoundIsSaid()
     {
         m_bench->start();
@@ -234,6 +344,12 @@ private slots:
         QVERIFY(empty->isVisible());
         QVERIFY(empty->text().startsWith(QStringLiteral("Ничего не найдено")));
         QCOMPARE(footer(), QStringLiteral("Найдено записей: 0"));
+        QVERIFY(!empty->text().contains(QStringLiteral("кавыч")));
+        for (const char* query : {"\"неслыханное слово\"", "неслыханное -слово"}) {
+            found(query);
+            QVERIFY2(empty->text().contains(QStringLiteral("без кавычек и минуса")), query);
+        }
+        QVERIFY(words()->toolTip().contains(QStringLiteral("в кавычках: слова рядом")));
         QVERIFY(!found("").isEmpty());
         QVERIFY(!empty->isVisible());
     }

@@ -1,11 +1,16 @@
 #include "CVrkUnfinished.h"
 
 #include "ArchiveBench.h"
+#include "CVrkCliApp.h"
 #include "ExpectedWarning.h"
 #include "FailingStore.h"
+#include "FileSaver.h"
 #include "RecordRules.h"
+#include "UserSettings.h"
+#include "VrkPreviewWindow.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QLabel>
 #include <QSpinBox>
 #include <QToolButton>
@@ -50,6 +55,29 @@ class CVrkUnfinished_test : public QObject
 private slots:
     void init() { m_bench = std::make_unique<ArchiveBench<CVrkUnfinished>>(); }
     void cleanup() { m_bench.reset(); }
+
+    void theListIsPrintedAndSaved()
+    {
+        record("LEFT", "SHIFT_CDS_PAST", timed(), 0, 20);
+        m_bench->start();
+        const QTemporaryDir folder;
+        m_bench->client().app().settings()->setValue(Setting::reportFolder, folder.path());
+        const FileSaver::Asking desktop = FileSaver::asking();
+        FileSaver::asking().file = [&](QWidget*, const FileSaver::Kind&, const QString& proposed) {
+            return proposed;
+        };
+        QTest::keyClick(&m_bench->module(), Qt::Key_S, Qt::ControlModifier);
+        FileSaver::asking() = desktop;
+        const QStringList files = QDir(folder.path()).entryList(QDir::Files);
+        QCOMPARE(files.size(), 1);
+        QVERIFY2(files[0].startsWith(QStringLiteral("Незавершённое ЦДС 20")), qPrintable(files[0]));
+        QTest::keyClick(&m_bench->module(), Qt::Key_P, Qt::ControlModifier);
+        const auto* preview = m_bench->module().findChild<VrkPreviewWindow*>();
+        QVERIFY(preview && preview->isVisible());
+        QVERIFY(
+            preview->table().footer.startsWith(QStringLiteral("Незавершённое, ЦДС\nЗа последние 30 дн.")));
+        QCOMPARE(preview->table().rows.size(), m_bench->keys().size());
+    }
 
     void listsUnfinishedRecords()
     {

@@ -4,6 +4,8 @@
 #include "CommentCreatorDialog.h"
 #include "CVrkArchive.h"
 #include "CVrkConverter.h"
+#include "CVrkHistory.h"
+#include "CVrkPast.h"
 #include "CVrkUnfinished.h"
 #include "ExpectedWarning.h"
 #include "HtmlParser.h"
@@ -89,6 +91,8 @@ private slots:
     void configuratorShowsTextsAsTheyAre();
     void searchShowsTextsAsTheyAre();
     void unfinishedShowsTextsAsTheyAre();
+    void historyShowsTextsAsTheyAre();
+    void pastShowsTextsAsTheyAre();
     void converterShowsTextsAsTheyAre();
     void everyTextIsMetSomewhere();
     void endlessLinesAndNulFreezeNoWindow();
@@ -342,6 +346,32 @@ void HostileTexts_test::unfinishedShowsTextsAsTheyAre()
     window.show();
     window.ModuleStart();
     client.deliver();
+    look();
+}
+
+void HostileTexts_test::historyShowsTextsAsTheyAre()
+{
+    TestClient client(*m_store);
+    CVrkHistory window(&client.app());
+    window.show();
+    window.ModuleStart();
+    window.slot_modNotify(QStringLiteral("showRecord"), QStringLiteral("REC_TRIP"));
+    auto* view = window.findChild<QTableView*>(QStringLiteral("changeTable"));
+    QVERIFY(view->model()->rowCount() > 3);
+    for (int row = 0; row < view->model()->rowCount(); ++row) {
+        view->selectRow(row);
+        look();
+    }
+}
+
+void HostileTexts_test::pastShowsTextsAsTheyAre()
+{
+    TestClient client(*m_store);
+    CVrkPast window(&client.app());
+    window.show();
+    window.ModuleStart();
+    window.slot_modNotify(QStringLiteral("showRecord"), QStringLiteral("REC_TRIP"));
+    QVERIFY(window.findChild<RecordList*>()->count() > 0);
     look();
 }
 

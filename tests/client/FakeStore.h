@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CMDArray.h"
+#include "EvidenceLog.h"
 #include "MDRValues.h"
 #include "Store.h"
 
@@ -101,6 +102,11 @@ public:
         return true;
     }
     bool hasNews() override { return !m_state->log.isEmpty(); }
+    std::unique_ptr<EvidenceLog> evidence(Access, StoreError* error) override
+    {
+        *error = {StoreError::Missing, QStringLiteral("no evidence"), QString()};
+        return nullptr;
+    }
     bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* failure) override
     {
         if (fails(failure))

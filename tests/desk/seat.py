@@ -93,7 +93,7 @@ class Seat:
             environment.pop(variable, None)
         self.log = f"{self.folder}/{self.name}.log"
         with open(self.log, "ab") as log:
-            self.process = subprocess.Popen([f"{self.build}/bin/vrk-workstation", *([] if asks else ["--store", self.store]), *arguments],
+            self.process = subprocess.Popen([f"{self.build}/bin/vrk-workstation", *([] if asks else ["--store", self.store]), "--no-greeting", *arguments],
                                             env=environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
         until = time.monotonic() + PATIENCE
         while not os.path.exists(path):

@@ -1,17 +1,24 @@
 #include "ReportDialog.h"
 
+#include "CVrkCliApp.h"
 #include "CVrkLogBook.h"
+#include "FileSaver.h"
+#include "GenGuid32.h"
 #include "HfnTime.h"
 #include "RecordValue.h"
 #include "TestJournal.h"
+#include "UserSettings.h"
 #include "VrkPreviewWindow.h"
 #include "VrkTableDelegate.h"
 #include "VrkTableProxyModel.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QHeaderView>
 #include <QLabel>
 #include <QProcess>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -87,6 +94,13 @@ private:
     }
 
 private slots:
+    void init()
+    {
+        // Each test begins with the settings of nobody.
+        m_settings = std::make_unique<QTemporaryDir>();
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings->path());
+    }
+
     void showsTheApprovedRecordsOfTheShift()
     {
         const TestStore store;
@@ -251,6 +265,45 @@ private slots:
         QVERIFY(!recordsOf(all)[0].cells[0].icon.isNull());
     }
 
+    void proposesAFileOfTheShiftInTheReportsFolder()
+    {
+        const TestStore store;
+        const QTemporaryDir folder;
+        Report report(store);
+        report.journal.client().app().settings()->setValue(Setting::reportFolder, folder.path());
+        const FileSaver::Asking desktop = FileSaver::asking();
+        QString proposed;
+        FileSaver::asking().file = [&](QWidget*, const FileSaver::Kind&, const QString& file) {
+            proposed = file;
+            return QString();
+        };
+        const auto proposal = [&] {
+            report.journal.tab().showReportDialog();
+            report.print()->findChild<QAction*>(QStringLiteral("pdfAction"))->trigger();
+            return QDir(folder.path()).relativeFilePath(proposed);
+        };
+        const auto shiftAt = [&](const QTime& time) {
+            const double start = DateTime_To_HfnTime(QDateTime(QDate(2020, 11, 21), time));
+            TestStore::write(store.openLoader().get(), "LogbookWorkshifts", ROW_INSERT, GenGuid32(),
+                             {{"DepartmentKey", "DEP_CDS"}, {"startTime", start}, {"endTime", start + 3600}});
+            const QVariant key =
+                store.value(QStringLiteral("SELECT KeyLink FROM LogbookWorkshifts WHERE startTime = %1")
+                                .arg(start, 0, 'f', 0));
+            report.journal.tab().uploadRecordsIn(key.toString());
+            return proposal();
+        };
+        QCOMPARE(shiftAt(QTime(20, 0)), QStringLiteral("ЦДС 2020-11-21 Ночная.pdf")); // in the timetable
+        QCOMPARE(shiftAt(QTime(19, 30)), QStringLiteral("ЦДС 2020-11-21 ночь.pdf"));
+        QCOMPARE(shiftAt(QTime(9, 15)), QStringLiteral("ЦДС 2020-11-21 день.pdf"));
+        report.journal.tab().uploadRecordsIn(QDateTime(QDate(2026, 1, 2), QTime(3, 4)),
+                                             QDateTime(QDate(2026, 1, 3), QTime(5, 6)));
+        QCOMPARE(proposal(), QStringLiteral("ЦДС 2026-01-02 - 2026-01-03.pdf"));
+        report.journal.tab().uploadRecordsIn(QDateTime(QDate(2026, 1, 2), QTime(3, 4)),
+                                             QDateTime(QDate(2026, 1, 2), QTime(5, 6)));
+        QCOMPARE(proposal(), QStringLiteral("ЦДС 2026-01-02.pdf"));
+        FileSaver::asking() = desktop;
+    }
+
     void givesPdfWithTextThatCanBeFound()
     {
         const QString reader = QStandardPaths::findExecutable(QStringLiteral("pdftotext"));
@@ -261,17 +314,68 @@ private slots:
         report.journal.tab().showReportDialog();
         QTemporaryDir folder;
         const QString file = folder.filePath(QStringLiteral("отчет.pdf"));
-        QVERIFY(report.print()->savePdf(file));
+        VrkPreviewWindow* preview = report.print();
+        VrkPreviewTable table = preview->table();
+        table.imprint = QStringLiteral("Опечатано: 12 abababababababab");
+        QVERIFY(preview->setTable(table) && preview->savePdf(file));
         QProcess process;
         process.start(reader, {file, QStringLiteral("-")});
         QVERIFY(process.waitForFinished());
         const QString text = QString::fromUtf8(process.readAllStandardOutput());
         QVERIFY2(text.contains(QStringLiteral("Иванов")), qPrintable(text));
         QVERIFY(text.contains(QStringLiteral("Страница 1 из 1")));
+        QVERIFY(text.contains(table.imprint));
         for (const char* part : {"Время", "Кто", "Кому", "Виза", "Сидорова"})
             QVERIFY2(text.contains(QString::fromUtf8(part)), qPrintable(text));
         for (const QString& line : report.title().split(QLatin1Char('\n')))
             QVERIFY2(text.contains(line), qPrintable(text));
+    }
+
+    void namesTheNewestSealOnEachPage()
+    {
+        const TestStore store;
+        Report report(store);
+        report.journal.tab().showReportDialog();
+        QCOMPARE(report.print()->table().imprint, QString()); // nobody seals
+        const QByteArray root = QByteArray(32, '\xAB');
+        for (const int size : {7, 12})
+            QCOMPARE(store.exec(QStringLiteral(
+                                    "INSERT INTO LogHeads (size, note) VALUES (%1, 'vrk-logbook/E\n%1\n%2\n\n"
+                                    "\u2014 seal-1 AAAAAAA=\n')")
+                                    .arg(size)
+                                    .arg(QString::fromLatin1(root.toBase64()))),
+                     QString());
+        QCOMPARE(report.print()->table().imprint, QStringLiteral("Опечатано: 12 abababababababab"));
+        QCOMPARE(report.print()->table().code, QByteArray());
+        report.journal.client().app().settings()->setValue(Setting::reportCode, true);
+        QCOMPARE(report.print()->table().code, QByteArray("12 abababababababab"));
+    }
+
+    void aTelephoneReadsTheSealFromThePaper()
+    {
+        const TestStore store;
+        Report report(store);
+        report.journal.tab().showReportDialog();
+        VrkPreviewWindow* preview = report.print();
+        VrkPreviewTable table = preview->table();
+        table.imprint = QStringLiteral("Опечатано: 12 abababababababab");
+        table.code = "12 abababababababab";
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("report.pdf"));
+        QVERIFY(preview->setTable(table) && preview->savePdf(file));
+        QCOMPARE(QProcess::execute(QStringLiteral("pdftoppm"),
+                                   {QStringLiteral("-r"), QStringLiteral("150"), QStringLiteral("-png"), file,
+                                    folder.filePath(QStringLiteral("page"))}),
+                 0);
+        const QStringList pages = QDir(folder.path()).entryList({QStringLiteral("page*.png")});
+        QVERIFY(!pages.isEmpty());
+        for (const QString& page : pages) {
+            QProcess camera;
+            camera.start(QStringLiteral("zbarimg"),
+                         {QStringLiteral("--raw"), QStringLiteral("-q"), folder.filePath(page)});
+            QVERIFY(camera.waitForFinished());
+            QCOMPARE(camera.readAllStandardOutput().trimmed(), table.code);
+        }
     }
 
     void opensFromTheBarAndByCtrlP()
@@ -293,6 +397,9 @@ private slots:
                         Qt::ControlModifier);
         QTRY_VERIFY(dialog->isVisible()); // a shortcut presses the button for a moment
     }
+
+private:
+    std::unique_ptr<QTemporaryDir> m_settings;
 };
 
 QTEST_MAIN(ReportDialog_test)

@@ -186,15 +186,19 @@ class Store:
         first = json.loads(rows[0][1]["old"])[1] if rows else self.epoch
         return {first: 1, **{json.loads(row["new"])[1]: number for number, row in rows}}
 
-    def restore(self, size, epoch):
-        """Continues with the copy that was made at this size."""
-        former = max((begin, name) for name, begin in self.epochs().items() if begin <= max(size, 1))[1]
+    def restore(self, size, epoch, names_replaced=True, replaced=None):
+        """Continues with the copy that was made at this size. Names the epochs of the replaced store that the copy lacks."""
+        present = (replaced or self).epochs()
+        former = max((begin, place) for place, begin in enumerate(self.epochs().values()) if begin <= max(size, 1))[1]
+        former = list(self.epochs())[former]
         self.epoch = epoch
         self.transactions = self.transactions[:size]
         self.heads = {at: head for at, head in self.heads.items() if at <= size}
+        known = self.epochs()
+        names = [former, *(name for name in present if names_replaced and name not in known and name != former), epoch]
         self.commit([{"table": "StoreProperties", "key": "epoch", "event": 602,
-                      "old": json.dumps(["epoch", former]), "new": json.dumps(["epoch", epoch])}],
-                    login="root", role="loader")
+                      "old": json.dumps(["epoch", one]), "new": json.dumps(["epoch", next_])}
+                     for one, next_ in zip(names, names[1:])], login="root", role="loader")
 
     def export(self, is_shown=None):
         """A whole export, or one with the rows for which is_shown(transaction, row) holds, and those of the epoch."""

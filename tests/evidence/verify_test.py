@@ -448,9 +448,7 @@ class Verifier(unittest.TestCase):
             store.export(is_shown).write(self.folder)
             arguments = [argument for size in store.heads for argument in ("--paper", paper(store, size)) if size]
             arguments += [argument for size in store.heads for argument in ("--head", size)]
-            for place, (origin, _, note) in enumerate(lost):
-                if origin.partition("/")[2] not in store.epochs():
-                    continue  # a later restore took an older copy, which does not know this epoch
+            for place, (_, _, note) in enumerate(lost):
                 (self.folder / f"lost-{place}.txt").write_bytes(note)
                 arguments += ["--head", self.folder / f"lost-{place}.txt"]
             if rng.random() < 0.5:
@@ -580,8 +578,8 @@ class Verifier(unittest.TestCase):
         check(lambda export: export.line(2)["rows"][1].update(comment="x"), f"line 2: {wrong_field}")
         check(lambda export: export.line(2).update(rows=[5]), f"line 2: {wrong_field}")
         check(lambda export: export.proof.update(comment="x"), f"proof.json: {wrong_field}")
-        check(lambda export: export.proof.update(format=2), "proof.json is not of format 1")
-        check(lambda export: export.proof.update(origin="vrk-logbook/77D0"), "origin and size are not those of proof.json")
+        check(lambda export: export.proof.update(format=2), "origin, size or format in proof.json is wrong")
+        check(lambda export: export.proof.update(origin="vrk-logbook/77D0"), "origin, size or format in proof.json is wrong")
         more = forge.encode64(bytes(32))
         check(lambda export: export.proof["hidden"].append(more), "log.jsonl: there are too many hidden hashes")
         check(lambda export: export.line(2)["hidden"].append(more), "line 2: there are too many hidden hashes")
@@ -594,7 +592,7 @@ class Verifier(unittest.TestCase):
         self.assertFails(run(self.folder), f"line 1: {wrong_field}")
         (self.folder / "heads/000000000002.txt").write_bytes(export.heads["000000000003.txt"])
         (self.folder / "proof.json").write_text(json.dumps({**export.proof, "size": 2}), "utf-8")
-        self.assertFails(run(self.folder), "000000000002.txt: origin and size are not those of proof.json")
+        self.assertFails(run(self.folder), "000000000002.txt: origin, size or format in proof.json is wrong")
 
     def testReportsMalformedFilesInOneLine(self):
         """Bytes of the files changed, cut off or added, and values of another kind."""
@@ -697,6 +695,25 @@ class Verifier(unittest.TestCase):
         self.assertOk(run(self.folder))
         self.assertFails(run(self.folder, "--head", self.folder / "kept.txt"), "kept.txt: the log does not contain this head")
 
+    def testHeadsOfReplacedEpochsWereLost(self):
+        """Of any size: the copy of the second restore is longer than the log was at the first one."""
+        store = forge.Store("4F1C", [KEY])
+        commit_some(store, random.Random(1), 9)
+        store.seal()
+        copy_ = store.copy()
+        store.restore(3, "77D0")
+        store.seal()
+        (self.folder / "lost.txt").write_bytes(store.heads[4][2])
+        copy_.restore(9, "88E0", replaced=store)
+        copy_.seal()
+        copy_.export().write(self.folder)
+        self.assertOk(run(self.folder, "--head", self.folder / "lost.txt"))
+        # The epoch of the copy still has its heads.
+        copy_.transactions[5]["login"] += "x"
+        copy_.seal()
+        copy_.export().write(self.folder)
+        self.assertFails(run(self.folder), "000000000009.txt: the log does not contain this head")
+
     def testSaysWhichHeadsCannotBeCompared(self):
         """A head of an epoch that the log does not name, of a size that a pruned export has no proof for, or of no known key."""
         store = forge.Store("4F1C", [KEY])
@@ -706,7 +723,7 @@ class Verifier(unittest.TestCase):
         store.restore(6, "77D0")
         store.seal()
         lost = store.heads[7][2]
-        store.restore(5, "88E0")  # the copy is older than the restore before
+        store.restore(5, "88E0", names_replaced=False)  # the copy is older than the restore before
         store.seal()
         store.export().write(self.folder)
         (self.folder / "lost.txt").write_bytes(lost)

@@ -51,6 +51,76 @@ private slots:
             QCOMPARE(RussianStem::of(form), stem);
     }
 
+    void quotesAndMinusesHaveTheirMeaning_data()
+    {
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<QString>("parts"); ///< words | excluded | phrases | excluded phrases
+        QTest::newRow("words") << text("отключена линия") << text("отключ* лин*|||");
+        QTest::newRow("phrase") << text("\"отключена линия\" вл") << text("отключ* лин* вл||отключ*+лин*|");
+        QTest::newRow("one word in quotes") << text("\"линия\"") << text("лин*|||");
+        QTest::newRow("exclusion") << text("линия -вл -110") << text("лин*|вл 110||");
+        QTest::newRow("excluded phrase") << text("-\"вл 110\" линия") << text("лин*|||вл+110");
+        QTest::newRow("excluded name") << text("-ВЛ-110 линия") << text("лин*|||вл+110");
+        QTest::newRow("minus in a word") << text("вл-110") << text("вл 110|||");
+        QTest::newRow("lonely minus") << text("вл - 110 -") << text("вл 110|||");
+        QTest::newRow("open quote") << text("\"отключена линия") << text("отключ* лин*|||");
+        QTest::newRow("excluded open quote") << text("вл -\"110 35") << text("вл 35|110||");
+        QTest::newRow("empty quotes") << text("\"\" вл -\"\" \" \"") << text("вл|||");
+        QTest::newRow("quotes in a word") << text("пс\"вл 110\"кв") << text("пс вл 110 кв||вл+110|");
+        QTest::newRow("minus behind quotes") << text("\"вл 110\"-кв") << text("вл 110 кв||вл+110|");
+        QTest::newRow("repeated") << text("\"вл вл\" вл") << text("вл||вл+вл|");
+        QTest::newRow("starred") << text("\"вл* 11*\"") << text("вл* 11*||вл*+11*|");
+        QTest::newRow("only signs") << text("- -- \" & ( ) * \\") << text("|||");
+    }
+    void quotesAndMinusesHaveTheirMeaning()
+    {
+        QFETCH(QString, query);
+        const SearchWords::Query parsed = SearchWords::query(query);
+        const auto list = [](const QVector<SearchWords::Term>& terms, char separator) {
+            QStringList all;
+            for (const SearchWords::Term& term : terms)
+                all.append(term.stem + (term.isBeginning ? QStringLiteral("*") : QString()));
+            return all.join(QLatin1Char(separator));
+        };
+        const auto phrases = [&list](const QVector<SearchWords::Phrase>& some) {
+            QStringList all;
+            for (const SearchWords::Phrase& phrase : some)
+                all.append(list(phrase, '+'));
+            return all.join(QLatin1Char(' '));
+        };
+        const QStringList parts{list(parsed.terms, ' '), list(parsed.excluded, ' '), phrases(parsed.phrases),
+                                phrases(parsed.excludedPhrases)};
+        QTEST(parts.join(QLatin1Char('|')), "parts");
+    }
+
+    void everyTextIsAQuery()
+    {
+        const QString signs = text("а1 \"\"--*\\");
+        for (int number = 0; number < 10000; ++number) {
+            QString query;
+            for (int rest = number; rest > 0; rest /= signs.size())
+                query += signs.at(rest % signs.size());
+            const SearchWords::Query parsed = SearchWords::query(query);
+            for (const SearchWords::Phrase& phrase : parsed.phrases + parsed.excludedPhrases)
+                QVERIFY(phrase.size() > 1);
+        }
+    }
+
+    void phrasesStandSideBySide()
+    {
+        const auto fits = [](const char* words, const char* query) {
+            return SearchWords::fitsPhrases(SearchWords::stems(text(words)), SearchWords::query(text(query)));
+        };
+        QVERIFY(fits("На ПС отключили линию 110", "\"отключена линия\""));
+        QVERIFY(!fits("Линия отключена", "\"отключена линия\""));
+        QVERIFY(!fits("Отключена аварийно линия", "\"отключена линия\""));
+        QVERIFY(fits("Отключена аварийно линия", "-\"отключена линия\""));
+        QVERIFY(!fits("Отключена линия", "-\"отключена линия\""));
+        QVERIFY(fits("вл вл 110", "\"вл 110\""));
+        QVERIFY(!fits("вл", "\"вл вл\""));
+        QVERIFY(fits("", "вл"));
+    }
+
     void wordsAreRunsOfLettersAndDigits()
     {
         QCOMPARE(SearchWords::stems(QStringLiteral("ВЛ-110 кВ «Полевая – Заречная», оп. №12/3")),

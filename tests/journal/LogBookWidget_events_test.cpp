@@ -83,6 +83,22 @@ private slots:
         QVERIFY(!Row(journal.record("NEW")).value("comment").isNull);
     }
 
+    void callsForShownRecordsOfOthersOnly()
+    {
+        const TestStore store;
+        TestJournal journal(store);
+        const QSignalSpy calls(&journal.module(), &CVrkCliMod::attentionCalled);
+        const auto petrov = store.open(QStringLiteral("petrov"));
+        QVERIFY(writeRecord(petrov.get(), "NEW", "WORKER_PETROV"));
+        journal.deliver();
+        QCOMPARE(calls.size(), 1);
+        QCOMPARE(calls[0][0].toString(), QStringLiteral("Новая запись: Текст"));
+        QCOMPARE(calls[0][1].value<CVrkCliMod::Attention>(), CVrkCliMod::Attention::Record);
+        QVERIFY(writeRecord(store.open(QStringLiteral("ivanov")).get(), "OWN", "WORKER_IVANOV"));
+        journal.deliver();
+        QCOMPARE(calls.size(), 1);
+    }
+
     void showsTheSameInTwoSessions()
     {
         const TestStore store;

@@ -181,6 +181,8 @@ private slots:
             QStringLiteral("У роли «petrov» есть лишние права на «database %1».").arg(database).toUtf8();
         tamper({
             {"SELECT", {granted.constData()}},
+            {"GRANT DELETE ON LogHeads TO vrk_seal",
+             {"В схеме хранилища изменено «grants on table logheads»."}},
             {"GRANT UPDATE ON ChangeLog TO vrk_client",
              {"В схеме хранилища изменено «grants on table changelog»."}},
             {"GRANT SELECT ON ChangePending TO petrov WITH GRANT OPTION",
@@ -229,6 +231,10 @@ private slots:
             {"SELECT", {set.constData()}},
             {"GRANT vrk_loader TO petrov", {"Роль «petrov» не должна состоять в роли «vrk_loader»."}},
             {"GRANT vrk_owner TO ivanov", {"Роль «ivanov» не должна состоять в роли «vrk_owner»."}},
+            {"GRANT vrk_seal TO viewer", {"Роль «viewer» не должна состоять в роли «vrk_seal»."}},
+            {"CREATE ROLE notary LOGIN CREATEDB IN ROLE vrk_seal; GRANT pg_read_all_data TO notary",
+             {"Роль «notary» имеет свойство CREATEDB, которого у неё быть не должно.",
+              "Роль «notary» не должна состоять в роли «pg_read_all_data»."}},
             {"GRANT pg_signal_backend TO smirnov",
              {"Роль «smirnov» не должна состоять в роли «pg_signal_backend»."}},
             {"GRANT pg_write_all_data TO vrk_client",
@@ -245,7 +251,8 @@ private slots:
         });
         QCOMPARE(
             m_files->exec(QStringLiteral(
-                "REVOKE vrk_loader FROM petrov; REVOKE vrk_owner FROM ivanov; REVOKE pg_signal_backend FROM "
+                "DROP ROLE notary; REVOKE vrk_seal FROM viewer; REVOKE vrk_loader FROM petrov; REVOKE "
+                "vrk_owner FROM ivanov; REVOKE pg_signal_backend FROM "
                 "smirnov; REVOKE pg_write_all_data FROM vrk_client; REVOKE ADMIN OPTION FOR vrk_client FROM "
                 "viewer; ALTER ROLE sidorova NOSUPERUSER; ALTER ROLE kuznetsov NOCREATEROLE; ALTER ROLE "
                 "vrk_owner NOLOGIN; ALTER ROLE petrov RESET ALL; CREATE ROLE stranger LOGIN IN ROLE "

@@ -1,7 +1,10 @@
+#include "EvidenceLog.h"
 #include "GenGuid32.h"
+#include "LogHistory.h"
 #include "MDRValues.h"
 #include "PgConnection.h"
 #include "PostgresAdmin.h"
+#include "PostgresSealer.h"
 #include "PrivateCluster.h"
 #include "TableCatalog.h"
 #include "TestStore.h"
@@ -55,6 +58,28 @@ class PostgresStore_clients_test : public QObject
 
 private slots:
     void init() { m_files = std::make_unique<TestStore>(); }
+
+    /// With the rights of the person alone; reading by the administrator would prove nothing.
+    void aPersonReadsTheHistoryOfTheJournal()
+    {
+        StoreError error;
+        const auto store = Store::open(
+            m_files->url().replace(QLatin1String("postgres@"), QLatin1String("petrov@")), {}, &error);
+        QVERIFY2(store, qPrintable(error.text + error.detail));
+        const auto log = store->evidence(Store::Access::Read, &error);
+        QVERIFY2(log, qPrintable(error.text + error.detail));
+        QVector<RowChange> changes;
+        QVERIFY2(LogHistory(log.get()).ofRecord("REC_TRIP", &changes), qPrintable(error.text + error.detail));
+        QVERIFY2(LogHistory(log.get()).ofWorkshift("SHIFT_CDS_OPEN", &changes),
+                 qPrintable(error.text + error.detail));
+        QVERIFY(changes.size() > 10);
+        // The history shows rows that the same person reads in the journal's tables anyway, and no contents of files.
+        for (const RowChange& change : qAsConst(changes)) {
+            QCOMPARE(run(*person(), "SELECT FROM " + change.table), QByteArray());
+            QVERIFY(!change.is("fileData").isValid() ||
+                    change.is("fileData").toMap().contains(QStringLiteral("sha256")));
+        }
+    }
 
     // Past our program
 
@@ -186,6 +211,82 @@ private slots:
         QCOMPARE(begin(link, write), QByteArray("VR001"));
         run(link, "ROLLBACK");
         QCOMPARE(begin(link, write, true), QByteArray());
+    }
+
+    void clientsReadTheEvidenceAndCannotWriteIt_data()
+    {
+        QTest::addColumn<QByteArray>("sql");
+        for (const char* sql :
+             {"INSERT INTO LogHeads VALUES (1, 'x')", "UPDATE LogHeads SET note = 'x'",
+              "DELETE FROM LogHeads", "INSERT INTO LogTiles VALUES (0, 0, 'x')",
+              "UPDATE LogTiles SET hashes = 'x'", "DELETE FROM LogTiles", "TRUNCATE LogTiles, LogHeads",
+              "INSERT INTO LogSignatures VALUES ('x', 'visa', 'sidorova', 'x', 0, 'x', 'x', 'x')",
+              "INSERT INTO LogStamps VALUES (1, 'x')", "DELETE FROM LogSignatures",
+              "UPDATE LogSignatures SET login = 'x'"})
+            QTest::newRow(sql) << QByteArray(sql);
+    }
+    void clientsReadTheEvidenceAndCannotWriteIt()
+    {
+        QFETCH(QByteArray, sql);
+        QCOMPARE(run(*person("sidorova"), sql), QByteArray("42501"));
+        QCOMPARE(run(*person(), "SELECT 1 FROM LogHeads, LogTiles, LogSignatures"), QByteArray());
+    }
+
+    void sealerWritesTheEvidenceAndNothingElse_data()
+    {
+        QTest::addColumn<QByteArray>("sql");
+        QTest::addColumn<QByteArray>("code");
+        const auto add = [](const char* sql, const char* code) {
+            QTest::newRow(sql) << QByteArray(sql) << QByteArray(code);
+        };
+        for (const char* sql : {"SELECT FROM ChangeLog, ChangeTransactions",
+                                "INSERT INTO LogTiles VALUES (0, 0, 'x')", "UPDATE LogTiles SET hashes = 'x'",
+                                "INSERT INTO LogHeads VALUES (1, 'x')", "UPDATE LogHeads SET note = 'x'"})
+            add(sql, "");
+        for (const char* sql :
+             {"DELETE FROM LogHeads",
+              "TRUNCATE LogTiles",
+              "SELECT FROM LogbookRecords",
+              "UPDATE LogbookRecords SET html = 'x'",
+              "DELETE FROM LogbookRecords",
+              "INSERT INTO UserRights VALUES ('X', 'USER_VIEWER', 'ADMINISTRATOR')",
+              "UPDATE Users SET login = 'notary'",
+              "UPDATE StoreProperties SET value = 'x'",
+              "INSERT INTO StoreFiles VALUES ('a', 'b', 'c')",
+              "UPDATE ChangeHead SET number = 0",
+              "UPDATE ChangeTransactions SET login = 'x'",
+              "DELETE FROM ChangeLog",
+              "INSERT INTO ChangeLog (number, tableName, rowKey, event) VALUES (1, 'x', 'x', 601)",
+              "INSERT INTO ChangePending (xid, isFirst, tableName, rowKey, event) VALUES ('1', true, 'x', "
+              "'x', 601)",
+              "ALTER TABLE LogbookRecords DISABLE TRIGGER ALL",
+              "DROP TRIGGER Rule_Records_visa ON LogbookRecords",
+              "SET ROLE vrk_owner",
+              "SET session_replication_role = replica",
+              "CREATE TABLE own (x text)",
+              "GRANT vrk_client TO notary"})
+            add(sql, "42501");
+        // With a batch key, so that nothing but the file itself is refused.
+        for (const char* file : {"'options', 'OperLogOptions', 'x'", "'evidence', 'keys', 'x'",
+                                 "'evidence', 'keys', NULL", "'evidence', 'other', 'former and new'"})
+            QTest::newRow(file) << QByteArray("SELECT set_config('vrk.batch_key', 'k', true), "
+                                              "set_config('vrk.loader', 'on', true), vrk_write_file(") +
+                                       file + ')'
+                                << QByteArray("VR001");
+        add("SELECT set_config('vrk.batch_key', 'k', true), vrk_write_file('evidence', 'keys', 'former and "
+            "new')",
+            "");
+    }
+    void sealerWritesTheEvidenceAndNothingElse()
+    {
+        QFETCH(QByteArray, sql);
+        QFETCH(QByteArray, code);
+        StoreError error;
+        QVERIFY2(PostgresSealer::admit(m_files->url(), QStringLiteral("notary"), &error),
+                 qPrintable(error.text));
+        QVERIFY(StoreAdmin::putFile(m_files->url(), QStringLiteral("evidence"), QStringLiteral("keys"),
+                                    "former", &error));
+        QCOMPARE(run(*person("notary"), sql), code);
     }
 
     void clientsCannotLockTheStoresOwnTables_data()

@@ -151,9 +151,9 @@ private slots:
     void changedRowIsFound()
     {
         tamper(QStringLiteral("UPDATE LogbookRecords SET html = 'forged' WHERE KeyLink = 'REC_ORDER'"),
-               {QStringLiteral("Log_LogbookRecords_update"), QStringLiteral("Rule_Records_update"),
-                QStringLiteral("Rule_Records_visa"), QStringLiteral("Rule_Records_secondMark"),
-                QStringLiteral("Search_Records_update")});
+               {QStringLiteral("Log_LogbookRecords_update"), QStringLiteral("Sign_LogbookRecords_update"),
+                QStringLiteral("Rule_Records_update"), QStringLiteral("Rule_Records_visa"),
+                QStringLiteral("Rule_Records_secondMark"), QStringLiteral("Search_Records_update")});
         QCOMPARE(faults(),
                  (QStringList{
                      QString::fromUtf8("Поиск по архиву не видит записи такими, какие они есть: 1, например "

@@ -1,3 +1,4 @@
+#include "EvidenceLog.h"
 #include "MDRValues.h"
 #include "PrivateCluster.h"
 #include "StoreAdmin.h"
@@ -155,6 +156,23 @@ private slots:
         QVERIFY(!TestStore::write(store.get(), "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV",
                                   {{"OriginRecordKey", "REC_ORDER"}}, &m_error));
         QCOMPARE(m_error.code, StoreError::Refused);
+        // Signatures begin with the sixth.
+        QVERIFY(TestStore::write(open("sidorova").get(), "LogbookRecords", ROW_UPDATE, "REC_ORDER",
+                                 {{"VisaWorkerKey", "WORKER_SIDOROVA"}}, &m_error));
+        const auto log = store->evidence(Store::Access::Read, &m_error);
+        QVector<qint64> begun;
+        QVERIFY(log && log->numbersOf("signatures", "StoreProperties", &begun));
+        QCOMPARE(begun.size(), 1);
+        qint64 end = 0;
+        QByteArray epoch;
+        QVERIFY(log->end(&end, &epoch) && begun.constFirst() < end);
+        int signs = 0;
+        log->read(begun.constFirst(), end, [&signs](const LoggedTransaction& transaction) {
+            for (const LoggedRow& row : transaction.rows)
+                signs += row.table == "LogSignatures" ? 1 : 0;
+            return true;
+        });
+        QCOMPARE(signs, 1);
         query = RecordQuery();
         query.words = QStringLiteral("обновлённое");
         found = store->search(query, &m_error);

@@ -1,6 +1,7 @@
 #include "ChangeRow.h"
 #include "CMDArray.h"
 #include "RecordWords.h"
+#include "RowLeaf.h"
 #include "TableCatalog.h"
 #include "TestStore.h"
 #include "WriterOfRules.h"
@@ -296,6 +297,7 @@ private slots:
         sqlite3_open(m_files->path().toUtf8().constData(), &raw);
         ChangeRow::installFunction(raw);
         RecordWords::installFunctions(raw);
+        RowLeaf::installFunction(raw);
         for (const char* sql : {"UPDATE LogbookRecords SET html = 'x' WHERE KeyLink = 'REC_ORDER'",
                                 "DELETE FROM LogbookComments", "INSERT INTO Roles (KeyLink) VALUES ('X')"}) {
             QCOMPARE(sqlite3_exec(raw, sql, nullptr, nullptr, nullptr), SQLITE_CONSTRAINT);
@@ -320,6 +322,7 @@ private slots:
         sqlite3_open(m_files->path().toUtf8().constData(), &raw);
         ChangeRow::installFunction(raw);
         RecordWords::installFunctions(raw);
+        RowLeaf::installFunction(raw);
         sqlite3_exec(raw, "INSERT INTO CurrentTransaction VALUES (1000000, 'x', '', 1)", nullptr, nullptr,
                      nullptr);
         QCOMPARE(sqlite3_exec(raw, change, nullptr, nullptr, nullptr), SQLITE_CONSTRAINT);
@@ -335,6 +338,7 @@ private slots:
             sqlite3_open(m_files->path().toUtf8().constData(), &raw);
             ChangeRow::installFunction(raw);
             RecordWords::installFunctions(raw);
+            RowLeaf::installFunction(raw);
             sqlite3_exec(raw, "INSERT INTO CurrentTransaction VALUES (1000000, 'x', '', 1)", nullptr, nullptr,
                          nullptr);
         }

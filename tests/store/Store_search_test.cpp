@@ -1,3 +1,5 @@
+#include "CRowBatch.h"
+#include "LogbookFields.h"
 #include "MDRValues.h"
 #include "PgConnection.h"
 #include "PrivateCluster.h"
@@ -114,6 +116,78 @@ private slots:
         QCOMPARE(found("o'brien \"and not\" \\ & | ! :* (x)"), keys("A"));
         QCOMPARE(found("words : near"), keys("A"));
         QCOMPARE(found("' OR '' = '"), QStringList());
+    }
+
+    void exclusionsAndPhrasesNarrowTheSearch()
+    {
+        record("A", "<p>Отключена <b>ли</b>ния&nbsp;ВЛ-110</p>", 1000);
+        record("B", "ВЛ-110: линия отключена", 2000);
+        record("C", "Отключена аварийно линия ВЛ-35", 3000);
+        const auto ours = [this](const char* words) {
+            RecordQuery one = query(words);
+            one.from = 1000;
+            one.to = 4000;
+            return found(one);
+        };
+        QCOMPARE(ours("отключена линия"), keys("C B A"));
+        QCOMPARE(ours("отключена линия -аварийная"), keys("B A"));
+        QCOMPARE(ours("отключена -35"), keys("B A"));
+        QCOMPARE(ours("\"отключили линию\""), keys("A"));
+        QCOMPARE(ours("\"линия вл\" отключена"), keys("C A"));
+        QCOMPARE(ours("отключена -\"отключена линия\""), keys("C B"));
+        QCOMPARE(ours("отключена -вл-110"), keys("C"));
+        QCOMPARE(ours("\"линия вл\" -35 -\"110 кВ\""), keys("A"));
+        // Nothing is an error.
+        QCOMPARE(ours("\"отключена линия"), keys("C B A"));
+        QCOMPARE(ours("отключена - линия -"), keys("C B A"));
+        QCOMPARE(ours("отключена -\"\" \"линия\""), keys("C B A"));
+        QCOMPARE(ours("-аварийно"), keys("B A"));
+        QCOMPARE(ours("-\"отключена линия\""), keys("C B"));
+        RecordQuery only = query("\"отключена линия\"");
+        only.limit = 0;
+        QCOMPARE(found(only), QStringList());
+    }
+
+    void equipmentKnowsPhrasesAndExclusions()
+    {
+        record("A", R"(<a href="parameter:name=line">ВЛ Полевая – Заречная</a> Лесная)", 1000);
+        record(
+            "B",
+            R"(<a href="parameter:name=line">ВЛ Заречная – Полевая</a> <a href="parameter:name=bay">Лесная</a>)",
+            2000);
+        RecordQuery one;
+        one.to = 4000;
+        one.equipment = QStringLiteral("полевая -лесная");
+        QCOMPARE(found(one), keys("A"));
+        one.equipment = QStringLiteral("\"заречная полевая\"");
+        QCOMPARE(found(one), keys("B"));
+    }
+
+    void aPhraseIsFoundAmongThousandsOfItsWords()
+    {
+        auto loader = m_files->openLoader();
+        CRowBatch batch(LogbookRecordFields, fieldCount(LogbookRecordFields));
+        const int count = 2500; // more than are read at once
+        for (int i = 0; i < count; ++i) {
+            MDRData* row = batch.newRow(ROW_INSERT, "R" + QByteArray::number(i));
+            const QByteArray html = TestStore::bytes(i % 1000 == 0 ? QStringLiteral("двойная фраза")
+                                                                   : QStringLiteral("фраза двойная"));
+            batch.SetValF(row, "ShiftKey", MDRValue::text("SHIFT_CDS_PAST"));
+            // Many are of one second, at which a page ends.
+            batch.SetValF(row, "recordTime", MDRValue::real(i < 1500 ? 5000.0 : 6000.0 + i));
+            batch.SetValF(row, "status", MDRValue::number(0));
+            batch.SetValF(row, "html", MDRValue::text(html));
+            batch.RecPost(row);
+        }
+        QVERIFY2(loader->apply({{"LogbookRecords", batch.array}}, "MANY", &m_error),
+                 qPrintable(m_error.text));
+        QStringList all = found("\"двойная фраза\"");
+        QCOMPARE(all.value(0), QStringLiteral("R2000"));
+        all.sort();
+        QCOMPARE(all, keys("R0 R1000 R2000"));
+        RecordQuery first = query("\"двойная фраза\"");
+        first.limit = 1;
+        QCOMPARE(found(first), keys("R2000"));
     }
 
     void stateAndAuthorNarrowTheSearch()

@@ -13,8 +13,8 @@ import sys
 SCHEMA = {"platform/hfn", "platform/store/schema"}
 STORE = SCHEMA | {"platform/store"}  # what both engines share
 EVIDENCE = {"platform/store/evidence"}
-SQLITE = STORE | {"platform/store/sqlite"}
-POSTGRES = STORE | {"platform/store/postgres"}
+SQLITE = STORE | EVIDENCE | {"platform/store/sqlite"}
+POSTGRES = STORE | EVIDENCE | {"platform/store/postgres"}
 STORE_ADMIN = STORE | EVIDENCE | {"platform/store/admin"}
 ABOVE_STORE = {"platform/hfn", "platform/client", "platform/text", "platform/widgets"}
 
@@ -27,12 +27,12 @@ ALLOWED = {
     "platform/hfn": {"platform/hfn"},
     "platform/store/schema": SCHEMA,
     "platform/store": STORE,
-    "platform/store/evidence": EVIDENCE | {"platform/store"},
+    "platform/store/evidence": STORE | EVIDENCE,
     "platform/store/sqlite": SQLITE,
     "platform/store/postgres": POSTGRES,
     "platform/store/Store.cpp": SQLITE | POSTGRES,  # opens a store of either engine
     "platform/store/admin": SQLITE | POSTGRES | STORE_ADMIN,
-    "platform/client": STORE | {"platform/client"},
+    "platform/client": STORE | EVIDENCE | {"platform/client"},
     "platform/text": {"platform/hfn", "platform/client", "platform/text"},
     "platform/widgets": ABOVE_STORE,
     "plugin/base": plugin("base"),

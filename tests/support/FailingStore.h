@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EvidenceLog.h"
 #include "Store.h"
 
 #include <QList>
@@ -33,6 +34,11 @@ public:
     bool signIn(const QString& login, StoreLogin* user, StoreError* error) override
     {
         return m_store->signIn(login, user, error);
+    }
+    bool hasPassword() const override { return m_store->hasPassword(); }
+    bool provePassword(const QString& password, StoreError* error) override
+    {
+        return m_store->provePassword(password, error);
     }
     QVector<StoreDepartment> departments(const QByteArray& userKey) override
     {
@@ -96,6 +102,15 @@ public:
         return m_store->changesAfter(position, limit, changes, error);
     }
     bool hasNews() override { return m_store->hasNews(); }
+    std::unique_ptr<EvidenceLog> evidence(Access access, StoreError* error) override
+    {
+        if (m_plan->failedSelects-- > 0) {
+            *error = {StoreError::Locked, refusal(), QString()};
+            return nullptr;
+        }
+        m_plan->failedSelects = 0;
+        return m_store->evidence(access, error);
+    }
     bool file(const QString& folder, const QString& name, QByteArray* content, StoreError* error) override
     {
         return m_store->file(folder, name, content, error);

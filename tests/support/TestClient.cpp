@@ -10,7 +10,9 @@ TestClient::TestClient(const TestStore& store, const QString& login, const QByte
 {
     SignIn signIn;
     QByteArray chosen = department;
-    const bool in = signIn.open(store.url()) && signIn.signIn(login);
+    const QString password = store.passwordOf(login);
+    const bool in =
+        signIn.open(store.url(), password.isEmpty() ? QString() : login, password) && signIn.signIn(login);
     if (in && chosen.isEmpty() && !signIn.departments().isEmpty())
         chosen = signIn.departments().first().key;
     if (!in || !signIn.enter(&m_app, chosen))

@@ -226,6 +226,15 @@ double TestStore::now()
     return originals().now;
 }
 
+void TestStore::givePassword(const QString& login, const QString& password)
+{
+    const QString failure = exec(QStringLiteral("ALTER ROLE %1 LOGIN PASSWORD '%2'").arg(login, password));
+    if (!failure.isEmpty())
+        qFatal("%s", qPrintable(failure));
+    PrivateCluster::shared().requirePasswords();
+    m_passwords.insert(login, password);
+}
+
 std::unique_ptr<Store> TestStore::open(const QString& login, const Store::Options& options) const
 {
     return openAs(url(), login, options);

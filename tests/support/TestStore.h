@@ -74,6 +74,9 @@ public:
     QString path() const;
     /// On a server, the address of its administrator, who may sign in as anybody.
     QString url() const;
+    /// On a server: from now on \a login needs this password, and clients of this store sign in with it.
+    void givePassword(const QString& login, const QString& password);
+    QString passwordOf(const QString& login) const { return m_passwords.value(login); }
     /// Leaves the originals on a server for the other programs of a run (PrivateCluster::originals).
     static void leaveOriginals();
     /// The second in which the standard set was made, as HfnTime.
@@ -138,4 +141,5 @@ public:
 private:
     QTemporaryDir m_folder;
     QString m_database;
+    QHash<QString, QString> m_passwords; ///< by login
 };

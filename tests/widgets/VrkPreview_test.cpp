@@ -1,6 +1,6 @@
 #include "VrkPreview.h"
 
-#include "CPopMessageBox.h"
+#include "FileSaver.h"
 #include "PaintRecord.h"
 #include "RecordTable.h"
 #include "VrkPreviewPages.h"
@@ -521,20 +521,23 @@ private slots:
         VrkPreview preview;
         preview.setView(&s.view);
         preview.setWindowTitle(QStringLiteral("Печать отчета"));
-        preview.showDocument();
         QTemporaryDir folder;
+        preview.setFile(folder.path(), QStringLiteral("ЦДС 2026-11-21 ночь"));
+        preview.showDocument();
         const VrkPreviewWindow::Asking real = VrkPreviewWindow::asking();
+        const FileSaver::Asking desktop = FileSaver::asking();
         QString answer;
+        QString proposed;
         bool isPrinting = false;
-        VrkPreviewWindow::asking() = {
-            [&](QWidget*, const QString& title, const QString&) {
-                return title == QStringLiteral("Сохранение в PDF") ? answer : QString();
-            },
-            [&](QWidget*, QPrinter* printer) {
-                printer->setOutputFormat(QPrinter::PdfFormat);
-                printer->setOutputFileName(folder.filePath(QStringLiteral("paper.pdf")));
-                return isPrinting;
-            }};
+        FileSaver::asking().file = [&](QWidget*, const FileSaver::Kind& kind, const QString& file) {
+            proposed = file;
+            return kind.title == QStringLiteral("Сохранение в PDF") ? answer : QString();
+        };
+        VrkPreviewWindow::asking() = {[&](QWidget*, QPrinter* printer) {
+            printer->setOutputFormat(QPrinter::PdfFormat);
+            printer->setOutputFileName(folder.filePath(QStringLiteral("paper.pdf")));
+            return isPrinting;
+        }};
         const auto press = [](const char* name) {
             window()->findChild<QAction*>(QLatin1String(name))->trigger();
         };
@@ -542,38 +545,31 @@ private slots:
             QFile file(folder.filePath(QString::fromUtf8(name)));
             return file.open(QIODevice::ReadOnly) ? file.read(5) : QByteArray();
         };
-        const auto box = [] {
-            auto* found = window()->findChild<CPopMessageBox*>();
-            return found && found->isVisible() ? found : nullptr;
-        };
+        const auto* notice = window()->findChild<FileSaver*>();
 
         press("pdfAction"); // cancelled
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
+        QCOMPARE(proposed, folder.filePath(QStringLiteral("ЦДС 2026-11-21 ночь.pdf")));
+        QVERIFY(!notice->isVisible());
         answer = folder.filePath(QStringLiteral("отчет"));
         press("pdfAction");
         QCOMPARE(begins("отчет.pdf"), QByteArray("%PDF-"));
-        QVERIFY(!box());
+        QVERIFY2(notice->text().startsWith(QStringLiteral("Сохранено: «отчет.pdf»")),
+                 qPrintable(notice->text()));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1); // no other file
 
         answer = folder.filePath(QStringLiteral("nowhere/отчет.pdf"));
         press("pdfAction");
-        QVERIFY(box());
-        QCOMPARE(box()->title(), QStringLiteral("Ошибка сохранения"));
-        QVERIFY(box()->text().contains(QStringLiteral("Не удалось записать файл!")));
-        box()->buttonBox()->buttons().first()->click();
-        QVERIFY(!box());
-        QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("folder.pdf")));
-        answer = folder.filePath(QStringLiteral("folder.pdf"));
-        press("pdfAction");
-        QVERIFY(box());
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
-        box()->close();
+        QCOMPARE(notice->text(), QStringLiteral("Файл «отчет.pdf» не сохранён: папки «nowhere» нет."));
+        preview.showDocument(); // another document
+        QVERIFY(!notice->isVisible());
 
         press("printAction"); // cancelled
         QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("paper.pdf"))));
         isPrinting = true;
         press("printAction");
         VrkPreviewWindow::asking() = real;
+        FileSaver::asking() = desktop;
         QCOMPARE(begins("paper.pdf"), QByteArray("%PDF-"));
     }
 

@@ -4,6 +4,7 @@
 #include "MDRValues.h"
 #include "RecordCreatorDialog.h"
 #include "ReportDialog.h"
+#include "Row.h"
 #include "SecondMarkerDialog.h"
 #include "TimeExecutionDialog.h"
 
@@ -12,6 +13,7 @@
 #include <QLayout>
 #include <QMenu>
 #include <QMimeData>
+#include <QShortcut>
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
@@ -46,6 +48,13 @@ private:
             if (action->text() == text)
                 return action;
         return nullptr;
+    }
+    static void pressKeys(JournalWindow& desk, const QString& keys)
+    {
+        auto* view = JournalWindow::childOf<QTableView>(&desk.home(), "recordsTable");
+        QVERIFY(QTest::qWaitForWindowActive(&desk.window()));
+        view->setFocus();
+        QTest::keySequence(view, QKeySequence(keys));
     }
     /// The drafts and the visas in the store: "draft of Ivanov, draft of Petrov, visas".
     static QString state(const TestStore& store)
@@ -506,6 +515,113 @@ private slots:
         const int before = count();
         entry(desk, QStringLiteral("Вставить запись"))->trigger();
         QCOMPARE(count(), before + 1);
+    }
+
+    void keysActOnTheCurrentRecord_data()
+    {
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("record");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("execution") << "F6"
+                                   << "REC_ORDER"
+                                   << "TimeExecutionDialog";
+        QTest::newRow("marker") << "F7"
+                                << "REC_ORDER"
+                                << "SecondMarkerDialog";
+        QTest::newRow("comment") << "F8"
+                                 << "REC_ORDER"
+                                 << "CommentCreatorDialog";
+        QTest::newRow("opening a draft") << "F2"
+                                         << "REC_DRAFT_IVANOV"
+                                         << "RecordCreatorDialog";
+        QTest::newRow("opening by Enter") << "Return"
+                                          << "REC_ORDER"
+                                          << "RecordCreatorDialog";
+        QTest::newRow("shifts") << "Ctrl+J"
+                                << "REC_ORDER"
+                                << "WorkshiftsDialog";
+        QTest::newRow("interval") << "Ctrl+I"
+                                  << "REC_ORDER"
+                                  << "DateTimeRangeDialog";
+        QTest::newRow("crew") << "Ctrl+Shift+I"
+                              << "REC_ORDER"
+                              << "WorkshiftInfoDialog";
+        QTest::newRow("one more worker") << "Ctrl+Shift+W"
+                                         << "REC_ORDER"
+                                         << "AppendWorkerDialog";
+        QTest::newRow("handing over") << "Ctrl+Shift+S"
+                                      << "REC_ORDER"
+                                      << "CPopMessageBox"; // about the drafts
+        QTest::newRow("inbox") << "Ctrl+M"
+                               << "REC_ORDER"
+                               << "CommentsWidget";
+    }
+    void keysActOnTheCurrentRecord()
+    {
+        QFETCH(QString, keys);
+        QFETCH(QString, record);
+        QFETCH(QString, shown);
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        desk.select(record.toLatin1());
+        const auto isShown = [&shown] {
+            for (const QWidget* widget : QApplication::allWidgets())
+                if (widget->isVisible() && widget->inherits(shown.toLatin1()))
+                    return true;
+            return false;
+        };
+        QVERIFY(!isShown());
+        pressKeys(desk, keys);
+        QVERIFY(isShown());
+    }
+
+    void keysApproveCopyAndPasteWhereTheMenuWould()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        desk.select("REC_DRAFT_IVANOV");
+        entry(desk, QStringLiteral("Копировать запись")); // the menu leaves it disabled for a draft
+        pressKeys(desk, QStringLiteral("Ctrl+Shift+A"));
+        QVERIFY(state(store).startsWith(QLatin1Char('0')));
+        pressKeys(desk, QStringLiteral("Ctrl+Shift+B")); // his own record
+        QCOMPARE(store
+                     .value(QStringLiteral("SELECT VisaWorkerKey FROM LogbookRecords WHERE KeyLink = "
+                                           "'REC_DRAFT_IVANOV'"))
+                     .toString(),
+                 QString());
+        QGuiApplication::clipboard()->clear();
+        desk.select("REC_SUCCESSOR");
+        pressKeys(desk, QStringLiteral("Ctrl+Shift+C"));
+        QCOMPARE(QGuiApplication::clipboard()->mimeData()->data(QStringLiteral("logbook_record")),
+                 QByteArray("LogbookRecords;REC_SUCCESSOR"));
+        const auto count = [&store] {
+            return store.value(QStringLiteral("SELECT count(*) FROM LogbookRecords")).toInt();
+        };
+        const int before = count();
+        pressKeys(desk, QStringLiteral("Ctrl+Shift+V"));
+        QCOMPARE(count(), before + 1);
+        desk.select("REC_SUCCESSOR");
+        pressKeys(desk, QStringLiteral("Ctrl+Shift+O"));
+        QCOMPARE(Row(desk.home().currentRecord()).key(), QByteArray("REC_REPLACED"));
+    }
+
+    void noTwoActionsOfTheWindowShareAKey()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        QStringList keys;
+        for (const QShortcut* one : desk.window().findChildren<QShortcut*>())
+            if (one->parentWidget()->window() == &desk.window() && one->context() != Qt::WidgetShortcut)
+                keys << one->key().toString();
+        for (const QToolButton* one : desk.window().findChildren<QToolButton*>())
+            if (!one->shortcut().isEmpty() && one->isEnabled())
+                keys << one->shortcut().toString();
+        for (const QAction* one : desk.child<QToolBar>("toolBar")->findChildren<QAction*>())
+            if (!one->shortcut().isEmpty())
+                keys << one->shortcut().toString();
+        QVERIFY(keys.size() > 15);
+        keys.removeOne(QStringLiteral("Ctrl+N")); // the refusal takes it while the button is disabled
+        QCOMPARE(keys.removeDuplicates(), 0);
     }
 
     void whereNothingCanBeWrittenTheKeySaysWhy_data()

@@ -3,6 +3,7 @@
 #include "ExpectedWarning.h"
 #include "HostBench.h"
 #include "PasswordDialog.h"
+#include "SettingsWindow.h"
 #include "SignIn.h"
 #include "SignInDialog.h"
 #include "StoreDialog.h"
@@ -17,6 +18,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QSet>
 #include <QTabBar>
@@ -174,7 +176,8 @@ private slots:
     void windowsCanBeUsedWithoutMouseAndSight_data()
     {
         QTest::addColumn<QString>("module");
-        for (const char* module : {"logbook", "template", "converter", "unfinished", "archive"})
+        for (const char* module :
+             {"logbook", "template", "converter", "unfinished", "archive", "history", "past"})
             QTest::newRow(module) << QString::fromLatin1(module);
     }
     void windowsCanBeUsedWithoutMouseAndSight()
@@ -203,6 +206,29 @@ private slots:
         }
         if (module == QLatin1String("logbook"))
             QVERIFY2(dialogs >= 12, qPrintable(QString::number(dialogs)));
+        for (const QString& fault : qAsConst(found))
+            qWarning("%s", qPrintable(fault));
+        QCOMPARE(found.size(), 0);
+    }
+
+    void settingsCanBeChangedWithoutMouseAndSight()
+    {
+        Options options;
+        options.store = m_bench->url();
+        options.user = QStringLiteral("ozerov");
+        options.department = QStringLiteral("ЦДС");
+        m_host = std::make_unique<Workstation>();
+        QVERIFY2(m_host->enter(options), qPrintable(m_host->errorText()));
+        CVrkCliMod* journal = m_host->startModule(QStringLiteral("logbook"));
+        m_host->showSettings(journal);
+        auto* settings = journal->findChild<SettingsWindow*>();
+        auto* pages = settings->findChild<QListWidget*>(QStringLiteral("pageList"));
+        QStringList found;
+        for (int i = 0; i < pages->count(); ++i) {
+            pages->setCurrentRow(i);
+            for (const QString& fault : faults(settings))
+                found << pages->item(i)->text() + QStringLiteral(": ") + fault;
+        }
         for (const QString& fault : qAsConst(found))
             qWarning("%s", qPrintable(fault));
         QCOMPARE(found.size(), 0);

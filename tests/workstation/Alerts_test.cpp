@@ -3,8 +3,10 @@
 #include "CVrkCliApp.h"
 #include "CVrkCliMod.h"
 #include "HostBench.h"
+#include "NoticeSound.h"
 #include "StatusLine.h"
 #include "Tray.h"
+#include "UserSettings.h"
 #include "Workstation.h"
 
 #include <QDialog>
@@ -27,6 +29,19 @@ public:
 
 private:
     QStringList* m_told;
+};
+} // namespace
+
+namespace
+{
+/// Settings of their own for the life of the object.
+struct SettingsFolder {
+    SettingsFolder()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("vrk-test"));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    }
+    QTemporaryDir folder{testFolderTemplate()};
 };
 } // namespace
 
@@ -141,6 +156,124 @@ private slots:
         module.reset();
         QCOMPARE(reported.last(), QStringLiteral("-"));
         emit tray->clicked();
+    }
+
+    void onlyWantedKindsAlert_data()
+    {
+        QTest::addColumn<QByteArray>("setting");
+        QTest::addColumn<int>("kind");
+        QTest::newRow("shift") << QByteArray(Setting::noticeShift) << int(CVrkCliMod::Attention::Shift);
+        QTest::newRow("comment") << QByteArray(Setting::noticeComments)
+                                 << int(CVrkCliMod::Attention::Comment);
+        QTest::newRow("record") << QByteArray(Setting::noticeRecords) << int(CVrkCliMod::Attention::Record);
+        QTest::newRow("message") << QByteArray(Setting::noticeFailures)
+                                 << int(CVrkCliMod::Attention::Message);
+    }
+    void onlyWantedKindsAlert()
+    {
+        QFETCH(QByteArray, setting);
+        QFETCH(int, kind);
+        const SettingsFolder folder;
+        Desk desk;
+        UserSettings settings;
+        desk.alerts->setSettings(&settings);
+        desk.activate(&desk.other);
+        for (bool isWanted : {true, false}) {
+            for (const char* name : {Setting::noticeShift, Setting::noticeComments, Setting::noticeRecords,
+                                     Setting::noticeFailures})
+                settings.setValue(name, (setting == name) == isWanted);
+            desk.module.CallAttention(QStringLiteral("Запись."), CVrkCliMod::Attention(kind));
+            QCOMPARE(desk.blinked.size(), 1);
+        }
+    }
+
+    void aSoundIsPlayedIfWanted()
+    {
+        const SettingsFolder folder;
+        Desk desk;
+        UserSettings settings;
+        int played = 0;
+        desk.alerts->setSettings(&settings);
+        desk.alerts->setSound([&played] { ++played; });
+        desk.activate(&desk.other);
+        desk.module.CallAttention(QStringLiteral("Первая."));
+        QCOMPARE(played, 0);
+        settings.setValue(Setting::noticeSound, true);
+        desk.module.CallAttention(QStringLiteral("Вторая."));
+        QCOMPARE(played, 1);
+    }
+
+    void quietHoursLeaveOnlyTheBlinking_data()
+    {
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<QTime>("now");
+        QTest::addColumn<bool>("isQuiet");
+        const QString late = QStringLiteral("22:00");
+        const QString early = QStringLiteral("07:00");
+        QTest::newRow("begins") << late << early << QTime(22, 0) << true;
+        QTest::newRow("before it") << late << early << QTime(21, 59, 59) << false;
+        QTest::newRow("after midnight") << late << early << QTime(3, 0) << true;
+        QTest::newRow("ends") << late << early << QTime(7, 0) << false;
+        QTest::newRow("in the day") << early << late << QTime(12, 0) << true;
+        QTest::newRow("at night") << early << late << QTime(3, 0) << false;
+        QTest::newRow("the whole day") << early << early << QTime(15, 0) << true;
+    }
+    void quietHoursLeaveOnlyTheBlinking()
+    {
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QFETCH(QTime, now);
+        QFETCH(bool, isQuiet);
+        const SettingsFolder folder;
+        Desk desk;
+        UserSettings settings;
+        int played = 0;
+        settings.setValue(Setting::noticeSound, true);
+        settings.setValue(Setting::quietHours, true);
+        settings.setValue(Setting::quietFrom, from);
+        settings.setValue(Setting::quietTo, to);
+        desk.alerts->setSettings(&settings);
+        desk.alerts->setSound([&played] { ++played; });
+        desk.alerts->setClock([now] { return QDateTime(QDate(2026, 11, 23), now); });
+        desk.activate(&desk.other);
+        desk.module.CallAttention(QStringLiteral("Сдайте смену."), CVrkCliMod::Attention::Shift);
+        QCOMPARE(desk.blinked.size(), 1);
+        QCOMPARE(desk.reported.size(), isQuiet ? 0 : 1);
+        QCOMPARE(played, isQuiet ? 0 : 1);
+    }
+
+    void aStormOfRecordsIsOneNotice()
+    {
+        Desk desk;
+        QDateTime now(QDate(2026, 11, 23), QTime(12, 0));
+        desk.alerts->setClock([&now] { return now; });
+        desk.activate(&desk.other);
+        for (int i = 0; i < 50; ++i)
+            desk.module.CallAttention(QStringLiteral("Запись."), CVrkCliMod::Attention::Record);
+        QCOMPARE(desk.reported.size(), 1);
+        now = now.addSecs(11);
+        desk.module.CallAttention(QStringLiteral("Запись."), CVrkCliMod::Attention::Record);
+        QCOMPARE(desk.reported.size(), 2);
+    }
+
+    void aFoundPlayerGetsTheSound()
+    {
+        const QTemporaryDir folder(testFolderTemplate());
+        const QString heard = folder.filePath(QStringLiteral("heard"));
+        QFile player(folder.filePath(QStringLiteral("paplay")));
+        QVERIFY(player.open(QIODevice::WriteOnly));
+        player.write("#!/bin/sh\ncp \"$1\" " + heard.toLocal8Bit() + ".part && mv " + heard.toLocal8Bit() +
+                     ".part " + heard.toLocal8Bit() + "\n");
+        player.close();
+        player.setPermissions(QFile::Permissions(0x7777));
+        QVERIFY(NoticeSound({folder.path()}).play());
+        QTRY_VERIFY(QFile::exists(heard));
+        QFile file(heard);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), NoticeSound::wave());
+        QVERIFY(NoticeSound::wave().startsWith("RIFF"));
+        QVERIFY(!NoticeSound({folder.filePath(QStringLiteral("none"))}).play());
     }
 
     /// Through the real journal: a colleague's comment is counted in the status line, and a click there

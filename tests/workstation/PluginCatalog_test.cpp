@@ -7,6 +7,7 @@
 #include "Workstation.h"
 
 #include <QDir>
+#include <QMenu>
 #include <QProcess>
 #include <QTableView>
 #include <QTest>
@@ -40,10 +41,13 @@ private slots:
     void theBuiltOnesAreFound()
     {
         const PluginCatalog built;
-        QCOMPARE(names(built),
-                 QStringLiteral("logbook template converter unfinished archive").split(QLatin1Char(' ')));
+        QCOMPARE(names(built), QStringLiteral("logbook template converter unfinished archive history past")
+                                   .split(QLatin1Char(' ')));
         QCOMPARE(built.module(QStringLiteral("ARCHIVE"))->title, QStringLiteral("Поиск по архиву"));
         QCOMPARE(built.module(QStringLiteral("converter"))->right, QStringLiteral("ADMINISTRATOR"));
+        QCOMPARE(built.recordModules().size(), 1);
+        QCOMPARE(built.recordModules().constFirst().name, QStringLiteral("history"));
+        QCOMPARE(QKeySequence(built.recordModules().constFirst().key), QKeySequence(Qt::CTRL | Qt::Key_H));
         for (const PluginCatalog::Module& module : built.modules())
             QVERIFY2(QFileInfo(module.library).isAbsolute() && QFile::exists(module.library),
                      qPrintable(module.library));
@@ -97,7 +101,7 @@ private slots:
         QVERIFY(program.waitForFinished(60000));
         QCOMPARE(program.exitCode(), 0);
         const QString reported = QString::fromUtf8(program.readAllStandardOutput());
-        QCOMPARE(reported.count(QLatin1Char('\n')), 5);
+        QCOMPARE(reported.count(QLatin1Char('\n')), 7);
         QVERIFY(reported.contains(
             QRegularExpression(QStringLiteral("unfinished +Незавершённое: .*libVrkArchive\\.so\\.1"))));
     }
@@ -117,6 +121,32 @@ private slots:
             QCOMPARE(program.exitCode(), 0);
             QVERIFY(!program.readAllStandardOutput().isEmpty());
         }
+    }
+
+    void theMenuOfARecordEndsWithItsHistory()
+    {
+        HostBench bench;
+        Options options;
+        options.store = bench.url(QStringLiteral("menu.sqlite"));
+        options.user = QStringLiteral("ozerov");
+        options.department = QStringLiteral("ЦДС");
+        QCOMPARE(HostBench::admin({QStringLiteral("demo"), options.store}), QString());
+        Workstation host;
+        QVERIFY2(host.enter(options), qPrintable(host.errorText()));
+        CVrkCliMod* journal = host.startModule(QStringLiteral("logbook"));
+        QVERIFY(journal);
+        auto* menu = journal->findChild<QMenu*>(QStringLiteral("recordMenu"));
+        QVERIFY(menu);
+        // The journal's own entries keep their places.
+        QCOMPARE(menu->actions().size(), 11);
+        QCOMPARE(menu->actions().at(8)->text(), QStringLiteral("Вставить запись"));
+        QVERIFY(menu->actions().at(9)->isSeparator());
+        QCOMPARE(menu->actions().at(10)->text(), QStringLiteral("История записи"));
+        menu->actions().at(10)->trigger();
+        CVrkCliMod* history = host.module(QStringLiteral("history"));
+        QVERIFY(history);
+        auto* changes = history->findChild<QTableView*>(QStringLiteral("changeTable"));
+        QVERIFY(changes->model()->rowCount() > 0);
     }
 
     void aHitLeadsIntoTheJournalThatWasNotOpen()

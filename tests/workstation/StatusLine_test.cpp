@@ -369,8 +369,8 @@ void StatusLine_test::anotherHistoryIsAFailure()
 {
     emit m_app->session()->historyChanged();
     QVERIFY(text("messageLabel")
-                .endsWith(QStringLiteral(
-                    "Хранилище восстановлено из копии: закройте программу и откройте её снова.")));
+                .endsWith(
+                    QStringLiteral("История хранилища сменилась: закройте программу и откройте её снова.")));
 }
 
 void StatusLine_test::theClockShowsTheServersTime()

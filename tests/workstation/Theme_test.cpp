@@ -1,6 +1,7 @@
 #include "Theme.h"
 
 #include "../support/TestFolder.h"
+#include "Contrast.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -28,12 +29,16 @@ private slots:
     void lightAndDarkColourTheWholeApplication();
     void aSwitchReachesWidgetsWithStyleSheets();
     void systemLeavesTheColours();
+    void systemGivesTheColoursOfTheDesktopBack();
+    void textsOfAllThemesAreLegible_data();
+    void textsOfAllThemesAreLegible();
     void dimTextsAreLegible_data();
     void dimTextsAreLegible();
     void tabsCanBeSeenToClose_data();
     void tabsCanBeSeenToClose();
     void theToggleRemembersTheChoice();
     void nothingIsRememberedAtFirst();
+    void aDamagedChoiceIsNotTaken();
 
 private:
     static int lightness(QPalette::ColorRole role, QPalette::ColorGroup group = QPalette::Active)
@@ -97,6 +102,58 @@ void Theme_test::systemLeavesTheColours()
     QCOMPARE(Theme::current(), QStringLiteral("system"));
 }
 
+void Theme_test::systemGivesTheColoursOfTheDesktopBack()
+{
+    QVERIFY(Theme::apply(QStringLiteral("system")));
+    const QPalette desktop = QApplication::palette();
+    const QString style = QApplication::style()->objectName();
+    for (const char* other : {"dark", "contrast"}) {
+        QVERIFY(Theme::apply(QLatin1String(other)));
+        QVERIFY(QApplication::palette() != desktop);
+        QVERIFY(Theme::apply(QStringLiteral("system")));
+        QCOMPARE(QApplication::palette(), desktop);
+        QCOMPARE(QApplication::style()->objectName(), style);
+    }
+}
+
+void Theme_test::textsOfAllThemesAreLegible_data()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::addColumn<double>("least");
+    for (const QString& name : Theme::names()) {
+        const bool isHigh = name == QLatin1String("contrast");
+        QTest::newRow(qPrintable(name)) << name << (isHigh ? 7.0 : Contrast::forTexts);
+    }
+}
+
+void Theme_test::textsOfAllThemesAreLegible()
+{
+    QFETCH(QString, theme);
+    QFETCH(double, least);
+    QVERIFY(Theme::apply(theme));
+    const QPalette palette = QApplication::palette();
+    const QVector<QPair<QPalette::ColorRole, QPalette::ColorRole>> pairs = {
+        {QPalette::WindowText, QPalette::Window},         {QPalette::Text, QPalette::Base},
+        {QPalette::Text, QPalette::AlternateBase},        {QPalette::ButtonText, QPalette::Button},
+        {QPalette::PlaceholderText, QPalette::Base},      {QPalette::PlaceholderText, QPalette::Window},
+        {QPalette::ToolTipText, QPalette::ToolTipBase},   {QPalette::Link, QPalette::Base},
+        {QPalette::HighlightedText, QPalette::Highlight},
+    };
+    for (const auto& pair : pairs) {
+        for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            const bool isOfUse = group != QPalette::Disabled || pair.first != QPalette::Link;
+            const double found =
+                Contrast::between(palette.color(group, pair.first), palette.color(group, pair.second));
+            const double wanted = group == QPalette::Disabled ? Contrast::forTexts : least;
+            QVERIFY2(!isOfUse || found >= wanted, qPrintable(QStringLiteral("%1 on %2 in %3: %4")
+                                                                 .arg(pair.first)
+                                                                 .arg(pair.second)
+                                                                 .arg(group)
+                                                                 .arg(found)));
+        }
+    }
+}
+
 void Theme_test::dimTextsAreLegible_data()
 {
     QTest::addColumn<QString>("theme");
@@ -152,6 +209,12 @@ void Theme_test::theToggleRemembersTheChoice()
 
 void Theme_test::nothingIsRememberedAtFirst()
 {
+    QCOMPARE(Theme::remembered(), QStringLiteral("system"));
+}
+
+void Theme_test::aDamagedChoiceIsNotTaken()
+{
+    QSettings().setValue(QStringLiteral("theme"), QStringLiteral("pink"));
     QCOMPARE(Theme::remembered(), QStringLiteral("system"));
 }
 

@@ -117,6 +117,8 @@ private slots:
         QTest::newRow("converter") << "converter" << QStringLiteral("Конвертер шаблонов и параметров ОЖ");
         QTest::newRow("unfinished") << "unfinished" << QStringLiteral("Незавершённое");
         QTest::newRow("archive") << "archive" << QStringLiteral("Поиск по архиву");
+        QTest::newRow("history") << "history" << QStringLiteral("История записи");
+        QTest::newRow("past") << "past" << QStringLiteral("Журнал на момент");
     }
     void everyModuleIsThere()
     {

@@ -289,7 +289,8 @@ void Workstation_users_test::theMenuOffersWhatTheRightsAllow_data()
     QTest::addColumn<QString>("user");
     QTest::addColumn<QStringList>("offered");
     const QStringList first{QStringLiteral("logbookAction"), QStringLiteral("templateAction")};
-    const QStringList last{QStringLiteral("unfinishedAction"), QStringLiteral("archiveAction")};
+    const QStringList last{QStringLiteral("unfinishedAction"), QStringLiteral("archiveAction"),
+                           QStringLiteral("pastAction")};
     const QStringList usual = first + last;
     QTest::newRow("administrator") << QStringLiteral("admin")
                                    << first + QStringList{QStringLiteral("converterAction")} + last;
@@ -307,11 +308,13 @@ void Workstation_users_test::theMenuOffersWhatTheRightsAllow()
     QVERIFY(menu);
     QStringList names;
     for (const QAction* action : menu->actions()) {
-        if (!action->isSeparator() && action != menu->changeUserAction() && action != menu->ownViewAction())
+        if (!action->isSeparator() && action != menu->changeUserAction() && action != menu->ownViewAction() &&
+            action != menu->settingsAction())
             names << action->objectName();
     }
     QCOMPARE(names, offered);
     QVERIFY(menu->actions().contains(menu->ownViewAction()));
+    QVERIFY(menu->actions().contains(menu->settingsAction()));
     QCOMPARE(menu->actions().constLast(), menu->changeUserAction());
     QVERIFY(menu->changeUserAction()->isEnabled());
 }
@@ -321,9 +324,10 @@ void Workstation_users_test::modulesWorkSideBySideOnOneSession()
     CVrkCliMod* journal = started(QStringLiteral("admin"));
     QVERIFY(journal);
     auto* menu = journal->findChild<ModuleMenu*>();
-    for (const char* name : {"template", "converter", "unfinished", "archive"})
+    for (const char* name : {"template", "converter", "unfinished", "archive", "past"})
         menu->findChild<QAction*>(QLatin1String(name) + QStringLiteral("Action"))->trigger();
     QVector<CVrkCliMod*> windows;
+    m_host->startModule(QStringLiteral("history"));
     for (const PluginCatalog::Module& entry : m_host->catalog().modules()) {
         CVrkCliMod* window = m_host->module(entry.name);
         QVERIFY2(window && window->isVisible(), qPrintable(entry.name));

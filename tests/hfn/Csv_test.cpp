@@ -19,6 +19,7 @@ private slots:
     void aSpreadsheetOpensWhatIsWritten();
     void writtenTablesReadBackUnchanged();
     void commasInTheFirstRowStayInTheirCell();
+    void formulasBecomeTexts();
 
 private:
     static QVector<Csv::Row> rows(const QByteArray& bytes)
@@ -126,6 +127,15 @@ void Csv_test::commasInTheFirstRowStayInTheirCell()
 {
     const QStringList row{QStringLiteral("a, b, c"), QStringLiteral("d\te\tf")};
     QCOMPARE(rows(Csv::write({row})).value(0).cells, row);
+}
+
+void Csv_test::formulasBecomeTexts()
+{
+    for (const char* formula : {"=1+1", "+7", "-5", "@SUM(A1)", "\t=1", "\r=1", "\n=1"})
+        QCOMPARE(Csv::harmless(QString::fromLatin1(formula)),
+                 QLatin1Char('\'') + QString::fromLatin1(formula));
+    for (const char* text : {"", "ЦДС", "1-2", "a=b", " =1"})
+        QCOMPARE(Csv::harmless(QString::fromUtf8(text)), QString::fromUtf8(text));
 }
 
 QTEST_GUILESS_MAIN(Csv_test)

@@ -1,0 +1,371 @@
+#include "CVrkCliMod.h"
+#include "GuideText.h"
+#include "HostBench.h"
+#include "Workstation.h"
+
+#include <QAction>
+#include <QDirIterator>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QShortcut>
+#include <QTabBar>
+#include <QTableView>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+
+/// docs/user-guide.ru.md compared with the program: its windows, keys and icons, and the steps of a shift, which are
+/// carried out as they are written.
+class UserGuide_test : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyWindowHasASection();
+    void everyLinkAndPictureLeadsSomewhere();
+    void everyKeyOfTheProgramIsInTheGuide();
+    void everyKeyOfTheGuideIsOneOfTheProgram();
+    void buttonsHaveTheIconsOfTheGuide();
+    void markersHaveTheNamesOfTheProgram();
+    void theStepsOfAShiftCanBeCarriedOut();
+
+private:
+    using Rows = QVector<QPair<QString, QString>>;
+
+    static QString guide();
+    /// The rows of the table below the heading \a title.
+    static Rows table(const QString& title);
+    static QSet<QString> keysOfTheGuide();
+    static CVrkCliMod* journalOf(Workstation& host, const HostBench& bench);
+    /// The keys of the window's shortcuts, buttons and entries, as the guide writes them.
+    static QSet<QString> keysOf(const CVrkCliMod* journal);
+
+    static void carryOut(const QString& step, const QString& where);
+    static QWidget* front();
+    static bool isVisible(const QString& text);
+    static void choose(const QString& record);
+    static QAbstractButton* button(const QString& text);
+};
+
+QString UserGuide_test::guide()
+{
+    QFile file(QFINDTESTDATA("../../docs/user-guide.ru.md"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+UserGuide_test::Rows UserGuide_test::table(const QString& title)
+{
+    static const QRegularExpression row(QStringLiteral("^\\| (.*?) \\| (.*?) \\|$"));
+    Rows rows;
+    bool isInside = false;
+    for (const QString& line : guide().split(QLatin1Char('\n'))) {
+        if (line.startsWith(QLatin1Char('#')))
+            isInside = line.endsWith(QLatin1Char(' ') + title);
+        const QRegularExpressionMatch match = row.match(line);
+        if (isInside && match.hasMatch())
+            rows.append({match.captured(1), match.captured(2)});
+    }
+    rows.removeFirst(); // the head
+    return rows;
+}
+
+QSet<QString> UserGuide_test::keysOfTheGuide()
+{
+    QSet<QString> keys;
+    for (const char* title : {"В любом окне", "В журнале"})
+        for (const auto& [key, text] : table(QString::fromUtf8(title)))
+            keys.insert(key);
+    return keys;
+}
+
+CVrkCliMod* UserGuide_test::journalOf(Workstation& host, const HostBench& bench)
+{
+    Options options;
+    options.store = bench.url();
+    options.user = QStringLiteral("ozerov");
+    options.department = QStringLiteral("ЦДС");
+    if (!host.enter(options))
+        qFatal("%s", qPrintable(host.errorText()));
+    return host.startModule(QStringLiteral("logbook"));
+}
+
+QSet<QString> UserGuide_test::keysOf(const CVrkCliMod* journal)
+{
+    QSet<QString> keys;
+    const auto add = [&keys](const QKeySequence& sequence) {
+        QString key = sequence.toString(QKeySequence::PortableText);
+        key.replace(QLatin1String("Return"), QLatin1String("Enter"));
+        if (!key.isEmpty() && key != QLatin1String("Esc")) // it closes the line of the search
+            keys.insert(key);
+    };
+    for (const auto* one : journal->findChildren<QShortcut*>())
+        if (one->parentWidget()->window() == journal)
+            add(one->key());
+    for (const auto* one : journal->findChildren<QAbstractButton*>())
+        if (one->window() == journal)
+            add(one->shortcut());
+    for (const auto* one : journal->findChildren<QAction*>()) {
+        auto* owner = qobject_cast<QWidget*>(one->parent());
+        while (qobject_cast<QMenu*>(owner))
+            owner = owner->parentWidget();
+        // Entries of editors belong to the toolkit.
+        if (owner && owner->window() == journal && !qobject_cast<QLineEdit*>(owner))
+            add(one->shortcut());
+    }
+    return keys;
+}
+
+void UserGuide_test::everyWindowHasASection()
+{
+    static const QRegularExpression window(QStringLiteral(
+        "class (?:VRK_EXPORT )?(\\w+) : public (?:QDialog|CPopTemplate|CVrkCliMod|LogbookModule|"
+        "WorkshiftDialog|MarkTimeDialog)\\b"));
+    const QSet<QString> bases{QStringLiteral("CPopTemplate"), QStringLiteral("LogbookModule"),
+                              QStringLiteral("WorkshiftDialog"), QStringLiteral("MarkTimeDialog"),
+                              QStringLiteral("LogSink")};
+    QSet<QString> described;
+    const GuideText text(guide());
+    for (const GuideText::Section& section : text.sections())
+        for (const QString& name : section.windows)
+            described.insert(name);
+    int found = 0;
+    for (const char* folder : {"platform", "plugin", "archive", "workstation"}) {
+        QDirIterator headers(QFINDTESTDATA("../../README.md").section(QLatin1Char('/'), 0, -2) +
+                                 QLatin1Char('/') + QLatin1String(folder),
+                             {QStringLiteral("*.h")}, QDir::Files, QDirIterator::Subdirectories);
+        while (headers.hasNext()) {
+            QFile header(headers.next());
+            QVERIFY(header.open(QIODevice::ReadOnly));
+            QRegularExpressionMatchIterator names = window.globalMatch(QString::fromUtf8(header.readAll()));
+            while (names.hasNext()) {
+                const QString name = names.next().captured(1);
+                QVERIFY2(bases.contains(name) || described.contains(name), qPrintable(name));
+                ++found;
+            }
+        }
+    }
+    QVERIFY(found >= 25);
+}
+
+void UserGuide_test::everyLinkAndPictureLeadsSomewhere()
+{
+    const GuideText compiled;
+    static const QRegularExpression link(QStringLiteral("\\]\\(([^)]+)\\)"));
+    QRegularExpressionMatchIterator links = link.globalMatch(compiled.markdown());
+    int pictures = 0;
+    while (links.hasNext()) {
+        const QString target = links.next().captured(1);
+        if (target.startsWith(QLatin1Char('#'))) {
+            QVERIFY2(compiled.section(target.mid(1)) >= 0, qPrintable(target));
+            continue;
+        }
+        QVERIFY2(QFile::exists(QFINDTESTDATA("../../docs") + QLatin1Char('/') + target), qPrintable(target));
+        const bool isIcon = target.endsWith(QLatin1String(".svg"));
+        QVERIFY2(isIcon || QFile::exists(QStringLiteral(":/help/") + target), qPrintable(target));
+        ++pictures;
+    }
+    QVERIFY(pictures > 30);
+    for (const QString& title : {GuideText::firstShift(), GuideText::keys(), GuideText::news()})
+        QVERIFY2(compiled.section(title) >= 0, qPrintable(title));
+}
+
+void UserGuide_test::everyKeyOfTheProgramIsInTheGuide()
+{
+    HostBench bench;
+    Workstation host;
+    const QSet<QString> keys = keysOf(journalOf(host, bench));
+    QVERIFY(keys.size() >= 25);
+    const QSet<QString> missing = keys - keysOfTheGuide();
+    QVERIFY2(missing.isEmpty(), qPrintable(QStringList(missing.values()).join(QStringLiteral(", "))));
+}
+
+void UserGuide_test::everyKeyOfTheGuideIsOneOfTheProgram()
+{
+    HostBench bench;
+    Workstation host;
+    QSet<QString> unknown = keysOfTheGuide() - keysOf(journalOf(host, bench));
+    // Handled by the page and the table themselves; their tests press them.
+    unknown -= {QStringLiteral("Del"), QStringLiteral("Home"), QStringLiteral("Ctrl+C")};
+    QVERIFY2(unknown.isEmpty(), qPrintable(QStringList(unknown.values()).join(QStringLiteral(", "))));
+}
+
+void UserGuide_test::buttonsHaveTheIconsOfTheGuide()
+{
+    HostBench bench;
+    Workstation host;
+    const CVrkCliMod* journal = journalOf(host, bench);
+    const Rows rows = table(QStringLiteral("Кнопки"));
+    static const QRegularExpression drawing(QStringLiteral("/(icons|markers)/(\\w+)\\.svg"));
+    int found = 0;
+    for (const auto* one :
+         journal->findChild<QToolBar*>(QStringLiteral("toolBar"))->findChildren<QToolButton*>()) {
+        if (one->toolTip().isEmpty())
+            continue;
+        const auto row = std::find_if(rows.begin(), rows.end(), [one](const auto& line) {
+            return one->toolTip() == line.second ||
+                   one->toolTip().startsWith(line.second + QLatin1String(" ("));
+        });
+        QVERIFY2(row != rows.end(), qPrintable(one->toolTip()));
+        const QRegularExpressionMatch path = drawing.match(row->first);
+        const QIcon expected(QStringLiteral(":/%1/%2.png").arg(path.captured(1), path.captured(2)));
+        QVERIFY(!expected.pixmap(24).isNull());
+        QCOMPARE(one->icon().pixmap(24).toImage(), expected.pixmap(24).toImage());
+        ++found;
+    }
+    QCOMPARE(found, rows.size() - 1); // the button of another department is next to the tabs
+}
+
+void UserGuide_test::markersHaveTheNamesOfTheProgram()
+{
+    QFile header(QFINDTESTDATA("../../plugin/base/TemplateMarkers.h"));
+    QVERIFY(header.open(QIODevice::ReadOnly));
+    static const QRegularExpression marker(
+        QStringLiteral("\"TemplateMarkers\", \"([^\"]+)\"\\),\\s*\":/markers/(\\w+)\\.png\""));
+    QRegularExpressionMatchIterator markers = marker.globalMatch(QString::fromUtf8(header.readAll()));
+    Rows known;
+    while (markers.hasNext()) {
+        const QRegularExpressionMatch one = markers.next();
+        known.append({QStringLiteral("![](../plugin/resources/svg/markers/%1.svg)").arg(one.captured(2)),
+                      one.captured(1)});
+    }
+    Rows named = table(QStringLiteral("Маркеры"));
+    QVERIFY(known.size() >= 7);
+    std::sort(known.begin(), known.end());
+    std::sort(named.begin(), named.end());
+    QCOMPARE(named, known);
+}
+
+/// \name The steps of "Смена за десять минут"
+/// Numbered lines, in which **a key** is pressed, `a text` is typed, «a name» must be visible then. "Выберите запись"
+/// makes the row with the name current; "Нажмите" and "Ответьте" press the button with the name.
+/// @{
+QWidget* UserGuide_test::front()
+{
+    if (QWidget* popup = QApplication::activePopupWidget())
+        return popup;
+    if (QWidget* window = QApplication::activeWindow())
+        return window;
+    for (QWidget* widget : QApplication::topLevelWidgets()) // a window manager would do this
+        if (widget->isVisible() && widget->inherits("CVrkCliMod"))
+            QApplication::setActiveWindow(widget);
+    return QApplication::activeWindow();
+}
+
+bool UserGuide_test::isVisible(const QString& text)
+{
+    for (const QWidget* widget : QApplication::allWidgets()) {
+        if (!widget->isVisible())
+            continue;
+        QStringList words{widget->windowTitle(), widget->toolTip(), widget->property("text").toString(),
+                          widget->property("title").toString(),
+                          widget->property("placeholderText").toString()};
+        if (const auto* view = qobject_cast<const QAbstractItemView*>(widget); view && view->model()) {
+            for (int row = 0; row < view->model()->rowCount(); ++row)
+                for (int column = 0; column < view->model()->columnCount(); ++column)
+                    for (int role : {int(Qt::DisplayRole), int(Qt::AccessibleTextRole), int(Qt::UserRole)})
+                        words << view->model()->index(row, column).data(role).toString();
+        }
+        for (QString word : qAsConst(words))
+            if (word.remove(QLatin1Char('&')).contains(text, Qt::CaseInsensitive))
+                return true;
+    }
+    return false;
+}
+
+void UserGuide_test::choose(const QString& record)
+{
+    auto* view = front()->findChild<QTableView*>(QStringLiteral("recordsTable"));
+    for (int row = view->model()->rowCount() - 1; row >= 0; --row) {
+        for (int column = 0; column < view->model()->columnCount(); ++column) {
+            const QModelIndex index = view->model()->index(row, column);
+            if (index.data().toString().contains(record)) {
+                view->setCurrentIndex(index);
+                view->setFocus();
+                return;
+            }
+        }
+    }
+    QFAIL(qPrintable(record));
+}
+
+QAbstractButton* UserGuide_test::button(const QString& text)
+{
+    for (QWidget* widget : QApplication::allWidgets()) {
+        auto* one = qobject_cast<QAbstractButton*>(widget);
+        if (one && one->isVisible() && one->isEnabled() &&
+            (one->text().remove(QLatin1Char('&')) == text || one->toolTip() == text))
+            return one;
+    }
+    return nullptr;
+}
+
+void UserGuide_test::carryOut(const QString& step, const QString& where)
+{
+    static const QRegularExpression part(QStringLiteral(
+        "(Выберите запись|Нажмите|Ответьте|нажмите) «([^»]+)»|\\*\\*([^*]+)\\*\\*|`([^`]+)`|«([^»]+)»"));
+    QRegularExpressionMatchIterator parts = part.globalMatch(step);
+    while (parts.hasNext()) {
+        const QRegularExpressionMatch one = parts.next();
+        const QString seen = one.captured(1).isEmpty() ? one.captured(5) : one.captured(2);
+        const QByteArray fault = (where + QStringLiteral(": ") + one.captured(0)).toUtf8();
+        if (!seen.isEmpty() && one.captured(1) != QStringLiteral("Выберите запись"))
+            QTRY_VERIFY2(isVisible(seen), fault);
+        QWidget* window = front();
+        QVERIFY2(window, fault);
+        QWidget* receiver = window->focusWidget() ? window->focusWidget() : window;
+        if (one.captured(1) == QStringLiteral("Выберите запись")) {
+            choose(seen);
+        } else if (!one.captured(1).isEmpty()) {
+            QTRY_VERIFY2(button(seen), fault);
+            button(seen)->click();
+        } else if (!one.captured(3).isEmpty()) {
+            QString key = one.captured(3);
+            QTest::keySequence(receiver,
+                               QKeySequence(key.replace(QLatin1String("Enter"), QLatin1String("Return"))));
+        } else if (!one.captured(4).isEmpty()) {
+            for (const QChar character : one.captured(4)) {
+                QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
+                QCoreApplication::sendEvent(receiver, &press);
+            }
+        }
+        QCoreApplication::processEvents();
+    }
+}
+
+void UserGuide_test::theStepsOfAShiftCanBeCarriedOut()
+{
+    HostBench bench;
+    Workstation host;
+    CVrkCliMod* journal = journalOf(host, bench);
+    journal->resize(1600, 900); // a small one has no space for the comments
+    QVERIFY(QTest::qWaitForWindowActive(journal));
+    static const QRegularExpression step(QStringLiteral("^\\d+\\. (.*)$"));
+    QString heading;
+    QStringList steps;
+    bool isInside = false;
+    for (const QString& line : guide().split(QLatin1Char('\n'))) {
+        if (line.startsWith(QLatin1String("## ")))
+            isInside = line == QLatin1String("## ") + GuideText::firstShift();
+        if (line.startsWith(QLatin1String("### ")))
+            heading = line.mid(4);
+        if (!isInside)
+            continue;
+        const QRegularExpressionMatch match = step.match(line);
+        if (match.hasMatch())
+            steps << heading + QLatin1Char('\t') + match.captured(1);
+        else if (line.startsWith(QLatin1String("   ")))
+            steps.last() += QLatin1Char(' ') + line.trimmed();
+    }
+    QVERIFY(steps.size() >= 20);
+    for (const QString& one : qAsConst(steps)) {
+        carryOut(one.section(QLatin1Char('\t'), 1), one.section(QLatin1Char('\t'), 0, 0));
+        if (QTest::currentTestFailed())
+            return;
+    }
+}
+/// @}
+
+QTEST_MAIN(UserGuide_test)
+#include "UserGuide_test.moc"
