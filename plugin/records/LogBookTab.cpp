@@ -20,7 +20,7 @@
 #include "VrkTableTool.h"
 
 #include <QAction>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QShortcut>
 
 LogBookTab::LogBookTab(QWidget* parent)
@@ -51,7 +51,7 @@ LogBookTab::LogBookTab(QWidget* parent)
 
 LogBookTab::~LogBookTab() = default;
 
-/// Keys that press a button of a pane, which is shown first.
+/// Keys that press a button of a pane, which is shown first, and those of the table.
 void LogBookTab::configureKeys()
 {
     const struct {
@@ -69,15 +69,24 @@ void LogBookTab::configureKeys()
             pressed->click();
         });
     }
-    // Deliberate: the same as a double click, so that both follow one rule.
-    for (const char* key : {"Return", "Enter", RecordKey::edit}) {
-        const auto* shortcut = new QShortcut(QKeySequence(QLatin1String(key)), m_ui->recordsTable, nullptr,
-                                             nullptr, Qt::WidgetShortcut);
-        connect(shortcut, &QShortcut::activated, m_ui->recordsTable, [table = m_ui->recordsTable] {
-            if (table->currentIndex().isValid())
-                emit table->doubleClicked(table->currentIndex());
-        });
+    m_ui->recordsTable->installEventFilter(this);
+}
+
+/// Return, Enter and F2 in the table do the same as a double click (deliberate: so that both follow one rule). They are no
+/// shortcuts, because those would also take the keys of a dialog that is shown but not active yet.
+bool LogBookTab::eventFilter(QObject* watched, QEvent* event)
+{
+    const QTableView* table = m_ui->recordsTable;
+    if (watched == table && event->type() == QEvent::KeyPress && table->currentIndex().isValid()) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const auto pressed = QKeySequence(key->key() | int(key->modifiers() & ~Qt::KeypadModifier));
+        for (const char* opening : {"Return", "Enter", RecordKey::edit})
+            if (pressed == QKeySequence(QLatin1String(opening))) {
+                emit m_ui->recordsTable->doubleClicked(table->currentIndex());
+                return true;
+            }
     }
+    return QWidget::eventFilter(watched, event);
 }
 
 void LogBookTab::configureForm()

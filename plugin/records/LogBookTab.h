@@ -61,6 +61,7 @@ public:
     void showKeptComment(const KeptTexts::Text& text);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
     LiveTable live(CModelTable& table) const;
