@@ -1,18 +1,13 @@
-#include "AdminRun.h"
+#include "EvidenceBench.h"
 #include "Forger.h"
-#include "HeadBook.h"
 #include "HistoryMemory.h"
 #include "LogAudit.h"
 #include "SqliteCheck.h"
-#include "TestStore.h"
 
-#include <memory>
 #include <QCryptographicHash>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QProcess>
 #include <QRandomGenerator>
-#include <QTest>
 
 namespace
 {
@@ -68,12 +63,12 @@ private:
 } // namespace
 
 /// Seeded attacks by the owner of a store, and honest histories. VRK_LONG=1: 1,000 of each.
-class EvidenceAttacks_test : public QObject
+class EvidenceAttacks_test : public EvidenceBench
 {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init() { reset(); }
 
     void everySeededAttackIsFound();
     void noHonestHistoryIsAccused();
@@ -81,21 +76,14 @@ private slots:
 
 private:
     static bool isLong() { return qEnvironmentVariableIsSet("VRK_LONG"); }
-    QString key() const { return m_admin->path(QStringLiteral("seal.key")); }
-    QString book() const { return key() + QStringLiteral(".heads"); }
-    int seal(const QStringList& more = {}) const
-    {
-        const int code = m_admin->call("seal", more + QStringList{QStringLiteral("--key"), key()});
-        if (code != Command::Success)
-            qWarning("%s", qPrintable(m_admin->err));
-        return code;
-    }
     QByteArray lastNote() const { return HeadBook(book()).notes().constLast(); }
     qint64 number(const char* sql) const { return m_store->value(QString::fromUtf8(sql)).toLongLong(); }
-    void write(const QString& html) const;
+    void writeText(const QString& html) const { write(html.toUtf8().constData()); }
     void save(const QString& name, const QByteArray& bytes) const;
     /// Writes, seals, replaces the key, copies or restores.
     void honestStep(const QString& copy);
+    /// The store of a former version in the place of this one, upgraded.
+    void beginInFormerVersion();
     /// What an attack of this seed runs; it changes something among the first \a known transactions.
     QString attack(qint64 known);
     qint64 below(qint64 limit) { return m_random.bounded(int(limit)); }
@@ -106,28 +94,10 @@ private:
     /// What a workstation with this memory says when it is started.
     HistoryMemory::Report look(const QString& memory) const;
     /// Exit codes of the verifier for lists of arguments.
-    static QVector<int> verify(const QVector<QStringList>& runs);
+    static QVector<int> verifyMany(const QVector<QStringList>& runs);
 
-    std::unique_ptr<TestStore> m_store;
-    std::unique_ptr<AdminRun> m_admin;
     QRandomGenerator m_random;
 };
-
-void EvidenceAttacks_test::init()
-{
-    m_store = std::make_unique<TestStore>();
-    m_admin = std::make_unique<AdminRun>();
-    m_admin->url = m_store->url();
-}
-
-void EvidenceAttacks_test::write(const QString& html) const
-{
-    StoreError error;
-    const auto store = m_store->open(QStringLiteral("ivanov"));
-    if (!TestStore::write(store.get(), "LogbookRecords", ROW_UPDATE, "REC_DRAFT_IVANOV", {{"html", html}},
-                          &error))
-        qFatal("%s", qPrintable(error.text + error.detail));
-}
 
 void EvidenceAttacks_test::save(const QString& name, const QByteArray& bytes) const
 {
@@ -162,7 +132,7 @@ HistoryMemory::Report EvidenceAttacks_test::look(const QString& memory) const
     return report;
 }
 
-QVector<int> EvidenceAttacks_test::verify(const QVector<QStringList>& runs)
+QVector<int> EvidenceAttacks_test::verifyMany(const QVector<QStringList>& runs)
 {
     QProcess python;
     python.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -279,7 +249,7 @@ void EvidenceAttacks_test::everySeededAttackIsFound()
 {
     QCOMPARE(seal({QStringLiteral("--init")}), 0);
     for (int i = 0; i < 3; ++i)
-        write(QStringLiteral("вариант %1").arg(i));
+        writeText(QStringLiteral("вариант %1").arg(i));
     QCOMPARE(seal(), 0);
     const LogHead older = SignedNote(lastNote()).head();
     save(QStringLiteral("older"), lastNote());
@@ -287,7 +257,7 @@ void EvidenceAttacks_test::everySeededAttackIsFound()
     const QByteArray seen = m_admin->bytes(QStringLiteral("seen"));
     QVERIFY(!seen.isEmpty());
     for (int i = 3; i < 6; ++i)
-        write(QStringLiteral("вариант %1").arg(i));
+        writeText(QStringLiteral("вариант %1").arg(i));
     QCOMPARE(seal(), 0);
     const StoreCopy copy(*m_store);
 
@@ -308,7 +278,7 @@ void EvidenceAttacks_test::everySeededAttackIsFound()
         if (isFork)
             for (qint64 end = number("SELECT max(number) FROM ChangeTransactions"); end <= older.size + 3;
                  ++end)
-                write(QStringLiteral("другая история %1").arg(end));
+                writeText(QStringLiteral("другая история %1").arg(end));
         if (power > 1)
             QCOMPARE(m_store->exec(QStringLiteral("DELETE FROM LogHeads")), QString());
         if (power > 2) {
@@ -330,10 +300,22 @@ void EvidenceAttacks_test::everySeededAttackIsFound()
         }
     }
     QVERIFY(runs.size() > attacks / 3); // the others have no head to export with
-    const QVector<int> codes = verify(runs);
+    const QVector<int> codes = verifyMany(runs);
     QCOMPARE(codes.size(), runs.size());
     for (int i = 0; i < codes.size(); ++i)
         QVERIFY2(codes[i] == 1, qPrintable(QStringLiteral("seed %1: %2").arg(seeds[i]).arg(codes[i])));
+}
+
+void EvidenceAttacks_test::beginInFormerVersion()
+{
+    for (const char* end : {"", "-wal", "-shm"})
+        QFile::remove(m_store->path() + QLatin1String(end));
+    QProcess sqlite;
+    sqlite.setStandardInputFile(QFINDTESTDATA("../store/former") +
+                                QStringLiteral("/version-%1.sqlite.sql").arg(m_random.bounded(5) + 1));
+    sqlite.start(QStringLiteral("sqlite3"), {m_store->path()});
+    QVERIFY(sqlite.waitForFinished(60000));
+    QVERIFY2(m_admin->call("upgrade", {QStringLiteral("--no-backup")}) == 0, qPrintable(m_admin->err));
 }
 
 void EvidenceAttacks_test::honestStep(const QString& copy)
@@ -361,7 +343,7 @@ void EvidenceAttacks_test::honestStep(const QString& copy)
             qFatal("%s", qPrintable(m_admin->err));
         break;
     default:
-        write(QString::number(m_random.generate()));
+        writeText(QString::number(m_random.generate()));
     }
 }
 
@@ -371,6 +353,8 @@ void EvidenceAttacks_test::noHonestHistoryIsAccused()
     for (int seed = 1; seed <= histories; ++seed) {
         init();
         m_random.seed(quint32(seed));
+        if (TestStore::isSqlite() && seed % 4 == 0)
+            beginInFormerVersion();
         seal({QStringLiteral("--init")});
         const QString copy = m_admin->path(QStringLiteral("copy"));
         for (int step = 0; step < 12; ++step) {
@@ -393,7 +377,7 @@ void EvidenceAttacks_test::noHonestHistoryIsAccused()
             save(name, note);
             runs.append({folder, QStringLiteral("--head"), m_admin->path(name)});
         }
-        const QVector<int> codes = verify(runs);
+        const QVector<int> codes = verifyMany(runs);
         QVERIFY2(codes == QVector<int>(runs.size(), 0), qPrintable(QStringLiteral("seed %1").arg(seed)));
     }
 }
@@ -434,7 +418,7 @@ void EvidenceAttacks_test::everyFlippedBitIsFound()
         QSKIP("The bytes of a SQLite file.");
     QCOMPARE(seal({QStringLiteral("--init")}), 0);
     for (int i = 0; i < 300; ++i) // a second level of the tree
-        write(QStringLiteral("вариант %1").arg(i));
+        writeText(QStringLiteral("вариант %1").arg(i));
     QCOMPARE(seal(), 0);
     const StoreCopy copy(*m_store);
     const QMap<QByteArray, QByteArray> content = contentOf(m_store->path());
