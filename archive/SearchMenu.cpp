@@ -15,7 +15,7 @@ SearchMenu::AskName& SearchMenu::askName()
 
 SearchMenu::SearchMenu(QWidget* parent) : QToolButton(parent)
 {
-    setText(tr("&Поиски"));
+    setText(tr("Поис&ки"));
     setToolTip(tr("Сохранённые и последние поиски"));
     setPopupMode(QToolButton::InstantPopup);
     setToolButtonStyle(Qt::ToolButtonTextOnly);

@@ -1,5 +1,6 @@
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "HelpMenu.h"
 #include "HostBench.h"
 #include "ModuleMenu.h"
 #include "SignInDialog.h"
@@ -308,13 +309,14 @@ void Workstation_users_test::theMenuOffersWhatTheRightsAllow()
     QVERIFY(menu);
     QStringList names;
     for (const QAction* action : menu->actions()) {
-        if (!action->isSeparator() && action != menu->changeUserAction() && action != menu->ownViewAction() &&
-            action != menu->settingsAction())
+        if (!action->isSeparator() && !action->menu() && action != menu->changeUserAction() &&
+            action != menu->ownViewAction() && action != menu->settingsAction())
             names << action->objectName();
     }
     QCOMPARE(names, offered);
     QVERIFY(menu->actions().contains(menu->ownViewAction()));
     QVERIFY(menu->actions().contains(menu->settingsAction()));
+    QVERIFY(menu->actions().contains(menu->helpMenu()->menuAction()));
     QCOMPARE(menu->actions().constLast(), menu->changeUserAction());
     QVERIFY(menu->changeUserAction()->isEnabled());
 }
