@@ -59,6 +59,9 @@ CVrkArchive::CVrkArchive(CVrkCliApp* app) : CVrkCliMod(app), m_form(new Ui::CVrk
 
 CVrkArchive::~CVrkArchive()
 {
+    // An edit with the focus finishes its editing when the window goes, after the form.
+    for (QLineEdit* edit : {m_form->wordsEdit, m_form->equipmentEdit})
+        edit->disconnect(this);
     delete m_form->list; // it uses the names until it is destroyed
 }
 
