@@ -323,7 +323,8 @@ void EvidenceAttacks_test::honestStep(const QString& copy)
     switch (m_random.bounded(TestStore::isSqlite() ? 6 : 4)) {
     case 0:
         if (QFile::exists(key() + QStringLiteral(".former"))) {
-            // The former key is removed when all have met the new one.
+            // The former key is removed when all have met a seal by both.
+            seal();
             look(QStringLiteral("always"));
             look(QStringLiteral("seldom"));
             QFile::remove(key() + QStringLiteral(".former"));
