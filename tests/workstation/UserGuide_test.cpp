@@ -187,7 +187,8 @@ void UserGuide_test::everyKeyOfTheGuideIsOneOfTheProgram()
     Workstation host;
     QSet<QString> unknown = keysOfTheGuide() - keysOf(journalOf(host, bench));
     // Handled by the page and the table themselves; their tests press them.
-    unknown -= {QStringLiteral("Del"), QStringLiteral("Home"), QStringLiteral("Ctrl+C")};
+    unknown -= {QStringLiteral("Del"), QStringLiteral("Home"), QStringLiteral("Ctrl+C"),
+                QStringLiteral("Enter"), QStringLiteral("F2")};
     QVERIFY2(unknown.isEmpty(), qPrintable(QStringList(unknown.values()).join(QStringLiteral(", "))));
 }
 
