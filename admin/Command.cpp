@@ -1,6 +1,7 @@
 #include "Command.h"
 
 #include "AdminText.h"
+#include "JsonList.h"
 #include "StoreAdmin.h"
 #include "StoreError.h"
 
@@ -70,16 +71,24 @@ Command::ExitCode Command::fail(Streams& streams, const StoreError& error)
 }
 
 Command::ExitCode Command::report(const QVector<StoreAdmin::Finding>& findings, const QString& clean,
-                                  Streams& streams)
+                                  Streams& streams, JsonList* list)
 {
+    const bool isList = list && list->isWanted();
     int faults = 0;
     for (const StoreAdmin::Finding& finding : findings) {
         const bool isFault = finding.grade == StoreAdmin::Finding::Fault;
         faults += isFault ? 1 : 0;
-        streams.out << (isFault ? QStringLiteral("Ошибка: ") : QStringLiteral("Примечание: "))
-                    << AdminText::printable(finding.text) << QLatin1Char('\n');
+        if (isList)
+            list->add({{QStringLiteral("grade"), QLatin1String(isFault ? "fault" : "note")},
+                       {QStringLiteral("text"), finding.text}});
+        else
+            streams.out << (isFault ? QStringLiteral("Ошибка: ") : QStringLiteral("Примечание: "))
+                        << AdminText::printable(finding.text) << QLatin1Char('\n');
     }
-    streams.out << (faults ? QStringLiteral("Найдено ошибок: %1\n").arg(faults) : clean);
+    if (isList)
+        list->print(streams.out);
+    else
+        streams.out << (faults ? QStringLiteral("Найдено ошибок: %1\n").arg(faults) : clean);
     return faults ? FaultsFound : Success;
 }
 

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QTextStream>
 
+class JsonList;
+
 /// The streams of a command; tests replace them by strings.
 struct Streams {
     QTextStream& out;
@@ -84,7 +86,9 @@ QStringList watchdogWords();
 /// Failed; writes the error.
 ExitCode fail(Streams& streams, const StoreError& error);
 /// Success, or the findings and FaultsFound; \a clean is the last line if there are no faults.
-ExitCode report(const QVector<StoreAdmin::Finding>& findings, const QString& clean, Streams& streams);
+/// If the user wants a \a list, prints the findings in it instead.
+ExitCode report(const QVector<StoreAdmin::Finding>& findings, const QString& clean, Streams& streams,
+                JsonList* list = nullptr);
 /// Success, or the error and Failed.
 ExitCode outcome(bool done, Streams& streams, const StoreError& error);
 } // namespace Command

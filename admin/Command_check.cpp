@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "HeadBook.h"
+#include "JsonList.h"
 #include "LogAudit.h"
 #include "ReadyCheck.h"
 #include "SealFiles.h"
@@ -10,8 +11,16 @@
 
 namespace
 {
-Command::ExitCode tellReadiness(const QVector<ReadyCheck::Finding>& findings, QTextStream& out)
+Command::ExitCode tellReadiness(const QVector<ReadyCheck::Finding>& findings, JsonList* list,
+                                QTextStream& out)
 {
+    if (list->isWanted()) {
+        for (const ReadyCheck::Finding& finding : findings)
+            list->add(
+                {{QStringLiteral("department"), finding.department}, {QStringLiteral("text"), finding.text}});
+        list->print(out);
+        return findings.isEmpty() ? Command::Success : Command::FaultsFound;
+    }
     QString department;
     for (const ReadyCheck::Finding& finding : findings) {
         if (finding.department != department)
@@ -64,6 +73,7 @@ bool audit(const QString& url, const QString& headsPath, const QString& paper,
 Command::ExitCode Command::check(const QStringList& arguments, Streams& streams)
 {
     QStringList rest = arguments;
+    JsonList list(&rest);
     const QString heads = Arguments::takeValue(&rest, QStringLiteral("--heads"));
     const QString paper = Arguments::takeValue(&rest, QStringLiteral("--paper"));
     const bool ready = rest.removeAll(QStringLiteral("--ready")) > 0;
@@ -75,7 +85,8 @@ Command::ExitCode Command::check(const QStringList& arguments, Streams& streams)
     if (rebuild) {
         if (!StoreAdmin::rebuildSearch(rest.constFirst(), &error))
             return fail(streams, error);
-        streams.out << QStringLiteral("Указатель поиска составлен заново.\n");
+        (list.isWanted() ? streams.err : streams.out)
+            << QStringLiteral("Указатель поиска составлен заново.\n");
     }
     if (ready) {
         const auto store = Store::open(rest.constFirst(), {}, &error);
@@ -84,11 +95,11 @@ Command::ExitCode Command::check(const QStringList& arguments, Streams& streams)
             return fail(streams, error);
         const StoreZone zone(*store);
         const auto findings = ReadyCheck::look(directory, store.get(), &error);
-        return error ? fail(streams, error) : tellReadiness(findings, streams.out);
+        return error ? fail(streams, error) : tellReadiness(findings, &list, streams.out);
     }
     QVector<StoreAdmin::Finding> findings;
     if (!StoreAdmin::check(rest.constFirst(), &findings, &error) ||
         !audit(rest.constFirst(), heads, paper, &findings, &error))
         return fail(streams, error);
-    return report(findings, QStringLiteral("Хранилище в порядке.\n"), streams);
+    return report(findings, QStringLiteral("Хранилище в порядке.\n"), streams, &list);
 }

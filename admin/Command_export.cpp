@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "EvidenceLog.h"
+#include "JsonList.h"
 #include "LogHistory.h"
 #include "SheetExport.h"
 #include "ShiftBook.h"
@@ -10,7 +11,7 @@
 namespace
 {
 /// The directory as it was at a time; the last transaction until then is named.
-bool loadAt(Store& store, const QString& typed, Directory* directory, Streams& streams, StoreError* error)
+bool loadAt(Store& store, const QString& typed, Directory* directory, QTextStream& out, StoreError* error)
 {
     const double time = Arguments::timeOf(typed);
     if (time <= 0 || time > store.serverTime()) {
@@ -30,15 +31,32 @@ bool loadAt(Store& store, const QString& typed, Directory* directory, Streams& s
         error->text = QStringLiteral("Журнал изменений начинается позже, чем %1.").arg(typed);
         return false;
     }
-    streams.out
-        << QStringLiteral("Справочники на %1, после транзакции %2\n").arg(ShiftBook::shown(time)).arg(number);
+    out << QStringLiteral("Справочники на %1, после транзакции %2\n").arg(ShiftBook::shown(time)).arg(number);
     return directory->load(&history, number);
+}
+
+void tellFiles(const Directory& directory, JsonList* list, QTextStream& out)
+{
+    for (const Sheet& sheet : Sheets::all()) {
+        const int rows = directory.rows(sheet.table).size();
+        if (sheet.earlier && rows == 0)
+            continue;
+        if (list->isWanted())
+            list->add({{QStringLiteral("file"), sheet.file},
+                       {QStringLiteral("rows"), rows},
+                       {QStringLiteral("title"), sheet.title}});
+        else
+            out << QStringLiteral("%1: строк %2 (%3)\n").arg(sheet.file).arg(rows).arg(sheet.title);
+    }
+    if (list->isWanted())
+        list->print(out);
 }
 } // namespace
 
 Command::ExitCode Command::exportSheets(const QStringList& arguments, Streams& streams)
 {
     QStringList rest = arguments;
+    JsonList list(&rest);
     const bool isPast = rest.contains(QStringLiteral("--at"));
     const QString time = Arguments::takeValue(&rest, QStringLiteral("--at"));
     if (rest.size() != 2)
@@ -49,7 +67,8 @@ Command::ExitCode Command::exportSheets(const QStringList& arguments, Streams& s
         return fail(streams, error);
     const StoreZone zone(*store);
     Directory directory;
-    if (!(isPast ? loadAt(*store, time, &directory, streams, &error) : directory.load(store.get(), &error)))
+    if (!(isPast ? loadAt(*store, time, &directory, list.isWanted() ? streams.err : streams.out, &error)
+                 : directory.load(store.get(), &error)))
         return fail(streams, error);
     QString failure;
     const QDir folder(rest[1]);
@@ -57,11 +76,6 @@ Command::ExitCode Command::exportSheets(const QStringList& arguments, Streams& s
         streams.err << QStringLiteral("Не удалось записать %1\n").arg(failure.isEmpty() ? rest[1] : failure);
         return Failed;
     }
-    for (const Sheet& sheet : Sheets::all())
-        if (!sheet.earlier || !directory.rows(sheet.table).isEmpty())
-            streams.out << QStringLiteral("%1: строк %2 (%3)\n")
-                               .arg(sheet.file)
-                               .arg(directory.rows(sheet.table).size())
-                               .arg(sheet.title);
+    tellFiles(directory, &list, streams.out);
     return Success;
 }

@@ -1,13 +1,16 @@
 #include "Command.h"
 
+#include "JsonList.h"
 #include "StoreAdmin.h"
 
 #include <QFile>
 #include <QSaveFile>
 
-Command::ExitCode Command::file(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::file(const QStringList& all, Streams& streams)
 {
-    if (arguments.size() < 2)
+    QStringList arguments = all;
+    JsonList list(&arguments);
+    if (arguments.size() < 2 || (list.isWanted() && arguments[1] != QLatin1String("list")))
         return WrongUsage;
     const QString& url = arguments[0];
     const QString& verb = arguments[1];
@@ -17,8 +20,14 @@ Command::ExitCode Command::file(const QStringList& arguments, Streams& streams)
         const QStringList names = StoreAdmin::files(url, &error);
         if (error)
             return fail(streams, error);
-        for (const QString& name : names)
-            streams.out << name << QLatin1Char('\n');
+        for (const QString& name : names) {
+            if (list.isWanted())
+                list.add({{QStringLiteral("name"), name}});
+            else
+                streams.out << name << QLatin1Char('\n');
+        }
+        if (list.isWanted())
+            list.print(streams.out);
         return Success;
     }
     if (verb == QLatin1String("remove") && arguments.size() == 4)

@@ -2,7 +2,9 @@
 
 #include "AdminText.h"
 #include "EvidenceLog.h"
+#include "JsonList.h"
 #include "LogHistory.h"
+#include "LogValue.h"
 #include "ShiftBook.h"
 #include "SignatureLines.h"
 #include "StoreZone.h"
@@ -10,7 +12,6 @@
 namespace
 {
 constexpr int longestValue = 300;
-constexpr double earliestTime = 1e8; // numbers with a fraction above it are times
 
 /// The names of persons by login.
 QHash<QString, QString> namesOf(Store& store)
@@ -25,7 +26,7 @@ QString shown(const QVariant& value)
 {
     if (!value.isValid())
         return QStringLiteral("-");
-    if (value.type() == QVariant::Double && value.toDouble() >= earliestTime)
+    if (LogValue::isTime(value))
         return ShiftBook::shown(value.toDouble());
     const QVariantMap bytes = value.toMap();
     const QString text = bytes.isEmpty() ? value.toString()
@@ -59,10 +60,46 @@ QString writer(const RowChange& change, const QHash<QString, QString>& names)
         return QStringLiteral("администратор (%1)").arg(login);
     return names.contains(login) ? QStringLiteral("%1 (%2)").arg(names.value(login), login) : login;
 }
+
+QJsonValue jsonOf(const RowChange::Signature& signature)
+{
+    if (signature.state == RowChange::Signature::NotNeeded)
+        return QJsonValue::Null;
+    const char* states[] = {"", "signed", "administrator", "before-first", "missing"};
+    return QJsonObject{{QStringLiteral("state"), QLatin1String(states[signature.state])},
+                       {QStringLiteral("meaning"), signature.meaning},
+                       {QStringLiteral("person"), signature.person},
+                       {QStringLiteral("login"), signature.login},
+                       {QStringLiteral("time"), JsonList::time(signature.time)}};
+}
+
+QJsonObject jsonOf(const RowChange& change, const QHash<QString, QString>& names)
+{
+    const char* events[] = {"inserted", "changed", "removed"};
+    QJsonArray fields;
+    for (const int i : change.differences())
+        fields.append(QJsonObject{{QStringLiteral("field"), QString::fromUtf8(change.fields.at(i))},
+                                  {QStringLiteral("before"), JsonList::value(change.before.value(i))},
+                                  {QStringLiteral("after"), JsonList::value(change.after.value(i))}});
+    return {
+        {QStringLiteral("transaction"), change.number},
+        {QStringLiteral("time"), JsonList::time(change.time)},
+        {QStringLiteral("login"), change.login},
+        {QStringLiteral("name"), names.value(AdminText::printable(change.login))},
+        {QStringLiteral("administrator"), change.isAdministrator},
+        {QStringLiteral("table"), QString::fromUtf8(change.table)},
+        {QStringLiteral("key"), QString::fromUtf8(change.key)},
+        {QStringLiteral("event"), QLatin1String(events[qBound(0, change.event - RowChange::Inserted, 2)])},
+        {QStringLiteral("deed"), change.deed()},
+        {QStringLiteral("changes"), fields},
+        {QStringLiteral("signature"), jsonOf(change.signature)}};
+}
 } // namespace
 
-Command::ExitCode Command::history(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::history(const QStringList& all, Streams& streams)
 {
+    QStringList arguments = all;
+    JsonList list(&arguments);
     if (arguments.size() != 2)
         return WrongUsage;
     StoreError error;
@@ -77,6 +114,12 @@ Command::ExitCode Command::history(const QStringList& arguments, Streams& stream
     }
     const StoreZone zone(*store);
     const QHash<QString, QString> names = namesOf(*store);
+    if (list.isWanted()) {
+        for (const RowChange& change : qAsConst(changes))
+            list.add(jsonOf(change, names));
+        list.print(streams.out);
+        return Success;
+    }
     qint64 number = 0;
     for (const RowChange& change : qAsConst(changes)) {
         if (change.number != number)

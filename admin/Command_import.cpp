@@ -1,6 +1,7 @@
 #include "Command.h"
 
 #include "DemoTemplates.h"
+#include "JsonList.h"
 #include "SheetImport.h"
 #include "StoreAdmin.h"
 #include "StoreZone.h"
@@ -31,6 +32,28 @@ void tell(const SheetImport::Report& report, bool names, QTextStream& out)
     for (const QString& name : report.missing)
         out << QStringLiteral("  - ") << name << QLatin1Char('\n');
 }
+
+QJsonObject jsonOf(const SheetImport::Report& report)
+{
+    return {{QStringLiteral("file"), report.sheet->file},
+            {QStringLiteral("added"), QJsonArray::fromStringList(report.added)},
+            {QStringLiteral("changed"), QJsonArray::fromStringList(report.changed)},
+            {QStringLiteral("missing"), QJsonArray::fromStringList(report.missing)}};
+}
+
+void tellAll(const QVector<SheetImport::Report>& reports, bool isDry, JsonList* list, QTextStream& out)
+{
+    for (const SheetImport::Report& report : reports) {
+        if (list->isWanted())
+            list->add(jsonOf(report));
+        else
+            tell(report, isDry, out);
+    }
+    if (list->isWanted())
+        list->print(out);
+    else if (isDry)
+        out << QStringLiteral("Ничего не записано.\n");
+}
 } // namespace
 
 QStringList Command::importWords()
@@ -53,6 +76,7 @@ QStringList Command::importWords()
 Command::ExitCode Command::importSheets(const QStringList& arguments, Streams& streams)
 {
     QStringList rest = arguments;
+    JsonList list(&rest);
     const bool dry = rest.removeAll(QStringLiteral("--dry-run")) > 0;
     if (rest.size() != 2 || rest[1].startsWith(QLatin1Char('-')))
         return WrongUsage;
@@ -72,12 +96,9 @@ Command::ExitCode Command::importSheets(const QStringList& arguments, Streams& s
         streams.err << QStringLiteral("Ошибок: %1. Ничего не записано.\n").arg(import.errors().size());
         return Failed;
     }
-    for (const SheetImport::Report& report : import.reports())
-        tell(report, dry, streams.out);
-    if (dry) {
-        streams.out << QStringLiteral("Ничего не записано.\n");
+    tellAll(import.reports(), dry, &list, streams.out);
+    if (dry)
         return Success;
-    }
     // A role without a row in Users has no rights, so it may be created first.
     for (const QString& login : import.admitted()) {
         if (!StoreAdmin::admit(rest[0], login, true, &error))

@@ -1,5 +1,6 @@
 #include "Command.h"
 
+#include "JsonList.h"
 #include "OptionsFile.h"
 #include "StoreAdmin.h"
 
@@ -113,11 +114,26 @@ void tell(const OptionsFile& file, int longestShift, Streams& streams)
         streams.err << QStringLiteral("Контроль включён, но молчит, пока %1 и %2 не больше нуля.\n")
                            .arg(delay, interval);
 }
+
+/// Switches as truth values, times in seconds.
+void fill(JsonList* list, const OptionsFile& file, int longestShift)
+{
+    const auto add = [list](const QString& name, const QJsonValue& value) {
+        list->add({{QStringLiteral("name"), name}, {QStringLiteral("value"), value}});
+    };
+    add(checkLength, numberOf(file, checkLength) != 0);
+    add(delay, numberOf(file, delay));
+    add(interval, numberOf(file, interval));
+    add(visa, numberOf(file, visa) != 0);
+    add(longest, longestShift);
+}
 } // namespace
 
-Command::ExitCode Command::option(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::option(const QStringList& all, Streams& streams)
 {
-    if (arguments.size() < 2)
+    QStringList arguments = all;
+    JsonList list(&arguments);
+    if (arguments.size() < 2 || (list.isWanted() && arguments[1] != QLatin1String("list")))
         return WrongUsage;
     const QString& url = arguments[0];
     const bool isList = arguments[1] == QLatin1String("list") && arguments.size() == 2;
@@ -162,6 +178,11 @@ Command::ExitCode Command::option(const QStringList& arguments, Streams& streams
             return fail(streams, error);
         file.read(xml);
     }
-    tell(file, longestShift, streams);
+    if (list.isWanted()) {
+        fill(&list, file, longestShift);
+        list.print(streams.out);
+    } else {
+        tell(file, longestShift, streams);
+    }
     return Success;
 }

@@ -1,5 +1,6 @@
 #include "Command.h"
 
+#include "JsonList.h"
 #include "Sheet.h"
 #include "StoreAdmin.h"
 
@@ -8,9 +9,11 @@ QStringList Command::rightWords()
     return {QStringLiteral("  ") + Sheets::rights().join(QStringLiteral("\n  "))};
 }
 
-Command::ExitCode Command::right(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::right(const QStringList& all, Streams& streams)
 {
-    if (arguments.size() < 3)
+    QStringList arguments = all;
+    JsonList list(&arguments);
+    if (arguments.size() < 3 || (list.isWanted() && arguments[1] != QLatin1String("list")))
         return WrongUsage;
     const QString& url = arguments[0];
     const QString& verb = arguments[1];
@@ -21,8 +24,14 @@ Command::ExitCode Command::right(const QStringList& arguments, Streams& streams)
         const QVector<QByteArray> rights = StoreAdmin::rights(url, login, &error);
         if (error)
             return fail(streams, error);
-        for (const QByteArray& right : rights)
-            streams.out << QString::fromUtf8(right) << QLatin1Char('\n');
+        for (const QByteArray& right : rights) {
+            if (list.isWanted())
+                list.add({{QStringLiteral("right"), QString::fromUtf8(right)}});
+            else
+                streams.out << QString::fromUtf8(right) << QLatin1Char('\n');
+        }
+        if (list.isWanted())
+            list.print(streams.out);
         return Success;
     }
     const bool grant = verb == QLatin1String("grant");

@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "Directory.h"
+#include "JsonList.h"
 #include "ShiftBook.h"
 #include "StoreZone.h"
 
@@ -18,6 +19,36 @@ void tell(const ShiftBook::Shift& shift, const QVector<ShiftBook::Correction>& c
     for (const ShiftBook::Correction& correction : corrections)
         out << QStringLiteral("    исправлена %1: %2\n")
                    .arg(ShiftBook::shown(correction.time), correction.reason);
+}
+
+QJsonObject jsonOf(const ShiftBook::Shift& shift, const QVector<ShiftBook::Correction>& corrections,
+                   const QString& department)
+{
+    QJsonArray made;
+    for (const ShiftBook::Correction& correction : corrections)
+        made.append(QJsonObject{{QStringLiteral("time"), JsonList::time(correction.time)},
+                                {QStringLiteral("reason"), correction.reason}});
+    return {{QStringLiteral("department"), department},
+            {QStringLiteral("key"), QString::fromUtf8(shift.key)},
+            {QStringLiteral("open"), shift.isOpen},
+            {QStringLiteral("start"), JsonList::time(shift.start)},
+            {QStringLiteral("end"), JsonList::time(shift.end)},
+            {QStringLiteral("corrections"), made}};
+}
+
+/// The shifts that may be corrected, of one department.
+void tellAll(Store& store, const ShiftBook& book, const QString& department, JsonList* list, QTextStream& out,
+             StoreError* error)
+{
+    if (!list->isWanted())
+        out << department << QStringLiteral(":\n");
+    for (const ShiftBook::Shift& shift : book.correctable()) {
+        const auto corrections = ShiftBook::corrections(&store, shift.key, error);
+        if (list->isWanted())
+            list->add(jsonOf(shift, corrections, department));
+        else
+            tell(shift, corrections, out);
+    }
 }
 
 struct Wanted {
@@ -80,12 +111,14 @@ Command::ExitCode correct(Store& store, const ShiftBook& book, const ShiftBook::
 }
 } // namespace
 
-Command::ExitCode Command::shift(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::shift(const QStringList& all, Streams& streams)
 {
+    QStringList arguments = all;
+    JsonList list(&arguments);
     Wanted wanted;
     const bool isList = arguments.size() == 2 && arguments[1] == QLatin1String("list");
     if (!isList && (arguments.size() < 2 || arguments[1] != QLatin1String("correct") ||
-                    !read(arguments.mid(2), &wanted)))
+                    !read(arguments.mid(2), &wanted) || list.isWanted()))
         return WrongUsage;
     StoreError error;
     Store::Options options;
@@ -100,15 +133,15 @@ Command::ExitCode Command::shift(const QStringList& arguments, Streams& streams)
         if (!book.load(store.get(), department->key, &error))
             return fail(streams, error);
         if (isList) {
-            streams.out << directory.label("Departments", *department) << QStringLiteral(":\n");
-            for (const ShiftBook::Shift& shift : book.correctable())
-                tell(shift, ShiftBook::corrections(store.get(), shift.key, &error), streams.out);
+            tellAll(*store, book, directory.label("Departments", *department), &list, streams.out, &error);
         } else if (const ShiftBook::Shift* shift = book.find(wanted.key.toUtf8())) {
             return correct(*store, book, *shift, wanted.options, streams);
         }
     }
     if (error)
         return fail(streams, error);
+    if (list.isWanted())
+        list.print(streams.out);
     if (isList)
         return Success;
     streams.err

@@ -1,6 +1,7 @@
 #include "Command.h"
 
 #include "HiddenInput.h"
+#include "JsonList.h"
 #include "SheetImport.h"
 #include "StoreAdmin.h"
 
@@ -48,9 +49,11 @@ bool addWorker(const QString& url, const QString& login, const QString& name, co
 }
 } // namespace
 
-Command::ExitCode Command::user(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::user(const QStringList& all, Streams& streams)
 {
-    if (arguments.size() < 2)
+    QStringList arguments = all;
+    JsonList list(&arguments);
+    if (arguments.size() < 2 || (list.isWanted() && arguments[1] != QLatin1String("list")))
         return WrongUsage;
     const QString& url = arguments[0];
     const QString& verb = arguments[1];
@@ -60,8 +63,14 @@ Command::ExitCode Command::user(const QStringList& arguments, Streams& streams)
         const auto store = Store::open(url, {}, &error);
         if (!store)
             return fail(streams, error);
-        for (const StoreLogin& login : store->logins())
-            streams.out << login.login << QLatin1Char('\t') << login.name << QLatin1Char('\n');
+        for (const StoreLogin& login : store->logins()) {
+            if (list.isWanted())
+                list.add({{QStringLiteral("login"), login.login}, {QStringLiteral("name"), login.name}});
+            else
+                streams.out << login.login << QLatin1Char('\t') << login.name << QLatin1Char('\n');
+        }
+        if (list.isWanted())
+            list.print(streams.out);
         return Success;
     }
     if (verb == QLatin1String("add") && arguments.size() == 6 &&

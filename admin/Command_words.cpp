@@ -1,5 +1,6 @@
 #include "Command.h"
 
+#include "JsonList.h"
 #include "StoreAdmin.h"
 
 #include <algorithm>
@@ -21,9 +22,11 @@ bool isWord(const QString& text)
 }
 } // namespace
 
-Command::ExitCode Command::words(const QStringList& arguments, Streams& streams)
+Command::ExitCode Command::words(const QStringList& all, Streams& streams)
 {
-    if (arguments.size() < 2)
+    QStringList arguments = all;
+    JsonList list(&arguments);
+    if (arguments.size() < 2 || (list.isWanted() && arguments[1] != QLatin1String("list")))
         return WrongUsage;
     const QString& url = arguments[0];
     const QString& verb = arguments[1];
@@ -42,8 +45,14 @@ Command::ExitCode Command::words(const QStringList& arguments, Streams& streams)
         return fail(streams, error);
     QStringList kept = QString::fromUtf8(content).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     if (isList) {
-        for (const QString& word : qAsConst(kept))
-            streams.out << word << QLatin1Char('\n');
+        for (const QString& word : qAsConst(kept)) {
+            if (list.isWanted())
+                list.add({{QStringLiteral("word"), word}});
+            else
+                streams.out << word << QLatin1Char('\n');
+        }
+        if (list.isWanted())
+            list.print(streams.out);
         return Success;
     }
     for (const QString& word : named) {
