@@ -14,16 +14,27 @@ struct Entry {
 };
 
 const Entry entries[] = {
-    {"init", Command::init},           {"setup", Command::setup},
-    {"demo", Command::demo},           {"doctor", Command::doctor},
-    {"check", Command::check},         {"upgrade", Command::upgrade},
-    {"export", Command::exportSheets}, {"import", Command::importSheets, Command::importWords},
-    {"backup", Command::backup},       {"restore", Command::restore},
-    {"user", Command::user},           {"right", Command::right, Command::rightWords},
-    {"file", Command::file},           {"option", Command::option},
-    {"words", Command::words},         {"shift", Command::shift},
-    {"seal", Command::seal},           {"export-evidence", Command::exportEvidence},
-    {"history", Command::history},     {"watchdog", Command::watchdog, Command::watchdogWords},
+    {"init", Command::init},
+    {"setup", Command::setup},
+    {"demo", Command::demo},
+    {"doctor", Command::doctor},
+    {"check", Command::check},
+    {"upgrade", Command::upgrade},
+    {"export", Command::exportSheets},
+    {"import", Command::importSheets, Command::importWords},
+    {"backup", Command::backup},
+    {"restore", Command::restore},
+    {"user", Command::user},
+    {"right", Command::right, Command::rightWords},
+    {"file", Command::file},
+    {"option", Command::option},
+    {"words", Command::words},
+    {"shift", Command::shift},
+    {"seal", Command::seal},
+    {"export-evidence", Command::exportEvidence},
+    {"history", Command::history},
+    {"stats", Command::stats},
+    {"watchdog", Command::watchdog, Command::watchdogWords},
 };
 
 bool isHelp(const QString& argument)

@@ -75,6 +75,8 @@ ExitCode seal(const QStringList& arguments, Streams& streams);
 ExitCode exportEvidence(const QStringList& arguments, Streams& streams);
 /// Shows who changed a row, when and how, from the change log.
 ExitCode history(const QStringList& arguments, Streams& streams);
+/// Counts records, late entries, overdue orders and signed handovers.
+ExitCode stats(const QStringList& arguments, Streams& streams);
 /// Ends requests that run too long on a server.
 ExitCode watchdog(const QStringList& arguments, Streams& streams);
 
