@@ -25,6 +25,7 @@ const Entry entries[] = {
     {"backup", Command::backup},
     {"restore", Command::restore},
     {"user", Command::user},
+    {"merge", Command::merge},
     {"right", Command::right, Command::rightWords},
     {"file", Command::file},
     {"option", Command::option},

@@ -59,6 +59,8 @@ ExitCode backup(const QStringList& arguments, Streams& streams);
 ExitCode restore(const QStringList& arguments, Streams& streams);
 /// Lists, adds and removes logins.
 ExitCode user(const QStringList& arguments, Streams& streams);
+/// Joins two rows of one person in the table of workers.
+ExitCode merge(const QStringList& arguments, Streams& streams);
 /// Lists, grants and revokes rights of a login.
 ExitCode right(const QStringList& arguments, Streams& streams);
 /// Lists, fetches, stores and removes the store's named files.

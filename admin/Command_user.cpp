@@ -2,6 +2,7 @@
 
 #include "HiddenInput.h"
 #include "JsonList.h"
+#include "PersonChange.h"
 #include "SheetImport.h"
 #include "StoreAdmin.h"
 
@@ -47,6 +48,18 @@ bool addWorker(const QString& url, const QString& login, const QString& name, co
         return refuse(QStringLiteral("Пользователь «%1» уже есть.").arg(login));
     return StoreAdmin::admit(url, login, true, error) && import.write(error);
 }
+
+/// Lets a person who leaves in no more, or in again; what he wrote keeps his name.
+bool retire(const QString& url, const QString& login, bool isLeaving, StoreError* error)
+{
+    const auto store = StoreAdmin::openLoader(url, error);
+    Directory directory;
+    if (!store || !directory.load(store.get(), error))
+        return false;
+    PersonChange change(store.get(), &directory);
+    return (isLeaving ? change.retire(login, error) : change.reinstate(login, error)) &&
+           StoreAdmin::admit(url, login, !isLeaving, error);
+}
 } // namespace
 
 Command::ExitCode Command::user(const QStringList& all, Streams& streams)
@@ -81,6 +94,9 @@ Command::ExitCode Command::user(const QStringList& all, Streams& streams)
     if (verb == QLatin1String("password") && arguments.size() == 3 && streams.in)
         return outcome(StoreAdmin::setPassword(url, arguments[2], typedPassword(streams), &error), streams,
                        error);
+    const bool isLeaving = verb == QLatin1String("retire");
+    if ((isLeaving || verb == QLatin1String("reinstate")) && arguments.size() == 3)
+        return outcome(retire(url, arguments[2], isLeaving, &error), streams, error);
     if (verb == QLatin1String("remove") && arguments.size() == 3)
         return outcome(StoreAdmin::removeUser(url, arguments[2], &error), streams, error);
     return WrongUsage;
