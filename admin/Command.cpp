@@ -30,6 +30,7 @@ const Entry entries[] = {
     {"file", Command::file},
     {"option", Command::option},
     {"words", Command::words},
+    {"abbreviations", Command::abbreviations},
     {"shift", Command::shift},
     {"seal", Command::seal},
     {"export-evidence", Command::exportEvidence},

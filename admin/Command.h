@@ -67,6 +67,8 @@ ExitCode right(const QStringList& arguments, Streams& streams);
 ExitCode file(const QStringList& arguments, Streams& streams);
 /// Shows and sets the options for the control of the length of workshifts.
 ExitCode option(const QStringList& arguments, Streams& streams);
+/// Abbreviations that unfold while users type.
+ExitCode abbreviations(const QStringList& arguments, Streams& streams);
 /// Words that the check of spelling knows at all workstations of the site.
 ExitCode words(const QStringList& arguments, Streams& streams);
 /// Shows the shifts that may be corrected, and corrects mistyped bounds of one.

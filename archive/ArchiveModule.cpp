@@ -1,6 +1,7 @@
 #include "ArchiveModule.h"
 
 #include "CVrkArchive.h"
+#include "CVrkBookmarks.h"
 #include "CVrkHistory.h"
 #include "CVrkPast.h"
 #include "CVrkUnfinished.h"
@@ -11,6 +12,8 @@ CVrkCliMod* CppCliModule(CVrkCliApp* app, const char* name)
         return new CVrkUnfinished(app);
     if (qstricmp(name, "archive") == 0)
         return new CVrkArchive(app);
+    if (qstricmp(name, "bookmarks") == 0)
+        return new CVrkBookmarks(app);
     if (qstricmp(name, "history") == 0)
         return new CVrkHistory(app);
     if (qstricmp(name, "past") == 0)

@@ -10,6 +10,8 @@
 #include "Row.h"
 #include "SearchMenu.h"
 #include "ui_CVrkArchive.h"
+#include "VrkTableProxyModel.h"
+#include "VrkTableTool.h"
 
 #include <QAction>
 #include <QCompleter>
@@ -91,6 +93,7 @@ bool CVrkArchive::ModuleStart()
     }
     m_form->list->init(this, &m_names);
     m_form->list->setColumnVisible(Field::lacks, false);
+    m_form->filterBar->init(this, &m_names, m_form->list);
     makeOutput();
     m_form->departmentCombo->addItem(tr("Все подразделения"), QByteArray());
     for (const KeyNames::Entry& department : m_names.departments())
@@ -116,6 +119,9 @@ void CVrkArchive::makeOutput()
                 .arg(tr("Поиск"), m_form->wordsEdit->text(), today.toString(QStringLiteral("yyyy-MM-dd")));
         about.remark = isMore ? tr("Это последние %1 записей, есть и более ранние.").arg(m_limit) : QString();
         about.content = QStringLiteral("%1: %2\n%3").arg(m_name, caption(), m_found);
+        const QString hidden = m_form->filterBar->hiddenText();
+        if (!hidden.isEmpty())
+            about.content += QStringLiteral(", ") + hidden;
         return about;
     });
     m_form->mainLayout->insertWidget(1, m_output->saver());
@@ -208,6 +214,7 @@ void CVrkArchive::setContent(const KeptSearch& search)
 
 void CVrkArchive::createConnections()
 {
+    connect(m_form->filterBar, &FilterBar::changed, this, &CVrkArchive::showFiltered);
     connect(m_form->searchesButton, &SearchMenu::chosen, this, &CVrkArchive::setContent);
     // What was searched by typing alone may be half a word.
     const auto remember = [this] {
@@ -233,6 +240,7 @@ void CVrkArchive::createConnections()
     connect(m_form->searchButton, &QPushButton::clicked, this, &CVrkArchive::searchAnew);
     connect(m_form->clearButton, &QPushButton::clicked, this, [this] {
         clear();
+        m_form->filterBar->reset();
         searchAnew();
         m_form->wordsEdit->setFocus();
     });
@@ -358,12 +366,22 @@ void CVrkArchive::search()
         hint +=
             tr("\n\nСлова в кавычках должны стоять рядом и в этом порядке, записи со словами после минуса "
                "исключены: попробуйте без кавычек и минуса.");
-    m_form->list->setEmptyText(hint);
+    m_emptyText = hint;
     m_form->list->replace(answer.array, SearchWords::terms(m_form->wordsEdit->text()) +
                                             SearchWords::terms(m_form->equipmentEdit->text()));
     m_form->list->setColumnVisible(Field::DepartmentKey,
                                    m_form->departmentCombo->currentData().toByteArray().isEmpty());
     tell(found, taken);
+    m_form->filterBar->refresh();
+}
+
+void CVrkArchive::showFiltered()
+{
+    const int shown = m_form->list->tool()->proxy()->rowCount();
+    m_form->list->setEmptyText(shown == 0 && m_form->filterBar->hidden() > 0
+                                   ? tr("Все найденные записи скрыты. Их вернёт кнопка «Показать все».")
+                                   : m_emptyText);
+    m_output->setEnabled(shown > 0);
 }
 
 void CVrkArchive::tell(int found, qint64 milliseconds)
@@ -373,7 +391,6 @@ void CVrkArchive::tell(int found, qint64 milliseconds)
     m_found = isMore ? tr("Показаны последние %1, есть и более ранние").arg(m_limit)
                      : tr("Найдено записей: %1").arg(found);
     m_form->foundLabel->setText(m_found + tr(" (%1 мс)").arg(milliseconds));
-    m_output->setEnabled(found > 0);
 }
 
 bool CVrkArchive::eventFilter(QObject* watched, QEvent* event)

@@ -52,6 +52,8 @@ private:
     void searchAnew();
     void search();
     void showMore();
+    /// Says why the list is empty, and what can be put out.
+    void showFiltered();
     void tell(int found, qint64 milliseconds);
     /// Makes a combo box searchable by parts of names; text that is no name of the list reverts to the last
     /// choice.
@@ -61,6 +63,7 @@ private:
     ListOutput* m_output = nullptr;
     KeyNames m_names;
     QTimer m_typing;
+    QString m_emptyText;
     QString m_found; ///< how many records are shown, in words
     int m_limit = hitsAtOnce;
     bool m_isStarted = false;

@@ -197,7 +197,8 @@ RecordList::RecordList(QWidget* parent)
     m_pages->addWidget(m_view);
     m_pages->addWidget(m_empty);
     m_pages->setCurrentWidget(m_empty);
-    setFocusProxy(m_view);
+    m_empty->setFocusPolicy(Qt::StrongFocus);
+    setFocusProxy(m_empty);
 
     m_showAction->setObjectName(QStringLiteral("showAction"));
     m_showAction->setShortcut(Qt::Key_Return); // shown in the menu; the view handles the key itself
@@ -311,8 +312,9 @@ void RecordList::setEmptyText(const QString& text)
 void RecordList::showWhatIsThere()
 {
     QWidget* page = m_tool->proxy()->rowCount() > 0 ? static_cast<QWidget*>(m_view) : m_empty;
-    const bool hadFocus = m_view->hasFocus();
+    const bool hadFocus = m_view->hasFocus() || m_empty->hasFocus();
     m_pages->setCurrentWidget(page);
+    setFocusProxy(page); // Tab must not end at a hidden table
     if (hadFocus)
         page->setFocus();
 }

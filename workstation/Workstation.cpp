@@ -1,5 +1,6 @@
 #include "Workstation.h"
 
+#include "Abbreviations.h"
 #include "Alerts.h"
 #include "CPopMessageBox.h"
 #include "CVrkCliMod.h"
@@ -31,6 +32,7 @@
 Workstation::Workstation(LogWriter* log)
     : m_look(std::make_unique<Look>(m_app.settings())),
       m_spelling(std::make_unique<SpellGuard>(&m_app)),
+      m_abbreviations(std::make_unique<Abbreviations>(&m_app)),
       m_help(std::make_unique<Help>()),
       m_greeting(std::make_unique<Greeting>(m_app.settings(), m_help.get())),
       m_alerts(std::make_unique<Alerts>(m_app.settings()))

@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <vector>
 
+class Abbreviations;
 class Alerts;
 class Greeting;
 class Help;
@@ -98,6 +99,7 @@ private:
     CVrkCliApp m_app;
     std::unique_ptr<Look> m_look;
     std::unique_ptr<SpellGuard> m_spelling;
+    std::unique_ptr<Abbreviations> m_abbreviations;
     std::unique_ptr<Help> m_help;
     std::unique_ptr<Greeting> m_greeting;
     std::unique_ptr<LogSink> m_sink;

@@ -15,9 +15,11 @@ constexpr const char* letters = "letters";         ///< percent of the desktop's
 constexpr const char* seenVersion = "seenVersion"; ///< whose first steps or news he has seen; may be empty
 constexpr const char* reportFolder = "reports.folder"; ///< path; empty: the user's documents
 constexpr const char* spelling = "spelling";           ///< check the spelling
+constexpr const char* abbreviations = "abbreviations"; ///< unfold those of the site
 constexpr const char* reportCode = "reports.code";     ///< the seal of a report also as a QR code
 constexpr const char* startModules = "start.modules";  ///< names, opened after signing in
 constexpr const char* savedSearches = "search.saved";  ///< of the archive, see SearchBook there
+constexpr const char* bookmarks = "bookmarks";         ///< keys of records, see Bookmarks
 constexpr const char* lastSearches = "search.last";
 
 /// \name What alerts the user while he works elsewhere

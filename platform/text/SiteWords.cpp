@@ -7,12 +7,15 @@
 
 #include <memory>
 
-QStringList SiteWords::of(CVrkCliSes* session)
+namespace
+{
+/// The lines of a file in the folder "words"; empty if the server has none, or cannot be reached.
+QStringList linesOf(CVrkCliSes* session, const char* file)
 {
     constexpr int codeField = 0;
     constexpr int arrayField = 2;
     constexpr int contentField = 3; // of the one record in the array
-    const QByteArray argument = "words;ru";
+    const QByteArray argument = QByteArray("words;") + file;
     HFNCliParam* block = nullptr;
     if (!session ||
         !session->PacketExec("FileGet", reinterpret_cast<const unsigned char*>(argument.constData()),
@@ -35,4 +38,21 @@ QStringList SiteWords::of(CVrkCliSes* session)
     MDRVar content;
     MDRGetVal(MDRFldByNum(files.array, contentField), MDARec(files.array, 0, 0), &content);
     return QString::fromUtf8(MDRValue::copy(content)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+} // namespace
+
+QStringList SiteWords::of(CVrkCliSes* session)
+{
+    return linesOf(session, "ru");
+}
+
+QHash<QString, QString> SiteWords::abbreviations(CVrkCliSes* session)
+{
+    QHash<QString, QString> all;
+    for (const QString& line : linesOf(session, "abbreviations")) {
+        const QString text = line.section(QLatin1Char('\t'), 1);
+        if (!text.isEmpty())
+            all.insert(line.section(QLatin1Char('\t'), 0, 0), text);
+    }
+    return all;
 }

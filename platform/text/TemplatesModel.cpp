@@ -142,6 +142,29 @@ QModelIndex TemplatesModel::indexOf(const QString& templateKey, const QString& n
     return chosen < 0 ? QModelIndex() : indexOfNode(chosen);
 }
 
+QString TemplatesModel::pinned(int number) const
+{
+    for (const Node& node : m_nodes) {
+        const bool isPinned = node.kind == Kind::Template &&
+                              m_nodes[static_cast<std::size_t>(node.parent)].key == QLatin1String("#pinned");
+        if (isPinned && --number == 0)
+            return node.key;
+    }
+    return QString();
+}
+
+QString TemplatesModel::shortcutOf(const QString& templateKey) const
+{
+    for (int number = 1; number <= PinnedKeys; ++number) {
+        const QString key = pinned(number);
+        if (key.isEmpty())
+            break;
+        if (key == templateKey)
+            return QStringLiteral("Alt+%1").arg(number);
+    }
+    return QString();
+}
+
 QString TemplatesModel::groupOf(const QModelIndex& index) const
 {
     return m_nodes[static_cast<std::size_t>(groupNode(nodeOf(index)))].key;
@@ -204,7 +227,9 @@ QVariant TemplatesModel::data(const QModelIndex& index, int role) const
             m_nodes[static_cast<std::size_t>(m_places.value(node.key, {nodeOf(index)}).front())].parent;
         for (; parent > 0; parent = m_nodes[static_cast<std::size_t>(parent)].parent)
             path.prepend(m_nodes[static_cast<std::size_t>(parent)].name);
-        return ShownText::tip(path.join(QStringLiteral(" / ")));
+        const QString key = node.kind == Kind::Template ? shortcutOf(node.key) : QString();
+        const QString tip = path.join(QStringLiteral(" / "));
+        return ShownText::tip(key.isEmpty() ? tip : QStringLiteral("%1 (%2)").arg(tip, key));
     }
     case Qt::DecorationRole:
         if (group)

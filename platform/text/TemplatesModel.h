@@ -55,6 +55,12 @@ public:
     QModelIndex bestMatch() const;
     /// The index of a template: in the group of \a near if it is there, otherwise in its category.
     QModelIndex indexOf(const QString& templateKey, const QString& nearGroup = QString()) const;
+    /// The pinned template with this number, from 1 on, also if the filter hides it; empty if there is none.
+    QString pinned(int number) const;
+    /// Up to this number pinned templates have a key: Alt and the number.
+    static constexpr int PinnedKeys = 9;
+    /// "Alt+1" of the first pinned template, and so on; empty for the others.
+    QString shortcutOf(const QString& templateKey) const;
     bool contains(const QString& templateKey) const { return m_places.contains(templateKey); }
     /// The key of an index's group.
     QString groupOf(const QModelIndex& index) const;

@@ -300,6 +300,16 @@ bool TemplatesWidget::selectTemplate(const QString& key)
     return true;
 }
 
+bool TemplatesWidget::activatePinned(int number)
+{
+    refresh();
+    const QString key = m_model->pinned(number);
+    if (key.isEmpty() || !selectTemplate(key))
+        return false;
+    emit templateActivated();
+    return true;
+}
+
 MDRData* TemplatesWidget::currentTemplate() const
 {
     return recordByKeyLink(m_source->templates, m_chosen.toUtf8().constData());
@@ -327,11 +337,21 @@ void TemplatesWidget::showMenu(const QPoint& position)
     const QModelIndex index = m_form->templatesTree->indexAt(position);
     if (m_userKey.isEmpty() || !index.data(TemplatesModel::TemplateRole).toBool())
         return;
-    const bool pinned = m_favourites->pinned().contains(index.data(TemplatesModel::KeyRole).toString());
+    const QString key = index.data(TemplatesModel::KeyRole).toString();
+    const bool pinned = m_favourites->pinned().contains(key);
     m_pinAction->setText(pinned ? tr("Открепить") : tr("Закрепить"));
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addAction(m_pinAction);
+    if (const QString shortcut = m_model->shortcutOf(key); !shortcut.isEmpty()) {
+        QAction* write = menu->addAction(tr("Написать по шаблону"), this, [this, key] {
+            if (selectTemplate(key))
+                emit templateActivated();
+        });
+        write->setObjectName(QStringLiteral("writeAction"));
+        write->setShortcut(QKeySequence(shortcut));
+        write->setShortcutVisibleInContextMenu(true);
+    }
     menu->popup(m_form->templatesTree->viewport()->mapToGlobal(position));
 }
 

@@ -63,6 +63,8 @@ public:
     void clearSelection();
     /// Selects the template with this key; false and no change if it is not available.
     bool selectTemplate(const QString& key);
+    /// Chooses the pinned template with this number, from 1 on, as Enter does; false if there is none.
+    bool activatePinned(int number);
     /// The chosen template, a record of the templates table, or null. Get it again after each change of the
     /// table.
     MDRData* currentTemplate() const;

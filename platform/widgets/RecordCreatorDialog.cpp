@@ -50,6 +50,10 @@ void RecordCreatorDialog::connectWidgets()
         if (m_form->templatesWidget->isVisible())
             m_form->templatesWidget->startSearch();
     });
+    for (int number = 1; number <= 9; ++number) {
+        auto* shortcut = new QShortcut(Qt::ALT | Qt::Key(Qt::Key_0 + number), this);
+        connect(shortcut, &QShortcut::activated, this, [this, number] { choosePinned(number); });
+    }
     connect(m_form->saveButton, &QPushButton::clicked, this, &RecordCreatorDialog::save);
     connect(m_form->cancelButton, &QPushButton::clicked, this, &RecordCreatorDialog::requestClose);
     connect(m_form->templatesWidget, &TemplatesWidget::selectionChanged, this,

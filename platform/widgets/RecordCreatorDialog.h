@@ -51,6 +51,10 @@ public:
     /// visible with unsaved text it asks what to do with that text before it switches to the other record.
     void setCurrentRecord(MDRData* record);
 
+    /// Chooses a pinned template for the new record, from 1 on, and moves to its text; says so if there is none.
+    /// Does nothing while a record is edited or a question is open.
+    void choosePinned(int number);
+
     /// The template tables have changed. If visible, the tree is updated from the events passed to
     /// MessageData; selection and filled text stay. If hidden, the tables are reloaded when it is next
     /// shown.

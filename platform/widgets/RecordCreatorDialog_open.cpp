@@ -139,6 +139,17 @@ void RecordCreatorDialog::chooseTemplate()
     updateControls();
 }
 
+void RecordCreatorDialog::choosePinned(int number)
+{
+    if (m_mode != Mode::Create || m_openAsked || m_form->questionBar->isVisible())
+        return;
+    if (!m_form->templatesWidget->activatePinned(number))
+        m_form->noticeBar->tell(
+            NoticeBar::Information,
+            tr("У клавиш Alt+%1 нет шаблона: их получают первые девять закреплённых (Ctrl+D в дереве).")
+                .arg(number));
+}
+
 RecordDraft RecordCreatorDialog::draft() const
 {
     return m_form->recordFields->draft(m_row->before);

@@ -9,7 +9,8 @@ class CVrkCliApp;
 class QMenu;
 class QWidget;
 
-/// The entries of other modules in the context menu of a record (CVrkCliApp::recordEntries).
+/// The entries that every context menu of a record has: the user's bookmark on it (Bookmarks), and those of other modules
+/// (CVrkCliApp::recordEntries).
 namespace RecordEntries
 {
 /// Appends them to the menu, behind a separator. Their shortcuts work while \a view has the focus. \a key returns the

@@ -108,6 +108,12 @@ void JournalDialogs::showRecordCreator(MDRData* record)
     recordCreator->show();
 }
 
+void JournalDialogs::writePinned(int number)
+{
+    showRecordCreator(nullptr);
+    recordCreator->choosePinned(number);
+}
+
 void JournalDialogs::showCloseWorkshift(bool approveDrafts)
 {
     closeWorkshift->setApproveDraftRecords(approveDrafts);

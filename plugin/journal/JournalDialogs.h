@@ -41,6 +41,8 @@ public:
 
     /// Writes a new record, or edits this one.
     void showRecordCreator(MDRData* record);
+    /// A new record from the pinned template with this number, from 1 on.
+    void writePinned(int number);
     void showCloseWorkshift(bool approveDrafts);
     void showWorkshiftInfo();
     void showAppendWorker();

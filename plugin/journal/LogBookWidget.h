@@ -68,6 +68,8 @@ public slots:
     /// Shows the current records of this view as a report.
     void showReportDialog();
     void createRecordRequest();
+    /// A new record from the pinned template with this number, from 1 on.
+    void writePinnedRequest(int number);
     /// Shows the record dialog with a kept text: an edit on its record if that is still a draft, any other
     /// text as a new record.
     void showKeptRecord(const KeptTexts::Text& text);

@@ -97,6 +97,11 @@ void LogBookWidget::createRecordRequest()
     m_dialogs->showRecordCreator(nullptr);
 }
 
+void LogBookWidget::writePinnedRequest(int number)
+{
+    m_dialogs->writePinned(number);
+}
+
 void LogBookWidget::showKeptRecord(const KeptTexts::Text& text)
 {
     const bool isEdit = text.values.value(QStringLiteral("create")) == QStringLiteral("0");

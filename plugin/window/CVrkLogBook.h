@@ -70,6 +70,7 @@ private:
 
     void configureAddButton();
     void configurePaneButton();
+    void configurePinnedKeys();
     void configureToolBar();
     void configureTabBar();
     void createDialogs();

@@ -18,7 +18,21 @@ void CVrkLogBook::configureToolBar()
     m_toolBar->placeLabels(width());
     m_refusalShortcut = new QShortcut(m_toolBar->button("createButton")->shortcut(), this);
     connect(m_refusalShortcut, &QShortcut::activated, this, &CVrkLogBook::tellCreationRefusal);
+    configurePinnedKeys();
     configurePaneButton();
+}
+
+void CVrkLogBook::configurePinnedKeys()
+{
+    for (int number = 1; number <= 9; ++number) {
+        const auto* key = new QShortcut(Qt::ALT | Qt::Key(Qt::Key_0 + number), this);
+        connect(key, &QShortcut::activated, this, [this, number] {
+            if (m_toolBar->button("createButton")->isEnabled())
+                home()->writePinnedRequest(number);
+            else
+                tellCreationRefusal();
+        });
+    }
 }
 
 void CVrkLogBook::configurePaneButton()

@@ -89,6 +89,34 @@ private slots:
         QCOMPARE(listed(), QString());
     }
 
+    void abbreviationsOfTheSiteAreKept()
+    {
+        Options site;
+        const auto run = [&site](const QStringList& arguments) {
+            return site.call("abbreviations", arguments);
+        };
+        const auto listed = [&site, &run] {
+            run({QStringLiteral("list")});
+            return site.out;
+        };
+        const QString add = QStringLiteral("add");
+        QCOMPARE(listed(), QString());
+        QCOMPARE(run({add, QStringLiteral("откл."), QStringLiteral("отключено")}), Command::Success);
+        QCOMPARE(run({add, QStringLiteral("пс"), QStringLiteral("подстанция 110 кВ")}), Command::Success);
+        QCOMPARE(run({add, QStringLiteral("откл."), QStringLiteral("отключён")}), Command::Success);
+        QCOMPARE(listed(), QStringLiteral("откл. = отключён\nпс = подстанция 110 кВ\n"));
+        for (const char* bad : {"", "два слова", "1к", "<b>", "а\tб", "а\nб"})
+            QCOMPARE(run({add, QString::fromUtf8(bad), QStringLiteral("текст")}), Command::Failed);
+        for (const char* bad : {"", "две\nстроки", "а\tб"})
+            QCOMPARE(run({add, QStringLiteral("вл"), QString::fromUtf8(bad)}), Command::Failed);
+        QCOMPARE(run({add, QStringLiteral("вл")}), Command::WrongUsage);
+        QCOMPARE(run({QStringLiteral("remove"), QStringLiteral("пс"), QStringLiteral("нет")}),
+                 Command::Success);
+        QCOMPARE(listed(), QStringLiteral("откл. = отключён\n"));
+        QCOMPARE(run({QStringLiteral("remove"), QStringLiteral("откл.")}), Command::Success);
+        QCOMPARE(listed(), QString());
+    }
+
     void setWritesAndListTells()
     {
         Options options;

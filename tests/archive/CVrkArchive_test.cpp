@@ -82,6 +82,86 @@ private slots:
         QVERIFY(!m_bench->child<QPushButton>("moreButton")->isVisible());
     }
 
+    QString hiddenText()
+    {
+        const auto* label = m_bench->child<QLabel>("hiddenLabel");
+        return label->isVisible() ? label->text() : QString();
+    }
+    void filtersHideAndSayHowMuch()
+    {
+        record("A", "SHIFT_CDS_PAST", "На ПС Заречная отключена линия", 1, {{"WorkerKey", "WORKER_IVANOV"}});
+        record("B", "SHIFT_CDS_PAST",
+               "<html><head><meta name=\"template\" "
+               "content=\"time_exec=1;first_mark=:/markers/thunder_red.png\">"
+               "</head><body>Заземление линии</body></html>",
+               2);
+        record("C", "SHIFT_CDS_PAST", "Черновик о линии", 3, {{"status", 1}});
+        record("D", "SHIFT_CDS_PAST", "Осмотр линии", 4);
+        m_bench->write("LogbookFiles", ROW_INSERT, "FILE_D", {{"RecordKey", "D"}, {"fileName", "a.txt"}});
+        m_bench->start();
+        QCOMPARE(found("линия"), list("A B C D"));
+        QCOMPARE(hiddenText(), QString());
+        auto* all = m_bench->child<QPushButton>("showAllButton");
+        QVERIFY(!all->isVisible());
+
+        auto* text = m_bench->child<QLineEdit>("filterEdit");
+        typeText(text, QStringLiteral("РЕЧНАЯ отк"));
+        QCOMPARE(m_bench->keys(), list("A"));
+        QCOMPARE(hiddenText(), QStringLiteral("скрыто 3 записи"));
+        QCOMPARE(footer(), QStringLiteral("Найдено записей: 4"));
+        all->click();
+        QCOMPARE(m_bench->keys(), list("A B C D"));
+        QCOMPARE(text->text(), QString());
+        QVERIFY(!all->isVisible());
+
+        const auto only = [this, all](const char* button) {
+            m_bench->child<QAbstractButton>(button)->click();
+            const QStringList keys = m_bench->keys();
+            all->click();
+            return keys;
+        };
+        QCOMPARE(only("markedFilter"), list("B"));
+        QCOMPARE(only("undoneFilter"), list("B C"));
+        QCOMPARE(only("filesFilter"), list("D"));
+        auto* author = m_bench->child<QComboBox>("authorFilter");
+        QCOMPARE(author->count(), 3); // all, and the two of the found records
+        author->setCurrentIndex(author->findData(QByteArray("WORKER_IVANOV")));
+        QCOMPARE(m_bench->keys(), list("A"));
+        QCOMPARE(hiddenText(), QStringLiteral("скрыто 3 записи"));
+    }
+
+    void filtersStayForTheNextSearch()
+    {
+        record("A", "SHIFT_CDS_PAST", "Осмотр линии", 1);
+        record("B", "SHIFT_CDS_PAST", "Отключение линии", 2);
+        m_bench->start();
+        typeText(m_bench->child<QLineEdit>("filterEdit"), QStringLiteral("осмотр"));
+        QCOMPARE(found("линия"), list("A"));
+        QCOMPARE(hiddenText(), QStringLiteral("скрыта 1 запись"));
+        QCOMPARE(found("отключение линии"), QStringList());
+        QVERIFY(m_bench->child<QLabel>("emptyLabel")->text().contains(QStringLiteral("Показать все")));
+        QVERIFY(!m_bench->child<QAction>("printAction")->isEnabled());
+        m_bench->child<QPushButton>("clearButton")->click();
+        QCOMPARE(hiddenText(), QString());
+        QCOMPARE(found("линия"), list("A B"));
+    }
+
+    void hiddenRecordsAreCountedInRussian()
+    {
+        for (int i = 0; i < 21; ++i)
+            record(QByteArray("N" + QByteArray::number(i)).constData(), "SHIFT_CDS_PAST", "линия", 1 + i);
+        m_bench->start();
+        auto* text = m_bench->child<QLineEdit>("filterEdit");
+        text->setText(QStringLiteral("нет такого"));
+        found("линия");
+        QCOMPARE(hiddenText(), QStringLiteral("скрыта 21 запись"));
+        record("LAST", "SHIFT_CDS_PAST", "линия одна", 50);
+        for (int i = 0; i < 10; ++i)
+            m_bench->write("LogbookRecords", ROW_DELETE, QByteArray("N" + QByteArray::number(i)).constData());
+        found("линия");
+        QCOMPARE(hiddenText(), QStringLiteral("скрыто 12 записей"));
+    }
+
     void wordsAreFoundAndMarked()
     {
         record("A", "SHIFT_CDS_PAST", "<p>На ПС <b>Север</b>ная отключена &lt;линия&gt;</p>");

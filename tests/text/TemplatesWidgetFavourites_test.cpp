@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 /// Pinned and recently used templates come first in the tree.
@@ -87,9 +88,47 @@ private slots:
         auto* menu = tree.widget.findChild<QMenu*>();
         QVERIFY(menu);
         QCOMPARE(menu->actions().value(0)->text(), QStringLiteral("Открепить"));
+        QCOMPARE(menu->actions().value(1)->shortcut(), QKeySequence(QStringLiteral("Alt+1")));
+        QSignalSpy activated(&tree.widget, &TemplatesWidget::templateActivated);
+        menu->actions().value(1)->trigger();
+        QCOMPARE(activated.count(), 1);
         menu->actions().value(0)->trigger();
         QVERIFY(tree.rows().filter(QStringLiteral("Закреплённые")).isEmpty());
         menu->close();
+    }
+
+    void theFirstNinePinnedTemplatesHaveKeys()
+    {
+        Tree tree;
+        tree.widget.setUserKey(QStringLiteral("W1"));
+        for (int i = 1; i <= 10; ++i) {
+            const QByteArray key = "T_MANY" + QByteArray::number(i);
+            tree.templateRow(key.constData(), "COMMON", ("Многие " + QByteArray::number(i)).constData());
+        }
+        tree.widget.reloadTemplates();
+        tree.show();
+        for (int i = 10; i >= 1; --i) {
+            tree.click(QStringLiteral("Многие %1").arg(i));
+            tree.view()->setFocus();
+            QTest::keyClick(tree.view(), Qt::Key_D, Qt::ControlModifier);
+        }
+        const QAbstractItemModel* model = tree.view()->model();
+        QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("Закреплённые"));
+        for (int row = 0; row < 10; ++row) {
+            const QModelIndex index = model->index(row, 0, model->index(0, 0));
+            QCOMPARE(index.data().toString(), QStringLiteral("Многие %1").arg(10 - row));
+            const QString key = QStringLiteral("(Alt+%1)").arg(row + 1);
+            QCOMPARE(index.data(Qt::ToolTipRole).toString().contains(key), row < 9);
+        }
+        QSignalSpy activated(&tree.widget, &TemplatesWidget::templateActivated);
+        QVERIFY(tree.widget.activatePinned(2));
+        QCOMPARE(tree.widget.currentTemplateKey(), QStringLiteral("T_MANY9"));
+        tree.search()->setText(QStringLiteral("перетока"));
+        QVERIFY(tree.widget.activatePinned(9));
+        QCOMPARE(tree.widget.currentTemplateKey(), QStringLiteral("T_MANY2"));
+        QCOMPARE(activated.count(), 2);
+        QVERIFY(!tree.widget.activatePinned(11));
+        QCOMPARE(activated.count(), 2);
     }
 
     void withoutAUserNothingIsPinnedOrRecent()

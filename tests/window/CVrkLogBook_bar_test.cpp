@@ -6,6 +6,8 @@
 #include "ReportDialog.h"
 #include "Row.h"
 #include "SecondMarkerDialog.h"
+#include "TemplatesWidget.h"
+#include "TestFolder.h"
 #include "TimeExecutionDialog.h"
 
 #include <QClipboard>
@@ -13,9 +15,11 @@
 #include <QLayout>
 #include <QMenu>
 #include <QMimeData>
+#include <QSettings>
 #include <QShortcut>
 #include <QTabBar>
 #include <QTableView>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
@@ -138,7 +142,15 @@ private:
                                           "SELECT html FROM LogbookRecords WHERE KeyLink='REC_ORDER'"))}}}}));
     }
 
+    QTemporaryDir m_settings{testFolderTemplate()};
+
 private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("vrk-test"));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+    }
+
     void theBarOffersWhatMayBeDone_data()
     {
         QTest::addColumn<QByteArray>("login");
@@ -306,10 +318,11 @@ private slots:
         QCOMPARE(expected(menu("signButton")),
                  QStringLiteral("Поставить визу на текущую запись;Поставить визу на все записи"));
         desk.select("REC_OPENING");
-        QCOMPARE(expected(recordMenu(desk)),
-                 QStringLiteral(
-                     "Время выполнения...;Второй маркер...;|;Утвердить текущую запись;Поставить визу "
-                     "на текущую запись;Перейти к первичной записи;|;Копировать запись;Вставить запись"));
+        QCOMPARE(
+            expected(recordMenu(desk)),
+            QStringLiteral("Время выполнения...;Второй маркер...;|;Утвердить текущую запись;Поставить визу "
+                           "на текущую запись;Перейти к первичной записи;|;Копировать запись;Вставить "
+                           "запись;|;Закладка"));
         const std::pair<QAction*, const char*> icons[] = {
             {desk.child<QAction>("currentWorkshiftAction"), nullptr},
             {desk.child<QAction>("chooseWorkshiftAction"), ":/icons/workshift.png"},
@@ -665,6 +678,41 @@ private slots:
         QVERIFY2(desk.box()->text().contains(why), qPrintable(desk.box()->text()));
         desk.answer(QDialogButtonBox::AcceptRole);
         QVERIFY(!desk.box());
+        QTest::keyClick(&desk.window(), Qt::Key_1, Qt::AltModifier);
+        QVERIFY(desk.box());
+        QVERIFY(!desk.window().findChild<RecordCreatorDialog*>()->isVisible());
+        desk.answer(QDialogButtonBox::AcceptRole);
+    }
+
+    void pinnedTemplatesAreWrittenByTheirKeys()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        auto* dialog = desk.window().findChild<RecordCreatorDialog*>();
+        auto* tree = dialog->findChild<TemplatesWidget*>();
+        const auto press = [](QWidget* window, Qt::Key key) {
+            QVERIFY(QTest::qWaitForWindowActive(window));
+            QTest::keyClick(window, key, Qt::AltModifier);
+        };
+        press(&desk.window(), Qt::Key_1);
+        QTRY_VERIFY(dialog->isVisible());
+        QCOMPARE(tree->currentTemplateKey(), QString());
+        const auto* bar = dialog->findChild<QWidget*>(QStringLiteral("noticeBar"));
+        QVERIFY(bar->isVisible());
+        for (const char* key : {"TPL_TRIP", "TPL_ORDER"}) {
+            QVERIFY(tree->selectTemplate(QLatin1String(key)));
+            tree->findChild<QAction*>(QStringLiteral("pinAction"))->trigger();
+        }
+        tree->clearSelection();
+        press(dialog, Qt::Key_2);
+        QCOMPARE(tree->currentTemplateKey(), QStringLiteral("TPL_ORDER"));
+        QVERIFY(dialog->focusWidget());
+        QVERIFY(!tree->isAncestorOf(dialog->focusWidget()));
+        dialog->close();
+        press(&desk.window(), Qt::Key_1);
+        QTRY_VERIFY(dialog->isVisible());
+        QCOMPARE(tree->currentTemplateKey(), QStringLiteral("TPL_TRIP"));
+        QVERIFY(!bar->isVisible());
     }
 
     void whereARecordCanBeWrittenTheKeyWritesIt()

@@ -177,7 +177,7 @@ private slots:
     {
         QTest::addColumn<QString>("module");
         for (const char* module :
-             {"logbook", "template", "converter", "unfinished", "archive", "history", "past"})
+             {"logbook", "template", "converter", "unfinished", "archive", "bookmarks", "history", "past"})
             QTest::newRow(module) << QString::fromLatin1(module);
     }
     void windowsCanBeUsedWithoutMouseAndSight()

@@ -41,8 +41,9 @@ private slots:
     void theBuiltOnesAreFound()
     {
         const PluginCatalog built;
-        QCOMPARE(names(built), QStringLiteral("logbook template converter unfinished archive history past")
-                                   .split(QLatin1Char(' ')));
+        QCOMPARE(names(built),
+                 QStringLiteral("logbook template converter unfinished archive bookmarks history past")
+                     .split(QLatin1Char(' ')));
         QCOMPARE(built.module(QStringLiteral("ARCHIVE"))->title, QStringLiteral("Поиск по архиву"));
         QCOMPARE(built.module(QStringLiteral("converter"))->right, QStringLiteral("ADMINISTRATOR"));
         QCOMPARE(built.recordModules().size(), 1);
@@ -101,7 +102,7 @@ private slots:
         QVERIFY(program.waitForFinished(60000));
         QCOMPARE(program.exitCode(), 0);
         const QString reported = QString::fromUtf8(program.readAllStandardOutput());
-        QCOMPARE(reported.count(QLatin1Char('\n')), 7);
+        QCOMPARE(reported.count(QLatin1Char('\n')), 8);
         QVERIFY(reported.contains(
             QRegularExpression(QStringLiteral("unfinished +Незавершённое: .*libVrkArchive\\.so\\.1"))));
     }
@@ -138,11 +139,12 @@ private slots:
         auto* menu = journal->findChild<QMenu*>(QStringLiteral("recordMenu"));
         QVERIFY(menu);
         // The journal's own entries keep their places.
-        QCOMPARE(menu->actions().size(), 11);
+        QCOMPARE(menu->actions().size(), 12);
         QCOMPARE(menu->actions().at(8)->text(), QStringLiteral("Вставить запись"));
         QVERIFY(menu->actions().at(9)->isSeparator());
-        QCOMPARE(menu->actions().at(10)->text(), QStringLiteral("История записи"));
-        menu->actions().at(10)->trigger();
+        QCOMPARE(menu->actions().at(10)->text(), QStringLiteral("Закладка"));
+        QCOMPARE(menu->actions().at(11)->text(), QStringLiteral("История записи"));
+        menu->actions().at(11)->trigger();
         CVrkCliMod* history = host.module(QStringLiteral("history"));
         QVERIFY(history);
         auto* changes = history->findChild<QTableView*>(QStringLiteral("changeTable"));

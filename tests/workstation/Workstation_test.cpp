@@ -116,6 +116,7 @@ private slots:
             << "template" << QStringLiteral("Конфигуратор шаболнов Оперативного журнала");
         QTest::newRow("converter") << "converter" << QStringLiteral("Конвертер шаблонов и параметров ОЖ");
         QTest::newRow("unfinished") << "unfinished" << QStringLiteral("Незавершённое");
+        QTest::newRow("bookmarks") << "bookmarks" << QStringLiteral("Закладки");
         QTest::newRow("archive") << "archive" << QStringLiteral("Поиск по архиву");
         QTest::newRow("history") << "history" << QStringLiteral("История записи");
         QTest::newRow("past") << "past" << QStringLiteral("Журнал на момент");

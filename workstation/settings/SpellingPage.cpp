@@ -24,6 +24,11 @@ SpellingPage::SpellingPage(UserSettings* settings, SpellDictionary* dictionary, 
     box->setEnabled(isInstalled);
     addRow(tr("Мой словарь"), makeWords(), tr("Слова, которые вы добавили правой кнопкой мыши в тексте."),
            tr("орфография слово удалить"));
+    addSwitch(
+        Setting::abbreviations, tr("Разворачивать сокращения"),
+        tr("Набрав сокращение из списка организации и пробел или знак препинания, вы получите полный текст. "
+           "Ctrl+Z возвращает сокращение. Список ведёт администратор."),
+        tr("аббревиатуры автозамена"));
     connect(dictionary, &SpellDictionary::changed, this, &SpellingPage::showWords);
     showWords();
 }
