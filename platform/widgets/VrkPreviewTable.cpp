@@ -71,6 +71,7 @@ VrkPreviewTable::Cell recordCell(const QModelIndex& index, const VrkTableModel* 
         return cell;
     }
     cell.icon = iconOf(index.data(Qt::DecorationRole));
+    cell.meaning = index.data(Qt::AccessibleTextRole).toString();
     append(&cell, VrkTableDelegate::laidOutText(index.data().toString()), base);
     cell.isCentred = !cell.icon.isNull() && cell.text.isEmpty();
     return cell;
@@ -97,6 +98,7 @@ VrkPreviewTable VrkPreviewTable::of(QTableView* view, int maxColumnWidth)
         table.widths.append(view->columnWidth(column));
         Cell cell = boldCell(model->headerData(column, Qt::Horizontal).toString());
         cell.icon = iconOf(model->headerData(column, Qt::Horizontal, Qt::DecorationRole));
+        cell.meaning = model->headerData(column, Qt::Horizontal, Qt::AccessibleTextRole).toString();
         table.header.cells.append(cell);
     }
     if (columns.isEmpty())

@@ -15,7 +15,9 @@ struct VrkPreviewTable {
     struct Cell {
         QString text; ///< lines end with QChar::LineSeparator
         QVector<QTextLayout::FormatRange> formats;
-        QPixmap icon; ///< larger than on the screen, since printers have a higher resolution
+        QPixmap icon;                ///< larger than on the screen, since printers have a higher resolution
+        QString meaning = QString(); ///< of an icon, in words
+        QString link = QString();    ///< address of another page, only for HTML
         bool isCentred = false;
     };
     struct Row {

@@ -1,14 +1,13 @@
 #include "VrkPreviewWindow.h"
 
 #include "FileSaver.h"
+#include "VrkPreviewHtml.h"
+#include "VrkPreviewPaper.h"
 #include "WrapLayout.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QBuffer>
 #include <QLabel>
-#include <QPainter>
-#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrintPreviewWidget>
@@ -19,8 +18,6 @@
 
 namespace
 {
-constexpr qreal marginMillimetres = 12;
-
 /// Shows the progress of a long operation; the user can cancel it.
 class Progress
 {
@@ -44,15 +41,6 @@ public:
 private:
     QProgressDialog m_dialog;
 };
-
-void setUpPage(QPagedPaintDevice* device, QPageLayout::Orientation orientation)
-{
-    device->setPageSize(QPageSize(QPageSize::A4));
-    device->setPageOrientation(orientation);
-    device->setPageMargins(
-        QMarginsF(marginMillimetres, marginMillimetres, marginMillimetres, marginMillimetres),
-        QPageLayout::Millimeter);
-}
 } // namespace
 
 VrkPreviewWindow::Asking& VrkPreviewWindow::asking()
@@ -68,19 +56,23 @@ VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
 {
     setObjectName(QStringLiteral("VrkPreviewWindow"));
     m_printer->setOutputFormat(QPrinter::PdfFormat); // a preview needs no printer
-    setUpPage(m_printer.get(), QPageLayout::Landscape);
+    VrkPreviewPaper::setUp(m_printer.get(), QPageLayout::Landscape);
     m_preview = std::make_unique<QPrintPreviewWidget>(m_printer.get(), this);
     m_preview->setObjectName(QStringLiteral("previewWidget"));
     m_pageLabel = new QLabel(this);
     m_pageLabel->setObjectName(QStringLiteral("pageLabel"));
     m_saver =
         new FileSaver({tr("Сохранение в PDF"), tr("Документы PDF (*.pdf)"), QStringLiteral("pdf")}, this);
+    m_htmlSaver =
+        new FileSaver({tr("Сохранение в HTML"), tr("Страницы HTML (*.html)"), QStringLiteral("html")}, this);
+    m_htmlSaver->setObjectName(QStringLiteral("htmlSaver"));
     auto* page = new QWidget(this);
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(makeBar());
     column->addWidget(m_saver);
+    column->addWidget(m_htmlSaver);
     column->addWidget(m_preview.get(), 1);
     setCentralWidget(page);
     connect(m_preview.get(), &QPrintPreviewWidget::paintRequested, this,
@@ -118,12 +110,20 @@ QWidget* VrkPreviewWindow::makeBar()
     };
     add("printAction", tr("Печать..."), QKeySequence::Print, [this] { print(); });
     add("pdfAction", tr("Сохранить в PDF..."), QKeySequence::Save, [this] {
+        m_htmlSaver->hide();
         m_saver->save(m_folder, m_fileName, [this](QByteArray* bytes) { return writePdf(bytes); });
+    });
+    add("htmlAction", tr("Сохранить в HTML..."), QKeySequence(), [this] {
+        m_saver->hide();
+        m_htmlSaver->save(m_folder, m_fileName, [this](QByteArray* bytes) {
+            *bytes = VrkPreviewHtml::page(table());
+            return true;
+        });
     });
     QAction* portrait = add("portraitAction", tr("Книжная"), QKeySequence(), [] {});
     portrait->setCheckable(true);
     connect(portrait, &QAction::toggled, this, [this](bool on) {
-        setUpPage(m_printer.get(), on ? QPageLayout::Portrait : QPageLayout::Landscape);
+        VrkPreviewPaper::setUp(m_printer.get(), on ? QPageLayout::Portrait : QPageLayout::Landscape);
         m_preview->updatePreview();
         if (m_isCancelled)
             close(); // a part of the pages would be mistaken for the whole document
@@ -164,41 +164,31 @@ void VrkPreviewWindow::updatePageLabel()
     m_pageLabel->setText(tr(" Страница %1 из %2 ").arg(m_preview->currentPage()).arg(m_preview->pageCount()));
 }
 
-bool VrkPreviewWindow::paintPages(QPagedPaintDevice* device)
+bool VrkPreviewWindow::withProgress(const std::function<bool(const VrkPreviewPages::Progress&)>& work)
 {
     const int rows = m_pages.table().rows.size();
     std::unique_ptr<Progress> progress;
     if (rows >= VrkPreviewPages::manyRows)
         progress = std::make_unique<Progress>(isVisible() ? this : parentWidget(), windowTitle(), 2 * rows);
-    const auto goesOn = [&](int done, int) {
+    m_isCancelled = false;
+    return work([&](int done, int) {
         m_isCancelled = progress && !progress->step(done);
         return !m_isCancelled;
-    };
+    });
+}
 
-    constexpr qreal unitsPerPoint = VrkPreviewPages::unitsPerInch / 72;
-    m_isCancelled = false;
-    const QSizeF page = device->pageLayout().paintRect(QPageLayout::Point).size() * unitsPerPoint;
-    if (!m_pages.layOut(page, goesOn))
-        return false;
-    QPainter painter(device);
-    if (!painter.isActive())
-        return true;
-    painter.scale(device->width() / page.width(), device->height() / page.height());
-    for (int i = 0; i < m_pages.count(); ++i) {
-        if (!goesOn(rows + rows * i / m_pages.count(), 2 * rows))
-            return false;
-        if (i > 0)
-            device->newPage();
-        m_pages.paint(&painter, i);
-    }
-    return true;
+bool VrkPreviewWindow::paintPages(QPagedPaintDevice* device)
+{
+    return withProgress([&](const VrkPreviewPages::Progress& progress) {
+        return VrkPreviewPaper::paint(&m_pages, device, progress);
+    });
 }
 
 void VrkPreviewWindow::print()
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(windowTitle());
-    setUpPage(&printer, m_printer->pageLayout().orientation());
+    VrkPreviewPaper::setUp(&printer, m_printer->pageLayout().orientation());
     if (asking().printer(this, &printer) && !paintPages(&printer))
         printer.abort();
 }
@@ -208,16 +198,15 @@ void VrkPreviewWindow::setFile(const QString& folder, const QString& name)
     m_folder = folder;
     m_fileName = name;
     m_saver->hide(); // it speaks about another document
+    m_htmlSaver->hide();
 }
 
 bool VrkPreviewWindow::writePdf(QByteArray* bytes)
 {
-    QBuffer buffer(bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setTitle(windowTitle());
-    setUpPage(&writer, m_printer->pageLayout().orientation());
-    return paintPages(&writer);
+    return withProgress([&](const VrkPreviewPages::Progress& progress) {
+        return VrkPreviewPaper::writePdf(&m_pages, windowTitle(), m_printer->pageLayout().orientation(),
+                                         bytes, progress);
+    });
 }
 
 bool VrkPreviewWindow::savePdf(const QString& file)

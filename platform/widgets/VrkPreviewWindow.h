@@ -12,7 +12,7 @@ class QPagedPaintDevice;
 class QPrinter;
 class QPrintPreviewWidget;
 
-/// The preview: pages as they will be printed, with printing and saving as PDF (FileSaver).
+/// The preview: pages as they will be printed, with printing and saving as PDF and HTML (FileSaver).
 class VrkPreviewWindow : public QMainWindow
 {
     Q_OBJECT
@@ -34,14 +34,16 @@ public:
     /// The shown table.
     const VrkPreviewTable& table() const { return m_pages.table(); }
     int pageCount() const;
-    /// The place and the name, without suffix, that are proposed for the PDF.
+    /// The place and the name, without suffix, that are proposed for the file.
     void setFile(const QString& folder, const QString& name);
     /// Writes all pages; false if the file cannot be written or the user cancelled: then an existing file
     /// is unchanged.
     bool savePdf(const QString& file);
 
 private:
-    /// Shows progress for many rows; false if the user cancelled; the pages painted so far remain.
+    /// Shows progress for many rows.
+    bool withProgress(const std::function<bool(const VrkPreviewPages::Progress&)>& work);
+    /// False if the user cancelled; the pages painted so far remain.
     bool paintPages(QPagedPaintDevice* device);
     bool writePdf(QByteArray* bytes);
     void print();
@@ -53,6 +55,7 @@ private:
     std::unique_ptr<QPrintPreviewWidget> m_preview; ///< destroyed before its printer
     QLabel* m_pageLabel;
     FileSaver* m_saver;
+    FileSaver* m_htmlSaver;
     QString m_folder;
     QString m_fileName;
     bool m_isCancelled = false; ///< refers to the last painting

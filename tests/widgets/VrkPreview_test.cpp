@@ -531,7 +531,9 @@ private slots:
         bool isPrinting = false;
         FileSaver::asking().file = [&](QWidget*, const FileSaver::Kind& kind, const QString& file) {
             proposed = file;
-            return kind.title == QStringLiteral("Сохранение в PDF") ? answer : QString();
+            return kind.title == QStringLiteral("Сохранение в PDF") || kind.suffix == QLatin1String("html")
+                       ? answer
+                       : QString();
         };
         VrkPreviewWindow::asking() = {[&](QWidget*, QPrinter* printer) {
             printer->setOutputFormat(QPrinter::PdfFormat);
@@ -545,7 +547,7 @@ private slots:
             QFile file(folder.filePath(QString::fromUtf8(name)));
             return file.open(QIODevice::ReadOnly) ? file.read(5) : QByteArray();
         };
-        const auto* notice = window()->findChild<FileSaver*>();
+        const auto* notice = window()->findChild<FileSaver*>(QStringLiteral("fileSaver"));
 
         press("pdfAction"); // cancelled
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
@@ -558,8 +560,14 @@ private slots:
                  qPrintable(notice->text()));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1); // no other file
 
+        press("htmlAction");
+        QVERIFY(begins("отчет.html") == "<!DOC");
+        const auto* htmlNotice = window()->findChild<FileSaver*>(QStringLiteral("htmlSaver"));
+        QVERIFY(htmlNotice->isVisible() && !notice->isVisible()); // one line at a time
+
         answer = folder.filePath(QStringLiteral("nowhere/отчет.pdf"));
         press("pdfAction");
+        QVERIFY(!htmlNotice->isVisible());
         QCOMPARE(notice->text(), QStringLiteral("Файл «отчет.pdf» не сохранён: папки «nowhere» нет."));
         preview.showDocument(); // another document
         QVERIFY(!notice->isVisible());
@@ -583,7 +591,7 @@ private slots:
             window()->resize(width, window()->height());
             const auto* bar = window()->findChild<QWidget*>(QStringLiteral("previewBar"));
             const auto buttons = bar->findChildren<QToolButton*>();
-            QCOMPARE(buttons.size(), 9);
+            QCOMPARE(buttons.size(), 10);
             QTRY_COMPARE(bar->width(), qMax(width, window()->minimumWidth()));
             for (const QToolButton* button : buttons) {
                 QVERIFY(button->isVisible());
