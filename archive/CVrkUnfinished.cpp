@@ -11,6 +11,7 @@
 #include "Row.h"
 #include "TEventNciParse.h"
 #include "UnfinishedFilter.h"
+#include "UnfinishedRecords.h"
 #include "VrkTableProxyModel.h"
 #include "VrkTableTool.h"
 
@@ -28,17 +29,6 @@ const char daysKey[] = "Unfinished/days";
 const char kindsKey[] = "Unfinished/kinds";
 constexpr int secondsADay = 24 * 3600;
 constexpr int allKinds = RecordRules::ExecutionTime | RecordRules::SecondMarker | RecordRules::Approval;
-
-int lacksOf(const Row& record, bool isShiftClosed)
-{
-    RecordRules::State state;
-    state.html = record.bytes(Field::html).toStdString();
-    state.status = record.number(Field::status, StatusDeleted);
-    state.hasExecutionTime = record.has(Field::executionTime);
-    state.hasSecondMark = record.has(Field::secondMarkTime);
-    state.isShiftClosed = isShiftClosed;
-    return RecordRules::lacksOf(state);
-}
 } // namespace
 
 CVrkUnfinished::CVrkUnfinished(CVrkCliApp* app)
@@ -189,22 +179,6 @@ void CVrkUnfinished::setKinds(int kinds)
     showCounts();
 }
 
-QString CVrkUnfinished::select(const QString& condition) const
-{
-    // RecordRules reads the templates' properties exactly; this only skips records that cannot have them.
-    return QStringLiteral(
-               "SELECT R.*, W.DepartmentKey, W.startTime, W.endTime, W.CloseWorkerKey FROM LogbookRecords AS "
-               "R "
-               "INNER JOIN LogbookWorkshifts AS W ON W.KeyLink = R.ShiftKey WHERE W.DepartmentKey = '%1' AND "
-               "%2 "
-               "AND (R.status = 1 AND W.CloseWorkerKey <> '' OR R.status = 0 AND ("
-               "R.html LIKE '%time_exec%' AND (R.executionTime IS NULL OR R.executionTime = 0) OR "
-               "R.html LIKE '%second_mark%' AND (R.secondMarkTime IS NULL OR R.secondMarkTime = 0))) "
-               "ORDER BY R.recordTime")
-        .replace(QLatin1String("%1"), QString::fromUtf8(m_departmentKey))
-        .replace(QLatin1String("%2"), condition);
-}
-
 double CVrkUnfinished::firstTime() const
 {
     return session()->GetHfnTime() - static_cast<double>(m_days->value()) * secondsADay;
@@ -215,8 +189,7 @@ void CVrkUnfinished::reload()
     if (!m_isStarted)
         return;
     CMDArray answer;
-    answer = session()->SqlRequest(
-        select(QStringLiteral("R.recordTime >= ") + QString::number(firstTime(), 'g', 10)).toUtf8());
+    answer = session()->SqlRequest(UnfinishedRecords::selectSince(m_departmentKey, firstTime()).toUtf8());
     m_failure.clear();
     if (!answer.array) { // the shown records stay: that is better than an empty list, which would say that
                          // nothing is unfinished
@@ -225,26 +198,15 @@ void CVrkUnfinished::reload()
         return;
     }
     m_shifts.clear();
+    for (int i = 0; i < answer.RecCount(); ++i) {
+        const Row row(MDARec(answer.array, 0, i));
+        m_shifts[row.copy(Field::ShiftKey)] = shiftOf(row);
+    }
     // The list copies its content by position. Compute first what each record is missing (column `lacks`).
     CMDArray judged;
     MDACreate(&judged.array, 0);
     MDACopy(judged.array, m_list->records().array, 0);
-    for (int i = 0; i < answer.RecCount(); ++i) {
-        const Row row(MDARec(answer.array, 0, i));
-        Shift& of = m_shifts[row.copy(Field::ShiftKey)];
-        of = shiftOf(row);
-        MDRData* record = MDARecNew(judged.array);
-        for (int number = 0; number < MDAFldCount(judged.array) - 1; ++number) {
-            const MDRVar one = row.value(MDRFldByNum(judged.array, number)->name);
-            MDRSetVal(MDRFldByNum(judged.array, number), record, &one);
-        }
-        const int lacks = lacksOf(Row(record), of.isClosed);
-        judged.SetValF(record, Field::lacks, MDRValue::number(lacks));
-        if (lacks)
-            judged.RecPost(record);
-        else
-            MDARecDel(record);
-    }
+    UnfinishedRecords::judge(answer.array, &judged);
     m_list->replace(judged.array);
     showCounts();
 }
@@ -282,7 +244,7 @@ void CVrkUnfinished::take(MDRData* record)
     const Row row(record);
     const Shift of = shift(row.copy(Field::ShiftKey));
     const bool isListed = of.isOurs && row.time(Field::recordTime) >= firstTime();
-    const int lacks = isListed ? lacksOf(row, of.isClosed) : 0;
+    const int lacks = isListed ? UnfinishedRecords::lacksOf(row, of.isClosed) : 0;
     if (lacks == 0) {
         MDARecDel(record);
         return;
@@ -329,7 +291,9 @@ void CVrkUnfinished::shiftEvent(const TEventNciParse& event)
     // The shift is closed: its drafts are now unfinished.
     CMDArray answer;
     answer = session()->SqlRequest(
-        select(QStringLiteral("R.ShiftKey = '%1'").arg(QString::fromUtf8(key))).toUtf8());
+        UnfinishedRecords::select(m_departmentKey,
+                                  QStringLiteral("R.ShiftKey = '%1'").arg(QString::fromUtf8(key)))
+            .toUtf8());
     for (int i = 0; i < answer.RecCount(); ++i) {
         const MDRData* row = MDARec(answer.array, 0, i);
         if (!m_list->contains(Row(row).key()))

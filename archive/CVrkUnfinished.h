@@ -46,7 +46,6 @@ private:
     void makeBar();
     void makeOutput();
     void reload();
-    QString select(const QString& condition) const;
     /// Adds a fresh record of the list if something is unfinished in it, otherwise discards it.
     void take(MDRData* record);
     void recordEvent(const TEventNciParse& event);

@@ -3,38 +3,22 @@
 #include "CVrkCliApp.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
-#include "Filters.h"
-#include "IconCells.h"
-#include "LogbookFields.h"
-#include "LogbookTables.h"
-#include "TextCells.h"
 #include "ui_ReportDialog.h"
 #include "UserSettings.h"
 #include "VrkPreview.h"
-#include "VrkTableModel.h"
-#include "VrkTableProxyModel.h"
 
 #include <QKeyEvent>
 #include <QToolBar>
 #include <QToolButton>
 
 ReportDialog::ReportDialog(QWidget* parent, int flag)
-    : CPopTemplate(parent, flag),
-      m_form(new Ui::ReportDialog),
-      m_records(LogbookTable::Records, LogbookRecordExtFields, ""),
-      m_preview(new VrkPreview(this)),
-      m_tableTool(std::make_unique<VrkTableTool>(this)),
-      m_filter(new FilterOnlyApprove(this))
+    : CPopTemplate(parent, flag), m_form(new Ui::ReportDialog), m_preview(new VrkPreview(this))
 {
     m_form->setupUi(this);
     setWindowIcon(QIcon(QStringLiteral(":/icons/report.png")));
     createToolBar();
 
-    m_tableTool->setTableView(m_form->recordsTable);
-    m_tableTool->setCMDArray(&m_records.data);
-    m_tableTool->setDefaultSettingsView();
-    m_tableTool->proxy()->setFilterRows(m_filter);
-
+    m_table = std::make_unique<ReportTable>(m_form->recordsTable, module()->session(), this);
     m_preview->setWindowIcon(QIcon(QStringLiteral(":/icons/preview.png")));
     m_preview->setWindowTitle(tr("Печать отчета"));
     m_preview->setHeaderBackgroundColor(Qt::gray);
@@ -67,57 +51,18 @@ void ReportDialog::createToolBar()
 
 void ReportDialog::setWorkersTable(CModelTable* table)
 {
-    m_workers = table;
-    createTableColumns();
+    m_table->setWorkersTable(table);
     updateApprove();
-}
-
-void ReportDialog::createTableColumns()
-{
-    CVrkCliSes* session = module()->session();
-    auto* color = new ColorCell(this);
-    auto* time = new DateTimeCell(QStringLiteral("hh:mm"), session, this);
-    auto* worker = new WorkerCell(m_workers, this);
-    auto* status = new StatusCell(this);
-    auto* direction = new DirectionCell(this);
-    auto* text = new StrikeOutCell(m_form->recordsTable->font(), this);
-    text->setRoleRedirect(Qt::ForegroundRole, color);
-    for (AbstractHfnCellConversion* cell : std::initializer_list<AbstractHfnCellConversion*>{time, worker}) {
-        cell->setRoleRedirect(Qt::ForegroundRole, color);
-        cell->setRoleRedirect(Qt::FontRole, text);
-    }
-
-    const auto twoLines = [](const QString& first, const QString& second) {
-        return first + QLatin1Char('\n') + second;
-    };
-    m_tableTool->model()->setTextCodec(session->codec());
-    m_tableTool->setColumns({
-        {Field::status, status, tr("Статус")},
-        {Field::recordTime, time, twoLines(tr("Время"), tr("записи"))},
-        {Field::eventTime, time, twoLines(tr("Время"), tr("события"))},
-        {Field::WorkerKey, worker, tr("Автор")},
-        {Field::direction, direction, QString(), ":/icons/direction.png"},
-        {Field::ReceiverWorkerKey, worker, twoLines(tr("Кто"), tr("Кому"))},
-        {Field::VisaWorkerKey, worker, tr("Виза")},
-        {Field::executionTime, time, twoLines(tr("Время"), tr("выполнения"))},
-        {Field::html, text, tr("Текст")},
-    });
-    m_tableTool->sortByColumn(QLatin1String(Field::recordTime), Qt::AscendingOrder);
-    m_tableTool->adjustColumnsWidth();
 }
 
 void ReportDialog::setRecordsTable(CModelTable* table)
 {
-    constexpr int noTable = -3;
-    CMDArray& records = m_records.data;
-    m_tableTool->model()->beginResetModel();
-    records.lastError = table ? MDACopy(records.array, table->data.array, 1) : noTable;
-    m_tableTool->model()->endResetModel();
+    m_table->setRecordsTable(table);
 }
 
 void ReportDialog::setDayLines(VrkTableTool::DayLines lines)
 {
-    m_tableTool->setDayLines(lines);
+    m_table->setDayLines(lines);
 }
 
 void ReportDialog::setReportTitle(const QString& title, const QString& period)
@@ -127,9 +72,7 @@ void ReportDialog::setReportTitle(const QString& title, const QString& period)
 
 void ReportDialog::updateApprove()
 {
-    const bool isOnlyApproved = m_approveButton->isChecked();
-    m_filter->setEnabled(isOnlyApproved);
-    m_tableTool->setColumnVisible(QLatin1String(Field::status), !isOnlyApproved);
+    m_table->setOnlyApproved(m_approveButton->isChecked());
 }
 
 void ReportDialog::showPreview()

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "CModelTable.h"
 #include "CPopTemplate.h"
-#include "VrkTableTool.h"
+#include "ReportTable.h"
 
 #include <memory>
 
-class FilterOnlyApprove;
 class QToolButton;
 class VrkPreview;
 
@@ -32,10 +30,10 @@ public:
     void setRecordsTable(CModelTable* table);
     void setDayLines(VrkTableTool::DayLines lines);
     void setReportTitle(const QString& title, const QString& period);
-    /// The name proposed for a PDF, without suffix.
+    /// The name proposed for a file, without suffix.
     void setFileName(const QString& name) { m_fileName = name; }
     /// Code of the last copy.
-    int lastError() const { return m_records.data.lastError; }
+    int lastError() const { return m_table->lastError(); }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -43,16 +41,12 @@ protected:
 
 private:
     void createToolBar();
-    void createTableColumns();
     void updateApprove();
     void showPreview();
 
     std::unique_ptr<Ui::ReportDialog> m_form;
-    CModelTable m_records;
-    CModelTable* m_workers = nullptr;
+    std::unique_ptr<ReportTable> m_table;
     VrkPreview* m_preview;
-    std::unique_ptr<VrkTableTool> m_tableTool; ///< destroyed before the records that it shows
-    FilterOnlyApprove* m_filter;
     QToolButton* m_approveButton = nullptr;
     QString m_fileName;
 };
