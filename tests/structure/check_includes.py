@@ -3,7 +3,7 @@
 
 A floor of the platform includes itself and the floors below it; the plug-ins include the platform above the store and
 nothing of each other; the host includes the platform above the store and no header of a plug-in; the admin tool includes hfn,
-store and demo. The rooms of the journal's plug-in and of the store are floors, too. A form counts as the header that is made of it.
+store and demo, the reports also what the plug-ins print with. The rooms of the journal's plug-in and of the store are floors, too. A form counts as the header that is made of it.
 A file belongs to the longest entry that matches its path, so an entry may also be a single file.
 """
 import pathlib
@@ -47,6 +47,7 @@ ALLOWED = {
                             "window"),
     "archive": ABOVE_STORE | {"archive"},
     "workstation": ABOVE_STORE | {"workstation"},
+    "report": STORE | ABOVE_STORE | {"plugin/base", "plugin/records", "plugin/journal", "archive", "report"},
     "demo": STORE_ADMIN | {"platform/text", "demo"},
     "admin": STORE_ADMIN | {"demo", "admin"},
 }

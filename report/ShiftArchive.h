@@ -1,0 +1,51 @@
+#pragma once
+
+#include "ReportSource.h"
+#include "Store.h"
+
+#include <QDir>
+#include <QHash>
+#include <QSet>
+
+/// A folder of HTML pages for reading without the program: index.html leads to a page for each month, and that to a page
+/// for each workshift. All links are relative. A hidden file keeps the position in the change log up to which the pages
+/// are current, so the next update reads and writes only what has changed since.
+class ShiftArchive
+{
+public:
+    /// \a source must be open and outlive this object. The folder is created if its parent exists.
+    ShiftArchive(ReportSource* source, const QString& folder) : m_source(source), m_folder(folder) {}
+
+    /// False with errorText(); the pages written so far are complete, and the next update continues.
+    bool update();
+    QString errorText() const { return m_error; }
+
+    int shiftCount() const { return m_shifts.size(); }
+    /// Pages of workshifts that the last update wrote; pages of months do not count.
+    int writtenCount() const { return m_written; }
+    int removedCount() const { return m_removed; }
+
+    /// The name of a workshift's page in the folder of its month.
+    static QString pageName(const ReportShift& shift);
+
+private:
+    bool fail(const QString& text);
+    ChangePosition readPosition() const;
+    bool writePosition(const ChangePosition& position);
+    /// The workshifts that have changed since \a position; false if they cannot be told apart.
+    bool changedSince(ChangePosition position, QSet<QByteArray>* shifts) const;
+    bool ownersOf(const QByteArray& table, const QByteArray& field, const QSet<QByteArray>& keys,
+                  QSet<QByteArray>* shifts) const;
+    bool writeShift(const ReportShift& shift, const QString& file);
+    bool writeMonth(const QString& month, const QVector<ReportShift>& shifts);
+    bool writeStart(const QMap<QString, QVector<ReportShift>>& months);
+    void removeOthers(const QString& month, const QVector<ReportShift>& shifts);
+    QString imprint();
+
+    ReportSource* m_source;
+    QDir m_folder;
+    QVector<ReportShift> m_shifts;
+    QString m_error;
+    int m_written = 0;
+    int m_removed = 0;
+};

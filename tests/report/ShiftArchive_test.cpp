@@ -1,0 +1,144 @@
+#include "ShiftArchive.h"
+
+#include "Reports.h"
+
+#include <QTest>
+
+class ShiftArchive_test : public QObject
+{
+    Q_OBJECT
+
+    struct Archive : Reports {
+        using Reports::Reports;
+        /// "written removed", or the error.
+        QString update()
+        {
+            if (run({QStringLiteral("archive"), url, path(QStringLiteral("pages"))}) !=
+                ReportCommand::Success)
+                return err;
+            return out;
+        }
+        QStringList pages() const
+        {
+            QStringList found;
+            const QDir root(path(QStringLiteral("pages")));
+            for (const QString& month : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+                for (const QString& page : QDir(root.filePath(month)).entryList(QDir::Files, QDir::Name))
+                    if (page != QLatin1String("index.html"))
+                        found << root.filePath(month + QLatin1Char('/') + page);
+            return found;
+        }
+        static QString told(int shifts, int written, int removed)
+        {
+            return QStringLiteral("Смен: %1, записано страниц: %2, убрано: %3\n")
+                .arg(shifts)
+                .arg(written)
+                .arg(removed);
+        }
+    };
+
+    static bool write(const TestStore& store, const char* table, MDRFlag flag, const QByteArray& key,
+                      const TestStore::Fields& fields)
+    {
+        const auto loader = store.openLoader();
+        return TestStore::write(loader.get(), table, flag, key, fields);
+    }
+
+private slots:
+    void everyShiftHasAPageThatLinksReach()
+    {
+        const TestStore store;
+        QCOMPARE(Reports::seal(store), QString());
+        Archive archive(store);
+        QCOMPARE(archive.update(), Archive::told(3, 3, 0));
+        QCOMPARE(archive.pages().size(), 3);
+        const QString checked = archive.checked(QStringLiteral("pages"), {QStringLiteral("Иванов И. И.")});
+        QVERIFY2(checked.endsWith(QStringLiteral(" pages")), qPrintable(checked));
+        QFile page(archive.pages().constFirst());
+        QVERIFY(page.open(QIODevice::ReadOnly));
+        QVERIFY(QString::fromUtf8(page.readAll()).contains(QStringLiteral("Опечатано: 12 abababababababab")));
+    }
+
+    void onlyChangedShiftsAreWritten()
+    {
+        const TestStore store;
+        Archive archive(store);
+        QCOMPARE(archive.update(), Archive::told(3, 3, 0));
+        QCOMPARE(archive.update(), Archive::told(3, 0, 0));
+        QVERIFY(write(store, "LogbookRecords", ROW_INSERT, "REC_NEW",
+                      {{"ShiftKey", "SHIFT_CDS_OPEN"},
+                       {"WorkerKey", "WORKER_IVANOV"},
+                       {"status", 0},
+                       {"recordTime", TestStore::now()},
+                       {"eventTime", TestStore::now()},
+                       {"html", "Свежая запись"}}));
+        QCOMPARE(archive.update(), Archive::told(3, 1, 0));
+        QVERIFY(archive.checked(QStringLiteral("pages"), {QStringLiteral("Свежая запись")})
+                    .endsWith(QStringLiteral("pages")));
+        QVERIFY(write(store, "LogbookWorkersWorkshift", ROW_UPDATE, "CREW_ZAR_1", {{"opening", true}}));
+        QVERIFY(
+            write(store, "LogbookComments", ROW_UPDATE, "COM_UNREAD", {{"readedTime", TestStore::now()}}));
+        QCOMPARE(archive.update(), Archive::told(3, 1, 0)); // comments are not on the pages
+        QVERIFY(write(store, "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
+                      {{"CloseWorkerKey", "WORKER_IVANOV"}}));
+        QCOMPARE(archive.update(), Archive::told(3, 1, 0));
+        QVERIFY(write(store, "Workers", ROW_UPDATE, "WORKER_IVANOV", {{"lastName", "Иваненко"}}));
+        QCOMPARE(archive.update(), Archive::told(3, 3, 0)); // he may be on any page
+        QVERIFY(archive.checked(QStringLiteral("pages"), {QStringLiteral("Иваненко И. И.")})
+                    .endsWith(QStringLiteral("pages")));
+    }
+
+    void aLostPageIsWrittenAgain()
+    {
+        const TestStore store;
+        Archive archive(store);
+        QCOMPARE(archive.update(), Archive::told(3, 3, 0));
+        QVERIFY(QFile::remove(archive.pages().constFirst()));
+        QCOMPARE(archive.update(), Archive::told(3, 1, 0));
+        QVERIFY(QFile::remove(archive.path(QStringLiteral("pages/.vrk-report"))));
+        QCOMPARE(archive.update(), Archive::told(3, 3, 0));
+    }
+
+    void aCorrectedShiftLeavesNoFormerPage()
+    {
+        const TestStore store;
+        Archive archive(store);
+        QCOMPARE(archive.update(), Archive::told(3, 3, 0));
+        QFile other(archive.path(QStringLiteral("pages/readme.txt")));
+        QVERIFY(other.open(QIODevice::WriteOnly));
+        const QStringList before = archive.pages();
+        QVERIFY(write(store, "LogbookWorkshifts", ROW_UPDATE, "SHIFT_ZAR_OPEN",
+                      {{"startTime", TestStore::now() - 9000}}));
+        QCOMPARE(archive.update(), Archive::told(3, 1, 1));
+        QVERIFY(archive.pages() != before);
+        QVERIFY(other.exists());
+        QVERIFY(archive.checked(QStringLiteral("pages")).endsWith(QStringLiteral("pages")));
+    }
+
+    void aFolderThatCannotBeWrittenIsNamed()
+    {
+        const TestStore store;
+        Archive archive(store);
+        QCOMPARE(
+            archive.run({QStringLiteral("archive"), archive.url, archive.path(QStringLiteral("no/pages"))}),
+            ReportCommand::Failed);
+        QVERIFY2(archive.err.contains(QStringLiteral("нельзя создать")), qPrintable(archive.err));
+        QVERIFY(!QDir(archive.path(QStringLiteral("no"))).exists());
+    }
+
+    void hostileNamesAndTextsStayTexts()
+    {
+        const TestStore store;
+        const QString hostile = QStringLiteral("</td><script>alert('x')</script>&amp;\"");
+        QVERIFY(write(store, "Departments", ROW_UPDATE, "DEP_CDS", {{"name_", hostile}}));
+        QVERIFY(
+            write(store, "LogbookRecords", ROW_UPDATE, "REC_MESSAGE", {{"html", hostile.toHtmlEscaped()}}));
+        Archive archive(store);
+        QCOMPARE(archive.update(), Archive::told(3, 3, 0));
+        const QString checked = archive.checked(QStringLiteral("pages"), {hostile});
+        QVERIFY2(checked.endsWith(QStringLiteral(" pages")), qPrintable(checked));
+    }
+};
+
+QTEST_MAIN(ShiftArchive_test)
+#include "ShiftArchive_test.moc"
