@@ -65,7 +65,7 @@ void GuideText::read(const QString& markdown)
         const QRegularExpressionMatch title = heading.match(line);
         const QRegularExpressionMatch windows = comment.match(line);
         if (title.hasMatch())
-            m_sections.append({title.capturedLength(1), title.captured(2), {}});
+            m_sections.append({int(title.capturedLength(1)), title.captured(2), {}});
         if (windows.hasMatch() && !m_sections.isEmpty()) {
             static const QRegularExpression comma(QStringLiteral(" *, *"));
             m_sections.last().windows += windows.captured(1).split(comma, Qt::SkipEmptyParts);
