@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Installs a build tree into a separate folder and builds only against that.
 
+The guides find the pages and pictures that they refer to.
 The public headers stand by themselves, also where nothing draws icons: each is compiled alone, and what the plug-ins include of the platform is among them.
 The second plug-in configures, builds and installs with the installed package; the installed workstation then lists its
 modules, opens one of them as a window on a demo store, and has its library loaded from the place of the installation.
@@ -75,6 +76,14 @@ def plug_ins_need_no_others(source, public):
         sys.exit("\n".join(faults))
 
 
+def pages_find_what_they_refer_to(folder):
+    faults = [f"{page.name} refers to {target}, which is not installed" for page in sorted(folder.glob("*.md"))
+              for target in re.findall(r"\]\(([^)#:\s]+)[^)]*\)", page.read_text(encoding="utf-8"))
+              if folder not in (folder / target).resolve().parents or not (folder / target).is_file()]
+    if faults:
+        sys.exit("\n".join(faults))
+
+
 def modules(prefix, environment):
     done = subprocess.run([str(prefix / "bin/vrk-workstation"), "--modules"], env=environment, capture_output=True, text=True)
     return {line.split()[0]: line for line in done.stdout.splitlines()}
@@ -115,6 +124,7 @@ def main(source, build):
         icon = re.search(r"^Icon=(.+)$", entry, re.M).group(1)
         if len(list((prefix / "share/icons/hicolor").glob(f"*/apps/{icon}.*"))) < 6:
             sys.exit(f"the menu entry has no icon {icon}")
+        pages_find_what_they_refer_to((prefix / "share/doc/vrk-logbook").resolve())
         plug_ins_need_no_others(source, headers_stand_alone(folder / "headers", prefix))
 
         environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", HOME=str(folder), XDG_CONFIG_HOME=str(folder / "config"),
