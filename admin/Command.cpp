@@ -2,6 +2,7 @@
 
 #include "AdminText.h"
 #include "JsonList.h"
+#include "ProgressLine.h"
 #include "StoreAdmin.h"
 #include "StoreError.h"
 
@@ -138,6 +139,7 @@ Command::ExitCode runAdmin(const QStringList& arguments, Streams& streams)
             streams.out << usage(entry);
             return Command::Success;
         }
+        const ProgressLine progress(streams);
         const Command::ExitCode code = entry.run(rest, streams);
         if (code == Command::WrongUsage)
             streams.err << usage(entry);

@@ -13,6 +13,7 @@ struct Streams {
     QTextStream& out;
     QTextStream& err;
     QTextStream* in = nullptr; ///< for commands that ask questions; null if nobody can answer
+    bool isWatched = false;    ///< whether the error stream is a terminal
 };
 
 /// Makes a stream read and write UTF-8; in Qt 6 it does from the start.

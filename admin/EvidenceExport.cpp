@@ -3,6 +3,7 @@
 #include "AdminText.h"
 #include "ChangeRow.h"
 #include "LogSignature.h"
+#include "LongWork.h"
 #include "StoreErrors.h"
 #include "TimeStamp.h"
 
@@ -166,7 +167,10 @@ bool EvidenceExport::writeLog(StoreError* error)
     m_lines.setFileName(m_folder.filePath(QStringLiteral("log.jsonl")));
     bool isWritten = m_lines.open(QIODevice::WriteOnly | QIODevice::NewOnly);
     const HashTiles tiles(m_log, m_head.size);
+    const LongWork work("Выгрузка журнала изменений");
+    qint64 done = 0;
     const auto take = [&](const LoggedTransaction& transaction) {
+        work.advance(++done);
         isWritten = isWritten && writeTransaction(transaction, tiles);
         return isWritten;
     };

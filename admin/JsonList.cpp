@@ -25,7 +25,5 @@ QJsonValue JsonList::time(double hfnTime)
 
 QJsonValue JsonList::value(const QVariant& value)
 {
-    if (!value.isValid())
-        return QJsonValue::Null;
     return LogValue::isTime(value) ? time(value.toDouble()) : QJsonValue::fromVariant(value);
 }

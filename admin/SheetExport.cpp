@@ -1,6 +1,7 @@
 #include "SheetExport.h"
 
 #include "Csv.h"
+#include "LongWork.h"
 #include "SheetCells.h"
 #include "TemplateCells.h"
 
@@ -76,7 +77,10 @@ QStringList SheetExport::cells(const Directory& directory, const Sheet& sheet, c
 
 bool SheetExport::write(const Directory& directory, const QDir& folder, QString* failure)
 {
+    const LongWork work("Выгрузка таблиц", Sheets::all().size());
+    qint64 done = 0;
     for (const Sheet& sheet : Sheets::all()) {
+        work.advance(done++);
         QVector<QStringList> rows{sheet.headings()};
         for (const DirectoryRow* row : directory.rows(sheet.table))
             rows << cells(directory, sheet, *row);

@@ -3,6 +3,7 @@
 #include "DemoTemplates.h"
 #include "DemoWriter.h"
 #include "GenGuid32.h"
+#include "LongWork.h"
 #include "SheetRow.h"
 #include "StoreAdmin.h"
 #include "TableCatalog.h"
@@ -106,8 +107,12 @@ bool SheetImport::compare(StoreError* error)
 {
     if (!m_directory.load(m_store, error))
         return false;
-    for (const File& file : qAsConst(m_files))
+    const LongWork work("Сличение таблиц", m_files.size());
+    qint64 done = 0;
+    for (const File& file : qAsConst(m_files)) {
         compareSheet(file);
+        work.advance(++done);
+    }
     return m_errors.isEmpty();
 }
 
@@ -316,6 +321,7 @@ QStringList SheetImport::takeRights(const DirectoryRow& user, const QStringList&
 
 bool SheetImport::write(StoreError* error)
 {
+    const LongWork work("Запись");
     DemoWriter writer(m_store);
     for (const Change& change : qAsConst(m_changes)) {
         DemoWriter::Fields fields;

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <QCoreApplication>
+#include <unistd.h>
 
 int main(int argc, char* argv[])
 {
@@ -11,6 +12,6 @@ int main(int argc, char* argv[])
     QTextStream in(stdin);
     for (QTextStream* stream : {&out, &err, &in})
         setUtf8(stream);
-    Streams streams{out, err, &in};
+    Streams streams{out, err, &in, isatty(STDERR_FILENO) != 0};
     return runAdmin(QCoreApplication::arguments().mid(1), streams);
 }

@@ -3,6 +3,7 @@
 #include "ContentCheck.h"
 #include "EpochHistory.h"
 #include "GenGuid32.h"
+#include "LongWork.h"
 #include "PgAddress.h"
 #include "PostgresAccess.h"
 #include "PostgresCheck.h"
@@ -211,6 +212,7 @@ namespace
 bool runTool(const char* name, const QStringList& arguments, const QString& url, const QString& failure,
              StoreError* error)
 {
+    const LongWork work("Копирование");
     const QString program = QStandardPaths::findExecutable(QLatin1String(name));
     if (program.isEmpty())
         return StoreErrors::raise(error, StoreError::BadRequest,

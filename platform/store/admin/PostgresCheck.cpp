@@ -1,6 +1,7 @@
 #include "PostgresCheck.h"
 
 #include "ContentCheck.h"
+#include "LongWork.h"
 #include "PostgresSchema.h"
 #include "TableCatalog.h"
 
@@ -36,11 +37,13 @@ QByteArray withoutNulls(const QByteArray& row)
 
 bool PostgresCheck::content(PgConnection& link, QVector<Finding>* findings, StoreError* error)
 {
+    const LongWork work("Проверка ссылок");
     return addAll(link, ContentCheck::looks(), findings, error);
 }
 
 bool PostgresCheck::search(PgConnection& link, QVector<Finding>* findings, StoreError* error)
 {
+    const LongWork work("Проверка поиска");
     return addRows(
         link,
         {"SELECT count(*)::text, min(recordKey) FROM ("
@@ -53,6 +56,7 @@ bool PostgresCheck::search(PgConnection& link, QVector<Finding>* findings, Store
 
 bool PostgresCheck::log(PgConnection& link, QVector<Finding>* findings, StoreError* error)
 {
+    const LongWork work("Проверка журнала изменений");
     QVector<ContentCheck::Look> looks = {
         {"SELECT (before + 1)::text, (number - 1)::text FROM (SELECT number, lag(number, 1, 0::bigint) "
          "OVER (ORDER BY number) AS before FROM ChangeTransactions) AS T WHERE number <> before + 1",

@@ -2,6 +2,7 @@
 
 #include "EpochHistory.h"
 #include "HashTiles.h"
+#include "LongWork.h"
 #include "StoreErrors.h"
 
 namespace
@@ -76,7 +77,9 @@ bool Seal::make(EvidenceLog& log, const std::vector<std::unique_ptr<SealKey>>& k
     *note = inStore.note;
     if (sealed == head.size)
         return true;
-    const auto take = [&tiles](const LoggedTransaction& transaction) {
+    const LongWork work("Опечатывание", head.size - sealed);
+    const auto take = [&](const LoggedTransaction& transaction) {
+        work.advance(transaction.number - sealed);
         return transaction.number == tiles.size() + 1 && tiles.append(LogLeaf::ofTransaction(transaction));
     };
     if (!log.read(sealed + 1, head.size, take))

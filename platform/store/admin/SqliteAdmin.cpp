@@ -3,6 +3,7 @@
 #include "ContentCheck.h"
 #include "EpochHistory.h"
 #include "GenGuid32.h"
+#include "LongWork.h"
 #include "SchemaScript.h"
 #include "SqliteCheck.h"
 #include "SqliteConnection.h"
@@ -51,6 +52,7 @@ int versionOf(SqliteConnection& connection)
 /// Copies the connection's snapshot into a new file.
 bool copyInto(const QString& draft, SqliteConnection& connection, StoreError* error)
 {
+    const LongWork work("Копирование");
     SqliteConnection::removeFile(draft);
     const QByteArray draftName = draft.toUtf8();
     SqliteStatement vacuum = connection.prepare("VACUUM INTO ?");

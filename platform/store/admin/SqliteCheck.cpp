@@ -1,6 +1,7 @@
 #include "SqliteCheck.h"
 
 #include "ContentCheck.h"
+#include "LongWork.h"
 #include "SqliteConnection.h"
 #include "SqliteSchema.h"
 #include "TableCatalog.h"
@@ -82,6 +83,7 @@ bool SqliteCheck::place(SqliteConnection& connection, QVector<Finding>* findings
 
 bool SqliteCheck::engine(SqliteConnection& connection, QVector<Finding>* findings, StoreError* error)
 {
+    const LongWork work("Проверка файла");
     SqliteStatement integrity = connection.prepare("PRAGMA integrity_check");
     while (integrity.step())
         if (integrity.bytes(0) != "ok")
@@ -106,6 +108,7 @@ bool SqliteCheck::schema(SqliteConnection& connection, QVector<Finding>* finding
 
 bool SqliteCheck::content(SqliteConnection& connection, QVector<Finding>* findings, StoreError* error)
 {
+    const LongWork work("Проверка ссылок");
     for (const ContentCheck::Look& look : ContentCheck::looks())
         if (!addRows(connection, look.sql, look.grade, look.text, findings, error))
             return false;
@@ -115,6 +118,7 @@ bool SqliteCheck::content(SqliteConnection& connection, QVector<Finding>* findin
 
 bool SqliteCheck::search(SqliteConnection& connection, QVector<Finding>* findings, StoreError* error)
 {
+    const LongWork work("Проверка поиска");
     const int before = findings->size();
     const QByteArray outOfStep =
         "SELECT recordKey FROM SearchSource AS Q WHERE NOT EXISTS (SELECT 1 FROM RecordSearch AS S"
@@ -150,6 +154,8 @@ bool SqliteCheck::search(SqliteConnection& connection, QVector<Finding>* finding
 
 bool SqliteCheck::log(SqliteConnection& connection, QVector<Finding>* findings, StoreError* error)
 {
+    SqliteStatement last = connection.prepare("SELECT coalesce(max(number), 0) FROM ChangeTransactions");
+    const LongWork work("Проверка журнала изменений", last.step() ? last.integer(0) : 0);
     SqliteStatement heads = connection.prepare(
         "SELECT number, batchKey, login, loader, time, chain FROM ChangeTransactions ORDER BY number");
     qint64 expected = 1;
@@ -165,6 +171,7 @@ bool SqliteCheck::log(SqliteConnection& connection, QVector<Finding>* findings, 
         if (chain != heads.bytes(5))
             add(findings, Finding::Fault, ContentCheck::changedTransaction, QByteArray::number(head.number));
         expected = head.number + 1;
+        work.advance(head.number);
     }
     if (heads.code() != SQLITE_DONE) {
         *error = connection.lastError();

@@ -2,6 +2,7 @@
 #include "EpochHistory.h"
 
 #include "CodePage.h"
+#include "LongWork.h"
 #include "PostgresAdmin.h"
 #include "PostgresDoctor.h"
 #include "SchemaScript.h"
@@ -111,6 +112,7 @@ bool StoreAdmin::upgrade(const QString& url, StoreError* error)
 
 bool StoreAdmin::rebuildSearch(const QString& url, StoreError* error)
 {
+    const LongWork work("Составление указателя поиска");
     return dispatch(SqliteAdmin::rebuildSearch, PostgresAdmin::rebuildSearch, url, error);
 }
 
