@@ -7,7 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QStandardPaths>
+#include <QTest>
 
 /// vrk-report with its own streams and folder, on a store of tests.
 struct Reports {
@@ -44,12 +44,8 @@ struct Reports {
     /// What check_pages.py says about a page or a folder of pages.
     QString checked(const QString& name, const QStringList& texts = {}) const
     {
-        return output(
-            QStringLiteral("python3"),
-            QStringList{
-                QFileInfo(QStringLiteral(__FILE__)).absoluteDir().filePath(QStringLiteral("check_pages.py")),
-                path(name)} +
-                texts);
+        return output(QStringLiteral("python3"),
+                      QStringList{QFINDTESTDATA("check_pages.py"), path(name)} + texts);
     }
     static QString output(const QString& program, const QStringList& arguments)
     {
