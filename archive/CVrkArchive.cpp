@@ -74,6 +74,11 @@ void CVrkArchive::makeTypable(QComboBox* combo)
     combo->completer()->setCompletionMode(QCompleter::PopupCompletion);
     combo->completer()->setFilterMode(Qt::MatchContains);
     combo->setMinimumContentsLength(16);
+    QLineEdit* edit = combo->lineEdit();
+    connect(edit, &QLineEdit::textChanged, edit, [edit] {
+        if (!edit->hasFocus())
+            edit->setCursorPosition(0); // the begin of a long name is shown
+    });
     connect(combo->lineEdit(), &QLineEdit::editingFinished, combo, [combo] {
         const int named = combo->findText(combo->currentText(), Qt::MatchFixedString);
         const int index = named >= 0 ? named : combo->currentIndex();

@@ -111,7 +111,7 @@ void CVrkBookmarks::reload()
     m_output->setEnabled(count > 0);
     m_summary->setText(tr("Закладок: %1").arg(count));
     m_list->setEmptyText(
-        tr("Закладок нет. Ctrl+B на записи журнала или поиска ставит закладку, ещё раз — убирает. "
+        tr("Закладок нет. Ctrl+B на записи журнала или поиска ставит закладку, ещё раз — убирает.\n"
            "Видите её только вы."));
 }
 

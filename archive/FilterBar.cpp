@@ -11,12 +11,12 @@
 #include <algorithm>
 #include <QByteArrayList>
 #include <QComboBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 FilterBar::FilterBar(QWidget* parent)
     : QWidget(parent),
@@ -26,8 +26,10 @@ FilterBar::FilterBar(QWidget* parent)
       m_hidden(new QLabel(this)),
       m_all(new QPushButton(tr("Пока&зать все"), this))
 {
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    m_row = new QHBoxLayout;
+    rows->addLayout(m_row);
     auto* caption = new QLabel(tr("С&реди найденного"), this);
     caption->setBuddy(m_text);
     m_text->setObjectName(QStringLiteral("filterEdit"));
@@ -37,18 +39,21 @@ FilterBar::FilterBar(QWidget* parent)
     m_author->setAccessibleName(tr("Автор среди найденного"));
     m_author->setToolTip(tr("Автор среди найденного"));
     m_author->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_author->setMinimumContentsLength(16);
+    m_author->setMinimumContentsLength(8); // large letters in a small window
     m_hidden->setObjectName(QStringLiteral("hiddenLabel"));
     m_all->setObjectName(QStringLiteral("showAllButton"));
-    row->addWidget(caption);
-    row->addWidget(m_text, 1);
-    row->addWidget(m_author);
+    m_row->addWidget(caption);
+    m_row->addWidget(m_text, 1);
+    m_row->addWidget(m_author);
     m_marked = addSwitch("markedFilter", tr("С маркером"), tr("Только записи, у которых есть маркер"));
     m_undone = addSwitch("undoneFilter", tr("Незавершённые"),
                          tr("Только записи без времени выполнения, второго маркера или утверждения"));
     m_files = addSwitch("filesFilter", tr("С файлами"), tr("Только записи с файлами"));
-    row->addWidget(m_hidden);
-    row->addWidget(m_all);
+    auto* below = new QHBoxLayout;
+    rows->addLayout(below);
+    below->addStretch();
+    below->addWidget(m_hidden);
+    below->addWidget(m_all);
     m_hidden->hide();
     m_all->hide();
 }
@@ -61,7 +66,7 @@ QToolButton* FilterBar::addSwitch(const char* name, const QString& text, const Q
     button->setToolTip(tip);
     button->setCheckable(true);
     button->setFocusPolicy(Qt::TabFocus);
-    layout()->addWidget(button);
+    m_row->addWidget(button);
     connect(button, &QToolButton::toggled, this, &FilterBar::apply);
     return button;
 }

@@ -7,6 +7,7 @@
 class CVrkCliMod;
 class KeyNames;
 class QComboBox;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -45,6 +46,7 @@ private:
     CVrkCliMod* m_module = nullptr;
     const KeyNames* m_names = nullptr;
     RecordList* m_list = nullptr;
+    QHBoxLayout* m_row;
     FoundFilter* m_filter;
     QLineEdit* m_text;
     QComboBox* m_author;
