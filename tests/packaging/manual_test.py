@@ -145,7 +145,7 @@ class Manual(unittest.TestCase):
 
     def testCompletionKnowsSubcommandsAfterAnAddress(self):
         url = "sqlite:///store"
-        self.assertEqual(self.bash.offered("vrk-admin", "user", url, ""), ["list", "add", "password", "remove"])
+        self.assertEqual(self.bash.offered("vrk-admin", "user", url, ""), ["list", "add", "password", "remove", "retire", "reinstate"])
         self.assertIn("SQL_EXEC", self.bash.offered("vrk-admin", "right", url, "grant", "petrova", ""))
         self.assertIn("DelayTime=", self.bash.offered("vrk-admin", "option", url, "set", "VisaPassword=on", ""))
 
