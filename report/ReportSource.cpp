@@ -16,6 +16,7 @@
 #include "UnfinishedRecords.h"
 
 #include <algorithm>
+#include <QCoreApplication>
 #include <QSet>
 #include <QTableView>
 
