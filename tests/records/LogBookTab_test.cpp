@@ -382,11 +382,12 @@ private slots:
                                    QString(), QStringLiteral("Утвердить текущую запись"),
                                    QStringLiteral("Поставить визу на текущую запись"),
                                    QStringLiteral("Перейти к первичной записи"), QString(),
-                                   QStringLiteral("Копировать запись"), QStringLiteral("Вставить запись")}));
+                                   QStringLiteral("Копировать запись"), QStringLiteral("Вставить запись"),
+                                   QString(), QStringLiteral("Закладка")}));
         QCOMPARE(enabled,
                  QStringList({QStringLiteral("Время выполнения..."), QStringLiteral("Второй маркер..."),
                               QStringLiteral("Поставить визу на текущую запись"),
-                              QStringLiteral("Копировать запись")}));
+                              QStringLiteral("Копировать запись"), QStringLiteral("Закладка")}));
         menu->close();
 
         journal.select("REC_DRAFT_IVANOV");
@@ -395,8 +396,9 @@ private slots:
         for (const QAction* action : menu->actions())
             if (action->isEnabled() && !action->isSeparator())
                 enabled.append(action->text());
-        QCOMPARE(enabled, QStringList({QStringLiteral("Второй маркер..."),
-                                       QStringLiteral("Утвердить текущую запись")}));
+        QCOMPARE(enabled,
+                 QStringList({QStringLiteral("Второй маркер..."), QStringLiteral("Утвердить текущую запись"),
+                              QStringLiteral("Закладка")}));
         menu->close();
     }
 

@@ -5,6 +5,7 @@
 """
 import email
 import email.policy
+import os
 import pathlib
 import subprocess
 import sys
@@ -38,6 +39,7 @@ class Daily(unittest.TestCase):
         environment = {"PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8", "HOME": "/nonexistent", "VRK_STORE": self.store,
                        "VRK_REPORT_FOLDER": str(self.folder), "VRK_REPORT_DEPARTMENT": "ЦДС",
                        "VRK_REPORT_SENDMAIL": str(self.root / "sendmail"), "VRK_REPORT_PROGRAM": str(BIN / "vrk-report")}
+        environment.update({name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")})
         environment.update(more)
         return subprocess.run([SOURCE / "packaging/vrk-report-daily"], env=environment, capture_output=True, text=True)
 
