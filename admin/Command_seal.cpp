@@ -76,8 +76,7 @@ Command::ExitCode Command::seal(const QStringList& arguments, Streams& streams)
         return fail(streams, error);
     const bool isNew = isFirst || isReplaced;
     std::vector<std::unique_ptr<SealKey>> keys;
-    // Always: a restored copy may be older than the key.
-    if (!files.load(&keys, &error) || !SealFiles::publish(store.get(), keys, &error)) {
+    if (!files.load(&keys, &error) || !files.publish(store.get(), keys, &error)) {
         if (isNew)
             files.takeBack();
         return fail(streams, error);

@@ -15,6 +15,18 @@ bool fail(const QString& text, StoreError* error)
     *error = {StoreError::BadRequest, text, QString()};
     return false;
 }
+
+/// The lines of \a keys that are not among the lines of \a known.
+QByteArray missing(const QByteArray& keys, const QByteArray& known)
+{
+    const QVector<VerifierKey> others = VerifierKey::parseAll(known);
+    QByteArray lines;
+    for (const VerifierKey& key : VerifierKey::parseAll(keys))
+        if (std::none_of(others.begin(), others.end(),
+                         [&](const VerifierKey& other) { return other.text() == key.text(); }))
+            lines += key.text() + '\n';
+    return lines;
+}
 } // namespace
 
 SealFiles::SealFiles(const QString& key) : m_key(key)
@@ -36,11 +48,15 @@ QString SealFiles::formerFile() const
     return m_key + QStringLiteral(".former");
 }
 
-HeadBook SealFiles::heads() const
+QString SealFiles::beside(const QString& what) const
 {
     const QString state = qEnvironmentVariable("STATE_DIRECTORY");
-    return HeadBook(state.isEmpty() ? m_key + QStringLiteral(".heads")
-                                    : state + QStringLiteral("/seal.heads"));
+    return (state.isEmpty() ? m_key : state + QStringLiteral("/seal")) + QLatin1Char('.') + what;
+}
+
+HeadBook SealFiles::heads() const
+{
+    return HeadBook(beside(QStringLiteral("heads")));
 }
 
 bool SealFiles::create(const QByteArray& name, StoreError* error) const
@@ -87,20 +103,29 @@ bool SealFiles::published(Store* store, QByteArray* lines, StoreError* error)
     return true;
 }
 
-bool SealFiles::publish(Store* store, const std::vector<std::unique_ptr<SealKey>>& keys, StoreError* error)
+bool SealFiles::publish(Store* store, const std::vector<std::unique_ptr<SealKey>>& keys,
+                        StoreError* error) const
 {
+    QFile file(beside(QStringLiteral("keys")));
+    QByteArray remembered;
+    if (file.open(QIODevice::ReadOnly))
+        remembered = file.readAll();
+    file.close();
+    QByteArray signing;
+    for (const auto& key : keys)
+        signing += key->verifier().text() + '\n';
+    const QByteArray isNew = missing(signing, remembered);
+
     QByteArray lines;
     if (!published(store, &lines, error))
         return false;
-    const QByteArray before = lines;
-    const QVector<VerifierKey> known = VerifierKey::parseAll(lines);
-    for (const auto& key : keys) {
-        const QByteArray text = key->verifier().text();
-        if (std::none_of(known.begin(), known.end(),
-                         [&](const VerifierKey& other) { return other.text() == text; }))
-            lines += text + '\n';
-    }
-    return lines == before || store->writeFile(keysFolder, keysName, lines, error);
+    const QByteArray unknown = missing(remembered + isNew, lines);
+    if (!unknown.isEmpty() && !store->writeFile(keysFolder, keysName, lines + unknown, error))
+        return false;
+    // If it cannot be written, the next seal tries again: the store has the key meanwhile.
+    if (!isNew.isEmpty() && file.open(QIODevice::WriteOnly | QIODevice::Append))
+        file.write(isNew);
+    return true;
 }
 
 bool SealFiles::load(std::vector<std::unique_ptr<SealKey>>* keys, StoreError* error) const

@@ -6,8 +6,8 @@
 
 #include <vector>
 
-/// The files of the account that seals: its key, the former key while both sign, and the heads that it has
-/// signed. None of them belongs to the owner of the database.
+/// The files of the account that seals: its key, the former key while both sign, the heads that it has
+/// signed and the public keys that signed them. None of them belongs to the owner of the database.
 class SealFiles
 {
 public:
@@ -18,8 +18,8 @@ public:
 
     /// The public keys that the store names, a key a line (VerifierKey::parseAll); empty if it names none.
     static bool published(Store* store, QByteArray* lines, StoreError* error);
-    /// Adds the keys that are missing there.
-    static bool publish(Store* store, const std::vector<std::unique_ptr<SealKey>>& keys, StoreError* error);
+    /// Adds these keys and all that ever signed, if they are missing there: a restored copy may be older than they.
+    bool publish(Store* store, const std::vector<std::unique_ptr<SealKey>>& keys, StoreError* error) const;
 
     QString keyFile() const { return m_key; }
     QString formerFile() const;
@@ -35,5 +35,8 @@ public:
     bool load(std::vector<std::unique_ptr<SealKey>>* keys, StoreError* error) const;
 
 private:
+    /// A file that the account may write even where it only reads its key.
+    QString beside(const QString& what) const;
+
     QString m_key;
 };

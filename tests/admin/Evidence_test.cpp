@@ -24,6 +24,7 @@ private slots:
     void aFileWithoutAnOpenKeyIsRefused();
     void anotherKeyDoesNotReplaceTheFirst();
     void whileAKeyIsReplacedBothSign();
+    void aRestoredStoreLearnsAllKeysThatSigned();
     void credentialsOfAServiceHaveBothKeys();
     void aClosedShiftIsSealed();
     void aBackupLeavesItsHeadBeside();
@@ -242,6 +243,22 @@ void Evidence_test::whileAKeyIsReplacedBothSign()
     QCOMPARE(seal(), 0);
     QCOMPARE(verify({}, {QStringLiteral("--key"), present}), 0);
     QCOMPARE(verify({}, {QStringLiteral("--key"), former}), 1);
+}
+
+void Evidence_test::aRestoredStoreLearnsAllKeysThatSigned()
+{
+    QCOMPARE(seal({QStringLiteral("--init")}), 0);
+    const QString copy = m_admin->path(QStringLiteral("copy"));
+    QVERIFY2(m_admin->call("backup", {copy}) == 0, qPrintable(m_admin->err));
+    for (int keys = 0; keys < 2; ++keys) {
+        QCOMPARE(seal({QStringLiteral("--rotate")}), 0);
+        QVERIFY(QFile::remove(key() + QStringLiteral(".former")));
+        write("после замены ключа");
+        QCOMPARE(seal(), 0);
+    }
+    restoreCopy(copy);
+    QCOMPARE(seal(), 0);
+    QVERIFY2(m_admin->call("check", {QStringLiteral("--heads"), book()}) == 0, qPrintable(m_admin->out));
 }
 
 void Evidence_test::credentialsOfAServiceHaveBothKeys()
