@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a step needs and that are not installed yet: dependencies.sh
-# build|test|packages|check|lint|coverage|fuzz|qt6 ...
+# build|test|packages|tarball|install|check|lint|coverage|fuzz|qt6 ...
 # The lists are read by their names.
 # shellcheck disable=SC2034
 set -euo pipefail
@@ -10,7 +10,9 @@ build="g++ cmake ninja-build ccache mold qtbase5-dev qtbase5-dev-tools qtdeclara
        libhunspell-dev hunspell-ru qttranslations5-l10n librsvg2-bin
        fonts-dejavu-core fonts-liberation tzdata ca-certificates python3"
 test="sqlite3 python3 postgresql openssl poppler-utils zbar-tools bash-completion groff-base man-db"
-packages="dpkg-dev debhelper fakeroot"
+packages="dpkg-dev debhelper fakeroot git"
+tarball="binutils patchelf xz-utils qt5-qmake libqt5gui5 qttranslations5-l10n"
+install="mmdebstrap lintian desktop-file-utils appstream xz-utils"
 desk="xvfb x11-xkb-utils openbox python3-xlib"
 check="clang-format-14 git shellcheck pyflakes3"
 lint="clang-tidy-14 clazy"
