@@ -18,7 +18,7 @@ out=$(readlink -f "$1")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 umask 022
-for package in vrk-workstation vrk-admin libvrk-logbook vrk-logbook-demo vrk-logbook-doc; do
+for package in vrk-workstation vrk-admin vrk-report libvrk-logbook vrk-logbook-demo vrk-logbook-doc; do
     dpkg-deb --extract "$out/${package}_${version}"_*.deb "$work/unpacked"
 done
 name=vrk-logbook-$version-$(uname -m)
