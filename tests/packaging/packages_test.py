@@ -70,7 +70,7 @@ class System:
         self.root = folder / "system"
         codename, sources = apt_sources()
         shutil.rmtree(self.root, ignore_errors=True)
-        run("mmdebstrap", "--mode=root", "--variant=apt", codename, self.root, *sources)
+        run("mmdebstrap", "--mode=root", "--variant=apt", "--skip=cleanup/apt/lists", "--dpkgopt=force-unsafe-io", codename, self.root, *sources)
         for name, owner in (("packages", 0), ("home/dispatcher", 1000)):
             (self.root / name).mkdir()
             os.chown(self.root / name, owner, owner)
