@@ -44,7 +44,8 @@ from_system() {
 
 licence_of() {
     local package
-    package=$(dpkg-query --search "$(readlink -f "$1")" "$1" "/usr$1" 2>/dev/null | head -n 1)
+    # A path may lead over the link from /lib to /usr/lib; one of them is in the list of a package.
+    package=$(dpkg-query --search "$(readlink -f "$1")" "$1" "/usr$1" "${1#/usr}" 2>/dev/null || true)
     package=${package%%:*}
     [[ -n $package ]] || { echo "No package has $1, so its licence is unknown." >&2; exit 1; }
     cp -L "/usr/share/doc/$package/copyright" "$licences/$package"
@@ -68,13 +69,13 @@ take_libraries_of() {
 
 qt=$(qmake -qt=qt5 -query QT_INSTALL_PLUGINS)
 for plugin in platforms/libq{xcb,offscreen,vnc}.so imageformats/libq{jpeg,gif,ico}.so printsupport/libcupsprintersupport.so \
-    platforminputcontexts/lib{compose,ibus}platforminputcontextplugin.so platformthemes/libqxdgdesktopportal.so; do
+    platforminputcontexts/lib{compose,ibus}platforminputcontextplugin.so; do
     licence_of "$qt/$plugin"
     install -D -m 644 "$qt/$plugin" "$home/qt/plugins/$plugin"
     take_libraries_of "$qt/$plugin"
     patchelf --set-rpath "\$ORIGIN/../../../lib" "$home/qt/plugins/$plugin"
 done
-for file in "$home"/bin/* "$home"/lib/libVrk*; do
+for file in "$home"/bin/vrk-{workstation,admin,report} "$home"/lib/libVrk*; do
     take_libraries_of "$file"
 done
 translations=$(qmake -qt=qt5 -query QT_INSTALL_TRANSLATIONS)
