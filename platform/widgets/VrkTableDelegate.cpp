@@ -206,7 +206,12 @@ int VrkTableDelegate::naturalWidth(const QModelIndex& index, bool longestWord) c
     }
     if (!iconSize(option).isEmpty() && !option.text.isEmpty())
         width += iconSize(option).width() + horizontalMargin;
-    return static_cast<int>(std::ceil(width)) + 2 * horizontalMargin + 2;
+    return static_cast<int>(std::ceil(width)) + emptyWidth();
+}
+
+int VrkTableDelegate::emptyWidth()
+{
+    return 2 * horizontalMargin + 2;
 }
 
 QDate VrkTableDelegate::day(int row) const

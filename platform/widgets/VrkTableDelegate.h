@@ -26,6 +26,8 @@ public:
     int heightForWidth(const QModelIndex& index, int width) const;
     /// Width that a cell needs for a text in one line (\a longestWord false) or for its longest word.
     int naturalWidth(const QModelIndex& index, bool longestWord) const;
+    /// naturalWidth() of a cell without text and icon; a cell with content needs more.
+    static int emptyWidth();
     /// Height of the day line above a row of the proxy, 0 without one.
     int dayLineHeight(int row) const;
     /// The date in the day line above a row; invalid without one.

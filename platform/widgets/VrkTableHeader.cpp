@@ -1,14 +1,33 @@
 #include "VrkTableHeader.h"
 
-#include <QEvent>
+#include <QHelpEvent>
 #include <QIcon>
 #include <QPainter>
 #include <QStyleOptionHeader>
+#include <QToolTip>
 
 namespace
 {
 constexpr int margin = 5;
 constexpr int arrowHeight = 4;
+constexpr int lettersOfFolded = 3;
+
+QString beginning(const QString& text)
+{
+    QStringList lines = text.split(QLatin1Char('\n'));
+    for (QString& line : lines)
+        if (line.size() > lettersOfFolded)
+            line = line.left(lettersOfFolded) + QChar(0x2026);
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString elided(const QFontMetrics& metrics, const QString& text, int width)
+{
+    QStringList lines = text.split(QLatin1Char('\n'));
+    for (QString& line : lines)
+        line = metrics.elidedText(line, Qt::ElideRight, width);
+    return lines.join(QLatin1Char('\n'));
+}
 } // namespace
 
 VrkTableHeader::VrkTableHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
@@ -29,6 +48,29 @@ QIcon VrkTableHeader::icon(int section) const
 int VrkTableHeader::iconSide() const
 {
     return qMax(style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this), fontMetrics().height());
+}
+
+int VrkTableHeader::foldedWidth(int section) const
+{
+    const int needed = neededWidth(section);
+    return icon(section).isNull() ? qMin(needed, textSize(beginning(text(section))).width() + 2 * margin)
+                                  : needed;
+}
+
+// The text of a section that is too narrow for it, unless it has a tool tip of its own.
+bool VrkTableHeader::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        auto* help = static_cast<QHelpEvent*>(event);
+        const int section = logicalIndexAt(help->pos());
+        const bool isOwn = section >= 0 && model() &&
+                           model()->headerData(section, Qt::Horizontal, Qt::ToolTipRole).isValid();
+        if (section >= 0 && !isOwn && sectionSize(section) < neededWidth(section)) {
+            QToolTip::showText(help->globalPos(), text(section).simplified(), viewport());
+            return true;
+        }
+    }
+    return QHeaderView::viewportEvent(event);
 }
 
 QSize VrkTableHeader::textSize(const QString& text) const
@@ -79,7 +121,9 @@ void VrkTableHeader::paintSection(QPainter* painter, const QRect& rect, int sect
         inner.setLeft(inner.left() + size.width() + margin);
     }
     painter->setPen(palette().color(QPalette::ButtonText));
-    painter->drawText(inner, Qt::AlignCenter, label);
+    painter->drawText(
+        inner, Qt::AlignCenter,
+        rect.width() < neededWidth(section) ? elided(painter->fontMetrics(), label, inner.width()) : label);
     if (isSortIndicatorShown() && sortIndicatorSection() == section)
         paintArrow(painter, rect);
     painter->restore();

@@ -4,7 +4,8 @@
 #include <QHeaderView>
 
 /// Header of a record table: texts of several lines and single icons are centred, and the sort arrow takes
-/// no space from them.
+/// no space from them. A section that is too narrow shows the beginnings of its lines, and the rest as a tool
+/// tip.
 class VrkTableHeader : public QHeaderView
 {
     Q_OBJECT
@@ -15,8 +16,11 @@ public:
 
     /// Width that the contents of a section need.
     int neededWidth(int section) const { return sectionSizeFromContents(section).width(); }
+    /// Width for the beginning of each line of a section's text; the whole width of an icon.
+    int foldedWidth(int section) const;
 
 protected:
+    bool viewportEvent(QEvent* event) override;
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
     QSize sectionSizeFromContents(int section) const override;
     void changeEvent(QEvent* event) override;

@@ -28,6 +28,7 @@ VrkTableLayout::VrkTableLayout(VrkTableProxyModel* model, QTableView* view, VrkT
     connect(model, &QAbstractItemModel::layoutChanged, this, &VrkTableLayout::schedule);
     connect(model, &QAbstractItemModel::modelReset, this, [this] {
         m_delegate->forgetAll();
+        forgetContents();
         forgetHeights();
     });
     // Cached heights of hidden records must be dropped, too, so the source model is watched.

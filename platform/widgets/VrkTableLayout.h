@@ -12,6 +12,9 @@ struct MDRData;
 
 /// Manages the row heights and column widths of a record table. Only visible rows are measured: from the
 /// event loop for collected changes, at once while scrolling. The visible content keeps its position.
+///
+/// While the text of records has less than 45 characters, columns without content in the rows seen so far are
+/// narrow; the header tells their names. Content, or a wider window, gives them their width back.
 class VrkTableLayout : public QObject
 {
     Q_OBJECT
@@ -43,6 +46,7 @@ private:
         int natural = 0; ///< needed by header and contents in one line
         int least = 0;   ///< needed by the header and the longest unbroken word
         bool byUser = false;
+        bool filled = false; ///< a row that was shown has content here
     };
 
     void schedule();
@@ -53,6 +57,9 @@ private:
     int fillColumn() const;
     int headerWidth(int column) const;
     void readWidths(bool mayShrink);
+    void forgetContents();
+    int foldedWidth(int column) const;
+    QHash<int, int> foldEmpty(QVector<int> columns, int wanted, int* rest) const;
     void distribute();
     void sectionResized(int column, int before, int now);
 

@@ -19,6 +19,13 @@ constexpr int charactersOfReadable = 28;    ///< length of a text line that is e
 constexpr double charactersOfNarrowest = 2; ///< minimum width of a column
 constexpr double charactersOfWidest = 120;
 constexpr int rowsRead = 100; ///< maximum number of rows used to find the widths
+
+// Russian letters are wider than the average character of a font.
+int textWidth(const QFontMetrics& metrics, int characters)
+{
+    static const QString sample = QStringLiteral("Отключён выключатель, бригада допущена к работе.");
+    return metrics.horizontalAdvance(sample) * characters / sample.size();
+}
 } // namespace
 
 // The column that takes the remaining space: the text of records, otherwise the last visible one.
@@ -57,6 +64,7 @@ void VrkTableLayout::readWidths(bool mayShrink)
     const int below = m_view->rowAt(m_view->viewport()->height() - 1);
     const int last = qMin((below < 0 ? m_model->rowCount() - 1 : below), first + rowsRead);
     const int character = m_view->fontMetrics().averageCharWidth();
+    const int empty = VrkTableDelegate::emptyWidth();
     for (int column = 0; column < columns; ++column) {
         if (m_view->isColumnHidden(column) || column == fill)
             continue;
@@ -69,6 +77,8 @@ void VrkTableLayout::readWidths(bool mayShrink)
                 continue; // computed when it was measured
             const QModelIndex cell = m_model->index(row, column);
             const int inOneLine = m_delegate->naturalWidth(cell, false);
+            if (inOneLine > empty && !width.filled)
+                grown = width.filled = true;
             if (inOneLine <= natural && inOneLine <= least)
                 continue;
             const int word = m_delegate->naturalWidth(cell, true);
@@ -81,6 +91,13 @@ void VrkTableLayout::readWidths(bool mayShrink)
     }
     if (grown)
         distribute();
+}
+
+// Other rows are shown: columns may be empty now.
+void VrkTableLayout::forgetContents()
+{
+    for (Width& width : m_widths)
+        width.filled = false;
 }
 
 void VrkTableLayout::fitColumns()
@@ -135,6 +152,33 @@ void VrkTableLayout::setUserWidths(const QHash<int, double>& widths)
     forgetHeights();
 }
 
+// The width of an empty column that gives its space to the text.
+int VrkTableLayout::foldedWidth(int column) const
+{
+    const auto* header = qobject_cast<const VrkTableHeader*>(m_view->horizontalHeader());
+    return header ? qMin(m_widths[column].least, header->foldedWidth(column)) : m_widths[column].least;
+}
+
+// While the text has too little space, columns without content in the shown rows give it what their headers
+// do not need to be recognised: those that give most first. Returns their widths; \a rest grows.
+QHash<int, int> VrkTableLayout::foldEmpty(QVector<int> columns, int wanted, int* rest) const
+{
+    QHash<int, int> folded;
+    if (m_model->rowCount() == 0 || !m_model->tableModel()->isTemplateText(fillColumn()))
+        return folded;
+    const auto gain = [this](int column) { return m_widths[column].least - foldedWidth(column); };
+    std::stable_sort(columns.begin(), columns.end(), [gain](int a, int b) { return gain(a) > gain(b); });
+    for (int column : qAsConst(columns)) {
+        if (*rest >= wanted || gain(column) <= 0)
+            break;
+        if (m_widths[column].filled)
+            continue;
+        *rest += gain(column);
+        folded.insert(column, foldedWidth(column));
+    }
+    return folded;
+}
+
 // Sets the column widths. Columns get their one-line width as long as the text keeps enough, starting with
 // those that need the least for it; the others get the width of their longest word.
 void VrkTableLayout::distribute()
@@ -155,14 +199,18 @@ void VrkTableLayout::distribute()
         if (!m_widths[column].byUser)
             fitted.append(column);
     }
+    const int readable = qMax(leastOfFill, textWidth(m_view->fontMetrics(), charactersOfFill));
+    const QHash<int, int> folded = foldEmpty(fitted, readable, &rest);
     const auto cost = [this](int column) { return m_widths[column].natural - m_widths[column].least; };
     std::stable_sort(fitted.begin(), fitted.end(), [cost](int a, int b) { return cost(a) < cost(b); });
-    const int wantedOfFill = qMax(charactersOfFill * character, leastOfFill);
+    const int wantedOfFill =
+        folded.isEmpty() ? qMax(charactersOfFill * character, leastOfFill) : readable; // not taken back
     for (int column : qAsConst(fitted)) {
-        const bool inOneLine = rest - cost(column) >= wantedOfFill;
+        const Width& width = m_widths[column];
+        const bool inOneLine = !folded.contains(column) && rest - cost(column) >= wantedOfFill;
         rest -= inOneLine ? cost(column) : 0;
         header->setSectionResizeMode(column, QHeaderView::Interactive);
-        header->resizeSection(column, inOneLine ? m_widths[column].natural : m_widths[column].least);
+        header->resizeSection(column, inOneLine ? width.natural : folded.value(column, width.least));
     }
     if (rest >= leastOfFill) {
         header->setSectionResizeMode(fill, QHeaderView::Stretch);
