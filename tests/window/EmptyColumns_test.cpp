@@ -207,6 +207,8 @@ private slots:
                                           QDateTime::currentDateTime().addYears(-2));
         settle();
         QCOMPARE(m_view->model()->rowCount(), 0);
+        m_journal->window().resize(1200, 720);
+        settle();
         QVERIFY(!isFolded(Field::object));
     }
 };
