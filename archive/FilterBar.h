@@ -2,6 +2,7 @@
 
 #include "FoundFilter.h"
 
+#include <QMap>
 #include <QWidget>
 
 class CVrkCliMod;
@@ -14,7 +15,7 @@ class QPushButton;
 class QToolButton;
 class RecordList;
 
-/// The row "Среди найденного" over a list of records: it hides those that do not fit, and says how many it hides.
+/// The rows "Среди найденного" over a list of records: they hide what does not fit, and say how many records that is.
 /// Nothing is searched again; the conditions stay for the next search.
 class FilterBar : public QWidget
 {
@@ -39,7 +40,9 @@ signals:
 
 private:
     QToolButton* addSwitch(const char* name, const QString& text, const QString& tip);
-    void fillAuthors();
+    QComboBox* addChoice(const char* name, const QString& tip, int letters);
+    void fillChoices();
+    static void fill(QComboBox* choice, const QString& any, QMap<QByteArray, QString> names);
     bool readFiles();
     void apply();
 
@@ -50,6 +53,8 @@ private:
     FoundFilter* m_filter;
     QLineEdit* m_text;
     QComboBox* m_author;
+    QComboBox* m_marker;
+    QComboBox* m_equipment;
     QToolButton* m_marked;
     QToolButton* m_undone;
     QToolButton* m_files;

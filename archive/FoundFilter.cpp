@@ -4,6 +4,7 @@
 #include "HtmlParser.h"
 #include "LogbookFields.h"
 #include "RecordRules.h"
+#include "RecordThings.h"
 #include "Row.h"
 #include "TemplateText.h"
 #include "TextMatch.h"
@@ -47,6 +48,11 @@ bool FoundFilter::isAcceptRow(const CMDArray*, MDRData* record) const
     if (m_conditions.hasFiles && !m_withFiles.contains(row.key()))
         return false;
     if (m_conditions.isMarked && !hasMarker(row.bytes(Field::html).toStdString()))
+        return false;
+    if (!m_conditions.marker.isEmpty() && !RecordThings::markers(row).contains(m_conditions.marker))
+        return false;
+    if (!m_conditions.equipment.isEmpty() &&
+        !RecordThings::equipment(row, m_codec).contains(m_conditions.equipment))
         return false;
     if (m_conditions.isUndone && !isUnfinished(row))
         return false;

@@ -17,13 +17,16 @@ public:
     struct Conditions {
         QString text;         ///< parts of words, in any order
         QByteArray workerKey; ///< the author; empty for any
+        QString marker;       ///< path of its picture; empty for any
+        QString equipment;    ///< as a parameter names it; empty for any
         bool isMarked = false;
         bool isUndone = false; ///< without approval, execution time or second marker
         bool hasFiles = false;
 
         bool isAny() const
         {
-            return !text.trimmed().isEmpty() || !workerKey.isEmpty() || isMarked || isUndone || hasFiles;
+            return !text.trimmed().isEmpty() || !workerKey.isEmpty() || !marker.isEmpty() ||
+                   !equipment.isEmpty() || isMarked || isUndone || hasFiles;
         }
     };
 

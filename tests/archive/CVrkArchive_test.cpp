@@ -130,6 +130,68 @@ private slots:
         QCOMPARE(hiddenText(), QStringLiteral("скрыто 3 записи"));
     }
 
+    QStringList choicesOf(const char* combo)
+    {
+        const auto* box = m_bench->child<QComboBox>(combo);
+        QStringList names;
+        for (int i = 0; i < box->count(); ++i)
+            names.append(box->itemText(i));
+        return names;
+    }
+    void aMarkerAndAnEquipmentAreChosen()
+    {
+        const QByteArray bay = R"(<a href="parameter:name=bay">яч. 5</a>)";
+        const QByteArray line = R"(<a href="parameter:name=line">ВЛ Полевая</a>)";
+        const auto html = [](const QByteArray& properties, const QByteArray& body) {
+            return "<html><head><meta name=\"template\" content=\"" + properties + "\"></head><body>" + body +
+                   " линия</body></html>";
+        };
+        record("A", "SHIFT_CDS_PAST", html("first_mark=:/markers/thunder_red.png", bay), 1);
+        record("B", "SHIFT_CDS_PAST",
+               html("first_mark=:/markers/thunder_red.png;second_mark=:/markers/thunder_blue.png", line), 2);
+        record("C", "SHIFT_CDS_PAST",
+               html("first_mark=:/markers/worker_red.png;second_mark=:/markers/thunder_blue.png", bay + line),
+               3, {{"secondMarkTime", TestStore::now() - 1000}});
+        record("D", "SHIFT_CDS_PAST",
+               html("first_mark=/etc/passwd", "<a href=\"parameter:name=text\">нет</a>"), 4);
+        m_bench->start();
+        QCOMPARE(found("линия"), list("A B C D"));
+        QCOMPARE(choicesOf("markerFilter"),
+                 QStringList({QStringLiteral("Все маркеры"), QStringLiteral("Допуск бригады"),
+                              QStringLiteral("Снято заземление"), QStringLiteral("Установлено заземление")}));
+        QCOMPARE(choicesOf("equipmentFilter"),
+                 QStringList({QStringLiteral("Всё оборудование"), QStringLiteral("ВЛ Полевая"),
+                              QStringLiteral("яч. 5")}));
+
+        choose("markerFilter", QStringLiteral("Установлено заземление"));
+        QCOMPARE(m_bench->keys(), list("A B"));
+        QCOMPARE(hiddenText(), QStringLiteral("скрыто 2 записи"));
+        choose("markerFilter", QStringLiteral("Снято заземление")); // not set in B
+        QCOMPARE(m_bench->keys(), list("C"));
+        choose("markerFilter", QStringLiteral("Все маркеры"));
+        choose("equipmentFilter", QStringLiteral("яч. 5"));
+        QCOMPARE(m_bench->keys(), list("A C"));
+        choose("markerFilter", QStringLiteral("Допуск бригады"));
+        QCOMPARE(m_bench->keys(), list("C"));
+
+        m_bench->child<QPushButton>("showAllButton")->click();
+        QCOMPARE(m_bench->keys(), list("A B C D"));
+        QCOMPARE(m_bench->child<QComboBox>("equipmentFilter")->currentIndex(), 0);
+        QCOMPARE(m_bench->child<QComboBox>("markerFilter")->currentIndex(), 0);
+    }
+
+    void aChosenEquipmentStaysForTheNextSearch()
+    {
+        record("A", "SHIFT_CDS_PAST", "осмотр <a href=\"parameter:name=line\">ВЛ Полевая</a>", 1);
+        record("B", "SHIFT_CDS_PAST", "отключение", 2);
+        m_bench->start();
+        found("осмотр");
+        choose("equipmentFilter", QStringLiteral("ВЛ Полевая"));
+        QCOMPARE(found("отключение"), QStringList());
+        QCOMPARE(m_bench->child<QComboBox>("equipmentFilter")->currentText(), QStringLiteral("ВЛ Полевая"));
+        QCOMPARE(hiddenText(), QStringLiteral("скрыта 1 запись"));
+    }
+
     void filtersStayForTheNextSearch()
     {
         record("A", "SHIFT_CDS_PAST", "Осмотр линии", 1);

@@ -222,7 +222,7 @@ void UserGuide_test::buttonsHaveTheIconsOfTheGuide()
 
 void UserGuide_test::markersHaveTheNamesOfTheProgram()
 {
-    QFile header(QFINDTESTDATA("../../plugin/base/TemplateMarkers.h"));
+    QFile header(QFINDTESTDATA("../../platform/widgets/TemplateMarkers.h"));
     QVERIFY(header.open(QIODevice::ReadOnly));
     static const QRegularExpression marker(
         QStringLiteral("\"TemplateMarkers\", \"([^\"]+)\"\\),\\s*\":/markers/(\\w+)\\.png\""));
