@@ -155,6 +155,7 @@ QStringList SpellDictionary::suggestions(const QString& word) const
     QStringList found;
     if (!m_hunspell || word.size() > longestWord)
         return found;
+    found = m_near.of(word);
     const QTextCodec* codec = codecOf(*m_hunspell);
     for (const std::string& one : m_hunspell->suggest(codec->fromUnicode(word).toStdString())) {
         const QString text = codec->toUnicode(one.data(), static_cast<int>(one.size()));
@@ -164,8 +165,13 @@ QStringList SpellDictionary::suggestions(const QString& word) const
     return found;
 }
 
-void SpellDictionary::setReferenceTexts(const QStringList& texts)
+void SpellDictionary::setReferenceTexts(const QStringList& texts, const QStringList& near)
 {
+    QStringList nearWords;
+    for (const QString& text : near)
+        for (const Place& place : words(text))
+            nearWords << text.mid(place.begin, place.length);
+    m_near.setWords(nearWords);
     QSet<QString> stems;
     for (const QString& text : texts) {
         for (const QString& stem : SearchWords::stems(text))

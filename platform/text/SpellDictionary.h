@@ -1,5 +1,6 @@
 #pragma once
 
+#include "NearWords.h"
 #include "VrkExport.h"
 
 #include <functional>
@@ -33,11 +34,13 @@ public:
     /// Until the dictionary is read, every word is known. Words without Cyrillic letters, very short ones and
     /// abbreviations in capitals are not examined.
     bool isKnown(const QString& word) const;
-    /// At most 7 words that may have been wanted, the likeliest first. Takes up to half a second.
+    /// At most 7 words that may have been wanted: those of the near texts (setReferenceTexts) first, then those of the
+    /// dictionary, the likeliest first. Takes up to half a second.
     QStringList suggestions(const QString& word) const;
 
-    /// The words of these texts are known in any form, in place of those of the last call.
-    void setReferenceTexts(const QStringList& texts);
+    /// The words of these texts are known in any form, in place of those of the last call. Those of the texts in
+    /// \a near, the ones of the user's own department, are also proposed, as they are written there.
+    void setReferenceTexts(const QStringList& texts, const QStringList& near = {});
     /// The user's file, one word in a line; it need not exist. Lines that are no words are ignored.
     void openOwnWords(const QString& file);
     QStringList ownWords() const { return m_own; }
@@ -69,6 +72,7 @@ private:
     QStringList m_own;
     QSet<QString> m_ownFolded;
     QSet<QString> m_referenceStems;
+    NearWords m_near;
     QString m_errorText;
     mutable QHash<QString, bool> m_answers; ///< by word: a paragraph is examined at each of its keys
 };

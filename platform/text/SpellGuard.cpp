@@ -108,14 +108,18 @@ void SpellGuard::readReferences(QWidget* editor)
         connect(references, &QObject::destroyed, this, forget);
     }
     QStringList texts;
+    QStringList near;
     for (ParameterKind kind :
          {ParameterKind::Worker, ParameterKind::WorkerWithRole, ParameterKind::Department,
           ParameterKind::Organization, ParameterKind::EquipmentPath}) {
-        for (const ReferenceItem& item : references->items(kind))
+        for (const ReferenceItem& item : references->items(kind)) {
             texts << item.text << item.detail;
+            if (item.near)
+                near << item.text;
+        }
     }
     texts << SiteWords::of(module->session());
-    m_dictionary.setReferenceTexts(texts);
+    m_dictionary.setReferenceTexts(texts, near);
 }
 
 void SpellGuard::noteWord(QObject* watched, const QContextMenuEvent* event)

@@ -322,6 +322,45 @@ private slots:
         QVERIFY(!guard.dictionary()->isKnown(QStringLiteral("Седоровой")));
     }
 
+    void namesOfTheOwnDepartmentAreProposedFirst()
+    {
+        SpellDictionary dictionary;
+        dictionary.load();
+        QVERIFY(QTest::qWaitFor([&dictionary] { return dictionary.isReady(); }, 20000));
+        const auto proposed = [&dictionary](const char* word) {
+            return dictionary.suggestions(QString::fromUtf8(word));
+        };
+        const QStringList before = proposed("персанал");
+        dictionary.setReferenceTexts(
+            list({"Персанов", "Ольховка"}),
+            list({"Туманов И. К.", "ПС 110 кВ Ольховка", "ОДС", "Туманов П. П.", "Ветров"}));
+        QCOMPARE(proposed("персанал"), before); // nothing near is like it
+        QCOMPARE(proposed("Альховка").constFirst(), QStringLiteral("Ольховка"));
+        QCOMPARE(proposed("Тумнаов").constFirst(), QStringLiteral("Туманов"));
+        QCOMPARE(proposed("Тумнаов").count(QStringLiteral("Туманов")), 1);
+        QCOMPARE(proposed("Втеров").constFirst(), QStringLiteral("Ветров"));
+        QVERIFY(!proposed("Тумоно").contains(QStringLiteral("Туманов"))); // two differences in a short word
+        QVERIFY(!proposed("Персонов").contains(QStringLiteral("Персанов"))); // known, but of others
+        QVERIFY(proposed("Тумнаов").size() <= 7);
+        dictionary.setReferenceTexts({});
+        QVERIFY(!proposed("Альховка").contains(QStringLiteral("Ольховка")));
+    }
+    void theMenuProposesNamesOfTheOwnDepartment()
+    {
+        const TestStore store;
+        CreatorBench bench(store);
+        SpellGuard guard(&bench.client.app());
+        bench.create();
+        bench.choose("TPL_ORDER");
+        QVERIFY(textOf(bench));
+        QVERIFY(QTest::qWaitFor([&guard] { return guard.dictionary()->isReady(); }, 20000));
+        const auto first = [&guard](const char* word) {
+            return guard.dictionary()->suggestions(QString::fromUtf8(word)).value(0);
+        };
+        QTRY_COMPARE(first("Седорова"), QStringLiteral("Сидорова")); // of ЦДС
+        QCOMPARE(first("Зоречная"), QStringLiteral("Заречная"));
+    }
+
     void wordsOfTheSiteAreKnown()
     {
         const TestStore store;
