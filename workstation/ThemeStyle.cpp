@@ -43,6 +43,17 @@ void drawFocus(QPainter* painter, const QRectF& place, const QPalette& palette, 
     painter->restore();
 }
 
+void drawCellFocus(QPainter* painter, const QStyleOption* option)
+{
+    const bool isSelected = option->state & QStyle::State_Selected;
+    painter->save();
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(isSelected ? option->palette.color(QPalette::HighlightedText)
+                               : ThemeStyle::focusColor(option->palette));
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
+}
+
 bool isDark(const QPalette& palette)
 {
     return palette.color(QPalette::Window).lightness() < darkGround;
@@ -72,7 +83,7 @@ void drawDown(QPainter* painter, const QStyleOption* option)
     painter->setRenderHint(QPainter::Antialiasing);
     const QColor mark = ThemeStyle::focusColor(option->palette);
     QColor veil = mark;
-    veil.setAlphaF(0.22);
+    veil.setAlphaF(isDark(option->palette) ? 0.12 : 0.22); // a light veil takes contrast from light letters
     painter->setBrush(veil);
     painter->setPen(QPen(mark, 1.4));
     painter->drawRoundedRect(QRectF(option->rect).adjusted(1, 1, -1, -1), corner, corner);
@@ -173,12 +184,12 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         drawMark(painter, option, true);
         return;
     case PE_FrameFocusRect:
-        // Cells of a view show the current row themselves. Other widgets show the focus, also when it was
-        // not set by the keyboard: a question sets it to its safe answer.
+        // Not only when it was set by the keyboard: a question sets the focus to its safe answer. In a row, Qt
+        // would lay a veil over the text.
         if (!(option->state & State_Item))
             drawFocus(painter, QRectF(option->rect), option->palette, 1.5);
         else
-            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            drawCellFocus(painter, option);
         return;
     case PE_FrameLineEdit:
         QProxyStyle::drawPrimitive(element, option, painter, widget);

@@ -113,11 +113,23 @@ QColor selectionGround(const QStyleOptionViewItem& option)
                             base.blueF() + (mark.blueF() - base.blueF()) * veil);
 }
 
-/// The cell's text colour; in the selection, a shade with enough contrast, since grey has too little.
+QColor ground(const QStyleOptionViewItem& option)
+{
+    if (option.state & QStyle::State_Selected)
+        return selectionGround(option);
+    if (option.backgroundBrush.style() == Qt::SolidPattern)
+        return option.backgroundBrush.color();
+    const bool isAlternate = option.features & QStyleOptionViewItem::Alternate;
+    return option.palette.color(isAlternate ? QPalette::AlternateBase : QPalette::Base);
+}
+
+/// The cell's text colour, or a shade of it with enough contrast, since grey has too little.
 QColor textColor(const QStyleOptionViewItem& option)
 {
     const QColor color = option.palette.color(QPalette::Text);
-    return option.state & QStyle::State_Selected ? Contrast::legible(color, selectionGround(option)) : color;
+    const bool isOfTheme = option.widget && color == option.widget->palette().color(QPalette::Text) &&
+                           !(option.state & QStyle::State_Selected);
+    return isOfTheme ? color : Contrast::legible(color, ground(option));
 }
 
 QSize iconSize(const QStyleOptionViewItem& option)
