@@ -123,13 +123,15 @@ QColor ground(const QStyleOptionViewItem& option)
     return option.palette.color(isAlternate ? QPalette::AlternateBase : QPalette::Base);
 }
 
-/// The cell's text colour, or a shade of it with enough contrast, since grey has too little.
+/// The cell's text colour, or a shade of it with enough contrast: of a grey one everywhere, of others in the
+/// selection.
 QColor textColor(const QStyleOptionViewItem& option)
 {
+    constexpr int greyest = 20;
     const QColor color = option.palette.color(QPalette::Text);
-    const bool isOfTheme = option.widget && color == option.widget->palette().color(QPalette::Text) &&
-                           !(option.state & QStyle::State_Selected);
-    return isOfTheme ? color : Contrast::legible(color, ground(option));
+    const bool isGrey = color.hsvSaturation() < greyest;
+    const bool isKept = !(option.state & QStyle::State_Selected) && !isGrey;
+    return isKept ? color : Contrast::legible(color, ground(option));
 }
 
 QSize iconSize(const QStyleOptionViewItem& option)
