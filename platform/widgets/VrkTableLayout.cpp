@@ -61,11 +61,13 @@ void VrkTableLayout::forget(const QModelIndex& first, const QModelIndex& last)
     if (last.row() - first.row() + 1 >= m_heights.size()) {
         m_delegate->forgetAll();
         m_heights.clear();
+        m_contentRead.clear();
     } else {
         for (int row = first.row(); row <= last.row(); ++row) {
             const MDRData* record = m_model->tableModel()->record(row);
             m_delegate->forget(record);
             m_heights.remove(record);
+            m_contentRead.remove(record);
         }
     }
     schedule();
@@ -102,7 +104,7 @@ void VrkTableLayout::measure()
     // others are pushed out of view.
     for (int pass = 0; pass < 8; ++pass) {
         readWidths(false);
-        if (m_model->rowCount() == 0 || !measureOnce())
+        if (m_model->rowCount() == 0 || (!measureOnce() && !readContents()))
             break;
     }
 }
@@ -183,10 +185,12 @@ void VrkTableLayout::applyFont()
 void VrkTableLayout::sectionResized(int column, int before, int now)
 {
     if (!m_distributing && m_fitted && column < m_widths.size()) {
-        if (before == 0 || now == 0)
+        if (before == 0 || now == 0) {
             m_widths[column] = Width(); // shown or hidden
-        else if (column != fillColumn())
+            m_contentRead.clear();
+        } else if (column != fillColumn()) {
             m_widths[column].byUser = true;
+        }
     }
     forgetHeights();
 }

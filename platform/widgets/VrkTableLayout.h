@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QObject>
 #include <QPersistentModelIndex>
+#include <QSet>
 #include <QVector>
 
 class QTableView;
@@ -14,7 +15,8 @@ struct MDRData;
 /// event loop for collected changes, at once while scrolling. The visible content keeps its position.
 ///
 /// While the text of records has less than 45 characters, columns without content in the rows seen so far are
-/// narrow; the header tells their names. Content, or a wider window, gives them their width back.
+/// narrow; while it has less than 20, the others are as narrow as their contents. The header tells their names.
+/// Content, or a wider window, gives them their width back.
 class VrkTableLayout : public QObject
 {
     Q_OBJECT
@@ -46,7 +48,8 @@ private:
         int natural = 0; ///< needed by header and contents in one line
         int least = 0;   ///< needed by the header and the longest unbroken word
         bool byUser = false;
-        bool filled = false; ///< a row that was shown has content here
+        int content = 0;     ///< needed by the longest word, without the header
+        bool filled = false; ///< a row that was on the screen has content here
     };
 
     void schedule();
@@ -57,9 +60,10 @@ private:
     int fillColumn() const;
     int headerWidth(int column) const;
     void readWidths(bool mayShrink);
+    bool readContents();
     void forgetContents();
     int foldedWidth(int column) const;
-    QHash<int, int> foldEmpty(QVector<int> columns, int wanted, int* rest) const;
+    QHash<int, int> fold(QVector<int> columns, int wanted, int least, int* rest) const;
     void distribute();
     void sectionResized(int column, int before, int now);
 
@@ -68,7 +72,8 @@ private:
     VrkTableDelegate* m_delegate;
     QHash<const MDRData*, int> m_heights; ///< without the day line, at the current widths
     QVector<Width> m_widths;
-    QPersistentModelIndex m_shown; ///< kept visible until it is measured
+    QSet<const MDRData*> m_contentRead; ///< their contents are noted in m_widths
+    QPersistentModelIndex m_shown;      ///< kept visible until it is measured
     bool m_scheduled = false;
     bool m_measuring = false;
     bool m_distributing = false;

@@ -57,14 +57,15 @@ void VrkTableLayout::readWidths(bool mayShrink)
         return;
     const int columns = m_model->columnCount();
     bool grown = mayShrink || m_widths.size() != columns;
-    if (grown)
+    if (grown) {
         m_widths = QVector<Width>(columns);
+        m_contentRead.clear();
+    }
     const int fill = fillColumn();
     const int first = qMax(0, m_view->rowAt(0));
     const int below = m_view->rowAt(m_view->viewport()->height() - 1);
     const int last = qMin((below < 0 ? m_model->rowCount() - 1 : below), first + rowsRead);
     const int character = m_view->fontMetrics().averageCharWidth();
-    const int empty = VrkTableDelegate::emptyWidth();
     for (int column = 0; column < columns; ++column) {
         if (m_view->isColumnHidden(column) || column == fill)
             continue;
@@ -77,11 +78,10 @@ void VrkTableLayout::readWidths(bool mayShrink)
                 continue; // computed when it was measured
             const QModelIndex cell = m_model->index(row, column);
             const int inOneLine = m_delegate->naturalWidth(cell, false);
-            if (inOneLine > empty && !width.filled)
-                grown = width.filled = true;
-            if (inOneLine <= natural && inOneLine <= least)
+            if (inOneLine <= natural && inOneLine <= least && inOneLine <= width.content)
                 continue;
             const int word = m_delegate->naturalWidth(cell, true);
+            width.content = qMax(width.content, qMin(word, charactersOfLeast * character));
             least = qMax(least, qMin(word, charactersOfLeast * character));
             natural = qMax(natural, qMax(word, qMin(inOneLine, charactersOfWrapped * character)));
         }
@@ -93,9 +93,40 @@ void VrkTableLayout::readWidths(bool mayShrink)
         distribute();
 }
 
+// Notes the columns in which a row on the screen has content; each row is read once. False if there is no
+// further one.
+bool VrkTableLayout::readContents()
+{
+    const int fill = fillColumn();
+    QVector<int> open;
+    for (int column = 0; column < m_widths.size(); ++column)
+        if (column != fill && !m_widths[column].filled && !m_view->isColumnHidden(column))
+            open.append(column);
+    if (!m_fitted || open.isEmpty() || m_model->rowCount() == 0)
+        return false;
+    bool found = false;
+    const int below = m_view->rowAt(m_view->viewport()->height() - 1);
+    const int last = below < 0 ? m_model->rowCount() - 1 : below;
+    for (int row = qMax(0, m_view->rowAt(0)); row <= last; ++row) {
+        const MDRData* record = m_model->record(row);
+        if (m_contentRead.contains(record))
+            continue;
+        m_contentRead.insert(record);
+        for (int column : qAsConst(open)) {
+            const int width = m_delegate->naturalWidth(m_model->index(row, column), false);
+            if (width > VrkTableDelegate::emptyWidth())
+                found = m_widths[column].filled = true;
+        }
+    }
+    if (found)
+        distribute();
+    return found;
+}
+
 // Other rows are shown: columns may be empty now.
 void VrkTableLayout::forgetContents()
 {
+    m_contentRead.clear();
     for (Width& width : m_widths)
         width.filled = false;
 }
@@ -152,29 +183,35 @@ void VrkTableLayout::setUserWidths(const QHash<int, double>& widths)
     forgetHeights();
 }
 
-// The width of an empty column that gives its space to the text.
+// The width of a column that gives its space to the text: of the beginning of its header, and of the words in
+// it.
 int VrkTableLayout::foldedWidth(int column) const
 {
     const auto* header = qobject_cast<const VrkTableHeader*>(m_view->horizontalHeader());
-    return header ? qMin(m_widths[column].least, header->foldedWidth(column)) : m_widths[column].least;
+    const Width& width = m_widths[column];
+    if (!header)
+        return width.least;
+    return qMin(width.least, qMax(header->foldedWidth(column), width.filled ? width.content : 0));
 }
 
-// While the text has too little space, columns without content in the shown rows give it what their headers
-// do not need to be recognised: those that give most first. Returns their widths; \a rest grows.
-QHash<int, int> VrkTableLayout::foldEmpty(QVector<int> columns, int wanted, int* rest) const
+// While the text has less space than \a wanted, columns without content in the rows on the screen give it what
+// their headers do not need to be recognised, those that give most first; while it has less than \a least, the
+// others, too. Returns their widths; \a rest grows.
+QHash<int, int> VrkTableLayout::fold(QVector<int> columns, int wanted, int least, int* rest) const
 {
     QHash<int, int> folded;
     if (m_model->rowCount() == 0 || !m_model->tableModel()->isTemplateText(fillColumn()))
         return folded;
     const auto gain = [this](int column) { return m_widths[column].least - foldedWidth(column); };
     std::stable_sort(columns.begin(), columns.end(), [gain](int a, int b) { return gain(a) > gain(b); });
-    for (int column : qAsConst(columns)) {
-        if (*rest >= wanted || gain(column) <= 0)
-            break;
-        if (m_widths[column].filled)
-            continue;
-        *rest += gain(column);
-        folded.insert(column, foldedWidth(column));
+    for (const bool isFilled : {false, true}) {
+        const int aim = isFilled ? least : wanted;
+        for (int column : qAsConst(columns)) {
+            if (m_widths[column].filled != isFilled || *rest >= aim || gain(column) <= 0)
+                continue;
+            *rest += gain(column);
+            folded.insert(column, foldedWidth(column));
+        }
     }
     return folded;
 }
@@ -200,7 +237,7 @@ void VrkTableLayout::distribute()
             fitted.append(column);
     }
     const int readable = qMax(leastOfFill, textWidth(m_view->fontMetrics(), charactersOfFill));
-    const QHash<int, int> folded = foldEmpty(fitted, readable, &rest);
+    const QHash<int, int> folded = fold(fitted, readable, leastOfFill, &rest);
     const auto cost = [this](int column) { return m_widths[column].natural - m_widths[column].least; };
     std::stable_sort(fitted.begin(), fitted.end(), [cost](int a, int b) { return cost(a) < cost(b); });
     const int wantedOfFill =

@@ -5,6 +5,7 @@
 #include "VrkTableTool.h"
 
 #include <QHelpEvent>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 #include <QTextCodec>
@@ -198,6 +199,42 @@ private slots:
         };
         QCOMPARE(tip(Field::WorkerKey), QString());
         QCOMPARE(tip(Field::object), QStringLiteral("Линия Подстанция"));
+    }
+
+    void contentIsNeverCutOff()
+    {
+        // Headers give way before the text would have to be scrolled, words in the columns do not.
+        showPastShift();
+        for (double points : {12.0, 15.0, 18.0}) {
+            show(1180, points);
+            QCOMPARE(m_view->horizontalScrollBar()->maximum(), 0);
+            const QFontMetrics metrics = m_view->fontMetrics();
+            QVERIFY(width(Field::WorkerKey) > metrics.horizontalAdvance(QStringLiteral("Кузнецов")));
+            QVERIFY(width(Field::recordTime) > metrics.horizontalAdvance(QStringLiteral("02:17")));
+            QVERIFY(width(Field::html) >= 20 * metrics.averageCharWidth());
+        }
+        QVERIFY(isFolded(Field::recordTime));
+    }
+
+    void onlyTheRowsOnTheScreenCount()
+    {
+        const QString order = html("REC_ORDER");
+        for (int i = 0; i < 60; ++i)
+            write(QStringLiteral("REC_MANY_%1").arg(i).toLatin1(), ROW_INSERT,
+                  {{"ShiftKey", "SHIFT_CDS_PAST"},
+                   {"WorkerKey", "WORKER_IVANOV"},
+                   {"recordTime", m_store->now() - 60000 + i},
+                   {"status", 0},
+                   {"html", i == 30 ? order : QStringLiteral("Обход")}});
+        show(1200);
+        showPastShift();
+        QVERIFY(isFolded(Field::executionTime));
+        m_view->setCurrentIndex(m_view->model()->index(31, column(Field::recordTime)));
+        settle();
+        QVERIFY(!isFolded(Field::executionTime));
+        m_view->scrollToBottom();
+        settle();
+        QVERIFY(!isFolded(Field::executionTime)); // columns do not jump back and forth
     }
 
     void aTableWithoutRowsKeepsItsHeaders()

@@ -36,7 +36,7 @@ QVector<Column> looks()
 {
     QVector<Column> all;
     for (const char* theme : {"light", "dark"})
-        for (int letters : {100, 125, 150})
+        for (int letters : {100, 125, 150, 175})
             for (const QSize& size : {QSize(1280, 720), QSize(1920, 1080)})
                 all.append({QString::fromLatin1(theme), letters, size});
     return all;
