@@ -48,7 +48,7 @@ bool audit(const QString& url, const QString& headsPath, const QString& paper,
     QVector<QByteArray> own;
     for (const QByteArray& note : qAsConst(stored))
         own.append(note);
-    QVector<LogAudit::Claim> claims = LogAudit::claims(own, keys, QStringLiteral("в хранилище"), findings);
+    QVector<LogAudit::Claim> claims = LogAudit::claims(own, keys, QString(), findings);
     if (!headsPath.isNull()) {
         QVector<QByteArray> notes;
         if (!HeadBook::read(headsPath, &notes) || notes.isEmpty()) {

@@ -79,10 +79,11 @@ protected:
     {
         QStringList arguments{copy};
         if (!TestStore::isSqlite()) {
+            static int databases = 0; // of the cluster, which outlives a test
             arguments << QStringLiteral("--replaces") << m_admin->url;
             m_admin->url = QString(m_store->url())
                                .replace(QRegularExpression(QStringLiteral("/(\\w+)(\\?|$)")),
-                                        QStringLiteral("/restored_%1\\2").arg(++m_folders));
+                                        QStringLiteral("/restored_%1\\2").arg(++databases));
         }
         QVERIFY2(m_admin->call("restore", arguments) == 0, qPrintable(m_admin->err));
     }

@@ -2,6 +2,7 @@
 
 #include "ContentCheck.h"
 #include "EpochHistory.h"
+#include "FormerHeads.h"
 #include "HashTiles.h"
 #include "SignatureAudit.h"
 
@@ -14,28 +15,35 @@ using StoreAdmin::Finding;
 
 constexpr int shortestRoot = 8; // bytes of a root on paper
 
+void refuseUnsigned(const QByteArray& head, const QString& source, QVector<Finding>* findings)
+{
+    ContentCheck::add(findings, Finding::Fault, "Печать «%1» (%2) не подписана известным ключом.", head,
+                      source.toUtf8());
+}
+
 /// The claims that the log must contain, by size. The others become findings.
 QVector<LogAudit::Claim> due(const QVector<LogAudit::Claim>& claims, const EpochHistory& epochs, qint64 end,
-                             QVector<Finding>* findings)
+                             FormerHeads* former, QVector<Finding>* findings)
 {
     QVector<LogAudit::Claim> due;
     for (const LogAudit::Claim& claim : claims) {
         const qint64 reach = claim.epoch.isEmpty() ? end : epochs.endOf(claim.epoch);
         const QByteArray source = claim.source.toUtf8();
-        if (reach < 0)
+        // The copy may be older than the key: then the store names the epoch, but not the key.
+        if (!claim.isSigned && !(claim.isOutside && former->isFormer(claim)))
+            refuseUnsigned(LogHead{claim.epoch, 0, {}, {}}.origin() + ' ' + QByteArray::number(claim.size),
+                           claim.source, findings);
+        else if (reach < 0)
             ContentCheck::add(findings, Finding::Fault, "Печать %1 (%2) принадлежит другому хранилищу.",
                               QByteArray::number(claim.size), source);
         else if (claim.size <= reach)
             due.append(claim);
-        else if (claim.epoch.isEmpty() || claim.epoch == epochs.current())
+        else if (former->isFormer(claim))
+            former->addLost(claim);
+        else
             ContentCheck::add(findings, Finding::Fault,
                               "Журнал изменений обрезан: по печати %1 (%2) он был длиннее.",
                               QByteArray::number(claim.size), source);
-        else
-            ContentCheck::add(
-                findings, Finding::Note,
-                "Печать %1 (%2) сделана до возврата копии: записанное после копии не вернулось.",
-                QByteArray::number(claim.size), source);
     }
     std::sort(due.begin(), due.end(), [](const auto& a, const auto& b) { return a.size < b.size; });
     return due;
@@ -55,15 +63,18 @@ LogAudit::Claim LogAudit::fromPaper(const QString& text)
 QVector<LogAudit::Claim> LogAudit::claims(const QVector<QByteArray>& notes, const QVector<VerifierKey>& keys,
                                           const QString& source, QVector<Finding>* findings)
 {
+    const bool isOutside = !source.isEmpty();
+    const QString place = isOutside ? source : QString::fromUtf8("в хранилище");
     QVector<Claim> claims;
     for (const QByteArray& text : notes) {
         const SignedNote note(text);
-        if (note.signer(keys).isValid())
-            claims.append({note.head().epoch, note.head().size, note.head().root.bytes(), source});
+        const LogHead& head = note.head();
+        const bool isSigned = note.signer(keys).isValid();
+        if (isSigned || note.isOfOtherKeys(keys))
+            claims.append({head.epoch, head.size, head.root.bytes(), place, isSigned, isOutside});
         else
-            ContentCheck::add(findings, Finding::Fault, "Печать «%1» (%2) не подписана известным ключом.",
-                              text.left(text.indexOf('\n', text.indexOf('\n') + 1)).replace('\n', ' '),
-                              source.toUtf8());
+            refuseUnsigned(text.left(text.indexOf('\n', text.indexOf('\n') + 1)).replace('\n', ' '), place,
+                           findings);
     }
     return claims;
 }
@@ -76,7 +87,8 @@ bool LogAudit::run(EvidenceLog& log, const QVector<Claim>& claims, QVector<Findi
     QByteArray epoch;
     if (!epochs.load(log) || !log.heads(&heads) || !log.end(&end, &epoch))
         return false;
-    const QVector<Claim> expected = due(claims, epochs, end, findings);
+    FormerHeads former(epochs);
+    const QVector<Claim> expected = due(claims, epochs, end, &former, findings);
     const qint64 sealed = heads.isEmpty() ? 0 : qMin(heads.lastKey(), end);
     const HashTiles tiles(log, sealed);
 
@@ -85,13 +97,15 @@ bool LogAudit::run(EvidenceLog& log, const QVector<Claim>& claims, QVector<Findi
     qint64 lastSound = 0;
     const auto compare = [&] {
         for (; next != expected.cend() && next->size == tree.size(); ++next) {
-            if (next->root.size() >= shortestRoot && tree.root().bytes().startsWith(next->root))
+            if (next->root.size() >= shortestRoot && tree.root().bytes().startsWith(next->root)) {
                 lastSound = tree.size();
-            else
-                ContentCheck::add(findings, Finding::Fault,
-                                  "Журнал изменений переписан между транзакциями %1 и %2.",
-                                  QByteArray::number(lastSound + 1),
-                                  QByteArray::number(next->size) + " (" + next->source.toUtf8() + ')');
+                former.addContained(*next);
+            } else {
+                ContentCheck::add(
+                    findings, Finding::Fault, "Журнал изменений переписан между транзакциями %1 и %2.",
+                    QByteArray::number(lastSound + 1),
+                    QByteArray::number(next->size) + " (" + former.sourceOf(*next).toUtf8() + ')');
+            }
         }
     };
     compare();
@@ -112,6 +126,7 @@ bool LogAudit::run(EvidenceLog& log, const QVector<Claim>& claims, QVector<Findi
         return true;
     });
     signatures.end();
+    former.report(findings);
     if (isRead && isSound && !tiles.agreesAboveTheLeaves())
         ContentCheck::add(findings, Finding::Fault, "Дерево журнала изменений повреждено.");
     return isRead;

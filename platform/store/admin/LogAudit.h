@@ -12,13 +12,16 @@ namespace LogAudit
 struct Claim {
     QByteArray epoch; ///< empty if unknown, as on paper
     qint64 size = 0;
-    QByteArray root; ///< its first bytes, at least 8
-    QString source;  ///< where it comes from, for the user
+    QByteArray root;        ///< its first bytes, at least 8
+    QString source;         ///< where it comes from, for the user
+    bool isSigned = true;   ///< by a key that the store names; without, only a head of a former epoch counts
+    bool isOutside = false; ///< not kept in the store
 };
 /// The text as it stands on paper; an invalid text gives a claim without a root.
 Claim fromPaper(const QString& text);
 
-/// The valid heads among the notes, as claims; notes that none of the keys has signed become findings.
+/// The heads among the notes, as claims; notes that are none, or with a wrong signature of one of the keys, become
+/// findings. \a source is empty for the notes of the store itself.
 QVector<Claim> claims(const QVector<QByteArray>& notes, const QVector<VerifierKey>& keys,
                       const QString& source, QVector<StoreAdmin::Finding>* findings);
 

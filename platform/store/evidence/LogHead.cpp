@@ -1,5 +1,7 @@
 #include "LogHead.h"
 
+#include <algorithm>
+
 namespace
 {
 constexpr char originMark[] = "vrk-logbook/";
@@ -58,12 +60,25 @@ SignedNote::SignedNote(const QByteArray& text)
     m_isValid = !m_signatures.isEmpty();
 }
 
+bool SignedNote::Signature::isBy(const VerifierKey& key) const
+{
+    return key.name() == name && key.id() == bytes.left(idSize);
+}
+
+bool SignedNote::isOfOtherKeys(const QVector<VerifierKey>& keys) const
+{
+    return m_isValid && std::none_of(m_signatures.cbegin(), m_signatures.cend(), [&](const Signature& one) {
+               return std::any_of(keys.cbegin(), keys.cend(),
+                                  [&](const VerifierKey& key) { return one.isBy(key); });
+           });
+}
+
 VerifierKey SignedNote::signer(const QVector<VerifierKey>& keys) const
 {
     VerifierKey found;
     for (const Signature& signature : m_signatures) {
         for (const VerifierKey& key : keys) {
-            if (key.name() != signature.name || key.id() != signature.bytes.left(idSize))
+            if (!signature.isBy(key))
                 continue;
             if (signature.bytes.size() != idSize + signatureSize ||
                 !key.verify(m_text, signature.bytes.mid(idSize)))

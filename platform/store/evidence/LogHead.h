@@ -34,11 +34,15 @@ public:
     /// The first of the keys that has signed it; an invalid key if there is none, or if a signature of one
     /// of them is wrong.
     VerifierKey signer(const QVector<VerifierKey>& keys) const;
+    /// Whether it is a valid note with signatures of keys that are not among these only.
+    bool isOfOtherKeys(const QVector<VerifierKey>& keys) const;
 
 private:
     struct Signature {
         QByteArray name;
         QByteArray bytes; ///< the id of the key and the signature
+
+        bool isBy(const VerifierKey& key) const;
     };
 
     QByteArray m_text; ///< what is signed
