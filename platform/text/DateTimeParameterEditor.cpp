@@ -56,6 +56,8 @@ DateTimeLine* DateTimeParameterEditor::addLine(const QString& caption, const QSt
     });
     connect(line, &QLineEdit::textEdited, this, &DateTimeParameterEditor::lineEdited);
     addInput(line);
+    if (!caption.isEmpty())
+        line->setAccessibleName(spec().label + QStringLiteral(", ") + caption);
     return line;
 }
 

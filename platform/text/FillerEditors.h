@@ -30,7 +30,7 @@ public:
     bool isUnknown(int index) const { return m_rows.at(index).editor->isUnknown(); }
     void setState(int index, ParameterState state);
     /// Moves the focus to an editor.
-    void focusEditor(int index) { m_rows.at(index).editor->setFocus(Qt::TabFocusReason); }
+    void focusEditor(int index) { m_rows.at(index).editor->input()->setFocus(Qt::TabFocusReason); }
     /// Highlights the label of the current parameter and scrolls to its editor; -1 for none.
     void setCurrent(int index);
 

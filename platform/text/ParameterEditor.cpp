@@ -49,9 +49,7 @@ ParameterEditor::ParameterEditor(const ParameterSpec& spec, QWidget* parent)
 void ParameterEditor::addInput(QWidget* input)
 {
     input->setAccessibleName(m_spec.label);
-    input->installEventFilter(this);
-    if (!focusProxy())
-        setFocusProxy(input);
+    input->installEventFilter(this); // no proxy: Tab would stop at the editor, which stands behind its inputs
 }
 
 void ParameterEditor::remark(const QString& text)

@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QGraphicsView>
 #include <QLabel>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -59,6 +60,8 @@ VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
     VrkPreviewPaper::setUp(m_printer.get(), QPageLayout::Landscape);
     m_preview = std::make_unique<QPrintPreviewWidget>(m_printer.get(), this);
     m_preview->setObjectName(QStringLiteral("previewWidget"));
+    if (auto* pages = m_preview->findChild<QGraphicsView*>())
+        pages->setAccessibleName(tr("Страницы отчёта"));
     m_pageLabel = new QLabel(this);
     m_pageLabel->setObjectName(QStringLiteral("pageLabel"));
     m_saver =

@@ -1,6 +1,10 @@
+#include "AboutDialog.h"
 #include "CPopTemplate.h"
 #include "CVrkCliMod.h"
 #include "ExpectedWarning.h"
+#include "HelpWindow.h"
+#include "HistoryDialog.h"
+#include "HistoryGuard.h"
 #include "HostBench.h"
 #include "PasswordDialog.h"
 #include "SettingsWindow.h"
@@ -23,6 +27,7 @@
 #include <QSet>
 #include <QTabBar>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTextEdit>
 
 /// Every window and dialog of the program, checked for users who see badly or have no mouse.
@@ -44,6 +49,9 @@ private:
     {
         if (widget->objectName().startsWith(QLatin1String("qt_")) || qobject_cast<const QHeaderView*>(widget))
             return true;
+        const auto* area = qobject_cast<const QAbstractScrollArea*>(widget->parentWidget());
+        if (area && area->viewport() == widget)
+            return true;
         for (const QWidget* owner = widget->parentWidget(); owner && !widget->isWindow();
              owner = owner->parentWidget()) {
             if (qobject_cast<const QAbstractSpinBox*>(owner) || qobject_cast<const QComboBox*>(owner) ||
@@ -64,7 +72,7 @@ private:
             qobject_cast<const QTextEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget) ||
             qobject_cast<const QComboBox*>(widget) || qobject_cast<const QAbstractSpinBox*>(widget) ||
             qobject_cast<const QAbstractItemView*>(widget);
-        return isKind && !isPart(widget);
+        return (isKind || (widget->focusPolicy() & Qt::TabFocus)) && !isPart(widget);
     }
     static QVector<QWidget*> widgetsOf(QWidget* window)
     {
@@ -75,15 +83,41 @@ private:
         }
         return found;
     }
+    /// The name that a screen reader says for a widget.
+    static QString nameOf(QWidget* widget)
+    {
+        const QAccessibleInterface* reported = QAccessible::queryAccessibleInterface(widget);
+        return reported ? reported->text(QAccessible::Name).simplified() : QString();
+    }
     static QStringList nameless(QWidget* window)
     {
         QStringList found;
         for (QWidget* widget : widgetsOf(window)) {
             if (!isControl(widget))
                 continue;
-            const QAccessibleInterface* reported = QAccessible::queryAccessibleInterface(widget);
-            if (!reported || reported->text(QAccessible::Name).trimmed().isEmpty())
+            if (nameOf(widget).isEmpty())
                 found << QStringLiteral("no name: ") + described(widget);
+        }
+        return found;
+    }
+    /// Controls of the same kind with the same name, so that nobody can hear where the focus is. The named groups
+    /// around a control belong to its name.
+    static QStringList confused(QWidget* window)
+    {
+        QHash<QString, QString> owners;
+        QStringList found;
+        for (QWidget* widget : widgetsOf(window)) {
+            if (!isControl(widget) || !widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus))
+                continue;
+            const QAccessibleInterface* reported = QAccessible::queryAccessibleInterface(widget);
+            QString key = QStringLiteral("%1 %2").arg(reported ? reported->role() : 0).arg(nameOf(widget));
+            for (QWidget* group = widget->parentWidget(); group && group != window;
+                 group = group->parentWidget())
+                key += QLatin1Char('/') + nameOf(group);
+            if (owners.contains(key))
+                found << QStringLiteral("named \"%1\" twice: %2, %3")
+                             .arg(nameOf(widget), owners.value(key), described(widget));
+            owners.insert(key, described(widget));
         }
         return found;
     }
@@ -116,22 +150,29 @@ private:
         }
         return found;
     }
+    static void activate(QWidget* window)
+    {
+        window->show();
+        QApplication::setActiveWindow(window);
+        if (!QTest::qWaitForWindowActive(window))
+            qWarning("not active: %s", qPrintable(described(window)));
+    }
     /// Moves by Tab: no widget keeps the focus, and all that accept it are reached.
     static QStringList notReached(QWidget* window)
     {
-        QApplication::setActiveWindow(window);
-        QCoreApplication::processEvents();
+        activate(window);
         QWidget* at = window->focusWidget();
         if (!at) {
             QTest::keyClick(window, Qt::Key_Tab);
             at = window->focusWidget();
         }
+        const QWidget* start = at;
         QStringList found;
         QSet<QWidget*> visited;
         for (int steps = 0; at && steps < 400 && !visited.contains(at); ++steps) {
             visited.insert(at);
-            // In a date Tab first moves from day to month to year.
-            const int most = qobject_cast<QDateTimeEdit*>(at) ? 8 : 1;
+            // In a date Tab first moves from day to month to year, in a page from link to link.
+            const int most = qobject_cast<QDateTimeEdit*>(at) ? 8 : qobject_cast<QTextBrowser*>(at) ? 100 : 1;
             QWidget* next = at;
             for (int press = 0; press < most && next == at; ++press) {
                 QTest::keyClick(at, Qt::Key_Tab);
@@ -141,6 +182,9 @@ private:
                 found << QStringLiteral("keeps Tab: ") + described(at);
             at = next;
         }
+        if (at && at != start)
+            found << QStringLiteral("Tab returns to ") + described(at) + QStringLiteral(", not to ") +
+                         described(start);
         for (QWidget* widget : widgetsOf(window)) {
             const bool isWanted = isControl(widget) && widget->isVisible() && widget->isEnabled() &&
                                   (widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy();
@@ -152,10 +196,73 @@ private:
         }
         return found;
     }
+    /// Counts the requests to close a window, which stays open.
+    struct CloseCount : QObject {
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() != QEvent::Close)
+                return false;
+            ++closes;
+            event->ignore();
+            return true;
+        }
+        int closes = 0;
+    };
+    /// Escape closes a dialog, wherever the focus is.
+    static QStringList notClosed(QWidget* window)
+    {
+        if (qobject_cast<CVrkCliMod*>(window))
+            return {};
+        QStringList found;
+        CloseCount count;
+        window->installEventFilter(&count);
+        for (QWidget* widget : widgetsOf(window)) {
+            if (!widget->isVisible() || !widget->isEnabled() || !(widget->focusPolicy() & Qt::TabFocus))
+                continue;
+            activate(window);
+            widget->setFocus();
+            const int before = count.closes;
+            QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
+            if (window->isVisible() && count.closes == before)
+                found << QStringLiteral("keeps Escape: ") + described(widget);
+        }
+        window->removeEventFilter(&count);
+        return found;
+    }
     static QStringList faults(QWidget* window)
     {
         QCoreApplication::processEvents();
-        return nameless(window) + mnemonicsTwice(window) + notReached(window);
+        QStringList found = nameless(window) + confused(window) + mnemonicsTwice(window);
+        found += notReached(window);
+        found += notClosed(window);
+        return found;
+    }
+    static void compare(const QStringList& found)
+    {
+        for (const QString& fault : found)
+            qWarning("%s", qPrintable(fault));
+        QCOMPARE(found.size(), 0);
+    }
+    static void press(QWidget* window, const QKeySequence& key)
+    {
+        activate(window);
+        QTest::keySequence(window->focusWidget() ? window->focusWidget() : window, key);
+    }
+    static QWidget* shown(const char* name)
+    {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible() && window->inherits(name))
+                return window;
+        return nullptr;
+    }
+    CVrkCliMod* startJournal()
+    {
+        Options options;
+        options.store = m_bench->url();
+        options.user = QStringLiteral("ozerov");
+        options.department = QStringLiteral("ЦДС");
+        m_host = std::make_unique<Workstation>();
+        return m_host->enter(options) ? m_host->startModule(QStringLiteral("logbook")) : nullptr;
     }
 
     std::unique_ptr<HostBench> m_bench;
@@ -206,20 +313,13 @@ private slots:
         }
         if (module == QLatin1String("logbook"))
             QVERIFY2(dialogs >= 12, qPrintable(QString::number(dialogs)));
-        for (const QString& fault : qAsConst(found))
-            qWarning("%s", qPrintable(fault));
-        QCOMPARE(found.size(), 0);
+        compare(found);
     }
 
     void settingsCanBeChangedWithoutMouseAndSight()
     {
-        Options options;
-        options.store = m_bench->url();
-        options.user = QStringLiteral("ozerov");
-        options.department = QStringLiteral("ЦДС");
-        m_host = std::make_unique<Workstation>();
-        QVERIFY2(m_host->enter(options), qPrintable(m_host->errorText()));
-        CVrkCliMod* journal = m_host->startModule(QStringLiteral("logbook"));
+        CVrkCliMod* journal = startJournal();
+        QVERIFY(journal);
         m_host->showSettings(journal);
         auto* settings = journal->findChild<SettingsWindow*>();
         auto* pages = settings->findChild<QListWidget*>(QStringLiteral("pageList"));
@@ -229,9 +329,60 @@ private slots:
             for (const QString& fault : faults(settings))
                 found << pages->item(i)->text() + QStringLiteral(": ") + fault;
         }
-        for (const QString& fault : qAsConst(found))
-            qWarning("%s", qPrintable(fault));
-        QCOMPARE(found.size(), 0);
+        compare(found);
+    }
+
+    void recordsCanBeWrittenWithoutMouseAndSight()
+    {
+        CVrkCliMod* journal = startJournal();
+        QVERIFY(journal);
+        press(journal, Qt::CTRL | Qt::Key_F);
+        QStringList found = faults(journal); // with the line of the search
+        press(journal, Qt::CTRL | Qt::Key_N);
+        QTRY_VERIFY(shown("RecordCreatorDialog"));
+        QWidget* dialog = shown("RecordCreatorDialog");
+        QVERIFY(dialog);
+        const auto fields = [dialog] {
+            return dialog->findChildren<QWidget*>(QStringLiteral("parameterInput_0")).size();
+        };
+        auto* tree = dialog->findChild<QAbstractItemView*>(QStringLiteral("templatesTree"));
+        tree->setFocus();
+        for (int row = 0; row < 40 && fields() == 0; ++row)
+            QTest::keyClick(tree, row % 2 == 0 ? Qt::Key_Down : Qt::Key_Right);
+        QVERIFY(fields() > 0);
+        found += faults(dialog);
+        compare(found);
+    }
+
+    void reportsCanBePrintedWithoutMouseAndSight()
+    {
+        CVrkCliMod* journal = startJournal();
+        QVERIFY(journal);
+        press(journal, Qt::CTRL | Qt::Key_P);
+        QTRY_VERIFY(shown("ReportDialog"));
+        QWidget* report = shown("ReportDialog");
+        QVERIFY(report);
+        report->findChild<QAbstractButton*>(QStringLiteral("printButton"))->click();
+        QWidget* preview = shown("VrkPreviewWindow");
+        QVERIFY(preview);
+        compare(faults(preview));
+    }
+
+    void helpCanBeReadWithoutMouseAndSight()
+    {
+        CVrkCliMod* journal = startJournal();
+        QVERIFY(journal);
+        HelpWindow help;
+        help.showSection(0);
+        QStringList found = faults(&help);
+        AboutDialog about(m_bench->url(), QStringLiteral("SQLite"), nullptr);
+        about.show();
+        found += faults(&about);
+        HistoryGuard guard(journal->session(), m_bench->path(QStringLiteral("memory")), m_bench->url());
+        HistoryDialog alarm(&guard, QStringLiteral("ozerov"));
+        alarm.show();
+        found += faults(&alarm);
+        compare(found);
     }
 
     void signingInCanBeDoneWithoutMouseAndSight()
@@ -248,9 +399,7 @@ private slots:
         StoreDialog store;
         store.show();
         found += faults(&store);
-        for (const QString& fault : qAsConst(found))
-            qWarning("%s", qPrintable(fault));
-        QCOMPARE(found.size(), 0);
+        compare(found);
     }
 };
 

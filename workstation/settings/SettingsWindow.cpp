@@ -92,6 +92,7 @@ void SettingsWindow::addPage(SettingsPage* page)
     auto* area = new QScrollArea;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus); // the controls in it take the focus
     area->setWidget(page);
     m_stack->insertWidget(m_pages.size(), area);
     m_pages.append(page);
