@@ -21,6 +21,15 @@ QByteArray list(const QVector<TreeHash>& hashes)
     return '[' + json + ']';
 }
 
+/// All hashes as one text, which is shorter than a list.
+QByteArray joined(const QVector<TreeHash>& hashes)
+{
+    QByteArray bytes;
+    for (const TreeHash& hash : hashes)
+        bytes += hash.bytes();
+    return '"' + bytes.toBase64() + '"';
+}
+
 /// The fewest digits that restore the number. Readers take "-0" for an integer, which has no such zero.
 QByteArray number(double value)
 {
@@ -50,9 +59,11 @@ bool isOfRecord(const LoggedRow& row, const QByteArray& record)
     return row.key == record || (LogSignature::read(row, &signature) && signature.key == record);
 }
 
-bool isEpoch(const LoggedRow& row)
+/// Whether a row ends an epoch. The row of the first one is in the first transaction, whose path would double the proof
+/// of a record.
+bool endsEpoch(const LoggedRow& row)
 {
-    return row.table == "StoreProperties" && row.key == "epoch";
+    return row.table == "StoreProperties" && row.key == "epoch" && row.event != 601;
 }
 } // namespace
 
@@ -65,7 +76,7 @@ bool EvidenceExport::isShown(const LoggedTransaction& transaction, const LoggedR
 {
     const bool isInTime = (m_choice.from == 0 || transaction.time >= m_choice.from) &&
                           (m_choice.to == 0 || transaction.time <= m_choice.to);
-    return isEpoch(row) || (isInTime && (m_choice.record.isEmpty() || isOfRecord(row, m_choice.record)));
+    return endsEpoch(row) || (isInTime && (m_choice.record.isEmpty() || isOfRecord(row, m_choice.record)));
 }
 
 bool EvidenceExport::findHead(StoreError* error)
@@ -203,14 +214,15 @@ QByteArray EvidenceExport::proof(const HashTiles& tiles, const EpochHistory& epo
     for (auto note = m_heads.cbegin(); !m_choice.isWhole() && note != m_heads.cend(); ++note) {
         const LogHead head = SignedNote(note.value()).head();
         if (head.size < m_head.size && head.size <= epochs.endOf(head.epoch))
-            consistency += (consistency.isEmpty() ? "\"" : ", \"") + QByteArray::number(head.size) +
-                           "\": " + list(tiles.consistency(head.size, m_head.size));
+            consistency += (consistency.isEmpty() ? "\"" : ",\"") + QByteArray::number(head.size) +
+                           "\":" + joined(tiles.consistency(head.size, m_head.size));
     }
-    return "{\"format\": 1, \"origin\": " + ChangeRow::quoted(m_head.origin()) +
-           ", \"size\": " + QByteArray::number(m_head.size) + ", \"hidden\": " +
-           list(m_choice.isWhole() ? QVector<TreeHash>() : tiles.hidden(m_whole, m_head.size)) +
-           ", \"isWhole\": " + (m_choice.isWhole() ? "true" : "false") + ", \"consistency\": {" +
-           consistency + "}}\n";
+    const QByteArray hidden =
+        joined(m_choice.isWhole() ? QVector<TreeHash>() : tiles.hidden(m_whole, m_head.size));
+    return "{\"format\":2,\"origin\":" + ChangeRow::quoted(m_head.origin()) +
+           ",\"size\":" + QByteArray::number(m_head.size) + ",\"hidden\":" + hidden +
+           ",\"isWhole\":" + (m_choice.isWhole() ? "true" : "false") + ",\"consistency\":{" + consistency +
+           "}}\n";
 }
 
 bool EvidenceExport::write(const QDir& folder, StoreError* error)

@@ -41,7 +41,7 @@ def inner(left, right): return sha256(b"\1" + left + right)
 def tree_roots(leaves, size, hidden, sizes=()):
     """The root of the tree of the known leaves, given as (index, leaf), and those of its beginnings of the other sizes.
     "hidden" has the hashes of the largest parts without a known leaf, from left to right."""
-    hidden, nodes, end, roots = [unbase64(code, 32) for code in reversed(hidden)], [], 0, {0: sha256(b"")}
+    hidden, nodes, end, roots = hashes(hidden)[::-1], [], 0, {0: sha256(b"")}
     for index, leaf in itertools.chain(leaves, [(size, None)]):
         while end < index or leaf and end == index:
             span, node = 1, leaf
@@ -70,6 +70,9 @@ def consistent_roots(first, second, first_root, path):
     left = path.pop(0)
     return inner(left, old), inner(left, new)
 # Keys and heads.
+def hashes(codes):  # in one text, or in a list as in format 1
+    codes = [codes] if isinstance(codes, str) else codes
+    return [one for code in codes for one, in struct.iter_unpack("32s", base64.b64decode(code, validate=True))]
 def unbase64(code, length): return struct.unpack(f"{length}s", base64.b64decode(code, validate=True))[0]
 Head = collections.namedtuple("Head", "name origin size hex signers")
 def read_key(line):
@@ -85,9 +88,8 @@ def read_head(path, keys, is_needed):
     for dash, name, code in (line.split(" ") for line in signatures[:-1].split("\n")):
         data = base64.b64decode(code, validate=True)
         require(dash == "—" and len(data) > 4, "a signature line is malformed")
-        if (name, data[:4].hex()) in keys:
-            is_good = is_signature(keys[name, data[:4].hex()], (note + "\n").encode(), data[4:])
-            require(is_good, f"the signature of {name} is not valid")
+        if (key := (name, data[:4].hex())) in keys:
+            require(is_signature(keys[key], (note + "\n").encode(), data[4:]), f"the signature of {name} is not valid")
             signers.append(name)
     require(signers or not is_needed, "no trusted key signed this head")
     return Head(path.name, origin, int(size), unbase64(root, 32).hex(), signers)
@@ -95,7 +97,7 @@ def read_head(path, keys, is_needed):
 ROW = dict(place=int, table=str, key=str, event=int, old=(str, type(None)), new=(str, type(None)))
 LINE = dict(number=int, batchKey=str, login=str, role=str, time=(int, float), leaf=(str, type(None)), rowCount=int,
             hidden=list, rows=list)
-PROOF = dict(format=int, origin=str, size=int, hidden=list, isWhole=bool, consistency=tuple)
+PROOF = dict(format=int, origin=str, size=int, hidden=(str, list), isWhole=bool, consistency=tuple)
 integer, real, decode_json = struct.Struct(">q").pack, struct.Struct(">d").pack, json.JSONDecoder(object_pairs_hook=tuple).decode
 def check_fields(pairs, kinds):
     fields = dict(pairs) if type(pairs) is tuple and len(pairs) == len(kinds) else {}
@@ -105,8 +107,7 @@ def check_fields(pairs, kinds):
 def text(value): return integer(len(data := value.encode("utf-8", "surrogateescape"))) + data
 def option(value): return b"\0" if value is None else b"\1" + text(value)
 def transaction_leaf(line):
-    leaves, last = [], -1
-    line["rows"] = [check_fields(row, ROW) for row in line["rows"]]
+    leaves, last, line["rows"] = [], -1, [check_fields(row, ROW) for row in line["rows"]]
     for row in line["rows"]:
         require(last < (last := row["place"]) < line["rowCount"], "the places of the rows are wrong")
         leaves.append((last, sha256(b"\0" + text(row["table"]) + text(row["key"]) + integer(row["event"])
@@ -145,7 +146,7 @@ def check(folder, options):
     log = types.SimpleNamespace(**check_fields(decode_json((folder / "proof.json").read_text("utf-8")), PROOF))
     size, proofs = log.size, dict(log.consistency)
     newest = read_head(folder / "heads" / f"{size:012}.txt", keys, True)
-    require((newest.origin, newest.size, 1) == (log.origin, size, log.format), "origin, size or format in proof.json is wrong")
+    require((newest.origin, newest.size) == (log.origin, size) and 0 < log.format < 3, "origin, size or format in proof.json is wrong")
     heads = [read_head(path, keys, False) for path in sorted((folder / "heads").glob("*.txt"))]
     heads += [read_head(pathlib.Path(path), keys, True) for path in options.head]
     require.place, papers = "--paper", [re.fullmatch("([0-9]{1,18}) ([0-9a-f]{16})", line.lower()) for line in options.paper]
@@ -167,7 +168,7 @@ def check(folder, options):
         require.place = head.name
         require(head.origin in ended, f"this head is of another log, {head.origin}")
         if head.size < size and len(head.hex) == 64 and str(head.size) in proofs:
-            path, root = [unbase64(code, 32) for code in proofs[str(head.size)]], bytes.fromhex(head.hex)
+            path, root = hashes(proofs[str(head.size)]), bytes.fromhex(head.hex)
             if consistent_roots(head.size, size, root, path) == (root, roots[size]) and not path:
                 roots[head.size] = root
         require(contains(head), "the log does not contain this head" + (not log.isWhole) * ", or its proof is missing")
@@ -178,9 +179,8 @@ def check(folder, options):
              "the keys came with the export: compare keys.txt with the keys that you know from elsewhere": not options.key}
     yield from (note for note, applies in notes.items() if applies)
     for number, line, _ in filter(lambda restore: restore[0], log.restores):
-        at = time.strftime("%Y-%m-%dT%H:%M:%SZ", time.gmtime(line["time"]))
-        yield f"restored as transaction {number} at {at} by {line['login']}: heads of the former epoch above " \
-              f"{number - 1} are not contained"
+        at = time.strftime("%Y-%m-%dT%H:%M:%SZ", time.gmtime(line["time"])) + f" by {line['login']}"
+        yield f"restored as transaction {number} at {at}: heads of the former epoch above {number - 1} are not contained"
 def main(arguments=None):
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("folder", nargs="?", type=pathlib.Path, default=pathlib.Path(__file__).resolve().parent)

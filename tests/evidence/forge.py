@@ -67,6 +67,10 @@ def encode64(data):
     return base64.b64encode(data).decode()
 
 
+def join64(codes):
+    return encode64(b"".join(base64.b64decode(code) for code in codes))
+
+
 # Trees, by the definitions of RFC 9162.
 def sha(data):
     return hashlib.sha256(data).digest()
@@ -216,7 +220,7 @@ class Store:
             line["hidden"] = [encode64(node) for node in hidden]
             line["rows"] = [{"place": place, **transaction["rows"][place]} for place in places]
             lines.append(line)
-        proof = {"format": 1, "origin": self.heads[self.size][0], "size": self.size, "isWhole": not is_shown,
+        proof = {"format": 2, "origin": self.heads[self.size][0], "size": self.size, "isWhole": not is_shown,
                  "hidden": [encode64(node) for node in hidden_hashes(leaves[:self.size], shown)] if is_shown else [],
                  "consistency": {}}
         if is_shown:
@@ -235,13 +239,20 @@ class Export:
     def line(self, number):
         return next(line for line in self.lines if line["number"] == number)
 
+    def written_proof(self):
+        """From format 2 on, the hashes of a list are one text."""
+        if self.proof["format"] == 1:
+            return self.proof
+        return {**self.proof, "hidden": join64(self.proof["hidden"]),
+                "consistency": {size: join64(codes) for size, codes in self.proof["consistency"].items()}}
+
     def write(self, folder):
         (folder / "heads").mkdir(parents=True, exist_ok=True)
         for old in (folder / "heads").iterdir():
             old.unlink()
         text = "".join(json.dumps(line, ensure_ascii=False) + "\n" for line in self.lines)
         (folder / "log.jsonl").write_bytes(to_bytes(text))
-        (folder / "proof.json").write_text(json.dumps(self.proof), "utf-8")
+        (folder / "proof.json").write_text(json.dumps(self.written_proof()), "utf-8")
         (folder / "keys.txt").write_text(self.keys, "utf-8")
         for name, note in self.heads.items():
             (folder / "heads" / name).write_bytes(note)

@@ -578,7 +578,7 @@ class Verifier(unittest.TestCase):
         check(lambda export: export.line(2)["rows"][1].update(comment="x"), f"line 2: {wrong_field}")
         check(lambda export: export.line(2).update(rows=[5]), f"line 2: {wrong_field}")
         check(lambda export: export.proof.update(comment="x"), f"proof.json: {wrong_field}")
-        check(lambda export: export.proof.update(format=2), "origin, size or format in proof.json is wrong")
+        check(lambda export: export.proof.update(format=3), "origin, size or format in proof.json is wrong")
         check(lambda export: export.proof.update(origin="vrk-logbook/77D0"), "origin, size or format in proof.json is wrong")
         more = forge.encode64(bytes(32))
         check(lambda export: export.proof["hidden"].append(more), "log.jsonl: there are too many hidden hashes")
@@ -591,8 +591,33 @@ class Verifier(unittest.TestCase):
         (self.folder / "log.jsonl").write_text(text.replace('"login": ', '"login": "sidorov", "login": ', 1), "utf-8")
         self.assertFails(run(self.folder), f"line 1: {wrong_field}")
         (self.folder / "heads/000000000002.txt").write_bytes(export.heads["000000000003.txt"])
-        (self.folder / "proof.json").write_text(json.dumps({**export.proof, "size": 2}), "utf-8")
+        (self.folder / "proof.json").write_text(json.dumps({**export.written_proof(), "size": 2}), "utf-8")
         self.assertFails(run(self.folder), "000000000002.txt: origin, size or format in proof.json is wrong")
+
+    def testReadsTheFormatBefore(self):
+        """In format 1 the hashes of proof.json are lists."""
+        for seed in range(20):
+            store, _ = random_store(seed)
+            export = store.export(random_filter(random.Random(seed)))
+            export.write(self.folder)
+            answer = run(self.folder)
+            self.assertOk(answer)
+            length = (self.folder / "proof.json").stat().st_size
+            export.proof["format"] = 1
+            export.write(self.folder)
+            self.assertEqual(answer, run(self.folder))
+            self.assertLessEqual(length, (self.folder / "proof.json").stat().st_size)
+
+    def testRefusesHashesThatAreNotWhole(self):
+        store, _ = random_store(1)
+        export = store.export(lambda transaction, row: transaction["number"] == 1)
+        export.write(self.folder)
+        written = export.written_proof()
+        for change in (lambda text: text[:-4], lambda text: text[:-1], lambda text: text + "\n", lambda text: text + text):
+            changed = change(written["hidden"])
+            (self.folder / "proof.json").write_text(json.dumps({**written, "hidden": changed}), "utf-8")
+            with self.subTest(hidden=changed):
+                self.assertFails(run(self.folder), "FAILED: ")
 
     def testReportsMalformedFilesInOneLine(self):
         """Bytes of the files changed, cut off or added, and values of another kind."""
