@@ -49,13 +49,15 @@ inline QByteArray numbered(const char* prefix, int number)
     return prefix + QByteArray::number(number).rightJustified(8, '0');
 }
 
+inline QByteArray parameter(const char* name, const QByteArray& text)
+{
+    return QByteArray::fromStdString(
+        HtmlParser::createParameter({{"name", name}, {"idx", "0"}, {"locname", "x"}}, text.toStdString()));
+}
+
 /// The text of a record made from a template: fixed words and two parameters.
 inline QByteArray recordText(int number)
 {
-    const auto parameter = [](const char* name, const QByteArray& text) {
-        return QByteArray::fromStdString(HtmlParser::createParameter(
-            {{"name", name}, {"idx", "0"}, {"locname", "x"}}, text.toStdString()));
-    };
     return "<p>\xCE\xF2\xE4\xE0\xED\xE0 <b>\xEA\xEE\xEC\xE0\xED\xE4\xE0</b>: " +
            parameter(number % 3 == 0 ? "substation" : "equipmentName", numbered("PS ", number % 40)) +
            " \xEE\xF2\xEA\xEB\xFE\xF7\xE8\xF2\xFC " + parameter("text", numbered("V ", number)) + "</p>";
@@ -246,6 +248,32 @@ private:
     std::unique_ptr<CVrkCliMod> m_module;
     std::unique_ptr<CLiteModel> m_tables;
     LocationInfo m_location;
+};
+
+/// A synthetic change event: the row's fields in the form that the store sends.
+class MadeEvent
+{
+public:
+    template <int N>
+    MadeEvent(EventNumber number, const char* table, const MDRFieldDescr (&fields)[N], const QByteArray& key,
+              std::initializer_list<std::pair<const char*, MDRVar>> values)
+    {
+        CRowBatch rows(fields, N);
+        MDRData* row = rows.newRow(ROW_INSERT, key);
+        rows.SetValF(row, "KeyLink", MDRValue::text(key));
+        for (const auto& [field, value] : values)
+            rows.SetValF(row, field, value);
+        m_block.reset(HFNCliParam::event(number, key, QByteArray("NCI:") + table + ",1",
+                                         number == EventDeleted ? QByteArray() : MDRRecPack(row)));
+    }
+    void sendTo(LogBookWidget* tab) const
+    {
+        TEventNciParse event(m_block.get());
+        tab->MessageData(&event);
+    }
+
+private:
+    std::unique_ptr<HFNCliParam> m_block;
 };
 
 inline const Journal& journalOf(const Sizes& sizes)

@@ -81,32 +81,6 @@ void openShift(benchmark::State& state)
     state.counters["ratio"] = ours / plain;
 }
 
-/// A synthetic change event: the row's fields in the form that the store sends.
-class MadeEvent
-{
-public:
-    template <int N>
-    MadeEvent(EventNumber number, const char* table, const MDRFieldDescr (&fields)[N], const QByteArray& key,
-              std::initializer_list<std::pair<const char*, MDRVar>> values)
-    {
-        CRowBatch rows(fields, N);
-        MDRData* row = rows.newRow(ROW_INSERT, key);
-        rows.SetValF(row, "KeyLink", MDRValue::text(key));
-        for (const auto& [field, value] : values)
-            rows.SetValF(row, field, value);
-        m_block.reset(HFNCliParam::event(number, key, QByteArray("NCI:") + table + ",1",
-                                         number == EventDeleted ? QByteArray() : MDRRecPack(row)));
-    }
-    void sendTo(LogBookWidget* tab) const
-    {
-        TEventNciParse event(m_block.get());
-        tab->MessageData(&event);
-    }
-
-private:
-    std::unique_ptr<HFNCliParam> m_block;
-};
-
 /// A page with many records, including the queries of the tool bar at each of its signals.
 LogBookWidget* pageOf(Client& client)
 {
