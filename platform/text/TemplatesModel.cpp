@@ -121,13 +121,18 @@ QModelIndex TemplatesModel::bestMatch() const
 {
     if (m_order.empty())
         return QModelIndex();
-    const auto begins = [this](int number) {
+    const auto rank = [this](int number) {
         const QString& name = m_nodes[static_cast<std::size_t>(number)].folded;
-        return std::all_of(m_parts.begin(), m_parts.end(),
-                           [&name](const QString& part) { return TextMatch::beginsWord(name, part); });
+        const bool beginsWords = std::all_of(m_parts.begin(), m_parts.end(), [&name](const QString& part) {
+            return TextMatch::beginsWord(name, part);
+        });
+        return beginsWords ? (name.startsWith(m_parts.first()) ? 0 : 1) : 2;
     };
-    const auto best = std::find_if(m_order.begin(), m_order.end(), begins);
-    return indexOfNode(best == m_order.end() ? m_order.front() : *best);
+    int best = m_order.front();
+    for (const int number : m_order) // the first ones of a rank
+        if (rank(number) < rank(best))
+            best = number;
+    return indexOfNode(best);
 }
 
 QModelIndex TemplatesModel::indexOf(const QString& templateKey, const QString& nearGroup) const

@@ -51,7 +51,8 @@ public:
     QModelIndex firstTemplate() const;
     /// The next (\a step 1) or previous (-1) shown template in the order of the tree.
     QModelIndex nextTemplate(const QModelIndex& from, int step) const;
-    /// The first shown template with a word that begins with the query, otherwise the first shown one.
+    /// The first shown template whose name begins with the query, otherwise the first with such words,
+    /// otherwise the first shown one.
     QModelIndex bestMatch() const;
     /// The index of a template: in the group of \a near if it is there, otherwise in its category.
     QModelIndex indexOf(const QString& templateKey, const QString& nearGroup = QString()) const;

@@ -50,6 +50,19 @@ private slots:
         QCOMPARE(tree.current(), QStringLiteral("Включение линии"));
     }
 
+    void aNameThatBeginsSoIsOfferedBeforeOtherWords()
+    {
+        Tree tree;
+        tree.templateRow("T_BEFORE", "COMMON", "Аварийное отключение линии"); // stands before "Отключение..."
+        tree.templateRow("T_AFTER", "COMMON", "Отключение линии");
+        tree.show();
+        tree.widget.startSearch();
+        typeText(tree.search(), QStringLiteral("откл лин"));
+        QCOMPARE(tree.current(), QStringLiteral("Отключение линии"));
+        tree.search()->setText(QStringLiteral("лин откл"));
+        QCOMPARE(tree.current(), QStringLiteral("Аварийное отключение линии"));
+    }
+
     void aSearchWithoutAHitSaysSo()
     {
         Tree tree;

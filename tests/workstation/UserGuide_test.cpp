@@ -42,11 +42,13 @@ private:
     /// The keys of the window's shortcuts, buttons and entries, as the guide writes them.
     static QSet<QString> keysOf(const CVrkCliMod* journal);
 
-    static void carryOut(const QString& step, const QString& where);
+    void carryOut(const QString& step, const QString& where);
     static QWidget* front();
     static bool isVisible(const QString& text);
     static void choose(const QString& record);
     static QAbstractButton* button(const QString& text);
+
+    QHash<QString, int> m_keys; ///< pressed below a heading, except for free texts
 };
 
 QString UserGuide_test::guide()
@@ -280,6 +282,7 @@ bool UserGuide_test::isVisible(const QString& text)
 void UserGuide_test::choose(const QString& record)
 {
     auto* view = front()->findChild<QTableView*>(QStringLiteral("recordsTable"));
+    QVERIFY2(view, qPrintable(record));
     for (int row = view->model()->rowCount() - 1; row >= 0; --row) {
         for (int column = 0; column < view->model()->columnCount(); ++column) {
             const QModelIndex index = view->model()->index(row, column);
@@ -324,10 +327,13 @@ void UserGuide_test::carryOut(const QString& step, const QString& where)
             QTRY_VERIFY2(button(seen), fault);
             button(seen)->click();
         } else if (!one.captured(3).isEmpty()) {
+            ++m_keys[where];
             QString key = one.captured(3);
             QTest::keySequence(receiver,
                                QKeySequence(key.replace(QLatin1String("Enter"), QLatin1String("Return"))));
         } else if (!one.captured(4).isEmpty()) {
+            if (!receiver->inherits("QPlainTextEdit")) // a free text
+                m_keys[where] += one.captured(4).size();
             for (const QChar character : one.captured(4)) {
                 QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
                 QCoreApplication::sendEvent(receiver, &press);
@@ -367,6 +373,8 @@ void UserGuide_test::theStepsOfAShiftCanBeCarriedOut()
         if (QTest::currentTestFailed())
             return;
     }
+    const int keys = m_keys.value(QStringLiteral("Команда на переключения"));
+    QVERIFY2(keys >= 15 && keys <= 20, qPrintable(QString::number(keys)));
 }
 /// @}
 
