@@ -1,3 +1,4 @@
+#include "../support/Typing.h"
 #include "CVrkCliMod.h"
 #include "GuideText.h"
 #include "HostBench.h"
@@ -30,6 +31,7 @@ private slots:
     void buttonsHaveTheIconsOfTheGuide();
     void markersHaveTheNamesOfTheProgram();
     void theStepsOfAShiftCanBeCarriedOut();
+    void aFirstRecordTakesAtMostEightClicks();
 
 private:
     using Rows = QVector<QPair<QString, QString>>;
@@ -377,6 +379,39 @@ void UserGuide_test::theStepsOfAShiftCanBeCarriedOut()
     QVERIFY2(keys >= 15 && keys <= 20, qPrintable(QString::number(keys)));
 }
 /// @}
+
+void UserGuide_test::aFirstRecordTakesAtMostEightClicks()
+{
+    HostBench bench;
+    Workstation host;
+    CVrkCliMod* journal = journalOf(host, bench);
+    QVERIFY(QTest::qWaitForWindowActive(journal));
+    int clicks = 0;
+    const auto press = [&clicks](QWidget* widget, const QPoint& place = QPoint()) {
+        QVERIFY(widget && widget->isVisible() && widget->isEnabled());
+        QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, place);
+        ++clicks;
+    };
+    press(journal->findChild<QAbstractButton*>(QStringLiteral("createButton")));
+    QTRY_VERIFY(front() && front()->objectName() == QStringLiteral("RecordCreatorDialog"));
+    QWidget* dialog = front();
+    auto* tree = dialog->findChild<QTreeView*>(QStringLiteral("templatesTree"));
+    const QModelIndexList found =
+        tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("Прочее сообщение"),
+                             1, Qt::MatchExactly | Qt::MatchRecursive);
+    QCOMPARE(found.size(), 1);
+    tree->scrollTo(found.first()); // as the wheel does
+    press(tree->viewport(), tree->visualRect(found.first()).center());
+    auto* field = dialog->findChild<QPlainTextEdit*>();
+    QVERIFY(field);
+    press(field->viewport());
+    QCOMPARE(QApplication::focusWidget(), field);
+    typeText(field, QStringLiteral("Первая запись нового пользователя."));
+    press(button(QStringLiteral("Сохранить")));
+    QVERIFY(!dialog->isVisible());
+    QTRY_VERIFY(isVisible(QStringLiteral("Первая запись нового пользователя.")));
+    QVERIFY2(clicks <= 8, qPrintable(QString::number(clicks)));
+}
 
 QTEST_MAIN(UserGuide_test)
 #include "UserGuide_test.moc"
