@@ -125,8 +125,10 @@ void CVrkPast::makeBars()
     QToolBar* where = bar("shiftBar", this);
     m_departments->setObjectName(QStringLiteral("departmentCombo"));
     m_shifts->setObjectName(QStringLiteral("shiftCombo"));
-    m_departments->setMinimumContentsLength(16);
-    m_shifts->setMinimumContentsLength(30);
+    // The times of a shift must be readable; a name of a department is recognised by its beginning.
+    m_departments->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_departments->setMinimumContentsLength(22);
+    m_shifts->setMinimumContentsLength(44);
     addLabelled(where, tr("&Подразделение"), m_departments);
     addLabelled(where, tr("С&мена"), m_shifts);
 

@@ -6,5 +6,6 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${1:-build/dev}
 ninja -C "$build" --quiet window_sheet vrk-workstation vrk-admin VrkLogBook VrkArchive
-TZ=Europe/Moscow "$build/bin/window_sheet" "$build/windows.png"
+TZ=Europe/Moscow QT_QPA_PLATFORM=xcb xvfb-run --auto-servernum --server-args="-screen 0 1920x1080x24" \
+    "$build/bin/window_sheet" "$build/windows.png"
 echo "$build/windows.png"

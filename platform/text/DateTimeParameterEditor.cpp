@@ -28,6 +28,23 @@ DateTimeParameterEditor::DateTimeParameterEditor(const ParameterSpec& spec, Refe
     } else {
         m_lines << addLine(QString(), spec.format, reference);
     }
+    alignCaptions();
+}
+
+void DateTimeParameterEditor::changeEvent(QEvent* event)
+{
+    ParameterEditor::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        alignCaptions();
+}
+
+void DateTimeParameterEditor::alignCaptions()
+{
+    int widest = 0;
+    for (const QLabel* caption : qAsConst(m_captions))
+        widest = qMax(widest, caption->fontMetrics().horizontalAdvance(caption->text()) + 2);
+    for (QLabel* caption : qAsConst(m_captions))
+        caption->setMinimumWidth(widest);
 }
 
 DateTimeLine* DateTimeParameterEditor::addLine(const QString& caption, const QString& format,
@@ -42,7 +59,7 @@ DateTimeLine* DateTimeParameterEditor::addLine(const QString& caption, const QSt
     row->setSpacing(4);
     if (!caption.isEmpty()) {
         auto* label = new QLabel(caption, this);
-        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(tr("по")) + 2);
+        m_captions << label;
         row->addWidget(label);
     }
     row->addWidget(line, 1);

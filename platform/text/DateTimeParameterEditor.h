@@ -22,7 +22,11 @@ protected:
     bool enterPressed(QWidget* input, Qt::KeyboardModifiers modifiers) override;
     void finish(QWidget* input) override;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void alignCaptions();
     bool isInterval() const { return m_lines.size() == 2; }
     DateTimeLine* addLine(const QString& caption, const QString& format, ReferenceData* reference);
     void lineEdited();
@@ -30,6 +34,7 @@ private:
     QString fault() const;
 
     QVector<DateTimeLine*> m_lines;
-    ParameterValue m_given; ///< a text in another form: kept until the user changes it
+    QVector<QLabel*> m_captions; ///< equally wide
+    ParameterValue m_given;      ///< a text in another form: kept until the user changes it
     bool m_isGiven = false;
 };

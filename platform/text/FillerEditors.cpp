@@ -4,6 +4,7 @@
 
 #include <QFormLayout>
 #include <QLabel>
+#include <QTimer>
 
 FillerEditors::FillerEditors(QWidget* parent) : QScrollArea(parent)
 {
@@ -39,9 +40,6 @@ void FillerEditors::setParameters(const QVector<ParameterSpec>& specs, Reference
         editor->setObjectName(QStringLiteral("parameterEditor_%1").arg(i));
         editor->input()->setObjectName(QStringLiteral("parameterInput_%1").arg(i));
         label->setBuddy(editor->input());
-        // Below this width the label moves above its editor.
-        editor->setMinimumWidth(
-            qMax(fontMetrics().averageCharWidth() * 26, editor->minimumSizeHint().width()));
         if (specs.at(i).wholeText) {
             form->addRow(label);
             form->addRow(editor);
@@ -55,7 +53,24 @@ void FillerEditors::setParameters(const QVector<ParameterSpec>& specs, Reference
         connect(editor, &ParameterEditor::nextRequested, this, [this, i] { emit nextRequested(i); });
     }
     setWidget(content);
+    fitWidths();
     placeInTabOrder();
+}
+
+void FillerEditors::changeEvent(QEvent* event)
+{
+    QScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        QTimer::singleShot(0, this, &FillerEditors::fitWidths); // the editors get the font after this widget
+}
+
+void FillerEditors::fitWidths()
+{
+    // Below this width the label moves above its editor.
+    for (const Row& row : qAsConst(m_rows)) {
+        row.editor->setMinimumWidth(
+            qMax(fontMetrics().averageCharWidth() * 26, row.editor->minimumSizeHint().width()));
+    }
 }
 
 void FillerEditors::placeInTabOrder()

@@ -40,8 +40,12 @@ signals:
     void entered(int index);
     void nextRequested(int index);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void placeInTabOrder();
+    void fitWidths();
 
     struct Row {
         QLabel* label;

@@ -3,6 +3,7 @@
 #include "CVrkCliApp.h"
 #include "CVrkCliMod.h"
 #include "CVrkCliSes.h"
+#include "DesignedFont.h"
 #include "ui_ReportDialog.h"
 #include "UserSettings.h"
 #include "VrkPreview.h"
@@ -16,6 +17,7 @@ ReportDialog::ReportDialog(QWidget* parent, int flag)
 {
     m_form->setupUi(this);
     setWindowIcon(QIcon(QStringLiteral(":/icons/report.png")));
+    new DesignedFont(m_form->titleLabel, module()->app()->settings());
     createToolBar();
 
     m_table = std::make_unique<ReportTable>(m_form->recordsTable, module()->session(), this);

@@ -1,7 +1,9 @@
 #include "CVrkTemplateEditor.h"
 
 #include "CToolLiteModel.h"
+#include "CVrkCliApp.h"
 #include "CVrkCliSes.h"
+#include "DesignedFont.h"
 #include "EventRow.h"
 #include "LogText.h"
 #include "ParametersBase.h"
@@ -19,6 +21,7 @@ CVrkTemplateEditor::CVrkTemplateEditor(CVrkCliApp* app)
     pages->setTabText(0, tr("Общие шаблоны"));
     pages->setTabText(1, tr("Типы организаций"));
     pages->setTabText(2, tr("Подразделение"));
+    new DesignedFont(pages, app->settings());
     setModuleStyle();
     m_rights = Rights::View;
 }

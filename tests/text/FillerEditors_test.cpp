@@ -5,6 +5,7 @@
 #include "SuggestionModel.h"
 #include "TEventNciParse.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -40,6 +41,7 @@ private slots:
     void aValueThatTheListLacksStays();
     void theCursorIsAfterTheTakenSuggestion();
     void anIntervalReadsFromTo();
+    void anIntervalGrowsWithItsLetters();
     void anIntervalNeedsBothEndsInOrder();
     void anIntervalOfAnotherFormStaysUntilItIsChanged();
     void aWorkerIsFoundByPartsOfHisName_data();
@@ -265,6 +267,30 @@ void FillerEditors_test::anIntervalReadsFromTo()
     setting.filler.setTemplate(setting.filler.filledTemplate(true));
     QCOMPARE(setting.input<QLineEdit>(0)->text(), QStringLiteral("20.11.2026 20:00"));
     QVERIFY(setting.filler.isFilled());
+}
+
+void FillerEditors_test::anIntervalGrowsWithItsLetters()
+{
+    Setting setting(m_store);
+    setting.filler.setTemplate(parameter("interval", "Период") + parameter("text", "x"));
+    QFont font = setting.filler.font();
+    font.setPixelSize(QFontInfo(font).pixelSize() * 2);
+    setting.filler.setFont(font);
+    setting.filler.resize(10, 400);
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    int captions = 0;
+    auto* editor = setting.filler.findChild<QWidget*>(QStringLiteral("parameterEditor_0"));
+    for (const auto* label : editor->findChildren<QLabel*>()) {
+        if (!label->isHidden() && !label->text().isEmpty()) {
+            QVERIFY2(label->width() >= label->fontMetrics().horizontalAdvance(label->text()),
+                     qPrintable(label->text()));
+            ++captions;
+        }
+    }
+    QCOMPARE(captions, 2);
+    for (const auto* line : editor->findChildren<QLineEdit*>())
+        QVERIFY(line->width() > line->fontMetrics().horizontalAdvance(QStringLiteral("00.00.0000 00:00")));
 }
 
 void FillerEditors_test::anIntervalNeedsBothEndsInOrder()

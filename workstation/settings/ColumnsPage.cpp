@@ -20,9 +20,12 @@ ColumnsPage::ColumnsPage(UserSettings* settings, std::function<QVector<VrkTableT
       m_up(new QPushButton(tr("Выше"))),
       m_down(new QPushButton(tr("Ниже")))
 {
-    addRow(tr("Столбцы журнала"), makeColumns(),
+    QWidget* columns = makeColumns();
+    addRow(tr("Столбцы журнала"), columns,
            tr("Отмеченные видны, в этом порядке. Строку можно перетащить. Текст записи виден всегда."),
            tr("столбец колонки порядок скрыть показать таблица"));
+    qobject_cast<QVBoxLayout*>(layout())->setStretchFactor(columns->parentWidget(),
+                                                           1); // all columns, if possible
     m_width->setObjectName(QStringLiteral("columnWidthSpin"));
     m_width->setRange(0, 120);
     m_width->setSpecialValueText(tr("сама"));

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 ReportsPage::ReportsPage(UserSettings* settings, QWidget* parent)
     : SettingsPage(settings, tr("Отчёты"), parent)
@@ -36,7 +37,7 @@ ReportsPage::ReportsPage(UserSettings* settings, QWidget* parent)
     auto* problem = new QLabel;
     problem->setObjectName(QStringLiteral("reportFolderProblem"));
     problem->setWordWrap(true);
-    layout()->addWidget(problem);
+    qobject_cast<QVBoxLayout*>(layout())->insertWidget(layout()->count() - 1, problem); // before the stretch
     problem->hide();
 
     connect(edit, &QLineEdit::editingFinished, this, [this, edit] {
