@@ -1,23 +1,15 @@
 #!/usr/bin/env bash
 # Builds the Debian packages from the files of this tree, changed ones included: packages.sh FOLDER
-#   --version VERSION   builds the same sources as another version
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 
-version=
-out=
-while [[ $# -gt 0 ]]; do
-    case "$1" in
-    --version) version=$2; shift ;;
-    --help | -h) sed -n '2,3s/^# \{0,1\}//p' "$0"; exit 0 ;;
-    *) out=$1 ;;
-    esac
-    shift
-done
-[[ -n $out ]] || { echo "usage: packages.sh [--version VERSION] FOLDER" >&2; exit 2; }
+case "${1:-}" in
+--help | -h) sed -n '2s/^# \{0,1\}//p' "$0"; exit 0 ;;
+"") echo "usage: packages.sh FOLDER" >&2; exit 2 ;;
+esac
 packaging/dependencies.sh build packages
-mkdir -p "$out"
-out=$(readlink -f "$out")
+mkdir -p "$1"
+out=$(readlink -f "$1")
 
 # From a tree of its own: a package contains nothing that lies about here.
 work=$out/build
@@ -25,9 +17,6 @@ rm -rf "$work"
 mkdir -p "$work/vrk-logbook"
 git ls-files -z --cached --others --exclude-standard | xargs -0 cp -a --parents -t "$work/vrk-logbook"
 cd "$work/vrk-logbook"
-if [[ -n $version ]]; then
-    sed -i "1s/(.*)/($version)/" debian/changelog
-fi
 SOURCE_DATE_EPOCH=$(dpkg-parsechangelog --show-field Timestamp)
 export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C.UTF-8 DEB_BUILD_OPTIONS="${DEB_BUILD_OPTIONS:-parallel=$(nproc)}"
 umask 022
