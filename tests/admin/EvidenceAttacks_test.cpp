@@ -2,6 +2,7 @@
 #include "Forger.h"
 #include "HistoryMemory.h"
 #include "LogAudit.h"
+#include "SourceFile.h"
 #include "SqliteCheck.h"
 
 #include <QCryptographicHash>
@@ -136,7 +137,7 @@ QVector<int> EvidenceAttacks_test::verifyMany(const QVector<QStringList>& runs)
 {
     QProcess python;
     python.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    python.start(QStringLiteral("python3"), {QFINDTESTDATA("../evidence/verify_many.py")});
+    python.start(QStringLiteral("python3"), {sourceFile("tests/evidence/verify_many.py")});
     for (const QStringList& arguments : runs)
         python.write(QJsonDocument(QJsonArray::fromStringList(arguments)).toJson(QJsonDocument::Compact) +
                      '\n');
@@ -311,7 +312,7 @@ void EvidenceAttacks_test::beginInFormerVersion()
     for (const char* end : {"", "-wal", "-shm"})
         QFile::remove(m_store->path() + QLatin1String(end));
     QProcess sqlite;
-    sqlite.setStandardInputFile(QFINDTESTDATA("../store/former") +
+    sqlite.setStandardInputFile(sourceFile("tests/store/former") +
                                 QStringLiteral("/version-%1.sqlite.sql").arg(m_random.bounded(5) + 1));
     sqlite.start(QStringLiteral("sqlite3"), {m_store->path()});
     QVERIFY(sqlite.waitForFinished(60000));

@@ -4,6 +4,7 @@
 #include "SqliteWal.h"
 #include "Store.h"
 #include "StoreAdmin.h"
+#include "SourceFile.h"
 #include "TestStore.h"
 
 #include <memory>
@@ -69,7 +70,7 @@ private:
     void takeFormer(const QString& file) const
     {
         QProcess sqlite;
-        sqlite.setStandardInputFile(QFINDTESTDATA("../store/former") +
+        sqlite.setStandardInputFile(sourceFile("tests/store/former") +
                                     QStringLiteral("/version-3.sqlite.sql"));
         sqlite.start(QStringLiteral("sqlite3"), {file});
         QVERIFY(sqlite.waitForFinished(60000));

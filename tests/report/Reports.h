@@ -2,6 +2,7 @@
 
 #include "../support/TestFolder.h"
 #include "ReportCommand.h"
+#include "SourceFile.h"
 #include "TestStore.h"
 
 #include <QDir>
@@ -45,7 +46,7 @@ struct Reports {
     QString checked(const QString& name, const QStringList& texts = {}) const
     {
         return output(QStringLiteral("python3"),
-                      QStringList{QFINDTESTDATA("check_pages.py"), path(name)} + texts);
+                      QStringList{sourceFile("tests/report/check_pages.py"), path(name)} + texts);
     }
     static QString output(const QString& program, const QStringList& arguments)
     {

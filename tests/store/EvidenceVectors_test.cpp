@@ -1,4 +1,5 @@
 #include "LogHead.h"
+#include "SourceFile.h"
 #include "LogLeaf.h"
 
 #include <cstring>
@@ -52,7 +53,7 @@ class EvidenceVectors_test : public QObject
 private slots:
     void initTestCase()
     {
-        QFile file(QFINDTESTDATA("../evidence/vectors.json"));
+        QFile file(sourceFile("tests/evidence/vectors.json"));
         QVERIFY(file.open(QIODevice::ReadOnly));
         m_vectors = QJsonDocument::fromJson(file.readAll()).object();
         QVERIFY(!m_vectors.isEmpty());

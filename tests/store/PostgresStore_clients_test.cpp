@@ -7,6 +7,7 @@
 #include "PostgresSealer.h"
 #include "PrivateCluster.h"
 #include "TableCatalog.h"
+#include "SourceFile.h"
 #include "TestStore.h"
 
 #include <QFile>
@@ -331,7 +332,7 @@ private slots:
 
     void everyFunctionOfAllHasBeenLookedAt()
     {
-        QFile file(QFINDTESTDATA("functions-of-all.txt"));
+        QFile file(sourceFile("tests/store/functions-of-all.txt"));
         QVERIFY(file.open(QIODevice::ReadOnly));
         QSet<QString> reviewed;
         while (!file.atEnd()) {

@@ -3,6 +3,7 @@
 #include "PrivateCluster.h"
 #include "StoreAdmin.h"
 #include "TestFolder.h"
+#include "SourceFile.h"
 #include "TestStore.h"
 
 #include <QCryptographicHash>
@@ -34,7 +35,7 @@ class StoreUpgrade_test : public QObject
     void take(const QString& version)
     {
         m_folder = std::make_unique<QTemporaryDir>(testFolderTemplate());
-        const QString base = QFINDTESTDATA("former") + QStringLiteral("/version-") + version;
+        const QString base = sourceFile("tests/store/former") + QStringLiteral("/version-") + version;
         if (TestStore::isSqlite()) {
             const QString file = m_folder->filePath(QStringLiteral("former.vrk"));
             m_url = QStringLiteral("sqlite://") + file;
@@ -199,7 +200,7 @@ private slots:
                                   .arg(version)
                                   .arg(QLatin1String(TestStore::isSqlite() ? "sqlite" : "postgresql"),
                                        schemaDigest(fresh.url()));
-        QFile list(QFINDTESTDATA("schema-of-versions.txt"));
+        QFile list(sourceFile("tests/store/schema-of-versions.txt"));
         QVERIFY(list.open(QIODevice::ReadOnly));
         const QStringList pinned = QString::fromUtf8(list.readAll()).split(QLatin1Char('\n'));
         QVERIFY2(

@@ -7,6 +7,7 @@
 #include "RussianStem.h"
 #include "SearchWords.h"
 #include "StoreAdmin.h"
+#include "SourceFile.h"
 #include "TestStore.h"
 
 #include <QFile>
@@ -392,7 +393,7 @@ private slots:
                            "href=\"parameter:name=BAY\">яч<a href=\"parameter:name=text\">т</a>"),
             QStringLiteral("<A HREF=\"parameter:name=substation\">ПС"),
             QString()};
-        QFile demo(QFINDTESTDATA("../../demo/templates.txt"));
+        QFile demo(sourceFile("demo/templates.txt"));
         QVERIFY(demo.open(QIODevice::ReadOnly));
         texts += QString::fromUtf8(demo.readAll()).split(QLatin1Char('\n'));
         for (const auto& row : m_files->rows(QStringLiteral("SELECT html FROM LogbookRecords")))

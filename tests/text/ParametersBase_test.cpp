@@ -3,6 +3,7 @@
 #include "HtmlParser.h"
 #include "MDRValues.h"
 #include "ParametersBase.h"
+#include "SourceFile.h"
 #include "TestClient.h"
 
 #include <QFile>
@@ -197,7 +198,7 @@ void ParametersBase_test::aTableWithoutFieldsTakesTheParametersOfEquipment()
 
 void ParametersBase_test::thePageNamesThemAll()
 {
-    QFile page(QFINDTESTDATA("../../docs/template-parameters.md"));
+    QFile page(sourceFile("docs/template-parameters.md"));
     QVERIFY(page.open(QIODevice::ReadOnly));
     QStringList reported;
     for (const QString& line : QString::fromUtf8(page.readAll()).split(QLatin1Char('\n')))
@@ -230,7 +231,7 @@ void ParametersBase_test::theNotationAndTheGuideKnowThemAll()
     made.sort();
     known.sort();
     QCOMPARE(known, made);
-    QFile page(QFINDTESTDATA("../../docs/admin-guide.ru.md"));
+    QFile page(sourceFile("docs/admin-guide.ru.md"));
     QVERIFY(page.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(page.readAll());
     for (const QString& kind : qAsConst(known))

@@ -1,5 +1,6 @@
 #include "../support/TestFolder.h"
 #include "CVrkCliMod.h"
+#include "SourceFile.h"
 #include "Workstation.h"
 
 #include <QAction>
@@ -35,7 +36,7 @@ private:
 
 QVector<AdminGuide_test::Block> AdminGuide_test::blocks()
 {
-    QFile page(QFINDTESTDATA("../../docs/admin-guide.ru.md"));
+    QFile page(sourceFile("docs/admin-guide.ru.md"));
     QVector<Block> found;
     bool inside = false;
     if (!page.open(QIODevice::ReadOnly))

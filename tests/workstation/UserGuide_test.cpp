@@ -2,6 +2,7 @@
 #include "CVrkCliMod.h"
 #include "GuideText.h"
 #include "HostBench.h"
+#include "SourceFile.h"
 #include "Workstation.h"
 
 #include <QAction>
@@ -55,7 +56,7 @@ private:
 
 QString UserGuide_test::guide()
 {
-    QFile file(QFINDTESTDATA("../../docs/user-guide.ru.md"));
+    QFile file(sourceFile("docs/user-guide.ru.md"));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
@@ -138,8 +139,7 @@ void UserGuide_test::everyWindowHasASection()
             described.insert(name);
     int found = 0;
     for (const char* folder : {"platform", "plugin", "archive", "workstation"}) {
-        QDirIterator headers(QFINDTESTDATA("../../README.md").section(QLatin1Char('/'), 0, -2) +
-                                 QLatin1Char('/') + QLatin1String(folder),
+        QDirIterator headers(sourceFile(folder),
                              {QStringLiteral("*.h")}, QDir::Files, QDirIterator::Subdirectories);
         while (headers.hasNext()) {
             QFile header(headers.next());
@@ -167,7 +167,7 @@ void UserGuide_test::everyLinkAndPictureLeadsSomewhere()
             QVERIFY2(compiled.section(target.mid(1)) >= 0, qPrintable(target));
             continue;
         }
-        QVERIFY2(QFile::exists(QFINDTESTDATA("../../docs") + QLatin1Char('/') + target), qPrintable(target));
+        QVERIFY2(QFile::exists(sourceFile("docs/") + target), qPrintable(target));
         const bool isIcon = target.endsWith(QLatin1String(".svg"));
         QVERIFY2(isIcon || QFile::exists(QStringLiteral(":/help/") + target), qPrintable(target));
         ++pictures;
@@ -226,7 +226,7 @@ void UserGuide_test::buttonsHaveTheIconsOfTheGuide()
 
 void UserGuide_test::markersHaveTheNamesOfTheProgram()
 {
-    QFile header(QFINDTESTDATA("../../platform/widgets/TemplateMarkers.h"));
+    QFile header(sourceFile("platform/widgets/TemplateMarkers.h"));
     QVERIFY(header.open(QIODevice::ReadOnly));
     static const QRegularExpression marker(
         QStringLiteral("\"TemplateMarkers\", \"([^\"]+)\"\\),\\s*\":/markers/(\\w+)\\.png\""));

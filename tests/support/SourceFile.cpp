@@ -1,0 +1,6 @@
+#include "SourceFile.h"
+
+QString sourceFile(const char* name)
+{
+    return QStringLiteral(VRK_SOURCE_DIR "/") + QString::fromUtf8(name);
+}
