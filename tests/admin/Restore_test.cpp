@@ -1,10 +1,10 @@
 #include "AdminRun.h"
 #include "CMDArray.h"
 #include "PrivateCluster.h"
+#include "SourceFile.h"
 #include "SqliteWal.h"
 #include "Store.h"
 #include "StoreAdmin.h"
-#include "SourceFile.h"
 #include "TestStore.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 #include "LogHead.h"
-#include "SourceFile.h"
 #include "LogLeaf.h"
+#include "SourceFile.h"
 
 #include <cstring>
 #include <QCryptographicHash>

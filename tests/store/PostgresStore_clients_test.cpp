@@ -6,8 +6,8 @@
 #include "PostgresAdmin.h"
 #include "PostgresSealer.h"
 #include "PrivateCluster.h"
-#include "TableCatalog.h"
 #include "SourceFile.h"
+#include "TableCatalog.h"
 #include "TestStore.h"
 
 #include <QFile>

@@ -1,9 +1,9 @@
 #include "EvidenceLog.h"
 #include "MDRValues.h"
 #include "PrivateCluster.h"
+#include "SourceFile.h"
 #include "StoreAdmin.h"
 #include "TestFolder.h"
-#include "SourceFile.h"
 #include "TestStore.h"
 
 #include <QCryptographicHash>

@@ -6,8 +6,8 @@
 #include "RecordWords.h"
 #include "RussianStem.h"
 #include "SearchWords.h"
-#include "StoreAdmin.h"
 #include "SourceFile.h"
+#include "StoreAdmin.h"
 #include "TestStore.h"
 
 #include <QFile>

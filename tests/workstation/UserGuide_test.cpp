@@ -139,8 +139,8 @@ void UserGuide_test::everyWindowHasASection()
             described.insert(name);
     int found = 0;
     for (const char* folder : {"platform", "plugin", "archive", "workstation"}) {
-        QDirIterator headers(sourceFile(folder),
-                             {QStringLiteral("*.h")}, QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator headers(sourceFile(folder), {QStringLiteral("*.h")}, QDir::Files,
+                             QDirIterator::Subdirectories);
         while (headers.hasNext()) {
             QFile header(headers.next());
             QVERIFY(header.open(QIODevice::ReadOnly));
