@@ -57,6 +57,7 @@ struct Request {
     bool isAll = false;
     bool hasCode = false;
     bool isForced = false;
+    bool hasFiles = false;
     QString fault; ///< of the arguments
 
     int number(const QString& text, int usual)
@@ -107,7 +108,8 @@ Request parsed(const QString& usage, const QStringList& arguments)
     } flags[] = {{"--open", &request.isOpen},
                  {"--all", &request.isAll},
                  {"--code", &request.hasCode},
-                 {"--force", &request.isForced}};
+                 {"--force", &request.isForced},
+                 {"--files", &request.hasFiles}};
     const auto isOffered = [&usage](const char* name) {
         return usage.contains(QStringLiteral("[%1").arg(QLatin1String(name)));
     };
@@ -288,7 +290,7 @@ ExitCode archive(Request* request, QTextStream& out, QTextStream& err)
         err << source.errorText() << QLatin1Char('\n');
         return ReportCommand::Failed;
     }
-    ShiftArchive folder(&source, request->file);
+    ShiftArchive folder(&source, request->file, request->hasFiles);
     if (!folder.update()) {
         err << folder.errorText() << QLatin1Char('\n');
         return ReportCommand::Failed;

@@ -7,6 +7,7 @@
 #include "ListOutput.h"
 #include "LiveTable.h"
 #include "RecordList.h"
+#include "RecordNotes.h"
 #include "RecordQuery.h"
 #include "ReportName.h"
 #include "ReportTable.h"
@@ -14,6 +15,7 @@
 #include "ShownJournal.h"
 #include "Store.h"
 #include "UnfinishedRecords.h"
+#include "VrkTableProxyModel.h"
 
 #include <algorithm>
 #include <QCoreApplication>
@@ -60,8 +62,9 @@ struct ReportSource::Private {
                fail(words("Журнал не прочитан: %1").arg(session()->lastErrorText()));
     }
     void finish(VrkPreviewTable* table, const QStringList& about);
-    void finish(ShownJournal* shown, bool all, VrkTableTool::DayLines lines, const QStringList& about,
+    bool finish(ShownJournal* shown, bool all, VrkTableTool::DayLines lines, const QStringList& about,
                 ReportDocument* document);
+    bool addNotes(const QTableView& view, ReportDocument* document);
     QStringList aboutShift(const ReportShift& shift, ShownJournal* shown);
 
     CVrkCliApp app;
@@ -216,7 +219,39 @@ void ReportSource::Private::finish(VrkPreviewTable* table, const QStringList& ab
     table->footer = about.join(QLatin1Char('\n'));
 }
 
-void ReportSource::Private::finish(ShownJournal* shown, bool all, VrkTableTool::DayLines lines,
+/// The comments and files of the records in a view, from which the document's table was made.
+bool ReportSource::Private::addNotes(const QTableView& view, ReportDocument* document)
+{
+    const auto* model = qobject_cast<VrkTableProxyModel*>(view.model());
+    QVector<QByteArray> keys;
+    for (int row = 0; model && row < model->rowCount(); ++row)
+        keys.append(Row(model->record(row)).key());
+    RecordNotes notes(session(), &names);
+    if (!notes.load(keys))
+        return fail(words("Журнал не прочитан: %1").arg(session()->lastErrorText()));
+    int place = 0;
+    for (int row = 0; row < document->table.rows.size(); ++row) {
+        VrkPreviewTable::Row& shown = document->table.rows[row];
+        if (shown.isDayLine)
+            continue;
+        const QVector<RecordNotes::Note> found = notes.of(keys.value(place++));
+        for (const RecordNotes::Note& note : found) {
+            if (!note.fileKey.isEmpty())
+                document->files.append({note.fileKey, note.text, row, static_cast<int>(shown.notes.size())});
+            shown.notes.append({note.label, note.text});
+        }
+    }
+    return true;
+}
+
+bool ReportSource::fileContent(const QByteArray& key, QByteArray* content)
+{
+    StoreError error;
+    return store()->blob(LogbookTable::Files, Field::fileData.name, key, content, &error) ||
+           d->fail(words("Файл не прочитан: %1").arg(error.text));
+}
+
+bool ReportSource::Private::finish(ShownJournal* shown, bool all, VrkTableTool::DayLines lines,
                                    const QStringList& about, ReportDocument* document)
 {
     for (RecordsView* view : {paper.get(), sheet.get()}) {
@@ -228,6 +263,7 @@ void ReportSource::Private::finish(ShownJournal* shown, bool all, VrkTableTool::
     document->rows = ListOutput::rowsOf(&sheet->view);
     document->rows.first().replaceInStrings(QStringLiteral("\n"), QStringLiteral(" "));
     finish(&document->table, about);
+    return addNotes(paper->view, document);
 }
 
 /// The lines about a workshift; loads it with its crew.
@@ -267,8 +303,9 @@ bool ReportSource::ofShift(const ReportShift& shift, bool all, ReportDocument* d
                                     .arg(QLatin1String(LogbookTable::Records), QLatin1String(Field::ShiftKey),
                                          QString::fromUtf8(shift.key))))
         return false;
-    d->finish(&shown, all, VrkTableTool::DayLinesBetween, QStringList{title(shift.departmentKey)} + about,
-              document);
+    if (!d->finish(&shown, all, VrkTableTool::DayLinesBetween,
+                   QStringList{title(shift.departmentKey)} + about, document))
+        return false;
     document->name = reportName(d->names.departmentName(shift.departmentKey), shown, shift.start, shift.end,
                                 d->session()->codec());
     return true;
@@ -286,7 +323,9 @@ bool ReportSource::ofPeriod(const QByteArray& departmentKey, const QDateTime& fr
                  QLatin1String(Field::recordTime), sqlTime(from), sqlTime(to));
     if (!d->load(shown.records, sql))
         return false;
-    d->finish(&shown, all, VrkTableTool::DayLinesAll, {title(departmentKey), period(from, to)}, document);
+    if (!d->finish(&shown, all, VrkTableTool::DayLinesAll, {title(departmentKey), period(from, to)},
+                   document))
+        return false;
     document->name =
         reportName(d->names.departmentName(departmentKey), shown, from, to, d->session()->codec());
     return true;

@@ -9,11 +9,20 @@
 class Store;
 struct RecordQuery;
 
+/// A file that a report names.
+struct ReportFileNote {
+    QByteArray key; ///< in the store
+    QString name;
+    int row;  ///< of the document's table
+    int note; ///< of that row
+};
+
 /// One report, ready to be written.
 struct ReportDocument {
-    VrkPreviewTable table;     ///< with its texts at the end, for pages
-    QVector<QStringList> rows; ///< the same for spreadsheets: the headings, then the records
-    QString name;              ///< proposed for a file, without suffix
+    VrkPreviewTable table;         ///< with its texts at the end, for pages
+    QVector<QStringList> rows;     ///< the same for spreadsheets: the headings, then the records
+    QVector<ReportFileNote> files; ///< attached to the records
+    QString name;                  ///< proposed for a file, without suffix
 };
 
 /// A workshift as reports name it.
@@ -55,6 +64,7 @@ public:
     bool shifts(const QByteArray& departmentKey, QVector<ReportShift>* shifts);
 
     /// \name Reports. \a all: also drafts and deleted records
+    /// Those of a workshift and of a period have comments and names of files as notes of their rows.
     /// @{
     bool ofShift(const ReportShift& shift, bool all, ReportDocument* document);
     bool ofPeriod(const QByteArray& departmentKey, const QDateTime& from, const QDateTime& to, bool all,
@@ -62,6 +72,8 @@ public:
     bool found(const RecordQuery& query, ReportDocument* document);
     bool handover(const QByteArray& departmentKey, int days, ReportDocument* document);
     /// @}
+    /// The content of an attached file.
+    bool fileContent(const QByteArray& key, QByteArray* content);
     /// "22.11.2026 08:00 - 22.11.2026 20:00"
     static QString period(const QDateTime& from, const QDateTime& to);
 

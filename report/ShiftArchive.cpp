@@ -3,6 +3,7 @@
 #include "Fields.h"
 #include "ReportFile.h"
 #include "Row.h"
+#include "RunnableFile.h"
 #include "VrkPreviewHtml.h"
 
 #include <QCoreApplication>
@@ -15,7 +16,7 @@
 namespace
 {
 constexpr char positionFile[] = ".vrk-report";
-constexpr char positionMark[] = "vrk-report pages 1"; ///< changes when pages look different
+constexpr char positionMark[] = "vrk-report pages 2"; ///< changes when pages look different
 constexpr int changesAtOnce = 5000;
 constexpr int manyKeys = 2000; ///< so many changes: writing all pages is as quick
 
@@ -38,6 +39,12 @@ VrkPreviewTable tableOf(const QStringList& headings)
     for (const QString& heading : headings)
         table.header.cells.append(cell(heading));
     return table;
+}
+
+/// The folder of the files of a page, beside it.
+QString filesFolder(const QString& page)
+{
+    return page.section(QLatin1Char('.'), 0, 0) + QStringLiteral("_files");
 }
 
 QString monthOf(const ReportShift& shift)
@@ -68,13 +75,37 @@ QString ShiftArchive::pageName(const ReportShift& shift)
            QStringLiteral(".html");
 }
 
+QString ShiftArchive::fileName(const QString& name, const QByteArray& content)
+{
+    // Browsers and desktops show these and run nothing in them.
+    static const QSet<QString> passive{
+        QStringLiteral("pdf"),  QStringLiteral("png"),  QStringLiteral("jpg"),  QStringLiteral("jpeg"),
+        QStringLiteral("gif"),  QStringLiteral("bmp"),  QStringLiteral("tif"),  QStringLiteral("tiff"),
+        QStringLiteral("txt"),  QStringLiteral("csv"),  QStringLiteral("rtf"),  QStringLiteral("doc"),
+        QStringLiteral("docx"), QStringLiteral("xls"),  QStringLiteral("xlsx"), QStringLiteral("ppt"),
+        QStringLiteral("pptx"), QStringLiteral("odt"),  QStringLiteral("ods"),  QStringLiteral("odp"),
+        QStringLiteral("zip"),  QStringLiteral("7z"),   QStringLiteral("rar"),  QStringLiteral("mp3"),
+        QStringLiteral("wav"),  QStringLiteral("mp4"),  QStringLiteral("avi"),  QStringLiteral("dwg"),
+        QStringLiteral("dxf"),  QStringLiteral("webp"), QStringLiteral("ogg")};
+    const QString suffix =
+        name.contains(QLatin1Char('.')) ? name.section(QLatin1Char('.'), -1).toLower() : QString();
+    const bool isPassive = passive.contains(suffix) && !RunnableFile::isContent(content);
+    const QByteArray hash = QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex().left(16);
+    return QString::fromLatin1(hash) + QLatin1Char('.') + (isPassive ? suffix : QStringLiteral("bin"));
+}
+
+QByteArray ShiftArchive::mark() const
+{
+    return QByteArray(positionMark) + (m_withFiles ? " with files" : "");
+}
+
 ChangePosition ShiftArchive::readPosition() const
 {
     QFile file(m_folder.filePath(QLatin1String(positionFile)));
     if (!file.open(QIODevice::ReadOnly))
         return ChangePosition();
     const QList<QByteArray> lines = file.readAll().split('\n');
-    if (lines.size() < 3 || lines[0] != positionMark)
+    if (lines.size() < 3 || lines[0] != mark())
         return ChangePosition();
     ChangePosition position;
     position.epoch = lines[1];
@@ -85,12 +116,12 @@ ChangePosition ShiftArchive::readPosition() const
 bool ShiftArchive::writePosition(const ChangePosition& position)
 {
     const QByteArray text =
-        QByteArray(positionMark) + '\n' + position.epoch + '\n' + QByteArray::number(position.number) + '\n';
+        mark() + '\n' + position.epoch + '\n' + QByteArray::number(position.number) + '\n';
     return ReportFile::update(m_folder.filePath(QLatin1String(positionFile)), text, nullptr, &m_error);
 }
 
 bool ShiftArchive::ownersOf(const QByteArray& table, const QByteArray& field, const QSet<QByteArray>& keys,
-                            QSet<QByteArray>* shifts) const
+                            QSet<QByteArray>* owners) const
 {
     if (keys.isEmpty())
         return true;
@@ -101,7 +132,7 @@ bool ShiftArchive::ownersOf(const QByteArray& table, const QByteArray& field, co
     CMDArray answer;
     answer = m_source->store()->select("SELECT * FROM " + table + " WHERE KeyLink IN (" + list + ")", &error);
     for (int i = 0; answer.array && i < answer.RecCount(); ++i)
-        shifts->insert(MDRValue::copy(Row(MDARec(answer.array, 0, i)).value(field.constData())));
+        owners->insert(MDRValue::copy(Row(MDARec(answer.array, 0, i)).value(field.constData())));
     return answer.array && answer.RecCount() == keys.size();
 }
 
@@ -109,9 +140,10 @@ bool ShiftArchive::changedSince(ChangePosition position, QSet<QByteArray>* shift
 {
     if (position.epoch.isEmpty())
         return false;
-    const QSet<QByteArray> without{"LogbookComments", "LogbookFiles", "LogbookTemplates",
-                                   "LogbookCatsTemplate", "LogSignatures"};
+    const QSet<QByteArray> without{"LogbookTemplates", "LogbookCatsTemplate", "LogSignatures"};
     QSet<QByteArray> records;
+    QSet<QByteArray> comments;
+    QSet<QByteArray> files;
     QSet<QByteArray> crews;
     for (;;) {
         const qint64 before = position.number;
@@ -126,17 +158,23 @@ bool ShiftArchive::changedSince(ChangePosition position, QSet<QByteArray>* shift
                 shifts->insert(change.key);
             else if (change.event != 603 && change.table == "LogbookRecords")
                 records.insert(change.key);
+            else if (change.event != 603 && change.table == "LogbookComments")
+                comments.insert(change.key);
+            else if (change.event != 603 && change.table == "LogbookFiles")
+                files.insert(change.key);
             else if (change.event != 603 && change.table == "LogbookWorkersWorkshift")
                 crews.insert(change.key);
             else
                 return false; // a name, or a row that no longer says whose it was
         }
-        if (records.size() + crews.size() > manyKeys)
+        if (records.size() + comments.size() + files.size() + crews.size() > manyKeys)
             return false;
         if (position.number == before)
             break;
     }
-    return ownersOf("LogbookRecords", "ShiftKey", records, shifts) &&
+    return ownersOf("LogbookComments", "RecordKey", comments, &records) &&
+           ownersOf("LogbookFiles", "RecordKey", files, &records) &&
+           ownersOf("LogbookRecords", "ShiftKey", records, shifts) &&
            ownersOf("LogbookWorkersWorkshift", "WorkshiftKey", crews, shifts);
 }
 
@@ -194,12 +232,50 @@ bool ShiftArchive::writeShift(const ReportShift& shift, const QString& file)
     document.table.imprint = imprint();
     if (!m_folder.mkpath(monthOf(shift)))
         return fail(words("Папку «%1» нельзя создать.").arg(m_folder.filePath(monthOf(shift))));
+    // The page leads to its files: they come before it, and former ones go after it.
+    const QString folder = monthOf(shift) + QLatin1Char('/') + filesFolder(pageName(shift));
+    QSet<QString> names;
+    if (m_withFiles && !writeFiles(folder, &document, &names))
+        return false;
     const QVector<VrkPreviewHtml::Link> links{{QStringLiteral("../index.html"), words("Все месяцы")},
                                               {QStringLiteral("index.html"), monthTitle(monthOf(shift))}};
     if (!ReportFile::write(file, VrkPreviewHtml::page(document.table, links), true, &m_error))
         return false;
+    removeFiles(folder, names);
     ++m_written;
     return true;
+}
+
+/// Copies the files of a document and lets its notes lead to them.
+bool ShiftArchive::writeFiles(const QString& folder, ReportDocument* document, QSet<QString>* names)
+{
+    for (const ReportFileNote& file : qAsConst(document->files)) {
+        QByteArray content;
+        if (!m_source->fileContent(file.key, &content))
+            return fail(m_source->errorText());
+        if (!m_folder.mkpath(folder))
+            return fail(words("Папку «%1» нельзя создать.").arg(m_folder.filePath(folder)));
+        const QString name = fileName(file.name, content);
+        if (!ReportFile::update(m_folder.filePath(folder + QLatin1Char('/') + name), content, nullptr,
+                                &m_error))
+            return false;
+        names->insert(name);
+        document->table.rows[file.row].notes[file.note].link =
+            folder.section(QLatin1Char('/'), -1) + QLatin1Char('/') + name;
+    }
+    return true;
+}
+
+void ShiftArchive::removeFiles(const QString& folder, const QSet<QString>& wanted) const
+{
+    static const QRegularExpression ours(QStringLiteral("^[0-9a-f]{16}\\.[0-9a-z]+$"));
+    QDir files(m_folder.filePath(folder));
+    const QStringList found = files.entryList(QDir::Files).filter(ours);
+    for (const QString& name : found)
+        if (!wanted.contains(name))
+            files.remove(name);
+    if (wanted.isEmpty() && files.exists())
+        m_folder.rmdir(folder); // fails if there is anything else in it
 }
 
 /// Without the seal, which would change the pages of all months.
@@ -243,9 +319,12 @@ void ShiftArchive::removeOthers(const QString& month, const QVector<ReportShift>
         wanted.insert(pageName(shift));
     QDir folder(m_folder.filePath(month));
     const QStringList pages = folder.entryList(QDir::Files).filter(ours);
-    for (const QString& page : pages)
-        if (!wanted.contains(page) && folder.remove(page))
-            ++m_removed;
+    for (const QString& page : pages) {
+        if (wanted.contains(page) || !folder.remove(page))
+            continue;
+        ++m_removed;
+        removeFiles(month + QLatin1Char('/') + filesFolder(page), {});
+    }
     if (shifts.isEmpty() && folder.remove(QStringLiteral("index.html")))
         m_folder.rmdir(month);
 }

@@ -32,6 +32,7 @@ tr { break-inside: avoid }
 tr.day { break-after: avoid }
 tr.day th { background: #f2f2f2 }
 .faint { color: #6a6a6a }
+ul.notes { margin: .4em 0 0; padding: .2em 0 0 1.2em; border-top: 1px dotted #777 }
 .icon { display: inline-block; width: 1.25em; height: 1.25em; vertical-align: -.25em; background: no-repeat center / contain;
   -webkit-print-color-adjust: exact; print-color-adjust: exact }
 svg.code { display: block; width: 14mm; height: 14mm; margin-top: .5em }
@@ -39,6 +40,7 @@ footer { margin-top: 1em; border-top: 1px solid #777; padding-top: .5em }
 @media print {
   body { margin: 0 1px 0 0; font-size: 9pt }
   nav { display: none }
+  a { color: inherit; text-decoration: none }
   thead th, tr.day th { -webkit-print-color-adjust: exact; print-color-adjust: exact }
 }
 )css";
@@ -120,6 +122,12 @@ private:
     QHash<qint64, int> m_numbers;
 };
 
+QString linkHtml(const QString& address, const QString& html)
+{
+    return QStringLiteral("<a href=\"%1\">%2</a>")
+        .arg(QString::fromLatin1(QUrl::toPercentEncoding(address, "/._-")), html);
+}
+
 QString cellHtml(const Cell& cell, Pictures* pictures)
 {
     QString html;
@@ -131,11 +139,21 @@ QString cellHtml(const Cell& cell, Pictures* pictures)
     }
     html += lines(cell.text.mid(done));
     if (!cell.link.isEmpty())
-        html = QStringLiteral("<a href=\"%1\">%2</a>")
-                   .arg(QString::fromLatin1(QUrl::toPercentEncoding(cell.link, "/._-")), html);
+        html = linkHtml(cell.link, html);
     if (!cell.icon.isNull())
         html.prepend(pictures->shown(cell) + (html.isEmpty() ? QString() : QStringLiteral(" ")));
     return html;
+}
+
+QString notesHtml(const QVector<VrkPreviewTable::Note>& notes)
+{
+    QString html;
+    for (const VrkPreviewTable::Note& note : notes) {
+        const QString text = lines(note.text);
+        html += QStringLiteral("<li><span class=\"faint\">%1:</span> %2</li>")
+                    .arg(lines(note.label), note.link.isEmpty() ? text : linkHtml(note.link, text));
+    }
+    return html.isEmpty() ? html : QStringLiteral("<ul class=\"notes\">%1</ul>").arg(html);
 }
 
 QString rowHtml(const Row& row, int columns, Pictures* pictures)
@@ -145,12 +163,16 @@ QString rowHtml(const Row& row, int columns, Pictures* pictures)
             .arg(columns)
             .arg(lines(row.cells.value(0).text));
     QString html = QStringLiteral("<tr>");
-    for (const Cell& cell : row.cells)
-        html += QStringLiteral("<td%1>%2</td>")
-                    .arg(cell.isCentred                 ? QStringLiteral(" class=\"centred\"")
-                         : cell.text.size() < shortText ? QStringLiteral(" class=\"short\"")
-                                                        : QString(),
-                         cellHtml(cell, pictures));
+    for (int i = 0; i < row.cells.size(); ++i) {
+        const Cell& cell = row.cells[i];
+        const bool isShort = cell.text.size() < shortText;
+        html +=
+            QStringLiteral("<td%1>%2%3</td>")
+                .arg(cell.isCentred ? QStringLiteral(" class=\"centred\"")
+                     : isShort      ? QStringLiteral(" class=\"short\"")
+                                    : QString(),
+                     cellHtml(cell, pictures), i + 1 == row.cells.size() ? notesHtml(row.notes) : QString());
+    }
     return html + QStringLiteral("</tr>\n");
 }
 
@@ -215,9 +237,7 @@ QByteArray VrkPreviewHtml::page(const VrkPreviewTable& table, const QVector<Link
     if (!links.isEmpty()) {
         html += QStringLiteral("<nav>");
         for (const Link& link : links)
-            html += QStringLiteral("<a href=\"%1\">%2</a>")
-                        .arg(QString::fromLatin1(QUrl::toPercentEncoding(link.address, "/._-")),
-                             escaped(link.text));
+            html += linkHtml(link.address, escaped(link.text));
         html += QStringLiteral("</nav>\n");
     }
     html += QStringLiteral("<header>\n<h1>%1</h1>\n").arg(escaped(about.constFirst()));

@@ -20,9 +20,16 @@ struct VrkPreviewTable {
         QString link = QString();    ///< address of another page, only for HTML
         bool isCentred = false;
     };
+    /// A remark on a row, only for HTML.
+    struct Note {
+        QString label;
+        QString text;
+        QString link = QString(); ///< address of a file
+    };
     struct Row {
         bool isDayLine = false; ///< one cell across the whole table
         QVector<Cell> cells;
+        QVector<Note> notes = {}; ///< shown below the text of the last cell
     };
 
     /// A null view gives an empty table.

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDate>
+#include <QRegularExpression>
 #include <QTest>
 
 /// Signs that mean something in HTML, in a template's markup and in a spreadsheet.
@@ -90,6 +91,25 @@ private slots:
                               {QStringLiteral("--open"), QStringLiteral("--all")}),
                  ReportCommand::Success);
         QCOMPARE(reports.checked(QStringLiteral("a.html"), {hostile}), QStringLiteral("1 pages"));
+    }
+
+    void notesStandAtTheirOwnRecord()
+    {
+        const TestStore store;
+        Reports reports(store);
+        QCOMPARE(
+            reports.call("period", QStringLiteral("a.html"),
+                         {QStringLiteral("--from"), QStringLiteral("01.01.2020"), QStringLiteral("--all")}),
+            ReportCommand::Success);
+        const QString page = reports.text(QStringLiteral("a.html"));
+        QVERIFY(page.contains(QStringLiteral("<tr class=\"day\">")));
+        // Each in the row of the text that it belongs to.
+        const QRegularExpression row(
+            QStringLiteral("<tr>(?:(?!</tr>).)*Уточните период смены(?:(?!</tr>).)*</tr>"),
+            QRegularExpression::DotMatchesEverythingOption);
+        const QString found = row.match(page).captured();
+        QVERIFY2(found.contains(QStringLiteral("Смену принял")), qPrintable(found));
+        QCOMPARE(page.count(QStringLiteral("<ul class=\"notes\">")), 4);
     }
 
     void findsTheWantedShift()

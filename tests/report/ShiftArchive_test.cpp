@@ -2,6 +2,8 @@
 
 #include "Reports.h"
 
+#include <QDirIterator>
+#include <QRegularExpression>
 #include <QTest>
 
 class ShiftArchive_test : public QObject
@@ -11,9 +13,9 @@ class ShiftArchive_test : public QObject
     struct Archive : Reports {
         using Reports::Reports;
         /// "written removed", or the error.
-        QString update()
+        QString update(const QStringList& options = {})
         {
-            if (run({QStringLiteral("archive"), url, path(QStringLiteral("pages"))}) !=
+            if (run(QStringList{QStringLiteral("archive"), url, path(QStringLiteral("pages"))} + options) !=
                 ReportCommand::Success)
                 return err;
             return out;
@@ -26,6 +28,17 @@ class ShiftArchive_test : public QObject
                 for (const QString& page : QDir(root.filePath(month)).entryList(QDir::Files, QDir::Name))
                     if (page != QLatin1String("index.html"))
                         found << root.filePath(month + QLatin1Char('/') + page);
+            return found;
+        }
+        /// The attached files, each in the folder of its page.
+        QStringList attached() const
+        {
+            QStringList found;
+            QDirIterator files(path(QStringLiteral("pages")), QDir::Files, QDirIterator::Subdirectories);
+            while (files.hasNext())
+                if (files.next().contains(QStringLiteral("_files/")))
+                    found << files.fileName();
+            found.sort();
             return found;
         }
         static QString told(int shifts, int written, int removed)
@@ -78,7 +91,9 @@ private slots:
         QVERIFY(write(store, "LogbookWorkersWorkshift", ROW_UPDATE, "CREW_ZAR_1", {{"opening", true}}));
         QVERIFY(
             write(store, "LogbookComments", ROW_UPDATE, "COM_UNREAD", {{"readedTime", TestStore::now()}}));
-        QCOMPARE(archive.update(), Archive::told(3, 1, 0)); // comments are not on the pages
+        QCOMPARE(archive.update(), Archive::told(3, 2, 0)); // that of the crew, and that of the comment
+        QVERIFY(write(store, "LogbookTemplates", ROW_UPDATE, "TPL_OPEN", {{"nameLoc", "Другое название"}}));
+        QCOMPARE(archive.update(), Archive::told(3, 0, 0)); // records have their own text
         QVERIFY(write(store, "LogbookWorkshifts", ROW_UPDATE, "SHIFT_CDS_OPEN",
                       {{"CloseWorkerKey", "WORKER_IVANOV"}}));
         QCOMPARE(archive.update(), Archive::told(3, 1, 0));
@@ -86,6 +101,66 @@ private slots:
         QCOMPARE(archive.update(), Archive::told(3, 3, 0)); // he may be on any page
         QVERIFY(archive.checked(QStringLiteral("pages"), {QStringLiteral("Иваненко И. И.")})
                     .endsWith(QStringLiteral("pages")));
+    }
+
+    void commentsAndFilesAreBelowTheirRecord()
+    {
+        const TestStore store;
+        Archive archive(store);
+        QCOMPARE(archive.update(), Archive::told(3, 3, 0));
+        const QString checked = archive.checked(
+            QStringLiteral("pages"),
+            {QStringLiteral("Петров П. П."), QStringLiteral(": Уточните период смены."),
+             QStringLiteral("Файл, 40 байт: осциллограмма.txt"), QStringLiteral("фото опоры № 12.png")});
+        QVERIFY2(checked.endsWith(QStringLiteral(" pages")), qPrintable(checked));
+        QCOMPARE(archive.attached(), QStringList());
+        QVERIFY(write(store, "LogbookComments", ROW_INSERT, "COM_NEW",
+                      {{"WorkerKey", "WORKER_IVANOV"},
+                       {"RecordKey", "REC_PAST_1"},
+                       {"commentTime", TestStore::now()},
+                       {"text_", "Сводка приложена."}}));
+        QCOMPARE(archive.update(), Archive::told(3, 1, 0));
+        QVERIFY(archive.checked(QStringLiteral("pages"), {QStringLiteral(": Сводка приложена.")})
+                    .endsWith(QStringLiteral(" pages")));
+    }
+
+    void filesLieBesideThePages()
+    {
+        const TestStore store;
+        Archive archive(store);
+        const QStringList withFiles{QStringLiteral("--files")};
+        QCOMPARE(archive.update(withFiles), Archive::told(3, 3, 0));
+        QCOMPARE(archive.attached().size(), 2);
+        QVERIFY(archive.checked(QStringLiteral("pages")).endsWith(QStringLiteral(" pages")));
+        QVERIFY(write(store, "LogbookFiles", ROW_UPDATE, "FILE_TEXT",
+                      {{"fileName", "запуск.html"}, {"fileData", QByteArray("<script>alert(1)</script>")}}));
+        QCOMPARE(archive.update(withFiles), Archive::told(3, 1, 0));
+        const QStringList names = archive.attached();
+        QCOMPARE(names.size(), 2); // the former content is gone
+        QCOMPARE(names.filter(QRegularExpression(QStringLiteral("\\.bin$"))).size(), 1);
+        QVERIFY(archive.checked(QStringLiteral("pages"), {QStringLiteral("запуск.html")})
+                    .endsWith(QStringLiteral(" pages")));
+        QCOMPARE(archive.update(withFiles), Archive::told(3, 0, 0));
+        QCOMPARE(archive.update(), Archive::told(3, 3, 0)); // without the files
+        QCOMPARE(archive.attached(), QStringList());
+    }
+
+    void namesOfFilesAreSafe()
+    {
+        const QByteArray text("text");
+        const auto suffix = [](const char* name, const QByteArray& content) {
+            return ShiftArchive::fileName(QString::fromUtf8(name), content).section(QLatin1Char('.'), 1);
+        };
+        QCOMPARE(suffix("Схема.PDF", text), QStringLiteral("pdf"));
+        QCOMPARE(suffix("../../etc/x.png", text), QStringLiteral("png"));
+        for (const char* name :
+             {"a.html", "a.svg", "a.xhtml", "a.js", "a.exe", "a.desktop", "a", "pdf", "a.pdf.lnk"})
+            QCOMPARE(suffix(name, text), QStringLiteral("bin"));
+        QCOMPARE(suffix("a.txt", "#!/bin/sh\n"), QStringLiteral("bin"));
+        QCOMPARE(ShiftArchive::fileName(QStringLiteral("a.txt"), text),
+                 ShiftArchive::fileName(QStringLiteral("b.txt"), text));
+        QVERIFY(ShiftArchive::fileName(QStringLiteral("a.txt"), "other") !=
+                ShiftArchive::fileName(QStringLiteral("a.txt"), text));
     }
 
     void aLostPageIsWrittenAgain()
@@ -133,9 +208,13 @@ private slots:
         QVERIFY(write(store, "Departments", ROW_UPDATE, "DEP_CDS", {{"name_", hostile}}));
         QVERIFY(
             write(store, "LogbookRecords", ROW_UPDATE, "REC_MESSAGE", {{"html", hostile.toHtmlEscaped()}}));
+        QVERIFY(write(store, "LogbookComments", ROW_UPDATE, "COM_READ", {{"text_", hostile}}));
+        QVERIFY(write(store, "LogbookFiles", ROW_UPDATE, "FILE_TEXT", {{"fileName", "<b>.txt"}}));
         Archive archive(store);
         QCOMPARE(archive.update(), Archive::told(3, 3, 0));
-        const QString checked = archive.checked(QStringLiteral("pages"), {hostile});
+        const QString checked =
+            archive.checked(QStringLiteral("pages"),
+                            {hostile, QStringLiteral(": ") + hostile, QStringLiteral(" байт: <b>.txt")});
         QVERIFY2(checked.endsWith(QStringLiteral(" pages")), qPrintable(checked));
     }
 };
