@@ -115,6 +115,7 @@ VrkPreviewTable VrkPreviewTable::of(QTableView* view, int maxColumnWidth)
                 {true,
                  {boldCell(QLocale(QLocale::Russian).toString(day, QStringLiteral("d MMMM yyyy, dddd")))}});
         Row record;
+        record.day = delegate ? delegate->dayOf(row) : QDate();
         record.cells.reserve(columns.size());
         for (int column : qAsConst(columns))
             record.cells.append(recordCell(model->index(row, column), proxy ? proxy->tableModel() : nullptr));

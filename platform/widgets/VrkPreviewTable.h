@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QDate>
 #include <QFont>
 #include <QPixmap>
 #include <QString>
@@ -30,6 +31,7 @@ struct VrkPreviewTable {
         bool isDayLine = false; ///< one cell across the whole table
         QVector<Cell> cells;
         QVector<Note> notes = {}; ///< shown below the text of the last cell
+        QDate day = {};           ///< of the record, if the table has day lines
     };
 
     /// A null view gives an empty table.

@@ -1,6 +1,7 @@
 #include "VrkPreviewWindow.h"
 
 #include "FileSaver.h"
+#include "VrkPreviewCsv.h"
 #include "VrkPreviewHtml.h"
 #include "VrkPreviewPaper.h"
 #include "WrapLayout.h"
@@ -64,18 +65,16 @@ VrkPreviewWindow::VrkPreviewWindow(QWidget* parent)
         pages->setAccessibleName(tr("Страницы отчёта"));
     m_pageLabel = new QLabel(this);
     m_pageLabel->setObjectName(QStringLiteral("pageLabel"));
-    m_saver =
-        new FileSaver({tr("Сохранение в PDF"), tr("Документы PDF (*.pdf)"), QStringLiteral("pdf")}, this);
-    m_htmlSaver =
-        new FileSaver({tr("Сохранение в HTML"), tr("Страницы HTML (*.html)"), QStringLiteral("html")}, this);
-    m_htmlSaver->setObjectName(QStringLiteral("htmlSaver"));
+    m_saver = addSaver("fileSaver", tr("Сохранение в PDF"), tr("Документы PDF (*.pdf)"), "pdf");
+    m_htmlSaver = addSaver("htmlSaver", tr("Сохранение в HTML"), tr("Страницы HTML (*.html)"), "html");
+    m_tableSaver = addSaver("tableSaver", tr("Сохранение в CSV"), tr("Таблицы CSV (*.csv)"), "csv");
     auto* page = new QWidget(this);
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(makeBar());
-    column->addWidget(m_saver);
-    column->addWidget(m_htmlSaver);
+    for (FileSaver* saver : {m_saver, m_htmlSaver, m_tableSaver})
+        column->addWidget(saver);
     column->addWidget(m_preview.get(), 1);
     setCentralWidget(page);
     connect(m_preview.get(), &QPrintPreviewWidget::paintRequested, this,
@@ -112,17 +111,7 @@ QWidget* VrkPreviewWindow::makeBar()
         return action;
     };
     add("printAction", tr("Печать..."), QKeySequence::Print, [this] { print(); });
-    add("pdfAction", tr("Сохранить в PDF..."), QKeySequence::Save, [this] {
-        m_htmlSaver->hide();
-        m_saver->save(m_folder, m_fileName, [this](QByteArray* bytes) { return writePdf(bytes); });
-    });
-    add("htmlAction", tr("Сохранить в HTML..."), QKeySequence(), [this] {
-        m_saver->hide();
-        m_htmlSaver->save(m_folder, m_fileName, [this](QByteArray* bytes) {
-            *bytes = VrkPreviewHtml::page(table());
-            return true;
-        });
-    });
+    addSaving(add);
     QAction* portrait = add("portraitAction", tr("Книжная"), QKeySequence(), [] {});
     portrait->setCheckable(true);
     connect(portrait, &QAction::toggled, this, [this](bool on) {
@@ -146,6 +135,42 @@ QWidget* VrkPreviewWindow::makeBar()
     connect(closeAction, &QAction::triggered, this, &QWidget::close);
     addAction(closeAction);
     return bar;
+}
+
+FileSaver* VrkPreviewWindow::addSaver(const char* name, const QString& title, const QString& filter,
+                                      const char* suffix)
+{
+    auto* saver = new FileSaver({title, filter, QLatin1String(suffix)}, this);
+    saver->setObjectName(QLatin1String(name));
+    return saver;
+}
+
+/// One line at a time says what became of a file.
+void VrkPreviewWindow::save(FileSaver* saver, const std::function<bool(QByteArray* bytes)>& content)
+{
+    for (FileSaver* other : {m_saver, m_htmlSaver, m_tableSaver})
+        if (other != saver)
+            other->hide();
+    saver->save(m_folder, m_fileName, content);
+}
+
+void VrkPreviewWindow::addSaving(const std::function<void(const char*, const QString&, const QKeySequence&,
+                                                          const std::function<void()>&)>& add)
+{
+    add("pdfAction", tr("Сохранить в PDF..."), QKeySequence::Save,
+        [this] { save(m_saver, [this](QByteArray* bytes) { return writePdf(bytes); }); });
+    add("htmlAction", tr("Сохранить в HTML..."), QKeySequence(), [this] {
+        save(m_htmlSaver, [this](QByteArray* bytes) {
+            *bytes = VrkPreviewHtml::page(table());
+            return true;
+        });
+    });
+    add("tableAction", tr("Сохранить в CSV..."), QKeySequence(), [this] {
+        save(m_tableSaver, [this](QByteArray* bytes) {
+            *bytes = VrkPreviewCsv::table(table());
+            return true;
+        });
+    });
 }
 
 bool VrkPreviewWindow::setTable(const VrkPreviewTable& table)
@@ -200,8 +225,8 @@ void VrkPreviewWindow::setFile(const QString& folder, const QString& name)
 {
     m_folder = folder;
     m_fileName = name;
-    m_saver->hide(); // it speaks about another document
-    m_htmlSaver->hide();
+    for (FileSaver* saver : {m_saver, m_htmlSaver, m_tableSaver})
+        saver->hide(); // it speaks about another document
 }
 
 bool VrkPreviewWindow::writePdf(QByteArray* bytes)

@@ -12,7 +12,8 @@ class QPagedPaintDevice;
 class QPrinter;
 class QPrintPreviewWidget;
 
-/// The preview: pages as they will be printed, with printing and saving as PDF and HTML (FileSaver).
+/// The preview: pages as they will be printed, with printing and saving as PDF, HTML and a table for spreadsheets
+/// (FileSaver).
 class VrkPreviewWindow : public QMainWindow
 {
     Q_OBJECT
@@ -47,6 +48,10 @@ private:
     bool paintPages(QPagedPaintDevice* device);
     bool writePdf(QByteArray* bytes);
     void print();
+    FileSaver* addSaver(const char* name, const QString& title, const QString& filter, const char* suffix);
+    void save(FileSaver* saver, const std::function<bool(QByteArray* bytes)>& content);
+    void addSaving(const std::function<void(const char*, const QString&, const QKeySequence&,
+                                            const std::function<void()>&)>& add);
     QWidget* makeBar();
     void updatePageLabel();
 
@@ -56,6 +61,7 @@ private:
     QLabel* m_pageLabel;
     FileSaver* m_saver;
     FileSaver* m_htmlSaver;
+    FileSaver* m_tableSaver;
     QString m_folder;
     QString m_fileName;
     bool m_isCancelled = false; ///< refers to the last painting

@@ -241,7 +241,7 @@ QDate VrkTableDelegate::day(int row) const
 
 QDate VrkTableDelegate::dayLine(int row) const
 {
-    const QDate date = m_hasDayLines ? day(row) : QDate();
+    const QDate date = dayOf(row);
     const bool begins = row > 0 ? day(row - 1) != date : m_hasFirstDayLine;
     return date.isValid() && begins ? date : QDate();
 }

@@ -32,6 +32,8 @@ public:
     int dayLineHeight(int row) const;
     /// The date in the day line above a row; invalid without one.
     QDate dayLine(int row) const;
+    /// The day of a row in a table with day lines, otherwise an invalid date.
+    QDate dayOf(int row) const { return m_hasDayLines ? day(row) : QDate(); }
     void setDayLines(bool shown, bool aboveFirstRow)
     {
         m_hasDayLines = shown;

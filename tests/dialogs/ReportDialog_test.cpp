@@ -256,6 +256,8 @@ private slots:
         QCOMPARE(preview->table().headerBackground, QColor(Qt::gray));
         const VrkPreviewTable approved = preview->table();
         QCOMPARE(recordsOf(approved).size(), 5);
+        for (const VrkPreviewTable::Row& row : recordsOf(approved))
+            QVERIFY(row.day.isValid() && qAbs(row.day.daysTo(QDate::currentDate())) <= 2);
         QCOMPARE(preview->table().header.cells.size(), 8);
         QCOMPARE(recordsOf(approved)[0].cells[2].text, QStringLiteral("Иванов И.\u00A0И."));
         report.onlyApproved(false);

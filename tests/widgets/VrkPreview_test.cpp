@@ -531,7 +531,7 @@ private slots:
         bool isPrinting = false;
         FileSaver::asking().file = [&](QWidget*, const FileSaver::Kind& kind, const QString& file) {
             proposed = file;
-            return kind.title == QStringLiteral("Сохранение в PDF") || kind.suffix == QLatin1String("html")
+            return kind.title == QStringLiteral("Сохранение в PDF") || kind.suffix != QLatin1String("pdf")
                        ? answer
                        : QString();
         };
@@ -565,6 +565,11 @@ private slots:
         const auto* htmlNotice = window()->findChild<FileSaver*>(QStringLiteral("htmlSaver"));
         QVERIFY(htmlNotice->isVisible() && !notice->isVisible()); // one line at a time
 
+        press("tableAction");
+        QVERIFY(begins("отчет.csv").startsWith("\xEF\xBB\xBF"));
+        const auto* tableNotice = window()->findChild<FileSaver*>(QStringLiteral("tableSaver"));
+        QVERIFY(tableNotice->isVisible() && !htmlNotice->isVisible());
+
         answer = folder.filePath(QStringLiteral("nowhere/отчет.pdf"));
         press("pdfAction");
         QVERIFY(!htmlNotice->isVisible());
@@ -591,7 +596,7 @@ private slots:
             window()->resize(width, window()->height());
             const auto* bar = window()->findChild<QWidget*>(QStringLiteral("previewBar"));
             const auto buttons = bar->findChildren<QToolButton*>();
-            QCOMPARE(buttons.size(), 10);
+            QCOMPARE(buttons.size(), 11);
             QTRY_COMPARE(bar->width(), qMax(width, window()->minimumWidth()));
             for (const QToolButton* button : buttons) {
                 QVERIFY(button->isVisible());
