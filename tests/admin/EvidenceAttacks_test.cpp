@@ -312,8 +312,9 @@ void EvidenceAttacks_test::beginInFormerVersion()
     for (const char* end : {"", "-wal", "-shm"})
         QFile::remove(m_store->path() + QLatin1String(end));
     QProcess sqlite;
-    sqlite.setStandardInputFile(sourceFile("tests/store/former") +
-                                QStringLiteral("/version-%1.sqlite.sql").arg(m_random.bounded(5) + 1));
+    sqlite.setStandardInputFile(
+        sourceFile("tests/store/former") +
+        QStringLiteral("/version-%1.sqlite.sql").arg(m_random.bounded(StoreAdmin::schemaVersion() - 1) + 1));
     sqlite.start(QStringLiteral("sqlite3"), {m_store->path()});
     QVERIFY(sqlite.waitForFinished(60000));
     QVERIFY2(m_admin->call("upgrade", {QStringLiteral("--no-backup")}) == 0, qPrintable(m_admin->err));

@@ -10,7 +10,7 @@ struct CatalogTable;
 namespace SchemaScript
 {
 /// The version of the schema that this program writes and reads.
-constexpr int version = 6;
+constexpr int version = 7;
 
 /// A file of the folder schema; empty if it does not exist.
 QByteArray file(const QByteArray& name);

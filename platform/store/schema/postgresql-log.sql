@@ -31,11 +31,11 @@ $$;
 
 -- The hash for a transaction whose rows are in the log: over the previous hash, its own head and every row.
 CREATE FUNCTION vrk_chain(before bytea, head ChangeTransactions) RETURNS bytea LANGUAGE sql STABLE
-    SET search_path = pg_catalog, public, pg_temp AS $$
+    SET search_path = pg_catalog, public, pg_temp SET extra_float_digits = 1 AS $$
     SELECT sha256(convert_to(length(before)::text || ':', 'UTF8') || before
                   || convert_to(vrk_part(head.number::text) || vrk_part(head.batchKey) || vrk_part(head.login)
                                 || vrk_part(CASE WHEN head.loader <> 0 THEN 'loader' ELSE 'person' END)
-                                || vrk_part(head.time::bigint::text)
+                                || vrk_part(head.time::text)
                                 || coalesce((SELECT string_agg(vrk_part(tableName) || vrk_part(rowKey)
                                                                || vrk_part(event::text) || vrk_part(oldRow)
                                                                || vrk_part(newRow), '' ORDER BY entry)

@@ -1,0 +1,1 @@
+-- Step 7: the chain contains the whole time of a transaction (vrk_chain), not only its seconds.

@@ -1,0 +1,1 @@
+-- Step 7, for the other engine.
