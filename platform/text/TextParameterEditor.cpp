@@ -27,6 +27,11 @@ TextParameterEditor::TextParameterEditor(const ParameterSpec& spec, LatelyUsed* 
     m_popup->setEnterStays(true); // the text may continue
 
     connect(m_edit, &QPlainTextEdit::textChanged, this, [this] {
+        // Marks of the spelling arrive by this signal, too, even after the record was saved.
+        const QString text = m_edit->toPlainText();
+        if (text == m_text)
+            return;
+        m_text = text;
         m_key.clear();
         emit edited();
         if (m_edit->hasFocus())

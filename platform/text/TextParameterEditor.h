@@ -31,5 +31,6 @@ private:
     GrowingTextEdit* m_edit;
     SuggestionModel* m_model;
     SuggestionPopup* m_popup;
-    QString m_key; ///< of the set value, until the text changes
+    QString m_text; ///< when the signal of a change came last
+    QString m_key;  ///< of the set value, until the text changes
 };

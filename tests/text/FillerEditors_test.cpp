@@ -7,8 +7,10 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QSyntaxHighlighter>
 #include <QToolButton>
 #include <QWindow>
 
@@ -32,6 +34,7 @@ private slots:
     void init();
 
     void shiftEnterBreaksALineOfText();
+    void marksOfTheSpellingChangeNoValue();
     void aWholeTextTakesEnterAsLineBreakAndGrows();
     void aDateIsCompletedInItsLayout();
     void anUnreadableDateIsNoValueAndSaysSo();
@@ -91,6 +94,30 @@ void FillerEditors_test::shiftEnterBreaksALineOfText()
     QVERIFY(changes.size() >= 2);
     QVERIFY(setting.input(0)->height() > height);
     QVERIFY(setting.filler.filledTemplate(true).contains(QStringLiteral(">одна<br/>две</a>.")));
+}
+
+void FillerEditors_test::marksOfTheSpellingChangeNoValue()
+{
+    struct Marks : QSyntaxHighlighter {
+        using QSyntaxHighlighter::QSyntaxHighlighter;
+        void highlightBlock(const QString& text) override { setFormat(0, text.size(), Qt::red); }
+    };
+    Setting setting(m_store);
+    setting.filler.setTemplate(parameter("text", "Описание") + parameter("text", "Меры"));
+    setting.filler.setFocus();
+    setting.type(QStringLiteral("течь масла"));
+    auto* edit = setting.input<QPlainTextEdit>(0);
+    int changes = 0;
+    connect(edit, &QPlainTextEdit::textChanged, this, [&changes] { ++changes; });
+    setting.filler.valuesWritten();
+    QSignalSpy edited(&setting.filler, &TemplateFiller::templateChanged);
+    Marks marks(edit->document());
+    marks.rehighlight(); // as when the dictionary was read
+    QVERIFY(changes > 0);
+    QCOMPARE(edited.count(), 0);
+    setting.filler.setTemplate(QString());
+    setting.filler.setTemplate(parameter("text", "Описание") + parameter("text", "Меры"));
+    QVERIFY(setting.input<QPlainTextEdit>(0)->document()->isEmpty()); // what was written is not offered again
 }
 
 void FillerEditors_test::aWholeTextTakesEnterAsLineBreakAndGrows()
