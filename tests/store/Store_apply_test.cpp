@@ -403,19 +403,50 @@ private slots:
                       {{"ShiftKey", "SHIFT_ZAR_OPEN"}, {"WorkerKey", "NOBODY"}}));
     }
 
+    void categoryMovesByDeletionAndInsertionInOneBlock_data()
+    {
+        QTest::addColumn<QByteArray>("table");
+        QTest::addColumn<QByteArray>("things");
+        QTest::addColumn<QByteArray>("child"); // with a thing and no child of its own
+        QTest::addColumn<QByteArray>("parent");
+        QTest::newRow("templates") << QByteArray("LogbookCatsTemplate") << QByteArray("LogbookTemplates")
+                                   << QByteArray("CAT_COMMON_SUB") << QByteArray("CAT_COMMON");
+        QTest::newRow("parameters") << QByteArray("TemplateParamCategories") << QByteArray("TemplateParams")
+                                    << QByteArray("SUB") << QByteArray("ABOVE");
+    }
     void categoryMovesByDeletionAndInsertionInOneBlock()
     {
-        auto gone = batchOf("LogbookCatsTemplate");
-        row(*gone, ROW_DELETE, "CAT_COMMON_SUB");
-        auto back = batchOf("LogbookCatsTemplate");
-        row(*back, ROW_INSERT, "CAT_COMMON_SUB", {{"ParentKey", "CAT_CDS"}, {"nameLoc", "moved"}});
-        QVERIFY(m_store->apply({{"LogbookCatsTemplate", gone->array}, {"LogbookCatsTemplate", back->array}},
-                               GenGuid32(), &m_error));
+        QFETCH(QByteArray, table);
+        QFETCH(QByteArray, things);
+        QFETCH(QByteArray, child);
+        QFETCH(QByteArray, parent);
+        if (child == "SUB") {
+            QVERIFY(write(table, ROW_INSERT, parent));
+            QVERIFY(write(table, ROW_INSERT, child, {{"ParentKey", "ABOVE"}}));
+        }
+        QVERIFY(write(table, ROW_INSERT, "TARGET"));
+        QVERIFY(write(things, ROW_INSERT, "THING", {{"CategoryKey", QString::fromUtf8(child)}}));
+        // The child with its thing, then the parent with its child.
+        for (const QByteArray& moved : {child, parent}) {
+            auto gone = batchOf(table);
+            row(*gone, ROW_DELETE, moved);
+            auto back = batchOf(table);
+            row(*back, ROW_INSERT, moved,
+                {{"ParentKey", moved == child ? QString::fromUtf8(parent) : QStringLiteral("TARGET")},
+                 {"nameLoc", "moved"}});
+            QVERIFY2(m_store->apply({{table, gone->array}, {table, back->array}}, GenGuid32(), &m_error),
+                     qPrintable(m_error.text + m_error.detail));
+            QCOMPARE(m_files
+                         ->value(QStringLiteral("SELECT nameLoc FROM %1 WHERE KeyLink = '%2'")
+                                     .arg(QString::fromUtf8(table), QString::fromUtf8(moved)))
+                         .toString(),
+                     QStringLiteral("moved"));
+        }
         QCOMPARE(m_files
-                     ->value(QStringLiteral(
-                         "SELECT CategoryKey FROM LogbookTemplates WHERE KeyLink = 'TPL_ORDER'"))
+                     ->value(QStringLiteral("SELECT CategoryKey FROM %1 WHERE KeyLink = 'THING'")
+                                 .arg(QString::fromUtf8(things)))
                      .toString(),
-                 QStringLiteral("CAT_COMMON_SUB"));
+                 QString::fromUtf8(child));
     }
 
     void cyclesOfCategoriesAreRefused()
