@@ -3,6 +3,7 @@
 #include "DateTimeLine.h"
 #include "ReferenceData.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>

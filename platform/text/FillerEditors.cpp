@@ -2,6 +2,7 @@
 
 #include "ParameterEditor.h"
 
+#include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
 #include <QTimer>
