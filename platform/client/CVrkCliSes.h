@@ -126,6 +126,10 @@ signals:
     void writeSettled(bool written);
     /// The server has a different history: modules must restart.
     void historyChanged();
+    /// The change with this transaction number does not continue the history as the session has read it before: its
+    /// chain hash is not the expected one. The change itself arrives as any other.
+    void chainBroken(const QByteArray& epoch, qint64 number, const QByteArray& expected,
+                     const QByteArray& found);
 
 private:
     void connectFeed();

@@ -22,6 +22,10 @@ void CVrkCliSes::connectFeed()
             d->feed->reportLost(error);
     });
     connect(d->feed.get(), &ChangeFeed::restarted, this, &CVrkCliSes::historyChanged);
+    connect(d->feed.get(), &ChangeFeed::broken, this,
+            [this](const QByteArray& epoch, const ChangePosition::Break& place) {
+                emit chainBroken(epoch, place.number, place.expected, place.found);
+            });
 }
 
 void CVrkCliSes::Private::setConnected(bool up)

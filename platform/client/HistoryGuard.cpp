@@ -20,6 +20,12 @@ QString fileOf(const QString& folder, const QString& url)
         QCryptographicHash::hash(SignIn::storeOf(url).toUtf8(), QCryptographicHash::Sha256).toHex();
     return folder + QLatin1Char('/') + QString::fromLatin1(name.left(32));
 }
+
+HistoryGuard::Alarm shown(const HistoryMemory::Report& report)
+{
+    return report.isAlarm() ? HistoryGuard::Alarm{report.text, report.remembered, report.found, report.time}
+                            : HistoryGuard::Alarm();
+}
 } // namespace
 
 HistoryGuard::HistoryGuard(CVrkCliSes* session, const QString& folder, const QString& url, QObject* parent)
@@ -33,6 +39,7 @@ HistoryGuard::HistoryGuard(CVrkCliSes* session, const QString& folder, const QSt
     const auto lookSoon = [this] { m_timer.start(0); };
     connect(session, &CVrkCliSes::historyChanged, this, lookSoon);
     connect(session, &CVrkCliSes::connectionChanged, this, lookSoon);
+    connect(session, &CVrkCliSes::chainBroken, this, &HistoryGuard::takeBreak);
     lookSoon();
 }
 
@@ -58,7 +65,7 @@ void HistoryGuard::look()
         qWarning().noquote() << Q_FUNC_INFO << error.text << error.detail;
         return;
     }
-    setAlarm(report.isAlarm() ? Alarm{report.text, report.remembered, report.found, report.time} : Alarm());
+    setAlarm(shown(report));
     if (report.finding == HistoryMemory::Restored)
         emit noticed(report.text);
     if (const QString reason = m_memory->errorText(); reason != m_toldError) {
@@ -66,6 +73,12 @@ void HistoryGuard::look()
         if (!reason.isEmpty())
             emit noticed(tr("История хранилища не запоминается на этом рабочем месте: %1.").arg(reason));
     }
+}
+
+void HistoryGuard::takeBreak(const QByteArray& epoch, qint64 number, const QByteArray& expected,
+                             const QByteArray& found)
+{
+    setAlarm(shown(m_memory->takeBreak(epoch, number, expected, found)));
 }
 
 void HistoryGuard::setAlarm(const Alarm& alarm)

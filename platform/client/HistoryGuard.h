@@ -11,7 +11,7 @@ class CVrkCliSes;
 class HistoryMemory;
 
 /// Compares the history of the session's store with what this workstation has seen of it: at the start, when the link
-/// or another history comes, and now and then. The journal works on while an alarm stands.
+/// or another history comes, and now and then; each change in between must continue the one before it. The journal works on while an alarm stands.
 class VRK_EXPORT HistoryGuard : public QObject
 {
     Q_OBJECT
@@ -45,6 +45,8 @@ signals:
     void noticed(const QString& text);
 
 private:
+    void takeBreak(const QByteArray& epoch, qint64 number, const QByteArray& expected,
+                   const QByteArray& found);
     void setAlarm(const Alarm& alarm);
 
     QPointer<CVrkCliSes> m_session;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <QRandomGenerator>
+#include <utility>
 
 namespace
 {
@@ -89,6 +90,8 @@ int ChangeFeed::poll()
                 reportLost(error);
             return delivered;
         }
+        if (m_position.broken.number > 0)
+            emit broken(m_position.epoch, std::exchange(m_position.broken, {}));
         if (changes.isEmpty())
             break;
         delivered += changes.size();

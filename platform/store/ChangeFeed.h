@@ -31,6 +31,9 @@ public:
 
 signals:
     void arrived(const QVector<StoreChange>& changes);
+    /// A change does not continue the log up to it: somebody has written the log again. Comes before arrived(), and once
+    /// for a place; the feed goes on from there.
+    void broken(const QByteArray& epoch, const ChangePosition::Break& place);
     /// The link is lost; the feed keeps trying and emits found() when it has caught up.
     void lost(const StoreError& error);
     void found();

@@ -18,8 +18,17 @@ class QTextCodec;
 /// A position in the change log. Numbers are contiguous within an epoch, one for each transaction, in order
 /// of commit; the epoch changes when the history changes (a restore).
 struct ChangePosition {
+    /// A transaction that does not continue the log as it was read before it.
+    struct Break {
+        qint64 number = 0;   ///< 0: none
+        QByteArray expected; ///< its chain hash, computed from what was read
+        QByteArray found;    ///< the one in the log
+    };
+
     QByteArray epoch;
     qint64 number = 0;
+    QByteArray chain; ///< the chain hash after the transaction; empty if unknown: then the next one counts
+    Break broken;     ///< the first one found; the reader of the log takes it away
 };
 
 /// One changed row of the change log.

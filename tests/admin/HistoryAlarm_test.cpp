@@ -43,6 +43,9 @@ private slots:
     void anUnwritableMemoryStopsNothing();
     void theMemoryIsReadByItsUserOnly();
     void theAlarmStaysUntilTwoConfirm();
+    void aRewrittenEndIsFoundByTheNextChange_data();
+    void aRewrittenEndIsFoundByTheNextChange();
+    void aShorterLogIsFoundAtOnce();
 
 private:
     /// A workstation with its session, from sign-in to sign-out.
@@ -402,6 +405,65 @@ void HistoryAlarm_test::theAlarmStaysUntilTwoConfirm()
     const QString kept = QString::fromUtf8(file.readAll());
     QVERIFY(kept.contains(alarm.remembered) && kept.contains(alarm.found));
     QVERIFY(kept.contains(QStringLiteral("sidorova")) && kept.contains(QStringLiteral("Иванов")));
+}
+
+void HistoryAlarm_test::aRewrittenEndIsFoundByTheNextChange_data()
+{
+    QTest::addColumn<bool>("isReplaced");
+    QTest::newRow("a row and the chain rewritten") << false;
+    QTest::newRow("the last transaction replaced by another") << true;
+}
+
+void HistoryAlarm_test::aRewrittenEndIsFoundByTheNextChange()
+{
+    QFETCH(bool, isReplaced);
+    auto one = desk();
+    QVERIFY(one->session.startEvents());
+    write("увиденное");
+    QVERIFY(one->session.pollEvents() > 0);
+    QVERIFY(!one->isAlarmed());
+    if (isReplaced) {
+        rollBack(end() - 1);
+        write("другое");
+    } else {
+        Forger(*m_store).forge(
+            QStringLiteral("UPDATE ChangeLog SET newRow = replace(newRow, 'увиденное', 'другое')"), true);
+    }
+    QVERIFY(!one->isAlarmed());
+    const qint64 known = end();
+    write("следующее");
+    QVERIFY(one->session.pollEvents() > 0); // the change itself arrives
+    QVERIFY(one->isAlarmed());
+    const HistoryGuard::Alarm alarm = one->guard.alarm();
+    QVERIFY2(alarm.text.startsWith(QStringLiteral("Транзакция %1 не продолжает").arg(known + 1)),
+             qPrintable(alarm.text));
+    QVERIFY(alarm.remembered != alarm.found);
+    write("журнал работает дальше");
+    QVERIFY(one->session.pollEvents() > 0);
+    QCOMPARE(one->guard.alarm().text, alarm.text);
+    one.reset();
+    QVERIFY(desk()->isAlarmed()); // over a restart
+    // When two have confirmed, the present history counts.
+    one = desk();
+    QVERIFY(one->session.startEvents());
+    QString reason;
+    const QString password = m_store->passwordOf(QStringLiteral("sidorova"));
+    QVERIFY2(one->guard.confirm(QStringLiteral("sidorova"), password, QStringLiteral("Иванов"), &reason),
+             qPrintable(reason));
+    write("после подтверждения");
+    QVERIFY(one->session.pollEvents() > 0);
+    QVERIFY(!one->isAlarmed());
+}
+
+void HistoryAlarm_test::aShorterLogIsFoundAtOnce()
+{
+    write("до входа");
+    const auto one = desk();
+    QVERIFY(one->session.startEvents());
+    rollBack(end() - 1);
+    one->session.pollEvents();
+    QTRY_VERIFY(one->isAlarmed());
+    QVERIFY2(one->guard.alarm().text.contains(QStringLiteral("короче")), qPrintable(one->guard.alarm().text));
 }
 
 QTEST_MAIN(HistoryAlarm_test)

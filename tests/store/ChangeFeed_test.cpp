@@ -2,9 +2,11 @@
 #include "StoreAdmin.h"
 #include "TestStore.h"
 
+#include <atomic>
 #include <QFile>
 #include <QSignalSpy>
 #include <QTest>
+#include <QThread>
 
 class ChangeFeed_test : public QObject
 {
@@ -156,6 +158,63 @@ private slots:
         write(m_store.get(), "A");
         m_feed->poll();
         QCOMPARE(m_arrived, QStringList{QStringLiteral("A")});
+    }
+
+    void sessionsThatWriteAtOnceDoNotBreakTheChain()
+    {
+        int broken = 0;
+        connect(m_feed.get(), &ChangeFeed::broken, this, [&] { ++broken; });
+        std::vector<std::unique_ptr<QThread>> writers;
+        std::atomic<int> written{0};
+        for (int writer = 0; writer < 4; ++writer) {
+            writers.emplace_back(QThread::create([this, writer, &written] {
+                const auto store = m_files->openLoader();
+                for (int i = 0; i < 40; ++i) {
+                    const QByteArray key = QByteArray::number(writer) + '-' + QByteArray::number(i);
+                    StoreError error;
+                    while (!TestStore::write(store.get(), "Roles", ROW_INSERT, key, {}, &error))
+                        if (error.code != StoreError::Locked)
+                            qFatal("%s", qPrintable(error.text));
+                    ++written;
+                }
+            }));
+            writers.back()->start();
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(m_arrived.size(), 160, 60000);
+        for (const auto& writer : writers)
+            writer->wait();
+        QCOMPARE(written.load(), 160);
+        QCOMPARE(broken, 0);
+        ChangePosition end;
+        StoreError error;
+        QVERIFY(m_store->position(&end, &error));
+        QCOMPARE(m_feed->position().chain, end.chain);
+    }
+
+    void aBrokenChainIsReportedBeforeTheChange()
+    {
+        QStringList reported;
+        connect(m_feed.get(), &ChangeFeed::broken, this,
+                [&](const QByteArray&, const ChangePosition::Break& place) {
+                    reported.append(QString::number(place.number));
+                });
+        connect(m_feed.get(), &ChangeFeed::arrived, this, [&] { reported.append(QStringLiteral("change")); });
+        // The hash of the last transaction is another one, as after writing it again.
+        const qint64 number = m_feed->position().number;
+        const QString change =
+            TestStore::isSqlite()
+                ? QStringLiteral("DROP TRIGGER Transactions_noUpdate; UPDATE ChangeTransactions SET chain = "
+                                 "zeroblob(32) WHERE number = %1")
+                : QStringLiteral(
+                      "SET session_replication_role = replica; UPDATE ChangeTransactions SET chain = "
+                      "sha256('x') WHERE number = %1; UPDATE ChangeHead SET chain = sha256('x')");
+        QCOMPARE(m_files->exec(change.arg(number)), QString());
+        write(m_store.get(), "A");
+        m_feed->poll();
+        QCOMPARE(reported, (QStringList{QString::number(number + 1), QStringLiteral("change")}));
+        write(m_store.get(), "B");
+        m_feed->poll();
+        QCOMPARE(reported.size(), 3);
     }
 };
 

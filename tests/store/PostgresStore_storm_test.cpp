@@ -102,6 +102,7 @@ struct Listener {
     QVector<QByteArray> heard;          ///< "number event table key"
     QHash<QByteArray, QByteArray> rows; ///< rows of the table by key, according to the events
     int restarts = 0;
+    int breaks = 0; ///< of the chain
     std::atomic<qint64> number{0};
 
     void open(const QString& url)
@@ -111,6 +112,7 @@ struct Listener {
         QObject::connect(feed.get(), &ChangeFeed::arrived, feed.get(),
                          [this](const QVector<StoreChange>& changes) { take(changes); });
         QObject::connect(feed.get(), &ChangeFeed::restarted, feed.get(), [this] { ++restarts; });
+        QObject::connect(feed.get(), &ChangeFeed::broken, feed.get(), [this] { ++breaks; });
         StoreError error;
         while (!feed->start(&error))
             QThread::msleep(20);
@@ -264,6 +266,7 @@ class PostgresStore_storm_test : public QObject
             for (int i = 0; i < std::max(one.heard.size(), due.size()); ++i)
                 QCOMPARE(one.heard.value(i), due.value(i));
             QCOMPARE(one.restarts, 0);
+            QCOMPARE(one.breaks, 0);
             QVector<QByteArray> state;
             for (auto row = one.rows.cbegin(); row != one.rows.cend(); ++row)
                 state.append(row.key() + '=' + row.value());

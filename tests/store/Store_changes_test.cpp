@@ -252,6 +252,47 @@ private slots:
         QCOMPARE(m_error.code, StoreError::NotAStore);
     }
 
+    void theChainIsFollowedFromTheBeginning()
+    {
+        write("LogbookComments", ROW_INSERT, "C", {{"RecordKey", "REC_ZAR"}, {"text_", "Смена"}});
+        write("LogbookRecords", ROW_UPDATE, "REC_ORDER", {{"html", "«В-110»\n"}, {"direction", nullptr}});
+        write("LogbookComments", ROW_DELETE, "C");
+        ChangePosition end;
+        QVERIFY(m_store->position(&end, &m_error));
+        QVERIFY(!end.chain.isEmpty());
+        ChangePosition reached{end.epoch, 0, {}, {}};
+        while (reached.number < end.number) {
+            QVector<StoreChange> some; // a few at a time
+            QVERIFY(m_store->changesAfter(&reached, 3, &some, &m_error));
+            QCOMPARE(reached.broken.number, 0);
+        }
+        QCOMPARE(reached.chain.toHex(), end.chain.toHex());
+    }
+
+    void aChangeAfterAnotherHistoryIsNotedOnce()
+    {
+        const ChangePosition before = m_position;
+        m_position.chain = QByteArray(32, 'x'); // what was read is not what the store has now
+        write("Roles", ROW_INSERT, "A");
+        write("Roles", ROW_INSERT, "B");
+        QCOMPARE(changes().size(), 2);
+        ChangePosition end;
+        QVERIFY(m_store->position(&end, &m_error));
+        QCOMPARE(m_position.broken.number, before.number + 1);
+        QVERIFY(m_position.broken.expected != m_position.broken.found);
+        QCOMPARE(m_position.chain, end.chain);
+        m_position.broken = {};
+        write("Roles", ROW_INSERT, "C");
+        QCOMPARE(changes().size(), 1);
+        QCOMPARE(m_position.broken.number, 0);
+        // A position that was kept without its hash takes the next one.
+        m_position.chain.clear();
+        write("Roles", ROW_INSERT, "D");
+        QCOMPARE(changes().size(), 1);
+        QCOMPARE(m_position.broken.number, 0);
+        QVERIFY(!m_position.chain.isEmpty());
+    }
+
     void recognisesATruncatedLog()
     {
         const ChangePosition before = m_position;

@@ -176,6 +176,31 @@ bool HistoryMemory::confirm(const QString& administrator, const QString& user)
     return true;
 }
 
+QJsonObject HistoryMemory::alarmEntry(const Report& report)
+{
+    return {{what, QStringLiteral("alarm")},         {QStringLiteral("other"), report.finding == OtherStore},
+            {QStringLiteral("text"), report.text},   {QStringLiteral("remembered"), report.remembered},
+            {QStringLiteral("found"), report.found}, {QStringLiteral("time"), report.time}};
+}
+
+HistoryMemory::Report HistoryMemory::takeBreak(const QByteArray& epoch, qint64 number,
+                                               const QByteArray& expected, const QByteArray& found)
+{
+    Report report = alarm();
+    if (report.isAlarm())
+        return report;
+    raise(
+        &report, Altered,
+        words(
+            "Транзакция %1 не продолжает историю, которую это рабочее место видело до неё: записанное раньше "
+            "изменили, вынули или вставили.")
+            .arg(number),
+        shown(epoch, number, expected), shown(epoch, number, found));
+    m_alarm = report; // also if it cannot be written
+    append({alarmEntry(report)});
+    return report;
+}
+
 bool HistoryMemory::check(EvidenceLog& log, const QByteArray& published, Report* report)
 {
     *report = alarm();
@@ -194,12 +219,7 @@ bool HistoryMemory::check(EvidenceLog& log, const QByteArray& published, Report*
     if (!report->isAlarm() && !compareHeads(log, epochs, published, present, report, &news))
         return false;
     if (report->isAlarm()) {
-        news = {{{what, QStringLiteral("alarm")},
-                 {QStringLiteral("other"), report->finding == OtherStore},
-                 {QStringLiteral("text"), report->text},
-                 {QStringLiteral("remembered"), report->remembered},
-                 {QStringLiteral("found"), report->found},
-                 {QStringLiteral("time"), report->time}}};
+        news = {alarmEntry(*report)};
     } else {
         if (report->finding == Restored)
             news.append({{what, QStringLiteral("restored")},

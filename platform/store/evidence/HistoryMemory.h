@@ -39,6 +39,10 @@ public:
     /// store names (VerifierKey::parseAll). While an alarm stands, it is the answer and nothing is compared or
     /// remembered. False if the log cannot be read. A memory that cannot be written is no failure: errorText().
     bool check(EvidenceLog& log, const QByteArray& published, Report* report);
+    /// The change feed read a transaction that does not continue what was read before it: its chain hash should be
+    /// \a expected. An alarm, which is remembered; the answer is the one that stood before, if there is one.
+    Report takeBreak(const QByteArray& epoch, qint64 number, const QByteArray& expected,
+                     const QByteArray& found);
     /// The alarm that stands; AsBefore if there is none.
     Report alarm();
     /// Ends the alarm: from now on the present history counts. False if it cannot be written.
@@ -59,6 +63,7 @@ private:
     void forget();
     void take(const QJsonObject& entry);
     bool append(const QVector<QJsonObject>& entries);
+    static QJsonObject alarmEntry(const Report& report);
     bool fail(const QString& reason);
     void raise(Report* report, Finding finding, const QString& text, const QString& remembered,
                const QString& found) const;
