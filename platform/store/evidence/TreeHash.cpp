@@ -66,11 +66,15 @@ Sha256& Sha256::real(double value)
     return integer(bits);
 }
 
-Sha256& Sha256::text(const QByteArray& bytes)
+Sha256& Sha256::raw(const QByteArray& bytes)
 {
-    integer(bytes.size());
     add(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     return *this;
+}
+
+Sha256& Sha256::text(const QByteArray& bytes)
+{
+    return integer(bytes.size()).raw(bytes);
 }
 
 Sha256& Sha256::optional(const QByteArray& bytes)

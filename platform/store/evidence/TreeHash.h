@@ -33,6 +33,8 @@ public:
     Sha256& add(const TreeHash& hash);
     Sha256& integer(qint64 value);
     Sha256& real(double value);
+    /// The bytes alone.
+    Sha256& raw(const QByteArray& bytes);
     /// Its length and its bytes.
     Sha256& text(const QByteArray& bytes);
     /// The same, and a null array differs from an empty one.

@@ -2,7 +2,6 @@
 
 void ChainHash::begin(const QByteArray& before, const Head& head)
 {
-    m_hash.reset();
     add(before);
     add(QByteArray::number(head.number));
     add(head.batchKey);
@@ -14,6 +13,5 @@ void ChainHash::begin(const QByteArray& before, const Head& head)
 // Each part is preceded by its length, so that different parts cannot give the same bytes.
 void ChainHash::add(const QByteArray& part)
 {
-    m_hash.addData(QByteArray::number(part.size()) + ':');
-    m_hash.addData(part);
+    m_hash.raw(QByteArray::number(part.size()) + ':').raw(part);
 }

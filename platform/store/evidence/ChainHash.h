@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QByteArray>
-#include <QCryptographicHash>
+#include "TreeHash.h"
 
 /// The hash chain of the change log: a transaction's hash is SHA-256 over the previous hash, the
 /// transaction's own head and every row that it logged. A changed, removed or inserted entry invalidates
@@ -21,8 +20,9 @@ public:
     void begin(const QByteArray& before, const Head& head);
     /// The next column of a row: table, key, event in digits, old and new values.
     void add(const QByteArray& part);
-    QByteArray result() const { return m_hash.result(); }
+    /// Ends the transaction.
+    QByteArray result() { return m_hash.result().bytes(); }
 
 private:
-    QCryptographicHash m_hash{QCryptographicHash::Sha256};
+    Sha256 m_hash;
 };
