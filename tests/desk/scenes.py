@@ -450,6 +450,11 @@ def open_shift(seat, colleague):
             colleague.click(edit, inside="OpenWorkshiftDialog")
             colleague.press("Shift+Tab", "Tab")  # selects the day
             colleague.type(ended.strftime("%d%m%Y"))
+    elif tree.one("startTimeEdit")["text"] < ended.strftime("%H:%M"):
+        # The closed shift lasted longer than the timetable says.
+        colleague.click("startDateEdit", inside="OpenWorkshiftDialog")
+        colleague.press("Tab")
+        colleague.type(ended.strftime("%H%M"))
     colleague.click("endDateEdit", inside="OpenWorkshiftDialog")
     colleague.press("Tab")
     colleague.type(end.replace(":", ""))
