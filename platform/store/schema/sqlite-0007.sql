@@ -1,1 +1,2 @@
--- Step 7, for the other engine.
+-- Step 7: the history of a row asks what was removed with it.
+CREATE INDEX ChangeLog_Removed ON ChangeLog (number) WHERE event = 603;
