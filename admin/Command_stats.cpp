@@ -11,25 +11,37 @@
 
 namespace
 {
-QString title(const QByteArray& group)
+/// The words "30 минут" as they follow "на".
+QString minutesOf(int count)
 {
+    const int ten = count % 100 / 10;
+    const int one = count % 10;
+    const QString word = ten == 1 || one == 0 || one > 4 ? QStringLiteral("минут")
+                         : one == 1                      ? QStringLiteral("минуту")
+                                                         : QStringLiteral("минуты");
+    return QStringLiteral("%1 %2").arg(count).arg(word);
+}
+
+QString title(const QByteArray& group, const Statistics::Choice& choice)
+{
+    if (group == "late")
+        return QStringLiteral("Внесено позже события более чем на ") + minutesOf(choice.lateMinutes);
     static const QHash<QByteArray, QString> titles{
         {"department", QStringLiteral("Подразделения")},
         {"category", QStringLiteral("Папки шаблонов")},
         {"template", QStringLiteral("Шаблоны")},
         {"hour", QStringLiteral("Часы суток")},
-        {"late", QStringLiteral("Внесено позже события более чем на 30 минут")},
         {"overdue", QStringLiteral("Не исполнено к закрытию смены")},
         {"signedHandovers", QStringLiteral("Подписано закрытий смен")}};
     return titles.value(group);
 }
 
-void tell(const QVector<Statistics::Figure>& figures, QTextStream& out)
+void tell(const QVector<Statistics::Figure>& figures, const Statistics::Choice& choice, QTextStream& out)
 {
     QByteArray group;
     for (const Statistics::Figure& figure : figures) {
         if (figure.group != group)
-            out << title(figure.group)
+            out << title(figure.group, choice)
                 << (figure.name.isNull() ? QStringLiteral(": ") : QStringLiteral(":\n"));
         group = figure.group;
         if (figure.name.isNull())
@@ -48,12 +60,13 @@ void fill(const QVector<Statistics::Figure>& figures, JsonList* list)
                    {QStringLiteral("total"), figure.total}});
 }
 
-bool writeCsv(const QVector<Statistics::Figure>& figures, const QString& path)
+bool writeCsv(const QVector<Statistics::Figure>& figures, const Statistics::Choice& choice,
+              const QString& path)
 {
     QVector<QStringList> rows{{QStringLiteral("Показатель"), QStringLiteral("Название"),
                                QStringLiteral("Число"), QStringLiteral("Из")}};
     for (const Statistics::Figure& figure : figures)
-        rows.append({title(figure.group), Csv::harmless(figure.name), QString::number(figure.count),
+        rows.append({title(figure.group, choice), Csv::harmless(figure.name), QString::number(figure.count),
                      QString::number(figure.total)});
     const QByteArray bytes = Csv::write(rows);
     QSaveFile file(path);
@@ -65,6 +78,15 @@ bool read(const QString& text, double* time)
 {
     *time = text.isNull() ? 0 : Arguments::timeOf(text);
     return text.isNull() || *time > 0;
+}
+
+/// Reads whole minutes into \a minutes unless the text is null; false if it is none.
+bool read(const QString& text, int* minutes)
+{
+    bool isNumber = true;
+    if (!text.isNull())
+        *minutes = text.toInt(&isNumber);
+    return isNumber && *minutes >= 0;
 }
 
 /// Empty if the choice is understood, otherwise the reason.
@@ -94,6 +116,7 @@ Command::ExitCode Command::stats(const QStringList& arguments, Streams& streams)
     const QString from = Arguments::takeValue(&rest, QStringLiteral("--from"));
     const QString to = Arguments::takeValue(&rest, QStringLiteral("--to"));
     const QString department = Arguments::takeValue(&rest, QStringLiteral("--department"));
+    const QString late = Arguments::takeValue(&rest, QStringLiteral("--late"));
     const QString csv = Arguments::takeValue(&rest, QStringLiteral("--csv"));
     if (rest.size() != 1 || (list.isWanted() && !csv.isNull()))
         return WrongUsage;
@@ -104,6 +127,10 @@ Command::ExitCode Command::stats(const QStringList& arguments, Streams& streams)
         return fail(streams, error);
     const StoreZone zone(*store);
     Statistics::Choice choice;
+    if (!read(late, &choice.lateMinutes)) {
+        streams.err << QStringLiteral("Опоздание пишется целым числом минут.\n");
+        return Failed;
+    }
     if (const QString reason = refusal(directory, from, to, department, &choice); !reason.isEmpty()) {
         streams.err << reason << QLatin1Char('\n');
         return Failed;
@@ -112,7 +139,7 @@ Command::ExitCode Command::stats(const QStringList& arguments, Streams& streams)
     if (!statistics.count(store.get(), &error))
         return fail(streams, error);
     const QVector<Statistics::Figure> figures = statistics.figures();
-    if (!csv.isNull() && !writeCsv(figures, csv)) {
+    if (!csv.isNull() && !writeCsv(figures, choice, csv)) {
         streams.err << QStringLiteral("Не удалось записать %1\n").arg(csv);
         return Failed;
     }
@@ -120,7 +147,7 @@ Command::ExitCode Command::stats(const QStringList& arguments, Streams& streams)
         fill(figures, &list);
         list.print(streams.out);
     } else if (csv.isNull()) {
-        tell(figures, streams.out);
+        tell(figures, choice, streams.out);
     }
     return Success;
 }

@@ -11,6 +11,7 @@
 namespace
 {
 constexpr int pageRows = 5000;
+constexpr double secondsOfMinute = 60;
 
 MDRVar fieldOf(const CMDArray& answer, int row, int field)
 {
@@ -84,7 +85,7 @@ bool Statistics::countRecords(Store* store, StoreError* error)
             ++m_categories[folder ? folder->text("nameLoc") : unknown()];
             ++m_templates[form ? form->text("nameLoc") : unknown()];
             ++m_hours[HfnTime_to_DateTime(happened > 0 ? happened : made, -1).time().hour()];
-            m_late += happened > 0 && made - happened > lateSeconds ? 1 : 0;
+            m_late += happened > 0 && made - happened > m_choice.lateMinutes * secondsOfMinute ? 1 : 0;
             if (!TemplateCells::hasFlag(html, "time_exec"))
                 continue;
             ++m_orders;

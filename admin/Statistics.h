@@ -14,6 +14,7 @@ public:
         double from = 0;       ///< HfnTime; 0: from the beginning
         double to = 0;         ///< the first time that no longer counts; 0: to the end
         QByteArray department; ///< empty: all
+        int lateMinutes = 30;  ///< an entry is late if it was made more minutes after its event
     };
     /// One figure: \a count of \a total.
     struct Figure {
@@ -23,9 +24,6 @@ public:
         qint64 count = 0;
         qint64 total = 0;
     };
-    /// An entry is late if it was made so many seconds after its event.
-    static constexpr int lateSeconds = 1800;
-
     Statistics(const Directory& directory, const Choice& choice) : m_directory(directory), m_choice(choice) {}
     /// False if the store cannot be read.
     bool count(Store* store, StoreError* error);

@@ -99,6 +99,55 @@ private slots:
         QCOMPARE(site.figure("late"), QStringLiteral("1/8"));
     }
 
+    void theTimeAfterWhichAnEntryIsLateIsChosen()
+    {
+        Site site;
+        const QString late = QStringLiteral("--late");
+        const double made =
+            site.store
+                .value(QStringLiteral("SELECT recordTime FROM LogbookRecords WHERE KeyLink = 'REC_TRIP'"))
+                .toDouble();
+        site.change("REC_TRIP", {{"eventTime", made - 901}});
+        QCOMPARE(site.figure("late"), QStringLiteral("0/8"));
+        QCOMPARE(site.figure("late", QString(), {late, QStringLiteral("15")}), QStringLiteral("1/8"));
+        QCOMPARE(site.figure("late", QString(), {late, QStringLiteral("16")}), QStringLiteral("0/8"));
+        QVERIFY(site.figure("late", QString(), {late, QStringLiteral("0")}) != QLatin1String("0/8"));
+        // More seconds than an int counts.
+        QCOMPARE(site.figure("late", QString(), {late, QStringLiteral("2147483647")}), QStringLiteral("0/8"));
+        for (const char* wrong : {"-1", "полчаса", "1.5", ""}) {
+            QCOMPARE(site.call("stats", {late, QString::fromUtf8(wrong)}), Command::Failed);
+            QCOMPARE(site.err, QStringLiteral("Опоздание пишется целым числом минут.\n"));
+        }
+        QCOMPARE(site.call("stats", {late}), Command::WrongUsage);
+    }
+
+    void theChosenMinutesAreNamed_data()
+    {
+        QTest::addColumn<QString>("minutes");
+        QTest::addColumn<QString>("words");
+        QTest::newRow("not chosen") << QString() << QStringLiteral("30 минут");
+        QTest::newRow("one") << QStringLiteral("1") << QStringLiteral("1 минуту");
+        QTest::newRow("few") << QStringLiteral("24") << QStringLiteral("24 минуты");
+        QTest::newRow("many") << QStringLiteral("5") << QStringLiteral("5 минут");
+        QTest::newRow("eleven") << QStringLiteral("111") << QStringLiteral("111 минут");
+    }
+    void theChosenMinutesAreNamed()
+    {
+        QFETCH(QString, minutes);
+        QFETCH(QString, words);
+        Site site;
+        QStringList rest;
+        if (!minutes.isNull())
+            rest << QStringLiteral("--late") << minutes;
+        const QString title = QStringLiteral("Внесено позже события более чем на ") + words;
+        QCOMPARE(site.call("stats", rest), Command::Success);
+        QVERIFY2(site.out.contains(title + QLatin1Char(':')), qPrintable(site.out));
+        QCOMPARE(site.call("stats",
+                           rest + QStringList{QStringLiteral("--csv"), site.path(QStringLiteral("s.csv"))}),
+                 Command::Success);
+        QVERIFY(QString::fromUtf8(site.bytes(QStringLiteral("s.csv"))).contains(title));
+    }
+
     void anOrderIsOverdueWhenItsShiftIsClosed()
     {
         Site site;
