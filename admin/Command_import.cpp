@@ -99,16 +99,5 @@ Command::ExitCode Command::importSheets(const QStringList& arguments, Streams& s
     tellAll(import.reports(), dry, &list, streams.out);
     if (dry)
         return Success;
-    // A role without a row in Users has no rights, so it may be created first.
-    for (const QString& login : import.admitted()) {
-        if (!StoreAdmin::admit(rest[0], login, true, &error))
-            return fail(streams, error);
-    }
-    if (!import.write(&error))
-        return fail(streams, error);
-    for (const QString& login : import.retired()) {
-        if (!StoreAdmin::admit(rest[0], login, false, &error))
-            return fail(streams, error);
-    }
-    return Success;
+    return outcome(import.carryOut(rest[0], &error), streams, error);
 }

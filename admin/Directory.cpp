@@ -140,8 +140,13 @@ const DirectoryRow* Directory::row(const QByteArray& table, const QByteArray& ke
 void Directory::put(const QByteArray& table, const DirectoryRow& row)
 {
     Table& known = m_tables[table];
-    const bool fresh = !known.rows.contains(row.key);
+    const DirectoryRow* before = this->row(table, row.key);
+    const bool fresh = !before;
+    const bool keepsNames =
+        before && identityOf(Sheets::of(table), *before) == identityOf(Sheets::of(table), row);
     known.rows.insert(row.key, row);
+    if (keepsNames)
+        return; // a name is made of the fields of the identity
     if (!fresh)
         known.stale = true; // its old names must be removed
     else if (!known.stale)

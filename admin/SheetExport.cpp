@@ -22,9 +22,10 @@ QByteArray scopeOf(const Directory& directory, const Sheet& sheet, const Directo
 }
 } // namespace
 
-QStringList SheetExport::cells(const Directory& directory, const Sheet& sheet, const DirectoryRow& row)
+QStringList SheetExport::cells(const Directory& directory, const Sheet& sheet, const DirectoryRow& row,
+                               References references)
 {
-    const QByteArray scope = scopeOf(directory, sheet, row);
+    const QByteArray scope = references == Names ? scopeOf(directory, sheet, row) : QByteArray();
     const TemplateCells text(row.text("html"));
     QStringList cells;
     for (const SheetColumn& column : sheet.columns) {
@@ -37,8 +38,8 @@ QStringList SheetExport::cells(const Directory& directory, const Sheet& sheet, c
             cells << (value.isValid() ? SheetCells::time(value.toDouble()) : QString());
             break;
         case SheetColumn::Reference:
-            cells << (value.toString().isEmpty()
-                          ? QString()
+            cells << (references == Keys || value.toString().isEmpty()
+                          ? value.toString()
                           : directory.reference(column.refers, value.toByteArray(), scope));
             break;
         case SheetColumn::Scope:

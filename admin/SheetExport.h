@@ -7,8 +7,12 @@
 /// Writes the sheets of a store into a folder.
 namespace SheetExport
 {
-/// One row of cells in the order of the sheet's columns.
-QStringList cells(const Directory& directory, const Sheet& sheet, const DirectoryRow& row);
+/// How cells name the rows that they refer to.
+enum References { Names, Keys };
+/// One row of cells in the order of the sheet's columns. With \a references by keys, a cell that restricts the references
+/// of its row is empty.
+QStringList cells(const Directory& directory, const Sheet& sheet, const DirectoryRow& row,
+                  References references = Names);
 /// Writes all sheets; those without rows only with their headings. False with the file's name in \a
 /// failure.
 bool write(const Directory& directory, const QDir& folder, QString* failure);

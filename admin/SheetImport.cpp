@@ -11,10 +11,23 @@
 #include <QFile>
 #include <QTextCodec>
 
+QString SheetImport::Fault::text() const
+{
+    return line > 0 ? QStringLiteral("%1:%2: %3").arg(file).arg(line).arg(fault.line())
+                    : QStringLiteral("%1: %2").arg(file, fault.line());
+}
+
 void SheetImport::fault(const QString& file, int line, const QString& text)
 {
-    m_errors << (line > 0 ? QStringLiteral("%1:%2: %3").arg(file).arg(line).arg(text)
-                          : QStringLiteral("%1: %2").arg(file, text));
+    m_faults.append({file, line, {nullptr, text, true, {}}});
+}
+
+QStringList SheetImport::errors() const
+{
+    QStringList texts;
+    for (const Fault& one : m_faults)
+        texts << one.text();
+    return texts;
 }
 
 bool SheetImport::read(const QDir& folder)
@@ -40,7 +53,7 @@ bool SheetImport::read(const QDir& folder)
         if (files.contains(&sheet))
             readFile(folder.filePath(files.value(&sheet)), sheet);
     }
-    return m_errors.isEmpty();
+    return m_faults.isEmpty();
 }
 
 bool SheetImport::readFile(const QString& path, const Sheet& sheet)
@@ -53,7 +66,8 @@ bool SheetImport::readFile(const QString& path, const Sheet& sheet)
     QVector<Csv::Row> rows;
     QString error;
     if (!Csv::read(file.readAll(), &rows, &error)) {
-        m_errors << QStringLiteral("%1:%2").arg(sheet.file, error);
+        const int colon = error.indexOf(QLatin1Char(':')); // "line: fault"
+        fault(sheet.file, error.left(colon).toInt(), error.mid(colon + 2));
         return false;
     }
     if (rows.isEmpty())
@@ -78,7 +92,7 @@ bool SheetImport::take(const Sheet& sheet, const QVector<QStringList>& rows)
 
 bool SheetImport::readHeadings(File* file, const Csv::Row& headings)
 {
-    const int before = m_errors.size();
+    const int before = m_faults.size();
     QStringList cells = headings.cells;
     while (!cells.isEmpty() && cells.constLast().trimmed().isEmpty())
         cells.removeLast();
@@ -100,20 +114,25 @@ bool SheetImport::readHeadings(File* file, const Csv::Row& headings)
             fault(file->sheet->file, headings.line,
                   QStringLiteral("не хватает столбца «%1»").arg(column.heading));
     }
-    return m_errors.size() == before;
+    return m_faults.size() == before;
 }
 
 bool SheetImport::compare(StoreError* error)
 {
-    if (!m_directory.load(m_store, error))
-        return false;
+    Directory stored;
+    return stored.load(m_store, error) && compareWith(stored);
+}
+
+bool SheetImport::compareWith(const Directory& stored)
+{
+    m_directory = stored;
     const LongWork work("Сличение таблиц", m_files.size());
     qint64 done = 0;
     for (const File& file : qAsConst(m_files)) {
         compareSheet(file);
         work.advance(++done);
     }
-    return m_errors.isEmpty();
+    return m_faults.isEmpty();
 }
 
 void SheetImport::compareSheet(const File& file)
@@ -150,10 +169,12 @@ QVector<Csv::Row> SheetImport::ringsIn(const File& file, QVector<Csv::Row>* wait
     const auto nameOf = [](const SheetRow& row) {
         return row.row.text(row.row.values.contains("nameLoc") ? "nameLoc" : "name_");
     };
-    QHash<QString, QString> owners;
+    QHash<QString, QString> owners; // an owner is named by its name or its code
     for (const Csv::Row& row : qAsConst(*waiting)) {
         const SheetRow read(m_directory, *file.sheet, file.columns, row.cells);
         owners.insert(nameOf(read), read.owner);
+        if (!read.row.key.isEmpty())
+            owners.insert(QString::fromUtf8(read.row.key), read.owner);
     }
     QVector<Csv::Row> rings;
     QVector<Csv::Row> others;
@@ -205,20 +226,23 @@ bool SheetImport::compareRow(const File& file, const Csv::Row& cells, bool last,
     SheetRow read(m_directory, sheet, file.columns, cells.cells);
     if (read.waits && !last)
         return false;
-    const auto wrong = [&](const QString& text) {
-        fault(sheet.file, cells.line, text);
+    const auto wrongCell = [&](const CellFault& one) {
+        m_faults.append({sheet.file, cells.line, one});
         return true;
     };
-    for (const QString& text : qAsConst(read.faults))
-        wrong(text);
+    const auto wrong = [&](const QString& text) { return wrongCell({nullptr, text, true, {}}); };
+    for (const CellFault& one : qAsConst(read.faults))
+        m_faults.append({sheet.file, cells.line, one});
     if (!read.faults.isEmpty())
         return true;
 
     const QByteArray same = m_directory.same(sheet.table, read.row);
     const DirectoryRow* stored = m_directory.row(sheet.table, read.row.key.isEmpty() ? same : read.row.key);
     if (!read.row.key.isEmpty() && !same.isEmpty() && same != read.row.key)
-        return wrong(QStringLiteral("такая строка уже есть, её код %1, а не %2")
-                         .arg(QString::fromUtf8(same), QString::fromUtf8(read.row.key)));
+        return wrongCell({nullptr,
+                          QStringLiteral("такая строка уже есть, её код %1, а не %2")
+                              .arg(QString::fromUtf8(same), QString::fromUtf8(read.row.key)),
+                          true, same});
     if (!stored && sheet.table == "Users" && StoreAdmin::loginError(read.row.text("login")))
         return wrong(StoreAdmin::loginError(read.row.text("login")).text);
     DirectoryRow row = read.row;
@@ -232,26 +256,41 @@ bool SheetImport::compareRow(const File& file, const Csv::Row& cells, bool last,
         QString html;
         const QString fault = readTemplate(&read, stored, &html);
         if (!fault.isEmpty())
-            return wrong(QStringLiteral("столбец «Текст»: ") + fault);
+            return wrongCell({sheet.column(QStringLiteral("Текст")), fault, true, {}});
         row.values.insert("html", html);
         given.insert("html");
     }
-    for (const CatalogField& field : TableCatalog::table(sheet.table)->fields) {
-        const QString text = row.text(field.name);
-        if ((field.type == mdr_TChar || field.type == mdr_TMemo) && !m_store->codec()->canEncode(text))
-            return wrong(QStringLiteral("знака нет в кодовой странице журнала: «%1»").arg(text.left(60)));
-        if (field.type == mdr_TChar && !sheet.earlier &&
-            m_store->codec()->fromUnicode(text).size() > field.width)
-            return wrong(QStringLiteral("длиннее %1 знаков: «%2»").arg(field.width).arg(text));
-    }
+    const CellFault misfit = unfit(sheet, row);
+    if (!misfit.text.isEmpty())
+        return wrongCell(misfit);
     takeRow(file, row, given, read.hasRights ? takeRights(row, read.rights) : QStringList(), report);
     for (const SheetColumn& column : sheet.columns) {
         if (column.refers == sheet.table && m_directory.ownsItself(sheet.table, row.key, column.field))
-            return wrong(row.reference(column.field) == row.key
-                             ? QStringLiteral("столбец «%1»: строка входит сама в себя").arg(column.heading)
-                             : QStringLiteral("строка и её владельцы входят друг в друга по кругу"));
+            return row.reference(column.field) == row.key
+                       ? wrongCell({&column, QStringLiteral("строка входит сама в себя"), true, {}})
+                       : wrong(QStringLiteral("строка и её владельцы входят друг в друга по кругу"));
     }
     return true;
+}
+
+CellFault SheetImport::unfit(const Sheet& sheet, const DirectoryRow& row) const
+{
+    const auto faultOf = [&sheet](const CatalogField& field, const QString& text) {
+        for (const SheetColumn& column : sheet.columns)
+            if (column.field == field.name)
+                return CellFault{&column, text, false, {}};
+        return CellFault{nullptr, text, false, {}};
+    };
+    for (const CatalogField& field : TableCatalog::table(sheet.table)->fields) {
+        const QString text = row.text(field.name);
+        if ((field.type == mdr_TChar || field.type == mdr_TMemo) && !m_store->codec()->canEncode(text))
+            return faultOf(field,
+                           QStringLiteral("знака нет в кодовой странице журнала: «%1»").arg(text.left(60)));
+        if (field.type == mdr_TChar && !sheet.earlier &&
+            m_store->codec()->fromUnicode(text).size() > field.width)
+            return faultOf(field, QStringLiteral("длиннее %1 знаков: «%2»").arg(field.width).arg(text));
+    }
+    return {};
 }
 
 void SheetImport::takeRow(const File& file, DirectoryRow row, const QSet<QByteArray>& given,
@@ -339,4 +378,18 @@ bool SheetImport::write(StoreError* error)
     for (const QByteArray& key : qAsConst(m_revoked))
         writer.remove("UserRights", key);
     return writer.write(error);
+}
+
+bool SheetImport::carryOut(const QString& url, StoreError* error)
+{
+    // A role without a row in Users has no rights, so it may be created first.
+    for (const QString& login : qAsConst(m_admitted))
+        if (!StoreAdmin::admit(url, login, true, error))
+            return false;
+    if (!write(error))
+        return false;
+    for (const QString& login : qAsConst(m_retired))
+        if (!StoreAdmin::admit(url, login, false, error))
+            return false;
+    return true;
 }

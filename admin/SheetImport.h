@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Csv.h"
-#include "Directory.h"
+#include "SheetRow.h"
 
 #include <QDir>
 #include <QSet>
@@ -19,6 +19,16 @@ public:
         QStringList missing; ///< in the store and not in the sheet
     };
 
+    /// What is wrong, and where.
+    struct Fault {
+        QString file;
+        int line = 0; ///< of the file, the headings are line 1; 0: the file as a whole
+        CellFault fault;
+
+        /// "file:line: fault"
+        QString text() const;
+    };
+
     explicit SheetImport(Store* store) : m_store(store) {}
 
     /// Reads the sheets of a folder. False if there are faults; errors() lists them.
@@ -28,11 +38,18 @@ public:
     /// Compares the sheets with the store. False if it cannot be read (\a error) or a cell is wrong
     /// (errors()).
     bool compare(StoreError* error);
+    /// The same with a store that is already read.
+    bool compareWith(const Directory& stored);
     /// Writes the differences that compare() found, in one transaction.
     bool write(StoreError* error);
+    /// The same, and where logins have their own roles, enables those that were added before, and disables the
+    /// retired ones after it. \a url is the address of the store.
+    bool carryOut(const QString& url, StoreError* error);
 
-    /// "file:line: fault", in the order of the files.
-    const QStringList& errors() const { return m_errors; }
+    /// In the order of the files.
+    const QVector<Fault>& faults() const { return m_faults; }
+    /// The texts of the faults.
+    QStringList errors() const;
     const QVector<Report>& reports() const { return m_reports; }
     const Directory& directory() const { return m_directory; }
     /// Logins that were added or enabled again, and those that were retired.
@@ -65,6 +82,8 @@ private:
     /// Records the rights to be granted and revoked, and returns their names.
     QStringList takeRights(const DirectoryRow& user, const QStringList& rights);
     void fault(const QString& file, int line, const QString& text);
+    /// The fault of a text that the field of a row cannot take; its text is empty if there is none.
+    CellFault unfit(const Sheet& sheet, const DirectoryRow& row) const;
 
     Store* m_store;
     Directory m_directory;
@@ -73,7 +92,7 @@ private:
     QVector<QPair<QByteArray, QString>> m_grants; ///< user, right
     QVector<QByteArray> m_revoked;                ///< rows of UserRights
     QVector<Report> m_reports;
-    QStringList m_errors;
+    QVector<Fault> m_faults;
     QStringList m_admitted;
     QStringList m_retired;
 };

@@ -21,14 +21,14 @@ SheetRow::SheetRow(const Directory& directory, const Sheet& sheet, const QVector
     }
     for (int i = columns.size(); i < texts.size(); ++i) {
         if (!texts[i].trimmed().isEmpty())
-            faults << QStringLiteral("лишняя ячейка «%1»").arg(texts[i].trimmed());
+            faults.append({nullptr, QStringLiteral("лишняя ячейка «%1»").arg(texts[i].trimmed()), true, {}});
     }
     waits = waits && faults.size() == 1;
 }
 
 void SheetRow::fault(const SheetColumn& column, const QString& text)
 {
-    faults << QStringLiteral("столбец «%1»: %2").arg(column.heading, text);
+    faults.append({&column, text, true, {}});
 }
 
 void SheetRow::unknown(const SheetColumn& column, const QString& what, const QString& cell,

@@ -6,6 +6,20 @@
 
 #include <QSet>
 
+/// What is wrong with a cell, or with a row as a whole.
+struct CellFault {
+    const SheetColumn* column = nullptr; ///< null: the row
+    QString text;                        ///< without the name of the column
+    bool namesColumn = true;             ///< false: the text is clear without it
+    QByteArray other;                    ///< key of the row that this one repeats
+
+    /// With the name of the column, as a line of text needs it.
+    QString line() const
+    {
+        return column && namesColumn ? QStringLiteral("столбец «%1»: %2").arg(column->heading, text) : text;
+    }
+};
+
 /// Reads the cells of one row of a sheet.
 struct SheetRow {
     DirectoryRow row;       ///< its key if given, otherwise empty
@@ -14,9 +28,9 @@ struct SheetRow {
     bool hasRights = false;
     TemplateCells cells;        ///< of a template
     QSet<QByteArray> textCells; ///< "html" and the template properties for which the sheet has columns
-    QStringList faults;         ///< errors in the cells
-    bool waits = false;         ///< the only fault is a missing row of the same sheet
-    QString owner;              ///< the name of that row
+    QVector<CellFault> faults;
+    bool waits = false; ///< the only fault is a missing row of the same sheet
+    QString owner;      ///< the name of that row
 
     SheetRow(const Directory& directory, const Sheet& sheet, const QVector<const SheetColumn*>& columns,
              const QStringList& texts);
