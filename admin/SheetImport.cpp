@@ -380,7 +380,7 @@ bool SheetImport::write(StoreError* error)
     return writer.write(error);
 }
 
-bool SheetImport::carryOut(const QString& url, StoreError* error)
+bool SheetImport::carryOut(const QString& url, StoreError* error, bool* isWritten)
 {
     // A role without a row in Users has no rights, so it may be created first.
     for (const QString& login : qAsConst(m_admitted))
@@ -388,6 +388,8 @@ bool SheetImport::carryOut(const QString& url, StoreError* error)
             return false;
     if (!write(error))
         return false;
+    if (isWritten)
+        *isWritten = true;
     for (const QString& login : qAsConst(m_retired))
         if (!StoreAdmin::admit(url, login, false, error))
             return false;

@@ -43,8 +43,9 @@ public:
     /// Writes the differences that compare() found, in one transaction.
     bool write(StoreError* error);
     /// The same, and where logins have their own roles, enables those that were added before, and disables the
-    /// retired ones after it. \a url is the address of the store.
-    bool carryOut(const QString& url, StoreError* error);
+    /// retired ones after it. \a url is the address of the store. On failure, \a isWritten says whether the
+    /// differences are written all the same.
+    bool carryOut(const QString& url, StoreError* error, bool* isWritten = nullptr);
 
     /// In the order of the files.
     const QVector<Fault>& faults() const { return m_faults; }
