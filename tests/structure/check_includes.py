@@ -3,7 +3,8 @@
 
 A floor of the platform includes itself and the floors below it; the plug-ins include the platform above the store and
 nothing of each other; the host includes the platform above the store and no header of a plug-in; the admin tool includes hfn,
-store and demo, the reports also what the plug-ins print with. The rooms of the journal's plug-in and of the store are floors, too. A form counts as the header that is made of it.
+store and demo, the reports also what the plug-ins print with,
+the window of the reference data the admin tool and the host's look. The rooms of the journal's plug-in and of the store are floors, too. A form counts as the header that is made of it.
 A file belongs to the longest entry that matches its path, so an entry may also be a single file.
 """
 import pathlib
@@ -48,6 +49,7 @@ ALLOWED = {
     "archive": ABOVE_STORE | {"archive"},
     "workstation": ABOVE_STORE | {"workstation"},
     "report": STORE | ABOVE_STORE | {"plugin/base", "plugin/records", "plugin/journal", "archive", "report"},
+    "directory": STORE_ADMIN | ABOVE_STORE | {"workstation", "demo", "admin", "directory"},
     "demo": STORE_ADMIN | {"platform/text", "demo"},
     "admin": STORE_ADMIN | {"demo", "admin"},
 }
