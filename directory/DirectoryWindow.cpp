@@ -21,9 +21,15 @@ namespace
 constexpr int pauseMs = 300; // after an edit, before the check
 constexpr QSize usualSize(1180, 680);
 
-/// The tab's title: the sheet's title with a capital letter.
+/// The tab's title: the sheet's title with a capital letter, short where it is long.
 QString titleOf(const Sheet& sheet)
 {
+    if (sheet.table == "Users")
+        return DirectoryWindow::tr("Пользователи");
+    if (sheet.table == "WorkerRoles")
+        return DirectoryWindow::tr("Кто в какой должности");
+    if (sheet.table == "Shifts")
+        return DirectoryWindow::tr("Смены");
     return sheet.title.left(1).toUpper() + sheet.title.mid(1);
 }
 

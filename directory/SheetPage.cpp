@@ -47,6 +47,9 @@ SheetPage::SheetPage(SheetModel* model, QWidget* parent)
     m_table->setSortingEnabled(true);
     m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     m_table->setTabKeyNavigation(false); // Tab leaves the table, arrows move in it
+    m_table->verticalHeader()->setMinimumWidth(m_table->fontMetrics().horizontalAdvance(QLatin1Char('M')) *
+                                               2);
+    m_table->verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
     m_table->setAlternatingRowColors(true);
     m_table->horizontalHeader()->setStretchLastSection(true);
     new EmptyHint(m_table, [this] {

@@ -18,7 +18,7 @@ out=$(readlink -f "$1")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 umask 022
-for package in vrk-workstation vrk-admin vrk-report libvrk-logbook vrk-logbook-demo vrk-logbook-doc; do
+for package in vrk-workstation vrk-admin vrk-directory vrk-report libvrk-logbook vrk-logbook-demo vrk-logbook-doc; do
     dpkg-deb --extract "$out/${package}_${version}"_*.deb "$work/unpacked"
 done
 name=vrk-logbook-$version-$(uname -m)
@@ -75,7 +75,7 @@ for plugin in platforms/libq{xcb,offscreen,vnc}.so imageformats/libq{jpeg,gif,ic
     take_libraries_of "$qt/$plugin"
     patchelf --set-rpath "\$ORIGIN/../../../lib" "$home/qt/plugins/$plugin"
 done
-for file in "$home"/bin/vrk-{workstation,admin,report} "$home"/lib/libVrk*; do
+for file in "$home"/bin/vrk-{workstation,admin,directory,report} "$home"/lib/libVrk*; do
     take_libraries_of "$file"
 done
 translations=$(qmake -qt=qt5 -query QT_INSTALL_TRANSLATIONS)

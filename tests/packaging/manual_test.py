@@ -15,7 +15,8 @@ import unittest
 
 BIN, MANUAL, DEMO = map(pathlib.Path, ("@CMAKE_RUNTIME_OUTPUT_DIRECTORY@", "@CMAKE_BINARY_DIR@/packaging/manual",
                                        "@CMAKE_SOURCE_DIR@/packaging/vrk-demo"))
-PROGRAMS = {"vrk-admin": BIN / "vrk-admin", "vrk-report": BIN / "vrk-report", "vrk-workstation": BIN / "vrk-workstation", "vrk-demo": DEMO}
+PROGRAMS = {"vrk-admin": BIN / "vrk-admin", "vrk-report": BIN / "vrk-report", "vrk-workstation": BIN / "vrk-workstation",
+            "vrk-directory": BIN / "vrk-directory", "vrk-demo": DEMO}
 RUNTIME = tempfile.TemporaryDirectory(prefix="vrk-manual-")  # the toolkit takes all others' rights on it away
 # Every process starts without the user's settings and in a locale that a fresh system has.
 ENVIRONMENT = {"PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "offscreen", "HOME": "/nonexistent", "TERM": "dumb",

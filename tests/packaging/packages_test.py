@@ -28,7 +28,7 @@ import unittest
 
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 FORMER = "2.1.0~1"
-PACKAGES = ("libvrk-logbook", "vrk-admin", "vrk-logbook", "vrk-logbook-demo", "vrk-logbook-dev", "vrk-logbook-doc", "vrk-report",
+PACKAGES = ("libvrk-logbook", "vrk-admin", "vrk-directory", "vrk-logbook", "vrk-logbook-demo", "vrk-logbook-dev", "vrk-logbook-doc", "vrk-report",
             "vrk-workstation")
 UNITS = {"vrk-report-daily.timer", "vrk-seal-closings.service", "vrk-seal.timer", "vrk-watchdog.timer"}
 # What the page docs/install.ru.md requires of a system for the archive.
