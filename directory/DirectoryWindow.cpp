@@ -58,8 +58,11 @@ DirectoryWindow::DirectoryWindow(std::unique_ptr<Store> store, const QString& ur
     setWindowTitle(tr("Справочники: %1[*]").arg(shownAddress(url)));
     m_notice->setObjectName(QStringLiteral("notice"));
     m_tabs->setObjectName(QStringLiteral("sheets"));
+    m_tabs->setAccessibleName(tr("Таблицы"));
     m_faults->setObjectName(QStringLiteral("faults"));
     m_faults->setAccessibleName(tr("Ошибки"));
+    m_faults->setWordWrap(true);
+    m_faults->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_faultCount->setObjectName(QStringLiteral("faultCount"));
     for (SheetModel* model : m_draft.models()) {
         m_pages.append(new SheetPage(model, m_tabs));

@@ -8,4 +8,8 @@ build=${1:-build/dev}
 ninja -C "$build" --quiet window_sheet vrk-workstation vrk-admin VrkLogBook VrkArchive
 TZ=Europe/Moscow QT_QPA_PLATFORM=xcb xvfb-run --auto-servernum --server-args="-screen 0 1920x1080x24" \
     "$build/bin/window_sheet" "$build/windows.png"
+# The administrator's window of the reference data is a program of its own.
+mkdir -p "$build/windows.png.d"
+ninja -C "$build" --quiet DirectoryLook_test
+TZ=Europe/Moscow QT_QPA_PLATFORM=offscreen VRK_PICTURES=$(readlink -f "$build/windows.png.d") "$build/bin/DirectoryLook_test" >/dev/null
 echo "$build/windows.png"

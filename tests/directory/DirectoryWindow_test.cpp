@@ -20,6 +20,7 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTreeWidget>
+#include <QUrl>
 
 /// The window of the reference data over a real store, used with keys and buttons.
 class DirectoryWindow_test : public QObject
@@ -552,6 +553,23 @@ void DirectoryWindow_test::asksForThePasswordOfAServer()
     StoreError error;
     QVERIFY(opening.open(m_store->url(), &error)); // no password is needed
     QCOMPARE(asked, 0);
+    if (!TestStore::isSqlite()) {
+        // A server that wants a password: this login has one, and it is no administrator.
+        m_store->givePassword(QStringLiteral("ivanov"), QStringLiteral("secret"));
+        QUrl url(m_store->url());
+        url.setUserName(QStringLiteral("ivanov"));
+        QStringList answers{QStringLiteral("wrong"), QStringLiteral("secret")};
+        const DirectoryOpening asking([&](const QString&) {
+            ++asked;
+            return answers.isEmpty() ? QString() : answers.takeFirst();
+        });
+        QVERIFY(!asking.open(url.toString(), &error));
+        QCOMPARE(asked, 2);
+        QCOMPARE(error.code, StoreError::Refused); // signed in, but no right
+        QVERIFY(!opening.open(QStringLiteral("postgresql://ivanov@/nowhere?host=/nowhere"), &error));
+        QVERIFY(!error.text.isEmpty());
+        qunsetenv("PGPASSWORD");
+    }
     QVERIFY(!opening.open(QStringLiteral("sqlite:///nowhere/at/all.sqlite"), &error));
     QVERIFY(!error.text.isEmpty());
 }
