@@ -3,6 +3,7 @@
 #include "LongWork.h"
 #include "NoticeBar.h"
 #include "SheetPage.h"
+#include "StoreAdmin.h"
 
 #include <QAction>
 #include <QLabel>
@@ -151,7 +152,11 @@ bool DirectoryWindow::load(StoreError* error)
         return false;
     for (SheetPage* page : qAsConst(m_pages))
         page->fitColumns();
-    if (!m_store->caution().isEmpty())
+    if (!StoreAdmin::mayLoad(*m_store, m_url))
+        m_notice->tell(NoticeBar::Warning,
+                       tr("Эта учётная запись сервера может только смотреть справочники. Чтобы записать "
+                          "правки, откройте журнал под записью администратора."));
+    else if (!m_store->caution().isEmpty())
         m_notice->tell(
             NoticeBar::Warning,
             tr("Журнал открыт с оговоркой: %1. Записать правки не удастся.").arg(m_store->caution()));

@@ -50,6 +50,8 @@ private slots:
     void searchFindsRows();
     void retiredPeopleAreShownOnRequest();
     void keepsWhatOthersWrote();
+    void newRowsSurviveRefreshing();
+    void aGivenUpNameIsFree();
     void asksAboutCellsChangedTwice();
     void asksAgainAfterAnotherWrite();
     void unsavedEditsAreAskedAboutOnClose();
@@ -471,6 +473,33 @@ void DirectoryWindow_test::keepsWhatOthersWrote()
     QCOMPARE(value("SELECT safetyGroup FROM Workers WHERE KeyLink = 'WORKER_IVANOV'").toInt(), 1);
 }
 
+void DirectoryWindow_test::newRowsSurviveRefreshing()
+{
+    const QByteArray role = added("Roles");
+    type("Roles", role, QStringLiteral("Название"), QStringLiteral("Мастер"));
+    QVERIFY(TestStore::write(m_store->openLoader().get(), "Roles", ROW_UPDATE, "ROLE_ZAR",
+                             {{"name_", QStringLiteral("Старший группы")}}));
+    press("refresh");
+    QCOMPARE(notice(),
+             QStringLiteral("Пока вы правили, другие изменили строк: 1. Их правки взяты в таблицы."));
+    QCOMPARE(shown("Roles", role, QStringLiteral("Название")), QStringLiteral("Мастер"));
+    QCOMPARE(shown("Roles", "ROLE_ZAR", QStringLiteral("Название")), QStringLiteral("Старший группы"));
+    press("refresh");
+    QCOMPARE(notice(), QStringLiteral("Изменений от других нет."));
+}
+
+void DirectoryWindow_test::aGivenUpNameIsFree()
+{
+    const QByteArray role = added("Roles");
+    type("Roles", role, QStringLiteral("Подразделение"), QStringLiteral("ЦДС"));
+    type("Roles", role, QStringLiteral("Название"),
+         shown("Roles", "ROLE_CDS_SENIOR", QStringLiteral("Название")));
+    type("Roles", "ROLE_CDS_SENIOR", QStringLiteral("Название"), QStringLiteral("Начальник смены"));
+    save();
+    QCOMPARE(value("SELECT name_ FROM Roles WHERE KeyLink = 'ROLE_CDS_SENIOR'").toString(),
+             QStringLiteral("Начальник смены"));
+}
+
 void DirectoryWindow_test::asksAboutCellsChangedTwice()
 {
     type("Workers", "WORKER_PETROV", QStringLiteral("Группа"), QStringLiteral("5"));
@@ -553,6 +582,7 @@ void DirectoryWindow_test::asksForThePasswordOfAServer()
     StoreError error;
     QVERIFY(opening.open(m_store->url(), &error)); // no password is needed
     QCOMPARE(asked, 0);
+    QVERIFY(notice().isEmpty());
     if (!TestStore::isSqlite()) {
         // A server that wants a password: this login has one, and it is no administrator.
         m_store->givePassword(QStringLiteral("ivanov"), QStringLiteral("secret"));
@@ -563,9 +593,19 @@ void DirectoryWindow_test::asksForThePasswordOfAServer()
             ++asked;
             return answers.isEmpty() ? QString() : answers.takeFirst();
         });
-        QVERIFY(!asking.open(url.toString(), &error));
+        auto store = asking.open(url.toString(), &error);
+        QVERIFY2(store, qPrintable(error.text));
         QCOMPARE(asked, 2);
-        QCOMPARE(error.code, StoreError::Refused); // signed in, but no right
+        m_window = std::make_unique<DirectoryWindow>(std::move(store), url.toString());
+        QVERIFY(m_window->load(&error));
+        m_window->show();
+        QVERIFY2(notice().startsWith(QStringLiteral("Эта учётная запись сервера может только смотреть")),
+                 qPrintable(notice()));
+        type("Workers", "WORKER_PETROV", QStringLiteral("Группа"), QStringLiteral("5"));
+        press("save");
+        answer(box<SaveDialog>(), "write");
+        QVERIFY2(notice().startsWith(QStringLiteral("Ничего не записано: ")), qPrintable(notice()));
+        QCOMPARE(value("SELECT safetyGroup FROM Workers WHERE KeyLink = 'WORKER_PETROV'").toInt(), 4);
         QVERIFY(!opening.open(QStringLiteral("postgresql://ivanov@/nowhere?host=/nowhere"), &error));
         QVERIFY(!error.text.isEmpty());
         qunsetenv("PGPASSWORD");

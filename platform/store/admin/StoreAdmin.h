@@ -16,6 +16,10 @@ int schemaVersion();
 std::unique_ptr<Store> openLoader(const QString& url, StoreError* error,
                                   int deadlineMs = Store::Options().deadlineMs);
 
+/// Whether what openLoader() opened may write: the account of a server may have no such right. \a url is the address of
+/// the store. True if the server does not answer.
+bool mayLoad(Store& store, const QString& url);
+
 /// Writes the first rows into a new store, which it receives in the role of imports.
 using Filling = std::function<bool(Store* store, StoreError* error)>;
 /// Creates a new store, empty or filled by \a filling; never touches existing data. On failure, no store is

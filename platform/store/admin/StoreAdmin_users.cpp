@@ -123,6 +123,18 @@ bool StoreAdmin::setPassword(const QString& url, const QString& login, const QSt
     return StoreErrors::raise(error, StoreError::BadRequest, "В этом хранилище входят без пароля.");
 }
 
+bool StoreAdmin::mayLoad(Store& store, const QString& url)
+{
+    if (StoreUrl(url).engine != StoreUrl::PostgreSql)
+        return true;
+    StoreError error;
+    // Any row is the answer no; a store without logins has no accounts but those of administrators.
+    return column(store,
+                  "SELECT KeyLink FROM Users WHERE NOT pg_has_role(session_user, 'vrk_loader', 'MEMBER')",
+                  &error)
+        .isEmpty();
+}
+
 bool StoreAdmin::admitSealer(const QString& url, const QString& login, bool admitted, StoreError* error)
 {
     *error = loginError(login);
