@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QListWidget>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
@@ -21,6 +22,7 @@ namespace
 {
 constexpr int pauseMs = 300; // after an edit, before the check
 constexpr QSize usualSize(1180, 680);
+constexpr QSize frameOfWindow(20, 40); // about
 
 /// The tab's title: the sheet's title with a capital letter, short where it is long.
 QString titleOf(const Sheet& sheet)
@@ -98,7 +100,7 @@ DirectoryWindow::DirectoryWindow(std::unique_ptr<Store> store, const QString& ur
     connect(m_faults, &QListWidget::itemClicked, this, [this] { showFault(m_faults->currentRow()); });
     connect(m_notice, &NoticeBar::chosen, m_notice, &QWidget::hide);
     LongWork::listen([this](const char* name, qint64 done, qint64 total) { showWork(name, done, total); });
-    resize(usualSize);
+    resize(usualSize.boundedTo(screen()->availableSize() - frameOfWindow));
     showState();
 }
 
@@ -126,8 +128,8 @@ void DirectoryWindow::makeActions()
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    m_saveAction = addAction(tr("Сохранить"), "save", QKeySequence::Save, &DirectoryWindow::save);
-    bar->addAction(m_saveAction);
+    // Deliberate: enabled without edits, too, because the first one may still be in its editor.
+    bar->addAction(addAction(tr("Сохранить"), "save", QKeySequence::Save, &DirectoryWindow::save));
     bar->addAction(addAction(tr("Обновить"), "refresh", Qt::Key_F5, &DirectoryWindow::refresh));
     bar->addSeparator();
     bar->addAction(addAction(tr("Добавить"), "add", Qt::Key_Insert, &DirectoryWindow::addRow));
@@ -252,9 +254,7 @@ void DirectoryWindow::showFaults()
 
 void DirectoryWindow::showState()
 {
-    const bool isEdited = m_draft.isEdited();
-    setWindowModified(isEdited);
-    m_saveAction->setEnabled(isEdited);
+    setWindowModified(m_draft.isEdited());
 }
 
 void DirectoryWindow::showWork(const char* name, qint64 done, qint64 total)

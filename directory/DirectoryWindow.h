@@ -69,6 +69,5 @@ private:
     QLabel* m_work;
     QTimer* m_pause;
     QVector<SheetPage*> m_pages;
-    QAction* m_saveAction = nullptr;
     bool m_closesAfterSaving = false;
 };

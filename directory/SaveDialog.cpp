@@ -4,12 +4,14 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace
 {
 constexpr QSize usualSize(760, 480);
+constexpr QSize frameOfWindow(20, 40); // about
 
 QString shownOr(const QString& text)
 {
@@ -103,7 +105,7 @@ SaveDialog::SaveDialog(const DirectoryDraft& draft, const QString& note, QWidget
     layout->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    resize(usualSize);
+    resize(usualSize.boundedTo(screen()->availableSize() - frameOfWindow));
 }
 
 ConflictDialog::ConflictDialog(const DirectoryDraft::Meanwhile& meanwhile, QWidget* parent) : QDialog(parent)
@@ -137,5 +139,5 @@ ConflictDialog::ConflictDialog(const DirectoryDraft::Meanwhile& meanwhile, QWidg
         accept();
     });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    resize(usualSize);
+    resize(usualSize.boundedTo(screen()->availableSize() - frameOfWindow));
 }

@@ -1,6 +1,7 @@
 #include "DirectoryOpening.h"
 #include "DirectoryWindow.h"
 #include "HostSettings.h"
+#include "ScreenScale.h"
 #include "StoreDialog.h"
 #include "StoreZone.h"
 #include "Theme.h"
@@ -82,13 +83,15 @@ std::unique_ptr<Store> openStore(QString* url)
     return nullptr;
 }
 
-void scaleWindows()
+/// As the workstation does.
+void scaleWindows(int argc, char* argv[])
 {
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
 #endif
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    ScreenScale::roundToQuarters(argc, argv);
 }
 
 /// Information about the program itself, which needs no display: true if that was asked for.
@@ -128,8 +131,9 @@ int main(int argc, char* argv[])
 {
     if (tell(argc, argv))
         return Success;
-    scaleWindows();
+    scaleWindows(argc, argv);
     QApplication application(argc, argv);
+    ScreenScale::forget();
     HostSettings::useOwnPlace();
     QApplication::setApplicationVersion(QStringLiteral(VRK_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("vrk-logbook-directory"));

@@ -57,6 +57,10 @@ private slots:
     void unsavedEditsAreAskedAboutOnClose();
     void closesAfterSaving();
     void aRefusedWriteKeepsTheEdits();
+    void anUnreadableStoreKeepsTheEdits();
+    void faultyRowsOfTheStoreBlockNothing();
+    void keysDoTheWork();
+    void aRetiredPersonIsOfferedNowhere();
     void asksForThePasswordOfAServer();
 
 private:
@@ -177,7 +181,8 @@ void DirectoryWindow_test::showsTheRowsOfTheStore()
     QCOMPARE(shown("Shifts", "TIMETABLE_CDS_NIGHT", QStringLiteral("Начало")), QStringLiteral("20:00"));
     QCOMPARE(shown("WorkerRoles", "WROLE_PETROV", QStringLiteral("Подразделение")), QStringLiteral("ЦДС"));
     QVERIFY(!m_window->isWindowModified());
-    QVERIFY(!m_window->findChild<QAction*>(QStringLiteral("save"))->isEnabled());
+    press("save");
+    QCOMPARE(notice(), QStringLiteral("Сохранять нечего."));
 }
 
 void DirectoryWindow_test::savesAnEditedCell()
@@ -570,6 +575,74 @@ void DirectoryWindow_test::aRefusedWriteKeepsTheEdits()
     QCOMPARE(m_store->permit(QStringLiteral("UPDATE"), QStringLiteral("Workers")), QString());
     save();
     QCOMPARE(value("SELECT safetyGroup FROM Workers WHERE KeyLink = 'WORKER_PETROV'").toInt(), 5);
+}
+
+void DirectoryWindow_test::anUnreadableStoreKeepsTheEdits()
+{
+    type("Workers", "WORKER_PETROV", QStringLiteral("Группа"), QStringLiteral("5"));
+    QCOMPARE(m_store->dropTables({QStringLiteral("UserRights")}), QString());
+    press("save");
+    QVERIFY(!box<SaveDialog>());
+    QVERIFY2(notice().startsWith(QStringLiteral("Журнал не прочитан: ")), qPrintable(notice()));
+    QVERIFY2(notice().endsWith(QStringLiteral("Ничего не записано, правки остались в окне.")),
+             qPrintable(notice()));
+    QVERIFY(m_window->isWindowModified());
+}
+
+void DirectoryWindow_test::faultyRowsOfTheStoreBlockNothing()
+{
+    QVERIFY(TestStore::write(m_store->openLoader().get(), "Roles", ROW_UPDATE, "ROLE_ZAR",
+                             {{"name_", QString()}}));
+    press("refresh");
+    type("Workers", "WORKER_PETROV", QStringLiteral("Группа"), QStringLiteral("5"));
+    save();
+    QCOMPARE(value("SELECT safetyGroup FROM Workers WHERE KeyLink = 'WORKER_PETROV'").toInt(), 5);
+}
+
+void DirectoryWindow_test::keysDoTheWork()
+{
+    QApplication::setActiveWindow(m_window.get());
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    SheetPage* page = open("Roles");
+    QTableView* view = page->table();
+    view->setFocus();
+    const int before = page->model()->rowCount();
+    QTest::keyClick(view, Qt::Key_Insert);
+    QCOMPARE(page->model()->rowCount(), before + 1);
+    QWidget* editor = QApplication::focusWidget(); // the first cell is open
+    QVERIFY(qobject_cast<QComboBox*>(editor) || qobject_cast<QLineEdit*>(editor));
+    page->commit();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    view->setFocus();
+    QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(page->model()->rowCount(), before);
+    QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(page->model()->rowCount(), before + 1);
+    page->showCell(page->model()->rows().constLast().key, 0);
+    QTest::keyClick(view, Qt::Key_Delete);
+    QCOMPARE(page->model()->rowCount(), before);
+    QTest::keyClick(view, Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(page->findChild<QLineEdit*>(QStringLiteral("search"))->hasFocus());
+    // What is being typed is saved, too.
+    view->setCurrentIndex(cell("Roles", "ROLE_ZAR", QStringLiteral("Название")));
+    QTest::keyClick(view, Qt::Key_F2);
+    QTest::keyClicks(view->viewport()->findChild<QLineEdit*>(), QStringLiteral("Master"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(box<SaveDialog>());
+    answer(box<SaveDialog>(), "write");
+    QCOMPARE(value("SELECT name_ FROM Roles WHERE KeyLink = 'ROLE_ZAR'").toString(),
+             QStringLiteral("Master"));
+}
+
+void DirectoryWindow_test::aRetiredPersonIsOfferedNowhere()
+{
+    QTableView* view = table("WorkerRoles");
+    view->setCurrentIndex(cell("WorkerRoles", "WROLE_PETROV", QStringLiteral("Сотрудник")));
+    QTest::keyClick(view, Qt::Key_F2);
+    auto* list = view->viewport()->findChild<QComboBox*>();
+    QVERIFY(list);
+    QVERIFY(list->findData(QByteArray("WORKER_IVANOV")) > 0);
+    QCOMPARE(list->findData(QByteArray("WORKER_KUZNETSOV")), -1);
 }
 
 void DirectoryWindow_test::asksForThePasswordOfAServer()
