@@ -136,6 +136,8 @@ bool DirectoryDraft::look(Store* store, Meanwhile* meanwhile, StoreError* error)
     const LongWork work("Сверка с журналом");
     *meanwhile = Meanwhile();
     m_fresh = Directory();
+    if (!store->position(&m_seen, error))
+        return false;
     if (!m_fresh.load(store, error))
         return false;
     for (SheetModel* model : qAsConst(m_models)) {
@@ -189,12 +191,38 @@ void DirectoryDraft::adopt(const Meanwhile& meanwhile, bool theirs)
     show(m_base);
 }
 
-bool DirectoryDraft::save(Store* store, const QString& url, bool* isWritten, StoreError* error)
+int DirectoryDraft::sharedRows(Store* store, const QSet<QByteArray>& keys) const
 {
-    *isWritten = false;
+    constexpr int portion = 1000;
+    ChangePosition position = m_seen;
+    QHash<QByteArray, QSet<qint64>> transactions;
+    QVector<StoreChange> changes;
+    StoreError error;
+    do {
+        changes.clear();
+        if (!store->changesAfter(&position, portion, &changes, &error))
+            return 0; // what follows reads the store and reports it
+        for (const StoreChange& change : qAsConst(changes))
+            if (keys.contains(change.key))
+                transactions[change.key].insert(change.number);
+    } while (!changes.isEmpty());
+    return int(std::count_if(transactions.begin(), transactions.end(),
+                             [](const QSet<qint64>& numbers) { return numbers.size() > 1; }));
+}
+
+bool DirectoryDraft::save(Store* store, const QString& url, Outcome* outcome, StoreError* error)
+{
+    *outcome = Outcome();
     QHash<QString, QVector<Line>> lines;
     const auto checked = import(store, &lines);
     if (!checked->compareWith(m_base))
         return false;
-    return checked->carryOut(url, error, isWritten) && load(store, error);
+    if (!checked->carryOut(url, error, &outcome->isWritten))
+        return false;
+    QSet<QByteArray> keys;
+    for (const QVector<Line>& ofFile : qAsConst(lines))
+        for (const Line& line : ofFile)
+            keys.insert(line.key);
+    outcome->shared = sharedRows(store, keys);
+    return load(store, error);
 }

@@ -54,9 +54,14 @@ public:
     /// Takes what look() read: rows of others appear, the user's edits stay. In conflicts the cells of the user stay, or
     /// those of the store if \a theirs. The undo stack becomes empty if there was a difference.
     void adopt(const Meanwhile& meanwhile, bool theirs);
-    /// Writes the edited rows in one transaction, then reads the store. Call check() before. False with \a error;
-    /// \a isWritten says whether the store has the edits all the same.
-    bool save(Store* store, const QString& url, bool* isWritten, StoreError* error);
+    /// What save() did.
+    struct Outcome {
+        bool isWritten = false; ///< the store has the edits, also if something else failed
+        int shared = 0; ///< written rows that somebody else changed, too, between look() and the write
+    };
+    /// Writes the edited rows in one transaction, then reads the store. Call look() and check() before. False with
+    /// \a error.
+    bool save(Store* store, const QString& url, Outcome* outcome, StoreError* error);
 
 private:
     struct Line {
@@ -67,11 +72,14 @@ private:
     /// An import of the edited rows. \a lines: for each file, the rows in the order of their lines.
     std::unique_ptr<SheetImport> import(Store* store, QHash<QString, QVector<Line>>* lines) const;
     void show(const Directory& directory);
+    /// The rows among \a keys that more than one transaction has changed since look().
+    int sharedRows(Store* store, const QSet<QByteArray>& keys) const;
 
     QVector<SheetModel*> m_models;
     QUndoStack m_undo;
-    Directory m_base;  ///< as load() read it
-    Directory m_shown; ///< with the user's edits
-    Directory m_fresh; ///< as look() read it
+    Directory m_base;      ///< as load() read it
+    Directory m_shown;     ///< with the user's edits
+    Directory m_fresh;     ///< as look() read it
+    ChangePosition m_seen; ///< the end of the change log before that
     QVector<Fault> m_faults;
 };

@@ -117,7 +117,11 @@ QAction* DirectoryWindow::addAction(const QString& text, const char* name, const
     action->setShortcut(keys);
     action->setToolTip(tr("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
     connect(action, &QAction::triggered, this, slot);
-    QMainWindow::addAction(action);
+    // Delete elsewhere, such as in the list of faults, must not remove rows.
+    const bool isOfTables = keys == QKeySequence(Qt::Key_Insert) || keys == QKeySequence(Qt::Key_Delete);
+    action->setShortcutContext(isOfTables ? Qt::WidgetWithChildrenShortcut : Qt::WindowShortcut);
+    QWidget* const owner = isOfTables ? static_cast<QWidget*>(m_tabs) : this;
+    owner->addAction(action);
     return action;
 }
 

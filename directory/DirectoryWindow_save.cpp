@@ -106,16 +106,23 @@ void DirectoryWindow::write()
     if (meanwhile.rows > 0) // somebody wrote while the question was open: the answer was about another state
         return prepare(meanwhile);
     StoreError error;
-    bool isWritten = false;
+    DirectoryDraft::Outcome outcome;
     {
         const BusyPointer busy;
-        m_draft.save(m_store.get(), m_url, &isWritten, &error);
+        m_draft.save(m_store.get(), m_url, &outcome, &error);
     }
     showFaults();
     showState();
     if (error)
-        return fail(isWritten ? tr("Правки записаны, но не всё удалось: %1").arg(error.text)
-                              : tr("Ничего не записано: %1 Правки остались в окне.").arg(error.text));
+        return fail(outcome.isWritten ? tr("Правки записаны, но не всё удалось: %1").arg(error.text)
+                                      : tr("Ничего не записано: %1 Правки остались в окне.").arg(error.text));
+    if (outcome.shared > 0) {
+        m_closesAfterSaving = false;
+        return m_notice->tell(NoticeBar::Warning,
+                              tr("Записано. В тот же миг кто-то другой изменил строк: %1. Проверьте их: что "
+                                 "было, скажет vrk-admin history.")
+                                  .arg(outcome.shared));
+    }
     m_notice->tell(NoticeBar::Information, tr("Записано."));
     if (m_closesAfterSaving)
         close();

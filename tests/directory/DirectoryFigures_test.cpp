@@ -72,8 +72,8 @@ void DirectoryFigures_test::tenThousandPeople()
     QVERIFY(window.draft()->look(loader.get(), &meanwhile, &error));
     QCOMPARE(meanwhile.rows, 0);
     figure("look for others", timer.restart());
-    bool isWritten = false;
-    QVERIFY(window.draft()->save(loader.get(), store.url(), &isWritten, &error));
+    DirectoryDraft::Outcome outcome;
+    QVERIFY(window.draft()->save(loader.get(), store.url(), &outcome, &error));
     figure("save 10,000 edits", timer.restart());
     QCOMPARE(store.value(QStringLiteral("SELECT count(*) FROM Workers WHERE safetyGroup = 3")).toInt(),
              model->rowCount());

@@ -1,4 +1,5 @@
 #include "../admin/AdminRun.h"
+#include "AsNobody.h"
 #include "DirectoryOpening.h"
 #include "DirectoryWindow.h"
 #include "NoticeBar.h"
@@ -10,6 +11,8 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -54,6 +57,9 @@ private slots:
     void aGivenUpNameIsFree();
     void asksAboutCellsChangedTwice();
     void asksAgainAfterAnotherWrite();
+    void countsRowsWrittenAtTheSameTime();
+    void deleteInTheFaultsRemovesNothing();
+    void aReadOnlyFileIsReported();
     void unsavedEditsAreAskedAboutOnClose();
     void closesAfterSaving();
     void aRefusedWriteKeepsTheEdits();
@@ -538,6 +544,65 @@ void DirectoryWindow_test::asksAgainAfterAnotherWrite()
     answer(box<SaveDialog>(), "write");
     QCOMPARE(value("SELECT safetyGroup FROM Workers WHERE KeyLink = 'WORKER_PETROV'").toInt(), 2);
     QVERIFY(box<ConflictDialog>());
+}
+
+void DirectoryWindow_test::countsRowsWrittenAtTheSameTime()
+{
+    type("Workers", "WORKER_PETROV", QStringLiteral("Группа"), QStringLiteral("5"));
+    type("Workers", "WORKER_IVANOV", QStringLiteral("Группа"), QStringLiteral("3"));
+    const auto store = m_store->openLoader();
+    DirectoryDraft::Meanwhile meanwhile;
+    DirectoryDraft::Outcome outcome;
+    StoreError error;
+    DirectoryDraft* draft = m_window->draft();
+    QVERIFY(draft->look(store.get(), &meanwhile, &error));
+    QVERIFY(draft->check(store.get()).isEmpty());
+    QVERIFY(TestStore::write(m_store->openLoader().get(), "Workers", ROW_UPDATE, "WORKER_PETROV",
+                             {{"safetyGroup", 2}}));
+    QVERIFY(draft->save(store.get(), m_store->url(), &outcome, &error));
+    QVERIFY(outcome.isWritten);
+    QCOMPARE(outcome.shared, 1);
+}
+
+void DirectoryWindow_test::deleteInTheFaultsRemovesNothing()
+{
+    const QByteArray role = added("Roles");
+    press("nextFault");
+    QApplication::setActiveWindow(m_window.get());
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    auto* list = m_window->findChild<QListWidget*>(QStringLiteral("faults"));
+    QCOMPARE(list->count(), 2); // department and name are missing
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Delete);
+    QVERIFY(m_window->page("Roles")->model()->find(role) >= 0);
+}
+
+void DirectoryWindow_test::aReadOnlyFileIsReported()
+{
+    if (!TestStore::isSqlite())
+        QSKIP("a file");
+    m_window.reset();
+    const QString folder = QFileInfo(m_store->path()).path();
+    QFile::setPermissions(m_store->path(), QFile::Permissions(0x4444));
+    QFile::setPermissions(folder, QFile::Permissions(0x5555));
+    {
+        const AsNobody nobody;
+        StoreError error;
+        auto store = StoreAdmin::openLoader(m_store->url(), &error);
+        QVERIFY2(store, qPrintable(error.text));
+        m_window = std::make_unique<DirectoryWindow>(std::move(store), m_store->url());
+        QVERIFY2(m_window->load(&error), qPrintable(error.text));
+        m_window->show();
+        QCOMPARE(notice(),
+                 QStringLiteral("Журнал открыт с оговоркой: только просмотр. Записать правки не удастся."));
+        type("Workers", "WORKER_PETROV", QStringLiteral("Группа"), QStringLiteral("5"));
+        press("save");
+        answer(box<SaveDialog>(), "write");
+        QVERIFY2(notice().startsWith(QStringLiteral("Ничего не записано: ")), qPrintable(notice()));
+        QVERIFY(m_window->isWindowModified());
+        m_window.reset();
+    }
+    QFile::setPermissions(folder, QFile::Permissions(0x7777));
 }
 
 void DirectoryWindow_test::unsavedEditsAreAskedAboutOnClose()
