@@ -70,7 +70,8 @@ SheetPage::SheetPage(SheetModel* model, QWidget* parent)
         m_filter->showFormer(shown);
         count();
     });
-    connect(m_filter, &QAbstractItemModel::modelReset, this, &SheetPage::count);
+    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, &SheetPage::remember);
+    connect(m_filter, &QAbstractItemModel::modelReset, this, &SheetPage::restore);
     connect(m_filter, &QAbstractItemModel::rowsInserted, this, &SheetPage::count);
     connect(m_filter, &QAbstractItemModel::rowsRemoved, this, &SheetPage::count);
     count();
@@ -95,6 +96,25 @@ void SheetPage::count()
     const int shown = m_filter->rowCount();
     const int all = m_model->rowCount();
     m_count->setText(shown == all ? tr("Строк: %1").arg(all) : tr("Строк: %1 из %2").arg(shown).arg(all));
+}
+
+void SheetPage::remember()
+{
+    const QModelIndex current = m_filter->mapToSource(m_table->currentIndex());
+    m_currentKey = current.isValid() ? m_model->rows().at(current.row()).key : QByteArray();
+    m_currentColumn = current.column();
+}
+
+void SheetPage::restore()
+{
+    count();
+    const int row = m_currentKey.isEmpty() ? -1 : m_model->find(m_currentKey);
+    const QModelIndex current =
+        row < 0 ? QModelIndex() : m_filter->mapFromSource(m_model->index(row, m_currentColumn));
+    if (!current.isValid())
+        return;
+    m_table->setCurrentIndex(current);
+    m_table->scrollTo(current);
 }
 
 void SheetPage::commit()

@@ -36,6 +36,9 @@ protected:
 
 private:
     void search();
+    /// The rows are read again: the current one stays current.
+    void remember();
+    void restore();
     void count();
 
     SheetModel* m_model;
@@ -44,4 +47,6 @@ private:
     QLineEdit* m_search;
     QLabel* m_count;
     QTableView* m_table;
+    QByteArray m_currentKey;
+    int m_currentColumn = 0;
 };

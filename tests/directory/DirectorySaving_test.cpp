@@ -47,6 +47,9 @@ void DirectorySaving_test::savesAnEditedCell()
     save();
     QCOMPARE(value("SELECT safetyGroup FROM Workers WHERE KeyLink = 'WORKER_PETROV'").toInt(), 5);
     QVERIFY(!m_window->isWindowModified());
+    QTableView* view = m_window->page("Workers")->table(); // the row stays current
+    QCOMPARE(view->currentIndex().sibling(view->currentIndex().row(), 1).data().toString(),
+             QStringLiteral("Петров"));
     QCOMPARE(
         value("SELECT count(*) FROM ChangeLog WHERE number = (SELECT max(number) FROM ChangeLog)").toInt(),
         1);
