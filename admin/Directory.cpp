@@ -142,11 +142,11 @@ void Directory::put(const QByteArray& table, const DirectoryRow& row)
     Table& known = m_tables[table];
     const DirectoryRow* before = this->row(table, row.key);
     const bool fresh = !before;
-    const bool keepsNames =
-        before && identityOf(Sheets::of(table), *before) == identityOf(Sheets::of(table), row);
+    const bool keepsNames = before && label(table, *before) == label(table, row) &&
+                            identityOf(Sheets::of(table), *before) == identityOf(Sheets::of(table), row);
     known.rows.insert(row.key, row);
     if (keepsNames)
-        return; // a name is made of the fields of the identity
+        return; // a change of another field costs nothing, however many rows there are
     if (!fresh)
         known.stale = true; // its old names must be removed
     else if (!known.stale)

@@ -101,6 +101,14 @@ void DirectoryLook_test::textsAreLegible()
     int measured = 0;
     QStringList found = WindowContrast::faults(m_window.get(), &measured);
     keep(m_window.get(), theme);
+    QTableView* table = m_window->page("Workers")->table();
+    for (const int column : {0, 1}) { // a list and a line
+        table->edit(table->currentIndex().sibling(table->currentIndex().row(), column));
+        found += WindowContrast::faults(m_window.get(), &measured);
+        keep(m_window.get(), QStringLiteral("%1-editor-%2").arg(theme).arg(column));
+        m_window->page("Workers")->commit();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
     auto* tabs = m_window->findChild<QTabWidget*>(QStringLiteral("sheets"));
     for (int page = 1; page < tabs->count(); ++page) {
         tabs->setCurrentIndex(page);

@@ -21,6 +21,7 @@ private slots:
     void faultsStandBesideTheirCells_data();
     void faultsStandBesideTheirCells();
     void aTakenNameIsRefused();
+    void newRowsMayNotOwnEachOther();
     void listsOfferReferences();
     void aRoleIsOfTheWorkersDepartment();
     void rightsAreChosenFromAList();
@@ -150,6 +151,25 @@ void DirectoryWindow_test::aTakenNameIsRefused()
     QCOMPARE(m_window->draft()->faults().size(), 1);
     QCOMPARE(m_window->draft()->faults().constFirst().fault.text,
              QStringLiteral("такая строка уже есть: «petrov»"));
+}
+
+void DirectoryWindow_test::newRowsMayNotOwnEachOther()
+{
+    QVector<QByteArray> keys;
+    for (const char* name : {"Первая", "Вторая"}) {
+        const QByteArray key = added("Equipment");
+        type("Equipment", key, QStringLiteral("Вид"), QStringLiteral("линия"));
+        type("Equipment", key, QStringLiteral("Название"), QString::fromUtf8(name));
+        press("nextFault"); // checks at once
+        keys << key;
+    }
+    type("Equipment", keys[0], QStringLiteral("Входит в"), QStringLiteral("Вторая"));
+    type("Equipment", keys[1], QStringLiteral("Входит в"), QStringLiteral("Первая"));
+    press("nextFault");
+    const QVector<DirectoryDraft::Fault>& faults = m_window->draft()->faults();
+    QCOMPARE(faults.size(), 2);
+    for (const DirectoryDraft::Fault& one : faults)
+        QCOMPARE(one.fault.text, QStringLiteral("строка и её владельцы входят друг в друга по кругу"));
 }
 
 void DirectoryWindow_test::listsOfferReferences()
