@@ -2,6 +2,8 @@
 #include "AsNobody.h"
 #include "DirectoryBench.h"
 #include "DirectoryOpening.h"
+#include "GateProxy.h"
+#include "PrivateCluster.h"
 #include "StoreAdmin.h"
 
 #include <QFile>
@@ -37,6 +39,8 @@ private slots:
     void aRefusedWriteKeepsTheEdits();
     void anUnreadableStoreKeepsTheEdits();
     void faultyRowsOfTheStoreBlockNothing();
+    void aBrokenConnectionLosesNoEdits_data();
+    void aBrokenConnectionLosesNoEdits();
     void asksForThePasswordOfAServer();
 };
 
@@ -322,6 +326,59 @@ void DirectorySaving_test::faultyRowsOfTheStoreBlockNothing()
     type("Workers", "WORKER_PETROV", QStringLiteral("Группа"), QStringLiteral("5"));
     save();
     QCOMPARE(value("SELECT safetyGroup FROM Workers WHERE KeyLink = 'WORKER_PETROV'").toInt(), 5);
+}
+
+void DirectorySaving_test::aBrokenConnectionLosesNoEdits_data()
+{
+    QTest::addColumn<int>("place");
+    QTest::newRow("before the request") << int(GateProxy::BeforeRequest);
+    QTest::newRow("before the answer") << int(GateProxy::BeforeAnswer);
+}
+
+/// The connection breaks at requests all over a save.
+void DirectorySaving_test::aBrokenConnectionLosesNoEdits()
+{
+    if (TestStore::isSqlite())
+        QSKIP("a server");
+    QFETCH(int, place);
+    const QString folder = PrivateCluster::shared().socketFolder();
+    GateProxy gate(folder);
+    const auto quoted = [](const QString& path) {
+        return QString::fromLatin1(QUrl::toPercentEncoding(path));
+    };
+    const QString url = m_store->url().replace(quoted(folder), quoted(gate.socketFolder()));
+    QVERIFY(url != m_store->url());
+    StoreError error;
+    auto store = StoreAdmin::openLoader(url, &error);
+    QVERIFY2(store, qPrintable(error.text));
+    m_window = std::make_unique<DirectoryWindow>(std::move(store), url);
+    QVERIFY(m_window->load(&error));
+    m_window->show();
+    int failures = 0;
+    bool hasBroken = true;
+    for (int request = 1; hasBroken && request < 1000; request += 11) { // each would take minutes
+        const QString group = request % 2 ? QStringLiteral("5") : QStringLiteral("3");
+        type("Workers", "WORKER_PETROV", QStringLiteral("Группа"), group);
+        gate.breakAt(request, static_cast<GateProxy::Place>(place), 100);
+        press("save");
+        if (box<SaveDialog>())
+            answer(box<SaveDialog>(), "write");
+        hasBroken = gate.hasBroken();
+        gate.admit();
+        if (notice() != QStringLiteral("Записано.")) {
+            ++failures;
+            QVERIFY2(notice().contains(QStringLiteral("равки")),
+                     qPrintable(notice())); // says where the edits are
+            QCOMPARE(shown("Workers", "WORKER_PETROV", QStringLiteral("Группа")), group);
+            press("save");
+            if (box<SaveDialog>())
+                answer(box<SaveDialog>(), "write");
+        }
+        QVERIFY2(!m_window->isWindowModified(), qPrintable(notice()));
+        QCOMPARE(value("SELECT safetyGroup FROM Workers WHERE KeyLink = 'WORKER_PETROV'").toString(), group);
+    }
+    QVERIFY(!hasBroken);
+    QVERIFY2(failures > 3, qPrintable(QString::number(failures)));
 }
 
 void DirectorySaving_test::asksForThePasswordOfAServer()
