@@ -126,6 +126,8 @@ signals:
     void writeSettled(bool written);
     /// The server has a different history: modules must restart.
     void historyChanged();
+    /// The changes up to the end of this transaction have arrived; \a chain is its chain hash in the log.
+    void changesRead(const QByteArray& epoch, qint64 number, const QByteArray& chain);
     /// The change with this transaction number does not continue the history as the session has read it before: its
     /// chain hash is not the expected one. The change itself arrives as any other.
     void chainBroken(const QByteArray& epoch, qint64 number, const QByteArray& expected,

@@ -10,6 +10,8 @@ void CVrkCliSes::connectFeed()
             d->waiting.emplace_back(
                 HFNCliParam::event(change.event, change.key, source, change.packedRecord));
         }
+        const ChangePosition position = d->feed->position();
+        emit changesRead(position.epoch, position.number, position.chain);
         if (!d->polling)
             emit eventsWaiting();
     });

@@ -39,11 +39,22 @@ HistoryGuard::HistoryGuard(CVrkCliSes* session, const QString& folder, const QSt
     const auto lookSoon = [this] { m_timer.start(0); };
     connect(session, &CVrkCliSes::historyChanged, this, lookSoon);
     connect(session, &CVrkCliSes::connectionChanged, this, lookSoon);
+    connect(session, &CVrkCliSes::connectionChanged, this, [this](bool isConnected) {
+        if (!isConnected)
+            m_memory->keepFollowed(); // the program may end before the link is back
+    });
+    connect(session, &CVrkCliSes::changesRead, this,
+            [this](const QByteArray& epoch, qint64 number, const QByteArray& chain) {
+                m_memory->follow(epoch, number, chain);
+            });
     connect(session, &CVrkCliSes::chainBroken, this, &HistoryGuard::takeBreak);
     lookSoon();
 }
 
-HistoryGuard::~HistoryGuard() = default;
+HistoryGuard::~HistoryGuard()
+{
+    m_memory->keepFollowed();
+}
 
 void HistoryGuard::look()
 {

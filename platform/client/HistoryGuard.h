@@ -27,6 +27,7 @@ public:
 
     /// The memory is a file of the folder for the store at \a url. Compares for the first time from the event loop.
     HistoryGuard(CVrkCliSes* session, const QString& folder, const QString& url, QObject* parent = nullptr);
+    /// Remembers the end of the changes that have arrived.
     ~HistoryGuard() override;
 
     /// Compares now, unless a request runs or there is no link.

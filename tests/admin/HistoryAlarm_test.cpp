@@ -46,6 +46,12 @@ private slots:
     void aRewrittenEndIsFoundByTheNextChange_data();
     void aRewrittenEndIsFoundByTheNextChange();
     void aShorterLogIsFoundAtOnce();
+    void anEndRewrittenWhileOffIsFoundAtTheStart_data();
+    void anEndRewrittenWhileOffIsFoundAtTheStart();
+    void anEndRewrittenSinceTheLookIsFound_data();
+    void anEndRewrittenSinceTheLookIsFound();
+    void honestChangesAfterTheEndSeenAreNoAlarm();
+    void aRestoreAfterTheEndSeenIsANotice();
 
 private:
     /// A workstation with its session, from sign-in to sign-out.
@@ -102,6 +108,40 @@ private:
     qint64 end() const
     {
         return m_store->value(QStringLiteral("SELECT max(number) FROM ChangeTransactions")).toLongLong();
+    }
+    /// Rewrites the end of the log: its last text, or its last transaction as another or as none.
+    void rewriteEnd(const QString& how) const
+    {
+        if (how == QLatin1String("row")) {
+            Forger(*m_store).forge(
+                QStringLiteral("UPDATE ChangeLog SET newRow = replace(newRow, 'увиденное', 'другое')"), true);
+            return;
+        }
+        rollBack(end() - 1);
+        if (how == QLatin1String("replaced"))
+            write("другое");
+    }
+    static void endRows()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char* how : {"row", "replaced", "removed"})
+            QTest::newRow(how) << QString::fromLatin1(how);
+    }
+    /// A workstation at work, with a change that came after its comparison.
+    std::unique_ptr<Desk> deskAfterAChange() const
+    {
+        auto one = desk();
+        if (!one->session.startEvents())
+            qFatal("no events");
+        write("увиденное");
+        if (one->session.pollEvents() == 0 || one->isAlarmed())
+            qFatal("the change has not arrived");
+        return one;
+    }
+    QByteArray memoryBytes() const
+    {
+        QFile file(QDir(folder()).entryInfoList(QDir::Files).value(0).filePath());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     /// Puts the store back to the state after a transaction, with everything that belongs to it.
     void rollBack(qint64 number) const
@@ -464,6 +504,82 @@ void HistoryAlarm_test::aShorterLogIsFoundAtOnce()
     one->session.pollEvents();
     QTRY_VERIFY(one->isAlarmed());
     QVERIFY2(one->guard.alarm().text.contains(QStringLiteral("короче")), qPrintable(one->guard.alarm().text));
+}
+
+void HistoryAlarm_test::anEndRewrittenWhileOffIsFoundAtTheStart_data()
+{
+    endRows();
+}
+
+void HistoryAlarm_test::anEndRewrittenWhileOffIsFoundAtTheStart()
+{
+    QFETCH(QString, how);
+    auto one = deskAfterAChange();
+    const QByteArray before = memoryBytes();
+    one.reset();
+    QVERIFY(memoryBytes().startsWith(before)); // only appended
+    QVERIFY(memoryBytes().size() > before.size());
+    rewriteEnd(how);
+    QVERIFY(desk()->isAlarmed());
+    QVERIFY(desk()->isAlarmed());
+}
+
+void HistoryAlarm_test::anEndRewrittenSinceTheLookIsFound_data()
+{
+    endRows();
+}
+
+void HistoryAlarm_test::anEndRewrittenSinceTheLookIsFound()
+{
+    QFETCH(QString, how);
+    const auto one = deskAfterAChange();
+    rewriteEnd(how);
+    one->guard.look();
+    QVERIFY(one->isAlarmed());
+    // When two have confirmed, what was seen before does not count any more.
+    QString reason;
+    const QString password = m_store->passwordOf(QStringLiteral("sidorova"));
+    QVERIFY2(one->guard.confirm(QStringLiteral("sidorova"), password, QStringLiteral("Иванов"), &reason),
+             qPrintable(reason));
+    one->guard.look();
+    QVERIFY(!one->isAlarmed());
+}
+
+void HistoryAlarm_test::honestChangesAfterTheEndSeenAreNoAlarm()
+{
+    auto one = deskAfterAChange();
+    one.reset();
+    const QByteArray kept = memoryBytes();
+    QVERIFY(kept.contains("followed"));
+    write("пока рабочее место выключено");
+    one = desk();
+    QVERIFY(!one->isAlarmed());
+    QVERIFY(one->session.startEvents());
+    one.reset(); // nothing arrived: nothing to remember
+    QCOMPARE(memoryBytes().count("followed"), kept.count("followed"));
+    QVERIFY(!desk()->isAlarmed());
+}
+
+void HistoryAlarm_test::aRestoreAfterTheEndSeenIsANotice()
+{
+    const QString copy = m_admin->path(QStringLiteral("copy"));
+    QCOMPARE(int(m_admin->call("backup", {copy})), 0);
+    QVERIFY(!look("memory").isAlarm());
+    write("после копии");
+    ChangePosition seen;
+    auto store = Store::open(m_admin->url, {}, &m_error);
+    QVERIFY2(store && store->position(&seen, &m_error), qPrintable(m_error.text));
+    store.reset();
+    HistoryMemory running(folder() + QStringLiteral("/memory"));
+    running.follow(seen.epoch, seen.number, seen.chain);
+    running.keepFollowed();
+    QVERIFY(memoryBytes().contains("followed"));
+    restore(copy);
+    write("после возврата"); // as long as the log that was seen
+    write("и ещё раз");
+    const HistoryMemory::Report report = look("memory");
+    QVERIFY2(report.finding == HistoryMemory::Restored, qPrintable(report.text));
+    QCOMPARE(look("memory").finding, HistoryMemory::AsBefore);
 }
 
 QTEST_MAIN(HistoryAlarm_test)

@@ -111,6 +111,10 @@ void HistoryMemory::take(const QJsonObject& entry)
     } else if (kind == QLatin1String("end")) {
         m_ends.append({bytes(entry, "epoch"), bytes(entry, "number").toLongLong(),
                        QByteArray::fromBase64(bytes(entry, "chain"))});
+    } else if (kind == QLatin1String("followed")) {
+        m_kept = {bytes(entry, "epoch"), bytes(entry, "number").toLongLong(),
+                  QByteArray::fromBase64(bytes(entry, "chain"))};
+        return; // it was not compared with the history: by itself it is no acquaintance
     } else if (kind == QLatin1String("restored")) {
         m_restored = bytes(entry, "epoch");
     } else if (kind == QLatin1String("alarm")) {
@@ -176,6 +180,14 @@ bool HistoryMemory::confirm(const QString& administrator, const QString& user)
     return true;
 }
 
+QJsonObject HistoryMemory::endEntry(const char* kind, const End& end)
+{
+    return {{what, QLatin1String(kind)},
+            {QStringLiteral("epoch"), QString::fromUtf8(end.epoch)},
+            {QStringLiteral("number"), QString::number(end.number)},
+            {QStringLiteral("chain"), QString::fromLatin1(end.chain.toBase64())}};
+}
+
 QJsonObject HistoryMemory::alarmEntry(const Report& report)
 {
     return {{what, QStringLiteral("alarm")},         {QStringLiteral("other"), report.finding == OtherStore},
@@ -199,6 +211,21 @@ HistoryMemory::Report HistoryMemory::takeBreak(const QByteArray& epoch, qint64 n
     m_alarm = report; // also if it cannot be written
     append({alarmEntry(report)});
     return report;
+}
+
+void HistoryMemory::follow(const QByteArray& epoch, qint64 number, const QByteArray& chain)
+{
+    // A server's feed also names its database and timeline, behind a full stop: they are not in the log.
+    if (!chain.isEmpty())
+        m_followed = {epoch.split('.').constFirst(), number, chain};
+}
+
+void HistoryMemory::keepFollowed()
+{
+    if (alarm().isAlarm() || !m_isMet || m_followed.number == 0 || m_followed == m_kept ||
+        m_ends.contains(m_followed))
+        return;
+    append({endEntry("followed", m_followed)});
 }
 
 bool HistoryMemory::check(EvidenceLog& log, const QByteArray& published, Report* report)
@@ -230,10 +257,7 @@ bool HistoryMemory::check(EvidenceLog& log, const QByteArray& published, Report*
             return end.epoch == present.epoch && end.number == present.number;
         });
         if (!isKnown)
-            news.append({{what, QStringLiteral("end")},
-                         {QStringLiteral("epoch"), QString::fromUtf8(present.epoch)},
-                         {QStringLiteral("number"), QString::number(present.number)},
-                         {QStringLiteral("chain"), QString::fromLatin1(present.chain.toBase64())}});
+            news.append(endEntry("end", present));
     }
     append(news);
     return true;
@@ -271,34 +295,47 @@ bool HistoryMemory::knowsEpochs(const EpochHistory& epochs, Report* report) cons
     return false;
 }
 
-bool HistoryMemory::compareEnds(EvidenceLog& log, const EpochHistory& epochs, const End& present,
-                                Report* report) const
+bool HistoryMemory::compareEnd(EvidenceLog& log, const End& end, const End& present, Report* report) const
 {
-    const End* last = nullptr; // of those that must be contained
-    for (const End& end : m_ends) {
-        if (end.number > epochs.endOf(end.epoch)) {
-            if (end.epoch == present.epoch) {
-                raise(report, Altered,
-                      words("Журнал изменений хранилища стал короче, чем его видело это рабочее место."),
-                      shown(end.epoch, end.number, end.chain),
-                      shown(present.epoch, present.number, present.chain));
-                return true;
-            }
-        } else if (!last || end.number > last->number) {
-            last = &end;
-        }
-    }
     QByteArray chain;
-    if (last && !log.chainOf(last->number, &chain))
+    if (!log.chainOf(end.number, &chain))
         return false;
-    if (last && chain != last->chain) {
+    if (chain != end.chain)
         raise(report, Altered,
               words("История хранилища до транзакции %1 не та, которую видело это рабочее место: записанное "
                     "изменили, вынули или вставили.")
-                  .arg(last->number),
-              shown(last->epoch, last->number, last->chain), shown(present.epoch, last->number, chain));
+                  .arg(end.number),
+              shown(end.epoch, end.number, end.chain), shown(present.epoch, end.number, chain));
+    return true;
+}
+
+bool HistoryMemory::compareEnds(EvidenceLog& log, const EpochHistory& epochs, const End& present,
+                                Report* report) const
+{
+    End last; // of those that must be contained
+    const auto see = [&](const End& end, End* largest) {
+        if (end.number <= epochs.endOf(end.epoch)) {
+            if (end.number > largest->number)
+                *largest = end;
+        } else if (end.epoch == present.epoch && !report->isAlarm()) {
+            raise(report, Altered,
+                  words("Журнал изменений хранилища стал короче, чем его видело это рабочее место."),
+                  shown(end.epoch, end.number, end.chain),
+                  shown(present.epoch, present.number, present.chain));
+        }
+    };
+    for (const End& end : m_ends)
+        see(end, &last);
+    // Each by itself: an end that the feed has read must not hide one that was compared.
+    End kept;
+    End followed;
+    see(m_kept, &kept);
+    see(m_followed, &followed);
+    for (const End& end : {last, kept, followed})
+        if (end.number > 0 && !report->isAlarm() && !compareEnd(log, end, present, report))
+            return false;
+    if (report->isAlarm())
         return true;
-    }
     const bool isSeen = std::any_of(m_ends.cbegin(), m_ends.cend(),
                                     [&](const End& end) { return end.epoch == present.epoch; });
     if (isSeen || m_restored == present.epoch || epochs.changes().isEmpty())

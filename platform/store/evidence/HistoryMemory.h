@@ -43,6 +43,11 @@ public:
     /// \a expected. An alarm, which is remembered; the answer is the one that stood before, if there is one.
     Report takeBreak(const QByteArray& epoch, qint64 number, const QByteArray& expected,
                      const QByteArray& found);
+    /// The change feed has read the log up to the end of this transaction: from now on check() compares it too.
+    void follow(const QByteArray& epoch, qint64 number, const QByteArray& chain);
+    /// Remembers in the file what follow() took last, for the next start. Nothing while an alarm stands, or if the memory
+    /// was emptied.
+    void keepFollowed();
     /// The alarm that stands; AsBefore if there is none.
     Report alarm();
     /// Ends the alarm: from now on the present history counts. False if it cannot be written.
@@ -56,6 +61,11 @@ private:
         QByteArray epoch;
         qint64 number = 0;
         QByteArray chain;
+
+        bool operator==(const End& other) const
+        {
+            return epoch == other.epoch && number == other.number && chain == other.chain;
+        }
     };
 
     /// Takes what was appended since the last time, also by another program of the user.
@@ -63,6 +73,7 @@ private:
     void forget();
     void take(const QJsonObject& entry);
     bool append(const QVector<QJsonObject>& entries);
+    static QJsonObject endEntry(const char* kind, const End& end);
     static QJsonObject alarmEntry(const Report& report);
     bool fail(const QString& reason);
     void raise(Report* report, Finding finding, const QString& text, const QString& remembered,
@@ -70,6 +81,7 @@ private:
     /// Whether the present epoch continues those remembered, or the log names them.
     bool knowsEpochs(const EpochHistory& epochs, Report* report) const;
     bool compareEnds(EvidenceLog& log, const EpochHistory& epochs, const End& present, Report* report) const;
+    bool compareEnd(EvidenceLog& log, const End& end, const End& present, Report* report) const;
     bool compareHeads(EvidenceLog& log, const EpochHistory& epochs, const QByteArray& published,
                       const End& present, Report* report, QVector<QJsonObject>* news);
     bool isKnown(const VerifierKey& key) const;
@@ -82,7 +94,9 @@ private:
     bool m_isMet = false; ///< something is remembered
     QVector<VerifierKey> m_keys;
     QVector<LogHead> m_heads;
-    QVector<End> m_ends;
+    QVector<End> m_ends;   ///< compared with the log when they were remembered
+    End m_followed;        ///< the end of what the feed has read, not in the file; number 0: none
+    End m_kept;            ///< the same of an earlier time, from the file
     QByteArray m_restored; ///< the last epoch that a notice named
     Report m_alarm;
 };
