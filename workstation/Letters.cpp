@@ -1,6 +1,6 @@
 #include "Letters.h"
 
-#include "StyleSheets.h"
+#include "LookChange.h"
 
 #include <QApplication>
 #include <QFont>
@@ -28,8 +28,8 @@ void Letters::apply(int percent)
     else if (percent != least)
         font.setPixelSize(font.pixelSize() * percent / least);
     inForce() = percent;
+    const LookChange change;
     QApplication::setFont(font);
-    StyleSheets::setAgain();
 }
 
 int Letters::current()

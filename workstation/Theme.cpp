@@ -1,6 +1,6 @@
 #include "Theme.h"
 
-#include "StyleSheets.h"
+#include "LookChange.h"
 #include "ThemeStyle.h"
 
 #include <QApplication>
@@ -120,6 +120,7 @@ bool Theme::apply(const QString& name)
     static const Desktop desktop;
     if (!isKnown(name))
         return false;
+    const LookChange change;
     if (name == QLatin1String("system")) {
         if (inForce() != name) {
             QApplication::setStyle(desktop.style);
@@ -133,8 +134,6 @@ bool Theme::apply(const QString& name)
                                  : name == QLatin1String("contrast") ? contrastPalette()
                                                                      : lightPalette());
     }
-    if (inForce() != name)
-        StyleSheets::setAgain();
     inForce() = name;
     return true;
 }

@@ -83,7 +83,10 @@ protected:
                     const QModelIndex index = model->index(row, column, parent);
                     if (column == 0 && model->hasChildren(index))
                         open.append(index);
-                    QRect rect = view->visualRect(index) & view->viewport()->rect();
+                    const QRect whole = view->visualRect(index);
+                    QRect rect = whole & view->viewport()->rect();
+                    if (rect.top() > whole.top())
+                        continue; // the part left may show no letter
                     const QString text = index.data().toString();
                     if (index.data(Qt::DecorationRole).isValid())
                         rect.setLeft(rect.left() + view->iconSize().width() + 24);

@@ -102,6 +102,7 @@ private slots:
         QVERIFY(journal);
         m_host->showSettings(journal);
         auto* settings = journal->findChild<SettingsWindow*>();
+        settings->setAttribute(Qt::WA_DeleteOnClose, false); // Escape closes it again and again
         auto* pages = settings->findChild<QListWidget*>(QStringLiteral("pageList"));
         QStringList found;
         for (int i = 0; i < pages->count(); ++i) {

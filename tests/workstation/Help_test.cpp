@@ -53,6 +53,7 @@ private:
     static void pressF1(QWidget* widget)
     {
         widget->activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), widget->window());
         widget->setFocus();
         QTest::keyClick(widget, Qt::Key_F1);
     }
