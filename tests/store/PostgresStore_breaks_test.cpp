@@ -224,6 +224,33 @@ private slots:
         QCOMPARE(number("SELECT number FROM ChangeHead"), before + request);
     }
 
+    /// The former attempt at a batch, whose link broke, is still being committed.
+    void doubleOfABatchIsWaitedForAndNotWritten()
+    {
+        const auto before = number("SELECT number FROM ChangeHead");
+        PgConnection former(url(), 15000);
+        StoreError error;
+        QVERIFY(former.connect(former.connectMs(), &error));
+        QVERIFY2(
+            former.exec("BEGIN; SELECT set_config('vrk.batch_key', 'batch', true), "
+                        "set_config('vrk.loader', 'on', true); INSERT INTO Roles (KeyLink) VALUES ('A'); "
+                        "SET CONSTRAINTS ALL IMMEDIATE",
+                        &error),
+            qPrintable(error.text + error.detail));
+        const auto store = open();
+        bool isCommitted = false;
+        store->setProgress([&] {
+            if (!isCommitted)
+                isCommitted = former.exec("COMMIT", &error);
+        });
+        StoreError failure;
+        QVERIFY2(apply(store.get(), "B", "batch", &failure), qPrintable(failure.text + failure.detail));
+        QVERIFY(isCommitted);
+        QCOMPARE(rows("A"), 1);
+        QCOMPARE(rows("B"), 0);
+        QCOMPARE(number("SELECT number FROM ChangeHead"), before + 1);
+    }
+
     void reportsAnUnansweredCommit_data()
     {
         QTest::addColumn<int>("place");
