@@ -3,45 +3,22 @@
 #include "AdminText.h"
 #include "Arguments.h"
 #include "Csv.h"
+#include "Directory.h"
+#include "JournalFigures.h"
 #include "JsonList.h"
-#include "Statistics.h"
 #include "StoreZone.h"
 
 #include <QSaveFile>
 
 namespace
 {
-/// The words "30 минут" as they follow "на".
-QString minutesOf(int count)
-{
-    const int ten = count % 100 / 10;
-    const int one = count % 10;
-    const QString word = ten == 1 || one == 0 || one > 4 ? QStringLiteral("минут")
-                         : one == 1                      ? QStringLiteral("минуту")
-                                                         : QStringLiteral("минуты");
-    return QStringLiteral("%1 %2").arg(count).arg(word);
-}
-
-QString title(const QByteArray& group, const Statistics::Choice& choice)
-{
-    if (group == "late")
-        return QStringLiteral("Внесено позже события более чем на ") + minutesOf(choice.lateMinutes);
-    static const QHash<QByteArray, QString> titles{
-        {"department", QStringLiteral("Подразделения")},
-        {"category", QStringLiteral("Папки шаблонов")},
-        {"template", QStringLiteral("Шаблоны")},
-        {"hour", QStringLiteral("Часы суток")},
-        {"overdue", QStringLiteral("Не исполнено к закрытию смены")},
-        {"signedHandovers", QStringLiteral("Подписано закрытий смен")}};
-    return titles.value(group);
-}
-
-void tell(const QVector<Statistics::Figure>& figures, const Statistics::Choice& choice, QTextStream& out)
+void tell(const QVector<JournalFigures::Figure>& figures, const JournalFigures::Choice& choice,
+          QTextStream& out)
 {
     QByteArray group;
-    for (const Statistics::Figure& figure : figures) {
+    for (const JournalFigures::Figure& figure : figures) {
         if (figure.group != group)
-            out << title(figure.group, choice)
+            out << JournalFigures::title(figure.group, choice.lateMinutes)
                 << (figure.name.isNull() ? QStringLiteral(": ") : QStringLiteral(":\n"));
         group = figure.group;
         if (figure.name.isNull())
@@ -51,26 +28,44 @@ void tell(const QVector<Statistics::Figure>& figures, const Statistics::Choice& 
     }
 }
 
-void fill(const QVector<Statistics::Figure>& figures, JsonList* list)
+void fill(const QVector<JournalFigures::Figure>& figures, JsonList* list)
 {
-    for (const Statistics::Figure& figure : figures)
+    for (const JournalFigures::Figure& figure : figures)
         list->add({{QStringLiteral("group"), QString::fromUtf8(figure.group)},
                    {QStringLiteral("name"), figure.name.isNull() ? QJsonValue() : QJsonValue(figure.name)},
                    {QStringLiteral("count"), figure.count},
                    {QStringLiteral("total"), figure.total}});
 }
 
-bool writeCsv(const QVector<Statistics::Figure>& figures, const Statistics::Choice& choice,
+bool writeCsv(const QVector<JournalFigures::Figure>& figures, const JournalFigures::Choice& choice,
               const QString& path)
 {
     QVector<QStringList> rows{{QStringLiteral("Показатель"), QStringLiteral("Название"),
                                QStringLiteral("Число"), QStringLiteral("Из")}};
-    for (const Statistics::Figure& figure : figures)
-        rows.append({title(figure.group, choice), Csv::harmless(figure.name), QString::number(figure.count),
-                     QString::number(figure.total)});
+    for (const JournalFigures::Figure& figure : figures)
+        rows.append({JournalFigures::title(figure.group, choice.lateMinutes), Csv::harmless(figure.name),
+                     QString::number(figure.count), QString::number(figure.total)});
     const QByteArray bytes = Csv::write(rows);
     QSaveFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+bool count(Store* store, const Directory& directory, const JournalFigures::Choice& choice,
+           QVector<JournalFigures::Figure>* figures, StoreError* error)
+{
+    JournalFigures counted(choice, store->codec());
+    for (QByteArray sql; !(sql = counted.request()).isEmpty();) {
+        CMDArray answer;
+        answer = store->select(sql, error);
+        if (!answer.array)
+            return false;
+        counted.take(answer);
+    }
+    QHash<QByteArray, QString> departments;
+    for (const DirectoryRow* row : directory.rows("Departments"))
+        departments.insert(row->key, directory.reference("Departments", row->key));
+    *figures = counted.figures(departments);
+    return true;
 }
 
 /// Reads a time into \a time unless the text is null; false if it is none.
@@ -91,7 +86,7 @@ bool read(const QString& text, int* minutes)
 
 /// Empty if the choice is understood, otherwise the reason.
 QString refusal(const Directory& directory, const QString& from, const QString& to, const QString& department,
-                Statistics::Choice* choice)
+                JournalFigures::Choice* choice)
 {
     if (!read(from, &choice->from) || !read(to, &choice->to))
         return QStringLiteral("Время пишется так: дд.ММ.гггг чч:мм.");
@@ -126,7 +121,7 @@ Command::ExitCode Command::stats(const QStringList& arguments, Streams& streams)
     if (!store || !directory.load(store.get(), &error))
         return fail(streams, error);
     const StoreZone zone(*store);
-    Statistics::Choice choice;
+    JournalFigures::Choice choice;
     if (!read(late, &choice.lateMinutes)) {
         streams.err << QStringLiteral("Опоздание пишется целым числом минут.\n");
         return Failed;
@@ -135,10 +130,9 @@ Command::ExitCode Command::stats(const QStringList& arguments, Streams& streams)
         streams.err << reason << QLatin1Char('\n');
         return Failed;
     }
-    Statistics statistics(directory, choice);
-    if (!statistics.count(store.get(), &error))
+    QVector<JournalFigures::Figure> figures;
+    if (!count(store.get(), directory, choice, &figures, &error))
         return fail(streams, error);
-    const QVector<Statistics::Figure> figures = statistics.figures();
     if (!csv.isNull() && !writeCsv(figures, choice, csv)) {
         streams.err << QStringLiteral("Не удалось записать %1\n").arg(csv);
         return Failed;

@@ -3,8 +3,6 @@
 #include "DemoTemplates.h"
 #include "HtmlParser.h"
 
-#include <QRegularExpression>
-
 namespace
 {
 const char* const flags[] = {"open_wshift", "close_wshift", "time_exec"};
@@ -48,15 +46,6 @@ bool TemplateCells::hasFlag(const QString& html, const char* name)
     bool set = false;
     HtmlParser(html.toStdString()).templatePropertyValue(name, set);
     return set;
-}
-
-QString TemplateCells::fixedWords(const QString& html)
-{
-    static const QRegularExpression markup(QStringLiteral("<[^>]*>"));
-    HtmlParser parser(html.toStdString());
-    for (unsigned i = 0; i < parser.countParameters(); ++i)
-        parser.setDisplayText(i, std::string());
-    return QString::fromStdString(parser.readyHtml(false)).replace(markup, QStringLiteral(" ")).simplified();
 }
 
 QString TemplateCells::html(QString* error) const

@@ -14,9 +14,6 @@ struct TemplateCells {
     explicit TemplateCells(const QString& html = QString());
     /// A template property; also works for a text that the notation cannot express.
     static bool hasFlag(const QString& html, const char* name);
-    /// The words of a template, or of a record made from it, without markup and what its parameters show: the same
-    /// for both, unless the words were edited.
-    static QString fixedWords(const QString& html);
     /// The text in its stored form. Empty with \a error if the notation is broken.
     QString html(QString* error) const;
     bool operator==(const TemplateCells& other) const
