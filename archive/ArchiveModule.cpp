@@ -4,6 +4,7 @@
 #include "CVrkBookmarks.h"
 #include "CVrkHistory.h"
 #include "CVrkPast.h"
+#include "CVrkStatistics.h"
 #include "CVrkUnfinished.h"
 
 CVrkCliMod* CppCliModule(CVrkCliApp* app, const char* name)
@@ -18,5 +19,7 @@ CVrkCliMod* CppCliModule(CVrkCliApp* app, const char* name)
         return new CVrkHistory(app);
     if (qstricmp(name, "past") == 0)
         return new CVrkPast(app);
+    if (qstricmp(name, "statistics") == 0)
+        return new CVrkStatistics(app);
     return nullptr;
 }

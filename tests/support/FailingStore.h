@@ -3,6 +3,7 @@
 #include "EvidenceLog.h"
 #include "Store.h"
 
+#include <functional>
 #include <QList>
 
 /// A real store whose next requests fail on request, and whose clock may differ from that of the
@@ -12,12 +13,13 @@ class FailingStore : public Store
 public:
     /// Shared by the test and the store, which belongs to the session.
     struct Plan {
-        int refusedWrites = 0;     ///< number of next writes to be refused; nothing is written
-        int lostAnswers = 0;       ///< number of next writes to be done without an answer
-        int failedSelects = 0;     ///< number of next selects to fail
-        int writes = 0;            ///< number of writes so far
-        double clockAhead = 0;     ///< seconds that the server's clock is ahead of the real one
-        QList<QByteArray> selects; ///< selects so far
+        int refusedWrites = 0;          ///< number of next writes to be refused; nothing is written
+        int lostAnswers = 0;            ///< number of next writes to be done without an answer
+        int failedSelects = 0;          ///< number of next selects to fail
+        int writes = 0;                 ///< number of writes so far
+        double clockAhead = 0;          ///< seconds that the server's clock is ahead of the real one
+        QList<QByteArray> selects;      ///< selects so far
+        std::function<void()> onSelect; ///< called at each select, before it fails or not
     };
 
     FailingStore(std::unique_ptr<Store> store, std::shared_ptr<Plan> plan)
@@ -50,6 +52,8 @@ public:
     MDArray* select(const QByteArray& sql, StoreError* error) override
     {
         m_plan->selects.append(sql);
+        if (m_plan->onSelect)
+            m_plan->onSelect();
         if (m_plan->failedSelects-- > 0) {
             *error = {StoreError::Locked, refusal(), QString()};
             return nullptr;

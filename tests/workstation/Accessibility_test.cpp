@@ -63,8 +63,8 @@ private slots:
     void windowsCanBeUsedWithoutMouseAndSight_data()
     {
         QTest::addColumn<QString>("module");
-        for (const char* module :
-             {"logbook", "template", "converter", "unfinished", "archive", "bookmarks", "history", "past"})
+        for (const char* module : {"logbook", "template", "converter", "unfinished", "archive", "bookmarks",
+                                   "history", "past", "statistics"})
             QTest::newRow(module) << QString::fromLatin1(module);
     }
     void windowsCanBeUsedWithoutMouseAndSight()

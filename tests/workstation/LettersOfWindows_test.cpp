@@ -66,8 +66,8 @@ private slots:
     void allTextsGrowAndShrink()
     {
         QVector<QWidget*> windows;
-        for (const char* name :
-             {"logbook", "template", "converter", "unfinished", "archive", "bookmarks", "history", "past"}) {
+        for (const char* name : {"logbook", "template", "converter", "unfinished", "archive", "bookmarks",
+                                 "history", "past", "statistics"}) {
             CVrkCliMod* module = start(name);
             windows.append(module);
             for (auto* dialog : module->findChildren<CPopTemplate*>())

@@ -41,9 +41,10 @@ private slots:
     void theBuiltOnesAreFound()
     {
         const PluginCatalog built;
-        QCOMPARE(names(built),
-                 QStringLiteral("logbook template converter unfinished archive bookmarks history past")
-                     .split(QLatin1Char(' ')));
+        QCOMPARE(
+            names(built),
+            QStringLiteral("logbook template converter unfinished archive bookmarks history past statistics")
+                .split(QLatin1Char(' ')));
         QCOMPARE(built.module(QStringLiteral("ARCHIVE"))->title, QStringLiteral("Поиск по архиву"));
         QCOMPARE(built.module(QStringLiteral("converter"))->right, QStringLiteral("ADMINISTRATOR"));
         QCOMPARE(built.recordModules().size(), 1);

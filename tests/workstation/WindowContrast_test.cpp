@@ -59,8 +59,8 @@ private slots:
         start(theme, QStringLiteral("admin"));
         QStringList found;
         int measured = 0;
-        for (const char* name :
-             {"logbook", "template", "converter", "unfinished", "archive", "bookmarks", "history", "past"}) {
+        for (const char* name : {"logbook", "template", "converter", "unfinished", "archive", "bookmarks",
+                                 "history", "past", "statistics"}) {
             CVrkCliMod* module = m_host->startModule(QString::fromLatin1(name));
             QVERIFY2(module, qPrintable(m_host->errorText()));
             module->resize(1600, 900);

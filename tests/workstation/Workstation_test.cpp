@@ -120,6 +120,7 @@ private slots:
         QTest::newRow("archive") << "archive" << QStringLiteral("Поиск по архиву");
         QTest::newRow("history") << "history" << QStringLiteral("История записи");
         QTest::newRow("past") << "past" << QStringLiteral("Журнал на момент");
+        QTest::newRow("statistics") << "statistics" << QStringLiteral("Статистика");
     }
     void everyModuleIsThere()
     {

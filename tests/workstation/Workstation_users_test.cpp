@@ -291,7 +291,8 @@ void Workstation_users_test::theMenuOffersWhatTheRightsAllow_data()
     QTest::addColumn<QStringList>("offered");
     const QStringList first{QStringLiteral("logbookAction"), QStringLiteral("templateAction")};
     const QStringList last{QStringLiteral("unfinishedAction"), QStringLiteral("archiveAction"),
-                           QStringLiteral("bookmarksAction"), QStringLiteral("pastAction")};
+                           QStringLiteral("bookmarksAction"), QStringLiteral("pastAction"),
+                           QStringLiteral("statisticsAction")};
     const QStringList usual = first + last;
     QTest::newRow("administrator") << QStringLiteral("admin")
                                    << first + QStringList{QStringLiteral("converterAction")} + last;
@@ -326,7 +327,8 @@ void Workstation_users_test::modulesWorkSideBySideOnOneSession()
     CVrkCliMod* journal = started(QStringLiteral("admin"));
     QVERIFY(journal);
     auto* menu = journal->findChild<ModuleMenu*>();
-    for (const char* name : {"template", "converter", "unfinished", "archive", "bookmarks", "past"})
+    for (const char* name :
+         {"template", "converter", "unfinished", "archive", "bookmarks", "past", "statistics"})
         menu->findChild<QAction*>(QLatin1String(name) + QStringLiteral("Action"))->trigger();
     QVector<CVrkCliMod*> windows;
     m_host->startModule(QStringLiteral("history"));

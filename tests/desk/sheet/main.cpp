@@ -178,7 +178,7 @@ QVector<Window> windowsOfAdministrator(Workstation& host)
 {
     QVector<Window> windows;
     for (const char* name :
-         {"template", "converter", "unfinished", "archive", "bookmarks", "history", "past"}) {
+         {"template", "converter", "unfinished", "archive", "bookmarks", "history", "past", "statistics"}) {
         CVrkCliMod* module = started(host, name);
         add(&windows, module);
         for (auto* dialog : module->findChildren<CPopTemplate*>())
