@@ -183,7 +183,7 @@ bool CVrkStatistics::ModuleStart()
 {
     m_name = tr("Статистика");
     SetModTitle(m_name, QString());
-    m_hint = new EmptyHint(m_table, [this] { return m_summary->text(); });
+    new EmptyHint(m_table, [this] { return m_summary->text(); });
     if (!m_names.load(this)) {
         tell(tr("Не удалось загрузить данные!"));
         return false;
@@ -321,7 +321,6 @@ void CVrkStatistics::tell(const QString& summary, const QVector<JournalFigures::
     m_summary->setText(summary);
     m_model->setFigures(figures, m_choice.lateMinutes);
     m_output->setEnabled(!figures.isEmpty());
-    m_hint->refresh();
 }
 
 /// Names as in the list of departments, without the organization where the name alone is clear.

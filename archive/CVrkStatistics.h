@@ -7,7 +7,6 @@
 #include <memory>
 #include <QTimer>
 
-class EmptyHint;
 class FiguresModel;
 class ListOutput;
 class QComboBox;
@@ -53,7 +52,6 @@ private:
     QTimer m_next;                             ///< the next page
     FiguresModel* m_model;
     ListOutput* m_output = nullptr;
-    EmptyHint* m_hint = nullptr;
     QTableView* m_table;
     QComboBox* m_departments;
     QComboBox* m_periods;

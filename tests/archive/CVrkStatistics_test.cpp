@@ -315,7 +315,21 @@ private slots:
         // Days that were typed are of their day.
         choose(QDate(2024, 5, 4), QDate(2024, 5, 5));
         start();
-        QVERIFY(periods()->currentText() != QStringLiteral("Свой период"));
+        QCOMPARE(periods()->currentText(), QStringLiteral("Год"));
+        choose("periodCombo", QStringLiteral("Свой период"));
+        start();
+        QCOMPARE(periods()->currentText(), QStringLiteral("30 дней"));
+    }
+
+    void aTemplateWithoutAFolderIsCountedApart()
+    {
+        m_bench->write("LogbookTemplates", ROW_UPDATE, "TPL_ORDER", {{"CategoryKey", QVariant()}});
+        start();
+        const int without = figure(QStringLiteral("Шаблоны"), QStringLiteral("Без шаблона"))
+                                .section(QLatin1Char('/'), 0, 0)
+                                .toInt();
+        QCOMPARE(figure(QStringLiteral("Папки"), QStringLiteral("Без шаблона")),
+                 QStringLiteral("%1/8").arg(without + 2));
     }
 
     void aStoreThatIsBackIsReadAgain()
