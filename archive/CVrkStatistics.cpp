@@ -120,6 +120,7 @@ void CVrkStatistics::makePage()
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setTabKeyNavigation(false);
     m_table->setWordWrap(false);
+    m_table->setCornerButtonEnabled(false);
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_table->verticalHeader()->setMinimumSectionSize(0);

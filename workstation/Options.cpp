@@ -29,7 +29,8 @@ bool Options::parse(const QStringList& arguments, QString* message, int* exitCod
     add("user", "Имя для входа. Без него программа спросит. Пароль она спрашивает сама.", "LOGIN", &user);
     add("department", "Подразделение, если их у пользователя несколько.", "NAME", &department);
     add("module",
-        "Модуль: logbook, template, converter, unfinished, archive, past. Без него открываются модули, "
+        "Модуль: logbook, template, converter, unfinished, archive, past, statistics. Без него открываются "
+        "модули, "
         "выбранные в настройках.",
         "NAME", &module);
     add("plugin", "Библиотека модулей вместо установленных.", "FILE", &plugin);

@@ -31,7 +31,8 @@ private:
         Sizes sizes;
         for (QWidget* window : windows)
             for (QWidget* widget : window->findChildren<QWidget*>())
-                sizes.insert(widget, QFontInfo(widget->font()).pixelSize());
+                if (!widget->inherits("QTableCornerButton")) // has no text
+                    sizes.insert(widget, QFontInfo(widget->font()).pixelSize());
         return sizes;
     }
 

@@ -103,7 +103,7 @@ private slots:
         QVERIFY(program.waitForFinished(60000));
         QCOMPARE(program.exitCode(), 0);
         const QString reported = QString::fromUtf8(program.readAllStandardOutput());
-        QCOMPARE(reported.count(QLatin1Char('\n')), 8);
+        QCOMPARE(reported.count(QLatin1Char('\n')), 9);
         QVERIFY(reported.contains(
             QRegularExpression(QStringLiteral("unfinished +Незавершённое: .*libVrkArchive\\.so\\.1"))));
     }
