@@ -54,5 +54,5 @@ function(vrk_icons target)
         COMMAND Qt${VRK_QT}::rcc --name ${target} -o "${out}/${target}.cpp" "${out}/${target}.qrc"
         DEPENDS "${out}/${target}.qrc" ${depends} COMMENT "Packing ${target}" VERBATIM)
     add_library(${target} OBJECT "${out}/${target}.cpp")
-    set_target_properties(${target} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+    set_target_properties(${target} PROPERTIES AUTOMOC OFF AUTORCC OFF)
 endfunction()
