@@ -235,10 +235,10 @@ def safeguards(path):
         yield Safeguard(name, source, (place, words["old"]), words["new"], words["tests"].split(), words.get("ends"))
 
 
-def take_away(build, path, names):
+def take_away(build, path, names, share):
     """Removes each safeguard of the list; returns the names of those that no test missed."""
     tests = Tests(build)
-    chosen = [one for one in safeguards(path) if not names or any(name in one.name for name in names)]
+    chosen = share.of([one for one in safeguards(path) if not names or any(name in one.name for name in names)])
     wanted = sorted({name for one in chosen for name in one.tests + one.canaries()})
     unknown = set(wanted) - set(tests.names)
     if unknown:
@@ -266,12 +266,25 @@ def take_away(build, path, names):
     return survivors
 
 
+class Share:
+    """The entries K, K + N, K + 2N… of a list, written K/N; of many short runs, N in a row try all of them."""
+
+    def __init__(self, text):
+        match = re.fullmatch(r"(\d+)/(\d+)", text)
+        if not match or not 1 <= int(match[1]) <= int(match[2]):
+            raise argparse.ArgumentTypeError(f"{text} is no share like 3/10")
+        self.first, self.step = int(match[1]) - 1, int(match[2])
+
+    def of(self, entries):
+        return entries[self.first::self.step]
+
+
 class Behaviours:
     """Tries the changes of lists of behaviours."""
 
     wanted = 95  # in 100
 
-    def __init__(self, build, lists, names, jobs):
+    def __init__(self, build, lists, names, jobs, share):
         self.build = build
         self.apart = Apart(build)
         self.pool = concurrent.futures.ThreadPoolExecutor(jobs)
@@ -282,13 +295,11 @@ class Behaviours:
         self.verdicts = {}  # by name; None while undecided
         self.changes = []
         self.texts = {}
-        for path in lists:
-            for name, words in blocks(path):
-                self.take(path, f"{path.stem}: {name}", words, names)
+        entries = [(path, f"{path.stem}: {name}", words) for path in lists for name, words in blocks(path)]
+        for entry in share.of([entry for entry in entries if not names or any(one in entry[1] for one in names)]):
+            self.take(*entry)
 
-    def take(self, path, name, words, names):
-        if names and not any(one in name for one in names):
-            return
+    def take(self, path, name, words):
         if name in self.verdicts:
             sys.exit(f"{path} has twice: {name}")
         self.verdicts[name] = None
@@ -414,9 +425,9 @@ class Behaviours:
             run(["ninja", "-C", self.build, *{one for change in in_place for one in self.programs(change)}])
 
 
-def try_behaviours(build, path, names, jobs):
+def try_behaviours(build, path, names, jobs, share):
     """Whether enough changes of this list, or of the lists in this folder, were caught."""
-    behaviours = Behaviours(build, sorted(path.glob("*.txt")) if path.is_dir() else [path], names, jobs)
+    behaviours = Behaviours(build, sorted(path.glob("*.txt")) if path.is_dir() else [path], names, jobs, share)
     try:
         behaviours.run()
     finally:
@@ -461,6 +472,8 @@ def main():
     parser.add_argument("--behaviours", metavar="LIST", help="try the changes of a list, or of the lists in a folder")
     parser.add_argument("--stale", action="store_true", help="only say which entries of all lists no longer fit")
     parser.add_argument("-j", type=int, default=2, dest="jobs", help="behaviours tried at the same time (default 2)")
+    parser.add_argument("--share", metavar="K/N", type=Share, default="1/1",
+                        help="of the lists every Nth entry, from the Kth; of the changes drawn an Nth")
     options = parser.parse_args()
     build = str((ROOT / options.build_dir).resolve())
     os.environ.pop("VRK_LONG", None)  # each change is tested by the daily tests
@@ -469,9 +482,9 @@ def main():
         folder = ROOT / "tests/mutation"
         sys.exit(1 if stale(build, [folder / "safeguards.txt", *sorted(folder.glob("behaviours/*.txt"))]) else 0)
     if options.behaviours:
-        sys.exit(0 if try_behaviours(build, ROOT / options.behaviours, names, options.jobs) else 1)
+        sys.exit(0 if try_behaviours(build, ROOT / options.behaviours, names, options.jobs, options.share) else 1)
     if options.safeguards:
-        sys.exit(1 if take_away(build, ROOT / options.safeguards, names) else 0)
+        sys.exit(1 if take_away(build, ROOT / options.safeguards, names, options.share) else 0)
 
     sources = sorted({path for pattern in options.globs for path in ROOT.glob(pattern)})
     choices = [(path, *change) for path in sources for change in mutations(path)]
@@ -482,7 +495,7 @@ def main():
     rooms = {}
     caught, survivors, unbuilt = 0, [], 0
     for path, number, old, new in choices:
-        if caught + len(survivors) == options.count:
+        if caught + len(survivors) >= options.count / options.share.step:
             break
         room = path.relative_to(ROOT).parts[:-1][:2][-1]
         if room not in rooms:
