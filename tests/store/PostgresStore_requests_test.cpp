@@ -60,7 +60,7 @@ private slots:
     {
         QString all; // all at once, because the last of them would prevent setting the others
         for (const char* setting :
-             {"search_path = pg_catalog", "client_encoding = ''LATIN1''", "statement_timeout = ''1ms''",
+             {"search_path = pg_catalog", "client_encoding = ''LATIN1''", "statement_timeout = ''100ms''",
               "default_transaction_isolation = ''serializable''", "default_transaction_read_only = on"})
             all += QStringLiteral("EXECUTE format('ALTER DATABASE %I SET ") + QLatin1String(setting) +
                    QStringLiteral("', current_database()); ");
@@ -70,7 +70,10 @@ private slots:
         const QString name = QStringLiteral("Диспетчер");
         QVERIFY2(TestStore::write(store.get(), "Roles", ROW_INSERT, "NEW", {{"name_", name}}, &error),
                  qPrintable(error.text + error.detail));
-        QCOMPARE(one(store.get(), "SELECT name_ AS v FROM Roles WHERE KeyLink = 'NEW'", &error).toString(),
+        QCOMPARE(one(store.get(),
+                     "SELECT name_ AS v FROM Roles, (SELECT pg_sleep(0.3)) AS longer WHERE KeyLink = 'NEW'",
+                     &error)
+                     .toString(),
                  name);
         // A serializable one would have to be repeated.
         const auto other = m_files->openLoader();
