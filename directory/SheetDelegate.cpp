@@ -67,12 +67,19 @@ void switchRight(QComboBox* box, QString* text, const QString& right)
 }
 } // namespace
 
+SheetDelegate::SheetDelegate(QObject* parent) : QStyledItemDelegate(parent)
+{
+    // A closed editor lives until the next turn of the event loop.
+    connect(this, &QAbstractItemDelegate::closeEditor, this, [this] { m_editor = nullptr; });
+}
+
 void SheetDelegate::finish()
 {
     if (!m_editor)
         return;
-    emit commitData(m_editor);
-    emit closeEditor(m_editor);
+    QWidget* editor = m_editor;
+    emit commitData(editor);
+    emit closeEditor(editor);
 }
 
 QWidget* SheetDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,

@@ -9,7 +9,7 @@ class SheetDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    explicit SheetDelegate(QObject* parent = nullptr);
 
     /// Closes the open editor; its text gets into the model.
     void finish();
@@ -20,5 +20,5 @@ public:
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
 
 private:
-    mutable QPointer<QWidget> m_editor; ///< the last one
+    mutable QPointer<QWidget> m_editor; ///< the open one
 };
