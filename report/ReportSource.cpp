@@ -358,7 +358,7 @@ bool ReportSource::found(const RecordQuery& query, ReportDocument* document)
                                         : words("Найдено записей: %1").arg(answer.RecCount())});
     document->name = QStringLiteral("%1 %2 %3")
                          .arg(words("Поиск"), query.words, now().toString(QStringLiteral("yyyy-MM-dd")));
-    return true;
+    return d->addNotes(*d->list->view(), document);
 }
 
 bool ReportSource::handover(const QByteArray& departmentKey, int days, ReportDocument* document)
@@ -397,5 +397,5 @@ bool ReportSource::handover(const QByteArray& departmentKey, int days, ReportDoc
     document->name = QStringLiteral("%1 %2 %3")
                          .arg(words("Сдача смены"), d->names.departmentName(departmentKey),
                               now().toString(QStringLiteral("yyyy-MM-dd")));
-    return true;
+    return d->addNotes(*d->list->view(), document);
 }

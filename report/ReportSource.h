@@ -64,7 +64,7 @@ public:
     bool shifts(const QByteArray& departmentKey, QVector<ReportShift>* shifts);
 
     /// \name Reports. \a all: also drafts and deleted records
-    /// Those of a workshift and of a period have comments and names of files as notes of their rows.
+    /// The rows have the comments and names of files of their records as notes.
     /// @{
     bool ofShift(const ReportShift& shift, bool all, ReportDocument* document);
     bool ofPeriod(const QByteArray& departmentKey, const QDateTime& from, const QDateTime& to, bool all,

@@ -13,6 +13,15 @@ class ReportCommand_test : public QObject
 {
     Q_OBJECT
 
+    /// The row of a page's table that contains a text.
+    static QString rowWith(const QString& page, const QString& text)
+    {
+        const QRegularExpression row(
+            QStringLiteral("<tr>(?:(?!</tr>).)*%1(?:(?!</tr>).)*</tr>").arg(QRegularExpression::escape(text)),
+            QRegularExpression::DotMatchesEverythingOption);
+        return row.match(page).captured();
+    }
+
 private slots:
     void aShiftIsPrintedAsInTheJournal()
     {
@@ -104,10 +113,7 @@ private slots:
         const QString page = reports.text(QStringLiteral("a.html"));
         QVERIFY(page.contains(QStringLiteral("<tr class=\"day\">")));
         // Each in the row of the text that it belongs to.
-        const QRegularExpression row(
-            QStringLiteral("<tr>(?:(?!</tr>).)*Уточните период смены(?:(?!</tr>).)*</tr>"),
-            QRegularExpression::DotMatchesEverythingOption);
-        const QString found = row.match(page).captured();
+        const QString found = rowWith(page, QStringLiteral("Уточните период смены"));
         QVERIFY2(found.contains(QStringLiteral("Смену принял")), qPrintable(found));
         QCOMPARE(page.count(QStringLiteral("<ul class=\"notes\">")), 4);
     }
@@ -169,6 +175,9 @@ private slots:
         const int all = page.count(QStringLiteral("<tr><td"));
         QVERIFY(all > 1);
         QVERIFY(page.contains(QStringLiteral("Найдено записей: %1").arg(all)));
+        QVERIFY2(rowWith(page, QStringLiteral("Ольховка")).contains(QStringLiteral("Исполнение доложить")),
+                 qPrintable(page));
+        QCOMPARE(page.count(QStringLiteral("<ul class=\"notes\">")), 1);
         QCOMPARE(reports.run({QStringLiteral("search"), reports.url, reports.path(QStringLiteral("b.html")),
                               QStringLiteral("--words"), QStringLiteral("команда"), QStringLiteral("--limit"),
                               QStringLiteral("1")}),
@@ -189,6 +198,7 @@ private slots:
         QVERIFY(page.contains(QStringLiteral("смена открыта")));
         QVERIFY(page.contains(QStringLiteral("Состав смены: Иванов И. И., Петров П. П.")));
         QVERIFY(page.contains(QStringLiteral("Время выполнения<br>Второй маркер"))); // REC_ORDER
+        QVERIFY(rowWith(page, QStringLiteral("Ольховка")).contains(QStringLiteral("Исполнение доложить")));
         QVERIFY(!page.contains(QStringLiteral("Черновик"))); // the crew still works on its drafts
         QCOMPARE(reports.checked(QStringLiteral("a.html")), QStringLiteral("1 pages"));
         QCOMPARE(reports.call("handover", QStringLiteral("a.pdf")), ReportCommand::Success);
