@@ -94,12 +94,13 @@ void SearchBook::remove(const QString& name)
 void SearchBook::rename(const QString& from, const QString& to)
 {
     const QVector<KeptSearch> searches = saved();
-    for (KeptSearch one : searches) {
+    for (const KeptSearch& one : searches) {
         if (one.name != from || to.isEmpty() || to == from)
             continue;
+        KeptSearch renamed = one;
+        renamed.name = to;
         remove(from);
-        one.name = to;
-        save(one);
+        save(renamed);
         return;
     }
 }
