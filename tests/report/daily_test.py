@@ -52,9 +52,14 @@ class Daily(unittest.TestCase):
         self.assertEqual(len(self.reports()), 1)
         self.assertTrue(self.reports()[0].startswith("ЦДС ") and self.reports()[0].endswith(".pdf"))
         self.assertTrue((self.folder / "shifts/index.html").exists())
+        self.assertEqual(list(self.folder.glob("shifts/**/*.pdf")), [])
         self.assertFalse((self.root / "sendmail.letter").exists())
         self.assertEqual(self.run_daily().returncode, 0)  # again on the same day
         self.assertEqual(len(self.reports()), 1)
+
+    def test_puts_files_beside_the_pages_on_request(self):
+        self.assertEqual(self.run_daily(VRK_REPORT_FILES="yes").returncode, 0)
+        self.assertTrue(list(self.folder.glob("shifts/**/*.pdf")))
 
     def test_sends_the_report_to_the_address(self):
         done = self.run_daily(VRK_REPORT_MAIL="chief@example.org")
