@@ -31,8 +31,8 @@ ParameterKind ParameterSpec::kindOf(const QString& name)
 
 ParameterSpec ParameterSpec::read(const HtmlParser& parser, unsigned index)
 {
-    const auto property = [&](const char* name) {
-        return QString::fromStdString(parser.propertyValue(index, name));
+    const auto property = [&](const char* called) {
+        return QString::fromStdString(parser.propertyValue(index, called));
     };
     ParameterSpec spec;
     spec.name = property("name");

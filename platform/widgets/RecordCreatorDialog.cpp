@@ -263,8 +263,10 @@ void RecordCreatorDialog::keyPressEvent(QKeyEvent* event)
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isEnter && !(event->modifiers() & ~Qt::KeypadModifier) && m_form->recordFields->focusNext())
         return;
-    if (event->key() != Qt::Key_Escape || event->modifiers() != Qt::NoModifier)
-        QWidget::keyPressEvent(event);
+    if (event->key() != Qt::Key_Escape)
+        CPopTemplate::keyPressEvent(event);
+    else if (event->modifiers() != Qt::NoModifier)
+        event->ignore();
     else if (m_form->questionBar->isVisible())
         answer(Stay);
     else
