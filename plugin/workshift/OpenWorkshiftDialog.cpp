@@ -17,6 +17,7 @@ namespace
 {
 constexpr int secondsOfDay = 86400;
 constexpr int secondsOfHour = 3600;
+constexpr int mostOfShifts = 45; ///< percent of the width for the crew and the shifts, at most
 } // namespace
 
 OpenWorkshiftDialog::OpenWorkshiftDialog(QWidget* parent, int flag)
@@ -81,6 +82,22 @@ void OpenWorkshiftDialog::showEvent(QShowEvent* event)
     resize(1200, 600);
     moveToCenter();
     WorkshiftDialog::showEvent(event);
+    showIntervals();
+}
+
+/// With large letters the times of the shifts take space from the template.
+void OpenWorkshiftDialog::showIntervals()
+{
+    const QTableWidget* view = m_form->shiftsTable;
+    int wanted = 0;
+    for (int row = 0; row < view->rowCount(); ++row)
+        wanted = qMax(wanted, view->sizeHintForIndex(view->model()->index(row, 1)).width() + 1);
+    const int missing = wanted - view->columnWidth(1);
+    const QList<int> sizes = m_form->splitter_3->sizes();
+    const int whole = sizes.at(0) + sizes.at(1);
+    const int left = qMin(sizes.at(0) + missing, whole * mostOfShifts / 100);
+    if (left > sizes.at(0))
+        m_form->splitter_3->setSizes({left, whole - left});
 }
 
 void OpenWorkshiftDialog::reloadShifts()

@@ -42,6 +42,7 @@ protected:
 private:
     void createConnections();
     void reloadShifts();
+    void showIntervals();
     void changeSelectedShift();
     void uploadLastWorkshift();
     void setDefaultWorkshiftComposition();

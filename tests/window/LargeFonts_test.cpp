@@ -109,6 +109,38 @@ private slots:
         }
     }
 
+    void timesOfTheTimetableAreReadWhole_data()
+    {
+        QTest::addColumn<double>("scale");
+        QTest::newRow("usual") << 1.0;
+        QTest::newRow("a quarter larger") << 1.25;
+        QTest::newRow("half as large again") << 1.5;
+    }
+    void timesOfTheTimetableAreReadWhole()
+    {
+        QFETCH(double, scale);
+        setScale(scale);
+        const TestStore store;
+        JournalWindow journal(store, QStringLiteral("ivanov"));
+        show(journal);
+        OpenWorkshiftDialog* dialog = journal.opening();
+        dialog->show();
+        QCoreApplication::processEvents();
+        const auto* shifts = JournalWindow::childOf<QTableView>(dialog, "shiftsTable");
+        QVERIFY(shifts->model()->rowCount() > 0);
+        bool isWhole = true;
+        for (int row = 0; row < shifts->model()->rowCount(); ++row)
+            isWhole = isWhole && shifts->columnWidth(1) >
+                                     shifts->sizeHintForIndex(shifts->model()->index(row, 1)).width();
+        // The screen of the test has 800 pixels; the template keeps the larger part of them.
+        const QList<int> sizes = JournalWindow::childOf<QSplitter>(dialog, "splitter_3")->sizes();
+        QVERIFY(sizes.at(0) < sizes.at(1));
+        if (scale < 1.1)
+            QVERIFY(isWhole);
+        else
+            QVERIFY(isWhole || sizes.at(0) * 100 / (sizes.at(0) + sizes.at(1)) == 44);
+    }
+
     void aFontThatChangesMovesTheStatus()
     {
         setScale(1.0);
