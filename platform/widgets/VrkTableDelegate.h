@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCache>
+#include <QDate>
 #include <QStyledItemDelegate>
 
 class QTableView;

@@ -56,9 +56,9 @@ RecordMenu::RecordMenu(LogBookWidget* page, QAbstractScrollArea* table)
         const QKeySequence key(QLatin1String(entry.key));
         action->setShortcut(key);
         const auto* shortcut = new QShortcut(key, page, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-        connect(shortcut, &QShortcut::activated, page, [page, &entry] {
-            if (page->currentRecord() && entry.isEnabled(*page))
-                (page->*entry.request)();
+        connect(shortcut, &QShortcut::activated, page, [page, chosen = &entry] {
+            if (page->currentRecord() && chosen->isEnabled(*page))
+                (page->*chosen->request)();
         });
     }
     table->setContextMenuPolicy(Qt::CustomContextMenu);
