@@ -3,6 +3,7 @@
 #include "Rights.h"
 #include "TemplateLevel.h"
 #include "TemplateTables.h"
+
 #include <QString>
 
 /// What the user may do on a page of the configurator: decided by its level, his rights, the tables and the
