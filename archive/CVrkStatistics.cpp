@@ -53,6 +53,11 @@ void addLabelled(QToolBar* bar, const QString& text, QWidget* control, const cha
     bar->addWidget(control);
 }
 
+QString folded(const QString& name)
+{
+    return name.simplified().toCaseFolded();
+}
+
 QString shownDate(const QDate& date)
 {
     return date.toString(QStringLiteral("dd.MM.yyyy"));
@@ -324,17 +329,26 @@ void CVrkStatistics::tell(const QString& summary, const QVector<JournalFigures::
     m_output->setEnabled(!figures.isEmpty());
 }
 
-/// Names as in the list of departments, without the organization where the name alone is clear.
+/// The names that vrk-admin stats writes: with the organization where the name alone is not clear, and the key where both
+/// are not, so departments of one name are never counted as one.
 QHash<QByteArray, QString> CVrkStatistics::departmentNames() const
 {
-    const QVector<KeyNames::Entry> all = m_names.departments();
+    QHash<QByteArray, QStringList> possible;
     QHash<QString, int> bearers;
-    for (const KeyNames::Entry& one : all)
-        ++bearers[m_names.departmentName(one.key)];
-    QHash<QByteArray, QString> names;
-    for (const KeyNames::Entry& one : all) {
+    for (const KeyNames::Entry& one : m_names.departments()) {
         const QString name = m_names.departmentName(one.key);
-        names.insert(one.key, bearers.value(name) == 1 ? name : one.name);
+        const QString organization = m_names.organizationName(one.key);
+        QStringList& names = possible[one.key];
+        names.append(name);
+        if (!organization.isEmpty())
+            names.append(organization + QStringLiteral(" / ") + name);
+        for (const QString& each : qAsConst(names))
+            ++bearers[folded(each)];
     }
+    QHash<QByteArray, QString> names;
+    for (auto i = possible.cbegin(); i != possible.cend(); ++i)
+        for (const QString& name : i.value())
+            if (!names.contains(i.key()) && bearers.value(folded(name)) == 1)
+                names.insert(i.key(), name);
     return names;
 }

@@ -42,6 +42,14 @@ QString KeyNames::departmentName(const QByteArray& key) const
     return HfnWrapper::nameOf(m_module->session()->codec(), m_departments, QString::fromUtf8(key));
 }
 
+QString KeyNames::organizationName(const QByteArray& departmentKey) const
+{
+    const QTextCodec* codec = m_module->session()->codec();
+    const MDRData* row = recordByKeyLink(m_departments, departmentKey.constData());
+    return row ? HfnWrapper::nameOf(codec, m_organizations, Row(row).text(Field::OrganizationKey, codec))
+               : QString();
+}
+
 namespace
 {
 void sort(QVector<KeyNames::Entry>* entries)

@@ -24,6 +24,8 @@ public:
     QString workerName(const QByteArray& key) const;
     QString departmentName(const QByteArray& key) const;
 
+    QString organizationName(const QByteArray& departmentKey) const;
+
     struct Entry {
         QByteArray key;
         QString name;

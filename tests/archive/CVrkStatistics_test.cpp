@@ -130,6 +130,33 @@ private slots:
         QVERIFY(summary().contains(QStringLiteral("Заречная")));
     }
 
+    void departmentsOfOneNameAreCountedApart_data()
+    {
+        QTest::addColumn<QString>("organization");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("twin");
+        QTest::newRow("two organizations") << "ORG_CENTER"
+                                           << "Электросети «Ключевой край» / ЦДС"
+                                           << "ДЦ «Северная дуга» / ЦДС";
+        QTest::newRow("one organization") << "ORG_NETS"
+                                          << "DEP_CDS"
+                                          << "DEP_TWIN";
+    }
+    void departmentsOfOneNameAreCountedApart()
+    {
+        QFETCH(QString, organization);
+        QFETCH(QString, name);
+        QFETCH(QString, twin);
+        m_bench->write("Departments", ROW_INSERT, "DEP_TWIN",
+                       {{"OrganizationKey", organization}, {"name_", QStringLiteral("ЦДС")}});
+        m_bench->write("LogbookWorkshifts", ROW_UPDATE, "SHIFT_ZAR_OPEN", {{"DepartmentKey", "DEP_TWIN"}});
+        start();
+        choose("periodCombo", QStringLiteral("Всё время"));
+        QCOMPARE(figure(QStringLiteral("Подразделения"), name), QStringLiteral("7/8"));
+        QCOMPARE(figure(QStringLiteral("Подразделения"), twin), QStringLiteral("1/8"));
+        QCOMPARE(rows(), rowsOfTheCommand({}));
+    }
+
     void daysOfThePeriodCountWhole()
     {
         const QDate day(2024, 5, 5);
