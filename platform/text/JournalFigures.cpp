@@ -100,11 +100,12 @@ QByteArray JournalFigures::request() const
                "W.CloseWorkerKey" +
                records + " AND R.KeyLink > " + literal(m_last) + during("R.recordTime") + page("R.KeyLink");
     case Shifts:
-        return "SELECT W.KeyLink, S.signedKey FROM LogbookWorkshifts AS W LEFT JOIN (SELECT DISTINCT "
-               "signedKey "
-               "FROM LogSignatures WHERE meaning = 'closing' AND signedTable = 'LogbookWorkshifts') AS S ON "
-               "S.signedKey = W.KeyLink WHERE W.CloseWorkerKey <> ''" +
-               during("W.startTime");
+        return "SELECT W.KeyLink FROM LogbookWorkshifts AS W WHERE W.CloseWorkerKey <> '' AND W.KeyLink > " +
+               literal(m_last) + during("W.startTime") + page("W.KeyLink");
+    case Signatures: // no index knows what they sign, so a join would read all of them in one request
+        return "SELECT S.KeyLink, S.signedKey FROM LogSignatures AS S WHERE S.meaning = 'closing' AND "
+               "S.signedTable = 'LogbookWorkshifts' AND S.KeyLink > " +
+               literal(m_last) + page("S.KeyLink");
     case End:
         break;
     }
@@ -125,7 +126,10 @@ void JournalFigures::take(const CMDArray& answer)
         return goOn(answer.RecCount());
     case Shifts:
         takeShifts(answer);
-        return goOn(0);
+        return goOn(answer.RecCount());
+    case Signatures:
+        takeSignatures(answer);
+        return goOn(answer.RecCount());
     case End:
         return;
     }
@@ -182,9 +186,19 @@ void JournalFigures::takeRecords(const CMDArray& answer)
 
 void JournalFigures::takeShifts(const CMDArray& answer)
 {
-    m_shifts = answer.RecCount();
-    for (int i = 0; i < answer.RecCount(); ++i)
-        m_signed += MDRValue::hasText(valueOf(answer, i, 1)) ? 1 : 0;
+    for (int i = 0; i < answer.RecCount(); ++i) {
+        m_last = key(answer, i, 0);
+        m_unsigned.insert(m_last);
+    }
+    m_shifts += answer.RecCount();
+}
+
+void JournalFigures::takeSignatures(const CMDArray& answer)
+{
+    for (int i = 0; i < answer.RecCount(); ++i) {
+        m_last = key(answer, i, 0);
+        m_signed += m_unsigned.remove(key(answer, i, 1)) ? 1 : 0; // a workshift may be closed several times
+    }
 }
 
 QVector<JournalFigures::Figure> JournalFigures::ranked(const char* group,

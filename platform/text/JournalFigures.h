@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QMap>
+#include <QSet>
 #include <QString>
 #include <QVector>
 
@@ -55,7 +56,7 @@ public:
     static QString title(const QByteArray& group, int lateMinutes);
 
 private:
-    enum Stage { Templates, Count, Records, Shifts, End };
+    enum Stage { Templates, Count, Records, Shifts, Signatures, End };
     struct Kind {
         QString name;
         QString category;
@@ -64,6 +65,7 @@ private:
     void takeTemplates(const CMDArray& answer);
     void takeRecords(const CMDArray& answer);
     void takeShifts(const CMDArray& answer);
+    void takeSignatures(const CMDArray& answer);
     void goOn(int rows);
     QString text(const CMDArray& answer, int row, int column) const;
     QVector<Figure> ranked(const char* group, const QMap<QString, qint64>& counts) const;
@@ -82,6 +84,7 @@ private:
     qint64 m_late = 0;
     qint64 m_orders = 0;
     qint64 m_overdue = 0;
+    QSet<QByteArray> m_unsigned; ///< keys of closed workshifts without a known signature
     qint64 m_shifts = 0;
     qint64 m_signed = 0;
 };
