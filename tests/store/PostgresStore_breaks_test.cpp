@@ -191,9 +191,9 @@ private slots:
             read.append(clock.nsecsElapsed());
             QCOMPARE(changes.size(), 1000);
         }
-        std::sort(plain.begin(), plain.end());
-        std::sort(read.begin(), read.end());
-        const double ratio = double(read[4]) / double(plain[4]);
+        // The fastest of each: other tests run at the same time.
+        const double ratio = double(*std::min_element(read.cbegin(), read.cend())) /
+                             double(*std::min_element(plain.cbegin(), plain.cend()));
         qInfo("reading 1000 changes costs %.1f times the plain select", ratio);
         QVERIFY2(ratio < 12, qPrintable(QString::number(ratio)));
     }
