@@ -195,7 +195,12 @@ private slots:
         const double ratio = double(*std::min_element(read.cbegin(), read.cend())) /
                              double(*std::min_element(plain.cbegin(), plain.cend()));
         qInfo("reading 1000 changes costs %.1f times the plain select", ratio);
-        QVERIFY2(ratio < 12, qPrintable(QString::number(ratio)));
+#ifdef __SANITIZE_ADDRESS__
+        const double most = 30; // it slows down this program, but not the server
+#else
+        const double most = 12;
+#endif
+        QVERIFY2(ratio < most, qPrintable(QString::number(ratio)));
     }
 
     void batchIsWrittenOnceWhereverItsLinkBreaks_data()
@@ -287,7 +292,10 @@ private slots:
         QVERIFY(store->isWritten("batch-C", &known, &error) && known);
     }
 
-    void sessionTellsWhatBecameOfItsWrite_data() { reportsAnUnansweredCommit_data(); }
+    void sessionTellsWhatBecameOfItsWrite_data()
+    {
+        reportsAnUnansweredCommit_data();
+    }
     void sessionTellsWhatBecameOfItsWrite()
     {
         QFETCH(int, place);
