@@ -10,6 +10,7 @@
 #include "RecordList.h"
 #include "TemplateText.h"
 #include "TEventNciParse.h"
+#include "ToolBars.h"
 #include "VrkTableTool.h"
 
 #include <algorithm>
@@ -27,28 +28,6 @@
 
 namespace
 {
-QToolBar* bar(const char* name, QMainWindow* window)
-{
-    auto* bar = new QToolBar(window);
-    bar->setObjectName(QLatin1String(name));
-    bar->setFloatable(false);
-    bar->setMovable(false);
-    bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    window->addToolBar(Qt::TopToolBarArea, bar);
-    return bar;
-}
-
-/// Adds a control behind its label, which has the mnemonic.
-void addLabelled(QToolBar* bar, const QString& text, QWidget* control)
-{
-    auto* label = new QLabel(text, bar);
-    label->setBuddy(control);
-    label->setMargin(4);
-    bar->addWidget(label);
-    bar->addWidget(control);
-}
-
 /// A read-only text with its label; long words are broken.
 QPlainTextEdit* text(const char* name, const QString& title, QVBoxLayout* layout)
 {
@@ -122,23 +101,23 @@ QAction* CVrkPast::addStep(QToolBar* bar, const char* name, const char* icon, co
 
 void CVrkPast::makeBars()
 {
-    QToolBar* where = bar("shiftBar", this);
+    QToolBar* where = ToolBars::add(this, "shiftBar");
     m_departments->setObjectName(QStringLiteral("departmentCombo"));
     m_shifts->setObjectName(QStringLiteral("shiftCombo"));
     // The times of a shift must be readable; a name of a department is recognised by its beginning.
     m_departments->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_departments->setMinimumContentsLength(22);
     m_shifts->setMinimumContentsLength(44);
-    addLabelled(where, tr("&Подразделение"), m_departments);
-    addLabelled(where, tr("С&мена"), m_shifts);
+    ToolBars::addLabelled(where, tr("&Подразделение"), m_departments);
+    ToolBars::addLabelled(where, tr("С&мена"), m_shifts);
 
     addToolBarBreak();
-    QToolBar* when = bar("timeBar", this);
+    QToolBar* when = ToolBars::add(this, "timeBar");
     m_time->setObjectName(QStringLiteral("timeEdit"));
     m_time->setDisplayFormat(QStringLiteral("dd.MM.yyyy hh:mm:ss"));
     m_time->setCalendarPopup(true);
     m_time->setKeyboardTracking(false);
-    addLabelled(when, tr("М&омент"), m_time);
+    ToolBars::addLabelled(when, tr("М&омент"), m_time);
     m_back = addStep(when, "backAction", "up-arrow", tr("Предыдущее изменение"), Qt::ALT | Qt::Key_Left,
                      &CVrkPast::stepBack);
     m_on = addStep(when, "onAction", "down-arrow", tr("Следующее изменение"), Qt::ALT | Qt::Key_Right,

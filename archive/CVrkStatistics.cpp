@@ -8,6 +8,7 @@
 #include "FileSaver.h"
 #include "HfnTime.h"
 #include "ListOutput.h"
+#include "ToolBars.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -29,29 +30,6 @@ constexpr int wholeTime = 0;
 constexpr int ownPeriod = -1;
 constexpr int usualDays = 30;
 constexpr int mostLateMinutes = 7 * 24 * 60;
-
-QToolBar* addBar(const char* name, QMainWindow* window)
-{
-    auto* bar = new QToolBar(window);
-    bar->setObjectName(QLatin1String(name));
-    bar->setFloatable(false);
-    bar->setMovable(false);
-    bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    window->addToolBar(Qt::TopToolBarArea, bar);
-    return bar;
-}
-
-/// Adds a control behind its label, which has the mnemonic.
-void addLabelled(QToolBar* bar, const QString& text, QWidget* control, const char* name)
-{
-    auto* label = new QLabel(text, bar);
-    label->setBuddy(control);
-    label->setMargin(4);
-    control->setObjectName(QLatin1String(name));
-    bar->addWidget(label);
-    bar->addWidget(control);
-}
 
 QString folded(const QString& name)
 {
@@ -91,7 +69,7 @@ CVrkStatistics::~CVrkStatistics() = default;
 
 void CVrkStatistics::makeChoice()
 {
-    QToolBar* bar = addBar("choiceBar", this);
+    QToolBar* bar = ToolBars::add(this, "choiceBar");
     m_departments->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_departments->setMinimumContentsLength(22);
     const QVector<QPair<QString, int>> periods{{tr("Сегодня"), 1},
@@ -108,10 +86,14 @@ void CVrkStatistics::makeChoice()
         edit->setCalendarPopup(true);
         edit->setKeyboardTracking(false);
     }
-    addLabelled(bar, tr("&Подразделение"), m_departments, "departmentCombo");
-    addLabelled(bar, tr("П&ериод"), m_periods, "periodCombo");
-    addLabelled(bar, tr("&с"), m_from, "fromEdit");
-    addLabelled(bar, tr("п&о"), m_to, "toEdit");
+    m_departments->setObjectName(QStringLiteral("departmentCombo"));
+    ToolBars::addLabelled(bar, tr("&Подразделение"), m_departments);
+    m_periods->setObjectName(QStringLiteral("periodCombo"));
+    ToolBars::addLabelled(bar, tr("П&ериод"), m_periods);
+    m_from->setObjectName(QStringLiteral("fromEdit"));
+    ToolBars::addLabelled(bar, tr("&с"), m_from);
+    m_to->setObjectName(QStringLiteral("toEdit"));
+    ToolBars::addLabelled(bar, tr("п&о"), m_to);
     m_from->setAccessibleName(tr("Первый день"));
     m_to->setAccessibleName(tr("Последний день"));
 }
@@ -157,13 +139,14 @@ void CVrkStatistics::makePage()
 void CVrkStatistics::makeActions()
 {
     addToolBarBreak();
-    QToolBar* bar = addBar("actionBar", this);
+    QToolBar* bar = ToolBars::add(this, "actionBar");
     m_late->setRange(0, mostLateMinutes);
     m_late->setKeyboardTracking(false);
     m_late->setSuffix(tr(" мин"));
     m_late->setToolTip(
         tr("Запись внесена поздно, если она сделана позже события более чем на столько минут"));
-    addLabelled(bar, tr("Внесено поз&же на"), m_late, "lateSpin");
+    m_late->setObjectName(QStringLiteral("lateSpin"));
+    ToolBars::addLabelled(bar, tr("Внесено поз&же на"), m_late);
     const auto add = [&](const char* name, const QString& text, const QKeySequence& key, auto request) {
         QAction* action = bar->addAction(text, this, request);
         action->setObjectName(QLatin1String(name));

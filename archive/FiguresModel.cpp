@@ -85,7 +85,7 @@ QVariant FiguresModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleTextRole:
         return shown(row, index.column());
     case Qt::ToolTipRole:
-        return shown(row, index.column()).toHtmlEscaped();
+        return shown(row, index.column()); // shown as plain text, like every tool tip
     case Qt::TextAlignmentRole:
         return int((index.column() < Count ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     case Qt::FontRole: {

@@ -23,7 +23,7 @@ public:
     /// Surname and initials; empty for an unknown key.
     QString workerName(const QByteArray& key) const;
     QString departmentName(const QByteArray& key) const;
-
+    /// Of the organization of a department; empty if it has none.
     QString organizationName(const QByteArray& departmentKey) const;
 
     struct Entry {

@@ -375,6 +375,18 @@ private slots:
         QCOMPARE(periods()->currentText(), QStringLiteral("30 дней"));
     }
 
+    void aTipIsTheNameAsItIsWritten()
+    {
+        const QString name = QStringLiteral("Команда \"включить\" & <b>отключить</b>");
+        m_bench->write("LogbookTemplates", ROW_UPDATE, "TPL_ORDER", {{"nameLoc", name}});
+        start();
+        QStringList tips;
+        const QAbstractItemModel* model = table()->model();
+        for (int row = 0; row < model->rowCount(); ++row)
+            tips << model->index(row, FiguresModel::Name).data(Qt::ToolTipRole).toString();
+        QVERIFY(tips.contains(name)); // the application shows every tip as plain text
+    }
+
     void aTemplateWithoutAFolderIsCountedApart()
     {
         m_bench->write("LogbookTemplates", ROW_UPDATE, "TPL_ORDER", {{"CategoryKey", QVariant()}});
