@@ -1,5 +1,7 @@
 #include "FiguresModel.h"
 
+#include "ShownText.h"
+
 #include <algorithm>
 #include <QFont>
 #include <QLocale>
@@ -85,7 +87,7 @@ QVariant FiguresModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleTextRole:
         return shown(row, index.column());
     case Qt::ToolTipRole:
-        return shown(row, index.column()); // shown as plain text, like every tool tip
+        return ShownText::tip(shown(row, index.column()));
     case Qt::TextAlignmentRole:
         return int((index.column() < Count ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     case Qt::FontRole: {
