@@ -35,6 +35,7 @@ const Entry entries[] = {
     {"shift", Command::shift},
     {"seal", Command::seal},
     {"export-evidence", Command::exportEvidence},
+    {"archive", Command::archive},
     {"history", Command::history},
     {"stats", Command::stats},
     {"watchdog", Command::watchdog, Command::watchdogWords},

@@ -78,6 +78,8 @@ ExitCode shift(const QStringList& arguments, Streams& streams);
 ExitCode seal(const QStringList& arguments, Streams& streams);
 /// Writes the change log, its proofs and a verifier into a folder.
 ExitCode exportEvidence(const QStringList& arguments, Streams& streams);
+/// Takes old shifts out of the journal into a folder.
+ExitCode archive(const QStringList& arguments, Streams& streams);
 /// Shows who changed a row, when and how, from the change log.
 ExitCode history(const QStringList& arguments, Streams& streams);
 /// Counts records, late entries, overdue orders and signed handovers.

@@ -22,7 +22,9 @@ Command::ExitCode Command::exportEvidence(const QStringList& arguments, Streams&
     const QString to = Arguments::takeValue(&rest, QStringLiteral("--to"));
     const QString heads = Arguments::takeValue(&rest, QStringLiteral("--heads"));
     EvidenceExport::Choice choice;
-    choice.record = Arguments::takeValue(&rest, QStringLiteral("--record")).toUtf8();
+    const QByteArray record = Arguments::takeValue(&rest, QStringLiteral("--record")).toUtf8();
+    if (!record.isEmpty())
+        choice.rows.insert(record);
     if (rest.size() != 2 || rest.constLast().startsWith(QLatin1String("--")))
         return WrongUsage;
 

@@ -52,11 +52,11 @@ QByteArray lineOf(const LoggedRow& row, int place)
            ", \"old\": " + optional(row.oldRow) + ", \"new\": " + optional(row.newRow) + '}';
 }
 
-/// Whether a row is of the record: its own, or a signature under it.
-bool isOfRecord(const LoggedRow& row, const QByteArray& record)
+/// Whether a row is one of those, or a signature under one.
+bool isOf(const LoggedRow& row, const QSet<QByteArray>& keys)
 {
     LogSignature signature;
-    return row.key == record || (LogSignature::read(row, &signature) && signature.key == record);
+    return keys.contains(row.key) || (LogSignature::read(row, &signature) && keys.contains(signature.key));
 }
 
 /// Whether a row ends an epoch. The row of the first one is in the first transaction, whose path would double the proof
@@ -76,7 +76,7 @@ bool EvidenceExport::isShown(const LoggedTransaction& transaction, const LoggedR
 {
     const bool isInTime = (m_choice.from == 0 || transaction.time >= m_choice.from) &&
                           (m_choice.to == 0 || transaction.time <= m_choice.to);
-    return endsEpoch(row) || (isInTime && (m_choice.record.isEmpty() || isOfRecord(row, m_choice.record)));
+    return endsEpoch(row) || (isInTime && (m_choice.rows.isEmpty() || isOf(row, m_choice.rows)));
 }
 
 bool EvidenceExport::findHead(StoreError* error)
@@ -158,6 +158,8 @@ bool EvidenceExport::writeTransaction(const LoggedTransaction& transaction, cons
     const bool isSealed = transaction.number <= m_head.size;
     if (isSealed)
         m_whole.append(transaction.number - 1);
+    else
+        m_isProven = false;
     ++m_count;
     // A damaged tree still lets the rows be exported: the verifier computes it again.
     const QByteArray leaf = isSealed ? '"' + tiles.leaf(transaction.number - 1).base64() + '"' : QByteArray();
@@ -189,14 +191,16 @@ bool EvidenceExport::writeLog(StoreError* error)
     QByteArray epoch;
     if (!m_log.end(&end, &epoch))
         return false;
-    if (m_choice.record.isEmpty()) {
+    if (m_choice.rows.isEmpty()) {
         if (!m_log.read(1, end, take))
             return false;
     } else {
         QVector<qint64> numbers;
-        if (!m_log.numbersOf(m_choice.record, QByteArray(), &numbers) ||
-            !m_log.numbersOf("epoch", "StoreProperties", &numbers))
+        if (!m_log.numbersOf("epoch", "StoreProperties", &numbers))
             return false;
+        for (const QByteArray& key : qAsConst(m_choice.rows))
+            if (!m_log.numbersOf(key, QByteArray(), &numbers))
+                return false;
         std::sort(numbers.begin(), numbers.end());
         numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
         for (const qint64 one : qAsConst(numbers))

@@ -13,14 +13,15 @@ class EvidenceExport
 {
 public:
     struct Choice {
-        double from = 0;   ///< of the transactions' times, inclusive; 0: from the beginning
-        double to = 0;     ///< 0: to the end
-        QByteArray record; ///< the rows with this key only; empty: all rows
+        double from = 0; ///< of the transactions' times, inclusive; 0: from the beginning
+        double to = 0;   ///< 0: to the end
+        QSet<QByteArray>
+            rows; ///< only the rows with these keys and the signatures under them; empty: all rows
         /// Notes that the verifier has: a part of the log proves that it continues them. A whole export
         /// proves all heads without it.
         QVector<QByteArray> heads;
 
-        bool isWhole() const { return from == 0 && to == 0 && record.isEmpty(); }
+        bool isWhole() const { return from == 0 && to == 0 && rows.isEmpty(); }
     };
     /// \a keys is the named file of the store with the public keys.
     EvidenceExport(EvidenceLog& log, const QByteArray& keys, const Choice& choice);
@@ -30,6 +31,8 @@ public:
     /// The number of transactions written, and the head that they are proven by.
     qint64 count() const { return m_count; }
     const LogHead& head() const { return m_head; }
+    /// Whether every transaction written is proven by this head.
+    bool isProven() const { return m_isProven; }
 
 private:
     bool findHead(StoreError* error);
@@ -53,4 +56,5 @@ private:
     LogHead m_head;
     QVector<qint64> m_whole; ///< the leaves with a line, below the head
     qint64 m_count = 0;
+    bool m_isProven = true;
 };

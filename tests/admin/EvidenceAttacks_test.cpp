@@ -81,8 +81,10 @@ private:
     qint64 number(const char* sql) const { return m_store->value(QString::fromUtf8(sql)).toLongLong(); }
     void writeText(const QString& html) const { write(html.toUtf8().constData()); }
     void save(const QString& name, const QByteArray& bytes) const;
-    /// Writes, seals, replaces the key, copies or restores.
+    /// Writes, seals, replaces the key, archives, copies or restores.
     void honestStep(const QString& copy);
+    /// A shift of long ago, sealed and taken out of the journal.
+    void archiveShift();
     /// The store of a former version in the place of this one, upgraded.
     void beginInFormerVersion();
     /// What an attack of this seed runs; it changes something among the first \a known transactions.
@@ -320,9 +322,42 @@ void EvidenceAttacks_test::beginInFormerVersion()
     QVERIFY2(m_admin->call("upgrade", {QStringLiteral("--no-backup")}) == 0, qPrintable(m_admin->err));
 }
 
+void EvidenceAttacks_test::archiveShift()
+{
+    const QByteArray key = QByteArray::number(m_random.generate64());
+    const double start = 1600000000 + below(1000000);
+    StoreError error;
+    const auto loader = m_store->openLoader();
+    std::vector<TestStore::Row> rows{
+        {"Departments", ROW_INSERT, "OLD" + key, {{"name_", QString::fromLatin1(key)}}}};
+    for (const int day : {0, 1}) {
+        const QByteArray shift = day > 0 ? "LAST" + key : key;
+        rows.push_back({"LogbookWorkshifts",
+                        ROW_INSERT,
+                        shift,
+                        {{"DepartmentKey", "OLD" + key},
+                         {"CloseWorkerKey", "WORKER_PETROV"},
+                         {"startTime", start + day * 86400},
+                         {"endTime", start + day * 86400 + 7200}}});
+        rows.push_back({"LogbookRecords",
+                        ROW_INSERT,
+                        "RECORD" + shift,
+                        {{"ShiftKey", shift}, {"html", "давно"}, {"status", 0}}});
+    }
+    if (!TestStore::write(loader.get(), rows, &error))
+        qFatal("%s", qPrintable(error.text + error.detail));
+    const QString folder = m_admin->path(QStringLiteral("kept") + QString::fromLatin1(key));
+    if (seal() != 0 ||
+        m_admin->call("archive", {folder, QStringLiteral("--before"), QStringLiteral("01.01.2023"),
+                                  QStringLiteral("--write")}) != Command::Success ||
+        m_store->value(QStringLiteral("SELECT count(*) FROM LogbookWorkshifts WHERE KeyLink = '%1'")
+                           .arg(QString::fromLatin1(key))) != 0)
+        qFatal("%s", qPrintable(m_admin->out + m_admin->err));
+}
+
 void EvidenceAttacks_test::honestStep(const QString& copy)
 {
-    switch (m_random.bounded(TestStore::isSqlite() ? 6 : 4)) {
+    switch (m_random.bounded(TestStore::isSqlite() ? 7 : 5)) {
     case 0:
         if (QFile::exists(key() + QStringLiteral(".former"))) {
             // The former key is removed when all have met a seal by both.
@@ -337,11 +372,14 @@ void EvidenceAttacks_test::honestStep(const QString& copy)
     case 1:
         seal();
         break;
-    case 4:
+    case 2:
+        archiveShift();
+        break;
+    case 5:
         if (!QFile::exists(copy) && m_admin->call("backup", {copy}) != Command::Success)
             qFatal("%s", qPrintable(m_admin->err));
         break;
-    case 5:
+    case 6:
         if (QFile::exists(copy) && m_admin->call("restore", {copy}) != Command::Success)
             qFatal("%s", qPrintable(m_admin->err));
         break;

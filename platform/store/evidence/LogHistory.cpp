@@ -46,9 +46,11 @@ QVector<QVariant> valuesOf(const CatalogTable& table, const QByteArray& json)
     return values;
 }
 
-/// An administrator's correction has its reason in the key of its batch: "shift:GUID:reason".
+/// What an administrator did, from the key of its batch: "shift:GUID:reason" of a correction, "archive:GUID".
 QString reasonOf(const QByteArray& batchKey)
 {
+    if (batchKey.startsWith("archive:"))
+        return QStringLiteral("смена убрана в архив");
     return batchKey.startsWith("shift:") ? QString::fromUtf8(batchKey).section(QLatin1Char(':'), 2)
                                          : QString();
 }
