@@ -1,7 +1,7 @@
 #include "OldShifts.h"
 
 #include "CMDArray.h"
-#include "GenGuid32.h"
+#include "LogHistory.h"
 #include "LongWork.h"
 #include "MDRValues.h"
 #include "TableCatalog.h"
@@ -10,9 +10,6 @@
 
 namespace
 {
-// Beginning of the key of such a transaction.
-constexpr char mark[] = "archive:";
-
 MDRVar cell(const MDArray* array, int row, int field)
 {
     MDRVar value;
@@ -152,5 +149,6 @@ OldShifts::Outcome OldShifts::remove(const Shift& shift, StoreError* error)
             batches.back()->RecPost(batches.back()->newRow(ROW_DELETE, key));
         writes.push_back({tables().at(i), batches.back()->array});
     }
-    return m_store->apply(writes, mark + GenGuid32(), error) ? Outcome::Removed : Outcome::Failed;
+    return m_store->apply(writes, LogHistory::archivingBatch(shift.key), error) ? Outcome::Removed
+                                                                                : Outcome::Failed;
 }

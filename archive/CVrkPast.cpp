@@ -178,16 +178,34 @@ void CVrkPast::fillShifts()
     m_failure = answer.array ? QString() : session()->lastErrorText();
     const bool wasBlocked = m_shifts->blockSignals(true);
     m_shifts->clear();
+    const auto add = [this](double start, double end, const QString& state, const QByteArray& key) {
+        m_shifts->addItem(ChangeText::time(start).left(16) + QStringLiteral(" - ") +
+                              ChangeText::time(end).left(16) + state,
+                          key);
+    };
     for (int i = 0; i < answer.RecCount(); ++i) {
         const Row row(MDARec(answer.array, 0, i));
-        const QString state = row.has(Field::CloseWorkerKey) ? QString() : tr(" (открыта)");
-        m_shifts->addItem(ChangeText::time(row.time(Field::startTime)).left(16) + QStringLiteral(" - ") +
-                              ChangeText::time(row.time(Field::endTime)).left(16) + state,
-                          row.key());
+        add(row.time(Field::startTime), row.time(Field::endTime),
+            row.has(Field::CloseWorkerKey) ? QString() : tr(" (открыта)"), row.key());
     }
+    for (const RowChange& shift : archivedShifts())
+        add(shift.was(Field::startTime).toDouble(), shift.was(Field::endTime).toDouble(), tr(" (в архиве)"),
+            shift.key);
     m_shifts->setCurrentIndex(qMax(0, m_shifts->findData(former)));
     m_shifts->blockSignals(wasBlocked);
     loadShift();
+}
+
+QVector<RowChange> CVrkPast::archivedShifts()
+{
+    QVector<RowChange> shifts;
+    if (m_failure.isEmpty() &&
+        !session()->archivedWorkshifts(m_departments->currentData().toByteArray(), &shifts))
+        m_failure = session()->lastErrorText();
+    std::stable_sort(shifts.begin(), shifts.end(), [](const RowChange& one, const RowChange& other) {
+        return one.was(Field::startTime).toDouble() > other.was(Field::startTime).toDouble();
+    });
+    return shifts;
 }
 
 void CVrkPast::loadShift()
@@ -201,7 +219,9 @@ void CVrkPast::loadShift()
     if (!m_failure.isEmpty())
         changes.clear();
     m_past = ShiftPast(changes);
-    goTo(changes.size() - 1);
+    const int last = changes.size() - 1;
+    const bool isArchived = last >= 0 && m_past.rows("LogbookWorkshifts", last).isEmpty();
+    goTo(isArchived ? m_past.previous(last) : last);
 }
 
 void CVrkPast::goTo(int place)
@@ -381,10 +401,12 @@ int CVrkPast::MessageData(HFNCliParam* block)
     const bool isOurs = row.isOf("LogbookRecords") && row.bytes(Field::ShiftKey) == shiftKey();
     const bool isNewShift = row.isOf("LogbookWorkshifts") && event.eventNumber == EventInserted &&
                             row.bytes(Field::DepartmentKey) == m_departments->currentData().toByteArray();
+    const bool isGone = row.isOf("LogbookWorkshifts") && event.eventNumber == EventDeleted &&
+                        m_shifts->findData(QByteArray(event.recordKey)) >= 0;
     MDRTypFree(&event.recordType);
-    if (isNewShift)
+    if (isNewShift || isGone)
         fillShifts();
     else if (isOurs && !m_change->text().endsWith(QLatin1Char(']')))
         m_change->setText(m_change->text() + tr(" [смена изменилась, F5 покажет]"));
-    return isOurs || isNewShift ? 1 : 0;
+    return isOurs || isNewShift || isGone ? 1 : 0;
 }

@@ -42,6 +42,8 @@ private:
                      void (CVrkPast::*request)());
     void createConnections();
     void fillShifts();
+    /// Those of the department that are no longer in the journal, the latest first.
+    QVector<RowChange> archivedShifts();
     void loadShift();
     void goTo(int place);
     void goToTime();

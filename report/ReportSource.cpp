@@ -12,6 +12,7 @@
 #include "ReportName.h"
 #include "ReportTable.h"
 #include "Row.h"
+#include "RowChange.h"
 #include "ShownJournal.h"
 #include "Store.h"
 #include "UnfinishedRecords.h"
@@ -199,9 +200,23 @@ bool ReportSource::shifts(const QByteArray& departmentKey, QVector<ReportShift>*
                         d->session()->HfnTimeToSesTime(row.time(Field::startTime)),
                         d->session()->HfnTimeToSesTime(row.time(Field::endTime))});
     }
-    std::sort(shifts->begin(), shifts->end(), [](const ReportShift& left, const ReportShift& right) {
-        return left.start != right.start ? left.start < right.start : left.key < right.key;
-    });
+    std::sort(shifts->begin(), shifts->end());
+    return true;
+}
+
+bool ReportSource::archivedShifts(QVector<ReportShift>* shifts)
+{
+    QVector<RowChange> removals;
+    if (!d->session()->archivedWorkshifts(QByteArray(), &removals))
+        return d->fail(d->session()->lastErrorText());
+    for (const RowChange& shift : qAsConst(removals)) {
+        const auto key = [&](const char* field) { return shift.was(field).toByteArray(); };
+        const auto time = [&](const char* field) {
+            return d->session()->HfnTimeToSesTime(shift.was(field).toDouble());
+        };
+        shifts->append({shift.key, key(Field::DepartmentKey), key(Field::OpenWorkerKey),
+                        key(Field::CloseWorkerKey), time(Field::startTime), time(Field::endTime)});
+    }
     return true;
 }
 

@@ -35,6 +35,11 @@ struct ReportShift {
     QDateTime end;
 
     bool isOpen() const { return closedBy.isEmpty(); }
+    /// In order of time.
+    bool operator<(const ReportShift& other) const
+    {
+        return start != other.start ? start < other.start : key < other.key;
+    }
 };
 
 /// Makes reports from a store, with the tables of the journal's windows. It only reads. Every operation that fails
@@ -62,6 +67,8 @@ public:
     QString title(const QByteArray& departmentKey) const;
     /// The workshifts of a department or, for an empty key, of all, by their start.
     bool shifts(const QByteArray& departmentKey, QVector<ReportShift>* shifts);
+    /// Those of all departments that an administrator took out of the journal, in the order in which he did.
+    bool archivedShifts(QVector<ReportShift>* shifts);
 
     /// \name Reports. \a all: also drafts and deleted records
     /// The rows have the comments and names of files of their records as notes.

@@ -6,6 +6,7 @@
 #include "RunnableFile.h"
 #include "VrkPreviewHtml.h"
 
+#include <algorithm>
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QFile>
@@ -205,6 +206,8 @@ bool ShiftArchive::update()
         if (!writeShift(shift, file))
             return false;
     }
+    if (!addArchived(&months))
+        return false;
     for (auto month = months.cbegin(); month != months.cend(); ++month)
         if (!writeMonth(month.key(), month.value()))
             return false;
@@ -215,6 +218,22 @@ bool ShiftArchive::update()
     const QStringList folders = m_folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot).filter(monthName);
     for (const QString& month : folders)
         removeOthers(month, months.value(month));
+    return true;
+}
+
+bool ShiftArchive::addArchived(QMap<QString, QVector<ReportShift>>* months)
+{
+    QVector<ReportShift> archived;
+    if (!m_source->archivedShifts(&archived))
+        return fail(m_source->errorText());
+    for (const ReportShift& shift : qAsConst(archived)) {
+        const QString month = monthOf(shift);
+        QVector<ReportShift>& shifts = (*months)[month];
+        if (QFile::exists(m_folder.filePath(month + QLatin1Char('/') + pageName(shift))))
+            shifts.insert(std::lower_bound(shifts.begin(), shifts.end(), shift), shift);
+        if (shifts.isEmpty())
+            months->remove(month);
+    }
     return true;
 }
 

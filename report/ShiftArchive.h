@@ -9,7 +9,8 @@
 
 /// A folder of HTML pages for reading without the program: index.html leads to a page for each month, and that to a page
 /// for each workshift, with the comments on its records. All links are relative. A hidden file keeps the position in the change log up to which the pages
-/// are current, so the next update reads and writes only what has changed since.
+/// are current, so the next update reads and writes only what has changed since. Pages of workshifts that an administrator
+/// has taken out of the journal stay; those of others that are gone are removed.
 class ShiftArchive
 {
 public:
@@ -48,6 +49,8 @@ private:
     bool writeFiles(const QString& folder, ReportDocument* document, QSet<QString>* names);
     void removeFiles(const QString& folder, const QSet<QString>& wanted) const;
     bool writeMonth(const QString& month, const QVector<ReportShift>& shifts);
+    /// Adds the workshifts that have left the journal and have a page: it stays as it is.
+    bool addArchived(QMap<QString, QVector<ReportShift>>* months);
     bool writeStart(const QMap<QString, QVector<ReportShift>>& months);
     void removeOthers(const QString& month, const QVector<ReportShift>& shifts);
     QString imprint();

@@ -107,6 +107,9 @@ public:
     bool recordHistory(const QByteArray& key, QVector<RowChange>* changes);
     /// The same of a workshift, with its crew and records, and the comments and files of these.
     bool workshiftHistory(const QByteArray& key, QVector<RowChange>* changes);
+    /// Appends the removals of the workshifts that an administrator took out of the journal, of one department unless
+    /// it is empty. What they were is in the values before. False on failure.
+    bool archivedWorkshifts(const QByteArray& department, QVector<RowChange>* changes);
     /// Why the last failed request failed, in the user's words; empty after a success.
     QString lastErrorText() const;
     /// For the server scripts (CVrkToolCalcExec) and HistoryGuard only.

@@ -23,6 +23,11 @@ bool CVrkCliSes::recordHistory(const QByteArray& key, QVector<RowChange>* change
     return d->history(Q_FUNC_INFO, &LogHistory::ofRecord, key, changes);
 }
 
+bool CVrkCliSes::archivedWorkshifts(const QByteArray& department, QVector<RowChange>* changes)
+{
+    return d->history(Q_FUNC_INFO, &LogHistory::archivedShifts, department, changes);
+}
+
 bool CVrkCliSes::workshiftHistory(const QByteArray& key, QVector<RowChange>* changes)
 {
     return d->history(Q_FUNC_INFO, &LogHistory::ofWorkshift, key, changes);

@@ -8,6 +8,65 @@
 #include <QDateTime>
 #include <QTimeZone>
 
+namespace
+{
+/// A log that notes which removed rows were read.
+class CountedLog : public EvidenceLog
+{
+public:
+    explicit CountedLog(EvidenceLog* log) : EvidenceLog(nullptr), m_log(log) {}
+
+    bool removed(const QByteArrayList& tables, qint64 since, qint64 to, QVector<LoggedRow>* rows) override
+    {
+        const int before = rows->size();
+        const bool isRead = m_log->removed(tables, since, to, rows);
+        for (int i = before; i < rows->size(); ++i)
+            removedKeys.insert(rows->at(i).key);
+        return isRead;
+    }
+    bool end(qint64* number, QByteArray* epoch) override { return m_log->end(number, epoch); }
+    bool read(qint64 from, qint64 to, const Take& take) override { return m_log->read(from, to, take); }
+    bool numbersOf(const QByteArray& key, const QByteArray& table, QVector<qint64>* numbers) override
+    {
+        return m_log->numbersOf(key, table, numbers);
+    }
+    bool rowsOf(const QByteArrayList& keys, qint64 to, const Take& take) override
+    {
+        return m_log->rowsOf(keys, to, take);
+    }
+    bool batches(const QByteArray& beginning, QMap<qint64, QByteArray>* keys) override
+    {
+        return m_log->batches(beginning, keys);
+    }
+    bool keysOf(const QByteArray& table, const QByteArray& field, const QByteArrayList& values,
+                QSet<QByteArray>* keys) override
+    {
+        return m_log->keysOf(table, field, values, keys);
+    }
+    bool timeOf(qint64 number, double* time) override { return m_log->timeOf(number, time); }
+    bool chainOf(qint64 number, QByteArray* chain) override { return m_log->chainOf(number, chain); }
+    bool tile(int level, qint64 place, QByteArray* hashes) override
+    {
+        return m_log->tile(level, place, hashes);
+    }
+    bool writeTile(int, qint64, const QByteArray&) override { return false; }
+    bool headsFrom(qint64 size, QMap<qint64, QByteArray>* notes) override
+    {
+        return m_log->headsFrom(size, notes);
+    }
+    bool newestHead(QByteArray* note) override { return m_log->newestHead(note); }
+    bool writeHead(qint64, const QByteArray&) override { return false; }
+    bool stamps(QMap<qint64, QByteArray>* responses) override { return m_log->stamps(responses); }
+    bool writeStamp(qint64, const QByteArray&) override { return false; }
+    bool commit() override { return false; }
+
+    QSet<QByteArray> removedKeys;
+
+private:
+    EvidenceLog* m_log;
+};
+} // namespace
+
 /// Old workshifts leave the journal, and everything about them is kept.
 class OldShifts_test : public EvidenceBench
 {
@@ -19,6 +78,8 @@ private slots:
     void withoutTheWordNothingIsWritten();
     void aShiftLeavesWithItsRowsAndIsKept();
     void otherClientsSeeTheRowsLeave();
+    void historiesReadNoRowsOfOtherArchivedShifts();
+    void archivedShiftsAreThoseOfTheDepartment();
     void filesAreKeptUnderHarmlessNames();
     void whatIsNotSealedStays();
     void theLastShiftOfADepartmentStays();
@@ -165,6 +226,69 @@ void OldShifts_test::otherClientsSeeTheRowsLeave()
                                           {"LogbookRecords", 2},
                                           {"LogbookComments", 1},
                                           {"LogbookFiles", 1}}));
+}
+
+void OldShifts_test::historiesReadNoRowsOfOtherArchivedShifts()
+{
+    // Rows that another client removed before, between and after.
+    const auto removeOne = [this](const char* key) {
+        add({{"LogbookComments", ROW_INSERT, key, {{"RecordKey", "REC_ORDER"}, {"text_", "Лишнее"}}}});
+        add({{"LogbookComments", ROW_DELETE, key, {}}});
+    };
+    addShift("SHIFT_ODS_1", "DEP_ODS", 500);
+    addShift("SHIFT_ODS_2", "DEP_ODS", 450);
+    addShift("SHIFT_ODS_3", "DEP_ODS", 400);
+    removeOne("COM_1");
+    StoreError error;
+    const auto loader = m_store->openLoader();
+    OldShifts shifts(loader.get());
+    QVERIFY(shifts.load(TestStore::now(), "DEP_ODS", &error));
+    QCOMPARE(shifts.leaving().size(), 2);
+    QVERIFY(shifts.remove(shifts.leaving().at(0), &error) == OldShifts::Outcome::Removed);
+    removeOne("COM_2");
+    QVERIFY(shifts.remove(shifts.leaving().at(1), &error) == OldShifts::Outcome::Removed);
+    removeOne("COM_3");
+    const auto store = m_store->open(QStringLiteral("petrov"));
+    const auto log = store->evidence(Store::Access::Read, &error);
+    QVector<RowChange> changes;
+    QVERIFY(LogHistory(log.get()).ofRecord("REC_ORDER", &changes));
+    QSet<QByteArray> comments;
+    for (const RowChange& change : qAsConst(changes))
+        if (change.table == "LogbookComments")
+            comments.insert(change.key);
+    QCOMPARE(comments, (QSet<QByteArray>{"COM_READ", "COM_1", "COM_2", "COM_3"}));
+    CountedLog counted(log.get());
+    changes.clear();
+    QVERIFY(LogHistory(&counted).ofWorkshift("SHIFT_CDS_OPEN", &changes));
+    QCOMPARE(counted.removedKeys, (QSet<QByteArray>{"COM_1", "COM_2", "COM_3"}));
+    counted.removedKeys.clear();
+    QVERIFY(LogHistory(&counted).ofWorkshift("SHIFT_ODS_1", &changes));
+    QVERIFY(counted.removedKeys.contains("REC_OF_SHIFT_ODS_1"));
+    QVERIFY(!counted.removedKeys.contains("REC_OF_SHIFT_ODS_2"));
+}
+
+void OldShifts_test::archivedShiftsAreThoseOfTheDepartment()
+{
+    addShift("SHIFT_ODS_1", "DEP_ODS", 500);
+    addShift("SHIFT_ODS_2", "DEP_ODS", 400);
+    QCOMPARE(seal(), 0);
+    QCOMPARE(archive(), 0);
+    StoreError error;
+    const auto store = m_store->open(QStringLiteral("petrov"));
+    const auto log = store->evidence(Store::Access::Read, &error);
+    const auto found = [&](const char* department) {
+        QVector<RowChange> shifts;
+        QByteArrayList keys;
+        if (!LogHistory(log.get()).archivedShifts(department, &shifts))
+            qFatal("the log cannot be read");
+        for (const RowChange& shift : qAsConst(shifts))
+            keys.append(shift.key);
+        return keys;
+    };
+    QCOMPARE(found("DEP_ODS"), QByteArrayList{"SHIFT_ODS_1"});
+    QCOMPARE(found("DEP_CDS"), QByteArrayList{"SHIFT_CDS_PAST"});
+    QCOMPARE(found("DEP_ZAR"), QByteArrayList());
+    QCOMPARE(found("").size(), 2);
 }
 
 void OldShifts_test::filesAreKeptUnderHarmlessNames()

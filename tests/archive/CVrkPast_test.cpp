@@ -5,6 +5,7 @@
 #include "FailingStore.h"
 #include "HfnTime.h"
 #include "NoticeBar.h"
+#include "OldShifts.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -60,6 +61,34 @@ private slots:
         step("onAction");
         QCOMPARE(text("REC_DRAFT_IVANOV"), QStringLiteral("второй вариант"));
         QVERIFY2(banner().startsWith(QStringLiteral("Это прошлое")), qPrintable(banner()));
+    }
+
+    void anArchivedShiftIsShownAsItWas()
+    {
+        m_bench->start();
+        auto* shifts = m_bench->child<QComboBox>("shiftCombo");
+        QCOMPARE(shifts->count(), 2);
+        m_bench->module().slot_modNotify(QStringLiteral("showRecord"), QStringLiteral("REC_PAST_1"));
+        QCOMPARE(shifts->currentIndex(), 1);
+        const QString crew = shown("crewText");
+        const QString name = shifts->currentText();
+        const auto loader = m_bench->store.openLoader();
+        StoreError error;
+        OldShifts old(loader.get());
+        QVERIFY(old.load(TestStore::now(), QByteArray(), &error));
+        QCOMPARE(old.leaving().size(), 1);
+        QVERIFY(old.remove(old.leaving().constFirst(), &error) == OldShifts::Outcome::Removed);
+        QTRY_COMPARE(shifts->currentText(), name + QStringLiteral(" (в архиве)"));
+        QCOMPARE(shifts->count(), 2);
+        QCOMPARE(m_bench->keys(), (QStringList{QStringLiteral("REC_PAST_2"), QStringLiteral("REC_PAST_1")}));
+        QCOMPARE(m_bench->cell(1, "comments").toInt(), 1);
+        QCOMPARE(shown("crewText"), crew);
+        QVERIFY(banner().startsWith(QStringLiteral("Это прошлое")));
+        step("onAction");
+        QCOMPARE(m_bench->keys(), QStringList());
+        QVERIFY2(change().contains(QStringLiteral("смена убрана в архив")), qPrintable(change()));
+        step("backAction");
+        QCOMPARE(m_bench->keys().size(), 2);
     }
 
     void theWholeShiftIsShown()

@@ -1,5 +1,6 @@
 #include "ShiftArchive.h"
 
+#include "OldShifts.h"
 #include "Reports.h"
 
 #include <QDirIterator>
@@ -122,6 +123,34 @@ private slots:
         QCOMPARE(archive.update(), Archive::told(3, 1, 0));
         QVERIFY(archive.checked(QStringLiteral("pages"), {QStringLiteral(": Сводка приложена.")})
                     .endsWith(QStringLiteral(" pages")));
+    }
+
+    void pagesOfShiftsThatLeftTheJournalStay()
+    {
+        const TestStore store;
+        const QStringList withFiles{QStringLiteral("--files")};
+        QVERIFY(
+            write(store, "LogbookFiles", ROW_INSERT, "FILE_PAST",
+                  {{"RecordKey", "REC_PAST_1"}, {"fileName", "акт.txt"}, {"fileData", QByteArray("акт")}}));
+        Archive archive(store);
+        QCOMPARE(archive.update(withFiles), Archive::told(3, 3, 0));
+        const QStringList pages = archive.pages();
+        const auto loader = store.openLoader();
+        StoreError error;
+        OldShifts old(loader.get());
+        QVERIFY(old.load(TestStore::now(), QByteArray(), &error));
+        QVERIFY(old.remove(old.leaving().constFirst(), &error) == OldShifts::Outcome::Removed);
+        QCOMPARE(archive.update(withFiles), Archive::told(2, 2, 0));
+        QCOMPARE(archive.pages(), pages);
+        QCOMPARE(archive.attached().size(), 3);
+        const QString checked = archive.checked(QStringLiteral("pages"), {QStringLiteral("Кузнецов")});
+        QVERIFY2(checked.endsWith(QStringLiteral(" pages")), qPrintable(checked));
+        QVERIFY(QFile::remove(pages.constFirst()));
+        QCOMPARE(archive.update(withFiles), Archive::told(2, 0, 0));
+        QCOMPARE(archive.pages().size(), 2);
+        const QFileInfo lost(pages.constFirst());
+        QFile index(lost.dir().filePath(QStringLiteral("index.html")));
+        QVERIFY(!index.open(QIODevice::ReadOnly) || !index.readAll().contains(lost.fileName().toUtf8()));
     }
 
     void filesLieBesideThePages()

@@ -29,8 +29,10 @@ public:
     /// Passes the changes of the rows with these keys until the transaction \a to, in order of the transactions, which
     /// contain only these rows.
     virtual bool rowsOf(const QByteArrayList& keys, qint64 to, const Take& take) = 0;
-    /// Appends the rows of these tables that were removed after the transaction \a since, as they were.
-    virtual bool removed(const QByteArrayList& tables, qint64 since, QVector<LoggedRow>* rows) = 0;
+    /// Appends the rows of these tables that the transactions after \a since and until \a to removed, as they were.
+    virtual bool removed(const QByteArrayList& tables, qint64 since, qint64 to, QVector<LoggedRow>* rows) = 0;
+    /// The transactions whose batch keys begin so, with these keys.
+    virtual bool batches(const QByteArray& beginning, QMap<qint64, QByteArray>* keys) = 0;
     /// Adds the keys of the present rows of a table whose \a field is one of \a values; of all rows without a field.
     virtual bool keysOf(const QByteArray& table, const QByteArray& field, const QByteArrayList& values,
                         QSet<QByteArray>* keys) = 0;

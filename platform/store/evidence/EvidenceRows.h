@@ -19,9 +19,13 @@ constexpr char ofKeys[] = "SELECT T.number, T.batchKey, T.login, T.loader, T.tim
                           " L.event, L.oldRow, L.newRow FROM %keys AS K CROSS JOIN ChangeLog AS L"
                           " JOIN ChangeTransactions AS T ON T.number = L.number"
                           " WHERE L.rowKey = K.value AND L.number <= $2 ORDER BY L.number, L.entry";
-/// The rows of the tables in the JSON array $1 that were removed after transaction $2.
-constexpr char removed[] = "SELECT tableName, rowKey, event, oldRow FROM ChangeLog WHERE tableName IN"
-                           " (SELECT K.value FROM %keys AS K) AND number > $2 AND event = 603";
+/// The rows of the tables in the JSON array $1 that were removed after transaction $2 and until $3.
+constexpr char removed[] =
+    "SELECT tableName, rowKey, event, oldRow FROM ChangeLog WHERE tableName IN"
+    " (SELECT K.value FROM %keys AS K) AND number > $2 AND number <= $3 AND event = 603";
+/// The transactions whose batch keys are from $1 to $2, this one not included.
+constexpr char batches[] =
+    "SELECT number, batchKey FROM ChangeTransactions WHERE batchKey >= $1 AND batchKey < $2";
 constexpr char timeOf[] = "SELECT time FROM ChangeTransactions WHERE number = $1";
 
 /// The texts as a JSON array.
@@ -31,6 +35,13 @@ inline QByteArray list(const QByteArrayList& texts)
     for (const QByteArray& text : texts)
         json += (json.size() > 1 ? "," : "") + ChangeRow::quoted(text);
     return json + ']';
+}
+
+/// The first text after all that begin so, in the order of bytes; the text ends with a character below U+007F.
+inline QByteArray after(QByteArray beginning)
+{
+    ++*(beginning.end() - 1);
+    return beginning;
 }
 
 /// The keys of a table whose field is one of the values in $1; with an empty field, of all rows.

@@ -3,6 +3,7 @@
 #include "ChangeRow.h"
 #include "EvidenceLog.h"
 #include "Fields.h"
+#include "GenGuid32.h"
 #include "LogSignature.h"
 #include "TableCatalog.h"
 
@@ -13,6 +14,10 @@
 namespace
 {
 constexpr int keysAtOnce = 1000;
+/// Beginning of the key of a batch that takes a workshift out of the journal; a unique part of this length, a colon
+/// and the key of the shift follow.
+constexpr char archiving[] = "archive:";
+constexpr int uniquePart = 32;
 
 const CatalogTable* tableOf(const QByteArray& name)
 {
@@ -46,10 +51,10 @@ QVector<QVariant> valuesOf(const CatalogTable& table, const QByteArray& json)
     return values;
 }
 
-/// What an administrator did, from the key of its batch: "shift:GUID:reason" of a correction, "archive:GUID".
+/// What an administrator did, from the key of its batch: "shift:GUID:reason" of a correction, archivingBatch().
 QString reasonOf(const QByteArray& batchKey)
 {
-    if (batchKey.startsWith("archive:"))
+    if (batchKey.startsWith(archiving))
         return QStringLiteral("смена убрана в архив");
     return batchKey.startsWith("shift:") ? QString::fromUtf8(batchKey).section(QLatin1Char(':'), 2)
                                          : QString();
@@ -144,8 +149,52 @@ bool LogHistory::ofRecord(const QByteArray& key, QVector<RowChange>* changes)
     qint64 first = 0;
     const int begin = changes->size();
     return end(&last) && firstOf("LogbookRecords", key, &first) &&
-           m_log->removed({"LogbookComments", "LogbookFiles"}, first, &removed) &&
+           removedWith(key, {"LogbookComments", "LogbookFiles"}, first, &removed) &&
            addRemarks({key}, removed, &rows) && read(rows, last, changes) && sign(begin, changes);
+}
+
+bool LogHistory::removedWith(const QByteArray& key, const QByteArrayList& tables, qint64 since,
+                             QVector<LoggedRow>* rows)
+{
+    // Archived shifts may have taken a million rows along.
+    QMap<qint64, QByteArray> archived;
+    QVector<qint64> own;
+    qint64 last = 0;
+    if (!m_log->batches(archiving, &archived) || !m_log->numbersOf(key, QByteArray(), &own) || !end(&last))
+        return false;
+    for (const qint64 number : qAsConst(own))
+        archived.remove(number);
+    archived.insert(last + 1, QByteArray());
+    for (auto next = archived.upperBound(since); next != archived.end(); ++next) {
+        if (next.key() > since + 1 && !m_log->removed(tables, since, next.key() - 1, rows))
+            return false;
+        since = next.key();
+    }
+    return true;
+}
+
+QByteArray LogHistory::archivingBatch(const QByteArray& shift)
+{
+    return archiving + GenGuid32() + ':' + shift;
+}
+
+bool LogHistory::archivedShifts(const QByteArray& department, QVector<RowChange>* changes)
+{
+    QMap<qint64, QByteArray> archived;
+    qint64 last = 0;
+    if (!m_log->batches(archiving, &archived) || !end(&last))
+        return false;
+    Rows rows;
+    for (const QByteArray& batch : qAsConst(archived))
+        rows["LogbookWorkshifts"].insert(batch.mid(int(sizeof archiving) + uniquePart));
+    QVector<RowChange> all;
+    if (!rows.isEmpty() && !read(rows, last, &all))
+        return false;
+    for (const RowChange& change : qAsConst(all))
+        if (archived.contains(change.number) && change.event == RowChange::Removed &&
+            (department.isEmpty() || change.was(Field::DepartmentKey).toByteArray() == department))
+            changes->append(change);
+    return true;
 }
 
 bool LogHistory::sign(int begin, QVector<RowChange>* changes)
@@ -177,8 +226,8 @@ bool LogHistory::ofWorkshift(const QByteArray& key, QVector<RowChange>* changes)
     qint64 last = 0;
     qint64 first = 0;
     return end(&last) && firstOf("LogbookWorkshifts", key, &first) &&
-           m_log->removed({"LogbookWorkersWorkshift", "LogbookRecords", "LogbookComments", "LogbookFiles"},
-                          first, &removed) &&
+           removedWith(key, {"LogbookWorkersWorkshift", "LogbookRecords", "LogbookComments", "LogbookFiles"},
+                       first, &removed) &&
            addParts("LogbookWorkersWorkshift", Field::WorkshiftKey, {key}, removed, &rows) &&
            addParts("LogbookRecords", Field::ShiftKey, {key}, removed, &rows) &&
            addRemarks(rows.value("LogbookRecords"), removed, &rows) && read(rows, last, changes);
@@ -237,7 +286,8 @@ bool LogHistory::numberAt(double time, qint64* number)
 bool LogHistory::tablesAt(const QByteArrayList& tables, qint64 number, QVector<RowChange>* rows)
 {
     QVector<LoggedRow> removed;
-    if (!m_log->removed(tables, number, &removed))
+    qint64 newest = 0;
+    if (!end(&newest) || !m_log->removed(tables, number, newest, &removed))
         return false;
     Rows wanted;
     for (const LoggedRow& row : qAsConst(removed))

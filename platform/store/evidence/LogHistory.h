@@ -24,6 +24,11 @@ public:
     /// The same of a workshift with its crew and its records, and the comments and files of these; without signatures.
     bool ofWorkshift(const QByteArray& key, QVector<RowChange>* changes);
 
+    /// Appends the removals of the workshifts of a department that \c vrk-admin \c archive took out of the journal.
+    bool archivedShifts(const QByteArray& department, QVector<RowChange>* changes);
+    /// A new key of the batch that takes a workshift out of the journal.
+    static QByteArray archivingBatch(const QByteArray& shift);
+
     /// The last transaction that was written until \a time; 0 if the log begins later.
     bool numberAt(double time, qint64* number);
     /// The rows of these tables as they were after the transaction \a number: of each its last change until then.
@@ -36,6 +41,9 @@ private:
     /// Keys of rows by their tables.
     using Rows = QHash<QByteArray, QSet<QByteArray>>;
 
+    /// Appends the removed rows of these tables, except those that went with other archived shifts than the row \a key.
+    bool removedWith(const QByteArray& key, const QByteArrayList& tables, qint64 since,
+                     QVector<LoggedRow>* rows);
     /// Appends the changes of these rows until the transaction \a to, ordered by number.
     bool read(const Rows& rows, qint64 to, QVector<RowChange>* changes);
     /// Adds the rows of a table whose \a field refers to one of \a owners, those of \a removed included.

@@ -82,14 +82,25 @@ bool PostgresEvidence::rowsOf(const QByteArrayList& keys, qint64 to, const Take&
     return bool(rows);
 }
 
-bool PostgresEvidence::removed(const QByteArrayList& tables, qint64 since, QVector<LoggedRow>* rows)
+bool PostgresEvidence::removed(const QByteArrayList& tables, qint64 since, qint64 to,
+                               QVector<LoggedRow>* rows)
 {
-    const PgResult found = m_link->run(QByteArray(EvidenceRows::removed).replace("%keys", keyTable),
-                                       PgValues().text(EvidenceRows::list(tables)).number(since), m_error);
+    const PgResult found =
+        m_link->run(QByteArray(EvidenceRows::removed).replace("%keys", keyTable),
+                    PgValues().text(EvidenceRows::list(tables)).number(since).number(to), m_error);
     for (int i = 0; found && i < found.rows(); ++i)
         rows->append(
             {found.bytes(i, 0), found.bytes(i, 1), found.integer(i, 2), found.bytes(i, 3), QByteArray()});
     return bool(found);
+}
+
+bool PostgresEvidence::batches(const QByteArray& beginning, QMap<qint64, QByteArray>* keys)
+{
+    const PgResult rows = m_link->run(
+        EvidenceRows::batches, PgValues().text(beginning).text(EvidenceRows::after(beginning)), m_error);
+    for (int i = 0; rows && i < rows.rows(); ++i)
+        keys->insert(rows.integer(i, 0), rows.bytes(i, 1));
+    return bool(rows);
 }
 
 bool PostgresEvidence::keysOf(const QByteArray& table, const QByteArray& field, const QByteArrayList& values,

@@ -18,7 +18,8 @@ public:
     bool read(qint64 from, qint64 to, const Take& take) override;
     bool numbersOf(const QByteArray& key, const QByteArray& table, QVector<qint64>* numbers) override;
     bool rowsOf(const QByteArrayList& keys, qint64 to, const Take& take) override;
-    bool removed(const QByteArrayList& tables, qint64 since, QVector<LoggedRow>* rows) override;
+    bool removed(const QByteArrayList& tables, qint64 since, qint64 to, QVector<LoggedRow>* rows) override;
+    bool batches(const QByteArray& beginning, QMap<qint64, QByteArray>* keys) override;
     bool keysOf(const QByteArray& table, const QByteArray& field, const QByteArrayList& values,
                 QSet<QByteArray>* keys) override;
     bool timeOf(qint64 number, double* time) override;

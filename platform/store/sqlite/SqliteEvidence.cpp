@@ -82,14 +82,24 @@ bool SqliteEvidence::rowsOf(const QByteArrayList& keys, qint64 to, const Take& t
     return true;
 }
 
-bool SqliteEvidence::removed(const QByteArrayList& tables, qint64 since, QVector<LoggedRow>* rows)
+bool SqliteEvidence::removed(const QByteArrayList& tables, qint64 since, qint64 to, QVector<LoggedRow>* rows)
 {
     const QByteArray names = EvidenceRows::list(tables);
     SqliteStatement found = m_read->prepare(QByteArray(EvidenceRows::removed).replace("%keys", keyTable));
-    found.bind(1, names).bind(2, since);
+    found.bind(1, names).bind(2, since).bind(3, to);
     while (found.step())
         rows->append({found.bytes(0), found.bytes(1), found.integer(2), found.bytes(3), QByteArray()});
     return found.code() == SQLITE_DONE || fail();
+}
+
+bool SqliteEvidence::batches(const QByteArray& beginning, QMap<qint64, QByteArray>* keys)
+{
+    const QByteArray end = EvidenceRows::after(beginning);
+    SqliteStatement rows = m_read->prepare(EvidenceRows::batches);
+    rows.bind(1, beginning).bind(2, end);
+    while (rows.step())
+        keys->insert(rows.integer(0), rows.bytes(1));
+    return rows.code() == SQLITE_DONE || fail();
 }
 
 bool SqliteEvidence::keysOf(const QByteArray& table, const QByteArray& field, const QByteArrayList& values,
