@@ -9,10 +9,11 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QScreen>
+#include <QShortcut>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QTableView>
-#include <QTabWidget>
 #include <QTimer>
 #include <QToolBar>
 #include <QUrl>
@@ -50,7 +51,8 @@ DirectoryWindow::DirectoryWindow(std::unique_ptr<Store> store, const QString& ur
       m_store(std::move(store)),
       m_url(url),
       m_notice(new NoticeBar(this)),
-      m_tabs(new QTabWidget(this)),
+      m_sheets(new QListWidget(this)),
+      m_stack(new QStackedWidget(this)),
       m_faultPane(new QWidget(this)),
       m_faults(new QListWidget(this)),
       m_faultCount(new QLabel(this)),
@@ -60,16 +62,20 @@ DirectoryWindow::DirectoryWindow(std::unique_ptr<Store> store, const QString& ur
     setObjectName(QStringLiteral("DirectoryWindow"));
     setWindowTitle(tr("Справочники: %1[*]").arg(shownAddress(url)));
     m_notice->setObjectName(QStringLiteral("notice"));
-    m_tabs->setObjectName(QStringLiteral("sheets"));
-    m_tabs->setAccessibleName(tr("Таблицы"));
+    m_sheets->setObjectName(QStringLiteral("sheets"));
+    m_sheets->setAccessibleName(tr("Таблицы"));
+    m_sheets->setToolTip(tr("Следующая таблица: Ctrl+Page Down, предыдущая: Ctrl+Page Up"));
+    m_sheets->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_sheets->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     m_faults->setObjectName(QStringLiteral("faults"));
     m_faults->setAccessibleName(tr("Ошибки"));
     m_faults->setWordWrap(true);
     m_faults->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_faultCount->setObjectName(QStringLiteral("faultCount"));
     for (SheetModel* model : m_draft.models()) {
-        m_pages.append(new SheetPage(model, m_tabs));
-        m_tabs->addTab(m_pages.constLast(), titleOf(model->sheet()));
+        m_pages.append(new SheetPage(model, m_stack));
+        m_stack->addWidget(m_pages.constLast());
+        m_sheets->addItem(titleOf(model->sheet()));
         connect(model, &SheetModel::edited, this, [this] {
             m_pause->start();
             showState();
@@ -80,8 +86,13 @@ DirectoryWindow::DirectoryWindow(std::unique_ptr<Store> store, const QString& ur
     faults->addWidget(m_faultCount);
     faults->addWidget(m_faults);
     m_faultPane->hide();
+    auto* sheets = new QWidget(this);
+    auto* beside = new QHBoxLayout(sheets);
+    beside->setContentsMargins(0, 0, 0, 0);
+    beside->addWidget(m_sheets);
+    beside->addWidget(m_stack, 1);
     auto* halves = new QSplitter(Qt::Vertical, this);
-    halves->addWidget(m_tabs);
+    halves->addWidget(sheets);
     halves->addWidget(m_faultPane);
     halves->setStretchFactor(0, 4);
     halves->setStretchFactor(1, 1);
@@ -95,6 +106,10 @@ DirectoryWindow::DirectoryWindow(std::unique_ptr<Store> store, const QString& ur
     makeActions();
     m_pause->setSingleShot(true);
     m_pause->setInterval(pauseMs);
+    connect(m_sheets, &QListWidget::currentRowChanged, m_stack, &QStackedWidget::setCurrentIndex);
+    m_sheets->setCurrentRow(0);
+    for (int i = 0; i < m_pages.size(); ++i)
+        nameSheet(i, 0);
     connect(m_pause, &QTimer::timeout, this, &DirectoryWindow::check);
     connect(m_faults, &QListWidget::itemActivated, this, [this] { showFault(m_faults->currentRow()); });
     connect(m_faults, &QListWidget::itemClicked, this, [this] { showFault(m_faults->currentRow()); });
@@ -120,7 +135,7 @@ QAction* DirectoryWindow::addAction(const QString& text, const char* name, const
     // Delete elsewhere, such as in the list of faults, must not remove rows.
     const bool isOfTables = keys == QKeySequence(Qt::Key_Insert) || keys == QKeySequence(Qt::Key_Delete);
     action->setShortcutContext(isOfTables ? Qt::WidgetWithChildrenShortcut : Qt::WindowShortcut);
-    QWidget* const owner = isOfTables ? static_cast<QWidget*>(m_tabs) : this;
+    QWidget* const owner = isOfTables ? static_cast<QWidget*>(m_stack) : this;
     owner->addAction(action);
     return action;
 }
@@ -150,6 +165,12 @@ void DirectoryWindow::makeActions()
     bar->addSeparator();
     bar->addAction(addAction(tr("Найти"), "find", QKeySequence::Find, &DirectoryWindow::find));
     bar->addAction(addAction(tr("К ошибке"), "nextFault", Qt::Key_F8, &DirectoryWindow::nextFault));
+    const auto turn = [this](Qt::Key key, int step) {
+        auto* shortcut = new QShortcut(QKeySequence(int(Qt::CTRL) | key), this);
+        connect(shortcut, &QShortcut::activated, this, [this, step] { turnPage(step); });
+    };
+    turn(Qt::Key_PageDown, 1);
+    turn(Qt::Key_PageUp, -1);
 }
 
 bool DirectoryWindow::load(StoreError* error)
@@ -180,7 +201,7 @@ SheetPage* DirectoryWindow::page(const QByteArray& table) const
 
 SheetPage* DirectoryWindow::current() const
 {
-    return m_pages.at(m_tabs->currentIndex());
+    return m_pages.at(m_stack->currentIndex());
 }
 
 void DirectoryWindow::addRow()
@@ -226,7 +247,7 @@ void DirectoryWindow::showFault(int number)
     const int column =
         fault.fault.column ? int(fault.fault.column - fault.model->sheet().columns.constData()) : -1;
     SheetPage* page = this->page(fault.model->sheet().table);
-    m_tabs->setCurrentWidget(page);
+    m_sheets->setCurrentRow(m_pages.indexOf(page));
     page->showCell(fault.key, column);
 }
 
@@ -249,11 +270,22 @@ void DirectoryWindow::showFaults()
     }
     m_faultCount->setText(tr("Ошибок: %1. Enter или F8 ведёт к ячейке.").arg(m_draft.faults().size()));
     m_faultPane->setVisible(!m_draft.faults().isEmpty());
-    for (int i = 0; i < m_pages.size(); ++i) {
-        const int count = counts.value(m_pages.at(i)->model());
-        const QString title = titleOf(m_pages.at(i)->model()->sheet());
-        m_tabs->setTabText(i, count > 0 ? tr("%1 (ошибок: %2)").arg(title).arg(count) : title);
-    }
+    for (int i = 0; i < m_pages.size(); ++i)
+        nameSheet(i, counts.value(m_pages.at(i)->model()));
+}
+
+void DirectoryWindow::nameSheet(int number, int faults)
+{
+    const QString title = titleOf(m_pages.at(number)->model()->sheet());
+    m_sheets->item(number)->setText(faults > 0 ? tr("%1 (ошибок: %2)").arg(title).arg(faults) : title);
+    const int frame = 2 * m_sheets->frameWidth() + fontMetrics().averageCharWidth();
+    m_sheets->setFixedWidth(m_sheets->sizeHintForColumn(0) + frame);
+}
+
+void DirectoryWindow::turnPage(int step)
+{
+    const int count = m_pages.size();
+    m_sheets->setCurrentRow((m_sheets->currentRow() + step + count) % count);
 }
 
 void DirectoryWindow::showState()

@@ -9,7 +9,7 @@ class NoticeBar;
 class QAction;
 class QLabel;
 class QListWidget;
-class QTabWidget;
+class QStackedWidget;
 class QTimer;
 class SheetPage;
 
@@ -42,6 +42,8 @@ private:
                        void (DirectoryWindow::*slot)());
     void makeActions();
     SheetPage* current() const;
+    void nameSheet(int number, int faults);
+    void turnPage(int step);
     void addRow();
     void discard();
     void find();
@@ -62,7 +64,8 @@ private:
     QString m_url;
     DirectoryDraft m_draft;
     NoticeBar* m_notice;
-    QTabWidget* m_tabs;
+    QListWidget* m_sheets; ///< their names, in the order of the pages
+    QStackedWidget* m_stack;
     QWidget* m_faultPane;
     QListWidget* m_faults;
     QLabel* m_faultCount;

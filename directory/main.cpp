@@ -5,6 +5,7 @@
 #include "StoreDialog.h"
 #include "StoreZone.h"
 #include "Theme.h"
+#include "WindowMemory.h"
 
 #include <cstdio>
 #include <QApplication>
@@ -122,8 +123,13 @@ int run(const Options& options)
         QMessageBox::critical(nullptr, words("Справочники"), error.text);
         return Failed;
     }
+    WindowMemory memory(&window, QStringLiteral("vrk-directory"), window.objectName());
+    memory.restorePlace();
     window.show();
-    return QApplication::exec();
+    memory.restoreInside();
+    const int code = QApplication::exec();
+    memory.save();
+    return code;
 }
 } // namespace
 

@@ -526,6 +526,48 @@ def converter(desk):
         seat.ended()
 
 
+def directory(desk):
+    """The administrator mends a role in the window of the reference data."""
+    seat = desk.seat("admin")
+    seat.run("vrk-directory", desk.store)
+    seat.open("DirectoryWindow")
+    seat.endure("DirectoryWindow")
+    seat.click(seat.item("sheets", "Должности"))
+    seat.press("Ctrl+F")
+    seat.expect_focus("search")
+    seat.type("дежурный энерг")
+    seat.wait(lambda tree: len({i["rect"][1] for i in tree.one("table").get("items", [])}) == 1, "one row to be found")
+    x, y, width, height = seat.item("table", "Дежурный энергетик")["rect"]
+    seat.screen.click(x + width - 40, y + height // 2, times=2)
+    seat.wait(lambda tree: tree.focus() and tree.focus()["class"] == "QLineEdit" and tree.focus()["name"] != "search", "an editor")
+    seat.press("End")
+    seat.type(" смены")
+    seat.press("Enter")
+    seat.press("Ctrl+S")
+    seat.open("SaveDialog")
+    seat.endure("SaveDialog")
+    seat.press("Escape")
+    seat.gone("SaveDialog")
+    seat.press("Ctrl+S")
+    seat.open("SaveDialog")
+    seat.press("Enter")
+    seat.gone("SaveDialog")
+    seat.expect(lambda tree: any("Записано" in (w.get("text") or "") for w in tree.find(inside="notice")), "nothing says that it was written")
+    seat.screen.place(int(seat.frame("DirectoryWindow").wid), 60, 50, 900, 560)
+    seat.calm()
+    place = seat.frame("DirectoryWindow").rect
+    seat.close_by_frame("DirectoryWindow")
+    if seat.ended():
+        seat.faults.add(seat, "leave", "the program ends with an error", None)
+    seat.run("vrk-directory", desk.store)
+    seat.open("DirectoryWindow")
+    seat.expect(lambda tree: all(abs(a - b) <= 1 for a, b in zip(seat.frame("DirectoryWindow").rect, place)),
+                lambda tree: f"the window is at {seat.frame('DirectoryWindow').rect}, it was at {place}")
+    seat.click(seat.item("sheets", "Должности"))
+    seat.item("table", " смены")
+    seat.close_by_frame("DirectoryWindow")
+
+
 def monkey(desk):
     """Keys, clicks and actions of a frame, in a random order; the same number repeats it."""
     seed = desk.options.seed

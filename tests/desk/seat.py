@@ -82,7 +82,11 @@ class Seat:
     # -- the program
 
     def start(self, *arguments, asks=False):
-        """Starts the program with the store of the desk, or without one if it "asks" for it."""
+        """Starts the workstation with the store of the desk, or without one if it "asks" for it."""
+        self.run("vrk-workstation", *([] if asks else ["--store", self.store]), "--no-greeting", *arguments)
+
+    def run(self, program, *arguments):
+        """Starts a program and waits for its window."""
         self.starts += 1
         self.end()
         path = f"{self.folder}/probe-{self.starts}"
@@ -93,7 +97,7 @@ class Seat:
             environment.pop(variable, None)
         self.log = f"{self.folder}/{self.name}.log"
         with open(self.log, "ab") as log:
-            self.process = subprocess.Popen([f"{self.build}/bin/vrk-workstation", *([] if asks else ["--store", self.store]), "--no-greeting", *arguments],
+            self.process = subprocess.Popen([f"{self.build}/bin/{program}", *arguments],
                                             env=environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
         until = time.monotonic() + PATIENCE
         while not os.path.exists(path):

@@ -8,9 +8,9 @@
 
 #include <QAction>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTableView>
-#include <QTabWidget>
 #include <QTest>
 
 /// The window of the reference data over a real store, used with keys and buttons. Base of tests.
@@ -60,7 +60,9 @@ inline void DirectoryBench::stop()
 inline SheetPage* DirectoryBench::open(const char* table)
 {
     SheetPage* page = m_window->page(table);
-    m_window->findChild<QTabWidget*>(QStringLiteral("sheets"))->setCurrentWidget(page);
+    auto* names = m_window->findChild<QListWidget*>(QStringLiteral("sheets"));
+    for (int row = 0; row < names->count() && !page->isVisible(); ++row)
+        names->setCurrentRow(row);
     return page;
 }
 

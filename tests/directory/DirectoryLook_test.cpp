@@ -9,7 +9,6 @@
 #include <QAction>
 #include <QDir>
 #include <QTableView>
-#include <QTabWidget>
 
 /// The window of the reference data for users who see badly or have no mouse, in each theme and size of letters. With
 /// VRK_PICTURES=FOLDER it leaves pictures there.
@@ -109,9 +108,9 @@ void DirectoryLook_test::textsAreLegible()
         m_window->page("Workers")->commit();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    auto* tabs = m_window->findChild<QTabWidget*>(QStringLiteral("sheets"));
-    for (int page = 1; page < tabs->count(); ++page) {
-        tabs->setCurrentIndex(page);
+    auto* names = m_window->findChild<QListWidget*>(QStringLiteral("sheets"));
+    for (int page = 1; page < names->count(); ++page) {
+        names->setCurrentRow(page);
         found += WindowContrast::faults(m_window.get(), &measured);
         keep(m_window.get(), QStringLiteral("%1-%2").arg(theme).arg(page));
     }
@@ -152,6 +151,8 @@ void DirectoryLook_test::largeLettersFit()
     m_window->resize(1280, 680);
     QCoreApplication::processEvents();
     QCOMPARE(m_window->size(), QSize(1280, 680));
+    const auto* names = m_window->findChild<QListWidget*>(QStringLiteral("sheets"));
+    QVERIFY(names->sizeHintForColumn(0) <= names->viewport()->width());
     keep(m_window.get(), QStringLiteral("large"));
     SaveDialog save(*m_window->draft(), QString(), nullptr);
     save.show();

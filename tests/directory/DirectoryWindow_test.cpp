@@ -20,6 +20,7 @@ private slots:
     void newRowsDisappear();
     void faultsStandBesideTheirCells_data();
     void faultsStandBesideTheirCells();
+    void keysTurnThePages();
     void aTakenNameIsRefused();
     void newRowsMayNotOwnEachOther();
     void listsOfferReferences();
@@ -137,10 +138,25 @@ void DirectoryWindow_test::faultsStandBesideTheirCells()
     open("Organizations");
     list->setCurrentRow(0);
     QTest::keyClick(list, Qt::Key_Return);
-    auto* tabs = m_window->findChild<QTabWidget*>(QStringLiteral("sheets"));
-    QCOMPARE(tabs->currentWidget(), static_cast<QWidget*>(m_window->page(table)));
+    auto* names = m_window->findChild<QListWidget*>(QStringLiteral("sheets"));
+    QVERIFY(m_window->page(table)->isVisible());
     QCOMPARE(m_window->page(table)->table()->currentIndex(), index);
-    QVERIFY(tabs->tabText(tabs->currentIndex()).endsWith(QStringLiteral("(ошибок: 1)")));
+    QVERIFY(names->currentItem()->text().endsWith(QStringLiteral("(ошибок: 1)")));
+}
+
+void DirectoryWindow_test::keysTurnThePages()
+{
+    auto* names = m_window->findChild<QListWidget*>(QStringLiteral("sheets"));
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    open("Workers");
+    m_window->page("Workers")->table()->setFocus();
+    QTest::keyClick(m_window->page("Workers")->table(), Qt::Key_PageDown, Qt::ControlModifier);
+    QVERIFY(m_window->page("Users")->isVisible());
+    QCOMPARE(names->currentRow(), 1);
+    QTest::keyClick(m_window.get(), Qt::Key_PageUp, Qt::ControlModifier);
+    QTest::keyClick(m_window.get(), Qt::Key_PageUp, Qt::ControlModifier);
+    QCOMPARE(names->currentRow(), names->count() - 1);
 }
 
 void DirectoryWindow_test::aTakenNameIsRefused()
