@@ -42,7 +42,7 @@ class Faults:
         path = f"{self.folder}/{len(os.listdir(self.folder)):03}-{seat.name}"
         seat.screen.save_picture(path + ".png")
         with open(path + ".json", "w") as file:
-            json.dump({"step": step, **tree.without_links()}, file, ensure_ascii=False, indent=1)
+            json.dump({"step": step, "before": seat.steps[-20:], **tree.without_links()}, file, ensure_ascii=False, indent=1)
         print(f"      {path}.png", flush=True)
 
 

@@ -78,6 +78,7 @@ class Seat:
         self.folder, self.faults = folder, faults
         self.process = self.line = None
         self.starts = self.looks = 0
+        self.steps = []  # what was done, for the report of a fault
 
     # -- the program
 
@@ -183,6 +184,7 @@ class Seat:
     def look(self, step):
         """Records visible errors that do not disappear."""
         self.looks += 1
+        self.steps.append(step)
         until = time.monotonic() + GIVE_UP
         while True:
             tree = self.tree()
