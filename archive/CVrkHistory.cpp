@@ -83,6 +83,7 @@ bool CVrkHistory::ModuleStart()
     m_table->setEmptyText(
         m_isStarted ? tr("Запись не выбрана. Откройте историю из меню записи в журнале или в поиске.")
                     : tr("Не удалось загрузить данные!"));
+    m_table->setFocus();
     return m_isStarted;
 }
 

@@ -104,15 +104,15 @@ void CVrkPast::makeBars()
     QToolBar* where = ToolBars::add(this, "shiftBar");
     m_departments->setObjectName(QStringLiteral("departmentCombo"));
     m_shifts->setObjectName(QStringLiteral("shiftCombo"));
-    // The times of a shift must be readable; a name of a department is recognised by its beginning.
-    m_departments->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_departments->setMinimumContentsLength(22);
-    m_shifts->setMinimumContentsLength(44);
+    // Names and times must be readable, also in the smallest window.
+    m_departments->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    m_shifts->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     ToolBars::addLabelled(where, tr("&Подразделение"), m_departments);
-    ToolBars::addLabelled(where, tr("С&мена"), m_shifts);
 
     addToolBarBreak();
     QToolBar* when = ToolBars::add(this, "timeBar");
+    when->setToolButtonStyle(Qt::ToolButtonIconOnly); // narrow screens have room for the times
+    ToolBars::addLabelled(when, tr("С&мена"), m_shifts);
     m_time->setObjectName(QStringLiteral("timeEdit"));
     m_time->setDisplayFormat(QStringLiteral("dd.MM.yyyy hh:mm:ss"));
     m_time->setCalendarPopup(true);

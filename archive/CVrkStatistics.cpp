@@ -70,8 +70,7 @@ CVrkStatistics::~CVrkStatistics() = default;
 void CVrkStatistics::makeChoice()
 {
     QToolBar* bar = ToolBars::add(this, "choiceBar");
-    m_departments->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_departments->setMinimumContentsLength(22);
+    m_departments->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     const QVector<QPair<QString, int>> periods{{tr("Сегодня"), 1},
                                                {tr("7 дней"), 7},
                                                {tr("30 дней"), usualDays},
@@ -90,10 +89,19 @@ void CVrkStatistics::makeChoice()
     ToolBars::addLabelled(bar, tr("&Подразделение"), m_departments);
     m_periods->setObjectName(QStringLiteral("periodCombo"));
     ToolBars::addLabelled(bar, tr("П&ериод"), m_periods);
+    addToolBarBreak();
+    bar = ToolBars::add(this, "daysBar");
     m_from->setObjectName(QStringLiteral("fromEdit"));
     ToolBars::addLabelled(bar, tr("&с"), m_from);
     m_to->setObjectName(QStringLiteral("toEdit"));
     ToolBars::addLabelled(bar, tr("п&о"), m_to);
+    m_late->setRange(0, mostLateMinutes);
+    m_late->setKeyboardTracking(false);
+    m_late->setSuffix(tr(" мин"));
+    m_late->setToolTip(
+        tr("Запись внесена поздно, если она сделана позже события более чем на столько минут"));
+    m_late->setObjectName(QStringLiteral("lateSpin"));
+    ToolBars::addLabelled(bar, tr("Внесено поз&же на"), m_late);
     m_from->setAccessibleName(tr("Первый день"));
     m_to->setAccessibleName(tr("Последний день"));
 }
@@ -140,13 +148,6 @@ void CVrkStatistics::makeActions()
 {
     addToolBarBreak();
     QToolBar* bar = ToolBars::add(this, "actionBar");
-    m_late->setRange(0, mostLateMinutes);
-    m_late->setKeyboardTracking(false);
-    m_late->setSuffix(tr(" мин"));
-    m_late->setToolTip(
-        tr("Запись внесена поздно, если она сделана позже события более чем на столько минут"));
-    m_late->setObjectName(QStringLiteral("lateSpin"));
-    ToolBars::addLabelled(bar, tr("Внесено поз&же на"), m_late);
     const auto add = [&](const char* name, const QString& text, const QKeySequence& key, auto request) {
         QAction* action = bar->addAction(text, this, request);
         action->setObjectName(QLatin1String(name));

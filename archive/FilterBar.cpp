@@ -66,9 +66,10 @@ FilterBar::FilterBar(QWidget* parent)
     m_files = addSwitch("filesFilter", tr("С файлами"), tr("Только записи с файлами"));
     auto* below = new QHBoxLayout;
     rows->addLayout(below);
-    below->addWidget(m_marker);
-    below->addWidget(m_equipment);
-    below->addStretch();
+    for (QComboBox* choice : {m_marker, m_equipment}) { // long names; they get what is free
+        choice->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        below->addWidget(choice, 1);
+    }
     below->addWidget(m_hidden);
     below->addWidget(m_all);
     m_hidden->hide();

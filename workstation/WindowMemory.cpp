@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QLayout>
 #include <QMainWindow>
@@ -12,6 +13,7 @@
 #include <QSplitter>
 #include <QTableView>
 #include <QTabWidget>
+#include <QToolBar>
 
 namespace
 {
@@ -167,10 +169,33 @@ QVector<VrkTableTool*> WindowMemory::tables() const
     return found;
 }
 
+bool WindowMemory::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest)
+        makeRoomForBars();
+    return QObject::eventFilter(watched, event);
+}
+
+void WindowMemory::makeRoomForBars()
+{
+    const QScreen* screen = m_window ? m_window->screen() : nullptr;
+    if (!screen)
+        return;
+    const int room = screen->availableSize().width() - usualFrame.width();
+    int width = qMin(leastWindow.width(), room);
+    for (const QToolBar* bar : m_window->findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly))
+        if (bar->isVisibleTo(m_window) && bar->sizeHint().width() <= room)
+            width = qMax(width, bar->sizeHint().width());
+    m_window->setMinimumWidth(width);
+}
+
 void WindowMemory::restoreInside()
 {
     if (!m_window)
         return;
+    for (QToolBar* bar : m_window->findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly))
+        bar->installEventFilter(this);
+    makeRoomForBars();
     const QSettings settings;
     for (QSplitter* splitter : splitters()) {
         const QString name = pathOf(splitter);

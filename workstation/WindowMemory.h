@@ -21,7 +21,8 @@ class WindowMemory : public QObject
     Q_OBJECT
 
 public:
-    /// From now on the window has a minimum size at which it is usable.
+    /// From now on the window has a minimum size at which it is usable, and all buttons of its tool bars are seen
+    /// unless the screen is too narrow.
     WindowMemory(QMainWindow* window, const QString& user, const QString& module);
 
     /// Restores the window's place before it is shown. False if nothing is remembered: then it is only made
@@ -42,7 +43,12 @@ public:
     /// that shows most of it; not smaller than useful, not larger than that screen.
     static QRect fitted(const QRect& wanted, const QVector<QRect>& screens);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    /// The minimum width is that of the widest tool bar.
+    void makeRoomForBars();
     QString key(const QString& name) const { return m_group + QLatin1Char('/') + name; }
     QVector<QSplitter*> splitters() const;
     void restoreTables();

@@ -86,6 +86,8 @@ void TemplateFiller::Private::build()
     bar->setContentsMargins(4, 2, 4, 2);
     auto* note = new QLabel(tr("Показаны значения, введённые раньше и не записанные"));
     note->setWordWrap(true);
+    // Two lines, also in the smallest window.
+    note->setMinimumSize(note->fontMetrics().averageCharWidth() * 30, note->fontMetrics().lineSpacing() * 2);
     auto* clear = new QToolButton;
     clear->setObjectName(QStringLiteral("clearKeptButton"));
     clear->setText(tr("Очистить"));

@@ -7,9 +7,13 @@
 #include <QHideEvent>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QTimer>
 
 namespace
 {
+constexpr int mostFits = 3;     ///< a window manager that insists wins
+constexpr int settlingMs = 300; ///< after the activation; it may still move the window
+
 QMargins frameOf(const QWidget* window)
 {
     const QRect inner = window->geometry();
@@ -71,7 +75,9 @@ bool CPopTemplate::event(QEvent* event)
         return true;
     const bool done = QWidget::event(event);
     if (event->type() == QEvent::Move || event->type() == QEvent::WindowActivate)
-        settle(event->type());
+        settle();
+    if (event->type() == QEvent::WindowActivate && m_isSettling)
+        QTimer::singleShot(settlingMs, this, &CPopTemplate::endSettling);
     return done;
 }
 
@@ -87,20 +93,31 @@ void CPopTemplate::fitIntoScreen(QRect contents)
 }
 
 // Only the window manager knows the frame and where it puts the window, also when it is shown again. So from
-// the showing to the first activation the frame is kept on the screen; later the user may move it anywhere.
-void CPopTemplate::settle(QEvent::Type event)
+// the showing until shortly after the activation the frame is kept on the screen; later the user may move it anywhere.
+void CPopTemplate::settle()
 {
     const bool isFrameKnown = !frameOf(this).isNull();
     if (m_fitsLeft == 0 || !isVisible() || !isFrameKnown)
         return;
-    m_fitsLeft = event == QEvent::WindowActivate ? 0 : m_fitsLeft - 1;
+    --m_fitsLeft;
     if (screen() && !screen()->availableGeometry().contains(frameGeometry()))
         fitIntoScreen(geometry());
 }
 
+void CPopTemplate::endSettling()
+{
+    if (!m_isSettling)
+        return;
+    m_isSettling = false;
+    m_fitsLeft = 1;
+    settle();
+    m_fitsLeft = 0;
+}
+
 void CPopTemplate::showEvent(QShowEvent* event)
 {
-    m_fitsLeft = 3;
+    m_isSettling = true;
+    m_fitsLeft = mostFits;
     m_opener = qobject_cast<CPopTemplate*>(QApplication::activeWindow());
     resize(size().boundedTo(room(this).size()));
     if (m_guarding)

@@ -44,11 +44,13 @@ protected:
 
 private:
     void fitIntoScreen(QRect contents);
-    void settle(QEvent::Type event);
+    void settle();
+    void endSettling();
 
     std::unique_ptr<PopGuard> m_guard; ///< created when first needed
     QPointer<CPopTemplate> m_opener;   ///< the dialog that was active when this one was shown: gets the
                                        ///< focus back
     bool m_guarding = false;
-    int m_fitsLeft = 0; ///< how often the frame may still be moved onto the screen after a showing
+    bool m_isSettling = false; ///< from a showing until shortly after the activation
+    int m_fitsLeft = 0;        ///< how often the frame may still be moved onto the screen after a showing
 };

@@ -111,7 +111,7 @@ def play(build, demo, name, letters, options):
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("build")
-    parser.add_argument("--scenes", default="door,night,past,handover,dialogs,configurator,converter,directory")
+    parser.add_argument("--scenes", default="door,night,past,handover,dialogs,configurator,converter,directory,archive")
     parser.add_argument("--letters", default="100,150")
     parser.add_argument("--seed", type=int, default=int(time.time()))
     parser.add_argument("--keys", type=int, default=60, help="how many keys and clicks the scene monkey makes")

@@ -468,8 +468,8 @@ def open_shift(seat, colleague):
         one.wait(lambda tree: "Смена открыта" in tree.one("statusLabel").get("text", ""), "the shift to be open")
 
 
-def leave(seat):
-    seat.close_by_frame("CVrkLogBook")
+def leave(seat, window="CVrkLogBook"):
+    seat.close_by_frame(window)
     if seat.alive() and seat.ended():
         seat.faults.add(seat, "leave", "the program ends with an error", seat.tree())
 
@@ -524,6 +524,17 @@ def converter(desk):
     seat.close_by_frame("CVrkConverter")
     if seat.alive():
         seat.ended()
+
+
+def archive(desk):
+    """Each window of the second plug-in, from the largest to the smallest size."""
+    seat = desk.seat("ozerov")
+    for module, window in (("unfinished", "CVrkUnfinished"), ("archive", "CVrkArchive"), ("bookmarks", "CVrkBookmarks"),
+                           ("history", "CVrkHistory"), ("past", "CVrkPast"), ("statistics", "CVrkStatistics")):
+        seat.start("--user", "ozerov", "--department", "ЦДС", "--module", module)
+        seat.open(window)
+        seat.endure(window)
+        leave(seat, window)
 
 
 def directory(desk):

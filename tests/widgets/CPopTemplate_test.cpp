@@ -88,6 +88,27 @@ private slots:
         QVERIFY(s.pop.width() <= screen.width() && s.pop.height() <= screen.height());
     }
 
+    void aWindowThatIsMovedWhileItAppearsComesBack()
+    {
+        Setup s;
+        const QRect screen = s.window.screen()->availableGeometry();
+        s.window.show();
+        s.pop.show();
+        s.pop.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&s.pop));
+        for (int i = 0; i < 5; ++i) // as a window manager may do
+            s.pop.move(screen.left() + i, screen.top() - 500);
+        QTRY_VERIFY(screen.contains(s.pop.frameGeometry()));
+        QTest::qWait(400);
+        s.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&s.window));
+        s.pop.move(screen.left(), screen.top() - 100); // the user's own will
+        s.pop.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&s.pop));
+        QTest::qWait(400);
+        QVERIFY(!screen.contains(s.pop.frameGeometry()));
+    }
+
     void itsFrameStaysOnTheScreenToo()
     {
         Setup s;

@@ -8,6 +8,7 @@
 #include "Workstation.h"
 
 #include <QHeaderView>
+#include <QMainWindow>
 #include <QScreen>
 #include <QSplitter>
 #include <QTableView>
@@ -78,6 +79,25 @@ private slots:
         m_bench = std::make_unique<HostBench>();
         QSettings().clear();
     }
+    void toolBarsAreSeenWhole()
+    {
+        QMainWindow window;
+        QToolBar* bar = window.addToolBar(QStringLiteral("wide"));
+        auto* button = new QWidget;
+        button->setFixedWidth(300);
+        bar->addWidget(button);
+        WindowMemory memory(&window, QStringLiteral("ozerov"), QStringLiteral("wide"));
+        memory.restorePlace();
+        window.show();
+        memory.restoreInside();
+        const int least = window.minimumWidth();
+        QVERIFY(least < 700);
+        button->setFixedWidth(730);
+        QTRY_VERIFY(window.minimumWidth() >= 730);
+        button->setFixedWidth(9000); // no screen has room
+        QTRY_COMPARE(window.minimumWidth(), least);
+    }
+
     void cleanup()
     {
         m_host.reset();
