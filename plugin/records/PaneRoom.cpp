@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QSplitter>
+#include <QTableView>
 
 PaneRoom::PaneRoom(QSplitter* splitter, const VrkTableTool* tool)
     : QObject(splitter), m_splitter(splitter), m_tool(tool)
@@ -15,9 +16,17 @@ void PaneRoom::toggle()
 {
     QWidget* panes = m_splitter->widget(1);
     m_byUser = true;
-    panes->setVisible(!panes->isVisible());
+    show(!panes->isVisible());
     if (panes->isVisible())
         panes->setFocus();
+}
+
+void PaneRoom::show(bool isShown)
+{
+    QWidget* panes = m_splitter->widget(1);
+    if (!isShown && panes->isAncestorOf(m_splitter->window()->focusWidget()))
+        m_tool->tableView()->setFocus(); // hidden panes would keep the keyboard
+    panes->setVisible(isShown);
 }
 
 bool PaneRoom::eventFilter(QObject* watched, QEvent* event)
@@ -42,5 +51,5 @@ void PaneRoom::judge()
         m_paneWidth =
             // the layout does not have the new font yet
             qMax(panes->width(), panes->minimumSizeHint().width());
-    panes->setVisible(m_splitter->width() - m_paneWidth - m_splitter->handleWidth() >= needed);
+    show(m_splitter->width() - m_paneWidth - m_splitter->handleWidth() >= needed);
 }

@@ -22,6 +22,7 @@ public:
 
 private:
     void judge();
+    void show(bool isShown);
 
     QSplitter* m_splitter;
     const VrkTableTool* m_tool;

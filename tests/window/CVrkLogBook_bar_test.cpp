@@ -265,6 +265,32 @@ private slots:
         QCOMPARE(picture(desk.child<QTabWidget>("logbooks")->tabIcon(1)), picture(":/icons/comment.png"));
     }
 
+    void hiddenPanesGiveTheKeyboardToTheTable()
+    {
+        const TestStore store;
+        JournalWindow desk(store, QStringLiteral("ivanov"));
+        desk.window().resize(1600, 700);
+        desk.window().show();
+        desk.window().activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&desk.window()));
+        auto* panes = JournalWindow::childOf<QTabWidget>(&desk.home(), "additionalTab");
+        auto* files = JournalWindow::childOf<QTableView>(&desk.home(), "filesTable");
+        auto* records = JournalWindow::childOf<QTableView>(&desk.home(), "recordsTable");
+        QTRY_VERIFY(panes->isVisible());
+        panes->setCurrentIndex(1);
+        files->setFocus();
+        QVERIFY(files->hasFocus());
+        desk.window().resize(700, 700); // no room for them
+        QTRY_VERIFY(!panes->isVisible());
+        QVERIFY(records->hasFocus());
+        button(desk, "paneButton")->click();
+        QVERIFY(panes->isVisible());
+        files->setFocus();
+        button(desk, "paneButton")->click();
+        QVERIFY(!panes->isVisible());
+        QVERIFY(records->hasFocus());
+    }
+
     void labelsLeaveTheBarWhereItIsNarrow()
     {
         const TestStore store;
