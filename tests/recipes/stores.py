@@ -31,7 +31,7 @@ class Sqlite:
         database = sqlite3.connect(self.file)
         try:
             # The triggers of log and search call functions of the program; their values do not matter here.
-            for name in ("vrk_row", "vrk_words", "vrk_equipment"):
+            for name in ("vrk_row", "vrk_leaf", "vrk_words", "vrk_equipment"):
                 database.create_function(name, -1, lambda *values: "")
             database.execute("INSERT INTO CurrentTransaction (number, login, userKey, loader) VALUES (0, '', '', 0)")
             database.execute(sql)
