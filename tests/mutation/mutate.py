@@ -261,7 +261,9 @@ def take_away(build, path, names, share):
         if verdict != "caught":
             survivors.append(one.name)
         print(f"{verdict:8} {one.name}", flush=True)
-    tests.make(wanted)  # the build tree has the original sources again
+    # The build tree and the clusters that other runs copy have the original sources again.
+    tests.make(wanted)
+    tests.passes(["make_test_clusters"])
     print(f"\n{len(chosen)} safeguards, the loss of {len(survivors)} was noticed by no test")
     return survivors
 
